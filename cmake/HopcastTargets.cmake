@@ -1,0 +1,59 @@
+# One static library per folder of src/, one test program per folder of tests/.
+
+add_library(hopcast_flags INTERFACE)
+target_compile_features(hopcast_flags INTERFACE cxx_std_20)
+target_compile_options(hopcast_flags INTERFACE -Wall -Wextra -Wshadow -Wconversion
+    -ffp-contract=off)                        # same digits on every CPU, fused multiply or not
+target_compile_definitions(hopcast_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS
+    HOPCAST_VERSION="${PROJECT_VERSION}")
+if(HOPCAST_WERROR)
+    target_compile_options(hopcast_flags INTERFACE -Werror)
+endif()
+if(MINGW)
+    target_compile_definitions(hopcast_flags INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
+        _WIN32_WINNT=0x0A00)
+    target_link_options(hopcast_flags INTERFACE -static)
+endif()
+
+# hopcast_module(NAME SOURCES ... LINK ...): a static library, headers found as "folder/File.h".
+function(hopcast_module NAME)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    add_library(${NAME} STATIC ${ARG_SOURCES})
+    target_include_directories(${NAME} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${NAME} PUBLIC hopcast_flags ${ARG_LINK})
+endfunction()
+
+# hopcast_form(NAME STEM ...): a module with a .ui form and its pictures.
+function(hopcast_form NAME STEM)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;RESOURCES" ${ARGN})
+    qt_wrap_ui(UI_HEADER ${STEM}.ui)          # not AUTOUIC: its folder is invisible to tests
+    hopcast_module(${NAME} SOURCES ${STEM}.cpp ${STEM}.h ${UI_HEADER} ${ARG_SOURCES}
+        LINK Qt6::Widgets ${ARG_LINK})
+    set_target_properties(${NAME} PROPERTIES AUTOMOC ON)
+    target_include_directories(${NAME} PUBLIC ${CMAKE_CURRENT_BINARY_DIR})
+    if(ARG_RESOURCES)                         # found as :/ui_map/world.png, also from a static library
+        qt_add_resources(${NAME} ${NAME} PREFIX /${NAME} FILES ${ARG_RESOURCES})
+    endif()
+endfunction()
+
+# hopcast_test(NAME LABEL unit SOURCES ... LINK ...): a GoogleTest program; every test a CTest test
+# with the label; TEST_DATA is the data folder beside the sources. GUI adds the Qt main.
+function(hopcast_test NAME)
+    cmake_parse_arguments(ARG "GUI" "LABEL;TIMEOUT" "SOURCES;LINK" ${ARGN})
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 60)
+    endif()
+    add_executable(${NAME} ${ARG_SOURCES})
+    target_include_directories(${NAME} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_compile_definitions(${NAME} PRIVATE
+        TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data" TEST_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+    if(ARG_GUI)
+        set_target_properties(${NAME} PROPERTIES AUTOMOC ON)
+        target_link_libraries(${NAME} PRIVATE hopcast_test_gui ${ARG_LINK})
+    else()
+        target_link_libraries(${NAME} PRIVATE hopcast_test_support ${ARG_LINK})
+    endif()
+    set_target_properties(${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests/bin)
+    gtest_discover_tests(${NAME} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT}
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C;ASAN_OPTIONS=detect_leaks=0")
+endfunction()

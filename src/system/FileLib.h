@@ -1,0 +1,76 @@
+/// @file FileLib.h
+/// Files as the modules need them: wildcard listing, deletion, text read line by line, output whose
+/// opening and writing fail apart, and atomic replacement.
+///
+/// Paths:   Windows paths are mapped by PathToHost; host paths are used as they are. UTF-8.
+/// Errors:  the classic descriptions (RunErrorText.h).
+/// Tests:   tests/system/FileLibTest.cpp
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "system/Result.h"
+
+/// Names (without folder) of the files that match a path whose last component may hold * and ?;
+/// case-blind, in directory order. A folder matches nothing.
+[[nodiscard]] std::vector<std::string> FilesList(std::string_view sPattern);
+
+/// True when a listing of the full path yields a name: an existing file that is not a folder.
+[[nodiscard]] bool FileExists(std::string_view sPath);
+
+/// Deletes a file. @return "File not found", "Permission denied" ... on failure.
+Result<void> FileDelete(std::string_view sPath);
+
+struct FileCloser {
+    void operator()(std::FILE* pFile) const { std::fclose(pFile); }
+};
+
+/// A file read line by line, streamed: a 100 MB file needs no 100 MB.
+class TextFile {
+public:
+    /// Opens for reading, bytes as they are. A folder is "Path/File access error".
+    static Result<TextFile> Open(std::string_view sPath);
+    /// Next line without its end (LF, CR LF, or nothing at the end of the file); of a line longer than
+    /// kLineMax bytes the rest is dropped. @return false at the end of the file; a read error is
+    /// "Path/File access error".
+    Result<bool> LineRead(std::string& sLine);
+    /// True when no byte is left.
+    [[nodiscard]] bool AtEnd();
+
+    static constexpr std::size_t kLineMax = std::size_t{16} << 20;
+
+private:
+    explicit TextFile(std::FILE* pFile) : m_pFile(pFile) {}
+    bool Fill();
+
+    std::unique_ptr<std::FILE, FileCloser> m_pFile;
+    std::vector<char> m_aBuffer;
+    std::size_t m_nNext = 0;
+    std::size_t m_nEnd = 0;
+    bool m_bError = false;
+};
+
+/// Whole file as bytes, at most nMax of them ("Overflow" when there are more).
+[[nodiscard]] Result<std::string> FileRead(std::string_view sPath, std::size_t nMax);
+
+/// A file opened for output, any old one replaced. Opening and writing are two steps because their
+/// failures are told apart to the user.
+class OutputFile {
+public:
+    static Result<OutputFile> Open(std::string_view sPath);
+    Result<void> Write(std::string_view sBytes);
+    /// Flushes and closes; a full disk may show only here.
+    Result<void> Close();
+
+private:
+    explicit OutputFile(std::FILE* pFile) : m_pFile(pFile) {}
+    std::unique_ptr<std::FILE, FileCloser> m_pFile;
+};
+
+/// Writes a temporary file beside sPath and renames it over it, so that a full disk or a killed
+/// program leaves the old file whole. The old file's permissions are kept; a link is followed.
+Result<void> FileReplace(std::string_view sPath, std::string_view sBytes);

@@ -1,0 +1,27 @@
+#include "system/MsgLib.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace {
+
+MsgBoxFn& HandlerGet()
+{
+    static MsgBoxFn fnHandler;
+    return fnHandler;
+}
+
+}  // namespace
+
+void MsgBox(MsgIcon eIcon, const std::string& sText)
+{
+    if (const MsgBoxFn& fnHandler = HandlerGet())
+        fnHandler(eIcon, sText);
+    else
+        std::fprintf(stderr, "%s\n", sText.c_str());
+}
+
+MsgBoxFn MsgSetHandler(MsgBoxFn fnShow)
+{
+    return std::exchange(HandlerGet(), std::move(fnShow));
+}

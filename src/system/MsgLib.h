@@ -1,0 +1,29 @@
+/// @file MsgLib.h
+/// The one door to a message box. Each program sets a handler: the window program shows a window,
+/// the console program prints on standard error, tests record.
+///
+/// Threads: one thread only.
+/// Errors:  none; without a handler the text goes to standard error.
+/// Tests:   tests/system/MsgLibTest.cpp
+#pragma once
+
+#include <functional>
+#include <string>
+
+enum class MsgIcon { None, Info, Exclamation };
+
+using MsgBoxFn = std::function<void(MsgIcon eIcon, const std::string& sText)>;
+
+/// Shows one box with an OK button and the application's title.
+/// @param sText  UTF-8; a single carriage return, a line feed or both break the line when shown.
+void MsgBox(MsgIcon eIcon, const std::string& sText);
+
+/// Replaces the handler and returns the one before.
+MsgBoxFn MsgSetHandler(MsgBoxFn fnShow);
+
+/// Shows the box and returns false, for `return MsgFail(...)`.
+inline bool MsgFail(MsgIcon eIcon, const std::string& sText)
+{
+    MsgBox(eIcon, sText);
+    return false;
+}

@@ -1,0 +1,41 @@
+/// @file PathLib.h
+/// The fixed Windows paths, and where they lie on this host.
+///
+/// Paths that begin with a drive letter ("c:\itshfbc\RUN\sound.dat") are the contract with the
+/// engines and Airmail; every file service maps them by PathToHost. Host paths pass unchanged.
+/// Texts are UTF-8.
+/// Tests:   tests/system/PathLibTest.cpp
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// The root folder of the engine package as it is named to the engines.
+inline constexpr std::string_view kEngineRoot = "c:\\itshfbc";
+
+/// A Windows path as a path of this host. Below c:\itshfbc: the engine root (EngineRootGet). Other
+/// drive-C paths: the same on Windows, elsewhere the Wine prefix's drive_c (WINEPREFIX or ~/.wine);
+/// other drives by the prefix's dosdevices. Outside Windows a component that does not exist as
+/// spelled is looked up without regard to case; where nothing fits, the spelling is kept.
+/// A text without a drive letter is returned unchanged.
+[[nodiscard]] std::string PathToHost(std::string_view sPath);
+
+/// A host path as a Windows program started through Wine would name it ("Z:\..." outside drive C).
+/// On Windows the path itself.
+[[nodiscard]] std::string PathToWindows(std::string_view sHostPath);
+
+/// The Wine prefix (host path), whether it exists or not; empty on Windows.
+[[nodiscard]] std::string WinePrefixGet();
+
+/// Full host path of the running program's file and of its folder.
+[[nodiscard]] std::string ProgramFileGet();
+[[nodiscard]] std::string ProgramFolderGet();
+
+/// Joins with the host's separator; a separator at sFolder's end is not doubled.
+[[nodiscard]] std::string PathJoin(std::string_view sFolder, std::string_view sName);
+
+/// Profile file of a program: beside the program with its base name and ".ini"; where that folder
+/// is not writable by the user or belongs to the system (/usr, Program Files), the same file name in
+/// %APPDATA%\Hopcast or $XDG_CONFIG_HOME/hopcast (default ~/.config/hopcast). The first such use
+/// copies the profile that lies beside the program there, if there is one.
+[[nodiscard]] std::string ProfileFileDefault();

@@ -1,0 +1,24 @@
+/// @file PrivateProfileLib.h
+/// Initialisation files, key by key: on Windows GetPrivateProfileStringA and
+/// WritePrivateProfileStringA, elsewhere our own code with the same observable rules. Section and key
+/// names without regard to case, first match wins, blanks around key and value dropped, one pair of
+/// enclosing quotes dropped, lines starting with ';' skipped, values cut to the buffer's length less
+/// one; on writing other lines and their order are kept and the file is replaced atomically.
+///
+/// Texts:   UTF-8 in the program, Windows-1252 in the file.
+/// Tests:   tests/system/PrivateProfileLibTest.cpp
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// @param nBufferSize  characters of the caller's buffer; the value is cut to one less.
+/// @return the value; sDefault when file, section or key is missing (an empty value is empty).
+[[nodiscard]] std::string PrivateProfileGet(std::string_view sSection, std::string_view sKey,
+                                            std::string_view sDefault, int nBufferSize,
+                                            std::string_view sFile);
+
+/// Writes one key; section and file are made when missing.
+/// @return 0, or the system's error code (for SystemErrorText).
+[[nodiscard]] int PrivateProfileWrite(std::string_view sSection, std::string_view sKey,
+                                      std::string_view sValue, std::string_view sFile);
