@@ -1,0 +1,138 @@
+#include "geo/MathLib.h"
+
+#include <cmath>
+
+#include "system/MsgLib.h"
+#include "system/NumberLib.h"
+#include "system/RunErrorText.h"
+#include "system/TextLib.h"
+
+namespace {
+
+constexpr double kRadiansPerDegree = kPi / 180.0;
+
+std::string PositionToText(double dAngle, std::string_view sDegreePattern, char chrPositive, char chrNegative)
+{
+    const double dAbsolute = std::abs(dAngle);
+    const double dDegrees = std::trunc(dAbsolute);
+    std::string sText = NumberFormat(dDegrees, sDegreePattern);
+    sText += kDegreeSign;
+    sText += NumberFormat((dAbsolute - dDegrees) * 60.0, "00.00");
+    sText += '\'';
+    sText += dAngle < 0.0 ? chrNegative : chrPositive;
+    return sText;
+}
+
+Result<double> PositionFromText(std::string_view sText, std::string_view sNegative)
+{
+    const std::size_t nDegree = sText.find(kDegreeSign);
+    if (nDegree == std::string_view::npos)
+        return RunError{kInvalidCall};
+    const std::string_view sBehind = sText.substr(nDegree + kDegreeSign.size());
+    const std::size_t nApostrophe = sBehind.find('\'');
+    if (nApostrophe == std::string_view::npos)
+        return RunError{kInvalidCall};
+    const auto resDegrees = NumberFromText(sText.substr(0, nDegree));
+    if (!resDegrees)
+        return resDegrees.ErrorGet();
+    const auto resMinutes = NumberFromText(sBehind.substr(0, nApostrophe));
+    if (!resMinutes)
+        return resMinutes.ErrorGet();
+    const double dValue = resDegrees.ValueGet() + resMinutes.ValueGet() / 60.0;
+    // Only the very letter turns the sign: "s", "S " or anything else counts as north or east.
+    return sBehind.substr(nApostrophe + 1) == sNegative ? -dValue : dValue;
+}
+
+bool TextToPosition(std::string_view sText, double& dAngle, bool bShowError, std::string_view sNegative,
+                    const char* sPrefix)
+{
+    const auto resAngle = PositionFromText(sText, sNegative);
+    if (resAngle) {
+        dAngle = resAngle.ValueGet();
+        return true;
+    }
+    if (bShowError)
+        MsgBox(MsgIcon::Exclamation, sPrefix + std::string(sText));
+    return false;
+}
+
+struct Vector3 {
+    double dX, dY, dZ;
+};
+
+Vector3 UnitVector(double dLatitude, double dLongitude)
+{
+    const double dLat = dLatitude * kRadiansPerDegree;
+    const double dLon = dLongitude * kRadiansPerDegree;
+    return {std::cos(dLat) * std::cos(dLon), std::cos(dLat) * std::sin(dLon), std::sin(dLat)};
+}
+
+}  // namespace
+
+std::string LatitudeToText(double dLatitude)
+{
+    return PositionToText(dLatitude, "00", 'N', 'S');
+}
+
+std::string LongitudeToText(double dLongitude)
+{
+    return PositionToText(dLongitude, "000", 'E', 'W');
+}
+
+bool TextToLatitude(std::string_view sText, double& dLatitude, bool bShowError)
+{
+    return TextToPosition(sText, dLatitude, bShowError, "S", "Unable for decode Latitude ");
+}
+
+bool TextToLongitude(std::string_view sText, double& dLongitude, bool bShowError)
+{
+    return TextToPosition(sText, dLongitude, bShowError, "W", "Unable for decode Longitude ");
+}
+
+double GreatCircleAngle(double dLat1, double dLon1, double dLat2, double dLon2)
+{
+    const Vector3 vec1 = UnitVector(dLat1, dLon1);
+    const Vector3 vec2 = UnitVector(dLat2, dLon2);
+    const double dHalfChord =
+        std::sqrt((vec1.dX - vec2.dX) * (vec1.dX - vec2.dX) + (vec1.dY - vec2.dY) * (vec1.dY - vec2.dY)
+                  + (vec1.dZ - vec2.dZ) * (vec1.dZ - vec2.dZ))
+        / 2.0;
+    if (dHalfChord >= 1.0)
+        return kPi;
+    return 2.0 * ArcSin(dHalfChord).ValueGet();
+}
+
+Result<double> ArcSin(double dX)
+{
+    const double dRest = 1.0 - dX * dX;
+    if (dRest == 0.0)
+        return RunError{kDivisionByZero};
+    if (dRest < 0.0)
+        return RunError{kInvalidCall};
+    return std::atan(dX / std::sqrt(dRest));
+}
+
+double MercatorY(double dLatitude)
+{
+    return std::log(std::tan(kPi / 4.0 + dLatitude * kRadiansPerDegree / 2.0));
+}
+
+double MercatorLatitude(double dY)
+{
+    return (2.0 * std::atan(std::exp(dY)) - kPi / 2.0) * 180.0 / kPi;
+}
+
+double Log10(double dX)
+{
+    return std::log(dX) / std::log(10.0);
+}
+
+double Min(double dA, double dB)
+{
+    return dB > dA ? dA : dB;
+}
+
+double Max(double dA, double dB)
+{
+    return dB < dA ? dA : dB;
+}

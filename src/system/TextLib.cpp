@@ -1,0 +1,140 @@
+#include "system/TextLib.h"
+
+#include <array>
+#include <cstdint>
+
+namespace {
+
+// Windows-1252, bytes 0x80 to 0x9F; 0 stands for the five bytes without a meaning. The other
+// bytes are their own code points (Latin-1).
+constexpr std::array<std::uint16_t, 32> kHighControl{
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool BlankIs(char chr)
+{
+    return chr == ' ' || chr == '\t';
+}
+
+char UpperGet(char chr)
+{
+    return chr >= 'a' && chr <= 'z' ? static_cast<char>(chr - 'a' + 'A') : chr;
+}
+
+void Utf8Append(std::string& sText, char32_t nCode)
+{
+    if (nCode < 0x80) {
+        sText += static_cast<char>(nCode);
+    } else if (nCode < 0x800) {
+        sText += static_cast<char>(0xC0 | (nCode >> 6));
+        sText += static_cast<char>(0x80 | (nCode & 0x3F));
+    } else {
+        sText += static_cast<char>(0xE0 | (nCode >> 12));
+        sText += static_cast<char>(0x80 | ((nCode >> 6) & 0x3F));
+        sText += static_cast<char>(0x80 | (nCode & 0x3F));
+    }
+}
+
+// One code point from position nAt on, which moves behind it; a malformed byte is taken alone and
+// gives the replacement character.
+char32_t Utf8Next(std::string_view sText, std::size_t& nAt)
+{
+    const auto ByteGet = [&](std::size_t n) { return static_cast<unsigned char>(sText[n]); };
+    const unsigned nFirst = ByteGet(nAt);
+    const int nMore = nFirst < 0x80             ? 0
+                      : (nFirst & 0xE0) == 0xC0 ? 1
+                      : (nFirst & 0xF0) == 0xE0 ? 2
+                      : (nFirst & 0xF8) == 0xF0 ? 3
+                                                : -1;
+    if (nMore < 0 || nAt + static_cast<std::size_t>(nMore) >= sText.size()) {
+        ++nAt;
+        return kReplacement;
+    }
+    char32_t nCode = nMore == 0 ? nFirst : nFirst & (0x3FU >> nMore);
+    for (int i = 1; i <= nMore; ++i) {
+        const unsigned nByte = ByteGet(nAt + static_cast<std::size_t>(i));
+        if ((nByte & 0xC0) != 0x80) {
+            ++nAt;
+            return kReplacement;
+        }
+        nCode = (nCode << 6) | (nByte & 0x3F);
+    }
+    nAt += static_cast<std::size_t>(nMore) + 1;
+    return nCode;
+}
+
+char Windows1252Get(char32_t nCode)
+{
+    if (nCode < 0x80 || (nCode >= 0xA0 && nCode <= 0xFF))
+        return static_cast<char>(nCode);
+    for (std::size_t n = 0; n < kHighControl.size(); ++n) {
+        if (kHighControl[n] != 0 && kHighControl[n] == nCode)
+            return static_cast<char>(0x80 + n);
+    }
+    return '?';
+}
+
+}  // namespace
+
+std::string Utf8FromWindows1252(std::string_view sBytes)
+{
+    std::string sText;
+    sText.reserve(sBytes.size());
+    for (const char chr : sBytes) {
+        const auto nByte = static_cast<unsigned char>(chr);
+        if (nByte >= 0x80 && nByte < 0xA0) {
+            const char32_t nCode = kHighControl[nByte - 0x80U];
+            Utf8Append(sText, nCode == 0 ? kReplacement : nCode);
+        } else {
+            Utf8Append(sText, nByte);
+        }
+    }
+    return sText;
+}
+
+std::string Windows1252FromUtf8(std::string_view sText)
+{
+    std::string sBytes;
+    sBytes.reserve(sText.size());
+    for (std::size_t nAt = 0; nAt < sText.size();)
+        sBytes += Windows1252Get(Utf8Next(sText, nAt));
+    return sBytes;
+}
+
+std::string_view TextTrim(std::string_view sText)
+{
+    while (!sText.empty() && BlankIs(sText.front()))
+        sText.remove_prefix(1);
+    while (!sText.empty() && BlankIs(sText.back()))
+        sText.remove_suffix(1);
+    return sText;
+}
+
+std::string TextUpper(std::string_view sText)
+{
+    std::string sUpper(sText);
+    for (char& chr : sUpper)
+        chr = UpperGet(chr);
+    return sUpper;
+}
+
+bool TextEqualNoCase(std::string_view sA, std::string_view sB)
+{
+    if (sA.size() != sB.size())
+        return false;
+    for (std::size_t n = 0; n < sA.size(); ++n) {
+        if (UpperGet(sA[n]) != UpperGet(sB[n]))
+            return false;
+    }
+    return true;
+}
+
+std::string_view TextColumns(std::string_view sText, int nStart, int nWidth)
+{
+    const auto nFrom = static_cast<std::size_t>(nStart < 1 ? 0 : nStart - 1);
+    if (nWidth <= 0 || nFrom >= sText.size())
+        return {};
+    return sText.substr(nFrom, static_cast<std::size_t>(nWidth));
+}

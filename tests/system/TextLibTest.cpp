@@ -1,0 +1,61 @@
+#include "system/TextLib.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+TEST(Windows1252, CarriesTheDegreeSignAndTheEuro)
+{
+    EXPECT_EQ(Utf8FromWindows1252("38\xB0"), std::string("38") + std::string(kDegreeSign));
+    EXPECT_EQ(Utf8FromWindows1252("\x80"), "\xE2\x82\xAC");
+    EXPECT_EQ(Windows1252FromUtf8("\xE2\x82\xAC 38\xC2\xB0"), "\x80 38\xB0");
+}
+
+TEST(Windows1252, RoundTripsEveryByteThatHasAMeaning)
+{
+    for (int nByte = 0; nByte < 256; ++nByte) {
+        const std::string sByte(1, static_cast<char>(nByte));
+        const std::string sText = Utf8FromWindows1252(sByte);
+        if (nByte == 0x81 || nByte == 0x8D || nByte == 0x8F || nByte == 0x90 || nByte == 0x9D) {
+            EXPECT_EQ(sText, "\xEF\xBF\xBD") << nByte;
+        } else {
+            EXPECT_EQ(Windows1252FromUtf8(sText), sByte) << nByte;
+        }
+    }
+}
+
+TEST(Windows1252, ReplacesWhatItLacksAndWhatIsMalformed)
+{
+    EXPECT_EQ(Windows1252FromUtf8("\xE4\xB8\xAD"), "?");
+    EXPECT_EQ(Windows1252FromUtf8("\xF0\x9F\x93\xA1x"), "?x");
+    EXPECT_EQ(Windows1252FromUtf8("a\xC2"), "a?");
+    EXPECT_EQ(Windows1252FromUtf8("\xC2X"), "?X");
+    EXPECT_EQ(Windows1252FromUtf8("\xFFz"), "?z");
+}
+
+TEST(TextTrim, DropsBlanksAtTheEndsOnly)
+{
+    EXPECT_EQ(TextTrim("  a b \t"), "a b");
+    EXPECT_EQ(TextTrim("   "), "");
+    EXPECT_EQ(TextTrim(""), "");
+}
+
+TEST(TextCase, FoldsAsciiLettersAlone)
+{
+    EXPECT_EQ(TextUpper("fn42\xC3\xA4"), "FN42\xC3\xA4");
+    EXPECT_TRUE(TextEqualNoCase("Multipath POWER", "multipath power"));
+    EXPECT_FALSE(TextEqualNoCase("a", "ab"));
+    EXPECT_FALSE(TextEqualNoCase("a", "b"));
+}
+
+TEST(TextColumns, CutsFromColumnOneOnAndEndsWithTheText)
+{
+    EXPECT_EQ(TextColumns("abcdef", 1, 3), "abc");
+    EXPECT_EQ(TextColumns("abcdef", 5, 5), "ef");
+    EXPECT_EQ(TextColumns("abcdef", 7, 2), "");
+    EXPECT_EQ(TextColumns("abcdef", 2, 0), "");
+}
+
+}  // namespace
