@@ -1,5 +1,6 @@
 /// @file AntennaCards.h
-/// The antenna cards of the point-to-point decks. Their last field is the transmitter's power in kW.
+/// The antenna cards of the point-to-point decks. Their last field is the transmitter's power in
+/// kW.
 #pragma once
 
 #include <string_view>

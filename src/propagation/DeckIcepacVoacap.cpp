@@ -68,7 +68,8 @@ void AntennasPut(DeckWriter& deck, int iAntennaType)
 
 }  // namespace
 
-Result<std::string> DeckIcepacVoacap(const PropagationInput& input, int iFirst, int iLast, int nYear)
+Result<std::string> DeckIcepacVoacap(const PropagationInput& input, int iFirst, int iLast,
+                                     int nYear)
 {
     DeckWriter deck;
     deck.Line("LINEMAX      55");

@@ -53,7 +53,8 @@ consteval bool LayoutCheck(std::span<const Field> aFields, int nRowWidth)
     for (const Field& fld : aFields) {
         if (fld.nWidth < 1 || fld.nCol < nNext)
             return false;
-        if (fld.sFormat != kText && fld.sFormat != kNumber && FortranWidth(fld.sFormat) != fld.nWidth)
+        if (fld.sFormat != kText && fld.sFormat != kNumber
+            && FortranWidth(fld.sFormat) != fld.nWidth)
             return false;
         nNext = fld.nCol + fld.nWidth;
     }
@@ -109,8 +110,8 @@ inline constexpr Field kReliability{26, 5, "F5.1"};
 inline constexpr Field kRequiredSnr{31, 5, "F5.1"};
 inline constexpr Field kMultipathPower{36, 5, "F5.1"};
 inline constexpr Field kMultipathDelay{41, 5, "F5.1"};
-inline constexpr std::array kAll{kCardLabel,   kPower,          kNoise,         kTakeoff, kReliability,
-                                 kRequiredSnr, kMultipathPower, kMultipathDelay};
+inline constexpr std::array kAll{kCardLabel,   kPower,       kNoise,          kTakeoff,
+                                 kReliability, kRequiredSnr, kMultipathPower, kMultipathDelay};
 static_assert(LayoutCheck(kAll, kCardWidth));
 }  // namespace system_row
 
@@ -148,7 +149,7 @@ inline constexpr std::array kAll{kCardLabel, kPower, kTakeoff, kTail};
 static_assert(LayoutCheck(kAll, kCardWidth));
 }  // namespace syst_row
 
-namespace nois_row {  // NOIS of REC533
+namespace nois_row {                         // NOIS of REC533
 inline constexpr Field kNoise{11, 5, "I5"};  // dBW, negative
 inline constexpr Field kBandwidth{16, 5, "I5"};
 inline constexpr Field kRequiredSnr{21, 5, "I5"};
@@ -197,7 +198,8 @@ static_assert(LayoutCheck(std::array{kCardLabel, kHour}, kCardWidth));
 static_assert(LayoutCheck(std::array{kCardLabel, kFrequency}, kCardWidth));
 }  // namespace area_value_row
 
-namespace area_system_row {  // System; REC533 has one integer where the others have the multipath pair
+namespace area_system_row {  // System; REC533 has one integer where the others have the multipath
+                             // pair
 inline constexpr Field kNoise{11, 5, "I5"};  // -dBW
 inline constexpr Field kTakeoff{16, 10, "F10.2"};
 inline constexpr Field kReliability{26, 5, "I5"};

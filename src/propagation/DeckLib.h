@@ -15,8 +15,8 @@
 /// performance (method 20) at the chunk's frequencies.
 /// @param iFirst, iLast  frequency indices of the chunk, at most 10 of them
 /// @param nYear          the current year of the computer's local clock, whatever the month
-[[nodiscard]] Result<std::string> DeckIcepacVoacap(const PropagationInput& input, int iFirst, int iLast,
-                                                   int nYear);
+[[nodiscard]] Result<std::string> DeckIcepacVoacap(const PropagationInput& input, int iFirst,
+                                                   int iLast, int nYear);
 
 /// Point-to-point deck of REC533. It takes no Q index, multipath and layer values.
 [[nodiscard]] Result<std::string> DeckRec533(const PropagationInput& input, int iFirst, int iLast,

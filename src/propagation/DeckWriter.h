@@ -1,6 +1,6 @@
 /// @file DeckWriter.h
-/// Collects the lines of a deck. The first failed number sticks and becomes the deck's error, so that
-/// the writers read like the decks themselves.
+/// Collects the lines of a deck. The first failed number sticks and becomes the deck's error, so
+/// that the writers read like the decks themselves.
 #pragma once
 
 #include <optional>
@@ -65,11 +65,5 @@ private:
 };
 
 /// Hemisphere letters. The equator is south and the prime meridian west, as the engines are told.
-constexpr std::string_view LatitudeLetter(double dLat)
-{
-    return dLat > 0.0 ? "N" : "S";
-}
-constexpr std::string_view LongitudeLetter(double dLon)
-{
-    return dLon > 0.0 ? "E" : "W";
-}
+constexpr std::string_view LatitudeLetter(double dLat) { return dLat > 0.0 ? "N" : "S"; }
+constexpr std::string_view LongitudeLetter(double dLon) { return dLon > 0.0 ? "E" : "W"; }

@@ -28,13 +28,14 @@ struct Engine {
 inline constexpr std::string_view kSoundDeck = "c:\\itshfbc\\RUN\\sound.dat";
 inline constexpr std::string_view kSoundOutput = "c:\\itshfbc\\RUN\\sound.out";
 inline constexpr std::string_view kAreaFolder = "c:\\itshfbc\\areadata\\";
-/// What an engine says on its standard output and error streams goes here, and is gone after the run.
+/// What an engine says on its standard output and error streams goes here, and is gone after the
+/// run.
 inline constexpr std::string_view kEngineConsole = "c:\\itshfbc\\RUN\\hopcast.txt";
 /// Held from writing a deck to reading its output.
 inline constexpr std::string_view kEngineLock = "c:\\itshfbc\\hopcast.lock";
 
-/// True when the engine's program file exists. When it is missing and bShowError is set, one box says
-/// so.
+/// True when the engine's program file exists. When it is missing and bShowError is set, one box
+/// says so.
 bool EngineCheckInstalled(int iModel, bool bShowError);
 
 /// First line that the latest run's engine said, for the status line; empty when it said nothing.

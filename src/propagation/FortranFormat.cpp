@@ -13,8 +13,9 @@ namespace {
 template <class T>
 Result<std::string> FieldMake(T value, std::string_view sFormat)
 {
-    const auto itSpec = std::find_if(kFortranSpecs.begin(), kFortranSpecs.end(),
-                                     [&](const FortranSpec& spec) { return spec.sFormat == sFormat; });
+    const auto itSpec =
+        std::find_if(kFortranSpecs.begin(), kFortranSpecs.end(),
+                     [&](const FortranSpec& spec) { return spec.sFormat == sFormat; });
     if (itSpec == kFortranSpecs.end()) {
         MsgBox(MsgIcon::Exclamation, "FortranFormat, Unknown format " + std::string(sFormat));
         return std::string();

@@ -21,10 +21,12 @@ struct FortranSpec {
 };
 
 inline constexpr std::array kFortranSpecs{
-    FortranSpec{"I5", "0", 5},     FortranSpec{"I7", "0", 7},      FortranSpec{"I10", "0", 10},
-    FortranSpec{"F5.0", "0.", 5},  FortranSpec{"F5.1", ".0", 5},   FortranSpec{"F5.2", ".00", 5},
-    FortranSpec{"F6.2", ".00", 6}, FortranSpec{"F7.1", ".0", 7},   FortranSpec{"F7.2", ".00", 7},
-    FortranSpec{"F7.3", ".000", 7}, FortranSpec{"F10.2", ".00", 10}, FortranSpec{"F10.3", ".000", 10},
+    FortranSpec{"I5", "0", 5},       FortranSpec{"I7", "0", 7},
+    FortranSpec{"I10", "0", 10},     FortranSpec{"F5.0", "0.", 5},
+    FortranSpec{"F5.1", ".0", 5},    FortranSpec{"F5.2", ".00", 5},
+    FortranSpec{"F6.2", ".00", 6},   FortranSpec{"F7.1", ".0", 7},
+    FortranSpec{"F7.2", ".00", 7},   FortranSpec{"F7.3", ".000", 7},
+    FortranSpec{"F10.2", ".00", 10}, FortranSpec{"F10.3", ".000", 10},
 };
 
 /// Width of a format; 0 when there is no such format.

@@ -34,8 +34,7 @@ PropagationInput PropagationInputFromSettings(const Settings& settings)
     input.dRcLat = settings.m_dRcLat;
     input.dRcLon = settings.m_dRcLon;
     input.nData = std::clamp(settings.m_nData, 0, kFrequencyMax);
-    for (int i = 1; i <= input.nData; ++i)
-        input.afFrequency.push_back(settings.FrequencyGet(i));
+    for (int i = 1; i <= input.nData; ++i) input.afFrequency.push_back(settings.FrequencyGet(i));
     return input;
 }
 

@@ -36,7 +36,7 @@ struct PropagationInput : PropagationModel {
     double dTxLon = 0.0;
     double dRcLat = 0.0;
     double dRcLon = 0.0;
-    int nData = 0;                           ///< frequencies in use, entries 1..nData
+    int nData = 0;                            ///< frequencies in use, entries 1..nData
     std::vector<float> afFrequency = {0.0F};  ///< kHz; slot 0 is unused
 
     /// Entry iFrequency (1..nData), kHz.
@@ -47,8 +47,8 @@ struct PropagationInput : PropagationModel {
 };
 
 struct PropagationAreaInput : PropagationModel {
-    int iHour = 0;         ///< 0..23 UT
-    int nGridSize = 40;    ///< points a side
+    int iHour = 0;       ///< 0..23 UT
+    int nGridSize = 40;  ///< points a side
     double dWest = 0.0;
     double dEast = 0.0;
     double dSouth = 0.0;
@@ -62,7 +62,8 @@ struct PropagationAreaInput : PropagationModel {
 inline constexpr int kGridSizeMin = 2;
 inline constexpr int kGridSizeMax = 999;
 
-/// The prediction that the settings ask for. Month and sunspot number are taken as they stand there.
+/// The prediction that the settings ask for. Month and sunspot number are taken as they stand
+/// there.
 [[nodiscard]] PropagationInput PropagationInputFromSettings(const Settings& settings);
 
 /// The same for an area: the receiver is the fixed end, the noise level turns positive. The caller

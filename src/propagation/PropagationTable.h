@@ -39,7 +39,10 @@ public:
     {
     }
     T& operator()(int iHour, int iFrequency) { return m_aCells[Index(iHour, iFrequency)]; }
-    const T& operator()(int iHour, int iFrequency) const { return m_aCells[Index(iHour, iFrequency)]; }
+    const T& operator()(int iHour, int iFrequency) const
+    {
+        return m_aCells[Index(iHour, iFrequency)];
+    }
 
 private:
     [[nodiscard]] std::size_t Index(int iHour, int iFrequency) const
@@ -55,10 +58,10 @@ struct PropagationTable {
     /// Every cell zero or empty. A negative count is an empty table.
     explicit PropagationTable(int nFrequencies = 0) : nData(nFrequencies < 0 ? 0 : nFrequencies) {}
 
-    int nData;                            ///< highest frequency index
-    HourArray<float> fMUF;                ///< kHz
-    HourArray<float> fLUF;                ///< kHz
-    CellArray<std::string> sLayer{nData};  ///< the engine's mode text, as it stands in its field
+    int nData;                               ///< highest frequency index
+    HourArray<float> fMUF;                   ///< kHz
+    HourArray<float> fLUF;                   ///< kHz
+    CellArray<std::string> sLayer{nData};    ///< the engine's mode text, as it stands in its field
     CellArray<float> fTakeoffAngle{nData};   ///< degrees
     CellArray<float> fTimeDelay{nData};      ///< ms; -1 from REC533
     CellArray<float> fVirtualHeight{nData};  ///< km; -1 from REC533

@@ -70,8 +70,8 @@ Result<void> AzimuthsRead(TextFile& file, PropagationTable& table)
     return {};
 }
 
-Result<void> RowRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst, int iLast,
-                     CellArray<float>& afCells)
+Result<void> RowRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst,
+                     int iLast, CellArray<float>& afCells)
 {
     for (int j = iFirst; j <= iLast; ++j) {
         const Result<float> resNumber = FieldSingle(sLine, FieldAt(fldFirst, j - iFirst));

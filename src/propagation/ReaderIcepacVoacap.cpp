@@ -31,7 +31,7 @@ Result<void> MufTableRead(TextFile& file, PropagationTable& table)
 
 struct NumberRow {
     std::string_view sLabel;
-    CellArray<float> PropagationTable::* pCells;
+    CellArray<float> PropagationTable::*pCells;
 };
 
 // In the order in which a block holds them: the search runs forward only.

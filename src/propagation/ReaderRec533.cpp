@@ -41,7 +41,8 @@ Result<void> LayerRowsRead(TextFile& file, const Chunk& chunk, int iHour, Propag
         return resFound;
     for (int j = chunk.iFirst; j <= chunk.iLast; ++j) {
         // Beyond 7000 km the row holds dashes.
-        const auto resAngle = FieldSingle(sLine, FieldAt(hour_row_rec533::kFirst, j - chunk.iFirst));
+        const auto resAngle =
+            FieldSingle(sLine, FieldAt(hour_row_rec533::kFirst, j - chunk.iFirst));
         table.fTakeoffAngle(iHour, j) = resAngle ? resAngle.ValueGet() : 0.0F;
         table.fTimeDelay(iHour, j) = -1.0F;
         table.fVirtualHeight(iHour, j) = -1.0F;
@@ -55,7 +56,8 @@ Result<void> SignalRowRead(TextFile& file, const Chunk& chunk, int iHour, Propag
     std::string sLine;
     if (auto resFound = FindLine(file, "DBU", sLine); !resFound)
         return resFound;
-    auto resRow = RowRead(sLine, hour_row_rec533::kFirst, iHour, chunk.iFirst, chunk.iLast, table.fSdBW);
+    auto resRow =
+        RowRead(sLine, hour_row_rec533::kFirst, iHour, chunk.iFirst, chunk.iLast, table.fSdBW);
     if (!resRow)
         return resRow;
     for (int j = chunk.iFirst; j <= chunk.iLast; ++j) {
@@ -73,7 +75,8 @@ Result<void> NoiseRowsRead(TextFile& file, const Chunk& chunk, int iHour, Propag
     std::string sLine;
     if (auto resFound = FindLine(file, "S/N", sLine); !resFound)
         return resFound;
-    auto resRow = RowRead(sLine, hour_row_rec533::kFirst, iHour, chunk.iFirst, chunk.iLast, table.fNdBW);
+    auto resRow =
+        RowRead(sLine, hour_row_rec533::kFirst, iHour, chunk.iFirst, chunk.iLast, table.fNdBW);
     if (!resRow)
         return resRow;
     for (int j = chunk.iFirst; j <= chunk.iLast; ++j)

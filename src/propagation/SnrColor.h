@@ -7,6 +7,6 @@
 
 #include <cstdint>
 
-/// Colour of an SNR: bands of 5 dB from 40 dB to 70 dB, lower bounds inclusive; grey below 40 dB and
-/// for not-a-number. The jump from purple (55 dB) to blue (50 dB) is intended.
+/// Colour of an SNR: bands of 5 dB from 40 dB to 70 dB, lower bounds inclusive; grey below 40 dB
+/// and for not-a-number. The jump from purple (55 dB) to blue (50 dB) is intended.
 [[nodiscard]] std::uint32_t SnrGetColor(float fSnr);
