@@ -2,10 +2,10 @@
 /// The engine root (c:\itshfbc to the engines) on this host, and the private one that Hopcast
 /// provisions where the ITS package is not installed.
 ///
-/// First that applies: (1) environment HOPCAST_ITSHFBC; (2) the fixed root when its bin_win holds at
-/// least one of the three programs (on Windows c:\itshfbc, elsewhere itshfbc on the Wine prefix's
-/// drive C); (3) the private root: on Windows the fixed root itself, and only where it cannot be
-/// made %LOCALAPPDATA%\Hopcast\itshfbc; elsewhere $XDG_DATA_HOME/hopcast/itshfbc (default
+/// First that applies: (1) environment HOPCAST_ITSHFBC; (2) the fixed root when its bin_win holds
+/// at least one of the three programs (on Windows c:\itshfbc, elsewhere itshfbc on the Wine
+/// prefix's drive C); (3) the private root: on Windows the fixed root itself, and only where it
+/// cannot be made %LOCALAPPDATA%\Hopcast\itshfbc; elsewhere $XDG_DATA_HOME/hopcast/itshfbc (default
 /// ~/.local/share/hopcast/itshfbc).
 /// Tests:   tests/system/EngineRootLibTest.cpp
 #pragma once
@@ -26,10 +26,10 @@ struct EngineRoot {
 [[nodiscard]] EngineRoot EngineRootGet();
 
 /// Makes the private root complete: bin_win, RUN, areadata, and the engines that lie beside the
-/// program (or in its libexec folder: rec533w.exe; voacapw.exe where voacapl is installed), linked or
-/// copied. Renews what an older Hopcast left, takes away a voacapw.exe of ours whose voacapl is gone,
-/// and never touches a program that it did not put there. Under HOPCAST_ITSHFBC or an installed
-/// package nothing is touched.
+/// program (or in its libexec folder: rec533w.exe; voacapw.exe where voacapl is installed), linked
+/// or copied. Renews what an older Hopcast left, takes away a voacapw.exe of ours whose voacapl is
+/// gone, and never touches a program that it did not put there. Under HOPCAST_ITSHFBC or an
+/// installed package nothing is touched.
 [[nodiscard]] Result<void> EngineRootProvision();
 
 /// True when the program of this name in the root's bin_win is one of Hopcast's own.

@@ -34,9 +34,9 @@ class TextFile {
 public:
     /// Opens for reading, bytes as they are. A folder is "Path/File access error".
     static Result<TextFile> Open(std::string_view sPath);
-    /// Next line without its end (LF, CR LF, or nothing at the end of the file); of a line longer than
-    /// kLineMax bytes the rest is dropped. @return false at the end of the file; a read error is
-    /// "Path/File access error".
+    /// Next line without its end (LF, CR LF, or nothing at the end of the file); of a line longer
+    /// than kLineMax bytes the rest is dropped. @return false at the end of the file; a read error
+    /// is "Path/File access error".
     Result<bool> LineRead(std::string& sLine);
     /// True when no byte is left.
     [[nodiscard]] bool AtEnd();

@@ -35,7 +35,7 @@ inline constexpr std::string_view kEngineRoot = "c:\\itshfbc";
 [[nodiscard]] std::string PathJoin(std::string_view sFolder, std::string_view sName);
 
 /// Profile file of a program: beside the program with its base name and ".ini"; where that folder
-/// is not writable by the user or belongs to the system (/usr, Program Files), the same file name in
-/// %APPDATA%\Hopcast or $XDG_CONFIG_HOME/hopcast (default ~/.config/hopcast). The first such use
+/// is not writable by the user or belongs to the system (/usr, Program Files), the same file name
+/// in %APPDATA%\Hopcast or $XDG_CONFIG_HOME/hopcast (default ~/.config/hopcast). The first such use
 /// copies the profile that lies beside the program there, if there is one.
 [[nodiscard]] std::string ProfileFileDefault();

@@ -1,9 +1,10 @@
 /// @file PrivateProfileLib.h
 /// Initialisation files, key by key: on Windows GetPrivateProfileStringA and
-/// WritePrivateProfileStringA, elsewhere our own code with the same observable rules. Section and key
-/// names without regard to case, first match wins, blanks around key and value dropped, one pair of
-/// enclosing quotes dropped, lines starting with ';' skipped, values cut to the buffer's length less
-/// one; on writing other lines and their order are kept and the file is replaced atomically.
+/// WritePrivateProfileStringA, elsewhere our own code with the same observable rules. Section and
+/// key names without regard to case, first match wins, blanks around key and value dropped, one
+/// pair of enclosing quotes dropped, lines starting with ';' skipped, values cut to the buffer's
+/// length less one; on writing other lines and their order are kept and the file is replaced
+/// atomically.
 ///
 /// Texts:   UTF-8 in the program, Windows-1252 in the file.
 /// Tests:   tests/system/PrivateProfileLibTest.cpp
