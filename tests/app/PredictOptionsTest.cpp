@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadCase{"grid_1",
                 {"--area", "50,0,40,10", "--hour", "1", "--frequency", "3600", "--grid", "1"},
                 "--grid: \"1\" is not a number of grid points a side, 2 to 999"}),
-    [](const testing::TestParamInfo<BadCase>& info) { return std::string(info.param.sName); });
+    [](const testing::TestParamInfo<BadCase>& prm) { return std::string(prm.param.sName); });
 
 TEST(PredictOptions, WithoutWordsAreTheDefaults)
 {

@@ -51,7 +51,10 @@ std::string EngineNameGet(int iModel)
 bool SettingsComplete(Settings& settings)
 {
     float fSunSpotNumber = 0;
-    if (!SunSpotNumberGet(settings, fSunSpotNumber))
+    const auto res = SunSpotNumberGet(settings, fSunSpotNumber);
+    if (!res)
+        return MsgFail(MsgIcon::Exclamation, "Airmail's sunspot number: " + res.TextGet());
+    if (!res.ValueGet())
         return false;
     if (settings.m_bPropagationMonth)
         settings.m_iPropagationMonth = UtcNow().nMonth;
