@@ -17,27 +17,12 @@ Folders& FoldersGet()
 
 }  // namespace
 
-const std::string& AirMailProgramFolderGet()
-{
-    return FoldersGet().sProgram;
-}
+const std::string& AirMailProgramFolderGet() { return FoldersGet().sProgram; }
 
-void AirMailProgramFolderSet(std::string sFolder)
-{
-    FoldersGet().sProgram = std::move(sFolder);
-}
+void AirMailProgramFolderSet(std::string sFolder) { FoldersGet().sProgram = std::move(sFolder); }
 
-const std::string& AirMailDataFolderGet()
-{
-    return FoldersGet().sData;
-}
+const std::string& AirMailDataFolderGet() { return FoldersGet().sData; }
 
-void AirMailDataFolderSet(std::string sFolder)
-{
-    FoldersGet().sData = std::move(sFolder);
-}
+void AirMailDataFolderSet(std::string sFolder) { FoldersGet().sData = std::move(sFolder); }
 
-void AirMailFoldersReset()
-{
-    FoldersGet() = Folders{};
-}
+void AirMailFoldersReset() { FoldersGet() = Folders{}; }
