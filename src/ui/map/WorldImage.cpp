@@ -49,9 +49,10 @@ public:
     {
         for (int nRow = m_axsY.nFirst; nRow < m_axsY.nEnd; ++nRow)
             SpanFill(nRow, m_axsX.nFirst, m_axsX.nEnd, kSeaColour);
-        const std::size_t nLevel = LevelGet(map.aTolerances);
-        for (const MapCountry& cty : map.aCountries)
-            CountryPaint(cty.aLevels[nLevel], kLandColours[static_cast<std::size_t>(cty.nColour)]);
+        const std::size_t nLevel = LevelGet(map.m_aTolerances);
+        for (const MapCountry& cty : map.m_aCountries)
+            CountryPaint(cty.m_aLevels[nLevel],
+                         kLandColours[static_cast<std::size_t>(cty.m_nColour)]);
     }
 
 private:
@@ -73,7 +74,7 @@ private:
         m_aCrossings.clear();
         for (const MapRing& rng : aRings) {
             RingAdd(rng, 0);
-            if (rng.ptHigh.nX > kImgWidth)
+            if (rng.m_ptHigh.nX > kImgWidth)
                 RingAdd(rng, -kImgWidth);  // what runs over the right edge comes in at the left
         }
         if (!CrossingsFill(nColour))
@@ -82,13 +83,13 @@ private:
 
     void RingAdd(const MapRing& rng, int nShift)
     {
-        if (rng.ptHigh.nY < m_axsY.FirstGet() || rng.ptLow.nY > m_axsY.EndGet()
-            || rng.ptHigh.nX + nShift < m_axsX.FirstGet()
-            || rng.ptLow.nX + nShift > m_axsX.EndGet())
+        if (rng.m_ptHigh.nY < m_axsY.FirstGet() || rng.m_ptLow.nY > m_axsY.EndGet()
+            || rng.m_ptHigh.nX + nShift < m_axsX.FirstGet()
+            || rng.m_ptLow.nX + nShift > m_axsX.EndGet())
             return;
-        const MapPoint* pOld = &rng.aPoints.back();
+        const MapPoint* pOld = &rng.m_aPoints.back();
         int nRowOld = m_axsY.PixelGet(pOld->nY);
-        for (const MapPoint& pt : rng.aPoints) {
+        for (const MapPoint& pt : rng.m_aPoints) {
             const int nRow = m_axsY.PixelGet(pt.nY);
             if (nRow > nRowOld)
                 EdgeAdd(*pOld, pt, nRowOld, nRow, nShift);
@@ -150,11 +151,11 @@ private:
     /// One pixel for a country that falls between the pixels, so that no island state is lost.
     void DotPaint(const MapRing& rng, QRgb nColour)
     {
-        if (rng.ptHigh.nX - rng.ptLow.nX >= 2 * m_axsX.dStep
-            || rng.ptHigh.nY - rng.ptLow.nY >= 2 * m_axsY.dStep)
+        if (rng.m_ptHigh.nX - rng.m_ptLow.nX >= 2 * m_axsX.dStep
+            || rng.m_ptHigh.nY - rng.m_ptLow.nY >= 2 * m_axsY.dStep)
             return;
-        const double dX = (rng.ptLow.nX + rng.ptHigh.nX) / 2.0;
-        const double dY = (rng.ptLow.nY + rng.ptHigh.nY) / 2.0;
+        const double dX = (rng.m_ptLow.nX + rng.m_ptHigh.nX) / 2.0;
+        const double dY = (rng.m_ptLow.nY + rng.m_ptHigh.nY) / 2.0;
         const double dColumn =
             std::floor(((dX < kImgWidth ? dX : dX - kImgWidth) - m_axsX.dStart) / m_axsX.dStep);
         const double dRow = std::floor((dY - m_axsY.dStart) / m_axsY.dStep);
@@ -195,7 +196,7 @@ bool WorldImagePaint(QImage& imgTarget, const QRect& rctSource)
 {
     const WorldMap& map = WorldMapGet();
     if (imgTarget.isNull() || !FormatIsGood(imgTarget.format()) || rctSource.isEmpty()
-        || map.aCountries.empty())
+        || map.m_aCountries.empty())
         return false;
     Painter(imgTarget, rctSource).MapPaint(map);
     return true;

@@ -54,7 +54,7 @@ public:
         m_bGood = m_bGood && nLength <= m_aBytes.size();
         if (!m_bGood)
             return {};
-        const std::string sText(m_aBytes.begin(), m_aBytes.begin() + std::ptrdiff_t(nLength));
+        std::string sText(m_aBytes.begin(), m_aBytes.begin() + std::ptrdiff_t(nLength));
         m_aBytes = m_aBytes.subspan(nLength);
         return sText;
     }
@@ -70,16 +70,16 @@ MapRing RingTake(ByteReader& rdr)
     constexpr int kHighest = std::numeric_limits<int>::max();
     MapRing rng{{}, {kHighest, kHighest}, {-kHighest, -kHighest}};
     const int nPoints = rdr.CountTake(2);
-    rng.aPoints.reserve(static_cast<std::size_t>(nPoints));
+    rng.m_aPoints.reserve(static_cast<std::size_t>(nPoints));
     MapPoint pt{};
     for (int i = 0; i < nPoints && rdr.GoodGet(); ++i) {
         pt.nX += rdr.SignedTake();
         pt.nY += rdr.SignedTake();
         if (std::max(std::abs(pt.nX), std::abs(pt.nY)) > 2 * kImgSizeHighest)
             rdr.BadSet();
-        rng.aPoints.push_back(pt);
-        rng.ptLow = {std::min(rng.ptLow.nX, pt.nX), std::min(rng.ptLow.nY, pt.nY)};
-        rng.ptHigh = {std::max(rng.ptHigh.nX, pt.nX), std::max(rng.ptHigh.nY, pt.nY)};
+        rng.m_aPoints.push_back(pt);
+        rng.m_ptLow = {std::min(rng.m_ptLow.nX, pt.nX), std::min(rng.m_ptLow.nY, pt.nY)};
+        rng.m_ptHigh = {std::max(rng.m_ptHigh.nX, pt.nX), std::max(rng.m_ptHigh.nY, pt.nY)};
     }
     if (nPoints == 0)
         rdr.BadSet();
@@ -89,10 +89,10 @@ MapRing RingTake(ByteReader& rdr)
 MapCountry CountryTake(ByteReader& rdr, std::size_t nLevels)
 {
     MapCountry cty;
-    cty.sName = rdr.TextTake(static_cast<std::size_t>(rdr.CountTake(1)));
-    cty.nColour = rdr.NumberTake(0, kMapColours - 1);
-    cty.aLevels.resize(nLevels);
-    for (std::vector<MapRing>& aRings : cty.aLevels) {
+    cty.m_sName = rdr.TextTake(static_cast<std::size_t>(rdr.CountTake(1)));
+    cty.m_nColour = rdr.NumberTake(0, kMapColours - 1);
+    cty.m_aLevels.resize(nLevels);
+    for (std::vector<MapRing>& aRings : cty.m_aLevels) {
         const int nRings = rdr.CountTake(3);
         if (nRings == 0)
             rdr.BadSet();
@@ -121,16 +121,16 @@ Result<WorldMap> WorldMapRead(std::span<const unsigned char> aBytes)
     if (rdr.TextTake(kMagic.size()) != kMagic)
         return RunError{kTypeMismatch};
     WorldMap map;
-    map.nImgWidth = rdr.NumberTake(1, kImgSizeHighest);
-    map.nImgHeight = rdr.NumberTake(1, kImgSizeHighest);
-    map.aTolerances.resize(static_cast<std::size_t>(rdr.NumberTake(1, kLevelsHighest)));
+    map.m_nImgWidth = rdr.NumberTake(1, kImgSizeHighest);
+    map.m_nImgHeight = rdr.NumberTake(1, kImgSizeHighest);
+    map.m_aTolerances.resize(static_cast<std::size_t>(rdr.NumberTake(1, kLevelsHighest)));
     int nLowest = 0;
-    for (int& nTolerance : map.aTolerances)
+    for (int& nTolerance : map.m_aTolerances)
         nLowest = nTolerance = rdr.NumberTake(nLowest, kImgSizeHighest);
     const int nCountries = rdr.CountTake(2);
     for (int i = 0; i < nCountries && rdr.GoodGet(); ++i)
-        map.aCountries.push_back(CountryTake(rdr, map.aTolerances.size()));
-    if (!rdr.GoodGet() || !rdr.EndGet() || map.aTolerances.front() != 0)
+        map.m_aCountries.push_back(CountryTake(rdr, map.m_aTolerances.size()));
+    if (!rdr.GoodGet() || !rdr.EndGet() || map.m_aTolerances.front() != 0)
         return RunError{kTypeMismatch};
     return map;
 }

@@ -35,22 +35,23 @@ struct MapPoint {
 
 /// A closed line, first point not repeated. One or two points: a country too small for its level.
 struct MapRing {
-    std::vector<MapPoint> aPoints;
-    MapPoint ptLow{};   ///< smallest x and y
-    MapPoint ptHigh{};  ///< largest x and y
+    std::vector<MapPoint> m_aPoints;
+    MapPoint m_ptLow{};   ///< smallest x and y
+    MapPoint m_ptHigh{};  ///< largest x and y
 };
 
 struct MapCountry {
-    std::string sName;
-    int nColour = 0;                            ///< 0 to kMapColours - 1; no two neighbours alike
-    std::vector<std::vector<MapRing>> aLevels;  ///< rings, islands and holes alike (even-odd rule)
+    std::string m_sName;
+    int m_nColour = 0;  ///< 0 to kMapColours - 1; no two neighbours alike
+    std::vector<std::vector<MapRing>>
+        m_aLevels;  ///< rings, islands and holes alike (even-odd rule)
 };
 
 struct WorldMap {
-    int nImgWidth = 0;
-    int nImgHeight = 0;
-    std::vector<int> aTolerances;  ///< how far the lines of each level may be off, rising from 0
-    std::vector<MapCountry> aCountries;
+    int m_nImgWidth = 0;
+    int m_nImgHeight = 0;
+    std::vector<int> m_aTolerances;  ///< how far the lines of each level may be off, rising from 0
+    std::vector<MapCountry> m_aCountries;
 };
 
 /// The map in the bytes, or "Type mismatch" when they are not one.

@@ -54,9 +54,9 @@ QRgb PlaceGetColour(double dLat, double dLon)
 
 QRgb CountryGetColour(const char* sName)
 {
-    for (const MapCountry& cty : WorldMapGet().aCountries)
-        if (cty.sName == sName)
-            return kLandColours[std::size_t(cty.nColour)];
+    for (const MapCountry& cty : WorldMapGet().m_aCountries)
+        if (cty.m_sName == sName)
+            return kLandColours[std::size_t(cty.m_nColour)];
     ADD_FAILURE() << sName;
     return kPaper;
 }

@@ -39,8 +39,8 @@ Bytes BuiltInBytes()
 double RingGetArea(const MapRing& rng)
 {
     double dTwice = 0.0;
-    MapPoint ptOld = rng.aPoints.back();
-    for (const MapPoint& pt : rng.aPoints) {
+    MapPoint ptOld = rng.m_aPoints.back();
+    for (const MapPoint& pt : rng.m_aPoints) {
         dTwice += double(ptOld.nX) * pt.nY - double(pt.nX) * ptOld.nY;
         ptOld = pt;
     }
@@ -65,24 +65,24 @@ TEST(WorldMapData, SmallMapIsRead)
     auto resMap = WorldMapRead(kSmallMap);
     ASSERT_TRUE(bool(resMap));
     const WorldMap& map = resMap.ValueGet();
-    EXPECT_EQ(map.nImgWidth, 400);
-    EXPECT_EQ(map.nImgHeight, 300);
-    EXPECT_EQ(map.aTolerances, (std::vector<int>{0, 9}));
-    ASSERT_EQ(map.aCountries.size(), 1u);
-    const MapCountry& cty = map.aCountries[0];
-    EXPECT_EQ(cty.sName, "Ab");
-    EXPECT_EQ(cty.nColour, 3);
-    ASSERT_EQ(cty.aLevels.size(), 2u);
-    ASSERT_EQ(cty.aLevels[0].size(), 1u);
-    const MapRing& rng = cty.aLevels[0][0];
-    ASSERT_EQ(rng.aPoints.size(), 3u);
-    EXPECT_EQ(rng.aPoints[1].nX, 3);
-    EXPECT_EQ(rng.aPoints[2].nY, 300);
-    EXPECT_EQ(rng.ptLow.nX, 1);
-    EXPECT_EQ(rng.ptLow.nY, 2);
-    EXPECT_EQ(rng.ptHigh.nX, 3);
-    EXPECT_EQ(rng.ptHigh.nY, 300);
-    EXPECT_EQ(cty.aLevels[1][0].aPoints.size(), 1u);
+    EXPECT_EQ(map.m_nImgWidth, 400);
+    EXPECT_EQ(map.m_nImgHeight, 300);
+    EXPECT_EQ(map.m_aTolerances, (std::vector<int>{0, 9}));
+    ASSERT_EQ(map.m_aCountries.size(), 1u);
+    const MapCountry& cty = map.m_aCountries[0];
+    EXPECT_EQ(cty.m_sName, "Ab");
+    EXPECT_EQ(cty.m_nColour, 3);
+    ASSERT_EQ(cty.m_aLevels.size(), 2u);
+    ASSERT_EQ(cty.m_aLevels[0].size(), 1u);
+    const MapRing& rng = cty.m_aLevels[0][0];
+    ASSERT_EQ(rng.m_aPoints.size(), 3u);
+    EXPECT_EQ(rng.m_aPoints[1].nX, 3);
+    EXPECT_EQ(rng.m_aPoints[2].nY, 300);
+    EXPECT_EQ(rng.m_ptLow.nX, 1);
+    EXPECT_EQ(rng.m_ptLow.nY, 2);
+    EXPECT_EQ(rng.m_ptHigh.nX, 3);
+    EXPECT_EQ(rng.m_ptHigh.nY, 300);
+    EXPECT_EQ(cty.m_aLevels[1][0].m_aPoints.size(), 1u);
 }
 
 TEST(WorldMapData, MapCutAtAnyByteIsRefused)
@@ -145,24 +145,24 @@ TEST(WorldMapData, BuiltInMapIsSmallAndHasTheSizeOfTheImage)
 {
     EXPECT_LT(BuiltInBytes().size(), 1'000'000u);
     const WorldMap& map = WorldMapGet();
-    EXPECT_EQ(map.nImgWidth, kImgWidth);
-    EXPECT_EQ(map.nImgHeight, kImgHeight);
-    EXPECT_EQ(map.aCountries.size(), 241u);  // as many as Natural Earth 1:50m has
+    EXPECT_EQ(map.m_nImgWidth, kImgWidth);
+    EXPECT_EQ(map.m_nImgHeight, kImgHeight);
+    EXPECT_EQ(map.m_aCountries.size(), 241u);  // as many as Natural Earth 1:50m has
 }
 
 TEST(WorldMapData, EveryCountryIsInEveryLevelWithItsLargestRingFirst)
 {
     const WorldMap& map = WorldMapGet();
-    for (const MapCountry& cty : map.aCountries) {
-        ASSERT_EQ(cty.aLevels.size(), map.aTolerances.size()) << cty.sName;
-        for (const std::vector<MapRing>& aRings : cty.aLevels) {
-            ASSERT_FALSE(aRings.empty()) << cty.sName;
+    for (const MapCountry& cty : map.m_aCountries) {
+        ASSERT_EQ(cty.m_aLevels.size(), map.m_aTolerances.size()) << cty.m_sName;
+        for (const std::vector<MapRing>& aRings : cty.m_aLevels) {
+            ASSERT_FALSE(aRings.empty()) << cty.m_sName;
             const double dArea = RingGetArea(aRings[0]);
             for (const MapRing& rng : aRings) {
-                EXPECT_LE(RingGetArea(rng), dArea) << cty.sName;
-                EXPECT_GE(rng.ptLow.nX, 0) << cty.sName;
-                EXPECT_LT(rng.ptLow.nX, kImgWidth) << cty.sName;
-                EXPECT_LE(rng.ptHigh.nX, rng.ptLow.nX + kImgWidth) << cty.sName;
+                EXPECT_LE(RingGetArea(rng), dArea) << cty.m_sName;
+                EXPECT_GE(rng.m_ptLow.nX, 0) << cty.m_sName;
+                EXPECT_LT(rng.m_ptLow.nX, kImgWidth) << cty.m_sName;
+                EXPECT_LE(rng.m_ptHigh.nX, rng.m_ptLow.nX + kImgWidth) << cty.m_sName;
             }
         }
     }
@@ -172,10 +172,10 @@ TEST(WorldMapData, LevelsGetSmaller)
 {
     const WorldMap& map = WorldMapGet();
     std::size_t nPointsFiner = std::size_t(-1);
-    for (std::size_t nLevel = 0; nLevel < map.aTolerances.size(); ++nLevel) {
+    for (std::size_t nLevel = 0; nLevel < map.m_aTolerances.size(); ++nLevel) {
         std::size_t nPoints = 0;
-        for (const MapCountry& cty : map.aCountries)
-            for (const MapRing& rng : cty.aLevels[nLevel]) nPoints += rng.aPoints.size();
+        for (const MapCountry& cty : map.m_aCountries)
+            for (const MapRing& rng : cty.m_aLevels[nLevel]) nPoints += rng.m_aPoints.size();
         EXPECT_LT(nPoints, nPointsFiner / 5 * 4) << nLevel;
         nPointsFiner = nPoints;
     }
@@ -186,10 +186,10 @@ TEST(WorldMapData, NoTwoNeighboursHaveOneColour)
     const WorldMap& map = WorldMapGet();
     std::map<Edge, std::size_t> mapOwners;
     std::set<std::pair<std::size_t, std::size_t>> setBorders;
-    for (std::size_t n = 0; n < map.aCountries.size(); ++n)
-        for (const MapRing& rng : map.aCountries[n].aLevels[0]) {
-            MapPoint ptOld = rng.aPoints.back();
-            for (const MapPoint& pt : rng.aPoints) {
+    for (std::size_t n = 0; n < map.m_aCountries.size(); ++n)
+        for (const MapRing& rng : map.m_aCountries[n].m_aLevels[0]) {
+            MapPoint ptOld = rng.m_aPoints.back();
+            for (const MapPoint& pt : rng.m_aPoints) {
                 const auto [it, bNew] = mapOwners.try_emplace(EdgeMake(ptOld, pt), n);
                 if (!bNew && it->second != n)
                     setBorders.emplace(it->second, n);
@@ -198,8 +198,8 @@ TEST(WorldMapData, NoTwoNeighboursHaveOneColour)
         }
     EXPECT_GT(setBorders.size(), 300u);  // the world has somewhat more than 300 land borders
     for (const auto& [nOne, nTwo] : setBorders)
-        EXPECT_NE(map.aCountries[nOne].nColour, map.aCountries[nTwo].nColour)
-            << map.aCountries[nOne].sName << ", " << map.aCountries[nTwo].sName;
+        EXPECT_NE(map.m_aCountries[nOne].m_nColour, map.m_aCountries[nTwo].m_nColour)
+            << map.m_aCountries[nOne].m_sName << ", " << map.m_aCountries[nTwo].m_sName;
 }
 
 TEST(WorldMapData, FullDetailHasNoStairs)
@@ -211,10 +211,10 @@ TEST(WorldMapData, FullDetailHasNoStairs)
     };
     int nStairs = 0;
     int nPoints = 0;
-    for (const MapCountry& cty : WorldMapGet().aCountries)
-        for (const MapRing& rng : cty.aLevels[0])
-            for (std::size_t i = 0; i + 3 < rng.aPoints.size(); ++i, ++nPoints) {
-                const MapPoint* p = &rng.aPoints[i];
+    for (const MapCountry& cty : WorldMapGet().m_aCountries)
+        for (const MapRing& rng : cty.m_aLevels[0])
+            for (std::size_t i = 0; i + 3 < rng.m_aPoints.size(); ++i, ++nPoints) {
+                const MapPoint* p = &rng.m_aPoints[i];
                 if (p[0].nY > kImgHeight)
                     continue;
                 nStairs += LongLevel(p[1].nX - p[0].nX, p[1].nY - p[0].nY)
