@@ -64,6 +64,11 @@ bool PathHasDrive(std::string_view sPath)
     return bLetter && (sPath.size() == 2 || IsSeparator(sPath[2]));
 }
 
+bool PathIsEngineRoot(std::string_view sPath)
+{
+    return PathHasDrive(sPath) && EngineRootRest(sPath).has_value();
+}
+
 std::string PathToHost(std::string_view sPath)
 {
     if (!PathHasDrive(sPath))

@@ -16,6 +16,9 @@ inline constexpr std::string_view kEngineRoot = "c:\\itshfbc";
 /// True for a text that begins with a drive: a letter and a colon, then a separator or the end.
 [[nodiscard]] bool PathHasDrive(std::string_view sPath);
 
+/// True for c:\itshfbc and for every path below it, in either case and with either separator.
+[[nodiscard]] bool PathIsEngineRoot(std::string_view sPath);
+
 /// A Windows path as a path of this host. Below c:\itshfbc: the engine root (EngineRootGet). Other
 /// drive-C paths: the same on Windows, elsewhere the Wine prefix's drive_c (WINEPREFIX or ~/.wine);
 /// other drives by the prefix's dosdevices (drive Z without one: the whole host). Outside Windows a
