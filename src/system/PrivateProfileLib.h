@@ -9,9 +9,8 @@
 /// one. A write that would change no byte leaves the file as it is, once it is known that it could
 /// be written.
 ///
-/// Texts:   UTF-8 in the program, Windows-1252 in the file (outside Windows UTF-8 when the file
-/// begins
-///          with its byte order mark).
+/// Texts:   UTF-8 in the program, Windows-1252 in the file (outside Windows UTF-8 when it
+///          begins with the byte order mark).
 /// Tests:   tests/system/PrivateProfileLibTest.cpp
 #pragma once
 
