@@ -67,13 +67,13 @@ TEST_F(VoacapOutput, EveryHourIsWantedOnce)
 {
     const auto aFrequencies = FrequenciesOf("p2p_01.dat");
     EXPECT_EQ(
-        PointError(Changed("p2p_01.out", "   5.0 13.5  2.0", "   4.0 13.5  2.0"), aFrequencies),
+        PointError(Changed("p2p_01.out", "   5.0 15.7  2.0", "   4.0 15.7  2.0"), aFrequencies),
         "hour blocks out of order");
     EXPECT_EQ(
-        PointError(Changed("p2p_01.out", "   5.0 13.5  2.0", "   0.0 13.5  2.0"), aFrequencies),
+        PointError(Changed("p2p_01.out", "   5.0 15.7  2.0", "   0.0 15.7  2.0"), aFrequencies),
         "hour blocks out of order");
     EXPECT_EQ(
-        PointError(Changed("p2p_01.out", "   5.0 13.5  2.0", "  25.0 13.5  2.0"), aFrequencies),
+        PointError(Changed("p2p_01.out", "   5.0 15.7  2.0", "  25.0 15.7  2.0"), aFrequencies),
         "hour blocks out of order");
 }
 

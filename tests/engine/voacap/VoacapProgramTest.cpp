@@ -115,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(Circuits, VoacapProgramPoint,
                                          RunCase{"p2p_09", true}, RunCase{"p2p_10"},
                                          RunCase{"p2p_11"}, RunCase{"p2p_12", true},
                                          RunCase{"p2p_13"}),
-                         [](const auto& info) { return std::string(info.param.sName); });
+                         [](const auto& run) { return std::string(run.param.sName); });
 
 class VoacapProgramArea : public VoacapProgram {};
 TEST_P(VoacapProgramArea, GivesTheCapturedGrid)
@@ -132,7 +132,7 @@ TEST_P(VoacapProgramArea, GivesTheCapturedGrid)
 INSTANTIATE_TEST_SUITE_P(Areas, VoacapProgramArea,
                          testing::Values(RunCase{"area_01"}, RunCase{"area_02"}, RunCase{"area_03"},
                                          RunCase{"area_04"}, RunCase{"area_05"}),
-                         [](const auto& info) { return std::string(info.param.sName); });
+                         [](const auto& run) { return std::string(run.param.sName); });
 
 class VoacapProgramFault : public VoacapProgram {
 protected:
