@@ -74,6 +74,13 @@ float Number(const std::string& sText)
     return res ? res.ValueGet() : 0.0F;
 }
 
+/// The number behind a name in the program's JSON.
+float JsonNumber(const std::string& sJson, const std::string& sName)
+{
+    const std::size_t nFrom = sJson.find('"' + sName + "\": ") + sName.size() + 4;
+    return Number(sJson.substr(nFrom, sJson.find_first_of(",\n}", nFrom) - nFrom));
+}
+
 /// The program's csv as a table again.
 PropagationTable TableFromCsv(const std::string& sCsv, int nFrequencies)
 {
@@ -164,7 +171,13 @@ TEST_P(HopcastPredictVoacap, GivesTheCapturedNumbersThroughTheLauncher)
     const ProgramResult res = Predict(asWords);
     ASSERT_EQ(res.nStatus, 0) << res.sError;
     EXPECT_EQ(res.sError, "");
-    const PropagationTable table = TableFromCsv(res.sOut, static_cast<int>(c.adKilohertz.size()));
+    PropagationTable table = TableFromCsv(res.sOut, static_cast<int>(c.adKilohertz.size()));
+    asWords[3] = "json";
+    const ProgramResult resJson = Predict(asWords);
+    ASSERT_EQ(resJson.nStatus, 0) << resJson.sError;
+    table.fAzimuthTxRc = JsonNumber(resJson.sOut, "azimuth_tx_rc");
+    table.fAzimuthRcTx = JsonNumber(resJson.sOut, "azimuth_rc_tx");
+    table.fRange = JsonNumber(resJson.sOut, "range_nmi");
     TableCompare(c, table, 1);
 }
 std::vector<CircuitCase> VoacapCases()
