@@ -11,7 +11,8 @@ namespace {
 
 constexpr double kRadiansPerDegree = kPi / 180.0;
 
-std::string PositionToText(double dAngle, std::string_view sDegreePattern, char chrPositive, char chrNegative)
+std::string PositionToText(double dAngle, std::string_view sDegreePattern, char chrPositive,
+                           char chrNegative)
 {
     const double dAbsolute = std::abs(dAngle);
     const double dDegrees = std::trunc(dAbsolute);
@@ -43,8 +44,8 @@ Result<double> PositionFromText(std::string_view sText, std::string_view sNegati
     return sBehind.substr(nApostrophe + 1) == sNegative ? -dValue : dValue;
 }
 
-bool TextToPosition(std::string_view sText, double& dAngle, bool bShowError, std::string_view sNegative,
-                    const char* sPrefix)
+bool TextToPosition(std::string_view sText, double& dAngle, bool bShowError,
+                    std::string_view sNegative, const char* sPrefix)
 {
     const auto resAngle = PositionFromText(sText, sNegative);
     if (resAngle) {
@@ -69,10 +70,7 @@ Vector3 UnitVector(double dLatitude, double dLongitude)
 
 }  // namespace
 
-std::string LatitudeToText(double dLatitude)
-{
-    return PositionToText(dLatitude, "00", 'N', 'S');
-}
+std::string LatitudeToText(double dLatitude) { return PositionToText(dLatitude, "00", 'N', 'S'); }
 
 std::string LongitudeToText(double dLongitude)
 {
@@ -93,10 +91,10 @@ double GreatCircleAngle(double dLat1, double dLon1, double dLat2, double dLon2)
 {
     const Vector3 vec1 = UnitVector(dLat1, dLon1);
     const Vector3 vec2 = UnitVector(dLat2, dLon2);
-    const double dHalfChord =
-        std::sqrt((vec1.dX - vec2.dX) * (vec1.dX - vec2.dX) + (vec1.dY - vec2.dY) * (vec1.dY - vec2.dY)
-                  + (vec1.dZ - vec2.dZ) * (vec1.dZ - vec2.dZ))
-        / 2.0;
+    const double dHalfChord = std::sqrt((vec1.dX - vec2.dX) * (vec1.dX - vec2.dX)
+                                        + (vec1.dY - vec2.dY) * (vec1.dY - vec2.dY)
+                                        + (vec1.dZ - vec2.dZ) * (vec1.dZ - vec2.dZ))
+                              / 2.0;
     if (dHalfChord >= 1.0)
         return kPi;
     return 2.0 * ArcSin(dHalfChord).ValueGet();
@@ -122,17 +120,8 @@ double MercatorLatitude(double dY)
     return (2.0 * std::atan(std::exp(dY)) - kPi / 2.0) * 180.0 / kPi;
 }
 
-double Log10(double dX)
-{
-    return std::log(dX) / std::log(10.0);
-}
+double Log10(double dX) { return std::log(dX) / std::log(10.0); }
 
-double Min(double dA, double dB)
-{
-    return dB > dA ? dA : dB;
-}
+double Min(double dA, double dB) { return dB > dA ? dA : dB; }
 
-double Max(double dA, double dB)
-{
-    return dB < dA ? dA : dB;
-}
+double Max(double dA, double dB) { return dB < dA ? dA : dB; }

@@ -21,8 +21,8 @@ inline constexpr double kPi = 3.14159265358979;
 [[nodiscard]] std::string LatitudeToText(double dLatitude);    ///< two-digit degrees, N or S
 [[nodiscard]] std::string LongitudeToText(double dLongitude);  ///< three-digit degrees, E or W
 
-/// Parses the text form. On failure the output is untouched and, with bShowError, a warning box says
-/// "Unable for decode Latitude " (or Longitude) and the text as typed.
+/// Parses the text form. On failure the output is untouched and, with bShowError, a warning box
+/// says "Unable for decode Latitude " (or Longitude) and the text as typed.
 bool TextToLatitude(std::string_view sText, double& dLatitude, bool bShowError);
 bool TextToLongitude(std::string_view sText, double& dLongitude, bool bShowError);
 

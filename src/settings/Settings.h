@@ -57,12 +57,15 @@ public:
     float m_fPropagationTakeoffAngle = 3.0F;             ///< degrees, least takeoff angle
     double m_dRcLat = 24.0;                              ///< receiver
     double m_dRcLon = -110.0;
-    int m_iTimeCode = 0;                                 ///< hour labels: 0 Zulu, 1 local
-    double m_dTxLat = 38.0;                              ///< transmitter
+    int m_iTimeCode = 0;     ///< hour labels: 0 Zulu, 1 local
+    double m_dTxLat = 38.0;  ///< transmitter
     double m_dTxLon = -122.0;
 
     SelectedCell m_selected;
 
 private:
+    struct DefaultsTag {};
+    explicit Settings(DefaultsTag /*tag*/) {}
+
     std::array<float, kFrequencyMax + 1> m_afFrequency{};  // kHz, slot 0 unused
 };

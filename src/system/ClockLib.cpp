@@ -131,10 +131,7 @@ bool TimeRead(std::string_view sText, DateTime& dt)
            && dt.nSecond <= 59;
 }
 
-long long HourNumber(const DateTime& dt)
-{
-    return DayNumber(dt) * 24 + dt.nHour;
-}
+long long HourNumber(const DateTime& dt) { return DayNumber(dt) * 24 + dt.nHour; }
 
 }  // namespace
 
@@ -168,7 +165,8 @@ long long DayNumber(const DateTime& dt)
     const long long nYear = dt.nYear - (dt.nMonth <= 2 ? 1 : 0);
     const long long nEra = (nYear >= 0 ? nYear : nYear - 399) / 400;
     const long long nYearOfEra = nYear - nEra * 400;
-    const long long nDayOfYear = (153LL * (dt.nMonth + (dt.nMonth > 2 ? -3 : 9)) + 2) / 5 + dt.nDay - 1;
+    const long long nDayOfYear =
+        (153LL * (dt.nMonth + (dt.nMonth > 2 ? -3 : 9)) + 2) / 5 + dt.nDay - 1;
     const long long nDayOfEra = nYearOfEra * 365 + nYearOfEra / 4 - nYearOfEra / 100 + nDayOfYear;
     return nEra * 146097 + nDayOfEra - 719468;
 }
@@ -197,8 +195,7 @@ double TimerGet()
 void Delay(double dSeconds)
 {
     const double dEnd = TimerGet() + dSeconds;
-    while (TimerGet() < dEnd)
-        EventPumpRun();
+    while (TimerGet() < dEnd) EventPumpRun();
 }
 
 EventPumpFn EventPumpSetHandler(EventPumpFn fnPump)

@@ -21,7 +21,4 @@ void MsgBox(MsgIcon eIcon, const std::string& sText)
         std::fprintf(stderr, "%s\n", sText.c_str());
 }
 
-MsgBoxFn MsgSetHandler(MsgBoxFn fnShow)
-{
-    return std::exchange(HandlerGet(), std::move(fnShow));
-}
+MsgBoxFn MsgSetHandler(MsgBoxFn fnShow) { return std::exchange(HandlerGet(), std::move(fnShow)); }

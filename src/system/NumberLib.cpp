@@ -2,8 +2,8 @@
 
 #include <array>
 #include <charconv>
-#include <cstdlib>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "system/RunErrorText.h"
@@ -15,10 +15,7 @@ namespace {
 // followed by 17 digits.
 constexpr std::size_t kPlainMax = 400;
 
-bool DigitIs(char chr)
-{
-    return chr >= '0' && chr <= '9';
-}
+bool DigitIs(char chr) { return chr >= '0' && chr <= '9'; }
 
 // Sign, digits, point, digits: the parts of a plain decimal text.
 struct DecimalText {
@@ -178,10 +175,7 @@ Result<T> NumberReadStrict(std::string_view sText)
 
 }  // namespace
 
-Result<double> NumberFromText(std::string_view sText)
-{
-    return NumberReadStrict<double>(sText);
-}
+Result<double> NumberFromText(std::string_view sText) { return NumberReadStrict<double>(sText); }
 
 Result<float> NumberFromTextSingle(std::string_view sText)
 {
@@ -213,25 +207,13 @@ std::string NumberFormat(float fValue, std::string_view sPattern)
     return FormatByPattern(fValue, sPattern);
 }
 
-std::string NumberToText(double dValue)
-{
-    return ShortestGet(dValue);
-}
+std::string NumberToText(double dValue) { return ShortestGet(dValue); }
 
-std::string NumberToText(float fValue)
-{
-    return ShortestGet(fValue);
-}
+std::string NumberToText(float fValue) { return ShortestGet(fValue); }
 
-std::string NumberToText(int nValue)
-{
-    return std::to_string(nValue);
-}
+std::string NumberToText(int nValue) { return std::to_string(nValue); }
 
-std::string NumberToText(long long nValue)
-{
-    return std::to_string(nValue);
-}
+std::string NumberToText(long long nValue) { return std::to_string(nValue); }
 
 int RoundHalfEven(double dValue)
 {

@@ -11,19 +11,20 @@
 
 #include "system/Result.h"
 
-/// Strict conversion: blanks at both ends allowed; optional sign, digits, optional point with digits
-/// on at least one side ("1040.", ".5", "+3"); no exponent, no "inf", no "nan".
+/// Strict conversion: blanks at both ends allowed; optional sign, digits, optional point with
+/// digits on at least one side ("1040.", ".5", "+3"); no exponent, no "inf", no "nan".
 /// @return the value, or "Type mismatch" ("Overflow" when it exceeds the type).
 [[nodiscard]] Result<double> NumberFromText(std::string_view sText);
 [[nodiscard]] Result<float> NumberFromTextSingle(std::string_view sText);
 
-/// The lenient reading of the profile: as NumberFromText, but an exponent ("1e5") and a decimal comma
-/// are accepted too.
+/// The lenient reading of the profile: as NumberFromText, but an exponent ("1e5") and a decimal
+/// comma are accepted too.
 [[nodiscard]] Result<double> NumberFromTextLenient(std::string_view sText);
 
-/// Formats by a pattern: zeros before the point are the least number of integer digits, zeros behind
-/// it the decimals; a bare point at the end prints. "0", "00", "000", "0.", ".0", ".00", ".000",
-/// "0.0", "00.00" are in use. With no zero before the point an integer part of 0 prints no digit
+/// Formats by a pattern: zeros before the point are the least number of integer digits, zeros
+/// behind it the decimals; a bare point at the end prints. "0", "00", "000", "0.", ".0", ".00",
+/// ".000", "0.0", "00.00" are in use. With no zero before the point an integer part of 0 prints no
+/// digit
 /// (".5"). A value that rounds to zero prints no minus. Not-a-number prints "nan", infinity "inf"
 /// (with its minus).
 [[nodiscard]] std::string NumberFormat(double dValue, std::string_view sPattern);

@@ -1,8 +1,7 @@
 /// @file RegistryLib.h
 /// One string of the current user's registry: on Windows RegOpenKeyExA (query value, enumerate
-/// subkeys, notify: access mask 25), RegQueryValueExA, RegCloseKey; elsewhere the same key read from
-/// the Wine prefix's user.reg.
-/// Tests:   tests/system/RegistryLibTest.cpp
+/// subkeys, notify: access mask 25), RegQueryValueExA, RegCloseKey; elsewhere the same key read
+/// from the Wine prefix's user.reg. Tests:   tests/system/RegistryLibTest.cpp
 #pragma once
 
 #include <optional>
@@ -11,11 +10,12 @@
 
 struct RegistryString {
     std::string sValue;  ///< UTF-8, without the terminating NUL
-    int nBytes = 0;      ///< size as the registry tells it: Windows-1252 bytes with the terminating NUL
+    int nBytes = 0;  ///< size as the registry tells it: Windows-1252 bytes with the terminating NUL
 };
 
 /// @param sKey        below HKEY_CURRENT_USER, backslashes between components.
 /// @param nMaxBytes   size of the caller's buffer, the NUL included; a longer value fails.
 /// @return the string, or nothing when key or value is missing or not a string.
 [[nodiscard]] std::optional<RegistryString> RegistryStringGet(std::string_view sKey,
-                                                              std::string_view sName, int nMaxBytes);
+                                                              std::string_view sName,
+                                                              int nMaxBytes);

@@ -21,8 +21,9 @@ struct RunError {
 template <class T>
 class [[nodiscard]] Result {
 public:
-    Result(T value) : m_value(std::move(value)) {}                 // NOLINT(google-explicit-constructor)
-    Result(RunError error) : m_sText(std::move(error.sText)) {}    // NOLINT(google-explicit-constructor)
+    Result(T value) : m_value(std::move(value)) {}  // NOLINT(google-explicit-constructor)
+    Result(RunError error)
+        : m_sText(std::move(error.sText)) {}  // NOLINT(google-explicit-constructor)
 
     explicit operator bool() const { return m_value.has_value(); }
     /// REQUIRES: the result holds a value.

@@ -13,10 +13,7 @@ constexpr std::array<std::uint16_t, 32> kHighControl{
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 constexpr char32_t kReplacement = 0xFFFD;
 
-bool BlankIs(char chr)
-{
-    return chr == ' ' || chr == '\t';
-}
+bool BlankIs(char chr) { return chr == ' ' || chr == '\t'; }
 
 char UpperGet(char chr)
 {
@@ -98,25 +95,21 @@ std::string Windows1252FromUtf8(std::string_view sText)
 {
     std::string sBytes;
     sBytes.reserve(sText.size());
-    for (std::size_t nAt = 0; nAt < sText.size();)
-        sBytes += Windows1252Get(Utf8Next(sText, nAt));
+    for (std::size_t nAt = 0; nAt < sText.size();) sBytes += Windows1252Get(Utf8Next(sText, nAt));
     return sBytes;
 }
 
 std::string_view TextTrim(std::string_view sText)
 {
-    while (!sText.empty() && BlankIs(sText.front()))
-        sText.remove_prefix(1);
-    while (!sText.empty() && BlankIs(sText.back()))
-        sText.remove_suffix(1);
+    while (!sText.empty() && BlankIs(sText.front())) sText.remove_prefix(1);
+    while (!sText.empty() && BlankIs(sText.back())) sText.remove_suffix(1);
     return sText;
 }
 
 std::string TextUpper(std::string_view sText)
 {
     std::string sUpper(sText);
-    for (char& chr : sUpper)
-        chr = UpperGet(chr);
+    for (char& chr : sUpper) chr = UpperGet(chr);
     return sUpper;
 }
 

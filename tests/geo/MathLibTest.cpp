@@ -1,11 +1,10 @@
-#include "geo/MathLib.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <ostream>
 #include <string>
 
+#include "geo/MathLib.h"
 #include "support/MsgRecorder.h"
 #include "system/RunErrorText.h"
 
@@ -15,37 +14,30 @@ struct TextCase {
     double dAngle;
     const char* sExpected;
 };
-std::ostream& operator<<(std::ostream& stm, const TextCase& c)
-{
-    return stm << c.dAngle;
-}
+std::ostream& operator<<(std::ostream& stm, const TextCase& c) { return stm << c.dAngle; }
 class LatitudeText : public testing::TestWithParam<TextCase> {};
-TEST_P(LatitudeText, Prints)
-{
-    EXPECT_EQ(LatitudeToText(GetParam().dAngle), GetParam().sExpected);
-}
-INSTANTIATE_TEST_SUITE_P(All, LatitudeText,
-                         testing::Values(TextCase{38.5, "38°30.00'N"}, TextCase{0.0, "00°00.00'N"},
-                                         TextCase{-0.0, "00°00.00'N"}, TextCase{-0.5, "00°30.00'S"},
-                                         TextCase{38.99999, "38°60.00'N"},  // rounded by the pattern only
-                                         TextCase{-90, "90°00.00'S"}, TextCase{5.0001, "05°00.01'N"}));
+TEST_P(LatitudeText, Prints) { EXPECT_EQ(LatitudeToText(GetParam().dAngle), GetParam().sExpected); }
+INSTANTIATE_TEST_SUITE_P(
+    All, LatitudeText,
+    testing::Values(TextCase{38.5, "38°30.00'N"}, TextCase{0.0, "00°00.00'N"},
+                    TextCase{-0.0, "00°00.00'N"}, TextCase{-0.5, "00°30.00'S"},
+                    TextCase{38.99999, "38°60.00'N"},  // rounded by the pattern only
+                    TextCase{-90, "90°00.00'S"}, TextCase{5.0001, "05°00.01'N"}));
 class LongitudeText : public testing::TestWithParam<TextCase> {};
 TEST_P(LongitudeText, Prints)
 {
     EXPECT_EQ(LongitudeToText(GetParam().dAngle), GetParam().sExpected);
 }
 INSTANTIATE_TEST_SUITE_P(All, LongitudeText,
-                         testing::Values(TextCase{-122.25, "122°15.00'W"}, TextCase{0.0, "000°00.00'E"},
-                                         TextCase{180, "180°00.00'E"}, TextCase{-7.5, "007°30.00'W"}));
+                         testing::Values(TextCase{-122.25, "122°15.00'W"},
+                                         TextCase{0.0, "000°00.00'E"}, TextCase{180, "180°00.00'E"},
+                                         TextCase{-7.5, "007°30.00'W"}));
 
 struct ParseCase {
     const char* sText;
     double dExpected;
 };
-std::ostream& operator<<(std::ostream& stm, const ParseCase& c)
-{
-    return stm << c.sText;
-}
+std::ostream& operator<<(std::ostream& stm, const ParseCase& c) { return stm << c.sText; }
 class LatitudeParse : public testing::TestWithParam<ParseCase> {};
 TEST_P(LatitudeParse, Decodes)
 {
@@ -54,10 +46,11 @@ TEST_P(LatitudeParse, Decodes)
     EXPECT_DOUBLE_EQ(dLatitude, GetParam().dExpected);
 }
 INSTANTIATE_TEST_SUITE_P(All, LatitudeParse,
-                         testing::Values(ParseCase{"38°30.00'N", 38.5}, ParseCase{"5°30.00'S", -5.5},
-                                         ParseCase{"5°30.00's", 5.5}, ParseCase{"5°30.00' S", 5.5},
-                                         ParseCase{"5°30.00'S ", 5.5}, ParseCase{"5°30.00'", 5.5},
-                                         ParseCase{"5°30.00'W", 5.5}, ParseCase{"10°70.00'N", 10 + 70.0 / 60},
+                         testing::Values(ParseCase{"38°30.00'N", 38.5},
+                                         ParseCase{"5°30.00'S", -5.5}, ParseCase{"5°30.00's", 5.5},
+                                         ParseCase{"5°30.00' S", 5.5}, ParseCase{"5°30.00'S ", 5.5},
+                                         ParseCase{"5°30.00'", 5.5}, ParseCase{"5°30.00'W", 5.5},
+                                         ParseCase{"10°70.00'N", 10 + 70.0 / 60},
                                          ParseCase{" 5 ° 30 'S", -5.5}, ParseCase{"-5°30'N", -4.5},
                                          ParseCase{"200°00.00'S", -200}));
 class LongitudeParse : public testing::TestWithParam<ParseCase> {};
@@ -68,8 +61,10 @@ TEST_P(LongitudeParse, Decodes)
     EXPECT_DOUBLE_EQ(dLongitude, GetParam().dExpected);
 }
 INSTANTIATE_TEST_SUITE_P(All, LongitudeParse,
-                         testing::Values(ParseCase{"122°15.00'W", -122.25}, ParseCase{"122°15.00'w", 122.25},
-                                         ParseCase{"122°15.00'E", 122.25}, ParseCase{"122°15.00'S", 122.25}));
+                         testing::Values(ParseCase{"122°15.00'W", -122.25},
+                                         ParseCase{"122°15.00'w", 122.25},
+                                         ParseCase{"122°15.00'E", 122.25},
+                                         ParseCase{"122°15.00'S", 122.25}));
 
 class PositionBad : public testing::TestWithParam<const char*> {};
 TEST_P(PositionBad, FailsWithTheTextAsTypedAndKeepsTheOutput)
@@ -88,8 +83,9 @@ TEST_P(PositionBad, FailsWithTheTextAsTypedAndKeepsTheOutput)
     EXPECT_EQ(msg.m_aShown[1].sText, "Unable for decode Longitude " + sText);
 }
 INSTANTIATE_TEST_SUITE_P(All, PositionBad,
-                         testing::Values("", "38 30.00 N", "38°30.00N", "38'30.00°N", "°30.00'N", "38°'N",
-                                         "x°30.00'N", "38°3x.00'N", "1e1°00.00'N", "nan°00.00'N", "38,5°00.00'N"));
+                         testing::Values("", "38 30.00 N", "38°30.00N", "38'30.00°N", "°30.00'N",
+                                         "38°'N", "x°30.00'N", "38°3x.00'N", "1e1°00.00'N",
+                                         "nan°00.00'N", "38,5°00.00'N"));
 
 TEST(PositionText, RoundTripsWithinHalfAHundredthOfAMinute)
 {

@@ -6,14 +6,12 @@
 
 MsgRecorder::MsgRecorder()
 {
-    m_fnBefore = MsgSetHandler(
-        [this](MsgIcon eIcon, const std::string& sText) { m_aShown.push_back({eIcon, sText}); });
+    m_fnBefore = MsgSetHandler([this](MsgIcon eIcon, const std::string& sText) {
+        m_aShown.push_back({eIcon, sText});
+    });
 }
 
-MsgRecorder::~MsgRecorder()
-{
-    MsgSetHandler(std::move(m_fnBefore));
-}
+MsgRecorder::~MsgRecorder() { MsgSetHandler(std::move(m_fnBefore)); }
 
 void MsgUnexpectedFails()
 {

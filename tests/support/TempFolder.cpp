@@ -31,7 +31,8 @@ TempFolder::TempFolder()
 {
     std::random_device random;
     const fs::path pthFolder =
-        fs::temp_directory_path() / ("hopcast-test-" + std::to_string(random()) + std::to_string(random()));
+        fs::temp_directory_path()
+        / ("hopcast-test-" + std::to_string(random()) + std::to_string(random()));
     fs::create_directories(pthFolder);
     m_sFolder = pthFolder.string();
 }
@@ -76,7 +77,4 @@ EnvironmentSet::EnvironmentSet(std::string sName, std::optional<std::string> sVa
     EnvironmentPut(m_sName, sValue);
 }
 
-EnvironmentSet::~EnvironmentSet()
-{
-    EnvironmentPut(m_sName, m_sBefore);
-}
+EnvironmentSet::~EnvironmentSet() { EnvironmentPut(m_sName, m_sBefore); }

@@ -1,10 +1,9 @@
-#include "system/ClockLib.h"
-
 #include <gtest/gtest.h>
 
 #include <ctime>
 
 #include "support/ClockSet.h"
+#include "system/ClockLib.h"
 #include "system/RunErrorText.h"
 
 namespace {
@@ -14,7 +13,8 @@ TEST(UtcNow, IsTheSystemsTime)
     const std::time_t nBefore = std::time(nullptr);
     const DateTime dt = UtcNow();
     const std::time_t nAfter = std::time(nullptr);
-    const long long nSeconds = DayNumber(dt) * 86400 + dt.nHour * 3600 + dt.nMinute * 60 + dt.nSecond;
+    const long long nSeconds =
+        DayNumber(dt) * 86400 + dt.nHour * 3600 + dt.nMinute * 60 + dt.nSecond;
     EXPECT_GE(nSeconds, nBefore);
     EXPECT_LE(nSeconds, nAfter);
 }
@@ -23,10 +23,7 @@ struct DateCase {
     const char* sText;
     DateTime dtExpected;
 };
-std::ostream& operator<<(std::ostream& stm, const DateCase& c)
-{
-    return stm << c.sText;
-}
+std::ostream& operator<<(std::ostream& stm, const DateCase& c) { return stm << c.sText; }
 class DateText : public testing::TestWithParam<DateCase> {};
 TEST_P(DateText, Converts)
 {
@@ -39,7 +36,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(DateCase{"2026-11-21", {2026, 11, 21, 0, 0, 0}},
                     DateCase{"2026/1/2 3:04", {2026, 1, 2, 3, 4, 0}},
                     DateCase{"11/21/2026 23:59:58", {2026, 11, 21, 23, 59, 58}},
-                    DateCase{"21/11/2026 08:00", {2026, 11, 21, 8, 0, 0}},  // day first when above 12
+                    DateCase{"21/11/2026 08:00",
+                             {2026, 11, 21, 8, 0, 0}},  // day first when above 12
                     DateCase{"3/4/2026 12:00 AM", {2026, 3, 4, 0, 0, 0}},
                     DateCase{"3/4/2026 12:05:06 pm", {2026, 3, 4, 12, 5, 6}},
                     DateCase{" 3/4/2026  1:05PM ", {2026, 3, 4, 13, 5, 0}},
@@ -53,10 +51,12 @@ TEST_P(DateTextBad, IsATypeMismatch)
     EXPECT_EQ(res.TextGet(), kTypeMismatch);
 }
 INSTANTIATE_TEST_SUITE_P(Bad, DateTextBad,
-                         testing::Values("", "yesterday", "2026-13-01", "2025-02-29", "13/13/2026", "1/2/26",
-                                         "2026-11-21 24:00", "2026-11-21 12:60", "2026-11-21 13:00 PM",
-                                         "2026-11-21 0:30 AM", "2026-11-21 12", "2026-11-21 1:2:3:4",
-                                         "2026-11", "1-2-2026", "2026-11-21x", "-1-1-1", "2026/0/1", "2026/1/0"));
+                         testing::Values("", "yesterday", "2026-13-01", "2025-02-29", "13/13/2026",
+                                         "1/2/26", "2026-11-21 24:00", "2026-11-21 12:60",
+                                         "2026-11-21 13:00 PM", "2026-11-21 0:30 AM",
+                                         "2026-11-21 12", "2026-11-21 1:2:3:4", "2026-11",
+                                         "1-2-2026", "2026-11-21x", "-1-1-1", "2026/0/1",
+                                         "2026/1/0"));
 
 TEST(Boundaries, CountCalendarStepsNotWholePeriods)
 {

@@ -1,8 +1,7 @@
-#include "system/MsgLib.h"
-
 #include <gtest/gtest.h>
 
 #include "support/MsgRecorder.h"
+#include "system/MsgLib.h"
 
 namespace {
 

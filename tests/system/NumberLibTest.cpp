@@ -1,11 +1,10 @@
-#include "system/NumberLib.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 #include <ostream>
 
+#include "system/NumberLib.h"
 #include "system/RunErrorText.h"
 
 namespace {
@@ -26,16 +25,17 @@ TEST_P(NumberPattern, PrintsAsTold)
 }
 INSTANTIATE_TEST_SUITE_P(
     Doubles, NumberPattern,
-    testing::Values(PatternCase{2.5, "0", "3"}, PatternCase{-2.5, "0", "-3"}, PatternCase{0.5, "0", "1"},
-                    PatternCase{0.49, "0", "0"}, PatternCase{-0.4, "0", "0"}, PatternCase{-0.04, ".0", ".0"},
-                    PatternCase{0.5, ".0", ".5"}, PatternCase{-0.5, ".0", "-.5"},
-                    PatternCase{145, "0.", "145."}, PatternCase{0, "0.", "0."}, PatternCase{0, ".00", ".00"},
-                    PatternCase{9.995, ".00", "10.00"}, PatternCase{1.005, ".00", "1.01"},
-                    PatternCase{99.96, ".0", "100.0"}, PatternCase{5, "00", "05"}, PatternCase{7, "000", "007"},
-                    PatternCase{1234, "00", "1234"}, PatternCase{9.999, "00.00", "10.00"},
-                    PatternCase{59.9994, "00.00", "60.00"}, PatternCase{0, "0.0", "0.0"},
-                    PatternCase{-0.04, "0.0", "0.0"}, PatternCase{-0.05, "0.0", "-0.1"},
-                    PatternCase{1e22, "0", "10000000000000000000000"}, PatternCase{14.1, ".000", "14.100"}));
+    testing::Values(
+        PatternCase{2.5, "0", "3"}, PatternCase{-2.5, "0", "-3"}, PatternCase{0.5, "0", "1"},
+        PatternCase{0.49, "0", "0"}, PatternCase{-0.4, "0", "0"}, PatternCase{-0.04, ".0", ".0"},
+        PatternCase{0.5, ".0", ".5"}, PatternCase{-0.5, ".0", "-.5"},
+        PatternCase{145, "0.", "145."}, PatternCase{0, "0.", "0."}, PatternCase{0, ".00", ".00"},
+        PatternCase{9.995, ".00", "10.00"}, PatternCase{1.005, ".00", "1.01"},
+        PatternCase{99.96, ".0", "100.0"}, PatternCase{5, "00", "05"}, PatternCase{7, "000", "007"},
+        PatternCase{1234, "00", "1234"}, PatternCase{9.999, "00.00", "10.00"},
+        PatternCase{59.9994, "00.00", "60.00"}, PatternCase{0, "0.0", "0.0"},
+        PatternCase{-0.04, "0.0", "0.0"}, PatternCase{-0.05, "0.0", "-0.1"},
+        PatternCase{1e22, "0", "10000000000000000000000"}, PatternCase{14.1, ".000", "14.100"}));
 
 TEST(NumberFormat, RoundsASingleOnItsOwnShortestText)
 {
@@ -70,10 +70,11 @@ TEST_P(NumberStrict, Reads)
     EXPECT_FLOAT_EQ(resSingle.ValueGet(), static_cast<float>(GetParam().dExpected));
 }
 INSTANTIATE_TEST_SUITE_P(Good, NumberStrict,
-                         testing::Values(ReadCase{"12.3", 12.3}, ReadCase{"1040.", 1040}, ReadCase{".5", 0.5},
-                                         ReadCase{"  7  ", 7}, ReadCase{"+3", 3}, ReadCase{"-3.25", -3.25},
-                                         ReadCase{"-.5", -0.5}, ReadCase{"0", 0}, ReadCase{"\t4", 4},
-                                         ReadCase{"00012", 12}));
+                         testing::Values(ReadCase{"12.3", 12.3}, ReadCase{"1040.", 1040},
+                                         ReadCase{".5", 0.5}, ReadCase{"  7  ", 7},
+                                         ReadCase{"+3", 3}, ReadCase{"-3.25", -3.25},
+                                         ReadCase{"-.5", -0.5}, ReadCase{"0", 0},
+                                         ReadCase{"\t4", 4}, ReadCase{"00012", 12}));
 
 class NumberStrictBad : public testing::TestWithParam<const char*> {};
 TEST_P(NumberStrictBad, IsATypeMismatch)
@@ -84,8 +85,9 @@ TEST_P(NumberStrictBad, IsATypeMismatch)
     EXPECT_FALSE(NumberFromTextSingle(GetParam()));
 }
 INSTANTIATE_TEST_SUITE_P(Bad, NumberStrictBad,
-                         testing::Values("", " ", "-", "+", ".", "-.", "1e5", "inf", "nan", "1,5", "12 3", "*****",
-                                         "0x10", "1.2.3", "--1", "+-1", "-+1", "1-", "a", "12a", "-8178-5947"));
+                         testing::Values("", " ", "-", "+", ".", "-.", "1e5", "inf", "nan", "1,5",
+                                         "12 3", "*****", "0x10", "1.2.3", "--1", "+-1", "-+1",
+                                         "1-", "a", "12a", "-8178-5947"));
 
 TEST(NumberFromText, TellsWhatIsTooLarge)
 {

@@ -1,8 +1,8 @@
-#include "system/TextLib.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
+
+#include "system/TextLib.h"
 
 namespace {
 
