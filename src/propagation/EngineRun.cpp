@@ -121,6 +121,13 @@ bool EngineNotStarted(const Engine& engine)
                    "Unable to execute " + std::string(engine.sExecuteName) + " program.");
 }
 
+Result<OutputFile> DeckOpen(std::string_view sPath)
+{
+    // A new file costs a fraction of an emptied one: file systems write the latter out at once.
+    (void)FileDelete(sPath);
+    return OutputFile::Open(sPath);
+}
+
 Result<void> DeckWrite(OutputFile& file, const Result<std::string>& resDeck)
 {
     if (!resDeck)

@@ -31,7 +31,7 @@ std::string AreaPath(std::string_view sName)
 
 Result<void> AreaDeckWrite(const PropagationAreaInput& input, const std::string& sPath)
 {
-    auto resFile = OutputFile::Open(sPath);
+    auto resFile = DeckOpen(sPath);
     if (!resFile)
         return resFile.ErrorGet();
     return DeckWrite(resFile.ValueGet(), DeckArea(input));

@@ -73,7 +73,7 @@ bool ChunkRun(const RunTask& task, const RunTexts& texts)
     const auto resLock = EngineLockTake(timer);
     if (!resLock)
         return Fail(task, texts.sOpen, resLock.TextGet());
-    auto resDeckFile = OutputFile::Open(kSoundDeck);
+    auto resDeckFile = DeckOpen(kSoundDeck);
     if (!resDeckFile)
         return Fail(task, texts.sOpen, resDeckFile.TextGet());
     if (auto resWritten = DeckWrite(resDeckFile.ValueGet(), DeckMake(task)); !resWritten)
@@ -112,7 +112,6 @@ bool PropagationRun(const PropagationInput& input, PropagationTable& table)
     bool bOk = false;
     for (int iFirst = 1; iFirst <= input.nData; iFirst += kChunkMax) {
         const int iLast = std::min(iFirst + kChunkMax - 1, input.nData);
-        bOk = false;
         for (const bool bShowError : {false, true}) {
             switch (input.iModel) {
                 case kEngineIcepac:
