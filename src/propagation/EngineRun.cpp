@@ -85,7 +85,7 @@ Result<FileLock> EngineLockTake(const AttemptTimer& timer)
 
 Result<void> OldOutputRemove(std::string_view sPath)
 {
-    const Result<void> resDeleted = FileDelete(sPath);
+    Result<void> resDeleted = FileDelete(sPath);
     if (resDeleted || !FileExists(sPath))
         return {};
     const auto resEmptied = OutputFile::Open(sPath);
