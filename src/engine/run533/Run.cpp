@@ -1,13 +1,22 @@
 #include "engine/run533/Run.h"
 
+#include <filesystem>
+
 #include "system/FileLib.h"
 #include "system/PathLib.h"
+#include "system/RunErrorText.h"
 
 namespace run533 {
 namespace {
 
 constexpr std::size_t kDeckMost = 1 << 16;
 constexpr rec533::Behaviour kBehaviour = rec533::Behaviour::Best;
+
+std::filesystem::path PathOf(const std::string& sPath)
+{
+    const std::string sHost = PathToHost(sPath);
+    return std::filesystem::path(std::u8string(sHost.begin(), sHost.end()));
+}
 
 // The folder of a deck below the root: as it is named, or in small letters.
 std::string FolderFind(const std::string& sRoot, const std::string& sName, const std::string& sSmall,
@@ -26,12 +35,32 @@ Result<std::string> DeckRead(const std::string& sPath)
     return resDeck;
 }
 
+Result<void> TemporaryWrite(const std::string& sPath, const std::string& sText)
+{
+    Result<OutputFile> resFile = OutputFile::Open(sPath);
+    if (!resFile)
+        return resFile.ErrorGet();
+    const Result<void> resWritten = resFile.ValueGet().Write(sText);
+    return resWritten ? resFile.ValueGet().Close() : resWritten;
+}
+
+// A temporary file, moved into place when it is whole. It is not flushed to the disk, as a profile
+// would be: an output that a power cut takes is computed again, and waiting for the disk would take
+// ten times as long as the computation.
 Result<void> OutputWrite(const std::string& sPath, const std::string& sText)
 {
-    const Result<void> resWritten = FileReplace(sPath, sText);
-    if (!resWritten)
-        return RunError{sPath + ", " + resWritten.TextGet()};
-    return {};
+    const std::string sTemporary = sPath + ".part";
+    Result<void> resDone = TemporaryWrite(sTemporary, sText);
+    if (resDone) {
+        std::error_code error;
+        std::filesystem::rename(PathOf(sTemporary), PathOf(sPath), error);
+        if (!error)
+            return {};
+        resDone = RunErrorFromErrno(error.value());
+    }
+    std::error_code errorIgnored;
+    std::filesystem::remove(PathOf(sTemporary), errorIgnored);
+    return RunError{sPath + ", " + resDone.TextGet()};
 }
 
 }  // namespace
