@@ -30,7 +30,7 @@ INSTANTIATE_TEST_SUITE_P(
                     QCase{"AtTheBreak", 1.84972F, 2.23F}, QCase{"AboveTheBreak", 1.86F, 2.2353F},
                     QCase{"KpThree", 3.42F, 3.0F}, QCase{"UsualQ", 3.0F, 2.7941F},
                     QCase{"KpFive", 7.5F, 5.0F}, QCase{"KpNine", 15.66F, 9.0F}),
-    [](const auto& info) { return info.param.sName; });
+    [](const auto& row) { return row.param.sName; });
 
 TEST(QIndexEnds, NeverLeaveTheScale)
 {
