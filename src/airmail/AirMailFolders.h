@@ -1,17 +1,44 @@
 /// @file AirMailFolders.h
-/// The two process-wide Airmail folders. No trailing backslash; Windows paths; UTF-8.
+/// The two process-wide Airmail folders and how they are found. Texts are UTF-8; Windows paths
+/// without a trailing backslash (a profile may also name folders of the host).
+///
+/// Errors:  none; a missing Airmail shows later, by the messages of the readers.
+/// Threads: one thread only.
 /// Tests:   tests/airmail/AirMailFoldersTest.cpp
 #pragma once
 
 #include <string>
+#include <string_view>
 
 inline constexpr const char* kAirMailFolderDefault = "C:\\Program Files\\AirMail";
 
+/// Where a folder's value came from.
+enum class AirMailOrigin { Default, Profile, Registry, InstallLog };
+/// "default", "profile", "registry" or "install log".
+[[nodiscard]] const char* AirMailOriginText(AirMailOrigin eOrigin);
+
 /// Folder that holds Airmail3.exe and Install.log.
 [[nodiscard]] const std::string& AirMailProgramFolderGet();
+/// The value of a profile. A text equal to the folder in force keeps its origin.
 void AirMailProgramFolderSet(std::string sFolder);
+[[nodiscard]] AirMailOrigin AirMailProgramOriginGet();
+
 /// Folder that holds Airmail.ini and the System.*.ini station files.
 [[nodiscard]] const std::string& AirMailDataFolderGet();
+/// The value of a profile. A text equal to the folder in force keeps its origin.
 void AirMailDataFolderSet(std::string sFolder);
+[[nodiscard]] AirMailOrigin AirMailDataOriginGet();
+
 /// Both back to "C:\Program Files\AirMail".
 void AirMailFoldersReset();
+
+/// Finds Airmail and updates both folders in place; silent. Keeps them where the program folder
+/// holds Airmail3.exe; otherwise the registry's "Install Folder" (outside Windows that of the Wine
+/// prefix) becomes both. Where the data folder then holds no Airmail.ini, the last line of the
+/// program folder's Install.log with "NewCommonRoot= " names it. Of both texts the last character
+/// (the backslash that the installer writes) is dropped, whatever it is. The first failure ends the
+/// search; what was set before stays.
+void AirMailFoldersFind();
+
+/// Path of a file in one of the folders, for the file services: the folder, a backslash, the name.
+[[nodiscard]] std::string AirMailPathGet(const std::string& sFolder, std::string_view sName);

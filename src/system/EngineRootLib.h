@@ -6,8 +6,9 @@
 /// at least one of the three programs (on Windows c:\itshfbc, elsewhere itshfbc on the Wine
 /// prefix's drive C); (3) the private root: on Windows the fixed root itself, and only where it
 /// cannot be made %LOCALAPPDATA%\Hopcast\itshfbc; elsewhere $XDG_DATA_HOME/hopcast/itshfbc (default
-/// ~/.local/share/hopcast/itshfbc).
-/// Tests:   tests/system/EngineRootLibTest.cpp
+/// ~/.local/share/hopcast/itshfbc). Programs that Hopcast itself put into the fixed root do not
+/// count in (2). What it put there is listed in the root's hopcast-engines.txt. Tests:
+/// tests/system/EngineRootLibTest.cpp
 #pragma once
 
 #include <string>
@@ -31,6 +32,10 @@ struct EngineRoot {
 /// gone, and never touches a program that it did not put there. Under HOPCAST_ITSHFBC or an
 /// installed package nothing is touched.
 [[nodiscard]] Result<void> EngineRootProvision();
+/// The same with the engines that lie beside sProgramFolder (host path), and voacapl sought in the
+/// folders of sSearchPath (separated by ':').
+[[nodiscard]] Result<void> EngineRootProvisionFrom(const std::string& sProgramFolder,
+                                                   const std::string& sSearchPath);
 
 /// True when the program of this name in the root's bin_win is one of Hopcast's own.
 [[nodiscard]] bool EngineIsBuiltIn(const std::string& sProgramName);

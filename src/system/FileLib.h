@@ -3,7 +3,7 @@
 /// opening and writing fail apart, and atomic replacement.
 ///
 /// Paths:   Windows paths are mapped by PathToHost; host paths are used as they are. UTF-8.
-/// Errors:  the classic descriptions (RunErrorText.h).
+/// Errors:  the classic descriptions (RunErrorText.h); "Path not found" when the folder is missing.
 /// Tests:   tests/system/FileLibTest.cpp
 #pragma once
 
@@ -16,7 +16,8 @@
 #include "system/Result.h"
 
 /// Names (without folder) of the files that match a path whose last component may hold * and ?;
-/// case-blind, in directory order. A folder matches nothing.
+/// case-blind ("*.*" means "*"), in alphabetical order without regard to case, which is the
+/// directory order of Windows. A folder matches nothing.
 [[nodiscard]] std::vector<std::string> FilesList(std::string_view sPattern);
 
 /// True when a listing of the full path yields a name: an existing file that is not a folder.
@@ -32,7 +33,8 @@ struct FileCloser {
 /// A file read line by line, streamed: a 100 MB file needs no 100 MB.
 class TextFile {
 public:
-    /// Opens for reading, bytes as they are. A folder is "Path/File access error".
+    /// Opens for reading, bytes as they are. A folder, and anything else that is no ordinary file,
+    /// is "Path/File access error".
     static Result<TextFile> Open(std::string_view sPath);
     /// Next line without its end (LF, CR LF, or nothing at the end of the file); of a line longer
     /// than kLineMax bytes the rest is dropped. @return false at the end of the file; a read error
@@ -62,8 +64,9 @@ private:
 class OutputFile {
 public:
     static Result<OutputFile> Open(std::string_view sPath);
+    /// REQUIRES: not closed.
     Result<void> Write(std::string_view sBytes);
-    /// Flushes and closes; a full disk may show only here.
+    /// Flushes and closes; a full disk may show only here. A second call does nothing.
     Result<void> Close();
 
 private:
@@ -72,5 +75,7 @@ private:
 };
 
 /// Writes a temporary file beside sPath and renames it over it, so that a full disk or a killed
-/// program leaves the old file whole. The old file's permissions are kept; a link is followed.
+/// program leaves the old file whole. The old file's permissions are kept; a link is followed. A
+/// file without any write permission is left alone ("Permission denied"), even where its folder may
+/// be written and for the superuser. A device is written directly.
 Result<void> FileReplace(std::string_view sPath, std::string_view sBytes);

@@ -13,11 +13,17 @@
 /// The root folder of the engine package as it is named to the engines.
 inline constexpr std::string_view kEngineRoot = "c:\\itshfbc";
 
+/// True for a text that begins with a drive: a letter and a colon, then a separator or the end.
+[[nodiscard]] bool PathHasDrive(std::string_view sPath);
+
+/// True for c:\itshfbc and for every path below it, in either case and with either separator.
+[[nodiscard]] bool PathIsEngineRoot(std::string_view sPath);
+
 /// A Windows path as a path of this host. Below c:\itshfbc: the engine root (EngineRootGet). Other
 /// drive-C paths: the same on Windows, elsewhere the Wine prefix's drive_c (WINEPREFIX or ~/.wine);
-/// other drives by the prefix's dosdevices. Outside Windows a component that does not exist as
-/// spelled is looked up without regard to case; where nothing fits, the spelling is kept.
-/// A text without a drive letter is returned unchanged.
+/// other drives by the prefix's dosdevices (drive Z without one: the whole host). Outside Windows a
+/// component that does not exist as spelled is looked up without regard to case; where nothing
+/// fits, the spelling is kept. A text without a drive letter is returned unchanged.
 [[nodiscard]] std::string PathToHost(std::string_view sPath);
 
 /// A host path as a Windows program started through Wine would name it ("Z:\..." outside drive C).
@@ -39,3 +45,5 @@ inline constexpr std::string_view kEngineRoot = "c:\\itshfbc";
 /// in %APPDATA%\Hopcast or $XDG_CONFIG_HOME/hopcast (default ~/.config/hopcast). The first such use
 /// copies the profile that lies beside the program there, if there is one.
 [[nodiscard]] std::string ProfileFileDefault();
+/// The same for the program whose file is told (host path).
+[[nodiscard]] std::string ProfileFileFor(const std::string& sProgramFile);

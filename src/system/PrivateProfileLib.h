@@ -4,9 +4,13 @@
 /// key names without regard to case, first match wins, blanks around key and value dropped, one
 /// pair of enclosing quotes dropped, lines starting with ';' skipped, values cut to the buffer's
 /// length less one; on writing other lines and their order are kept and the file is replaced
-/// atomically.
+/// atomically. Only the first section of a name is searched. A new key goes behind its section's
+/// last line, a new section to the end of the file; line ends are the file's own, CR LF in a new
+/// one. A write that would change no byte leaves the file as it is, once it is known that it could
+/// be written.
 ///
-/// Texts:   UTF-8 in the program, Windows-1252 in the file.
+/// Texts:   UTF-8 in the program, Windows-1252 in the file (outside Windows UTF-8 when it
+///          begins with the byte order mark).
 /// Tests:   tests/system/PrivateProfileLibTest.cpp
 #pragma once
 
@@ -19,7 +23,8 @@
                                             std::string_view sDefault, int nBufferSize,
                                             std::string_view sFile);
 
-/// Writes one key; section and file are made when missing.
+/// Writes one key; section and file are made when missing, the folder is not. Line ends in the
+/// value become blanks outside Windows.
 /// @return 0, or the system's error code (for SystemErrorText).
 [[nodiscard]] int PrivateProfileWrite(std::string_view sSection, std::string_view sKey,
                                       std::string_view sValue, std::string_view sFile);

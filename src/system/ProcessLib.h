@@ -20,15 +20,18 @@ struct ProcessCommand {
 
 /// Starts a program with a hidden window, the null device as standard input, and a process group of
 /// its own. A program file that starts with "MZ" is started through wine outside Windows and gets
-/// the Windows paths; any other gets the words with their paths mapped to the host (PathToHost).
+/// the Windows paths; any other gets the words with their paths mapped to the host (PathToHost). A
+/// program named without a folder is sought on the search path.
 /// @return the process id (0: started without one); "File not found" when there is no such program,
 ///         "Permission denied" when it may not be run, "Invalid procedure call or argument" when it
-///         is no program.
+///         is no program, "Path not found" when the working folder is missing.
 [[nodiscard]] Result<int> ProcessStart(const ProcessCommand& command);
 
-/// Waits for a process started here. An id that cannot be opened counts as finished and is true at
-/// once: a very short run may already be gone. At the limit the process (outside Windows with all
-/// of its group) is killed and the result is false.
+/// Waits for a process started here. An id that cannot be opened (outside Windows: that is no child
+/// of this program) counts as finished and is true at once: a very short run may already be gone.
+/// At the limit the process (outside Windows with all of its group) is killed and the result is
+/// false. Outside Windows the members of its group that a process leaves behind are killed at its
+/// end, too.
 /// @return true when the process ended by itself with exit code 0.
 [[nodiscard]] bool ProcessWait(int nProcessId, double dSeconds);
 

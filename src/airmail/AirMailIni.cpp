@@ -1,0 +1,45 @@
+#include "airmail/AirMailIni.h"
+
+#include "airmail/AirMailFolders.h"
+#include "system/MsgLib.h"
+#include "system/PrivateProfileLib.h"
+
+namespace {
+
+constexpr int kBufferSize = 512;
+constexpr const char* kVersionTested = "3.1.936";
+
+}  // namespace
+
+std::string AirMailIniGet(const std::string& sFile, const std::string& sSection,
+                          const std::string& sKey, bool bShowError)
+{
+    std::string sValue = PrivateProfileGet(sSection, sKey, "", kBufferSize,
+                                           AirMailPathGet(AirMailDataFolderGet(), sFile));
+    if (sValue.empty() && bShowError)
+        MsgBox(MsgIcon::Exclamation, "Unable to find AirMail's " + sSection + ", " + sKey + " in \""
+                                         + sFile + "\"." + AirMailFolderHint());
+    return sValue;
+}
+
+std::string AirMailFolderHint()
+{
+    return "\r\rPlease check that the AirMail Data folder \"" + AirMailDataFolderGet()
+           + "\" is correct.";
+}
+
+std::string AirMailVersionText()
+{
+    const std::string sVersion =
+        AirMailIniGet(kAirMailIniFile, "Settings", "Last Program Version", false);
+    if (sVersion.empty())
+        return "Unable to get current version number.";
+    if (sVersion == kVersionTested)
+        return "Airmail " + sVersion;
+    return "Airmail " + sVersion + ".  This program was tested with " + kVersionTested + ".";
+}
+
+std::string AirMailSunSpotNumberGet(bool bShowError)
+{
+    return AirMailIniGet(kAirMailIniFile, "Propagation", "SSN", bShowError);
+}

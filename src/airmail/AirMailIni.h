@@ -1,0 +1,28 @@
+/// @file AirMailIni.h
+/// The reader of Airmail's initialisation files that every other Airmail read goes through, and the
+/// hint that ends every Airmail message.
+///
+/// Texts:   UTF-8 here, Windows-1252 in the files. Messages break lines with carriage returns
+/// alone. Errors:  a missing file, section or key, and an empty value, are all the empty text.
+/// Tests:   tests/airmail/AirMailIniTest.cpp
+#pragma once
+
+#include <string>
+
+inline constexpr const char* kAirMailIniFile = "Airmail.ini";
+
+/// One value of a file in the data folder, cut to 511 characters.
+/// @param bShowError  an empty result shows a warning box: which section, key and file, and the
+///                    hint.
+[[nodiscard]] std::string AirMailIniGet(const std::string& sFile, const std::string& sSection,
+                                        const std::string& sKey, bool bShowError);
+
+/// Two carriage returns, then the request to check the data folder, which it names.
+[[nodiscard]] std::string AirMailFolderHint();
+
+/// "Airmail " and the version that last ran here, with a notice when it is not 3.1.936, the one
+/// tested with; "Unable to get current version number." when it is not known. Shows no box.
+[[nodiscard]] std::string AirMailVersionText();
+
+/// The sunspot number as Airmail keeps it, empty when there is none (told by a box when asked for).
+[[nodiscard]] std::string AirMailSunSpotNumberGet(bool bShowError);

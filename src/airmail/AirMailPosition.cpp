@@ -1,0 +1,71 @@
+#include "airmail/AirMailPosition.h"
+
+#include <array>
+
+#include "airmail/AirMailIni.h"
+#include "geo/MathLib.h"
+#include "system/NumberLib.h"
+
+namespace {
+
+struct Place {
+    const char* sSection;
+    const char* sLatitude;
+    const char* sLongitude;
+    const char* sTime;  // nothing: this place keeps no time
+};
+
+constexpr std::array kPlaces{
+    Place{"Position Report", "Current Latitude", "Current Longitude", "Current Time"},
+    Place{"Position Report", "Latitude", "Longitude", "DateTime"},
+    Place{"Propagation", "Latitude", "Longitude", nullptr},
+};
+
+Result<bool> PlaceRead(const Place& place, double& dLatitude, double& dLongitude, DateTime& dtTime,
+                       bool bShowError)
+{
+    const auto ValueGet = [&](const char* sKey) {
+        return AirMailIniGet(kAirMailIniFile, place.sSection, sKey, bShowError);
+    };
+    const std::string sLatitude = ValueGet(place.sLatitude);
+    if (sLatitude.empty() || !TextToLatitude(sLatitude, dLatitude, bShowError))
+        return false;
+    const std::string sLongitude = ValueGet(place.sLongitude);
+    if (sLongitude.empty() || !TextToLongitude(sLongitude, dLongitude, bShowError))
+        return false;
+    if (!place.sTime)
+        return true;
+    const std::string sTime = ValueGet(place.sTime);
+    if (sTime.empty())
+        return false;
+    const auto resTime = DateTimeFromText(sTime);
+    if (!resTime)
+        return resTime.ErrorGet();
+    dtTime = resTime.ValueGet();
+    return true;
+}
+
+}  // namespace
+
+Result<bool> AirMailPositionGet(double& dLatitude, double& dLongitude, DateTime& dtTime,
+                                bool bShowError)
+{
+    dtTime = {};
+    for (const Place& place : kPlaces) {
+        const bool bLast = &place == &kPlaces.back();
+        auto resFound = PlaceRead(place, dLatitude, dLongitude, dtTime, bLast && bShowError);
+        if (!resFound || resFound.ValueGet())
+            return resFound;
+    }
+    return false;
+}
+
+std::string AirMailAgeText(const DateTime& dtTime)
+{
+    const DateTime dtNow = UtcNow();
+    if (const long long nDays = DayBoundaries(dtTime, dtNow))
+        return NumberToText(nDays) + " days";
+    if (const long long nHours = HourBoundaries(dtTime, dtNow))
+        return NumberToText(nHours) + " hours";
+    return NumberToText(MinuteBoundaries(dtTime, dtNow)) + " minutes";
+}

@@ -1,0 +1,25 @@
+/// @file AirMailPosition.h
+/// The last position that Airmail knows, and its age in words.
+///
+/// Units:   degrees, north and east positive; times are UTC.
+/// Tests:   tests/airmail/AirMailPositionTest.cpp
+#pragma once
+
+#include <string>
+
+#include "system/ClockLib.h"
+#include "system/Result.h"
+
+/// Tries three places of Airmail.ini in this order: the current position report, the last report
+/// sent, the propagation data. The first two count only when they have a time.
+/// @param dLatitude   may be written by a place that then fails, as may dLongitude: pass locals.
+/// @param dtTime      all zero when the place has no time (the propagation data).
+/// @param bShowError  lets the last place tell what is missing or cannot be decoded (one box).
+/// @return true when a position was found; "Type mismatch" when its time is no date, which no box
+///         has told yet.
+Result<bool> AirMailPositionGet(double& dLatitude, double& dLongitude, DateTime& dtTime,
+                                bool bShowError);
+
+/// Boundaries between dtTime and now, of the largest unit that counts any: "3 days", "1 hours",
+/// "0 minutes". Always plural; negative for a time to come. From 23:59 to 00:01 is "1 days".
+[[nodiscard]] std::string AirMailAgeText(const DateTime& dtTime);

@@ -1,0 +1,76 @@
+/// hopcast-predict: predictions on the command line, by the same services as the windows.
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "app/predict/PredictOptions.h"
+#include "app/predict/PredictRun.h"
+#include "system/ConsoleLib.h"
+#include "system/EngineRootLib.h"
+#include "system/FileLib.h"
+#include "system/MsgLib.h"
+
+namespace {
+
+constexpr int kExitPredicted = 0;
+constexpr int kExitFailed = 1;
+constexpr int kExitUsage = 2;
+
+/// A box's text with its line breaks (single carriage returns too) as lines.
+std::string LinesGet(const std::string& sText)
+{
+    std::string sLines;
+    for (std::size_t n = 0; n < sText.size(); ++n) {
+        if (sText[n] != '\r')
+            sLines += sText[n];
+        else if (n + 1 >= sText.size() || sText[n + 1] != '\n')
+            sLines += '\n';
+    }
+    return sLines;
+}
+
+int Fail(int nStatus, const std::string& sText)
+{
+    std::fprintf(stderr, "hopcast-predict: %s\n", LinesGet(sText).c_str());
+    return nStatus;
+}
+
+/// Standard output that is closed or on a full disk must not pass for success.
+int PrintOut(const std::string& sText)
+{
+    if (std::fwrite(sText.data(), 1, sText.size(), stdout) != sText.size()
+        || std::fflush(stdout) != 0)
+        return Fail(kExitFailed, "the output could not be written");
+    return kExitPredicted;
+}
+
+}  // namespace
+
+int main(int nArguments, char** asArguments)
+{
+    const std::vector<std::string> asWords = ArgumentsGet(nArguments, asArguments);
+    const auto resOptions = PredictOptionsGet(asWords);
+    if (!resOptions)
+        return Fail(kExitUsage, resOptions.TextGet());
+    const PredictOptions& options = resOptions.ValueGet();
+    if (options.bHelp)
+        return PrintOut(PredictHelpGet());
+    if (options.bVersion)
+        return PrintOut("hopcast-predict " HOPCAST_VERSION "\n");
+
+    MsgSetHandler([](MsgIcon, const std::string& sText) { Fail(kExitFailed, sText); });
+    const auto resRoot = EngineRootProvision();
+    const bool bColor = options.sOutput.empty() && ConsoleTakesColor();
+    const auto sText = PredictRunGet(options, bColor);
+    if (!sText) {
+        // Without a root there is no engine; the reason stands behind the engine's own message.
+        return resRoot ? kExitFailed
+                       : Fail(kExitFailed, "Hopcast's own engine folder: " + resRoot.TextGet());
+    }
+    if (options.sOutput.empty())
+        return PrintOut(*sText);
+    if (const auto res = FileReplace(options.sOutput, *sText); !res)
+        return Fail(kExitFailed, "--output: " + options.sOutput + ": " + res.TextGet());
+    return kExitPredicted;
+}

@@ -1,0 +1,55 @@
+#include "app/predict/PredictOptions.h"
+
+std::string PredictHelpGet()
+{
+    return R"(hopcast-predict: HF radio prediction on the command line
+
+Usage:
+  hopcast-predict [--profile FILE] [--tx POS] [--rc POS] [OPTIONS]
+  hopcast-predict --area NORTH,WEST,SOUTH,EAST --hour 0-23 --frequency kHz [--grid N] [OPTIONS]
+
+The first form predicts the signal-to-noise ratio from a transmitter to a receiver for the 24 hours
+of the day; the second the one around the receiver (--rc) over an area, for one hour and frequency.
+Without options the settings' defaults hold; no profile is read unless it is named, and the sunspot
+number is Airmail's unless --ssn gives it.
+
+Positions (POS):
+  LAT,LON                 decimal degrees, north and east positive: 38,-122
+  two texts               38°30.00'N,122°15.00'W
+  grid square             Maidenhead, 4 or 6 characters: FN42
+
+Circuit:
+  --profile FILE          read the settings from a profile first
+  --tx POS                transmitter
+  --rc POS                receiver; the fixed end of an area
+  --frequencies kHz,...   up to 15 frequencies, 100 to 45000 kHz each
+
+Engine:
+  --model NAME            icepac, voacap or rec533 (default rec533)
+  --month 1-12            month (default: the current one)
+  --ssn N                 smoothed sunspot number, 0 to 311
+  --noise dBW             man-made noise in 1 Hz at 3 MHz, -200 to -100 (default -145)
+  --takeoff deg           least takeoff angle, 0 to 40 (default 3)
+  --reliability %         required reliability, 1 to 99 (default 50)
+  --antenna 0|1|2         0 Tx omni, Rc omni; 1 Tx omni, Rc whip; 2 both whip (default 1)
+  --coefficients NAME     CCIR or URSI (default URSI)
+  ICEPAC and VOACAP only:
+  --multipath-power dB    0 to 99 (default 0)
+  --multipath-delay ms    0 to 99 (default 10)
+  --q-index N             geomagnetic Q index, 0 to 9 (default 3)
+  --layers E,F1,F2,Es     layer factors, 0 to 9.99 each (default 1,1,1,0.7)
+
+Area:
+  --area N,W,S,E          bounds in degrees; an east bound west of the west bound crosses longitude 180
+  --hour 0-23             UT hour
+  --frequency kHz         frequency
+  --grid N                points a side, 2 to 999 (default 40)
+
+Output:
+  --format NAME           table (default), csv or json; areas: csv (default) or json
+  --output FILE           write to a file instead of standard output
+  --help, --version
+
+Exit status: 0 predicted, 1 prediction failed, 2 wrong usage.
+)";
+}

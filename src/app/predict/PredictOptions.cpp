@@ -1,0 +1,406 @@
+#include "app/predict/PredictOptions.h"
+
+#include <array>
+#include <cmath>
+#include <functional>
+#include <map>
+#include <string_view>
+#include <vector>
+
+#include "app/predict/PredictPosition.h"
+#include "settings/ProfileLib.h"
+#include "system/FileLib.h"
+#include "system/NumberLib.h"
+#include "system/PathLib.h"
+#include "system/RunErrorText.h"
+#include "system/TextLib.h"
+
+namespace {
+
+constexpr double kFrequencyLeastKhz = 100;
+constexpr double kFrequencyMostKhz = 45000;
+constexpr int kGridLeast = 2;
+constexpr int kGridMost = 999;
+
+enum class Mode { Both, PointToPoint, Area };
+
+/// What an option does with its value; an error says what is wrong with it.
+using ApplyFn = std::function<Result<void>(PredictOptions& options, const std::string& sValue)>;
+
+struct Option {
+    const char* sName;
+    Mode eMode;
+    ApplyFn fnApply;
+};
+
+std::vector<std::string> ListGet(std::string_view sText)
+{
+    std::vector<std::string> asPiece;
+    for (;;) {
+        const std::size_t nComma = sText.find(',');
+        asPiece.emplace_back(TextTrim(sText.substr(0, nComma)));
+        if (nComma == std::string_view::npos)
+            return asPiece;
+        sText.remove_prefix(nComma + 1);
+    }
+}
+
+/// A number within bounds, or an error that names what was expected.
+Result<double> BoundedGet(const std::string& sValue, double dLeast, double dMost, const char* sWhat)
+{
+    const auto res = NumberFromText(sValue);
+    if (!res || res.ValueGet() < dLeast || res.ValueGet() > dMost)
+        return RunError{"\"" + sValue + "\" is not " + sWhat + ", " + NumberToText(dLeast) + " to "
+                        + NumberToText(dMost)};
+    return res;
+}
+
+Result<int> WholeGet(const std::string& sValue, int nLeast, int nMost, const char* sWhat)
+{
+    const auto res = BoundedGet(sValue, nLeast, nMost, sWhat);
+    if (!res)
+        return res.ErrorGet();
+    if (res.ValueGet() != std::floor(res.ValueGet()))
+        return RunError{"\"" + sValue + "\" is not a whole number"};
+    return static_cast<int>(res.ValueGet());
+}
+
+/// An option that sets one single-precision member within bounds.
+ApplyFn SingleOption(float Settings::*pMember, double dLeast, double dMost, const char* sWhat)
+{
+    return [=](PredictOptions& options, const std::string& sValue) -> Result<void> {
+        const auto res = BoundedGet(sValue, dLeast, dMost, sWhat);
+        if (!res)
+            return res.ErrorGet();
+        options.settings.*pMember = static_cast<float>(res.ValueGet());
+        return {};
+    };
+}
+
+Result<void> PositionApply(const std::string& sValue, const char* sEnd, PredictOptions& options,
+                           double& dLat, double& dLon)
+{
+    const auto res = PredictPositionGet(sValue);
+    if (!res)
+        return res.ErrorGet();
+    dLat = res.ValueGet().dLat;
+    dLon = res.ValueGet().dLon;
+    if (!res.ValueGet().sNote.empty())
+        options.sPlaces += std::string(sEnd) + ": " + res.ValueGet().sNote + "\n";
+    return {};
+}
+
+Result<void> ModelApply(PredictOptions& options, const std::string& sValue)
+{
+    const std::map<std::string, int> mapModel{
+        {"ICEPAC", kEngineIcepac}, {"VOACAP", kEngineVoacap}, {"REC533", kEngineRec533}};
+    const auto it = mapModel.find(TextUpper(sValue));
+    if (it == mapModel.end())
+        return RunError{"\"" + sValue + "\" is not an engine: icepac, voacap or rec533"};
+    options.settings.m_iPropagationModel = it->second;
+    return {};
+}
+
+Result<void> MonthApply(PredictOptions& options, const std::string& sValue)
+{
+    const auto res = WholeGet(sValue, 1, 12, "a month");
+    if (!res)
+        return res.ErrorGet();
+    options.settings.m_bPropagationMonth = false;
+    options.settings.m_iPropagationMonth = res.ValueGet();
+    return {};
+}
+
+Result<void> SunSpotApply(PredictOptions& options, const std::string& sValue)
+{
+    const auto res = BoundedGet(sValue, 0, 311, "a smoothed sunspot number");
+    if (!res)
+        return res.ErrorGet();
+    options.settings.m_bPropagationSunSpotNumber = false;
+    options.settings.m_fPropagationSunSpotNumber = static_cast<float>(res.ValueGet());
+    return {};
+}
+
+Result<void> FrequenciesApply(PredictOptions& options, const std::string& sValue)
+{
+    const std::vector<std::string> asPiece = ListGet(sValue);
+    if (asPiece.size() > static_cast<std::size_t>(kFrequencyMax))
+        return RunError{std::to_string(asPiece.size())
+                        + " frequencies given; at most 15 are taken"};
+    int iIndex = 0;
+    for (const std::string& sPiece : asPiece) {
+        const auto res =
+            BoundedGet(sPiece, kFrequencyLeastKhz, kFrequencyMostKhz, "a frequency in kHz");
+        if (!res)
+            return res.ErrorGet();
+        options.settings.FrequencySet(++iIndex, static_cast<float>(res.ValueGet()));
+    }
+    options.settings.m_nData = iIndex;
+    return {};
+}
+
+Result<void> AntennaApply(PredictOptions& options, const std::string& sValue)
+{
+    const auto res = WholeGet(sValue, 0, 2, "an antenna type");
+    if (!res)
+        return res.ErrorGet();
+    options.settings.m_iPropagationAntennaType = res.ValueGet();
+    return {};
+}
+
+Result<void> CoefficientsApply(PredictOptions& options, const std::string& sValue)
+{
+    const std::string sUpper = TextUpper(sValue);
+    if (sUpper != "CCIR" && sUpper != "URSI")
+        return RunError{"\"" + sValue + "\" is not a coefficient set: CCIR or URSI"};
+    options.settings.m_sPropagationIonCoefficients = sUpper;
+    return {};
+}
+
+Result<void> LayersApply(PredictOptions& options, const std::string& sValue)
+{
+    const std::vector<std::string> asPiece = ListGet(sValue);
+    const std::array<float Settings::*, 4> apMember{
+        &Settings::m_fPropagationLayerAdjustE, &Settings::m_fPropagationLayerAdjustF1,
+        &Settings::m_fPropagationLayerAdjustF2, &Settings::m_fPropagationLayerAdjustEs};
+    if (asPiece.size() != apMember.size())
+        return RunError{"give four layer factors: E,F1,F2,Es"};
+    for (std::size_t n = 0; n < apMember.size(); ++n) {
+        const auto res = BoundedGet(asPiece[n], 0, 9.99, "a layer factor");
+        if (!res)
+            return res.ErrorGet();
+        options.settings.*apMember[n] = static_cast<float>(res.ValueGet());
+    }
+    return {};
+}
+
+Result<void> FormatApply(PredictOptions& options, const std::string& sValue)
+{
+    if (sValue == "table")
+        options.eFormat = PredictFormat::Table;
+    else if (sValue == "csv")
+        options.eFormat = PredictFormat::Csv;
+    else if (sValue == "json")
+        options.eFormat = PredictFormat::Json;
+    else
+        return RunError{"\"" + sValue + "\" is not a format: table, csv or json"};
+    return {};
+}
+
+Result<void> AreaApply(PredictOptions& options, const std::string& sValue)
+{
+    const std::vector<std::string> asPiece = ListGet(sValue);
+    if (asPiece.size() != 4)
+        return RunError{"give four bounds: NORTH,WEST,SOUTH,EAST"};
+    struct Bound {
+        double* pValue;
+        double dMost;
+        const char* sWhat;
+    };
+    const std::array<Bound, 4> aBound{{{&options.area.dNorth, 89.9, "a latitude"},
+                                       {&options.area.dWest, 180, "a longitude"},
+                                       {&options.area.dSouth, 89.9, "a latitude"},
+                                       {&options.area.dEast, 180, "a longitude"}}};
+    for (std::size_t n = 0; n < aBound.size(); ++n) {
+        const auto res = BoundedGet(asPiece[n], -aBound[n].dMost, aBound[n].dMost, aBound[n].sWhat);
+        if (!res)
+            return res.ErrorGet();
+        *aBound[n].pValue = res.ValueGet();
+    }
+    if (options.area.dNorth <= options.area.dSouth)
+        return RunError{"the north bound must lie north of the south bound"};
+    if (options.area.dWest == options.area.dEast)
+        return RunError{"the area has no width"};
+    return {};
+}
+
+Result<void> HourApply(PredictOptions& options, const std::string& sValue)
+{
+    const auto res = WholeGet(sValue, 0, 23, "an hour");
+    if (!res)
+        return res.ErrorGet();
+    options.area.iHour = res.ValueGet();
+    return {};
+}
+
+Result<void> AreaFrequencyApply(PredictOptions& options, const std::string& sValue)
+{
+    const auto res =
+        BoundedGet(sValue, kFrequencyLeastKhz, kFrequencyMostKhz, "a frequency in kHz");
+    if (!res)
+        return res.ErrorGet();
+    options.area.fFrequency = static_cast<float>(res.ValueGet());
+    return {};
+}
+
+Result<void> GridApply(PredictOptions& options, const std::string& sValue)
+{
+    const auto res = WholeGet(sValue, kGridLeast, kGridMost, "a number of grid points a side");
+    if (!res)
+        return res.ErrorGet();
+    options.settings.m_iMapOverlayGridSize = res.ValueGet();
+    return {};
+}
+
+std::vector<Option> OptionsMake()
+{
+    return {
+        // The profile is read before any other option is applied (see PredictOptionsGet).
+        {"--profile", Mode::Both,
+         [](PredictOptions&, const std::string&) -> Result<void> { return {}; }},
+        {"--tx", Mode::PointToPoint,
+         [](PredictOptions& options, const std::string& sValue) {
+             Settings& settings = options.settings;
+             return PositionApply(sValue, "Transmitter", options, settings.m_dTxLat,
+                                  settings.m_dTxLon);
+         }},
+        {"--rc", Mode::Both,
+         [](PredictOptions& options, const std::string& sValue) {
+             Settings& settings = options.settings;
+             return PositionApply(sValue, "Receiver", options, settings.m_dRcLat,
+                                  settings.m_dRcLon);
+         }},
+        {"--model", Mode::Both, ModelApply},
+        {"--month", Mode::Both, MonthApply},
+        {"--ssn", Mode::Both, SunSpotApply},
+        {"--frequencies", Mode::PointToPoint, FrequenciesApply},
+        {"--noise", Mode::Both,
+         SingleOption(&Settings::m_fPropagationNoiseLevel, -200, -100, "a noise level in dBW")},
+        {"--takeoff", Mode::Both,
+         SingleOption(&Settings::m_fPropagationTakeoffAngle, 0, 40, "a takeoff angle")},
+        {"--reliability", Mode::Both,
+         SingleOption(&Settings::m_fPropagationReliability, 1, 99, "a reliability in %")},
+        {"--multipath-power", Mode::Both,
+         SingleOption(&Settings::m_fPropagationMultipathPower, 0, 99,
+                      "a multipath power tolerance in dB")},
+        {"--multipath-delay", Mode::Both,
+         SingleOption(&Settings::m_fPropagationMultipathDelay, 0, 99, "a multipath delay in ms")},
+        {"--q-index", Mode::PointToPoint,
+         SingleOption(&Settings::m_fPropagationQIndex, 0, 9, "a Q index")},
+        {"--antenna", Mode::Both, AntennaApply},
+        {"--coefficients", Mode::Both, CoefficientsApply},
+        {"--layers", Mode::Both, LayersApply},
+        {"--format", Mode::Both, FormatApply},
+        {"--output", Mode::Both,
+         [](PredictOptions& options, const std::string& sValue) -> Result<void> {
+             options.sOutput = sValue;
+             return {};
+         }},
+        {"--area", Mode::Area, AreaApply},
+        {"--hour", Mode::Area, HourApply},
+        {"--frequency", Mode::Area, AreaFrequencyApply},
+        {"--grid", Mode::Area, GridApply},
+    };
+}
+
+struct Given {
+    const Option* pOption;
+    std::string sValue;
+};
+
+/// Words to options with their values ("--month 3" and "--month=3").
+Result<std::vector<Given>> GivenGet(std::span<const std::string> asArguments,
+                                    const std::vector<Option>& aOption)
+{
+    std::vector<Given> aGiven;
+    for (std::size_t n = 0; n < asArguments.size(); ++n) {
+        const std::string& sWord = asArguments[n];
+        const std::size_t nEqual = sWord.find('=');
+        const std::string sName = sWord.substr(0, nEqual);
+        const Option* pFound = nullptr;
+        for (const Option& opt : aOption) {
+            if (sName == opt.sName)
+                pFound = &opt;
+        }
+        if (pFound == nullptr)
+            return RunError{"unknown option " + sWord + " (see --help)"};
+        for (const Given& given : aGiven) {
+            if (given.pOption == pFound)
+                return RunError{sName + ": given twice"};
+        }
+        if (nEqual != std::string::npos)
+            aGiven.push_back({pFound, sWord.substr(nEqual + 1)});
+        else if (n + 1 < asArguments.size() && !asArguments[n + 1].starts_with("--"))
+            aGiven.push_back({pFound, asArguments[++n]});
+        else
+            return RunError{sName + ": a value is missing"};
+        if (aGiven.back().sValue.empty())
+            return RunError{sName + ": a value is missing"};
+    }
+    return aGiven;
+}
+
+const Given* GivenFind(const std::vector<Given>& aGiven, std::string_view sName)
+{
+    for (const Given& given : aGiven) {
+        if (given.pOption->sName == sName)
+            return &given;
+    }
+    return nullptr;
+}
+
+/// One of the two modes, and whole.
+Result<void> ModeCheck(const std::vector<Given>& aGiven, PredictOptions& options)
+{
+    options.bArea = GivenFind(aGiven, "--area") != nullptr;
+    for (const Given& given : aGiven) {
+        const Mode eMode = given.pOption->eMode;
+        if (options.bArea && eMode == Mode::PointToPoint)
+            return RunError{std::string(given.pOption->sName) + ": does not go with --area"};
+        if (!options.bArea && eMode == Mode::Area)
+            return RunError{std::string(given.pOption->sName) + ": goes with --area only"};
+    }
+    if (!options.bArea)
+        return {};
+    for (const char* sNeeded : {"--hour", "--frequency"}) {
+        if (GivenFind(aGiven, sNeeded) == nullptr)
+            return RunError{std::string(sNeeded) + ": is needed with --area"};
+    }
+    options.eFormat = PredictFormat::Csv;
+    if (const Given* pFormat = GivenFind(aGiven, "--format");
+        pFormat != nullptr && pFormat->sValue == "table")
+        return RunError{"--format: an area has no table; give csv or json"};
+    return {};
+}
+
+Result<void> ProfileApply(const std::vector<Given>& aGiven, PredictOptions& options)
+{
+    const Given* pProfile = GivenFind(aGiven, "--profile");
+    if (pProfile == nullptr)
+        return {};
+    if (!FileExists(pProfile->sValue))
+        return RunError{"--profile: " + std::string(kFileNotFound) + ", " + pProfile->sValue};
+    // The private-profile service takes a bare name for one in the system's own folder.
+    const bool bBareName = pProfile->sValue.find_first_of("/\\") == std::string::npos;
+    options.settings.m_sProfileFile =
+        bBareName ? PathJoin(".", pProfile->sValue) : pProfile->sValue;
+    ProfileLoad(options.settings, {});
+    return {};
+}
+
+}  // namespace
+
+Result<PredictOptions> PredictOptionsGet(std::span<const std::string> asArguments)
+{
+    PredictOptions options;
+    for (const std::string& sWord : asArguments) {
+        options.bHelp = options.bHelp || sWord == "--help" || sWord == "-h";
+        options.bVersion = options.bVersion || sWord == "--version";
+    }
+    if (options.bHelp || options.bVersion)
+        return options;
+    const std::vector<Option> aOption = OptionsMake();
+    const auto resGiven = GivenGet(asArguments, aOption);
+    if (!resGiven)
+        return resGiven.ErrorGet();
+    const std::vector<Given>& aGiven = resGiven.ValueGet();
+    if (const auto res = ModeCheck(aGiven, options); !res)
+        return res.ErrorGet();
+    if (const auto res = ProfileApply(aGiven, options); !res)
+        return res.ErrorGet();
+    for (const Given& given : aGiven) {
+        if (const auto res = given.pOption->fnApply(options, given.sValue); !res)
+            return RunError{std::string(given.pOption->sName) + ": " + res.TextGet()};
+    }
+    return options;
+}

@@ -1,0 +1,79 @@
+#include "app/predict/PredictPosition.h"
+
+#include <cmath>
+
+#include "airmail/GridSquareLib.h"
+#include "geo/MathLib.h"
+#include "system/NumberLib.h"
+#include "system/TextLib.h"
+
+namespace {
+
+constexpr const char* kForms =
+    "give LAT,LON in degrees (38,-122), 38°30.00'N,122°15.00'W or a grid square (FN42)";
+
+bool LetterIs(char chr, char chrLast) { return chr >= 'A' && chr <= chrLast; }
+
+bool DigitIs(char chr) { return chr >= '0' && chr <= '9'; }
+
+// Field letters A to R, square digits, sub-square letters A to X.
+bool GridSquareIs(const std::string& sUpper)
+{
+    if (sUpper.size() != 4 && sUpper.size() != 6)
+        return false;
+    if (!LetterIs(sUpper[0], 'R') || !LetterIs(sUpper[1], 'R') || !DigitIs(sUpper[2])
+        || !DigitIs(sUpper[3]))
+        return false;
+    return sUpper.size() == 4 || (LetterIs(sUpper[4], 'X') && LetterIs(sUpper[5], 'X'));
+}
+
+// Degrees and minutes with a hemisphere letter, in which a slip must not move a ship to the other
+// side of the world: letter and minutes are checked before the text form's own lenient decoder
+// runs.
+bool DegreeMinutesRead(std::string_view sText, char chrPositive, char chrNegative, bool bLatitude,
+                       double& dAngle)
+{
+    std::string sUpper = TextUpper(TextTrim(sText));
+    if (sUpper.empty() || (sUpper.back() != chrPositive && sUpper.back() != chrNegative))
+        return false;
+    const bool bRead =
+        bLatitude ? TextToLatitude(sUpper, dAngle, false) : TextToLongitude(sUpper, dAngle, false);
+    if (!bRead)
+        return false;
+    const std::size_t nMinutes = sUpper.find(kDegreeSign) + kDegreeSign.size();
+    const auto resMinutes = NumberFromText(sUpper.substr(nMinutes, sUpper.find('\'') - nMinutes));
+    return sUpper.find('-') == std::string::npos && resMinutes && resMinutes.ValueGet() < 60.0;
+}
+
+bool AngleRead(std::string_view sText, bool bLatitude, double& dAngle)
+{
+    if (sText.find(kDegreeSign) != std::string_view::npos)
+        return DegreeMinutesRead(sText, bLatitude ? 'N' : 'E', bLatitude ? 'S' : 'W', bLatitude,
+                                 dAngle);
+    const auto res = NumberFromText(sText);
+    if (res)
+        dAngle = res.ValueGet();
+    return static_cast<bool>(res);
+}
+
+}  // namespace
+
+Result<PredictPosition> PredictPositionGet(std::string_view sText)
+{
+    PredictPosition pos;
+    const std::size_t nComma = sText.find(',');
+    if (nComma == std::string_view::npos) {
+        std::string sGrid = TextUpper(TextTrim(sText));
+        if (!GridSquareIs(sGrid) || !GridSquareToPosition(sGrid, pos.dLat, pos.dLon, false))
+            return RunError{"\"" + std::string(sText) + "\" is no position; " + kForms};
+        return pos;
+    }
+    if (!AngleRead(sText.substr(0, nComma), true, pos.dLat)
+        || !AngleRead(sText.substr(nComma + 1), false, pos.dLon))
+        return RunError{"\"" + std::string(sText) + "\" is no position; " + kForms};
+    if (std::abs(pos.dLat) > 90.0)
+        return RunError{"latitude " + NumberToText(pos.dLat) + " lies outside -90 to 90"};
+    if (std::abs(pos.dLon) > 180.0)
+        return RunError{"longitude " + NumberToText(pos.dLon) + " lies outside -180 to 180"};
+    return pos;
+}

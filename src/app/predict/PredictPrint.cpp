@@ -1,0 +1,206 @@
+#include "app/predict/PredictPrint.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdio>
+
+#include "geo/MathLib.h"
+#include "propagation/SnrColor.h"
+#include "system/NumberLib.h"
+
+namespace {
+
+constexpr float kSnrLeast = -99.0F;  // what the main window's table shows of anything lower
+
+std::string PadLeft(const std::string& sText, std::size_t nWidth)
+{
+    return sText.size() < nWidth ? std::string(nWidth - sText.size(), ' ') + sText : sText;
+}
+
+std::string MegahertzGet(float fKhz)
+{
+    // Decimal kHz to MHz without the noise of a binary division: 14100 kHz is 14.1.
+    std::string sText = NumberFormat(static_cast<double>(fKhz) / 1000.0, "0.000");
+    while (sText.ends_with('0')) sText.pop_back();
+    if (sText.ends_with('.'))
+        sText.pop_back();
+    return sText;
+}
+
+/// Cell text in the colour of its value; black or white on it, whichever reads better.
+std::string CellColored(const std::string& sCell, float fSnr)
+{
+    const std::uint32_t nColor = SnrGetColor(fSnr);
+    const unsigned nRed = nColor & 0xFF;
+    const unsigned nGreen = (nColor >> 8) & 0xFF;
+    const unsigned nBlue = (nColor >> 16) & 0xFF;
+    // Weights of Rec. ITU-R BT.601 luma.
+    const bool bLight = nRed * 299 + nGreen * 587 + nBlue * 114 > 128000;
+    std::array<char, 64> aCode{};
+    std::snprintf(aCode.data(), aCode.size(), "\x1b[%s;48;2;%u;%u;%um", bLight ? "30" : "97", nRed,
+                  nGreen, nBlue);
+    return aCode.data() + sCell + "\x1b[0m";
+}
+
+std::string HeadGet(const PredictRun& run)
+{
+    const Settings& settings = *run.pSettings;
+    const PropagationTable& table = *run.pTable;
+    std::string sText = "Hopcast prediction: " + run.sEngine + ", month "
+                        + NumberToText(settings.m_iPropagationMonth) + ", sunspot number "
+                        + NumberToText(settings.m_fPropagationSunSpotNumber) + " ("
+                        + run.sSunSpotSource + ")\n";
+    sText += "Transmitter " + LatitudeToText(settings.m_dTxLat) + " "
+             + LongitudeToText(settings.m_dTxLon) + "   Receiver "
+             + LatitudeToText(settings.m_dRcLat) + " " + LongitudeToText(settings.m_dRcLon) + "\n";
+    sText += "Range " + NumberFormat(table.fRange, "0") + " nmi   bearing Tx to Rc "
+             + NumberFormat(table.fAzimuthTxRc, "0") + " deg   Rc to Tx "
+             + NumberFormat(table.fAzimuthRcTx, "0") + " deg\n";
+    return sText + run.sPlaces;
+}
+
+std::string Quoted(const std::string& sText)
+{
+    std::string sQuoted = "\"";
+    for (const char chr : sText) {
+        if (chr == '"' || chr == '\\') {
+            sQuoted += '\\';
+            sQuoted += chr;
+        } else if (static_cast<unsigned char>(chr) < 0x20) {
+            std::array<char, 8> aCode{};
+            std::snprintf(aCode.data(), aCode.size(), "\\u%04x", static_cast<unsigned>(chr));
+            sQuoted += aCode.data();
+        } else {
+            sQuoted += chr;
+        }
+    }
+    return sQuoted + '"';
+}
+
+template <class T>
+std::string Pair(const char* sName, T value)
+{
+    return Quoted(sName) + ": " + NumberToText(value);
+}
+
+std::string JsonPosition(const char* sName, double dLat, double dLon)
+{
+    return Quoted(sName) + ": {" + Pair("lat", dLat) + ", " + Pair("lon", dLon) + "}";
+}
+
+std::string JsonCell(const PredictRun& run, int iHour, int iFrequency)
+{
+    const PropagationTable& table = *run.pTable;
+    return "{" + Pair("khz", run.pSettings->FrequencyGet(iFrequency)) + ", " + Quoted("mode") + ": "
+           + Quoted(table.sLayer(iHour, iFrequency)) + ", "
+           + Pair("takeoff_deg", table.fTakeoffAngle(iHour, iFrequency)) + ", "
+           + Pair("delay_ms", table.fTimeDelay(iHour, iFrequency)) + ", "
+           + Pair("height_km", table.fVirtualHeight(iHour, iFrequency)) + ", "
+           + Pair("signal_dbw", table.fSdBW(iHour, iFrequency)) + ", "
+           + Pair("noise_dbw", table.fNdBW(iHour, iFrequency)) + ", "
+           + Pair("snr_db", table.fSnr(iHour, iFrequency)) + "}";
+}
+
+std::string JsonHour(const PredictRun& run, int iHour)
+{
+    const PropagationTable& table = *run.pTable;
+    std::string sText = "    {" + Pair("hour", iHour) + ", " + Pair("utc", iHour - 1) + ", "
+                        + Pair("muf_khz", table.fMUF[iHour]) + ", "
+                        + Pair("luf_khz", table.fLUF[iHour]) + ",\n     " + Quoted("cells") + ": [";
+    for (int i = 1; i <= table.nData; ++i)
+        sText += (i == 1 ? "\n      " : ",\n      ") + JsonCell(run, iHour, i);
+    return sText + "]}";
+}
+
+}  // namespace
+
+std::string PredictTableGet(const PredictRun& run, bool bColor)
+{
+    const Settings& settings = *run.pSettings;
+    const PropagationTable& table = *run.pTable;
+    std::size_t nWidth = 4;
+    for (int i = 1; i <= table.nData; ++i)
+        nWidth = std::max(nWidth, MegahertzGet(settings.FrequencyGet(i)).size() + 1);
+    std::string sText =
+        HeadGet(run)
+        + "\nPredicted SNR in dB by UTC hour and frequency (MHz); MUF and LUF in MHz\n";
+    sText += "UTC";
+    for (int i = 1; i <= table.nData; ++i)
+        sText += PadLeft(MegahertzGet(settings.FrequencyGet(i)), nWidth);
+    sText += "   MUF   LUF\n";
+    for (int iHour = 1; iHour <= kHourCount; ++iHour) {
+        sText += " " + NumberFormat(static_cast<double>(iHour - 1), "00");
+        for (int i = 1; i <= table.nData; ++i) {
+            const float fSnr = std::max(table.fSnr(iHour, i), kSnrLeast);
+            const std::string sCell = PadLeft(NumberFormat(fSnr, "0"), nWidth);
+            sText += bColor ? CellColored(sCell, fSnr) : sCell;
+        }
+        sText += PadLeft(NumberFormat(static_cast<double>(table.fMUF[iHour]) / 1000.0, "0.0"), 6);
+        sText +=
+            PadLeft(NumberFormat(static_cast<double>(table.fLUF[iHour]) / 1000.0, "0.0"), 6) + "\n";
+    }
+    return sText;
+}
+
+std::string PredictCsvGet(const PredictRun& run)
+{
+    const PropagationTable& table = *run.pTable;
+    std::string sText =
+        "hour,utc,muf_khz,luf_khz,khz,mode,takeoff_deg,delay_ms,height_km,signal_dbw,noise_dbw,snr_"
+        "db\n";
+    for (int iHour = 1; iHour <= kHourCount; ++iHour) {
+        const std::string sHour = NumberToText(iHour) + "," + NumberToText(iHour - 1) + ","
+                                  + NumberToText(table.fMUF[iHour]) + ","
+                                  + NumberToText(table.fLUF[iHour]) + ",";
+        for (int i = 1; i <= table.nData; ++i) {
+            sText += sHour + NumberToText(run.pSettings->FrequencyGet(i)) + ","
+                     + table.sLayer(iHour, i) + "," + NumberToText(table.fTakeoffAngle(iHour, i))
+                     + "," + NumberToText(table.fTimeDelay(iHour, i)) + ","
+                     + NumberToText(table.fVirtualHeight(iHour, i)) + ","
+                     + NumberToText(table.fSdBW(iHour, i)) + ","
+                     + NumberToText(table.fNdBW(iHour, i)) + ","
+                     + NumberToText(table.fSnr(iHour, i)) + "\n";
+        }
+    }
+    return sText;
+}
+
+std::string PredictJsonGet(const PredictRun& run)
+{
+    const Settings& settings = *run.pSettings;
+    const PropagationTable& table = *run.pTable;
+    std::string sText = "{\n  " + Quoted("model") + ": " + Quoted(run.sEngine) + ",\n  "
+                        + Pair("year", run.nYear) + ",\n  "
+                        + Pair("month", settings.m_iPropagationMonth) + ",\n  "
+                        + Pair("ssn", settings.m_fPropagationSunSpotNumber) + ",\n  "
+                        + JsonPosition("tx", settings.m_dTxLat, settings.m_dTxLon) + ",\n  "
+                        + JsonPosition("rc", settings.m_dRcLat, settings.m_dRcLon) + ",\n  "
+                        + Pair("azimuth_tx_rc", table.fAzimuthTxRc) + ",\n  "
+                        + Pair("azimuth_rc_tx", table.fAzimuthRcTx) + ",\n  "
+                        + Pair("range_nmi", table.fRange) + ",\n  " + Quoted("hours") + ": [\n";
+    for (int iHour = 1; iHour <= kHourCount; ++iHour)
+        sText += JsonHour(run, iHour) + (iHour < kHourCount ? ",\n" : "\n");
+    return sText + "  ]\n}\n";
+}
+
+std::string PredictAreaCsvGet(const std::vector<PredictPoint>& aPoint)
+{
+    std::string sText = "lat,lon,snr_db\n";
+    for (const PredictPoint& pnt : aPoint)
+        sText += NumberToText(pnt.dLat) + "," + NumberToText(pnt.dLon) + ","
+                 + NumberToText(pnt.fSnr) + "\n";
+    return sText;
+}
+
+std::string PredictAreaJsonGet(const std::vector<PredictPoint>& aPoint)
+{
+    std::string sText = "{\n  " + Quoted("points") + ": [\n";
+    for (std::size_t n = 0; n < aPoint.size(); ++n) {
+        const PredictPoint& pnt = aPoint[n];
+        sText += "    {" + Pair("lat", pnt.dLat) + ", " + Pair("lon", pnt.dLon) + ", "
+                 + Pair("snr_db", pnt.fSnr) + "}";
+        sText += n + 1 < aPoint.size() ? ",\n" : "\n";
+    }
+    return sText + "  ]\n}\n";
+}

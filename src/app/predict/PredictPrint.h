@@ -1,0 +1,36 @@
+/// @file PredictPrint.h
+/// A prediction as text: a table for people, comma-separated values and JSON for programs.
+///
+/// Units:   kHz, degrees, ms, km, dBW, dB, nautical miles, as the names of the columns tell.
+/// Tests:   tests/app/PredictPrintTest.cpp
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "propagation/PropagationTable.h"
+#include "settings/Settings.h"
+
+/// What the head of the output tells of the run.
+struct PredictRun {
+    const Settings* pSettings;  ///< month and sunspot number are those of the run
+    const PropagationTable* pTable;
+    int nYear;                   ///< year of the decks
+    std::string sEngine;         ///< display name, "REC533 (built-in)"
+    std::string sSunSpotSource;  ///< "given" or "Airmail"
+    std::string sPlaces;         ///< lines on positions taken from Airmail, or nothing
+};
+
+/// One grid point of an area.
+struct PredictPoint {
+    double dLat;
+    double dLon;
+    float fSnr;
+};
+
+/// @param bColor  24-bit terminal colours on the cells (SnrGetColor).
+[[nodiscard]] std::string PredictTableGet(const PredictRun& run, bool bColor);
+[[nodiscard]] std::string PredictCsvGet(const PredictRun& run);
+[[nodiscard]] std::string PredictJsonGet(const PredictRun& run);
+[[nodiscard]] std::string PredictAreaCsvGet(const std::vector<PredictPoint>& aPoint);
+[[nodiscard]] std::string PredictAreaJsonGet(const std::vector<PredictPoint>& aPoint);

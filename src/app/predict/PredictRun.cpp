@@ -1,0 +1,154 @@
+#include "app/predict/PredictRun.h"
+
+#include <vector>
+
+#include "app/predict/PredictPrint.h"
+#include "propagation/EngineLib.h"
+#include "propagation/PropagationAreaLib.h"
+#include "propagation/PropagationInput.h"
+#include "propagation/PropagationLib.h"
+#include "settings/SunSpotLib.h"
+#include "system/ClockLib.h"
+#include "system/EngineRootLib.h"
+#include "system/MsgLib.h"
+
+namespace {
+
+/// Counts the boxes that a run shows. A list in several chunks may fail in one of them and still
+/// end well; half a table is no answer for a program that reads it.
+class BoxCounter {
+public:
+    BoxCounter()
+    {
+        m_fnBefore = MsgSetHandler([this](MsgIcon eIcon, const std::string& sText) {
+            ++m_nShown;
+            m_fnBefore(eIcon, sText);
+        });
+    }
+    ~BoxCounter() { MsgSetHandler(m_fnBefore); }
+    BoxCounter(const BoxCounter&) = delete;
+    BoxCounter& operator=(const BoxCounter&) = delete;
+
+    [[nodiscard]] int ShownGet() const { return m_nShown; }
+
+private:
+    MsgBoxFn m_fnBefore;
+    int m_nShown = 0;
+};
+
+std::string EngineNameGet(int iModel)
+{
+    const Engine* pEngine = EngineFind(iModel);
+    if (pEngine == nullptr)
+        return "no engine";
+    std::string sName(pEngine->sName);
+    return EngineIsBuiltIn(std::string(pEngine->sProgram)) && iModel == kEngineRec533
+               ? sName + " (built-in)"
+               : sName;
+}
+
+/// Month and sunspot number of the run, as the main window's update takes them.
+bool SettingsComplete(Settings& settings)
+{
+    float fSunSpotNumber = 0;
+    const auto res = SunSpotNumberGet(settings, fSunSpotNumber);
+    if (!res)
+        return MsgFail(MsgIcon::Exclamation, "Airmail's sunspot number: " + res.TextGet());
+    if (!res.ValueGet())
+        return false;
+    if (settings.m_bPropagationMonth)
+        settings.m_iPropagationMonth = UtcNow().nMonth;
+    return true;
+}
+
+std::optional<std::string> PointToPointGet(const PredictOptions& options, const Settings& settings,
+                                           bool bColor)
+{
+    const PropagationInput input = PropagationInputFromSettings(settings);
+    PropagationTable table(input.nData);
+    const BoxCounter box;
+    const bool bOk = PropagationRun(input, table);
+    if (!bOk && box.ShownGet() == 0)
+        MsgBox(MsgIcon::Exclamation,
+               input.nData < 1 ? "The frequency list is empty." : "There is no such engine.");
+    if (!bOk || box.ShownGet() > 0)
+        return std::nullopt;
+    const PredictRun run{&settings,
+                         &table,
+                         LocalNow().nYear,
+                         EngineNameGet(settings.m_iPropagationModel),
+                         settings.m_bPropagationSunSpotNumber ? "Airmail" : "given",
+                         options.sPlaces};
+    switch (options.eFormat) {
+        case PredictFormat::Csv:
+            return PredictCsvGet(run);
+        case PredictFormat::Json:
+            return PredictJsonGet(run);
+        case PredictFormat::Table:
+            break;
+    }
+    return PredictTableGet(run, bColor);
+}
+
+/// One engine run over a box that does not cross longitude 180.
+bool AreaPointsAppend(const PropagationAreaInput& input, std::vector<PredictPoint>& aPoint)
+{
+    AreaFile file;
+    if (!PropagationAreaOpen(input, file) || !PropagationAreaOpenFile(input.iModel, file))
+        return false;
+    int iIndex1 = 0;
+    int iIndex2 = 0;
+    PredictPoint pnt{};
+    const std::size_t nBefore = aPoint.size();
+    for (;;) {
+        const auto res =
+            PropagationAreaReadPoint(file, iIndex1, iIndex2, pnt.dLat, pnt.dLon, pnt.fSnr);
+        if (!res)
+            return MsgFail(MsgIcon::Exclamation, res.TextGet());
+        if (!res.ValueGet())
+            break;
+        aPoint.push_back(pnt);
+    }
+    const auto nWanted =
+        static_cast<std::size_t>(input.nGridSize) * static_cast<std::size_t>(input.nGridSize);
+    if (aPoint.size() - nBefore != nWanted)
+        return MsgFail(MsgIcon::Exclamation, "The engine's grid is not complete.");
+    return true;
+}
+
+std::optional<std::string> AreaGet(const PredictOptions& options, const Settings& settings)
+{
+    PropagationAreaInput input = PropagationAreaInputFromSettings(settings);
+    input.iHour = options.area.iHour;
+    input.fFrequency = options.area.fFrequency / 1000.0F;
+    input.dNorth = options.area.dNorth;
+    input.dSouth = options.area.dSouth;
+    input.dWest = options.area.dWest;
+    input.dEast = options.area.dEast;
+    std::vector<PredictPoint> aPoint;
+    bool bOk = false;
+    if (input.dWest < input.dEast) {
+        bOk = AreaPointsAppend(input, aPoint);
+    } else {
+        // The engines would go the long way round, so an area over longitude 180 is two.
+        input.dEast = 180.0;
+        bOk = AreaPointsAppend(input, aPoint);
+        input.dWest = -180.0;
+        input.dEast = options.area.dEast;
+        bOk = bOk && AreaPointsAppend(input, aPoint);
+    }
+    if (!bOk)
+        return std::nullopt;
+    return options.eFormat == PredictFormat::Json ? PredictAreaJsonGet(aPoint)
+                                                  : PredictAreaCsvGet(aPoint);
+}
+
+}  // namespace
+
+std::optional<std::string> PredictRunGet(const PredictOptions& options, bool bColor)
+{
+    Settings settings = options.settings;
+    if (!SettingsComplete(settings))
+        return std::nullopt;
+    return options.bArea ? AreaGet(options, settings) : PointToPointGet(options, settings, bColor);
+}

@@ -1,0 +1,14 @@
+/// @file PredictRun.h
+/// The two predictions of the console program, from options to text.
+/// Tests:   tests/app/HopcastPredictTest.cpp
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "app/predict/PredictOptions.h"
+
+/// Runs the prediction that the options ask for. Boxes come out on the way.
+/// @param bColor  colours in the table.
+/// @return the text to print; nothing when the prediction failed (a box has told why).
+[[nodiscard]] std::optional<std::string> PredictRunGet(const PredictOptions& options, bool bColor);

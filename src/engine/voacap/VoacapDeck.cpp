@@ -1,0 +1,153 @@
+#include "engine/voacap/VoacapDeck.h"
+
+#include <algorithm>
+
+#include "system/NumberLib.h"
+#include "system/TextLib.h"
+
+namespace {
+
+constexpr int kFrequencyCol = 11;  // FREQUENCY card: fields F5.1 from here
+constexpr int kFrequencyWidth = 5;
+constexpr int kGridCol = 11;  // Gridsize line: I5
+constexpr int kGridWidth = 5;
+constexpr int kGridMax = 999;  // the grid file counts its points in three columns
+
+std::vector<std::string_view> DeckLines(std::string_view sDeck)
+{
+    std::vector<std::string_view> asLines;
+    while (!sDeck.empty()) {
+        const std::size_t nEnd = std::min(sDeck.find('\n'), sDeck.size());
+        std::string_view sLine = sDeck.substr(0, nEnd);
+        sDeck.remove_prefix(std::min(nEnd + 1, sDeck.size()));
+        if (sLine.ends_with('\r'))
+            sLine.remove_suffix(1);
+        asLines.push_back(sLine);
+    }
+    return asLines;
+}
+
+std::string ColumnsName(std::string_view sCard, int nCol, int nWidth)
+{
+    return std::string(sCard) + " card, columns " + NumberToText(nCol) + "-"
+           + NumberToText(nCol + nWidth - 1);
+}
+
+Result<std::vector<double>> FrequenciesRead(std::string_view sCard)
+{
+    std::vector<double> aFrequencies;
+    const std::string_view sUsed = sCard.substr(0, sCard.find_last_not_of(' ') + 1);
+    for (int nCol = kFrequencyCol; nCol <= static_cast<int>(sUsed.size());
+         nCol += kFrequencyWidth) {
+        const auto resMHz = NumberFromText(TextColumns(sUsed, nCol, kFrequencyWidth));
+        if (!resMHz)
+            return RunError{ColumnsName("FREQUENCY", nCol, kFrequencyWidth) + ": no number"};
+        aFrequencies.push_back(resMHz.ValueGet());
+    }
+    if (aFrequencies.empty())
+        return RunError{"FREQUENCY card: no frequency"};
+    return aFrequencies;
+}
+
+/// The antenna file between the brackets of a card, "[DEFAULT\CONST17.VOA  ]" or
+/// "[DEFAULT \SWWHIP.VOA  ]".
+Result<VoacapAntenna> AntennaRead(std::string_view sCard)
+{
+    const std::size_t nOpen = sCard.find('[');
+    const std::size_t nClose = sCard.find(']', std::min(nOpen, sCard.size()));
+    if (nClose != std::string_view::npos) {
+        const std::string_view sName = sCard.substr(nOpen + 1, nClose - nOpen - 1);
+        const std::size_t nSlash = sName.find('\\');
+        const std::string sFolder(TextTrim(sName.substr(0, nSlash)));
+        const std::string sFile(nSlash == std::string_view::npos
+                                    ? std::string_view()
+                                    : TextTrim(sName.substr(nSlash + 1)));
+        const auto fnUsable = [](const std::string& s) {
+            return !s.empty() && !s.starts_with('.') && s.find_first_of("/\\") == std::string::npos;
+        };
+        if (fnUsable(sFolder) && fnUsable(sFile))
+            return VoacapAntenna{sFolder, sFile};
+    }
+    return RunError{"antenna card without a file name in brackets: " + std::string(sCard)};
+}
+
+Result<void> AntennaAdd(VoacapDeck& deck, std::string_view sCard)
+{
+    auto resAntenna = AntennaRead(sCard);
+    if (!resAntenna)
+        return resAntenna.ErrorGet();
+    deck.aAntennas.push_back(resAntenna.ValueGet());
+    return {};
+}
+
+/// The line as voacapl wants it labelled; nothing else of it changes.
+std::string AreaLineTranslate(std::string_view sLine)
+{
+    struct Label {
+        std::string_view sOurs, sPort;
+    };
+    constexpr Label kLabels[] = {{"PCenter  :", "Pcenter  :"}, {"Sssns    :", "Ssns     :"}};
+    for (const Label& label : kLabels)
+        if (sLine.starts_with(label.sOurs))
+            return std::string(label.sPort) + std::string(sLine.substr(label.sOurs.size()));
+    return std::string(sLine);
+}
+
+Result<int> GridRead(std::string_view sLine)
+{
+    const auto resGrid = NumberFromText(TextColumns(sLine, kGridCol, kGridWidth));
+    if (resGrid) {
+        const int nGrid = static_cast<int>(std::clamp(resGrid.ValueGet(), 0.0, kGridMax + 1.0));
+        if (nGrid >= 1 && nGrid <= kGridMax)
+            return nGrid;
+    }
+    return RunError{ColumnsName("Gridsize", kGridCol, kGridWidth) + ": no grid size of 1 to 999"};
+}
+
+}  // namespace
+
+Result<VoacapDeck> VoacapDeckPoint(std::string_view sDeck)
+{
+    VoacapDeck deck;
+    bool bAfterFrequency = false;
+    for (const std::string_view sLine : DeckLines(sDeck)) {
+        if (bAfterFrequency && TextTrim(sLine).empty())
+            continue;
+        bAfterFrequency = sLine.starts_with("FREQUENCY");
+        if (bAfterFrequency) {
+            auto resFrequencies = FrequenciesRead(sLine);
+            if (!resFrequencies)
+                return resFrequencies.ErrorGet();
+            deck.aFrequencies = resFrequencies.ValueGet();
+        }
+        if (sLine.starts_with("ANTENNA"))
+            if (const auto resAdded = AntennaAdd(deck, sLine); !resAdded)
+                return resAdded.ErrorGet();
+        deck.sText.append(sLine).push_back('\n');
+    }
+    if (deck.aFrequencies.empty())
+        return RunError{"no FREQUENCY card"};
+    return deck;
+}
+
+Result<VoacapDeck> VoacapDeckArea(std::string_view sDeck)
+{
+    VoacapDeck deck;
+    for (const std::string_view sLine : DeckLines(sDeck)) {
+        if (sLine.starts_with("Qindexs  :"))
+            continue;
+        if (sLine.starts_with("Gridsize :")) {
+            const auto resGrid = GridRead(sLine);
+            if (!resGrid)
+                return resGrid.ErrorGet();
+            deck.nGrid = resGrid.ValueGet();
+        }
+        if (sLine.starts_with("Rec Ants :") || sLine.starts_with("Tx Ants  :"))
+            if (const auto resAdded = AntennaAdd(deck, sLine); !resAdded)
+                return resAdded.ErrorGet();
+        deck.sText.append(AreaLineTranslate(sLine)).push_back('\n');
+    }
+    if (deck.nGrid == 0)
+        return RunError{"no Gridsize card"};
+    return deck;
+}

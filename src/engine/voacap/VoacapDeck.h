@@ -1,0 +1,37 @@
+/// @file VoacapDeck.h
+/// Hopcast's VOACAP decks as the Linux port voacapl accepts them.
+///
+/// voacapl reads the same cards as VOACAP for Windows, but takes a blank card for the next command,
+/// finds the cards of an area deck by labels of its own, and knows no backslash in file names.
+///
+/// Units:   frequencies in MHz.
+/// Errors:  a text that names the card (and its columns) that cannot be used.
+/// Source:  measured on voacapl 0.7.6.
+/// Tests:   tests/engine/voacap/VoacapDeckTest.cpp
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "system/Result.h"
+
+/// An antenna file as a deck names it.
+struct VoacapAntenna {
+    std::string sFolder;  ///< "DEFAULT"
+    std::string sFile;    ///< "CONST17.VOA"
+};
+
+struct VoacapDeck {
+    std::string sText;                     ///< what voacapl is given, LF line ends
+    std::vector<VoacapAntenna> aAntennas;  ///< in the order of the cards
+    std::vector<double> aFrequencies;      ///< point to point: one to ten
+    int nGrid = 0;                         ///< area: points a side
+};
+
+/// A point-to-point deck: the blank card behind FREQUENCY is taken out.
+[[nodiscard]] Result<VoacapDeck> VoacapDeckPoint(std::string_view sDeck);
+
+/// An area deck: "PCenter" and "Sssns" get voacapl's spelling, and the line "Qindexs" is taken out
+/// (voacapl stops at its number; its own default is the same 0).
+[[nodiscard]] Result<VoacapDeck> VoacapDeckArea(std::string_view sDeck);

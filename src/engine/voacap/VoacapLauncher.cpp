@@ -1,0 +1,248 @@
+#include "engine/voacap/VoacapLauncher.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+
+#include "engine/voacap/VoacapDeck.h"
+#include "engine/voacap/VoacapOutput.h"
+#include "engine/voacap/VoacapRunFolder.h"
+#include "system/ChildLib.h"
+#include "system/FileLib.h"
+#include "system/PathLib.h"
+#include "system/RunErrorText.h"
+#include "system/TextLib.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrong = 2;
+constexpr std::size_t kDeckMax = 65536;  // bytes; real decks have less than 1 kB
+constexpr std::size_t kConsoleMax = std::size_t{1} << 20;
+constexpr std::size_t kMessageMax = 200;
+
+// Names in the private folder. voacapl gets it as its working folder and "." as its root, because
+// it cuts long paths and stumbles over blanks.
+constexpr const char* kRunFolder = "run";
+constexpr const char* kAntennaFolder = "antennas";
+constexpr const char* kConsoleFile = "console.txt";
+constexpr const char* kPointDeck = "run/sound.dat";
+constexpr const char* kPointOutput = "run/sound.out";
+constexpr const char* kAreaDeck = "run/working.voa";
+constexpr const char* kAreaOutput = "run/working.vg1";
+
+struct Job {
+    bool bArea = false;
+    fs::path pthRoot;
+    fs::path pthDeck;
+    fs::path pthOutput;
+};
+
+/// A folder of the root by its name without regard to case, as the package's own name for it is.
+fs::path FolderFind(const fs::path& pthRoot, const std::string& sName)
+{
+    std::error_code err;
+    if (fs::exists(pthRoot / sName, err))
+        return pthRoot / sName;
+    for (fs::directory_iterator itr(pthRoot, err), itrEnd; !err && itr != itrEnd;
+         itr.increment(err))
+        if (TextEqualNoCase(itr->path().filename().string(), sName))
+            return itr->path();
+    return pthRoot / sName;
+}
+
+std::optional<Job> ArgumentsRead(std::span<const std::string> asArguments)
+{
+    const auto fnIs = [&](std::size_t i, const char* pszWord) {
+        return TextEqualNoCase(asArguments[i], pszWord);
+    };
+    if (asArguments.size() == 3) {
+        const fs::path pthFolder = FolderFind(asArguments[0], "RUN");
+        return Job{false, asArguments[0], pthFolder / asArguments[1], pthFolder / asArguments[2]};
+    }
+    if (asArguments.size() == 4 && fnIs(1, "AREA") && fnIs(2, "CALC")) {
+        const fs::path pthDeck = FolderFind(asArguments[0], "areadata") / asArguments[3];
+        return Job{true, asArguments[0], pthDeck, fs::path(pthDeck).replace_extension("vg1")};
+    }
+    return std::nullopt;
+}
+
+/// The file of an antenna in a folder that holds antenna folders; empty when it is not there.
+fs::path AntennaFind(const fs::path& pthAntennas, const VoacapAntenna& antenna)
+{
+    std::error_code err;
+    const fs::path pthFile = FolderFind(FolderFind(pthAntennas, antenna.sFolder), antenna.sFile);
+    return fs::is_regular_file(pthFile, err) ? pthFile : fs::path();
+}
+
+Result<void> LinkMake(const fs::path& pthTarget, const fs::path& pthLink)
+{
+    std::error_code err;
+    fs::create_symlink(fs::absolute(pthTarget, err), pthLink, err);
+    if (err && err != std::errc::file_exists)  // both ends may use one antenna
+        return RunErrorFromErrno(err.value());
+    return {};
+}
+
+/// Puts the antenna files where voacapl looks for them: it takes "DEFAULT\CONST17.VOA" of a
+/// point-to-point deck for one file name, and turns the backslash of an area deck.
+Result<void> AntennasPlace(const VoacapRunFolder& folder, const Job& job, const VoacapDeck& deck,
+                           const VoacapPlaces& places)
+{
+    const fs::path pthAntennas = folder.Path(kAntennaFolder);
+    for (const VoacapAntenna& antenna : deck.aAntennas) {
+        fs::path pthFile = AntennaFind(FolderFind(job.pthRoot, kAntennaFolder), antenna);
+        if (pthFile.empty())
+            pthFile = AntennaFind(FolderFind(places.sDataFolder, kAntennaFolder), antenna);
+        if (pthFile.empty())
+            return RunError{"no antenna file " + antenna.sFolder + "\\" + antenna.sFile};
+        std::error_code err;
+        fs::create_directories(pthAntennas / antenna.sFolder, err);
+        for (const char* pszSlash : {"\\", "/"}) {
+            const std::string sName = antenna.sFolder + pszSlash + antenna.sFile;
+            if (const auto resMade = LinkMake(pthFile, pthAntennas / sName); !resMade)
+                return resMade;
+        }
+    }
+    return {};
+}
+
+/// Fills the private folder with links to the package's data and with the translated deck.
+Result<void> FolderFill(const VoacapRunFolder& folder, const Job& job, const VoacapDeck& deck,
+                        const VoacapPlaces& places)
+{
+    std::error_code err;
+    if (!fs::is_directory(places.sDataFolder, err))
+        return RunError{"no data folder " + places.sDataFolder + " (package voacapl-data)"};
+    for (const char* pszName : {"coeffs", "database"}) {
+        const auto resMade = LinkMake(fs::path(places.sDataFolder) / pszName, folder.Path(pszName));
+        if (!resMade)
+            return resMade;
+    }
+    fs::create_directory(folder.Path(kRunFolder), err);
+    fs::create_directory(folder.Path(kAntennaFolder), err);
+    if (const auto resPlaced = AntennasPlace(folder, job, deck, places); !resPlaced)
+        return resPlaced;
+    auto resFile = OutputFile::Open(folder.Path(job.bArea ? kAreaDeck : kPointDeck));
+    if (!resFile)
+        return resFile.ErrorGet();
+    if (const auto resWritten = resFile.ValueGet().Write(deck.sText); !resWritten)
+        return resWritten;
+    return resFile.ValueGet().Close();
+}
+
+/// What voacapl said that tells the cause best: its first line of an error, else its last line.
+std::string ConsoleTell(const std::string& sConsoleFile)
+{
+    auto resConsole = FileRead(sConsoleFile, kConsoleMax);
+    if (!resConsole)
+        return {};
+    std::string sTold;
+    const std::string& sAll = resConsole.ValueGet();
+    for (std::size_t nStart = 0; nStart < sAll.size();) {
+        const std::size_t nEnd = std::min(sAll.find('\n', nStart), sAll.size());
+        const std::string sLine(TextTrim(std::string_view(sAll).substr(nStart, nEnd - nStart)));
+        nStart = nEnd + 1;
+        if (sLine.empty())
+            continue;
+        sTold = sLine;
+        if (sLine.find("rror") != std::string::npos || sLine.starts_with("STOP"))
+            break;
+    }
+    return sTold.empty() ? sTold : ": " + sTold.substr(0, kMessageMax);
+}
+
+Result<void> VoacaplRun(const VoacapRunFolder& folder, const Job& job, const VoacapPlaces& places)
+{
+    ProcessCommand command;
+    command.asWords = {places.sProgram, std::string("--run-dir=") + kRunFolder, "-s", "."};
+    if (job.bArea)
+        command.asWords.insert(command.asWords.end(), {"area", "calc", "working.voa"});
+    else
+        command.asWords.insert(command.asWords.end(), {"sound.dat", "sound.out"});
+    command.sWorkFolder = folder.Path();
+    command.sOutputFile = folder.Path(kConsoleFile);
+    const auto resEnded = ChildRun(command, places.dSeconds);
+    if (!resEnded)
+        return RunError{places.sProgram + " cannot be started: " + resEnded.TextGet()};
+    switch (resEnded.ValueGet().eEnd) {
+        case ChildEnd::TimeLimit:
+            return RunError{"VOACAP did not finish in time"};
+        case ChildEnd::Interrupted:
+            return RunError{"interrupted"};
+        case ChildEnd::Killed:
+            return RunError{"VOACAP crashed" + ConsoleTell(command.sOutputFile)};
+        case ChildEnd::Exited:
+            break;
+    }
+    if (resEnded.ValueGet().nCode != 0)
+        return RunError{"VOACAP failed" + ConsoleTell(command.sOutputFile)};
+    return {};
+}
+
+Result<void> OutputCheck(const VoacapRunFolder& folder, const Job& job, const VoacapDeck& deck)
+{
+    const auto resChecked =
+        job.bArea ? VoacapOutputGridCheck(folder.Path(kAreaOutput), deck.nGrid)
+                  : VoacapOutputPointCheck(folder.Path(kPointOutput), deck.aFrequencies);
+    if (resChecked)
+        return {};
+    return RunError{"VOACAP's output is not complete (" + resChecked.TextGet() + ")"
+                    + ConsoleTell(folder.Path(kConsoleFile))};
+}
+
+Result<void> JobRun(const Job& job, const VoacapDeck& deck, const VoacapPlaces& places)
+{
+    auto resFolder = VoacapRunFolder::Make(job.pthOutput.parent_path().string());
+    if (!resFolder)
+        return RunError{"no run folder in " + job.pthOutput.parent_path().string() + ": "
+                        + resFolder.TextGet()};
+    const VoacapRunFolder& folder = resFolder.ValueGet();
+    if (const auto resFilled = FolderFill(folder, job, deck, places); !resFilled)
+        return resFilled;
+    if (const auto resRun = VoacaplRun(folder, job, places); !resRun)
+        return resRun;
+    if (const auto resChecked = OutputCheck(folder, job, deck); !resChecked)
+        return resChecked;
+    std::error_code err;
+    fs::rename(folder.Path(job.bArea ? kAreaOutput : kPointOutput), job.pthOutput, err);
+    if (err)
+        return RunError{job.pthOutput.string() + ": " + RunErrorFromErrno(err.value()).sText};
+    return {};
+}
+
+/// Printable, and on one line, whatever a deck or voacapl held.
+VoacapOutcome OutcomeTell(int nStatus, std::string sText)
+{
+    for (char& c : sText)
+        if (static_cast<unsigned char>(c) < ' ' || c == '\x7f')
+            c = ' ';
+    return {nStatus, sText};
+}
+
+}  // namespace
+
+VoacapOutcome VoacapLaunch(std::span<const std::string> asArguments, const VoacapPlaces& places)
+{
+    const auto job = ArgumentsRead(asArguments);
+    if (!job)
+        return {kWrong, "usage: voacapw.exe ROOT DECK OUTPUT, or voacapw.exe ROOT AREA CALC DECK"};
+    // An old output must not pass for this run's, whatever happens now.
+    std::error_code errIgnored;
+    if (!fs::is_directory(job->pthOutput, errIgnored))
+        fs::remove(job->pthOutput, errIgnored);
+
+    const auto resBytes = FileRead(job->pthDeck.string(), kDeckMax);
+    if (!resBytes)
+        return OutcomeTell(kWrong, "deck " + job->pthDeck.string() + ": " + resBytes.TextGet());
+    const auto resDeck =
+        job->bArea ? VoacapDeckArea(resBytes.ValueGet()) : VoacapDeckPoint(resBytes.ValueGet());
+    if (!resDeck)
+        return OutcomeTell(kWrong, "deck " + job->pthDeck.string() + ": " + resDeck.TextGet());
+    const auto resRun = JobRun(*job, resDeck.ValueGet(), places);
+    if (!resRun)
+        return OutcomeTell(kFailed, resRun.TextGet());
+    return {};
+}

@@ -1,0 +1,32 @@
+/// @file VoacapLauncher.h
+/// VOACAP outside Windows: the command line of voacapw.exe, answered by the Linux port voacapl.
+///
+/// A run happens in a private folder against the read-only data of voacapl's package. Only a
+/// complete output is moved into place; after a failure no output is there, not even an old one.
+///
+/// Units:   seconds.
+/// Tests:   tests/engine/voacap/VoacapLauncherTest.cpp, VoacapProgramTest.cpp
+#pragma once
+
+#include <span>
+#include <string>
+
+/// What is run, and against which data.
+struct VoacapPlaces {
+    std::string sProgram = "voacapl";  ///< looked up in PATH
+    std::string sDataFolder = "/usr/share/voacapl/itshfbc";
+    /// Hopcast kills the launcher and voacapl at 5 seconds. Giving up a little earlier leaves time
+    /// to clean up.
+    double dSeconds = 4.8;
+};
+
+struct VoacapOutcome {
+    int nStatus = 0;    ///< exit status: 0 predicted, 1 failed, 2 wrong command line or deck
+    std::string sText;  ///< one line that tells the failure
+};
+
+/// Runs one prediction. asArguments are "ROOT DECK OUTPUT" with both names relative to ROOT/RUN, or
+/// "ROOT AREA CALC DECK" with the name relative to ROOT/areadata; the grid file then has the deck's
+/// name with the extension "vg1".
+[[nodiscard]] VoacapOutcome VoacapLaunch(std::span<const std::string> asArguments,
+                                         const VoacapPlaces& places);

@@ -1,0 +1,13 @@
+/// @file AntennaCards.h
+/// The antenna cards of the point-to-point decks. Their last field is the transmitter's power in
+/// kW.
+#pragma once
+
+#include <string_view>
+
+// clang-format off
+inline constexpr std::string_view kTxConst17 = R"(ANTENNA       1    1    2   30     0.000[DEFAULT\CONST17.VOA  ]  0.0    0.1000)";
+inline constexpr std::string_view kTxWhip    = R"(ANTENNA       1    1    2   30     0.000[DEFAULT\SWWHIP.VOA   ]  0.0    5.0000)";
+inline constexpr std::string_view kRcConst17 = R"(ANTENNA       2    2    2   30     0.000[DEFAULT\CONST17.VOA  ]  0.0    0.1000)";
+inline constexpr std::string_view kRcWhip    = R"(ANTENNA       2    2    2   30     0.000[DEFAULT\SWWHIP.VOA   ]  0.0    0.0000)";
+// clang-format on

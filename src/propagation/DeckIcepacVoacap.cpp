@@ -1,0 +1,109 @@
+#include <cmath>
+
+#include "propagation/AntennaCards.h"
+#include "propagation/DeckLib.h"
+#include "propagation/DeckWriter.h"
+
+namespace {
+
+void CircuitPut(DeckWriter& deck, const PropagationInput& input)
+{
+    using namespace circuit_row;
+    deck.Text(kLabel, "CIRCUIT");
+    deck.Number(kTxLat, std::abs(input.dTxLat));
+    deck.Text(kTxLatLetter, LatitudeLetter(input.dTxLat));
+    deck.Number(kTxLon, std::abs(input.dTxLon));
+    deck.Text(kTxLonLetter, LongitudeLetter(input.dTxLon));
+    deck.Number(kRcLat, std::abs(input.dRcLat));
+    deck.Text(kRcLatLetter, LatitudeLetter(input.dRcLat));
+    deck.Number(kRcLon, std::abs(input.dRcLon));
+    deck.Text(kRcLonLetter, LongitudeLetter(input.dRcLon));
+    deck.Number(kLongPath, 0);
+    deck.LineEnd();
+}
+
+void SystemPut(DeckWriter& deck, const PropagationInput& input)
+{
+    using namespace system_row;
+    deck.Text(kCardLabel, "SYSTEM");
+    deck.Number(kPower, 1);
+    deck.Number(kNoise, -input.fNoiseLevel);
+    deck.Number(kTakeoff, input.fTakeoffAngle);
+    deck.Number(kReliability, input.fReliability);
+    deck.Number(kRequiredSnr, 40);  // dB, fixed; no setting feeds it
+    deck.Number(kMultipathPower, input.fMultipathPower);
+    deck.Number(kMultipathDelay, input.fMultipathDelay);
+    deck.LineEnd();
+}
+
+void FprobPut(DeckWriter& deck, const PropagationInput& input)
+{
+    deck.Text(kCardLabel, "FPROB");
+    deck.Number(fprob_row::kE, input.fLayerAdjustE);
+    deck.Number(fprob_row::kF1, input.fLayerAdjustF1);
+    deck.Number(fprob_row::kF2, input.fLayerAdjustF2);
+    deck.Number(fprob_row::kEs, input.fLayerAdjustEs);
+    deck.LineEnd();
+}
+
+void AntennasPut(DeckWriter& deck, int iAntennaType)
+{
+    switch (iAntennaType) {
+        case 0:
+            deck.Line(kTxConst17);
+            deck.Line(kRcConst17);
+            break;
+        case 1:
+            deck.Line(kTxConst17);
+            deck.Line(kRcWhip);
+            break;
+        case 2:
+            deck.Line(kTxWhip);
+            deck.Line(kRcWhip);
+            break;
+        default:  // no antenna card
+            break;
+    }
+}
+
+}  // namespace
+
+Result<std::string> DeckIcepacVoacap(const PropagationInput& input, int iFirst, int iLast,
+                                     int nYear)
+{
+    DeckWriter deck;
+    deck.Line("LINEMAX      55");
+    deck.Text(kCardLabel, "COEFFS");
+    deck.Text(11, input.sIonCoefficients);
+    deck.LineEnd();
+    deck.Text(kCardLabel, "TIME");
+    deck.Number(time_row::kFirst, 0);
+    deck.Number(time_row::kLast, 23);
+    deck.Number(time_row::kStep, 1);
+    deck.Number(time_row::kUniversal, 1);
+    deck.LineEnd();
+    deck.Text(kCardLabel, "MONTH");
+    deck.Number(month_row::kYear, nYear);
+    deck.Number(month_row::kMonth, input.nMonth);
+    deck.LineEnd();
+    deck.Text(kCardLabel, "SUNSPOT");
+    deck.Number(sunspot_row::kSunSpot, input.fSunSpotNumber);
+    deck.Number(sunspot_row::kQIndex, input.fQIndex);
+    deck.LineEnd();
+    deck.Line("LABEL     XMTR                  RCVR");
+    CircuitPut(deck, input);
+    SystemPut(deck, input);
+    FprobPut(deck, input);
+    AntennasPut(deck, input.iAntennaType);
+    deck.Line("METHOD       26    0");
+    deck.Line("EXECUTE");
+    deck.Text(kCardLabel, "FREQUENCY");
+    for (int i = iFirst; i <= iLast; ++i)
+        deck.Number(FieldAt(frequency_row::kFirst, i - iFirst), input.FrequencyGet(i) / 1000.0F);
+    deck.LineEnd();
+    deck.Line("");
+    deck.Line("METHOD       20    0");
+    deck.Line("EXECUTE");
+    deck.Line("QUIT");
+    return deck.TextTake();
+}

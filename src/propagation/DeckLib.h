@@ -1,0 +1,26 @@
+/// @file DeckLib.h
+/// The text decks that tell an engine what to compute: pure functions from input to bytes.
+///
+/// Text:    ASCII lines with CR LF on every platform.
+/// Errors:  a value that does not fit its field is "Invalid procedure call or argument".
+/// Tests:   tests/propagation/DeckTest.cpp (golden decks, byte for byte)
+#pragma once
+
+#include <string>
+
+#include "propagation/PropagationInput.h"
+#include "system/Result.h"
+
+/// Point-to-point deck of ICEPAC and VOACAP: the MUF/LUF table (method 26), then the full system
+/// performance (method 20) at the chunk's frequencies.
+/// @param iFirst, iLast  frequency indices of the chunk, at most 10 of them
+/// @param nYear          the current year of the computer's local clock, whatever the month
+[[nodiscard]] Result<std::string> DeckIcepacVoacap(const PropagationInput& input, int iFirst,
+                                                   int iLast, int nYear);
+
+/// Point-to-point deck of REC533. It takes no Q index, multipath and layer values.
+[[nodiscard]] Result<std::string> DeckRec533(const PropagationInput& input, int iFirst, int iLast,
+                                             int nYear);
+
+/// Area deck of the input's engine. The noise level is written as it is handed over: positive.
+[[nodiscard]] Result<std::string> DeckArea(const PropagationAreaInput& input);

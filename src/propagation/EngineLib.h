@@ -1,0 +1,47 @@
+/// @file EngineLib.h
+/// The three engines, their files, and whether they are installed.
+///
+/// Paths:   the engine package's own layout, fixed; PathToHost maps them to this host.
+/// Tests:   tests/propagation/EngineLibTest.cpp
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "settings/Settings.h"
+
+struct Engine {
+    int iModel;                     ///< EngineModel
+    std::string_view sProgram;      ///< program file
+    std::string_view sName;         ///< display name
+    std::string_view sExecuteName;  ///< its name in "Unable to execute ... program."
+    std::string_view sAreaDeck;
+    std::string_view sAreaGrid;
+};
+
+/// The engine of a model; nothing for any other number.
+[[nodiscard]] const Engine* EngineFind(int iModel);
+
+/// Full path of the engine's program; for an unknown model the bare program folder.
+[[nodiscard]] std::string EngineProgramPath(int iModel);
+
+inline constexpr std::string_view kSoundDeck = "c:\\itshfbc\\RUN\\sound.dat";
+inline constexpr std::string_view kSoundOutput = "c:\\itshfbc\\RUN\\sound.out";
+inline constexpr std::string_view kAreaFolder = "c:\\itshfbc\\areadata\\";
+/// What an engine says on its standard output and error streams goes here, and is gone after the
+/// run.
+inline constexpr std::string_view kEngineConsole = "c:\\itshfbc\\RUN\\hopcast.txt";
+/// Held from writing a deck to reading its output.
+inline constexpr std::string_view kEngineLock = "c:\\itshfbc\\hopcast.lock";
+
+/// True when the engine's program file exists. When it is missing and bShowError is set, one box
+/// says so.
+bool EngineCheckInstalled(int iModel, bool bShowError);
+
+/// First line that the latest run's engine said, for the status line; empty when it said nothing.
+/// Printable UTF-8 of at most 200 bytes.
+[[nodiscard]] std::string EngineSaidGet();
+
+/// Seconds that one attempt may take; tests shorten it. @return the limit before.
+double EngineLimitSet(double dSeconds);
+inline constexpr double kEngineLimit = 5.0;

@@ -1,0 +1,131 @@
+#include "propagation/EngineRun.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "system/FileLib.h"
+#include "system/MsgLib.h"
+#include "system/PathLib.h"
+#include "system/ProcessLib.h"
+#include "system/TextLib.h"
+
+namespace {
+
+constexpr std::size_t kSaidMax = 200;  // bytes that a status line can show
+
+double& LimitGet()
+{
+    static double dLimit = kEngineLimit;
+    return dLimit;
+}
+
+std::string& SaidGet()
+{
+    static std::string sSaid;
+    return sSaid;
+}
+
+/// A line of foreign bytes as a short printable text.
+std::string PrintableText(const std::string& sLine)
+{
+    std::string sBytes;
+    for (const char cByte : TextTrim(sLine)) {
+        const auto nByte = static_cast<unsigned char>(cByte);
+        if (nByte >= 0x20 && nByte < 0x7F)
+            sBytes += cByte;
+        if (sBytes.size() == kSaidMax)
+            break;
+    }
+    return std::string(TextTrim(sBytes));
+}
+
+void SaidKeep()
+{
+    {
+        auto resFile = TextFile::Open(kEngineConsole);
+        if (!resFile)
+            return;
+        std::string sLine;
+        for (;;) {
+            const Result<bool> resRead = resFile.ValueGet().LineRead(sLine);
+            if (!resRead || !resRead.ValueGet())
+                break;
+            SaidGet() = PrintableText(sLine);
+            if (!SaidGet().empty())
+                break;
+        }
+    }
+    (void)FileDelete(kEngineConsole);
+}
+
+}  // namespace
+
+std::string EngineSaidGet() { return SaidGet(); }
+
+double EngineLimitSet(double dSeconds) { return std::exchange(LimitGet(), dSeconds); }
+
+AttemptTimer::AttemptTimer()
+    : m_tmEnd(std::chrono::steady_clock::now()
+              + std::chrono::duration_cast<std::chrono::steady_clock::duration>(
+                  std::chrono::duration<double>(LimitGet())))
+{
+}
+
+double AttemptTimer::LeftGet() const
+{
+    const std::chrono::duration<double> tmLeft = m_tmEnd - std::chrono::steady_clock::now();
+    return std::max(0.0, tmLeft.count());
+}
+
+Result<FileLock> EngineLockTake(const AttemptTimer& timer)
+{
+    return FileLock::Take(PathToHost(kEngineLock), timer.LeftGet());
+}
+
+Result<void> OldOutputRemove(std::string_view sPath)
+{
+    const Result<void> resDeleted = FileDelete(sPath);
+    if (resDeleted || !FileExists(sPath))
+        return {};
+    const auto resEmptied = OutputFile::Open(sPath);
+    if (!resEmptied)
+        return resDeleted;
+    return {};
+}
+
+Result<int> EngineStart(const Engine& engine, std::initializer_list<std::string_view> asArguments)
+{
+    SaidGet().clear();
+    ProcessCommand command;
+    command.asWords = {EngineProgramPath(engine.iModel), std::string(kEngineRoot)};
+    command.asWords.insert(command.asWords.end(), asArguments.begin(), asArguments.end());
+    command.sWorkFolder = kEngineRoot;
+    command.sOutputFile = kEngineConsole;
+    Result<int> resId = ProcessStart(command);
+    if (!resId || resId.ValueGet() == 0)
+        SaidKeep();
+    return resId;
+}
+
+bool EngineWait(int nProcessId, const AttemptTimer& timer)
+{
+    const bool bFinished = ProcessWait(nProcessId, timer.LeftGet());
+    SaidKeep();
+    return bFinished;
+}
+
+bool EngineNotStarted(const Engine& engine)
+{
+    return MsgFail(MsgIcon::Exclamation,
+                   "Unable to execute " + std::string(engine.sExecuteName) + " program.");
+}
+
+Result<void> DeckWrite(OutputFile& file, const Result<std::string>& resDeck)
+{
+    if (!resDeck)
+        return resDeck.ErrorGet();
+    if (auto resWritten = file.Write(Windows1252FromUtf8(resDeck.ValueGet())); !resWritten)
+        return resWritten;
+    return file.Close();
+}

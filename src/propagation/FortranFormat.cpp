@@ -1,0 +1,50 @@
+#include "propagation/FortranFormat.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include "system/MsgLib.h"
+#include "system/NumberLib.h"
+#include "system/RunErrorText.h"
+
+namespace {
+
+template <class T>
+Result<std::string> FieldMake(T value, std::string_view sFormat)
+{
+    const auto itSpec =
+        std::find_if(kFortranSpecs.begin(), kFortranSpecs.end(),
+                     [&](const FortranSpec& spec) { return spec.sFormat == sFormat; });
+    if (itSpec == kFortranSpecs.end()) {
+        MsgBox(MsgIcon::Exclamation, "FortranFormat, Unknown format " + std::string(sFormat));
+        return std::string();
+    }
+    if (!std::isfinite(value))
+        return RunError{kInvalidCall};
+    // An exact 0 in the position field keeps its digit: the engines' own decks print 0.00 there.
+    const bool bZeroPosition = sFormat == "F6.2" && value == T{0};
+    std::string sText = bZeroPosition ? "0.00" : NumberFormat(value, itSpec->sPattern);
+    const auto nWidth = static_cast<std::size_t>(itSpec->nWidth);
+    if (sText.size() > nWidth)
+        return RunError{kInvalidCall};
+    sText.insert(0, nWidth - sText.size(), ' ');
+    return sText;
+}
+
+}  // namespace
+
+Result<std::string> FortranFormat(double dValue, std::string_view sFormat)
+{
+    return FieldMake(dValue, sFormat);
+}
+
+Result<std::string> FortranFormat(float fValue, std::string_view sFormat)
+{
+    return FieldMake(fValue, sFormat);
+}
+
+Result<std::string> FortranFormat(int nValue, std::string_view sFormat)
+{
+    return FieldMake(static_cast<double>(nValue), sFormat);
+}

@@ -1,0 +1,46 @@
+/// @file FortranFormat.h
+/// Numbers as the engines' cards want them: fixed-width fields, filled with blanks from the left.
+///
+/// Rounding: half away from zero on the shortest decimal text of the value in its own precision, so
+///           a single must be handed over as a single (1.85F with "F5.1" is "  1.9").
+/// Errors:   a text longer than the field, and a value that is not finite, is "Invalid procedure
+///           call or argument": a shifted card would be computed without a complaint.
+/// Tests:    tests/propagation/FortranFormatTest.cpp
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "system/Result.h"
+
+struct FortranSpec {
+    std::string_view sFormat;
+    std::string_view sPattern;  ///< of NumberFormat
+    int nWidth;                 ///< columns
+};
+
+inline constexpr std::array kFortranSpecs{
+    FortranSpec{"I5", "0", 5},       FortranSpec{"I7", "0", 7},
+    FortranSpec{"I10", "0", 10},     FortranSpec{"F5.0", "0.", 5},
+    FortranSpec{"F5.1", ".0", 5},    FortranSpec{"F5.2", ".00", 5},
+    FortranSpec{"F6.2", ".00", 6},   FortranSpec{"F7.1", ".0", 7},
+    FortranSpec{"F7.2", ".00", 7},   FortranSpec{"F7.3", ".000", 7},
+    FortranSpec{"F10.2", ".00", 10}, FortranSpec{"F10.3", ".000", 10},
+};
+
+/// Width of a format; 0 when there is no such format.
+constexpr int FortranWidth(std::string_view sFormat)
+{
+    for (const FortranSpec& spec : kFortranSpecs)
+        if (spec.sFormat == sFormat)
+            return spec.nWidth;
+    return 0;
+}
+
+/// The field of a value. No digit stands before the point of a value below 1 (".5"), save that the
+/// position field "F6.2" prints an exact 0 as "  0.00". An unknown format shows the box
+/// "FortranFormat, Unknown format " with the format behind it, and gives an empty text.
+Result<std::string> FortranFormat(double dValue, std::string_view sFormat);
+Result<std::string> FortranFormat(float fValue, std::string_view sFormat);
+Result<std::string> FortranFormat(int nValue, std::string_view sFormat);

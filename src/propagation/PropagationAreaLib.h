@@ -1,0 +1,57 @@
+/// @file PropagationAreaLib.h
+/// Area predictions for the map's overlay: one hour, one frequency, a grid of points.
+///
+/// Units:   degrees, dB.
+/// Errors:  PropagationAreaOpen and PropagationAreaOpenFile show one box; the point reader hands
+/// its
+///          error to the caller.
+/// Tests:   tests/propagation/PropagationAreaTest.cpp
+#pragma once
+
+#include <optional>
+
+#include "propagation/PropagationInput.h"
+#include "system/FileLib.h"
+#include "system/LockLib.h"
+#include "system/Result.h"
+
+/// A grid file under reading, and the hold on the engine root from an area run to the end of the
+/// reading. Nothing else may run an engine in this program while one with a hold lives.
+class AreaFile {
+public:
+    /// Closes the file and lets the engine root go.
+    void Close();
+
+private:
+    friend bool PropagationAreaOpen(const PropagationAreaInput& input, AreaFile& file);
+    friend bool PropagationAreaOpenFile(int iModel, AreaFile& file);
+    friend Result<bool> PropagationAreaReadPoint(AreaFile& file, int& iIndex1, int& iIndex2,
+                                                 double& dCoordinate1, double& dCoordinate2,
+                                                 float& fSnr);
+
+    Result<void> HeadRead();
+    Result<float> SnrCut(std::string_view sLine) const;
+
+    std::optional<FileLock> m_lock;
+    std::optional<TextFile> m_file;
+    bool m_bHeadRead = false;
+    int m_nSnrColumn = 0;    // from 1; 0: the head names no SNR
+    int m_nSnrLabelEnd = 0;  // last column of the label, under which a value ends
+    bool m_bSignBefore = false;
+};
+
+/// Writes the area deck, deletes the old grid and runs the engine; on success `file` keeps the
+/// engine root until it is closed, read to its end, or destroyed.
+/// @return true when the engine finished in time with exit code 0.
+bool PropagationAreaOpen(const PropagationAreaInput& input, AreaFile& file);
+
+/// Opens the grid that the engine of this model wrote last.
+bool PropagationAreaOpenFile(int iModel, AreaFile& file);
+
+/// Next point of an opened grid.
+/// @param iIndex1, iIndex2            place in the grid along latitude and longitude, from 1
+/// @param dCoordinate1, dCoordinate2  latitude and longitude
+/// @return false at the end of the file; "Type mismatch" when a field is no number (a cut line),
+///         "Invalid procedure call or argument" when the file's head names no SNR.
+Result<bool> PropagationAreaReadPoint(AreaFile& file, int& iIndex1, int& iIndex2,
+                                      double& dCoordinate1, double& dCoordinate2, float& fSnr);

@@ -1,0 +1,71 @@
+/// @file PropagationInput.h
+/// What one prediction is asked for: everything that enters a deck.
+///
+/// Units:   degrees (north and east positive), kHz, dBW, dB, ms, %; MHz for an area's frequency.
+/// Domain:  nothing is checked here; a value that does not fit its field fails the deck.
+/// Tests:   tests/propagation/PropagationInputTest.cpp
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "settings/Settings.h"
+
+/// Values that point-to-point and area decks share.
+struct PropagationModel {
+    int iModel = kEngineRec533;  ///< EngineModel
+    int nMonth = 1;              ///< 1..12
+    std::string sIonCoefficients;
+    float fSunSpotNumber = 0.0F;
+    float fNoiseLevel = 0.0F;    ///< dBW: negative point to point, positive (145) in an area
+    float fTakeoffAngle = 0.0F;  ///< degrees, least takeoff angle
+    float fReliability = 0.0F;   ///< %
+    float fMultipathPower = 0.0F;
+    float fMultipathDelay = 0.0F;
+    float fLayerAdjustE = 1.0F;
+    float fLayerAdjustF1 = 1.0F;
+    float fLayerAdjustF2 = 1.0F;
+    float fLayerAdjustEs = 1.0F;
+    int iAntennaType = 0;
+};
+
+struct PropagationInput : PropagationModel {
+    float fQIndex = 0.0F;
+    double dTxLat = 0.0;
+    double dTxLon = 0.0;
+    double dRcLat = 0.0;
+    double dRcLon = 0.0;
+    int nData = 0;                            ///< frequencies in use, entries 1..nData
+    std::vector<float> afFrequency = {0.0F};  ///< kHz; slot 0 is unused
+
+    /// Entry iFrequency (1..nData), kHz.
+    [[nodiscard]] float FrequencyGet(int iFrequency) const
+    {
+        return afFrequency.at(static_cast<std::size_t>(iFrequency));
+    }
+};
+
+struct PropagationAreaInput : PropagationModel {
+    int iHour = 0;       ///< 0..23 UT
+    int nGridSize = 40;  ///< points a side
+    double dWest = 0.0;
+    double dEast = 0.0;
+    double dSouth = 0.0;
+    double dNorth = 0.0;
+    double dFixedLat = 0.0;  ///< the fixed end, the deck's transmitter
+    double dFixedLon = 0.0;
+    float fFrequency = 0.0F;  ///< MHz
+};
+
+/// Grid points a side that an overlay takes, whatever the setting holds.
+inline constexpr int kGridSizeMin = 2;
+inline constexpr int kGridSizeMax = 999;
+
+/// The prediction that the settings ask for. Month and sunspot number are taken as they stand
+/// there.
+[[nodiscard]] PropagationInput PropagationInputFromSettings(const Settings& settings);
+
+/// The same for an area: the receiver is the fixed end, the noise level turns positive. The caller
+/// sets hour, frequency and bounds.
+[[nodiscard]] PropagationAreaInput PropagationAreaInputFromSettings(const Settings& settings);

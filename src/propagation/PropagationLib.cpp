@@ -1,0 +1,133 @@
+#include "propagation/PropagationLib.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "propagation/DeckLib.h"
+#include "propagation/EngineRun.h"
+#include "propagation/ReaderLib.h"
+#include "system/ClockLib.h"
+#include "system/FileLib.h"
+#include "system/MsgLib.h"
+#include "system/RunErrorText.h"
+
+namespace {
+
+/// Beginnings of a run's messages.
+struct RunTexts {
+    std::string_view sOpen;
+    std::string_view sOutput;
+    std::string_view sShell;
+    std::string_view sInput;
+    std::string_view sNotFinished;
+};
+
+constexpr RunTexts kIcepacVoacapTexts{
+    "PropagationIcepacVoacap, Open ", "PropagationIcepacVoacap, Output ",
+    "PropagationIcepacVoacap, Shell ", "PropagationIcepacVoacap, Input, ",
+    "PropagationIcepacVoacap, Shell do not finish."};
+constexpr RunTexts kRec533Texts{"PropagationRec533, Open ", "PropagationRec533, Output ",
+                                "PropagationRec533, Shell ", "PropagationRec533, Input ",
+                                "PropagationRec533, Shell do not finish."};
+
+struct RunTask {
+    const PropagationInput& input;
+    int iFirst;
+    int iLast;
+    bool bShowError;
+    PropagationTable& table;
+};
+
+bool Fail(const RunTask& task, std::string_view sStage, const std::string& sError = {})
+{
+    if (task.bShowError)
+        MsgBox(MsgIcon::Exclamation, std::string(sStage) + sError);
+    return false;
+}
+
+Result<std::string> DeckMake(const RunTask& task)
+{
+    const int nYear = LocalNow().nYear;
+    if (task.input.iModel == kEngineRec533)
+        return DeckRec533(task.input, task.iFirst, task.iLast, nYear);
+    return DeckIcepacVoacap(task.input, task.iFirst, task.iLast, nYear);
+}
+
+Result<void> OutputRead(const RunTask& task)
+{
+    auto resFile = TextFile::Open(kSoundOutput);
+    if (!resFile)
+        return resFile.ErrorGet();
+    if (task.input.iModel == kEngineRec533)
+        return ReaderRec533(resFile.ValueGet(), task.input, task.iFirst, task.iLast, task.table);
+    return ReaderIcepacVoacap(resFile.ValueGet(), task.iFirst, task.iLast, task.table);
+}
+
+bool ChunkRun(const RunTask& task, const RunTexts& texts)
+{
+    const Engine* pEngine = EngineFind(task.input.iModel);
+    if (!EngineCheckInstalled(task.input.iModel, task.bShowError) || pEngine == nullptr)
+        return false;
+    const AttemptTimer timer;
+    const auto resLock = EngineLockTake(timer);
+    if (!resLock)
+        return Fail(task, texts.sOpen, resLock.TextGet());
+    auto resDeckFile = OutputFile::Open(kSoundDeck);
+    if (!resDeckFile)
+        return Fail(task, texts.sOpen, resDeckFile.TextGet());
+    if (auto resWritten = DeckWrite(resDeckFile.ValueGet(), DeckMake(task)); !resWritten)
+        return Fail(task, texts.sOutput, resWritten.TextGet());
+    const Result<void> resRemoved = OldOutputRemove(kSoundOutput);
+    const Result<int> resId = EngineStart(*pEngine, {"sound.dat", "sound.out"});
+    if (!resId)
+        return Fail(task, texts.sShell, resId.TextGet());
+    if (resId.ValueGet() == 0)
+        return EngineNotStarted(*pEngine);
+    if (!EngineWait(resId.ValueGet(), timer))
+        return Fail(task, texts.sNotFinished);
+    if (!resRemoved)  // the engine could not replace it either
+        return Fail(task, texts.sInput, resRemoved.TextGet());
+    if (auto resRead = OutputRead(task); !resRead)
+        return Fail(task, texts.sInput, resRead.TextGet());
+    return true;
+}
+
+}  // namespace
+
+bool PropagationIcepacVoacap(const PropagationInput& input, int iFirst, int iLast, bool bShowError,
+                             PropagationTable& table)
+{
+    return ChunkRun({input, iFirst, iLast, bShowError, table}, kIcepacVoacapTexts);
+}
+
+bool PropagationRec533(const PropagationInput& input, int iFirst, int iLast, bool bShowError,
+                       PropagationTable& table)
+{
+    return ChunkRun({input, iFirst, iLast, bShowError, table}, kRec533Texts);
+}
+
+bool PropagationRun(const PropagationInput& input, PropagationTable& table)
+{
+    bool bOk = false;
+    for (int iFirst = 1; iFirst <= input.nData; iFirst += kChunkMax) {
+        const int iLast = std::min(iFirst + kChunkMax - 1, input.nData);
+        bOk = false;
+        for (const bool bShowError : {false, true}) {
+            switch (input.iModel) {
+                case kEngineIcepac:
+                case kEngineVoacap:
+                    bOk = PropagationIcepacVoacap(input, iFirst, iLast, bShowError, table);
+                    break;
+                case kEngineRec533:
+                    bOk = PropagationRec533(input, iFirst, iLast, bShowError, table);
+                    break;
+                default:  // no such engine
+                    break;
+            }
+            if (bOk)
+                break;
+        }
+    }
+    return bOk;  // of the last chunk, whatever became of those before; intended
+}

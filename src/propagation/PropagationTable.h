@@ -1,0 +1,95 @@
+/// @file PropagationTable.h
+/// The prediction table: parallel arrays by hour and frequency, as the readers fill them and the
+/// windows show them.
+///
+/// Units:   with each array.
+/// Domain:  hours 0..24 and frequency indices 0..nData; index 0 of both is unused.
+/// Tests:   tests/propagation/PropagationTableTest.cpp
+#pragma once
+
+#include <cassert>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "propagation/DeckLayout.h"
+
+/// One value per hour, index 0..24.
+template <class T>
+class HourArray {
+public:
+    T& operator[](int iHour) { return m_aCells[Index(iHour)]; }
+    const T& operator[](int iHour) const { return m_aCells[Index(iHour)]; }
+
+private:
+    static std::size_t Index(int iHour)
+    {
+        assert(iHour >= 0 && iHour <= kHourCount);
+        return static_cast<std::size_t>(iHour);
+    }
+    std::vector<T> m_aCells = std::vector<T>(kHourCount + 1);
+};
+
+/// One value per hour and frequency, called as fSnr(iHour, iFrequency).
+template <class T>
+class CellArray {
+public:
+    explicit CellArray(int nData)
+        : m_nData(nData), m_aCells(static_cast<std::size_t>((kHourCount + 1) * (nData + 1)))
+    {
+    }
+    T& operator()(int iHour, int iFrequency) { return m_aCells[Index(iHour, iFrequency)]; }
+    const T& operator()(int iHour, int iFrequency) const
+    {
+        return m_aCells[Index(iHour, iFrequency)];
+    }
+
+private:
+    [[nodiscard]] std::size_t Index(int iHour, int iFrequency) const
+    {
+        assert(iHour >= 0 && iHour <= kHourCount && iFrequency >= 0 && iFrequency <= m_nData);
+        return static_cast<std::size_t>(iHour * (m_nData + 1) + iFrequency);
+    }
+    int m_nData;
+    std::vector<T> m_aCells;
+};
+
+struct PropagationTable {
+    /// Every cell zero or empty. A negative count is an empty table.
+    explicit PropagationTable(int nFrequencies = 0) : nData(nFrequencies < 0 ? 0 : nFrequencies) {}
+
+    int nData;                               ///< highest frequency index
+    HourArray<float> fMUF;                   ///< kHz
+    HourArray<float> fLUF;                   ///< kHz
+    CellArray<std::string> sLayer{nData};    ///< the engine's mode text, as it stands in its field
+    CellArray<float> fTakeoffAngle{nData};   ///< degrees
+    CellArray<float> fTimeDelay{nData};      ///< ms; -1 from REC533
+    CellArray<float> fVirtualHeight{nData};  ///< km; -1 from REC533
+    CellArray<float> fSdBW{nData};           ///< signal, dBW
+    CellArray<float> fNdBW{nData};           ///< noise, dBW
+    CellArray<float> fSnr{nData};            ///< dB
+    float fAzimuthTxRc = 0.0F;               ///< degrees
+    float fAzimuthRcTx = 0.0F;               ///< degrees
+    float fRange = 0.0F;                     ///< path length, nautical miles
+};
+
+/// One cell of the table, as the details show a row.
+struct PropagationRecord {
+    std::string sTime;        ///< the hour's label
+    float fFrequency = 0.0F;  ///< kHz
+    float fMUF = 0.0F;
+    float fLUF = 0.0F;
+    std::string sLayer;
+    float fTakeoffAngle = 0.0F;
+    float fTimeDelay = 0.0F;
+    float fVirtualHeight = 0.0F;
+    float fSdBW = 0.0F;
+    float fNdBW = 0.0F;
+    float fSnr = 0.0F;
+};
+
+/// The record of a cell; label and frequency are the caller's.
+/// REQUIRES: iHour in 0..24, iFrequency in 0..nData.
+[[nodiscard]] PropagationRecord PropagationRecordGet(const PropagationTable& table, int iHour,
+                                                     int iFrequency, std::string sTime,
+                                                     float fFrequency);

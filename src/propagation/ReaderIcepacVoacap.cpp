@@ -1,0 +1,74 @@
+#include <string>
+#include <string_view>
+
+#include "propagation/ReaderFields.h"
+#include "propagation/ReaderLib.h"
+#include "system/RunErrorText.h"
+
+namespace {
+
+Result<void> MufTableRead(TextFile& file, PropagationTable& table)
+{
+    std::string sLine;
+    if (auto resFound = FindLine(file, "MUF    LUF", sLine); !resFound)
+        return resFound;
+    if (auto resNext = LineNext(file, sLine); !resNext)  // the blank line under the head
+        return resNext;
+    for (int iHour = 1; iHour <= kHourCount; ++iHour) {
+        if (auto resNext = LineNext(file, sLine); !resNext)
+            return resNext;
+        const Result<float> resMuf = FieldKilohertz(sLine, muf_row::kMuf);
+        if (!resMuf)
+            return resMuf.ErrorGet();
+        table.fMUF[iHour] = resMuf.ValueGet();
+        const Result<float> resLuf = FieldKilohertz(sLine, muf_row::kLuf);
+        if (!resLuf)
+            return resLuf.ErrorGet();
+        table.fLUF[iHour] = resLuf.ValueGet();
+    }
+    return {};
+}
+
+struct NumberRow {
+    std::string_view sLabel;
+    CellArray<float> PropagationTable::*pCells;
+};
+
+// In the order in which a block holds them: the search runs forward only.
+constexpr NumberRow kNumberRows[] = {
+    {"ANGLE", &PropagationTable::fTakeoffAngle},   {"DELAY", &PropagationTable::fTimeDelay},
+    {"V HITE", &PropagationTable::fVirtualHeight}, {"S DBW", &PropagationTable::fSdBW},
+    {"N DBW", &PropagationTable::fNdBW},           {"SNRxx", &PropagationTable::fSnr},
+};
+
+Result<void> HourRead(TextFile& file, int iHour, int iFirst, int iLast, PropagationTable& table)
+{
+    std::string sLine;
+    if (auto resFound = FindLine(file, "MODE", sLine); !resFound)
+        return resFound;
+    LayersRead(sLine, hour_row::kFirst, iHour, iFirst, iLast, table.sLayer);
+    for (const NumberRow& row : kNumberRows) {
+        if (auto resFound = FindLine(file, row.sLabel, sLine); !resFound)
+            return resFound;
+        auto resRow = RowRead(sLine, hour_row::kFirst, iHour, iFirst, iLast, table.*row.pCells);
+        if (!resRow)
+            return resRow;
+    }
+    return {};
+}
+
+}  // namespace
+
+Result<void> ReaderIcepacVoacap(TextFile& file, int iFirst, int iLast, PropagationTable& table)
+{
+    if (iFirst < 1 || iLast > table.nData)
+        return RunError{kSubscriptOutOfRange};
+    if (auto resMuf = MufTableRead(file, table); !resMuf)
+        return resMuf;
+    if (auto resAzimuths = AzimuthsRead(file, table); !resAzimuths)
+        return resAzimuths;
+    for (int iHour = 1; iHour <= kHourCount; ++iHour)
+        if (auto resHour = HourRead(file, iHour, iFirst, iLast, table); !resHour)
+            return resHour;
+    return {};
+}

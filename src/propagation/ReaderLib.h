@@ -1,0 +1,30 @@
+/// @file ReaderLib.h
+/// Readers of the engines' point-to-point outputs: rows found by their labels, values cut from
+/// fixed columns.
+///
+/// Errors:  the conversion is strict, because the engines end with status 0 after most failures and
+///          only the strict reader tells a complete output from a cut one. The description is
+///          returned; what was read before stays in the table.
+/// Tests:   tests/propagation/ReaderTest.cpp
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "propagation/PropagationInput.h"
+#include "propagation/PropagationTable.h"
+#include "system/FileLib.h"
+#include "system/Result.h"
+
+/// Reads lines until one contains the label anywhere, and gives that line; an empty text at the end
+/// of the file.
+Result<void> FindLine(TextFile& file, std::string_view sLabel, std::string& sLine);
+
+/// Output of ICEPAC and VOACAP into the cells iFirst..iLast of each hour. Rows are stored in the
+/// order printed: MUF and LUF begin with 01 UT, the blocks with 24 UT.
+Result<void> ReaderIcepacVoacap(TextFile& file, int iFirst, int iLast, PropagationTable& table);
+
+/// Output of REC533. It gives field strength, which becomes signal power by the frequency (kHz) of
+/// the input: P = (E - 137) - 20 log10(f / 20000).
+Result<void> ReaderRec533(TextFile& file, const PropagationInput& input, int iFirst, int iLast,
+                          PropagationTable& table);

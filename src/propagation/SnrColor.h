@@ -1,0 +1,12 @@
+/// @file SnrColor.h
+/// The colour scale of signal-to-noise ratios, the same in the table, the details and the map.
+///
+/// Units:   dB; colours 0x00BBGGRR (red in the low byte).
+/// Tests:   tests/propagation/SnrColorTest.cpp
+#pragma once
+
+#include <cstdint>
+
+/// Colour of an SNR: bands of 5 dB from 40 dB to 70 dB, lower bounds inclusive; grey below 40 dB
+/// and for not-a-number. The jump from purple (55 dB) to blue (50 dB) is intended.
+[[nodiscard]] std::uint32_t SnrGetColor(float fSnr);

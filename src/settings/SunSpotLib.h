@@ -1,0 +1,17 @@
+/// @file SunSpotLib.h
+/// The sunspot number of the next prediction.
+///
+/// Units:   smoothed sunspot number, single precision.
+/// Tests:   tests/settings/SunSpotLibTest.cpp
+#pragma once
+
+#include "settings/Settings.h"
+#include "system/Result.h"
+
+/// With m_bPropagationSunSpotNumber set, Airmail's number is first stored in
+/// m_fPropagationSunSpotNumber; that member is the answer.
+/// @param fNumber  untouched unless the result is true.
+/// @return true; false when Airmail has no number (a box has told it; the stored number stays);
+///         "Type mismatch" or "Overflow" when Airmail's text is no number, which no box has told
+///         yet.
+Result<bool> SunSpotNumberGet(Settings& settings, float& fNumber);

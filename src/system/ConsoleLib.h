@@ -1,0 +1,15 @@
+/// @file ConsoleLib.h
+/// The console that a program runs in: its arguments as UTF-8, and whether it shows colours.
+/// Tests:   tests/app/HopcastPredictTest.cpp
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// The arguments behind the program's name, in UTF-8 (on Windows taken from the wide command line).
+[[nodiscard]] std::vector<std::string> ArgumentsGet(int nArguments, char** asArguments);
+
+/// True when standard output is a terminal that shows 24-bit colours. NO_COLOR forbids them,
+/// CLICOLOR_FORCE=1 asks for them anywhere. On Windows the console is told to understand them, and
+/// to take UTF-8.
+[[nodiscard]] bool ConsoleTakesColor();

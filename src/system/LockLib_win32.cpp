@@ -1,0 +1,55 @@
+#include <windows.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "system/HostPath.h"
+#include "system/LockLib.h"
+#include "system/PathLib.h"
+#include "system/RunErrorText.h"
+
+struct FileLock::Handle {
+    HANDLE hFile;
+
+    explicit Handle(HANDLE hOpen) : hFile(hOpen) {}
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    ~Handle() { CloseHandle(hFile); }  // the file goes with its last handle
+};
+
+Result<FileLock> FileLock::Take(const std::string& sPath, double dSeconds)
+{
+    constexpr double kSecondsMax = 1e6;
+    constexpr DWORD kStep = 2;  // ms
+    constexpr ULONGLONG kDyingMax = 250;
+    const std::wstring sFile = WideFromUtf8(PathToHost(sPath));
+    const ULONGLONG nStart = GetTickCount64();
+    const double dLimit = dSeconds > 0.0 ? std::min(dSeconds, kSecondsMax) * 1000.0 : 0.0;
+    for (;;) {
+        // Shared with nobody: the open file itself is the lock, and the system lets go of it when
+        // the program dies.
+        const HANDLE hFile =
+            CreateFileW(sFile.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, 0, nullptr,
+                        OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+        if (hFile != INVALID_HANDLE_VALUE)
+            return FileLock(std::make_unique<Handle>(hFile));
+        const DWORD nCode = GetLastError();
+        const ULONGLONG nElapsed = GetTickCount64() - nStart;
+        // A file that is being deleted denies access for a moment, as does one without rights for
+        // ever.
+        const bool bDying = nCode == ERROR_ACCESS_DENIED && nElapsed < kDyingMax;
+        if (nCode == ERROR_PATH_NOT_FOUND)
+            return RunError{kPathNotFound};
+        if (nCode != ERROR_SHARING_VIOLATION && nCode != ERROR_ACCESS_DENIED)
+            return RunError{nCode == ERROR_DISK_FULL ? kDiskFull : kPathFileAccessError};
+        if ((nCode == ERROR_ACCESS_DENIED && !bDying) || static_cast<double>(nElapsed) >= dLimit)
+            return RunError{kPermissionDenied};
+        Sleep(kStep);
+    }
+}
+
+FileLock::FileLock(std::unique_ptr<Handle> pHandle) : m_pHandle(std::move(pHandle)) {}
+FileLock::FileLock(FileLock&&) noexcept = default;
+FileLock& FileLock::operator=(FileLock&&) noexcept = default;
+FileLock::~FileLock() = default;

@@ -1,0 +1,110 @@
+#include "system/PathLib.h"
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+#include "system/EngineRootLib.h"
+#include "system/FileLib.h"
+#include "system/HostPath.h"
+#include "system/ProfileFolder.h"
+#include "system/TextLib.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool IsSeparator(char cLetter) { return cLetter == '\\' || cLetter == '/'; }
+
+/// What follows c:\itshfbc in the path; nothing when the path lies elsewhere.
+std::optional<std::string_view> EngineRootRest(std::string_view sPath)
+{
+    constexpr std::size_t kDriveLength = 3;  // "c:\"
+    if (sPath.size() < kEngineRoot.size() || !IsSeparator(sPath[kDriveLength - 1]))
+        return std::nullopt;
+    if (!TextEqualNoCase(sPath.substr(0, 1), kEngineRoot.substr(0, 1))
+        || !TextEqualNoCase(sPath.substr(kDriveLength, kEngineRoot.size() - kDriveLength),
+                            kEngineRoot.substr(kDriveLength)))
+        return std::nullopt;
+    const std::string_view sRest = sPath.substr(kEngineRoot.size());
+    if (!sRest.empty() && !IsSeparator(sRest.front()))
+        return std::nullopt;  // c:\itshfbc2
+    return sRest;
+}
+
+std::string ProfileNameOf(const fs::path& pthProgram)
+{
+    std::string sName = TextFromPath(pthProgram.filename());
+    constexpr std::string_view kSuffix = ".exe";
+    if (sName.size() > kSuffix.size()
+        && TextEqualNoCase(std::string_view(sName).substr(sName.size() - kSuffix.size()), kSuffix))
+        sName.resize(sName.size() - kSuffix.size());
+    return sName + ".ini";
+}
+
+/// The shipped profile becomes the user's first one. A failure leaves the defaults in force.
+void ProfileSeed(const fs::path& pthShipped, const fs::path& pthProfile)
+{
+    constexpr std::size_t kProfileMax = std::size_t{1} << 20;
+    std::error_code ec;
+    if (!fs::is_regular_file(pthShipped, ec) || fs::exists(pthProfile, ec))
+        return;
+    if (const auto resBytes = FileRead(TextFromPath(pthShipped), kProfileMax))
+        (void)FileReplace(TextFromPath(pthProfile), resBytes.ValueGet());
+}
+
+}  // namespace
+
+bool PathHasDrive(std::string_view sPath)
+{
+    if (sPath.size() < 2 || sPath[1] != ':')
+        return false;
+    const char cDrive = sPath[0];
+    const bool bLetter = (cDrive >= 'a' && cDrive <= 'z') || (cDrive >= 'A' && cDrive <= 'Z');
+    return bLetter && (sPath.size() == 2 || IsSeparator(sPath[2]));
+}
+
+bool PathIsEngineRoot(std::string_view sPath)
+{
+    return PathHasDrive(sPath) && EngineRootRest(sPath).has_value();
+}
+
+std::string PathToHost(std::string_view sPath)
+{
+    if (!PathHasDrive(sPath))
+        return std::string(sPath);
+    if (const auto sRest = EngineRootRest(sPath))
+        return HostPathBelow(EngineRootGet().sFolder, *sRest);
+    return DrivePathToHost(sPath);
+}
+
+std::string PathJoin(std::string_view sFolder, std::string_view sName)
+{
+    constexpr char kSeparator = static_cast<char>(fs::path::preferred_separator);
+    std::string sPath(sFolder);
+    const bool bEnds = !sPath.empty() && (sPath.back() == '/' || sPath.back() == kSeparator);
+    if (!sPath.empty() && !bEnds)
+        sPath += kSeparator;
+    return sPath.append(sName);
+}
+
+std::string ProgramFolderGet()
+{
+    return TextFromPath(PathFromText(ProgramFileGet()).parent_path());
+}
+
+std::string ProfileFileFor(const std::string& sProgramFile)
+{
+    const fs::path pthProgram = PathFromText(sProgramFile);
+    const fs::path pthBeside = pthProgram.parent_path() / PathFromText(ProfileNameOf(pthProgram));
+    if (!FolderIsSystems(pthProgram.parent_path()) && FolderIsWritable(pthProgram.parent_path()))
+        return TextFromPath(pthBeside);
+    const fs::path pthFolder = ProfileFolderGet();
+    std::error_code ec;
+    fs::create_directories(pthFolder, ec);  // a failure shows when the profile is saved
+    const fs::path pthProfile = pthFolder / pthBeside.filename();
+    ProfileSeed(pthBeside, pthProfile);
+    return TextFromPath(pthProfile);
+}
+
+std::string ProfileFileDefault() { return ProfileFileFor(ProgramFileGet()); }

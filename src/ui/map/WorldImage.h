@@ -1,0 +1,41 @@
+/// @file WorldImage.h
+/// The world image: a Mercator picture in flat colours, far too large to hold, of which any
+/// rectangle is painted from outlines when it is wanted.
+///
+/// Units:   pixels; image pixels count from longitude 0 eastwards and from the top edge down.
+/// Domain:  the whole image spans longitude 0 to 360 and map ordinate +90 to -90. With the size
+///          below that is latitude 84.005 north to south, and one image pixel is a thousandth of
+///          a degree of longitude (111 m on the equator), fine enough for a view to snap to.
+/// Errors:  told by false; the target is then as it was.
+/// Tests:   tests/ui/map/WorldImageTest.cpp, speed in bench/MapBench.cpp
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QRect>
+#include <array>
+
+#include "ui/map/WorldMapData.h"
+
+inline constexpr int kImgWidth = 360000;
+inline constexpr int kImgHeight = 338000;
+
+// The only colours of the image: flat, so that colour borders can be made outlines, and neither
+// black nor white, which the outlines are made of. Pale, so that lines and labels stand out.
+inline constexpr QRgb kSeaColour = qRgb(0xBC, 0xD7, 0xE8);
+inline constexpr std::array<QRgb, kMapColours> kLandColours{
+    qRgb(0xF3, 0xE4, 0xAC),  // sand
+    qRgb(0xBF, 0xD8, 0xA0),  // meadow
+    qRgb(0xED, 0xBF, 0xA5),  // clay
+    qRgb(0xD0, 0xBE, 0xDE),  // heather
+    qRgb(0xD7, 0xC2, 0x96),  // straw
+    qRgb(0xF2, 0xF4, 0xF3),  // ice
+};
+
+/// Paints the rectangle of the image stretched over the whole target: each target pixel takes the
+/// colour of the image at the place of its centre. Target pixels whose place lies outside the image
+/// stay as they are. The same arguments give the same pixels everywhere.
+/// @param imgTarget  Format_RGB32, Format_ARGB32 or Format_ARGB32_Premultiplied, not null
+/// @param rctSource  image pixels; may reach beyond the image; width and height at least 1
+/// @return false when an argument is not of this kind or there is no map; nothing is painted then.
+bool WorldImagePaint(QImage& imgTarget, const QRect& rctSource);

@@ -1,0 +1,306 @@
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "app/predict/PredictOptions.h"
+#include "app/predict/PredictPosition.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+struct BadCase {
+    const char* sName;
+    Words asWords;
+    const char* sExpected;
+};
+std::ostream& operator<<(std::ostream& stm, const BadCase& c) { return stm << c.sName; }
+class PredictBad : public testing::TestWithParam<BadCase> {};
+TEST_P(PredictBad, IsOneLineThatNamesTheOption)
+{
+    const auto res = PredictOptionsGet(GetParam().asWords);
+    ASSERT_FALSE(res);
+    EXPECT_EQ(res.TextGet(), GetParam().sExpected);
+}
+INSTANTIATE_TEST_SUITE_P(
+    All, PredictBad,
+    testing::Values(
+        BadCase{"unknown", {"--colour", "3"}, "unknown option --colour (see --help)"},
+        BadCase{"word", {"38,-122"}, "unknown option 38,-122 (see --help)"},
+        BadCase{"value_missing_at_end", {"--month"}, "--month: a value is missing"},
+        BadCase{"value_missing_before_option",
+                {"--month", "--ssn", "3"},
+                "--month: a value is missing"},
+        BadCase{"value_empty", {"--output="}, "--output: a value is missing"},
+        BadCase{"twice", {"--ssn", "1", "--ssn=2"}, "--ssn: given twice"},
+        BadCase{"latitude_91", {"--tx", "91,0"}, "--tx: latitude 91 lies outside -90 to 90"},
+        BadCase{
+            "longitude_181", {"--rc", "0,-181"}, "--rc: longitude -181 lies outside -180 to 180"},
+        BadCase{"position_word",
+                {"--rc", "home"},
+                "--rc: \"home\" is no position; give LAT,LON in degrees (38,-122), "
+                "38°30.00'N,122°15.00'W or a grid "
+                "square (FN42)"},
+        BadCase{"month_0", {"--month", "0"}, "--month: \"0\" is not a month, 1 to 12"},
+        BadCase{"month_13", {"--month=13"}, "--month: \"13\" is not a month, 1 to 12"},
+        BadCase{"month_half", {"--month", "1.5"}, "--month: \"1.5\" is not a whole number"},
+        BadCase{"sixteen",
+                {"--frequencies",
+                 "1000,2000,3000,4000,5000,6000,7000,8000,9000,10000,11000,12000,13000,14000,15000,"
+                 "16000"},
+                "--frequencies: 16 frequencies given; at most 15 are taken"},
+        BadCase{"frequency_0",
+                {"--frequencies", "14000,0"},
+                "--frequencies: \"0\" is not a frequency in kHz, 100 to 45000"},
+        BadCase{"frequency_text",
+                {"--frequencies", "14000,x"},
+                "--frequencies: \"x\" is not a frequency in kHz, 100 to 45000"},
+        BadCase{"frequency_empty",
+                {"--frequencies", "14000,"},
+                "--frequencies: \"\" is not a frequency in kHz, 100 to 45000"},
+        BadCase{
+            "ssn", {"--ssn", "312"}, "--ssn: \"312\" is not a smoothed sunspot number, 0 to 311"},
+        BadCase{"noise",
+                {"--noise", "145"},
+                "--noise: \"145\" is not a noise level in dBW, -200 to -100"},
+        BadCase{
+            "takeoff", {"--takeoff", "41"}, "--takeoff: \"41\" is not a takeoff angle, 0 to 40"},
+        BadCase{"reliability",
+                {"--reliability", "100"},
+                "--reliability: \"100\" is not a reliability in %, 1 to 99"},
+        BadCase{"antenna", {"--antenna", "3"}, "--antenna: \"3\" is not an antenna type, 0 to 2"},
+        BadCase{"coefficients",
+                {"--coefficients", "ITU"},
+                "--coefficients: \"ITU\" is not a coefficient set: CCIR or URSI"},
+        BadCase{
+            "layers_three", {"--layers", "1,1,1"}, "--layers: give four layer factors: E,F1,F2,Es"},
+        BadCase{"layers_ten",
+                {"--layers", "1,1,1,10"},
+                "--layers: \"10\" is not a layer factor, 0 to 9.99"},
+        BadCase{"model",
+                {"--model", "p533"},
+                "--model: \"p533\" is not an engine: icepac, voacap or rec533"},
+        BadCase{
+            "format", {"--format", "xml"}, "--format: \"xml\" is not a format: table, csv or json"},
+        BadCase{
+            "profile", {"--profile", "/no/such.ini"}, "--profile: File not found, /no/such.ini"},
+        BadCase{"mixed_tx",
+                {"--area", "50,0,40,10", "--hour", "1", "--frequency", "3600", "--tx", "1,1"},
+                "--tx: does not go with --area"},
+        BadCase{
+            "mixed_frequencies",
+            {"--area", "50,0,40,10", "--hour", "1", "--frequency", "3600", "--frequencies", "3600"},
+            "--frequencies: does not go with --area"},
+        BadCase{"hour_alone", {"--hour", "1"}, "--hour: goes with --area only"},
+        BadCase{"grid_alone", {"--grid", "20"}, "--grid: goes with --area only"},
+        BadCase{"area_without_hour",
+                {"--area", "50,0,40,10", "--frequency", "3600"},
+                "--hour: is needed with --area"},
+        BadCase{"area_without_frequency",
+                {"--area", "50,0,40,10", "--hour", "1"},
+                "--frequency: is needed with --area"},
+        BadCase{"area_table",
+                {"--area", "50,0,40,10", "--hour", "1", "--frequency", "3600", "--format", "table"},
+                "--format: an area has no table; give csv or json"},
+        BadCase{"area_three",
+                {"--area", "50,0,40", "--hour", "1", "--frequency", "3600"},
+                "--area: give four bounds: NORTH,WEST,SOUTH,EAST"},
+        BadCase{"area_upside_down",
+                {"--area", "40,0,50,10", "--hour", "1", "--frequency", "3600"},
+                "--area: the north bound must lie north of the south bound"},
+        BadCase{"area_90",
+                {"--area", "90,0,50,10", "--hour", "1", "--frequency", "3600"},
+                "--area: \"90\" is not a latitude, -89.9 to 89.9"},
+        BadCase{"area_no_width",
+                {"--area", "50,10,40,10", "--hour", "1", "--frequency", "3600"},
+                "--area: the area has no width"},
+        BadCase{"hour_24",
+                {"--area", "50,0,40,10", "--hour", "24", "--frequency", "3600"},
+                "--hour: \"24\" is not an hour, 0 to 23"},
+        BadCase{"grid_1",
+                {"--area", "50,0,40,10", "--hour", "1", "--frequency", "3600", "--grid", "1"},
+                "--grid: \"1\" is not a number of grid points a side, 2 to 999"}),
+    [](const testing::TestParamInfo<BadCase>& prm) { return std::string(prm.param.sName); });
+
+TEST(PredictOptions, WithoutWordsAreTheDefaults)
+{
+    const auto res = PredictOptionsGet({});
+    ASSERT_TRUE(res);
+    const PredictOptions& options = res.ValueGet();
+    const Settings settingsDefault;
+    EXPECT_EQ(options.settings.m_iPropagationModel, settingsDefault.m_iPropagationModel);
+    EXPECT_TRUE(options.settings.m_bPropagationMonth);
+    EXPECT_TRUE(options.settings.m_bPropagationSunSpotNumber);
+    EXPECT_EQ(options.settings.m_nData, 15);
+    EXPECT_EQ(options.eFormat, PredictFormat::Table);
+    EXPECT_FALSE(options.bArea);
+    EXPECT_TRUE(options.sOutput.empty());
+}
+
+TEST(PredictOptions, SetEveryMemberTheyName)
+{
+    const auto res = PredictOptionsGet(Words{"--tx",
+                                             "51.5,-0.13",
+                                             "--rc=-33.87,151.21",
+                                             "--model",
+                                             "VoaCap",
+                                             "--month",
+                                             "3",
+                                             "--ssn",
+                                             "100.5",
+                                             "--frequencies",
+                                             "1850, 3600,10125",
+                                             "--noise",
+                                             "-163",
+                                             "--takeoff",
+                                             "0.1",
+                                             "--reliability",
+                                             "90",
+                                             "--multipath-power",
+                                             "3",
+                                             "--multipath-delay",
+                                             "0.85",
+                                             "--q-index",
+                                             "4.5",
+                                             "--antenna",
+                                             "2",
+                                             "--coefficients",
+                                             "ccir",
+                                             "--layers",
+                                             "0.8,1.2,1.1,0.5",
+                                             "--format",
+                                             "json",
+                                             "--output",
+                                             "x.json"});
+    ASSERT_TRUE(res) << res.TextGet();
+    const Settings& settings = res.ValueGet().settings;
+    EXPECT_EQ(settings.m_dTxLat, 51.5);
+    EXPECT_EQ(settings.m_dTxLon, -0.13);
+    EXPECT_EQ(settings.m_dRcLat, -33.87);
+    EXPECT_EQ(settings.m_dRcLon, 151.21);
+    EXPECT_EQ(settings.m_iPropagationModel, kEngineVoacap);
+    EXPECT_FALSE(settings.m_bPropagationMonth);
+    EXPECT_EQ(settings.m_iPropagationMonth, 3);
+    EXPECT_FALSE(settings.m_bPropagationSunSpotNumber);
+    EXPECT_EQ(settings.m_fPropagationSunSpotNumber, 100.5F);
+    EXPECT_EQ(settings.m_nData, 3);
+    EXPECT_EQ(settings.FrequencyGet(1), 1850.0F);
+    EXPECT_EQ(settings.FrequencyGet(3), 10125.0F);
+    EXPECT_EQ(settings.m_fPropagationNoiseLevel, -163.0F);
+    EXPECT_EQ(settings.m_fPropagationTakeoffAngle, 0.1F);
+    EXPECT_EQ(settings.m_fPropagationReliability, 90.0F);
+    EXPECT_EQ(settings.m_fPropagationMultipathPower, 3.0F);
+    EXPECT_EQ(settings.m_fPropagationMultipathDelay, 0.85F);
+    EXPECT_EQ(settings.m_fPropagationQIndex, 4.5F);
+    EXPECT_EQ(settings.m_iPropagationAntennaType, 2);
+    EXPECT_EQ(settings.m_sPropagationIonCoefficients, "CCIR");
+    EXPECT_EQ(settings.m_fPropagationLayerAdjustE, 0.8F);
+    EXPECT_EQ(settings.m_fPropagationLayerAdjustF1, 1.2F);
+    EXPECT_EQ(settings.m_fPropagationLayerAdjustF2, 1.1F);
+    EXPECT_EQ(settings.m_fPropagationLayerAdjustEs, 0.5F);
+    EXPECT_EQ(res.ValueGet().eFormat, PredictFormat::Json);
+    EXPECT_EQ(res.ValueGet().sOutput, "x.json");
+}
+
+TEST(PredictOptions, AnAreaTakesItsBoundsAndMayCrossLongitude180)
+{
+    const auto res =
+        PredictOptionsGet(Words{"--area", "10,170,-30,-160", "--hour", "0", "--frequency", "7100",
+                                "--grid", "21", "--rc", "RG37"});
+    ASSERT_TRUE(res) << res.TextGet();
+    const PredictOptions& options = res.ValueGet();
+    EXPECT_TRUE(options.bArea);
+    EXPECT_EQ(options.eFormat, PredictFormat::Csv);
+    EXPECT_EQ(options.area.dNorth, 10);
+    EXPECT_EQ(options.area.dWest, 170);
+    EXPECT_EQ(options.area.dSouth, -30);
+    EXPECT_EQ(options.area.dEast, -160);
+    EXPECT_EQ(options.area.iHour, 0);
+    EXPECT_EQ(options.area.fFrequency, 7100.0F);
+    EXPECT_EQ(options.settings.m_iMapOverlayGridSize, 21);
+}
+
+TEST(PredictOptions, AProfileIsReadFirstWhereverItStands)
+{
+    const TempFolder tmp;
+    const std::string sProfile =
+        tmp.Write("a.ini",
+                  "[Propagation Model]\r\nSunSpot Option=False\r\nSunSpot Number=55\r\n"
+                  "Month Option=False\r\nMonth Number=2\r\n");
+    const auto res = PredictOptionsGet(Words{"--month", "7", "--profile", sProfile});
+    ASSERT_TRUE(res) << res.TextGet();
+    EXPECT_FALSE(res.ValueGet().settings.m_bPropagationSunSpotNumber);
+    EXPECT_EQ(res.ValueGet().settings.m_fPropagationSunSpotNumber, 55.0F);
+    EXPECT_EQ(res.ValueGet().settings.m_iPropagationMonth, 7);
+}
+
+TEST(PredictOptions, HelpAndVersionWinOverAnythingElse)
+{
+    EXPECT_TRUE(PredictOptionsGet(Words{"--rubbish", "--help"}).ValueGet().bHelp);
+    EXPECT_TRUE(PredictOptionsGet(Words{"--version", "--month", "99"}).ValueGet().bVersion);
+}
+
+struct PlaceCase {
+    const char* sText;
+    double dLat;
+    double dLon;
+};
+std::ostream& operator<<(std::ostream& stm, const PlaceCase& c) { return stm << c.sText; }
+class PredictPlace : public testing::TestWithParam<PlaceCase> {};
+TEST_P(PredictPlace, Reads)
+{
+    const auto res = PredictPositionGet(GetParam().sText);
+    ASSERT_TRUE(res) << res.TextGet();
+    EXPECT_NEAR(res.ValueGet().dLat, GetParam().dLat, 1e-5);
+    EXPECT_NEAR(res.ValueGet().dLon, GetParam().dLon, 1e-5);
+}
+INSTANTIATE_TEST_SUITE_P(
+    All, PredictPlace,
+    testing::Values(PlaceCase{"38,-122", 38, -122}, PlaceCase{" -33.87 , 151.21 ", -33.87, 151.21},
+                    PlaceCase{"38°30.00'N,122°15.00'W", 38.5, -122.25},
+                    PlaceCase{"5°30'S, 7°30'e", -5.5, 7.5}, PlaceCase{"FN42", 42.51304, -70.97391},
+                    PlaceCase{"fn42mm", 42.51304, -70.97391}, PlaceCase{"90,180", 90, 180}));
+
+class PredictPlaceBad : public testing::TestWithParam<const char*> {};
+TEST_P(PredictPlaceBad, IsRefused) { EXPECT_FALSE(PredictPositionGet(GetParam())); }
+INSTANTIATE_TEST_SUITE_P(All, PredictPlaceBad,
+                         testing::Values("", "38", "38,", ",1", "38,-122,3", "x,y", "FN4", "FN42M",
+                                         "ZZ42", "FN42ZZ", "FN42MM99", "91,0", "0,181",
+                                         "38°70.00'N,1°00.00'E", "38°30.00'X,1°00.00'E",
+                                         "38°30.00'E,1°00.00'N", "-38°30.00'N,1°00.00'E",
+                                         "38°30.00,1°00.00'E", "1e1,2"));
+
+TEST(PredictHelp, NamesEveryOption)
+{
+    const std::string sHelp = PredictHelpGet();
+    for (const char* sOption : {"--profile",
+                                "--tx",
+                                "--rc",
+                                "--model",
+                                "--month",
+                                "--ssn",
+                                "--frequencies",
+                                "--noise",
+                                "--takeoff",
+                                "--reliability",
+                                "--multipath-power",
+                                "--multipath-delay",
+                                "--q-index",
+                                "--antenna",
+                                "--coefficients",
+                                "--layers",
+                                "--format",
+                                "--output",
+                                "--area",
+                                "--hour",
+                                "--frequency",
+                                "--grid",
+                                "--help",
+                                "--version"})
+        EXPECT_NE(sHelp.find(sOption), std::string::npos) << sOption;
+}
+
+}  // namespace

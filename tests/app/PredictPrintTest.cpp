@@ -1,0 +1,121 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+
+#include "app/predict/PredictPrint.h"
+
+namespace {
+
+class PredictPrint : public testing::Test {
+protected:
+    PredictPrint()
+    {
+        m_settings.m_nData = 2;
+        m_settings.FrequencySet(1, 7050.6F);
+        m_settings.FrequencySet(2, 14000.0F);
+        m_settings.m_iPropagationMonth = 11;
+        m_settings.m_fPropagationSunSpotNumber = 100.5F;
+        for (int iHour = 1; iHour <= 24; ++iHour) {
+            m_table.fMUF[iHour] = 22600;
+            m_table.fLUF[iHour] = 3250;
+            for (int i = 1; i <= 2; ++i) {
+                m_table.sLayer(iHour, i) = "  1F2";
+                m_table.fTakeoffAngle(iHour, i) = 7.5F;
+                m_table.fTimeDelay(iHour, i) = -1;
+                m_table.fVirtualHeight(iHour, i) = -1;
+                m_table.fSdBW(iHour, i) = -110;
+                m_table.fNdBW(iHour, i) = -156.25F;
+                m_table.fSnr(iHour, i) = i == 1 ? -2532.0F : 46.5F;
+            }
+        }
+        m_table.fAzimuthTxRc = 139.6F;
+        m_table.fAzimuthRcTx = 325.4F;
+        m_table.fRange = 1041.7F;
+    }
+    [[nodiscard]] PredictRun Run() const
+    {
+        return {&m_settings,         &m_table, 2026,
+                "REC533 (built-in)", "given",  "Receiver: Airmail, 3 days old\n"};
+    }
+
+    Settings m_settings;
+    PropagationTable m_table{2};
+};
+
+TEST_F(PredictPrint, TheTableTellsTheRunAndEveryHour)
+{
+    const std::string sText = PredictTableGet(Run(), false);
+    EXPECT_TRUE(sText.starts_with(
+        "Hopcast prediction: REC533 (built-in), month 11, sunspot number 100.5 (given)\n"
+        "Transmitter 38°00.00'N 122°00.00'W   Receiver 24°00.00'N 110°00.00'W\n"
+        "Range 1042 nmi   bearing Tx to Rc 140 deg   Rc to Tx 325 deg\n"
+        "Receiver: Airmail, 3 days old\n\n"
+        "Predicted SNR in dB by UTC hour and frequency (MHz); MUF and LUF in MHz\n"
+        "UTC  7.051     14   MUF   LUF\n"
+        " 00    -99     47  22.6   3.3\n"
+        " 01    -99     47  22.6   3.3\n"))
+        << sText;
+    EXPECT_TRUE(sText.ends_with(" 23    -99     47  22.6   3.3\n")) << sText;
+}
+
+TEST_F(PredictPrint, TheDefaultTableFitsEightyColumns)
+{
+    const Settings settings;
+    const PropagationTable table(15);
+    std::istringstream stm(
+        PredictTableGet({&settings, &table, 2026, "REC533 (built-in)", "Airmail", ""}, false));
+    for (std::string sLine; std::getline(stm, sLine);)
+        EXPECT_LE(sLine.size(), 86u) << sLine;  // two bytes for each of four degree signs
+}
+
+TEST_F(PredictPrint, ColoursFollowTheScale)
+{
+    const std::string sText = PredictTableGet(Run(), true);
+    EXPECT_NE(sText.find("\x1b[30;48;2;128;128;128m    -99\x1b[0m"), std::string::npos) << sText;
+    EXPECT_NE(sText.find("\x1b[97;48;2;0;0;192m     47\x1b[0m"), std::string::npos);
+}
+
+TEST_F(PredictPrint, CsvHasARowAnHourAndFrequency)
+{
+    const std::string sText = PredictCsvGet(Run());
+    EXPECT_EQ(std::count(sText.begin(), sText.end(), '\n'), 1 + 24 * 2);
+    EXPECT_TRUE(
+        sText.starts_with("hour,utc,muf_khz,luf_khz,khz,mode,takeoff_deg,delay_ms,height_km,signal_"
+                          "dbw,noise_dbw,snr_db\n"
+                          "1,0,22600,3250,7050.6,  1F2,7.5,-1,-1,-110,-156.25,-2532\n"
+                          "1,0,22600,3250,14000,  1F2,7.5,-1,-1,-110,-156.25,46.5\n"
+                          "2,1,"))
+        << sText;
+}
+
+TEST_F(PredictPrint, JsonNamesEveryValue)
+{
+    m_table.sLayer(1, 1) = " \"\\\x01";
+    const std::string sText = PredictJsonGet(Run());
+    EXPECT_TRUE(sText.starts_with(
+        "{\n  \"model\": \"REC533 (built-in)\",\n  \"year\": 2026,\n  \"month\": 11,\n  \"ssn\": "
+        "100.5,\n"
+        "  \"tx\": {\"lat\": 38, \"lon\": -122},\n  \"rc\": {\"lat\": 24, \"lon\": -110},\n"
+        "  \"azimuth_tx_rc\": 139.6,\n  \"azimuth_rc_tx\": 325.4,\n  \"range_nmi\": 1041.7,\n  "
+        "\"hours\": [\n"
+        "    {\"hour\": 1, \"utc\": 0, \"muf_khz\": 22600, \"luf_khz\": 3250,\n     \"cells\": [\n"
+        "      {\"khz\": 7050.6, \"mode\": \" \\\"\\\\\\u0001\", \"takeoff_deg\": 7.5, "
+        "\"delay_ms\": -1, "
+        "\"height_km\": -1, \"signal_dbw\": -110, \"noise_dbw\": -156.25, \"snr_db\": -2532},\n"
+        "      {\"khz\": 14000, \"mode\": \"  1F2\""))
+        << sText;
+    EXPECT_TRUE(sText.ends_with("\"snr_db\": 46.5}]}\n  ]\n}\n"));
+}
+
+TEST(PredictArea, PrintsPointsInGridOrder)
+{
+    const std::vector<PredictPoint> aPoint{{10, 179.5, 12.5F}, {10, -179.5, -999.0F}};
+    EXPECT_EQ(PredictAreaCsvGet(aPoint), "lat,lon,snr_db\n10,179.5,12.5\n10,-179.5,-999\n");
+    EXPECT_EQ(PredictAreaJsonGet(aPoint),
+              "{\n  \"points\": [\n    {\"lat\": 10, \"lon\": 179.5, \"snr_db\": 12.5},\n"
+              "    {\"lat\": 10, \"lon\": -179.5, \"snr_db\": -999}\n  ]\n}\n");
+}
+
+}  // namespace

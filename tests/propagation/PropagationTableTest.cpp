@@ -1,0 +1,58 @@
+#include <gtest/gtest.h>
+
+#include "propagation/PropagationTable.h"
+
+namespace {
+
+TEST(PropagationTable, IsEmptyAndHoldsIndexZeroOfBoth)
+{
+    const PropagationTable table(15);
+    for (int iHour = 0; iHour <= 24; ++iHour) {
+        EXPECT_EQ(table.fMUF[iHour], 0.0F);
+        EXPECT_EQ(table.fLUF[iHour], 0.0F);
+        for (int j = 0; j <= 15; ++j) {
+            EXPECT_EQ(table.sLayer(iHour, j), "");
+            EXPECT_EQ(table.fSnr(iHour, j), 0.0F);
+        }
+    }
+}
+
+TEST(PropagationTable, CellsAreApart)
+{
+    PropagationTable table(3);
+    for (int iHour = 0; iHour <= 24; ++iHour)
+        for (int j = 0; j <= 3; ++j) table.fSnr(iHour, j) = static_cast<float>(iHour * 10 + j);
+    for (int iHour = 0; iHour <= 24; ++iHour)
+        for (int j = 0; j <= 3; ++j)
+            EXPECT_EQ(table.fSnr(iHour, j), static_cast<float>(iHour * 10 + j));
+}
+
+TEST(PropagationTable, ANegativeCountIsAnEmptyTable) { EXPECT_EQ(PropagationTable(-1).nData, 0); }
+
+TEST(PropagationRecordGet, HoldsEveryValueOfItsCell)
+{
+    PropagationTable table(5);
+    table.fMUF[7] = 1.0F;
+    table.fLUF[7] = 2.0F;
+    table.sLayer(7, 4) = " 1F2 ";
+    table.fTakeoffAngle(7, 4) = 3.0F;
+    table.fTimeDelay(7, 4) = 4.0F;
+    table.fVirtualHeight(7, 4) = 5.0F;
+    table.fSdBW(7, 4) = 6.0F;
+    table.fNdBW(7, 4) = 7.0F;
+    table.fSnr(7, 4) = 8.0F;
+    const PropagationRecord record = PropagationRecordGet(table, 7, 4, "06:00", 14100.0F);
+    EXPECT_EQ(record.sTime, "06:00");
+    EXPECT_EQ(record.fFrequency, 14100.0F);
+    EXPECT_EQ(record.fMUF, 1.0F);
+    EXPECT_EQ(record.fLUF, 2.0F);
+    EXPECT_EQ(record.sLayer, " 1F2 ");
+    EXPECT_EQ(record.fTakeoffAngle, 3.0F);
+    EXPECT_EQ(record.fTimeDelay, 4.0F);
+    EXPECT_EQ(record.fVirtualHeight, 5.0F);
+    EXPECT_EQ(record.fSdBW, 6.0F);
+    EXPECT_EQ(record.fNdBW, 7.0F);
+    EXPECT_EQ(record.fSnr, 8.0F);
+}
+
+}  // namespace

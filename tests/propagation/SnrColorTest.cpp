@@ -1,0 +1,42 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "propagation/SnrColor.h"
+
+namespace {
+
+struct ColorCase {
+    float fLowest;
+    std::uint32_t nColor;
+    std::uint32_t nColorBelow;
+};
+
+TEST(SnrGetColor, EachBandBeginsExactlyAtItsThreshold)
+{
+    constexpr ColorCase kCases[] = {
+        {70.0F, 0xFF80FF, 0xFF00FF}, {65.0F, 0xFF00FF, 0xC000C0}, {60.0F, 0xC000C0, 0x800080},
+        {55.0F, 0x800080, 0xFF0000}, {50.0F, 0xFF0000, 0xC00000}, {45.0F, 0xC00000, 0x800000},
+        {40.0F, 0x800000, 0x808080},
+    };
+    for (const ColorCase& c : kCases) {
+        EXPECT_EQ(SnrGetColor(c.fLowest), c.nColor) << c.fLowest;
+        EXPECT_EQ(SnrGetColor(std::nextafter(c.fLowest, 0.0F)), c.nColorBelow) << c.fLowest;
+    }
+}
+
+TEST(SnrGetColor, AboveTheTopIsLightVioletAndBelowTheScaleGrey)
+{
+    EXPECT_EQ(SnrGetColor(std::numeric_limits<float>::infinity()), 0xFF80FFU);
+    EXPECT_EQ(SnrGetColor(39.9F), 0x808080U);
+    EXPECT_EQ(SnrGetColor(-999.0F), 0x808080U);
+    EXPECT_EQ(SnrGetColor(-std::numeric_limits<float>::infinity()), 0x808080U);
+}
+
+TEST(SnrGetColor, NotANumberIsGrey)
+{
+    EXPECT_EQ(SnrGetColor(std::numeric_limits<float>::quiet_NaN()), 0x808080U);
+}
+
+}  // namespace
