@@ -337,7 +337,7 @@ void GridControl::keyPressEvent(QKeyEvent* pEvent)
 {
     const bool bEnter = pEvent->key() == Qt::Key_Return || pEvent->key() == Qt::Key_Enter;
     if (bEnter && CurrentGet().DataIs()) {
-        Q_EMIT CellClicked(CurrentGet().iRow, CurrentGet().iCol);
+        Q_EMIT EnterPressed(CurrentGet().iRow, CurrentGet().iCol);
         pEvent->accept();
         return;
     }

@@ -4,7 +4,7 @@
 /// lets a whole table change at once.
 ///
 /// Units:   pixels. Rows and columns count from 0 with the headers; -1 where there is no cell.
-/// Keys:    arrows move the current cell, Enter presses it (CellClicked), the menu key asks for its
+/// Keys:    arrows move the current cell, Enter picks it (EnterPressed), the menu key asks for its
 ///          menu (CellMenu). Tab leaves the grid.
 /// Tests:   tests/ui/common/GridControlTest.cpp
 #pragma once
@@ -66,7 +66,8 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    void CellClicked(int iRow, int iCol);  ///< left click or Enter, data cells
+    void CellClicked(int iRow, int iCol);                           ///< left click on a data cell
+    void EnterPressed(int iRow, int iCol);                          ///< Enter on the current cell
     void CellPressed(int iRow, int iCol, Qt::MouseButton eButton);  ///< any cell, -1 outside
     void CellMenu(int iRow, int iCol, const QPoint& pntGlobal);     ///< menu key on a data cell
     void MouseMoved(int iRow, int iCol);  ///< only when the position differs from the last one seen

@@ -68,7 +68,7 @@ void GridDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
     const bool bCentre = cell.eAlignment.testFlag(Qt::AlignHCenter);
     const int nPadding = bCentre ? 0 : kGridPadding;
     pPainter->drawText(option.rect.adjusted(nPadding, 0, -nPadding, 0),
-                       (cell.eAlignment | Qt::TextSingleLine).toInt(), cell.sText);
+                       cell.eAlignment.toInt() | Qt::TextSingleLine, cell.sText);
     pPainter->restore();
 }
 
@@ -115,7 +115,7 @@ void GridHeader::paintSection(QPainter* pPainter, const QRect& rect, int iSectio
     const Qt::Alignment eAlignment =
         bHours ? cell.eAlignment : Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter);
     const int nPadding = bHours ? 0 : 2 * kGridPadding;
-    pPainter->drawText(rect.adjusted(0, 0, -nPadding, 0), (eAlignment | Qt::TextSingleLine).toInt(),
+    pPainter->drawText(rect.adjusted(0, 0, -nPadding, 0), eAlignment.toInt() | Qt::TextSingleLine,
                        cell.sText);
     pPainter->restore();
 }
