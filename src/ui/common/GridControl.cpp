@@ -7,6 +7,7 @@
 #include <QToolTip>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "ui/common/GridPaint.h"
 
@@ -168,6 +169,12 @@ void GridControl::StaleSet(bool bStale)
     viewport()->update();
 }
 
+void GridControl::HugSet(bool bHug)
+{
+    m_bHug = bHug;
+    RowsStretch();
+}
+
 void GridControl::CurrentSet(int iRow, int iCol)
 {
     if (iRow < 1 || iCol < 1)
@@ -241,7 +248,7 @@ QSize GridControl::sizeHint() const
 {
     const int nHeight = horizontalHeader()->sizeHint().height()
                         + (RowsGet() - 1) * (RowHeightLeast() + 2) + 2 * frameWidth();
-    return {ContentWidth(), nHeight};
+    return {ContentWidth() + m_nBar, nHeight};
 }
 
 QSize GridControl::minimumSizeHint() const
@@ -264,7 +271,9 @@ void GridControl::RowsStretch()
         std::clamp(nRoom / nRows, RowHeightLeast(), std::max(nMost, RowHeightLeast()));
     verticalHeader()->setDefaultSectionSize(nHeight);
     const int nBar = nHeight * nRows > nRoom ? verticalScrollBar()->sizeHint().width() : 0;
-    setMaximumWidth(ContentWidth() + nBar);
+    if (std::exchange(m_nBar, nBar) != nBar)
+        updateGeometry();
+    setMaximumWidth(m_bHug ? ContentWidth() + m_nBar : QWIDGETSIZE_MAX);
 }
 
 void GridControl::resizeEvent(QResizeEvent* pEvent)

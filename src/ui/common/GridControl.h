@@ -53,6 +53,9 @@ public:
     void StaleSet(bool bStale);
     [[nodiscard]] bool StaleGet() const { return m_bStale; }
 
+    /// The grid never grows wider than its columns.
+    void HugSet(bool bHug);
+
     void CurrentSet(int iRow, int iCol);  ///< brought into view; a header or none: no current cell
     [[nodiscard]] GridPlace CurrentGet() const;
     /// The cell under a point of the grid (its own coordinates).
@@ -92,6 +95,8 @@ private:
     GridModel* m_pModel;
     bool m_bRedraw = true;
     bool m_bStale = false;
+    bool m_bHug = false;
+    int m_nBar = 0;  ///< width of the vertical scroll bar, 0 while all rows fit
     std::optional<QPoint> m_pntSeen;
 };
 

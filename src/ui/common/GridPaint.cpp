@@ -53,7 +53,8 @@ void GridDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
         clrFore = TextColorOn(clrBack);
     }
     pPainter->save();
-    pPainter->fillRect(option.rect, clrBack);
+    pPainter->fillRect(option.rect, palette.color(QPalette::Base));
+    pPainter->fillRect(option.rect.adjusted(0, 0, -1, -1), clrBack);
     if (cell.bFrame) {
         const QColor clrText = palette.color(QPalette::Text);
         const QColor clrBase = palette.color(QPalette::Base);

@@ -89,3 +89,11 @@ void WindowOuterSet(QWidget& window, const QRect& rectOuter)
     window.resize(rect.size() - sizeFrame);
     window.move(rect.topLeft());
 }
+
+void WindowPutBeside(QWidget& window, const QWidget& windowOther)
+{
+    const QRect rectScreen = windowOther.screen()->availableGeometry();
+    const QRect rectOther = windowOther.frameGeometry();
+    const int nLeftMost = rectScreen.left() + rectScreen.width() - window.width();
+    window.move(std::min(rectOther.left() + rectOther.width(), nLeftMost), rectOther.top());
+}

@@ -28,3 +28,6 @@ void WindowKeyApply(QRect& rectOuter, WindowKey eKey, float fTwips);
 
 /// Places a window by its outer frame, on a visible screen. A maximised or minimised one stays so.
 void WindowOuterSet(QWidget& window, const QRect& rectOuter);
+
+/// Moves a window not yet shown beside another: to its right, or as far right as the screen goes.
+void WindowPutBeside(QWidget& window, const QWidget& windowOther);

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QFontMetrics>
 #include <QLabel>
+#include <QLayout>
 #include <QTimer>
 
 #include "airmail/AirMailLib.h"
@@ -39,6 +40,7 @@ void frmMain::ControlsSetUp()
     for (LocationField* pField : {txtLon0, txtLon1}) pField->KindSet(LocationKind::Longitude);
     for (QPushButton* pButton : {cmdRcMap, cmdTxMap})
         pButton->setIcon(PictureGet(QStringLiteral("Map")));
+    grdData->HugSet(true);
     lblOld->setVisible(false);
     lblTrouble = new QLabel(this);
     lblTrouble->setObjectName(QStringLiteral("lblTrouble"));
@@ -167,6 +169,11 @@ void frmMain::ActivationBegin()
     HourHeaderLayout();
     FrequencyRowsLayout();
     const QRect rectScreen = screen()->availableGeometry();
+    // The table has only now got its columns; the layouts would learn of that by an event to come.
+    for (QLayout* pLayout : {pnlMain->layout(), centralwidget->layout(), layout()}) {
+        pLayout->invalidate();
+        pLayout->activate();
+    }
     resize(sizeHint().boundedTo(rectScreen.size()));
     ProfileRead();
     AirMailFoldersFind();

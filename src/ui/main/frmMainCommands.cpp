@@ -8,6 +8,7 @@
 #include "system/MsgLib.h"
 #include "ui/common/FileDialog.h"
 #include "ui/details/frmDetails.h"
+#include "ui/main/WindowPlace.h"
 #include "ui/main/frmMain.h"
 
 namespace {
@@ -187,8 +188,10 @@ void frmMain::DetailsRefresh()
     const SelectedCell cell = m_settings.m_selected;
     if (cell.iFrequency == -1 || cell.iHour == -1)
         return;
-    if (!m_pDetails)
+    if (!m_pDetails) {
         m_pDetails = new frmDetails(*this);
+        WindowPutBeside(*m_pDetails, *this);
+    }
     if (!m_pDetails->isVisible())
         m_pDetails->show();
     const QString sTime = grdData->TextGet(0, cell.iHour) + QStringLiteral(":00");

@@ -241,8 +241,10 @@ void frmMain::DataSetSelected(int iRow, int iCol)
 
 void frmMain::StatusShow()
 {
+    // VOACAP of ours is a launcher around the system's; only REC533 is built in.
     const Engine* pEngine = EngineFind(m_settings.m_iPropagationModel);
-    const bool bBuiltIn = pEngine != nullptr && EngineIsBuiltIn(std::string(pEngine->sProgram));
+    const bool bBuiltIn = m_settings.m_iPropagationModel == kEngineRec533
+                          && EngineIsBuiltIn(std::string(pEngine->sProgram));
     lblInForce->setText(QString::fromStdString(StatusInForce(m_settings, bBuiltIn)));
     lblTrouble->setText(QString::fromStdString(m_sTrouble));
     lblTrouble->setToolTip(lblTrouble->text());
