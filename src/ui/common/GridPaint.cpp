@@ -115,7 +115,7 @@ void GridHeader::paintSection(QPainter* pPainter, const QRect& rect, int iSectio
     pPainter->setFont(CellFont(*m_pGrid, cell));
     const Qt::Alignment eAlignment =
         bHours ? cell.eAlignment : Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter);
-    const int nPadding = bHours ? 0 : 2 * kGridPadding;
+    const int nPadding = bHours ? 0 : kGridPadding;
     pPainter->drawText(rect.adjusted(0, 0, -nPadding, 0), eAlignment.toInt() | Qt::TextSingleLine,
                        cell.sText);
     pPainter->restore();

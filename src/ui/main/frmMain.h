@@ -90,7 +90,6 @@ private:
     bool TableMake();
     bool TroubleSet(RunTrouble eTrouble, const std::string& sMessage = {});
     void RangeShow();
-    void TableFill();
     void CellMark(const SelectedCell& cell, bool bMark);
     [[nodiscard]] int HourOffset() const;
     void StatusShow();

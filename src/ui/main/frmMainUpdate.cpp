@@ -14,6 +14,7 @@
 #include "system/NumberLib.h"
 #include "ui/common/MsgWindow.h"
 #include "ui/details/frmDetails.h"
+#include "ui/main/TableView.h"
 #include "ui/main/frmMain.h"
 
 namespace {
@@ -21,8 +22,6 @@ namespace {
 constexpr int kHours = 24;
 constexpr int kTimeZulu = 0;
 constexpr int kTimeLocal = 1;
-/// Lowest SNR shown, dB; anything below it, and what is no number, is shown as it.
-constexpr float kSnrLeast = -99.0F;
 
 QString Formatted(float fValue, const char* sPattern)
 {
@@ -113,7 +112,7 @@ int frmMain::HourOffset() const
 void frmMain::HourHeaderLayout()
 {
     grdData->ColsSet(kHours + 1);
-    grdData->ColWidthSet(0, fontMetrics().horizontalAdvance(QStringLiteral("-30000--")));
+    grdData->ColWidthSet(0, fontMetrics().horizontalAdvance(QStringLiteral("-30000-")));
     const int nWidth = fontMetrics().horizontalAdvance(QStringLiteral("---00"));
     const int nOffset = HourOffset();
     for (int iHour = 1; iHour <= kHours; ++iHour) {
@@ -195,7 +194,7 @@ bool frmMain::TableMake()
         return TroubleSet(RunTrouble::Engine, listener.LastGet());
     m_table = std::move(table);
     RangeShow();
-    TableFill();
+    TableShow(m_table, *grdData);
     return true;
 }
 
@@ -204,20 +203,6 @@ void frmMain::RangeShow()
     lblRange->setText(QStringLiteral("Range:  ") + Formatted(m_table.fRange, "0"));
     lblRcBearing->setText(QStringLiteral("Bearing Rc:  ") + Formatted(m_table.fAzimuthTxRc, "0"));
     lblTxBearing->setText(QStringLiteral("Bearing Tx:  ") + Formatted(m_table.fAzimuthRcTx, "0"));
-}
-
-void frmMain::TableFill()
-{
-    for (int i = 1; i <= m_table.nData; ++i) {
-        for (int iHour = 1; iHour <= kHours; ++iHour) {
-            float& fSnr = m_table.fSnr(iHour, i);
-            if (!(fSnr >= kSnrLeast))  // smaller, or not a number
-                fSnr = kSnrLeast;
-            const QColor clrBack = ColorFromBgr(SnrGetColor(fSnr));
-            grdData->TextSet(i, iHour, Formatted(fSnr, "0"));
-            grdData->ColorSet(i, iHour, clrBack, TextColorOn(clrBack));
-        }
-    }
 }
 
 std::uint32_t frmMain::SnrGetColor(float fSnr) const { return ::SnrGetColor(fSnr); }
