@@ -116,6 +116,9 @@ bool ProgramIsListed(const std::vector<std::string>& asManifest, const std::stri
 /// True when the root holds one of the engines and Hopcast did not put it there.
 bool RootIsInstalled(const std::string& sRoot)
 {
+    std::error_code ec;
+    if (!fs::is_directory(PathFromText(sRoot), ec))
+        return false;  // the usual case, and asked at every path
     const std::vector<std::string> asManifest = ManifestRead(sRoot);
     return std::any_of(kPrograms.begin(), kPrograms.end(), [&](const char* sName) {
         const std::string sProgram = ProgramPath(sRoot, sName);

@@ -155,9 +155,13 @@ int Spawn(std::vector<std::string>& asWords, const std::string& sFolder, int nOu
                        asArguments.data(), environ);
 }
 
-/// Ends the process and what is left of its group. REQUIRES: the process is not reaped yet, so that its
-/// number, which is its group's, cannot belong to anybody else.
-void GroupKill(pid_t nId) { kill(-nId, SIGKILL); }
+/// Signals the process and what is left of its group. REQUIRES: the process is not reaped yet, so
+/// that its number, which is its group's, cannot belong to anybody else.
+void GroupSignal(pid_t nId, int nSignal)
+{
+    kill(nId, nSignal);  // no leader of a group when somebody else started it
+    kill(-nId, nSignal);
+}
 
 /// True when the child has ended; it stays unreaped.
 bool ChildHasEnded(pid_t nId)
@@ -215,6 +219,7 @@ Result<int> HostProcessStart(const ProcessCommand& command)
 bool ProcessWait(int nProcessId, double dSeconds)
 {
     constexpr double kSecondsMax = 1e6;
+    constexpr std::chrono::milliseconds kGrace(200);
     constexpr std::chrono::seconds kReapMax(
         2);  // a killed process goes at once, save in a hung disk
     siginfo_t info{};
@@ -226,7 +231,11 @@ bool ProcessWait(int nProcessId, double dSeconds)
         Clock::now()
         + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(dLimit));
     const bool bEnded = ChildAwait(nProcessId, timeEnd);
-    GroupKill(nProcessId);
+    if (!bEnded) {
+        GroupSignal(nProcessId, SIGTERM);  // a launcher takes its temporary files away
+        (void)ChildAwait(nProcessId, Clock::now() + kGrace);
+    }
+    GroupSignal(nProcessId, SIGKILL);
     if (!bEnded && !ChildAwait(nProcessId, Clock::now() + kReapMax))
         return false;
     int nStatus = 0;

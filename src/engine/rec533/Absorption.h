@@ -19,8 +19,8 @@ struct Crossing {
     double dWeight = 0.0;   ///< absorption factor at noon, times the diurnal factor
 };
 
-/// Most crossings that the modes of one path and hour have: F2 modes of up to 10 hops, E of up to 3.
-inline constexpr int kCrossingsMost = 2 * (4 + 5 + 6 + 7 + 8 + 9 + 10) + 2 * (1 + 2 + 3);
+/// Most crossings that the modes of one path and hour have: F2 modes of 14 to 17 hops round the Earth.
+inline constexpr int kCrossingsMost = 2 * (14 + 15 + 16 + 17);
 
 /// The month and hour for crossings.
 struct AbsorptionHour {

@@ -149,7 +149,7 @@ void ModesF2Fill(Hour& tbl, bool bHopSum)
     const Ionosphere& tblIono = *tblPath.pIonosphere;
     const double dKm = tblPath.tblWay.dKm;
     tbl.dHeightF2 = MirrorHeightSimpleGet(tbl.tblMid.dM3);
-    tbl.nOrderF2 = OrderLowestGet(tblPath, tbl.dHeightF2, kOrderMost);
+    tbl.nOrderF2 = OrderLowestGet(tblPath, tbl.dHeightF2, bHopSum ? kOrderHopSumMost : kOrderMost);
     if (tbl.nOrderF2 == 0)
         return;
     const bool bBeyond = dKm > tbl.dRangeMost;
@@ -181,7 +181,6 @@ void ModesF2Fill(Hour& tbl, bool bHopSum)
             = tblIono.bReference ? 0.0 : tblPath.dPowerDb + kKilowattDbw + tblMode.dTxGain;
         tblMode.dOperational = tblMode.dMuf * OperationalRatioGet(eSeason, bDay, dEirp);
         tblMode.bReaches = n > tbl.nOrderF2 || dKm / n <= tbl.dRangeMost;
-        tblMode.bShort = n <= kOrderMost;
         tbl.aModes[static_cast<std::size_t>(tbl.nModes++)] = tblMode;
     }
 }
@@ -192,8 +191,6 @@ void PathMufFill(Hour& tbl)
     const double dKm = tbl.pPath->tblWay.dKm;
     for (int i = 0; i < tbl.nModes; ++i) {
         const Mode& tblMode = tbl.aModes[static_cast<std::size_t>(i)];
-        if (!tblMode.bShort)
-            continue;
         if (tblMode.nHops == (tblMode.bE ? tbl.nOrderE : tbl.nOrderF2))
             tbl.dMuf = std::max(tbl.dMuf, tblMode.dMuf);
         tbl.dMuf10 = std::max(tbl.dMuf10, tblMode.dMuf * tblMode.tblDeciles.dUpper);

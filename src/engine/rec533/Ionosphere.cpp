@@ -12,7 +12,7 @@ void IonosphereFill(Ionosphere& tbl, Behaviour eBehaviour, MapSet eMaps, int nMo
     tbl.dSsn = std::clamp(dSsn, 0.0, kSsnMost);
     tbl.dSsnLimited = std::min(tbl.dSsn, kSsnMapsMost);
     MapHoursFill(tbl.tblMaps, eMaps, nMonth, tbl.dSsnLimited);
-    tbl.tblSun = SunDayMake(nMonth, tbl.bReference);
+    tbl.tblSun = SunDayMake(nMonth);
     tbl.tblNoise = FiguresNoise(nMonth);
 }
 

@@ -28,10 +28,10 @@ void IonosphereFill(Ionosphere& tbl, Behaviour eBehaviour, MapSet eMaps, int nMo
 /// The hour of the maps for a label.
 [[nodiscard]] inline int MapHourGet(int nLabel) { return nLabel % 24; }
 /// The hour of sun and local times. The ITU program takes the maps at the label and everything else
-/// one hour earlier.
+/// one hour earlier. Label 24 is the end of the fifteenth, not its begin.
 [[nodiscard]] inline int SunHourOfLabel(const Ionosphere& tbl, int nLabel)
 {
-    return tbl.bReference ? nLabel - 1 : nLabel % 24;
+    return tbl.bReference ? nLabel - 1 : nLabel;
 }
 
 }  // namespace rec533

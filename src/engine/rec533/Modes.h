@@ -13,7 +13,7 @@
 
 namespace rec533 {
 
-inline constexpr int kModesMost = 10;
+inline constexpr int kModesMost = 9;
 
 struct Mode {
     bool bE = false;              ///< E mode, else F2
@@ -22,7 +22,6 @@ struct Mode {
     DecileFactors tblDeciles;
     double dOperational = 0.0;    ///< operational MUF
     bool bReaches = true;         ///< its hop is short enough to carry power
-    bool bShort = true;           ///< a mode of the short method (beyond: of the hop sum alone)
     double dElevation = 0.0;
     double dSlant = 0.0;          ///< virtual slant range
     double dCosIncidence = 1.0;   ///< at 110 km

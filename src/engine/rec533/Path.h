@@ -22,6 +22,7 @@ inline constexpr double kControlShort = 2000.0;   ///< up to here mid-path serve
 inline constexpr double kShortOnly = 7000.0;      ///< up to here the short method alone, km
 inline constexpr double kLongOnly = 9000.0;       ///< from here the long method (or rule) alone, km
 inline constexpr int kOrderMost = 6;              ///< hops of the highest order of the short method
+inline constexpr int kOrderHopSumMost = 14;       ///< highest lowest order of the hop sum
 
 struct Path {
     const Ionosphere* pIonosphere = nullptr;
@@ -32,8 +33,8 @@ struct Path {
     double dLeastElevation = 0.0;   ///< radians
     Site tblMid;
     Site tblAheadT, tblAheadR;      ///< T + 1000, R - 1000; only beyond 2000 km
-    std::array<Site, kOrderMost + 1> aHopT, aHopR;  ///< T + d0/2, R - d0/2 for d0 = D / index
-    std::array<bool, kOrderMost + 1> aHopMade{};
+    std::array<Site, kOrderHopSumMost + 1> aHopT, aHopR;  ///< T + d0/2, R - d0/2 for d0 = D / index
+    std::array<bool, kOrderHopSumMost + 1> aHopMade{};
     bool bHighLatitude = false;     ///< for the signal deciles
     NoisePlace tblNoise;
     LongPath tblLong;               ///< only from 7000 km on

@@ -18,7 +18,7 @@ ModeSums ModeSumsGet(const Hour& tblHour, const ModeFields& aFields, bool bHopSu
     double dBest = -1e300;
     for (std::size_t i = 0; i < static_cast<std::size_t>(tblHour.nModes); ++i) {
         const Mode& tblMode = tblHour.aModes[i];
-        if (!aFields[i].bUsed || !(bHopSum || tblMode.bShort))
+        if (!aFields[i].bUsed)
             continue;
         const double dReceived
             = (bHopSum ? aFields[i].dHopField : aFields[i].dField) + tblMode.dRxGain;
@@ -32,12 +32,11 @@ ModeSums ModeSumsGet(const Hour& tblHour, const ModeFields& aFields, bool bHopSu
     // Powers relative to the strongest, for fields far below zero have no power to speak of.
     double dField = 0.0, dReceived = 0.0;
     for (std::size_t i = 0; i < static_cast<std::size_t>(tblHour.nModes); ++i) {
-        const Mode& tblMode = tblHour.aModes[i];
-        if (!aFields[i].bUsed || !(bHopSum || tblMode.bShort))
+        if (!aFields[i].bUsed)
             continue;
         const double dOwn = bHopSum ? aFields[i].dHopField : aFields[i].dField;
         dField += PowerFromDb(dOwn - dBest);
-        dReceived += PowerFromDb(dOwn + tblMode.dRxGain - dBest);
+        dReceived += PowerFromDb(dOwn + tblHour.aModes[i].dRxGain - dBest);
     }
     tbl.dField = dBest + DbFromPower(dField);
     tbl.dReceived = dBest + DbFromPower(dReceived);
@@ -62,8 +61,8 @@ void LongRuleFill(Prediction& tbl, const Hour& tblHour, const ModeFields& aField
                   double dPart)
 {
     constexpr double kFree = 120.0;    // E0', dB
-    constexpr double kOffset = 3.9;    // dB
-    constexpr double kShortLeast = -100.0;
+    constexpr double kOffset = 3.87;   // dB
+    constexpr double kShortLeast = -100.0;  // of 1 kW, dB(uV/m)
     const Path& tblPath = *tblHour.pPath;
     const AntennaLow tblTx = AntennaLowGet(tblPath.tblCircuit.pTx, tblPath.tblCircuit.dLeastElevation);
     const AntennaLow tblRx = AntennaLowGet(tblPath.tblCircuit.pRx, tblPath.tblCircuit.dLeastElevation);
@@ -80,8 +79,9 @@ void LongRuleFill(Prediction& tbl, const Hour& tblHour, const ModeFields& aField
         tbl.dField = dField;
         tbl.dPower = dReceived;
     } else {
-        tbl.dField = (1.0 - dPart) * std::max(tblShort.dField, kShortLeast) + dPart * dField;
-        tbl.dPower = (1.0 - dPart) * std::max(tblShort.dReceived, kShortLeast) + dPart * dReceived;
+        const double dLeast = kShortLeast + tblPath.dPowerDb;
+        tbl.dField = (1.0 - dPart) * std::max(tblShort.dField, dLeast) + dPart * dField;
+        tbl.dPower = (1.0 - dPart) * std::max(tblShort.dReceived, dLeast) + dPart * dReceived;
     }
     const bool bHops = tblHops.dReceived >= dLong + tblRx.dGain && tblHops.pStrongest != nullptr;
     tbl.pMode = bHops ? tblHops.pStrongest : nullptr;

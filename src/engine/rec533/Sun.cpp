@@ -3,8 +3,9 @@
 namespace rec533 {
 namespace {
 
-// Days before the month; June as it is, 151.
-constexpr std::array kDaysBefore{0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+// Days before the month. June's 152 is one too many: the ITU program has it so, and for the 0.05
+// degrees that the sun moves in a June day its tables are kept comparable.
+constexpr std::array kDaysBefore{0, 31, 59, 90, 120, 152, 181, 212, 243, 273, 304, 334};
 constexpr double kDayOfMonth = 15.0;
 constexpr double kDegreesPerDay = 0.98565327;
 constexpr double kObliquity = 23.45 * kRadians;
@@ -20,10 +21,9 @@ double Wrap24(double dHour)
 
 }  // namespace
 
-SunHour SunHourGet(int nMonth, double dHour, bool bJuneLate)
+SunHour SunHourGet(int nMonth, double dHour)
 {
-    const int nBefore = kDaysBefore[static_cast<std::size_t>(nMonth - 1)] + (bJuneLate && nMonth == 6 ? 1 : 0);
-    const double dDay = nBefore + kDayOfMonth + dHour / 24.0;
+    const double dDay = kDaysBefore[static_cast<std::size_t>(nMonth - 1)] + kDayOfMonth + dHour / 24.0;
     const double dLam = kDegreesPerDay * kRadians * (dDay - 2.0);
     const double dNu = dLam + 1.915169 * kRadians * std::sin(dLam);
     double dEps = kDegreesPerDay * (dDay - 80.0);
@@ -76,11 +76,11 @@ double SunNoonGet(const SunHour& tblSun, double dLon)
     return Wrap24((720.0 - kMinutesPerDegree * dLon * kDegrees - tblSun.dEquation) / 60.0);
 }
 
-SunDay SunDayMake(int nMonth, bool bJuneLate)
+SunDay SunDayMake(int nMonth)
 {
     SunDay tbl;
     for (std::size_t i = 0; i < tbl.aHours.size(); ++i)
-        tbl.aHours[i] = SunHourGet(nMonth, static_cast<double>(i), bJuneLate);
+        tbl.aHours[i] = SunHourGet(nMonth, static_cast<double>(i));
     return tbl;
 }
 

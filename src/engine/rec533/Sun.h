@@ -27,8 +27,8 @@ struct SunHour {
     double dCosTurn = 1.0;
 };
 
-/// bJuneLate: the ITU program gives May 30 days more than it has: its June sun is one day late.
-[[nodiscard]] SunHour SunHourGet(int nMonth, double dHour, bool bJuneLate);
+/// dHour 0 to 24.
+[[nodiscard]] SunHour SunHourGet(int nMonth, double dHour);
 
 /// Hour angle at a longitude, radians, not wrapped.
 [[nodiscard]] double SunHourAngleGet(const SunHour& tblSun, double dLon);
@@ -48,7 +48,7 @@ struct SunTimes {
 struct SunDay {
     std::array<SunHour, 25> aHours;  ///< 0 to 24 UT
 };
-[[nodiscard]] SunDay SunDayMake(int nMonth, bool bJuneLate);
+[[nodiscard]] SunDay SunDayMake(int nMonth);
 /// Sine and cosine of the declination at any hour, 0 to 24.
 void SunDeclinationGet(const SunDay& tblDay, double dHour, double& dSin, double& dCos);
 
