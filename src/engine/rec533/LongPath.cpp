@@ -28,8 +28,9 @@ void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIono
                     double dHop, double dNorthSouth)
 {
     MapPlace tblMap;
-    MapPlaceFill(tblMap, tblPlace, tblIonosphere.bReference);
-    const double dGyro = MagneticFieldGet(tblPlace, FieldHeight::Maps).dGyro;
+    const MagneticField tblField = MagneticFieldGet(tblPlace, FieldHeight::Maps);
+    const double dGyro = tblField.dGyro;
+    MapPlaceFill(tblMap, tblPlace, tblField, tblIonosphere.bReference);
     tbl.dGyro += dGyro / 2.0;
     tbl.aLat[nPoint] = tblPlace.dLat;
     tbl.aLon[nPoint] = tblPlace.dLon;

@@ -49,7 +49,8 @@ struct SunDay {
     std::array<SunHour, 25> aHours;  ///< 0 to 24 UT
 };
 [[nodiscard]] SunDay SunDayMake(int nMonth);
-/// Sine and cosine of the declination at any hour, 0 to 24.
-void SunDeclinationGet(const SunDay& tblDay, double dHour, double& dSin, double& dCos);
+/// Sine and cosine of the declination at a place's own noon, from its longitude's sine and cosine.
+void SunDeclinationAtNoonGet(const SunDay& tblDay, const SunHour& tblSun, const Place& tblPlace,
+                             double& dSin, double& dCos);
 
 }  // namespace rec533
