@@ -3,7 +3,7 @@
 ///
 /// Units:   radians, hours UT, minutes for the equation of time.
 /// Source:  the low-precision almanac series that the ITU program of Recommendation ITU-R P.533 uses;
-///          within 0.2 degrees of the Astronomical Almanac.
+///          within 0.6 degrees of the Astronomical Almanac.
 /// Tests:   tests/engine/SunTest.cpp
 #pragma once
 
