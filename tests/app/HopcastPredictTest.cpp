@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -72,6 +73,13 @@ float Number(const std::string& sText)
     const auto res = NumberFromTextSingle(sText);
     EXPECT_TRUE(res) << sText;
     return res ? res.ValueGet() : 0.0F;
+}
+
+/// The number behind a name in the program's JSON.
+float JsonNumber(const std::string& sJson, const std::string& sName)
+{
+    const std::size_t nFrom = sJson.find('"' + sName + "\": ") + sName.size() + 4;
+    return Number(sJson.substr(nFrom, sJson.find_first_of(",\n}", nFrom) - nFrom));
 }
 
 /// The program's csv as a table again.
@@ -164,7 +172,13 @@ TEST_P(HopcastPredictVoacap, GivesTheCapturedNumbersThroughTheLauncher)
     const ProgramResult res = Predict(asWords);
     ASSERT_EQ(res.nStatus, 0) << res.sError;
     EXPECT_EQ(res.sError, "");
-    const PropagationTable table = TableFromCsv(res.sOut, static_cast<int>(c.adKilohertz.size()));
+    PropagationTable table = TableFromCsv(res.sOut, static_cast<int>(c.adKilohertz.size()));
+    asWords[3] = "json";
+    const ProgramResult resJson = Predict(asWords);
+    ASSERT_EQ(resJson.nStatus, 0) << resJson.sError;
+    table.fAzimuthTxRc = JsonNumber(resJson.sOut, "azimuth_tx_rc");
+    table.fAzimuthRcTx = JsonNumber(resJson.sOut, "azimuth_rc_tx");
+    table.fRange = JsonNumber(resJson.sOut, "range_nmi");
     TableCompare(c, table, 1);
 }
 std::vector<CircuitCase> VoacapCases()
@@ -299,6 +313,84 @@ TEST_F(HopcastPredict, AnAreaRunsOnceOrTwiceOverLongitude180)
     EXPECT_EQ(resTwo.nStatus, 0) << resTwo.sError;
     EXPECT_EQ(std::count(resTwo.sOut.begin(), resTwo.sOut.end(), '\n'), 19) << resTwo.sOut;
     EXPECT_NE(resTwo.sOut.find("\n-30,-170,"), std::string::npos) << resTwo.sOut;
+}
+
+/// A Wine prefix on whose drive C the sample Airmail is installed.
+class HopcastPredictAirmail : public HopcastPredict {
+protected:
+    HopcastPredictAirmail()
+    {
+        const std::string sFolder = m_tmp.Path("wine/drive_c/Program Files/AirMail");
+        fs::create_directories(sFolder);
+        fs::copy(AIRMAIL_DATA, sFolder, fs::copy_options::recursive);
+        m_tmp.Write("wine/drive_c/Program Files/AirMail/Airmail3.exe", "MZ");
+        m_engine.emplace("HOPCAST_ITSHFBC",
+                         RootMake("cp \"$1/RUN/$2\" \"$1/deck\"\ncp '"
+                                  + CapturedPath("rec533/p2p_09", ".out") + "' \"$1/RUN/$3\"\n"));
+    }
+    std::optional<EnvironmentSet> m_engine;
+};
+
+TEST_F(HopcastPredictAirmail, TakesTheSunspotNumberFromAirmail)
+{
+    const ProgramResult res = Predict({"--frequencies", "14100", "--month", "4"});
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_TRUE(res.sOut.starts_with(
+        "Hopcast prediction: REC533, month 4, sunspot number 112.5 (Airmail)\n"))
+        << res.sOut;
+    EXPECT_NE(BytesRead(m_tmp.Path("root/deck")).find("SUNSPOT   112.5\r\n"), std::string::npos);
+}
+
+TEST_F(HopcastPredictAirmail, TakesTheReceiverFromAirmailAndSaysHowOldItIs)
+{
+    const ProgramResult res = Predict({"--frequencies", "14100", "--rc", "airmail"});
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_NE(res.sOut.find("Receiver 17°41.25'N 063°05.50'W\n"), std::string::npos) << res.sOut;
+    const std::size_t nNote = res.sOut.find("Receiver: Airmail's position, ");
+    ASSERT_NE(nNote, std::string::npos) << res.sOut;
+    const std::string sNote = res.sOut.substr(nNote, res.sOut.find('\n', nNote) - nNote);
+    EXPECT_TRUE(sNote.ends_with(" days old")) << sNote;
+}
+
+TEST_F(HopcastPredictAirmail, TakesTheTransmitterFromAStation)
+{
+    const ProgramResult res = Predict({"--frequencies", "14100", "--tx", "ham:xx2mia"});
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    // EL95: 25 degrees 30.8 minutes north by the sub-square scale of station lists.
+    EXPECT_NE(res.sOut.find("Transmitter 25°30.78'N 080°58.43'W"), std::string::npos) << res.sOut;
+    EXPECT_NE(res.sOut.find("\nTransmitter: Airmail's station xx2mia (ham)\n"), std::string::npos)
+        << res.sOut;
+}
+
+TEST_F(HopcastPredictAirmail, AnUnknownStationOrABadOneIsAClearError)
+{
+    const auto Error = [&](const std::string& sPlace) {
+        const ProgramResult res = Predict({"--frequencies", "14100", "--tx", sPlace});
+        EXPECT_EQ(res.nStatus, 2) << sPlace;
+        EXPECT_EQ(res.sOut, "");
+        return res.sError;
+    };
+    EXPECT_EQ(
+        Error("ham:NOBODY"),
+        "hopcast-predict: --tx: Airmail's list \"ham\" holds no station \"NOBODY\" (data folder "
+        "\"C:\\Program Files\\AirMail\")\n");
+    EXPECT_EQ(
+        Error("cb:XX2MIA"),
+        "hopcast-predict: --tx: Airmail's list \"cb\" holds no station \"XX2MIA\" (data folder "
+        "\"C:\\Program Files\\AirMail\")\n");
+    EXPECT_EQ(Error("ham:XX6OLD"), "hopcast-predict: --tx: Invalid procedure call or argument\n");
+    EXPECT_EQ(Error("ham:XX5BAD"),
+              "hopcast-predict: --tx: Unable to Convert Grid FN4 to Lat/Lon\n");
+}
+
+TEST_F(HopcastPredict, AirmailsPositionIsAClearErrorWhereThereIsNoAirmail)
+{
+    const ProgramResult res = Predict({"--rc", "airmail"});
+    EXPECT_EQ(res.nStatus, 2);
+    EXPECT_EQ(res.sError,
+              "hopcast-predict: --rc: Unable to find AirMail's Propagation, Latitude in "
+              "\"Airmail.ini\".\n\nPlease check that the AirMail Data folder \"C:\\Program "
+              "Files\\AirMail\" is correct.\n");
 }
 
 }  // namespace

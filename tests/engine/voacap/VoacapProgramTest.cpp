@@ -231,6 +231,37 @@ TEST_F(VoacapProgramFault, EndsWithStatusTwoOnAWrongCommandLineAndOneOnAFailure)
     EXPECT_EQ(Said(), "voacapw: VOACAP failed\n");
 }
 
+TEST_F(VoacapProgramFault, FailsOnAFullDiskAndLeavesNothing)
+{
+    NEED_VOACAPL();
+    PointDeckWrite();
+    for (const char* pszBlocks :
+         {"0", "1", "60"}) {  // of 512 bytes: no deck, no antenna, half a run
+        ProcessCommand command;
+        command.asWords = {"sh", "-c",
+                           std::string("ulimit -f ") + pszBlocks
+                               + "; exec \"$0\" \"$1\" sound.dat sound.out 2>/dev/null",
+                           TEST_BIN "/voacapw.exe", m_sRoot};
+        const auto resEnded = ChildRun(command, kSeconds);
+        ASSERT_TRUE(resEnded);
+        EXPECT_EQ(resEnded.ValueGet().eEnd, ChildEnd::Exited) << pszBlocks;
+        EXPECT_EQ(resEnded.ValueGet().nCode, 1) << pszBlocks;
+        EXPECT_EQ(Names("RUN"), (std::vector<std::string>{"sound.dat"})) << pszBlocks;
+    }
+}
+
+TEST_F(VoacapProgramFault, TellsWhereVoacapCrashed)
+{
+    NEED_VOACAPL();
+    std::string sDeck = Sample("area_02.voa");  // a grid of one point is divided by zero
+    sDeck.replace(sDeck.find("   11    1"), 5, "    1");
+    FileWrite("areadata/working.voa", sDeck);
+    EXPECT_FALSE(AreaRun());
+    EXPECT_TRUE(Said().starts_with("voacapw: VOACAP crashed: Program received signal SIG"))
+        << Said();
+    EXPECT_EQ(Names("areadata"), (std::vector<std::string>{"working.voa"}));
+}
+
 TEST_F(VoacapProgramFault, GivesUpAndCleansUpBeforeHopcastsLimit)
 {
     NEED_VOACAPL();
