@@ -133,6 +133,7 @@ void frmOptions::cmdOkClick()
 void frmOptions::chkPropagationMonthClick()
 {
     cmbPropagationMonth->setEnabled(!chkPropagationMonth->isChecked());
+    lblPropagationMonth->setEnabled(cmbPropagationMonth->isEnabled());
 }
 
 void frmOptions::chkPropagationSunSpotNumberClick()
@@ -161,6 +162,10 @@ void frmOptions::NumberBoxEnable(QLineEdit* pBox, bool bEnabled)
                 pBox->setText(
                     QString::fromStdString(NumberToText(m_host.SettingsGet().*box.pMember)));
     pBox->setEnabled(bEnabled);
+    const QString sSubject = pBox->objectName().mid(3);  // behind "txt"
+    for (const QString& sPart : {QStringLiteral("Caption"), QStringLiteral("Unit")})
+        if (auto* pLabel = findChild<QLabel*>(QStringLiteral("lbl") + sSubject + sPart))
+            pLabel->setEnabled(bEnabled);
 }
 
 void frmOptions::lstHamVoiceBandsDblClick()
