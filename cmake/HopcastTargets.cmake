@@ -6,6 +6,10 @@ target_compile_options(hopcast_flags INTERFACE -Wall -Wextra -Wshadow -Wconversi
     -ffp-contract=off)                        # same digits on every CPU, fused multiply or not
 target_compile_definitions(hopcast_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS
     HOPCAST_VERSION="${PROJECT_VERSION}")
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # GCC 12 sees overlaps in operator+ of std::string where there are none (GCC bug 105651).
+    target_compile_options(hopcast_flags INTERFACE -Wno-restrict)
+endif()
 if(HOPCAST_WERROR)
     target_compile_options(hopcast_flags INTERFACE -Werror)
 endif()

@@ -109,7 +109,7 @@ VoacaplFromNextRelease() {
         -o "Dir::Etc::preferences=/dev/null" -o "Dir::Etc::preferencesparts=$scratch/preferences"
         -o "Dir::State::lists=$scratch/lists" -o "Dir::Cache::pkgcache=" -o "Dir::Cache::srcpkgcache="
     )
-    Apt "${options[@]}" update &&
+    Apt "${options[@]}" update --error-on=any &&
         Apt "${options[@]}" install --no-upgrade --no-remove --no-install-recommends voacapl voacapl-data
 }
 
@@ -159,7 +159,7 @@ Main() {
 
     Say "missing:" "${missing[@]}" "${voacapl_missing[@]}"
     if InstallIsPossible; then
-        Apt update || Say "the package lists could not be renewed"
+        Apt update --error-on=any || Say "some package lists could not be renewed"
         [ ${#missing[@]} = 0 ] || PackagesInstall "${missing[@]}"
         [ ${#voacapl_missing[@]} = 0 ] || VoacaplInstall
     fi

@@ -1,5 +1,7 @@
 #include "propagation/SnrColor.h"
 
+#include <cmath>
+
 namespace {
 
 struct Band {
@@ -26,4 +28,16 @@ std::uint32_t SnrGetColor(float fSnr)
         if (fSnr >= band.fLowest)
             return band.nColor;
     return kGrey;
+}
+
+bool ColorTakesBlackText(std::uint32_t nColor)
+{
+    const auto LinearGet = [](std::uint32_t nChannel) {
+        const double dValue = static_cast<double>(nChannel & 0xFF) / 255.0;
+        return dValue <= 0.03928 ? dValue / 12.92 : std::pow((dValue + 0.055) / 1.055, 2.4);
+    };
+    const double dLuminance = 0.2126 * LinearGet(nColor) + 0.7152 * LinearGet(nColor >> 8)
+                              + 0.0722 * LinearGet(nColor >> 16);
+    // (L + 0.05) / 0.05 against black equals 1.05 / (L + 0.05) against white at this luminance.
+    return dLuminance > std::sqrt(1.05 * 0.05) - 0.05;
 }

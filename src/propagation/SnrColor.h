@@ -10,3 +10,7 @@
 /// Colour of an SNR: bands of 5 dB from 40 dB to 70 dB, lower bounds inclusive; grey below 40 dB
 /// and for not-a-number. The jump from purple (55 dB) to blue (50 dB) is intended.
 [[nodiscard]] std::uint32_t SnrGetColor(float fSnr);
+
+/// True when black text reads better than white on a colour (0x00BBGGRR): the contrast ratio of the
+/// Web Content Accessibility Guidelines (2.1, relative luminance).
+[[nodiscard]] bool ColorTakesBlackText(std::uint32_t nColor);

@@ -24,8 +24,8 @@ struct ChildResult {
 };
 
 /// Holds back the signals that ask a program to end (SIGINT, SIGTERM, SIGHUP) until ChildRun, which
-/// answers them, so that the program can clean up. Called once, before the first thing that needs
-/// cleaning.
+/// answers them, so that the program can clean up; a file that grows too large or a closed pipe
+/// becomes an ordinary error. Called once, before the first thing that needs cleaning.
 void ChildSignalsHold();
 
 /// Starts a program (looked up in PATH when its name has no slash) with the null device as standard

@@ -75,7 +75,8 @@ public:
             posix_spawn_file_actions_addchdir_np(&m_actions, command.sWorkFolder.c_str());
         sigset_t setNone;
         sigemptyset(&setNone);
-        sigset_t setDefault = EndSignals();
+        sigset_t setDefault;
+        sigfillset(&setDefault);
         posix_spawnattr_setsigmask(&m_attributes, &setNone);
         posix_spawnattr_setsigdefault(&m_attributes, &setDefault);
         posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
@@ -130,6 +131,7 @@ void ChildSignalsHold()
 {
     const sigset_t set = EndSignals();
     pthread_sigmask(SIG_BLOCK, &set, nullptr);
+    for (const int nSignal : {SIGPIPE, SIGXFSZ}) signal(nSignal, SIG_IGN);
 }
 
 Result<ChildResult> ChildRun(const ProcessCommand& command, double dSeconds)

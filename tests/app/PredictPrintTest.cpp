@@ -53,11 +53,11 @@ TEST_F(PredictPrint, TheTableTellsTheRunAndEveryHour)
         "Range 1042 nmi   bearing Tx to Rc 140 deg   Rc to Tx 325 deg\n"
         "Receiver: Airmail, 3 days old\n\n"
         "Predicted SNR in dB by UTC hour and frequency (MHz); MUF and LUF in MHz\n"
-        "UTC  7.051     14   MUF   LUF\n"
-        " 00    -99     47  22.6   3.3\n"
-        " 01    -99     47  22.6   3.3\n"))
+        "UTC 7.051    14   MUF   LUF\n"
+        " 00   -99    47  22.6   3.3\n"
+        " 01   -99    47  22.6   3.3\n"))
         << sText;
-    EXPECT_TRUE(sText.ends_with(" 23    -99     47  22.6   3.3\n")) << sText;
+    EXPECT_TRUE(sText.ends_with(" 23   -99    47  22.6   3.3\n")) << sText;
 }
 
 TEST_F(PredictPrint, TheDefaultTableFitsEightyColumns)
@@ -73,8 +73,8 @@ TEST_F(PredictPrint, TheDefaultTableFitsEightyColumns)
 TEST_F(PredictPrint, ColoursFollowTheScale)
 {
     const std::string sText = PredictTableGet(Run(), true);
-    EXPECT_NE(sText.find("\x1b[30;48;2;128;128;128m    -99\x1b[0m"), std::string::npos) << sText;
-    EXPECT_NE(sText.find("\x1b[97;48;2;0;0;192m     47\x1b[0m"), std::string::npos);
+    EXPECT_NE(sText.find("\x1b[30;48;2;128;128;128m   -99\x1b[0m"), std::string::npos) << sText;
+    EXPECT_NE(sText.find("\x1b[97;48;2;0;0;192m    47\x1b[0m"), std::string::npos);
 }
 
 TEST_F(PredictPrint, CsvHasARowAnHourAndFrequency)

@@ -17,6 +17,8 @@ Positions (POS):
   LAT,LON                 decimal degrees, north and east positive: 38,-122
   two texts               38°30.00'N,122°15.00'W
   grid square             Maidenhead, 4 or 6 characters: FN42
+  airmail                 Airmail's own position
+  SYSTEM:KEY              a station of Airmail's lists: ham:KEY, sailmail:KEY
 
 Circuit:
   --profile FILE          read the settings from a profile first

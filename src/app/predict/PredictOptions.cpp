@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "airmail/AirMailFolders.h"
 #include "app/predict/PredictPosition.h"
 #include "settings/ProfileLib.h"
 #include "system/FileLib.h"
@@ -398,6 +399,7 @@ Result<PredictOptions> PredictOptionsGet(std::span<const std::string> asArgument
         return res.ErrorGet();
     if (const auto res = ProfileApply(aGiven, options); !res)
         return res.ErrorGet();
+    AirMailFoldersFind();  // positions and the sunspot number may come from there
     for (const Given& given : aGiven) {
         if (const auto res = given.pOption->fnApply(options, given.sValue); !res)
             return RunError{std::string(given.pOption->sName) + ": " + res.TextGet()};

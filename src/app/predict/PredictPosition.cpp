@@ -2,15 +2,66 @@
 
 #include <cmath>
 
-#include "airmail/GridSquareLib.h"
+#include "airmail/AirMailLib.h"
 #include "geo/MathLib.h"
+#include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
 
 namespace {
 
 constexpr const char* kForms =
-    "give LAT,LON in degrees (38,-122), 38°30.00'N,122°15.00'W or a grid square (FN42)";
+    "give LAT,LON in degrees (38,-122), 38°30.00'N,122°15.00'W, a grid square (FN42), airmail or a "
+    "station (ham:KEY)";
+
+/// Takes a box's text instead of showing it: on the command line it becomes the option's error.
+class BoxCatcher {
+public:
+    BoxCatcher()
+    {
+        m_fnBefore = MsgSetHandler([this](MsgIcon, const std::string& sText) { m_sText = sText; });
+    }
+    ~BoxCatcher() { MsgSetHandler(m_fnBefore); }
+    BoxCatcher(const BoxCatcher&) = delete;
+    BoxCatcher& operator=(const BoxCatcher&) = delete;
+
+    /// The error of a failed call: what it returned, else what it said.
+    [[nodiscard]] RunError ErrorGet(const Result<bool>& res) const
+    {
+        return {res ? m_sText : res.TextGet()};
+    }
+
+private:
+    MsgBoxFn m_fnBefore;
+    std::string m_sText;
+};
+
+Result<PredictPosition> AirMailPlaceGet()
+{
+    PredictPosition pos;
+    DateTime dtTime;
+    const BoxCatcher box;
+    const auto res = AirMailPositionGet(pos.dLat, pos.dLon, dtTime, true);
+    if (!res || !res.ValueGet())
+        return box.ErrorGet(res);
+    pos.sNote = dtTime.IsZero() ? "Airmail's position, its time is not known"
+                                : "Airmail's position, " + AirMailAgeText(dtTime) + " old";
+    return pos;
+}
+
+Result<PredictPosition> StationPlaceGet(const std::string& sSystem, const std::string& sKey)
+{
+    PredictPosition pos;
+    if (AirMailIniGet("System." + sSystem + ".ini", "Station Info", sKey, false).empty())
+        return RunError{"Airmail's list \"" + sSystem + "\" holds no station \"" + sKey
+                        + "\" (data folder \"" + AirMailDataFolderGet() + "\")"};
+    const BoxCatcher box;
+    const auto res = AirMailStationPosition(sSystem, sKey, pos.dLat, pos.dLon, false);
+    if (!res || !res.ValueGet())
+        return box.ErrorGet(res);
+    pos.sNote = "Airmail's station " + sKey + " (" + sSystem + ")";
+    return pos;
+}
 
 bool LetterIs(char chr, char chrLast) { return chr >= 'A' && chr <= chrLast; }
 
@@ -64,6 +115,11 @@ Result<PredictPosition> PredictPositionGet(std::string_view sText)
     const std::size_t nComma = sText.find(',');
     if (nComma == std::string_view::npos) {
         std::string sGrid = TextUpper(TextTrim(sText));
+        if (sGrid == "AIRMAIL")
+            return AirMailPlaceGet();
+        if (const std::size_t nColon = sText.find(':'); nColon != std::string_view::npos)
+            return StationPlaceGet(std::string(TextTrim(sText.substr(0, nColon))),
+                                   std::string(TextTrim(sText.substr(nColon + 1))));
         if (!GridSquareIs(sGrid) || !GridSquareToPosition(sGrid, pos.dLat, pos.dLon, false))
             return RunError{"\"" + std::string(sText) + "\" is no position; " + kForms};
         return pos;

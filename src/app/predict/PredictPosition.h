@@ -15,6 +15,7 @@ struct PredictPosition {
 };
 
 /// LAT,LON in decimal degrees ("38,-122"), the two degree-minute texts joined by a comma
-/// ("38°30.00'N,122°15.00'W"), or a Maidenhead square of 4 or 6 characters.
+/// ("38°30.00'N,122°15.00'W"), a Maidenhead square of 4 or 6 characters, "airmail" for Airmail's
+/// own position, or SYSTEM:KEY for a station of its lists ("ham:KE5HHR"; neither minds case).
 /// @return the position, or what is wrong with the text.
 [[nodiscard]] Result<PredictPosition> PredictPositionGet(std::string_view sText);

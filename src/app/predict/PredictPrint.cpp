@@ -35,11 +35,9 @@ std::string CellColored(const std::string& sCell, float fSnr)
     const unsigned nRed = nColor & 0xFF;
     const unsigned nGreen = (nColor >> 8) & 0xFF;
     const unsigned nBlue = (nColor >> 16) & 0xFF;
-    // Weights of Rec. ITU-R BT.601 luma.
-    const bool bLight = nRed * 299 + nGreen * 587 + nBlue * 114 > 128000;
     std::array<char, 64> aCode{};
-    std::snprintf(aCode.data(), aCode.size(), "\x1b[%s;48;2;%u;%u;%um", bLight ? "30" : "97", nRed,
-                  nGreen, nBlue);
+    std::snprintf(aCode.data(), aCode.size(), "\x1b[%s;48;2;%u;%u;%um",
+                  ColorTakesBlackText(nColor) ? "30" : "97", nRed, nGreen, nBlue);
     return aCode.data() + sCell + "\x1b[0m";
 }
 

@@ -149,5 +149,8 @@ Result<VoacapDeck> VoacapDeckArea(std::string_view sDeck)
     }
     if (deck.nGrid == 0)
         return RunError{"no Gridsize card"};
+    // voacapl would take whatever its memory holds for an antenna's name.
+    if (deck.aAntennas.empty())
+        return RunError{"no antenna card"};
     return deck;
 }

@@ -148,7 +148,8 @@ std::string ConsoleTell(const std::string& sConsoleFile)
         if (sLine.empty())
             continue;
         sTold = sLine;
-        if (sLine.find("rror") != std::string::npos || sLine.starts_with("STOP"))
+        if (sLine.find("rror") != std::string::npos || sLine.starts_with("STOP")
+            || sLine.starts_with("Program received"))
             break;
     }
     return sTold.empty() ? sTold : ": " + sTold.substr(0, kMessageMax);

@@ -1,0 +1,113 @@
+/// hopcast: the window program.
+#include <QApplication>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "system/ClockLib.h"
+#include "system/ConsoleLib.h"
+#include "system/EngineRootLib.h"
+#include "system/MsgLib.h"
+#include "ui/common/MsgWindow.h"
+#include "ui/common/Pictures.h"
+#include "ui/main/frmMain.h"
+
+namespace {
+
+constexpr int kExitUsage = 2;
+
+constexpr const char* kHelp =
+    "hopcast: HF radio contact planning\n"
+    "\n"
+    "  hopcast [--profile FILE]\n"
+    "\n"
+    "  --profile FILE  settings are read from and saved to FILE\n"
+    "  --once          start, show the first prediction, print its time in ms, and end\n"
+    "  --version       print the version and end\n"
+    "  --help          print this text and end\n"
+    "\n"
+    "Options of the windowing toolkit (-platform, -style, ...) are understood too.\n";
+
+struct Options {
+    std::optional<std::string> sProfile;
+    bool bOnce = false;
+    bool bVersion = false;
+    bool bHelp = false;
+    std::string sError;
+};
+
+Options OptionsGet(const std::vector<std::string>& asWords)
+{
+    Options options;
+    for (std::size_t n = 0; n < asWords.size() && options.sError.empty(); ++n) {
+        const std::string& sWord = asWords[n];
+        if (sWord == "--help" || sWord == "-h")
+            options.bHelp = true;
+        else if (sWord == "--version")
+            options.bVersion = true;
+        else if (sWord == "--once")
+            options.bOnce = true;
+        else if (sWord == "--profile" && n + 1 < asWords.size() && !asWords[n + 1].empty())
+            options.sProfile = asWords[++n];
+        else if (sWord == "--profile")
+            options.sError = "--profile: a file is missing";
+        else
+            options.sError = sWord + ": unknown option (hopcast --help)";
+    }
+    return options;
+}
+
+/// Ends the program once the first table is painted.
+void OnceSetUp(frmMain& frm)
+{
+    const double dStart = TimerGet();
+    QObject::connect(&frm, &frmMain::Activated, &frm, [&frm, dStart] {
+        frm.repaint();
+        QApplication::processEvents();
+        constexpr double kMilliseconds = 1000.0;
+        std::printf("%.0f\n", (TimerGet() - dStart) * kMilliseconds);
+        std::fflush(stdout);
+        frm.close();
+    });
+}
+
+int WindowRun(QApplication& app, const Options& options)
+{
+    QApplication::setApplicationName(QStringLiteral("hopcast"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Hopcast"));
+    QApplication::setApplicationVersion(QStringLiteral(HOPCAST_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("hopcast"));
+    QApplication::setWindowIcon(PictureGet(QStringLiteral("Hopcast")));
+    MsgWindowInstall();
+    EventPumpSetHandler([] { QApplication::processEvents(); });
+    if (const auto res = EngineRootProvision(); !res)
+        MsgBox(MsgIcon::Info, "Hopcast's own engine folder could not be made: " + res.TextGet());
+    frmMain frm;
+    if (options.sProfile)
+        frm.m_settings.m_sProfileFile = *options.sProfile;
+    if (options.bOnce)
+        OnceSetUp(frm);
+    frm.show();
+    return app.exec();
+}
+
+}  // namespace
+
+int main(int nArguments, char** asArguments)
+{
+    // These two answer on a machine without a display too.
+    const Options optionsAlone = OptionsGet(ArgumentsGet(nArguments, asArguments));
+    if (optionsAlone.bHelp || optionsAlone.bVersion) {
+        std::fputs(optionsAlone.bHelp ? kHelp : "hopcast " HOPCAST_VERSION "\n", stdout);
+        return 0;
+    }
+    QApplication app(nArguments, asArguments);
+    // The toolkit has taken its own options away.
+    const Options options = OptionsGet(ArgumentsGet(nArguments, asArguments));
+    if (!options.sError.empty()) {
+        std::fprintf(stderr, "hopcast: %s\n", options.sError.c_str());
+        return kExitUsage;
+    }
+    return WindowRun(app, options);
+}

@@ -1,0 +1,255 @@
+#include "engine/rec533/Modes.h"
+
+#include "engine/rec533/AuroralLoss.h"
+
+namespace rec533 {
+namespace {
+
+constexpr int kOrderEMost = 3;
+constexpr int kHopSumMore = 3;  // orders above the lowest in the hop sum
+
+// Lowest order whose hop is shorter than the longest one at a height; 0 when there is none.
+int OrderLowestGet(const Path& tbl, double dHeight, int nMost)
+{
+    const double dLongest = std::min(HopLongestGet(tbl.dLeastElevation, dHeight), kRangeF2Most);
+    for (int n = 1; n <= nMost; ++n)
+        if (dLongest > tbl.tblWay.dKm / n)
+            return n;
+    return 0;
+}
+
+void FoeFill(Hour& tbl)
+{
+    const Path& tblPath = *tbl.pPath;
+    tbl.dFoeModes = tbl.dFoeScreen = tbl.tblMid.dFoe;
+    const double dKm = tblPath.tblWay.dKm;
+    if (dKm < kControlShort || dKm > kRangeEMost)
+        return;
+    const double dFoeT = dKm > kControlShort ? SiteFoeGet(tbl.tblFoe, tblPath.tblAheadT.tblPlace) : tbl.dFoeModes;
+    const double dFoeR = dKm > kControlShort ? SiteFoeGet(tbl.tblFoe, tblPath.tblAheadR.tblPlace) : tbl.dFoeModes;
+    tbl.dFoeModes = std::min(dFoeT, dFoeR);
+    if (dKm > kControlShort)
+        tbl.dFoeScreen = std::max(dFoeT, dFoeR);
+}
+
+// The control points of gyrofrequency and auroral loss, and their means.
+struct ControlMeans {
+    double dGyro = 0.0;
+    double dAuroralNear = 0.0;  // hops up to 2500 km
+    double dAuroralFar = 0.0;
+};
+
+ControlMeans ControlMeansGet(const Hour& tbl, bool bBeyondRange)
+{
+    const Path& tblPath = *tbl.pPath;
+    std::array<const Site*, 5> aSites{&tblPath.tblMid};
+    std::size_t nSites = 1;
+    if (tblPath.tblWay.dKm > kControlShort) {
+        aSites[nSites++] = &tblPath.tblAheadT;
+        aSites[nSites++] = &tblPath.tblAheadR;
+    }
+    if (bBeyondRange) {
+        aSites[nSites++] = &tblPath.aHopT[static_cast<std::size_t>(tbl.nOrderF2)];
+        aSites[nSites++] = &tblPath.aHopR[static_cast<std::size_t>(tbl.nOrderF2)];
+    }
+    const Ionosphere& tblIono = *tblPath.pIonosphere;
+    const int nLocal = AuroralHourGet(tblIono, tbl.nLabel, tblPath.tblMid.tblPlace.dLon);
+    ControlMeans tblMeans;
+    for (std::size_t i = 0; i < nSites; ++i) {
+        const Season eSeason = SeasonOfThree(tblIono.nMonth, aSites[i]->tblPlace.dSinLat >= 0.0);
+        tblMeans.dGyro += aSites[i]->dGyroDip;
+        tblMeans.dAuroralNear += AuroralLossGet(aSites[i]->dGeomagneticSin, eSeason, 0.0, nLocal);
+        tblMeans.dAuroralFar += AuroralLossGet(aSites[i]->dGeomagneticSin, eSeason, kRangeF2Most, nLocal);
+    }
+    const auto dCount = static_cast<double>(nSites);
+    return {tblMeans.dGyro / dCount, tblMeans.dAuroralNear / dCount, tblMeans.dAuroralFar / dCount};
+}
+
+void ModeRayFill(Mode& tblMode, const Hour& tbl, double dHeight, const ControlMeans& tblMeans)
+{
+    constexpr double kNearHop = 2500.0;
+    const Path& tblPath = *tbl.pPath;
+    const double dHop = tblPath.tblWay.dKm / tblMode.nHops;
+    tblMode.dElevation = ElevationGet(dHop, dHeight);
+    tblMode.dSlant = SlantRangeGet(tblPath.tblWay.dKm, tblMode.nHops, tblMode.dElevation);
+    tblMode.dCosIncidence = IncidenceCosGet(tblMode.dElevation, kHeightE);
+    tblMode.dGyro = tblMeans.dGyro;
+    tblMode.dAuroral = dHop > kNearHop ? tblMeans.dAuroralFar : tblMeans.dAuroralNear;
+    tblMode.dTxGain = AntennaGainGet(tblPath.tblCircuit.pTx, tblMode.dElevation);
+    tblMode.dRxGain = AntennaGainGet(tblPath.tblCircuit.pRx, tblMode.dElevation);
+}
+
+void ModesEFill(Hour& tbl)
+{
+    const Path& tblPath = *tbl.pPath;
+    const double dKm = tblPath.tblWay.dKm;
+    if (dKm >= kRangeEMost)
+        return;
+    tbl.nOrderE = OrderLowestGet(tblPath, kHeightE, kOrderEMost);
+    if (tbl.nOrderE == 0)
+        return;
+    const ControlMeans tblMeans = ControlMeansGet(tbl, false);
+    for (int n = tbl.nOrderE; n <= kOrderEMost; ++n) {
+        Mode tblMode;
+        tblMode.bE = true;
+        tblMode.nHops = n;
+        ModeRayFill(tblMode, tbl, kHeightE, tblMeans);
+        tblMode.dMuf = tbl.dFoeModes / tblMode.dCosIncidence;
+        tblMode.tblDeciles = kDecilesE;
+        tblMode.dOperational = tblMode.dMuf;
+        tblMode.bReaches = n > tbl.nOrderE || dKm / n <= kControlShort;
+        tbl.aModes[static_cast<std::size_t>(tbl.nModes++)] = tblMode;
+    }
+}
+
+// Basic MUF of an F2 order beyond the reach of one hop.
+double MufBeyondGet(const Hour& tbl, int nHops, double dLowest)
+{
+    const double dHop = tbl.pPath->tblWay.dKm / nHops;
+    if (nHops == tbl.nOrderF2)
+        return dLowest;
+    const double dHop0 = tbl.pPath->tblWay.dKm / tbl.nOrderF2;
+    const auto fnRatio = [&](const F2Layer& tblLayer) {
+        return F2MufGet(tblLayer, dHop, tblLayer.dRangeMost) / F2MufGet(tblLayer, dHop0, tblLayer.dRangeMost);
+    };
+    return dLowest * std::min(fnRatio(tbl.tblHopT), fnRatio(tbl.tblHopR));
+}
+
+// The reflection height beyond one hop: at the control point with the lowest foF2. As in the ITU
+// program T + 1000 is not among them.
+double HeightBeyondGet(const Hour& tbl)
+{
+    Path& tblPath = *tbl.pPath;
+    const F2Layer* pLowest = &tbl.tblMid;
+    for (const F2Layer* pLayer : {&tbl.tblHopT, &tbl.tblHopR})
+        if (pLayer->dFof2 < pLowest->dFof2)
+            pLowest = pLayer;
+    double dM3 = pLowest->dM3;
+    if (tblPath.tblWay.dKm > kControlShort) {
+        const F2Layer tblAhead
+            = SiteLayerGet(*tblPath.pIonosphere, tbl.tblFoe, tblPath.tblAheadR, tbl.nLabel);
+        if (tblAhead.dFof2 < pLowest->dFof2)
+            dM3 = tblAhead.dM3;
+    }
+    return MirrorHeightSimpleGet(dM3);
+}
+
+void HopLayersFill(Hour& tbl)
+{
+    Path& tblPath = *tbl.pPath;
+    const auto nAt = static_cast<std::size_t>(tbl.nOrderF2);
+    PathHopSitesMake(tblPath, tbl.nOrderF2);
+    tbl.tblHopT = SiteLayerGet(*tblPath.pIonosphere, tbl.tblFoe, tblPath.aHopT[nAt], tbl.nLabel);
+    tbl.tblHopR = SiteLayerGet(*tblPath.pIonosphere, tbl.tblFoe, tblPath.aHopR[nAt], tbl.nLabel);
+}
+
+void ModesF2Fill(Hour& tbl, bool bHopSum)
+{
+    const Path& tblPath = *tbl.pPath;
+    const Ionosphere& tblIono = *tblPath.pIonosphere;
+    const double dKm = tblPath.tblWay.dKm;
+    tbl.dHeightF2 = MirrorHeightSimpleGet(tbl.tblMid.dM3);
+    tbl.nOrderF2 = OrderLowestGet(tblPath, tbl.dHeightF2, bHopSum ? kOrderHopSumMost : kOrderMost);
+    if (tbl.nOrderF2 == 0)
+        return;
+    const bool bBeyond = dKm > tbl.dRangeMost;
+    double dLowest = 0.0;
+    if (bBeyond) {
+        HopLayersFill(tbl);
+        const double dHop0 = dKm / tbl.nOrderF2;
+        dLowest = std::min(F2MufGet(tbl.tblHopT, dHop0, tbl.dRangeMost),
+                           F2MufGet(tbl.tblHopR, dHop0, tbl.dRangeMost));
+        tbl.dHeightF2 = HeightBeyondGet(tbl);
+    }
+    const ControlMeans tblMeans = ControlMeansGet(tbl, bBeyond);
+    const Season eSeason = SeasonOfFour(tblIono.nMonth, tblPath.tblMid.tblPlace.dSinLat >= 0.0);
+    const DecileFactors tblDeciles
+        = DecileFactorsGet(tblPath.tblMid.tblPlace.dLat,
+                           DecileHourGet(tblIono, tbl.nLabel, tblPath.tblMid.tblPlace.dLon), eSeason,
+                           tblIono.dSsn);
+    const bool bDay = OperationalDayIs(tblIono, tbl.nLabel, tblPath.tblMid.tblPlace);
+    const int nLast = bHopSum ? std::max(kOrderMost, tbl.nOrderF2 + kHopSumMore) : kOrderMost;
+    for (int n = tbl.nOrderF2; n <= nLast; ++n) {
+        Mode tblMode;
+        tblMode.nHops = n;
+        tblMode.dMuf = bBeyond ? MufBeyondGet(tbl, n, dLowest)
+                               : F2MufGet(tbl.tblMid, dKm / n, tbl.dRangeMost);
+        ModeRayFill(tblMode, tbl, tbl.dHeightF2, tblMeans);
+        tblMode.tblDeciles = tblDeciles;
+        constexpr double kKilowattDbw = 30.0;
+        const double dEirp
+            = tblIono.bReference ? 0.0 : tblPath.dPowerDb + kKilowattDbw + tblMode.dTxGain;
+        tblMode.dOperational = tblMode.dMuf * OperationalRatioGet(eSeason, bDay, dEirp);
+        tblMode.bReaches = n > tbl.nOrderF2 || dKm / n <= tbl.dRangeMost;
+        tbl.aModes[static_cast<std::size_t>(tbl.nModes++)] = tblMode;
+    }
+}
+
+// Path values: basic MUF from the lowest modes, the rest from all of them.
+void PathMufFill(Hour& tbl)
+{
+    const double dKm = tbl.pPath->tblWay.dKm;
+    for (int i = 0; i < tbl.nModes; ++i) {
+        const Mode& tblMode = tbl.aModes[static_cast<std::size_t>(i)];
+        if (tblMode.nHops == (tblMode.bE ? tbl.nOrderE : tbl.nOrderF2))
+            tbl.dMuf = std::max(tbl.dMuf, tblMode.dMuf);
+        tbl.dMuf10 = std::max(tbl.dMuf10, tblMode.dMuf * tblMode.tblDeciles.dUpper);
+        tbl.dMuf90 = std::max(tbl.dMuf90, tblMode.dMuf * tblMode.tblDeciles.dLower);
+        tbl.dOperational = std::max(tbl.dOperational, tblMode.dOperational);
+        tbl.dOperational10 = std::max(tbl.dOperational10, tblMode.dOperational * tblMode.tblDeciles.dUpper);
+        tbl.dOperational90 = std::max(tbl.dOperational90, tblMode.dOperational * tblMode.tblDeciles.dLower);
+    }
+    if (dKm > kShortOnly && tbl.nOrderF2 > 0) {
+        const double dHop = dKm / tbl.nOrderF2;
+        const auto fnMuf = [&](const F2Layer& tblLayer) {
+            return F2MufGet(tblLayer, dHop, std::min(tblLayer.dRangeMost, kRangeF2Most));
+        };
+        tbl.dMuf = std::min(fnMuf(tbl.tblHopT), fnMuf(tbl.tblHopR));
+    }
+}
+
+void LongMufFill(Hour& tbl)
+{
+    const Path& tblPath = *tbl.pPath;
+    const Ionosphere& tblIono = *tblPath.pIonosphere;
+    const auto nPoint = static_cast<std::size_t>(tbl.tblLong.nSmaller);
+    const DecileFactors tblDeciles = DecileFactorsGet(
+        tblPath.tblLong.aLat[nPoint], DecileHourGet(tblIono, tbl.nLabel, tblPath.tblLong.aLon[nPoint]),
+        SeasonOfFour(tblIono.nMonth, tblPath.tblMid.tblPlace.dSinLat >= 0.0), tblIono.dSsn);
+    tbl.dMuf = tbl.tblLong.dBasic;
+    tbl.dMuf10 = tbl.dMuf * tblDeciles.dUpper;
+    tbl.dMuf90 = tbl.dMuf * tblDeciles.dLower;
+    tbl.dOperational = tbl.tblLong.dUpper;
+    tbl.dOperational10 = tbl.dOperational * tblDeciles.dUpper;
+    tbl.dOperational90 = tbl.dOperational * tblDeciles.dLower;
+}
+
+}  // namespace
+
+void HourFill(Hour& tbl, Path& tblPath, int nLabel)
+{
+    const Ionosphere& tblIono = *tblPath.pIonosphere;
+    const double dKm = tblPath.tblWay.dKm;
+    tbl.pPath = &tblPath;
+    tbl.nLabel = nLabel;
+    tbl.tblFoe = FoeHourGet(tblIono, nLabel);
+    tbl.nOrderF2 = tbl.nOrderE = tbl.nModes = tbl.nCrossings = 0;
+    tbl.dMuf = tbl.dMuf10 = tbl.dMuf90 = 0.0;
+    tbl.dOperational = tbl.dOperational10 = tbl.dOperational90 = 0.0;
+    tbl.tblMid = SiteLayerGet(tblIono, tbl.tblFoe, tblPath.tblMid, nLabel);
+    tbl.dRangeMost = std::min(tbl.tblMid.dRangeMost, kRangeF2Most);
+    if (dKm >= kShortOnly)
+        tbl.tblLong = LongHourGet(tblPath.tblLong, nLabel);
+    const bool bHopSum = tblIono.eBehaviour == Behaviour::Best && dKm > kShortOnly;
+    if (dKm <= kLongOnly || bHopSum) {
+        FoeFill(tbl);
+        ModesEFill(tbl);
+        ModesF2Fill(tbl, bHopSum);
+    }
+    if (dKm <= kLongOnly)
+        PathMufFill(tbl);
+    else
+        LongMufFill(tbl);
+}
+
+}  // namespace rec533

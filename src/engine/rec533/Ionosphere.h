@@ -1,0 +1,37 @@
+/// @file Ionosphere.h
+/// What all circuits of one month and sunspot number share; made once, read by every thread.
+///
+/// Units:   hours are labels 1 to 24 UTC (24 = 0).
+/// Tests:   tests/engine/ReferenceTableTest.cpp
+#pragma once
+
+#include "engine/rec533/Maps.h"
+#include "engine/rec533/Sun.h"
+
+namespace rec533 {
+
+struct Ionosphere {
+    Behaviour eBehaviour = Behaviour::Best;
+    bool bReference = false;      ///< every quirk of the ITU program
+    int nMonth = 1;               ///< 1 to 12
+    double dSsn = 0.0;            ///< smoothed sunspot number, 0 to 311
+    double dSsnLimited = 0.0;     ///< the same, 160 at most: maps, foE, absorption, mirror height
+    MapHours tblMaps;             ///< by UT
+    SunDay tblSun;
+    NoiseFigures tblNoise;
+};
+
+/// Fills a description (large: keep it off the stack of a loop).
+/// nMonth 1 to 12; dSsn 0 to 311, clamped.
+void IonosphereFill(Ionosphere& tbl, Behaviour eBehaviour, MapSet eMaps, int nMonth, double dSsn);
+
+/// The hour of the maps for a label.
+[[nodiscard]] inline int MapHourGet(int nLabel) { return nLabel % 24; }
+/// The hour of sun and local times. The ITU program takes the maps at the label and everything else
+/// one hour earlier. Label 24 is the end of the fifteenth, not its begin.
+[[nodiscard]] inline int SunHourOfLabel(const Ionosphere& tbl, int nLabel)
+{
+    return tbl.bReference ? nLabel - 1 : nLabel;
+}
+
+}  // namespace rec533

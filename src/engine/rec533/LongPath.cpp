@@ -1,0 +1,177 @@
+#include "engine/rec533/LongPath.h"
+
+#include "engine/rec533/Absorption.h"
+
+namespace rec533 {
+namespace {
+
+constexpr double kLowHop = 3000.0;    // longest hop of the lower limit, km
+constexpr double kUpperHop = 4000.0;  // longest hop of the upper limit, km
+constexpr double kElevationLeast = 3.0 * kRadians;
+
+int HopsGet(double dKm, double dLongest)
+{
+    return std::max(1, static_cast<int>(std::ceil(dKm / dLongest)));
+}
+
+// Weights of K by the azimuth at mid-path: 0 east-west, 1 north-south.
+double NorthSouthGet(double dBearing)
+{
+    double dA = dBearing * kDegrees;
+    if (dA > 180.0)
+        dA -= 180.0;
+    return (dA >= 90.0 ? dA - 90.0 : 90.0 - dA) / 90.0;
+}
+
+// The basic MUF and K of a control point for all hours.
+void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIonosphere, const Place& tblPlace,
+                    double dHop, double dNorthSouth)
+{
+    MapPlace tblMap;
+    const MagneticField tblField = MagneticFieldGet(tblPlace, FieldHeight::Maps);
+    const double dGyro = tblField.dGyro;
+    MapPlaceFill(tblMap, tblPlace, tblField, tblIonosphere.bReference);
+    tbl.dGyro += dGyro / 2.0;
+    tbl.aLat[nPoint] = tblPlace.dLat;
+    tbl.aLon[nPoint] = tblPlace.dLon;
+    const double dFd
+        = ((((((-2.40074637494790e-24 * dHop + 25.8520201885984e-21) * dHop - 92.4986988833091e-18) * dHop
+              + 102.342990689362e-15)
+                 * dHop
+             + 22.0776941764705e-12)
+                * dHop
+            + 87.4376851991085e-9)
+               * dHop
+           + 29.1996868566837e-6)
+          * dHop;
+    auto& aBasic = tbl.aBasic[nPoint];
+    for (int i = 0; i < 24; ++i) {
+        const double dFof2 = MapFof2Get(tblIonosphere.tblMaps, tblMap, i);
+        const double dF4 = 1.1 * dFof2 * MapM3Get(tblIonosphere.tblMaps, tblMap, i);
+        const double dZero = dFof2 + dGyro / 2.0;
+        aBasic[static_cast<std::size_t>(i)] = std::max(dZero + (dF4 - dZero) * dFd, 0.1);
+    }
+    const double dLeast = std::min(*std::min_element(aBasic.begin(), aBasic.end()), 100.0);
+    const int nNoon = HourWrap(static_cast<int>(12.0 - tblPlace.dLon * kDegrees / 15.0));
+    const double dNoon = aBasic[static_cast<std::size_t>(nNoon)];
+    const double dW = 0.1 + 0.1 * dNorthSouth;
+    const double dX = 1.2 - 1.0 * dNorthSouth;
+    const double dY = 0.6 - 0.2 * dNorthSouth;
+    for (std::size_t i = 0; i < 24; ++i)
+        tbl.aRatio[nPoint][i] = 1.2 + dW * aBasic[i] / dNoon + dX * (std::cbrt(dNoon / aBasic[i]) - 1.0)
+                                + dY * Square(dLeast / dNoon);
+}
+
+void UpperFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
+{
+    int nHops = HopsGet(tblWay.dKm, kUpperHop);
+    if (ElevationGet(tblWay.dKm / nHops, kHeightLong) < kElevationLeast)
+        ++nHops;
+    const double dHop = tblWay.dKm / nHops;
+    const double dElevation = ElevationGet(dHop, kHeightLong);
+    tbl.dSlant = SlantRangeGet(tblWay.dKm, nHops, dElevation);
+    constexpr double kGapMost = 15.0;
+    const double dSin = std::max(std::abs(std::sin(tblWay.dAngle)), 1e-12);
+    tbl.dGap = std::min(DbFromPower(tblWay.dAngle / dSin), kGapMost);
+    const double dNorthSouth = NorthSouthGet(BearingGet(GreatCirclePlace(tblWay, 0.5), tblWay.tblTo));
+    tbl.dGyro = 0.0;
+    const double dHalf = 0.5 / nHops;
+    UpperPointFill(tbl, 0, tblIonosphere, GreatCirclePlace(tblWay, dHalf), dHop, dNorthSouth);
+    UpperPointFill(tbl, 1, tblIonosphere, GreatCirclePlace(tblWay, 1.0 - dHalf), dHop, dNorthSouth);
+}
+
+// Winter anomaly factor Aw at mid-path.
+double WinterGet(int nMonth, double dLat)
+{
+    constexpr double kNorth[12]{0.30, 0.15, 0.03, 0, 0, 0, 0, 0, 0, 0.03, 0.15, 0.30};
+    const double dAt60 = kNorth[dLat >= 0.0 ? nMonth - 1 : (nMonth + 5) % 12];
+    const double dAbs = std::abs(dLat) * kDegrees;
+    return dAt60 * std::max(0.0, dAbs <= 60.0 ? (dAbs - 30.0) / 30.0 : (90.0 - dAbs) / 30.0);
+}
+
+// In the evening the lower limit falls slowly from hour to hour.
+void DecayApply(std::array<double, 24>& aLower, double dNight)
+{
+    constexpr double kPerHour = 0.7945;
+    for (std::size_t t = 0; t < 24; ++t) {
+        const double dBefore = aLower[(t + 23) % 24];
+        if (dBefore < 2.0 * dNight || aLower[t] > 2.0 * dNight)
+            continue;
+        const double dStep = dBefore - aLower[t];
+        const double dQ = dStep > 0.0 ? (2.0 * dNight - aLower[t]) / dStep : 0.0;
+        aLower[t] = kPerHour * dBefore * (0.2055 * dQ + kPerHour);
+        for (std::size_t i = 1; i <= 3; ++i)
+            aLower[(t + i) % 24] = std::max(kPerHour * aLower[(t + i - 1) % 24], aLower[(t + i) % 24]);
+        return;
+    }
+}
+
+void LowerFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
+{
+    tbl.nLowHops = HopsGet(tblWay.dKm, kLowHop);
+    const double dHop = tblWay.dKm / tbl.nLowHops;
+    const double dElevation = ElevationGet(dHop, kHeightLong);
+    const double dNear = CrossingKmGet(dElevation);
+    const int nPlaces = 2 * tbl.nLowHops;
+    std::array<double, 24> aSum{};
+    for (int i = 0; i < nPlaces; ++i) {
+        const double dKm = i % 2 == 0 ? i / 2 * dHop + dNear : (i / 2 + 1) * dHop - dNear;
+        const Place tblPlace = GreatCirclePlace(tblWay, dKm / tblWay.dKm);
+        tbl.aLowPlaces[static_cast<std::size_t>(i)] = tblPlace;
+        for (std::size_t t = 0; t < 24; ++t) {
+            const double dCos = SunZenithCosGet(tblIonosphere.tblSun.aHours[t], tblPlace);
+            aSum[t] += dCos > 0.0 && dCos < 1.0 ? std::sqrt(dCos) : 0.0;
+        }
+    }
+    const double dScale = (1.0 + 0.009 * tblIonosphere.dSsn)
+                          / (IncidenceCosGet(dElevation, kHeightAbsorption) * std::log(9.5e6 / tbl.dSlant));
+    const double dWinter = 1.0 + WinterGet(tblIonosphere.nMonth, GreatCirclePlace(tblWay, 0.5).dLat);
+    const double dNight = std::sqrt(tblWay.dKm / kLowHop);
+    for (std::size_t t = 0; t < 24; ++t)
+        tbl.aLower[t] = std::max((5.3 * std::sqrt(dScale * aSum[t]) - tbl.dGyro) * dWinter, dNight);
+    DecayApply(tbl.aLower, dNight);
+}
+
+}  // namespace
+
+void LongPathFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
+{
+    UpperFill(tbl, tblIonosphere, tblWay);
+    LowerFill(tbl, tblIonosphere, tblWay);
+}
+
+LongHour LongHourGet(const LongPath& tbl, int nLabel)
+{
+    const auto nHour = static_cast<std::size_t>(nLabel % 24);
+    LongHour tblHour;
+    const double dBasic1 = tbl.aBasic[0][nHour];
+    const double dBasic2 = tbl.aBasic[1][nHour];
+    tblHour.dK1 = tbl.aRatio[0][nHour];
+    tblHour.dK2 = tbl.aRatio[1][nHour];
+    tblHour.dUpper = std::min(tblHour.dK1 * dBasic1, tblHour.dK2 * dBasic2);
+    tblHour.nSmaller = dBasic2 < dBasic1 ? 1 : 0;
+    tblHour.dBasic = std::min(dBasic1, dBasic2);
+    tblHour.dLower = tbl.aLower[nHour];
+    return tblHour;
+}
+
+double LongShareGet(const LongPath& tbl, const LongHour& tblHour, double dFrequency)
+{
+    const double dL = Square(tblHour.dLower + tbl.dGyro);
+    const double dM = Square(tblHour.dUpper + tbl.dGyro);
+    const double dF = Square(dFrequency + tbl.dGyro);
+    return 1.0 - (dL / dF + dF / dM) * dM / (dM + dL);
+}
+
+double LongFreeGet(const LongPath& tbl)
+{
+    return 139.6 - 20.0 * std::log10(tbl.dSlant);
+}
+
+double LongFieldGet(const LongPath& tbl, double dShare, double dPowerDb, double dGain)
+{
+    constexpr double kLy = -0.17;  // losses not otherwise told, dB
+    return LongFreeGet(tbl) * dShare - 30.0 + dPowerDb + dGain + tbl.dGap - kLy;
+}
+
+}  // namespace rec533

@@ -1,0 +1,183 @@
+#include "engine/rec533/Maps.h"
+
+namespace rec533 {
+namespace {
+
+// Last index of the functions of each longitude order (P.1239, table of IKIM).
+constexpr std::array kFof2Last{11, 35, 53, 63, 67, 69, 71, 73, 75};
+constexpr std::array kM3Last{6, 22, 34, 40, 44, 46, 48};
+constexpr std::size_t kPowers = 12;
+constexpr std::size_t kOrders = 9;
+constexpr double kSsnLevels = 100.0;  // between the two levels of the figures
+
+// The powers of the sine of the modified dip and the products with the longitude terms.
+struct Functions {
+    std::array<double, kPowers> aPower;
+    std::array<double, kOrders> aCos, aSin;  // cos^m lat cos m lon, cos^m lat sin m lon
+};
+
+Functions FunctionsGet(const Place& tblPlace, double dDip)
+{
+    const double dTan = dDip / std::sqrt(tblPlace.dCosLat);
+    const double dSinX = dTan / std::sqrt(1.0 + dTan * dTan);
+    Functions tbl;
+    tbl.aPower[0] = 1.0;
+    for (std::size_t i = 1; i < kPowers; ++i)
+        tbl.aPower[i] = tbl.aPower[i - 1] * dSinX;
+    const double dC = tblPlace.dCosLat * tblPlace.dCosLon;
+    const double dS = tblPlace.dCosLat * tblPlace.dSinLon;
+    tbl.aCos[0] = 1.0;
+    tbl.aSin[0] = 0.0;
+    for (std::size_t m = 1; m < kOrders; ++m) {
+        tbl.aCos[m] = tbl.aCos[m - 1] * dC - tbl.aSin[m - 1] * dS;
+        tbl.aSin[m] = tbl.aSin[m - 1] * dC + tbl.aCos[m - 1] * dS;
+    }
+    return tbl;
+}
+
+template <std::size_t kOrderCount, std::size_t kCells>
+void FunctionsAdd(std::array<double, kCells>& aCells, const Functions& tbl,
+                  const std::array<int, kOrderCount>& aLast, double dWeight)
+{
+    const auto nFirst = static_cast<std::size_t>(aLast[0]);
+    for (std::size_t i = 0; i <= nFirst; ++i)
+        aCells[i] += dWeight * tbl.aPower[i];
+    for (std::size_t m = 1; m < kOrderCount; ++m) {
+        auto i = static_cast<std::size_t>(aLast[m - 1] + 1);
+        const double dCos = dWeight * tbl.aCos[m];
+        const double dSin = dWeight * tbl.aSin[m];
+        for (std::size_t q = 0; i <= static_cast<std::size_t>(aLast[m]); i += 2, ++q) {
+            aCells[i] += dCos * tbl.aPower[q];
+            aCells[i + 1] += dSin * tbl.aPower[q];
+        }
+    }
+}
+
+void MapPlaceAdd(MapPlace& tblMap, const Place& tblPlace, double dDip, double dWeight)
+{
+    const Functions tbl = FunctionsGet(tblPlace, dDip);
+    FunctionsAdd(tblMap.aFof2, tbl, kFof2Last, dWeight);
+    FunctionsAdd(tblMap.aM3, tbl, kM3Last, dWeight);
+}
+
+// The four grid places of the ITU program and their weights.
+void GridAdd(MapPlace& tblMap, const Place& tblPlace)
+{
+    constexpr double kStep = 1.5;  // degrees
+    const double dLat = tblPlace.dLat * kDegrees / kStep;
+    const double dLon = tblPlace.dLon * kDegrees / kStep;
+    const int nLat = static_cast<int>(dLat);  // toward zero
+    const int nLon = static_cast<int>(dLon);
+    const double dR = std::abs(dLat) - std::abs(nLat);
+    const double dC = std::abs(dLon) - std::abs(nLon);
+    const int nSouth = tblPlace.dLat >= 0.0 ? nLat : nLat - 1;
+    const int nWest = tblPlace.dLon >= 0.0 ? nLon : nLon - 1;
+    for (int i = 0; i < 4; ++i) {
+        const bool bNorth = i % 2 == 1;
+        const bool bEast = i / 2 == 1;
+        const double dWeight = (bNorth ? dR : 1.0 - dR) * (bEast ? dC : 1.0 - dC);
+        if (dWeight == 0.0)
+            continue;
+        const int nRow = std::clamp(nSouth + (bNorth ? 1 : 0), -60, 60);
+        const Place tblNode = PlaceFromDegrees(kStep * nRow, kStep * (nWest + (bEast ? 1 : 0)));
+        MapPlaceAdd(tblMap, tblNode, MagneticFieldGet(tblNode, FieldHeight::Maps).dDip, dWeight);
+    }
+}
+
+// sin jT, cos jT of one hour behind the constant 1.
+template <std::size_t kCount>
+std::array<double, kCount> HarmonicsGet(int nHour)
+{
+    std::array<double, kCount> aTerms;
+    aTerms[0] = 1.0;
+    const double dT = (15.0 * nHour - 180.0) * (kPi / 180.0);
+    for (std::size_t j = 1; 2 * j < kCount; ++j) {
+        aTerms[2 * j - 1] = std::sin(static_cast<double>(j) * dT);
+        aTerms[2 * j] = std::cos(static_cast<double>(j) * dT);
+    }
+    return aTerms;
+}
+
+// Both levels mixed for the sunspot number, [k][i].
+template <std::size_t kFunctions, std::size_t kHarmonics>
+void SeriesFill(std::array<double, kFunctions * kHarmonics>& aSeries, const float* aLevels, double dSsn,
+                double dWeight)
+{
+    const double dHigh = dWeight * dSsn / kSsnLevels;
+    const double dLow = dWeight - dHigh;
+    for (std::size_t i = 0; i < aSeries.size(); ++i)
+        aSeries[i] += dLow * static_cast<double>(aLevels[i])
+                      + dHigh * static_cast<double>(aLevels[i + aSeries.size()]);
+}
+
+template <std::size_t kFunctions, std::size_t kHarmonics, std::size_t kCells>
+void HourFill(std::array<double, kCells>& aCells, const std::array<double, kFunctions * kHarmonics>& aSeries,
+              int nHour)
+{
+    const auto aTerms = HarmonicsGet<kHarmonics>(nHour);
+    for (std::size_t k = 0; k < kFunctions; ++k) {
+        double dSum = 0.0;
+        for (std::size_t i = 0; i < kHarmonics; ++i)
+            dSum += aSeries[k * kHarmonics + i] * aTerms[i];
+        aCells[k] = dSum;
+    }
+}
+
+// Two sums side by side, so that one addition need not wait for the other.
+template <std::size_t kCount>
+double ProductGet(const std::array<double, kCount>& aA, const std::array<double, kCount>& aB)
+{
+    static_assert(kCount % 2 == 0);
+    double dEven = 0.0;
+    double dOdd = 0.0;
+    for (std::size_t i = 0; i < kCount; i += 2) {
+        dEven += aA[i] * aB[i];
+        dOdd += aA[i + 1] * aB[i + 1];
+    }
+    return dEven + dOdd;
+}
+
+}  // namespace
+
+void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dSsn, int nHour)
+{
+    std::array<double, std::size_t{kFof2Functions} * kFof2Harmonics> aFof2{};
+    std::array<double, std::size_t{kM3Functions} * kM3Harmonics> aM3{};
+    const double dCcir = eSet == MapSet::Ccir ? 1.0 : eSet == MapSet::Ursi ? 0.0 : 0.5;
+    if (dCcir > 0.0)
+        SeriesFill<kFof2Functions, kFof2Harmonics>(aFof2, FiguresFof2(false, nMonth).data(), dSsn, dCcir);
+    if (dCcir < 1.0)
+        SeriesFill<kFof2Functions, kFof2Harmonics>(aFof2, FiguresFof2(true, nMonth).data(), dSsn,
+                                                   1.0 - dCcir);
+    SeriesFill<kM3Functions, kM3Harmonics>(aM3, FiguresM3(nMonth).data(), dSsn, 1.0);
+    for (int i = 0; i < 24; ++i) {
+        if (nHour >= 0 && i != nHour)
+            continue;
+        const auto nAt = static_cast<std::size_t>(i);
+        HourFill<kFof2Functions, kFof2Harmonics>(tblHours.aFof2[nAt], aFof2, i);
+        HourFill<kM3Functions, kM3Harmonics>(tblHours.aM3[nAt], aM3, i);
+        tblHours.aM3[nAt][kM3Functions] = 0.0;
+    }
+}
+
+void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, const MagneticField& tblField, bool bGrid)
+{
+    tblMap.aFof2.fill(0.0);
+    tblMap.aM3.fill(0.0);
+    if (bGrid)
+        GridAdd(tblMap, tblPlace);
+    else
+        MapPlaceAdd(tblMap, tblPlace, tblField.dDip, 1.0);
+}
+
+double MapFof2Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour)
+{
+    return ProductGet(tblHours.aFof2[static_cast<std::size_t>(nHour)], tblMap.aFof2);
+}
+
+double MapM3Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour)
+{
+    return ProductGet(tblHours.aM3[static_cast<std::size_t>(nHour)], tblMap.aM3);
+}
+
+}  // namespace rec533

@@ -1,0 +1,71 @@
+/// @file Modes.h
+/// One hour of a path: the propagation modes with all that does not depend on the frequency, the
+/// path's MUFs, and the fields of the modes at a frequency.
+///
+/// Units:   MHz, km, radians, dB.
+/// Source:  Recommendation ITU-R P.533-14, sections 3 to 5.2.
+/// Tests:   tests/engine/ReferenceTableTest.cpp
+#pragma once
+
+#include "engine/rec533/Absorption.h"
+#include "engine/rec533/Path.h"
+#include "engine/rec533/Variability.h"
+
+namespace rec533 {
+
+inline constexpr int kModesMost = 9;
+
+struct Mode {
+    bool bE = false;              ///< E mode, else F2
+    int nHops = 1;
+    double dMuf = 0.0;            ///< basic MUF, median
+    DecileFactors tblDeciles;
+    double dOperational = 0.0;    ///< operational MUF
+    bool bReaches = true;         ///< its hop is short enough to carry power
+    double dElevation = 0.0;
+    double dSlant = 0.0;          ///< virtual slant range
+    double dCosIncidence = 1.0;   ///< at 110 km
+    double dGyro = 0.0;           ///< fL of the absorption
+    double dAuroral = 0.0;        ///< Lh
+    double dTxGain = 0.0, dRxGain = 0.0;  ///< at its elevation, dBi
+    int nCrossing = -1;           ///< first crossing, -1 before they are needed
+};
+
+/// A mode at one frequency.
+struct ModeField {
+    bool bUsed = false;       ///< carries power
+    double dScreening = 0.0;  ///< fs: the E layer screens at and below it
+    double dMirror = 0.0;     ///< mirror height of the screening
+    double dLoss = 0.0;       ///< basic transmission loss Lb
+    double dField = 0.0;      ///< Ew, dB(uV/m)
+    double dHopField = 0.0;   ///< the same in the hop sum of the long-path rule
+};
+
+struct Hour {
+    Path* pPath = nullptr;
+    int nLabel = 1;                  ///< 1 to 24 UTC
+    FoeHour tblFoe;
+    F2Layer tblMid, tblHopT, tblHopR;
+    double dFoeModes = 0.0;          ///< foE of the E modes
+    double dFoeScreen = 0.0;         ///< foE of the screening
+    double dRangeMost = 0.0;         ///< dmax of the path, limited
+    double dHeightF2 = 0.0;          ///< reflection height of the F2 modes
+    int nOrderF2 = 0, nOrderE = 0;   ///< lowest orders, 0 none
+    std::array<Mode, kModesMost> aModes;
+    int nModes = 0;
+    std::array<Crossing, kCrossingsMost> aCrossings;
+    int nCrossings = 0;
+    LongHour tblLong;
+    double dMuf = 0.0, dMuf10 = 0.0, dMuf90 = 0.0;  ///< path basic MUF: median, 10 %, 90 % of the days
+    double dOperational = 0.0, dOperational10 = 0.0, dOperational90 = 0.0;
+};
+
+/// Fills an hour (large: keep it off the stack of a loop). The path outlives it.
+void HourFill(Hour& tbl, Path& tblPath, int nLabel);
+
+using ModeFields = std::array<ModeField, kModesMost>;
+
+/// All modes at a frequency.
+void ModeFieldsFill(ModeFields& aFields, Hour& tblHour, double dFrequency);
+
+}  // namespace rec533

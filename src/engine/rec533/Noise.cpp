@@ -1,0 +1,164 @@
+#include "engine/rec533/Noise.h"
+
+namespace rec533 {
+namespace {
+
+constexpr std::size_t kLongitudeTerms = 15;
+constexpr std::size_t kLatitudeTerms = 29;
+constexpr double kDecileSigma = 1.282;  // standard deviations from median to decile
+
+// Value of a polynomial, highest power first.
+template <int kCount>
+double PolynomialGet(const float* pTerms, double dX)
+{
+    double dSum = 0.0;
+    for (int i = 0; i < kCount; ++i)
+        dSum = dSum * dX + static_cast<double>(pTerms[i]);
+    return dSum;
+}
+
+// sin(i x), i = 1 ... kCount, by the recurrence of multiple angles.
+template <std::size_t kCount>
+std::array<double, kCount> SinesGet(double dX)
+{
+    std::array<double, kCount> aSin;
+    const double dTwoCos = 2.0 * std::cos(dX);
+    double dBefore = 0.0;
+    double dNow = std::sin(dX);
+    for (double& dSin : aSin) {
+        dSin = dNow;
+        const double dNext = dTwoCos * dNow - dBefore;
+        dBefore = dNow;
+        dNow = dNext;
+    }
+    return aSin;
+}
+
+double PlaceW(const Place& tblPlace)
+{
+    return tblPlace.dLat + kPi / 2.0;
+}
+
+// The longitude series gives the coefficients of the latitude series.
+double BlockSum(const NoiseFigures& tbl, const NoisePlace& tblPlace, std::size_t nBlock)
+{
+    const float* pFakp = tbl.pFakp + (kLongitudeTerms + 1) * kLatitudeTerms * nBlock;
+    std::array<double, kLatitudeTerms> aZ;
+    for (std::size_t j = 0; j < kLatitudeTerms; ++j)
+        aZ[j] = static_cast<double>(pFakp[kLongitudeTerms * kLatitudeTerms + j]);
+    for (std::size_t k = 0; k < kLongitudeTerms; ++k)
+        for (std::size_t j = 0; j < kLatitudeTerms; ++j)
+            aZ[j] += tblPlace.aLon[k] * static_cast<double>(pFakp[k * kLatitudeTerms + j]);
+    double dSum = static_cast<double>(tbl.pFakabp[2 * nBlock])
+                  + static_cast<double>(tbl.pFakabp[2 * nBlock + 1]) * PlaceW(tblPlace.tblPlace);
+    for (std::size_t j = 0; j < kLatitudeTerms; ++j)
+        dSum += tblPlace.aLat[j] * aZ[j];
+    return dSum;
+}
+
+Noise BlockGet(const NoiseFigures& tbl, NoisePlace& tblPlace, int nBlock, double dFrequency)
+{
+    const auto nAt = static_cast<std::size_t>(nBlock);
+    if (!tblPlace.aSummed[nAt]) {
+        tblPlace.aMegahertz[nAt] = BlockSum(tbl, tblPlace, nAt);
+        tblPlace.aSummed[nAt] = true;
+    }
+    const int nHemisphere = tblPlace.tblPlace.dLat >= 0.0 ? nBlock : nBlock + 6;
+    const float* pFam = tbl.pFam + 14 * nHemisphere;
+    const double dLog = std::log10(dFrequency);
+    const double dU = (8.0 * std::exp2(dLog) - 11.0) / 4.0;
+    const double dU1 = -0.75;  // 1 MHz
+    const double dCz = tblPlace.aMegahertz[nAt]
+                           * (2.0 - PolynomialGet<7>(pFam, dU1))
+                       - PolynomialGet<7>(pFam + 7, dU1);
+    const double dLogDecile = std::log10(std::min(dFrequency, 20.0));
+    const float* pUpper = tbl.pDud + 5 * nHemisphere;
+    return {dCz * PolynomialGet<7>(pFam, dU) + PolynomialGet<7>(pFam + 7, dU),
+            PolynomialGet<5>(pUpper, dLogDecile), PolynomialGet<5>(pUpper + 60, dLogDecile)};
+}
+
+}  // namespace
+
+NoisePlace NoisePlaceMake(const Place& tblPlace)
+{
+    const double dEast = tblPlace.dLon < 0.0 ? tblPlace.dLon + 2.0 * kPi : tblPlace.dLon;
+    NoisePlace tbl;
+    tbl.tblPlace = tblPlace;
+    tbl.aLon = SinesGet<kLongitudeTerms>(dEast / 2.0);
+    tbl.aLat = SinesGet<kLatitudeTerms>(PlaceW(tblPlace));
+    return tbl;
+}
+
+Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel, double dFrequency)
+{
+    const int nZone = static_cast<int>(tblPlace.tblPlace.dLon * (12.0 / kPi));  // whole zones, toward zero
+    const int nHour = HourWrap(SunHourOfLabel(tbl, nLabel) + nZone);
+    const int nBlock = nHour / 4;
+    const double dPart = nHour % 4 / 4.0;
+    const Noise tblA = BlockGet(tbl.tblNoise, tblPlace, nBlock, dFrequency);
+    if (dPart == 0.0)
+        return tblA;
+    const Noise tblB = BlockGet(tbl.tblNoise, tblPlace, (nBlock + 1) % 6, dFrequency);
+    const auto fnMix = [dPart](double dA, double dB) {
+        return dA + DbFromPower(1.0 + (PowerFromDb(dB - dA) - 1.0) * dPart);
+    };
+    return {fnMix(tblA.dFa, tblB.dFa), fnMix(tblA.dUpper, tblB.dUpper), fnMix(tblA.dLower, tblB.dLower)};
+}
+
+Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency, bool bReference)
+{
+    struct Row {
+        double dC, dD, dUpper, dLower;
+    };
+    // P.372: c - d log f and deciles; Quiet and Noisy are the ITU program's own.
+    constexpr Row kRows[]{
+        {76.8, 27.7, 11.0, 6.7}, {72.5, 27.7, 10.6, 5.3}, {67.2, 27.7, 9.2, 4.6},
+        {53.6, 28.6, 9.2, 4.6},  {65.2, 29.1, 9.2, 4.6},  {83.2, 37.5, 11.0, 6.7},
+    };
+    constexpr double kThermal = 204.0;       // dB, of 1 W to k T0
+    constexpr double kLevelLog = 0.47712125471966244;  // log10 of 3 MHz
+    const double dLog = std::log10(dFrequency);
+    if (eCategory != NoiseCategory::Level) {
+        const Row& tbl = kRows[static_cast<std::size_t>(eCategory)];
+        return {tbl.dC - tbl.dD * dLog, tbl.dUpper, tbl.dLower};
+    }
+    const double dFa = kThermal + dLevel + kRows[0].dD * (kLevelLog - dLog);
+    // The ITU program swaps the deciles of a level.
+    return bReference ? Noise{dFa, kRows[0].dLower, kRows[0].dUpper}
+                      : Noise{dFa, kRows[0].dUpper, kRows[0].dLower};
+}
+
+Noise NoiseGalacticGet(double dFrequency)
+{
+    return {52.0 - 23.0 * std::log10(dFrequency), 2.0, 2.0};
+}
+
+Noise NoiseTotalGet(const Noise& tblAtmospheric, const Noise& tblManMade, const Noise& tblGalactic)
+{
+    constexpr double kC = 4.3429448190325183;  // 10 / ln 10
+    constexpr double kGalacticSigma = 1.56;
+    constexpr double kDecileMost = 12.0;
+    const double aFa[3]{tblAtmospheric.dFa, tblManMade.dFa, tblGalactic.dFa};
+    double aMedian[2], aDecile[2];
+    for (int nPass = 0; nPass < 2; ++nPass) {
+        const double aD[3]{nPass == 0 ? tblAtmospheric.dUpper : tblAtmospheric.dLower,
+                           nPass == 0 ? tblManMade.dUpper : tblManMade.dLower,
+                           kGalacticSigma * kDecileSigma};
+        double dAlpha = 0.0, dBeta = 0.0, dGamma = 0.0;
+        for (int i = 0; i < 3; ++i) {
+            const double dSigma = aD[i] / kDecileSigma;
+            const double dA = std::exp(aFa[i] / kC + Square(dSigma / kC) / 2.0);
+            dAlpha += dA;
+            dBeta += dA * dA * (std::exp(Square(dSigma / kC)) - 1.0);
+            dGamma += std::exp(aFa[i] / kC);
+        }
+        const bool bWide = aD[0] > kDecileMost || aD[1] > kDecileMost;
+        const double dSigmaT = bWide ? kC * std::sqrt(2.0 * std::log(dAlpha / dGamma))
+                                     : kC * std::sqrt(std::log(1.0 + dBeta / (dAlpha * dAlpha)));
+        aMedian[nPass] = kC * (std::log(dAlpha) - Square(dSigmaT / kC) / 2.0);
+        aDecile[nPass] = kDecileSigma * dSigmaT;
+    }
+    return {std::min(aMedian[0], aMedian[1]), aDecile[0], aDecile[1]};
+}
+
+}  // namespace rec533

@@ -1,0 +1,106 @@
+#include "engine/rec533/Sun.h"
+
+namespace rec533 {
+namespace {
+
+// Days before the month. June's 152 is one too many: the ITU program has it so, and for the 0.05
+// degrees that the sun moves in a June day its tables are kept comparable.
+constexpr std::array kDaysBefore{0, 31, 59, 90, 120, 152, 181, 212, 243, 273, 304, 334};
+constexpr double kDayOfMonth = 15.0;
+constexpr double kDegreesPerDay = 0.98565327;
+constexpr double kObliquity = 23.45 * kRadians;
+constexpr double kEccentricity = 0.016713;
+constexpr double kMinutesPerDegree = 4.0;
+
+
+// Hours between -24 and 48 into a day.
+double Wrap24(double dHour)
+{
+    return dHour < 0.0 ? dHour + 24.0 : dHour >= 24.0 ? dHour - 24.0 : dHour;
+}
+
+}  // namespace
+
+SunHour SunHourGet(int nMonth, double dHour)
+{
+    const double dDay = kDaysBefore[static_cast<std::size_t>(nMonth - 1)] + kDayOfMonth + dHour / 24.0;
+    const double dLam = kDegreesPerDay * kRadians * (dDay - 2.0);
+    const double dNu = dLam + 1.915169 * kRadians * std::sin(dLam);
+    double dEps = kDegreesPerDay * (dDay - 80.0);
+    if (dEps >= 270.0)
+        dEps -= 360.0;
+    else if (dEps >= 90.0)
+        dEps -= 180.0;
+    dEps *= kRadians;
+    const double dBeta = std::atan(std::cos(kObliquity) * std::tan(dEps));
+    SunHour tbl;
+    tbl.dHour = dHour;
+    tbl.dEquation = 3.98891967 * ((dEps - dBeta) + (dLam - dNu)) * kDegrees;
+    tbl.dSinDecl = std::sin(kObliquity)
+                   * std::sin(kEccentricity * std::sin(dLam) + dLam - 78.746118 * kRadians);
+    tbl.dDeclination = std::asin(tbl.dSinDecl);
+    tbl.dCosDecl = std::cos(tbl.dDeclination);
+    const double dTurn = SunHourAngleGet(tbl, 0.0);
+    tbl.dSinTurn = std::sin(dTurn);
+    tbl.dCosTurn = std::cos(dTurn);
+    return tbl;
+}
+
+double SunHourAngleGet(const SunHour& tblSun, double dLon)
+{
+    return ((60.0 * tblSun.dHour + tblSun.dEquation) / kMinutesPerDegree - 180.0) * kRadians + dLon;
+}
+
+double SunZenithCosGet(const SunHour& tblSun, const Place& tblPlace)
+{
+    const double dCosAngle = tblSun.dCosTurn * tblPlace.dCosLon - tblSun.dSinTurn * tblPlace.dSinLon;
+    return std::clamp(tblPlace.dSinLat * tblSun.dSinDecl
+                          + tblPlace.dCosLat * tblSun.dCosDecl * dCosAngle,
+                      -1.0, 1.0);
+}
+
+SunTimes SunTimesGet(const SunHour& tblSun, const Place& tblPlace)
+{
+    const double dCos = (kSunRiseZenithCos - tblPlace.dSinLat * tblSun.dSinDecl)
+                        / (tblPlace.dCosLat * tblSun.dCosDecl);
+    if (!(std::abs(dCos) <= 1.0))
+        return {};
+    const double dHalf = std::acos(dCos) * kDegrees;
+    const double dLon = std::atan2(tblPlace.dSinLon, tblPlace.dCosLon) * kDegrees;
+    return {true, Wrap24((720.0 - kMinutesPerDegree * (dLon + dHalf) - tblSun.dEquation) / 60.0),
+            Wrap24((720.0 - kMinutesPerDegree * (dLon - dHalf) - tblSun.dEquation) / 60.0)};
+}
+
+double SunNoonGet(const SunHour& tblSun, double dLon)
+{
+    return Wrap24((720.0 - kMinutesPerDegree * dLon * kDegrees - tblSun.dEquation) / 60.0);
+}
+
+SunDay SunDayMake(int nMonth)
+{
+    SunDay tbl;
+    for (std::size_t i = 0; i < tbl.aHours.size(); ++i)
+        tbl.aHours[i] = SunHourGet(nMonth, static_cast<double>(i));
+    return tbl;
+}
+
+void SunDeclinationAtNoonGet(const SunDay& tblDay, const SunHour& tblSun, const Place& tblPlace,
+                             double& dSin, double& dCos)
+{
+    // A coarse longitude, within 0.3 degrees (a fiftieth of an hour), will do.
+    const double dX = std::abs(tblPlace.dCosLon);
+    const double dY = std::abs(tblPlace.dSinLon);
+    const double dT = std::min(dX, dY) / std::max(dX, dY);
+    double dLon = dT * (kPi / 4.0 + 0.273 * (1.0 - dT));
+    dLon = dY > dX ? kPi / 2.0 - dLon : dLon;
+    dLon = tblPlace.dCosLon < 0.0 ? kPi - dLon : dLon;
+    const double dNoon = SunNoonGet(tblSun, std::copysign(dLon, tblPlace.dSinLon));
+    const int nHour = std::clamp(static_cast<int>(dNoon), 0, 23);
+    const double dPart = dNoon - nHour;
+    const SunHour& tblA = tblDay.aHours[static_cast<std::size_t>(nHour)];
+    const SunHour& tblB = tblDay.aHours[static_cast<std::size_t>(nHour) + 1];
+    dSin = tblA.dSinDecl + (tblB.dSinDecl - tblA.dSinDecl) * dPart;
+    dCos = tblA.dCosDecl + (tblB.dCosDecl - tblA.dCosDecl) * dPart;
+}
+
+}  // namespace rec533

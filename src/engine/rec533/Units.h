@@ -1,0 +1,44 @@
+/// @file Units.h
+/// Constants and small conversions of the prediction method.
+///
+/// Source:  Recommendation ITU-R P.533-14; the rounded degree factors are those of the ITU program, so
+///          that results agree to the last printed digit.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+
+namespace rec533 {
+
+inline constexpr double kEarthKm = 6371.009;           ///< radius of the Earth, km
+inline constexpr double kPi = 3.14159265358979323846;
+inline constexpr double kRadians = 0.0174532925;       ///< degrees to radians
+inline constexpr double kDegrees = 57.2957795;         ///< radians to degrees
+
+inline constexpr double kHeightE = 110.0;              ///< reflection height of E modes, km
+inline constexpr double kHeightAbsorption = 90.0;      ///< height of the absorbing layer, km
+inline constexpr double kHeightLong = 300.0;           ///< reflection height of the long method, km
+
+/// Field strength written where there is no mode at all, dB(uV/m).
+inline constexpr double kFieldNone = -307.0;
+
+[[nodiscard]] inline double DbFromPower(double dPower) { return 10.0 * std::log10(dPower); }
+[[nodiscard]] inline double PowerFromDb(double dDb) { return std::exp(0.230258509299404568 * dDb); }
+/// 10^x
+[[nodiscard]] inline double PowerOfTen(double dX) { return std::exp(2.30258509299404568 * dX); }
+[[nodiscard]] inline double Square(double dX) { return dX * dX; }
+
+/// Hour wrapped into 0 to 23.
+[[nodiscard]] inline int HourWrap(int nHour) { return ((nHour % 24) + 24) % 24; }
+
+/// How the method is carried out.
+enum class Behaviour {
+    Reference,  ///< with every quirk of the ITU program, to compare with its tables
+    Corrected,  ///< the Recommendation as it is meant
+    Best,       ///< corrected, with the long-path rule beyond 7000 km
+};
+
+/// Coefficient set of the foF2 map.
+enum class MapSet { Ccir, Ursi, Mean };
+
+}  // namespace rec533

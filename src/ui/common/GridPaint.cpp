@@ -1,0 +1,122 @@
+#include "ui/common/GridPaint.h"
+
+#include <QPainter>
+
+#include "ui/common/GridControl.h"
+
+namespace {
+
+/// Old contents keep this share of their colour.
+constexpr double kStaleShare = 0.4;
+
+QColor Mix(const QColor& clrA, const QColor& clrB, double dShareA)
+{
+    const auto Part = [dShareA](int nA, int nB) {
+        return static_cast<int>(nA * dShareA + nB * (1.0 - dShareA));
+    };
+    return {Part(clrA.red(), clrB.red()), Part(clrA.green(), clrB.green()),
+            Part(clrA.blue(), clrB.blue())};
+}
+
+/// A frame of two lines, one of which stands out from any colour below.
+void FramePaint(QPainter& painter, const QRect& rect, const QColor& clrOuter,
+                const QColor& clrInner)
+{
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(clrOuter, 1));
+    painter.drawRect(rect.adjusted(0, 0, -1, -1));
+    painter.drawRect(rect.adjusted(1, 1, -2, -2));
+    painter.setPen(QPen(clrInner, 1));
+    painter.drawRect(rect.adjusted(2, 2, -3, -3));
+}
+
+QFont CellFont(const QWidget& widget, const GridCell& cell)
+{
+    QFont fnt = widget.font();
+    fnt.setBold(cell.bBold);
+    return fnt;
+}
+
+}  // namespace
+
+GridDelegate::GridDelegate(GridControl* pGrid) : QStyledItemDelegate(pGrid), m_pGrid(pGrid) {}
+
+void GridDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const
+{
+    const GridCell& cell = m_pGrid->CellGet(index.row() + 1, index.column() + 1);
+    const QPalette& palette = m_pGrid->palette();
+    QColor clrBack = cell.clrBack.isValid() ? cell.clrBack : palette.color(QPalette::Base);
+    QColor clrFore = cell.clrFore.isValid() ? cell.clrFore : palette.color(QPalette::Text);
+    if (m_pGrid->StaleGet() && cell.clrBack.isValid()) {
+        clrBack = Mix(clrBack, palette.color(QPalette::Base), kStaleShare);
+        clrFore = TextColorOn(clrBack);
+    }
+    pPainter->save();
+    pPainter->fillRect(option.rect, palette.color(QPalette::Base));
+    pPainter->fillRect(option.rect.adjusted(0, 0, -1, -1), clrBack);
+    if (cell.bFrame) {
+        const QColor clrText = palette.color(QPalette::Text);
+        const QColor clrBase = palette.color(QPalette::Base);
+        FramePaint(*pPainter, option.rect, clrText, clrBase);
+    } else if (m_pGrid->hasFocus() && index == m_pGrid->currentIndex()) {
+        pPainter->setPen(QPen(clrFore, 1, Qt::DotLine));
+        pPainter->setBrush(Qt::NoBrush);
+        pPainter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+    }
+    pPainter->setPen(clrFore);
+    pPainter->setFont(CellFont(*m_pGrid, cell));
+    const bool bCentre = cell.eAlignment.testFlag(Qt::AlignHCenter);
+    const int nPadding = bCentre ? 0 : kGridPadding;
+    pPainter->drawText(option.rect.adjusted(nPadding, 0, -nPadding, 0),
+                       cell.eAlignment.toInt() | Qt::TextSingleLine, cell.sText);
+    pPainter->restore();
+}
+
+GridHeader::GridHeader(Qt::Orientation eOrientation, GridControl* pGrid)
+    : QHeaderView(eOrientation, pGrid), m_pGrid(pGrid)
+{
+    setSectionsClickable(false);
+    setHighlightSections(false);
+    setSectionResizeMode(QHeaderView::Fixed);
+    setMinimumSectionSize(1);
+    viewport()->setMouseTracking(true);
+}
+
+void GridHeader::ThicknessSet(int nThickness)
+{
+    m_nThickness = nThickness;
+    if (orientation() == Qt::Horizontal)
+        setFixedHeight(nThickness);
+    else
+        setFixedWidth(nThickness);
+}
+
+QSize GridHeader::sizeHint() const
+{
+    return orientation() == Qt::Horizontal ? QSize(0, m_nThickness) : QSize(m_nThickness, 0);
+}
+
+void GridHeader::paintSection(QPainter* pPainter, const QRect& rect, int iSection) const
+{
+    const bool bHours = orientation() == Qt::Horizontal;
+    const GridCell& cell =
+        bHours ? m_pGrid->CellGet(0, iSection + 1) : m_pGrid->CellGet(iSection + 1, 0);
+    const QPalette& palette = m_pGrid->palette();
+    pPainter->save();
+    pPainter->fillRect(rect,
+                       cell.clrBack.isValid() ? cell.clrBack : palette.color(QPalette::Button));
+    pPainter->setPen(palette.color(QPalette::Mid));
+    if (bHours)
+        pPainter->drawLine(rect.bottomLeft(), rect.bottomRight());
+    else
+        pPainter->drawLine(rect.topRight(), rect.bottomRight());
+    pPainter->setPen(cell.clrFore.isValid() ? cell.clrFore : palette.color(QPalette::ButtonText));
+    pPainter->setFont(CellFont(*m_pGrid, cell));
+    const Qt::Alignment eAlignment =
+        bHours ? cell.eAlignment : Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter);
+    const int nPadding = bHours ? 0 : kGridPadding;
+    pPainter->drawText(rect.adjusted(0, 0, -nPadding, 0), eAlignment.toInt() | Qt::TextSingleLine,
+                       cell.sText);
+    pPainter->restore();
+}

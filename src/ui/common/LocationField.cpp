@@ -1,0 +1,227 @@
+#include "ui/common/LocationField.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <algorithm>
+
+LocationField::LocationField(QWidget* pParent) : QLineEdit(pParent)
+{
+    setDragEnabled(false);
+    setAcceptDrops(false);
+    KindSet(LocationKind::Latitude);
+}
+
+void LocationField::KindSet(LocationKind eKind)
+{
+    m_eKind = eKind;
+    if (eKind == LocationKind::Latitude) {
+        m_aSeparators = {3, 6, 9};
+        m_nHemisphere = 10;
+        m_sLetters = QStringLiteral("NS");
+        TextSet(QStringLiteral("00 00.00 N"));
+    } else {
+        m_aSeparators = {4, 7, 10};
+        m_nHemisphere = 11;
+        m_sLetters = QStringLiteral("WE");
+        TextSet(QStringLiteral("000 00.00 E"));
+    }
+}
+
+void LocationField::TextSet(const QString& sText)
+{
+    const int nCaret = hasFocus() ? CaretGet() : 0;
+    m_sBefore.clear();
+    setText(sText);
+    if (hasFocus())
+        CaretPlace(nCaret, 1);
+    else
+        setCursorPosition(0);
+}
+
+QSize LocationField::sizeHint() const
+{
+    const QSize size = QLineEdit::sizeHint();
+    const int nText = fontMetrics().horizontalAdvance(QStringLiteral("0000°00.000'W"));
+    return {nText + size.height() / 2, size.height()};
+}
+
+int LocationField::CaretGet() const
+{
+    return hasSelectedText() ? selectionStart() : cursorPosition();
+}
+
+bool LocationField::SeparatorIs(int nCaret) const
+{
+    return std::find(m_aSeparators.begin(), m_aSeparators.end(), nCaret + 1) != m_aSeparators.end();
+}
+
+void LocationField::CaretPlace(int nCaret, int nStep)
+{
+    if (SeparatorIs(nCaret))
+        nCaret += nStep;
+    else if (nCaret == Length())
+        --nCaret;
+    nCaret = std::clamp(nCaret, 0, std::max(Length() - 1, 0));
+    setSelection(nCaret, 1);
+}
+
+bool LocationField::CaretKey(int nKey)
+{
+    switch (nKey) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+            return true;
+        case Qt::Key_Left:
+        case Qt::Key_Backspace:
+            CaretPlace(std::max(CaretGet() - 1, 0), -1);
+            return true;
+        case Qt::Key_Right:
+        case Qt::Key_Delete:
+            CaretPlace(std::min(CaretGet() + 1, Length()), 1);
+            return true;
+        case Qt::Key_Home:
+            CaretPlace(0, 1);
+            return true;
+        case Qt::Key_End:
+            CaretPlace(Length(), 1);
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// The standard keys of an entry field, in the mask's own way.
+bool LocationField::CommandKey(QKeyEvent* pEvent)
+{
+    if (pEvent->matches(QKeySequence::Paste))
+        PositionPaste(QApplication::clipboard()->text());
+    else if (pEvent->matches(QKeySequence::Copy) || pEvent->matches(QKeySequence::Cut))
+        QApplication::clipboard()->setText(text());
+    else if (pEvent->matches(QKeySequence::Undo))
+        UndoLast();
+    else
+        return false;
+    return true;
+}
+
+bool LocationField::event(QEvent* pEvent)
+{
+    // A key that moves the caret or undoes belongs to the field, whatever menu shortcuts there are.
+    if (pEvent->type() == QEvent::ShortcutOverride) {
+        const auto* pKey = static_cast<QKeyEvent*>(pEvent);
+        if (pKey->matches(QKeySequence::Paste) || pKey->matches(QKeySequence::Copy)
+            || pKey->matches(QKeySequence::Cut) || pKey->matches(QKeySequence::Undo)) {
+            pEvent->accept();
+            return true;
+        }
+    }
+    return QLineEdit::event(pEvent);
+}
+
+void LocationField::keyPressEvent(QKeyEvent* pEvent)
+{
+    if (CommandKey(pEvent) || CaretKey(pEvent->key())) {
+        pEvent->accept();
+        return;
+    }
+    const QString sTyped = pEvent->text();
+    const bool bPlain = (pEvent->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+    if (bPlain && sTyped.length() == 1 && sTyped.at(0).isPrint()) {
+        CharacterType(sTyped.at(0));
+        pEvent->accept();
+        return;
+    }
+    pEvent->ignore();  // Enter, Escape, Tab and shortcuts are the window's
+}
+
+void LocationField::inputMethodEvent(QInputMethodEvent* pEvent)
+{
+    for (const QChar chr : pEvent->commitString()) CharacterType(chr);
+    pEvent->accept();
+}
+
+void LocationField::CharacterType(QChar chr)
+{
+    const int nCaret = CaretGet();
+    if (SeparatorIs(nCaret) || nCaret >= Length())
+        return;
+    if (nCaret + 1 == m_nHemisphere) {
+        chr = chr.toUpper();
+        if (!m_sLetters.contains(chr))
+            return;
+    } else if (chr < QLatin1Char('0') || chr > QLatin1Char('9')) {
+        return;
+    }
+    QString sText = text();
+    sText[nCaret] = chr;
+    TextAccept(sText, nCaret + 1);
+}
+
+void LocationField::TextAccept(const QString& sText, int nCaret)
+{
+    const QString sBefore = text();
+    if (sText != sBefore) {
+        setText(sText);
+        m_sBefore = sBefore;
+    }
+    CaretPlace(nCaret, 1);
+    Q_EMIT Edited();
+}
+
+void LocationField::PositionPaste(const QString& sText)
+{
+    const auto dValue = LocationFromText(m_eKind, sText);
+    if (dValue)
+        TextAccept(LocationToText(m_eKind, *dValue), CaretGet());
+    else
+        QApplication::beep();
+}
+
+void LocationField::UndoLast()
+{
+    if (m_sBefore.isEmpty())
+        return;
+    const QString sBefore = m_sBefore;
+    TextAccept(sBefore, CaretGet());
+    m_sBefore.clear();
+}
+
+void LocationField::mousePressEvent(QMouseEvent* pEvent)
+{
+    if (pEvent->button() != Qt::LeftButton)
+        return;
+    CaretPlace(cursorPositionAt(pEvent->pos()), 1);
+}
+
+// A drag would select more than one character.
+void LocationField::mouseMoveEvent(QMouseEvent* pEvent) { pEvent->accept(); }
+
+void LocationField::mouseReleaseEvent(QMouseEvent* pEvent)
+{
+    if (pEvent->button() == Qt::MiddleButton && QApplication::clipboard()->supportsSelection())
+        PositionPaste(QApplication::clipboard()->text(QClipboard::Selection));
+}
+
+void LocationField::mouseDoubleClickEvent(QMouseEvent* pEvent) { mousePressEvent(pEvent); }
+
+void LocationField::contextMenuEvent(QContextMenuEvent* pEvent)
+{
+    auto* pMenu = new QMenu(this);
+    pMenu->setAttribute(Qt::WA_DeleteOnClose);
+    pMenu->addAction(tr("&Undo"), this, &LocationField::UndoLast)->setEnabled(!m_sBefore.isEmpty());
+    pMenu->addAction(tr("&Copy"), this, [this] { QApplication::clipboard()->setText(text()); });
+    pMenu->addAction(tr("&Paste"), this,
+                     [this] { PositionPaste(QApplication::clipboard()->text()); });
+    pMenu->popup(pEvent->globalPos());
+}
+
+void LocationField::focusInEvent(QFocusEvent* pEvent)
+{
+    QLineEdit::focusInEvent(pEvent);
+    const bool bKept =
+        pEvent->reason() == Qt::PopupFocusReason || pEvent->reason() == Qt::ActiveWindowFocusReason;
+    CaretPlace(bKept ? CaretGet() : 0, 1);
+}

@@ -1,0 +1,61 @@
+/// @file LocationField.h
+/// Entry field of one position component: an overtype mask. The caret always stands on one selected
+/// character; typing replaces it; the separators are jumped over and cannot be typed.
+///
+/// Texts:   "38°30.00'N" (latitude, 10 characters), "122°15.00'W" (longitude, 11 characters).
+/// Errors:  a key or a pasted text that does not fit is dropped (a paste with a short beep).
+/// Tests:   tests/ui/common/LocationFieldTest.cpp
+#pragma once
+
+#include <QLineEdit>
+#include <array>
+
+#include "ui/common/LocationText.h"
+
+class LocationField final : public QLineEdit {
+    Q_OBJECT
+public:
+    explicit LocationField(QWidget* pParent = nullptr);
+    /// The kind gives mask, hemisphere letters and the initial text. Latitude until called.
+    void KindSet(LocationKind eKind);
+    [[nodiscard]] LocationKind KindGet() const { return m_eKind; }
+    /// The text as the program sets it; nothing is left to undo.
+    void TextSet(const QString& sText);
+    /// Caret position from 0: the character that the next key replaces.
+    [[nodiscard]] int CaretGet() const;
+    /// Stands the caret on a character, never on a separator.
+    /// @param nStep  +1 or -1: the direction in which a separator is left.
+    void CaretPlace(int nCaret, int nStep);
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+Q_SIGNALS:
+    void Edited();  ///< after each accepted key, paste or undo
+
+protected:
+    bool event(QEvent* pEvent) override;
+    void keyPressEvent(QKeyEvent* pEvent) override;
+    void inputMethodEvent(QInputMethodEvent* pEvent) override;
+    void mousePressEvent(QMouseEvent* pEvent) override;
+    void mouseMoveEvent(QMouseEvent* pEvent) override;
+    void mouseReleaseEvent(QMouseEvent* pEvent) override;
+    void mouseDoubleClickEvent(QMouseEvent* pEvent) override;
+    void contextMenuEvent(QContextMenuEvent* pEvent) override;
+    void focusInEvent(QFocusEvent* pEvent) override;
+
+private:
+    [[nodiscard]] int Length() const { return static_cast<int>(text().length()); }
+    [[nodiscard]] bool SeparatorIs(int nCaret) const;
+    bool CaretKey(int nKey);
+    bool CommandKey(QKeyEvent* pEvent);
+    void CharacterType(QChar chr);
+    void TextAccept(const QString& sText, int nCaret);
+    void PositionPaste(const QString& sText);
+    void UndoLast();
+
+    LocationKind m_eKind = LocationKind::Latitude;
+    std::array<int, 3> m_aSeparators{};  ///< counted from 1
+    int m_nHemisphere = 0;               ///< counted from 1
+    QString m_sLetters;
+    QString m_sBefore;  ///< text before the last accepted edit; empty: nothing to undo
+};

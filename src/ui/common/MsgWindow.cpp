@@ -1,0 +1,54 @@
+#include "ui/common/MsgWindow.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <utility>
+
+namespace {
+
+QMessageBox::Icon IconOf(MsgIcon eIcon)
+{
+    switch (eIcon) {
+        case MsgIcon::Info:
+            return QMessageBox::Information;
+        case MsgIcon::Exclamation:
+            return QMessageBox::Warning;
+        default:
+            return QMessageBox::NoIcon;
+    }
+}
+
+void BoxShow(MsgIcon eIcon, const std::string& sText)
+{
+    QMessageBox box(IconOf(eIcon), QApplication::applicationDisplayName(), MsgTextShown(sText),
+                    QMessageBox::Ok, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    // A busy pointer over a box that waits for the user would mislead.
+    QApplication::setOverrideCursor(Qt::ArrowCursor);
+    box.exec();
+    QApplication::restoreOverrideCursor();
+}
+
+}  // namespace
+
+void MsgWindowInstall() { MsgSetHandler(BoxShow); }
+
+QString MsgTextShown(const std::string& sText)
+{
+    QString sShown = QString::fromStdString(sText);
+    sShown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    sShown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return sShown;
+}
+
+MsgListener::MsgListener()
+{
+    m_fnBefore = MsgSetHandler({});
+    MsgSetHandler([this](MsgIcon eIcon, const std::string& sText) {
+        m_sLast = sText;
+        if (m_fnBefore)
+            m_fnBefore(eIcon, sText);
+    });
+}
+
+MsgListener::~MsgListener() { MsgSetHandler(std::move(m_fnBefore)); }

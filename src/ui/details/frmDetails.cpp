@@ -1,0 +1,224 @@
+#include "ui/details/frmDetails.h"
+
+#include <QApplication>
+#include <array>
+
+#include "system/NumberLib.h"
+
+namespace {
+
+constexpr int kColLimit = 1;
+constexpr int kColLayer = 2;
+constexpr int kColTakeoff = 3;
+constexpr int kColDelay = 4;
+constexpr int kColHeight = 5;
+constexpr int kColSignal = 6;
+constexpr int kColNoise = 7;
+constexpr int kColSnr = 8;
+
+/// Grid's left and top in the window, pixels.
+constexpr int kMargin = 8;
+/// Room for a vertical scroll bar, pixels (360 twips).
+constexpr int kBarRoom = 24;
+
+struct Column {
+    const char* sHeader;
+    const char* sWidthOf;  ///< a text as wide as the widest value expected
+    const char* sLong;
+};
+
+// The spellings are the ones that users know.
+constexpr std::array<Column, 9> kColumns{{
+    {"", "-20000-", "Frequency (kHz)"},
+    {"LUF-MUF", "-LUF-MUF-", "[<Lower][Maximun][>Maximun] Usable Frequency (kHz)"},
+    {"Layer", "-Layer-", "Ionispheric Layer, [Hops][Layer]"},
+    {"T Ang", "-T Ang-", "Ionispheric Takeoff Angle (Deg)"},
+    {"Delay", "-Delay-", "Ionispheric Time Delay (mSec)"},
+    {"Height", "-Height-", "Ionispheric Virtual Height (km)"},
+    {"Signal", "-Signal-", "Signal Level (dBw)"},
+    {"Noise", "-Noise-", "Noise Level (dBw)"},
+    {"Snr", "---Snr-", "Signal to Noise Ratio (dB)"},
+}};
+
+constexpr int kCols = static_cast<int>(kColumns.size());
+
+const Column& ColumnGet(int iCol) { return kColumns.at(static_cast<std::size_t>(iCol)); }
+
+/// REC533 computes neither delay nor height.
+bool Rec533Lacks(int iCol) { return iCol == kColDelay || iCol == kColHeight; }
+
+QString Formatted(float fValue, const char* sPattern)
+{
+    return QString::fromStdString(NumberFormat(fValue, sPattern));
+}
+
+/// Which limit of the usable band applies to a frequency, and on which side of it that lies.
+QString LimitText(float fFrequency, float fLuf, float fMuf)
+{
+    if (fFrequency < fLuf)
+        return QStringLiteral("< ") + Formatted(fLuf, "0");
+    if (fFrequency <= fMuf)
+        return Formatted(fMuf, "0");
+    return QStringLiteral("> ") + Formatted(fMuf, "0");
+}
+
+}  // namespace
+
+frmDetails::frmDetails(MainLink& main, QWidget* pParent)
+    : QWidget(pParent), grdData(new GridControl(this)), m_main(main)
+{
+    setObjectName(QStringLiteral("frmDetails"));
+    setWindowTitle(QApplication::applicationDisplayName()
+                   + QStringLiteral(" - Details by Frequency"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    grdData->setObjectName(QStringLiteral("grdData"));
+    grdData->setAccessibleName(tr("Details by Frequency"));
+    SignalsConnect();
+    grdData->RedrawSet(false);
+    HeaderLayout();
+    RowsLayout();
+    DataSetSize();
+    grdData->RedrawSet(true);
+}
+
+void frmDetails::SignalsConnect()
+{
+    grdData->SpeechSet([this](int iRow, int iCol) { return Speech(iRow, iCol); });
+    connect(grdData, &GridControl::MouseMoved, this,
+            [this](int, int iCol) { grdDataMouseMove(iCol); });
+    connect(grdData, &GridControl::CellPressed, this,
+            [this](int iRow, int, Qt::MouseButton eButton) { grdDataMouseDown(iRow, eButton); });
+    connect(grdData, &GridControl::EnterPressed, this,
+            [this](int iRow, int) { grdDataMouseDown(iRow, Qt::LeftButton); });
+}
+
+bool frmDetails::Rec533Is() const
+{
+    return m_main.SettingsGet().m_iPropagationModel == kEngineRec533;
+}
+
+void frmDetails::HeaderLayout()
+{
+    grdData->RowsSet(1);
+    grdData->ColsSet(kCols);
+    for (int iCol = 0; iCol < kCols; ++iCol) {
+        const Column& column = ColumnGet(iCol);
+        const bool bHidden = Rec533Is() && Rec533Lacks(iCol);
+        const int nWidth = fontMetrics().horizontalAdvance(QLatin1String(column.sWidthOf));
+        grdData->ColWidthSet(iCol, bHidden ? 0 : nWidth);
+        grdData->TextSet(0, iCol, bHidden ? QString() : QLatin1String(column.sHeader));
+        grdData->AlignmentSet(0, iCol, Qt::AlignCenter);
+    }
+}
+
+/// The rows follow the main table: its labels, and as many of them.
+void frmDetails::RowsLayout()
+{
+    GridControl& grdMain = m_main.GridGet();
+    grdData->RowsSet(grdMain.RowsGet());
+    for (int iRow = 1; iRow < grdMain.RowsGet(); ++iRow)
+        grdData->TextSet(iRow, 0, grdMain.TextGet(iRow, 0));
+    if (m_iRow >= grdData->RowsGet())
+        m_iRow = -1;
+}
+
+void frmDetails::DataSetSize()
+{
+    // The outer and the inner size differ by the window's frame alone, so setting the inner one
+    // sets both.
+    const int nWidth = grdData->ColLeftGet(kCols) + kBarRoom;
+    resize(2 * kMargin + nWidth, 2 * kMargin + m_main.GridGet().height());
+}
+
+void frmDetails::resizeEvent(QResizeEvent* pEvent)
+{
+    QWidget::resizeEvent(pEvent);
+    grdData->setGeometry(kMargin, kMargin, width() - 2 * kMargin, height() - 2 * kMargin);
+}
+
+void frmDetails::Update(int iRow, int iHour, const QString& sHour, const PropagationTable& table)
+{
+    grdData->RedrawSet(false);
+    setWindowTitle(QApplication::applicationDisplayName()
+                   + QStringLiteral(" - Details by Frequency - ") + sHour);
+    RowsLayout();
+    m_iHour = iHour;
+    for (int i = 1; i < grdData->RowsGet(); ++i) {
+        if (i <= table.nData)
+            RowFill(i, table);
+        else
+            RowClear(i);
+    }
+    Highlight(iRow, iHour);
+    grdData->RedrawSet(true);
+}
+
+void frmDetails::RowClear(int iRow)
+{
+    for (int iCol = 1; iCol < kCols; ++iCol) grdData->TextSet(iRow, iCol, {});
+    grdData->ColorSet(iRow, kColSnr, {}, {});
+}
+
+void frmDetails::RowFill(int iRow, const PropagationTable& table)
+{
+    const PropagationRecord record =
+        PropagationRecordGet(table, m_iHour, iRow, {}, m_main.FrequencyGet(iRow));
+    const bool bLacking = Rec533Is();
+    grdData->TextSet(iRow, kColLimit, LimitText(record.fFrequency, record.fLUF, record.fMUF));
+    grdData->AlignmentSet(iRow, kColLimit, Qt::AlignRight | Qt::AlignVCenter);
+    grdData->TextSet(iRow, kColLayer, QString::fromStdString(record.sLayer));
+    grdData->TextSet(iRow, kColTakeoff, Formatted(record.fTakeoffAngle, "0.0"));
+    grdData->TextSet(iRow, kColDelay, bLacking ? QString() : Formatted(record.fTimeDelay, "0.0"));
+    grdData->TextSet(iRow, kColHeight,
+                     bLacking ? QString() : Formatted(record.fVirtualHeight, "0"));
+    grdData->TextSet(iRow, kColSignal, Formatted(record.fSdBW, "0"));
+    grdData->TextSet(iRow, kColNoise, Formatted(record.fNdBW, "0"));
+    grdData->TextSet(iRow, kColSnr, Formatted(record.fSnr, "0"));
+    grdData->ColorSet(iRow, kColSnr, ColorFromBgr(m_main.SnrGetColor(record.fSnr)),
+                      palette().color(QPalette::HighlightedText));
+}
+
+void frmDetails::RowColor(int iRow, const QColor& clrBack, const QColor& clrFore)
+{
+    for (int iCol = 0; iCol < kColSnr; ++iCol) grdData->ColorSet(iRow, iCol, clrBack, clrFore);
+}
+
+void frmDetails::Highlight(int iRow, int iHour)
+{
+    const bool bRedraw = grdData->RedrawGet();
+    grdData->RedrawSet(false);
+    if (m_iRow != -1) {
+        RowColor(m_iRow, {}, {});
+        grdData->BoldSet(m_iRow, kColSnr, false);
+    }
+    const bool bThere = iRow >= 1 && iRow < grdData->RowsGet();
+    if (bThere) {
+        RowColor(iRow, palette().color(QPalette::Highlight),
+                 palette().color(QPalette::HighlightedText));
+        grdData->BoldSet(iRow, kColSnr, true);
+    }
+    grdData->RedrawSet(bRedraw);
+    m_iRow = bThere ? iRow : -1;
+    m_iHour = iHour;
+}
+
+void frmDetails::grdDataMouseMove(int iCol)
+{
+    grdData->ToolTipRenew(iCol >= 0 && iCol < kCols ? QString::fromLatin1(ColumnGet(iCol).sLong)
+                                                    : QString());
+}
+
+void frmDetails::grdDataMouseDown(int iRow, Qt::MouseButton eButton)
+{
+    if (eButton != Qt::LeftButton || iRow < 1)
+        return;
+    Highlight(iRow, m_iHour);
+    m_main.DataSetSelected(iRow, m_iHour);
+}
+
+QString frmDetails::Speech(int iRow, int iCol) const
+{
+    return tr("%1 kHz, %2 %3")
+        .arg(grdData->TextGet(iRow, 0), QLatin1String(ColumnGet(iCol).sLong),
+             grdData->TextGet(iRow, iCol));
+}

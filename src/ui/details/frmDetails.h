@@ -1,0 +1,50 @@
+/// @file frmDetails.h
+/// The details window: one hour of the prediction, every quantity of every frequency as one row.
+///
+/// Tests:   tests/ui/details/FrmDetailsTest.cpp
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include "propagation/PropagationTable.h"
+#include "ui/common/GridControl.h"
+#include "ui/common/MainLink.h"
+
+class frmDetails final : public QWidget {
+    Q_OBJECT
+public:
+    explicit frmDetails(MainLink& main, QWidget* pParent = nullptr);
+
+    /// Fills all rows for one hour and highlights one.
+    /// @param iRow    frequency row to highlight; one that the grid lacks is none
+    /// @param iHour   1..24
+    /// @param sHour   the hour's label, for the caption
+    /// @param table   rows beyond its frequencies are shown empty
+    void Update(int iRow, int iHour, const QString& sHour, const PropagationTable& table);
+    /// Makes the window as high as the main table and wide enough for all columns.
+    void DataSetSize();
+
+    GridControl* grdData;
+    int m_iRow = -1;   ///< highlighted row; -1 none
+    int m_iHour = -1;  ///< hour shown; -1 none
+
+protected:
+    void resizeEvent(QResizeEvent* pEvent) override;
+
+private:
+    void SignalsConnect();
+    void HeaderLayout();
+    void RowsLayout();
+    void RowFill(int iRow, const PropagationTable& table);
+    void RowClear(int iRow);
+    void SnrColor(int iRow, float fSnr);
+    void Highlight(int iRow, int iHour);
+    void RowColor(int iRow, const QColor& clrBack, const QColor& clrFore);
+    void grdDataMouseMove(int iCol);
+    void grdDataMouseDown(int iRow, Qt::MouseButton eButton);
+    [[nodiscard]] bool Rec533Is() const;
+    [[nodiscard]] QString Speech(int iRow, int iCol) const;
+
+    MainLink& m_main;
+};

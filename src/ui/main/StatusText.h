@@ -1,0 +1,22 @@
+/// @file StatusText.h
+/// What the status line says: what is in force, and what went wrong last and what to do about it.
+///
+/// Texts:   UTF-8, one line.
+/// Tests:   tests/ui/main/StatusTextTest.cpp
+#pragma once
+
+#include <string>
+
+#include "settings/Settings.h"
+
+/// "REC533 (built-in) · November · sunspot number 100 (set in the options)". An engine number that
+/// is none reads "no engine".
+[[nodiscard]] std::string StatusInForce(const Settings& settings, bool bBuiltIn);
+
+/// Why a run failed.
+enum class RunTrouble { SunSpot, Frequencies, Engine };
+
+/// One line of advice on a failed run.
+/// @param sMessage  the box that was shown, empty when there was none
+[[nodiscard]] std::string StatusTrouble(RunTrouble eTrouble, const Settings& settings,
+                                        const std::string& sMessage);

@@ -1,0 +1,232 @@
+#include "ui/main/frmMain.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLayout>
+#include <QTimer>
+
+#include "airmail/AirMailLib.h"
+#include "settings/ProfileLib.h"
+#include "ui/common/Pictures.h"
+#include "ui/details/frmDetails.h"
+#include "ui/main/WindowPlace.h"
+
+namespace {
+
+constexpr int kClockTick = 60000;  // ms; the clock shows minutes only
+
+}  // namespace
+
+frmMain::frmMain(QWidget* pParent) : QMainWindow(pParent)
+{
+    setupUi(this);
+    ControlsSetUp();
+    SignalsConnect();
+    MenusConnect();
+    Initialize();
+}
+
+frmMain::~frmMain() { WindowsUnload(); }
+
+void frmMain::ControlsSetUp()
+{
+    setWindowTitle(QApplication::applicationDisplayName());
+    setWindowIcon(PictureGet(QStringLiteral("Hopcast")));
+    mnuTransmitter = new StationMenu(this);
+    tmrTime = new QTimer(this);
+    tmrTime->setObjectName(QStringLiteral("tmrTime"));
+    for (LocationField* pField : {txtLon0, txtLon1}) pField->KindSet(LocationKind::Longitude);
+    for (QPushButton* pButton : {cmdRcMap, cmdTxMap})
+        pButton->setIcon(PictureGet(QStringLiteral("Map")));
+    grdData->HugSet(true);
+    lblOld->setVisible(false);
+    lblTrouble = new QLabel(this);
+    lblTrouble->setObjectName(QStringLiteral("lblTrouble"));
+    lblInForce = new QLabel(this);
+    lblInForce->setObjectName(QStringLiteral("lblInForce"));
+    statusbar->addWidget(lblTrouble, 1);
+    statusbar->addPermanentWidget(lblInForce);
+    for (const Child eChild : {Child::About, Child::Map, Child::Options})
+        ChildSetFactory(eChild, {});
+}
+
+void frmMain::SignalsConnect()
+{
+    grdData->SpeechSet([this](int iRow, int iCol) { return Speech(iRow, iCol); });
+    for (LocationField* pField : {txtLat0, txtLon0, txtLat1, txtLon1})
+        connect(pField, &LocationField::Edited, this, [this] { cmdUpdate->setEnabled(true); });
+    for (LocationField* pField : {txtLat1, txtLon1})
+        connect(pField, &QLineEdit::textChanged, this, &frmMain::TransmitterTyped);
+    const auto ButtonConnect = [this](QPushButton* pButton, void (frmMain::*pfnClick)()) {
+        connect(pButton, &QPushButton::clicked, this,
+                [this, pfnClick] { Command([this, pfnClick] { (this->*pfnClick)(); }); });
+    };
+    ButtonConnect(cmdUpdate, &frmMain::cmdUpdateClick);
+    ButtonConnect(cmdRcAirmail, &frmMain::cmdRcAirmailClick);
+    ButtonConnect(cmdTxAirmail, &frmMain::cmdTxAirmailClick);
+    ButtonConnect(cmdRcMap, &frmMain::mnuViewWorldMapClick);
+    ButtonConnect(cmdTxMap, &frmMain::mnuViewWorldMapClick);
+    connect(mnuTransmitter, &StationMenu::StationChosen, this, [this](const Station& station) {
+        Command([this, station] { StationChoose(station); });
+    });
+    const auto CellClick = [this](int iRow, int iCol) {
+        Command([this, iRow, iCol] { grdDataClick(iRow, iCol); });
+    };
+    connect(grdData, &GridControl::CellClicked, this, CellClick);
+    connect(grdData, &GridControl::EnterPressed, this, CellClick);
+    connect(grdData, &GridControl::CellPressed, this, &frmMain::grdDataMouseDown);
+    connect(grdData, &GridControl::CellMenu, this, &frmMain::grdDataMenu);
+    connect(grdData, &GridControl::MouseMoved, this, &frmMain::grdDataMouseMove);
+    connect(tmrTime, &QTimer::timeout, this, &frmMain::tmrTimeTick);
+}
+
+void frmMain::CommandConnect(QAction* pAction, void (frmMain::*pfnCommand)())
+{
+    connect(pAction, &QAction::triggered, this,
+            [this, pfnCommand] { Command([this, pfnCommand] { (this->*pfnCommand)(); }); });
+}
+
+void frmMain::MenusConnect()
+{
+    CommandConnect(mnuFileDefault, &frmMain::mnuFileDefaultClick);
+    CommandConnect(mnuFileOpen, &frmMain::mnuFileOpenClick);
+    CommandConnect(mnuFileSave, &frmMain::mnuFileSaveClick);
+    CommandConnect(mnuFileExit, &frmMain::mnuFileExitClick);
+    CommandConnect(mnuViewWorldMap, &frmMain::mnuViewWorldMapClick);
+    CommandConnect(mnuViewDetailData, &frmMain::mnuViewDetailDataClick);
+    CommandConnect(mnuHelpAbout, &frmMain::mnuHelpAboutClick);
+    connect(mnuView, &QMenu::aboutToShow, this, &frmMain::mnuViewOpen);
+    int iTab = 0;
+    for (QAction* pAction :
+         {mnuOptionsAirMail, mnuOptionsModel, mnuOptionsFrequency, mnuOptionsTime, mnuOptionsMap}) {
+        connect(pAction, &QAction::triggered, this,
+                [this, iTab] { Command([this, iTab] { OptionsShow(iTab); }); });
+        ++iTab;
+    }
+}
+
+void frmMain::ChildSetFactory(Child eChild, ChildMakeFn fnMake)
+{
+    const bool bThere = static_cast<bool>(fnMake);
+    ChildOf(eChild).fnMake = std::move(fnMake);
+    switch (eChild) {
+        case Child::About:
+            mnuHelp->menuAction()->setVisible(bThere);
+            break;
+        case Child::Map:
+            mnuViewWorldMap->setVisible(bThere);
+            cmdRcMap->setVisible(bThere);
+            cmdTxMap->setVisible(bThere);
+            break;
+        case Child::Options:
+            mnuOptions->menuAction()->setVisible(bThere);
+            break;
+    }
+}
+
+void frmMain::Initialize() { m_settings.Initialize(); }
+
+void frmMain::ProfileSaveError(int nErrorCode) const { ::ProfileSaveError(m_settings, nErrorCode); }
+
+float frmMain::FrequencyGet(int iIndex) const { return m_settings.FrequencyGet(iIndex); }
+
+void frmMain::FrequencySet(int iIndex, float fValue) { m_settings.FrequencySet(iIndex, fValue); }
+
+SelectedCell frmMain::DataGetSelected() const { return m_settings.m_selected; }
+
+void frmMain::ProfileRead()
+{
+    QRect rectOuter = m_rectOuter.value_or(frameGeometry());
+    bool bPlaced = false;
+    ProfileLoad(m_settings, [&](WindowKey eKey, float fTwips) {
+        WindowKeyApply(rectOuter, eKey, fTwips);
+        bPlaced = true;
+    });
+    if (!bPlaced)
+        return;
+    WindowOuterSet(*this, rectOuter);
+    if (!m_bPainted)
+        m_rectOuter = rectOuter;
+}
+
+void frmMain::ProfileWrite() { ProfileSave(m_settings, WindowDataGet(*this)); }
+
+void frmMain::showEvent(QShowEvent* pEvent)
+{
+    QMainWindow::showEvent(pEvent);
+    if (!m_bActivating)
+        ActivationBegin();
+}
+
+/// What belongs before the window is seen: its pictures, its settings and its place.
+void frmMain::ActivationBegin()
+{
+    m_bActivating = true;
+    for (QPushButton* pButton : {cmdRcAirmail, cmdTxAirmail})
+        pButton->setIcon(PictureGet(QStringLiteral("Airmail")));
+    HourHeaderLayout();
+    FrequencyRowsLayout();
+    const QRect rectScreen = screen()->availableGeometry();
+    // The table has only now got its columns; the layouts would learn of that by an event to come.
+    for (QLayout* pLayout : {pnlMain->layout(), centralwidget->layout(), layout()}) {
+        pLayout->invalidate();
+        pLayout->activate();
+    }
+    resize(sizeHint().boundedTo(rectScreen.size()));
+    ProfileRead();
+    AirMailFoldersFind();
+    FrequencyRowsLayout();
+    PositionsShow();
+    tmrTime->start(kClockTick);
+}
+
+/// The first prediction waits until the window is on the screen, so that a slow engine does not
+/// look like a program that will not start.
+void frmMain::paintEvent(QPaintEvent* pEvent)
+{
+    QMainWindow::paintEvent(pEvent);
+    if (m_bPainted)
+        return;
+    m_bPainted = true;
+    QTimer::singleShot(0, this, &frmMain::ActivationEnd);
+}
+
+void frmMain::ActivationEnd()
+{
+    // Only now the window's frame is known, so that the outer size of the profile can be met.
+    if (m_rectOuter)
+        WindowOuterSet(*this, *m_rectOuter);
+    m_rectOuter.reset();
+    grdData->RedrawSet(false);
+    HourHeaderLayout();
+    if (Update()) {
+        CurrentHourSelect();
+        tmrTimeTick();
+    }
+    m_bActivated = true;
+    Q_EMIT Activated();
+}
+
+void frmMain::closeEvent(QCloseEvent* pEvent)
+{
+    if (m_bRunning) {
+        m_aWaiting.emplace_back([this] { close(); });
+        pEvent->ignore();
+        return;
+    }
+    WindowsUnload();
+    if (!m_bUnloaded)
+        ProfileWrite();
+    m_bUnloaded = true;
+    pEvent->accept();
+}
+
+void frmMain::WindowsUnload()
+{
+    delete ChildOf(Child::About).pWindow;
+    delete m_pDetails;
+    delete ChildOf(Child::Map).pWindow;
+    delete ChildOf(Child::Options).pWindow;
+}

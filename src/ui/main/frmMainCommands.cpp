@@ -1,0 +1,209 @@
+// What the user does: menus, buttons, the grid.
+#include <QApplication>
+#include <QCursor>
+
+#include "airmail/AirMailLib.h"
+#include "geo/MathLib.h"
+#include "system/ClockLib.h"
+#include "system/MsgLib.h"
+#include "ui/common/FileDialog.h"
+#include "ui/details/frmDetails.h"
+#include "ui/main/WindowPlace.h"
+#include "ui/main/frmMain.h"
+
+namespace {
+
+constexpr const char* kProfileFilter = "File (*.ini)|*.ini";
+
+QString ProfileAsk(QWidget* pParent, FileDialogKind eKind, const std::string& sFile)
+{
+    return FileDialogShow(
+        pParent, {eKind, QString::fromStdString(sFile), QString::fromLatin1(kProfileFilter)});
+}
+
+}  // namespace
+
+void frmMain::mnuFileDefaultClick()
+{
+    Initialize();
+    Update();
+}
+
+void frmMain::mnuFileOpenClick()
+{
+    const QString sFile = ProfileAsk(this, FileDialogKind::Open, m_settings.m_sProfileFile);
+    if (sFile.isEmpty())
+        return;
+    m_settings.m_sProfileFile = sFile.toStdString();
+    ProfileRead();
+    Update();
+}
+
+void frmMain::mnuFileSaveClick()
+{
+    const QString sFile = ProfileAsk(this, FileDialogKind::Save, m_settings.m_sProfileFile);
+    if (sFile.isEmpty())
+        return;
+    m_settings.m_sProfileFile = sFile.toStdString();
+    ProfileWrite();
+}
+
+void frmMain::mnuFileExitClick() { close(); }
+
+void frmMain::mnuViewOpen()
+{
+    const SelectedCell cell = m_settings.m_selected;
+    mnuViewDetailData->setEnabled(cell.iFrequency != -1 && cell.iHour != -1);
+}
+
+void frmMain::mnuViewDetailDataClick()
+{
+    DetailsRefresh();
+    if (m_pDetails) {
+        m_pDetails->setWindowState(m_pDetails->windowState() & ~Qt::WindowMinimized);
+        m_pDetails->raise();
+        m_pDetails->activateWindow();
+    }
+}
+
+ChildWindow* frmMain::ChildShow(Child eChild)
+{
+    ChildSlot& slot = ChildOf(eChild);
+    if (!slot.pWindow && slot.fnMake) {
+        slot.pWindow = slot.fnMake(*this);
+        slot.pWindow->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    if (slot.pWindow) {
+        slot.pWindow->show();
+        slot.pWindow->raise();
+        slot.pWindow->activateWindow();
+    }
+    return slot.pWindow;
+}
+
+void frmMain::mnuViewWorldMapClick() { (void)ChildShow(Child::Map); }
+
+void frmMain::mnuHelpAboutClick() { (void)ChildShow(Child::About); }
+
+void frmMain::OptionsShow(int iTab)
+{
+    if (ChildWindow* pOptions = ChildShow(Child::Options))
+        pOptions->TabSet(iTab);
+}
+
+void frmMain::cmdUpdateClick()
+{
+    // One after the other: what was decoded before a text that cannot be is kept.
+    Settings& settings = m_settings;
+    const bool bOk = TextToLatitude(txtLat0->text().toStdString(), settings.m_dRcLat, true)
+                     && TextToLongitude(txtLon0->text().toStdString(), settings.m_dRcLon, true)
+                     && TextToLatitude(txtLat1->text().toStdString(), settings.m_dTxLat, true)
+                     && TextToLongitude(txtLon1->text().toStdString(), settings.m_dTxLon, true);
+    if (bOk)
+        Update();
+}
+
+void frmMain::cmdRcAirmailClick()
+{
+    double dLat = 0.0;
+    double dLon = 0.0;
+    DateTime dtTime;
+    const auto res = AirMailPositionGet(dLat, dLon, dtTime, true);
+    if (!res)
+        MsgBox(MsgIcon::None, res.TextGet());
+    if (!res || !res.ValueGet())
+        return;
+    m_settings.m_dRcLat = dLat;
+    m_settings.m_dRcLon = dLon;
+    Update();
+}
+
+void frmMain::cmdTxAirmailClick()
+{
+    mnuTransmitter->ReceiverSet(m_settings.m_dRcLat, m_settings.m_dRcLon);
+    if (mnuTransmitter->Build())
+        mnuTransmitter->popup(QCursor::pos());
+}
+
+void frmMain::StationChoose(const Station& station)
+{
+    double dLat = 0.0;
+    double dLon = 0.0;
+    const auto res = AirMailStationPosition(station.sSystem, station.sKey, dLat, dLon, true);
+    if (!res)
+        MsgBox(MsgIcon::None, res.TextGet());
+    if (!res || !res.ValueGet())
+        return;
+    m_settings.m_dTxLat = dLat;
+    m_settings.m_dTxLon = dLon;
+    Update();
+    setWindowTitle(QApplication::applicationDisplayName() + QStringLiteral(" - ")
+                   + QString::fromStdString(station.sKey + " - " + station.sName));
+}
+
+void frmMain::TransmitterTyped() { setWindowTitle(QApplication::applicationDisplayName()); }
+
+void frmMain::grdDataClick(int iRow, int iCol)
+{
+    DataSetSelected(iRow, iCol);
+    DetailsRefresh();
+    grdData->CurrentSet(iRow, iCol);
+}
+
+void frmMain::grdDataMouseDown(int iRow, int iCol, Qt::MouseButton eButton)
+{
+    if (eButton == Qt::RightButton && GridPlace{iRow, iCol}.DataIs())
+        grdDataMenu(iRow, iCol, QCursor::pos());
+}
+
+void frmMain::grdDataMenu(int iRow, int iCol, const QPoint& pntGlobal)
+{
+    Command([this, iRow, iCol, pntGlobal] {
+        DataSetSelected(iRow, iCol);
+        mnuView->popup(pntGlobal);
+    });
+}
+
+void frmMain::grdDataMouseMove(int iRow, int iCol)
+{
+    QString sText;
+    if (iRow == 0 && iCol >= 1) {
+        // Under a time code that is neither, the text stays as it is.
+        if (m_settings.m_iTimeCode == 0)
+            sText = QStringLiteral("Zulu Time (hh)");
+        else if (m_settings.m_iTimeCode == 1)
+            sText = QStringLiteral("Local Time (hh)");
+        else
+            sText = grdData->toolTip();
+    } else if (iRow >= 1 && iCol == 0) {
+        sText = QStringLiteral("Frequency (kHz)");
+    } else if (iRow >= 1 && iCol >= 1) {
+        sText = QStringLiteral("Signal-to-Noise (dB)");
+    }
+    grdData->ToolTipRenew(sText);
+}
+
+void frmMain::DetailsRefresh()
+{
+    const SelectedCell cell = m_settings.m_selected;
+    if (cell.iFrequency == -1 || cell.iHour == -1)
+        return;
+    if (!m_pDetails) {
+        m_pDetails = new frmDetails(*this);
+        WindowPutBeside(*m_pDetails, *this);
+    }
+    if (!m_pDetails->isVisible())
+        m_pDetails->show();
+    const QString sTime = grdData->TextGet(0, cell.iHour) + QStringLiteral(":00");
+    m_pDetails->Update(cell.iFrequency, cell.iHour, sTime, m_table);
+}
+
+QString frmMain::Speech(int iRow, int iCol) const
+{
+    const QString sZone =
+        m_settings.m_iTimeCode == 1 ? QStringLiteral("Local") : QStringLiteral("Zulu");
+    const QString sValue = grdData->TextGet(iRow, iCol);
+    return QStringLiteral("%1 kHz, %2 %3, %4")
+        .arg(grdData->TextGet(iRow, 0), grdData->TextGet(0, iCol), sZone,
+             sValue.isEmpty() ? tr("no value") : sValue + QStringLiteral(" dB"));
+}

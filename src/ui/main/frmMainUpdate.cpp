@@ -1,0 +1,251 @@
+// The road to a prediction: layout, run, and what becomes of its result.
+#include <QApplication>
+#include <QLabel>
+#include <QTimer>
+#include <cmath>
+#include <utility>
+
+#include "propagation/EngineLib.h"
+#include "propagation/PropagationLib.h"
+#include "propagation/SnrColor.h"
+#include "settings/SunSpotLib.h"
+#include "system/ClockLib.h"
+#include "system/EngineRootLib.h"
+#include "system/NumberLib.h"
+#include "ui/common/MsgWindow.h"
+#include "ui/details/frmDetails.h"
+#include "ui/main/TableView.h"
+#include "ui/main/frmMain.h"
+
+namespace {
+
+constexpr int kHours = 24;
+constexpr int kTimeZulu = 0;
+constexpr int kTimeLocal = 1;
+
+QString Formatted(float fValue, const char* sPattern)
+{
+    return QString::fromStdString(NumberFormat(fValue, sPattern));
+}
+
+}  // namespace
+
+/// The time of a run: busy pointer, commands kept waiting.
+class frmMain::RunScope {
+public:
+    explicit RunScope(frmMain& frm) : m_frm(frm)
+    {
+        m_frm.m_bRunning = true;
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    ~RunScope()
+    {
+        QApplication::restoreOverrideCursor();
+        m_frm.m_bRunning = false;
+        if (m_frm.m_bUpdateWanted || !m_frm.m_aWaiting.empty())
+            QTimer::singleShot(0, &m_frm, &frmMain::WaitingRun);
+    }
+    RunScope(const RunScope&) = delete;
+    RunScope& operator=(const RunScope&) = delete;
+
+private:
+    frmMain& m_frm;
+};
+
+void frmMain::Command(std::function<void()> fnCommand)
+{
+    if (m_bRunning)
+        m_aWaiting.push_back(std::move(fnCommand));
+    else
+        fnCommand();
+}
+
+/// What was asked for during the run, in its order; an update asked for however often is one.
+void frmMain::WaitingRun()
+{
+    if (m_bRunning)
+        return;  // the end of that run comes here again
+    if (std::exchange(m_bUpdateWanted, false))
+        Update();
+    for (const auto& fnCommand : std::exchange(m_aWaiting, {})) Command(fnCommand);
+}
+
+bool frmMain::Update()
+{
+    if (m_bRunning) {
+        m_bUpdateWanted = true;
+        return false;
+    }
+    const RunScope scope(*this);
+    grdData->RedrawSet(false);
+    HourHeaderLayout();
+    FrequencyRowsLayout();
+    CurrentHourSelect();
+    tmrTimeTick();
+    PositionsShow();
+    for (const Child eChild : {Child::Map, Child::Options})
+        if (ChildWindow* pWindow = ChildOf(eChild).pWindow)
+            pWindow->Update();
+    const bool bOk = PredictionRun();
+    if (bOk) {
+        if (m_pDetails && m_pDetails->isVisible())
+            DetailsRefresh();
+        const SelectedCell cell = m_settings.m_selected;
+        if (cell.iFrequency != -1 && cell.iHour != -1)
+            grdData->CurrentSet(cell.iFrequency, cell.iHour);
+        cmdUpdate->setEnabled(false);
+    } else {
+        DataSetSelected(-1, -1);
+    }
+    StatusShow();
+    grdData->RedrawSet(true);
+    return bOk;
+}
+
+int frmMain::HourOffset() const
+{
+    return m_settings.m_iTimeCode == kTimeLocal
+               ? static_cast<int>(HourBoundaries(UtcNow(), LocalNow()))
+               : 0;
+}
+
+void frmMain::HourHeaderLayout()
+{
+    grdData->ColsSet(kHours + 1);
+    grdData->ColWidthSet(0, fontMetrics().horizontalAdvance(QStringLiteral("-30000-")));
+    const int nWidth = fontMetrics().horizontalAdvance(QStringLiteral("---00"));
+    const int nOffset = HourOffset();
+    for (int iHour = 1; iHour <= kHours; ++iHour) {
+        int nLabel = iHour + nOffset - 1;
+        if (nLabel < 0)
+            nLabel += kHours;
+        if (nLabel >= kHours)
+            nLabel -= kHours;
+        grdData->ColWidthSet(iHour, nWidth);
+        grdData->TextSet(0, iHour,
+                         QString::fromStdString(NumberFormat(static_cast<double>(nLabel), "00")));
+        grdData->AlignmentSet(0, iHour, Qt::AlignCenter);
+    }
+}
+
+void frmMain::FrequencyRowsLayout()
+{
+    grdData->RowsSet(m_settings.m_nData + 1);
+    for (int i = 1; i <= m_settings.m_nData; ++i)
+        grdData->TextSet(i, 0, Formatted(m_settings.FrequencyGet(i), "0"));
+}
+
+void frmMain::CurrentHourSelect()
+{
+    DataSetSelected(m_settings.m_selected.iFrequency, UtcNow().nHour + 1);
+}
+
+void frmMain::PositionsShow()
+{
+    txtLat0->TextSet(LocationToText(LocationKind::Latitude, m_settings.m_dRcLat));
+    txtLon0->TextSet(LocationToText(LocationKind::Longitude, m_settings.m_dRcLon));
+    txtLat1->TextSet(LocationToText(LocationKind::Latitude, m_settings.m_dTxLat));
+    txtLon1->TextSet(LocationToText(LocationKind::Longitude, m_settings.m_dTxLon));
+}
+
+bool frmMain::TroubleSet(RunTrouble eTrouble, const std::string& sMessage)
+{
+    m_sTrouble = StatusTrouble(eTrouble, m_settings, sMessage);
+    return false;
+}
+
+bool frmMain::PredictionRun()
+{
+    const QPointer<QWidget> pFocus = QApplication::focusWidget();
+    const bool bOk = PredictionMake();
+    // Once: repaints and timers. What the user types and clicks waits for the end of the run.
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    if (pFocus && pFocus != QApplication::focusWidget())
+        pFocus->setFocus();
+    return bOk;
+}
+
+bool frmMain::PredictionMake()
+{
+    m_sTrouble.clear();
+    float fSunSpotNumber = 0.0F;
+    const auto resSunSpot = SunSpotNumberGet(m_settings, fSunSpotNumber);
+    if (!resSunSpot)
+        MsgBox(MsgIcon::None, resSunSpot.TextGet());
+    if (!resSunSpot || !resSunSpot.ValueGet())
+        return TroubleSet(RunTrouble::SunSpot);
+    if (m_settings.m_bPropagationMonth)
+        m_settings.m_iPropagationMonth = UtcNow().nMonth;
+    // The list is taken from its labels, so a prediction is for the whole kHz that the user sees.
+    for (int i = 1; i <= m_settings.m_nData; ++i)
+        if (const auto res = NumberFromTextSingle(grdData->TextGet(i, 0).toStdString()))
+            m_settings.FrequencySet(i, res.ValueGet());
+    if (m_settings.m_nData < 1)
+        return TroubleSet(RunTrouble::Frequencies);
+    return TableMake();
+}
+
+/// A new table is filled apart, so that a failed run leaves the old one in force.
+bool frmMain::TableMake()
+{
+    const MsgListener listener;
+    PropagationTable table(m_settings.m_nData);
+    if (!PropagationRun(PropagationInputFromSettings(m_settings), table))
+        return TroubleSet(RunTrouble::Engine, listener.LastGet());
+    m_table = std::move(table);
+    RangeShow();
+    TableShow(m_table, *grdData);
+    return true;
+}
+
+void frmMain::RangeShow()
+{
+    lblRange->setText(QStringLiteral("Range:  ") + Formatted(m_table.fRange, "0"));
+    lblRcBearing->setText(QStringLiteral("Bearing Rc:  ") + Formatted(m_table.fAzimuthTxRc, "0"));
+    lblTxBearing->setText(QStringLiteral("Bearing Tx:  ") + Formatted(m_table.fAzimuthRcTx, "0"));
+}
+
+std::uint32_t frmMain::SnrGetColor(float fSnr) const { return ::SnrGetColor(fSnr); }
+
+void frmMain::CellMark(const SelectedCell& cell, bool bMark)
+{
+    if (!GridPlace{cell.iFrequency, cell.iHour}.DataIs())
+        return;
+    grdData->BoldSet(cell.iFrequency, cell.iHour, bMark);
+    grdData->FrameSet(cell.iFrequency, cell.iHour, bMark);
+}
+
+void frmMain::DataSetSelected(int iRow, int iCol)
+{
+    CellMark(m_marked, false);
+    // A row that a shorter list no longer has is none.
+    m_settings.m_selected = {iRow > m_settings.m_nData ? -1 : iRow, iCol};
+    m_marked = m_settings.m_selected;  // the settings may lose theirs behind the grid's back
+    CellMark(m_marked, true);
+}
+
+void frmMain::StatusShow()
+{
+    // VOACAP of ours is a launcher around the system's; only REC533 is built in.
+    const Engine* pEngine = EngineFind(m_settings.m_iPropagationModel);
+    const bool bBuiltIn = m_settings.m_iPropagationModel == kEngineRec533
+                          && EngineIsBuiltIn(std::string(pEngine->sProgram));
+    lblInForce->setText(QString::fromStdString(StatusInForce(m_settings, bBuiltIn)));
+    lblTrouble->setText(QString::fromStdString(m_sTrouble));
+    lblTrouble->setToolTip(lblTrouble->text());
+    const bool bOld = !m_sTrouble.empty();
+    grdData->StaleSet(bOld);
+    lblOld->setVisible(bOld && m_table.nData > 0);
+}
+
+void frmMain::tmrTimeTick()
+{
+    const bool bZulu = m_settings.m_iTimeCode == kTimeZulu;
+    if (!bZulu && m_settings.m_iTimeCode != kTimeLocal)
+        return;
+    const DateTime dtNow = bZulu ? UtcNow() : LocalNow();
+    const std::string sTime = NumberFormat(static_cast<double>(dtNow.nHour), "00") + ":"
+                              + NumberFormat(static_cast<double>(dtNow.nMinute), "00");
+    lblTime->setText((bZulu ? QStringLiteral("Zulu: ") : QStringLiteral("Local: "))
+                     + QString::fromStdString(sTime));
+}

@@ -1,0 +1,48 @@
+/// @file AirMailFixture.h
+/// A Wine prefix of the test's own, with the Airmail folders at their defaults.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "airmail/AirMailLib.h"
+#include "support/MsgRecorder.h"
+#include "support/TempFolder.h"
+
+class AirMailFixture : public testing::Test {
+protected:
+    AirMailFixture() { AirMailFoldersReset(); }
+    ~AirMailFixture() override { AirMailFoldersReset(); }
+
+    /// Writes a file of drive C.
+    std::string DriveWrite(const std::string& sName, const std::string& sBytes) const
+    {
+        return m_folder.Write("drive_c/" + sName, sBytes);
+    }
+    /// Writes a file of the default Airmail folder.
+    std::string AirMailWrite(const std::string& sName, const std::string& sBytes) const
+    {
+        return DriveWrite("Program Files/AirMail/" + sName, sBytes);
+    }
+
+    /// Host path of a name in the default Airmail folder.
+    std::string AirMailPath(const std::string& sName) const
+    {
+        return m_folder.Path("drive_c/Program Files/AirMail/" + sName);
+    }
+
+    TempFolder m_folder;
+    EnvironmentSet m_prefix{"WINEPREFIX", m_folder.Path()};
+};
+
+/// The hint that ends every message while the data folder is the default.
+inline const std::string kHintDefault =
+    "\r\rPlease check that the AirMail Data folder \"C:\\Program Files\\AirMail\" is correct.";
+
+/// The one box that was shown; an empty text, and a failure, when there was another number.
+inline MsgShown OneShown(const MsgRecorder& msg)
+{
+    EXPECT_EQ(msg.m_aShown.size(), 1U);
+    return msg.m_aShown.size() == 1 ? msg.m_aShown[0] : MsgShown{MsgIcon::Info, ""};
+}

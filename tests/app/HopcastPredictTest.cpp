@@ -1,0 +1,396 @@
+/// The console program as a user runs it: real program, real engines, fake engines for failures.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <ostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "propagation/EngineCases.h"
+#include "propagation/PropagationTable.h"
+#include "support/ProgramRun.h"
+#include "support/TempFolder.h"
+#include "system/NumberLib.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+ProgramResult Predict(Words asWords)
+{
+    asWords.insert(asWords.begin(), TEST_BIN "/hopcast-predict");
+    return ProgramRun(asWords);
+}
+
+bool VoacaplIsThere()
+{
+    return std::system("command -v voacapl >/dev/null") == 0;  // NOLINT(cert-env33-c)
+}
+
+/// A user's home of its own, so that the engine root is provisioned anew and nothing of the
+/// machine's user is touched.
+class HopcastPredict : public testing::Test {
+protected:
+    HopcastPredict()
+        : m_data("XDG_DATA_HOME", m_tmp.Path("data")),
+          m_config("XDG_CONFIG_HOME", m_tmp.Path("config")),
+          m_wine("WINEPREFIX", m_tmp.Path("wine")),
+          m_root("HOPCAST_ITSHFBC", std::nullopt)
+    {
+    }
+
+    /// A root with a fake engine in place of REC533.
+    std::string RootMake(const std::string& sScript) const
+    {
+        const std::string sProgram =
+            m_tmp.Write("root/bin_win/rec533w.exe", "#!/bin/sh\n" + sScript);
+        fs::permissions(sProgram, fs::perms::owner_all);
+        fs::create_directories(m_tmp.Path("root/RUN"));
+        fs::create_directories(m_tmp.Path("root/areadata"));
+        return m_tmp.Path("root");
+    }
+
+    TempFolder m_tmp;
+    EnvironmentSet m_data, m_config, m_wine, m_root;
+};
+
+std::vector<std::string> CommasCut(const std::string& sLine)
+{
+    std::vector<std::string> asPiece;
+    std::istringstream stm(sLine);
+    for (std::string sPiece; std::getline(stm, sPiece, ',');) asPiece.push_back(sPiece);
+    return asPiece;
+}
+
+float Number(const std::string& sText)
+{
+    const auto res = NumberFromTextSingle(sText);
+    EXPECT_TRUE(res) << sText;
+    return res ? res.ValueGet() : 0.0F;
+}
+
+/// The number behind a name in the program's JSON.
+float JsonNumber(const std::string& sJson, const std::string& sName)
+{
+    const std::size_t nFrom = sJson.find('"' + sName + "\": ") + sName.size() + 4;
+    return Number(sJson.substr(nFrom, sJson.find_first_of(",\n}", nFrom) - nFrom));
+}
+
+/// The program's csv as a table again.
+PropagationTable TableFromCsv(const std::string& sCsv, int nFrequencies)
+{
+    PropagationTable table(nFrequencies);
+    std::istringstream stm(sCsv);
+    std::string sLine;
+    std::getline(stm, sLine);
+    for (int iHour = 1; iHour <= 24; ++iHour) {
+        for (int i = 1; i <= nFrequencies; ++i) {
+            std::getline(stm, sLine);
+            const std::vector<std::string> asPiece = CommasCut(sLine);
+            EXPECT_EQ(asPiece.size(), 12u) << sLine;
+            if (asPiece.size() != 12)
+                return table;
+            EXPECT_EQ(asPiece[0], NumberToText(iHour));
+            EXPECT_EQ(asPiece[1], NumberToText(iHour - 1));
+            table.fMUF[iHour] = Number(asPiece[2]);
+            table.fLUF[iHour] = Number(asPiece[3]);
+            table.sLayer(iHour, i) = asPiece[5];
+            table.fTakeoffAngle(iHour, i) = Number(asPiece[6]);
+            table.fTimeDelay(iHour, i) = Number(asPiece[7]);
+            table.fVirtualHeight(iHour, i) = Number(asPiece[8]);
+            table.fSdBW(iHour, i) = Number(asPiece[9]);
+            table.fNdBW(iHour, i) = Number(asPiece[10]);
+            table.fSnr(iHour, i) = Number(asPiece[11]);
+        }
+    }
+    return table;
+}
+
+Words CircuitWords(const CircuitCase& c)
+{
+    const auto Pair = [](double dA, double dB) {
+        return NumberToText(dA) + "," + NumberToText(dB);
+    };
+    std::string sFrequencies;
+    for (const double dKhz : c.adKilohertz)
+        sFrequencies += (sFrequencies.empty() ? "" : ",") + NumberToText(dKhz);
+    return {"--model",
+            "voacap",
+            "--format",
+            "csv",
+            "--tx=" + Pair(c.dTxLat, c.dTxLon),
+            "--rc=" + Pair(c.dRcLat, c.dRcLon),
+            "--month",
+            NumberToText(c.nMonth),
+            "--coefficients",
+            c.sCoefficients,
+            "--ssn",
+            NumberToText(c.dSunSpots),
+            "--q-index",
+            NumberToText(c.dQIndex),
+            "--noise",
+            NumberToText(c.dNoise),
+            "--takeoff",
+            NumberToText(c.dTakeoff),
+            "--reliability",
+            NumberToText(c.dReliability),
+            "--multipath-power",
+            NumberToText(c.dMultipathPower),
+            "--multipath-delay",
+            NumberToText(c.dMultipathDelay),
+            "--layers",
+            Pair(c.layers.dE, c.layers.dF1) + "," + Pair(c.layers.dF2, c.layers.dEs),
+            "--frequencies",
+            sFrequencies};
+}
+
+class HopcastPredictVoacap : public HopcastPredict,
+                             public testing::WithParamInterface<CircuitCase> {};
+TEST_P(HopcastPredictVoacap, GivesTheCapturedNumbersThroughTheLauncher)
+{
+    if (!VoacaplIsThere()) {
+        const char* sCi = std::getenv("CI");
+        ASSERT_FALSE(sCi != nullptr && std::string(sCi) == "true") << "voacapl is not installed";
+        GTEST_SKIP() << "voacapl is not installed, so VOACAP cannot be run";
+    }
+    const CircuitCase& c = GetParam();
+    Words asWords = CircuitWords(c);
+    if (c.iAntenna <= 2) {
+        asWords.insert(asWords.end(), {"--antenna", NumberToText(c.iAntenna)});
+    } else {
+        // A type without antenna cards is no choice on the command line; a profile may hold it.
+        const std::string sProfile = m_tmp.Write(
+            "a.ini", "[Propagation Model]\nAntenna Type=" + NumberToText(c.iAntenna) + "\n");
+        asWords.insert(asWords.end(), {"--profile", sProfile});
+    }
+    const ProgramResult res = Predict(asWords);
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_EQ(res.sError, "");
+    PropagationTable table = TableFromCsv(res.sOut, static_cast<int>(c.adKilohertz.size()));
+    asWords[3] = "json";
+    const ProgramResult resJson = Predict(asWords);
+    ASSERT_EQ(resJson.nStatus, 0) << resJson.sError;
+    table.fAzimuthTxRc = JsonNumber(resJson.sOut, "azimuth_tx_rc");
+    table.fAzimuthRcTx = JsonNumber(resJson.sOut, "azimuth_rc_tx");
+    table.fRange = JsonNumber(resJson.sOut, "range_nmi");
+    TableCompare(c, table, 1);
+}
+std::vector<CircuitCase> VoacapCases()
+{
+    std::vector<CircuitCase> aCase;
+    for (const CircuitCase& c : CircuitCases()) {
+        if (c.iModel == kEngineVoacap)
+            aCase.push_back(c);
+    }
+    return aCase;
+}
+INSTANTIATE_TEST_SUITE_P(Circuits, HopcastPredictVoacap, testing::ValuesIn(VoacapCases()),
+                         [](const testing::TestParamInfo<CircuitCase>& prm) {
+                             return CaseName(prm.param.sName);
+                         });
+
+TEST_F(HopcastPredict, WrongUsageIsOneLineAndStatus2AndRunsNothing)
+{
+    const EnvironmentSet root("HOPCAST_ITSHFBC", RootMake("touch \"$1/ran\"\n"));
+    for (const Words& asWords :
+         {Words{"--colour"}, Words{"--month"}, Words{"--tx", "91,0"}, Words{"--month", "13"},
+          Words{"--hour", "3"}, Words{"--frequencies", "0"}}) {
+        const ProgramResult res = Predict(asWords);
+        EXPECT_EQ(res.nStatus, 2) << asWords[0];
+        EXPECT_EQ(res.sOut, "");
+        EXPECT_TRUE(res.sError.starts_with("hopcast-predict: ")) << res.sError;
+        EXPECT_NE(res.sError.find(asWords[0]), std::string::npos) << res.sError;
+        EXPECT_EQ(res.sError.find('\n'), res.sError.size() - 1) << res.sError;
+    }
+    EXPECT_FALSE(fs::exists(m_tmp.Path("root/ran")));
+    EXPECT_FALSE(fs::exists(m_tmp.Path("root/RUN/sound.dat")));
+}
+
+TEST_F(HopcastPredict, HelpAndVersionGoToStandardOutput)
+{
+    const ProgramResult resHelp = Predict({"--help"});
+    EXPECT_EQ(resHelp.nStatus, 0);
+    EXPECT_EQ(resHelp.sError, "");
+    EXPECT_NE(resHelp.sOut.find("Usage:"), std::string::npos);
+    const ProgramResult resVersion = Predict({"--version"});
+    EXPECT_EQ(resVersion.nStatus, 0);
+    EXPECT_EQ(resVersion.sOut, "hopcast-predict " HOPCAST_VERSION "\n");
+}
+
+TEST_F(HopcastPredict, AMissingEngineIsToldOnceAChunk)
+{
+    const EnvironmentSet root("HOPCAST_ITSHFBC", m_tmp.Path("empty"));
+    const ProgramResult res =
+        Predict({"--ssn", "100", "--model", "icepac", "--frequencies", "7100"});
+    EXPECT_EQ(res.nStatus, 1);
+    EXPECT_EQ(res.sOut, "");
+    EXPECT_EQ(res.sError,
+              "hopcast-predict: Propagation Model ICEPAC not found.\n\n"
+              "Please check that ITS HF propagation prediction software has been installed.\n");
+}
+
+TEST_F(HopcastPredict, AFailingEngineGivesStatus1AndNoTable)
+{
+    const EnvironmentSet root("HOPCAST_ITSHFBC", RootMake("exit 1\n"));
+    const ProgramResult res = Predict({"--ssn", "100", "--frequencies", "7100"});
+    EXPECT_EQ(res.nStatus, 1);
+    EXPECT_EQ(res.sOut, "");
+    EXPECT_EQ(res.sError, "hopcast-predict: PropagationRec533, Shell do not finish.\n");
+}
+
+TEST_F(HopcastPredict, AChunkThatFailsSpoilsTheWholeTableForAProgram)
+{
+    // The captured output serves for every chunk but the first.
+    const EnvironmentSet root(
+        "HOPCAST_ITSHFBC", RootMake("grep -q 'FREQ *2.0' \"$1/RUN/$2\" && exit 1\ncp '"
+                                    + CapturedPath("rec533/p2p_01", ".out") + "' \"$1/RUN/$3\"\n"));
+    const ProgramResult res = Predict({"--ssn", "100"});
+    EXPECT_EQ(res.nStatus, 1);
+    EXPECT_EQ(res.sOut, "");
+    EXPECT_EQ(res.sError, "hopcast-predict: PropagationRec533, Shell do not finish.\n");
+}
+
+TEST_F(HopcastPredict, WithoutAnySunspotNumberTheRunIsRefused)
+{
+    const ProgramResult res = Predict({});
+    EXPECT_EQ(res.nStatus, 1);
+    EXPECT_EQ(res.sOut, "");
+    EXPECT_EQ(
+        res.sError,
+        "hopcast-predict: Unable to find AirMail's Propagation, SSN in \"Airmail.ini\".\n\n"
+        "Please check that the AirMail Data folder \"C:\\Program Files\\AirMail\" is correct.\n");
+}
+
+TEST_F(HopcastPredict, WritesToAFileAndSaysWhereItCannot)
+{
+    const EnvironmentSet root(
+        "HOPCAST_ITSHFBC",
+        RootMake("cp '" + CapturedPath("rec533/p2p_09", ".out") + "' \"$1/RUN/$3\"\n"));
+    const Words asWords{"--ssn", "70", "--frequencies", "14100", "--format", "json", "--output"};
+    Words asGood = asWords;
+    asGood.push_back(m_tmp.Path("out.json"));
+    ProgramResult res = Predict(asGood);
+    EXPECT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_EQ(res.sOut + res.sError, "");
+    EXPECT_TRUE(BytesRead(m_tmp.Path("out.json")).starts_with("{\n  \"model\": \"REC533\""));
+    Words asBad = asWords;
+    asBad.push_back(m_tmp.Path("none") + "/sub/out.json");
+    res = Predict(asBad);
+    EXPECT_EQ(res.nStatus, 1);
+    EXPECT_EQ(res.sError, "hopcast-predict: --output: " + asBad.back() + ": Path not found\n");
+}
+
+TEST_F(HopcastPredict, AFullDiskOnStandardOutputIsAFailure)
+{
+    const ProgramResult res =
+        ProgramRun({"/bin/sh", "-c", "exec \"$0\" --help >/dev/full", TEST_BIN "/hopcast-predict"});
+    EXPECT_EQ(res.nStatus, 1);
+    EXPECT_EQ(res.sError, "hopcast-predict: the output could not be written\n");
+}
+
+TEST_F(HopcastPredict, AnAreaRunsOnceOrTwiceOverLongitude180)
+{
+    if (!VoacaplIsThere())
+        GTEST_SKIP() << "voacapl is not installed, so VOACAP cannot be run";
+    const Words asArea{"--ssn",       "100",  "--model",       "voacap", "--month",
+                       "3",           "--rc", "-18.14,178.44", "--hour", "6",
+                       "--frequency", "7100", "--grid",        "3",      "--area"};
+    Words asOne = asArea;
+    asOne.push_back("0,170,-30,179");
+    const ProgramResult resOne = Predict(asOne);
+    EXPECT_EQ(resOne.nStatus, 0) << resOne.sError;
+    EXPECT_TRUE(resOne.sOut.starts_with("lat,lon,snr_db\n-30,170,")) << resOne.sOut;
+    EXPECT_EQ(std::count(resOne.sOut.begin(), resOne.sOut.end(), '\n'), 10);
+    Words asTwo = asArea;
+    asTwo.push_back("0,170,-30,-170");
+    const ProgramResult resTwo = Predict(asTwo);
+    EXPECT_EQ(resTwo.nStatus, 0) << resTwo.sError;
+    EXPECT_EQ(std::count(resTwo.sOut.begin(), resTwo.sOut.end(), '\n'), 19) << resTwo.sOut;
+    EXPECT_NE(resTwo.sOut.find("\n-30,-170,"), std::string::npos) << resTwo.sOut;
+}
+
+/// A Wine prefix on whose drive C the sample Airmail is installed.
+class HopcastPredictAirmail : public HopcastPredict {
+protected:
+    HopcastPredictAirmail()
+    {
+        const std::string sFolder = m_tmp.Path("wine/drive_c/Program Files/AirMail");
+        fs::create_directories(sFolder);
+        fs::copy(AIRMAIL_DATA, sFolder, fs::copy_options::recursive);
+        m_tmp.Write("wine/drive_c/Program Files/AirMail/Airmail3.exe", "MZ");
+        m_engine.emplace("HOPCAST_ITSHFBC",
+                         RootMake("cp \"$1/RUN/$2\" \"$1/deck\"\ncp '"
+                                  + CapturedPath("rec533/p2p_09", ".out") + "' \"$1/RUN/$3\"\n"));
+    }
+    std::optional<EnvironmentSet> m_engine;
+};
+
+TEST_F(HopcastPredictAirmail, TakesTheSunspotNumberFromAirmail)
+{
+    const ProgramResult res = Predict({"--frequencies", "14100", "--month", "4"});
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_TRUE(res.sOut.starts_with(
+        "Hopcast prediction: REC533, month 4, sunspot number 112.5 (Airmail)\n"))
+        << res.sOut;
+    EXPECT_NE(BytesRead(m_tmp.Path("root/deck")).find("SUNSPOT   112.5\r\n"), std::string::npos);
+}
+
+TEST_F(HopcastPredictAirmail, TakesTheReceiverFromAirmailAndSaysHowOldItIs)
+{
+    const ProgramResult res = Predict({"--frequencies", "14100", "--rc", "airmail"});
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_NE(res.sOut.find("Receiver 17°41.25'N 063°05.50'W\n"), std::string::npos) << res.sOut;
+    const std::size_t nNote = res.sOut.find("Receiver: Airmail's position, ");
+    ASSERT_NE(nNote, std::string::npos) << res.sOut;
+    const std::string sNote = res.sOut.substr(nNote, res.sOut.find('\n', nNote) - nNote);
+    EXPECT_TRUE(sNote.ends_with(" days old")) << sNote;
+}
+
+TEST_F(HopcastPredictAirmail, TakesTheTransmitterFromAStation)
+{
+    const ProgramResult res = Predict({"--frequencies", "14100", "--tx", "ham:xx2mia"});
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    // EL95: 25 degrees 30.8 minutes north by the sub-square scale of station lists.
+    EXPECT_NE(res.sOut.find("Transmitter 25°30.78'N 080°58.43'W"), std::string::npos) << res.sOut;
+    EXPECT_NE(res.sOut.find("\nTransmitter: Airmail's station xx2mia (ham)\n"), std::string::npos)
+        << res.sOut;
+}
+
+TEST_F(HopcastPredictAirmail, AnUnknownStationOrABadOneIsAClearError)
+{
+    const auto Error = [&](const std::string& sPlace) {
+        const ProgramResult res = Predict({"--frequencies", "14100", "--tx", sPlace});
+        EXPECT_EQ(res.nStatus, 2) << sPlace;
+        EXPECT_EQ(res.sOut, "");
+        return res.sError;
+    };
+    EXPECT_EQ(
+        Error("ham:NOBODY"),
+        "hopcast-predict: --tx: Airmail's list \"ham\" holds no station \"NOBODY\" (data folder "
+        "\"C:\\Program Files\\AirMail\")\n");
+    EXPECT_EQ(
+        Error("cb:XX2MIA"),
+        "hopcast-predict: --tx: Airmail's list \"cb\" holds no station \"XX2MIA\" (data folder "
+        "\"C:\\Program Files\\AirMail\")\n");
+    EXPECT_EQ(Error("ham:XX6OLD"), "hopcast-predict: --tx: Invalid procedure call or argument\n");
+    EXPECT_EQ(Error("ham:XX5BAD"),
+              "hopcast-predict: --tx: Unable to Convert Grid FN4 to Lat/Lon\n");
+}
+
+TEST_F(HopcastPredict, AirmailsPositionIsAClearErrorWhereThereIsNoAirmail)
+{
+    const ProgramResult res = Predict({"--rc", "airmail"});
+    EXPECT_EQ(res.nStatus, 2);
+    EXPECT_EQ(res.sError,
+              "hopcast-predict: --rc: Unable to find AirMail's Propagation, Latitude in "
+              "\"Airmail.ini\".\n\nPlease check that the AirMail Data folder \"C:\\Program "
+              "Files\\AirMail\" is correct.\n");
+}
+
+}  // namespace

@@ -1,0 +1,63 @@
+/// @file FuzzPrefix.h
+/// A throw-away Wine prefix for the readers under test, message boxes swallowed. It lies in the
+/// temporary folder (TMPDIR), best on a disk in memory: every input is written there as a file.
+#pragma once
+
+#include <unistd.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "airmail/AirMailLib.h"
+#include "system/MsgLib.h"
+#include "system/TextLib.h"
+
+/// A promise of the readers that every input must keep; the fuzzer reports the input that does not.
+inline void Check(bool bKept)
+{
+    if (!bKept)
+        std::abort();
+}
+
+class FuzzPrefix {
+public:
+    FuzzPrefix()
+    {
+        std::filesystem::create_directories(m_pthFolder / "drive_c/Program Files/AirMail");
+        setenv("WINEPREFIX", m_pthFolder.c_str(), 1);
+        MsgSetHandler([](MsgIcon, const std::string&) {});
+        AirMailFoldersReset();
+    }
+    ~FuzzPrefix()
+    {
+        std::error_code ec;
+        std::filesystem::remove_all(m_pthFolder, ec);
+    }
+    FuzzPrefix(const FuzzPrefix&) = delete;
+    FuzzPrefix& operator=(const FuzzPrefix&) = delete;
+
+    /// Writes a file of the prefix.
+    void Write(const char* sName, const std::uint8_t* pBytes, std::size_t nBytes) const
+    {
+        std::FILE* pFile = std::fopen((m_pthFolder / sName).c_str(), "wb");
+        Check(pFile != nullptr);
+        Check(std::fwrite(pBytes, 1, nBytes, pFile) == nBytes);
+        Check(std::fclose(pFile) == 0);
+    }
+    void Remove(const char* sName) const { Check(std::filesystem::remove(m_pthFolder / sName)); }
+
+private:
+    std::filesystem::path m_pthFolder =
+        std::filesystem::temp_directory_path() / ("hopcast-fuzz-" + std::to_string(getpid()));
+};
+
+/// Values are cut to the reader's buffer of 512 characters, its NUL included.
+inline void CheckValue(const std::string& sValue)
+{
+    Check(Windows1252FromUtf8(sValue).size() < 512);
+}

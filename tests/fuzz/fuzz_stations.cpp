@@ -1,0 +1,27 @@
+// Any bytes as a station file: keys, positions and descriptions.
+#include <algorithm>
+
+#include "fuzz/FuzzPrefix.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
+{
+    constexpr int kKeysMost = 20;  // each opens the file anew
+    static const FuzzPrefix prefix;
+    prefix.Write("drive_c/Program Files/AirMail/System.HAM.ini", pBytes, nBytes);
+    int nCount = 0;
+    TextList asText;
+    Check(AirMailGetSystems(nCount, asText) && nCount == 1 && asText[1] == "HAM");
+    const bool bOk = AirMailGetStations("HAM", nCount, asText);
+    Check(bOk == (nCount > 0) && nCount == asText.CountGet());
+    for (int i = 1; i <= std::min(nCount, kKeysMost); ++i) {
+        double dLat = 0.0;
+        double dLon = 0.0;
+        Check(asText[i].find('=') == std::string::npos);
+        const auto res = AirMailStationPosition("HAM", asText[i], dLat, dLon, true);
+        Check((res && res.ValueGet()) || (dLat == 0.0 && dLon == 0.0));
+        const std::string sDescription = AirMailStationDescription("HAM", asText[i], false);
+        CheckValue(sDescription);
+        Check(sDescription.find(';') == std::string::npos);
+    }
+    return 0;
+}

@@ -1,0 +1,134 @@
+/// The floors of the house: which folder of src/ may include which. A test, so that this cannot
+/// rot.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Names = std::set<std::string>;
+
+/// Folder to the folders that it may include besides itself.
+const std::map<std::string, Names>& FloorsGet()
+{
+    static const Names kServices{"system", "geo", "airmail", "settings", "propagation"};
+    static const std::map<std::string, Names> mapFloors{
+        {"system", {}},
+        {"geo", {"system"}},
+        {"airmail", {"geo", "system"}},
+        {"settings", {"airmail", "geo", "system"}},
+        {"propagation", {"settings", "geo", "system"}},
+        {"engine", {"geo", "system"}},
+        {"ui", kServices},
+        {"app", {"system", "geo", "airmail", "settings", "propagation", "engine", "ui"}},
+    };
+    return mapFloors;
+}
+
+std::vector<fs::path> SourcesGet()
+{
+    std::vector<fs::path> aFile;
+    for (const auto& entry : fs::recursive_directory_iterator(SOURCE_FOLDER)) {
+        const std::string sEnd = entry.path().extension().string();
+        if (sEnd == ".cpp" || sEnd == ".h")
+            aFile.push_back(entry.path());
+    }
+    return aFile;
+}
+
+/// What stands behind #include, with its quotes or angle brackets.
+std::vector<std::string> IncludesGet(const fs::path& pthFile)
+{
+    std::vector<std::string> asInclude;
+    std::ifstream stm(pthFile);
+    for (std::string sLine; std::getline(stm, sLine);) {
+        const std::size_t nHash = sLine.find_first_not_of(' ');
+        if (nHash == std::string::npos || sLine.compare(nHash, 8, "#include") != 0)
+            continue;
+        const std::size_t nFrom = sLine.find_first_of("<\"");
+        const std::size_t nTo = sLine.find_first_of(">\"", nFrom + 1);
+        if (nTo != std::string::npos)
+            asInclude.push_back(sLine.substr(nFrom, nTo - nFrom + 1));
+    }
+    return asInclude;
+}
+
+std::string FolderGet(const fs::path& pthFile)
+{
+    return fs::relative(pthFile, SOURCE_FOLDER).begin()->string();
+}
+
+bool QtIs(const std::string& sInclude)
+{
+    return sInclude.size() > 2 && sInclude[1] == 'Q' && sInclude.find('.') == std::string::npos;
+}
+
+TEST(Floors, EveryFolderIsKnown)
+{
+    EXPECT_GT(SourcesGet().size(), 50u);
+    for (const fs::path& pthFile : SourcesGet())
+        EXPECT_TRUE(FloorsGet().contains(FolderGet(pthFile))) << pthFile;
+}
+
+TEST(Floors, NoLowerFloorIncludesAnUpperOne)
+{
+    for (const fs::path& pthFile : SourcesGet()) {
+        const std::string sFolder = FolderGet(pthFile);
+        const Names& aAllowed = FloorsGet().at(sFolder);
+        for (const std::string& sInclude : IncludesGet(pthFile)) {
+            const std::string sOther = sInclude.substr(1, sInclude.find('/') - 1);
+            if (FloorsGet().contains(sOther) && sOther != sFolder) {
+                EXPECT_TRUE(aAllowed.contains(sOther)) << pthFile << " includes " << sInclude;
+            }
+        }
+    }
+}
+
+TEST(Floors, OnlyWindowsAndProgramsKnowQt)
+{
+    for (const fs::path& pthFile : SourcesGet()) {
+        const std::string sFolder = FolderGet(pthFile);
+        if (sFolder == "ui" || sFolder == "app")
+            continue;
+        for (const std::string& sInclude : IncludesGet(pthFile))
+            EXPECT_FALSE(QtIs(sInclude)) << pthFile << " includes " << sInclude;
+    }
+}
+
+TEST(Floors, PlatformCodeLivesInSystemAlone)
+{
+    const Names aPlatform{"<windows.h>", "<unistd.h>", "<fcntl.h>",  "<sys/wait.h>", "<sys/stat.h>",
+                          "<spawn.h>",   "<signal.h>", "<dirent.h>", "<sys/file.h>", "<poll.h>"};
+    for (const fs::path& pthFile : SourcesGet()) {
+        const std::string sName = pthFile.filename().string();
+        const bool bPlatformFile = sName.find("_posix.") != std::string::npos
+                                   || sName.find("_win32.") != std::string::npos;
+        if (bPlatformFile) {
+            EXPECT_EQ(FolderGet(pthFile), "system") << pthFile;
+            continue;
+        }
+        for (const std::string& sInclude : IncludesGet(pthFile))
+            EXPECT_FALSE(aPlatform.contains(sInclude)) << pthFile << " includes " << sInclude;
+    }
+}
+
+TEST(Floors, EveryHeaderIsIncludedOnce)
+{
+    for (const fs::path& pthFile : SourcesGet()) {
+        if (pthFile.extension() != ".h")
+            continue;
+        std::ifstream stm(pthFile);
+        const std::string sText{std::istreambuf_iterator<char>(stm), {}};
+        EXPECT_NE(sText.find("#pragma once"), std::string::npos) << pthFile;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,482 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+#include <string>
+
+#include "propagation/EngineCases.h"
+#include "propagation/FakeEngine.h"
+#include "propagation/PropagationLib.h"
+#include "propagation/PropagationTable.h"
+#include "support/MsgRecorder.h"
+#include "system/LockLib.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Every fault has to be over within this time, both attempts together.
+constexpr double kFaultSecondsMax = 12.0;
+
+struct Model {
+    const char* sName;
+    const char* sCircuit;
+    const char* sProgram;
+    const char* sPrefix;
+    const char* sInput;      // beginning of the stage of reading
+    const char* sLastLabel;  // label of the last row that is read
+};
+
+constexpr Model kModels[] = {
+    {"Voacap", "voacap/p2p_01", "voacapw.exe", "PropagationIcepacVoacap, ",
+     "PropagationIcepacVoacap, Input, ", "SNRxx"},
+    {"Rec533", "rec533/p2p_01", "rec533w.exe", "PropagationRec533, ", "PropagationRec533, Input ",
+     "SNxx"},
+};
+
+std::ostream& operator<<(std::ostream& stm, const Model& model) { return stm << model.sName; }
+
+class EngineFault : public testing::TestWithParam<Model> {
+protected:
+    EngineFault() : m_input(InputMake(CircuitCaseGet(m_model.sCircuit))), m_table(m_input.nData) {}
+
+    void TearDown() override
+    {
+        const std::chrono::duration<double> time = std::chrono::steady_clock::now() - m_tmStart;
+        EXPECT_LT(time.count(), kFaultSecondsMax);
+    }
+    [[nodiscard]] std::string Output() const
+    {
+        return BytesRead(CapturedPath(m_model.sCircuit, ".out"));
+    }
+    void Script(const std::string& sScript) const { m_root.Engine(m_model.sProgram, sScript); }
+    /// An engine that ends well and leaves these bytes as its output.
+    void OutputOf(const std::string& sBytes)
+    {
+        m_root.EngineCopying(m_model.sProgram, m_folder.Write("output", sBytes));
+    }
+    /// Predicts, expects a failure, and gives the one text shown.
+    std::string TextOfFailure()
+    {
+        const MsgRecorder msg;
+        EXPECT_FALSE(PropagationRun(m_input, m_table));
+        EXPECT_EQ(msg.m_aShown.size(), 1U);
+        return msg.m_aShown.empty() ? "" : msg.m_aShown[0].sText;
+    }
+    /// One attempt with messages.
+    bool Attempt()
+    {
+        if (m_input.iModel == kEngineRec533)
+            return PropagationRec533(m_input, 1, m_input.nData, true, m_table);
+        return PropagationIcepacVoacap(m_input, 1, m_input.nData, true, m_table);
+    }
+    [[nodiscard]] std::string Stage(const std::string& sText) const
+    {
+        return m_model.sPrefix + sText;
+    }
+    [[nodiscard]] std::string InputStage(const std::string& sText) const
+    {
+        return m_model.sInput + sText;
+    }
+
+    const Model& m_model = GetParam();
+    const std::chrono::steady_clock::time_point m_tmStart = std::chrono::steady_clock::now();
+    TempFolder m_folder;
+    FakeRoot m_root;
+    PropagationInput m_input;
+    PropagationTable m_table;
+};
+
+INSTANTIATE_TEST_SUITE_P(Models, EngineFault, testing::ValuesIn(kModels),
+                         [](const auto& test) { return std::string(test.param.sName); });
+
+/// The rights of an ordinary user while it lives: the superuser passes every permission.
+class OrdinaryUser {
+public:
+    OrdinaryUser()
+    {
+        constexpr uid_t kNobody = 65534;
+        if (m_bRoot && seteuid(kNobody) != 0)
+            ADD_FAILURE() << "seteuid";
+    }
+    ~OrdinaryUser()
+    {
+        if (m_bRoot && seteuid(0) != 0)
+            ADD_FAILURE() << "seteuid";
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+private:
+    const bool m_bRoot = geteuid() == 0;
+};
+
+// --- the start ---------------------------------------------------------------------------------
+
+TEST_P(EngineFault, ProgramMissing)
+{
+    EXPECT_EQ(TextOfFailure(),
+              std::string("Propagation Model ")
+                  + (m_input.iModel == kEngineVoacap ? "VOACAP" : "REC533")
+                  + " not found.\r\n\r\nPlease check that ITS HF propagation prediction software has "
+                    "been installed.");
+}
+
+TEST_P(EngineFault, ProgramIsAFolder)
+{
+    fs::create_directories(m_root.Path("bin_win") + "/" + m_model.sProgram);
+    EXPECT_TRUE(TextOfFailure().starts_with("Propagation Model "));
+}
+
+TEST_P(EngineFault, ProgramNotExecutable)
+{
+    Script("exit 0");
+    fs::permissions(m_root.Path("bin_win") + "/" + m_model.sProgram,
+                    fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(TextOfFailure(), Stage("Shell Permission denied"));
+}
+
+TEST_P(EngineFault, ProgramCannotBeStarted)
+{
+    Script("");
+    std::ofstream(m_root.Path("bin_win") + "/" + m_model.sProgram, std::ios::trunc) << "\x7F"
+                                                                                       "ELFnot one";
+    EXPECT_EQ(TextOfFailure(), Stage("Shell Invalid procedure call or argument"));
+}
+
+// --- the end -----------------------------------------------------------------------------------
+
+TEST_P(EngineFault, ExitsWithOne)
+{
+    Script("cp '" + CapturedPath(m_model.sCircuit, ".out") + "' $out; exit 1");
+    EXPECT_EQ(TextOfFailure(), Stage("Shell do not finish."));
+    EXPECT_EQ(m_table.fSnr(1, 1), 0.0F) << "a failed engine's output is not read";
+}
+
+TEST_P(EngineFault, DiesByASignal)
+{
+    Script("cp '" + CapturedPath(m_model.sCircuit, ".out") + "' $out; kill -9 $$");
+    EXPECT_EQ(TextOfFailure(), Stage("Shell do not finish."));
+}
+
+TEST_P(EngineFault, NeverEnds)
+{
+    // The real limit, of one attempt.
+    Script("exec sleep 100");
+    const MsgRecorder msg;
+    const auto tmStart = std::chrono::steady_clock::now();
+    EXPECT_FALSE(Attempt());
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - tmStart;
+    EXPECT_GT(time.count(), 4.9);
+    EXPECT_LT(time.count(), 6.0);
+    ASSERT_EQ(msg.m_aShown.size(), 1U);
+    EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
+}
+
+TEST_P(EngineFault, NeverEndsWithChildrenOfItsOwn)
+{
+    const EngineLimit limit(0.4);
+    Script(
+        "sleep 100 & echo $! >> pids\n(sleep 100 & echo $! >> pids; wait) &\n"
+        "trap '' TERM INT HUP\nwhile :; do sleep 100; done");
+    EXPECT_EQ(TextOfFailure(), Stage("Shell do not finish."));
+}
+
+TEST_P(EngineFault, WaitsForItsInput)
+{
+    Script("cat > /dev/null; exit 1");
+    EXPECT_EQ(TextOfFailure(), Stage("Shell do not finish."));
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - m_tmStart;
+    EXPECT_LT(time.count(), 3.0);
+}
+
+// --- the output --------------------------------------------------------------------------------
+
+TEST_P(EngineFault, ExitsWithZeroWithoutOutput)
+{
+    Script("exit 0");
+    EXPECT_EQ(TextOfFailure(), InputStage("File not found"));
+}
+
+TEST_P(EngineFault, WritesNothing)
+{
+    OutputOf("");
+    EXPECT_EQ(TextOfFailure(), InputStage("Input past end of file"));
+}
+
+TEST_P(EngineFault, WritesHalfAFile)
+{
+    const std::string sOutput = Output();
+    OutputOf(sOutput.substr(0, sOutput.rfind('\n', sOutput.size() / 2) + 1));
+    EXPECT_EQ(TextOfFailure(), InputStage("Type mismatch"));
+    EXPECT_NE(m_table.fSnr(1, 1), 0.0F) << "what was read before stays";
+    EXPECT_EQ(m_table.fSnr(24, 1), 0.0F);
+}
+
+TEST_P(EngineFault, OutputCutInMidLine)
+{
+    const std::string sOutput = Output();
+    OutputOf(sOutput.substr(0, sOutput.rfind(m_model.sLastLabel) - 30));
+    EXPECT_EQ(TextOfFailure(), InputStage("Type mismatch"));
+    EXPECT_NE(m_table.fSnr(23, 1), 0.0F);
+    EXPECT_EQ(m_table.fSnr(24, 1), 0.0F);
+}
+
+TEST_P(EngineFault, StarsBlanksOrLettersInANumber)
+{
+    for (const char* sField : {"*****", "     ", " 1x2 "}) {
+        std::string sOutput = Output();
+        const std::size_t nStart = sOutput.rfind('\n', sOutput.rfind(m_model.sLastLabel)) + 1;
+        const std::size_t nFirst = m_input.iModel == kEngineRec533 ? 8 : 11;
+        sOutput.replace(nStart + nFirst + 5, 5, sField);
+        OutputOf(sOutput);
+        m_table = PropagationTable(m_input.nData);
+        EXPECT_EQ(TextOfFailure(), InputStage("Type mismatch")) << sField;
+        EXPECT_NE(m_table.fSnr(24, 1), 0.0F);
+        EXPECT_EQ(m_table.fSnr(24, 2), 0.0F);
+    }
+}
+
+TEST_P(EngineFault, LabelMissing)
+{
+    std::string sOutput = Output();
+    sOutput.replace(sOutput.rfind(m_model.sLastLabel), 4, "????");
+    OutputOf(sOutput);
+    EXPECT_EQ(TextOfFailure(), InputStage("Type mismatch"));
+    EXPECT_EQ(m_table.fSnr(24, 1), 0.0F);
+}
+
+TEST_P(EngineFault, BlocksInWrongOrder)
+{
+    // The path stands at the end, behind the hours: the search runs forward only.
+    std::string sOutput = Output();
+    const std::size_t nHead =
+        sOutput.find(m_input.iModel == kEngineRec533 ? " UT  MUF" : " METHOD 20");
+    ASSERT_NE(nHead, std::string::npos);
+    OutputOf(sOutput.substr(nHead) + sOutput.substr(0, nHead));
+    const std::string sText = TextOfFailure();
+    EXPECT_TRUE(sText == InputStage("Input past end of file")
+                || sText == InputStage("Type mismatch"))
+        << sText;
+}
+
+TEST_P(EngineFault, BinaryRubbish)
+{
+    std::string sRubbish;
+    unsigned nState = 12345;
+    for (int i = 0; i < 200000; ++i) {
+        nState = nState * 1664525U + 1013904223U;
+        sRubbish += static_cast<char>(nState >> 24U);
+    }
+    OutputOf(sRubbish);
+    EXPECT_EQ(TextOfFailure(), InputStage("Input past end of file"));
+    OutputOf("MUF    LUF\n\n" + sRubbish + "AZIMUTHS\n" + sRubbish);
+    EXPECT_EQ(TextOfFailure(), InputStage("Type mismatch"));
+}
+
+TEST_P(EngineFault, OutputOf100Megabytes)
+{
+    const EngineLimit limit(20.0);  // slow disks: not the engine's time is the thing tested
+    Script("yes '  a line that holds nothing that is looked for' | head -c 100000000 > $out");
+    const MsgRecorder msg;
+    EXPECT_FALSE(Attempt());
+    ASSERT_EQ(msg.m_aShown.size(), 1U);
+    EXPECT_EQ(msg.m_aShown[0].sText, InputStage("Input past end of file"));
+}
+
+TEST_P(EngineFault, OutputOf100MegabytesInOneLineAndAsMuchOnTheConsole)
+{
+    const EngineLimit limit(20.0);
+    Script("head -c 100000000 /dev/zero | tr '\\000' 'a' > $out\ncat $out\n");
+    const MsgRecorder msg;
+    EXPECT_FALSE(Attempt());
+    ASSERT_EQ(msg.m_aShown.size(), 1U);
+    EXPECT_EQ(msg.m_aShown[0].sText, InputStage("Input past end of file"));
+    EXPECT_EQ(EngineSaidGet(), std::string(200, 'a'));
+}
+
+TEST_P(EngineFault, OutputReplacedByAFolder)
+{
+    Script("mkdir -p $out; exit 0");
+    EXPECT_EQ(TextOfFailure(), InputStage("Path/File access error"));
+    Script("exit 0");
+    EXPECT_EQ(TextOfFailure(), InputStage("Path/File access error"));
+}
+
+TEST_P(EngineFault, OldOutputThatCannotBeDeletedNorEmptiedIsNotReadAsNew)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "needs a file of another user: run as root";
+    Script("exit 0");
+    fs::copy_file(CapturedPath(m_model.sCircuit, ".out"), m_root.Path("RUN/sound.out"));
+    for (const char* sName :
+         {"RUN/sound.dat", "RUN/hopcast.txt", "pids", "calls", "deck.1", "deck.2"}) {
+        std::ofstream(m_root.Path(sName), std::ios::app).flush();
+        fs::permissions(m_root.Path(sName), static_cast<fs::perms>(0666));
+    }
+    fs::permissions(m_root.Path("RUN"), static_cast<fs::perms>(0755));
+    fs::permissions(m_root.Path(""), static_cast<fs::perms>(0777));
+    std::string sText;
+    {
+        const OrdinaryUser user;
+        sText = TextOfFailure();
+    }
+    fs::remove(m_root.Path("RUN/hopcast.txt"));
+    EXPECT_EQ(sText, InputStage("Permission denied"));
+    EXPECT_EQ(m_table.fSnr(1, 1), 0.0F);
+}
+
+// --- the deck ----------------------------------------------------------------------------------
+
+TEST_P(EngineFault, DeckFolderMissing)
+{
+    Script("exit 0");
+    fs::remove_all(m_root.Path("RUN"));
+    EXPECT_EQ(TextOfFailure(), Stage("Open Path not found"));
+    EXPECT_EQ(m_root.CallCount(), 0);
+    fs::create_directory(m_root.Path("RUN"));
+}
+
+TEST_P(EngineFault, DeckFolderReadOnly)
+{
+    Script("exit 0");
+    fs::permissions(m_root.Path(""), static_cast<fs::perms>(0777));
+    fs::permissions(m_root.Path("RUN"), static_cast<fs::perms>(0555));
+    {
+        const OrdinaryUser user;
+        EXPECT_EQ(TextOfFailure(), Stage("Open Permission denied"));
+    }
+    fs::permissions(m_root.Path("RUN"), static_cast<fs::perms>(0755));
+    EXPECT_EQ(m_root.CallCount(), 0);
+}
+
+TEST_P(EngineFault, DeckIsAFolder)
+{
+    Script("exit 0");
+    fs::create_directory(m_root.Path("RUN") + "/sound.dat");
+    EXPECT_EQ(TextOfFailure(), Stage("Open Path/File access error"));
+}
+
+TEST_P(EngineFault, DiskFull)
+{
+    // A limit on the size of files stands for the full disk.
+    Script("exit 0");
+    rlimit limitBefore{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limitBefore), 0);
+    rlimit limit = limitBefore;
+    limit.rlim_cur = 100;
+    const auto fnBefore = signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    const std::string sText = TextOfFailure();
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limitBefore), 0);
+    signal(SIGXFSZ, fnBefore);
+    EXPECT_EQ(sText, Stage("Output Disk full"));
+    EXPECT_EQ(m_root.CallCount(), 0);
+}
+
+TEST_P(EngineFault, DiskFullForTheEngine)
+{
+    Script("trap '' XFSZ; ulimit -f 8; cat '" + CapturedPath(m_model.sCircuit, ".out")
+           + "' > $out 2> /dev/null; exit 0");
+    EXPECT_EQ(TextOfFailure(), InputStage("Type mismatch"));
+}
+
+// --- the lock ----------------------------------------------------------------------------------
+
+TEST_P(EngineFault, RootHeldByAnotherFailsAtTheOpeningOfTheDeck)
+{
+    const EngineLimit limit(0.2);
+    OutputOf(Output());
+    {
+        const auto resLock = FileLock::Take(m_root.Path("hopcast.lock"), 0.0);
+        ASSERT_TRUE(resLock);
+        EXPECT_EQ(TextOfFailure(), Stage("Open Permission denied"));
+        EXPECT_EQ(m_root.CallCount(), 0);
+        EXPECT_TRUE(m_root.Names("RUN").empty());
+    }
+    EXPECT_TRUE(PropagationRun(m_input, m_table));
+}
+
+TEST_P(EngineFault, WaitForTheRootCountsWithinTheAttempt)
+{
+    // Another program holds the root for most of the attempt's second; the engine then needs longer
+    // than what is left.
+    const EngineLimit limit(1.0);
+    Script("sleep 0.7");
+    const std::string sLock = m_root.Path("hopcast.lock");
+    const MsgRecorder msg;
+    int aiReady[2];
+    ASSERT_EQ(pipe(aiReady), 0);
+    const pid_t nChild = fork();
+    if (nChild == 0) {
+        const auto resLock = FileLock::Take(sLock, 0.0);
+        (void)!write(aiReady[1], "x", 1);
+        usleep(600000);
+        _exit(resLock ? 0 : 1);
+    }
+    char cReady = 0;
+    ASSERT_EQ(read(aiReady[0], &cReady, 1), 1);
+    const auto tmStart = std::chrono::steady_clock::now();
+    const bool bOk = Attempt();
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - tmStart;
+    int nStatus = 0;
+    waitpid(nChild, &nStatus, 0);
+    close(aiReady[0]);
+    close(aiReady[1]);
+    EXPECT_FALSE(bOk);
+    EXPECT_EQ(nStatus, 0);
+    EXPECT_GT(time.count(), 0.9);
+    EXPECT_LT(time.count(), 1.3);
+    ASSERT_EQ(msg.m_aShown.size(), 1U);
+    EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
+}
+
+/// Predicts a circuit again and again and compares. @return what went wrong, or nothing
+std::string RepeatedPredictions(const CircuitCase& c, const PropagationTable& tableExpected)
+{
+    const PropagationInput input = InputMake(c);
+    for (int i = 0; i < 6; ++i) {
+        PropagationTable table(input.nData);
+        if (!PropagationRun(input, table))
+            return "failed";
+        if (table.fAzimuthTxRc != tableExpected.fAzimuthTxRc)
+            return "another's path";
+        for (int iHour = 1; iHour <= kHourCount; ++iHour)
+            for (int j = 1; j <= input.nData; ++j)
+                if (table.fSnr(iHour, j) != tableExpected.fSnr(iHour, j))
+                    return "another's SNR";
+    }
+    return {};
+}
+
+TEST_P(EngineFault, TwoProgramsOnOneRootDoNotMixTheirFiles)
+{
+    const CircuitCase& cOther =
+        CircuitCaseGet(m_input.iModel == kEngineRec533 ? "rec533/p2p_04" : "voacap/p2p_04");
+    // The deck is looked at first, the answer comes later: a deck or an output of the other program
+    // in between would show.
+    Script("grep -q 'SUNSPOT   170.0' $deck && from='" + CapturedPath(m_model.sCircuit, ".out")
+           + "' || from='" + CapturedPath(cOther.sName, ".out")
+           + "'\nsleep 0.05\ncp \"$from\" $out\nsleep 0.05");
+    PropagationTable tableMine(m_input.nData);
+    PropagationTable tableOther(m_input.nData);
+    ASSERT_TRUE(PropagationRun(m_input, tableMine));
+    ASSERT_TRUE(PropagationRun(InputMake(cOther), tableOther));
+    ASSERT_NE(tableMine.fSnr(1, 1), tableOther.fSnr(1, 1));
+    const pid_t nChild = fork();
+    if (nChild == 0)
+        _exit(RepeatedPredictions(cOther, tableOther).empty() ? 0 : 1);
+    EXPECT_EQ(RepeatedPredictions(CircuitCaseGet(m_model.sCircuit), tableMine), "");
+    int nStatus = -1;
+    EXPECT_EQ(waitpid(nChild, &nStatus, 0), nChild);
+    EXPECT_EQ(nStatus, 0);
+    EXPECT_EQ(m_root.CallCount(), 14);
+}
+
+}  // namespace

@@ -1,0 +1,93 @@
+#include "propagation/FakeEngine.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "system/LockLib.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr fs::perms kRunnable = fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec
+                                | fs::perms::others_read | fs::perms::others_exec;
+
+}  // namespace
+
+FakeRoot::FakeRoot() : m_environment("HOPCAST_ITSHFBC", m_folder.Path())
+{
+    for (const char* sName : {"bin_win", "RUN", "areadata"}) fs::create_directory(Path(sName));
+}
+
+FakeRoot::~FakeRoot()
+{
+    std::ifstream stmPids(Path("pids"));
+    for (int nPid = 0; stmPids >> nPid;) EXPECT_FALSE(ProcessIsAlive(nPid)) << nPid;
+    if (!fs::exists(m_folder.Path()))
+        return;
+    EXPECT_TRUE(FileLock::Take(Path("hopcast.lock"), 0.0)) << "the lock is held still";
+    for (const char* sFolder : {"RUN", "areadata", ""})
+        for (const std::string& sName : Names(sFolder)) {
+            const bool bKnown = sName.starts_with("sound.") || sName.starts_with("working.")
+                                || sName.starts_with("deck.") || sName == "pids"
+                                || sName == "calls";
+            EXPECT_TRUE(bKnown) << sFolder << "/" << sName << " is left";
+        }
+}
+
+void FakeRoot::Engine(std::string_view sProgram, const std::string& sScript) const
+{
+    const std::string sPath = m_folder.Write("bin_win/" + std::string(sProgram),
+                                             "#!/bin/sh\n"
+                                             "echo $$ >> pids\n"
+                                             "echo \"$(basename \"$0\")|$(pwd)|$*\" >> calls\n"
+                                             "n=$(wc -l < calls)\n"
+                                             "if [ \"$2\" = AREA ]; then deck=areadata/$4; "
+                                             "out=$(echo $deck | sed 's/ice$/ig1/; s/voa$/vg1/; "
+                                             "s/rec$/rg1/'); else deck=RUN/$2; out=RUN/$3; fi\n"
+                                             "cp $deck deck.$n\n"
+                                                 + sScript + "\n");
+    fs::permissions(sPath, kRunnable);
+}
+
+void FakeRoot::EngineCopying(std::string_view sProgram, const std::string& sCaptured) const
+{
+    Engine(sProgram, "cp '" + sCaptured + "' $out");
+}
+
+int FakeRoot::CallCount() const
+{
+    std::ifstream stmCalls(Path("calls"));
+    int nCalls = 0;
+    for (std::string sLine; std::getline(stmCalls, sLine);) ++nCalls;
+    return nCalls;
+}
+
+std::string FakeRoot::DeckGet(int nCall) const
+{
+    return BytesRead(Path("deck." + std::to_string(nCall)));
+}
+
+std::vector<std::string> FakeRoot::Names(std::string_view sFolder) const
+{
+    std::vector<std::string> asNames;
+    for (const auto& entry : fs::directory_iterator(fs::path(Path("")) / sFolder))
+        if (!entry.is_directory())
+            asNames.push_back(entry.path().filename().string());
+    std::sort(asNames.begin(), asNames.end());
+    return asNames;
+}
+
+bool ProcessIsAlive(int nProcessId)
+{
+    std::ifstream stmStat("/proc/" + std::to_string(nProcessId) + "/stat");
+    std::string sLine;
+    if (!std::getline(stmStat, sLine))
+        return false;
+    const std::size_t nName = sLine.rfind(')');
+    return nName != std::string::npos && nName + 2 < sLine.size() && sLine[nName + 2] != 'Z';
+}

@@ -1,0 +1,312 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "propagation/EngineCases.h"
+#include "propagation/FakeEngine.h"
+#include "propagation/PropagationLib.h"
+#include "support/MsgRecorder.h"
+#include "system/ClockLib.h"
+#include "system/ProcessLib.h"
+#include "system/RunErrorText.h"
+
+namespace {
+
+constexpr const char* kNotFound =
+    " not found.\r\n\r\nPlease check that ITS HF propagation prediction software has been "
+    "installed.";
+
+std::string FrequencyCard(const std::string& sDeck)
+{
+    const std::size_t nAt = sDeck.find("FREQ");
+    return sDeck.substr(nAt, sDeck.find('\r', nAt) - nAt);
+}
+
+/// An input of nCount frequencies 1000, 2000 ... kHz.
+PropagationInput InputOf(int iModel, int nCount)
+{
+    PropagationInput input = InputMake(CircuitCaseGet("rec533/p2p_01"));
+    input.iModel = iModel;
+    input.nData = nCount;
+    input.afFrequency.assign(1, 0.0F);
+    for (int i = 1; i <= nCount; ++i) input.afFrequency.push_back(static_cast<float>(i) * 1000.0F);
+    return input;
+}
+
+struct EngineCase {
+    int iModel;
+    const char* sProgram;
+    const char* sName;
+    const char* sExecute;
+    const char* sCaptured;  // an output that its reader reads
+    std::string sPrefix;
+};
+
+const EngineCase kEngineCases[] = {
+    {kEngineIcepac, "icepacw.exe", "ICEPAC", "ICEPACW", "voacap/p2p_01",
+     "PropagationIcepacVoacap, "},
+    {kEngineVoacap, "voacapw.exe", "VOACAP", "VOACAP", "voacap/p2p_01",
+     "PropagationIcepacVoacap, "},
+    {kEngineRec533, "rec533w.exe", "REC533", "REC533", "rec533/p2p_01", "PropagationRec533, "},
+};
+
+std::ostream& operator<<(std::ostream& stm, const EngineCase& c) { return stm << c.sName; }
+
+class EachEngine : public testing::TestWithParam<EngineCase> {
+protected:
+    const EngineCase& m_case = GetParam();
+    FakeRoot m_root;
+    MsgRecorder m_msg;
+    PropagationTable m_table{15};
+};
+
+INSTANTIATE_TEST_SUITE_P(Engines, EachEngine, testing::ValuesIn(kEngineCases),
+                         [](const auto& test) { return std::string(test.param.sName); });
+
+TEST_P(EachEngine, MissingProgramIsToldOncePerChunkAndStopsNothing)
+{
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 15), m_table));
+    ASSERT_EQ(m_msg.m_aShown.size(), 2U);
+    for (const MsgShown& shown : m_msg.m_aShown)
+        EXPECT_EQ(shown.sText, std::string("Propagation Model ") + m_case.sName + kNotFound);
+    EXPECT_TRUE(m_root.Names("RUN").empty());
+}
+
+TEST_P(EachEngine, CheckInstalledTellsOnlyWhenAsked)
+{
+    EXPECT_FALSE(EngineCheckInstalled(m_case.iModel, false));
+    EXPECT_TRUE(m_msg.m_aShown.empty());
+    EXPECT_FALSE(EngineCheckInstalled(m_case.iModel, true));
+    ASSERT_EQ(m_msg.m_aShown.size(), 1U);
+    m_root.Engine(m_case.sProgram, "");
+    EXPECT_TRUE(EngineCheckInstalled(m_case.iModel, true));
+    EXPECT_EQ(m_msg.m_aShown.size(), 1U);
+}
+
+TEST_P(EachEngine, StartsWithTheTwoFileNamesInTheRootFolder)
+{
+    m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 3), m_table));
+    const std::string sRoot = m_root.Path("");
+    EXPECT_EQ(BytesRead(m_root.Path("calls")),
+              std::string(m_case.sProgram) + "|" + sRoot + "|" + sRoot + " sound.dat sound.out\n");
+    EXPECT_TRUE(m_msg.m_aShown.empty());
+}
+
+TEST_P(EachEngine, TwentyFiveFrequenciesAreThreeRuns)
+{
+    m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
+    PropagationTable table(25);
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 25), table));
+    EXPECT_EQ(m_root.CallCount(), 3);
+    const bool bRec533 = m_case.iModel == kEngineRec533;
+    EXPECT_EQ(
+        FrequencyCard(m_root.DeckGet(1)),
+        bRec533 ? "FREQ          1.0    2.0    3.0    4.0    5.0    6.0    7.0    8.0    9.0   10.0"
+                : "FREQUENCY   1.0  2.0  3.0  4.0  5.0  6.0  7.0  8.0  9.0 10.0");
+    EXPECT_EQ(
+        FrequencyCard(m_root.DeckGet(2)),
+        bRec533 ? "FREQ         11.0   12.0   13.0   14.0   15.0   16.0   17.0   18.0   19.0   20.0"
+                : "FREQUENCY  11.0 12.0 13.0 14.0 15.0 16.0 17.0 18.0 19.0 20.0");
+    EXPECT_EQ(FrequencyCard(m_root.DeckGet(3)),
+              bRec533 ? "FREQ         21.0   22.0   23.0   24.0   25.0"
+                      : "FREQUENCY  21.0 22.0 23.0 24.0 25.0");
+    for (int iHour = 1; iHour <= 24; ++iHour)
+        for (int j = 1; j <= 5; ++j) {
+            EXPECT_EQ(table.fSnr(iHour, j), table.fSnr(iHour, 10 + j));
+            EXPECT_EQ(table.fSnr(iHour, j), table.fSnr(iHour, 20 + j));
+        }
+}
+
+TEST_P(EachEngine, OneToElevenFrequenciesAreOneOrTwoRuns)
+{
+    m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
+    int nBefore = 0;
+    for (const auto& [nCount, nRuns] :
+         {std::pair{1, 1}, std::pair{10, 1}, std::pair{11, 2}, std::pair{15, 2}}) {
+        EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, nCount), m_table));
+        EXPECT_EQ(m_root.CallCount() - nBefore, nRuns) << nCount;
+        nBefore = m_root.CallCount();
+    }
+}
+
+TEST_P(EachEngine, AnEmptyListReturnsFalseAndTouchesNothing)
+{
+    m_root.Engine(m_case.sProgram, "");
+    for (const int nCount : {0, -1}) {
+        PropagationInput input = InputOf(m_case.iModel, 1);
+        input.nData = nCount;
+        EXPECT_FALSE(PropagationRun(input, m_table));
+    }
+    EXPECT_EQ(m_root.CallCount(), 0);
+    EXPECT_TRUE(m_root.Names("RUN").empty());
+    EXPECT_TRUE(m_msg.m_aShown.empty());
+}
+
+TEST_P(EachEngine, FirstFailureIsSilentAndTheSecondAttemptMayStillDo)
+{
+    m_root.Engine(m_case.sProgram, "[ $n -eq 1 ] && exit 3\ncp '"
+                                       + CapturedPath(m_case.sCaptured, ".out") + "' $out");
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_EQ(m_root.CallCount(), 2);
+    EXPECT_EQ(m_root.DeckGet(1), m_root.DeckGet(2));
+    EXPECT_TRUE(m_msg.m_aShown.empty());
+}
+
+TEST_P(EachEngine, SecondFailureIsToldInItsOwnWords)
+{
+    // The first attempt fails at the output, the second at the status: only the second is told.
+    m_root.Engine(m_case.sProgram, "[ $n -eq 2 ] && exit 1\nexit 0");
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_EQ(m_root.CallCount(), 2);
+    ASSERT_EQ(m_msg.m_aShown.size(), 1U);
+    EXPECT_EQ(m_msg.m_aShown[0].sText, m_case.sPrefix + "Shell do not finish.");
+}
+
+TEST_P(EachEngine, AFailedChunkKeepsItsCellsAndTheLastChunkDecides)
+{
+    m_root.Engine(m_case.sProgram, "grep -q 'FREQ.* 11.0' $deck || exit 1\ncp '"
+                                       + CapturedPath(m_case.sCaptured, ".out") + "' $out");
+    m_table.fSnr(5, 2) = 33.5F;
+    m_table.sLayer(5, 2) = "kept";
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 12), m_table));
+    EXPECT_EQ(m_root.CallCount(), 3);
+    ASSERT_EQ(m_msg.m_aShown.size(), 1U);
+    EXPECT_EQ(m_table.fSnr(5, 2), 33.5F);
+    EXPECT_EQ(m_table.sLayer(5, 2), "kept");
+    EXPECT_NE(m_table.fSnr(5, 11), 0.0F);
+}
+
+TEST_P(EachEngine, AFailureOfTheLastChunkIsTheResultThoughOthersWereRead)
+{
+    m_root.Engine(m_case.sProgram, "grep -q 'FREQ.* 11.0' $deck && exit 1\ncp '"
+                                       + CapturedPath(m_case.sCaptured, ".out") + "' $out");
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 12), m_table));
+    EXPECT_EQ(m_root.CallCount(), 3);
+    EXPECT_NE(m_table.fSnr(5, 2), 0.0F);
+    EXPECT_EQ(m_table.fSnr(5, 11), 0.0F);
+    ASSERT_EQ(m_msg.m_aShown.size(), 1U);
+}
+
+TEST_P(EachEngine, AStartWithoutAProcessIdIsAlwaysTold)
+{
+    m_root.Engine(m_case.sProgram, "");
+    auto fnBefore = ProcessSetHandler([](const ProcessCommand&) { return Result<int>(0); });
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    ProcessSetHandler(std::move(fnBefore));
+    ASSERT_EQ(m_msg.m_aShown.size(), 2U);  // in the silent attempt too
+    for (const MsgShown& shown : m_msg.m_aShown)
+        EXPECT_EQ(shown.sText, std::string("Unable to execute ") + m_case.sExecute + " program.");
+}
+
+TEST_P(EachEngine, CommandIsSpelledInThePackagesOwnPaths)
+{
+    m_root.Engine(m_case.sProgram, "");
+    ProcessCommand command;
+    auto fnBefore = ProcessSetHandler([&](const ProcessCommand& commandGiven) {
+        command = commandGiven;
+        return Result<int>(0);
+    });
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 1), m_table));
+    ProcessSetHandler(std::move(fnBefore));
+    const std::vector<std::string> asExpected{
+        std::string("c:\\itshfbc\\bin_win\\") + m_case.sProgram, "c:\\itshfbc", "sound.dat",
+        "sound.out"};
+    EXPECT_EQ(command.asWords, asExpected);
+    EXPECT_EQ(command.sWorkFolder, "c:\\itshfbc");
+}
+
+TEST_P(EachEngine, DeckHoldsTheYearOfTheComputersClock)
+{
+    m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
+    ClockSource source;
+    source.fnLocal = [] { return DateTime{2031, 1, 1, 0, 30, 0}; };
+    source.fnUtc = [] { return DateTime{2030, 12, 31, 23, 30, 0}; };
+    const ClockSource sourceBefore = ClockSetHandler(source);
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 1), m_table));
+    ClockSetHandler(sourceBefore);
+    EXPECT_NE(m_root.DeckGet(1).find("MONTH      2031   11\r\n"), std::string::npos);
+}
+
+TEST_P(EachEngine, AnOldOutputIsGoneWhenTheEngineStarts)
+{
+    m_root.Engine(m_case.sProgram, "test ! -e $out");
+    TempFolder folder;
+    std::filesystem::copy_file(CapturedPath(m_case.sCaptured, ".out"),
+                               m_root.Path("RUN/sound.out"));
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    ASSERT_EQ(m_msg.m_aShown.size(), 1U);
+    EXPECT_TRUE(m_msg.m_aShown[0].sText.starts_with(m_case.sPrefix + "Input"));
+    EXPECT_TRUE(m_msg.m_aShown[0].sText.ends_with(kFileNotFound));
+}
+
+TEST_P(EachEngine, ValueThatDoesNotFitFailsTheDeckAndStartsNothing)
+{
+    m_root.Engine(m_case.sProgram, "");
+    PropagationInput input = InputOf(m_case.iModel, 10);
+    input.fSunSpotNumber = 12345.0F;
+    EXPECT_FALSE(PropagationRun(input, m_table));
+    ASSERT_EQ(m_msg.m_aShown.size(), 1U);
+    EXPECT_EQ(m_msg.m_aShown[0].sText,
+              m_case.sPrefix + "Output Invalid procedure call or argument");
+    EXPECT_EQ(m_root.CallCount(), 0);
+}
+
+TEST_P(EachEngine, FirstPrintableLineThatItSaysIsKept)
+{
+    m_root.Engine(m_case.sProgram,
+                  "echo\nprintf 'STOP \\001\\377no  map \\033[1m\\n' >&2\necho more");
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_EQ(EngineSaidGet(), "STOP no  map [1m");
+    m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_EQ(EngineSaidGet(), "");
+}
+
+TEST(EngineCheckInstalled, AnUnknownModelHasNoNameAndIsNotInstalled)
+{
+    const FakeRoot root;
+    root.Engine("rec533w.exe", "");
+    MsgRecorder msg;
+    EXPECT_EQ(EngineProgramPath(4), "c:\\itshfbc\\bin_win\\");
+    EXPECT_FALSE(EngineCheckInstalled(4, true));
+    ASSERT_EQ(msg.m_aShown.size(), 1U);
+    EXPECT_EQ(msg.m_aShown[0].sText, std::string("Propagation Model ") + kNotFound);
+}
+
+TEST(PropagationRun, AnUnknownModelFailsAndRunsNothing)
+{
+    const FakeRoot root;
+    const MsgRecorder msg;
+    PropagationTable table(15);
+    for (const int iModel : {0, 4, -1, 9}) EXPECT_FALSE(PropagationRun(InputOf(iModel, 15), table));
+    EXPECT_TRUE(msg.m_aShown.empty());
+    EXPECT_TRUE(root.Names("RUN").empty());
+}
+
+TEST(PropagationRun, ATableTooNarrowFailsAtTheInput)
+{
+    const FakeRoot root;
+    root.EngineCopying("rec533w.exe", CapturedPath("rec533/p2p_01", ".out"));
+    const MsgRecorder msg;
+    PropagationTable table(9);
+    EXPECT_FALSE(PropagationRun(InputOf(kEngineRec533, 10), table));
+    ASSERT_EQ(msg.m_aShown.size(), 1U);
+    EXPECT_EQ(msg.m_aShown[0].sText, "PropagationRec533, Input Subscript out of range");
+}
+
+TEST(PropagationRun, CapturedOutputsFillTheTable)
+{
+    for (const char* sName : {"voacap/p2p_04", "rec533/p2p_04"}) {
+        const FakeRoot root;
+        const CircuitCase& c = CircuitCaseGet(sName);
+        root.EngineCopying(c.iModel == kEngineVoacap ? "voacapw.exe" : "rec533w.exe",
+                           CapturedPath(sName, ".out"));
+        PropagationTable table(static_cast<int>(c.adKilohertz.size()));
+        EXPECT_TRUE(PropagationRun(InputMake(c), table));
+        TableCompare(c, table, 1);
+    }
+}
+
+}  // namespace

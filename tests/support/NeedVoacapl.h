@@ -1,0 +1,32 @@
+/// @file NeedVoacapl.h
+/// Tests that run the real VOACAP need the packages voacapl and voacapl-data. Where they are not
+/// installed such a test is skipped with the reason; in CI that is a failure.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string_view>
+
+/// True when the packages are there.
+inline bool VoacaplIsInstalled()
+{
+    return std::filesystem::exists("/usr/bin/voacapl")
+           && std::filesystem::exists("/usr/share/voacapl/itshfbc/coeffs");
+}
+
+inline bool CiIsRunning()
+{
+    const char* pszCi = std::getenv("CI");
+    return pszCi != nullptr && std::string_view(pszCi) == "true";
+}
+
+/// First statement of such a test (or of its SetUp).
+#define NEED_VOACAPL()                                                             \
+    if (!VoacaplIsInstalled()) {                                                   \
+        if (CiIsRunning())                                                         \
+            FAIL() << "the packages voacapl and voacapl-data are not installed";   \
+        GTEST_SKIP() << "the packages voacapl and voacapl-data are not installed"; \
+    }                                                                              \
+    static_assert(true)

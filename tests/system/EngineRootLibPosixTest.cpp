@@ -1,0 +1,222 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "support/Faults.h"
+#include "support/TempFolder.h"
+#include "system/EngineRootLib.h"
+#include "system/FileLib.h"
+#include "system/PathLib.h"
+#include "system/RunErrorText.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// An empty machine: no Wine prefix, no engines, a home and a program folder of the test's own.
+class EngineRootLibPosix : public testing::Test {
+protected:
+    TempFolder m_folder;
+    EnvironmentSet m_home{"HOME", m_folder.Path()};
+    EnvironmentSet m_prefix{"WINEPREFIX", m_folder.Path() + "/wine"};
+    EnvironmentSet m_environment{"HOPCAST_ITSHFBC", std::nullopt};
+    EnvironmentSet m_data{"XDG_DATA_HOME", m_folder.Path() + "/data"};
+    const std::string m_sRoot = m_folder.Path() + "/data/hopcast/itshfbc";
+    const std::string m_sRec533 = m_sRoot + "/bin_win/rec533w.exe";
+    const std::string m_sVoacap = m_sRoot + "/bin_win/voacapw.exe";
+    const std::string m_sProgramFolder = m_folder.Path() + "/app/bin";
+    const std::string m_sSearch = m_folder.Path() + "/path";
+
+    void EnginesShip(const std::string& sContent)
+    {
+        m_folder.Write("app/bin/rec533w.exe", sContent);
+        m_folder.Write("app/bin/voacapw.exe", sContent);
+    }
+    void VoacaplInstall() { chmod(m_folder.Write("path/voacapl", "#!/bin/sh\n").c_str(), 0755); }
+    void Provision()
+    {
+        const Result<void> res = EngineRootProvisionFrom(m_sProgramFolder, m_sSearch);
+        EXPECT_TRUE(static_cast<bool>(res)) << res.TextGet();
+    }
+};
+
+TEST_F(EngineRootLibPosix, TheEnvironmentComesFirst)
+{
+    m_folder.Write("wine/drive_c/itshfbc/bin_win/icepacw.exe", "MZ");
+    const EnvironmentSet environment("HOPCAST_ITSHFBC", m_folder.Path() + "/mine/");
+    EXPECT_EQ(EngineRootGet().sFolder, m_folder.Path() + "/mine");
+    EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Environment);
+    const EnvironmentSet relative("HOPCAST_ITSHFBC", "mine");
+    EXPECT_EQ(EngineRootGet().sFolder, (fs::current_path() / "mine").string());
+    const EnvironmentSet whole("HOPCAST_ITSHFBC", "/");
+    EXPECT_EQ(EngineRootGet().sFolder, "/");
+}
+
+TEST_F(EngineRootLibPosix, AnInstalledPackageComesNext)
+{
+    m_folder.Write("wine/drive_c/itshfbc/bin_win/other.exe", "MZ");
+    EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Private) << "none of the three programs";
+    for (const char* sName : {"ITSHFBC/BIN_WIN/ICEPACW.EXE", "itshfbc/bin_win/voacapw.exe"}) {
+        const TempFolder prefix;
+        prefix.Write(std::string("drive_c/") + sName, "MZ");
+        const EnvironmentSet environment("WINEPREFIX", prefix.Path());
+        EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Installed) << sName;
+        EXPECT_EQ(EngineRootGet().sFolder,
+                  prefix.Path() + "/drive_c/" + std::string(sName).substr(0, 7));
+    }
+}
+
+TEST_F(EngineRootLibPosix, ThePrivateRootFollowsTheDataHome)
+{
+    EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Private);
+    EXPECT_EQ(EngineRootGet().sFolder, m_sRoot);
+    const EnvironmentSet data("XDG_DATA_HOME", std::nullopt);
+    EXPECT_EQ(EngineRootGet().sFolder, m_folder.Path() + "/.local/share/hopcast/itshfbc");
+}
+
+TEST_F(EngineRootLibPosix, ProvisioningMakesFoldersAndEngines)
+{
+    EnginesShip("one");
+    Provision();
+    for (const char* sFolder : {"/bin_win", "/RUN", "/areadata"})
+        EXPECT_TRUE(fs::is_directory(m_sRoot + sFolder)) << sFolder;
+    EXPECT_EQ(BytesRead(m_sRec533), "one");
+    EXPECT_FALSE(FileExists(m_sVoacap)) << "voacapl is not installed";
+    EXPECT_TRUE(EngineIsBuiltIn("rec533w.exe"));
+    EXPECT_FALSE(EngineIsBuiltIn("voacapw.exe"));
+    VoacaplInstall();
+    Provision();
+    EXPECT_EQ(BytesRead(m_sVoacap), "one");
+    EXPECT_TRUE(EngineIsBuiltIn("voacapw.exe"));
+    EXPECT_EQ(FilesList(m_sRoot + "/bin_win/*"),
+              (std::vector<std::string>{"rec533w.exe", "voacapw.exe"}));
+}
+
+TEST_F(EngineRootLibPosix, EnginesOfAPackageLieInLibexec)
+{
+    m_folder.Write("app/libexec/hopcast/rec533w.exe", "packaged");
+    Provision();
+    EXPECT_EQ(BytesRead(m_sRec533), "packaged");
+}
+
+TEST_F(EngineRootLibPosix, AnEngineOfAnOlderHopcastIsRenewed)
+{
+    EnginesShip("old");
+    Provision();
+    fs::remove_all(m_folder.Path() + "/app");  // the link dangles now
+    m_folder.Write("app2/bin/rec533w.exe", "new");
+    EXPECT_TRUE(
+        static_cast<bool>(EngineRootProvisionFrom(m_folder.Path() + "/app2/bin", m_sSearch)));
+    EXPECT_EQ(BytesRead(m_sRec533), "new");
+    EXPECT_TRUE(EngineIsBuiltIn("rec533w.exe"));
+}
+
+TEST_F(EngineRootLibPosix, ACopyOfAnOlderHopcastIsRenewed)
+{
+    EnginesShip("new");
+    m_folder.Write("data/hopcast/itshfbc/bin_win/rec533w.exe", "old");
+    m_folder.Write("data/hopcast/itshfbc/hopcast-engines.txt",
+                   "rec533w.exe copy 3 1a0fad1921d08076\n");  // FNV-1a of "old"
+    EXPECT_TRUE(EngineIsBuiltIn("rec533w.exe"));
+    Provision();
+    EXPECT_EQ(BytesRead(m_sRec533), "new");
+}
+
+TEST_F(EngineRootLibPosix, AForeignProgramIsNeverTouched)
+{
+    EnginesShip("ours");
+    VoacaplInstall();
+    const std::string sForeign =
+        m_folder.Write("data/hopcast/itshfbc/bin_win/rec533w.exe", "foreign");
+    Provision();
+    EXPECT_EQ(BytesRead(sForeign), "foreign");
+    EXPECT_FALSE(EngineIsBuiltIn("rec533w.exe"));
+    fs::remove(m_sVoacap);
+    fs::create_symlink("/somewhere/else", m_sVoacap);
+    Provision();
+    EXPECT_EQ(fs::read_symlink(m_sVoacap), "/somewhere/else");
+}
+
+TEST_F(EngineRootLibPosix, AReplacedCopyIsForeign)
+{
+    EnginesShip("ours");
+    m_folder.Write("data/hopcast/itshfbc/bin_win/rec533w.exe", "OLD");  // same size, other content
+    m_folder.Write("data/hopcast/itshfbc/hopcast-engines.txt",
+                   "rec533w.exe copy 3 1a0fad1921d08076\n");
+    Provision();
+    EXPECT_EQ(BytesRead(m_sRec533), "OLD");
+}
+
+TEST_F(EngineRootLibPosix, TheLauncherGoesWithVoacapl)
+{
+    EnginesShip("one");
+    VoacaplInstall();
+    Provision();
+    ASSERT_TRUE(FileExists(m_sVoacap));
+    fs::remove(m_folder.Path() + "/path/voacapl");
+    Provision();
+    EXPECT_FALSE(FileExists(m_sVoacap));
+    EXPECT_TRUE(FileExists(m_sRec533));
+    EXPECT_EQ(BytesRead(m_sRoot + "/hopcast-engines.txt"),
+              "rec533w.exe link " + m_sProgramFolder + "/rec533w.exe\n");
+}
+
+TEST_F(EngineRootLibPosix, AVoacaplThatCannotRunDoesNotCount)
+{
+    EnginesShip("one");
+    m_folder.Write("path/voacapl", "not executable");
+    Provision();
+    EXPECT_FALSE(FileExists(m_sVoacap));
+}
+
+TEST_F(EngineRootLibPosix, NothingIsTouchedUnderAnotherRoot)
+{
+    EnginesShip("one");
+    const std::string sProgram = m_folder.Write("wine/drive_c/itshfbc/bin_win/icepacw.exe", "MZ");
+    Provision();
+    EXPECT_FALSE(fs::exists(m_folder.Path() + "/data"));
+    const EnvironmentSet environment("HOPCAST_ITSHFBC", m_folder.Path() + "/mine");
+    Provision();
+    EXPECT_FALSE(fs::exists(m_folder.Path() + "/mine"));
+    EXPECT_FALSE(fs::exists(m_folder.Path() + "/data"));
+    EXPECT_EQ(FilesList("c:\\itshfbc\\*"), std::vector<std::string>());
+    EXPECT_TRUE(FileExists(sProgram));
+}
+
+TEST_F(EngineRootLibPosix, ASecondProvisioningChangesNothing)
+{
+    EnginesShip("one");
+    Provision();
+    const auto timeBefore = fs::last_write_time(m_sRoot + "/hopcast-engines.txt");
+    const auto timeFolder = fs::last_write_time(m_sRoot + "/bin_win");
+    Provision();
+    EXPECT_EQ(fs::last_write_time(m_sRoot + "/hopcast-engines.txt"), timeBefore);
+    EXPECT_EQ(fs::last_write_time(m_sRoot + "/bin_win"), timeFolder);
+}
+
+TEST_F(EngineRootLibPosix, ARootThatCannotBeMadeIsToldAbout)
+{
+    m_folder.Write("data/hopcast", "a file where the folder should be");
+    EXPECT_EQ(EngineRootProvisionFrom(m_sProgramFolder, m_sSearch).TextGet(), kPathFileAccessError);
+    AsUnprivileged([&] {
+        const EnvironmentSet data("XDG_DATA_HOME", "/usr/hopcast-test");
+        EXPECT_EQ(EngineRootProvisionFrom(m_sProgramFolder, m_sSearch).TextGet(),
+                  kPermissionDenied);
+    });
+}
+
+TEST_F(EngineRootLibPosix, ABrokenManifestOwnsNothing)
+{
+    EnginesShip("ours");
+    m_folder.Write("data/hopcast/itshfbc/bin_win/rec533w.exe", "foreign");
+    m_folder.Write("data/hopcast/itshfbc/hopcast-engines.txt",
+                   std::string("rec533w.exe\nrec533w.exe \n\0\xFF rec533w.exe copy\n", 45));
+    Provision();
+    EXPECT_EQ(BytesRead(m_sRec533), "foreign");
+}
+
+}  // namespace

@@ -1,0 +1,169 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "support/TempFolder.h"
+#include "system/FileLib.h"
+#include "system/LockLib.h"
+#include "system/RunErrorText.h"
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "support/Faults.h"
+#endif
+
+namespace {
+
+double SecondsSince(std::chrono::steady_clock::time_point timeStart)
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - timeStart).count();
+}
+
+TEST(FileLock, KeepsASecondHolderOutAndLeavesNoFile)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Path() + "/hopcast.lock";
+    {
+        const auto resLock = FileLock::Take(sFile, 0.0);
+        ASSERT_TRUE(static_cast<bool>(resLock)) << resLock.TextGet();
+        EXPECT_TRUE(FileExists(sFile));
+        const auto timeStart = std::chrono::steady_clock::now();
+        EXPECT_EQ(FileLock::Take(sFile, 0.1).TextGet(), kPermissionDenied);
+        EXPECT_GE(SecondsSince(timeStart), 0.1);
+        EXPECT_LT(SecondsSince(timeStart), 2.0);
+        EXPECT_TRUE(FileExists(sFile));
+    }
+    EXPECT_FALSE(FileExists(sFile));
+    EXPECT_TRUE(static_cast<bool>(FileLock::Take(sFile, 0.0)));
+    EXPECT_FALSE(FileExists(sFile));
+}
+
+TEST(FileLock, AFileLeftByAKilledProgramIsNoObstacle)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Write("hopcast.lock", "");
+    EXPECT_TRUE(static_cast<bool>(FileLock::Take(sFile, 0.0)));
+    EXPECT_FALSE(FileExists(sFile));
+}
+
+TEST(FileLock, TheWaitEndsWithTheHolder)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Path() + "/hopcast.lock";
+    auto resHeld = FileLock::Take(sFile, 0.0);
+    ASSERT_TRUE(static_cast<bool>(resHeld));
+    std::optional<FileLock> held(std::move(resHeld.ValueGet()));
+    std::thread threadHolder([&held] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        held.reset();
+    });
+    const auto timeStart = std::chrono::steady_clock::now();
+    EXPECT_TRUE(static_cast<bool>(FileLock::Take(sFile, 5.0)));
+    EXPECT_LT(SecondsSince(timeStart), 2.0);
+    threadHolder.join();
+}
+
+TEST(FileLock, MovesWithItsHolder)
+{
+    const TempFolder folder;
+    auto resOne = FileLock::Take(folder.Path() + "/one", 0.0);
+    auto resTwo = FileLock::Take(folder.Path() + "/two", 0.0);
+    ASSERT_TRUE(resOne && resTwo);
+    resOne.ValueGet() = std::move(resTwo.ValueGet());
+    EXPECT_FALSE(FileExists(folder.Path() + "/one")) << "the lock held before is released";
+    EXPECT_TRUE(FileExists(folder.Path() + "/two"));
+}
+
+TEST(FileLock, TellsAMissingFolder)
+{
+    const TempFolder folder;
+    EXPECT_EQ(FileLock::Take(folder.Path() + "/none/hopcast.lock", 5.0).TextGet(), kPathNotFound);
+}
+
+#ifndef _WIN32
+
+TEST(FileLock, WantOfRightsIsNotWaitedFor)
+{
+    const TempFolder folder;
+    chmod(folder.Path().c_str(), 0555);
+    AsUnprivileged([&] {
+        const auto timeStart = std::chrono::steady_clock::now();
+        EXPECT_EQ(FileLock::Take(folder.Path() + "/hopcast.lock", 5.0).TextGet(),
+                  kPermissionDenied);
+        EXPECT_LT(SecondsSince(timeStart), 1.0);
+    });
+    chmod(folder.Path().c_str(), 0755);
+}
+
+TEST(FileLock, AKilledHolderLetsGo)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Path() + "/hopcast.lock";
+    const pid_t nId = fork();
+    ASSERT_GE(nId, 0);
+    if (nId == 0) {
+        const auto resLock = FileLock::Take(sFile, 0.0);
+        folder.Write("ready", resLock ? "1" : "0");
+        pause();
+    }
+    while (!FileExists(folder.Path() + "/ready"))
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    EXPECT_EQ(FileLock::Take(sFile, 0.0).TextGet(), kPermissionDenied);
+    kill(nId, SIGKILL);
+    waitpid(nId, nullptr, 0);
+    EXPECT_TRUE(static_cast<bool>(FileLock::Take(sFile, 1.0)));
+    EXPECT_FALSE(FileExists(sFile));
+}
+
+/// Raises a number in a file by one while the lock is held, again and again.
+int CounterRaise(const std::string& sFolder, int nTimes)
+{
+    for (int i = 0; i < nTimes; ++i) {
+        const auto resLock = FileLock::Take(sFolder + "/hopcast.lock", 30.0);
+        if (!resLock)
+            return 1;
+        const auto resText = FileRead(sFolder + "/counter", 100);
+        auto resFile = OutputFile::Open(sFolder + "/counter");
+        if (!resText || !resFile
+            || !resFile.ValueGet().Write(std::to_string(std::stoi(resText.ValueGet()) + 1))
+            || !resFile.ValueGet().Close())
+            return 1;
+    }
+    return 0;
+}
+
+TEST(FileLock, OfManyTakersOnlyOneHoldsIt)
+{
+    constexpr int kTakers = 4;
+    constexpr int kTimes = 50;
+    const TempFolder folder;
+    folder.Write("counter", "0");
+    std::vector<pid_t> anIds;
+    for (int i = 0; i < kTakers; ++i) {
+        anIds.push_back(fork());
+        ASSERT_GE(anIds.back(), 0);
+        if (anIds.back() == 0)
+            _exit(CounterRaise(folder.Path(), kTimes));
+    }
+    for (const pid_t nId : anIds) {
+        int nStatus = 1;
+        waitpid(nId, &nStatus, 0);
+        EXPECT_EQ(nStatus, 0);
+    }
+    EXPECT_EQ(BytesRead(folder.Path() + "/counter"), std::to_string(kTakers * kTimes));
+    EXPECT_FALSE(FileExists(folder.Path() + "/hopcast.lock"));
+}
+
+#endif
+
+}  // namespace

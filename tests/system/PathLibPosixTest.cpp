@@ -1,0 +1,164 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <string>
+
+#include "support/Faults.h"
+#include "support/TempFolder.h"
+#include "system/FileLib.h"
+#include "system/PathLib.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A Wine prefix, an engine root and a home of the test's own.
+class PathLibPosix : public testing::Test {
+protected:
+    TempFolder m_folder;
+    EnvironmentSet m_home{"HOME", m_folder.Path()};
+    EnvironmentSet m_prefix{"WINEPREFIX", m_folder.Path() + "/wine"};
+    EnvironmentSet m_root{"HOPCAST_ITSHFBC", m_folder.Path() + "/root"};
+    EnvironmentSet m_config{"XDG_CONFIG_HOME", std::nullopt};
+    const std::string m_sRoot = m_folder.Path() + "/root";
+    const std::string m_sDriveC = m_folder.Path() + "/wine/drive_c";
+};
+
+TEST_F(PathLibPosix, OnlyADriveMakesAWindowsPath)
+{
+    EXPECT_TRUE(PathHasDrive("c:\\itshfbc"));
+    EXPECT_TRUE(PathHasDrive("Z:/tmp"));
+    EXPECT_TRUE(PathHasDrive("d:"));
+    EXPECT_FALSE(PathHasDrive("sound.dat"));
+    EXPECT_FALSE(PathHasDrive("/tmp/c:\\x"));
+    EXPECT_FALSE(PathHasDrive("1:\\x"));
+    EXPECT_FALSE(PathHasDrive("c:x"));
+    EXPECT_FALSE(PathHasDrive(""));
+    EXPECT_EQ(PathToHost("sound.dat"), "sound.dat");
+    EXPECT_EQ(PathToHost("/etc/hosts"), "/etc/hosts");
+    EXPECT_EQ(PathToHost(""), "");
+}
+
+TEST_F(PathLibPosix, TheEngineRootIsMappedInEverySpelling)
+{
+    EXPECT_EQ(PathToHost("c:\\itshfbc"), m_sRoot);
+    EXPECT_EQ(PathToHost("C:/ITSHFBC"), m_sRoot);
+    EXPECT_EQ(PathToHost("c:\\itshfbc\\RUN\\sound.dat"), m_sRoot + "/RUN/sound.dat");
+    EXPECT_EQ(PathToHost("c:\\itshfbc\\bin_win\\"), m_sRoot + "/bin_win/");
+    EXPECT_TRUE(PathIsEngineRoot("C:\\Itshfbc\\RUN"));
+    EXPECT_FALSE(PathIsEngineRoot("c:\\itshfbc2"));
+    EXPECT_FALSE(PathIsEngineRoot("d:\\itshfbc"));
+    EXPECT_FALSE(PathIsEngineRoot("c:"));
+    EXPECT_EQ(PathToHost("c:\\itshfbc2\\x"), m_sDriveC + "/itshfbc2/x");
+}
+
+TEST_F(PathLibPosix, AComponentIsFoundWithoutRegardToCase)
+{
+    m_folder.Write("root/run/Sound.DAT", "");
+    EXPECT_EQ(PathToHost("c:\\itshfbc\\RUN\\sound.dat"), m_sRoot + "/run/Sound.DAT");
+    EXPECT_EQ(PathToHost("c:\\itshfbc\\RUN\\new.dat"), m_sRoot + "/run/new.dat");
+    EXPECT_EQ(PathToHost("c:\\itshfbc\\AREADATA\\new.dat"), m_sRoot + "/AREADATA/new.dat");
+    m_folder.Write("root/RUN/sound.dat", "");
+    EXPECT_EQ(PathToHost("c:\\itshfbc\\RUN\\sound.dat"), m_sRoot + "/RUN/sound.dat")
+        << "the spelling itself comes first";
+}
+
+TEST_F(PathLibPosix, OtherPathsOfDriveCLieInTheWinePrefix)
+{
+    m_folder.Write("wine/drive_c/Program Files/AirMail/Airmail.ini", "");
+    EXPECT_EQ(PathToHost("C:\\PROGRAM FILES\\Airmail\\AIRMAIL.INI"),
+              m_sDriveC + "/Program Files/AirMail/Airmail.ini");
+    EXPECT_TRUE(FileExists("C:\\Program Files\\AirMail\\airmail.ini"));
+}
+
+TEST_F(PathLibPosix, OtherDrivesFollowThePrefix)
+{
+    m_folder.Write("wine/dosdevices/d:/Data/x.ini", "");
+    EXPECT_EQ(PathToHost("D:\\data\\X.INI"), m_folder.Path() + "/wine/dosdevices/d:/Data/x.ini");
+    EXPECT_EQ(PathToHost("z:" + m_folder.Path() + "/a"), m_folder.Path() + "/a");
+    EXPECT_EQ(PathToHost("Z:\\"), "/");
+    EXPECT_EQ(PathToHost("Z:"), "/");
+}
+
+TEST_F(PathLibPosix, TheWinePrefixHasADefault)
+{
+    EXPECT_EQ(WinePrefixGet(), m_folder.Path() + "/wine");
+    const EnvironmentSet slash("WINEPREFIX", m_folder.Path() + "/other/");
+    EXPECT_EQ(WinePrefixGet(), m_folder.Path() + "/other");
+    const EnvironmentSet none("WINEPREFIX", std::nullopt);
+    EXPECT_EQ(WinePrefixGet(), m_folder.Path() + "/.wine");
+}
+
+TEST_F(PathLibPosix, HostPathsHaveWindowsNames)
+{
+    EXPECT_EQ(PathToWindows("/tmp/root/RUN"), "Z:\\tmp\\root\\RUN");
+    EXPECT_EQ(PathToWindows(m_sDriveC + "/itshfbc"), "C:\\itshfbc");
+    EXPECT_EQ(PathToWindows(m_sDriveC), "C:\\");
+    EXPECT_EQ(PathToWindows(m_sDriveC + "2/x").substr(0, 3), "Z:\\");
+    EXPECT_EQ(PathToWindows(m_folder.Path() + "/wine/dosdevices/d:/x"), "D:\\x");
+    EXPECT_EQ(PathToWindows("sound.dat"), "sound.dat");
+}
+
+TEST_F(PathLibPosix, JoinsWithoutDoublingTheSeparator)
+{
+    EXPECT_EQ(PathJoin("/a", "b"), "/a/b");
+    EXPECT_EQ(PathJoin("/a/", "b"), "/a/b");
+    EXPECT_EQ(PathJoin("", "b"), "b");
+    EXPECT_EQ(PathJoin("/", "b"), "/b");
+}
+
+TEST_F(PathLibPosix, KnowsItsOwnProgram)
+{
+    EXPECT_TRUE(FileExists(ProgramFileGet()));
+    EXPECT_EQ(ProgramFolderGet() + "/SystemTest", ProgramFileGet());
+}
+
+TEST_F(PathLibPosix, TheProfileLiesBesideTheProgram)
+{
+    EXPECT_EQ(ProfileFileFor(m_folder.Path() + "/hopcast"), m_folder.Path() + "/hopcast.ini");
+    EXPECT_EQ(ProfileFileFor(m_folder.Path() + "/Hopcast.EXE"), m_folder.Path() + "/Hopcast.ini");
+    EXPECT_EQ(ProfileFileFor(m_folder.Path() + "/hopcast-0.1"),
+              m_folder.Path() + "/hopcast-0.1.ini");
+}
+
+TEST_F(PathLibPosix, APackagedProgramsProfileIsTheUsers)
+{
+    EXPECT_EQ(ProfileFileFor("/usr/bin/hopcast"), m_folder.Path() + "/.config/hopcast/hopcast.ini");
+    EXPECT_TRUE(fs::is_directory(m_folder.Path() + "/.config/hopcast"));
+    const EnvironmentSet config("XDG_CONFIG_HOME", m_folder.Path() + "/config");
+    EXPECT_EQ(ProfileFileFor("/usr/local/bin/hopcast"),
+              m_folder.Path() + "/config/hopcast/hopcast.ini");
+    const EnvironmentSet relative("XDG_CONFIG_HOME", "config");
+    EXPECT_EQ(ProfileFileFor("/usr/bin/hopcast"), m_folder.Path() + "/.config/hopcast/hopcast.ini")
+        << "only an absolute folder counts";
+}
+
+TEST_F(PathLibPosix, TheFirstUseCopiesTheShippedProfileOnce)
+{
+    const std::string sProgram = m_folder.Path("program/hopcast");
+    m_folder.Write("program/hopcast.ini", "shipped");
+    fs::permissions(m_folder.Path() + "/program", fs::perms::owner_read | fs::perms::owner_exec);
+    const std::string sProfile = ProfileFileFor(sProgram);
+    EXPECT_EQ(sProfile, m_folder.Path() + "/.config/hopcast/hopcast.ini");
+    EXPECT_EQ(BytesRead(sProfile), "shipped");
+    m_folder.Write(".config/hopcast/hopcast.ini", "the user's");
+    EXPECT_EQ(ProfileFileFor(sProgram), sProfile);
+    EXPECT_EQ(BytesRead(sProfile), "the user's");
+    fs::permissions(m_folder.Path() + "/program", fs::perms::owner_all);
+}
+
+TEST_F(PathLibPosix, AnotherUsersFolderIsNotWritable)
+{
+    const std::string sHome = m_folder.Path("home/");
+    chmod(sHome.c_str(), 0777);
+    const std::string sProgram = m_folder.Path("program/hopcast");
+    chmod((m_folder.Path() + "/program").c_str(), 0555);
+    AsUnprivileged([&] {
+        const EnvironmentSet home("HOME", m_folder.Path() + "/home");
+        EXPECT_EQ(ProfileFileFor(sProgram), m_folder.Path() + "/home/.config/hopcast/hopcast.ini");
+    });
+    chmod((m_folder.Path() + "/program").c_str(), 0755);
+}
+
+}  // namespace

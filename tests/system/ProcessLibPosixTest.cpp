@@ -1,0 +1,344 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "support/Faults.h"
+#include "support/TempFolder.h"
+#include "system/FileLib.h"
+#include "system/ProcessLib.h"
+#include "system/RunErrorText.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double SecondsSince(Clock::time_point timeStart)
+{
+    return std::chrono::duration<double>(Clock::now() - timeStart).count();
+}
+
+/// True when fnTrue answers so within two seconds.
+template <class Fn>
+bool Soon(Fn fnTrue)
+{
+    for (const auto timeStart = Clock::now(); SecondsSince(timeStart) < 2.0;) {
+        if (fnTrue())
+            return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    return false;
+}
+
+/// True when the process is there and has not ended. (An ended one may wait for its parent's
+/// notice.)
+bool IsAlive(const std::string& sId)
+{
+    std::ifstream stmStat("/proc/" + sId + "/stat");
+    std::string sLine;
+    std::getline(stmStat, sLine);
+    const std::size_t nName = sLine.rfind(") ");
+    return nName != std::string::npos && sLine[nName + 2] != 'Z' && sLine[nName + 2] != 'X';
+}
+
+class ProcessLibPosix : public testing::Test {
+protected:
+    TempFolder m_folder;
+    const std::string m_sOutput = m_folder.Path() + "/console.txt";
+
+    std::string ScriptWrite(const std::string& sName, const std::string& sLines)
+    {
+        std::string sFile = m_folder.Write(sName, "#!/bin/sh\n" + sLines);
+        chmod(sFile.c_str(), 0755);
+        return sFile;
+    }
+    int Start(const std::string& sLines, const std::vector<std::string>& asArguments = {})
+    {
+        ProcessCommand command{{ScriptWrite("engine.exe", sLines)}, m_folder.Path(), m_sOutput};
+        command.asWords.insert(command.asWords.end(), asArguments.begin(), asArguments.end());
+        const Result<int> resId = ProcessStart(command);
+        EXPECT_TRUE(static_cast<bool>(resId)) << resId.TextGet();
+        return resId ? resId.ValueGet() : 0;
+    }
+    std::string StartErrorGet(const std::string& sProgram, const std::string& sWorkFolder = {})
+    {
+        const Result<int> resId = ProcessStart({{sProgram}, sWorkFolder, m_sOutput});
+        if (resId)
+            (void)ProcessWait(resId.ValueGet(), 5.0);
+        return resId.TextGet();
+    }
+    /// What the program writes into sName below the folder, as soon as it is there.
+    std::string NoteAwait(const std::string& sName)
+    {
+        const std::string sFile = m_folder.Path() + "/" + sName;
+        EXPECT_TRUE(Soon([&] { return FileExists(sFile) && !BytesRead(sFile).empty(); }));
+        std::string sNote = FileExists(sFile) ? BytesRead(sFile) : "";
+        return sNote.substr(0, sNote.find('\n'));
+    }
+};
+
+TEST_F(ProcessLibPosix, OnlyExitCodeZeroIsSuccess)
+{
+    EXPECT_TRUE(ProcessWait(Start("exit 0"), 5.0));
+    EXPECT_FALSE(ProcessWait(Start("exit 1"), 5.0));
+    EXPECT_FALSE(ProcessWait(Start("exit 255"), 5.0));
+    EXPECT_FALSE(ProcessWait(Start("kill -9 $$"), 5.0));
+}
+
+TEST_F(ProcessLibPosix, WordsReachTheProgramWithoutAShell)
+{
+    EXPECT_TRUE(ProcessWait(
+        Start("printf '%s|' \"$@\"; echo err >&2", {"a b", "$HOME", "*", "", "\"'"}), 5.0));
+    EXPECT_EQ(BytesRead(m_sOutput), "a b|$HOME|*||\"'|err\n");
+}
+
+TEST_F(ProcessLibPosix, WindowsPathsAreMappedForANativeProgram)
+{
+    const EnvironmentSet root("HOPCAST_ITSHFBC", m_folder.Path());
+    ScriptWrite("bin_win/rec533w.exe", "pwd; printf '%s\\n' \"$@\"");
+    const ProcessCommand command{{"c:\\itshfbc\\bin_win\\rec533w.exe", "c:\\itshfbc", "sound.dat"},
+                                 "c:\\itshfbc",
+                                 "c:\\itshfbc\\console.txt"};
+    const Result<int> resId = ProcessStart(command);
+    ASSERT_TRUE(static_cast<bool>(resId)) << resId.TextGet();
+    EXPECT_TRUE(ProcessWait(resId.ValueGet(), 5.0));
+    EXPECT_EQ(BytesRead(m_sOutput), m_folder.Path() + "\n" + m_folder.Path() + "\nsound.dat\n");
+}
+
+TEST_F(ProcessLibPosix, AWindowsProgramRunsThroughWine)
+{
+    ScriptWrite("path/wine", "printf '%s\\n' \"$@\"");
+    const EnvironmentSet path("PATH", m_folder.Path() + "/path");
+    const EnvironmentSet prefix("WINEPREFIX", m_folder.Path() + "/wine");
+    ProcessCommand command{
+        {"c:\\itshfbc\\bin_win\\icepacw.exe", "c:\\itshfbc", "sound.dat"}, "", m_sOutput};
+    {
+        const EnvironmentSet root("HOPCAST_ITSHFBC", m_folder.Path() + "/mine");
+        m_folder.Write("mine/bin_win/icepacw.exe", "MZ");
+        const Result<int> resId = ProcessStart(command);
+        ASSERT_TRUE(static_cast<bool>(resId)) << resId.TextGet();
+        EXPECT_TRUE(ProcessWait(resId.ValueGet(), 5.0));
+        std::string sRoot = "Z:" + m_folder.Path() + "/mine";
+        std::replace(sRoot.begin(), sRoot.end(), '/', '\\');
+        EXPECT_EQ(BytesRead(m_sOutput),
+                  sRoot + "\\bin_win\\icepacw.exe\n" + sRoot + "\nsound.dat\n");
+    }
+    const EnvironmentSet root("HOPCAST_ITSHFBC", std::nullopt);
+    m_folder.Write("wine/drive_c/itshfbc/bin_win/icepacw.exe", "MZ");
+    const Result<int> resId = ProcessStart(command);
+    ASSERT_TRUE(static_cast<bool>(resId)) << resId.TextGet();
+    EXPECT_TRUE(ProcessWait(resId.ValueGet(), 5.0));
+    EXPECT_EQ(BytesRead(m_sOutput), "c:\\itshfbc\\bin_win\\icepacw.exe\nc:\\itshfbc\nsound.dat\n")
+        << "the installed package gets its own names";
+}
+
+TEST_F(ProcessLibPosix, AWindowsProgramWithoutWineIsNotFound)
+{
+    const std::string sProgram = m_folder.Write("icepacw.exe", "MZ");
+    const EnvironmentSet path("PATH", m_folder.Path() + "/none");
+    EXPECT_EQ(StartErrorGet(sProgram), "File not found (wine, which runs Windows programs)");
+}
+
+TEST_F(ProcessLibPosix, ABareNameIsSoughtOnTheSearchPath)
+{
+    ScriptWrite("path/hopcast-test-tool", "echo found");
+    const EnvironmentSet path("PATH", "/none:" + m_folder.Path() + "/path");
+    EXPECT_EQ(StartErrorGet("hopcast-test-tool"), "");
+    EXPECT_EQ(BytesRead(m_sOutput), "found\n");
+    EXPECT_EQ(StartErrorGet("hopcast-test-none"), kFileNotFound);
+}
+
+TEST_F(ProcessLibPosix, StartErrorsAreToldApart)
+{
+    EXPECT_EQ(ProcessStart({}).TextGet(), kFileNotFound);
+    EXPECT_EQ(StartErrorGet(m_folder.Path() + "/none.exe"), kFileNotFound);
+    EXPECT_EQ(StartErrorGet(m_folder.Path() + "/none/none.exe"), kFileNotFound);
+    EXPECT_EQ(StartErrorGet(m_folder.Write("plain.exe", "#!/bin/sh\n")), kPermissionDenied);
+    EXPECT_EQ(StartErrorGet(m_folder.Path()), kPermissionDenied) << "a folder";
+    const std::string sRubbish = m_folder.Write("rubbish.exe", "\x01\x02 no program at all");
+    chmod(sRubbish.c_str(), 0755);
+    EXPECT_EQ(StartErrorGet(sRubbish), kInvalidCall);
+    const std::string sEmpty = m_folder.Write("empty.exe", "");
+    chmod(sEmpty.c_str(), 0755);
+    EXPECT_EQ(StartErrorGet(sEmpty), kInvalidCall);
+    EXPECT_EQ(StartErrorGet("/bin/sh", m_folder.Path() + "/none"), kPathNotFound);
+}
+
+TEST_F(ProcessLibPosix, AUserWithoutRightsIsDenied)
+{
+    const std::string sProgram = ScriptWrite("engine.exe", "exit 0");
+    chmod(sProgram.c_str(), 0644);
+    AsUnprivileged([&] {
+        EXPECT_EQ(ProcessStart({{sProgram}, "", ""}).TextGet(), kPermissionDenied);
+    });
+}
+
+TEST_F(ProcessLibPosix, StandardInputIsEmptyAndDiscardedOutputBlocksNobody)
+{
+    const std::string sProgram =
+        ScriptWrite("engine.exe",
+                    "read x && exit 1; i=0; while [ $i -lt 5000 ]; do i=$((i+1)); "
+                    "echo 0123456789012345678901234567890123456789; done");
+    const Result<int> resId = ProcessStart({{sProgram}, "", ""});
+    ASSERT_TRUE(static_cast<bool>(resId));
+    EXPECT_TRUE(ProcessWait(resId.ValueGet(), 20.0));
+}
+
+TEST_F(ProcessLibPosix, TheOutputFileIsNewAtEachStart)
+{
+    m_folder.Write("console.txt", "a long text of an earlier run");
+    EXPECT_TRUE(ProcessWait(Start("echo new"), 5.0));
+    EXPECT_EQ(BytesRead(m_sOutput), "new\n");
+}
+
+TEST_F(ProcessLibPosix, AnEngineThatNeverEndsIsKilledAtTheLimit)
+{
+    const int nId = Start("sleep 60");
+    const auto timeStart = Clock::now();
+    EXPECT_FALSE(ProcessWait(nId, 0.3));
+    EXPECT_GE(SecondsSince(timeStart), 0.3);
+    EXPECT_LT(SecondsSince(timeStart), 2.0);
+    EXPECT_FALSE(fs::exists("/proc/" + std::to_string(nId))) << "dead and noticed";
+}
+
+TEST_F(ProcessLibPosix, AnEngineThatHoldsOffSignalsIsKilledToo)
+{
+    const int nId = Start("trap '' TERM INT HUP; echo ready > ready; while :; do sleep 1; done");
+    NoteAwait("ready");
+    EXPECT_FALSE(ProcessWait(nId, 0.1));
+    EXPECT_FALSE(fs::exists("/proc/" + std::to_string(nId)));
+}
+
+TEST_F(ProcessLibPosix, AHangingLauncherCleansUpBeforeItDies)
+{
+    const int nId =
+        Start("trap 'rm -f busy; exit 0' TERM; echo 1 > busy; while :; do sleep 0.01; done");
+    NoteAwait("busy");
+    EXPECT_FALSE(ProcessWait(nId, 0.1)) << "killed, whatever exit code it answers with";
+    EXPECT_FALSE(FileExists(m_folder.Path() + "/busy"));
+}
+
+TEST_F(ProcessLibPosix, ChildrenOfAHangingEngineAreKilledWithIt)
+{
+    const int nId = Start("sleep 60 & echo $! > child; wait");
+    const std::string sChild = NoteAwait("child");
+    EXPECT_TRUE(IsAlive(sChild));
+    EXPECT_FALSE(ProcessWait(nId, 0.1));
+    EXPECT_TRUE(Soon([&] { return !IsAlive(sChild); })) << sChild;
+}
+
+TEST_F(ProcessLibPosix, ChildrenLeftBehindAreKilledAtTheEnd)
+{
+    const int nId = Start("sleep 60 & echo $! > child; exit 0");
+    EXPECT_TRUE(ProcessWait(nId, 5.0));
+    const std::string sChild = NoteAwait("child");
+    EXPECT_TRUE(Soon([&] { return !IsAlive(sChild); })) << sChild;
+}
+
+TEST_F(ProcessLibPosix, ARunThatEndedLongAgoKeepsItsResult)
+{
+    const int nGood = Start("exit $1", {"0"});
+    const int nBad = Start("exit $1", {"3"});
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    EXPECT_TRUE(ProcessWait(nGood, 0.0));
+    EXPECT_FALSE(ProcessWait(nBad, 0.0));
+    EXPECT_FALSE(fs::exists("/proc/" + std::to_string(nGood)));
+}
+
+TEST_F(ProcessLibPosix, AnIdThatIsNoChildCountsAsFinished)
+{
+    const int nId = Start("exit 1");
+    EXPECT_FALSE(ProcessWait(nId, 5.0));
+    const auto timeStart = Clock::now();
+    EXPECT_TRUE(ProcessWait(nId, 5.0)) << "gone";
+    EXPECT_TRUE(ProcessWait(0, 5.0));
+    EXPECT_TRUE(ProcessWait(-1, 5.0));
+    EXPECT_TRUE(ProcessWait(1, 5.0));
+    EXPECT_TRUE(ProcessWait(getppid(), 5.0));
+    EXPECT_TRUE(ProcessWait(0x7FFFFFFF, 5.0));
+    EXPECT_LT(SecondsSince(timeStart), 1.0);
+    EXPECT_TRUE(IsAlive(std::to_string(getppid()))) << "and is left alone";
+}
+
+TEST_F(ProcessLibPosix, AChildOfAnotherMakerIsAwaitedAndKilledAlone)
+{
+    const pid_t nId = fork();
+    ASSERT_GE(nId, 0);
+    if (nId == 0) {
+        pause();
+        _exit(0);
+    }
+    EXPECT_FALSE(ProcessWait(nId, 0.05)) << "it shares our group, and we live on";
+    EXPECT_EQ(waitpid(nId, nullptr, 0), -1);
+}
+
+TEST_F(ProcessLibPosix, StrangeLimitsMeanNoWait)
+{
+    EXPECT_FALSE(ProcessWait(Start("sleep 60"), -1.0));
+    EXPECT_FALSE(ProcessWait(Start("sleep 60"), std::stod("nan")));
+    EXPECT_TRUE(ProcessWait(Start("exit 0"), 1e300));
+}
+
+TEST_F(ProcessLibPosix, IgnoredChildrenAreAwaitedAllTheSame)
+{
+    signal(SIGCHLD, SIG_IGN);
+    EXPECT_FALSE(ProcessWait(Start("sleep 0.1; exit 1"), 5.0));
+    signal(SIGCHLD, SIG_DFL);
+}
+
+TEST_F(ProcessLibPosix, AProgramStartsWithOrdinarySignalsAndNoOpenFiles)
+{
+    signal(SIGPIPE, SIG_IGN);
+    const int nFile = dup(1);  // inherited by an ordinary start
+    EXPECT_TRUE(ProcessWait(Start("grep SigIgn /proc/self/status; ls /proc/$$/fd > files"), 5.0));
+    close(nFile);
+    signal(SIGPIPE, SIG_DFL);
+    constexpr unsigned long long kPipeBit = 1ULL << (SIGPIPE - 1);
+    const std::string sIgnored = BytesRead(m_sOutput);
+    ASSERT_EQ(sIgnored.substr(0, 8), "SigIgn:\t");
+    EXPECT_EQ(std::stoull(sIgnored.substr(8), nullptr, 16) & kPipeBit, 0u) << sIgnored;
+    const std::string sFiles = BytesRead(m_folder.Path() + "/files");
+    EXPECT_EQ(sFiles.find(std::to_string(nFile) + "\n"), std::string::npos) << sFiles;
+}
+
+TEST_F(ProcessLibPosix, AShortRunCostsLittle)
+{
+    const std::string sProgram = fs::exists("/bin/true") ? "/bin/true" : "/usr/bin/true";
+    double dBest = 1.0;  // of several, as other programs run on this machine
+    for (int i = 0; i < 20; ++i) {
+        const auto timeStart = Clock::now();
+        const Result<int> resId = ProcessStart({{sProgram}, "", ""});
+        ASSERT_TRUE(static_cast<bool>(resId));
+        EXPECT_TRUE(ProcessWait(resId.ValueGet(), 5.0));
+        dBest = std::min(dBest, SecondsSince(timeStart));
+    }
+    RecordProperty("seconds", std::to_string(dBest));
+    EXPECT_LT(dBest, 0.02);
+}
+
+TEST_F(ProcessLibPosix, TheHandlerReplacesTheStart)
+{
+    std::vector<std::string> asSeen;
+    const ProcessStartFn fnBefore =
+        ProcessSetHandler([&](const ProcessCommand& command) -> Result<int> {
+            asSeen = command.asWords;
+            return 0;
+        });
+    EXPECT_EQ(ProcessStart({{"c:\\a.exe", "b"}, "", ""}).ValueGet(), 0);
+    ProcessSetHandler(fnBefore);
+    EXPECT_EQ(asSeen, (std::vector<std::string>{"c:\\a.exe", "b"}));
+    EXPECT_EQ(ProcessStart({{m_folder.Path() + "/none"}, "", ""}).TextGet(), kFileNotFound);
+}
+
+}  // namespace

@@ -1,0 +1,241 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "ui/common/LocationField.h"
+
+namespace {
+
+class LocationFieldShown : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_lon.KindSet(LocationKind::Longitude);
+        m_lat.show();
+        m_lon.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&m_lon));
+        FocusGive(m_lat);
+    }
+    static void FocusGive(QWidget& widget)
+    {
+        widget.activateWindow();
+        widget.setFocus();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
+        ASSERT_TRUE(widget.hasFocus());
+    }
+    /// One character is selected, always.
+    static void CaretExpect(LocationField& txt, int nCaret)
+    {
+        EXPECT_EQ(txt.CaretGet(), nCaret);
+        EXPECT_EQ(txt.selectedText().length(), 1);
+    }
+    LocationField m_lat;
+    LocationField m_lon;
+};
+
+TEST_F(LocationFieldShown, StartsWithTheEmptyForm)
+{
+    EXPECT_EQ(m_lat.text(), QStringLiteral("00 00.00 N"));
+    EXPECT_EQ(m_lon.text(), QStringLiteral("000 00.00 E"));
+}
+
+TEST_F(LocationFieldShown, TypingOvertypesAndSkipsTheDegreeSign)
+{
+    m_lat.CaretPlace(0, 1);
+    QTest::keyClicks(&m_lat, QStringLiteral("37"));
+    EXPECT_EQ(m_lat.text(), QStringLiteral("37 00.00 N"));
+    CaretExpect(m_lat, 3);
+}
+
+TEST_F(LocationFieldShown, WholePositionIsTypedDigitByDigit)
+{
+    m_lat.TextSet(QStringLiteral("00°00.00'N"));
+    m_lat.CaretPlace(0, 1);
+    QTest::keyClicks(&m_lat, QStringLiteral("384512s"));
+    EXPECT_EQ(m_lat.text(), QStringLiteral("38°45.12'S"));
+    CaretExpect(m_lat, 9);
+    m_lon.TextSet(QStringLiteral("000°00.00'E"));
+    m_lon.CaretPlace(0, 1);
+    QTest::keyClicks(&m_lon, QStringLiteral("1224512w"));
+    EXPECT_EQ(m_lon.text(), QStringLiteral("122°45.12'W"));
+    CaretExpect(m_lon, 10);
+}
+
+TEST_F(LocationFieldShown, WrongKeysChangeNothing)
+{
+    QSignalSpy spy(&m_lat, &LocationField::Edited);
+    m_lat.CaretPlace(0, 1);
+    QTest::keyClicks(&m_lat, QStringLiteral("aN-. °'"));
+    CaretExpect(m_lat, 0);
+    m_lat.CaretPlace(9, 1);
+    QTest::keyClicks(&m_lat, QStringLiteral("5eEwW"));
+    EXPECT_EQ(m_lat.text(), QStringLiteral("00 00.00 N"));
+    CaretExpect(m_lat, 9);
+    m_lon.CaretPlace(10, 1);
+    QTest::keyClicks(&m_lon, QStringLiteral("7nS"));
+    EXPECT_EQ(m_lon.text(), QStringLiteral("000 00.00 E"));
+    EXPECT_EQ(spy.count(), 0);
+}
+
+TEST_F(LocationFieldShown, HemisphereLettersAreTurnedToUpperCase)
+{
+    m_lat.CaretPlace(9, 1);
+    QTest::keyClicks(&m_lat, QStringLiteral("s"));
+    EXPECT_EQ(m_lat.text(), QStringLiteral("00 00.00 S"));
+    m_lon.CaretPlace(10, 1);
+    QTest::keyClicks(&m_lon, QStringLiteral("w"));
+    EXPECT_EQ(m_lon.text(), QStringLiteral("000 00.00 W"));
+}
+
+TEST_F(LocationFieldShown, EachAcceptedKeyIsTold)
+{
+    QSignalSpy spy(&m_lat, &LocationField::Edited);
+    m_lat.CaretPlace(0, 1);
+    QTest::keyClicks(&m_lat, QStringLiteral("0x1"));  // the first one changes no text
+    EXPECT_EQ(spy.count(), 2);
+}
+
+TEST_F(LocationFieldShown, ArrowsJumpOverSeparatorsBothWays)
+{
+    m_lat.CaretPlace(0, 1);
+    for (const int nCaret : {1, 3, 4, 6, 7, 9, 9}) {
+        QTest::keyClick(&m_lat, Qt::Key_Right);
+        CaretExpect(m_lat, nCaret);
+    }
+    for (const int nCaret : {7, 6, 4, 3, 1, 0, 0}) {
+        QTest::keyClick(&m_lat, Qt::Key_Left);
+        CaretExpect(m_lat, nCaret);
+    }
+    m_lon.CaretPlace(2, 1);
+    QTest::keyClick(&m_lon, Qt::Key_Right);
+    CaretExpect(m_lon, 4);
+}
+
+TEST_F(LocationFieldShown, UpAndDownDoNothing)
+{
+    m_lat.CaretPlace(4, 1);
+    QTest::keyClick(&m_lat, Qt::Key_Up);
+    QTest::keyClick(&m_lat, Qt::Key_Down);
+    CaretExpect(m_lat, 4);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("00 00.00 N"));
+}
+
+TEST_F(LocationFieldShown, BackspaceAndDeleteStepWithoutChangingTheText)
+{
+    QSignalSpy spy(&m_lat, &LocationField::Edited);
+    m_lat.CaretPlace(3, 1);
+    QTest::keyClick(&m_lat, Qt::Key_Backspace);
+    CaretExpect(m_lat, 1);
+    QTest::keyClick(&m_lat, Qt::Key_Delete);
+    CaretExpect(m_lat, 3);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("00 00.00 N"));
+    EXPECT_EQ(spy.count(), 0);
+}
+
+TEST_F(LocationFieldShown, HomeAndEndGoToFirstAndLast)
+{
+    QTest::keyClick(&m_lat, Qt::Key_End);
+    CaretExpect(m_lat, 9);
+    QTest::keyClick(&m_lat, Qt::Key_Home);
+    CaretExpect(m_lat, 0);
+}
+
+TEST_F(LocationFieldShown, SelectAllLeavesOneCharacterSelected)
+{
+    m_lat.CaretPlace(4, 1);
+    QTest::keySequence(&m_lat, QKeySequence::SelectAll);
+    CaretExpect(m_lat, 4);
+}
+
+TEST_F(LocationFieldShown, MouseSelectsTheCharacterUnderIt)
+{
+    QTest::mouseClick(&m_lat, Qt::LeftButton, {}, {3, m_lat.height() / 2});
+    CaretExpect(m_lat, 0);
+    QTest::mouseClick(&m_lat, Qt::LeftButton, {}, {m_lat.width() - 3, m_lat.height() / 2});
+    CaretExpect(m_lat, 9);
+    QTest::mouseDClick(&m_lat, Qt::LeftButton, {}, {3, m_lat.height() / 2});
+    CaretExpect(m_lat, 0);
+}
+
+TEST_F(LocationFieldShown, MouseDragSelectsNoMoreThanOne)
+{
+    QTest::mousePress(&m_lat, Qt::LeftButton, {}, {3, m_lat.height() / 2});
+    QMouseEvent event(QEvent::MouseMove, QPointF(m_lat.width() - 3, 5),
+                      QPointF(m_lat.mapToGlobal(QPoint(m_lat.width() - 3, 5))), Qt::NoButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&m_lat, &event);
+    CaretExpect(m_lat, 0);
+    QTest::mouseRelease(&m_lat, Qt::LeftButton, {}, {m_lat.width() - 3, 5});
+    CaretExpect(m_lat, 0);
+}
+
+TEST_F(LocationFieldShown, FocusSelectsOneCharacter)
+{
+    FocusGive(m_lon);
+    CaretExpect(m_lon, 0);
+}
+
+TEST_F(LocationFieldShown, PasteTakesOnlyAWholePosition)
+{
+    QSignalSpy spy(&m_lat, &LocationField::Edited);
+    QApplication::clipboard()->setText(QStringLiteral("38 30.0N"));
+    QTest::keySequence(&m_lat, QKeySequence::Paste);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("38°30.00'N"));
+    EXPECT_EQ(m_lat.selectedText().length(), 1);
+    EXPECT_EQ(spy.count(), 1);
+    for (const char* sText : {"122°15.00'W", "38.5 and more", "", "99"}) {
+        QApplication::clipboard()->setText(QString::fromUtf8(sText));
+        const QString sBefore = m_lat.text();
+        QTest::keySequence(&m_lat, QKeySequence::Paste);
+        EXPECT_EQ(m_lat.text(), sBefore) << sText;
+    }
+    EXPECT_EQ(spy.count(), 1);
+}
+
+TEST_F(LocationFieldShown, UndoRestoresTheTextBeforeTheLastAcceptedEdit)
+{
+    m_lat.CaretPlace(0, 1);
+    QTest::keyClicks(&m_lat, QStringLiteral("3"));
+    QTest::keyClicks(&m_lat, QStringLiteral("7"));
+    QTest::keyClicks(&m_lat, QStringLiteral("x"));  // dropped, so not an edit
+    QTest::keySequence(&m_lat, QKeySequence::Undo);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("30 00.00 N"));
+    QTest::keySequence(&m_lat, QKeySequence::Undo);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("30 00.00 N"));
+}
+
+TEST_F(LocationFieldShown, NothingIsLeftToUndoAfterTheProgramSetTheText)
+{
+    QTest::keyClicks(&m_lat, QStringLiteral("3"));
+    m_lat.TextSet(QStringLiteral("24°00.00'N"));
+    QTest::keySequence(&m_lat, QKeySequence::Undo);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("24°00.00'N"));
+}
+
+TEST_F(LocationFieldShown, CopyTakesTheWholePosition)
+{
+    m_lat.TextSet(QStringLiteral("24°00.00'N"));
+    QTest::keySequence(&m_lat, QKeySequence::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("24°00.00'N"));
+}
+
+TEST_F(LocationFieldShown, TextSetWhileFocusedKeepsTheCaret)
+{
+    m_lat.CaretPlace(4, 1);
+    m_lat.TextSet(QStringLiteral("24°00.00'N"));
+    CaretExpect(m_lat, 4);
+}
+
+TEST_F(LocationFieldShown, InputMethodGoesThroughTheMask)
+{
+    m_lat.CaretPlace(0, 1);
+    QInputMethodEvent event;
+    event.setCommitString(QStringLiteral("4x2"));
+    QApplication::sendEvent(&m_lat, &event);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("42 00.00 N"));
+}
+
+}  // namespace
