@@ -71,12 +71,20 @@ LatLon SunGetPosition(int nMonth, double dHour)
                                           196, 227, 258, 288, 319, 349};  // days of the year
     const bool bMonth = nMonth >= 1 && nMonth <= 12;
     const int nDay = kMiddle[static_cast<std::size_t>(bMonth ? nMonth - 1 : 0)];
-    // Declination: P. I. Cooper, "The absorption of radiation in solar stills", Solar Energy 12
-    // (1969). Equation of time, minutes: the two-wave formula of the solar energy textbooks.
-    const double dDeclination = 23.45 * std::sin((284 + nDay) * 360.0 / 365 * kRadian);
-    const double dB = (nDay - 81) * 360.0 / 365 * kRadian;
-    const double dMinutes = 9.87 * std::sin(2 * dB) - 7.53 * std::cos(dB) - 1.5 * std::sin(dB);
-    return {dDeclination, LonWrap((12 - dHour - dMinutes / 60) * 15)};
+    // The Astronomical Almanac, section C, "Low-precision formulas for the Sun", in the year 2025.
+    // Years differ by no more than a quarter of a degree.
+    constexpr double kDaysToYear = 9130.5;  // days from noon of 2000-01-01 to the year's day 0
+    constexpr double kObliquity = 23.439 * kRadian;
+    const double dDays = kDaysToYear + nDay;
+    const double dMean = 280.460 + 0.9856474 * dDays;
+    const double dAnomaly = (357.528 + 0.9856003 * dDays) * kRadian;
+    const double dLongitude =
+        (dMean + 1.915 * std::sin(dAnomaly) + 0.020 * std::sin(2 * dAnomaly)) * kRadian;
+    const double dDeclination = std::asin(std::sin(kObliquity) * std::sin(dLongitude));
+    const double dAscension =
+        std::atan2(std::cos(kObliquity) * std::sin(dLongitude), std::cos(dLongitude));
+    const double dEquationOfTime = dMean - dAscension / kRadian;  // degrees
+    return {dDeclination / kRadian, LonWrap((12 - dHour) * 15 - dEquationOfTime)};
 }
 
 std::vector<LatLon> NightGetLine(const LatLon& sun)

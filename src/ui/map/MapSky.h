@@ -3,8 +3,7 @@
 /// and the line between day and night.
 ///
 /// Units:   degrees; hours UT.
-/// Accuracy: the sun's place is that of the middle of the month, declination within 0.5 degrees of
-///          it and hour angle within half a degree.
+/// Accuracy: half a degree; the sun's place is that of the middle of the month.
 /// Tests:   tests/ui/map/MapSkyTest.cpp
 #pragma once
 
