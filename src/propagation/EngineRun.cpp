@@ -85,7 +85,7 @@ Result<FileLock> EngineLockTake(const AttemptTimer& timer)
 
 Result<void> OldOutputRemove(std::string_view sPath)
 {
-    const Result<void> resDeleted = FileDelete(sPath);
+    Result<void> resDeleted = FileDelete(sPath);
     if (resDeleted || !FileExists(sPath))
         return {};
     const auto resEmptied = OutputFile::Open(sPath);
@@ -119,6 +119,13 @@ bool EngineNotStarted(const Engine& engine)
 {
     return MsgFail(MsgIcon::Exclamation,
                    "Unable to execute " + std::string(engine.sExecuteName) + " program.");
+}
+
+Result<OutputFile> DeckOpen(std::string_view sPath)
+{
+    // A new file costs a fraction of an emptied one: file systems write the latter out at once.
+    (void)FileDelete(sPath);
+    return OutputFile::Open(sPath);
 }
 
 Result<void> DeckWrite(OutputFile& file, const Result<std::string>& resDeck)

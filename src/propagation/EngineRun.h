@@ -42,5 +42,8 @@ bool EngineWait(int nProcessId, const AttemptTimer& timer);
 /// "Unable to execute ... program.", always shown. @return false
 bool EngineNotStarted(const Engine& engine);
 
-/// Writes a deck into an opened file.
+/// Opens a deck for output in the place of an old one.
+Result<OutputFile> DeckOpen(std::string_view sPath);
+
+/// Writes a deck into an opened file and closes it.
 Result<void> DeckWrite(OutputFile& file, const Result<std::string>& resDeck);

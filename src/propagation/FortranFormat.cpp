@@ -13,10 +13,10 @@ namespace {
 template <class T>
 Result<std::string> FieldMake(T value, std::string_view sFormat)
 {
-    const auto itSpec =
-        std::find_if(kFortranSpecs.begin(), kFortranSpecs.end(),
-                     [&](const FortranSpec& spec) { return spec.sFormat == sFormat; });
-    if (itSpec == kFortranSpecs.end()) {
+    const auto itEntry =
+        std::find_if(kFortranFormats.begin(), kFortranFormats.end(),
+                     [&](const FortranEntry& entry) { return entry.sFormat == sFormat; });
+    if (itEntry == kFortranFormats.end()) {
         MsgBox(MsgIcon::Exclamation, "FortranFormat, Unknown format " + std::string(sFormat));
         return std::string();
     }
@@ -24,8 +24,8 @@ Result<std::string> FieldMake(T value, std::string_view sFormat)
         return RunError{kInvalidCall};
     // An exact 0 in the position field keeps its digit: the engines' own decks print 0.00 there.
     const bool bZeroPosition = sFormat == "F6.2" && value == T{0};
-    std::string sText = bZeroPosition ? "0.00" : NumberFormat(value, itSpec->sPattern);
-    const auto nWidth = static_cast<std::size_t>(itSpec->nWidth);
+    std::string sText = bZeroPosition ? "0.00" : NumberFormat(value, itEntry->sPattern);
+    const auto nWidth = static_cast<std::size_t>(itEntry->nWidth);
     if (sText.size() > nWidth)
         return RunError{kInvalidCall};
     sText.insert(0, nWidth - sText.size(), ' ');

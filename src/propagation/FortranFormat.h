@@ -14,27 +14,27 @@
 
 #include "system/Result.h"
 
-struct FortranSpec {
+struct FortranEntry {
     std::string_view sFormat;
     std::string_view sPattern;  ///< of NumberFormat
     int nWidth;                 ///< columns
 };
 
-inline constexpr std::array kFortranSpecs{
-    FortranSpec{"I5", "0", 5},       FortranSpec{"I7", "0", 7},
-    FortranSpec{"I10", "0", 10},     FortranSpec{"F5.0", "0.", 5},
-    FortranSpec{"F5.1", ".0", 5},    FortranSpec{"F5.2", ".00", 5},
-    FortranSpec{"F6.2", ".00", 6},   FortranSpec{"F7.1", ".0", 7},
-    FortranSpec{"F7.2", ".00", 7},   FortranSpec{"F7.3", ".000", 7},
-    FortranSpec{"F10.2", ".00", 10}, FortranSpec{"F10.3", ".000", 10},
+inline constexpr std::array kFortranFormats{
+    FortranEntry{"I5", "0", 5},       FortranEntry{"I7", "0", 7},
+    FortranEntry{"I10", "0", 10},     FortranEntry{"F5.0", "0.", 5},
+    FortranEntry{"F5.1", ".0", 5},    FortranEntry{"F5.2", ".00", 5},
+    FortranEntry{"F6.2", ".00", 6},   FortranEntry{"F7.1", ".0", 7},
+    FortranEntry{"F7.2", ".00", 7},   FortranEntry{"F7.3", ".000", 7},
+    FortranEntry{"F10.2", ".00", 10}, FortranEntry{"F10.3", ".000", 10},
 };
 
 /// Width of a format; 0 when there is no such format.
 constexpr int FortranWidth(std::string_view sFormat)
 {
-    for (const FortranSpec& spec : kFortranSpecs)
-        if (spec.sFormat == sFormat)
-            return spec.nWidth;
+    for (const FortranEntry& entry : kFortranFormats)
+        if (entry.sFormat == sFormat)
+            return entry.nWidth;
     return 0;
 }
 

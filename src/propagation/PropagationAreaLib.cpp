@@ -31,7 +31,7 @@ std::string AreaPath(std::string_view sName)
 
 Result<void> AreaDeckWrite(const PropagationAreaInput& input, const std::string& sPath)
 {
-    auto resFile = OutputFile::Open(sPath);
+    auto resFile = DeckOpen(sPath);
     if (!resFile)
         return resFile.ErrorGet();
     return DeckWrite(resFile.ValueGet(), DeckArea(input));
@@ -138,7 +138,7 @@ Result<bool> PropagationAreaReadPoint(AreaFile& file, int& iIndex1, int& iIndex2
         if (auto resHead = file.HeadRead(); !resHead)
             return resHead.ErrorGet();
     std::string sLine;
-    const Result<bool> resRead = file.m_file->LineRead(sLine);
+    Result<bool> resRead = file.m_file->LineRead(sLine);
     if (!resRead || !resRead.ValueGet()) {
         file.m_lock.reset();
         return resRead;

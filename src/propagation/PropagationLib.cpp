@@ -32,11 +32,11 @@ constexpr RunTexts kRec533Texts{"PropagationRec533, Open ", "PropagationRec533, 
                                 "PropagationRec533, Shell do not finish."};
 
 struct RunTask {
-    const PropagationInput& input;
+    const PropagationInput& m_input;
     int iFirst;
     int iLast;
     bool bShowError;
-    PropagationTable& table;
+    PropagationTable& m_table;
 };
 
 bool Fail(const RunTask& task, std::string_view sStage, const std::string& sError = {})
@@ -49,9 +49,9 @@ bool Fail(const RunTask& task, std::string_view sStage, const std::string& sErro
 Result<std::string> DeckMake(const RunTask& task)
 {
     const int nYear = LocalNow().nYear;
-    if (task.input.iModel == kEngineRec533)
-        return DeckRec533(task.input, task.iFirst, task.iLast, nYear);
-    return DeckIcepacVoacap(task.input, task.iFirst, task.iLast, nYear);
+    if (task.m_input.iModel == kEngineRec533)
+        return DeckRec533(task.m_input, task.iFirst, task.iLast, nYear);
+    return DeckIcepacVoacap(task.m_input, task.iFirst, task.iLast, nYear);
 }
 
 Result<void> OutputRead(const RunTask& task)
@@ -59,21 +59,22 @@ Result<void> OutputRead(const RunTask& task)
     auto resFile = TextFile::Open(kSoundOutput);
     if (!resFile)
         return resFile.ErrorGet();
-    if (task.input.iModel == kEngineRec533)
-        return ReaderRec533(resFile.ValueGet(), task.input, task.iFirst, task.iLast, task.table);
-    return ReaderIcepacVoacap(resFile.ValueGet(), task.iFirst, task.iLast, task.table);
+    if (task.m_input.iModel == kEngineRec533)
+        return ReaderRec533(resFile.ValueGet(), task.m_input, task.iFirst, task.iLast,
+                            task.m_table);
+    return ReaderIcepacVoacap(resFile.ValueGet(), task.iFirst, task.iLast, task.m_table);
 }
 
 bool ChunkRun(const RunTask& task, const RunTexts& texts)
 {
-    const Engine* pEngine = EngineFind(task.input.iModel);
-    if (!EngineCheckInstalled(task.input.iModel, task.bShowError) || pEngine == nullptr)
+    const Engine* pEngine = EngineFind(task.m_input.iModel);
+    if (!EngineCheckInstalled(task.m_input.iModel, task.bShowError) || pEngine == nullptr)
         return false;
     const AttemptTimer timer;
     const auto resLock = EngineLockTake(timer);
     if (!resLock)
         return Fail(task, texts.sOpen, resLock.TextGet());
-    auto resDeckFile = OutputFile::Open(kSoundDeck);
+    auto resDeckFile = DeckOpen(kSoundDeck);
     if (!resDeckFile)
         return Fail(task, texts.sOpen, resDeckFile.TextGet());
     if (auto resWritten = DeckWrite(resDeckFile.ValueGet(), DeckMake(task)); !resWritten)
@@ -112,7 +113,6 @@ bool PropagationRun(const PropagationInput& input, PropagationTable& table)
     bool bOk = false;
     for (int iFirst = 1; iFirst <= input.nData; iFirst += kChunkMax) {
         const int iLast = std::min(iFirst + kChunkMax - 1, input.nData);
-        bOk = false;
         for (const bool bShowError : {false, true}) {
             switch (input.iModel) {
                 case kEngineIcepac:

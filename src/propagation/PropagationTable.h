@@ -35,7 +35,8 @@ template <class T>
 class CellArray {
 public:
     explicit CellArray(int nData)
-        : m_nData(nData), m_aCells(static_cast<std::size_t>((kHourCount + 1) * (nData + 1)))
+        : m_nData(nData),
+          m_aCells(std::size_t{kHourCount + 1} * (static_cast<std::size_t>(nData) + 1))
     {
     }
     T& operator()(int iHour, int iFrequency) { return m_aCells[Index(iHour, iFrequency)]; }
@@ -48,7 +49,8 @@ private:
     [[nodiscard]] std::size_t Index(int iHour, int iFrequency) const
     {
         assert(iHour >= 0 && iHour <= kHourCount && iFrequency >= 0 && iFrequency <= m_nData);
-        return static_cast<std::size_t>(iHour * (m_nData + 1) + iFrequency);
+        return static_cast<std::size_t>(iHour) * (static_cast<std::size_t>(m_nData) + 1)
+               + static_cast<std::size_t>(iFrequency);
     }
     int m_nData;
     std::vector<T> m_aCells;

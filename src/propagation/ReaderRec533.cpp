@@ -8,7 +8,7 @@
 namespace {
 
 struct Chunk {
-    const PropagationInput& input;
+    const PropagationInput& m_input;
     int iFirst;
     int iLast;
 };
@@ -61,7 +61,7 @@ Result<void> SignalRowRead(TextFile& file, const Chunk& chunk, int iHour, Propag
     if (!resRow)
         return resRow;
     for (int j = chunk.iFirst; j <= chunk.iLast; ++j) {
-        const double dFrequency = chunk.input.FrequencyGet(j);
+        const double dFrequency = chunk.m_input.FrequencyGet(j);
         if (!(dFrequency > 0.0))
             return RunError{kInvalidCall};  // no logarithm
         float& fSdBW = table.fSdBW(iHour, j);

@@ -46,7 +46,7 @@ std::string CopyMark(const fs::path& pthFile)
 {
     struct Known {
         std::uintmax_t nSize;
-        fs::file_time_type timeWritten;
+        fs::file_time_type m_timeWritten;
         std::string sMark;
     };
     static std::map<fs::path, Known> mapKnown;
@@ -58,7 +58,7 @@ std::string CopyMark(const fs::path& pthFile)
         return {};
     const auto itKnown = mapKnown.find(pthFile);
     if (itKnown != mapKnown.end() && itKnown->second.nSize == nSize
-        && itKnown->second.timeWritten == timeWritten)
+        && itKnown->second.m_timeWritten == timeWritten)
         return itKnown->second.sMark;
     const auto resBytes = FileRead(TextFromPath(pthFile), kProgramMax);
     if (!resBytes)
@@ -77,6 +77,11 @@ std::string EngineMark(const fs::path& pthProgram)
     if (fs::is_symlink(status))
         return "link " + TextFromPath(fs::read_symlink(pthProgram, ec));
     return fs::is_regular_file(status) ? CopyMark(pthProgram) : std::string();
+}
+
+std::string LineMake(const std::string& sName, const std::string& sMark)
+{
+    return sName + ' ' + sMark;
 }
 
 std::vector<std::string> ManifestRead(const std::string& sRoot)
@@ -109,7 +114,7 @@ bool ProgramIsListed(const std::vector<std::string>& asManifest, const std::stri
                      const std::string& sMark)
 {
     return !sMark.empty()
-           && std::find(asManifest.begin(), asManifest.end(), sName + ' ' + sMark)
+           && std::find(asManifest.begin(), asManifest.end(), LineMake(sName, sMark))
                   != asManifest.end();
 }
 
@@ -208,7 +213,7 @@ Result<void> EngineRenew(const std::string& sRoot, const std::string& sName,
         // Listed first: a program killed in between leaves a line too many, never a program that
         // nobody owns.
         if (!ProgramIsListed(asManifest, sName, sMark)) {
-            asManifest.push_back(sName + ' ' + sMark);
+            asManifest.push_back(LineMake(sName, sMark));
             res = ManifestWrite(sRoot, asManifest);
         }
         if (res)
@@ -227,7 +232,7 @@ Result<void> ManifestPrune(const std::string& sRoot)
     for (const char* sName : kPrograms) {
         const std::string sMark = EngineMark(PathFromText(ProgramPath(sRoot, sName)));
         if (ProgramIsListed(asBefore, sName, sMark))
-            asNow.push_back(std::string(sName) + ' ' + sMark);
+            asNow.push_back(LineMake(sName, sMark));
     }
     return asNow == asBefore ? Result<void>() : ManifestWrite(sRoot, asNow);
 }

@@ -161,7 +161,7 @@ std::string ProgramSearch(std::string_view sName, std::string_view sSearchPath)
 {
     while (!sSearchPath.empty()) {
         const std::size_t nEnd = std::min(sSearchPath.find(':'), sSearchPath.size());
-        const std::string sProgram = PathJoin(sSearchPath.substr(0, nEnd), sName);
+        std::string sProgram = PathJoin(sSearchPath.substr(0, nEnd), sName);
         struct stat info {};
         if (nEnd > 0 && stat(sProgram.c_str(), &info) == 0 && S_ISREG(info.st_mode)
             && access(sProgram.c_str(), X_OK) == 0)

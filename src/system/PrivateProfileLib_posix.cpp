@@ -27,9 +27,9 @@ struct Line {
 
 /// Where a key stands in the file, or would.
 struct Place {
-    std::optional<Line> section;  ///< the first section line of this name
-    std::optional<Line> key;      ///< the first line of this key in that section
-    std::size_t nInsert = 0;      ///< behind the section's last line that is not blank
+    std::optional<Line> m_section;  ///< the first section line of this name
+    std::optional<Line> m_key;      ///< the first line of this key in that section
+    std::size_t nInsert = 0;        ///< behind the section's last line that is not blank
 };
 
 std::string_view BlanksTrim(std::string_view sText)
@@ -83,15 +83,15 @@ Place PlaceFind(std::string_view sBytes, std::string_view sSection, std::string_
         nStart = line.nNext;
         const std::string_view sLine = LineText(sBytes, line);
         const auto sName = SectionName(sLine);
-        if (sName && place.section)
+        if (sName && place.m_section)
             break;
         if (sName && TextEqualNoCase(*sName, sSection))
-            place.section = line;
-        if (!place.section || sLine.empty())
+            place.m_section = line;
+        if (!place.m_section || sLine.empty())
             continue;
         place.nInsert = line.nNext;
         if (!sName && LineIsKey(sLine, sKey)) {
-            place.key = line;
+            place.m_key = line;
             break;
         }
     }
@@ -135,19 +135,19 @@ std::string KeyPut(std::string sBytes, std::string_view sSection, std::string_vi
                    std::string_view sValue)
 {
     const Place place = PlaceFind(sBytes, sSection, sKey);
-    if (place.key) {  // what stands before the value stays as the user wrote it
-        const std::size_t nEqual = sBytes.find('=', place.key->nStart);
+    if (place.m_key) {  // what stands before the value stays as the user wrote it
+        const std::size_t nEqual = sBytes.find('=', place.m_key->nStart);
         const std::size_t nValue =
-            std::min(sBytes.find_first_not_of(kBlanks, nEqual + 1), place.key->nEnd);
-        return sBytes.replace(nValue, place.key->nEnd - nValue, sValue);
+            std::min(sBytes.find_first_not_of(kBlanks, nEqual + 1), place.m_key->nEnd);
+        return sBytes.replace(nValue, place.m_key->nEnd - nValue, sValue);
     }
     const std::string sLineEnd(LineEndGet(sBytes));
     std::string sNew;
-    const std::size_t nInsert = place.section ? place.nInsert : sBytes.size();
+    const std::size_t nInsert = place.m_section ? place.nInsert : sBytes.size();
     if (nInsert > 0 && sBytes[nInsert - 1] != '\n' && sBytes[nInsert - 1] != '\r'
         && sBytes != kByteOrderMark)
         sNew += sLineEnd;
-    if (!place.section)
+    if (!place.m_section)
         sNew.append("[").append(sSection).append("]").append(sLineEnd);
     sNew.append(sKey).append("=").append(sValue).append(sLineEnd);
     return sBytes.insert(nInsert, sNew);
@@ -165,11 +165,11 @@ std::string PrivateProfileGet(std::string_view sSection, std::string_view sKey,
     const bool bUtf8 = HasByteOrderMark(sBytes);
     const Place place =
         PlaceFind(sBytes, BlanksTrim(FileText(sSection, bUtf8)), BlanksTrim(FileText(sKey, bUtf8)));
-    if (!place.key)
+    if (!place.m_key)
         return Utf8FromWindows1252(std::string_view(Windows1252FromUtf8(sDefault)).substr(0, nMax));
-    const std::size_t nEqual = sBytes.find('=', place.key->nStart);
+    const std::size_t nEqual = sBytes.find('=', place.m_key->nStart);
     const std::string_view sValue =
-        QuotesDrop(BlanksTrim(sBytes.substr(nEqual + 1, place.key->nEnd - nEqual - 1)));
+        QuotesDrop(BlanksTrim(sBytes.substr(nEqual + 1, place.m_key->nEnd - nEqual - 1)));
     const std::string_view sCut = TextCut(sValue, nMax, bUtf8);
     return bUtf8 ? std::string(sCut) : Utf8FromWindows1252(sCut);
 }

@@ -46,18 +46,18 @@ private:
 
 /// The settings of one posix_spawn call.
 struct SpawnSettings {
-    posix_spawn_file_actions_t actions{};
-    posix_spawnattr_t attributes{};
+    posix_spawn_file_actions_t m_actions{};
+    posix_spawnattr_t m_attributes{};
 
     SpawnSettings()
     {
-        posix_spawn_file_actions_init(&actions);
-        posix_spawnattr_init(&attributes);
+        posix_spawn_file_actions_init(&m_actions);
+        posix_spawnattr_init(&m_attributes);
     }
     ~SpawnSettings()
     {
-        posix_spawnattr_destroy(&attributes);
-        posix_spawn_file_actions_destroy(&actions);
+        posix_spawnattr_destroy(&m_attributes);
+        posix_spawn_file_actions_destroy(&m_actions);
     }
     SpawnSettings(const SpawnSettings&) = delete;
     SpawnSettings& operator=(const SpawnSettings&) = delete;
@@ -137,21 +137,22 @@ int Spawn(std::vector<std::string>& asWords, const std::string& sFolder, int nOu
     sigemptyset(&setNone);
     sigfillset(&setAll);
     posix_spawnattr_setflags(
-        &settings.attributes,
+        &settings.m_attributes,
         static_cast<short>(POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF));
-    posix_spawnattr_setpgroup(&settings.attributes, 0);
-    posix_spawnattr_setsigmask(&settings.attributes, &setNone);
-    posix_spawnattr_setsigdefault(&settings.attributes, &setAll);
-    posix_spawn_file_actions_addopen(&settings.actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&settings.actions, nOutput, STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&settings.actions, nOutput, STDERR_FILENO);
+    posix_spawnattr_setpgroup(&settings.m_attributes, 0);
+    posix_spawnattr_setsigmask(&settings.m_attributes, &setNone);
+    posix_spawnattr_setsigdefault(&settings.m_attributes, &setAll);
+    posix_spawn_file_actions_addopen(&settings.m_actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&settings.m_actions, nOutput, STDOUT_FILENO);
+    posix_spawn_file_actions_adddup2(&settings.m_actions, nOutput, STDERR_FILENO);
     if (!sFolder.empty())
-        posix_spawn_file_actions_addchdir_np(&settings.actions, sFolder.c_str());
-    posix_spawn_file_actions_addclosefrom_np(&settings.actions, STDERR_FILENO + 1);
+        posix_spawn_file_actions_addchdir_np(&settings.m_actions, sFolder.c_str());
+    posix_spawn_file_actions_addclosefrom_np(&settings.m_actions, STDERR_FILENO + 1);
     std::vector<char*> asArguments;
+    asArguments.reserve(asWords.size() + 1);
     for (std::string& sWord : asWords) asArguments.push_back(sWord.data());
     asArguments.push_back(nullptr);
-    return posix_spawn(&nId, asArguments[0], &settings.actions, &settings.attributes,
+    return posix_spawn(&nId, asArguments[0], &settings.m_actions, &settings.m_attributes,
                        asArguments.data(), environ);
 }
 

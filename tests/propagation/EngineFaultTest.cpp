@@ -174,7 +174,7 @@ TEST_P(EngineFault, NeverEnds)
     EXPECT_FALSE(Attempt());
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - tmStart;
     EXPECT_GT(time.count(), 4.9);
-    EXPECT_LT(time.count(), 6.0);
+    EXPECT_LT(time.count(), 7.0);
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
 }
@@ -311,8 +311,6 @@ TEST_P(EngineFault, OutputReplacedByAFolder)
 
 TEST_P(EngineFault, OldOutputThatCannotBeDeletedNorEmptiedIsNotReadAsNew)
 {
-    if (geteuid() != 0)
-        GTEST_SKIP() << "needs a file of another user: run as root";
     Script("exit 0");
     fs::copy_file(CapturedPath(m_model.sCircuit, ".out"), m_root.Path("RUN/sound.out"));
     for (const char* sName :
@@ -320,13 +318,15 @@ TEST_P(EngineFault, OldOutputThatCannotBeDeletedNorEmptiedIsNotReadAsNew)
         std::ofstream(m_root.Path(sName), std::ios::app).flush();
         fs::permissions(m_root.Path(sName), static_cast<fs::perms>(0666));
     }
-    fs::permissions(m_root.Path("RUN"), static_cast<fs::perms>(0755));
+    fs::permissions(m_root.Path("RUN/sound.out"), static_cast<fs::perms>(0444));
+    fs::permissions(m_root.Path("RUN"), static_cast<fs::perms>(0555));
     fs::permissions(m_root.Path(""), static_cast<fs::perms>(0777));
     std::string sText;
     {
         const OrdinaryUser user;
         sText = TextOfFailure();
     }
+    fs::permissions(m_root.Path("RUN"), static_cast<fs::perms>(0755));
     fs::remove(m_root.Path("RUN/hopcast.txt"));
     EXPECT_EQ(sText, InputStage("Permission denied"));
     EXPECT_EQ(m_table.fSnr(1, 1), 0.0F);
@@ -432,7 +432,7 @@ TEST_P(EngineFault, WaitForTheRootCountsWithinTheAttempt)
     EXPECT_FALSE(bOk);
     EXPECT_EQ(nStatus, 0);
     EXPECT_GT(time.count(), 0.9);
-    EXPECT_LT(time.count(), 1.3);
+    EXPECT_LT(time.count(), 3.0);
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
 }

@@ -71,15 +71,15 @@ INSTANTIATE_TEST_SUITE_P(Table, FortranFormatField, testing::ValuesIn(kFormatCas
 
 TEST(FortranFormatTable, HoldsTheTwelveFormatsWithTheirWidths)
 {
-    EXPECT_EQ(kFortranSpecs.size(), 12U);
+    EXPECT_EQ(kFortranFormats.size(), 12U);
     EXPECT_EQ(FortranWidth("I5"), 5);
     EXPECT_EQ(FortranWidth("F10.3"), 10);
     EXPECT_EQ(FortranWidth("F5.3"), 0);
-    for (const FortranSpec& spec : kFortranSpecs) {
-        const auto resField = FortranFormat(1, spec.sFormat);
+    for (const FortranEntry& entry : kFortranFormats) {
+        const auto resField = FortranFormat(1, entry.sFormat);
         ASSERT_TRUE(resField);
-        EXPECT_EQ(resField.ValueGet().size(), static_cast<std::size_t>(spec.nWidth))
-            << spec.sFormat;
+        EXPECT_EQ(resField.ValueGet().size(), static_cast<std::size_t>(entry.nWidth))
+            << entry.sFormat;
     }
 }
 

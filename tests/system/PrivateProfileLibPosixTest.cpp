@@ -92,6 +92,7 @@ TEST(PrivateProfilePosix, AFileThatCannotBeReadIsNotReplaced)
         EXPECT_EQ(KeyWrite(sFile, "new"), EACCES);
         EXPECT_EQ(KeyGet(sFile), "");
     });
+    chmod(sFile.c_str(), 0644);
     EXPECT_EQ(BytesRead(sFile), "[Data]\r\nKey=old\r\n");
 }
 

@@ -62,18 +62,39 @@ constexpr double kBoundary[12]{30, 30, 30, 27.5, 32.5, 35, 37.5, 35, 32.5, 30, 3
 constexpr int kNoonRow[12]{0, 1, 2, 3, 4, 5, 5, 4, 6, 7, 8, 0};
 constexpr double kDipMost = 70.0;  // degrees
 
-double NoonFactorGet(int nMonth, double dLat)
+// Arc tangent within 3e-8, plenty for a place in the tables.
+double ArcTanGet(double dX)
 {
-    const double dStep = std::min(std::abs(dLat) * kDegrees, 69.99) / 2.5;
+    constexpr double kTanEighth = 0.41421356237309503;
+    const double dAbs = std::abs(dX);
+    double dBase = 0.0;
+    double dT = dAbs;
+    if (dAbs > 1.0 / kTanEighth) {
+        dBase = kPi / 2.0;
+        dT = -1.0 / dAbs;
+    } else if (dAbs > kTanEighth) {
+        dBase = kPi / 4.0;
+        dT = (dAbs - 1.0) / (dAbs + 1.0);
+    }
+    const double dZ = dT * dT;
+    const double dSeries = ((8.05374449538e-2 * dZ - 1.38776856032e-1) * dZ + 1.99777106478e-1) * dZ
+                           - 3.33329491539e-1;
+    return std::copysign(dBase + dT + dT * dZ * dSeries, dX);
+}
+
+double NoonFactorGet(int nMonth, const Place& tblPlace)
+{
+    const double dLat = ArcTanGet(std::abs(tblPlace.dSinLat) / tblPlace.dCosLat);
+    const double dStep = std::min(dLat * kDegrees, 69.99) / 2.5;
     const int nStep = static_cast<int>(dStep);
     const double* pRow = kNoonFactor[kNoonRow[nMonth - 1]];
     return pRow[nStep] + (pRow[nStep + 1] - pRow[nStep]) * (dStep - nStep);
 }
 
-double ExponentGet(int nMonth, const Place& tblPlace)
+double ExponentGet(int nMonth, const Place& tblPlace, double dTanDip)
 {
-    const double dDip = MagneticFieldGet(tblPlace, FieldHeight::Absorption).dDip;
-    const double dX = std::min(std::abs(std::atan2(dDip, std::sqrt(tblPlace.dCosLat))) * kDegrees, kDipMost);
+    const double dModified = ArcTanGet(std::abs(ArcTanGet(dTanDip)) / std::sqrt(tblPlace.dCosLat));
+    const double dX = std::min(dModified * kDegrees, kDipMost);
     const int nRow = tblPlace.dSinLat < 0.0 ? (nMonth + 5) % 12 : nMonth - 1;
     const double dBoundary = kBoundary[nRow];
     const bool bLow = dX <= dBoundary;
@@ -83,12 +104,50 @@ double ExponentGet(int nMonth, const Place& tblPlace)
     return (((((pA[6] * dS + pA[5]) * dS + pA[4]) * dS + pA[3]) * dS + pA[2]) * dS + pA[1]) * dS + pA[0];
 }
 
-// cos(0.881 chi), its power p and the floor 0.02.
-double DiurnalGet(double dChi, double dExponent)
+// ln of max(cos(0.881 chi)^p, 0.02) for a zenith angle up to 102 degrees; beyond it the floor holds.
+// cos(0.881 arccos c) is a smooth function of c: a polynomial gives it within 5e-9.
+double DiurnalLogGet(double dCosChi, double dExponent)
 {
-    constexpr double kFloor = 0.02;
-    const double dCos = std::cos(0.881 * dChi);
-    return dCos <= 0.0 ? kFloor : std::max(std::pow(dCos, dExponent), kFloor);
+    constexpr double kCos102 = -0.20791169081775934;
+    constexpr double kLogFloor = -3.9120230054281460;
+    constexpr double kTerms[]{4.87172856251e-06, -1.2929048981e-05, 2.43015697095e-05, -7.39122581582e-05,
+                              0.000243831718371, -0.000825675038363, 0.00320643554998, -0.0168759146882,
+                              0.495316282667, 0.518992710864};
+    const double dT = (std::max(dCosChi, kCos102) - (1.0 + kCos102) / 2.0) * (2.0 / (1.0 - kCos102));
+    double dCos = 0.0;
+    for (const double dTerm : kTerms)
+        dCos = dCos * dT + dTerm;
+    return std::max(dExponent * std::log(dCos), kLogFloor);
+}
+
+// Place at a distance from the start, without the angles themselves.
+Place CrossingPlaceGet(const GreatCircle& tblPath, double dKm)
+{
+    const double dSin = std::sin(dKm / kEarthKm);
+    const double dCos = std::cos(dKm / kEarthKm);
+    const double dX = tblPath.aStart[0] * dCos + tblPath.aAhead[0] * dSin;
+    const double dY = tblPath.aStart[1] * dCos + tblPath.aAhead[1] * dSin;
+    Place tbl;
+    tbl.dSinLat = tblPath.aStart[2] * dCos + tblPath.aAhead[2] * dSin;
+    tbl.dCosLat = std::max(std::sqrt(dX * dX + dY * dY), 1e-9);
+    tbl.dCosLon = dX / tbl.dCosLat;
+    tbl.dSinLon = dY / tbl.dCosLat;
+    return tbl;
+}
+
+// What has to be known before a crossing is dated: the hour's cosine of the sun's zenith angle and the
+// one at the place's own noon. The declination moves too slowly for the noon's exact minute to matter.
+Crossing CrossingGet(const AbsorptionHour& tblHour, const Place& tblPlace, double dTanDip)
+{
+    const Ionosphere& tblIono = *tblHour.pIonosphere;
+    const double dCosChi = SunZenithCosGet(*tblHour.tblFoe.pSun, tblPlace);
+    double dSinDecl, dCosDecl;
+    SunDeclinationAtNoonGet(tblIono.tblSun, *tblHour.tblFoe.pSun, tblPlace, dSinDecl, dCosDecl);
+    const double dCosNoon = tblPlace.dSinLat * dSinDecl + tblPlace.dCosLat * dCosDecl;
+    const double dExponent = ExponentGet(tblIono.nMonth, tblPlace, dTanDip);
+    return {FoeGet(tblHour.tblFoe, tblPlace, dCosChi),
+            NoonFactorGet(tblIono.nMonth, tblPlace)
+                * std::exp(DiurnalLogGet(dCosChi, dExponent) - DiurnalLogGet(dCosNoon, dExponent))};
 }
 
 }  // namespace
@@ -106,24 +165,15 @@ double CrossingKmGet(double dElevation)
 void CrossingsFill(const AbsorptionHour& tblHour, const GreatCircle& tblPath, int nHops,
                    double dElevation, Crossing* pCrossings)
 {
-    constexpr double kChiMost = 102.0 * kRadians;
-    const SunHour& tblSun = *tblHour.tblFoe.pSun;
-    const int nMonth = tblHour.pIonosphere->nMonth;
     const double dHop = tblPath.dKm / nHops;
     const double dNear = CrossingKmGet(dElevation);
-    for (int i = 0; i < 2 * nHops; ++i) {
-        const double dKm = i % 2 == 0 ? i / 2 * dHop + dNear : (i / 2 + 1) * dHop - dNear;
-        const Place tblPlace = GreatCirclePlace(tblPath, dKm / tblPath.dKm);
-        const double dCosChi = SunZenithCosGet(tblSun, tblPlace);
-        double dSinDecl, dCosDecl;
-        SunDeclinationGet(tblHour.pIonosphere->tblSun, SunNoonGet(tblSun, tblPlace.dLon), dSinDecl, dCosDecl);
-        const double dCosNoon
-            = std::clamp(tblPlace.dSinLat * dSinDecl + tblPlace.dCosLat * dCosDecl, -1.0, 1.0);
-        const double dExponent = ExponentGet(nMonth, tblPlace);
-        pCrossings[i].dFoe = FoeGet(tblHour.tblFoe, tblPlace, dCosChi);
-        pCrossings[i].dWeight = NoonFactorGet(nMonth, tblPlace.dLat)
-                                * DiurnalGet(std::min(std::acos(dCosChi), kChiMost), dExponent)
-                                / DiurnalGet(std::acos(dCosNoon), dExponent);
+    for (int i = 0; i < nHops; ++i) {
+        const Place tblUp = CrossingPlaceGet(tblPath, i * dHop + dNear);
+        const Place tblDown = CrossingPlaceGet(tblPath, (i + 1) * dHop - dNear);
+        double dTanUp, dTanDown;
+        MagneticDipTansGet(tblUp, tblDown, dTanUp, dTanDown);
+        pCrossings[2 * i] = CrossingGet(tblHour, tblUp, dTanUp);
+        pCrossings[2 * i + 1] = CrossingGet(tblHour, tblDown, dTanDown);
     }
 }
 

@@ -119,7 +119,7 @@ double MufBeyondGet(const Hour& tbl, int nHops, double dLowest)
 // program T + 1000 is not among them.
 double HeightBeyondGet(const Hour& tbl)
 {
-    const Path& tblPath = *tbl.pPath;
+    Path& tblPath = *tbl.pPath;
     const F2Layer* pLowest = &tbl.tblMid;
     for (const F2Layer* pLayer : {&tbl.tblHopT, &tbl.tblHopR})
         if (pLayer->dFof2 < pLowest->dFof2)

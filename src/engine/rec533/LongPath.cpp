@@ -28,8 +28,9 @@ void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIono
                     double dHop, double dNorthSouth)
 {
     MapPlace tblMap;
-    MapPlaceFill(tblMap, tblPlace, tblIonosphere.bReference);
-    const double dGyro = MagneticFieldGet(tblPlace, FieldHeight::Maps).dGyro;
+    const MagneticField tblField = MagneticFieldGet(tblPlace, FieldHeight::Maps);
+    const double dGyro = tblField.dGyro;
+    MapPlaceFill(tblMap, tblPlace, tblField, tblIonosphere.bReference);
     tbl.dGyro += dGyro / 2.0;
     tbl.aLat[nPoint] = tblPlace.dLat;
     tbl.aLon[nPoint] = tblPlace.dLon;
@@ -105,15 +106,15 @@ void DecayApply(std::array<double, 24>& aLower, double dNight)
     }
 }
 
-void LowerFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
+// fL of all hours with a number of hops; the crossings stay in aLowPlaces.
+void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& tblIonosphere,
+               const GreatCircle& tblWay, int nHops)
 {
-    tbl.nLowHops = HopsGet(tblWay.dKm, kLowHop);
-    const double dHop = tblWay.dKm / tbl.nLowHops;
+    const double dHop = tblWay.dKm / nHops;
     const double dElevation = ElevationGet(dHop, kHeightLong);
     const double dNear = CrossingKmGet(dElevation);
-    const int nPlaces = 2 * tbl.nLowHops;
     std::array<double, 24> aSum{};
-    for (int i = 0; i < nPlaces; ++i) {
+    for (int i = 0; i < 2 * nHops; ++i) {
         const double dKm = i % 2 == 0 ? i / 2 * dHop + dNear : (i / 2 + 1) * dHop - dNear;
         const Place tblPlace = GreatCirclePlace(tblWay, dKm / tblWay.dKm);
         tbl.aLowPlaces[static_cast<std::size_t>(i)] = tblPlace;
@@ -127,8 +128,22 @@ void LowerFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle
     const double dWinter = 1.0 + WinterGet(tblIonosphere.nMonth, GreatCirclePlace(tblWay, 0.5).dLat);
     const double dNight = std::sqrt(tblWay.dKm / kLowHop);
     for (std::size_t t = 0; t < 24; ++t)
-        tbl.aLower[t] = std::max((5.3 * std::sqrt(dScale * aSum[t]) - tbl.dGyro) * dWinter, dNight);
-    DecayApply(tbl.aLower, dNight);
+        aLower[t] = std::max((5.3 * std::sqrt(dScale * aSum[t]) - tbl.dGyro) * dWinter, dNight);
+    DecayApply(aLower, dNight);
+}
+
+// The number of hops steps at multiples of 3000 km, at 9000 km too. The long-path rule eases the step
+// over the hundred kilometres behind it.
+void LowerEase(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
+{
+    constexpr double kEaseKm = 100.0;
+    const double dPart = (tblWay.dKm - kLowHop * (tbl.nLowHops - 1)) / kEaseKm;
+    if (dPart >= 1.0)
+        return;
+    std::array<double, 24> aFewer;
+    LowerFill(aFewer, tbl, tblIonosphere, tblWay, tbl.nLowHops - 1);
+    for (std::size_t t = 0; t < 24; ++t)
+        tbl.aLower[t] = aFewer[t] + dPart * (tbl.aLower[t] - aFewer[t]);
 }
 
 }  // namespace
@@ -136,7 +151,10 @@ void LowerFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle
 void LongPathFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
 {
     UpperFill(tbl, tblIonosphere, tblWay);
-    LowerFill(tbl, tblIonosphere, tblWay);
+    tbl.nLowHops = HopsGet(tblWay.dKm, kLowHop);
+    LowerFill(tbl.aLower, tbl, tblIonosphere, tblWay, tbl.nLowHops);
+    if (tblIonosphere.eBehaviour == Behaviour::Best)
+        LowerEase(tbl, tblIonosphere, tblWay);
 }
 
 LongHour LongHourGet(const LongPath& tbl, int nLabel)

@@ -75,47 +75,89 @@ constexpr Triangle RecursionMake()
 
 constexpr Triangle kRecursion = RecursionMake();
 
+// Two places side by side; the compiler's own vector type, on every processor.
+using Pair = double __attribute__((vector_size(16)));
+
+template <class T>
+struct Field {
+    T tX, tY, tZ;  // north, east, down
+};
+
+// The recursions of P.1239 for one place or two. tC is at least kCosLatLeast.
+template <class T>
+Field<T> FieldGet(T tS, T tC, T tSinLon, T tCosLon, const Scaled& tblScaled)
+{
+    Field<T> tbl{T{}, T{}, T{}};
+    T tCosM = T{} + 1.0, tSinM = T{};  // of m times the longitude
+    T tPmm = T{} + 1.0, tDmm = T{};
+#pragma GCC unroll 7
+    for (std::size_t m = 0; m <= kOrder; ++m) {
+        T tP2{}, tD2{}, tP = tPmm, tD = tDmm;
+        T tZg{}, tZh{}, tXg{}, tXh{}, tYg{}, tYh{};  // sums over n, times g and h
+#pragma GCC unroll 7
+        for (std::size_t n = m; n <= kOrder; ++n) {
+            if (n > m) {
+                const T tPn = tS * tP - kRecursion[n][m] * tP2;
+                const T tDn = tS * tD - tC * tP - kRecursion[n][m] * tD2;
+                tP2 = tP;
+                tD2 = tD;
+                tP = tPn;
+                tD = tDn;
+            }
+            const double dG = tblScaled.aG[n][m];
+            const double dH = tblScaled.aH[n][m];
+            tZg += static_cast<double>(n + 1) * dG * tP;
+            tZh += static_cast<double>(n + 1) * dH * tP;
+            tXg += dG * tD;
+            tXh += dH * tD;
+            tYg += dG * tP;
+            tYh += dH * tP;
+        }
+        tbl.tZ += tZg * tCosM + tZh * tSinM;
+        tbl.tX -= tXg * tCosM + tXh * tSinM;
+        tbl.tY += static_cast<double>(m) * (tYg * tSinM - tYh * tCosM);
+        const T tCosNext = tCosM * tCosLon - tSinM * tSinLon;
+        tSinM = tSinM * tCosLon + tCosM * tSinLon;
+        tCosM = tCosNext;
+        tDmm = tC * tDmm + tS * tPmm;
+        tPmm *= tC;
+    }
+    tbl.tY /= tC;
+    return tbl;
+}
+
+double CosLatGet(const Place& tblPlace)
+{
+    return std::max(tblPlace.dCosLat, kCosLatLeast);
+}
+
+double SinLatGet(const Place& tblPlace)
+{
+    if (tblPlace.dCosLat >= kCosLatLeast)
+        return tblPlace.dSinLat;
+    return std::copysign(std::sqrt(1.0 - kCosLatLeast * kCosLatLeast), tblPlace.dSinLat);
+}
+
 }  // namespace
 
 MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight)
 {
     const Scaled& tblScaled = eHeight == FieldHeight::Absorption ? kScaledAbsorption : kScaledMaps;
-    const double dC = std::max(tblPlace.dCosLat, kCosLatLeast);
-    const double dS = tblPlace.dCosLat < kCosLatLeast
-                          ? std::copysign(std::sqrt(1.0 - dC * dC), tblPlace.dSinLat)
-                          : tblPlace.dSinLat;
-    double dX = 0.0, dY = 0.0, dZ = 0.0;
-    double dCosM = 1.0, dSinM = 0.0;  // of m times the longitude
-    double dPmm = 1.0, dDmm = 0.0;
-    for (std::size_t m = 0; m <= kOrder; ++m) {
-        double dP2 = 0.0, dD2 = 0.0, dP1 = dPmm, dD1 = dDmm;
-        for (std::size_t n = m; n <= kOrder; ++n) {
-            double dP = dPmm, dD = dDmm;
-            if (n > m) {
-                const double dK = kRecursion[n][m];
-                dP = dS * dP1 - dK * dP2;
-                dD = dS * dD1 - dC * dP1 - dK * dD2;
-                dP2 = dP1;
-                dD2 = dD1;
-            }
-            const double dAlong = tblScaled.aG[n][m] * dCosM + tblScaled.aH[n][m] * dSinM;
-            const double dAcross = tblScaled.aG[n][m] * dSinM - tblScaled.aH[n][m] * dCosM;
-            dZ += static_cast<double>(n + 1) * dP * dAlong;
-            dX -= dD * dAlong;
-            dY += static_cast<double>(m) * dP * dAcross;
-            dP1 = dP;
-            dD1 = dD;
-        }
-        const double dCosNext = dCosM * tblPlace.dCosLon - dSinM * tblPlace.dSinLon;
-        dSinM = dSinM * tblPlace.dCosLon + dCosM * tblPlace.dSinLon;
-        dCosM = dCosNext;
-        dDmm = dC * dDmm + dS * dPmm;
-        dPmm *= dC;
-    }
-    dY /= dC;
-    const double dFlat = std::sqrt(dX * dX + dY * dY);
-    const double dTotal = std::sqrt(dFlat * dFlat + dZ * dZ);
-    return {std::atan2(dZ, dFlat), dZ / dTotal, kGyroPerField * dTotal};
+    const auto tbl = FieldGet<double>(SinLatGet(tblPlace), CosLatGet(tblPlace), tblPlace.dSinLon,
+                                      tblPlace.dCosLon, tblScaled);
+    const double dFlat = std::sqrt(tbl.tX * tbl.tX + tbl.tY * tbl.tY);
+    const double dTotal = std::sqrt(dFlat * dFlat + tbl.tZ * tbl.tZ);
+    return {std::atan2(tbl.tZ, dFlat), tbl.tZ / dTotal, kGyroPerField * dTotal};
+}
+
+void MagneticDipTansGet(const Place& tblA, const Place& tblB, double& dTanA, double& dTanB)
+{
+    const auto tbl = FieldGet<Pair>(Pair{SinLatGet(tblA), SinLatGet(tblB)},
+                                    Pair{CosLatGet(tblA), CosLatGet(tblB)}, Pair{tblA.dSinLon, tblB.dSinLon},
+                                    Pair{tblA.dCosLon, tblB.dCosLon}, kScaledAbsorption);
+    const Pair tFlat2 = tbl.tX * tbl.tX + tbl.tY * tbl.tY;
+    dTanA = tbl.tZ[0] / std::sqrt(tFlat2[0]);
+    dTanB = tbl.tZ[1] / std::sqrt(tFlat2[1]);
 }
 
 }  // namespace rec533

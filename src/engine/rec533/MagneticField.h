@@ -23,5 +23,7 @@ inline constexpr double kFieldHeightMaps = 300.0;        ///< km
 enum class FieldHeight { Absorption, Maps };
 
 [[nodiscard]] MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight);
+/// Tangents of the dip at 100 km at two places at once, for the many crossings of the absorbing layer.
+void MagneticDipTansGet(const Place& tblA, const Place& tblB, double& dTanA, double& dTanB);
 
 }  // namespace rec533

@@ -1,7 +1,5 @@
 #include "engine/rec533/Maps.h"
 
-#include "engine/rec533/MagneticField.h"
-
 namespace rec533 {
 namespace {
 
@@ -18,9 +16,8 @@ struct Functions {
     std::array<double, kOrders> aCos, aSin;  // cos^m lat cos m lon, cos^m lat sin m lon
 };
 
-Functions FunctionsGet(const Place& tblPlace)
+Functions FunctionsGet(const Place& tblPlace, double dDip)
 {
-    const double dDip = MagneticFieldGet(tblPlace, FieldHeight::Maps).dDip;
     const double dTan = dDip / std::sqrt(tblPlace.dCosLat);
     const double dSinX = dTan / std::sqrt(1.0 + dTan * dTan);
     Functions tbl;
@@ -56,9 +53,9 @@ void FunctionsAdd(std::array<double, kCells>& aCells, const Functions& tbl,
     }
 }
 
-void MapPlaceAdd(MapPlace& tblMap, const Place& tblPlace, double dWeight)
+void MapPlaceAdd(MapPlace& tblMap, const Place& tblPlace, double dDip, double dWeight)
 {
-    const Functions tbl = FunctionsGet(tblPlace);
+    const Functions tbl = FunctionsGet(tblPlace, dDip);
     FunctionsAdd(tblMap.aFof2, tbl, kFof2Last, dWeight);
     FunctionsAdd(tblMap.aM3, tbl, kM3Last, dWeight);
 }
@@ -82,8 +79,8 @@ void GridAdd(MapPlace& tblMap, const Place& tblPlace)
         if (dWeight == 0.0)
             continue;
         const int nRow = std::clamp(nSouth + (bNorth ? 1 : 0), -60, 60);
-        MapPlaceAdd(tblMap,
-                    PlaceFromDegrees(kStep * nRow, kStep * (nWest + (bEast ? 1 : 0))), dWeight);
+        const Place tblNode = PlaceFromDegrees(kStep * nRow, kStep * (nWest + (bEast ? 1 : 0)));
+        MapPlaceAdd(tblMap, tblNode, MagneticFieldGet(tblNode, FieldHeight::Maps).dDip, dWeight);
     }
 }
 
@@ -163,14 +160,14 @@ void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dSsn, int 
     }
 }
 
-void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, bool bGrid)
+void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, const MagneticField& tblField, bool bGrid)
 {
     tblMap.aFof2.fill(0.0);
     tblMap.aM3.fill(0.0);
     if (bGrid)
         GridAdd(tblMap, tblPlace);
     else
-        MapPlaceAdd(tblMap, tblPlace, 1.0);
+        MapPlaceAdd(tblMap, tblPlace, tblField.dDip, 1.0);
 }
 
 double MapFof2Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour)

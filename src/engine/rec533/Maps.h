@@ -14,7 +14,7 @@
 #include <array>
 
 #include "engine/rec533/Figures.h"
-#include "engine/rec533/Geometry.h"
+#include "engine/rec533/MagneticField.h"
 
 namespace rec533 {
 
@@ -34,10 +34,11 @@ struct MapPlace {
     alignas(16) std::array<double, kM3Functions + 1> aM3;
 };
 
+/// tblField: at 300 km over the place.
 /// bGrid: the ITU program reads grids of 1.5 degrees and interpolates; its weights count from the wrong
 /// side of the cell in the south and the west. The maps being linear, that is a mean of the functions
 /// of four places. Else the series is taken at the place itself.
-void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, bool bGrid);
+void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, const MagneticField& tblField, bool bGrid);
 
 [[nodiscard]] double MapFof2Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour);
 [[nodiscard]] double MapM3Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour);

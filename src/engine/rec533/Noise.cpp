@@ -3,8 +3,8 @@
 namespace rec533 {
 namespace {
 
-constexpr int kLongitudeTerms = 15;
-constexpr int kLatitudeTerms = 29;
+constexpr std::size_t kLongitudeTerms = 15;
+constexpr std::size_t kLatitudeTerms = 29;
 constexpr double kDecileSigma = 1.282;  // standard deviations from median to decile
 
 // Value of a polynomial, highest power first.
@@ -18,10 +18,10 @@ double PolynomialGet(const float* pTerms, double dX)
 }
 
 // sin(i x), i = 1 ... kCount, by the recurrence of multiple angles.
-template <int kCount>
-std::array<double, static_cast<std::size_t>(kCount)> SinesGet(double dX)
+template <std::size_t kCount>
+std::array<double, kCount> SinesGet(double dX)
 {
-    std::array<double, static_cast<std::size_t>(kCount)> aSin;
+    std::array<double, kCount> aSin;
     const double dTwoCos = 2.0 * std::cos(dX);
     double dBefore = 0.0;
     double dNow = std::sin(dX);
@@ -34,18 +34,41 @@ std::array<double, static_cast<std::size_t>(kCount)> SinesGet(double dX)
     return aSin;
 }
 
-struct Block {
-    double dFa, dUpper, dLower;
-};
-
-Block BlockGet(const NoiseFigures& tbl, const NoisePlace& tblPlace, int nBlock, double dFrequency)
+double PlaceW(const Place& tblPlace)
 {
-    const int nHemisphere = tblPlace.dLat >= 0.0 ? nBlock : nBlock + 6;
+    return tblPlace.dLat + kPi / 2.0;
+}
+
+// The longitude series gives the coefficients of the latitude series.
+double BlockSum(const NoiseFigures& tbl, const NoisePlace& tblPlace, std::size_t nBlock)
+{
+    const float* pFakp = tbl.pFakp + (kLongitudeTerms + 1) * kLatitudeTerms * nBlock;
+    std::array<double, kLatitudeTerms> aZ;
+    for (std::size_t j = 0; j < kLatitudeTerms; ++j)
+        aZ[j] = static_cast<double>(pFakp[kLongitudeTerms * kLatitudeTerms + j]);
+    for (std::size_t k = 0; k < kLongitudeTerms; ++k)
+        for (std::size_t j = 0; j < kLatitudeTerms; ++j)
+            aZ[j] += tblPlace.aLon[k] * static_cast<double>(pFakp[k * kLatitudeTerms + j]);
+    double dSum = static_cast<double>(tbl.pFakabp[2 * nBlock])
+                  + static_cast<double>(tbl.pFakabp[2 * nBlock + 1]) * PlaceW(tblPlace.tblPlace);
+    for (std::size_t j = 0; j < kLatitudeTerms; ++j)
+        dSum += tblPlace.aLat[j] * aZ[j];
+    return dSum;
+}
+
+Noise BlockGet(const NoiseFigures& tbl, NoisePlace& tblPlace, int nBlock, double dFrequency)
+{
+    const auto nAt = static_cast<std::size_t>(nBlock);
+    if (!tblPlace.aSummed[nAt]) {
+        tblPlace.aMegahertz[nAt] = BlockSum(tbl, tblPlace, nAt);
+        tblPlace.aSummed[nAt] = true;
+    }
+    const int nHemisphere = tblPlace.tblPlace.dLat >= 0.0 ? nBlock : nBlock + 6;
     const float* pFam = tbl.pFam + 14 * nHemisphere;
     const double dLog = std::log10(dFrequency);
     const double dU = (8.0 * std::exp2(dLog) - 11.0) / 4.0;
     const double dU1 = -0.75;  // 1 MHz
-    const double dCz = tblPlace.aMegahertz[static_cast<std::size_t>(nBlock)]
+    const double dCz = tblPlace.aMegahertz[nAt]
                            * (2.0 - PolynomialGet<7>(pFam, dU1))
                        - PolynomialGet<7>(pFam + 7, dU1);
     const double dLogDecile = std::log10(std::min(dFrequency, 20.0));
@@ -56,41 +79,26 @@ Block BlockGet(const NoiseFigures& tbl, const NoisePlace& tblPlace, int nBlock, 
 
 }  // namespace
 
-NoisePlace NoisePlaceMake(const Ionosphere& tbl, const Place& tblPlace)
+NoisePlace NoisePlaceMake(const Place& tblPlace)
 {
-    const NoiseFigures& tblNoise = tbl.tblNoise;
     const double dEast = tblPlace.dLon < 0.0 ? tblPlace.dLon + 2.0 * kPi : tblPlace.dLon;
-    const double dW = tblPlace.dLat + kPi / 2.0;
-    const auto aLon = SinesGet<kLongitudeTerms>(dEast / 2.0);
-    const auto aLat = SinesGet<kLatitudeTerms>(dW);
-    NoisePlace tblResult{.dLat = tblPlace.dLat, .dLon = tblPlace.dLon};
-    for (std::size_t nBlock = 0; nBlock < 6; ++nBlock) {
-        const float* pFakp = tblNoise.pFakp + 464 * nBlock;
-        double dSum = static_cast<double>(tblNoise.pFakabp[2 * nBlock])
-                      + static_cast<double>(tblNoise.pFakabp[2 * nBlock + 1]) * dW;
-        std::array<double, kLatitudeTerms> aZ;
-        for (std::size_t j = 0; j < kLatitudeTerms; ++j)
-            aZ[j] = static_cast<double>(pFakp[15 * kLatitudeTerms + j]);
-        for (std::size_t k = 0; k < kLongitudeTerms; ++k)
-            for (std::size_t j = 0; j < kLatitudeTerms; ++j)
-                aZ[j] += aLon[k] * static_cast<double>(pFakp[k * kLatitudeTerms + j]);
-        for (std::size_t j = 0; j < kLatitudeTerms; ++j)
-            dSum += aLat[j] * aZ[j];
-        tblResult.aMegahertz[nBlock] = dSum;
-    }
-    return tblResult;
+    NoisePlace tbl;
+    tbl.tblPlace = tblPlace;
+    tbl.aLon = SinesGet<kLongitudeTerms>(dEast / 2.0);
+    tbl.aLat = SinesGet<kLatitudeTerms>(PlaceW(tblPlace));
+    return tbl;
 }
 
-Noise NoiseAtmosphericGet(const Ionosphere& tbl, const NoisePlace& tblPlace, int nLabel, double dFrequency)
+Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel, double dFrequency)
 {
-    const int nZone = static_cast<int>(tblPlace.dLon * (12.0 / kPi));  // whole zones, toward zero
+    const int nZone = static_cast<int>(tblPlace.tblPlace.dLon * (12.0 / kPi));  // whole zones, toward zero
     const int nHour = HourWrap(SunHourOfLabel(tbl, nLabel) + nZone);
     const int nBlock = nHour / 4;
     const double dPart = nHour % 4 / 4.0;
-    const Block tblA = BlockGet(tbl.tblNoise, tblPlace, nBlock, dFrequency);
+    const Noise tblA = BlockGet(tbl.tblNoise, tblPlace, nBlock, dFrequency);
     if (dPart == 0.0)
-        return {tblA.dFa, tblA.dUpper, tblA.dLower};
-    const Block tblB = BlockGet(tbl.tblNoise, tblPlace, (nBlock + 1) % 6, dFrequency);
+        return tblA;
+    const Noise tblB = BlockGet(tbl.tblNoise, tblPlace, (nBlock + 1) % 6, dFrequency);
     const auto fnMix = [dPart](double dA, double dB) {
         return dA + DbFromPower(1.0 + (PowerFromDb(dB - dA) - 1.0) * dPart);
     };

@@ -18,16 +18,18 @@ struct Noise {
     double dLower = 0.0;
 };
 
-/// Sums of the noise maps at one place for the six blocks of four local hours.
+/// The noise maps at one place; a block of four local hours is summed when it is first needed.
 struct NoisePlace {
-    double dLat = 0.0;                   ///< radians
-    double dLon = 0.0;
+    Place tblPlace;
+    std::array<double, 15> aLon{};       ///< sines of the longitude series
+    std::array<double, 29> aLat{};       ///< and of the latitude series
     std::array<double, 6> aMegahertz{};  ///< sum of the series, for 1 MHz
+    std::array<bool, 6> aSummed{};
 };
-[[nodiscard]] NoisePlace NoisePlaceMake(const Ionosphere& tbl, const Place& tblPlace);
+[[nodiscard]] NoisePlace NoisePlaceMake(const Place& tblPlace);
 
 /// Atmospheric noise at a label (hour), its two blocks mixed.
-[[nodiscard]] Noise NoiseAtmosphericGet(const Ionosphere& tbl, const NoisePlace& tblPlace, int nLabel,
+[[nodiscard]] Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel,
                                         double dFrequency);
 /// Man-made noise. dLevel (dBW in 1 Hz at 3 MHz) serves the category Level.
 [[nodiscard]] Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency,

@@ -44,13 +44,13 @@ void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCirc
     tbl.tblWay = GreatCircleMake(PlaceFromDegrees(tblCircuit.dTxLat, tblCircuit.dTxLon), tblRx,
                                  tblCircuit.bLongWay);
     const double dKm = tbl.tblWay.dKm;
-    SiteFill(tbl.tblMid, tblIonosphere, GreatCirclePlace(tbl.tblWay, 0.5));
+    SiteFill(tbl.tblMid, GreatCirclePlace(tbl.tblWay, 0.5));
     if (dKm > kControlShort) {
-        SiteFill(tbl.tblAheadT, tblIonosphere, GreatCirclePlace(tbl.tblWay, kControlAhead / dKm));
-        SiteFill(tbl.tblAheadR, tblIonosphere, GreatCirclePlace(tbl.tblWay, 1.0 - kControlAhead / dKm));
+        SiteFill(tbl.tblAheadT, GreatCirclePlace(tbl.tblWay, kControlAhead / dKm));
+        SiteFill(tbl.tblAheadR, GreatCirclePlace(tbl.tblWay, 1.0 - kControlAhead / dKm));
     }
     tbl.aHopMade.fill(false);
-    tbl.tblNoise = NoisePlaceMake(tblIonosphere, tblRx);
+    tbl.tblNoise = NoisePlaceMake(tblRx);
     if (dKm >= kShortOnly)
         LongPathFill(tbl.tblLong, tblIonosphere, tbl.tblWay);
     tbl.bHighLatitude = HighLatitudeIs(tbl);
@@ -62,8 +62,8 @@ void PathHopSitesMake(Path& tbl, int nOrder)
     if (tbl.aHopMade[nAt])
         return;
     const double dHalf = 0.5 / nOrder;
-    SiteFill(tbl.aHopT[nAt], *tbl.pIonosphere, GreatCirclePlace(tbl.tblWay, dHalf));
-    SiteFill(tbl.aHopR[nAt], *tbl.pIonosphere, GreatCirclePlace(tbl.tblWay, 1.0 - dHalf));
+    SiteFill(tbl.aHopT[nAt], GreatCirclePlace(tbl.tblWay, dHalf));
+    SiteFill(tbl.aHopR[nAt], GreatCirclePlace(tbl.tblWay, 1.0 - dHalf));
     tbl.aHopMade[nAt] = true;
 }
 

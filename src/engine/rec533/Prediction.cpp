@@ -128,7 +128,7 @@ void FieldFill(Prediction& tbl, Hour& tblHour, double dFrequency)
 
 void PredictionFill(Prediction& tbl, Hour& tblHour, double dFrequency)
 {
-    const Path& tblPath = *tblHour.pPath;
+    Path& tblPath = *tblHour.pPath;
     const Ionosphere& tblIono = *tblPath.pIonosphere;
     const Circuit& tblCircuit = tblPath.tblCircuit;
     tbl = Prediction{};

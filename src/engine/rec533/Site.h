@@ -11,18 +11,20 @@ namespace rec533 {
 
 struct Site {
     Place tblPlace;
-    MapPlace tblMap;
+    MapPlace tblMap;               ///< only with bMap
+    bool bMap = false;
     double dGyroDip = 0.0;         ///< |fH sin I| at 100 km, MHz
     double dGyro300 = 0.0;         ///< gyrofrequency at 300 km, MHz
     double dGeomagneticSin = 0.0;  ///< sine of the geomagnetic latitude
 };
 
-void SiteFill(Site& tbl, const Ionosphere& tblIonosphere, const Place& tblPlace);
+/// Everything but the map functions, which SiteLayerGet makes when it first needs them.
+void SiteFill(Site& tbl, const Place& tblPlace);
 
 /// foE at a place and label, MHz.
 [[nodiscard]] double SiteFoeGet(const FoeHour& tblHour, const Place& tblPlace);
 /// The F2 layer at a site and label.
-[[nodiscard]] F2Layer SiteLayerGet(const Ionosphere& tbl, const FoeHour& tblHour, const Site& tblSite,
+[[nodiscard]] F2Layer SiteLayerGet(const Ionosphere& tbl, const FoeHour& tblHour, Site& tblSite,
                                    int nLabel);
 
 }  // namespace rec533

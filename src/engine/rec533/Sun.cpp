@@ -13,10 +13,10 @@ constexpr double kEccentricity = 0.016713;
 constexpr double kMinutesPerDegree = 4.0;
 
 
+// Hours between -24 and 48 into a day.
 double Wrap24(double dHour)
 {
-    const double dWrapped = std::fmod(dHour, 24.0);
-    return dWrapped < 0.0 ? dWrapped + 24.0 : dWrapped;
+    return dHour < 0.0 ? dHour + 24.0 : dHour >= 24.0 ? dHour - 24.0 : dHour;
 }
 
 }  // namespace
@@ -66,7 +66,7 @@ SunTimes SunTimesGet(const SunHour& tblSun, const Place& tblPlace)
     if (!(std::abs(dCos) <= 1.0))
         return {};
     const double dHalf = std::acos(dCos) * kDegrees;
-    const double dLon = tblPlace.dLon * kDegrees;
+    const double dLon = std::atan2(tblPlace.dSinLon, tblPlace.dCosLon) * kDegrees;
     return {true, Wrap24((720.0 - kMinutesPerDegree * (dLon + dHalf) - tblSun.dEquation) / 60.0),
             Wrap24((720.0 - kMinutesPerDegree * (dLon - dHalf) - tblSun.dEquation) / 60.0)};
 }
@@ -84,10 +84,19 @@ SunDay SunDayMake(int nMonth)
     return tbl;
 }
 
-void SunDeclinationGet(const SunDay& tblDay, double dHour, double& dSin, double& dCos)
+void SunDeclinationAtNoonGet(const SunDay& tblDay, const SunHour& tblSun, const Place& tblPlace,
+                             double& dSin, double& dCos)
 {
-    const int nHour = std::clamp(static_cast<int>(dHour), 0, 23);
-    const double dPart = dHour - nHour;
+    // A coarse longitude, within 0.3 degrees (a fiftieth of an hour), will do.
+    const double dX = std::abs(tblPlace.dCosLon);
+    const double dY = std::abs(tblPlace.dSinLon);
+    const double dT = std::min(dX, dY) / std::max(dX, dY);
+    double dLon = dT * (kPi / 4.0 + 0.273 * (1.0 - dT));
+    dLon = dY > dX ? kPi / 2.0 - dLon : dLon;
+    dLon = tblPlace.dCosLon < 0.0 ? kPi - dLon : dLon;
+    const double dNoon = SunNoonGet(tblSun, std::copysign(dLon, tblPlace.dSinLon));
+    const int nHour = std::clamp(static_cast<int>(dNoon), 0, 23);
+    const double dPart = dNoon - nHour;
     const SunHour& tblA = tblDay.aHours[static_cast<std::size_t>(nHour)];
     const SunHour& tblB = tblDay.aHours[static_cast<std::size_t>(nHour) + 1];
     dSin = tblA.dSinDecl + (tblB.dSinDecl - tblA.dSinDecl) * dPart;

@@ -3,7 +3,7 @@
 ///
 /// Units:   radians, hours UT, minutes for the equation of time.
 /// Source:  the low-precision almanac series that the ITU program of Recommendation ITU-R P.533 uses;
-///          within 0.2 degrees of the Astronomical Almanac.
+///          within 0.6 degrees of the Astronomical Almanac.
 /// Tests:   tests/engine/SunTest.cpp
 #pragma once
 
@@ -49,7 +49,8 @@ struct SunDay {
     std::array<SunHour, 25> aHours;  ///< 0 to 24 UT
 };
 [[nodiscard]] SunDay SunDayMake(int nMonth);
-/// Sine and cosine of the declination at any hour, 0 to 24.
-void SunDeclinationGet(const SunDay& tblDay, double dHour, double& dSin, double& dCos);
+/// Sine and cosine of the declination at a place's own noon, from its longitude's sine and cosine.
+void SunDeclinationAtNoonGet(const SunDay& tblDay, const SunHour& tblSun, const Place& tblPlace,
+                             double& dSin, double& dCos);
 
 }  // namespace rec533

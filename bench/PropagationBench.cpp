@@ -1,0 +1,182 @@
+// What Hopcast itself costs around an engine's run: decks, readers, and a run whose engine takes no
+// time.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <iterator>
+#include <string>
+
+#include "propagation/DeckLib.h"
+#include "propagation/EngineLib.h"
+#include "propagation/PropagationAreaLib.h"
+#include "propagation/PropagationLib.h"
+#include "propagation/ReaderLib.h"
+#include "system/MsgLib.h"
+#include "system/ProcessLib.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::string kData = BENCH_DATA "/propagation/data/engines/";
+
+constexpr double kDeckLimit = 50.0;      // microseconds
+constexpr double kOutputLimit = 1000.0;  // an output of ten frequencies
+constexpr double kGridLimit = 2000.0;    // a grid of 40 x 40 points
+constexpr double kRunLimit = 5000.0;     // a run less the engine's process
+
+/// The engine root of the benchmarks, gone at the end.
+class BenchRoot {
+public:
+    BenchRoot() : m_pthRoot(fs::temp_directory_path() / "hopcast-bench-XXXXXX")
+    {
+        std::string sRoot = m_pthRoot.string();
+        if (!mkdtemp(sRoot.data()))
+            std::abort();
+        m_pthRoot = sRoot;
+        for (const char* sName : {"bin_win", "RUN", "areadata"})
+            fs::create_directory(m_pthRoot / sName);
+        for (const char* sName : {"voacapw.exe", "rec533w.exe"})
+            if (std::FILE* pFile = std::fopen((m_pthRoot / "bin_win" / sName).c_str(), "w"))
+                std::fclose(pFile);
+        setenv("HOPCAST_ITSHFBC", sRoot.c_str(), 1);
+    }
+    ~BenchRoot()
+    {
+        std::error_code ec;
+        fs::remove_all(m_pthRoot, ec);
+    }
+    BenchRoot(const BenchRoot&) = delete;
+    BenchRoot& operator=(const BenchRoot&) = delete;
+    [[nodiscard]] fs::path PathGet(const char* sName) const { return m_pthRoot / sName; }
+
+private:
+    fs::path m_pthRoot;
+};
+
+PropagationInput InputMake(int iModel)
+{
+    PropagationInput input = PropagationInputFromSettings(Settings());
+    input.iModel = iModel;
+    input.nData = kChunkMax;
+    return input;
+}
+
+void DeckBench(benchmark::State& state, int iModel)
+{
+    const PropagationInput input = InputMake(iModel);
+    for (auto _ : state) {
+        auto resDeck = iModel == kEngineRec533 ? DeckRec533(input, 1, kChunkMax, 2026)
+                                               : DeckIcepacVoacap(input, 1, kChunkMax, 2026);
+        if (!resDeck)
+            state.SkipWithError("no deck");
+        benchmark::DoNotOptimize(resDeck);
+    }
+    state.counters["limit_us"] = kDeckLimit;
+}
+
+void AreaDeckBench(benchmark::State& state, int iModel)
+{
+    PropagationAreaInput input = PropagationAreaInputFromSettings(Settings());
+    input.iModel = iModel;
+    for (auto _ : state) {
+        auto resDeck = DeckArea(input);
+        if (!resDeck)
+            state.SkipWithError("no deck");
+        benchmark::DoNotOptimize(resDeck);
+    }
+    state.counters["limit_us"] = kDeckLimit;
+}
+
+void ReaderBench(benchmark::State& state, int iModel, const std::string& sOutput)
+{
+    const PropagationInput input = InputMake(iModel);
+    for (auto _ : state) {
+        PropagationTable table(kChunkMax);
+        auto resFile = TextFile::Open(sOutput);
+        if (!resFile) {
+            state.SkipWithError("no output");
+            break;
+        }
+        const auto resRead = iModel == kEngineRec533
+                                 ? ReaderRec533(resFile.ValueGet(), input, 1, kChunkMax, table)
+                                 : ReaderIcepacVoacap(resFile.ValueGet(), 1, kChunkMax, table);
+        if (!resRead)
+            state.SkipWithError("not read");
+        benchmark::DoNotOptimize(table);
+    }
+    state.counters["limit_us"] = kOutputLimit;
+}
+
+void GridBench(benchmark::State& state, int iModel, const std::string& sGrid, const char* sName)
+{
+    const BenchRoot root;
+    fs::copy_file(sGrid, root.PathGet("areadata") / sName);
+    for (auto _ : state) {
+        AreaFile file;
+        int nPoints = 0;
+        int iIndex1 = 0;
+        int iIndex2 = 0;
+        double dLat = 0.0;
+        double dLon = 0.0;
+        float fSnr = 0.0F;
+        if (PropagationAreaOpenFile(iModel, file)) {
+            for (;; ++nPoints) {
+                const auto resRead =
+                    PropagationAreaReadPoint(file, iIndex1, iIndex2, dLat, dLon, fSnr);
+                if (!resRead || !resRead.ValueGet())
+                    break;
+                benchmark::DoNotOptimize(fSnr);
+            }
+        }
+        if (nPoints != 1600)
+            state.SkipWithError("grid not read");
+    }
+    state.counters["limit_us"] = kGridLimit;
+}
+
+/// The engine's part is a copied output and a process that has ended already; the copy is not
+/// timed.
+void RunBench(benchmark::State& state, int iModel, const std::string& sOutput)
+{
+    constexpr int kNoProcess = 999999999;
+    const BenchRoot root;
+    const PropagationInput input = InputMake(iModel);
+    const auto fnBefore = ProcessSetHandler([&](const ProcessCommand&) -> Result<int> {
+        state.PauseTiming();
+        fs::copy_file(sOutput, root.PathGet("RUN") / "sound.out");
+        state.ResumeTiming();
+        return kNoProcess;
+    });
+    for (auto _ : state) {
+        PropagationTable table(kChunkMax);
+        if (!PropagationRun(input, table))
+            state.SkipWithError("no prediction");
+    }
+    ProcessSetHandler(fnBefore);
+    state.counters["limit_us"] = kRunLimit;
+}
+
+BENCHMARK_CAPTURE(DeckBench, voacap, kEngineVoacap)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(DeckBench, rec533, kEngineRec533)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(AreaDeckBench, voacap, kEngineVoacap)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(AreaDeckBench, rec533, kEngineRec533)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ReaderBench, voacap, kEngineVoacap, kData + "voacap/p2p_03.out")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ReaderBench, rec533, kEngineRec533, kData + "rec533/p2p_03.out")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(GridBench, voacap, kEngineVoacap, kData + "voacap/area_01.vg1", "working.vg1")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(GridBench, rec533, kEngineRec533, kData + "rec533/area_01.rg1", "working.rg1")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(RunBench, voacap, kEngineVoacap, kData + "voacap/p2p_03.out")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(RunBench, rec533, kEngineRec533, kData + "rec533/p2p_03.out")
+    ->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();

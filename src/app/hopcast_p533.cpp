@@ -1,0 +1,111 @@
+// The prediction method for a table of circuits, for checking and research.
+//
+//   hopcast-p533 [--behaviour best|corrected|reference] [--reference] [--maps ccir|ursi|mean] IN.csv OUT.csv
+//
+// Exit status: 0 done, 1 the table or a file cannot be used (one line on standard error), 2 wrong usage.
+
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/run533/CircuitTable.h"
+#include "system/FileLib.h"
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kUsage = 2;
+constexpr std::size_t kTableMost = std::size_t{1} << 30;
+
+struct Options {
+    rec533::Behaviour eBehaviour = rec533::Behaviour::Best;
+    rec533::MapSet eMaps = rec533::MapSet::Ccir;
+    std::vector<std::string> aFiles;
+};
+
+bool BehaviourRead(Options& tbl, std::string_view sName)
+{
+    if (sName == "best")
+        tbl.eBehaviour = rec533::Behaviour::Best;
+    else if (sName == "corrected")
+        tbl.eBehaviour = rec533::Behaviour::Corrected;
+    else if (sName == "reference")
+        tbl.eBehaviour = rec533::Behaviour::Reference;
+    else
+        return false;
+    return true;
+}
+
+bool MapsRead(Options& tbl, std::string_view sName)
+{
+    if (sName == "ccir")
+        tbl.eMaps = rec533::MapSet::Ccir;
+    else if (sName == "ursi")
+        tbl.eMaps = rec533::MapSet::Ursi;
+    else if (sName == "mean")
+        tbl.eMaps = rec533::MapSet::Mean;
+    else
+        return false;
+    return true;
+}
+
+bool OptionsRead(Options& tbl, int nCount, char** pArguments)
+{
+    for (int i = 1; i < nCount; ++i) {
+        const std::string_view sArgument = pArguments[i];
+        const bool bNext = i + 1 < nCount;
+        if (sArgument == "--reference") {
+            tbl.eBehaviour = rec533::Behaviour::Reference;
+        } else if (sArgument == "--behaviour") {
+            if (!bNext || !BehaviourRead(tbl, pArguments[++i]))
+                return false;
+        } else if (sArgument == "--maps") {
+            if (!bNext || !MapsRead(tbl, pArguments[++i]))
+                return false;
+        } else if (sArgument.substr(0, 2) == "--") {
+            return false;
+        } else {
+            tbl.aFiles.emplace_back(sArgument);
+        }
+    }
+    return tbl.aFiles.size() == 2;
+}
+
+Result<void> TableRun(const Options& tbl)
+{
+    const Result<std::string> resTable = FileRead(tbl.aFiles[0], kTableMost);
+    if (!resTable)
+        return RunError{tbl.aFiles[0] + ", " + resTable.TextGet()};
+    const Result<std::string> resOut
+        = run533::CircuitTableMake(resTable.ValueGet(), tbl.eBehaviour, tbl.eMaps);
+    if (!resOut)
+        return RunError{tbl.aFiles[0] + ", " + resOut.TextGet()};
+    const Result<void> resWritten = FileReplace(tbl.aFiles[1], resOut.ValueGet());
+    return resWritten ? resWritten : RunError{tbl.aFiles[1] + ", " + resWritten.TextGet()};
+}
+
+}  // namespace
+
+int main(int nCount, char** pArguments)
+{
+    std::string sError;
+    try {
+        Options tbl;
+        if (!OptionsRead(tbl, nCount, pArguments)) {
+            std::fputs("usage: hopcast-p533 [--behaviour best|corrected|reference] [--reference]"
+                       " [--maps ccir|ursi|mean] IN.csv OUT.csv\n",
+                       stderr);
+            return kUsage;
+        }
+        const Result<void> resRun = TableRun(tbl);
+        if (resRun)
+            return 0;
+        sError = resRun.TextGet();
+    } catch (const std::exception& error) {
+        sError = error.what();
+    }
+    std::fprintf(stderr, "hopcast-p533: %s\n", sError.c_str());
+    return kFailed;
+}

@@ -1,0 +1,166 @@
+#include <atomic>
+#include <thread>
+
+#include "engine/run533/FieldText.h"
+#include "engine/run533/Run.h"
+#include "engine/run533/RunParts.h"
+#include "engine/rec533/Prediction.h"
+#include "system/NumberLib.h"
+
+namespace run533 {
+namespace {
+
+constexpr double kFixedEast = 0.05;  // degrees: a point on the fixed end is moved so far
+constexpr double kSame = 1e-9;       // degrees
+constexpr std::size_t kLineBytes = 69;
+constexpr int kThreadsMost = 16;
+constexpr int kPointsAThread = 200;  // less are not worth a thread
+
+struct Grid {
+    const AreaDeck* pDeck = nullptr;
+    const rec533::Ionosphere* pIonosphere = nullptr;
+    rec533::Circuit tblCircuit;
+    std::string sHead;
+    std::string sPoints;                 // kLineBytes a point
+    std::atomic<int> nNextRow{0};
+};
+
+double LonWrap(double dLon, bool bEastOnly)
+{
+    while (dLon > (bEastOnly ? 360.0 : 180.0))
+        dLon -= 360.0;
+    while (dLon < (bEastOnly ? 0.0 : -180.0))
+        dLon += 360.0;
+    return dLon;
+}
+
+void PointAppend(std::string& s, const rec533::Hour& tblHour, const rec533::Prediction& tbl)
+{
+    constexpr double kField = 999.9;   // greatest and
+    constexpr double kFieldLow = -99.9;  // least value of a column
+    const auto fnClamp = [=](double d) { return std::clamp(d, kFieldLow, kField); };
+    FieldAppend(s, tblHour.dMuf, 6, 2);
+    if (tbl.pMode != nullptr)
+        FieldAppend(s, NumberToText(tbl.pMode->nHops) + (tbl.pMode->bE ? "E " : "F2"), 6);
+    else
+        s += "   ---";
+    FieldAppend(s, tbl.dElevation * rec533::kDegrees, 6, 1);
+    FieldAppend(s, fnClamp(tbl.dField), 6, 1);
+    FieldAppend(s, fnClamp(tbl.tblSnr.dMedian), 6, 1);
+    FieldAppend(s, std::clamp(tbl.tblSnr.dReliability / 100.0, 0.01, 0.99), 6, 3);
+    FieldAppend(s, fnClamp(tbl.tblSnr.dExceeded), 6, 1);
+    s += '\n';
+}
+
+void RowFill(Grid& tbl, int nRow, rec533::Path& tblPath, rec533::Hour& tblHour)
+{
+    const AreaDeck& tblDeck = *tbl.pDeck;
+    const int nSteps = tblDeck.nGrid - 1;
+    const double dLat = tblDeck.dSouth + (tblDeck.dNorth - tblDeck.dSouth) * nRow / nSteps;
+    std::string sRow;
+    sRow.reserve(kLineBytes * static_cast<std::size_t>(tblDeck.nGrid));
+    rec533::Circuit tblCircuit = tbl.tblCircuit;
+    rec533::Prediction tblPrediction;
+    for (int i = 0; i <= nSteps; ++i) {
+        double dLon = LonWrap(tblDeck.dWest + (tblDeck.dEast - tblDeck.dWest) * i / nSteps,
+                              tblDeck.dWest >= 0.0);
+        const double dApart = std::remainder(dLon - tblCircuit.dTxLon, 360.0);
+        if (std::abs(dLat - tblCircuit.dTxLat) < kSame && std::abs(dApart) < kSame)
+            dLon = LonWrap(dLon + kFixedEast, tblDeck.dWest >= 0.0);
+        tblCircuit.dRxLat = dLat;
+        tblCircuit.dRxLon = std::remainder(dLon, 360.0);
+        PathFill(tblPath, *tbl.pIonosphere, tblCircuit);
+        HourFill(tblHour, tblPath, tblDeck.nHour == 0 ? 24 : tblDeck.nHour);
+        PredictionFill(tblPrediction, tblHour, tblDeck.dFrequency);
+        FieldAppend(sRow, NumberToText(i + 1), 3);
+        FieldAppend(sRow, NumberToText(nRow + 1), 3);
+        FieldAppend(sRow, dLat, 10, 4);
+        FieldAppend(sRow, dLon, 10, 4);
+        PointAppend(sRow, tblHour, tblPrediction);
+    }
+    sRow.copy(tbl.sPoints.data() + sRow.size() * static_cast<std::size_t>(nRow), sRow.size());
+}
+
+void RowsFill(Grid& tbl)
+{
+    const auto pPath = std::make_unique<rec533::Path>();
+    const auto pHour = std::make_unique<rec533::Hour>();
+    for (int nRow = tbl.nNextRow++; nRow < tbl.pDeck->nGrid; nRow = tbl.nNextRow++)
+        RowFill(tbl, nRow, *pPath, *pHour);
+}
+
+void HeadMake(Grid& tbl, const Antennas& tblAntennas, rec533::Behaviour eBehaviour)
+{
+    constexpr int kTitleWidth = 90;
+    const AreaDeck& tblDeck = *tbl.pDeck;
+    const double dKw = tbl.tblCircuit.dPowerKw;
+    std::string sTitle = tblDeck.sTxName + " [" + (tblAntennas.pTx ? tblAntennas.pTx->sTitle : "Isotropic")
+                         + "] " + (dKw >= 1.0 ? NumberToText(dKw) + "kW" : NumberToText(dKw * 1000.0) + "W")
+                         + " " + NumberFormat(tblDeck.tblCommon.tblTxAntenna
+                                                  ? tblDeck.tblCommon.tblTxAntenna->dAzimuth
+                                                  : 0.0, "0")
+                         + "deg " + NumberFormat(tblDeck.nHour == 0 ? 24.0 : tblDeck.nHour, "00") + "ut "
+                         + NumberFormat(tblDeck.dFrequency, "0.000") + "MHz "
+                         + std::string(MonthNameGet(tblDeck.tblCommon.nMonth)) + " "
+                         + NumberFormat(tblDeck.tblCommon.dSsn, "0") + "ssn";
+    tbl.sHead = std::string(MethodNameGet(eBehaviour)) + "\n";
+    FieldAppend(tbl.sHead, sTitle, -kTitleWidth);
+    tbl.sHead += '\n';
+    FieldAppend(tbl.sHead, NumberToText(tblDeck.nGrid), 3);
+    FieldAppend(tbl.sHead, NumberToText(tblDeck.nGrid), 3);
+    // The label's blank stands in the field's first column, so that a reader who cuts six columns from
+    // there has the whole number.
+    tbl.sHead += "  Latitude Longitude   MUF  MODE  ANGL   DBU   S/N  FS/N SNxx\n";
+}
+
+void PointsFill(Grid& tbl, int nThreads)
+{
+    const int nPoints = tbl.pDeck->nGrid * tbl.pDeck->nGrid;
+    tbl.sPoints.resize(static_cast<std::size_t>(nPoints) * kLineBytes);
+    if (nThreads == 0)
+        nThreads = static_cast<int>(std::thread::hardware_concurrency());
+    nThreads = std::clamp(std::min(nThreads, nPoints / kPointsAThread), 1, kThreadsMost);
+    std::vector<std::thread> aThreads;
+    try {
+        for (int i = 1; i < nThreads; ++i)
+            aThreads.emplace_back(RowsFill, std::ref(tbl));
+    } catch (const std::exception&) {
+        // No more threads to be had: the ones there are do the work.
+    }
+    RowsFill(tbl);
+    for (std::thread& thr : aThreads)
+        thr.join();
+}
+
+}  // namespace
+
+Result<std::string> AreaOutputMake(std::string_view sDeck, std::string_view sRoot,
+                                   rec533::Behaviour eBehaviour, int nThreads)
+{
+    constexpr int kAntennaCol = 12;
+    constexpr int kAntennaWidth = 21;
+    const Result<AreaDeck> resDeck = AreaDeckRead(sDeck);
+    if (!resDeck)
+        return resDeck.ErrorGet();
+    const AreaDeck& tblDeck = resDeck.ValueGet();
+    const DeckCommon& tblCommon = tblDeck.tblCommon;
+    const Result<Antennas> resAntennas
+        = AntennasLoad(tblCommon, sRoot, "Tx Ants", "Rec Ants", kAntennaCol, kAntennaWidth);
+    if (!resAntennas)
+        return resAntennas.ErrorGet();
+    const auto pIonosphere = std::make_unique<rec533::Ionosphere>();
+    IonosphereFill(*pIonosphere, eBehaviour,
+                   tblCommon.bUrsi ? rec533::MapSet::Ursi : rec533::MapSet::Ccir, tblCommon.nMonth,
+                   tblCommon.dSsn);
+    Grid tblGrid;
+    tblGrid.pDeck = &tblDeck;
+    tblGrid.pIonosphere = pIonosphere.get();
+    tblGrid.tblCircuit
+        = CircuitMake(tblCommon, resAntennas.ValueGet(),
+                      tblCommon.tblTxAntenna ? tblCommon.tblTxAntenna->dPowerKw : kPowerWithoutAntenna);
+    HeadMake(tblGrid, resAntennas.ValueGet(), eBehaviour);
+    PointsFill(tblGrid, nThreads);
+    return tblGrid.sHead + tblGrid.sPoints;
+}
+
+}  // namespace run533

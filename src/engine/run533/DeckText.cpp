@@ -1,0 +1,95 @@
+#include "engine/run533/DeckText.h"
+
+#include <cmath>
+
+#include "system/NumberLib.h"
+#include "system/TextLib.h"
+
+namespace run533 {
+
+std::vector<std::string_view> DeckLinesGet(std::string_view sDeck)
+{
+    std::vector<std::string_view> aLines;
+    while (!sDeck.empty()) {
+        const std::size_t nEnd = sDeck.find('\n');
+        std::string_view sLine = sDeck.substr(0, nEnd);
+        if (!sLine.empty() && sLine.back() == '\r')
+            sLine.remove_suffix(1);
+        aLines.push_back(sLine);
+        if (nEnd == std::string_view::npos)
+            break;
+        sDeck.remove_prefix(nEnd + 1);
+    }
+    return aLines;
+}
+
+std::string TextQuote(std::string_view sText)
+{
+    std::string sQuoted(1, '"');
+    sQuoted += sText;
+    sQuoted += '"';
+    return sQuoted;
+}
+
+RunError DeckErrorMake(std::string_view sCard, Columns fld, std::string_view sWhy)
+{
+    return {std::string(sCard) + ", columns " + NumberToText(fld.nCol) + "-"
+            + NumberToText(fld.nCol + fld.nWidth - 1) + ": " + std::string(sWhy)};
+}
+
+RunError DeckErrorMake(std::string_view sCard, std::string_view sWhy)
+{
+    return {std::string(sCard) + ": " + std::string(sWhy)};
+}
+
+std::string_view CardReader::TextGet(Columns fld) const
+{
+    return TextTrim(TextColumns(m_sLine, fld.nCol, fld.nWidth));
+}
+
+void CardReader::Fail(Columns fld, std::string_view sWhy)
+{
+    if (m_bFailed)
+        return;
+    m_bFailed = true;
+    m_error = DeckErrorMake(m_sCard, fld, sWhy);
+}
+
+double CardReader::NumberGet(Columns fld, double dLeast, double dMost)
+{
+    const std::string_view sText = TextGet(fld);
+    const Result<double> resNumber = NumberFromText(sText);
+    if (!resNumber) {
+        Fail(fld, TextQuote(sText) + " is not a number");
+        return dLeast;
+    }
+    const double dNumber = resNumber.ValueGet();
+    if (!(dNumber >= dLeast && dNumber <= dMost)) {
+        Fail(fld, std::string(sText) + " is not within " + NumberToText(dLeast) + " to "
+                      + NumberToText(dMost));
+        return dLeast;
+    }
+    return dNumber;
+}
+
+int CardReader::IntegerGet(Columns fld, int nLeast, int nMost)
+{
+    const double dNumber = NumberGet(fld, nLeast, nMost);
+    if (dNumber != std::floor(dNumber))
+        Fail(fld, std::string(TextGet(fld)) + " is not a whole number");
+    return static_cast<int>(dNumber);
+}
+
+double CardReader::SignedGet(Columns fldNumber, Columns fldLetter, char cPlus, char cMinus, double dMost)
+{
+    const double dNumber = NumberGet(fldNumber, 0.0, dMost);
+    const std::string_view sLetter = TextGet(fldLetter);
+    if (sLetter.size() == 1 && sLetter[0] == cPlus)
+        return dNumber;
+    if (sLetter.size() == 1 && sLetter[0] == cMinus)
+        return -dNumber;
+    Fail(fldLetter, std::string("neither ") + cPlus + " nor " + cMinus);
+    return 0.0;
+}
+
+}  // namespace run533

@@ -1,0 +1,58 @@
+/// @file DeckText.h
+/// Reading fields from the fixed columns of a deck's lines.
+///
+/// Errors:  one line that names the card and its columns, ready for the user.
+/// Tests:   tests/engine/PointDeckTest.cpp, tests/engine/AreaDeckTest.cpp
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "system/Result.h"
+
+namespace run533 {
+
+/// A field of a card: columns from 1.
+struct Columns {
+    int nCol;
+    int nWidth;
+};
+
+/// Lines of a deck without their ends (LF or CR LF); empty ones stay.
+[[nodiscard]] std::vector<std::string_view> DeckLinesGet(std::string_view sDeck);
+
+/// The text between quotation marks.
+[[nodiscard]] std::string TextQuote(std::string_view sText);
+/// "NAME, columns 11-15: why".
+[[nodiscard]] RunError DeckErrorMake(std::string_view sCard, Columns fld, std::string_view sWhy);
+/// "NAME: why".
+[[nodiscard]] RunError DeckErrorMake(std::string_view sCard, std::string_view sWhy);
+
+/// Reads the fields of one card and keeps the first error.
+class CardReader {
+public:
+    CardReader(std::string_view sCard, std::string_view sLine) : m_sCard(sCard), m_sLine(sLine) {}
+
+    /// The field's text, blanks at both ends dropped.
+    [[nodiscard]] std::string_view TextGet(Columns fld) const;
+    /// A number within its limits.
+    double NumberGet(Columns fld, double dLeast, double dMost);
+    /// A whole number within its limits; "11." and "11.00" are whole.
+    int IntegerGet(Columns fld, int nLeast, int nMost);
+    /// One of two letters behind an absolute value: the sign. fldLetter is one wide.
+    double SignedGet(Columns fldNumber, Columns fldLetter, char cPlus, char cMinus, double dMost);
+    /// Remembers an error of the caller's own.
+    void Fail(Columns fld, std::string_view sWhy);
+
+    [[nodiscard]] bool Failed() const { return m_bFailed; }
+    [[nodiscard]] RunError ErrorGet() const { return m_error; }
+
+private:
+    std::string_view m_sCard;
+    std::string_view m_sLine;
+    bool m_bFailed = false;
+    RunError m_error;
+};
+
+}  // namespace run533

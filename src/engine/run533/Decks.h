@@ -1,0 +1,75 @@
+/// @file Decks.h
+/// The two decks of the REC533 slot, read in the columns that Hopcast writes.
+///
+/// Units:   degrees, MHz, kW, dB, percent.
+/// Errors:  one line naming card and columns. Every card but the antenna cards must be there.
+/// Tests:   tests/engine/PointDeckTest.cpp, tests/engine/AreaDeckTest.cpp
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/rec533/Units.h"
+#include "system/Result.h"
+
+namespace run533 {
+
+inline constexpr int kFrequenciesMost = 10;
+inline constexpr double kFrequencyLeast = 0.1;  ///< MHz
+inline constexpr double kFrequencyMost = 45.0;
+inline constexpr double kSsnMost = 311.0;       ///< smoothed sunspot number
+inline constexpr int kGridLeast = 2;            ///< points a side
+inline constexpr int kGridMost = 999;
+inline constexpr double kPowerWithoutAntenna = 1.0;  ///< kW, area decks without antenna cards
+
+/// An antenna as a deck names it.
+struct AntennaCard {
+    std::string sName;      ///< as it stands between the brackets, "DEFAULT\SWWHIP.VOA   "
+    double dAzimuth = 0.0;  ///< degrees
+    double dPowerKw = 0.0;  ///< 0 at a receiver
+};
+
+/// What both decks have.
+struct DeckCommon {
+    bool bUrsi = false;
+    double dSsn = 0.0;
+    int nMonth = 1;
+    double dTxLat = 0.0, dTxLon = 0.0;
+    double dNoise = -145.0;          ///< dBW in 1 Hz at 3 MHz; either sign in the deck
+    double dLeastElevation = 3.0;    ///< degrees
+    double dReliability = 50.0;      ///< percent
+    double dRequiredSnr = 40.0;      ///< dB
+    double dBandwidth = 1.0;         ///< Hz
+    std::optional<AntennaCard> tblTxAntenna, tblRxAntenna;
+};
+
+struct PointDeck {
+    DeckCommon tblCommon;
+    int nYear = 0;
+    std::string sTxName, sRxName;
+    double dRxLat = 0.0, dRxLon = 0.0;
+    double dPowerKw = 1.0;              ///< of the SYST card; an antenna card's goes before it
+    std::vector<double> aFrequencies;   ///< 1 to 10, as they stand, usable or not
+};
+
+struct AreaDeck {
+    DeckCommon tblCommon;
+    std::string sTxName;
+    double dWest = 0.0, dEast = 0.0, dSouth = 0.0, dNorth = 0.0;
+    int nGrid = 0;
+    int nHour = 0;            ///< 0 to 24
+    double dFrequency = 0.0;
+};
+
+/// True for a frequency that the method takes.
+[[nodiscard]] inline bool FrequencyUsable(double dFrequency)
+{
+    return dFrequency >= kFrequencyLeast && dFrequency <= kFrequencyMost;
+}
+
+[[nodiscard]] Result<PointDeck> PointDeckRead(std::string_view sDeck);
+[[nodiscard]] Result<AreaDeck> AreaDeckRead(std::string_view sDeck);
+
+}  // namespace run533

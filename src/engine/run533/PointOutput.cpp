@@ -1,0 +1,253 @@
+#include <array>
+
+#include "engine/run533/FieldText.h"
+#include "engine/run533/Luf.h"
+#include "engine/run533/Run.h"
+#include "engine/run533/RunParts.h"
+
+namespace run533 {
+namespace {
+
+constexpr int kColumns = 1 + kFrequenciesMost;  // the MUF's own, then the frequencies
+constexpr int kHoursAPage = 5;
+constexpr double kUnused = -999.0;
+constexpr double kKmPerMile = 1.852;
+constexpr double kSameEast = 0.01;  // degrees: both ends at one place are told apart by it
+
+// One column of an hour's block.
+struct Column {
+    bool bUsed = false;
+    double dFrequency = 0.0;
+    rec533::Prediction tbl;
+};
+
+struct Page {
+    const PointDeck* pDeck = nullptr;
+    const Antennas* pAntennas = nullptr;
+    rec533::Path tblPath;
+    rec533::Hour tblHour;
+    std::array<Column, kColumns> aColumns;
+    std::string_view sMethod;
+    double dRxLon = 0.0;
+    double dTxAzimuth = 0.0, dRxAzimuth = 0.0;  // degrees
+    std::string sText;
+};
+
+void PlaceAppend(std::string& s, double dLat, double dLon)
+{
+    FieldAppend(s, std::abs(dLat), 6, 2);
+    s += dLat > 0.0 ? " N" : " S";
+    FieldAppend(s, std::abs(dLon), 8, 2);
+    s += dLon > 0.0 ? " E" : " W";
+}
+
+void AntennaAppend(Page& tbl, const char* sSide, const AntennaCard& tblCard, double dAzimuth, bool bPower)
+{
+    std::string& s = tbl.sText;
+    s += ' ';
+    s += sSide;
+    s += "  2-30 2-D Table [";
+    FieldAppend(s, tblCard.sName, -21);
+    s += "] Az=";
+    FieldAppend(s, tblCard.dAzimuth, 5, 1);
+    s += " OFFaz=";
+    std::string sOff;
+    FieldAppend(sOff, std::abs(dAzimuth - tblCard.dAzimuth), 6, 1);
+    s += sOff.substr(1);
+    if (bPower) {
+        FieldAppend(s, tblCard.dPowerKw, 8, 3);
+        s += "kW";
+    }
+    s += '\n';
+}
+
+void HeadAppend(Page& tbl, int nPage)
+{
+    const PointDeck& tblDeck = *tbl.pDeck;
+    const DeckCommon& tblCommon = tblDeck.tblCommon;
+    std::string& s = tbl.sText;
+    s += nPage > 1 ? '\f' : ' ';
+    s += tblCommon.bUrsi ? "URSI" : "CCIR";
+    s += " Coefficients  METHOD  6   ";
+    FieldAppend(s, tbl.sMethod, -36);
+    s += "PAGE";
+    FieldAppend(s, nPage, 4, 0);
+    s += "\n                                                  Analog modulation\n ";
+    s += MonthNameGet(tblCommon.nMonth);
+    FieldAppend(s, tblDeck.nYear, 8, 0);
+    s += "          SSN =";
+    FieldAppend(s, tblCommon.dSsn, 4, 0);
+    s += ".                      Path\n ";
+    FieldAppend(s, tblDeck.sTxName, -20);
+    FieldAppend(s, tblDeck.sRxName, -20);
+    s += "   AZIMUTHS <Short> N. MI.      KM\n";
+    PlaceAppend(s, tblCommon.dTxLat, tblCommon.dTxLon);
+    s += "  ";
+    PlaceAppend(s, tblDeck.dRxLat, tbl.dRxLon);
+    FieldAppend(s, tbl.dTxAzimuth, 10, 2);
+    FieldAppend(s, tbl.dRxAzimuth, 8, 2);
+    FieldAppend(s, tbl.tblPath.tblWay.dKm / kKmPerMile, 10, 1);
+    FieldAppend(s, tbl.tblPath.tblWay.dKm, 9, 1);
+    s += "\n MIN ANG";
+    FieldAppend(s, tbl.tblPath.tblCircuit.dLeastElevation, 5, 1);
+    s += " DEG\n";
+    if (tblCommon.tblTxAntenna)
+        AntennaAppend(tbl, "XMTR", *tblCommon.tblTxAntenna, tbl.dTxAzimuth, true);
+    if (tblCommon.tblRxAntenna)
+        AntennaAppend(tbl, "RCVR", *tblCommon.tblRxAntenna, tbl.dRxAzimuth, false);
+    s += " NOISE";
+    FieldAppend(s, tbl.tblPath.tblCircuit.dNoiseLevel, 5, 0);
+    s += " dBW           S/N";
+    FieldAppend(s, tbl.tblPath.tblCircuit.dRequiredReliability, 3, 0);
+    s += "% of Days @";
+    FieldAppend(s, tblCommon.dRequiredSnr, 4, 0);
+    s += " dB  in";
+    FieldAppend(s, tblCommon.dBandwidth, 5, 0);
+    s += " Hz RX Bandwidth\n\n"
+         " UT  MUF                                                         LUF  FOT OPMUF\n\n";
+}
+
+// A column's mode: "1F2", a dash where the long method rules, 0 where the column is unused.
+void ModeAppend(std::string& s, const Column& tbl)
+{
+    if (!tbl.bUsed) {
+        s += "  0  ";
+        return;
+    }
+    if (tbl.tbl.pMode == nullptr) {
+        s += "   - ";
+        return;
+    }
+    char aName[6] = "     ";
+    const int nHops = tbl.tbl.pMode->nHops;
+    aName[1] = nHops >= 10 ? static_cast<char>('0' + nHops / 10) : ' ';
+    aName[2] = static_cast<char>('0' + nHops % 10);
+    aName[3] = tbl.tbl.pMode->bE ? 'E' : 'F';
+    aName[4] = tbl.tbl.pMode->bE ? ' ' : '2';
+    s += aName;
+}
+
+void AngleAppend(std::string& s, const Column& tbl)
+{
+    if (tbl.bUsed && tbl.tbl.pMode == nullptr)
+        s += "   - ";
+    else
+        FieldAppend(s, tbl.bUsed ? tbl.tbl.dElevation * rec533::kDegrees : 0.0, 5, 0);
+}
+
+template <class ValueFn>
+void RowAppend(Page& tbl, const char* sLabel, ValueFn fnAppend)
+{
+    tbl.sText += "   ";
+    for (const Column& tblColumn : tbl.aColumns)
+        fnAppend(tbl.sText, tblColumn);
+    tbl.sText += ' ';
+    tbl.sText += sLabel;
+    tbl.sText += '\n';
+}
+
+template <class ValueFn>
+void NumberRowAppend(Page& tbl, const char* sLabel, ValueFn fnValue)
+{
+    RowAppend(tbl, sLabel, [&](std::string& s, const Column& tblColumn) {
+        FieldAppend(s, tblColumn.bUsed ? fnValue(tblColumn) : kUnused, 5, 0);
+    });
+}
+
+void HourLineAppend(Page& tbl, double dLuf)
+{
+    std::string& s = tbl.sText;
+    FieldAppend(s, tbl.tblHour.nLabel, 3, 0);
+    FieldAppend(s, tbl.tblHour.dMuf, 5, 1);
+    for (std::size_t i = 1; i < tbl.aColumns.size(); ++i)
+        FieldAppend(s, tbl.aColumns[i].bUsed ? tbl.aColumns[i].dFrequency : 0.0, 5, 1);
+    s += " FREQ";
+    FieldAppend(s, dLuf, 5, 1);
+    FieldAppend(s, tbl.tblHour.dOperational90, 5, 1);
+    FieldAppend(s, tbl.tblHour.dOperational, 6, 1);
+    s += '\n';
+}
+
+void BlockAppend(Page& tbl, double dLuf)
+{
+    constexpr double kPicowatt = 120.0;  // dBW to dBpW
+    HourLineAppend(tbl, dLuf);
+    RowAppend(tbl, "MODE", ModeAppend);
+    RowAppend(tbl, "ANGL", AngleAppend);
+    NumberRowAppend(tbl, "DBU ", [](const Column& c) { return c.tbl.dField; });
+    NumberRowAppend(tbl, "dBpW", [](const Column& c) { return c.tbl.dPower + kPicowatt; });
+    NumberRowAppend(tbl, "S/N ", [](const Column& c) { return c.tbl.tblSnr.dMedian; });
+    RowAppend(tbl, "FS/N", [](std::string& s, const Column& c) {
+        FieldAppend(s, c.bUsed ? std::clamp(c.tbl.tblSnr.dReliability / 100.0, 0.01, 0.99) : 0.0, 5, 2);
+    });
+    NumberRowAppend(tbl, "SNxx", [](const Column& c) { return c.tbl.tblSnr.dExceeded; });
+}
+
+void HourAppend(Page& tbl, int nLabel)
+{
+    HourFill(tbl.tblHour, tbl.tblPath, nLabel);
+    tbl.aColumns[0].dFrequency = tbl.tblHour.dMuf;
+    for (Column& tblColumn : tbl.aColumns) {
+        tblColumn.bUsed = FrequencyUsable(tblColumn.dFrequency);
+        if (tblColumn.bUsed)
+            PredictionFill(tblColumn.tbl, tbl.tblHour, tblColumn.dFrequency);
+    }
+    BlockAppend(tbl, LufGet(tbl.tblHour));
+}
+
+void PathMake(Page& tbl, const rec533::Ionosphere& tblIonosphere)
+{
+    const PointDeck& tblDeck = *tbl.pDeck;
+    const DeckCommon& tblCommon = tblDeck.tblCommon;
+    const double dPower = tblCommon.tblTxAntenna ? tblCommon.tblTxAntenna->dPowerKw : tblDeck.dPowerKw;
+    rec533::Circuit tblCircuit = CircuitMake(tblCommon, *tbl.pAntennas, dPower);
+    const bool bSame = tblCommon.dTxLat == tblDeck.dRxLat && tblCommon.dTxLon == tblDeck.dRxLon;
+    tbl.dRxLon = tblDeck.dRxLon + (bSame ? kSameEast : 0.0);
+    tblCircuit.dRxLat = tblDeck.dRxLat;
+    tblCircuit.dRxLon = tbl.dRxLon;
+    PathFill(tbl.tblPath, tblIonosphere, tblCircuit);
+    const rec533::GreatCircle& tblWay = tbl.tblPath.tblWay;
+    tbl.dTxAzimuth = rec533::BearingGet(tblWay.tblFrom, tblWay.tblTo) * rec533::kDegrees;
+    tbl.dRxAzimuth = rec533::BearingGet(tblWay.tblTo, tblWay.tblFrom) * rec533::kDegrees;
+    for (std::size_t i = 0; i < tblDeck.aFrequencies.size(); ++i)
+        tbl.aColumns[i + 1].dFrequency = tblDeck.aFrequencies[i];
+}
+
+}  // namespace
+
+Result<std::string> PointOutputMake(std::string_view sDeck, std::string_view sRoot,
+                                    rec533::Behaviour eBehaviour)
+{
+    constexpr int kAntennaCol = 42;
+    constexpr int kAntennaWidth = 21;
+    constexpr std::size_t kOutputBytes = 17000;
+    const Result<PointDeck> resDeck = PointDeckRead(sDeck);
+    if (!resDeck)
+        return resDeck.ErrorGet();
+    const DeckCommon& tblCommon = resDeck.ValueGet().tblCommon;
+    const Result<Antennas> resAntennas
+        = AntennasLoad(tblCommon, sRoot, "ANTENNA 1", "ANTENNA 2", kAntennaCol, kAntennaWidth);
+    if (!resAntennas)
+        return resAntennas.ErrorGet();
+    const auto pIonosphere = std::make_unique<rec533::Ionosphere>();
+    IonosphereFill(*pIonosphere, eBehaviour,
+                   tblCommon.bUrsi ? rec533::MapSet::Ursi : rec533::MapSet::Ccir, tblCommon.nMonth,
+                   tblCommon.dSsn);
+    const auto pPage = std::make_unique<Page>();
+    pPage->pDeck = &resDeck.ValueGet();
+    pPage->pAntennas = &resAntennas.ValueGet();
+    pPage->sMethod = MethodNameGet(eBehaviour);
+    pPage->sText.reserve(kOutputBytes);
+    PathMake(*pPage, *pIonosphere);
+    for (int i = 0; i < 24; ++i) {
+        if (i % kHoursAPage == 0)
+            HeadAppend(*pPage, i / kHoursAPage + 1);
+        else
+            pPage->sText += '\n';
+        HourAppend(*pPage, i == 0 ? 24 : i);
+    }
+    pPage->sText += " End-of-Run\n";
+    return std::move(pPage->sText);
+}
+
+}  // namespace run533

@@ -1,0 +1,64 @@
+#include "engine/run533/RunParts.h"
+
+#include <algorithm>
+#include <array>
+
+#include "engine/run533/DeckText.h"
+
+namespace run533 {
+
+Result<Antennas> AntennasLoad(const DeckCommon& tbl, std::string_view sRoot, std::string_view sTxCard,
+                              std::string_view sRxCard, int nCol, int nWidth)
+{
+    Antennas tblAntennas;
+    for (const bool bTx : {true, false}) {
+        const auto& tblCard = bTx ? tbl.tblTxAntenna : tbl.tblRxAntenna;
+        if (!tblCard)
+            continue;
+        Result<AntennaLoaded> resLoaded = AntennaLoad(sRoot, tblCard->sName);
+        if (!resLoaded)
+            return DeckErrorMake(bTx ? sTxCard : sRxCard, {nCol, nWidth}, resLoaded.TextGet());
+        (bTx ? tblAntennas.pTx : tblAntennas.pRx) = std::make_unique<AntennaLoaded>(resLoaded.ValueGet());
+    }
+    return tblAntennas;
+}
+
+rec533::Circuit CircuitMake(const DeckCommon& tbl, const Antennas& tblAntennas, double dPowerKw)
+{
+    constexpr double kNoiseLeast = -200.0;  // dBW in 1 Hz at 3 MHz; quiet rural is -164, cities -127
+    constexpr double kNoiseMost = -100.0;
+    rec533::Circuit tblCircuit;
+    tblCircuit.dTxLat = tbl.dTxLat;
+    tblCircuit.dTxLon = tbl.dTxLon;
+    tblCircuit.dPowerKw = dPowerKw;
+    tblCircuit.eNoise = rec533::NoiseCategory::Level;
+    tblCircuit.dNoiseLevel = std::clamp(tbl.dNoise, kNoiseLeast, kNoiseMost);
+    tblCircuit.dRequiredSnr = tbl.dRequiredSnr;
+    tblCircuit.dRequiredReliability = tbl.dReliability;
+    tblCircuit.dBandwidth = tbl.dBandwidth;
+    tblCircuit.dLeastElevation = tbl.dLeastElevation;
+    tblCircuit.pTx = tblAntennas.pTx ? &tblAntennas.pTx->tblAntenna : nullptr;
+    tblCircuit.pRx = tblAntennas.pRx ? &tblAntennas.pRx->tblAntenna : nullptr;
+    return tblCircuit;
+}
+
+std::string_view MethodNameGet(rec533::Behaviour eBehaviour)
+{
+    switch (eBehaviour) {
+        case rec533::Behaviour::Reference:
+            return "P.533 as the ITU program";
+        case rec533::Behaviour::Corrected:
+            return "P.533 corrected";
+        default:
+            return "P.533 with long-path rule";
+    }
+}
+
+std::string_view MonthNameGet(int nMonth)
+{
+    constexpr std::array<std::string_view, 12> kNames{"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
+                                                      "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
+    return kNames[static_cast<std::size_t>(nMonth - 1)];
+}
+
+}  // namespace run533

@@ -1,0 +1,130 @@
+#include "ui/map/MapControls.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+#include <array>
+
+#include "ui/map/MapGraticule.h"
+
+namespace {
+
+constexpr int kFlagMargin = 4;
+constexpr int kPinLong = 9;
+constexpr int kPinRadius = 2;
+constexpr int kDotSize = 9;
+
+/// Colours that differ in lightness, too; from Okabe and Ito's set for all kinds of colour vision.
+constexpr std::array<QRgb, 6> kSystemColours{
+    qRgb(0xD5, 0x5E, 0x00), qRgb(0x00, 0x72, 0xB2), qRgb(0x00, 0x9E, 0x73),
+    qRgb(0xCC, 0x79, 0xA7), qRgb(0xF0, 0xE4, 0x42), qRgb(0x56, 0xB4, 0xE9),
+};
+
+QPainterPath SymbolGetPath(int iSystem, const QRectF& rct)
+{
+    QPainterPath pth;
+    switch ((iSystem - 1) % 4) {
+        case 1:
+            pth.addRect(rct.adjusted(0.5, 0.5, -0.5, -0.5));
+            break;
+        case 2:
+            pth.addPolygon(QPolygonF({{rct.center().x(), rct.top()},
+                                      {rct.right(), rct.bottom()},
+                                      {rct.left(), rct.bottom()}}));
+            pth.closeSubpath();
+            break;
+        case 3:
+            pth.addPolygon(QPolygonF({{rct.center().x(), rct.top()},
+                                      {rct.right(), rct.center().y()},
+                                      {rct.center().x(), rct.bottom()},
+                                      {rct.left(), rct.center().y()}}));
+            pth.closeSubpath();
+            break;
+        default:
+            pth.addEllipse(rct);
+    }
+    return pth;
+}
+
+}  // namespace
+
+PctMap::PctMap(QWidget* pParent) : MouseControl(pParent)
+{
+    setMouseTracking(true);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setCursor(Qt::CrossCursor);
+}
+
+void PctMap::PictureSize()
+{
+    if (m_img.size() == size())
+        return;
+    m_img = QImage(size(), QImage::Format_RGB32);
+    m_img.fill(kMapBackground);
+}
+
+void PctMap::paintEvent(QPaintEvent* /*pEvent*/)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(kMapBackground));
+    painter.drawImage(0, 0, m_img);
+    if (m_fnLayersPaint)
+        m_fnLayersPaint(painter);
+}
+
+MarkerLabel::MarkerLabel(const QString& sText, bool bDark, QWidget* pParent)
+    : MouseControl(pParent), m_sText(sText), m_bDark(bDark)
+{
+    setMouseTracking(true);
+    setCursor(Qt::SizeAllCursor);
+    QFont fnt = font();
+    fnt.setBold(true);
+    setFont(fnt);
+    const QFontMetrics metrics(fnt);
+    const int nFlagHeight = metrics.height() + 2;
+    // Odd, so that the centre is a pixel.
+    const int nWidth = (metrics.horizontalAdvance(sText) + 2 * kFlagMargin) | 1;
+    resize(nWidth, 2 * (nFlagHeight + kPinLong) + 1);
+    const QRect rctPin(nWidth / 2 - kPinRadius, nFlagHeight, 2 * kPinRadius + 1,
+                       kPinLong + kPinRadius + 1);
+    setMask(QRegion(FlagGetRect()) + QRegion(rctPin));
+}
+
+QRect MarkerLabel::FlagGetRect() const { return {0, 0, width(), height() / 2 - kPinLong}; }
+
+void MarkerLabel::paintEvent(QPaintEvent* /*pEvent*/)
+{
+    const QColor clrFill = m_bDark ? QColor(0x0B, 0x2E, 0x6B) : QColor(0xFF, 0xC8, 0x1E);
+    const QColor clrText = m_bDark ? Qt::white : Qt::black;
+    const QColor clrEdge = m_bDark ? Qt::white : Qt::black;
+    const QRect rctFlag = FlagGetRect();
+    const QPoint ptPin(width() / 2, height() / 2);
+    QPainter painter(this);
+    painter.fillRect(QRect(ptPin.x() - 1, rctFlag.bottom(), 3, kPinLong + 1), clrEdge);
+    painter.fillRect(QRect(ptPin.x() - kPinRadius, ptPin.y() - kPinRadius, 2 * kPinRadius + 1,
+                           2 * kPinRadius + 1),
+                     clrEdge);
+    painter.fillRect(QRect(ptPin.x(), rctFlag.bottom(), 1, kPinLong + 1), clrFill);
+    painter.fillRect(QRect(ptPin - QPoint(1, 1), QSize(3, 3)), clrFill);
+    painter.setPen(clrEdge);
+    painter.setBrush(clrFill);
+    painter.drawRect(rctFlag.adjusted(0, 0, -1, -1));
+    painter.setPen(clrText);
+    painter.drawText(rctFlag, Qt::AlignCenter, m_sText);
+}
+
+StationDot::StationDot(int iSystem, QWidget* pParent) : MouseControl(pParent), m_iSystem(iSystem)
+{
+    resize(kDotSize, kDotSize);
+    setCursor(Qt::ArrowCursor);
+}
+
+void StationDot::paintEvent(QPaintEvent* /*pEvent*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::black);
+    painter.setBrush(
+        QColor(kSystemColours[static_cast<std::size_t>(m_iSystem - 1) % kSystemColours.size()]));
+    painter.drawPath(SymbolGetPath(m_iSystem, QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5)));
+}

@@ -1,0 +1,85 @@
+/// @file MapControls.h
+/// The painted controls of the map window: the map picture, the two markers, the station symbols,
+/// and the small pictures on its buttons.
+///
+/// Tests:   tests/ui/map/frmMapMarkersTest.cpp, frmMapStationsTest.cpp
+#pragma once
+
+#include <QIcon>
+#include <QImage>
+#include <QMouseEvent>
+#include <QWidget>
+#include <functional>
+
+#include "ui/map/MapView.h"
+
+/// A control that hands its mouse on. Positions are the control's own pixels.
+class MouseControl : public QWidget {
+    Q_OBJECT
+public:
+    using QWidget::QWidget;
+
+Q_SIGNALS:
+    void MouseDown(QMouseEvent* pEvent);
+    void MouseMove(QMouseEvent* pEvent);
+    void MouseUp(QMouseEvent* pEvent);
+
+protected:
+    void mousePressEvent(QMouseEvent* pEvent) override { Q_EMIT MouseDown(pEvent); }
+    void mouseMoveEvent(QMouseEvent* pEvent) override { Q_EMIT MouseMove(pEvent); }
+    void mouseReleaseEvent(QMouseEvent* pEvent) override { Q_EMIT MouseUp(pEvent); }
+    /// A second press in short time is a press.
+    void mouseDoubleClickEvent(QMouseEvent* pEvent) override { Q_EMIT MouseDown(pEvent); }
+};
+
+/// The map picture: an image, and layers above it that are painted afresh each time.
+class PctMap final : public MouseControl {
+    Q_OBJECT
+public:
+    explicit PctMap(QWidget* pParent);
+    /// A picture of this control's size in the background's colour, unless it has this size.
+    void PictureSize();
+
+    QImage m_img;
+    std::function<void(QPainter&)> m_fnLayersPaint;
+
+Q_SIGNALS:
+    void Wheel(QWheelEvent* pEvent);
+
+protected:
+    void paintEvent(QPaintEvent* pEvent) override;
+    void wheelEvent(QWheelEvent* pEvent) override { Q_EMIT Wheel(pEvent); }
+};
+
+/// A marker: a flag with its text on a pin that stands in the control's centre, the place marked.
+/// Below the pin the control is empty and lets the mouse through.
+class MarkerLabel final : public MouseControl {
+    Q_OBJECT
+public:
+    /// @param bDark  white on dark blue, else black on yellow.
+    MarkerLabel(const QString& sText, bool bDark, QWidget* pParent);
+
+protected:
+    void paintEvent(QPaintEvent* pEvent) override;
+
+private:
+    [[nodiscard]] QRect FlagGetRect() const;
+    QString m_sText;
+    bool m_bDark;
+};
+
+/// A station's symbol: nine pixels, colour and shape by its system (from 1).
+class StationDot final : public MouseControl {
+    Q_OBJECT
+public:
+    StationDot(int iSystem, QWidget* pParent);
+
+protected:
+    void paintEvent(QPaintEvent* pEvent) override;
+
+private:
+    int m_iSystem;
+};
+
+/// Pictures of the buttons: "Overlay", "Stations", "Path", "Night"; another key gives none.
+[[nodiscard]] QIcon MapPictureGet(const QString& sKey);

@@ -1,0 +1,78 @@
+#include "ui/map/MapLegend.h"
+
+#include <algorithm>
+
+#include "system/NumberLib.h"
+#include "ui/map/MapPaint.h"
+
+namespace {
+
+constexpr float kHighest = 70.0F;  // the scale of SnrGetColor: bands of 5 dB above 40 dB
+constexpr float kLowest = 40.0F;
+constexpr float kBand = 5.0F;
+constexpr int kMargin = 6;
+constexpr int kSwatch = 16;
+
+QString Text(float fSnr) { return QString::fromStdString(NumberToText(fSnr)); }
+
+QString RowText(float fLow, float fHigh)
+{
+    return QStringLiteral("%1 to %2").arg(Text(fLow), Text(fHigh));
+}
+
+}  // namespace
+
+std::vector<LegendRow> LegendGetRows(float fMinSnr,
+                                     const std::function<std::uint32_t(float fSnr)>& fnColour)
+{
+    const auto ColourGet = [&](float fSnr) { return PixelFromColour(fnColour(fSnr)); };
+    std::vector<LegendRow> aRows;
+    aRows.push_back({QStringLiteral("%1 and above").arg(Text(std::max(kHighest, fMinSnr))),
+                     ColourGet(kHighest), true});
+    for (float fLow = kHighest - kBand; fLow >= kLowest; fLow -= kBand) {
+        const bool bDrawn = fMinSnr < fLow + kBand;
+        aRows.push_back({RowText(bDrawn ? std::max(fLow, fMinSnr) : fLow, fLow + kBand),
+                         ColourGet(fLow), bDrawn});
+    }
+    const bool bGrey = fMinSnr < kLowest;
+    aRows.push_back(
+        {bGrey ? RowText(fMinSnr, kLowest) : QStringLiteral("below %1").arg(Text(kLowest)),
+         ColourGet(kLowest - 1), bGrey});
+    return aRows;
+}
+
+QRect LegendPaint(QPainter& painter, const QRect& rctMap, const std::vector<LegendRow>& aRows,
+                  float fMinSnr)
+{
+    const QString sHead = QStringLiteral("SNR (dB)");
+    const QString sMin = QStringLiteral("drawn from %1").arg(Text(fMinSnr));
+    const QFontMetrics metrics = painter.fontMetrics();
+    const int nLine = std::max(metrics.height() + 2, kSwatch);
+    int nText = 0;
+    for (const LegendRow& row : aRows)
+        nText = std::max(nText, metrics.horizontalAdvance(row.sText) + kSwatch + kMargin);
+    nText = std::max({nText, metrics.horizontalAdvance(sHead), metrics.horizontalAdvance(sMin)});
+    const int nHeight = nLine * (static_cast<int>(aRows.size()) + 2) + 2 * kMargin;
+    const int nWidth = nText + 2 * kMargin;
+    const QRect rct(rctMap.right() - nWidth - kMargin, rctMap.center().y() - nHeight / 2, nWidth,
+                    nHeight);
+    painter.setPen(QColor(0x60, 0x60, 0x60));
+    painter.setBrush(QColor(255, 255, 255, 235));
+    painter.drawRect(rct.adjusted(0, 0, -1, -1));
+    QRect rctLine(rct.left() + kMargin, rct.top() + kMargin, nText, nLine);
+    painter.setPen(Qt::black);
+    painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, sHead);
+    for (const LegendRow& row : aRows) {
+        rctLine.translate(0, nLine);
+        const QRect rctSwatch(rctLine.left(), rctLine.top() + 2, kSwatch, nLine - 4);
+        painter.setPen(row.bDrawn ? Qt::black : Qt::gray);
+        painter.setBrush(row.bDrawn ? QBrush(QColor(row.nColour)) : QBrush(Qt::NoBrush));
+        painter.drawRect(rctSwatch.adjusted(0, 0, -1, -1));
+        painter.drawText(rctLine.adjusted(kSwatch + kMargin, 0, 0, 0),
+                         Qt::AlignLeft | Qt::AlignVCenter, row.sText);
+    }
+    rctLine.translate(0, nLine);
+    painter.setPen(Qt::black);
+    painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, sMin);
+    return rct;
+}

@@ -1,0 +1,30 @@
+/// @file MapLegend.h
+/// The scale of the overlay's colours, drawn at the map's right edge.
+///
+/// Units:   dB; colours 0x00BBGGRR.
+/// Tests:   tests/ui/map/MapLegendTest.cpp
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+#include <QRect>
+#include <QString>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+struct LegendRow {
+    QString sText;  ///< "70 and above", "40 to 45", "below 40"
+    QRgb nColour = 0;
+    bool bDrawn = true;  ///< false: wholly below the least SNR that is painted
+};
+
+/// The bands of the colour scale from the best down.
+/// @param fMinSnr   least SNR that is painted; a band that it cuts names it as its lower end.
+[[nodiscard]] std::vector<LegendRow> LegendGetRows(
+    float fMinSnr, const std::function<std::uint32_t(float fSnr)>& fnColour);
+
+/// Paints the rows and a line with the minimum; bands that are not drawn show as empty boxes.
+/// @return the rectangle that was painted on.
+QRect LegendPaint(QPainter& painter, const QRect& rctMap, const std::vector<LegendRow>& aRows,
+                  float fMinSnr);

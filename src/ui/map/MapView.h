@@ -1,0 +1,110 @@
+/// @file MapView.h
+/// Which part of the world image a map picture shows: ordinates, view box, zoom, and the way
+/// between positions and pixels. No widgets.
+///
+/// Units:   degrees (north and east positive); map degrees for ordinates, +90 at the image's top
+///          edge; image pixels and picture pixels. View longitudes are on the 0..360 scale, but a
+///          view wider or beyond the image runs below 0 or above 360.
+/// Domain:  any finite or not-a-number argument; a scale is never zero, negative or not-a-number.
+///          Pixels are rounded half to even and kept within the 32-bit range.
+/// Errors:  none reported.
+/// Source:  Mercator projection, with the constant pi = 3.14159265358979.
+/// Tests:   tests/ui/map/MapViewTest.cpp
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+
+#include "ui/map/WorldImage.h"
+
+struct LatLon {
+    double dLat = 0.0;
+    double dLon = 0.0;
+};
+
+struct MapBox {
+    double dTop = 90.0;
+    double dLeft = 0.0;
+    double dBottom = -90.0;
+    double dRight = 360.0;
+};
+
+/// What one zoom asks for: image pixels per picture pixel, and the centre.
+struct MapZoom {
+    double dScale = 1.0;
+    double dCenterLat = 0.0;
+    double dCenterLon = 0.0;
+};
+
+/// Closest zoom, image pixels per picture pixel; 1200 picture pixels are then 0.12 degrees.
+inline constexpr double kScaleMin = 0.1;
+
+/// The kinds of control that a position can be taken on.
+enum class MapControl { Map, Frame, Marker, Other };
+
+class MapView {
+public:
+    MapBox m_box;
+    double m_dScale = 1.0;  ///< image pixels per picture pixel
+    int m_nMapWidth = 1;    ///< of the picture, pixels
+    int m_nMapHeight = 1;
+    int m_nOffsetX = 0;  ///< place of the picture in its frame
+    int m_nOffsetY = 0;
+    int m_nImgWidth = kImgWidth;
+    int m_nImgHeight = kImgHeight;
+    QRect m_rctSource;  ///< shown rectangle of the image, image pixels; may reach beyond it
+
+    /// Place of a latitude on the linear scale of the image; a latitude of 90 and beyond is its own
+    /// ordinate.
+    [[nodiscard]] double LatGetOrdinate(double dLat) const;
+    /// The inverse; an ordinate of 90 and beyond is its own latitude.
+    [[nodiscard]] double OrdinateGetLat(double dOrdinate) const;
+
+    /// The zoom at which the whole box fits. The centre's latitude is the plain mean of the two
+    /// latitudes, unlike CenterGet's; this is intended.
+    [[nodiscard]] MapZoom BoxGetZoom(const MapBox& box) const;
+    /// Shows the image at this zoom: sets the scale, the source rectangle and, from its whole
+    /// pixels, the box.
+    void ZoomSet(const MapZoom& zoom);
+    /// True when part of the picture shows no image.
+    [[nodiscard]] bool IsBeyondImage() const;
+    /// The picture's rectangle that shows the image; empty when none does.
+    [[nodiscard]] QRect ImageGetRect() const;
+    /// Centre of the view: the middle in map ordinates.
+    [[nodiscard]] LatLon CenterGet() const;
+
+    /// Position on a control. dX and dY are the control's pixels; for a marker they are ignored and
+    /// the middle of its rectangle on the picture counts. Another control gives 0, 0.
+    [[nodiscard]] LatLon PointGetLatLon(MapControl eControl, double dX, double dY,
+                                        const QRect& rctMarker = {}) const;
+    /// Picture pixel of a position; a negative longitude counts from the west of 360.
+    [[nodiscard]] QPoint LatLonGetPoint(double dLat, double dLon) const;
+    /// The same unrounded, the longitude taken as it is.
+    [[nodiscard]] double LonGetX(double dLon) const;
+    [[nodiscard]] double LatGetY(double dLat) const;
+
+    /// The zoom by dFactor (0.5 is closer in) that keeps the position below a picture pixel where
+    /// it is, kept within the image where that is large enough.
+    [[nodiscard]] MapZoom WheelGetZoom(double dX, double dY, double dFactor) const;
+};
+
+/// A box as a view can show it: 360 degrees and more become the whole width, negative longitudes
+/// get 360 added, latitudes end at the poles. What lies in the wrong order after that (a rubber
+/// band that was drawn up or to the left, a box over longitude 0, at which the image ends) is put
+/// in order, and a span of zero becomes one degree.
+[[nodiscard]] MapBox BoxPutInOrder(const MapBox& box);
+
+/// The box around a point with the view's spans times dFactor.
+[[nodiscard]] MapBox BoxAround(const LatLon& center, const MapBox& boxView, double dFactor);
+
+/// The image ends at longitude 0, so a box over it would fall apart into its two ends, with all of
+/// its inside left out. Such a box is moved to the side of longitude 0 on which its centre lies;
+/// any other is returned as it is.
+[[nodiscard]] MapBox BoxKeepWhole(const MapBox& box);
+
+/// The box that shows both ends of a path with a tenth of their span as margin. Longitudes end at
+/// the image's edges.
+[[nodiscard]] MapBox BoxOfPath(const LatLon& one, const LatLon& other);
+
+/// A longitude in (-180, 180].
+[[nodiscard]] double LonWrap(double dLon);

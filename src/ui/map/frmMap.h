@@ -1,0 +1,199 @@
+/// @file frmMap.h
+/// The world map: shows and moves transmitter and receiver, zooms, scrolls, and lays the SNR
+/// overlay and the stations over the world. It keeps working copies of both locations; the main
+/// window gets them on Apply or OK.
+///
+/// The window deletes itself when it is closed.
+/// Tests:   tests/ui/map/frmMap*Test.cpp
+#pragma once
+
+#include <QAction>
+#include <QFrame>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QWidget>
+#include <string>
+#include <vector>
+
+#include "system/Result.h"
+#include "ui/common/MainWindowHost.h"
+#include "ui/map/MapControls.h"
+#include "ui/map/MapOverlay.h"
+#include "ui/map/MapView.h"
+
+/// A station on the map, its list's number counted from 1.
+struct MapStation {
+    double dLat = 0.0;
+    double dLon = 0.0;
+    int iSystem = 1;
+};
+
+class frmMap final : public QWidget {
+    Q_OBJECT
+public:
+    /// @param host  outlives the window.
+    explicit frmMap(MainWindowHost& host, QWidget* pParent = nullptr);
+
+    /// Places a marker on its working copy.
+    void DrawRc();
+    void DrawTx();
+    /// The settings have changed: takes both locations from them, repaints the view, and draws the
+    /// overlay anew where it is shown. Nothing before the first activation.
+    void Update();
+
+    QFrame* pctFrame = nullptr;
+    PctMap* pctMap = nullptr;
+    MarkerLabel* lblRc = nullptr;
+    MarkerLabel* lblTx = nullptr;
+    QScrollBar* hscMap = nullptr;
+    QScrollBar* vscMap = nullptr;
+    QLineEdit* txtCursor = nullptr;
+    QPushButton* cmdZoomIn = nullptr;
+    QPushButton* cmdZoomOut = nullptr;
+    QPushButton* cmdZoomOff = nullptr;
+    QPushButton* cmdZoomTxRc = nullptr;
+    QPushButton* cmdOverlay = nullptr;
+    QPushButton* cmdStations = nullptr;
+    QToolButton* chkPath = nullptr;   ///< great-circle path
+    QToolButton* chkNight = nullptr;  ///< day/night line
+    QPushButton* cmdOk = nullptr;
+    QPushButton* cmdCancel = nullptr;
+    QPushButton* cmdApply = nullptr;
+    QMenu* mnuMap = nullptr;
+    QAction* mnuMapCenter = nullptr;
+    QAction* mnuMapZoomIn = nullptr;
+    QAction* mnuMapZoomOut = nullptr;
+    QMenu* mnuOverlay = nullptr;
+    QMenu* mnuOverlayFrequency = nullptr;
+    QMenu* mnuOverlayTime = nullptr;
+    QAction* mnuOverlaySeparator = nullptr;
+    QAction* mnuOverlayDraw = nullptr;  ///< checked: the overlay is shown
+    QMenu* mnuStations = nullptr;
+    QMenu* mnuStation = nullptr;
+    QAction* mnuStationSetRc = nullptr;
+    QAction* mnuStationSetTx = nullptr;
+    std::vector<QAction*> mnuOverlayFrequencyData;  ///< from 0
+    std::vector<QAction*> mnuOverlayTimeData;
+    std::vector<QAction*> mnuStationsSystem;
+    std::vector<StationDot*> imgStation;
+
+    MapView m_view;
+    LatLon m_posRc;  ///< working copies
+    LatLon m_posTx;
+
+protected:
+    void resizeEvent(QResizeEvent* pEvent) override;
+    void showEvent(QShowEvent* pEvent) override;
+
+private:
+    // construction and layout (frmMap.cpp)
+    void MapMake();
+    void ButtonsMake();
+    void MenusMake();
+    void SignalsConnect();
+    void KeysConnect();
+    QPushButton* ButtonMake(const char* sName, const QString& sText);
+    QToolButton* ToggleMake(const char* sName, const QString& sPicture, const QString& sTip);
+    QAction* ItemMake(QMenu* pMenu, const char* sName, const QString& sText);
+    [[nodiscard]] std::vector<QAbstractButton*> RowGet() const;
+    void LayoutSet();
+    void ButtonsPlace(int nTop);
+    void FrameFill();
+    void Activate();
+    void LocationsTake();
+    void cmdApplyClick();
+    void cmdOkClick();
+
+    // view and navigation (frmMapNavigation.cpp)
+    void ViewSet(const MapBox& box);
+    void ViewRepaint();
+    void ViewRestore();
+    void ZoomSet(const MapZoom& zoom);
+    void PicturePaint();
+    void ScrollBarsSet();
+    void LayersPaint(QPainter& painter);
+    [[nodiscard]] LatLon ViewGetCenter() const;
+    [[nodiscard]] LatLon PointGetLatLon(const QWidget* pControl, double dX, double dY) const;
+    [[nodiscard]] QPoint LatLonGetPoint(double dLat, double dLon) const;
+    void cmdZoomInClick();
+    void cmdZoomOutClick();
+    void cmdZoomOffClick();
+    void cmdZoomTxRcClick();
+    void ZoomAroundMiddle(double dFactor);
+    void mnuMapZoom(double dFactor);
+    void mnuMapShow(QWidget* pSource, const QMouseEvent* pEvent);
+    void hscMapChange();
+    void vscMapChange();
+    void ScrollByKey(QScrollBar* pBar, bool bForward);
+
+    // mouse on the map and the markers (frmMapMouse.cpp)
+    void pctMapMouseDown(QMouseEvent* pEvent);
+    void pctMapMouseMove(QMouseEvent* pEvent);
+    void pctMapMouseUp(QMouseEvent* pEvent);
+    void pctMapWheel(QWheelEvent* pEvent);
+    void BandDraw(const QPointF& pt);
+    void BandErase();
+    void BandLeave();
+    [[nodiscard]] MapBox BandGetBox(const QPointF& ptEnd) const;
+    void MapTipShow(const QMouseEvent* pEvent);
+    [[nodiscard]] QString MapTipGet(const LatLon& pos);
+    void MarkerMouseDown(const QMouseEvent* pEvent);
+    void MarkerMouseMove(MarkerLabel* pMarker, LatLon& pos, const QMouseEvent* pEvent);
+    void MarkerMouseUp(MarkerLabel* pMarker, const QMouseEvent* pEvent);
+    void MarkerPlace(MarkerLabel* pMarker, const LatLon& pos);
+
+    // SNR overlay (frmMapOverlay.cpp)
+    class OverlayBusy;
+    void cmdOverlayClick();
+    void mnuOverlayOpen();
+    void OverlayFollowSelection();
+    void mnuOverlayFrequencyFill();
+    void mnuOverlayTimeFill();
+    void mnuOverlayFrequencyDataClick(int iIndex);
+    void mnuOverlayTimeDataClick(int iHour);
+    void OverlayChosen();
+    void mnuOverlayDrawClick();
+    void OverlayShow();
+    void MapOutline();
+    Result<void> OverlayDraw();
+    Result<bool> OverlayDrawBox(const OverlayBox& box);
+    [[nodiscard]] std::optional<float> OverlayGetSnr(double dLat, double dLon);
+
+    // stations (frmMapStations.cpp)
+    void cmdStationsClick();
+    Result<void> StationsLoad();
+    Result<void> SystemLoad(const std::string& sSystem, int iSystem);
+    void StationAdd(const MapStation& station, const QString& sTip);
+    void StationsDraw();
+    void imgStationMouseUp(int iStation, const QMouseEvent* pEvent);
+    void mnuStationSet(LatLon& pos);
+
+    MainWindowHost& m_host;
+    bool m_bActivated = false;
+
+    QPointF m_ptDown;  // last mouse-down, in the pixels of the control that had it
+    QWidget* m_pPopupSource = nullptr;
+    QPointF m_ptPopup;
+    bool m_bBand = false;  // a drag on the map is under way
+    QRect m_rctBand;       // the rubber band as it is on the picture
+    int m_nWheel = 0;      // eighths of a degree that have not made a notch yet
+
+    // What the view was asked for last: a box, or scale and centre. A resized window shows it
+    // again.
+    bool m_bAskedBox = true;
+    MapBox m_boxAsked;
+
+    float m_fOverlayFrequency = 0.0F;  // kHz
+    int m_iOverlayFrequency = 1;
+    int m_iOverlayHour = 0;
+    bool m_bOverlayChosen = false;
+    bool m_bOverlayBusy = false;
+    GridCache m_grid;
+
+    int m_nSystem = 0;  // 0: not loaded yet
+    std::vector<MapStation> m_aStation;
+    int m_iStation = 0;  // selected one, from 1
+};

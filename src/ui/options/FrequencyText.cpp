@@ -1,0 +1,58 @@
+#include "ui/options/FrequencyText.h"
+
+#include "settings/Settings.h"
+#include "system/MsgLib.h"
+#include "system/NumberLib.h"
+
+namespace {
+
+constexpr std::string_view kLineBreak = "\r\n";
+
+}  // namespace
+
+std::string FrequencyListToText(int nCount, const FrequencyGetFn& fnGet)
+{
+    std::string sText;
+    for (int i = 1; i <= nCount; ++i) {
+        if (i > 1)
+            sText += kLineBreak;
+        sText += NumberFormat(fnGet(i), "0");
+    }
+    return sText;
+}
+
+bool FrequencyListFromText(std::string_view sText, const FrequencySetFn& fnSet, int& nCount)
+{
+    for (int i = 1; i <= kFrequencyMax; ++i) {
+        const std::size_t nBreak = sText.find(kLineBreak);
+        const std::string sPiece(sText.substr(0, nBreak));
+        const auto resKhz = NumberFromTextSingle(sPiece);
+        if (!resKhz)
+            return MsgFail(MsgIcon::None,
+                           "Unable to convert \"" + sPiece
+                               + "\" to a frequency.  Please check for spaces or empty lines.");
+        fnSet(i, resKhz.ValueGet());
+        if (nBreak == std::string_view::npos) {
+            nCount = i;
+            return true;
+        }
+        sText.remove_prefix(nBreak + kLineBreak.size());
+    }
+    nCount = kFrequencyMax;
+    return MsgFail(MsgIcon::None,
+                   "Only 15 frequencies can be used. The first 15 lines were taken, "
+                   "the lines below them were not.");
+}
+
+std::optional<std::string> BandMiddleGet(std::string_view sBand)
+{
+    const std::size_t nDash = sBand.find('-');
+    if (nDash == std::string_view::npos)
+        return std::nullopt;
+    const auto resLow = NumberFromText(sBand.substr(0, nDash));
+    sBand.remove_prefix(nDash + 1);
+    const auto resHigh = NumberFromText(sBand.substr(0, sBand.find('(')));
+    if (!resLow || !resHigh)
+        return std::nullopt;
+    return NumberFormat((resLow.ValueGet() + resHigh.ValueGet()) / 2.0, "0");
+}

@@ -1,0 +1,226 @@
+#include "ui/options/frmOptions.h"
+
+#include <QKeyEvent>
+#include <QPointer>
+#include <QTextBlock>
+
+#include "propagation/QIndexLib.h"
+#include "system/ClockLib.h"
+#include "system/NumberLib.h"
+#include "ui/options/AppIcon.h"
+#include "ui/options/FrequencyText.h"
+
+namespace {
+
+constexpr int kTickMs = 1000;
+
+QString TimeText(const DateTime& dt)
+{
+    const auto Part = [](int n) {
+        return QString::fromStdString(NumberFormat(static_cast<double>(n), "00"));
+    };
+    return Part(dt.nHour) + u':' + Part(dt.nMinute) + u':' + Part(dt.nSecond);
+}
+
+}  // namespace
+
+frmOptions::frmOptions(MainWindowHost& host, QWidget* pParent)
+    : QDialog(pParent), tmrTime(new QTimer(this)), m_host(host), m_aModelBoxes{}
+{
+    Ui::frmOptions::setupUi(this);
+    Ui::OptionsModel::setupUi(pagModel);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowIcon(AppIconGet());
+    ControlsGroup();
+    TabOrderSet();
+    SignalsConnect();
+    Update();
+    tmrTimeTick();
+    tmrTime->start(kTickMs);
+}
+
+void frmOptions::ControlsGroup()
+{
+    m_grpModel.addButton(optPropagationModel1, kEngineIcepac);
+    m_grpModel.addButton(optPropagationModel2, kEngineVoacap);
+    m_grpModel.addButton(optPropagationModel3, kEngineRec533);
+    m_grpTimeCode.addButton(optTimeCode0, 0);
+    m_grpTimeCode.addButton(optTimeCode1, 1);
+    m_aModelBoxes = {{{txtPropagationNoiseLevel, &Settings::m_fPropagationNoiseLevel},
+                      {txtPropagationSunSpotNumber, &Settings::m_fPropagationSunSpotNumber},
+                      {txtPropagationTakeoffAngle, &Settings::m_fPropagationTakeoffAngle},
+                      {txtPropagationReliability, &Settings::m_fPropagationReliability},
+                      {txtPropagationMultipathPower, &Settings::m_fPropagationMultipathPower},
+                      {txtPropagationMultipathDelay, &Settings::m_fPropagationMultipathDelay},
+                      {txtPropagationQIndex, &Settings::m_fPropagationQIndex},
+                      {txtPropagationLayerE, &Settings::m_fPropagationLayerAdjustE},
+                      {txtPropagationLayerF1, &Settings::m_fPropagationLayerAdjustF1},
+                      {txtPropagationLayerF2, &Settings::m_fPropagationLayerAdjustF2},
+                      {txtPropagationLayerEs, &Settings::m_fPropagationLayerAdjustEs}}};
+}
+
+void frmOptions::TabOrderSet()
+{
+    // The model page is a form of its own, so its controls stand behind the buttons until here.
+    QWidget* pBefore = SSTab;
+    for (QWidget* pNext : std::initializer_list<QWidget*>{
+             optPropagationModel1, optPropagationModel2, optPropagationModel3,
+             cmbPropagationAntennaType, cmbPropagationMonth, chkPropagationMonth,
+             txtPropagationNoiseLevel, txtPropagationSunSpotNumber, chkPropagationSunSpotNumber,
+             txtPropagationTakeoffAngle, txtPropagationReliability, txtPropagationMultipathPower,
+             txtPropagationMultipathDelay, txtPropagationQIndex, txtPropagationLayerE,
+             txtPropagationLayerF1, txtPropagationLayerF2, txtPropagationLayerEs,
+             cmbPropagationIonCoefficients}) {
+        setTabOrder(pBefore, pNext);
+        pBefore = pNext;
+    }
+}
+
+void frmOptions::SignalsConnect()
+{
+    connect(cmdApply, &QPushButton::clicked, this, &frmOptions::cmdApplyClick);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmOptions::cmdCancelClick);
+    connect(cmdDefault, &QPushButton::clicked, this, &frmOptions::cmdDefaultClick);
+    connect(cmdOk, &QPushButton::clicked, this, &frmOptions::cmdOkClick);
+    connect(&m_grpModel, &QButtonGroup::idToggled, this, &frmOptions::optPropagationModelClick);
+    connect(chkPropagationMonth, &QCheckBox::toggled, this, &frmOptions::chkPropagationMonthClick);
+    connect(chkPropagationSunSpotNumber, &QCheckBox::toggled, this,
+            &frmOptions::chkPropagationSunSpotNumberClick);
+    connect(txtPropagationQIndex, &QLineEdit::textChanged, this,
+            &frmOptions::txtPropagationQIndexChange);
+    connect(lstHamVoiceBands, &QListWidget::itemDoubleClicked, this,
+            &frmOptions::lstHamVoiceBandsDblClick);
+    connect(tmrTime, &QTimer::timeout, this, &frmOptions::tmrTimeTick);
+    lstHamVoiceBands->installEventFilter(this);
+}
+
+void frmOptions::TabShow(int iTab) { SSTab->setCurrentIndex(iTab); }
+
+void frmOptions::reject()
+{
+    // The run that was asked for here still needs this window; it closes when the run ends.
+    if (m_bUpdating)
+        m_bCloseWaiting = true;
+    else
+        QDialog::reject();
+}
+
+bool frmOptions::eventFilter(QObject* pObject, QEvent* pEvent)
+{
+    if (pObject == lstHamVoiceBands && pEvent->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent*>(pEvent)->key() == Qt::Key_Space) {
+        lstHamVoiceBandsDblClick();
+        return true;
+    }
+    return QDialog::eventFilter(pObject, pEvent);
+}
+
+void frmOptions::cmdDefaultClick()
+{
+    if (m_bUpdating)
+        return;
+    m_host.Initialize();
+    Update();
+    HostUpdate();
+}
+
+void frmOptions::cmdOkClick()
+{
+    if (SettingsApply())
+        accept();
+}
+
+void frmOptions::chkPropagationMonthClick()
+{
+    cmbPropagationMonth->setEnabled(!chkPropagationMonth->isChecked());
+    lblPropagationMonth->setEnabled(cmbPropagationMonth->isEnabled());
+}
+
+void frmOptions::chkPropagationSunSpotNumberClick()
+{
+    NumberBoxEnable(txtPropagationSunSpotNumber, !chkPropagationSunSpotNumber->isChecked());
+}
+
+void frmOptions::optPropagationModelClick()
+{
+    const int iModel = m_grpModel.checkedId();
+    const bool bComplex = iModel == kEngineIcepac || iModel == kEngineVoacap;
+    for (QLineEdit* pBox :
+         {txtPropagationLayerE, txtPropagationLayerEs, txtPropagationLayerF1, txtPropagationLayerF2,
+          txtPropagationMultipathDelay, txtPropagationMultipathPower, txtPropagationQIndex})
+        NumberBoxEnable(pBox, bComplex);
+    lblPropagationKIndex->setEnabled(bComplex);
+    lblPropagationKIndexCaption->setEnabled(bComplex);
+}
+
+void frmOptions::NumberBoxEnable(QLineEdit* pBox, bool bEnabled)
+{
+    // Nobody can mend a grey box, so a text there that is no number gives way to the setting.
+    if (!bEnabled && !NumberFromTextSingle(pBox->text().toStdString()))
+        for (const NumberBox& box : m_aModelBoxes)
+            if (box.pBox == pBox)
+                pBox->setText(
+                    QString::fromStdString(NumberToText(m_host.SettingsGet().*box.pMember)));
+    pBox->setEnabled(bEnabled);
+    const QString sSubject = pBox->objectName().mid(3);  // behind "txt"
+    for (const QString& sPart : {QStringLiteral("Caption"), QStringLiteral("Unit")})
+        if (auto* pLabel = findChild<QLabel*>(QStringLiteral("lbl") + sSubject + sPart))
+            pLabel->setEnabled(bEnabled);
+}
+
+void frmOptions::lstHamVoiceBandsDblClick()
+{
+    const QListWidgetItem* pItem = lstHamVoiceBands->currentItem();
+    const auto sMiddle = pItem ? BandMiddleGet(pItem->text().toStdString()) : std::nullopt;
+    if (!sMiddle)
+        return;
+    QTextCursor cursor(txtFrequency->document());
+    cursor.movePosition(QTextCursor::End);
+    const bool bLineEmpty = cursor.block().text().trimmed().isEmpty();
+    cursor.insertText((bLineEmpty ? QString() : QStringLiteral("\n"))
+                      + QString::fromStdString(*sMiddle));
+    txtFrequency->setTextCursor(cursor);
+    txtFrequency->ensureCursorVisible();
+}
+
+void frmOptions::txtPropagationQIndexChange()
+{
+    const auto resQ = NumberFromTextSingle(txtPropagationQIndex->text().toStdString());
+    lblPropagationKIndex->setText(
+        resQ ? QString::fromStdString(NumberFormat(PropagationQtoK(resQ.ValueGet()), "0.0"))
+             : QStringLiteral("?"));
+}
+
+void frmOptions::tmrTimeTick()
+{
+    lblTimeCode0->setText(TimeText(UtcNow()));
+    lblTimeCode1->setText(TimeText(LocalNow()));
+}
+
+bool frmOptions::SettingsApply()
+{
+    if (m_bUpdating)
+        return false;
+    const bool bTaken = FrequencyCopy();
+    if (!MapCopy() || !ModelCopy())
+        return false;
+    TimeCopy();
+    // The main window has this dialog filled anew; lines that were refused stay, to be mended.
+    m_bFrequencyKeep = !bTaken;
+    return HostUpdate();
+}
+
+/// @return true when the dialog may be closed by its caller.
+bool frmOptions::HostUpdate()
+{
+    const QPointer<frmOptions> pSelf(this);
+    m_bUpdating = true;
+    m_host.Update();
+    if (!pSelf)  // the program ended meanwhile
+        return false;
+    m_bUpdating = false;
+    m_bFrequencyKeep = false;
+    if (m_bCloseWaiting)
+        QDialog::reject();
+    return pSelf && !m_bCloseWaiting;
+}

@@ -1,0 +1,89 @@
+/// @file frmOptions.h
+/// The options dialog: every setting on five tabs. It shows the settings when it is made and
+/// whenever the main window says that they changed, and copies its controls back on Apply and OK.
+/// Not modal; a closed one is destroyed.
+///
+/// Units:   beside each box; numbers as their shortest text.
+/// Errors:  a frequency line that is no number is told, and the rest goes on. A number box whose
+///          text is no number is told and focused; nothing of its tab and of the tabs behind it is
+///          copied, no prediction runs, and the dialog stays open.
+/// Tests:   tests/ui/options/FrmOptions*Test.cpp
+#pragma once
+
+#include <QButtonGroup>
+#include <QDialog>
+#include <QTimer>
+#include <array>
+#include <string>
+
+#include "ui/common/MainWindowHost.h"
+#include "ui_OptionsModel.h"
+#include "ui_frmOptions.h"
+
+/// The tabs, as TabShow counts them.
+enum OptionsTab { kTabAirmail, kTabModel, kTabFrequency, kTabTime, kTabMap };
+
+class frmOptions final : public QDialog, public Ui::frmOptions, public Ui::OptionsModel {
+    Q_OBJECT
+public:
+    /// @param host  outlives the dialog.
+    explicit frmOptions(MainWindowHost& host, QWidget* pParent = nullptr);
+
+    /// Fills every control from the settings and from Airmail.
+    void Update();
+    /// Brings a tab to the front; a number that is none of the tabs changes nothing.
+    void TabShow(int iTab);
+
+    QTimer* tmrTime;  ///< the clocks' tick
+
+    void reject() override;  ///< Cancel, Escape and the close box
+protected:
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
+
+private:
+    /// A box that shows one single-precision member.
+    struct NumberBox {
+        QLineEdit* pBox;
+        float Settings::*pMember;
+    };
+
+    void SignalsConnect();
+    void ControlsGroup();
+    void TabOrderSet();
+
+    void AirMailLoad();
+    void FrequencyLoad();
+    void MapLoad();
+    void ModelLoad();
+    void TimeLoad();
+
+    bool FrequencyCopy();
+    bool MapCopy();
+    bool ModelCopy();
+    void TimeCopy();
+    bool NumberRefused(QLineEdit* pBox, const std::string& sText);
+
+    void cmdApplyClick() { SettingsApply(); }
+    void cmdCancelClick() { reject(); }
+    void cmdDefaultClick();
+    void cmdOkClick();
+    void chkPropagationMonthClick();
+    void chkPropagationSunSpotNumberClick();
+    void lstHamVoiceBandsDblClick();
+    void optPropagationModelClick();
+    void tmrTimeTick();
+    void txtPropagationQIndexChange();
+
+    bool SettingsApply();
+    bool HostUpdate();
+    void NumberBoxEnable(QLineEdit* pBox, bool bEnabled);
+
+    MainWindowHost& m_host;
+    QButtonGroup m_grpModel;
+    QButtonGroup m_grpTimeCode;
+    std::array<NumberBox, 11> m_aModelBoxes;
+    std::string m_sAirMailError;    // of the latest load; empty when Airmail could be read
+    bool m_bFrequencyKeep = false;  // the text holds lines that the list has not taken
+    bool m_bUpdating = false;       // the main window runs a prediction that was asked for here
+    bool m_bCloseWaiting = false;   // asked to close meanwhile
+};

@@ -1,0 +1,105 @@
+/// @file MapFakes.h
+/// A main window that records, an engine that answers from a formula, and an open map window.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QPointer>
+#include <QtTest/QtTest>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/ClockSet.h"
+#include "support/MsgRecorder.h"
+#include "support/TempFolder.h"
+#include "system/ProcessLib.h"
+#include "ui/map/frmMap.h"
+
+/// Records what the map asks of the main window.
+class MapHostFake final : public MainWindowHost {
+public:
+    MapHostFake();
+    Settings& SettingsGet() override { return m_settings; }
+    void Initialize() override { m_settings.Initialize(); }
+    bool Update() override;
+    void DataSetSelected(int iRow, int iColumn) override;
+    [[nodiscard]] SelectedCell DataGetSelected() const override { return m_settings.m_selected; }
+    [[nodiscard]] std::uint32_t SnrGetColor(float fSnr) const override;
+    [[nodiscard]] float FrequencyGet(int iIndex) const override;
+    void FrequencySet(int iIndex, float fKhz) override { m_settings.FrequencySet(iIndex, fKhz); }
+    [[nodiscard]] std::string FrequencyTextGet(int iRow) const override;
+
+    Settings m_settings;
+    int m_nUpdates = 0;
+    frmMap* m_pMap = nullptr;  ///< told of each update, as the main window does
+};
+
+/// One area run as the engine saw it.
+struct AreaRun {
+    std::string sDeck;
+    double dWest = 0, dEast = 0, dSouth = 0, dNorth = 0;
+    int nGridSize = 0;
+};
+
+/// Stands for the engine program in a root of its own: reads the area deck and writes the grid.
+class EngineFake {
+public:
+    EngineFake();
+    ~EngineFake();
+    EngineFake(const EngineFake&) = delete;
+    EngineFake& operator=(const EngineFake&) = delete;
+
+    [[nodiscard]] std::string GridPath() const;
+    /// The grid file's text for a run.
+    [[nodiscard]] std::string GridMake(const AreaRun& run) const;
+
+    std::vector<AreaRun> m_aRuns;
+    /// SNR of a point, dB.
+    std::function<double(double dLat, double dLon)> m_fnSnr = [](double, double) { return 52.0; };
+    /// Changes the grid's text before it is written.
+    std::function<std::string(std::string)> m_fnSpoil;
+    bool m_bWriteGrid = true;
+    bool m_bStart = true;
+    std::function<void()> m_fnWhileRunning;
+
+private:
+    Result<int> Run();
+    TempFolder m_folder;
+    EnvironmentSet m_root{"HOPCAST_ITSHFBC", m_folder.Path("itshfbc")};
+    ProcessStartFn m_fnBefore;
+};
+
+/// A map window as the user has it open, 1000 x 660.
+class MapWindow : public testing::Test {
+protected:
+    MapWindow();
+    ~MapWindow() override;
+
+    void BoxIs(double dTop, double dLeft, double dBottom, double dRight, double dTolerance) const;
+    /// Press, two moves, release, on a control.
+    static void Drag(QWidget* pControl, QPoint ptFrom, QPoint ptTo,
+                     Qt::MouseButton eButton = Qt::LeftButton);
+    /// Chooses an item of a menu that is open, with the mouse.
+    static void ItemChoose(QMenu* pMenu, QAction* pItem);
+    /// Checks the overlay item by way of the button and its menu.
+    void OverlayChoose();
+    void MapMenuChoose(QWidget* pControl, QPoint pt, QAction* pItem);
+    /// Moves the mouse without a button; the map's tooltip after that.
+    QString TipAt(QPoint pt);
+    [[nodiscard]] QRgb PixelAt(double dLat, double dLon) const;
+    /// Number of picture pixels that are neither black nor white (labels apart).
+    [[nodiscard]] int ColouredCount() const;
+    template <class T>
+    T* Find(const char* sName) const
+    {
+        T* pFound = m_pMap->findChild<T*>(QLatin1String(sName));
+        EXPECT_NE(pFound, nullptr) << sName;
+        return pFound;
+    }
+
+    ClockSet m_clock{DateTime{2026, 6, 15, 10, 30, 0}, DateTime{2026, 6, 15, 10, 30, 0}};
+    MapHostFake m_host;
+    QPointer<frmMap> m_pMap;
+};

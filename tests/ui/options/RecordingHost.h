@@ -1,0 +1,54 @@
+/// @file RecordingHost.h
+/// A main window that only remembers what a secondary window asked of it.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "system/NumberLib.h"
+#include "ui/common/MainWindowHost.h"
+
+class RecordingHost final : public MainWindowHost {
+public:
+    Settings& SettingsGet() override { return m_settings; }
+    void Initialize() override
+    {
+        m_asCalls.emplace_back("Initialize");
+        m_settings.Initialize();
+    }
+    /// Keeps the settings of this moment, then lets the test act as the real window does.
+    bool Update() override
+    {
+        m_asCalls.emplace_back("Update");
+        m_atUpdate = m_settings;
+        if (m_fnUpdate)
+            m_fnUpdate();
+        return m_bUpdateResult;
+    }
+    void DataSetSelected(int /*iRow*/, int /*iColumn*/) override
+    {
+        m_asCalls.emplace_back("DataSetSelected");
+    }
+    [[nodiscard]] SelectedCell DataGetSelected() const override { return m_settings.m_selected; }
+    [[nodiscard]] std::uint32_t SnrGetColor(float /*fSnr*/) const override { return 0; }
+    [[nodiscard]] float FrequencyGet(int iIndex) const override
+    {
+        return m_settings.FrequencyGet(iIndex);
+    }
+    void FrequencySet(int iIndex, float fKhz) override
+    {
+        m_asCalls.push_back("FrequencySet " + NumberToText(iIndex) + " " + NumberToText(fKhz));
+        m_settings.FrequencySet(iIndex, fKhz);
+    }
+    [[nodiscard]] std::string FrequencyTextGet(int iRow) const override
+    {
+        return NumberFormat(FrequencyGet(iRow), "0");
+    }
+
+    Settings m_settings;
+    Settings m_atUpdate;                 ///< as the last Update found them
+    std::vector<std::string> m_asCalls;  ///< in order, but for reading ones
+    std::function<void()> m_fnUpdate;
+    bool m_bUpdateResult = true;
+};
