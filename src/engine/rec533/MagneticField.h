@@ -12,9 +12,9 @@
 namespace rec533 {
 
 struct MagneticField {
-    double dDip = 0.0;       ///< magnetic dip, radians, positive in the north
+    double dDip = 0.0;  ///< magnetic dip, radians, positive in the north
     double dSinDip = 0.0;
-    double dGyro = 0.0;      ///< electron gyrofrequency, MHz
+    double dGyro = 0.0;  ///< electron gyrofrequency, MHz
 };
 
 inline constexpr double kFieldHeightAbsorption = 100.0;  ///< km
@@ -23,7 +23,8 @@ inline constexpr double kFieldHeightMaps = 300.0;        ///< km
 enum class FieldHeight { Absorption, Maps };
 
 [[nodiscard]] MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight);
-/// Tangents of the dip at 100 km at two places at once, for the many crossings of the absorbing layer.
+/// Tangents of the dip at 100 km at two places at once, for the many crossings of the absorbing
+/// layer.
 void MagneticDipTansGet(const Place& tblA, const Place& tblB, double& dTanA, double& dTanB);
 
 }  // namespace rec533

@@ -34,8 +34,9 @@ struct SnrInput {
     double dShare = 50.0;
     double dShareQuantile = 0.0;  ///< of ShareQuantileGet
 };
-[[nodiscard]] SnrResult SnrGet(const SnrInput& tbl, const Noise& tblAtmospheric, const Noise& tblManMade,
-                               const Noise& tblGalactic, const SignalDeciles& tblSignal);
+[[nodiscard]] SnrResult SnrGet(const SnrInput& tbl, const Noise& tblAtmospheric,
+                               const Noise& tblManMade, const Noise& tblGalactic,
+                               const SignalDeciles& tblSignal);
 
 /// Normal quantile of max(x, 100 - x) percent, in units of the 90 % quantile.
 [[nodiscard]] double ShareQuantileGet(double dShare);

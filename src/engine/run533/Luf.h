@@ -9,9 +9,9 @@
 
 namespace run533 {
 
-/// Lowest frequency from 2.0 MHz up to the path's MUF, in steps of 0.1 MHz, at which the required SNR
-/// is reached with the required reliability, searched coarse to fine. When none is: the MUF rounded up
-/// to a tenth, so that the usable band is empty.
+/// Lowest frequency from 2.0 MHz up to the path's MUF, in steps of 0.1 MHz, at which the required
+/// SNR is reached with the required reliability, searched coarse to fine. When none is: the MUF
+/// rounded up to a tenth, so that the usable band is empty.
 [[nodiscard]] double LufGet(rec533::Hour& tblHour);
 
 }  // namespace run533

@@ -23,7 +23,8 @@ namespace run533 {
                                                  rec533::Behaviour eBehaviour, int nThreads = 0);
 
 /// The same from file to file.
-Result<void> PointRun(const std::string& sRoot, const std::string& sDeck, const std::string& sOutput);
+Result<void> PointRun(const std::string& sRoot, const std::string& sDeck,
+                      const std::string& sOutput);
 Result<void> AreaRun(const std::string& sRoot, const std::string& sDeck);
 
 }  // namespace run533
