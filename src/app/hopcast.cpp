@@ -10,8 +10,11 @@
 #include "system/EngineRootLib.h"
 #include "system/MsgLib.h"
 #include "ui/common/MsgWindow.h"
-#include "ui/common/Pictures.h"
 #include "ui/main/frmMain.h"
+#include "ui/map/frmMap.h"
+#include "ui/options/AppIcon.h"
+#include "ui/options/frmAbout.h"
+#include "ui/options/frmOptions.h"
 
 namespace {
 
@@ -78,12 +81,15 @@ int WindowRun(QApplication& app, const Options& options)
     QApplication::setApplicationDisplayName(QStringLiteral("Hopcast"));
     QApplication::setApplicationVersion(QStringLiteral(HOPCAST_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("hopcast"));
-    QApplication::setWindowIcon(PictureGet(QStringLiteral("Hopcast")));
+    QApplication::setWindowIcon(AppIconGet());
     MsgWindowInstall();
     EventPumpSetHandler([] { QApplication::processEvents(); });
     if (const auto res = EngineRootProvision(); !res)
         MsgBox(MsgIcon::Info, "Hopcast's own engine folder could not be made: " + res.TextGet());
     frmMain frm;
+    frm.ChildSetFactory(Child::Map, [](MainLink& main) { return new frmMap(main); });
+    frm.ChildSetFactory(Child::Options, [](MainLink& main) { return new frmOptions(main); });
+    frm.ChildSetFactory(Child::About, [](MainLink&) { return new frmAbout; });
     if (options.sProfile)
         frm.m_settings.m_sProfileFile = *options.sProfile;
     if (options.bOnce)

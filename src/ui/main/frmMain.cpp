@@ -33,7 +33,6 @@ frmMain::~frmMain() { WindowsUnload(); }
 void frmMain::ControlsSetUp()
 {
     setWindowTitle(QApplication::applicationDisplayName());
-    setWindowIcon(PictureGet(QStringLiteral("Hopcast")));
     mnuTransmitter = new StationMenu(this);
     tmrTime = new QTimer(this);
     tmrTime->setObjectName(QStringLiteral("tmrTime"));
@@ -132,6 +131,11 @@ void frmMain::ProfileSaveError(int nErrorCode) const { ::ProfileSaveError(m_sett
 
 float frmMain::FrequencyGet(int iIndex) const { return m_settings.FrequencyGet(iIndex); }
 
+std::string frmMain::FrequencyTextGet(int iRow) const
+{
+    return grdData->TextGet(iRow, 0).toStdString();
+}
+
 void frmMain::FrequencySet(int iIndex, float fValue) { m_settings.FrequencySet(iIndex, fValue); }
 
 SelectedCell frmMain::DataGetSelected() const { return m_settings.m_selected; }
@@ -225,8 +229,8 @@ void frmMain::closeEvent(QCloseEvent* pEvent)
 
 void frmMain::WindowsUnload()
 {
-    delete ChildOf(Child::About).pWindow;
+    delete ChildOf(Child::About).pWidget;
     delete m_pDetails;
-    delete ChildOf(Child::Map).pWindow;
-    delete ChildOf(Child::Options).pWindow;
+    delete ChildOf(Child::Map).pWidget;
+    delete ChildOf(Child::Options).pWidget;
 }

@@ -43,6 +43,7 @@ public:
     [[nodiscard]] float FrequencyGet(int iIndex) const override;
     void FrequencySet(int iIndex, float fValue) override;
     [[nodiscard]] SelectedCell DataGetSelected() const override;
+    [[nodiscard]] std::string FrequencyTextGet(int iRow) const override;
 
     [[nodiscard]] Settings& SettingsGet() override { return m_settings; }
     [[nodiscard]] GridControl& GridGet() override { return *grdData; }
@@ -122,7 +123,8 @@ private:
 
     struct ChildSlot {
         ChildMakeFn fnMake;
-        QPointer<ChildWindow> pWindow;
+        QPointer<QWidget> pWidget;
+        ChildWindow* pWindow = nullptr;  ///< the same window, while pWidget lives
     };
     ChildSlot& ChildOf(Child eChild) { return m_aChildren.at(static_cast<std::size_t>(eChild)); }
 

@@ -69,15 +69,17 @@ void frmMain::mnuViewDetailDataClick()
 ChildWindow* frmMain::ChildShow(Child eChild)
 {
     ChildSlot& slot = ChildOf(eChild);
-    if (!slot.pWindow && slot.fnMake) {
+    if (!slot.pWidget && slot.fnMake) {
         slot.pWindow = slot.fnMake(*this);
-        slot.pWindow->setAttribute(Qt::WA_DeleteOnClose);
+        slot.pWidget = slot.pWindow->WidgetGet();
+        slot.pWidget->setAttribute(Qt::WA_DeleteOnClose);
     }
-    if (slot.pWindow) {
-        slot.pWindow->show();
-        slot.pWindow->raise();
-        slot.pWindow->activateWindow();
-    }
+    if (!slot.pWidget)
+        return nullptr;
+    slot.pWidget->setWindowState(slot.pWidget->windowState() & ~Qt::WindowMinimized);
+    slot.pWidget->show();
+    slot.pWidget->raise();
+    slot.pWidget->activateWindow();
     return slot.pWindow;
 }
 
@@ -88,7 +90,7 @@ void frmMain::mnuHelpAboutClick() { (void)ChildShow(Child::About); }
 void frmMain::OptionsShow(int iTab)
 {
     if (ChildWindow* pOptions = ChildShow(Child::Options))
-        pOptions->TabSet(iTab);
+        pOptions->TabShow(iTab);
 }
 
 void frmMain::cmdUpdateClick()

@@ -84,8 +84,8 @@ bool frmMain::Update()
     tmrTimeTick();
     PositionsShow();
     for (const Child eChild : {Child::Map, Child::Options})
-        if (ChildWindow* pWindow = ChildOf(eChild).pWindow)
-            pWindow->Update();
+        if (ChildOf(eChild).pWidget)
+            ChildOf(eChild).pWindow->Update();
     const bool bOk = PredictionRun();
     if (bOk) {
         if (m_pDetails && m_pDetails->isVisible())

@@ -9,12 +9,14 @@
 #include <string>
 #include <string_view>
 
+#include "ui/common/MainLink.h"
 #include "ui_frmAbout.h"
 
-class frmAbout final : public QDialog, public Ui::frmAbout {
+class frmAbout final : public QDialog, public Ui::frmAbout, public ChildWindow {
     Q_OBJECT
 public:
     explicit frmAbout(QWidget* pParent = nullptr);
+    [[nodiscard]] QWidget* WidgetGet() override { return this; }
 };
 
 /// The version line and the three purposes, its lines broken by single carriage returns.

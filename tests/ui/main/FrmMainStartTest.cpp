@@ -111,14 +111,15 @@ TEST(FrmMainStart, CommandsOfWindowsThatAreNotThereAreAbsent)
 }
 
 /// A stand-in for a window of another folder.
-class ChildFake final : public ChildWindow {
+class ChildFake final : public QWidget, public ChildWindow {
 public:
+    QWidget* WidgetGet() override { return this; }
     ChildFake(std::vector<std::string>& asLog, std::string sName)
         : m_asLog(asLog), m_sName(std::move(sName))
     {
     }
     ~ChildFake() override { m_asLog.push_back("gone " + m_sName); }
-    void TabSet(int iTab) override
+    void TabShow(int iTab) override
     {
         m_asLog.push_back((isVisible() ? "tab " : "hidden tab ") + std::to_string(iTab));
     }

@@ -12,8 +12,9 @@
 namespace {
 
 /// Another window of the program that writes down what it sees at each update.
-class ChildRecorder final : public ChildWindow {
+class ChildRecorder final : public QWidget, public ChildWindow {
 public:
+    QWidget* WidgetGet() override { return this; }
     explicit ChildRecorder(std::function<void()> fnUpdate) : m_fnUpdate(std::move(fnUpdate)) {}
     void Update() override { m_fnUpdate(); }
 
