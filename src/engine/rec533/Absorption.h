@@ -6,7 +6,7 @@
 ///
 /// Units:   km, MHz, dB.
 /// Source:  Recommendation ITU-R P.533-14, section 5.2.2, figures 1 to 3 as numbers.
-/// Tests:   tests/engine/AbsorptionTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Layers.h"

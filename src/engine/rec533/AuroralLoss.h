@@ -2,7 +2,7 @@
 /// Auroral and other losses Lh.
 ///
 /// Source:  Recommendation ITU-R P.533-14, section 5.2.2, table of Lh.
-/// Tests:   tests/engine/AuroralLossTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Variability.h"

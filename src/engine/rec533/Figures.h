@@ -2,7 +2,7 @@
 /// The numbers built into the program: coefficient maps, noise, decile factors, default antennas.
 ///
 /// Source:  assets/engine/README.md tells origin and layout. Nothing is read at run time.
-/// Tests:   tests/engine/FiguresTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include <cstdint>

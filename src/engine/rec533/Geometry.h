@@ -5,7 +5,7 @@
 /// Errors:  none; equal ends and antipodes give a path in some direction.
 /// Source:  Recommendation ITU-R P.533-14, section 5.1 (elevation, eq. 13; slant range, eq. 19),
 ///          section 4 (angle of incidence, eq. 12); great circles from any navigation text.
-/// Tests:   tests/engine/GeometryTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Units.h"

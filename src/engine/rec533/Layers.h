@@ -5,7 +5,7 @@
 /// Source:  foE: Recommendation ITU-R P.1239, section 4; heights: ITU-R P.533-14, sections 3.5 (eq.
 /// 2)
 ///          and 5.1.
-/// Tests:   tests/engine/LayersTest.cpp
+/// Tests:   tests/engine/CorrectionsTest.cpp
 #pragma once
 
 #include "engine/rec533/Ionosphere.h"

@@ -3,7 +3,7 @@
 ///
 /// Units:   MHz, km, dB.
 /// Source:  Recommendation ITU-R P.533-14, section 5.3.
-/// Tests:   tests/engine/LongPathTest.cpp
+/// Tests:   tests/engine/ReferenceTableTest.cpp
 #pragma once
 
 #include "engine/rec533/Site.h"

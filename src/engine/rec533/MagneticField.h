@@ -4,7 +4,7 @@
 /// Units:   radians, km, MHz.
 /// Domain:  everywhere; within 0.01 degrees of a pole the field of that circle is taken.
 /// Source:  Recommendation ITU-R P.1239, equations 5 to 11 (sixth-order spherical harmonics).
-/// Tests:   tests/engine/MagneticFieldTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Geometry.h"

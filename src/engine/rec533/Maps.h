@@ -9,7 +9,7 @@
 /// Source:  Recommendation ITU-R P.1239, section 2, equations 1 to 4; the grid of the ITU program
 /// is
 ///          described at MapPlaceMake.
-/// Tests:   tests/engine/MapsTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include <array>

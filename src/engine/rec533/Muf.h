@@ -3,7 +3,7 @@
 ///
 /// Units:   MHz, km.
 /// Source:  Recommendation ITU-R P.533-14, sections 3.3 and 3.5, equations 3 to 6.
-/// Tests:   tests/engine/MufTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Units.h"

@@ -4,7 +4,7 @@
 ///
 /// Units:   km, MHz, radians.
 /// Source:  control points: Recommendation ITU-R P.533-14, section 2, table 1.
-/// Tests:   tests/engine/PathTest.cpp
+/// Tests:   tests/engine/SanityTest.cpp
 #pragma once
 
 #include "engine/rec533/Circuit.h"

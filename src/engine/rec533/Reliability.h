@@ -3,7 +3,7 @@
 ///
 /// Units:   dB, percent.
 /// Source:  Recommendation ITU-R P.533-14, sections 7, 8 and 10.1; ITU-R P.842, tables 1 and 2.
-/// Tests:   tests/engine/ReliabilityTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Noise.h"

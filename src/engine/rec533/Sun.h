@@ -5,7 +5,7 @@
 /// Source:  the low-precision almanac series that the ITU program of Recommendation ITU-R P.533
 /// uses;
 ///          within 0.6 degrees of the Astronomical Almanac.
-/// Tests:   tests/engine/SunTest.cpp
+/// Tests:   tests/engine/CorrectionsTest.cpp
 #pragma once
 
 #include <array>

@@ -2,7 +2,8 @@
 /// From day to day: decile factors of the MUF, the operational MUF's ratio, seasons.
 ///
 /// Source:  Recommendation ITU-R P.1239, tables 2 and 3; ITU-R P.1240, table 1; ITU-R
-/// P.533-14, 3.6, 3.7. Tests:   tests/engine/VariabilityTest.cpp
+/// P.533-14, 3.6, 3.7.
+/// Tests:   tests/engine/CorrectionsTest.cpp
 #pragma once
 
 #include "engine/rec533/Ionosphere.h"

@@ -5,7 +5,7 @@
 /// elevations
 ///          0 to 90 degrees); efficiency, not used; the gains. ITS packages keep such files.
 /// Errors:  a text without the card's name.
-/// Tests:   tests/engine/AntennaFileTest.cpp
+/// Tests:   tests/engine/OutputTest.cpp
 #pragma once
 
 #include <string>

@@ -3,7 +3,7 @@
 ///
 /// Units:   degrees, MHz, kW, dB, percent.
 /// Errors:  one line naming card and columns. Every card but the antenna cards must be there.
-/// Tests:   tests/engine/PointDeckTest.cpp, tests/engine/AreaDeckTest.cpp
+/// Tests:   tests/engine/DeckTest.cpp
 #pragma once
 
 #include <optional>

@@ -2,7 +2,7 @@
 /// The lowest usable frequency of an hour.
 ///
 /// Source:  Recommendation ITU-R P.533-14, section 9.
-/// Tests:   tests/engine/LufTest.cpp
+/// Tests:   tests/engine/OutputTest.cpp
 #pragma once
 
 #include "engine/rec533/Prediction.h"
