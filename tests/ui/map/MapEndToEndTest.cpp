@@ -5,6 +5,7 @@
 
 #include "MapFakes.h"
 #include "propagation/EngineLib.h"
+#include "support/NeedVoacapl.h"
 
 namespace {
 
@@ -96,8 +97,7 @@ TEST_F(MapEndToEnd, PathOfTheDefaultCircuit)
 
 TEST_F(MapEndToEnd, VoacapPaintsTheSameMap)
 {
-    if (!fs::exists("/usr/bin/voacapl"))
-        GTEST_SKIP() << "voacapl is not installed";
+    NEED_VOACAPL();
     m_host.m_settings.m_iPropagationModel = kEngineVoacap;
     QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton);
     OverlayChoose();
