@@ -381,6 +381,16 @@ TEST_F(HopcastPredictAirmail, TakesTheSunspotNumberFromAirmail)
     EXPECT_NE(BytesRead(m_tmp.Path("root/deck")).find("SUNSPOT   112.5\r\n"), std::string::npos);
 }
 
+TEST_F(HopcastPredictAirmail, ASunspotNumberThatIsNoneIsToldAndNothingRuns)
+{
+    m_tmp.Write("wine/drive_c/Program Files/AirMail/Airmail.ini", "[Propagation]\r\nSSN=high\r\n");
+    const ProgramResult res = Predict({"--frequencies", "14100"});
+    EXPECT_EQ(res.nStatus, 1);
+    EXPECT_EQ(res.sOut, "");
+    EXPECT_EQ(res.sError, "hopcast-predict: Airmail's sunspot number: Type mismatch\n");
+    EXPECT_FALSE(fs::exists(m_tmp.Path("root/deck")));
+}
+
 TEST_F(HopcastPredictAirmail, TakesTheReceiverFromAirmailAndSaysHowOldItIs)
 {
     const ProgramResult res = Predict({"--frequencies", "14100", "--rc", "airmail"});
