@@ -90,6 +90,15 @@ TEST_F(PredictPrint, CsvHasARowAnHourAndFrequency)
         << sText;
 }
 
+TEST_F(PredictPrint, CsvQuotesAModeThatWouldBreakTheRow)
+{
+    m_table.sLayer(1, 1) = "1,\"F2";
+    m_table.sLayer(1, 2) = "1\rF2 ";
+    const std::string sText = PredictCsvGet(Run());
+    EXPECT_NE(sText.find("7050.6,\"1,\"\"F2\",7.5,"), std::string::npos) << sText;
+    EXPECT_NE(sText.find("14000,\"1\rF2 \",7.5,"), std::string::npos) << sText;
+}
+
 TEST_F(PredictPrint, JsonNamesEveryValue)
 {
     m_table.sLayer(1, 1) = " \"\\\x01";

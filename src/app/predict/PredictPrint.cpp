@@ -76,6 +76,16 @@ std::string Quoted(const std::string& sText)
     return sQuoted + '"';
 }
 
+/// A text as it stands, in quotes only where it would break the row: engines may write anything.
+std::string CsvText(const std::string& sText)
+{
+    if (sText.find_first_of(",\"\r\n") == std::string::npos)
+        return sText;
+    std::string sQuoted = "\"";
+    for (const char chr : sText) sQuoted += chr == '"' ? "\"\"" : std::string(1, chr);
+    return sQuoted + '"';
+}
+
 template <class T>
 std::string Pair(const char* sName, T value)
 {
@@ -153,8 +163,9 @@ std::string PredictCsvGet(const PredictRun& run)
                                   + NumberToText(table.fLUF[iHour]) + ",";
         for (int i = 1; i <= table.nData; ++i) {
             sText += sHour + NumberToText(run.pSettings->FrequencyGet(i)) + ","
-                     + table.sLayer(iHour, i) + "," + NumberToText(table.fTakeoffAngle(iHour, i))
-                     + "," + NumberToText(table.fTimeDelay(iHour, i)) + ","
+                     + CsvText(table.sLayer(iHour, i)) + ","
+                     + NumberToText(table.fTakeoffAngle(iHour, i)) + ","
+                     + NumberToText(table.fTimeDelay(iHour, i)) + ","
                      + NumberToText(table.fVirtualHeight(iHour, i)) + ","
                      + NumberToText(table.fSdBW(iHour, i)) + ","
                      + NumberToText(table.fNdBW(iHour, i)) + ","
