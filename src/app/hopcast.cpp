@@ -11,10 +11,7 @@
 #include "system/MsgLib.h"
 #include "ui/common/MsgWindow.h"
 #include "ui/main/frmMain.h"
-#include "ui/map/frmMap.h"
 #include "ui/options/AppIcon.h"
-#include "ui/options/frmAbout.h"
-#include "ui/options/frmOptions.h"
 
 namespace {
 
@@ -77,8 +74,8 @@ void OnceSetUp(frmMain& frm)
 
 int WindowRun(QApplication& app, const Options& options)
 {
-    QApplication::setApplicationName(QStringLiteral("hopcast"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Hopcast"));
+    // No display name: the toolkit would append it to the title of every other window.
+    QApplication::setApplicationName(QStringLiteral("Hopcast"));
     QApplication::setApplicationVersion(QStringLiteral(HOPCAST_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("hopcast"));
     QApplication::setWindowIcon(AppIconGet());
@@ -87,9 +84,6 @@ int WindowRun(QApplication& app, const Options& options)
     if (const auto res = EngineRootProvision(); !res)
         MsgBox(MsgIcon::Info, "Hopcast's own engine folder could not be made: " + res.TextGet());
     frmMain frm;
-    frm.ChildSetFactory(Child::Map, [](MainLink& main) { return new frmMap(main); });
-    frm.ChildSetFactory(Child::Options, [](MainLink& main) { return new frmOptions(main); });
-    frm.ChildSetFactory(Child::About, [](MainLink&) { return new frmAbout; });
     if (options.sProfile)
         frm.m_settings.m_sProfileFile = *options.sProfile;
     if (options.bOnce)

@@ -19,9 +19,7 @@ public:
     [[nodiscard]] virtual Settings& SettingsGet() = 0;
     /// Every setting back to its default; no prediction is run.
     virtual void Initialize() = 0;
-    /// Runs a prediction with the settings as they are. One that is asked for while another runs
-    /// is done once, after it.
-    /// @return true when the prediction succeeded (false also: put off).
+    /// Lays out the table and runs a prediction. @return true when it succeeded.
     virtual bool Update() = 0;
     /// Selects a cell of the table: frequency row from 1, hour column 1..24; -1, -1 for none.
     virtual void DataSetSelected(int iRow, int iColumn) = 0;

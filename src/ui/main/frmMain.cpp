@@ -12,6 +12,10 @@
 #include "ui/common/Pictures.h"
 #include "ui/details/frmDetails.h"
 #include "ui/main/WindowPlace.h"
+#include "ui/map/frmMap.h"
+#include "ui/options/AppIcon.h"
+#include "ui/options/frmAbout.h"
+#include "ui/options/frmOptions.h"
 
 namespace {
 
@@ -33,6 +37,7 @@ frmMain::~frmMain() { WindowsUnload(); }
 void frmMain::ControlsSetUp()
 {
     setWindowTitle(QApplication::applicationDisplayName());
+    setWindowIcon(AppIconGet());
     mnuTransmitter = new StationMenu(this);
     tmrTime = new QTimer(this);
     tmrTime->setObjectName(QStringLiteral("tmrTime"));
@@ -47,8 +52,6 @@ void frmMain::ControlsSetUp()
     lblInForce->setObjectName(QStringLiteral("lblInForce"));
     statusbar->addWidget(lblTrouble, 1);
     statusbar->addPermanentWidget(lblInForce);
-    for (const Child eChild : {Child::About, Child::Map, Child::Options})
-        ChildSetFactory(eChild, {});
 }
 
 void frmMain::SignalsConnect()
@@ -106,37 +109,18 @@ void frmMain::MenusConnect()
     }
 }
 
-void frmMain::ChildSetFactory(Child eChild, ChildMakeFn fnMake)
-{
-    const bool bThere = static_cast<bool>(fnMake);
-    ChildOf(eChild).fnMake = std::move(fnMake);
-    switch (eChild) {
-        case Child::About:
-            mnuHelp->menuAction()->setVisible(bThere);
-            break;
-        case Child::Map:
-            mnuViewWorldMap->setVisible(bThere);
-            cmdRcMap->setVisible(bThere);
-            cmdTxMap->setVisible(bThere);
-            break;
-        case Child::Options:
-            mnuOptions->menuAction()->setVisible(bThere);
-            break;
-    }
-}
-
 void frmMain::Initialize() { m_settings.Initialize(); }
 
 void frmMain::ProfileSaveError(int nErrorCode) const { ::ProfileSaveError(m_settings, nErrorCode); }
 
 float frmMain::FrequencyGet(int iIndex) const { return m_settings.FrequencyGet(iIndex); }
 
+void frmMain::FrequencySet(int iIndex, float fValue) { m_settings.FrequencySet(iIndex, fValue); }
+
 std::string frmMain::FrequencyTextGet(int iRow) const
 {
     return grdData->TextGet(iRow, 0).toStdString();
 }
-
-void frmMain::FrequencySet(int iIndex, float fValue) { m_settings.FrequencySet(iIndex, fValue); }
 
 SelectedCell frmMain::DataGetSelected() const { return m_settings.m_selected; }
 
@@ -229,8 +213,8 @@ void frmMain::closeEvent(QCloseEvent* pEvent)
 
 void frmMain::WindowsUnload()
 {
-    delete ChildOf(Child::About).pWidget;
+    delete m_pAbout;
     delete m_pDetails;
-    delete ChildOf(Child::Map).pWidget;
-    delete ChildOf(Child::Options).pWidget;
+    delete m_pMap;
+    delete m_pOptions;
 }

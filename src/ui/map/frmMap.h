@@ -19,7 +19,7 @@
 #include <vector>
 
 #include "system/Result.h"
-#include "ui/common/MainLink.h"
+#include "ui/common/MainWindowHost.h"
 #include "ui/map/MapControls.h"
 #include "ui/map/MapOverlay.h"
 #include "ui/map/MapView.h"
@@ -31,7 +31,7 @@ struct MapStation {
     int iSystem = 1;
 };
 
-class frmMap final : public QWidget, public ChildWindow {
+class frmMap final : public QWidget {
     Q_OBJECT
 public:
     /// @param host  outlives the window.
@@ -42,8 +42,7 @@ public:
     void DrawTx();
     /// The settings have changed: takes both locations from them, repaints the view, and draws the
     /// overlay anew where it is shown. Nothing before the first activation.
-    void Update() override;
-    [[nodiscard]] QWidget* WidgetGet() override { return this; }
+    void Update();
 
     QFrame* pctFrame = nullptr;
     PctMap* pctMap = nullptr;

@@ -9,14 +9,12 @@
 #include <string>
 #include <string_view>
 
-#include "ui/common/MainLink.h"
 #include "ui_frmAbout.h"
 
-class frmAbout final : public QDialog, public Ui::frmAbout, public ChildWindow {
+class frmAbout final : public QDialog, public Ui::frmAbout {
     Q_OBJECT
 public:
     explicit frmAbout(QWidget* pParent = nullptr);
-    [[nodiscard]] QWidget* WidgetGet() override { return this; }
 };
 
 /// The version line and the three purposes, its lines broken by single carriage returns.

@@ -16,27 +16,23 @@
 #include <array>
 #include <string>
 
-#include "ui/common/MainLink.h"
+#include "ui/common/MainWindowHost.h"
 #include "ui_OptionsModel.h"
 #include "ui_frmOptions.h"
 
 /// The tabs, as TabShow counts them.
 enum OptionsTab { kTabAirmail, kTabModel, kTabFrequency, kTabTime, kTabMap };
 
-class frmOptions final : public QDialog,
-                         public Ui::frmOptions,
-                         public Ui::OptionsModel,
-                         public ChildWindow {
+class frmOptions final : public QDialog, public Ui::frmOptions, public Ui::OptionsModel {
     Q_OBJECT
 public:
     /// @param host  outlives the dialog.
     explicit frmOptions(MainWindowHost& host, QWidget* pParent = nullptr);
 
     /// Fills every control from the settings and from Airmail.
-    void Update() override;
+    void Update();
     /// Brings a tab to the front; a number that is none of the tabs changes nothing.
-    void TabShow(int iTab) override;
-    [[nodiscard]] QWidget* WidgetGet() override { return this; }
+    void TabShow(int iTab);
 
     QTimer* tmrTime;  ///< the clocks' tick  NOLINT(readability-identifier-naming)
 

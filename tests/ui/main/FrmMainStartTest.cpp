@@ -4,9 +4,13 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
+#include <QTabWidget>
 #include <QTest>
 
 #include "ui/details/frmDetails.h"
+#include "ui/map/frmMap.h"
+#include "ui/options/frmAbout.h"
+#include "ui/options/frmOptions.h"
 #include "ui/support/MainRig.h"
 #include "ui/support/UiEvents.h"
 
@@ -98,72 +102,35 @@ TEST(FrmMainStart, WindowOffEveryScreenAppearsOnAVisibleOne)
     }
 }
 
-TEST(FrmMainStart, CommandsOfWindowsThatAreNotThereAreAbsent)
+TEST(FrmMainStart, OptionsItemsShowTheDialogOnTheirTab)
 {
-    MainRig rig;
-    const frmMain& frm = rig.Start();
-    EXPECT_FALSE(frm.mnuOptions->menuAction()->isVisible());
-    EXPECT_FALSE(frm.mnuHelp->menuAction()->isVisible());
-    EXPECT_FALSE(frm.mnuViewWorldMap->isVisible());
-    EXPECT_FALSE(frm.cmdRcMap->isVisible());
-    EXPECT_FALSE(frm.cmdTxMap->isVisible());
-    EXPECT_TRUE(frm.mnuViewDetailData->isVisible());
-}
-
-/// A stand-in for a window of another folder.
-class ChildFake final : public QWidget, public ChildWindow {
-public:
-    QWidget* WidgetGet() override { return this; }
-    ChildFake(std::vector<std::string>& asLog, std::string sName)
-        : m_asLog(asLog), m_sName(std::move(sName))
-    {
-    }
-    ~ChildFake() override { m_asLog.push_back("gone " + m_sName); }
-    void TabShow(int iTab) override
-    {
-        m_asLog.push_back((isVisible() ? "tab " : "hidden tab ") + std::to_string(iTab));
-    }
-
-private:
-    std::vector<std::string>& m_asLog;
-    std::string m_sName;
-};
-
-void ChildrenAdd(frmMain& frm, std::vector<std::string>& asLog)
-{
-    frm.ChildSetFactory(Child::About, [&](MainLink&) { return new ChildFake(asLog, "about"); });
-    frm.ChildSetFactory(Child::Map, [&](MainLink&) { return new ChildFake(asLog, "map"); });
-    frm.ChildSetFactory(Child::Options, [&](MainLink&) { return new ChildFake(asLog, "options"); });
-}
-
-TEST(FrmMainStart, OptionsItemsShowTheDialogAndThenSwitchToTheirTab)
-{
-    std::vector<std::string> asLog;
     MainRig rig;
     frmMain& frm = rig.Start();
-    ChildrenAdd(frm, asLog);
-    EXPECT_TRUE(frm.mnuOptions->menuAction()->isVisible());
+    int iTab = 0;
     for (QAction* pAction : {frm.mnuOptionsAirMail, frm.mnuOptionsModel, frm.mnuOptionsFrequency,
-                             frm.mnuOptionsTime, frm.mnuOptionsMap})
+                             frm.mnuOptionsTime, frm.mnuOptionsMap}) {
+        const frmOptions* pBefore = frm.m_pOptions;
         pAction->trigger();
-    EXPECT_EQ(asLog, (std::vector<std::string>{"tab 0", "tab 1", "tab 2", "tab 3", "tab 4"}));
+        ASSERT_TRUE(frm.m_pOptions);
+        EXPECT_TRUE(frm.m_pOptions->isVisible());
+        EXPECT_FALSE(frm.m_pOptions->isModal());
+        EXPECT_EQ(frm.m_pOptions->findChild<QTabWidget*>()->currentIndex(), iTab);
+        EXPECT_TRUE(pBefore == nullptr || pBefore == frm.m_pOptions);
+        ++iTab;
+    }
 }
 
-TEST(FrmMainStart, MapButtonsOpenTheMap)
+TEST(FrmMainStart, MapCommandAndButtonsOpenTheOneMap)
 {
-    std::vector<std::string> asLog;
     MainRig rig;
     frmMain& frm = rig.Start();
-    int nMade = 0;
-    frm.ChildSetFactory(Child::Map, [&](MainLink& main) {
-        ++nMade;
-        EXPECT_EQ(&main.SettingsGet(), &frm.m_settings);
-        return new ChildFake(asLog, "map");
-    });
     QTest::mouseClick(frm.cmdRcMap, Qt::LeftButton);
+    ASSERT_TRUE(frm.m_pMap);
+    const frmMap* pMap = frm.m_pMap;
+    EXPECT_TRUE(pMap->isVisible());
     QTest::mouseClick(frm.cmdTxMap, Qt::LeftButton);
     frm.mnuViewWorldMap->trigger();
-    EXPECT_EQ(nMade, 1);
+    EXPECT_EQ(frm.m_pMap, pMap);
 }
 
 TEST(FrmMainStart, EndUnloadsTheOtherWindowsInOrderAndThenSaves)
@@ -171,37 +138,50 @@ TEST(FrmMainStart, EndUnloadsTheOtherWindowsInOrderAndThenSaves)
     std::vector<std::string> asLog;
     MainRig rig;
     frmMain& frm = rig.Start();
-    ChildrenAdd(frm, asLog);
     frm.mnuOptionsModel->trigger();
     frm.mnuViewWorldMap->trigger();
     CellMouse(*frm.grdData, {2, 2});
     frm.mnuHelpAbout->trigger();
-    QObject::connect(frm.m_pDetails, &QObject::destroyed, [&] {
-        asLog.emplace_back("gone details");
-        EXPECT_EQ(BytesRead(rig.m_sProfileFile).find("Window Data"), std::string::npos);
-    });
-    asLog.clear();
+    const auto Log = [&](QWidget* pWindow, const char* sName) {
+        QObject::connect(pWindow, &QObject::destroyed, [&, sName] {
+            asLog.emplace_back(sName);
+            EXPECT_EQ(BytesRead(rig.m_sProfileFile).find("Window Data"), std::string::npos);
+        });
+    };
+    Log(frm.m_pOptions, "options");
+    Log(frm.m_pMap, "map");
+    Log(frm.m_pDetails, "details");
+    Log(frm.m_pAbout, "about");
     frm.mnuFileExit->trigger();
-    EXPECT_EQ(asLog,
-              (std::vector<std::string>{"gone about", "gone details", "gone map", "gone options"}));
+    EXPECT_EQ(asLog, (std::vector<std::string>{"about", "details", "map", "options"}));
     EXPECT_NE(BytesRead(rig.m_sProfileFile).find("[Window Data]"), std::string::npos);
     EXPECT_FALSE(frm.isVisible());
 }
 
-TEST(FrmMainStart, ClosedWindowIsDestroyedAndMadeAnew)
+TEST(FrmMainStart, ClosedWindowsAreDestroyedAndMadeAnew)
 {
-    std::vector<std::string> asLog;
     MainRig rig;
     frmMain& frm = rig.Start();
-    ChildrenAdd(frm, asLog);
-    frm.mnuHelpAbout->trigger();
-    for (QWidget* pWindow : QApplication::topLevelWidgets())
-        if (dynamic_cast<ChildFake*>(pWindow) != nullptr)
+    for (int n = 0; n < 2; ++n) {
+        frm.mnuHelpAbout->trigger();
+        frm.mnuViewWorldMap->trigger();
+        frm.mnuOptionsTime->trigger();
+        frm.mnuViewDetailData->trigger();
+        ASSERT_TRUE(frm.m_pAbout && frm.m_pMap && frm.m_pOptions && frm.m_pDetails);
+        for (QWidget* pWindow : std::initializer_list<QWidget*>{frm.m_pAbout, frm.m_pMap,
+                                                                frm.m_pOptions, frm.m_pDetails})
             pWindow->close();
-    MainRig::EventsRun();
-    EXPECT_EQ(asLog, (std::vector<std::string>{"gone about"}));
-    frm.mnuHelpAbout->trigger();
-    EXPECT_EQ(asLog.size(), 1u);
+        MainRig::EventsRun();
+        EXPECT_FALSE(frm.m_pAbout || frm.m_pMap || frm.m_pOptions || frm.m_pDetails);
+    }
+}
+
+TEST(FrmMainStart, OtherWindowsFindTheTablesLabels)
+{
+    MainRig rig;
+    const frmMain& frm = rig.Start();
+    EXPECT_EQ(frm.FrequencyTextGet(7), "14000");
+    EXPECT_EQ(frm.FrequencyTextGet(16), "");
 }
 
 TEST(FrmMainStart, MenusHaveTheirToldItems)

@@ -6,50 +6,38 @@
 #include <QTest>
 
 #include "geo/MathLib.h"
+#include "ui/map/frmMap.h"
+#include "ui/options/frmOptions.h"
 #include "ui/support/MainRig.h"
 #include "ui/support/UiEvents.h"
 
 namespace {
 
-/// Another window of the program that writes down what it sees at each update.
-class ChildRecorder final : public QWidget, public ChildWindow {
-public:
-    QWidget* WidgetGet() override { return this; }
-    explicit ChildRecorder(std::function<void()> fnUpdate) : m_fnUpdate(std::move(fnUpdate)) {}
-    void Update() override { m_fnUpdate(); }
-
-private:
-    std::function<void()> m_fnUpdate;
-};
-
 TEST(FrmMainUpdate, TakesItsStepsInOrder)
 {
     MainRig rig;
-    frmMain& frm = rig.Make();
-    std::vector<std::string> asSeen;
-    const auto Recorder = [&](const char* sName) {
-        return [&asSeen, &frm, sName](MainLink&) {
-            return new ChildRecorder([&asSeen, &frm, sName] {
-                asSeen.push_back(sName);
-                EXPECT_FALSE(frm.grdData->RedrawGet());
-                EXPECT_EQ(frm.txtLat0->text(), QStringLiteral("10°00.00'N"));  // already written
-                EXPECT_EQ(frm.grdData->TextGet(3, 0), QStringLiteral("5000"));
-                EXPECT_EQ(frm.DataGetSelected().iHour, 14);
-            });
-        };
-    };
-    frm.ChildSetFactory(Child::Options, Recorder("options"));
-    frm.ChildSetFactory(Child::Map, Recorder("map"));
-    rig.Start();
-    frm.mnuOptionsModel->trigger();
+    frmMain& frm = rig.Start();
+    frm.mnuOptionsFrequency->trigger();
     frm.mnuViewWorldMap->trigger();
+    MainRig::EventsRun();
     frm.activateWindow();
     frm.m_settings.m_dRcLat = 10.0;
     frm.FrequencySet(3, 5000.0F);
-    rig.m_engine.fnDuring = [&] { asSeen.emplace_back("engine"); };
-    asSeen.clear();
+    bool bSeen = false;
+    rig.m_engine.fnDuring = [&] {
+        bSeen = true;
+        EXPECT_FALSE(frm.grdData->RedrawGet());
+        EXPECT_EQ(frm.grdData->TextGet(3, 0), QStringLiteral("5000"));
+        EXPECT_EQ(frm.DataGetSelected().iHour, 14);
+        EXPECT_EQ(frm.txtLat0->text(), QStringLiteral("10°00.00'N"));
+        EXPECT_DOUBLE_EQ(frm.m_pMap->m_posRc.dLat, 10.0);
+        EXPECT_NE(frm.m_pOptions->txtFrequency->toPlainText().indexOf(QStringLiteral("5000")), -1);
+        EXPECT_EQ(frm.grdData->TextGet(1, 1), QStringLiteral("2"));  // not filled yet
+    };
+    rig.m_engine.fnSnr = [](int, int) { return 44.0; };
     EXPECT_TRUE(frm.Update());
-    EXPECT_EQ(asSeen, (std::vector<std::string>{"map", "options", "engine", "engine"}));
+    EXPECT_TRUE(bSeen);
+    EXPECT_EQ(frm.grdData->TextGet(1, 1), QStringLiteral("44"));
     EXPECT_TRUE(frm.grdData->RedrawGet());
     EXPECT_FALSE(frm.cmdUpdate->isEnabled());
 }
