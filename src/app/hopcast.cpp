@@ -74,8 +74,8 @@ void OnceSetUp(frmMain& frm)
 
 int WindowRun(QApplication& app, const Options& options)
 {
-    QApplication::setApplicationName(QStringLiteral("hopcast"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Hopcast"));
+    // No display name: the toolkit would append it to the title of every other window.
+    QApplication::setApplicationName(QStringLiteral("Hopcast"));
     QApplication::setApplicationVersion(QStringLiteral(HOPCAST_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("hopcast"));
     QApplication::setWindowIcon(AppIconGet());

@@ -1,5 +1,5 @@
-// Each point in which the corrected behaviour departs from the ITU program, pinned to a value that does
-// not come from either.
+// Each point in which the corrected behaviour departs from the ITU program, pinned to a value that
+// does not come from either.
 
 #include <gtest/gtest.h>
 
@@ -13,8 +13,8 @@ namespace {
 
 using namespace rec533;  // NOLINT(google-build-using-namespace)
 
-// Low-precision sun of the Astronomical Almanac for a day of the year 2001 and UT hour: declination and
-// hour angle at longitude 0, degrees.
+// Low-precision sun of the Astronomical Almanac for a day of the year 2001 and UT hour: declination
+// and hour angle at longitude 0, degrees.
 struct AlmanacSun {
     double dDeclination, dHourAngle;
 };
@@ -58,7 +58,8 @@ TEST(Corrections, SunStandsWhereTheAlmanacHasItAtTheLabelsHour)
 }
 
 // The series written out plainly, apart from the program's own functions.
-double SeriesOf(int nMonth, double dSsn, int nHour, double dLatDegrees, double dLonDegrees, double dDip)
+double SeriesOf(int nMonth, double dSsn, int nHour, double dLatDegrees, double dLonDegrees,
+                double dDip)
 {
     constexpr int kLast[9]{11, 35, 53, 63, 67, 69, 71, 73, 75};
     const double dLat = dLatDegrees * kPi / 180.0;
@@ -72,7 +73,7 @@ double SeriesOf(int nMonth, double dSsn, int nHour, double dLatDegrees, double d
         if (k > kLast[nOrder])
             nFirst = kLast[nOrder++] + 1;
         const int nPower = nOrder == 0 ? k : (k - nFirst) / 2;
-        const double dLonTerm = nOrder == 0            ? 1.0
+        const double dLonTerm = nOrder == 0             ? 1.0
                                 : (k - nFirst) % 2 == 0 ? std::cos(nOrder * dLon)
                                                         : std::sin(nOrder * dLon);
         double dHours = 0.0;
@@ -80,10 +81,13 @@ double SeriesOf(int nMonth, double dSsn, int nHour, double dLatDegrees, double d
             const double dLow = aFigures[static_cast<std::size_t>(i + 13 * k)];
             const double dHigh = aFigures[static_cast<std::size_t>(i + 13 * k + 988)];
             const int nHarmonic = (i + 1) / 2;
-            const double dTerm = i == 0 ? 1.0 : i % 2 == 1 ? std::sin(nHarmonic * dT) : std::cos(nHarmonic * dT);
+            const double dTerm = i == 0       ? 1.0
+                                 : i % 2 == 1 ? std::sin(nHarmonic * dT)
+                                              : std::cos(nHarmonic * dT);
             dHours += (dLow + (dHigh - dLow) * dSsn / 100.0) * dTerm;
         }
-        dSum += dHours * std::pow(std::sin(dX), nPower) * std::pow(std::cos(dLat), nOrder) * dLonTerm;
+        dSum +=
+            dHours * std::pow(std::sin(dX), nPower) * std::pow(std::cos(dLat), nOrder) * dLonTerm;
     }
     return dSum;
 }
@@ -101,10 +105,11 @@ TEST(Corrections, MapsAreTheSeriesItselfInEveryQuadrantAtSunrise)
             SiteFill(tblSite, PlaceFromDegrees(dLat, dLon));
             const double dDip = MagneticFieldGet(tblSite.tblPlace, FieldHeight::Maps).dDip;
             const double dSeries = SeriesOf(9, 110.0, nSunrise, dLat, dLon, dDip);
-            EXPECT_NEAR(SiteLayerGet(*pIono, FoeHourGet(*pIono, nLabel), tblSite, nLabel).dFof2, dSeries, 1e-4);
+            EXPECT_NEAR(SiteLayerGet(*pIono, FoeHourGet(*pIono, nLabel), tblSite, nLabel).dFof2,
+                        dSeries, 1e-4);
             tblSite.bMap = false;
-            const double dGrid
-                = SiteLayerGet(*pReference, FoeHourGet(*pReference, nLabel), tblSite, nLabel).dFof2;
+            const double dGrid =
+                SiteLayerGet(*pReference, FoeHourGet(*pReference, nLabel), tblSite, nLabel).dFof2;
             dWorstReference = std::max(dWorstReference, std::abs(dGrid - dSeries));
         }
     }
@@ -129,7 +134,8 @@ TEST(Corrections, DecilesAreReadAtTheLocalHour)
 {
     // Table of the lower decile, winter, R12 < 50, 50 degrees: 0.78 at 05 h, 0.85 at 12 h.
     for (const bool bReference : {false, true}) {
-        const auto pIono = IonosphereOf(bReference ? Behaviour::Reference : Behaviour::Corrected, 1, 20.0);
+        const auto pIono =
+            IonosphereOf(bReference ? Behaviour::Reference : Behaviour::Corrected, 1, 20.0);
         const double dHour = DecileHourGet(*pIono, 6, 90.0 * kPi / 180.0);
         const DecileFactors tbl = DecileFactorsGet(50.0 * kRadians, dHour, Season::Winter, 20.0);
         EXPECT_NEAR(tbl.dLower, bReference ? 0.78 : 0.85, 1e-6);
@@ -149,7 +155,8 @@ TEST(Corrections, AuroralHourIsWrapped)
 
 TEST(Corrections, PolarWinterIsOfTheSouthInJune)
 {
-    // 45 N, a June night: the layer decays slowly from sunset (factor exp(-1.4 t)), not with the angle.
+    // 45 N, a June night: the layer decays slowly from sunset (factor exp(-1.4 t)), not with the
+    // angle.
     const auto pIono = IonosphereOf(Behaviour::Corrected, 6, 100.0);
     const auto pReference = IonosphereOf(Behaviour::Reference, 6, 100.0);
     const Place tblNorth = PlaceFromDegrees(45.0, 0.0);
@@ -161,7 +168,8 @@ TEST(Corrections, PolarWinterIsOfTheSouthInJune)
     FoeHour tblSet = tblHour;
     tblSet.dClock = tblTimes.dSunset;
     const double dAtSet = FoeGet(tblSet, tblNorth, -0.2);  // deep enough for the decay to rule
-    EXPECT_NEAR(FoeGet(tblHour, tblNorth, -0.2), dAtSet * std::exp(-0.35 * (21.0 - tblTimes.dSunset)), 1e-6);
+    EXPECT_NEAR(FoeGet(tblHour, tblNorth, -0.2),
+                dAtSet * std::exp(-0.35 * (21.0 - tblTimes.dSunset)), 1e-6);
     FoeHour tblFlawed = FoeHourGet(*pReference, 21);
     tblFlawed.pSun = tblHour.pSun;
     EXPECT_LT(FoeGet(tblFlawed, tblNorth, -0.2), FoeGet(tblHour, tblNorth, -0.2));

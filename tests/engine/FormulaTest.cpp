@@ -12,10 +12,7 @@ namespace {
 
 using namespace rec533;  // NOLINT(google-build-using-namespace)
 
-double DegreesOf(double dRadians)
-{
-    return dRadians * kDegrees;
-}
+double DegreesOf(double dRadians) { return dRadians * kDegrees; }
 
 TEST(Figures, HoldThePackagesNumbers)
 {
@@ -43,7 +40,8 @@ TEST(Geometry, ElevationFollowsTheTriangle)
     // Centre of the Earth, station, mirror: height = R (cos e / cos(e + d/2R) - 1).
     for (const double dHop : {100.0, 1000.0, 3000.0}) {
         const double dE = ElevationGet(dHop, 300.0);
-        EXPECT_NEAR(kEarthKm * (std::cos(dE) / std::cos(dE + dHop / (2.0 * kEarthKm)) - 1.0), 300.0, 1e-6);
+        EXPECT_NEAR(kEarthKm * (std::cos(dE) / std::cos(dE + dHop / (2.0 * kEarthKm)) - 1.0), 300.0,
+                    1e-6);
         EXPECT_NEAR(std::acos(IncidenceCosGet(dE, 110.0)), IncidenceGet(dE, 110.0), 1e-9);
         // By the law of sines the slant range is twice the side from station to mirror.
         const double dSide = (kEarthKm + 300.0) * std::sin(dHop / (2.0 * kEarthKm)) / std::cos(dE);
@@ -146,13 +144,14 @@ TEST(Absorption, PlaceTablesFollowExactAngles)
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Corrected, MapSet::Ccir, 9, 60.0);
     const AbsorptionHour tblHour = AbsorptionHourGet(*pIono, 12);
-    const GreatCircle tblPath
-        = GreatCircleMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
+    const GreatCircle tblPath =
+        GreatCircleMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
     const double dElevation = ElevationGet(tblPath.dKm / 2.0, 300.0);
     Crossing aCrossings[4];
     CrossingsFill(tblHour, tblPath, 2, dElevation, aCrossings);
     const double dNear = CrossingKmGet(dElevation);
-    const double aKm[4]{dNear, tblPath.dKm / 2.0 - dNear, tblPath.dKm / 2.0 + dNear, tblPath.dKm - dNear};
+    const double aKm[4]{dNear, tblPath.dKm / 2.0 - dNear, tblPath.dKm / 2.0 + dNear,
+                        tblPath.dKm - dNear};
     for (int i = 0; i < 4; ++i) {
         const Place tbl = GreatCirclePlace(tblPath, aKm[i] / tblPath.dKm);
         const double dCos = SunZenithCosGet(*tblHour.tblFoe.pSun, tbl);
@@ -178,7 +177,8 @@ TEST(Muf, LongestHopGivesTheRatioOfThe3000KmHop)
 {
     const F2Layer tbl = F2LayerMake(8.0, 3.0, 3.0, 1.2);
     EXPECT_NEAR(F2MufGet(tbl, 3000.0, 4000.0), tbl.dB * 8.0 + 0.6 * 0.25, 1e-9);
-    // Straight up the extraordinary wave's critical frequency, near enough: Cd is not quite 0 there.
+    // Straight up the extraordinary wave's critical frequency, near enough: Cd is not quite 0
+    // there.
     EXPECT_NEAR(F2MufGet(tbl, 0.0, 4000.0), 8.0 + 0.6, 0.2);
     EXPECT_LT(F2MufGet(tbl, 500.0, 4000.0), F2MufGet(tbl, 1500.0, 4000.0));
 }
@@ -244,8 +244,7 @@ TEST(Reliability, ClassLimitsBelongToTheLowerClass)
 TEST(Antenna, GainIsInterpolatedAndClamped)
 {
     Antenna tbl;
-    for (std::size_t i = 0; i < tbl.aGain.size(); ++i)
-        tbl.aGain[i] = static_cast<double>(i) / 10.0;
+    for (std::size_t i = 0; i < tbl.aGain.size(); ++i) tbl.aGain[i] = static_cast<double>(i) / 10.0;
     EXPECT_NEAR(AntennaGainGet(&tbl, 4.5 * kRadians), 0.45, 1e-9);
     EXPECT_NEAR(AntennaGainGet(&tbl, 2.0), 9.0, 1e-9);
     EXPECT_NEAR(AntennaGainGet(&tbl, -0.1), 0.0, 1e-9);

@@ -29,10 +29,8 @@ DataTable::DataTable(const std::string& sName)
     std::string sLine;
     std::getline(stm, sLine);
     const auto aHead = CellsSplit(sLine);
-    for (std::size_t i = 0; i < aHead.size(); ++i)
-        m_mapColumns[aHead[i]] = i;
-    while (std::getline(stm, sLine))
-        m_aRows.push_back(CellsSplit(sLine));
+    for (std::size_t i = 0; i < aHead.size(); ++i) m_mapColumns[aHead[i]] = i;
+    while (std::getline(stm, sLine)) m_aRows.push_back(CellsSplit(sLine));
     EXPECT_FALSE(m_aRows.empty()) << sName;
 }
 
@@ -60,9 +58,10 @@ void CircuitRun::Go(const std::string& sId, int nLabel)
 {
     if (sId != m_sId) {
         std::size_t nRow = 0;
-        while (m_tblCircuits.TextGet(nRow, "id") != sId)
-            ++nRow;
-        const auto fnNumber = [&](const char* sName) { return m_tblCircuits.NumberGet(nRow, sName); };
+        while (m_tblCircuits.TextGet(nRow, "id") != sId) ++nRow;
+        const auto fnNumber = [&](const char* sName) {
+            return m_tblCircuits.NumberGet(nRow, sName);
+        };
         rec533::Circuit tbl;
         tbl.dTxLat = fnNumber("tx_lat");
         tbl.dTxLon = fnNumber("tx_lon");
@@ -70,15 +69,16 @@ void CircuitRun::Go(const std::string& sId, int nLabel)
         tbl.dRxLon = fnNumber("rx_lon");
         tbl.bLongWay = m_tblCircuits.TextGet(nRow, "path") == "LONG";
         tbl.dPowerKw = fnNumber("pwr_w") / 1000.0;
-        const std::array<std::string, 6> aNoise{"CITY", "RESIDENTIAL", "RURAL", "QUIETRURAL", "QUIET", "NOISY"};
+        const std::array<std::string, 6> aNoise{"CITY",       "RESIDENTIAL", "RURAL",
+                                                "QUIETRURAL", "QUIET",       "NOISY"};
         tbl.dNoiseLevel = fnNumber("noise");
         for (std::size_t i = 0; i < aNoise.size(); ++i)
             if (m_tblCircuits.TextGet(nRow, "noise") == aNoise[i])
                 tbl.eNoise = static_cast<rec533::NoiseCategory>(i);
         tbl.dRequiredSnr = fnNumber("req_snr");
         tbl.dRequiredReliability = fnNumber("req_rel");
-        IonosphereFill(m_tblIonosphere, m_eBehaviour, m_eMaps, m_tblCircuits.IntegerGet(nRow, "month"),
-                       fnNumber("ssn"));
+        IonosphereFill(m_tblIonosphere, m_eBehaviour, m_eMaps,
+                       m_tblCircuits.IntegerGet(nRow, "month"), fnNumber("ssn"));
         PathFill(m_tblPath, m_tblIonosphere, tbl);
     }
     if (sId != m_sId || nLabel != m_nLabel)
@@ -96,5 +96,6 @@ rec533::Prediction CircuitRun::PredictionGet(double dFrequency)
 
 std::string ModeName(const rec533::Mode* pMode)
 {
-    return pMode == nullptr ? std::string() : std::to_string(pMode->nHops) + (pMode->bE ? "E" : "F2");
+    return pMode == nullptr ? std::string()
+                            : std::to_string(pMode->nHops) + (pMode->bE ? "E" : "F2");
 }

@@ -21,8 +21,8 @@ void ExpectLike(const DataTable& tbl, std::size_t nRow, const char* sColumn, dou
         return;
     const double dExpected = tbl.NumberGet(nRow, sColumn);
     EXPECT_NEAR(dValue, dExpected, std::max(0.01, 1e-4 * std::abs(dExpected)))
-        << sColumn << " of " << tbl.TextGet(nRow, "id") << " at " << tbl.TextGet(nRow, "hour") << " h, "
-        << tbl.TextGet(nRow, "freq") << " MHz";
+        << sColumn << " of " << tbl.TextGet(nRow, "id") << " at " << tbl.TextGet(nRow, "hour")
+        << " h, " << tbl.TextGet(nRow, "freq") << " MHz";
 }
 
 template <class RowFn>
@@ -56,7 +56,8 @@ TEST(ReferenceTable, PathAndMufAgree)
 
 TEST(ReferenceTable, FieldPowerAndModeAgree)
 {
-    RowsVisit([](const DataTable& tbl, std::size_t i, CircuitRun&, const Prediction& tblPrediction) {
+    RowsVisit([](const DataTable& tbl, std::size_t i, CircuitRun&,
+                 const Prediction& tblPrediction) {
         EXPECT_EQ(ModeName(tblPrediction.pMode), tbl.TextGet(i, "mode")) << tbl.TextGet(i, "id");
         ExpectLike(tbl, i, "ele", tblPrediction.dElevation * kDegrees);
         ExpectLike(tbl, i, "es", tblPrediction.dFieldShort);
@@ -70,46 +71,48 @@ TEST(ReferenceTable, FieldPowerAndModeAgree)
 TEST(ReferenceTable, LongMethodAgrees)
 {
     std::size_t nLong = 0;
-    RowsVisit([&](const DataTable& tbl, std::size_t i, CircuitRun& run, const Prediction& tblPrediction) {
-        if (run.m_tblPath.tblWay.dKm < kShortOnly)
-            return;
-        ++nLong;
-        const LongPath& tblLong = run.m_tblPath.tblLong;
-        const LongHour& tblHour = run.m_tblHour.tblLong;
-        ExpectLike(tbl, i, "e0", LongFreeGet(tblLong));
-        ExpectLike(tbl, i, "gap", tblLong.dGap);
-        ExpectLike(tbl, i, "fm", tblHour.dUpper);
-        ExpectLike(tbl, i, "fl", tblHour.dLower);
-        ExpectLike(tbl, i, "k1", tblHour.dK1);
-        ExpectLike(tbl, i, "k2", tblHour.dK2);
-        ExpectLike(tbl, i, "fh", tblLong.dGyro);
-        ExpectLike(tbl, i, "f_factor", tblPrediction.dLongShare);
-    });
+    RowsVisit(
+        [&](const DataTable& tbl, std::size_t i, CircuitRun& run, const Prediction& tblPrediction) {
+            if (run.m_tblPath.tblWay.dKm < kShortOnly)
+                return;
+            ++nLong;
+            const LongPath& tblLong = run.m_tblPath.tblLong;
+            const LongHour& tblHour = run.m_tblHour.tblLong;
+            ExpectLike(tbl, i, "e0", LongFreeGet(tblLong));
+            ExpectLike(tbl, i, "gap", tblLong.dGap);
+            ExpectLike(tbl, i, "fm", tblHour.dUpper);
+            ExpectLike(tbl, i, "fl", tblHour.dLower);
+            ExpectLike(tbl, i, "k1", tblHour.dK1);
+            ExpectLike(tbl, i, "k2", tblHour.dK2);
+            ExpectLike(tbl, i, "fh", tblLong.dGyro);
+            ExpectLike(tbl, i, "f_factor", tblPrediction.dLongShare);
+        });
     EXPECT_GT(nLong, 400u);
 }
 
 TEST(ReferenceTable, NoiseSnrAndReliabilityAgree)
 {
-    RowsVisit([](const DataTable& tbl, std::size_t i, CircuitRun&, const Prediction& tblPrediction) {
-        const Noise& tblA = tblPrediction.tblAtmospheric;
-        const Noise& tblM = tblPrediction.tblManMade;
-        const Noise tblT = NoiseTotalGet(tblA, tblM, tblPrediction.tblGalactic);
-        ExpectLike(tbl, i, "faa", tblA.dFa);
-        ExpectLike(tbl, i, "dua", tblA.dUpper);
-        ExpectLike(tbl, i, "dla", tblA.dLower);
-        ExpectLike(tbl, i, "fam", tblM.dFa);
-        ExpectLike(tbl, i, "dum", tblM.dUpper);
-        ExpectLike(tbl, i, "dlm", tblM.dLower);
-        ExpectLike(tbl, i, "fag", tblPrediction.tblGalactic.dFa);
-        ExpectLike(tbl, i, "fat", tblT.dFa);
-        ExpectLike(tbl, i, "dut", tblT.dUpper);
-        ExpectLike(tbl, i, "dlt", tblT.dLower);
-        ExpectLike(tbl, i, "snr50", tblPrediction.tblSnr.dMedian);
-        ExpectLike(tbl, i, "dusn", tblPrediction.tblSnr.dUpper);
-        ExpectLike(tbl, i, "dlsn", tblPrediction.tblSnr.dLower);
-        ExpectLike(tbl, i, "snrxx", tblPrediction.tblSnr.dExceeded);
-        ExpectLike(tbl, i, "rel", tblPrediction.tblSnr.dReliability);
-    });
+    RowsVisit(
+        [](const DataTable& tbl, std::size_t i, CircuitRun&, const Prediction& tblPrediction) {
+            const Noise& tblA = tblPrediction.tblAtmospheric;
+            const Noise& tblM = tblPrediction.tblManMade;
+            const Noise tblT = NoiseTotalGet(tblA, tblM, tblPrediction.tblGalactic);
+            ExpectLike(tbl, i, "faa", tblA.dFa);
+            ExpectLike(tbl, i, "dua", tblA.dUpper);
+            ExpectLike(tbl, i, "dla", tblA.dLower);
+            ExpectLike(tbl, i, "fam", tblM.dFa);
+            ExpectLike(tbl, i, "dum", tblM.dUpper);
+            ExpectLike(tbl, i, "dlm", tblM.dLower);
+            ExpectLike(tbl, i, "fag", tblPrediction.tblGalactic.dFa);
+            ExpectLike(tbl, i, "fat", tblT.dFa);
+            ExpectLike(tbl, i, "dut", tblT.dUpper);
+            ExpectLike(tbl, i, "dlt", tblT.dLower);
+            ExpectLike(tbl, i, "snr50", tblPrediction.tblSnr.dMedian);
+            ExpectLike(tbl, i, "dusn", tblPrediction.tblSnr.dUpper);
+            ExpectLike(tbl, i, "dlsn", tblPrediction.tblSnr.dLower);
+            ExpectLike(tbl, i, "snrxx", tblPrediction.tblSnr.dExceeded);
+            ExpectLike(tbl, i, "rel", tblPrediction.tblSnr.dReliability);
+        });
 }
 
 TEST(ReferenceTable, EveryModeAgrees)
@@ -171,9 +174,12 @@ TEST(ReferencePoints, MapsFieldAndSunAgree)
         const SunHour& tblSun = *tblFoe.pSun;
         EXPECT_NEAR(tblSun.dDeclination * kDegrees, fnNumber("decl"), kPoint) << sWhere;
         EXPECT_NEAR(tblSun.dEquation, fnNumber("eot"), kPoint) << sWhere;
-        EXPECT_NEAR(std::acos(SunZenithCosGet(tblSun, tblSite.tblPlace)) * kDegrees, fnNumber("sza"), kPoint)
+        EXPECT_NEAR(std::acos(SunZenithCosGet(tblSun, tblSite.tblPlace)) * kDegrees,
+                    fnNumber("sza"), kPoint)
             << sWhere;
-        EXPECT_NEAR(SunHourAngleGet(tblSun, tblSite.tblPlace.dLon) * kDegrees, fnNumber("ha"), kPoint) << sWhere;
+        EXPECT_NEAR(SunHourAngleGet(tblSun, tblSite.tblPlace.dLon) * kDegrees, fnNumber("ha"),
+                    kPoint)
+            << sWhere;
         const F2Layer tblLayer = SiteLayerGet(tblIono, tblFoe, tblSite, nLabel);
         EXPECT_NEAR(tblLayer.dFof2, fnNumber("fof2"), kPoint) << sWhere;
         EXPECT_NEAR(tblLayer.dM3, fnNumber("m3000"), kPoint) << sWhere;

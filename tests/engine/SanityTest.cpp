@@ -1,4 +1,5 @@
-// What must hold whatever the numbers are: symmetry, continuity, poles, antipodes, never not-a-number.
+// What must hold whatever the numbers are: symmetry, continuity, poles, antipodes, never
+// not-a-number.
 
 #include <gtest/gtest.h>
 
@@ -45,7 +46,8 @@ void EndGet(Circuit& tbl, double dBearing, double dKm)
     const double dLat = tbl.dTxLat * kRadians;
     const double dB = dBearing * kRadians;
     const double dA = dKm / kEarthKm;
-    const double dSin = std::sin(dLat) * std::cos(dA) + std::cos(dLat) * std::sin(dA) * std::cos(dB);
+    const double dSin =
+        std::sin(dLat) * std::cos(dA) + std::cos(dLat) * std::sin(dA) * std::cos(dB);
     const double dEnd = std::asin(std::clamp(dSin, -1.0, 1.0));
     const double dTurn = std::atan2(std::sin(dB) * std::sin(dA) * std::cos(dLat),
                                     std::cos(dA) - std::sin(dLat) * std::sin(dEnd));
@@ -55,10 +57,11 @@ void EndGet(Circuit& tbl, double dBearing, double dKm)
 
 bool AllFinite(const Hour& tblHour, const Prediction& tbl)
 {
-    for (const double d : {tblHour.dMuf, tblHour.dMuf10, tblHour.dMuf90, tblHour.dOperational,
-                           tblHour.dOperational10, tblHour.dOperational90, tbl.dField, tbl.dPower, tbl.dElevation,
-                           tbl.dNoise, tbl.tblSnr.dMedian, tbl.tblSnr.dUpper, tbl.tblSnr.dLower,
-                           tbl.tblSnr.dExceeded, tbl.tblSnr.dReliability, tbl.tblAtmospheric.dFa})
+    for (const double d :
+         {tblHour.dMuf, tblHour.dMuf10, tblHour.dMuf90, tblHour.dOperational,
+          tblHour.dOperational10, tblHour.dOperational90, tbl.dField, tbl.dPower, tbl.dElevation,
+          tbl.dNoise, tbl.tblSnr.dMedian, tbl.tblSnr.dUpper, tbl.tblSnr.dLower,
+          tbl.tblSnr.dExceeded, tbl.tblSnr.dReliability, tbl.tblAtmospheric.dFa})
         if (!std::isfinite(d))
             return false;
     return true;
@@ -77,10 +80,10 @@ TEST_P(RandomSweep, GivesNumbersEverywhere)
     for (int i = 0; i < 25000; ++i) {
         const int nMonth = static_cast<int>(fnDraw(1.0, 12.9999));
         if (i % 50 == 0)
-            IonosphereFill(*tbl.pIono, static_cast<Behaviour>(i / 50 % 3), static_cast<MapSet>(i / 150 % 3), nMonth,
-                           fnDraw(0.0, 311.0));
-        Circuit tblCircuit = CircuitOf(fnDraw(-90.0, 90.0), fnDraw(-180.0, 180.0), fnDraw(-90.0, 90.0),
-                                       fnDraw(-180.0, 180.0));
+            IonosphereFill(*tbl.pIono, static_cast<Behaviour>(i / 50 % 3),
+                           static_cast<MapSet>(i / 150 % 3), nMonth, fnDraw(0.0, 311.0));
+        Circuit tblCircuit = CircuitOf(fnDraw(-90.0, 90.0), fnDraw(-180.0, 180.0),
+                                       fnDraw(-90.0, 90.0), fnDraw(-180.0, 180.0));
         tblCircuit.bLongWay = i % 7 == 0;
         tblCircuit.dPowerKw = std::pow(10.0, fnDraw(-6.0, 4.0));
         tblCircuit.dNoiseLevel = fnDraw(-200.0, -100.0);
@@ -100,17 +103,20 @@ INSTANTIATE_TEST_SUITE_P(Shares, RandomSweep, testing::Range(0, 8));
 TEST(Sanity, PolesAntipodesAndOnePlaceGiveNumbers)
 {
     Bench tbl;
-    for (const Behaviour eBehaviour : {Behaviour::Reference, Behaviour::Corrected, Behaviour::Best}) {
+    for (const Behaviour eBehaviour :
+         {Behaviour::Reference, Behaviour::Corrected, Behaviour::Best}) {
         for (const int nMonth : {1, 6}) {
             IonosphereFill(*tbl.pIono, eBehaviour, MapSet::Ursi, nMonth, 0.0);
             for (const Circuit& tblCircuit :
-                 {CircuitOf(90, 0, -90, 0), CircuitOf(90, 50, 89.9, 10), CircuitOf(-90, 0, -77.85, 166.67),
-                  CircuitOf(10, 20, -10, -160), CircuitOf(0, 0, 0, 180), CircuitOf(0, 0, 0, 0),
-                  CircuitOf(10, 20, 10, 20), CircuitOf(90, 0, 90, 0), CircuitOf(0, 180, 0, -180)}) {
+                 {CircuitOf(90, 0, -90, 0), CircuitOf(90, 50, 89.9, 10),
+                  CircuitOf(-90, 0, -77.85, 166.67), CircuitOf(10, 20, -10, -160),
+                  CircuitOf(0, 0, 0, 180), CircuitOf(0, 0, 0, 0), CircuitOf(10, 20, 10, 20),
+                  CircuitOf(90, 0, 90, 0), CircuitOf(0, 180, 0, -180)}) {
                 for (int nLabel = 1; nLabel <= 24; ++nLabel)
                     for (const double dFrequency : {1.0, 7.0, 29.0})
                         ASSERT_TRUE(AllFinite(*tbl.pHour, tbl.Run(tblCircuit, nLabel, dFrequency)))
-                            << tblCircuit.dTxLat << " to " << tblCircuit.dRxLat << " " << tblCircuit.dRxLon;
+                            << tblCircuit.dTxLat << " to " << tblCircuit.dRxLat << " "
+                            << tblCircuit.dRxLon;
             }
         }
     }
@@ -123,9 +129,10 @@ TEST(Sanity, ReverseHasTheSameDistanceAndMuf)
     Bench tbl;
     IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ccir, 3, 120.0);
     for (int i = 0; i < 300; ++i) {
-        const Circuit tblThere = CircuitOf(90 * draw(rng), 180 * draw(rng), 90 * draw(rng), 180 * draw(rng));
-        const Circuit tblBack
-            = CircuitOf(tblThere.dRxLat, tblThere.dRxLon, tblThere.dTxLat, tblThere.dTxLon);
+        const Circuit tblThere =
+            CircuitOf(90 * draw(rng), 180 * draw(rng), 90 * draw(rng), 180 * draw(rng));
+        const Circuit tblBack =
+            CircuitOf(tblThere.dRxLat, tblThere.dRxLon, tblThere.dTxLat, tblThere.dTxLon);
         tbl.Run(tblThere, 1 + i % 24, 14.0);
         const double dKm = tbl.pPath->tblWay.dKm;
         const double dMuf = tbl.pHour->dMuf;
@@ -161,8 +168,8 @@ TEST(Sanity, NothingJumpsAtTheDateLineTheEquatorAndGreenwich)
     }
 }
 
-// Steps over a part of forty great circles. A circle whose order of hops changes within it is passed
-// over: that step is the method's own, at whatever distance it comes.
+// Steps over a part of forty great circles. A circle whose order of hops changes within it is
+// passed over: that step is the method's own, at whatever distance it comes.
 std::vector<double> StepsGet(double dNearKm, double dFarKm)
 {
     std::mt19937 rng(11);

@@ -32,20 +32,22 @@ TEST_P(Variants, FieldAgreesInEveryRow)
         const double dField = pRun->PredictionGet(tbl.NumberGet(i, "freq")).dField;
         const double dExpected = tbl.NumberGet(i, GetParam().sColumn);
         dWorst = std::max(dWorst, std::abs(dField - dExpected));
-        EXPECT_NEAR(dField, dExpected, 0.01) << tbl.TextGet(i, "id") << " at " << tbl.TextGet(i, "hour")
-                                             << " h, " << tbl.TextGet(i, "freq") << " MHz";
+        EXPECT_NEAR(dField, dExpected, 0.01)
+            << tbl.TextGet(i, "id") << " at " << tbl.TextGet(i, "hour") << " h, "
+            << tbl.TextGet(i, "freq") << " MHz";
     }
     RecordProperty("worst_db", std::to_string(dWorst));
 }
 
-INSTANTIATE_TEST_SUITE_P(Columns, Variants,
-                         testing::Values(Variant{"e_reference_ccir", Behaviour::Reference, MapSet::Ccir},
-                                         Variant{"e_corrected_ccir", Behaviour::Corrected, MapSet::Ccir},
-                                         Variant{"e_corrected_ursi", Behaviour::Corrected, MapSet::Ursi},
-                                         Variant{"e_corrected_mean", Behaviour::Corrected, MapSet::Mean},
-                                         Variant{"e_best_ccir", Behaviour::Best, MapSet::Ccir},
-                                         Variant{"e_best_ursi", Behaviour::Best, MapSet::Ursi},
-                                         Variant{"e_best_mean", Behaviour::Best, MapSet::Mean}),
-                         [](const auto& tbl) { return std::string(tbl.param.sColumn); });
+INSTANTIATE_TEST_SUITE_P(
+    Columns, Variants,
+    testing::Values(Variant{"e_reference_ccir", Behaviour::Reference, MapSet::Ccir},
+                    Variant{"e_corrected_ccir", Behaviour::Corrected, MapSet::Ccir},
+                    Variant{"e_corrected_ursi", Behaviour::Corrected, MapSet::Ursi},
+                    Variant{"e_corrected_mean", Behaviour::Corrected, MapSet::Mean},
+                    Variant{"e_best_ccir", Behaviour::Best, MapSet::Ccir},
+                    Variant{"e_best_ursi", Behaviour::Best, MapSet::Ursi},
+                    Variant{"e_best_mean", Behaviour::Best, MapSet::Mean}),
+    [](const auto& tbl) { return std::string(tbl.param.sColumn); });
 
 }  // namespace

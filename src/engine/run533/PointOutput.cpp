@@ -41,7 +41,8 @@ void PlaceAppend(std::string& s, double dLat, double dLon)
     s += dLon > 0.0 ? " E" : " W";
 }
 
-void AntennaAppend(Page& tbl, const char* sSide, const AntennaCard& tblCard, double dAzimuth, bool bPower)
+void AntennaAppend(Page& tbl, const char* sSide, const AntennaCard& tblCard, double dAzimuth,
+                   bool bPower)
 {
     std::string& s = tbl.sText;
     s += ' ';
@@ -139,8 +140,7 @@ template <class ValueFn>
 void RowAppend(Page& tbl, const char* sLabel, ValueFn fnAppend)
 {
     tbl.sText += "   ";
-    for (const Column& tblColumn : tbl.aColumns)
-        fnAppend(tbl.sText, tblColumn);
+    for (const Column& tblColumn : tbl.aColumns) fnAppend(tbl.sText, tblColumn);
     tbl.sText += ' ';
     tbl.sText += sLabel;
     tbl.sText += '\n';
@@ -178,7 +178,8 @@ void BlockAppend(Page& tbl, double dLuf)
     NumberRowAppend(tbl, "dBpW", [](const Column& c) { return c.tbl.dPower + kPicowatt; });
     NumberRowAppend(tbl, "S/N ", [](const Column& c) { return c.tbl.tblSnr.dMedian; });
     RowAppend(tbl, "FS/N", [](std::string& s, const Column& c) {
-        FieldAppend(s, c.bUsed ? std::clamp(c.tbl.tblSnr.dReliability / 100.0, 0.01, 0.99) : 0.0, 5, 2);
+        FieldAppend(s, c.bUsed ? std::clamp(c.tbl.tblSnr.dReliability / 100.0, 0.01, 0.99) : 0.0, 5,
+                    2);
     });
     NumberRowAppend(tbl, "SNxx", [](const Column& c) { return c.tbl.tblSnr.dExceeded; });
 }
@@ -199,7 +200,8 @@ void PathMake(Page& tbl, const rec533::Ionosphere& tblIonosphere)
 {
     const PointDeck& tblDeck = *tbl.pDeck;
     const DeckCommon& tblCommon = tblDeck.tblCommon;
-    const double dPower = tblCommon.tblTxAntenna ? tblCommon.tblTxAntenna->dPowerKw : tblDeck.dPowerKw;
+    const double dPower =
+        tblCommon.tblTxAntenna ? tblCommon.tblTxAntenna->dPowerKw : tblDeck.dPowerKw;
     rec533::Circuit tblCircuit = CircuitMake(tblCommon, *tbl.pAntennas, dPower);
     const bool bSame = tblCommon.dTxLat == tblDeck.dRxLat && tblCommon.dTxLon == tblDeck.dRxLon;
     tbl.dRxLon = tblDeck.dRxLon + (bSame ? kSameEast : 0.0);
@@ -225,8 +227,8 @@ Result<std::string> PointOutputMake(std::string_view sDeck, std::string_view sRo
     if (!resDeck)
         return resDeck.ErrorGet();
     const DeckCommon& tblCommon = resDeck.ValueGet().tblCommon;
-    const Result<Antennas> resAntennas
-        = AntennasLoad(tblCommon, sRoot, "ANTENNA 1", "ANTENNA 2", kAntennaCol, kAntennaWidth);
+    const Result<Antennas> resAntennas =
+        AntennasLoad(tblCommon, sRoot, "ANTENNA 1", "ANTENNA 2", kAntennaCol, kAntennaWidth);
     if (!resAntennas)
         return resAntennas.ErrorGet();
     const auto pIonosphere = std::make_unique<rec533::Ionosphere>();

@@ -57,7 +57,7 @@ QRect LegendPaint(QPainter& painter, const QRect& rctMap, const std::vector<Lege
     const QRect rct(rctMap.right() - nWidth - kMargin, rctMap.center().y() - nHeight / 2, nWidth,
                     nHeight);
     painter.setPen(QColor(0x60, 0x60, 0x60));
-    painter.setBrush(QColor(255, 255, 255, 235));
+    painter.setBrush(Qt::white);
     painter.drawRect(rct.adjusted(0, 0, -1, -1));
     QRect rctLine(rct.left() + kMargin, rct.top() + kMargin, nText, nLine);
     painter.setPen(Qt::black);

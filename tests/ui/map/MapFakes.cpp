@@ -114,7 +114,8 @@ MapWindow::MapWindow() : m_pMap(new frmMap(m_host))
 {
     m_host.m_pMap = m_pMap;
     m_pMap->show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(m_pMap));
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(m_pMap));
+    QApplication::setActiveWindow(m_pMap);  // a bare X server has nobody who would do it
 }
 
 MapWindow::~MapWindow() { delete m_pMap; }
@@ -130,14 +131,17 @@ void MapWindow::BoxIs(double dTop, double dLeft, double dBottom, double dRight,
 
 void MapWindow::Drag(QWidget* pControl, QPoint ptFrom, QPoint ptTo, Qt::MouseButton eButton)
 {
+    // The mouse moves over the screen, also where the control moves along.
+    const QPoint ptStart = pControl->mapToGlobal(ptFrom);
+    const QPoint ptEnd = pControl->mapToGlobal(ptTo);
     QTest::mousePress(pControl, eButton, {}, ptFrom);
-    for (const QPoint pt : {(ptFrom + ptTo) / 2, ptTo}) {
+    for (const QPoint pt : {(ptStart + ptEnd) / 2, ptEnd}) {
         // QTest::mouseMove tells no buttons.
-        QMouseEvent evt(QEvent::MouseMove, pt, pControl->mapToGlobal(pt), Qt::NoButton, eButton,
+        QMouseEvent evt(QEvent::MouseMove, pControl->mapFromGlobal(pt), pt, Qt::NoButton, eButton,
                         Qt::NoModifier);
         QApplication::sendEvent(pControl, &evt);
     }
-    QTest::mouseRelease(pControl, eButton, {}, ptTo);
+    QTest::mouseRelease(pControl, eButton, {}, pControl->mapFromGlobal(ptEnd));
 }
 
 void MapWindow::ItemChoose(QMenu* pMenu, QAction* pItem)
@@ -152,6 +156,7 @@ void MapWindow::OverlayChoose()
 {
     QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
     ItemChoose(m_pMap->mnuOverlay, m_pMap->mnuOverlayDraw);
+    QApplication::setActiveWindow(m_pMap);  // the offscreen platform leaves it to us after a menu
 }
 
 void MapWindow::MapMenuChoose(QWidget* pControl, QPoint pt, QAction* pItem)

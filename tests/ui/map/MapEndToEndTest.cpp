@@ -1,0 +1,109 @@
+// The map window on real engines. Pictures of it are kept in the build's folder "pictures".
+#include <QApplication>
+#include <QDir>
+#include <filesystem>
+
+#include "MapFakes.h"
+#include "propagation/EngineLib.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// An engine root with the programs of this build.
+class EngineReal {
+public:
+    EngineReal()
+    {
+        for (const char* sFolder : {"bin_win", "RUN", "areadata"})
+            fs::create_directories(m_folder.Path(sFolder));
+        for (const char* sProgram : {"rec533w.exe", "voacapw.exe"})
+            if (fs::exists(fs::path(TEST_BIN) / sProgram))
+                fs::create_symlink(fs::path(TEST_BIN) / sProgram,
+                                   fs::path(m_folder.Path("bin_win")) / sProgram);
+    }
+    ~EngineReal() { EngineLimitSet(m_dLimit); }
+    EngineReal(const EngineReal&) = delete;
+    EngineReal& operator=(const EngineReal&) = delete;
+
+private:
+    TempFolder m_folder;
+    EnvironmentSet m_root{"HOPCAST_ITSHFBC", m_folder.Path()};
+    double m_dLimit = EngineLimitSet(60);  // a build with sanitizers takes its time
+};
+
+class MapEndToEnd : public MapWindow {
+protected:
+    MapEndToEnd()
+    {
+        m_host.m_settings.m_selected = {7, 19};  // 14 MHz at 18 UT
+        m_host.m_settings.m_fPropagationSunSpotNumber = 100;
+    }
+    void PictureKeep(const char* sName)
+    {
+        QCoreApplication::processEvents();
+        QDir dir(QStringLiteral(TEST_BIN "/../pictures"));
+        ASSERT_TRUE(dir.mkpath(QStringLiteral(".")));
+        ASSERT_TRUE(m_pMap->grab().save(dir.filePath(QLatin1String(sName))));
+    }
+    [[nodiscard]] int ColoursCount() const
+    {
+        QSet<QRgb> setColours;
+        const QImage& img = m_pMap->pctMap->m_img;
+        for (int y = 0; y < img.height() - 40; y += 3)
+            for (int x = 60; x < img.width(); x += 3) setColours.insert(img.pixel(x, y));
+        return int(setColours.size());
+    }
+    EngineReal m_engine;
+};
+
+TEST_F(MapEndToEnd, OverlayOfTheWholeWorld)
+{
+    m_pMap->resize(1200, 800);
+    PictureKeep("map_world.png");
+    OverlayChoose();
+    EXPECT_GT(ColoursCount(), 5);
+    EXPECT_EQ(m_pMap->windowTitle(), QStringLiteral("Snr Overlay, 14000.0KHz @ 18:00"));
+    EXPECT_TRUE(TipAt({700, 300}).contains(QStringLiteral("Snr")));
+    PictureKeep("map_world_overlay.png");
+    QTest::mouseClick(m_pMap->chkPath, Qt::LeftButton);
+    QTest::mouseClick(m_pMap->chkNight, Qt::LeftButton);
+    PictureKeep("map_world_overlay_lines.png");
+}
+
+TEST_F(MapEndToEnd, OverlayOverTheDateLine)
+{
+    m_pMap->resize(1024, 700);
+    m_host.m_settings.m_dRcLat = m_pMap->m_posRc.dLat = -17.8;
+    m_host.m_settings.m_dRcLon = m_pMap->m_posRc.dLon = 178;
+    Drag(m_pMap->pctMap, m_pMap->m_view.LatLonGetPoint(10, 140),
+         m_pMap->m_view.LatLonGetPoint(-45, 215));
+    OverlayChoose();
+    EXPECT_GT(ColoursCount(), 4);
+    PictureKeep("map_date_line_overlay.png");
+}
+
+TEST_F(MapEndToEnd, PathOfTheDefaultCircuit)
+{
+    m_pMap->resize(1024, 700);
+    QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton);
+    QTest::mouseClick(m_pMap->chkPath, Qt::LeftButton);
+    PictureKeep("map_circuit.png");
+    OverlayChoose();
+    EXPECT_GT(ColoursCount(), 3);
+    PictureKeep("map_circuit_overlay.png");
+}
+
+TEST_F(MapEndToEnd, VoacapPaintsTheSameMap)
+{
+    if (!fs::exists("/usr/bin/voacapl"))
+        GTEST_SKIP() << "voacapl is not installed";
+    m_host.m_settings.m_iPropagationModel = kEngineVoacap;
+    QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton);
+    OverlayChoose();
+    EXPECT_GT(ColoursCount(), 3);
+    EXPECT_TRUE(TipAt({400, 300}).contains(QStringLiteral("Snr")));
+    PictureKeep("map_circuit_overlay_voacap.png");
+}
+
+}  // namespace
