@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Sets up, builds and runs every test. CI=true also builds for Windows.
+# Sets up, builds and runs every test. CI=true also builds for Windows and fuzzes.
 # Arguments go to ctest: ./test.sh -L unit
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -14,4 +14,7 @@ if [ "${CI:-}" = true ]; then
 fi
 cmake --preset dev
 cmake --build --preset dev
+if [ "${CI:-}" = true ]; then
+    scripts/fuzz.sh 20
+fi
 exec ctest --preset dev --parallel "$(nproc)" "$@"

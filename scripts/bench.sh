@@ -30,14 +30,16 @@ for program in build/bench/bin/bench/*; do
                 if (!($1 in fastest)) order[++count] = $1
                 if (!($1 in fastest) || $column["real_time"] + 0 < fastest[$1]) fastest[$1] = $column["real_time"] + 0
                 limit[$1] = $column["limit_us"] + 0
+                if ("voacapl_us" in column) voacapl[$1] = $column["voacapl_us"] + 0
                 if ($column["error_occurred"] == "true") broken[$1] = 1
             }
             END {
                 for (i = 1; i <= count; i++) {
                     name = order[i]
+                    beside = voacapl[name] > 0 ? sprintf("  (voacapl: %.1f)", voacapl[name]) : ""
                     verdict = name in broken ? "  broke" : fastest[name] > limit[name] ? "  too slow" : ""
                     if (verdict != "") bad = 1
-                    printf "%-32s %12.1f %12.0f%s\n", name, fastest[name], limit[name], verdict
+                    printf "%-32s %12.1f %12.0f%s%s\n", name, fastest[name], limit[name], beside, verdict
                 }
                 exit bad
             }' || status=1

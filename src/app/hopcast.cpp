@@ -10,8 +10,8 @@
 #include "system/EngineRootLib.h"
 #include "system/MsgLib.h"
 #include "ui/common/MsgWindow.h"
-#include "ui/common/Pictures.h"
 #include "ui/main/frmMain.h"
+#include "ui/options/AppIcon.h"
 
 namespace {
 
@@ -74,11 +74,11 @@ void OnceSetUp(frmMain& frm)
 
 int WindowRun(QApplication& app, const Options& options)
 {
-    QApplication::setApplicationName(QStringLiteral("hopcast"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Hopcast"));
+    // No display name: the toolkit would append it to the title of every other window.
+    QApplication::setApplicationName(QStringLiteral("Hopcast"));
     QApplication::setApplicationVersion(QStringLiteral(HOPCAST_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("hopcast"));
-    QApplication::setWindowIcon(PictureGet(QStringLiteral("Hopcast")));
+    QApplication::setWindowIcon(AppIconGet());
     MsgWindowInstall();
     EventPumpSetHandler([] { QApplication::processEvents(); });
     if (const auto res = EngineRootProvision(); !res)

@@ -1,8 +1,10 @@
 // The prediction method for a table of circuits, for checking and research.
 //
-//   hopcast-p533 [--behaviour best|corrected|reference] [--reference] [--maps ccir|ursi|mean] IN.csv OUT.csv
+//   hopcast-p533 [--behaviour best|corrected|reference] [--reference] [--maps ccir|ursi|mean]
+//   IN.csv OUT.csv
 //
-// Exit status: 0 done, 1 the table or a file cannot be used (one line on standard error), 2 wrong usage.
+// Exit status: 0 done, 1 the table or a file cannot be used (one line on standard error), 2 wrong
+// usage.
 
 #include <cstdio>
 #include <exception>
@@ -78,8 +80,8 @@ Result<void> TableRun(const Options& tbl)
     const Result<std::string> resTable = FileRead(tbl.aFiles[0], kTableMost);
     if (!resTable)
         return RunError{tbl.aFiles[0] + ", " + resTable.TextGet()};
-    const Result<std::string> resOut
-        = run533::CircuitTableMake(resTable.ValueGet(), tbl.eBehaviour, tbl.eMaps);
+    const Result<std::string> resOut =
+        run533::CircuitTableMake(resTable.ValueGet(), tbl.eBehaviour, tbl.eMaps);
     if (!resOut)
         return RunError{tbl.aFiles[0] + ", " + resOut.TextGet()};
     const Result<void> resWritten = FileReplace(tbl.aFiles[1], resOut.ValueGet());
@@ -94,9 +96,10 @@ int main(int nCount, char** pArguments)
     try {
         Options tbl;
         if (!OptionsRead(tbl, nCount, pArguments)) {
-            std::fputs("usage: hopcast-p533 [--behaviour best|corrected|reference] [--reference]"
-                       " [--maps ccir|ursi|mean] IN.csv OUT.csv\n",
-                       stderr);
+            std::fputs(
+                "usage: hopcast-p533 [--behaviour best|corrected|reference] [--reference]"
+                " [--maps ccir|ursi|mean] IN.csv OUT.csv\n",
+                stderr);
             return kUsage;
         }
         const Result<void> resRun = TableRun(tbl);

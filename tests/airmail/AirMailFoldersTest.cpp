@@ -6,7 +6,7 @@
 
 #include "airmail/AirMailFixture.h"
 #include "airmail/AirMailFolders.h"
-#include "support/UserDrop.h"
+#include "support/Faults.h"
 
 namespace fs = std::filesystem;
 
@@ -238,13 +238,12 @@ TEST_F(AirMailFolders, FolderWithoutReadPermissionIsSilent)
     RegistryWrite(R"("C:\\Radio\\")");
     DriveWrite("Radio/Install.log", "NewCommonRoot= E:\\Data\\\r\n");
     fs::permissions(m_folder.Path("drive_c/Radio"), fs::perms::none);
-    {
-        const UserDrop user;
+    AsUnprivileged([] {
         AirMailFoldersFind();
-    }
+        EXPECT_EQ(AirMailDataFolderGet(), "C:\\Radio");
+        EXPECT_EQ(AirMailDataOriginGet(), AirMailOrigin::Registry);
+    });
     fs::permissions(m_folder.Path("drive_c/Radio"), fs::perms::owner_all);
-    EXPECT_EQ(AirMailDataFolderGet(), "C:\\Radio");
-    EXPECT_EQ(AirMailDataOriginGet(), AirMailOrigin::Registry);
 }
 
 TEST_F(AirMailFolders, HugeLogIsReadInBoundedTime)

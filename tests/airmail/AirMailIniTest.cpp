@@ -4,7 +4,7 @@
 
 #include "airmail/AirMailFixture.h"
 #include "airmail/AirMailIni.h"
-#include "support/UserDrop.h"
+#include "support/Faults.h"
 
 namespace fs = std::filesystem;
 
@@ -80,10 +80,7 @@ TEST_F(AirMailIni, FileWithoutReadPermissionIsToldAsMissing)
 {
     const std::string sFile = AirMailWrite("Airmail.ini", "[Propagation]\r\nSSN=85\r\n");
     fs::permissions(sFile, fs::perms::none);
-    {
-        const UserDrop user;
-        MissingExpect();
-    }
+    AsUnprivileged([&] { MissingExpect(); });
     fs::permissions(sFile, fs::perms::owner_all);
     EXPECT_EQ(AirMailIniGet("Airmail.ini", "Propagation", "SSN", true), "85");
 }

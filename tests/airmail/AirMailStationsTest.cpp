@@ -4,7 +4,7 @@
 
 #include "airmail/AirMailFixture.h"
 #include "airmail/AirMailStations.h"
-#include "support/UserDrop.h"
+#include "support/Faults.h"
 
 namespace fs = std::filesystem;
 
@@ -106,14 +106,13 @@ TEST_F(AirMailStations, FolderWithoutReadPermissionHasNoSystems)
     AirMailWrite("System.HAM.ini", "[Station Info]\r\na=b\r\n");
     const std::string sFolder = m_folder.Path("drive_c/Program Files/AirMail");
     fs::permissions(sFolder, fs::perms::none);
-    MsgRecorder msg;
-    {
-        const UserDrop user;
+    AsUnprivileged([&] {
+        const MsgRecorder msg;
         EXPECT_EQ(SystemsGet(), Texts{});
-    }
+        EXPECT_EQ(OneShown(msg).sText,
+                  "Unable to find AirMail's \"System.*.ini\" files." + kHintDefault);
+    });
     fs::permissions(sFolder, fs::perms::owner_all);
-    EXPECT_EQ(OneShown(msg).sText,
-              "Unable to find AirMail's \"System.*.ini\" files." + kHintDefault);
 }
 
 TEST_F(AirMailStations, KeysAreTheTextsBeforeTheFirstEqualSign)
@@ -165,8 +164,9 @@ TEST_F(AirMailStations, FileThatCannotBeOpenedIsTold)
     fs::remove(sFile);
     AirMailWrite("System.HAM.ini", "[Station Info]\r\na=b\r\n");
     fs::permissions(sFile, fs::perms::none);
-    const UserDrop user;
-    FailExpect("Open, Unable to open AirMail \"HAM\" Station Info data.Permission denied");
+    AsUnprivileged([] {
+        FailExpect("Open, Unable to open AirMail \"HAM\" Station Info data.Permission denied");
+    });
 }
 
 TEST_F(AirMailStations, FileThatCannotBeReadIsTold)

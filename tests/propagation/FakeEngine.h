@@ -12,7 +12,8 @@
 class FakeRoot {
 public:
     FakeRoot();
-    /// Fails the test when a process of the scripts, a lock or a temporary file is left.
+    /// Fails the test when a process of the scripts is still there 2 seconds on, and when a lock or
+    /// a temporary file is left.
     ~FakeRoot();
     FakeRoot(const FakeRoot&) = delete;
     FakeRoot& operator=(const FakeRoot&) = delete;

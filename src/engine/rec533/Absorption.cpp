@@ -98,25 +98,27 @@ double ExponentGet(int nMonth, const Place& tblPlace, double dTanDip)
     const int nRow = tblPlace.dSinLat < 0.0 ? (nMonth + 5) % 12 : nMonth - 1;
     const double dBoundary = kBoundary[nRow];
     const bool bLow = dX <= dBoundary;
-    const double dS
-        = bLow ? -1.0 + 2.0 * dX / dBoundary : -1.0 + 2.0 * (dX - dBoundary) / (kDipMost - dBoundary);
+    const double dS =
+        bLow ? -1.0 + 2.0 * dX / dBoundary : -1.0 + 2.0 * (dX - dBoundary) / (kDipMost - dBoundary);
     const double* pA = kExponent[nRow][bLow ? 0 : 1];
-    return (((((pA[6] * dS + pA[5]) * dS + pA[4]) * dS + pA[3]) * dS + pA[2]) * dS + pA[1]) * dS + pA[0];
+    return (((((pA[6] * dS + pA[5]) * dS + pA[4]) * dS + pA[3]) * dS + pA[2]) * dS + pA[1]) * dS
+           + pA[0];
 }
 
-// ln of max(cos(0.881 chi)^p, 0.02) for a zenith angle up to 102 degrees; beyond it the floor holds.
-// cos(0.881 arccos c) is a smooth function of c: a polynomial gives it within 5e-9.
+// ln of max(cos(0.881 chi)^p, 0.02) for a zenith angle up to 102 degrees; beyond it the floor
+// holds. cos(0.881 arccos c) is a smooth function of c: a polynomial gives it within 5e-9.
 double DiurnalLogGet(double dCosChi, double dExponent)
 {
     constexpr double kCos102 = -0.20791169081775934;
     constexpr double kLogFloor = -3.9120230054281460;
-    constexpr double kTerms[]{4.87172856251e-06, -1.2929048981e-05, 2.43015697095e-05, -7.39122581582e-05,
-                              0.000243831718371, -0.000825675038363, 0.00320643554998, -0.0168759146882,
-                              0.495316282667, 0.518992710864};
-    const double dT = (std::max(dCosChi, kCos102) - (1.0 + kCos102) / 2.0) * (2.0 / (1.0 - kCos102));
+    constexpr double kTerms[]{4.87172856251e-06,  -1.2929048981e-05, 2.43015697095e-05,
+                              -7.39122581582e-05, 0.000243831718371, -0.000825675038363,
+                              0.00320643554998,   -0.0168759146882,  0.495316282667,
+                              0.518992710864};
+    const double dT =
+        (std::max(dCosChi, kCos102) - (1.0 + kCos102) / 2.0) * (2.0 / (1.0 - kCos102));
     double dCos = 0.0;
-    for (const double dTerm : kTerms)
-        dCos = dCos * dT + dTerm;
+    for (const double dTerm : kTerms) dCos = dCos * dT + dTerm;
     return std::max(dExponent * std::log(dCos), kLogFloor);
 }
 
@@ -135,8 +137,9 @@ Place CrossingPlaceGet(const GreatCircle& tblPath, double dKm)
     return tbl;
 }
 
-// What has to be known before a crossing is dated: the hour's cosine of the sun's zenith angle and the
-// one at the place's own noon. The declination moves too slowly for the noon's exact minute to matter.
+// What has to be known before a crossing is dated: the hour's cosine of the sun's zenith angle and
+// the one at the place's own noon. The declination moves too slowly for the noon's exact minute to
+// matter.
 Crossing CrossingGet(const AbsorptionHour& tblHour, const Place& tblPlace, double dTanDip)
 {
     const Ionosphere& tblIono = *tblHour.pIonosphere;
@@ -172,8 +175,8 @@ void CrossingsFill(const AbsorptionHour& tblHour, const GreatCircle& tblPath, in
         const Place tblDown = CrossingPlaceGet(tblPath, (i + 1) * dHop - dNear);
         double dTanUp, dTanDown;
         MagneticDipTansGet(tblUp, tblDown, dTanUp, dTanDown);
-        pCrossings[2 * i] = CrossingGet(tblHour, tblUp, dTanUp);
-        pCrossings[2 * i + 1] = CrossingGet(tblHour, tblDown, dTanDown);
+        *pCrossings++ = CrossingGet(tblHour, tblUp, dTanUp);
+        *pCrossings++ = CrossingGet(tblHour, tblDown, dTanDown);
     }
 }
 
@@ -187,11 +190,13 @@ double PenetrationGet(double dT)
     double dPhi = kFar;
     if (dT <= 1.0) {
         const double dX = (dT - 0.475) / 0.475;
-        dPhi = (((((-0.093 * dX + 0.04) * dX + 0.127) * dX - 0.027) * dX + 0.044) * dX + 0.159) * dX + 0.225;
+        dPhi = (((((-0.093 * dX + 0.04) * dX + 0.127) * dX - 0.027) * dX + 0.044) * dX + 0.159) * dX
+               + 0.225;
         dPhi = std::min(dPhi, kMost);
     } else if (dT <= 2.2) {
         const double dX = (dT - 1.65) / 0.55;
-        dPhi = (((((0.043 * dX - 0.07) * dX - 0.027) * dX + 0.034) * dX + 0.054) * dX - 0.049) * dX + 0.375;
+        dPhi = (((((0.043 * dX - 0.07) * dX - 0.027) * dX + 0.034) * dX + 0.054) * dX - 0.049) * dX
+               + 0.375;
         dPhi = std::min(dPhi, kMost);
     } else if (dT <= 10.0) {
         dPhi = kFar + (10.0 - dT) * 0.02 / 7.8;
@@ -209,10 +214,11 @@ double AbsorptionFactorGet(const Crossing* pCrossings, int nCount, double dVerti
     return dSum / nCount;
 }
 
-double AbsorptionLossGet(double dFactor, int nHops, double dSsnLimited, double dFrequency, double dGyro,
-                         double dCosIncidence)
+double AbsorptionLossGet(double dFactor, int nHops, double dSsnLimited, double dFrequency,
+                         double dGyro, double dCosIncidence)
 {
-    return nHops * (1.0 + 0.0067 * dSsnLimited) * dFactor / (Square(dFrequency + dGyro) * dCosIncidence);
+    return nHops * (1.0 + 0.0067 * dSsnLimited) * dFactor
+           / (Square(dFrequency + dGyro) * dCosIncidence);
 }
 
 }  // namespace rec533

@@ -6,7 +6,7 @@
 ///
 /// Units:   km, MHz, dB.
 /// Source:  Recommendation ITU-R P.533-14, section 5.2.2, figures 1 to 3 as numbers.
-/// Tests:   tests/engine/AbsorptionTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Layers.h"
@@ -15,11 +15,12 @@ namespace rec533 {
 
 /// One crossing of 90 km.
 struct Crossing {
-    double dFoe = 0.0;      ///< MHz
-    double dWeight = 0.0;   ///< absorption factor at noon, times the diurnal factor
+    double dFoe = 0.0;     ///< MHz
+    double dWeight = 0.0;  ///< absorption factor at noon, times the diurnal factor
 };
 
-/// Most crossings that the modes of one path and hour have: F2 modes of 14 to 17 hops round the Earth.
+/// Most crossings that the modes of one path and hour have: F2 modes of 14 to 17 hops round the
+/// Earth.
 inline constexpr int kCrossingsMost = 2 * (14 + 15 + 16 + 17);
 
 /// The month and hour for crossings.
@@ -29,18 +30,20 @@ struct AbsorptionHour {
 };
 [[nodiscard]] AbsorptionHour AbsorptionHourGet(const Ionosphere& tbl, int nLabel);
 
-/// Fraction of a path from its start to the first crossing, and from a hop's end back to the second.
+/// Fraction of a path from its start to the first crossing, and from a hop's end back to the
+/// second.
 [[nodiscard]] double CrossingKmGet(double dElevation);
 
 /// Fills the 2 n crossings of nHops hops in the order of the path.
 void CrossingsFill(const AbsorptionHour& tblHour, const GreatCircle& tblPath, int nHops,
                    double dElevation, Crossing* pCrossings);
 
-/// Mean of the absorption factor of a mode's 2 n crossings at the vertical frequency fv = f cos i(110).
+/// Mean of the absorption factor of a mode's 2 n crossings at the vertical frequency fv = f cos
+/// i(110).
 [[nodiscard]] double AbsorptionFactorGet(const Crossing* pCrossings, int nCount, double dVertical);
 
 /// Loss of an n-hop mode, dB. dGyro: mean over the control points of |fH sin I| at 100 km.
-[[nodiscard]] double AbsorptionLossGet(double dFactor, int nHops, double dSsnLimited, double dFrequency,
-                                       double dGyro, double dCosIncidence);
+[[nodiscard]] double AbsorptionLossGet(double dFactor, int nHops, double dSsnLimited,
+                                       double dFrequency, double dGyro, double dCosIncidence);
 
 }  // namespace rec533

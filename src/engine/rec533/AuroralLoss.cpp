@@ -3,8 +3,8 @@
 namespace rec533 {
 namespace {
 
-// P.533-14, table of Lh: range class, season, geomagnetic latitude from 77.5 down to 42.5 degrees in
-// steps of 5; columns 01-04, 04-07, 07-10, 10-13, 13-16, 16-19, 19-22, 22-01 local time.
+// P.533-14, table of Lh: range class, season, geomagnetic latitude from 77.5 down to 42.5 degrees
+// in steps of 5; columns 01-04, 04-07, 07-10, 10-13, 13-16, 16-19, 19-22, 22-01 local time.
 // clang-format off
 constexpr double kLoss[2][3][8][8]{
     {   // 2500 km and less
@@ -75,8 +75,9 @@ constexpr double kLoss[2][3][8][8]{
 // clang-format on
 
 // Sines of 77.5, 72.5 ... 42.5 degrees.
-constexpr double kSines[8]{0.97629600711993336, 0.95371695074822693, 0.92387953251128674, 0.88701083317822171,
-                           0.84339144581288572, 0.79335334029123517, 0.73727733681012408, 0.67559020761566024};
+constexpr double kSines[8]{0.97629600711993336, 0.95371695074822693, 0.92387953251128674,
+                           0.88701083317822171, 0.84339144581288572, 0.79335334029123517,
+                           0.73727733681012408, 0.67559020761566024};
 
 }  // namespace
 
@@ -87,8 +88,7 @@ double AuroralLossGet(double dGeomagneticSin, Season eSeason, double dHopKm, int
     if (dSin < kSines[7])
         return 0.0;
     int nRow = 0;
-    while (dSin < kSines[nRow])
-        ++nRow;
+    while (dSin < kSines[nRow]) ++nRow;
     const int nColumn = nLocalHour < 1 ? 7 : (nLocalHour - 1) / 3;
     return kLoss[dHopKm > kLongHop ? 1 : 0][static_cast<int>(eSeason)][nRow][nColumn];
 }

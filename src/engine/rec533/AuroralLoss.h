@@ -2,7 +2,7 @@
 /// Auroral and other losses Lh.
 ///
 /// Source:  Recommendation ITU-R P.533-14, section 5.2.2, table of Lh.
-/// Tests:   tests/engine/AuroralLossTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Variability.h"
@@ -10,9 +10,10 @@
 namespace rec533 {
 
 /// Loss at one control point, dB; 0 below 42.5 degrees of geomagnetic latitude.
-/// dGeomagneticSin: sine of the point's geomagnetic latitude. nLocalHour 0 to 23, or negative, which
-/// the ITU program lets stand in the last column.
-[[nodiscard]] double AuroralLossGet(double dGeomagneticSin, Season eSeason, double dHopKm, int nLocalHour);
+/// dGeomagneticSin: sine of the point's geomagnetic latitude. nLocalHour 0 to 23, or negative,
+/// which the ITU program lets stand in the last column.
+[[nodiscard]] double AuroralLossGet(double dGeomagneticSin, Season eSeason, double dHopKm,
+                                    int nLocalHour);
 
 /// Local hour at mid-path for the table.
 [[nodiscard]] int AuroralHourGet(const Ionosphere& tbl, int nLabel, double dLon);

@@ -16,10 +16,10 @@ struct Antenna {
 /// Gain at an elevation in radians, dBi; no antenna is isotropic.
 [[nodiscard]] double AntennaGainGet(const Antenna* pAntenna, double dElevation);
 
-/// Greatest gain over elevations 0 to 8 degrees that the least takeoff angle allows (long paths), and
-/// the first whole degree that has it.
+/// Greatest gain over elevations 0 to 8 degrees that the least takeoff angle allows (long paths),
+/// and the first whole degree that has it.
 struct AntennaLow {
-    double dGain = 0.0;   ///< dBi
+    double dGain = 0.0;  ///< dBi
     int nDegrees = 0;
 };
 [[nodiscard]] AntennaLow AntennaLowGet(const Antenna* pAntenna, double dLeastDegrees);
@@ -28,10 +28,10 @@ struct AntennaLow {
 enum class NoiseCategory { City, Residential, Rural, QuietRural, Quiet, Noisy, Level };
 
 struct Circuit {
-    double dTxLat = 0.0, dTxLon = 0.0;   ///< degrees, north and east positive
+    double dTxLat = 0.0, dTxLon = 0.0;  ///< degrees, north and east positive
     double dRxLat = 0.0, dRxLon = 0.0;
-    bool bLongWay = false;               ///< the long way round the Earth
-    double dPowerKw = 1.0;               ///< into the antenna
+    bool bLongWay = false;  ///< the long way round the Earth
+    double dPowerKw = 1.0;  ///< into the antenna
     NoiseCategory eNoise = NoiseCategory::Level;
     double dNoiseLevel = -145.0;         ///< with Level: dBW in 1 Hz at 3 MHz
     double dRequiredSnr = 40.0;          ///< dB in the bandwidth

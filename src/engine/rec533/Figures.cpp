@@ -50,10 +50,7 @@ Fof2Figures FiguresFof2(bool bUrsi, int nMonth)
     return SpanGet<kFof2Month>(kFof2At + ((bUrsi ? kMonths : 0) + MonthIndex(nMonth)) * kFof2Month);
 }
 
-M3Figures FiguresM3(int nMonth)
-{
-    return SpanGet<kM3Month>(kM3At + MonthIndex(nMonth) * kM3Month);
-}
+M3Figures FiguresM3(int nMonth) { return SpanGet<kM3Month>(kM3At + MonthIndex(nMonth) * kM3Month); }
 
 NoiseFigures FiguresNoise(int nMonth)
 {

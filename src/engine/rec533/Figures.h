@@ -2,7 +2,7 @@
 /// The numbers built into the program: coefficient maps, noise, decile factors, default antennas.
 ///
 /// Source:  assets/engine/README.md tells origin and layout. Nothing is read at run time.
-/// Tests:   tests/engine/FiguresTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include <cstdint>
@@ -10,11 +10,11 @@
 
 namespace rec533 {
 
-inline constexpr int kFof2Functions = 76;   ///< geographic functions of the foF2 map
-inline constexpr int kFof2Harmonics = 13;   ///< constant and 6 harmonics, sine before cosine
-inline constexpr int kM3Functions = 49;     ///< geographic functions of the M(3000)F2 map
-inline constexpr int kM3Harmonics = 9;      ///< constant and 4 harmonics
-inline constexpr int kAntennaGains = 91;    ///< whole degrees of elevation, 0 to 90
+inline constexpr int kFof2Functions = 76;  ///< geographic functions of the foF2 map
+inline constexpr int kFof2Harmonics = 13;  ///< constant and 6 harmonics, sine before cosine
+inline constexpr int kM3Functions = 49;    ///< geographic functions of the M(3000)F2 map
+inline constexpr int kM3Harmonics = 9;     ///< constant and 4 harmonics
+inline constexpr int kAntennaGains = 91;   ///< whole degrees of elevation, 0 to 90
 
 /// Coefficients of one month, [level][k][i], level 0: R12 = 0, level 1: R12 = 100.
 using Fof2Figures = std::span<const float, std::size_t{2} * kFof2Functions * kFof2Harmonics>;
@@ -33,8 +33,8 @@ struct NoiseFigures {
 [[nodiscard]] M3Figures FiguresM3(int nMonth);
 [[nodiscard]] NoiseFigures FiguresNoise(int nMonth);
 
-/// Decile factor of foF2 in hundredths. nSeason 0 winter, 1 equinox, 2 summer; nClass 0 R12 < 50, 1 to
-/// 100, 2 above; nLatitude in steps of 5 degrees, 0 to 18; nHour local, 0 to 23.
+/// Decile factor of foF2 in hundredths. nSeason 0 winter, 1 equinox, 2 summer; nClass 0 R12 < 50, 1
+/// to 100, 2 above; nLatitude in steps of 5 degrees, 0 to 18; nHour local, 0 to 23.
 [[nodiscard]] int FiguresDecile(bool bUpper, int nSeason, int nClass, int nLatitude, int nHour);
 
 /// A default antenna: the greatest gain in dBi first, then the 91 gains relative to it, dB.

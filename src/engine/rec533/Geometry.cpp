@@ -40,8 +40,8 @@ GreatCircle GreatCircleMake(const Place& tblFrom, const Place& tblTo, bool bLong
     GreatCircle tbl{.tblFrom = tblFrom, .tblTo = tblTo, .aStart = {}, .aAhead = {}};
     const double dSinLat = std::sin((tblFrom.dLat - tblTo.dLat) / 2.0);
     const double dSinLon = std::sin((tblFrom.dLon - tblTo.dLon) / 2.0);
-    const double dChord = std::sqrt(dSinLat * dSinLat
-                                    + tblFrom.dCosLat * tblTo.dCosLat * dSinLon * dSinLon);
+    const double dChord =
+        std::sqrt(dSinLat * dSinLat + tblFrom.dCosLat * tblTo.dCosLat * dSinLon * dSinLon);
     const double dShort = std::max(2.0 * std::asin(std::min(dChord, 1.0)), kAngleLeast);
     tbl.dAngle = bLongWay ? 2.0 * kPi - dShort : dShort;
     tbl.dKm = tbl.dAngle * kEarthKm;
@@ -60,8 +60,7 @@ GreatCircle GreatCircleMake(const Place& tblFrom, const Place& tblTo, bool bLong
         AheadAnyGet(tblFrom, tbl.aAhead);
         dLength = 1.0;
     }
-    for (double& dPart : tbl.aAhead)
-        dPart *= (bLongWay ? -1.0 : 1.0) / dLength;
+    for (double& dPart : tbl.aAhead) dPart *= (bLongWay ? -1.0 : 1.0) / dLength;
     return tbl;
 }
 
@@ -86,9 +85,9 @@ Place GreatCirclePlace(const GreatCircle& tblPath, double dFraction)
 double BearingGet(const Place& tblFrom, const Place& tblTo)
 {
     const double dLon = tblTo.dLon - tblFrom.dLon;
-    const double dBearing
-        = std::atan2(std::sin(dLon) * tblTo.dCosLat,
-                     tblFrom.dCosLat * tblTo.dSinLat - tblFrom.dSinLat * tblTo.dCosLat * std::cos(dLon));
+    const double dBearing = std::atan2(
+        std::sin(dLon) * tblTo.dCosLat,
+        tblFrom.dCosLat * tblTo.dSinLat - tblFrom.dSinLat * tblTo.dCosLat * std::cos(dLon));
     return dBearing < 0.0 ? dBearing + 2.0 * kPi : dBearing;
 }
 
@@ -128,7 +127,8 @@ double GeomagneticSinGet(const Place& tblPlace)
     constexpr double kSinPoleLon = -0.928485826375804;  // -68.2 degrees
     constexpr double kCosPoleLon = 0.3713678368130989;
     const double dCosLon = tblPlace.dCosLon * kCosPoleLon + tblPlace.dSinLon * kSinPoleLon;
-    return std::clamp(tblPlace.dSinLat * kSinPole + tblPlace.dCosLat * kCosPole * dCosLon, -1.0, 1.0);
+    return std::clamp(tblPlace.dSinLat * kSinPole + tblPlace.dCosLat * kCosPole * dCosLon, -1.0,
+                      1.0);
 }
 
 }  // namespace rec533

@@ -5,7 +5,7 @@
 /// Errors:  none; equal ends and antipodes give a path in some direction.
 /// Source:  Recommendation ITU-R P.533-14, section 5.1 (elevation, eq. 13; slant range, eq. 19),
 ///          section 4 (angle of incidence, eq. 12); great circles from any navigation text.
-/// Tests:   tests/engine/GeometryTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Units.h"
@@ -14,10 +14,10 @@ namespace rec533 {
 
 /// A place with the functions of its angles, so that nothing downstream needs a sine of it.
 struct Place {
-    double dLat = 0.0;      ///< radians
-    double dLon = 0.0;      ///< radians, -pi to pi
+    double dLat = 0.0;  ///< radians
+    double dLon = 0.0;  ///< radians, -pi to pi
     double dSinLat = 0.0;
-    double dCosLat = 1.0;   ///< at least 1e-9
+    double dCosLat = 1.0;  ///< at least 1e-9
     double dSinLon = 0.0;
     double dCosLon = 1.0;
 };
@@ -27,10 +27,10 @@ struct Place {
 /// A great circle between two places.
 struct GreatCircle {
     Place tblFrom, tblTo;
-    double dKm = 0.0;      ///< length, at least a millimetre
-    double dAngle = 0.0;   ///< the same in radians; above pi on the long way round
-    double aStart[3];      ///< unit vector of the start
-    double aAhead[3];      ///< unit vector a quarter circle ahead of it
+    double dKm = 0.0;     ///< length, at least a millimetre
+    double dAngle = 0.0;  ///< the same in radians; above pi on the long way round
+    double aStart[3];     ///< unit vector of the start
+    double aAhead[3];     ///< unit vector a quarter circle ahead of it
 };
 
 [[nodiscard]] GreatCircle GreatCircleMake(const Place& tblFrom, const Place& tblTo, bool bLongWay);

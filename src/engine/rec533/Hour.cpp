@@ -1,6 +1,5 @@
-#include "engine/rec533/Modes.h"
-
 #include "engine/rec533/AuroralLoss.h"
+#include "engine/rec533/Modes.h"
 
 namespace rec533 {
 namespace {
@@ -25,8 +24,10 @@ void FoeFill(Hour& tbl)
     const double dKm = tblPath.tblWay.dKm;
     if (dKm < kControlShort || dKm > kRangeEMost)
         return;
-    const double dFoeT = dKm > kControlShort ? SiteFoeGet(tbl.tblFoe, tblPath.tblAheadT.tblPlace) : tbl.dFoeModes;
-    const double dFoeR = dKm > kControlShort ? SiteFoeGet(tbl.tblFoe, tblPath.tblAheadR.tblPlace) : tbl.dFoeModes;
+    const double dFoeT =
+        dKm > kControlShort ? SiteFoeGet(tbl.tblFoe, tblPath.tblAheadT.tblPlace) : tbl.dFoeModes;
+    const double dFoeR =
+        dKm > kControlShort ? SiteFoeGet(tbl.tblFoe, tblPath.tblAheadR.tblPlace) : tbl.dFoeModes;
     tbl.dFoeModes = std::min(dFoeT, dFoeR);
     if (dKm > kControlShort)
         tbl.dFoeScreen = std::max(dFoeT, dFoeR);
@@ -59,7 +60,8 @@ ControlMeans ControlMeansGet(const Hour& tbl, bool bBeyondRange)
         const Season eSeason = SeasonOfThree(tblIono.nMonth, aSites[i]->tblPlace.dSinLat >= 0.0);
         tblMeans.dGyro += aSites[i]->dGyroDip;
         tblMeans.dAuroralNear += AuroralLossGet(aSites[i]->dGeomagneticSin, eSeason, 0.0, nLocal);
-        tblMeans.dAuroralFar += AuroralLossGet(aSites[i]->dGeomagneticSin, eSeason, kRangeF2Most, nLocal);
+        tblMeans.dAuroralFar +=
+            AuroralLossGet(aSites[i]->dGeomagneticSin, eSeason, kRangeF2Most, nLocal);
     }
     const auto dCount = static_cast<double>(nSites);
     return {tblMeans.dGyro / dCount, tblMeans.dAuroralNear / dCount, tblMeans.dAuroralFar / dCount};
@@ -110,7 +112,8 @@ double MufBeyondGet(const Hour& tbl, int nHops, double dLowest)
         return dLowest;
     const double dHop0 = tbl.pPath->tblWay.dKm / tbl.nOrderF2;
     const auto fnRatio = [&](const F2Layer& tblLayer) {
-        return F2MufGet(tblLayer, dHop, tblLayer.dRangeMost) / F2MufGet(tblLayer, dHop0, tblLayer.dRangeMost);
+        return F2MufGet(tblLayer, dHop, tblLayer.dRangeMost)
+               / F2MufGet(tblLayer, dHop0, tblLayer.dRangeMost);
     };
     return dLowest * std::min(fnRatio(tbl.tblHopT), fnRatio(tbl.tblHopR));
 }
@@ -126,8 +129,8 @@ double HeightBeyondGet(const Hour& tbl)
             pLowest = pLayer;
     double dM3 = pLowest->dM3;
     if (tblPath.tblWay.dKm > kControlShort) {
-        const F2Layer tblAhead
-            = SiteLayerGet(*tblPath.pIonosphere, tbl.tblFoe, tblPath.tblAheadR, tbl.nLabel);
+        const F2Layer tblAhead =
+            SiteLayerGet(*tblPath.pIonosphere, tbl.tblFoe, tblPath.tblAheadR, tbl.nLabel);
         if (tblAhead.dFof2 < pLowest->dFof2)
             dM3 = tblAhead.dM3;
     }
@@ -163,22 +166,21 @@ void ModesF2Fill(Hour& tbl, bool bHopSum)
     }
     const ControlMeans tblMeans = ControlMeansGet(tbl, bBeyond);
     const Season eSeason = SeasonOfFour(tblIono.nMonth, tblPath.tblMid.tblPlace.dSinLat >= 0.0);
-    const DecileFactors tblDeciles
-        = DecileFactorsGet(tblPath.tblMid.tblPlace.dLat,
-                           DecileHourGet(tblIono, tbl.nLabel, tblPath.tblMid.tblPlace.dLon), eSeason,
-                           tblIono.dSsn);
+    const DecileFactors tblDeciles = DecileFactorsGet(
+        tblPath.tblMid.tblPlace.dLat,
+        DecileHourGet(tblIono, tbl.nLabel, tblPath.tblMid.tblPlace.dLon), eSeason, tblIono.dSsn);
     const bool bDay = OperationalDayIs(tblIono, tbl.nLabel, tblPath.tblMid.tblPlace);
     const int nLast = bHopSum ? std::max(kOrderMost, tbl.nOrderF2 + kHopSumMore) : kOrderMost;
     for (int n = tbl.nOrderF2; n <= nLast; ++n) {
         Mode tblMode;
         tblMode.nHops = n;
-        tblMode.dMuf = bBeyond ? MufBeyondGet(tbl, n, dLowest)
-                               : F2MufGet(tbl.tblMid, dKm / n, tbl.dRangeMost);
+        tblMode.dMuf =
+            bBeyond ? MufBeyondGet(tbl, n, dLowest) : F2MufGet(tbl.tblMid, dKm / n, tbl.dRangeMost);
         ModeRayFill(tblMode, tbl, tbl.dHeightF2, tblMeans);
         tblMode.tblDeciles = tblDeciles;
         constexpr double kKilowattDbw = 30.0;
-        const double dEirp
-            = tblIono.bReference ? 0.0 : tblPath.dPowerDb + kKilowattDbw + tblMode.dTxGain;
+        const double dEirp =
+            tblIono.bReference ? 0.0 : tblPath.dPowerDb + kKilowattDbw + tblMode.dTxGain;
         tblMode.dOperational = tblMode.dMuf * OperationalRatioGet(eSeason, bDay, dEirp);
         tblMode.bReaches = n > tbl.nOrderF2 || dKm / n <= tbl.dRangeMost;
         tbl.aModes[static_cast<std::size_t>(tbl.nModes++)] = tblMode;
@@ -196,8 +198,10 @@ void PathMufFill(Hour& tbl)
         tbl.dMuf10 = std::max(tbl.dMuf10, tblMode.dMuf * tblMode.tblDeciles.dUpper);
         tbl.dMuf90 = std::max(tbl.dMuf90, tblMode.dMuf * tblMode.tblDeciles.dLower);
         tbl.dOperational = std::max(tbl.dOperational, tblMode.dOperational);
-        tbl.dOperational10 = std::max(tbl.dOperational10, tblMode.dOperational * tblMode.tblDeciles.dUpper);
-        tbl.dOperational90 = std::max(tbl.dOperational90, tblMode.dOperational * tblMode.tblDeciles.dLower);
+        tbl.dOperational10 =
+            std::max(tbl.dOperational10, tblMode.dOperational * tblMode.tblDeciles.dUpper);
+        tbl.dOperational90 =
+            std::max(tbl.dOperational90, tblMode.dOperational * tblMode.tblDeciles.dLower);
     }
     if (dKm > kShortOnly && tbl.nOrderF2 > 0) {
         const double dHop = dKm / tbl.nOrderF2;
@@ -214,7 +218,8 @@ void LongMufFill(Hour& tbl)
     const Ionosphere& tblIono = *tblPath.pIonosphere;
     const auto nPoint = static_cast<std::size_t>(tbl.tblLong.nSmaller);
     const DecileFactors tblDeciles = DecileFactorsGet(
-        tblPath.tblLong.aLat[nPoint], DecileHourGet(tblIono, tbl.nLabel, tblPath.tblLong.aLon[nPoint]),
+        tblPath.tblLong.aLat[nPoint],
+        DecileHourGet(tblIono, tbl.nLabel, tblPath.tblLong.aLon[nPoint]),
         SeasonOfFour(tblIono.nMonth, tblPath.tblMid.tblPlace.dSinLat >= 0.0), tblIono.dSsn);
     tbl.dMuf = tbl.tblLong.dBasic;
     tbl.dMuf10 = tbl.dMuf * tblDeciles.dUpper;

@@ -12,11 +12,11 @@ namespace rec533 {
 
 struct Ionosphere {
     Behaviour eBehaviour = Behaviour::Best;
-    bool bReference = false;      ///< every quirk of the ITU program
-    int nMonth = 1;               ///< 1 to 12
-    double dSsn = 0.0;            ///< smoothed sunspot number, 0 to 311
-    double dSsnLimited = 0.0;     ///< the same, 160 at most: maps, foE, absorption, mirror height
-    MapHours tblMaps;             ///< by UT
+    bool bReference = false;   ///< every quirk of the ITU program
+    int nMonth = 1;            ///< 1 to 12
+    double dSsn = 0.0;         ///< smoothed sunspot number, 0 to 311
+    double dSsnLimited = 0.0;  ///< the same, 160 at most: maps, foE, absorption, mirror height
+    MapHours tblMaps;          ///< by UT
     SunDay tblSun;
     NoiseFigures tblNoise;
 };

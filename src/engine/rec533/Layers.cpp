@@ -8,7 +8,7 @@ constexpr double kCos80 = 0.17364817766693041;
 constexpr double kSin12 = 0.20791169081775934;
 constexpr double kSin32 = 0.52991926423320490;
 constexpr double kSinPolar = 0.9540428329158197;  // 72.5622 degrees
-constexpr double kNight = 0.072;       // Dd at the end of the day, before the power p
+constexpr double kNight = 0.072;                  // Dd at the end of the day, before the power p
 
 bool PolarWinterIs(const FoeHour& tbl, const Place& tblPlace)
 {
@@ -60,9 +60,8 @@ double FoeGet(const FoeHour& tblHour, const Place& tblPlace, double dCosChi)
     const double dM = bLow ? -1.93 + 1.92 * dCosLat : 0.11 - 0.49 * dCosLat;
     const double dC = bLow ? 23.0 + 116.0 * dCosLat : 92.0 + 35.0 * dCosLat;
     // N is the sun's noon zenith angle, 80 degrees at most (also where the sun stands below).
-    const double dCosN = std::max(dCosLat * tblHour.pSun->dCosDecl
-                                      + tblPlace.dSinLat * tblHour.pSun->dSinDecl,
-                                  kCos80);
+    const double dCosN = std::max(
+        dCosLat * tblHour.pSun->dCosDecl + tblPlace.dSinLat * tblHour.pSun->dSinDecl, kCos80);
     const double dP = dAbsSin <= kSin12 ? 1.31 : 1.20;
     double dLogD = 0.0;  // ln of the diurnal factor
     if (dCosChi >= kCos73) {
@@ -84,10 +83,7 @@ double FoeGet(const FoeHour& tblHour, const Place& tblPlace, double dCosChi)
     return std::sqrt(std::sqrt(std::max(dFourth, tblHour.dFloor)));
 }
 
-double MirrorHeightSimpleGet(double dM3)
-{
-    return std::min(1490.0 / dM3 - 176.0, 500.0);
-}
+double MirrorHeightSimpleGet(double dM3) { return std::min(1490.0 / dM3 - 176.0, 500.0); }
 
 namespace {
 
@@ -100,9 +96,8 @@ double MirrorHeightAbove(const MirrorHeightInput& tbl, double dH, double dXr)
                            : 1.21 + 0.2 * dXr;
     // The ITU program leaves the linear term out; with it G is continuous at 3.7.
     const double dLinear = tbl.bReference ? 0.0 : 90.47;
-    const double dG = dXr <= 3.7
-                          ? (((-2.102 * dXr + 19.50) * dXr - 63.15) * dXr + dLinear) * dXr - 44.73
-                          : 19.25;
+    const double dG =
+        dXr <= 3.7 ? (((-2.102 * dXr + 19.50) * dXr - 63.15) * dXr + dLinear) * dXr - 44.73 : 19.25;
     const double dDs = 160.0 + (dH + 43.0) * dG;
     const double dA = (tbl.dHopKm - dDs) / (dH + 140.0);
     const double dA1 = 140.0 + (dH - 47.0) * dE1;
@@ -134,11 +129,12 @@ double MirrorHeightGet(const MirrorHeightInput& tbl)
     const double dDelta = 0.18 / (dY - 1.4) + 0.096 * (tbl.dSsn - 25.0) / 150.0;
     const double dH = 1490.0 / (tbl.dM3 + dDelta) - 316.0;
     if (dX > 3.33)
-        return std::min(dXr >= 1.0 ? MirrorHeightAbove(tbl, dH, dXr) : MirrorHeightBelow(tbl, dH, dXr),
-                        kHighest);
+        return std::min(
+            dXr >= 1.0 ? MirrorHeightAbove(tbl, dH, dXr) : MirrorHeightBelow(tbl, dH, dXr),
+            kHighest);
     const double dJ = ((-0.7126 * dY + 5.863) * dY - 16.13) * dY + 16.07;
-    const double dU = 8e-5 * (dH - 80.0) * (1.0 + 11.0 * std::pow(dY, -2.2))
-                      + 1.2e-3 * dH * std::pow(dY, -3.6);
+    const double dU =
+        8e-5 * (dH - 80.0) * (1.0 + 11.0 * std::pow(dY, -2.2)) + 1.2e-3 * dH * std::pow(dY, -3.6);
     return std::min(115.0 + dH * dJ + dU * tbl.dHopKm, kHighest);
 }
 

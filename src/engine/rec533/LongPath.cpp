@@ -24,8 +24,8 @@ double NorthSouthGet(double dBearing)
 }
 
 // The basic MUF and K of a control point for all hours.
-void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIonosphere, const Place& tblPlace,
-                    double dHop, double dNorthSouth)
+void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIonosphere,
+                    const Place& tblPlace, double dHop, double dNorthSouth)
 {
     MapPlace tblMap;
     const MagneticField tblField = MagneticFieldGet(tblPlace, FieldHeight::Maps);
@@ -34,16 +34,17 @@ void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIono
     tbl.dGyro += dGyro / 2.0;
     tbl.aLat[nPoint] = tblPlace.dLat;
     tbl.aLon[nPoint] = tblPlace.dLon;
-    const double dFd
-        = ((((((-2.40074637494790e-24 * dHop + 25.8520201885984e-21) * dHop - 92.4986988833091e-18) * dHop
-              + 102.342990689362e-15)
-                 * dHop
-             + 22.0776941764705e-12)
+    const double dFd =
+        ((((((-2.40074637494790e-24 * dHop + 25.8520201885984e-21) * dHop - 92.4986988833091e-18)
                 * dHop
-            + 87.4376851991085e-9)
+            + 102.342990689362e-15)
                * dHop
-           + 29.1996868566837e-6)
-          * dHop;
+           + 22.0776941764705e-12)
+              * dHop
+          + 87.4376851991085e-9)
+             * dHop
+         + 29.1996868566837e-6)
+        * dHop;
     auto& aBasic = tbl.aBasic[nPoint];
     for (int i = 0; i < 24; ++i) {
         const double dFof2 = MapFof2Get(tblIonosphere.tblMaps, tblMap, i);
@@ -58,7 +59,8 @@ void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIono
     const double dX = 1.2 - 1.0 * dNorthSouth;
     const double dY = 0.6 - 0.2 * dNorthSouth;
     for (std::size_t i = 0; i < 24; ++i)
-        tbl.aRatio[nPoint][i] = 1.2 + dW * aBasic[i] / dNoon + dX * (std::cbrt(dNoon / aBasic[i]) - 1.0)
+        tbl.aRatio[nPoint][i] = 1.2 + dW * aBasic[i] / dNoon
+                                + dX * (std::cbrt(dNoon / aBasic[i]) - 1.0)
                                 + dY * Square(dLeast / dNoon);
 }
 
@@ -73,7 +75,8 @@ void UpperFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle
     constexpr double kGapMost = 15.0;
     const double dSin = std::max(std::abs(std::sin(tblWay.dAngle)), 1e-12);
     tbl.dGap = std::min(DbFromPower(tblWay.dAngle / dSin), kGapMost);
-    const double dNorthSouth = NorthSouthGet(BearingGet(GreatCirclePlace(tblWay, 0.5), tblWay.tblTo));
+    const double dNorthSouth =
+        NorthSouthGet(BearingGet(GreatCirclePlace(tblWay, 0.5), tblWay.tblTo));
     tbl.dGyro = 0.0;
     const double dHalf = 0.5 / nHops;
     UpperPointFill(tbl, 0, tblIonosphere, GreatCirclePlace(tblWay, dHalf), dHop, dNorthSouth);
@@ -101,21 +104,23 @@ void DecayApply(std::array<double, 24>& aLower, double dNight)
         const double dQ = dStep > 0.0 ? (2.0 * dNight - aLower[t]) / dStep : 0.0;
         aLower[t] = kPerHour * dBefore * (0.2055 * dQ + kPerHour);
         for (std::size_t i = 1; i <= 3; ++i)
-            aLower[(t + i) % 24] = std::max(kPerHour * aLower[(t + i - 1) % 24], aLower[(t + i) % 24]);
+            aLower[(t + i) % 24] =
+                std::max(kPerHour * aLower[(t + i - 1) % 24], aLower[(t + i) % 24]);
         return;
     }
 }
 
-void LowerFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
+// fL of all hours with a number of hops; the crossings stay in aLowPlaces.
+void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& tblIonosphere,
+               const GreatCircle& tblWay, int nHops)
 {
-    tbl.nLowHops = HopsGet(tblWay.dKm, kLowHop);
-    const double dHop = tblWay.dKm / tbl.nLowHops;
+    const double dHop = tblWay.dKm / nHops;
     const double dElevation = ElevationGet(dHop, kHeightLong);
     const double dNear = CrossingKmGet(dElevation);
-    const int nPlaces = 2 * tbl.nLowHops;
     std::array<double, 24> aSum{};
-    for (int i = 0; i < nPlaces; ++i) {
-        const double dKm = i % 2 == 0 ? i / 2 * dHop + dNear : (i / 2 + 1) * dHop - dNear;
+    for (int i = 0; i < 2 * nHops; ++i) {
+        const int nHop = i / 2;
+        const double dKm = i % 2 == 0 ? nHop * dHop + dNear : (nHop + 1) * dHop - dNear;
         const Place tblPlace = GreatCirclePlace(tblWay, dKm / tblWay.dKm);
         tbl.aLowPlaces[static_cast<std::size_t>(i)] = tblPlace;
         for (std::size_t t = 0; t < 24; ++t) {
@@ -123,13 +128,29 @@ void LowerFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle
             aSum[t] += dCos > 0.0 && dCos < 1.0 ? std::sqrt(dCos) : 0.0;
         }
     }
-    const double dScale = (1.0 + 0.009 * tblIonosphere.dSsn)
-                          / (IncidenceCosGet(dElevation, kHeightAbsorption) * std::log(9.5e6 / tbl.dSlant));
-    const double dWinter = 1.0 + WinterGet(tblIonosphere.nMonth, GreatCirclePlace(tblWay, 0.5).dLat);
+    const double dScale =
+        (1.0 + 0.009 * tblIonosphere.dSsn)
+        / (IncidenceCosGet(dElevation, kHeightAbsorption) * std::log(9.5e6 / tbl.dSlant));
+    const double dWinter =
+        1.0 + WinterGet(tblIonosphere.nMonth, GreatCirclePlace(tblWay, 0.5).dLat);
     const double dNight = std::sqrt(tblWay.dKm / kLowHop);
     for (std::size_t t = 0; t < 24; ++t)
-        tbl.aLower[t] = std::max((5.3 * std::sqrt(dScale * aSum[t]) - tbl.dGyro) * dWinter, dNight);
-    DecayApply(tbl.aLower, dNight);
+        aLower[t] = std::max((5.3 * std::sqrt(dScale * aSum[t]) - tbl.dGyro) * dWinter, dNight);
+    DecayApply(aLower, dNight);
+}
+
+// The number of hops steps at multiples of 3000 km, at 9000 km too. The long-path rule eases the
+// step over the hundred kilometres behind it.
+void LowerEase(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
+{
+    constexpr double kEaseKm = 100.0;
+    const double dPart = (tblWay.dKm - kLowHop * (tbl.nLowHops - 1)) / kEaseKm;
+    if (dPart >= 1.0)
+        return;
+    std::array<double, 24> aFewer;
+    LowerFill(aFewer, tbl, tblIonosphere, tblWay, tbl.nLowHops - 1);
+    for (std::size_t t = 0; t < 24; ++t)
+        tbl.aLower[t] = aFewer[t] + dPart * (tbl.aLower[t] - aFewer[t]);
 }
 
 }  // namespace
@@ -137,7 +158,10 @@ void LowerFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle
 void LongPathFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
 {
     UpperFill(tbl, tblIonosphere, tblWay);
-    LowerFill(tbl, tblIonosphere, tblWay);
+    tbl.nLowHops = HopsGet(tblWay.dKm, kLowHop);
+    LowerFill(tbl.aLower, tbl, tblIonosphere, tblWay, tbl.nLowHops);
+    if (tblIonosphere.eBehaviour == Behaviour::Best)
+        LowerEase(tbl, tblIonosphere, tblWay);
 }
 
 LongHour LongHourGet(const LongPath& tbl, int nLabel)
@@ -163,10 +187,7 @@ double LongShareGet(const LongPath& tbl, const LongHour& tblHour, double dFreque
     return 1.0 - (dL / dF + dF / dM) * dM / (dM + dL);
 }
 
-double LongFreeGet(const LongPath& tbl)
-{
-    return 139.6 - 20.0 * std::log10(tbl.dSlant);
-}
+double LongFreeGet(const LongPath& tbl) { return 139.6 - 20.0 * std::log10(tbl.dSlant); }
 
 double LongFieldGet(const LongPath& tbl, double dShare, double dPowerDb, double dGain)
 {

@@ -3,7 +3,7 @@
 ///
 /// Units:   MHz, km, dB.
 /// Source:  Recommendation ITU-R P.533-14, section 5.3.
-/// Tests:   tests/engine/LongPathTest.cpp
+/// Tests:   tests/engine/ReferenceTableTest.cpp
 #pragma once
 
 #include "engine/rec533/Site.h"
@@ -14,24 +14,24 @@ inline constexpr int kLowHopsMost = 14;  ///< hops of 3000 km round the whole Ea
 
 /// Hour-independent parts of a path and its limits at all hours.
 struct LongPath {
-    double dSlant = 0.0;            ///< p', km
-    double dGap = 0.0;              ///< focusing at long distances, dB
-    double dGyro = 0.0;             ///< mean gyrofrequency at 300 km, MHz
-    int nLowHops = 0;               ///< hops of the lower limit
+    double dSlant = 0.0;  ///< p', km
+    double dGap = 0.0;    ///< focusing at long distances, dB
+    double dGyro = 0.0;   ///< mean gyrofrequency at 300 km, MHz
+    int nLowHops = 0;     ///< hops of the lower limit
     std::array<Place, std::size_t{2} * kLowHopsMost> aLowPlaces;  ///< their 90-km crossings
     std::array<double, 2> aLat{}, aLon{};  ///< the two control points of fM, radians
-    std::array<double, 24> aBasic[2];  ///< basic MUF of the two points by UT
-    std::array<double, 24> aRatio[2];  ///< K of the two points by UT
-    std::array<double, 24> aLower;     ///< fL by UT
+    std::array<double, 24> aBasic[2];      ///< basic MUF of the two points by UT
+    std::array<double, 24> aRatio[2];      ///< K of the two points by UT
+    std::array<double, 24> aLower;         ///< fL by UT
 };
 void LongPathFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay);
 
 /// Limits and MUF at one hour.
 struct LongHour {
-    double dUpper = 0.0;    ///< fM
-    double dLower = 0.0;    ///< fL
-    double dBasic = 0.0;    ///< smaller basic MUF of the two points
-    int nSmaller = 0;       ///< the point that has it
+    double dUpper = 0.0;  ///< fM
+    double dLower = 0.0;  ///< fL
+    double dBasic = 0.0;  ///< smaller basic MUF of the two points
+    int nSmaller = 0;     ///< the point that has it
     double dK1 = 0.0, dK2 = 0.0;
 };
 [[nodiscard]] LongHour LongHourGet(const LongPath& tbl, int nLabel);
@@ -41,7 +41,9 @@ struct LongHour {
 
 /// E0 of the Recommendation, dB.
 [[nodiscard]] double LongFreeGet(const LongPath& tbl);
-/// Field strength of the Recommendation's long method, dB(uV/m). Gain in dBi, power in dB above 1 kW.
-[[nodiscard]] double LongFieldGet(const LongPath& tbl, double dShare, double dPowerDb, double dGain);
+/// Field strength of the Recommendation's long method, dB(uV/m). Gain in dBi, power in dB above 1
+/// kW.
+[[nodiscard]] double LongFieldGet(const LongPath& tbl, double dShare, double dPowerDb,
+                                  double dGain);
 
 }  // namespace rec533

@@ -68,8 +68,7 @@ constexpr Triangle RecursionMake()
 {
     Triangle aK{};
     for (std::size_t n = 1; n <= kOrder; ++n)
-        for (std::size_t m = 0; m < n; ++m)
-            aK[n][m] = RecursionGet(n, m);
+        for (std::size_t m = 0; m < n; ++m) aK[n][m] = RecursionGet(n, m);
     return aK;
 }
 
@@ -126,10 +125,7 @@ Field<T> FieldGet(T tS, T tC, T tSinLon, T tCosLon, const Scaled& tblScaled)
     return tbl;
 }
 
-double CosLatGet(const Place& tblPlace)
-{
-    return std::max(tblPlace.dCosLat, kCosLatLeast);
-}
+double CosLatGet(const Place& tblPlace) { return std::max(tblPlace.dCosLat, kCosLatLeast); }
 
 double SinLatGet(const Place& tblPlace)
 {
@@ -152,9 +148,9 @@ MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight)
 
 void MagneticDipTansGet(const Place& tblA, const Place& tblB, double& dTanA, double& dTanB)
 {
-    const auto tbl = FieldGet<Pair>(Pair{SinLatGet(tblA), SinLatGet(tblB)},
-                                    Pair{CosLatGet(tblA), CosLatGet(tblB)}, Pair{tblA.dSinLon, tblB.dSinLon},
-                                    Pair{tblA.dCosLon, tblB.dCosLon}, kScaledAbsorption);
+    const auto tbl = FieldGet<Pair>(
+        Pair{SinLatGet(tblA), SinLatGet(tblB)}, Pair{CosLatGet(tblA), CosLatGet(tblB)},
+        Pair{tblA.dSinLon, tblB.dSinLon}, Pair{tblA.dCosLon, tblB.dCosLon}, kScaledAbsorption);
     const Pair tFlat2 = tbl.tX * tbl.tX + tbl.tY * tbl.tY;
     dTanA = tbl.tZ[0] / std::sqrt(tFlat2[0]);
     dTanB = tbl.tZ[1] / std::sqrt(tFlat2[1]);

@@ -4,7 +4,7 @@
 /// Units:   radians, km, MHz.
 /// Domain:  everywhere; within 0.01 degrees of a pole the field of that circle is taken.
 /// Source:  Recommendation ITU-R P.1239, equations 5 to 11 (sixth-order spherical harmonics).
-/// Tests:   tests/engine/MagneticFieldTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Geometry.h"
@@ -12,9 +12,9 @@
 namespace rec533 {
 
 struct MagneticField {
-    double dDip = 0.0;       ///< magnetic dip, radians, positive in the north
+    double dDip = 0.0;  ///< magnetic dip, radians, positive in the north
     double dSinDip = 0.0;
-    double dGyro = 0.0;      ///< electron gyrofrequency, MHz
+    double dGyro = 0.0;  ///< electron gyrofrequency, MHz
 };
 
 inline constexpr double kFieldHeightAbsorption = 100.0;  ///< km
@@ -23,7 +23,8 @@ inline constexpr double kFieldHeightMaps = 300.0;        ///< km
 enum class FieldHeight { Absorption, Maps };
 
 [[nodiscard]] MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight);
-/// Tangents of the dip at 100 km at two places at once, for the many crossings of the absorbing layer.
+/// Tangents of the dip at 100 km at two places at once, for the many crossings of the absorbing
+/// layer.
 void MagneticDipTansGet(const Place& tblA, const Place& tblB, double& dTanA, double& dTanB);
 
 }  // namespace rec533

@@ -22,8 +22,7 @@ Functions FunctionsGet(const Place& tblPlace, double dDip)
     const double dSinX = dTan / std::sqrt(1.0 + dTan * dTan);
     Functions tbl;
     tbl.aPower[0] = 1.0;
-    for (std::size_t i = 1; i < kPowers; ++i)
-        tbl.aPower[i] = tbl.aPower[i - 1] * dSinX;
+    for (std::size_t i = 1; i < kPowers; ++i) tbl.aPower[i] = tbl.aPower[i - 1] * dSinX;
     const double dC = tblPlace.dCosLat * tblPlace.dCosLon;
     const double dS = tblPlace.dCosLat * tblPlace.dSinLon;
     tbl.aCos[0] = 1.0;
@@ -40,10 +39,9 @@ void FunctionsAdd(std::array<double, kCells>& aCells, const Functions& tbl,
                   const std::array<int, kOrderCount>& aLast, double dWeight)
 {
     const auto nFirst = static_cast<std::size_t>(aLast[0]);
-    for (std::size_t i = 0; i <= nFirst; ++i)
-        aCells[i] += dWeight * tbl.aPower[i];
+    for (std::size_t i = 0; i <= nFirst; ++i) aCells[i] += dWeight * tbl.aPower[i];
     for (std::size_t m = 1; m < kOrderCount; ++m) {
-        auto i = static_cast<std::size_t>(aLast[m - 1] + 1);
+        std::size_t i = static_cast<std::size_t>(aLast[m - 1]) + 1;
         const double dCos = dWeight * tbl.aCos[m];
         const double dSin = dWeight * tbl.aSin[m];
         for (std::size_t q = 0; i <= static_cast<std::size_t>(aLast[m]); i += 2, ++q) {
@@ -100,8 +98,8 @@ std::array<double, kCount> HarmonicsGet(int nHour)
 
 // Both levels mixed for the sunspot number, [k][i].
 template <std::size_t kFunctions, std::size_t kHarmonics>
-void SeriesFill(std::array<double, kFunctions * kHarmonics>& aSeries, const float* aLevels, double dSsn,
-                double dWeight)
+void SeriesFill(std::array<double, kFunctions * kHarmonics>& aSeries, const float* aLevels,
+                double dSsn, double dWeight)
 {
     const double dHigh = dWeight * dSsn / kSsnLevels;
     const double dLow = dWeight - dHigh;
@@ -111,8 +109,8 @@ void SeriesFill(std::array<double, kFunctions * kHarmonics>& aSeries, const floa
 }
 
 template <std::size_t kFunctions, std::size_t kHarmonics, std::size_t kCells>
-void HourFill(std::array<double, kCells>& aCells, const std::array<double, kFunctions * kHarmonics>& aSeries,
-              int nHour)
+void HourFill(std::array<double, kCells>& aCells,
+              const std::array<double, kFunctions * kHarmonics>& aSeries, int nHour)
 {
     const auto aTerms = HarmonicsGet<kHarmonics>(nHour);
     for (std::size_t k = 0; k < kFunctions; ++k) {
@@ -145,7 +143,8 @@ void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dSsn, int 
     std::array<double, std::size_t{kM3Functions} * kM3Harmonics> aM3{};
     const double dCcir = eSet == MapSet::Ccir ? 1.0 : eSet == MapSet::Ursi ? 0.0 : 0.5;
     if (dCcir > 0.0)
-        SeriesFill<kFof2Functions, kFof2Harmonics>(aFof2, FiguresFof2(false, nMonth).data(), dSsn, dCcir);
+        SeriesFill<kFof2Functions, kFof2Harmonics>(aFof2, FiguresFof2(false, nMonth).data(), dSsn,
+                                                   dCcir);
     if (dCcir < 1.0)
         SeriesFill<kFof2Functions, kFof2Harmonics>(aFof2, FiguresFof2(true, nMonth).data(), dSsn,
                                                    1.0 - dCcir);
@@ -160,7 +159,8 @@ void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dSsn, int 
     }
 }
 
-void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, const MagneticField& tblField, bool bGrid)
+void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, const MagneticField& tblField,
+                  bool bGrid)
 {
     tblMap.aFof2.fill(0.0);
     tblMap.aM3.fill(0.0);

@@ -1,14 +1,15 @@
 /// @file Maps.h
 /// foF2 and M(3000)F2 from the numerical maps, for one month and sunspot number.
 ///
-/// A map value is a sum of 76 (49) geographic functions, each with a Fourier series of the hour. The
-/// hour's series are summed once per month and hour (MapHours), the geographic functions once per
-/// place (MapPlace), so that a value costs one scalar product.
+/// A map value is a sum of 76 (49) geographic functions, each with a Fourier series of the hour.
+/// The hour's series are summed once per month and hour (MapHours), the geographic functions once
+/// per place (MapPlace), so that a value costs one scalar product.
 ///
 /// Units:   MHz for foF2; M(3000)F2 has none; hours UT 0 to 23.
-/// Source:  Recommendation ITU-R P.1239, section 2, equations 1 to 4; the grid of the ITU program is
+/// Source:  Recommendation ITU-R P.1239, section 2, equations 1 to 4; the grid of the ITU program
+/// is
 ///          described at MapPlaceMake.
-/// Tests:   tests/engine/MapsTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include <array>
@@ -35,10 +36,11 @@ struct MapPlace {
 };
 
 /// tblField: at 300 km over the place.
-/// bGrid: the ITU program reads grids of 1.5 degrees and interpolates; its weights count from the wrong
-/// side of the cell in the south and the west. The maps being linear, that is a mean of the functions
-/// of four places. Else the series is taken at the place itself.
-void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, const MagneticField& tblField, bool bGrid);
+/// bGrid: the ITU program reads grids of 1.5 degrees and interpolates; its weights count from the
+/// wrong side of the cell in the south and the west. The maps being linear, that is a mean of the
+/// functions of four places. Else the series is taken at the place itself.
+void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, const MagneticField& tblField,
+                  bool bGrid);
 
 [[nodiscard]] double MapFof2Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour);
 [[nodiscard]] double MapM3Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour);

@@ -3,7 +3,7 @@
 namespace rec533 {
 namespace {
 
-constexpr double kScreenedMost = 4000.0;  // no screening beyond, km
+constexpr double kScreenedMost = 4000.0;    // no screening beyond, km
 constexpr double kFieldOfKilowatt = 136.6;  // dB(uV/m) of 1 kW e.i.r.p. without the loss
 constexpr double kLossFree = 32.45;
 constexpr double kLossOther = 9.14;   // Lz, the empirical constant of the edition
@@ -25,7 +25,8 @@ double MirrorHeightOf(const Hour& tbl, double dFrequency, double dHop)
 {
     const auto fnHeight = [&](const F2Layer& tblLayer) {
         return MirrorHeightGet({dFrequency, dHop, tblLayer.dFof2, tblLayer.dFoe, tblLayer.dM3,
-                                tbl.pPath->pIonosphere->dSsnLimited, tbl.pPath->pIonosphere->bReference});
+                                tbl.pPath->pIonosphere->dSsnLimited,
+                                tbl.pPath->pIonosphere->bReference});
     };
     if (tbl.pPath->tblWay.dKm <= tbl.dRangeMost)
         return fnHeight(tbl.tblMid);
@@ -36,8 +37,8 @@ void ScreeningFill(ModeField& tblField, const Hour& tbl, const Mode& tblMode, do
 {
     const double dHop = tbl.pPath->tblWay.dKm / tblMode.nHops;
     tblField.dMirror = MirrorHeightOf(tbl, dFrequency, dHop);
-    tblField.dScreening
-        = 1.05 * tbl.dFoeScreen / IncidenceCosGet(ElevationGet(dHop, tblField.dMirror), kHeightE);
+    tblField.dScreening =
+        1.05 * tbl.dFoeScreen / IncidenceCosGet(ElevationGet(dHop, tblField.dMirror), kHeightE);
 }
 
 double AbsorptionOf(Hour& tbl, Mode& tblMode, double dFrequency)
@@ -47,13 +48,14 @@ double AbsorptionOf(Hour& tbl, Mode& tblMode, double dFrequency)
         tblMode.nCrossing = tbl.nCrossings;
         tbl.nCrossings += nCount;
         CrossingsFill({tbl.pPath->pIonosphere, tbl.tblFoe}, tbl.pPath->tblWay, tblMode.nHops,
-                      tblMode.dElevation, &tbl.aCrossings[static_cast<std::size_t>(tblMode.nCrossing)]);
+                      tblMode.dElevation,
+                      &tbl.aCrossings[static_cast<std::size_t>(tblMode.nCrossing)]);
     }
-    const double dFactor
-        = AbsorptionFactorGet(&tbl.aCrossings[static_cast<std::size_t>(tblMode.nCrossing)], nCount,
-                              dFrequency * tblMode.dCosIncidence);
-    return AbsorptionLossGet(dFactor, tblMode.nHops, tbl.pPath->pIonosphere->dSsnLimited, dFrequency,
-                             tblMode.dGyro, tblMode.dCosIncidence);
+    const double dFactor =
+        AbsorptionFactorGet(&tbl.aCrossings[static_cast<std::size_t>(tblMode.nCrossing)], nCount,
+                            dFrequency * tblMode.dCosIncidence);
+    return AbsorptionLossGet(dFactor, tblMode.nHops, tbl.pPath->pIonosphere->dSsnLimited,
+                             dFrequency, tblMode.dGyro, tblMode.dCosIncidence);
 }
 
 }  // namespace
@@ -78,9 +80,10 @@ void ModeFieldsFill(ModeFields& aFields, Hour& tblHour, double dFrequency)
         tblField.dLoss = kLossFree + dLogF + dSlant + dCommon
                          + MufLossGet(tblMode.bE, dKm > 3000.0, dRatio)
                          + kLossGround * (tblMode.nHops - 1) + kLossOther;
-        tblField.dField = kFieldOfKilowatt + tblPath.dPowerDb + tblMode.dTxGain + dLogF - tblField.dLoss;
-        tblField.dHopField = kFieldOfKilowatt - kLossFree + tblPath.dPowerDb + tblMode.dTxGain - dSlant
-                             - dCommon - MufLossGet(false, false, dRatio) - kLossHopSum;
+        tblField.dField =
+            kFieldOfKilowatt + tblPath.dPowerDb + tblMode.dTxGain + dLogF - tblField.dLoss;
+        tblField.dHopField = kFieldOfKilowatt - kLossFree + tblPath.dPowerDb + tblMode.dTxGain
+                             - dSlant - dCommon - MufLossGet(false, false, dRatio) - kLossHopSum;
     }
 }
 

@@ -16,19 +16,19 @@ namespace rec533 {
 inline constexpr int kModesMost = 9;
 
 struct Mode {
-    bool bE = false;              ///< E mode, else F2
+    bool bE = false;  ///< E mode, else F2
     int nHops = 1;
-    double dMuf = 0.0;            ///< basic MUF, median
+    double dMuf = 0.0;  ///< basic MUF, median
     DecileFactors tblDeciles;
-    double dOperational = 0.0;    ///< operational MUF
-    bool bReaches = true;         ///< its hop is short enough to carry power
+    double dOperational = 0.0;  ///< operational MUF
+    bool bReaches = true;       ///< its hop is short enough to carry power
     double dElevation = 0.0;
-    double dSlant = 0.0;          ///< virtual slant range
-    double dCosIncidence = 1.0;   ///< at 110 km
-    double dGyro = 0.0;           ///< fL of the absorption
-    double dAuroral = 0.0;        ///< Lh
+    double dSlant = 0.0;                  ///< virtual slant range
+    double dCosIncidence = 1.0;           ///< at 110 km
+    double dGyro = 0.0;                   ///< fL of the absorption
+    double dAuroral = 0.0;                ///< Lh
     double dTxGain = 0.0, dRxGain = 0.0;  ///< at its elevation, dBi
-    int nCrossing = -1;           ///< first crossing, -1 before they are needed
+    int nCrossing = -1;                   ///< first crossing, -1 before they are needed
 };
 
 /// A mode at one frequency.
@@ -43,20 +43,21 @@ struct ModeField {
 
 struct Hour {
     Path* pPath = nullptr;
-    int nLabel = 1;                  ///< 1 to 24 UTC
+    int nLabel = 1;  ///< 1 to 24 UTC
     FoeHour tblFoe;
     F2Layer tblMid, tblHopT, tblHopR;
-    double dFoeModes = 0.0;          ///< foE of the E modes
-    double dFoeScreen = 0.0;         ///< foE of the screening
-    double dRangeMost = 0.0;         ///< dmax of the path, limited
-    double dHeightF2 = 0.0;          ///< reflection height of the F2 modes
-    int nOrderF2 = 0, nOrderE = 0;   ///< lowest orders, 0 none
+    double dFoeModes = 0.0;         ///< foE of the E modes
+    double dFoeScreen = 0.0;        ///< foE of the screening
+    double dRangeMost = 0.0;        ///< dmax of the path, limited
+    double dHeightF2 = 0.0;         ///< reflection height of the F2 modes
+    int nOrderF2 = 0, nOrderE = 0;  ///< lowest orders, 0 none
     std::array<Mode, kModesMost> aModes;
     int nModes = 0;
     std::array<Crossing, kCrossingsMost> aCrossings;
     int nCrossings = 0;
     LongHour tblLong;
-    double dMuf = 0.0, dMuf10 = 0.0, dMuf90 = 0.0;  ///< path basic MUF: median, 10 %, 90 % of the days
+    double dMuf = 0.0, dMuf10 = 0.0,
+           dMuf90 = 0.0;  ///< path basic MUF: median, 10 %, 90 % of the days
     double dOperational = 0.0, dOperational10 = 0.0, dOperational90 = 0.0;
 };
 

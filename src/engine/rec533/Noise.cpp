@@ -12,8 +12,7 @@ template <int kCount>
 double PolynomialGet(const float* pTerms, double dX)
 {
     double dSum = 0.0;
-    for (int i = 0; i < kCount; ++i)
-        dSum = dSum * dX + static_cast<double>(pTerms[i]);
+    for (int i = 0; i < kCount; ++i) dSum = dSum * dX + static_cast<double>(pTerms[i]);
     return dSum;
 }
 
@@ -34,10 +33,7 @@ std::array<double, kCount> SinesGet(double dX)
     return aSin;
 }
 
-double PlaceW(const Place& tblPlace)
-{
-    return tblPlace.dLat + kPi / 2.0;
-}
+double PlaceW(const Place& tblPlace) { return tblPlace.dLat + kPi / 2.0; }
 
 // The longitude series gives the coefficients of the latitude series.
 double BlockSum(const NoiseFigures& tbl, const NoisePlace& tblPlace, std::size_t nBlock)
@@ -51,8 +47,7 @@ double BlockSum(const NoiseFigures& tbl, const NoisePlace& tblPlace, std::size_t
             aZ[j] += tblPlace.aLon[k] * static_cast<double>(pFakp[k * kLatitudeTerms + j]);
     double dSum = static_cast<double>(tbl.pFakabp[2 * nBlock])
                   + static_cast<double>(tbl.pFakabp[2 * nBlock + 1]) * PlaceW(tblPlace.tblPlace);
-    for (std::size_t j = 0; j < kLatitudeTerms; ++j)
-        dSum += tblPlace.aLat[j] * aZ[j];
+    for (std::size_t j = 0; j < kLatitudeTerms; ++j) dSum += tblPlace.aLat[j] * aZ[j];
     return dSum;
 }
 
@@ -63,13 +58,12 @@ Noise BlockGet(const NoiseFigures& tbl, NoisePlace& tblPlace, int nBlock, double
         tblPlace.aMegahertz[nAt] = BlockSum(tbl, tblPlace, nAt);
         tblPlace.aSummed[nAt] = true;
     }
-    const int nHemisphere = tblPlace.tblPlace.dLat >= 0.0 ? nBlock : nBlock + 6;
+    const std::size_t nHemisphere = tblPlace.tblPlace.dLat >= 0.0 ? nAt : nAt + 6;
     const float* pFam = tbl.pFam + 14 * nHemisphere;
     const double dLog = std::log10(dFrequency);
     const double dU = (8.0 * std::exp2(dLog) - 11.0) / 4.0;
     const double dU1 = -0.75;  // 1 MHz
-    const double dCz = tblPlace.aMegahertz[nAt]
-                           * (2.0 - PolynomialGet<7>(pFam, dU1))
+    const double dCz = tblPlace.aMegahertz[nAt] * (2.0 - PolynomialGet<7>(pFam, dU1))
                        - PolynomialGet<7>(pFam + 7, dU1);
     const double dLogDecile = std::log10(std::min(dFrequency, 20.0));
     const float* pUpper = tbl.pDud + 5 * nHemisphere;
@@ -89,9 +83,11 @@ NoisePlace NoisePlaceMake(const Place& tblPlace)
     return tbl;
 }
 
-Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel, double dFrequency)
+Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel,
+                          double dFrequency)
 {
-    const int nZone = static_cast<int>(tblPlace.tblPlace.dLon * (12.0 / kPi));  // whole zones, toward zero
+    const int nZone =
+        static_cast<int>(tblPlace.tblPlace.dLon * (12.0 / kPi));  // whole zones, toward zero
     const int nHour = HourWrap(SunHourOfLabel(tbl, nLabel) + nZone);
     const int nBlock = nHour / 4;
     const double dPart = nHour % 4 / 4.0;
@@ -102,7 +98,8 @@ Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabe
     const auto fnMix = [dPart](double dA, double dB) {
         return dA + DbFromPower(1.0 + (PowerFromDb(dB - dA) - 1.0) * dPart);
     };
-    return {fnMix(tblA.dFa, tblB.dFa), fnMix(tblA.dUpper, tblB.dUpper), fnMix(tblA.dLower, tblB.dLower)};
+    return {fnMix(tblA.dFa, tblB.dFa), fnMix(tblA.dUpper, tblB.dUpper),
+            fnMix(tblA.dLower, tblB.dLower)};
 }
 
 Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency, bool bReference)
@@ -115,7 +112,7 @@ Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency,
         {76.8, 27.7, 11.0, 6.7}, {72.5, 27.7, 10.6, 5.3}, {67.2, 27.7, 9.2, 4.6},
         {53.6, 28.6, 9.2, 4.6},  {65.2, 29.1, 9.2, 4.6},  {83.2, 37.5, 11.0, 6.7},
     };
-    constexpr double kThermal = 204.0;       // dB, of 1 W to k T0
+    constexpr double kThermal = 204.0;                 // dB, of 1 W to k T0
     constexpr double kLevelLog = 0.47712125471966244;  // log10 of 3 MHz
     const double dLog = std::log10(dFrequency);
     if (eCategory != NoiseCategory::Level) {

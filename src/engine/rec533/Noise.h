@@ -3,7 +3,7 @@
 ///
 /// Units:   noise figures Fa in dB above k T0 b; noise power in dBW/Hz is Fa - 204. MHz, radians.
 /// Source:  Recommendation ITU-R P.372 (atmospheric: numerical maps of Report CCIR 322).
-/// Tests:   tests/engine/NoiseTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Circuit.h"
@@ -36,7 +36,8 @@ struct NoisePlace {
                                     bool bReference);
 [[nodiscard]] Noise NoiseGalacticGet(double dFrequency);
 
-/// The three of them combined (P.372, section 8). For information; the SNR takes the plain power sum.
+/// The three of them combined (P.372, section 8). For information; the SNR takes the plain power
+/// sum.
 [[nodiscard]] Noise NoiseTotalGet(const Noise& tblAtmospheric, const Noise& tblManMade,
                                   const Noise& tblGalactic);
 

@@ -8,7 +8,8 @@ namespace {
 constexpr double kSin60 = 0.86602540378443865;
 
 // Signals vary more at high latitudes. The ITU program looks at the northern side alone, and beyond
-// 9000 km at the first crossing of 90 km and the last hop's first one instead of T + 1000 and R - 1000.
+// 9000 km at the first crossing of 90 km and the last hop's first one instead of T + 1000 and R -
+// 1000.
 bool HighLatitudeIs(const Path& tbl)
 {
     if (tbl.tblWay.dKm <= kControlShort)
@@ -20,7 +21,8 @@ bool HighLatitudeIs(const Path& tbl)
     if (tbl.tblWay.dKm > kLongOnly) {
         const LongPath& tblLong = tbl.tblLong;
         aSin[1] = GeomagneticSinGet(tblLong.aLowPlaces[0]);
-        aSin[2] = GeomagneticSinGet(tblLong.aLowPlaces[2 * static_cast<std::size_t>(tblLong.nLowHops) - 2]);
+        aSin[2] = GeomagneticSinGet(
+            tblLong.aLowPlaces[2 * static_cast<std::size_t>(tblLong.nLowHops) - 2]);
     }
     return std::any_of(aSin, aSin + 3, [](double dSin) { return dSin >= kSin60; });
 }
@@ -34,8 +36,8 @@ void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCirc
     constexpr double kElevationMost = 60.0;  // degrees
     tbl.pIonosphere = &tblIonosphere;
     tbl.tblCircuit = tblCircuit;
-    tbl.tblCircuit.dRequiredReliability
-        = std::clamp(tblCircuit.dRequiredReliability, kShareLeast, kShareMost);
+    tbl.tblCircuit.dRequiredReliability =
+        std::clamp(tblCircuit.dRequiredReliability, kShareLeast, kShareMost);
     tbl.tblCircuit.dLeastElevation = std::clamp(tblCircuit.dLeastElevation, 0.0, kElevationMost);
     tbl.dLeastElevation = tbl.tblCircuit.dLeastElevation * kRadians;
     tbl.dShareQuantile = ShareQuantileGet(tbl.tblCircuit.dRequiredReliability);

@@ -3,9 +3,11 @@
 namespace rec533 {
 namespace {
 
-constexpr double kFieldToPower = 107.2;  // dB(uV/m) to dBW into a matched isotropic antenna at 1 MHz
+constexpr double kFieldToPower =
+    107.2;  // dB(uV/m) to dBW into a matched isotropic antenna at 1 MHz
 
-// Sums over the modes in power, as fields and with the receiving antenna's gain at each mode's angle.
+// Sums over the modes in power, as fields and with the receiving antenna's gain at each mode's
+// angle.
 struct ModeSums {
     double dField = kFieldNone;
     double dReceived = kFieldNone;
@@ -20,8 +22,8 @@ ModeSums ModeSumsGet(const Hour& tblHour, const ModeFields& aFields, bool bHopSu
         const Mode& tblMode = tblHour.aModes[i];
         if (!aFields[i].bUsed)
             continue;
-        const double dReceived
-            = (bHopSum ? aFields[i].dHopField : aFields[i].dField) + tblMode.dRxGain;
+        const double dReceived =
+            (bHopSum ? aFields[i].dHopField : aFields[i].dField) + tblMode.dRxGain;
         if (dReceived > dBest) {
             dBest = dReceived;
             tbl.pStrongest = &tblMode;
@@ -57,15 +59,17 @@ double FieldMixGet(double dShort, double dLong, double dPart)
 }
 
 // The long-path rule: hop by hop and long method add in power, eased in from 7000 km to 9000 km.
-void LongRuleFill(Prediction& tbl, const Hour& tblHour, const ModeFields& aFields, const ModeSums& tblShort,
-                  double dPart)
+void LongRuleFill(Prediction& tbl, const Hour& tblHour, const ModeFields& aFields,
+                  const ModeSums& tblShort, double dPart)
 {
-    constexpr double kFree = 120.0;    // E0', dB
-    constexpr double kOffset = 3.87;   // dB
+    constexpr double kFree = 120.0;         // E0', dB
+    constexpr double kOffset = 3.87;        // dB
     constexpr double kShortLeast = -100.0;  // of 1 kW, dB(uV/m)
     const Path& tblPath = *tblHour.pPath;
-    const AntennaLow tblTx = AntennaLowGet(tblPath.tblCircuit.pTx, tblPath.tblCircuit.dLeastElevation);
-    const AntennaLow tblRx = AntennaLowGet(tblPath.tblCircuit.pRx, tblPath.tblCircuit.dLeastElevation);
+    const AntennaLow tblTx =
+        AntennaLowGet(tblPath.tblCircuit.pTx, tblPath.tblCircuit.dLeastElevation);
+    const AntennaLow tblRx =
+        AntennaLowGet(tblPath.tblCircuit.pRx, tblPath.tblCircuit.dLeastElevation);
     const double dLong = (kFree - 20.0 * std::log10(tblPath.tblLong.dSlant)) * tbl.dLongShare - 30.0
                          + tblPath.dPowerDb + tblTx.dGain + tblPath.tblLong.dGap + kOffset;
     ModeSums tblHops = ModeSumsGet(tblHour, aFields, true);
@@ -102,9 +106,11 @@ void FieldFill(Prediction& tbl, Hour& tblHour, double dFrequency)
     }
     if (dKm >= kShortOnly)
         tbl.dLongShare = LongShareGet(tblPath.tblLong, tblHour.tblLong, dFrequency);
-    const AntennaLow tblTx = AntennaLowGet(tblPath.tblCircuit.pTx, tblPath.tblCircuit.dLeastElevation);
+    const AntennaLow tblTx =
+        AntennaLowGet(tblPath.tblCircuit.pTx, tblPath.tblCircuit.dLeastElevation);
     if (dKm >= kShortOnly)
-        tbl.dFieldLong = LongFieldGet(tblPath.tblLong, tbl.dLongShare, tblPath.dPowerDb, tblTx.dGain);
+        tbl.dFieldLong =
+            LongFieldGet(tblPath.tblLong, tbl.dLongShare, tblPath.dPowerDb, tblTx.dGain);
     if (dKm <= kShortOnly) {
         tbl.dField = tblShort.dField;
         tbl.dPower = tblShort.dReceived;
@@ -135,7 +141,8 @@ void PredictionFill(Prediction& tbl, Hour& tblHour, double dFrequency)
     FieldFill(tbl, tblHour, dFrequency);
     tbl.dPower += -20.0 * std::log10(dFrequency) - kFieldToPower;
     tbl.tblAtmospheric = NoiseAtmosphericGet(tblIono, tblPath.tblNoise, tblHour.nLabel, dFrequency);
-    tbl.tblManMade = NoiseManMadeGet(tblCircuit.eNoise, tblCircuit.dNoiseLevel, dFrequency, tblIono.bReference);
+    tbl.tblManMade =
+        NoiseManMadeGet(tblCircuit.eNoise, tblCircuit.dNoiseLevel, dFrequency, tblIono.bReference);
     tbl.tblGalactic = NoiseGalacticGet(dFrequency);
     const SnrInput tblInput{tbl.dPower, tblCircuit.dBandwidth, tblCircuit.dRequiredSnr,
                             tblCircuit.dRequiredReliability, tblPath.dShareQuantile};

@@ -13,8 +13,7 @@ SignalDeciles SignalDecilesGet(double dFrequencyToMuf, bool bHighLatitude)
         {4.0, 6, 8, 7, 7},    {1e99, 5, 7, 7, 7},
     };
     const Row* pRow = kRows;
-    while (dFrequencyToMuf > pRow->dUpTo)
-        ++pRow;
+    while (dFrequencyToMuf > pRow->dUpTo) ++pRow;
     return bHighLatitude ? SignalDeciles{pRow->dUpperHigh, pRow->dLowerHigh}
                          : SignalDeciles{pRow->dUpper, pRow->dLower};
 }

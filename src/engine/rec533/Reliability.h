@@ -3,7 +3,7 @@
 ///
 /// Units:   dB, percent.
 /// Source:  Recommendation ITU-R P.533-14, sections 7, 8 and 10.1; ITU-R P.842, tables 1 and 2.
-/// Tests:   tests/engine/ReliabilityTest.cpp
+/// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
 #include "engine/rec533/Noise.h"
@@ -34,8 +34,9 @@ struct SnrInput {
     double dShare = 50.0;
     double dShareQuantile = 0.0;  ///< of ShareQuantileGet
 };
-[[nodiscard]] SnrResult SnrGet(const SnrInput& tbl, const Noise& tblAtmospheric, const Noise& tblManMade,
-                               const Noise& tblGalactic, const SignalDeciles& tblSignal);
+[[nodiscard]] SnrResult SnrGet(const SnrInput& tbl, const Noise& tblAtmospheric,
+                               const Noise& tblManMade, const Noise& tblGalactic,
+                               const SignalDeciles& tblSignal);
 
 /// Normal quantile of max(x, 100 - x) percent, in units of the 90 % quantile.
 [[nodiscard]] double ShareQuantileGet(double dShare);

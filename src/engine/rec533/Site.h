@@ -11,7 +11,7 @@ namespace rec533 {
 
 struct Site {
     Place tblPlace;
-    MapPlace tblMap;               ///< only with bMap
+    MapPlace tblMap;  ///< only with bMap
     bool bMap = false;
     double dGyroDip = 0.0;         ///< |fH sin I| at 100 km, MHz
     double dGyro300 = 0.0;         ///< gyrofrequency at 300 km, MHz

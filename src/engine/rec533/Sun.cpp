@@ -12,7 +12,6 @@ constexpr double kObliquity = 23.45 * kRadians;
 constexpr double kEccentricity = 0.016713;
 constexpr double kMinutesPerDegree = 4.0;
 
-
 // Hours between -24 and 48 into a day.
 double Wrap24(double dHour)
 {
@@ -23,7 +22,8 @@ double Wrap24(double dHour)
 
 SunHour SunHourGet(int nMonth, double dHour)
 {
-    const double dDay = kDaysBefore[static_cast<std::size_t>(nMonth - 1)] + kDayOfMonth + dHour / 24.0;
+    const double dDay =
+        kDaysBefore[static_cast<std::size_t>(nMonth - 1)] + kDayOfMonth + dHour / 24.0;
     const double dLam = kDegreesPerDay * kRadians * (dDay - 2.0);
     const double dNu = dLam + 1.915169 * kRadians * std::sin(dLam);
     double dEps = kDegreesPerDay * (dDay - 80.0);
@@ -53,10 +53,11 @@ double SunHourAngleGet(const SunHour& tblSun, double dLon)
 
 double SunZenithCosGet(const SunHour& tblSun, const Place& tblPlace)
 {
-    const double dCosAngle = tblSun.dCosTurn * tblPlace.dCosLon - tblSun.dSinTurn * tblPlace.dSinLon;
-    return std::clamp(tblPlace.dSinLat * tblSun.dSinDecl
-                          + tblPlace.dCosLat * tblSun.dCosDecl * dCosAngle,
-                      -1.0, 1.0);
+    const double dCosAngle =
+        tblSun.dCosTurn * tblPlace.dCosLon - tblSun.dSinTurn * tblPlace.dSinLon;
+    return std::clamp(
+        tblPlace.dSinLat * tblSun.dSinDecl + tblPlace.dCosLat * tblSun.dCosDecl * dCosAngle, -1.0,
+        1.0);
 }
 
 SunTimes SunTimesGet(const SunHour& tblSun, const Place& tblPlace)

@@ -2,9 +2,10 @@
 /// Where the sun stands on the fifteenth of a month.
 ///
 /// Units:   radians, hours UT, minutes for the equation of time.
-/// Source:  the low-precision almanac series that the ITU program of Recommendation ITU-R P.533 uses;
-///          within 0.2 degrees of the Astronomical Almanac.
-/// Tests:   tests/engine/SunTest.cpp
+/// Source:  the low-precision almanac series that the ITU program of Recommendation ITU-R P.533
+/// uses;
+///          within 0.6 degrees of the Astronomical Almanac.
+/// Tests:   tests/engine/CorrectionsTest.cpp
 #pragma once
 
 #include <array>
@@ -13,17 +14,18 @@
 
 namespace rec533 {
 
-/// Cosine of the zenith angle at sunrise and sunset, 90.833 degrees: refraction and the sun's radius.
+/// Cosine of the zenith angle at sunrise and sunset, 90.833 degrees: refraction and the sun's
+/// radius.
 inline constexpr double kSunRiseZenithCos = -0.0145380787;
 
 /// The sun at one hour UT.
 struct SunHour {
-    double dHour = 0.0;          ///< UT
-    double dDeclination = 0.0;   ///< radians
+    double dHour = 0.0;         ///< UT
+    double dDeclination = 0.0;  ///< radians
     double dSinDecl = 0.0;
     double dCosDecl = 1.0;
-    double dEquation = 0.0;      ///< equation of time, minutes
-    double dSinTurn = 0.0;       ///< of the hour angle at longitude 0
+    double dEquation = 0.0;  ///< equation of time, minutes
+    double dSinTurn = 0.0;   ///< of the hour angle at longitude 0
     double dCosTurn = 1.0;
 };
 

@@ -1,7 +1,8 @@
 /// @file Units.h
 /// Constants and small conversions of the prediction method.
 ///
-/// Source:  Recommendation ITU-R P.533-14; the rounded degree factors are those of the ITU program, so
+/// Source:  Recommendation ITU-R P.533-14; the rounded degree factors are those of the ITU program,
+/// so
 ///          that results agree to the last printed digit.
 #pragma once
 
@@ -10,14 +11,14 @@
 
 namespace rec533 {
 
-inline constexpr double kEarthKm = 6371.009;           ///< radius of the Earth, km
+inline constexpr double kEarthKm = 6371.009;  ///< radius of the Earth, km
 inline constexpr double kPi = 3.14159265358979323846;
-inline constexpr double kRadians = 0.0174532925;       ///< degrees to radians
-inline constexpr double kDegrees = 57.2957795;         ///< radians to degrees
+inline constexpr double kRadians = 0.0174532925;  ///< degrees to radians
+inline constexpr double kDegrees = 57.2957795;    ///< radians to degrees
 
-inline constexpr double kHeightE = 110.0;              ///< reflection height of E modes, km
-inline constexpr double kHeightAbsorption = 90.0;      ///< height of the absorbing layer, km
-inline constexpr double kHeightLong = 300.0;           ///< reflection height of the long method, km
+inline constexpr double kHeightE = 110.0;          ///< reflection height of E modes, km
+inline constexpr double kHeightAbsorption = 90.0;  ///< height of the absorbing layer, km
+inline constexpr double kHeightLong = 300.0;       ///< reflection height of the long method, km
 
 /// Field strength written where there is no mode at all, dB(uV/m).
 inline constexpr double kFieldNone = -307.0;

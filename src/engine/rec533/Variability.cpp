@@ -49,7 +49,8 @@ DecileFactors DecileFactorsGet(double dLat, double dLocalHour, Season eSeason, d
     double dHour = std::fmod(dLocalHour, 24.0);
     if (dHour < 0.0)
         dHour = std::fmod(dHour + 24.0, 24.0);
-    return {DecileGet(false, eSeason, nClass, dLat, dHour), DecileGet(true, eSeason, nClass, dLat, dHour)};
+    return {DecileGet(false, eSeason, nClass, dLat, dHour),
+            DecileGet(true, eSeason, nClass, dLat, dHour)};
 }
 
 double DecileHourGet(const Ionosphere& tbl, int nLabel, double dLon)
@@ -63,7 +64,9 @@ double OperationalRatioGet(Season eSeason, bool bDay, double dEirp)
 {
     constexpr double kEirpClass = 30.0;  // dBW
     constexpr double kRatio[2][3][2]{
-        {{1.20, 1.30}, {1.15, 1.25}, {1.10, 1.20}},  // up to 30 dBW; winter, equinox, summer; day, night
+        {{1.20, 1.30},
+         {1.15, 1.25},
+         {1.10, 1.20}},  // up to 30 dBW; winter, equinox, summer; day, night
         {{1.15, 1.25}, {1.20, 1.30}, {1.25, 1.35}},
     };
     return kRatio[dEirp > kEirpClass ? 1 : 0][static_cast<int>(eSeason)][bDay ? 0 : 1];

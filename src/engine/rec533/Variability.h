@@ -1,8 +1,9 @@
 /// @file Variability.h
 /// From day to day: decile factors of the MUF, the operational MUF's ratio, seasons.
 ///
-/// Source:  Recommendation ITU-R P.1239, tables 2 and 3; ITU-R P.1240, table 1; ITU-R P.533-14, 3.6, 3.7.
-/// Tests:   tests/engine/VariabilityTest.cpp
+/// Source:  Recommendation ITU-R P.1239, tables 2 and 3; ITU-R P.1240, table 1; ITU-R
+/// P.533-14, 3.6, 3.7.
+/// Tests:   tests/engine/CorrectionsTest.cpp
 #pragma once
 
 #include "engine/rec533/Ionosphere.h"
@@ -23,7 +24,8 @@ struct DecileFactors {
 inline constexpr DecileFactors kDecilesE{0.95, 1.05};
 
 /// dLat radians, bilinear; dLocalHour wrapped into a day; dSsn chooses the class.
-[[nodiscard]] DecileFactors DecileFactorsGet(double dLat, double dLocalHour, Season eSeason, double dSsn);
+[[nodiscard]] DecileFactors DecileFactorsGet(double dLat, double dLocalHour, Season eSeason,
+                                             double dSsn);
 
 /// Hour at which the decile factors are read for a label at a longitude.
 [[nodiscard]] double DecileHourGet(const Ionosphere& tbl, int nLabel, double dLon);

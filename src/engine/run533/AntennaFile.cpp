@@ -17,11 +17,13 @@ constexpr std::size_t kFileMost = 1 << 20;
 constexpr std::size_t kTitleLetters = 10;
 constexpr int kTypeGains = 11;
 
-AntennaLoaded BuiltInGet(std::string_view sTitle, std::span<const float, rec533::kAntennaGains + 1> aFigures)
+AntennaLoaded BuiltInGet(std::string_view sTitle,
+                         std::span<const float, rec533::kAntennaGains + 1> aFigures)
 {
     AntennaLoaded tbl{std::string(sTitle), {}};
     for (std::size_t i = 0; i < tbl.tblAntenna.aGain.size(); ++i)
-        tbl.tblAntenna.aGain[i] = static_cast<double>(aFigures[0]) + static_cast<double>(aFigures[i + 1]);
+        tbl.tblAntenna.aGain[i] =
+            static_cast<double>(aFigures[0]) + static_cast<double>(aFigures[i + 1]);
     return tbl;
 }
 
@@ -33,8 +35,7 @@ std::string FileFind(std::string_view sRoot, std::string_view sFolder, std::stri
     for (const bool bSmall : {false, true}) {
         std::string sPlace(sFolder);
         if (bSmall)
-            for (char& c : sPlace)
-                c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+            for (char& c : sPlace) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
         const std::string sWhole = sPlace.empty() ? sAntennas : PathJoin(sAntennas, sPlace);
         const auto aNames = FilesList(PathJoin(sWhole, sFile));
         if (!aNames.empty())
@@ -60,10 +61,12 @@ Result<AntennaLoaded> AntennaRead(std::string_view sText)
     constexpr std::size_t kHeadLines = 5;
     const auto aLines = DeckLinesGet(sText);
     double dGain = 0.0, dType = 0.0;
-    if (aLines.size() < kHeadLines || !NumberFirst(aLines[2], dGain) || !NumberFirst(aLines[3], dType))
+    if (aLines.size() < kHeadLines || !NumberFirst(aLines[2], dGain)
+        || !NumberFirst(aLines[3], dType))
         return RunError{"no antenna file"};
     if (dType != kTypeGains)
-        return RunError{"antenna type " + NumberToText(dType) + " is not known, only 11 (91 gains)"};
+        return RunError{"antenna type " + NumberToText(dType)
+                        + " is not known, only 11 (91 gains)"};
     AntennaLoaded tbl{std::string(TextTrim(aLines[0].substr(0, kTitleLetters))), {}};
     std::size_t nGains = 0;
     for (std::size_t i = kHeadLines; i < aLines.size(); ++i) {
@@ -75,7 +78,8 @@ Result<AntennaLoaded> AntennaRead(std::string_view sText)
                                 + " is not made of numbers"};
             tbl.tblAntenna.aGain[nGains++] = dGain + dValue;
             const std::size_t nNext = sLine.find_first_of(" \t");
-            sLine = nNext == std::string_view::npos ? std::string_view() : TextTrim(sLine.substr(nNext));
+            sLine = nNext == std::string_view::npos ? std::string_view()
+                                                    : TextTrim(sLine.substr(nNext));
         }
     }
     if (nGains < tbl.tblAntenna.aGain.size())
@@ -86,13 +90,14 @@ Result<AntennaLoaded> AntennaRead(std::string_view sText)
 Result<AntennaLoaded> AntennaLoad(std::string_view sRoot, std::string_view sName)
 {
     const std::size_t nSlash = sName.find_last_of("\\/");
-    const std::string sFile(TextTrim(nSlash == std::string_view::npos ? sName : sName.substr(nSlash + 1)));
+    const std::string sFile(
+        TextTrim(nSlash == std::string_view::npos ? sName : sName.substr(nSlash + 1)));
     std::string sFolder(nSlash == std::string_view::npos ? std::string_view()
                                                          : TextTrim(sName.substr(0, nSlash)));
-    for (char& c : sFolder)
-        c = c == '\\' ? '/' : c;
+    for (char& c : sFolder) c = c == '\\' ? '/' : c;
     if (sFile.empty() || sFile.find_first_of("*?:") != std::string::npos
-        || sFolder.find("..") != std::string::npos || sFolder.find_first_of("*?:") != std::string::npos)
+        || sFolder.find("..") != std::string::npos
+        || sFolder.find_first_of("*?:") != std::string::npos)
         return RunError{TextQuote(TextTrim(sName)) + " names no antenna file"};
     const std::string sPath = FileFind(sRoot, sFolder, sFile);
     if (!sPath.empty()) {

@@ -1,10 +1,11 @@
 /// @file AntennaFile.h
 /// The antenna that a deck names: a file of the engine root, or a built-in default.
 ///
-/// Format:  title; number of parameters; greatest gain (dBi); type, 11 (91 gains in dB for elevations
+/// Format:  title; number of parameters; greatest gain (dBi); type, 11 (91 gains in dB for
+/// elevations
 ///          0 to 90 degrees); efficiency, not used; the gains. ITS packages keep such files.
 /// Errors:  a text without the card's name.
-/// Tests:   tests/engine/AntennaFileTest.cpp
+/// Tests:   tests/engine/OutputTest.cpp
 #pragma once
 
 #include <string>
@@ -16,7 +17,7 @@
 namespace run533 {
 
 struct AntennaLoaded {
-    std::string sTitle;   ///< first ten letters of its title, as grids show it
+    std::string sTitle;  ///< first ten letters of its title, as grids show it
     rec533::Antenna tblAntenna;
 };
 

@@ -42,12 +42,26 @@ constexpr Columns kTxPower     {47, 11};
 constexpr double kPowerMost = 1e5;  // kW
 
 enum Line {
-    kModelLine, kColors, kCities, kNparms, kParameter, kTransmit, kCenter, kArea, kGridsize, kCoeffs, kMonths,
-    kSsns, kHours, kFreqs, kSystem, kLines
+    kModelLine,
+    kColors,
+    kCities,
+    kNparms,
+    kParameter,
+    kTransmit,
+    kCenter,
+    kArea,
+    kGridsize,
+    kCoeffs,
+    kMonths,
+    kSsns,
+    kHours,
+    kFreqs,
+    kSystem,
+    kLines
 };
 constexpr std::array<std::string_view, kLines> kLabels{
-    "Model", "Colors", "Cities", "Nparms", "Parameter", "Transmit", "PCenter", "Area", "Gridsize", "Coeffs",
-    "Months", "Sssns", "Hours", "Freqs", "System"};
+    "Model",    "Colors", "Cities", "Nparms", "Parameter", "Transmit", "PCenter", "Area",
+    "Gridsize", "Coeffs", "Months", "Sssns",  "Hours",     "Freqs",    "System"};
 
 void PlaceRead(CardReader& rdr, double& dLat, double& dLon)
 {
@@ -169,7 +183,8 @@ Result<AreaDeck> AreaDeckRead(std::string_view sDeck)
         if (!aSeen[i])
             return DeckErrorMake(kLabels[i], "the line is missing");
     if (tbl.tblCommon.tblTxAntenna.has_value() != tbl.tblCommon.tblRxAntenna.has_value())
-        return DeckErrorMake(tbl.tblCommon.tblTxAntenna ? "Rec Ants" : "Tx Ants", "the line is missing");
+        return DeckErrorMake(tbl.tblCommon.tblTxAntenna ? "Rec Ants" : "Tx Ants",
+                             "the line is missing");
     return tbl;
 }
 

@@ -1,10 +1,10 @@
 #include <atomic>
 #include <thread>
 
+#include "engine/rec533/Prediction.h"
 #include "engine/run533/FieldText.h"
 #include "engine/run533/Run.h"
 #include "engine/run533/RunParts.h"
-#include "engine/rec533/Prediction.h"
 #include "system/NumberLib.h"
 
 namespace run533 {
@@ -21,22 +21,20 @@ struct Grid {
     const rec533::Ionosphere* pIonosphere = nullptr;
     rec533::Circuit tblCircuit;
     std::string sHead;
-    std::string sPoints;                 // kLineBytes a point
+    std::string sPoints;  // kLineBytes a point
     std::atomic<int> nNextRow{0};
 };
 
 double LonWrap(double dLon, bool bEastOnly)
 {
-    while (dLon > (bEastOnly ? 360.0 : 180.0))
-        dLon -= 360.0;
-    while (dLon < (bEastOnly ? 0.0 : -180.0))
-        dLon += 360.0;
+    while (dLon > (bEastOnly ? 360.0 : 180.0)) dLon -= 360.0;
+    while (dLon < (bEastOnly ? 0.0 : -180.0)) dLon += 360.0;
     return dLon;
 }
 
 void PointAppend(std::string& s, const rec533::Hour& tblHour, const rec533::Prediction& tbl)
 {
-    constexpr double kField = 999.9;   // greatest and
+    constexpr double kField = 999.9;     // greatest and
     constexpr double kFieldLow = -99.9;  // least value of a column
     const auto fnClamp = [=](double d) { return std::clamp(d, kFieldLow, kField); };
     FieldAppend(s, tblHour.dMuf, 6, 2);
@@ -94,22 +92,22 @@ void HeadMake(Grid& tbl, const Antennas& tblAntennas, rec533::Behaviour eBehavio
     constexpr int kTitleWidth = 90;
     const AreaDeck& tblDeck = *tbl.pDeck;
     const double dKw = tbl.tblCircuit.dPowerKw;
-    std::string sTitle = tblDeck.sTxName + " [" + (tblAntennas.pTx ? tblAntennas.pTx->sTitle : "Isotropic")
-                         + "] " + (dKw >= 1.0 ? NumberToText(dKw) + "kW" : NumberToText(dKw * 1000.0) + "W")
-                         + " " + NumberFormat(tblDeck.tblCommon.tblTxAntenna
-                                                  ? tblDeck.tblCommon.tblTxAntenna->dAzimuth
-                                                  : 0.0, "0")
-                         + "deg " + NumberFormat(tblDeck.nHour == 0 ? 24.0 : tblDeck.nHour, "00") + "ut "
-                         + NumberFormat(tblDeck.dFrequency, "0.000") + "MHz "
-                         + std::string(MonthNameGet(tblDeck.tblCommon.nMonth)) + " "
-                         + NumberFormat(tblDeck.tblCommon.dSsn, "0") + "ssn";
+    std::string sTitle =
+        tblDeck.sTxName + " [" + (tblAntennas.pTx ? tblAntennas.pTx->sTitle : "Isotropic") + "] "
+        + (dKw >= 1.0 ? NumberToText(dKw) + "kW" : NumberToText(dKw * 1000.0) + "W") + " "
+        + NumberFormat(
+            tblDeck.tblCommon.tblTxAntenna ? tblDeck.tblCommon.tblTxAntenna->dAzimuth : 0.0, "0")
+        + "deg " + NumberFormat(tblDeck.nHour == 0 ? 24.0 : tblDeck.nHour, "00") + "ut "
+        + NumberFormat(tblDeck.dFrequency, "0.000") + "MHz "
+        + std::string(MonthNameGet(tblDeck.tblCommon.nMonth)) + " "
+        + NumberFormat(tblDeck.tblCommon.dSsn, "0") + "ssn";
     tbl.sHead = std::string(MethodNameGet(eBehaviour)) + "\n";
     FieldAppend(tbl.sHead, sTitle, -kTitleWidth);
     tbl.sHead += '\n';
     FieldAppend(tbl.sHead, NumberToText(tblDeck.nGrid), 3);
     FieldAppend(tbl.sHead, NumberToText(tblDeck.nGrid), 3);
-    // The label's blank stands in the field's first column, so that a reader who cuts six columns from
-    // there has the whole number.
+    // The label's blank stands in the field's first column, so that a reader who cuts six columns
+    // from there has the whole number.
     tbl.sHead += "  Latitude Longitude   MUF  MODE  ANGL   DBU   S/N  FS/N SNxx\n";
 }
 
@@ -122,14 +120,12 @@ void PointsFill(Grid& tbl, int nThreads)
     nThreads = std::clamp(std::min(nThreads, nPoints / kPointsAThread), 1, kThreadsMost);
     std::vector<std::thread> aThreads;
     try {
-        for (int i = 1; i < nThreads; ++i)
-            aThreads.emplace_back(RowsFill, std::ref(tbl));
+        for (int i = 1; i < nThreads; ++i) aThreads.emplace_back(RowsFill, std::ref(tbl));
     } catch (const std::exception&) {
         // No more threads to be had: the ones there are do the work.
     }
     RowsFill(tbl);
-    for (std::thread& thr : aThreads)
-        thr.join();
+    for (std::thread& thr : aThreads) thr.join();
 }
 
 }  // namespace
@@ -144,8 +140,8 @@ Result<std::string> AreaOutputMake(std::string_view sDeck, std::string_view sRoo
         return resDeck.ErrorGet();
     const AreaDeck& tblDeck = resDeck.ValueGet();
     const DeckCommon& tblCommon = tblDeck.tblCommon;
-    const Result<Antennas> resAntennas
-        = AntennasLoad(tblCommon, sRoot, "Tx Ants", "Rec Ants", kAntennaCol, kAntennaWidth);
+    const Result<Antennas> resAntennas =
+        AntennasLoad(tblCommon, sRoot, "Tx Ants", "Rec Ants", kAntennaCol, kAntennaWidth);
     if (!resAntennas)
         return resAntennas.ErrorGet();
     const auto pIonosphere = std::make_unique<rec533::Ionosphere>();
@@ -155,9 +151,9 @@ Result<std::string> AreaOutputMake(std::string_view sDeck, std::string_view sRoo
     Grid tblGrid;
     tblGrid.pDeck = &tblDeck;
     tblGrid.pIonosphere = pIonosphere.get();
-    tblGrid.tblCircuit
-        = CircuitMake(tblCommon, resAntennas.ValueGet(),
-                      tblCommon.tblTxAntenna ? tblCommon.tblTxAntenna->dPowerKw : kPowerWithoutAntenna);
+    tblGrid.tblCircuit = CircuitMake(
+        tblCommon, resAntennas.ValueGet(),
+        tblCommon.tblTxAntenna ? tblCommon.tblTxAntenna->dPowerKw : kPowerWithoutAntenna);
     HeadMake(tblGrid, resAntennas.ValueGet(), eBehaviour);
     PointsFill(tblGrid, nThreads);
     return tblGrid.sHead + tblGrid.sPoints;

@@ -14,16 +14,32 @@
 namespace run533 {
 namespace {
 
-enum Input { kId, kTxLat, kTxLon, kRxLat, kRxLon, kPath, kMonth, kSsn, kPower, kNoise, kReqSnr, kReqRel, kHour,
-             kFreq, kInputs };
+enum Input {
+    kId,
+    kTxLat,
+    kTxLon,
+    kRxLat,
+    kRxLon,
+    kPath,
+    kMonth,
+    kSsn,
+    kPower,
+    kNoise,
+    kReqSnr,
+    kReqRel,
+    kHour,
+    kFreq,
+    kInputs
+};
 constexpr std::array<std::string_view, kInputs> kInputNames{
-    "id", "tx_lat", "tx_lon", "rx_lat", "rx_lon", "path", "month", "ssn", "pwr_w", "noise", "req_snr", "req_rel",
-    "hour", "freq"};
-constexpr std::string_view kOutputNames
-    = "dist_km,dmax_km,n0_f2,n0_e,bmuf,muf10,muf90,opmuf50,opmuf10,opmuf90,mode,ele,es,el,ei,e,pr,faa,fam,fag,fat,"
-      "dua,dla,dum,dlm,dut,dlt,snr50,dusn,dlsn,snrxx,rel,e0,gap,fm,fl,k1,k2,fh,f_factor";
-constexpr std::array<std::string_view, 6> kNoiseNames{"CITY", "RESIDENTIAL", "RURAL",
-                                                      "QUIETRURAL", "QUIET", "NOISY"};
+    "id",  "tx_lat", "tx_lon", "rx_lat",  "rx_lon",  "path", "month",
+    "ssn", "pwr_w",  "noise",  "req_snr", "req_rel", "hour", "freq"};
+constexpr std::string_view kOutputNames =
+    "dist_km,dmax_km,n0_f2,n0_e,bmuf,muf10,muf90,opmuf50,opmuf10,opmuf90,mode,ele,es,el,ei,e,pr,"
+    "faa,fam,fag,fat,"
+    "dua,dla,dum,dlm,dut,dlt,snr50,dusn,dlsn,snrxx,rel,e0,gap,fm,fl,k1,k2,fh,f_factor";
+constexpr std::array<std::string_view, 6> kNoiseNames{"CITY",       "RESIDENTIAL", "RURAL",
+                                                      "QUIETRURAL", "QUIET",       "NOISY"};
 
 using Cells = std::vector<std::string_view>;
 
@@ -73,8 +89,9 @@ public:
     void Fail(Input eInput)
     {
         if (!m_bFailed)
-            m_error.sText = "line " + NumberToText(m_nLine) + ", " + std::string(kInputNames[eInput]) + ": "
-                            + TextQuote(TextGet(eInput)) + " cannot be used";
+            m_error.sText = "line " + NumberToText(m_nLine) + ", "
+                            + std::string(kInputNames[eInput]) + ": " + TextQuote(TextGet(eInput))
+                            + " cannot be used";
         m_bFailed = true;
     }
     bool m_bFailed = false;
@@ -109,7 +126,8 @@ Row RowRead(RowReader& rdr, bool bReference)
     tbl.nMonth = rdr.IntegerGet(kMonth, 1, 12);
     // The ITU program refuses what lies outside of these limits.
     tbl.dSsn = rdr.NumberGet(kSsn, bReference ? 1.0 : 0.0, kSsnMost);
-    tbl.dFrequency = rdr.NumberGet(kFreq, bReference ? 1.0 : kFrequencyLeast, bReference ? 30.0 : kFrequencyMost);
+    tbl.dFrequency = rdr.NumberGet(kFreq, bReference ? 1.0 : kFrequencyLeast,
+                                   bReference ? 30.0 : kFrequencyMost);
     tblCircuit.dPowerKw = rdr.NumberGet(kPower, 1e-6, 1e9) / 1000.0;
     NoiseRead(rdr, tblCircuit);
     tblCircuit.dRequiredSnr = rdr.NumberGet(kReqSnr, -300.0, 300.0);
@@ -176,7 +194,8 @@ void PredictionAppend(std::string& s, const rec533::Hour& tblHour, const rec533:
 {
     const rec533::Path& tblPath = *tblHour.pPath;
     const double dKm = tblPath.tblWay.dKm;
-    const rec533::Noise tblTotal = NoiseTotalGet(tbl.tblAtmospheric, tbl.tblManMade, tbl.tblGalactic);
+    const rec533::Noise tblTotal =
+        NoiseTotalGet(tbl.tblAtmospheric, tbl.tblManMade, tbl.tblGalactic);
     const bool bLong = dKm >= rec533::kShortOnly;
     NumberAppend(s, dKm);
     NumberAppend(s, tblHour.dRangeMost);
@@ -193,15 +212,15 @@ void PredictionAppend(std::string& s, const rec533::Hour& tblHour, const rec533:
     NumberAppend(s, tbl.dFieldLong, bLong);
     NumberAppend(s, tbl.dField, bLong && dKm < rec533::kLongOnly);
     for (const double dValue :
-         {tbl.dField, tbl.dPower, tbl.tblAtmospheric.dFa, tbl.tblManMade.dFa, tbl.tblGalactic.dFa, tblTotal.dFa,
-          tbl.tblAtmospheric.dUpper, tbl.tblAtmospheric.dLower, tbl.tblManMade.dUpper, tbl.tblManMade.dLower,
-          tblTotal.dUpper, tblTotal.dLower, tbl.tblSnr.dMedian, tbl.tblSnr.dUpper, tbl.tblSnr.dLower,
-          tbl.tblSnr.dExceeded, tbl.tblSnr.dReliability})
+         {tbl.dField, tbl.dPower, tbl.tblAtmospheric.dFa, tbl.tblManMade.dFa, tbl.tblGalactic.dFa,
+          tblTotal.dFa, tbl.tblAtmospheric.dUpper, tbl.tblAtmospheric.dLower, tbl.tblManMade.dUpper,
+          tbl.tblManMade.dLower, tblTotal.dUpper, tblTotal.dLower, tbl.tblSnr.dMedian,
+          tbl.tblSnr.dUpper, tbl.tblSnr.dLower, tbl.tblSnr.dExceeded, tbl.tblSnr.dReliability})
         NumberAppend(s, dValue);
     const rec533::LongHour& tblLong = tblHour.tblLong;
     for (const double dValue :
-         {bLong ? LongFreeGet(tblPath.tblLong) : 0.0, tblPath.tblLong.dGap, tblLong.dUpper, tblLong.dLower,
-          tblLong.dK1, tblLong.dK2, tblPath.tblLong.dGyro, tbl.dLongShare})
+         {bLong ? LongFreeGet(tblPath.tblLong) : 0.0, tblPath.tblLong.dGap, tblLong.dUpper,
+          tblLong.dLower, tblLong.dK1, tblLong.dK2, tblPath.tblLong.dGyro, tbl.dLongShare})
         NumberAppend(s, dValue, bLong);
     s += '\n';
 }
@@ -223,8 +242,7 @@ Result<std::string> CircuitTableMake(std::string_view sTable, rec533::Behaviour 
                                      rec533::MapSet eMaps)
 {
     std::string sOut;
-    for (const std::string_view sName : kInputNames)
-        sOut.append(sName).append(1, ',');
+    for (const std::string_view sName : kInputNames) sOut.append(sName).append(1, ',');
     sOut.append(kOutputNames).append(1, '\n');
     const auto aLines = DeckLinesGet(sTable);
     Cells aCells;

@@ -1,9 +1,10 @@
 /// @file CircuitTable.h
 /// The method for a table of circuits: comma-separated text in, comma-separated text out.
 ///
-/// Input:   columns id, tx_lat, tx_lon, rx_lat, rx_lon, path, month, ssn, pwr_w, noise, req_snr, req_rel,
-///          hour, freq in any order, others ignored; path SHORT or LONG; noise CITY, RESIDENTIAL, RURAL,
-///          QUIETRURAL, QUIET, NOISY or dBW in 1 Hz at 3 MHz; isotropic antennas, 1 Hz.
+/// Input:   columns id, tx_lat, tx_lon, rx_lat, rx_lon, path, month, ssn, pwr_w, noise, req_snr,
+/// req_rel,
+///          hour, freq in any order, others ignored; path SHORT or LONG; noise CITY, RESIDENTIAL,
+///          RURAL, QUIETRURAL, QUIET, NOISY or dBW in 1 Hz at 3 MHz; isotropic antennas, 1 Hz.
 /// Output:  these columns and the computed ones, docs/model.md tells them; empty where not defined.
 /// Errors:  line and column that cannot be used.
 /// Tests:   tests/engine/CircuitTableTest.cpp
@@ -17,7 +18,8 @@
 
 namespace run533 {
 
-[[nodiscard]] Result<std::string> CircuitTableMake(std::string_view sTable, rec533::Behaviour eBehaviour,
+[[nodiscard]] Result<std::string> CircuitTableMake(std::string_view sTable,
+                                                   rec533::Behaviour eBehaviour,
                                                    rec533::MapSet eMaps);
 
 }  // namespace run533

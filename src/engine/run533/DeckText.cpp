@@ -80,7 +80,8 @@ int CardReader::IntegerGet(Columns fld, int nLeast, int nMost)
     return static_cast<int>(dNumber);
 }
 
-double CardReader::SignedGet(Columns fldNumber, Columns fldLetter, char cPlus, char cMinus, double dMost)
+double CardReader::SignedGet(Columns fldNumber, Columns fldLetter, char cPlus, char cMinus,
+                             double dMost)
 {
     const double dNumber = NumberGet(fldNumber, 0.0, dMost);
     const std::string_view sLetter = TextGet(fldLetter);

@@ -2,7 +2,7 @@
 /// Reading fields from the fixed columns of a deck's lines.
 ///
 /// Errors:  one line that names the card and its columns, ready for the user.
-/// Tests:   tests/engine/PointDeckTest.cpp, tests/engine/AreaDeckTest.cpp
+/// Tests:   tests/engine/DeckTest.cpp
 #pragma once
 
 #include <string>

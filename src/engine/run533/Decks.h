@@ -3,7 +3,7 @@
 ///
 /// Units:   degrees, MHz, kW, dB, percent.
 /// Errors:  one line naming card and columns. Every card but the antenna cards must be there.
-/// Tests:   tests/engine/PointDeckTest.cpp, tests/engine/AreaDeckTest.cpp
+/// Tests:   tests/engine/DeckTest.cpp
 #pragma once
 
 #include <optional>
@@ -19,8 +19,8 @@ namespace run533 {
 inline constexpr int kFrequenciesMost = 10;
 inline constexpr double kFrequencyLeast = 0.1;  ///< MHz
 inline constexpr double kFrequencyMost = 45.0;
-inline constexpr double kSsnMost = 311.0;       ///< smoothed sunspot number
-inline constexpr int kGridLeast = 2;            ///< points a side
+inline constexpr double kSsnMost = 311.0;  ///< smoothed sunspot number
+inline constexpr int kGridLeast = 2;       ///< points a side
 inline constexpr int kGridMost = 999;
 inline constexpr double kPowerWithoutAntenna = 1.0;  ///< kW, area decks without antenna cards
 
@@ -37,11 +37,11 @@ struct DeckCommon {
     double dSsn = 0.0;
     int nMonth = 1;
     double dTxLat = 0.0, dTxLon = 0.0;
-    double dNoise = -145.0;          ///< dBW in 1 Hz at 3 MHz; either sign in the deck
-    double dLeastElevation = 3.0;    ///< degrees
-    double dReliability = 50.0;      ///< percent
-    double dRequiredSnr = 40.0;      ///< dB
-    double dBandwidth = 1.0;         ///< Hz
+    double dNoise = -145.0;        ///< dBW in 1 Hz at 3 MHz; either sign in the deck
+    double dLeastElevation = 3.0;  ///< degrees
+    double dReliability = 50.0;    ///< percent
+    double dRequiredSnr = 40.0;    ///< dB
+    double dBandwidth = 1.0;       ///< Hz
     std::optional<AntennaCard> tblTxAntenna, tblRxAntenna;
 };
 
@@ -50,8 +50,8 @@ struct PointDeck {
     int nYear = 0;
     std::string sTxName, sRxName;
     double dRxLat = 0.0, dRxLon = 0.0;
-    double dPowerKw = 1.0;              ///< of the SYST card; an antenna card's goes before it
-    std::vector<double> aFrequencies;   ///< 1 to 10, as they stand, usable or not
+    double dPowerKw = 1.0;             ///< of the SYST card; an antenna card's goes before it
+    std::vector<double> aFrequencies;  ///< 1 to 10, as they stand, usable or not
 };
 
 struct AreaDeck {
@@ -59,7 +59,7 @@ struct AreaDeck {
     std::string sTxName;
     double dWest = 0.0, dEast = 0.0, dSouth = 0.0, dNorth = 0.0;
     int nGrid = 0;
-    int nHour = 0;            ///< 0 to 24
+    int nHour = 0;  ///< 0 to 24
     double dFrequency = 0.0;
 };
 

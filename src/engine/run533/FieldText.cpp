@@ -15,7 +15,8 @@ void FieldAppend(std::string& sLine, double dValue, int nWidth, int nDecimals)
     const int nDigits = nWidth - 1 - (nDecimals > 0 ? 1 : 0);
     const double dMost = kPowers[static_cast<std::size_t>(nDigits)] - 1.0;
     const double dLeast = -(kPowers[static_cast<std::size_t>(nDigits - 1)] - 1.0);
-    const double dUnits = std::isnan(dValue) ? 0.0 : std::clamp(std::round(dValue * dScale), dLeast, dMost);
+    const double dUnits =
+        std::isnan(dValue) ? 0.0 : std::clamp(std::round(dValue * dScale), dLeast, dMost);
     auto nUnits = static_cast<long long>(std::abs(dUnits));
     std::array<char, 24> aText;
     char* pEnd = aText.data() + aText.size();

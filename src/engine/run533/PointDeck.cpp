@@ -42,9 +42,24 @@ constexpr int kFrequencyWidth = 7;
 // clang-format on
 constexpr double kPowerMost = 1e5;  // kW
 
-enum Card { kOutput, kCoeffs, kSsn, kTime, kDate, kTrans, kRecvr, kSyst, kNois, kFreq, kExec, kQuit, kCards };
-constexpr std::array<std::string_view, kCards> kCardNames{
-    "OUTPUT", "COEFFS", "SUNSPOT", "TIME", "MONTH", "TRANS", "RECVR", "SYST", "NOIS", "FREQ", "EXEC", "QUIT"};
+enum Card {
+    kOutput,
+    kCoeffs,
+    kSsn,
+    kTime,
+    kDate,
+    kTrans,
+    kRecvr,
+    kSyst,
+    kNois,
+    kFreq,
+    kExec,
+    kQuit,
+    kCards
+};
+constexpr std::array<std::string_view, kCards> kCardNames{"OUTPUT", "COEFFS", "SUNSPOT", "TIME",
+                                                          "MONTH",  "TRANS",  "RECVR",   "SYST",
+                                                          "NOIS",   "FREQ",   "EXEC",    "QUIT"};
 
 void StationRead(CardReader& rdr, std::string& sName, double& dLat, double& dLon)
 {

@@ -18,7 +18,7 @@ constexpr double kSameEast = 0.01;  // degrees: both ends at one place are told 
 struct Column {
     bool bUsed = false;
     double dFrequency = 0.0;
-    rec533::Prediction tbl;
+    rec533::Prediction tblPrediction;
 };
 
 struct Page {
@@ -41,7 +41,8 @@ void PlaceAppend(std::string& s, double dLat, double dLon)
     s += dLon > 0.0 ? " E" : " W";
 }
 
-void AntennaAppend(Page& tbl, const char* sSide, const AntennaCard& tblCard, double dAzimuth, bool bPower)
+void AntennaAppend(Page& tbl, const char* sSide, const AntennaCard& tblCard, double dAzimuth,
+                   bool bPower)
 {
     std::string& s = tbl.sText;
     s += ' ';
@@ -114,33 +115,32 @@ void ModeAppend(std::string& s, const Column& tbl)
         s += "  0  ";
         return;
     }
-    if (tbl.tbl.pMode == nullptr) {
+    if (tbl.tblPrediction.pMode == nullptr) {
         s += "   - ";
         return;
     }
     char aName[6] = "     ";
-    const int nHops = tbl.tbl.pMode->nHops;
+    const int nHops = tbl.tblPrediction.pMode->nHops;
     aName[1] = nHops >= 10 ? static_cast<char>('0' + nHops / 10) : ' ';
     aName[2] = static_cast<char>('0' + nHops % 10);
-    aName[3] = tbl.tbl.pMode->bE ? 'E' : 'F';
-    aName[4] = tbl.tbl.pMode->bE ? ' ' : '2';
+    aName[3] = tbl.tblPrediction.pMode->bE ? 'E' : 'F';
+    aName[4] = tbl.tblPrediction.pMode->bE ? ' ' : '2';
     s += aName;
 }
 
 void AngleAppend(std::string& s, const Column& tbl)
 {
-    if (tbl.bUsed && tbl.tbl.pMode == nullptr)
+    if (tbl.bUsed && tbl.tblPrediction.pMode == nullptr)
         s += "   - ";
     else
-        FieldAppend(s, tbl.bUsed ? tbl.tbl.dElevation * rec533::kDegrees : 0.0, 5, 0);
+        FieldAppend(s, tbl.bUsed ? tbl.tblPrediction.dElevation * rec533::kDegrees : 0.0, 5, 0);
 }
 
 template <class ValueFn>
 void RowAppend(Page& tbl, const char* sLabel, ValueFn fnAppend)
 {
     tbl.sText += "   ";
-    for (const Column& tblColumn : tbl.aColumns)
-        fnAppend(tbl.sText, tblColumn);
+    for (const Column& tblColumn : tbl.aColumns) fnAppend(tbl.sText, tblColumn);
     tbl.sText += ' ';
     tbl.sText += sLabel;
     tbl.sText += '\n';
@@ -174,13 +174,16 @@ void BlockAppend(Page& tbl, double dLuf)
     HourLineAppend(tbl, dLuf);
     RowAppend(tbl, "MODE", ModeAppend);
     RowAppend(tbl, "ANGL", AngleAppend);
-    NumberRowAppend(tbl, "DBU ", [](const Column& c) { return c.tbl.dField; });
-    NumberRowAppend(tbl, "dBpW", [](const Column& c) { return c.tbl.dPower + kPicowatt; });
-    NumberRowAppend(tbl, "S/N ", [](const Column& c) { return c.tbl.tblSnr.dMedian; });
+    NumberRowAppend(tbl, "DBU ", [](const Column& c) { return c.tblPrediction.dField; });
+    NumberRowAppend(tbl, "dBpW",
+                    [](const Column& c) { return c.tblPrediction.dPower + kPicowatt; });
+    NumberRowAppend(tbl, "S/N ", [](const Column& c) { return c.tblPrediction.tblSnr.dMedian; });
     RowAppend(tbl, "FS/N", [](std::string& s, const Column& c) {
-        FieldAppend(s, c.bUsed ? std::clamp(c.tbl.tblSnr.dReliability / 100.0, 0.01, 0.99) : 0.0, 5, 2);
+        FieldAppend(
+            s, c.bUsed ? std::clamp(c.tblPrediction.tblSnr.dReliability / 100.0, 0.01, 0.99) : 0.0,
+            5, 2);
     });
-    NumberRowAppend(tbl, "SNxx", [](const Column& c) { return c.tbl.tblSnr.dExceeded; });
+    NumberRowAppend(tbl, "SNxx", [](const Column& c) { return c.tblPrediction.tblSnr.dExceeded; });
 }
 
 void HourAppend(Page& tbl, int nLabel)
@@ -190,7 +193,7 @@ void HourAppend(Page& tbl, int nLabel)
     for (Column& tblColumn : tbl.aColumns) {
         tblColumn.bUsed = FrequencyUsable(tblColumn.dFrequency);
         if (tblColumn.bUsed)
-            PredictionFill(tblColumn.tbl, tbl.tblHour, tblColumn.dFrequency);
+            PredictionFill(tblColumn.tblPrediction, tbl.tblHour, tblColumn.dFrequency);
     }
     BlockAppend(tbl, LufGet(tbl.tblHour));
 }
@@ -199,7 +202,8 @@ void PathMake(Page& tbl, const rec533::Ionosphere& tblIonosphere)
 {
     const PointDeck& tblDeck = *tbl.pDeck;
     const DeckCommon& tblCommon = tblDeck.tblCommon;
-    const double dPower = tblCommon.tblTxAntenna ? tblCommon.tblTxAntenna->dPowerKw : tblDeck.dPowerKw;
+    const double dPower =
+        tblCommon.tblTxAntenna ? tblCommon.tblTxAntenna->dPowerKw : tblDeck.dPowerKw;
     rec533::Circuit tblCircuit = CircuitMake(tblCommon, *tbl.pAntennas, dPower);
     const bool bSame = tblCommon.dTxLat == tblDeck.dRxLat && tblCommon.dTxLon == tblDeck.dRxLon;
     tbl.dRxLon = tblDeck.dRxLon + (bSame ? kSameEast : 0.0);
@@ -225,8 +229,8 @@ Result<std::string> PointOutputMake(std::string_view sDeck, std::string_view sRo
     if (!resDeck)
         return resDeck.ErrorGet();
     const DeckCommon& tblCommon = resDeck.ValueGet().tblCommon;
-    const Result<Antennas> resAntennas
-        = AntennasLoad(tblCommon, sRoot, "ANTENNA 1", "ANTENNA 2", kAntennaCol, kAntennaWidth);
+    const Result<Antennas> resAntennas =
+        AntennasLoad(tblCommon, sRoot, "ANTENNA 1", "ANTENNA 2", kAntennaCol, kAntennaWidth);
     if (!resAntennas)
         return resAntennas.ErrorGet();
     const auto pIonosphere = std::make_unique<rec533::Ionosphere>();

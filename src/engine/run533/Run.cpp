@@ -19,12 +19,13 @@ std::filesystem::path PathOf(const std::string& sPath)
 }
 
 // The folder of a deck below the root: as it is named, or in small letters.
-std::string FolderFind(const std::string& sRoot, const std::string& sName, const std::string& sSmall,
-                       const std::string& sDeck)
+std::string FolderFind(const std::string& sRoot, const std::string& sName,
+                       const std::string& sSmall, const std::string& sDeck)
 {
     const std::string sFolder = PathJoin(sRoot, sName);
     const std::string sOther = PathJoin(sRoot, sSmall);
-    return !FileExists(PathJoin(sFolder, sDeck)) && FileExists(PathJoin(sOther, sDeck)) ? sOther : sFolder;
+    return !FileExists(PathJoin(sFolder, sDeck)) && FileExists(PathJoin(sOther, sDeck)) ? sOther
+                                                                                        : sFolder;
 }
 
 Result<std::string> DeckRead(const std::string& sPath)
@@ -65,7 +66,8 @@ Result<void> OutputWrite(const std::string& sPath, const std::string& sText)
 
 }  // namespace
 
-Result<void> PointRun(const std::string& sRoot, const std::string& sDeck, const std::string& sOutput)
+Result<void> PointRun(const std::string& sRoot, const std::string& sDeck,
+                      const std::string& sOutput)
 {
     const std::string sFolder = FolderFind(sRoot, "RUN", "run", sDeck);
     const Result<std::string> resDeck = DeckRead(PathJoin(sFolder, sDeck));

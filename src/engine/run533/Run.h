@@ -3,7 +3,7 @@
 ///
 /// Paths:   ROOT/RUN/DECK to ROOT/RUN/OUTPUT; ROOT/areadata/DECK to the same name ending in .rg1.
 /// Errors:  one line for the user; no output file is left behind or touched then.
-/// Tests:   tests/engine/RunTest.cpp (library), tests/engine/ProgramTest.cpp (program)
+/// Tests:   tests/engine/OutputTest.cpp (library), tests/engine/Rec533ProgramTest.cpp (program)
 #pragma once
 
 #include <string>
@@ -23,7 +23,8 @@ namespace run533 {
                                                  rec533::Behaviour eBehaviour, int nThreads = 0);
 
 /// The same from file to file.
-Result<void> PointRun(const std::string& sRoot, const std::string& sDeck, const std::string& sOutput);
+Result<void> PointRun(const std::string& sRoot, const std::string& sDeck,
+                      const std::string& sOutput);
 Result<void> AreaRun(const std::string& sRoot, const std::string& sDeck);
 
 }  // namespace run533

@@ -7,8 +7,9 @@
 
 namespace run533 {
 
-Result<Antennas> AntennasLoad(const DeckCommon& tbl, std::string_view sRoot, std::string_view sTxCard,
-                              std::string_view sRxCard, int nCol, int nWidth)
+Result<Antennas> AntennasLoad(const DeckCommon& tbl, std::string_view sRoot,
+                              std::string_view sTxCard, std::string_view sRxCard, int nCol,
+                              int nWidth)
 {
     Antennas tblAntennas;
     for (const bool bTx : {true, false}) {
@@ -18,14 +19,16 @@ Result<Antennas> AntennasLoad(const DeckCommon& tbl, std::string_view sRoot, std
         Result<AntennaLoaded> resLoaded = AntennaLoad(sRoot, tblCard->sName);
         if (!resLoaded)
             return DeckErrorMake(bTx ? sTxCard : sRxCard, {nCol, nWidth}, resLoaded.TextGet());
-        (bTx ? tblAntennas.pTx : tblAntennas.pRx) = std::make_unique<AntennaLoaded>(resLoaded.ValueGet());
+        (bTx ? tblAntennas.pTx : tblAntennas.pRx) =
+            std::make_unique<AntennaLoaded>(resLoaded.ValueGet());
     }
     return tblAntennas;
 }
 
 rec533::Circuit CircuitMake(const DeckCommon& tbl, const Antennas& tblAntennas, double dPowerKw)
 {
-    constexpr double kNoiseLeast = -200.0;  // dBW in 1 Hz at 3 MHz; quiet rural is -164, cities -127
+    constexpr double kNoiseLeast =
+        -200.0;  // dBW in 1 Hz at 3 MHz; quiet rural is -164, cities -127
     constexpr double kNoiseMost = -100.0;
     rec533::Circuit tblCircuit;
     tblCircuit.dTxLat = tbl.dTxLat;

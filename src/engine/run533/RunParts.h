@@ -17,8 +17,8 @@ struct Antennas {
 };
 /// sTxCard, sRxCard: the cards' names for errors; nCol, nWidth: where they name the antenna.
 [[nodiscard]] Result<Antennas> AntennasLoad(const DeckCommon& tbl, std::string_view sRoot,
-                                            std::string_view sTxCard, std::string_view sRxCard, int nCol,
-                                            int nWidth);
+                                            std::string_view sTxCard, std::string_view sRxCard,
+                                            int nCol, int nWidth);
 
 /// The circuit without its receiver's place.
 [[nodiscard]] rec533::Circuit CircuitMake(const DeckCommon& tbl, const Antennas& tblAntennas,

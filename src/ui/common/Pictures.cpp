@@ -3,7 +3,6 @@
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPalette>
 #include <functional>
 
@@ -36,24 +35,6 @@ void MapPaint(QPainter& painter, const QColor& clrLine)
     painter.drawLine(QPointF(2.8, 12), QPointF(21.2, 12));
     painter.drawLine(QPointF(4.4, 7), QPointF(19.6, 7));
     painter.drawLine(QPointF(4.4, 17), QPointF(19.6, 17));
-}
-
-/// A signal that hops between ground and ionosphere.
-void HopcastPaint(QPainter& painter, const QColor& /*clrLine*/)
-{
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x12, 0x2B, 0x4A));
-    painter.drawRoundedRect(QRectF(0.5, 0.5, 23, 23), 5, 5);
-    painter.setPen(QPen(QColor(0x6F, 0xA8, 0xDC), 1.6, Qt::SolidLine, Qt::RoundCap));
-    painter.setBrush(Qt::NoBrush);
-    QPainterPath pthSky(QPointF(3.5, 7));
-    pthSky.quadTo(12, 2.5, 20.5, 7);
-    painter.drawPath(pthSky);
-    painter.setPen(QPen(QColor(0x9C, 0xCC, 0x65), 1.8, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(QPointF(3.5, 19.5), QPointF(20.5, 19.5));
-    painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(
-        QPolygonF({{4.5, 17.5}, {8.2, 7.6}, {12, 17.5}, {15.8, 7.6}, {19.5, 17.5}}));
 }
 
 using PaintFn = std::function<void(QPainter&, const QColor&)>;
@@ -93,7 +74,5 @@ QIcon PictureGet(const QString& sKey)
         return QIcon(new PictureEngine(AirmailPaint));
     if (sKey == QStringLiteral("Map"))
         return QIcon(new PictureEngine(MapPaint));
-    if (sKey == QStringLiteral("Hopcast"))
-        return QIcon(new PictureEngine(HopcastPaint));
     return {};
 }

@@ -5,6 +5,6 @@
 #include <QIcon>
 #include <QString>
 
-/// The picture of a key: "Airmail" (an envelope on radio waves), "Map" (a globe), "Hopcast" (the
-/// program's icon). Another key gives an empty icon.
+/// The picture of a key: "Airmail" (an envelope on radio waves), "Map" (a globe).
+/// Another key gives an empty icon.
 [[nodiscard]] QIcon PictureGet(const QString& sKey);

@@ -64,8 +64,8 @@ QString LimitText(float fFrequency, float fLuf, float fMuf)
 
 }  // namespace
 
-frmDetails::frmDetails(MainLink& main, QWidget* pParent)
-    : QWidget(pParent), grdData(new GridControl(this)), m_main(main)
+frmDetails::frmDetails(MainWindowHost& host, GridControl& grdMain, QWidget* pParent)
+    : QWidget(pParent), grdData(new GridControl(this)), m_host(host), m_grdMain(grdMain)
 {
     setObjectName(QStringLiteral("frmDetails"));
     setWindowTitle(QApplication::applicationDisplayName()
@@ -94,7 +94,7 @@ void frmDetails::SignalsConnect()
 
 bool frmDetails::Rec533Is() const
 {
-    return m_main.SettingsGet().m_iPropagationModel == kEngineRec533;
+    return m_host.SettingsGet().m_iPropagationModel == kEngineRec533;
 }
 
 void frmDetails::HeaderLayout()
@@ -114,10 +114,9 @@ void frmDetails::HeaderLayout()
 /// The rows follow the main table: its labels, and as many of them.
 void frmDetails::RowsLayout()
 {
-    GridControl& grdMain = m_main.GridGet();
-    grdData->RowsSet(grdMain.RowsGet());
-    for (int iRow = 1; iRow < grdMain.RowsGet(); ++iRow)
-        grdData->TextSet(iRow, 0, grdMain.TextGet(iRow, 0));
+    grdData->RowsSet(m_grdMain.RowsGet());
+    for (int iRow = 1; iRow < m_grdMain.RowsGet(); ++iRow)
+        grdData->TextSet(iRow, 0, m_grdMain.TextGet(iRow, 0));
     if (m_iRow >= grdData->RowsGet())
         m_iRow = -1;
 }
@@ -127,7 +126,7 @@ void frmDetails::DataSetSize()
     // The outer and the inner size differ by the window's frame alone, so setting the inner one
     // sets both.
     const int nWidth = grdData->ColLeftGet(kCols) + kBarRoom;
-    resize(2 * kMargin + nWidth, 2 * kMargin + m_main.GridGet().height());
+    resize(2 * kMargin + nWidth, 2 * kMargin + m_grdMain.height());
 }
 
 void frmDetails::resizeEvent(QResizeEvent* pEvent)
@@ -162,7 +161,7 @@ void frmDetails::RowClear(int iRow)
 void frmDetails::RowFill(int iRow, const PropagationTable& table)
 {
     const PropagationRecord record =
-        PropagationRecordGet(table, m_iHour, iRow, {}, m_main.FrequencyGet(iRow));
+        PropagationRecordGet(table, m_iHour, iRow, {}, m_host.FrequencyGet(iRow));
     const bool bLacking = Rec533Is();
     grdData->TextSet(iRow, kColLimit, LimitText(record.fFrequency, record.fLUF, record.fMUF));
     grdData->AlignmentSet(iRow, kColLimit, Qt::AlignRight | Qt::AlignVCenter);
@@ -174,7 +173,7 @@ void frmDetails::RowFill(int iRow, const PropagationTable& table)
     grdData->TextSet(iRow, kColSignal, Formatted(record.fSdBW, "0"));
     grdData->TextSet(iRow, kColNoise, Formatted(record.fNdBW, "0"));
     grdData->TextSet(iRow, kColSnr, Formatted(record.fSnr, "0"));
-    grdData->ColorSet(iRow, kColSnr, ColorFromBgr(m_main.SnrGetColor(record.fSnr)),
+    grdData->ColorSet(iRow, kColSnr, ColorFromBgr(m_host.SnrGetColor(record.fSnr)),
                       palette().color(QPalette::HighlightedText));
 }
 
@@ -213,7 +212,7 @@ void frmDetails::grdDataMouseDown(int iRow, Qt::MouseButton eButton)
     if (eButton != Qt::LeftButton || iRow < 1)
         return;
     Highlight(iRow, m_iHour);
-    m_main.DataSetSelected(iRow, m_iHour);
+    m_host.DataSetSelected(iRow, m_iHour);
 }
 
 QString frmDetails::Speech(int iRow, int iCol) const

@@ -9,12 +9,15 @@
 
 #include "propagation/PropagationTable.h"
 #include "ui/common/GridControl.h"
-#include "ui/common/MainLink.h"
+#include "ui/common/MainWindowHost.h"
 
 class frmDetails final : public QWidget {
     Q_OBJECT
 public:
-    explicit frmDetails(MainLink& main, QWidget* pParent = nullptr);
+    /// @param host     outlives the window.
+    /// @param grdMain  the main window's table: its rows are the frequency list, column 0 its
+    /// labels
+    frmDetails(MainWindowHost& host, GridControl& grdMain, QWidget* pParent = nullptr);
 
     /// Fills all rows for one hour and highlights one.
     /// @param iRow    frequency row to highlight; one that the grid lacks is none
@@ -46,5 +49,6 @@ private:
     [[nodiscard]] bool Rec533Is() const;
     [[nodiscard]] QString Speech(int iRow, int iCol) const;
 
-    MainLink& m_main;
+    MainWindowHost& m_host;
+    GridControl& m_grdMain;
 };

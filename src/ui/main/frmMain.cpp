@@ -12,6 +12,10 @@
 #include "ui/common/Pictures.h"
 #include "ui/details/frmDetails.h"
 #include "ui/main/WindowPlace.h"
+#include "ui/map/frmMap.h"
+#include "ui/options/AppIcon.h"
+#include "ui/options/frmAbout.h"
+#include "ui/options/frmOptions.h"
 
 namespace {
 
@@ -33,7 +37,7 @@ frmMain::~frmMain() { WindowsUnload(); }
 void frmMain::ControlsSetUp()
 {
     setWindowTitle(QApplication::applicationDisplayName());
-    setWindowIcon(PictureGet(QStringLiteral("Hopcast")));
+    setWindowIcon(AppIconGet());
     mnuTransmitter = new StationMenu(this);
     tmrTime = new QTimer(this);
     tmrTime->setObjectName(QStringLiteral("tmrTime"));
@@ -48,8 +52,6 @@ void frmMain::ControlsSetUp()
     lblInForce->setObjectName(QStringLiteral("lblInForce"));
     statusbar->addWidget(lblTrouble, 1);
     statusbar->addPermanentWidget(lblInForce);
-    for (const Child eChild : {Child::About, Child::Map, Child::Options})
-        ChildSetFactory(eChild, {});
 }
 
 void frmMain::SignalsConnect()
@@ -107,25 +109,6 @@ void frmMain::MenusConnect()
     }
 }
 
-void frmMain::ChildSetFactory(Child eChild, ChildMakeFn fnMake)
-{
-    const bool bThere = static_cast<bool>(fnMake);
-    ChildOf(eChild).fnMake = std::move(fnMake);
-    switch (eChild) {
-        case Child::About:
-            mnuHelp->menuAction()->setVisible(bThere);
-            break;
-        case Child::Map:
-            mnuViewWorldMap->setVisible(bThere);
-            cmdRcMap->setVisible(bThere);
-            cmdTxMap->setVisible(bThere);
-            break;
-        case Child::Options:
-            mnuOptions->menuAction()->setVisible(bThere);
-            break;
-    }
-}
-
 void frmMain::Initialize() { m_settings.Initialize(); }
 
 void frmMain::ProfileSaveError(int nErrorCode) const { ::ProfileSaveError(m_settings, nErrorCode); }
@@ -133,6 +116,11 @@ void frmMain::ProfileSaveError(int nErrorCode) const { ::ProfileSaveError(m_sett
 float frmMain::FrequencyGet(int iIndex) const { return m_settings.FrequencyGet(iIndex); }
 
 void frmMain::FrequencySet(int iIndex, float fValue) { m_settings.FrequencySet(iIndex, fValue); }
+
+std::string frmMain::FrequencyTextGet(int iRow) const
+{
+    return grdData->TextGet(iRow, 0).toStdString();
+}
 
 SelectedCell frmMain::DataGetSelected() const { return m_settings.m_selected; }
 
@@ -225,8 +213,8 @@ void frmMain::closeEvent(QCloseEvent* pEvent)
 
 void frmMain::WindowsUnload()
 {
-    delete ChildOf(Child::About).pWindow;
+    delete m_pAbout;
     delete m_pDetails;
-    delete ChildOf(Child::Map).pWindow;
-    delete ChildOf(Child::Options).pWindow;
+    delete m_pMap;
+    delete m_pOptions;
 }

@@ -10,7 +10,6 @@
 
 #include <QMainWindow>
 #include <QPointer>
-#include <array>
 #include <functional>
 #include <optional>
 #include <string>
@@ -18,16 +17,19 @@
 
 #include "propagation/PropagationTable.h"
 #include "settings/Settings.h"
-#include "ui/common/MainLink.h"
+#include "ui/common/MainWindowHost.h"
 #include "ui/main/StationMenu.h"
 #include "ui/main/StatusText.h"
 #include "ui_frmMain.h"
 
 class QLabel;
 class QTimer;
+class frmAbout;
 class frmDetails;
+class frmMap;
+class frmOptions;
 
-class frmMain final : public QMainWindow, public Ui::frmMain, public MainLink {
+class frmMain final : public QMainWindow, public Ui::frmMain, public MainWindowHost {
     Q_OBJECT
 public:
     explicit frmMain(QWidget* pParent = nullptr);
@@ -45,9 +47,7 @@ public:
     [[nodiscard]] SelectedCell DataGetSelected() const override;
 
     [[nodiscard]] Settings& SettingsGet() override { return m_settings; }
-    [[nodiscard]] GridControl& GridGet() override { return *grdData; }
-    /// Makes one of the other windows known; until then its commands are absent.
-    void ChildSetFactory(Child eChild, ChildMakeFn fnMake);
+    [[nodiscard]] std::string FrequencyTextGet(int iRow) const override;
     [[nodiscard]] const PropagationTable& TableGet() const { return m_table; }
     /// The first showing is over: profile read, first prediction done.
     [[nodiscard]] bool ActivatedIs() const { return m_bActivated; }
@@ -57,7 +57,11 @@ public:
     QTimer* tmrTime;
     QLabel* lblTrouble;  ///< status line: what went wrong last and what to do about it
     QLabel* lblInForce;  ///< status line: engine, month, sunspot number
+    // The windows beside this one; null while closed.
+    QPointer<frmAbout> m_pAbout;
     QPointer<frmDetails> m_pDetails;
+    QPointer<frmMap> m_pMap;
+    QPointer<frmOptions> m_pOptions;
 
 Q_SIGNALS:
     void Activated();  ///< after the first showing's prediction
@@ -116,17 +120,9 @@ private:
     void tmrTimeTick();
     void TransmitterTyped();
     void DetailsRefresh();
-    [[nodiscard]] ChildWindow* ChildShow(Child eChild);
     void OptionsShow(int iTab);
     [[nodiscard]] QString Speech(int iRow, int iCol) const;
 
-    struct ChildSlot {
-        ChildMakeFn fnMake;
-        QPointer<ChildWindow> pWindow;
-    };
-    ChildSlot& ChildOf(Child eChild) { return m_aChildren.at(static_cast<std::size_t>(eChild)); }
-
-    std::array<ChildSlot, kChildCount> m_aChildren;
     PropagationTable m_table;
     SelectedCell m_marked{-1, -1};     ///< the cell that bears the mark in the grid
     std::optional<QRect> m_rectOuter;  ///< place from the profile, until the frame is known

@@ -10,6 +10,9 @@
 #include "ui/details/frmDetails.h"
 #include "ui/main/WindowPlace.h"
 #include "ui/main/frmMain.h"
+#include "ui/map/frmMap.h"
+#include "ui/options/frmAbout.h"
+#include "ui/options/frmOptions.h"
 
 namespace {
 
@@ -19,6 +22,15 @@ QString ProfileAsk(QWidget* pParent, FileDialogKind eKind, const std::string& sF
 {
     return FileDialogShow(
         pParent, {eKind, QString::fromStdString(sFile), QString::fromLatin1(kProfileFilter)});
+}
+
+/// Shows a window, or brings the one that is there to the front.
+void WindowRaise(QWidget& window)
+{
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
 }
 
 }  // namespace
@@ -59,36 +71,30 @@ void frmMain::mnuViewOpen()
 void frmMain::mnuViewDetailDataClick()
 {
     DetailsRefresh();
-    if (m_pDetails) {
-        m_pDetails->setWindowState(m_pDetails->windowState() & ~Qt::WindowMinimized);
-        m_pDetails->raise();
-        m_pDetails->activateWindow();
-    }
+    if (m_pDetails)
+        WindowRaise(*m_pDetails);
 }
 
-ChildWindow* frmMain::ChildShow(Child eChild)
+void frmMain::mnuViewWorldMapClick()
 {
-    ChildSlot& slot = ChildOf(eChild);
-    if (!slot.pWindow && slot.fnMake) {
-        slot.pWindow = slot.fnMake(*this);
-        slot.pWindow->setAttribute(Qt::WA_DeleteOnClose);
-    }
-    if (slot.pWindow) {
-        slot.pWindow->show();
-        slot.pWindow->raise();
-        slot.pWindow->activateWindow();
-    }
-    return slot.pWindow;
+    if (!m_pMap)
+        m_pMap = new frmMap(*this);
+    WindowRaise(*m_pMap);
 }
 
-void frmMain::mnuViewWorldMapClick() { (void)ChildShow(Child::Map); }
-
-void frmMain::mnuHelpAboutClick() { (void)ChildShow(Child::About); }
+void frmMain::mnuHelpAboutClick()
+{
+    if (!m_pAbout)
+        m_pAbout = new frmAbout;
+    WindowRaise(*m_pAbout);
+}
 
 void frmMain::OptionsShow(int iTab)
 {
-    if (ChildWindow* pOptions = ChildShow(Child::Options))
-        pOptions->TabSet(iTab);
+    if (!m_pOptions)
+        m_pOptions = new frmOptions(*this);
+    WindowRaise(*m_pOptions);
+    m_pOptions->TabShow(iTab);
 }
 
 void frmMain::cmdUpdateClick()
@@ -189,7 +195,7 @@ void frmMain::DetailsRefresh()
     if (cell.iFrequency == -1 || cell.iHour == -1)
         return;
     if (!m_pDetails) {
-        m_pDetails = new frmDetails(*this);
+        m_pDetails = new frmDetails(*this, *grdData);
         WindowPutBeside(*m_pDetails, *this);
     }
     if (!m_pDetails->isVisible())

@@ -16,6 +16,8 @@
 #include "ui/details/frmDetails.h"
 #include "ui/main/TableView.h"
 #include "ui/main/frmMain.h"
+#include "ui/map/frmMap.h"
+#include "ui/options/frmOptions.h"
 
 namespace {
 
@@ -83,9 +85,10 @@ bool frmMain::Update()
     CurrentHourSelect();
     tmrTimeTick();
     PositionsShow();
-    for (const Child eChild : {Child::Map, Child::Options})
-        if (ChildWindow* pWindow = ChildOf(eChild).pWindow)
-            pWindow->Update();
+    if (m_pMap)
+        m_pMap->Update();
+    if (m_pOptions)
+        m_pOptions->Update();
     const bool bOk = PredictionRun();
     if (bOk) {
         if (m_pDetails && m_pDetails->isVisible())

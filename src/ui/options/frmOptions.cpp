@@ -88,8 +88,7 @@ void frmOptions::SignalsConnect()
             &frmOptions::chkPropagationSunSpotNumberClick);
     connect(txtPropagationQIndex, &QLineEdit::textChanged, this,
             &frmOptions::txtPropagationQIndexChange);
-    connect(lstHamVoiceBands, &QListWidget::itemDoubleClicked, this,
-            &frmOptions::lstHamVoiceBandsDblClick);
+    connect(lstHamVoiceBands, &QListWidget::itemDoubleClicked, this, &frmOptions::BandAppend);
     connect(tmrTime, &QTimer::timeout, this, &frmOptions::tmrTimeTick);
     lstHamVoiceBands->installEventFilter(this);
 }
@@ -109,7 +108,7 @@ bool frmOptions::eventFilter(QObject* pObject, QEvent* pEvent)
 {
     if (pObject == lstHamVoiceBands && pEvent->type() == QEvent::KeyPress
         && static_cast<QKeyEvent*>(pEvent)->key() == Qt::Key_Space) {
-        lstHamVoiceBandsDblClick();
+        BandAppend();
         return true;
     }
     return QDialog::eventFilter(pObject, pEvent);
@@ -133,6 +132,7 @@ void frmOptions::cmdOkClick()
 void frmOptions::chkPropagationMonthClick()
 {
     cmbPropagationMonth->setEnabled(!chkPropagationMonth->isChecked());
+    lblPropagationMonth->setEnabled(cmbPropagationMonth->isEnabled());
 }
 
 void frmOptions::chkPropagationSunSpotNumberClick()
@@ -161,9 +161,13 @@ void frmOptions::NumberBoxEnable(QLineEdit* pBox, bool bEnabled)
                 pBox->setText(
                     QString::fromStdString(NumberToText(m_host.SettingsGet().*box.pMember)));
     pBox->setEnabled(bEnabled);
+    const QString sSubject = pBox->objectName().mid(3);  // behind "txt"
+    for (const QString& sPart : {QStringLiteral("Caption"), QStringLiteral("Unit")})
+        if (auto* pLabel = findChild<QLabel*>(QStringLiteral("lbl") + sSubject + sPart))
+            pLabel->setEnabled(bEnabled);
 }
 
-void frmOptions::lstHamVoiceBandsDblClick()
+void frmOptions::BandAppend()
 {
     const QListWidgetItem* pItem = lstHamVoiceBands->currentItem();
     const auto sMiddle = pItem ? BandMiddleGet(pItem->text().toStdString()) : std::nullopt;

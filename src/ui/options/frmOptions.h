@@ -34,7 +34,7 @@ public:
     /// Brings a tab to the front; a number that is none of the tabs changes nothing.
     void TabShow(int iTab);
 
-    QTimer* tmrTime;  ///< the clocks' tick
+    QTimer* tmrTime;  ///< the clocks' tick  NOLINT(readability-identifier-naming)
 
     void reject() override;  ///< Cancel, Escape and the close box
 protected:
@@ -69,7 +69,7 @@ private:
     void cmdOkClick();
     void chkPropagationMonthClick();
     void chkPropagationSunSpotNumberClick();
-    void lstHamVoiceBandsDblClick();
+    void BandAppend();
     void optPropagationModelClick();
     void tmrTimeTick();
     void txtPropagationQIndexChange();

@@ -291,13 +291,27 @@ TEST_F(VoacapProgramFault, CleansUpWhenItIsAskedToEnd)
     }
 }
 
-TEST_F(VoacapProgramFault, LeavesNoProcessWhenKilledAndTheNextRunCleansUp)
+TEST_F(VoacapProgramFault, LeavesNothingWhenHopcastsLimitIsOver)
 {
     NEED_VOACAPL();
     FakeMake("exec sleep 60\n");
     PointDeckWrite();
     EXPECT_FALSE(PointRun(1.0));
     EXPECT_TRUE(ProcessIsGone(FakePid()));
+    EXPECT_EQ(Names("RUN"), (std::vector<std::string>{"sound.dat"}));
+}
+
+TEST_F(VoacapProgramFault, LeavesNoProcessWhenItsGroupIsKilledAndTheNextRunCleansUp)
+{
+    NEED_VOACAPL();
+    FakeMake("exec sleep 60\n");
+    PointDeckWrite();
+    const auto resId = Start({"sound.dat", "sound.out"});
+    ASSERT_TRUE(resId) << resId.TextGet();
+    const int nFake = FakePid();
+    kill(-resId.ValueGet(), SIGKILL);
+    EXPECT_FALSE(ProcessWait(resId.ValueGet(), kSeconds));
+    EXPECT_TRUE(ProcessIsGone(nFake));
     EXPECT_EQ(Names("RUN").size(), 2u);  // nobody was left to take the run's folder away
     FakeRemove();
     EXPECT_TRUE(PointRun()) << Said();

@@ -110,6 +110,8 @@ TEST_F(FrmOptions, ComplexOptionsNeedAnEngineThatKnowsThem)
                  frm.txtPropagationMultipathPower, frm.txtPropagationQIndex,
                  frm.lblPropagationKIndex})
             EXPECT_EQ(pWidget->isEnabled(), bEnabled) << pWidget->objectName().toStdString();
+        EXPECT_EQ(frm.lblPropagationMultipathPowerCaption->isEnabled(), bEnabled);
+        EXPECT_EQ(frm.lblPropagationMultipathPowerUnit->isEnabled(), bEnabled);
         EXPECT_TRUE(frm.txtPropagationReliability->isEnabled());
         EXPECT_TRUE(frm.cmbPropagationIonCoefficients->isEnabled());
     };
@@ -268,6 +270,16 @@ TEST_F(FrmOptions, TabGoesThroughEachTabAsItIsRead)
     for (int i = 0; i < 5; ++i) {
         frm.TabShow(i);
         EXPECT_EQ(TabWalk(frm).join(u' '), asExpected[i] + kButtons);
+    }
+}
+
+TEST_F(FrmOptions, ControlTabTurnsThePages)
+{
+    const frmOptions& frm = Open();
+    frm.txtAirMailDirectory->setFocus();
+    for (int i = 1; i <= 5; ++i) {
+        QTest::keyClick(frm.focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(frm.SSTab->currentIndex(), i % 5);
     }
 }
 

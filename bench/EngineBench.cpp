@@ -1,0 +1,251 @@
+// The built-in engine: 24 hours of a path and an area of 40 x 40 points, as a library and as a
+// program beside voacapl.
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <sched.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/rec533/Prediction.h"
+
+namespace {
+
+using namespace rec533;  // NOLINT(google-build-using-namespace)
+
+constexpr double kPathLimit = 1500.0;  // microseconds
+constexpr double kAreaLimit = 60000.0;
+constexpr int kMonth = 11;
+constexpr double kSsn = 170.0;
+
+// Argument: the receiver's longitude at 24 N; the transmitter stands at 38 N 122 W.
+void PointToPoint(benchmark::State& state)
+{
+    const auto pIono = std::make_unique<Ionosphere>();
+    const auto pPath = std::make_unique<Path>();
+    const auto pHour = std::make_unique<Hour>();
+    Circuit tbl;
+    tbl.dTxLat = 38.0;
+    tbl.dTxLon = -122.0;
+    tbl.dRxLat = 24.0;
+    tbl.dRxLon = static_cast<double>(state.range(0));
+    for (auto _ : state) {
+        IonosphereFill(*pIono, Behaviour::Best, MapSet::Ursi, kMonth, kSsn);
+        PathFill(*pPath, *pIono, tbl);
+        for (int nLabel = 1; nLabel <= 24; ++nLabel) {
+            HourFill(*pHour, *pPath, nLabel);
+            for (int n = 0; n < 10; ++n) {
+                Prediction tblPrediction;
+                PredictionFill(tblPrediction, *pHour, 2.0 + 2.0 * n);
+                benchmark::DoNotOptimize(tblPrediction.dField);
+            }
+        }
+    }
+    state.counters["limit_us"] = kPathLimit;
+}
+BENCHMARK(PointToPoint)
+    ->Arg(-110)
+    ->Arg(-40)
+    ->Arg(30)
+    ->ArgName("lon")
+    ->Unit(benchmark::kMicrosecond);
+
+// Argument: half the width of the area in degrees of longitude around 24 N 110 W.
+void Area(benchmark::State& state)
+{
+    constexpr int kGrid = 40;
+    const auto pIono = std::make_unique<Ionosphere>();
+    const auto pPath = std::make_unique<Path>();
+    const auto pHour = std::make_unique<Hour>();
+    const double dHalf = static_cast<double>(state.range(0));
+    IonosphereFill(*pIono, Behaviour::Best, MapSet::Ursi, kMonth, kSsn);
+    Circuit tbl;
+    tbl.dTxLat = 24.0;
+    tbl.dTxLon = -110.0;
+    for (auto _ : state) {
+        for (int i = 0; i < kGrid * kGrid; ++i) {
+            tbl.dRxLat = -60.0 + 130.0 * (i / kGrid) / (kGrid - 1);
+            tbl.dRxLon =
+                std::remainder(-110.0 + dHalf * (2.0 * (i % kGrid) / (kGrid - 1) - 1.0), 360.0);
+            PathFill(*pPath, *pIono, tbl);
+            HourFill(*pHour, *pPath, 12);
+            Prediction tblPrediction;
+            PredictionFill(tblPrediction, *pHour, 14.0);
+            benchmark::DoNotOptimize(tblPrediction.dField);
+        }
+    }
+    state.counters["limit_us"] = kAreaLimit;
+}
+BENCHMARK(Area)->Arg(30)->Arg(180)->ArgName("half_width")->Unit(benchmark::kMicrosecond);
+
+// The programs, start included: what a user waits for. voacapl is timed in the same run; the
+// built-in engine may take its share of that time.
+namespace fs = std::filesystem;
+
+constexpr double kPathShare = 0.6;
+constexpr double kAreaShare = 0.35;
+constexpr double kVoacaplPathUs = 8000.0;  // where voacapl is not installed: what it took elsewhere
+constexpr double kVoacaplAreaUs = 50000.0;
+constexpr const char* kVoacapl = "/usr/bin/voacapl";
+constexpr const char* kVoacaplData = "/usr/share/voacapl/itshfbc";
+constexpr const char* kDecks = BENCH_DATA "/propagation/data/engines/";
+
+using Words = std::vector<std::string>;
+
+bool ProgramRun(const Words& aWords)
+{
+    std::vector<char*> aArguments;
+    for (const std::string& sWord : aWords) aArguments.push_back(const_cast<char*>(sWord.c_str()));
+    aArguments.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    pid_t nProcess = 0;
+    const int nError =
+        posix_spawn(&nProcess, aArguments[0], &actions, nullptr, aArguments.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    int nStatus = -1;
+    return nError == 0 && waitpid(nProcess, &nStatus, 0) == nProcess && nStatus == 0;
+}
+
+// Fastest of some runs, microseconds; 0 when one fails.
+double FastestGet(const Words& aWords, int nRuns)
+{
+    double dFastest = 1e12;
+    for (int i = 0; i < nRuns; ++i) {
+        const auto tStart = std::chrono::steady_clock::now();
+        if (!ProgramRun(aWords))
+            return 0.0;
+        const std::chrono::duration<double, std::micro> tTaken =
+            std::chrono::steady_clock::now() - tStart;
+        dFastest = std::min(dFastest, tTaken.count());
+    }
+    return dFastest;
+}
+
+std::string DeckRead(const std::string& sName)
+{
+    std::ifstream stm(kDecks + sName, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stm), {}};
+}
+
+void FileWrite(const fs::path& path, const std::string& sText)
+{
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << sText;
+}
+
+void Replace(std::string& sText, const std::string& sOld, const std::string& sNew)
+{
+    for (std::size_t n = sText.find(sOld); n != std::string::npos;
+         n = sText.find(sOld, n + sNew.size()))
+        sText.replace(n, sOld.size(), sNew);
+}
+
+// A folder with both engines' roots, gone at the end.
+class Roots {
+public:
+    Roots()
+        : m_pathFolder(fs::temp_directory_path() / ("hopcast-bench-" + std::to_string(getpid())))
+    {
+        FileWrite(Own() / "RUN/sound.dat", DeckRead("rec533/p2p_01.dat"));
+        FileWrite(Own() / "areadata/working.rec", DeckRead("rec533/area_01.rec"));
+        if (!fs::exists(kVoacapl))
+            return;
+        std::string sPath = DeckRead("voacap/p2p_01.dat");
+        Replace(sPath, "\r\n", "\n");
+        Replace(sPath, "\n\n", "\n");
+        FileWrite(Voacapl() / "run/sound.dat", sPath);
+        std::string sArea = DeckRead("voacap/area_01.voa");
+        Replace(sArea, "\r\n", "\n");
+        Replace(sArea, "PCenter  :", "Pcenter  :");
+        Replace(sArea, "Sssns    :", "Ssns     :");
+        Replace(sArea, "Qindexs  :   0.00\n", "");
+        FileWrite(Voacapl() / "areadata/default/working.voa", sArea);
+        for (const char* sFolder : {"coeffs", "database"})
+            fs::create_directory_symlink(fs::path(kVoacaplData) / sFolder, Voacapl() / sFolder);
+        const fs::path pathAntennas = Voacapl() / "antennas";
+        fs::create_directories(pathAntennas / "DEFAULT");
+        for (const char* sName : {"CONST17.VOA", "SWWHIP.VOA"}) {
+            const fs::path pathSource = fs::path(kVoacaplData) / "antennas/default"
+                                        / (sName[0] == 'C' ? "const17.voa" : "swwhip.voa");
+            fs::create_symlink(pathSource, pathAntennas / "DEFAULT" / sName);
+            fs::create_symlink(pathSource, pathAntennas / (std::string("DEFAULT\\") + sName));
+        }
+    }
+    ~Roots() { fs::remove_all(m_pathFolder); }
+    Roots(const Roots&) = delete;
+    Roots& operator=(const Roots&) = delete;
+
+    [[nodiscard]] fs::path Own() const { return m_pathFolder / "own"; }
+    [[nodiscard]] fs::path Voacapl() const { return m_pathFolder / "voacapl"; }
+
+private:
+    fs::path m_pathFolder;
+};
+
+std::string OwnProgramGet()
+{
+    return (fs::read_symlink("/proc/self/exe").parent_path().parent_path() / "rec533w.exe")
+        .string();
+}
+
+void ProgramsCompare(benchmark::State& state, const Words& aOwn, const Words& aVoacapl,
+                     double dShare, double dVoacaplUs)
+{
+    if (fs::exists(kVoacapl)) {
+        constexpr int kRuns = 10;
+        dVoacaplUs = FastestGet(aVoacapl, kRuns);
+        if (dVoacaplUs == 0.0) {
+            state.SkipWithError("voacapl failed");
+            return;
+        }
+    }
+    for (auto _ : state)
+        if (!ProgramRun(aOwn))
+            state.SkipWithError("rec533w.exe failed");
+    state.counters["voacapl_us"] = dVoacaplUs;
+    state.counters["limit_us"] = dShare * dVoacaplUs;
+}
+
+void ProgramPointToPoint(benchmark::State& state)
+{
+    const Roots roots;
+    ProgramsCompare(state, {OwnProgramGet(), roots.Own().string(), "sound.dat", "sound.out"},
+                    {kVoacapl, "-s", roots.Voacapl().string(), "sound.dat", "sound.out"},
+                    kPathShare, kVoacaplPathUs);
+}
+BENCHMARK(ProgramPointToPoint)->UseRealTime()->Unit(benchmark::kMicrosecond);
+
+// On one core, for both.
+void ProgramArea(benchmark::State& state)
+{
+    cpu_set_t setBefore, setOne;
+    sched_getaffinity(0, sizeof setBefore, &setBefore);
+    CPU_ZERO(&setOne);
+    CPU_SET(sched_getcpu(), &setOne);
+    sched_setaffinity(0, sizeof setOne, &setOne);
+    const Roots roots;
+    ProgramsCompare(
+        state, {OwnProgramGet(), roots.Own().string(), "AREA", "CALC", "working.rec"},
+        {kVoacapl, "-s", roots.Voacapl().string(), "area", "calc", "default/working.voa"},
+        kAreaShare, kVoacaplAreaUs);
+    sched_setaffinity(0, sizeof setBefore, &setBefore);
+}
+BENCHMARK(ProgramArea)->UseRealTime()->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();

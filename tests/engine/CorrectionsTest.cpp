@@ -1,0 +1,260 @@
+// Each point in which the corrected behaviour departs from the ITU program, pinned to a value that
+// does not come from either.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+
+#include "engine/rec533/AuroralLoss.h"
+#include "engine/rec533/Prediction.h"
+
+namespace {
+
+using namespace rec533;  // NOLINT(google-build-using-namespace)
+
+// Low-precision sun of the Astronomical Almanac for a day of the year 2001 and UT hour: declination
+// and hour angle at longitude 0, degrees.
+struct AlmanacSun {
+    double dDeclination, dHourAngle;
+};
+
+AlmanacSun AlmanacGet(int nDayOfYear, double dHour)
+{
+    const double dN = 366.0 + nDayOfYear - 1.5 + dHour / 24.0;  // days since 2000 January 1, 12 h
+    const double dL = 280.460 + 0.9856474 * dN;
+    const double dG = (357.528 + 0.9856003 * dN) * kRadians;
+    const double dLam = (dL + 1.915 * std::sin(dG) + 0.020 * std::sin(2.0 * dG)) * kRadians;
+    const double dObliquity = 23.439 * kRadians;
+    const double dRa = std::atan2(std::cos(dObliquity) * std::sin(dLam), std::cos(dLam)) * kDegrees;
+    return {std::asin(std::sin(dObliquity) * std::sin(dLam)) * kDegrees,
+            std::remainder(15.0 * (dHour - 12.0) + std::remainder(dL - dRa, 360.0), 360.0)};
+}
+
+constexpr int kDayOfYear[12]{15, 46, 74, 105, 135, 166, 196, 227, 258, 288, 319, 349};
+
+std::unique_ptr<Ionosphere> IonosphereOf(Behaviour eBehaviour, int nMonth, double dSsn)
+{
+    auto pIono = std::make_unique<Ionosphere>();
+    IonosphereFill(*pIono, eBehaviour, MapSet::Ccir, nMonth, dSsn);
+    return pIono;
+}
+
+TEST(Corrections, SunStandsWhereTheAlmanacHasItAtTheLabelsHour)
+{
+    for (int nMonth = 1; nMonth <= 12; ++nMonth) {
+        const auto pIono = IonosphereOf(Behaviour::Corrected, nMonth, 50.0);
+        for (const int nLabel : {1, 7, 12, 18, 24}) {
+            const SunHour& tblSun = *FoeHourGet(*pIono, nLabel).pSun;
+            const AlmanacSun tblAlmanac = AlmanacGet(kDayOfYear[nMonth - 1], nLabel);
+            EXPECT_NEAR(tblSun.dDeclination * kDegrees, tblAlmanac.dDeclination, 0.6) << nMonth;
+            const double dAngle = SunHourAngleGet(tblSun, 0.0) * kDegrees;
+            EXPECT_NEAR(std::remainder(dAngle - tblAlmanac.dHourAngle, 360.0), 0.0, 0.5) << nMonth;
+        }
+    }
+    // As the reference it stands one hour behind.
+    const auto pReference = IonosphereOf(Behaviour::Reference, 4, 50.0);
+    EXPECT_NEAR(SunHourAngleGet(*FoeHourGet(*pReference, 12).pSun, 0.0) * kDegrees, -15.0, 0.5);
+}
+
+// The series written out plainly, apart from the program's own functions.
+double SeriesOf(int nMonth, double dSsn, int nHour, double dLatDegrees, double dLonDegrees,
+                double dDip)
+{
+    constexpr int kLast[9]{11, 35, 53, 63, 67, 69, 71, 73, 75};
+    const double dLat = dLatDegrees * kPi / 180.0;
+    const double dLon = dLonDegrees * kPi / 180.0;
+    const double dX = std::atan(dDip / std::sqrt(std::cos(dLat)));
+    const double dT = (15.0 * nHour - 180.0) * kPi / 180.0;
+    const auto aFigures = FiguresFof2(false, nMonth);
+    double dSum = 0.0;
+    int nOrder = 0, nFirst = 0;
+    for (int k = 0; k < 76; ++k) {
+        if (k > kLast[nOrder])
+            nFirst = kLast[nOrder++] + 1;
+        const int nPower = nOrder == 0 ? k : (k - nFirst) / 2;
+        const double dLonTerm = nOrder == 0             ? 1.0
+                                : (k - nFirst) % 2 == 0 ? std::cos(nOrder * dLon)
+                                                        : std::sin(nOrder * dLon);
+        double dHours = 0.0;
+        for (int i = 0; i < 13; ++i) {
+            const double dLow =
+                aFigures[static_cast<std::size_t>(i) + 13 * static_cast<std::size_t>(k)];
+            const double dHigh =
+                aFigures[static_cast<std::size_t>(i) + 13 * static_cast<std::size_t>(k) + 988];
+            const int nHarmonic = (i + 1) / 2;
+            const double dTerm = i == 0       ? 1.0
+                                 : i % 2 == 1 ? std::sin(nHarmonic * dT)
+                                              : std::cos(nHarmonic * dT);
+            dHours += (dLow + (dHigh - dLow) * dSsn / 100.0) * dTerm;
+        }
+        dSum +=
+            dHours * std::pow(std::sin(dX), nPower) * std::pow(std::cos(dLat), nOrder) * dLonTerm;
+    }
+    return dSum;
+}
+
+TEST(Corrections, MapsAreTheSeriesItselfInEveryQuadrantAtSunrise)
+{
+    const auto pIono = IonosphereOf(Behaviour::Corrected, 9, 110.0);
+    const auto pReference = IonosphereOf(Behaviour::Reference, 9, 110.0);
+    Site tblSite;
+    double dWorstReference = 0.0;
+    for (const double dLat : {-47.3, 47.3}) {
+        for (const double dLon : {-71.9, 71.9}) {
+            const int nSunrise = static_cast<int>(std::lround(30.0 - dLon / 15.0)) % 24;
+            const int nLabel = nSunrise == 0 ? 24 : nSunrise;
+            SiteFill(tblSite, PlaceFromDegrees(dLat, dLon));
+            const double dDip = MagneticFieldGet(tblSite.tblPlace, FieldHeight::Maps).dDip;
+            const double dSeries = SeriesOf(9, 110.0, nSunrise, dLat, dLon, dDip);
+            EXPECT_NEAR(SiteLayerGet(*pIono, FoeHourGet(*pIono, nLabel), tblSite, nLabel).dFof2,
+                        dSeries, 1e-4);
+            tblSite.bMap = false;
+            const double dGrid =
+                SiteLayerGet(*pReference, FoeHourGet(*pReference, nLabel), tblSite, nLabel).dFof2;
+            dWorstReference = std::max(dWorstReference, std::abs(dGrid - dSeries));
+        }
+    }
+    EXPECT_GT(dWorstReference, 0.03);  // the mirrored weights show
+}
+
+TEST(Corrections, MirrorHeightIsContinuousWhereItsTermGChangesForm)
+{
+    MirrorHeightInput tbl{0.0, 2500.0, 5.0, 1.2, 3.0, 60.0, false};
+    tbl.dFrequency = 5.0 * 3.6999;
+    const double dBelow = MirrorHeightGet(tbl);
+    tbl.dFrequency = 5.0 * 3.7001;
+    EXPECT_NEAR(dBelow, MirrorHeightGet(tbl), 3.0);
+    tbl.bReference = true;
+    tbl.dFrequency = 5.0 * 2.0;
+    const double dReference = MirrorHeightGet(tbl);
+    tbl.bReference = false;
+    EXPECT_GT(std::abs(dReference - MirrorHeightGet(tbl)), 5.0);
+}
+
+TEST(Corrections, DecilesAreReadAtTheLocalHour)
+{
+    // Table of the lower decile, winter, R12 < 50, 50 degrees: 0.78 at 05 h, 0.85 at 12 h.
+    for (const bool bReference : {false, true}) {
+        const auto pIono =
+            IonosphereOf(bReference ? Behaviour::Reference : Behaviour::Corrected, 1, 20.0);
+        const double dHour = DecileHourGet(*pIono, 6, 90.0 * kPi / 180.0);
+        const DecileFactors tbl = DecileFactorsGet(50.0 * kRadians, dHour, Season::Winter, 20.0);
+        EXPECT_NEAR(tbl.dLower, bReference ? 0.78 : 0.85, 1e-6);
+    }
+    // Wrapped: 23 h at 60 W is 19 h; 2 h is 22 h of the day before.
+    const auto pIono = IonosphereOf(Behaviour::Corrected, 1, 20.0);
+    const double dHour = DecileHourGet(*pIono, 2, -60.0 * kPi / 180.0);
+    EXPECT_NEAR(DecileFactorsGet(50.0 * kRadians, dHour, Season::Winter, 20.0).dLower, 0.78, 1e-6);
+}
+
+TEST(Corrections, AuroralHourIsWrapped)
+{
+    const double dLon = -151.0 * kRadians;  // ten whole zones west
+    EXPECT_EQ(AuroralHourGet(*IonosphereOf(Behaviour::Corrected, 1, 20.0), 4, dLon), 18);
+    EXPECT_LT(AuroralHourGet(*IonosphereOf(Behaviour::Reference, 1, 20.0), 4, dLon), 0);
+}
+
+TEST(Corrections, PolarWinterIsOfTheSouthInJune)
+{
+    // 45 N, a June night: the layer decays slowly from sunset (factor exp(-1.4 t)), not with the
+    // angle.
+    const auto pIono = IonosphereOf(Behaviour::Corrected, 6, 100.0);
+    const auto pReference = IonosphereOf(Behaviour::Reference, 6, 100.0);
+    const Place tblNorth = PlaceFromDegrees(45.0, 0.0);
+    const FoeHour tblHour = FoeHourGet(*pIono, 21);
+    const double dCos = SunZenithCosGet(*tblHour.pSun, tblNorth);
+    ASSERT_LT(dCos, 0.0);
+    const SunTimes tblTimes = SunTimesGet(*tblHour.pSun, tblNorth);
+    // One hour or so after sunset foE follows from the value at sunset by exp(-1.4 t / 4).
+    FoeHour tblSet = tblHour;
+    tblSet.dClock = tblTimes.dSunset;
+    const double dAtSet = FoeGet(tblSet, tblNorth, -0.2);  // deep enough for the decay to rule
+    EXPECT_NEAR(FoeGet(tblHour, tblNorth, -0.2),
+                dAtSet * std::exp(-0.35 * (21.0 - tblTimes.dSunset)), 1e-6);
+    FoeHour tblFlawed = FoeHourGet(*pReference, 21);
+    tblFlawed.pSun = tblHour.pSun;
+    EXPECT_LT(FoeGet(tblFlawed, tblNorth, -0.2), FoeGet(tblHour, tblNorth, -0.2));
+    // 80 S in June is polar winter in both: no sun sets there.
+    const Place tblSouth = PlaceFromDegrees(-80.0, 0.0);
+    EXPECT_NEAR(FoeGet(tblHour, tblSouth, -0.3), FoeGet(tblFlawed, tblSouth, -0.3), 1e-9);
+}
+
+TEST(Corrections, DayIsWhereTheSunStands)
+{
+    // 22 UT in July at 100 W: early evening, the sun sets at 1 UT of the next day.
+    const Place tbl = PlaceFromDegrees(40.0, -100.0);
+    EXPECT_TRUE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 7, 50.0), 22, tbl));
+    EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Reference, 7, 50.0), 22, tbl));
+    EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 7, 50.0), 7, tbl));
+    // Polar day counts as day, polar night as night.
+    const Place tblPole = PlaceFromDegrees(85.0, 20.0);
+    EXPECT_TRUE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 6, 50.0), 24, tblPole));
+    EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 12, 50.0), 12, tblPole));
+}
+
+Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon)
+{
+    Circuit tbl;
+    tbl.dTxLat = dTxLat;
+    tbl.dTxLon = dTxLon;
+    tbl.dRxLat = dRxLat;
+    tbl.dRxLon = dRxLon;
+    return tbl;
+}
+
+TEST(Corrections, OperationalMufKnowsThePower)
+{
+    // Equinox day, P.1240: ratio 1.15 up to 30 dBW, 1.20 above.
+    const auto pIono = IonosphereOf(Behaviour::Corrected, 4, 80.0);
+    const auto pPath = std::make_unique<Path>();
+    const auto pHour = std::make_unique<Hour>();
+    Circuit tbl = CircuitOf(45.0, 0.0, 52.0, 8.0);
+    for (const double dKw : {0.9, 1.1}) {
+        tbl.dPowerKw = dKw;
+        PathFill(*pPath, *pIono, tbl);
+        HourFill(*pHour, *pPath, 12);
+        const Mode& tblMode = pHour->aModes[static_cast<std::size_t>(pHour->nModes - 1)];
+        EXPECT_NEAR(tblMode.dOperational / tblMode.dMuf, dKw < 1.0 ? 1.15 : 1.20, 1e-9);
+    }
+}
+
+TEST(Corrections, SouthernHighLatitudesAreHigh)
+{
+    // Mid-path near 55 S 140 E is at 64 degrees of geomagnetic latitude.
+    const auto pPath = std::make_unique<Path>();
+    const Circuit tbl = CircuitOf(-45.0, 150.0, -66.0, 120.0);
+    const auto pCorrected = IonosphereOf(Behaviour::Corrected, 4, 80.0);
+    PathFill(*pPath, *pCorrected, tbl);
+    EXPECT_TRUE(pPath->bHighLatitude);
+    const auto pReference = IonosphereOf(Behaviour::Reference, 4, 80.0);
+    PathFill(*pPath, *pReference, tbl);
+    EXPECT_FALSE(pPath->bHighLatitude);
+}
+
+TEST(Corrections, DecilesOfANoiseLevelAreThoseOfTheCity)
+{
+    const Noise tbl = NoiseManMadeGet(NoiseCategory::Level, -145.0, 5.0, false);
+    EXPECT_EQ(tbl.dUpper, 11.0);
+    EXPECT_EQ(tbl.dLower, 6.7);
+    EXPECT_EQ(NoiseManMadeGet(NoiseCategory::Level, -145.0, 5.0, true).dUpper, 6.7);
+}
+
+TEST(Corrections, BestIsTheCorrectedMethodUpTo7000Km)
+{
+    const auto pPath = std::make_unique<Path>();
+    const auto pHour = std::make_unique<Hour>();
+    const Circuit tbl = CircuitOf(20.0, -30.0, 60.0, 40.0);  // 6200 km
+    double aField[2];
+    for (const bool bBest : {false, true}) {
+        const auto pIono = IonosphereOf(bBest ? Behaviour::Best : Behaviour::Corrected, 10, 90.0);
+        PathFill(*pPath, *pIono, tbl);
+        HourFill(*pHour, *pPath, 15);
+        Prediction tblPrediction;
+        PredictionFill(tblPrediction, *pHour, 14.0);
+        aField[bBest ? 1 : 0] = tblPrediction.dField;
+    }
+    EXPECT_EQ(aField[0], aField[1]);
+}
+
+}  // namespace

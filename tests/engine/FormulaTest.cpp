@@ -1,0 +1,270 @@
+// The small procedures against values worked out elsewhere.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+
+#include "engine/rec533/AuroralLoss.h"
+#include "engine/rec533/Prediction.h"
+
+namespace {
+
+using namespace rec533;  // NOLINT(google-build-using-namespace)
+
+double DegreesOf(double dRadians) { return dRadians * kDegrees; }
+
+TEST(Figures, HoldThePackagesNumbers)
+{
+    EXPECT_FLOAT_EQ(FiguresFof2(false, 1)[0], 5.2396593F);
+    EXPECT_FLOAT_EQ(FiguresFof2(false, 1)[13], 0.93325400F);
+    EXPECT_FLOAT_EQ(FiguresNoise(1).pDud[0], 0.60209268F);
+    EXPECT_FLOAT_EQ(FiguresNoise(12).pDud[0], 0.60209268F);
+    EXPECT_NE(FiguresNoise(3).pDud[0], 0.60209268F);
+    EXPECT_NE(FiguresFof2(true, 1)[0], FiguresFof2(false, 1)[0]);
+    EXPECT_FLOAT_EQ(FiguresAntennaConst17()[0], 17.0F);
+    EXPECT_FLOAT_EQ(FiguresAntennaConst17()[1], -43.0F);
+    EXPECT_FLOAT_EQ(FiguresAntennaSwwhip()[91], -21.9F);
+}
+
+TEST(Figures, DecilesAreThoseOfTheTable)
+{
+    EXPECT_EQ(FiguresDecile(false, 0, 0, 18, 0), 67);   // lower, winter, R12 < 50, 90 degrees
+    EXPECT_EQ(FiguresDecile(false, 0, 0, 10, 12), 85);  // 50 degrees, local noon
+    EXPECT_EQ(FiguresDecile(true, 2, 2, 0, 3), 123);    // upper, summer, R12 > 100, equator
+    EXPECT_EQ(FiguresDecile(true, 2, 2, 17, 23), 126);  // 85 degrees
+}
+
+TEST(Geometry, ElevationFollowsTheTriangle)
+{
+    // Centre of the Earth, station, mirror: height = R (cos e / cos(e + d/2R) - 1).
+    for (const double dHop : {100.0, 1000.0, 3000.0}) {
+        const double dE = ElevationGet(dHop, 300.0);
+        EXPECT_NEAR(kEarthKm * (std::cos(dE) / std::cos(dE + dHop / (2.0 * kEarthKm)) - 1.0), 300.0,
+                    1e-6);
+        EXPECT_NEAR(std::acos(IncidenceCosGet(dE, 110.0)), IncidenceGet(dE, 110.0), 1e-9);
+        // By the law of sines the slant range is twice the side from station to mirror.
+        const double dSide = (kEarthKm + 300.0) * std::sin(dHop / (2.0 * kEarthKm)) / std::cos(dE);
+        EXPECT_NEAR(SlantRangeGet(3.0 * dHop, 3, dE), 6.0 * dSide, 1e-6);
+    }
+    EXPECT_NEAR(ElevationGet(HopLongestGet(0.05, 110.0), 110.0), 0.05, 1e-9);
+}
+
+TEST(Geometry, PointsOfAGreatCircleDivideIt)
+{
+    const Place tblA = PlaceFromDegrees(51.5, -0.13);
+    const Place tblB = PlaceFromDegrees(-33.87, 151.21);
+    for (const bool bLong : {false, true}) {
+        const GreatCircle tbl = GreatCircleMake(tblA, tblB, bLong);
+        EXPECT_NEAR(tbl.dKm, bLong ? 2.0 * kPi * kEarthKm - 16994.7 : 16994.7, 1.0);
+        for (const double dPart : {0.1, 0.5, 0.9}) {
+            const Place tblC = GreatCirclePlace(tbl, dPart);
+            const double dFirst = GreatCircleMake(tblA, tblC, false).dKm;
+            const double dKm = dPart * tbl.dKm;
+            EXPECT_NEAR(dFirst, std::min(dKm, 2.0 * kPi * kEarthKm - dKm), 0.01);
+        }
+        EXPECT_NEAR(GreatCirclePlace(tbl, 1.0).dLat, tblB.dLat, 1e-9);
+        EXPECT_NEAR(GreatCirclePlace(tbl, 1.0).dLon, tblB.dLon, 1e-9);
+    }
+    EXPECT_NEAR(DegreesOf(BearingGet(tblA, tblB)), 60.72, 0.02);
+}
+
+struct FieldCase {
+    double dLat, dLon, dDip100, dGyro100, dDip300, dGyro300;
+};
+
+TEST(MagneticField, MatchesWorkedValues)
+{
+    for (const FieldCase& c : {FieldCase{13.210, -119.536, 32.857, 0.991, 33.178, 0.905},
+                               FieldCase{35.683, -42.915, 60.521, 1.256, 60.592, 1.146}}) {
+        const Place tbl = PlaceFromDegrees(c.dLat, c.dLon);
+        const MagneticField tblLow = MagneticFieldGet(tbl, FieldHeight::Absorption);
+        const MagneticField tblHigh = MagneticFieldGet(tbl, FieldHeight::Maps);
+        EXPECT_NEAR(DegreesOf(tblLow.dDip), c.dDip100, 0.001);
+        EXPECT_NEAR(tblLow.dGyro, c.dGyro100, 0.001);
+        EXPECT_NEAR(DegreesOf(tblHigh.dDip), c.dDip300, 0.001);
+        EXPECT_NEAR(tblHigh.dGyro, c.dGyro300, 0.001);
+        EXPECT_NEAR(std::sin(tblLow.dDip), tblLow.dSinDip, 1e-12);
+    }
+}
+
+TEST(MagneticField, PairIsTheSameFieldTwice)
+{
+    for (double dLat = -90.0; dLat <= 90.0; dLat += 7.5) {
+        const Place tblA = PlaceFromDegrees(dLat, 33.0);
+        const Place tblB = PlaceFromDegrees(-dLat, -151.0);
+        double dTanA, dTanB;
+        MagneticDipTansGet(tblA, tblB, dTanA, dTanB);
+        EXPECT_NEAR(std::atan(dTanA), MagneticFieldGet(tblA, FieldHeight::Absorption).dDip, 1e-12);
+        EXPECT_NEAR(std::atan(dTanB), MagneticFieldGet(tblB, FieldHeight::Absorption).dDip, 1e-12);
+    }
+}
+
+struct MapCase {
+    int nMonth;
+    double dSsn;
+    int nHour;
+    double dLat, dLon, dFof2, dM3;
+};
+
+TEST(Maps, SeriesMatchesWorkedValues)
+{
+    const auto pHours = std::make_unique<MapHours>();
+    for (const MapCase& c : {MapCase{1, 140, 2, 10.100, 106.096, 12.0208, 2.4665},
+                             MapCase{5, 10, 12, 30.630, 107.344, 7.4524, 3.2879},
+                             MapCase{5, 10, 12, 57.954, 18.467, 4.7923, 3.0745},
+                             MapCase{5, 10, 12, -23.482, 142.682, 3.5851, 3.1832}}) {
+        MapHoursFill(*pHours, MapSet::Ccir, c.nMonth, c.dSsn);
+        const Place tbl = PlaceFromDegrees(c.dLat, c.dLon);
+        MapPlace tblMap;
+        MapPlaceFill(tblMap, tbl, MagneticFieldGet(tbl, FieldHeight::Maps), false);
+        EXPECT_NEAR(MapFof2Get(*pHours, tblMap, c.nHour), c.dFof2, 0.0005);
+        EXPECT_NEAR(MapM3Get(*pHours, tblMap, c.nHour), c.dM3, 0.0005);
+    }
+}
+
+TEST(Maps, MeanLiesHalfwayBetweenTheSets)
+{
+    const auto pHours = std::make_unique<MapHours>();
+    const Place tbl = PlaceFromDegrees(-40.0, -70.0);
+    MapPlace tblMap;
+    MapPlaceFill(tblMap, tbl, MagneticFieldGet(tbl, FieldHeight::Maps), false);
+    double aValue[3];
+    for (const MapSet eSet : {MapSet::Ccir, MapSet::Ursi, MapSet::Mean}) {
+        MapHoursFill(*pHours, eSet, 7, 80.0);
+        aValue[static_cast<int>(eSet)] = MapFof2Get(*pHours, tblMap, 15);
+    }
+    EXPECT_GT(std::abs(aValue[0] - aValue[1]), 0.01);
+    EXPECT_NEAR(aValue[2], (aValue[0] + aValue[1]) / 2.0, 1e-9);
+}
+
+TEST(Absorption, PlaceTablesFollowExactAngles)
+{
+    // The fast arc tangents and the polynomial against the plain functions, through one crossing.
+    const auto pIono = std::make_unique<Ionosphere>();
+    IonosphereFill(*pIono, Behaviour::Corrected, MapSet::Ccir, 9, 60.0);
+    const AbsorptionHour tblHour = AbsorptionHourGet(*pIono, 12);
+    const GreatCircle tblPath =
+        GreatCircleMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
+    const double dElevation = ElevationGet(tblPath.dKm / 2.0, 300.0);
+    Crossing aCrossings[4];
+    CrossingsFill(tblHour, tblPath, 2, dElevation, aCrossings);
+    const double dNear = CrossingKmGet(dElevation);
+    const double aKm[4]{dNear, tblPath.dKm / 2.0 - dNear, tblPath.dKm / 2.0 + dNear,
+                        tblPath.dKm - dNear};
+    for (int i = 0; i < 4; ++i) {
+        const Place tbl = GreatCirclePlace(tblPath, aKm[i] / tblPath.dKm);
+        const double dCos = SunZenithCosGet(*tblHour.tblFoe.pSun, tbl);
+        EXPECT_NEAR(aCrossings[i].dFoe, FoeGet(tblHour.tblFoe, tbl, dCos), 1e-9);
+        EXPECT_GT(aCrossings[i].dWeight, 100.0);  // September noon
+        EXPECT_LT(aCrossings[i].dWeight, 346.5);
+    }
+}
+
+// The three pieces of the figure's formula meet within 5 %.
+TEST(Absorption, PenetrationHangsTogether)
+{
+    const Crossing tbl{3.0, 0.34};
+    for (const double dT : {1.0, 2.2, 10.0}) {
+        const double dBelow = AbsorptionFactorGet(&tbl, 1, 3.0 * dT * 0.999999);
+        const double dAbove = AbsorptionFactorGet(&tbl, 1, 3.0 * dT * 1.000001);
+        EXPECT_NEAR(dBelow, dAbove, 0.05 * dAbove) << dT;
+    }
+    EXPECT_NEAR(AbsorptionFactorGet(&tbl, 1, 60.0), 0.34, 1e-12);
+}
+
+TEST(Muf, LongestHopGivesTheRatioOfThe3000KmHop)
+{
+    const F2Layer tbl = F2LayerMake(8.0, 3.0, 3.0, 1.2);
+    EXPECT_NEAR(F2MufGet(tbl, 3000.0, 4000.0), tbl.dB * 8.0 + 0.6 * 0.25, 1e-9);
+    // Straight up the extraordinary wave's critical frequency, near enough: Cd is not quite 0
+    // there.
+    EXPECT_NEAR(F2MufGet(tbl, 0.0, 4000.0), 8.0 + 0.6, 0.2);
+    EXPECT_LT(F2MufGet(tbl, 500.0, 4000.0), F2MufGet(tbl, 1500.0, 4000.0));
+}
+
+struct NoiseCase {
+    int nMonth, nLabel;
+    double dLat, dLon, dFrequency, dFa, dUpper, dLower;
+};
+
+TEST(Noise, AtmosphericMatchesWorkedValues)
+{
+    const auto pIono = std::make_unique<Ionosphere>();
+    for (const NoiseCase& c : {NoiseCase{2, 8, 40.0, 10.0, 10.0, 34.237, 7.848, 6.461},
+                               NoiseCase{5, 2, 52.4862, -1.8904, 14.0, 25.256, 5.663, 4.912}}) {
+        IonosphereFill(*pIono, Behaviour::Reference, MapSet::Ccir, c.nMonth, 100.0);
+        NoisePlace tblPlace = NoisePlaceMake(PlaceFromDegrees(c.dLat, c.dLon));
+        const Noise tbl = NoiseAtmosphericGet(*pIono, tblPlace, c.nLabel, c.dFrequency);
+        EXPECT_NEAR(tbl.dFa, c.dFa, 0.001);
+        EXPECT_NEAR(tbl.dUpper, c.dUpper, 0.001);
+        EXPECT_NEAR(tbl.dLower, c.dLower, 0.001);
+    }
+}
+
+TEST(Noise, LevelIsTheNoiseAtThreeMegahertz)
+{
+    EXPECT_NEAR(NoiseManMadeGet(NoiseCategory::Level, -145.0, 3.0, false).dFa, 59.0, 1e-9);
+    EXPECT_NEAR(NoiseManMadeGet(NoiseCategory::Level, -145.0, 10.0, false).dFa, 44.516, 0.001);
+    EXPECT_NEAR(NoiseManMadeGet(NoiseCategory::City, 0.0, 1.0, false).dFa, 76.8, 1e-9);
+}
+
+TEST(Reliability, MedianAtTheRequiredRatioIsHalfTheDays)
+{
+    const Noise tbl{40.0, 9.0, 6.0};
+    SnrInput tblInput{-160.0, 1.0, 0.0, 90.0, ShareQuantileGet(90.0)};
+    const SignalDeciles tblSignal = SignalDecilesGet(0.5, false);
+    const SnrResult res = SnrGet(tblInput, tbl, tbl, tbl, tblSignal);
+    EXPECT_NEAR(res.dMedian, -160.0 - 40.0 - 4.771 + 204.0, 0.001);
+    EXPECT_NEAR(res.dExceeded, res.dMedian - res.dLower, 1e-6);
+    EXPECT_NEAR(res.dUpper, std::sqrt(36.0 + 36.0 + 25.0), 1e-9);
+    EXPECT_NEAR(res.dLower, std::sqrt(81.0 + 64.0 + 64.0), 1e-9);
+    tblInput.dRequired = res.dMedian;
+    EXPECT_NEAR(SnrGet(tblInput, tbl, tbl, tbl, tblSignal).dReliability, 50.0, 1e-9);
+    tblInput.dRequired = res.dExceeded;
+    EXPECT_NEAR(SnrGet(tblInput, tbl, tbl, tbl, tblSignal).dReliability, 90.0, 1e-6);
+}
+
+TEST(Reliability, QuantilesAreThoseOfTheNormalDistribution)
+{
+    EXPECT_NEAR(ShareQuantileGet(50.0), 0.0, 1e-12);
+    EXPECT_NEAR(ShareQuantileGet(90.0), 1.0, 1e-8);
+    EXPECT_NEAR(ShareQuantileGet(10.0), 1.0, 1e-8);
+    EXPECT_NEAR(ShareQuantileGet(99.0), 2.326347874 / 1.281551566, 1e-8);
+}
+
+TEST(Reliability, ClassLimitsBelongToTheLowerClass)
+{
+    EXPECT_EQ(SignalDecilesGet(0.8, false).dLower, 8.0);
+    EXPECT_EQ(SignalDecilesGet(0.8000001, false).dLower, 12.0);
+    EXPECT_EQ(SignalDecilesGet(1.2, true).dLower, 17.0);
+    EXPECT_EQ(SignalDecilesGet(100.0, false).dLower, 5.0);
+}
+
+TEST(Antenna, GainIsInterpolatedAndClamped)
+{
+    Antenna tbl;
+    for (std::size_t i = 0; i < tbl.aGain.size(); ++i) tbl.aGain[i] = static_cast<double>(i) / 10.0;
+    EXPECT_NEAR(AntennaGainGet(&tbl, 4.5 * kRadians), 0.45, 1e-9);
+    EXPECT_NEAR(AntennaGainGet(&tbl, 2.0), 9.0, 1e-9);
+    EXPECT_NEAR(AntennaGainGet(&tbl, -0.1), 0.0, 1e-9);
+    EXPECT_EQ(AntennaGainGet(nullptr, 0.3), 0.0);
+    EXPECT_EQ(AntennaLowGet(&tbl, 3.0).nDegrees, 8);
+    EXPECT_EQ(AntennaLowGet(&tbl, 20.0).nDegrees, 20);
+    tbl.aGain.fill(1.0);
+    EXPECT_EQ(AntennaLowGet(&tbl, 3.0).nDegrees, 3);
+}
+
+TEST(AuroralLoss, ColumnsIncludeTheirFirstHour)
+{
+    const double dSin65 = std::sin(65.0 * kRadians);  // 62.5 to 67.5 degrees, winter, short hops
+    EXPECT_EQ(AuroralLossGet(dSin65, Season::Winter, 1000.0, 1), 7.0);
+    EXPECT_EQ(AuroralLossGet(dSin65, Season::Winter, 1000.0, 3), 7.0);
+    EXPECT_EQ(AuroralLossGet(dSin65, Season::Winter, 1000.0, 4), 16.0);
+    EXPECT_EQ(AuroralLossGet(dSin65, Season::Winter, 1000.0, 22), 6.6);
+    EXPECT_EQ(AuroralLossGet(dSin65, Season::Winter, 1000.0, 0), 6.6);
+    EXPECT_EQ(AuroralLossGet(-dSin65, Season::Winter, 2500.1, 0), 10.0);
+    EXPECT_EQ(AuroralLossGet(std::sin(42.4 * kRadians), Season::Winter, 1000.0, 1), 0.0);
+}
+
+}  // namespace

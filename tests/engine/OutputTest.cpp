@@ -1,0 +1,367 @@
+// Page and grid: what stands in which column, against the readers' rules and the real program's
+// layout.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <sstream>
+
+#include "engine/ReferenceData.h"
+#include "engine/run533/AntennaFile.h"
+#include "engine/run533/FieldText.h"
+#include "engine/run533/Luf.h"
+#include "engine/run533/Run.h"
+#include "support/TempFolder.h"
+#include "system/NumberLib.h"
+#include "system/TextLib.h"
+
+namespace {
+
+using namespace run533;  // NOLINT(google-build-using-namespace)
+using rec533::Behaviour;
+
+std::string DeckOf(const std::string& sName)
+{
+    return BytesRead(std::string(TEST_DATA) + "/decks/" + sName);
+}
+
+std::string Replaced(std::string sText, const std::string& sOld, const std::string& sNew)
+{
+    const std::size_t nAt = sText.find(sOld);
+    EXPECT_NE(nAt, std::string::npos) << sOld;
+    return sText.replace(nAt, sOld.size(), sNew);
+}
+
+std::vector<std::string> LinesOf(const std::string& sText)
+{
+    std::vector<std::string> aLines;
+    std::istringstream stm(sText);
+    for (std::string sLine; std::getline(stm, sLine);) aLines.push_back(sLine);
+    return aLines;
+}
+
+std::string Cut(const std::string& sLine, int nCol, int nWidth)
+{
+    return std::string(TextColumns(sLine, nCol, nWidth));
+}
+
+double NumberOf(const std::string& sLine, int nCol, int nWidth)
+{
+    const auto res = NumberFromText(Cut(sLine, nCol, nWidth));
+    EXPECT_TRUE(res) << "\"" << Cut(sLine, nCol, nWidth) << "\" of " << sLine;
+    return res ? res.ValueGet() : 0.0;
+}
+
+std::string PageOf(const std::string& sDeck, Behaviour eBehaviour = Behaviour::Best)
+{
+    const auto res = PointOutputMake(sDeck, "/nowhere", eBehaviour);
+    EXPECT_TRUE(res) << res.TextGet();
+    return res ? res.ValueGet() : std::string();
+}
+
+std::string GridOf(const std::string& sDeck, int nThreads = 1)
+{
+    const auto res = AreaOutputMake(sDeck, "/nowhere", Behaviour::Best, nThreads);
+    EXPECT_TRUE(res) << res.TextGet();
+    return res ? res.ValueGet() : std::string();
+}
+
+struct FieldCase {
+    double dValue;
+    int nWidth, nDecimals;
+    const char* sText;
+};
+
+TEST(FieldText, FitsItsColumnsWithABlankBefore)
+{
+    for (const FieldCase& c :
+         {FieldCase{14.05, 5, 1, " 14.1"}, FieldCase{0.04, 5, 1, "  0.0"},
+          FieldCase{-0.04, 5, 1, "  0.0"}, FieldCase{-0.4, 5, 0, "    0"},
+          FieldCase{0.5, 5, 0, "    1"}, FieldCase{123.4, 5, 1, " 99.9"},
+          FieldCase{-2532.0, 5, 0, " -999"}, FieldCase{12345.0, 5, 0, " 9999"},
+          FieldCase{-99.95, 6, 1, " -99.9"}, FieldCase{-0.5, 6, 1, "  -0.5"},
+          FieldCase{999.96, 6, 1, " 999.9"}, FieldCase{0.01, 6, 3, " 0.010"},
+          FieldCase{-180.0, 10, 4, " -180.0000"}, FieldCase{std::nan(""), 5, 0, "    0"},
+          FieldCase{1.0 / 0.0, 5, 0, " 9999"}}) {
+        std::string sText;
+        FieldAppend(sText, c.dValue, c.nWidth, c.nDecimals);
+        EXPECT_EQ(sText, c.sText);
+    }
+}
+
+TEST(PointOutput, HasTheRealProgramsLinesInItsColumns)
+{
+    const std::string sPage = PageOf(DeckOf("p2p_01.dat"));
+    EXPECT_EQ(sPage.size(), 16083u);  // as the real page
+    const auto aLines = LinesOf(sPage);
+    EXPECT_EQ(Cut(aLines[0], 33, 36), "P.533 with long-path rule           ");
+    EXPECT_NE(aLines[3].find("AZIMUTHS"), std::string::npos);
+    EXPECT_EQ(aLines[4],
+              " 38.00 N  122.00 W   24.00 N  110.00 W    140.40  326.65    1041.0   1927.9");
+    EXPECT_EQ(Cut(aLines[4], 43, 6), "140.40");
+    EXPECT_EQ(Cut(aLines[4], 51, 6), "326.65");
+    EXPECT_NEAR(NumberOf(aLines[4], 60, 7), 1041.0, 0.05);
+    EXPECT_EQ(aLines[6],
+              " XMTR  2-30 2-D Table [DEFAULT\\SWWHIP.VOA   ] Az=  0.0 OFFaz=140.4   5.000kW");
+    EXPECT_EQ(aLines[8],
+              " NOISE -145 dBW           S/N 50% of Days @  40 dB  in    1 Hz RX Bandwidth");
+    EXPECT_EQ(aLines.back(), " End-of-Run");
+    EXPECT_EQ(std::count(sPage.begin(), sPage.end(), '\f'), 4);
+    EXPECT_EQ(sPage.find('*'), std::string::npos);
+}
+
+TEST(PointOutput, HoursComeFrom24AndEveryFieldIsANumber)
+{
+    for (int nDeck = 1; nDeck <= 13; ++nDeck) {
+        const std::string sDeck =
+            "p2p_" + std::string(nDeck < 10 ? "0" : "") + std::to_string(nDeck) + ".dat";
+        const auto aLines = LinesOf(PageOf(DeckOf(sDeck)));
+        int nHour = 0;
+        for (std::size_t i = 0; i < aLines.size(); ++i) {
+            if (Cut(aLines[i], 60, 4) != "FREQ")
+                continue;
+            EXPECT_EQ(NumberOf(aLines[i], 1, 3), nHour == 0 ? 24 : nHour) << sDeck;
+            const double dMuf = NumberOf(aLines[i], 5, 4);
+            EXPECT_GE(dMuf, 2.0);
+            EXPECT_GE(NumberOf(aLines[i], 65, 4), 2.0) << aLines[i];
+            EXPECT_LE(NumberOf(aLines[i], 65, 4), dMuf + 0.11) << aLines[i];
+            const char* aLabels[]{"MODE", "ANGL", "DBU ", "dBpW", "S/N ", "FS/N", "SNxx"};
+            for (std::size_t k = 0; k < 7; ++k) {
+                ASSERT_EQ(Cut(aLines[i + 1 + k], 60, 4), aLabels[k]) << sDeck;
+                for (int j = 0; j < 10 && k >= 2; ++j) NumberOf(aLines[i + 1 + k], 9 + 5 * j, 5);
+            }
+            ++nHour;
+        }
+        EXPECT_EQ(nHour, 24) << sDeck;
+    }
+}
+
+TEST(PointOutput, UnusedColumnsAreFilledAsTheRealProgramFillsThem)
+{
+    const auto aLines = LinesOf(PageOf(DeckOf("p2p_13.dat")));
+    std::size_t i = 0;
+    while (Cut(aLines[i], 60, 4) != "FREQ") ++i;
+    EXPECT_EQ(Cut(aLines[i], 9, 15), "  0.5 14.1  0.0");
+    EXPECT_EQ(Cut(aLines[i + 1], 19, 10), "  0    0  ");
+    EXPECT_EQ(Cut(aLines[i + 2], 19, 10), "    0    0");
+    for (const std::size_t k : {3, 4, 5, 7}) EXPECT_EQ(Cut(aLines[i + k], 19, 10), " -999 -999");
+    EXPECT_EQ(Cut(aLines[i + 6], 19, 10), " 0.00 0.00");
+}
+
+TEST(PointOutput, AnUnusableFrequencyLeavesOnlyItsOwnColumnUnused)
+{
+    const std::string sDeck = DeckOf("p2p_01.dat");
+    const auto aGood = LinesOf(PageOf(sDeck));
+    const auto aBad = LinesOf(PageOf(Replaced(sDeck, "    8.0", "   88.0")));
+    ASSERT_EQ(aGood.size(), aBad.size());
+    for (std::size_t i = 0; i < aGood.size(); ++i) {
+        EXPECT_EQ(Cut(aGood[i], 1, 23), Cut(aBad[i], 1, 23));
+        EXPECT_EQ(Cut(aGood[i], 29, 60), Cut(aBad[i], 29, 60));
+        if (Cut(aBad[i], 60, 4) == "SNxx") {
+            EXPECT_EQ(Cut(aBad[i], 24, 5), " -999");
+        }
+    }
+}
+
+TEST(PointOutput, LongPathsShowTheModeThatCarriesThePower)
+{
+    const auto aLines = LinesOf(PageOf(DeckOf("p2p_03.dat")));
+    int nDashes = 0, nModes = 0;
+    for (std::size_t i = 0; i < aLines.size(); ++i) {
+        if (Cut(aLines[i], 60, 4) != "MODE")
+            continue;
+        for (int j = 0; j < 10; ++j) {
+            const std::string sMode = Cut(aLines[i], 9 + 5 * j, 5);
+            const bool bDash = sMode == "   - ";
+            (bDash ? nDashes : nModes) += 1;
+            EXPECT_EQ(Cut(aLines[i + 1], 9 + 5 * j, 5) == "   - ", bDash);
+            EXPECT_TRUE(bDash || sMode.find("F2") != std::string::npos) << sMode;
+        }
+    }
+    EXPECT_GT(nDashes, 20);
+    EXPECT_GT(nModes, 20);
+    // The plain Recommendation knows no modes there.
+    const std::string sPlain = PageOf(DeckOf("p2p_03.dat"), Behaviour::Corrected);
+    EXPECT_EQ(sPlain.find("F2"), std::string::npos);
+    EXPECT_NE(sPlain.find("P.533 corrected"), std::string::npos);
+}
+
+TEST(PointOutput, BothEndsAtOnePlaceAreToldApart)
+{
+    const auto aLines = LinesOf(PageOf(DeckOf("p2p_11.dat")));
+    EXPECT_EQ(Cut(aLines[4], 1, 56), " 10.00 N   20.00 E   10.00 N   20.01 E     90.00  270.00");
+}
+
+// The methods are twenty years apart; typical hours lie near each other all the same.
+TEST(PointOutput, BasicMufsLieNearTheRealPrograms)
+{
+    const DataTable tbl("real_muf.csv");
+    int nHours = 0, nNear = 0;
+    for (std::size_t nRow = 0; nRow < tbl.CountGet(); ++nRow) {
+        const auto aLines = LinesOf(PageOf(DeckOf(tbl.TextGet(nRow, "deck") + ".dat")));
+        if (NumberOf(aLines[4], 69, 7) >= 7000.0)
+            continue;
+        for (const std::string& sLine : aLines) {
+            if (Cut(sLine, 60, 4) != "FREQ")
+                continue;
+            const double dReal = tbl.NumberGet(
+                nRow, "muf_" + std::to_string(static_cast<int>(NumberOf(sLine, 1, 3))));
+            ++nHours;
+            nNear += std::abs(NumberOf(sLine, 4, 5) / dReal - 1.0) <= 0.15 ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(nHours, 240);
+    EXPECT_GE(nNear, 210);
+}
+
+TEST(Luf, IsTheLowestThatServesAsABruteForceSearchFindsIt)
+{
+    int nSame = 0, nAll = 0;
+    const auto pRun = std::make_unique<CircuitRun>(Behaviour::Best, rec533::MapSet::Ccir);
+    const DataTable tbl("p533_circuits.csv");
+    for (std::size_t i = 0; i < tbl.CountGet(); i += 4) {
+        for (int nLabel = 1; nLabel <= 24; nLabel += 5) {
+            pRun->Go(tbl.TextGet(i, "id"), nLabel);
+            const double dMuf = pRun->m_tblHour.dMuf;
+            const double dShare = pRun->m_tblPath.tblCircuit.dRequiredReliability;
+            double dBrute = std::ceil(dMuf * 10.0) / 10.0;
+            for (int n = 20; n <= static_cast<int>(dMuf * 10.0); ++n) {
+                if (pRun->PredictionGet(n / 10.0).tblSnr.dReliability >= dShare) {
+                    dBrute = n / 10.0;
+                    break;
+                }
+            }
+            const double dLuf = LufGet(pRun->m_tblHour);
+            nSame += dLuf == dBrute ? 1 : 0;
+            ++nAll;
+            EXPECT_GE(dLuf,
+                      dBrute);  // an island narrower than the coarse step might be passed over
+        }
+    }
+    EXPECT_EQ(nAll, 75);
+    EXPECT_EQ(nSame, nAll);
+}
+
+TEST(AreaOutput, HasTheRealGridsLinesAndOrder)
+{
+    const auto aLines = LinesOf(GridOf(DeckOf("area_01.rec")));
+    ASSERT_EQ(aLines.size(), 1603u);
+    EXPECT_EQ(aLines[0], "P.533 with long-path rule");
+    EXPECT_EQ(Cut(aLines[1], 1, 60),
+              "Transmitter [SWWhip.VOA] 5kW 0deg 12ut 14.000MHz NOV 170ssn ");
+    EXPECT_EQ(aLines[1].size(), 90u);
+    EXPECT_EQ(Cut(aLines[2], 1, 26), " 40 40  Latitude Longitude");
+    EXPECT_EQ(Cut(aLines[3], 1, 26), "  1  1   10.0000 -130.0000");
+    EXPECT_EQ(Cut(aLines[4], 1, 26), "  2  1   10.0000 -128.2051");
+    EXPECT_EQ(Cut(aLines[43], 1, 26), "  1  2   11.2821 -130.0000");
+    EXPECT_EQ(Cut(aLines.back(), 1, 26), " 40 40   60.0000  -60.0000");
+}
+
+TEST(AreaOutput, TheReadersCutHoldsTheWholeNumber)
+{
+    for (const char* sDeck :
+         {"area_01.rec", "area_02.rec", "area_03.rec", "area_04.rec", "area_05.rec"}) {
+        const auto aLines = LinesOf(GridOf(DeckOf(sDeck)));
+        const auto nCol = static_cast<int>(aLines[2].find(" SNxx")) + 1;
+        int nLow = 0;
+        for (std::size_t i = 3; i < aLines.size(); ++i) {
+            ASSERT_EQ(aLines[i].size(), 68u);
+            const double dSnr = NumberOf(aLines[i], nCol, 6);
+            EXPECT_EQ(aLines[i].substr(62, 6), Cut(aLines[i], nCol, 6));
+            EXPECT_EQ(aLines[i].substr(62, 1), " ");
+            EXPECT_GE(dSnr, -99.9);
+            nLow += dSnr == -99.9 ? 1 : 0;
+        }
+        if (std::string(sDeck) == "area_05.rec") {
+            EXPECT_GT(nLow, 500);
+        }
+    }
+}
+
+TEST(AreaOutput, APointOnTheFixedEndIsMovedEast)
+{
+    const auto aLines = LinesOf(GridOf(DeckOf("area_02.rec")));
+    EXPECT_EQ(Cut(aLines[3 + 60], 1, 26), "  6  6   45.0000    5.0500");
+    const auto aWorld = LinesOf(GridOf(DeckOf("area_04.rec")));
+    EXPECT_EQ(Cut(aWorld[3 + 60], 1, 26), "  6  6    0.0000    0.0500");
+    EXPECT_NE(aWorld[1].find(" 24ut "), std::string::npos);
+}
+
+TEST(AreaOutput, EastLongitudesRunTo360WhereTheWestBoundIsNotNegative)
+{
+    std::string sDeck = DeckOf("area_02.rec");
+    sDeck = Replaced(sDeck, "       .00     10.00", "    170.00    190.00");
+    const auto aLines = LinesOf(GridOf(sDeck));
+    EXPECT_EQ(Cut(aLines[13], 17, 10), "  190.0000");
+}
+
+TEST(AreaOutput, ThreadsGiveTheSameBytes)
+{
+    const std::string sDeck = DeckOf("area_03.rec");
+    EXPECT_EQ(GridOf(sDeck, 1), GridOf(sDeck, 3));
+}
+
+TEST(AreaOutput, WithoutAntennasTheTransmitterIsOneKilowattIsotropic)
+{
+    std::string sDeck = DeckOf("area_01.rec");
+    sDeck.resize(sDeck.find("Rec Ants"));
+    const auto aLines = LinesOf(GridOf(sDeck));
+    EXPECT_EQ(Cut(aLines[1], 1, 31), "Transmitter [Isotropic] 1kW 0de");
+}
+
+TEST(AreaOutput, AgreesWithThePointToPointRun)
+{
+    // Row 6, column 9 of area_02 is 45 N 8 E; the page's S/N at 3.6 MHz, 06 UT, must be the same.
+    const auto aGrid = LinesOf(GridOf(DeckOf("area_02.rec")));
+    const double dSnr = NumberOf(aGrid[3 + 63], 63, 6);
+    std::string sDeck = DeckOf("p2p_02.dat");
+    sDeck = Replaced(sDeck, " 52.00N      5.00E", " 45.00N      5.00E");
+    sDeck = Replaced(sDeck, " 52.50N      6.00E", " 45.00N      8.00E");
+    sDeck = Replaced(sDeck, "2026    1", "2026    6");
+    sDeck = Replaced(sDeck, " -155", " -145");
+    sDeck = Replaced(sDeck, "  .10", " 3.00");
+    const auto aPage = LinesOf(PageOf(sDeck));
+    for (std::size_t i = 0; i < aPage.size(); ++i) {
+        if (Cut(aPage[i], 60, 4) == "FREQ" && NumberOf(aPage[i], 1, 3) == 6.0) {
+            EXPECT_EQ(Cut(aPage[i], 14, 5), "  3.6");
+            EXPECT_NEAR(NumberOf(aPage[i + 7], 14, 5), dSnr, 0.51);
+        }
+    }
+}
+
+TEST(AntennaFile, DefaultsAreBuiltInAndFilesGoBeforeThem)
+{
+    const auto resBuiltIn = AntennaLoad("/nowhere", "DEFAULT\\CONST17.VOA  ");
+    ASSERT_TRUE(resBuiltIn);
+    EXPECT_EQ(resBuiltIn.ValueGet().tblAntenna.aGain[0], -26.0);
+    EXPECT_EQ(resBuiltIn.ValueGet().tblAntenna.aGain[45], 17.0);
+    TempFolder tmp;
+    std::string sFile = "My aerial of wire\n 3\n 2.00  [ 1]\n 11  [ 2]\n 0.0 [ 3]\n";
+    for (int i = 0; i < 91; ++i) sFile += " -1.5";
+    tmp.Write("antennas/default/const17.voa", sFile);
+    const auto resFile = AntennaLoad(tmp.Path(), "DEFAULT \\CONST17.VOA ");
+    ASSERT_TRUE(resFile) << resFile.TextGet();
+    EXPECT_EQ(resFile.ValueGet().sTitle, "My aerial");
+    EXPECT_EQ(resFile.ValueGet().tblAntenna.aGain[90], 0.5);
+}
+
+TEST(AntennaFile, WhatCannotBeUsedIsTold)
+{
+    EXPECT_EQ(AntennaLoad("/nowhere", "DEFAULT\\OTHER.VOA").TextGet(),
+              "antenna file \"DEFAULT\\OTHER.VOA\" not found");
+    EXPECT_EQ(AntennaLoad("/nowhere", "..\\..\\SECRET.TXT").TextGet(),
+              "\"..\\..\\SECRET.TXT\" names no antenna file");
+    EXPECT_EQ(AntennaRead("x\n3\n1.0\n13\n0\n").TextGet(),
+              "antenna type 13 is not known, only 11 (91 gains)");
+    EXPECT_EQ(AntennaRead("x\n3\n1.0\n11\n0\n 1.0 2.0\n").TextGet(),
+              "antenna file with less than 91 gains");
+    EXPECT_EQ(AntennaRead("x\n3\n1.0\n11\n0\n 1.0 abc\n").TextGet(),
+              "antenna file line 6 is not made of numbers");
+    EXPECT_EQ(AntennaRead("").TextGet(), "no antenna file");
+    const auto res = PointOutputMake(Replaced(DeckOf("p2p_01.dat"), "SWWHIP", "SWWHAP"), "/nowhere",
+                                     Behaviour::Best);
+    EXPECT_EQ(res.TextGet(),
+              "ANTENNA 1, columns 42-62: antenna file \"DEFAULT\\SWWHAP.VOA\" not found");
+}
+
+}  // namespace

@@ -1,0 +1,170 @@
+// The program files as Hopcast starts them.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "support/TempFolder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string DeckOf(const std::string& sName)
+{
+    return BytesRead(std::string(TEST_DATA) + "/decks/" + sName);
+}
+
+struct Ended {
+    int nStatus = -1;
+    std::string sError;
+};
+
+Ended ProgramRun(const TempFolder& tmp, const std::string& sProgram, const std::string& sArguments,
+                 const std::string& sBefore = {})
+{
+    const std::string sErrorFile = tmp.Path("stderr.txt");
+    const std::string sCommand =
+        sBefore + "'" + TEST_BIN + "/" + sProgram + "' " + sArguments + " 2>'" + sErrorFile + "'";
+    const int nStatus = std::system(sCommand.c_str());
+    return {WIFEXITED(nStatus) ? WEXITSTATUS(nStatus) : -1, BytesRead(sErrorFile)};
+}
+
+std::size_t FilesBelow(const std::string& sFolder)
+{
+    std::size_t nFiles = 0;
+    for (const auto& entry : fs::directory_iterator(sFolder))
+        nFiles += entry.is_regular_file() ? 1 : 0;
+    return nFiles;
+}
+
+TEST(Rec533Program, RunsEveryPointToPointDeck)
+{
+    TempFolder tmp;
+    for (int n = 1; n <= 13; ++n) {
+        tmp.Write("RUN/sound.dat",
+                  DeckOf("p2p_" + std::string(n < 10 ? "0" : "") + std::to_string(n) + ".dat"));
+        fs::remove(tmp.Path("RUN/sound.out"));
+        const Ended tbl =
+            ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out");
+        EXPECT_EQ(tbl.nStatus, 0) << n;
+        EXPECT_EQ(tbl.sError, "");
+        EXPECT_NE(BytesRead(tmp.Path("RUN/sound.out")).find("\n End-of-Run\n"), std::string::npos)
+            << n;
+        EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 2u);
+    }
+}
+
+TEST(Rec533Program, RunsEveryAreaDeck)
+{
+    TempFolder tmp;
+    for (int n = 1; n <= 5; ++n) {
+        tmp.Write("areadata/working.rec", DeckOf("area_0" + std::to_string(n) + ".rec"));
+        fs::remove(tmp.Path("areadata/working.rg1"));
+        const Ended tbl =
+            ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' AREA CALC working.rec");
+        EXPECT_EQ(tbl.nStatus, 0) << tbl.sError;
+        const std::string sGrid = BytesRead(tmp.Path("areadata/working.rg1"));
+        const std::ptrdiff_t nPoints = n == 2 || n == 4 ? 121 : 1600;
+        EXPECT_EQ(std::count(sGrid.begin(), sGrid.end(), '\n'), nPoints + 3);
+        EXPECT_EQ(FilesBelow(tmp.Path("areadata")), 2u);
+    }
+}
+
+TEST(Rec533Program, FindsTheFolderInSmallLetters)
+{
+    TempFolder tmp;
+    tmp.Write("run/sound.dat", DeckOf("p2p_01.dat"));
+    EXPECT_EQ(ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out").nStatus,
+              0);
+    EXPECT_TRUE(fs::exists(tmp.Path("run/sound.out")));
+}
+
+TEST(Rec533Program, ABadDeckIsOneLineStatus2AndNoOutput)
+{
+    TempFolder tmp;
+    std::string sDeck = DeckOf("p2p_01.dat");
+    tmp.Write("RUN/sound.dat", sDeck.replace(sDeck.find("170.0"), 5, "1x0.0"));
+    const Ended tbl = ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out");
+    EXPECT_EQ(tbl.nStatus, 2);
+    EXPECT_EQ(tbl.sError,
+              "rec533w: sound.dat, SUNSPOT, columns 11-15: \"1x0.0\" is not a number\n");
+    EXPECT_FALSE(fs::exists(tmp.Path("RUN/sound.out")));
+    EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 1u);
+}
+
+TEST(Rec533Program, AMissingDeckOrFolderIsToldWithTheReason)
+{
+    TempFolder tmp;
+    const Ended tblFolder =
+        ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path("none") + "' sound.dat sound.out");
+    EXPECT_EQ(tblFolder.nStatus, 2);
+    EXPECT_NE(tblFolder.sError.find("not found"), std::string::npos) << tblFolder.sError;
+    tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
+    const Ended tblOutput =
+        ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat no/such.out");
+    EXPECT_EQ(tblOutput.nStatus, 2);
+    EXPECT_NE(tblOutput.sError.find("not found"), std::string::npos) << tblOutput.sError;
+    const Ended tblUsage = ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "'");
+    EXPECT_EQ(tblUsage.nStatus, 2);
+    EXPECT_EQ(tblUsage.sError, "rec533w: usage: ROOT DECK OUTPUT, or ROOT AREA CALC DECK\n");
+}
+
+TEST(Rec533Program, AFolderThatTakesNoFileIsToldWithTheReason)
+{
+    TempFolder tmp;
+    tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
+    // The kernel's own tree takes no file, not even from the superuser.
+    const Ended tbl =
+        ProgramRun(tmp, "rec533w.exe",
+                   "'" + tmp.Path() + "' sound.dat ../../../../../../../../proc/sound.out");
+    EXPECT_EQ(tbl.nStatus, 2);
+    EXPECT_EQ(std::count(tbl.sError.begin(), tbl.sError.end(), '\n'), 1);
+    fs::create_directory(tmp.Path("RUN/folder.out"));
+    const Ended tblFolder =
+        ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat folder.out");
+    EXPECT_EQ(tblFolder.nStatus, 2);
+    EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 1u);  // the temporary file is gone
+}
+
+TEST(Rec533Program, AFullDiskKeepsTheOldOutputAndLeavesNoRest)
+{
+    TempFolder tmp;
+    tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
+    tmp.Write("RUN/sound.out", "old");
+    // A limit on the size of files stands for the disk; the standard error is short enough.
+    const Ended tbl = ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out",
+                                 "trap '' XFSZ; ulimit -f 4; ");
+    EXPECT_EQ(tbl.nStatus, 2);
+    EXPECT_NE(tbl.sError.find("Disk full"), std::string::npos) << tbl.sError;
+    EXPECT_EQ(BytesRead(tmp.Path("RUN/sound.out")), "old");
+    EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 2u);
+}
+
+TEST(P533Program, ComputesTheReferenceTable)
+{
+    TempFolder tmp;
+    const std::string sTable = tmp.Write(
+        "in.csv",
+        "id,tx_lat,tx_lon,rx_lat,rx_lon,path,month,ssn,pwr_w,noise,req_snr,req_rel,hour,freq\n"
+        "D01,12.72,-119.84,13.7,-119.23,SHORT,1,120,1,CITY,17,99,4,2.58\n");
+    const std::string sOut = tmp.Path("out.csv");
+    const std::string sFiles = " '" + sTable + "' '" + sOut + "'";
+    for (const std::string sOption : {"--reference", "--behaviour reference"}) {
+        EXPECT_EQ(ProgramRun(tmp, "hopcast-p533", sOption + sFiles).nStatus, 0);
+        EXPECT_NE(BytesRead(sOut).find(",7.771,,,7.771,-107.662,"), std::string::npos);
+    }
+    EXPECT_EQ(
+        ProgramRun(tmp, "hopcast-p533", "--maps mean '" + sTable + "' '" + sOut + "'").nStatus, 0);
+    EXPECT_NE(BytesRead(sOut).find(",7.758,,,7.758,"), std::string::npos);
+    EXPECT_EQ(ProgramRun(tmp, "hopcast-p533", "--maps none a b").nStatus, 2);
+    EXPECT_EQ(ProgramRun(tmp, "hopcast-p533", "one.csv").nStatus, 2);
+    EXPECT_EQ(
+        ProgramRun(tmp, "hopcast-p533", "'" + tmp.Path("none.csv") + "' '" + sOut + "'").nStatus,
+        1);
+}
+
+}  // namespace

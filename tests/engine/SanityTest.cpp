@@ -1,0 +1,223 @@
+// What must hold whatever the numbers are: symmetry, continuity, poles, antipodes, never
+// not-a-number.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <random>
+#include <vector>
+
+#include "engine/rec533/Prediction.h"
+
+namespace {
+
+using namespace rec533;  // NOLINT(google-build-using-namespace)
+
+struct Bench {
+    std::unique_ptr<Ionosphere> pIono = std::make_unique<Ionosphere>();
+    std::unique_ptr<Path> pPath = std::make_unique<Path>();
+    std::unique_ptr<Hour> pHour = std::make_unique<Hour>();
+
+    Prediction Run(const Circuit& tbl, int nLabel, double dFrequency)
+    {
+        PathFill(*pPath, *pIono, tbl);
+        HourFill(*pHour, *pPath, nLabel);
+        Prediction tblPrediction;
+        PredictionFill(tblPrediction, *pHour, dFrequency);
+        return tblPrediction;
+    }
+};
+
+Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon)
+{
+    Circuit tbl;
+    tbl.dTxLat = dTxLat;
+    tbl.dTxLon = dTxLon;
+    tbl.dRxLat = dRxLat;
+    tbl.dRxLon = dRxLon;
+    return tbl;
+}
+
+// The end of a great circle of dKm that leaves a place at a bearing (degrees).
+void EndGet(Circuit& tbl, double dBearing, double dKm)
+{
+    const double dLat = tbl.dTxLat * kRadians;
+    const double dB = dBearing * kRadians;
+    const double dA = dKm / kEarthKm;
+    const double dSin =
+        std::sin(dLat) * std::cos(dA) + std::cos(dLat) * std::sin(dA) * std::cos(dB);
+    const double dEnd = std::asin(std::clamp(dSin, -1.0, 1.0));
+    const double dTurn = std::atan2(std::sin(dB) * std::sin(dA) * std::cos(dLat),
+                                    std::cos(dA) - std::sin(dLat) * std::sin(dEnd));
+    tbl.dRxLat = dEnd * kDegrees;
+    tbl.dRxLon = std::remainder(tbl.dTxLon + dTurn * kDegrees, 360.0);
+}
+
+bool AllFinite(const Hour& tblHour, const Prediction& tbl)
+{
+    for (const double d :
+         {tblHour.dMuf, tblHour.dMuf10, tblHour.dMuf90, tblHour.dOperational,
+          tblHour.dOperational10, tblHour.dOperational90, tbl.dField, tbl.dPower, tbl.dElevation,
+          tbl.dNoise, tbl.tblSnr.dMedian, tbl.tblSnr.dUpper, tbl.tblSnr.dLower,
+          tbl.tblSnr.dExceeded, tbl.tblSnr.dReliability, tbl.tblAtmospheric.dFa})
+        if (!std::isfinite(d))
+            return false;
+    return true;
+}
+
+class RandomSweep : public testing::TestWithParam<int> {};
+
+// Eight shares of 25,000 random inputs.
+TEST_P(RandomSweep, GivesNumbersEverywhere)
+{
+    std::mt19937 rng(static_cast<unsigned>(GetParam()) + 533U);
+    const auto fnDraw = [&](double dLow, double dHigh) {
+        return std::uniform_real_distribution<double>(dLow, dHigh)(rng);
+    };
+    Bench tbl;
+    for (int i = 0; i < 25000; ++i) {
+        const int nMonth = static_cast<int>(fnDraw(1.0, 12.9999));
+        if (i % 50 == 0)
+            IonosphereFill(*tbl.pIono, static_cast<Behaviour>(i / 50 % 3),
+                           static_cast<MapSet>(i / 150 % 3), nMonth, fnDraw(0.0, 311.0));
+        Circuit tblCircuit = CircuitOf(fnDraw(-90.0, 90.0), fnDraw(-180.0, 180.0),
+                                       fnDraw(-90.0, 90.0), fnDraw(-180.0, 180.0));
+        tblCircuit.bLongWay = i % 7 == 0;
+        tblCircuit.dPowerKw = std::pow(10.0, fnDraw(-6.0, 4.0));
+        tblCircuit.dNoiseLevel = fnDraw(-200.0, -100.0);
+        tblCircuit.dRequiredReliability = fnDraw(-50.0, 150.0);
+        tblCircuit.dLeastElevation = fnDraw(-5.0, 95.0) * (i % 2);
+        const int nLabel = static_cast<int>(fnDraw(1.0, 24.9999));
+        const Prediction tblPrediction = tbl.Run(tblCircuit, nLabel, fnDraw(0.1, 45.0));
+        ASSERT_TRUE(AllFinite(*tbl.pHour, tblPrediction))
+            << tblCircuit.dTxLat << " " << tblCircuit.dTxLon << " to " << tblCircuit.dRxLat << " "
+            << tblCircuit.dRxLon << (tblCircuit.bLongWay ? " long" : "") << " at " << nLabel;
+        ASSERT_GE(tblPrediction.tblSnr.dReliability, 0.0);
+        ASSERT_LE(tblPrediction.tblSnr.dReliability, 100.0);
+    }
+}
+INSTANTIATE_TEST_SUITE_P(Shares, RandomSweep, testing::Range(0, 8));
+
+TEST(Sanity, PolesAntipodesAndOnePlaceGiveNumbers)
+{
+    Bench tbl;
+    for (const Behaviour eBehaviour :
+         {Behaviour::Reference, Behaviour::Corrected, Behaviour::Best}) {
+        for (const int nMonth : {1, 6}) {
+            IonosphereFill(*tbl.pIono, eBehaviour, MapSet::Ursi, nMonth, 0.0);
+            for (const Circuit& tblCircuit :
+                 {CircuitOf(90, 0, -90, 0), CircuitOf(90, 50, 89.9, 10),
+                  CircuitOf(-90, 0, -77.85, 166.67), CircuitOf(10, 20, -10, -160),
+                  CircuitOf(0, 0, 0, 180), CircuitOf(0, 0, 0, 0), CircuitOf(10, 20, 10, 20),
+                  CircuitOf(90, 0, 90, 0), CircuitOf(0, 180, 0, -180)}) {
+                for (int nLabel = 1; nLabel <= 24; ++nLabel)
+                    for (const double dFrequency : {1.0, 7.0, 29.0})
+                        ASSERT_TRUE(AllFinite(*tbl.pHour, tbl.Run(tblCircuit, nLabel, dFrequency)))
+                            << tblCircuit.dTxLat << " to " << tblCircuit.dRxLat << " "
+                            << tblCircuit.dRxLon;
+            }
+        }
+    }
+}
+
+TEST(Sanity, ReverseHasTheSameDistanceAndMuf)
+{
+    std::mt19937 rng(7);
+    std::uniform_real_distribution<double> draw(-1.0, 1.0);
+    Bench tbl;
+    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ccir, 3, 120.0);
+    for (int i = 0; i < 300; ++i) {
+        const Circuit tblThere =
+            CircuitOf(90 * draw(rng), 180 * draw(rng), 90 * draw(rng), 180 * draw(rng));
+        const Circuit tblBack =
+            CircuitOf(tblThere.dRxLat, tblThere.dRxLon, tblThere.dTxLat, tblThere.dTxLon);
+        tbl.Run(tblThere, 1 + i % 24, 14.0);
+        const double dKm = tbl.pPath->tblWay.dKm;
+        const double dMuf = tbl.pHour->dMuf;
+        tbl.Run(tblBack, 1 + i % 24, 14.0);
+        EXPECT_NEAR(tbl.pPath->tblWay.dKm, dKm, 1e-6);
+        EXPECT_NEAR(tbl.pHour->dMuf, dMuf, 1e-6);
+    }
+}
+
+struct Border {
+    const char* sName;
+    Circuit tblA, tblB;
+};
+
+TEST(Sanity, NothingJumpsAtTheDateLineTheEquatorAndGreenwich)
+{
+    constexpr double kBit = 1e-7;  // degrees
+    const Border aBorders[]{
+        {"date line", CircuitOf(20, 150, 30, 180 - kBit), CircuitOf(20, 150, 30, -180 + kBit)},
+        {"Greenwich", CircuitOf(40, 20, 50, kBit), CircuitOf(40, 20, 50, -kBit)},
+        {"equator", CircuitOf(30, 20, kBit, 10), CircuitOf(30, 20, -kBit, 10)},
+    };
+    Bench tbl;
+    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ursi, 5, 70.0);
+    for (const Border& c : aBorders) {
+        for (int nLabel = 1; nLabel <= 24; ++nLabel) {
+            const Prediction tblA = tbl.Run(c.tblA, nLabel, 10.0);
+            const double dMuf = tbl.pHour->dMuf;
+            const Prediction tblB = tbl.Run(c.tblB, nLabel, 10.0);
+            EXPECT_NEAR(dMuf, tbl.pHour->dMuf, 0.001) << c.sName;
+            EXPECT_NEAR(tblA.dField, tblB.dField, 0.01) << c.sName << " " << nLabel;
+        }
+    }
+}
+
+// Steps over a part of forty great circles. A circle whose order of hops changes within it is
+// passed over: that step is the method's own, at whatever distance it comes.
+std::vector<double> StepsGet(double dNearKm, double dFarKm)
+{
+    std::mt19937 rng(11);
+    std::uniform_real_distribution<double> draw(-1.0, 1.0);
+    Bench tbl;
+    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ccir, 10, 100.0);
+    std::vector<double> aSteps;
+    while (aSteps.size() < 40) {
+        Circuit tblNear = CircuitOf(80 * draw(rng), 180 * draw(rng), 0, 0);
+        Circuit tblFar = tblNear;
+        const double dBearing = 180.0 * draw(rng);
+        EndGet(tblNear, dBearing, dNearKm);
+        EndGet(tblFar, dBearing, dFarKm);
+        const int nLabel = 1 + static_cast<int>(aSteps.size()) % 24;
+        const double dNear = tbl.Run(tblNear, nLabel, 12.0).dField;
+        const int nOrder = tbl.pHour->nOrderF2;
+        const double dFar = tbl.Run(tblFar, nLabel, 12.0).dField;
+        if (nOrder == tbl.pHour->nOrderF2 && dNear > -100.0)
+            aSteps.push_back(std::abs(dFar - dNear));
+    }
+    std::sort(aSteps.begin(), aSteps.end());
+    return aSteps;
+}
+
+TEST(Sanity, NothingJumpsAt7000Km)
+{
+    EXPECT_LT(StepsGet(kShortOnly - 0.5, kShortOnly + 0.5).back(), 0.1);
+}
+
+TEST(Sanity, NothingJumpsAt9000Km)
+{
+    EXPECT_LT(StepsGet(kLongOnly - 0.5, kLongOnly + 0.5).back(), 0.1);
+    EXPECT_LT(StepsGet(kLongOnly + 99.5, kLongOnly + 100.5).back(), 0.1);
+}
+
+TEST(Sanity, FieldDoesNotDependOnWhichHoursCameBefore)
+{
+    Bench tbl;
+    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ccir, 7, 100.0);
+    const Circuit tblCircuit = CircuitOf(50, 0, 10, 60);
+    const double dAlone = tbl.Run(tblCircuit, 17, 15.0).dField;
+    Prediction tblPrediction;
+    for (int nLabel = 1; nLabel <= 17; ++nLabel) {
+        HourFill(*tbl.pHour, *tbl.pPath, nLabel);
+        for (const double dFrequency : {3.0, 30.0, 15.0})
+            PredictionFill(tblPrediction, *tbl.pHour, dFrequency);
+    }
+    EXPECT_EQ(tblPrediction.dField, dAlone);
+}
+
+}  // namespace

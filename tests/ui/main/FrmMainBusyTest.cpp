@@ -1,0 +1,133 @@
+/// What is asked for while a run is under way waits for its end.
+#include <gtest/gtest.h>
+
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "ui/details/frmDetails.h"
+#include "ui/support/MainRig.h"
+#include "ui/support/UiEvents.h"
+
+namespace {
+
+/// Runs a prediction during which something happens once.
+void UpdateWith(MainRig& rig, frmMain& frm, const std::function<void()>& fnDuring)
+{
+    bool bDone = false;
+    rig.m_engine.nStarts = 0;
+    rig.m_engine.fnDuring = [&bDone, fnDuring] {
+        if (!std::exchange(bDone, true))
+            fnDuring();
+    };
+    EXPECT_TRUE(frm.Update());
+    EXPECT_TRUE(bDone);
+    rig.m_engine.fnDuring = {};
+}
+
+TEST(FrmMainBusy, SecondUpdateIsDoneOnceAfterTheFirst)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    UpdateWith(rig, frm, [&] {
+        EXPECT_FALSE(frm.Update());
+        EXPECT_FALSE(frm.Update());
+        EXPECT_FALSE(frm.Update());
+    });
+    EXPECT_EQ(rig.m_engine.nStarts, 2);  // one prediction of two chunks so far
+    MainRig::EventsRun();
+    EXPECT_EQ(rig.m_engine.nStarts, 4);
+    MainRig::EventsRun();
+    EXPECT_EQ(rig.m_engine.nStarts, 4);
+}
+
+TEST(FrmMainBusy, CommandsWaitAndAreDoneInOrder)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    UpdateWith(rig, frm, [&] {
+        CellMouse(*frm.grdData, {3, 4});
+        frm.mnuFileSave->trigger();
+        EXPECT_EQ(frm.DataGetSelected().iHour, 14);
+        EXPECT_TRUE(rig.m_aAsked.empty());
+    });
+    EXPECT_FALSE(frm.m_pDetails);
+    MainRig::EventsRun();
+    EXPECT_EQ(frm.DataGetSelected().iHour, 4);
+    EXPECT_TRUE(frm.m_pDetails);
+    EXPECT_EQ(rig.m_aAsked.size(), 1u);
+}
+
+TEST(FrmMainBusy, ExitAndTheCloseBoxWait)
+{
+    for (const bool bExit : {true, false}) {
+        MainRig rig;
+        frmMain& frm = rig.Start();
+        UpdateWith(rig, frm, [&] {
+            if (bExit)
+                frm.mnuFileExit->trigger();
+            else
+                EXPECT_FALSE(frm.close());
+            EXPECT_TRUE(frm.isVisible());
+        });
+        EXPECT_TRUE(frm.isVisible());
+        MainRig::EventsRun();
+        EXPECT_FALSE(frm.isVisible());
+    }
+}
+
+TEST(FrmMainBusy, UpdateButtonPressedDuringARunWaits)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    UpdateWith(rig, frm, [&] {
+        frm.cmdUpdate->setEnabled(true);
+        QTest::mouseClick(frm.cmdUpdate, Qt::LeftButton);
+        EXPECT_EQ(rig.m_engine.nStarts, 0);
+    });
+    MainRig::EventsRun();
+    EXPECT_EQ(rig.m_engine.nStarts, 4);
+}
+
+TEST(FrmMainBusy, PointerIsBusyDuringTheRunAndNotAfterIt)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    UpdateWith(rig, frm, [] {
+        ASSERT_NE(QApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    });
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    rig.m_engine.bFail = true;
+    EXPECT_FALSE(frm.Update());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST(FrmMainBusy, PendingEventsAreHandledOnceDuringTheRun)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    bool bTimer = false;
+    UpdateWith(rig, frm, [&] { QTimer::singleShot(0, &frm, [&bTimer] { bTimer = true; }); });
+    EXPECT_TRUE(bTimer);
+}
+
+TEST(FrmMainBusy, ARunStartedByATimerDuringTheRunIsPutOff)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    bool bAsked = false;
+    UpdateWith(rig, frm, [&] {
+        QTimer::singleShot(0, &frm, [&] {
+            bAsked = true;
+            EXPECT_FALSE(frm.Update());
+        });
+    });
+    EXPECT_TRUE(bAsked);
+    EXPECT_EQ(rig.m_engine.nStarts, 2);
+    MainRig::EventsRun();
+    EXPECT_EQ(rig.m_engine.nStarts, 4);
+}
+
+}  // namespace

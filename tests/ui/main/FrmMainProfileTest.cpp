@@ -1,0 +1,207 @@
+/// The profile commands, the save at the end, and profiles that are not as they should be.
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <filesystem>
+
+#ifndef _WIN32
+#include "support/UserDrop.h"
+#endif
+#include "ui/support/MainRig.h"
+#include "ui/support/UiEvents.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+TEST(FrmMainProfile, OpenAsksWithTheProfileInForceAndPredicts)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    const std::string sOther = rig.m_folder.Write("other.ini", "[Receiver Data]\nLatitude=12\n");
+    rig.m_sAnswer = QString::fromStdString(sOther);
+    rig.m_engine.nStarts = 0;
+    frm.mnuFileOpen->trigger();
+    ASSERT_EQ(rig.m_aAsked.size(), 1u);
+    EXPECT_EQ(rig.m_aAsked[0].eKind, FileDialogKind::Open);
+    EXPECT_EQ(rig.m_aAsked[0].sFile, QString::fromStdString(rig.m_sProfileFile));
+    EXPECT_EQ(rig.m_aAsked[0].sFilter, QStringLiteral("File (*.ini)|*.ini"));
+    EXPECT_EQ(frm.m_settings.m_sProfileFile, sOther);
+    EXPECT_EQ(frm.m_settings.m_dRcLat, 12.0);
+    EXPECT_EQ(frm.txtLat0->text(), QStringLiteral("12°00.00'N"));
+    EXPECT_EQ(rig.m_engine.nStarts, 2);
+}
+
+TEST(FrmMainProfile, SaveWritesUnderTheChosenNameAndPredictsNothing)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    const std::string sOther = rig.m_folder.Path("saved.ini");
+    rig.m_sAnswer = QString::fromStdString(sOther);
+    rig.m_engine.nStarts = 0;
+    frm.mnuFileSave->trigger();
+    ASSERT_EQ(rig.m_aAsked.size(), 1u);
+    EXPECT_EQ(rig.m_aAsked[0].eKind, FileDialogKind::Save);
+    EXPECT_EQ(rig.m_aAsked[0].sFile, QString::fromStdString(rig.m_sProfileFile));
+    EXPECT_EQ(frm.m_settings.m_sProfileFile, sOther);
+    EXPECT_NE(BytesRead(sOther).find("SunSpot Number=100"), std::string::npos);
+    EXPECT_EQ(rig.m_engine.nStarts, 0);
+}
+
+TEST(FrmMainProfile, CancelledDialogsChangeNothing)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    const std::string sBytes = BytesRead(rig.m_sProfileFile);
+    rig.m_engine.nStarts = 0;
+    frm.mnuFileOpen->trigger();
+    frm.mnuFileSave->trigger();
+    EXPECT_EQ(rig.m_aAsked.size(), 2u);
+    EXPECT_EQ(frm.m_settings.m_sProfileFile, rig.m_sProfileFile);
+    EXPECT_EQ(BytesRead(rig.m_sProfileFile), sBytes);
+    EXPECT_EQ(rig.m_engine.nStarts, 0);
+}
+
+TEST(FrmMainProfile, OpenMovesTheWindowToTheProfilesPlace)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    rig.m_sAnswer = QString::fromStdString(
+        rig.m_folder.Write("place.ini", "[Window Data]\nLeft=150\nTop=300\n"));
+    const QSize size = frm.frameGeometry().size();
+    frm.mnuFileOpen->trigger();
+    EXPECT_EQ(frm.frameGeometry().topLeft(), QPoint(10, 20));
+    EXPECT_EQ(frm.frameGeometry().size(), size);  // the keys that are missing leave theirs
+}
+
+TEST(FrmMainProfile, EndSavesSettingsListAndPlace)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_dRcLat = 11.0;
+    frm.FrequencySet(2, 3500.0F);
+    frm.move(30, 40);
+    frm.close();
+    const std::string sBytes = BytesRead(rig.m_sProfileFile);
+    EXPECT_NE(sBytes.find("Frequency 2=3500"), std::string::npos);
+    EXPECT_NE(sBytes.find("Latitude=11"), std::string::npos);
+    EXPECT_NE(sBytes.find("Left=450"), std::string::npos);
+    EXPECT_NE(sBytes.find("Top=600"), std::string::npos);
+}
+
+TEST(FrmMainProfile, MaximisedWindowLeavesTheLastNormalPlace)
+{
+    MainRig rig;
+    rig.ProfileAdd("[Window Data]\nHeight=8400\nLeft=150\nTop=225\nWidth=11700\n");
+    frmMain& frm = rig.Start();
+    frm.setWindowState(Qt::WindowMaximized);
+    frm.close();
+    const std::string sBytes = BytesRead(rig.m_sProfileFile);
+    for (const char* sLine : {"Height=8400", "Left=150", "Top=225", "Width=11700"})
+        EXPECT_NE(sBytes.find(sLine), std::string::npos) << sLine;
+}
+
+TEST(FrmMainProfile, FailedSaveAtTheEndIsToldOnceAndTheProgramEnds)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_sProfileFile = rig.m_folder.Path("hopcast.ini") + "/no/profile.ini";
+    frm.close();
+    ASSERT_EQ(rig.m_msg.m_aShown.size(), 1u);
+    EXPECT_EQ(rig.m_msg.m_aShown[0].eIcon, MsgIcon::Info);
+    EXPECT_EQ(rig.m_msg.m_aShown[0].sText.rfind(
+                  "Problem with initialization file " + frm.m_settings.m_sProfileFile + ", ", 0),
+              0u);
+    EXPECT_FALSE(frm.isVisible());
+}
+
+#ifndef _WIN32
+TEST(FrmMainProfile, ReadOnlyProfileIsLeftAloneAndToldOnce)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    const std::string sBytes = BytesRead(rig.m_sProfileFile);
+    fs::permissions(rig.m_folder.Path(), fs::perms::all);
+    fs::permissions(rig.m_sProfileFile, fs::perms::owner_read | fs::perms::others_read);
+    frm.m_settings.m_dRcLat = 1.0;
+    {
+        const UserDrop drop;
+        frm.close();
+    }
+    EXPECT_EQ(rig.m_msg.m_aShown.size(), 1u);
+    EXPECT_EQ(BytesRead(rig.m_sProfileFile), sBytes);
+    EXPECT_FALSE(frm.isVisible());
+}
+#endif
+
+TEST(FrmMainProfile, ProfileSaveErrorTellsFileAndReason)
+{
+    MainRig rig;
+    const frmMain& frm = rig.Make();
+    frm.ProfileSaveError(2);
+    ASSERT_EQ(rig.m_msg.m_aShown.size(), 1u);
+    EXPECT_EQ(rig.m_msg.m_aShown[0].sText.rfind(
+                  "Problem with initialization file " + rig.m_sProfileFile + ", ", 0),
+              0u);
+}
+
+TEST(FrmMainProfile, CountBeyondTheListBecomesFifteen)
+{
+    MainRig rig;
+    rig.ProfileAdd("[Propagation Data]\nCount=999\n");
+    const frmMain& frm = rig.Start();
+    EXPECT_EQ(frm.m_settings.m_nData, 15);
+    EXPECT_EQ(frm.grdData->RowsGet(), 16);
+    EXPECT_EQ(rig.m_engine.nStarts, 2);
+}
+
+TEST(FrmMainProfile, CountOfThreeMakesThreeRows)
+{
+    MainRig rig;
+    rig.m_engine.nChunks = 1;
+    rig.ProfileAdd(
+        "[Propagation Data]\nCount=3\nFrequency 1=3000\nFrequency 2=4000\nFrequency "
+        "3=5000\nFrequency 4=6000\n");
+    const frmMain& frm = rig.Start();
+    EXPECT_EQ(frm.grdData->RowsGet(), 4);
+    EXPECT_EQ(frm.grdData->TextGet(3, 0), QStringLiteral("5000"));
+    EXPECT_EQ(frm.grdData->TextGet(3, 24), QStringLiteral("27"));
+}
+
+TEST(FrmMainProfile, DecimalCommaIsRead)
+{
+    MainRig rig;
+    rig.ProfileAdd("[Transmitter Data]\nLatitude=51,25\n");
+    EXPECT_EQ(rig.Start().txtLat1->text(), QStringLiteral("51°15.00'N"));
+}
+
+TEST(FrmMainProfile, RubbishAndHugeProfilesDoNotHurt)
+{
+    std::string sRubbish;
+    for (int n = 0; n < 200000; ++n) sRubbish += static_cast<char>(n * 7919 % 256);
+    std::string sHuge = "[Propagation Model]\nModel=2\nSunSpot Option=False\n";
+    sHuge.append(std::size_t{10} << 20, 'x');
+    for (const std::string& sBytes : {sRubbish, sHuge}) {
+        MainRig rig;
+        rig.AirmailWrite("Airmail.ini", "[Propagation]\nSSN=66\n");
+        rig.m_folder.Write("hopcast.ini", sBytes);
+        const frmMain& frm = rig.Start();
+        EXPECT_EQ(frm.grdData->RowsGet(), 16);
+        EXPECT_EQ(frm.txtLat1->text(), QStringLiteral("38°00.00'N"));
+    }
+}
+
+TEST(FrmMainProfile, PositionsBeyondTheGlobeAreShownAndTold)
+{
+    MainRig rig;
+    rig.ProfileAdd("[Transmitter Data]\nLatitude=500\nLongitude=-9999\n");
+    rig.m_engine.bFail = true;
+    const frmMain& frm = rig.Start();
+    EXPECT_EQ(frm.txtLat1->text(), QStringLiteral("500°00.00'N"));
+    EXPECT_EQ(frm.txtLon1->text(), QStringLiteral("9999°00.00'W"));
+    frm.txtLat1->setFocus();
+    QTest::keyClicks(frm.txtLat1, QStringLiteral("123456789nnn"));
+    EXPECT_EQ(frm.txtLat1->selectedText().length(), 1);
+}
+
+}  // namespace

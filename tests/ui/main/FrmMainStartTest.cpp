@@ -1,0 +1,207 @@
+/// Creation, first showing, other windows, end.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTabWidget>
+#include <QTest>
+
+#include "ui/details/frmDetails.h"
+#include "ui/map/frmMap.h"
+#include "ui/options/frmAbout.h"
+#include "ui/options/frmOptions.h"
+#include "ui/support/MainRig.h"
+#include "ui/support/UiEvents.h"
+
+namespace {
+
+TEST(FrmMainStart, CreationPutsDefaultsInForceAndPredictsNothing)
+{
+    MainRig rig;
+    const frmMain& frm = rig.Make();
+    EXPECT_FALSE(frm.ActivatedIs());
+    EXPECT_EQ(frm.m_settings.m_iPropagationModel, kEngineRec533);
+    EXPECT_EQ(frm.m_settings.m_dTxLat, 38.0);
+    EXPECT_EQ(frm.windowTitle(), QStringLiteral("Hopcast"));
+    EXPECT_EQ(frm.lblTime->text(), QStringLiteral("Zulu:  00:00"));
+    EXPECT_EQ(frm.txtLat0->text(), QStringLiteral("00 00.00 N"));
+    EXPECT_EQ(frm.txtLon1->text(), QStringLiteral("000 00.00 E"));
+    EXPECT_EQ(rig.m_engine.nStarts, 0);
+}
+
+TEST(FrmMainStart, FirstShowingLoadsTheProfileAndPredictsOnce)
+{
+    MainRig rig;
+    rig.ProfileAdd("[Transmitter Data]\nLatitude=-33.5\n");
+    frmMain& frm = rig.Start();
+    EXPECT_EQ(frm.m_settings.m_dTxLat, -33.5);
+    EXPECT_EQ(frm.txtLat1->text(), QStringLiteral("33°30.00'S"));
+    EXPECT_EQ(rig.m_engine.nStarts, 2);
+    EXPECT_EQ(frm.lblTime->text(), QStringLiteral("Zulu: 13:05"));
+    frm.hide();
+    frm.show();
+    MainRig::EventsRun();
+    EXPECT_EQ(rig.m_engine.nStarts, 2);
+}
+
+TEST(FrmMainStart, WithoutProfileAndAirmailTheDefaultsAreInForceAndOneBoxTellsWhy)
+{
+    MainRig rig;
+    std::remove(rig.m_sProfileFile.c_str());
+    frmMain& frm = rig.Start();
+    EXPECT_EQ(frm.m_settings.m_iPropagationModel, kEngineRec533);
+    EXPECT_EQ(frm.grdData->RowsGet(), 16);
+    EXPECT_TRUE(frm.m_settings.m_bPropagationSunSpotNumber);
+    ASSERT_EQ(rig.m_msg.m_aShown.size(), 1u);
+    EXPECT_EQ(rig.m_msg.m_aShown[0].sText.rfind("Unable to find AirMail's Propagation, SSN", 0),
+              0u);
+    EXPECT_NE(frm.lblTrouble->text().indexOf(QStringLiteral("clear Auto")), -1);
+}
+
+TEST(FrmMainStart, Rec533IsPredictedAndSelectsTheHour)
+{
+    MainRig rig(kEngineRec533);
+    const frmMain& frm = rig.Start();
+    EXPECT_EQ(frm.grdData->TextGet(4, 7), QStringLiteral("11"));
+    EXPECT_EQ(frm.grdData->TextGet(15, 24), QStringLiteral("39"));
+    EXPECT_EQ(frm.DataGetSelected().iHour, 14);
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+}
+
+TEST(FrmMainStart, WindowTakesItsPlaceFromTheProfile)
+{
+    MainRig rig;
+    rig.ProfileAdd("[Window Data]\nHeight=8400\nLeft=150\nTop=225\nWidth=11700\n");
+    const frmMain& frm = rig.Start();
+    EXPECT_EQ(frm.frameGeometry().topLeft(), QPoint(10, 15));
+    EXPECT_EQ(frm.frameGeometry().size(), QSize(780, 560));
+}
+
+TEST(FrmMainStart, PlaceIsTheSameAfterManyStarts)
+{
+    MainRig rig;
+    rig.ProfileAdd("[Window Data]\nHeight=8400\nLeft=150\nTop=225\nWidth=11700\n");
+    for (int n = 0; n < 3; ++n) {
+        rig.Start().close();
+        rig.m_pFrm.reset();
+    }
+    EXPECT_EQ(rig.Start().frameGeometry(), QRect(10, 15, 780, 560));
+}
+
+TEST(FrmMainStart, WindowOffEveryScreenAppearsOnAVisibleOne)
+{
+    for (const char* sPlace :
+         {"Left=-999999\nTop=-999999\n", "Left=1e30\nTop=1e30\nWidth=1e30\nHeight=1e30\n",
+          "Width=-5\nHeight=0\nLeft=99999\n"}) {
+        MainRig rig;
+        rig.ProfileAdd(std::string("[Window Data]\n") + sPlace);
+        const frmMain& frm = rig.Start();
+        EXPECT_TRUE(frm.screen()->availableGeometry().contains(frm.frameGeometry())) << sPlace;
+        EXPECT_GE(frm.width(), frm.minimumSizeHint().width());
+    }
+}
+
+TEST(FrmMainStart, OptionsItemsShowTheDialogOnTheirTab)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    int iTab = 0;
+    for (QAction* pAction : {frm.mnuOptionsAirMail, frm.mnuOptionsModel, frm.mnuOptionsFrequency,
+                             frm.mnuOptionsTime, frm.mnuOptionsMap}) {
+        const frmOptions* pBefore = frm.m_pOptions;
+        pAction->trigger();
+        ASSERT_TRUE(frm.m_pOptions);
+        EXPECT_TRUE(frm.m_pOptions->isVisible());
+        EXPECT_FALSE(frm.m_pOptions->isModal());
+        EXPECT_EQ(frm.m_pOptions->findChild<QTabWidget*>()->currentIndex(), iTab);
+        EXPECT_TRUE(pBefore == nullptr || pBefore == frm.m_pOptions);
+        ++iTab;
+    }
+}
+
+TEST(FrmMainStart, MapCommandAndButtonsOpenTheOneMap)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    QTest::mouseClick(frm.cmdRcMap, Qt::LeftButton);
+    ASSERT_TRUE(frm.m_pMap);
+    const frmMap* pMap = frm.m_pMap;
+    EXPECT_TRUE(pMap->isVisible());
+    QTest::mouseClick(frm.cmdTxMap, Qt::LeftButton);
+    frm.mnuViewWorldMap->trigger();
+    EXPECT_EQ(frm.m_pMap, pMap);
+}
+
+TEST(FrmMainStart, EndUnloadsTheOtherWindowsInOrderAndThenSaves)
+{
+    std::vector<std::string> asLog;
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuOptionsModel->trigger();
+    frm.mnuViewWorldMap->trigger();
+    CellMouse(*frm.grdData, {2, 2});
+    frm.mnuHelpAbout->trigger();
+    const auto Log = [&](QWidget* pWindow, const char* sName) {
+        QObject::connect(pWindow, &QObject::destroyed, [&, sName] {
+            asLog.emplace_back(sName);
+            EXPECT_EQ(BytesRead(rig.m_sProfileFile).find("Window Data"), std::string::npos);
+        });
+    };
+    Log(frm.m_pOptions, "options");
+    Log(frm.m_pMap, "map");
+    Log(frm.m_pDetails, "details");
+    Log(frm.m_pAbout, "about");
+    frm.mnuFileExit->trigger();
+    EXPECT_EQ(asLog, (std::vector<std::string>{"about", "details", "map", "options"}));
+    EXPECT_NE(BytesRead(rig.m_sProfileFile).find("[Window Data]"), std::string::npos);
+    EXPECT_FALSE(frm.isVisible());
+}
+
+TEST(FrmMainStart, ClosedWindowsAreDestroyedAndMadeAnew)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    for (int n = 0; n < 2; ++n) {
+        frm.mnuHelpAbout->trigger();
+        frm.mnuViewWorldMap->trigger();
+        frm.mnuOptionsTime->trigger();
+        frm.mnuViewDetailData->trigger();
+        ASSERT_TRUE(frm.m_pAbout && frm.m_pMap && frm.m_pOptions && frm.m_pDetails);
+        for (QWidget* pWindow : std::initializer_list<QWidget*>{frm.m_pAbout, frm.m_pMap,
+                                                                frm.m_pOptions, frm.m_pDetails})
+            pWindow->close();
+        MainRig::EventsRun();
+        EXPECT_FALSE(frm.m_pAbout || frm.m_pMap || frm.m_pOptions || frm.m_pDetails);
+    }
+}
+
+TEST(FrmMainStart, OtherWindowsFindTheTablesLabels)
+{
+    MainRig rig;
+    const frmMain& frm = rig.Start();
+    EXPECT_EQ(frm.FrequencyTextGet(7), "14000");
+    EXPECT_EQ(frm.FrequencyTextGet(16), "");
+}
+
+TEST(FrmMainStart, MenusHaveTheirToldItems)
+{
+    MainRig rig;
+    const frmMain& frm = rig.Start();
+    const auto Texts = [](const QMenu* pMenu) {
+        QStringList asText;
+        for (const QAction* pAction : pMenu->actions())
+            if (!pAction->isSeparator())
+                asText.append(pAction->text().remove(QLatin1Char('&')));
+        return asText.join(QLatin1Char('|'));
+    };
+    EXPECT_EQ(Texts(frm.mnuFile), QStringLiteral("Default|Open...|Save...|Exit"));
+    EXPECT_EQ(Texts(frm.mnuView), QStringLiteral("World Map...|Detail Data..."));
+    EXPECT_EQ(Texts(frm.mnuOptions),
+              QStringLiteral("AirMail...|Model...|Frequency...|Time...|Map..."));
+    EXPECT_EQ(Texts(frm.mnuHelp), QStringLiteral("About..."));
+    EXPECT_EQ(Texts(frm.mnuTransmitter), QStringLiteral("Ham|SailMail|Other"));
+    EXPECT_EQ(frm.menuBar()->actions().size(), 4);
+}
+
+}  // namespace
