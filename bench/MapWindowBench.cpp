@@ -118,10 +118,11 @@ void CellsBench(benchmark::State& state)
     frm.m_view.ZoomSet(frm.m_view.BoxGetZoom({60, 100, 10, 179}));
     const OverlayBox box = OverlayGetBoxes(frm.m_view.m_box).at(0);
     std::vector<GridPoint> aPoints;
-    for (int i = 0; i < kSide * kSide; ++i)
-        aPoints.push_back({box.dBottom + (box.dTop - box.dBottom) * (i / kSide) / (kSide - 1),
-                           box.dLeft + (box.dRight - box.dLeft) * (i % kSide) / (kSide - 1),
-                           static_cast<float>(20 + i % 60)});
+    for (int iLat = 0; iLat < kSide; ++iLat)
+        for (int iLon = 0; iLon < kSide; ++iLon)
+            aPoints.push_back({box.dBottom + (box.dTop - box.dBottom) * iLat / (kSide - 1),
+                               box.dLeft + (box.dRight - box.dLeft) * iLon / (kSide - 1),
+                               static_cast<float>(20 + (iLat + iLon) % 60)});
     QImage img = frm.pctMap->m_img.copy();
     for (auto _ : state) CellsPaint(img, frm.m_view, {box, kSide, 20.0F, SnrGetColor}, aPoints);
     state.counters["limit_us"] = kCellsLimit;

@@ -29,7 +29,9 @@ std::vector<LegendRow> LegendGetRows(float fMinSnr,
     std::vector<LegendRow> aRows;
     aRows.push_back({QStringLiteral("%1 and above").arg(Text(std::max(kHighest, fMinSnr))),
                      ColourGet(kHighest), true});
-    for (float fLow = kHighest - kBand; fLow >= kLowest; fLow -= kBand) {
+    constexpr int kBands = static_cast<int>((kHighest - kLowest) / kBand);
+    for (int i = 1; i <= kBands; ++i) {
+        const float fLow = kHighest - static_cast<float>(i) * kBand;
         const bool bDrawn = fMinSnr < fLow + kBand;
         aRows.push_back({RowText(bDrawn ? std::max(fLow, fMinSnr) : fLow, fLow + kBand),
                          ColourGet(fLow), bDrawn});
