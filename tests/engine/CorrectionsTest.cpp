@@ -78,8 +78,10 @@ double SeriesOf(int nMonth, double dSsn, int nHour, double dLatDegrees, double d
                                                         : std::sin(nOrder * dLon);
         double dHours = 0.0;
         for (int i = 0; i < 13; ++i) {
-            const double dLow = aFigures[static_cast<std::size_t>(i + 13 * k)];
-            const double dHigh = aFigures[static_cast<std::size_t>(i + 13 * k + 988)];
+            const double dLow =
+                aFigures[static_cast<std::size_t>(i) + 13 * static_cast<std::size_t>(k)];
+            const double dHigh =
+                aFigures[static_cast<std::size_t>(i) + 13 * static_cast<std::size_t>(k) + 988];
             const int nHarmonic = (i + 1) / 2;
             const double dTerm = i == 0       ? 1.0
                                  : i % 2 == 1 ? std::sin(nHarmonic * dT)

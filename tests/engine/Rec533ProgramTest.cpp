@@ -152,11 +152,9 @@ TEST(P533Program, ComputesTheReferenceTable)
         "id,tx_lat,tx_lon,rx_lat,rx_lon,path,month,ssn,pwr_w,noise,req_snr,req_rel,hour,freq\n"
         "D01,12.72,-119.84,13.7,-119.23,SHORT,1,120,1,CITY,17,99,4,2.58\n");
     const std::string sOut = tmp.Path("out.csv");
-    for (const char* sOption : {"--reference", "--behaviour reference"}) {
-        EXPECT_EQ(ProgramRun(tmp, "hopcast-p533",
-                             std::string(sOption) + " '" + sTable + "' '" + sOut + "'")
-                      .nStatus,
-                  0);
+    const std::string sFiles = " '" + sTable + "' '" + sOut + "'";
+    for (const std::string sOption : {"--reference", "--behaviour reference"}) {
+        EXPECT_EQ(ProgramRun(tmp, "hopcast-p533", sOption + sFiles).nStatus, 0);
         EXPECT_NE(BytesRead(sOut).find(",7.771,,,7.771,-107.662,"), std::string::npos);
     }
     EXPECT_EQ(

@@ -175,8 +175,8 @@ void CrossingsFill(const AbsorptionHour& tblHour, const GreatCircle& tblPath, in
         const Place tblDown = CrossingPlaceGet(tblPath, (i + 1) * dHop - dNear);
         double dTanUp, dTanDown;
         MagneticDipTansGet(tblUp, tblDown, dTanUp, dTanDown);
-        pCrossings[2 * i] = CrossingGet(tblHour, tblUp, dTanUp);
-        pCrossings[2 * i + 1] = CrossingGet(tblHour, tblDown, dTanDown);
+        *pCrossings++ = CrossingGet(tblHour, tblUp, dTanUp);
+        *pCrossings++ = CrossingGet(tblHour, tblDown, dTanDown);
     }
 }
 

@@ -119,7 +119,8 @@ void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& 
     const double dNear = CrossingKmGet(dElevation);
     std::array<double, 24> aSum{};
     for (int i = 0; i < 2 * nHops; ++i) {
-        const double dKm = i % 2 == 0 ? i / 2 * dHop + dNear : (i / 2 + 1) * dHop - dNear;
+        const int nHop = i / 2;
+        const double dKm = i % 2 == 0 ? nHop * dHop + dNear : (nHop + 1) * dHop - dNear;
         const Place tblPlace = GreatCirclePlace(tblWay, dKm / tblWay.dKm);
         tbl.aLowPlaces[static_cast<std::size_t>(i)] = tblPlace;
         for (std::size_t t = 0; t < 24; ++t) {

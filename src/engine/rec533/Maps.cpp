@@ -41,7 +41,7 @@ void FunctionsAdd(std::array<double, kCells>& aCells, const Functions& tbl,
     const auto nFirst = static_cast<std::size_t>(aLast[0]);
     for (std::size_t i = 0; i <= nFirst; ++i) aCells[i] += dWeight * tbl.aPower[i];
     for (std::size_t m = 1; m < kOrderCount; ++m) {
-        auto i = static_cast<std::size_t>(aLast[m - 1] + 1);
+        std::size_t i = static_cast<std::size_t>(aLast[m - 1]) + 1;
         const double dCos = dWeight * tbl.aCos[m];
         const double dSin = dWeight * tbl.aSin[m];
         for (std::size_t q = 0; i <= static_cast<std::size_t>(aLast[m]); i += 2, ++q) {

@@ -58,7 +58,7 @@ Noise BlockGet(const NoiseFigures& tbl, NoisePlace& tblPlace, int nBlock, double
         tblPlace.aMegahertz[nAt] = BlockSum(tbl, tblPlace, nAt);
         tblPlace.aSummed[nAt] = true;
     }
-    const int nHemisphere = tblPlace.tblPlace.dLat >= 0.0 ? nBlock : nBlock + 6;
+    const std::size_t nHemisphere = tblPlace.tblPlace.dLat >= 0.0 ? nAt : nAt + 6;
     const float* pFam = tbl.pFam + 14 * nHemisphere;
     const double dLog = std::log10(dFrequency);
     const double dU = (8.0 * std::exp2(dLog) - 11.0) / 4.0;

@@ -18,7 +18,7 @@ constexpr double kSameEast = 0.01;  // degrees: both ends at one place are told 
 struct Column {
     bool bUsed = false;
     double dFrequency = 0.0;
-    rec533::Prediction tbl;
+    rec533::Prediction tblPrediction;
 };
 
 struct Page {
@@ -115,25 +115,25 @@ void ModeAppend(std::string& s, const Column& tbl)
         s += "  0  ";
         return;
     }
-    if (tbl.tbl.pMode == nullptr) {
+    if (tbl.tblPrediction.pMode == nullptr) {
         s += "   - ";
         return;
     }
     char aName[6] = "     ";
-    const int nHops = tbl.tbl.pMode->nHops;
+    const int nHops = tbl.tblPrediction.pMode->nHops;
     aName[1] = nHops >= 10 ? static_cast<char>('0' + nHops / 10) : ' ';
     aName[2] = static_cast<char>('0' + nHops % 10);
-    aName[3] = tbl.tbl.pMode->bE ? 'E' : 'F';
-    aName[4] = tbl.tbl.pMode->bE ? ' ' : '2';
+    aName[3] = tbl.tblPrediction.pMode->bE ? 'E' : 'F';
+    aName[4] = tbl.tblPrediction.pMode->bE ? ' ' : '2';
     s += aName;
 }
 
 void AngleAppend(std::string& s, const Column& tbl)
 {
-    if (tbl.bUsed && tbl.tbl.pMode == nullptr)
+    if (tbl.bUsed && tbl.tblPrediction.pMode == nullptr)
         s += "   - ";
     else
-        FieldAppend(s, tbl.bUsed ? tbl.tbl.dElevation * rec533::kDegrees : 0.0, 5, 0);
+        FieldAppend(s, tbl.bUsed ? tbl.tblPrediction.dElevation * rec533::kDegrees : 0.0, 5, 0);
 }
 
 template <class ValueFn>
@@ -174,14 +174,16 @@ void BlockAppend(Page& tbl, double dLuf)
     HourLineAppend(tbl, dLuf);
     RowAppend(tbl, "MODE", ModeAppend);
     RowAppend(tbl, "ANGL", AngleAppend);
-    NumberRowAppend(tbl, "DBU ", [](const Column& c) { return c.tbl.dField; });
-    NumberRowAppend(tbl, "dBpW", [](const Column& c) { return c.tbl.dPower + kPicowatt; });
-    NumberRowAppend(tbl, "S/N ", [](const Column& c) { return c.tbl.tblSnr.dMedian; });
+    NumberRowAppend(tbl, "DBU ", [](const Column& c) { return c.tblPrediction.dField; });
+    NumberRowAppend(tbl, "dBpW",
+                    [](const Column& c) { return c.tblPrediction.dPower + kPicowatt; });
+    NumberRowAppend(tbl, "S/N ", [](const Column& c) { return c.tblPrediction.tblSnr.dMedian; });
     RowAppend(tbl, "FS/N", [](std::string& s, const Column& c) {
-        FieldAppend(s, c.bUsed ? std::clamp(c.tbl.tblSnr.dReliability / 100.0, 0.01, 0.99) : 0.0, 5,
-                    2);
+        FieldAppend(
+            s, c.bUsed ? std::clamp(c.tblPrediction.tblSnr.dReliability / 100.0, 0.01, 0.99) : 0.0,
+            5, 2);
     });
-    NumberRowAppend(tbl, "SNxx", [](const Column& c) { return c.tbl.tblSnr.dExceeded; });
+    NumberRowAppend(tbl, "SNxx", [](const Column& c) { return c.tblPrediction.tblSnr.dExceeded; });
 }
 
 void HourAppend(Page& tbl, int nLabel)
@@ -191,7 +193,7 @@ void HourAppend(Page& tbl, int nLabel)
     for (Column& tblColumn : tbl.aColumns) {
         tblColumn.bUsed = FrequencyUsable(tblColumn.dFrequency);
         if (tblColumn.bUsed)
-            PredictionFill(tblColumn.tbl, tbl.tblHour, tblColumn.dFrequency);
+            PredictionFill(tblColumn.tblPrediction, tbl.tblHour, tblColumn.dFrequency);
     }
     BlockAppend(tbl, LufGet(tbl.tblHour));
 }

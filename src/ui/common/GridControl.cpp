@@ -16,7 +16,7 @@ namespace {
 /// Room above and below the text of a row, pixels.
 constexpr int kRowRoomLeast = 6;
 /// A row grows with the window to this many line heights.
-constexpr double kRowLinesMost = 2.2;
+constexpr int kRowLinesMost = 3;
 /// Rows and columns that stay visible however small the window.
 constexpr int kLeastRows = 4;
 constexpr int kLeastCols = 6;
@@ -105,7 +105,7 @@ void GridControl::ColWidthSet(int iCol, int nWidth)
         if (nWidth > 0)
             setColumnWidth(iCol - 1, nWidth);
     }
-    RowsStretch();
+    LimitsSet();
     updateGeometry();
 }
 
@@ -172,7 +172,7 @@ void GridControl::StaleSet(bool bStale)
 void GridControl::HugSet(bool bHug)
 {
     m_bHug = bHug;
-    RowsStretch();
+    LimitsSet();
 }
 
 void GridControl::CurrentSet(int iRow, int iCol)
@@ -259,6 +259,8 @@ QSize GridControl::minimumSizeHint() const
     return {nWidth, nHeight};
 }
 
+int GridControl::RowHeightMost() const { return fontMetrics().height() * kRowLinesMost; }
+
 /// Rows share the height that there is, between a compact and an airy one.
 void GridControl::RowsStretch()
 {
@@ -266,14 +268,24 @@ void GridControl::RowsStretch()
     if (nRows < 1)
         return;
     const int nRoom = height() - 2 * frameWidth() - horizontalHeader()->sizeHint().height();
-    const int nMost = static_cast<int>(fontMetrics().height() * kRowLinesMost);
-    const int nHeight =
-        std::clamp(nRoom / nRows, RowHeightLeast(), std::max(nMost, RowHeightLeast()));
+    const int nHeight = std::clamp(nRoom / nRows, RowHeightLeast(), RowHeightMost());
     verticalHeader()->setDefaultSectionSize(nHeight);
+    // The pixels that do not divide go to the first rows.
+    const int nOver = nHeight < RowHeightMost() ? nRoom - nHeight * nRows : 0;
+    for (int i = 0; i < nOver; ++i)
+        verticalHeader()->resizeSection(i, nHeight + 1);
     const int nBar = nHeight * nRows > nRoom ? verticalScrollBar()->sizeHint().width() : 0;
     if (std::exchange(m_nBar, nBar) != nBar)
         updateGeometry();
-    setMaximumWidth(m_bHug ? ContentWidth() + m_nBar : QWIDGETSIZE_MAX);
+    LimitsSet();
+}
+
+void GridControl::LimitsSet()
+{
+    const int nHeader = horizontalHeader()->sizeHint().height();
+    const int nHeight = nHeader + (RowsGet() - 1) * RowHeightMost() + 2 * frameWidth();
+    setMaximumSize(m_bHug ? QSize(ContentWidth() + m_nBar, nHeight)
+                          : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
 }
 
 void GridControl::resizeEvent(QResizeEvent* pEvent)

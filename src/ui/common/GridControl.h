@@ -53,7 +53,7 @@ public:
     void StaleSet(bool bStale);
     [[nodiscard]] bool StaleGet() const { return m_bStale; }
 
-    /// The grid never grows wider than its columns.
+    /// The grid never grows wider than its columns, nor higher than its rows may become.
     void HugSet(bool bHug);
 
     void CurrentSet(int iRow, int iCol);  ///< brought into view; a header or none: no current cell
@@ -88,8 +88,10 @@ protected:
 private:
     void HeadersSetUp();
     void RowsStretch();
+    void LimitsSet();
     void MouseSeen(const QPoint& pnt);
     [[nodiscard]] int RowHeightLeast() const;
+    [[nodiscard]] int RowHeightMost() const;
     [[nodiscard]] int ContentWidth() const;
 
     GridModel* m_pModel;

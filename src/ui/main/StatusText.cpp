@@ -29,8 +29,8 @@ std::string MonthName(int nMonth)
 
 std::string StatusInForce(const Settings& settings, bool bBuiltIn)
 {
-    return EngineName(settings) + (bBuiltIn ? " (built-in)" : "") + kBetween
-           + MonthName(settings.m_iPropagationMonth) + kBetween + "sunspot number "
+    return EngineName(settings) + (bBuiltIn ? " (built-in, P.533 with long-path rule)" : "")
+           + kBetween + MonthName(settings.m_iPropagationMonth) + kBetween + "sunspot number "
            + NumberToText(settings.m_fPropagationSunSpotNumber)
            + (settings.m_bPropagationSunSpotNumber ? " (Airmail)" : " (set in the options)");
 }

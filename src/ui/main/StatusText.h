@@ -9,8 +9,8 @@
 
 #include "settings/Settings.h"
 
-/// "REC533 (built-in) · November · sunspot number 100 (set in the options)". An engine number that
-/// is none reads "no engine".
+/// "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (set in the
+/// options)". An engine number that is none reads "no engine".
 [[nodiscard]] std::string StatusInForce(const Settings& settings, bool bBuiltIn);
 
 /// Why a run failed.

@@ -29,7 +29,9 @@ std::vector<LegendRow> LegendGetRows(float fMinSnr,
     std::vector<LegendRow> aRows;
     aRows.push_back({QStringLiteral("%1 and above").arg(Text(std::max(kHighest, fMinSnr))),
                      ColourGet(kHighest), true});
-    for (float fLow = kHighest - kBand; fLow >= kLowest; fLow -= kBand) {
+    constexpr int kBands = static_cast<int>((kHighest - kLowest) / kBand);
+    for (int i = 1; i <= kBands; ++i) {
+        const float fLow = kHighest - static_cast<float>(i) * kBand;
         const bool bDrawn = fMinSnr < fLow + kBand;
         aRows.push_back({RowText(bDrawn ? std::max(fLow, fMinSnr) : fLow, fLow + kBand),
                          ColourGet(fLow), bDrawn});
@@ -57,7 +59,7 @@ QRect LegendPaint(QPainter& painter, const QRect& rctMap, const std::vector<Lege
     const QRect rct(rctMap.right() - nWidth - kMargin, rctMap.center().y() - nHeight / 2, nWidth,
                     nHeight);
     painter.setPen(QColor(0x60, 0x60, 0x60));
-    painter.setBrush(QColor(255, 255, 255, 235));
+    painter.setBrush(Qt::white);
     painter.drawRect(rct.adjusted(0, 0, -1, -1));
     QRect rctLine(rct.left() + kMargin, rct.top() + kMargin, nText, nLine);
     painter.setPen(Qt::black);

@@ -90,15 +90,15 @@ std::optional<float> GridGetNearest(std::span<const GridPoint> aPoints, double d
 
 QRect CellGetRect(const MapView& view, const CellPaint& cell, const GridPoint& pnt)
 {
-    const double dLatHalf = (cell.box.dTop - cell.box.dBottom) / (cell.nGridSize - 1) / 2;
-    const double dLonHalf = (cell.box.dRight - cell.box.dLeft) / (cell.nGridSize - 1) / 2;
-    const double dLat = PlaceSnap(pnt.dLat, cell.box.dBottom, cell.box.dTop, cell.nGridSize);
-    const double dLon = PlaceSnap(pnt.dLon, cell.box.dLeft, cell.box.dRight, cell.nGridSize);
+    const double dLatHalf = (cell.m_box.dTop - cell.m_box.dBottom) / (cell.nGridSize - 1) / 2;
+    const double dLonHalf = (cell.m_box.dRight - cell.m_box.dLeft) / (cell.nGridSize - 1) / 2;
+    const double dLat = PlaceSnap(pnt.dLat, cell.m_box.dBottom, cell.m_box.dTop, cell.nGridSize);
+    const double dLon = PlaceSnap(pnt.dLon, cell.m_box.dLeft, cell.m_box.dRight, cell.nGridSize);
     // A half cell beyond the box would be painted over the neighbouring box's cells at longitude
     // 180, and over the blank strip beside the world at longitude 0.
-    const double dShift = LonGetShift(cell.box);
-    const double dWest = std::max(dLon - dLonHalf, cell.box.dLeft) + dShift;
-    const double dEast = std::min(dLon + dLonHalf, cell.box.dRight) + dShift;
+    const double dShift = LonGetShift(cell.m_box);
+    const double dWest = std::max(dLon - dLonHalf, cell.m_box.dLeft) + dShift;
+    const double dEast = std::min(dLon + dLonHalf, cell.m_box.dRight) + dShift;
     const auto RowGet = [&view](double dPlace) { return RoundHalfEven(view.LatGetY(dPlace)); };
     const int nTop = std::min(RowGet(dLat + dLatHalf), RowGet(dLat - dLatHalf));
     const int nBottom = std::max(RowGet(dLat + dLatHalf), RowGet(dLat - dLatHalf));

@@ -51,7 +51,7 @@ Result<std::vector<GridPoint>> GridRead(AreaFile& file, std::size_t nMax);
 
 /// What stays the same for all cells of one box.
 struct CellPaint {
-    OverlayBox box;
+    OverlayBox m_box;
     int nGridSize = 2;  ///< points a side
     float fMinSnr = 0.0F;
     std::function<std::uint32_t(float fSnr)> fnColour;

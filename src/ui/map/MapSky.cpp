@@ -9,10 +9,11 @@
 namespace {
 
 constexpr double kRadian = kPi / 180;
-constexpr double kPathStep = 0.5;    // degrees between points of the path
-constexpr double kNightStep = 0.5;   // degrees between points of the night line
-constexpr int kStrokeEvery = 12;     // points of the night line between two strokes
-constexpr double kStrokeLong = 1.6;  // degrees
+constexpr double kPathStep = 0.5;                   // degrees between points of the path
+constexpr int kNightSteps = 720;                    // points of the night line
+constexpr double kNightStep = 360.0 / kNightSteps;  // degrees
+constexpr int kStrokeEvery = 12;                    // points of the night line between two strokes
+constexpr double kStrokeLong = 1.6;                 // degrees
 
 struct Vector3 {
     double dX, dY, dZ;
@@ -90,8 +91,8 @@ LatLon SunGetPosition(int nMonth, double dHour)
 std::vector<LatLon> NightGetLine(const LatLon& sun)
 {
     std::vector<LatLon> aPoints;
-    for (double dAngle = 0; dAngle <= 360; dAngle += kNightStep)
-        aPoints.push_back(PositionOf(NightPoint(sun, dAngle)));
+    for (int i = 0; i <= kNightSteps; ++i)
+        aPoints.push_back(PositionOf(NightPoint(sun, i * kNightStep)));
     return aPoints;
 }
 
@@ -99,8 +100,8 @@ std::vector<LatLon> NightGetStrokes(const LatLon& sun)
 {
     std::vector<LatLon> aPoints;
     const Vector3 vecSun = VectorFrom(sun);
-    for (double dAngle = 0; dAngle < 360; dAngle += kStrokeEvery * kNightStep) {
-        const Vector3 vecLine = NightPoint(sun, dAngle);
+    for (int i = 0; i < kNightSteps; i += kStrokeEvery) {
+        const Vector3 vecLine = NightPoint(sun, i * kNightStep);
         aPoints.push_back(PositionOf(vecLine));
         aPoints.push_back(PositionOf(Mix(vecLine, std::cos(kStrokeLong * kRadian), vecSun,
                                          -std::sin(kStrokeLong * kRadian))));

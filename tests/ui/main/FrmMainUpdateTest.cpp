@@ -267,11 +267,15 @@ TEST(FrmMainUpdate, FrequencyListIsReadBackFromItsRoundedLabels)
     MainRig rig;
     frmMain& frm = rig.Start();
     frm.FrequencySet(3, 7050.6F);
+    frm.FrequencySet(4, 7049.6F);
     EXPECT_TRUE(frm.Update());
     EXPECT_EQ(frm.grdData->TextGet(3, 0), QStringLiteral("7051"));
     EXPECT_EQ(frm.FrequencyGet(3), 7051.0F);
-    EXPECT_NE(rig.m_engine.asDeck.at(rig.m_engine.asDeck.size() - 2).find("7.05"),
-              std::string::npos);
+    EXPECT_EQ(frm.FrequencyGet(4), 7050.0F);
+    // 7.0496 MHz would be written as 7.0; the label's 7.05 is 7.1.
+    const std::string& sDeck = rig.m_engine.asDeck.at(rig.m_engine.asDeck.size() - 2);
+    EXPECT_EQ(sDeck.find("  7.0"), std::string::npos);
+    EXPECT_NE(sDeck.find("  7.1  7.1"), std::string::npos) << sDeck;
 }
 
 TEST(FrmMainUpdate, EmptyFrequencyListFailsWithoutTouchingTheEngine)

@@ -17,7 +17,8 @@ Settings SettingsMake(int iModel, int nMonth)
 TEST(StatusInForce, TellsEngineMonthAndSunspotNumber)
 {
     EXPECT_EQ(StatusInForce(SettingsMake(kEngineRec533, 11), true),
-              "REC533 (built-in) · November · sunspot number 100 (set in the options)");
+              "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (set "
+              "in the options)");
     Settings settings = SettingsMake(kEngineVoacap, 1);
     settings.m_bPropagationSunSpotNumber = true;
     settings.m_fPropagationSunSpotNumber = 66.5F;

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "MapFakes.h"
+#include "airmail/AirMailFolders.h"
 #include "propagation/EngineLib.h"
 #include "support/NeedVoacapl.h"
 
@@ -93,6 +94,42 @@ TEST_F(MapEndToEnd, PathOfTheDefaultCircuit)
     OverlayChoose();
     EXPECT_GT(ColoursCount(), 3);
     PictureKeep("map_circuit_overlay.png");
+}
+
+TEST_F(MapEndToEnd, StationsAndReadOut)
+{
+    const TempFolder folder;
+    folder.Write("System.HAM.ini",
+                 "[Station Info]\r\nOSO=JN88:Europe\r\nW1ABC=FN42:Boston\r\nK4XYZ=EL87:Tampa\r\n");
+    folder.Write("System.SailMail.ini",
+                 "[Station Info]\r\nKZN508=DM12:San Diego\r\nXJN714=FN84:Lunenburg\r\n");
+    folder.Write("System.Third.ini", "[Station Info]\r\nA=DM04:one\r\nB=CN87:two\r\n");
+    folder.Write("System.Fourth.ini", "[Station Info]\r\nA=EM04:one\r\nB=EN37:two\r\n");
+    AirMailDataFolderSet(folder.Path());
+    Drag(m_pMap->pctMap, m_pMap->m_view.LatLonGetPoint(55, -135),
+         m_pMap->m_view.LatLonGetPoint(15, -60));
+    QTest::mouseClick(m_pMap->cmdStations, Qt::LeftButton);
+    m_pMap->mnuStations->close();
+    for (QAction* pItem : m_pMap->mnuStationsSystem) pItem->trigger();
+    QCoreApplication::processEvents();
+    QTest::mouseClick(m_pMap->cmdStations, Qt::LeftButton);
+    ASSERT_TRUE(m_pMap->mnuStations->grab().save(
+        QStringLiteral(TEST_BIN "/../pictures/map_menu_stations.png")));
+    m_pMap->mnuStations->close();
+    QCoreApplication::processEvents();
+    QTest::mousePress(m_pMap->lblRc, Qt::LeftButton, {}, {5, 5});
+    QMouseEvent evt(QEvent::MouseMove, QPointF(60, 20), m_pMap->lblRc->mapToGlobal(QPointF(60, 20)),
+                    Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_pMap->lblRc, &evt);
+    EXPECT_TRUE(m_pMap->txtCursor->isVisible());
+    PictureKeep("map_stations.png");
+    QTest::mouseRelease(m_pMap->lblRc, Qt::LeftButton, {}, {5, 5});
+    for (const StationDot* pDot : m_pMap->imgStation) EXPECT_TRUE(pDot->isVisible());
+    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
+    ASSERT_TRUE(m_pMap->mnuOverlay->grab().save(
+        QStringLiteral(TEST_BIN "/../pictures/map_menu_overlay.png")));
+    m_pMap->mnuOverlay->close();
+    AirMailFoldersReset();
 }
 
 TEST_F(MapEndToEnd, VoacapPaintsTheSameMap)

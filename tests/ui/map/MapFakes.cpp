@@ -114,7 +114,8 @@ MapWindow::MapWindow() : m_pMap(new frmMap(m_host))
 {
     m_host.m_pMap = m_pMap;
     m_pMap->show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(m_pMap));
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(m_pMap));
+    QApplication::setActiveWindow(m_pMap);  // a bare X server has nobody who would do it
 }
 
 MapWindow::~MapWindow() { delete m_pMap; }
