@@ -3,7 +3,8 @@
 /// hint that ends every Airmail message.
 ///
 /// Texts:   UTF-8 here, Windows-1252 in the files. Messages break lines with carriage returns
-/// alone. Errors:  a missing file, section or key, and an empty value, are all the empty text.
+///          alone.
+/// Errors:  a missing file, section or key, and an empty value, are all the empty text.
 /// Tests:   tests/airmail/AirMailIniTest.cpp
 #pragma once
 

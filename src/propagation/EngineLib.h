@@ -2,7 +2,7 @@
 /// The three engines, their files, and whether they are installed.
 ///
 /// Paths:   the engine package's own layout, fixed; PathToHost maps them to this host.
-/// Tests:   tests/propagation/EngineLibTest.cpp
+/// Tests:   tests/propagation/PropagationRunTest.cpp
 #pragma once
 
 #include <string>

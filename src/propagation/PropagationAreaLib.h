@@ -3,8 +3,7 @@
 ///
 /// Units:   degrees, dB.
 /// Errors:  PropagationAreaOpen and PropagationAreaOpenFile show one box; the point reader hands
-/// its
-///          error to the caller.
+///          its error to the caller.
 /// Tests:   tests/propagation/PropagationAreaTest.cpp
 #pragma once
 

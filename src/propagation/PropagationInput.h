@@ -18,12 +18,12 @@ struct PropagationModel {
     int nMonth = 1;              ///< 1..12
     std::string sIonCoefficients;
     float fSunSpotNumber = 0.0F;
-    float fNoiseLevel = 0.0F;    ///< dBW: negative point to point, positive (145) in an area
-    float fTakeoffAngle = 0.0F;  ///< degrees, least takeoff angle
-    float fReliability = 0.0F;   ///< %
-    float fMultipathPower = 0.0F;
-    float fMultipathDelay = 0.0F;
-    float fLayerAdjustE = 1.0F;
+    float fNoiseLevel = 0.0F;      ///< dBW: negative point to point, positive (145) in an area
+    float fTakeoffAngle = 0.0F;    ///< degrees, least takeoff angle
+    float fReliability = 0.0F;     ///< %
+    float fMultipathPower = 0.0F;  ///< dB, tolerance
+    float fMultipathDelay = 0.0F;  ///< ms, tolerance
+    float fLayerAdjustE = 1.0F;    ///< factor, as those below
     float fLayerAdjustF1 = 1.0F;
     float fLayerAdjustF2 = 1.0F;
     float fLayerAdjustEs = 1.0F;

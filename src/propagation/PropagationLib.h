@@ -2,8 +2,8 @@
 /// The road to a point-to-point prediction: deck, engine, output, table.
 ///
 /// Errors:  told in one box per failure, by the run that met it: the procedure's name, the stage,
-/// and
-///          the error's description. No failure ends the program; the table keeps what was read.
+///          and the error's description. No failure ends the program; the table keeps what was
+///          read.
 /// Threads: one; a run blocks up to 5 seconds an attempt, 10 a chunk.
 /// Tests:   tests/propagation/PropagationRunTest.cpp, EngineFaultTest.cpp
 #pragma once

@@ -32,8 +32,7 @@ void ProfileLoad(Settings& settings, const WindowApplyFn& fnWindowApply);
 
 /// Writes every key to settings.m_sProfileFile. Stops at the first write that fails and reports it.
 /// @param window  the window's place; nothing while it is minimised or maximised, so that the file
-/// keeps
-///                the last normal place.
+///                keeps the last normal place.
 /// @return true when all was written.
 bool ProfileSave(const Settings& settings, const std::optional<WindowData>& window);
 

@@ -2,24 +2,8 @@
 // windows.h first: shellapi.h needs its types
 #include <shellapi.h>
 
-#include <cstdlib>
-
 #include "system/ConsoleLib.h"
-
-namespace {
-
-std::string Utf8FromWide(const wchar_t* sWide)
-{
-    const int nBytes = WideCharToMultiByte(CP_UTF8, 0, sWide, -1, nullptr, 0, nullptr, nullptr);
-    if (nBytes <= 1)
-        return {};
-    std::string sText(static_cast<std::size_t>(nBytes), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, sWide, -1, sText.data(), nBytes, nullptr, nullptr);
-    sText.resize(static_cast<std::size_t>(nBytes) - 1);
-    return sText;
-}
-
-}  // namespace
+#include "system/HostPath.h"
 
 std::vector<std::string> ArgumentsGet(int /*nArguments*/, char** /*asArguments*/)
 {
@@ -35,10 +19,16 @@ std::vector<std::string> ArgumentsGet(int /*nArguments*/, char** /*asArguments*/
 bool ConsoleTakesColor()
 {
     SetConsoleOutputCP(CP_UTF8);
-    if (std::getenv("NO_COLOR") != nullptr)
+    const auto Set = [](const char* sName) {
+        const std::string sValue = EnvironmentGet(sName);
+        return !sValue.empty() && sValue != "0";
+    };
+    if (Set("NO_COLOR"))
         return false;
     HANDLE hOutput = GetStdHandle(STD_OUTPUT_HANDLE);
     DWORD nMode = 0;
-    return GetConsoleMode(hOutput, &nMode) != 0
-           && SetConsoleMode(hOutput, nMode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+    const bool bConsole =
+        GetConsoleMode(hOutput, &nMode) != 0
+        && SetConsoleMode(hOutput, nMode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+    return bConsole || Set("CLICOLOR_FORCE");
 }

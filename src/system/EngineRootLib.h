@@ -7,8 +7,9 @@
 /// prefix's drive C); (3) the private root: on Windows the fixed root itself, and only where it
 /// cannot be made %LOCALAPPDATA%\Hopcast\itshfbc; elsewhere $XDG_DATA_HOME/hopcast/itshfbc (default
 /// ~/.local/share/hopcast/itshfbc). Programs that Hopcast itself put into the fixed root do not
-/// count in (2). What it put there is listed in the root's hopcast-engines.txt. Tests:
-/// tests/system/EngineRootLibTest.cpp
+/// count in (2). What it put there is listed in the root's hopcast-engines.txt.
+///
+/// Tests:   tests/system/EngineRootLibPosixTest.cpp
 #pragma once
 
 #include <string>

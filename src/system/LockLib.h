@@ -13,9 +13,8 @@ class FileLock {
 public:
     /// Waits at most dSeconds for the lock on sPath (made when missing).
     /// @return the lock; "Permission denied" when another holds it to the end of the wait or the
-    /// file
-    ///         cannot be made for want of rights; another description when it cannot be made at
-    ///         all.
+    ///         file cannot be made for want of rights; another description when it cannot be made
+    ///         at all.
     static Result<FileLock> Take(const std::string& sPath, double dSeconds);
 
     FileLock(FileLock&&) noexcept;

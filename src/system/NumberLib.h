@@ -24,9 +24,8 @@
 /// Formats by a pattern: zeros before the point are the least number of integer digits, zeros
 /// behind it the decimals; a bare point at the end prints. "0", "00", "000", "0.", ".0", ".00",
 /// ".000", "0.0", "00.00" are in use. With no zero before the point an integer part of 0 prints no
-/// digit
-/// (".5"). A value that rounds to zero prints no minus. Not-a-number prints "nan", infinity "inf"
-/// (with its minus).
+/// digit (".5"). A value that rounds to zero prints no minus. Not-a-number prints "nan", infinity
+/// "inf" (with its minus).
 [[nodiscard]] std::string NumberFormat(double dValue, std::string_view sPattern);
 [[nodiscard]] std::string NumberFormat(float fValue, std::string_view sPattern);
 

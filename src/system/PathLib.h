@@ -4,7 +4,7 @@
 /// Paths that begin with a drive letter ("c:\itshfbc\RUN\sound.dat") are the contract with the
 /// engines and Airmail; every file service maps them by PathToHost. Host paths pass unchanged.
 /// Texts are UTF-8.
-/// Tests:   tests/system/PathLibTest.cpp
+/// Tests:   tests/system/PathLibPosixTest.cpp
 #pragma once
 
 #include <string>

@@ -2,7 +2,7 @@
 /// External programs: hidden start by command line, and waiting with a time limit.
 ///
 /// Units:   seconds.
-/// Tests:   tests/system/ProcessLibTest.cpp
+/// Tests:   tests/system/ProcessLibPosixTest.cpp
 #pragma once
 
 #include <functional>

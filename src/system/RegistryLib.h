@@ -1,7 +1,9 @@
 /// @file RegistryLib.h
 /// One string of the current user's registry: on Windows RegOpenKeyExA (query value, enumerate
 /// subkeys, notify: access mask 25), RegQueryValueExA, RegCloseKey; elsewhere the same key read
-/// from the Wine prefix's user.reg. Tests:   tests/system/RegistryLibTest.cpp
+/// from the Wine prefix's user.reg.
+///
+/// Tests:   tests/system/RegistryLibPosixTest.cpp
 #pragma once
 
 #include <optional>

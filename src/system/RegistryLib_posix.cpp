@@ -11,27 +11,6 @@
 
 namespace {
 
-void Utf8Append(std::string& sText, std::uint32_t nCode)
-{
-    const auto fnByte = [&sText](std::uint32_t nByte) { sText += static_cast<char>(nByte); };
-    const auto fnTail = [&](unsigned nShift) { fnByte(0x80U | ((nCode >> nShift) & 0x3FU)); };
-    if (nCode < 0x80) {
-        fnByte(nCode);
-    } else if (nCode < 0x800) {
-        fnByte(0xC0U | (nCode >> 6U));
-        fnTail(0);
-    } else if (nCode < 0x10000) {
-        fnByte(0xE0U | (nCode >> 12U));
-        fnTail(6);
-        fnTail(0);
-    } else {
-        fnByte(0xF0U | (nCode >> 18U));
-        fnTail(12);
-        fnTail(6);
-        fnTail(0);
-    }
-}
-
 /// Digits of a number in nBase at the start of sText, at most nMax of them; they are taken away.
 std::uint32_t DigitsTake(std::string_view& sText, int nBase, std::size_t nMax)
 {

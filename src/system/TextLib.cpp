@@ -20,20 +20,6 @@ char UpperGet(char chr)
     return chr >= 'a' && chr <= 'z' ? static_cast<char>(chr - 'a' + 'A') : chr;
 }
 
-void Utf8Append(std::string& sText, char32_t nCode)
-{
-    if (nCode < 0x80) {
-        sText += static_cast<char>(nCode);
-    } else if (nCode < 0x800) {
-        sText += static_cast<char>(0xC0 | (nCode >> 6));
-        sText += static_cast<char>(0x80 | (nCode & 0x3F));
-    } else {
-        sText += static_cast<char>(0xE0 | (nCode >> 12));
-        sText += static_cast<char>(0x80 | ((nCode >> 6) & 0x3F));
-        sText += static_cast<char>(0x80 | (nCode & 0x3F));
-    }
-}
-
 // One code point from position nAt on, which moves behind it; a malformed byte is taken alone and
 // gives the replacement character.
 char32_t Utf8Next(std::string_view sText, std::size_t& nAt)
@@ -74,6 +60,19 @@ char Windows1252Get(char32_t nCode)
 }
 
 }  // namespace
+
+void Utf8Append(std::string& sText, char32_t nCode)
+{
+    if (nCode < 0x80) {
+        sText += static_cast<char>(nCode);
+        return;
+    }
+    const int nTails = nCode < 0x800 ? 1 : nCode < 0x10000 ? 2 : 3;
+    constexpr std::array<unsigned, 4> kLeads{0, 0xC0, 0xE0, 0xF0};
+    sText += static_cast<char>(kLeads[static_cast<std::size_t>(nTails)] | (nCode >> (6 * nTails)));
+    for (int i = nTails - 1; i >= 0; --i)
+        sText += static_cast<char>(0x80 | ((nCode >> (6 * i)) & 0x3F));
+}
 
 std::string Utf8FromWindows1252(std::string_view sBytes)
 {

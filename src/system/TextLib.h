@@ -10,6 +10,9 @@
 /// U+00B0 in UTF-8.
 inline constexpr std::string_view kDegreeSign = "\xC2\xB0";
 
+/// Adds a character (0 to 0x10FFFF) as UTF-8.
+void Utf8Append(std::string& sText, char32_t nCode);
+
 /// Windows-1252 bytes to UTF-8; the five bytes without a meaning become U+FFFD.
 [[nodiscard]] std::string Utf8FromWindows1252(std::string_view sBytes);
 /// UTF-8 to Windows-1252; a character that it lacks, and a malformed byte, becomes "?".

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <ostream>
@@ -12,6 +11,7 @@
 
 #include "propagation/EngineCases.h"
 #include "propagation/PropagationTable.h"
+#include "support/NeedVoacapl.h"
 #include "support/ProgramRun.h"
 #include "support/TempFolder.h"
 #include "system/NumberLib.h"
@@ -26,11 +26,6 @@ ProgramResult Predict(Words asWords)
 {
     asWords.insert(asWords.begin(), TEST_BIN "/hopcast-predict");
     return ProgramRun(asWords);
-}
-
-bool VoacaplIsThere()
-{
-    return std::system("command -v voacapl >/dev/null") == 0;  // NOLINT(cert-env33-c)
 }
 
 /// A user's home of its own, so that the engine root is provisioned anew and nothing of the
@@ -154,11 +149,7 @@ class HopcastPredictVoacap : public HopcastPredict,
                              public testing::WithParamInterface<CircuitCase> {};
 TEST_P(HopcastPredictVoacap, GivesTheCapturedNumbersThroughTheLauncher)
 {
-    if (!VoacaplIsThere()) {
-        const char* sCi = std::getenv("CI");
-        ASSERT_FALSE(sCi != nullptr && std::string(sCi) == "true") << "voacapl is not installed";
-        GTEST_SKIP() << "voacapl is not installed, so VOACAP cannot be run";
-    }
+    NEED_VOACAPL();
     const CircuitCase& c = GetParam();
     Words asWords = CircuitWords(c);
     if (c.iAntenna <= 2) {
@@ -194,6 +185,56 @@ INSTANTIATE_TEST_SUITE_P(Circuits, HopcastPredictVoacap, testing::ValuesIn(Voaca
                          [](const testing::TestParamInfo<CircuitCase>& prm) {
                              return CaseName(prm.param.sName);
                          });
+
+TEST_F(HopcastPredict, TheShippedProfilePredictsWithTheBuiltInEngine)
+{
+    const Words asShipped{"--profile", SHIPPED_PROFILE, "--month", "11"};
+    const EnvironmentSet forced("CLICOLOR_FORCE", "1");
+    const EnvironmentSet wanted("NO_COLOR", std::nullopt);
+    const ProgramResult res = Predict(asShipped);
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_EQ(res.sError, "");
+    EXPECT_TRUE(
+        res.sOut.starts_with("Hopcast prediction: REC533 (built-in), month 11, sunspot "
+                             "number 100 (given)\n"))
+        << res.sOut;
+    for (int iHour = 0; iHour < 24; ++iHour) {
+        const std::string sHour = (iHour < 10 ? "\n 0" : "\n ") + std::to_string(iHour) + "\x1b[";
+        EXPECT_NE(res.sOut.find(sHour), std::string::npos) << iHour << "\n" << res.sOut;
+    }
+    // The numbers of the run lie between what no path gives and what no path can.
+    const ProgramResult resCsv =
+        Predict({"--profile", SHIPPED_PROFILE, "--month", "11", "--format", "csv"});
+    ASSERT_EQ(resCsv.nStatus, 0) << resCsv.sError;
+    const PropagationTable table = TableFromCsv(resCsv.sOut, 15);
+    float fBest = -999.0F;
+    for (int iHour = 1; iHour <= 24; ++iHour) {
+        EXPECT_GT(table.fMUF[iHour], 2000.0F) << iHour;
+        EXPECT_LT(table.fMUF[iHour], 60000.0F) << iHour;
+        for (int i = 1; i <= 15; ++i) fBest = std::max(fBest, table.fSnr(iHour, i));
+    }
+    EXPECT_GT(fBest, 20.0F);
+    EXPECT_LT(fBest, 120.0F);
+}
+
+TEST_F(HopcastPredict, ColoursAreForTerminalsUnlessTheyAreForced)
+{
+    const EnvironmentSet root(
+        "HOPCAST_ITSHFBC",
+        RootMake("cp '" + CapturedPath("rec533/p2p_09", ".out") + "' \"$1/RUN/$3\"\n"));
+    const auto Colours = [&](std::optional<std::string> sForced, std::optional<std::string> sNone) {
+        const EnvironmentSet forced("CLICOLOR_FORCE", std::move(sForced));
+        const EnvironmentSet none("NO_COLOR", std::move(sNone));
+        const ProgramResult res = Predict({"--ssn", "70", "--frequencies", "14100"});
+        EXPECT_EQ(res.nStatus, 0) << res.sError;
+        return res.sOut.find('\x1b') != std::string::npos;
+    };
+    EXPECT_FALSE(Colours(std::nullopt, std::nullopt)) << "the output is a file here";
+    EXPECT_TRUE(Colours("1", std::nullopt));
+    EXPECT_FALSE(Colours("0", std::nullopt));
+    EXPECT_FALSE(Colours("1", "1"));
+    EXPECT_TRUE(Colours("1", "")) << "an empty NO_COLOR counts as none";
+}
 
 TEST_F(HopcastPredict, WrongUsageIsOneLineAndStatus2AndRunsNothing)
 {
@@ -296,8 +337,7 @@ TEST_F(HopcastPredict, AFullDiskOnStandardOutputIsAFailure)
 
 TEST_F(HopcastPredict, AnAreaRunsOnceOrTwiceOverLongitude180)
 {
-    if (!VoacaplIsThere())
-        GTEST_SKIP() << "voacapl is not installed, so VOACAP cannot be run";
+    NEED_VOACAPL();
     const Words asArea{"--ssn",       "100",  "--model",       "voacap", "--month",
                        "3",           "--rc", "-18.14,178.44", "--hour", "6",
                        "--frequency", "7100", "--grid",        "3",      "--area"};
@@ -339,6 +379,16 @@ TEST_F(HopcastPredictAirmail, TakesTheSunspotNumberFromAirmail)
         "Hopcast prediction: REC533, month 4, sunspot number 112.5 (Airmail)\n"))
         << res.sOut;
     EXPECT_NE(BytesRead(m_tmp.Path("root/deck")).find("SUNSPOT   112.5\r\n"), std::string::npos);
+}
+
+TEST_F(HopcastPredictAirmail, ASunspotNumberThatIsNoneIsToldAndNothingRuns)
+{
+    m_tmp.Write("wine/drive_c/Program Files/AirMail/Airmail.ini", "[Propagation]\r\nSSN=high\r\n");
+    const ProgramResult res = Predict({"--frequencies", "14100"});
+    EXPECT_EQ(res.nStatus, 1);
+    EXPECT_EQ(res.sOut, "");
+    EXPECT_EQ(res.sError, "hopcast-predict: Airmail's sunspot number: Type mismatch\n");
+    EXPECT_FALSE(fs::exists(m_tmp.Path("root/deck")));
 }
 
 TEST_F(HopcastPredictAirmail, TakesTheReceiverFromAirmailAndSaysHowOldItIs)

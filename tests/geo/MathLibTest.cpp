@@ -135,6 +135,16 @@ TEST(Mercator, ProjectsAndComesBack)
         EXPECT_NEAR(MercatorLatitude(MercatorY(dLat)), dLat, 1e-9);
 }
 
+TEST(MathLib, NotANumberStaysOne)
+{
+    const double dNan = std::nan("");
+    EXPECT_TRUE(std::isnan(MercatorY(dNan)));
+    EXPECT_TRUE(std::isnan(MercatorLatitude(dNan)));
+    EXPECT_TRUE(std::isnan(Log10(dNan)));
+    EXPECT_TRUE(std::isnan(ArcSin(dNan).ValueGet()));
+    EXPECT_TRUE(std::isnan(GreatCircleAngle(1, 1, 1, dNan)));
+}
+
 TEST(SmallHelpers, FollowTheirRules)
 {
     EXPECT_DOUBLE_EQ(Log10(1000), 3);

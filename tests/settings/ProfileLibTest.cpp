@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <utility>
@@ -11,6 +12,12 @@
 #include "support/MsgRecorder.h"
 #include "support/TempFolder.h"
 #include "system/ErrorTextLib.h"
+#include "system/FileLib.h"
+#ifndef _WIN32
+#include "support/Faults.h"
+#endif
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -283,5 +290,56 @@ TEST_F(Profile, SaveFailureIsReportedOnceWithTheSystemsText)
 #endif
     EXPECT_EQ(settings.m_nData, 15);
 }
+
+#ifndef _WIN32
+TEST_F(Profile, ThatIsReadOnlyIsReportedOnceAndLeftAlone)
+{
+    const std::string sText = "[Map Data]\r\nOverlay Grid Size=40\r\n";
+    Settings settings;
+    settings.m_sProfileFile = m_tmp.Write("kept.ini", sText);
+    fs::permissions(settings.m_sProfileFile, static_cast<fs::perms>(0444));
+    MsgRecorder msg;
+    EXPECT_FALSE(ProfileSave(settings, WindowData{}));
+    ASSERT_EQ(msg.m_aShown.size(), 1u);
+    EXPECT_EQ(msg.m_aShown[0].sText, "Problem with initialization file " + settings.m_sProfileFile
+                                         + ", " + SystemErrorText(EACCES));
+    EXPECT_EQ(BytesRead(settings.m_sProfileFile), sText);
+}
+
+TEST_F(Profile, OnADiskThatFillsUpKeepsWhatItHeld)
+{
+    Settings settings;
+    settings.m_nData = 3;
+    const std::string sWhole = Save(settings, WindowData{});
+    settings.m_sProfileFile = m_tmp.Path("saved.ini");
+    AirMailDataFolderSet("D:\\" + std::string(200, 'x'));  // the first key makes the file longer
+    MsgRecorder msg;
+    {
+        const FileSizeLimit limit(sWhole.size() + 100);
+        EXPECT_FALSE(ProfileSave(settings, WindowData{}));
+    }
+    ASSERT_EQ(msg.m_aShown.size(), 1u);
+    EXPECT_EQ(msg.m_aShown[0].sText, "Problem with initialization file " + settings.m_sProfileFile
+                                         + ", " + SystemErrorText(EFBIG));
+    EXPECT_EQ(BytesRead(settings.m_sProfileFile), sWhole);
+    EXPECT_EQ(FilesList(m_tmp.Path() + "/*"), std::vector<std::string>{"saved.ini"});
+}
+
+TEST_F(Profile, StopsAtTheFirstKeyThatCannotBeWritten)
+{
+    Settings settings;
+    settings.m_sProfileFile = m_tmp.Write("small.ini", "");
+    AirMailProgramFolderSet("D:\\" + std::string(200, 'x'));  // the second key
+    MsgRecorder msg;
+    {
+        const FileSizeLimit limit(150);
+        EXPECT_FALSE(ProfileSave(settings, WindowData{}));
+    }
+    EXPECT_EQ(msg.m_aShown.size(), 1u);
+    // What was written before stays; the keys behind, which had room, are not tried.
+    EXPECT_EQ(BytesRead(settings.m_sProfileFile),
+              "[AirMail Data]\r\nDirectory Data=C:\\Program Files\\AirMail\r\n");
+}
+#endif
 
 }  // namespace

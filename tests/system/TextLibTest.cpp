@@ -35,6 +35,16 @@ TEST(Windows1252, ReplacesWhatItLacksAndWhatIsMalformed)
     EXPECT_EQ(Windows1252FromUtf8("\xFFz"), "?z");
 }
 
+TEST(Utf8Append, TakesEachLength)
+{
+    std::string sText;
+    for (const char32_t nCode : {0x00U, 0x7FU, 0x80U, 0x7FFU, 0x800U, 0xFFFFU, 0x10000U, 0x10FFFFU})
+        Utf8Append(sText, nCode);
+    EXPECT_EQ(sText, std::string("\0\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF"
+                                 "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF",
+                                 20));
+}
+
 TEST(TextTrim, DropsBlanksAtTheEndsOnly)
 {
     EXPECT_EQ(TextTrim("  a b \t"), "a b");

@@ -9,6 +9,7 @@
 
 #include "airmail/AirMailFolders.h"
 #include "app/predict/PredictPosition.h"
+#include "propagation/PropagationInput.h"
 #include "settings/ProfileLib.h"
 #include "system/FileLib.h"
 #include "system/NumberLib.h"
@@ -20,8 +21,6 @@ namespace {
 
 constexpr double kFrequencyLeastKhz = 100;
 constexpr double kFrequencyMostKhz = 45000;
-constexpr int kGridLeast = 2;
-constexpr int kGridMost = 999;
 
 enum class Mode { Both, PointToPoint, Area };
 
@@ -236,7 +235,7 @@ Result<void> AreaFrequencyApply(PredictOptions& options, const std::string& sVal
 
 Result<void> GridApply(PredictOptions& options, const std::string& sValue)
 {
-    const auto res = WholeGet(sValue, kGridLeast, kGridMost, "a number of grid points a side");
+    const auto res = WholeGet(sValue, kGridSizeMin, kGridSizeMax, "a number of grid points a side");
     if (!res)
         return res.ErrorGet();
     options.settings.m_iMapOverlayGridSize = res.ValueGet();

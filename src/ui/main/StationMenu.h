@@ -2,7 +2,7 @@
 /// The pop-up tree of Airmail's stations: Ham, SailMail and Other, each with one item per station.
 ///
 /// Errors:  station files that cannot be read are told by the Airmail reader, one box each.
-/// Tests:   tests/ui/main/StationMenuTest.cpp
+/// Tests:   tests/ui/main/FrmMainStationsTest.cpp
 #pragma once
 
 #include <QMenu>

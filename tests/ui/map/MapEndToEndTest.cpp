@@ -6,6 +6,7 @@
 #include "MapFakes.h"
 #include "airmail/AirMailFolders.h"
 #include "propagation/EngineLib.h"
+#include "support/NeedVoacapl.h"
 
 namespace {
 
@@ -133,8 +134,7 @@ TEST_F(MapEndToEnd, StationsAndReadOut)
 
 TEST_F(MapEndToEnd, VoacapPaintsTheSameMap)
 {
-    if (!fs::exists("/usr/bin/voacapl"))
-        GTEST_SKIP() << "voacapl is not installed";
+    NEED_VOACAPL();
     m_host.m_settings.m_iPropagationModel = kEngineVoacap;
     QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton);
     OverlayChoose();
