@@ -129,7 +129,7 @@ LossGet() {
     case $1 in
     qt6-base-dev) echo "the window program is left out" ;;
     voacapl*) echo "VOACAP will be \"not found.\"" ;;
-    xvfb) echo "no tests of the window on an X display" ;;
+    xvfb | xdotool | imagemagick) echo "no tests of the window on an X display" ;;
     g++-mingw*) echo "no build for Windows" ;;
     clang | libclang-rt-dev) echo "no fuzzing" ;;
     libbenchmark-dev) echo "no benchmarks" ;;
@@ -142,7 +142,7 @@ Main() {
     local voacapl=(voacapl voacapl-data)
     case $purpose in
     test)
-        needed+=(libgtest-dev libgmock-dev xvfb)
+        needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick)
         # Only CI builds for Windows and fuzzes.
         [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 clang libclang-rt-dev)
         ;;

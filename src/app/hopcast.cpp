@@ -1,5 +1,6 @@
 /// hopcast: the window program.
 #include <QApplication>
+#include <QFileInfo>
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -15,6 +16,7 @@
 
 namespace {
 
+constexpr int kExitFailed = 1;
 constexpr int kExitUsage = 2;
 
 constexpr const char* kHelp =
@@ -58,7 +60,7 @@ Options OptionsGet(const std::vector<std::string>& asWords)
     return options;
 }
 
-/// Ends the program once the first table is painted.
+/// Ends the program once the first table is painted; with status 1 when there is none.
 void OnceSetUp(frmMain& frm)
 {
     const double dStart = TimerGet();
@@ -69,6 +71,8 @@ void OnceSetUp(frmMain& frm)
         std::printf("%.0f\n", (TimerGet() - dStart) * kMilliseconds);
         std::fflush(stdout);
         frm.close();
+        if (frm.TableGet().nData == 0)
+            QApplication::exit(kExitFailed);
     });
 }
 
@@ -84,8 +88,11 @@ int WindowRun(QApplication& app, const Options& options)
     if (const auto res = EngineRootProvision(); !res)
         MsgBox(MsgIcon::Info, "Hopcast's own engine folder could not be made: " + res.TextGet());
     frmMain frm;
-    if (options.sProfile)
-        frm.m_settings.m_sProfileFile = *options.sProfile;
+    if (options.sProfile) {
+        // Windows looks for a profile without a folder in its own.
+        const QFileInfo info(QString::fromStdString(*options.sProfile));
+        frm.m_settings.m_sProfileFile = info.absoluteFilePath().toStdString();
+    }
     if (options.bOnce)
         OnceSetUp(frm);
     frm.show();

@@ -27,12 +27,14 @@ std::string MonthName(int nMonth)
 
 }  // namespace
 
-std::string StatusInForce(const Settings& settings, bool bBuiltIn)
+std::string StatusInForce(const Settings& settings, bool bBuiltIn, bool bSunSpotNumber)
 {
+    const std::string sNumber =
+        "sunspot number " + NumberToText(settings.m_fPropagationSunSpotNumber)
+        + (settings.m_bPropagationSunSpotNumber ? " (Airmail)" : " (options)");
     return EngineName(settings) + (bBuiltIn ? " (built-in, P.533 with long-path rule)" : "")
-           + kBetween + MonthName(settings.m_iPropagationMonth) + kBetween + "sunspot number "
-           + NumberToText(settings.m_fPropagationSunSpotNumber)
-           + (settings.m_bPropagationSunSpotNumber ? " (Airmail)" : " (set in the options)");
+           + kBetween + MonthName(settings.m_iPropagationMonth) + kBetween
+           + (bSunSpotNumber ? sNumber : "no sunspot number (Airmail)");
 }
 
 std::string StatusTrouble(RunTrouble eTrouble, const Settings& settings,

@@ -9,9 +9,11 @@
 
 #include "settings/Settings.h"
 
-/// "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (set in the
-/// options)". An engine number that is none reads "no engine".
-[[nodiscard]] std::string StatusInForce(const Settings& settings, bool bBuiltIn);
+/// "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (options)". An
+/// engine number that is none reads "no engine".
+/// @param bSunSpotNumber  false: Airmail was asked and had none
+[[nodiscard]] std::string StatusInForce(const Settings& settings, bool bBuiltIn,
+                                        bool bSunSpotNumber);
 
 /// Why a run failed.
 enum class RunTrouble { SunSpot, Frequencies, Engine };

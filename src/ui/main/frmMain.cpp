@@ -50,6 +50,9 @@ void frmMain::ControlsSetUp()
     lblTrouble->setObjectName(QStringLiteral("lblTrouble"));
     lblInForce = new QLabel(this);
     lblInForce->setObjectName(QStringLiteral("lblInForce"));
+    // A long text is cut (its tooltip has all of it), the window does not grow for it.
+    lblTrouble->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    lblTrouble->setIndent(fontMetrics().averageCharWidth());
     statusbar->addWidget(lblTrouble, 1);
     statusbar->addPermanentWidget(lblInForce);
 }

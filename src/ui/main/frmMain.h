@@ -127,6 +127,7 @@ private:
     SelectedCell m_marked{-1, -1};     ///< the cell that bears the mark in the grid
     std::optional<QRect> m_rectOuter;  ///< place from the profile, until the frame is known
     std::string m_sTrouble;            ///< of the last run, empty when it succeeded
+    bool m_bSunSpotNumber = true;      ///< the last run had a sunspot number
     bool m_bActivated = false;
     bool m_bActivating = false;
     bool m_bPainted = false;

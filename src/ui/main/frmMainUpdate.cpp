@@ -175,7 +175,8 @@ bool frmMain::PredictionMake()
     const auto resSunSpot = SunSpotNumberGet(m_settings, fSunSpotNumber);
     if (!resSunSpot)
         MsgBox(MsgIcon::None, resSunSpot.TextGet());
-    if (!resSunSpot || !resSunSpot.ValueGet())
+    m_bSunSpotNumber = resSunSpot && resSunSpot.ValueGet();
+    if (!m_bSunSpotNumber)
         return TroubleSet(RunTrouble::SunSpot);
     if (m_settings.m_bPropagationMonth)
         m_settings.m_iPropagationMonth = UtcNow().nMonth;
@@ -233,7 +234,8 @@ void frmMain::StatusShow()
     const Engine* pEngine = EngineFind(m_settings.m_iPropagationModel);
     const bool bBuiltIn = m_settings.m_iPropagationModel == kEngineRec533
                           && EngineIsBuiltIn(std::string(pEngine->sProgram));
-    lblInForce->setText(QString::fromStdString(StatusInForce(m_settings, bBuiltIn)));
+    lblInForce->setText(
+        QString::fromStdString(StatusInForce(m_settings, bBuiltIn, m_bSunSpotNumber)));
     lblTrouble->setText(QString::fromStdString(m_sTrouble));
     lblTrouble->setToolTip(lblTrouble->text());
     const bool bOld = !m_sTrouble.empty();

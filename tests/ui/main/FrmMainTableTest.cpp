@@ -279,6 +279,21 @@ TEST(FrmMainTable, ControlsHaveTheirToolTipsAndAccessibleNames)
     EXPECT_FALSE(frm.cmdTxAirmail->icon().isNull());
 }
 
+TEST(FrmMainTable, LegendShowsEachBandInItsColour)
+{
+    MainRig rig;
+    const frmMain& frm = rig.Start();
+    QStringList asBand;
+    for (const QLabel* pBand : frm.pctLegend->findChildren<QLabel*>()) {
+        asBand.append(pBand->text());
+        if (!pBand->autoFillBackground())
+            continue;
+        const float fSnr = pBand->text().remove(QLatin1Char('+')).toFloat();  // "< 40" is 0
+        EXPECT_EQ(pBand->palette().color(QPalette::Window), ColorFromBgr(frm.SnrGetColor(fSnr)));
+    }
+    EXPECT_EQ(asBand.join(QLatin1Char('|')), QStringLiteral("SNR (dB)|< 40|40|45|50|55|60|65|70+"));
+}
+
 TEST(FrmMainTable, SpeaksFrequencyHourAndValue)
 {
     MainRig rig;

@@ -235,6 +235,8 @@ TEST(FrmMainUpdate, MissingSunspotNumberRefusesThePrediction)
               0u);
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("No sunspot number from Airmail: Options, Model, clear Auto"));
+    EXPECT_EQ(frm.lblInForce->text(),
+              QStringLiteral("VOACAP · November · no sunspot number (Airmail)"));
 }
 
 TEST(FrmMainUpdate, SunspotTextThatIsNoNumberIsToldOnce)
@@ -302,6 +304,18 @@ TEST(FrmMainUpdate, MissingEngineIsToldAndTheStatusLineSaysWhatToDo)
     EXPECT_EQ(rig.m_msg.m_aShown[0].sText.rfind("Propagation Model ICEPAC not found.", 0), 0u);
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("ICEPAC is not installed: Options, Model, choose another engine"));
+}
+
+TEST(FrmMainUpdate, WindowDoesNotGrowForALongTrouble)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    const QSize size = frm.size();
+    rig.m_engine.bFail = true;
+    EXPECT_FALSE(frm.Update());
+    MainRig::EventsRun();
+    EXPECT_EQ(frm.size(), size);
+    EXPECT_EQ(frm.lblTrouble->toolTip(), frm.lblTrouble->text());
 }
 
 TEST(FrmMainUpdate, UnknownEngineNumberFailsQuietly)

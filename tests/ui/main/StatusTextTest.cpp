@@ -16,19 +16,28 @@ Settings SettingsMake(int iModel, int nMonth)
 
 TEST(StatusInForce, TellsEngineMonthAndSunspotNumber)
 {
-    EXPECT_EQ(StatusInForce(SettingsMake(kEngineRec533, 11), true),
-              "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (set "
-              "in the options)");
+    EXPECT_EQ(
+        StatusInForce(SettingsMake(kEngineRec533, 11), true, true),
+        "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (options)");
     Settings settings = SettingsMake(kEngineVoacap, 1);
     settings.m_bPropagationSunSpotNumber = true;
     settings.m_fPropagationSunSpotNumber = 66.5F;
-    EXPECT_EQ(StatusInForce(settings, false), "VOACAP · January · sunspot number 66.5 (Airmail)");
+    EXPECT_EQ(StatusInForce(settings, false, true),
+              "VOACAP · January · sunspot number 66.5 (Airmail)");
+}
+
+TEST(StatusInForce, NamesNoNumberThatAirmailDidNotGive)
+{
+    Settings settings = SettingsMake(kEngineVoacap, 1);
+    settings.m_bPropagationSunSpotNumber = true;
+    EXPECT_EQ(StatusInForce(settings, false, false),
+              "VOACAP · January · no sunspot number (Airmail)");
 }
 
 TEST(StatusInForce, NamesNumbersThatAreNoEngineOrMonth)
 {
-    EXPECT_EQ(StatusInForce(SettingsMake(9, 13), false),
-              "no engine · month 13 · sunspot number 100 (set in the options)");
+    EXPECT_EQ(StatusInForce(SettingsMake(9, 13), false, true),
+              "no engine · month 13 · sunspot number 100 (options)");
 }
 
 TEST(StatusTrouble, SaysWhatToDo)
