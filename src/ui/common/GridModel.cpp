@@ -56,10 +56,11 @@ void GridModel::RedrawSet(bool bRedraw)
 
 void GridModel::SizeSet(int nRows, int nCols)
 {
-    std::vector<GridCell> aCells(static_cast<std::size_t>(nRows) * static_cast<std::size_t>(nCols));
+    const auto nWidth = static_cast<std::size_t>(nCols);
+    std::vector<GridCell> aCells(static_cast<std::size_t>(nRows) * nWidth);
     for (int iRow = 0; iRow < std::min(nRows, m_nRows); ++iRow)
         for (int iCol = 0; iCol < std::min(nCols, m_nCols); ++iCol)
-            aCells[static_cast<std::size_t>(iRow * nCols + iCol)] =
+            aCells[static_cast<std::size_t>(iRow) * nWidth + static_cast<std::size_t>(iCol)] =
                 std::move(m_aCells[Index(iRow, iCol)]);
     m_aCells = std::move(aCells);
     m_nRows = nRows;
