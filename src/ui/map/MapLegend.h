@@ -2,7 +2,7 @@
 /// The scale of the overlay's colours, drawn at the map's right edge.
 ///
 /// Units:   dB; colours 0x00BBGGRR.
-/// Tests:   tests/ui/map/MapLegendTest.cpp
+/// Tests:   tests/ui/map/MapLegendTest.cpp, MapLegendPlaceTest.cpp
 #pragma once
 
 #include <QColor>
