@@ -12,12 +12,25 @@ constexpr float kLowest = 40.0F;
 constexpr float kBand = 5.0F;
 constexpr int kMargin = 6;
 constexpr int kSwatch = 16;
+constexpr int kLabels = 60;  // left edge: room of the labels of the parallels
 
 QString Text(float fSnr) { return QString::fromStdString(NumberToText(fSnr)); }
 
 QString RowText(float fLow, float fHigh)
 {
     return QStringLiteral("%1 to %2").arg(Text(fLow), Text(fHigh));
+}
+
+QRect PlaceGet(const QRect& rctMap, const QSize& size, std::span<const QRect> aKeepFree)
+{
+    const int nTop = rctMap.center().y() - size.height() / 2;
+    const QRect rctRight(QPoint(rctMap.right() - size.width() - kMargin, nTop), size);
+    const QRect rctLeft(QPoint(rctMap.left() + kLabels, nTop), size);
+    const auto Hides = [aKeepFree](const QRect& rct) {
+        return std::any_of(aKeepFree.begin(), aKeepFree.end(),
+                           [&rct](const QRect& rctFree) { return rctFree.intersects(rct); });
+    };
+    return Hides(rctRight) && !Hides(rctLeft) ? rctLeft : rctRight;
 }
 
 }  // namespace
@@ -44,7 +57,7 @@ std::vector<LegendRow> LegendGetRows(float fMinSnr,
 }
 
 QRect LegendPaint(QPainter& painter, const QRect& rctMap, const std::vector<LegendRow>& aRows,
-                  float fMinSnr)
+                  float fMinSnr, std::span<const QRect> aKeepFree)
 {
     const QString sHead = QStringLiteral("SNR (dB)");
     const QString sMin = QStringLiteral("drawn from %1").arg(Text(fMinSnr));
@@ -56,8 +69,7 @@ QRect LegendPaint(QPainter& painter, const QRect& rctMap, const std::vector<Lege
     nText = std::max({nText, metrics.horizontalAdvance(sHead), metrics.horizontalAdvance(sMin)});
     const int nHeight = nLine * (static_cast<int>(aRows.size()) + 2) + 2 * kMargin;
     const int nWidth = nText + 2 * kMargin;
-    const QRect rct(rctMap.right() - nWidth - kMargin, rctMap.center().y() - nHeight / 2, nWidth,
-                    nHeight);
+    const QRect rct = PlaceGet(rctMap, QSize(nWidth, nHeight), aKeepFree);
     painter.setPen(QColor(0x60, 0x60, 0x60));
     painter.setBrush(Qt::white);
     painter.drawRect(rct.adjusted(0, 0, -1, -1));

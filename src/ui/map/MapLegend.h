@@ -2,7 +2,7 @@
 /// The scale of the overlay's colours, drawn at the map's right edge.
 ///
 /// Units:   dB; colours 0x00BBGGRR.
-/// Tests:   tests/ui/map/MapLegendTest.cpp
+/// Tests:   tests/ui/map/MapLegendTest.cpp, MapLegendPlaceTest.cpp
 #pragma once
 
 #include <QColor>
@@ -11,6 +11,7 @@
 #include <QString>
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <vector>
 
 struct LegendRow {
@@ -24,7 +25,8 @@ struct LegendRow {
 [[nodiscard]] std::vector<LegendRow> LegendGetRows(
     float fMinSnr, const std::function<std::uint32_t(float fSnr)>& fnColour);
 
-/// Paints the rows and a line with the minimum; bands that are not drawn show as empty boxes.
+/// Paints the rows and a line with the minimum; bands that are not drawn show as empty boxes. It
+/// stands at the map's right edge, or at the left one where only so it hides nothing of aKeepFree.
 /// @return the rectangle that was painted on.
 QRect LegendPaint(QPainter& painter, const QRect& rctMap, const std::vector<LegendRow>& aRows,
-                  float fMinSnr);
+                  float fMinSnr, std::span<const QRect> aKeepFree);

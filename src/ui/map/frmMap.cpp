@@ -214,8 +214,19 @@ void frmMap::KeysConnect()
     KeyConnect(Qt::Key_Minus, [this] { cmdZoomOut->click(); });
     KeyConnect(Qt::Key_0, [this] { cmdZoomOff->click(); });
     KeyConnect(Qt::Key_Escape, [this] { BandLeave(); });
-    KeyConnect(Qt::Key_Return, [this] { cmdOk->click(); });
-    KeyConnect(Qt::Key_Enter, [this] { cmdOk->click(); });
+    for (const Qt::Key eKey : {Qt::Key_Return, Qt::Key_Enter})
+        KeyConnect(eKey, [this] { EnterPress(); });
+}
+
+/// Enter is OK, save on the two buttons beside it: nobody who stands on Cancel wants to apply.
+void frmMap::EnterPress()
+{
+    for (QPushButton* pButton : {cmdCancel, cmdApply})
+        if (pButton->hasFocus()) {
+            pButton->click();
+            return;
+        }
+    cmdOk->click();
 }
 
 void frmMap::LayoutSet()

@@ -95,6 +95,7 @@ private:
     void MenusMake();
     void SignalsConnect();
     void KeysConnect();
+    void EnterPress();
     QPushButton* ButtonMake(const char* sName, const QString& sText);
     QToolButton* ToggleMake(const char* sName, const QString& sPicture, const QString& sTip);
     QAction* ItemMake(QMenu* pMenu, const char* sName, const QString& sText);

@@ -145,8 +145,7 @@ void frmMap::MarkerMouseMove(MarkerLabel* pMarker, LatLon& pos, const QMouseEven
         pMarker->move(RoundHalfEven(pMarker->x() + ptBy.x()),
                       RoundHalfEven(pMarker->y() + ptBy.y()));
         pos = PointGetLatLon(pMarker, pEvent->position().x(), pEvent->position().y());
-        if (chkPath->isChecked())
-            pctMap->update();
+        pctMap->update();  // the path follows, the legend gives way
     }
     const QString sText =
         (pMarker == lblRc ? QStringLiteral("Receiver, ") : QStringLiteral("Transmitter, "))

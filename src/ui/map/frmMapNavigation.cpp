@@ -2,6 +2,7 @@
 #include <QPainter>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <array>
 
 #include "system/NumberLib.h"
 #include "ui/map/MapGraticule.h"
@@ -99,7 +100,8 @@ void frmMap::LayersPaint(QPainter& painter)
     if (mnuOverlayDraw->isChecked()) {
         const float fMinSnr = m_host.SettingsGet().m_fMapOverlayMinSnr;
         const auto ColourGet = [this](float fSnr) { return m_host.SnrGetColor(fSnr); };
-        LegendPaint(painter, pctMap->rect(), LegendGetRows(fMinSnr, ColourGet), fMinSnr);
+        LegendPaint(painter, pctMap->rect(), LegendGetRows(fMinSnr, ColourGet), fMinSnr,
+                    std::array{lblRc->geometry(), lblTx->geometry()});
     }
 }
 

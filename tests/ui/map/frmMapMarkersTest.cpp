@@ -135,6 +135,22 @@ TEST_F(frmMapMarkers, EnterIsOk)
     EXPECT_TRUE(m_pMap.isNull());
 }
 
+TEST_F(frmMapMarkers, EnterOnCancelOrApplyPressesThat)
+{
+    m_pMap->m_posTx = {3, 4};
+    m_pMap->cmdApply->setFocus();
+    QTest::keyClick(m_pMap, Qt::Key_Enter);
+    EXPECT_EQ(m_host.m_nUpdates, 1);
+    EXPECT_TRUE(m_pMap->isVisible());
+    m_pMap->m_posTx = {5, 6};
+    m_pMap->cmdCancel->setFocus();
+    QTest::keyClick(m_pMap, Qt::Key_Return);
+    EXPECT_DOUBLE_EQ(m_host.m_settings.m_dTxLat, 3);
+    EXPECT_EQ(m_host.m_nUpdates, 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(m_pMap.isNull());
+}
+
 TEST_F(frmMapMarkers, CancelDiscards)
 {
     Drag(m_pMap->lblRc, {5, 5}, {60, 60});

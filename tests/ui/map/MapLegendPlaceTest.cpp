@@ -1,0 +1,43 @@
+// Where the legend stands on the map; painted text needs the window system.
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <vector>
+
+#include "propagation/SnrColor.h"
+#include "ui/map/MapLegend.h"
+
+namespace {
+
+/// Where the legend is painted on a picture of 900 x 600 while these places are to be seen.
+QRect PlaceGet(const std::vector<QRect>& aKeepFree)
+{
+    QImage img(900, 600, QImage::Format_RGB32);
+    QPainter painter(&img);
+    return LegendPaint(painter, img.rect(), LegendGetRows(20, SnrGetColor), 20, aKeepFree);
+}
+
+TEST(MapLegendPlace, StandsAtTheRightEdge)
+{
+    const QRect rct = PlaceGet({});
+    EXPECT_LT(rct.right(), 899);
+    EXPECT_GT(rct.right(), 880);
+    EXPECT_NEAR(rct.center().y(), 300, 3);
+    EXPECT_EQ(PlaceGet({QRect(300, 280, 30, 40)}), rct);
+}
+
+TEST(MapLegendPlace, GivesWayToAMarker)
+{
+    const QRect rctRight = PlaceGet({});
+    const QRect rctMarker(rctRight.center(), QSize(30, 40));
+    const QRect rctLeft = PlaceGet({rctMarker});
+    EXPECT_LT(rctLeft.right(), rctRight.left());
+    EXPECT_LT(rctLeft.left(), 70);
+    EXPECT_GT(rctLeft.left(), 50);  // beside the labels of the parallels
+    EXPECT_EQ(rctLeft.size(), rctRight.size());
+    // With a marker at both edges it stays.
+    EXPECT_EQ(PlaceGet({rctMarker, QRect(rctLeft.center(), QSize(30, 40))}), rctRight);
+}
+
+}  // namespace
