@@ -1,6 +1,7 @@
 // The road to a prediction: layout, run, and what becomes of its result.
 #include <QApplication>
 #include <QLabel>
+#include <QRegularExpression>
 #include <QTimer>
 #include <cmath>
 #include <utility>
@@ -234,8 +235,12 @@ void frmMain::StatusShow()
     const Engine* pEngine = EngineFind(m_settings.m_iPropagationModel);
     const bool bBuiltIn = m_settings.m_iPropagationModel == kEngineRec533
                           && EngineIsBuiltIn(std::string(pEngine->sProgram));
-    lblInForce->setText(
-        QString::fromStdString(StatusInForce(m_settings, bBuiltIn, m_bSunSpotNumber)));
+    QString sInForce =
+        QString::fromStdString(StatusInForce(m_settings, bBuiltIn, m_bSunSpotNumber));
+    lblInForce->setToolTip(sInForce);
+    // What went wrong comes first where there is no room for both: what stands in brackets goes.
+    static const QRegularExpression kBrackets(QStringLiteral(" \\([^)]*\\)"));
+    lblInForce->setText(m_sTrouble.empty() ? sInForce : sInForce.remove(kBrackets));
     lblTrouble->setText(QString::fromStdString(m_sTrouble));
     lblTrouble->setToolTip(lblTrouble->text());
     const bool bOld = !m_sTrouble.empty();

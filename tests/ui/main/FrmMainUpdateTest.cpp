@@ -236,8 +236,12 @@ TEST(FrmMainUpdate, MissingSunspotNumberRefusesThePrediction)
               0u);
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("No sunspot number from Airmail: Options, Model, clear Auto"));
-    EXPECT_EQ(frm.lblInForce->text(),
+    EXPECT_EQ(frm.lblInForce->toolTip(),
               QStringLiteral("VOACAP · November · no sunspot number (Airmail)"));
+    EXPECT_EQ(frm.lblInForce->text(), QStringLiteral("VOACAP · November · no sunspot number"));
+    MainRig::EventsRun();
+    for (const QLabel* pLabel : {frm.lblTrouble, frm.lblInForce})  // nothing cut
+        EXPECT_GE(pLabel->width(), pLabel->fontMetrics().horizontalAdvance(pLabel->text()));
 }
 
 TEST(FrmMainUpdate, SunspotTextThatIsNoNumberIsToldOnce)
