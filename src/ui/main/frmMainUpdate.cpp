@@ -92,7 +92,7 @@ bool frmMain::Update()
     const bool bOk = PredictionRun();
     if (bOk) {
         if (m_pDetails && m_pDetails->isVisible())
-            DetailsRefresh();
+            DetailsFill();
         const SelectedCell cell = m_settings.m_selected;
         if (cell.iFrequency != -1 && cell.iHour != -1)
             grdData->CurrentSet(cell.iFrequency, cell.iHour);
@@ -236,7 +236,9 @@ void frmMain::StatusShow()
                           && EngineIsBuiltIn(std::string(pEngine->sProgram));
     lblInForce->setText(
         QString::fromStdString(StatusInForce(m_settings, bBuiltIn, m_bSunSpotNumber)));
+    lblInForce->setToolTip(lblInForce->text());
     lblTrouble->setText(QString::fromStdString(m_sTrouble));
+    lblTrouble->setVisible(!m_sTrouble.empty());
     lblTrouble->setToolTip(lblTrouble->text());
     const bool bOld = !m_sTrouble.empty();
     grdData->StaleSet(bOld);
