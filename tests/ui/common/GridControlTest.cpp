@@ -258,6 +258,10 @@ struct ContrastCase {
     QRgb nBack;
     Qt::GlobalColor eText;
 };
+std::ostream& operator<<(std::ostream& stm, const ContrastCase& c)
+{
+    return stm << std::hex << c.nBack;
+}
 
 /// Expected by the contrast ratio of WCAG 2.1, computed by hand for each band of the SNR scale.
 class TextColor : public testing::TestWithParam<ContrastCase> {};

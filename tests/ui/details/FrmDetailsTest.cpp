@@ -81,6 +81,10 @@ struct LimitCase {
     double dLuf, dMuf;
     const char* sRow7;  ///< of 14000 kHz
 };
+std::ostream& operator<<(std::ostream& stm, const LimitCase& c)
+{
+    return stm << c.dLuf << " to " << c.dMuf;
+}
 
 class FrmDetailsLimit : public testing::TestWithParam<LimitCase> {};
 

@@ -166,6 +166,7 @@ struct BandCase {
     const char* sText;
     QRgb nColor;
 };
+std::ostream& operator<<(std::ostream& stm, const BandCase& c) { return stm << c.dSnr; }
 
 class FrmMainBand : public testing::TestWithParam<BandCase> {};
 

@@ -119,6 +119,7 @@ struct DecodeCase {
     int iBad;  ///< 0 receiver latitude, 1 its longitude, 2 transmitter latitude, 3 its longitude
     const char* sMessage;
 };
+std::ostream& operator<<(std::ostream& stm, const DecodeCase& c) { return stm << c.iBad; }
 
 class FrmMainDecode : public testing::TestWithParam<DecodeCase> {};
 

@@ -1,38 +1,13 @@
 // The map window on real engines. Pictures of it are kept in the build's folder "pictures".
 #include <QApplication>
-#include <QDir>
-#include <filesystem>
 
 #include "MapFakes.h"
 #include "airmail/AirMailFolders.h"
 #include "propagation/EngineLib.h"
 #include "support/NeedVoacapl.h"
+#include "ui/e2e/EngineReal.h"
 
 namespace {
-
-namespace fs = std::filesystem;
-
-/// An engine root with the programs of this build.
-class EngineReal {
-public:
-    EngineReal()
-    {
-        for (const char* sFolder : {"bin_win", "RUN", "areadata"})
-            fs::create_directories(m_folder.Path(sFolder));
-        for (const char* sProgram : {"rec533w.exe", "voacapw.exe"})
-            if (fs::exists(fs::path(TEST_BIN) / sProgram))
-                fs::create_symlink(fs::path(TEST_BIN) / sProgram,
-                                   fs::path(m_folder.Path("bin_win")) / sProgram);
-    }
-    ~EngineReal() { EngineLimitSet(m_dLimit); }
-    EngineReal(const EngineReal&) = delete;
-    EngineReal& operator=(const EngineReal&) = delete;
-
-private:
-    TempFolder m_folder;
-    EnvironmentSet m_root{"HOPCAST_ITSHFBC", m_folder.Path()};
-    double m_dLimit = EngineLimitSet(60);  // a build with sanitizers takes its time
-};
 
 class MapEndToEnd : public MapWindow {
 protected:
@@ -44,9 +19,7 @@ protected:
     void PictureKeep(const char* sName)
     {
         QCoreApplication::processEvents();
-        QDir dir(QStringLiteral(TEST_BIN "/../pictures"));
-        ASSERT_TRUE(dir.mkpath(QStringLiteral(".")));
-        ASSERT_TRUE(m_pMap->grab().save(dir.filePath(QLatin1String(sName))));
+        PictureSave(*m_pMap, sName);
     }
     [[nodiscard]] int ColoursCount() const
     {
@@ -113,8 +86,7 @@ TEST_F(MapEndToEnd, StationsAndReadOut)
     for (QAction* pItem : m_pMap->mnuStationsSystem) pItem->trigger();
     QCoreApplication::processEvents();
     QTest::mouseClick(m_pMap->cmdStations, Qt::LeftButton);
-    ASSERT_TRUE(m_pMap->mnuStations->grab().save(
-        QStringLiteral(TEST_BIN "/../pictures/map_menu_stations.png")));
+    PictureSave(*m_pMap->mnuStations, "map_menu_stations.png");
     m_pMap->mnuStations->close();
     QCoreApplication::processEvents();
     QTest::mousePress(m_pMap->lblRc, Qt::LeftButton, {}, {5, 5});
@@ -126,8 +98,7 @@ TEST_F(MapEndToEnd, StationsAndReadOut)
     QTest::mouseRelease(m_pMap->lblRc, Qt::LeftButton, {}, {5, 5});
     for (const StationDot* pDot : m_pMap->imgStation) EXPECT_TRUE(pDot->isVisible());
     QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
-    ASSERT_TRUE(m_pMap->mnuOverlay->grab().save(
-        QStringLiteral(TEST_BIN "/../pictures/map_menu_overlay.png")));
+    PictureSave(*m_pMap->mnuOverlay, "map_menu_overlay.png");
     m_pMap->mnuOverlay->close();
     AirMailFoldersReset();
 }

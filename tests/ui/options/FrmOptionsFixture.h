@@ -9,6 +9,7 @@
 #include "airmail/AirMailFixture.h"
 #include "support/ClockSet.h"
 #include "support/MsgRecorder.h"
+#include "ui/options/OptionsDrive.h"
 #include "ui/options/RecordingHost.h"
 #include "ui/options/frmOptions.h"
 
@@ -39,42 +40,8 @@ protected:
     {
         return QTest::qWaitFor([this] { return m_pForm.isNull(); }, 2000);
     }
-    static void Press(QAbstractButton* pButton)
-    {
-        QTest::mouseClick(pButton, Qt::LeftButton, {}, QPoint(8, pButton->height() / 2));
-    }
-    /// Replaces the text of a box by keys.
-    static void Type(QLineEdit* pBox, const QString& sText)
-    {
-        pBox->setFocus();
-        QTest::keyClick(pBox, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(pBox, Qt::Key_Delete);
-        QTest::keyClicks(pBox, sText);
-    }
-    void FrequenciesType(const QString& sText) const
-    {
-        m_pForm->TabShow(kTabFrequency);
-        m_pForm->txtFrequency->setFocus();
-        QTest::keyClick(m_pForm->txtFrequency, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(m_pForm->txtFrequency, Qt::Key_Delete);
-        for (const QChar chr : sText) {
-            if (chr == u'\n')
-                QTest::keyClick(m_pForm->txtFrequency, Qt::Key_Return);
-            else
-                QTest::keyClicks(m_pForm->txtFrequency, QString(chr));
-        }
-    }
-    /// Chooses an entry by keys.
-    static void Choose(QComboBox* pCombo, int iIndex)
-    {
-        pCombo->setFocus();
-        QTest::keyClick(pCombo, Qt::Key_Home);
-        for (int i = 0; i < iIndex; ++i) QTest::keyClick(pCombo, Qt::Key_Down);
-    }
-    [[nodiscard]] QLineEdit* BoxGet(const char* sName) const
-    {
-        return m_pForm->findChild<QLineEdit*>(QString::fromUtf8(sName));
-    }
+    void FrequenciesType(const QString& sText) const { ::FrequenciesType(*m_pForm, sText); }
+    [[nodiscard]] QLineEdit* BoxGet(const char* sName) const { return ::BoxGet(*m_pForm, sName); }
     /// Runs of the main window asked for.
     [[nodiscard]] int UpdatesGet() const
     {
@@ -87,31 +54,3 @@ protected:
     RecordingHost m_host;
     QPointer<frmOptions> m_pForm;
 };
-
-/// A number box, the member it shows, and its tab.
-struct NumberBoxCase {
-    const char* sName;
-    float Settings::*pMember;
-    int iTab;
-};
-inline std::ostream& operator<<(std::ostream& stm, const NumberBoxCase& c)
-{
-    return stm << c.sName;
-}
-
-// clang-format off
-inline constexpr NumberBoxCase kNumberBoxes[] = {
-    {"txtPropagationNoiseLevel",     &Settings::m_fPropagationNoiseLevel,     kTabModel},
-    {"txtPropagationSunSpotNumber",  &Settings::m_fPropagationSunSpotNumber,  kTabModel},
-    {"txtPropagationTakeoffAngle",   &Settings::m_fPropagationTakeoffAngle,   kTabModel},
-    {"txtPropagationReliability",    &Settings::m_fPropagationReliability,    kTabModel},
-    {"txtPropagationMultipathPower", &Settings::m_fPropagationMultipathPower, kTabModel},
-    {"txtPropagationMultipathDelay", &Settings::m_fPropagationMultipathDelay, kTabModel},
-    {"txtPropagationQIndex",         &Settings::m_fPropagationQIndex,         kTabModel},
-    {"txtPropagationLayerE",         &Settings::m_fPropagationLayerAdjustE,   kTabModel},
-    {"txtPropagationLayerF1",        &Settings::m_fPropagationLayerAdjustF1,  kTabModel},
-    {"txtPropagationLayerF2",        &Settings::m_fPropagationLayerAdjustF2,  kTabModel},
-    {"txtPropagationLayerEs",        &Settings::m_fPropagationLayerAdjustEs,  kTabModel},
-    {"txtMapOverlayMinSnr",          &Settings::m_fMapOverlayMinSnr,          kTabMap},
-};
-// clang-format on

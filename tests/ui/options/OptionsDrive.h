@@ -1,0 +1,130 @@
+/// @file OptionsDrive.h
+/// The options dialog's controls as the user works them, with mouse and keys.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "ui/options/frmOptions.h"
+
+inline void Press(QAbstractButton* pButton)
+{
+    QTest::mouseClick(pButton, Qt::LeftButton, {}, QPoint(8, pButton->height() / 2));
+}
+
+/// Presses a check box unless it is clear.
+inline void Clear(QCheckBox* pBox)
+{
+    if (pBox->isChecked())
+        Press(pBox);
+}
+
+/// Replaces the text of a box by keys.
+inline void Type(QLineEdit* pBox, const QString& sText)
+{
+    pBox->setFocus();
+    QTest::keyClick(pBox, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(pBox, Qt::Key_Delete);
+    QTest::keyClicks(pBox, sText);
+}
+
+/// Chooses an entry by keys.
+inline void Choose(QComboBox* pCombo, int iIndex)
+{
+    pCombo->setFocus();
+    QTest::keyClick(pCombo, Qt::Key_Home);
+    for (int i = 0; i < iIndex; ++i) QTest::keyClick(pCombo, Qt::Key_Down);
+}
+
+inline void FrequenciesType(frmOptions& frm, const QString& sText)
+{
+    frm.TabShow(kTabFrequency);
+    frm.txtFrequency->setFocus();
+    QTest::keyClick(frm.txtFrequency, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(frm.txtFrequency, Qt::Key_Delete);
+    for (const QChar chr : sText) {
+        if (chr == u'\n')
+            QTest::keyClick(frm.txtFrequency, Qt::Key_Return);
+        else
+            QTest::keyClicks(frm.txtFrequency, QString(chr));
+    }
+}
+
+inline QLineEdit* BoxGet(const frmOptions& frm, const char* sName)
+{
+    return frm.findChild<QLineEdit*>(QString::fromUtf8(sName));
+}
+
+/// A number box, the member it shows, and its tab.
+struct NumberBoxCase {
+    const char* sName;
+    float Settings::*pMember;
+    int iTab;
+};
+inline std::ostream& operator<<(std::ostream& stm, const NumberBoxCase& c)
+{
+    return stm << c.sName;
+}
+
+// clang-format off
+inline constexpr NumberBoxCase kNumberBoxes[] = {
+    {"txtPropagationNoiseLevel",     &Settings::m_fPropagationNoiseLevel,     kTabModel},
+    {"txtPropagationSunSpotNumber",  &Settings::m_fPropagationSunSpotNumber,  kTabModel},
+    {"txtPropagationTakeoffAngle",   &Settings::m_fPropagationTakeoffAngle,   kTabModel},
+    {"txtPropagationReliability",    &Settings::m_fPropagationReliability,    kTabModel},
+    {"txtPropagationMultipathPower", &Settings::m_fPropagationMultipathPower, kTabModel},
+    {"txtPropagationMultipathDelay", &Settings::m_fPropagationMultipathDelay, kTabModel},
+    {"txtPropagationQIndex",         &Settings::m_fPropagationQIndex,         kTabModel},
+    {"txtPropagationLayerE",         &Settings::m_fPropagationLayerAdjustE,   kTabModel},
+    {"txtPropagationLayerF1",        &Settings::m_fPropagationLayerAdjustF1,  kTabModel},
+    {"txtPropagationLayerF2",        &Settings::m_fPropagationLayerAdjustF2,  kTabModel},
+    {"txtPropagationLayerEs",        &Settings::m_fPropagationLayerAdjustEs,  kTabModel},
+    {"txtMapOverlayMinSnr",          &Settings::m_fMapOverlayMinSnr,          kTabMap},
+};
+// clang-format on
+
+/// Gives every control that is copied a value that is not its default.
+inline void EveryControlChange(frmOptions& frm)
+{
+    frm.TabShow(kTabModel);
+    Press(frm.optPropagationModel1);
+    Choose(frm.cmbPropagationAntennaType, 0);
+    Clear(frm.chkPropagationMonth);
+    Choose(frm.cmbPropagationMonth, 6);
+    Clear(frm.chkPropagationSunSpotNumber);
+    Choose(frm.cmbPropagationIonCoefficients, 0);
+    int nBox = 0;
+    for (const NumberBoxCase& c : kNumberBoxes) {
+        frm.TabShow(c.iTab);
+        Type(BoxGet(frm, c.sName), QString::number(++nBox) + QStringLiteral(".1"));
+    }
+    Type(frm.txtMapOverlayGridSize, QStringLiteral("77"));
+    frm.TabShow(kTabTime);
+    Press(frm.optTimeCode1);
+    FrequenciesType(frm, QStringLiteral("3900\n7250\n14300"));
+}
+
+/// The same values as they are after a profile and a new start.
+inline void EveryControlIsRestored(const frmOptions& frm)
+{
+    EXPECT_TRUE(frm.optPropagationModel1->isChecked());
+    EXPECT_EQ(frm.cmbPropagationAntennaType->currentIndex(), 0);
+    EXPECT_FALSE(frm.chkPropagationMonth->isChecked());
+    EXPECT_EQ(frm.cmbPropagationMonth->currentText(), QStringLiteral("Jul"));
+    EXPECT_FALSE(frm.chkPropagationSunSpotNumber->isChecked());
+    EXPECT_EQ(frm.txtMapOverlayGridSize->text(), QStringLiteral("77"));
+    EXPECT_TRUE(frm.optTimeCode1->isChecked());
+    EXPECT_EQ(frm.txtFrequency->toPlainText(), QStringLiteral("3900\n7250\n14300"));
+    int nBox = 0;
+    for (const NumberBoxCase& c : kNumberBoxes) {
+        QString sExpected = QString::number(++nBox) + QStringLiteral(".1");
+        // Written under one key and read under another: back at their defaults.
+        if (c.pMember == &Settings::m_fPropagationReliability)
+            sExpected = QStringLiteral("50");
+        if (c.pMember == &Settings::m_fPropagationMultipathPower)
+            sExpected = QStringLiteral("0");
+        EXPECT_EQ(BoxGet(frm, c.sName)->text(), sExpected) << c.sName;
+    }
+    EXPECT_EQ(frm.cmbPropagationIonCoefficients->currentText(), QStringLiteral("URSI"));
+}
