@@ -39,6 +39,9 @@ QMenu* StationMenu::BranchAdd(Branch& branch, const QString& sCaption, const QSt
     // One scrolling column: the default breaks long lists into columns wider than the screen.
     branch.pMenu->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
     branch.pMenu->menuAction()->setEnabled(false);
+    branch.aItems.push_back(ItemMake(branch, 0));
+    branch.aItems[0]->setText(tr("Station"));
+    branch.aItems[0]->setEnabled(false);  // no station yet
     return branch.pMenu;
 }
 

@@ -9,6 +9,7 @@
 
 #include "airmail/AirMailLib.h"
 #include "settings/ProfileLib.h"
+#include "ui/common/ElidedLabel.h"
 #include "ui/common/Pictures.h"
 #include "ui/details/frmDetails.h"
 #include "ui/main/WindowPlace.h"
@@ -46,15 +47,17 @@ void frmMain::ControlsSetUp()
         pButton->setIcon(PictureGet(QStringLiteral("Map")));
     grdData->HugSet(true);
     lblOld->setVisible(false);
-    lblTrouble = new QLabel(this);
+    // What went wrong comes first: where both do not fit, what is in force is cut. The window does
+    // not grow for either; the tooltips have all of the texts.
+    lblTrouble = new ElidedLabel(this);
     lblTrouble->setObjectName(QStringLiteral("lblTrouble"));
-    lblInForce = new QLabel(this);
+    lblTrouble->setContentsMargins(fontMetrics().averageCharWidth(), 0, 0, 0);
+    lblInForce = new ElidedLabel(this);
     lblInForce->setObjectName(QStringLiteral("lblInForce"));
-    // A long text is cut (its tooltip has all of it), the window does not grow for it.
-    lblTrouble->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    lblTrouble->setIndent(fontMetrics().averageCharWidth());
-    statusbar->addWidget(lblTrouble, 1);
-    statusbar->addPermanentWidget(lblInForce);
+    lblInForce->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    lblInForce->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    statusbar->addWidget(lblTrouble);
+    statusbar->addWidget(lblInForce, 1);
 }
 
 void frmMain::SignalsConnect()

@@ -120,6 +120,7 @@ private:
     void tmrTimeTick();
     void TransmitterTyped();
     void DetailsRefresh();
+    void DetailsFill();
     void OptionsShow(int iTab);
     [[nodiscard]] QString Speech(int iRow, int iCol) const;
 

@@ -200,6 +200,16 @@ void frmMain::DetailsRefresh()
     }
     if (!m_pDetails->isVisible())
         m_pDetails->show();
+    DetailsFill();
+}
+
+/// An open window follows every new table, also when no row is selected (one that a shorter list
+/// lacks, or after a failed run): then it highlights none.
+void frmMain::DetailsFill()
+{
+    const SelectedCell cell = m_settings.m_selected;
+    if (cell.iHour == -1)
+        return;
     const QString sTime = grdData->TextGet(0, cell.iHour) + QStringLiteral(":00");
     m_pDetails->Update(cell.iFrequency, cell.iHour, sTime, m_table);
 }

@@ -93,7 +93,7 @@ bool frmMain::Update()
     const bool bOk = PredictionRun();
     if (bOk) {
         if (m_pDetails && m_pDetails->isVisible())
-            DetailsRefresh();
+            DetailsFill();
         const SelectedCell cell = m_settings.m_selected;
         if (cell.iFrequency != -1 && cell.iHour != -1)
             grdData->CurrentSet(cell.iFrequency, cell.iHour);
@@ -242,6 +242,7 @@ void frmMain::StatusShow()
     static const QRegularExpression kBrackets(QStringLiteral(" \\([^)]*\\)"));
     lblInForce->setText(m_sTrouble.empty() ? sInForce : sInForce.remove(kBrackets));
     lblTrouble->setText(QString::fromStdString(m_sTrouble));
+    lblTrouble->setVisible(!m_sTrouble.empty());
     lblTrouble->setToolTip(lblTrouble->text());
     const bool bOld = !m_sTrouble.empty();
     grdData->StaleSet(bOld);

@@ -159,6 +159,22 @@ TEST(FrmMainSelection, VisibleDetailsFollowAnUpdateAndClosedOnesStayClosed)
     EXPECT_FALSE(frm.m_pDetails);
 }
 
+TEST(FrmMainSelection, VisibleDetailsFollowTheRunAfterAFailedOne)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    CellMouse(*frm.grdData, {7, 3});
+    rig.m_engine.bFail = true;
+    EXPECT_FALSE(frm.Update());
+    rig.m_engine.bFail = false;
+    rig.m_engine.fnSnr = [](int, int) { return 61.0; };
+    EXPECT_TRUE(frm.Update());
+    SelectedExpect(frm, -1, 14);
+    EXPECT_EQ(frm.m_pDetails->grdData->TextGet(7, 8), QStringLiteral("61"));
+    EXPECT_EQ(frm.m_pDetails->m_iRow, -1);
+    EXPECT_FALSE(frm.m_pDetails->grdData->CellGet(7, 8).bBold);
+}
+
 TEST(FrmMainSelection, RowThatAShorterListLacksIsNone)
 {
     MainRig rig;
@@ -168,7 +184,9 @@ TEST(FrmMainSelection, RowThatAShorterListLacksIsNone)
     rig.m_engine.nChunks = 1;
     EXPECT_TRUE(frm.Update());
     SelectedExpect(frm, -1, 14);
-    EXPECT_EQ(frm.m_pDetails->m_iRow, 12);  // not refreshed: no whole selection
+    EXPECT_EQ(frm.m_pDetails->m_iRow, -1);
+    EXPECT_EQ(frm.m_pDetails->m_iHour, 14);
+    EXPECT_EQ(frm.m_pDetails->grdData->RowsGet(), 6);
 }
 
 TEST(FrmMainSelection, ClickOnARowThatTheOldTableLacksShowsEmptyDetails)

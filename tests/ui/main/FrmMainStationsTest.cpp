@@ -104,6 +104,22 @@ TEST(FrmMainStations, MenusHoldTheStationsByKindWhateverTheCase)
     EXPECT_NE(frm.findChild<QAction*>(QStringLiteral("mnuTransmitterHamStation1")), nullptr);
 }
 
+TEST(FrmMainStations, SubmenusStartWithOneItemThatTheFirstStationTakes)
+{
+    MainRig rig;
+    rig.AirmailWrite("System.ham.ini", kHam);
+    frmMain& frm = rig.Start();
+    QMenu* pHam = frm.mnuTransmitter->mnuTransmitterHam;
+    for (QMenu* pMenu : {pHam, frm.mnuTransmitter->mnuTransmitterSailMail,
+                         frm.mnuTransmitter->mnuTransmitterOther})
+        EXPECT_EQ(ItemsGet(pMenu), (QStringList{QStringLiteral("Station")}));
+    const QAction* pFirst = pHam->actions().at(0);
+    TransmitterPress(frm);
+    EXPECT_EQ(pHam->actions().at(0), pFirst);
+    EXPECT_EQ(ItemsGet(pHam).size(), 2);
+    EXPECT_TRUE(ItemsGet(frm.mnuTransmitter->mnuTransmitterOther).isEmpty());
+}
+
 TEST(FrmMainStations, WithoutListsThereIsOneBoxAndNoMenu)
 {
     MainRig rig;

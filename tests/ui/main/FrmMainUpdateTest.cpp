@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "geo/MathLib.h"
+#include "ui/common/ElidedLabel.h"
 #include "ui/map/frmMap.h"
 #include "ui/options/frmOptions.h"
 #include "ui/support/MainRig.h"
@@ -321,6 +322,35 @@ TEST(FrmMainUpdate, WindowDoesNotGrowForALongTrouble)
     MainRig::EventsRun();
     EXPECT_EQ(frm.size(), size);
     EXPECT_EQ(frm.lblTrouble->toolTip(), frm.lblTrouble->text());
+}
+
+TEST(FrmMainUpdate, TroubleIsReadableInFullWhateverElseIsInForce)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_bPropagationSunSpotNumber = true;  // without Airmail
+    EXPECT_FALSE(frm.Update());
+    frm.lblInForce->setText(QString(200, QLatin1Char('x')));
+    MainRig::EventsRun();
+    const QLabel& lbl = *frm.lblTrouble;
+    ASSERT_TRUE(lbl.isVisible());
+    EXPECT_GE(lbl.contentsRect().width(), lbl.fontMetrics().horizontalAdvance(lbl.text()));
+    EXPECT_LE(lbl.geometry().right(), frm.lblInForce->geometry().left());
+    const auto* pInForce = qobject_cast<ElidedLabel*>(frm.lblInForce);
+    ASSERT_NE(pInForce, nullptr);
+    EXPECT_TRUE(pInForce->TextShown().endsWith(QChar(0x2026)));
+}
+
+TEST(FrmMainUpdate, WhatIsInForceIsReadableInFullWhenNothingWentWrong)
+{
+    MainRig rig(kEngineRec533);
+    frmMain& frm = rig.Start();
+    EXPECT_FALSE(frm.lblTrouble->isVisible());
+    // the longest text of the usual ones
+    frm.lblInForce->setText(QStringLiteral(
+        "REC533 (built-in, P.533 with long-path rule) · September · sunspot number 100 (options)"));
+    MainRig::EventsRun();
+    EXPECT_EQ(qobject_cast<ElidedLabel*>(frm.lblInForce)->TextShown(), frm.lblInForce->text());
 }
 
 TEST(FrmMainUpdate, UnknownEngineNumberFailsQuietly)
