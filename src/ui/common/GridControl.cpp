@@ -159,8 +159,14 @@ const GridCell& GridControl::CellGet(int iRow, int iCol) const
 void GridControl::RedrawSet(bool bRedraw)
 {
     m_bRedraw = bRedraw;
+    // The widget's own updates stay on: under a box that waits for the user the table would
+    // otherwise be left cut and without its frame.
     m_pModel->RedrawSet(bRedraw);
-    setUpdatesEnabled(bRedraw);
+    if (!bRedraw)
+        return;
+    for (QWidget* pPart :
+         {viewport(), horizontalHeader()->viewport(), verticalHeader()->viewport()})
+        pPart->update();
 }
 
 void GridControl::StaleSet(bool bStale)
@@ -272,8 +278,7 @@ void GridControl::RowsStretch()
     verticalHeader()->setDefaultSectionSize(nHeight);
     // The pixels that do not divide go to the first rows.
     const int nOver = nHeight < RowHeightMost() ? nRoom - nHeight * nRows : 0;
-    for (int i = 0; i < nOver; ++i)
-        verticalHeader()->resizeSection(i, nHeight + 1);
+    for (int i = 0; i < nOver; ++i) verticalHeader()->resizeSection(i, nHeight + 1);
     const int nBar = nHeight * nRows > nRoom ? verticalScrollBar()->sizeHint().width() : 0;
     if (std::exchange(m_nBar, nBar) != nBar)
         updateGeometry();

@@ -46,7 +46,7 @@ public:
     [[nodiscard]] const GridCell& CellGet(int iRow, int iCol) const;
     void SpeechSet(GridSpeechFn fnSpeech) { m_pModel->SpeechSet(std::move(fnSpeech)); }
 
-    /// While off, nothing is painted and changes gather.
+    /// While off, changes gather; only what the window system asks for is painted.
     void RedrawSet(bool bRedraw);
     [[nodiscard]] bool RedrawGet() const { return m_bRedraw; }
     /// Colours faded: the contents are those of an earlier run.

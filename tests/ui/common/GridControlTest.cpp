@@ -116,12 +116,32 @@ TEST_F(GridControlShown, RedrawOffKeepsViewsSilentUntilOn)
     m_grd.TextSet(1, 1, QStringLiteral("new"));
     m_grd.TextSet(2, 2, QStringLiteral("new"));
     EXPECT_EQ(spyCells.count(), 0);
-    EXPECT_FALSE(m_grd.updatesEnabled());
     m_grd.RedrawSet(true);
     EXPECT_EQ(spyCells.count(), 1);
-    EXPECT_TRUE(m_grd.updatesEnabled());
     m_grd.TextSet(1, 1, QStringLiteral("newer"));
     EXPECT_EQ(spyCells.count(), 2);
+}
+
+TEST_F(GridControlShown, RedrawOffPaintsOnlyWhatTheWindowSystemAsksFor)
+{
+    struct PaintCount : QObject {
+        bool eventFilter(QObject* /*pObject*/, QEvent* pEvent) override
+        {
+            nPaints += pEvent->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+        int nPaints = 0;
+    } count;
+    QApplication::processEvents();
+    m_grd.viewport()->installEventFilter(&count);
+    m_grd.RedrawSet(false);
+    m_grd.TextSet(1, 1, QStringLiteral("new"));
+    QApplication::processEvents();
+    EXPECT_EQ(count.nPaints, 0);
+    m_grd.viewport()->repaint();  // as when a box above it has moved
+    EXPECT_EQ(count.nPaints, 1);
+    m_grd.RedrawSet(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count.nPaints == 2; }));
 }
 
 TEST_F(GridControlShown, PlaceAtFindsHeadersCellsAndNothing)
