@@ -132,6 +132,37 @@ TEST(Corrections, MirrorHeightIsContinuousWhereItsTermGChangesForm)
     EXPECT_GT(std::abs(dReference - MirrorHeightGet(tbl)), 5.0);
 }
 
+// The height for foF2/foE above 3.33 and f above foF2, written out as it is printed.
+double HeightOf(double dKm, double dFof2, double dFoe, double dM3, double dSsn, double dFrequency)
+{
+    const double y = std::max(dFof2 / dFoe, 1.8), x = dFrequency / dFof2;
+    const double dH = 1490.0 / (dM3 + 0.18 / (y - 1.4) + 0.096 * (dSsn - 25.0) / 150.0) - 316.0;
+    const auto fnPower = [x](int n) { return std::pow(x, n); };
+    const double e = -0.09707 * fnPower(3) + 0.6870 * fnPower(2) - 0.7506 * x + 0.6;
+    const double f = x <= 1.71 ? -1.862 * fnPower(4) + 12.95 * fnPower(3) - 32.03 * fnPower(2)
+                                     + 33.50 * x - 10.91
+                               : 1.21 + 0.2 * x;
+    const double g =
+        x <= 3.7 ? -2.102 * fnPower(4) + 19.50 * fnPower(3) - 63.15 * fnPower(2) + 90.47 * x - 44.73
+                 : 19.25;
+    const double a = (dKm - 160.0 - (dH + 43.0) * g) / (dH + 140.0);
+    const double dA = 140.0 + (dH - 47.0) * e;
+    const double dB = 150.0 + (dH - 17.0) * f - dA;
+    return std::min(dA + dB * (dB >= 0.0 && a >= 0.0 ? std::pow(2.4, -a) : 1.0), 800.0);
+}
+
+TEST(Corrections, MirrorHeightHasTheWholeFormula)
+{
+    for (const double dRatio : {1.05, 1.5, 2.0, 3.0, 3.6, 4.0}) {
+        for (const double dKm : {300.0, 1500.0, 3500.0}) {
+            const MirrorHeightInput tbl{5.0 * dRatio, dKm, 5.0, 1.2, 3.0, 60.0, false};
+            EXPECT_NEAR(MirrorHeightGet(tbl), HeightOf(dKm, 5.0, 1.2, 3.0, 60.0, 5.0 * dRatio),
+                        1e-6)
+                << dRatio << " " << dKm;
+        }
+    }
+}
+
 TEST(Corrections, DecilesAreReadAtTheLocalHour)
 {
     // Table of the lower decile, winter, R12 < 50, 50 degrees: 0.78 at 05 h, 0.85 at 12 h.

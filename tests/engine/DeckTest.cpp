@@ -108,6 +108,19 @@ TEST(PointDeck, WhatIsWrongIsToldByCardAndColumn)
              BadCase{"SUNSPOT   ", " SUNSPOT  ",
                      "\"SUNSPOT\", columns 1-10: not a card of this deck"},
              BadCase{"EXEC\r\n", "EXEC\r\nEXEC\r\n", "EXEC, columns 1-10: given twice"},
+             // A number in wrong columns would be cut to another one.
+             BadCase{"  170.0\r", "     170.0\r",
+                     "SUNSPOT, columns 11-15: the text runs on behind these columns"},
+             BadCase{"   11\r", "    11\r",
+                     "MONTH, columns 16-20: the text runs on behind these columns"},
+             BadCase{"   40   50\r", "   40    50\r",
+                     "NOIS, columns 26-30: the text runs on behind these columns"},
+             BadCase{
+                 "FREQ          2.0    4.0    6.0    8.0   10.0   12.0   14.0   16.0   18.0   20.0",
+                 "FREQ            14.1",
+                 "FREQ, columns 11-17: the text runs on behind these columns"},
+             BadCase{"    5.0000\r", "     5.0000\r",
+                     "ANTENNA, columns 69-78: the text runs on behind these columns"},
          }) {
         const auto res = PointDeckRead(Replaced(sDeck, c.sOld, c.sNew));
         ASSERT_FALSE(res) << c.sError;
@@ -199,6 +212,28 @@ TEST(AreaDeck, WhatIsWrongIsToldByLineAndColumn)
              BadCase{" 14.000", " 45.001", "Freqs, columns 11-17: 45.001 is not within 0.1 to 45"},
              BadCase{
                  "Sssns    :", "Sunspots :", "\"Sunspots\", columns 1-10: no label of this deck"},
+             BadCase{"Gridsize :   40    1", "Gridsize :    40    1",
+                     "Gridsize, columns 11-15: the text runs on behind these columns"},
+             BadCase{"Months   :  11.00", "Months   :   11.00",
+                     "Months, columns 11-17: the text runs on behind these columns"},
+             BadCase{"Sssns    :    170", "Sssns    :     170",
+                     "Sssns, columns 11-17: the text runs on behind these columns"},
+             BadCase{"Hours    :     12", "Hours    :      12",
+                     "Hours, columns 11-17: the text runs on behind these columns"},
+             BadCase{"Freqs    : 14.000", "Freqs    :  14.000",
+                     "Freqs, columns 11-17: the text runs on behind these columns"},
+             BadCase{"     60.00\r", "      60.00\r",
+                     "Area, columns 41-50: the text runs on behind these columns"},
+             BadCase{"   40         1\r", "   40         11\r",
+                     "System, columns 36-45: the text runs on behind these columns"},
+             BadCase{"  00.0     5.0000", "  00.0      5.0000",
+                     "Tx Ants, columns 47-57: the text runs on behind these columns"},
+             BadCase{"SWWHIP.VOA  ]", "SWWHIP.VOA   ",
+                     "Rec Ants, columns 12-32: no name between brackets"},
+             BadCase{":URSI", ":URSA", "Coeffs, columns 11-16: neither CCIR nor URSI"},
+             BadCase{"  145 ", "  14x ", "System, columns 11-15: \"14x\" is not a number"},
+             BadCase{"PCenter  : 24.00N   110.00W", "PCenter  : 24.00N   181.00W",
+                     "PCenter, columns 21-26: 181.00 is not within 0 to 180"},
          }) {
         const auto res = AreaDeckRead(Replaced(sDeck, c.sOld, c.sNew));
         ASSERT_FALSE(res) << c.sError;

@@ -255,6 +255,48 @@ TEST(Antenna, GainIsInterpolatedAndClamped)
     EXPECT_EQ(AntennaLowGet(&tbl, 3.0).nDegrees, 3);
 }
 
+// On a path with several modes: every mode has the gain at its own angle.
+TEST(Antenna, GainsCountAtTheRaysElevation)
+{
+    const auto pIono = std::make_unique<Ionosphere>();
+    IonosphereFill(*pIono, Behaviour::Best, MapSet::Ccir, 6, 100.0);
+    Antenna tblTx, tblRx;
+    for (std::size_t i = 0; i < tblTx.aGain.size(); ++i) {
+        tblTx.aGain[i] = static_cast<double>(i) / 5.0 - 8.0;
+        tblRx.aGain[i] = 6.0 - static_cast<double>(i) / 3.0;
+    }
+    Circuit tblCircuit;
+    tblCircuit.dTxLat = 50.0;
+    tblCircuit.dRxLat = 40.0;
+    tblCircuit.dRxLon = 12.0;
+    const auto pPath = std::make_unique<Path>();
+    const auto pHour = std::make_unique<Hour>();
+    PathFill(*pPath, *pIono, tblCircuit);
+    HourFill(*pHour, *pPath, 12);
+    ModeFields aFields;
+    ModeFieldsFill(aFields, *pHour, 7.0);
+    double dField = 0.0, dReceived = 0.0;
+    int nUsed = 0;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(pHour->nModes); ++i) {
+        if (!aFields[i].bUsed)
+            continue;
+        const double dDegrees = DegreesOf(pHour->aModes[i].dElevation);
+        const double dOwn = aFields[i].dField + dDegrees / 5.0 - 8.0;
+        dField += std::pow(10.0, dOwn / 10.0);
+        dReceived += std::pow(10.0, (dOwn + 6.0 - dDegrees / 3.0) / 10.0);
+        ++nUsed;
+    }
+    EXPECT_GT(nUsed, 1);
+    tblCircuit.pTx = &tblTx;
+    tblCircuit.pRx = &tblRx;
+    PathFill(*pPath, *pIono, tblCircuit);
+    HourFill(*pHour, *pPath, 12);
+    Prediction tbl;
+    PredictionFill(tbl, *pHour, 7.0);
+    EXPECT_NEAR(tbl.dField, 10.0 * std::log10(dField), 1e-6);
+    EXPECT_NEAR(tbl.dPower, 10.0 * std::log10(dReceived) - 20.0 * std::log10(7.0) - 107.2, 1e-6);
+}
+
 TEST(AuroralLoss, ColumnsIncludeTheirFirstHour)
 {
     const double dSin65 = std::sin(65.0 * kRadians);  // 62.5 to 67.5 degrees, winter, short hops

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "support/Faults.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -94,6 +95,97 @@ TEST(Rec533Program, ABadDeckIsOneLineStatus2AndNoOutput)
               "rec533w: sound.dat, SUNSPOT, columns 11-15: \"1x0.0\" is not a number\n");
     EXPECT_FALSE(fs::exists(tmp.Path("RUN/sound.out")));
     EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 1u);
+}
+
+// A deck of either run in a root of its own.
+struct Slot {
+    const char* sDeckFile;  // below the root
+    const char* sOutput;
+    const char* sArguments;  // behind the root
+    const char* sDeck;
+};
+constexpr Slot kPointSlot{"RUN/sound.dat", "RUN/sound.out", " sound.dat sound.out", "p2p_01.dat"};
+constexpr Slot kAreaSlot{"areadata/working.rec", "areadata/working.rg1", " AREA CALC working.rec",
+                         "area_02.rec"};
+
+Ended SlotRun(const TempFolder& tmp, const Slot& c, const std::string& sBefore = {})
+{
+    return ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "'" + c.sArguments, sBefore);
+}
+
+// One line, status 2, nothing written.
+void ExpectRefused(const TempFolder& tmp, const Slot& c, const Ended& tbl, const std::string& sWhy)
+{
+    EXPECT_EQ(tbl.nStatus, 2) << sWhy;
+    EXPECT_EQ(std::count(tbl.sError.begin(), tbl.sError.end(), '\n'), 1) << tbl.sError;
+    EXPECT_NE(tbl.sError.find(sWhy), std::string::npos) << tbl.sError;
+    EXPECT_EQ(FilesBelow(fs::path(tmp.Path(c.sDeckFile)).parent_path().string()), 1u) << sWhy;
+}
+
+struct BadDeck {
+    const Slot* pSlot;
+    const char* sOld;
+    const char* sNew;
+    const char* sError;
+};
+
+TEST(Rec533Program, EveryKindOfBadDeckIsOneLineStatus2AndNoOutput)
+{
+    for (const BadDeck& c : {
+             BadDeck{&kPointSlot, "FREQ", "\r\nFREQ2",
+                     "sound.dat, \"FREQ2\", columns 1-10: not a card of this deck"},
+             BadDeck{&kPointSlot, "   11\r", "   13\r", "MONTH, columns 16-20: 13 is not"},
+             BadDeck{&kPointSlot, " 38.00N", " 91.00N", "TRANS, columns 32-37: 91.00 is not"},
+             BadDeck{&kPointSlot, "20.0\r", "20.0   21.0\r", "FREQ, columns 81-87: more than 10"},
+             BadDeck{&kPointSlot, "QUIT", "", "QUIT: the card is missing"},
+             BadDeck{&kPointSlot, "SWWHIP", "SWWHAP", "ANTENNA 1, columns 42-62: antenna file"},
+             BadDeck{&kAreaSlot, "Coeffs", "Koeffs",
+                     "working.rec, \"Koeffs\", columns 1-10: no label of this deck"},
+             BadDeck{&kAreaSlot, "6.00\r", "13.0\r", "Months, columns 11-17: 13.0 is not"},
+             BadDeck{&kAreaSlot, ": 45.00N", ": 91.00N", "Transmit, columns 11-16: 91.00 is not"},
+             BadDeck{&kAreaSlot, "CONST17", "CONST71", "Tx Ants, columns 12-32: antenna file"},
+         }) {
+        TempFolder tmp;
+        std::string sDeck = DeckOf(c.pSlot->sDeck);
+        const std::size_t nAt = sDeck.find(c.sOld);
+        ASSERT_NE(nAt, std::string::npos) << c.sOld;
+        tmp.Write(c.pSlot->sDeckFile, sDeck.replace(nAt, std::string(c.sOld).size(), c.sNew));
+        ExpectRefused(tmp, *c.pSlot, SlotRun(tmp, *c.pSlot), c.sError);
+    }
+}
+
+TEST(Rec533Program, AFolderThatIsReadOnlyIsToldWithTheReason)
+{
+    for (const Slot* pSlot : {&kPointSlot, &kAreaSlot}) {
+        TempFolder tmp;
+        const fs::path pthDeck = tmp.Write(pSlot->sDeckFile, DeckOf(pSlot->sDeck));
+        fs::permissions(tmp.Path(), fs::perms::all);  // the error's file is written there
+        fs::permissions(pthDeck.parent_path(), fs::perms::owner_read | fs::perms::owner_exec
+                                                   | fs::perms::others_read
+                                                   | fs::perms::others_exec);
+        AsUnprivileged([&] {
+            ExpectRefused(tmp, *pSlot, SlotRun(tmp, *pSlot),
+                          std::string(pSlot->sOutput) + ", Permission denied");
+        });
+        fs::permissions(pthDeck.parent_path(), fs::perms::all);
+    }
+}
+
+TEST(Rec533Program, AGridThatMeetsAFullDiskLeavesNoRest)
+{
+    TempFolder tmp;
+    tmp.Write(kAreaSlot.sDeckFile, DeckOf(kAreaSlot.sDeck));
+    ExpectRefused(tmp, kAreaSlot, SlotRun(tmp, kAreaSlot, "trap '' XFSZ; ulimit -f 4; "),
+                  std::string(kAreaSlot.sOutput) + ", Disk full");
+}
+
+TEST(Rec533Program, AMissingAreaDeckIsToldWithTheReason)
+{
+    TempFolder tmp;
+    const Ended tbl = SlotRun(tmp, kAreaSlot);
+    EXPECT_EQ(tbl.nStatus, 2);
+    EXPECT_EQ(std::count(tbl.sError.begin(), tbl.sError.end(), '\n'), 1) << tbl.sError;
+    EXPECT_NE(tbl.sError.find("not found"), std::string::npos) << tbl.sError;
 }
 
 TEST(Rec533Program, AMissingDeckOrFolderIsToldWithTheReason)

@@ -74,6 +74,7 @@ void AreaRead(CardReader& rdr, AreaDeck& tbl)
     tbl.dWest = rdr.NumberGet(kWest, -360.0, 360.0);
     tbl.dEast = rdr.NumberGet(kEast, -360.0, 360.0);
     tbl.dSouth = rdr.NumberGet(kSouth, -90.0, 90.0);
+    rdr.EndCheck(kNorth);
     tbl.dNorth = rdr.NumberGet(kNorth, -90.0, 90.0);
 }
 
@@ -83,6 +84,7 @@ void SystemRead(CardReader& rdr, DeckCommon& tbl)
     tbl.dLeastElevation = rdr.NumberGet(kElevation, -99.0, 99.0);
     tbl.dReliability = rdr.NumberGet(kReliability, -999.0, 9999.0);
     tbl.dRequiredSnr = rdr.NumberGet(kSnr, -200.0, 200.0);
+    rdr.EndCheck(kBandwidth);
     tbl.dBandwidth = rdr.NumberGet(kBandwidth, 1.0, 1e6);
 }
 
@@ -94,6 +96,7 @@ void AntennaRead(CardReader& rdr, std::string_view sLine, bool bTx, DeckCommon& 
     tblCard.sName = std::string(TextColumns(sLine, kAntennaName.nCol, kAntennaName.nWidth));
     if (bTx) {
         tblCard.dAzimuth = rdr.NumberGet(kTxTurn, -360.0, 360.0);
+        rdr.EndCheck(kTxPower);
         tblCard.dPowerKw = rdr.NumberGet(kTxPower, 1e-6, kPowerMost);
     }
     (bTx ? tbl.tblTxAntenna : tbl.tblRxAntenna) = tblCard;
@@ -121,6 +124,7 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
             AreaRead(rdr, tbl);
             break;
         case kGridsize:
+            rdr.EndCheck(kGrid);
             tbl.nGrid = rdr.IntegerGet(kGrid, kGridLeast, kGridMost);
             break;
         case kCoeffs:
@@ -129,15 +133,19 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
                 rdr.Fail(kCoefficients, "neither CCIR nor URSI");
             break;
         case kMonths:
+            rdr.EndCheck(kMonth);
             tblCommon.nMonth = rdr.IntegerGet(kMonth, 1, 12);
             break;
         case kSsns:
+            rdr.EndCheck(kSunspot);
             tblCommon.dSsn = rdr.NumberGet(kSunspot, 0.0, kSsnMost);
             break;
         case kHours:
+            rdr.EndCheck(kHour);
             tbl.nHour = rdr.IntegerGet(kHour, 0, 24);
             break;
         case kFreqs:
+            rdr.EndCheck(kFrequency);
             tbl.dFrequency = rdr.NumberGet(kFrequency, kFrequencyLeast, kFrequencyMost);
             break;
         case kSystem:

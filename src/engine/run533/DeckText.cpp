@@ -55,6 +55,13 @@ void CardReader::Fail(Columns fld, std::string_view sWhy)
     m_error = DeckErrorMake(m_sCard, fld, sWhy);
 }
 
+void CardReader::EndCheck(Columns fld)
+{
+    const std::string_view sAcross = TextColumns(m_sLine, fld.nCol + fld.nWidth - 1, 2);
+    if (sAcross.size() == 2 && sAcross.find_first_of(" \t") == std::string_view::npos)
+        Fail(fld, "the text runs on behind these columns");
+}
+
 double CardReader::NumberGet(Columns fld, double dLeast, double dMost)
 {
     const std::string_view sText = TextGet(fld);

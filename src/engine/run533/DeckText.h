@@ -42,6 +42,9 @@ public:
     int IntegerGet(Columns fld, int nLeast, int nMost);
     /// One of two letters behind an absolute value: the sign. fldLetter is one wide.
     double SignedGet(Columns fldNumber, Columns fldLetter, char cPlus, char cMinus, double dMost);
+    /// Fails where the field's text runs on behind it: a number in wrong columns, which would be
+    /// cut to another one. For fields behind which the card begins with a blank, or ends.
+    void EndCheck(Columns fld);
     /// Remembers an error of the caller's own.
     void Fail(Columns fld, std::string_view sWhy);
 

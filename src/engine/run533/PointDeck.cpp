@@ -79,6 +79,7 @@ void FrequenciesRead(CardReader& rdr, std::string_view sLine, PointDeck& tbl)
             rdr.Fail(fld, "more than 10 frequencies");
             return;
         }
+        rdr.EndCheck(fld);
         tbl.aFrequencies.push_back(rdr.NumberGet(fld, -1e6, 1e6));
     }
     if (tbl.aFrequencies.empty())
@@ -93,6 +94,7 @@ void AntennaRead(CardReader& rdr, DeckCommon& tbl, std::string_view sLine)
         rdr.Fail(kAntennaName, "no name between brackets");
     tblCard.sName = std::string(TextColumns(sLine, kAntennaName.nCol, kAntennaName.nWidth));
     tblCard.dAzimuth = rdr.NumberGet(kAntennaTurn, -360.0, 360.0);
+    rdr.EndCheck(kAntennaPower);
     tblCard.dPowerKw = rdr.NumberGet(kAntennaPower, 0.0, kPowerMost);
     if (nSide == 1 && tblCard.dPowerKw <= 0.0)
         rdr.Fail(kAntennaPower, "no power");
@@ -103,6 +105,7 @@ void TimeRead(CardReader& rdr)
 {
     const int nFirst = rdr.IntegerGet(kFirstHour, 0, 24);
     const int nLast = rdr.IntegerGet(kLastHour, 0, 24);
+    rdr.EndCheck(kHourStep);
     const int nStep = rdr.IntegerGet(kHourStep, 1, 24);
     if (nFirst != 0 || nLast != 23 || nStep != 1)
         rdr.Fail({kFirstHour.nCol, 15}, "only the hours 0 to 23 in steps of 1 are known");
@@ -113,6 +116,7 @@ void NoiseRead(CardReader& rdr, DeckCommon& tbl)
     tbl.dNoise = -std::abs(rdr.NumberGet(kNoise, -999.0, 999.0));
     tbl.dBandwidth = rdr.NumberGet(kBandwidth, 1.0, 99999.0);
     tbl.dRequiredSnr = rdr.NumberGet(kSnr, -200.0, 200.0);
+    rdr.EndCheck(kReliability);
     tbl.dReliability = rdr.NumberGet(kReliability, -999.0, 9999.0);
 }
 
@@ -126,6 +130,7 @@ void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tb
                 rdr.Fail(kCoefficients, "neither CCIR nor URSI");
             break;
         case kSsn:
+            rdr.EndCheck(kSunspot);
             tblCommon.dSsn = rdr.NumberGet(kSunspot, 0.0, kSsnMost);
             break;
         case kTime:
@@ -133,6 +138,7 @@ void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tb
             break;
         case kDate:
             tbl.nYear = rdr.IntegerGet(kYear, 0, 9999);
+            rdr.EndCheck(kMonth);
             tblCommon.nMonth = rdr.IntegerGet(kMonth, 1, 12);
             break;
         case kTrans:
@@ -143,6 +149,7 @@ void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tb
             break;
         case kSyst:
             tbl.dPowerKw = rdr.NumberGet(kPower, 1e-6, kPowerMost);
+            rdr.EndCheck(kElevation);
             tblCommon.dLeastElevation = rdr.NumberGet(kElevation, -99.0, 99.0);
             break;
         case kNois:
