@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <sched.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -97,6 +98,7 @@ namespace fs = std::filesystem;
 
 constexpr double kPathShare = 0.6;
 constexpr double kAreaShare = 0.35;
+constexpr long kMemoryKb = 16 * 1024;
 constexpr double kVoacaplPathUs = 8000.0;  // where voacapl is not installed: what it took elsewhere
 constexpr double kVoacaplAreaUs = 50000.0;
 constexpr const char* kVoacapl = "/usr/bin/voacapl";
@@ -105,7 +107,8 @@ constexpr const char* kDecks = BENCH_DATA "/propagation/data/engines/";
 
 using Words = std::vector<std::string>;
 
-bool ProgramRun(const Words& aWords)
+// True when it ended well. nKb: the most memory that it held.
+bool ProgramRun(const Words& aWords, long& nKb)
 {
     std::vector<char*> aArguments;
     for (const std::string& sWord : aWords) aArguments.push_back(const_cast<char*>(sWord.c_str()));
@@ -119,16 +122,20 @@ bool ProgramRun(const Words& aWords)
         posix_spawn(&nProcess, aArguments[0], &actions, nullptr, aArguments.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     int nStatus = -1;
-    return nError == 0 && waitpid(nProcess, &nStatus, 0) == nProcess && nStatus == 0;
+    rusage tblUsage{};
+    const bool bEnded = nError == 0 && wait4(nProcess, &nStatus, 0, &tblUsage) == nProcess;
+    nKb = tblUsage.ru_maxrss;
+    return bEnded && nStatus == 0;
 }
 
 // Fastest of some runs, microseconds; 0 when one fails.
 double FastestGet(const Words& aWords, int nRuns)
 {
     double dFastest = 1e12;
+    long nKb = 0;
     for (int i = 0; i < nRuns; ++i) {
         const auto tStart = std::chrono::steady_clock::now();
-        if (!ProgramRun(aWords))
+        if (!ProgramRun(aWords, nKb))
             return 0.0;
         const std::chrono::duration<double, std::micro> tTaken =
             std::chrono::steady_clock::now() - tStart;
@@ -215,9 +222,13 @@ void ProgramsCompare(benchmark::State& state, const Words& aOwn, const Words& aV
             return;
         }
     }
+    long nKb = 0;
     for (auto _ : state)
-        if (!ProgramRun(aOwn))
+        if (!ProgramRun(aOwn, nKb))
             state.SkipWithError("rec533w.exe failed");
+    if (nKb >= kMemoryKb)
+        state.SkipWithError("rec533w.exe holds too much memory");
+    state.counters["memory_kb"] = static_cast<double>(nKb);
     state.counters["voacapl_us"] = dVoacaplUs;
     state.counters["limit_us"] = dShare * dVoacaplUs;
 }

@@ -179,6 +179,17 @@ TEST(Corrections, DecilesAreReadAtTheLocalHour)
     EXPECT_NEAR(DecileFactorsGet(50.0 * kRadians, dHour, Season::Winter, 20.0).dLower, 0.78, 1e-6);
 }
 
+// Worked values of the noise at 07 and 01 UT: the ITU program has them an hour later.
+TEST(Corrections, NoiseIsOfTheLabelsHour)
+{
+    NoisePlace tblPlace = NoisePlaceMake(PlaceFromDegrees(40.0, 10.0));
+    const auto pIono = IonosphereOf(Behaviour::Corrected, 2, 100.0);
+    EXPECT_NEAR(NoiseAtmosphericGet(*pIono, tblPlace, 7, 10.0).dFa, 34.237, 0.001);
+    const auto pMay = IonosphereOf(Behaviour::Corrected, 5, 100.0);
+    NoisePlace tblOther = NoisePlaceMake(PlaceFromDegrees(52.4862, -1.8904));
+    EXPECT_NEAR(NoiseAtmosphericGet(*pMay, tblOther, 1, 14.0).dFa, 25.256, 0.001);
+}
+
 TEST(Corrections, AuroralHourIsWrapped)
 {
     const double dLon = -151.0 * kRadians;  // ten whole zones west

@@ -168,8 +168,9 @@ TEST(Sanity, NothingJumpsAtTheDateLineTheEquatorAndGreenwich)
     }
 }
 
-// Steps over a part of forty great circles. A circle whose order of hops changes within it is
-// passed over: that step is the method's own, at whatever distance it comes.
+// Steps over a part of forty great circles, at three frequencies. A circle whose order of hops
+// changes within it is passed over: that step is the method's own, at whatever distance it comes.
+// So is one whose field at 7000 km is below -100 dB(uV/m), from where the long-path rule begins.
 std::vector<double> StepsGet(double dNearKm, double dFarKm)
 {
     std::mt19937 rng(11);
@@ -177,19 +178,24 @@ std::vector<double> StepsGet(double dNearKm, double dFarKm)
     Bench tbl;
     IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ccir, 10, 100.0);
     std::vector<double> aSteps;
+    int nDrawn = 0;
     while (aSteps.size() < 40) {
+        ++nDrawn;
         Circuit tblNear = CircuitOf(80 * draw(rng), 180 * draw(rng), 0, 0);
         Circuit tblFar = tblNear;
         const double dBearing = 180.0 * draw(rng);
         EndGet(tblNear, dBearing, dNearKm);
         EndGet(tblFar, dBearing, dFarKm);
         const int nLabel = 1 + static_cast<int>(aSteps.size()) % 24;
-        const double dNear = tbl.Run(tblNear, nLabel, 12.0).dField;
+        constexpr double kFrequencies[]{7.0, 12.0, 20.0};
+        const double dFrequency = kFrequencies[aSteps.size() % 3];
+        const double dNear = tbl.Run(tblNear, nLabel, dFrequency).dField;
         const int nOrder = tbl.pHour->nOrderF2;
-        const double dFar = tbl.Run(tblFar, nLabel, 12.0).dField;
-        if (nOrder == tbl.pHour->nOrderF2 && dNear > -100.0)
+        const double dFar = tbl.Run(tblFar, nLabel, dFrequency).dField;
+        if (nOrder == tbl.pHour->nOrderF2 && (dNear > -100.0 || dNearKm > kShortOnly))
             aSteps.push_back(std::abs(dFar - dNear));
     }
+    EXPECT_LE(nDrawn, 50) << "too many are passed over";
     std::sort(aSteps.begin(), aSteps.end());
     return aSteps;
 }
