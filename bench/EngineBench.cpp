@@ -228,7 +228,6 @@ void ProgramsCompare(benchmark::State& state, const Words& aOwn, const Words& aV
             state.SkipWithError("rec533w.exe failed");
     if (nKb >= kMemoryKb)
         state.SkipWithError("rec533w.exe holds too much memory");
-    state.counters["memory_kb"] = static_cast<double>(nKb);
     state.counters["voacapl_us"] = dVoacaplUs;
     state.counters["limit_us"] = dShare * dVoacaplUs;
 }
