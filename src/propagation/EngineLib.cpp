@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "system/EngineRootLib.h"
 #include "system/FileLib.h"
 #include "system/MsgLib.h"
 
@@ -33,6 +34,11 @@ std::string EngineProgramPath(int iModel)
     if (const Engine* pEngine = EngineFind(iModel))
         sPath += pEngine->sProgram;
     return sPath;
+}
+
+bool EngineIsHopcasts(int iModel)
+{
+    return iModel == kEngineRec533 && EngineIsBuiltIn(std::string(EngineFind(iModel)->sProgram));
 }
 
 bool EngineCheckInstalled(int iModel, bool bShowError)

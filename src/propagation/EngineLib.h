@@ -34,6 +34,10 @@ inline constexpr std::string_view kEngineConsole = "c:\\itshfbc\\RUN\\hopcast.tx
 /// Held from writing a deck to reading its output.
 inline constexpr std::string_view kEngineLock = "c:\\itshfbc\\hopcast.lock";
 
+/// True when the model's program is Hopcast's own engine. Of the programs that Hopcast provisions
+/// only REC533 is: its VOACAP is a launcher around the system's.
+[[nodiscard]] bool EngineIsHopcasts(int iModel);
+
 /// True when the engine's program file exists. When it is missing and bShowError is set, one box
 /// says so.
 bool EngineCheckInstalled(int iModel, bool bShowError);

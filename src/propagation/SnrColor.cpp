@@ -22,6 +22,11 @@ constexpr std::uint32_t kGrey = 0x808080;
 
 }  // namespace
 
+float SnrShownGet(float fSnr)
+{
+    return fSnr >= kSnrLeast ? fSnr : kSnrLeast;  // not-a-number is not at least anything
+}
+
 std::uint32_t SnrGetColor(float fSnr)
 {
     for (const Band& band : kBands)

@@ -7,6 +7,12 @@
 
 #include <cstdint>
 
+/// The lowest SNR that a table shows, dB.
+inline constexpr float kSnrLeast = -99.0F;
+
+/// What a table shows of an SNR: kSnrLeast for anything lower and for not-a-number.
+[[nodiscard]] float SnrShownGet(float fSnr);
+
 /// Colour of an SNR: bands of 5 dB from 40 dB to 70 dB, lower bounds inclusive; grey below 40 dB
 /// and for not-a-number. The jump from purple (55 dB) to blue (50 dB) is intended.
 [[nodiscard]] std::uint32_t SnrGetColor(float fSnr);

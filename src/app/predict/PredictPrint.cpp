@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr float kSnrLeast = -99.0F;  // what the main window's table shows of anything lower
-
 std::string PadLeft(const std::string& sText, std::size_t nWidth)
 {
     return sText.size() < nWidth ? std::string(nWidth - sText.size(), ' ') + sText : sText;
@@ -140,7 +138,7 @@ std::string PredictTableGet(const PredictRun& run, bool bColor)
     for (int iHour = 1; iHour <= kHourCount; ++iHour) {
         sText += " " + NumberFormat(static_cast<double>(iHour - 1), "00");
         for (int i = 1; i <= table.nData; ++i) {
-            const float fSnr = std::max(table.fSnr(iHour, i), kSnrLeast);
+            const float fSnr = SnrShownGet(table.fSnr(iHour, i));
             const std::string sCell = PadLeft(NumberFormat(fSnr, "0"), nWidth);
             sText += bColor ? CellColored(sCell, fSnr) : sCell;
         }

@@ -9,7 +9,6 @@
 #include "propagation/PropagationLib.h"
 #include "settings/SunSpotLib.h"
 #include "system/ClockLib.h"
-#include "system/EngineRootLib.h"
 #include "system/MsgLib.h"
 
 namespace {
@@ -41,10 +40,7 @@ std::string EngineNameGet(int iModel)
     const Engine* pEngine = EngineFind(iModel);
     if (pEngine == nullptr)
         return "no engine";
-    std::string sName(pEngine->sName);
-    return EngineIsBuiltIn(std::string(pEngine->sProgram)) && iModel == kEngineRec533
-               ? sName + " (built-in)"
-               : sName;
+    return std::string(pEngine->sName) + (EngineIsHopcasts(iModel) ? " (built-in)" : "");
 }
 
 /// Month and sunspot number of the run, as the main window's update takes them.

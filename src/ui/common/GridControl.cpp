@@ -6,9 +6,9 @@
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
+#include "propagation/SnrColor.h"
 #include "ui/common/GridPaint.h"
 
 namespace {
@@ -21,24 +21,15 @@ constexpr int kRowLinesMost = 3;
 constexpr int kLeastRows = 4;
 constexpr int kLeastCols = 6;
 
-double ChannelLuminance(int nChannel)
-{
-    const double dPart = nChannel / 255.0;
-    return dPart <= 0.03928 ? dPart / 12.92 : std::pow((dPart + 0.055) / 1.055, 2.4);
-}
-
 GridHeader* HeaderOf(QHeaderView* pHeader) { return static_cast<GridHeader*>(pHeader); }
 
 }  // namespace
 
 QColor TextColorOn(const QColor& clrBack)
 {
-    const double dLuminance = 0.2126 * ChannelLuminance(clrBack.red())
-                              + 0.7152 * ChannelLuminance(clrBack.green())
-                              + 0.0722 * ChannelLuminance(clrBack.blue());
-    const double dWhite = 1.05 / (dLuminance + 0.05);
-    const double dBlack = (dLuminance + 0.05) / 0.05;
-    return dWhite > dBlack ? QColor(Qt::white) : QColor(Qt::black);
+    const auto nBgr =
+        static_cast<std::uint32_t>(clrBack.red() | (clrBack.green() << 8) | (clrBack.blue() << 16));
+    return ColorTakesBlackText(nBgr) ? QColor(Qt::black) : QColor(Qt::white);
 }
 
 QColor ColorFromBgr(std::uint32_t nBgr)

@@ -11,8 +11,7 @@ void TableShow(PropagationTable& table, GridControl& grd)
     for (int i = 1; i <= table.nData; ++i) {
         for (int iHour = 1; iHour <= kHourCount; ++iHour) {
             float& fSnr = table.fSnr(iHour, i);
-            if (!(fSnr >= kSnrLeast))  // smaller, or not a number
-                fSnr = kSnrLeast;
+            fSnr = SnrShownGet(fSnr);
             const QColor clrBack = ColorFromBgr(SnrGetColor(fSnr));
             grd.TextSet(i, iHour, QString::fromStdString(NumberFormat(fSnr, "0")));
             grd.ColorSet(i, iHour, clrBack, TextColorOn(clrBack));

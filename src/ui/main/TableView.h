@@ -9,9 +9,6 @@
 
 class GridControl;
 
-/// Lowest SNR shown, dB.
-inline constexpr float kSnrLeast = -99.0F;
-
 /// Writes text and colours of every hour and frequency. An SNR below -99 dB, and one that is no
 /// number, becomes -99 in the table itself.
 void TableShow(PropagationTable& table, GridControl& grd);

@@ -11,7 +11,6 @@
 #include "propagation/SnrColor.h"
 #include "settings/SunSpotLib.h"
 #include "system/ClockLib.h"
-#include "system/EngineRootLib.h"
 #include "system/NumberLib.h"
 #include "ui/common/MsgWindow.h"
 #include "ui/details/frmDetails.h"
@@ -231,10 +230,7 @@ void frmMain::DataSetSelected(int iRow, int iCol)
 
 void frmMain::StatusShow()
 {
-    // VOACAP of ours is a launcher around the system's; only REC533 is built in.
-    const Engine* pEngine = EngineFind(m_settings.m_iPropagationModel);
-    const bool bBuiltIn = m_settings.m_iPropagationModel == kEngineRec533
-                          && EngineIsBuiltIn(std::string(pEngine->sProgram));
+    const bool bBuiltIn = EngineIsHopcasts(m_settings.m_iPropagationModel);
     QString sInForce =
         QString::fromStdString(StatusInForce(m_settings, bBuiltIn, m_bSunSpotNumber));
     lblInForce->setToolTip(sInForce);

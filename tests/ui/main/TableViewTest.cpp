@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "propagation/SnrColor.h"
 #include "ui/common/GridControl.h"
 #include "ui/main/TableView.h"
 
