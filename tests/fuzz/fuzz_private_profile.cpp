@@ -17,10 +17,10 @@ struct Names {
     std::string sSection, sKey, sValue;
 };
 
-/// Takes the first line off the input.
+/// Takes the first line off the input. Names hold no line end: they are the program's own.
 Names NamesTake(std::string_view& sInput)
 {
-    const std::string_view sLine = sInput.substr(0, sInput.find('\n'));
+    const std::string_view sLine = sInput.substr(0, sInput.find_first_of("\r\n"));
     sInput.remove_prefix(std::min(sLine.size() + 1, sInput.size()));
     Names names;
     const std::size_t nSection = std::min(sLine.find('|'), sLine.size());
