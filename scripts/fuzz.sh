@@ -64,22 +64,26 @@ Counts() {
         END { print runs " inputs, " cov " edges" }' "$1"
 }
 
+# One reader's run; its end, also by a signal, is the end of its program.
 Fuzz() {
     local reader=$1 log=build/fuzz/fuzz_$1.log crash=build/fuzz/crash/$1- own=tests/fuzz/data/$1
-    local seeds=$scratch/$1
+    local seeds=$scratch/$1 found
     mkdir -p "build/fuzz/corpus/$reader" "$seeds/tmp" "$seeds/seeds"
     # shellcheck disable=SC2046 # a list
     cp $(Seeds "$reader") $(find "$own" -type f 2>/dev/null) "$seeds/seeds"
-    rm -f "$crash"*
-    if TMPDIR=$seeds/tmp "build/fuzz/bin/fuzz_$reader" -max_total_time="$seconds" -max_len=8192 \
+    TMPDIR=$seeds/tmp "build/fuzz/bin/fuzz_$reader" -max_total_time="$seconds" -max_len=8192 \
         -timeout=25 -dict=tests/fuzz/texts.dict -artifact_prefix="$crash" -print_final_stats=1 \
-        "build/fuzz/corpus/$reader" "$seeds/seeds" >"$log" 2>&1; then
+        "build/fuzz/corpus/$reader" "$seeds/seeds" >"$log" 2>&1 &
+    # shellcheck disable=SC2064 # this program
+    trap "kill $! 2>/dev/null; exit 143" TERM
+    if wait $!; then
         echo "fuzz: $reader: $(Counts "$log"), none broke it"
         return 0
     fi
     tail -n 30 "$log" >&2
-    echo "fuzz: $reader broke ($log). To see it again:" >&2
-    printf '  build/fuzz/bin/fuzz_%s %s\n' "$reader" "$(echo "$crash"*)" >&2
+    found=$(sed -n 's/.*Test unit written to //p' "$log")
+    echo "fuzz: $reader broke, its log is $log${found:+; to see it again:}" >&2
+    [ -z "$found" ] || echo "  build/fuzz/bin/fuzz_$reader $found" >&2
     return 1
 }
 
