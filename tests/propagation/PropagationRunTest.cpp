@@ -259,6 +259,13 @@ TEST_P(EachEngine, FirstPrintableLineThatItSaysIsKept)
                   "echo\nprintf 'STOP \\001\\377no  map \\033[1m\\n' >&2\necho more");
     EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
     EXPECT_EQ(EngineSaidGet(), "STOP no  map [1m");
+    // Nor does it stay for a run that ends before its engine starts.
+    PropagationInput input = InputOf(m_case.iModel, 10);
+    input.fNoiseLevel = -123456.0F;
+    EXPECT_FALSE(PropagationRun(input, m_table));
+    EXPECT_EQ(EngineSaidGet(), "");
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_EQ(EngineSaidGet(), "STOP no  map [1m");
     m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
     EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
     EXPECT_EQ(EngineSaidGet(), "");

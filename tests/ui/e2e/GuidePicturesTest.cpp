@@ -33,6 +33,7 @@ class GuideRig : public RealRig {
 public:
     GuideRig() : RealRig(kEngineRec533)
     {
+        QApplication::setCursorFlashTime(0);  // the same pictures at each run
         // As on a machine where Hopcast has just been installed.
         EXPECT_TRUE(EngineRootProvisionFrom(TEST_BIN, "/usr/bin"));
         m_dtLocal.nHour -= 7;
