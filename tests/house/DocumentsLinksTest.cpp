@@ -113,7 +113,7 @@ bool PathIsThere(const std::string& sPath)
 TEST(DocumentsLinks, FoldersAndFilesOfTheProjectThatAreNamedAreThere)
 {
     static const std::regex kPath(
-        R"(`((?:\.\./)?(?:src|tests|docs|tools|assets|scripts|cmake|bench)/[A-Za-z0-9_./-]*)`)");
+        R"(`((?:\.\./)?(?:src|tests|docs|tools|assets|scripts|cmake|bench|packaging)/[A-Za-z0-9_./-]*)`)");
     std::size_t nPaths = 0;
     for (const fs::path& pthFile : DocumentsGet()) {
         for (const std::string& sPath : MatchesGet(ProseGet(pthFile), kPath)) {
@@ -159,15 +159,27 @@ std::set<std::string> OptionsIn(const std::string& sText)
     return {asFound.begin(), asFound.end()};
 }
 
+/// A program's manual page, where packages have one; its hyphens are escaped.
+std::string ManualPageGet(const std::string& sProgram)
+{
+    const fs::path pthPage = kRoot / "packaging/man" / (sProgram + ".1");
+    return fs::exists(pthPage)
+               ? std::regex_replace(BytesRead(pthPage.string()), std::regex(R"(\\-)"), "-")
+               : std::string();
+}
+
 class ProgramOptions : public testing::TestWithParam<const char*> {};
 
-TEST_P(ProgramOptions, AreTheSameInHelpAndGuide)
+TEST_P(ProgramOptions, AreTheSameInHelpGuideAndManualPage)
 {
     const ProgramResult res = ProgramRun({std::string(TEST_BIN "/") + GetParam(), "--help"});
     ASSERT_EQ(res.nStatus, 0) << res.sError;
     const std::set<std::string> asHelp = OptionsIn(res.sOut);
     EXPECT_GE(asHelp.size(), 3U);
     EXPECT_EQ(asHelp, OptionsIn(OptionsTableGet(GetParam())));
+    if (const std::string sPage = ManualPageGet(GetParam()); !sPage.empty()) {
+        EXPECT_EQ(asHelp, OptionsIn(sPage));
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Programs, ProgramOptions,
