@@ -253,17 +253,21 @@ TEST_P(EachEngine, ValueThatDoesNotFitFailsTheDeckAndStartsNothing)
     EXPECT_EQ(m_root.CallCount(), 0);
 }
 
+TEST_P(EachEngine, SayingOfAnEarlierRunIsForgottenByOneThatStartsNoEngine)
+{
+    m_root.Engine(m_case.sProgram, "echo no map");
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_EQ(EngineSaidGet(), "no map");
+    PropagationInput input = InputOf(m_case.iModel, 10);
+    input.fNoiseLevel = -123456.0F;  // fits no field of the deck
+    EXPECT_FALSE(PropagationRun(input, m_table));
+    EXPECT_EQ(EngineSaidGet(), "");
+}
+
 TEST_P(EachEngine, FirstPrintableLineThatItSaysIsKept)
 {
     m_root.Engine(m_case.sProgram,
                   "echo\nprintf 'STOP \\001\\377no  map \\033[1m\\n' >&2\necho more");
-    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
-    EXPECT_EQ(EngineSaidGet(), "STOP no  map [1m");
-    // Nor does it stay for a run that ends before its engine starts.
-    PropagationInput input = InputOf(m_case.iModel, 10);
-    input.fNoiseLevel = -123456.0F;
-    EXPECT_FALSE(PropagationRun(input, m_table));
-    EXPECT_EQ(EngineSaidGet(), "");
     EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
     EXPECT_EQ(EngineSaidGet(), "STOP no  map [1m");
     m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));

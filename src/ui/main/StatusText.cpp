@@ -38,7 +38,7 @@ std::string StatusInForce(const Settings& settings, bool bBuiltIn, bool bSunSpot
 }
 
 std::string StatusTrouble(RunTrouble eTrouble, const Settings& settings,
-                          const std::string& sMessage, const std::string& sSaid)
+                          const std::string& sMessage)
 {
     if (eTrouble == RunTrouble::SunSpot)
         return "No sunspot number from Airmail: Options, Model, clear Auto";
@@ -47,7 +47,6 @@ std::string StatusTrouble(RunTrouble eTrouble, const Settings& settings,
     if (sMessage.find("not found.") != std::string::npos)
         return EngineName(settings) + " is not installed: Options, Model, choose another engine";
     const std::string sLine = sMessage.substr(0, sMessage.find_first_of("\r\n"));
-    if (sLine.empty())
-        return "The prediction failed: Options, Model, choose an engine";
-    return "The prediction failed: " + sLine + (sSaid.empty() ? "" : " (" + sSaid + ")");
+    return sLine.empty() ? "The prediction failed: Options, Model, choose an engine"
+                         : "The prediction failed: " + sLine;
 }

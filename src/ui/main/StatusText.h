@@ -20,6 +20,5 @@ enum class RunTrouble { SunSpot, Frequencies, Engine };
 
 /// One line of advice on a failed run.
 /// @param sMessage  the box that was shown, empty when there was none
-/// @param sSaid     what the engine itself said, empty when it said nothing
 [[nodiscard]] std::string StatusTrouble(RunTrouble eTrouble, const Settings& settings,
-                                        const std::string& sMessage, const std::string& sSaid = {});
+                                        const std::string& sMessage);

@@ -153,7 +153,7 @@ void frmMain::PositionsShow()
 
 bool frmMain::TroubleSet(RunTrouble eTrouble, const std::string& sMessage)
 {
-    m_sTrouble = StatusTrouble(eTrouble, m_settings, sMessage, EngineSaidGet());
+    m_sTrouble = StatusTrouble(eTrouble, m_settings, sMessage);
     return false;
 }
 

@@ -57,18 +57,6 @@ TEST(OptionsEndToEnd, AnotherEngineAndTwoFrequenciesChangeTheMainTable)
     EXPECT_EQ(RowTexts(frm, 2), asRec533);
 }
 
-TEST(OptionsEndToEnd, SettingThatTheEngineRefusesIsNamedInTheStatusLine)
-{
-    RealRig rig(kEngineRec533);
-    frmMain& frm = rig.Start();
-    frm.m_settings.m_fPropagationSunSpotNumber = 400;
-    EXPECT_FALSE(frm.Update());
-    ASSERT_FALSE(rig.m_msg.m_aShown.empty());
-    EXPECT_EQ(rig.m_msg.m_aShown[0].sText, "PropagationRec533, Shell do not finish.");
-    EXPECT_TRUE(frm.lblTrouble->toolTip().contains(QStringLiteral("(rec533w: sound.dat, SUNSPOT")))
-        << frm.lblTrouble->toolTip().toStdString();
-}
-
 TEST(OptionsEndToEnd, EverySettingOutlivesARestartOfTheProgram)
 {
     MainRig rig;

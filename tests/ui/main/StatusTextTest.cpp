@@ -52,10 +52,6 @@ TEST(StatusTrouble, SaysWhatToDo)
               "ICEPAC is not installed: Options, Model, choose another engine");
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, settings, "one\rtwo"),
               "The prediction failed: one");
-    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, settings, "one\r\ntwo", "card SUNSPOT"),
-              "The prediction failed: one (card SUNSPOT)");
-    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, settings, "X not found.", "not asked"),
-              "ICEPAC is not installed: Options, Model, choose another engine");
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, settings, ""),
               "The prediction failed: Options, Model, choose an engine");
 }
