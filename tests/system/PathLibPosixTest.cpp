@@ -148,6 +148,43 @@ TEST_F(PathLibPosix, TheFirstUseCopiesTheShippedProfileOnce)
     fs::permissions(m_folder.Path() + "/program", fs::perms::owner_all);
 }
 
+TEST_F(PathLibPosix, APackagesProfileLiesInItsShareFolder)
+{
+    const std::string sProgram = m_folder.Path("usr/bin/hopcast");
+    m_folder.Write("usr/share/hopcast/hopcast.ini", "packaged");
+    chmod((m_folder.Path() + "/usr/bin").c_str(), 0555);
+    const std::string sProfile = ProfileFileFor(sProgram);
+    EXPECT_EQ(sProfile, m_folder.Path() + "/.config/hopcast/hopcast.ini");
+    EXPECT_EQ(BytesRead(sProfile), "packaged");
+    chmod((m_folder.Path() + "/usr/bin").c_str(), 0755);
+    EXPECT_EQ(ProfileFileFor(sProgram), m_folder.Path() + "/usr/bin/hopcast.ini");
+    EXPECT_FALSE(FileExists(m_folder.Path() + "/usr/bin/hopcast.ini")) << "not copied there";
+}
+
+TEST_F(PathLibPosix, WhereNoProfileCanBeMadeTheShippedOneIsRead)
+{
+    const std::string sProgram = m_folder.Path("usr/bin/hopcast");
+    const std::string sShipped = m_folder.Write("usr/share/hopcast/hopcast.ini", "packaged");
+    chmod((m_folder.Path() + "/usr/bin").c_str(), 0555);
+    m_folder.Write(".config", "a file where the folder should be");
+    const std::string sProfile = ProfileFileFor(sProgram);
+    EXPECT_FALSE(FileExists(sProfile));
+    EXPECT_EQ(ProfileFileToReadFor(sProgram, sProfile), sShipped);
+    EXPECT_EQ(ProfileFileToReadFor(sProgram, "/no/other.ini"), "/no/other.ini")
+        << "a profile that the user named is never replaced";
+    fs::remove(m_folder.Path() + "/.config");
+    EXPECT_EQ(ProfileFileToReadFor(sProgram, sProfile), sProfile);
+    EXPECT_EQ(BytesRead(sProfile), "packaged");
+    chmod((m_folder.Path() + "/usr/bin").c_str(), 0755);
+}
+
+TEST_F(PathLibPosix, OnlyTheDefaultProfilesFolderIsMadeAnew)
+{
+    EXPECT_EQ(ProfileFolderMake(ProfileFileDefault()), 0);
+    EXPECT_EQ(ProfileFolderMake(m_folder.Path() + "/none/mine.ini"), 0);
+    EXPECT_FALSE(fs::exists(m_folder.Path() + "/none"));
+}
+
 TEST_F(PathLibPosix, AnotherUsersFolderIsNotWritable)
 {
     const std::string sHome = m_folder.Path("home/");
