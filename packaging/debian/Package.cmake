@@ -47,7 +47,8 @@ install(FILES ${PROJECT_BINARY_DIR}/changelog.gz DESTINATION ${HOPCAST_DOC_DIR} 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME hopcast)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
-set(CPACK_PACKAGE_CONTACT "The Hopcast authors <hopcast@localhost>")
+# Hopcast has no mail address: ".invalid" is the host that says so.
+set(CPACK_PACKAGE_CONTACT "The Hopcast authors <hopcast@hopcast.invalid>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)       # hopcast_VERSION_ARCHITECTURE.deb
@@ -55,14 +56,14 @@ set(CPACK_DEBIAN_PACKAGE_SECTION hamradio)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS voacapl)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "HF radio contact planning
- Hopcast plans high-frequency radio contacts. Name a transmitter and a
- receiver, and it answers with the predicted signal-to-noise ratio for
- every hour of the day and every frequency, with the details behind it:
- mode, takeoff angle, highest and lowest usable frequency, signal and noise.
- A world map moves both ends and paints the prediction over the world.
- .
- The built-in engine computes by Recommendation ITU-R P.533 and needs
- nothing else, so it works at sea. Where voacapl is installed, VOACAP can be
- chosen too. The program hopcast-predict predicts on the command line.")
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+"Hopcast plans high-frequency radio contacts. Name a transmitter and a
+receiver, and it answers with the predicted signal-to-noise ratio for
+every hour of the day and every frequency, with the details behind it:
+mode, takeoff angle, highest and lowest usable frequency, signal and noise.
+A world map moves both ends and paints the prediction over the world.
+
+The built-in engine computes by Recommendation ITU-R P.533 and needs
+nothing else, so it works at sea. Where voacapl is installed, VOACAP can be
+chosen too. The program hopcast-predict predicts on the command line.")
 include(CPack)

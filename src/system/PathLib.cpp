@@ -125,7 +125,7 @@ std::string ProfileFileDefault() { return ProfileFileFor(ProgramFileGet()); }
 
 std::string ProfileFileToReadFor(const std::string& sProgramFile, const std::string& sProfileFile)
 {
-    if (FileExists(sProfileFile) || sProfileFile != ProfileFileFor(sProgramFile))
+    if (sProfileFile != ProfileFileFor(sProgramFile) || FileExists(sProfileFile))
         return sProfileFile;
     const fs::path pthShipped = ShippedProfileGet(PathFromText(sProgramFile));
     return pthShipped.empty() ? sProfileFile : TextFromPath(pthShipped);
@@ -136,10 +136,15 @@ std::string ProfileFileToRead(const std::string& sProfileFile)
     return ProfileFileToReadFor(ProgramFileGet(), sProfileFile);
 }
 
-int ProfileFolderMake(const std::string& sProfileFile)
+int ProfileFolderMakeFor(const std::string& sProgramFile, const std::string& sProfileFile)
 {
     std::error_code ec;
-    if (sProfileFile == ProfileFileDefault())
+    if (sProfileFile == ProfileFileFor(sProgramFile))
         fs::create_directories(PathFromText(sProfileFile).parent_path(), ec);
     return ec.value();
+}
+
+int ProfileFolderMake(const std::string& sProfileFile)
+{
+    return ProfileFolderMakeFor(ProgramFileGet(), sProfileFile);
 }

@@ -59,3 +59,6 @@ inline constexpr std::string_view kEngineRoot = "c:\\itshfbc";
 /// Makes the folder of the default profile anew when it is missing; leaves other profiles' alone.
 /// @return 0, or the system's error code (for SystemErrorText).
 [[nodiscard]] int ProfileFolderMake(const std::string& sProfileFile);
+/// The same for the program whose file is told (host path).
+[[nodiscard]] int ProfileFolderMakeFor(const std::string& sProgramFile,
+                                       const std::string& sProfileFile);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <string>
 
@@ -180,9 +181,19 @@ TEST_F(PathLibPosix, WhereNoProfileCanBeMadeTheShippedOneIsRead)
 
 TEST_F(PathLibPosix, OnlyTheDefaultProfilesFolderIsMadeAnew)
 {
-    EXPECT_EQ(ProfileFolderMake(ProfileFileDefault()), 0);
-    EXPECT_EQ(ProfileFolderMake(m_folder.Path() + "/none/mine.ini"), 0);
+    const std::string sProfile = ProfileFileFor("/usr/bin/hopcast");
+    fs::remove_all(m_folder.Path() + "/.config");
+    EXPECT_EQ(ProfileFolderMakeFor("/usr/bin/hopcast", sProfile), 0);
+    EXPECT_TRUE(fs::is_directory(m_folder.Path() + "/.config/hopcast"));
+    EXPECT_EQ(ProfileFolderMakeFor("/usr/bin/hopcast", m_folder.Path() + "/none/mine.ini"), 0);
     EXPECT_FALSE(fs::exists(m_folder.Path() + "/none"));
+    chmod(m_folder.Path().c_str(), 0755);
+    AsUnprivileged([&] {
+        const EnvironmentSet config("XDG_CONFIG_HOME", m_folder.Path() + "/read-only");
+        EXPECT_EQ(ProfileFolderMakeFor("/usr/bin/hopcast", ProfileFileFor("/usr/bin/hopcast")),
+                  EACCES)
+            << "the reason, not that the folder is missing";
+    });
 }
 
 TEST_F(PathLibPosix, AnotherUsersFolderIsNotWritable)
