@@ -4,6 +4,9 @@ set -euo pipefail
 cd "$(dirname "$0")/../.."
 
 scripts/setup.sh package
+for tool in dpkg-shlibdeps file; do # without them the package would not tell what it depends on
+    command -v $tool >/dev/null || { echo "build: $tool is missing" >&2; exit 1; }
+done
 if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 fi
