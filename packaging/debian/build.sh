@@ -12,6 +12,7 @@ if command -v ccache >/dev/null; then
 fi
 # One date for everything that the package tells, and no path of this machine in its programs.
 export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || stat -c %Y CHANGELOG.md)}
+export QT_RCC_SOURCE_DATE_OVERRIDE=$SOURCE_DATE_EPOCH
 build=build/deb
 cmake --preset release -B $build -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_REQUIRE_FIND_PACKAGE_Qt6=ON \
     -DCMAKE_CXX_FLAGS="-fstack-protector-strong -D_FORTIFY_SOURCE=2 -ffile-prefix-map=$PWD=." \
