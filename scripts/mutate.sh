@@ -48,9 +48,11 @@ Build() { cmake --build build/mutation/build --target "$@" -j "$(nproc)" >build/
 FailureFirst() {
     local program log=build/mutation/test.log
     for program in "$@"; do
-        if ! timeout 600 "build/mutation/build/tests/bin/$program" --gtest_brief=1 >"$log" 2>&1; then
-            grep -m 1 -o '\[  FAILED  \] [A-Za-z0-9_./]*' "$log" | sed "s|.*\] |$program: |" && return
-            echo "$program: ended early" && return
+        if ! timeout 600 "build/mutation/build/tests/bin/$program" >"$log" 2>&1; then
+            # Where the program ended early it is the test that ran last.
+            { grep -m 1 '^\[  FAILED  \]' "$log" || grep '^\[ RUN ' "$log" | tail -n 1; } |
+                sed "s|.*\] |$program: |; s|[ ,].*([0-9]* ms).*||"
+            return
         fi
     done
 }

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what Hopcast needs on Debian 12 or 13:  scripts/setup.sh [run|test|bench|coverage]
+# Installs what Hopcast needs on Debian 12 or 13:  scripts/setup.sh [run|test|bench|coverage|package]
 #
 # Quiet and offline when all is there. Says plainly what it could not get and what that costs, and
 # goes on; the exit status is 1 only when the build cannot work without it.
@@ -7,9 +7,9 @@ set -euo pipefail
 
 purpose=${1:-run}
 case $purpose in
-run | test | bench | coverage) ;;
+run | test | bench | coverage | package) ;;
 *)
-    echo "usage: scripts/setup.sh [run|test|bench|coverage]" >&2
+    echo "usage: scripts/setup.sh [run|test|bench|coverage|package]" >&2
     exit 2
     ;;
 esac
@@ -135,6 +135,8 @@ LossGet() {
     libbenchmark-dev) echo "no benchmarks" ;;
     gcovr) echo "no count of the lines that the tests run" ;;
     patch) echo "no check of the rules to break" ;;
+    dpkg-dev | file) echo "no Debian package" ;;
+    lintian | appstream | desktop-file-utils | man-db) echo "the Debian package is not checked" ;;
     *) echo "Hopcast cannot be built" ;;
     esac
 }
@@ -146,11 +148,16 @@ Main() {
     test | coverage)
         needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick patch)
         [ "$purpose" = test ] || needed+=(gcovr)
-        # Only CI builds for Windows and fuzzes.
-        [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 clang libclang-rt-dev)
+        # Only CI builds for Windows, fuzzes and installs the package.
+        [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 clang libclang-rt-dev
+            dpkg-dev file lintian appstream desktop-file-utils man-db)
         ;;
     bench)
         needed+=(libbenchmark-dev)
+        voacapl=()
+        ;;
+    package) # packaging/debian
+        needed+=(dpkg-dev file)
         voacapl=()
         ;;
     esac
