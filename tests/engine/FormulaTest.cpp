@@ -143,7 +143,7 @@ TEST(Absorption, PlaceTablesFollowExactAngles)
     // The fast arc tangents and the polynomial against the plain functions, through one crossing.
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Corrected, MapSet::Ccir, 9, 60.0);
-    const AbsorptionHour tblHour = AbsorptionHourGet(*pIono, 12);
+    const AbsorptionHour tblHour{pIono.get(), FoeHourGet(*pIono, 12)};
     const GreatCircle tblPath =
         GreatCircleMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
     const double dElevation = ElevationGet(tblPath.dKm / 2.0, 300.0);

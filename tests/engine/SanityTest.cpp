@@ -57,11 +57,10 @@ void EndGet(Circuit& tbl, double dBearing, double dKm)
 
 bool AllFinite(const Hour& tblHour, const Prediction& tbl)
 {
-    for (const double d :
-         {tblHour.dMuf, tblHour.dMuf10, tblHour.dMuf90, tblHour.dOperational,
-          tblHour.dOperational10, tblHour.dOperational90, tbl.dField, tbl.dPower, tbl.dElevation,
-          tbl.dNoise, tbl.tblSnr.dMedian, tbl.tblSnr.dUpper, tbl.tblSnr.dLower,
-          tbl.tblSnr.dExceeded, tbl.tblSnr.dReliability, tbl.tblAtmospheric.dFa})
+    for (const double d : {tblHour.dMuf, tblHour.dMuf10, tblHour.dMuf90, tblHour.dOperational,
+                           tblHour.dOperational10, tblHour.dOperational90, tbl.dField, tbl.dPower,
+                           tbl.dElevation, tbl.tblSnr.dMedian, tbl.tblSnr.dUpper, tbl.tblSnr.dLower,
+                           tbl.tblSnr.dExceeded, tbl.tblSnr.dReliability, tbl.tblAtmospheric.dFa})
         if (!std::isfinite(d))
             return false;
     return true;

@@ -138,7 +138,7 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
             break;
         case kSsns:
             rdr.EndCheck(kSunspot);
-            tblCommon.dSsn = rdr.NumberGet(kSunspot, 0.0, kSsnMost);
+            tblCommon.dSsn = rdr.NumberGet(kSunspot, 0.0, rec533::kSsnMost);
             break;
         case kHours:
             rdr.EndCheck(kHour);

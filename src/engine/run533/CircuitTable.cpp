@@ -125,7 +125,7 @@ Row RowRead(RowReader& rdr, bool bReference)
         rdr.Fail(kPath);
     tbl.nMonth = rdr.IntegerGet(kMonth, 1, 12);
     // The ITU program refuses what lies outside of these limits.
-    tbl.dSsn = rdr.NumberGet(kSsn, bReference ? 1.0 : 0.0, kSsnMost);
+    tbl.dSsn = rdr.NumberGet(kSsn, bReference ? 1.0 : 0.0, rec533::kSsnMost);
     tbl.dFrequency = rdr.NumberGet(kFreq, bReference ? 1.0 : kFrequencyLeast,
                                    bReference ? 30.0 : kFrequencyMost);
     tblCircuit.dPowerKw = rdr.NumberGet(kPower, 1e-6, 1e9) / 1000.0;

@@ -19,8 +19,7 @@ namespace run533 {
 inline constexpr int kFrequenciesMost = 10;
 inline constexpr double kFrequencyLeast = 0.1;  ///< MHz
 inline constexpr double kFrequencyMost = 45.0;
-inline constexpr double kSsnMost = 311.0;  ///< smoothed sunspot number
-inline constexpr int kGridLeast = 2;       ///< points a side
+inline constexpr int kGridLeast = 2;  ///< points a side
 inline constexpr int kGridMost = 999;
 inline constexpr double kPowerWithoutAntenna = 1.0;  ///< kW, area decks without antenna cards
 

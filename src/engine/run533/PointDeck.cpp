@@ -131,7 +131,7 @@ void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tb
             break;
         case kSsn:
             rdr.EndCheck(kSunspot);
-            tblCommon.dSsn = rdr.NumberGet(kSunspot, 0.0, kSsnMost);
+            tblCommon.dSsn = rdr.NumberGet(kSunspot, 0.0, rec533::kSsnMost);
             break;
         case kTime:
             TimeRead(rdr);
