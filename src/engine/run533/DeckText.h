@@ -40,8 +40,13 @@ public:
     double NumberGet(Columns fld, double dLeast, double dMost);
     /// A whole number within its limits; "11." and "11.00" are whole.
     int IntegerGet(Columns fld, int nLeast, int nMost);
+    /// True for the second, false for the first of the two texts that the field may hold.
+    bool SecondGet(Columns fld, std::string_view sFirst, std::string_view sSecond);
     /// One of two letters behind an absolute value: the sign. fldLetter is one wide.
-    double SignedGet(Columns fldNumber, Columns fldLetter, char cPlus, char cMinus, double dMost);
+    double SignedGet(Columns fldNumber, Columns fldLetter, std::string_view sPlus,
+                     std::string_view sMinus, double dMost);
+    /// A name with its blanks, from a field that stands between brackets.
+    std::string BracketGet(Columns fld);
     /// Fails where the field's text runs on behind it: a number in wrong columns, which would be
     /// cut to another one. For fields behind which the card begins with a blank, or ends.
     void EndCheck(Columns fld);
