@@ -128,6 +128,12 @@ TEST(PointDeck, WhatIsWrongIsToldByCardAndColumn)
     }
 }
 
+TEST(PointDeck, AnErrorIsOneLineWhateverTheDeckHolds)
+{
+    EXPECT_EQ(PointDeckRead("FREQ\r\x1b[31m 14.1\r\n").TextGet(),
+              "\"FREQ  [31m\", columns 1-10: not a card of this deck");
+}
+
 TEST(PointDeck, ACutDeckIsRefusedWhereverItIsCut)
 {
     const std::string sDeck = DeckOf("p2p_01.dat");

@@ -156,7 +156,7 @@ Result<AreaDeck> AreaDeckRead(std::string_view sDeck)
     std::array<bool, kLines> aSeen{};
     if (!sDeck.empty() && sDeck.back() != '\n')
         return RunError{"the deck ends within a line"};
-    for (const std::string_view sLine : DeckLinesGet(sDeck)) {
+    for (const std::string_view sLine : TextLines(sDeck)) {
         if (TextTrim(sLine).empty())
             continue;
         const std::string_view sHead = TextColumns(sLine, kLabel.nCol, kLabel.nWidth);

@@ -241,10 +241,13 @@ Result<void> HeadRead(std::array<std::size_t, kInputs>& aAt, const Cells& aHead)
 Result<std::string> CircuitTableMake(std::string_view sTable, rec533::Behaviour eBehaviour,
                                      rec533::MapSet eMaps)
 {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // spreadsheets write it
+    if (sTable.starts_with(kByteOrderMark))
+        sTable.remove_prefix(kByteOrderMark.size());
     std::string sOut;
     for (const std::string_view sName : kInputNames) sOut.append(sName).append(1, ',');
     sOut.append(kOutputNames).append(1, '\n');
-    const auto aLines = DeckLinesGet(sTable);
+    const auto aLines = TextLines(sTable);
     Cells aCells;
     std::array<std::size_t, kInputs> aAt{};
     CellsSplit(aCells, aLines.empty() ? std::string_view() : aLines.front());

@@ -7,29 +7,7 @@
 
 namespace run533 {
 
-std::vector<std::string_view> DeckLinesGet(std::string_view sDeck)
-{
-    std::vector<std::string_view> aLines;
-    while (!sDeck.empty()) {
-        const std::size_t nEnd = sDeck.find('\n');
-        std::string_view sLine = sDeck.substr(0, nEnd);
-        if (!sLine.empty() && sLine.back() == '\r')
-            sLine.remove_suffix(1);
-        aLines.push_back(sLine);
-        if (nEnd == std::string_view::npos)
-            break;
-        sDeck.remove_prefix(nEnd + 1);
-    }
-    return aLines;
-}
-
-std::string TextQuote(std::string_view sText)
-{
-    std::string sQuoted(1, '"');
-    sQuoted += sText;
-    sQuoted += '"';
-    return sQuoted;
-}
+std::string TextQuote(std::string_view sText) { return '"' + TextPrintable(sText) + '"'; }
 
 RunError DeckErrorMake(std::string_view sCard, Columns fld, std::string_view sWhy)
 {

@@ -7,7 +7,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "system/Result.h"
 
@@ -19,10 +18,7 @@ struct Columns {
     int nWidth;
 };
 
-/// Lines of a deck without their ends (LF or CR LF); empty ones stay.
-[[nodiscard]] std::vector<std::string_view> DeckLinesGet(std::string_view sDeck);
-
-/// The text between quotation marks.
+/// The text between quotation marks, on one line.
 [[nodiscard]] std::string TextQuote(std::string_view sText);
 /// "NAME, columns 11-15: why".
 [[nodiscard]] RunError DeckErrorMake(std::string_view sCard, Columns fld, std::string_view sWhy);

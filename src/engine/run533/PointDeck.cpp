@@ -161,7 +161,7 @@ Result<PointDeck> PointDeckRead(std::string_view sDeck)
 {
     PointDeck tbl;
     std::array<bool, kCards> aSeen{};
-    for (const std::string_view sLine : DeckLinesGet(sDeck)) {
+    for (const std::string_view sLine : TextLines(sDeck)) {
         if (TextTrim(sLine).empty())
             continue;
         const std::string sName(TextColumns(sLine, kName.nCol, kName.nWidth));
