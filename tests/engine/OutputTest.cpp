@@ -415,6 +415,12 @@ TEST(AreaOutput, WithoutAntennasTheTransmitterIsOneKilowattIsotropic)
     EXPECT_EQ(Cut(aLines[1], 1, 31), "Transmitter [Isotropic] 1kW 0de");
 }
 
+TEST(AreaOutput, PowersBelowAKilowattAreTitledInWatts)
+{
+    const auto aLines = LinesOf(GridOf(Replaced(DeckOf("area_01.rec"), "  5.0000", "  0.0041")));
+    EXPECT_EQ(Cut(aLines[1], 1, 34), "Transmitter [SWWhip.VOA] 4.1W 0deg");
+}
+
 TEST(AreaOutput, AgreesWithThePointToPointRun)
 {
     // Row 6, column 9 of area_02 is 45 N 8 E; the page's S/N at 3.6 MHz, 06 UT, must be the same.
@@ -464,6 +470,10 @@ TEST(AntennaFile, WhatCannotBeUsedIsTold)
     EXPECT_EQ(AntennaRead("x\n3\n1.0\n11\n0\n 1.0 abc\n").TextGet(),
               "antenna file line 6 is not made of numbers");
     EXPECT_EQ(AntennaRead("").TextGet(), "no antenna file");
+    TempFolder tmp;
+    const std::string sFile = tmp.Write("antennas/default/yagi.voa", "x\n3\n1.0\n13\n0\n");
+    EXPECT_EQ(AntennaLoad(tmp.Path(), "DEFAULT\\YAGI.VOA").TextGet(),
+              sFile + ", antenna type 13 is not known, only 11 (91 gains)");
     const auto res = PointOutputMake(Replaced(DeckOf("p2p_01.dat"), "SWWHIP", "SWWHAP"), "/nowhere",
                                      Behaviour::Best);
     EXPECT_EQ(res.TextGet(),

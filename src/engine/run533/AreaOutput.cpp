@@ -94,7 +94,8 @@ void HeadMake(Grid& tbl, rec533::Behaviour eBehaviour)
     const double dKw = tbl.tblCircuit.dPowerKw;
     std::string sTitle =
         tblDeck.sTxName + " [" + (tbl.pParts->pTx ? tbl.pParts->pTx->sTitle : "Isotropic") + "] "
-        + (dKw >= 1.0 ? NumberToText(dKw) + "kW" : NumberToText(dKw * 1000.0) + "W") + " "
+        + (dKw >= 1.0 ? NumberToText(dKw) + "kW" : NumberToText(std::round(dKw * 1e6) / 1e3) + "W")
+        + " "
         + NumberFormat(
             tblDeck.tblCommon.tblTxAntenna ? tblDeck.tblCommon.tblTxAntenna->dAzimuth : 0.0, "0")
         + "deg " + NumberFormat(tblDeck.nHour == 0 ? 24.0 : tblDeck.nHour, "00") + "ut "
