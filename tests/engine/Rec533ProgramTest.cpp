@@ -179,6 +179,18 @@ TEST(Rec533Program, AGridThatMeetsAFullDiskLeavesNoRest)
                   std::string(kAreaSlot.sOutput) + ", Disk full");
 }
 
+TEST(Rec533Program, ADeckThatIsNamedAsTheOutputTooIsKept)
+{
+    TempFolder tmp;
+    const std::string sPoint = tmp.Write("RUN/sound.dat", DeckOf(kPointSlot.sDeck));
+    const std::string sArea = tmp.Write("areadata/working.rg1", DeckOf(kAreaSlot.sDeck));
+    for (const char* pszArguments : {"sound.dat sound.dat", "AREA CALC working.rg1"})
+        EXPECT_EQ(ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' " + pszArguments).nStatus,
+                  2);
+    EXPECT_EQ(BytesRead(sPoint), DeckOf(kPointSlot.sDeck));
+    EXPECT_EQ(BytesRead(sArea), DeckOf(kAreaSlot.sDeck));
+}
+
 TEST(Rec533Program, AMissingAreaDeckIsToldWithTheReason)
 {
     TempFolder tmp;

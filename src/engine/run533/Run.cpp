@@ -60,6 +60,8 @@ template <class MakeFn>
 Result<void> DeckRun(const std::string& sFolder, const std::string& sDeck,
                      const std::string& sOutput, MakeFn fnMake)
 {
+    if (sDeck == sOutput)
+        return RunError{sDeck + ", named as the output too"};
     const std::string sPath = PathJoin(sFolder, sDeck);
     const Result<std::string> resDeck = FileRead(sPath, kDeckMost);
     if (!resDeck)
