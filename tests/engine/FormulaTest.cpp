@@ -5,8 +5,8 @@
 #include <cmath>
 #include <memory>
 
+#include "engine/ReferenceData.h"
 #include "engine/rec533/AuroralLoss.h"
-#include "engine/rec533/Prediction.h"
 
 namespace {
 
@@ -265,10 +265,7 @@ TEST(Antenna, GainsCountAtTheRaysElevation)
         tblTx.aGain[i] = static_cast<double>(i) / 5.0 - 8.0;
         tblRx.aGain[i] = 6.0 - static_cast<double>(i) / 3.0;
     }
-    Circuit tblCircuit;
-    tblCircuit.dTxLat = 50.0;
-    tblCircuit.dRxLat = 40.0;
-    tblCircuit.dRxLon = 12.0;
+    Circuit tblCircuit = CircuitOf(50.0, 0.0, 40.0, 12.0);
     const auto pPath = std::make_unique<Path>();
     const auto pHour = std::make_unique<Hour>();
     PathFill(*pPath, *pIono, tblCircuit);

@@ -6,12 +6,12 @@
 #include <cmath>
 #include <sstream>
 
+#include "engine/DeckSample.h"
 #include "engine/ReferenceData.h"
 #include "engine/run533/AntennaFile.h"
 #include "engine/run533/FieldText.h"
 #include "engine/run533/Luf.h"
 #include "engine/run533/Run.h"
-#include "support/TempFolder.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
 
@@ -19,18 +19,6 @@ namespace {
 
 using namespace run533;  // NOLINT(google-build-using-namespace)
 using rec533::Behaviour;
-
-std::string DeckOf(const std::string& sName)
-{
-    return BytesRead(std::string(TEST_DATA) + "/decks/" + sName);
-}
-
-std::string Replaced(std::string sText, const std::string& sOld, const std::string& sNew)
-{
-    const std::size_t nAt = sText.find(sOld);
-    EXPECT_NE(nAt, std::string::npos) << sOld;
-    return sText.replace(nAt, sOld.size(), sNew);
-}
 
 std::vector<std::string> LinesOf(const std::string& sText)
 {
@@ -113,26 +101,24 @@ TEST(PointOutput, HasTheRealProgramsLinesInItsColumns)
 TEST(PointOutput, HoursComeFrom24AndEveryFieldIsANumber)
 {
     for (int nDeck = 1; nDeck <= 13; ++nDeck) {
-        const std::string sDeck =
-            "p2p_" + std::string(nDeck < 10 ? "0" : "") + std::to_string(nDeck) + ".dat";
-        const auto aLines = LinesOf(PageOf(DeckOf(sDeck)));
+        const auto aLines = LinesOf(PageOf(PointDeckOf(nDeck)));
         int nHour = 0;
         for (std::size_t i = 0; i < aLines.size(); ++i) {
             if (Cut(aLines[i], 60, 4) != "FREQ")
                 continue;
-            EXPECT_EQ(NumberOf(aLines[i], 1, 3), nHour == 0 ? 24 : nHour) << sDeck;
+            EXPECT_EQ(NumberOf(aLines[i], 1, 3), nHour == 0 ? 24 : nHour) << nDeck;
             const double dMuf = NumberOf(aLines[i], 5, 4);
             EXPECT_GE(dMuf, 2.0);
             EXPECT_GE(NumberOf(aLines[i], 65, 4), 2.0) << aLines[i];
             EXPECT_LE(NumberOf(aLines[i], 65, 4), dMuf + 0.11) << aLines[i];
             const char* aLabels[]{"MODE", "ANGL", "DBU ", "dBpW", "S/N ", "FS/N", "SNxx"};
             for (std::size_t k = 0; k < 7; ++k) {
-                ASSERT_EQ(Cut(aLines[i + 1 + k], 60, 4), aLabels[k]) << sDeck;
+                ASSERT_EQ(Cut(aLines[i + 1 + k], 60, 4), aLabels[k]) << nDeck;
                 for (int j = 0; j < 10 && k >= 2; ++j) NumberOf(aLines[i + 1 + k], 9 + 5 * j, 5);
             }
             ++nHour;
         }
-        EXPECT_EQ(nHour, 24) << sDeck;
+        EXPECT_EQ(nHour, 24) << nDeck;
     }
 }
 

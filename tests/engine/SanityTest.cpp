@@ -9,7 +9,7 @@
 #include <random>
 #include <vector>
 
-#include "engine/rec533/Prediction.h"
+#include "engine/ReferenceData.h"
 
 namespace {
 
@@ -29,16 +29,6 @@ struct Bench {
         return tblPrediction;
     }
 };
-
-Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon)
-{
-    Circuit tbl;
-    tbl.dTxLat = dTxLat;
-    tbl.dTxLon = dTxLon;
-    tbl.dRxLat = dRxLat;
-    tbl.dRxLon = dRxLon;
-    return tbl;
-}
 
 // The end of a great circle of dKm that leaves a place at a bearing (degrees).
 void EndGet(Circuit& tbl, double dBearing, double dKm)

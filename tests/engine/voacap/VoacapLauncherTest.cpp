@@ -8,17 +8,12 @@
 #include <vector>
 
 #include "engine/voacap/VoacapLauncher.h"
+#include "engine/voacap/VoacapSample.h"
 #include "support/Faults.h"
-#include "support/TempFolder.h"
 
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string Sample(const std::string& sName)
-{
-    return BytesRead(std::string(ENGINE_DATA) + "/voacap/" + sName);
-}
 
 class VoacapLauncher : public testing::Test {
 protected:
