@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what Hopcast needs on Debian 12 or 13:  scripts/setup.sh [run|test|bench]
+# Installs what Hopcast needs on Debian 12 or 13:  scripts/setup.sh [run|test|bench|package]
 #
 # Quiet and offline when all is there. Says plainly what it could not get and what that costs, and
 # goes on; the exit status is 1 only when the build cannot work without it.
@@ -7,9 +7,9 @@ set -euo pipefail
 
 purpose=${1:-run}
 case $purpose in
-run | test | bench) ;;
+run | test | bench | package) ;;
 *)
-    echo "usage: scripts/setup.sh [run|test|bench]" >&2
+    echo "usage: scripts/setup.sh [run|test|bench|package]" >&2
     exit 2
     ;;
 esac
@@ -133,6 +133,8 @@ LossGet() {
     g++-mingw*) echo "no build for Windows" ;;
     clang | libclang-rt-dev) echo "no fuzzing" ;;
     libbenchmark-dev) echo "no benchmarks" ;;
+    dpkg-dev | file) echo "no Debian package" ;;
+    lintian | appstream | desktop-file-utils | man-db) echo "the Debian package is not checked" ;;
     *) echo "Hopcast cannot be built" ;;
     esac
 }
@@ -143,11 +145,16 @@ Main() {
     case $purpose in
     test)
         needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick)
-        # Only CI builds for Windows and fuzzes.
-        [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 clang libclang-rt-dev)
+        # Only CI builds for Windows, fuzzes and installs the package.
+        [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 clang libclang-rt-dev
+            dpkg-dev file lintian appstream desktop-file-utils man-db)
         ;;
     bench)
         needed+=(libbenchmark-dev)
+        voacapl=()
+        ;;
+    package) # packaging/debian
+        needed+=(dpkg-dev file)
         voacapl=()
         ;;
     esac
