@@ -455,7 +455,7 @@ TEST(AntennaFile, WhatCannotBeUsedIsTold)
               "antenna file with less than 91 gains");
     EXPECT_EQ(AntennaRead("x\n3\n1.0\n11\n0\n 1.0 abc\n").TextGet(),
               "antenna file line 6 is not made of numbers");
-    EXPECT_EQ(AntennaRead("").TextGet(), "no antenna file");
+    EXPECT_EQ(AntennaRead("").TextGet(), "no gain and type in lines 3 and 4 of the antenna file");
     TempFolder tmp;
     const std::string sFile = tmp.Write("antennas/default/yagi.voa", "x\n3\n1.0\n13\n0\n");
     EXPECT_EQ(AntennaLoad(tmp.Path(), "DEFAULT\\YAGI.VOA").TextGet(),

@@ -63,7 +63,7 @@ Result<AntennaLoaded> AntennaRead(std::string_view sText)
     double dGain = 0.0, dType = 0.0;
     if (aLines.size() < kHeadLines || !NumberFirst(aLines[2], dGain)
         || !NumberFirst(aLines[3], dType))
-        return RunError{"no antenna file"};
+        return RunError{"no gain and type in lines 3 and 4 of the antenna file"};
     if (dType != kTypeGains)
         return RunError{"antenna type " + NumberToText(dType)
                         + " is not known, only 11 (91 gains)"};

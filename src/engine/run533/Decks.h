@@ -28,7 +28,7 @@ inline constexpr double kPowerWithoutAntenna = 1.0;  ///< kW, area decks without
 /// An antenna as a deck names it.
 struct AntennaCard {
     std::string sCard;  ///< the card's name and its columns for errors
-    Columns fldName{};
+    Columns tblAt{};
     std::string sName;      ///< as it stands between the brackets, "DEFAULT\SWWHIP.VOA   "
     double dAzimuth = 0.0;  ///< degrees
     double dPowerKw = 0.0;  ///< 0 at a receiver

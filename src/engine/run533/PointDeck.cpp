@@ -164,8 +164,8 @@ Result<PointDeck> PointDeckRead(std::string_view sDeck)
     for (const std::string_view sLine : TextLines(sDeck)) {
         if (TextTrim(sLine).empty())
             continue;
-        const std::string sName(TextColumns(sLine, kName.nCol, kName.nWidth));
-        const std::string_view sCard(sName.data(), sName.find_last_not_of(' ') + 1);
+        const std::string_view sName = TextColumns(sLine, kName.nCol, kName.nWidth);
+        const std::string_view sCard = sName.substr(0, sName.find_last_not_of(' ') + 1);
         CardReader rdr(sCard, sLine);
         if (sCard == "ANTENNA") {
             AntennaRead(rdr, tbl.tblCommon);

@@ -15,7 +15,7 @@ Result<RunParts> RunPartsMake(const DeckCommon& tbl, std::string_view sRoot,
             continue;
         Result<AntennaLoaded> resLoaded = AntennaLoad(sRoot, tblCard->sName);
         if (!resLoaded)
-            return DeckErrorMake(tblCard->sCard, tblCard->fldName, resLoaded.TextGet());
+            return DeckErrorMake(tblCard->sCard, tblCard->tblAt, resLoaded.TextGet());
         (bTx ? tblParts.pTx : tblParts.pRx) = std::make_unique<AntennaLoaded>(resLoaded.ValueGet());
     }
     tblParts.pIonosphere = std::make_unique<rec533::Ionosphere>();
