@@ -55,6 +55,11 @@ bool ChildrenAreThere()
     return waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD;
 }
 
+bool GoneAfterARun(const std::string& sFile)
+{
+    return sFile.ends_with(".lock") || sFile.ends_with(".next") || sFile.ends_with("hopcast.txt");
+}
+
 void MemoryPrint(int nRound, double dSeconds, const MemoryHeld& memory)
 {
     constexpr double kKb = 1024.0;
@@ -114,6 +119,7 @@ void SoakWatch::Rounds(int nRounds, const std::function<void(int)>& fnRound) con
         EXPECT_LE(held.nWindows, heldFirst.nWindows);
         EXPECT_FALSE(held.bChildren);
         EXPECT_EQ(held.asFiles, heldFirst.asFiles);
+        for (const std::string& sFile : held.asFiles) EXPECT_FALSE(GoneAfterARun(sFile)) << sFile;
         EXPECT_LE(double(memory.nHeap), kGrowthMax * double(memoryFirst.nHeap));
         if (kResidentCounts) {
             EXPECT_LE(double(memory.nResident), kGrowthMax * double(memoryFirst.nResident));
