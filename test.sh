@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Sets up, builds and runs every test. CI=true also builds for Windows and fuzzes.
+# Sets up, builds and runs every test. CI=true also builds for Windows, runs those tests under Wine,
+# and fuzzes.
 # Arguments go to ctest: ./test.sh -L unit
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -11,6 +12,7 @@ fi
 if [ "${CI:-}" = true ]; then
     cmake --preset windows
     cmake --build --preset windows
+    ctest --preset windows # under Wine
 fi
 cmake --preset dev
 cmake --build --preset dev

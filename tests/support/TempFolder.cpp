@@ -16,7 +16,7 @@ namespace {
 void EnvironmentPut(const std::string& sName, const std::optional<std::string>& sValue)
 {
 #ifdef _WIN32
-    _putenv_s(sName.c_str(), sValue ? sValue->c_str() : "");
+    _wputenv_s(fs::path(sName).c_str(), fs::path(sValue.value_or("")).c_str());
 #else
     if (sValue)
         setenv(sName.c_str(), sValue->c_str(), 1);
@@ -56,7 +56,7 @@ std::string TempFolder::Path(std::string_view sName) const
 std::string TempFolder::Write(std::string_view sName, std::string_view sBytes) const
 {
     std::string sPath = Path(sName);
-    std::ofstream stmOut(sPath, std::ios::binary);
+    std::ofstream stmOut(fs::path(sPath), std::ios::binary);
     stmOut.write(sBytes.data(), static_cast<std::streamsize>(sBytes.size()));
     EXPECT_TRUE(stmOut.good()) << sPath;
     return sPath;
@@ -64,7 +64,7 @@ std::string TempFolder::Write(std::string_view sName, std::string_view sBytes) c
 
 std::string BytesRead(const std::string& sPath)
 {
-    std::ifstream stmIn(sPath, std::ios::binary);
+    std::ifstream stmIn(fs::path(sPath), std::ios::binary);
     EXPECT_TRUE(stmIn.is_open()) << sPath;
     return {std::istreambuf_iterator<char>(stmIn), {}};
 }
