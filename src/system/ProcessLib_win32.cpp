@@ -109,6 +109,8 @@ Result<int> HostProcessStart(const ProcessCommand& command)
     return static_cast<int>(process.dwProcessId);
 }
 
+std::string ProgramLackGet(const std::string&) { return {}; }
+
 bool ProcessWait(int nProcessId, double dSeconds)
 {
     constexpr double kMillisecondsMax = 4e9;  // below INFINITE
