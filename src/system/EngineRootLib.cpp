@@ -253,6 +253,7 @@ Result<void> FoldersMake(const std::string& sRoot)
 
 EngineRoot EngineRootGet()
 {
+    const HostPathsOnly host;
     std::string sFolder = EnvironmentGet("HOPCAST_ITSHFBC");
     if (!sFolder.empty()) {
         std::error_code ec;
@@ -270,6 +271,7 @@ EngineRoot EngineRootGet()
 Result<void> EngineRootProvisionFrom(const std::string& sProgramFolder,
                                      const std::string& sSearchPath)
 {
+    const HostPathsOnly host;
     if (EngineRootGet().eKind != EngineRootKind::Private)
         return {};
     Result<void> resMade = RunError{kPathFileAccessError};
@@ -301,6 +303,7 @@ Result<void> EngineRootProvision()
 
 bool EngineIsBuiltIn(const std::string& sProgramName)
 {
+    const HostPathsOnly host;
     const EngineRoot root = EngineRootGet();
     const std::string sProgram = ProgramPath(root.sFolder, sProgramName);
     if (!FileExists(sProgram))

@@ -44,8 +44,9 @@ protected:
     }
     static void TearDownTestSuite()
     {
-        if (s_pFolder != nullptr)
+        if (s_pFolder != nullptr) {
             EXPECT_EQ(Prefix({"remove"}).nStatus, 0);
+        }
         delete s_pFolder;
         s_pFolder = nullptr;
     }
