@@ -72,5 +72,5 @@ endfunction()
 function(hopcast_wine_test NAME)
     add_test(NAME ${NAME} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/prefix.sh run ${PROJECT_BINARY_DIR}/wine
         $<TARGET_FILE:${NAME}>)
-    set_tests_properties(${NAME} PROPERTIES LABELS wine TIMEOUT 120 FIXTURES_REQUIRED wine_prefix)
+    set_tests_properties(${NAME} PROPERTIES LABELS wine TIMEOUT 300 FIXTURES_REQUIRED wine_prefix)
 endfunction()

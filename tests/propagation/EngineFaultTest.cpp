@@ -379,9 +379,9 @@ TEST_P(EngineFault, DiskFullForTheEngine)
 
 TEST_P(EngineFault, RootHeldByAnotherFailsAtTheOpeningOfTheDeck)
 {
-    const EngineLimit limit(0.2);
     OutputOf(Output());
     {
+        const EngineLimit limit(0.2);
         const auto resLock = FileLock::Take(m_root.Path("hopcast.lock"), 0.0);
         ASSERT_TRUE(resLock);
         EXPECT_EQ(TextOfFailure(), Stage("Open Permission denied"));
