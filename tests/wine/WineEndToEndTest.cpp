@@ -52,11 +52,7 @@ protected:
     }
     void SetUp() override
     {
-        if (!IsThere()) {
-            if (CiIsRunning())
-                FAIL() << "wine or the Windows build is missing";
-            GTEST_SKIP() << "wine or the Windows build (cmake --preset windows) is missing";
-        }
+        NEED_WINE(IsThere());
         fs::remove_all(Drive("itshfbc"));
     }
 
