@@ -130,7 +130,8 @@ LossGet() {
     qt6-base-dev) echo "the window program is left out" ;;
     voacapl*) echo "VOACAP will be \"not found.\"" ;;
     xvfb | xdotool | imagemagick) echo "no tests of the window on an X display" ;;
-    g++-mingw*) echo "no build for Windows" ;;
+    g++-mingw* | googletest) echo "no build for Windows" ;;
+    wine | wine64) echo "no tests of the Windows programs" ;;
     clang | libclang-rt-dev) echo "no fuzzing" ;;
     libbenchmark-dev) echo "no benchmarks" ;;
     gcovr) echo "no count of the lines that the tests run" ;;
@@ -148,8 +149,8 @@ Main() {
     test | coverage)
         needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick patch)
         [ "$purpose" = test ] || needed+=(gcovr)
-        # Only CI builds for Windows, fuzzes and installs the package.
-        [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 clang libclang-rt-dev
+        # Only CI builds for Windows, tests that under Wine, fuzzes and installs the package.
+        [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 googletest wine wine64 clang libclang-rt-dev
             dpkg-dev file lintian appstream desktop-file-utils man-db)
         ;;
     bench)
