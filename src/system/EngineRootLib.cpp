@@ -60,7 +60,7 @@ std::string CopyMark(const fs::path& pthFile)
     if (itKnown != mapKnown.end() && itKnown->second.nSize == nSize
         && itKnown->second.m_timeWritten == timeWritten)
         return itKnown->second.sMark;
-    const auto resBytes = FileRead(TextFromPath(pthFile), kProgramMax);
+    const auto resBytes = FileRead(RootFileAsIs(TextFromPath(pthFile)), kProgramMax);
     if (!resBytes)
         return {};
     std::string sMark =
@@ -84,10 +84,15 @@ std::string LineMake(const std::string& sName, const std::string& sMark)
     return sName + ' ' + sMark;
 }
 
+std::string ManifestPath(const std::string& sRoot)
+{
+    return RootFileAsIs(PathJoin(sRoot, kManifest));
+}
+
 std::vector<std::string> ManifestRead(const std::string& sRoot)
 {
     std::vector<std::string> asLines;
-    auto resFile = TextFile::Open(PathJoin(sRoot, kManifest));
+    auto resFile = TextFile::Open(ManifestPath(sRoot));
     std::string sLine;
     for (std::size_t nBytes = 0; resFile && nBytes < kManifestMax; nBytes += sLine.size()) {
         const auto resLine = resFile.ValueGet().LineRead(sLine);
@@ -102,7 +107,7 @@ Result<void> ManifestWrite(const std::string& sRoot, const std::vector<std::stri
 {
     std::string sBytes;
     for (const std::string& sLine : asLines) sBytes += sLine + '\n';
-    return FileReplace(PathJoin(sRoot, kManifest), sBytes);
+    return FileReplace(ManifestPath(sRoot), sBytes);
 }
 
 std::string ProgramPath(const std::string& sRoot, const std::string& sName)
@@ -127,7 +132,7 @@ bool RootIsInstalled(const std::string& sRoot)
     const std::vector<std::string> asManifest = ManifestRead(sRoot);
     return std::any_of(kPrograms.begin(), kPrograms.end(), [&](const char* sName) {
         const std::string sProgram = ProgramPath(sRoot, sName);
-        return FileExists(sProgram)
+        return FileExists(RootFileAsIs(sProgram))
                && (asManifest.empty()
                    || !ProgramIsListed(asManifest, sName, EngineMark(PathFromText(sProgram))));
     });
@@ -138,7 +143,7 @@ std::string PrivateRootGet()
 {
     const std::vector<std::string> asFolders = PrivateRootFolders();
     for (auto it = asFolders.rbegin(); it != asFolders.rend(); ++it)
-        if (FileExists(PathJoin(*it, kManifest)))
+        if (FileExists(ManifestPath(*it)))
             return *it;
     return asFolders.front();
 }
@@ -150,7 +155,7 @@ std::string ShippedEngineGet(const std::string& sProgramFolder, const std::strin
     for (const fs::path& pthCandidate :
          {pthFolder, pthFolder.parent_path() / "libexec" / "hopcast"}) {
         std::string sEngine = TextFromPath(pthCandidate / PathFromText(sName));
-        if (FileExists(sEngine))
+        if (FileExists(RootFileAsIs(sEngine)))
             return sEngine;
     }
     return {};
@@ -195,7 +200,7 @@ Result<void> EngineRenew(const std::string& sRoot, const std::string& sName,
         return {};  // somebody else's
     if (sSource.empty()) {
         // An engine that still works is kept when only its source is out of sight.
-        const bool bUseless = sName == kVoacapProgram || !FileExists(sTarget);
+        const bool bUseless = sName == kVoacapProgram || !FileExists(RootFileAsIs(sTarget));
         if (!bFree && bUseless && !fs::remove(PathFromText(sTarget), ec))
             return ErrorFromCode(ec);
         return {};
@@ -246,7 +251,7 @@ Result<void> FoldersMake(const std::string& sRoot)
         if (ec)
             return ErrorFromCode(ec);
     }
-    return FileExists(PathJoin(sRoot, kManifest)) ? Result<void>() : ManifestWrite(sRoot, {});
+    return FileExists(ManifestPath(sRoot)) ? Result<void>() : ManifestWrite(sRoot, {});
 }
 
 }  // namespace
@@ -303,7 +308,7 @@ bool EngineIsBuiltIn(const std::string& sProgramName)
 {
     const EngineRoot root = EngineRootGet();
     const std::string sProgram = ProgramPath(root.sFolder, sProgramName);
-    if (!FileExists(sProgram))
+    if (!FileExists(RootFileAsIs(sProgram)))
         return false;
     if (ProgramIsListed(ManifestRead(root.sFolder), sProgramName,
                         EngineMark(PathFromText(sProgram))))
