@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what Hopcast needs on Debian 12 or 13:  scripts/setup.sh [run|test|bench]
+# Installs what Hopcast needs on Debian 12 or 13:  scripts/setup.sh [run|test|bench|windows]
 #
 # Quiet and offline when all is there. Says plainly what it could not get and what that costs, and
 # goes on; the exit status is 1 only when the build cannot work without it.
@@ -7,9 +7,9 @@ set -euo pipefail
 
 purpose=${1:-run}
 case $purpose in
-run | test | bench) ;;
+run | test | bench | windows) ;;
 *)
-    echo "usage: scripts/setup.sh [run|test|bench]" >&2
+    echo "usage: scripts/setup.sh [run|test|bench|windows]" >&2
     exit 2
     ;;
 esac
@@ -130,7 +130,7 @@ LossGet() {
     qt6-base-dev) echo "the window program is left out" ;;
     voacapl*) echo "VOACAP will be \"not found.\"" ;;
     xvfb | xdotool | imagemagick) echo "no tests of the window on an X display" ;;
-    g++-mingw*) echo "no build for Windows" ;;
+    g++-mingw* | dpkg-dev | zip) echo "no build for Windows" ;;
     clang | libclang-rt-dev) echo "no fuzzing" ;;
     libbenchmark-dev) echo "no benchmarks" ;;
     *) echo "Hopcast cannot be built" ;;
@@ -148,6 +148,10 @@ Main() {
         ;;
     bench)
         needed+=(libbenchmark-dev)
+        voacapl=()
+        ;;
+    windows) # packaging/windows
+        needed+=(g++-mingw-w64-x86-64 dpkg-dev zip)
         voacapl=()
         ;;
     esac
@@ -168,7 +172,7 @@ Main() {
     while read -r package; do
         loss=$(LossGet "$package")
         Say "could not get $package: $loss"
-        [ "$loss" != "Hopcast cannot be built" ] || status=1
+        [ "$loss" != "Hopcast cannot be built" ] && [ "$purpose" != windows ] || status=1
     done < <(PackagesMissing "${needed[@]}" "${voacapl[@]}")
     return $status
 }
