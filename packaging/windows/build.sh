@@ -27,7 +27,7 @@ LibrariesCheck() {
             gdi32.dll | imm32.dll | kernel32.dll | mpr.dll | msvcrt.dll | netapi32.dll | ole32.dll | \
             oleaut32.dll | setupapi.dll | shcore.dll | shell32.dll | shlwapi.dll | user32.dll | \
             userenv.dll | uxtheme.dll | version.dll | winmm.dll | winspool.drv | ws2_32.dll | \
-            wtsapi32.dll) ;;
+            wtsapi32.dll | api-ms-win-crt-*.dll) ;;
         *)
             Say "${1##*/} asks for $library, which Windows does not have"
             return 1
@@ -50,7 +50,7 @@ LicencesCopy() {
     TextCopy /usr/share/doc/gcc-mingw-w64-x86-64-posix-runtime/copyright "$folder/gcc-runtime.txt"
     TextCopy /usr/share/doc/mingw-w64-common/copyright "$folder/mingw-w64.txt"
     for file in "$qt"/licenses/*; do
-        TextCopy "$file" "$folder/qt/$(basename "$file" .txt).txt"
+        TextCopy "$file" "$folder/qt/${file##*/}"
     done
 }
 

@@ -84,13 +84,26 @@ QtBuild() {
     Recipe >"$cache/recipe"
 }
 
-# The texts that must travel with a program that has Qt in it.
+# The texts that must travel with a program that has Qt in it: its licences, and the notices of the
+# parts by others that Qt brings.
 LicencesKeep() {
-    mkdir -p "$2"
-    cp "$1"/LICENSES/* "$1/debian/copyright" "$2/"
+    local source=$1 folder=$2 file
+    mkdir -p "$folder"
+    cp "$source"/LICENSES/{LGPL-3.0,GPL-3.0,GPL-2.0}-only.txt "$folder/"
+    cp "$source/debian/copyright" "$folder/copyright.txt"
+    (cd "$source/src" && find 3rdparty corelib gui -type f \
+        \( -name '*LICEN[CS]E*' -o -name 'COPYING*' -o -name FTL.TXT \) | LC_ALL=C sort |
+        while read -r file; do
+            printf '======== %s\n\n' "$file"
+            cat "$file"
+            printf '\n\n'
+        done) >"$folder/notices.txt"
 }
 
 Main() {
+    mkdir -p "${cache%/*}"
+    exec 9>"$cache.lock"
+    flock 9 # one build at a time
     if ! cmp -s "$cache/recipe" <(Recipe); then
         Say "making the static Qt $upstream in $cache; this takes a while"
         QtBuild
