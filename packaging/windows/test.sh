@@ -106,8 +106,8 @@ SetUp() {
     Await "display" test -s "$folder/display"
     DISPLAY=:$(cat "$folder/display")
     export DISPLAY TZ=UTC LC_ALL=C.UTF-8
-    # No questions about helper packages; no noise.
-    export WINEDLLOVERRIDES='mscoree,mshtml=' WINEDEBUG=-all
+    # No questions about helper packages; no noise but that of the toolkit.
+    export WINEDLLOVERRIDES='mscoree,mshtml=' WINEDEBUG=-all QT_FORCE_STDERR_LOGGING=1
     unset HOPCAST_ITSHFBC
     wine wineboot --init >/dev/null 2>&1
     drive=$WINEPREFIX/drive_c
