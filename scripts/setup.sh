@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what Hopcast needs on Debian 12 or 13:  scripts/setup.sh [run|test|bench|windows]
+# Installs what Hopcast needs on Debian 12 or 13:  scripts/setup.sh [run|test|bench|package|windows]
 #
 # Quiet and offline when all is there. Says plainly what it could not get and what that costs, and
 # goes on; the exit status is 1 only when the build cannot work without it.
@@ -7,9 +7,9 @@ set -euo pipefail
 
 purpose=${1:-run}
 case $purpose in
-run | test | bench | windows) ;;
+run | test | bench | package | windows) ;;
 *)
-    echo "usage: scripts/setup.sh [run|test|bench|windows]" >&2
+    echo "usage: scripts/setup.sh [run|test|bench|package|windows]" >&2
     exit 2
     ;;
 esac
@@ -130,9 +130,11 @@ LossGet() {
     qt6-base-dev) echo "the window program is left out" ;;
     voacapl*) echo "VOACAP will be \"not found.\"" ;;
     xvfb | xdotool | imagemagick) echo "no tests of the window on an X display" ;;
-    g++-mingw* | dpkg-dev | zip) echo "no build for Windows" ;;
+    g++-mingw* | zip) echo "no build for Windows" ;;
     clang | libclang-rt-dev) echo "no fuzzing" ;;
     libbenchmark-dev) echo "no benchmarks" ;;
+    dpkg-dev | file) echo "no package" ;;
+    lintian | appstream | desktop-file-utils | man-db) echo "the Debian package is not checked" ;;
     *) echo "Hopcast cannot be built" ;;
     esac
 }
@@ -143,11 +145,16 @@ Main() {
     case $purpose in
     test)
         needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick)
-        # Only CI builds for Windows and fuzzes.
-        [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 clang libclang-rt-dev)
+        # Only CI builds for Windows, fuzzes and installs the package.
+        [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 clang libclang-rt-dev
+            dpkg-dev file lintian appstream desktop-file-utils man-db)
         ;;
     bench)
         needed+=(libbenchmark-dev)
+        voacapl=()
+        ;;
+    package) # packaging/debian
+        needed+=(dpkg-dev file)
         voacapl=()
         ;;
     windows) # packaging/windows

@@ -80,6 +80,7 @@ double AttemptTimer::LeftGet() const
 
 Result<FileLock> EngineLockTake(const AttemptTimer& timer)
 {
+    SaidGet().clear();
     return FileLock::Take(PathToHost(kEngineLock), timer.LeftGet());
 }
 
@@ -96,7 +97,6 @@ Result<void> OldOutputRemove(std::string_view sPath)
 
 Result<int> EngineStart(const Engine& engine, std::initializer_list<std::string_view> asArguments)
 {
-    SaidGet().clear();
     ProcessCommand command;
     command.asWords = {EngineProgramPath(engine.iModel), std::string(kEngineRoot)};
     command.asWords.insert(command.asWords.end(), asArguments.begin(), asArguments.end());

@@ -12,6 +12,7 @@
 #include "system/FileLib.h"
 #include "system/HostPath.h"
 #include "system/PathLib.h"
+#include "system/ProfileFolder.h"
 #include "system/RunErrorText.h"
 
 namespace fs = std::filesystem;
@@ -138,9 +139,44 @@ bool RootIsInstalled(const std::string& sRoot)
     });
 }
 
+/// The root of a user who has no folder to write to. It goes with the program.
+class TemporaryRoot {
+public:
+    TemporaryRoot() = default;
+    ~TemporaryRoot() { Remove(); }
+    TemporaryRoot(const TemporaryRoot&) = delete;
+    TemporaryRoot& operator=(const TemporaryRoot&) = delete;
+
+    bool Make()
+    {
+        m_sFolder = TemporaryRootMake();
+        return !m_sFolder.empty();
+    }
+    void Remove()
+    {
+        std::error_code ec;
+        if (!m_sFolder.empty())
+            fs::remove_all(PathFromText(m_sFolder), ec);
+        m_sFolder.clear();
+    }
+    /// Host path; empty while none is needed.
+    [[nodiscard]] const std::string& FolderGet() const { return m_sFolder; }
+
+private:
+    std::string m_sFolder;
+};
+
+TemporaryRoot& TemporaryRootGet()
+{
+    static TemporaryRoot root;
+    return root;
+}
+
 /// The private root in use: a later choice only when it was needed before.
 std::string PrivateRootGet()
 {
+    if (!TemporaryRootGet().FolderGet().empty())
+        return TemporaryRootGet().FolderGet();
     const std::vector<std::string> asFolders = PrivateRootFolders();
     for (auto it = asFolders.rbegin(); it != asFolders.rend(); ++it)
         if (FileExists(ManifestPath(*it)))
@@ -242,16 +278,35 @@ Result<void> ManifestPrune(const std::string& sRoot)
     return asNow == asBefore ? Result<void>() : ManifestWrite(sRoot, asNow);
 }
 
-/// The folders, and the manifest as the proof that the user may write there.
+/// The folders, all of them writable, and the manifest.
 Result<void> FoldersMake(const std::string& sRoot)
 {
-    for (const char* sFolder : {"/bin_win", "/RUN", "/areadata"}) {
+    for (const char* sFolder : {"", "/bin_win", "/RUN", "/areadata"}) {
+        const fs::path pthFolder = PathFromText(HostPathBelow(sRoot, sFolder));
         std::error_code ec;
-        fs::create_directories(PathFromText(HostPathBelow(sRoot, sFolder)), ec);
+        fs::create_directories(pthFolder, ec);
         if (ec)
             return ErrorFromCode(ec);
+        if (!FolderIsWritable(pthFolder))
+            return RunError{kPermissionDenied};
     }
     return FileExists(ManifestPath(sRoot)) ? Result<void>() : ManifestWrite(sRoot, {});
+}
+
+/// The first place that can be used, and a temporary one where there is none.
+Result<void> PrivateRootMake(std::string& sRoot)
+{
+    Result<void> resMade = RunError{kPathFileAccessError};
+    for (const std::string& sFolder : PrivateRootFolders()) {
+        sRoot = sFolder;
+        resMade = FoldersMake(sRoot);
+        if (resMade)
+            return resMade;
+    }
+    if (!TemporaryRootGet().Make())
+        return resMade;
+    sRoot = TemporaryRootGet().FolderGet();
+    return FoldersMake(sRoot);
 }
 
 }  // namespace
@@ -277,15 +332,9 @@ Result<void> EngineRootProvisionFrom(const std::string& sProgramFolder,
 {
     if (EngineRootGet().eKind != EngineRootKind::Private)
         return {};
-    Result<void> resMade = RunError{kPathFileAccessError};
+    EngineRootRelease();
     std::string sRoot;
-    for (const std::string& sFolder : PrivateRootFolders()) {
-        sRoot = sFolder;
-        resMade = FoldersMake(sRoot);
-        if (resMade)
-            break;
-    }
-    if (!resMade)
+    if (Result<void> resMade = PrivateRootMake(sRoot); !resMade)
         return resMade;
     const std::string sVoacap = VoacaplIsThere(sSearchPath)
                                     ? ShippedEngineGet(sProgramFolder, kVoacapProgram)
@@ -303,6 +352,8 @@ Result<void> EngineRootProvision()
 {
     return EngineRootProvisionFrom(ProgramFolderGet(), EngineSearchPathGet());
 }
+
+void EngineRootRelease() { TemporaryRootGet().Remove(); }
 
 bool EngineIsBuiltIn(const std::string& sProgramName)
 {

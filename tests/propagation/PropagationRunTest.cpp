@@ -253,6 +253,17 @@ TEST_P(EachEngine, ValueThatDoesNotFitFailsTheDeckAndStartsNothing)
     EXPECT_EQ(m_root.CallCount(), 0);
 }
 
+TEST_P(EachEngine, SayingOfAnEarlierRunIsForgottenByOneThatStartsNoEngine)
+{
+    m_root.Engine(m_case.sProgram, "echo no map");
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_EQ(EngineSaidGet(), "no map");
+    PropagationInput input = InputOf(m_case.iModel, 10);
+    input.fNoiseLevel = -123456.0F;  // fits no field of the deck
+    EXPECT_FALSE(PropagationRun(input, m_table));
+    EXPECT_EQ(EngineSaidGet(), "");
+}
+
 TEST_P(EachEngine, FirstPrintableLineThatItSaysIsKept)
 {
     m_root.Engine(m_case.sProgram,
