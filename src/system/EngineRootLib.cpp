@@ -61,7 +61,7 @@ std::string CopyMark(const fs::path& pthFile)
     if (itKnown != mapKnown.end() && itKnown->second.nSize == nSize
         && itKnown->second.m_timeWritten == timeWritten)
         return itKnown->second.sMark;
-    const auto resBytes = FileRead(RootFileAsIs(TextFromPath(pthFile)), kProgramMax);
+    const auto resBytes = FileRead(TextFromPath(pthFile), kProgramMax);
     if (!resBytes)
         return {};
     std::string sMark =
@@ -85,15 +85,10 @@ std::string LineMake(const std::string& sName, const std::string& sMark)
     return sName + ' ' + sMark;
 }
 
-std::string ManifestPath(const std::string& sRoot)
-{
-    return RootFileAsIs(PathJoin(sRoot, kManifest));
-}
-
 std::vector<std::string> ManifestRead(const std::string& sRoot)
 {
     std::vector<std::string> asLines;
-    auto resFile = TextFile::Open(ManifestPath(sRoot));
+    auto resFile = TextFile::Open(PathJoin(sRoot, kManifest));
     std::string sLine;
     for (std::size_t nBytes = 0; resFile && nBytes < kManifestMax; nBytes += sLine.size()) {
         const auto resLine = resFile.ValueGet().LineRead(sLine);
@@ -108,7 +103,7 @@ Result<void> ManifestWrite(const std::string& sRoot, const std::vector<std::stri
 {
     std::string sBytes;
     for (const std::string& sLine : asLines) sBytes += sLine + '\n';
-    return FileReplace(ManifestPath(sRoot), sBytes);
+    return FileReplace(PathJoin(sRoot, kManifest), sBytes);
 }
 
 std::string ProgramPath(const std::string& sRoot, const std::string& sName)
@@ -133,7 +128,7 @@ bool RootIsInstalled(const std::string& sRoot)
     const std::vector<std::string> asManifest = ManifestRead(sRoot);
     return std::any_of(kPrograms.begin(), kPrograms.end(), [&](const char* sName) {
         const std::string sProgram = ProgramPath(sRoot, sName);
-        return FileExists(RootFileAsIs(sProgram))
+        return FileExists(sProgram)
                && (asManifest.empty()
                    || !ProgramIsListed(asManifest, sName, EngineMark(PathFromText(sProgram))));
     });
@@ -179,7 +174,7 @@ std::string PrivateRootGet()
         return TemporaryRootGet().FolderGet();
     const std::vector<std::string> asFolders = PrivateRootFolders();
     for (auto it = asFolders.rbegin(); it != asFolders.rend(); ++it)
-        if (FileExists(ManifestPath(*it)))
+        if (FileExists(PathJoin(*it, kManifest)))
             return *it;
     return asFolders.front();
 }
@@ -191,7 +186,7 @@ std::string ShippedEngineGet(const std::string& sProgramFolder, const std::strin
     for (const fs::path& pthCandidate :
          {pthFolder, pthFolder.parent_path() / "libexec" / "hopcast"}) {
         std::string sEngine = TextFromPath(pthCandidate / PathFromText(sName));
-        if (FileExists(RootFileAsIs(sEngine)))
+        if (FileExists(sEngine))
             return sEngine;
     }
     return {};
@@ -236,7 +231,7 @@ Result<void> EngineRenew(const std::string& sRoot, const std::string& sName,
         return {};  // somebody else's
     if (sSource.empty()) {
         // An engine that still works is kept when only its source is out of sight.
-        const bool bUseless = sName == kVoacapProgram || !FileExists(RootFileAsIs(sTarget));
+        const bool bUseless = sName == kVoacapProgram || !FileExists(sTarget);
         if (!bFree && bUseless && !fs::remove(PathFromText(sTarget), ec))
             return ErrorFromCode(ec);
         return {};
@@ -290,7 +285,7 @@ Result<void> FoldersMake(const std::string& sRoot)
         if (!FolderIsWritable(pthFolder))
             return RunError{kPermissionDenied};
     }
-    return FileExists(ManifestPath(sRoot)) ? Result<void>() : ManifestWrite(sRoot, {});
+    return FileExists(PathJoin(sRoot, kManifest)) ? Result<void>() : ManifestWrite(sRoot, {});
 }
 
 /// The first place that can be used, and a temporary one where there is none.
@@ -359,7 +354,7 @@ bool EngineIsBuiltIn(const std::string& sProgramName)
 {
     const EngineRoot root = EngineRootGet();
     const std::string sProgram = ProgramPath(root.sFolder, sProgramName);
-    if (!FileExists(RootFileAsIs(sProgram)))
+    if (!FileExists(sProgram))
         return false;
     if (ProgramIsListed(ManifestRead(root.sFolder), sProgramName,
                         EngineMark(PathFromText(sProgram))))

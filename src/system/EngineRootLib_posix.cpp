@@ -24,5 +24,3 @@ bool VoacaplIsThere(const std::string& sSearchPath)
 {
     return !ProgramSearch("voacapl", sSearchPath).empty();
 }
-
-std::string RootFileAsIs(std::string sHostPath) { return sHostPath; }

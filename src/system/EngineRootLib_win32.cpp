@@ -1,6 +1,5 @@
 #include "system/EngineRootHost.h"
 #include "system/HostPath.h"
-#include "system/PathLib.h"
 
 std::vector<std::string> PrivateRootFolders()
 {
@@ -17,10 +16,4 @@ std::string EngineSearchPathGet() { return {}; }
 bool VoacaplIsThere(const std::string&)
 {
     return false;  // the ITS package brings its own VOACAP
-}
-
-std::string RootFileAsIs(std::string sHostPath)
-{
-    constexpr std::size_t kDriveLength = 3;  // "c:\"
-    return PathIsEngineRoot(sHostPath) ? sHostPath.insert(kDriveLength, ".\\") : sHostPath;
 }
