@@ -16,3 +16,22 @@
 [[nodiscard]] std::string EngineSearchPathGet();
 /// True when voacapl, which the VOACAP launcher runs, is in one of these folders.
 [[nodiscard]] bool VoacaplIsThere(const std::string& sSearchPath);
+
+/// While it lives, every path is a path of the host, also one below c:\itshfbc: there the fixed root
+/// is itself a host path on Windows, and mapping it would ask for the root that is being sought.
+class HostPathsOnly {
+public:
+    HostPathsOnly() { ++CountGet(); }
+    ~HostPathsOnly() { --CountGet(); }
+    HostPathsOnly(const HostPathsOnly&) = delete;
+    HostPathsOnly& operator=(const HostPathsOnly&) = delete;
+
+    [[nodiscard]] static bool IsInForce() { return CountGet() > 0; }
+
+private:
+    static int& CountGet()
+    {
+        thread_local int nCount = 0;
+        return nCount;
+    }
+};

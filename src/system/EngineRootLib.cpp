@@ -308,6 +308,7 @@ Result<void> PrivateRootMake(std::string& sRoot)
 
 EngineRoot EngineRootGet()
 {
+    const HostPathsOnly host;
     std::string sFolder = EnvironmentGet("HOPCAST_ITSHFBC");
     if (!sFolder.empty()) {
         std::error_code ec;
@@ -325,6 +326,7 @@ EngineRoot EngineRootGet()
 Result<void> EngineRootProvisionFrom(const std::string& sProgramFolder,
                                      const std::string& sSearchPath)
 {
+    const HostPathsOnly host;
     if (EngineRootGet().eKind != EngineRootKind::Private)
         return {};
     EngineRootRelease();
@@ -352,6 +354,7 @@ void EngineRootRelease() { TemporaryRootGet().Remove(); }
 
 bool EngineIsBuiltIn(const std::string& sProgramName)
 {
+    const HostPathsOnly host;
     const EngineRoot root = EngineRootGet();
     const std::string sProgram = ProgramPath(root.sFolder, sProgramName);
     if (!FileExists(sProgram))

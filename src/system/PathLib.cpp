@@ -4,6 +4,7 @@
 #include <optional>
 #include <system_error>
 
+#include "system/EngineRootHost.h"
 #include "system/EngineRootLib.h"
 #include "system/FileLib.h"
 #include "system/HostPath.h"
@@ -85,7 +86,7 @@ bool PathIsEngineRoot(std::string_view sPath)
 
 std::string PathToHost(std::string_view sPath)
 {
-    if (!PathHasDrive(sPath))
+    if (!PathHasDrive(sPath) || HostPathsOnly::IsInForce())
         return std::string(sPath);
     if (const auto sRest = EngineRootRest(sPath))
         return HostPathBelow(EngineRootGet().sFolder, *sRest);
