@@ -19,6 +19,7 @@ namespace {
 constexpr int kExitFailed = 1;
 constexpr int kExitUsage = 2;
 
+constexpr const char* kVersion = "hopcast " HOPCAST_VERSION "\n";
 constexpr const char* kHelp =
     "hopcast: HF radio contact planning\n"
     "\n"
@@ -78,12 +79,9 @@ void OnceSetUp(frmMain& frm)
 
 int WindowRun(QApplication& app, const Options& options)
 {
-    // No display name: the toolkit would append it to the title of every other window.
-    QApplication::setApplicationName(QStringLiteral("Hopcast"));
     QApplication::setApplicationVersion(QStringLiteral(HOPCAST_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("hopcast"));
     QApplication::setWindowIcon(AppIconGet());
-    MsgWindowInstall();
     EventPumpSetHandler([] { QApplication::processEvents(); });
     if (const auto res = EngineRootProvision(); !res)
         MsgBox(MsgIcon::Info, "Hopcast's own engine folder could not be made: " + res.TextGet());
@@ -99,21 +97,41 @@ int WindowRun(QApplication& app, const Options& options)
     return app.exec();
 }
 
+/// The words that the toolkit has left.
+std::vector<std::string> WordsGet()
+{
+    std::vector<std::string> asWords;
+    for (const QString& sWord : QApplication::arguments().mid(1))
+        asWords.push_back(sWord.toStdString());
+    return asWords;
+}
+
 }  // namespace
 
 int main(int nArguments, char** asArguments)
 {
-    // These two answer on a machine without a display too.
+    const bool bConsole = ConsoleIsThere();
     const Options optionsAlone = OptionsGet(ArgumentsGet(nArguments, asArguments));
-    if (optionsAlone.bHelp || optionsAlone.bVersion) {
-        std::fputs(optionsAlone.bHelp ? kHelp : "hopcast " HOPCAST_VERSION "\n", stdout);
+    const char* sAnswer = optionsAlone.bHelp ? kHelp : optionsAlone.bVersion ? kVersion : nullptr;
+    // These two answer on a machine without a display too.
+    if (sAnswer && bConsole) {
+        std::fputs(sAnswer, stdout);
         return 0;
     }
     QApplication app(nArguments, asArguments);
-    // The toolkit has taken its own options away.
-    const Options options = OptionsGet(ArgumentsGet(nArguments, asArguments));
+    // No display name: the toolkit would append it to the title of every other window.
+    QApplication::setApplicationName(QStringLiteral("Hopcast"));
+    MsgWindowInstall();
+    if (sAnswer) {
+        MsgBox(MsgIcon::None, sAnswer);
+        return 0;
+    }
+    const Options options = OptionsGet(WordsGet());
     if (!options.sError.empty()) {
-        std::fprintf(stderr, "hopcast: %s\n", options.sError.c_str());
+        if (bConsole)
+            std::fprintf(stderr, "hopcast: %s\n", options.sError.c_str());
+        else
+            MsgBox(MsgIcon::Exclamation, options.sError);
         return kExitUsage;
     }
     return WindowRun(app, options);

@@ -1,6 +1,6 @@
 /// @file ConsoleLib.h
-/// The console that a program runs in: its arguments as UTF-8, and whether it shows colours.
-/// Tests:   tests/app/HopcastPredictTest.cpp
+/// The console that a program runs in: its arguments as UTF-8, whether anybody reads what it
+/// prints, and whether it shows colours. Tests:   tests/app/HopcastPredictTest.cpp
 #pragma once
 
 #include <string>
@@ -8,6 +8,10 @@
 
 /// The arguments behind the program's name, in UTF-8 (on Windows taken from the wide command line).
 [[nodiscard]] std::vector<std::string> ArgumentsGet(int nArguments, char** asArguments);
+
+/// False when what is printed goes nowhere: a window program that Windows started from its desktop
+/// or from a command prompt. Its output can be redirected, and is there then.
+[[nodiscard]] bool ConsoleIsThere();
 
 /// True when standard output is a terminal that shows 24-bit colours. NO_COLOR forbids them,
 /// CLICOLOR_FORCE=1 asks for them anywhere. On Windows the console is told to understand them, and

@@ -10,6 +10,8 @@ std::vector<std::string> ArgumentsGet(int nArguments, char** asArguments)
     return {asArguments + (nArguments > 0 ? 1 : 0), asArguments + nArguments};
 }
 
+bool ConsoleIsThere() { return true; }
+
 bool ConsoleTakesColor()
 {
     const auto Set = [](const char* sName) {

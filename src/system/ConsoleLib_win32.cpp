@@ -16,6 +16,12 @@ std::vector<std::string> ArgumentsGet(int /*nArguments*/, char** /*asArguments*/
     return asWords;
 }
 
+bool ConsoleIsThere()
+{
+    HANDLE hOutput = GetStdHandle(STD_OUTPUT_HANDLE);
+    return hOutput != nullptr && GetFileType(hOutput) != FILE_TYPE_UNKNOWN;
+}
+
 bool ConsoleTakesColor()
 {
     SetConsoleOutputCP(CP_UTF8);

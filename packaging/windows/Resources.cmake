@@ -1,0 +1,20 @@
+# hopcast_resources(TARGET DESCRIPTION [MANIFEST FILE]): icon and version of a Windows program file.
+function(hopcast_resources TARGET DESCRIPTION)
+    if(NOT WIN32)
+        return()
+    endif()
+    cmake_parse_arguments(ARG "" "MANIFEST" "" ${ARGN})
+    set(FOLDER ${PROJECT_SOURCE_DIR}/packaging/windows)
+    set(RESOURCE_ICON ${PROJECT_SOURCE_DIR}/assets/icon/hopcast.ico)
+    set(RESOURCE_NAME ${TARGET})
+    set(RESOURCE_DESCRIPTION ${DESCRIPTION})
+    set(RESOURCE_MANIFEST "")
+    if(ARG_MANIFEST)
+        set(RESOURCE_MANIFEST "1 24 \"${ARG_MANIFEST}\"")  # 24: a manifest
+    endif()
+    set(SCRIPT ${CMAKE_CURRENT_BINARY_DIR}/${TARGET}.rc)
+    configure_file(${FOLDER}/hopcast.rc.in ${SCRIPT} @ONLY)
+    target_sources(${TARGET} PRIVATE ${SCRIPT})
+    set_source_files_properties(${SCRIPT} PROPERTIES OBJECT_DEPENDS
+        "${RESOURCE_ICON};${ARG_MANIFEST}")
+endfunction()

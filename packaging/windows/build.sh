@@ -1,0 +1,89 @@
+#!/usr/bin/env bash
+# Makes build/Hopcast-VERSION-win64.zip, on Debian 12 or 13. The first run also makes Qt (qt.sh).
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+
+Say() { echo "windows: $*" >&2; }
+
+scripts/setup.sh windows
+if command -v ccache >/dev/null; then
+    export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+fi
+# Of the same tree the same zip: its last change dates the linked programs, their pictures and the files.
+SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || stat -c %Y CHANGELOG.md)}
+export SOURCE_DATE_EPOCH QT_RCC_SOURCE_DATE_OVERRIDE=$SOURCE_DATE_EPOCH
+
+build=build/windows-package
+programs=(hopcast hopcast-predict rec533w)
+scratch=
+trap '[ -z "$scratch" ] || rm -rf "$scratch"' EXIT
+
+# The libraries that a program asks for. All must be Windows' own.
+LibrariesCheck() {
+    local library
+    while read -r library; do
+        case ${library,,} in
+        advapi32.dll | authz.dll | comctl32.dll | comdlg32.dll | d3d9.dll | dwmapi.dll | dwrite.dll | \
+            gdi32.dll | imm32.dll | kernel32.dll | mpr.dll | msvcrt.dll | netapi32.dll | ole32.dll | \
+            oleaut32.dll | setupapi.dll | shcore.dll | shell32.dll | shlwapi.dll | user32.dll | \
+            userenv.dll | uxtheme.dll | version.dll | winmm.dll | winspool.drv | ws2_32.dll | \
+            wtsapi32.dll | api-ms-win-crt-*.dll) ;;
+        *)
+            Say "${1##*/} asks for $library, which Windows does not have"
+            return 1
+            ;;
+        esac
+    done < <(x86_64-w64-mingw32-objdump -p "$1" | sed -n 's/^\s*DLL Name: //p')
+}
+
+# Texts for Windows: lines end in CR LF.
+TextCopy() { sed "s/@VERSION@/$version/g; s/@QT_SOURCE@/$qt_source/g; s/\r*\$/\r/" "$1" >"$2"; }
+
+# What the licences ask to travel with the programs.
+LicencesCopy() {
+    local folder=$1 file
+    mkdir -p "$folder/qt"
+    TextCopy packaging/windows/licences.txt "$folder/README.txt"
+    TextCopy assets/README.md "$folder/pictures-and-map.txt"
+    TextCopy assets/engine/README.md "$folder/engine-figures.txt"
+    TextCopy assets/engine/voacapl-data-copyright.txt "$folder/voacapl-data.txt"
+    TextCopy /usr/share/doc/gcc-mingw-w64-x86-64-posix-runtime/copyright "$folder/gcc-runtime.txt"
+    TextCopy /usr/share/doc/mingw-w64-common/copyright "$folder/mingw-w64.txt"
+    for file in "$qt"/licenses/*; do
+        TextCopy "$file" "$folder/qt/${file##*/}"
+    done
+}
+
+FolderFill() {
+    local folder=$1 program
+    mkdir -p "$folder"
+    for program in "${programs[@]}"; do
+        x86_64-w64-mingw32-strip -o "$folder/$program.exe" "$build/bin/$program.exe"
+        LibrariesCheck "$folder/$program.exe"
+    done
+    TextCopy assets/profile/hopcast.ini "$folder/hopcast.ini"
+    TextCopy packaging/windows/readme.txt "$folder/README.txt"
+    TextCopy LICENSE "$folder/LICENCE.txt"
+    LicencesCopy "$folder/licences"
+    find "$folder" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +
+}
+
+Main() {
+    qt=$(packaging/windows/qt.sh)
+    qt_source=$(basename "$qt"/../source/*.dsc .dsc | tr _ ' ')
+    cmake --preset windows-package "-DHOPCAST_QT=$qt" >&2
+    cmake --build --preset windows-package --target "${programs[@]}" >&2
+    version=$(sed -n 's/^CMAKE_PROJECT_VERSION:[A-Z]*=//p' "$build/CMakeCache.txt")
+
+    scratch=$(mktemp -d)
+    local name=Hopcast-$version
+    FolderFill "$scratch/$name"
+    rm -f "build/$name-win64.zip"
+    (cd "$scratch" && find "$name" -type f | LC_ALL=C sort | TZ=UTC zip -q -X -9 -@ new.zip)
+    mv "$scratch/new.zip" "build/$name-win64.zip"
+    (cd "$scratch" && stat -c '%10s  %n' "$name"/*.exe)
+    stat -c '%10s  %n' "build/$name-win64.zip"
+    Say "who gives the zip away also gives Qt's source away: $(realpath "$qt/../source")"
+}
+
+Main
