@@ -63,6 +63,14 @@ void SaidKeep()
 
 std::string EngineSaidGet() { return SaidGet(); }
 
+std::string EngineTroubleGet(int iModel)
+{
+    const Engine* pEngine = EngineFind(iModel);
+    const std::string sLack =
+        pEngine != nullptr ? ProgramLackGet(EngineProgramPath(iModel)) : std::string();
+    return sLack.empty() ? EngineSaidGet() : std::string(pEngine->sProgram) + " is " + sLack;
+}
+
 double EngineLimitSet(double dSeconds) { return std::exchange(LimitGet(), dSeconds); }
 
 AttemptTimer::AttemptTimer()
@@ -80,6 +88,7 @@ double AttemptTimer::LeftGet() const
 
 Result<FileLock> EngineLockTake(const AttemptTimer& timer)
 {
+    SaidGet().clear();
     return FileLock::Take(PathToHost(kEngineLock), timer.LeftGet());
 }
 
@@ -96,7 +105,6 @@ Result<void> OldOutputRemove(std::string_view sPath)
 
 Result<int> EngineStart(const Engine& engine, std::initializer_list<std::string_view> asArguments)
 {
-    SaidGet().clear();
     ProcessCommand command;
     command.asWords = {EngineProgramPath(engine.iModel), std::string(kEngineRoot)};
     command.asWords.insert(command.asWords.end(), asArguments.begin(), asArguments.end());

@@ -23,7 +23,8 @@ private:
     std::chrono::steady_clock::time_point m_tmEnd;
 };
 
-/// The lock of the engine root.
+/// The lock of the engine root, taken first of all in an attempt; forgets what the engine before
+/// said.
 Result<FileLock> EngineLockTake(const AttemptTimer& timer);
 
 /// Takes an old output away, so that it cannot pass for a new one. A missing one is fine, and so is
@@ -31,7 +32,7 @@ Result<FileLock> EngineLockTake(const AttemptTimer& timer);
 /// @return the error when neither can be done.
 Result<void> OldOutputRemove(std::string_view sPath);
 
-/// Starts the engine with the arguments behind its root; forgets what the engine before said.
+/// Starts the engine with the arguments behind its root.
 /// @return the process id; 0 when the start gave none.
 Result<int> EngineStart(const Engine& engine, std::initializer_list<std::string_view> asArguments);
 

@@ -9,6 +9,7 @@
 #include "system/ErrorTextLib.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
+#include "system/PathLib.h"
 #include "system/PrivateProfileLib.h"
 #include "system/TextLib.h"
 
@@ -141,7 +142,9 @@ void WindowLoad(const Reader& reader, const WindowApplyFn& fnWindowApply)
 /// Writes keys to one file until one fails.
 class Writer {
 public:
-    explicit Writer(std::string sFile) : m_sFile(std::move(sFile)) {}
+    explicit Writer(const std::string& sFile) : m_sFile(sFile), m_nError(ProfileFolderMake(sFile))
+    {
+    }
 
     void Text(const char* sSection, const std::string& sKey, const std::string& sValue)
     {
@@ -161,7 +164,7 @@ public:
 
 private:
     std::string m_sFile;
-    int m_nError = 0;
+    int m_nError;
 };
 
 void ModelSave(Writer& writer, const Settings& settings)
@@ -197,7 +200,7 @@ void WindowSave(Writer& writer, const WindowData& window)
 
 void ProfileLoad(Settings& settings, const WindowApplyFn& fnWindowApply)
 {
-    const Reader reader(settings.m_sProfileFile);
+    const Reader reader(ProfileFileToRead(settings.m_sProfileFile));
     std::string sFolder = AirMailDataFolderGet();
     reader.Text(kAirMail, "Directory Data", sFolder);
     AirMailDataFolderSet(sFolder);

@@ -25,7 +25,8 @@ enum class WindowKey { Height, Left, Top, Width };
 /// height, left, top, width, each as soon as it is read.
 using WindowApplyFn = std::function<void(WindowKey eKey, float fTwips)>;
 
-/// Reads every key from settings.m_sProfileFile. A missing key, an empty value and a value that
+/// Reads every key from settings.m_sProfileFile, or from the shipped profile where the default one
+/// could not be made (ProfileFileToRead). A missing key, an empty value and a value that
 /// cannot be read leave the member as it is. A frequency count above 15 becomes 15; below 1 the
 /// list is empty.
 void ProfileLoad(Settings& settings, const WindowApplyFn& fnWindowApply);

@@ -8,7 +8,30 @@
 /// Where a private root may lie, in order of preference.
 [[nodiscard]] std::vector<std::string> PrivateRootFolders();
 
+/// A new empty folder that only this user may enter, among the machine's temporary ones; empty when
+/// none can be made, and on Windows, where the folders above are always writable.
+[[nodiscard]] std::string TemporaryRootMake();
+
 /// Folders that may hold voacapl.
 [[nodiscard]] std::string EngineSearchPathGet();
 /// True when voacapl, which the VOACAP launcher runs, is in one of these folders.
 [[nodiscard]] bool VoacaplIsThere(const std::string& sSearchPath);
+
+/// While it lives, every path is a path of the host, also one below c:\itshfbc: there the fixed root
+/// is itself a host path on Windows, and mapping it would ask for the root that is being sought.
+class HostPathsOnly {
+public:
+    HostPathsOnly() { ++CountGet(); }
+    ~HostPathsOnly() { --CountGet(); }
+    HostPathsOnly(const HostPathsOnly&) = delete;
+    HostPathsOnly& operator=(const HostPathsOnly&) = delete;
+
+    [[nodiscard]] static bool IsInForce() { return CountGet() > 0; }
+
+private:
+    static int& CountGet()
+    {
+        thread_local int nCount = 0;
+        return nCount;
+    }
+};

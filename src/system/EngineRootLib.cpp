@@ -12,6 +12,7 @@
 #include "system/FileLib.h"
 #include "system/HostPath.h"
 #include "system/PathLib.h"
+#include "system/ProfileFolder.h"
 #include "system/RunErrorText.h"
 
 namespace fs = std::filesystem;
@@ -133,9 +134,44 @@ bool RootIsInstalled(const std::string& sRoot)
     });
 }
 
+/// The root of a user who has no folder to write to. It goes with the program.
+class TemporaryRoot {
+public:
+    TemporaryRoot() = default;
+    ~TemporaryRoot() { Remove(); }
+    TemporaryRoot(const TemporaryRoot&) = delete;
+    TemporaryRoot& operator=(const TemporaryRoot&) = delete;
+
+    bool Make()
+    {
+        m_sFolder = TemporaryRootMake();
+        return !m_sFolder.empty();
+    }
+    void Remove()
+    {
+        std::error_code ec;
+        if (!m_sFolder.empty())
+            fs::remove_all(PathFromText(m_sFolder), ec);
+        m_sFolder.clear();
+    }
+    /// Host path; empty while none is needed.
+    [[nodiscard]] const std::string& FolderGet() const { return m_sFolder; }
+
+private:
+    std::string m_sFolder;
+};
+
+TemporaryRoot& TemporaryRootGet()
+{
+    static TemporaryRoot root;
+    return root;
+}
+
 /// The private root in use: a later choice only when it was needed before.
 std::string PrivateRootGet()
 {
+    if (!TemporaryRootGet().FolderGet().empty())
+        return TemporaryRootGet().FolderGet();
     const std::vector<std::string> asFolders = PrivateRootFolders();
     for (auto it = asFolders.rbegin(); it != asFolders.rend(); ++it)
         if (FileExists(PathJoin(*it, kManifest)))
@@ -237,22 +273,42 @@ Result<void> ManifestPrune(const std::string& sRoot)
     return asNow == asBefore ? Result<void>() : ManifestWrite(sRoot, asNow);
 }
 
-/// The folders, and the manifest as the proof that the user may write there.
+/// The folders, all of them writable, and the manifest.
 Result<void> FoldersMake(const std::string& sRoot)
 {
-    for (const char* sFolder : {"/bin_win", "/RUN", "/areadata"}) {
+    for (const char* sFolder : {"", "/bin_win", "/RUN", "/areadata"}) {
+        const fs::path pthFolder = PathFromText(HostPathBelow(sRoot, sFolder));
         std::error_code ec;
-        fs::create_directories(PathFromText(HostPathBelow(sRoot, sFolder)), ec);
+        fs::create_directories(pthFolder, ec);
         if (ec)
             return ErrorFromCode(ec);
+        if (!FolderIsWritable(pthFolder))
+            return RunError{kPermissionDenied};
     }
     return FileExists(PathJoin(sRoot, kManifest)) ? Result<void>() : ManifestWrite(sRoot, {});
+}
+
+/// The first place that can be used, and a temporary one where there is none.
+Result<void> PrivateRootMake(std::string& sRoot)
+{
+    Result<void> resMade = RunError{kPathFileAccessError};
+    for (const std::string& sFolder : PrivateRootFolders()) {
+        sRoot = sFolder;
+        resMade = FoldersMake(sRoot);
+        if (resMade)
+            return resMade;
+    }
+    if (!TemporaryRootGet().Make())
+        return resMade;
+    sRoot = TemporaryRootGet().FolderGet();
+    return FoldersMake(sRoot);
 }
 
 }  // namespace
 
 EngineRoot EngineRootGet()
 {
+    const HostPathsOnly host;
     std::string sFolder = EnvironmentGet("HOPCAST_ITSHFBC");
     if (!sFolder.empty()) {
         std::error_code ec;
@@ -270,17 +326,12 @@ EngineRoot EngineRootGet()
 Result<void> EngineRootProvisionFrom(const std::string& sProgramFolder,
                                      const std::string& sSearchPath)
 {
+    const HostPathsOnly host;
     if (EngineRootGet().eKind != EngineRootKind::Private)
         return {};
-    Result<void> resMade = RunError{kPathFileAccessError};
+    EngineRootRelease();
     std::string sRoot;
-    for (const std::string& sFolder : PrivateRootFolders()) {
-        sRoot = sFolder;
-        resMade = FoldersMake(sRoot);
-        if (resMade)
-            break;
-    }
-    if (!resMade)
+    if (Result<void> resMade = PrivateRootMake(sRoot); !resMade)
         return resMade;
     const std::string sVoacap = VoacaplIsThere(sSearchPath)
                                     ? ShippedEngineGet(sProgramFolder, kVoacapProgram)
@@ -299,8 +350,11 @@ Result<void> EngineRootProvision()
     return EngineRootProvisionFrom(ProgramFolderGet(), EngineSearchPathGet());
 }
 
+void EngineRootRelease() { TemporaryRootGet().Remove(); }
+
 bool EngineIsBuiltIn(const std::string& sProgramName)
 {
+    const HostPathsOnly host;
     const EngineRoot root = EngineRootGet();
     const std::string sProgram = ProgramPath(root.sFolder, sProgramName);
     if (!FileExists(sProgram))

@@ -7,7 +7,9 @@
 /// prefix's drive C); (3) the private root: on Windows the fixed root itself, and only where it
 /// cannot be made %LOCALAPPDATA%\Hopcast\itshfbc; elsewhere $XDG_DATA_HOME/hopcast/itshfbc (default
 /// ~/.local/share/hopcast/itshfbc). Programs that Hopcast itself put into the fixed root do not
-/// count in (2). What it put there is listed in the root's hopcast-engines.txt.
+/// count in (2). What it put there is listed in the root's hopcast-engines.txt. Where no private
+/// root can be written (a read-only home), provisioning makes one among the machine's temporary
+/// folders; it belongs to the running program alone and goes with it.
 ///
 /// Tests:   tests/system/EngineRootLibPosixTest.cpp
 #pragma once
@@ -37,6 +39,9 @@ struct EngineRoot {
 /// folders of sSearchPath (separated by ':').
 [[nodiscard]] Result<void> EngineRootProvisionFrom(const std::string& sProgramFolder,
                                                    const std::string& sSearchPath);
+
+/// Takes the temporary root away, if there is one. Done at the program's end in any case.
+void EngineRootRelease();
 
 /// True when the program of this name in the root's bin_win is one of Hopcast's own.
 [[nodiscard]] bool EngineIsBuiltIn(const std::string& sProgramName);

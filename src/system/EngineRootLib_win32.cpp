@@ -9,6 +9,8 @@ std::vector<std::string> PrivateRootFolders()
     return asFolders;
 }
 
+std::string TemporaryRootMake() { return {}; }
+
 std::string EngineSearchPathGet() { return {}; }
 
 bool VoacaplIsThere(const std::string&)

@@ -4,6 +4,7 @@
 #include <optional>
 #include <system_error>
 
+#include "system/EngineRootHost.h"
 #include "system/EngineRootLib.h"
 #include "system/FileLib.h"
 #include "system/HostPath.h"
@@ -42,12 +43,26 @@ std::string ProfileNameOf(const fs::path& pthProgram)
     return sName + ".ini";
 }
 
+/// The profile as shipped, beside the program or in its share folder; empty when there is none.
+fs::path ShippedProfileGet(const fs::path& pthProgram)
+{
+    const fs::path pthName = PathFromText(ProfileNameOf(pthProgram));
+    const fs::path pthFolder = pthProgram.parent_path();
+    for (const fs::path& pthCandidate :
+         {pthFolder, pthFolder.parent_path() / "share" / "hopcast"}) {
+        std::error_code ec;
+        if (fs::is_regular_file(pthCandidate / pthName, ec))
+            return pthCandidate / pthName;
+    }
+    return {};
+}
+
 /// The shipped profile becomes the user's first one. A failure leaves the defaults in force.
 void ProfileSeed(const fs::path& pthShipped, const fs::path& pthProfile)
 {
     constexpr std::size_t kProfileMax = std::size_t{1} << 20;
     std::error_code ec;
-    if (!fs::is_regular_file(pthShipped, ec) || fs::exists(pthProfile, ec))
+    if (pthShipped.empty() || fs::exists(pthProfile, ec))
         return;
     if (const auto resBytes = FileRead(TextFromPath(pthShipped), kProfileMax))
         (void)FileReplace(TextFromPath(pthProfile), resBytes.ValueGet());
@@ -71,7 +86,7 @@ bool PathIsEngineRoot(std::string_view sPath)
 
 std::string PathToHost(std::string_view sPath)
 {
-    if (!PathHasDrive(sPath))
+    if (!PathHasDrive(sPath) || HostPathsOnly::IsInForce())
         return std::string(sPath);
     if (const auto sRest = EngineRootRest(sPath))
         return HostPathBelow(EngineRootGet().sFolder, *sRest);
@@ -103,8 +118,34 @@ std::string ProfileFileFor(const std::string& sProgramFile)
     std::error_code ec;
     fs::create_directories(pthFolder, ec);  // a failure shows when the profile is saved
     const fs::path pthProfile = pthFolder / pthBeside.filename();
-    ProfileSeed(pthBeside, pthProfile);
+    ProfileSeed(ShippedProfileGet(pthProgram), pthProfile);
     return TextFromPath(pthProfile);
 }
 
 std::string ProfileFileDefault() { return ProfileFileFor(ProgramFileGet()); }
+
+std::string ProfileFileToReadFor(const std::string& sProgramFile, const std::string& sProfileFile)
+{
+    if (sProfileFile != ProfileFileFor(sProgramFile) || FileExists(sProfileFile))
+        return sProfileFile;
+    const fs::path pthShipped = ShippedProfileGet(PathFromText(sProgramFile));
+    return pthShipped.empty() ? sProfileFile : TextFromPath(pthShipped);
+}
+
+std::string ProfileFileToRead(const std::string& sProfileFile)
+{
+    return ProfileFileToReadFor(ProgramFileGet(), sProfileFile);
+}
+
+int ProfileFolderMakeFor(const std::string& sProgramFile, const std::string& sProfileFile)
+{
+    std::error_code ec;
+    if (sProfileFile == ProfileFileFor(sProgramFile))
+        fs::create_directories(PathFromText(sProfileFile).parent_path(), ec);
+    return ec.value();
+}
+
+int ProfileFolderMake(const std::string& sProfileFile)
+{
+    return ProfileFolderMakeFor(ProgramFileGet(), sProfileFile);
+}

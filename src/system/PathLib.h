@@ -43,7 +43,22 @@ inline constexpr std::string_view kEngineRoot = "c:\\itshfbc";
 /// Profile file of a program: beside the program with its base name and ".ini"; where that folder
 /// is not writable by the user or belongs to the system (/usr, Program Files), the same file name
 /// in %APPDATA%\Hopcast or $XDG_CONFIG_HOME/hopcast (default ~/.config/hopcast). The first such use
-/// copies the profile that lies beside the program there, if there is one.
+/// copies the shipped profile there, if there is one: it lies beside the program or in its
+/// ../share/hopcast.
 [[nodiscard]] std::string ProfileFileDefault();
 /// The same for the program whose file is told (host path).
 [[nodiscard]] std::string ProfileFileFor(const std::string& sProgramFile);
+
+/// Where a profile is read from: the file itself; but the shipped profile in the place of a default
+/// one that is not there, as in a home where nothing can be written.
+[[nodiscard]] std::string ProfileFileToRead(const std::string& sProfileFile);
+/// The same for the program whose file is told (host path).
+[[nodiscard]] std::string ProfileFileToReadFor(const std::string& sProgramFile,
+                                               const std::string& sProfileFile);
+
+/// Makes the folder of the default profile anew when it is missing; leaves other profiles' alone.
+/// @return 0, or the system's error code (for SystemErrorText).
+[[nodiscard]] int ProfileFolderMake(const std::string& sProfileFile);
+/// The same for the program whose file is told (host path).
+[[nodiscard]] int ProfileFolderMakeFor(const std::string& sProgramFile,
+                                       const std::string& sProfileFile);

@@ -64,6 +64,8 @@ RunError StartErrorMake(DWORD nCode)
         case ERROR_FILE_NOT_FOUND:
         case ERROR_PATH_NOT_FOUND:
             return {kFileNotFound};
+        case ERROR_DIRECTORY:
+            return {kPathNotFound};  // of the working folder
         case ERROR_ACCESS_DENIED:
             return {kPermissionDenied};
         default:
@@ -109,6 +111,8 @@ Result<int> HostProcessStart(const ProcessCommand& command)
     return static_cast<int>(process.dwProcessId);
 }
 
+std::string ProgramLackGet(const std::string&) { return {}; }
+
 bool ProcessWait(int nProcessId, double dSeconds)
 {
     constexpr double kMillisecondsMax = 4e9;  // below INFINITE
@@ -125,6 +129,9 @@ bool ProcessWait(int nProcessId, double dSeconds)
     bool bOk = false;
     if (WaitForSingleObject(hProcess, static_cast<DWORD>(dMilliseconds)) == WAIT_TIMEOUT) {
         TerminateProcess(hProcess, 0);
+        // It ends a moment later, and holds its files open until then.
+        constexpr DWORD kEndMax = 2000;  // ms
+        WaitForSingleObject(hProcess, kEndMax);
     } else {
         DWORD nExitCode = 1;
         bOk = GetExitCodeProcess(hProcess, &nExitCode) && nExitCode == 0;

@@ -1,5 +1,6 @@
 /// @file ProfileFolder.h
-/// Where the user's own settings go when they cannot lie beside the program. Private to PathLib.
+/// Which folders are the user's to write to, and where the user's own settings go when they cannot
+/// lie beside the program. Private to the platform services.
 #pragma once
 
 #include <filesystem>

@@ -276,6 +276,18 @@ TEST_F(HopcastPredict, AMissingEngineIsToldOnceAChunk)
               "Please check that ITS HF propagation prediction software has been installed.\n");
 }
 
+TEST_F(HopcastPredict, PredictsWithoutAWritableHomeAndLeavesNothing)
+{
+    const EnvironmentSet data("XDG_DATA_HOME", m_tmp.Write("file", "no folder") + "/data");
+    const std::string sTemporary = m_tmp.Path("tmp/");
+    const EnvironmentSet temporary("TMPDIR", sTemporary);
+    const ProgramResult res = Predict({"--tx", "38,-122", "--rc", "24,-110", "--ssn", "100"});
+    EXPECT_EQ(res.nStatus, 0);
+    EXPECT_EQ(res.sError, "");
+    EXPECT_GT(res.sOut.size(), 1000u);
+    EXPECT_TRUE(fs::is_empty(sTemporary));
+}
+
 TEST_F(HopcastPredict, AFailingEngineGivesStatus1AndNoTable)
 {
     const EnvironmentSet root("HOPCAST_ITSHFBC", RootMake("exit 1\n"));

@@ -201,12 +201,68 @@ TEST_F(EngineRootLibPosix, ASecondProvisioningChangesNothing)
 TEST_F(EngineRootLibPosix, ARootThatCannotBeMadeIsToldAbout)
 {
     m_folder.Write("data/hopcast", "a file where the folder should be");
+    const EnvironmentSet temporary("TMPDIR", m_folder.Path() + "/none");
     EXPECT_EQ(EngineRootProvisionFrom(m_sProgramFolder, m_sSearch).TextGet(), kPathFileAccessError);
     AsUnprivileged([&] {
         const EnvironmentSet data("XDG_DATA_HOME", "/usr/hopcast-test");
         EXPECT_EQ(EngineRootProvisionFrom(m_sProgramFolder, m_sSearch).TextGet(),
                   kPermissionDenied);
     });
+}
+
+/// The temporary folders of this test: where a root may go that cannot go home.
+class EngineRootLibPosixTemporary : public EngineRootLibPosix {
+protected:
+    EngineRootLibPosixTemporary()
+    {
+        fs::create_directory(m_sTemporary);
+        chmod(m_folder.Path().c_str(), 0755);
+        chmod(m_sTemporary.c_str(), 01777);
+        EnginesShip("one");
+    }
+    const std::string m_sTemporary = m_folder.Path() + "/tmp";
+    EnvironmentSet m_tmpdir{"TMPDIR", m_sTemporary};
+};
+
+TEST_F(EngineRootLibPosixTemporary, AUserWithoutAHomeGetsARootForTheTime)
+{
+    m_folder.Write("data/hopcast", "a file where the folder should be");
+    Provision();
+    const EngineRoot root = EngineRootGet();
+    EXPECT_EQ(root.eKind, EngineRootKind::Private);
+    EXPECT_EQ(fs::path(root.sFolder).parent_path(), m_sTemporary);
+    EXPECT_EQ(fs::status(root.sFolder).permissions(), fs::perms::owner_all);
+    EXPECT_EQ(BytesRead(root.sFolder + "/bin_win/rec533w.exe"), "one");
+    EXPECT_TRUE(fs::is_directory(root.sFolder + "/RUN"));
+    EXPECT_TRUE(EngineIsBuiltIn("rec533w.exe"));
+    EngineRootRelease();
+    EXPECT_TRUE(fs::is_empty(m_sTemporary));
+    EXPECT_EQ(EngineRootGet().sFolder, m_sRoot);
+}
+
+TEST_F(EngineRootLibPosixTemporary, ARootThatBecameReadOnlyIsLeftAsItIs)
+{
+    Provision();
+    EXPECT_EQ(EngineRootGet().sFolder, m_sRoot);
+    chmod((m_sRoot + "/RUN").c_str(), 0555);
+    AsUnprivileged([&] {
+        Provision();
+        EXPECT_NE(EngineRootGet().sFolder, m_sRoot);
+        EXPECT_EQ(BytesRead(EngineRootGet().sFolder + "/bin_win/rec533w.exe"), "one");
+        EngineRootRelease();
+    });
+    EXPECT_EQ(BytesRead(m_sRec533), "one");
+    EXPECT_TRUE(fs::is_empty(m_sTemporary));
+}
+
+TEST_F(EngineRootLibPosixTemporary, AHomeThatCanBeWrittenAgainIsUsedAgain)
+{
+    m_folder.Write("data/hopcast", "a file where the folder should be");
+    Provision();
+    fs::remove(m_folder.Path() + "/data/hopcast");
+    Provision();
+    EXPECT_EQ(EngineRootGet().sFolder, m_sRoot);
+    EXPECT_TRUE(fs::is_empty(m_sTemporary));
 }
 
 TEST_F(EngineRootLibPosix, ABrokenManifestOwnsNothing)

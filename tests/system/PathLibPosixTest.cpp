@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <string>
 
@@ -146,6 +147,53 @@ TEST_F(PathLibPosix, TheFirstUseCopiesTheShippedProfileOnce)
     EXPECT_EQ(ProfileFileFor(sProgram), sProfile);
     EXPECT_EQ(BytesRead(sProfile), "the user's");
     fs::permissions(m_folder.Path() + "/program", fs::perms::owner_all);
+}
+
+TEST_F(PathLibPosix, APackagesProfileLiesInItsShareFolder)
+{
+    const std::string sProgram = m_folder.Path("usr/bin/hopcast");
+    m_folder.Write("usr/share/hopcast/hopcast.ini", "packaged");
+    chmod((m_folder.Path() + "/usr/bin").c_str(), 0555);
+    const std::string sProfile = ProfileFileFor(sProgram);
+    EXPECT_EQ(sProfile, m_folder.Path() + "/.config/hopcast/hopcast.ini");
+    EXPECT_EQ(BytesRead(sProfile), "packaged");
+    chmod((m_folder.Path() + "/usr/bin").c_str(), 0755);
+    EXPECT_EQ(ProfileFileFor(sProgram), m_folder.Path() + "/usr/bin/hopcast.ini");
+    EXPECT_FALSE(FileExists(m_folder.Path() + "/usr/bin/hopcast.ini")) << "not copied there";
+}
+
+TEST_F(PathLibPosix, WhereNoProfileCanBeMadeTheShippedOneIsRead)
+{
+    const std::string sProgram = m_folder.Path("usr/bin/hopcast");
+    const std::string sShipped = m_folder.Write("usr/share/hopcast/hopcast.ini", "packaged");
+    chmod((m_folder.Path() + "/usr/bin").c_str(), 0555);
+    m_folder.Write(".config", "a file where the folder should be");
+    const std::string sProfile = ProfileFileFor(sProgram);
+    EXPECT_FALSE(FileExists(sProfile));
+    EXPECT_EQ(ProfileFileToReadFor(sProgram, sProfile), sShipped);
+    EXPECT_EQ(ProfileFileToReadFor(sProgram, "/no/other.ini"), "/no/other.ini")
+        << "a profile that the user named is never replaced";
+    fs::remove(m_folder.Path() + "/.config");
+    EXPECT_EQ(ProfileFileToReadFor(sProgram, sProfile), sProfile);
+    EXPECT_EQ(BytesRead(sProfile), "packaged");
+    chmod((m_folder.Path() + "/usr/bin").c_str(), 0755);
+}
+
+TEST_F(PathLibPosix, OnlyTheDefaultProfilesFolderIsMadeAnew)
+{
+    const std::string sProfile = ProfileFileFor("/usr/bin/hopcast");
+    fs::remove_all(m_folder.Path() + "/.config");
+    EXPECT_EQ(ProfileFolderMakeFor("/usr/bin/hopcast", sProfile), 0);
+    EXPECT_TRUE(fs::is_directory(m_folder.Path() + "/.config/hopcast"));
+    EXPECT_EQ(ProfileFolderMakeFor("/usr/bin/hopcast", m_folder.Path() + "/none/mine.ini"), 0);
+    EXPECT_FALSE(fs::exists(m_folder.Path() + "/none"));
+    chmod(m_folder.Path().c_str(), 0755);
+    AsUnprivileged([&] {
+        const EnvironmentSet config("XDG_CONFIG_HOME", m_folder.Path() + "/read-only");
+        EXPECT_EQ(ProfileFolderMakeFor("/usr/bin/hopcast", ProfileFileFor("/usr/bin/hopcast")),
+                  EACCES)
+            << "the reason, not that the folder is missing";
+    });
 }
 
 TEST_F(PathLibPosix, AnotherUsersFolderIsNotWritable)

@@ -68,4 +68,16 @@ TEST(TextColumns, CutsFromColumnOneOnAndEndsWithTheText)
     EXPECT_EQ(TextColumns("abcdef", 2, 0), "");
 }
 
+TEST(TextLines, EndWithEitherEndAndTheLastWithNone)
+{
+    EXPECT_EQ(TextLines("a\r\n\n b\r\r\nc"), (std::vector<std::string_view>{"a", "", " b\r", "c"}));
+    EXPECT_EQ(TextLines("a\n"), (std::vector<std::string_view>{"a"}));
+    EXPECT_TRUE(TextLines("").empty());
+}
+
+TEST(TextPrintable, HasNoControlCharacters)
+{
+    EXPECT_EQ(TextPrintable("a\r\n\x1b\x7f\xC2\xB0"), "a    \xC2\xB0");
+}
+
 }  // namespace

@@ -57,6 +57,14 @@ bool SettingsComplete(Settings& settings)
     return true;
 }
 
+/// What else is known of a failed engine, behind the box of its run.
+std::nullopt_t EngineFail(int iModel)
+{
+    if (const std::string sTrouble = EngineTroubleGet(iModel); !sTrouble.empty())
+        MsgBox(MsgIcon::Info, sTrouble);
+    return std::nullopt;
+}
+
 std::optional<std::string> PointToPointGet(const PredictOptions& options, const Settings& settings,
                                            bool bColor)
 {
@@ -68,7 +76,7 @@ std::optional<std::string> PointToPointGet(const PredictOptions& options, const 
         MsgBox(MsgIcon::Exclamation,
                input.nData < 1 ? "The frequency list is empty." : "There is no such engine.");
     if (!bOk || box.ShownGet() > 0)
-        return std::nullopt;
+        return EngineFail(input.iModel);
     const PredictRun run{&settings,
                          &table,
                          LocalNow().nYear,
@@ -134,7 +142,7 @@ std::optional<std::string> AreaGet(const PredictOptions& options, const Settings
         bOk = bOk && AreaPointsAppend(input, aPoint);
     }
     if (!bOk)
-        return std::nullopt;
+        return EngineFail(input.iModel);
     return options.eFormat == PredictFormat::Json ? PredictAreaJsonGet(aPoint)
                                                   : PredictAreaCsvGet(aPoint);
 }

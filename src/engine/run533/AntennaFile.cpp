@@ -59,11 +59,11 @@ bool NumberFirst(std::string_view sLine, double& dNumber)
 Result<AntennaLoaded> AntennaRead(std::string_view sText)
 {
     constexpr std::size_t kHeadLines = 5;
-    const auto aLines = DeckLinesGet(sText);
+    const auto aLines = TextLines(sText);
     double dGain = 0.0, dType = 0.0;
     if (aLines.size() < kHeadLines || !NumberFirst(aLines[2], dGain)
         || !NumberFirst(aLines[3], dType))
-        return RunError{"no antenna file"};
+        return RunError{"no gain and type in lines 3 and 4 of the antenna file"};
     if (dType != kTypeGains)
         return RunError{"antenna type " + NumberToText(dType)
                         + " is not known, only 11 (91 gains)"};
@@ -102,9 +102,9 @@ Result<AntennaLoaded> AntennaLoad(std::string_view sRoot, std::string_view sName
     const std::string sPath = FileFind(sRoot, sFolder, sFile);
     if (!sPath.empty()) {
         const Result<std::string> resText = FileRead(sPath, kFileMost);
-        if (!resText)
-            return RunError{sPath + ", " + resText.TextGet()};
-        return AntennaRead(resText.ValueGet());
+        Result<AntennaLoaded> resRead =
+            resText ? AntennaRead(resText.ValueGet()) : resText.ErrorGet();
+        return resRead ? resRead : RunError{sPath + ", " + resRead.TextGet()};
     }
     if (TextEqualNoCase(sFile, "CONST17.VOA"))
         return BuiltInGet("Const 17dB", rec533::FiguresAntennaConst17());

@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include "airmail/GridSquareLib.h"
 #include "geo/MathLib.h"
 #include "system/NumberLib.h"
 
@@ -17,10 +18,27 @@ std::optional<double> NumberOf(const QString& sText)
     return res.ValueGet();
 }
 
+/// One coordinate of a grid square's middle. A square is known by the range of its letters, which
+/// the conversion does not check.
+std::optional<double> GridSquareOf(LocationKind eKind, const QString& sText)
+{
+    static const QRegularExpression kSquare(
+        QStringLiteral("^\\s*([A-Ra-r]{2}[0-9]{2}(?:[A-Xa-x]{2})?)\\s*$"));
+    const auto match = kSquare.match(sText);
+    std::string sGrid = match.captured(1).toStdString();
+    double dLat = 0.0;
+    double dLon = 0.0;
+    if (!match.hasMatch() || !GridSquareToPosition(sGrid, dLat, dLon, false))
+        return {};
+    return eKind == LocationKind::Latitude ? dLat : dLon;
+}
+
 }  // namespace
 
 std::optional<double> LocationFromText(LocationKind eKind, const QString& sText)
 {
+    if (const auto dSquare = GridSquareOf(eKind, sText))
+        return dSquare;
     // sign, degrees, degree sign or blanks, minutes, minute sign, hemisphere
     static const QRegularExpression kForm(QStringLiteral(
         "^\\s*([+-]?)(\\d{1,3}(?:\\.\\d*)?)\\s*(?:°|\\s)?\\s*(?:(\\d{1,2}(?:\\.\\d*)?)\\s*['′’]?)?"

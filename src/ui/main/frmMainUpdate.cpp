@@ -153,7 +153,10 @@ void frmMain::PositionsShow()
 
 bool frmMain::TroubleSet(RunTrouble eTrouble, const std::string& sMessage)
 {
-    m_sTrouble = StatusTrouble(eTrouble, m_settings, sMessage);
+    m_sTrouble = StatusTrouble(eTrouble, m_settings, sMessage,
+                               eTrouble == RunTrouble::Engine
+                                   ? EngineTroubleGet(m_settings.m_iPropagationModel)
+                                   : std::string());
     return false;
 }
 

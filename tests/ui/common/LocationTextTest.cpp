@@ -53,6 +53,11 @@ INSTANTIATE_TEST_SUITE_P(
         LocationCase{"something_behind", kLat, "38.5 N x", {}},
         LocationCase{"pair", kLat, "38.5, -122.25", {}}, LocationCase{"comma", kLat, "38,5", {}},
         LocationCase{"exponent", kLat, "3e1", {}},
+        LocationCase{"grid_square_latitude", kLat, "FN42", 42.0 + 30.782608695652176 / 60},
+        LocationCase{"grid_square_longitude", kLon, " fn42mm\n", -70.97391304347826},
+        LocationCase{"grid_square_beyond_R", kLat, "FS42", {}},
+        LocationCase{"grid_square_letters_beyond_X", kLat, "FN42YA", {}},
+        LocationCase{"grid_square_of_five", kLat, "FN42M", {}},
         LocationCase{"far_too_long", kLat, "00000038.5", {}}),
     [](const auto& param) { return std::string(param.param.sName); });
 

@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Makes build/deb/hopcast_VERSION_ARCHITECTURE.deb.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+
+scripts/setup.sh package
+for tool in dpkg-shlibdeps file; do # without them the package would not tell what it depends on
+    command -v $tool >/dev/null || { echo "build: $tool is missing" >&2; exit 1; }
+done
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+fi
+# One date for everything that the package tells, and no path of this machine in its programs.
+export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || stat -c %Y CHANGELOG.md)}
+export QT_RCC_SOURCE_DATE_OVERRIDE=$SOURCE_DATE_EPOCH
+build=build/deb
+cmake --preset release -B $build -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_REQUIRE_FIND_PACKAGE_Qt6=ON \
+    -DCMAKE_CXX_FLAGS="-fstack-protector-strong -D_FORTIFY_SOURCE=2 -ffile-prefix-map=$PWD=." \
+    -DCMAKE_EXE_LINKER_FLAGS="-Wl,-z,relro,-z,now" >&2
+cmake --build $build --parallel "$(nproc)" >&2
+
+maintainer=$(sed -n 's/^set(CPACK_PACKAGE_CONTACT "\(.*\)")/\1/p' packaging/debian/Package.cmake)
+awk -v maintainer="$maintainer" -v today="$(date -Ru -d "@$SOURCE_DATE_EPOCH")" \
+    -f packaging/debian/changelog.awk CHANGELOG.md | gzip -9n >$build/changelog.gz
+rm -f $build/hopcast_*.deb
+(umask 022 && cd $build && cpack >&2)
+echo "$build"/hopcast_*.deb

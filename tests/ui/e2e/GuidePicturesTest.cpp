@@ -1,0 +1,261 @@
+// A user's way through every window on the built-in engine, from the first start to the overlay.
+// Each step keeps its picture in the build's folder "pictures/guide"; scripts/pictures.sh takes
+// them from there to docs/images.
+#include <gtest/gtest.h>
+
+#include <QCursor>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPainter>
+#include <QScreen>
+#include <QSet>
+#include <QTest>
+#include <QTimer>
+#include <vector>
+
+#include "support/NeedVoacapl.h"
+#include "system/EngineRootLib.h"
+#include "ui/common/MsgWindow.h"
+#include "ui/details/frmDetails.h"
+#include "ui/e2e/RealRig.h"
+#include "ui/map/frmMap.h"
+#include "ui/options/OptionsDrive.h"
+#include "ui/options/frmAbout.h"
+#include "ui/support/UiEvents.h"
+
+namespace {
+
+constexpr int kRow14000 = 7;
+
+/// A fresh installation beside Airmail, whose folder lies on the drive C of the rig's Wine prefix,
+/// so that windows show the name that a user knows. Call signs are invented.
+class GuideRig : public RealRig {
+public:
+    GuideRig() : RealRig(kEngineRec533)
+    {
+        QApplication::setCursorFlashTime(0);  // the same pictures at each run
+        // As on a machine where Hopcast has just been installed.
+        EXPECT_TRUE(EngineRootProvisionFrom(TEST_BIN, "/usr/bin"));
+        m_dtLocal.nHour -= 7;
+        m_folder.Write("hopcast.ini",
+                       "[AirMail Data]\nDirectory Data=C:\\ProgramData\\AirMail\n"
+                       "[Propagation Model]\nSunSpot Option=False\nSunSpot Number=100\n");
+        AirmailFile("Airmail.ini",
+                    "[Position Report]\r\nCurrent Latitude=24°18.50'N\r\n"
+                    "Current Longitude=110°24.20'W\r\nCurrent Time=2026-11-21 11:02\r\n"
+                    "[Propagation]\r\nSSN=104\r\n[Settings]\r\nLast Program Version=3.1.936\r\n");
+        AirmailFile("System.HAM.ini",
+                    "[Station Info]\r\nXX1BOS=FN42:Boston;7066\r\nXX1TPA=EL87:Tampa;14118\r\n"
+                    "XX1SEA=CN87:Seattle;7066\r\n");
+        AirmailFile("System.SailMail.ini",
+                    "[Station Info]\r\nXX2SAN=DM12:San Diego;7971\r\nXX2LUN=FN84:Lunenburg;8415\r\n"
+                    "XX2HON=BL11:Honolulu;10333\r\nXX2AKL=RF73:Auckland;11156\r\n");
+    }
+
+private:
+    void AirmailFile(const std::string& sName, std::string sText) const
+    {
+        for (std::size_t n = sText.find("\xC2\xB0"); n != std::string::npos;
+             n = sText.find("\xC2\xB0"))
+            sText.replace(n, 2, "\xB0");  // these files are Windows-1252
+        m_folder.Write("wine/drive_c/ProgramData/AirMail/" + sName, sText);
+    }
+
+    EnvironmentSet m_envRoot{"HOPCAST_ITSHFBC", std::nullopt};
+    EnvironmentSet m_envData{"XDG_DATA_HOME", m_folder.Path("data")};
+};
+
+/// Keeps a picture; one that shows next to nothing fails.
+void PictureKeep(const QPixmap& pix, const char* sName)
+{
+    const QDir dir(QStringLiteral(TEST_BIN "/../pictures/guide"));
+    ASSERT_TRUE(dir.mkpath(QStringLiteral(".")));
+    const QImage img = pix.toImage();
+    QSet<QRgb> setColours;
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x) setColours.insert(img.pixel(x, y));
+    EXPECT_GT(setColours.size(), 8) << sName;
+    constexpr int kSmallest = 0;  // the quality of a PNG picture is its size
+    ASSERT_TRUE(img.save(dir.filePath(QLatin1String(sName)), "PNG", kSmallest)) << sName;
+}
+
+void PictureKeep(QWidget& widget, const char* sName)
+{
+    MainRig::EventsRun();
+    PictureKeep(widget.grab(), sName);
+}
+
+/// A window with the menus that are open above it.
+void PictureKeep(QWidget& window, const std::vector<QMenu*>& aMenu, const char* sName)
+{
+    MainRig::EventsRun();
+    QRect rect(window.mapToGlobal(QPoint(0, 0)), window.size());
+    const QPoint ptWindow = rect.topLeft();
+    for (const QMenu* pMenu : aMenu) {
+        ASSERT_TRUE(pMenu->isVisible()) << pMenu->objectName().toStdString();
+        rect |= pMenu->geometry();
+    }
+    QPixmap pix(rect.size());
+    pix.fill(Qt::white);
+    QPainter painter(&pix);
+    painter.drawPixmap(ptWindow - rect.topLeft(), window.grab());
+    for (QMenu* pMenu : aMenu) painter.drawPixmap(pMenu->pos() - rect.topLeft(), pMenu->grab());
+    painter.end();
+    PictureKeep(pix, sName);
+}
+
+frmMap& MapOpen(frmMain& frm)
+{
+    frm.mnuViewWorldMap->trigger();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(frm.m_pMap));
+    // At the foot of the screen its menus open upwards, above the map.
+    const QRect rectScreen = frm.m_pMap->screen()->geometry();
+    frm.m_pMap->move(0, rectScreen.bottom() - frm.m_pMap->height());
+    QApplication::setActiveWindow(frm.m_pMap);  // a bare X server has nobody who would do it
+    return *frm.m_pMap;
+}
+
+void OverlayDraw(frmMap& map)
+{
+    QTest::mouseClick(map.cmdOverlay, Qt::LeftButton);
+    map.mnuOverlayDraw->trigger();
+    map.mnuOverlay->close();
+    EXPECT_TRUE(map.windowTitle().startsWith(QStringLiteral("Snr Overlay, ")));
+}
+
+TEST(GuidePictures, TableAndDetails)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    ASSERT_TRUE(frm.lblTrouble->text().isEmpty()) << frm.lblTrouble->text().toStdString();
+    PictureKeep(frm, "main.png");
+    CellMouse(*frm.grdData, {kRow14000, 19});
+    ASSERT_TRUE(frm.m_pDetails && frm.m_pDetails->isVisible());
+    PictureKeep(*frm.m_pDetails, "details.png");
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+}
+
+TEST(GuidePictures, DetailsOfVoacap)
+{
+    NEED_VOACAPL();
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_iPropagationModel = kEngineVoacap;
+    ASSERT_TRUE(frm.Update()) << frm.lblTrouble->text().toStdString();
+    CellMouse(*frm.grdData, {kRow14000, 19});
+    PictureKeep(*frm.m_pDetails, "details_voacap.png");
+}
+
+TEST(GuidePictures, PositionAndStationOfAirmail)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    QTest::mouseClick(frm.cmdRcAirmail, Qt::LeftButton);
+    MainRig::EventsRun();
+    EXPECT_EQ(frm.txtLat0->text(), QStringLiteral("24°18.50'N"));
+    QCursor::setPos(frm.cmdTxAirmail->mapToGlobal(frm.cmdTxAirmail->rect().center()));
+    QTest::mouseClick(frm.cmdTxAirmail, Qt::LeftButton);
+    StationMenu& mnu = *frm.mnuTransmitter;
+    mnu.setActiveAction(mnu.mnuTransmitterSailMail->menuAction());
+    QTest::keyClick(&mnu, Qt::Key_Right);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return mnu.mnuTransmitterSailMail->isVisible(); }));
+    PictureKeep(frm, {&mnu, mnu.mnuTransmitterSailMail}, "stations.png");
+    mnu.mnuTransmitterSailMail->close();
+    mnu.close();
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+}
+
+TEST(GuidePictures, MessageAndOldTable)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    MsgWindowInstall();
+    bool bSeen = false;
+    QTimer tmr;
+    QObject::connect(&tmr, &QTimer::timeout, [&bSeen] {
+        auto* pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (pBox == nullptr)
+            return;
+        EXPECT_TRUE(pBox->text().contains(QStringLiteral("ICEPAC not found.")));
+        PictureKeep(pBox->grab(), "message.png");
+        bSeen = true;
+        QTest::keyClick(pBox, Qt::Key_Return);
+    });
+    tmr.start(100);
+    frm.m_settings.m_iPropagationModel = kEngineIcepac;
+    EXPECT_FALSE(frm.Update());
+    tmr.stop();
+    EXPECT_TRUE(bSeen);
+    PictureKeep(frm, "main_old.png");
+}
+
+TEST(GuidePictures, Options)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    struct TabCase {
+        QAction* pCommand;
+        const char* sPicture;
+    };
+    for (const TabCase& c : {TabCase{frm.mnuOptionsAirMail, "options_airmail.png"},
+                             TabCase{frm.mnuOptionsModel, "options_model.png"},
+                             TabCase{frm.mnuOptionsFrequency, "options_frequency.png"},
+                             TabCase{frm.mnuOptionsTime, "options_time.png"},
+                             TabCase{frm.mnuOptionsMap, "options_map.png"}}) {
+        c.pCommand->trigger();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(frm.m_pOptions));
+        PictureKeep(*frm.m_pOptions, c.sPicture);
+    }
+    Press(frm.m_pOptions->cmdCancel);
+    frm.mnuHelpAbout->trigger();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(frm.m_pAbout));
+    PictureKeep(*frm.m_pAbout, "about.png");
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+}
+
+TEST(GuidePictures, MapStationsAndPath)
+{
+    GuideRig rig;
+    frmMap& map = MapOpen(rig.Start());
+    QTest::mouseClick(map.chkNight, Qt::LeftButton);
+    PictureKeep(map, "map_world.png");
+    QTest::mouseClick(map.chkNight, Qt::LeftButton);
+    QTest::mouseClick(map.cmdStations, Qt::LeftButton);
+    map.mnuStations->close();
+    for (QAction* pItem : map.mnuStationsSystem) pItem->trigger();
+    QTest::mouseClick(map.cmdZoomTxRc, Qt::LeftButton);
+    for (int n = 0; n < 3; ++n) QTest::mouseClick(map.cmdZoomOut, Qt::LeftButton);
+    QTest::mouseClick(map.chkPath, Qt::LeftButton);
+    MainRig::EventsRun();
+    QTest::mouseClick(map.cmdStations, Qt::LeftButton);
+    PictureKeep(map, {map.mnuStations}, "map_stations.png");
+    map.mnuStations->close();
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+}
+
+TEST(GuidePictures, Overlay)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    frm.DataSetSelected(kRow14000, 19);
+    frmMap& map = MapOpen(frm);
+    QTest::mouseClick(map.cmdOverlay, Qt::LeftButton);
+    map.mnuOverlay->setActiveAction(map.mnuOverlayFrequency->menuAction());
+    QTest::keyClick(map.mnuOverlay, Qt::Key_Right);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return map.mnuOverlayFrequency->isVisible(); }));
+    PictureKeep(map, {map.mnuOverlay, map.mnuOverlayFrequency}, "map_overlay_menu.png");
+    map.mnuOverlayFrequency->close();
+    map.mnuOverlay->close();
+    MainRig::EventsRun();
+    OverlayDraw(map);
+    QTest::mouseClick(map.chkPath, Qt::LeftButton);
+    QTest::mouseClick(map.chkNight, Qt::LeftButton);
+    PictureKeep(map, "map.png");
+    QTest::mouseClick(map.chkNight, Qt::LeftButton);
+    QTest::mouseClick(map.cmdZoomTxRc, Qt::LeftButton);
+    OverlayDraw(map);
+    PictureKeep(map, "map_overlay_near.png");
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+}
+
+}  // namespace
