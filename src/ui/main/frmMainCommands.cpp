@@ -77,8 +77,10 @@ void frmMain::mnuViewDetailDataClick()
 
 void frmMain::mnuViewWorldMapClick()
 {
-    if (!m_pMap)
+    if (!m_pMap) {
         m_pMap = new frmMap(*this);
+        WindowFit(*m_pMap, *this);
+    }
     WindowRaise(*m_pMap);
 }
 
