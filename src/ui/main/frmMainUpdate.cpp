@@ -69,7 +69,9 @@ void frmMain::WaitingRun()
         return;  // the end of that run comes here again
     if (std::exchange(m_bUpdateWanted, false))
         Update();
-    for (const auto& fnCommand : std::exchange(m_aWaiting, {})) Command(fnCommand);
+    for (const auto& fnCommand : std::exchange(m_aWaiting, {}))
+        if (!m_bUnloaded)  // nothing opens a window behind an exit
+            Command(fnCommand);
 }
 
 bool frmMain::Update()
