@@ -118,7 +118,7 @@ void frmMain::cmdRcAirmailClick()
     DateTime dtTime;
     const auto res = AirMailPositionGet(dLat, dLon, dtTime, true);
     if (!res)
-        MsgBox(MsgIcon::None, res.TextGet());
+        MsgBox(MsgIcon::None, "Airmail's position: " + res.TextGet());
     if (!res || !res.ValueGet())
         return;
     m_settings.m_dRcLat = dLat;
@@ -139,7 +139,7 @@ void frmMain::StationChoose(const Station& station)
     double dLon = 0.0;
     const auto res = AirMailStationPosition(station.sSystem, station.sKey, dLat, dLon, true);
     if (!res)
-        MsgBox(MsgIcon::None, res.TextGet());
+        MsgBox(MsgIcon::None, "Airmail's station " + station.sKey + ": " + res.TextGet());
     if (!res || !res.ValueGet())
         return;
     m_settings.m_dTxLat = dLat;

@@ -176,7 +176,7 @@ bool frmMain::PredictionMake()
     float fSunSpotNumber = 0.0F;
     const auto resSunSpot = SunSpotNumberGet(m_settings, fSunSpotNumber);
     if (!resSunSpot)
-        MsgBox(MsgIcon::None, resSunSpot.TextGet());
+        MsgBox(MsgIcon::None, "Airmail's sunspot number: " + resSunSpot.TextGet());
     m_bSunSpotNumber = resSunSpot && resSunSpot.ValueGet();
     if (!m_bSunSpotNumber)
         return TroubleSet(RunTrouble::SunSpot);

@@ -144,7 +144,7 @@ void frmMap::mnuOverlayDrawClick()
 void frmMap::OverlayShow()
 {
     if (const Result<void> resDrawn = OverlayDraw(); !resDrawn)
-        MsgBox(MsgIcon::None, resDrawn.TextGet());
+        MsgBox(MsgIcon::None, "Unable to read the overlay's grid, " + resDrawn.TextGet());
 }
 
 void frmMap::MapOutline()

@@ -23,7 +23,7 @@ QString TipText(const QString& sText)
 void frmMap::cmdStationsClick()
 {
     if (const Result<void> resLoaded = StationsLoad(); !resLoaded)
-        MsgBox(MsgIcon::None, resLoaded.TextGet());
+        MsgBox(MsgIcon::None, "Airmail's stations: " + resLoaded.TextGet());
     if (m_nSystem > 0)
         mnuStations->popup(cmdStations->mapToGlobal(QPoint(0, 0)));
 }

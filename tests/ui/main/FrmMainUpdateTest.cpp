@@ -253,7 +253,7 @@ TEST(FrmMainUpdate, SunspotTextThatIsNoNumberIsToldOnce)
     frm.m_settings.m_bPropagationSunSpotNumber = true;
     EXPECT_FALSE(frm.Update());
     ASSERT_EQ(rig.m_msg.m_aShown.size(), 1u);
-    EXPECT_EQ(rig.m_msg.m_aShown[0].sText, "Type mismatch");
+    EXPECT_EQ(rig.m_msg.m_aShown[0].sText, "Airmail's sunspot number: Type mismatch");
     EXPECT_EQ(rig.m_msg.m_aShown[0].eIcon, MsgIcon::None);
 }
 
