@@ -177,9 +177,9 @@ void frmMain::grdDataMouseMove(int iRow, int iCol)
     QString sText;
     if (iRow == 0 && iCol >= 1) {
         // Under a time code that is neither, the text stays as it is.
-        if (m_settings.m_iTimeCode == 0)
+        if (m_settings.m_iTimeCode == kTimeZulu)
             sText = QStringLiteral("Zulu Time (hh)");
-        else if (m_settings.m_iTimeCode == 1)
+        else if (m_settings.m_iTimeCode == kTimeLocal)
             sText = QStringLiteral("Local Time (hh)");
         else
             sText = grdData->toolTip();
@@ -219,7 +219,7 @@ void frmMain::DetailsFill()
 QString frmMain::Speech(int iRow, int iCol) const
 {
     const QString sZone =
-        m_settings.m_iTimeCode == 1 ? QStringLiteral("Local") : QStringLiteral("Zulu");
+        m_settings.m_iTimeCode == kTimeLocal ? QStringLiteral("Local") : QStringLiteral("Zulu");
     const QString sValue = grdData->TextGet(iRow, iCol);
     return QStringLiteral("%1 kHz, %2 %3, %4")
         .arg(grdData->TextGet(iRow, 0), grdData->TextGet(0, iCol), sZone,

@@ -1,17 +1,15 @@
 // The road to a prediction: layout, run, and what becomes of its result.
 #include <QApplication>
-#include <QLabel>
 #include <QRegularExpression>
 #include <QTimer>
-#include <cmath>
 #include <utility>
 
 #include "propagation/EngineLib.h"
 #include "propagation/PropagationLib.h"
 #include "propagation/SnrColor.h"
-#include "system/MsgLib.h"
 #include "settings/SunSpotLib.h"
 #include "system/ClockLib.h"
+#include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "ui/details/frmDetails.h"
 #include "ui/main/TableView.h"
@@ -22,8 +20,6 @@
 namespace {
 
 constexpr int kHours = 24;
-constexpr int kTimeZulu = 0;
-constexpr int kTimeLocal = 1;
 
 QString Formatted(float fValue, const char* sPattern)
 {

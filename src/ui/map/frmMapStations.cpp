@@ -1,6 +1,4 @@
 // Airmail's stations on the map window.
-#include <algorithm>
-
 #include "airmail/AirMailStations.h"
 #include "system/MsgLib.h"
 #include "ui/map/frmMap.h"

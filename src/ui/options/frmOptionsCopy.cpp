@@ -1,5 +1,4 @@
 // The two ways of the options dialog's values: settings to controls, controls to settings.
-#include <cmath>
 #include <limits>
 
 #include "airmail/AirMailLib.h"

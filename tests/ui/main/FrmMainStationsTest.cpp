@@ -1,9 +1,7 @@
 /// The two Airmail buttons and the station menus.
 #include <gtest/gtest.h>
 
-#include <QStatusBar>
 #include <QTest>
-#include <algorithm>
 #include <filesystem>
 
 #include "ui/support/MainRig.h"

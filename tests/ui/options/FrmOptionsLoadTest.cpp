@@ -1,5 +1,4 @@
 // What the dialog shows: settings, Airmail, clocks.
-#include <QLabel>
 #include <map>
 
 #include "ui/options/FrmOptionsFixture.h"
