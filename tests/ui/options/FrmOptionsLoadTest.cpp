@@ -1,5 +1,4 @@
 // What the dialog shows: settings, Airmail, clocks.
-#include <QLabel>
 #include <map>
 
 #include "ui/options/FrmOptionsFixture.h"
@@ -199,7 +198,7 @@ TEST_F(FrmOptions, TellsATimeThatIsNoDateOnceAndFillsTheRest)
     frm.Update();
     frm.Update();
     const MsgShown shown = OneShown(msg);
-    EXPECT_EQ(shown.sText, "Type mismatch");
+    EXPECT_EQ(shown.sText, "Airmail's position: Type mismatch");
     EXPECT_EQ(shown.eIcon, MsgIcon::None);
     EXPECT_EQ(frm.lblAirMailLatLon->text(), Q("Unable to get Lat/Lon data."));
     EXPECT_EQ(frm.txtMapOverlayGridSize->text(), Q("40"));
