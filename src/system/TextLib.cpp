@@ -45,6 +45,12 @@ char32_t Utf8Next(std::string_view sText, std::size_t& nAt)
         }
         nCode = (nCode << 6) | (nByte & 0x3F);
     }
+    // A longer form than the character needs: it would carry a line end past every check for one.
+    constexpr std::array<char32_t, 4> kLeast{0, 0x80, 0x800, 0x10000};
+    if (nCode < kLeast[static_cast<std::size_t>(nMore)]) {
+        ++nAt;
+        return kReplacement;
+    }
     nAt += static_cast<std::size_t>(nMore) + 1;
     return nCode;
 }

@@ -443,6 +443,28 @@ TEST(AntennaFile, DefaultsAreBuiltInAndFilesGoBeforeThem)
     EXPECT_EQ(resFile.ValueGet().tblAntenna.aGain[90], 0.5);
 }
 
+// A slipped digit made powers infinite, and every value of the page the end of its field.
+TEST(AntennaFile, AGainBeyondAllSenseIsRefusedAndTheGreatestTaken)
+{
+    const auto fnFile = [](const std::string& sGain) {
+        std::string sFile = "x\n3\n0.0\n11\n0\n";
+        for (int i = 0; i < 91; ++i) sFile += sGain + "\n";
+        return sFile;
+    };
+    for (const char* sGain : {"666666666", "999.1", "-999.1", "1" /* and 308 zeros */}) {
+        std::string sLong = sGain;
+        if (sLong == "1")
+            sLong += std::string(308, '0');
+        EXPECT_EQ(AntennaRead(fnFile(sLong)).TextGet(),
+                  "antenna file line 6 holds a gain beyond 999 dB");
+    }
+    for (const char* sGain : {"999", "-999"}) {
+        const auto res = AntennaRead(fnFile(sGain));
+        ASSERT_TRUE(res) << res.TextGet();
+        EXPECT_EQ(std::abs(res.ValueGet().tblAntenna.aGain[90]), 999.0);
+    }
+}
+
 TEST(AntennaFile, WhatCannotBeUsedIsTold)
 {
     EXPECT_EQ(AntennaLoad("/nowhere", "DEFAULT\\OTHER.VOA").TextGet(),

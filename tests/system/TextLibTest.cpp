@@ -35,6 +35,20 @@ TEST(Windows1252, ReplacesWhatItLacksAndWhatIsMalformed)
     EXPECT_EQ(Windows1252FromUtf8("\xFFz"), "?z");
 }
 
+TEST(Windows1252, ALineEndInALongerFormThanItNeedsIsMalformed)
+{
+    EXPECT_EQ(Windows1252FromUtf8("a\xC0\x8A"
+                                  "b"),
+              "a??b");
+    EXPECT_EQ(Windows1252FromUtf8("a\xE0\x80\x8A"
+                                  "b"),
+              "a???b");
+    EXPECT_EQ(Windows1252FromUtf8("a\xF0\x80\x80\x8A"
+                                  "b"),
+              "a????b");
+    EXPECT_EQ(Windows1252FromUtf8("\xC1\xBF"), "??");
+}
+
 TEST(Utf8Append, TakesEachLength)
 {
     std::string sText;

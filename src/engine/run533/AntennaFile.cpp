@@ -1,6 +1,6 @@
 #include "engine/run533/AntennaFile.h"
 
-#include <charconv>
+#include <cmath>
 #include <span>
 
 #include "engine/rec533/Figures.h"
@@ -16,6 +16,7 @@ namespace {
 constexpr std::size_t kFileMost = 1 << 20;
 constexpr std::size_t kTitleLetters = 10;
 constexpr int kTypeGains = 11;
+constexpr double kGainMost = 999.0;  // dB, either sign: beyond it powers have no number any more
 
 AntennaLoaded BuiltInGet(std::string_view sTitle,
                          std::span<const float, rec533::kAntennaGains + 1> aFigures)
@@ -76,6 +77,9 @@ Result<AntennaLoaded> AntennaRead(std::string_view sText)
             if (!NumberFirst(sLine, dValue))
                 return RunError{"antenna file line " + NumberToText(static_cast<int>(i) + 1)
                                 + " is not made of numbers"};
+            if (!(std::abs(dGain + dValue) <= kGainMost))
+                return RunError{"antenna file line " + NumberToText(static_cast<int>(i) + 1)
+                                + " holds a gain beyond 999 dB"};
             tbl.tblAntenna.aGain[nGains++] = dGain + dValue;
             const std::size_t nNext = sLine.find_first_of(" \t");
             sLine = nNext == std::string_view::npos ? std::string_view()
