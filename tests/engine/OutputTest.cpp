@@ -479,9 +479,10 @@ TEST(AntennaFile, WhatCannotBeUsedIsTold)
               "antenna file line 6 is not made of numbers");
     EXPECT_EQ(AntennaRead("").TextGet(), "no gain and type in lines 3 and 4 of the antenna file");
     TempFolder tmp;
-    const std::string sFile = tmp.Write("antennas/default/yagi.voa", "x\n3\n1.0\n13\n0\n");
-    EXPECT_EQ(AntennaLoad(tmp.Path(), "DEFAULT\\YAGI.VOA").TextGet(),
-              sFile + ", antenna type 13 is not known, only 11 (91 gains)");
+    tmp.Write("antennas/default/yagi.voa", "x\n3\n1.0\n13\n0\n");
+    const std::string sTold = AntennaLoad(tmp.Path(), "DEFAULT\\YAGI.VOA").TextGet();
+    EXPECT_TRUE(sTold.starts_with(tmp.Path())) << sTold;  // the rest each system spells its way
+    EXPECT_TRUE(sTold.ends_with(", antenna type 13 is not known, only 11 (91 gains)")) << sTold;
     const auto res = PointOutputMake(Replaced(DeckOf("p2p_01.dat"), "SWWHIP", "SWWHAP"), "/nowhere",
                                      Behaviour::Best);
     EXPECT_EQ(res.TextGet(),
