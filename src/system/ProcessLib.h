@@ -30,9 +30,9 @@ struct ProcessCommand {
 
 /// Waits for a process started here. An id that cannot be opened (outside Windows: that is no child
 /// of this program) counts as finished and is true at once: a very short run may already be gone.
-/// At the limit the process is killed and the result is false. Outside Windows it is killed with
-/// all of its group, asked first (SIGTERM) and given 0.2 s to clean up; members of its group that a
-/// process leaves behind when it ends by itself are killed, too.
+/// At the limit the process is killed with all of its family (its process group, on Windows its
+/// job), outside Windows asked first (SIGTERM) and given 0.2 s to clean up; the result is false.
+/// What a process leaves behind of its family when it ends by itself is killed, too.
 /// @return true when the process ended by itself with exit code 0.
 [[nodiscard]] bool ProcessWait(int nProcessId, double dSeconds);
 

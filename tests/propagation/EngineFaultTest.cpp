@@ -164,7 +164,7 @@ TEST_P(EngineFault, NeverEnds)
     EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
 }
 
-#ifndef _WIN32  // there the engine alone is killed
+#ifndef _WIN32  // the fake engine there starts none
 TEST_P(EngineFault, NeverEndsWithChildrenOfItsOwn)
 {
     const EngineLimit limit(0.4);

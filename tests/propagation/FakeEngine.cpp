@@ -45,11 +45,6 @@ FakeRoot::~FakeRoot()
     if (!fs::exists(m_folder.Path()))
         return;
     EXPECT_TRUE(FileLock::Take(Path("hopcast.lock"), 0.0)) << "the lock is held still";
-#ifdef _WIN32
-    // What a program held when it was deleted goes a moment after the program.
-    while (fs::exists(Path("RUN/hopcast.txt")) && std::chrono::steady_clock::now() < tmEnd)
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-#endif
     for (const char* sFolder : {"RUN", "areadata", ""})
         for (const std::string& sName : Names(sFolder)) {
             const bool bKnown = sName.starts_with("sound.") || sName.starts_with("working.")

@@ -33,6 +33,21 @@ int LockHold(const std::string& sFile)
     return 0;
 }
 
+/// Starts another of this program that sleeps, and tells its number.
+bool ChildStart(wchar_t* sProgram)
+{
+    std::wstring sLine = L"child sleep 60000";
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(sProgram, sLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                        &startup, &process))
+        return false;
+    std::printf("%lu\n", process.dwProcessId);
+    std::fflush(stdout);
+    return true;
+}
+
 }  // namespace
 
 int main(int nArguments, char** asArguments)
@@ -44,6 +59,13 @@ int main(int nArguments, char** asArguments)
     if (sVerb == "sleep") {
         Sleep(static_cast<DWORD>(std::atoi(asWords[1].c_str())));
         return 0;
+    }
+    if (sVerb == "family") {  // and then sleeps or ends itself
+        wchar_t acProgram[MAX_PATH] = {};
+        GetModuleFileNameW(nullptr, acProgram, MAX_PATH);
+        const bool bStarted = ChildStart(acProgram);
+        Sleep(static_cast<DWORD>(std::atoi(asWords[1].c_str())));
+        return bStarted ? 0 : 1;
     }
     if (sVerb == "crash")
         RaiseException(EXCEPTION_ACCESS_VIOLATION, EXCEPTION_NONCONTINUABLE, 0, nullptr);

@@ -97,6 +97,36 @@ TEST_F(ProcessLibWin32, AtTheLimitItIsKilledAndLetsGoOfItsFilesAtOnce)
     }
 }
 
+TEST_F(ProcessLibWin32, WhatItStartedGoesWithItAndLetsGoOfItsFiles)
+{
+    for (const bool bKilled : {true, false}) {
+        m_sOutput = m_folder.Path(bKilled ? "killed" : "ended");
+        const int nId = Start({"family", bKilled ? "60000" : "0"});
+        const auto timeStart = Clock::now();
+        while (BytesRead(m_sOutput).empty() && SecondsSince(timeStart) < 10.0)
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        EXPECT_EQ(ProcessWait(nId, bKilled ? 0.0 : 10.0), !bKilled);
+        const int nChild = std::stoi("0" + BytesRead(m_sOutput));
+        EXPECT_NE(nChild, 0);
+        EXPECT_FALSE(ProcessIsThere(nChild));
+        EXPECT_EQ(FileDelete(m_sOutput).TextGet(), "");
+        EXPECT_FALSE(FileExists(m_sOutput));
+    }
+}
+
+TEST_F(ProcessLibWin32, InheritsNoOtherHandle)
+{
+    const std::string sFile = m_folder.Path() + "\\other";
+    SECURITY_ATTRIBUTES security{sizeof security, nullptr, TRUE};
+    const HANDLE hFile =
+        CreateFileA(sFile.c_str(), GENERIC_WRITE, 0, &security, CREATE_ALWAYS, 0, nullptr);
+    ASSERT_NE(hFile, INVALID_HANDLE_VALUE);
+    const int nId = Start({"sleep", "60000"});
+    CloseHandle(hFile);
+    EXPECT_EQ(FileDelete(sFile).TextGet(), "");
+    EXPECT_FALSE(ProcessWait(nId, 0.0));
+}
+
 TEST_F(ProcessLibWin32, WordsReachTheProgramAsTheyAre)
 {
     EXPECT_EQ(Said({"print", "a b", "", "%PATH%", "\"", "a\\\"b\\\\", "c d\\", "x\\y", "*", "\tz",

@@ -36,8 +36,30 @@ Remove() {
     if [ -d "$WINEPREFIX" ]; then
         "$(ServerName)" --kill || true # status 1 where none runs
         "$(ServerName)" --wait
+        # A program killed while Wine was starting it waits for its server's word for ever.
+        for process in $(grep -lszFx "WINEPREFIX=$WINEPREFIX" /proc/[0-9]*/environ | cut -d / -f 3); do
+            case $(readlink "/proc/$process/exe") in
+            */wine*) kill -KILL "$process" || true ;;
+            esac
+        done
     fi
     rm -rf "$folder"
+}
+
+# Hands the output on through files: what a killed program leaves behind in Wine holds its output
+# open, and would let a reader of a pipe wait for ever.
+Run() {
+    local status=0 output
+    output=$(mktemp -d -p "$folder")
+    wine "$@" <&0 >"$output/1" 2>"$output/2" &
+    local program=$!
+    trap 'kill "$program"' INT TERM
+    tail -q -n +1 -f -s 0.1 --pid=$program "$output/1" &
+    tail -q -n +1 -f -s 0.1 --pid=$program "$output/2" >&2 &
+    wait "$program" || status=$?
+    wait
+    rm -rf "$output"
+    return "$status"
 }
 
 case $command in
@@ -49,7 +71,7 @@ make)
         exit 1
     }
     ;;
-run) exec wine "$@" ;;
+run) Run "$@" ;;
 remove) Remove ;;
 *)
     echo "prefix.sh: unknown command $command" >&2
