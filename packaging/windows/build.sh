@@ -23,11 +23,12 @@ LibrariesCheck() {
     local library
     while read -r library; do
         case ${library,,} in
-        advapi32.dll | authz.dll | comctl32.dll | comdlg32.dll | d3d9.dll | dwmapi.dll | dwrite.dll | \
+        advapi32.dll | authz.dll | comctl32.dll | comdlg32.dll | d3d9.dll | d3d11.dll | dwmapi.dll | \
+            dwrite.dll | dxgi.dll | \
             gdi32.dll | imm32.dll | kernel32.dll | mpr.dll | msvcrt.dll | netapi32.dll | ole32.dll | \
             oleaut32.dll | setupapi.dll | shcore.dll | shell32.dll | shlwapi.dll | user32.dll | \
             userenv.dll | uxtheme.dll | version.dll | winmm.dll | winspool.drv | ws2_32.dll | \
-            wtsapi32.dll | api-ms-win-crt-*.dll) ;;
+            wtsapi32.dll | api-ms-win-*.dll) ;;
         *)
             Say "${1##*/} asks for $library, which Windows does not have"
             return 1

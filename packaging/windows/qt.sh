@@ -27,8 +27,9 @@ options=(
     -DQT_BUILD_EXAMPLES=OFF
     -DQT_HOST_PATH=/usr
     "-DQT_HOST_PATH_CMAKE_DIR=$cmake_dir"
+    -DINPUT_opengl=no # the feature alone would leave the choice at run time on
 )
-for feature in opengl vulkan sql network dbus printsupport xml concurrent icu zstd jpeg gif \
+for feature in vulkan sql network dbus printsupport xml concurrent icu zstd jpeg gif \
     system_pcre2 system_zlib system_png system_freetype system_harfbuzz tabletevent direct2d \
     directwrite3; do
     options+=("-DFEATURE_$feature=OFF")
