@@ -230,9 +230,7 @@ TEST_F(FrmOptions, TellsWhereTheFolderComesFrom)
 
 TEST_F(FrmOptions, TellsTheRegistryAndTheInstallLog)
 {
-    m_folder.Write("user.reg",
-                   "WINE REGISTRY Version 2\n\n[Software\\\\Sirius Cybernetics\\\\AirMail\\\\"
-                   "Installation]\n\"Install Folder\"=\"C:\\\\Mail\\\\\"\n");
+    m_drive.RegistryWrite(R"("C:\\Mail\\")");
     AirMailFoldersFind();
     frmOptions& frm = Open();
     EXPECT_EQ(frm.txtAirMailDirectory->text(), Q("C:\\Mail"));
