@@ -51,6 +51,7 @@ Remove() {
 Run() {
     local status=0 output
     output=$(mktemp -d -p "$folder")
+    touch "$output/1" "$output/2" # before they are followed
     wine "$@" <&0 >"$output/1" 2>"$output/2" &
     local program=$!
     trap 'kill "$program"' INT TERM
