@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <chrono>
 #include <string>
 #include <utility>
 
@@ -21,11 +22,11 @@ struct FileLock::Handle {
 Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
 {
     constexpr double kSecondsMax = 1e6;
-    constexpr DWORD kStep = 2;  // ms
-    constexpr ULONGLONG kDyingMax = 250;
+    constexpr DWORD kStep = 2;          // ms
+    constexpr double kDyingMax = 0.25;  // seconds
     const std::wstring sFile = WideFromUtf8(PathToHost(sPath));
-    const ULONGLONG nStart = GetTickCount64();
-    const double dLimit = dSeconds > 0.0 ? std::min(dSeconds, kSecondsMax) * 1000.0 : 0.0;
+    const auto tmStart = std::chrono::steady_clock::now();  // the tick count is a tick coarse
+    const double dLimit = dSeconds > 0.0 ? std::min(dSeconds, kSecondsMax) : 0.0;
     for (;;) {
         // Shared with nobody: the open file itself is the lock, and the system lets go of it when
         // the program dies.
@@ -35,15 +36,15 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
         if (hFile != INVALID_HANDLE_VALUE)
             return FileLock(std::make_unique<Handle>(hFile));
         const DWORD nCode = GetLastError();
-        const ULONGLONG nElapsed = GetTickCount64() - nStart;
+        const std::chrono::duration<double> tmElapsed = std::chrono::steady_clock::now() - tmStart;
         // A file that is being deleted denies access for a moment, as does one without rights for
         // ever.
-        const bool bDying = nCode == ERROR_ACCESS_DENIED && nElapsed < kDyingMax;
+        const bool bDying = nCode == ERROR_ACCESS_DENIED && tmElapsed.count() < kDyingMax;
         if (nCode == ERROR_PATH_NOT_FOUND)
             return RunError{kPathNotFound};
         if (nCode != ERROR_SHARING_VIOLATION && nCode != ERROR_ACCESS_DENIED)
             return RunError{nCode == ERROR_DISK_FULL ? kDiskFull : kPathFileAccessError};
-        if ((nCode == ERROR_ACCESS_DENIED && !bDying) || static_cast<double>(nElapsed) >= dLimit)
+        if ((nCode == ERROR_ACCESS_DENIED && !bDying) || tmElapsed.count() >= dLimit)
             return RunError{kPermissionDenied};
         Sleep(kStep);
     }
