@@ -128,10 +128,10 @@ bool ProgramRun(const Words& aWords, long& nKb)
     return bEnded && nStatus == 0;
 }
 
-// Fastest of some runs, microseconds; 0 when one fails.
-double FastestGet(const Words& aWords, int nRuns)
+// Median of some runs, microseconds; 0 when one fails.
+double MedianGet(const Words& aWords, int nRuns)
 {
-    double dFastest = 1e12;
+    std::vector<double> adTaken;
     long nKb = 0;
     for (int i = 0; i < nRuns; ++i) {
         const auto tStart = std::chrono::steady_clock::now();
@@ -139,9 +139,10 @@ double FastestGet(const Words& aWords, int nRuns)
             return 0.0;
         const std::chrono::duration<double, std::micro> tTaken =
             std::chrono::steady_clock::now() - tStart;
-        dFastest = std::min(dFastest, tTaken.count());
+        adTaken.push_back(tTaken.count());
     }
-    return dFastest;
+    std::sort(adTaken.begin(), adTaken.end());
+    return adTaken[adTaken.size() / 2];
 }
 
 std::string DeckRead(const std::string& sName)
@@ -215,8 +216,8 @@ void ProgramsCompare(benchmark::State& state, const Words& aOwn, const Words& aV
                      double dShare, double dVoacaplUs)
 {
     if (fs::exists(kVoacapl)) {
-        constexpr int kRuns = 10;
-        dVoacaplUs = FastestGet(aVoacapl, kRuns);
+        constexpr int kRuns = 11;
+        dVoacaplUs = MedianGet(aVoacapl, kRuns);
         if (dVoacaplUs == 0.0) {
             state.SkipWithError("voacapl failed");
             return;

@@ -7,18 +7,15 @@
 #include <QMouseEvent>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "BenchRoot.h"
 #include "propagation/SnrColor.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "ui/map/MapPaint.h"
 #include "ui/map/frmMap.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -171,28 +168,6 @@ BENCHMARK(CellsBench)->Unit(benchmark::kMicrosecond);
 BENCHMARK(OverlayBench)->Unit(benchmark::kMicrosecond)->UseManualTime();
 BENCHMARK(TipBench)->Unit(benchmark::kMicrosecond);
 
-/// An engine root of the benchmarks' own with the built-in engine, gone at the end.
-class BenchRoot {
-public:
-    BenchRoot()
-    {
-        std::string sRoot = (fs::temp_directory_path() / "hopcast-bench-XXXXXX").string();
-        if (!mkdtemp(sRoot.data()))
-            std::abort();
-        m_pthRoot = sRoot;
-        for (const char* sName : {"bin_win", "RUN", "areadata"})
-            fs::create_directory(m_pthRoot / sName);
-        fs::create_symlink(BENCH_ENGINE, m_pthRoot / "bin_win" / "rec533w.exe");
-        setenv("HOPCAST_ITSHFBC", m_pthRoot.c_str(), 1);
-    }
-    ~BenchRoot() { fs::remove_all(m_pthRoot); }
-    BenchRoot(const BenchRoot&) = delete;
-    BenchRoot& operator=(const BenchRoot&) = delete;
-
-private:
-    fs::path m_pthRoot;
-};
-
 }  // namespace
 
 int main(int nArguments, char** asArguments)
@@ -202,7 +177,7 @@ int main(int nArguments, char** asArguments)
     benchmark::Initialize(&nArguments, asArguments);
     MsgSetHandler(
         [](MsgIcon, const std::string& sText) { std::fprintf(stderr, "%s\n", sText.c_str()); });
-    const BenchRoot root;
+    const BenchRoot root(BENCH_ENGINE);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -3,12 +3,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
-#include <iterator>
+#include <fstream>
 #include <string>
 
+#include "BenchRoot.h"
 #include "propagation/DeckLib.h"
 #include "propagation/EngineLib.h"
 #include "propagation/PropagationAreaLib.h"
@@ -28,33 +27,14 @@ constexpr double kOutputLimit = 1000.0;  // an output of ten frequencies
 constexpr double kGridLimit = 2000.0;    // a grid of 40 x 40 points
 constexpr double kRunLimit = 5000.0;     // a run less the engine's process
 
-/// The engine root of the benchmarks, gone at the end.
-class BenchRoot {
+/// A root in which the engines seem to be.
+class FullRoot : public BenchRoot {
 public:
-    BenchRoot() : m_pthRoot(fs::temp_directory_path() / "hopcast-bench-XXXXXX")
+    FullRoot()
     {
-        std::string sRoot = m_pthRoot.string();
-        if (!mkdtemp(sRoot.data()))
-            std::abort();
-        m_pthRoot = sRoot;
-        for (const char* sName : {"bin_win", "RUN", "areadata"})
-            fs::create_directory(m_pthRoot / sName);
         for (const char* sName : {"voacapw.exe", "rec533w.exe"})
-            if (std::FILE* pFile = std::fopen((m_pthRoot / "bin_win" / sName).c_str(), "w"))
-                std::fclose(pFile);
-        setenv("HOPCAST_ITSHFBC", sRoot.c_str(), 1);
+            std::ofstream(PathGet("bin_win") / sName);
     }
-    ~BenchRoot()
-    {
-        std::error_code ec;
-        fs::remove_all(m_pthRoot, ec);
-    }
-    BenchRoot(const BenchRoot&) = delete;
-    BenchRoot& operator=(const BenchRoot&) = delete;
-    [[nodiscard]] fs::path PathGet(const char* sName) const { return m_pthRoot / sName; }
-
-private:
-    fs::path m_pthRoot;
 };
 
 PropagationInput InputMake(int iModel)
@@ -113,7 +93,7 @@ void ReaderBench(benchmark::State& state, int iModel, const std::string& sOutput
 
 void GridBench(benchmark::State& state, int iModel, const std::string& sGrid, const char* sName)
 {
-    const BenchRoot root;
+    const FullRoot root;
     fs::copy_file(sGrid, root.PathGet("areadata") / sName);
     for (auto _ : state) {
         AreaFile file;
@@ -143,7 +123,7 @@ void GridBench(benchmark::State& state, int iModel, const std::string& sGrid, co
 void RunBench(benchmark::State& state, int iModel, const std::string& sOutput)
 {
     constexpr int kNoProcess = 999999999;
-    const BenchRoot root;
+    const FullRoot root;
     const PropagationInput input = InputMake(iModel);
     const auto fnBefore = ProcessSetHandler([&](const ProcessCommand&) -> Result<int> {
         state.PauseTiming();

@@ -41,7 +41,8 @@ function(hopcast_form NAME STEM)
 endfunction()
 
 # hopcast_test(NAME LABEL unit SOURCES ... LINK ...): a GoogleTest program; every test a CTest test
-# with the label; TEST_DATA is the data folder beside the sources. GUI adds the Qt main.
+# with the label; TEST_DATA is the data folder beside the sources. GUI adds the Qt main. Cross-built for
+# Windows the whole program is one CTest test, run under Wine, with the label wine.
 function(hopcast_test NAME)
     cmake_parse_arguments(ARG "GUI" "LABEL;TIMEOUT" "SOURCES;LINK" ${ARGN})
     if(NOT ARG_TIMEOUT)
@@ -58,6 +59,18 @@ function(hopcast_test NAME)
         target_link_libraries(${NAME} PRIVATE hopcast_test_support ${ARG_LINK})
     endif()
     set_target_properties(${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests/bin)
+    if(CMAKE_CROSSCOMPILING)
+        target_compile_options(${NAME} PRIVATE -O0)   # a test is compiled more often than it runs long
+        hopcast_wine_test(${NAME})
+        return()
+    endif()
     gtest_discover_tests(${NAME} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT}
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C;ASAN_OPTIONS=detect_leaks=0")
+endfunction()
+
+# hopcast_wine_test(NAME): the test program NAME as one CTest test in the throw-away Wine prefix of this build.
+function(hopcast_wine_test NAME)
+    add_test(NAME ${NAME} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/prefix.sh run ${PROJECT_BINARY_DIR}/wine
+        $<TARGET_FILE:${NAME}>)
+    set_tests_properties(${NAME} PROPERTIES LABELS wine TIMEOUT 300 FIXTURES_REQUIRED wine_prefix)
 endfunction()

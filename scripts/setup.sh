@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what Hopcast needs on Debian 12 or 13:  scripts/setup.sh [run|test|bench|package|windows]
+# Installs what Hopcast needs on Debian 12 or 13:
+#   scripts/setup.sh [run|test|bench|coverage|package|windows]
 #
 # Quiet and offline when all is there. Says plainly what it could not get and what that costs, and
 # goes on; the exit status is 1 only when the build cannot work without it.
@@ -7,9 +8,9 @@ set -euo pipefail
 
 purpose=${1:-run}
 case $purpose in
-run | test | bench | package | windows) ;;
+run | test | bench | coverage | package | windows) ;;
 *)
-    echo "usage: scripts/setup.sh [run|test|bench|package|windows]" >&2
+    echo "usage: scripts/setup.sh [run|test|bench|coverage|package|windows]" >&2
     exit 2
     ;;
 esac
@@ -130,9 +131,12 @@ LossGet() {
     qt6-base-dev) echo "the window program is left out" ;;
     voacapl*) echo "VOACAP will be \"not found.\"" ;;
     xvfb | xdotool | imagemagick) echo "no tests of the window on an X display" ;;
-    g++-mingw* | zip) echo "no build for Windows" ;;
+    g++-mingw* | googletest | zip) echo "no build for Windows" ;;
+    wine | wine64) echo "no tests of the Windows programs" ;;
     clang | libclang-rt-dev) echo "no fuzzing" ;;
     libbenchmark-dev) echo "no benchmarks" ;;
+    gcovr) echo "no count of the lines that the tests run" ;;
+    patch) echo "no check of the rules to break" ;;
     dpkg-dev | file) echo "no package" ;;
     lintian | appstream | desktop-file-utils | man-db) echo "the Debian package is not checked" ;;
     *) echo "Hopcast cannot be built" ;;
@@ -143,10 +147,11 @@ Main() {
     local needed=(g++ cmake ninja-build qt6-base-dev)
     local voacapl=(voacapl voacapl-data)
     case $purpose in
-    test)
-        needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick)
-        # Only CI builds for Windows, fuzzes and installs the package.
-        [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 clang libclang-rt-dev
+    test | coverage)
+        needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick patch)
+        [ "$purpose" = test ] || needed+=(gcovr)
+        # Only CI builds for Windows, tests that under Wine, fuzzes and installs the package.
+        [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 googletest wine wine64 clang libclang-rt-dev
             dpkg-dev file lintian appstream desktop-file-utils man-db)
         ;;
     bench)

@@ -54,7 +54,7 @@ def fof2(path):
 def antenna(path):
     lines = path.read_text(encoding="ascii").splitlines()
     gain = float(lines[2].split()[0])
-    if not lines[3].split()[0] == "11":
+    if lines[3].split()[0] != "11":
         raise SystemExit(f"{path}: not a table of 91 gains")
     table = [float(x) for line in lines[5:] for x in line.split()]
     if len(table) != 91:

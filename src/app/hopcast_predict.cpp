@@ -1,6 +1,5 @@
 /// hopcast-predict: predictions on the command line, by the same services as the windows.
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 

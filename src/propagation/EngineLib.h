@@ -46,6 +46,10 @@ bool EngineCheckInstalled(int iModel, bool bShowError);
 /// Printable UTF-8 of at most 200 bytes.
 [[nodiscard]] std::string EngineSaidGet();
 
+/// What can be told of the latest run's failure beside its message: what this machine lacks to run
+/// the model's program, else what the engine said. For the status line; often empty.
+[[nodiscard]] std::string EngineTroubleGet(int iModel);
+
 /// Seconds that one attempt may take; tests shorten it. @return the limit before.
 double EngineLimitSet(double dSeconds);
 inline constexpr double kEngineLimit = 5.0;

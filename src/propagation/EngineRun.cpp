@@ -63,6 +63,14 @@ void SaidKeep()
 
 std::string EngineSaidGet() { return SaidGet(); }
 
+std::string EngineTroubleGet(int iModel)
+{
+    const Engine* pEngine = EngineFind(iModel);
+    const std::string sLack =
+        pEngine != nullptr ? ProgramLackGet(EngineProgramPath(iModel)) : std::string();
+    return sLack.empty() ? EngineSaidGet() : std::string(pEngine->sProgram) + " is " + sLack;
+}
+
 double EngineLimitSet(double dSeconds) { return std::exchange(LimitGet(), dSeconds); }
 
 AttemptTimer::AttemptTimer()

@@ -66,7 +66,8 @@ public:
     void Integer(const char* sSection, const char* sKey, int& iValue) const
     {
         const auto res = NumberFromTextLenient(Get(sSection, sKey));
-        if (res && std::abs(res.ValueGet()) <= std::numeric_limits<int>::max())
+        if (res && res.ValueGet() >= std::numeric_limits<int>::min()
+            && res.ValueGet() <= std::numeric_limits<int>::max())
             iValue = RoundHalfEven(res.ValueGet());
     }
 

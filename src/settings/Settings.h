@@ -16,6 +16,9 @@ inline constexpr int kFrequencyMax = 15;
 /// Engines as stored in Settings::m_iPropagationModel. Any other value selects none.
 enum EngineModel { kEngineIcepac = 1, kEngineVoacap = 2, kEngineRec533 = 3 };
 
+/// What the hours of the table are labelled in.
+enum TimeCode { kTimeZulu = 0, kTimeLocal = 1 };
+
 /// The selected cell of the prediction table; -1 means none.
 struct SelectedCell {
     int iFrequency = 1;  ///< row: index into the frequency list, from 1
@@ -57,7 +60,7 @@ public:
     float m_fPropagationTakeoffAngle = 3.0F;             ///< degrees, least takeoff angle
     double m_dRcLat = 24.0;                              ///< receiver
     double m_dRcLon = -110.0;
-    int m_iTimeCode = 0;     ///< hour labels: 0 Zulu, 1 local
+    int m_iTimeCode = 0;     ///< TimeCode
     double m_dTxLat = 38.0;  ///< transmitter
     double m_dTxLon = -122.0;
 

@@ -11,7 +11,9 @@
 /// Held while it lives; released by its destructor, and by the system when the program dies.
 class FileLock {
 public:
-    /// Waits at most dSeconds for the lock on sPath (made when missing).
+    /// Waits at most dSeconds for the lock on sPath (made when missing). Who waits is before who
+    /// comes: the one that is next holds sPath.next meanwhile, so that a program that takes the
+    /// lock again and again keeps no other out.
     /// @return the lock; "Permission denied" when another holds it to the end of the wait or the
     ///         file cannot be made for want of rights; another description when it cannot be made
     ///         at all.
@@ -23,6 +25,8 @@ public:
 
 private:
     struct Handle;
+    /// The lock of one file, whoever gets it first; otherwise as Take.
+    static Result<FileLock> FileTake(const std::string& sPath, double dSeconds);
     explicit FileLock(std::unique_ptr<Handle> pHandle);
     std::unique_ptr<Handle> m_pHandle;
 };

@@ -61,7 +61,7 @@ struct FileLock::Handle {
     }
 };
 
-Result<FileLock> FileLock::Take(const std::string& sPath, double dSeconds)
+Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
 {
     constexpr double kSecondsMax = 1e6;
     constexpr std::chrono::milliseconds kStep(2);

@@ -18,7 +18,7 @@ struct FileLock::Handle {
     ~Handle() { CloseHandle(hFile); }  // the file goes with its last handle
 };
 
-Result<FileLock> FileLock::Take(const std::string& sPath, double dSeconds)
+Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
 {
     constexpr double kSecondsMax = 1e6;
     constexpr DWORD kStep = 2;  // ms

@@ -2,7 +2,7 @@
 /// External programs: hidden start by command line, and waiting with a time limit.
 ///
 /// Units:   seconds.
-/// Tests:   tests/system/ProcessLibPosixTest.cpp
+/// Tests:   tests/system/ProcessLibPosixTest.cpp, ProcessLibWin32Test.cpp
 #pragma once
 
 #include <functional>
@@ -20,8 +20,9 @@ struct ProcessCommand {
 
 /// Starts a program with a hidden window, the null device as standard input, and a process group of
 /// its own. A program file that starts with "MZ" is started through wine outside Windows and gets
-/// the Windows paths; any other gets the words with their paths mapped to the host (PathToHost). A
-/// program named without a folder is sought on the search path.
+/// the Windows paths, with WINEDEBUG at -all unless the user set it (a word about the missing
+/// 32-bit half would pass for the program's own); any other gets the words with their paths mapped
+/// to the host (PathToHost). A program named without a folder is sought on the search path.
 /// @return the process id (0: started without one); "File not found" when there is no such program,
 ///         "Permission denied" when it may not be run, "Invalid procedure call or argument" when it
 ///         is no program, "Path not found" when the working folder is missing.
@@ -29,11 +30,16 @@ struct ProcessCommand {
 
 /// Waits for a process started here. An id that cannot be opened (outside Windows: that is no child
 /// of this program) counts as finished and is true at once: a very short run may already be gone.
-/// At the limit the process is killed and the result is false. Outside Windows it is killed with
-/// all of its group, asked first (SIGTERM) and given 0.2 s to clean up; members of its group that a
-/// process leaves behind when it ends by itself are killed, too.
+/// At the limit the process is killed with all of its family (its process group, on Windows its
+/// job), outside Windows asked first (SIGTERM) and given 0.2 s to clean up; the result is false.
+/// What a process leaves behind of its family when it ends by itself is killed, too.
 /// @return true when the process ended by itself with exit code 0.
 [[nodiscard]] bool ProcessWait(int nProcessId, double dSeconds);
+
+/// What this machine lacks to run a program file (Windows or host path), in words for the user;
+/// empty when nothing is known to lack. Outside Windows that is Wine's 32-bit half: without it a
+/// 32-bit program ends at once, with exit code 0 and without a word.
+[[nodiscard]] std::string ProgramLackGet(const std::string& sProgram);
 
 /// The seam for tests: replaces ProcessStart's work; an empty function restores it.
 using ProcessStartFn = std::function<Result<int>(const ProcessCommand&)>;

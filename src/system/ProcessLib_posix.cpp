@@ -8,8 +8,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -87,12 +89,71 @@ std::string ProgramFind(const std::string& sWord)
     return fs::absolute(sProgram, ec).native();
 }
 
+/// nCount bytes at a place in a file; fewer when it ends before.
+std::string BytesAt(const FileHandle& file, off_t nPlace, std::size_t nCount)
+{
+    std::string sBytes(nCount, '\0');
+    const ssize_t nRead =
+        file.Get() >= 0 ? pread(file.Get(), sBytes.data(), sBytes.size(), nPlace) : 0;
+    sBytes.resize(nRead > 0 ? static_cast<std::size_t>(nRead) : 0);
+    return sBytes;
+}
+
+FileHandle ProgramOpen(const std::string& sProgram)
+{
+    return FileHandle(open(sProgram.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+}
+
 bool IsWindowsProgram(const std::string& sProgram)
 {
-    const FileHandle file(open(sProgram.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    char acMagic[2] = {};
-    return file.Get() >= 0 && read(file.Get(), acMagic, sizeof acMagic) == 2 && acMagic[0] == 'M'
-           && acMagic[1] == 'Z';
+    return BytesAt(ProgramOpen(sProgram), 0, 2) == "MZ";
+}
+
+/// True for a Windows program of 32 bits: byte 0x3C tells where the header "PE" stands, behind
+/// which the processor is named.
+bool IsWindowsProgram32(const std::string& sProgram)
+{
+    constexpr std::size_t kHeaderPlace = 0x3C;
+    constexpr std::string_view kHeader386("PE\0\0\x4C\x01", 6);
+    const FileHandle file = ProgramOpen(sProgram);
+    const std::string sStart = BytesAt(file, 0, kHeaderPlace + 4);
+    if (sStart.size() < kHeaderPlace + 4 || sStart.substr(0, 2) != "MZ")
+        return false;
+    std::uint32_t nHeader = 0;
+    for (std::size_t i = 4; i-- > 0;)
+        nHeader = (nHeader << 8U) + static_cast<unsigned char>(sStart[kHeaderPlace + i]);
+    return BytesAt(file, nHeader, kHeader386.size()) == kHeader386;
+}
+
+/// True when the Wine prefix is made for 64 bits and holds no library for 32. (The time stamp is
+/// written when the prefix is complete.)
+bool WineLacks32()
+{
+    const std::string sPrefix = WinePrefixGet();
+    const std::string sWindows = HostPathBelow(sPrefix + "/drive_c", "/windows");
+    std::error_code ec;
+    return fs::exists(sPrefix + "/.update-timestamp", ec)
+           && fs::is_directory(sWindows + "/syswow64", ec)
+           && !fs::exists(sWindows + "/syswow64/ntdll.dll", ec);
+}
+
+/// The environment of a started program.
+std::vector<std::string> EnvironmentMake(bool bWine)
+{
+    std::vector<std::string> asEnvironment;
+    for (char** pWord = environ; *pWord != nullptr; ++pWord) asEnvironment.emplace_back(*pWord);
+    if (bWine && EnvironmentGet("WINEDEBUG").empty())
+        asEnvironment.emplace_back("WINEDEBUG=-all");
+    return asEnvironment;
+}
+
+std::vector<char*> PointersMake(std::vector<std::string>& asWords)
+{
+    std::vector<char*> apWords;
+    apWords.reserve(asWords.size() + 1);
+    for (std::string& sWord : asWords) apWords.push_back(sWord.data());
+    apWords.push_back(nullptr);
+    return apWords;
 }
 
 /// The fixed root and what lies below it, as Windows programs find it; other paths are theirs
@@ -103,8 +164,14 @@ std::string WordToWindows(const std::string& sWord)
     return PathIsEngineRoot(sWord) && !bOwnRoot ? PathToWindows(PathToHost(sWord)) : sWord;
 }
 
+/// What the system starts.
+struct HostCommand {
+    std::vector<std::string> asWords;
+    bool bWine = false;
+};
+
 /// The words that the system starts: through wine for a Windows program.
-Result<std::vector<std::string>> HostWordsMake(const ProcessCommand& command)
+Result<HostCommand> HostCommandMake(const ProcessCommand& command)
 {
     const std::string sProgram = ProgramFind(command.asWords.front());
     struct stat info {};
@@ -112,8 +179,9 @@ Result<std::vector<std::string>> HostWordsMake(const ProcessCommand& command)
         return StartErrorMake(sProgram.empty() ? ENOENT : errno);
     if (!S_ISREG(info.st_mode))
         return RunError{kPermissionDenied};
-    std::vector<std::string> asWords;
-    if (IsWindowsProgram(sProgram)) {
+    HostCommand host{{}, IsWindowsProgram(sProgram)};
+    std::vector<std::string>& asWords = host.asWords;
+    if (host.bWine) {
         asWords.push_back(ProgramSearch("wine", EnvironmentGet("PATH")));
         if (asWords.front().empty())
             return RunError{std::string(kFileNotFound) + " (wine, which runs Windows programs)"};
@@ -126,10 +194,10 @@ Result<std::vector<std::string>> HostWordsMake(const ProcessCommand& command)
                        [](const std::string& sWord) { return PathToHost(sWord); });
         asWords.front() = sProgram;
     }
-    return asWords;
+    return host;
 }
 
-int Spawn(std::vector<std::string>& asWords, const std::string& sFolder, int nOutput, pid_t& nId)
+int Spawn(HostCommand& host, const std::string& sFolder, int nOutput, pid_t& nId)
 {
     SpawnSettings settings;
     sigset_t setNone;
@@ -148,12 +216,11 @@ int Spawn(std::vector<std::string>& asWords, const std::string& sFolder, int nOu
     if (!sFolder.empty())
         posix_spawn_file_actions_addchdir_np(&settings.m_actions, sFolder.c_str());
     posix_spawn_file_actions_addclosefrom_np(&settings.m_actions, STDERR_FILENO + 1);
-    std::vector<char*> asArguments;
-    asArguments.reserve(asWords.size() + 1);
-    for (std::string& sWord : asWords) asArguments.push_back(sWord.data());
-    asArguments.push_back(nullptr);
-    return posix_spawn(&nId, asArguments[0], &settings.m_actions, &settings.m_attributes,
-                       asArguments.data(), environ);
+    std::vector<std::string> asEnvironment = EnvironmentMake(host.bWine);
+    const std::vector<char*> apArguments = PointersMake(host.asWords);
+    const std::vector<char*> apEnvironment = PointersMake(asEnvironment);
+    return posix_spawn(&nId, apArguments[0], &settings.m_actions, &settings.m_attributes,
+                       apArguments.data(), apEnvironment.data());
 }
 
 /// Signals the process and what is left of its group. REQUIRES: the process is not reaped yet, so
@@ -194,9 +261,9 @@ bool ChildAwait(pid_t nId, Clock::time_point timeEnd)
 
 Result<int> HostProcessStart(const ProcessCommand& command)
 {
-    auto resWords = HostWordsMake(command);
-    if (!resWords)
-        return resWords.ErrorGet();
+    auto resHost = HostCommandMake(command);
+    if (!resHost)
+        return resHost.ErrorGet();
     const std::string sFolder = PathToHost(command.sWorkFolder);
     std::error_code ec;
     if (!sFolder.empty() && !fs::is_directory(sFolder, ec))
@@ -212,9 +279,17 @@ Result<int> HostProcessStart(const ProcessCommand& command)
     if (sigaction(SIGCHLD, nullptr, &action) == 0 && action.sa_handler == SIG_IGN)
         signal(SIGCHLD, SIG_DFL);
     pid_t nId = 0;
-    if (const int nErrno = Spawn(resWords.ValueGet(), sFolder, output.Get(), nId))
+    if (const int nErrno = Spawn(resHost.ValueGet(), sFolder, output.Get(), nId))
         return StartErrorMake(nErrno);
     return nId;
+}
+
+std::string ProgramLackGet(const std::string& sProgram)
+{
+    if (!IsWindowsProgram32(ProgramFind(sProgram)) || !WineLacks32())
+        return {};
+    return "a 32-bit program, and Wine's 32-bit half is missing: install the package wine32:i386, "
+           "then run wineboot -u";
 }
 
 bool ProcessWait(int nProcessId, double dSeconds)

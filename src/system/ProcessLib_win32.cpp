@@ -1,8 +1,10 @@
 #include <windows.h>
 
+#include <array>
 #include <cmath>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "system/HostPath.h"
 #include "system/PathLib.h"
@@ -13,12 +15,57 @@ namespace {
 
 constexpr DWORD kProcessAllAccess = 0x1F0FFF;
 
-/// The handles of processes not yet waited for: as long as one is open, the process id keeps its
-/// meaning and the exit code can be asked for, however short the run was.
-std::map<DWORD, HANDLE>& StartedGet()
+/// A started process with all that it starts itself.
+struct Family {
+    HANDLE hProcess = nullptr;  // while it is open, the process id keeps its meaning and the exit
+                                // code can be asked for, however short the run was
+    HANDLE hJob = nullptr;      // its last handle takes the family along, also when Hopcast dies
+};
+
+/// The families not yet waited for.
+std::map<DWORD, Family>& StartedGet()
 {
-    static std::map<DWORD, HANDLE> mapStarted;
+    static std::map<DWORD, Family> mapStarted;
     return mapStarted;
+}
+
+HANDLE JobMake()
+{
+    const HANDLE hJob = CreateJobObjectW(nullptr, nullptr);
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    if (hJob != nullptr)
+        SetInformationJobObject(hJob, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    return hJob;
+}
+
+bool JobIsEmpty(HANDLE hJob)
+{
+    JOBOBJECT_BASIC_ACCOUNTING_INFORMATION info{};
+    return !QueryInformationJobObject(hJob, JobObjectBasicAccountingInformation, &info, sizeof info,
+                                      nullptr)
+           || info.ActiveProcesses == 0;
+}
+
+/// Kills what is left of a family and waits until it is gone: it ends a moment after the call, and
+/// holds its files open until then.
+void FamilyEnd(const Family& family, HANDLE hProcess)
+{
+    constexpr DWORD kEndMax = 2000;  // ms
+    const ULONGLONG nStart = GetTickCount64();
+    if (family.hJob != nullptr)
+        TerminateJobObject(family.hJob, 0);
+    WaitForSingleObject(hProcess, kEndMax);
+    while (family.hJob != nullptr && !JobIsEmpty(family.hJob)
+           && GetTickCount64() - nStart < kEndMax)
+        Sleep(1);
+}
+
+void FamilyClose(const Family& family)
+{
+    CloseHandle(family.hProcess);
+    if (family.hJob != nullptr)
+        CloseHandle(family.hJob);
 }
 
 /// One word as the C run-time library of the started program will read it back.
@@ -58,17 +105,68 @@ HANDLE InheritedOpen(const std::wstring& sFile, DWORD nAccess, DWORD nDispositio
                        nDisposition, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
+/// The start of a program that is hidden and inherits nothing but its input and output.
+class Startup {
+public:
+    Startup(HANDLE hInput, HANDLE hOutput) : m_ahInherited{hInput, hOutput}
+    {
+        SIZE_T nSize = 0;
+        InitializeProcThreadAttributeList(nullptr, 1, 0, &nSize);
+        m_aBytes.resize(nSize);
+        const auto pList = reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(m_aBytes.data());
+        if (InitializeProcThreadAttributeList(pList, 1, 0, &nSize)) {
+            m_startup.lpAttributeList = pList;
+            UpdateProcThreadAttribute(pList, 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST,
+                                      m_ahInherited.data(), sizeof m_ahInherited, nullptr, nullptr);
+        }
+        m_startup.StartupInfo.cb = sizeof m_startup;
+        m_startup.StartupInfo.dwFlags = STARTF_USESHOWWINDOW | STARTF_USESTDHANDLES;
+        m_startup.StartupInfo.wShowWindow = SW_HIDE;
+        m_startup.StartupInfo.hStdInput = hInput;
+        m_startup.StartupInfo.hStdOutput = hOutput;
+        m_startup.StartupInfo.hStdError = hOutput;
+    }
+    ~Startup()
+    {
+        if (m_startup.lpAttributeList != nullptr)
+            DeleteProcThreadAttributeList(m_startup.lpAttributeList);
+    }
+    Startup(const Startup&) = delete;
+    Startup& operator=(const Startup&) = delete;
+    [[nodiscard]] STARTUPINFOW* Get() { return &m_startup.StartupInfo; }
+
+private:
+    std::array<HANDLE, 2> m_ahInherited;
+    std::vector<char> m_aBytes;
+    STARTUPINFOEXW m_startup{};
+};
+
 RunError StartErrorMake(DWORD nCode)
 {
     switch (nCode) {
         case ERROR_FILE_NOT_FOUND:
         case ERROR_PATH_NOT_FOUND:
             return {kFileNotFound};
+        case ERROR_DIRECTORY:
+            return {kPathNotFound};  // of the working folder
         case ERROR_ACCESS_DENIED:
             return {kPermissionDenied};
         default:
             return {kInvalidCall};
     }
+}
+
+/// Puts a suspended process into a job of its own before it can start others, and lets it run.
+void FamilyAdd(const PROCESS_INFORMATION& process)
+{
+    Family& family = StartedGet()[process.dwProcessId];
+    if (family.hProcess != nullptr)
+        FamilyClose(family);
+    family = {process.hProcess, JobMake()};
+    if (family.hJob != nullptr)
+        AssignProcessToJobObject(family.hJob, process.hProcess);
+    ResumeThread(process.hThread);
+    CloseHandle(process.hThread);
 }
 
 }  // namespace
@@ -86,49 +184,46 @@ Result<int> HostProcessStart(const ProcessCommand& command)
         return RunError{GetLastError() == ERROR_ACCESS_DENIED ? kPermissionDenied
                                                               : kPathFileAccessError};
     const HANDLE hInput = InheritedOpen(L"NUL", GENERIC_READ, OPEN_EXISTING);
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESHOWWINDOW | STARTF_USESTDHANDLES;
-    startup.wShowWindow = SW_HIDE;
-    startup.hStdInput = hInput;
-    startup.hStdOutput = hOutput;
-    startup.hStdError = hOutput;
+    Startup startup(hInput, hOutput);
     PROCESS_INFORMATION process{};
-    const BOOL bStarted = CreateProcessW(
-        nullptr, sLine.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW | CREATE_NEW_PROCESS_GROUP,
-        nullptr, sFolder.empty() ? nullptr : sFolder.c_str(), &startup, &process);
+    const BOOL bStarted = CreateProcessW(nullptr, sLine.data(), nullptr, nullptr, TRUE,
+                                         CREATE_NO_WINDOW | CREATE_NEW_PROCESS_GROUP
+                                             | CREATE_SUSPENDED | EXTENDED_STARTUPINFO_PRESENT,
+                                         nullptr, sFolder.empty() ? nullptr : sFolder.c_str(),
+                                         startup.Get(), &process);
     const DWORD nCode = GetLastError();
     CloseHandle(hInput);
     CloseHandle(hOutput);
     if (!bStarted)
         return StartErrorMake(nCode);
-    CloseHandle(process.hThread);
-    if (const auto itOld = StartedGet().find(process.dwProcessId); itOld != StartedGet().end())
-        CloseHandle(itOld->second);
-    StartedGet()[process.dwProcessId] = process.hProcess;
+    FamilyAdd(process);
     return static_cast<int>(process.dwProcessId);
 }
+
+std::string ProgramLackGet(const std::string&) { return {}; }
 
 bool ProcessWait(int nProcessId, double dSeconds)
 {
     constexpr double kMillisecondsMax = 4e9;  // below INFINITE
     const auto nId = static_cast<DWORD>(nProcessId);
     const HANDLE hProcess = OpenProcess(kProcessAllAccess, FALSE, nId);
-    if (const auto itStarted = StartedGet().find(nId); itStarted != StartedGet().end()) {
-        CloseHandle(itStarted->second);
-        StartedGet().erase(itStarted);
-    }
-    if (hProcess == nullptr)
-        return true;  // taken to have finished
-    const double dMilliseconds =
-        dSeconds > 0.0 ? std::fmin(dSeconds * 1000.0, kMillisecondsMax) : 0.0;
-    bool bOk = false;
-    if (WaitForSingleObject(hProcess, static_cast<DWORD>(dMilliseconds)) == WAIT_TIMEOUT) {
-        TerminateProcess(hProcess, 0);
-    } else {
+    const auto nodeStarted = StartedGet().extract(nId);
+    const Family family = nodeStarted ? nodeStarted.mapped() : Family{};
+    bool bOk = true;  // what cannot be opened is taken to have finished
+    if (hProcess != nullptr) {
+        const double dMilliseconds =
+            dSeconds > 0.0 ? std::fmin(dSeconds * 1000.0, kMillisecondsMax) : 0.0;
         DWORD nExitCode = 1;
-        bOk = GetExitCodeProcess(hProcess, &nExitCode) && nExitCode == 0;
+        if (WaitForSingleObject(hProcess, static_cast<DWORD>(dMilliseconds)) == WAIT_TIMEOUT) {
+            TerminateProcess(hProcess, 0);
+            bOk = false;
+        } else {
+            bOk = GetExitCodeProcess(hProcess, &nExitCode) && nExitCode == 0;
+        }
+        FamilyEnd(family, hProcess);
+        CloseHandle(hProcess);
     }
-    CloseHandle(hProcess);
+    if (nodeStarted)
+        FamilyClose(family);
     return bOk;
 }

@@ -3,7 +3,7 @@
 /// subkeys, notify: access mask 25), RegQueryValueExA, RegCloseKey; elsewhere the same key read
 /// from the Wine prefix's user.reg.
 ///
-/// Tests:   tests/system/RegistryLibPosixTest.cpp
+/// Tests:   tests/system/RegistryLibPosixTest.cpp; on Windows tests/airmail/AirMailFoldersTest.cpp
 #pragma once
 
 #include <optional>
@@ -12,7 +12,8 @@
 
 struct RegistryString {
     std::string sValue;  ///< UTF-8, without the terminating NUL
-    int nBytes = 0;  ///< size as the registry tells it: Windows-1252 bytes with the terminating NUL
+    int nBytes = 0;      ///< size as the registry tells it: bytes of the system's alphabet
+                         ///< (Windows-1252 outside Windows) with the terminating NUL
 };
 
 /// @param sKey        below HKEY_CURRENT_USER, backslashes between components.

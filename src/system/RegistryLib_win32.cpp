@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "system/HostPath.h"
 #include "system/RegistryLib.h"
-#include "system/TextLib.h"
 
 std::optional<RegistryString> RegistryStringGet(std::string_view sKey, std::string_view sName,
                                                 int nMaxBytes)
@@ -13,20 +13,19 @@ std::optional<RegistryString> RegistryStringGet(std::string_view sKey, std::stri
     constexpr REGSAM kAccess = KEY_QUERY_VALUE | KEY_ENUMERATE_SUB_KEYS | KEY_NOTIFY;
     static_assert(kAccess == 25);
     HKEY hKey = nullptr;
-    if (RegOpenKeyExA(HKEY_CURRENT_USER, Windows1252FromUtf8(sKey).c_str(), 0, kAccess, &hKey)
+    if (RegOpenKeyExA(HKEY_CURRENT_USER, AnsiFromUtf8(sKey).c_str(), 0, kAccess, &hKey)
         != ERROR_SUCCESS)
         return std::nullopt;
     std::string sBuffer(static_cast<std::size_t>(std::max(nMaxBytes, 0)), '\0');
     auto nBytes = static_cast<DWORD>(sBuffer.size());
     DWORD nType = REG_NONE;
     // A null buffer would ask for the size alone and succeed; std::string's never is.
-    const LSTATUS nStatus =
-        RegQueryValueExA(hKey, Windows1252FromUtf8(sName).c_str(), nullptr, &nType,
-                         reinterpret_cast<BYTE*>(sBuffer.data()), &nBytes);
+    const LSTATUS nStatus = RegQueryValueExA(hKey, AnsiFromUtf8(sName).c_str(), nullptr, &nType,
+                                             reinterpret_cast<BYTE*>(sBuffer.data()), &nBytes);
     RegCloseKey(hKey);
     if (nStatus != ERROR_SUCCESS || (nType != REG_SZ && nType != REG_EXPAND_SZ))
         return std::nullopt;
     const std::string_view sBytes = std::string_view(sBuffer).substr(0, nBytes);
-    return RegistryString{Utf8FromWindows1252(sBytes.substr(0, sBytes.find('\0'))),
+    return RegistryString{Utf8FromAnsi(sBytes.substr(0, sBytes.find('\0'))),
                           static_cast<int>(nBytes)};
 }

@@ -1,5 +1,6 @@
 #include "system/TextLib.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -43,6 +44,12 @@ char32_t Utf8Next(std::string_view sText, std::size_t& nAt)
             return kReplacement;
         }
         nCode = (nCode << 6) | (nByte & 0x3F);
+    }
+    // A longer form than the character needs: it would carry a line end past every check for one.
+    constexpr std::array<char32_t, 4> kLeast{0, 0x80, 0x800, 0x10000};
+    if (nCode < kLeast[static_cast<std::size_t>(nMore)]) {
+        ++nAt;
+        return kReplacement;
     }
     nAt += static_cast<std::size_t>(nMore) + 1;
     return nCode;
@@ -129,4 +136,25 @@ std::string_view TextColumns(std::string_view sText, int nStart, int nWidth)
     if (nWidth <= 0 || nFrom >= sText.size())
         return {};
     return sText.substr(nFrom, static_cast<std::size_t>(nWidth));
+}
+
+std::vector<std::string_view> TextLines(std::string_view sText)
+{
+    std::vector<std::string_view> asLines;
+    while (!sText.empty()) {
+        const std::size_t nEnd = std::min(sText.find('\n'), sText.size());
+        std::string_view sLine = sText.substr(0, nEnd);
+        sText.remove_prefix(std::min(nEnd + 1, sText.size()));
+        if (sLine.ends_with('\r'))
+            sLine.remove_suffix(1);
+        asLines.push_back(sLine);
+    }
+    return asLines;
+}
+
+std::string TextPrintable(std::string_view sText)
+{
+    std::string sPrintable(sText);
+    for (char& chr : sPrintable) chr = (chr >= '\0' && chr < ' ') || chr == '\x7f' ? ' ' : chr;
+    return sPrintable;
 }

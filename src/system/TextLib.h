@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// U+00B0 in UTF-8.
 inline constexpr std::string_view kDegreeSign = "\xC2\xB0";
@@ -26,3 +27,7 @@ void Utf8Append(std::string& sText, char32_t nCode);
 [[nodiscard]] bool TextEqualNoCase(std::string_view sA, std::string_view sB);
 /// Columns nStart (from 1), nWidth long; shorter or empty where the text ends before.
 [[nodiscard]] std::string_view TextColumns(std::string_view sText, int nStart, int nWidth);
+/// The lines of a text, as parts of it, without their ends (LF or CR LF); empty ones stay.
+[[nodiscard]] std::vector<std::string_view> TextLines(std::string_view sText);
+/// With blanks for control characters, so that it stays one line on every terminal.
+[[nodiscard]] std::string TextPrintable(std::string_view sText);

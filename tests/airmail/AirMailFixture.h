@@ -1,5 +1,5 @@
 /// @file AirMailFixture.h
-/// A Wine prefix of the test's own, with the Airmail folders at their defaults.
+/// A drive C of the test's own, with the Airmail folders at their defaults.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,6 +7,7 @@
 #include <string>
 
 #include "airmail/AirMailLib.h"
+#include "support/DriveC.h"
 #include "support/MsgRecorder.h"
 #include "support/TempFolder.h"
 
@@ -18,7 +19,7 @@ protected:
     /// Writes a file of drive C.
     std::string DriveWrite(const std::string& sName, const std::string& sBytes) const
     {
-        return m_folder.Write("drive_c/" + sName, sBytes);
+        return m_drive.Write(sName, sBytes);
     }
     /// Writes a file of the default Airmail folder.
     std::string AirMailWrite(const std::string& sName, const std::string& sBytes) const
@@ -29,11 +30,11 @@ protected:
     /// Host path of a name in the default Airmail folder.
     std::string AirMailPath(const std::string& sName) const
     {
-        return m_folder.Path("drive_c/Program Files/AirMail/" + sName);
+        return m_drive.Path("Program Files/AirMail/" + sName);
     }
 
+    DriveC m_drive;
     TempFolder m_folder;
-    EnvironmentSet m_prefix{"WINEPREFIX", m_folder.Path()};
 };
 
 /// The hint that ends every message while the data folder is the default.

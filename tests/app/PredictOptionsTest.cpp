@@ -141,39 +141,15 @@ TEST(PredictOptions, WithoutWordsAreTheDefaults)
 
 TEST(PredictOptions, SetEveryMemberTheyName)
 {
-    const auto res = PredictOptionsGet(Words{"--tx",
-                                             "51.5,-0.13",
-                                             "--rc=-33.87,151.21",
-                                             "--model",
-                                             "VoaCap",
-                                             "--month",
-                                             "3",
-                                             "--ssn",
-                                             "100.5",
-                                             "--frequencies",
-                                             "1850, 3600,10125",
-                                             "--noise",
-                                             "-163",
-                                             "--takeoff",
-                                             "0.1",
-                                             "--reliability",
-                                             "90",
-                                             "--multipath-power",
-                                             "3",
-                                             "--multipath-delay",
-                                             "0.85",
-                                             "--q-index",
-                                             "4.5",
-                                             "--antenna",
-                                             "2",
-                                             "--coefficients",
-                                             "ccir",
-                                             "--layers",
-                                             "0.8,1.2,1.1,0.5",
-                                             "--format",
-                                             "json",
-                                             "--output",
-                                             "x.json"});
+    // clang-format off
+    const auto res = PredictOptionsGet(Words{
+        "--tx", "51.5,-0.13", "--rc=-33.87,151.21", "--model", "VoaCap", "--month", "3",
+        "--ssn", "100.5", "--frequencies", "1850, 3600,10125", "--noise", "-163",
+        "--takeoff", "0.1", "--reliability", "90", "--multipath-power", "3",
+        "--multipath-delay", "0.85", "--q-index", "4.5", "--antenna", "2",
+        "--coefficients", "ccir", "--layers", "0.8,1.2,1.1,0.5", "--format", "json",
+        "--output", "x.json"});
+    // clang-format on
     ASSERT_TRUE(res) << res.TextGet();
     const Settings& settings = res.ValueGet().settings;
     EXPECT_EQ(settings.m_dTxLat, 51.5);
@@ -275,30 +251,13 @@ INSTANTIATE_TEST_SUITE_P(All, PredictPlaceBad,
 TEST(PredictHelp, NamesEveryOption)
 {
     const std::string sHelp = PredictHelpGet();
-    for (const char* sOption : {"--profile",
-                                "--tx",
-                                "--rc",
-                                "--model",
-                                "--month",
-                                "--ssn",
-                                "--frequencies",
-                                "--noise",
-                                "--takeoff",
-                                "--reliability",
-                                "--multipath-power",
-                                "--multipath-delay",
-                                "--q-index",
-                                "--antenna",
-                                "--coefficients",
-                                "--layers",
-                                "--format",
-                                "--output",
-                                "--area",
-                                "--hour",
-                                "--frequency",
-                                "--grid",
-                                "--help",
-                                "--version"})
+    // clang-format off
+    for (const char* sOption :
+         {"--profile", "--tx", "--rc", "--model", "--month", "--ssn", "--frequencies", "--noise",
+          "--takeoff", "--reliability", "--multipath-power", "--multipath-delay", "--q-index",
+          "--antenna", "--coefficients", "--layers", "--format", "--output", "--area", "--hour",
+          "--frequency", "--grid", "--help", "--version"})
+        // clang-format on
         EXPECT_NE(sHelp.find(sOption), std::string::npos) << sOption;
 }
 

@@ -36,6 +36,12 @@ TEST(CircuitTable, GivesInputsAndComputedColumns)
     EXPECT_EQ(std::count(sOut.begin(), sOut.end(), '\n'), 3);
 }
 
+TEST(CircuitTable, TakesTheMarkThatSpreadsheetsPutBeforeUtf8)
+{
+    EXPECT_TRUE(
+        CircuitTableMake("\xEF\xBB\xBF" + (kHead + RowOf("2.58")), Behaviour::Best, MapSet::Ccir));
+}
+
 TEST(CircuitTable, NamesLineAndColumnOfRubbish)
 {
     EXPECT_EQ(CircuitTableMake(kHead + RowOf("2.58") + RowOf("x"), Behaviour::Best, MapSet::Ccir)

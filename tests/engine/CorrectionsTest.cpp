@@ -6,8 +6,8 @@
 #include <cmath>
 #include <memory>
 
+#include "engine/ReferenceData.h"
 #include "engine/rec533/AuroralLoss.h"
-#include "engine/rec533/Prediction.h"
 
 namespace {
 
@@ -233,16 +233,6 @@ TEST(Corrections, DayIsWhereTheSunStands)
     const Place tblPole = PlaceFromDegrees(85.0, 20.0);
     EXPECT_TRUE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 6, 50.0), 24, tblPole));
     EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 12, 50.0), 12, tblPole));
-}
-
-Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon)
-{
-    Circuit tbl;
-    tbl.dTxLat = dTxLat;
-    tbl.dTxLon = dTxLon;
-    tbl.dRxLat = dRxLat;
-    tbl.dRxLon = dRxLon;
-    return tbl;
 }
 
 TEST(Corrections, OperationalMufKnowsThePower)

@@ -2,24 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/DeckSample.h"
 #include "engine/run533/Decks.h"
-#include "support/TempFolder.h"
 
 namespace {
 
 using namespace run533;  // NOLINT(google-build-using-namespace)
-
-std::string DeckOf(const std::string& sName)
-{
-    return BytesRead(std::string(TEST_DATA) + "/decks/" + sName);
-}
-
-std::string Replaced(std::string sText, const std::string& sOld, const std::string& sNew)
-{
-    const std::size_t nAt = sText.find(sOld);
-    EXPECT_NE(nAt, std::string::npos) << sOld;
-    return sText.replace(nAt, sOld.size(), sNew);
-}
 
 std::string WithoutLine(const std::string& sText, const std::string& sStart)
 {
@@ -126,6 +114,12 @@ TEST(PointDeck, WhatIsWrongIsToldByCardAndColumn)
         ASSERT_FALSE(res) << c.sError;
         EXPECT_EQ(res.TextGet(), c.sError);
     }
+}
+
+TEST(PointDeck, AnErrorIsOneLineWhateverTheDeckHolds)
+{
+    EXPECT_EQ(PointDeckRead("FREQ\r\x1b[31m 14.1\r\n").TextGet(),
+              "\"FREQ  [31m\", columns 1-10: not a card of this deck");
 }
 
 TEST(PointDeck, ACutDeckIsRefusedWhereverItIsCut)

@@ -5,8 +5,8 @@
 #include <cmath>
 #include <memory>
 
+#include "engine/ReferenceData.h"
 #include "engine/rec533/AuroralLoss.h"
-#include "engine/rec533/Prediction.h"
 
 namespace {
 
@@ -143,7 +143,7 @@ TEST(Absorption, PlaceTablesFollowExactAngles)
     // The fast arc tangents and the polynomial against the plain functions, through one crossing.
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Corrected, MapSet::Ccir, 9, 60.0);
-    const AbsorptionHour tblHour = AbsorptionHourGet(*pIono, 12);
+    const AbsorptionHour tblHour{pIono.get(), FoeHourGet(*pIono, 12)};
     const GreatCircle tblPath =
         GreatCircleMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
     const double dElevation = ElevationGet(tblPath.dKm / 2.0, 300.0);
@@ -265,10 +265,7 @@ TEST(Antenna, GainsCountAtTheRaysElevation)
         tblTx.aGain[i] = static_cast<double>(i) / 5.0 - 8.0;
         tblRx.aGain[i] = 6.0 - static_cast<double>(i) / 3.0;
     }
-    Circuit tblCircuit;
-    tblCircuit.dTxLat = 50.0;
-    tblCircuit.dRxLat = 40.0;
-    tblCircuit.dRxLon = 12.0;
+    Circuit tblCircuit = CircuitOf(50.0, 0.0, 40.0, 12.0);
     const auto pPath = std::make_unique<Path>();
     const auto pHour = std::make_unique<Hour>();
     PathFill(*pPath, *pIono, tblCircuit);

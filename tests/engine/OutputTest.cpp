@@ -6,12 +6,12 @@
 #include <cmath>
 #include <sstream>
 
+#include "engine/DeckSample.h"
 #include "engine/ReferenceData.h"
 #include "engine/run533/AntennaFile.h"
 #include "engine/run533/FieldText.h"
 #include "engine/run533/Luf.h"
 #include "engine/run533/Run.h"
-#include "support/TempFolder.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
 
@@ -19,18 +19,6 @@ namespace {
 
 using namespace run533;  // NOLINT(google-build-using-namespace)
 using rec533::Behaviour;
-
-std::string DeckOf(const std::string& sName)
-{
-    return BytesRead(std::string(TEST_DATA) + "/decks/" + sName);
-}
-
-std::string Replaced(std::string sText, const std::string& sOld, const std::string& sNew)
-{
-    const std::size_t nAt = sText.find(sOld);
-    EXPECT_NE(nAt, std::string::npos) << sOld;
-    return sText.replace(nAt, sOld.size(), sNew);
-}
 
 std::vector<std::string> LinesOf(const std::string& sText)
 {
@@ -113,26 +101,24 @@ TEST(PointOutput, HasTheRealProgramsLinesInItsColumns)
 TEST(PointOutput, HoursComeFrom24AndEveryFieldIsANumber)
 {
     for (int nDeck = 1; nDeck <= 13; ++nDeck) {
-        const std::string sDeck =
-            "p2p_" + std::string(nDeck < 10 ? "0" : "") + std::to_string(nDeck) + ".dat";
-        const auto aLines = LinesOf(PageOf(DeckOf(sDeck)));
+        const auto aLines = LinesOf(PageOf(PointDeckOf(nDeck)));
         int nHour = 0;
         for (std::size_t i = 0; i < aLines.size(); ++i) {
             if (Cut(aLines[i], 60, 4) != "FREQ")
                 continue;
-            EXPECT_EQ(NumberOf(aLines[i], 1, 3), nHour == 0 ? 24 : nHour) << sDeck;
+            EXPECT_EQ(NumberOf(aLines[i], 1, 3), nHour == 0 ? 24 : nHour) << nDeck;
             const double dMuf = NumberOf(aLines[i], 5, 4);
             EXPECT_GE(dMuf, 2.0);
             EXPECT_GE(NumberOf(aLines[i], 65, 4), 2.0) << aLines[i];
             EXPECT_LE(NumberOf(aLines[i], 65, 4), dMuf + 0.11) << aLines[i];
             const char* aLabels[]{"MODE", "ANGL", "DBU ", "dBpW", "S/N ", "FS/N", "SNxx"};
             for (std::size_t k = 0; k < 7; ++k) {
-                ASSERT_EQ(Cut(aLines[i + 1 + k], 60, 4), aLabels[k]) << sDeck;
+                ASSERT_EQ(Cut(aLines[i + 1 + k], 60, 4), aLabels[k]) << nDeck;
                 for (int j = 0; j < 10 && k >= 2; ++j) NumberOf(aLines[i + 1 + k], 9 + 5 * j, 5);
             }
             ++nHour;
         }
-        EXPECT_EQ(nHour, 24) << sDeck;
+        EXPECT_EQ(nHour, 24) << nDeck;
     }
 }
 
@@ -415,6 +401,12 @@ TEST(AreaOutput, WithoutAntennasTheTransmitterIsOneKilowattIsotropic)
     EXPECT_EQ(Cut(aLines[1], 1, 31), "Transmitter [Isotropic] 1kW 0de");
 }
 
+TEST(AreaOutput, PowersBelowAKilowattAreTitledInWatts)
+{
+    const auto aLines = LinesOf(GridOf(Replaced(DeckOf("area_01.rec"), "  5.0000", "  0.0041")));
+    EXPECT_EQ(Cut(aLines[1], 1, 34), "Transmitter [SWWhip.VOA] 4.1W 0deg");
+}
+
 TEST(AreaOutput, AgreesWithThePointToPointRun)
 {
     // Row 6, column 9 of area_02 is 45 N 8 E; the page's S/N at 3.6 MHz, 06 UT, must be the same.
@@ -451,6 +443,28 @@ TEST(AntennaFile, DefaultsAreBuiltInAndFilesGoBeforeThem)
     EXPECT_EQ(resFile.ValueGet().tblAntenna.aGain[90], 0.5);
 }
 
+// A slipped digit made powers infinite, and every value of the page the end of its field.
+TEST(AntennaFile, AGainBeyondAllSenseIsRefusedAndTheGreatestTaken)
+{
+    const auto fnFile = [](const std::string& sGain) {
+        std::string sFile = "x\n3\n0.0\n11\n0\n";
+        for (int i = 0; i < 91; ++i) sFile += sGain + "\n";
+        return sFile;
+    };
+    for (const char* sGain : {"666666666", "999.1", "-999.1", "1" /* and 308 zeros */}) {
+        std::string sLong = sGain;
+        if (sLong == "1")
+            sLong += std::string(308, '0');
+        EXPECT_EQ(AntennaRead(fnFile(sLong)).TextGet(),
+                  "antenna file line 6 holds a gain beyond 999 dB");
+    }
+    for (const char* sGain : {"999", "-999"}) {
+        const auto res = AntennaRead(fnFile(sGain));
+        ASSERT_TRUE(res) << res.TextGet();
+        EXPECT_EQ(std::abs(res.ValueGet().tblAntenna.aGain[90]), 999.0);
+    }
+}
+
 TEST(AntennaFile, WhatCannotBeUsedIsTold)
 {
     EXPECT_EQ(AntennaLoad("/nowhere", "DEFAULT\\OTHER.VOA").TextGet(),
@@ -463,7 +477,12 @@ TEST(AntennaFile, WhatCannotBeUsedIsTold)
               "antenna file with less than 91 gains");
     EXPECT_EQ(AntennaRead("x\n3\n1.0\n11\n0\n 1.0 abc\n").TextGet(),
               "antenna file line 6 is not made of numbers");
-    EXPECT_EQ(AntennaRead("").TextGet(), "no antenna file");
+    EXPECT_EQ(AntennaRead("").TextGet(), "no gain and type in lines 3 and 4 of the antenna file");
+    TempFolder tmp;
+    tmp.Write("antennas/default/yagi.voa", "x\n3\n1.0\n13\n0\n");
+    const std::string sTold = AntennaLoad(tmp.Path(), "DEFAULT\\YAGI.VOA").TextGet();
+    EXPECT_TRUE(sTold.starts_with(tmp.Path())) << sTold;  // the rest each system spells its way
+    EXPECT_TRUE(sTold.ends_with(", antenna type 13 is not known, only 11 (91 gains)")) << sTold;
     const auto res = PointOutputMake(Replaced(DeckOf("p2p_01.dat"), "SWWHIP", "SWWHAP"), "/nowhere",
                                      Behaviour::Best);
     EXPECT_EQ(res.TextGet(),

@@ -1,37 +1,23 @@
 // The program files as Hopcast starts them.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
+#include <algorithm>
 #include <filesystem>
-#include <fstream>
 
+#include "engine/DeckSample.h"
 #include "support/Faults.h"
-#include "support/TempFolder.h"
+#include "support/ProgramRun.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string DeckOf(const std::string& sName)
+// sBefore: what the shell does first.
+ProgramResult EngineRun(const std::string& sProgram, const std::string& sArguments,
+                        const std::string& sBefore = {})
 {
-    return BytesRead(std::string(TEST_DATA) + "/decks/" + sName);
-}
-
-struct Ended {
-    int nStatus = -1;
-    std::string sError;
-};
-
-Ended ProgramRun(const TempFolder& tmp, const std::string& sProgram, const std::string& sArguments,
-                 const std::string& sBefore = {})
-{
-    const std::string sErrorFile = tmp.Path("stderr.txt");
-    const std::string sCommand =
-        sBefore + "'" + TEST_BIN + "/" + sProgram + "' " + sArguments + " 2>'" + sErrorFile + "'";
-    const int nStatus = std::system(sCommand.c_str());
-    return {WIFEXITED(nStatus) ? WEXITSTATUS(nStatus) : -1, BytesRead(sErrorFile)};
+    return ProgramRun({"sh", "-c", sBefore + "'" TEST_BIN "/" + sProgram + "' " + sArguments});
 }
 
 std::size_t FilesBelow(const std::string& sFolder)
@@ -46,11 +32,10 @@ TEST(Rec533Program, RunsEveryPointToPointDeck)
 {
     TempFolder tmp;
     for (int n = 1; n <= 13; ++n) {
-        tmp.Write("RUN/sound.dat",
-                  DeckOf("p2p_" + std::string(n < 10 ? "0" : "") + std::to_string(n) + ".dat"));
+        tmp.Write("RUN/sound.dat", PointDeckOf(n));
         fs::remove(tmp.Path("RUN/sound.out"));
-        const Ended tbl =
-            ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out");
+        const ProgramResult tbl =
+            EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out");
         EXPECT_EQ(tbl.nStatus, 0) << n;
         EXPECT_EQ(tbl.sError, "");
         EXPECT_NE(BytesRead(tmp.Path("RUN/sound.out")).find("\n End-of-Run\n"), std::string::npos)
@@ -65,8 +50,8 @@ TEST(Rec533Program, RunsEveryAreaDeck)
     for (int n = 1; n <= 5; ++n) {
         tmp.Write("areadata/working.rec", DeckOf("area_0" + std::to_string(n) + ".rec"));
         fs::remove(tmp.Path("areadata/working.rg1"));
-        const Ended tbl =
-            ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' AREA CALC working.rec");
+        const ProgramResult tbl =
+            EngineRun("rec533w.exe", "'" + tmp.Path() + "' AREA CALC working.rec");
         EXPECT_EQ(tbl.nStatus, 0) << tbl.sError;
         const std::string sGrid = BytesRead(tmp.Path("areadata/working.rg1"));
         const std::ptrdiff_t nPoints = n == 2 || n == 4 ? 121 : 1600;
@@ -79,8 +64,7 @@ TEST(Rec533Program, FindsTheFolderInSmallLetters)
 {
     TempFolder tmp;
     tmp.Write("run/sound.dat", DeckOf("p2p_01.dat"));
-    EXPECT_EQ(ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out").nStatus,
-              0);
+    EXPECT_EQ(EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out").nStatus, 0);
     EXPECT_TRUE(fs::exists(tmp.Path("run/sound.out")));
 }
 
@@ -89,7 +73,7 @@ TEST(Rec533Program, ABadDeckIsOneLineStatus2AndNoOutput)
     TempFolder tmp;
     std::string sDeck = DeckOf("p2p_01.dat");
     tmp.Write("RUN/sound.dat", sDeck.replace(sDeck.find("170.0"), 5, "1x0.0"));
-    const Ended tbl = ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out");
+    const ProgramResult tbl = EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out");
     EXPECT_EQ(tbl.nStatus, 2);
     EXPECT_EQ(tbl.sError,
               "rec533w: sound.dat, SUNSPOT, columns 11-15: \"1x0.0\" is not a number\n");
@@ -108,13 +92,14 @@ constexpr Slot kPointSlot{"RUN/sound.dat", "RUN/sound.out", " sound.dat sound.ou
 constexpr Slot kAreaSlot{"areadata/working.rec", "areadata/working.rg1", " AREA CALC working.rec",
                          "area_02.rec"};
 
-Ended SlotRun(const TempFolder& tmp, const Slot& c, const std::string& sBefore = {})
+ProgramResult SlotRun(const TempFolder& tmp, const Slot& c, const std::string& sBefore = {})
 {
-    return ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "'" + c.sArguments, sBefore);
+    return EngineRun("rec533w.exe", "'" + tmp.Path() + "'" + c.sArguments, sBefore);
 }
 
 // One line, status 2, nothing written.
-void ExpectRefused(const TempFolder& tmp, const Slot& c, const Ended& tbl, const std::string& sWhy)
+void ExpectRefused(const TempFolder& tmp, const Slot& c, const ProgramResult& tbl,
+                   const std::string& sWhy)
 {
     EXPECT_EQ(tbl.nStatus, 2) << sWhy;
     EXPECT_EQ(std::count(tbl.sError.begin(), tbl.sError.end(), '\n'), 1) << tbl.sError;
@@ -159,7 +144,7 @@ TEST(Rec533Program, AFolderThatIsReadOnlyIsToldWithTheReason)
     for (const Slot* pSlot : {&kPointSlot, &kAreaSlot}) {
         TempFolder tmp;
         const fs::path pthDeck = tmp.Write(pSlot->sDeckFile, DeckOf(pSlot->sDeck));
-        fs::permissions(tmp.Path(), fs::perms::all);  // the error's file is written there
+        fs::permissions(tmp.Path(), fs::perms::all);  // for the user nobody
         fs::permissions(pthDeck.parent_path(), fs::perms::owner_read | fs::perms::owner_exec
                                                    | fs::perms::others_read
                                                    | fs::perms::others_exec);
@@ -179,10 +164,21 @@ TEST(Rec533Program, AGridThatMeetsAFullDiskLeavesNoRest)
                   std::string(kAreaSlot.sOutput) + ", Disk full");
 }
 
+TEST(Rec533Program, ADeckThatIsNamedAsTheOutputTooIsKept)
+{
+    TempFolder tmp;
+    const std::string sPoint = tmp.Write("RUN/sound.dat", DeckOf(kPointSlot.sDeck));
+    const std::string sArea = tmp.Write("areadata/working.rg1", DeckOf(kAreaSlot.sDeck));
+    for (const char* pszArguments : {"sound.dat sound.dat", "AREA CALC working.rg1"})
+        EXPECT_EQ(EngineRun("rec533w.exe", "'" + tmp.Path() + "' " + pszArguments).nStatus, 2);
+    EXPECT_EQ(BytesRead(sPoint), DeckOf(kPointSlot.sDeck));
+    EXPECT_EQ(BytesRead(sArea), DeckOf(kAreaSlot.sDeck));
+}
+
 TEST(Rec533Program, AMissingAreaDeckIsToldWithTheReason)
 {
     TempFolder tmp;
-    const Ended tbl = SlotRun(tmp, kAreaSlot);
+    const ProgramResult tbl = SlotRun(tmp, kAreaSlot);
     EXPECT_EQ(tbl.nStatus, 2);
     EXPECT_EQ(std::count(tbl.sError.begin(), tbl.sError.end(), '\n'), 1) << tbl.sError;
     EXPECT_NE(tbl.sError.find("not found"), std::string::npos) << tbl.sError;
@@ -191,16 +187,16 @@ TEST(Rec533Program, AMissingAreaDeckIsToldWithTheReason)
 TEST(Rec533Program, AMissingDeckOrFolderIsToldWithTheReason)
 {
     TempFolder tmp;
-    const Ended tblFolder =
-        ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path("none") + "' sound.dat sound.out");
+    const ProgramResult tblFolder =
+        EngineRun("rec533w.exe", "'" + tmp.Path("none") + "' sound.dat sound.out");
     EXPECT_EQ(tblFolder.nStatus, 2);
     EXPECT_NE(tblFolder.sError.find("not found"), std::string::npos) << tblFolder.sError;
     tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
-    const Ended tblOutput =
-        ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat no/such.out");
+    const ProgramResult tblOutput =
+        EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat no/such.out");
     EXPECT_EQ(tblOutput.nStatus, 2);
     EXPECT_NE(tblOutput.sError.find("not found"), std::string::npos) << tblOutput.sError;
-    const Ended tblUsage = ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "'");
+    const ProgramResult tblUsage = EngineRun("rec533w.exe", "'" + tmp.Path() + "'");
     EXPECT_EQ(tblUsage.nStatus, 2);
     EXPECT_EQ(tblUsage.sError, "rec533w: usage: ROOT DECK OUTPUT, or ROOT AREA CALC DECK\n");
 }
@@ -210,14 +206,13 @@ TEST(Rec533Program, AFolderThatTakesNoFileIsToldWithTheReason)
     TempFolder tmp;
     tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
     // The kernel's own tree takes no file, not even from the superuser.
-    const Ended tbl =
-        ProgramRun(tmp, "rec533w.exe",
-                   "'" + tmp.Path() + "' sound.dat ../../../../../../../../proc/sound.out");
+    const ProgramResult tbl = EngineRun(
+        "rec533w.exe", "'" + tmp.Path() + "' sound.dat ../../../../../../../../proc/sound.out");
     EXPECT_EQ(tbl.nStatus, 2);
     EXPECT_EQ(std::count(tbl.sError.begin(), tbl.sError.end(), '\n'), 1);
     fs::create_directory(tmp.Path("RUN/folder.out"));
-    const Ended tblFolder =
-        ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat folder.out");
+    const ProgramResult tblFolder =
+        EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat folder.out");
     EXPECT_EQ(tblFolder.nStatus, 2);
     EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 1u);  // the temporary file is gone
 }
@@ -228,8 +223,8 @@ TEST(Rec533Program, AFullDiskKeepsTheOldOutputAndLeavesNoRest)
     tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
     tmp.Write("RUN/sound.out", "old");
     // A limit on the size of files stands for the disk; the standard error is short enough.
-    const Ended tbl = ProgramRun(tmp, "rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out",
-                                 "trap '' XFSZ; ulimit -f 4; ");
+    const ProgramResult tbl = EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out",
+                                        "trap '' XFSZ; ulimit -f 4; ");
     EXPECT_EQ(tbl.nStatus, 2);
     EXPECT_NE(tbl.sError.find("Disk full"), std::string::npos) << tbl.sError;
     EXPECT_EQ(BytesRead(tmp.Path("RUN/sound.out")), "old");
@@ -246,17 +241,15 @@ TEST(P533Program, ComputesTheReferenceTable)
     const std::string sOut = tmp.Path("out.csv");
     const std::string sFiles = " '" + sTable + "' '" + sOut + "'";
     for (const std::string sOption : {"--reference", "--behaviour reference"}) {
-        EXPECT_EQ(ProgramRun(tmp, "hopcast-p533", sOption + sFiles).nStatus, 0);
+        EXPECT_EQ(EngineRun("hopcast-p533", sOption + sFiles).nStatus, 0);
         EXPECT_NE(BytesRead(sOut).find(",7.771,,,7.771,-107.662,"), std::string::npos);
     }
-    EXPECT_EQ(
-        ProgramRun(tmp, "hopcast-p533", "--maps mean '" + sTable + "' '" + sOut + "'").nStatus, 0);
+    EXPECT_EQ(EngineRun("hopcast-p533", "--maps mean '" + sTable + "' '" + sOut + "'").nStatus, 0);
     EXPECT_NE(BytesRead(sOut).find(",7.758,,,7.758,"), std::string::npos);
-    EXPECT_EQ(ProgramRun(tmp, "hopcast-p533", "--maps none a b").nStatus, 2);
-    EXPECT_EQ(ProgramRun(tmp, "hopcast-p533", "one.csv").nStatus, 2);
-    EXPECT_EQ(
-        ProgramRun(tmp, "hopcast-p533", "'" + tmp.Path("none.csv") + "' '" + sOut + "'").nStatus,
-        1);
+    EXPECT_EQ(EngineRun("hopcast-p533", "--maps none a b").nStatus, 2);
+    EXPECT_EQ(EngineRun("hopcast-p533", "one.csv").nStatus, 2);
+    EXPECT_EQ(EngineRun("hopcast-p533", "'" + tmp.Path("none.csv") + "' '" + sOut + "'").nStatus,
+              1);
 }
 
 }  // namespace

@@ -62,11 +62,8 @@ void CircuitRun::Go(const std::string& sId, int nLabel)
         const auto fnNumber = [&](const char* sName) {
             return m_tblCircuits.NumberGet(nRow, sName);
         };
-        rec533::Circuit tbl;
-        tbl.dTxLat = fnNumber("tx_lat");
-        tbl.dTxLon = fnNumber("tx_lon");
-        tbl.dRxLat = fnNumber("rx_lat");
-        tbl.dRxLon = fnNumber("rx_lon");
+        rec533::Circuit tbl = CircuitOf(fnNumber("tx_lat"), fnNumber("tx_lon"), fnNumber("rx_lat"),
+                                        fnNumber("rx_lon"));
         tbl.bLongWay = m_tblCircuits.TextGet(nRow, "path") == "LONG";
         tbl.dPowerKw = fnNumber("pwr_w") / 1000.0;
         const std::array<std::string, 6> aNoise{"CITY",       "RESIDENTIAL", "RURAL",
@@ -98,4 +95,14 @@ std::string ModeName(const rec533::Mode* pMode)
 {
     return pMode == nullptr ? std::string()
                             : std::to_string(pMode->nHops) + (pMode->bE ? "E" : "F2");
+}
+
+rec533::Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon)
+{
+    rec533::Circuit tbl;
+    tbl.dTxLat = dTxLat;
+    tbl.dTxLon = dTxLon;
+    tbl.dRxLat = dRxLat;
+    tbl.dRxLon = dRxLon;
+    return tbl;
 }

@@ -48,3 +48,6 @@ private:
 
 /// "2F2", "1E", empty without a mode.
 [[nodiscard]] std::string ModeName(const rec533::Mode* pMode);
+
+/// A circuit between two places (degrees), all else as it is by default.
+[[nodiscard]] rec533::Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon);

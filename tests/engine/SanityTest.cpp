@@ -9,7 +9,7 @@
 #include <random>
 #include <vector>
 
-#include "engine/rec533/Prediction.h"
+#include "engine/ReferenceData.h"
 
 namespace {
 
@@ -30,16 +30,6 @@ struct Bench {
     }
 };
 
-Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon)
-{
-    Circuit tbl;
-    tbl.dTxLat = dTxLat;
-    tbl.dTxLon = dTxLon;
-    tbl.dRxLat = dRxLat;
-    tbl.dRxLon = dRxLon;
-    return tbl;
-}
-
 // The end of a great circle of dKm that leaves a place at a bearing (degrees).
 void EndGet(Circuit& tbl, double dBearing, double dKm)
 {
@@ -57,11 +47,10 @@ void EndGet(Circuit& tbl, double dBearing, double dKm)
 
 bool AllFinite(const Hour& tblHour, const Prediction& tbl)
 {
-    for (const double d :
-         {tblHour.dMuf, tblHour.dMuf10, tblHour.dMuf90, tblHour.dOperational,
-          tblHour.dOperational10, tblHour.dOperational90, tbl.dField, tbl.dPower, tbl.dElevation,
-          tbl.dNoise, tbl.tblSnr.dMedian, tbl.tblSnr.dUpper, tbl.tblSnr.dLower,
-          tbl.tblSnr.dExceeded, tbl.tblSnr.dReliability, tbl.tblAtmospheric.dFa})
+    for (const double d : {tblHour.dMuf, tblHour.dMuf10, tblHour.dMuf90, tblHour.dOperational,
+                           tblHour.dOperational10, tblHour.dOperational90, tbl.dField, tbl.dPower,
+                           tbl.dElevation, tbl.tblSnr.dMedian, tbl.tblSnr.dUpper, tbl.tblSnr.dLower,
+                           tbl.tblSnr.dExceeded, tbl.tblSnr.dReliability, tbl.tblAtmospheric.dFa})
         if (!std::isfinite(d))
             return false;
     return true;

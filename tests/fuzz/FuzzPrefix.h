@@ -1,6 +1,7 @@
 /// @file FuzzPrefix.h
-/// A throw-away Wine prefix for the readers under test, message boxes swallowed. It lies in the
-/// temporary folder (TMPDIR), best on a disk in memory: every input is written there as a file.
+/// A throw-away Wine prefix, an engine root in it, for the readers under test, message boxes
+/// swallowed. It lies in the temporary folder (TMPDIR), best on a disk in memory: every input is
+/// written there as a file.
 #pragma once
 
 #include <unistd.h>
@@ -14,21 +15,17 @@
 #include <string_view>
 
 #include "airmail/AirMailLib.h"
+#include "fuzz/FuzzCheck.h"
 #include "system/MsgLib.h"
 #include "system/TextLib.h"
-
-/// A promise of the readers that every input must keep; the fuzzer reports the input that does not.
-inline void Check(bool bKept)
-{
-    if (!bKept)
-        std::abort();
-}
 
 class FuzzPrefix {
 public:
     FuzzPrefix()
     {
         std::filesystem::create_directories(m_pthFolder / "drive_c/Program Files/AirMail");
+        std::filesystem::create_directories(m_pthFolder / "drive_c/itshfbc/areadata");
+        setenv("HOPCAST_ITSHFBC", (m_pthFolder / "drive_c/itshfbc").c_str(), 1);
         setenv("WINEPREFIX", m_pthFolder.c_str(), 1);
         MsgSetHandler([](MsgIcon, const std::string&) {});
         AirMailFoldersReset();
@@ -49,7 +46,8 @@ public:
         Check(std::fwrite(pBytes, 1, nBytes, pFile) == nBytes);
         Check(std::fclose(pFile) == 0);
     }
-    void Remove(const char* sName) const { Check(std::filesystem::remove(m_pthFolder / sName)); }
+    /// Full path of a file of the prefix.
+    [[nodiscard]] std::string Path(const char* sName) const { return m_pthFolder / sName; }
 
 private:
     std::filesystem::path m_pthFolder =

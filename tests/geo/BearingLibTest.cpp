@@ -33,6 +33,13 @@ INSTANTIATE_TEST_SUITE_P(Directions, BearingLib,
                                          BearingCase{"circuit", 38, -122, 24, -110, 140.40},
                                          BearingCase{"circuit_back", 24, -110, 38, -122, 326.65}));
 
+// A hair west of north: 360 itself would be printed as a direction that no compass has.
+TEST(BearingGet, ABearingThatRoundsTo360Is0)
+{
+    EXPECT_EQ(BearingGet(0, 0, 10, -1e-15), 0.0);
+    EXPECT_NEAR(BearingGet(0, 0, 10, -1e-6), 360.0, 1e-5);
+}
+
 TEST(BearingLibNan, NotANumberStaysOne)
 {
     EXPECT_TRUE(std::isnan(BearingGet(std::numeric_limits<double>::quiet_NaN(), 0, 1, 1)));

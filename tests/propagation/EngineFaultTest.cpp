@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
+#ifndef _WIN32
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 #include <chrono>
 #include <filesystem>
@@ -12,9 +14,11 @@
 #include "propagation/FakeEngine.h"
 #include "propagation/PropagationLib.h"
 #include "propagation/PropagationTable.h"
-#include "support/Faults.h"
 #include "support/MsgRecorder.h"
 #include "system/LockLib.h"
+#ifndef _WIN32
+#include "support/Faults.h"
+#endif
 
 namespace fs = std::filesystem;
 
@@ -112,6 +116,7 @@ TEST_P(EngineFault, ProgramIsAFolder)
     EXPECT_TRUE(TextOfFailure().starts_with("Propagation Model "));
 }
 
+#ifndef _WIN32
 TEST_P(EngineFault, ProgramNotExecutable)
 {
     Script("exit 0");
@@ -119,6 +124,8 @@ TEST_P(EngineFault, ProgramNotExecutable)
                     fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_EQ(TextOfFailure(), Stage("Shell Permission denied"));
 }
+
+#endif
 
 TEST_P(EngineFault, ProgramCannotBeStarted)
 {
@@ -157,6 +164,7 @@ TEST_P(EngineFault, NeverEnds)
     EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
 }
 
+#ifndef _WIN32  // the fake engine there starts none
 TEST_P(EngineFault, NeverEndsWithChildrenOfItsOwn)
 {
     const EngineLimit limit(0.4);
@@ -165,6 +173,8 @@ TEST_P(EngineFault, NeverEndsWithChildrenOfItsOwn)
         "trap '' TERM INT HUP\nwhile :; do sleep 100; done");
     EXPECT_EQ(TextOfFailure(), Stage("Shell do not finish."));
 }
+
+#endif
 
 TEST_P(EngineFault, WaitsForItsInput)
 {
@@ -258,6 +268,7 @@ TEST_P(EngineFault, BinaryRubbish)
     EXPECT_EQ(TextOfFailure(), InputStage("Type mismatch"));
 }
 
+#ifndef _WIN32  // the fake engine there makes none
 TEST_P(EngineFault, OutputOf100Megabytes)
 {
     const EngineLimit limit(20.0);  // slow disks: not the engine's time is the thing tested
@@ -279,6 +290,8 @@ TEST_P(EngineFault, OutputOf100MegabytesInOneLineAndAsMuchOnTheConsole)
     EXPECT_EQ(EngineSaidGet(), std::string(200, 'a'));
 }
 
+#endif
+
 TEST_P(EngineFault, OutputReplacedByAFolder)
 {
     Script("mkdir -p $out; exit 0");
@@ -287,6 +300,7 @@ TEST_P(EngineFault, OutputReplacedByAFolder)
     EXPECT_EQ(TextOfFailure(), InputStage("Path/File access error"));
 }
 
+#ifndef _WIN32  // permissions are set in the POSIX way
 TEST_P(EngineFault, OldOutputThatCannotBeDeletedNorEmptiedIsNotReadAsNew)
 {
     Script("exit 0");
@@ -307,6 +321,8 @@ TEST_P(EngineFault, OldOutputThatCannotBeDeletedNorEmptiedIsNotReadAsNew)
     fs::remove(m_root.Path("RUN/hopcast.txt"));
 }
 
+#endif
+
 // --- the deck ----------------------------------------------------------------------------------
 
 TEST_P(EngineFault, DeckFolderMissing)
@@ -318,6 +334,7 @@ TEST_P(EngineFault, DeckFolderMissing)
     fs::create_directory(m_root.Path("RUN"));
 }
 
+#ifndef _WIN32
 TEST_P(EngineFault, DeckFolderReadOnly)
 {
     Script("exit 0");
@@ -328,6 +345,8 @@ TEST_P(EngineFault, DeckFolderReadOnly)
     EXPECT_EQ(m_root.CallCount(), 0);
 }
 
+#endif
+
 TEST_P(EngineFault, DeckIsAFolder)
 {
     Script("exit 0");
@@ -335,6 +354,7 @@ TEST_P(EngineFault, DeckIsAFolder)
     EXPECT_EQ(TextOfFailure(), Stage("Open Path/File access error"));
 }
 
+#ifndef _WIN32
 TEST_P(EngineFault, DiskFull)
 {
     // A limit on the size of files stands for the full disk.
@@ -353,13 +373,15 @@ TEST_P(EngineFault, DiskFullForTheEngine)
     EXPECT_EQ(TextOfFailure(), InputStage("Type mismatch"));
 }
 
+#endif
+
 // --- the lock ----------------------------------------------------------------------------------
 
 TEST_P(EngineFault, RootHeldByAnotherFailsAtTheOpeningOfTheDeck)
 {
-    const EngineLimit limit(0.2);
     OutputOf(Output());
     {
+        const EngineLimit limit(0.2);
         const auto resLock = FileLock::Take(m_root.Path("hopcast.lock"), 0.0);
         ASSERT_TRUE(resLock);
         EXPECT_EQ(TextOfFailure(), Stage("Open Permission denied"));
@@ -369,6 +391,7 @@ TEST_P(EngineFault, RootHeldByAnotherFailsAtTheOpeningOfTheDeck)
     EXPECT_TRUE(PropagationRun(m_input, m_table));
 }
 
+#ifndef _WIN32  // they fork
 TEST_P(EngineFault, WaitForTheRootCountsWithinTheAttempt)
 {
     // Another program holds the root for most of the attempt's second; the engine then needs longer
@@ -444,5 +467,6 @@ TEST_P(EngineFault, TwoProgramsOnOneRootDoNotMixTheirFiles)
     EXPECT_EQ(nStatus, 0);
     EXPECT_EQ(m_root.CallCount(), 14);
 }
+#endif
 
 }  // namespace

@@ -1,5 +1,9 @@
 #include "propagation/FakeEngine.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,8 +19,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
+#ifndef _WIN32
 constexpr fs::perms kRunnable = fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec
                                 | fs::perms::others_read | fs::perms::others_exec;
+#endif
 constexpr std::chrono::seconds kGoneMax(2);
 
 }  // namespace
@@ -50,6 +56,11 @@ FakeRoot::~FakeRoot()
 
 void FakeRoot::Engine(std::string_view sProgram, const std::string& sScript) const
 {
+#ifdef _WIN32
+    const std::string sName = "bin_win/" + std::string(sProgram);
+    fs::copy_file(FAKE_ENGINE, Path(sName), fs::copy_options::overwrite_existing);
+    m_folder.Write(sName + ".script", sScript);
+#else
     const std::string sPath = m_folder.Write("bin_win/" + std::string(sProgram),
                                              "#!/bin/sh\n"
                                              "echo $$ >> pids\n"
@@ -61,6 +72,7 @@ void FakeRoot::Engine(std::string_view sProgram, const std::string& sScript) con
                                              "cp $deck deck.$n\n"
                                                  + sScript + "\n");
     fs::permissions(sPath, kRunnable);
+#endif
 }
 
 void FakeRoot::EngineCopying(std::string_view sProgram, const std::string& sCaptured) const
@@ -91,6 +103,17 @@ std::vector<std::string> FakeRoot::Names(std::string_view sFolder) const
     return asNames;
 }
 
+#ifdef _WIN32
+bool ProcessIsAlive(int nProcessId)
+{
+    const HANDLE hProcess = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(nProcessId));
+    if (hProcess == nullptr)
+        return false;
+    const bool bAlive = WaitForSingleObject(hProcess, 0) == WAIT_TIMEOUT;
+    CloseHandle(hProcess);
+    return bAlive;
+}
+#else
 bool ProcessIsAlive(int nProcessId)
 {
     std::ifstream stmStat("/proc/" + std::to_string(nProcessId) + "/stat");
@@ -100,3 +123,4 @@ bool ProcessIsAlive(int nProcessId)
     const std::size_t nName = sLine.rfind(')');
     return nName != std::string::npos && nName + 2 < sLine.size() && sLine[nName + 2] != 'Z';
 }
+#endif

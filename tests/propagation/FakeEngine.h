@@ -1,5 +1,6 @@
 /// @file FakeEngine.h
-/// A throw-away engine root with small shell scripts in the places of the engines.
+/// A throw-away engine root with small shell scripts in the places of the engines. On Windows a
+/// program reads them (FakeEngineProgram.cpp), and knows only what the tests there need.
 #pragma once
 
 #include <string>

@@ -270,10 +270,39 @@ TEST_P(EachEngine, FirstPrintableLineThatItSaysIsKept)
                   "echo\nprintf 'STOP \\001\\377no  map \\033[1m\\n' >&2\necho more");
     EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
     EXPECT_EQ(EngineSaidGet(), "STOP no  map [1m");
+    EXPECT_EQ(EngineTroubleGet(m_case.iModel), "STOP no  map [1m");
     m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
     EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
     EXPECT_EQ(EngineSaidGet(), "");
 }
+
+#ifndef _WIN32
+TEST_P(EachEngine, AFailureForWantOfWines32BitHalfNamesThePackage)
+{
+    // As Wine without that half runs it: status 0 and not a word.
+    const TempFolder folder;
+    const EnvironmentSet prefix("WINEPREFIX", folder.Path());
+    std::filesystem::create_directories(folder.Path("drive_c/windows/syswow64"));
+    folder.Write(".update-timestamp", "1");
+    std::filesystem::permissions(folder.Write("path/wine", "#!/bin/sh\nexit 0\n"),
+                                 std::filesystem::perms::owner_all);
+    const EnvironmentSet path("PATH", folder.Path("path"));
+    std::string sProgram("MZ");
+    sProgram.resize(0x3C);
+    sProgram.append("\x40\0\0\0PE\0\0\x4C\x01", 10);
+    TempFolder rootFolder;
+    const EnvironmentSet root("HOPCAST_ITSHFBC", rootFolder.Path());
+    rootFolder.Write("bin_win/" + std::string(m_case.sProgram), sProgram);
+    std::filesystem::create_directory(rootFolder.Path("RUN"));
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    ASSERT_EQ(m_msg.m_aShown.size(), 1U);
+    EXPECT_TRUE(m_msg.m_aShown[0].sText.ends_with(kFileNotFound)) << m_msg.m_aShown[0].sText;
+    EXPECT_EQ(EngineTroubleGet(m_case.iModel),
+              std::string(m_case.sProgram)
+                  + " is a 32-bit program, and Wine's 32-bit half is missing: install the package "
+                    "wine32:i386, then run wineboot -u");
+}
+#endif
 
 TEST(EngineCheckInstalled, AnUnknownModelHasNoNameAndIsNotInstalled)
 {

@@ -207,6 +207,15 @@ TEST_F(Profile, CountIsReadBeforeTheFrequencies)
     EXPECT_EQ(settings.FrequencyGet(4), 8000.0F);
 }
 
+TEST_F(Profile, ACountAboveTheListBecomesItsLengthWhateverWasInForce)
+{
+    Settings settings;
+    settings.m_nData = 3;
+    settings.m_sProfileFile = m_tmp.Write("profile.ini", "[Propagation Data]\nCount=99\n");
+    ProfileLoad(settings, {});
+    EXPECT_EQ(settings.m_nData, kFrequencyMax);
+}
+
 struct CountCase {
     const char* sText;
     int nExpected;

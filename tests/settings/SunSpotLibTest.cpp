@@ -2,8 +2,8 @@
 
 #include "airmail/AirMailFolders.h"
 #include "settings/SunSpotLib.h"
+#include "support/DriveC.h"
 #include "support/MsgRecorder.h"
-#include "support/TempFolder.h"
 
 namespace {
 
@@ -16,13 +16,11 @@ protected:
 
     Result<bool> Get(const std::string& sSsn)
     {
-        m_folder.Write("drive_c/Program Files/AirMail/Airmail.ini",
-                       "[Propagation]\r\nSSN=" + sSsn + "\r\n");
+        m_drive.Write("Program Files/AirMail/Airmail.ini", "[Propagation]\r\nSSN=" + sSsn + "\r\n");
         return SunSpotNumberGet(m_settings, m_fNumber);
     }
 
-    TempFolder m_folder;
-    EnvironmentSet m_prefix{"WINEPREFIX", m_folder.Path()};
+    DriveC m_drive;
     Settings m_settings;
     float m_fNumber = kUntouched;
 };

@@ -22,6 +22,15 @@ inline bool CiIsRunning()
     return pszCi != nullptr && std::string_view(pszCi) == "true";
 }
 
+/// The same for what the tests of the Windows programs need.
+#define NEED_WINE(bThere)                                                                \
+    if (!(bThere)) {                                                                     \
+        if (CiIsRunning())                                                               \
+            FAIL() << "wine or the Windows build is missing";                            \
+        GTEST_SKIP() << "wine or the Windows build (cmake --preset windows) is missing"; \
+    }                                                                                    \
+    static_assert(true)
+
 /// First statement of such a test (or of its SetUp).
 #define NEED_VOACAPL()                                                             \
     if (!VoacaplIsInstalled()) {                                                   \

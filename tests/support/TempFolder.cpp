@@ -9,6 +9,8 @@
 #include <random>
 #include <utility>
 
+#include "system/HostPath.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -16,7 +18,7 @@ namespace {
 void EnvironmentPut(const std::string& sName, const std::optional<std::string>& sValue)
 {
 #ifdef _WIN32
-    _putenv_s(sName.c_str(), sValue ? sValue->c_str() : "");
+    _wputenv_s(WideFromUtf8(sName).c_str(), WideFromUtf8(sValue.value_or("")).c_str());
 #else
     if (sValue)
         setenv(sName.c_str(), sValue->c_str(), 1);
@@ -34,29 +36,29 @@ TempFolder::TempFolder()
         fs::temp_directory_path()
         / ("hopcast-test-" + std::to_string(random()) + std::to_string(random()));
     fs::create_directories(pthFolder);
-    m_sFolder = pthFolder.string();
+    m_sFolder = TextFromPath(pthFolder);
 }
 
 TempFolder::~TempFolder()
 {
     std::error_code ec;
-    fs::remove_all(m_sFolder, ec);
+    fs::remove_all(PathFromText(m_sFolder), ec);
 }
 
 std::string TempFolder::Path(std::string_view sName) const
 {
     if (sName.empty())
         return m_sFolder;
-    const fs::path pthFile = fs::path(m_sFolder) / fs::path(sName);
+    const fs::path pthFile = PathFromText(m_sFolder) / PathFromText(sName);
     std::error_code ec;
     fs::create_directories(pthFile.parent_path(), ec);
-    return pthFile.string();
+    return TextFromPath(pthFile);
 }
 
 std::string TempFolder::Write(std::string_view sName, std::string_view sBytes) const
 {
     std::string sPath = Path(sName);
-    std::ofstream stmOut(sPath, std::ios::binary);
+    std::ofstream stmOut(PathFromText(sPath), std::ios::binary);
     stmOut.write(sBytes.data(), static_cast<std::streamsize>(sBytes.size()));
     EXPECT_TRUE(stmOut.good()) << sPath;
     return sPath;
@@ -64,7 +66,7 @@ std::string TempFolder::Write(std::string_view sName, std::string_view sBytes) c
 
 std::string BytesRead(const std::string& sPath)
 {
-    std::ifstream stmIn(sPath, std::ios::binary);
+    std::ifstream stmIn(PathFromText(sPath), std::ios::binary);
     EXPECT_TRUE(stmIn.is_open()) << sPath;
     return {std::istreambuf_iterator<char>(stmIn), {}};
 }

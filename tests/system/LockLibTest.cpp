@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <optional>
 #include <string>
@@ -71,6 +72,46 @@ TEST(FileLock, TheWaitEndsWithTheHolder)
     EXPECT_TRUE(static_cast<bool>(FileLock::Take(sFile, 5.0)));
     EXPECT_LT(SecondsSince(timeStart), 2.0);
     threadHolder.join();
+}
+
+/// Takes the lock again as soon as it has let go of it, until told to end.
+void LockTakeAgainAndAgain(const std::string& sFile, const std::atomic<bool>& bEnd)
+{
+    while (!bEnd) {
+        const auto resLock = FileLock::Take(sFile, 5.0);
+        EXPECT_TRUE(static_cast<bool>(resLock)) << resLock.TextGet();
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+}
+
+// One program that predicted again and again once kept another out for good.
+TEST(FileLock, WhoWaitsIsBeforeWhoComesAgain)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Path() + "/hopcast.lock";
+    std::atomic<bool> bEnd = false;
+    std::thread threadGreedy([&] { LockTakeAgainAndAgain(sFile, bEnd); });
+    while (!FileExists(sFile)) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    for (int i = 0; i < 5; ++i) EXPECT_TRUE(static_cast<bool>(FileLock::Take(sFile, 2.0))) << i;
+    bEnd = true;
+    threadGreedy.join();
+    EXPECT_FALSE(FileExists(sFile));
+    EXPECT_FALSE(FileExists(sFile + ".next"));
+}
+
+TEST(FileLock, WhoGivesUpLeavesNoPlaceInTheLine)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Path() + "/hopcast.lock";
+    {
+        const auto resLock = FileLock::Take(sFile, 0.0);
+        ASSERT_TRUE(static_cast<bool>(resLock));
+        EXPECT_FALSE(static_cast<bool>(FileLock::Take(sFile, 0.02)));
+        EXPECT_FALSE(FileExists(sFile + ".next"));
+    }
+    folder.Write("hopcast.lock.next", "");  // of a program that was killed while it waited
+    EXPECT_TRUE(static_cast<bool>(FileLock::Take(sFile, 0.0)));
+    EXPECT_FALSE(FileExists(sFile + ".next"));
 }
 
 TEST(FileLock, MovesWithItsHolder)

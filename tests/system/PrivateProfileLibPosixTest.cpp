@@ -67,6 +67,14 @@ TEST(PrivateProfilePosix, ALineEndInAValueMakesNoLine)
     EXPECT_EQ(BytesRead(sFile), "[Data]\r\nKey=a  [Other] b\r\n");
 }
 
+TEST(PrivateProfilePosix, ALineEndInALongerFormThanItNeedsMakesNoLine)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Path() + "/a.ini";
+    EXPECT_EQ(KeyWrite(sFile, "a\xC0\x8A[Other]"), 0);
+    EXPECT_EQ(BytesRead(sFile), "[Data]\r\nKey=a??[Other]\r\n");
+}
+
 TEST(PrivateProfilePosix, AReadOnlyFileIsLeftAloneEvenWhereItsFolderIsWritable)
 {
     const TempFolder folder;

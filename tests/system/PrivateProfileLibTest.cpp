@@ -72,13 +72,17 @@ TEST(PrivateProfileGet, SkipsComments)
 {
     EXPECT_EQ(Read("[Data]\r\n;Key=1\r\n  ; Key=2\r\nKey=3 ; kept\r\n"), "3 ; kept");
     EXPECT_EQ(Read(";[Data]\r\nKey=1\r\n"), "(default)");
+#ifndef _WIN32  // a key of that name is found there
     EXPECT_EQ(Read("[Data]\r\n;Key=1\r\n", ";Key"), "(default)");
+#endif
 }
 
 TEST(PrivateProfileGet, OnlyTheFirstEqualsSignDivides)
 {
     EXPECT_EQ(Read("[Data]\r\nKey=a=b\r\n"), "a=b");
+#ifndef _WIN32  // there the line without a value is the first match
     EXPECT_EQ(Read("[Data]\r\nKey\r\nKey=1\r\n"), "1");
+#endif
 }
 
 TEST(PrivateProfileGet, CutsTheValueToTheBuffer)
@@ -102,7 +106,9 @@ TEST(PrivateProfileGet, TakesEveryLineEndAndRubbish)
 {
     EXPECT_EQ(Read("[Data]\rKey=1\r"), "1");
     EXPECT_EQ(Read("[Data]\nKey=1\n"), "1");
+#ifndef _WIN32
     EXPECT_EQ(Read("[Data\r\nKey=1\r\n"), "1") << "an open bracket";
+#endif
     EXPECT_EQ(Read("[Data] behind\r\nKey=1\r\n"), "1");
     EXPECT_EQ(Read(std::string("\0\xFF[\r\n=\r\n]\r\n[Data]\r\n=\r\nKey=1\r\n", 29)), "1");
     EXPECT_EQ(Read("[]\r\nKey=1\r\n"), "(default)");
@@ -110,20 +116,28 @@ TEST(PrivateProfileGet, TakesEveryLineEndAndRubbish)
 
 TEST(PrivateProfileWrite, ReplacesTheValueAndNothingElse)
 {
+#ifndef _WIN32  // Wine drops empty lines, and ends the last line
     EXPECT_EQ(
         Write("; top\r\n\r\n[Other]\r\nKey=1\r\n\r\n[Data]\r\nA=1\r\nKey=old\r\nB=2\r\n[Last]\r\n"),
         "; top\r\n\r\n[Other]\r\nKey=1\r\n\r\n[Data]\r\nA=1\r\nKey=new\r\nB=2\r\n[Last]\r\n");
+    EXPECT_EQ(Write("[Data]\r\nKey=old"), "[Data]\r\nKey=new");
+#endif
+    EXPECT_EQ(Write("; top\r\n[Other]\r\nKey=1\r\n[Data]\r\nA=1\r\nKey=old\r\nB=2\r\n[Last]\r\n"),
+              "; top\r\n[Other]\r\nKey=1\r\n[Data]\r\nA=1\r\nKey=new\r\nB=2\r\n[Last]\r\n");
     EXPECT_EQ(Write("[Data]\r\nKey=1\r\nKey=2\r\n[Data]\r\nKey=3\r\n"),
               "[Data]\r\nKey=new\r\nKey=2\r\n[Data]\r\nKey=3\r\n");
     EXPECT_EQ(Write("[Data]\r\nKey=\r\nB=1\r\n"), "[Data]\r\nKey=new\r\nB=1\r\n");
-    EXPECT_EQ(Write("[Data]\r\nKey=old"), "[Data]\r\nKey=new");
     EXPECT_EQ(Write("[Data]\r\nKey=old\r\n", ""), "[Data]\r\nKey=\r\n");
 }
 
 TEST(PrivateProfileWrite, AddsTheKeyBehindItsSection)
 {
+#ifndef _WIN32  // the empty line
     EXPECT_EQ(Write("[Data]\r\nA=1\r\n\r\n[Other]\r\nB=1\r\n"),
               "[Data]\r\nA=1\r\nKey=new\r\n\r\n[Other]\r\nB=1\r\n");
+#endif
+    EXPECT_EQ(Write("[Data]\r\nA=1\r\n[Other]\r\nB=1\r\n"),
+              "[Data]\r\nA=1\r\nKey=new\r\n[Other]\r\nB=1\r\n");
     EXPECT_EQ(Write("[Data]"), "[Data]\r\nKey=new\r\n");
     EXPECT_EQ(Write("[Data]\r\n[Data]\r\nKey=3\r\n"), "[Data]\r\nKey=new\r\n[Data]\r\nKey=3\r\n");
 }

@@ -8,8 +8,11 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "support/Faults.h"
@@ -141,6 +144,63 @@ TEST_F(ProcessLibPosix, AWindowsProgramRunsThroughWine)
     EXPECT_TRUE(ProcessWait(resId.ValueGet(), 5.0));
     EXPECT_EQ(BytesRead(m_sOutput), "c:\\itshfbc\\bin_win\\icepacw.exe\nc:\\itshfbc\nsound.dat\n")
         << "the installed package gets its own names";
+}
+
+TEST_F(ProcessLibPosix, WineIsQuietUnlessTheUserWantsToHearIt)
+{
+    ScriptWrite("path/wine", "echo $WINEDEBUG");
+    const EnvironmentSet path("PATH", m_folder.Path() + "/path");
+    const std::string sProgram = m_folder.Write("icepacw.exe", "MZ");
+    const auto Heard = [&](std::optional<std::string> sUsers) {
+        const EnvironmentSet debug("WINEDEBUG", std::move(sUsers));
+        EXPECT_EQ(StartErrorGet(sProgram), "");
+        return BytesRead(m_sOutput);
+    };
+    EXPECT_EQ(Heard(std::nullopt), "-all\n");
+    EXPECT_EQ(Heard("+relay"), "+relay\n");
+}
+
+/// The start of a Windows program for a processor, its header at a place.
+std::string HeaderMake(std::string_view sProcessor, std::size_t nPlace = 0x80)
+{
+    std::string sBytes("MZ");
+    sBytes.resize(nPlace);
+    sBytes[0x3C] = static_cast<char>(nPlace & 0xFFU);
+    sBytes[0x3D] = static_cast<char>(nPlace >> 8U);
+    return sBytes.append("PE\0\0", 4).append(sProcessor).append(16, '\0');
+}
+
+TEST_F(ProcessLibPosix, A32BitProgramNeedsWines32BitHalf)
+{
+    constexpr std::string_view k386("\x4C\x01", 2);
+    constexpr std::string_view kAmd64("\x64\x86", 2);
+    const EnvironmentSet root("HOPCAST_ITSHFBC", m_folder.Path());
+    const EnvironmentSet prefix("WINEPREFIX", m_folder.Path() + "/wine");
+    const auto LackOf = [&](const std::string& sBytes) {
+        m_folder.Write("bin_win/icepacw.exe", sBytes);
+        return ProgramLackGet("c:\\itshfbc\\bin_win\\icepacw.exe");
+    };
+    EXPECT_EQ(LackOf(HeaderMake(k386)), "") << "nothing is known of a prefix not made yet";
+    fs::create_directories(m_folder.Path() + "/wine/drive_c/windows/syswow64");
+    EXPECT_EQ(LackOf(HeaderMake(k386)), "") << "nor of one that is not complete";
+    m_folder.Write("wine/.update-timestamp", "1");
+    constexpr const char* kLack =
+        "a 32-bit program, and Wine's 32-bit half is missing: install the package wine32:i386, "
+        "then "
+        "run wineboot -u";
+    EXPECT_EQ(LackOf(HeaderMake(k386)), kLack);
+    EXPECT_EQ(LackOf(HeaderMake(k386, 0x1F8)), kLack);
+    EXPECT_EQ(LackOf(HeaderMake(kAmd64)), "");
+    for (const std::string sNone : {"", "M", "MZ", "#!/bin/sh\n"}) EXPECT_EQ(LackOf(sNone), "");
+    const std::string sHeader = HeaderMake(k386);
+    for (std::size_t nSize = 0; nSize < 0x86; ++nSize)
+        EXPECT_EQ(LackOf(sHeader.substr(0, nSize)), "") << "cut at " << nSize;
+    std::string sFar = sHeader;
+    sFar.replace(0x3C, 4, "\xFF\xFF\xFF\xFF");
+    EXPECT_EQ(LackOf(sFar), "") << "a header beyond the file";
+    EXPECT_EQ(ProgramLackGet("c:\\itshfbc\\bin_win\\none.exe"), "");
+    m_folder.Write("wine/drive_c/windows/syswow64/ntdll.dll", "MZ");
+    EXPECT_EQ(LackOf(sHeader), "");
 }
 
 TEST_F(ProcessLibPosix, AWindowsProgramWithoutWineIsNotFound)

@@ -35,6 +35,20 @@ TEST(Windows1252, ReplacesWhatItLacksAndWhatIsMalformed)
     EXPECT_EQ(Windows1252FromUtf8("\xFFz"), "?z");
 }
 
+TEST(Windows1252, ALineEndInALongerFormThanItNeedsIsMalformed)
+{
+    EXPECT_EQ(Windows1252FromUtf8("a\xC0\x8A"
+                                  "b"),
+              "a??b");
+    EXPECT_EQ(Windows1252FromUtf8("a\xE0\x80\x8A"
+                                  "b"),
+              "a???b");
+    EXPECT_EQ(Windows1252FromUtf8("a\xF0\x80\x80\x8A"
+                                  "b"),
+              "a????b");
+    EXPECT_EQ(Windows1252FromUtf8("\xC1\xBF"), "??");
+}
+
 TEST(Utf8Append, TakesEachLength)
 {
     std::string sText;
@@ -66,6 +80,18 @@ TEST(TextColumns, CutsFromColumnOneOnAndEndsWithTheText)
     EXPECT_EQ(TextColumns("abcdef", 5, 5), "ef");
     EXPECT_EQ(TextColumns("abcdef", 7, 2), "");
     EXPECT_EQ(TextColumns("abcdef", 2, 0), "");
+}
+
+TEST(TextLines, EndWithEitherEndAndTheLastWithNone)
+{
+    EXPECT_EQ(TextLines("a\r\n\n b\r\r\nc"), (std::vector<std::string_view>{"a", "", " b\r", "c"}));
+    EXPECT_EQ(TextLines("a\n"), (std::vector<std::string_view>{"a"}));
+    EXPECT_TRUE(TextLines("").empty());
+}
+
+TEST(TextPrintable, HasNoControlCharacters)
+{
+    EXPECT_EQ(TextPrintable("a\r\n\x1b\x7f\xC2\xB0"), "a    \xC2\xB0");
 }
 
 }  // namespace

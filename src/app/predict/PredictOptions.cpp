@@ -65,15 +65,21 @@ Result<int> WholeGet(const std::string& sValue, int nLeast, int nMost, const cha
     return static_cast<int>(res.ValueGet());
 }
 
+/// Stores a checked value; its error is handed on.
+template <class From, class To>
+Result<void> Keep(const Result<From>& res, To& to)
+{
+    if (!res)
+        return res.ErrorGet();
+    to = static_cast<To>(res.ValueGet());
+    return {};
+}
+
 /// An option that sets one single-precision member within bounds.
 ApplyFn SingleOption(float Settings::*pMember, double dLeast, double dMost, const char* sWhat)
 {
-    return [=](PredictOptions& options, const std::string& sValue) -> Result<void> {
-        const auto res = BoundedGet(sValue, dLeast, dMost, sWhat);
-        if (!res)
-            return res.ErrorGet();
-        options.settings.*pMember = static_cast<float>(res.ValueGet());
-        return {};
+    return [=](PredictOptions& options, const std::string& sValue) {
+        return Keep(BoundedGet(sValue, dLeast, dMost, sWhat), options.settings.*pMember);
     };
 }
 
@@ -103,22 +109,15 @@ Result<void> ModelApply(PredictOptions& options, const std::string& sValue)
 
 Result<void> MonthApply(PredictOptions& options, const std::string& sValue)
 {
-    const auto res = WholeGet(sValue, 1, 12, "a month");
-    if (!res)
-        return res.ErrorGet();
     options.settings.m_bPropagationMonth = false;
-    options.settings.m_iPropagationMonth = res.ValueGet();
-    return {};
+    return Keep(WholeGet(sValue, 1, 12, "a month"), options.settings.m_iPropagationMonth);
 }
 
 Result<void> SunSpotApply(PredictOptions& options, const std::string& sValue)
 {
-    const auto res = BoundedGet(sValue, 0, 311, "a smoothed sunspot number");
-    if (!res)
-        return res.ErrorGet();
     options.settings.m_bPropagationSunSpotNumber = false;
-    options.settings.m_fPropagationSunSpotNumber = static_cast<float>(res.ValueGet());
-    return {};
+    return Keep(BoundedGet(sValue, 0, 311, "a smoothed sunspot number"),
+                options.settings.m_fPropagationSunSpotNumber);
 }
 
 Result<void> FrequenciesApply(PredictOptions& options, const std::string& sValue)
@@ -141,11 +140,8 @@ Result<void> FrequenciesApply(PredictOptions& options, const std::string& sValue
 
 Result<void> AntennaApply(PredictOptions& options, const std::string& sValue)
 {
-    const auto res = WholeGet(sValue, 0, 2, "an antenna type");
-    if (!res)
-        return res.ErrorGet();
-    options.settings.m_iPropagationAntennaType = res.ValueGet();
-    return {};
+    return Keep(WholeGet(sValue, 0, 2, "an antenna type"),
+                options.settings.m_iPropagationAntennaType);
 }
 
 Result<void> CoefficientsApply(PredictOptions& options, const std::string& sValue)
@@ -216,30 +212,19 @@ Result<void> AreaApply(PredictOptions& options, const std::string& sValue)
 
 Result<void> HourApply(PredictOptions& options, const std::string& sValue)
 {
-    const auto res = WholeGet(sValue, 0, 23, "an hour");
-    if (!res)
-        return res.ErrorGet();
-    options.area.iHour = res.ValueGet();
-    return {};
+    return Keep(WholeGet(sValue, 0, 23, "an hour"), options.area.iHour);
 }
 
 Result<void> AreaFrequencyApply(PredictOptions& options, const std::string& sValue)
 {
-    const auto res =
-        BoundedGet(sValue, kFrequencyLeastKhz, kFrequencyMostKhz, "a frequency in kHz");
-    if (!res)
-        return res.ErrorGet();
-    options.area.fFrequency = static_cast<float>(res.ValueGet());
-    return {};
+    return Keep(BoundedGet(sValue, kFrequencyLeastKhz, kFrequencyMostKhz, "a frequency in kHz"),
+                options.area.fFrequency);
 }
 
 Result<void> GridApply(PredictOptions& options, const std::string& sValue)
 {
-    const auto res = WholeGet(sValue, kGridSizeMin, kGridSizeMax, "a number of grid points a side");
-    if (!res)
-        return res.ErrorGet();
-    options.settings.m_iMapOverlayGridSize = res.ValueGet();
-    return {};
+    return Keep(WholeGet(sValue, kGridSizeMin, kGridSizeMax, "a number of grid points a side"),
+                options.settings.m_iMapOverlayGridSize);
 }
 
 std::vector<Option> OptionsMake()

@@ -14,36 +14,20 @@ constexpr const char* kForms =
     "give LAT,LON in degrees (38,-122), 38°30.00'N,122°15.00'W, a grid square (FN42), airmail or a "
     "station (ham:KEY)";
 
-/// Takes a box's text instead of showing it: on the command line it becomes the option's error.
-class BoxCatcher {
-public:
-    BoxCatcher()
-    {
-        m_fnBefore = MsgSetHandler([this](MsgIcon, const std::string& sText) { m_sText = sText; });
-    }
-    ~BoxCatcher() { MsgSetHandler(m_fnBefore); }
-    BoxCatcher(const BoxCatcher&) = delete;
-    BoxCatcher& operator=(const BoxCatcher&) = delete;
-
-    /// The error of a failed call: what it returned, else what it said.
-    [[nodiscard]] RunError ErrorGet(const Result<bool>& res) const
-    {
-        return {res ? m_sText : res.TextGet()};
-    }
-
-private:
-    MsgBoxFn m_fnBefore;
-    std::string m_sText;
-};
+/// The error of a failed call: what it returned, else what it said in a box.
+RunError ErrorOf(const Result<bool>& res, const MsgListener& listener)
+{
+    return {res ? listener.LastGet() : res.TextGet()};
+}
 
 Result<PredictPosition> AirMailPlaceGet()
 {
     PredictPosition pos;
     DateTime dtTime;
-    const BoxCatcher box;
+    const MsgListener listener(false);  // a box becomes the option's error
     const auto res = AirMailPositionGet(pos.dLat, pos.dLon, dtTime, true);
     if (!res || !res.ValueGet())
-        return box.ErrorGet(res);
+        return ErrorOf(res, listener);
     pos.sNote = dtTime.IsZero() ? "Airmail's position, its time is not known"
                                 : "Airmail's position, " + AirMailAgeText(dtTime) + " old";
     return pos;
@@ -55,10 +39,10 @@ Result<PredictPosition> StationPlaceGet(const std::string& sSystem, const std::s
     if (AirMailIniGet("System." + sSystem + ".ini", "Station Info", sKey, false).empty())
         return RunError{"Airmail's list \"" + sSystem + "\" holds no station \"" + sKey
                         + "\" (data folder \"" + AirMailDataFolderGet() + "\")"};
-    const BoxCatcher box;
+    const MsgListener listener(false);
     const auto res = AirMailStationPosition(sSystem, sKey, pos.dLat, pos.dLon, false);
     if (!res || !res.ValueGet())
-        return box.ErrorGet(res);
+        return ErrorOf(res, listener);
     pos.sNote = "Airmail's station " + sKey + " (" + sSystem + ")";
     return pos;
 }

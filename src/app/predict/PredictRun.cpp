@@ -13,28 +13,6 @@
 
 namespace {
 
-/// Counts the boxes that a run shows. A list in several chunks may fail in one of them and still
-/// end well; half a table is no answer for a program that reads it.
-class BoxCounter {
-public:
-    BoxCounter()
-    {
-        m_fnBefore = MsgSetHandler([this](MsgIcon eIcon, const std::string& sText) {
-            ++m_nShown;
-            m_fnBefore(eIcon, sText);
-        });
-    }
-    ~BoxCounter() { MsgSetHandler(m_fnBefore); }
-    BoxCounter(const BoxCounter&) = delete;
-    BoxCounter& operator=(const BoxCounter&) = delete;
-
-    [[nodiscard]] int ShownGet() const { return m_nShown; }
-
-private:
-    MsgBoxFn m_fnBefore;
-    int m_nShown = 0;
-};
-
 std::string EngineNameGet(int iModel)
 {
     const Engine* pEngine = EngineFind(iModel);
@@ -57,18 +35,29 @@ bool SettingsComplete(Settings& settings)
     return true;
 }
 
+/// What else is known of a failed engine, behind the box of its run.
+std::nullopt_t EngineFail(int iModel)
+{
+    if (const std::string sTrouble = EngineTroubleGet(iModel); !sTrouble.empty())
+        MsgBox(MsgIcon::Info, sTrouble);
+    return std::nullopt;
+}
+
 std::optional<std::string> PointToPointGet(const PredictOptions& options, const Settings& settings,
                                            bool bColor)
 {
     const PropagationInput input = PropagationInputFromSettings(settings);
     PropagationTable table(input.nData);
-    const BoxCounter box;
+    const MsgListener listener;
     const bool bOk = PropagationRun(input, table);
-    if (!bOk && box.ShownGet() == 0)
-        MsgBox(MsgIcon::Exclamation,
-               input.nData < 1 ? "The frequency list is empty." : "There is no such engine.");
-    if (!bOk || box.ShownGet() > 0)
-        return std::nullopt;
+    if (!bOk && listener.CountGet() == 0)
+        MsgBox(MsgIcon::Exclamation, input.nData < 1
+                                         ? "The frequency list is empty; give --frequencies."
+                                         : "There is no such engine; give --model.");
+    // A list in several chunks may fail in one of them and still end well; half a table is no
+    // answer for a program that reads it.
+    if (!bOk || listener.CountGet() > 0)
+        return EngineFail(input.iModel);
     const PredictRun run{&settings,
                          &table,
                          LocalNow().nYear,
@@ -134,7 +123,7 @@ std::optional<std::string> AreaGet(const PredictOptions& options, const Settings
         bOk = bOk && AreaPointsAppend(input, aPoint);
     }
     if (!bOk)
-        return std::nullopt;
+        return EngineFail(input.iModel);
     return options.eFormat == PredictFormat::Json ? PredictAreaJsonGet(aPoint)
                                                   : PredictAreaCsvGet(aPoint);
 }

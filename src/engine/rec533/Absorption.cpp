@@ -153,35 +153,6 @@ Crossing CrossingGet(const AbsorptionHour& tblHour, const Place& tblPlace, doubl
                 * std::exp(DiurnalLogGet(dCosChi, dExponent) - DiurnalLogGet(dCosNoon, dExponent))};
 }
 
-}  // namespace
-
-AbsorptionHour AbsorptionHourGet(const Ionosphere& tbl, int nLabel)
-{
-    return {&tbl, FoeHourGet(tbl, nLabel)};
-}
-
-double CrossingKmGet(double dElevation)
-{
-    return kEarthKm * (kPi / 2.0 - dElevation - IncidenceGet(dElevation, kHeightAbsorption));
-}
-
-void CrossingsFill(const AbsorptionHour& tblHour, const GreatCircle& tblPath, int nHops,
-                   double dElevation, Crossing* pCrossings)
-{
-    const double dHop = tblPath.dKm / nHops;
-    const double dNear = CrossingKmGet(dElevation);
-    for (int i = 0; i < nHops; ++i) {
-        const Place tblUp = CrossingPlaceGet(tblPath, i * dHop + dNear);
-        const Place tblDown = CrossingPlaceGet(tblPath, (i + 1) * dHop - dNear);
-        double dTanUp, dTanDown;
-        MagneticDipTansGet(tblUp, tblDown, dTanUp, dTanDown);
-        *pCrossings++ = CrossingGet(tblHour, tblUp, dTanUp);
-        *pCrossings++ = CrossingGet(tblHour, tblDown, dTanDown);
-    }
-}
-
-namespace {
-
 // Figure 2: the penetration factor phi over fv/foE, divided by its value far above.
 double PenetrationGet(double dT)
 {
@@ -205,6 +176,26 @@ double PenetrationGet(double dT)
 }
 
 }  // namespace
+
+double CrossingKmGet(double dElevation)
+{
+    return kEarthKm * (kPi / 2.0 - dElevation - IncidenceGet(dElevation, kHeightAbsorption));
+}
+
+void CrossingsFill(const AbsorptionHour& tblHour, const GreatCircle& tblPath, int nHops,
+                   double dElevation, Crossing* pCrossings)
+{
+    const double dHop = tblPath.dKm / nHops;
+    const double dNear = CrossingKmGet(dElevation);
+    for (int i = 0; i < nHops; ++i) {
+        const Place tblUp = CrossingPlaceGet(tblPath, i * dHop + dNear);
+        const Place tblDown = CrossingPlaceGet(tblPath, (i + 1) * dHop - dNear);
+        double dTanUp, dTanDown;
+        MagneticDipTansGet(tblUp, tblDown, dTanUp, dTanDown);
+        *pCrossings++ = CrossingGet(tblHour, tblUp, dTanUp);
+        *pCrossings++ = CrossingGet(tblHour, tblDown, dTanDown);
+    }
+}
 
 double AbsorptionFactorGet(const Crossing* pCrossings, int nCount, double dVertical)
 {

@@ -19,8 +19,7 @@ struct Crossing {
     double dWeight = 0.0;  ///< absorption factor at noon, times the diurnal factor
 };
 
-/// Most crossings that the modes of one path and hour have: F2 modes of 14 to 17 hops round the
-/// Earth.
+/// Most crossings that the modes of a path and hour have: F2 modes of 14 to 17 hops.
 inline constexpr int kCrossingsMost = 2 * (14 + 15 + 16 + 17);
 
 /// The month and hour for crossings.
@@ -28,18 +27,15 @@ struct AbsorptionHour {
     const Ionosphere* pIonosphere = nullptr;
     FoeHour tblFoe;
 };
-[[nodiscard]] AbsorptionHour AbsorptionHourGet(const Ionosphere& tbl, int nLabel);
 
-/// Fraction of a path from its start to the first crossing, and from a hop's end back to the
-/// second.
+/// From a hop's start to its first crossing, and from its end back to the second, km.
 [[nodiscard]] double CrossingKmGet(double dElevation);
 
 /// Fills the 2 n crossings of nHops hops in the order of the path.
 void CrossingsFill(const AbsorptionHour& tblHour, const GreatCircle& tblPath, int nHops,
                    double dElevation, Crossing* pCrossings);
 
-/// Mean of the absorption factor of a mode's 2 n crossings at the vertical frequency fv = f cos
-/// i(110).
+/// Mean of the absorption factor of a mode's 2 n crossings at the frequency fv = f cos i(110).
 [[nodiscard]] double AbsorptionFactorGet(const Crossing* pCrossings, int nCount, double dVertical);
 
 /// Loss of an n-hop mode, dB. dGyro: mean over the control points of |fH sin I| at 100 km.

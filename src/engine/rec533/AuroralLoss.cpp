@@ -83,14 +83,13 @@ constexpr double kSines[8]{0.97629600711993336, 0.95371695074822693, 0.923879532
 
 double AuroralLossGet(double dGeomagneticSin, Season eSeason, double dHopKm, int nLocalHour)
 {
-    constexpr double kLongHop = 2500.0;
     const double dSin = std::abs(dGeomagneticSin);
     if (dSin < kSines[7])
         return 0.0;
     int nRow = 0;
     while (dSin < kSines[nRow]) ++nRow;
     const int nColumn = nLocalHour < 1 ? 7 : (nLocalHour - 1) / 3;
-    return kLoss[dHopKm > kLongHop ? 1 : 0][static_cast<int>(eSeason)][nRow][nColumn];
+    return kLoss[dHopKm > kAuroralNearHop ? 1 : 0][static_cast<int>(eSeason)][nRow][nColumn];
 }
 
 int AuroralHourGet(const Ionosphere& tbl, int nLabel, double dLon)

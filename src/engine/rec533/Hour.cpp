@@ -22,22 +22,18 @@ void FoeFill(Hour& tbl)
     const Path& tblPath = *tbl.pPath;
     tbl.dFoeModes = tbl.dFoeScreen = tbl.tblMid.dFoe;
     const double dKm = tblPath.tblWay.dKm;
-    if (dKm < kControlShort || dKm > kRangeEMost)
+    if (dKm <= kControlShort || dKm > kRangeEMost)
         return;
-    const double dFoeT =
-        dKm > kControlShort ? SiteFoeGet(tbl.tblFoe, tblPath.tblAheadT.tblPlace) : tbl.dFoeModes;
-    const double dFoeR =
-        dKm > kControlShort ? SiteFoeGet(tbl.tblFoe, tblPath.tblAheadR.tblPlace) : tbl.dFoeModes;
+    const double dFoeT = SiteFoeGet(tbl.tblFoe, tblPath.tblAheadT.tblPlace);
+    const double dFoeR = SiteFoeGet(tbl.tblFoe, tblPath.tblAheadR.tblPlace);
     tbl.dFoeModes = std::min(dFoeT, dFoeR);
-    if (dKm > kControlShort)
-        tbl.dFoeScreen = std::max(dFoeT, dFoeR);
+    tbl.dFoeScreen = std::max(dFoeT, dFoeR);
 }
 
 // The control points of gyrofrequency and auroral loss, and their means.
 struct ControlMeans {
     double dGyro = 0.0;
-    double dAuroralNear = 0.0;  // hops up to 2500 km
-    double dAuroralFar = 0.0;
+    double dAuroralNear = 0.0, dAuroralFar = 0.0;  // by the length of hops
 };
 
 ControlMeans ControlMeansGet(const Hour& tbl, bool bBeyondRange)
@@ -69,14 +65,13 @@ ControlMeans ControlMeansGet(const Hour& tbl, bool bBeyondRange)
 
 void ModeRayFill(Mode& tblMode, const Hour& tbl, double dHeight, const ControlMeans& tblMeans)
 {
-    constexpr double kNearHop = 2500.0;
     const Path& tblPath = *tbl.pPath;
     const double dHop = tblPath.tblWay.dKm / tblMode.nHops;
     tblMode.dElevation = ElevationGet(dHop, dHeight);
     tblMode.dSlant = SlantRangeGet(tblPath.tblWay.dKm, tblMode.nHops, tblMode.dElevation);
     tblMode.dCosIncidence = IncidenceCosGet(tblMode.dElevation, kHeightE);
     tblMode.dGyro = tblMeans.dGyro;
-    tblMode.dAuroral = dHop > kNearHop ? tblMeans.dAuroralFar : tblMeans.dAuroralNear;
+    tblMode.dAuroral = dHop > kAuroralNearHop ? tblMeans.dAuroralFar : tblMeans.dAuroralNear;
     tblMode.dTxGain = AntennaGainGet(tblPath.tblCircuit.pTx, tblMode.dElevation);
     tblMode.dRxGain = AntennaGainGet(tblPath.tblCircuit.pRx, tblMode.dElevation);
 }

@@ -4,7 +4,6 @@ namespace rec533 {
 
 void IonosphereFill(Ionosphere& tbl, Behaviour eBehaviour, MapSet eMaps, int nMonth, double dSsn)
 {
-    constexpr double kSsnMost = 311.0;
     constexpr double kSsnMapsMost = 160.0;
     tbl.eBehaviour = eBehaviour;
     tbl.bReference = eBehaviour == Behaviour::Reference;

@@ -36,6 +36,37 @@ double SinceSunsetGet(const FoeHour& tbl, const Place& tblPlace)
     return 0.0;
 }
 
+// x > 3.33, f >= foF2.
+double MirrorHeightAbove(const MirrorHeightInput& tbl, double dH, double dXr)
+{
+    const double dE1 = ((-0.09707 * dXr + 0.6870) * dXr - 0.7506) * dXr + 0.6;
+    const double dF1 = dXr <= 1.71
+                           ? (((-1.862 * dXr + 12.95) * dXr - 32.03) * dXr + 33.50) * dXr - 10.91
+                           : 1.21 + 0.2 * dXr;
+    // The ITU program leaves the linear term out; with it G is continuous at 3.7.
+    const double dLinear = tbl.bReference ? 0.0 : 90.47;
+    const double dG =
+        dXr <= 3.7 ? (((-2.102 * dXr + 19.50) * dXr - 63.15) * dXr + dLinear) * dXr - 44.73 : 19.25;
+    const double dDs = 160.0 + (dH + 43.0) * dG;
+    const double dA = (tbl.dHopKm - dDs) / (dH + 140.0);
+    const double dA1 = 140.0 + (dH - 47.0) * dE1;
+    const double dB1 = 150.0 + (dH - 17.0) * dF1 - dA1;
+    return dB1 >= 0.0 && dA >= 0.0 ? dA1 + dB1 * std::pow(2.4, -dA) : dA1 + dB1;
+}
+
+// x > 3.33, f < foF2.
+double MirrorHeightBelow(const MirrorHeightInput& tbl, double dH, double dXr)
+{
+    const double dZ = std::max(dXr, 0.1);
+    const double dE2 = (0.1906 * dZ + 0.00583) * dZ + 0.1936;
+    const double dA2 = 151.0 + (dH - 47.0) * dE2;
+    const double dF2 = (0.645 * dZ + 0.883) * dZ + 0.162;
+    const double dB2 = 141.0 + (dH - 24.0) * dF2 - dA2;
+    const double dDf = std::min(0.115 * tbl.dHopKm / (dZ * (dH + 140.0)), 0.65);
+    const double dB = (((-7.535 * dDf + 15.75) * dDf - 8.834) * dDf - 0.378) * dDf + 1.0;
+    return dB2 >= 0.0 ? dA2 + dB2 * dB : dA2 + dB2;
+}
+
 }  // namespace
 
 FoeHour FoeHourGet(const Ionosphere& tbl, int nLabel)
@@ -84,41 +115,6 @@ double FoeGet(const FoeHour& tblHour, const Place& tblPlace, double dCosChi)
 }
 
 double MirrorHeightSimpleGet(double dM3) { return std::min(1490.0 / dM3 - 176.0, 500.0); }
-
-namespace {
-
-// x > 3.33, f >= foF2.
-double MirrorHeightAbove(const MirrorHeightInput& tbl, double dH, double dXr)
-{
-    const double dE1 = ((-0.09707 * dXr + 0.6870) * dXr - 0.7506) * dXr + 0.6;
-    const double dF1 = dXr <= 1.71
-                           ? (((-1.862 * dXr + 12.95) * dXr - 32.03) * dXr + 33.50) * dXr - 10.91
-                           : 1.21 + 0.2 * dXr;
-    // The ITU program leaves the linear term out; with it G is continuous at 3.7.
-    const double dLinear = tbl.bReference ? 0.0 : 90.47;
-    const double dG =
-        dXr <= 3.7 ? (((-2.102 * dXr + 19.50) * dXr - 63.15) * dXr + dLinear) * dXr - 44.73 : 19.25;
-    const double dDs = 160.0 + (dH + 43.0) * dG;
-    const double dA = (tbl.dHopKm - dDs) / (dH + 140.0);
-    const double dA1 = 140.0 + (dH - 47.0) * dE1;
-    const double dB1 = 150.0 + (dH - 17.0) * dF1 - dA1;
-    return dB1 >= 0.0 && dA >= 0.0 ? dA1 + dB1 * std::pow(2.4, -dA) : dA1 + dB1;
-}
-
-// x > 3.33, f < foF2.
-double MirrorHeightBelow(const MirrorHeightInput& tbl, double dH, double dXr)
-{
-    const double dZ = std::max(dXr, 0.1);
-    const double dE2 = (0.1906 * dZ + 0.00583) * dZ + 0.1936;
-    const double dA2 = 151.0 + (dH - 47.0) * dE2;
-    const double dF2 = (0.645 * dZ + 0.883) * dZ + 0.162;
-    const double dB2 = 141.0 + (dH - 24.0) * dF2 - dA2;
-    const double dDf = std::min(0.115 * tbl.dHopKm / (dZ * (dH + 140.0)), 0.65);
-    const double dB = (((-7.535 * dDf + 15.75) * dDf - 8.834) * dDf - 0.378) * dDf + 1.0;
-    return dB2 >= 0.0 ? dA2 + dB2 * dB : dA2 + dB2;
-}
-
-}  // namespace
 
 double MirrorHeightGet(const MirrorHeightInput& tbl)
 {

@@ -2,9 +2,8 @@
 /// The E layer's critical frequency and the heights at which rays are mirrored.
 ///
 /// Units:   MHz, km, radians.
-/// Source:  foE: Recommendation ITU-R P.1239, section 4; heights: ITU-R P.533-14, sections 3.5 (eq.
-/// 2)
-///          and 5.1.
+/// Source:  foE: Recommendation ITU-R P.1239, section 4; heights: ITU-R P.533-14, sections 3.5
+///          (eq. 2) and 5.1.
 /// Tests:   tests/engine/CorrectionsTest.cpp
 #pragma once
 

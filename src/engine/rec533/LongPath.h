@@ -41,8 +41,7 @@ struct LongHour {
 
 /// E0 of the Recommendation, dB.
 [[nodiscard]] double LongFreeGet(const LongPath& tbl);
-/// Field strength of the Recommendation's long method, dB(uV/m). Gain in dBi, power in dB above 1
-/// kW.
+/// Field strength of the Recommendation's long method, dB(uV/m). Power in dB above 1 kW.
 [[nodiscard]] double LongFieldGet(const LongPath& tbl, double dShare, double dPowerDb,
                                   double dGain);
 

@@ -53,8 +53,8 @@ constexpr Scaled ScaledMake(double dHeightKm)
     return tbl;
 }
 
-constexpr Scaled kScaledAbsorption = ScaledMake(kFieldHeightAbsorption);
-constexpr Scaled kScaledMaps = ScaledMake(kFieldHeightMaps);
+constexpr Scaled kScaledAbsorption = ScaledMake(100.0);
+constexpr Scaled kScaledMaps = ScaledMake(300.0);
 
 constexpr double RecursionGet(std::size_t n, std::size_t m)
 {

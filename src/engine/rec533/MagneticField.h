@@ -17,14 +17,10 @@ struct MagneticField {
     double dGyro = 0.0;  ///< electron gyrofrequency, MHz
 };
 
-inline constexpr double kFieldHeightAbsorption = 100.0;  ///< km
-inline constexpr double kFieldHeightMaps = 300.0;        ///< km
-
-enum class FieldHeight { Absorption, Maps };
+enum class FieldHeight { Absorption, Maps };  ///< 100 km, 300 km
 
 [[nodiscard]] MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight);
-/// Tangents of the dip at 100 km at two places at once, for the many crossings of the absorbing
-/// layer.
+/// Tangents of the dip at 100 km at two places at once, for the many crossings at 90 km.
 void MagneticDipTansGet(const Place& tblA, const Place& tblB, double& dTanA, double& dTanB);
 
 }  // namespace rec533

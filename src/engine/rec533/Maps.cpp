@@ -137,7 +137,7 @@ double ProductGet(const std::array<double, kCount>& aA, const std::array<double,
 
 }  // namespace
 
-void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dSsn, int nHour)
+void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dSsn)
 {
     std::array<double, std::size_t{kFof2Functions} * kFof2Harmonics> aFof2{};
     std::array<double, std::size_t{kM3Functions} * kM3Harmonics> aM3{};
@@ -150,8 +150,6 @@ void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dSsn, int 
                                                    1.0 - dCcir);
     SeriesFill<kM3Functions, kM3Harmonics>(aM3, FiguresM3(nMonth).data(), dSsn, 1.0);
     for (int i = 0; i < 24; ++i) {
-        if (nHour >= 0 && i != nHour)
-            continue;
         const auto nAt = static_cast<std::size_t>(i);
         HourFill<kFof2Functions, kFof2Harmonics>(tblHours.aFof2[nAt], aFof2, i);
         HourFill<kM3Functions, kM3Harmonics>(tblHours.aM3[nAt], aM3, i);

@@ -6,9 +6,7 @@
 /// per place (MapPlace), so that a value costs one scalar product.
 ///
 /// Units:   MHz for foF2; M(3000)F2 has none; hours UT 0 to 23.
-/// Source:  Recommendation ITU-R P.1239, section 2, equations 1 to 4; the grid of the ITU program
-/// is
-///          described at MapPlaceMake.
+/// Source:  Recommendation ITU-R P.1239, section 2, equations 1 to 4.
 /// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
@@ -25,9 +23,8 @@ struct MapHours {
     alignas(16) std::array<std::array<double, kM3Functions + 1>, 24> aM3;  // last one 0
 };
 
-/// Fills the given hours of a month (all of them, or the one that is needed).
-/// dSsn: sunspot number, 160 at most. nHour: 0 to 23, or -1 for all.
-void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dSsn, int nHour = -1);
+/// dSsn: sunspot number, 160 at most.
+void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dSsn);
 
 /// Geographic functions at one place.
 struct MapPlace {

@@ -112,7 +112,6 @@ Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency,
         {76.8, 27.7, 11.0, 6.7}, {72.5, 27.7, 10.6, 5.3}, {67.2, 27.7, 9.2, 4.6},
         {53.6, 28.6, 9.2, 4.6},  {65.2, 29.1, 9.2, 4.6},  {83.2, 37.5, 11.0, 6.7},
     };
-    constexpr double kThermal = 204.0;                 // dB, of 1 W to k T0
     constexpr double kLevelLog = 0.47712125471966244;  // log10 of 3 MHz
     const double dLog = std::log10(dFrequency);
     if (eCategory != NoiseCategory::Level) {

@@ -36,8 +36,7 @@ struct NoisePlace {
                                     bool bReference);
 [[nodiscard]] Noise NoiseGalacticGet(double dFrequency);
 
-/// The three of them combined (P.372, section 8). For information; the SNR takes the plain power
-/// sum.
+/// The three combined (P.372, section 8). For information; the SNR takes the plain power sum.
 [[nodiscard]] Noise NoiseTotalGet(const Noise& tblAtmospheric, const Noise& tblManMade,
                                   const Noise& tblGalactic);
 

@@ -40,6 +40,8 @@ void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCirc
         std::clamp(tblCircuit.dRequiredReliability, kShareLeast, kShareMost);
     tbl.tblCircuit.dLeastElevation = std::clamp(tblCircuit.dLeastElevation, 0.0, kElevationMost);
     tbl.dLeastElevation = tbl.tblCircuit.dLeastElevation * kRadians;
+    tbl.tblTxLow = AntennaLowGet(tblCircuit.pTx, tbl.tblCircuit.dLeastElevation);
+    tbl.tblRxLow = AntennaLowGet(tblCircuit.pRx, tbl.tblCircuit.dLeastElevation);
     tbl.dShareQuantile = ShareQuantileGet(tbl.tblCircuit.dRequiredReliability);
     tbl.dPowerDb = DbFromPower(tblCircuit.dPowerKw);
     const Place tblRx = PlaceFromDegrees(tblCircuit.dRxLat, tblCircuit.dRxLon);

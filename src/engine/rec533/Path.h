@@ -31,6 +31,7 @@ struct Path {
     double dPowerDb = 0.0;         ///< transmitter, dB above 1 kW
     double dShareQuantile = 0.0;   ///< of the required reliability
     double dLeastElevation = 0.0;  ///< radians
+    AntennaLow tblTxLow, tblRxLow;
     Site tblMid;
     Site tblAheadT, tblAheadR;  ///< T + 1000, R - 1000; only beyond 2000 km
     std::array<Site, kOrderHopSumMost + 1> aHopT, aHopR;  ///< T + d0/2, R - d0/2 for d0 = D / index

@@ -3,11 +3,9 @@
 namespace rec533 {
 namespace {
 
-constexpr double kFieldToPower =
-    107.2;  // dB(uV/m) to dBW into a matched isotropic antenna at 1 MHz
+constexpr double kFieldToPower = 107.2;  // dB(uV/m) to dBW, isotropic and matched, at 1 MHz
 
-// Sums over the modes in power, as fields and with the receiving antenna's gain at each mode's
-// angle.
+// Sums over the modes in power, as fields and with the receiving antenna's gains.
 struct ModeSums {
     double dField = kFieldNone;
     double dReceived = kFieldNone;
@@ -18,14 +16,15 @@ ModeSums ModeSumsGet(const Hour& tblHour, const ModeFields& aFields, bool bHopSu
 {
     ModeSums tbl;
     double dBest = -1e300;
+    const auto fnOwn = [&](std::size_t i) {
+        return bHopSum ? aFields[i].dHopField : aFields[i].dField;
+    };
     for (std::size_t i = 0; i < static_cast<std::size_t>(tblHour.nModes); ++i) {
         const Mode& tblMode = tblHour.aModes[i];
         if (!aFields[i].bUsed)
             continue;
-        const double dReceived =
-            (bHopSum ? aFields[i].dHopField : aFields[i].dField) + tblMode.dRxGain;
-        if (dReceived > dBest) {
-            dBest = dReceived;
+        if (fnOwn(i) + tblMode.dRxGain > dBest) {
+            dBest = fnOwn(i) + tblMode.dRxGain;
             tbl.pStrongest = &tblMode;
         }
     }
@@ -36,9 +35,8 @@ ModeSums ModeSumsGet(const Hour& tblHour, const ModeFields& aFields, bool bHopSu
     for (std::size_t i = 0; i < static_cast<std::size_t>(tblHour.nModes); ++i) {
         if (!aFields[i].bUsed)
             continue;
-        const double dOwn = bHopSum ? aFields[i].dHopField : aFields[i].dField;
-        dField += PowerFromDb(dOwn - dBest);
-        dReceived += PowerFromDb(dOwn + tblHour.aModes[i].dRxGain - dBest);
+        dField += PowerFromDb(fnOwn(i) - dBest);
+        dReceived += PowerFromDb(fnOwn(i) + tblHour.aModes[i].dRxGain - dBest);
     }
     tbl.dField = dBest + DbFromPower(dField);
     tbl.dReceived = dBest + DbFromPower(dReceived);
@@ -66,18 +64,16 @@ void LongRuleFill(Prediction& tbl, const Hour& tblHour, const ModeFields& aField
     constexpr double kOffset = 3.87;        // dB
     constexpr double kShortLeast = -100.0;  // of 1 kW, dB(uV/m)
     const Path& tblPath = *tblHour.pPath;
-    const AntennaLow tblTx =
-        AntennaLowGet(tblPath.tblCircuit.pTx, tblPath.tblCircuit.dLeastElevation);
-    const AntennaLow tblRx =
-        AntennaLowGet(tblPath.tblCircuit.pRx, tblPath.tblCircuit.dLeastElevation);
     const double dLong = (kFree - 20.0 * std::log10(tblPath.tblLong.dSlant)) * tbl.dLongShare - 30.0
-                         + tblPath.dPowerDb + tblTx.dGain + tblPath.tblLong.dGap + kOffset;
+                         + tblPath.dPowerDb + tblPath.tblTxLow.dGain + tblPath.tblLong.dGap
+                         + kOffset;
     ModeSums tblHops = ModeSumsGet(tblHour, aFields, true);
     const double dGap = tblPath.tblLong.dGap * dPart;
     tblHops.dField += dGap;
     tblHops.dReceived += dGap;
+    const double dLongReceived = dLong + tblPath.tblRxLow.dGain;
     const double dField = PowerSumGet(tblHops.dField, dLong);
-    const double dReceived = PowerSumGet(tblHops.dReceived, dLong + tblRx.dGain);
+    const double dReceived = PowerSumGet(tblHops.dReceived, dLongReceived);
     tbl.dFieldLong = dField;
     if (dPart >= 1.0) {
         tbl.dField = dField;
@@ -87,16 +83,15 @@ void LongRuleFill(Prediction& tbl, const Hour& tblHour, const ModeFields& aField
         tbl.dField = (1.0 - dPart) * std::max(tblShort.dField, dLeast) + dPart * dField;
         tbl.dPower = (1.0 - dPart) * std::max(tblShort.dReceived, dLeast) + dPart * dReceived;
     }
-    const bool bHops = tblHops.dReceived >= dLong + tblRx.dGain && tblHops.pStrongest != nullptr;
+    const bool bHops = tblHops.dReceived >= dLongReceived && tblHops.pStrongest != nullptr;
     tbl.pMode = bHops ? tblHops.pStrongest : nullptr;
-    tbl.dElevation = bHops ? tblHops.pStrongest->dElevation : tblTx.nDegrees * kRadians;
+    tbl.dElevation = bHops ? tblHops.pStrongest->dElevation : tblPath.tblTxLow.nDegrees * kRadians;
 }
 
 void FieldFill(Prediction& tbl, Hour& tblHour, double dFrequency)
 {
     const Path& tblPath = *tblHour.pPath;
     const double dKm = tblPath.tblWay.dKm;
-    const bool bBest = tblPath.pIonosphere->eBehaviour == Behaviour::Best;
     ModeFields aFields;
     ModeSums tblShort;
     ModeFieldsFill(aFields, tblHour, dFrequency);
@@ -104,13 +99,11 @@ void FieldFill(Prediction& tbl, Hour& tblHour, double dFrequency)
         tblShort = ModeSumsGet(tblHour, aFields, false);
         tbl.dFieldShort = tblShort.dField;
     }
-    if (dKm >= kShortOnly)
+    if (dKm >= kShortOnly) {
         tbl.dLongShare = LongShareGet(tblPath.tblLong, tblHour.tblLong, dFrequency);
-    const AntennaLow tblTx =
-        AntennaLowGet(tblPath.tblCircuit.pTx, tblPath.tblCircuit.dLeastElevation);
-    if (dKm >= kShortOnly)
         tbl.dFieldLong =
-            LongFieldGet(tblPath.tblLong, tbl.dLongShare, tblPath.dPowerDb, tblTx.dGain);
+            LongFieldGet(tblPath.tblLong, tbl.dLongShare, tblPath.dPowerDb, tblPath.tblTxLow.dGain);
+    }
     if (dKm <= kShortOnly) {
         tbl.dField = tblShort.dField;
         tbl.dPower = tblShort.dReceived;
@@ -119,15 +112,13 @@ void FieldFill(Prediction& tbl, Hour& tblHour, double dFrequency)
         return;
     }
     const double dPart = std::min((dKm - kShortOnly) / (kLongOnly - kShortOnly), 1.0);
-    if (bBest) {
+    if (tblPath.pIonosphere->eBehaviour == Behaviour::Best) {
         LongRuleFill(tbl, tblHour, aFields, tblShort, dPart);
         return;
     }
     tbl.dField = dPart < 1.0 ? FieldMixGet(tblShort.dField, tbl.dFieldLong, dPart) : tbl.dFieldLong;
-    tbl.dPower = tbl.dField
-                 + AntennaLowGet(tblPath.tblCircuit.pRx, tblPath.tblCircuit.dLeastElevation).dGain;
-    tbl.pMode = nullptr;
-    tbl.dElevation = tblTx.nDegrees * kRadians;
+    tbl.dPower = tbl.dField + tblPath.tblRxLow.dGain;
+    tbl.dElevation = tblPath.tblTxLow.nDegrees * kRadians;
 }
 
 }  // namespace
@@ -149,7 +140,6 @@ void PredictionFill(Prediction& tbl, Hour& tblHour, double dFrequency)
     const double dToMuf = tblHour.dMuf > 0.0 ? dFrequency / tblHour.dMuf : 1e9;
     tbl.tblSnr = SnrGet(tblInput, tbl.tblAtmospheric, tbl.tblManMade, tbl.tblGalactic,
                         SignalDecilesGet(dToMuf, tblPath.bHighLatitude));
-    tbl.dNoise = tbl.dPower - tbl.tblSnr.dMedian;
 }
 
 }  // namespace rec533

@@ -22,7 +22,6 @@ struct Prediction {
     const Mode* pMode = nullptr;  ///< strongest mode, none where the long method rules
     double dElevation = 0.0;      ///< of that mode, or the best low angle of the antenna
     Noise tblAtmospheric, tblManMade, tblGalactic;
-    double dNoise = 0.0;  ///< noise power in the bandwidth, dBW
     SnrResult tblSnr;
 };
 

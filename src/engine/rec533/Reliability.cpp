@@ -23,7 +23,6 @@ SnrResult SnrGet(const SnrInput& tbl, const Noise& tblAtmospheric, const Noise& 
 {
     constexpr double kHourUpper = 5.0;  // within the hour (P.842, table 1)
     constexpr double kHourLower = 8.0;
-    constexpr double kThermal = 204.0;
     double dSum = 0.0, dSumLow = 0.0, dSumHigh = 0.0;
     for (const Noise* pNoise : {&tblAtmospheric, &tblManMade, &tblGalactic}) {
         const double dPower = PowerFromDb(pNoise->dFa);

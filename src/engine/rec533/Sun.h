@@ -2,8 +2,7 @@
 /// Where the sun stands on the fifteenth of a month.
 ///
 /// Units:   radians, hours UT, minutes for the equation of time.
-/// Source:  the low-precision almanac series that the ITU program of Recommendation ITU-R P.533
-/// uses;
+/// Source:  the low-precision almanac series of the ITU program of Recommendation ITU-R P.533;
 ///          within 0.6 degrees of the Astronomical Almanac.
 /// Tests:   tests/engine/CorrectionsTest.cpp
 #pragma once

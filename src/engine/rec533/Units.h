@@ -1,9 +1,8 @@
 /// @file Units.h
 /// Constants and small conversions of the prediction method.
 ///
-/// Source:  Recommendation ITU-R P.533-14; the rounded degree factors are those of the ITU program,
-/// so
-///          that results agree to the last printed digit.
+/// Source:  Recommendation ITU-R P.533-14; the rounded degree factors are those of the ITU
+///          program, so that results agree to the last printed digit.
 #pragma once
 
 #include <algorithm>
@@ -19,6 +18,9 @@ inline constexpr double kDegrees = 57.2957795;    ///< radians to degrees
 inline constexpr double kHeightE = 110.0;          ///< reflection height of E modes, km
 inline constexpr double kHeightAbsorption = 90.0;  ///< height of the absorbing layer, km
 inline constexpr double kHeightLong = 300.0;       ///< reflection height of the long method, km
+
+inline constexpr double kSsnMost = 311.0;  ///< greatest smoothed sunspot number
+inline constexpr double kThermal = 204.0;  ///< dB, of 1 W to k T0 in 1 Hz
 
 /// Field strength written where there is no mode at all, dB(uV/m).
 inline constexpr double kFieldNone = -307.0;

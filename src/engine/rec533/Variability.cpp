@@ -1,30 +1,14 @@
 #include "engine/rec533/Variability.h"
 
 namespace rec533 {
-
-Season SeasonOfFour(int nMonth, bool bNorth)
-{
-    const bool bNovToFeb = nMonth >= 11 || nMonth <= 2;
-    const bool bMayToAug = nMonth >= 5 && nMonth <= 8;
-    if (bNovToFeb)
-        return bNorth ? Season::Winter : Season::Summer;
-    if (bMayToAug)
-        return bNorth ? Season::Summer : Season::Winter;
-    return Season::Equinox;
-}
-
-Season SeasonOfThree(int nMonth, bool bNorth)
-{
-    const bool bDecToFeb = nMonth == 12 || nMonth <= 2;
-    const bool bJunToAug = nMonth >= 6 && nMonth <= 8;
-    if (bDecToFeb)
-        return bNorth ? Season::Winter : Season::Summer;
-    if (bJunToAug)
-        return bNorth ? Season::Summer : Season::Winter;
-    return Season::Equinox;
-}
-
 namespace {
+
+Season SeasonGet(bool bAroundJanuary, bool bAroundJuly, bool bNorth)
+{
+    if (!bAroundJanuary && !bAroundJuly)
+        return Season::Equinox;
+    return bAroundJanuary == bNorth ? Season::Winter : Season::Summer;
+}
 
 double DecileGet(bool bUpper, Season eSeason, int nClass, double dLat, double dHour)
 {
@@ -42,6 +26,16 @@ double DecileGet(bool bUpper, Season eSeason, int nClass, double dLat, double dH
 }
 
 }  // namespace
+
+Season SeasonOfFour(int nMonth, bool bNorth)
+{
+    return SeasonGet(nMonth >= 11 || nMonth <= 2, nMonth >= 5 && nMonth <= 8, bNorth);
+}
+
+Season SeasonOfThree(int nMonth, bool bNorth)
+{
+    return SeasonGet(nMonth == 12 || nMonth <= 2, nMonth >= 6 && nMonth <= 8, bNorth);
+}
 
 DecileFactors DecileFactorsGet(double dLat, double dLocalHour, Season eSeason, double dSsn)
 {

@@ -1,8 +1,7 @@
 /// @file Variability.h
 /// From day to day: decile factors of the MUF, the operational MUF's ratio, seasons.
 ///
-/// Source:  Recommendation ITU-R P.1239, tables 2 and 3; ITU-R P.1240, table 1; ITU-R
-/// P.533-14, 3.6, 3.7.
+/// Source:  Recommendation ITU-R P.1239, tables 2 and 3; P.1240, table 1; P.533-14, 3.6 and 3.7.
 /// Tests:   tests/engine/CorrectionsTest.cpp
 #pragma once
 

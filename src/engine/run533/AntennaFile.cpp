@@ -1,6 +1,6 @@
 #include "engine/run533/AntennaFile.h"
 
-#include <charconv>
+#include <cmath>
 #include <span>
 
 #include "engine/rec533/Figures.h"
@@ -16,6 +16,7 @@ namespace {
 constexpr std::size_t kFileMost = 1 << 20;
 constexpr std::size_t kTitleLetters = 10;
 constexpr int kTypeGains = 11;
+constexpr double kGainMost = 999.0;  // dB, either sign: beyond it powers have no number any more
 
 AntennaLoaded BuiltInGet(std::string_view sTitle,
                          std::span<const float, rec533::kAntennaGains + 1> aFigures)
@@ -59,11 +60,11 @@ bool NumberFirst(std::string_view sLine, double& dNumber)
 Result<AntennaLoaded> AntennaRead(std::string_view sText)
 {
     constexpr std::size_t kHeadLines = 5;
-    const auto aLines = DeckLinesGet(sText);
+    const auto aLines = TextLines(sText);
     double dGain = 0.0, dType = 0.0;
     if (aLines.size() < kHeadLines || !NumberFirst(aLines[2], dGain)
         || !NumberFirst(aLines[3], dType))
-        return RunError{"no antenna file"};
+        return RunError{"no gain and type in lines 3 and 4 of the antenna file"};
     if (dType != kTypeGains)
         return RunError{"antenna type " + NumberToText(dType)
                         + " is not known, only 11 (91 gains)"};
@@ -76,6 +77,9 @@ Result<AntennaLoaded> AntennaRead(std::string_view sText)
             if (!NumberFirst(sLine, dValue))
                 return RunError{"antenna file line " + NumberToText(static_cast<int>(i) + 1)
                                 + " is not made of numbers"};
+            if (!(std::abs(dGain + dValue) <= kGainMost))
+                return RunError{"antenna file line " + NumberToText(static_cast<int>(i) + 1)
+                                + " holds a gain beyond 999 dB"};
             tbl.tblAntenna.aGain[nGains++] = dGain + dValue;
             const std::size_t nNext = sLine.find_first_of(" \t");
             sLine = nNext == std::string_view::npos ? std::string_view()
@@ -102,9 +106,9 @@ Result<AntennaLoaded> AntennaLoad(std::string_view sRoot, std::string_view sName
     const std::string sPath = FileFind(sRoot, sFolder, sFile);
     if (!sPath.empty()) {
         const Result<std::string> resText = FileRead(sPath, kFileMost);
-        if (!resText)
-            return RunError{sPath + ", " + resText.TextGet()};
-        return AntennaRead(resText.ValueGet());
+        Result<AntennaLoaded> resRead =
+            resText ? AntennaRead(resText.ValueGet()) : resText.ErrorGet();
+        return resRead ? resRead : RunError{sPath + ", " + resRead.TextGet()};
     }
     if (TextEqualNoCase(sFile, "CONST17.VOA"))
         return BuiltInGet("Const 17dB", rec533::FiguresAntennaConst17());

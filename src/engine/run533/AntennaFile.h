@@ -2,8 +2,8 @@
 /// The antenna that a deck names: a file of the engine root, or a built-in default.
 ///
 /// Format:  title; number of parameters; greatest gain (dBi); type, 11 (91 gains in dB for
-/// elevations
-///          0 to 90 degrees); efficiency, not used; the gains. ITS packages keep such files.
+///          elevations 0 to 90 degrees); efficiency, not used; the gains. ITS packages keep such
+///          files.
 /// Errors:  a text without the card's name.
 /// Tests:   tests/engine/OutputTest.cpp
 #pragma once

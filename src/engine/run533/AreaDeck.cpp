@@ -2,7 +2,6 @@
 #include <array>
 #include <cmath>
 
-#include "engine/run533/DeckText.h"
 #include "engine/run533/Decks.h"
 #include "system/TextLib.h"
 
@@ -33,13 +32,10 @@ constexpr Columns kElevation   {16, 10};
 constexpr Columns kReliability {26,  5};
 constexpr Columns kSnr         {31,  5};
 constexpr Columns kBandwidth   {36, 10};
-constexpr Columns kAntennaOpen {11,  1};
 constexpr Columns kAntennaName {12, 21};
-constexpr Columns kAntennaClose{33,  1};
 constexpr Columns kTxTurn      {41,  6};
 constexpr Columns kTxPower     {47, 11};
 // clang-format on
-constexpr double kPowerMost = 1e5;  // kW
 
 enum Line {
     kModelLine,
@@ -65,8 +61,8 @@ constexpr std::array<std::string_view, kLines> kLabels{
 
 void PlaceRead(CardReader& rdr, double& dLat, double& dLon)
 {
-    dLat = rdr.SignedGet(kLat, kLatLetter, 'N', 'S', 90.0);
-    dLon = rdr.SignedGet(kLon, kLonLetter, 'E', 'W', 180.0);
+    dLat = rdr.SignedGet(kLat, kLatLetter, "N", "S", 90.0);
+    dLon = rdr.SignedGet(kLon, kLonLetter, "E", "W", 180.0);
 }
 
 void AreaRead(CardReader& rdr, AreaDeck& tbl)
@@ -88,12 +84,10 @@ void SystemRead(CardReader& rdr, DeckCommon& tbl)
     tbl.dBandwidth = rdr.NumberGet(kBandwidth, 1.0, 1e6);
 }
 
-void AntennaRead(CardReader& rdr, std::string_view sLine, bool bTx, DeckCommon& tbl)
+void AntennaRead(CardReader& rdr, std::string_view sLabel, DeckCommon& tbl)
 {
-    AntennaCard tblCard;
-    if (rdr.TextGet(kAntennaOpen) != "[" || rdr.TextGet(kAntennaClose) != "]")
-        rdr.Fail(kAntennaName, "no name between brackets");
-    tblCard.sName = std::string(TextColumns(sLine, kAntennaName.nCol, kAntennaName.nWidth));
+    const bool bTx = sLabel == "Tx Ants";
+    AntennaCard tblCard{std::string(sLabel), kAntennaName, rdr.BracketGet(kAntennaName)};
     if (bTx) {
         tblCard.dAzimuth = rdr.NumberGet(kTxTurn, -360.0, 360.0);
         rdr.EndCheck(kTxPower);
@@ -128,9 +122,7 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
             tbl.nGrid = rdr.IntegerGet(kGrid, kGridLeast, kGridMost);
             break;
         case kCoeffs:
-            tblCommon.bUrsi = rdr.TextGet(kCoefficients) == "URSI";
-            if (!tblCommon.bUrsi && rdr.TextGet(kCoefficients) != "CCIR")
-                rdr.Fail(kCoefficients, "neither CCIR nor URSI");
+            tblCommon.bUrsi = rdr.SecondGet(kCoefficients, "CCIR", "URSI");
             break;
         case kMonths:
             rdr.EndCheck(kMonth);
@@ -138,7 +130,7 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
             break;
         case kSsns:
             rdr.EndCheck(kSunspot);
-            tblCommon.dSsn = rdr.NumberGet(kSunspot, 0.0, kSsnMost);
+            tblCommon.dSsn = rdr.NumberGet(kSunspot, 0.0, rec533::kSsnMost);
             break;
         case kHours:
             rdr.EndCheck(kHour);
@@ -164,7 +156,7 @@ Result<AreaDeck> AreaDeckRead(std::string_view sDeck)
     std::array<bool, kLines> aSeen{};
     if (!sDeck.empty() && sDeck.back() != '\n')
         return RunError{"the deck ends within a line"};
-    for (const std::string_view sLine : DeckLinesGet(sDeck)) {
+    for (const std::string_view sLine : TextLines(sDeck)) {
         if (TextTrim(sLine).empty())
             continue;
         const std::string_view sHead = TextColumns(sLine, kLabel.nCol, kLabel.nWidth);
@@ -173,7 +165,7 @@ Result<AreaDeck> AreaDeckRead(std::string_view sDeck)
         if (sHead.size() < 10 || sHead.back() != ':')
             return DeckErrorMake(TextQuote(sLabel), kLabel, "no label of this deck");
         if (sLabel == "Tx Ants" || sLabel == "Rec Ants") {
-            AntennaRead(rdr, sLine, sLabel == "Tx Ants", tbl.tblCommon);
+            AntennaRead(rdr, sLabel, tbl.tblCommon);
         } else {
             const auto itLabel = std::find(kLabels.begin(), kLabels.end(), sLabel);
             if (itLabel == kLabels.end())

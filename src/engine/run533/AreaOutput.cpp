@@ -18,7 +18,7 @@ constexpr int kPointsAThread = 200;  // less are not worth a thread
 
 struct Grid {
     const AreaDeck* pDeck = nullptr;
-    const rec533::Ionosphere* pIonosphere = nullptr;
+    const RunParts* pParts = nullptr;
     rec533::Circuit tblCircuit;
     std::string sHead;
     std::string sPoints;  // kLineBytes a point
@@ -67,7 +67,7 @@ void RowFill(Grid& tbl, int nRow, rec533::Path& tblPath, rec533::Hour& tblHour)
             dLon = LonWrap(dLon + kFixedEast, tblDeck.dWest >= 0.0);
         tblCircuit.dRxLat = dLat;
         tblCircuit.dRxLon = std::remainder(dLon, 360.0);
-        PathFill(tblPath, *tbl.pIonosphere, tblCircuit);
+        PathFill(tblPath, *tbl.pParts->pIonosphere, tblCircuit);
         HourFill(tblHour, tblPath, tblDeck.nHour == 0 ? 24 : tblDeck.nHour);
         PredictionFill(tblPrediction, tblHour, tblDeck.dFrequency);
         FieldAppend(sRow, NumberToText(i + 1), 3);
@@ -87,14 +87,15 @@ void RowsFill(Grid& tbl)
         RowFill(tbl, nRow, *pPath, *pHour);
 }
 
-void HeadMake(Grid& tbl, const Antennas& tblAntennas, rec533::Behaviour eBehaviour)
+void HeadMake(Grid& tbl, rec533::Behaviour eBehaviour)
 {
     constexpr int kTitleWidth = 90;
     const AreaDeck& tblDeck = *tbl.pDeck;
     const double dKw = tbl.tblCircuit.dPowerKw;
     std::string sTitle =
-        tblDeck.sTxName + " [" + (tblAntennas.pTx ? tblAntennas.pTx->sTitle : "Isotropic") + "] "
-        + (dKw >= 1.0 ? NumberToText(dKw) + "kW" : NumberToText(dKw * 1000.0) + "W") + " "
+        tblDeck.sTxName + " [" + (tbl.pParts->pTx ? tbl.pParts->pTx->sTitle : "Isotropic") + "] "
+        + (dKw >= 1.0 ? NumberToText(dKw) + "kW" : NumberToText(std::round(dKw * 1e6) / 1e3) + "W")
+        + " "
         + NumberFormat(
             tblDeck.tblCommon.tblTxAntenna ? tblDeck.tblCommon.tblTxAntenna->dAzimuth : 0.0, "0")
         + "deg " + NumberFormat(tblDeck.nHour == 0 ? 24.0 : tblDeck.nHour, "00") + "ut "
@@ -133,28 +134,18 @@ void PointsFill(Grid& tbl, int nThreads)
 Result<std::string> AreaOutputMake(std::string_view sDeck, std::string_view sRoot,
                                    rec533::Behaviour eBehaviour, int nThreads)
 {
-    constexpr int kAntennaCol = 12;
-    constexpr int kAntennaWidth = 21;
     const Result<AreaDeck> resDeck = AreaDeckRead(sDeck);
     if (!resDeck)
         return resDeck.ErrorGet();
-    const AreaDeck& tblDeck = resDeck.ValueGet();
-    const DeckCommon& tblCommon = tblDeck.tblCommon;
-    const Result<Antennas> resAntennas =
-        AntennasLoad(tblCommon, sRoot, "Tx Ants", "Rec Ants", kAntennaCol, kAntennaWidth);
-    if (!resAntennas)
-        return resAntennas.ErrorGet();
-    const auto pIonosphere = std::make_unique<rec533::Ionosphere>();
-    IonosphereFill(*pIonosphere, eBehaviour,
-                   tblCommon.bUrsi ? rec533::MapSet::Ursi : rec533::MapSet::Ccir, tblCommon.nMonth,
-                   tblCommon.dSsn);
+    const DeckCommon& tblCommon = resDeck.ValueGet().tblCommon;
+    const Result<RunParts> resParts = RunPartsMake(tblCommon, sRoot, eBehaviour);
+    if (!resParts)
+        return resParts.ErrorGet();
     Grid tblGrid;
-    tblGrid.pDeck = &tblDeck;
-    tblGrid.pIonosphere = pIonosphere.get();
-    tblGrid.tblCircuit = CircuitMake(
-        tblCommon, resAntennas.ValueGet(),
-        tblCommon.tblTxAntenna ? tblCommon.tblTxAntenna->dPowerKw : kPowerWithoutAntenna);
-    HeadMake(tblGrid, resAntennas.ValueGet(), eBehaviour);
+    tblGrid.pDeck = &resDeck.ValueGet();
+    tblGrid.pParts = &resParts.ValueGet();
+    tblGrid.tblCircuit = CircuitMake(tblCommon, resParts.ValueGet(), kPowerWithoutAntenna);
+    HeadMake(tblGrid, eBehaviour);
     PointsFill(tblGrid, nThreads);
     return tblGrid.sHead + tblGrid.sPoints;
 }

@@ -125,7 +125,7 @@ Row RowRead(RowReader& rdr, bool bReference)
         rdr.Fail(kPath);
     tbl.nMonth = rdr.IntegerGet(kMonth, 1, 12);
     // The ITU program refuses what lies outside of these limits.
-    tbl.dSsn = rdr.NumberGet(kSsn, bReference ? 1.0 : 0.0, kSsnMost);
+    tbl.dSsn = rdr.NumberGet(kSsn, bReference ? 1.0 : 0.0, rec533::kSsnMost);
     tbl.dFrequency = rdr.NumberGet(kFreq, bReference ? 1.0 : kFrequencyLeast,
                                    bReference ? 30.0 : kFrequencyMost);
     tblCircuit.dPowerKw = rdr.NumberGet(kPower, 1e-6, 1e9) / 1000.0;
@@ -241,10 +241,13 @@ Result<void> HeadRead(std::array<std::size_t, kInputs>& aAt, const Cells& aHead)
 Result<std::string> CircuitTableMake(std::string_view sTable, rec533::Behaviour eBehaviour,
                                      rec533::MapSet eMaps)
 {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // spreadsheets write it
+    if (sTable.starts_with(kByteOrderMark))
+        sTable.remove_prefix(kByteOrderMark.size());
     std::string sOut;
     for (const std::string_view sName : kInputNames) sOut.append(sName).append(1, ',');
     sOut.append(kOutputNames).append(1, '\n');
-    const auto aLines = DeckLinesGet(sTable);
+    const auto aLines = TextLines(sTable);
     Cells aCells;
     std::array<std::size_t, kInputs> aAt{};
     CellsSplit(aCells, aLines.empty() ? std::string_view() : aLines.front());

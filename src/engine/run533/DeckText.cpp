@@ -7,29 +7,7 @@
 
 namespace run533 {
 
-std::vector<std::string_view> DeckLinesGet(std::string_view sDeck)
-{
-    std::vector<std::string_view> aLines;
-    while (!sDeck.empty()) {
-        const std::size_t nEnd = sDeck.find('\n');
-        std::string_view sLine = sDeck.substr(0, nEnd);
-        if (!sLine.empty() && sLine.back() == '\r')
-            sLine.remove_suffix(1);
-        aLines.push_back(sLine);
-        if (nEnd == std::string_view::npos)
-            break;
-        sDeck.remove_prefix(nEnd + 1);
-    }
-    return aLines;
-}
-
-std::string TextQuote(std::string_view sText)
-{
-    std::string sQuoted(1, '"');
-    sQuoted += sText;
-    sQuoted += '"';
-    return sQuoted;
-}
+std::string TextQuote(std::string_view sText) { return '"' + TextPrintable(sText) + '"'; }
 
 RunError DeckErrorMake(std::string_view sCard, Columns fld, std::string_view sWhy)
 {
@@ -87,17 +65,26 @@ int CardReader::IntegerGet(Columns fld, int nLeast, int nMost)
     return static_cast<int>(dNumber);
 }
 
-double CardReader::SignedGet(Columns fldNumber, Columns fldLetter, char cPlus, char cMinus,
-                             double dMost)
+bool CardReader::SecondGet(Columns fld, std::string_view sFirst, std::string_view sSecond)
+{
+    const std::string_view sText = TextGet(fld);
+    if (sText != sFirst && sText != sSecond)
+        Fail(fld, "neither " + std::string(sFirst) + " nor " + std::string(sSecond));
+    return sText == sSecond;
+}
+
+double CardReader::SignedGet(Columns fldNumber, Columns fldLetter, std::string_view sPlus,
+                             std::string_view sMinus, double dMost)
 {
     const double dNumber = NumberGet(fldNumber, 0.0, dMost);
-    const std::string_view sLetter = TextGet(fldLetter);
-    if (sLetter.size() == 1 && sLetter[0] == cPlus)
-        return dNumber;
-    if (sLetter.size() == 1 && sLetter[0] == cMinus)
-        return -dNumber;
-    Fail(fldLetter, std::string("neither ") + cPlus + " nor " + cMinus);
-    return 0.0;
+    return SecondGet(fldLetter, sPlus, sMinus) ? -dNumber : dNumber;
+}
+
+std::string CardReader::BracketGet(Columns fld)
+{
+    if (TextGet({fld.nCol - 1, 1}) != "[" || TextGet({fld.nCol + fld.nWidth, 1}) != "]")
+        Fail(fld, "no name between brackets");
+    return std::string(TextColumns(m_sLine, fld.nCol, fld.nWidth));
 }
 
 }  // namespace run533

@@ -7,7 +7,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "system/Result.h"
 
@@ -19,10 +18,7 @@ struct Columns {
     int nWidth;
 };
 
-/// Lines of a deck without their ends (LF or CR LF); empty ones stay.
-[[nodiscard]] std::vector<std::string_view> DeckLinesGet(std::string_view sDeck);
-
-/// The text between quotation marks.
+/// The text between quotation marks, on one line.
 [[nodiscard]] std::string TextQuote(std::string_view sText);
 /// "NAME, columns 11-15: why".
 [[nodiscard]] RunError DeckErrorMake(std::string_view sCard, Columns fld, std::string_view sWhy);
@@ -40,8 +36,13 @@ public:
     double NumberGet(Columns fld, double dLeast, double dMost);
     /// A whole number within its limits; "11." and "11.00" are whole.
     int IntegerGet(Columns fld, int nLeast, int nMost);
+    /// True for the second, false for the first of the two texts that the field may hold.
+    bool SecondGet(Columns fld, std::string_view sFirst, std::string_view sSecond);
     /// One of two letters behind an absolute value: the sign. fldLetter is one wide.
-    double SignedGet(Columns fldNumber, Columns fldLetter, char cPlus, char cMinus, double dMost);
+    double SignedGet(Columns fldNumber, Columns fldLetter, std::string_view sPlus,
+                     std::string_view sMinus, double dMost);
+    /// A name with its blanks, from a field that stands between brackets.
+    std::string BracketGet(Columns fld);
     /// Fails where the field's text runs on behind it: a number in wrong columns, which would be
     /// cut to another one. For fields behind which the card begins with a blank, or ends.
     void EndCheck(Columns fld);

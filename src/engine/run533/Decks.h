@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "engine/rec533/Units.h"
+#include "engine/run533/DeckText.h"
 #include "system/Result.h"
 
 namespace run533 {
@@ -19,13 +20,15 @@ namespace run533 {
 inline constexpr int kFrequenciesMost = 10;
 inline constexpr double kFrequencyLeast = 0.1;  ///< MHz
 inline constexpr double kFrequencyMost = 45.0;
-inline constexpr double kSsnMost = 311.0;  ///< smoothed sunspot number
-inline constexpr int kGridLeast = 2;       ///< points a side
+inline constexpr int kGridLeast = 2;  ///< points a side
 inline constexpr int kGridMost = 999;
+inline constexpr double kPowerMost = 1e5;            ///< kW
 inline constexpr double kPowerWithoutAntenna = 1.0;  ///< kW, area decks without antenna cards
 
 /// An antenna as a deck names it.
 struct AntennaCard {
+    std::string sCard;  ///< the card's name and its columns for errors
+    Columns tblAt{};
     std::string sName;      ///< as it stands between the brackets, "DEFAULT\SWWHIP.VOA   "
     double dAzimuth = 0.0;  ///< degrees
     double dPowerKw = 0.0;  ///< 0 at a receiver

@@ -8,12 +8,10 @@
 namespace run533 {
 
 /// Appends a number right-justified in nWidth columns with nDecimals. At least one blank stands
-/// before it: a value that does not fit becomes the nearest one that does. Not-a-number counts as
-/// 0.
+/// before it: a value that does not fit becomes the nearest one that does. Not-a-number is 0.
 void FieldAppend(std::string& sLine, double dValue, int nWidth, int nDecimals);
 
-/// Appends text right-justified (nWidth > 0) or left-justified (nWidth < 0); too long a text is
-/// cut.
+/// Appends text right-justified (nWidth > 0) or left-justified (nWidth < 0), cut to fit.
 void FieldAppend(std::string& sLine, std::string_view sText, int nWidth);
 
 }  // namespace run533

@@ -2,7 +2,6 @@
 #include <array>
 #include <cmath>
 
-#include "engine/run533/DeckText.h"
 #include "engine/run533/Decks.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
@@ -29,8 +28,6 @@ constexpr Columns kPower        {11, 11};
 constexpr Columns kElevation    {22,  5};
 constexpr Columns kAntennaSide  {11,  5};
 constexpr Columns kAntennaName  {42, 21};
-constexpr Columns kAntennaOpen  {41,  1};
-constexpr Columns kAntennaClose {63,  1};
 constexpr Columns kAntennaTurn  {64,  5};
 constexpr Columns kAntennaPower {69, 10};
 constexpr Columns kNoise        {11,  5};
@@ -40,7 +37,6 @@ constexpr Columns kReliability  {26,  5};
 constexpr int kFrequencyCol   = 11;
 constexpr int kFrequencyWidth = 7;
 // clang-format on
-constexpr double kPowerMost = 1e5;  // kW
 
 enum Card {
     kOutput,
@@ -64,8 +60,8 @@ constexpr std::array<std::string_view, kCards> kCardNames{"OUTPUT", "COEFFS", "S
 void StationRead(CardReader& rdr, std::string& sName, double& dLat, double& dLon)
 {
     sName = std::string(rdr.TextGet(kStation));
-    dLat = rdr.SignedGet(kLat, kLatLetter, 'N', 'S', 90.0);
-    dLon = rdr.SignedGet(kLon, kLonLetter, 'E', 'W', 180.0);
+    dLat = rdr.SignedGet(kLat, kLatLetter, "N", "S", 90.0);
+    dLon = rdr.SignedGet(kLon, kLonLetter, "E", "W", 180.0);
     if (rdr.TextGet(kWay) != "S")
         rdr.Fail(kWay, "only the short path is known");
 }
@@ -86,13 +82,11 @@ void FrequenciesRead(CardReader& rdr, std::string_view sLine, PointDeck& tbl)
         rdr.Fail({kFrequencyCol, kFrequencyWidth}, "no frequency");
 }
 
-void AntennaRead(CardReader& rdr, DeckCommon& tbl, std::string_view sLine)
+void AntennaRead(CardReader& rdr, DeckCommon& tbl)
 {
     const int nSide = rdr.IntegerGet(kAntennaSide, 1, 2);
-    AntennaCard tblCard;
-    if (rdr.TextGet(kAntennaOpen) != "[" || rdr.TextGet(kAntennaClose) != "]")
-        rdr.Fail(kAntennaName, "no name between brackets");
-    tblCard.sName = std::string(TextColumns(sLine, kAntennaName.nCol, kAntennaName.nWidth));
+    AntennaCard tblCard{"ANTENNA " + NumberToText(nSide), kAntennaName,
+                        rdr.BracketGet(kAntennaName)};
     tblCard.dAzimuth = rdr.NumberGet(kAntennaTurn, -360.0, 360.0);
     rdr.EndCheck(kAntennaPower);
     tblCard.dPowerKw = rdr.NumberGet(kAntennaPower, 0.0, kPowerMost);
@@ -125,13 +119,11 @@ void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tb
     DeckCommon& tblCommon = tbl.tblCommon;
     switch (eCard) {
         case kCoeffs:
-            tblCommon.bUrsi = rdr.TextGet(kCoefficients) == "URSI";
-            if (!tblCommon.bUrsi && rdr.TextGet(kCoefficients) != "CCIR")
-                rdr.Fail(kCoefficients, "neither CCIR nor URSI");
+            tblCommon.bUrsi = rdr.SecondGet(kCoefficients, "CCIR", "URSI");
             break;
         case kSsn:
             rdr.EndCheck(kSunspot);
-            tblCommon.dSsn = rdr.NumberGet(kSunspot, 0.0, kSsnMost);
+            tblCommon.dSsn = rdr.NumberGet(kSunspot, 0.0, rec533::kSsnMost);
             break;
         case kTime:
             TimeRead(rdr);
@@ -169,14 +161,14 @@ Result<PointDeck> PointDeckRead(std::string_view sDeck)
 {
     PointDeck tbl;
     std::array<bool, kCards> aSeen{};
-    for (const std::string_view sLine : DeckLinesGet(sDeck)) {
+    for (const std::string_view sLine : TextLines(sDeck)) {
         if (TextTrim(sLine).empty())
             continue;
-        const std::string sName(TextColumns(sLine, kName.nCol, kName.nWidth));
-        const std::string_view sCard(sName.data(), sName.find_last_not_of(' ') + 1);
+        const std::string_view sName = TextColumns(sLine, kName.nCol, kName.nWidth);
+        const std::string_view sCard = sName.substr(0, sName.find_last_not_of(' ') + 1);
         CardReader rdr(sCard, sLine);
         if (sCard == "ANTENNA") {
-            AntennaRead(rdr, tbl.tblCommon, sLine);
+            AntennaRead(rdr, tbl.tblCommon);
         } else {
             const auto itName = std::find(kCardNames.begin(), kCardNames.end(), sCard);
             if (itName == kCardNames.end())

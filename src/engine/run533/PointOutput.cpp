@@ -23,7 +23,7 @@ struct Column {
 
 struct Page {
     const PointDeck* pDeck = nullptr;
-    const Antennas* pAntennas = nullptr;
+    const RunParts* pParts = nullptr;
     rec533::Path tblPath;
     rec533::Hour tblHour;
     std::array<Column, kColumns> aColumns;
@@ -198,18 +198,16 @@ void HourAppend(Page& tbl, int nLabel)
     BlockAppend(tbl, LufGet(tbl.tblHour));
 }
 
-void PathMake(Page& tbl, const rec533::Ionosphere& tblIonosphere)
+void PathMake(Page& tbl)
 {
     const PointDeck& tblDeck = *tbl.pDeck;
     const DeckCommon& tblCommon = tblDeck.tblCommon;
-    const double dPower =
-        tblCommon.tblTxAntenna ? tblCommon.tblTxAntenna->dPowerKw : tblDeck.dPowerKw;
-    rec533::Circuit tblCircuit = CircuitMake(tblCommon, *tbl.pAntennas, dPower);
+    rec533::Circuit tblCircuit = CircuitMake(tblCommon, *tbl.pParts, tblDeck.dPowerKw);
     const bool bSame = tblCommon.dTxLat == tblDeck.dRxLat && tblCommon.dTxLon == tblDeck.dRxLon;
     tbl.dRxLon = tblDeck.dRxLon + (bSame ? kSameEast : 0.0);
     tblCircuit.dRxLat = tblDeck.dRxLat;
     tblCircuit.dRxLon = tbl.dRxLon;
-    PathFill(tbl.tblPath, tblIonosphere, tblCircuit);
+    PathFill(tbl.tblPath, *tbl.pParts->pIonosphere, tblCircuit);
     const rec533::GreatCircle& tblWay = tbl.tblPath.tblWay;
     tbl.dTxAzimuth = rec533::BearingGet(tblWay.tblFrom, tblWay.tblTo) * rec533::kDegrees;
     tbl.dRxAzimuth = rec533::BearingGet(tblWay.tblTo, tblWay.tblFrom) * rec533::kDegrees;
@@ -222,27 +220,19 @@ void PathMake(Page& tbl, const rec533::Ionosphere& tblIonosphere)
 Result<std::string> PointOutputMake(std::string_view sDeck, std::string_view sRoot,
                                     rec533::Behaviour eBehaviour)
 {
-    constexpr int kAntennaCol = 42;
-    constexpr int kAntennaWidth = 21;
     constexpr std::size_t kOutputBytes = 17000;
     const Result<PointDeck> resDeck = PointDeckRead(sDeck);
     if (!resDeck)
         return resDeck.ErrorGet();
-    const DeckCommon& tblCommon = resDeck.ValueGet().tblCommon;
-    const Result<Antennas> resAntennas =
-        AntennasLoad(tblCommon, sRoot, "ANTENNA 1", "ANTENNA 2", kAntennaCol, kAntennaWidth);
-    if (!resAntennas)
-        return resAntennas.ErrorGet();
-    const auto pIonosphere = std::make_unique<rec533::Ionosphere>();
-    IonosphereFill(*pIonosphere, eBehaviour,
-                   tblCommon.bUrsi ? rec533::MapSet::Ursi : rec533::MapSet::Ccir, tblCommon.nMonth,
-                   tblCommon.dSsn);
+    const Result<RunParts> resParts = RunPartsMake(resDeck.ValueGet().tblCommon, sRoot, eBehaviour);
+    if (!resParts)
+        return resParts.ErrorGet();
     const auto pPage = std::make_unique<Page>();
     pPage->pDeck = &resDeck.ValueGet();
-    pPage->pAntennas = &resAntennas.ValueGet();
+    pPage->pParts = &resParts.ValueGet();
     pPage->sMethod = MethodNameGet(eBehaviour);
     pPage->sText.reserve(kOutputBytes);
-    PathMake(*pPage, *pIonosphere);
+    PathMake(*pPage);
     for (int i = 0; i < 24; ++i) {
         if (i % kHoursAPage == 0)
             HeadAppend(*pPage, i / kHoursAPage + 1);

@@ -28,14 +28,6 @@ std::string FolderFind(const std::string& sRoot, const std::string& sName,
                                                                                         : sFolder;
 }
 
-Result<std::string> DeckRead(const std::string& sPath)
-{
-    Result<std::string> resDeck = FileRead(sPath, kDeckMost);
-    if (!resDeck)
-        return RunError{sPath + ", " + resDeck.TextGet()};
-    return resDeck;
-}
-
 Result<void> TemporaryWrite(const std::string& sPath, const std::string& sText)
 {
     Result<OutputFile> resFile = OutputFile::Open(sPath);
@@ -59,9 +51,25 @@ Result<void> OutputWrite(const std::string& sPath, const std::string& sText)
             return {};
         resDone = RunErrorFromErrno(error.value());
     }
-    std::error_code errorIgnored;
-    std::filesystem::remove(PathOf(sTemporary), errorIgnored);
+    static_cast<void>(FileDelete(sTemporary));
     return RunError{sPath + ", " + resDone.TextGet()};
+}
+
+// fnMake turns the deck's text into the output's.
+template <class MakeFn>
+Result<void> DeckRun(const std::string& sFolder, const std::string& sDeck,
+                     const std::string& sOutput, MakeFn fnMake)
+{
+    if (sDeck == sOutput)
+        return RunError{sDeck + ", named as the output too"};
+    const std::string sPath = PathJoin(sFolder, sDeck);
+    const Result<std::string> resDeck = FileRead(sPath, kDeckMost);
+    if (!resDeck)
+        return RunError{sPath + ", " + resDeck.TextGet()};
+    const Result<std::string> resText = fnMake(resDeck.ValueGet());
+    if (!resText)
+        return RunError{sDeck + ", " + resText.TextGet()};
+    return OutputWrite(PathJoin(sFolder, sOutput), resText.ValueGet());
 }
 
 }  // namespace
@@ -69,27 +77,15 @@ Result<void> OutputWrite(const std::string& sPath, const std::string& sText)
 Result<void> PointRun(const std::string& sRoot, const std::string& sDeck,
                       const std::string& sOutput)
 {
-    const std::string sFolder = FolderFind(sRoot, "RUN", "run", sDeck);
-    const Result<std::string> resDeck = DeckRead(PathJoin(sFolder, sDeck));
-    if (!resDeck)
-        return resDeck.ErrorGet();
-    const Result<std::string> resText = PointOutputMake(resDeck.ValueGet(), sRoot, kBehaviour);
-    if (!resText)
-        return RunError{sDeck + ", " + resText.TextGet()};
-    return OutputWrite(PathJoin(sFolder, sOutput), resText.ValueGet());
+    return DeckRun(FolderFind(sRoot, "RUN", "run", sDeck), sDeck, sOutput,
+                   [&](std::string_view s) { return PointOutputMake(s, sRoot, kBehaviour); });
 }
 
 Result<void> AreaRun(const std::string& sRoot, const std::string& sDeck)
 {
-    const std::string sFolder = FolderFind(sRoot, "areadata", "AREADATA", sDeck);
-    const Result<std::string> resDeck = DeckRead(PathJoin(sFolder, sDeck));
-    if (!resDeck)
-        return resDeck.ErrorGet();
-    const Result<std::string> resText = AreaOutputMake(resDeck.ValueGet(), sRoot, kBehaviour);
-    if (!resText)
-        return RunError{sDeck + ", " + resText.TextGet()};
-    const std::string sStem = sDeck.substr(0, sDeck.rfind('.'));
-    return OutputWrite(PathJoin(sFolder, sStem + ".rg1"), resText.ValueGet());
+    return DeckRun(FolderFind(sRoot, "areadata", "AREADATA", sDeck), sDeck,
+                   sDeck.substr(0, sDeck.rfind('.')) + ".rg1",
+                   [&](std::string_view s) { return AreaOutputMake(s, sRoot, kBehaviour); });
 }
 
 }  // namespace run533

@@ -3,45 +3,43 @@
 #include <algorithm>
 #include <array>
 
-#include "engine/run533/DeckText.h"
-
 namespace run533 {
 
-Result<Antennas> AntennasLoad(const DeckCommon& tbl, std::string_view sRoot,
-                              std::string_view sTxCard, std::string_view sRxCard, int nCol,
-                              int nWidth)
+Result<RunParts> RunPartsMake(const DeckCommon& tbl, std::string_view sRoot,
+                              rec533::Behaviour eBehaviour)
 {
-    Antennas tblAntennas;
+    RunParts tblParts;
     for (const bool bTx : {true, false}) {
         const auto& tblCard = bTx ? tbl.tblTxAntenna : tbl.tblRxAntenna;
         if (!tblCard)
             continue;
         Result<AntennaLoaded> resLoaded = AntennaLoad(sRoot, tblCard->sName);
         if (!resLoaded)
-            return DeckErrorMake(bTx ? sTxCard : sRxCard, {nCol, nWidth}, resLoaded.TextGet());
-        (bTx ? tblAntennas.pTx : tblAntennas.pRx) =
-            std::make_unique<AntennaLoaded>(resLoaded.ValueGet());
+            return DeckErrorMake(tblCard->sCard, tblCard->tblAt, resLoaded.TextGet());
+        (bTx ? tblParts.pTx : tblParts.pRx) = std::make_unique<AntennaLoaded>(resLoaded.ValueGet());
     }
-    return tblAntennas;
+    tblParts.pIonosphere = std::make_unique<rec533::Ionosphere>();
+    IonosphereFill(*tblParts.pIonosphere, eBehaviour,
+                   tbl.bUrsi ? rec533::MapSet::Ursi : rec533::MapSet::Ccir, tbl.nMonth, tbl.dSsn);
+    return tblParts;
 }
 
-rec533::Circuit CircuitMake(const DeckCommon& tbl, const Antennas& tblAntennas, double dPowerKw)
+rec533::Circuit CircuitMake(const DeckCommon& tbl, const RunParts& tblParts, double dPowerKw)
 {
-    constexpr double kNoiseLeast =
-        -200.0;  // dBW in 1 Hz at 3 MHz; quiet rural is -164, cities -127
-    constexpr double kNoiseMost = -100.0;
+    constexpr double kNoiseLeast = -200.0;  // dBW in 1 Hz at 3 MHz; quiet rural is -164 ...
+    constexpr double kNoiseMost = -100.0;   // ... and a city -127
     rec533::Circuit tblCircuit;
     tblCircuit.dTxLat = tbl.dTxLat;
     tblCircuit.dTxLon = tbl.dTxLon;
-    tblCircuit.dPowerKw = dPowerKw;
+    tblCircuit.dPowerKw = tbl.tblTxAntenna ? tbl.tblTxAntenna->dPowerKw : dPowerKw;
     tblCircuit.eNoise = rec533::NoiseCategory::Level;
     tblCircuit.dNoiseLevel = std::clamp(tbl.dNoise, kNoiseLeast, kNoiseMost);
     tblCircuit.dRequiredSnr = tbl.dRequiredSnr;
     tblCircuit.dRequiredReliability = tbl.dReliability;
     tblCircuit.dBandwidth = tbl.dBandwidth;
     tblCircuit.dLeastElevation = tbl.dLeastElevation;
-    tblCircuit.pTx = tblAntennas.pTx ? &tblAntennas.pTx->tblAntenna : nullptr;
-    tblCircuit.pRx = tblAntennas.pRx ? &tblAntennas.pRx->tblAntenna : nullptr;
+    tblCircuit.pTx = tblParts.pTx ? &tblParts.pTx->tblAntenna : nullptr;
+    tblCircuit.pRx = tblParts.pRx ? &tblParts.pRx->tblAntenna : nullptr;
     return tblCircuit;
 }
 

@@ -5,23 +5,21 @@
 #include <memory>
 
 #include "engine/rec533/Circuit.h"
-#include "engine/rec533/Units.h"
+#include "engine/rec533/Ionosphere.h"
 #include "engine/run533/AntennaFile.h"
 #include "engine/run533/Decks.h"
 
 namespace run533 {
 
-/// The deck's antennas, loaded; none: isotropic.
-struct Antennas {
-    std::unique_ptr<AntennaLoaded> pTx, pRx;
+struct RunParts {
+    std::unique_ptr<AntennaLoaded> pTx, pRx;  ///< none: isotropic
+    std::unique_ptr<rec533::Ionosphere> pIonosphere;
 };
-/// sTxCard, sRxCard: the cards' names for errors; nCol, nWidth: where they name the antenna.
-[[nodiscard]] Result<Antennas> AntennasLoad(const DeckCommon& tbl, std::string_view sRoot,
-                                            std::string_view sTxCard, std::string_view sRxCard,
-                                            int nCol, int nWidth);
+[[nodiscard]] Result<RunParts> RunPartsMake(const DeckCommon& tbl, std::string_view sRoot,
+                                            rec533::Behaviour eBehaviour);
 
-/// The circuit without its receiver's place.
-[[nodiscard]] rec533::Circuit CircuitMake(const DeckCommon& tbl, const Antennas& tblAntennas,
+/// The circuit without its receiver's place. dPowerKw: without an antenna card for it.
+[[nodiscard]] rec533::Circuit CircuitMake(const DeckCommon& tbl, const RunParts& tblParts,
                                           double dPowerKw);
 
 /// How the page head and the grid's first line name the method.

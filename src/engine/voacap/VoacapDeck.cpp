@@ -13,20 +13,6 @@ constexpr int kGridCol = 11;  // Gridsize line: I5
 constexpr int kGridWidth = 5;
 constexpr int kGridMax = 999;  // the grid file counts its points in three columns
 
-std::vector<std::string_view> DeckLines(std::string_view sDeck)
-{
-    std::vector<std::string_view> asLines;
-    while (!sDeck.empty()) {
-        const std::size_t nEnd = std::min(sDeck.find('\n'), sDeck.size());
-        std::string_view sLine = sDeck.substr(0, nEnd);
-        sDeck.remove_prefix(std::min(nEnd + 1, sDeck.size()));
-        if (sLine.ends_with('\r'))
-            sLine.remove_suffix(1);
-        asLines.push_back(sLine);
-    }
-    return asLines;
-}
-
 std::string ColumnsName(std::string_view sCard, int nCol, int nWidth)
 {
     return std::string(sCard) + " card, columns " + NumberToText(nCol) + "-"
@@ -110,7 +96,7 @@ Result<VoacapDeck> VoacapDeckPoint(std::string_view sDeck)
 {
     VoacapDeck deck;
     bool bAfterFrequency = false;
-    for (const std::string_view sLine : DeckLines(sDeck)) {
+    for (const std::string_view sLine : TextLines(sDeck)) {
         if (bAfterFrequency && TextTrim(sLine).empty())
             continue;
         bAfterFrequency = sLine.starts_with("FREQUENCY");
@@ -133,7 +119,7 @@ Result<VoacapDeck> VoacapDeckPoint(std::string_view sDeck)
 Result<VoacapDeck> VoacapDeckArea(std::string_view sDeck)
 {
     VoacapDeck deck;
-    for (const std::string_view sLine : DeckLines(sDeck)) {
+    for (const std::string_view sLine : TextLines(sDeck)) {
         if (sLine.starts_with("Qindexs  :"))
             continue;
         if (sLine.starts_with("Gridsize :")) {

@@ -1,6 +1,5 @@
 #include "engine/voacap/VoacapLauncher.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <optional>
 
@@ -136,15 +135,12 @@ Result<void> FolderFill(const VoacapRunFolder& folder, const Job& job, const Voa
 /// What voacapl said that tells the cause best: its first line of an error, else its last line.
 std::string ConsoleTell(const std::string& sConsoleFile)
 {
-    auto resConsole = FileRead(sConsoleFile, kConsoleMax);
+    const auto resConsole = FileRead(sConsoleFile, kConsoleMax);
     if (!resConsole)
         return {};
     std::string sTold;
-    const std::string& sAll = resConsole.ValueGet();
-    for (std::size_t nStart = 0; nStart < sAll.size();) {
-        const std::size_t nEnd = std::min(sAll.find('\n', nStart), sAll.size());
-        const std::string sLine(TextTrim(std::string_view(sAll).substr(nStart, nEnd - nStart)));
-        nStart = nEnd + 1;
+    for (const std::string_view sRaw : TextLines(resConsole.ValueGet())) {
+        const std::string_view sLine = TextTrim(sRaw);
         if (sLine.empty())
             continue;
         sTold = sLine;
@@ -215,12 +211,9 @@ Result<void> JobRun(const Job& job, const VoacapDeck& deck, const VoacapPlaces& 
 }
 
 /// Printable, and on one line, whatever a deck or voacapl held.
-VoacapOutcome OutcomeTell(int nStatus, std::string sText)
+VoacapOutcome OutcomeTell(int nStatus, std::string_view sText)
 {
-    for (char& c : sText)
-        if (static_cast<unsigned char>(c) < ' ' || c == '\x7f')
-            c = ' ';
-    return {nStatus, sText};
+    return {nStatus, TextPrintable(sText)};
 }
 
 }  // namespace
@@ -230,18 +223,21 @@ VoacapOutcome VoacapLaunch(std::span<const std::string> asArguments, const Voaca
     const auto job = ArgumentsRead(asArguments);
     if (!job)
         return {kWrong, "usage: voacapw.exe ROOT DECK OUTPUT, or voacapw.exe ROOT AREA CALC DECK"};
-    // An old output must not pass for this run's, whatever happens now.
+    const std::string sDeck = "deck " + job->pthDeck.string() + ": ";
     std::error_code errIgnored;
+    if (fs::equivalent(job->pthDeck, job->pthOutput, errIgnored))
+        return OutcomeTell(kWrong, sDeck + "named as the output too");
+    // An old output must not pass for this run's, whatever happens now.
     if (!fs::is_directory(job->pthOutput, errIgnored))
         fs::remove(job->pthOutput, errIgnored);
 
     const auto resBytes = FileRead(job->pthDeck.string(), kDeckMax);
     if (!resBytes)
-        return OutcomeTell(kWrong, "deck " + job->pthDeck.string() + ": " + resBytes.TextGet());
+        return OutcomeTell(kWrong, sDeck + resBytes.TextGet());
     const auto resDeck =
         job->bArea ? VoacapDeckArea(resBytes.ValueGet()) : VoacapDeckPoint(resBytes.ValueGet());
     if (!resDeck)
-        return OutcomeTell(kWrong, "deck " + job->pthDeck.string() + ": " + resDeck.TextGet());
+        return OutcomeTell(kWrong, sDeck + resDeck.TextGet());
     const auto resRun = JobRun(*job, resDeck.ValueGet(), places);
     if (!resRun)
         return OutcomeTell(kFailed, resRun.TextGet());

@@ -335,8 +335,7 @@ bool GridControl::eventFilter(QObject* pObject, QEvent* pEvent)
         const GridPlace place = PlaceAt(pWidget->mapTo(this, pMouse->pos()));
         Q_EMIT CellPressed(place.iRow, place.iCol, pMouse->button());
     } else if (pEvent->type() == QEvent::ToolTip) {
-        QToolTip::showText(static_cast<QHelpEvent*>(pEvent)->globalPos(), toolTip(), this);
-        return true;
+        return viewportEvent(pEvent);
     }
     return QTableView::eventFilter(pObject, pEvent);
 }

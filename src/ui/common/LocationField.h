@@ -18,7 +18,6 @@ public:
     explicit LocationField(QWidget* pParent = nullptr);
     /// The kind gives mask, hemisphere letters and the initial text. Latitude until called.
     void KindSet(LocationKind eKind);
-    [[nodiscard]] LocationKind KindGet() const { return m_eKind; }
     /// The text as the program sets it; nothing is left to undo.
     void TextSet(const QString& sText);
     /// Caret position from 0: the character that the next key replaces.

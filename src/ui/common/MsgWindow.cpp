@@ -2,7 +2,8 @@
 
 #include <QApplication>
 #include <QMessageBox>
-#include <utility>
+
+#include "system/MsgLib.h"
 
 namespace {
 
@@ -40,15 +41,3 @@ QString MsgTextShown(const std::string& sText)
     sShown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
     return sShown;
 }
-
-MsgListener::MsgListener()
-{
-    m_fnBefore = MsgSetHandler({});
-    MsgSetHandler([this](MsgIcon eIcon, const std::string& sText) {
-        m_sLast = sText;
-        if (m_fnBefore)
-            m_fnBefore(eIcon, sText);
-    });
-}
-
-MsgListener::~MsgListener() { MsgSetHandler(std::move(m_fnBefore)); }

@@ -41,7 +41,6 @@ private:
     void RowsLayout();
     void RowFill(int iRow, const PropagationTable& table);
     void RowClear(int iRow);
-    void SnrColor(int iRow, float fSnr);
     void Highlight(int iRow, int iHour);
     void RowColor(int iRow, const QColor& clrBack, const QColor& clrFore);
     void grdDataMouseMove(int iCol);

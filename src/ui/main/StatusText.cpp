@@ -38,7 +38,7 @@ std::string StatusInForce(const Settings& settings, bool bBuiltIn, bool bSunSpot
 }
 
 std::string StatusTrouble(RunTrouble eTrouble, const Settings& settings,
-                          const std::string& sMessage)
+                          const std::string& sMessage, const std::string& sEngine)
 {
     if (eTrouble == RunTrouble::SunSpot)
         return "No sunspot number from Airmail: Options, Model, clear Auto";
@@ -47,6 +47,7 @@ std::string StatusTrouble(RunTrouble eTrouble, const Settings& settings,
     if (sMessage.find("not found.") != std::string::npos)
         return EngineName(settings) + " is not installed: Options, Model, choose another engine";
     const std::string sLine = sMessage.substr(0, sMessage.find_first_of("\r\n"));
-    return sLine.empty() ? "The prediction failed: Options, Model, choose an engine"
-                         : "The prediction failed: " + sLine;
+    return sLine.empty()
+               ? "The prediction failed: Options, Model, choose an engine"
+               : "The prediction failed: " + sLine + (sEngine.empty() ? "" : " (" + sEngine + ")");
 }

@@ -20,5 +20,7 @@ enum class RunTrouble { SunSpot, Frequencies, Engine };
 
 /// One line of advice on a failed run.
 /// @param sMessage  the box that was shown, empty when there was none
+/// @param sEngine   what else is known of the engine's failure (EngineTroubleGet)
 [[nodiscard]] std::string StatusTrouble(RunTrouble eTrouble, const Settings& settings,
-                                        const std::string& sMessage);
+                                        const std::string& sMessage,
+                                        const std::string& sEngine = {});

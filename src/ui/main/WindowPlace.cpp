@@ -28,6 +28,9 @@ bool NormalIs(const QWidget& window)
     return !window.isMinimized() && !window.isMaximized() && !window.isFullScreen();
 }
 
+/// What the frame adds to the inner size.
+QSize FrameSize(const QWidget& window) { return window.frameGeometry().size() - window.size(); }
+
 }  // namespace
 
 std::optional<WindowData> WindowDataGet(const QWidget& window)
@@ -83,17 +86,37 @@ void WindowOuterSet(QWidget& window, const QRect& rectOuter)
     QList<QRect> aScreens;
     for (const QScreen* pScreen : QGuiApplication::screens())
         aScreens.append(pScreen->availableGeometry());
-    const QSize sizeFrame = window.frameGeometry().size() - window.size();
+    const QSize sizeFrame = FrameSize(window);
     const QSize sizeLeast = window.minimumSizeHint() + sizeFrame;
     const QRect rect = RectOnScreen(rectOuter, sizeLeast, aScreens);
     window.resize(rect.size() - sizeFrame);
     window.move(rect.topLeft());
 }
 
+QRect RectBeside(const QSize& size, const QRect& rectOther, const QRect& rectScreen)
+{
+    QRect rectBest;
+    for (const int nLeft : {rectOther.left() + rectOther.width(), rectOther.left() - size.width()})
+        for (const int nTop : {rectOther.top(), rectOther.top() + rectOther.height(),
+                               rectOther.top() - size.height()}) {
+            const QRect rect = RectOnScreen({{nLeft, nTop}, size}, {}, {rectScreen});
+            if (rectBest.isNull() || Area(rect & rectOther) < Area(rectBest & rectOther))
+                rectBest = rect;
+        }
+    return rectBest;
+}
+
 void WindowPutBeside(QWidget& window, const QWidget& windowOther)
 {
-    const QRect rectScreen = windowOther.screen()->availableGeometry();
-    const QRect rectOther = windowOther.frameGeometry();
-    const int nLeftMost = rectScreen.left() + rectScreen.width() - window.width();
-    window.move(std::min(rectOther.left() + rectOther.width(), nLeftMost), rectOther.top());
+    const QSize sizeFrame = FrameSize(windowOther);
+    const QRect rect = RectBeside(window.size() + sizeFrame, windowOther.frameGeometry(),
+                                  windowOther.screen()->availableGeometry());
+    window.resize(rect.size() - sizeFrame);
+    window.move(rect.topLeft());
+}
+
+void WindowFit(QWidget& window, const QWidget& windowOther)
+{
+    const QSize sizeScreen = windowOther.screen()->availableSize();
+    window.resize(window.size().boundedTo(sizeScreen - FrameSize(windowOther)));
 }

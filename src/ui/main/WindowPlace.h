@@ -29,5 +29,13 @@ void WindowKeyApply(QRect& rectOuter, WindowKey eKey, float fTwips);
 /// Places a window by its outer frame, on a visible screen. A maximised or minimised one stays so.
 void WindowOuterSet(QWidget& window, const QRect& rectOuter);
 
-/// Moves a window not yet shown beside another: to its right, or as far right as the screen goes.
+/// A place on the screen beside another rectangle: right of it at the same height, else where the
+/// least of it is hidden.
+[[nodiscard]] QRect RectBeside(const QSize& size, const QRect& rectOther, const QRect& rectScreen);
+
+/// Puts a window not yet shown beside another, on its screen. The frame, which nobody knows before
+/// the showing, is taken to be like the other's.
 void WindowPutBeside(QWidget& window, const QWidget& windowOther);
+
+/// The same for the size alone: a window not yet shown becomes no larger than the other's screen.
+void WindowFit(QWidget& window, const QWidget& windowOther);

@@ -2,8 +2,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFontMetrics>
-#include <QLabel>
 #include <QLayout>
 #include <QTimer>
 

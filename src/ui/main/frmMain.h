@@ -22,7 +22,6 @@
 #include "ui/main/StatusText.h"
 #include "ui_frmMain.h"
 
-class QLabel;
 class QTimer;
 class frmAbout;
 class frmDetails;

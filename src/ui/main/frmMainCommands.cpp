@@ -77,8 +77,10 @@ void frmMain::mnuViewDetailDataClick()
 
 void frmMain::mnuViewWorldMapClick()
 {
-    if (!m_pMap)
+    if (!m_pMap) {
         m_pMap = new frmMap(*this);
+        WindowFit(*m_pMap, *this);
+    }
     WindowRaise(*m_pMap);
 }
 
@@ -116,7 +118,7 @@ void frmMain::cmdRcAirmailClick()
     DateTime dtTime;
     const auto res = AirMailPositionGet(dLat, dLon, dtTime, true);
     if (!res)
-        MsgBox(MsgIcon::None, res.TextGet());
+        MsgBox(MsgIcon::None, "Airmail's position: " + res.TextGet());
     if (!res || !res.ValueGet())
         return;
     m_settings.m_dRcLat = dLat;
@@ -137,7 +139,7 @@ void frmMain::StationChoose(const Station& station)
     double dLon = 0.0;
     const auto res = AirMailStationPosition(station.sSystem, station.sKey, dLat, dLon, true);
     if (!res)
-        MsgBox(MsgIcon::None, res.TextGet());
+        MsgBox(MsgIcon::None, "Airmail's station " + station.sKey + ": " + res.TextGet());
     if (!res || !res.ValueGet())
         return;
     m_settings.m_dTxLat = dLat;
@@ -175,9 +177,9 @@ void frmMain::grdDataMouseMove(int iRow, int iCol)
     QString sText;
     if (iRow == 0 && iCol >= 1) {
         // Under a time code that is neither, the text stays as it is.
-        if (m_settings.m_iTimeCode == 0)
+        if (m_settings.m_iTimeCode == kTimeZulu)
             sText = QStringLiteral("Zulu Time (hh)");
-        else if (m_settings.m_iTimeCode == 1)
+        else if (m_settings.m_iTimeCode == kTimeLocal)
             sText = QStringLiteral("Local Time (hh)");
         else
             sText = grdData->toolTip();
@@ -217,7 +219,7 @@ void frmMain::DetailsFill()
 QString frmMain::Speech(int iRow, int iCol) const
 {
     const QString sZone =
-        m_settings.m_iTimeCode == 1 ? QStringLiteral("Local") : QStringLiteral("Zulu");
+        m_settings.m_iTimeCode == kTimeLocal ? QStringLiteral("Local") : QStringLiteral("Zulu");
     const QString sValue = grdData->TextGet(iRow, iCol);
     return QStringLiteral("%1 kHz, %2 %3, %4")
         .arg(grdData->TextGet(iRow, 0), grdData->TextGet(0, iCol), sZone,

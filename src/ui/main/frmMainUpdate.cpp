@@ -1,9 +1,7 @@
 // The road to a prediction: layout, run, and what becomes of its result.
 #include <QApplication>
-#include <QLabel>
 #include <QRegularExpression>
 #include <QTimer>
-#include <cmath>
 #include <utility>
 
 #include "propagation/EngineLib.h"
@@ -11,8 +9,8 @@
 #include "propagation/SnrColor.h"
 #include "settings/SunSpotLib.h"
 #include "system/ClockLib.h"
+#include "system/MsgLib.h"
 #include "system/NumberLib.h"
-#include "ui/common/MsgWindow.h"
 #include "ui/details/frmDetails.h"
 #include "ui/main/TableView.h"
 #include "ui/main/frmMain.h"
@@ -22,8 +20,6 @@
 namespace {
 
 constexpr int kHours = 24;
-constexpr int kTimeZulu = 0;
-constexpr int kTimeLocal = 1;
 
 QString Formatted(float fValue, const char* sPattern)
 {
@@ -69,7 +65,9 @@ void frmMain::WaitingRun()
         return;  // the end of that run comes here again
     if (std::exchange(m_bUpdateWanted, false))
         Update();
-    for (const auto& fnCommand : std::exchange(m_aWaiting, {})) Command(fnCommand);
+    for (const auto& fnCommand : std::exchange(m_aWaiting, {}))
+        if (!m_bUnloaded)  // nothing opens a window behind an exit
+            Command(fnCommand);
 }
 
 bool frmMain::Update()
@@ -153,7 +151,10 @@ void frmMain::PositionsShow()
 
 bool frmMain::TroubleSet(RunTrouble eTrouble, const std::string& sMessage)
 {
-    m_sTrouble = StatusTrouble(eTrouble, m_settings, sMessage);
+    m_sTrouble = StatusTrouble(eTrouble, m_settings, sMessage,
+                               eTrouble == RunTrouble::Engine
+                                   ? EngineTroubleGet(m_settings.m_iPropagationModel)
+                                   : std::string());
     return false;
 }
 
@@ -174,7 +175,7 @@ bool frmMain::PredictionMake()
     float fSunSpotNumber = 0.0F;
     const auto resSunSpot = SunSpotNumberGet(m_settings, fSunSpotNumber);
     if (!resSunSpot)
-        MsgBox(MsgIcon::None, resSunSpot.TextGet());
+        MsgBox(MsgIcon::None, "Airmail's sunspot number: " + resSunSpot.TextGet());
     m_bSunSpotNumber = resSunSpot && resSunSpot.ValueGet();
     if (!m_bSunSpotNumber)
         return TroubleSet(RunTrouble::SunSpot);

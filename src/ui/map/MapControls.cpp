@@ -2,7 +2,6 @@
 
 #include <QPainter>
 #include <QPainterPath>
-#include <algorithm>
 #include <array>
 
 #include "ui/map/MapGraticule.h"

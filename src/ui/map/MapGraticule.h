@@ -5,7 +5,6 @@
 /// Tests:   tests/ui/map/MapGraticuleTest.cpp
 #pragma once
 
-#include <QColor>
 #include <QImage>
 #include <QString>
 #include <vector>

@@ -5,7 +5,6 @@
 /// Tests:   tests/ui/map/MapLegendTest.cpp, MapLegendPlaceTest.cpp
 #pragma once
 
-#include <QColor>
 #include <QPainter>
 #include <QRect>
 #include <QString>

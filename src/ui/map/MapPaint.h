@@ -8,7 +8,6 @@
 /// Tests:   tests/ui/map/MapPaintTest.cpp
 #pragma once
 
-#include <QColor>
 #include <QImage>
 #include <QRect>
 #include <cstdint>

@@ -1,6 +1,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
+#include <QPixmapCache>
 
 #include "ui/map/MapControls.h"
 
@@ -72,7 +73,7 @@ void NightPaint(QPainter& painter)
 
 using PaintFn = void (*)(QPainter&);
 
-QIcon PicturePaint(PaintFn fnPaint)
+QPixmap PicturePaint(PaintFn fnPaint)
 {
     QPixmap pix(kUnits * kSharpness, kUnits * kSharpness);
     pix.fill(Qt::transparent);
@@ -80,7 +81,18 @@ QIcon PicturePaint(PaintFn fnPaint)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(kSharpness, kSharpness);
     fnPaint(painter);
-    painter.end();
+    return pix;
+}
+
+/// One picture for all windows to come: the toolkit keeps scaled copies of every new one.
+QIcon PictureKept(const QString& sKey, PaintFn fnPaint)
+{
+    const QString sName = QStringLiteral("MapPicture ") + sKey;
+    QPixmap pix;
+    if (!QPixmapCache::find(sName, &pix)) {
+        pix = PicturePaint(fnPaint);
+        QPixmapCache::insert(sName, pix);
+    }
     return QIcon(pix);
 }
 
@@ -89,12 +101,12 @@ QIcon PicturePaint(PaintFn fnPaint)
 QIcon MapPictureGet(const QString& sKey)
 {
     if (sKey == QStringLiteral("Overlay"))
-        return PicturePaint(OverlayPaint);
+        return PictureKept(sKey, OverlayPaint);
     if (sKey == QStringLiteral("Stations"))
-        return PicturePaint(StationsPaint);
+        return PictureKept(sKey, StationsPaint);
     if (sKey == QStringLiteral("Path"))
-        return PicturePaint(PathPaint);
+        return PictureKept(sKey, PathPaint);
     if (sKey == QStringLiteral("Night"))
-        return PicturePaint(NightPaint);
+        return PictureKept(sKey, NightPaint);
     return {};
 }

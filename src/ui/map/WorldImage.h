@@ -10,7 +10,6 @@
 /// Tests:   tests/ui/map/WorldImageTest.cpp, speed in bench/MapBench.cpp
 #pragma once
 
-#include <QColor>
 #include <QImage>
 #include <QRect>
 #include <array>

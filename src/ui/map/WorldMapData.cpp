@@ -109,7 +109,8 @@ WorldMap BuiltInRead()
         {reinterpret_cast<const unsigned char*>(aBytes.constData()), std::size_t(aBytes.size())});
     if (resMap)
         return std::move(resMap.ValueGet());
-    MsgBox(MsgIcon::Exclamation, "The world map is damaged, " + resMap.TextGet());
+    MsgBox(MsgIcon::Exclamation,
+           "The world map is damaged, " + resMap.TextGet() + ".  Please install Hopcast again.");
     return {};
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "propagation/PropagationInput.h"
+#include "propagation/PropagationTable.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
@@ -12,8 +13,6 @@
 #include "ui/map/frmMap.h"
 
 namespace {
-
-constexpr int kHours = 24;
 
 QString HourText(int iHour)
 {
@@ -57,7 +56,7 @@ void frmMap::OverlayFollowSelection()
     if (m_bOverlayChosen)
         return;
     const SelectedCell cell = m_host.DataGetSelected();
-    const bool bSelected = cell.iHour >= 1 && cell.iHour <= kHours && cell.iFrequency >= 1
+    const bool bSelected = cell.iHour >= 1 && cell.iHour <= kHourCount && cell.iFrequency >= 1
                            && cell.iFrequency <= m_host.SettingsGet().m_nData;
     m_iOverlayFrequency = bSelected ? cell.iFrequency : 1;
     m_fOverlayFrequency = m_host.FrequencyGet(m_iOverlayFrequency);
@@ -98,7 +97,7 @@ void frmMap::mnuOverlayTimeFill()
 {
     mnuOverlayTime->clear();
     mnuOverlayTimeData.clear();
-    for (int i = 0; i < kHours; ++i) {
+    for (int i = 0; i < kHourCount; ++i) {
         QAction* pItem = ItemMake(mnuOverlayTime,
                                   ("mnuOverlayTimeData" + std::to_string(i)).c_str(), HourText(i));
         pItem->setCheckable(true);
@@ -144,7 +143,7 @@ void frmMap::mnuOverlayDrawClick()
 void frmMap::OverlayShow()
 {
     if (const Result<void> resDrawn = OverlayDraw(); !resDrawn)
-        MsgBox(MsgIcon::None, resDrawn.TextGet());
+        MsgBox(MsgIcon::None, "Unable to read the overlay's grid, " + resDrawn.TextGet());
 }
 
 void frmMap::MapOutline()

@@ -1,6 +1,4 @@
 // Airmail's stations on the map window.
-#include <algorithm>
-
 #include "airmail/AirMailStations.h"
 #include "system/MsgLib.h"
 #include "ui/map/frmMap.h"
@@ -23,7 +21,7 @@ QString TipText(const QString& sText)
 void frmMap::cmdStationsClick()
 {
     if (const Result<void> resLoaded = StationsLoad(); !resLoaded)
-        MsgBox(MsgIcon::None, resLoaded.TextGet());
+        MsgBox(MsgIcon::None, "Airmail's stations: " + resLoaded.TextGet());
     if (m_nSystem > 0)
         mnuStations->popup(cmdStations->mapToGlobal(QPoint(0, 0)));
 }

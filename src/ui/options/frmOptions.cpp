@@ -44,8 +44,8 @@ void frmOptions::ControlsGroup()
     m_grpModel.addButton(optPropagationModel1, kEngineIcepac);
     m_grpModel.addButton(optPropagationModel2, kEngineVoacap);
     m_grpModel.addButton(optPropagationModel3, kEngineRec533);
-    m_grpTimeCode.addButton(optTimeCode0, 0);
-    m_grpTimeCode.addButton(optTimeCode1, 1);
+    m_grpTimeCode.addButton(optTimeCode0, kTimeZulu);
+    m_grpTimeCode.addButton(optTimeCode1, kTimeLocal);
     m_aModelBoxes = {{{txtPropagationNoiseLevel, &Settings::m_fPropagationNoiseLevel},
                       {txtPropagationSunSpotNumber, &Settings::m_fPropagationSunSpotNumber},
                       {txtPropagationTakeoffAngle, &Settings::m_fPropagationTakeoffAngle},

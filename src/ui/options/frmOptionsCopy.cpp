@@ -1,5 +1,4 @@
 // The two ways of the options dialog's values: settings to controls, controls to settings.
-#include <cmath>
 #include <limits>
 
 #include "airmail/AirMailLib.h"
@@ -64,7 +63,7 @@ void frmOptions::Update()
     TimeLoad();
     // An error that lasts is told once, not at every prediction.
     if (!m_sAirMailError.empty() && m_sAirMailError != sBefore)
-        MsgBox(MsgIcon::None, m_sAirMailError);
+        MsgBox(MsgIcon::None, "Airmail's position: " + m_sAirMailError);
 }
 
 void frmOptions::AirMailLoad()
@@ -185,5 +184,6 @@ bool frmOptions::NumberRefused(QLineEdit* pBox, const std::string& sText)
             SSTab->setCurrentIndex(iTab);
     pBox->setFocus();
     pBox->selectAll();
-    return MsgFail(MsgIcon::None, sText);
+    return MsgFail(MsgIcon::None, "Unable to use \"" + pBox->text().toStdString() + "\", " + sText
+                                      + ".  Please type a number.");
 }

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/voacap/VoacapDeck.h"
-#include "support/TempFolder.h"
+#include "engine/voacap/VoacapSample.h"
 
 namespace {
 
@@ -10,11 +10,6 @@ std::string Replaced(std::string sText, std::string_view sOld, std::string_view 
     for (std::size_t n = 0; (n = sText.find(sOld, n)) != std::string::npos; n += sNew.size())
         sText.replace(n, sOld.size(), sNew);
     return sText;
-}
-
-std::string Sample(const std::string& sName)
-{
-    return BytesRead(std::string(ENGINE_DATA) + "/voacap/" + sName);
 }
 
 std::string ErrorOfPoint(const std::string& sDeck) { return VoacapDeckPoint(sDeck).TextGet(); }
@@ -27,7 +22,7 @@ std::string ErrorOfArea(const std::string& sOld, const std::string& sNew)
 TEST(VoacapDeckPointToPoint, LosesTheBlankCardBehindFrequencyAndNothingElse)
 {
     for (int i = 1; i <= 13; ++i) {
-        const std::string sName = std::string(i < 10 ? "p2p_0" : "p2p_") + std::to_string(i);
+        const std::string sName = PointName(i);
         const std::string sDeck = Sample(sName + ".dat");
         const auto resDeck = VoacapDeckPoint(sDeck);
         ASSERT_TRUE(resDeck) << sName << resDeck.TextGet();

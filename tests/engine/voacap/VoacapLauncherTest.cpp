@@ -8,17 +8,12 @@
 #include <vector>
 
 #include "engine/voacap/VoacapLauncher.h"
+#include "engine/voacap/VoacapSample.h"
 #include "support/Faults.h"
-#include "support/TempFolder.h"
 
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string Sample(const std::string& sName)
-{
-    return BytesRead(std::string(ENGINE_DATA) + "/voacap/" + sName);
-}
 
 class VoacapLauncher : public testing::Test {
 protected:
@@ -178,6 +173,18 @@ TEST_F(VoacapLauncher, RefusesAWrongDeckBeforeAnythingIsRun)
     EXPECT_FALSE(fs::exists(m_data.Path("ran")));
     EXPECT_FALSE(fs::exists(m_root.Path("RUN/sound.out")));
     EXPECT_FALSE(fs::exists(m_root.Path("areadata/working.vg1")));
+}
+
+TEST_F(VoacapLauncher, KeepsADeckThatIsNamedAsTheOutputToo)
+{
+    FakeMake("cp $POINT run/sound.out; cp $GRID run/working.vg1");
+    m_root.Write("areadata/working.vg1", Sample("area_02.voa"));
+    const VoacapOutcome outcome = Run({m_root.Path(), "sound.dat", "sound.dat"});
+    EXPECT_EQ(outcome.nStatus, 2);
+    EXPECT_EQ(outcome.sText, "deck " + m_root.Path("RUN/sound.dat") + ": named as the output too");
+    EXPECT_EQ(Run({m_root.Path(), "AREA", "CALC", "working.vg1"}).nStatus, 2);
+    EXPECT_EQ(BytesRead(m_root.Path("RUN/sound.dat")), Sample("p2p_01.dat"));
+    EXPECT_EQ(BytesRead(m_root.Path("areadata/working.vg1")), Sample("area_02.voa"));
 }
 
 TEST_F(VoacapLauncher, TellsAMissingProgram)

@@ -4,16 +4,9 @@
 
 #include "engine/voacap/VoacapDeck.h"
 #include "engine/voacap/VoacapOutput.h"
-#include "support/TempFolder.h"
+#include "engine/voacap/VoacapSample.h"
 
 namespace {
-
-std::string Sample(const std::string& sName)
-{
-    return BytesRead(std::string(ENGINE_DATA) + "/voacap/" + sName);
-}
-
-std::string PointName(int i) { return std::string(i < 10 ? "p2p_0" : "p2p_") + std::to_string(i); }
 
 std::vector<double> FrequenciesOf(const std::string& sDeckName)
 {

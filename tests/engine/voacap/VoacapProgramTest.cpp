@@ -12,8 +12,8 @@
 #include <thread>
 #include <vector>
 
+#include "engine/voacap/VoacapSample.h"
 #include "support/NeedVoacapl.h"
-#include "support/TempFolder.h"
 #include "system/ChildLib.h"
 #include "system/ProcessLib.h"
 
@@ -22,11 +22,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr double kSeconds = 5.0;  // Hopcast's limit
-
-std::string Sample(const std::string& sName)
-{
-    return BytesRead(std::string(ENGINE_DATA) + "/voacap/" + sName);
-}
 
 struct RunCase {
     const char* sName;
@@ -323,7 +318,7 @@ TEST_F(VoacapProgramFault, RunsAtOnceOnOneRootDoNotMix)
     NEED_VOACAPL();
     std::vector<int> anIds;
     for (int i = 1; i <= 8; ++i) {
-        const std::string sName = "p2p_0" + std::to_string(i);
+        const std::string sName = PointName(i);
         FileWrite("RUN/" + sName + ".dat", Sample(sName + ".dat"));
         const auto resId = Start({sName + ".dat", sName + ".out"});
         ASSERT_TRUE(resId) << resId.TextGet();
@@ -331,7 +326,7 @@ TEST_F(VoacapProgramFault, RunsAtOnceOnOneRootDoNotMix)
     }
     for (const int nId : anIds) EXPECT_TRUE(ProcessWait(nId, kSeconds)) << Said();
     for (int i = 1; i <= 8; ++i) {
-        const std::string sName = "p2p_0" + std::to_string(i) + ".out";
+        const std::string sName = PointName(i) + ".out";
         EXPECT_TRUE(BytesRead(m_sRoot + "/RUN/" + sName) == Sample(sName)) << sName;
     }
     EXPECT_EQ(Names("RUN").size(), 16u);

@@ -5,7 +5,6 @@
 #include <QImage>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <memory>
 
 #include "ui/common/GridControl.h"
 #include "ui/support/UiEvents.h"

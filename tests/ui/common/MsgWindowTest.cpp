@@ -36,19 +36,4 @@ TEST(MsgWindow, ShowsAPlainTextBoxWithTheApplicationsTitle)
     EXPECT_TRUE(bSeen);
 }
 
-TEST(MsgListener, RemembersTheLastBoxAndShowsItAsBefore)
-{
-    const MsgRecorder msg;
-    {
-        const MsgListener listener;
-        EXPECT_EQ(listener.LastGet(), "");
-        MsgBox(MsgIcon::None, "one");
-        MsgBox(MsgIcon::Info, "two");
-        EXPECT_EQ(listener.LastGet(), "two");
-    }
-    MsgBox(MsgIcon::None, "three");
-    ASSERT_EQ(msg.m_aShown.size(), 3u);
-    EXPECT_EQ(msg.m_aShown[1].sText, "two");
-}
-
 }  // namespace

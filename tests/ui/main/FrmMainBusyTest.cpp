@@ -1,11 +1,11 @@
 /// What is asked for while a run is under way waits for its end.
 #include <gtest/gtest.h>
 
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
 #include "ui/details/frmDetails.h"
+#include "ui/options/frmAbout.h"
 #include "ui/support/MainRig.h"
 #include "ui/support/UiEvents.h"
 
@@ -74,6 +74,21 @@ TEST(FrmMainBusy, ExitAndTheCloseBoxWait)
         MainRig::EventsRun();
         EXPECT_FALSE(frm.isVisible());
     }
+}
+
+TEST(FrmMainBusy, WhatWasAskedForAfterAnExitIsDropped)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    UpdateWith(rig, frm, [&] {
+        frm.mnuFileExit->trigger();
+        frm.mnuHelpAbout->trigger();
+        frm.mnuFileSave->trigger();
+    });
+    MainRig::EventsRun();
+    EXPECT_FALSE(frm.isVisible());
+    EXPECT_FALSE(frm.m_pAbout);
+    EXPECT_TRUE(rig.m_aAsked.empty());
 }
 
 TEST(FrmMainBusy, UpdateButtonPressedDuringARunWaits)

@@ -4,8 +4,6 @@
 #include <QTest>
 #include <filesystem>
 
-#ifndef _WIN32
-#endif
 #include "ui/support/MainRig.h"
 #include "ui/support/UiEvents.h"
 

@@ -1,9 +1,7 @@
 /// Creation, first showing, other windows, end.
 #include <gtest/gtest.h>
 
-#include <QLabel>
 #include <QMenuBar>
-#include <QScreen>
 #include <QTabWidget>
 #include <QTest>
 

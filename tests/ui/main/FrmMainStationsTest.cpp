@@ -1,9 +1,7 @@
 /// The two Airmail buttons and the station menus.
 #include <gtest/gtest.h>
 
-#include <QStatusBar>
 #include <QTest>
-#include <algorithm>
 #include <filesystem>
 
 #include "ui/support/MainRig.h"
@@ -79,7 +77,7 @@ TEST(FrmMainStations, ReceiverPositionWithATimeThatIsNoDateIsOnePlainBox)
     QTest::mouseClick(frm.cmdRcAirmail, Qt::LeftButton);
     EXPECT_DOUBLE_EQ(frm.m_settings.m_dRcLat, 24.0);
     ASSERT_EQ(rig.m_msg.m_aShown.size(), 1u);
-    EXPECT_EQ(rig.m_msg.m_aShown[0].sText, "Type mismatch");
+    EXPECT_EQ(rig.m_msg.m_aShown[0].sText, "Airmail's position: Type mismatch");
     EXPECT_EQ(rig.m_msg.m_aShown[0].eIcon, MsgIcon::None);
 }
 
@@ -232,7 +230,7 @@ TEST(FrmMainStations, StationWithoutUsablePositionChangesNothing)
 {
     for (const auto& [sEntry, sBox] :
          {std::pair("K=FN3:Short", "Unable to Convert Grid FN3 to Lat/Lon"),
-          std::pair("K=FN31", "Invalid procedure call or argument")}) {
+          std::pair("K=FN31", "Airmail's station K: Invalid procedure call or argument")}) {
         MainRig rig;
         rig.AirmailWrite("System.HAM.ini", std::string("[Station Info]\n") + sEntry + "\n");
         frmMain& frm = rig.Start();

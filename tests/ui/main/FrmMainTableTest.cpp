@@ -83,45 +83,16 @@ TEST_P(FrmMainZone, LocalHoursFollowTheComputersZone)
     EXPECT_EQ(frm.DataGetSelected().iHour, GetParam().dtUtc.nHour + 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Zones, FrmMainZone,
-                         testing::Values(ZoneCase{"utc_plus_10",
-                                                  {2026, 11, 21, 13, 5, 0},
-                                                  {2026, 11, 21, 23, 5, 0},
-                                                  "10",
-                                                  15,
-                                                  "Local: 23:05"},
-                                         ZoneCase{"utc_plus_10_next_day",
-                                                  {2026, 11, 21, 20, 5, 0},
-                                                  {2026, 11, 22, 6, 5, 0},
-                                                  "10",
-                                                  15,
-                                                  "Local: 06:05"},
-                                         ZoneCase{"utc_minus_7",
-                                                  {2026, 11, 21, 13, 5, 0},
-                                                  {2026, 11, 21, 6, 5, 0},
-                                                  "17",
-                                                  8,
-                                                  "Local: 06:05"},
-                                         ZoneCase{"utc_minus_7_day_before",
-                                                  {2026, 11, 21, 3, 5, 0},
-                                                  {2026, 11, 20, 20, 5, 0},
-                                                  "17",
-                                                  8,
-                                                  "Local: 20:05"},
-                                         // Half hours: hour boundaries between the two, so the
-                                         // label depends on the minute.
-                                         ZoneCase{"utc_plus_5_30_first_half",
-                                                  {2026, 11, 21, 13, 5, 0},
-                                                  {2026, 11, 21, 18, 35, 0},
-                                                  "05",
-                                                  20,
-                                                  "Local: 18:35"},
-                                         ZoneCase{"utc_plus_5_30_second_half",
-                                                  {2026, 11, 21, 13, 45, 0},
-                                                  {2026, 11, 21, 19, 15, 0},
-                                                  "06",
-                                                  19,
-                                                  "Local: 19:15"}));
+// Half hours: hour boundaries between the two, so the label depends on the minute.
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Zones, FrmMainZone, testing::Values(
+    ZoneCase{"utc_plus_10", {2026, 11, 21, 13, 5, 0}, {2026, 11, 21, 23, 5, 0}, "10", 15, "Local: 23:05"},
+    ZoneCase{"utc_plus_10_next_day", {2026, 11, 21, 20, 5, 0}, {2026, 11, 22, 6, 5, 0}, "10", 15, "Local: 06:05"},
+    ZoneCase{"utc_minus_7", {2026, 11, 21, 13, 5, 0}, {2026, 11, 21, 6, 5, 0}, "17", 8, "Local: 06:05"},
+    ZoneCase{"utc_minus_7_day_before", {2026, 11, 21, 3, 5, 0}, {2026, 11, 20, 20, 5, 0}, "17", 8, "Local: 20:05"},
+    ZoneCase{"utc_plus_5_30_first_half", {2026, 11, 21, 13, 5, 0}, {2026, 11, 21, 18, 35, 0}, "05", 20, "Local: 18:35"},
+    ZoneCase{"utc_plus_5_30_second_half", {2026, 11, 21, 13, 45, 0}, {2026, 11, 21, 19, 15, 0}, "06", 19, "Local: 19:15"}));
+// clang-format on
 
 TEST(FrmMainTable, OtherTimeCodesLeaveTheClockAlone)
 {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
-#include <QPushButton>
 #include <QTest>
 
 #include "geo/MathLib.h"
@@ -253,7 +252,7 @@ TEST(FrmMainUpdate, SunspotTextThatIsNoNumberIsToldOnce)
     frm.m_settings.m_bPropagationSunSpotNumber = true;
     EXPECT_FALSE(frm.Update());
     ASSERT_EQ(rig.m_msg.m_aShown.size(), 1u);
-    EXPECT_EQ(rig.m_msg.m_aShown[0].sText, "Type mismatch");
+    EXPECT_EQ(rig.m_msg.m_aShown[0].sText, "Airmail's sunspot number: Type mismatch");
     EXPECT_EQ(rig.m_msg.m_aShown[0].eIcon, MsgIcon::None);
 }
 

@@ -52,6 +52,8 @@ TEST(StatusTrouble, SaysWhatToDo)
               "ICEPAC is not installed: Options, Model, choose another engine");
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, settings, "one\rtwo"),
               "The prediction failed: one");
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, settings, "one\rtwo", "no map"),
+              "The prediction failed: one (no map)");
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, settings, ""),
               "The prediction failed: Options, Model, choose an engine");
 }

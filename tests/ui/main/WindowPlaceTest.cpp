@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QScreen>
 #include <QWidget>
 #include <limits>
 
@@ -43,6 +44,46 @@ TEST(RectOnScreen, CutsAWindowThatIsTooLargeAndRaisesOneThatIsTooSmall)
 TEST(RectOnScreen, WithoutScreensNothingIsChanged)
 {
     EXPECT_EQ(RectOnScreen({-9, -9, 1, 1}, kLeast, {}), QRect(-9, -9, 1, 1));
+}
+
+struct BesideCase {
+    const char* sName;
+    QRect rectOther;
+    QRect rectExpected;
+};
+std::ostream& operator<<(std::ostream& stm, const BesideCase& c) { return stm << c.sName; }
+
+class RectBesideFor : public testing::TestWithParam<BesideCase> {};
+
+TEST_P(RectBesideFor, HidesAsLittleAsItCan)
+{
+    EXPECT_EQ(RectBeside({400, 300}, GetParam().rectOther, kScreen), GetParam().rectExpected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Places, RectBesideFor,
+    testing::Values(BesideCase{"right", {100, 50, 700, 500}, {800, 50, 400, 300}},
+                    BesideCase{"below", {200, 0, 1000, 500}, {880, 500, 400, 300}},
+                    BesideCase{"left", {500, 200, 700, 500}, {100, 200, 400, 300}},
+                    BesideCase{"above", {200, 310, 1000, 490}, {880, 10, 400, 300}},
+                    BesideCase{"nowhere_free", {0, 0, 1280, 600}, {880, 500, 400, 300}},
+                    BesideCase{"no_place_at_all", kScreen, {880, 0, 400, 300}}));
+
+TEST(RectBeside, StaysOnTheScreenWithAWindowThatIsTooLarge)
+{
+    EXPECT_EQ(RectBeside({3000, 3000}, {0, 0, 600, 500}, kScreenRight), kScreenRight);
+}
+
+TEST(WindowFit, CutsAWindowToTheScreenAndLeavesASmallOneAlone)
+{
+    QWidget windowOther;
+    windowOther.show();
+    QWidget window;
+    window.resize(9000, 300);
+    WindowFit(window, windowOther);
+    EXPECT_LE(window.width(), windowOther.screen()->availableSize().width());
+    EXPECT_GT(window.width(), 600);
+    EXPECT_EQ(window.height(), 300);
 }
 
 TEST(WindowKeyApply, TakesTwipsAsFifteenthsOfAPixel)

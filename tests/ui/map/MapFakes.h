@@ -8,7 +8,6 @@
 #include <QtTest/QtTest>
 #include <functional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "support/ClockSet.h"

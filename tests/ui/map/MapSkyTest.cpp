@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "geo/MathLib.h"
 #include "ui/map/MapSky.h"
 

@@ -6,6 +6,11 @@ namespace {
 class frmMapMarkers : public MapWindow {
 protected:
     frmMapMarkers() { QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton); }
+    bool GoneIs() const
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return m_pMap.isNull();
+    }
     static QPoint CentreOf(const QWidget* pControl)
     {
         return {pControl->x() + pControl->width() / 2, pControl->y() + pControl->height() / 2};
@@ -122,8 +127,7 @@ TEST_F(frmMapMarkers, OkAppliesAndClosesForGood)
     QTest::mouseClick(m_pMap->cmdOk, Qt::LeftButton);
     EXPECT_DOUBLE_EQ(m_host.m_settings.m_dRcLat, 1);
     EXPECT_EQ(m_host.m_nUpdates, 1);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(m_pMap.isNull());
+    EXPECT_TRUE(GoneIs());
 }
 
 TEST_F(frmMapMarkers, EnterIsOk)
@@ -131,8 +135,7 @@ TEST_F(frmMapMarkers, EnterIsOk)
     m_pMap->m_posTx = {3, 4};
     QTest::keyClick(m_pMap, Qt::Key_Return);
     EXPECT_DOUBLE_EQ(m_host.m_settings.m_dTxLat, 3);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(m_pMap.isNull());
+    EXPECT_TRUE(GoneIs());
 }
 
 TEST_F(frmMapMarkers, EnterOnCancelOrApplyPressesThat)
@@ -147,8 +150,7 @@ TEST_F(frmMapMarkers, EnterOnCancelOrApplyPressesThat)
     QTest::keyClick(m_pMap, Qt::Key_Return);
     EXPECT_DOUBLE_EQ(m_host.m_settings.m_dTxLat, 3);
     EXPECT_EQ(m_host.m_nUpdates, 1);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(m_pMap.isNull());
+    EXPECT_TRUE(GoneIs());
 }
 
 TEST_F(frmMapMarkers, CancelDiscards)
@@ -158,8 +160,7 @@ TEST_F(frmMapMarkers, CancelDiscards)
     QTest::mouseClick(m_pMap->cmdCancel, Qt::LeftButton);
     EXPECT_DOUBLE_EQ(m_host.m_settings.m_dRcLat, 24);
     EXPECT_EQ(m_host.m_nUpdates, 0);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(m_pMap.isNull());
+    EXPECT_TRUE(GoneIs());
 }
 
 TEST_F(frmMapMarkers, UpdateTakesTheSettingsLocationsAgain)

@@ -345,7 +345,7 @@ protected:
         MsgRecorder msg;
         OverlayChoose();
         ASSERT_EQ(msg.m_aShown.size(), 1u);
-        EXPECT_EQ(msg.m_aShown[0].sText, sText);
+        EXPECT_EQ(msg.m_aShown[0].sText, "Unable to read the overlay's grid, " + sText);
         EXPECT_EQ(ColouredCount(), 0);
         EXPECT_EQ(m_pMap->cursor().shape(), Qt::ArrowCursor);
         m_engine.m_fnSpoil = {};
@@ -401,7 +401,7 @@ TEST_F(frmMapBadGrid, CutAtAnyByte)
         msg.m_aShown.clear();
         m_pMap->Update();
         ASSERT_EQ(msg.m_aShown.size(), 1u) << nCut;
-        const std::string& sText = msg.m_aShown[0].sText;
+        const std::string sText = msg.m_aShown[0].sText.substr(msg.m_aShown[0].sText.find(',') + 2);
         ASSERT_TRUE(sText == "Type mismatch" || sText == "Input past end of file"
                     || sText == "Invalid procedure call or argument")
             << nCut << ": " << sText;

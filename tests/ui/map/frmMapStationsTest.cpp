@@ -146,7 +146,7 @@ TEST_F(frmMapStations, BadEntriesAreToldOnceAndTheOthersLoaded)
     QTest::mouseClick(m_pMap->cmdStations, Qt::LeftButton);
     m_pMap->mnuStations->close();
     ASSERT_EQ(msg.m_aShown.size(), 1u);
-    EXPECT_EQ(msg.m_aShown[0].sText, "Invalid procedure call or argument");
+    EXPECT_EQ(msg.m_aShown[0].sText, "Airmail's stations: Invalid procedure call or argument");
     EXPECT_EQ(m_pMap->imgStation.size(), 2u);
     EXPECT_EQ(m_pMap->imgStation[0]->toolTip(), QStringLiteral("W1ABC, Boston"));
 }

@@ -35,7 +35,7 @@ TEST_P(FrmOptionsBox, WithoutANumberIsToldAndFocusedAndNothingRuns)
     const MsgRecorder msg;
     Press(frm.cmdOk);
     const MsgShown shown = OneShown(msg);
-    EXPECT_EQ(shown.sText, "Type mismatch");
+    EXPECT_EQ(shown.sText, "Unable to use \"1x\", Type mismatch.  Please type a number.");
     EXPECT_EQ(shown.eIcon, MsgIcon::None);
     EXPECT_EQ(ValueGet(), fBefore);
     EXPECT_EQ(UpdatesGet(), 0);
@@ -55,8 +55,8 @@ TEST_P(FrmOptionsBox, LeftEmptyOrTooLargeIsToldToo)
     Type(BoxGet(GetParam().sName), Q("4") + QString(39, u'0'));
     Press(frm.cmdApply);
     ASSERT_EQ(msg.m_aShown.size(), 2U);
-    EXPECT_EQ(msg.m_aShown[0].sText, "Type mismatch");
-    EXPECT_EQ(msg.m_aShown[1].sText, "Overflow");
+    EXPECT_EQ(msg.m_aShown[0].sText, "Unable to use \"\", Type mismatch.  Please type a number.");
+    EXPECT_NE(msg.m_aShown[1].sText.find("0\", Overflow.  "), std::string::npos);
     EXPECT_EQ(UpdatesGet(), 0);
 }
 
@@ -127,10 +127,10 @@ TEST_F(FrmOptions, GridSizeThatIsNoWholeNumberIsToldAndNothingOfItsTabIsCopied)
         EXPECT_TRUE(frm.txtMapOverlayGridSize->hasFocus());
     }
     ASSERT_EQ(msg.m_aShown.size(), 4U);
-    EXPECT_EQ(msg.m_aShown[0].sText, "Type mismatch");
-    EXPECT_EQ(msg.m_aShown[1].sText, "Type mismatch");
-    EXPECT_EQ(msg.m_aShown[2].sText, "Overflow");
-    EXPECT_EQ(msg.m_aShown[3].sText, "Overflow");
+    EXPECT_NE(msg.m_aShown[0].sText.find("Type mismatch"), std::string::npos);
+    EXPECT_NE(msg.m_aShown[1].sText.find("Type mismatch"), std::string::npos);
+    EXPECT_NE(msg.m_aShown[2].sText.find("Overflow"), std::string::npos);
+    EXPECT_NE(msg.m_aShown[3].sText.find("Overflow"), std::string::npos);
     EXPECT_EQ(m_host.m_settings.m_iMapOverlayGridSize, 40);
     EXPECT_EQ(m_host.m_settings.m_fMapOverlayMinSnr, 20.0F);
     EXPECT_EQ(UpdatesGet(), 0);
@@ -152,7 +152,7 @@ TEST_F(FrmOptions, TabsAreCopiedInOrderUpToABadOne)
     FrequenciesType(Q("7100\n14200"));
     const MsgRecorder msg;
     Press(frm.cmdApply);
-    EXPECT_EQ(OneShown(msg).sText, "Type mismatch");
+    EXPECT_NE(OneShown(msg).sText.find("Type mismatch"), std::string::npos);
     const Settings& settings = m_host.m_settings;
     EXPECT_EQ(settings.m_nData, 2);
     EXPECT_EQ(settings.FrequencyGet(2), 14200.0F);

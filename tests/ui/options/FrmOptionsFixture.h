@@ -4,7 +4,6 @@
 
 #include <QPointer>
 #include <QTest>
-#include <memory>
 
 #include "airmail/AirMailFixture.h"
 #include "support/ClockSet.h"

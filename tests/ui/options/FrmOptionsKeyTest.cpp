@@ -1,5 +1,4 @@
 // Captions, tooltips, enabling, keyboard.
-#include <QLabel>
 #include <QSet>
 
 #include "ui/options/FrmOptionsFixture.h"

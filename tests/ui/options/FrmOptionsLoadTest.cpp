@@ -1,5 +1,4 @@
 // What the dialog shows: settings, Airmail, clocks.
-#include <QLabel>
 #include <map>
 
 #include "ui/options/FrmOptionsFixture.h"
@@ -199,7 +198,7 @@ TEST_F(FrmOptions, TellsATimeThatIsNoDateOnceAndFillsTheRest)
     frm.Update();
     frm.Update();
     const MsgShown shown = OneShown(msg);
-    EXPECT_EQ(shown.sText, "Type mismatch");
+    EXPECT_EQ(shown.sText, "Airmail's position: Type mismatch");
     EXPECT_EQ(shown.eIcon, MsgIcon::None);
     EXPECT_EQ(frm.lblAirMailLatLon->text(), Q("Unable to get Lat/Lon data."));
     EXPECT_EQ(frm.txtMapOverlayGridSize->text(), Q("40"));
@@ -231,9 +230,7 @@ TEST_F(FrmOptions, TellsWhereTheFolderComesFrom)
 
 TEST_F(FrmOptions, TellsTheRegistryAndTheInstallLog)
 {
-    m_folder.Write("user.reg",
-                   "WINE REGISTRY Version 2\n\n[Software\\\\Sirius Cybernetics\\\\AirMail\\\\"
-                   "Installation]\n\"Install Folder\"=\"C:\\\\Mail\\\\\"\n");
+    m_drive.RegistryWrite(R"("C:\\Mail\\")");
     AirMailFoldersFind();
     frmOptions& frm = Open();
     EXPECT_EQ(frm.txtAirMailDirectory->text(), Q("C:\\Mail"));

@@ -1,0 +1,52 @@
+// Any text as an antenna file of the engine root: the gains of its elevations, and a prediction
+// with such an antenna at both ends.
+#include <cmath>
+#include <memory>
+
+#include "engine/rec533/Prediction.h"
+#include "engine/run533/AntennaFile.h"
+#include "fuzz/FuzzCheck.h"
+
+namespace {
+
+std::unique_ptr<rec533::Ionosphere> IonosphereMake()
+{
+    auto p = std::make_unique<rec533::Ionosphere>();
+    IonosphereFill(*p, rec533::Behaviour::Best, rec533::MapSet::Ursi, 6, 100.0);
+    return p;
+}
+
+void PredictionCheck(const rec533::Antenna& tblAntenna, double dRxLat, double dRxLon)
+{
+    static const auto pIonosphere = IonosphereMake();
+    static const auto pPath = std::make_unique<rec533::Path>();
+    static const auto pHour = std::make_unique<rec533::Hour>();
+    rec533::Circuit tblCircuit;
+    tblCircuit.dTxLat = 38.0;
+    tblCircuit.dTxLon = -122.0;
+    tblCircuit.dRxLat = dRxLat;
+    tblCircuit.dRxLon = dRxLon;
+    tblCircuit.pTx = &tblAntenna;
+    tblCircuit.pRx = &tblAntenna;
+    PathFill(*pPath, *pIonosphere, tblCircuit);
+    HourFill(*pHour, *pPath, 12);
+    rec533::Prediction tbl;
+    PredictionFill(tbl, *pHour, 10.0);
+    Check(std::isfinite(tbl.dField) && std::isfinite(tbl.dPower)
+          && std::isfinite(tbl.tblSnr.dExceeded));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
+{
+    const auto res = run533::AntennaRead(FuzzText(pBytes, nBytes));
+    if (!res) {
+        Check(!res.TextGet().empty());
+        return 0;
+    }
+    for (const double dGain : res.ValueGet().tblAntenna.aGain) Check(std::isfinite(dGain));
+    PredictionCheck(res.ValueGet().tblAntenna, 24.0, -110.0);  // modes
+    PredictionCheck(res.ValueGet().tblAntenna, -34.0, 151.0);  // the long path's rule
+    return 0;
+}

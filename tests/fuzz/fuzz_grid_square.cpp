@@ -1,0 +1,28 @@
+// Any text as a grid square.
+#include <cmath>
+
+#include "airmail/GridSquareLib.h"
+#include "fuzz/FuzzCheck.h"
+#include "system/MsgLib.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
+{
+    constexpr double kUntouched = -777.0;
+    constexpr double kFarthest = 6000.0;  // degrees: any byte counts as a letter
+    MsgSetHandler([](MsgIcon, const std::string&) {});
+    std::string sGrid(FuzzText(pBytes, nBytes));
+    double dLat = kUntouched;
+    double dLon = kUntouched;
+    if (!GridSquareToPosition(sGrid, dLat, dLon, true)) {
+        Check(dLat == kUntouched && dLon == kUntouched);
+        return 0;
+    }
+    Check(std::abs(dLat) < kFarthest && std::abs(dLon) < kFarthest);
+    // The normalised form is the same square.
+    std::string sAgain = sGrid;
+    double dLatAgain = kUntouched;
+    double dLonAgain = kUntouched;
+    Check(GridSquareToPosition(sAgain, dLatAgain, dLonAgain, false));
+    Check(sAgain == sGrid && dLatAgain == dLat && dLonAgain == dLon);
+    return 0;
+}

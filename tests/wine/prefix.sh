@@ -1,0 +1,81 @@
+#!/usr/bin/env bash
+# A throw-away Wine prefix for tests: nothing of the user's own Wine is read or changed.
+#
+#   prefix.sh make DIR                makes it and starts Wine once, so that later starts are quick
+#   prefix.sh run DIR PROGRAM ...     runs a Windows program in it
+#   prefix.sh remove DIR              ends what runs in it and takes it away
+set -euo pipefail
+
+if [ $# -lt 2 ]; then
+    echo "usage: prefix.sh make|run|remove DIR [PROGRAM ...]" >&2
+    exit 2
+fi
+command=$1
+folder=$2
+shift 2
+
+# Wine links the user's folders and writes desktop files: both go to a home of its own.
+export WINEPREFIX=$folder/prefix HOME=$folder/home WINEARCH=win64
+export XDG_DATA_HOME=$HOME XDG_CONFIG_HOME=$HOME XDG_CACHE_HOME=$HOME
+export WINEDEBUG=-all WINEDLLOVERRIDES="winemenubuilder.exe,mscoree,mshtml=d"
+export LC_ALL=C.UTF-8 TZ=UTC
+# The tests write to drive C and to the registry.
+export HOPCAST_THROWAWAY_DRIVE=1
+unset DISPLAY WAYLAND_DISPLAY HOPCAST_ITSHFBC XDG_RUNTIME_DIR
+
+ServerName() {
+    if command -v wineserver >/dev/null; then
+        echo wineserver
+    else
+        echo /usr/lib/wine/wineserver # Debian keeps it out of the search path
+    fi
+}
+
+# Asks all to end, waits for it, and only then takes the folder away.
+Remove() {
+    if [ -d "$WINEPREFIX" ]; then
+        "$(ServerName)" --kill || true # status 1 where none runs
+        "$(ServerName)" --wait
+        # A program killed while Wine was starting it waits for its server's word for ever.
+        for process in $(grep -lszFx "WINEPREFIX=$WINEPREFIX" /proc/[0-9]*/environ | cut -d / -f 3); do
+            case $(readlink "/proc/$process/exe") in
+            */wine*) kill -KILL "$process" || true ;;
+            esac
+        done
+    fi
+    rm -rf "$folder"
+}
+
+# Hands the output on through files: what a killed program leaves behind in Wine holds its output
+# open, and would let a reader of a pipe wait for ever.
+Run() {
+    local status=0 output
+    output=$(mktemp -d -p "$folder")
+    touch "$output/1" "$output/2" # tail may be quicker than the program's start
+    wine "$@" <&0 >"$output/1" 2>"$output/2" &
+    local program=$!
+    trap 'kill "$program"' INT TERM
+    tail -q -n +1 -f -s 0.1 --pid=$program "$output/1" &
+    tail -q -n +1 -f -s 0.1 --pid=$program "$output/2" >&2 &
+    wait "$program" || status=$?
+    wait
+    rm -rf "$output"
+    return "$status"
+}
+
+case $command in
+make)
+    Remove
+    mkdir -p "$HOME"
+    wine wineboot --init >"$folder/make.txt" 2>&1 || {
+        cat "$folder/make.txt" >&2
+        exit 1
+    }
+    ;;
+run) Run "$@" ;;
+remove) Remove ;;
+*)
+    echo "prefix.sh: unknown command $command" >&2
+    exit 2
+    ;;
+esac
