@@ -4,7 +4,7 @@
 # The source is Debian's own qt6-base of the release in use, the same version as the installed
 # qt6-base-dev: its moc, rcc and uic run in this build and in Hopcast's. The result is kept in a
 # cache folder (below HOPCAST_CACHE), so that a second run needs neither the time nor a network.
-# About 20 minutes on two cores.
+# About 30 minutes on two cores.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 
