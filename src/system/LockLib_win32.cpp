@@ -25,7 +25,9 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
     constexpr DWORD kStep = 2;          // ms
     constexpr double kDyingMax = 0.25;  // seconds
     const std::wstring sFile = WideFromUtf8(PathToHost(sPath));
+    using Seconds = std::chrono::duration<double>;
     const auto tmStart = std::chrono::steady_clock::now();  // the tick count is a tick coarse
+    auto tmHeld = tmStart;                                  // when another was last seen to hold it
     const double dLimit = dSeconds > 0.0 ? std::min(dSeconds, kSecondsMax) : 0.0;
     for (;;) {
         // Shared with nobody: the open file itself is the lock, and the system lets go of it when
@@ -36,15 +38,17 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
         if (hFile != INVALID_HANDLE_VALUE)
             return FileLock(std::make_unique<Handle>(hFile));
         const DWORD nCode = GetLastError();
-        const std::chrono::duration<double> tmElapsed = std::chrono::steady_clock::now() - tmStart;
+        const auto tmNow = std::chrono::steady_clock::now();
+        if (nCode == ERROR_SHARING_VIOLATION)
+            tmHeld = tmNow;
         // A file that is being deleted denies access for a moment, as does one without rights for
         // ever.
-        const bool bDying = nCode == ERROR_ACCESS_DENIED && tmElapsed.count() < kDyingMax;
+        const bool bDenied = Seconds(tmNow - tmHeld).count() >= kDyingMax;
         if (nCode == ERROR_PATH_NOT_FOUND)
             return RunError{kPathNotFound};
         if (nCode != ERROR_SHARING_VIOLATION && nCode != ERROR_ACCESS_DENIED)
             return RunError{nCode == ERROR_DISK_FULL ? kDiskFull : kPathFileAccessError};
-        if ((nCode == ERROR_ACCESS_DENIED && !bDying) || tmElapsed.count() >= dLimit)
+        if (bDenied || Seconds(tmNow - tmStart).count() >= dLimit)
             return RunError{kPermissionDenied};
         Sleep(kStep);
     }

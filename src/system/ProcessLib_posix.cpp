@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -142,7 +143,7 @@ std::vector<std::string> EnvironmentMake(bool bWine)
 {
     std::vector<std::string> asEnvironment;
     for (char** pWord = environ; *pWord != nullptr; ++pWord) asEnvironment.emplace_back(*pWord);
-    if (bWine && EnvironmentGet("WINEDEBUG").empty())
+    if (bWine && std::getenv("WINEDEBUG") == nullptr)
         asEnvironment.emplace_back("WINEDEBUG=-all");
     return asEnvironment;
 }

@@ -165,7 +165,8 @@ void FamilyAdd(const PROCESS_INFORMATION& process)
     family = {process.hProcess, JobMake()};
     if (family.hJob != nullptr)
         AssignProcessToJobObject(family.hJob, process.hProcess);
-    ResumeThread(process.hThread);
+    if (ResumeThread(process.hThread) == static_cast<DWORD>(-1))
+        TerminateProcess(process.hProcess, 1);  // told as an engine that failed, without the wait
     CloseHandle(process.hThread);
 }
 
