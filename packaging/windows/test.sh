@@ -5,7 +5,7 @@
 #
 # A prediction in a console; the window's first start: its table, a typed position, a cell, the map
 # with its overlay, the options, the end; a start below "Program Files". No window may appear that
-# was not asked for. Screenshots stay in build/windows-package/artefacts. Needs the packages wine64,
+# was not asked for. Screenshots stay in build/windows-package/artefacts. Needs the packages wine, wine64,
 # xvfb, xdotool, imagemagick and unzip.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
