@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Sets up, builds and starts Hopcast. Without a display it prints a prediction.
-# Arguments go to the program: ./run.sh --month 6 --rc 52,5
+# Arguments go to the program that is started, hopcast or, without a display, hopcast-predict:
+#   ./run.sh --profile pacific.ini        DISPLAY= WAYLAND_DISPLAY= ./run.sh --month 6 --rc 52,5
 set -euo pipefail
 cd "$(dirname "$0")"
 

@@ -69,7 +69,8 @@ tried=0 caught=0 status=0
 for file in "${patches[@]}"; do
     name=$(basename "$file" .patch)
     read -r -a programs < <(HeadGet Tests "$file")
-    if ! Apply --directory="$tree" <"$file"; then
+    # Tried dry first: a patch that fits in part would be left there.
+    if ! Apply --dry-run --directory="$tree" <"$file" >/dev/null || ! Apply --directory="$tree" <"$file"; then
         echo "mutate: $name no longer applies" >&2
         status=1
         continue

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # The Debian package's round trip on this very machine: build, check, install, use, upgrade, remove.
 #
-# Needs root, and a machine on which hopcast is not installed. Exit status 77: it cannot be done here. What
-# is used are three users who live for this test alone: no account is made for them.
+# Needs root, the tools that CI=true scripts/setup.sh test installs, and a machine without hopcast.
+# Exit status 77: it cannot be done here. What is used are three users who live for this test alone:
+# no account is made for them.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 
@@ -51,7 +52,7 @@ Await() {
     Fail "$1: waited in vain"
 }
 
-# --- users: a number, a home folder of their own, and nothing of this session ---------------------
+# --- users: a number, a home folder of their own, and nothing of the caller's environment ----------
 UserMake() { # NUMBER HOME
     mkdir -p "$2" "$folder/run$1" "$folder/tmp$1"
     chown "$1:$1" "$2" "$folder/run$1" "$folder/tmp$1"

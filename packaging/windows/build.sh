@@ -20,7 +20,8 @@ trap '[ -z "$scratch" ] || rm -rf "$scratch"' EXIT
 
 # The libraries that a program asks for. All must be Windows' own.
 LibrariesCheck() {
-    local library
+    local libraries library
+    libraries=$(x86_64-w64-mingw32-objdump -p "$1" | sed -n 's/^\s*DLL Name: //p')
     while read -r library; do
         case ${library,,} in
         advapi32.dll | authz.dll | comctl32.dll | comdlg32.dll | d3d9.dll | d3d11.dll | dwmapi.dll | \
@@ -34,7 +35,7 @@ LibrariesCheck() {
             return 1
             ;;
         esac
-    done < <(x86_64-w64-mingw32-objdump -p "$1" | sed -n 's/^\s*DLL Name: //p')
+    done <<<"$libraries"
 }
 
 # Texts for Windows: lines end in CR LF.
