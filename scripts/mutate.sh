@@ -51,7 +51,7 @@ FailureFirst() {
         if ! timeout 600 "build/mutation/build/tests/bin/$program" >"$log" 2>&1; then
             # Where the program ended early it is the test that ran last.
             { grep -m 1 '^\[  FAILED  \]' "$log" || grep '^\[ RUN ' "$log" | tail -n 1; } |
-                sed "s|.*\] |$program: |; s|[ ,].*([0-9]* ms).*||"
+                sed "s|^\[[^]]*\] *||; s|[ ,].*||; s|^|$program: |"
             return
         fi
     done
