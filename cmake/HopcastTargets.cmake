@@ -18,6 +18,7 @@ if(MINGW)
         _WIN32_WINNT=0x0A00)
     target_link_options(hopcast_flags INTERFACE -static)
 endif()
+include(${CMAKE_CURRENT_LIST_DIR}/Hardening.cmake)
 
 # hopcast_module(NAME SOURCES ... LINK ...): a static library, headers found as "folder/File.h".
 function(hopcast_module NAME)

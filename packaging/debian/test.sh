@@ -148,6 +148,8 @@ Check() {
         MANROFFSEQ='' MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>"$folder/said" >/dev/null
         [ ! -s "$folder/said" ] || Fail "manual page $page: $(cat "$folder/said")"
     done
+    packaging/hardening.sh "$folder"/unpacked/usr/bin/* "$folder"/unpacked/usr/libexec/hopcast/* ||
+        Fail "programs are not hardened, see above"
     dpkg-query -W -f '${Recommends}' hopcast | grep -q voacapl || Fail "voacapl is not recommended"
     [ "$(hopcast --version)" = "hopcast $(dpkg-query -W -f '${Version}' hopcast)" ] || Fail "version"
 }

@@ -60,6 +60,7 @@ FolderFill() {
     local folder=$1 program
     mkdir -p "$folder"
     for program in "${programs[@]}"; do
+        packaging/hardening.sh "$build/bin/$program.exe"
         x86_64-w64-mingw32-strip -o "$folder/$program.exe" "$build/bin/$program.exe"
         LibrariesCheck "$folder/$program.exe"
     done
