@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "engine/run533/CircuitTable.h"
+#include "system/ConsoleLib.h"
 #include "system/FileLib.h"
 
 namespace {
@@ -53,18 +54,18 @@ bool MapsRead(Options& tbl, std::string_view sName)
     return true;
 }
 
-bool OptionsRead(Options& tbl, int nCount, char** pArguments)
+bool OptionsRead(Options& tbl, const std::vector<std::string>& asWords)
 {
-    for (int i = 1; i < nCount; ++i) {
-        const std::string_view sArgument = pArguments[i];
-        const bool bNext = i + 1 < nCount;
+    for (std::size_t i = 0; i < asWords.size(); ++i) {
+        const std::string_view sArgument = asWords[i];
+        const bool bNext = i + 1 < asWords.size();
         if (sArgument == "--reference") {
             tbl.eBehaviour = rec533::Behaviour::Reference;
         } else if (sArgument == "--behaviour") {
-            if (!bNext || !BehaviourRead(tbl, pArguments[++i]))
+            if (!bNext || !BehaviourRead(tbl, asWords[++i]))
                 return false;
         } else if (sArgument == "--maps") {
-            if (!bNext || !MapsRead(tbl, pArguments[++i]))
+            if (!bNext || !MapsRead(tbl, asWords[++i]))
                 return false;
         } else if (sArgument.substr(0, 2) == "--") {
             return false;
@@ -92,10 +93,11 @@ Result<void> TableRun(const Options& tbl)
 
 int main(int nCount, char** pArguments)
 {
+    const ConsoleUtf8 console;
     std::string sError;
     try {
         Options tbl;
-        if (!OptionsRead(tbl, nCount, pArguments)) {
+        if (!OptionsRead(tbl, ArgumentsGet(nCount, pArguments))) {
             std::fputs(
                 "usage: hopcast-p533 [--behaviour best|corrected|reference] [--reference]"
                 " [--maps ccir|ursi|mean] IN.csv OUT.csv\n",

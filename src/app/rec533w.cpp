@@ -8,19 +8,21 @@
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <vector>
 
 #include "engine/run533/Run.h"
+#include "system/ConsoleLib.h"
 
 namespace {
 
 constexpr int kFailed = 2;
 
-Result<void> ProgramRun(int nCount, char** pArguments)
+Result<void> ProgramRun(const std::vector<std::string>& asWords)
 {
-    if (nCount == 4)
-        return run533::PointRun(pArguments[1], pArguments[2], pArguments[3]);
-    if (nCount == 5 && std::string(pArguments[2]) == "AREA" && std::string(pArguments[3]) == "CALC")
-        return run533::AreaRun(pArguments[1], pArguments[4]);
+    if (asWords.size() == 3)
+        return run533::PointRun(asWords[0], asWords[1], asWords[2]);
+    if (asWords.size() == 4 && asWords[1] == "AREA" && asWords[2] == "CALC")
+        return run533::AreaRun(asWords[0], asWords[3]);
     return RunError{"usage: ROOT DECK OUTPUT, or ROOT AREA CALC DECK"};
 }
 
@@ -28,9 +30,10 @@ Result<void> ProgramRun(int nCount, char** pArguments)
 
 int main(int nCount, char** pArguments)
 {
+    const ConsoleUtf8 console;
     std::string sError;
     try {
-        const Result<void> resRun = ProgramRun(nCount, pArguments);
+        const Result<void> resRun = ProgramRun(ArgumentsGet(nCount, pArguments));
         if (resRun)
             return 0;
         sError = resRun.TextGet();

@@ -10,6 +10,9 @@ std::vector<std::string> ArgumentsGet(int nArguments, char** asArguments)
     return {asArguments + (nArguments > 0 ? 1 : 0), asArguments + nArguments};
 }
 
+ConsoleUtf8::ConsoleUtf8() = default;
+ConsoleUtf8::~ConsoleUtf8() = default;
+
 bool ConsoleIsThere() { return true; }
 
 bool ConsoleTakesColor()

@@ -2,8 +2,58 @@
 // windows.h first: shellapi.h needs its types
 #include <shellapi.h>
 
+#include <atomic>
+#include <cstdio>
+
 #include "system/ConsoleLib.h"
 #include "system/HostPath.h"
+
+namespace {
+
+/// What the console had before; 0 and no value: nothing was changed. The handler of the keyboard's
+/// signals runs in a thread of its own.
+struct ConsoleBefore {
+    std::atomic<UINT> nCodePage = 0;
+    std::atomic<bool> bMode = false;
+    std::atomic<DWORD> nMode = 0;
+};
+
+ConsoleBefore& ConsoleBeforeGet()
+{
+    static ConsoleBefore before;
+    return before;
+}
+
+void ConsoleRestore()
+{
+    ConsoleBefore& before = ConsoleBeforeGet();
+    if (const UINT nCodePage = before.nCodePage.exchange(0); nCodePage != 0)
+        SetConsoleOutputCP(nCodePage);
+    if (before.bMode.exchange(false))
+        SetConsoleMode(GetStdHandle(STD_OUTPUT_HANDLE), before.nMode);
+}
+
+BOOL WINAPI KeyboardEnds(DWORD /*nSignal*/)
+{
+    ConsoleRestore();
+    return FALSE;  // the next handler ends the program
+}
+
+}  // namespace
+
+ConsoleUtf8::ConsoleUtf8()
+{
+    ConsoleBeforeGet().nCodePage = GetConsoleOutputCP();  // 0 without a console
+    SetConsoleCtrlHandler(KeyboardEnds, TRUE);
+    SetConsoleOutputCP(CP_UTF8);
+}
+
+ConsoleUtf8::~ConsoleUtf8()
+{
+    std::fflush(nullptr);
+    ConsoleRestore();
+    SetConsoleCtrlHandler(KeyboardEnds, FALSE);
+}
 
 std::vector<std::string> ArgumentsGet(int /*nArguments*/, char** /*asArguments*/)
 {
@@ -24,7 +74,6 @@ bool ConsoleIsThere()
 
 bool ConsoleTakesColor()
 {
-    SetConsoleOutputCP(CP_UTF8);
     const auto Set = [](const char* sName) {
         const std::string sValue = EnvironmentGet(sName);
         return !sValue.empty() && sValue != "0";
@@ -36,5 +85,10 @@ bool ConsoleTakesColor()
     const bool bConsole =
         GetConsoleMode(hOutput, &nMode) != 0
         && SetConsoleMode(hOutput, nMode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+    ConsoleBefore& before = ConsoleBeforeGet();
+    if (bConsole && !before.bMode) {
+        before.nMode = nMode;
+        before.bMode = true;
+    }
     return bConsole || Set("CLICOLOR_FORCE");
 }

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "system/ConsoleLib.h"
 #include "system/LockLib.h"
@@ -48,6 +49,67 @@ bool ChildStart(wchar_t* sProgram)
     return true;
 }
 
+/// The mode of the console's own output, before, while and after colours are asked for.
+int ColorPrint()
+{
+    const HANDLE hScreen =
+        CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+    SetStdHandle(STD_OUTPUT_HANDLE, hScreen);
+    const auto ModeGet = [hScreen] {
+        DWORD nMode = 0;
+        return GetConsoleMode(hScreen, &nMode) ? nMode : ~DWORD{0};
+    };
+    const DWORD nPlain = ModeGet() & ~DWORD{ENABLE_VIRTUAL_TERMINAL_PROCESSING};
+    SetConsoleMode(hScreen, nPlain);
+    DWORD nDuring = 0;
+    {
+        const ConsoleUtf8 console;
+        (void)ConsoleTakesColor();
+        nDuring = ModeGet();
+    }
+    std::printf("colours %d kept %d\n", (nDuring & ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0 ? 1 : 0,
+                ModeGet() == nPlain ? 1 : 0);
+    return 0;
+}
+
+/// Runs a program in this console, which has an old alphabet, and tells the console's alphabet
+/// while the program prints and after its end. What it prints goes to a pipe that is full, so that
+/// it waits.
+int ConsoleWatch(const std::vector<std::string>& asWords)
+{
+    constexpr UINT kOld = 437;
+    constexpr DWORD kPipe = 4096;
+    constexpr int kTriesMax = 1000;
+    SetConsoleOutputCP(kOld);
+    SECURITY_ATTRIBUTES security{sizeof security, nullptr, TRUE};
+    HANDLE hRead = nullptr;
+    HANDLE hWrite = nullptr;
+    CreatePipe(&hRead, &hWrite, &security, kPipe);
+    SetHandleInformation(hRead, HANDLE_FLAG_INHERIT, 0);
+    std::string sBuffer(kPipe, 'x');
+    DWORD nBytes = 0;
+    WriteFile(hWrite, sBuffer.data(), kPipe, &nBytes, nullptr);
+    std::wstring sLine;
+    for (std::size_t n = 1; n < asWords.size(); ++n)
+        sLine += L'"' + std::wstring(asWords[n].begin(), asWords[n].end()) + L"\" ";
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdOutput = startup.hStdError = hWrite;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(nullptr, sLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                        &startup, &process))
+        return 1;
+    CloseHandle(hWrite);
+    UINT nDuring = kOld;
+    for (int i = 0; i < kTriesMax && (nDuring = GetConsoleOutputCP()) == kOld; ++i) Sleep(10);
+    while (ReadFile(hRead, sBuffer.data(), kPipe, &nBytes, nullptr)) continue;
+    WaitForSingleObject(process.hProcess, INFINITE);
+    std::printf("during %u after %u\n", nDuring, GetConsoleOutputCP());
+    return 0;
+}
+
 }  // namespace
 
 int main(int nArguments, char** asArguments)
@@ -71,6 +133,10 @@ int main(int nArguments, char** asArguments)
         RaiseException(EXCEPTION_ACCESS_VIOLATION, EXCEPTION_NONCONTINUABLE, 0, nullptr);
     if (sVerb == "start")
         return StartPrint();
+    if (sVerb == "color")
+        return ColorPrint();
+    if (sVerb == "watch")
+        return ConsoleWatch(asWords);
     if (sVerb == "lock")
         return LockHold(asWords[1]);
     if (sVerb == "folder") {
