@@ -2,6 +2,7 @@
 #include <io.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <string>
@@ -28,6 +29,44 @@ std::FILE* FileOpen(const std::string& sHostPath, const wchar_t* sMode, int& nEr
     if (!pFile)
         nErrno = errno;
     return pFile;
+}
+
+/// Makes a new file of an unused name beside sFile.
+HANDLE TemporaryOpen(const std::wstring& sFile, std::wstring& sTemporary)
+{
+    constexpr int kTriesMax = 100;
+    const std::wstring sFolder = sFile.substr(0, sFile.find_last_of(L"\\/:") + 1);
+    HANDLE hFile = INVALID_HANDLE_VALUE;
+    for (int i = 0; i < kTriesMax && hFile == INVALID_HANDLE_VALUE; ++i) {
+        sTemporary = sFolder + L".hopcast-" + std::to_wstring(GetCurrentProcessId()) + L'-'
+                     + std::to_wstring(i);
+        hFile = CreateFileW(sTemporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                            FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (hFile == INVALID_HANDLE_VALUE && GetLastError() != ERROR_FILE_EXISTS)
+            break;
+    }
+    return hFile;
+}
+
+/// Writes all bytes through to the disk, or a power cut could leave the new name without them, and
+/// closes the file.
+int TemporaryFill(HANDLE hFile, std::string_view sBytes)
+{
+    constexpr std::size_t kBlockMax = std::size_t{1} << 20;
+    int nErrno = 0;
+    while (nErrno == 0 && !sBytes.empty()) {
+        DWORD nWritten = 0;
+        if (WriteFile(hFile, sBytes.data(), static_cast<DWORD>(std::min(sBytes.size(), kBlockMax)),
+                      &nWritten, nullptr))
+            sBytes.remove_prefix(nWritten);
+        else
+            nErrno = ErrnoFromLastError();
+    }
+    if (nErrno == 0 && !FlushFileBuffers(hFile))
+        nErrno = ErrnoFromLastError();
+    if (!CloseHandle(hFile) && nErrno == 0)
+        nErrno = ErrnoFromLastError();
+    return nErrno;
 }
 
 }  // namespace
@@ -57,15 +96,11 @@ int FileReplaceErrno(std::string_view sPath, std::string_view sBytes)
     if (const int nErrno = FileReplaceCheck(sPath))
         return nErrno;
     const std::wstring sFile = WideFromUtf8(PathToHost(sPath));
-    const std::wstring sTemporary = sFile + L".hopcast-" + std::to_wstring(GetCurrentProcessId());
-    std::FILE* pFile = _wfopen(sTemporary.c_str(), L"wbN");
-    if (!pFile)
-        return errno;
-    int nErrno = 0;
-    if (std::fwrite(sBytes.data(), 1, sBytes.size(), pFile) != sBytes.size())
-        nErrno = errno;
-    if (std::fclose(pFile) != 0 && nErrno == 0)
-        nErrno = errno;
+    std::wstring sTemporary;
+    const HANDLE hFile = TemporaryOpen(sFile, sTemporary);
+    if (hFile == INVALID_HANDLE_VALUE)
+        return ErrnoFromLastError();
+    int nErrno = TemporaryFill(hFile, sBytes);
     // ReplaceFile keeps the old file's access list; it needs an old file.
     if (nErrno == 0
         && !ReplaceFileW(sFile.c_str(), sTemporary.c_str(), nullptr,

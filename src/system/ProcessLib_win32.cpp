@@ -185,6 +185,10 @@ Result<int> HostProcessStart(const ProcessCommand& command)
         return RunError{GetLastError() == ERROR_ACCESS_DENIED ? kPermissionDenied
                                                               : kPathFileAccessError};
     const HANDLE hInput = InheritedOpen(L"NUL", GENERIC_READ, OPEN_EXISTING);
+    if (hInput == INVALID_HANDLE_VALUE) {
+        CloseHandle(hOutput);
+        return RunError{kPathFileAccessError};
+    }
     Startup startup(hInput, hOutput);
     PROCESS_INFORMATION process{};
     const BOOL bStarted = CreateProcessW(nullptr, sLine.data(), nullptr, nullptr, TRUE,
