@@ -137,7 +137,7 @@ SetUp() {
     # Windows' dialogs are made for this font; what Wine takes instead has no usable line height.
     cp "$fonts"/tahoma*.ttf "$drive/windows/Fonts/"
     wineserver -k -w
-    root=$drive/itshfbc
+    root=$drive/users/$(id -un)/AppData/Local/Hopcast/itshfbc
     profiles=$drive/users/$(id -un)/AppData/Roaming/Hopcast
     mkdir "$folder/zip"
     unzip -q "$zip" -d "$folder/zip"

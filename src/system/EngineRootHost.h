@@ -9,7 +9,7 @@
 [[nodiscard]] std::vector<std::string> PrivateRootFolders();
 
 /// A new empty folder that only this user may enter, among the machine's temporary ones; empty when
-/// none can be made, and on Windows, where the folders above are always writable.
+/// none can be made, and on Windows, where the folder above is the user's own.
 [[nodiscard]] std::string TemporaryRootMake();
 
 /// Folders that may hold voacapl.

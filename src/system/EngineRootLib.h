@@ -4,14 +4,14 @@
 ///
 /// First that applies: (1) environment HOPCAST_ITSHFBC; (2) the fixed root when its bin_win holds
 /// at least one of the three programs (on Windows c:\itshfbc, elsewhere itshfbc on the Wine
-/// prefix's drive C); (3) the private root: on Windows the fixed root itself, and only where it
-/// cannot be made %LOCALAPPDATA%\Hopcast\itshfbc; elsewhere $XDG_DATA_HOME/hopcast/itshfbc (default
-/// ~/.local/share/hopcast/itshfbc). Programs that Hopcast itself put into the fixed root do not
-/// count in (2). What it put there is listed in the root's hopcast-engines.txt. Where no private
-/// root can be written (a read-only home), provisioning makes one among the machine's temporary
-/// folders; it belongs to the running program alone and goes with it.
+/// prefix's drive C); (3) the private root: on Windows %LOCALAPPDATA%\Hopcast\itshfbc, elsewhere
+/// $XDG_DATA_HOME/hopcast/itshfbc (default ~/.local/share/hopcast/itshfbc). What Hopcast put into a
+/// root is listed in its hopcast-engines.txt; such programs do not count in (2), so a c:\itshfbc of
+/// an older Hopcast is left as it is and no longer used. Outside Windows, where no private root can
+/// be written (a read-only home), provisioning makes one among the machine's temporary folders; it
+/// belongs to the running program alone and goes with it.
 ///
-/// Tests:   tests/system/EngineRootLibPosixTest.cpp
+/// Tests:   tests/system/EngineRootLibPosixTest.cpp, PlatformWin32Test.cpp
 #pragma once
 
 #include <string>

@@ -1,12 +1,17 @@
+#include <filesystem>
+
 #include "system/EngineRootHost.h"
 #include "system/HostPath.h"
 
+namespace fs = std::filesystem;
+
 std::vector<std::string> PrivateRootFolders()
 {
-    std::vector<std::string> asFolders{FixedEngineRootGet()};
-    if (const std::string sLocal = EnvironmentGet("LOCALAPPDATA"); !sLocal.empty())
-        asFolders.push_back(sLocal + "\\Hopcast\\itshfbc");
-    return asFolders;
+    // Not c:\itshfbc: a folder below C:\ can be written by every account of the machine.
+    std::error_code ec;
+    const std::string sLocal = EnvironmentGet("LOCALAPPDATA");
+    const fs::path pthBase = sLocal.empty() ? fs::temp_directory_path(ec) : PathFromText(sLocal);
+    return {TextFromPath(pthBase / L"Hopcast" / L"itshfbc")};
 }
 
 std::string TemporaryRootMake() { return {}; }

@@ -80,7 +80,7 @@ TEST_F(PlatformWin32, AFileHeldByAnotherProgramIsNotReplacedNorDeleted)
     EXPECT_EQ(TextFile::Open(sFile).TextGet(), kPermissionDenied);
     CloseHandle(hFile);
     EXPECT_EQ(BytesRead(sFile), "old");
-    EXPECT_TRUE(FilesList(m_folder.Path() + "\\*.hopcast-*").empty()) << "a temporary file is left";
+    EXPECT_TRUE(FilesList(m_folder.Path() + "\\.hopcast-*").empty()) << "a temporary file is left";
     EXPECT_TRUE(FileReplace(sFile, "new"));
 }
 
@@ -96,39 +96,66 @@ TEST_F(PlatformWin32, ProgramFilesKeepNoProfile)
     EXPECT_EQ(fs::path(ProfileFileFor(sOwn)), fs::path(m_folder.Path("own/hopcast.ini")));
 }
 
-TEST_F(PlatformWin32, TheFixedRootIsThePrivateOneToo)
+TEST_F(PlatformWin32, AReplacedFileIsNeverWrittenUnderANameThatIsTaken)
 {
-    const std::string sShipped = m_folder.Write("shipped/rec533w.exe", "MZ of ours");
-    const std::string sFolder = m_folder.Path("shipped");
-    ASSERT_TRUE(EngineRootProvisionFrom(sFolder, ""));
-    EXPECT_EQ(EngineRootGet().sFolder, "c:\\itshfbc");
-    EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Private);
-    EXPECT_EQ(BytesRead("c:\\itshfbc\\bin_win\\rec533w.exe"), "MZ of ours");
-    EXPECT_TRUE(EngineIsBuiltIn("rec533w.exe"));
-    m_folder.Write("shipped/rec533w.exe", "MZ of ours, newer\n\x1A\r\n");
-    ASSERT_TRUE(EngineRootProvisionFrom(sFolder, ""));
-    EXPECT_EQ(BytesRead("c:\\itshfbc\\bin_win\\rec533w.exe"), "MZ of ours, newer\n\x1A\r\n");
-    // Another's program makes it an installed package, which is left alone.
-    m_drive.Write("itshfbc/bin_win/voacapw.exe", "MZ of ITS");
-    EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Installed);
-    m_folder.Write("shipped/rec533w.exe", "MZ newest");
-    ASSERT_TRUE(EngineRootProvisionFrom(sFolder, ""));
-    EXPECT_EQ(BytesRead("c:\\itshfbc\\bin_win\\rec533w.exe"), "MZ of ours, newer\n\x1A\r\n");
-    EXPECT_FALSE(EngineIsBuiltIn("voacapw.exe"));
-    fs::remove_all("c:\\itshfbc");
+    const std::string sFile = m_folder.Write("a.ini", "old");
+    const std::string sNumber = std::to_string(GetCurrentProcessId());
+    const std::string sFixed = m_folder.Write("a.ini.hopcast-" + sNumber, "another's");
+    const std::string sFirst = m_folder.Write(".hopcast-" + sNumber + "-0", "another's too");
+    EXPECT_TRUE(FileReplace(sFile, "new"));
+    EXPECT_EQ(BytesRead(sFile), "new");
+    EXPECT_EQ(BytesRead(sFixed), "another's");
+    EXPECT_EQ(BytesRead(sFirst), "another's too");
+    EXPECT_EQ(FilesList(m_folder.Path() + "\\*").size(), 3U) << "a temporary file is left";
+    const std::string sLarge(std::size_t{5} << 20, 'x');
+    EXPECT_TRUE(FileReplace(sFile, sLarge));
+    EXPECT_EQ(BytesRead(sFile), sLarge);
+    EXPECT_EQ(FileReplace(m_folder.Path() + "\\none\\a.ini", "x").TextGet(), kPathNotFound);
 }
 
-TEST_F(PlatformWin32, WhereTheFixedRootCannotBeMadeTheUsersOwnIs)
+TEST_F(PlatformWin32, ThePrivateRootIsTheUsersOwn)
+{
+    for (const char* sFolder : kFolders) {
+        const EnvironmentSet local("LOCALAPPDATA", m_folder.Path(sFolder));
+        const std::string sRoot = m_folder.Path(sFolder) + "\\Hopcast\\itshfbc";
+        m_folder.Write("shipped/rec533w.exe", "MZ of ours");
+        const std::string sShipped = m_folder.Path("shipped");
+        ASSERT_TRUE(EngineRootProvisionFrom(sShipped, ""));
+        EXPECT_EQ(fs::path(EngineRootGet().sFolder), fs::path(sRoot));
+        EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Private);
+        EXPECT_EQ(BytesRead(PathToHost("C:\\ITSHFBC\\bin_win\\rec533w.exe")), "MZ of ours");
+        EXPECT_EQ(BytesRead(sRoot + "\\bin_win\\rec533w.exe"), "MZ of ours");
+        EXPECT_TRUE(EngineIsBuiltIn("rec533w.exe"));
+        m_folder.Write("shipped/rec533w.exe", "MZ of ours, newer\n\x1A\r\n");
+        ASSERT_TRUE(EngineRootProvisionFrom(sShipped, ""));
+        EXPECT_EQ(BytesRead(sRoot + "\\bin_win\\rec533w.exe"), "MZ of ours, newer\n\x1A\r\n");
+        EXPECT_FALSE(fs::exists("c:\\itshfbc"));
+    }
+    EXPECT_EQ(PathToHost("c:\\itshfbc2\\x"), "c:\\itshfbc2\\x");
+}
+
+TEST_F(PlatformWin32, AnOlderHopcastsFixedRootIsLeftAndNoLongerUsed)
 {
     const EnvironmentSet local("LOCALAPPDATA", m_folder.Path("local"));
-    m_drive.Write("itshfbc", "a file");
+    const std::string sRoot = m_folder.Path("local") + "\\Hopcast\\itshfbc";
     m_folder.Write("shipped/rec533w.exe", "MZ of ours");
     ASSERT_TRUE(EngineRootProvisionFrom(m_folder.Path("shipped"), ""));
-    EXPECT_EQ(EngineRootGet().sFolder, m_folder.Path("local") + "\\Hopcast\\itshfbc");
-    EXPECT_EQ(PathToHost("C:\\ITSHFBC\\bin_win\\rec533w.exe"),
-              m_folder.Path("local") + "\\Hopcast\\itshfbc\\bin_win\\rec533w.exe");
-    EXPECT_EQ(BytesRead(PathToHost("c:\\itshfbc\\bin_win\\rec533w.exe")), "MZ of ours");
-    EXPECT_EQ(PathToHost("c:\\itshfbc2\\x"), "c:\\itshfbc2\\x");
+    // What an older one made on drive C: the same program and the same list.
+    const std::string sList = BytesRead(sRoot + "\\hopcast-engines.txt");
+    m_drive.Write("itshfbc/bin_win/rec533w.exe", "MZ of ours");
+    m_drive.Write("itshfbc/hopcast-engines.txt", sList);
+    EXPECT_EQ(EngineRootGet().sFolder, sRoot);
+    EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Private);
+    m_folder.Write("shipped/rec533w.exe", "MZ of ours, newer");
+    ASSERT_TRUE(EngineRootProvisionFrom(m_folder.Path("shipped"), ""));
+    EXPECT_EQ(BytesRead(sRoot + "\\bin_win\\rec533w.exe"), "MZ of ours, newer");
+    EXPECT_EQ(BytesRead("c:\\itshfbc\\bin_win\\rec533w.exe"), "MZ of ours");
+    EXPECT_EQ(BytesRead("c:\\itshfbc\\hopcast-engines.txt"), sList);
+    // Another's program beside it makes it the installed package.
+    m_drive.Write("itshfbc/bin_win/voacapw.exe", "MZ of ITS");
+    EXPECT_EQ(EngineRootGet().sFolder, "c:\\itshfbc");
+    EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Installed);
+    EXPECT_FALSE(EngineIsBuiltIn("voacapw.exe"));
 }
 
 }  // namespace

@@ -54,12 +54,22 @@ protected:
     {
         NEED_WINE(IsThere());
         fs::remove_all(Drive("itshfbc"));
+        fs::remove_all(UserRoot());
     }
 
     static std::string PrefixPath() { return s_pFolder->Path("wine"); }
     static std::string Drive(const std::string& sName)
     {
         return PrefixPath() + "/prefix/drive_c/" + sName;
+    }
+    /// The engine root of the prefix's user.
+    static std::string UserRoot()
+    {
+        for (const auto& entry : fs::directory_iterator(Drive("users")))
+            if (fs::exists(entry.path() / "AppData/Local"))
+                return (entry.path() / "AppData/Local/Hopcast/itshfbc").string();
+        ADD_FAILURE() << "the prefix has no user";
+        return Drive("none");
     }
     static ProgramResult Prefix(Words asWords)
     {
@@ -169,30 +179,35 @@ TEST_F(WineEndToEnd, AnAreaIsTheSameOnBothSides)
     EXPECT_EQ(resWine.sOut, resHere.sOut);
 }
 
-TEST_F(WineEndToEnd, WithoutThePackageTheBuiltInEngineIsPutOnDriveC)
+TEST_F(WineEndToEnd, WithoutThePackageTheBuiltInEngineIsPutIntoTheUsersFolder)
 {
     const Words asWords = With(kCircuit, {"--format", "table"});
     const ProgramResult resHere = HostPredict(asWords, false);
+    const std::string sEngine = UserRoot() + "/bin_win/rec533w.exe";
     for (int i = 0; i < 2; ++i) {
         const ProgramResult res = WindowsPredict(asWords);
         EXPECT_EQ(res.nStatus, 0) << res.sError;
         EXPECT_EQ(res.sOut, resHere.sOut);
-        EXPECT_EQ(BytesRead(Drive("itshfbc/bin_win/rec533w.exe")), BytesRead(kRec533Exe));
+        EXPECT_EQ(BytesRead(sEngine), BytesRead(kRec533Exe));
     }
-    EXPECT_TRUE(fs::exists(Drive("itshfbc/hopcast-engines.txt")));
-    // An engine that lies somewhere else on drive C is Hopcast's own too, and is renewed.
-    fs::resize_file(Drive("itshfbc/bin_win/rec533w.exe"), 1000);
-    EXPECT_EQ(WindowsPredict(asWords).nStatus, 1) << "what somebody changed is his";
-    fs::remove(Drive("itshfbc/bin_win/rec533w.exe"));
+    EXPECT_TRUE(fs::exists(UserRoot() + "/hopcast-engines.txt"));
+    EXPECT_FALSE(fs::exists(Drive("itshfbc"))) << "every account of the machine may write there";
+    fs::remove(sEngine);
     EXPECT_EQ(WindowsPredict(asWords).nStatus, 0);
 }
 
-TEST_F(WineEndToEnd, WhereDriveCTakesNoFolderTheUsersOwnIsUsed)
+TEST_F(WineEndToEnd, WhatAnOlderHopcastLeftOnDriveCIsNoLongerUsed)
 {
-    FileWrite("itshfbc", "a file in the folder's place");
-    const ProgramResult res = WindowsPredict(With(kCircuit, {"--format", "csv"}));
+    const Words asWords = With(kCircuit, {"--format", "csv"});
+    const ProgramResult resFirst = WindowsPredict(asWords);
+    ASSERT_EQ(resFirst.nStatus, 0) << resFirst.sError;
+    EngineInstall();
+    FileWrite("itshfbc/hopcast-engines.txt", BytesRead(UserRoot() + "/hopcast-engines.txt"));
+    const ProgramResult res = WindowsPredict(asWords);
     EXPECT_EQ(res.nStatus, 0) << res.sError;
-    EXPECT_EQ(res.sOut, HostPredict(With(kCircuit, {"--format", "csv"}), false).sOut);
+    EXPECT_EQ(res.sOut, resFirst.sOut);
+    EXPECT_FALSE(fs::exists(Drive("itshfbc/RUN/sound.out")));
+    EXPECT_TRUE(fs::exists(Drive("itshfbc/bin_win/rec533w.exe"))) << "left as it is";
 }
 
 TEST_F(WineEndToEnd, FailuresHaveTheirTextsAndStatuses)
