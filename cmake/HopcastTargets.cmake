@@ -73,5 +73,15 @@ endfunction()
 function(hopcast_wine_test NAME)
     add_test(NAME ${NAME} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/prefix.sh run ${PROJECT_BINARY_DIR}/wine
         $<TARGET_FILE:${NAME}>)
-    set_tests_properties(${NAME} PROPERTIES LABELS wine TIMEOUT 300 FIXTURES_REQUIRED wine_prefix)
+    set_tests_properties(${NAME} PROPERTIES LABELS wine TIMEOUT 300 FIXTURES_REQUIRED wine_prefix
+        RESOURCE_LOCK drive_of_${NAME})
+endfunction()
+
+# hopcast_code_page_test(NAME PAGE LOCALE FILTER): the same with the system code page of a country; FILTER picks
+# the tests.
+function(hopcast_code_page_test NAME PAGE LOCALE FILTER)
+    add_test(NAME ${NAME}.codepage${PAGE} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/prefix.sh run
+        ${PROJECT_BINARY_DIR}/wine $<TARGET_FILE:${NAME}> "--gtest_filter=${FILTER}")
+    set_tests_properties(${NAME}.codepage${PAGE} PROPERTIES LABELS wine TIMEOUT 300 FIXTURES_REQUIRED wine_prefix
+        RESOURCE_LOCK drive_of_${NAME} ENVIRONMENT "WINE_LOCALE=${LOCALE};HOPCAST_CODE_PAGE=${PAGE}")
 endfunction()

@@ -1,12 +1,13 @@
 #include "airmail/AirMailFolders.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
+#include "system/AnsiLib.h"
 #include "system/FileLib.h"
 #include "system/PathLib.h"
 #include "system/RegistryLib.h"
-#include "system/TextLib.h"
 
 namespace {
 
@@ -38,16 +39,15 @@ void FolderSet(Folder& folder, std::string sPath)
         folder = {std::move(sPath), AirMailOrigin::Profile};
 }
 
-// The first nCount characters of a UTF-8 text, which is one byte each in the registry's alphabet.
-std::string TextLeft(const std::string& sText, std::size_t nCount)
+// Takes nCount characters from the end of a UTF-8 text.
+std::string TextShorten(std::string sText, std::size_t nCount)
 {
-    std::size_t nAt = 0;
-    for (; nAt < sText.size(); ++nAt) {
-        const bool bStarts = (static_cast<unsigned char>(sText[nAt]) & 0xC0U) != 0x80U;
-        if (bStarts && nCount-- == 0)
-            break;
+    while (nCount > 0 && !sText.empty()) {
+        const bool bStarts = (static_cast<unsigned char>(sText.back()) & 0xC0U) != 0x80U;
+        sText.pop_back();
+        nCount -= bStarts ? 1 : 0;
     }
-    return sText.substr(0, nAt);
+    return sText;
 }
 
 std::optional<std::string> RegistryFolderGet()
@@ -57,7 +57,10 @@ std::optional<std::string> RegistryFolderGet()
     const auto value = RegistryStringGet(kRegistryKey, kRegistryName, kRegistryBytesMax);
     if (!value || value->nBytes < kDropped)
         return std::nullopt;
-    return TextLeft(value->sValue, static_cast<std::size_t>(value->nBytes - kDropped));
+    // A character may be several bytes there; what is told beyond the text is the NUL and the rest.
+    const int nBeyond = value->nBytes - static_cast<int>(FileBytesFromUtf8(value->sValue).size());
+    return TextShorten(value->sValue,
+                       static_cast<std::size_t>(std::clamp(kDropped - nBeyond, 0, kDropped)));
 }
 
 // The line's folder without its last character; a failure where nothing stands behind the mark.
@@ -70,7 +73,7 @@ bool LogLineApply(std::string_view sLine, Folder& data)
     if (sLine.empty())
         return false;
     sLine.remove_suffix(1);
-    data = {Utf8FromWindows1252(sLine), AirMailOrigin::InstallLog};
+    data = {Utf8FromFileBytes(sLine), AirMailOrigin::InstallLog};
     return true;
 }
 

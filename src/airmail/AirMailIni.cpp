@@ -14,7 +14,7 @@ constexpr const char* kVersionTested = "3.1.936";
 std::string AirMailIniGet(const std::string& sFile, const std::string& sSection,
                           const std::string& sKey, bool bShowError)
 {
-    std::string sValue = PrivateProfileGet(sSection, sKey, "", kBufferSize,
+    std::string sValue = PrivateProfileGetWindows1252(sSection, sKey, "", kBufferSize,
                                            AirMailPathGet(AirMailDataFolderGet(), sFile));
     if (sValue.empty() && bShowError)
         MsgBox(MsgIcon::Exclamation, "Unable to find AirMail's " + sSection + ", " + sKey + " in \""

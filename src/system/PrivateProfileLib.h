@@ -10,7 +10,7 @@
 /// be written.
 ///
 /// Texts:   UTF-8 in the program, Windows-1252 in the file (outside Windows UTF-8 when it
-///          begins with the byte order mark).
+///          begins with the byte order mark; on a Windows with another alphabet see AnsiLib.h).
 /// Tests:   tests/system/PrivateProfileLibTest.cpp
 #pragma once
 
@@ -22,6 +22,24 @@
 [[nodiscard]] std::string PrivateProfileGet(std::string_view sSection, std::string_view sKey,
                                             std::string_view sDefault, int nBufferSize,
                                             std::string_view sFile);
+
+/// The same for a file that comes from elsewhere and is Windows-1252 on every machine, as Airmail's
+/// are.
+#ifdef _WIN32
+[[nodiscard]] std::string PrivateProfileGetWindows1252(std::string_view sSection,
+                                                       std::string_view sKey,
+                                                       std::string_view sDefault, int nBufferSize,
+                                                       std::string_view sFile);
+#else
+[[nodiscard]] inline std::string PrivateProfileGetWindows1252(std::string_view sSection,
+                                                              std::string_view sKey,
+                                                              std::string_view sDefault,
+                                                              int nBufferSize,
+                                                              std::string_view sFile)
+{
+    return PrivateProfileGet(sSection, sKey, sDefault, nBufferSize, sFile);
+}
+#endif
 
 /// Writes one key; section and file are made when missing, the folder is not. Line ends in the
 /// value become blanks outside Windows.

@@ -2,15 +2,26 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <optional>
 #include <string>
 
+#include "system/AnsiLib.h"
 #include "system/FileHost.h"
+#include "system/FileLib.h"
 #include "system/HostPath.h"
 #include "system/PathLib.h"
 #include "system/PrivateProfileLib.h"
 #include "system/TextLib.h"
 
 namespace {
+
+constexpr UINT kWindows1252 = 1252;
+
+/// How a file's bytes become texts, and back.
+struct Alphabet {
+    std::string (*fnText)(std::string_view sBytes);
+    std::string (*fnBytes)(std::string_view sText);
+};
 
 std::wstring FullPathGet(const std::wstring& sFile)
 {
@@ -56,17 +67,80 @@ std::string AnsiFileGet(std::string_view sFile, bool bMake)
     return AnsiFromUtf8(Utf8FromWide(sPath));
 }
 
+bool IsAscii(std::string_view sBytes)
+{
+    return std::all_of(sBytes.begin(), sBytes.end(), [](char c) { return (c & 0x80) == 0; });
+}
+
+std::string_view QuotesDrop(std::string_view sValue)
+{
+    if (sValue.size() >= 2 && (sValue.front() == '"' || sValue.front() == '\'')
+        && sValue.front() == sValue.back())
+        return sValue.substr(1, sValue.size() - 2);
+    return sValue;
+}
+
+/// The bytes of a value as they stand in the file, by the rules of the system's call.
+std::optional<std::string> FileValueGet(std::string_view sSection, std::string_view sKey,
+                                        std::string_view sFile, const Alphabet& alphabet)
+{
+    constexpr std::size_t kFileMax = std::size_t{64} << 20;
+    const auto resBytes = FileRead(sFile, kFileMax);
+    bool bInside = false;
+    for (std::string_view sLine :
+         TextLines(resBytes ? std::string_view(resBytes.ValueGet()) : std::string_view())) {
+        sLine = TextTrim(sLine);
+        if (sLine.starts_with('[')) {
+            if (bInside)
+                break;
+            const std::string_view sName = TextTrim(sLine.substr(1, sLine.find(']') - 1));
+            bInside = TextEqualNoCase(alphabet.fnText(sName), sSection);
+            continue;
+        }
+        const std::size_t nEqual = sLine.find('=');
+        if (bInside && nEqual != std::string_view::npos && sLine.front() != ';'
+            && TextEqualNoCase(alphabet.fnText(TextTrim(sLine.substr(0, nEqual))), sKey))
+            return std::string(QuotesDrop(TextTrim(sLine.substr(nEqual + 1))));
+    }
+    return std::nullopt;
+}
+
+std::string ValueGet(std::string_view sSection, std::string_view sKey, std::string_view sDefault,
+                     int nBufferSize, std::string_view sFile, const Alphabet& alphabet)
+{
+    const auto nMax = static_cast<std::size_t>(std::max(nBufferSize, 1) - 1);
+    std::string sBuffer(nMax + 1, '\0');
+    const DWORD nLength = GetPrivateProfileStringA(
+        alphabet.fnBytes(sSection).c_str(), alphabet.fnBytes(sKey).c_str(),
+        alphabet.fnBytes(sDefault).c_str(), sBuffer.data(), static_cast<DWORD>(sBuffer.size()),
+        AnsiFileGet(sFile, false).c_str());
+    sBuffer.resize(nLength);
+    if (GetACP() != kWindows1252) {
+        // On its way through the system's alphabet the call loses the bytes that have no meaning
+        // there, and with them the degree signs of Airmail's positions.
+        const auto sValue = FileValueGet(sSection, sKey, sFile, alphabet);
+        const bool bPlain = IsAscii(sSection) && IsAscii(sKey);
+        if (sValue && !(bPlain && IsAscii(*sValue)))
+            sBuffer = sValue->substr(0, nMax);
+    }
+    return alphabet.fnText(sBuffer);
+}
+
 }  // namespace
 
 std::string PrivateProfileGet(std::string_view sSection, std::string_view sKey,
                               std::string_view sDefault, int nBufferSize, std::string_view sFile)
 {
-    std::string sBuffer(static_cast<std::size_t>(std::max(nBufferSize, 1)), '\0');
-    const DWORD nLength = GetPrivateProfileStringA(
-        Windows1252FromUtf8(sSection).c_str(), Windows1252FromUtf8(sKey).c_str(),
-        Windows1252FromUtf8(sDefault).c_str(), sBuffer.data(), static_cast<DWORD>(sBuffer.size()),
-        AnsiFileGet(sFile, false).c_str());
-    return Utf8FromWindows1252(std::string_view(sBuffer).substr(0, nLength));
+    return ValueGet(sSection, sKey, sDefault, nBufferSize, sFile,
+                    {Utf8FromFileBytes, FileBytesFromUtf8});
+}
+
+std::string PrivateProfileGetWindows1252(std::string_view sSection, std::string_view sKey,
+                                         std::string_view sDefault, int nBufferSize,
+                                         std::string_view sFile)
+{
+    return ValueGet(sSection, sKey, sDefault, nBufferSize, sFile,
+                    {Utf8FromWindows1252, Windows1252FromUtf8});
 }
 
 int PrivateProfileWrite(std::string_view sSection, std::string_view sKey, std::string_view sValue,
@@ -75,8 +149,8 @@ int PrivateProfileWrite(std::string_view sSection, std::string_view sKey, std::s
     if (FileReplaceCheck(sFile) == EACCES)
         return ERROR_ACCESS_DENIED;  // before the call, which asks the disk alone
     const BOOL bWritten = WritePrivateProfileStringA(
-        Windows1252FromUtf8(sSection).c_str(), Windows1252FromUtf8(sKey).c_str(),
-        Windows1252FromUtf8(sValue).c_str(), AnsiFileGet(sFile, true).c_str());
+        FileBytesFromUtf8(sSection).c_str(), FileBytesFromUtf8(sKey).c_str(),
+        FileBytesFromUtf8(sValue).c_str(), AnsiFileGet(sFile, true).c_str());
     if (bWritten)
         return 0;
     const DWORD nCode = GetLastError();

@@ -3,6 +3,7 @@
 #
 #   prefix.sh make DIR                makes it and starts Wine once, so that later starts are quick
 #   prefix.sh run DIR PROGRAM ...     runs a Windows program in it
+#   WINE_LOCALE=zh_CN prefix.sh run DIR PROGRAM ...     with the system code page of that country
 #   prefix.sh remove DIR              ends what runs in it and takes it away
 set -euo pipefail
 
@@ -46,10 +47,20 @@ Remove() {
     rm -rf "$folder"
 }
 
+# Wine takes its code page from the name of the locale alone, so a copy of another will do.
+LocaleSet() {
+    export LOCPATH=$folder/locale LC_ALL=$1.UTF-8
+    [ -d "$LOCPATH/$1.utf8" ] || {
+        mkdir -p "$LOCPATH"
+        cp -rT /usr/lib/locale/C.utf8 "$LOCPATH/$1.utf8"
+    }
+}
+
 # Hands the output on through files: what a killed program leaves behind in Wine holds its output
 # open, and would let a reader of a pipe wait for ever.
 Run() {
     local status=0 output
+    [ -z "${WINE_LOCALE:-}" ] || LocaleSet "$WINE_LOCALE"
     output=$(mktemp -d -p "$folder")
     touch "$output/1" "$output/2" # tail may be quicker than the program's start
     wine "$@" <&0 >"$output/1" 2>"$output/2" &
