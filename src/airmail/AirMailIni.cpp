@@ -3,6 +3,7 @@
 #include "airmail/AirMailFolders.h"
 #include "system/MsgLib.h"
 #include "system/PrivateProfileLib.h"
+#include "system/TextLib.h"
 
 namespace {
 
@@ -17,21 +18,22 @@ std::string AirMailIniGet(const std::string& sFile, const std::string& sSection,
     std::string sValue = PrivateProfileGetWindows1252(sSection, sKey, "", kBufferSize,
                                            AirMailPathGet(AirMailDataFolderGet(), sFile));
     if (sValue.empty() && bShowError)
-        MsgBox(MsgIcon::Exclamation, "Unable to find AirMail's " + sSection + ", " + sKey + " in \""
-                                         + sFile + "\"." + AirMailFolderHint());
+        MsgBox(MsgIcon::Exclamation, "Unable to find AirMail's " + sSection + ", "
+                                         + TextForMessage(sKey) + " in \"" + TextForMessage(sFile)
+                                         + "\"." + AirMailFolderHint());
     return sValue;
 }
 
 std::string AirMailFolderHint()
 {
-    return "\r\rPlease check that the AirMail Data folder \"" + AirMailDataFolderGet()
-           + "\" is correct.";
+    return "\r\rPlease check that the AirMail Data folder \""
+           + TextForMessage(AirMailDataFolderGet()) + "\" is correct.";
 }
 
 std::string AirMailVersionText()
 {
     const std::string sVersion =
-        AirMailIniGet(kAirMailIniFile, "Settings", "Last Program Version", false);
+        TextForMessage(AirMailIniGet(kAirMailIniFile, "Settings", "Last Program Version", false));
     if (sVersion.empty())
         return "Unable to get current version number.";
     if (sVersion == kVersionTested)

@@ -20,7 +20,8 @@ std::string StationFileName(const std::string& sSystem) { return "System." + sSy
 bool StationsFail(const char* sStage, const std::string& sSystem, const std::string& sReason)
 {
     return MsgFail(MsgIcon::None, std::string("AirMailGetStations") + sStage + " AirMail \""
-                                      + sSystem + "\"" + sReason + AirMailFolderHint());
+                                      + TextForMessage(sSystem) + "\"" + sReason
+                                      + AirMailFolderHint());
 }
 
 Result<void> KeysRead(TextFile& file, TextList& asKey)

@@ -33,7 +33,8 @@ bool GridSquareToPosition(std::string& sGrid, double& dLatitude, double& dLongit
     }
     if (sCodes.size() < kSubSquareLength) {
         if (bShowError)
-            MsgBox(MsgIcon::None, "Unable to Convert Grid " + sGrid + " to Lat/Lon");
+            MsgBox(MsgIcon::None,
+                   "Unable to Convert Grid " + TextForMessage(sGrid) + " to Lat/Lon");
         return false;
     }
     dLatitude = DegreesGet(sCodes[1], sCodes[3], sCodes[5]);

@@ -53,7 +53,7 @@ bool TextToPosition(std::string_view sText, double& dAngle, bool bShowError,
         return true;
     }
     if (bShowError)
-        MsgBox(MsgIcon::Exclamation, sPrefix + std::string(sText));
+        MsgBox(MsgIcon::Exclamation, sPrefix + TextForMessage(sText));
     return false;
 }
 

@@ -55,6 +55,20 @@ char32_t Utf8Next(std::string_view sText, std::size_t& nAt)
     return nCode;
 }
 
+/// The character as a terminal may get it: none that moves the cursor, ends a line or turns the
+/// direction of writing (Unicode 15, categories Cc, Zl and Zp, and the bidirectional controls).
+char32_t PrintableGet(char32_t nCode)
+{
+    const bool bControl = nCode < 0x20 || (nCode >= 0x7F && nCode <= 0x9F);
+    const bool bDirection = nCode == 0x061C || nCode == 0x200E || nCode == 0x200F
+                            || (nCode >= 0x202A && nCode <= 0x202E)
+                            || (nCode >= 0x2066 && nCode <= 0x2069);
+    if (bControl || bDirection || nCode == 0x2028 || nCode == 0x2029)
+        return ' ';
+    const bool bNone = (nCode >= 0xD800 && nCode <= 0xDFFF) || nCode > 0x10FFFF;
+    return bNone ? kReplacement : nCode;
+}
+
 char Windows1252Get(char32_t nCode)
 {
     if (nCode < 0x80 || (nCode >= 0xA0 && nCode <= 0xFF))
@@ -154,7 +168,17 @@ std::vector<std::string_view> TextLines(std::string_view sText)
 
 std::string TextPrintable(std::string_view sText)
 {
-    std::string sPrintable(sText);
-    for (char& chr : sPrintable) chr = (chr >= '\0' && chr < ' ') || chr == '\x7f' ? ' ' : chr;
+    std::string sPrintable;
+    sPrintable.reserve(sText.size());
+    for (std::size_t nAt = 0; nAt < sText.size();)
+        Utf8Append(sPrintable, PrintableGet(Utf8Next(sText, nAt)));
     return sPrintable;
+}
+
+std::string TextForMessage(std::string_view sText)
+{
+    std::size_t nAt = 0;
+    for (int n = 0; n < kMessageCharactersMax && nAt < sText.size(); ++n)
+        (void)Utf8Next(sText, nAt);
+    return TextPrintable(sText.substr(0, nAt)) + (nAt < sText.size() ? "..." : "");
 }

@@ -29,5 +29,10 @@ void Utf8Append(std::string& sText, char32_t nCode);
 [[nodiscard]] std::string_view TextColumns(std::string_view sText, int nStart, int nWidth);
 /// The lines of a text, as parts of it, without their ends (LF or CR LF); empty ones stay.
 [[nodiscard]] std::vector<std::string_view> TextLines(std::string_view sText);
-/// With blanks for control characters, so that it stays one line on every terminal.
+/// With blanks for control characters, line and paragraph ends and changes of the writing
+/// direction, and U+FFFD for what is no UTF-8: one line that every terminal prints as it stands.
 [[nodiscard]] std::string TextPrintable(std::string_view sText);
+/// A foreign text (a file's, the registry's, an engine's, the user's) as it may stand in a message
+/// or a menu: printable; of more than 200 characters the first 200 and "...".
+[[nodiscard]] std::string TextForMessage(std::string_view sText);
+inline constexpr int kMessageCharactersMax = 200;

@@ -110,6 +110,22 @@ TEST_F(AirMailIni, HintNamesTheDataFolderInForce)
     EXPECT_EQ(AirMailFolderHint().find('\n'), std::string::npos);
 }
 
+TEST_F(AirMailIni, ForeignTextsInMessagesAreCutAndPrintable)
+{
+    MsgRecorder msg;
+    AirMailDataFolderSet("D:\\\x1b]0;x\x07" + std::string(300, 'd'));
+    EXPECT_EQ(AirMailIniGet("System.\x1b.ini", "Station Info", "K\r\nEY", true), "");
+    EXPECT_EQ(OneShown(msg).sText,
+              "Unable to find AirMail's Station Info, K  EY in \"System. .ini\".\r\rPlease check "
+              "that the AirMail Data folder \"D:\\ ]0;x "
+                  + std::string(191, 'd') + "...\" is correct.");
+}
+
+TEST_F(AirMailIni, VersionIsPrintable)
+{
+    EXPECT_EQ(VersionWith("9\x1b[2J"), "Airmail 9 [2J.  This program was tested with 3.1.936.");
+}
+
 TEST_F(AirMailIni, DataFolderMayBeAFolderOfTheHost)
 {
     m_folder.Write("mail/airmail.INI", "[Propagation]\r\nSSN=85\r\n");

@@ -94,4 +94,39 @@ TEST(TextPrintable, HasNoControlCharacters)
     EXPECT_EQ(TextPrintable("a\r\n\x1b\x7f\xC2\xB0"), "a    \xC2\xB0");
 }
 
+TEST(TextPrintable, HasNothingThatATerminalObeys)
+{
+    // C1 control (CSI), line separator, right-to-left override, a surrogate, a lone byte
+    EXPECT_EQ(TextPrintable("a\xC2\x9B"
+                            "31mb\xE2\x80\xA8"
+                            "c\xE2\x80\xAE"
+                            "d"),
+              "a 31mb c d");
+    EXPECT_EQ(TextPrintable("\xED\xA0\x80"), "\xEF\xBF\xBD");
+    EXPECT_EQ(TextPrintable("\x9B"
+                            "31m"),
+              "\xEF\xBF\xBD"
+              "31m");
+}
+
+TEST(TextForMessage, KeepsAPrintableTextOfTwoHundredCharacters)
+{
+    std::string sText;
+    for (int n = 0; n < 200; ++n) sText += "\xC3\xA4";
+    EXPECT_EQ(TextForMessage(sText), sText);
+    EXPECT_EQ(TextForMessage(""), "");
+}
+
+TEST(TextForMessage, CutsALongerOneAndSaysSo)
+{
+    std::string sText;
+    for (int n = 0; n < 200; ++n) sText += "\xC3\xA4";
+    EXPECT_EQ(TextForMessage(sText + "b"), sText + "...");
+}
+
+TEST(TextForMessage, IsOneLineWithoutControlCharacters)
+{
+    EXPECT_EQ(TextForMessage("KEY\x1b[2J\r\nnext\tcell"), "KEY [2J  next cell");
+}
+
 }  // namespace

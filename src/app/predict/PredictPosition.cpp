@@ -37,13 +37,14 @@ Result<PredictPosition> StationPlaceGet(const std::string& sSystem, const std::s
 {
     PredictPosition pos;
     if (AirMailIniGet("System." + sSystem + ".ini", "Station Info", sKey, false).empty())
-        return RunError{"Airmail's list \"" + sSystem + "\" holds no station \"" + sKey
-                        + "\" (data folder \"" + AirMailDataFolderGet() + "\")"};
+        return RunError{"Airmail's list \"" + TextForMessage(sSystem) + "\" holds no station \""
+                        + TextForMessage(sKey) + "\" (data folder \""
+                        + TextForMessage(AirMailDataFolderGet()) + "\")"};
     const MsgListener listener(false);
     const auto res = AirMailStationPosition(sSystem, sKey, pos.dLat, pos.dLon, false);
     if (!res || !res.ValueGet())
         return ErrorOf(res, listener);
-    pos.sNote = "Airmail's station " + sKey + " (" + sSystem + ")";
+    pos.sNote = "Airmail's station " + TextForMessage(sKey) + " (" + TextForMessage(sSystem) + ")";
     return pos;
 }
 
@@ -105,12 +106,12 @@ Result<PredictPosition> PredictPositionGet(std::string_view sText)
             return StationPlaceGet(std::string(TextTrim(sText.substr(0, nColon))),
                                    std::string(TextTrim(sText.substr(nColon + 1))));
         if (!GridSquareIs(sGrid) || !GridSquareToPosition(sGrid, pos.dLat, pos.dLon, false))
-            return RunError{"\"" + std::string(sText) + "\" is no position; " + kForms};
+            return RunError{"\"" + TextForMessage(sText) + "\" is no position; " + kForms};
         return pos;
     }
     if (!AngleRead(sText.substr(0, nComma), true, pos.dLat)
         || !AngleRead(sText.substr(nComma + 1), false, pos.dLon))
-        return RunError{"\"" + std::string(sText) + "\" is no position; " + kForms};
+        return RunError{"\"" + TextForMessage(sText) + "\" is no position; " + kForms};
     if (std::abs(pos.dLat) > 90.0)
         return RunError{"latitude " + NumberToText(pos.dLat) + " lies outside -90 to 90"};
     if (std::abs(pos.dLon) > 180.0)

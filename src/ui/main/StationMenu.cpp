@@ -14,7 +14,7 @@ constexpr std::size_t kOther = 2;
 /// A caption as shown: "&" is a letter here, never a mnemonic.
 QString CaptionShown(const Station& station)
 {
-    return QString::fromStdString(station.sKey + " - " + station.sName)
+    return QString::fromStdString(TextForMessage(station.sKey + " - " + station.sName))
         .replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
@@ -116,7 +116,7 @@ QString StationMenu::Tip(const Station& station) const
     const std::string sEntry =
         AirMailIniGet("System." + station.sSystem + ".ini", "Station Info", station.sKey, false);
     std::string sGrid = sEntry.substr(0, sEntry.find(':'));
-    const QString sShown = QString::fromStdString(sGrid);
+    const QString sShown = QString::fromStdString(TextForMessage(sGrid));
     double dLat = 0.0;
     double dLon = 0.0;
     if (sEntry.find(':') == std::string::npos || !GridSquareToPosition(sGrid, dLat, dLon, false))

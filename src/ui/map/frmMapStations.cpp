@@ -1,6 +1,7 @@
 // Airmail's stations on the map window.
 #include "airmail/AirMailStations.h"
 #include "system/MsgLib.h"
+#include "system/TextLib.h"
 #include "ui/map/frmMap.h"
 
 namespace {
@@ -8,7 +9,8 @@ namespace {
 /// Station lists are the user's files: an ampersand is no mnemonic, a "<" no markup.
 QString MenuText(const std::string& sText)
 {
-    return QString::fromStdString(sText).replace(QLatin1Char('&'), QStringLiteral("&&"));
+    return QString::fromStdString(TextForMessage(sText))
+        .replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 QString TipText(const QString& sText)
@@ -66,8 +68,8 @@ Result<void> frmMap::SystemLoad(const std::string& sSystem, int iSystem)
         if (!resPosition || !resPosition.ValueGet())
             continue;
         const std::string sDescription = AirMailStationDescription(sSystem, asKey[i], false);
-        StationAdd(station, QString::fromStdString(
-                                sDescription.empty() ? asKey[i] : asKey[i] + ", " + sDescription));
+        StationAdd(station, QString::fromStdString(TextForMessage(
+                                sDescription.empty() ? asKey[i] : asKey[i] + ", " + sDescription)));
     }
     return resFirst;
 }

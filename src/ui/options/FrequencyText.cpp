@@ -3,6 +3,7 @@
 #include "settings/Settings.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
+#include "system/TextLib.h"
 
 namespace {
 
@@ -29,7 +30,7 @@ bool FrequencyListFromText(std::string_view sText, const FrequencySetFn& fnSet, 
         const auto resKhz = NumberFromTextSingle(sPiece);
         if (!resKhz)
             return MsgFail(MsgIcon::None,
-                           "Unable to convert \"" + sPiece
+                           "Unable to convert \"" + TextForMessage(sPiece)
                                + "\" to a frequency.  Please check for spaces or empty lines.");
         fnSet(i, resKhz.ValueGet());
         if (nBreak == std::string_view::npos) {

@@ -102,6 +102,22 @@ TEST(FrmMainStations, MenusHoldTheStationsByKindWhateverTheCase)
     EXPECT_NE(frm.findChild<QAction*>(QStringLiteral("mnuTransmitterHamStation1")), nullptr);
 }
 
+TEST(FrmMainStations, TextsOfTheListsAreOnePrintableLineEach)
+{
+    MainRig rig;
+    const std::string sLong(300, 'n');
+    rig.AirmailWrite("System.ham.ini",
+                     "[Station Info]\nA\x1b[2J=FN31:B\tC\x07;\nL=FN31:" + sLong + ";\n");
+    frmMain& frm = rig.Start();
+    TransmitterPress(frm);
+    const QStringList asItem = ItemsGet(frm.mnuTransmitter->mnuTransmitterHam);
+    ASSERT_EQ(asItem.size(), 2);
+    EXPECT_EQ(asItem.at(0), QStringLiteral("A [2J - B C "));
+    EXPECT_EQ(asItem.at(1), QStringLiteral("L - ") + QString(196, u'n') + QStringLiteral("..."));
+    frm.mnuTransmitter->mnuTransmitterHam->actions().at(0)->trigger();
+    EXPECT_EQ(frm.windowTitle(), QStringLiteral("Hopcast - A [2J - B C "));
+}
+
 TEST(FrmMainStations, SubmenusStartWithOneItemThatTheFirstStationTakes)
 {
     MainRig rig;

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "support/MsgRecorder.h"
+#include "system/TextLib.h"
 #include "ui/options/FrequencyText.h"
 
 namespace {
@@ -74,7 +75,7 @@ TEST_P(FrequencyTextRefused, StopsAtTheBadLineAndKeepsTheCount)
     EXPECT_EQ(parsed.aStored.size(), GetParam().nStored);
     ASSERT_EQ(parsed.aShown.size(), 1U);
     EXPECT_EQ(parsed.aShown[0].eIcon, MsgIcon::None);
-    EXPECT_EQ(parsed.aShown[0].sText, Refusal(GetParam().sPiece));
+    EXPECT_EQ(parsed.aShown[0].sText, Refusal(TextForMessage(GetParam().sPiece)));
 }
 
 INSTANTIATE_TEST_SUITE_P(
