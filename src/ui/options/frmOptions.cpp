@@ -200,9 +200,13 @@ bool frmOptions::SettingsApply()
 {
     if (m_bUpdating)
         return false;
-    const bool bTaken = FrequencyCopy();
-    if (!MapCopy() || !ModelCopy())
+    // Nothing is copied before every number is one: half of the tabs would be in force otherwise.
+    Numbers numbers;
+    if (!NumbersRead(numbers))
         return false;
+    const bool bTaken = FrequencyCopy();
+    MapCopy(numbers);
+    ModelCopy(numbers);
     TimeCopy();
     // The main window has this dialog filled anew; lines that were refused stay, to be mended.
     m_bFrequencyKeep = !bTaken;

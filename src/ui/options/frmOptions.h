@@ -4,9 +4,9 @@
 /// Not modal; a closed one is destroyed.
 ///
 /// Units:   beside each box; numbers as their shortest text.
-/// Errors:  a frequency line that is no number is told, and the rest goes on. A number box whose
-///          text is no number is told and focused; nothing of its tab and of the tabs behind it is
-///          copied, no prediction runs, and the dialog stays open.
+/// Errors:  a number box whose text is no number is told and focused; nothing of any tab is copied,
+///          no prediction runs, and the dialog stays open. A frequency line that is no number is
+///          told, and the rest goes on.
 /// Tests:   tests/ui/options/FrmOptions*Test.cpp
 #pragma once
 
@@ -57,9 +57,16 @@ private:
     void ModelLoad();
     void TimeLoad();
 
+    /// What the number boxes of the map and model tabs hold.
+    struct Numbers {
+        float fMapOverlayMinSnr = 0.0F;
+        int iMapOverlayGridSize = 0;
+        std::array<float, 11> afModel{};  ///< in the order of m_aModelBoxes
+    };
+    bool NumbersRead(Numbers& numbers);
     bool FrequencyCopy();
-    bool MapCopy();
-    bool ModelCopy();
+    void MapCopy(const Numbers& numbers);
+    void ModelCopy(const Numbers& numbers);
     void TimeCopy();
     bool NumberRefused(QLineEdit* pBox, const std::string& sText);
 

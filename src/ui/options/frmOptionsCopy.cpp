@@ -6,6 +6,7 @@
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
+#include "system/TextLib.h"
 #include "ui/options/FrequencyText.h"
 #include "ui/options/frmOptions.h"
 
@@ -68,7 +69,7 @@ void frmOptions::Update()
 
 void frmOptions::AirMailLoad()
 {
-    txtAirMailDirectory->setText(QString::fromStdString(AirMailDataFolderGet()));
+    txtAirMailDirectory->setText(QString::fromStdString(TextPrintable(AirMailDataFolderGet())));
     lblAirMailOrigin->setText(
         QStringLiteral("Source of this folder: %1. Editing it here has no effect.")
             .arg(QString::fromUtf8(AirMailOriginText(AirMailDataOriginGet()))));
@@ -132,7 +133,7 @@ bool frmOptions::FrequencyCopy()
         m_host.SettingsGet().m_nData);
 }
 
-bool frmOptions::MapCopy()
+bool frmOptions::NumbersRead(Numbers& numbers)
 {
     const auto resMinSnr = NumberFromTextSingle(txtMapOverlayMinSnr->text().toStdString());
     if (!resMinSnr)
@@ -140,35 +141,41 @@ bool frmOptions::MapCopy()
     const auto resGridSize = IntegerFromText(txtMapOverlayGridSize->text().toStdString());
     if (!resGridSize)
         return NumberRefused(txtMapOverlayGridSize, resGridSize.TextGet());
-    m_host.SettingsGet().m_fMapOverlayMinSnr = resMinSnr.ValueGet();
-    m_host.SettingsGet().m_iMapOverlayGridSize = resGridSize.ValueGet();
+    numbers.fMapOverlayMinSnr = resMinSnr.ValueGet();
+    numbers.iMapOverlayGridSize = resGridSize.ValueGet();
+    for (std::size_t n = 0; n < m_aModelBoxes.size(); ++n) {
+        QLineEdit* pBox = m_aModelBoxes[n].pBox;
+        const auto resNumber = NumberFromTextSingle(pBox->text().toStdString());
+        if (!resNumber)
+            return NumberRefused(pBox, resNumber.TextGet());
+        numbers.afModel[n] = resNumber.ValueGet();
+    }
     return true;
 }
 
-bool frmOptions::ModelCopy()
+void frmOptions::MapCopy(const Numbers& numbers)
+{
+    m_host.SettingsGet().m_fMapOverlayMinSnr = numbers.fMapOverlayMinSnr;
+    m_host.SettingsGet().m_iMapOverlayGridSize = numbers.iMapOverlayGridSize;
+}
+
+void frmOptions::ModelCopy(const Numbers& numbers)
 {
     Settings& settings = m_host.SettingsGet();
-    Settings model = settings;
-    for (const NumberBox& box : m_aModelBoxes) {
-        const auto resNumber = NumberFromTextSingle(box.pBox->text().toStdString());
-        if (!resNumber)
-            return NumberRefused(box.pBox, resNumber.TextGet());
-        model.*box.pMember = resNumber.ValueGet();
-    }
+    for (std::size_t n = 0; n < m_aModelBoxes.size(); ++n)
+        settings.*m_aModelBoxes[n].pMember = numbers.afModel[n];
     // Where nothing is selected the setting is one that no control can show; it is kept.
     if (m_grpModel.checkedButton())
-        model.m_iPropagationModel = m_grpModel.checkedId();
+        settings.m_iPropagationModel = m_grpModel.checkedId();
     if (cmbPropagationAntennaType->currentIndex() >= 0)
-        model.m_iPropagationAntennaType = cmbPropagationAntennaType->currentIndex();
+        settings.m_iPropagationAntennaType = cmbPropagationAntennaType->currentIndex();
     if (cmbPropagationMonth->currentIndex() >= 0)
-        model.m_iPropagationMonth = cmbPropagationMonth->currentIndex() + 1;
+        settings.m_iPropagationMonth = cmbPropagationMonth->currentIndex() + 1;
     if (cmbPropagationIonCoefficients->currentIndex() >= 0)
-        model.m_sPropagationIonCoefficients =
+        settings.m_sPropagationIonCoefficients =
             cmbPropagationIonCoefficients->currentText().toStdString();
-    model.m_bPropagationMonth = chkPropagationMonth->isChecked();
-    model.m_bPropagationSunSpotNumber = chkPropagationSunSpotNumber->isChecked();
-    settings = model;
-    return true;
+    settings.m_bPropagationMonth = chkPropagationMonth->isChecked();
+    settings.m_bPropagationSunSpotNumber = chkPropagationSunSpotNumber->isChecked();
 }
 
 void frmOptions::TimeCopy()
@@ -184,6 +191,6 @@ bool frmOptions::NumberRefused(QLineEdit* pBox, const std::string& sText)
             SSTab->setCurrentIndex(iTab);
     pBox->setFocus();
     pBox->selectAll();
-    return MsgFail(MsgIcon::None, "Unable to use \"" + pBox->text().toStdString() + "\", " + sText
-                                      + ".  Please type a number.");
+    return MsgFail(MsgIcon::None, "Unable to use \"" + TextForMessage(pBox->text().toStdString())
+                                      + "\", " + sText + ".  Please type a number.");
 }

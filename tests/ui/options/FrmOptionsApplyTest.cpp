@@ -136,15 +136,13 @@ TEST_F(FrmOptions, GridSizeThatIsNoWholeNumberIsToldAndNothingOfItsTabIsCopied)
     EXPECT_EQ(UpdatesGet(), 0);
 }
 
-// The last box of the model tab is bad: the tabs before it are copied, of its own and of those
-// behind it nothing.
-TEST_F(FrmOptions, TabsAreCopiedInOrderUpToABadOne)
+TEST_F(FrmOptions, ABadNumberKeepsEveryTabFromBeingCopied)
 {
     m_host.m_settings.m_iPropagationModel = kEngineIcepac;
     const frmOptions& frm = Open(kTabModel);
     Type(frm.txtPropagationNoiseLevel, Q("-150"));
     Press(frm.optPropagationModel2);
-    Type(frm.txtPropagationLayerEs, Q("?"));
+    Type(frm.txtPropagationLayerEs, Q("?"));  // the last box that is looked at
     frm.SSTab->setCurrentIndex(kTabMap);
     Type(frm.txtMapOverlayGridSize, Q("50"));
     frm.SSTab->setCurrentIndex(kTabTime);
@@ -154,14 +152,18 @@ TEST_F(FrmOptions, TabsAreCopiedInOrderUpToABadOne)
     Press(frm.cmdApply);
     EXPECT_NE(OneShown(msg).sText.find("Type mismatch"), std::string::npos);
     const Settings& settings = m_host.m_settings;
-    EXPECT_EQ(settings.m_nData, 2);
-    EXPECT_EQ(settings.FrequencyGet(2), 14200.0F);
-    EXPECT_EQ(settings.m_iMapOverlayGridSize, 50);
+    EXPECT_EQ(settings.m_nData, 15);
+    EXPECT_EQ(settings.FrequencyGet(1), 2000.0F);
+    EXPECT_EQ(settings.m_iMapOverlayGridSize, 40);
     EXPECT_EQ(settings.m_fPropagationNoiseLevel, -145.0F);
     EXPECT_EQ(settings.m_iPropagationModel, kEngineIcepac);
     EXPECT_EQ(settings.m_iTimeCode, 0);
-    EXPECT_EQ(UpdatesGet(), 0);
+    EXPECT_TRUE(m_host.m_asCalls.empty());
     EXPECT_EQ(frm.txtPropagationNoiseLevel->text(), Q("-150")) << "the user's entries stay";
+    EXPECT_EQ(frm.txtFrequency->toPlainText(), Q("7100\n14200"));
+    Press(frm.cmdCancel);
+    EXPECT_TRUE(GoneIs());
+    EXPECT_EQ(m_host.m_settings.m_nData, 15) << "nothing that would be saved at exit";
 }
 
 TEST_F(FrmOptions, ABadMapTabStopsTheTabsBehindIt)
@@ -308,17 +310,33 @@ TEST_F(FrmOptions, OkClosesInSpiteOfABadFrequencyLine)
     EXPECT_TRUE(GoneIs());
 }
 
-TEST_F(FrmOptions, ABadFrequencyLineAndABadNumberAreToldEach)
+TEST_F(FrmOptions, BesideABadNumberTheFrequenciesAreNotLookedAt)
 {
     const frmOptions& frm = Open(kTabMap);
     Type(frm.txtMapOverlayMinSnr, Q("x"));
-    FrequenciesType(Q("7100\nx"));
+    FrequenciesType(Q("7100\ny"));
     const MsgRecorder msg;
     Press(frm.cmdApply);
-    EXPECT_EQ(msg.m_aShown.size(), 2U);
-    EXPECT_EQ(UpdatesGet(), 0);
+    EXPECT_EQ(OneShown(msg).sText, "Unable to use \"x\", Type mismatch.  Please type a number.");
+    EXPECT_TRUE(m_host.m_asCalls.empty());
     m_pForm->Update();
     EXPECT_EQ(frm.txtFrequency->blockCount(), 15) << "a later update fills the box again";
+}
+
+TEST_F(FrmOptions, WhatWasTypedIsCutAndPrintableInTheBoxes)
+{
+    const frmOptions& frm = Open(kTabMap);
+    const MsgRecorder msg;
+    FrequenciesType(QString(300, u'x'));
+    Press(frm.cmdApply);
+    frm.txtMapOverlayMinSnr->setText(QStringLiteral("a\u202Eb") + QString(300, u'y'));
+    Press(frm.cmdApply);
+    ASSERT_EQ(msg.m_aShown.size(), 2U);
+    EXPECT_EQ(msg.m_aShown[0].sText,
+              "Unable to convert \"" + std::string(200, 'x')
+                  + "...\" to a frequency.  Please check for spaces or empty lines.");
+    EXPECT_EQ(msg.m_aShown[1].sText, "Unable to use \"a b" + std::string(197, 'y')
+                                         + "...\", Type mismatch.  Please type a number.");
 }
 
 TEST_F(FrmOptions, OfTooManyFrequenciesTheFirstFifteenAreInForce)
