@@ -10,6 +10,8 @@ void ModelFill(const Settings& settings, PropagationModel& model)
     model.nMonth = settings.m_iPropagationMonth;
     model.sIonCoefficients = settings.m_sPropagationIonCoefficients;
     model.fSunSpotNumber = settings.m_fPropagationSunSpotNumber;
+    model.eSunSpotSource =
+        settings.m_bPropagationSunSpotNumber ? SunSpotSource::AirMail : SunSpotSource::Typed;
     model.fNoiseLevel = settings.m_fPropagationNoiseLevel;
     model.fTakeoffAngle = settings.m_fPropagationTakeoffAngle;
     model.fReliability = settings.m_fPropagationReliability;

@@ -1,5 +1,6 @@
 /// @file PropagationInput.h
-/// What one prediction is asked for: everything that enters a deck.
+/// What one prediction is asked for: everything that enters a deck, and where the sunspot number is
+/// from.
 ///
 /// Units:   degrees (north and east positive), kHz, dBW, dB, ms, %; MHz for an area's frequency.
 /// Domain:  nothing is checked here; a value that does not fit its field fails the deck.
@@ -12,12 +13,15 @@
 
 #include "settings/Settings.h"
 
+enum class SunSpotSource { Typed, AirMail };
+
 /// Values that point-to-point and area decks share.
 struct PropagationModel {
     int iModel = kEngineRec533;  ///< EngineModel
     int nMonth = 1;              ///< 1..12
     std::string sIonCoefficients;
     float fSunSpotNumber = 0.0F;
+    SunSpotSource eSunSpotSource = SunSpotSource::Typed;  ///< for display; no deck has it
     float fNoiseLevel = 0.0F;      ///< dBW: negative point to point, positive (145) in an area
     float fTakeoffAngle = 0.0F;    ///< degrees, least takeoff angle
     float fReliability = 0.0F;     ///< %

@@ -110,6 +110,7 @@ bool PropagationRec533(const PropagationInput& input, int iFirst, int iLast, boo
 
 bool PropagationRun(const PropagationInput& input, PropagationTable& table)
 {
+    table.input = input;
     bool bOk = false;
     for (int iFirst = 1; iFirst <= input.nData; iFirst += kChunkMax) {
         const int iLast = std::min(iFirst + kChunkMax - 1, input.nData);
@@ -128,6 +129,8 @@ bool PropagationRun(const PropagationInput& input, PropagationTable& table)
             if (bOk)
                 break;
         }
+        table.PresentSet(iFirst, iLast, bOk);
     }
+    table.bBuiltIn = bOk && EngineIsHopcasts(input.iModel);
     return bOk;  // of the last chunk, whatever became of those before; intended
 }

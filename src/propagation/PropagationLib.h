@@ -12,8 +12,9 @@
 #include "propagation/PropagationTable.h"
 
 /// Runs the input's engine on the frequency list in chunks of at most 10, each at most twice:
-/// silently first, then with messages. A chunk that fails twice leaves its cells as they are, and
-/// the next one runs all the same.
+/// silently first, then with messages. A chunk that fails twice leaves its cells as they are and
+/// its frequencies absent (PropagationTable::PresentIs), and the next one runs all the same. The
+/// table keeps the input.
 /// @param table  at least input.nData frequencies wide
 /// @return the result of the last chunk; false at once without frequencies.
 bool PropagationRun(const PropagationInput& input, PropagationTable& table);

@@ -1,6 +1,30 @@
 #include "propagation/PropagationTable.h"
 
+#include <algorithm>
 #include <utility>
+
+#include "system/NumberLib.h"
+
+bool PropagationTable::PresentIs(int iFrequency) const
+{
+    return iFrequency >= 1 && iFrequency <= nData
+           && m_abPresent[static_cast<std::size_t>(iFrequency)];
+}
+
+void PropagationTable::PresentSet(int iFirst, int iLast, bool bPresent)
+{
+    for (int i = std::max(iFirst, 1); i <= std::min(iLast, nData); ++i)
+        m_abPresent[static_cast<std::size_t>(i)] = bPresent;
+}
+
+std::string PropagationAbsentText(const PropagationTable& table)
+{
+    std::string sList;
+    for (int i = 1; i <= table.input.nData; ++i)
+        if (!table.PresentIs(i))
+            sList += (sList.empty() ? "" : ", ") + NumberFormat(table.input.FrequencyGet(i), "0");
+    return sList;
+}
 
 PropagationRecord PropagationRecordGet(const PropagationTable& table, int iHour, int iFrequency,
                                        std::string sTime, float fFrequency)

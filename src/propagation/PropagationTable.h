@@ -1,6 +1,6 @@
 /// @file PropagationTable.h
 /// The prediction table: parallel arrays by hour and frequency, as the readers fill them and the
-/// windows show them.
+/// windows show them, and the input that they were made for.
 ///
 /// Units:   with each array.
 /// Domain:  hours 0..24 and frequency indices 0..nData; index 0 of both is unused.
@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "propagation/DeckLayout.h"
+#include "propagation/PropagationInput.h"
 
 /// One value per hour, index 0..24.
 template <class T>
@@ -57,9 +58,17 @@ private:
 };
 
 struct PropagationTable {
-    /// Every cell zero or empty. A negative count is an empty table.
+    /// Every cell zero or empty, no frequency present. A negative count is an empty table.
     explicit PropagationTable(int nFrequencies = 0) : nData(nFrequencies < 0 ? 0 : nFrequencies) {}
 
+    /// A frequency without values (its run failed) holds rests that nobody may take for a
+    /// prediction: it is shown empty. False outside 1..nData.
+    [[nodiscard]] bool PresentIs(int iFrequency) const;
+    /// Indices outside 1..nData are left out.
+    void PresentSet(int iFirst, int iLast, bool bPresent);
+
+    PropagationInput input;                  ///< what the values are for; set by PropagationRun
+    bool bBuiltIn = false;                   ///< made by Hopcast's own engine
     int nData;                               ///< highest frequency index
     HourArray<float> fMUF;                   ///< kHz
     HourArray<float> fLUF;                   ///< kHz
@@ -73,7 +82,14 @@ struct PropagationTable {
     float fAzimuthTxRc = 0.0F;               ///< degrees
     float fAzimuthRcTx = 0.0F;               ///< degrees
     float fRange = 0.0F;                     ///< path length, nautical miles
+
+private:
+    std::vector<bool> m_abPresent = std::vector<bool>(static_cast<std::size_t>(nData) + 1);
 };
+
+/// The frequencies of the input without values, in whole kHz: "2000, 4000"; empty when there is
+/// none.
+[[nodiscard]] std::string PropagationAbsentText(const PropagationTable& table);
 
 /// One cell of the table, as the details show a row.
 struct PropagationRecord {

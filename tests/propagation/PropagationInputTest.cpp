@@ -66,6 +66,15 @@ TEST(PropagationInput, TakesEveryValueFromTheSettings)
     EXPECT_EQ(input.FrequencyGet(3), 7050.5F);
 }
 
+TEST(PropagationInput, TellsWhereTheSunspotNumberIsFrom)
+{
+    Settings settings;
+    settings.m_bPropagationSunSpotNumber = true;
+    EXPECT_EQ(PropagationInputFromSettings(settings).eSunSpotSource, SunSpotSource::AirMail);
+    settings.m_bPropagationSunSpotNumber = false;
+    EXPECT_EQ(PropagationInputFromSettings(settings).eSunSpotSource, SunSpotSource::Typed);
+}
+
 TEST(PropagationInput, CountOutsideTheListIsBroughtIntoIt)
 {
     Settings settings;

@@ -176,6 +176,40 @@ TEST_P(EachEngine, AFailedChunkKeepsItsCellsAndTheLastChunkDecides)
     EXPECT_EQ(m_table.fSnr(5, 2), 33.5F);
     EXPECT_EQ(m_table.sLayer(5, 2), "kept");
     EXPECT_NE(m_table.fSnr(5, 11), 0.0F);
+    for (int i = 1; i <= 15; ++i) EXPECT_EQ(m_table.PresentIs(i), i == 11 || i == 12) << i;
+}
+
+#ifndef _WIN32  // the program that reads the scripts there cuts no files
+TEST_P(EachEngine, AChunkReadInPartIsAbsent)
+{
+    const std::string sOutput = CapturedPath(m_case.sCaptured, ".out");
+    m_root.Engine(m_case.sProgram,
+                  "cp '" + sOutput
+                      + "' $out
+grep -q 'FREQ.* 11.0' $deck || "
+                        "head -c $(($(wc -c < $out) / 2)) '"
+                      + sOutput + "' > $out");
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 12), m_table));
+    ASSERT_EQ(m_msg.m_aShown.size(), 1U);
+    EXPECT_EQ(PropagationAbsentText(m_table),
+              "1000, 2000, 3000, 4000, 5000, 6000, 7000, 8000, 9000, 10000");
+}
+#endif
+
+TEST_P(EachEngine, TheTableKeepsTheInputThatItWasMadeFor)
+{
+    m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
+    PropagationInput input = InputOf(m_case.iModel, 3);
+    input.eSunSpotSource = SunSpotSource::AirMail;
+    EXPECT_TRUE(PropagationRun(input, m_table));
+    input.afFrequency[2] = 9999.0F;
+    input.iModel = 9;
+    EXPECT_EQ(m_table.input.iModel, m_case.iModel);
+    EXPECT_EQ(m_table.input.nData, 3);
+    EXPECT_EQ(m_table.input.FrequencyGet(2), 2000.0F);
+    EXPECT_EQ(m_table.input.eSunSpotSource, SunSpotSource::AirMail);
+    EXPECT_FALSE(m_table.bBuiltIn) << "a program that Hopcast did not bring";
+    EXPECT_EQ(PropagationAbsentText(m_table), "");
 }
 
 TEST_P(EachEngine, AFailureOfTheLastChunkIsTheResultThoughOthersWereRead)
@@ -186,6 +220,8 @@ TEST_P(EachEngine, AFailureOfTheLastChunkIsTheResultThoughOthersWereRead)
     EXPECT_EQ(m_root.CallCount(), 3);
     EXPECT_NE(m_table.fSnr(5, 2), 0.0F);
     EXPECT_EQ(m_table.fSnr(5, 11), 0.0F);
+    EXPECT_TRUE(m_table.PresentIs(2));
+    EXPECT_FALSE(m_table.PresentIs(11));
     ASSERT_EQ(m_msg.m_aShown.size(), 1U);
 }
 

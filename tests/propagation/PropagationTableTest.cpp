@@ -29,6 +29,28 @@ TEST(PropagationTable, CellsAreApart)
 
 TEST(PropagationTable, ANegativeCountIsAnEmptyTable) { EXPECT_EQ(PropagationTable(-1).nData, 0); }
 
+TEST(PropagationTable, NoFrequencyIsPresentBeforeItsRunSucceeded)
+{
+    PropagationTable table(12);
+    for (int i = 0; i <= 13; ++i) EXPECT_FALSE(table.PresentIs(i)) << i;
+    table.PresentSet(-5, 3, true);
+    table.PresentSet(11, 40, true);
+    table.PresentSet(2, 2, false);
+    for (int i = -1; i <= 14; ++i)
+        EXPECT_EQ(table.PresentIs(i), i == 1 || i == 3 || i == 11 || i == 12) << i;
+}
+
+TEST(PropagationAbsentText, NamesTheFrequenciesWithoutValuesInWholeKilohertz)
+{
+    PropagationTable table(3);
+    table.input.nData = 3;
+    table.input.afFrequency = {0.0F, 2000.0F, 7050.6F, 14000.0F};
+    table.PresentSet(3, 3, true);
+    EXPECT_EQ(PropagationAbsentText(table), "2000, 7051");
+    table.PresentSet(1, 2, true);
+    EXPECT_EQ(PropagationAbsentText(table), "");
+}
+
 TEST(PropagationRecordGet, HoldsEveryValueOfItsCell)
 {
     PropagationTable table(5);

@@ -137,6 +137,11 @@ void GridControl::FrameSet(int iRow, int iCol, bool bFrame)
     m_pModel->CellChange(iRow, iCol, [&](GridCell& cell) { cell.bFrame = bFrame; });
 }
 
+void GridControl::HatchSet(int iRow, int iCol, bool bHatch)
+{
+    m_pModel->CellChange(iRow, iCol, [&](GridCell& cell) { cell.bHatch = bHatch; });
+}
+
 void GridControl::AlignmentSet(int iRow, int iCol, Qt::Alignment eAlignment)
 {
     m_pModel->CellChange(iRow, iCol, [&](GridCell& cell) { cell.eAlignment = eAlignment; });

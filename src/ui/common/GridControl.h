@@ -1,6 +1,7 @@
 /// @file GridControl.h
 /// The grid of the main and the details window: row 0 and column 0 are fixed headers that stay in
-/// view; every cell has its text, colours, bold type, alignment and selection mark; a redraw switch
+/// view; every cell has its text, colours, bold type, alignment, selection mark and
+/// hatching; a redraw switch
 /// lets a whole table change at once.
 ///
 /// Units:   pixels. Rows and columns count from 0 with the headers; -1 where there is no cell.
@@ -42,6 +43,7 @@ public:
     void ColorSet(int iRow, int iCol, const QColor& clrBack, const QColor& clrFore);
     void BoldSet(int iRow, int iCol, bool bBold);
     void FrameSet(int iRow, int iCol, bool bFrame);
+    void HatchSet(int iRow, int iCol, bool bHatch);  ///< thin lines: there is no value
     void AlignmentSet(int iRow, int iCol, Qt::Alignment eAlignment);
     [[nodiscard]] const GridCell& CellGet(int iRow, int iCol) const;
     void SpeechSet(GridSpeechFn fnSpeech) { m_pModel->SpeechSet(std::move(fnSpeech)); }

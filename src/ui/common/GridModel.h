@@ -19,6 +19,7 @@ struct GridCell {
     Qt::Alignment eAlignment = Qt::AlignCenter;
     bool bBold = false;
     bool bFrame = false;  ///< the mark of the selected cell
+    bool bHatch = false;  ///< there is no value to show
 };
 
 /// What a screen reader says for a data cell.

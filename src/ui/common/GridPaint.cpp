@@ -54,7 +54,10 @@ void GridDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
     }
     pPainter->save();
     pPainter->fillRect(option.rect, palette.color(QPalette::Base));
-    pPainter->fillRect(option.rect.adjusted(0, 0, -1, -1), clrBack);
+    const QRect rectFill = option.rect.adjusted(0, 0, -1, -1);
+    pPainter->fillRect(rectFill, clrBack);
+    if (cell.bHatch)
+        pPainter->fillRect(rectFill, QBrush(palette.color(QPalette::Mid), Qt::BDiagPattern));
     if (cell.bFrame) {
         const QColor clrText = palette.color(QPalette::Text);
         const QColor clrBase = palette.color(QPalette::Base);

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <string>
 
+#include "propagation/PropagationInput.h"
 #include "settings/Settings.h"
 
 class MainWindowHost {
@@ -29,6 +30,10 @@ public:
     /// Entry of the frequency list, kHz, index from 1.
     [[nodiscard]] virtual float FrequencyGet(int iIndex) const = 0;
     virtual void FrequencySet(int iIndex, float fKhz) = 0;
-    /// The text of a frequency row's label in the table ("14000"), row from 1.
-    [[nodiscard]] virtual std::string FrequencyTextGet(int iRow) const = 0;
+    /// What the table that is shown was made for. It may differ from the settings, after a failed
+    /// run for example. Before the first table, what that would be made for.
+    [[nodiscard]] virtual PropagationInput TableInputGet() const = 0;
+    /// For the status line: the box that told why the map's overlay could not be drawn; an empty
+    /// text when nothing is wrong with it.
+    virtual void OverlayFailedSet(const std::string& sMessage) = 0;
 };

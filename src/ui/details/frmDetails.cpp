@@ -4,6 +4,7 @@
 #include <array>
 
 #include "system/NumberLib.h"
+#include "system/TextLib.h"
 
 namespace {
 
@@ -92,10 +93,7 @@ void frmDetails::SignalsConnect()
             [this](int iRow, int) { grdDataMouseDown(iRow, Qt::LeftButton); });
 }
 
-bool frmDetails::Rec533Is() const
-{
-    return m_host.SettingsGet().m_iPropagationModel == kEngineRec533;
-}
+bool frmDetails::Rec533Is() const { return m_host.TableInputGet().iModel == kEngineRec533; }
 
 void frmDetails::HeaderLayout()
 {
@@ -143,7 +141,7 @@ void frmDetails::Update(int iRow, int iHour, const QString& sHour, const Propaga
     RowsLayout();
     m_iHour = iHour;
     for (int i = 1; i < grdData->RowsGet(); ++i) {
-        if (i <= table.nData)
+        if (table.PresentIs(i))
             RowFill(i, table);
         else
             RowClear(i);
@@ -161,11 +159,11 @@ void frmDetails::RowClear(int iRow)
 void frmDetails::RowFill(int iRow, const PropagationTable& table)
 {
     const PropagationRecord record =
-        PropagationRecordGet(table, m_iHour, iRow, {}, m_host.FrequencyGet(iRow));
-    const bool bLacking = Rec533Is();
+        PropagationRecordGet(table, m_iHour, iRow, {}, table.input.FrequencyGet(iRow));
+    const bool bLacking = table.input.iModel == kEngineRec533;
     grdData->TextSet(iRow, kColLimit, LimitText(record.fFrequency, record.fLUF, record.fMUF));
     grdData->AlignmentSet(iRow, kColLimit, Qt::AlignRight | Qt::AlignVCenter);
-    grdData->TextSet(iRow, kColLayer, QString::fromStdString(record.sLayer));
+    grdData->TextSet(iRow, kColLayer, QString::fromStdString(TextPrintable(record.sLayer)));
     grdData->TextSet(iRow, kColTakeoff, Formatted(record.fTakeoffAngle, "0.0"));
     grdData->TextSet(iRow, kColDelay, bLacking ? QString() : Formatted(record.fTimeDelay, "0.0"));
     grdData->TextSet(iRow, kColHeight,

@@ -23,7 +23,8 @@ public:
     /// @param iRow    frequency row to highlight; one that the grid lacks is none
     /// @param iHour   1..24
     /// @param sHour   the hour's label, for the caption
-    /// @param table   rows beyond its frequencies are shown empty
+    /// @param table   with the input that it was made for; rows of frequencies without values are
+    ///                shown empty
     void Update(int iRow, int iHour, const QString& sHour, const PropagationTable& table);
     /// Makes the window as high as the main table and wide enough for all columns.
     void DataSetSize();

@@ -4,6 +4,7 @@
 
 #include "propagation/EngineLib.h"
 #include "system/NumberLib.h"
+#include "system/TextLib.h"
 
 namespace {
 
@@ -13,9 +14,9 @@ constexpr std::array<const char*, 12> kMonths = {"January",   "February", "March
 
 constexpr const char* kBetween = " \xC2\xB7 ";  // middle dot
 
-std::string EngineName(const Settings& settings)
+std::string EngineName(int iModel)
 {
-    const Engine* pEngine = EngineFind(settings.m_iPropagationModel);
+    const Engine* pEngine = EngineFind(iModel);
     return pEngine != nullptr ? std::string(pEngine->sName) : "no engine";
 }
 
@@ -25,29 +26,41 @@ std::string MonthName(int nMonth)
     return bKnown ? kMonths[static_cast<std::size_t>(nMonth - 1)] : "month " + NumberToText(nMonth);
 }
 
+std::string LineFirst(const std::string& sMessage)
+{
+    return TextForMessage(sMessage.substr(0, sMessage.find_first_of("\r\n")));
+}
+
 }  // namespace
 
-std::string StatusInForce(const Settings& settings, bool bBuiltIn, bool bSunSpotNumber)
+std::string StatusInForce(const PropagationInput& input, bool bBuiltIn, bool bSunSpotNumber)
 {
-    const std::string sNumber =
-        "sunspot number " + NumberToText(settings.m_fPropagationSunSpotNumber)
-        + (settings.m_bPropagationSunSpotNumber ? " (Airmail)" : " (options)");
-    return EngineName(settings) + (bBuiltIn ? " (built-in, P.533 with long-path rule)" : "")
-           + kBetween + MonthName(settings.m_iPropagationMonth) + kBetween
+    const bool bAirMail = input.eSunSpotSource == SunSpotSource::AirMail;
+    const std::string sNumber = "sunspot number " + NumberToText(input.fSunSpotNumber)
+                                + (bAirMail ? " (Airmail)" : " (options)");
+    return EngineName(input.iModel) + (bBuiltIn ? " (built-in, P.533 with long-path rule)" : "")
+           + kBetween + MonthName(input.nMonth) + kBetween
            + (bSunSpotNumber ? sNumber : "no sunspot number (Airmail)");
 }
 
-std::string StatusTrouble(RunTrouble eTrouble, const Settings& settings,
-                          const std::string& sMessage, const std::string& sEngine)
+std::string StatusTrouble(RunTrouble eTrouble, int iModel, const std::string& sMessage,
+                          const std::string& sEngine)
 {
     if (eTrouble == RunTrouble::SunSpot)
         return "No sunspot number from Airmail: Options, Model, clear Auto";
     if (eTrouble == RunTrouble::Frequencies)
         return "No frequencies to predict: Options, Frequency";
     if (sMessage.find("not found.") != std::string::npos)
-        return EngineName(settings) + " is not installed: Options, Model, choose another engine";
-    const std::string sLine = sMessage.substr(0, sMessage.find_first_of("\r\n"));
-    return sLine.empty()
-               ? "The prediction failed: Options, Model, choose an engine"
-               : "The prediction failed: " + sLine + (sEngine.empty() ? "" : " (" + sEngine + ")");
+        return EngineName(iModel) + " is not installed: Options, Model, choose another engine";
+    if (sMessage.empty())
+        return "The prediction failed: Options, Model, choose an engine";
+    const std::string sWhat = eTrouble == RunTrouble::Overlay ? "overlay" : "prediction";
+    return "The " + sWhat + " failed: " + LineFirst(sMessage)
+           + (sEngine.empty() ? "" : " (" + sEngine + ")");
+}
+
+std::string StatusAbsent(const PropagationTable& table, const std::string& sMessage)
+{
+    const std::string sList = PropagationAbsentText(table);
+    return sList.empty() ? sList : "No values for " + sList + " kHz: " + LineFirst(sMessage);
 }

@@ -1,5 +1,6 @@
 /// @file StatusText.h
-/// What the status line says: what is in force, and what went wrong last and what to do about it.
+/// What the status line says: what the table that is shown was made with, and what went wrong last
+/// and what to do about it.
 ///
 /// Texts:   UTF-8, one line.
 /// Tests:   tests/ui/main/StatusTextTest.cpp
@@ -7,20 +8,26 @@
 
 #include <string>
 
-#include "settings/Settings.h"
+#include "propagation/PropagationTable.h"
 
 /// "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (options)". An
 /// engine number that is none reads "no engine".
 /// @param bSunSpotNumber  false: Airmail was asked and had none
-[[nodiscard]] std::string StatusInForce(const Settings& settings, bool bBuiltIn,
+[[nodiscard]] std::string StatusInForce(const PropagationInput& input, bool bBuiltIn,
                                         bool bSunSpotNumber);
 
-/// Why a run failed.
-enum class RunTrouble { SunSpot, Frequencies, Engine };
+/// What failed, or why.
+enum class RunTrouble { SunSpot, Frequencies, Engine, Overlay };
 
 /// One line of advice on a failed run.
+/// @param iModel    engine of that run
 /// @param sMessage  the box that was shown, empty when there was none
 /// @param sEngine   what else is known of the engine's failure (EngineTroubleGet)
-[[nodiscard]] std::string StatusTrouble(RunTrouble eTrouble, const Settings& settings,
+[[nodiscard]] std::string StatusTrouble(RunTrouble eTrouble, int iModel,
                                         const std::string& sMessage,
                                         const std::string& sEngine = {});
+
+/// "No values for 2000, 4000 kHz: PropagationRec533, Shell do not finish."; empty when no frequency
+/// of the table is without values.
+/// @param sMessage  the box that was shown
+[[nodiscard]] std::string StatusAbsent(const PropagationTable& table, const std::string& sMessage);

@@ -6,15 +6,56 @@
 #include "system/NumberLib.h"
 #include "ui/common/GridControl.h"
 
+namespace {
+
+QString LabelGet(const PropagationInput& input, int iFrequency)
+{
+    return iFrequency <= input.nData
+               ? QString::fromStdString(NumberFormat(input.FrequencyGet(iFrequency), "0"))
+               : QString();
+}
+
+void RowEmpty(GridControl& grd, int iRow, bool bHatch)
+{
+    for (int iHour = 1; iHour <= kHourCount; ++iHour) {
+        grd.TextSet(iRow, iHour, {});
+        grd.ColorSet(iRow, iHour, {}, {});
+        grd.HatchSet(iRow, iHour, bHatch);
+    }
+}
+
+void CellShow(GridControl& grd, int iRow, int iHour, float fSnr)
+{
+    const QColor clrBack = ColorFromBgr(SnrGetColor(fSnr));
+    grd.TextSet(iRow, iHour, QString::fromStdString(NumberFormat(fSnr, "0")));
+    grd.ColorSet(iRow, iHour, clrBack, TextColorOn(clrBack));
+    grd.HatchSet(iRow, iHour, false);
+}
+
+}  // namespace
+
+void TableRowsLayout(const PropagationInput& input, const PropagationTable& table, GridControl& grd)
+{
+    grd.RowsSet(input.nData + 1);
+    for (int i = 1; i <= input.nData; ++i) {
+        const QString sLabel = LabelGet(input, i);
+        grd.TextSet(i, 0, sLabel);
+        if (sLabel != LabelGet(table.input, i))
+            RowEmpty(grd, i, false);
+    }
+}
+
 void TableShow(PropagationTable& table, GridControl& grd)
 {
     for (int i = 1; i <= table.nData; ++i) {
+        if (!table.PresentIs(i)) {
+            RowEmpty(grd, i, true);
+            continue;
+        }
         for (int iHour = 1; iHour <= kHourCount; ++iHour) {
             float& fSnr = table.fSnr(iHour, i);
             fSnr = SnrShownGet(fSnr);
-            const QColor clrBack = ColorFromBgr(SnrGetColor(fSnr));
-            grd.TextSet(i, iHour, QString::fromStdString(NumberFormat(fSnr, "0")));
-            grd.ColorSet(i, iHour, clrBack, TextColorOn(clrBack));
+            CellShow(grd, i, iHour, fSnr);
         }
     }
 }

@@ -121,9 +121,9 @@ float frmMain::FrequencyGet(int iIndex) const { return m_settings.FrequencyGet(i
 
 void frmMain::FrequencySet(int iIndex, float fValue) { m_settings.FrequencySet(iIndex, fValue); }
 
-std::string frmMain::FrequencyTextGet(int iRow) const
+PropagationInput frmMain::TableInputGet() const
 {
-    return grdData->TextGet(iRow, 0).toStdString();
+    return m_table.nData > 0 ? m_table.input : PropagationInputFromSettings(m_settings);
 }
 
 SelectedCell frmMain::DataGetSelected() const { return m_settings.m_selected; }
@@ -194,7 +194,7 @@ void frmMain::ActivationEnd()
     grdData->RedrawSet(false);
     HourHeaderLayout();
     if (Update()) {
-        CurrentHourSelect();
+        CurrentHourSelect(m_settings.m_selected.iFrequency);
         tmrTimeTick();
     }
     m_bActivated = true;

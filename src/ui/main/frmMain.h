@@ -46,7 +46,8 @@ public:
     [[nodiscard]] SelectedCell DataGetSelected() const override;
 
     [[nodiscard]] Settings& SettingsGet() override { return m_settings; }
-    [[nodiscard]] std::string FrequencyTextGet(int iRow) const override;
+    [[nodiscard]] PropagationInput TableInputGet() const override;
+    void OverlayFailedSet(const std::string& sMessage) override;
     [[nodiscard]] const PropagationTable& TableGet() const { return m_table; }
     /// The first showing is over: profile read, first prediction done.
     [[nodiscard]] bool ActivatedIs() const { return m_bActivated; }
@@ -55,7 +56,7 @@ public:
     StationMenu* mnuTransmitter;
     QTimer* tmrTime;
     QLabel* lblTrouble;  ///< status line: what went wrong last and what to do about it
-    QLabel* lblInForce;  ///< status line: engine, month, sunspot number
+    QLabel* lblInForce;  ///< status line: engine, month, sunspot number of the table
     // The windows beside this one; null while closed.
     QPointer<frmAbout> m_pAbout;
     QPointer<frmDetails> m_pDetails;
@@ -86,11 +87,12 @@ private:
     class RunScope;
     void HourHeaderLayout();
     void FrequencyRowsLayout();
-    void CurrentHourSelect();
+    void CurrentHourSelect(int iRow);
     void PositionsShow();
     bool PredictionRun();
     bool PredictionMake();
     bool TableMake();
+    void FailureShow();
     bool TroubleSet(RunTrouble eTrouble, const std::string& sMessage = {});
     void RangeShow();
     void CellMark(const SelectedCell& cell, bool bMark);
@@ -126,7 +128,10 @@ private:
     PropagationTable m_table;
     SelectedCell m_marked{-1, -1};     ///< the cell that bears the mark in the grid
     std::optional<QRect> m_rectOuter;  ///< place from the profile, until the frame is known
-    std::string m_sTrouble;            ///< of the last run, empty when it succeeded
+    int m_iRowChosen = -1;             ///< selected before the run that failed, for the next one
+    std::string m_sTrouble;            ///< of the last run, empty when all of it succeeded
+    std::string m_sOverlayTrouble;     ///< of the map's overlay since the last run began
+    bool m_bOld = false;               ///< the table is that of an earlier run
     bool m_bSunSpotNumber = true;      ///< the last run had a sunspot number
     bool m_bActivated = false;
     bool m_bActivating = false;

@@ -6,6 +6,7 @@
 #include "geo/MathLib.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
+#include "system/TextLib.h"
 #include "ui/common/FileDialog.h"
 #include "ui/details/frmDetails.h"
 #include "ui/main/WindowPlace.h"
@@ -80,6 +81,7 @@ void frmMain::mnuViewWorldMapClick()
     if (!m_pMap) {
         m_pMap = new frmMap(*this);
         WindowFit(*m_pMap, *this);
+        connect(m_pMap, &QObject::destroyed, this, [this] { OverlayFailedSet({}); });
     }
     WindowRaise(*m_pMap);
 }
@@ -139,14 +141,15 @@ void frmMain::StationChoose(const Station& station)
     double dLon = 0.0;
     const auto res = AirMailStationPosition(station.sSystem, station.sKey, dLat, dLon, true);
     if (!res)
-        MsgBox(MsgIcon::None, "Airmail's station " + station.sKey + ": " + res.TextGet());
+        MsgBox(MsgIcon::None,
+               "Airmail's station " + TextForMessage(station.sKey) + ": " + res.TextGet());
     if (!res || !res.ValueGet())
         return;
     m_settings.m_dTxLat = dLat;
     m_settings.m_dTxLon = dLon;
     Update();
     setWindowTitle(QApplication::applicationDisplayName() + QStringLiteral(" - ")
-                   + QString::fromStdString(station.sKey + " - " + station.sName));
+                   + QString::fromStdString(TextForMessage(station.sKey + " - " + station.sName)));
 }
 
 void frmMain::TransmitterTyped() { setWindowTitle(QApplication::applicationDisplayName()); }

@@ -77,10 +77,13 @@ bool frmMain::Update()
         return false;
     }
     const RunScope scope(*this);
+    const int iRow = m_settings.m_selected.iFrequency;
+    const int iRowChosen = iRow == -1 ? m_iRowChosen : iRow;
+    m_sOverlayTrouble.clear();
     grdData->RedrawSet(false);
     HourHeaderLayout();
     FrequencyRowsLayout();
-    CurrentHourSelect();
+    CurrentHourSelect(iRowChosen);
     tmrTimeTick();
     PositionsShow();
     if (m_pMap)
@@ -96,8 +99,10 @@ bool frmMain::Update()
             grdData->CurrentSet(cell.iFrequency, cell.iHour);
         cmdUpdate->setEnabled(false);
     } else {
-        DataSetSelected(-1, -1);
+        FailureShow();
     }
+    m_iRowChosen = bOk ? -1 : iRowChosen;
+    m_bOld = !bOk;
     StatusShow();
     grdData->RedrawSet(true);
     return bOk;
@@ -131,14 +136,20 @@ void frmMain::HourHeaderLayout()
 
 void frmMain::FrequencyRowsLayout()
 {
-    grdData->RowsSet(m_settings.m_nData + 1);
-    for (int i = 1; i <= m_settings.m_nData; ++i)
-        grdData->TextSet(i, 0, Formatted(m_settings.FrequencyGet(i), "0"));
+    TableRowsLayout(PropagationInputFromSettings(m_settings), m_table, *grdData);
 }
 
-void frmMain::CurrentHourSelect()
+void frmMain::CurrentHourSelect(int iRow) { DataSetSelected(iRow, UtcNow().nHour + 1); }
+
+/// The old table stays in force, under the labels of the list that it was made for.
+void frmMain::FailureShow()
 {
-    DataSetSelected(m_settings.m_selected.iFrequency, UtcNow().nHour + 1);
+    DataSetSelected(-1, -1);
+    if (m_table.nData > 0) {
+        TableRowsLayout(m_table.input, m_table, *grdData);
+        TableShow(m_table, *grdData);
+    }
+    cmdUpdate->setEnabled(true);
 }
 
 void frmMain::PositionsShow()
@@ -151,7 +162,7 @@ void frmMain::PositionsShow()
 
 bool frmMain::TroubleSet(RunTrouble eTrouble, const std::string& sMessage)
 {
-    m_sTrouble = StatusTrouble(eTrouble, m_settings, sMessage,
+    m_sTrouble = StatusTrouble(eTrouble, m_settings.m_iPropagationModel, sMessage,
                                eTrouble == RunTrouble::Engine
                                    ? EngineTroubleGet(m_settings.m_iPropagationModel)
                                    : std::string());
@@ -197,6 +208,7 @@ bool frmMain::TableMake()
     PropagationTable table(m_settings.m_nData);
     if (!PropagationRun(PropagationInputFromSettings(m_settings), table))
         return TroubleSet(RunTrouble::Engine, listener.LastGet());
+    m_sTrouble = StatusAbsent(table, listener.LastGet());
     m_table = std::move(table);
     RangeShow();
     TableShow(m_table, *grdData);
@@ -223,27 +235,39 @@ void frmMain::CellMark(const SelectedCell& cell, bool bMark)
 void frmMain::DataSetSelected(int iRow, int iCol)
 {
     CellMark(m_marked, false);
-    // A row that a shorter list no longer has is none.
-    m_settings.m_selected = {iRow > m_settings.m_nData ? -1 : iRow, iCol};
+    // A row that the table does not have is none.
+    m_settings.m_selected = {iRow >= grdData->RowsGet() ? -1 : iRow, iCol};
     m_marked = m_settings.m_selected;  // the settings may lose theirs behind the grid's back
     CellMark(m_marked, true);
 }
 
 void frmMain::StatusShow()
 {
-    const bool bBuiltIn = EngineIsHopcasts(m_settings.m_iPropagationModel);
-    QString sInForce =
-        QString::fromStdString(StatusInForce(m_settings, bBuiltIn, m_bSunSpotNumber));
+    const int iModel = m_settings.m_iPropagationModel;
+    QString sInForce = QString::fromStdString(
+        m_table.nData > 0 ? StatusInForce(m_table.input, m_table.bBuiltIn, true)
+                          : StatusInForce(PropagationInputFromSettings(m_settings),
+                                          EngineIsHopcasts(iModel), m_bSunSpotNumber));
+    const std::string& sTrouble = m_sTrouble.empty() ? m_sOverlayTrouble : m_sTrouble;
     lblInForce->setToolTip(sInForce);
     // What went wrong comes first where there is no room for both: what stands in brackets goes.
     static const QRegularExpression kBrackets(QStringLiteral(" \\([^)]*\\)"));
-    lblInForce->setText(m_sTrouble.empty() ? sInForce : sInForce.remove(kBrackets));
-    lblTrouble->setText(QString::fromStdString(m_sTrouble));
-    lblTrouble->setVisible(!m_sTrouble.empty());
+    lblInForce->setText(sTrouble.empty() ? sInForce : sInForce.remove(kBrackets));
+    lblTrouble->setText(QString::fromStdString(sTrouble));
+    lblTrouble->setVisible(!sTrouble.empty());
     lblTrouble->setToolTip(lblTrouble->text());
-    const bool bOld = !m_sTrouble.empty();
-    grdData->StaleSet(bOld);
-    lblOld->setVisible(bOld && m_table.nData > 0);
+    grdData->StaleSet(m_bOld);
+    lblOld->setVisible(m_bOld && m_table.nData > 0);
+}
+
+void frmMain::OverlayFailedSet(const std::string& sMessage)
+{
+    const int iModel = m_settings.m_iPropagationModel;
+    m_sOverlayTrouble = sMessage.empty() ? std::string()
+                                         : StatusTrouble(RunTrouble::Overlay, iModel, sMessage,
+                                                         EngineTroubleGet(iModel));
+    if (!m_bRunning)  // the end of the run shows it
+        StatusShow();
 }
 
 void frmMain::tmrTimeTick()

@@ -1,5 +1,4 @@
 // The SNR overlay of the map window.
-#include <algorithm>
 #include <utility>
 
 #include "propagation/PropagationInput.h"
@@ -55,11 +54,13 @@ void frmMap::OverlayFollowSelection()
 {
     if (m_bOverlayChosen)
         return;
+    const PropagationInput input = m_host.TableInputGet();
     const SelectedCell cell = m_host.DataGetSelected();
     const bool bSelected = cell.iHour >= 1 && cell.iHour <= kHourCount && cell.iFrequency >= 1
-                           && cell.iFrequency <= m_host.SettingsGet().m_nData;
+                           && cell.iFrequency <= input.nData;
     m_iOverlayFrequency = bSelected ? cell.iFrequency : 1;
-    m_fOverlayFrequency = m_host.FrequencyGet(m_iOverlayFrequency);
+    m_fOverlayFrequency = input.nData > 0 ? input.FrequencyGet(m_iOverlayFrequency)
+                                          : m_host.FrequencyGet(m_iOverlayFrequency);
     m_iOverlayHour = bSelected ? cell.iHour - 1 : UtcNow().nHour;
 }
 
@@ -78,9 +79,9 @@ void frmMap::mnuOverlayFrequencyFill()
     constexpr int kShortText = 4;
     mnuOverlayFrequency->clear();
     mnuOverlayFrequencyData.clear();
-    const int nData = std::min(m_host.SettingsGet().m_nData, kFrequencyMax);
-    for (int i = 0; i < nData; ++i) {
-        QString sText = QString::fromStdString(m_host.FrequencyTextGet(i + 1));
+    const PropagationInput input = m_host.TableInputGet();
+    for (int i = 0; i < input.nData; ++i) {
+        QString sText = QString::fromStdString(NumberFormat(input.FrequencyGet(i + 1), "0"));
         if (sText.size() == kShortText)
             sText += QStringLiteral("  ");  // the list lines up
         QAction* pItem = ItemMake(mnuOverlayFrequency,
@@ -90,7 +91,7 @@ void frmMap::mnuOverlayFrequencyFill()
         connect(pItem, &QAction::triggered, this, [this, i] { mnuOverlayFrequencyDataClick(i); });
         mnuOverlayFrequencyData.push_back(pItem);
     }
-    mnuOverlayFrequency->setEnabled(nData > 0);
+    mnuOverlayFrequency->setEnabled(input.nData > 0);
 }
 
 void frmMap::mnuOverlayTimeFill()
@@ -109,8 +110,11 @@ void frmMap::mnuOverlayTimeFill()
 
 void frmMap::mnuOverlayFrequencyDataClick(int iIndex)
 {
+    const PropagationInput input = m_host.TableInputGet();
+    if (iIndex >= input.nData)
+        return;  // the table has changed under the open menu
     m_iOverlayFrequency = iIndex + 1;
-    m_fOverlayFrequency = m_host.FrequencyGet(m_iOverlayFrequency);
+    m_fOverlayFrequency = input.FrequencyGet(m_iOverlayFrequency);
     OverlayChosen();
 }
 
@@ -137,13 +141,18 @@ void frmMap::mnuOverlayDrawClick()
     ViewRepaint();
     if (mnuOverlayDraw->isChecked())
         OverlayShow();
+    else
+        m_host.OverlayFailedSet({});
 }
 
-/// Draws the overlay and tells the error that nobody has told.
+/// Draws the overlay and tells the error that nobody has told; what was told also goes into the
+/// main window's status line.
 void frmMap::OverlayShow()
 {
+    const MsgListener listener;
     if (const Result<void> resDrawn = OverlayDraw(); !resDrawn)
         MsgBox(MsgIcon::None, "Unable to read the overlay's grid, " + resDrawn.TextGet());
+    m_host.OverlayFailedSet(listener.LastGet());
 }
 
 void frmMap::MapOutline()

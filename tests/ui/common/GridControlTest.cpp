@@ -53,6 +53,26 @@ TEST_F(GridControlShown, CellsOutsideAreEmptyAndCannotBeSet)
     }
 }
 
+TEST_F(GridControlShown, AHatchedCellHasLinesOnItsGround)
+{
+    const auto Lines = [this](GridPlace place) {
+        const QImage img = Picture();
+        const QRect rect = m_grd.PlaceRect(place).adjusted(2, 2, -3, -3);
+        int nLines = 0;
+        for (int y = rect.top(); y <= rect.bottom(); ++y)
+            for (int x = rect.left(); x <= rect.right(); ++x)
+                nLines += QColor(img.pixel(x, y)) == m_grd.palette().color(QPalette::Base) ? 0 : 1;
+        return nLines;
+    };
+    m_grd.TextSet(2, 2, {});
+    EXPECT_EQ(Lines({2, 2}), 0);
+    m_grd.HatchSet(2, 2, true);
+    EXPECT_TRUE(m_grd.CellGet(2, 2).bHatch);
+    EXPECT_GT(Lines({2, 2}), 20);
+    m_grd.HatchSet(2, 2, false);
+    EXPECT_EQ(Lines({2, 2}), 0);
+}
+
 TEST_F(GridControlShown, CellsAreKeptWhenRowsComeAndGo)
 {
     m_grd.RowsSet(6);

@@ -281,6 +281,16 @@ TEST(FrmDetails, HighlightedRowThatIsGoneIsNone)
     RowExpect(frm, 2, false);
 }
 
+TEST(FrmDetails, ModeTextsAreShownWithoutControlCharacters)
+{
+    MainRig rig;
+    frmDetails& frm = Open(rig);
+    PropagationTable table = rig.m_pFrm->TableGet();
+    table.sLayer(3, 7) = "\x1b[2J ";
+    frm.Update(7, 3, QStringLiteral("02:00"), table);
+    EXPECT_EQ(frm.grdData->TextGet(7, 2), QStringLiteral(" [2J "));
+}
+
 TEST(FrmDetails, SpeaksItsCells)
 {
     MainRig rig;

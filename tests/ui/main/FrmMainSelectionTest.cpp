@@ -159,7 +159,7 @@ TEST(FrmMainSelection, VisibleDetailsFollowAnUpdateAndClosedOnesStayClosed)
     EXPECT_FALSE(frm.m_pDetails);
 }
 
-TEST(FrmMainSelection, VisibleDetailsFollowTheRunAfterAFailedOne)
+TEST(FrmMainSelection, SuccessAfterAFailureSelectsTheRowChosenLast)
 {
     MainRig rig;
     frmMain& frm = rig.Start();
@@ -169,10 +169,40 @@ TEST(FrmMainSelection, VisibleDetailsFollowTheRunAfterAFailedOne)
     rig.m_engine.bFail = false;
     rig.m_engine.fnSnr = [](int, int) { return 61.0; };
     EXPECT_TRUE(frm.Update());
-    SelectedExpect(frm, -1, 14);
+    SelectedExpect(frm, 7, 14);
+    EXPECT_TRUE(frm.grdData->CellGet(7, 14).bFrame);
     EXPECT_EQ(frm.m_pDetails->grdData->TextGet(7, 8), QStringLiteral("61"));
-    EXPECT_EQ(frm.m_pDetails->m_iRow, -1);
-    EXPECT_FALSE(frm.m_pDetails->grdData->CellGet(7, 8).bBold);
+    EXPECT_EQ(frm.m_pDetails->m_iRow, 7);
+}
+
+TEST(FrmMainSelection, TheRowChosenLastOutlivesSeveralFailuresAndShorterLists)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    CellMouse(*frm.grdData, {12, 3});
+    frm.m_settings.m_nData = 5;
+    rig.m_engine.bFail = true;
+    for (int n = 0; n < 2; ++n) {
+        EXPECT_FALSE(frm.Update());
+        SelectedExpect(frm, -1, -1);
+    }
+    frm.m_settings.m_nData = 15;
+    rig.m_engine.bFail = false;
+    EXPECT_TRUE(frm.Update());
+    SelectedExpect(frm, 12, 14);
+}
+
+TEST(FrmMainSelection, ARowChosenAfterTheFailureIsTheOneChosenLast)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    CellMouse(*frm.grdData, {12, 3});
+    rig.m_engine.bFail = true;
+    EXPECT_FALSE(frm.Update());
+    CellMouse(*frm.grdData, {4, 9});
+    rig.m_engine.bFail = false;
+    EXPECT_TRUE(frm.Update());
+    SelectedExpect(frm, 4, 14);
 }
 
 TEST(FrmMainSelection, RowThatAShorterListLacksIsNone)
@@ -189,20 +219,57 @@ TEST(FrmMainSelection, RowThatAShorterListLacksIsNone)
     EXPECT_EQ(frm.m_pDetails->grdData->RowsGet(), 6);
 }
 
-TEST(FrmMainSelection, ClickOnARowThatTheOldTableLacksShowsEmptyDetails)
+TEST(FrmMainSelection, DetailsAfterAFailureSpeakOfTheTableThatIsShown)
 {
     MainRig rig;
     rig.ProfileAdd("[Propagation Data]\nCount=3\n");
     rig.m_engine.nChunks = 1;
     frmMain& frm = rig.Start();
     frm.m_settings.m_nData = 6;
+    frm.FrequencySet(2, 29000.0F);  // above the MUF of 21000 kHz
+    frm.m_settings.m_iPropagationModel = kEngineRec533;
     rig.m_engine.bFail = true;
     EXPECT_FALSE(frm.Update());
-    CellMouse(*frm.grdData, {5, 2});
+    CellMouse(*frm.grdData, {2, 2});
     ASSERT_TRUE(frm.m_pDetails);
-    EXPECT_EQ(frm.m_pDetails->grdData->RowsGet(), 7);
-    EXPECT_EQ(frm.m_pDetails->grdData->TextGet(5, 8), QString());
-    EXPECT_EQ(frm.m_pDetails->grdData->TextGet(2, 8), QStringLiteral("4"));
+    const GridControl& grd = *frm.m_pDetails->grdData;
+    EXPECT_EQ(grd.RowsGet(), 4);
+    EXPECT_EQ(grd.TextGet(2, 0), QStringLiteral("4000"));
+    EXPECT_EQ(grd.TextGet(2, 1), QStringLiteral("< 5000")) << "the verdict on 4000 kHz";
+    EXPECT_EQ(grd.TextGet(2, 4), QStringLiteral("2.0")) << "VOACAP's delay";
+    EXPECT_GT(grd.ColWidthGet(4), 0);
+    EXPECT_EQ(grd.TextGet(2, 8), QStringLiteral("4"));
+}
+
+TEST(FrmMainSelection, DetailsOfARec533TableStayWithoutDelayWhenAnotherEngineFailed)
+{
+    MainRig rig(kEngineRec533);
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_iPropagationModel = kEngineVoacap;
+    rig.m_engine.bFail = true;
+    EXPECT_FALSE(frm.Update());
+    CellMouse(*frm.grdData, {7, 2});
+    ASSERT_TRUE(frm.m_pDetails);
+    for (const int iCol : {4, 5}) {
+        EXPECT_EQ(frm.m_pDetails->grdData->TextGet(7, iCol), QString());
+        EXPECT_EQ(frm.m_pDetails->grdData->ColWidthGet(iCol), 0);
+    }
+}
+
+TEST(FrmMainSelection, DetailsOfAFrequencyWithoutValuesAreEmpty)
+{
+    MainRig rig;
+    rig.m_engine.anFailing = {0, 1};
+    frmMain& frm = rig.Start();
+    CellMouse(*frm.grdData, {7, 2});
+    ASSERT_TRUE(frm.m_pDetails);
+    const GridControl& grd = *frm.m_pDetails->grdData;
+    EXPECT_EQ(grd.TextGet(7, 0), QStringLiteral("14000"));
+    for (int iCol = 1; iCol < 9; ++iCol) {
+        EXPECT_EQ(grd.TextGet(7, iCol), QString()) << iCol;
+        EXPECT_NE(grd.TextGet(11, iCol), QString()) << iCol;
+    }
+    EXPECT_FALSE(grd.CellGet(7, 8).clrBack.isValid());
 }
 
 }  // namespace

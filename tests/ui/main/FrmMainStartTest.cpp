@@ -55,6 +55,9 @@ TEST(FrmMainStart, WithoutProfileAndAirmailTheDefaultsAreInForceAndOneBoxTellsWh
     EXPECT_EQ(rig.m_msg.m_aShown[0].sText.rfind("Unable to find AirMail's Propagation, SSN", 0),
               0u);
     EXPECT_NE(frm.lblTrouble->text().indexOf(QStringLiteral("clear Auto")), -1);
+    EXPECT_EQ(frm.lblInForce->text(), QStringLiteral("REC533 · November · no sunspot number"));
+    EXPECT_EQ(frm.grdData->TextGet(15, 0), QStringLiteral("30000")) << "no table: the list's rows";
+    EXPECT_FALSE(frm.lblOld->isVisible());
 }
 
 TEST(FrmMainStart, Rec533IsPredictedAndSelectsTheHour)
@@ -174,12 +177,15 @@ TEST(FrmMainStart, ClosedWindowsAreDestroyedAndMadeAnew)
     }
 }
 
-TEST(FrmMainStart, OtherWindowsFindTheTablesLabels)
+TEST(FrmMainStart, OtherWindowsFindWhatTheTableIsFor)
 {
     MainRig rig;
-    const frmMain& frm = rig.Start();
-    EXPECT_EQ(frm.FrequencyTextGet(7), "14000");
-    EXPECT_EQ(frm.FrequencyTextGet(16), "");
+    const frmMain& frm = rig.Make();
+    EXPECT_EQ(frm.TableInputGet().iModel, kEngineRec533) << "no table yet: the settings'";
+    rig.Start();
+    EXPECT_EQ(frm.TableInputGet().iModel, kEngineVoacap);
+    EXPECT_EQ(frm.TableInputGet().nData, 15);
+    EXPECT_EQ(frm.TableInputGet().FrequencyGet(7), 14000.0F);
 }
 
 TEST(FrmMainStart, MenusHaveTheirToldItems)

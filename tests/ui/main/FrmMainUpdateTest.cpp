@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "geo/MathLib.h"
+#include "system/MsgLib.h"
 #include "ui/common/ElidedLabel.h"
 #include "ui/map/frmMap.h"
 #include "ui/options/frmOptions.h"
@@ -174,11 +175,171 @@ TEST(FrmMainUpdate, FailureKeepsTheGridAndClearsTheSelection)
     EXPECT_EQ(frm.DataGetSelected().iFrequency, -1);
     EXPECT_EQ(frm.DataGetSelected().iHour, -1);
     EXPECT_TRUE(frm.cmdUpdate->isEnabled());
+    EXPECT_FALSE(frm.grdData->CellGet(4, 7).bHatch);
     EXPECT_TRUE(frm.grdData->RedrawGet());
     EXPECT_TRUE(frm.grdData->StaleGet());
     EXPECT_TRUE(frm.lblOld->isVisible());
     EXPECT_EQ(rig.m_msg.m_aShown.size(), 2u);  // one per chunk of frequencies
     EXPECT_NE(frm.lblTrouble->text(), QString());
+}
+
+TEST(FrmMainUpdate, UpdateButtonLivesAfterEveryFailedRun)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    EXPECT_FALSE(frm.cmdUpdate->isEnabled());
+    rig.m_engine.bFail = true;
+    EXPECT_FALSE(frm.Update());  // not the button's own
+    EXPECT_TRUE(frm.cmdUpdate->isEnabled());
+    rig.m_engine.bFail = false;
+    EXPECT_TRUE(frm.Update());
+    EXPECT_FALSE(frm.cmdUpdate->isEnabled());
+    frm.m_settings.m_nData = 0;
+    EXPECT_FALSE(frm.Update());
+    EXPECT_TRUE(frm.cmdUpdate->isEnabled());
+}
+
+/// Another list and an engine that is not there.
+void ListAndEngineChange(MainRig& rig, frmMain& frm)
+{
+    frm.m_settings.m_nData = 3;
+    frm.FrequencySet(1, 18100.0F);
+    frm.FrequencySet(2, 4000.0F);
+    frm.FrequencySet(3, 29000.0F);
+    frm.m_settings.m_iPropagationModel = kEngineIcepac;
+    frm.m_settings.m_bPropagationMonth = false;
+    frm.m_settings.m_iPropagationMonth = 3;
+    frm.m_settings.m_fPropagationSunSpotNumber = 12.0F;
+    std::remove((rig.m_folder.Path("root") + "/bin_win/icepacw.exe").c_str());
+}
+
+TEST(FrmMainUpdate, LabelsOfTheKeptTableGoBackToWhatItsValuesAreFor)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    ListAndEngineChange(rig, frm);
+    EXPECT_FALSE(frm.Update());
+    ASSERT_EQ(frm.grdData->RowsGet(), 16);
+    for (int i = 1; i <= 15; ++i) {
+        EXPECT_EQ(frm.grdData->TextGet(i, 0), QString::number(2000 * i));
+        for (int iHour = 1; iHour <= 24; ++iHour) {
+            const GridCell& cell = frm.grdData->CellGet(i, iHour);
+            EXPECT_EQ(cell.sText, QString::number(iHour + i)) << i << "," << iHour;
+            EXPECT_TRUE(cell.clrBack.isValid());
+        }
+    }
+    EXPECT_EQ(frm.TableInputGet().FrequencyGet(1), 2000.0F);
+    EXPECT_EQ(frm.FrequencyGet(1), 18100.0F) << "the user's list stays in force";
+    EXPECT_EQ(frm.m_settings.m_nData, 3);
+}
+
+TEST(FrmMainUpdate, ABoxOfTheRunNeverShowsOldValuesUnderNewLabels)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    ListAndEngineChange(rig, frm);
+    int nBoxes = 0;
+    const auto fnBefore = MsgSetHandler([&](MsgIcon, const std::string&) {
+        ++nBoxes;
+        EXPECT_EQ(frm.grdData->TextGet(1, 0), QStringLiteral("18100"));
+        EXPECT_EQ(frm.grdData->TextGet(1, 7), QString());
+        EXPECT_EQ(frm.grdData->TextGet(2, 0), QStringLiteral("4000"));
+        EXPECT_EQ(frm.grdData->TextGet(2, 7), QStringLiteral("9"));
+    });
+    EXPECT_FALSE(frm.Update());
+    MsgSetHandler(fnBefore);
+    EXPECT_EQ(nBoxes, 1);
+}
+
+TEST(FrmMainUpdate, TheStatusLineSpeaksOfTheTableThatIsShown)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    ListAndEngineChange(rig, frm);
+    EXPECT_FALSE(frm.Update());
+    EXPECT_EQ(frm.lblInForce->toolTip(),
+              QStringLiteral("VOACAP · November · sunspot number 100 (options)"));
+    EXPECT_EQ(frm.lblTrouble->text(),
+              QStringLiteral("ICEPAC is not installed: Options, Model, choose another engine"));
+    frm.m_settings.m_iPropagationModel = kEngineRec533;
+    rig.m_engine.nChunks = 1;
+    EXPECT_TRUE(frm.Update());
+    EXPECT_EQ(frm.lblInForce->toolTip(),
+              QStringLiteral("REC533 · March · sunspot number 12 (options)"));
+    EXPECT_EQ(frm.grdData->RowsGet(), 4);
+    EXPECT_EQ(frm.grdData->TextGet(1, 0), QStringLiteral("18100"));
+}
+
+TEST(FrmMainUpdate, AChunkThatFailedBeforeAGoodOneIsEmptyHatchedAndNamed)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    rig.m_engine.nStarts = 0;
+    rig.m_engine.anFailing = {0, 1};  // both attempts of the first chunk
+    rig.m_engine.fnSnr = [](int, int) { return 51.0; };
+    EXPECT_TRUE(frm.Update());
+    for (int i = 1; i <= 15; ++i) {
+        const GridCell& cell = frm.grdData->CellGet(i, 7);
+        EXPECT_EQ(cell.sText, i <= 10 ? QString() : QStringLiteral("51")) << i;
+        EXPECT_EQ(cell.clrBack.isValid(), i > 10) << i;
+        EXPECT_EQ(cell.bHatch, i <= 10) << i;
+    }
+    EXPECT_EQ(frm.lblTrouble->text(),
+              QStringLiteral("No values for 2000, 4000, 6000, 8000, 10000, 12000, 14000, 16000, "
+                             "18000, 20000 kHz: PropagationIcepacVoacap, Input, File not found"));
+    EXPECT_TRUE(frm.lblTrouble->isVisible());
+    EXPECT_FALSE(frm.grdData->StaleGet()) << "it is a new table";
+    EXPECT_FALSE(frm.lblOld->isVisible());
+    EXPECT_EQ(rig.m_msg.m_aShown.size(), 1u);
+    rig.m_engine.nStarts = 2;
+    EXPECT_TRUE(frm.Update());
+    EXPECT_EQ(frm.grdData->TextGet(1, 7), QStringLiteral("51"));
+    EXPECT_FALSE(frm.grdData->CellGet(1, 7).bHatch);
+    EXPECT_EQ(frm.lblTrouble->text(), QString());
+}
+
+TEST(FrmMainUpdate, HatchedRowsComeBackAfterAFailedRun)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    rig.m_engine.nStarts = 0;
+    rig.m_engine.anFailing = {0, 1};
+    EXPECT_TRUE(frm.Update());
+    frm.m_settings.m_nData = 2;
+    rig.m_engine.bFail = true;
+    EXPECT_FALSE(frm.Update());
+    ASSERT_EQ(frm.grdData->RowsGet(), 16);
+    EXPECT_TRUE(frm.grdData->CellGet(10, 7).bHatch);
+    EXPECT_FALSE(frm.grdData->CellGet(11, 7).bHatch);
+}
+
+TEST(FrmMainUpdate, AnOverlayThatFailedIsToldInTheStatusLineUntilTheNextRun)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.OverlayFailedSet("PropagationAreaOpen, Shell do not finish.");
+    EXPECT_EQ(frm.lblTrouble->text(),
+              QStringLiteral("The overlay failed: PropagationAreaOpen, Shell do not finish."));
+    EXPECT_TRUE(frm.lblTrouble->isVisible());
+    EXPECT_FALSE(frm.grdData->StaleGet());
+    EXPECT_FALSE(frm.lblOld->isVisible());
+    frm.OverlayFailedSet({});
+    EXPECT_FALSE(frm.lblTrouble->isVisible());
+    frm.OverlayFailedSet("PropagationAreaOpen, Shell do not finish.");
+    EXPECT_TRUE(frm.Update());
+    EXPECT_EQ(frm.lblTrouble->text(), QString());
+}
+
+TEST(FrmMainUpdate, ClosingTheMapEndsWhatIsToldOfItsOverlay)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuViewWorldMap->trigger();
+    frm.OverlayFailedSet("PropagationAreaOpen, Shell do not finish.");
+    frm.m_pMap->close();
+    MainRig::EventsRun();
+    EXPECT_FALSE(frm.m_pMap);
+    EXPECT_EQ(frm.lblTrouble->text(), QString());
 }
 
 TEST(FrmMainUpdate, NoCellIsMarkedAfterAFailure)
@@ -237,8 +398,9 @@ TEST(FrmMainUpdate, MissingSunspotNumberRefusesThePrediction)
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("No sunspot number from Airmail: Options, Model, clear Auto"));
     EXPECT_EQ(frm.lblInForce->toolTip(),
-              QStringLiteral("VOACAP · November · no sunspot number (Airmail)"));
-    EXPECT_EQ(frm.lblInForce->text(), QStringLiteral("VOACAP · November · no sunspot number"));
+              QStringLiteral("VOACAP · November · sunspot number 100 (options)"))
+        << "the one of the table that is shown";
+    EXPECT_EQ(frm.lblInForce->text(), QStringLiteral("VOACAP · November · sunspot number 100"));
     MainRig::EventsRun();
     for (const QLabel* pLabel : {frm.lblTrouble, frm.lblInForce})  // nothing cut
         EXPECT_GE(pLabel->width(), pLabel->fontMetrics().horizontalAdvance(pLabel->text()));
@@ -293,7 +455,7 @@ TEST(FrmMainUpdate, EmptyFrequencyListFailsWithoutTouchingTheEngine)
     frm.m_settings.m_nData = 0;
     EXPECT_FALSE(frm.Update());
     EXPECT_EQ(rig.m_engine.nStarts, 0);
-    EXPECT_EQ(frm.grdData->RowsGet(), 1);
+    EXPECT_EQ(frm.grdData->RowsGet(), 16);  // of the table that is shown
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("No frequencies to predict: Options, Frequency"));
 }

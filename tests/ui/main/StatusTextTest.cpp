@@ -4,58 +4,80 @@
 
 namespace {
 
-Settings SettingsMake(int iModel, int nMonth)
+PropagationInput InputMake(int iModel, int nMonth)
 {
-    Settings settings;
-    settings.m_iPropagationModel = iModel;
-    settings.m_iPropagationMonth = nMonth;
-    settings.m_bPropagationSunSpotNumber = false;
-    settings.m_fPropagationSunSpotNumber = 100.0F;
-    return settings;
+    PropagationInput input;
+    input.iModel = iModel;
+    input.nMonth = nMonth;
+    input.fSunSpotNumber = 100.0F;
+    return input;
 }
 
 TEST(StatusInForce, TellsEngineMonthAndSunspotNumber)
 {
     EXPECT_EQ(
-        StatusInForce(SettingsMake(kEngineRec533, 11), true, true),
+        StatusInForce(InputMake(kEngineRec533, 11), true, true),
         "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (options)");
-    Settings settings = SettingsMake(kEngineVoacap, 1);
-    settings.m_bPropagationSunSpotNumber = true;
-    settings.m_fPropagationSunSpotNumber = 66.5F;
-    EXPECT_EQ(StatusInForce(settings, false, true),
+    PropagationInput input = InputMake(kEngineVoacap, 1);
+    input.eSunSpotSource = SunSpotSource::AirMail;
+    input.fSunSpotNumber = 66.5F;
+    EXPECT_EQ(StatusInForce(input, false, true),
               "VOACAP · January · sunspot number 66.5 (Airmail)");
 }
 
 TEST(StatusInForce, NamesNoNumberThatAirmailDidNotGive)
 {
-    Settings settings = SettingsMake(kEngineVoacap, 1);
-    settings.m_bPropagationSunSpotNumber = true;
-    EXPECT_EQ(StatusInForce(settings, false, false),
-              "VOACAP · January · no sunspot number (Airmail)");
+    PropagationInput input = InputMake(kEngineVoacap, 1);
+    input.eSunSpotSource = SunSpotSource::AirMail;
+    EXPECT_EQ(StatusInForce(input, false, false), "VOACAP · January · no sunspot number (Airmail)");
 }
 
 TEST(StatusInForce, NamesNumbersThatAreNoEngineOrMonth)
 {
-    EXPECT_EQ(StatusInForce(SettingsMake(9, 13), false, true),
+    EXPECT_EQ(StatusInForce(InputMake(9, 13), false, true),
               "no engine · month 13 · sunspot number 100 (options)");
 }
 
 TEST(StatusTrouble, SaysWhatToDo)
 {
-    const Settings settings = SettingsMake(kEngineIcepac, 11);
-    EXPECT_EQ(StatusTrouble(RunTrouble::SunSpot, settings, ""),
+    EXPECT_EQ(StatusTrouble(RunTrouble::SunSpot, kEngineIcepac, ""),
               "No sunspot number from Airmail: Options, Model, clear Auto");
-    EXPECT_EQ(StatusTrouble(RunTrouble::Frequencies, settings, ""),
+    EXPECT_EQ(StatusTrouble(RunTrouble::Frequencies, kEngineIcepac, ""),
               "No frequencies to predict: Options, Frequency");
-    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, settings,
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac,
                             "Propagation Model ICEPAC not found.\r\n\r\nPlease check"),
               "ICEPAC is not installed: Options, Model, choose another engine");
-    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, settings, "one\rtwo"),
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac, "one\rtwo"),
               "The prediction failed: one");
-    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, settings, "one\rtwo", "no map"),
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac, "one\rtwo", "no map"),
               "The prediction failed: one (no map)");
-    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, settings, ""),
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac, ""),
               "The prediction failed: Options, Model, choose an engine");
+}
+
+TEST(StatusTrouble, SaysThatItIsTheOverlayThatFailed)
+{
+    EXPECT_EQ(StatusTrouble(RunTrouble::Overlay, kEngineRec533,
+                            "PropagationAreaOpen, Shell do not finish.", "killed"),
+              "The overlay failed: PropagationAreaOpen, Shell do not finish. (killed)");
+}
+
+TEST(StatusTrouble, HasNothingUnprintable)
+{
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineRec533, "a\x1b[31mb"),
+              "The prediction failed: a [31mb");
+}
+
+TEST(StatusAbsent, NamesTheFrequenciesWithoutValuesAndWhy)
+{
+    PropagationTable table(3);
+    table.input.nData = 3;
+    table.input.afFrequency = {0.0F, 2000.0F, 4000.0F, 14000.0F};
+    table.PresentSet(3, 3, true);
+    EXPECT_EQ(StatusAbsent(table, "PropagationRec533, Shell do not finish."),
+              "No values for 2000, 4000 kHz: PropagationRec533, Shell do not finish.");
+    table.PresentSet(1, 3, true);
+    EXPECT_EQ(StatusAbsent(table, ""), "");
 }
 
 }  // namespace

@@ -51,9 +51,9 @@ std::uint32_t MapHostFake::SnrGetColor(float fSnr) const { return ::SnrGetColor(
 
 float MapHostFake::FrequencyGet(int iIndex) const { return m_settings.FrequencyGet(iIndex); }
 
-std::string MapHostFake::FrequencyTextGet(int iRow) const
+PropagationInput MapHostFake::TableInputGet() const
 {
-    return NumberFormat(m_settings.FrequencyGet(iRow), "0");
+    return m_inputTable.value_or(PropagationInputFromSettings(m_settings));
 }
 
 EngineFake::EngineFake()

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QtTest/QtTest>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,9 +29,12 @@ public:
     [[nodiscard]] std::uint32_t SnrGetColor(float fSnr) const override;
     [[nodiscard]] float FrequencyGet(int iIndex) const override;
     void FrequencySet(int iIndex, float fKhz) override { m_settings.FrequencySet(iIndex, fKhz); }
-    [[nodiscard]] std::string FrequencyTextGet(int iRow) const override;
+    [[nodiscard]] PropagationInput TableInputGet() const override;
+    void OverlayFailedSet(const std::string& sMessage) override { m_sOverlayFailed = sMessage; }
 
     Settings m_settings;
+    std::optional<PropagationInput> m_inputTable;  ///< of the table; else the settings'
+    std::string m_sOverlayFailed;                  ///< told last
     int m_nUpdates = 0;
     frmMap* m_pMap = nullptr;  ///< told of each update, as the main window does
 };

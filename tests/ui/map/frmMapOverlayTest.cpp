@@ -39,6 +39,44 @@ TEST_F(frmMapOverlay, MenuListsFrequenciesAndHoursAnewEachTime)
     EXPECT_EQ(m_pMap->mnuOverlayTime->title(), QStringLiteral("Select Time"));
 }
 
+TEST_F(frmMapOverlay, MenuListsTheFrequenciesOfTheTableThatIsShown)
+{
+    PropagationInput input;
+    input.nData = 2;
+    input.afFrequency = {0.0F, 7051.0F, 18100.0F};
+    m_host.m_inputTable = input;  // a failed run has left it beside settings of 15 others
+    m_host.m_settings.m_selected = {2, 4};
+    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
+    ASSERT_EQ(m_pMap->mnuOverlayFrequencyData.size(), 2u);
+    EXPECT_EQ(m_pMap->mnuOverlayFrequencyData[0]->text(), QStringLiteral("7051  "));
+    EXPECT_EQ(m_pMap->mnuOverlayFrequencyData[1]->text(), QStringLiteral("18100"));
+    EXPECT_TRUE(m_pMap->mnuOverlayFrequencyData[1]->isChecked());
+    EXPECT_EQ(m_pMap->mnuOverlayDraw->text(), QStringLiteral("Display, 18100 Khz, @ 03:00"));
+    m_pMap->mnuOverlay->close();
+    m_pMap->mnuOverlayFrequencyData[0]->trigger();
+    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
+    EXPECT_EQ(m_pMap->mnuOverlayDraw->text(), QStringLiteral("Display, 7051 Khz, @ 03:00"));
+    m_pMap->mnuOverlay->close();
+}
+
+TEST_F(frmMapOverlay, AFailureIsToldToTheMainWindowUntilItIsDrawnOrHidden)
+{
+    const MsgRecorder msg;
+    ZoomSmall();
+    m_engine.m_bStart = false;
+    OverlayChoose();
+    EXPECT_EQ(m_host.m_sOverlayFailed, "Unable to execute REC533 program.");
+    m_engine.m_bStart = true;
+    m_pMap->Update();
+    EXPECT_EQ(m_host.m_sOverlayFailed, "");
+    m_engine.m_fnSpoil = [](const std::string&) { return std::string(); };
+    m_pMap->Update();
+    EXPECT_EQ(m_host.m_sOverlayFailed.rfind("Unable to read the overlay's grid, ", 0), 0u);
+    OverlayChoose();  // hides it
+    EXPECT_EQ(m_host.m_sOverlayFailed, "");
+    EXPECT_EQ(msg.m_aShown.size(), 2u);
+}
+
 TEST_F(frmMapOverlay, WithoutSelectionTheFirstFrequencyAndTheCurrentHour)
 {
     m_host.m_settings.m_selected = {-1, -1};

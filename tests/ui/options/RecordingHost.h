@@ -41,10 +41,11 @@ public:
         m_asCalls.push_back("FrequencySet " + NumberToText(iIndex) + " " + NumberToText(fKhz));
         m_settings.FrequencySet(iIndex, fKhz);
     }
-    [[nodiscard]] std::string FrequencyTextGet(int iRow) const override
+    [[nodiscard]] PropagationInput TableInputGet() const override
     {
-        return NumberFormat(FrequencyGet(iRow), "0");
+        return PropagationInputFromSettings(m_settings);
     }
+    void OverlayFailedSet(const std::string& /*sMessage*/) override {}
 
     Settings m_settings;
     Settings m_atUpdate;                 ///< as the last Update found them

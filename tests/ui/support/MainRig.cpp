@@ -98,8 +98,9 @@ Result<int> FakeEngine::Start(const ProcessCommand& command)
         fnDuring();
     // A list beyond ten frequencies comes in two runs; the second one's deck starts with another.
     const int iFirst = nStarts % nChunks == 0 ? 1 : 1 + kChunk;
+    const bool bFails = bFail || anFailing.count(nStarts) > 0;
     ++nStarts;
-    if (bFail)
+    if (bFails)
         return kNoProcess;
     const bool bRec533 = command.asWords.at(0).find("rec533") != std::string::npos;
     std::ofstream stmOut(PathToHost(kSoundOutput), std::ios::binary);

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,7 @@ struct FakeEngine {
     };
     std::function<void()> fnDuring;  ///< called while the engine runs
     bool bFail = false;              ///< starts, and leaves no output
+    std::set<int> anFailing;         ///< starts (from 0) that leave no output
     int nStarts = 0;
     int nChunks = 2;                  ///< runs of one prediction: 2 beyond ten frequencies
     std::vector<std::string> asDeck;  ///< decks in the order of the runs
