@@ -1,6 +1,8 @@
 /// hopcast-predict: predictions on the command line, by the same services as the windows.
+#include <algorithm>
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/predict/PredictOptions.h"
@@ -9,6 +11,7 @@
 #include "system/EngineRootLib.h"
 #include "system/FileLib.h"
 #include "system/MsgLib.h"
+#include "system/TextLib.h"
 
 namespace {
 
@@ -16,17 +19,19 @@ constexpr int kExitPredicted = 0;
 constexpr int kExitFailed = 1;
 constexpr int kExitUsage = 2;
 
-/// A box's text with its line breaks (single carriage returns too) as lines.
+/// A box's text with its line breaks (single carriage returns too) as lines, and nothing in them
+/// that a terminal obeys.
 std::string LinesGet(const std::string& sText)
 {
     std::string sLines;
-    for (std::size_t n = 0; n < sText.size(); ++n) {
-        if (sText[n] != '\r')
-            sLines += sText[n];
-        else if (n + 1 >= sText.size() || sText[n + 1] != '\n')
-            sLines += '\n';
+    for (std::size_t nFrom = 0;;) {
+        const std::size_t nEnd = std::min(sText.find_first_of("\r\n", nFrom), sText.size());
+        sLines += TextPrintable(std::string_view(sText).substr(nFrom, nEnd - nFrom));
+        if (nEnd == sText.size())
+            return sLines;
+        sLines += '\n';
+        nFrom = nEnd + (sText.compare(nEnd, 2, "\r\n") == 0 ? 2 : 1);
     }
-    return sLines;
 }
 
 int Fail(int nStatus, const std::string& sText)
@@ -62,15 +67,16 @@ int main(int nArguments, char** asArguments)
     MsgSetHandler([](MsgIcon, const std::string& sText) { Fail(kExitFailed, sText); });
     const auto resRoot = EngineRootProvision();
     const bool bColor = options.sOutput.empty() && ConsoleTakesColor();
-    const auto sText = PredictRunGet(options, bColor);
-    if (!sText) {
+    const auto output = PredictRunGet(options, bColor);
+    if (!output) {
         // Without a root there is no engine; the reason stands behind the engine's own message.
         return resRoot ? kExitFailed
                        : Fail(kExitFailed, "Hopcast's own engine folder: " + resRoot.TextGet());
     }
+    const int nPredicted = output->bWhole ? kExitPredicted : kExitFailed;
     if (options.sOutput.empty())
-        return PrintOut(*sText);
-    if (const auto res = FileReplace(options.sOutput, *sText); !res)
+        return std::max(PrintOut(output->sText), nPredicted);
+    if (const auto res = FileReplace(options.sOutput, output->sText); !res)
         return Fail(kExitFailed, "--output: " + options.sOutput + ": " + res.TextGet());
-    return kExitPredicted;
+    return nPredicted;
 }

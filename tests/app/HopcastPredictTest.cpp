@@ -297,16 +297,55 @@ TEST_F(HopcastPredict, AFailingEngineGivesStatus1AndNoTable)
     EXPECT_EQ(res.sError, "hopcast-predict: PropagationRec533, Shell do not finish.\n");
 }
 
-TEST_F(HopcastPredict, AChunkThatFailsSpoilsTheWholeTableForAProgram)
+TEST_F(HopcastPredict, AChunkThatFailsIsEmptyNamedAndTellsByItsStatus)
 {
     // The captured output serves for every chunk but the first.
     const EnvironmentSet root(
         "HOPCAST_ITSHFBC", RootMake("grep -q 'FREQ *2.0' \"$1/RUN/$2\" && exit 1\ncp '"
                                     + CapturedPath("rec533/p2p_01", ".out") + "' \"$1/RUN/$3\"\n"));
-    const ProgramResult res = Predict({"--ssn", "100"});
+    const ProgramResult res = Predict({"--ssn", "100", "--format", "csv"});
     EXPECT_EQ(res.nStatus, 1);
-    EXPECT_EQ(res.sOut, "");
-    EXPECT_EQ(res.sError, "hopcast-predict: PropagationRec533, Shell do not finish.\n");
+    EXPECT_EQ(res.sError,
+              "hopcast-predict: PropagationRec533, Shell do not finish.\n"
+              "hopcast-predict: No values for 2000, 4000, 6000, 8000, 10000, 12000, 14000, 16000, "
+              "18000, 20000 kHz.\n");
+    EXPECT_EQ(std::count(res.sOut.begin(), res.sOut.end(), '\n'), 1 + 24 * 15);
+    EXPECT_NE(res.sOut.find(",20000,,,,,,,\n"), std::string::npos);
+    EXPECT_EQ(res.sOut.find(",22000,,"), std::string::npos);
+    const ProgramResult resFile =
+        Predict({"--ssn", "100", "--format", "csv", "--output", m_tmp.Path("out.csv")});
+    EXPECT_EQ(resFile.nStatus, 1);
+    EXPECT_EQ(BytesRead(m_tmp.Path("out.csv")), res.sOut);
+}
+
+TEST_F(HopcastPredict, ControlCharactersOfForeignTextsReachNoTerminal)
+{
+    const EnvironmentSet root("HOPCAST_ITSHFBC", RootMake("sed '/MODE/s/ 2E  / \\x1b[2J/' '"
+                                                          + CapturedPath("rec533/p2p_01", ".out")
+                                                          + "' > \"$1/RUN/$3\"\n"));
+    m_tmp.Write("mail/System.ham.ini", "[Station Info]\nA\x1b[2J\x07=FN31:Newington;\n");
+    const std::string sProfile =
+        m_tmp.Write("hopcast.ini", "[AirMail Data]\nDirectory Data=" + m_tmp.Path("mail") + "\n");
+    const Words asWords{"--profile", sProfile,   "--ssn", "100",  "--frequencies",
+                        "7100",      "--format", "csv",   "--tx", "ham:A\x1b[2J\x07"};
+    const ProgramResult resCsv = Predict(asWords);
+    EXPECT_EQ(resCsv.nStatus, 0) << resCsv.sError;
+    EXPECT_NE(resCsv.sOut.find(",7100,"), std::string::npos);
+    EXPECT_NE(resCsv.sOut.find("   [2,"), std::string::npos) << "a mode text";
+    EXPECT_EQ(resCsv.sOut.find('\x1b'), std::string::npos);
+    Words asTable = asWords;
+    asTable[7] = "table";
+    const ProgramResult resTable = Predict(asTable);
+    EXPECT_NE(resTable.sOut.find("Airmail's station A [2J  (ham)"), std::string::npos)
+        << resTable.sOut;
+    EXPECT_EQ(resTable.sOut.find_first_of("\x1b\x07"), std::string::npos);
+    Words asMissing = asWords;
+    asMissing[9] = "ham:B\x1b[2J\x07";
+    const ProgramResult resMissing = Predict(asMissing);
+    EXPECT_NE(resMissing.nStatus, 0);
+    EXPECT_NE(resMissing.sError.find("no station \"B [2J \""), std::string::npos)
+        << resMissing.sError;
+    EXPECT_EQ(resMissing.sError.find_first_of("\x1b\x07"), std::string::npos);
 }
 
 TEST_F(HopcastPredict, WithoutAnySunspotNumberTheRunIsRefused)

@@ -30,6 +30,7 @@ protected:
                 m_table.fSnr(iHour, i) = i == 1 ? -2532.0F : 46.5F;
             }
         }
+        m_table.PresentSet(1, 2, true);
         m_table.fAzimuthTxRc = 139.6F;
         m_table.fAzimuthRcTx = 325.4F;
         m_table.fRange = 1041.7F;
@@ -90,18 +91,18 @@ TEST_F(PredictPrint, CsvHasARowAnHourAndFrequency)
         << sText;
 }
 
-TEST_F(PredictPrint, CsvQuotesAModeThatWouldBreakTheRow)
+TEST_F(PredictPrint, CsvQuotesAModeThatWouldBreakTheRowAndHasNoControlCharacters)
 {
     m_table.sLayer(1, 1) = "1,\"F2";
-    m_table.sLayer(1, 2) = "1\rF2 ";
+    m_table.sLayer(1, 2) = "\r\x1b[m\x7f";
     const std::string sText = PredictCsvGet(Run());
     EXPECT_NE(sText.find("7050.6,\"1,\"\"F2\",7.5,"), std::string::npos) << sText;
-    EXPECT_NE(sText.find("14000,\"1\rF2 \",7.5,"), std::string::npos) << sText;
+    EXPECT_NE(sText.find("14000,  [m ,7.5,"), std::string::npos) << sText;
 }
 
 TEST_F(PredictPrint, JsonNamesEveryValue)
 {
-    m_table.sLayer(1, 1) = " \"\\\x01";
+    m_table.sLayer(1, 1) = " \"\\\x01\x7f";
     const std::string sText = PredictJsonGet(Run());
     EXPECT_TRUE(sText.starts_with(
         "{\n  \"model\": \"REC533 (built-in)\",\n  \"year\": 2026,\n  \"month\": 11,\n  \"ssn\": "
@@ -110,12 +111,31 @@ TEST_F(PredictPrint, JsonNamesEveryValue)
         "  \"azimuth_tx_rc\": 139.6,\n  \"azimuth_rc_tx\": 325.4,\n  \"range_nmi\": 1041.7,\n  "
         "\"hours\": [\n"
         "    {\"hour\": 1, \"utc\": 0, \"muf_khz\": 22600, \"luf_khz\": 3250,\n     \"cells\": [\n"
-        "      {\"khz\": 7050.6, \"mode\": \" \\\"\\\\\\u0001\", \"takeoff_deg\": 7.5, "
+        "      {\"khz\": 7050.6, \"mode\": \" \\\"\\\\\\u0001\\u007f\", \"takeoff_deg\": 7.5, "
         "\"delay_ms\": -1, "
         "\"height_km\": -1, \"signal_dbw\": -110, \"noise_dbw\": -156.25, \"snr_db\": -2532},\n"
         "      {\"khz\": 14000, \"mode\": \"  1F2\""))
         << sText;
     EXPECT_TRUE(sText.ends_with("\"snr_db\": 46.5}]}\n  ]\n}\n"));
+}
+
+TEST_F(PredictPrint, AFrequencyWithoutValuesIsBlankEmptyAndNull)
+{
+    m_table.PresentSet(1, 1, false);
+    EXPECT_NE(PredictTableGet(Run(), false).find("\n 00          47  22.6   3.3\n"),
+              std::string::npos)
+        << PredictTableGet(Run(), false);
+    EXPECT_EQ(PredictTableGet(Run(), true).find("\x1b[30;"), std::string::npos)
+        << "no colour either";
+    EXPECT_NE(PredictCsvGet(Run()).find("\n1,0,22600,3250,7050.6,,,,,,,\n1,0,22600,3250,14000,"),
+              std::string::npos)
+        << PredictCsvGet(Run());
+    EXPECT_NE(PredictJsonGet(Run()).find(
+                  "{\"khz\": 7050.6, \"mode\": null, \"takeoff_deg\": null, \"delay_ms\": null, "
+                  "\"height_km\": null, \"signal_dbw\": null, \"noise_dbw\": null, \"snr_db\": "
+                  "null},\n      {\"khz\": 14000, \"mode\": \"  1F2\", \"takeoff_deg\": 7.5, "),
+              std::string::npos)
+        << PredictJsonGet(Run());
 }
 
 TEST(PredictArea, PrintsPointsInGridOrder)

@@ -52,6 +52,6 @@ Output:
   --output FILE           write to a file instead of standard output
   --help, --version
 
-Exit status: 0 predicted, 1 prediction failed, 2 wrong usage.
+Exit status: 0 predicted, 1 prediction failed or values are missing, 2 wrong usage.
 )";
 }

@@ -8,6 +8,7 @@
 #include "geo/MathLib.h"
 #include "propagation/SnrColor.h"
 #include "system/NumberLib.h"
+#include "system/TextLib.h"
 
 namespace {
 
@@ -63,7 +64,7 @@ std::string Quoted(const std::string& sText)
         if (chr == '"' || chr == '\\') {
             sQuoted += '\\';
             sQuoted += chr;
-        } else if (static_cast<unsigned char>(chr) < 0x20) {
+        } else if (static_cast<unsigned char>(chr) < 0x20 || chr == 0x7F) {
             std::array<char, 8> aCode{};
             std::snprintf(aCode.data(), aCode.size(), "\\u%04x", static_cast<unsigned>(chr));
             sQuoted += aCode.data();
@@ -74,10 +75,11 @@ std::string Quoted(const std::string& sText)
     return sQuoted + '"';
 }
 
-/// A text as it stands, in quotes only where it would break the row: engines may write anything.
-std::string CsvText(const std::string& sText)
+/// A text in quotes only where it would break the row: engines may write anything.
+std::string CsvText(const std::string& sForeign)
 {
-    if (sText.find_first_of(",\"\r\n") == std::string::npos)
+    const std::string sText = TextPrintable(sForeign);
+    if (sText.find_first_of(",\"") == std::string::npos)
         return sText;
     std::string sQuoted = "\"";
     for (const char chr : sText) sQuoted += chr == '"' ? "\"\"" : std::string(1, chr);
@@ -95,17 +97,25 @@ std::string JsonPosition(const char* sName, double dLat, double dLon)
     return Quoted(sName) + ": {" + Pair("lat", dLat) + ", " + Pair("lon", dLon) + "}";
 }
 
+/// A value of a cell; another text where the frequency has none.
+std::string CellText(const PropagationTable& table, const CellArray<float>& afCells, int iHour,
+                     int iFrequency, const char* sNone)
+{
+    return table.PresentIs(iFrequency) ? NumberToText(afCells(iHour, iFrequency)) : sNone;
+}
+
 std::string JsonCell(const PredictRun& run, int iHour, int iFrequency)
 {
     const PropagationTable& table = *run.pTable;
+    const auto Value = [&](const char* sName, const CellArray<float>& afCells) {
+        return ", " + Quoted(sName) + ": " + CellText(table, afCells, iHour, iFrequency, "null");
+    };
+    const bool bPresent = table.PresentIs(iFrequency);
     return "{" + Pair("khz", run.pSettings->FrequencyGet(iFrequency)) + ", " + Quoted("mode") + ": "
-           + Quoted(table.sLayer(iHour, iFrequency)) + ", "
-           + Pair("takeoff_deg", table.fTakeoffAngle(iHour, iFrequency)) + ", "
-           + Pair("delay_ms", table.fTimeDelay(iHour, iFrequency)) + ", "
-           + Pair("height_km", table.fVirtualHeight(iHour, iFrequency)) + ", "
-           + Pair("signal_dbw", table.fSdBW(iHour, iFrequency)) + ", "
-           + Pair("noise_dbw", table.fNdBW(iHour, iFrequency)) + ", "
-           + Pair("snr_db", table.fSnr(iHour, iFrequency)) + "}";
+           + (bPresent ? Quoted(table.sLayer(iHour, iFrequency)) : "null")
+           + Value("takeoff_deg", table.fTakeoffAngle) + Value("delay_ms", table.fTimeDelay)
+           + Value("height_km", table.fVirtualHeight) + Value("signal_dbw", table.fSdBW)
+           + Value("noise_dbw", table.fNdBW) + Value("snr_db", table.fSnr) + "}";
 }
 
 std::string JsonHour(const PredictRun& run, int iHour)
@@ -138,6 +148,10 @@ std::string PredictTableGet(const PredictRun& run, bool bColor)
     for (int iHour = 1; iHour <= kHourCount; ++iHour) {
         sText += " " + NumberFormat(static_cast<double>(iHour - 1), "00");
         for (int i = 1; i <= table.nData; ++i) {
+            if (!table.PresentIs(i)) {
+                sText += PadLeft("", nWidth);
+                continue;
+            }
             const float fSnr = SnrShownGet(table.fSnr(iHour, i));
             const std::string sCell = PadLeft(NumberFormat(fSnr, "0"), nWidth);
             sText += bColor ? CellColored(sCell, fSnr) : sCell;
@@ -160,14 +174,14 @@ std::string PredictCsvGet(const PredictRun& run)
                                   + NumberToText(table.fMUF[iHour]) + ","
                                   + NumberToText(table.fLUF[iHour]) + ",";
         for (int i = 1; i <= table.nData; ++i) {
+            const auto Value = [&](const CellArray<float>& afCells) {
+                return "," + CellText(table, afCells, iHour, i, "");
+            };
             sText += sHour + NumberToText(run.pSettings->FrequencyGet(i)) + ","
-                     + CsvText(table.sLayer(iHour, i)) + ","
-                     + NumberToText(table.fTakeoffAngle(iHour, i)) + ","
-                     + NumberToText(table.fTimeDelay(iHour, i)) + ","
-                     + NumberToText(table.fVirtualHeight(iHour, i)) + ","
-                     + NumberToText(table.fSdBW(iHour, i)) + ","
-                     + NumberToText(table.fNdBW(iHour, i)) + ","
-                     + NumberToText(table.fSnr(iHour, i)) + "\n";
+                     + (table.PresentIs(i) ? CsvText(table.sLayer(iHour, i)) : "")
+                     + Value(table.fTakeoffAngle) + Value(table.fTimeDelay)
+                     + Value(table.fVirtualHeight) + Value(table.fSdBW) + Value(table.fNdBW)
+                     + Value(table.fSnr) + "\n";
         }
     }
     return sText;

@@ -28,6 +28,8 @@ struct PredictPoint {
     float fSnr;
 };
 
+// A frequency that the table has no values for is blank in the table, empty in the csv and null in
+// the JSON.
 /// @param bColor  24-bit terminal colours on the cells (SnrGetColor).
 [[nodiscard]] std::string PredictTableGet(const PredictRun& run, bool bColor);
 [[nodiscard]] std::string PredictCsvGet(const PredictRun& run);

@@ -43,8 +43,21 @@ std::nullopt_t EngineFail(int iModel)
     return std::nullopt;
 }
 
-std::optional<std::string> PointToPointGet(const PredictOptions& options, const Settings& settings,
-                                           bool bColor)
+std::string TextGet(PredictFormat eFormat, const PredictRun& run, bool bColor)
+{
+    switch (eFormat) {
+        case PredictFormat::Csv:
+            return PredictCsvGet(run);
+        case PredictFormat::Json:
+            return PredictJsonGet(run);
+        case PredictFormat::Table:
+            break;
+    }
+    return PredictTableGet(run, bColor);
+}
+
+std::optional<PredictOutput> PointToPointGet(const PredictOptions& options,
+                                             const Settings& settings, bool bColor)
 {
     const PropagationInput input = PropagationInputFromSettings(settings);
     PropagationTable table(input.nData);
@@ -54,9 +67,7 @@ std::optional<std::string> PointToPointGet(const PredictOptions& options, const 
         MsgBox(MsgIcon::Exclamation, input.nData < 1
                                          ? "The frequency list is empty; give --frequencies."
                                          : "There is no such engine; give --model.");
-    // A list in several chunks may fail in one of them and still end well; half a table is no
-    // answer for a program that reads it.
-    if (!bOk || listener.CountGet() > 0)
+    if (!bOk)
         return EngineFail(input.iModel);
     const PredictRun run{&settings,
                          &table,
@@ -64,15 +75,11 @@ std::optional<std::string> PointToPointGet(const PredictOptions& options, const 
                          EngineNameGet(settings.m_iPropagationModel),
                          settings.m_bPropagationSunSpotNumber ? "Airmail" : "given",
                          options.sPlaces};
-    switch (options.eFormat) {
-        case PredictFormat::Csv:
-            return PredictCsvGet(run);
-        case PredictFormat::Json:
-            return PredictJsonGet(run);
-        case PredictFormat::Table:
-            break;
-    }
-    return PredictTableGet(run, bColor);
+    // A list in several chunks may fail in one of them and still end well.
+    const std::string sAbsent = PropagationAbsentText(table);
+    if (!sAbsent.empty())
+        MsgBox(MsgIcon::Exclamation, "No values for " + sAbsent + " kHz.");
+    return PredictOutput{TextGet(options.eFormat, run, bColor), sAbsent.empty()};
 }
 
 /// One engine run over a box that does not cross longitude 180.
@@ -101,7 +108,7 @@ bool AreaPointsAppend(const PropagationAreaInput& input, std::vector<PredictPoin
     return true;
 }
 
-std::optional<std::string> AreaGet(const PredictOptions& options, const Settings& settings)
+std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settings& settings)
 {
     PropagationAreaInput input = PropagationAreaInputFromSettings(settings);
     input.iHour = options.area.iHour;
@@ -124,13 +131,13 @@ std::optional<std::string> AreaGet(const PredictOptions& options, const Settings
     }
     if (!bOk)
         return EngineFail(input.iModel);
-    return options.eFormat == PredictFormat::Json ? PredictAreaJsonGet(aPoint)
-                                                  : PredictAreaCsvGet(aPoint);
+    return PredictOutput{options.eFormat == PredictFormat::Json ? PredictAreaJsonGet(aPoint)
+                                                                : PredictAreaCsvGet(aPoint)};
 }
 
 }  // namespace
 
-std::optional<std::string> PredictRunGet(const PredictOptions& options, bool bColor)
+std::optional<PredictOutput> PredictRunGet(const PredictOptions& options, bool bColor)
 {
     Settings settings = options.settings;
     if (!SettingsComplete(settings))

@@ -8,7 +8,13 @@
 
 #include "app/predict/PredictOptions.h"
 
+struct PredictOutput {
+    std::string sText;   ///< to print
+    bool bWhole = true;  ///< false: some frequencies have no values (boxes have told which and why)
+};
+
 /// Runs the prediction that the options ask for. Boxes come out on the way.
 /// @param bColor  colours in the table.
-/// @return the text to print; nothing when the prediction failed (a box has told why).
-[[nodiscard]] std::optional<std::string> PredictRunGet(const PredictOptions& options, bool bColor);
+/// @return nothing when the prediction failed (a box has told why).
+[[nodiscard]] std::optional<PredictOutput> PredictRunGet(const PredictOptions& options,
+                                                         bool bColor);
