@@ -62,5 +62,7 @@ std::string StatusTrouble(RunTrouble eTrouble, int iModel, const std::string& sM
 std::string StatusAbsent(const PropagationTable& table, const std::string& sMessage)
 {
     const std::string sList = PropagationAbsentText(table);
-    return sList.empty() ? sList : "No values for " + sList + " kHz: " + LineFirst(sMessage);
+    if (sList.empty())
+        return {};
+    return "No values for " + sList + " kHz" + (sMessage.empty() ? "" : ": " + LineFirst(sMessage));
 }

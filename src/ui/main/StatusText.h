@@ -29,5 +29,5 @@ enum class RunTrouble { SunSpot, Frequencies, Engine, Overlay };
 
 /// "No values for 2000, 4000 kHz: PropagationRec533, Shell do not finish."; empty when no frequency
 /// of the table is without values.
-/// @param sMessage  the box that was shown
+/// @param sMessage  the box that was shown, empty when there was none
 [[nodiscard]] std::string StatusAbsent(const PropagationTable& table, const std::string& sMessage);

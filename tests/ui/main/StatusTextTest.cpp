@@ -76,6 +76,7 @@ TEST(StatusAbsent, NamesTheFrequenciesWithoutValuesAndWhy)
     table.PresentSet(3, 3, true);
     EXPECT_EQ(StatusAbsent(table, "PropagationRec533, Shell do not finish."),
               "No values for 2000, 4000 kHz: PropagationRec533, Shell do not finish.");
+    EXPECT_EQ(StatusAbsent(table, ""), "No values for 2000, 4000 kHz");
     table.PresentSet(1, 3, true);
     EXPECT_EQ(StatusAbsent(table, ""), "");
 }
