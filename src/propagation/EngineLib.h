@@ -46,8 +46,18 @@ bool EngineCheckInstalled(int iModel, bool bShowError);
 /// Printable UTF-8 of at most 200 bytes.
 [[nodiscard]] std::string EngineSaidGet();
 
+/// Why the latest attempt ended without an answer of its engine.
+enum class EngineFailure {
+    None,       ///< it succeeded, or failed for another reason: the message names it
+    Busy,       ///< another Hopcast held the engine folder all the time
+    TimeLimit,  ///< the engine did not finish in time
+};
+[[nodiscard]] EngineFailure EngineFailureGet();
+
 /// What can be told of the latest run's failure beside its message: what this machine lacks to run
-/// the model's program, else what the engine said. For the status line; often empty.
+/// the model's program; "another Hopcast is using the engine folder"; "gave up after 5 s", for an
+/// area with the advice to take a smaller grid; else what the engine said. For the status line and
+/// the console; often empty.
 [[nodiscard]] std::string EngineTroubleGet(int iModel);
 
 /// Seconds that one attempt may take; tests shorten it. @return the limit before.

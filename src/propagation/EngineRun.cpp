@@ -6,6 +6,7 @@
 
 #include "system/FileLib.h"
 #include "system/MsgLib.h"
+#include "system/NumberLib.h"
 #include "system/PathLib.h"
 #include "system/ProcessLib.h"
 #include "system/TextLib.h"
@@ -20,10 +21,29 @@ double& LimitGet()
     return dLimit;
 }
 
-std::string& SaidGet()
+/// What is known of the latest attempt.
+struct Attempt {
+    std::string sSaid;
+    EngineFailure eFailure = EngineFailure::None;
+    int nGridSize = 0;
+    double dLockWait = 0.0;  // seconds
+};
+
+Attempt& AttemptGet()
 {
-    static std::string sSaid;
-    return sSaid;
+    static Attempt attempt;
+    return attempt;
+}
+
+std::string TimeLimitTell(int nGridSize)
+{
+    constexpr int kQuickGrid = 40;
+    constexpr int kLeastGrid = 2;
+    const std::string sText = "gave up after " + NumberToText(LimitGet()) + " s";
+    const int nSmaller = std::min(kQuickGrid, nGridSize / 2);
+    return nSmaller < kLeastGrid ? sText
+                                 : sText + "; a smaller grid, for example "
+                                       + std::to_string(nSmaller) + ", is faster";
 }
 
 /// A line of foreign bytes as a short printable text.
@@ -51,8 +71,8 @@ void SaidKeep()
             const Result<bool> resRead = resFile.ValueGet().LineRead(sLine);
             if (!resRead || !resRead.ValueGet())
                 break;
-            SaidGet() = PrintableText(sLine);
-            if (!SaidGet().empty())
+            AttemptGet().sSaid = PrintableText(sLine);
+            if (!AttemptGet().sSaid.empty())
                 break;
         }
     }
@@ -61,23 +81,36 @@ void SaidKeep()
 
 }  // namespace
 
-std::string EngineSaidGet() { return SaidGet(); }
+std::string EngineSaidGet() { return AttemptGet().sSaid; }
+
+EngineFailure EngineFailureGet() { return AttemptGet().eFailure; }
 
 std::string EngineTroubleGet(int iModel)
 {
     const Engine* pEngine = EngineFind(iModel);
     const std::string sLack =
         pEngine != nullptr ? ProgramLackGet(EngineProgramPath(iModel)) : std::string();
-    return sLack.empty() ? EngineSaidGet() : std::string(pEngine->sProgram) + " is " + sLack;
+    if (!sLack.empty())
+        return std::string(pEngine->sProgram) + " is " + sLack;
+    switch (AttemptGet().eFailure) {
+        case EngineFailure::Busy:
+            return "another Hopcast is using the engine folder";
+        case EngineFailure::TimeLimit:
+            return TimeLimitTell(AttemptGet().nGridSize);
+        case EngineFailure::None:
+            break;
+    }
+    return EngineSaidGet();
 }
 
 double EngineLimitSet(double dSeconds) { return std::exchange(LimitGet(), dSeconds); }
 
-AttemptTimer::AttemptTimer()
+AttemptTimer::AttemptTimer(int nGridSize)
     : m_tmEnd(std::chrono::steady_clock::now()
               + std::chrono::duration_cast<std::chrono::steady_clock::duration>(
                   std::chrono::duration<double>(LimitGet())))
 {
+    AttemptGet() = Attempt{{}, EngineFailure::None, nGridSize, 0.0};
 }
 
 double AttemptTimer::LeftGet() const
@@ -88,8 +121,12 @@ double AttemptTimer::LeftGet() const
 
 Result<FileLock> EngineLockTake(const AttemptTimer& timer)
 {
-    SaidGet().clear();
-    return FileLock::Take(PathToHost(kEngineLock), timer.LeftGet());
+    const double dBefore = timer.LeftGet();
+    Result<FileLock> resLock = FileLock::Take(PathToHost(kEngineLock), dBefore);
+    AttemptGet().dLockWait = dBefore - timer.LeftGet();
+    if (!resLock && timer.LeftGet() <= 0.0)  // other failures do not wait
+        AttemptGet().eFailure = EngineFailure::Busy;
+    return resLock;
 }
 
 Result<void> OldOutputRemove(std::string_view sPath)
@@ -120,6 +157,12 @@ bool EngineWait(int nProcessId, const AttemptTimer& timer)
 {
     const bool bFinished = ProcessWait(nProcessId, timer.LeftGet());
     SaidKeep();
+    // A launcher gives up a little earlier than it would be killed.
+    constexpr double kNearlyAll = 0.05;
+    if (!bFinished && timer.LeftGet() <= kNearlyAll * LimitGet())
+        AttemptGet().eFailure = AttemptGet().dLockWait > LimitGet() / 2.0
+                                    ? EngineFailure::Busy
+                                    : EngineFailure::TimeLimit;
     return bFinished;
 }
 

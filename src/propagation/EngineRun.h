@@ -12,10 +12,13 @@
 #include "system/LockLib.h"
 #include "system/Result.h"
 
-/// The time that an attempt has: it begins with the wait for the lock.
+/// The time that an attempt has: it begins with the wait for the lock. A new one forgets what the
+/// attempt before left in EngineSaidGet and EngineFailureGet.
 class AttemptTimer {
 public:
-    AttemptTimer();
+    /// @param nGridSize  points a side of an area run, for the advice after one that took too long;
+    ///                   0: a point-to-point run
+    explicit AttemptTimer(int nGridSize = 0);
     /// Seconds left, at least 0.
     [[nodiscard]] double LeftGet() const;
 
@@ -23,8 +26,7 @@ private:
     std::chrono::steady_clock::time_point m_tmEnd;
 };
 
-/// The lock of the engine root, taken first of all in an attempt; forgets what the engine before
-/// said.
+/// The lock of the engine root, taken first of all in an attempt.
 Result<FileLock> EngineLockTake(const AttemptTimer& timer);
 
 /// Takes an old output away, so that it cannot pass for a new one. A missing one is fine, and so is

@@ -60,7 +60,7 @@ bool PropagationAreaOpen(const PropagationAreaInput& input, AreaFile& file)
     const Engine* pEngine = EngineFind(input.iModel);
     if (pEngine == nullptr)
         return AreaFail(kInvalidCall);
-    const AttemptTimer timer;
+    const AttemptTimer timer(input.nGridSize);
     auto resLock = EngineLockTake(timer);
     if (!resLock)
         return AreaFail(resLock.TextGet());

@@ -67,10 +67,10 @@ Result<void> OutputRead(const RunTask& task)
 
 bool ChunkRun(const RunTask& task, const RunTexts& texts)
 {
+    const AttemptTimer timer;
     const Engine* pEngine = EngineFind(task.m_input.iModel);
     if (!EngineCheckInstalled(task.m_input.iModel, task.bShowError) || pEngine == nullptr)
         return false;
-    const AttemptTimer timer;
     const auto resLock = EngineLockTake(timer);
     if (!resLock)
         return Fail(task, texts.sOpen, resLock.TextGet());

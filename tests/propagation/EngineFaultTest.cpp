@@ -387,8 +387,40 @@ TEST_P(EngineFault, RootHeldByAnotherFailsAtTheOpeningOfTheDeck)
         EXPECT_EQ(TextOfFailure(), Stage("Open Permission denied"));
         EXPECT_EQ(m_root.CallCount(), 0);
         EXPECT_TRUE(m_root.Names("RUN").empty());
+        EXPECT_EQ(EngineFailureGet(), EngineFailure::Busy);
+        EXPECT_EQ(EngineTroubleGet(m_input.iModel), "another Hopcast is using the engine folder");
     }
     EXPECT_TRUE(PropagationRun(m_input, m_table));
+    EXPECT_EQ(EngineFailureGet(), EngineFailure::None);
+    EXPECT_EQ(EngineTroubleGet(m_input.iModel), "");
+}
+
+TEST_P(EngineFault, RunThatTookTooLongIsToldFromOneThatFailed)
+{
+    {
+        const EngineLimit limit(0.3);
+        Script("sleep 60");
+        const MsgRecorder msg;
+        EXPECT_FALSE(PropagationRun(m_input, m_table));
+        EXPECT_EQ(EngineFailureGet(), EngineFailure::TimeLimit);
+        EXPECT_EQ(EngineTroubleGet(m_input.iModel), "gave up after 0.3 s");
+    }
+    Script("echo no map; exit 1");
+    const MsgRecorder msg;
+    EXPECT_FALSE(PropagationRun(m_input, m_table));
+    EXPECT_EQ(EngineFailureGet(), EngineFailure::None);
+    EXPECT_EQ(EngineTroubleGet(m_input.iModel), "no map");
+}
+
+TEST_P(EngineFault, TroubleOfAnEarlierRunIsForgottenWhenTheEngineIsMissing)
+{
+    Script("echo no map; exit 1");
+    const MsgRecorder msg;
+    EXPECT_FALSE(PropagationRun(m_input, m_table));
+    EXPECT_EQ(EngineTroubleGet(m_input.iModel), "no map");
+    fs::remove_all(m_root.Path("bin_win"));
+    EXPECT_FALSE(PropagationRun(m_input, m_table));
+    EXPECT_EQ(EngineTroubleGet(m_input.iModel), "");
 }
 
 #ifndef _WIN32  // they fork
@@ -422,6 +454,7 @@ TEST_P(EngineFault, WaitForTheRootCountsWithinTheAttempt)
     EXPECT_EQ(nStatus, 0);
     EXPECT_GT(time.count(), 0.9);
     EXPECT_LT(time.count(), 3.0);
+    EXPECT_EQ(EngineFailureGet(), EngineFailure::Busy);  // its wait took most of the time
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
 }

@@ -376,6 +376,25 @@ TEST_P(AreaRun, AnEngineThatNeverEndsIsKilledAtTheLimit)
     EXPECT_EQ(TextShown(), "PropagationAreaOpen, Shell do not finish.");
 }
 
+TEST_P(AreaRun, AGridTooBigForTheLimitIsToldWithASmallerOne)
+{
+    struct GridCase {
+        int nGridSize;
+        std::string sAdvice;
+    };
+    m_root.Engine(m_case.sProgram, "sleep 60");
+    for (const GridCase& c :
+         {GridCase{100, "; a smaller grid, for example 40, is faster"},
+          GridCase{40, "; a smaller grid, for example 20, is faster"}, GridCase{3, ""}}) {
+        const EngineLimit limit(0.2);
+        m_input.nGridSize = c.nGridSize;
+        EXPECT_FALSE(PropagationAreaOpen(m_input, m_file));
+        EXPECT_EQ(EngineFailureGet(), EngineFailure::TimeLimit);
+        EXPECT_EQ(EngineTroubleGet(m_case.iModel), "gave up after 0.2 s" + c.sAdvice);
+    }
+    EXPECT_EQ(m_msg.m_aShown.size(), 3U);
+}
+
 TEST(PropagationAreaOpen, AnUnknownModelIsTold)
 {
     const FakeRoot root;
