@@ -1,6 +1,8 @@
 /// hopcast: the window program.
 #include <QApplication>
 #include <QFileInfo>
+#include <QSocketNotifier>
+#include <QTimer>
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -10,6 +12,7 @@
 #include "system/ConsoleLib.h"
 #include "system/EngineRootLib.h"
 #include "system/MsgLib.h"
+#include "system/SignalLib.h"
 #include "ui/common/MsgWindow.h"
 #include "ui/main/frmMain.h"
 #include "ui/options/AppIcon.h"
@@ -77,6 +80,25 @@ void OnceSetUp(frmMain& frm)
     });
 }
 
+/// The end of the session, a closed terminal and Ctrl-C press the close box, and that of a dialog
+/// before it.
+void EndSignalsSetUp(QApplication& app)
+{
+    const int nPipe = EndSignalsPipe();
+    if (nPipe < 0)
+        return;
+    auto* const pNotifier = new QSocketNotifier(nPipe, QSocketNotifier::Read, &app);
+    auto* const ptmrEnd = new QTimer(&app);  // a run that is under way may still show boxes
+    constexpr int kAgain = 100;              // ms
+    ptmrEnd->setInterval(kAgain);
+    QObject::connect(ptmrEnd, &QTimer::timeout, &app, &QApplication::closeAllWindows);
+    QObject::connect(pNotifier, &QSocketNotifier::activated, &app, [pNotifier, ptmrEnd] {
+        pNotifier->setEnabled(false);
+        ptmrEnd->start();
+        QApplication::closeAllWindows();
+    });
+}
+
 int WindowRun(QApplication& app, const Options& options)
 {
     QApplication::setApplicationVersion(QStringLiteral(HOPCAST_VERSION));
@@ -85,6 +107,7 @@ int WindowRun(QApplication& app, const Options& options)
     EventPumpSetHandler([] { QApplication::processEvents(); });
     if (const auto res = EngineRootProvision(); !res)
         MsgBox(MsgIcon::Info, "Hopcast's own engine folder could not be made: " + res.TextGet());
+    EndSignalsSetUp(app);
     frmMain frm;
     if (options.sProfile) {
         // Windows looks for a profile without a folder in its own.

@@ -11,6 +11,7 @@
 #include "system/EngineRootLib.h"
 #include "system/FileLib.h"
 #include "system/MsgLib.h"
+#include "system/SignalLib.h"
 #include "system/TextLib.h"
 
 namespace {
@@ -54,6 +55,7 @@ int PrintOut(const std::string& sText)
 int main(int nArguments, char** asArguments)
 {
     const ConsoleUtf8 console;
+    EndSignalsAnswer();
     const std::vector<std::string> asWords = ArgumentsGet(nArguments, asArguments);
     const auto resOptions = PredictOptionsGet(asWords);
     if (!resOptions)

@@ -47,7 +47,7 @@ std::string TimeLimitTell(int nGridSize)
 }
 
 /// A line of foreign bytes as a short printable text.
-std::string PrintableText(const std::string& sLine)
+std::string PrintableText(std::string_view sLine)
 {
     std::string sBytes;
     for (const char cByte : TextTrim(sLine)) {
@@ -62,20 +62,11 @@ std::string PrintableText(const std::string& sLine)
 
 void SaidKeep()
 {
-    {
-        auto resFile = TextFile::Open(kEngineConsole);
-        if (!resFile)
-            return;
-        std::string sLine;
-        for (;;) {
-            const Result<bool> resRead = resFile.ValueGet().LineRead(sLine);
-            if (!resRead || !resRead.ValueGet())
+    constexpr std::size_t kReadMax = std::size_t{64} << 10;
+    if (const auto resText = FileReadHead(kEngineConsole, kReadMax))
+        for (const std::string_view sLine : TextLines(resText.ValueGet()))
+            if (AttemptGet().sSaid = PrintableText(sLine); !AttemptGet().sSaid.empty())
                 break;
-            AttemptGet().sSaid = PrintableText(sLine);
-            if (!AttemptGet().sSaid.empty())
-                break;
-        }
-    }
     (void)FileDelete(kEngineConsole);
 }
 
@@ -134,19 +125,21 @@ Result<void> OldOutputRemove(std::string_view sPath)
     Result<void> resDeleted = FileDelete(sPath);
     if (resDeleted || !FileExists(sPath))
         return {};
-    const auto resEmptied = OutputFile::Open(sPath);
+    const auto resEmptied = OutputFile::OpenNew(sPath);
     if (!resEmptied)
         return resDeleted;
     return {};
 }
 
-Result<int> EngineStart(const Engine& engine, std::initializer_list<std::string_view> asArguments)
+Result<int> EngineStart(const Engine& engine, const FileLock& lock,
+                        std::initializer_list<std::string_view> asArguments)
 {
     ProcessCommand command;
     command.asWords = {EngineProgramPath(engine.iModel), std::string(kEngineRoot)};
     command.asWords.insert(command.asWords.end(), asArguments.begin(), asArguments.end());
     command.sWorkFolder = kEngineRoot;
     command.sOutputFile = kEngineConsole;
+    command.pLock = &lock;
     Result<int> resId = ProcessStart(command);
     if (!resId || resId.ValueGet() == 0)
         SaidKeep();
@@ -175,8 +168,7 @@ bool EngineNotStarted(const Engine& engine)
 Result<OutputFile> DeckOpen(std::string_view sPath)
 {
     // A new file costs a fraction of an emptied one: file systems write the latter out at once.
-    (void)FileDelete(sPath);
-    return OutputFile::Open(sPath);
+    return OutputFile::OpenNew(sPath);
 }
 
 Result<void> DeckWrite(OutputFile& file, const Result<std::string>& resDeck)

@@ -34,9 +34,10 @@ Result<FileLock> EngineLockTake(const AttemptTimer& timer);
 /// @return the error when neither can be done.
 Result<void> OldOutputRemove(std::string_view sPath);
 
-/// Starts the engine with the arguments behind its root.
+/// Starts the engine with the arguments behind its root. It holds the root's lock, too.
 /// @return the process id; 0 when the start gave none.
-Result<int> EngineStart(const Engine& engine, std::initializer_list<std::string_view> asArguments);
+Result<int> EngineStart(const Engine& engine, const FileLock& lock,
+                        std::initializer_list<std::string_view> asArguments);
 
 /// Waits for the engine, at most what the timer has left, and keeps the first line that it said.
 /// @return true when it ended by itself with exit code 0.

@@ -69,7 +69,8 @@ bool PropagationAreaOpen(const PropagationAreaInput& input, AreaFile& file)
     // After a failed run an old grid would pass for the new one: the engines leave it.
     if (auto resRemoved = OldOutputRemove(AreaPath(pEngine->sAreaGrid)); !resRemoved)
         return AreaFail(resRemoved.TextGet());
-    const Result<int> resId = EngineStart(*pEngine, {"AREA", "CALC", pEngine->sAreaDeck});
+    const Result<int> resId =
+        EngineStart(*pEngine, resLock.ValueGet(), {"AREA", "CALC", pEngine->sAreaDeck});
     if (!resId)
         return AreaFail(resId.TextGet());
     if (resId.ValueGet() == 0)

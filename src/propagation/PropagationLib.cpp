@@ -80,7 +80,7 @@ bool ChunkRun(const RunTask& task, const RunTexts& texts)
     if (auto resWritten = DeckWrite(resDeckFile.ValueGet(), DeckMake(task)); !resWritten)
         return Fail(task, texts.sOutput, resWritten.TextGet());
     const Result<void> resRemoved = OldOutputRemove(kSoundOutput);
-    const Result<int> resId = EngineStart(*pEngine, {"sound.dat", "sound.out"});
+    const Result<int> resId = EngineStart(*pEngine, resLock.ValueGet(), {"sound.dat", "sound.out"});
     if (!resId)
         return Fail(task, texts.sShell, resId.TextGet());
     if (resId.ValueGet() == 0)

@@ -29,6 +29,7 @@ struct ChildResult {
 void ChildSignalsHold();
 
 /// Starts a program (looked up in PATH when its name has no slash) with the null device as standard
-/// input, and waits for its end, at most dSeconds. Words and folders are host paths.
+/// input, and waits for its end, at most dSeconds. Words and folders are host paths. On Linux the
+/// child is killed when this program dies. Of its output the first MB is kept.
 /// @return how it ended; an error's description when it could not be started.
 [[nodiscard]] Result<ChildResult> ChildRun(const ProcessCommand& command, double dSeconds);

@@ -1,26 +1,29 @@
-#include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
-#include <spawn.h>
+#include <sys/signalfd.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <optional>
+#include <string>
+#include <utility>
 
+#include "system/ChildHost.h"
 #include "system/ChildLib.h"
+#include "system/HostPath.h"
 #include "system/RunErrorText.h"
 
 namespace {
 
 using SteadyClock = std::chrono::steady_clock;
 
-constexpr const char* kNullDevice = "/dev/null";
-constexpr mode_t kFileMode = 0666;
 /// A child's end announces itself by a signal; looking again now and then costs nothing and covers
 /// one that was lost.
-constexpr std::chrono::nanoseconds kLookAgain = std::chrono::milliseconds(100);
+constexpr std::chrono::milliseconds kLookAgain(100);
 
 sigset_t EndSignals()
 {
@@ -39,70 +42,37 @@ public:
         // An ignored SIGCHLD, inherited from a careless parent, would swallow the child's status.
         signal(SIGCHLD, SIG_DFL);
         pthread_sigmask(SIG_BLOCK, &m_set, &m_setBefore);
+        m_file = FileHandle(signalfd(-1, &m_set, SFD_CLOEXEC | SFD_NONBLOCK));
     }
     ~SignalsTaken() { pthread_sigmask(SIG_SETMASK, &m_setBefore, nullptr); }
     SignalsTaken(const SignalsTaken&) = delete;
     SignalsTaken& operator=(const SignalsTaken&) = delete;
 
-    /// Waits for one of them. @return its number, 0 when the time is over.
-    [[nodiscard]] int Next(std::chrono::nanoseconds tWait) const
+    /// Waits for one of them, or for a child's output. @return the signal's number, else 0.
+    [[nodiscard]] int Next(std::chrono::milliseconds tWait, const ChildOutput& output) const
     {
-        tWait = std::clamp(tWait, std::chrono::nanoseconds(0), kLookAgain);
-        const timespec tsWait{0, static_cast<long>(tWait.count())};
-        const int nSignal = sigtimedwait(&m_set, nullptr, &tsWait);
-        return nSignal > 0 ? nSignal : 0;
+        std::array<pollfd, 2> aPoll{pollfd{m_file.Get(), POLLIN, 0},
+                                    pollfd{output.ReadEndGet(), POLLIN, 0}};
+        poll(aPoll.data(), aPoll.size(),
+             static_cast<int>(std::clamp(tWait, std::chrono::milliseconds(0), kLookAgain).count()));
+        signalfd_siginfo info{};
+        return read(m_file.Get(), &info, sizeof info) == sizeof info
+                   ? static_cast<int>(info.ssi_signo)
+                   : 0;
     }
 
 private:
     sigset_t m_set;
     sigset_t m_setBefore{};
+    FileHandle m_file;
 };
 
-/// What the child starts with: its streams, its folder, an ordinary signal mask.
-class SpawnSetup {
-public:
-    explicit SpawnSetup(const ProcessCommand& command)
-    {
-        posix_spawn_file_actions_init(&m_actions);
-        posix_spawnattr_init(&m_attributes);
-        const char* pszOutput =
-            command.sOutputFile.empty() ? kNullDevice : command.sOutputFile.c_str();
-        posix_spawn_file_actions_addopen(&m_actions, STDIN_FILENO, kNullDevice, O_RDONLY, 0);
-        posix_spawn_file_actions_addopen(&m_actions, STDOUT_FILENO, pszOutput,
-                                         O_WRONLY | O_CREAT | O_TRUNC, kFileMode);
-        posix_spawn_file_actions_adddup2(&m_actions, STDOUT_FILENO, STDERR_FILENO);
-        if (!command.sWorkFolder.empty())
-            posix_spawn_file_actions_addchdir_np(&m_actions, command.sWorkFolder.c_str());
-        sigset_t setNone;
-        sigemptyset(&setNone);
-        sigset_t setDefault;
-        sigfillset(&setDefault);
-        posix_spawnattr_setsigmask(&m_attributes, &setNone);
-        posix_spawnattr_setsigdefault(&m_attributes, &setDefault);
-        posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    }
-    ~SpawnSetup()
-    {
-        posix_spawn_file_actions_destroy(&m_actions);
-        posix_spawnattr_destroy(&m_attributes);
-    }
-    SpawnSetup(const SpawnSetup&) = delete;
-    SpawnSetup& operator=(const SpawnSetup&) = delete;
-
-    /// @return 0 or the errno of the failure.
-    int Start(std::vector<std::string> asWords, pid_t& nPid) const
-    {
-        std::vector<char*> aArguments;
-        for (std::string& sWord : asWords) aArguments.push_back(sWord.data());
-        aArguments.push_back(nullptr);
-        return posix_spawnp(&nPid, aArguments[0], &m_actions, &m_attributes, aArguments.data(),
-                            environ);
-    }
-
-private:
-    posix_spawn_file_actions_t m_actions;
-    posix_spawnattr_t m_attributes;
-};
+/// Full path of a program; a bare name is sought in PATH.
+std::string ProgramFind(const std::string& sWord)
+{
+    return sWord.find('/') == std::string::npos ? ProgramSearch(sWord, EnvironmentGet("PATH"))
+                                                : sWord;
+}
 
 std::optional<ChildResult> ChildLook(pid_t nPid, int nOptions)
 {
@@ -139,20 +109,30 @@ Result<ChildResult> ChildRun(const ProcessCommand& command, double dSeconds)
     if (command.asWords.empty())
         return RunError{kInvalidCall};
     const SignalsTaken signalsTaken;
+    ChildOutput output;
+    int nErrno = output.Open(command.sOutputFile);
+    if (nErrno != 0)
+        return RunErrorFromErrno(nErrno);
+    ChildStart start{command.asWords, EnvironmentCopy(), command.sWorkFolder, output.WriteEndGet()};
+    start.asWords.front() = ProgramFind(command.asWords.front());
     pid_t nPid = 0;
-    const int nErrno = SpawnSetup(command).Start(command.asWords, nPid);
+    nErrno = start.asWords.front().empty() ? ENOENT : ChildProcessStart(std::move(start), nPid);
     if (nErrno != 0)
         return nErrno == ENOEXEC ? RunError{kInvalidCall} : RunErrorFromErrno(nErrno);
+    output.WriteEndClose();
 
     const auto tEnd = SteadyClock::now() + std::chrono::duration<double>(dSeconds);
     while (true) {
-        if (const auto resEnded = ChildLook(nPid, WNOHANG))
+        output.Drain();
+        if (const auto resEnded = ChildLook(nPid, WNOHANG)) {
+            output.Drain();
             return *resEnded;
-        const auto tLeft =
-            std::chrono::duration_cast<std::chrono::nanoseconds>(tEnd - SteadyClock::now());
+        }
+        const auto tLeft = tEnd - SteadyClock::now();
         if (tLeft.count() <= 0)
             return ChildKill(nPid, {ChildEnd::TimeLimit, 0});
-        const int nSignal = signalsTaken.Next(tLeft);
+        const int nSignal =
+            signalsTaken.Next(std::chrono::ceil<std::chrono::milliseconds>(tLeft), output);
         if (nSignal != 0 && nSignal != SIGCHLD)
             return ChildKill(nPid, {ChildEnd::Interrupted, nSignal});
     }

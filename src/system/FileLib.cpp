@@ -149,7 +149,7 @@ Result<bool> TextFile::LineRead(std::string& sLine)
 
 bool TextFile::AtEnd() { return !Fill() && !m_bError; }
 
-Result<std::string> FileRead(std::string_view sPath, std::size_t nMax)
+Result<std::string> FileReadHead(std::string_view sPath, std::size_t nMax)
 {
     const std::string sHost = PathToHost(sPath);
     int nErrno = 0;
@@ -158,17 +158,23 @@ Result<std::string> FileRead(std::string_view sPath, std::size_t nMax)
         return FileErrorMake(nErrno, sHost);
     constexpr std::size_t kBlock = std::size_t{64} << 10;
     std::string sBytes;
-    for (std::size_t nRead = 1; nRead > 0 && sBytes.size() <= nMax;) {
+    for (std::size_t nRead = 1; nRead > 0 && sBytes.size() < nMax;) {
         const std::size_t nBefore = sBytes.size();
-        sBytes.resize(nBefore + kBlock);
-        nRead = std::fread(sBytes.data() + nBefore, 1, kBlock, pFile.get());
+        sBytes.resize(nBefore + std::min(kBlock, nMax - nBefore));
+        nRead = std::fread(sBytes.data() + nBefore, 1, sBytes.size() - nBefore, pFile.get());
         sBytes.resize(nBefore + nRead);
     }
     if (std::ferror(pFile.get()))
         return RunError{kPathFileAccessError};
-    if (sBytes.size() > nMax)
-        return RunError{kOverflow};
     return sBytes;
+}
+
+Result<std::string> FileRead(std::string_view sPath, std::size_t nMax)
+{
+    auto resBytes = FileReadHead(sPath, nMax + 1);
+    if (resBytes && resBytes.ValueGet().size() > nMax)
+        return RunError{kOverflow};
+    return resBytes;
 }
 
 Result<OutputFile> OutputFile::Open(std::string_view sPath)
@@ -176,6 +182,16 @@ Result<OutputFile> OutputFile::Open(std::string_view sPath)
     const std::string sHost = PathToHost(sPath);
     int nErrno = 0;
     std::FILE* pFile = HostFileOpenWrite(sHost, nErrno);
+    if (!pFile)
+        return FileErrorMake(nErrno, sHost);
+    return OutputFile(pFile);
+}
+
+Result<OutputFile> OutputFile::OpenNew(std::string_view sPath)
+{
+    const std::string sHost = PathToHost(sPath);
+    int nErrno = 0;
+    std::FILE* pFile = HostFileOpenNew(sHost, nErrno);
     if (!pFile)
         return FileErrorMake(nErrno, sHost);
     return OutputFile(pFile);

@@ -59,11 +59,17 @@ private:
 /// Whole file as bytes, at most nMax of them ("Overflow" when there are more).
 [[nodiscard]] Result<std::string> FileRead(std::string_view sPath, std::size_t nMax);
 
+/// The first bytes of a file, at most nMax of them.
+[[nodiscard]] Result<std::string> FileReadHead(std::string_view sPath, std::size_t nMax);
+
 /// A file opened for output, any old one replaced. Opening and writing are two steps because their
 /// failures are told apart to the user.
 class OutputFile {
 public:
     static Result<OutputFile> Open(std::string_view sPath);
+    /// The same for a name that is Hopcast's own, as decks and outputs have it: what stands there
+    /// is deleted first. Neither a link nor a named pipe under the name is followed or waited for.
+    static Result<OutputFile> OpenNew(std::string_view sPath);
     /// REQUIRES: not closed.
     Result<void> Write(std::string_view sBytes);
     /// Flushes and closes; a full disk may show only here. A second call does nothing.

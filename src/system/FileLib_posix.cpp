@@ -130,6 +130,29 @@ std::FILE* HostFileOpenWrite(const std::string& sHostPath, int& nErrno)
         nErrno);
 }
 
+int HostDescriptorOpenNew(const std::string& sHostPath, int& nErrno)
+{
+    unlink(sHostPath.c_str());
+    const int nFile =
+        open(sHostPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK,
+             kNewFileMode);
+    struct stat info {};
+    if (nFile < 0) {
+        nErrno = errno;
+    } else if (fstat(nFile, &info) != 0 || !S_ISREG(info.st_mode)) {
+        nErrno = EISDIR;
+        close(nFile);
+        return -1;
+    }
+    return nFile;
+}
+
+std::FILE* HostFileOpenNew(const std::string& sHostPath, int& nErrno)
+{
+    const int nFile = HostDescriptorOpenNew(sHostPath, nErrno);
+    return nFile < 0 ? nullptr : StreamMake(nFile, "wb", nErrno);
+}
+
 int FileReplaceCheck(std::string_view sPath)
 {
     struct stat info {};

@@ -81,6 +81,12 @@ std::FILE* HostFileOpenWrite(const std::string& sHostPath, int& nErrno)
     return FileOpen(sHostPath, L"wbN", nErrno);
 }
 
+std::FILE* HostFileOpenNew(const std::string& sHostPath, int& nErrno)
+{
+    DeleteFileW(WideFromUtf8(sHostPath).c_str());
+    return HostFileOpenWrite(sHostPath, nErrno);
+}
+
 int FileReplaceCheck(std::string_view sPath)
 {
     const DWORD nAttributes = GetFileAttributesW(WideFromUtf8(PathToHost(sPath)).c_str());

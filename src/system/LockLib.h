@@ -8,7 +8,9 @@
 
 #include "system/Result.h"
 
-/// Held while it lives; released by its destructor, and by the system when the program dies.
+/// Held while it lives; released by its destructor, and by the system when the program dies and
+/// the engine that inherited it. An engine that outlives its Hopcast is noted in the file: who
+/// waits ends its process group once the note is 10 s old.
 class FileLock {
 public:
     /// Waits at most dSeconds for the lock on sPath (made when missing). Who waits is before who
@@ -22,6 +24,10 @@ public:
     FileLock(FileLock&&) noexcept;
     FileLock& operator=(FileLock&&) noexcept;
     ~FileLock();
+
+    /// The open file that an engine inherits; -1 on Windows, where the engine ends with Hopcast in
+    /// any case.
+    [[nodiscard]] int DescriptorGet() const;
 
 private:
     struct Handle;

@@ -54,6 +54,8 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
     }
 }
 
+int FileLock::DescriptorGet() const { return -1; }
+
 FileLock::FileLock(std::unique_ptr<Handle> pHandle) : m_pHandle(std::move(pHandle)) {}
 FileLock::FileLock(FileLock&&) noexcept = default;
 FileLock& FileLock::operator=(FileLock&&) noexcept = default;

@@ -9,13 +9,16 @@
 #include <string>
 #include <vector>
 
+#include "system/LockLib.h"
 #include "system/Result.h"
 
 /// A command line in words, as the contract with the engines spells it (Windows paths).
 struct ProcessCommand {
     std::vector<std::string> asWords;  ///< program first; no shell ever sees them
     std::string sWorkFolder;           ///< Windows or host path; empty: the current folder
-    std::string sOutputFile;           ///< takes standard output and error; empty: discarded
+    std::string sOutputFile;           ///< takes the first MB of standard output and error, the
+                                       ///< rest is dropped; empty: discarded
+    const FileLock* pLock = nullptr;   ///< the program inherits it: held until both have ended
 };
 
 /// Starts a program with a hidden window, the null device as standard input, and a process group of
@@ -23,6 +26,9 @@ struct ProcessCommand {
 /// the Windows paths, with WINEDEBUG at -all unless the user set it (a word about the missing
 /// 32-bit half would pass for the program's own); any other gets the words with their paths mapped
 /// to the host (PathToHost). A program named without a folder is sought on the search path.
+/// The program ends with Hopcast, even when that is killed: on Windows with its whole family (its
+/// job); on Linux with the thread that started it, so that this thread has to be the one that
+/// waits. A Windows program under wine gets no lock: wine's server would hold it on.
 /// @return the process id (0: started without one); "File not found" when there is no such program,
 ///         "Permission denied" when it may not be run, "Invalid procedure call or argument" when it
 ///         is no program, "Path not found" when the working folder is missing.

@@ -1,6 +1,6 @@
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,60 +11,26 @@
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <map>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <thread>
+#include <utility>
 #include <vector>
 
+#include "system/ChildHost.h"
 #include "system/EngineRootLib.h"
 #include "system/HostPath.h"
 #include "system/PathLib.h"
 #include "system/ProcessHost.h"
 #include "system/RunErrorText.h"
 
-extern char** environ;
-
 namespace fs = std::filesystem;
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-/// An open file, closed at the end of its scope.
-class FileHandle {
-public:
-    explicit FileHandle(int nFile) : m_nFile(nFile) {}
-    ~FileHandle()
-    {
-        if (m_nFile >= 0)
-            close(m_nFile);
-    }
-    FileHandle(const FileHandle&) = delete;
-    FileHandle& operator=(const FileHandle&) = delete;
-    [[nodiscard]] int Get() const { return m_nFile; }
-
-private:
-    int m_nFile;
-};
-
-/// The settings of one posix_spawn call.
-struct SpawnSettings {
-    posix_spawn_file_actions_t m_actions{};
-    posix_spawnattr_t m_attributes{};
-
-    SpawnSettings()
-    {
-        posix_spawn_file_actions_init(&m_actions);
-        posix_spawnattr_init(&m_attributes);
-    }
-    ~SpawnSettings()
-    {
-        posix_spawnattr_destroy(&m_attributes);
-        posix_spawn_file_actions_destroy(&m_actions);
-    }
-    SpawnSettings(const SpawnSettings&) = delete;
-    SpawnSettings& operator=(const SpawnSettings&) = delete;
-};
 
 RunError StartErrorMake(int nErrno)
 {
@@ -138,25 +104,6 @@ bool WineLacks32()
            && !fs::exists(sWindows + "/syswow64/ntdll.dll", ec);
 }
 
-/// The environment of a started program.
-std::vector<std::string> EnvironmentMake(bool bWine)
-{
-    std::vector<std::string> asEnvironment;
-    for (char** pWord = environ; *pWord != nullptr; ++pWord) asEnvironment.emplace_back(*pWord);
-    if (bWine && std::getenv("WINEDEBUG") == nullptr)
-        asEnvironment.emplace_back("WINEDEBUG=-all");
-    return asEnvironment;
-}
-
-std::vector<char*> PointersMake(std::vector<std::string>& asWords)
-{
-    std::vector<char*> apWords;
-    apWords.reserve(asWords.size() + 1);
-    for (std::string& sWord : asWords) apWords.push_back(sWord.data());
-    apWords.push_back(nullptr);
-    return apWords;
-}
-
 /// The fixed root and what lies below it, as Windows programs find it; other paths are theirs
 /// already.
 std::string WordToWindows(const std::string& sWord)
@@ -198,30 +145,37 @@ Result<HostCommand> HostCommandMake(const ProcessCommand& command)
     return host;
 }
 
-int Spawn(HostCommand& host, const std::string& sFolder, int nOutput, pid_t& nId)
+/// What was started and not yet waited for. The signals' thread looks at it, too.
+struct StartedPrograms {
+    std::mutex m_mutex;
+    std::map<pid_t, ChildOutput> mapOutput;
+    bool bEnding = false;
+};
+
+StartedPrograms& StartedGet()
 {
-    SpawnSettings settings;
-    sigset_t setNone;
-    sigset_t setAll;
-    sigemptyset(&setNone);
-    sigfillset(&setAll);
-    posix_spawnattr_setflags(
-        &settings.m_attributes,
-        static_cast<short>(POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF));
-    posix_spawnattr_setpgroup(&settings.m_attributes, 0);
-    posix_spawnattr_setsigmask(&settings.m_attributes, &setNone);
-    posix_spawnattr_setsigdefault(&settings.m_attributes, &setAll);
-    posix_spawn_file_actions_addopen(&settings.m_actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&settings.m_actions, nOutput, STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&settings.m_actions, nOutput, STDERR_FILENO);
-    if (!sFolder.empty())
-        posix_spawn_file_actions_addchdir_np(&settings.m_actions, sFolder.c_str());
-    posix_spawn_file_actions_addclosefrom_np(&settings.m_actions, STDERR_FILENO + 1);
-    std::vector<std::string> asEnvironment = EnvironmentMake(host.bWine);
-    const std::vector<char*> apArguments = PointersMake(host.asWords);
-    const std::vector<char*> apEnvironment = PointersMake(asEnvironment);
-    return posix_spawn(&nId, apArguments[0], &settings.m_actions, &settings.m_attributes,
-                       apArguments.data(), apEnvironment.data());
+    static auto* const pStarted = new StartedPrograms;  // outlives every thread
+    return *pStarted;
+}
+
+/// The output of a program; a fresh one that takes nothing for one that somebody else started.
+ChildOutput& OutputOf(pid_t nId)
+{
+    const std::lock_guard<std::mutex> lock(StartedGet().m_mutex);
+    return StartedGet().mapOutput[nId];
+}
+
+/// Holds a thread until the program's end, when that is under way: what it would do now, or tell
+/// its user of a killed engine, is no longer wanted.
+std::unique_lock<std::mutex> StartedLock()
+{
+    std::unique_lock<std::mutex> lock(StartedGet().m_mutex);
+    while (StartedGet().bEnding) {
+        lock.unlock();
+        std::this_thread::sleep_for(std::chrono::seconds(1));
+        lock.lock();
+    }
+    return lock;
 }
 
 /// Signals the process and what is left of its group. REQUIRES: the process is not reaped yet, so
@@ -240,21 +194,21 @@ bool ChildHasEnded(pid_t nId)
     return nResult == 0 && info.si_pid == nId;
 }
 
-/// Asks again and again until the child ends or the time is up. The steps are short at first, so
-/// that a short run costs next to nothing on top.
-bool ChildAwait(pid_t nId, Clock::time_point timeEnd)
+/// Takes the child's output and asks again and again until it ends or the time is up. The steps are
+/// short at first, so that a short run costs next to nothing on top.
+bool ChildAwait(pid_t nId, ChildOutput& output, Clock::time_point timeEnd)
 {
     constexpr int kQuickSteps = 500;
-    constexpr std::chrono::microseconds kQuick(200);
-    constexpr std::chrono::milliseconds kSlow(1);
+    constexpr timespec kQuick{0, 200'000};  // ns
+    constexpr timespec kSlow{0, 1'000'000};
     for (int i = 0; !ChildHasEnded(nId); ++i) {
         if (Clock::now() >= timeEnd)
             return false;
-        if (i < kQuickSteps)
-            std::this_thread::sleep_for(kQuick);
-        else
-            std::this_thread::sleep_for(kSlow);
+        pollfd poll{output.ReadEndGet(), POLLIN, 0};  // of -1 nothing is asked
+        ppoll(&poll, 1, i < kQuickSteps ? &kQuick : &kSlow, nullptr);
+        output.Drain();
     }
+    output.Drain();
     return true;
 }
 
@@ -269,20 +223,42 @@ Result<int> HostProcessStart(const ProcessCommand& command)
     std::error_code ec;
     if (!sFolder.empty() && !fs::is_directory(sFolder, ec))
         return RunError{kPathNotFound};
-    const std::string sOutput =
-        command.sOutputFile.empty() ? "/dev/null" : PathToHost(command.sOutputFile);
-    const FileHandle output(
-        open(sOutput.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666));
-    if (output.Get() < 0)
-        return RunErrorFromErrno(errno);
+    ChildOutput output;
+    if (const int nErrno =
+            output.Open(command.sOutputFile.empty() ? "" : PathToHost(command.sOutputFile)))
+        return RunErrorFromErrno(nErrno);
     // Where children are ignored (a habit of some parents, inherited) none could be waited for.
     struct sigaction action {};
     if (sigaction(SIGCHLD, nullptr, &action) == 0 && action.sa_handler == SIG_IGN)
         signal(SIGCHLD, SIG_DFL);
+    HostCommand& host = resHost.ValueGet();
+    ChildStart start{host.asWords, EnvironmentCopy(), sFolder, output.WriteEndGet(), -1, true};
+    if (host.bWine && std::getenv("WINEDEBUG") == nullptr)
+        start.asEnvironment.emplace_back("WINEDEBUG=-all");
+    if (!host.bWine && command.pLock != nullptr)
+        start.nLock = command.pLock->DescriptorGet();
+    const auto lock = StartedLock();
     pid_t nId = 0;
-    if (const int nErrno = Spawn(resHost.ValueGet(), sFolder, output.Get(), nId))
+    if (const int nErrno = ChildProcessStart(std::move(start), nId))
         return StartErrorMake(nErrno);
+    output.WriteEndClose();
+    StartedGet().mapOutput.insert_or_assign(nId, std::move(output));
     return nId;
+}
+
+void HostProcessesEnd()
+{
+    constexpr std::chrono::milliseconds kGrace(200);
+    const std::unique_lock<std::mutex> lock(StartedGet().m_mutex);
+    StartedGet().bEnding = true;
+    const auto& mapOutput = StartedGet().mapOutput;
+    for (const auto& [nId, output] : mapOutput) GroupSignal(nId, SIGTERM);
+    const auto timeEnd = Clock::now() + kGrace;
+    for (const auto& [nId, output] : mapOutput) {
+        while (!ChildHasEnded(nId) && Clock::now() < timeEnd)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        GroupSignal(nId, SIGKILL);
+    }
 }
 
 std::string ProgramLackGet(const std::string& sProgram)
@@ -307,13 +283,17 @@ bool ProcessWait(int nProcessId, double dSeconds)
     const auto timeEnd =
         Clock::now()
         + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(dLimit));
-    const bool bEnded = ChildAwait(nProcessId, timeEnd);
+    ChildOutput& output = OutputOf(nProcessId);
+    const bool bEnded = ChildAwait(nProcessId, output, timeEnd);
+    const auto lock = StartedLock();
     if (!bEnded) {
         GroupSignal(nProcessId, SIGTERM);  // a launcher takes its temporary files away
-        (void)ChildAwait(nProcessId, Clock::now() + kGrace);
+        (void)ChildAwait(nProcessId, output, Clock::now() + kGrace);
     }
     GroupSignal(nProcessId, SIGKILL);
-    if (!bEnded && !ChildAwait(nProcessId, Clock::now() + kReapMax))
+    const bool bGone = bEnded || ChildAwait(nProcessId, output, Clock::now() + kReapMax);
+    StartedGet().mapOutput.erase(nProcessId);
+    if (!bGone)
         return false;
     int nStatus = 0;
     const bool bReaped = waitpid(nProcessId, &nStatus, WNOHANG) == nProcessId;

@@ -231,6 +231,23 @@ TEST(Rec533Program, AFullDiskKeepsTheOldOutputAndLeavesNoRest)
     EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 2u);
 }
 
+TEST(Rec533Program, ALinkOrANamedPipeInThePlaceOfItsTemporaryFileIsReplaced)
+{
+    TempFolder tmp;
+    const std::string sMine = tmp.Write("mine", "kept");
+    tmp.Write("RUN/sound.dat", PointDeckOf(1));
+    for (const char* sMake : {"ln -s '", "mkfifo '"}) {
+        const std::string sPart = tmp.Path("RUN/sound.out.part");
+        const std::string sBefore =
+            sMake + (sMake[0] == 'l' ? sMine + "' '" : std::string()) + sPart + "'; timeout 10 ";
+        const ProgramResult tbl =
+            EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out", sBefore);
+        EXPECT_EQ(tbl.nStatus, 0) << tbl.sError;
+        EXPECT_EQ(BytesRead(sMine), "kept");
+        EXPECT_NE(BytesRead(tmp.Path("RUN/sound.out")).find("\n End-of-Run\n"), std::string::npos);
+    }
+}
+
 TEST(P533Program, ComputesTheReferenceTable)
 {
     TempFolder tmp;

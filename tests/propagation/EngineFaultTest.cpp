@@ -292,6 +292,23 @@ TEST_P(EngineFault, OutputOf100MegabytesInOneLineAndAsMuchOnTheConsole)
 
 #endif
 
+#ifndef _WIN32  // the fake engine there prints none
+TEST_P(EngineFault, BlankLinesForEverEndAtTheLimit)
+{
+    const EngineLimit limit(0.5);
+    Script("yes ''");
+    const MsgRecorder msg;
+    const auto tmStart = std::chrono::steady_clock::now();
+    EXPECT_FALSE(Attempt());
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - tmStart;
+    EXPECT_LT(time.count(), 2.5);
+    ASSERT_EQ(msg.m_aShown.size(), 1U);
+    EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
+    EXPECT_EQ(EngineSaidGet(), "");
+}
+
+#endif
+
 TEST_P(EngineFault, OutputReplacedByAFolder)
 {
     Script("mkdir -p $out; exit 0");

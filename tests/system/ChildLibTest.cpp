@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include "support/TempFolder.h"
@@ -94,6 +96,21 @@ TEST(ChildLib, PutsTheSignalMaskBack)
     pthread_sigmask(SIG_SETMASK, nullptr, &setAfter);
     for (const int nSignal : {SIGCHLD, SIGTERM, SIGINT, SIGHUP})
         EXPECT_EQ(sigismember(&setAfter, nSignal), sigismember(&setBefore, nSignal)) << nSignal;
+}
+
+TEST(ChildLib, KeepsAMegabyteOfEndlessOutput)
+{
+    constexpr std::uintmax_t kKept = std::uintmax_t{1} << 20;
+    const TempFolder folder;
+    ProcessCommand command = Shell("echo first; exec yes ''");
+    command.sOutputFile = folder.Path("console.txt");
+    const auto tStart = std::chrono::steady_clock::now();
+    const auto res = ChildRun(command, 0.5);
+    const std::chrono::duration<double> tTaken = std::chrono::steady_clock::now() - tStart;
+    ASSERT_TRUE(res);
+    EXPECT_EQ(res.ValueGet().eEnd, ChildEnd::TimeLimit);
+    EXPECT_LT(tTaken.count(), 3.0);
+    EXPECT_EQ(std::filesystem::file_size(command.sOutputFile), kKept);
 }
 
 TEST(ChildLib, DescribesWhatCannotBeStarted)

@@ -63,6 +63,26 @@ TEST(OutputFilePosix, ASizeLimitIsDiskFull)
     EXPECT_EQ(res.TextGet(), kDiskFull);
 }
 
+TEST(OutputFilePosix, ANewFileTakesThePlaceOfALinkAndOfANamedPipe)
+{
+    const TempFolder folder;
+    const std::string sMine = folder.Write("mine", "kept");
+    const std::string sFile = folder.Path("sound.dat");
+    for (const bool bPipe : {false, true}) {
+        fs::remove(sFile);
+        if (bPipe)
+            ASSERT_EQ(mkfifo(sFile.c_str(), 0666), 0);
+        else
+            fs::create_symlink(sMine, sFile);
+        auto resFile = OutputFile::OpenNew(sFile);
+        ASSERT_TRUE(static_cast<bool>(resFile)) << resFile.TextGet();
+        EXPECT_TRUE(static_cast<bool>(resFile.ValueGet().Write("new")));
+        EXPECT_TRUE(static_cast<bool>(resFile.ValueGet().Close()));
+        EXPECT_EQ(BytesRead(sFile), "new");
+        EXPECT_EQ(BytesRead(sMine), "kept");
+    }
+}
+
 TEST(FileLibPosix, AUserWithoutRightsIsDenied)
 {
     const TempFolder folder;

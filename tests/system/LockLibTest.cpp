@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <thread>
@@ -144,6 +145,22 @@ TEST(FileLock, WantOfRightsIsNotWaitedFor)
         EXPECT_LT(SecondsSince(timeStart), 1.0);
     });
     chmod(folder.Path().c_str(), 0755);
+}
+
+TEST(FileLock, ANamedPipeOrALinkUnderItsNameOrTheTicketsIsNoObstacle)
+{
+    for (const char* sName : {"hopcast.lock", "hopcast.lock.next"}) {
+        const TempFolder folder;
+        const std::string sMine = folder.Write("mine", "kept");
+        const auto timeStart = std::chrono::steady_clock::now();
+        ASSERT_EQ(mkfifo(folder.Path(sName).c_str(), 0666), 0);
+        EXPECT_TRUE(static_cast<bool>(FileLock::Take(folder.Path("hopcast.lock"), 0.5))) << sName;
+        std::filesystem::remove(folder.Path(sName));
+        std::filesystem::create_symlink(sMine, folder.Path(sName));
+        EXPECT_TRUE(static_cast<bool>(FileLock::Take(folder.Path("hopcast.lock"), 0.5))) << sName;
+        EXPECT_LT(SecondsSince(timeStart), 5.0);
+        EXPECT_EQ(BytesRead(sMine), "kept");
+    }
 }
 
 TEST(FileLock, AKilledHolderLetsGo)

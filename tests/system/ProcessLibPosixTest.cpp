@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -370,6 +371,37 @@ TEST_F(ProcessLibPosix, AProgramStartsWithOrdinarySignalsAndNoOpenFiles)
     EXPECT_EQ(std::stoull(sIgnored.substr(8), nullptr, 16) & kPipeBit, 0u) << sIgnored;
     const std::string sFiles = BytesRead(m_folder.Path() + "/files");
     EXPECT_EQ(sFiles.find(std::to_string(nFile) + "\n"), std::string::npos) << sFiles;
+}
+
+TEST_F(ProcessLibPosix, BlankLinesForEverNeitherDelayTheEndNorFillTheDisk)
+{
+    constexpr std::uintmax_t kKept = std::uintmax_t{1} << 20;
+    const int nId = Start("echo first; exec yes ''");
+    const auto timeStart = Clock::now();
+    EXPECT_FALSE(ProcessWait(nId, 0.5));
+    EXPECT_LT(SecondsSince(timeStart), 3.0);
+    EXPECT_EQ(fs::file_size(m_sOutput), kKept);
+    EXPECT_TRUE(BytesRead(m_sOutput).starts_with("first\n\n\n"));
+}
+
+TEST_F(ProcessLibPosix, MoreOutputThanIsKeptDoesNotKeepTheProgramFromItsEnd)
+{
+    const int nId = Start("head -c 9000000 /dev/zero; echo done > done");
+    EXPECT_TRUE(ProcessWait(nId, 5.0));
+    EXPECT_TRUE(FileExists(m_folder.Path("done")));
+}
+
+TEST_F(ProcessLibPosix, NothingUnderTheOutputsNameIsFollowedOrWaitedFor)
+{
+    m_folder.Write("mine", "kept");
+    fs::create_symlink(m_folder.Path("mine"), m_sOutput);
+    EXPECT_TRUE(ProcessWait(Start("echo said"), 5.0));
+    EXPECT_EQ(BytesRead(m_folder.Path("mine")), "kept");
+    EXPECT_EQ(BytesRead(m_sOutput), "said\n");
+    fs::remove(m_sOutput);
+    ASSERT_EQ(mkfifo(m_sOutput.c_str(), 0666), 0);
+    EXPECT_TRUE(ProcessWait(Start("echo said"), 5.0));
+    EXPECT_EQ(BytesRead(m_sOutput), "said\n");
 }
 
 TEST_F(ProcessLibPosix, AShortRunCostsLittle)

@@ -30,7 +30,7 @@ std::string FolderFind(const std::string& sRoot, const std::string& sName,
 
 Result<void> TemporaryWrite(const std::string& sPath, const std::string& sText)
 {
-    Result<OutputFile> resFile = OutputFile::Open(sPath);
+    Result<OutputFile> resFile = OutputFile::OpenNew(sPath);
     if (!resFile)
         return resFile.ErrorGet();
     const Result<void> resWritten = resFile.ValueGet().Write(sText);

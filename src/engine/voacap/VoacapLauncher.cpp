@@ -124,7 +124,7 @@ Result<void> FolderFill(const VoacapRunFolder& folder, const Job& job, const Voa
     fs::create_directory(folder.Path(kAntennaFolder), err);
     if (const auto resPlaced = AntennasPlace(folder, job, deck, places); !resPlaced)
         return resPlaced;
-    auto resFile = OutputFile::Open(folder.Path(job.bArea ? kAreaDeck : kPointDeck));
+    auto resFile = OutputFile::OpenNew(folder.Path(job.bArea ? kAreaDeck : kPointDeck));
     if (!resFile)
         return resFile.ErrorGet();
     if (const auto resWritten = resFile.ValueGet().Write(deck.sText); !resWritten)

@@ -1,0 +1,71 @@
+/// @file ChildHost.h
+/// How a program is started outside Windows, and what becomes of its output. Private to ProcessLib
+/// and ChildLib.
+///
+/// Errors:  errno values.
+/// Tests:   tests/system/ProcessLibPosixTest.cpp, ChildLibTest.cpp
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+/// An open file, closed at the end of its scope.
+class FileHandle {
+public:
+    explicit FileHandle(int nFile = -1) : m_nFile(nFile) {}
+    ~FileHandle() { Close(); }
+    FileHandle(FileHandle&& other) noexcept;
+    FileHandle& operator=(FileHandle&& other) noexcept;
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+
+    [[nodiscard]] int Get() const { return m_nFile; }
+    void Close();
+
+private:
+    int m_nFile;
+};
+
+/// The standard output and error of a program on their way into a file: the first MB is kept, the
+/// rest read and dropped, so that no program fills the disk.
+class ChildOutput {
+public:
+    /// Opens a new file for output; without a name all is dropped. @return 0 or an errno value.
+    int Open(const std::string& sHostPath);
+    /// What the program writes to.
+    [[nodiscard]] int WriteEndGet() const { return m_writeEnd.Get(); }
+    /// Called when the program has started.
+    void WriteEndClose() { m_writeEnd.Close(); }
+    /// What can be waited for by poll(); -1 once nothing more can come.
+    [[nodiscard]] int ReadEndGet() const { return m_readEnd.Get(); }
+    /// Takes what there is, without waiting, at most 1 MB of it.
+    void Drain();
+
+    static constexpr std::size_t kKeptMax = std::size_t{1} << 20;
+
+private:
+    FileHandle m_readEnd;
+    FileHandle m_writeEnd;
+    FileHandle m_file;
+    std::size_t m_nKept = 0;
+};
+
+/// What a program starts with, besides the null device as standard input, ordinary signals and, on
+/// Linux, the order to die with the thread that starts it.
+struct ChildStart {
+    std::vector<std::string> asWords;        ///< the first is the program's full path
+    std::vector<std::string> asEnvironment;  ///< NAME=VALUE
+    std::string sFolder;                     ///< empty: the current one
+    int nOutput = -1;                        ///< becomes standard output and error
+    int nLock = -1;                          ///< becomes descriptor 3, with a note who holds it
+    bool bOwnGroup = false;                  ///< a process group of its own, and no other open file
+};
+
+/// Starts a program. @return 0 or the errno of the failure.
+[[nodiscard]] int ChildProcessStart(ChildStart start, pid_t& nId);
+
+/// This program's environment.
+[[nodiscard]] std::vector<std::string> EnvironmentCopy();

@@ -1,0 +1,17 @@
+/// @file SignalLib.h
+/// What a program does when it is asked to end (SIGINT, SIGTERM, SIGHUP). On Windows nothing is
+/// needed: the system ends engines with their Hopcast, and there is no temporary root.
+///
+/// Errors:  none. A signal that this program was started to ignore (nohup) stays ignored.
+/// Tests:   tests/app/EndSignalsTest.cpp
+#pragma once
+
+/// For a console program: from now on these signals end the engines with their groups, take the
+/// temporary root away, and then end the program as they always did. REQUIRES: called first of all,
+/// before there is another thread.
+void EndSignalsAnswer();
+
+/// For a window program, which ends by itself: the descriptor of a pipe that becomes readable with
+/// the first of these signals. A second one ends the program at once. @return -1 where there is
+/// none.
+[[nodiscard]] int EndSignalsPipe();

@@ -1,0 +1,75 @@
+#include <fcntl.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <array>
+#include <thread>
+
+#include "system/EngineRootLib.h"
+#include "system/ProcessHost.h"
+#include "system/SignalLib.h"
+
+namespace {
+
+int nPipeEnd = -1;  // for the handler
+
+/// The signals that ask to end and are not ignored.
+sigset_t EndSignals()
+{
+    sigset_t set;
+    sigemptyset(&set);
+    for (const int nSignal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction action {};
+        if (sigaction(nSignal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN)
+            sigaddset(&set, nSignal);
+    }
+    return set;
+}
+
+/// Waits for a signal and ends the program by it.
+void EndAwait(sigset_t set)
+{
+    int nSignal = 0;
+    while (sigwait(&set, &nSignal) != 0) {
+    }
+    HostProcessesEnd();
+    EngineRootRelease();
+    signal(nSignal, SIG_DFL);
+    sigset_t setThis;
+    sigemptyset(&setThis);
+    sigaddset(&setThis, nSignal);
+    pthread_sigmask(SIG_UNBLOCK, &setThis, nullptr);
+    kill(getpid(), nSignal);  // nobody else waits for it
+}
+
+void PipeTell(int)
+{
+    const char cTold = 1;
+    (void)!write(nPipeEnd, &cTold, 1);
+}
+
+}  // namespace
+
+void EndSignalsAnswer()
+{
+    const sigset_t set = EndSignals();
+    pthread_sigmask(SIG_BLOCK, &set, nullptr);  // in every thread to come, too
+    std::thread(EndAwait, set).detach();
+}
+
+int EndSignalsPipe()
+{
+    std::array<int, 2> anEnds{-1, -1};
+    if (pipe2(anEnds.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        return -1;
+    nPipeEnd = anEnds[1];
+    const sigset_t set = EndSignals();
+    for (const int nSignal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction action {};
+        action.sa_handler = PipeTell;
+        action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
+        if (sigismember(&set, nSignal) == 1)
+            sigaction(nSignal, &action, nullptr);
+    }
+    return anEnds[0];
+}

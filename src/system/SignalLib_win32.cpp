@@ -1,0 +1,5 @@
+#include "system/SignalLib.h"
+
+void EndSignalsAnswer() {}
+
+int EndSignalsPipe() { return -1; }
