@@ -11,6 +11,7 @@
 #include "system/ClockLib.h"
 #include "system/ConsoleLib.h"
 #include "system/EngineRootLib.h"
+#include "system/LeftoverLib.h"
 #include "system/MsgLib.h"
 #include "system/SignalLib.h"
 #include "ui/common/MsgWindow.h"
@@ -114,6 +115,9 @@ int WindowRun(QApplication& app, const Options& options)
         const QFileInfo info(QString::fromStdString(*options.sProfile));
         frm.m_settings.m_sProfileFile = info.absoluteFilePath().toStdString();
     }
+    LeftoversRemove(QFileInfo(QString::fromStdString(frm.m_settings.m_sProfileFile))
+                        .absolutePath()
+                        .toStdString());
     if (options.bOnce)
         OnceSetUp(frm);
     frm.show();

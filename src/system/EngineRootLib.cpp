@@ -5,12 +5,17 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <optional>
+#include <random>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "system/EngineRootHost.h"
 #include "system/FileLib.h"
 #include "system/HostPath.h"
+#include "system/LeftoverLib.h"
+#include "system/LockLib.h"
 #include "system/PathLib.h"
 #include "system/ProfileFolder.h"
 #include "system/RunErrorText.h"
@@ -22,9 +27,11 @@ namespace {
 constexpr std::array kPrograms{"icepacw.exe", "voacapw.exe", "rec533w.exe"};
 constexpr const char* kRec533Program = "rec533w.exe";
 constexpr const char* kVoacapProgram = "voacapw.exe";
-/// Names the programs that Hopcast put into a root, so that no other is ever touched. One a line:
-/// "rec533w.exe link TARGET" or "rec533w.exe copy SIZE HASH".
-constexpr const char* kManifest = "hopcast-engines.txt";
+/// Held while a root is provisioned: two first starts at once would drop each other's lines.
+constexpr const char* kProvisionLock = "hopcast-engines.lock";
+constexpr double kProvisionWait = 10.0;  // seconds; it takes some milliseconds
+/// Begins the name of an engine that is being put into its place.
+constexpr const char* kNewEngine = ".hopcast-engine-";
 constexpr std::size_t kManifestMax = std::size_t{64} << 10;
 constexpr std::size_t kProgramMax = std::size_t{256} << 20;
 
@@ -145,11 +152,16 @@ public:
     bool Make()
     {
         m_sFolder = TemporaryRootMake();
-        return !m_sFolder.empty();
+        if (m_sFolder.empty())
+            return false;
+        if (auto resLock = FileLock::Take(PathJoin(m_sFolder, kRootOwnerLock), 0.0))
+            m_owner = std::move(resLock.ValueGet());
+        return true;
     }
     void Remove()
     {
         std::error_code ec;
+        m_owner.reset();
         if (!m_sFolder.empty())
             fs::remove_all(PathFromText(m_sFolder), ec);
         m_sFolder.clear();
@@ -159,6 +171,7 @@ public:
 
 private:
     std::string m_sFolder;
+    std::optional<FileLock> m_owner;  ///< tells others that the root is in use, however old
 };
 
 TemporaryRoot& TemporaryRootGet()
@@ -197,14 +210,20 @@ RunError ErrorFromCode(const std::error_code& ec)
     return RunErrorFromErrno(ec.default_error_condition().value());
 }
 
+/// A name beside sTarget that no other program has.
+fs::path NewNameMake(const fs::path& pthTarget)
+{
+    std::random_device rndDevice;
+    return pthTarget.parent_path()
+           / (kNewEngine + std::to_string(rndDevice()) + '-' + std::to_string(rndDevice()));
+}
+
 /// Puts a link or, where links cannot be made, a copy in the place of sTarget, at once.
 Result<void> EnginePlace(const std::string& sSource, const std::string& sTarget, bool bLink)
 {
     const fs::path pthTarget = PathFromText(sTarget);
-    fs::path pthNew = pthTarget;
-    pthNew += ".new";
+    const fs::path pthNew = NewNameMake(pthTarget);
     std::error_code ec;
-    fs::remove(pthNew, ec);
     if (bLink)
         fs::create_symlink(PathFromText(sSource), pthNew, ec);
     else
@@ -218,16 +237,42 @@ Result<void> EnginePlace(const std::string& sSource, const std::string& sTarget,
     return ErrorFromCode(ec);
 }
 
+/// Takes away what a program killed in EnginePlace left. REQUIRES: the lock of provisioning.
+void NewEnginesRemove(const std::string& sRoot)
+{
+    std::error_code ec;
+    std::vector<fs::path> apthNew;
+    for (fs::directory_iterator itr(PathFromText(HostPathBelow(sRoot, "/bin_win")), ec), itrEnd;
+         !ec && itr != itrEnd; itr.increment(ec))
+        if (TextFromPath(itr->path().filename()).starts_with(kNewEngine))
+            apthNew.push_back(itr->path());
+    for (const fs::path& pthNew : apthNew) fs::remove(pthNew, ec);
+}
+
+/// True for what is ours though the list has lost it: in a root that has one, a link to nothing, or
+/// a program that is the shipped one to the last byte.
+bool EngineIsLostOurs(const std::string& sTarget, const std::string& sSource)
+{
+    std::error_code ec;
+    const fs::path pthTarget = PathFromText(sTarget);
+    if (fs::is_symlink(fs::symlink_status(pthTarget, ec)) && !fs::exists(pthTarget, ec))
+        return true;
+    const std::string sShipped = sSource.empty() ? sSource : CopyMark(PathFromText(sSource));
+    return !sShipped.empty() && sShipped == CopyMark(pthTarget);
+}
+
 /// Makes one engine of the root ours and current, or takes ours away (empty sSource).
+/// @param bListKept  the root had a list of engines before this start
 Result<void> EngineRenew(const std::string& sRoot, const std::string& sName,
-                         const std::string& sSource)
+                         const std::string& sSource, bool bListKept)
 {
     const std::string sTarget = ProgramPath(sRoot, sName);
     const std::string sOldMark = EngineMark(PathFromText(sTarget));
     std::vector<std::string> asManifest = ManifestRead(sRoot);
     std::error_code ec;
     const bool bFree = !fs::exists(fs::symlink_status(PathFromText(sTarget), ec));
-    if (!bFree && !ProgramIsListed(asManifest, sName, sOldMark))
+    if (!bFree && !ProgramIsListed(asManifest, sName, sOldMark)
+        && !(bListKept && EngineIsLostOurs(sTarget, sSource)))
         return {};  // somebody else's
     if (sSource.empty()) {
         // An engine that still works is kept when only its source is out of sight.
@@ -244,14 +289,15 @@ Result<void> EngineRenew(const std::string& sRoot, const std::string& sName,
     Result<void> res;
     for (const bool bLink : kWays) {
         const std::string sMark = bLink ? "link " + sSource : CopyMark(PathFromText(sSource));
-        if (sMark == sOldMark)
-            return {};
         // Listed first: a program killed in between leaves a line too many, never a program that
         // nobody owns.
+        res = {};
         if (!ProgramIsListed(asManifest, sName, sMark)) {
             asManifest.push_back(LineMake(sName, sMark));
             res = ManifestWrite(sRoot, asManifest);
         }
+        if (sMark == sOldMark)
+            return res;
         if (res)
             res = EnginePlace(sSource, sTarget, bLink);
         if (res)
@@ -273,35 +319,48 @@ Result<void> ManifestPrune(const std::string& sRoot)
     return asNow == asBefore ? Result<void>() : ManifestWrite(sRoot, asNow);
 }
 
-/// The folders, all of them writable, and the manifest.
-Result<void> FoldersMake(const std::string& sRoot)
+/// A root that is being provisioned.
+struct RootWork {
+    std::string sRoot;
+    std::optional<FileLock> lock;
+    bool bListKept = false;  ///< it had a list of engines before
+};
+
+/// The folders, all of them writable, the lock and the manifest.
+Result<void> FoldersMake(RootWork& work)
 {
+    work.lock.reset();
     for (const char* sFolder : {"", "/bin_win", "/RUN", "/areadata"}) {
-        const fs::path pthFolder = PathFromText(HostPathBelow(sRoot, sFolder));
+        const fs::path pthFolder = PathFromText(HostPathBelow(work.sRoot, sFolder));
         std::error_code ec;
-        fs::create_directories(pthFolder, ec);
+        FolderMakePrivate(pthFolder, ec);
         if (ec)
             return ErrorFromCode(ec);
         if (!FolderIsWritable(pthFolder))
             return RunError{kPermissionDenied};
     }
-    return FileExists(PathJoin(sRoot, kManifest)) ? Result<void>() : ManifestWrite(sRoot, {});
+    auto resLock = FileLock::Take(PathJoin(work.sRoot, kProvisionLock), kProvisionWait);
+    if (!resLock)
+        return resLock.ErrorGet();
+    work.lock = std::move(resLock.ValueGet());
+    work.bListKept = FileExists(PathJoin(work.sRoot, kManifest));
+    return work.bListKept ? Result<void>() : ManifestWrite(work.sRoot, {});
 }
 
 /// The first place that can be used, and a temporary one where there is none.
-Result<void> PrivateRootMake(std::string& sRoot)
+Result<void> PrivateRootMake(RootWork& work)
 {
     Result<void> resMade = RunError{kPathFileAccessError};
     for (const std::string& sFolder : PrivateRootFolders()) {
-        sRoot = sFolder;
-        resMade = FoldersMake(sRoot);
+        work.sRoot = sFolder;
+        resMade = FoldersMake(work);
         if (resMade)
             return resMade;
     }
     if (!TemporaryRootGet().Make())
         return resMade;
-    sRoot = TemporaryRootGet().FolderGet();
-    return FoldersMake(sRoot);
+    work.sRoot = TemporaryRootGet().FolderGet();
+    return FoldersMake(work);
 }
 
 }  // namespace
@@ -327,18 +386,24 @@ Result<void> EngineRootProvisionFrom(const std::string& sProgramFolder,
                                      const std::string& sSearchPath)
 {
     const HostPathsOnly host;
-    if (EngineRootGet().eKind != EngineRootKind::Private)
+    const EngineRoot root = EngineRootGet();
+    for (const char* sFolder : {"", "/RUN", "/areadata"})
+        LeftoversRemove(HostPathBelow(root.sFolder, sFolder));
+    if (root.eKind != EngineRootKind::Private)
         return {};
+    TemporaryRootsRemove();
     EngineRootRelease();
-    std::string sRoot;
-    if (Result<void> resMade = PrivateRootMake(sRoot); !resMade)
+    RootWork work;
+    if (Result<void> resMade = PrivateRootMake(work); !resMade)
         return resMade;
+    const std::string& sRoot = work.sRoot;
+    NewEnginesRemove(sRoot);
     const std::string sVoacap = VoacaplIsThere(sSearchPath)
                                     ? ShippedEngineGet(sProgramFolder, kVoacapProgram)
                                     : std::string();
-    Result<void> resRec533 =
-        EngineRenew(sRoot, kRec533Program, ShippedEngineGet(sProgramFolder, kRec533Program));
-    Result<void> resVoacap = EngineRenew(sRoot, kVoacapProgram, sVoacap);
+    Result<void> resRec533 = EngineRenew(
+        sRoot, kRec533Program, ShippedEngineGet(sProgramFolder, kRec533Program), work.bListKept);
+    Result<void> resVoacap = EngineRenew(sRoot, kVoacapProgram, sVoacap, work.bListKept);
     Result<void> resManifest = ManifestPrune(sRoot);
     if (!resRec533)
         return resRec533;

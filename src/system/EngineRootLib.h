@@ -32,8 +32,11 @@ struct EngineRoot {
 /// Makes the private root complete: bin_win, RUN, areadata, and the engines that lie beside the
 /// program (or in its libexec folder: rec533w.exe; voacapw.exe where voacapl is installed), linked
 /// or copied. Renews what an older Hopcast left, takes away a voacapw.exe of ours whose voacapl is
-/// gone, and never touches a program that it did not put there. Under HOPCAST_ITSHFBC or an
-/// installed package nothing is touched.
+/// gone, and never touches a program that it did not put there. In a root that has the list of
+/// engines a link to nothing and an unlisted copy of the shipped engine are ours, too. One program
+/// at a time: a lock is waited for up to 10 s. Under HOPCAST_ITSHFBC or an installed package
+/// nothing is touched. In every root, and among the temporary ones, what killed programs left more
+/// than a day ago is removed.
 [[nodiscard]] Result<void> EngineRootProvision();
 /// The same with the engines that lie beside sProgramFolder (host path), and voacapl sought in the
 /// folders of sSearchPath (separated by ':').

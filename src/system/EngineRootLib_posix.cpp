@@ -1,9 +1,17 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "system/EngineRootHost.h"
 #include "system/HostPath.h"
+#include "system/LeftoverLib.h"
+#include "system/LockLib.h"
+
+namespace fs = std::filesystem;
 
 std::vector<std::string> PrivateRootFolders()
 {
@@ -13,9 +21,30 @@ std::vector<std::string> PrivateRootFolders()
 std::string TemporaryRootMake()
 {
     std::error_code ec;
-    const std::filesystem::path pthParent = std::filesystem::temp_directory_path(ec);
+    const fs::path pthParent = fs::temp_directory_path(ec);
     std::string sFolder = (pthParent / "hopcast-XXXXXX").native();
     return !ec && mkdtemp(sFolder.data()) ? sFolder : std::string();
+}
+
+void TemporaryRootsRemove()
+{
+    constexpr std::string_view kPattern = "hopcast-XXXXXX";
+    std::error_code ec;
+    std::vector<fs::path> apthOld;
+    for (fs::directory_iterator itr(fs::temp_directory_path(ec), ec), itrEnd; !ec && itr != itrEnd;
+         itr.increment(ec)) {
+        const std::string sName = itr->path().filename().native();
+        struct stat info {};
+        std::error_code ecManifest;
+        if (sName.size() == kPattern.size() && sName.starts_with("hopcast-")
+            && lstat(itr->path().c_str(), &info) == 0 && S_ISDIR(info.st_mode)
+            && info.st_uid == geteuid() && LeftoverIsOld(itr->path())
+            && fs::exists(itr->path() / kManifest, ecManifest))
+            apthOld.push_back(itr->path());
+    }
+    for (const fs::path& pthOld : apthOld)
+        if (FileLock::Take((pthOld / kRootOwnerLock).native(), 0.0))
+            fs::remove_all(pthOld, ec);
 }
 
 std::string EngineSearchPathGet() { return EnvironmentGet("PATH") + ":/usr/bin"; }

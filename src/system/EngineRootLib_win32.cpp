@@ -16,6 +16,8 @@ std::vector<std::string> PrivateRootFolders()
 
 std::string TemporaryRootMake() { return {}; }
 
+void TemporaryRootsRemove() {}
+
 std::string EngineSearchPathGet() { return {}; }
 
 bool VoacaplIsThere(const std::string&)

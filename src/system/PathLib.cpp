@@ -8,6 +8,7 @@
 #include "system/EngineRootLib.h"
 #include "system/FileLib.h"
 #include "system/HostPath.h"
+#include "system/LeftoverLib.h"
 #include "system/ProfileFolder.h"
 #include "system/TextLib.h"
 
@@ -116,7 +117,7 @@ std::string ProfileFileFor(const std::string& sProgramFile)
         return TextFromPath(pthBeside);
     const fs::path pthFolder = ProfileFolderGet();
     std::error_code ec;
-    fs::create_directories(pthFolder, ec);  // a failure shows when the profile is saved
+    FolderMakePrivate(pthFolder, ec);  // a failure shows when the profile is saved
     const fs::path pthProfile = pthFolder / pthBeside.filename();
     ProfileSeed(ShippedProfileGet(pthProgram), pthProfile);
     return TextFromPath(pthProfile);
@@ -141,7 +142,7 @@ int ProfileFolderMakeFor(const std::string& sProgramFile, const std::string& sPr
 {
     std::error_code ec;
     if (sProfileFile == ProfileFileFor(sProgramFile))
-        fs::create_directories(PathFromText(sProfileFile).parent_path(), ec);
+        FolderMakePrivate(PathFromText(sProfileFile).parent_path(), ec);
     return ec.value();
 }
 

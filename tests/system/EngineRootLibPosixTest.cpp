@@ -1,7 +1,12 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <array>
+#include <chrono>
 #include <filesystem>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,6 +15,7 @@
 #include "support/TempFolder.h"
 #include "system/EngineRootLib.h"
 #include "system/FileLib.h"
+#include "system/LockLib.h"
 #include "system/PathLib.h"
 #include "system/RunErrorText.h"
 
@@ -136,9 +142,116 @@ TEST_F(EngineRootLibPosix, AForeignProgramIsNeverTouched)
     EXPECT_EQ(BytesRead(sForeign), "foreign");
     EXPECT_FALSE(EngineIsBuiltIn("rec533w.exe"));
     fs::remove(m_sVoacap);
-    fs::create_symlink("/somewhere/else", m_sVoacap);
+    const std::string sElsewhere = m_folder.Write("somewhere/else", "foreign");
+    fs::create_symlink(sElsewhere, m_sVoacap);
     Provision();
-    EXPECT_EQ(fs::read_symlink(m_sVoacap), "/somewhere/else");
+    EXPECT_EQ(fs::read_symlink(m_sVoacap), sElsewhere);
+}
+
+TEST_F(EngineRootLibPosix, ALinkToNothingInARootWithAListIsRenewed)
+{
+    EnginesShip("ours");
+    m_folder.Write("data/hopcast/itshfbc/hopcast-engines.txt", "");
+    fs::create_directories(m_sRoot + "/bin_win");
+    fs::create_symlink(m_folder.Path() + "/an/older/hopcast/rec533w.exe", m_sRec533);
+    Provision();
+    EXPECT_EQ(BytesRead(m_sRec533), "ours");
+    EXPECT_TRUE(EngineIsBuiltIn("rec533w.exe"));
+}
+
+TEST_F(EngineRootLibPosix, ALinkToNothingInARootWithoutAListIsSomebodyElses)
+{
+    EnginesShip("ours");
+    fs::create_directories(m_sRoot + "/bin_win");
+    fs::create_symlink("/on/a/disk/that/is/not/there", m_sRec533);
+    Provision();
+    EXPECT_EQ(fs::read_symlink(m_sRec533), "/on/a/disk/that/is/not/there");
+}
+
+TEST_F(EngineRootLibPosix, OurEngineThatTheListHasLostIsListedAgain)
+{
+    EnginesShip("ours");
+    const std::string sLine = "rec533w.exe link " + m_sProgramFolder + "/rec533w.exe\n";
+    Provision();
+    m_folder.Write("data/hopcast/itshfbc/hopcast-engines.txt", "");
+    Provision();
+    EXPECT_EQ(BytesRead(m_sRoot + "/hopcast-engines.txt"), sLine);
+    m_folder.Write("data/hopcast/itshfbc/hopcast-engines.txt", "");
+    fs::remove(m_sRec533);
+    m_folder.Write("data/hopcast/itshfbc/bin_win/rec533w.exe", "ours");
+    Provision();
+    EXPECT_EQ(BytesRead(m_sRoot + "/hopcast-engines.txt"), sLine);
+    EXPECT_TRUE(fs::is_symlink(m_sRec533));
+}
+
+TEST_F(EngineRootLibPosix, StartsAtOnceKeepTheListWhole)
+{
+    constexpr int kRounds = 20;
+    constexpr int kPrograms = 6;
+    EnginesShip("ours");
+    VoacaplInstall();
+    for (int i = 0; i < kRounds; ++i) {
+        fs::remove_all(m_sRoot);
+        std::array<pid_t, kPrograms> anId{};
+        for (pid_t& nId : anId) {
+            nId = fork();
+            if (nId == 0)
+                _exit(EngineRootProvisionFrom(m_sProgramFolder, m_sSearch)
+                              && EngineIsBuiltIn("rec533w.exe")
+                          ? 0
+                          : 1);
+        }
+        for (const pid_t nId : anId) {
+            int nStatus = -1;
+            waitpid(nId, &nStatus, 0);
+            EXPECT_EQ(nStatus, 0) << "round " << i;
+        }
+        EXPECT_EQ(BytesRead(m_sRoot + "/hopcast-engines.txt"),
+                  "voacapw.exe link " + m_sProgramFolder + "/voacapw.exe\nrec533w.exe link "
+                      + m_sProgramFolder + "/rec533w.exe\n");
+        EXPECT_EQ(std::distance(fs::directory_iterator(m_sRoot + "/bin_win"), {}), 2);
+        EXPECT_EQ(std::distance(fs::directory_iterator(m_sRoot), {}), 4) << "and no lock is left";
+    }
+}
+
+TEST_F(EngineRootLibPosix, OnlyTheUserMayEnterTheFolders)
+{
+    EnginesShip("ours");
+    Provision();
+    for (const char* sFolder : {"/data/hopcast", "/data/hopcast/itshfbc",
+                                "/data/hopcast/itshfbc/bin_win", "/data/hopcast/itshfbc/RUN"})
+        EXPECT_EQ(fs::status(m_folder.Path() + sFolder).permissions(), fs::perms::owner_all)
+            << sFolder;
+}
+
+TEST_F(EngineRootLibPosix, WhatKilledProgramsLeftGoesAtTheNextStart)
+{
+    using namespace std::chrono_literals;
+    EnginesShip("ours");
+    Provision();
+    const EnvironmentSet temporary("TMPDIR", m_folder.Path() + "/tmp");
+    const auto timeOld = fs::file_time_type::clock::now() - 25h;
+    for (const char* sName : {"RUN/voacapw.00.run/x", "areadata/voacapw.00.run/x", ".hopcast-1-0"})
+        m_folder.Write(std::string("data/hopcast/itshfbc/") + sName, "");
+    for (const char* sName : {"hopcast-000000", "hopcast-000001", "hopcast-mine00"})
+        m_folder.Write(std::string("tmp/") + sName + "/hopcast-engines.txt", "");
+    m_folder.Write("tmp/hopcast-backup/letter", "");
+    fs::remove(m_folder.Path() + "/tmp/hopcast-mine00/hopcast-engines.txt");
+    for (const char* sName : {"/RUN/voacapw.00.run", "/areadata/voacapw.00.run", "/.hopcast-1-0"})
+        fs::last_write_time(m_sRoot + sName, timeOld);
+    m_folder.Write("data/hopcast/itshfbc/bin_win/.hopcast-engine-1-2", "");
+    const std::string sUsed = m_folder.Path() + "/tmp/hopcast-000001";
+    const auto resOwner = FileLock::Take(sUsed + "/hopcast-owner.lock", 0.0);
+    for (const auto& entry : fs::directory_iterator(m_folder.Path() + "/tmp"))
+        fs::last_write_time(entry.path(), timeOld);
+    Provision();
+    for (const char* sName : {"/RUN/voacapw.00.run", "/areadata/voacapw.00.run", "/.hopcast-1-0",
+                              "/bin_win/.hopcast-engine-1-2"})
+        EXPECT_FALSE(fs::exists(m_sRoot + sName)) << sName;
+    EXPECT_FALSE(fs::exists(m_folder.Path() + "/tmp/hopcast-000000"));
+    EXPECT_TRUE(fs::exists(sUsed)) << "a program lives in it";
+    EXPECT_TRUE(fs::exists(m_folder.Path() + "/tmp/hopcast-backup")) << "no root of an engine";
+    EXPECT_TRUE(fs::exists(m_folder.Path() + "/tmp/hopcast-mine00"));
 }
 
 TEST_F(EngineRootLibPosix, AReplacedCopyIsForeign)

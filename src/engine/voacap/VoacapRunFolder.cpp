@@ -72,6 +72,7 @@ Result<VoacapRunFolder> VoacapRunFolder::Make(const std::string& sParent)
     std::error_code err;
     if (!fs::create_directory(sFolder + kNew, err))
         return err ? RunErrorFromErrno(err.value()) : RunError{kPathFileAccessError};
+    fs::permissions(sFolder + kNew, fs::perms::owner_all, err);
     auto resLock = FileLock::Take(PathJoin(sFolder + kNew, kLockName), 0.0);
     if (resLock)
         fs::rename(sFolder + kNew, sFolder + kRunning, err);
