@@ -1,14 +1,19 @@
 /// The window program from its command line, on Qt's offscreen platform.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <csignal>
 #include <filesystem>
 
+#include "app/StartedProgram.h"
 #include "support/ProgramRun.h"
 #include "support/TempFolder.h"
 
 namespace fs = std::filesystem;
 
 namespace {
+
+using namespace std::chrono_literals;
 
 const std::string kProgram = TEST_BIN "/hopcast";
 
@@ -68,6 +73,65 @@ TEST_F(HopcastProgram, FirstStartPredictsWithTheBuiltInEngineWithoutAnySetUp)
     EXPECT_TRUE(fs::exists(sRoot + "/bin_win/rec533w.exe"));
     EXPECT_GT(fs::file_size(sRoot + "/RUN/sound.out"), 1000u);
     EXPECT_NE(BytesRead(sProfile).find("[Window Data]"), std::string::npos);  // saved at the end
+}
+
+TEST_F(HopcastProgram, SignalsThatEndAProgramAreItsCloseBoxAndTheProfileIsSaved)
+{
+    for (const int nSignal : {SIGTERM, SIGINT, SIGHUP}) {
+        const std::string sProfile = Profile(kFirstProfile);
+        const std::string sOutput = m_folder.Path("data") + "/hopcast/itshfbc/RUN/sound.out";
+        fs::remove(sOutput);
+        StartedProgram program({kProgram, "--profile", sProfile}, m_folder.Path("out"));
+        ASSERT_TRUE(Await([&] { return fs::exists(sOutput); }, 30s))
+            << BytesRead(m_folder.Path("out"));
+        program.Signal(nSignal);
+        const auto end = program.EndAwait(10s);
+        ASSERT_TRUE(end) << nSignal;
+        EXPECT_EQ(end->nStatus, 0) << nSignal;
+        EXPECT_NE(BytesRead(sProfile).find("[Window Data]"), std::string::npos);
+    }
+}
+
+TEST_F(HopcastProgram, ASignalDuringARunThatFailsClosesItsBoxTooAndLeavesNoEngine)
+{
+    const std::string sProfile = Profile(kFirstProfile);
+    const std::string sEngine =
+        m_folder.Write("root/bin_win/rec533w.exe", "#!/bin/sh\ntouch started\nsleep 0.5\nexit 1\n");
+    fs::permissions(sEngine, fs::perms::owner_all);
+    fs::create_directories(m_folder.Path("root/RUN"));
+    const EnvironmentSet root("HOPCAST_ITSHFBC", m_folder.Path("root"));
+    StartedProgram program({kProgram, "--profile", sProfile}, m_folder.Path("out"));
+    ASSERT_TRUE(Await([&] { return fs::exists(m_folder.Path("root/started")); }, 30s));
+    program.Signal(SIGTERM);
+    const auto end = program.EndAwait(20s);
+    ASSERT_TRUE(end);
+    EXPECT_EQ(end->nStatus, 0);
+    EXPECT_NE(BytesRead(sProfile).find("[Window Data]"), std::string::npos);
+    EXPECT_TRUE(ProcessesBelow(m_folder.Path("root")).empty());
+}
+
+TEST_F(HopcastProgram, AProgramKilledDuringARunLeavesNoEngine)
+{
+    const std::string sProfile = Profile(kFirstProfile);
+    const std::string sEngine =
+        m_folder.Write("root/bin_win/rec533w.exe", "#!/bin/sh\nexec sleep 60\n");
+    fs::permissions(sEngine, fs::perms::owner_all);
+    fs::create_directories(m_folder.Path("root/RUN"));
+    const EnvironmentSet root("HOPCAST_ITSHFBC", m_folder.Path("root"));
+    StartedProgram program({kProgram, "--profile", sProfile}, m_folder.Path("out"));
+    ASSERT_TRUE(Await([&] { return !ProcessesBelow(m_folder.Path("root")).empty(); }, 30s));
+    program.Signal(SIGKILL);
+    ASSERT_TRUE(program.EndAwait(2s));
+    EXPECT_TRUE(Await([&] { return ProcessesBelow(m_folder.Path("root")).empty(); }, 1s));
+}
+
+TEST_F(HopcastProgram, LeftoversBesideTheProfileGoAtTheNextStart)
+{
+    const std::string sProfile = Profile(kFirstProfile);
+    const std::string sOld = m_folder.Write(".hopcast-4711-0", "half a profile");
+    fs::last_write_time(sOld, fs::file_time_type::clock::now() - 25h);
+    EXPECT_EQ(ProgramRun({kProgram, "--once", "--profile", sProfile}).nStatus, 0);
+    EXPECT_FALSE(fs::exists(sOld));
 }
 
 TEST_F(HopcastProgram, ProfileNamedWithoutAFolderIsInTheCurrentOne)
