@@ -43,6 +43,8 @@ StartedProgram::StartedProgram(const std::vector<std::string>& asWords, const st
     apWords.push_back(nullptr);
     m_nId = fork();
     if (m_nId == 0) {
+        // A test in the background of a script is started to ignore some.
+        for (const int nSignal : {SIGINT, SIGTERM, SIGHUP}) signal(nSignal, SIG_DFL);
         const int nFile = open(sOutput.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
         dup2(nFile, STDOUT_FILENO);
         dup2(nFile, STDERR_FILENO);
