@@ -94,10 +94,11 @@ private:
 };
 
 /// Everything that the child needs, made before it: until it is the program it uses this one's
-/// memory, and may neither allocate nor lock. The descriptors lie above those that the program gets.
+/// memory, and may neither allocate nor lock. The descriptors lie above those that the program
+/// gets.
 struct ChildPlan {
-    std::vector<char*> apWords;
-    std::vector<char*> apEnvironment;
+    std::vector<char*> m_apWords;
+    std::vector<char*> m_apEnvironment;
     const char* sFolder = nullptr;
     int nInput = -1;
     int nOutput = -1;
@@ -155,7 +156,7 @@ void ChildSignalsReset()
             fcntl(nFile, F_SETFD, FD_CLOEXEC);
     if (bOk) {
         ChildSignalsReset();
-        execve(plan.apWords[0], plan.apWords.data(), plan.apEnvironment.data());
+        execve(plan.m_apWords[0], plan.m_apWords.data(), plan.m_apEnvironment.data());
     }
     const int nErrno = errno;
     (void)!write(plan.nReport, &nErrno, sizeof nErrno);
