@@ -322,14 +322,14 @@ Result<void> ManifestPrune(const std::string& sRoot)
 /// A root that is being provisioned.
 struct RootWork {
     std::string sRoot;
-    std::optional<FileLock> lock;
+    std::optional<FileLock> m_lock;
     bool bListKept = false;  ///< it had a list of engines before
 };
 
 /// The folders, all of them writable, the lock and the manifest.
 Result<void> FoldersMake(RootWork& work)
 {
-    work.lock.reset();
+    work.m_lock.reset();
     for (const char* sFolder : {"", "/bin_win", "/RUN", "/areadata"}) {
         const fs::path pthFolder = PathFromText(HostPathBelow(work.sRoot, sFolder));
         std::error_code ec;
@@ -342,7 +342,7 @@ Result<void> FoldersMake(RootWork& work)
     auto resLock = FileLock::Take(PathJoin(work.sRoot, kProvisionLock), kProvisionWait);
     if (!resLock)
         return resLock.ErrorGet();
-    work.lock = std::move(resLock.ValueGet());
+    work.m_lock = std::move(resLock.ValueGet());
     work.bListKept = FileExists(PathJoin(work.sRoot, kManifest));
     return work.bListKept ? Result<void>() : ManifestWrite(work.sRoot, {});
 }
