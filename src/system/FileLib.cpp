@@ -88,6 +88,12 @@ bool FileExists(std::string_view sPath)
     return fs::exists(status) && !fs::is_directory(status);
 }
 
+bool FileSame(std::string_view sPathA, std::string_view sPathB)
+{
+    std::error_code ec;
+    return fs::equivalent(PathFromText(PathToHost(sPathA)), PathFromText(PathToHost(sPathB)), ec);
+}
+
 Result<void> FileDelete(std::string_view sPath)
 {
     const std::string sHost = PathToHost(sPath);

@@ -23,6 +23,9 @@
 /// True when a listing of the full path yields a name: an existing file that is not a folder.
 [[nodiscard]] bool FileExists(std::string_view sPath);
 
+/// True when both paths name one file, by whatever names and links; false when one is missing.
+[[nodiscard]] bool FileSame(std::string_view sPathA, std::string_view sPathB);
+
 /// Deletes a file. @return "File not found", "Permission denied" ... on failure.
 Result<void> FileDelete(std::string_view sPath);
 
@@ -83,5 +86,7 @@ private:
 /// Writes a temporary file beside sPath and renames it over it, so that a full disk or a killed
 /// program leaves the old file whole. The old file's permissions are kept; a link is followed. A
 /// file without any write permission is left alone ("Permission denied"), even where its folder may
-/// be written and for the superuser. A device is written directly.
+/// be written and for the superuser. Outside Windows a file whose folder takes no new file is
+/// written in place (its room is reserved first); a device, a pipe and an open descriptor
+/// ("/dev/stdout", "/dev/fd/3") are written directly, a descriptor at the place where it stands.
 Result<void> FileReplace(std::string_view sPath, std::string_view sBytes);

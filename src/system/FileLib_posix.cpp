@@ -2,7 +2,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <charconv>
 #include <filesystem>
 #include <string>
 
@@ -91,17 +93,82 @@ int TemporaryFill(int nFile, std::string_view sBytes, const struct stat* pOld)
         if (fchmod(nFile, pOld->st_mode & 07777U) != 0 && nErrno == 0)
             nErrno = errno;
     }
-    // On their way before the rename, or a power cut could leave the new name without its bytes.
-    // Not waited for: a profile is written key by key, and each wait costs 10 ms and more.
-    (void)sync_file_range(nFile, 0, 0, SYNC_FILE_RANGE_WRITE);
+    // Before the rename, or a power cut could leave the new name without its bytes.
+    if (fsync(nFile) != 0 && errno != EINVAL && nErrno == 0)
+        nErrno = errno;
     if (close(nFile) != 0 && nErrno == 0)
         nErrno = errno;
     return nErrno;
 }
 
+/// The open descriptor of this program that a path names ("/dev/stdout", "/dev/fd/3", and links to
+/// them); -1 for any other path.
+int DescriptorOf(fs::path pthFile)
+{
+    constexpr std::array<std::string_view, 2> kNames{"/dev/stdout", "/dev/stderr"};
+    constexpr std::array<std::string_view, 2> kFolders{"/dev/fd/", "/proc/self/fd/"};
+    constexpr int kLinksMax = 40;
+    std::error_code ec;
+    for (int i = 0; i < kLinksMax; ++i) {
+        const std::string& sPath = pthFile.native();
+        for (std::size_t n = 0; n < kNames.size(); ++n) {
+            if (sPath == kNames[n])
+                return static_cast<int>(n) + STDOUT_FILENO;
+        }
+        for (const std::string_view sFolder : kFolders) {
+            const char* pEnd = sPath.data() + sPath.size();
+            int nFile = -1;
+            if (sPath.starts_with(sFolder)
+                && std::from_chars(sPath.data() + sFolder.size(), pEnd, nFile).ptr == pEnd)
+                return nFile;
+        }
+        if (!fs::is_symlink(pthFile, ec))
+            break;
+        pthFile = pthFile.parent_path() / fs::read_symlink(pthFile, ec);
+    }
+    return -1;
+}
+
+/// To an open file at the place where it stands, as the shell's redirection wants it.
+int DescriptorWrite(int nDescriptor, std::string_view sBytes)
+{
+    const int nFile = fcntl(nDescriptor, F_DUPFD_CLOEXEC, 0);
+    if (nFile < 0)
+        return errno;
+    const int nErrno = BytesWrite(nFile, sBytes);
+    return close(nFile) != 0 && nErrno == 0 ? errno : nErrno;
+}
+
+/// Into the old file itself, where its folder takes no temporary file. What it lacks in room is
+/// reserved first, so that a full disk leaves it as it was.
+int InPlaceWrite(const fs::path& pthFile, std::string_view sBytes)
+{
+    const int nFile = open(pthFile.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW);
+    if (nFile < 0)
+        return errno;
+    const auto nSize = static_cast<off_t>(sBytes.size());
+    struct stat info {};
+    int nErrno = fstat(nFile, &info) == 0 ? 0 : errno;
+    if (nErrno == 0 && nSize > info.st_size)
+        nErrno = posix_fallocate(nFile, info.st_size, nSize - info.st_size);
+    if (nErrno != 0)
+        (void)!ftruncate(nFile, info.st_size);
+    else
+        nErrno = BytesWrite(nFile, sBytes);
+    if (nErrno == 0 && ftruncate(nFile, nSize) != 0)
+        nErrno = errno;
+    return close(nFile) != 0 && nErrno == 0 ? errno : nErrno;
+}
+
+/// True for the errors that tell that the folder, not the file, is in the way.
+bool FolderRefuses(int nErrno)
+{
+    return nErrno == EACCES || nErrno == EPERM || nErrno == EROFS || nErrno == EBUSY;
+}
+
 int DeviceWrite(const fs::path& pthDevice, std::string_view sBytes)
 {
-    const int nFile = open(pthDevice.c_str(), O_WRONLY | O_CLOEXEC);
+    const int nFile = open(pthDevice.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
     if (nFile < 0)
         return errno;
     const int nErrno = BytesWrite(nFile, sBytes);
@@ -162,7 +229,10 @@ int FileReplaceCheck(std::string_view sPath)
 
 int FileReplaceErrno(std::string_view sPath, std::string_view sBytes)
 {
-    const fs::path pthFile = LinkFollow(PathToHost(sPath));
+    const fs::path pthNamed = PathToHost(sPath);
+    if (const int nDescriptor = DescriptorOf(pthNamed); nDescriptor >= 0)
+        return DescriptorWrite(nDescriptor, sBytes);
+    const fs::path pthFile = LinkFollow(pthNamed);
     struct stat info {};
     bool bExists = false;
     if (const int nErrno = ReplaceCheck(pthFile, info, bExists))
@@ -172,12 +242,15 @@ int FileReplaceErrno(std::string_view sPath, std::string_view sBytes)
     fs::path pthTemporary;
     const int nFile = TemporaryOpen(
         pthFile.has_parent_path() ? pthFile.parent_path() : fs::path("."), pthTemporary);
-    if (nFile < 0)
-        return errno;
+    if (nFile < 0) {
+        const int nErrno = errno;
+        return bExists && FolderRefuses(nErrno) ? InPlaceWrite(pthFile, sBytes) : nErrno;
+    }
     int nErrno = TemporaryFill(nFile, sBytes, bExists ? &info : nullptr);
     if (nErrno == 0 && rename(pthTemporary.c_str(), pthFile.c_str()) != 0)
-        nErrno = errno;
-    if (nErrno != 0)
-        unlink(pthTemporary.c_str());
+        nErrno = bExists && FolderRefuses(errno) ? InPlaceWrite(pthFile, sBytes) : errno;
+    else if (nErrno == 0)
+        return 0;
+    unlink(pthTemporary.c_str());
     return nErrno;
 }

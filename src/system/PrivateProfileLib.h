@@ -9,13 +9,17 @@
 /// one. A write that would change no byte leaves the file as it is, once it is known that it could
 /// be written.
 ///
-/// Texts:   UTF-8 in the program, Windows-1252 in the file (outside Windows UTF-8 when it
-///          begins with the byte order mark; on a Windows with another alphabet see AnsiLib.h).
+/// Texts:   UTF-8 in the program, Windows-1252 in the file; UTF-16 when it begins with its byte
+///          order mark, outside Windows UTF-8 too. On a Windows with another alphabet see AnsiLib.h.
 /// Tests:   tests/system/PrivateProfileLibTest.cpp
 #pragma once
 
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
+
+#include "system/Result.h"
 
 /// @param nBufferSize  characters of the caller's buffer; the value is cut to one less.
 /// @return the value; sDefault when file, section or key is missing (an empty value is empty).
@@ -40,6 +44,38 @@
     return PrivateProfileGet(sSection, sKey, sDefault, nBufferSize, sFile);
 }
 #endif
+/// What keeps a file from being opened as PrivateProfile, without reading it.
+/// @return "File not found", "Permission denied" ..., or in words what is in the way: "it is a
+///         folder", "it is a device", "it is larger than 64 MB".
+Result<void> PrivateProfileCheck(std::string_view sFile);
+
+/// A file for many keys: outside Windows read once.
+class PrivateProfile {
+public:
+    /// An ordinary file of up to 64 MB or, outside Windows, a pipe, which is read to its end.
+    /// @return an error of PrivateProfileCheck, or "no data came for 60 s".
+    static Result<PrivateProfile> Open(std::string_view sFile);
+    /// As PrivateProfileGet.
+    [[nodiscard]] std::string Get(std::string_view sSection, std::string_view sKey,
+                                  std::string_view sDefault, int nBufferSize) const;
+
+private:
+    struct Content;
+    explicit PrivateProfile(std::shared_ptr<const Content> pContent);
+    std::shared_ptr<const Content> m_pContent;
+};
+
+struct PrivateProfileValue {
+    std::string sSection;
+    std::string sKey;
+    std::string sValue;
+};
+
+/// Writes many keys in their order. Outside Windows all of them in one replacement of the file, so
+/// that it is whole whatever happens; on Windows one by one until one fails.
+/// @return 0, or the system's error code (for SystemErrorText).
+[[nodiscard]] int PrivateProfileWriteAll(std::span<const PrivateProfileValue> aValue,
+                                         std::string_view sFile);
 
 /// Writes one key; section and file are made when missing, the folder is not. Line ends in the
 /// value become blanks outside Windows.

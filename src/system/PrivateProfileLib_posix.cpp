@@ -1,13 +1,20 @@
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <filesystem>
-#include <optional>
-#include <string>
+#include <utility>
 
 #include "system/FileHost.h"
 #include "system/FileLib.h"
+#include "system/IniText.h"
 #include "system/PathLib.h"
 #include "system/PrivateProfileLib.h"
+#include "system/RunErrorText.h"
 #include "system/TextLib.h"
 
 namespace fs = std::filesystem;
@@ -15,185 +22,154 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kFileMax = std::size_t{64} << 20;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view kBlanks = " \t\v\f";
+constexpr const char* kTooLarge = "it is larger than 64 MB";
+constexpr int kPipeWaitSeconds = 60;
 
-/// One line of the file as offsets into its bytes.
-struct Line {
-    std::size_t nStart;
-    std::size_t nEnd;   ///< behind the last byte of the text
-    std::size_t nNext;  ///< behind the line end (LF, CR LF or a lone CR)
+/// Closes a file descriptor.
+class Descriptor {
+public:
+    explicit Descriptor(int nFile) : m_nFile(nFile) {}
+    ~Descriptor()
+    {
+        if (m_nFile >= 0)
+            close(m_nFile);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    [[nodiscard]] int Get() const { return m_nFile; }
+
+private:
+    int m_nFile;
 };
 
-/// Where a key stands in the file, or would.
-struct Place {
-    std::optional<Line> m_section;  ///< the first section line of this name
-    std::optional<Line> m_key;      ///< the first line of this key in that section
-    std::size_t nInsert = 0;        ///< behind the section's last line that is not blank
-};
-
-std::string_view BlanksTrim(std::string_view sText)
+/// Waits until a pipe that was opened without waiting has data, or its writer is gone.
+Result<void> DataWait(int nFile)
 {
-    const std::size_t nStart = sText.find_first_not_of(kBlanks);
-    if (nStart == std::string_view::npos)
-        return {};
-    return sText.substr(nStart, sText.find_last_not_of(kBlanks) - nStart + 1);
-}
-
-bool HasByteOrderMark(std::string_view sBytes)
-{
-    return sBytes.substr(0, kByteOrderMark.size()) == kByteOrderMark;
-}
-
-Line LineAt(std::string_view sBytes, std::size_t nStart)
-{
-    const std::size_t nEnd = std::min(sBytes.find_first_of("\r\n", nStart), sBytes.size());
-    const std::size_t nEndLength = sBytes.substr(nEnd, 2) == "\r\n" ? 2 : 1;
-    return {nStart, nEnd, std::min(nEnd + nEndLength, sBytes.size())};
-}
-
-std::string_view LineText(std::string_view sBytes, const Line& line)
-{
-    return BlanksTrim(sBytes.substr(line.nStart, line.nEnd - line.nStart));
-}
-
-/// The name between the brackets of a section line; nothing for any other line.
-std::optional<std::string_view> SectionName(std::string_view sLine)
-{
-    if (sLine.empty() || sLine.front() != '[')
-        return std::nullopt;
-    const std::size_t nEnd = sLine.find(']');
-    return BlanksTrim(sLine.substr(1, nEnd == std::string_view::npos ? nEnd : nEnd - 1));
-}
-
-bool LineIsKey(std::string_view sLine, std::string_view sKey)
-{
-    const std::size_t nEqual = sLine.find('=');
-    return nEqual != std::string_view::npos && sLine.front() != ';'
-           && TextEqualNoCase(BlanksTrim(sLine.substr(0, nEqual)), sKey);
-}
-
-/// Only the first section of a name counts, and in it the first key of a name.
-Place PlaceFind(std::string_view sBytes, std::string_view sSection, std::string_view sKey)
-{
-    Place place;
-    for (std::size_t nStart = HasByteOrderMark(sBytes) ? kByteOrderMark.size() : 0;
-         nStart < sBytes.size();) {
-        const Line line = LineAt(sBytes, nStart);
-        nStart = line.nNext;
-        const std::string_view sLine = LineText(sBytes, line);
-        const auto sName = SectionName(sLine);
-        if (sName && place.m_section)
-            break;
-        if (sName && TextEqualNoCase(*sName, sSection))
-            place.m_section = line;
-        if (!place.m_section || sLine.empty())
-            continue;
-        place.nInsert = line.nNext;
-        if (!sName && LineIsKey(sLine, sKey)) {
-            place.m_key = line;
-            break;
-        }
+    constexpr int kMilliseconds = 1000;
+    pollfd entry{nFile, POLLIN, 0};
+    int nReady = -1;
+    while ((nReady = poll(&entry, 1, kPipeWaitSeconds * kMilliseconds)) < 0 && errno == EINTR) {
     }
-    return place;
+    if (nReady == 0)
+        return RunError{"no data came for " + std::to_string(kPipeWaitSeconds) + " s"};
+    return {};
 }
 
-std::string_view QuotesDrop(std::string_view sValue)
+Result<std::string> BytesGet(int nFile, bool bPipe)
 {
-    if (sValue.size() >= 2 && (sValue.front() == '"' || sValue.front() == '\'')
-        && sValue.front() == sValue.back())
-        return sValue.substr(1, sValue.size() - 2);
-    return sValue;
-}
-
-/// Text to the alphabet of the file: Windows-1252, or UTF-8 when its byte order mark says so.
-std::string FileText(std::string_view sText, bool bUtf8)
-{
-    return bUtf8 ? std::string(sText) : Windows1252FromUtf8(sText);
-}
-
-/// At most nBytes bytes; of UTF-8 whole characters only.
-std::string_view TextCut(std::string_view sText, std::size_t nBytes, bool bUtf8)
-{
-    if (sText.size() <= nBytes)
-        return sText;
-    while (bUtf8 && nBytes > 0 && (static_cast<unsigned char>(sText[nBytes]) & 0xC0U) == 0x80U)
-        --nBytes;
-    return sText.substr(0, nBytes);
-}
-
-/// The file's own line end; CR LF for a new file.
-std::string_view LineEndGet(std::string_view sBytes)
-{
-    const std::size_t nLineFeed = sBytes.find('\n');
-    const bool bLineFeedOnly =
-        nLineFeed != std::string_view::npos && (nLineFeed == 0 || sBytes[nLineFeed - 1] != '\r');
-    return bLineFeedOnly ? "\n" : "\r\n";
-}
-
-std::string KeyPut(std::string sBytes, std::string_view sSection, std::string_view sKey,
-                   std::string_view sValue)
-{
-    const Place place = PlaceFind(sBytes, sSection, sKey);
-    if (place.m_key) {  // what stands before the value stays as the user wrote it
-        const std::size_t nEqual = sBytes.find('=', place.m_key->nStart);
-        const std::size_t nValue =
-            std::min(sBytes.find_first_not_of(kBlanks, nEqual + 1), place.m_key->nEnd);
-        return sBytes.replace(nValue, place.m_key->nEnd - nValue, sValue);
+    std::string sBytes;
+    std::array<char, std::size_t{64} << 10> aBlock{};
+    for (;;) {
+        if (const auto res = bPipe ? DataWait(nFile) : Result<void>(); !res)
+            return res.ErrorGet();
+        const ssize_t nRead = read(nFile, aBlock.data(), aBlock.size());
+        if (nRead == 0)
+            return sBytes;
+        if (nRead < 0 && errno != EINTR && errno != EAGAIN)
+            return RunError{kPathFileAccessError};
+        sBytes.append(aBlock.data(), static_cast<std::size_t>(std::max<ssize_t>(nRead, 0)));
+        if (sBytes.size() > kFileMax)
+            return RunError{kTooLarge};
     }
-    const std::string sLineEnd(LineEndGet(sBytes));
-    std::string sNew;
-    const std::size_t nInsert = place.m_section ? place.nInsert : sBytes.size();
-    if (nInsert > 0 && sBytes[nInsert - 1] != '\n' && sBytes[nInsert - 1] != '\r'
-        && sBytes != kByteOrderMark)
-        sNew += sLineEnd;
-    if (!place.m_section)
-        sNew.append("[").append(sSection).append("]").append(sLineEnd);
-    sNew.append(sKey).append("=").append(sValue).append(sLineEnd);
-    return sBytes.insert(nInsert, sNew);
+}
+
+/// The bytes of a file that the user named: an ordinary one or a pipe.
+Result<std::string> NamedFileRead(std::string_view sFile)
+{
+    if (const auto res = PrivateProfileCheck(sFile); !res)
+        return res.ErrorGet();
+    const Descriptor file(open(PathToHost(sFile).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat info {};
+    if (file.Get() < 0 || fstat(file.Get(), &info) != 0)
+        return RunErrorFromErrno(errno);
+    return BytesGet(file.Get(), S_ISFIFO(info.st_mode));
+}
+
+std::string ValueOr(const IniText& text, std::string_view sSection, std::string_view sKey,
+                    std::string_view sDefault, int nBufferSize)
+{
+    const std::size_t nMax = nBufferSize > 1 ? static_cast<std::size_t>(nBufferSize - 1) : 0;
+    if (auto sValue = text.ValueGet(sSection, sKey, nMax))
+        return std::move(*sValue);
+    return Utf8FromWindows1252(std::string_view(Windows1252FromUtf8(sDefault)).substr(0, nMax));
 }
 
 }  // namespace
 
+Result<void> PrivateProfileCheck(std::string_view sFile)
+{
+    const std::string sHost = PathToHost(sFile);
+    struct stat info {};
+    if (stat(sHost.c_str(), &info) != 0)
+        return errno == ENOTDIR ? RunError{kPathNotFound} : RunErrorFromErrno(errno);
+    if (S_ISDIR(info.st_mode))
+        return RunError{"it is a folder"};
+    if (!S_ISREG(info.st_mode) && !S_ISFIFO(info.st_mode))
+        return RunError{"it is a device"};
+    if (S_ISREG(info.st_mode) && info.st_size > static_cast<off_t>(kFileMax))
+        return RunError{kTooLarge};
+    if (access(sHost.c_str(), R_OK) != 0)
+        return RunErrorFromErrno(errno);
+    return {};
+}
+
+struct PrivateProfile::Content {
+    IniText text;
+};
+
+PrivateProfile::PrivateProfile(std::shared_ptr<const Content> pContent)
+    : m_pContent(std::move(pContent))
+{
+}
+
+Result<PrivateProfile> PrivateProfile::Open(std::string_view sFile)
+{
+    auto resBytes = NamedFileRead(sFile);
+    if (!resBytes)
+        return resBytes.ErrorGet();
+    return PrivateProfile(
+        std::make_shared<const Content>(Content{IniText(std::move(resBytes.ValueGet()))}));
+}
+
+std::string PrivateProfile::Get(std::string_view sSection, std::string_view sKey,
+                                std::string_view sDefault, int nBufferSize) const
+{
+    return ValueOr(m_pContent->text, sSection, sKey, sDefault, nBufferSize);
+}
+
 std::string PrivateProfileGet(std::string_view sSection, std::string_view sKey,
                               std::string_view sDefault, int nBufferSize, std::string_view sFile)
 {
-    const std::size_t nMax = nBufferSize > 1 ? static_cast<std::size_t>(nBufferSize - 1) : 0;
-    const auto resBytes = FileRead(sFile, kFileMax);
-    const std::string_view sBytes =
-        resBytes ? std::string_view(resBytes.ValueGet()) : std::string_view();
-    const bool bUtf8 = HasByteOrderMark(sBytes);
-    const Place place =
-        PlaceFind(sBytes, BlanksTrim(FileText(sSection, bUtf8)), BlanksTrim(FileText(sKey, bUtf8)));
-    if (!place.m_key)
-        return Utf8FromWindows1252(std::string_view(Windows1252FromUtf8(sDefault)).substr(0, nMax));
-    const std::size_t nEqual = sBytes.find('=', place.m_key->nStart);
-    const std::string_view sValue =
-        QuotesDrop(BlanksTrim(sBytes.substr(nEqual + 1, place.m_key->nEnd - nEqual - 1)));
-    const std::string_view sCut = TextCut(sValue, nMax, bUtf8);
-    return bUtf8 ? std::string(sCut) : Utf8FromWindows1252(sCut);
+    auto resBytes = FileRead(sFile, kFileMax);
+    const IniText text(resBytes ? std::move(resBytes.ValueGet()) : std::string());
+    return ValueOr(text, sSection, sKey, sDefault, nBufferSize);
 }
 
-int PrivateProfileWrite(std::string_view sSection, std::string_view sKey, std::string_view sValue,
-                        std::string_view sFile)
+int PrivateProfileWriteAll(std::span<const PrivateProfileValue> aValue, std::string_view sFile)
 {
     if (const int nErrno = FileReplaceCheck(sFile))
         return nErrno;
     std::string sBytes;
     std::error_code ec;
-    if (fs::is_regular_file(PathToHost(sFile), ec)) {
+    const fs::file_status status = fs::status(PathToHost(sFile), ec);
+    if (fs::is_fifo(status))
+        return ENXIO;  // its reader may never come
+    if (fs::is_regular_file(status)) {
         auto resBytes = FileRead(sFile, kFileMax);
         if (!resBytes)
-            return EACCES;  // never replaced by a file that holds one key
+            return EACCES;  // never replaced by a file that holds these keys alone
         sBytes = std::move(resBytes.ValueGet());
     }
-    const bool bUtf8 = HasByteOrderMark(sBytes);
-    std::string sText(sValue);
-    // A line end would make the rest of the value a line of its own.
-    std::replace_if(
-        sText.begin(), sText.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; },
-        ' ');
-    const std::string sNewBytes = KeyPut(sBytes, BlanksTrim(FileText(sSection, bUtf8)),
-                                         BlanksTrim(FileText(sKey, bUtf8)), FileText(sText, bUtf8));
+    IniText text(sBytes);
+    for (const PrivateProfileValue& value : aValue)
+        text.ValuePut(value.sSection, value.sKey, value.sValue);
+    const std::string sNewBytes = text.BytesGet();
     return sNewBytes == sBytes ? 0 : FileReplaceErrno(sFile, sNewBytes);
+}
+
+int PrivateProfileWrite(std::string_view sSection, std::string_view sKey, std::string_view sValue,
+                        std::string_view sFile)
+{
+    const PrivateProfileValue value{std::string(sSection), std::string(sKey), std::string(sValue)};
+    return PrivateProfileWriteAll({&value, 1}, sFile);
 }

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <optional>
+#include <cstdint>
+#include <filesystem>
 #include <string>
+#include <utility>
 
 #include "system/AnsiLib.h"
 #include "system/FileHost.h"
@@ -155,4 +158,52 @@ int PrivateProfileWrite(std::string_view sSection, std::string_view sKey, std::s
         return 0;
     const DWORD nCode = GetLastError();
     return static_cast<int>(nCode != ERROR_SUCCESS ? nCode : ERROR_WRITE_FAULT);
+}
+
+struct PrivateProfile::Content {
+    std::string sFile;
+};
+
+PrivateProfile::PrivateProfile(std::shared_ptr<const Content> pContent)
+    : m_pContent(std::move(pContent))
+{
+}
+
+Result<void> PrivateProfileCheck(std::string_view sFile)
+{
+    constexpr std::uintmax_t kFileMax = std::uintmax_t{64} << 20;
+    const std::filesystem::path pthFile = PathFromText(PathToHost(sFile));
+    std::error_code ec;
+    if (std::filesystem::is_directory(pthFile, ec))
+        return RunError{"it is a folder"};
+    if (std::filesystem::exists(pthFile, ec) && !std::filesystem::is_regular_file(pthFile, ec))
+        return RunError{"it is a device"};
+    if (const auto resFile = TextFile::Open(sFile); !resFile)
+        return resFile.ErrorGet();
+    if (std::filesystem::file_size(pthFile, ec) > kFileMax && !ec)
+        return RunError{"it is larger than 64 MB"};
+    return {};
+}
+
+/// The calls read the file anew for each key.
+Result<PrivateProfile> PrivateProfile::Open(std::string_view sFile)
+{
+    if (const auto res = PrivateProfileCheck(sFile); !res)
+        return res.ErrorGet();
+    return PrivateProfile(std::make_shared<const Content>(Content{std::string(sFile)}));
+}
+
+std::string PrivateProfile::Get(std::string_view sSection, std::string_view sKey,
+                                std::string_view sDefault, int nBufferSize) const
+{
+    return PrivateProfileGet(sSection, sKey, sDefault, nBufferSize, m_pContent->sFile);
+}
+
+int PrivateProfileWriteAll(std::span<const PrivateProfileValue> aValue, std::string_view sFile)
+{
+    for (const PrivateProfileValue& value : aValue) {
+        if (const int nCode = PrivateProfileWrite(value.sSection, value.sKey, value.sValue, sFile))
+            return nCode;
+    }
+    return 0;
 }

@@ -1,10 +1,13 @@
 // What only this family of systems has: permission bits, links, pipes, devices and limits.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "support/Faults.h"
@@ -170,6 +173,68 @@ TEST(FileReplacePosix, AnAbandonedTemporaryFileIsNoObstacle)
     folder.Write(".hopcast-" + std::to_string(getpid()) + "-0", "left by a killed program");
     EXPECT_TRUE(static_cast<bool>(FileReplace(folder.Path() + "/a", "x")));
     EXPECT_EQ(BytesRead(folder.Path() + "/a"), "x");
+}
+
+TEST(FileLibPosix, AFileWhoseFolderTakesNoNewOneIsWrittenInPlace)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Write("in/a.txt", "an older and longer text");
+    chmod(sFile.c_str(), 0666);
+    chmod(folder.Path().c_str(), 0755);
+    chmod(folder.Path("in").c_str(), 0555);
+    AsUnprivileged([&] {
+        EXPECT_TRUE(FileReplace(sFile, "new"));
+        EXPECT_EQ(FileReplace(folder.Path() + "/in/b.txt", "new").TextGet(), kPermissionDenied);
+    });
+    EXPECT_EQ(BytesRead(sFile), "new");
+    AsUnprivileged([&] {
+        const FileSizeLimit limit(100);
+        EXPECT_EQ(FileReplace(sFile, std::string(200, 'x')).TextGet(), kDiskFull);
+    });
+    EXPECT_EQ(BytesRead(sFile), "new") << "a full disk leaves it whole";
+    chmod(folder.Path("in").c_str(), 0755);
+}
+
+TEST(FileLibPosix, AnOpenDescriptorIsWrittenAtItsPlace)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Write("a.txt", "before,");
+    const int nFile = open(sFile.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+    ASSERT_GE(nFile, 0);
+    const std::string sLink = folder.Path() + "/link";
+    fs::create_symlink("/dev/fd/" + std::to_string(nFile), sLink);
+    EXPECT_TRUE(FileReplace("/dev/fd/" + std::to_string(nFile), "one,"));
+    EXPECT_TRUE(FileReplace(sLink, "two"));
+    close(nFile);
+    EXPECT_EQ(BytesRead(sFile), "before,one,two");
+    EXPECT_FALSE(FileReplace("/dev/fd/" + std::to_string(nFile), "closed"));
+}
+
+TEST(FileLibPosix, APipeIsWrittenDirectly)
+{
+    const TempFolder folder;
+    const std::string sPipe = folder.Path() + "/pipe";
+    ASSERT_EQ(mkfifo(sPipe.c_str(), 0600), 0);
+    std::string sRead;
+    std::thread reader([&] {
+        std::ifstream stm(sPipe, std::ios::binary);
+        std::getline(stm, sRead);
+    });
+    EXPECT_TRUE(FileReplace(sPipe, "through\n"));
+    reader.join();
+    EXPECT_EQ(sRead, "through");
+}
+
+TEST(FileLibPosix, OneFileUnderTwoNamesIsTheSame)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Write("a.txt", "");
+    const std::string sLink = folder.Path() + "/link";
+    fs::create_symlink(sFile, sLink);
+    EXPECT_TRUE(FileSame(sFile, sLink));
+    EXPECT_TRUE(FileSame(sFile, folder.Path() + "/./a.txt"));
+    EXPECT_FALSE(FileSame(sFile, folder.Write("b.txt", "")));
+    EXPECT_FALSE(FileSame(sFile, folder.Path() + "/none"));
 }
 
 }  // namespace

@@ -1,12 +1,15 @@
 // The rules that our own reader and writer add to those of the Windows calls.
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "support/Faults.h"
 #include "support/TempFolder.h"
@@ -149,6 +152,72 @@ TEST(PrivateProfilePosix, AFileCutAnywhereIsReadAndWritten)
         EXPECT_EQ(sNew.substr(0, std::min<std::size_t>(n, 22)),
                   sWhole.substr(0, std::min<std::size_t>(n, 22)));
     }
+}
+
+TEST(PrivateProfilePosix, ManyKeysAtOnceGiveTheBytesOfOneAfterTheOther)
+{
+    const std::vector<PrivateProfileValue> aValue{
+        {"Data", "Key", "1"}, {"New", "A", "2"},    {"data", "b", "3"}, {"Other", "Key", "4"},
+        {"New", "B", "5"},    {"Data", "KEY", "6"}, {"New", "a", "7"},  {"Last", "C", "8"}};
+    for (const std::string sBefore :
+         {"", "\xEF\xBB\xBF", "; c", "[Data]", "[Data]\nb=\n\n",
+          "[Other]\r\nKey=x\r\n\r\n[Data]\r\n", "[Data]\rKey = \"old\" \r[Other]\r",
+          "[Data]\nA=1\n[Data]\nKey=2\n[Other", "=\n[]\n=1\n", "[Other]\n\n\n[Data]\nKey=1\n\n\n",
+          "[Data]\nKey="}) {
+        const TempFolder folder;
+        const std::string sOne = folder.Write("one.ini", sBefore);
+        const std::string sAll = folder.Write("all.ini", sBefore);
+        for (const PrivateProfileValue& value : aValue)
+            EXPECT_EQ(PrivateProfileWrite(value.sSection, value.sKey, value.sValue, sOne), 0);
+        EXPECT_EQ(PrivateProfileWriteAll(aValue, sAll), 0);
+        EXPECT_EQ(BytesRead(sAll), BytesRead(sOne)) << sBefore;
+        for (const PrivateProfileValue& value :
+             {aValue[2], aValue[3], aValue[4], aValue[5], aValue[7]})
+            EXPECT_EQ(PrivateProfileGet(value.sSection, value.sKey, "", kBuffer, sAll),
+                      value.sValue)
+                << sBefore;
+    }
+}
+
+TEST(PrivateProfilePosix, ManyKeysReplaceTheFileOnce)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Write("a.ini", "");
+    const int nWatch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    ASSERT_GE(nWatch, 0);
+    ASSERT_GE(inotify_add_watch(nWatch, folder.Path().c_str(), IN_MOVED_TO), 0);
+    EXPECT_EQ(PrivateProfileWriteAll(
+                  std::vector<PrivateProfileValue>{{"A", "1", "x"}, {"B", "2", "y"}}, sFile),
+              0);
+    alignas(inotify_event) std::array<char, 4096> aEvents{};
+    const ssize_t nRead = read(nWatch, aEvents.data(), aEvents.size());
+    close(nWatch);
+    ASSERT_GT(nRead, 0);
+    const auto* pEvent = reinterpret_cast<const inotify_event*>(aEvents.data());
+    EXPECT_EQ(static_cast<std::size_t>(nRead), sizeof(inotify_event) + pEvent->len) << "one event";
+}
+
+TEST(PrivateProfilePosix, AUtf16FileIsReadAndStaysOne)
+{
+    const TempFolder folder;
+    using namespace std::string_literals;
+    const std::string sFile = folder.Write(
+        "a.ini", "\xFF\xFE[\0D\0a\0t\0a\0]\0\n\0K\0e\0y\0=\0\xB0\0\x3D\xD8\x00\xDE\n\0"s);
+    EXPECT_EQ(KeyGet(sFile), "\xC2\xB0\xF0\x9F\x98\x80");
+    EXPECT_EQ(KeyWrite(sFile, "\xF0\x9F\x98\x80"), 0);
+    EXPECT_EQ(BytesRead(sFile), "\xFF\xFE[\0D\0a\0t\0a\0]\0\n\0K\0e\0y\0=\0\x3D\xD8\x00\xDE\n\0"s);
+    const std::string sBig =
+        folder.Write("b.ini", "\xFE\xFF\0[\0D\0a\0t\0a\0]\0\n\0K\0e\0y\0=\0x\xD8\x00\0\n\0"s);
+    EXPECT_EQ(KeyGet(sBig), "x\xEF\xBF\xBD") << "half a pair is replaced, half a unit dropped";
+}
+
+TEST(PrivateProfilePosix, APipeIsNeverWrittenTo)
+{
+    const TempFolder folder;
+    const std::string sPipe = folder.Path() + "/pipe";
+    ASSERT_EQ(mkfifo(sPipe.c_str(), 0600), 0);
+    EXPECT_EQ(KeyWrite(sPipe, "new"), ENXIO);
+    EXPECT_EQ(KeyGet(sPipe), "") << "nor waited for, where it was not named by the user";
 }
 
 }  // namespace
