@@ -104,6 +104,11 @@ int main(int nCount, char** pArguments)
                 stderr);
             return kUsage;
         }
+        if (tbl.aFiles[0] == tbl.aFiles[1] || FileSame(tbl.aFiles[0], tbl.aFiles[1])) {
+            std::fprintf(stderr, "hopcast-p533: %s is the input too; name another output\n",
+                         tbl.aFiles[1].c_str());
+            return kUsage;
+        }
         const Result<void> resRun = TableRun(tbl);
         if (resRun)
             return 0;

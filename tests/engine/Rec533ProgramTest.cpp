@@ -217,7 +217,7 @@ TEST(Rec533Program, AFolderThatTakesNoFileIsToldWithTheReason)
     EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 1u);  // the temporary file is gone
 }
 
-TEST(Rec533Program, AFullDiskKeepsTheOldOutputAndLeavesNoRest)
+TEST(Rec533Program, AFullDiskLeavesNoOutputAndNoRest)
 {
     TempFolder tmp;
     tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
@@ -227,8 +227,7 @@ TEST(Rec533Program, AFullDiskKeepsTheOldOutputAndLeavesNoRest)
                                         "trap '' XFSZ; ulimit -f 4; ");
     EXPECT_EQ(tbl.nStatus, 2);
     EXPECT_NE(tbl.sError.find("Disk full"), std::string::npos) << tbl.sError;
-    EXPECT_EQ(BytesRead(tmp.Path("RUN/sound.out")), "old");
-    EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 2u);
+    EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 1u) << "the deck alone";
 }
 
 TEST(Rec533Program, ALinkOrANamedPipeInThePlaceOfItsTemporaryFileIsReplaced)
@@ -267,6 +266,36 @@ TEST(P533Program, ComputesTheReferenceTable)
     EXPECT_EQ(EngineRun("hopcast-p533", "one.csv").nStatus, 2);
     EXPECT_EQ(EngineRun("hopcast-p533", "'" + tmp.Path("none.csv") + "' '" + sOut + "'").nStatus,
               1);
+}
+
+TEST(Rec533Program, ARefusedDeckLeavesNoOldOutput)
+{
+    for (const Slot* pSlot : {&kPointSlot, &kAreaSlot}) {
+        TempFolder tmp;
+        tmp.Write(pSlot->sDeckFile, "rubbish");
+        const std::string sOutput = tmp.Write(pSlot->sOutput, "old");
+        EXPECT_EQ(SlotRun(tmp, *pSlot).nStatus, 2);
+        EXPECT_FALSE(fs::exists(sOutput));
+        EXPECT_EQ(BytesRead(tmp.Path(pSlot->sDeckFile)), "rubbish");
+    }
+    TempFolder tmp;
+    const std::string sDeck = tmp.Write("RUN/sound.dat", DeckOf(kPointSlot.sDeck));
+    fs::create_symlink("sound.dat", tmp.Path("RUN/sound.out"));
+    EXPECT_EQ(SlotRun(tmp, kPointSlot).nStatus, 2);
+    EXPECT_EQ(BytesRead(sDeck), DeckOf(kPointSlot.sDeck)) << "a link to the deck is the deck";
+}
+
+TEST(P533Program, NeverOverwritesItsInput)
+{
+    TempFolder tmp;
+    const std::string sTable = tmp.Write("in.csv", "a table");
+    fs::create_symlink(sTable, tmp.Path("link.csv"));
+    for (const std::string& sOut : {sTable, tmp.Path() + "/./in.csv", tmp.Path("link.csv")}) {
+        const ProgramResult tbl = EngineRun("hopcast-p533", "'" + sTable + "' '" + sOut + "'");
+        EXPECT_EQ(tbl.nStatus, 2) << sOut;
+        EXPECT_NE(tbl.sError.find("is the input too"), std::string::npos) << tbl.sError;
+        EXPECT_EQ(BytesRead(sTable), "a table");
+    }
 }
 
 }  // namespace

@@ -60,16 +60,22 @@ template <class MakeFn>
 Result<void> DeckRun(const std::string& sFolder, const std::string& sDeck,
                      const std::string& sOutput, MakeFn fnMake)
 {
-    if (sDeck == sOutput)
-        return RunError{sDeck + ", named as the output too"};
     const std::string sPath = PathJoin(sFolder, sDeck);
+    const std::string sOutputPath = PathJoin(sFolder, sOutput);
+    if (sDeck == sOutput || FileSame(sPath, sOutputPath))
+        return RunError{sDeck + ", named as the output too"};
+    // An old output behind a refused deck would pass for the new one.
+    if (FileExists(sOutputPath)) {
+        if (const Result<void> resRemoved = FileDelete(sOutputPath); !resRemoved)
+            return RunError{sOutputPath + ", " + resRemoved.TextGet()};
+    }
     const Result<std::string> resDeck = FileRead(sPath, kDeckMost);
     if (!resDeck)
         return RunError{sPath + ", " + resDeck.TextGet()};
     const Result<std::string> resText = fnMake(resDeck.ValueGet());
     if (!resText)
         return RunError{sDeck + ", " + resText.TextGet()};
-    return OutputWrite(PathJoin(sFolder, sOutput), resText.ValueGet());
+    return OutputWrite(sOutputPath, resText.ValueGet());
 }
 
 }  // namespace

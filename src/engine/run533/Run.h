@@ -2,7 +2,7 @@
 /// A run of the program: deck in, output out.
 ///
 /// Paths:   ROOT/RUN/DECK to ROOT/RUN/OUTPUT; ROOT/areadata/DECK to the same name ending in .rg1.
-/// Errors:  one line for the user; no output file is left behind or touched then.
+/// Errors:  one line for the user; no output file is left behind then, an old one neither.
 /// Tests:   tests/engine/OutputTest.cpp (library), tests/engine/Rec533ProgramTest.cpp (program)
 #pragma once
 
