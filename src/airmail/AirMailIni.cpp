@@ -24,6 +24,11 @@ std::string AirMailIniGet(const std::string& sFile, const std::string& sSection,
     return sValue;
 }
 
+std::string AirMailIniPlaceGet(const std::string& sSection, const std::string& sKey)
+{
+    return AirMailPathGet(AirMailDataFolderGet(), kAirMailIniFile) + ", [" + sSection + "] " + sKey;
+}
+
 std::string AirMailFolderHint()
 {
     return "\r\rPlease check that the AirMail Data folder \""

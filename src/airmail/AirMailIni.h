@@ -18,6 +18,10 @@ inline constexpr const char* kAirMailIniFile = "Airmail.ini";
 [[nodiscard]] std::string AirMailIniGet(const std::string& sFile, const std::string& sSection,
                                         const std::string& sKey, bool bShowError);
 
+/// Airmail's own file and a key of it, for messages: "C:\Program Files\AirMail\Airmail.ini,
+/// [Propagation] SSN".
+[[nodiscard]] std::string AirMailIniPlaceGet(const std::string& sSection, const std::string& sKey);
+
 /// Two carriage returns, then the request to check the data folder, which it names.
 [[nodiscard]] std::string AirMailFolderHint();
 

@@ -4,7 +4,9 @@
 
 #include "airmail/AirMailIni.h"
 #include "geo/MathLib.h"
+#include "system/MsgLib.h"
 #include "system/NumberLib.h"
+#include "system/TextLib.h"
 
 namespace {
 
@@ -21,17 +23,34 @@ constexpr std::array kPlaces{
     Place{"Propagation", "Latitude", "Longitude", nullptr},
 };
 
+/// A value out of range counts as one that cannot be decoded, and is told as one.
+bool RangeCheck(const Place& place, const char* sKey, const std::string& sText, bool bInRange,
+                bool bShowError, std::string* psFault)
+{
+    if (bInRange)
+        return true;
+    const std::string sFault = AirMailIniPlaceGet(place.sSection, sKey) + ": "
+                               + TextPrintable(sText) + " lies out of range";
+    if (psFault && psFault->empty())
+        *psFault = sFault;
+    return bShowError && MsgFail(MsgIcon::Exclamation, sFault);
+}
+
 Result<bool> PlaceRead(const Place& place, double& dLatitude, double& dLongitude, DateTime& dtTime,
-                       bool bShowError)
+                       bool bShowError, std::string* psFault)
 {
     const auto ValueGet = [&](const char* sKey) {
         return AirMailIniGet(kAirMailIniFile, place.sSection, sKey, bShowError);
     };
     const std::string sLatitude = ValueGet(place.sLatitude);
-    if (sLatitude.empty() || !TextToLatitude(sLatitude, dLatitude, bShowError))
+    if (sLatitude.empty() || !TextToLatitude(sLatitude, dLatitude, bShowError)
+        || !RangeCheck(place, place.sLatitude, sLatitude, PositionInRange(dLatitude, 0), bShowError,
+                       psFault))
         return false;
     const std::string sLongitude = ValueGet(place.sLongitude);
-    if (sLongitude.empty() || !TextToLongitude(sLongitude, dLongitude, bShowError))
+    if (sLongitude.empty() || !TextToLongitude(sLongitude, dLongitude, bShowError)
+        || !RangeCheck(place, place.sLongitude, sLongitude, PositionInRange(0, dLongitude),
+                       bShowError, psFault))
         return false;
     if (!place.sTime)
         return true;
@@ -48,12 +67,13 @@ Result<bool> PlaceRead(const Place& place, double& dLatitude, double& dLongitude
 }  // namespace
 
 Result<bool> AirMailPositionGet(double& dLatitude, double& dLongitude, DateTime& dtTime,
-                                bool bShowError)
+                                bool bShowError, std::string* psFault)
 {
     dtTime = {};
     for (const Place& place : kPlaces) {
         const bool bLast = &place == &kPlaces.back();
-        auto resFound = PlaceRead(place, dLatitude, dLongitude, dtTime, bLast && bShowError);
+        auto resFound =
+            PlaceRead(place, dLatitude, dLongitude, dtTime, bLast && bShowError, psFault);
         if (!resFound || resFound.ValueGet())
             return resFound;
     }

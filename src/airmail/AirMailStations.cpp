@@ -5,6 +5,7 @@
 #include "airmail/AirMailFolders.h"
 #include "airmail/AirMailIni.h"
 #include "airmail/GridSquareLib.h"
+#include "geo/MathLib.h"
 #include "system/FileLib.h"
 #include "system/MsgLib.h"
 #include "system/RunErrorText.h"
@@ -83,7 +84,8 @@ bool AirMailGetStations(const std::string& sSystem, int& nCount, TextList& asKey
 }
 
 Result<bool> AirMailStationPosition(const std::string& sSystem, const std::string& sKey,
-                                    double& dLatitude, double& dLongitude, bool bShowError)
+                                    double& dLatitude, double& dLongitude, bool bShowError,
+                                    std::string* psFault)
 {
     const std::string sEntry = EntryGet(sSystem, sKey, bShowError);
     if (sEntry.empty())
@@ -92,7 +94,21 @@ Result<bool> AirMailStationPosition(const std::string& sSystem, const std::strin
     if (nColon == std::string::npos)
         return RunError{kInvalidCall};
     std::string sGrid = sEntry.substr(0, nColon);
-    return GridSquareToPosition(sGrid, dLatitude, dLongitude, true);
+    double dLat = 0.0;
+    double dLon = 0.0;
+    if (!GridSquareToPosition(sGrid, dLat, dLon, true))
+        return false;
+    if (!PositionInRange(dLat, dLon)) {
+        const std::string sFault = AirMailPathGet(AirMailDataFolderGet(), StationFileName(sSystem))
+                                   + ", [" + kSection + "] " + sKey + ": " + TextPrintable(sGrid)
+                                   + " lies out of range";
+        if (psFault)
+            *psFault = sFault;
+        return bShowError && MsgFail(MsgIcon::Exclamation, sFault);
+    }
+    dLatitude = dLat;
+    dLongitude = dLon;
+    return true;
 }
 
 std::string AirMailStationDescription(const std::string& sSystem, const std::string& sKey,

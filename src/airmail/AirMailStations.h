@@ -45,10 +45,13 @@ bool AirMailGetStations(const std::string& sSystem, int& nCount, TextList& asKey
 
 /// The position of a station by the grid square of its entry.
 /// @param bShowError  a box tells a missing entry; a grid that cannot be converted is always told.
+/// @param psFault     where it is not null: receives file, key and grid of a position out of range
+///                    (PositionInRange), which counts as none; a box tells it with bShowError.
 /// @return true when found, else the outputs are untouched; "Invalid procedure call or argument"
 ///         for an entry without ":", which no box has told yet.
 Result<bool> AirMailStationPosition(const std::string& sSystem, const std::string& sKey,
-                                    double& dLatitude, double& dLongitude, bool bShowError);
+                                    double& dLatitude, double& dLongitude, bool bShowError,
+                                    std::string* psFault = nullptr);
 
 /// The entry's text between its first ":" and its first ";" (or its end); empty without a ":".
 /// @param bShowError  a box tells a missing entry.

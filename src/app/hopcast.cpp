@@ -8,11 +8,15 @@
 #include <string>
 #include <vector>
 
+#include "settings/ProfileLib.h"
 #include "system/ClockLib.h"
 #include "system/ConsoleLib.h"
 #include "system/EngineRootLib.h"
 #include "system/LeftoverLib.h"
 #include "system/MsgLib.h"
+#include "system/PathLib.h"
+#include "system/PrivateProfileLib.h"
+#include "system/RunErrorText.h"
 #include "system/SignalLib.h"
 #include "ui/common/MsgWindow.h"
 #include "ui/main/frmMain.h"
@@ -114,6 +118,8 @@ int WindowRun(QApplication& app, const Options& options)
         // Windows looks for a profile without a folder in its own.
         const QFileInfo info(QString::fromStdString(*options.sProfile));
         frm.m_settings.m_sProfileFile = info.absoluteFilePath().toStdString();
+        if (PrivateProfileCheck(frm.m_settings.m_sProfileFile).TextGet() == kFileNotFound)
+            ProfileShippedSet(frm.m_settings);
     }
     LeftoversRemove(QFileInfo(QString::fromStdString(frm.m_settings.m_sProfileFile))
                         .absolutePath()
@@ -122,6 +128,19 @@ int WindowRun(QApplication& app, const Options& options)
         OnceSetUp(frm);
     frm.show();
     return app.exec();
+}
+
+/// What keeps the program from starting as it was asked to; empty when nothing does.
+std::string ProblemGet(const Options& options)
+{
+    if (std::string sHome = HomeFolderProblemGet(); !sHome.empty())
+        return sHome;
+    if (!options.sProfile)
+        return {};
+    const QFileInfo info(QString::fromStdString(*options.sProfile));
+    const std::string sWhy = PrivateProfileCheck(info.absoluteFilePath().toStdString()).TextGet();
+    return sWhy.empty() || sWhy == kFileNotFound ? std::string()
+                                                 : "--profile: " + sWhy + ", " + *options.sProfile;
 }
 
 /// The words that the toolkit has left.
@@ -153,7 +172,9 @@ int main(int nArguments, char** asArguments)
         MsgBox(MsgIcon::None, sAnswer);
         return 0;
     }
-    const Options options = OptionsGet(WordsGet());
+    Options options = OptionsGet(WordsGet());
+    if (options.sError.empty())
+        options.sError = ProblemGet(options);
     if (!options.sError.empty()) {
         if (bConsole)
             std::fprintf(stderr, "hopcast: %s\n", options.sError.c_str());

@@ -11,6 +11,7 @@
 #include "system/EngineRootLib.h"
 #include "system/FileLib.h"
 #include "system/MsgLib.h"
+#include "system/PathLib.h"
 #include "system/SignalLib.h"
 #include "system/TextLib.h"
 
@@ -65,6 +66,8 @@ int main(int nArguments, char** asArguments)
         return PrintOut(PredictHelpGet());
     if (options.bVersion)
         return PrintOut("hopcast-predict " HOPCAST_VERSION "\n");
+    if (const std::string sHome = HomeFolderProblemGet(); !sHome.empty())
+        return Fail(kExitUsage, sHome);
 
     MsgSetHandler([](MsgIcon, const std::string& sText) { Fail(kExitFailed, sText); });
     const auto resRoot = EngineRootProvision();

@@ -15,6 +15,16 @@
 
 #include "system/Result.h"
 
+/// Greatest latitude and longitude, degrees, either way. The conversions below check neither.
+inline constexpr double kLatitudeMost = 90.0;
+inline constexpr double kLongitudeMost = 180.0;
+/// False beyond them, and for not-a-number.
+[[nodiscard]] constexpr bool PositionInRange(double dLatitude, double dLongitude)
+{
+    return dLatitude >= -kLatitudeMost && dLatitude <= kLatitudeMost
+           && dLongitude >= -kLongitudeMost && dLongitude <= kLongitudeMost;
+}
+
 /// The value of pi that all angle conversions here use.
 inline constexpr double kPi = 3.14159265358979;
 

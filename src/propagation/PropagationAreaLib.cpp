@@ -60,6 +60,8 @@ bool PropagationAreaOpen(const PropagationAreaInput& input, AreaFile& file)
     const Engine* pEngine = EngineFind(input.iModel);
     if (pEngine == nullptr)
         return AreaFail(kInvalidCall);
+    if (const auto resRange = RangeCheck(input); !resRange)
+        return AreaFail(resRange.TextGet());
     const AttemptTimer timer(input.nGridSize);
     auto resLock = EngineLockTake(timer);
     if (!resLock)

@@ -1,6 +1,11 @@
 #include "propagation/PropagationInput.h"
 
 #include <algorithm>
+#include <initializer_list>
+#include <string>
+
+#include "settings/SettingsRange.h"
+#include "system/NumberLib.h"
 
 namespace {
 
@@ -22,6 +27,46 @@ void ModelFill(const Settings& settings, PropagationModel& model)
     model.fLayerAdjustF2 = settings.m_fPropagationLayerAdjustF2;
     model.fLayerAdjustEs = settings.m_fPropagationLayerAdjustEs;
     model.iAntennaType = settings.m_iPropagationAntennaType;
+}
+
+/// One number of a run with its name.
+struct Ranged {
+    Ranged(const char* sOf, double dOf, const NumberRange& rangeOf)
+        : sName(sOf), bHolds(rangeOf.Holds(dOf)), sFault(bHolds ? "" : RangeFaultText(dOf, rangeOf))
+    {
+    }
+    Ranged(const char* sOf, float fOf, const NumberRange& rangeOf)
+        : sName(sOf), bHolds(rangeOf.Holds(fOf)), sFault(bHolds ? "" : RangeFaultText(fOf, rangeOf))
+    {
+    }
+    const char* sName;
+    bool bHolds;
+    std::string sFault;
+};
+
+Result<void> RangedCheck(std::initializer_list<Ranged> aNumber)
+{
+    for (const Ranged& num : aNumber) {
+        if (!num.bHolds)
+            return RunError{std::string(num.sName) + " " + num.sFault};
+    }
+    return {};
+}
+
+/// @param fNoise  dBW, negative
+Result<void> ModelCheck(const PropagationModel& model, float fNoise)
+{
+    return RangedCheck({{"month", static_cast<double>(model.nMonth), kRangeMonth},
+                        {"sunspot number", model.fSunSpotNumber, kRangeSunSpot},
+                        {"noise level", fNoise, kRangeNoise},
+                        {"takeoff angle", model.fTakeoffAngle, kRangeTakeoff},
+                        {"reliability", model.fReliability, kRangeReliability},
+                        {"multipath power", model.fMultipathPower, kRangeMultipathPower},
+                        {"multipath delay", model.fMultipathDelay, kRangeMultipathDelay},
+                        {"layer factor", model.fLayerAdjustE, kRangeLayer},
+                        {"layer factor", model.fLayerAdjustF1, kRangeLayer},
+                        {"layer factor", model.fLayerAdjustF2, kRangeLayer},
+                        {"layer factor", model.fLayerAdjustEs, kRangeLayer}});
 }
 
 }  // namespace
@@ -51,4 +96,39 @@ PropagationAreaInput PropagationAreaInputFromSettings(const Settings& settings)
     input.dFixedLon = settings.m_dRcLon;
     input.nGridSize = std::clamp(settings.m_iMapOverlayGridSize, kGridSizeMin, kGridSizeMax);
     return input;
+}
+
+Result<void> RangeCheck(const PropagationInput& input)
+{
+    if (auto res = RangedCheck({{"latitude", input.dTxLat, kRangeLatitude},
+                                {"longitude", input.dTxLon, kRangeLongitude},
+                                {"latitude", input.dRcLat, kRangeLatitude},
+                                {"longitude", input.dRcLon, kRangeLongitude},
+                                {"Q index", input.fQIndex, kRangeQIndex}});
+        !res)
+        return res;
+    return ModelCheck(input, input.fNoiseLevel);
+}
+
+Result<void> RangeCheck(const PropagationAreaInput& input)
+{
+    constexpr double kKhzPerMhz = 1000.0;
+    // Single-precision MHz: the bounds themselves may miss by their last digit.
+    const auto dKhz = static_cast<double>(RoundHalfEven(input.fFrequency * kKhzPerMhz));
+    if (auto res = RangedCheck({{"latitude", input.dFixedLat, kRangeLatitude},
+                                {"longitude", input.dFixedLon, kRangeLongitude},
+                                {"frequency", dKhz, kRangeFrequency}});
+        !res)
+        return res;
+    return ModelCheck(input, -input.fNoiseLevel);
+}
+
+std::vector<int> FrequenciesInRangeGet(const PropagationInput& input)
+{
+    std::vector<int> aiFrequency;
+    for (int i = 1; i <= input.nData; ++i) {
+        if (kRangeFrequency.Holds(input.FrequencyGet(i)))
+            aiFrequency.push_back(i);
+    }
+    return aiFrequency;
 }

@@ -3,7 +3,8 @@
 /// from.
 ///
 /// Units:   degrees (north and east positive), kHz, dBW, dB, ms, %; MHz for an area's frequency.
-/// Domain:  nothing is checked here; a value that does not fit its field fails the deck.
+/// Domain:  as in SettingsRange.h; a run asks RangeCheck first, so that no engine meets another
+///          value. A value that does not fit its field fails the deck.
 /// Tests:   tests/propagation/PropagationInputTest.cpp
 #pragma once
 
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "settings/Settings.h"
+#include "system/Result.h"
 
 enum class SunSpotSource { Typed, AirMail };
 
@@ -61,6 +63,15 @@ struct PropagationAreaInput : PropagationModel {
     double dFixedLon = 0.0;
     float fFrequency = 0.0F;  ///< MHz
 };
+
+/// What lies out of range (positions, month and numbers; frequencies are left out of the run
+/// instead), in words: "latitude 95 lies outside -90 to 90".
+Result<void> RangeCheck(const PropagationInput& input);
+/// The same for an area, its frequency too.
+Result<void> RangeCheck(const PropagationAreaInput& input);
+
+/// The indices 1..nData whose frequencies are in range, in their order.
+[[nodiscard]] std::vector<int> FrequenciesInRangeGet(const PropagationInput& input);
 
 /// Grid points a side that an overlay takes, whatever the setting holds.
 inline constexpr int kGridSizeMin = 2;

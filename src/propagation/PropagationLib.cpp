@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "propagation/DeckLib.h"
 #include "propagation/EngineRun.h"
@@ -49,9 +51,13 @@ bool Fail(const RunTask& task, std::string_view sStage, const std::string& sErro
 Result<std::string> DeckMake(const RunTask& task)
 {
     const int nYear = LocalNow().nYear;
-    if (task.m_input.iModel == kEngineRec533)
-        return DeckRec533(task.m_input, task.iFirst, task.iLast, nYear);
-    return DeckIcepacVoacap(task.m_input, task.iFirst, task.iLast, nYear);
+    Result<std::string> resDeck =
+        task.m_input.iModel == kEngineRec533
+            ? DeckRec533(task.m_input, task.iFirst, task.iLast, nYear)
+            : DeckIcepacVoacap(task.m_input, task.iFirst, task.iLast, nYear);
+    if (const auto resRange = RangeCheck(task.m_input); resDeck && !resRange)
+        return resRange.ErrorGet();
+    return resDeck;
 }
 
 Result<void> OutputRead(const RunTask& task)
@@ -108,7 +114,9 @@ bool PropagationRec533(const PropagationInput& input, int iFirst, int iLast, boo
     return ChunkRun({input, iFirst, iLast, bShowError, table}, kRec533Texts);
 }
 
-bool PropagationRun(const PropagationInput& input, PropagationTable& table)
+namespace {
+
+bool ChunksRun(const PropagationInput& input, PropagationTable& table)
 {
     table.input = input;
     bool bOk = false;
@@ -133,4 +141,54 @@ bool PropagationRun(const PropagationInput& input, PropagationTable& table)
     }
     table.bBuiltIn = bOk && EngineIsHopcasts(input.iModel);
     return bOk;  // of the last chunk, whatever became of those before; intended
+}
+
+/// The input with some of its frequencies.
+PropagationInput FrequenciesKeep(PropagationInput input, const std::vector<int>& aiFrequency)
+{
+    std::vector<float> afKept{0.0F};
+    for (const int i : aiFrequency) afKept.push_back(input.FrequencyGet(i));
+    input.nData = static_cast<int>(aiFrequency.size());
+    input.afFrequency = std::move(afKept);
+    return input;
+}
+
+/// Brings the rows of a run back to their frequencies.
+void RowsSpread(const PropagationTable& tableRun, const std::vector<int>& aiFrequency,
+                PropagationTable& table)
+{
+    table.fMUF = tableRun.fMUF;
+    table.fLUF = tableRun.fLUF;
+    table.fAzimuthTxRc = tableRun.fAzimuthTxRc;
+    table.fAzimuthRcTx = tableRun.fAzimuthRcTx;
+    table.fRange = tableRun.fRange;
+    for (int iRun = 1; iRun <= tableRun.nData; ++iRun) {
+        const int i = aiFrequency[static_cast<std::size_t>(iRun - 1)];
+        for (int iHour = 0; iHour <= kHourCount; ++iHour) {
+            table.sLayer(iHour, i) = tableRun.sLayer(iHour, iRun);
+            table.fTakeoffAngle(iHour, i) = tableRun.fTakeoffAngle(iHour, iRun);
+            table.fTimeDelay(iHour, i) = tableRun.fTimeDelay(iHour, iRun);
+            table.fVirtualHeight(iHour, i) = tableRun.fVirtualHeight(iHour, iRun);
+            table.fSdBW(iHour, i) = tableRun.fSdBW(iHour, iRun);
+            table.fNdBW(iHour, i) = tableRun.fNdBW(iHour, iRun);
+            table.fSnr(iHour, i) = tableRun.fSnr(iHour, iRun);
+        }
+        table.PresentSet(i, i, tableRun.PresentIs(iRun));
+    }
+}
+
+}  // namespace
+
+bool PropagationRun(const PropagationInput& input, PropagationTable& table)
+{
+    const std::vector<int> aiRun = FrequenciesInRangeGet(input);
+    if (static_cast<int>(aiRun.size()) == input.nData)
+        return ChunksRun(input, table);
+    const PropagationInput inputRun = FrequenciesKeep(input, aiRun);
+    PropagationTable tableRun(inputRun.nData);
+    const bool bOk = ChunksRun(inputRun, tableRun);
+    RowsSpread(tableRun, aiRun, table);
+    table.input = input;
+    table.bBuiltIn = tableRun.bBuiltIn;
+    return bOk;
 }

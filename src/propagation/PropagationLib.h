@@ -13,10 +13,10 @@
 
 /// Runs the input's engine on the frequency list in chunks of at most 10, each at most twice:
 /// silently first, then with messages. A chunk that fails twice leaves its cells as they are and
-/// its frequencies absent (PropagationTable::PresentIs), and the next one runs all the same. The
-/// table keeps the input.
+/// its frequencies absent (PropagationTable::PresentIs), and the next one runs all the same. A
+/// frequency out of range is left out of the chunks and absent too. The table keeps the input.
 /// @param table  at least input.nData frequencies wide
-/// @return the result of the last chunk; false at once without frequencies.
+/// @return the result of the last chunk; false at once without frequencies in range.
 bool PropagationRun(const PropagationInput& input, PropagationTable& table);
 
 /// One chunk on ICEPAC or VOACAP.

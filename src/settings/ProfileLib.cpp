@@ -1,11 +1,15 @@
 #include "settings/ProfileLib.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "airmail/AirMailFolders.h"
+#include "settings/SettingsRange.h"
 #include "system/ErrorTextLib.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
@@ -40,7 +44,7 @@ std::string FrequencyKey(int iIndex) { return "Frequency " + NumberToText(iIndex
 /// Reads keys of one file into members; what is missing or unreadable leaves them alone.
 class Reader {
 public:
-    explicit Reader(std::string sFile) : m_sFile(std::move(sFile)) {}
+    explicit Reader(PrivateProfile file) : m_file(std::move(file)) {}
 
     void Text(const char* sSection, const char* sKey, std::string& sValue) const
     {
@@ -61,6 +65,15 @@ public:
         const auto res = NumberFromTextLenient(Get(sSection, sKey));
         if (res && std::abs(res.ValueGet()) <= std::numeric_limits<float>::max())
             fValue = static_cast<float>(res.ValueGet());
+    }
+
+    /// A member with a range; a number too great for it is the greatest, which is out of range too.
+    void Ranged(const char* sKey, float& fValue) const
+    {
+        constexpr double kMost = std::numeric_limits<float>::max();
+        const auto res = NumberFromTextLenient(Get(kModel, sKey));
+        if (res && std::isfinite(res.ValueGet()))
+            fValue = static_cast<float>(std::clamp(res.ValueGet(), -kMost, kMost));
     }
 
     void Integer(const char* sSection, const char* sKey, int& iValue) const
@@ -85,11 +98,11 @@ public:
 
     [[nodiscard]] std::string Get(const char* sSection, const std::string& sKey) const
     {
-        return PrivateProfileGet(sSection, sKey, "", kBufferSize, m_sFile);
+        return m_file.Get(sSection, sKey, "", kBufferSize);
     }
 
 private:
-    std::string m_sFile;
+    PrivateProfile m_file;
 };
 
 void FrequenciesLoad(const Reader& reader, Settings& settings)
@@ -108,21 +121,21 @@ void ModelLoad(const Reader& reader, Settings& settings)
 {
     reader.Integer(kModel, "Antenna Type", settings.m_iPropagationAntennaType);
     reader.Text(kModel, kCoefficientsRead, settings.m_sPropagationIonCoefficients);
-    reader.Single(kModel, "Layer Adjust E", settings.m_fPropagationLayerAdjustE);
-    reader.Single(kModel, "Layer Adjust Es", settings.m_fPropagationLayerAdjustEs);
-    reader.Single(kModel, "Layer Adjust F1", settings.m_fPropagationLayerAdjustF1);
-    reader.Single(kModel, "Layer Adjust F2", settings.m_fPropagationLayerAdjustF2);
+    reader.Ranged("Layer Adjust E", settings.m_fPropagationLayerAdjustE);
+    reader.Ranged("Layer Adjust Es", settings.m_fPropagationLayerAdjustEs);
+    reader.Ranged("Layer Adjust F1", settings.m_fPropagationLayerAdjustF1);
+    reader.Ranged("Layer Adjust F2", settings.m_fPropagationLayerAdjustF2);
     reader.Integer(kModel, "Model", settings.m_iPropagationModel);
     reader.Boolean(kModel, "Month Option", settings.m_bPropagationMonth);
     reader.Integer(kModel, "Month Number", settings.m_iPropagationMonth);
-    reader.Single(kModel, "Multipath Delay", settings.m_fPropagationMultipathDelay);
-    reader.Single(kModel, kMultipathPowerRead, settings.m_fPropagationMultipathPower);
-    reader.Single(kModel, "Noise Level", settings.m_fPropagationNoiseLevel);
-    reader.Single(kModel, "Q Index", settings.m_fPropagationQIndex);
-    reader.Single(kModel, kReliabilityRead, settings.m_fPropagationReliability);
+    reader.Ranged("Multipath Delay", settings.m_fPropagationMultipathDelay);
+    reader.Ranged(kMultipathPowerRead, settings.m_fPropagationMultipathPower);
+    reader.Ranged("Noise Level", settings.m_fPropagationNoiseLevel);
+    reader.Ranged("Q Index", settings.m_fPropagationQIndex);
+    reader.Ranged(kReliabilityRead, settings.m_fPropagationReliability);
     reader.Boolean(kModel, "SunSpot Option", settings.m_bPropagationSunSpotNumber);
-    reader.Single(kModel, "SunSpot Number", settings.m_fPropagationSunSpotNumber);
-    reader.Single(kModel, "Takeoff Angle", settings.m_fPropagationTakeoffAngle);
+    reader.Ranged("SunSpot Number", settings.m_fPropagationSunSpotNumber);
+    reader.Ranged("Takeoff Angle", settings.m_fPropagationTakeoffAngle);
 }
 
 void WindowLoad(const Reader& reader, const WindowApplyFn& fnWindowApply)
@@ -140,17 +153,73 @@ void WindowLoad(const Reader& reader, const WindowApplyFn& fnWindowApply)
     }
 }
 
-/// Writes keys to one file until one fails.
+struct RangedNumber {
+    const char* sKey;  // as it is read
+    float Settings::*pMember;
+};
+
+constexpr std::array<RangedNumber, 11> kRangedNumbers{{
+    {"Layer Adjust E", &Settings::m_fPropagationLayerAdjustE},
+    {"Layer Adjust Es", &Settings::m_fPropagationLayerAdjustEs},
+    {"Layer Adjust F1", &Settings::m_fPropagationLayerAdjustF1},
+    {"Layer Adjust F2", &Settings::m_fPropagationLayerAdjustF2},
+    {"Multipath Delay", &Settings::m_fPropagationMultipathDelay},
+    {kMultipathPowerRead, &Settings::m_fPropagationMultipathPower},
+    {"Noise Level", &Settings::m_fPropagationNoiseLevel},
+    {"Q Index", &Settings::m_fPropagationQIndex},
+    {kReliabilityRead, &Settings::m_fPropagationReliability},
+    {"SunSpot Number", &Settings::m_fPropagationSunSpotNumber},
+    {"Takeoff Angle", &Settings::m_fPropagationTakeoffAngle},
+}};
+
+struct RangedPlace {
+    const char* sSection;
+    double Settings::*pLat;
+    double Settings::*pLon;
+};
+
+constexpr std::array<RangedPlace, 2> kRangedPlaces{
+    {{kReceiver, &Settings::m_dRcLat, &Settings::m_dRcLon},
+     {kTransmitter, &Settings::m_dTxLat, &Settings::m_dTxLon}}};
+
+template <class T>
+std::string FaultText(const char* sSection, const std::string& sKey, T dValue,
+                      const NumberRange& range)
+{
+    return std::string("[") + sSection + "] " + sKey + ": " + RangeFaultText(dValue, range);
+}
+
+/// Puts back what lies out of range. @return a line for each value.
+std::vector<std::string> FaultsDrop(const Settings& before, Settings& settings)
+{
+    std::vector<std::string> asDropped;
+    const auto Holds = [&](const char* sSection, const char* sKey, auto dValue,
+                           const NumberRange& range) {
+        if (!range.Holds(dValue))
+            asDropped.push_back(FaultText(sSection, sKey, dValue, range));
+        return range.Holds(dValue);
+    };
+    for (const RangedNumber& num : kRangedNumbers) {
+        if (!Holds(kModel, num.sKey, settings.*num.pMember, SettingsRangeGet(num.pMember)))
+            settings.*num.pMember = before.*num.pMember;
+    }
+    for (const RangedPlace& place : kRangedPlaces) {
+        const bool bLat = Holds(place.sSection, "Latitude", settings.*place.pLat, kRangeLatitude);
+        const bool bLon = Holds(place.sSection, "Longitude", settings.*place.pLon, kRangeLongitude);
+        if (bLat && bLon)
+            continue;
+        settings.*place.pLat = before.*place.pLat;
+        settings.*place.pLon = before.*place.pLon;
+    }
+    return asDropped;
+}
+
+/// Gathers keys for one file.
 class Writer {
 public:
-    explicit Writer(const std::string& sFile) : m_sFile(sFile), m_nError(ProfileFolderMake(sFile))
-    {
-    }
-
     void Text(const char* sSection, const std::string& sKey, const std::string& sValue)
     {
-        if (m_nError == 0)
-            m_nError = PrivateProfileWrite(sSection, sKey, sValue, m_sFile);
+        m_aValue.push_back({sSection, sKey, sValue});
     }
     template <class T>
     void Number(const char* sSection, const std::string& sKey, T value)
@@ -161,11 +230,15 @@ public:
     {
         Text(sSection, sKey, bValue ? "True" : "False");
     }
-    [[nodiscard]] int ErrorGet() const { return m_nError; }
+    /// @return 0, or the system's error code.
+    [[nodiscard]] int Write(const std::string& sFile) const
+    {
+        const int nError = ProfileFolderMake(sFile);
+        return nError != 0 ? nError : PrivateProfileWriteAll(m_aValue, sFile);
+    }
 
 private:
-    std::string m_sFile;
-    int m_nError;
+    std::vector<PrivateProfileValue> m_aValue;
 };
 
 void ModelSave(Writer& writer, const Settings& settings)
@@ -199,9 +272,14 @@ void WindowSave(Writer& writer, const WindowData& window)
 
 }  // namespace
 
-void ProfileLoad(Settings& settings, const WindowApplyFn& fnWindowApply)
+Result<std::vector<std::string>> ProfileLoad(Settings& settings, const WindowApplyFn& fnWindowApply,
+                                             ProfileRanges eRanges)
 {
-    const Reader reader(ProfileFileToRead(settings.m_sProfileFile));
+    auto resFile = PrivateProfile::Open(ProfileFileToRead(settings.m_sProfileFile));
+    if (!resFile)
+        return resFile.ErrorGet();
+    const Reader reader(std::move(resFile.ValueGet()));
+    const Settings before = settings;
     std::string sFolder = AirMailDataFolderGet();
     reader.Text(kAirMail, "Directory Data", sFolder);
     AirMailDataFolderSet(sFolder);
@@ -217,12 +295,47 @@ void ProfileLoad(Settings& settings, const WindowApplyFn& fnWindowApply)
     reader.Integer(kTime, "Code", settings.m_iTimeCode);
     reader.Double(kTransmitter, "Latitude", settings.m_dTxLat);
     reader.Double(kTransmitter, "Longitude", settings.m_dTxLon);
+    std::vector<std::string> asDropped;
+    if (eRanges == ProfileRanges::Drop)
+        asDropped = FaultsDrop(before, settings);
     WindowLoad(reader, fnWindowApply);
+    return asDropped;
+}
+
+void ProfileShippedSet(Settings& settings)
+{
+    constexpr float kSunSpotNumber = 100.0F;
+    const std::string sProfileFile = settings.m_sProfileFile;
+    settings.Initialize();
+    settings.m_sProfileFile = sProfileFile;
+    settings.m_bPropagationSunSpotNumber = false;
+    settings.m_fPropagationSunSpotNumber = kSunSpotNumber;
+}
+
+std::vector<std::string> SettingsFaultsGet(const Settings& settings, bool bFrequencies)
+{
+    std::vector<std::string> asFault;
+    const auto Check = [&](const char* sSection, const std::string& sKey, auto dValue,
+                           const NumberRange& range) {
+        if (!range.Holds(dValue))
+            asFault.push_back(FaultText(sSection, sKey, dValue, range));
+    };
+    for (int i = 1; bFrequencies && i <= settings.m_nData; ++i)
+        Check(kFrequencies, FrequencyKey(i), settings.FrequencyGet(i), kRangeFrequency);
+    Check(kModel, "Model", static_cast<double>(settings.m_iPropagationModel), kRangeModel);
+    Check(kModel, "Month Number", static_cast<double>(settings.m_iPropagationMonth), kRangeMonth);
+    for (const RangedNumber& num : kRangedNumbers)
+        Check(kModel, num.sKey, settings.*num.pMember, SettingsRangeGet(num.pMember));
+    for (const RangedPlace& place : kRangedPlaces) {
+        Check(place.sSection, "Latitude", settings.*place.pLat, kRangeLatitude);
+        Check(place.sSection, "Longitude", settings.*place.pLon, kRangeLongitude);
+    }
+    return asFault;
 }
 
 bool ProfileSave(const Settings& settings, const std::optional<WindowData>& window)
 {
-    Writer writer(settings.m_sProfileFile);
+    Writer writer;
     writer.Text(kAirMail, "Directory Data", AirMailDataFolderGet());
     writer.Text(kAirMail, "Directory Program", AirMailProgramFolderGet());
     writer.Number(kMap, "Overlay Grid Size", settings.m_iMapOverlayGridSize);
@@ -238,10 +351,10 @@ bool ProfileSave(const Settings& settings, const std::optional<WindowData>& wind
     writer.Number(kTransmitter, "Longitude", settings.m_dTxLon);
     if (window)
         WindowSave(writer, *window);
-    if (writer.ErrorGet() == 0)
-        return true;
-    ProfileSaveError(settings, writer.ErrorGet());
-    return false;
+    const int nError = writer.Write(settings.m_sProfileFile);
+    if (nError != 0)
+        ProfileSaveError(settings, nError);
+    return nError == 0;
 }
 
 void ProfileSaveError(const Settings& settings, int nErrorCode)

@@ -1,16 +1,20 @@
 /// @file ProfileLib.h
 /// The profile: an initialisation file that keeps every setting, the frequency list, the two
-/// Airmail folders and the main window's place. Read and written key by key.
+/// Airmail folders and the main window's place. Outside Windows it is read once and written in one
+/// replacement, on Windows key by key.
 ///
 /// Units:   as in Settings; the window's place in twips (pixels times 15, of the outer frame).
-/// Errors:  loading reports nothing; saving shows one box (ProfileSaveError) and stops.
-/// Tests:   tests/settings/ProfileLibTest.cpp
+/// Errors:  loading shows no box, the caller is told; saving shows one (ProfileSaveError) and
+/// stops. Tests:   tests/settings/ProfileLibTest.cpp
 #pragma once
 
 #include <functional>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "settings/Settings.h"
+#include "system/Result.h"
 
 /// The main window's outer frame, twips.
 struct WindowData {
@@ -25,11 +29,30 @@ enum class WindowKey { Height, Left, Top, Width };
 /// height, left, top, width, each as soon as it is read.
 using WindowApplyFn = std::function<void(WindowKey eKey, float fTwips)>;
 
+/// Whether values out of range (SettingsRange.h) come into force.
+enum class ProfileRanges {
+    Keep,  ///< all do, for a caller that asks SettingsFaultsGet
+    Drop,  ///< numbers and positions do not; model, antenna, month and frequencies do
+};
+
 /// Reads every key from settings.m_sProfileFile, or from the shipped profile where the default one
 /// could not be made (ProfileFileToRead). A missing key, an empty value and a value that
 /// cannot be read leave the member as it is. A frequency count above 15 becomes 15; below 1 the
-/// list is empty.
-void ProfileLoad(Settings& settings, const WindowApplyFn& fnWindowApply);
+/// list is empty. Of a position both numbers are in range, or neither comes into force.
+/// @return a line for each value dropped; an error when the file cannot be read: "File not found"
+///         where there is none, else what is in the way (PrivateProfile::Open).
+Result<std::vector<std::string>> ProfileLoad(Settings& settings, const WindowApplyFn& fnWindowApply,
+                                             ProfileRanges eRanges = ProfileRanges::Drop);
+
+/// The settings of the profile that Hopcast ships (assets/profile/hopcast.ini), for a profile that
+/// does not exist yet; the profile's path is kept.
+void ProfileShippedSet(Settings& settings);
+
+/// The values out of range, named as in the profile: "[Receiver Data] Latitude: 95 lies outside -90
+/// to 90". An unknown antenna type is none of them: its deck has no antenna cards.
+/// @param bFrequencies  the list's too
+[[nodiscard]] std::vector<std::string> SettingsFaultsGet(const Settings& settings,
+                                                         bool bFrequencies);
 
 /// Writes every key to settings.m_sProfileFile. Stops at the first write that fails and reports it.
 /// @param window  the window's place; nothing while it is minimised or maximised, so that the file

@@ -12,6 +12,6 @@
 /// m_fPropagationSunSpotNumber; that member is the answer.
 /// @param fNumber  untouched unless the result is true.
 /// @return true; false when Airmail has no number (a box has told it; the stored number stays);
-///         "Type mismatch" or "Overflow" when Airmail's text is no number, which no box has told
-///         yet.
+///         "Type mismatch" or "Overflow" when Airmail's text is no number, and in words, with file
+///         and key, that it is out of range; no box has told these yet.
 Result<bool> SunSpotNumberGet(Settings& settings, float& fNumber);

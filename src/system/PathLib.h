@@ -37,6 +37,10 @@ inline constexpr std::string_view kEngineRoot = "c:\\itshfbc";
 [[nodiscard]] std::string ProgramFileGet();
 [[nodiscard]] std::string ProgramFolderGet();
 
+/// What keeps the user's home folder from being used, in words; empty when nothing does. Outside
+/// Windows HOME must be a full path, or Hopcast's folders would be where the program was started.
+[[nodiscard]] std::string HomeFolderProblemGet();
+
 /// Joins with the host's separator; a separator at sFolder's end is not doubled.
 [[nodiscard]] std::string PathJoin(std::string_view sFolder, std::string_view sName);
 

@@ -149,6 +149,15 @@ std::string HomeFolderGet()
     return pEntry ? pEntry->pw_dir : "";
 }
 
+std::string HomeFolderProblemGet()
+{
+    const std::string sHome = EnvironmentGet("HOME");
+    if (sHome.empty() || sHome.front() == '/')
+        return {};
+    return "HOME is \"" + TextPrintable(sHome)
+           + "\", which is no full path; set it to one that begins with /";
+}
+
 std::string BaseFolderGet(const char* sVariable, std::string_view sDefault)
 {
     std::string sFolder = EnvironmentGet(sVariable);

@@ -75,6 +75,8 @@ std::string FixedEngineRootGet() { return std::string(kEngineRoot); }
 
 std::string PathToWindows(std::string_view sHostPath) { return std::string(sHostPath); }
 
+std::string HomeFolderProblemGet() { return {}; }
+
 std::string WinePrefixGet() { return {}; }
 
 std::string ProgramFileGet()

@@ -237,4 +237,40 @@ INSTANTIATE_TEST_SUITE_P(
                     AgeCase{{2024, 3, 18, 15, 0, 0}, {2024, 3, 18, 14, 59, 0}, "-1 hours"},
                     AgeCase{{2024, 3, 18, 14, 7, 0}, {2024, 3, 18, 14, 5, 0}, "-2 minutes"}));
 
+TEST_F(AirMailPosition, APlaceOutOfRangeCountsAsNoneAndIsNamed)
+{
+    m_aReport["Current Latitude"] =
+        "89\xB0"
+        "70.00'N";
+    SecondExpect();
+    m_aReport["Longitude"] =
+        "181\xB0"
+        "00.00'E";
+    ThirdExpect();
+    double dLat = 0.0;
+    double dLon = 0.0;
+    DateTime dtTime;
+    std::string sFault;
+    EXPECT_TRUE(AirMailPositionGet(dLat, dLon, dtTime, true, &sFault).ValueGet());
+    EXPECT_TRUE(
+        sFault.ends_with("Airmail.ini, [Position Report] Current Latitude: "
+                         "89\xC2\xB0"
+                         "70.00'N lies out of range"))
+        << sFault;
+}
+
+TEST_F(AirMailPosition, TheLastPlaceOutOfRangeIsToldByOneBox)
+{
+    m_aReport.clear();
+    m_aPropagation["Latitude"] =
+        "95\xB0"
+        "00.00'S";
+    const MsgRecorder msg;
+    EXPECT_FALSE(Get(false).bFound);
+    EXPECT_TRUE(msg.m_aShown.empty());
+    EXPECT_FALSE(Get(true).bFound);
+    ASSERT_EQ(msg.m_aShown.size(), 1U);
+    EXPECT_NE(msg.m_aShown[0].sText.find("[Propagation] Latitude: 95"), std::string::npos);
+}
+
 }  // namespace

@@ -315,4 +315,24 @@ TEST_F(AirMailStations, HalvedFilesNeverFailTheReaders)
     }
 }
 
+TEST_F(AirMailStations, APositionOutOfRangeIsNone)
+{
+    double dLat = 1.0;
+    double dLon = 2.0;
+    EntryWrite("ZZ99:Nowhere");
+    std::string sFault;
+    const MsgRecorder msg;
+    const auto res = AirMailStationPosition("HAM", "XX1", dLat, dLon, false, &sFault);
+    ASSERT_TRUE(res);
+    EXPECT_FALSE(res.ValueGet());
+    EXPECT_EQ(dLat, 1.0);
+    EXPECT_EQ(dLon, 2.0);
+    EXPECT_TRUE(msg.m_aShown.empty());
+    EXPECT_TRUE(sFault.ends_with("System.HAM.ini, [Station Info] XX1: ZZ99 lies out of range"))
+        << sFault;
+    EXPECT_FALSE(AirMailStationPosition("HAM", "XX1", dLat, dLon, true).ValueGet());
+    ASSERT_EQ(msg.m_aShown.size(), 1U);
+    EXPECT_EQ(msg.m_aShown[0].sText, sFault);
+}
+
 }  // namespace

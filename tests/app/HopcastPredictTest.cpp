@@ -11,6 +11,7 @@
 
 #include "propagation/EngineCases.h"
 #include "propagation/PropagationTable.h"
+#include "support/Faults.h"
 #include "support/NeedVoacapl.h"
 #include "support/ProgramRun.h"
 #include "support/TempFolder.h"
@@ -492,6 +493,144 @@ TEST_F(HopcastPredict, AirmailsPositionIsAClearErrorWhereThereIsNoAirmail)
               "hopcast-predict: --rc: Unable to find AirMail's Propagation, Latitude in "
               "\"Airmail.ini\".\n\nPlease check that the AirMail Data folder \"C:\\Program "
               "Files\\AirMail\" is correct.\n");
+}
+
+TEST_F(HopcastPredict, AProfileThatCannotBeReadIsRefusedWithTheReason)
+{
+    const auto Error = [](const std::string& sProfile) {
+        const ProgramResult res = Predict({"--ssn", "70", "--profile", sProfile});
+        EXPECT_EQ(res.nStatus, 2);
+        EXPECT_EQ(res.sOut, "");
+        return res.sError;
+    };
+    const std::string sFolder = m_tmp.Path();
+    EXPECT_EQ(Error(sFolder), "hopcast-predict: --profile: it is a folder, " + sFolder + "\n");
+    EXPECT_EQ(Error("/dev/null"), "hopcast-predict: --profile: it is a device, /dev/null\n");
+    const std::string sNone = m_tmp.Path() + "/none.ini";
+    EXPECT_EQ(Error(sNone), "hopcast-predict: --profile: File not found, " + sNone + "\n");
+    const std::string sGreat = m_tmp.Write("great.ini", "");
+    fs::resize_file(sGreat, (std::uintmax_t{64} << 20) + 1);
+    EXPECT_EQ(Error(sGreat),
+              "hopcast-predict: --profile: it is larger than 64 MB, " + sGreat + "\n");
+    const std::string sSecret = m_tmp.Write("secret.ini", "");
+    fs::permissions(sSecret, fs::perms::none);
+    fs::permissions(m_tmp.Path(), fs::perms::all);
+    AsUnprivileged([&] {
+        EXPECT_EQ(Error(sSecret),
+                  "hopcast-predict: --profile: Permission denied, " + sSecret + "\n");
+    });
+}
+
+TEST_F(HopcastPredict, AProfileMayComeThroughAPipe)
+{
+    const EnvironmentSet root(
+        "HOPCAST_ITSHFBC",
+        RootMake("cp '" + CapturedPath("rec533/p2p_09", ".out") + "' \"$1/RUN/$3\"\n"));
+    const std::string sProfile =
+        m_tmp.Write("a.ini",
+                    "[Propagation Data]\nCount=1\nFrequency 1=14100\n[Propagation Model]\nSunSpot "
+                    "Option=False\nSunSpot Number=55\n");
+    const ProgramResult res =
+        ProgramRun({"/bin/sh", "-c", "cat \"$1\" | \"$0\" --profile /dev/stdin --output -",
+                    TEST_BIN "/hopcast-predict", sProfile});
+    EXPECT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_NE(res.sOut.find("sunspot number 55"), std::string::npos) << res.sOut;
+}
+
+TEST_F(HopcastPredict, AValueOutOfRangeInAProfileIsRefusedWithFileAndKey)
+{
+    const EnvironmentSet root("HOPCAST_ITSHFBC", RootMake("touch \"$1/called\"\n"));
+    struct Case {
+        const char* sText;
+        const char* sFault;
+    };
+    for (const Case& c :
+         {Case{"[Propagation Model]\nModel Reliability=150\n",
+               "[Propagation Model] Model Reliability: 150 lies outside 1 to 99"},
+          Case{"[Propagation Model]\nNoise Level=1e99\n",
+               "[Propagation Model] Noise Level: 340282346638528859811704183484516925440 lies "
+               "outside -200 to -100"},
+          Case{"[Propagation Model]\nModel=9\n",
+               "[Propagation Model] Model: 9 lies outside 1 to 3"},
+          Case{"[Transmitter Data]\nLatitude=95\n",
+               "[Transmitter Data] Latitude: 95 lies outside -90 to 90"},
+          Case{"[Propagation Data]\nCount=2\nFrequency 2=50\n",
+               "[Propagation Data] Frequency 2: 50 lies outside 100 to 45000"}}) {
+        const std::string sProfile = m_tmp.Write("a.ini", c.sText);
+        const ProgramResult res = Predict({"--ssn", "70", "--profile", sProfile});
+        EXPECT_EQ(res.nStatus, 1) << c.sText;
+        EXPECT_EQ(res.sOut, "");
+        EXPECT_EQ(res.sError, "hopcast-predict: " + sProfile + ", " + c.sFault + "\n");
+    }
+    EXPECT_FALSE(fs::exists(m_tmp.Path("root/called")));
+}
+
+TEST_F(HopcastPredict, AnOptionWinsOverAValueOutOfRange)
+{
+    const EnvironmentSet root(
+        "HOPCAST_ITSHFBC",
+        RootMake("cp '" + CapturedPath("rec533/p2p_09", ".out") + "' \"$1/RUN/$3\"\n"));
+    const std::string sProfile =
+        m_tmp.Write("a.ini", "[Propagation Model]\nModel Reliability=150\n");
+    const ProgramResult res = Predict(
+        {"--ssn", "70", "--frequencies", "14100", "--profile", sProfile, "--reliability", "90"});
+    EXPECT_EQ(res.nStatus, 0) << res.sError;
+}
+
+TEST_F(HopcastPredict, WritesToStandardOutputPipesAndFilesInLockedFolders)
+{
+    const EnvironmentSet root(
+        "HOPCAST_ITSHFBC",
+        RootMake("cp '" + CapturedPath("rec533/p2p_09", ".out") + "' \"$1/RUN/$3\"\n"));
+    const Words asWords{"--ssn", "70", "--frequencies", "14100", "--format", "JSON", "--output"};
+    for (const char* sOutput : {"-", "/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"}) {
+        Words asAll = asWords;
+        asAll.emplace_back(sOutput);
+        const ProgramResult res = Predict(asAll);
+        EXPECT_EQ(res.nStatus, 0) << sOutput << ": " << res.sError;
+        EXPECT_TRUE(res.sOut.starts_with("{\n  \"model\": \"REC533\"")) << sOutput;
+    }
+    const std::string sAppended = m_tmp.Write("log", "before\n");
+    const ProgramResult res = ProgramRun(
+        {"/bin/sh", "-c",
+         "exec \"$0\" --ssn 70 --frequencies 14100 --format csv --output /dev/stdout >>\"$1\"",
+         TEST_BIN "/hopcast-predict", sAppended});
+    EXPECT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_TRUE(BytesRead(sAppended).starts_with("before\nhour,utc")) << BytesRead(sAppended);
+}
+
+TEST_F(HopcastPredict, AHomeThatIsNoFullPathIsRefusedInWords)
+{
+    const EnvironmentSet home("HOME", "somewhere");
+    const ProgramResult res = Predict({"--ssn", "70"});
+    EXPECT_EQ(res.nStatus, 2);
+    EXPECT_EQ(res.sError,
+              "hopcast-predict: HOME is \"somewhere\", which is no full path; set it to one that "
+              "begins with /\n");
+    EXPECT_FALSE(fs::exists("somewhere"));
+}
+
+TEST_F(HopcastPredictAirmail, WhatIsOutOfRangeIsRefusedWithFileAndKey)
+{
+    const std::string sIni = "wine/drive_c/Program Files/AirMail/Airmail.ini";
+    m_tmp.Write(sIni, "[Propagation]\r\nSSN=400\r\n");
+    ProgramResult res = Predict({"--frequencies", "14100"});
+    EXPECT_EQ(res.nStatus, 1);
+    EXPECT_EQ(res.sError,
+              "hopcast-predict: Airmail's sunspot number: C:\\Program "
+              "Files\\AirMail\\Airmail.ini, [Propagation] SSN: 400 lies outside 0 to 311\n");
+    // A good position behind it does not count: the user asked for the current one.
+    m_tmp.Write(sIni,
+                "[Position Report]\r\nCurrent Latitude=95\xB0"
+                "00.00'N\r\n[Propagation]\r\nLatitude=10\xB0"
+                "00.00'N\r\nLongitude=010\xB0"
+                "00.00'E\r\n");
+    res = Predict({"--ssn", "70", "--frequencies", "14100", "--rc", "airmail"});
+    EXPECT_EQ(res.nStatus, 1);
+    EXPECT_EQ(res.sError,
+              "hopcast-predict: C:\\Program Files\\AirMail\\Airmail.ini, [Position Report] Current "
+              "Latitude: 95°00.00'N lies out of range\n");
+    EXPECT_FALSE(fs::exists(m_tmp.Path("root/deck")));
 }
 
 }  // namespace

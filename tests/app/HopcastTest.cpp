@@ -145,4 +145,28 @@ TEST_F(HopcastProgram, ProfileNamedWithoutAFolderIsInTheCurrentOne)
     EXPECT_NE(BytesRead(m_folder.Path("hopcast.ini")).find("[Window Data]"), std::string::npos);
 }
 
+TEST_F(HopcastProgram, AProfileThatDoesNotExistYetStartsWithTheShippedValues)
+{
+    const std::string sProfile = m_folder.Path("new.ini");
+    const ProgramResult res = ProgramRun({kProgram, "--once", "--profile", sProfile});
+    EXPECT_EQ(res.nStatus, 0) << res.sError;
+    const std::string sSaved = BytesRead(sProfile);
+    EXPECT_NE(sSaved.find("SunSpot Option=False"), std::string::npos) << sSaved;
+    EXPECT_NE(sSaved.find("SunSpot Number=100"), std::string::npos);
+}
+
+TEST_F(HopcastProgram, AProfileThatCannotBeReadOrABadHomeIsRefusedWithTheReason)
+{
+    ProgramResult res = ProgramRun({kProgram, "--once", "--profile", "/dev/null"});
+    EXPECT_EQ(res.nStatus, 2);
+    EXPECT_EQ(res.sError, "hopcast: --profile: it is a device, /dev/null\n");
+    res = ProgramRun({kProgram, "--once", "--profile", m_folder.Path()});
+    EXPECT_EQ(res.nStatus, 2);
+    EXPECT_EQ(res.sError, "hopcast: --profile: it is a folder, " + m_folder.Path() + "\n");
+    const EnvironmentSet home("HOME", "somewhere");
+    res = ProgramRun({kProgram, "--once"});
+    EXPECT_EQ(res.nStatus, 2);
+    EXPECT_NE(res.sError.find("HOME is \"somewhere\""), std::string::npos) << res.sError;
+}
+
 }  // namespace

@@ -6,7 +6,9 @@
 
 #include "app/predict/PredictOptions.h"
 #include "app/predict/PredictPosition.h"
+#include "settings/SettingsRange.h"
 #include "support/TempFolder.h"
+#include "system/NumberLib.h"
 
 namespace {
 
@@ -259,6 +261,68 @@ TEST(PredictHelp, NamesEveryOption)
           "--frequency", "--grid", "--help", "--version"})
         // clang-format on
         EXPECT_NE(sHelp.find(sOption), std::string::npos) << sOption;
+}
+
+TEST(PredictHelp, TellsTheOneTableOfRanges)
+{
+    const std::string sHelp = PredictHelpGet();
+    const auto Expect = [&](const char* sOption, const NumberRange& range) {
+        const std::size_t nAt = sHelp.find(std::string("  --") + sOption);
+        ASSERT_NE(nAt, std::string::npos) << sOption;
+        const std::string sLine = sHelp.substr(nAt, sHelp.find('\n', nAt) - nAt);
+        EXPECT_NE(sLine.find(NumberToText(range.dLeast) + " to " + NumberToText(range.dMost)),
+                  std::string::npos)
+            << sLine;
+    };
+    Expect("frequencies", kRangeFrequency);
+    Expect("ssn", kRangeSunSpot);
+    Expect("noise", kRangeNoise);
+    Expect("takeoff", kRangeTakeoff);
+    Expect("reliability", kRangeReliability);
+    Expect("multipath-power", kRangeMultipathPower);
+    Expect("multipath-delay", kRangeMultipathDelay);
+    Expect("q-index", kRangeQIndex);
+    Expect("layers", kRangeLayer);
+}
+
+TEST(PredictOptions, TheFormatMayBeInAnyCase)
+{
+    EXPECT_EQ(PredictOptionsGet(Words{"--format", "JSON"}).ValueGet().eFormat, PredictFormat::Json);
+    EXPECT_EQ(PredictOptionsGet(Words{"--format", "Csv"}).ValueGet().eFormat, PredictFormat::Csv);
+    EXPECT_EQ(PredictOptionsGet(Words{"--format", "tablE"}).ValueGet().eFormat,
+              PredictFormat::Table);
+}
+
+TEST(PredictOptions, ADashIsStandardOutput)
+{
+    EXPECT_EQ(PredictOptionsGet(Words{"--output", "-"}).ValueGet().sOutput, "");
+}
+
+TEST(PredictOptions, AnAreaWithoutHeightOrWidthIsRefusedInWords)
+{
+    const auto Error = [](const std::string& sArea) {
+        return PredictOptionsGet(Words{"--area", sArea, "--hour", "1", "--frequency", "7000"})
+            .TextGet();
+    };
+    EXPECT_EQ(Error("10,5,10,6"), "--area: the area has no height");
+    EXPECT_EQ(Error("10.001,5,10,6"), "--area: the area has no height") << "as the deck prints it";
+    EXPECT_EQ(Error("10,5,9,5"), "--area: the area has no width");
+    EXPECT_EQ(Error("10,5.001,9,5"), "--area: the area has no width");
+    EXPECT_EQ(Error("10,180,9,-180"), "--area: the area has no width");
+    EXPECT_EQ(Error("9,5,10,6"), "--area: the north bound must lie north of the south bound");
+    EXPECT_EQ(Error("10,-180,9,180"), "");
+}
+
+TEST(PredictOptions, AnAreaThatEndsAtLongitude180IsOneBox)
+{
+    const auto Area = [](const std::string& sArea) {
+        return PredictOptionsGet(Words{"--area", sArea, "--hour", "1", "--frequency", "7000"})
+            .ValueGet()
+            .area;
+    };
+    EXPECT_EQ(Area("10,180,0,-170").dWest, -180.0);
+    EXPECT_EQ(Area("10,170,0,-180").dEast, 180.0);
+    EXPECT_EQ(Area("10,170,0,-170").dWest, 170.0);
 }
 
 }  // namespace

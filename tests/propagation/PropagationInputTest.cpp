@@ -105,4 +105,50 @@ TEST(PropagationAreaInput, GridSizeIsBroughtInto2To999)
     }
 }
 
+TEST(PropagationInputRange, EveryValueOutOfRangeIsTold)
+{
+    const PropagationInput inputGood = PropagationInputFromSettings(Settings());
+    EXPECT_TRUE(RangeCheck(inputGood));
+    struct Case {
+        void (*fnSpoil)(PropagationInput&);
+        const char* sText;
+    };
+    for (const Case& c : {
+             Case{[](PropagationInput& in) { in.dTxLat = -90.5; },
+                  "latitude -90.5 lies outside -90 to 90"},
+             Case{[](PropagationInput& in) { in.dRcLon = 181; },
+                  "longitude 181 lies outside -180 to 180"},
+             Case{[](PropagationInput& in) { in.nMonth = 13; }, "month 13 lies outside 1 to 12"},
+             Case{[](PropagationInput& in) { in.fSunSpotNumber = 400; },
+                  "sunspot number 400 lies outside 0 to 311"},
+             Case{[](PropagationInput& in) { in.fNoiseLevel = 145; },
+                  "noise level 145 lies outside -200 to -100"},
+             Case{[](PropagationInput& in) { in.fTakeoffAngle = 41; },
+                  "takeoff angle 41 lies outside 0 to 40"},
+             Case{[](PropagationInput& in) { in.fReliability = 100; },
+                  "reliability 100 lies outside 1 to 99"},
+             Case{[](PropagationInput& in) { in.fQIndex = -1; }, "Q index -1 lies outside 0 to 9"},
+             Case{[](PropagationInput& in) { in.fLayerAdjustF2 = 10; },
+                  "layer factor 10 lies outside 0 to 9.99"},
+         }) {
+        PropagationInput input = inputGood;
+        c.fnSpoil(input);
+        EXPECT_EQ(RangeCheck(input).TextGet(), c.sText);
+    }
+}
+
+TEST(PropagationInputRange, AnAreaIsCheckedWithItsFrequency)
+{
+    PropagationAreaInput input = PropagationAreaInputFromSettings(Settings());
+    for (const float fKhz : {100.0F, 45000.0F}) {
+        input.fFrequency = fKhz / 1000.0F;
+        EXPECT_TRUE(RangeCheck(input)) << fKhz;
+    }
+    input.fFrequency = 0.05F;
+    EXPECT_EQ(RangeCheck(input).TextGet(), "frequency 50 lies outside 100 to 45000");
+    input.fFrequency = 14.1F;
+    input.dFixedLat = 90.25;
+    EXPECT_EQ(RangeCheck(input).TextGet(), "latitude 90.25 lies outside -90 to 90");
+}
+
 }  // namespace

@@ -384,4 +384,51 @@ TEST(PropagationRun, CapturedOutputsFillTheTable)
     }
 }
 
+TEST_P(EachEngine, AFrequencyOutOfRangeIsInNoDeckAndTheOthersKeepTheirRows)
+{
+    m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
+    PropagationInput input = InputOf(m_case.iModel, 4);
+    PropagationTable tableWhole(4);
+    ASSERT_TRUE(PropagationRun(input, tableWhole));
+    input.afFrequency[1] = 99.9F;
+    input.afFrequency[3] = 45001.0F;
+    ASSERT_TRUE(PropagationRun(input, m_table));
+    const std::string sCard = FrequencyCard(m_root.DeckGet(2));
+    EXPECT_NE(sCard.find(" 2.0 "), std::string::npos) << sCard;
+    EXPECT_TRUE(sCard.ends_with(" 4.0")) << sCard;
+    EXPECT_EQ(sCard.find("45"), std::string::npos) << sCard;
+    for (int iHour = 1; iHour <= kHourCount; ++iHour) {
+        // The fake answers with the same columns whatever it is asked for.
+        EXPECT_EQ(m_table.fSnr(iHour, 2), tableWhole.fSnr(iHour, 1));
+        EXPECT_EQ(m_table.sLayer(iHour, 4), tableWhole.sLayer(iHour, 2));
+        EXPECT_EQ(m_table.fSnr(iHour, 1), 0.0F);
+        EXPECT_EQ(m_table.fSnr(iHour, 3), 0.0F);
+        EXPECT_EQ(m_table.fMUF[iHour], tableWhole.fMUF[iHour]);
+    }
+    EXPECT_EQ(m_table.fRange, tableWhole.fRange);
+    EXPECT_TRUE(m_msg.m_aShown.empty());
+}
+
+TEST_P(EachEngine, WithoutAFrequencyInRangeNothingRuns)
+{
+    m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
+    PropagationInput input = InputOf(m_case.iModel, 1);
+    input.afFrequency[1] = -1.0F;
+    EXPECT_FALSE(PropagationRun(input, m_table));
+    EXPECT_EQ(m_root.CallCount(), 0);
+    EXPECT_TRUE(m_msg.m_aShown.empty());
+}
+
+TEST_P(EachEngine, APositionOrNumberOutOfRangeReachesNoEngine)
+{
+    m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
+    PropagationInput input = InputOf(m_case.iModel, 1);
+    input.dTxLat = 95.0;
+    EXPECT_FALSE(PropagationRun(input, m_table));
+    EXPECT_EQ(m_root.CallCount(), 0);
+    ASSERT_EQ(m_msg.m_aShown.size(), 1U);
+    EXPECT_EQ(m_msg.m_aShown[0].sText,
+              m_case.sPrefix + "Output latitude 95 lies outside -90 to 90");
+}
+
 }  // namespace

@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <optional>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -13,7 +16,10 @@
 #include "support/TempFolder.h"
 #include "system/ErrorTextLib.h"
 #include "system/FileLib.h"
+#include "system/RunErrorText.h"
 #ifndef _WIN32
+#include <sys/stat.h>
+
 #include "support/Faults.h"
 #endif
 
@@ -31,9 +37,11 @@ protected:
     {
         Settings settings;
         settings.m_sProfileFile = m_tmp.Write("profile.ini", sText);
-        ProfileLoad(settings, [this](WindowKey eKey, float fTwips) {
+        const auto res = ProfileLoad(settings, [this](WindowKey eKey, float fTwips) {
             m_aApplied.emplace_back(eKey, fTwips);
         });
+        EXPECT_TRUE(res) << res.TextGet();
+        m_asDropped = res ? res.ValueGet() : std::vector<std::string>();
         return settings;
     }
     std::string Save(const Settings& settingsIn, const std::optional<WindowData>& window)
@@ -46,6 +54,7 @@ protected:
 
     TempFolder m_tmp;
     Applied m_aApplied;
+    std::vector<std::string> m_asDropped;
 };
 
 constexpr const char* kDefaultsText =
@@ -212,7 +221,7 @@ TEST_F(Profile, ACountAboveTheListBecomesItsLengthWhateverWasInForce)
     Settings settings;
     settings.m_nData = 3;
     settings.m_sProfileFile = m_tmp.Write("profile.ini", "[Propagation Data]\nCount=99\n");
-    ProfileLoad(settings, {});
+    EXPECT_TRUE(ProfileLoad(settings, {}));
     EXPECT_EQ(settings.m_nData, kFrequencyMax);
 }
 
@@ -254,11 +263,11 @@ INSTANTIATE_TEST_SUITE_P(All, ProfileBoolean,
 TEST_F(Profile, TakesCommaAndExponentAndKeepsTheOldValueForRubbish)
 {
     const Settings settings = Load(
-        "[Propagation Model]\nNoise Level=-150,5\nQ Index=1e1\nTakeoff Angle=abc\nSunSpot "
+        "[Propagation Model]\nNoise Level=-150,5\nQ Index=.5e1\nTakeoff Angle=abc\nSunSpot "
         "Number=1e99\nModel=2.5\n"
         "Layer Adjust E=nan\n[Receiver Data]\nLatitude=12,25\nLongitude=1e400\n");
     EXPECT_EQ(settings.m_fPropagationNoiseLevel, -150.5F);
-    EXPECT_EQ(settings.m_fPropagationQIndex, 10.0F);
+    EXPECT_EQ(settings.m_fPropagationQIndex, 5.0F);
     EXPECT_EQ(settings.m_fPropagationTakeoffAngle, 3.0F);
     EXPECT_EQ(settings.m_fPropagationSunSpotNumber, 170.0F);
     EXPECT_EQ(settings.m_fPropagationLayerAdjustE, 1.0F);
@@ -272,7 +281,7 @@ TEST_F(Profile, MissingFileLeavesEverythingAndSaysNothing)
     Settings settings;
     settings.m_sProfileFile = m_tmp.Path("none.ini");
     settings.m_dTxLat = 1;
-    ProfileLoad(settings, {});
+    EXPECT_EQ(ProfileLoad(settings, {}).TextGet(), kFileNotFound);
     EXPECT_EQ(settings.m_dTxLat, 1.0);
 }
 
@@ -334,7 +343,7 @@ TEST_F(Profile, OnADiskThatFillsUpKeepsWhatItHeld)
     EXPECT_EQ(FilesList(m_tmp.Path() + "/*"), std::vector<std::string>{"saved.ini"});
 }
 
-TEST_F(Profile, StopsAtTheFirstKeyThatCannotBeWritten)
+TEST_F(Profile, IsSavedWholeOrNotAtAll)
 {
     Settings settings;
     settings.m_sProfileFile = m_tmp.Write("small.ini", "");
@@ -345,10 +354,124 @@ TEST_F(Profile, StopsAtTheFirstKeyThatCannotBeWritten)
         EXPECT_FALSE(ProfileSave(settings, WindowData{}));
     }
     EXPECT_EQ(msg.m_aShown.size(), 1u);
-    // What was written before stays; the keys behind, which had room, are not tried.
-    EXPECT_EQ(BytesRead(settings.m_sProfileFile),
-              "[AirMail Data]\r\nDirectory Data=C:\\Program Files\\AirMail\r\n");
+    EXPECT_EQ(BytesRead(settings.m_sProfileFile), "");
+}
+
+TEST_F(Profile, IsReadOnceSoThatAPipeCanHoldIt)
+{
+    Settings settings;
+    settings.m_sProfileFile = m_tmp.Path("pipe");
+    ASSERT_EQ(mkfifo(settings.m_sProfileFile.c_str(), 0600), 0);
+    std::thread writer([sPipe = settings.m_sProfileFile] {
+        std::ofstream stm(sPipe, std::ios::binary);
+        stm << "[Receiver Data]\nLatitude=1\n"
+            << std::string(200000, ';') << "\nLongitude=2\n[Transmitter Data]\nLatitude=3\n";
+    });
+    EXPECT_TRUE(ProfileLoad(settings, {}));
+    writer.join();
+    EXPECT_EQ(settings.m_dRcLat, 1.0);
+    EXPECT_EQ(settings.m_dRcLon, 2.0);
+    EXPECT_EQ(settings.m_dTxLat, 3.0);
+}
+
+TEST_F(Profile, ThatCannotBeReadIsAnErrorAndChangesNothing)
+{
+    const auto Error = [](const std::string& sFile) {
+        Settings settings;
+        settings.m_sProfileFile = sFile;
+        std::string sError = ProfileLoad(settings, {}).TextGet();
+        EXPECT_EQ(settings.m_dTxLat, Settings().m_dTxLat);
+        return sError;
+    };
+    EXPECT_EQ(Error(m_tmp.Path()), "it is a folder");
+    EXPECT_EQ(Error("/dev/zero"), "it is a device");
+    const std::string sGreat = m_tmp.Write("great.ini", "");
+    fs::resize_file(sGreat, (std::uintmax_t{64} << 20) + 1);
+    EXPECT_EQ(Error(sGreat), "it is larger than 64 MB");
+    const std::string sSecret = m_tmp.Write("secret.ini", "[Transmitter Data]\nLatitude=1\n");
+    fs::permissions(sSecret, fs::perms::none);
+    fs::permissions(m_tmp.Path(), fs::perms::all);
+    AsUnprivileged([&] { EXPECT_EQ(Error(sSecret), kPermissionDenied); });
 }
 #endif
+
+TEST_F(Profile, InUtf16IsRead)
+{
+    const std::string sText = "[Transmitter Data]\r\nLatitude=-12.5\r\n";
+    for (const bool bLittle : {true, false}) {
+        std::string sBytes = bLittle ? "\xFF\xFE" : "\xFE\xFF";
+        for (const char c : sText) sBytes += bLittle ? std::string{c, '\0'} : std::string{'\0', c};
+#ifdef _WIN32
+        if (!bLittle)
+            continue;  // the system's own calls know the one order only
+#endif
+        EXPECT_EQ(Load(sBytes).m_dTxLat, -12.5) << bLittle;
+    }
+}
+
+TEST_F(Profile, NumbersOutOfRangeLeaveTheValueInForceAndAreTold)
+{
+    const Settings settings = Load(
+        "[Propagation Model]\nModel Reliability=150\nNoise Level=145\nTakeoff Angle=-1\n"
+        "SunSpot Number=1e99\nMultipath Power=100\nMultipath Delay=-1\nQ Index=9.5\n"
+        "Layer Adjust E=10\nLayer Adjust F1=-1\nLayer Adjust F2=9.991\nLayer Adjust Es=99\n");
+    const Settings defaults;
+    EXPECT_EQ(settings.m_fPropagationReliability, defaults.m_fPropagationReliability);
+    EXPECT_EQ(settings.m_fPropagationNoiseLevel, defaults.m_fPropagationNoiseLevel);
+    EXPECT_EQ(settings.m_fPropagationTakeoffAngle, defaults.m_fPropagationTakeoffAngle);
+    EXPECT_EQ(settings.m_fPropagationSunSpotNumber, defaults.m_fPropagationSunSpotNumber);
+    EXPECT_EQ(settings.m_fPropagationMultipathPower, defaults.m_fPropagationMultipathPower);
+    EXPECT_EQ(settings.m_fPropagationMultipathDelay, defaults.m_fPropagationMultipathDelay);
+    EXPECT_EQ(settings.m_fPropagationQIndex, defaults.m_fPropagationQIndex);
+    EXPECT_EQ(settings.m_fPropagationLayerAdjustE, defaults.m_fPropagationLayerAdjustE);
+    EXPECT_EQ(settings.m_fPropagationLayerAdjustF1, defaults.m_fPropagationLayerAdjustF1);
+    EXPECT_EQ(settings.m_fPropagationLayerAdjustF2, defaults.m_fPropagationLayerAdjustF2);
+    EXPECT_EQ(settings.m_fPropagationLayerAdjustEs, defaults.m_fPropagationLayerAdjustEs);
+    EXPECT_EQ(m_asDropped.size(), 11U);
+    EXPECT_NE(std::find(m_asDropped.begin(), m_asDropped.end(),
+                        "[Propagation Model] Model Reliability: 150 lies outside 1 to 99"),
+              m_asDropped.end());
+}
+
+TEST_F(Profile, OfAPositionBothNumbersAreInRangeOrNoneIsTaken)
+{
+    const Settings settings = Load(
+        "[Receiver Data]\nLatitude=95\nLongitude=10\n"
+        "[Transmitter Data]\nLatitude=10\nLongitude=-180.5\n");
+    EXPECT_EQ(settings.m_dRcLat, 24.0);
+    EXPECT_EQ(settings.m_dRcLon, -110.0);
+    EXPECT_EQ(settings.m_dTxLat, 38.0);
+    EXPECT_EQ(settings.m_dTxLon, -122.0);
+    const std::vector<std::string> asExpected{
+        "[Receiver Data] Latitude: 95 lies outside -90 to 90",
+        "[Transmitter Data] Longitude: -180.5 lies outside -180 to 180"};
+    EXPECT_EQ(m_asDropped, asExpected);
+}
+
+TEST_F(Profile, AFrequencyAChoiceAndAMonthOutOfRangeAreKept)
+{
+    const Settings settings = Load(
+        "[Propagation Data]\nCount=1\nFrequency 1=50\n"
+        "[Propagation Model]\nAntenna Type=7\nModel=9\nMonth Number=13\n");
+    EXPECT_EQ(settings.FrequencyGet(1), 50.0F);
+    EXPECT_EQ(settings.m_iPropagationAntennaType, 7);
+    EXPECT_EQ(settings.m_iPropagationModel, 9);
+    EXPECT_EQ(settings.m_iPropagationMonth, 13);
+    EXPECT_TRUE(m_asDropped.empty());
+    EXPECT_EQ(SettingsFaultsGet(settings, true).size(), 3U);
+    EXPECT_EQ(SettingsFaultsGet(settings, false).size(), 2U);
+    EXPECT_TRUE(SettingsFaultsGet(Settings(), true).empty());
+}
+
+TEST_F(Profile, TheShippedValuesAreThoseOfTheShippedFile)
+{
+    Settings settings;
+    settings.m_sProfileFile = "new.ini";
+    ProfileShippedSet(settings);
+    EXPECT_EQ(settings.m_sProfileFile, "new.ini");
+    const std::string sShipped = Save(Load(BytesRead(SHIPPED_PROFILE)), {});
+    EXPECT_EQ(Save(settings, {}), sShipped);
+    EXPECT_NE(Save(Settings(), {}), sShipped);
+}
 
 }  // namespace

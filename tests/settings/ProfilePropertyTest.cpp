@@ -17,8 +17,7 @@
 
 namespace {
 
-// Each saves nearly fifty keys, and each key replaces the file.
-constexpr int kCases = 50;
+constexpr int kCases = 200;
 
 constexpr int Settings::*kIntegers[] = {
     &Settings::m_iMapOverlayGridSize, &Settings::m_iPropagationAntennaType,
@@ -95,7 +94,7 @@ class ProfileProperty : public testing::Test {
 protected:
     void TearDown() override { AirMailFoldersReset(); }
 
-    // Every key waits for the disk: one in memory, where there is one.
+    // Every save waits for the disk: one in memory, where there is one.
     const EnvironmentSet m_env{"TMPDIR", std::filesystem::exists("/dev/shm")
                                              ? std::optional<std::string>("/dev/shm")
                                              : std::nullopt};
@@ -121,7 +120,9 @@ TEST_F(ProfileProperty, WhatWasSavedIsLoadedButForThreeValues)
         Settings loaded;
         loaded.m_sProfileFile = saved.m_sProfileFile;
         std::map<WindowKey, float> mapWindow;
-        ProfileLoad(loaded, [&](WindowKey eKey, float fTwips) { mapWindow[eKey] = fTwips; });
+        ASSERT_TRUE(ProfileLoad(
+            loaded, [&](WindowKey eKey, float fTwips) { mapWindow[eKey] = fTwips; },
+            ProfileRanges::Keep));
         SettingsExpect(loaded, saved, settingsDefault);
         EXPECT_EQ(AirMailProgramFolderGet(), sProgram);
         EXPECT_EQ(AirMailDataFolderGet(), sData);

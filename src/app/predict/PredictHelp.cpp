@@ -49,7 +49,7 @@ Area:
 
 Output:
   --format NAME           table (default), csv or json; areas: csv (default) or json
-  --output FILE           write to a file instead of standard output
+  --output FILE           write to a file instead of standard output ("-")
   --help, --version
 
 Exit status: 0 predicted, 1 prediction failed or values are missing, 2 wrong usage.

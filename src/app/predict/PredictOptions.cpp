@@ -11,16 +11,12 @@
 #include "app/predict/PredictPosition.h"
 #include "propagation/PropagationInput.h"
 #include "settings/ProfileLib.h"
-#include "system/FileLib.h"
+#include "settings/SettingsRange.h"
 #include "system/NumberLib.h"
 #include "system/PathLib.h"
-#include "system/RunErrorText.h"
 #include "system/TextLib.h"
 
 namespace {
-
-constexpr double kFrequencyLeastKhz = 100;
-constexpr double kFrequencyMostKhz = 45000;
 
 enum class Mode { Both, PointToPoint, Area };
 
@@ -46,18 +42,18 @@ std::vector<std::string> ListGet(std::string_view sText)
 }
 
 /// A number within bounds, or an error that names what was expected.
-Result<double> BoundedGet(const std::string& sValue, double dLeast, double dMost, const char* sWhat)
+Result<double> BoundedGet(const std::string& sValue, const NumberRange& range, const char* sWhat)
 {
     const auto res = NumberFromText(sValue);
-    if (!res || res.ValueGet() < dLeast || res.ValueGet() > dMost)
-        return RunError{"\"" + sValue + "\" is not " + sWhat + ", " + NumberToText(dLeast) + " to "
-                        + NumberToText(dMost)};
+    if (!res || !range.Holds(res.ValueGet()))
+        return RunError{"\"" + sValue + "\" is not " + sWhat + ", " + NumberToText(range.dLeast)
+                        + " to " + NumberToText(range.dMost)};
     return res;
 }
 
-Result<int> WholeGet(const std::string& sValue, int nLeast, int nMost, const char* sWhat)
+Result<int> WholeGet(const std::string& sValue, const NumberRange& range, const char* sWhat)
 {
-    const auto res = BoundedGet(sValue, nLeast, nMost, sWhat);
+    const auto res = BoundedGet(sValue, range, sWhat);
     if (!res)
         return res.ErrorGet();
     if (res.ValueGet() != std::floor(res.ValueGet()))
@@ -76,10 +72,11 @@ Result<void> Keep(const Result<From>& res, To& to)
 }
 
 /// An option that sets one single-precision member within bounds.
-ApplyFn SingleOption(float Settings::*pMember, double dLeast, double dMost, const char* sWhat)
+ApplyFn SingleOption(float Settings::*pMember, const char* sWhat)
 {
     return [=](PredictOptions& options, const std::string& sValue) {
-        return Keep(BoundedGet(sValue, dLeast, dMost, sWhat), options.settings.*pMember);
+        return Keep(BoundedGet(sValue, SettingsRangeGet(pMember), sWhat),
+                    options.settings.*pMember);
     };
 }
 
@@ -91,6 +88,8 @@ Result<void> PositionApply(const std::string& sValue, const char* sEnd, PredictO
         return res.ErrorGet();
     dLat = res.ValueGet().dLat;
     dLon = res.ValueGet().dLon;
+    if (options.sFault.empty())
+        options.sFault = res.ValueGet().sFault;
     if (!res.ValueGet().sNote.empty())
         options.sPlaces += std::string(sEnd) + ": " + res.ValueGet().sNote + "\n";
     return {};
@@ -110,13 +109,13 @@ Result<void> ModelApply(PredictOptions& options, const std::string& sValue)
 Result<void> MonthApply(PredictOptions& options, const std::string& sValue)
 {
     options.settings.m_bPropagationMonth = false;
-    return Keep(WholeGet(sValue, 1, 12, "a month"), options.settings.m_iPropagationMonth);
+    return Keep(WholeGet(sValue, kRangeMonth, "a month"), options.settings.m_iPropagationMonth);
 }
 
 Result<void> SunSpotApply(PredictOptions& options, const std::string& sValue)
 {
     options.settings.m_bPropagationSunSpotNumber = false;
-    return Keep(BoundedGet(sValue, 0, 311, "a smoothed sunspot number"),
+    return Keep(BoundedGet(sValue, kRangeSunSpot, "a smoothed sunspot number"),
                 options.settings.m_fPropagationSunSpotNumber);
 }
 
@@ -128,8 +127,7 @@ Result<void> FrequenciesApply(PredictOptions& options, const std::string& sValue
                         + " frequencies given; at most 15 are taken"};
     int iIndex = 0;
     for (const std::string& sPiece : asPiece) {
-        const auto res =
-            BoundedGet(sPiece, kFrequencyLeastKhz, kFrequencyMostKhz, "a frequency in kHz");
+        const auto res = BoundedGet(sPiece, kRangeFrequency, "a frequency in kHz");
         if (!res)
             return res.ErrorGet();
         options.settings.FrequencySet(++iIndex, static_cast<float>(res.ValueGet()));
@@ -140,7 +138,7 @@ Result<void> FrequenciesApply(PredictOptions& options, const std::string& sValue
 
 Result<void> AntennaApply(PredictOptions& options, const std::string& sValue)
 {
-    return Keep(WholeGet(sValue, 0, 2, "an antenna type"),
+    return Keep(WholeGet(sValue, kRangeAntenna, "an antenna type"),
                 options.settings.m_iPropagationAntennaType);
 }
 
@@ -162,7 +160,7 @@ Result<void> LayersApply(PredictOptions& options, const std::string& sValue)
     if (asPiece.size() != apMember.size())
         return RunError{"give four layer factors: E,F1,F2,Es"};
     for (std::size_t n = 0; n < apMember.size(); ++n) {
-        const auto res = BoundedGet(asPiece[n], 0, 9.99, "a layer factor");
+        const auto res = BoundedGet(asPiece[n], kRangeLayer, "a layer factor");
         if (!res)
             return res.ErrorGet();
         options.settings.*apMember[n] = static_cast<float>(res.ValueGet());
@@ -172,14 +170,32 @@ Result<void> LayersApply(PredictOptions& options, const std::string& sValue)
 
 Result<void> FormatApply(PredictOptions& options, const std::string& sValue)
 {
-    if (sValue == "table")
+    if (TextEqualNoCase(sValue, "table"))
         options.eFormat = PredictFormat::Table;
-    else if (sValue == "csv")
+    else if (TextEqualNoCase(sValue, "csv"))
         options.eFormat = PredictFormat::Csv;
-    else if (sValue == "json")
+    else if (TextEqualNoCase(sValue, "json"))
         options.eFormat = PredictFormat::Json;
     else
         return RunError{"\"" + sValue + "\" is not a format: table, csv or json"};
+    return {};
+}
+
+/// Height and width as the deck prints the bounds, in hundredths of a degree.
+Result<void> AreaCheck(PredictArea& area)
+{
+    const auto Printed = [](double dDegrees) { return NumberFormat(dDegrees, "0.00"); };
+    if (Printed(area.dNorth) == Printed(area.dSouth))
+        return RunError{"the area has no height"};
+    if (area.dNorth < area.dSouth)
+        return RunError{"the north bound must lie north of the south bound"};
+    // Longitude 180 has two names; an area that begins or ends there does not cross it.
+    if (area.dWest > area.dEast && Printed(area.dWest) == Printed(kLongitudeMost))
+        area.dWest = -kLongitudeMost;
+    if (area.dWest > area.dEast && Printed(area.dEast) == Printed(-kLongitudeMost))
+        area.dEast = kLongitudeMost;
+    if (Printed(area.dWest) == Printed(area.dEast))
+        return RunError{"the area has no width"};
     return {};
 }
 
@@ -198,32 +214,28 @@ Result<void> AreaApply(PredictOptions& options, const std::string& sValue)
                                        {&options.area.dSouth, 89.9, "a latitude"},
                                        {&options.area.dEast, 180, "a longitude"}}};
     for (std::size_t n = 0; n < aBound.size(); ++n) {
-        const auto res = BoundedGet(asPiece[n], -aBound[n].dMost, aBound[n].dMost, aBound[n].sWhat);
+        const auto res =
+            BoundedGet(asPiece[n], {-aBound[n].dMost, aBound[n].dMost}, aBound[n].sWhat);
         if (!res)
             return res.ErrorGet();
         *aBound[n].pValue = res.ValueGet();
     }
-    if (options.area.dNorth <= options.area.dSouth)
-        return RunError{"the north bound must lie north of the south bound"};
-    if (options.area.dWest == options.area.dEast)
-        return RunError{"the area has no width"};
-    return {};
+    return AreaCheck(options.area);
 }
 
 Result<void> HourApply(PredictOptions& options, const std::string& sValue)
 {
-    return Keep(WholeGet(sValue, 0, 23, "an hour"), options.area.iHour);
+    return Keep(WholeGet(sValue, {0, 23}, "an hour"), options.area.iHour);
 }
 
 Result<void> AreaFrequencyApply(PredictOptions& options, const std::string& sValue)
 {
-    return Keep(BoundedGet(sValue, kFrequencyLeastKhz, kFrequencyMostKhz, "a frequency in kHz"),
-                options.area.fFrequency);
+    return Keep(BoundedGet(sValue, kRangeFrequency, "a frequency in kHz"), options.area.fFrequency);
 }
 
 Result<void> GridApply(PredictOptions& options, const std::string& sValue)
 {
-    return Keep(WholeGet(sValue, kGridSizeMin, kGridSizeMax, "a number of grid points a side"),
+    return Keep(WholeGet(sValue, {kGridSizeMin, kGridSizeMax}, "a number of grid points a side"),
                 options.settings.m_iMapOverlayGridSize);
 }
 
@@ -250,25 +262,25 @@ std::vector<Option> OptionsMake()
         {"--ssn", Mode::Both, SunSpotApply},
         {"--frequencies", Mode::PointToPoint, FrequenciesApply},
         {"--noise", Mode::Both,
-         SingleOption(&Settings::m_fPropagationNoiseLevel, -200, -100, "a noise level in dBW")},
+         SingleOption(&Settings::m_fPropagationNoiseLevel, "a noise level in dBW")},
         {"--takeoff", Mode::Both,
-         SingleOption(&Settings::m_fPropagationTakeoffAngle, 0, 40, "a takeoff angle")},
+         SingleOption(&Settings::m_fPropagationTakeoffAngle, "a takeoff angle")},
         {"--reliability", Mode::Both,
-         SingleOption(&Settings::m_fPropagationReliability, 1, 99, "a reliability in %")},
+         SingleOption(&Settings::m_fPropagationReliability, "a reliability in %")},
         {"--multipath-power", Mode::Both,
-         SingleOption(&Settings::m_fPropagationMultipathPower, 0, 99,
+         SingleOption(&Settings::m_fPropagationMultipathPower,
                       "a multipath power tolerance in dB")},
         {"--multipath-delay", Mode::Both,
-         SingleOption(&Settings::m_fPropagationMultipathDelay, 0, 99, "a multipath delay in ms")},
+         SingleOption(&Settings::m_fPropagationMultipathDelay, "a multipath delay in ms")},
         {"--q-index", Mode::PointToPoint,
-         SingleOption(&Settings::m_fPropagationQIndex, 0, 9, "a Q index")},
+         SingleOption(&Settings::m_fPropagationQIndex, "a Q index")},
         {"--antenna", Mode::Both, AntennaApply},
         {"--coefficients", Mode::Both, CoefficientsApply},
         {"--layers", Mode::Both, LayersApply},
         {"--format", Mode::Both, FormatApply},
         {"--output", Mode::Both,
          [](PredictOptions& options, const std::string& sValue) -> Result<void> {
-             options.sOutput = sValue;
+             options.sOutput = sValue == "-" ? "" : sValue;
              return {};
          }},
         {"--area", Mode::Area, AreaApply},
@@ -343,7 +355,7 @@ Result<void> ModeCheck(const std::vector<Given>& aGiven, PredictOptions& options
     }
     options.eFormat = PredictFormat::Csv;
     if (const Given* pFormat = GivenFind(aGiven, "--format");
-        pFormat != nullptr && pFormat->sValue == "table")
+        pFormat != nullptr && TextEqualNoCase(pFormat->sValue, "table"))
         return RunError{"--format: an area has no table; give csv or json"};
     return {};
 }
@@ -353,13 +365,12 @@ Result<void> ProfileApply(const std::vector<Given>& aGiven, PredictOptions& opti
     const Given* pProfile = GivenFind(aGiven, "--profile");
     if (pProfile == nullptr)
         return {};
-    if (!FileExists(pProfile->sValue))
-        return RunError{"--profile: " + std::string(kFileNotFound) + ", " + pProfile->sValue};
     // The private-profile service takes a bare name for one in the system's own folder.
     const bool bBareName = pProfile->sValue.find_first_of("/\\") == std::string::npos;
     options.settings.m_sProfileFile =
         bBareName ? PathJoin(".", pProfile->sValue) : pProfile->sValue;
-    ProfileLoad(options.settings, {});
+    if (const auto res = ProfileLoad(options.settings, {}, ProfileRanges::Keep); !res)
+        return RunError{"--profile: " + res.TextGet() + ", " + pProfile->sValue};
     return {};
 }
 

@@ -26,11 +26,12 @@ struct PredictArea {
 struct PredictOptions {
     bool bHelp = false;
     bool bVersion = false;
-    Settings settings;  ///< defaults, then the profile named, then the options
+    Settings settings;  ///< defaults, then the profile named (its ranges not checked), then options
     PredictFormat eFormat = PredictFormat::Table;
-    std::string sOutput;  ///< file; empty: standard output
+    std::string sOutput;  ///< file; empty: standard output, which "-" names too
     bool bArea = false;
     PredictArea area;
+    std::string sFault;   ///< a position from Airmail out of range, with file and key
     std::string sPlaces;  ///< what the table's head says of positions taken from Airmail
 };
 

@@ -1,9 +1,8 @@
 #include "app/predict/PredictPosition.h"
 
-#include <cmath>
-
 #include "airmail/AirMailLib.h"
 #include "geo/MathLib.h"
+#include "settings/SettingsRange.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
@@ -25,7 +24,9 @@ Result<PredictPosition> AirMailPlaceGet()
     PredictPosition pos;
     DateTime dtTime;
     const MsgListener listener(false);  // a box becomes the option's error
-    const auto res = AirMailPositionGet(pos.dLat, pos.dLon, dtTime, true);
+    const auto res = AirMailPositionGet(pos.dLat, pos.dLon, dtTime, true, &pos.sFault);
+    if (!pos.sFault.empty())
+        return pos;  // an older position in its place would be a wrong answer
     if (!res || !res.ValueGet())
         return ErrorOf(res, listener);
     pos.sNote = dtTime.IsZero() ? "Airmail's position, its time is not known"
@@ -41,7 +42,9 @@ Result<PredictPosition> StationPlaceGet(const std::string& sSystem, const std::s
                         + TextForMessage(sKey) + "\" (data folder \""
                         + TextForMessage(AirMailDataFolderGet()) + "\")"};
     const MsgListener listener(false);
-    const auto res = AirMailStationPosition(sSystem, sKey, pos.dLat, pos.dLon, false);
+    const auto res = AirMailStationPosition(sSystem, sKey, pos.dLat, pos.dLon, false, &pos.sFault);
+    if (!pos.sFault.empty())
+        return pos;
     if (!res || !res.ValueGet())
         return ErrorOf(res, listener);
     pos.sNote = "Airmail's station " + TextForMessage(sKey) + " (" + TextForMessage(sSystem) + ")";
@@ -112,9 +115,9 @@ Result<PredictPosition> PredictPositionGet(std::string_view sText)
     if (!AngleRead(sText.substr(0, nComma), true, pos.dLat)
         || !AngleRead(sText.substr(nComma + 1), false, pos.dLon))
         return RunError{"\"" + TextForMessage(sText) + "\" is no position; " + kForms};
-    if (std::abs(pos.dLat) > 90.0)
-        return RunError{"latitude " + NumberToText(pos.dLat) + " lies outside -90 to 90"};
-    if (std::abs(pos.dLon) > 180.0)
-        return RunError{"longitude " + NumberToText(pos.dLon) + " lies outside -180 to 180"};
+    if (!kRangeLatitude.Holds(pos.dLat))
+        return RunError{"latitude " + RangeFaultText(pos.dLat, kRangeLatitude)};
+    if (!kRangeLongitude.Holds(pos.dLon))
+        return RunError{"longitude " + RangeFaultText(pos.dLon, kRangeLongitude)};
     return pos;
 }

@@ -9,9 +9,10 @@
 #include "system/Result.h"
 
 struct PredictPosition {
-    double dLat = 0;    ///< degrees, north positive, [-90, 90]
-    double dLon = 0;    ///< degrees, east positive, [-180, 180]
-    std::string sNote;  ///< where it comes from, when not from the command line itself
+    double dLat = 0;     ///< degrees, north positive, [-90, 90]
+    double dLon = 0;     ///< degrees, east positive, [-180, 180]
+    std::string sFault;  ///< out of range: file, key and value; the position is none then
+    std::string sNote;   ///< where it comes from, when not from the command line itself
 };
 
 /// LAT,LON in decimal degrees ("38,-122"), the two degree-minute texts joined by a comma

@@ -7,6 +7,7 @@
 #include "propagation/PropagationAreaLib.h"
 #include "propagation/PropagationInput.h"
 #include "propagation/PropagationLib.h"
+#include "settings/ProfileLib.h"
 #include "settings/SunSpotLib.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
@@ -33,6 +34,18 @@ bool SettingsComplete(Settings& settings)
     if (settings.m_bPropagationMonth)
         settings.m_iPropagationMonth = UtcNow().nMonth;
     return true;
+}
+
+/// Nothing out of range reaches an engine. Of the settings only the profile's can be out of range:
+/// options were checked.
+bool RangesCheck(const PredictOptions& options)
+{
+    if (!options.sFault.empty())
+        return MsgFail(MsgIcon::Exclamation, options.sFault);
+    const auto asFault = SettingsFaultsGet(options.settings, !options.bArea);
+    return asFault.empty()
+           || MsgFail(MsgIcon::Exclamation,
+                      options.settings.m_sProfileFile + ", " + asFault.front());
 }
 
 /// What else is known of a failed engine, behind the box of its run.
@@ -140,7 +153,7 @@ std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settin
 std::optional<PredictOutput> PredictRunGet(const PredictOptions& options, bool bColor)
 {
     Settings settings = options.settings;
-    if (!SettingsComplete(settings))
+    if (!RangesCheck(options) || !SettingsComplete(settings))
         return std::nullopt;
     return options.bArea ? AreaGet(options, settings) : PointToPointGet(options, settings, bColor);
 }

@@ -30,8 +30,30 @@ void LocationField::KindSet(LocationKind eKind)
     }
 }
 
+void LocationField::MarkSet(const QString& sWhy)
+{
+    const bool bMark = !sWhy.isEmpty();
+    if (bMark && !m_bMark) {
+        m_sTip = toolTip();
+        m_sAbout = accessibleDescription();
+        // Dark red on light red: 6.8:1.
+        QPalette pal = palette();
+        pal.setColor(QPalette::Base, QColor(0xFF, 0xE0, 0xE0));
+        pal.setColor(QPalette::Text, QColor(0xA0, 0x00, 0x00));
+        setPalette(pal);
+    } else if (!bMark && m_bMark) {
+        setPalette(QPalette());
+    }
+    if (bMark || m_bMark) {
+        setToolTip(bMark ? sWhy : m_sTip);
+        setAccessibleDescription(bMark ? sWhy : m_sAbout);
+    }
+    m_bMark = bMark;
+}
+
 void LocationField::TextSet(const QString& sText)
 {
+    MarkSet({});
     const int nCaret = hasFocus() ? CaretGet() : 0;
     m_sBefore.clear();
     setText(sText);

@@ -20,6 +20,10 @@ public:
     void KindSet(LocationKind eKind);
     /// The text as the program sets it; nothing is left to undo.
     void TextSet(const QString& sText);
+    /// Marks a text that cannot be used, by its colours and by the reason as description and tip;
+    /// an empty reason, and TextSet, take the mark away.
+    void MarkSet(const QString& sWhy);
+    [[nodiscard]] bool MarkIs() const { return m_bMark; }
     /// Caret position from 0: the character that the next key replaces.
     [[nodiscard]] int CaretGet() const;
     /// Stands the caret on a character, never on a separator.
@@ -56,5 +60,8 @@ private:
     std::array<int, 3> m_aSeparators{};  ///< counted from 1
     int m_nHemisphere = 0;               ///< counted from 1
     QString m_sLetters;
+    bool m_bMark = false;
+    QString m_sTip;  ///< tip and description without the mark
+    QString m_sAbout;
     QString m_sBefore;  ///< text before the last accepted edit; empty: nothing to undo
 };

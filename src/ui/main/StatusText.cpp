@@ -4,6 +4,7 @@
 
 #include "propagation/EngineLib.h"
 #include "system/NumberLib.h"
+#include "system/RunErrorText.h"
 #include "system/TextLib.h"
 
 namespace {
@@ -41,6 +42,21 @@ std::string StatusInForce(const PropagationInput& input, bool bBuiltIn, bool bSu
     return EngineName(input.iModel) + (bBuiltIn ? " (built-in, P.533 with long-path rule)" : "")
            + kBetween + MonthName(input.nMonth) + kBetween
            + (bSunSpotNumber ? sNumber : "no sunspot number (Airmail)");
+}
+
+std::string StatusProfile(const Result<std::vector<std::string>>& resDropped)
+{
+    if (resDropped.TextGet() == kFileNotFound)
+        return {};  // the first start
+    if (!resDropped)
+        return "The profile was not read: " + resDropped.TextGet();
+    const std::vector<std::string>& asDropped = resDropped.ValueGet();
+    if (asDropped.empty())
+        return {};
+    std::string sText = "Not taken from the profile: " + asDropped.front();
+    if (asDropped.size() > 1)
+        sText += " (and " + std::to_string(asDropped.size() - 1) + " more)";
+    return sText;
 }
 
 std::string StatusTrouble(RunTrouble eTrouble, int iModel, const std::string& sMessage,

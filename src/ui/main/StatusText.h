@@ -7,14 +7,21 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "propagation/PropagationTable.h"
+#include "system/Result.h"
 
 /// "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (options)". An
 /// engine number that is none reads "no engine".
 /// @param bSunSpotNumber  false: Airmail was asked and had none
 [[nodiscard]] std::string StatusInForce(const PropagationInput& input, bool bBuiltIn,
                                         bool bSunSpotNumber);
+
+/// One line on values of a profile that did not come into force, or on a file that could not be
+/// read; empty when all is well or there is no file.
+/// @param resDropped  as ProfileLoad gives it
+[[nodiscard]] std::string StatusProfile(const Result<std::vector<std::string>>& resDropped);
 
 /// What failed, or why.
 enum class RunTrouble { SunSpot, Frequencies, Engine, Overlay };

@@ -62,7 +62,10 @@ void frmMain::SignalsConnect()
 {
     grdData->SpeechSet([this](int iRow, int iCol) { return Speech(iRow, iCol); });
     for (LocationField* pField : {txtLat0, txtLon0, txtLat1, txtLon1})
-        connect(pField, &LocationField::Edited, this, [this] { cmdUpdate->setEnabled(true); });
+        connect(pField, &LocationField::Edited, this, [this, pField] {
+            cmdUpdate->setEnabled(true);
+            pField->MarkSet({});
+        });
     for (LocationField* pField : {txtLat1, txtLon1})
         connect(pField, &QLineEdit::textChanged, this, &frmMain::TransmitterTyped);
     const auto ButtonConnect = [this](QPushButton* pButton, void (frmMain::*pfnClick)()) {
@@ -113,7 +116,13 @@ void frmMain::MenusConnect()
     }
 }
 
-void frmMain::Initialize() { m_settings.Initialize(); }
+/// The profile stays the one that the program was started with or that was opened.
+void frmMain::Initialize()
+{
+    const std::string sProfileFile = m_settings.m_sProfileFile;
+    m_settings.Initialize();
+    m_settings.m_sProfileFile = sProfileFile;
+}
 
 void frmMain::ProfileSaveError(int nErrorCode) const { ::ProfileSaveError(m_settings, nErrorCode); }
 
@@ -132,10 +141,11 @@ void frmMain::ProfileRead()
 {
     QRect rectOuter = m_rectOuter.value_or(frameGeometry());
     bool bPlaced = false;
-    ProfileLoad(m_settings, [&](WindowKey eKey, float fTwips) {
+    const auto resDropped = ProfileLoad(m_settings, [&](WindowKey eKey, float fTwips) {
         WindowKeyApply(rectOuter, eKey, fTwips);
         bPlaced = true;
     });
+    m_sNotice = StatusProfile(resDropped);
     if (!bPlaced)
         return;
     WindowOuterSet(*this, rectOuter);

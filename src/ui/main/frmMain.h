@@ -120,6 +120,8 @@ private:
     void grdDataMouseMove(int iRow, int iCol);
     void tmrTimeTick();
     void TransmitterTyped();
+    bool PositionTake(LocationField& field, double& dValue);
+    void PositionRefuse(LocationField& field, const std::string& sWhy);
     void DetailsRefresh();
     void DetailsFill();
     void OptionsShow(int iTab);
@@ -132,6 +134,7 @@ private:
     std::string m_sTrouble;            ///< of the last run, empty when all of it succeeded
     std::string m_sOverlayTrouble;     ///< of the map's overlay since the last run began
     bool m_bOld = false;               ///< the table is that of an earlier run
+    std::string m_sNotice;             ///< told once by the status line, after the next run
     bool m_bSunSpotNumber = true;      ///< the last run had a sunspot number
     bool m_bActivated = false;
     bool m_bActivating = false;

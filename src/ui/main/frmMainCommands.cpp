@@ -4,8 +4,10 @@
 
 #include "airmail/AirMailLib.h"
 #include "geo/MathLib.h"
+#include "settings/SettingsRange.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
+#include "system/NumberLib.h"
 #include "system/TextLib.h"
 #include "ui/common/FileDialog.h"
 #include "ui/details/frmDetails.h"
@@ -105,12 +107,37 @@ void frmMain::cmdUpdateClick()
 {
     // One after the other: what was decoded before a text that cannot be is kept.
     Settings& settings = m_settings;
-    const bool bOk = TextToLatitude(txtLat0->text().toStdString(), settings.m_dRcLat, true)
-                     && TextToLongitude(txtLon0->text().toStdString(), settings.m_dRcLon, true)
-                     && TextToLatitude(txtLat1->text().toStdString(), settings.m_dTxLat, true)
-                     && TextToLongitude(txtLon1->text().toStdString(), settings.m_dTxLon, true);
+    const bool bOk =
+        PositionTake(*txtLat0, settings.m_dRcLat) && PositionTake(*txtLon0, settings.m_dRcLon)
+        && PositionTake(*txtLat1, settings.m_dTxLat) && PositionTake(*txtLon1, settings.m_dTxLon);
     if (bOk)
         Update();
+}
+
+/// A field's text as a number. One that is none is told by a box, one out of range at the field and
+/// in the status line.
+bool frmMain::PositionTake(LocationField& field, double& dValue)
+{
+    const std::string sText = field.text().toStdString();
+    const bool bLat = &field == txtLat0 || &field == txtLat1;
+    double dTaken = 0.0;
+    if (!(bLat ? TextToLatitude(sText, dTaken, true) : TextToLongitude(sText, dTaken, true)))
+        return false;
+    const NumberRange& range = bLat ? kRangeLatitude : kRangeLongitude;
+    if (!range.Holds(dTaken)) {
+        PositionRefuse(field, sText + " lies beyond " + NumberToText(range.dMost) + "°");
+        return false;
+    }
+    dValue = dTaken;
+    return true;
+}
+
+void frmMain::PositionRefuse(LocationField& field, const std::string& sWhy)
+{
+    field.MarkSet(QString::fromStdString(sWhy));
+    m_sTrouble = "No prediction: " + field.accessibleName().toStdString() + " " + sWhy
+                 + ". Correct it, then Update";
+    StatusShow();
 }
 
 void frmMain::cmdRcAirmailClick()

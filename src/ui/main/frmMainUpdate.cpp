@@ -196,7 +196,7 @@ bool frmMain::PredictionMake()
     for (int i = 1; i <= m_settings.m_nData; ++i)
         if (const auto res = NumberFromTextSingle(grdData->TextGet(i, 0).toStdString()))
             m_settings.FrequencySet(i, res.ValueGet());
-    if (m_settings.m_nData < 1)
+    if (FrequenciesInRangeGet(PropagationInputFromSettings(m_settings)).empty())
         return TroubleSet(RunTrouble::Frequencies);
     return TableMake();
 }
@@ -248,7 +248,10 @@ void frmMain::StatusShow()
         m_table.nData > 0 ? StatusInForce(m_table.input, m_table.bBuiltIn, true)
                           : StatusInForce(PropagationInputFromSettings(m_settings),
                                           EngineIsHopcasts(iModel), m_bSunSpotNumber));
-    const std::string& sTrouble = m_sTrouble.empty() ? m_sOverlayTrouble : m_sTrouble;
+    const std::string sNotice = std::exchange(m_sNotice, {});
+    const std::string sTrouble = !m_sTrouble.empty()          ? m_sTrouble
+                                 : !m_sOverlayTrouble.empty() ? m_sOverlayTrouble
+                                                              : sNotice;
     lblInForce->setToolTip(sInForce);
     // What went wrong comes first where there is no room for both: what stands in brackets goes.
     static const QRegularExpression kBrackets(QStringLiteral(" \\([^)]*\\)"));

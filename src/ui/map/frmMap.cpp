@@ -3,6 +3,10 @@
 #include <QPointer>
 #include <QShortcut>
 #include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "geo/MathLib.h"
 
 namespace {
 
@@ -311,20 +315,42 @@ void frmMap::Update()
         OverlayShow();
 }
 
-void frmMap::cmdApplyClick()
+/// A marker that was dragged beyond a pole has no place; txtCursor says so.
+bool frmMap::MarkersCheck()
 {
+    for (const auto& [sEnd, pos] : {std::pair("receiver", m_posRc), {"transmitter", m_posTx}}) {
+        if (PositionInRange(pos.dLat, pos.dLon))
+            continue;
+        const bool bLat = std::abs(pos.dLat) > kLatitudeMost;
+        txtCursor->setText((bLat ? QStringLiteral("Not set: latitude of %1 beyond 90°")
+                                 : QStringLiteral("Not set: longitude of %1 beyond 180°"))
+                               .arg(QLatin1String(sEnd)));
+        txtCursor->show();
+        return false;
+    }
+    txtCursor->hide();
+    return true;
+}
+
+void frmMap::cmdApplyClick() { Apply(); }
+
+/// @return false when nothing was handed over
+bool frmMap::Apply()
+{
+    if (!MarkersCheck())
+        return false;
     Settings& settings = m_host.SettingsGet();
     settings.m_dRcLat = m_posRc.dLat;
     settings.m_dRcLon = m_posRc.dLon;
     settings.m_dTxLat = m_posTx.dLat;
     settings.m_dTxLon = m_posTx.dLon;
     m_host.Update();
+    return true;
 }
 
 void frmMap::cmdOkClick()
 {
     const QPointer<frmMap> pThis(this);  // the user may close the window during the update
-    cmdApplyClick();
-    if (pThis)
+    if (Apply() && pThis)
         close();
 }

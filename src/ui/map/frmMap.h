@@ -106,6 +106,8 @@ private:
     void Activate();
     void LocationsTake();
     void cmdApplyClick();
+    bool Apply();
+    bool MarkersCheck();
     void cmdOkClick();
 
     // view and navigation (frmMapNavigation.cpp)

@@ -3,6 +3,7 @@
 
 #include "airmail/AirMailLib.h"
 #include "geo/MathLib.h"
+#include "settings/SettingsRange.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
@@ -148,6 +149,9 @@ bool frmOptions::NumbersRead(Numbers& numbers)
         const auto resNumber = NumberFromTextSingle(pBox->text().toStdString());
         if (!resNumber)
             return NumberRefused(pBox, resNumber.TextGet());
+        if (const NumberRange range = SettingsRangeGet(m_aModelBoxes[n].pMember);
+            !range.Holds(resNumber.ValueGet()))
+            return NumberRefused(pBox, RangeFaultText(resNumber.ValueGet(), range));
         numbers.afModel[n] = resNumber.ValueGet();
     }
     return true;

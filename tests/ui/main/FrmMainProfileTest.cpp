@@ -198,4 +198,31 @@ TEST(FrmMainProfile, PositionsBeyondTheGlobeAreShownAndTold)
     EXPECT_EQ(frm.txtLat1->selectedText().length(), 1);
 }
 
+TEST(FrmMainProfile, WhatWasNotTakenFromItIsToldOnceByTheStatusLine)
+{
+    MainRig rig;
+    rig.ProfileAdd("[Receiver Data]\nLatitude=95\nLongitude=10\n");
+    frmMain& frm = rig.Start();
+    EXPECT_DOUBLE_EQ(frm.m_settings.m_dRcLat, 24.0);
+    EXPECT_DOUBLE_EQ(frm.m_settings.m_dRcLon, -110.0);
+    EXPECT_GT(rig.m_engine.nStarts, 0);
+    EXPECT_EQ(frm.lblTrouble->text(),
+              QStringLiteral("Not taken from the profile: [Receiver Data] Latitude: 95 lies "
+                             "outside -90 to 90"));
+    EXPECT_FALSE(frm.lblOld->isVisible()) << "the table is the one asked for";
+    EXPECT_TRUE(frm.Update());
+    EXPECT_EQ(frm.lblTrouble->text(), QString());
+}
+
+TEST(FrmMainProfile, DefaultKeepsItsPath)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    const std::string sProfile = frm.m_settings.m_sProfileFile;
+    frm.m_settings.m_fPropagationReliability = 77.0F;
+    frm.mnuFileDefault->trigger();
+    EXPECT_EQ(frm.m_settings.m_fPropagationReliability, 50.0F);
+    EXPECT_EQ(frm.m_settings.m_sProfileFile, sProfile);
+}
+
 }  // namespace

@@ -279,4 +279,19 @@ TEST(FrmMainStations, StatusTipTellsGridSquareAndBearing)
     EXPECT_TRUE(rig.m_msg.m_aShown.empty());
 }
 
+TEST(FrmMainStations, AnAirmailPositionOutOfRangeIsNone)
+{
+    MainRig rig;
+    rig.AirmailWrite("Airmail.ini",
+                     "[Propagation]\nLatitude=95\xB0"
+                     "30.00'N\nLongitude=020\xB0"
+                     "15.00'W\n");
+    frmMain& frm = rig.Start();
+    rig.m_engine.nStarts = 0;
+    QTest::mouseClick(frm.cmdRcAirmail, Qt::LeftButton);
+    EXPECT_DOUBLE_EQ(frm.m_settings.m_dRcLat, 24.0);
+    EXPECT_EQ(rig.m_engine.nStarts, 0);
+    EXPECT_EQ(rig.m_msg.m_aShown.size(), 1u);
+}
+
 }  // namespace

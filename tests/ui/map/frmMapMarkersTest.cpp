@@ -195,4 +195,24 @@ TEST(frmMapBeforeActivation, UpdateDoesNothing)
     EXPECT_TRUE(frm.pctMap->m_img.isNull());
 }
 
+TEST_F(frmMapMarkers, AMarkerBeyondAPoleHandsNothingOverAndSaysSo)
+{
+    m_pMap->m_posRc = {1, 2};
+    m_pMap->m_posTx = {-90.5, 4};
+    for (QPushButton* pButton : {m_pMap->cmdApply, m_pMap->cmdOk}) {
+        QTest::mouseClick(pButton, Qt::LeftButton);
+        EXPECT_FALSE(GoneIs());
+        EXPECT_EQ(m_host.m_nUpdates, 0);
+        EXPECT_DOUBLE_EQ(m_host.m_settings.m_dRcLat, 24);
+        EXPECT_DOUBLE_EQ(m_host.m_settings.m_dTxLat, 38);
+        EXPECT_TRUE(m_pMap->txtCursor->isVisible());
+        EXPECT_EQ(m_pMap->txtCursor->text(),
+                  QStringLiteral("Not set: latitude of transmitter beyond 90°"));
+    }
+    m_pMap->m_posTx = {-90, 4};
+    QTest::mouseClick(m_pMap->cmdApply, Qt::LeftButton);
+    EXPECT_EQ(m_host.m_nUpdates, 1);
+    EXPECT_FALSE(m_pMap->txtCursor->isVisible());
+}
+
 }  // namespace

@@ -1,6 +1,8 @@
 // Buttons: what each copies, when, and what a bad entry does.
 #include <algorithm>
 
+#include "settings/SettingsRange.h"
+#include "system/NumberLib.h"
 #include "ui/options/FrmOptionsFixture.h"
 
 namespace {
@@ -20,10 +22,32 @@ protected:
 TEST_P(FrmOptionsBox, IsCopiedOnApply)
 {
     const frmOptions& frm = Open(GetParam().iTab);
-    Type(BoxGet(GetParam().sName), Q(" -1.25 "));
+    const bool bNoise = GetParam().pMember == &Settings::m_fPropagationNoiseLevel;
+    Type(BoxGet(GetParam().sName), bNoise ? Q(" -101.25 ") : Q(" 1.25 "));
     Press(frm.cmdApply);
-    EXPECT_EQ(m_host.m_atUpdate.*GetParam().pMember, -1.25F);
-    EXPECT_EQ(BoxGet(GetParam().sName)->text(), Q("-1.25"));
+    EXPECT_EQ(m_host.m_atUpdate.*GetParam().pMember, bNoise ? -101.25F : 1.25F);
+    EXPECT_EQ(BoxGet(GetParam().sName)->text(), bNoise ? Q("-101.25") : Q("1.25"));
+}
+
+TEST_P(FrmOptionsBox, OutOfRangeIsToldLikeATextThatIsNoNumber)
+{
+    const NumberRange range = SettingsRangeGet(GetParam().pMember);
+    if (range.Holds(1e6))
+        return;  // the map's least SNR takes every number
+    const frmOptions& frm = Open(GetParam().iTab);
+    const float fBefore = ValueGet();
+    for (const double dValue : {range.dLeast - 0.5, range.dMost + 0.5}) {
+        Type(BoxGet(GetParam().sName), QString::fromStdString(NumberToText(dValue)));
+        const MsgRecorder msg;
+        Press(frm.cmdApply);
+        const std::string sValue = NumberToText(dValue);
+        EXPECT_EQ(OneShown(msg).sText, "Unable to use \"" + sValue + "\", " + sValue
+                                           + " lies outside " + NumberToText(range.dLeast) + " to "
+                                           + NumberToText(range.dMost)
+                                           + ".  Please type a number.");
+        EXPECT_EQ(ValueGet(), fBefore);
+        EXPECT_EQ(UpdatesGet(), 0);
+    }
 }
 
 TEST_P(FrmOptionsBox, WithoutANumberIsToldAndFocusedAndNothingRuns)

@@ -15,7 +15,7 @@ TEST_F(FrmOptions, SettingsOutliveARestart)
     ASSERT_TRUE(ProfileSave(m_host.m_settings, std::nullopt));
     m_host.m_settings = Settings();
     m_host.m_settings.m_sProfileFile = m_folder.Path("saved.ini");
-    ProfileLoad(m_host.m_settings, {});
+    ASSERT_TRUE(ProfileLoad(m_host.m_settings, {}));
 
     EveryControlIsRestored(Open());
 }
