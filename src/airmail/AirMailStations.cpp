@@ -100,8 +100,8 @@ Result<bool> AirMailStationPosition(const std::string& sSystem, const std::strin
         return false;
     if (!PositionInRange(dLat, dLon)) {
         const std::string sFault = AirMailPathGet(AirMailDataFolderGet(), StationFileName(sSystem))
-                                   + ", [" + kSection + "] " + sKey + ": " + TextPrintable(sGrid)
-                                   + " lies out of range";
+                                   + ", [" + kSection + "] " + sKey + ": "
+                                   + TextPrintable(sEntry.substr(0, nColon)) + " lies out of range";
         if (psFault)
             *psFault = sFault;
         return bShowError && MsgFail(MsgIcon::Exclamation, sFault);

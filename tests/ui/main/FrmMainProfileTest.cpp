@@ -185,14 +185,13 @@ TEST(FrmMainProfile, RubbishAndHugeProfilesDoNotHurt)
     }
 }
 
-TEST(FrmMainProfile, PositionsBeyondTheGlobeAreShownAndTold)
+TEST(FrmMainProfile, PositionsBeyondTheGlobeAreNone)
 {
     MainRig rig;
     rig.ProfileAdd("[Transmitter Data]\nLatitude=500\nLongitude=-9999\n");
-    rig.m_engine.bFail = true;
     const frmMain& frm = rig.Start();
-    EXPECT_EQ(frm.txtLat1->text(), QStringLiteral("500°00.00'N"));
-    EXPECT_EQ(frm.txtLon1->text(), QStringLiteral("9999°00.00'W"));
+    EXPECT_EQ(frm.txtLat1->text(), QStringLiteral("38°00.00'N"));
+    EXPECT_EQ(frm.txtLon1->text(), QStringLiteral("122°00.00'W"));
     frm.txtLat1->setFocus();
     QTest::keyClicks(frm.txtLat1, QStringLiteral("123456789nnn"));
     EXPECT_EQ(frm.txtLat1->selectedText().length(), 1);

@@ -84,6 +84,13 @@ inline constexpr NumberBoxCase kNumberBoxes[] = {
 };
 // clang-format on
 
+/// A number for a box, in its range and no other box's: "1.05", "1.1" ...; of the noise negative.
+inline QString BoxNumberGet(const NumberBoxCase& c, int nBox)
+{
+    const bool bNoise = c.pMember == &Settings::m_fPropagationNoiseLevel;
+    return bNoise ? QStringLiteral("-150.5") : QString::number(1 + nBox / 20.0);
+}
+
 /// Gives every control that is copied a value that is not its default.
 inline void EveryControlChange(frmOptions& frm)
 {
@@ -97,7 +104,7 @@ inline void EveryControlChange(frmOptions& frm)
     int nBox = 0;
     for (const NumberBoxCase& c : kNumberBoxes) {
         frm.TabShow(c.iTab);
-        Type(BoxGet(frm, c.sName), QString::number(++nBox) + QStringLiteral(".1"));
+        Type(BoxGet(frm, c.sName), BoxNumberGet(c, ++nBox));
     }
     Type(frm.txtMapOverlayGridSize, QStringLiteral("77"));
     frm.TabShow(kTabTime);
@@ -118,7 +125,7 @@ inline void EveryControlIsRestored(const frmOptions& frm)
     EXPECT_EQ(frm.txtFrequency->toPlainText(), QStringLiteral("3900\n7250\n14300"));
     int nBox = 0;
     for (const NumberBoxCase& c : kNumberBoxes) {
-        QString sExpected = QString::number(++nBox) + QStringLiteral(".1");
+        QString sExpected = BoxNumberGet(c, ++nBox);
         // Written under one key and read under another: back at their defaults.
         if (c.pMember == &Settings::m_fPropagationReliability)
             sExpected = QStringLiteral("50");
