@@ -86,7 +86,8 @@ TEST_F(EndSignals, AHangUpThatIsIgnoredStaysIgnored)
     asWords.insert(asWords.begin(),
                    {"/bin/sh", "-c", "trap '' HUP; kill -HUP $$; exec \"$@\"", "sh"});
     StartedProgram program(asWords, m_tmp.Path("out"));
-    EngineAwait();
+    // The program itself runs once the engine folder is there; its engine is too quick to be seen.
+    ASSERT_TRUE(Await([&] { return fs::exists(m_tmp.Path("data") + "/hopcast"); }, 20s));
     program.Signal(SIGHUP);
     const auto end = program.EndAwait(20s);
     ASSERT_TRUE(end);

@@ -625,7 +625,8 @@ TEST(FrmMainUpdate, WithoutAFrequencyInRangeTheListIsToBeChanged)
     EXPECT_EQ(rig.m_engine.nStarts, 0);
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("No frequencies to predict: Options, Frequency"));
-    EXPECT_EQ(frm.grdData->TextGet(1, 0), QStringLiteral("50")) << "it stays in the list";
+    EXPECT_EQ(frm.m_settings.FrequencyGet(1), 50.0F) << "it stays in the list";
+    EXPECT_EQ(frm.grdData->TextGet(1, 0), QStringLiteral("2000")) << "of the table that is kept";
 }
 
 }  // namespace
