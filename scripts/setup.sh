@@ -136,7 +136,6 @@ LossGet() {
     clang | libclang-rt-dev) echo "no fuzzing" ;;
     libbenchmark-dev) echo "no benchmarks" ;;
     gcovr) echo "no count of the lines that the tests run" ;;
-    patch) echo "no check of the rules to break" ;;
     dpkg-dev | file) echo "no package" ;;
     lintian | appstream | desktop-file-utils | man-db) echo "the Debian package is not checked" ;;
     *) echo "Hopcast cannot be built" ;;
@@ -148,7 +147,7 @@ Main() {
     local voacapl=(voacapl voacapl-data)
     case $purpose in
     test | coverage)
-        needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick patch)
+        needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick)
         [ "$purpose" = test ] || needed+=(gcovr)
         # Only CI builds for Windows, tests that under Wine, fuzzes and installs the package.
         [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 googletest wine wine64 clang libclang-rt-dev
