@@ -5,19 +5,33 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-scripts/setup.sh test
+# In CI the seconds of each step are printed before the tests, whose own time is in CTest's last lines.
+steps=
+Step() { # NAME COMMAND...
+    local name=$1 start=$SECONDS
+    shift
+    "$@"
+    steps+=$(printf '%6d s  %s' $((SECONDS - start)) "$name")$'\n'
+}
+StepsShow() { [ "${CI:-}" != true ] || printf 'test.sh:\n%s' "$steps"; }
+trap StepsShow EXIT
+# 77: it has said why it cannot be done here
+DebianPackage() { packaging/debian/test.sh || [ $? = 77 ]; }
+
+Step setup scripts/setup.sh test
 if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 fi
 if [ "${CI:-}" = true ]; then
-    cmake --preset windows
-    cmake --build --preset windows
-    ctest --preset windows # under Wine
-    packaging/debian/test.sh || [ $? = 77 ] # 77: it has said why it cannot be done here
+    Step "Windows: configure" cmake --preset windows
+    Step "Windows: build" cmake --build --preset windows
+    Step "Windows: tests under Wine" ctest --preset windows
+    Step "Debian package" DebianPackage
 fi
-cmake --preset dev
-cmake --build --preset dev
+Step configure cmake --preset dev
+Step build cmake --build --preset dev
 if [ "${CI:-}" = true ]; then
-    scripts/fuzz.sh 20
+    Step fuzz scripts/fuzz.sh 20
 fi
+StepsShow
 exec ctest --preset dev --parallel "$(nproc)" "$@"
