@@ -140,7 +140,7 @@ for name in "${names[@]}"; do
         tried=$((tried + 1))
         failure=$(FailureFirst "${programs[@]}")
         [ -z "$failure" ] || caught=$((caught + 1))
-        printf '%-20s %s\n%-20s %s\n' "$name" "${row[$name.rule]}" '' "${failure:-NOT NOTICED}"
+        printf '%-24s %s\n%-24s %s\n' "$name" "${row[$name.rule]}" '' "${failure:-NOT NOTICED}"
     fi
     # Written anew: with the time of the original the broken object would pass for the newer one.
     cat "$file" >"$tree/$file"
