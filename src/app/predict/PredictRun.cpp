@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "app/predict/PredictPrint.h"
+#include "propagation/AreaBoxes.h"
 #include "propagation/EngineLib.h"
 #include "propagation/PropagationAreaLib.h"
 #include "propagation/PropagationInput.h"
@@ -126,20 +127,16 @@ std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settin
     PropagationAreaInput input = PropagationAreaInputFromSettings(settings);
     input.iHour = options.area.iHour;
     input.fFrequency = options.area.fFrequency / 1000.0F;
-    input.dNorth = options.area.dNorth;
-    input.dSouth = options.area.dSouth;
-    input.dWest = options.area.dWest;
-    input.dEast = options.area.dEast;
+    const bool bOverDateLine = options.area.dEast <= options.area.dWest;
     std::vector<PredictPoint> aPoint;
-    bool bOk = false;
-    if (input.dWest < input.dEast) {
-        bOk = AreaPointsAppend(input, aPoint);
-    } else {
-        // The engines would go the long way round, so an area over longitude 180 is two.
-        input.dEast = 180.0;
-        bOk = AreaPointsAppend(input, aPoint);
-        input.dWest = -180.0;
-        input.dEast = options.area.dEast;
+    bool bOk = true;
+    for (const AreaBox& box :
+         AreaBoxesGet({options.area.dSouth, options.area.dNorth, options.area.dWest,
+                       options.area.dEast + (bOverDateLine ? 360.0 : 0.0)})) {
+        input.dNorth = box.dTop;
+        input.dSouth = box.dBottom;
+        input.dWest = box.dLeft;
+        input.dEast = box.dRight;
         bOk = bOk && AreaPointsAppend(input, aPoint);
     }
     if (!bOk)
