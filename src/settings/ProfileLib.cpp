@@ -23,6 +23,7 @@ constexpr int kBufferSize = 256;
 
 constexpr const char* kAirMail = "AirMail Data";
 constexpr const char* kMap = "Map Data";
+constexpr const char* kWorldBegins = "World Begins";
 constexpr const char* kFrequencies = "Propagation Data";
 constexpr const char* kModel = "Propagation Model";
 constexpr const char* kReceiver = "Receiver Data";
@@ -136,6 +137,14 @@ void ModelLoad(const Reader& reader, Settings& settings)
     reader.Boolean(kModel, "SunSpot Option", settings.m_bPropagationSunSpotNumber);
     reader.Ranged("SunSpot Number", settings.m_fPropagationSunSpotNumber);
     reader.Ranged("Takeoff Angle", settings.m_fPropagationTakeoffAngle);
+}
+
+void WorldBeginsLoad(const Reader& reader, Settings& settings)
+{
+    int iWorldBegins = settings.m_iMapWorldBegins;
+    reader.Integer(kMap, kWorldBegins, iWorldBegins);
+    if (iWorldBegins == 0 || iWorldBegins == -180)
+        settings.m_iMapWorldBegins = iWorldBegins;
 }
 
 void WindowLoad(const Reader& reader, const WindowApplyFn& fnWindowApply)
@@ -299,6 +308,7 @@ Result<std::vector<std::string>> ProfileLoad(Settings& settings, const WindowApp
     if (eRanges == ProfileRanges::Drop)
         asDropped = FaultsDrop(before, settings);
     WindowLoad(reader, fnWindowApply);
+    WorldBeginsLoad(reader, settings);
     return asDropped;
 }
 
@@ -351,6 +361,7 @@ bool ProfileSave(const Settings& settings, const std::optional<WindowData>& wind
     writer.Number(kTransmitter, "Longitude", settings.m_dTxLon);
     if (window)
         WindowSave(writer, *window);
+    writer.Number(kMap, kWorldBegins, settings.m_iMapWorldBegins);
     const int nError = writer.Write(settings.m_sProfileFile);
     if (nError != 0)
         ProfileSaveError(settings, nError);

@@ -37,11 +37,12 @@ public:
     /// Stores fValue (kHz) at entry iIndex (0..15); an index outside it stores nothing.
     void FrequencySet(int iIndex, float fValue);
 
-    std::string m_sProfileFile;                          ///< full path of the profile file
-    int m_nData = kFrequencyMax;                         ///< frequencies in use, entries 1..m_nData
-    int m_iMapOverlayGridSize = 40;                      ///< points a side of the map's SNR overlay
-    float m_fMapOverlayMinSnr = 20.0F;                   ///< dB, lowest SNR drawn by the overlay
-    int m_iPropagationAntennaType = 1;                   ///< code of the deck's antenna cards
+    std::string m_sProfileFile;         ///< full path of the profile file
+    int m_nData = kFrequencyMax;        ///< frequencies in use, entries 1..m_nData
+    int m_iMapOverlayGridSize = 40;     ///< points a side of the map's SNR overlay
+    float m_fMapOverlayMinSnr = 20.0F;  ///< dB, lowest SNR drawn by the overlay
+    int m_iMapWorldBegins = 0;          ///< longitude of the map's left edge, 0 or -180
+    int m_iPropagationAntennaType = 1;  ///< code of the deck's antenna cards
     std::string m_sPropagationIonCoefficients = "URSI";  ///< foF2 coefficient set named in the deck
     float m_fPropagationLayerAdjustE = 1.0F;             ///< factor on foE
     float m_fPropagationLayerAdjustEs = 0.7F;            ///< factor on foEs

@@ -60,7 +60,7 @@ protected:
 constexpr const char* kDefaultsText =
     "[AirMail Data]\r\nDirectory Data=C:\\Program Files\\AirMail\r\n"
     "Directory Program=C:\\Program Files\\AirMail\r\n"
-    "[Map Data]\r\nOverlay Grid Size=40\r\nOverlay Min Snr=20\r\n"
+    "[Map Data]\r\nOverlay Grid Size=40\r\nOverlay Min Snr=20\r\nWorld Begins=0\r\n"
     "[Propagation Data]\r\nCount=3\r\nFrequency 1=2000\r\nFrequency 2=7050.6\r\nFrequency "
     "3=6000\r\n"
     "[Propagation Model]\r\nAntenna Type=1\r\nIon Coefficients=URSI\r\nLayer Adjust E=1\r\n"
@@ -107,6 +107,16 @@ TEST_F(Profile, LeavesKeysOfALongerListInTheFile)
     EXPECT_EQ(Load(sText).m_nData, 3);
 }
 
+TEST_F(Profile, WorldBeginsAtOneOfTwoLongitudes)
+{
+    EXPECT_EQ(Load("[Map Data]\r\nWorld Begins=-180\r\n").m_iMapWorldBegins, -180);
+    for (const char* sValue : {"180", "-179", "90", "", "west"})
+        EXPECT_EQ(
+            Load("[Map Data]\r\nWorld Begins=" + std::string(sValue) + "\r\n").m_iMapWorldBegins, 0)
+            << sValue;
+    EXPECT_EQ(Load("[Map Data]\r\nOverlay Grid Size=12\r\n").m_iMapWorldBegins, 0);
+}
+
 TEST_F(Profile, WithOneSectionChangesThatAlone)
 {
     const Settings settings = Load("[Transmitter Data]\r\nLatitude=-12.5\r\nLongitude=45\r\n");
@@ -127,6 +137,7 @@ Settings EveryMemberChanged()
     settings.FrequencySet(2, 28300.0F);
     settings.m_iMapOverlayGridSize = 25;
     settings.m_fMapOverlayMinSnr = 33.3F;
+    settings.m_iMapWorldBegins = -180;
     settings.m_iPropagationAntennaType = 2;
     settings.m_sPropagationIonCoefficients = "CCIR";
     settings.m_fPropagationLayerAdjustE = 1.1F;
@@ -168,6 +179,7 @@ TEST_F(Profile, SavedAndLoadedRestoresAllButThreeValues)
     EXPECT_EQ(settings.FrequencyGet(3), 6000.0F);
     EXPECT_EQ(settings.m_iMapOverlayGridSize, 25);
     EXPECT_EQ(settings.m_fMapOverlayMinSnr, 33.3F);
+    EXPECT_EQ(settings.m_iMapWorldBegins, -180);
     EXPECT_EQ(settings.m_iPropagationAntennaType, 2);
     EXPECT_EQ(settings.m_fPropagationLayerAdjustE, 1.1F);
     EXPECT_EQ(settings.m_fPropagationLayerAdjustEs, 0.3F);

@@ -12,6 +12,7 @@ void DefaultsExpect(const Settings& settings)
     EXPECT_EQ(settings.m_nData, 15);
     EXPECT_EQ(settings.m_iMapOverlayGridSize, 40);
     EXPECT_EQ(settings.m_fMapOverlayMinSnr, 20.0F);
+    EXPECT_EQ(settings.m_iMapWorldBegins, 0);
     EXPECT_EQ(settings.m_iPropagationAntennaType, 1);
     EXPECT_EQ(settings.m_sPropagationIonCoefficients, "URSI");
     EXPECT_EQ(settings.m_fPropagationLayerAdjustE, 1.0F);
@@ -57,6 +58,7 @@ TEST(Settings, InitializePutsEveryMemberBack)
     settings.m_nData = 2;
     settings.m_iMapOverlayGridSize = 1;
     settings.m_fMapOverlayMinSnr = 1;
+    settings.m_iMapWorldBegins = -180;
     settings.m_iPropagationAntennaType = 0;
     settings.m_sPropagationIonCoefficients = "CCIR";
     settings.m_fPropagationLayerAdjustE = settings.m_fPropagationLayerAdjustEs = 9;

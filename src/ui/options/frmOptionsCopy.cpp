@@ -103,6 +103,7 @@ void frmOptions::MapLoad()
         QString::fromStdString(NumberToText(settings.m_fMapOverlayMinSnr)));
     txtMapOverlayGridSize->setText(
         QString::fromStdString(NumberToText(settings.m_iMapOverlayGridSize)));
+    cmbMapWorldBegins->setCurrentIndex(settings.m_iMapWorldBegins == 0 ? 0 : 1);
 }
 
 void frmOptions::ModelLoad()
@@ -161,6 +162,7 @@ void frmOptions::MapCopy(const Numbers& numbers)
 {
     m_host.SettingsGet().m_fMapOverlayMinSnr = numbers.fMapOverlayMinSnr;
     m_host.SettingsGet().m_iMapOverlayGridSize = numbers.iMapOverlayGridSize;
+    m_host.SettingsGet().m_iMapWorldBegins = cmbMapWorldBegins->currentIndex() == 0 ? 0 : -180;
 }
 
 void frmOptions::ModelCopy(const Numbers& numbers)

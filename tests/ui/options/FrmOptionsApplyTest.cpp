@@ -140,6 +140,18 @@ TEST_F(FrmOptions, GridSizeIsAWholeNumberRoundedHalfToEven)
     }
 }
 
+TEST_F(FrmOptions, WorldBeginsAtTheChosenLongitude)
+{
+    frmOptions& frm = Open(kTabMap);
+    EXPECT_EQ(frm.cmbMapWorldBegins->currentIndex(), 0);
+    Choose(frm.cmbMapWorldBegins, 1);
+    Press(frm.cmdApply);
+    EXPECT_EQ(m_host.m_atUpdate.m_iMapWorldBegins, -180);
+    Choose(frm.cmbMapWorldBegins, 0);
+    Press(frm.cmdApply);
+    EXPECT_EQ(m_host.m_atUpdate.m_iMapWorldBegins, 0);
+}
+
 TEST_F(FrmOptions, GridSizeThatIsNoWholeNumberIsToldAndNothingOfItsTabIsCopied)
 {
     const frmOptions& frm = Open(kTabMap);

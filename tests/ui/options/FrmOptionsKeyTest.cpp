@@ -265,7 +265,7 @@ TEST_F(FrmOptions, TabGoesThroughEachTabAsItIsRead)
           "txtPropagationLayerF1 txtPropagationLayerF2 txtPropagationLayerEs "
           "cmbPropagationIonCoefficients"),
         Q("txtFrequency lstHamVoiceBands"), Q("optTimeCode0"),
-        Q("txtMapOverlayMinSnr txtMapOverlayGridSize")};
+        Q("txtMapOverlayMinSnr txtMapOverlayGridSize cmbMapWorldBegins")};
     for (int i = 0; i < 5; ++i) {
         frm.TabShow(i);
         EXPECT_EQ(TabWalk(frm).join(u' '), asExpected[i] + kButtons);
@@ -296,7 +296,8 @@ TEST_F(FrmOptions, MnemonicsReachTheirControls)
                            Row{kTabModel, Qt::Key_N, frm.cmbPropagationAntennaType},
                            Row{kTabFrequency, Qt::Key_F, frm.txtFrequency},
                            Row{kTabFrequency, Qt::Key_H, frm.lstHamVoiceBands},
-                           Row{kTabMap, Qt::Key_G, frm.txtMapOverlayGridSize}}) {
+                           Row{kTabMap, Qt::Key_G, frm.txtMapOverlayGridSize},
+                           Row{kTabMap, Qt::Key_B, frm.cmbMapWorldBegins}}) {
         frm.TabShow(row.iTab);
         QTest::keyClick(&frm, row.eKey, Qt::AltModifier);
         EXPECT_TRUE(row.pWidget->hasFocus()) << row.pWidget->objectName().toStdString();
