@@ -113,7 +113,7 @@ void CellsBench(benchmark::State& state)
     constexpr int kSide = 40;
     frmMap& frm = MapGet();
     frm.m_view.ZoomSet(frm.m_view.BoxGetZoom({60, 100, 10, 179}));
-    const OverlayBox box = OverlayGetBoxes(frm.m_view.m_box).at(0);
+    const AreaBox box = OverlayGetBoxes(frm.m_view.m_box).at(0);
     std::vector<GridPoint> aPoints;
     for (int iLat = 0; iLat < kSide; ++iLat)
         for (int iLon = 0; iLon < kSide; ++iLon)
@@ -121,7 +121,8 @@ void CellsBench(benchmark::State& state)
                                box.dLeft + (box.dRight - box.dLeft) * iLon / (kSide - 1),
                                static_cast<float>(20 + (iLat + iLon) % 60)});
     QImage img = frm.pctMap->m_img.copy();
-    for (auto _ : state) CellsPaint(img, frm.m_view, {box, kSide, 20.0F, SnrGetColor}, aPoints);
+    for (auto _ : state)
+        CellsPaint(img, frm.m_view, {box, box, kSide, 20.0F, SnrGetColor}, aPoints);
     state.counters["limit_us"] = kCellsLimit;
 }
 

@@ -12,6 +12,13 @@ constexpr int kFlagMargin = 4;
 constexpr int kPinLong = 9;
 constexpr int kPinRadius = 2;
 constexpr int kDotSize = 9;
+constexpr int kKeyStepLong = 10;
+
+bool IsArrow(int nKey)
+{
+    return nKey == Qt::Key_Left || nKey == Qt::Key_Right || nKey == Qt::Key_Up
+           || nKey == Qt::Key_Down;
+}
 
 /// Colours that differ in lightness, too; from Okabe and Ito's set for all kinds of colour vision.
 constexpr std::array<QRgb, 6> kSystemColours{
@@ -56,14 +63,19 @@ PctMap::PctMap(QWidget* pParent) : MouseControl(pParent)
 
 void PctMap::PictureSize()
 {
-    if (m_img.size() == size())
+    const double dDensity = devicePixelRatioF();
+    const QSize sizeImg(qRound(width() * dDensity), qRound(height() * dDensity));
+    if (m_img.size() == sizeImg && m_img.devicePixelRatio() == dDensity)
         return;
-    m_img = QImage(size(), QImage::Format_RGB32);
+    m_img = QImage(sizeImg, QImage::Format_RGB32);
+    m_img.setDevicePixelRatio(dDensity);
     m_img.fill(kMapBackground);
 }
 
 void PctMap::paintEvent(QPaintEvent* /*pEvent*/)
 {
+    if (!m_img.isNull() && m_img.devicePixelRatio() != devicePixelRatioF())
+        QMetaObject::invokeMethod(this, &PctMap::DensityChanged, Qt::QueuedConnection);
     QPainter painter(this);
     painter.fillRect(rect(), QColor(kMapBackground));
     painter.drawImage(0, 0, m_img);
@@ -76,6 +88,7 @@ MarkerLabel::MarkerLabel(const QString& sText, bool bDark, QWidget* pParent)
 {
     setMouseTracking(true);
     setCursor(Qt::SizeAllCursor);
+    setFocusPolicy(Qt::StrongFocus);
     QFont fnt = font();
     fnt.setBold(true);
     setFont(fnt);
@@ -91,11 +104,56 @@ MarkerLabel::MarkerLabel(const QString& sText, bool bDark, QWidget* pParent)
 
 QRect MarkerLabel::FlagGetRect() const { return {0, 0, width(), height() / 2 - kPinLong}; }
 
+QColor MarkerLabel::FillGetColor() const
+{
+    return m_bDark ? QColor(0x0B, 0x2E, 0x6B) : QColor(0xFF, 0xC8, 0x1E);
+}
+
+QColor MarkerLabel::TextGetColor() const { return m_bDark ? Qt::white : Qt::black; }
+
+bool MarkerLabel::event(QEvent* pEvent)
+{
+    // Else the window's arrow keys would scroll.
+    if (pEvent->type() == QEvent::ShortcutOverride
+        && IsArrow(static_cast<QKeyEvent*>(pEvent)->key())) {
+        pEvent->accept();
+        return true;
+    }
+    return MouseControl::event(pEvent);
+}
+
+void MarkerLabel::keyPressEvent(QKeyEvent* pEvent)
+{
+    if (!IsArrow(pEvent->key())) {
+        MouseControl::keyPressEvent(pEvent);
+        return;
+    }
+    const int nBy = pEvent->modifiers() & Qt::ShiftModifier ? kKeyStepLong : 1;
+    const int nByX = pEvent->key() == Qt::Key_Right  ? nBy
+                     : pEvent->key() == Qt::Key_Left ? -nBy
+                                                     : 0;
+    const int nByY = pEvent->key() == Qt::Key_Down ? nBy : pEvent->key() == Qt::Key_Up ? -nBy : 0;
+    Q_EMIT KeyMove(nByX, nByY);
+}
+
+void MarkerLabel::focusInEvent(QFocusEvent* pEvent)
+{
+    MouseControl::focusInEvent(pEvent);
+    update();
+}
+
+void MarkerLabel::focusOutEvent(QFocusEvent* pEvent)
+{
+    MouseControl::focusOutEvent(pEvent);
+    update();
+    Q_EMIT FocusLeft();
+}
+
 void MarkerLabel::paintEvent(QPaintEvent* /*pEvent*/)
 {
-    const QColor clrFill = m_bDark ? QColor(0x0B, 0x2E, 0x6B) : QColor(0xFF, 0xC8, 0x1E);
-    const QColor clrText = m_bDark ? Qt::white : Qt::black;
-    const QColor clrEdge = m_bDark ? Qt::white : Qt::black;
+    const QColor clrFill = FillGetColor();
+    const QColor clrText = TextGetColor();
+    const QColor clrEdge = TextGetColor();
     const QRect rctFlag = FlagGetRect();
     const QPoint ptPin(width() / 2, height() / 2);
     QPainter painter(this);
@@ -110,6 +168,11 @@ void MarkerLabel::paintEvent(QPaintEvent* /*pEvent*/)
     painter.drawRect(rctFlag.adjusted(0, 0, -1, -1));
     painter.setPen(clrText);
     painter.drawText(rctFlag, Qt::AlignCenter, m_sText);
+    if (!hasFocus())
+        return;
+    painter.setPen(QPen(clrText, 1, Qt::DotLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(rctFlag.adjusted(2, 2, -3, -3));
 }
 
 StationDot::StationDot(int iSystem, QWidget* pParent) : MouseControl(pParent), m_iSystem(iSystem)

@@ -37,14 +37,16 @@ class PctMap final : public MouseControl {
     Q_OBJECT
 public:
     explicit PctMap(QWidget* pParent);
-    /// A picture of this control's size in the background's colour, unless it has this size.
+    /// A picture of this control's size and density in the background's colour, unless it has them.
     void PictureSize();
 
-    QImage m_img;
+    QImage m_img;  ///< device pixels
     std::function<void(QPainter&)> m_fnLayersPaint;
 
 Q_SIGNALS:
     void Wheel(QWheelEvent* pEvent);
+    /// The screen's density is no longer the picture's.
+    void DensityChanged();
 
 protected:
     void paintEvent(QPaintEvent* pEvent) override;
@@ -52,14 +54,27 @@ protected:
 };
 
 /// A marker: a flag with its text on a pin that stands in the control's centre, the place marked.
-/// Below the pin the control is empty and lets the mouse through.
+/// Below the pin the control is empty and lets the mouse through. With the focus it takes the arrow
+/// keys.
 class MarkerLabel final : public MouseControl {
     Q_OBJECT
 public:
     /// @param bDark  white on dark blue, else black on yellow.
     MarkerLabel(const QString& sText, bool bDark, QWidget* pParent);
+    [[nodiscard]] const QString& TextGet() const { return m_sText; }
+    [[nodiscard]] QColor FillGetColor() const;
+    [[nodiscard]] QColor TextGetColor() const;
+
+Q_SIGNALS:
+    /// An arrow key, of the focused flag: pixels right and down, ten with Shift.
+    void KeyMove(int nByX, int nByY);
+    void FocusLeft();
 
 protected:
+    bool event(QEvent* pEvent) override;
+    void keyPressEvent(QKeyEvent* pEvent) override;
+    void focusInEvent(QFocusEvent* pEvent) override;
+    void focusOutEvent(QFocusEvent* pEvent) override;
     void paintEvent(QPaintEvent* pEvent) override;
 
 private:

@@ -21,16 +21,26 @@ QString RowText(float fLow, float fHigh)
     return QStringLiteral("%1 to %2").arg(Text(fLow), Text(fHigh));
 }
 
-QRect PlaceGet(const QRect& rctMap, const QSize& size, std::span<const QRect> aKeepFree)
+QString HeadText() { return QStringLiteral("SNR (dB)"); }
+
+QString MinText(float fMinSnr) { return QStringLiteral("drawn from %1").arg(Text(fMinSnr)); }
+
+int LineGetHeight(const QFontMetrics& metrics) { return std::max(metrics.height() + 2, kSwatch); }
+
+QRect PlaceGet(const QRect& rctMap, const QSize& size, std::span<const QRect> aKeepFree,
+               const QRect& rctPointer)
 {
     const int nTop = rctMap.center().y() - size.height() / 2;
     const QRect rctRight(QPoint(rctMap.right() - size.width() - kMargin, nTop), size);
     const QRect rctLeft(QPoint(rctMap.left() + kLabels, nTop), size);
+    if (rctRight.intersects(rctPointer) && !rctLeft.intersects(rctPointer))
+        return rctLeft;
     const auto Hides = [aKeepFree](const QRect& rct) {
         return std::any_of(aKeepFree.begin(), aKeepFree.end(),
                            [&rct](const QRect& rctFree) { return rctFree.intersects(rct); });
     };
-    return Hides(rctRight) && !Hides(rctLeft) ? rctLeft : rctRight;
+    const bool bLeft = Hides(rctRight) && !Hides(rctLeft) && !rctLeft.intersects(rctPointer);
+    return bLeft ? rctLeft : rctRight;
 }
 
 }  // namespace
@@ -56,26 +66,30 @@ std::vector<LegendRow> LegendGetRows(float fMinSnr,
     return aRows;
 }
 
-QRect LegendPaint(QPainter& painter, const QRect& rctMap, const std::vector<LegendRow>& aRows,
-                  float fMinSnr, std::span<const QRect> aKeepFree)
+QRect LegendGetRect(const QFontMetrics& metrics, const QRect& rctMap,
+                    const std::vector<LegendRow>& aRows, float fMinSnr,
+                    std::span<const QRect> aKeepFree, const QRect& rctPointer)
 {
-    const QString sHead = QStringLiteral("SNR (dB)");
-    const QString sMin = QStringLiteral("drawn from %1").arg(Text(fMinSnr));
-    const QFontMetrics metrics = painter.fontMetrics();
-    const int nLine = std::max(metrics.height() + 2, kSwatch);
     int nText = 0;
     for (const LegendRow& row : aRows)
         nText = std::max(nText, metrics.horizontalAdvance(row.sText) + kSwatch + kMargin);
-    nText = std::max({nText, metrics.horizontalAdvance(sHead), metrics.horizontalAdvance(sMin)});
-    const int nHeight = nLine * (static_cast<int>(aRows.size()) + 2) + 2 * kMargin;
-    const int nWidth = nText + 2 * kMargin;
-    const QRect rct = PlaceGet(rctMap, QSize(nWidth, nHeight), aKeepFree);
+    nText = std::max({nText, metrics.horizontalAdvance(HeadText()),
+                      metrics.horizontalAdvance(MinText(fMinSnr))});
+    const int nHeight = LineGetHeight(metrics) * (static_cast<int>(aRows.size()) + 2) + 2 * kMargin;
+    return PlaceGet(rctMap, QSize(nText + 2 * kMargin, nHeight), aKeepFree, rctPointer);
+}
+
+void LegendPaint(QPainter& painter, const QRect& rct, const std::vector<LegendRow>& aRows,
+                 float fMinSnr)
+{
+    const int nLine = LineGetHeight(painter.fontMetrics());
+    const int nText = rct.width() - 2 * kMargin;
     painter.setPen(QColor(0x60, 0x60, 0x60));
     painter.setBrush(Qt::white);
     painter.drawRect(rct.adjusted(0, 0, -1, -1));
     QRect rctLine(rct.left() + kMargin, rct.top() + kMargin, nText, nLine);
     painter.setPen(Qt::black);
-    painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, sHead);
+    painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, HeadText());
     for (const LegendRow& row : aRows) {
         rctLine.translate(0, nLine);
         const QRect rctSwatch(rctLine.left(), rctLine.top() + 2, kSwatch, nLine - 4);
@@ -87,6 +101,5 @@ QRect LegendPaint(QPainter& painter, const QRect& rctMap, const std::vector<Lege
     }
     rctLine.translate(0, nLine);
     painter.setPen(Qt::black);
-    painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, sMin);
-    return rct;
+    painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, MinText(fMinSnr));
 }

@@ -5,6 +5,7 @@
 /// Tests:   tests/ui/map/MapLegendTest.cpp, MapLegendPlaceTest.cpp
 #pragma once
 
+#include <QFontMetrics>
 #include <QPainter>
 #include <QRect>
 #include <QString>
@@ -24,8 +25,14 @@ struct LegendRow {
 [[nodiscard]] std::vector<LegendRow> LegendGetRows(
     float fMinSnr, const std::function<std::uint32_t(float fSnr)>& fnColour);
 
-/// Paints the rows and a line with the minimum; bands that are not drawn show as empty boxes. It
-/// stands at the map's right edge, or at the left one where only so it hides nothing of aKeepFree.
-/// @return the rectangle that was painted on.
-QRect LegendPaint(QPainter& painter, const QRect& rctMap, const std::vector<LegendRow>& aRows,
-                  float fMinSnr, std::span<const QRect> aKeepFree);
+/// Where the legend stands: at the map's right edge, or at the left one where only so it hides
+/// nothing of aKeepFree. It is never at the edge where the pointer is.
+/// @param rctPointer  what the pointer looks at; empty where it is elsewhere
+[[nodiscard]] QRect LegendGetRect(const QFontMetrics& metrics, const QRect& rctMap,
+                                  const std::vector<LegendRow>& aRows, float fMinSnr,
+                                  std::span<const QRect> aKeepFree, const QRect& rctPointer = {});
+
+/// Paints the rows and a line with the minimum into the legend's rectangle; bands that are not
+/// drawn show as empty boxes.
+void LegendPaint(QPainter& painter, const QRect& rct, const std::vector<LegendRow>& aRows,
+                 float fMinSnr);

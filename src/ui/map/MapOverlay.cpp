@@ -2,31 +2,23 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <system_error>
-#include <utility>
 
-#include "propagation/EngineLib.h"
-#include "propagation/PropagationInput.h"
 #include "system/NumberLib.h"
-#include "system/PathLib.h"
 #include "system/RunErrorText.h"
 #include "ui/map/MapPaint.h"
 
 namespace {
 
 constexpr double kLatEnd = 89.9;
-constexpr double kDateLine = 180.0;
 constexpr double kCircle = 360.0;
-
-/// The longitude as it lies inside or nearest to the box on the view's 0..360 scale.
-double LonGetShift(const OverlayBox& box) { return box.dLeft < 0 ? kCircle : 0.0; }
 
 /// The place on an even grid of nCount places from dFirst to dLast, where the value is one: engines
 /// print their points in few digits, and cells placed by them would leave seams.
 double PlaceSnap(double dValue, double dFirst, double dLast, int nCount)
 {
     const double dStep = (dLast - dFirst) / (nCount - 1);
+    if (!(dStep > 0))
+        return dFirst;
     const double dIndex = std::round((dValue - dFirst) / dStep);
     const double dPlace = dFirst + dIndex * dStep;
     const bool bOnGrid =
@@ -36,19 +28,12 @@ double PlaceSnap(double dValue, double dFirst, double dLast, int nCount)
 
 }  // namespace
 
-std::vector<OverlayBox> OverlayGetBoxes(const MapBox& boxView)
+std::vector<AreaBox> OverlayGetBoxes(const MapBox& boxView, double dEdge)
 {
     const double dTop = boxView.dTop >= 90 ? kLatEnd : std::min(boxView.dTop, kLatEnd);
     const double dBottom = boxView.dBottom <= -90 ? -kLatEnd : std::max(boxView.dBottom, -kLatEnd);
-    const double dLeft = std::max(boxView.dLeft, 0.0);
-    const double dRight = std::min(boxView.dRight, kCircle);
-    if (!(dBottom < dTop && dLeft < dRight))
-        return {};
-    if (dLeft < kDateLine && dRight > kDateLine)
-        return {{dBottom, dTop, dLeft, kDateLine}, {dBottom, dTop, -kDateLine, dRight - kCircle}};
-    if (dLeft >= kDateLine)
-        return {{dBottom, dTop, dLeft - kCircle, dRight - kCircle}};
-    return {{dBottom, dTop, dLeft, dRight}};
+    return AreaBoxesGet(
+        {dBottom, dTop, std::max(boxView.dLeft, dEdge), std::min(boxView.dRight, dEdge + kCircle)});
 }
 
 Result<std::vector<GridPoint>> GridRead(AreaFile& file, std::size_t nMax)
@@ -70,40 +55,31 @@ Result<std::vector<GridPoint>> GridRead(AreaFile& file, std::size_t nMax)
     }
 }
 
-std::optional<float> GridGetNearest(std::span<const GridPoint> aPoints, double dLat, double dLon)
-{
-    constexpr double kBestAtFirst = 180.0;
-    double dBest = kBestAtFirst * kBestAtFirst;
-    const GridPoint* pBest = nullptr;
-    for (const GridPoint& pnt : aPoints) {
-        const double dSquare =
-            (dLat - pnt.dLat) * (dLat - pnt.dLat) + (dLon - pnt.dLon) * (dLon - pnt.dLon);
-        if (dSquare < dBest) {
-            dBest = dSquare;
-            pBest = &pnt;
-        }
-    }
-    if (pBest == nullptr)
-        return {};
-    return pBest->fSnr;
-}
-
 QRect CellGetRect(const MapView& view, const CellPaint& cell, const GridPoint& pnt)
 {
-    const double dLatHalf = (cell.m_box.dTop - cell.m_box.dBottom) / (cell.nGridSize - 1) / 2;
-    const double dLonHalf = (cell.m_box.dRight - cell.m_box.dLeft) / (cell.nGridSize - 1) / 2;
-    const double dLat = PlaceSnap(pnt.dLat, cell.m_box.dBottom, cell.m_box.dTop, cell.nGridSize);
-    const double dLon = PlaceSnap(pnt.dLon, cell.m_box.dLeft, cell.m_box.dRight, cell.nGridSize);
+    const AreaBox& box = cell.m_box;
+    const double dLatHalf = (box.dTop - box.dBottom) / (cell.nGridSize - 1) / 2;
+    const double dLonHalf = (box.dRight - box.dLeft) / (cell.nGridSize - 1) / 2;
+    const double dLat = PlaceSnap(pnt.dLat, box.dBottom, box.dTop, cell.nGridSize);
+    const double dLon = PlaceSnap(pnt.dLon, box.dLeft, box.dRight, cell.nGridSize);
     // A half cell beyond the box would be painted over the neighbouring box's cells at longitude
-    // 180, and over the blank strip beside the world at longitude 0.
-    const double dShift = LonGetShift(cell.m_box);
-    const double dWest = std::max(dLon - dLonHalf, cell.m_box.dLeft) + dShift;
-    const double dEast = std::min(dLon + dLonHalf, cell.m_box.dRight) + dShift;
+    // 180, and over the blank strip beside the world at the image's edge. The deck's hundredths may
+    // lie inside the picture's bounds: the outermost cells reach up to these.
+    double dSouth = dLat - dLatHalf;
+    double dNorth = dLat + dLatHalf;
+    if (!(dSouth > box.dBottom))
+        dSouth = std::min(dSouth, cell.m_boxWanted.dBottom);
+    if (!(dNorth < box.dTop))
+        dNorth = std::max(dNorth, cell.m_boxWanted.dTop);
+    const double dWest = dLon - dLonHalf > box.dLeft ? dLon - dLonHalf : cell.m_boxWanted.dLeft;
+    const double dEast = dLon + dLonHalf < box.dRight ? dLon + dLonHalf : cell.m_boxWanted.dRight;
+    // The box lies on the view's scale, or a turn west of it.
+    const double dShift = cell.m_boxWanted.dRight <= view.m_dEdge ? kCircle : 0.0;
     const auto RowGet = [&view](double dPlace) { return RoundHalfEven(view.LatGetY(dPlace)); };
-    const int nTop = std::min(RowGet(dLat + dLatHalf), RowGet(dLat - dLatHalf));
-    const int nBottom = std::max(RowGet(dLat + dLatHalf), RowGet(dLat - dLatHalf));
-    const int nLeft = RoundHalfEven(view.LonGetX(dWest));
-    const int nRight = RoundHalfEven(view.LonGetX(dEast));
+    const int nTop = std::min(RowGet(dNorth), RowGet(dSouth));
+    const int nBottom = std::max(RowGet(dNorth), RowGet(dSouth));
+    const int nLeft = RoundHalfEven(view.LonGetX(dWest + dShift));
+    const int nRight = RoundHalfEven(view.LonGetX(dEast + dShift));
     if (nLeft >= nRight || nTop >= nBottom)
         return {};
     return QRect(QPoint(nLeft, nTop), QPoint(nRight - 1, nBottom - 1)) & view.ImageGetRect();
@@ -112,48 +88,9 @@ QRect CellGetRect(const MapView& view, const CellPaint& cell, const GridPoint& p
 void CellsPaint(QImage& img, const MapView& view, const CellPaint& cell,
                 std::span<const GridPoint> aPoints)
 {
+    const MapView viewImg = view.SizedGet(img.width(), img.height());
     for (const GridPoint& pnt : aPoints)
         if (pnt.fSnr >= cell.fMinSnr)
-            BoxMaskPen(img, CellGetRect(view, cell, pnt), PixelFromColour(cell.fnColour(pnt.fSnr)));
-}
-
-std::optional<GridCache::Stamp> GridCache::StampGet(int iModel)
-{
-    const Engine* pEngine = EngineFind(iModel);
-    if (pEngine == nullptr)
-        return {};
-    Stamp stamp;
-    stamp.sPath = PathToHost(std::string(kAreaFolder) + std::string(pEngine->sAreaGrid));
-    const std::filesystem::path pthGrid(std::u8string(stamp.sPath.begin(), stamp.sPath.end()));
-    std::error_code ec;
-    stamp.nSize = std::filesystem::file_size(pthGrid, ec);
-    if (ec)
-        return {};
-    stamp.nTime = std::filesystem::last_write_time(pthGrid, ec).time_since_epoch().count();
-    if (ec)
-        return {};
-    return stamp;
-}
-
-void GridCache::Keep(int iModel, std::vector<GridPoint> aPoints)
-{
-    m_stamp = StampGet(iModel);
-    m_aPoints = std::move(aPoints);
-}
-
-std::span<const GridPoint> GridCache::PointsGet(int iModel)
-{
-    const std::optional<Stamp> stamp = StampGet(iModel);
-    if (!stamp)
-        return {};
-    if (stamp != m_stamp) {
-        m_stamp = stamp;
-        m_aPoints.clear();
-        AreaFile file;
-        if (!PropagationAreaOpenFile(iModel, file))
-            return {};
-        if (auto resPoints = GridRead(file, std::size_t{kGridSizeMax} * kGridSizeMax))
-            m_aPoints = std::move(resPoints.ValueGet());
-    }
-    return m_aPoints;
+            BoxMaskPen(img, CellGetRect(viewImg, cell, pnt),
+                       PixelFromColour(cell.fnColour(pnt.fSnr)));
 }

@@ -112,21 +112,29 @@ std::vector<LatLon> NightGetStrokes(const LatLon& sun)
 std::vector<QPolygonF> LinesGetPixels(const MapView& view, const std::vector<LatLon>& aPoints)
 {
     constexpr double kNearPole = 89.0;  // off the image, and beyond it ordinates turn back
+    constexpr double kCircle = 360.0;
     std::vector<QPolygonF> aLines;
-    bool bNew = true;
-    double dLonBefore = 0;
+    const LatLon* pBefore = nullptr;
     for (const LatLon& pos : aPoints) {
-        const double dLon = pos.dLon < 0 ? pos.dLon + 360 : pos.dLon;
-        bNew = bNew || std::abs(dLon - dLonBefore) > 180;
-        dLonBefore = dLon;
         if (std::abs(pos.dLat) > kNearPole) {
-            bNew = true;
+            pBefore = nullptr;
             continue;
         }
-        if (bNew)
+        const double dLon = view.LonGetOnScale(pos.dLon);
+        const QPointF pt(view.LonGetX(dLon), view.LatGetY(pos.dLat));
+        const double dLonBefore = pBefore != nullptr ? view.LonGetOnScale(pBefore->dLon) : dLon;
+        if (pBefore == nullptr)
             aLines.emplace_back();
-        bNew = false;
-        aLines.back().append(QPointF(view.LonGetX(dLon), view.LatGetY(pos.dLat)));
+        if (std::abs(dLon - dLonBefore) > kCircle / 2) {
+            // Over the edge of the image: both pieces run on to the point beyond it.
+            const double dTurn = dLon < dLonBefore ? kCircle : -kCircle;
+            aLines.back().append(QPointF(view.LonGetX(dLon + dTurn), pt.y()));
+            aLines.emplace_back();
+            aLines.back().append(
+                QPointF(view.LonGetX(dLonBefore - dTurn), view.LatGetY(pBefore->dLat)));
+        }
+        aLines.back().append(pt);
+        pBefore = &pos;
     }
     return aLines;
 }

@@ -25,6 +25,7 @@
 /// Short strokes from that line into the night, each of two positions.
 [[nodiscard]] std::vector<LatLon> NightGetStrokes(const LatLon& sun);
 
-/// Lines in picture pixels; broken where they run over an edge of the image at longitude 0.
+/// Lines in picture pixels; broken where they run over the image's edge, a point beyond it on both
+/// sides.
 [[nodiscard]] std::vector<QPolygonF> LinesGetPixels(const MapView& view,
                                                     const std::vector<LatLon>& aPoints);

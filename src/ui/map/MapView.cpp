@@ -39,6 +39,8 @@ double MiddleKeep(double dMiddle, double dSpan, double dLow, double dHigh)
     return std::clamp(dMiddle, dLow + dSpan / 2, dHigh - dSpan / 2);
 }
 
+double OnScale(double dLon, double dEdge) { return dLon < dEdge ? dLon + kCircle : dLon; }
+
 }  // namespace
 
 double MapView::LatGetOrdinate(double dLat) const
@@ -59,7 +61,7 @@ double MapView::OrdinateGetLat(double dOrdinate) const
 
 MapZoom MapView::BoxGetZoom(const MapBox& box) const
 {
-    const MapBox boxShown = BoxPutInOrder(box);
+    const MapBox boxShown = BoxPutInOrder(box, m_dEdge);
     // Near a pole the ordinates of top and bottom may lie the other way round, because a pole is
     // its own ordinate.
     const double dOrdinates =
@@ -78,14 +80,14 @@ void MapView::ZoomSet(const MapZoom& zoom)
     const double dLon = Tame(zoom.dCenterLon, kFarLon);
     const int nWidth = std::max(RoundHalfEven(m_nMapWidth * dScale), 1);
     const int nHeight = std::max(RoundHalfEven(m_nMapHeight * dScale), 1);
-    const int nLeft = RoundHalfEven(m_nImgWidth * dLon / kCircle - nWidth / 2.0);
+    const int nLeft = RoundHalfEven(m_nImgWidth * (dLon - m_dEdge) / kCircle - nWidth / 2.0);
     const int nTop = RoundHalfEven((90 - dOrdinate) * m_nImgHeight / 180 - nHeight / 2.0);
     m_rctSource = QRect(nLeft, nTop, nWidth, nHeight);
     m_dScale = dScale;
     m_box.dTop = OrdinateGetLat(90 - nTop * 180.0 / m_nImgHeight);
     m_box.dBottom = OrdinateGetLat(90 - (static_cast<double>(nTop) + nHeight) * 180 / m_nImgHeight);
-    m_box.dLeft = nLeft * kCircle / m_nImgWidth;
-    m_box.dRight = (static_cast<double>(nLeft) + nWidth) * kCircle / m_nImgWidth;
+    m_box.dLeft = nLeft * kCircle / m_nImgWidth + m_dEdge;
+    m_box.dRight = (static_cast<double>(nLeft) + nWidth) * kCircle / m_nImgWidth + m_dEdge;
 }
 
 bool MapView::IsBeyondImage() const
@@ -97,9 +99,9 @@ QRect MapView::ImageGetRect() const
 {
     const double dTopOrdinate = LatGetOrdinate(m_box.dTop);
     const double dOrdinates = dTopOrdinate - LatGetOrdinate(m_box.dBottom);
-    const QPoint ptTopLeft(RoundHalfEven(LonGetX(0)),
+    const QPoint ptTopLeft(RoundHalfEven(LonGetX(m_dEdge)),
                            RoundHalfEven((dTopOrdinate - 90) * m_nMapHeight / dOrdinates));
-    const QPoint ptEnd(RoundHalfEven(LonGetX(kCircle)),
+    const QPoint ptEnd(RoundHalfEven(LonGetX(m_dEdge + kCircle)),
                        RoundHalfEven((dTopOrdinate + 90) * m_nMapHeight / dOrdinates));
     return QRect(ptTopLeft, ptEnd - QPoint(1, 1)) & QRect(0, 0, m_nMapWidth, m_nMapHeight);
 }
@@ -135,8 +137,10 @@ LatLon MapView::PointGetLatLon(MapControl eControl, double dX, double dY,
 
 QPoint MapView::LatLonGetPoint(double dLat, double dLon) const
 {
-    return {RoundHalfEven(LonGetX(dLon < 0 ? dLon + kCircle : dLon)), RoundHalfEven(LatGetY(dLat))};
+    return {RoundHalfEven(LonGetX(LonGetOnScale(dLon))), RoundHalfEven(LatGetY(dLat))};
 }
+
+double MapView::LonGetOnScale(double dLon) const { return OnScale(dLon, m_dEdge); }
 
 double MapView::LonGetX(double dLon) const
 {
@@ -154,30 +158,56 @@ MapZoom MapView::WheelGetZoom(double dX, double dY, double dFactor) const
 {
     const double dWhole = Max(static_cast<double>(m_nImgHeight) / m_nMapHeight,
                               static_cast<double>(m_nImgWidth) / m_nMapWidth);
-    const double dScale = std::min(ScaleTame(m_dScale * dFactor, m_nImgWidth), dWhole);
+    const double dScale =
+        std::min(ScaleTame(m_dScale * dFactor, m_nImgWidth), std::max(dWhole, m_dScale));
     const double dReal = dScale / m_dScale;  // less than asked for at both ends of the zoom
     const double dTopOrdinate = LatGetOrdinate(m_box.dTop);
     const double dOrdinates = dTopOrdinate - LatGetOrdinate(m_box.dBottom);
-    const double dPointOrdinate = dTopOrdinate - dOrdinates * dY / m_nMapHeight;
-    const double dPointLon = m_box.dLeft + (m_box.dRight - m_box.dLeft) * dX / m_nMapWidth;
+    const double dPointOrdinate =
+        std::clamp(dTopOrdinate - dOrdinates * dY / m_nMapHeight, -kTop, kTop);
+    const double dPointLon = std::clamp(
+        m_box.dLeft + (m_box.dRight - m_box.dLeft) * dX / m_nMapWidth, m_dEdge, m_dEdge + kCircle);
     const double dOrdinate =
         dPointOrdinate + (dTopOrdinate - dOrdinates / 2 - dPointOrdinate) * dReal;
     const double dLon = dPointLon + (CenterGet().dLon - dPointLon) * dReal;
-    return {dScale, OrdinateGetLat(MiddleKeep(dOrdinate, dOrdinates * dReal, -90, 90)),
-            MiddleKeep(dLon, (m_box.dRight - m_box.dLeft) * dReal, 0, kCircle)};
+    return {dScale, OrdinateGetLat(dOrdinate), dLon};
 }
 
-MapBox BoxPutInOrder(const MapBox& box)
+MapZoom MapView::PanGetZoom(double dByX, double dByY) const
+{
+    const double dTopOrdinate = LatGetOrdinate(m_box.dTop);
+    const double dOrdinates = dTopOrdinate - LatGetOrdinate(m_box.dBottom);
+    const double dOrdinate = dTopOrdinate - dOrdinates * (0.5 - dByY / m_nMapHeight);
+    const double dLon = CenterGet().dLon - (m_box.dRight - m_box.dLeft) * dByX / m_nMapWidth;
+    return {m_dScale, OrdinateGetLat(std::clamp(dOrdinate, -kTop, kTop)),
+            std::clamp(dLon, m_dEdge, m_dEdge + kCircle)};
+}
+
+MapZoom MapView::EdgeGetZoom(double dEdge) const
+{
+    const LatLon center = CenterGet();
+    return {m_dScale, center.dLat,
+            MiddleKeep(OnScale(LonWrap(center.dLon), dEdge), m_box.dRight - m_box.dLeft, dEdge,
+                       dEdge + kCircle)};
+}
+
+MapView MapView::SizedGet(int nWidth, int nHeight) const
+{
+    MapView view = *this;
+    view.m_nMapWidth = nWidth;
+    view.m_nMapHeight = nHeight;
+    return view;
+}
+
+MapBox BoxPutInOrder(const MapBox& box, double dEdge)
 {
     MapBox boxOrder = box;
     if (!(std::abs(box.dRight - box.dLeft) < kCircle)) {  // not-a-number, too
-        boxOrder.dLeft = 0;
-        boxOrder.dRight = kCircle;
+        boxOrder.dLeft = dEdge;
+        boxOrder.dRight = dEdge + kCircle;
     } else {
-        if (boxOrder.dLeft < 0)
-            boxOrder.dLeft += kCircle;
-        if (boxOrder.dRight < 0)
-            boxOrder.dRight += kCircle;
+        boxOrder.dLeft = OnScale(boxOrder.dLeft, dEdge);
+        boxOrder.dRight = OnScale(boxOrder.dRight, dEdge);
     }
     boxOrder.dTop = std::isnan(box.dTop) ? 90.0 : std::clamp(box.dTop, -90.0, 90.0);
     boxOrder.dBottom = std::isnan(box.dBottom) ? -90.0 : std::clamp(box.dBottom, -90.0, 90.0);
@@ -204,34 +234,44 @@ MapBox BoxAround(const LatLon& center, const MapBox& boxView, double dFactor)
             center.dLon + dLonHalf};
 }
 
-MapBox BoxKeepWhole(const MapBox& box)
+MapBox BoxKeepWhole(const MapBox& box, double dEdge)
 {
     const double dSpan = box.dRight - box.dLeft;
-    if (!(box.dLeft < 0 && box.dRight > 0 && dSpan < kCircle))
+    if (!(dSpan < kCircle))
         return box;
-    const bool bWest = box.dLeft + box.dRight < 0;
-    return {box.dTop, bWest ? kCircle - dSpan : 0.0, box.dBottom, bWest ? kCircle : dSpan};
+    const double dMiddle = (box.dLeft + box.dRight) / 2;
+    const bool bWestEnd = box.dLeft < dEdge && box.dRight >= dEdge;
+    const bool bEastEnd = box.dLeft < dEdge + kCircle && box.dRight > dEdge + kCircle;
+    if (!bWestEnd && !bEastEnd)
+        return box;
+    const double dCut = bWestEnd ? dEdge : dEdge + kCircle;
+    const double dLeft = dMiddle < dCut ? dEdge + kCircle - dSpan : dEdge;
+    return {box.dTop, dLeft, box.dBottom, dLeft + dSpan};
 }
 
-MapBox BoxOfPath(const LatLon& one, const LatLon& other)
+MapBox BoxOfPath(const LatLon& one, const LatLon& other, double dEdge)
 {
-    MapBox box{Max(one.dLat, other.dLat), Min(one.dLon, other.dLon), Min(one.dLat, other.dLat),
-               Max(one.dLon, other.dLon)};
+    // On the image the west end of a path over its edge lies right of the east end.
+    const double dLonOne = OnScale(LonWrap(one.dLon), dEdge);
+    const double dLonOther = OnScale(LonWrap(other.dLon), dEdge);
+    MapBox box{Max(one.dLat, other.dLat), Min(dLonOne, dLonOther), Min(one.dLat, other.dLat),
+               Max(dLonOne, dLonOther)};
     const double dLatMargin = std::abs(box.dTop - box.dBottom) / 10;
     const double dLonMargin = std::abs(box.dLeft - box.dRight) / 10;
     box.dTop += dLatMargin;
     box.dBottom -= dLatMargin;
-    if (box.dRight - box.dLeft + 2 * dLonMargin >= kCircle) {
-        box.dLeft = 0;
-        box.dRight = kCircle;
-        return box;
-    }
-    // On the image the west end of a path over longitude 0 lies right of the east end.
-    const double dWest = box.dLeft < 0 ? box.dLeft + kCircle : box.dLeft;
-    const double dEast = box.dRight < 0 ? box.dRight + kCircle : box.dRight;
-    box.dLeft = std::max(Min(dWest, dEast) - dLonMargin, 0.0);
-    box.dRight = std::min(Max(dWest, dEast) + dLonMargin, kCircle);
+    box.dLeft = std::max(box.dLeft - dLonMargin, dEdge);
+    box.dRight = std::min(box.dRight + dLonMargin, dEdge + kCircle);
     return box;
+}
+
+double EdgeOfPath(const LatLon& one, const LatLon& other, double dEdge)
+{
+    const double dOne = OnScale(LonWrap(one.dLon), dEdge);
+    const double dOther = OnScale(LonWrap(other.dLon), dEdge);
+    if (!(std::abs(dOne - dOther) > kCircle / 2))
+        return dEdge;
+    return dEdge == kEdgeGreenwich ? kEdgeDateLine : kEdgeGreenwich;
 }
 
 double LonWrap(double dLon)

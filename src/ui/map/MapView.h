@@ -3,8 +3,9 @@
 /// between positions and pixels. No widgets.
 ///
 /// Units:   degrees (north and east positive); map degrees for ordinates, +90 at the image's top
-///          edge; image pixels and picture pixels. View longitudes are on the 0..360 scale, but a
-///          view wider or beyond the image runs below 0 or above 360.
+///          edge; image pixels and picture pixels. The image begins at an edge e of 0 or -180, and
+///          view longitudes are on the scale e..e+360; a view wider or beyond the image runs over
+///          its ends.
 /// Domain:  any finite or not-a-number argument; a scale is never zero, negative or not-a-number.
 ///          Pixels are rounded half to even and kept within the 32-bit range.
 /// Errors:  none reported.
@@ -39,14 +40,20 @@ struct MapZoom {
 /// Closest zoom, image pixels per picture pixel; 1200 picture pixels are then 0.12 degrees.
 inline constexpr double kScaleMin = 0.1;
 
+/// The longitudes at which the image can begin: Greenwich, which leaves the Pacific whole, or the
+/// meridian 180, which leaves Europe and Africa whole.
+inline constexpr double kEdgeGreenwich = 0.0;
+inline constexpr double kEdgeDateLine = -180.0;
+
 /// The kinds of control that a position can be taken on.
 enum class MapControl { Map, Frame, Marker, Other };
 
 class MapView {
 public:
     MapBox m_box;
-    double m_dScale = 1.0;  ///< image pixels per picture pixel
-    int m_nMapWidth = 1;    ///< of the picture, pixels
+    double m_dScale = 1.0;            ///< image pixels per picture pixel
+    double m_dEdge = kEdgeGreenwich;  ///< longitude of the image's left edge
+    int m_nMapWidth = 1;              ///< of the picture, pixels
     int m_nMapHeight = 1;
     int m_nOffsetX = 0;  ///< place of the picture in its frame
     int m_nOffsetY = 0;
@@ -60,6 +67,8 @@ public:
     /// The inverse; an ordinate of 90 and beyond is its own latitude.
     [[nodiscard]] double OrdinateGetLat(double dOrdinate) const;
 
+    /// The box of the whole image.
+    [[nodiscard]] MapBox BoxGetWhole() const { return {90, m_dEdge, -90, m_dEdge + 360}; }
     /// The zoom at which the whole box fits. The centre's latitude is the plain mean of the two
     /// latitudes, unlike CenterGet's; this is intended.
     [[nodiscard]] MapZoom BoxGetZoom(const MapBox& box) const;
@@ -77,34 +86,49 @@ public:
     /// the middle of its rectangle on the picture counts. Another control gives 0, 0.
     [[nodiscard]] LatLon PointGetLatLon(MapControl eControl, double dX, double dY,
                                         const QRect& rctMarker = {}) const;
-    /// Picture pixel of a position; a negative longitude counts from the west of 360.
+    /// The longitude on the view's scale: one west of the edge gets 360 added.
+    [[nodiscard]] double LonGetOnScale(double dLon) const;
+    /// Picture pixel of a position.
     [[nodiscard]] QPoint LatLonGetPoint(double dLat, double dLon) const;
     /// The same unrounded, the longitude taken as it is.
     [[nodiscard]] double LonGetX(double dLon) const;
     [[nodiscard]] double LatGetY(double dLat) const;
 
     /// The zoom by dFactor (0.5 is closer in) that keeps the position below a picture pixel where
-    /// it is, kept within the image where that is large enough.
+    /// it is; of a pixel that shows no image the nearest that does.
     [[nodiscard]] MapZoom WheelGetZoom(double dX, double dY, double dFactor) const;
+    /// The same scale with the picture moved by so many of its pixels, the centre kept on the
+    /// image.
+    [[nodiscard]] MapZoom PanGetZoom(double dByX, double dByY) const;
+    /// The same scale and centre with the image beginning at another edge, moved no further than
+    /// the image reaches.
+    [[nodiscard]] MapZoom EdgeGetZoom(double dEdge) const;
+    /// This view with the pixels of a picture of the same content in another size.
+    [[nodiscard]] MapView SizedGet(int nWidth, int nHeight) const;
 };
 
-/// A box as a view can show it: 360 degrees and more become the whole width, negative longitudes
-/// get 360 added, latitudes end at the poles. What lies in the wrong order after that (a rubber
-/// band that was drawn up or to the left, a box over longitude 0, at which the image ends) is put
-/// in order, and a span of zero becomes one degree.
-[[nodiscard]] MapBox BoxPutInOrder(const MapBox& box);
+/// A box as a view can show it: 360 degrees and more become the whole width, longitudes west of the
+/// edge get 360 added, latitudes end at the poles. What lies in the wrong order after that (a
+/// rubber band that was drawn up or to the left) is put in order, and a span of zero becomes one
+/// degree.
+[[nodiscard]] MapBox BoxPutInOrder(const MapBox& box, double dEdge = kEdgeGreenwich);
 
 /// The box around a point with the view's spans times dFactor.
 [[nodiscard]] MapBox BoxAround(const LatLon& center, const MapBox& boxView, double dFactor);
 
-/// The image ends at longitude 0, so a box over it would fall apart into its two ends, with all of
-/// its inside left out. Such a box is moved to the side of longitude 0 on which its centre lies;
-/// any other is returned as it is.
-[[nodiscard]] MapBox BoxKeepWhole(const MapBox& box);
+/// A box over the image's edge would fall apart into its two ends, with all of its inside left out.
+/// Such a box is moved to the side of the edge on which its centre lies; any other is returned as
+/// it is.
+[[nodiscard]] MapBox BoxKeepWhole(const MapBox& box, double dEdge = kEdgeGreenwich);
 
 /// The box that shows both ends of a path with a tenth of their span as margin. Longitudes end at
 /// the image's edges.
-[[nodiscard]] MapBox BoxOfPath(const LatLon& one, const LatLon& other);
+[[nodiscard]] MapBox BoxOfPath(const LatLon& one, const LatLon& other,
+                               double dEdge = kEdgeGreenwich);
+
+/// The edge at which an image begins that the shorter way between the ends does not cross: dEdge
+/// where that is one, else the other.
+[[nodiscard]] double EdgeOfPath(const LatLon& one, const LatLon& other, double dEdge);
 
 /// A longitude in (-180, 180].
 [[nodiscard]] double LonWrap(double dLon);

@@ -36,8 +36,10 @@ struct Axis {
 /// countries share cross at the same pixel for both, so there is neither gap nor overlap.
 class Painter {
 public:
-    Painter(QImage& img, const QRect& rct)
-        : m_axsX(rct.x(), rct.width(), img.width(), kImgWidth),
+    /// @param nShift  image pixel of longitude 0
+    Painter(QImage& img, const QRect& rct, int nShift)
+        : m_nShift(nShift),
+          m_axsX(rct.x(), rct.width(), img.width(), kImgWidth),
           m_axsY(rct.y(), rct.height(), img.height(), kImgHeight),
           m_pPixels(reinterpret_cast<QRgb*>(img.bits())),
           m_nPitch(img.bytesPerLine() / qsizetype(sizeof(QRgb))),
@@ -73,9 +75,12 @@ private:
     {
         m_aCrossings.clear();
         for (const MapRing& rng : aRings) {
-            RingAdd(rng, 0);
-            if (rng.m_ptHigh.nX > kImgWidth)
-                RingAdd(rng, -kImgWidth);  // what runs over the right edge comes in at the left
+            // What runs over the right edge comes in at the left.
+            int nShift = m_nShift;
+            do {
+                RingAdd(rng, nShift);
+                nShift -= kImgWidth;
+            } while (rng.m_ptHigh.nX + nShift > 0);
         }
         if (!CrossingsFill(nColour))
             DotPaint(aRings.front(), nColour);
@@ -157,7 +162,7 @@ private:
         const double dX = (rng.m_ptLow.nX + rng.m_ptHigh.nX) / 2.0;
         const double dY = (rng.m_ptLow.nY + rng.m_ptHigh.nY) / 2.0;
         const double dColumn =
-            std::floor(((dX < kImgWidth ? dX : dX - kImgWidth) - m_axsX.dStart) / m_axsX.dStep);
+            std::floor((std::fmod(dX + m_nShift, kImgWidth) - m_axsX.dStart) / m_axsX.dStep);
         const double dRow = std::floor((dY - m_axsY.dStart) / m_axsY.dStep);
         if (dColumn < m_axsX.nFirst || dColumn >= m_axsX.nEnd || dRow < m_axsY.nFirst
             || dRow >= m_axsY.nEnd)
@@ -175,6 +180,7 @@ private:
         return true;
     }
 
+    int m_nShift;
     Axis m_axsX;
     Axis m_axsY;
     QRgb* m_pPixels;
@@ -192,12 +198,13 @@ bool FormatIsGood(QImage::Format eFormat)
 
 }  // namespace
 
-bool WorldImagePaint(QImage& imgTarget, const QRect& rctSource)
+bool WorldImagePaint(QImage& imgTarget, const QRect& rctSource, double dEdge)
 {
     const WorldMap& map = WorldMapGet();
     if (imgTarget.isNull() || !FormatIsGood(imgTarget.format()) || rctSource.isEmpty()
         || map.m_aCountries.empty())
         return false;
-    Painter(imgTarget, rctSource).MapPaint(map);
+    const int nShift = static_cast<int>(std::lround(-dEdge * kImgWidth / 360));
+    Painter(imgTarget, rctSource, nShift).MapPaint(map);
     return true;
 }

@@ -2,8 +2,11 @@
 /// The world image: a Mercator picture in flat colours, far too large to hold, of which any
 /// rectangle is painted from outlines when it is wanted.
 ///
-/// Units:   pixels; image pixels count from longitude 0 eastwards and from the top edge down.
-/// Domain:  the whole image spans longitude 0 to 360 and map ordinate +90 to -90. With the size
+/// Units:   pixels; image pixels count from the left edge, longitude 0 or another, eastwards and
+/// from
+///          the top edge down.
+/// Domain:  the whole image spans 360 degrees of longitude and map ordinate +90 to -90. With the
+/// size
 ///          below that is latitude 84.005 north to south, and one image pixel is a thousandth of
 ///          a degree of longitude (111 m on the equator), fine enough for a view to snap to.
 /// Errors:  told by false; the target is then as it was.
@@ -36,5 +39,6 @@ inline constexpr std::array<QRgb, kMapColours> kLandColours{
 /// stay as they are. The same arguments give the same pixels everywhere.
 /// @param imgTarget  Format_RGB32, Format_ARGB32 or Format_ARGB32_Premultiplied, not null
 /// @param rctSource  image pixels; may reach beyond the image; width and height at least 1
+/// @param dEdge      longitude of the image's left edge, 0 or -180
 /// @return false when an argument is not of this kind or there is no map; nothing is painted then.
-bool WorldImagePaint(QImage& imgTarget, const QRect& rctSource);
+bool WorldImagePaint(QImage& imgTarget, const QRect& rctSource, double dEdge = 0.0);

@@ -1,22 +1,29 @@
 #include "ui/map/frmMap.h"
 
+#include <QApplication>
 #include <QPointer>
-#include <QShortcut>
+#include <QScreen>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "geo/MathLib.h"
 
+#include "ui/map/MapButtonRow.h"
+
 namespace {
 
 constexpr int kMargin = 10;
-constexpr int kButtonGap = 6;
-constexpr int kButtonPadding = 10;  // beside the text of a button
 constexpr int kPictureSide = 20;
 constexpr QSize kSizeAtFirst(1000, 660);  // with the window's frame it fits 1024 x 700
 constexpr int kHeightMin = 360;
-constexpr int kCursorWidth = 46;  // characters of the position read-out
+constexpr int kRightButtons = 3;    // OK, Cancel, Apply
+constexpr int kCursorPadding = 12;  // beside the text of the read-out
+
+double EdgeOfSetting(const Settings& settings)
+{
+    return settings.m_iMapWorldBegins == -180 ? kEdgeDateLine : kEdgeGreenwich;
+}
 
 }  // namespace
 
@@ -30,8 +37,11 @@ frmMap::frmMap(MainWindowHost& host, QWidget* pParent) : QWidget(pParent, Qt::Wi
     MenusMake();
     SignalsConnect();
     KeysConnect();
+    hscMap->setFocus();  // not a flag, which would take the arrow keys
     resize(kSizeAtFirst);
 }
+
+frmMap::~frmMap() { disconnect(qApp, nullptr, this, nullptr); }
 
 void frmMap::MapMake()
 {
@@ -50,14 +60,12 @@ void frmMap::MapMake()
     lblTx->setAccessibleName(QStringLiteral("Transmitter"));
     hscMap = new QScrollBar(Qt::Horizontal, pctFrame);
     hscMap->setObjectName(QStringLiteral("hscMap"));
-    hscMap->setRange(0, 3600);  // tenths of a degree
     vscMap = new QScrollBar(Qt::Vertical, pctFrame);
     vscMap->setObjectName(QStringLiteral("vscMap"));
-    vscMap->setRange(-900, 900);
+    vscMap->setRange(-840, 840);  // tenths of a degree, to the image's edges
     for (QScrollBar* pBar : {hscMap, vscMap}) {
-        pBar->setSingleStep(10);
-        pBar->setPageStep(100);
         pBar->setFocusPolicy(Qt::StrongFocus);
+        pBar->installEventFilter(this);
     }
     txtCursor = new QLineEdit(pctFrame);
     txtCursor->setObjectName(QStringLiteral("txtCursor"));
@@ -65,8 +73,7 @@ void frmMap::MapMake()
     txtCursor->setReadOnly(true);
     txtCursor->setFocusPolicy(Qt::NoFocus);
     txtCursor->setAlignment(Qt::AlignCenter);
-    txtCursor->resize(fontMetrics().averageCharWidth() * kCursorWidth,
-                      txtCursor->sizeHint().height());
+    txtCursor->resize(0, txtCursor->sizeHint().height());
     txtCursor->hide();
 }
 
@@ -74,8 +81,7 @@ QPushButton* frmMap::ButtonMake(const char* sName, const QString& sText)
 {
     auto* pButton = new QPushButton(sText, this);
     pButton->setObjectName(QLatin1String(sName));
-    pButton->resize(fontMetrics().horizontalAdvance(sText) + 2 * kButtonPadding,
-                    pButton->sizeHint().height());
+    pButton->resize(fontMetrics().horizontalAdvance(sText), pButton->sizeHint().height());
     return pButton;
 }
 
@@ -89,7 +95,7 @@ QToolButton* frmMap::ToggleMake(const char* sName, const QString& sPicture, cons
     pToggle->setFocusPolicy(Qt::StrongFocus);
     pToggle->setToolTip(sTip);
     pToggle->setAccessibleName(sTip);
-    pToggle->resize(kPictureSide + 2 * kButtonPadding, cmdZoomOff->height());
+    pToggle->resize(kPictureSide, cmdZoomOff->height());
     return pToggle;
 }
 
@@ -106,7 +112,7 @@ void frmMap::ButtonsMake()
     for (QPushButton* pButton : {cmdOverlay, cmdStations}) {
         pButton->setAccessibleName(pButton->toolTip());
         pButton->setIconSize(QSize(kPictureSide, kPictureSide));
-        pButton->resize(kPictureSide + 2 * kButtonPadding, cmdZoomOff->height());
+        pButton->resize(kPictureSide, cmdZoomOff->height());
     }
     chkPath = ToggleMake("chkPath", QStringLiteral("Path"),
                          QStringLiteral("Great-circle path between transmitter and receiver"));
@@ -117,9 +123,11 @@ void frmMap::ButtonsMake()
     cmdApply = ButtonMake("cmdApply", QStringLiteral("Apply"));
     for (QPushButton* pButton : {cmdOk, cmdApply})
         pButton->resize(cmdCancel->width(), cmdCancel->height());
-    int nWidth = 2 * kMargin - kButtonGap;
-    for (const QAbstractButton* pButton : RowGet()) nWidth += pButton->width() + kButtonGap;
-    setMinimumSize(nWidth + kMargin, kHeightMin);
+    for (const QAbstractButton* pButton : RowGet()) m_aContent.push_back(pButton->width());
+    const int nTightest = ButtonRowGet(m_aContent, kRightButtons, 0, 0).nOver;
+    // The row scrolls where large fonts need more than the screen has.
+    setMinimumSize(std::min(nTightest, screen()->availableGeometry().width() - 4 * kMargin),
+                   kHeightMin);
 }
 
 std::vector<QAbstractButton*> frmMap::RowGet() const
@@ -181,15 +189,18 @@ void frmMap::SignalsConnect()
     connect(pctMap, &PctMap::MouseMove, this, &frmMap::pctMapMouseMove);
     connect(pctMap, &PctMap::MouseUp, this, &frmMap::pctMapMouseUp);
     connect(pctMap, &PctMap::Wheel, this, &frmMap::pctMapWheel);
-    for (MarkerLabel* pMarker : {lblRc, lblTx}) {
-        LatLon& pos = pMarker == lblRc ? m_posRc : m_posTx;
-        connect(pMarker, &MarkerLabel::MouseDown, this, &frmMap::MarkerMouseDown);
-        connect(pMarker, &MarkerLabel::MouseMove, this, [this, pMarker, &pos](QMouseEvent* pEvent) {
-            MarkerMouseMove(pMarker, pos, pEvent);
-        });
-        connect(pMarker, &MarkerLabel::MouseUp, this,
-                [this, pMarker](QMouseEvent* pEvent) { MarkerMouseUp(pMarker, pEvent); });
-    }
+    connect(pctMap, &PctMap::DensityChanged, this, &frmMap::OverlayAgain);
+    for (QScrollBar* pBar : {hscMap, vscMap})
+        connect(pBar, &QScrollBar::actionTriggered, this,
+                [this, pBar](int nAction) { BarAct(pBar, nAction); });
+    connect(txtCursor, &QLineEdit::textChanged, this, &frmMap::CursorFit);
+    constexpr int kPause = 250;  // ms
+    m_tmrOverlay.setInterval(kPause);
+    m_tmrOverlay.setSingleShot(true);
+    connect(&m_tmrOverlay, &QTimer::timeout, this, &frmMap::OverlayAgain);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget* /*pOld*/, QWidget* pNow) { ButtonShow(pNow); });
+    MarkersConnect();
     connect(mnuMapCenter, &QAction::triggered, this, [this] { mnuMapZoom(1.0); });
     connect(mnuMapZoomIn, &QAction::triggered, this, [this] { mnuMapZoom(0.5); });
     connect(mnuMapZoomOut, &QAction::triggered, this, [this] { mnuMapZoom(2.0); });
@@ -204,33 +215,25 @@ void frmMap::SignalsConnect()
     connect(mnuStationSetTx, &QAction::triggered, this, [this] { mnuStationSet(m_posTx); });
 }
 
-void frmMap::KeysConnect()
+void frmMap::MarkersConnect()
 {
-    const auto KeyConnect = [this](Qt::Key eKey, const std::function<void()>& fnAct) {
-        auto* pKey = new QShortcut(QKeySequence(eKey), this);
-        connect(pKey, &QShortcut::activated, this, fnAct);
-    };
-    KeyConnect(Qt::Key_Left, [this] { ScrollByKey(hscMap, false); });
-    KeyConnect(Qt::Key_Right, [this] { ScrollByKey(hscMap, true); });
-    KeyConnect(Qt::Key_Up, [this] { ScrollByKey(vscMap, false); });
-    KeyConnect(Qt::Key_Down, [this] { ScrollByKey(vscMap, true); });
-    KeyConnect(Qt::Key_Plus, [this] { cmdZoomIn->click(); });
-    KeyConnect(Qt::Key_Minus, [this] { cmdZoomOut->click(); });
-    KeyConnect(Qt::Key_0, [this] { cmdZoomOff->click(); });
-    KeyConnect(Qt::Key_Escape, [this] { BandLeave(); });
-    for (const Qt::Key eKey : {Qt::Key_Return, Qt::Key_Enter})
-        KeyConnect(eKey, [this] { EnterPress(); });
-}
-
-/// Enter is OK, save on the two buttons beside it: nobody who stands on Cancel wants to apply.
-void frmMap::EnterPress()
-{
-    for (QPushButton* pButton : {cmdCancel, cmdApply})
-        if (pButton->hasFocus()) {
-            pButton->click();
-            return;
-        }
-    cmdOk->click();
+    for (MarkerLabel* pMarker : {lblRc, lblTx}) {
+        LatLon& pos = pMarker == lblRc ? m_posRc : m_posTx;
+        connect(pMarker, &MarkerLabel::MouseDown, this, [this, pMarker, &pos](QMouseEvent* pEvent) {
+            MarkerMouseDown(pMarker, pos, pEvent);
+        });
+        connect(pMarker, &MarkerLabel::MouseMove, this, [this, pMarker, &pos](QMouseEvent* pEvent) {
+            MarkerMouseMove(pMarker, pos, pEvent);
+        });
+        connect(pMarker, &MarkerLabel::MouseUp, this, [this, pMarker, &pos](QMouseEvent* pEvent) {
+            MarkerMouseUp(pMarker, pos, pEvent);
+        });
+        connect(pMarker, &MarkerLabel::KeyMove, this, [this, pMarker, &pos](int nByX, int nByY) {
+            MarkerKeyMove(pMarker, pos, nByX, nByY);
+        });
+        connect(pMarker, &MarkerLabel::FocusLeft, txtCursor, &QWidget::hide);
+        setTabOrder(cmdApply, pMarker);
+    }
 }
 
 void frmMap::LayoutSet()
@@ -243,17 +246,31 @@ void frmMap::LayoutSet()
 
 void frmMap::ButtonsPlace(int nTop)
 {
-    int nLeft = kMargin;
+    const ButtonRow row = ButtonRowGet(m_aContent, kRightButtons, width(), m_nRowShift);
+    m_nRowShift = std::clamp(m_nRowShift, 0, row.nOver);
+    std::size_t i = 0;
     for (QAbstractButton* pButton : RowGet()) {
-        pButton->move(nLeft, nTop);
-        nLeft += pButton->width() + kButtonGap;
+        const ButtonPlace& plc = row.aPlaces[i++];
+        pButton->setGeometry(plc.nLeft, nTop, plc.nWidth, pButton->height());
     }
-    int nRight = width() - kMargin;
-    for (QPushButton* pButton : {cmdApply, cmdCancel, cmdOk}) {
-        nRight -= pButton->width();
-        pButton->move(nRight, nTop);
-        nRight -= kButtonGap;
-    }
+}
+
+/// Scrolls the row of buttons, where it is wider than the window, to the one that has the focus.
+void frmMap::ButtonShow(const QWidget* pButton)
+{
+    for (const QAbstractButton* pInRow : RowGet())
+        if (pInRow == pButton) {
+            const int nBeyond = pButton->geometry().right() + kMargin - width();
+            m_nRowShift += nBeyond > 0 ? nBeyond : std::min(pButton->x() - kMargin, 0);
+            ButtonsPlace(pButton->y());
+        }
+}
+
+void frmMap::wheelEvent(QWheelEvent* pEvent)
+{
+    m_nRowShift -= pEvent->angleDelta().y() / 2;
+    ButtonsPlace(cmdZoomOff->y());
+    pEvent->accept();
 }
 
 void frmMap::FrameFill()
@@ -267,17 +284,34 @@ void frmMap::FrameFill()
                         m_view.m_nMapWidth, m_view.m_nMapHeight);
     hscMap->setGeometry(pctMap->x(), pctMap->geometry().bottom() + 1, m_view.m_nMapWidth, nStripY);
     vscMap->setGeometry(pctMap->geometry().right() + 1, pctMap->y(), nStripX, m_view.m_nMapHeight);
+    CursorFit();
+    txtCursor->raise();
+}
+
+/// The read-out is as wide as its text and stands in the middle of the map's upper edge.
+void frmMap::CursorFit()
+{
+    const int nText = txtCursor->fontMetrics().horizontalAdvance(txtCursor->text());
+    const int nMost = std::max(m_view.m_nMapWidth - 2 * kMargin, 1);
+    txtCursor->resize(std::min(nText + 2 * kCursorPadding, nMost), txtCursor->height());
     txtCursor->move(pctMap->x() + (m_view.m_nMapWidth - txtCursor->width()) / 2,
                     pctMap->y() + kMargin);
-    txtCursor->raise();
 }
 
 void frmMap::resizeEvent(QResizeEvent* pEvent)
 {
     QWidget::resizeEvent(pEvent);
     LayoutSet();
-    if (m_bActivated)
-        ViewRestore();
+    if (!m_bActivated)
+        return;
+    ViewRestore();
+    OverlayLater();
+}
+
+void frmMap::closeEvent(QCloseEvent* pEvent)
+{
+    OverlayFailedSet({});
+    QWidget::closeEvent(pEvent);
 }
 
 void frmMap::showEvent(QShowEvent* pEvent)
@@ -295,7 +329,24 @@ void frmMap::Activate()
     OverlayFollowSelection();
     LayoutSet();
     m_bActivated = true;
-    ViewSet({90, 0, -90, 360});
+    m_dEdgeSetting = m_view.m_dEdge = EdgeOfSetting(m_host.SettingsGet());
+    ViewSet(m_view.BoxGetWhole());
+}
+
+/// A setting that Options has changed moves the edge of the world; a view of this window's own
+/// stays as long as it has not.
+void frmMap::EdgeFollowSetting()
+{
+    const double dEdge = EdgeOfSetting(m_host.SettingsGet());
+    if (dEdge == m_dEdgeSetting)
+        return;
+    m_dEdgeSetting = dEdge;
+    if (dEdge == m_view.m_dEdge)
+        return;
+    const MapZoom zoom = m_view.EdgeGetZoom(dEdge);
+    m_view.m_dEdge = dEdge;
+    m_view.ZoomSet(zoom);
+    m_bAskedBox = false;
 }
 
 void frmMap::LocationsTake()
@@ -310,7 +361,8 @@ void frmMap::Update()
     if (!m_bActivated)
         return;
     LocationsTake();
-    ViewRepaint();
+    EdgeFollowSetting();
+    ViewPaint();
     if (mnuOverlayDraw->isChecked())
         OverlayShow();
 }

@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTimer>
 #include <QToolButton>
 #include <QWidget>
 #include <string>
@@ -21,7 +22,9 @@
 #include "system/Result.h"
 #include "ui/common/MainWindowHost.h"
 #include "ui/map/MapControls.h"
+#include "ui/map/MapLegend.h"
 #include "ui/map/MapOverlay.h"
+#include "ui/map/MapOverlayGrid.h"
 #include "ui/map/MapView.h"
 
 /// A station on the map, its list's number counted from 1.
@@ -36,6 +39,7 @@ class frmMap final : public QWidget {
 public:
     /// @param host  outlives the window.
     explicit frmMap(MainWindowHost& host, QWidget* pParent = nullptr);
+    ~frmMap() override;
 
     /// Places a marker on its working copy.
     void DrawRc();
@@ -85,8 +89,11 @@ public:
     LatLon m_posTx;
 
 protected:
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
+    void closeEvent(QCloseEvent* pEvent) override;
     void resizeEvent(QResizeEvent* pEvent) override;
     void showEvent(QShowEvent* pEvent) override;
+    void wheelEvent(QWheelEvent* pEvent) override;
 
 private:
     // construction and layout (frmMap.cpp)
@@ -94,30 +101,44 @@ private:
     void ButtonsMake();
     void MenusMake();
     void SignalsConnect();
-    void KeysConnect();
-    void EnterPress();
+    void MarkersConnect();
     QPushButton* ButtonMake(const char* sName, const QString& sText);
     QToolButton* ToggleMake(const char* sName, const QString& sPicture, const QString& sTip);
     QAction* ItemMake(QMenu* pMenu, const char* sName, const QString& sText);
     [[nodiscard]] std::vector<QAbstractButton*> RowGet() const;
     void LayoutSet();
     void ButtonsPlace(int nTop);
+    void ButtonShow(const QWidget* pButton);
     void FrameFill();
+    void CursorFit();
     void Activate();
     void LocationsTake();
+    void EdgeFollowSetting();
     void cmdApplyClick();
     bool Apply();
     bool MarkersCheck();
     void cmdOkClick();
 
+    // keys (frmMapKeys.cpp)
+    void KeysConnect();
+    void EnterPress();
+    void EscapePress();
+    void ArrowPress(double dShareX, double dShareY);
+    void MarkerKeyMove(MarkerLabel* pMarker, LatLon& pos, int nByX, int nByY);
+
     // view and navigation (frmMapNavigation.cpp)
     void ViewSet(const MapBox& box);
-    void ViewRepaint();
     void ViewRestore();
+    void ViewPaint();
     void ZoomSet(const MapZoom& zoom);
     void PicturePaint();
     void ScrollBarsSet();
     void LayersPaint(QPainter& painter);
+    void LinesLayerPaint(QPainter& painter);
+    void LegendLayerPaint(QPainter& painter);
+    void ArrowsLayerPaint(QPainter& painter);
+    [[nodiscard]] std::vector<LegendRow> LegendRowsGet() const;
+    [[nodiscard]] QRect LegendRectGet(const QFontMetrics& metrics) const;
     [[nodiscard]] LatLon ViewGetCenter() const;
     [[nodiscard]] LatLon PointGetLatLon(const QWidget* pControl, double dX, double dY) const;
     [[nodiscard]] QPoint LatLonGetPoint(double dLat, double dLon) const;
@@ -130,7 +151,9 @@ private:
     void mnuMapShow(QWidget* pSource, const QMouseEvent* pEvent);
     void hscMapChange();
     void vscMapChange();
-    void ScrollByKey(QScrollBar* pBar, bool bForward);
+    void BarAct(QScrollBar* pBar, int nAction);
+    bool BarWheel(QScrollBar* pBar, QWheelEvent* pEvent);
+    void ViewShift(double dShareX, double dShareY);
 
     // mouse on the map and the markers (frmMapMouse.cpp)
     void pctMapMouseDown(QMouseEvent* pEvent);
@@ -138,14 +161,19 @@ private:
     void pctMapMouseUp(QMouseEvent* pEvent);
     void pctMapWheel(QWheelEvent* pEvent);
     void BandDraw(const QPointF& pt);
+    void BandInvert();
     void BandErase();
     void BandLeave();
+    void PanLeave();
     [[nodiscard]] MapBox BandGetBox(const QPointF& ptEnd) const;
     void MapTipShow(const QMouseEvent* pEvent);
+    void LegendDodge(const QPoint& ptPointer);
     [[nodiscard]] QString MapTipGet(const LatLon& pos);
-    void MarkerMouseDown(const QMouseEvent* pEvent);
+    void MarkerMouseDown(MarkerLabel* pMarker, const LatLon& pos, const QMouseEvent* pEvent);
     void MarkerMouseMove(MarkerLabel* pMarker, LatLon& pos, const QMouseEvent* pEvent);
-    void MarkerMouseUp(MarkerLabel* pMarker, const QMouseEvent* pEvent);
+    void MarkerMouseUp(MarkerLabel* pMarker, const LatLon& pos, const QMouseEvent* pEvent);
+    void MarkerTextShow(MarkerLabel* pMarker, const LatLon& pos);
+    void MarkerDragLeave();
     void MarkerPlace(MarkerLabel* pMarker, const LatLon& pos);
 
     // SNR overlay (frmMapOverlay.cpp)
@@ -160,9 +188,13 @@ private:
     void OverlayChosen();
     void mnuOverlayDrawClick();
     void OverlayShow();
+    void OverlayAgain();
+    void OverlayLater();
+    void OverlayFailedSet(const std::string& sMessage);
+    [[nodiscard]] bool LegendIsShown() const;
     void MapOutline();
-    Result<void> OverlayDraw();
-    Result<bool> OverlayDrawBox(const OverlayBox& box);
+    Result<bool> OverlayDraw();
+    Result<bool> OverlayDrawBox(const AreaBox& box);
     [[nodiscard]] std::optional<float> OverlayGetSnr(double dLat, double dLon);
 
     // stations (frmMapStations.cpp)
@@ -181,20 +213,32 @@ private:
     QWidget* m_pPopupSource = nullptr;
     QPointF m_ptPopup;
     bool m_bBand = false;  // a drag on the map is under way
-    QRect m_rctBand;       // the rubber band as it is on the picture
-    int m_nWheel = 0;      // eighths of a degree that have not made a notch yet
+    bool m_bPan = false;   // the picture is being moved with the middle button
+    QPointF m_ptPan;       // where that began, and what was shown then
+    MapView m_viewPan;
+    MarkerLabel* m_pDragged = nullptr;  // the marker that is being dragged
+    LatLon m_posDragged;                // and its location before
+    QRect m_rctPointer;                 // what the pointer looks at on the map
+    QRect m_rctLegend;                  // where the legend was painted last
+    QRect m_rctBand;                    // the rubber band as it is on the picture
+    int m_nWheel = 0;                   // eighths of a degree that have not made a notch yet
 
     // What the view was asked for last: a box, or scale and centre. A resized window shows it
     // again.
     bool m_bAskedBox = true;
     MapBox m_boxAsked;
+    double m_dEdgeSetting = kEdgeGreenwich;  // the setting that the view has taken over last
+    std::vector<int> m_aContent;             // widths in the row of buttons, see MapButtonRow.h
+    int m_nRowShift = 0;                     // how far the row of buttons is scrolled
 
     float m_fOverlayFrequency = 0.0F;  // kHz
     int m_iOverlayFrequency = 1;
     int m_iOverlayHour = 0;
     bool m_bOverlayChosen = false;
     bool m_bOverlayBusy = false;
-    GridCache m_grid;
+    QTimer m_tmrOverlay;            // the next run, once nothing has moved for a moment
+    OverlayGrid m_grid;             // of the picture that is shown
+    std::string m_sOverlayFailed;  // why the last run failed
 
     int m_nSystem = 0;  // 0: not loaded yet
     std::vector<MapStation> m_aStation;

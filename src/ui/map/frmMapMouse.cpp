@@ -30,13 +30,22 @@ double RangeGetMiles(const LatLon& one, const LatLon& other)
 void frmMap::pctMapMouseDown(QMouseEvent* pEvent)
 {
     m_ptDown = pEvent->position();
-    if (pEvent->button() == Qt::LeftButton)
+    if (pEvent->button() == Qt::LeftButton && !m_bPan)
         m_bBand = true;
+    if (pEvent->button() == Qt::MiddleButton && !m_bBand) {
+        m_bPan = true;
+        m_ptPan = m_ptDown;
+        m_viewPan = m_view;
+    }
 }
 
 void frmMap::pctMapMouseMove(QMouseEvent* pEvent)
 {
-    if (pEvent->buttons() & Qt::LeftButton) {
+    if (m_bPan) {
+        const QPointF ptBy = pEvent->position() - m_ptPan;
+        m_bAskedBox = false;
+        ZoomSet(m_viewPan.PanGetZoom(ptBy.x(), ptBy.y()));
+    } else if (pEvent->buttons() & Qt::LeftButton) {
         if (m_bBand)
             BandDraw(pEvent->position());
     } else if (pEvent->buttons() == Qt::NoButton) {
@@ -48,6 +57,8 @@ void frmMap::pctMapMouseUp(QMouseEvent* pEvent)
 {
     if (pEvent->button() == Qt::RightButton)
         mnuMapShow(pctMap, pEvent);
+    if (pEvent->button() == Qt::MiddleButton)
+        PanLeave();
     if (pEvent->button() != Qt::LeftButton || !m_bBand)
         return;
     const QPointF pt = pEvent->position();
@@ -60,13 +71,14 @@ void frmMap::pctMapMouseUp(QMouseEvent* pEvent)
     ViewSet(box);
 }
 
-/// The box of a band from the mouse-down point. Its ends are kept on the image: longitude 0 lies at
-/// both edges, and a band that begins in the blank strip beside the world would be turned inside
-/// out.
+/// The box of a band from the mouse-down point. Its ends are kept on the image: the same longitude
+/// lies at both edges, and a band that begins in the blank strip beside the world would be turned
+/// inside out.
 MapBox frmMap::BandGetBox(const QPointF& ptEnd) const
 {
-    const double dFirst = m_view.LonGetX(0);
-    const double dLast = m_view.LonGetX(360) - 1 / m_view.m_dScale;  // the last image pixel
+    const double dFirst = m_view.LonGetX(m_view.m_dEdge);
+    const double dLast =
+        m_view.LonGetX(m_view.m_dEdge + 360) - 1 / m_view.m_dScale;  // the last image pixel
     const auto KeepX = [&](double dX) { return std::max(std::min(dX, dLast), dFirst); };
     const LatLon posDown = PointGetLatLon(pctMap, KeepX(m_ptDown.x()), m_ptDown.y());
     const LatLon posUp = PointGetLatLon(pctMap, KeepX(ptEnd.x()), ptEnd.y());
@@ -77,13 +89,24 @@ void frmMap::BandDraw(const QPointF& pt)
 {
     BandErase();
     m_rctBand = QRect(m_ptDown.toPoint(), pt.toPoint()).normalized();
-    RectInvert(pctMap->m_img, m_rctBand);
+    BandInvert();
     pctMap->update();
+}
+
+/// The band's line is a pixel of the picture wide.
+void frmMap::BandInvert()
+{
+    const double dDensity = pctMap->m_img.devicePixelRatio();
+    const auto Dense = [dDensity](QPoint pt) {
+        return QPoint(RoundHalfEven(pt.x() * dDensity), RoundHalfEven(pt.y() * dDensity));
+    };
+    if (!m_rctBand.isEmpty())
+        RectInvert(pctMap->m_img, {Dense(m_rctBand.topLeft()), Dense(m_rctBand.bottomRight())});
 }
 
 void frmMap::BandErase()
 {
-    RectInvert(pctMap->m_img, m_rctBand);
+    BandInvert();
     m_rctBand = QRect();
 }
 
@@ -94,10 +117,17 @@ void frmMap::BandLeave()
     pctMap->update();
 }
 
+void frmMap::PanLeave()
+{
+    if (m_bPan)
+        OverlayLater();
+    m_bPan = false;
+}
+
 void frmMap::pctMapWheel(QWheelEvent* pEvent)
 {
     pEvent->accept();
-    if (m_bBand)
+    if (m_bBand || m_bPan || m_pDragged != nullptr)
         return;
     m_nWheel += pEvent->angleDelta().y();
     while (std::abs(m_nWheel) >= kNotch) {
@@ -106,6 +136,7 @@ void frmMap::pctMapWheel(QWheelEvent* pEvent)
         m_bAskedBox = false;
         ZoomSet(
             m_view.WheelGetZoom(pEvent->position().x(), pEvent->position().y(), bIn ? 0.5 : 2.0));
+        OverlayLater();
     }
 }
 
@@ -123,30 +154,49 @@ QString frmMap::MapTipGet(const LatLon& pos)
 void frmMap::MapTipShow(const QMouseEvent* pEvent)
 {
     const QPointF pt = pEvent->position();
+    LegendDodge(pt.toPoint());
     pctMap->setToolTip(MapTipGet(PointGetLatLon(pctMap, pt.x(), pt.y())));
     // A tip that is already there follows the pointer.
     if (QToolTip::isVisible())
         QToolTip::showText(pEvent->globalPosition().toPoint(), pctMap->toolTip(), pctMap);
 }
 
-void frmMap::MarkerMouseDown(const QMouseEvent* pEvent)
+/// The legend stands where the pointer is not.
+void frmMap::LegendDodge(const QPoint& ptPointer)
+{
+    constexpr int kNear = 12;
+    m_rctPointer = QRect(ptPointer, QSize(1, 1)).adjusted(-kNear, -kNear, kNear, kNear);
+    if (LegendIsShown() && LegendRectGet(pctMap->fontMetrics()) != m_rctLegend)
+        pctMap->update();
+}
+
+void frmMap::MarkerMouseDown(MarkerLabel* pMarker, const LatLon& pos, const QMouseEvent* pEvent)
 {
     if (pEvent->button() != Qt::LeftButton && pEvent->button() != Qt::RightButton)
         return;
     m_ptDown = pEvent->position();
-    if (pEvent->button() == Qt::LeftButton)
-        txtCursor->show();
+    if (pEvent->button() != Qt::LeftButton)
+        return;
+    m_pDragged = pMarker;
+    m_posDragged = pos;
+    MarkerTextShow(pMarker, pos);
+    txtCursor->show();
 }
 
 void frmMap::MarkerMouseMove(MarkerLabel* pMarker, LatLon& pos, const QMouseEvent* pEvent)
 {
-    if (pEvent->buttons() & Qt::LeftButton) {
+    if (pEvent->buttons() & Qt::LeftButton && m_pDragged == pMarker) {
         const QPointF ptBy = pEvent->position() - m_ptDown;
         pMarker->move(RoundHalfEven(pMarker->x() + ptBy.x()),
                       RoundHalfEven(pMarker->y() + ptBy.y()));
         pos = PointGetLatLon(pMarker, pEvent->position().x(), pEvent->position().y());
         pctMap->update();  // the path follows, the legend gives way
     }
+    MarkerTextShow(pMarker, pos);
+}
+
+void frmMap::MarkerTextShow(MarkerLabel* pMarker, const LatLon& pos)
+{
     const QString sText =
         (pMarker == lblRc ? QStringLiteral("Receiver, ") : QStringLiteral("Transmitter, "))
         + PositionText(pos);
@@ -154,11 +204,30 @@ void frmMap::MarkerMouseMove(MarkerLabel* pMarker, LatLon& pos, const QMouseEven
     txtCursor->setText(sText);
 }
 
-void frmMap::MarkerMouseUp(MarkerLabel* pMarker, const QMouseEvent* pEvent)
+void frmMap::MarkerMouseUp(MarkerLabel* pMarker, const LatLon& pos, const QMouseEvent* pEvent)
 {
     txtCursor->hide();
     if (pEvent->button() == Qt::RightButton)
         mnuMapShow(pMarker, pEvent);
+    if (pEvent->button() != Qt::LeftButton || m_pDragged == nullptr)
+        return;
+    m_pDragged = nullptr;
+    // The overlay is that of the receiver; the transmitter does not change it.
+    const bool bMoved = pos.dLat != m_posDragged.dLat || pos.dLon != m_posDragged.dLon;
+    if (pMarker == lblRc && bMoved && mnuOverlayDraw->isChecked())
+        OverlayAgain();
+}
+
+/// Puts the dragged marker back to where it was.
+void frmMap::MarkerDragLeave()
+{
+    LatLon& pos = m_pDragged == lblRc ? m_posRc : m_posTx;
+    pos = m_posDragged;
+    m_pDragged = nullptr;
+    txtCursor->hide();
+    DrawRc();
+    DrawTx();
+    pctMap->update();
 }
 
 void frmMap::MarkerPlace(MarkerLabel* pMarker, const LatLon& pos)

@@ -5,13 +5,18 @@
 #include <array>
 
 #include "system/NumberLib.h"
+#include "ui/map/MapEdgeArrow.h"
 #include "ui/map/MapGraticule.h"
 #include "ui/map/MapLegend.h"
+#include "ui/map/MapScaleBar.h"
 #include "ui/map/MapSky.h"
 #include "ui/map/WorldImage.h"
 #include "ui/map/frmMap.h"
 
 namespace {
+
+constexpr double kStepShare = 1.0 / 20;  // of the view, that a bar's arrow moves
+constexpr double kPageShare = 1.0 / 2;
 
 void LinesPaint(QPainter& painter, const std::vector<QPolygonF>& aLines, const QColor& clr)
 {
@@ -31,10 +36,6 @@ void frmMap::ViewSet(const MapBox& box)
     ZoomSet(m_view.BoxGetZoom(box));
 }
 
-/// Shows the current box again; a view that scrolling has brought over longitude 0 would otherwise
-/// fall apart.
-void frmMap::ViewRepaint() { ViewSet(BoxKeepWhole(m_view.m_box)); }
-
 /// After the window's size has changed.
 void frmMap::ViewRestore()
 {
@@ -47,7 +48,15 @@ void frmMap::ViewRestore()
 void frmMap::ZoomSet(const MapZoom& zoom)
 {
     m_view.ZoomSet(zoom);
+    ViewPaint();
+}
+
+/// Paints the view as it is, so that repeating it moves nothing.
+void frmMap::ViewPaint()
+{
     m_rctBand = QRect();
+    m_grid.Clear();
+    OverlayFailedSet({});
     PicturePaint();
     ScrollBarsSet();
     if (mnuOverlayDraw->isChecked())
@@ -65,16 +74,25 @@ void frmMap::PicturePaint()
     pctMap->PictureSize();
     if (m_view.IsBeyondImage())
         pctMap->m_img.fill(kMapBackground);
-    WorldImagePaint(pctMap->m_img, m_view.m_rctSource);
+    WorldImagePaint(pctMap->m_img, m_view.m_rctSource, m_view.m_dEdge);
 }
 
 void frmMap::ScrollBarsSet()
 {
+    constexpr double kTenths = 10.0;  // the bars' unit, of a degree
     const LatLon center = ViewGetCenter();
     const QSignalBlocker blkX(hscMap);
     const QSignalBlocker blkY(vscMap);
-    hscMap->setValue(RoundHalfEven(center.dLon * 10));
-    vscMap->setValue(RoundHalfEven(-(center.dLat * 10)));
+    hscMap->setRange(RoundHalfEven(m_view.m_dEdge * kTenths),
+                     RoundHalfEven((m_view.m_dEdge + 360) * kTenths));
+    const auto StepsSet = [](QScrollBar* pBar, double dSpan) {
+        pBar->setSingleStep(std::max(RoundHalfEven(dSpan * kTenths * kStepShare), 1));
+        pBar->setPageStep(std::max(RoundHalfEven(dSpan * kTenths * kPageShare), 1));
+    };
+    StepsSet(hscMap, m_view.m_box.dRight - m_view.m_box.dLeft);
+    StepsSet(vscMap, m_view.m_box.dTop - m_view.m_box.dBottom);
+    hscMap->setValue(RoundHalfEven(center.dLon * kTenths));
+    vscMap->setValue(RoundHalfEven(-(center.dLat * kTenths)));
 }
 
 /// What is painted above the picture and never becomes part of it.
@@ -82,6 +100,15 @@ void frmMap::LayersPaint(QPainter& painter)
 {
     if (!m_bActivated)
         return;
+    LinesLayerPaint(painter);
+    ScaleBarPaint(painter, m_view);
+    if (LegendIsShown())
+        LegendLayerPaint(painter);
+    ArrowsLayerPaint(painter);
+}
+
+void frmMap::LinesLayerPaint(QPainter& painter)
+{
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setClipRect(m_view.ImageGetRect());
@@ -97,11 +124,38 @@ void frmMap::LayersPaint(QPainter& painter)
         LinesPaint(painter, LinesGetPixels(m_view, PathGetPoints(m_posTx, m_posRc)),
                    QColor(0xB0, 0x20, 0x20));
     painter.restore();
-    if (mnuOverlayDraw->isChecked()) {
-        const float fMinSnr = m_host.SettingsGet().m_fMapOverlayMinSnr;
-        const auto ColourGet = [this](float fSnr) { return m_host.SnrGetColor(fSnr); };
-        LegendPaint(painter, pctMap->rect(), LegendGetRows(fMinSnr, ColourGet), fMinSnr,
-                    std::array{lblRc->geometry(), lblTx->geometry()});
+}
+
+void frmMap::LegendLayerPaint(QPainter& painter)
+{
+    const float fMinSnr = m_host.SettingsGet().m_fMapOverlayMinSnr;
+    m_rctLegend = LegendRectGet(painter.fontMetrics());
+    LegendPaint(painter, m_rctLegend, LegendRowsGet(), fMinSnr);
+}
+
+std::vector<LegendRow> frmMap::LegendRowsGet() const
+{
+    return LegendGetRows(m_host.SettingsGet().m_fMapOverlayMinSnr,
+                         [this](float fSnr) { return m_host.SnrGetColor(fSnr); });
+}
+
+QRect frmMap::LegendRectGet(const QFontMetrics& metrics) const
+{
+    return LegendGetRect(metrics, pctMap->rect(), LegendRowsGet(),
+                         m_host.SettingsGet().m_fMapOverlayMinSnr,
+                         std::array{lblRc->geometry(), lblTx->geometry()}, m_rctPointer);
+}
+
+/// A marker outside the view is pointed to.
+void frmMap::ArrowsLayerPaint(QPainter& painter)
+{
+    for (const MarkerLabel* pMarker : {lblRc, lblTx}) {
+        const LatLon& pos = pMarker == lblRc ? m_posRc : m_posTx;
+        const QPointF ptMarker(m_view.LonGetX(m_view.LonGetOnScale(pos.dLon)),
+                               m_view.LatGetY(pos.dLat));
+        if (const auto arrow = EdgeArrowGet(pctMap->rect(), ptMarker))
+            EdgeArrowPaint(painter, *arrow, pMarker->TextGet(), pMarker->FillGetColor(),
+                           pMarker->TextGetColor());
     }
 }
 
@@ -131,7 +185,7 @@ void frmMap::ZoomAroundMiddle(double dFactor)
     mnuOverlayDraw->setChecked(false);
     const LatLon middle = PointGetLatLon(pctFrame, m_view.m_nOffsetX + m_view.m_nMapWidth / 2.0,
                                          m_view.m_nOffsetY + m_view.m_nMapHeight / 2.0);
-    ViewSet(BoxKeepWhole(BoxAround(middle, m_view.m_box, dFactor)));
+    ViewSet(BoxKeepWhole(BoxAround(middle, m_view.m_box, dFactor), m_view.m_dEdge));
 }
 
 void frmMap::cmdZoomInClick() { ZoomAroundMiddle(0.5); }
@@ -140,18 +194,24 @@ void frmMap::cmdZoomOutClick() { ZoomAroundMiddle(2.0); }
 
 // Unlike the other buttons this one and the popup items keep the overlay's item checked: the view
 // becomes an outline map without cells.
-void frmMap::cmdZoomOffClick() { ViewSet({90, 0, -90, 360}); }
+void frmMap::cmdZoomOffClick()
+{
+    m_view.m_dEdge = m_dEdgeSetting;
+    ViewSet(m_view.BoxGetWhole());
+}
 
 void frmMap::cmdZoomTxRcClick()
 {
     mnuOverlayDraw->setChecked(false);
-    ViewSet(BoxOfPath(m_posRc, m_posTx));
+    // Until Zoom Off the world begins where the shorter way is whole.
+    m_view.m_dEdge = EdgeOfPath(m_posRc, m_posTx, m_view.m_dEdge);
+    ViewSet(BoxOfPath(m_posRc, m_posTx, m_view.m_dEdge));
 }
 
 void frmMap::mnuMapZoom(double dFactor)
 {
     const LatLon center = PointGetLatLon(m_pPopupSource, m_ptPopup.x(), m_ptPopup.y());
-    ViewSet(BoxKeepWhole(BoxAround(center, m_view.m_box, dFactor)));
+    ViewSet(BoxKeepWhole(BoxAround(center, m_view.m_box, dFactor), m_view.m_dEdge));
 }
 
 void frmMap::mnuMapShow(QWidget* pSource, const QMouseEvent* pEvent)
@@ -180,9 +240,58 @@ void frmMap::vscMapChange()
     ZoomSet({m_view.m_dScale, -vscMap->value() / 10.0, ViewGetCenter().dLon});
 }
 
-void frmMap::ScrollByKey(QScrollBar* pBar, bool bForward)
+/// The bars' arrows and the room beside their sliders move by shares of the view, which tenths of a
+/// degree are too coarse for near the ground.
+void frmMap::BarAct(QScrollBar* pBar, int nAction)
 {
-    pBar->setFocus(Qt::ShortcutFocusReason);
-    pBar->triggerAction(bForward ? QAbstractSlider::SliderSingleStepAdd
-                                 : QAbstractSlider::SliderSingleStepSub);
+    if (!pBar->hasFocus())
+        return;
+    double dShare = 0;
+    switch (nAction) {
+        case QAbstractSlider::SliderSingleStepAdd:
+            dShare = kStepShare;
+            break;
+        case QAbstractSlider::SliderSingleStepSub:
+            dShare = -kStepShare;
+            break;
+        case QAbstractSlider::SliderPageStepAdd:
+            dShare = kPageShare;
+            break;
+        case QAbstractSlider::SliderPageStepSub:
+            dShare = -kPageShare;
+            break;
+        default:
+            return;  // the slider itself was moved
+    }
+    ViewShift(pBar == hscMap ? dShare : 0, pBar == vscMap ? dShare : 0);
+}
+
+/// The wheel over a bar moves the map along.
+bool frmMap::BarWheel(QScrollBar* pBar, QWheelEvent* pEvent)
+{
+    constexpr double kNotch = 120;  // eighths of a degree
+    constexpr double kLines = 3;    // arrow clicks that a notch is worth
+    pBar->setFocus(Qt::MouseFocusReason);
+    const QPoint ptAngle = pEvent->angleDelta();
+    const int nAngle = std::abs(ptAngle.x()) > std::abs(ptAngle.y()) ? ptAngle.x() : ptAngle.y();
+    const double dShare = -nAngle / kNotch * kLines * kStepShare;
+    ViewShift(pBar == hscMap ? dShare : 0, pBar == vscMap ? dShare : 0);
+    pEvent->accept();
+    return true;
+}
+
+bool frmMap::eventFilter(QObject* pObject, QEvent* pEvent)
+{
+    for (QScrollBar* pBar : {hscMap, vscMap})
+        if (pObject == pBar && pEvent->type() == QEvent::Wheel)
+            return BarWheel(pBar, static_cast<QWheelEvent*>(pEvent));
+    return QWidget::eventFilter(pObject, pEvent);
+}
+
+/// Moves the view by shares of its width and height, east and south positive.
+void frmMap::ViewShift(double dShareX, double dShareY)
+{
+    mnuOverlayDraw->setChecked(false);
+    m_bAskedBox = false;
+    ZoomSet(m_view.PanGetZoom(-dShareX * m_view.m_nMapWidth, -dShareY * m_view.m_nMapHeight));
 }

@@ -18,6 +18,16 @@ QString HourText(int iHour)
     return QString::fromStdString(NumberFormat(static_cast<double>(iHour), "00") + ":00");
 }
 
+/// What the map says of a failed run.
+/// @param sMessage  the box that told it
+std::string OverlayTroubleText(const std::string& sMessage)
+{
+    const std::string sLine = sMessage.substr(0, sMessage.find_first_of("\r\n"));
+    if (sLine.find("Shell do not finish") != std::string::npos)
+        return "No overlay: the engine took too long; Options, Map, a smaller grid";
+    return "No overlay: " + sLine;
+}
+
 /// The busy pointer while it lives.
 class PointerBusy {
 public:
@@ -138,22 +148,58 @@ void frmMap::OverlayChosen()
 void frmMap::mnuOverlayDrawClick()
 {
     mnuOverlayDraw->setChecked(!mnuOverlayDraw->isChecked());
-    ViewRepaint();
+    ViewPaint();
     if (mnuOverlayDraw->isChecked())
         OverlayShow();
-    else
-        m_host.OverlayFailedSet({});
 }
 
 /// Draws the overlay and tells the error that nobody has told; what was told also goes into the
 /// main window's status line.
 void frmMap::OverlayShow()
 {
+    m_tmrOverlay.stop();
     const MsgListener listener;
-    if (const Result<void> resDrawn = OverlayDraw(); !resDrawn)
+    const Result<bool> resDrawn = OverlayDraw();
+    if (!resDrawn)
         MsgBox(MsgIcon::None, "Unable to read the overlay's grid, " + resDrawn.TextGet());
-    m_host.OverlayFailedSet(listener.LastGet());
+    const bool bOk = resDrawn && resDrawn.ValueGet();
+    OverlayFailedSet(bOk ? std::string() : listener.LastGet());
+    pctMap->update();
 }
+
+/// The view's picture anew, and the overlay where it is shown.
+void frmMap::OverlayAgain()
+{
+    const bool bShown = mnuOverlayDraw->isChecked();
+    if (bShown && (m_bBand || m_bPan || m_pDragged != nullptr)) {
+        OverlayLater();
+        return;
+    }
+    ViewPaint();
+    if (bShown)
+        OverlayShow();
+}
+
+void frmMap::OverlayLater()
+{
+    if (mnuOverlayDraw->isChecked())
+        m_tmrOverlay.start();
+}
+
+/// Tells in the status line and on the map why there is no overlay.
+/// @param sMessage  the box that told it; an empty text takes it back
+void frmMap::OverlayFailedSet(const std::string& sMessage)
+{
+    if (sMessage == m_sOverlayFailed)
+        return;
+    m_sOverlayFailed = sMessage;
+    m_host.OverlayFailedSet(sMessage);
+    if (!sMessage.empty())
+        txtCursor->setText(QString::fromStdString(OverlayTroubleText(sMessage)));
+    txtCursor->setVisible(!sMessage.empty());
+}
+
+bool frmMap::LegendIsShown() const { return mnuOverlayDraw->isChecked() && !m_grid.IsEmpty(); }
 
 void frmMap::MapOutline()
 {
@@ -161,20 +207,20 @@ void frmMap::MapOutline()
     ImageOutline(pctMap->m_img);
 }
 
-Result<void> frmMap::OverlayDraw()
+/// @return false where a box has told that it failed.
+Result<bool> frmMap::OverlayDraw()
 {
     const OverlayBusy busy(*this);
-    for (const OverlayBox& box : OverlayGetBoxes(m_view.m_box)) {
-        const Result<bool> resBox = OverlayDrawBox(box);
-        if (!resBox)
-            return resBox.ErrorGet();
-        if (!resBox.ValueGet())
-            break;
+    m_grid.Clear();
+    for (const AreaBox& box : OverlayGetBoxes(m_view.m_box, m_view.m_dEdge)) {
+        Result<bool> resBox = OverlayDrawBox(box);
+        if (!resBox || !resBox.ValueGet())
+            return resBox;
     }
-    return {};
+    return true;
 }
 
-Result<bool> frmMap::OverlayDrawBox(const OverlayBox& box)
+Result<bool> frmMap::OverlayDrawBox(const AreaBox& box)
 {
     constexpr float kKhzPerMhz = 1000.0F;
     PropagationAreaInput input = PropagationAreaInputFromSettings(m_host.SettingsGet());
@@ -190,7 +236,7 @@ Result<bool> frmMap::OverlayDrawBox(const OverlayBox& box)
     if (!PropagationAreaOpen(input, file) || !PropagationAreaOpenFile(input.iModel, file))
         return false;
     const auto nPoints = static_cast<std::size_t>(input.nGridSize) * input.nGridSize;
-    auto resPoints = GridRead(file, nPoints);  // whole before anything is painted
+    const auto resPoints = GridRead(file, nPoints);  // whole before anything is painted
     if (!resPoints)
         return resPoints.ErrorGet();
     if (resPoints.ValueGet().size() < nPoints)
@@ -198,12 +244,12 @@ Result<bool> frmMap::OverlayDrawBox(const OverlayBox& box)
     setWindowTitle(QStringLiteral("Snr Overlay, %1KHz @ %2")
                        .arg(QString::fromStdString(NumberFormat(m_fOverlayFrequency, "0.0")),
                             HourText(m_iOverlayHour)));
-    const CellPaint cell{box, input.nGridSize, m_host.SettingsGet().m_fMapOverlayMinSnr,
+    const CellPaint cell{AreaBoxPrinted(box), box, input.nGridSize,
+                         m_host.SettingsGet().m_fMapOverlayMinSnr,
                          [this](float fSnr) { return m_host.SnrGetColor(fSnr); }};
     CellsPaint(pctMap->m_img, m_view, cell, resPoints.ValueGet());
     GraticuleLabelsPaint(pctMap->m_img, m_view, font());  // readable above dark cells
-    pctMap->update();
-    m_grid.Keep(input.iModel, std::move(resPoints.ValueGet()));
+    m_grid.Add(resPoints.ValueGet());
     return true;
 }
 
@@ -211,5 +257,5 @@ std::optional<float> frmMap::OverlayGetSnr(double dLat, double dLon)
 {
     if (m_bOverlayBusy)
         return {};
-    return GridGetNearest(m_grid.PointsGet(m_host.SettingsGet().m_iPropagationModel), dLat, dLon);
+    return m_grid.SnrGet(dLat, dLon);
 }

@@ -127,4 +127,6 @@ void frmMap::mnuStationSet(LatLon& pos)
     DrawRc();
     DrawTx();
     pctMap->update();
+    if (&pos == &m_posRc)
+        OverlayLater();
 }

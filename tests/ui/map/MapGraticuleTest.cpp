@@ -85,4 +85,56 @@ TEST(Graticule, DeepestZoomMayShowNoLine)
     EXPECT_TRUE(MeridiansGet(view).empty());
 }
 
+struct MinuteCase {
+    double dSpan;
+    int nStep;
+};
+class GraticuleMinutes : public testing::TestWithParam<MinuteCase> {};
+
+TEST_P(GraticuleMinutes, BySpan) { EXPECT_EQ(MinutesGetStep(GetParam().dSpan), GetParam().nStep); }
+
+INSTANTIATE_TEST_SUITE_P(Spans, GraticuleMinutes,
+                         testing::Values(MinuteCase{1, 0}, MinuteCase{0.99, 15},
+                                         MinuteCase{0.83, 10}, MinuteCase{0.41, 5},
+                                         MinuteCase{0.16, 2}, MinuteCase{0.08, 1},
+                                         MinuteCase{0.01, 1}, MinuteCase{360, 0}));
+
+TEST(Graticule, MinutesHaveTheirOwnLinesBelowOneDegree)
+{
+    MapView view = ViewMake({38.7, 237.3, 38.2, 237.7});
+    EXPECT_EQ(LabelsOf(MinuteParallelsGet(view)), "38°15'N 38°30'N ");
+    EXPECT_EQ(LabelsOf(MinuteMeridiansGet(view)), "122°45'W 122°30'W 122°15'W ");
+    for (const GraticuleLine& lin : MinuteMeridiansGet(view)) EXPECT_GT(lin.nPixel, 0);
+    EXPECT_TRUE(MinuteParallelsGet(ViewMake({39, 237, 38, 238.1})).empty());
+}
+
+TEST(Graticule, WholeDegreesAmongMinutesKeepTheirRequiredLabel)
+{
+    const MapView view = ViewMake({38.2, 237.8, 37.9, 238.2});
+    EXPECT_EQ(LabelsOf(ParallelsGet(view)), "38N ");
+    EXPECT_EQ(LabelsOf(MeridiansGet(view)), "122W ");
+    EXPECT_EQ(LabelsOf(MinuteParallelsGet(view)).find("38°00'N"), std::string::npos);
+}
+
+TEST(Graticule, MinutesSouthAndAtBothEdgesOfTheWorld)
+{
+    MapView view = ViewMake({-0.02, 0, -0.1, 0.08});
+    EXPECT_NE(LabelsOf(MinuteParallelsGet(view)).find("0°02'S"), std::string::npos);
+    EXPECT_NE(LabelsOf(MinuteMeridiansGet(view)).find("0°02'E"), std::string::npos);
+    view.m_dEdge = kEdgeDateLine;
+    view.ZoomSet(view.BoxGetZoom({10.08, -0.04, 10, 0.04}));
+    EXPECT_NE(LabelsOf(MinuteMeridiansGet(view)).find("0°02'W"), std::string::npos);
+    EXPECT_NE(LabelsOf(MinuteMeridiansGet(view)).find("0°02'E"), std::string::npos);
+}
+
+TEST(Graticule, LabelsNameLongitudesAlsoWhereTheWorldBeginsAt180)
+{
+    MapView view;
+    view.m_nMapWidth = 720;
+    view.m_nMapHeight = 676;
+    view.m_dEdge = kEdgeDateLine;
+    view.ZoomSet(view.BoxGetZoom(view.BoxGetWhole()));
+    EXPECT_EQ(LabelsOf(MeridiansGet(view)), "180W 90W 0E 90E 180E ");
+}
+
 }  // namespace

@@ -11,11 +11,12 @@
 namespace {
 
 /// Where the legend is painted on a picture of 900 x 600 while these places are to be seen.
-QRect PlaceGet(const std::vector<QRect>& aKeepFree)
+QRect PlaceGet(const std::vector<QRect>& aKeepFree, const QRect& rctPointer = {})
 {
     QImage img(900, 600, QImage::Format_RGB32);
-    QPainter painter(&img);
-    return LegendPaint(painter, img.rect(), LegendGetRows(20, SnrGetColor), 20, aKeepFree);
+    const QPainter painter(&img);
+    return LegendGetRect(painter.fontMetrics(), img.rect(), LegendGetRows(20, SnrGetColor), 20,
+                         aKeepFree, rctPointer);
 }
 
 TEST(MapLegendPlace, StandsAtTheRightEdge)
@@ -38,6 +39,18 @@ TEST(MapLegendPlace, GivesWayToAMarker)
     EXPECT_EQ(rctLeft.size(), rctRight.size());
     // With a marker at both edges it stays.
     EXPECT_EQ(PlaceGet({rctMarker, QRect(rctLeft.center(), QSize(30, 40))}), rctRight);
+}
+
+TEST(MapLegendPlace, StepsAsideForThePointerWhateverTheMarkers)
+{
+    const QRect rctRight = PlaceGet({});
+    const QRect rctPointer(rctRight.center(), QSize(20, 20));
+    const QRect rctLeft = PlaceGet({}, rctPointer);
+    EXPECT_LT(rctLeft.right(), rctRight.left());
+    EXPECT_EQ(PlaceGet({QRect(rctLeft.center(), QSize(30, 40))}, rctPointer), rctLeft);
+    // At the left it is in the way of a pointer there, even of one that a marker sent it to.
+    const QRect rctMarker(rctRight.center(), QSize(30, 40));
+    EXPECT_EQ(PlaceGet({rctMarker}, QRect(rctLeft.center(), QSize(20, 20))), rctRight);
 }
 
 }  // namespace

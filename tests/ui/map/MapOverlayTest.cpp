@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <set>
 
 #include "propagation/SnrColor.h"
@@ -7,26 +8,26 @@
 
 namespace {
 
-using Boxes = std::vector<OverlayBox>;
+using Boxes = std::vector<AreaBox>;
 
-TEST(OverlayBoxes, ViewOverTheDateLineIsSplit)
+TEST(AreaBoxes, ViewOverTheDateLineIsSplit)
 {
     EXPECT_EQ(OverlayGetBoxes({60, 150, 10, 230}),
               (Boxes{{10, 60, 150, 180}, {10, 60, -180, -130}}));
 }
 
-TEST(OverlayBoxes, ViewEastOfTheDateLineIsOneBoxOfWestLongitudes)
+TEST(AreaBoxes, ViewEastOfTheDateLineIsOneBoxOfWestLongitudes)
 {
     EXPECT_EQ(OverlayGetBoxes({60, 180, 10, 230}), (Boxes{{10, 60, -180, -130}}));
     EXPECT_EQ(OverlayGetBoxes({60, 237, 10, 251}), (Boxes{{10, 60, -123, -109}}));
 }
 
-TEST(OverlayBoxes, ViewWestOfTheDateLineIsTakenAsItIs)
+TEST(AreaBoxes, ViewWestOfTheDateLineIsTakenAsItIs)
 {
     EXPECT_EQ(OverlayGetBoxes({60, 20, 10, 180}), (Boxes{{10, 60, 20, 180}}));
 }
 
-TEST(OverlayBoxes, LatitudesEndBeforeThePoles)
+TEST(AreaBoxes, LatitudesEndBeforeThePoles)
 {
     EXPECT_EQ(OverlayGetBoxes({90, 0, -90, 360}),
               (Boxes{{-89.9, 89.9, 0, 180}, {-89.9, 89.9, -180, 0}}));
@@ -34,7 +35,7 @@ TEST(OverlayBoxes, LatitudesEndBeforeThePoles)
     EXPECT_EQ(OverlayGetBoxes({89.5, 10, -89.5, 20}), (Boxes{{-89.5, 89.5, 10, 20}}));
 }
 
-TEST(OverlayBoxes, BlankStripsBesideTheWorldAreLeftOut)
+TEST(AreaBoxes, BlankStripsBesideTheWorldAreLeftOut)
 {
     EXPECT_EQ(OverlayGetBoxes({90, -110, -90, 470}),
               (Boxes{{-89.9, 89.9, 0, 180}, {-89.9, 89.9, -180, 0}}));
@@ -42,6 +43,14 @@ TEST(OverlayBoxes, BlankStripsBesideTheWorldAreLeftOut)
     EXPECT_EQ(OverlayGetBoxes({50, 330, 10, 390}), (Boxes{{10, 50, -30, 0}}));
     EXPECT_TRUE(OverlayGetBoxes({50, 370, 10, 390}).empty());
     EXPECT_TRUE(OverlayGetBoxes({140, 10, 95, 20}).empty());
+}
+
+TEST(AreaBoxesOfAView, WorldThatBeginsAtLongitude180IsOneBox)
+{
+    EXPECT_EQ(OverlayGetBoxes({90, -180, -90, 180}, kEdgeDateLine),
+              (Boxes{{-89.9, 89.9, -180, 180}}));
+    EXPECT_EQ(OverlayGetBoxes({60, -20, 40, 20}, kEdgeDateLine), (Boxes{{40, 60, -20, 20}}));
+    EXPECT_EQ(OverlayGetBoxes({60, -200, 40, -150}, kEdgeDateLine), (Boxes{{40, 60, -180, -150}}));
 }
 
 const GridPoint kPoints[] = {{10, 20, 1}, {10, 30, 2}, {20, 20, 3}, {20, 30, 4}};
@@ -67,6 +76,26 @@ TEST(OverlayNearest, PointsHalfACircleAwayDoNotCount)
     EXPECT_FALSE(GridGetNearest({}, 0, 0));
 }
 
+TEST(OverlayNearest, LongitudesAreTakenTheShortWayRound)
+{
+    const GridPoint aPoints[] = {{50, -170, 1}, {50, 0, 2}, {50, 170, 3}};
+    EXPECT_EQ(GridGetNearest(aPoints, 50, 179), 3.0F);
+    EXPECT_EQ(GridGetNearest(aPoints, 50, -179), 1.0F);
+    EXPECT_EQ(GridGetNearest(aPoints, 50, 359), 2.0F);
+}
+
+TEST(OverlayNearest, PointsOfEveryBoxAreKept)
+{
+    OverlayGrid grid;
+    EXPECT_TRUE(grid.IsEmpty());
+    grid.Add(std::vector<GridPoint>{{50, 10, 1}});
+    grid.Add(std::vector<GridPoint>{{50, -10, 2}});
+    EXPECT_EQ(grid.SnrGet(52, 13), 1.0F);
+    EXPECT_EQ(grid.SnrGet(52, -13), 2.0F);
+    grid.Clear();
+    EXPECT_FALSE(grid.SnrGet(52, 13));
+}
+
 class OverlayCells : public testing::Test {
 protected:
     OverlayCells() : m_img(360, 338, QImage::Format_RGB32)
@@ -78,9 +107,9 @@ protected:
         m_view.ZoomSet({1, 0, 180});  // a pixel a degree of longitude
         m_img.fill(Qt::white);
     }
-    [[nodiscard]] CellPaint CellMake(const OverlayBox& box, int nGridSize) const
+    [[nodiscard]] CellPaint CellMake(const AreaBox& box, int nGridSize) const
     {
-        return {box, nGridSize, 20.0F, SnrGetColor};
+        return {box, box, nGridSize, 20.0F, SnrGetColor};
     }
     MapView m_view;
     QImage m_img;
@@ -108,7 +137,7 @@ TEST_F(OverlayCells, EveryPixelOfTheWorldIsPaintedOnce)
     // no overlap, also at longitudes 0 and 180.
     QImage imgCount(m_img.size(), QImage::Format_Grayscale8);
     imgCount.fill(0);
-    for (const OverlayBox& box : OverlayGetBoxes(m_view.m_box)) {
+    for (const AreaBox& box : OverlayGetBoxes(m_view.m_box)) {
         const CellPaint cell = CellMake(box, 40);
         for (int iLat = 0; iLat < 40; ++iLat)
             for (int iLon = 0; iLon < 40; ++iLon) {
@@ -124,6 +153,51 @@ TEST_F(OverlayCells, EveryPixelOfTheWorldIsPaintedOnce)
     for (int y = 0; y < imgCount.height(); ++y)
         for (int x = 0; x < imgCount.width(); ++x) setCounts.insert(imgCount.constScanLine(y)[x]);
     EXPECT_EQ(setCounts, std::set<int>{1});
+}
+
+TEST_F(OverlayCells, CloseViewHasNoStripes)
+{
+    // The deck's bounds are hundredths of a degree, the view's are finer, and so are the cells.
+    for (const LatLon center : {LatLon{38.4567, 122.4783}, LatLon{-54.8019, 180.0},
+                                LatLon{83.2, 0.3}, LatLon{51.5, -0.0632}}) {
+        MapView view;
+        view.m_nMapWidth = 900;
+        view.m_nMapHeight = 600;
+        view.m_dEdge = center.dLon < 0 ? kEdgeDateLine : kEdgeGreenwich;
+        view.ZoomSet({kScaleMin, center.dLat, center.dLon});
+        QImage img(900, 600, QImage::Format_RGB32);
+        img.fill(Qt::white);
+        for (const AreaBox& boxWanted : OverlayGetBoxes(view.m_box, view.m_dEdge)) {
+            const AreaBox box = AreaBoxPrinted(boxWanted);
+            const CellPaint cell{box, boxWanted, 40, 20.0F, SnrGetColor};
+            std::vector<GridPoint> aPoints;
+            for (int iLat = 0; iLat < 40; ++iLat)
+                for (int iLon = 0; iLon < 40; ++iLon) {
+                    const auto Print = [](double dValue) { return std::round(dValue * 1e4) / 1e4; };
+                    aPoints.push_back({Print(box.dBottom + iLat * (box.dTop - box.dBottom) / 39),
+                                       Print(box.dLeft + iLon * (box.dRight - box.dLeft) / 39),
+                                       50});
+                }
+            CellsPaint(img, view, cell, aPoints);
+        }
+        int nWhite = 0;
+        for (int y = 0; y < 600; ++y)
+            for (int x = 0; x < 900; ++x) nWhite += img.pixel(x, y) == qRgb(255, 255, 255) ? 1 : 0;
+        EXPECT_EQ(nWhite, 0) << center.dLat << " " << center.dLon;
+    }
+}
+
+TEST_F(OverlayCells, DensePictureIsPaintedToItsOwnPixels)
+{
+    QImage img(720, 676, QImage::Format_RGB32);
+    img.setDevicePixelRatio(2);
+    img.fill(Qt::white);
+    const GridPoint aPoints[] = {{0, 60.3, 66.0F}};
+    CellsPaint(img, m_view, CellMake({-20, 20, 40.3, 80.3}, 5), aPoints);
+    EXPECT_EQ(img.pixel(110, 338), qRgb(255, 255, 255));  // the cell begins at 55.3 degrees
+    EXPECT_EQ(img.pixel(111, 338), qRgb(255, 0, 255));
+    EXPECT_EQ(img.pixel(130, 338), qRgb(255, 0, 255));
+    EXPECT_EQ(img.pixel(131, 338), qRgb(255, 255, 255));
 }
 
 TEST_F(OverlayCells, PointAtTheMinimumIsPaintedAndOneBelowIsNot)

@@ -81,6 +81,20 @@ TEST(MapSky, LinesBreakAtLongitudeZero)
     ASSERT_EQ(aLines.size(), 2u);
     for (const QPolygonF& lin : aLines) EXPECT_LT(lin.boundingRect().width(), 25);
     EXPECT_EQ(LinesGetPixels(view, PathGetPoints({40, 160}, {40, -160})).size(), 1u);
+    // Both pieces reach over the edge, so that nothing is missing there.
+    EXPECT_GT(aLines[0].boundingRect().right(), view.LonGetX(360) - 0.01);
+    EXPECT_LT(aLines[1].boundingRect().left(), view.LonGetX(0) + 0.01);
+}
+
+TEST(MapSky, PathOverGreenwichIsWholeWhereTheWorldBeginsAt180)
+{
+    MapView view;
+    view.m_nMapWidth = 360;
+    view.m_nMapHeight = 338;
+    view.m_dEdge = kEdgeDateLine;
+    view.ZoomSet(view.BoxGetZoom(view.BoxGetWhole()));
+    EXPECT_EQ(LinesGetPixels(view, PathGetPoints({40, -20}, {40, 20})).size(), 1u);
+    EXPECT_EQ(LinesGetPixels(view, PathGetPoints({40, 160}, {40, -160})).size(), 2u);
 }
 
 }  // namespace

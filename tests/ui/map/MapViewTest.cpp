@@ -287,7 +287,8 @@ TEST(MapBox, BoxOverLongitudeZeroMovesToTheSideOfItsCentre)
     BoxExpect(BoxKeepWhole({50, -10, 40, 30}), 50, 0, 40, 40);
     BoxExpect(BoxKeepWhole({50, -30, 40, 10}), 50, 320, 40, 360);
     BoxExpect(BoxKeepWhole({50, -30, 40, -10}), 50, -30, 40, -10);
-    BoxExpect(BoxKeepWhole({50, 300, 40, 400}), 50, 300, 40, 400);
+    BoxExpect(BoxKeepWhole({50, 300, 40, 400}), 50, 260, 40, 360);
+    BoxExpect(BoxKeepWhole({50, -20, 40, 0}), 50, 340, 40, 360);
     BoxExpect(BoxKeepWhole({90, -100, -90, 300}), 90, -100, -90, 300);
 }
 
@@ -333,17 +334,112 @@ TEST(MapView, WheelKeepsThePositionBelowThePointer)
     EXPECT_NEAR(posAfter.dLon, posBefore.dLon, dPixel);
 }
 
-TEST(MapView, WheelEndsAtTheWholeImageAndStaysOnIt)
+TEST(MapView, WheelKeepsThePositionAtTheEndsOfTheWorld)
+{
+    // At the whole image, and near both of its edges and its upper end.
+    for (const QPoint pt : {QPoint(235, 350), QPoint(965, 350), QPoint(600, 8), QPoint(600, 690)}) {
+        MapView view = ViewOf(1200, 700, {90, 0, -90, 360});
+        const LatLon posBefore = view.PointGetLatLon(MapControl::Map, pt.x(), pt.y());
+        for (const double dFactor : {0.5, 0.5, 2.0, 2.0}) {
+            view.ZoomSet(view.WheelGetZoom(pt.x(), pt.y(), dFactor));
+            const LatLon posAfter = view.PointGetLatLon(MapControl::Map, pt.x(), pt.y());
+            EXPECT_NEAR(posAfter.dLat, posBefore.dLat, 0.01) << pt.x() << " " << pt.y();
+            EXPECT_NEAR(std::remainder(posAfter.dLon - posBefore.dLon, 360.0), 0, 0.01)
+                << pt.x() << " " << pt.y();
+        }
+        EXPECT_NEAR(view.m_box.dLeft, -109.714, 0.01);
+    }
+}
+
+TEST(MapView, WheelOverTheBlankStripKeepsTheImagesEdge)
+{
+    MapView view = ViewOf(1200, 700, {90, 0, -90, 360});
+    const double dX = view.LonGetX(0);
+    for (int i = 0; i < 6; ++i) view.ZoomSet(view.WheelGetZoom(20, 350, 0.5));
+    EXPECT_FALSE(view.ImageGetRect().isEmpty());
+    EXPECT_LT(view.LonGetX(0), dX);
+    EXPECT_GE(view.LonGetX(0), 20);
+}
+
+TEST(MapView, WheelEndsAtTheWholeImagesScaleAndAtTheClosest)
 {
     MapView view = ViewOf(1200, 700, {52, 1, 48, 8});
-    for (int i = 0; i < 3; ++i) {
-        view.ZoomSet(view.WheelGetZoom(10, 350, 2.0));
-        EXPECT_GE(view.m_box.dLeft, 0);
-    }
     for (int i = 0; i < 20; ++i) view.ZoomSet(view.WheelGetZoom(10, 350, 2.0));
-    EXPECT_EQ(view.m_rctSource, QRect(-109714, 0, 579429, 338000));
+    EXPECT_NEAR(view.m_dScale, 338000.0 / 700, 1e-9);
     for (int i = 0; i < 40; ++i) view.ZoomSet(view.WheelGetZoom(600, 350, 0.5));
     EXPECT_NEAR(view.m_dScale, kScaleMin, 1e-12);
+}
+
+// The world that begins at the meridian 180.
+
+TEST(MapViewEdge, WholeImageHasGreenwichInTheMiddle)
+{
+    MapView view = ViewMake(1200, 700);
+    view.m_dEdge = kEdgeDateLine;
+    view.ZoomSet(view.BoxGetZoom(view.BoxGetWhole()));
+    BoxExpect(view.m_box, 90, -289.714, -90, 289.715);
+    EXPECT_EQ(view.ImageGetRect(), QRect(227, 0, 746, 700));
+    EXPECT_EQ(view.LatLonGetPoint(0, 0).x(), 600);
+    EXPECT_EQ(view.LatLonGetPoint(0, -180).x(), 227);
+    EXPECT_EQ(view.LatLonGetPoint(0, 180).x(), 973);
+    EXPECT_NEAR(view.PointGetLatLon(MapControl::Map, 300, 350).dLon, -144.8, 0.1);
+}
+
+TEST(MapViewEdge, BoxesCountFromIt)
+{
+    BoxExpect(BoxPutInOrder({50, -10, 40, 10}, kEdgeDateLine), 50, -10, 40, 10);
+    BoxExpect(BoxPutInOrder({90, -200, -90, 160}, kEdgeDateLine), 90, -180, -90, 180);
+    BoxExpect(BoxPutInOrder({50, -190, 40, -185}, kEdgeDateLine), 50, 170, 40, 175);
+    BoxExpect(BoxKeepWhole({50, -10, 40, 10}, kEdgeDateLine), 50, -10, 40, 10);
+    BoxExpect(BoxKeepWhole({50, -190, 40, -150}, kEdgeDateLine), 50, -180, 40, -140);
+    BoxExpect(BoxKeepWhole({50, 150, 40, 190}, kEdgeDateLine), 50, 140, 40, 180);
+}
+
+TEST(MapViewEdge, PathTakesTheEdgeThatItsShorterWayDoesNotCross)
+{
+    struct Case {
+        double dOne, dOther, dEdge, dExpected;
+    };
+    for (const Case& c : {Case{-0.1, 13.4, 0, -180}, Case{-0.1, 13.4, -180, -180},
+                          Case{140, -122, -180, 0}, Case{140, -122, 0, 0}, Case{-5, -1, 0, 0},
+                          Case{-90, 90, 0, 0}, Case{-67, 18, 0, -180}, Case{180, -175, -180, 0}})
+        EXPECT_EQ(EdgeOfPath({10, c.dOne}, {20, c.dOther}, c.dEdge), c.dExpected)
+            << c.dOne << " to " << c.dOther << " at " << c.dEdge;
+    BoxExpect(BoxOfPath({51.5, -0.1}, {52.5, 13.4}, kEdgeDateLine), 52.6, -1.45, 51.4, 14.75);
+}
+
+TEST(MapViewEdge, AnotherEdgeKeepsTheCentreWhereTheImageReaches)
+{
+    MapView view = ViewOf(1000, 600, {50, 100, 20, 140});
+    MapZoom zoom = view.EdgeGetZoom(kEdgeDateLine);
+    EXPECT_NEAR(zoom.dCenterLon, 120, 0.001);
+    EXPECT_NEAR(zoom.dCenterLat, view.CenterGet().dLat, 1e-9);
+    EXPECT_EQ(zoom.dScale, view.m_dScale);
+    view = ViewOf(1000, 600, {50, 165, 20, 205});  // over 180: moved to the image's end
+    const double dHalf = (view.m_box.dRight - view.m_box.dLeft) / 2;
+    zoom = view.EdgeGetZoom(kEdgeDateLine);
+    EXPECT_NEAR(zoom.dCenterLon, -180 + dHalf, 1e-6);
+}
+
+TEST(MapView, PaintedAgainWithScaleAndCentreItIsTheSame)
+{
+    MapView view = ViewOf(983, 577, {71.3, 199.1, -33.3, 288.8});
+    const QRect rct = view.m_rctSource;
+    for (int i = 0; i < 100; ++i)
+        view.ZoomSet({view.m_dScale, view.CenterGet().dLat, view.CenterGet().dLon});
+    EXPECT_EQ(view.m_rctSource, rct);
+}
+
+TEST(MapView, PanMovesThePictureByItsPixels)
+{
+    MapView view = ViewOf(1000, 600, {50, 165, 20, 205});
+    const QPointF ptBefore(view.LonGetX(180), view.LatGetY(35));
+    view.ZoomSet(view.PanGetZoom(40, -25));
+    EXPECT_NEAR(view.LonGetX(180), ptBefore.x() + 40, 0.1);
+    EXPECT_NEAR(view.LatGetY(35), ptBefore.y() - 25, 0.1);
+    view.ZoomSet(view.PanGetZoom(1e6, 1e6));
+    EXPECT_NEAR(view.CenterGet().dLon, 0, 0.01);  // no further than the edges
+    EXPECT_NEAR(view.LatGetOrdinate(view.CenterGet().dLat), 90, 0.1);
 }
 
 }  // namespace

@@ -325,3 +325,27 @@ TEST(WorldImage, ExtremeViewsAreHarmless)
     const QImage imgClose = ViewPaint({LonGetX(10.0), LatGetY(52.0), 1, 1}, 50, 50);
     EXPECT_EQ(imgClose.pixel(49, 49), CountryGetColour("Germany"));
 }
+
+TEST(WorldImage, BeginningAtLongitude180ItShowsTheSameWorldTurnedByHalf)
+{
+    const auto Differ = [](const QImage& img, const QImage& imgOther) {
+        int nDiffer = 0;
+        for (int y = 0; y < img.height(); ++y)
+            for (int x = 0; x < img.width(); ++x)
+                nDiffer += img.pixel(x, y) != imgOther.pixel(x, y) ? 1 : 0;
+        return nDiffer;
+    };
+    constexpr int kHalf = kImgWidth / 2;
+    const QImage img = ViewPaint({0, 0, kImgWidth, kImgHeight}, 720, 676);
+    QImage imgTurned = PaperMake(720, 676);
+    ASSERT_TRUE(WorldImagePaint(imgTurned, {0, 0, kImgWidth, kImgHeight}, -180));
+    EXPECT_LT(Differ(imgTurned.copy(360, 0, 360, 676), img.copy(0, 0, 360, 676)), 50);
+    EXPECT_LT(Differ(imgTurned.copy(0, 0, 360, 676), img.copy(360, 0, 360, 676)), 50);
+    // Close, and over Greenwich, where the other image ends.
+    QImage imgClose = PaperMake(300, 200);
+    ASSERT_TRUE(WorldImagePaint(imgClose, {kHalf - 9000, LatGetY(54.0), 18000, 12000}, -180));
+    const QImage imgEast = ViewPaint({0, LatGetY(54.0), 9000, 12000}, 150, 200);
+    const QImage imgWest = ViewPaint({kImgWidth - 9000, LatGetY(54.0), 9000, 12000}, 150, 200);
+    EXPECT_LT(Differ(imgClose.copy(150, 0, 150, 200), imgEast), 20);
+    EXPECT_LT(Differ(imgClose.copy(0, 0, 150, 200), imgWest), 20);
+}

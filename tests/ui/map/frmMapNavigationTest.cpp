@@ -281,9 +281,10 @@ TEST_F(frmMapNavigation, ScrollBarsAreSetToTenthsOfTheCentre)
     EXPECT_NEAR(m_pMap->vscMap->value(), -CenterGet().dLat * 10, 0.5);
     EXPECT_EQ(m_pMap->hscMap->minimum(), 0);
     EXPECT_EQ(m_pMap->hscMap->maximum(), 3600);
-    EXPECT_EQ(m_pMap->vscMap->minimum(), -900);
-    EXPECT_EQ(m_pMap->vscMap->singleStep(), 10);
-    EXPECT_EQ(m_pMap->vscMap->pageStep(), 100);
+    EXPECT_EQ(m_pMap->vscMap->minimum(), -840);
+    EXPECT_EQ(m_pMap->vscMap->maximum(), 840);
+    EXPECT_NEAR(m_pMap->hscMap->singleStep(), SpanGet() * 10 / 20, 0.5);
+    EXPECT_NEAR(m_pMap->hscMap->pageStep(), SpanGet() * 10 / 2, 0.5);
 }
 
 TEST_F(frmMapNavigation, ScrollBarsByTheMouse)
@@ -294,24 +295,171 @@ TEST_F(frmMapNavigation, ScrollBarsByTheMouse)
     const QSize size = m_pMap->hscMap->size();
     QTest::mouseClick(m_pMap->hscMap, Qt::LeftButton, {},
                       {size.width() - 3 * size.height(), size.height() / 2});
-    EXPECT_NEAR(CenterGet().dLon, dLon + 10, 0.06);
+    EXPECT_NEAR(CenterGet().dLon, dLon + SpanGet() / 2, 0.01);
+    // The arrow at the end: a twentieth.
+    QTest::mouseClick(m_pMap->hscMap, Qt::LeftButton, {}, {size.width() - 3, size.height() / 2});
+    EXPECT_NEAR(CenterGet().dLon, dLon + SpanGet() * 0.55, 0.01);
 }
 
-TEST_F(frmMapNavigation, ArrowKeysScrollADegree)
+TEST_F(frmMapNavigation, ArrowKeysScrollATwentiethOfTheView)
+{
+    const std::pair<const char*, std::function<void()>> aViews[] = {
+        {"wide", [this] { ZoomInside(); }},
+        {"closest",
+         [this] {
+             m_pMap->m_view.ZoomSet({kScaleMin, 38.4567, 237.6543});
+         }},
+    };
+    for (const auto& [sName, fnView] : aViews) {
+        fnView();
+        m_pMap->Update();
+        const double dSpan = SpanGet();
+        const LatLon center = CenterGet();
+        const double dOrdinate = m_pMap->m_view.LatGetOrdinate(center.dLat);
+        m_pMap->cmdZoomIn->setFocus();
+        QTest::keyClick(m_pMap->cmdZoomIn, Qt::Key_Right);
+        EXPECT_NEAR(CenterGet().dLon, center.dLon + dSpan / 20, dSpan / 100) << sName;
+        EXPECT_TRUE(m_pMap->cmdZoomIn->hasFocus());
+        QTest::keyClick(m_pMap->hscMap, Qt::Key_Left);
+        EXPECT_NEAR(CenterGet().dLon, center.dLon, dSpan / 100) << sName;
+        const double dPixelsPerOrdinate =
+            m_pMap->m_view.m_nImgHeight / 180.0 / m_pMap->m_view.m_dScale;
+        const double dHeight = m_pMap->m_view.m_nMapHeight / dPixelsPerOrdinate;
+        QTest::keyClick(m_pMap->hscMap, Qt::Key_Up);
+        EXPECT_NEAR(m_pMap->m_view.LatGetOrdinate(CenterGet().dLat), dOrdinate + dHeight / 20,
+                    dHeight / 100)
+            << sName;
+        QTest::keyClick(m_pMap->vscMap, Qt::Key_Down);
+        QTest::keyClick(m_pMap->vscMap, Qt::Key_Down);
+        EXPECT_NEAR(m_pMap->m_view.LatGetOrdinate(CenterGet().dLat), dOrdinate - dHeight / 20,
+                    dHeight / 100)
+            << sName;
+    }
+}
+
+TEST_F(frmMapNavigation, WheelOverABarMovesBarAndMap)
 {
     ZoomInside();
-    const LatLon center = CenterGet();
+    for (QScrollBar* pBar : {m_pMap->hscMap, m_pMap->vscMap}) {
+        m_pMap->cmdZoomIn->setFocus();
+        const int nBefore = pBar->value();
+        const LatLon center = CenterGet();
+        const QPoint pt = pBar->rect().center();
+        QWheelEvent evt(pt, pBar->mapToGlobal(pt), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                        Qt::NoScrollPhase, false);
+        QApplication::sendEvent(pBar, &evt);
+        EXPECT_GT(pBar->value(), nBefore);
+        const bool bAcross = pBar == m_pMap->hscMap;
+        EXPECT_EQ(CenterGet().dLon > center.dLon + SpanGet() / 10, bAcross);
+        EXPECT_EQ(CenterGet().dLat < center.dLat - 1, !bAcross);
+        EXPECT_NEAR(pBar->value(), (bAcross ? CenterGet().dLon : -CenterGet().dLat) * 10, 0.51);
+    }
+}
+
+TEST_F(frmMapNavigation, MiddleDragPans)
+{
+    ZoomInside();
+    const LatLon pos = m_pMap->m_view.PointGetLatLon(MapControl::Map, 400, 300);
+    const double dSpan = SpanGet();
+    Drag(m_pMap->pctMap, {400, 300}, {310, 355}, Qt::MiddleButton);
+    const LatLon posAfter = m_pMap->m_view.PointGetLatLon(MapControl::Map, 310, 355);
+    EXPECT_NEAR(posAfter.dLat, pos.dLat, 0.05);
+    EXPECT_NEAR(posAfter.dLon, pos.dLon, 0.05);
+    EXPECT_NEAR(SpanGet(), dSpan, 0.002);
+    EXPECT_FALSE(m_pMap->mnuMap->isVisible());
+}
+
+TEST_F(frmMapNavigation, RepaintingMovesNothing)
+{
+    ZoomInside();
+    const MapBox box = m_pMap->m_view.m_box;
+    for (int i = 0; i < 12; ++i) {
+        m_pMap->Update();
+        QTest::mouseClick(m_pMap->cmdApply, Qt::LeftButton);
+    }
+    BoxIs(box.dTop, box.dLeft, box.dBottom, box.dRight, 0);
+    const QSize size = m_pMap->size();
+    m_pMap->resize(1200, 640);
+    m_pMap->resize(size);
+    BoxIs(box.dTop, box.dLeft, box.dBottom, box.dRight, 0);
+}
+
+TEST_F(frmMapNavigation, EscapeIsCancelOnceNothingIsUnderWay)
+{
+    m_pMap->m_posRc = {1, 2};
+    QTest::mousePress(m_pMap->lblTx, Qt::LeftButton, {}, {5, 5});
+    QMouseEvent evt(QEvent::MouseMove, QPointF(40, 40), m_pMap->lblTx->mapToGlobal(QPoint(40, 40)),
+                    Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_pMap->lblTx, &evt);
+    EXPECT_NE(m_pMap->m_posTx.dLat, 38);
+    QTest::keyClick(m_pMap, Qt::Key_Escape);  // ends the drag
+    ASSERT_TRUE(m_pMap && m_pMap->isVisible());
+    EXPECT_DOUBLE_EQ(m_pMap->m_posTx.dLat, 38);
+    EXPECT_DOUBLE_EQ(m_pMap->m_posTx.dLon, -122);
+    QTest::mouseRelease(m_pMap->lblTx, Qt::LeftButton, {}, {5, 5});
+    QTest::keyClick(m_pMap, Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(m_pMap.isNull());
+    EXPECT_DOUBLE_EQ(m_host.m_settings.m_dRcLat, 24);
+    EXPECT_EQ(m_host.m_nUpdates, 0);
+}
+
+TEST_F(frmMapNavigation, ArrowsBelongToAFocusedFlag)
+{
+    QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton);
+    const MapBox box = m_pMap->m_view.m_box;
+    const QPoint ptBefore = m_pMap->lblRc->pos();
+    m_pMap->lblRc->setFocus();
+    QTest::keyClick(m_pMap->lblRc, Qt::Key_Right);
+    QTest::keyClick(m_pMap->lblRc, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(m_pMap->lblRc->pos(), ptBefore + QPoint(1, 10));
+    const LatLon pos =
+        m_pMap->m_view.PointGetLatLon(MapControl::Marker, 0, 0, m_pMap->lblRc->geometry());
+    EXPECT_DOUBLE_EQ(m_pMap->m_posRc.dLat, pos.dLat);
+    EXPECT_DOUBLE_EQ(m_pMap->m_posRc.dLon, pos.dLon);
+    EXPECT_TRUE(m_pMap->txtCursor->isVisible());
+    EXPECT_TRUE(m_pMap->txtCursor->text().startsWith(QStringLiteral("Receiver, Lat ")));
+    BoxIs(box.dTop, box.dLeft, box.dBottom, box.dRight, 0);
     m_pMap->cmdZoomIn->setFocus();
+    EXPECT_FALSE(m_pMap->txtCursor->isVisible());
     QTest::keyClick(m_pMap->cmdZoomIn, Qt::Key_Right);
-    EXPECT_NEAR(CenterGet().dLon, center.dLon + 1, 0.06);
-    QTest::keyClick(m_pMap->hscMap, Qt::Key_Left);
-    QTest::keyClick(m_pMap->hscMap, Qt::Key_Left);
-    EXPECT_NEAR(CenterGet().dLon, center.dLon - 1, 0.06);
-    QTest::keyClick(m_pMap->hscMap, Qt::Key_Up);
-    EXPECT_NEAR(CenterGet().dLat, center.dLat + 1, 0.06);
-    QTest::keyClick(m_pMap->vscMap, Qt::Key_Down);
-    QTest::keyClick(m_pMap->vscMap, Qt::Key_Down);
-    EXPECT_NEAR(CenterGet().dLat, center.dLat - 1, 0.06);
+    EXPECT_GT(m_pMap->m_view.m_box.dLeft, box.dLeft);
+}
+
+TEST_F(frmMapNavigation, NoFlagHasTheFocusAtFirst)
+{
+    EXPECT_FALSE(m_pMap->lblRc->hasFocus());
+    EXPECT_FALSE(m_pMap->lblTx->hasFocus());
+}
+
+TEST_F(frmMapNavigation, ReadOutIsAsWideAsItsText)
+{
+    QTest::mousePress(m_pMap->lblRc, Qt::LeftButton, {}, {5, 5});
+    const QFontMetrics metrics = m_pMap->txtCursor->fontMetrics();
+    const int nText = metrics.horizontalAdvance(m_pMap->txtCursor->text());
+    EXPECT_GT(nText, 100);
+    EXPECT_GT(m_pMap->txtCursor->width(), nText + 8);
+    EXPECT_LT(m_pMap->txtCursor->width(), nText + 40);
+    EXPECT_NEAR(m_pMap->txtCursor->geometry().center().x(), m_pMap->pctMap->geometry().center().x(),
+                1);
+    m_pMap->txtCursor->setText(QString(400, QLatin1Char('m')));
+    EXPECT_LE(m_pMap->txtCursor->width(), m_pMap->pctMap->width());
+    QTest::mouseRelease(m_pMap->lblRc, Qt::LeftButton, {}, {5, 5});
+}
+
+TEST_F(frmMapNavigation, MarkerOutsideTheViewHasAnArrowAtTheEdge)
+{
+    ZoomInside();  // the North Pacific, west of both
+    m_pMap->m_posRc = m_pMap->m_posTx = {30, 230};
+    m_pMap->m_posRc.dLat = 30.5;
+    const QImage imgInside = m_pMap->pctMap->grab().toImage();
+    m_pMap->m_posTx = {30, 20};  // far to the west
+    const QImage img = m_pMap->pctMap->grab().toImage();
+    const double dY = m_pMap->pctMap->height() / 2.0;
+    bool bChanged = false;
+    for (int y = int(dY) - 60; y < int(dY) + 60; ++y)
+        bChanged = bChanged || img.pixel(8, y) != imgInside.pixel(8, y);
+    EXPECT_TRUE(bChanged);
 }
 
 TEST_F(frmMapNavigation, PlusMinusAndZeroZoom)

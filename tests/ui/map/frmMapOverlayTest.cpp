@@ -232,7 +232,7 @@ TEST_F(frmMapOverlay, ZoomButtonsBandAndScrollBarsRemoveIt)
     }
 }
 
-TEST_F(frmMapOverlay, ZoomOffPopupAndWheelLeaveAnOutlineMapWithoutCells)
+TEST_F(frmMapOverlay, ZoomOffAndPopupLeaveAnOutlineMapWithoutCells)
 {
     const QPoint ptMiddle = m_pMap->pctMap->rect().center();
     const std::pair<const char*, std::function<void()>> aCommands[] = {
@@ -240,12 +240,6 @@ TEST_F(frmMapOverlay, ZoomOffPopupAndWheelLeaveAnOutlineMapWithoutCells)
         {"center", [&] { MapMenuChoose(m_pMap->pctMap, ptMiddle, m_pMap->mnuMapCenter); }},
         {"in", [&] { MapMenuChoose(m_pMap->pctMap, ptMiddle, m_pMap->mnuMapZoomIn); }},
         {"out", [&] { MapMenuChoose(m_pMap->pctMap, ptMiddle, m_pMap->mnuMapZoomOut); }},
-        {"wheel",
-         [&] {
-             QWheelEvent evt(ptMiddle, m_pMap->pctMap->mapToGlobal(ptMiddle), {}, {0, 120},
-                             Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-             QApplication::sendEvent(m_pMap->pctMap, &evt);
-         }},
     };
     for (const auto& [sName, fnCommand] : aCommands) {
         ZoomSmall();
@@ -305,31 +299,16 @@ TEST_F(frmMapOverlay, TipTellsTheNearestPointsSnrAndTheRange)
     EXPECT_EQ(TipAt(pt).toStdString().find("Snr"), std::string::npos);
 }
 
-TEST_F(frmMapOverlay, TipFollowsTheLatestGridFile)
+TEST_F(frmMapOverlay, TipKeepsThePointsOfThePictureWhateverTheFile)
 {
     ZoomSmall();
     OverlayChoose();
     EXPECT_TRUE(TipAt({300, 200}).contains(QStringLiteral("Snr 52.0 dB")));
-    m_engine.m_fnSnr = [](double, double) { return 33.3; };
-    const std::string sGrid = m_engine.GridMake(m_engine.m_aRuns[0]);
-    std::ofstream(m_engine.GridPath(), std::ios::binary) << sGrid;
-    std::filesystem::last_write_time(
-        m_engine.GridPath(), std::filesystem::file_time_type::clock::now() + std::chrono::hours(1));
-    EXPECT_TRUE(TipAt({300, 200}).contains(QStringLiteral("Snr 33.3 dB")));
     std::filesystem::remove(m_engine.GridPath());
-    EXPECT_FALSE(TipAt({300, 200}).contains(QStringLiteral("Snr")));
-}
-
-TEST_F(frmMapOverlay, TipReadsNoFileWhileItIsUnchanged)
-{
-    ZoomSmall();
-    OverlayChoose();
-    const auto tmWritten = std::filesystem::last_write_time(m_engine.GridPath());
-    const auto nSize = std::filesystem::file_size(m_engine.GridPath());
-    // Other bytes under the same time and size show whether the file is read.
-    std::ofstream(m_engine.GridPath(), std::ios::binary) << std::string(nSize, 'x');
-    std::filesystem::last_write_time(m_engine.GridPath(), tmWritten);
     EXPECT_TRUE(TipAt({300, 200}).contains(QStringLiteral("Snr 52.0 dB")));
+    // A picture without cells has no points.
+    QTest::mouseClick(m_pMap->cmdZoomOff, Qt::LeftButton);
+    EXPECT_FALSE(TipAt({300, 200}).contains(QStringLiteral("Snr")));
 }
 
 TEST_F(frmMapOverlay, NoTipLookUpWhileBusy)

@@ -1,0 +1,21 @@
+#include "ui/map/MapOverlayGrid.h"
+
+#include <cmath>
+
+std::optional<float> GridGetNearest(std::span<const GridPoint> aPoints, double dLat, double dLon)
+{
+    constexpr double kBestAtFirst = 180.0;
+    double dBest = kBestAtFirst * kBestAtFirst;
+    const GridPoint* pBest = nullptr;
+    for (const GridPoint& pnt : aPoints) {
+        const double dByLon = std::remainder(dLon - pnt.dLon, 360.0);
+        const double dSquare = (dLat - pnt.dLat) * (dLat - pnt.dLat) + dByLon * dByLon;
+        if (dSquare < dBest) {
+            dBest = dSquare;
+            pBest = &pnt;
+        }
+    }
+    if (pBest == nullptr)
+        return {};
+    return pBest->fSnr;
+}

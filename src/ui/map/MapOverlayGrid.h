@@ -1,0 +1,42 @@
+/// @file MapOverlayGrid.h
+/// The grid points of all boxes of the overlay that the picture shows, kept for the tips: the file
+/// of the engine holds the last box alone.
+///
+/// Units:   degrees, dB.
+/// Tests:   tests/ui/map/MapOverlayTest.cpp, frmMapTipsTest.cpp
+#pragma once
+
+#include <optional>
+#include <span>
+#include <vector>
+
+struct GridPoint {
+    double dLat = 0.0;
+    double dLon = 0.0;
+    float fSnr = 0.0F;  ///< dB
+};
+
+/// SNR of the point nearest to a position, distances in plain degrees, longitudes the short way
+/// round; of several points equally near the first in order. Points 180 degrees away and more do
+/// not count.
+[[nodiscard]] std::optional<float> GridGetNearest(std::span<const GridPoint> aPoints, double dLat,
+                                                  double dLon);
+
+class OverlayGrid {
+public:
+    /// The picture shows no overlay, or a new one begins.
+    void Clear() { m_aPoints.clear(); }
+    /// Adds the points of one more box.
+    void Add(std::span<const GridPoint> aPoints)
+    {
+        m_aPoints.insert(m_aPoints.end(), aPoints.begin(), aPoints.end());
+    }
+    [[nodiscard]] bool IsEmpty() const { return m_aPoints.empty(); }
+    [[nodiscard]] std::optional<float> SnrGet(double dLat, double dLon) const
+    {
+        return GridGetNearest(m_aPoints, dLat, dLon);
+    }
+
+private:
+    std::vector<GridPoint> m_aPoints;
+};

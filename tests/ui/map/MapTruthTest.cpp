@@ -1,0 +1,169 @@
+// Colours and tips of the overlay against single predictions of the same engine.
+#include <cmath>
+
+#include "MapFakes.h"
+#include "propagation/AreaBoxes.h"
+#include "propagation/PropagationInput.h"
+#include "support/NeedVoacapl.h"
+#include "support/PropertyRandom.h"
+#include "ui/e2e/EngineReal.h"
+#include "ui/map/MapGraticule.h"
+#include "ui/map/MapOverlay.h"
+
+namespace {
+
+constexpr int kGrid = 14;
+constexpr int kPoints = 12;
+
+class MapTruth : public MapWindow {
+protected:
+    MapTruth()
+    {
+        Settings& settings = m_host.m_settings;
+        settings.m_iMapOverlayGridSize = kGrid;
+        settings.m_fPropagationSunSpotNumber = 100;
+        settings.m_selected = {5, 19};  // 10 MHz at 18 UT
+    }
+    void Show(int iEdge, const MapBox& box, const LatLon& posRc)
+    {
+        m_host.m_settings.m_iMapWorldBegins = iEdge;
+        m_host.m_settings.m_dRcLat = posRc.dLat;
+        m_host.m_settings.m_dRcLon = posRc.dLon;
+        m_pMap->Update();
+        QTest::mouseClick(m_pMap->cmdZoomOff, Qt::LeftButton);
+        m_pMap->m_view.ZoomSet(m_pMap->m_view.BoxGetZoom(box));
+        OverlayChoose();
+        ASSERT_TRUE(m_pMap->windowTitle().startsWith(QStringLiteral("Snr Overlay, ")));
+    }
+    /// The grid point nearest to a position, by the bounds that the decks had.
+    [[nodiscard]] LatLon GridPointOf(const LatLon& pos) const
+    {
+        LatLon posBest;
+        double dBest = 1e9;
+        for (const AreaBox& box : OverlayGetBoxes(m_pMap->m_view.m_box, m_pMap->m_view.m_dEdge)) {
+            const AreaBox boxDeck = AreaBoxPrinted(box);
+            for (int iLat = 0; iLat < kGrid; ++iLat)
+                for (int iLon = 0; iLon < kGrid; ++iLon) {
+                    const double dLat =
+                        boxDeck.dBottom + iLat * (boxDeck.dTop - boxDeck.dBottom) / (kGrid - 1);
+                    const double dLon =
+                        boxDeck.dLeft + iLon * (boxDeck.dRight - boxDeck.dLeft) / (kGrid - 1);
+                    const double dFar =
+                        std::hypot(pos.dLat - dLat, std::remainder(pos.dLon - dLon, 360.0));
+                    if (dFar < dBest) {
+                        dBest = dFar;
+                        posBest = {dLat, dLon};
+                    }
+                }
+        }
+        return posBest;
+    }
+    /// One run of the engine at a place alone, which its deck has in hundredths of a degree.
+    [[nodiscard]] float SnrAlone(const LatLon& pos) const
+    {
+        constexpr double kHundredth = 0.01;
+        PropagationAreaInput input = PropagationAreaInputFromSettings(m_host.m_settings);
+        input.iHour = 18;
+        input.fFrequency = 10.0F;
+        input.nGridSize = 2;
+        input.dSouth = std::round(pos.dLat / kHundredth) * kHundredth;
+        input.dWest = std::min(std::round(pos.dLon / kHundredth) * kHundredth, 179.99);
+        input.dNorth = input.dSouth + kHundredth;
+        input.dEast = input.dWest + kHundredth;
+        AreaFile file;
+        EXPECT_TRUE(PropagationAreaOpen(input, file));
+        EXPECT_TRUE(PropagationAreaOpenFile(input.iModel, file));
+        const auto resPoints = GridRead(file, 4);
+        EXPECT_TRUE(resPoints) << resPoints.TextGet();
+        const auto fSnr = GridGetNearest(resPoints.ValueGet(), input.dSouth, input.dWest);
+        EXPECT_TRUE(fSnr);
+        return fSnr.value_or(999.0F);
+    }
+    [[nodiscard]] float SnrOfTip(QPoint pt)
+    {
+        const QString sTip = TipAt(pt);
+        const auto nAt = sTip.indexOf(QStringLiteral("Snr "));
+        EXPECT_GE(nAt, 0) << sTip.toStdString();
+        return sTip.mid(nAt + 4).split(QLatin1Char(' ')).at(0).toFloat();
+    }
+    /// A pixel inside a cell, with neither line nor label on it.
+    [[nodiscard]] QPoint PointAny()
+    {
+        const QRect rct = m_pMap->m_view.ImageGetRect().adjusted(2, 2, -2, -2);
+        for (;;) {
+            const QPoint pt(m_rnd.Whole(rct.left(), rct.right()),
+                            m_rnd.Whole(rct.top(), rct.bottom()));
+            const QRgb nPixel = m_pMap->pctMap->m_img.pixel(pt);
+            bool bInside = nPixel != qRgb(0, 0, 0) && nPixel != kMapBackground && pt.x() > 90
+                           && pt.y() < rct.bottom() - 30;
+            const LatLon pos = GridPointOf(PositionOf(pt));
+            for (const QPoint ptBy : {QPoint(2, 2), QPoint(-2, -2), QPoint(2, -2), QPoint(-2, 2)}) {
+                const LatLon posBy = GridPointOf(PositionOf(pt + ptBy));
+                bInside = bInside && posBy.dLat == pos.dLat && posBy.dLon == pos.dLon;
+            }
+            if (bInside)
+                return pt;
+        }
+    }
+    [[nodiscard]] LatLon PositionOf(QPoint pt) const
+    {
+        return m_pMap->m_view.PointGetLatLon(MapControl::Map, pt.x(), pt.y());
+    }
+    void PointsCheck();
+
+    EngineReal m_engine;
+    PropertyRandom m_rnd;
+};
+
+void MapTruth::PointsCheck()
+{
+    // Half a hundredth of a degree may lie between grid point and deck; printed to a tenth.
+    constexpr float kTolerance = 0.6F;
+    for (int i = 0; i < kPoints; ++i) {
+        const QPoint pt = PointAny();
+        const LatLon pos = GridPointOf(PositionOf(pt));
+        const float fTip = SnrOfTip(pt);
+        const std::uint32_t nColour = m_host.SnrGetColor(fTip);
+        const QRgb nWanted =
+            fTip < m_host.m_settings.m_fMapOverlayMinSnr
+                ? qRgb(255, 255, 255)
+                : qRgb(int(nColour & 255), int(nColour >> 8 & 255), int(nColour >> 16 & 255));
+        EXPECT_EQ(m_pMap->pctMap->m_img.pixel(pt), nWanted) << pos.dLat << " " << pos.dLon;
+        EXPECT_NEAR(fTip, SnrAlone(pos), kTolerance) << pos.dLat << " " << pos.dLon;
+    }
+}
+
+TEST_F(MapTruth, WholeWorldOverLongitude180)
+{
+    Show(0, {90, 0, -90, 360}, {24, -110});
+    PointsCheck();
+}
+
+TEST_F(MapTruth, WholeWorldOverGreenwich)
+{
+    Show(-180, {90, -180, -90, 180}, {52.5, 13.4});
+    PointsCheck();
+}
+
+TEST_F(MapTruth, NearThePole)
+{
+    Show(-180, {83, -60, 66, 60}, {69.6, 18.9});
+    PointsCheck();
+}
+
+TEST_F(MapTruth, CloseToTheGround)
+{
+    Show(-180, {51.6, -0.17, 51.45, 0.03}, {48.1, 11.6});
+    EXPECT_LT(m_pMap->m_view.m_box.dRight - m_pMap->m_view.m_box.dLeft, 1);
+    PointsCheck();
+}
+
+TEST_F(MapTruth, VoacapOverTheDateLine)
+{
+    NEED_VOACAPL();
+    m_host.m_settings.m_iPropagationModel = kEngineVoacap;
+    Show(0, {10, 140, -45, 215}, {-17.8, 178});
+    PointsCheck();
+}
+
+}  // namespace
