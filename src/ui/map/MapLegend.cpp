@@ -1,6 +1,7 @@
 #include "ui/map/MapLegend.h"
 
 #include <algorithm>
+#include <array>
 
 #include "system/NumberLib.h"
 #include "ui/map/MapPaint.h"
@@ -30,17 +31,31 @@ int LineGetHeight(const QFontMetrics& metrics) { return std::max(metrics.height(
 QRect PlaceGet(const QRect& rctMap, const QSize& size, std::span<const QRect> aKeepFree,
                const QRect& rctPointer)
 {
-    const int nTop = rctMap.center().y() - size.height() / 2;
-    const QRect rctRight(QPoint(rctMap.right() - size.width() - kMargin, nTop), size);
-    const QRect rctLeft(QPoint(rctMap.left() + kLabels, nTop), size);
-    if (rctRight.intersects(rctPointer) && !rctLeft.intersects(rctPointer))
-        return rctLeft;
+    const int nLeft = rctMap.left() + kLabels;
+    const int nRight = rctMap.right() - size.width() - kMargin;
+    const int nMiddle = rctMap.center().y() - size.height() / 2;
+    const int nTop = rctMap.top() + kMargin;
+    const int nBottom = rctMap.bottom() - size.height() - kLabels;
+    const std::array aPlaces{QPoint(nRight, nMiddle), QPoint(nLeft, nMiddle),
+                             QPoint(nRight, nTop),    QPoint(nRight, nBottom),
+                             QPoint(nLeft, nTop),     QPoint(nLeft, nBottom)};
     const auto Hides = [aKeepFree](const QRect& rct) {
         return std::any_of(aKeepFree.begin(), aKeepFree.end(),
                            [&rct](const QRect& rctFree) { return rctFree.intersects(rct); });
     };
-    const bool bLeft = Hides(rctRight) && !Hides(rctLeft) && !rctLeft.intersects(rctPointer);
-    return bLeft ? rctLeft : rctRight;
+    QRect rctBest(aPlaces[0], size);
+    bool bFound = false;
+    for (const QPoint ptPlace : aPlaces) {
+        const QRect rct(ptPlace, size);
+        if (rct.intersects(rctPointer))
+            continue;
+        if (!Hides(rct))
+            return rct;
+        if (!bFound)
+            rctBest = rct;
+        bFound = true;
+    }
+    return rctBest;
 }
 
 }  // namespace

@@ -25,8 +25,8 @@ struct LegendRow {
 [[nodiscard]] std::vector<LegendRow> LegendGetRows(
     float fMinSnr, const std::function<std::uint32_t(float fSnr)>& fnColour);
 
-/// Where the legend stands: at the map's right edge, or at the left one where only so it hides
-/// nothing of aKeepFree. It is never at the edge where the pointer is.
+/// Where the legend stands: at the map's right edge, or at the left one or in a corner where only
+/// so it hides nothing of aKeepFree. It is never under the pointer.
 /// @param rctPointer  what the pointer looks at; empty where it is elsewhere
 [[nodiscard]] QRect LegendGetRect(const QFontMetrics& metrics, const QRect& rctMap,
                                   const std::vector<LegendRow>& aRows, float fMinSnr,

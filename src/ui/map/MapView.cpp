@@ -73,6 +73,17 @@ MapZoom MapView::BoxGetZoom(const MapBox& box) const
             (boxShown.dTop + boxShown.dBottom) / 2, (boxShown.dLeft + boxShown.dRight) / 2};
 }
 
+MapZoom MapView::ZoomKeepSeen(const MapZoom& zoom) const
+{
+    MapView view = *this;
+    view.ZoomSet(zoom);
+    if (!view.ImageGetRect().isEmpty())
+        return zoom;
+    const double dEdgeLat = MercatorLatitude(KGet(*this));
+    return {zoom.dScale, std::clamp(Tame(zoom.dCenterLat, kFarOrdinate), -dEdgeLat, dEdgeLat),
+            std::clamp(Tame(zoom.dCenterLon, kFarLon), m_dEdge, m_dEdge + kCircle)};
+}
+
 void MapView::ZoomSet(const MapZoom& zoom)
 {
     const double dScale = ScaleTame(zoom.dScale, m_nImgWidth);

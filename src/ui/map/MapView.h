@@ -72,6 +72,9 @@ public:
     /// The zoom at which the whole box fits. The centre's latitude is the plain mean of the two
     /// latitudes, unlike CenterGet's; this is intended.
     [[nodiscard]] MapZoom BoxGetZoom(const MapBox& box) const;
+    /// The zoom, its centre moved onto the image where nothing of that would be seen: latitudes
+    /// beyond the image's edge and below 90 have their ordinates far away from it.
+    [[nodiscard]] MapZoom ZoomKeepSeen(const MapZoom& zoom) const;
     /// Shows the image at this zoom: sets the scale, the source rectangle and, from its whole
     /// pixels, the box.
     void ZoomSet(const MapZoom& zoom);

@@ -80,8 +80,12 @@ MapBox frmMap::BandGetBox(const QPointF& ptEnd) const
     const double dLast =
         m_view.LonGetX(m_view.m_dEdge + 360) - 1 / m_view.m_dScale;  // the last image pixel
     const auto KeepX = [&](double dX) { return std::max(std::min(dX, dLast), dFirst); };
-    const LatLon posDown = PointGetLatLon(pctMap, KeepX(m_ptDown.x()), m_ptDown.y());
-    const LatLon posUp = PointGetLatLon(pctMap, KeepX(ptEnd.x()), ptEnd.y());
+    const QRect rctImage = m_view.ImageGetRect();
+    const auto KeepY = [&](double dY) {
+        return std::max(std::min(dY, rctImage.bottom() + 0.5), rctImage.top() + 0.5);
+    };
+    const LatLon posDown = PointGetLatLon(pctMap, KeepX(m_ptDown.x()), KeepY(m_ptDown.y()));
+    const LatLon posUp = PointGetLatLon(pctMap, KeepX(ptEnd.x()), KeepY(ptEnd.y()));
     return {posDown.dLat, posDown.dLon, posUp.dLat, posUp.dLon};
 }
 

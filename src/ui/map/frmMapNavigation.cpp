@@ -33,7 +33,7 @@ void frmMap::ViewSet(const MapBox& box)
 {
     m_bAskedBox = true;
     m_boxAsked = box;
-    ZoomSet(m_view.BoxGetZoom(box));
+    ZoomSet(m_view.ZoomKeepSeen(m_view.BoxGetZoom(box)));
 }
 
 /// After the window's size has changed.

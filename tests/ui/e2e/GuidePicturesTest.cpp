@@ -258,4 +258,73 @@ TEST(GuidePictures, Overlay)
     EXPECT_TRUE(rig.m_msg.m_aShown.empty());
 }
 
+/// The map between two ends, with path and overlay.
+void PathPictureKeep(const LatLon& posRc, const LatLon& posTx, const char* sName)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_dRcLat = posRc.dLat;
+    frm.m_settings.m_dRcLon = posRc.dLon;
+    frm.m_settings.m_dTxLat = posTx.dLat;
+    frm.m_settings.m_dTxLon = posTx.dLon;
+    EXPECT_TRUE(frm.Update());
+    frm.DataSetSelected(kRow14000, 13);
+    frmMap& map = MapOpen(frm);
+    QTest::mouseClick(map.cmdZoomTxRc, Qt::LeftButton);
+    QTest::mouseClick(map.chkPath, Qt::LeftButton);
+    OverlayDraw(map);
+    PictureKeep(map, sName);
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+}
+
+TEST(GuidePictures, LondonToBerlin)
+{
+    PathPictureKeep({51.5, -0.1}, {52.5, 13.4}, "map_london_berlin.png");
+}
+
+TEST(GuidePictures, TokyoToSanFrancisco)
+{
+    PathPictureKeep({35.7, 139.7}, {37.8, -122.4}, "map_pacific.png");
+}
+
+TEST(GuidePictures, CapeHorn)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_dRcLat = -55.98;
+    frm.m_settings.m_dRcLon = -67.27;
+    EXPECT_TRUE(frm.Update());
+    frmMap& map = MapOpen(frm);
+    const QPoint ptHorn = map.lblRc->geometry().center();
+    for (int i = 0; i < 7; ++i) {
+        QWheelEvent evt(ptHorn, map.pctMap->mapToGlobal(ptHorn), {}, {0, 120}, Qt::NoButton,
+                        Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(map.pctMap, &evt);
+    }
+    QTest::mousePress(map.pctMap, Qt::LeftButton, {}, map.m_view.LatLonGetPoint(-55.72, -67.8));
+    QTest::mouseRelease(map.pctMap, Qt::LeftButton, {}, map.m_view.LatLonGetPoint(-56.0, -67.2));
+    EXPECT_LT(map.m_view.m_box.dRight - map.m_view.m_box.dLeft, 1);
+    PictureKeep(map, "map_cape_horn.png");
+}
+
+/// As a screen of 200 % shows it: scripts/pictures.sh runs it with that scale.
+TEST(GuidePictures, BalticAtTheScreensDensity)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_dRcLat = 59.3;
+    frm.m_settings.m_dRcLon = 18.1;
+    frm.m_settings.m_dTxLat = 54.3;
+    frm.m_settings.m_dTxLon = 10.1;
+    EXPECT_TRUE(frm.Update());
+    frmMap& map = MapOpen(frm);
+    QTest::mouseClick(map.cmdZoomTxRc, Qt::LeftButton);
+    QTest::mouseClick(map.chkPath, Qt::LeftButton);
+    MainRig::EventsRun();
+    const QPixmap pix =
+        map.pctMap->grab(QRect(map.pctMap->rect().center() - QPoint(220, 150), QSize(440, 300)));
+    EXPECT_EQ(pix.devicePixelRatio(), map.devicePixelRatioF());
+    PictureKeep(pix, map.devicePixelRatioF() == 1 ? "map_100.png" : "map_200.png");
+}
+
 }  // namespace

@@ -430,6 +430,23 @@ TEST(MapView, PaintedAgainWithScaleAndCentreItIsTheSame)
     EXPECT_EQ(view.m_rctSource, rct);
 }
 
+TEST(MapView, ABoxBeyondTheImagesEndIsMovedOntoIt)
+{
+    for (const MapBox& box : {MapBox{90, 100, 83, 102}, MapBox{-86, 100, -88, 102}}) {
+        MapView view = ViewMake(1000, 600);
+        const MapZoom zoom = view.BoxGetZoom(box);
+        view.ZoomSet(zoom);
+        EXPECT_TRUE(view.ImageGetRect().isEmpty());
+        view.ZoomSet(view.ZoomKeepSeen(zoom));
+        EXPECT_EQ(view.m_dScale, zoom.dScale);
+        EXPECT_FALSE(view.ImageGetRect().isEmpty());
+        EXPECT_EQ(view.CenterGet().dLat > 0, box.dTop > 0);
+    }
+    const MapView view = ViewMake(1000, 600);
+    const MapZoom zoom = view.BoxGetZoom({60, 100, 40, 140});
+    EXPECT_EQ(view.ZoomKeepSeen(zoom).dCenterLat, zoom.dCenterLat);  // else as it is
+}
+
 TEST(MapView, PanMovesThePictureByItsPixels)
 {
     MapView view = ViewOf(1000, 600, {50, 165, 20, 205});

@@ -166,6 +166,14 @@ TEST_F(frmMapNavigation, RubberBandFromTheBlankStripEndsAtTheImage)
     BoxIs(box.dTop, box.dLeft, box.dBottom, box.dRight, 0);
 }
 
+TEST_F(frmMapNavigation, RubberBandOverTheUpperEdgeShowsTheWorldBelowIt)
+{
+    Drag(m_pMap->pctMap, {400, -30}, {520, 40});
+    EXPECT_FALSE(m_pMap->m_view.ImageGetRect().isEmpty());
+    EXPECT_GT(CenterGet().dLat, 82);
+    EXPECT_LT(CenterGet().dLat, 84.1);
+}
+
 TEST_F(frmMapNavigation, RightDragZoomsNothing)
 {
     const MapBox box = m_pMap->m_view.m_box;
