@@ -36,7 +36,7 @@ void EdgeArrowPaint(QPainter& painter, const EdgeArrow& arrow, const QString& sT
     painter.setPen(QPen(clrText, 1));
     painter.setBrush(clrFill);
     painter.save();
-    painter.translate(arrow.ptTip);
+    painter.translate(arrow.m_ptTip);
     painter.rotate(arrow.dAngle);
     painter.drawPolygon(QPolygonF({{0, 0}, {-kLong, -kHalfWide}, {-kLong, kHalfWide}}));
     painter.restore();
@@ -49,7 +49,7 @@ void EdgeArrowPaint(QPainter& painter, const EdgeArrow& arrow, const QString& sT
     const double dTurn = arrow.dAngle * kPi / 180;
     const double dBack = kLong + std::abs(std::cos(dTurn)) * size.width() / 2
                          + std::abs(std::sin(dTurn)) * size.height() / 2;
-    const QPointF ptText = arrow.ptTip - QPointF(std::cos(dTurn), std::sin(dTurn)) * dBack;
+    const QPointF ptText = arrow.m_ptTip - QPointF(std::cos(dTurn), std::sin(dTurn)) * dBack;
     const QRectF rct(ptText.x() - size.width() / 2.0, ptText.y() - size.height() / 2.0,
                      size.width(), size.height());
     painter.drawRect(rct);

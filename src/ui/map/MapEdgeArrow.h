@@ -11,7 +11,7 @@
 #include <optional>
 
 struct EdgeArrow {
-    QPointF ptTip;        ///< at the edge
+    QPointF m_ptTip;      ///< at the edge
     double dAngle = 0.0;  ///< degrees clockwise from the right, the direction of the marker
 };
 

@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "geo/MathLib.h"
-
 #include "ui/map/MapButtonRow.h"
 
 namespace {

@@ -12,13 +12,13 @@ TEST(MapEdgeArrow, PointsFromTheEdgeToAMarkerOutside)
 {
     const auto right = EdgeArrowGet(kMap, {5000, 100});
     ASSERT_TRUE(right);
-    EXPECT_NEAR(right->ptTip.x(), 397, 0.01);
-    EXPECT_NEAR(right->ptTip.y(), 100, 0.01);
+    EXPECT_NEAR(right->m_ptTip.x(), 397, 0.01);
+    EXPECT_NEAR(right->m_ptTip.y(), 100, 0.01);
     EXPECT_NEAR(right->dAngle, 0, 1e-9);
     const auto above = EdgeArrowGet(kMap, {200, -70});
     ASSERT_TRUE(above);
-    EXPECT_NEAR(above->ptTip.x(), 200, 0.01);
-    EXPECT_NEAR(above->ptTip.y(), 3, 0.01);
+    EXPECT_NEAR(above->m_ptTip.x(), 200, 0.01);
+    EXPECT_NEAR(above->m_ptTip.y(), 3, 0.01);
     EXPECT_NEAR(above->dAngle, -90, 1e-9);
 }
 
@@ -35,7 +35,7 @@ TEST(MapEdgeArrow, TipIsOnTheMapForEveryPlaceOutside)
         const auto arrow =
             EdgeArrowGet(kMap, {200 + 1e7 * std::cos(dTurn), 100 + 1e7 * std::sin(dTurn)});
         ASSERT_TRUE(arrow);
-        EXPECT_TRUE(QRectF(kMap).contains(arrow->ptTip)) << nAngle;
+        EXPECT_TRUE(QRectF(kMap).contains(arrow->m_ptTip)) << nAngle;
     }
     EXPECT_FALSE(EdgeArrowGet(kMap, {std::nan(""), 1}));
 }
