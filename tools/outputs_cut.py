@@ -7,8 +7,8 @@ the head's label. The texts are written as they stand, without conversion.
 
 usage: tools/outputs_cut.py [tests/propagation/data]
 Writes expected/ENGINE_NAME.csv under that folder. Rows:
-  path,AZIMUTH,AZIMUTH,MILES           hour,N,MUF,LUF (MHz)
-  cell,HOUR,INDEX,MODE,... in the order of the block's rows
+  path,AZIMUTH,AZIMUTH,MILES           hour,N,MUF,LUF,FOT (MHz)
+  cell,HOUR,INDEX,MODE,... in the order of the rows named below
   point,ALONG_LATITUDE,ALONG_LONGITUDE,LATITUDE,LONGITUDE,SNR
 """
 import pathlib
@@ -17,8 +17,8 @@ import sys
 
 # rows of an hour's block: distance from the FREQ row, and the label that must stand there
 VOACAP_ROWS = [(1, "MODE"), (2, "TANGLE"), (3, "DELAY"), (4, "V HITE"), (8, "S DBW"), (9, "N DBW"),
-               (21, "SNRxx")]
-REC533_ROWS = [(1, "MODE"), (2, "ANGL"), (3, "DBU"), (5, "S/N"), (7, "SNxx")]
+               (21, "SNRxx"), (12, "REL"), (17, "SNR LW"), (18, "SNR UP")]
+REC533_ROWS = [(1, "MODE"), (2, "ANGL"), (3, "DBU"), (5, "S/N"), (7, "SNxx"), (6, "FS/N")]
 
 
 def cut(line, first, last):
@@ -63,7 +63,8 @@ def voacap_point_to_point(lines, count):
     table = [line for line in lines[head + 1:] if line.strip()][:24]
     for hour, line in enumerate(table, 1):
         assert float(line.split()[0]) == hour
-        out.append(f"hour,{hour},{cut(line, 39, 43).strip()},{cut(line, 46, 50).strip()}")
+        out.append(f"hour,{hour},{cut(line, 39, 43).strip()},{cut(line, 46, 50).strip()},"
+                   f"{cut(line, 18, 22).strip()}")
     starts = [i for i, line in enumerate(lines) if re.match(r" +\d+\.0 .* FREQ$", line.rstrip())]
     assert len(starts) == 24
     return out + block_rows(lines, starts, VOACAP_ROWS, count, 12)
@@ -76,7 +77,8 @@ def rec533_point_to_point(lines, count):
     assert len(starts) == 24
     for hour, start in enumerate(starts, 1):
         line = lines[start]
-        out.append(f"hour,{hour},{cut(line, 5, 8).strip()},{cut(line, 65, 68).strip()}")
+        out.append(f"hour,{hour},{cut(line, 5, 8).strip()},{cut(line, 65, 68).strip()},"
+                   f"{cut(line, 69, 73).strip()}")
     return out + block_rows(lines, starts, REC533_ROWS, count, 9)
 
 

@@ -216,9 +216,10 @@ static_assert(LayoutCheck(kRec533, kCardWidth));
 }  // namespace area_system_row
 
 namespace muf_row {  // the MUF/LUF table of ICEPAC and VOACAP, MHz
+inline constexpr Field kFot{18, 5, kNumber};
 inline constexpr Field kMuf{39, 5, kNumber};
 inline constexpr Field kLuf{46, 5, kNumber};
-inline constexpr std::array kAll{kMuf, kLuf};
+inline constexpr std::array kAll{kFot, kMuf, kLuf};
 static_assert(LayoutCheck(kAll, kOutputWidth));
 }  // namespace muf_row
 
@@ -242,9 +243,10 @@ namespace hour_row_rec533 {  // rows of an hour's block of REC533; MUF and LUF s
 inline constexpr Field kMuf{5, 4, kNumber};  // MHz
 inline constexpr Field kFirst{9, 5, kNumber};
 inline constexpr Field kLuf{65, 4, kNumber};  // MHz
+inline constexpr Field kFot{69, 5, kNumber};  // MHz
 inline constexpr auto kAll = FieldRow<kChunkMax>(kFirst);
 static_assert(LayoutCheck(kAll, kLuf.nCol - 1));
-static_assert(LayoutCheck(std::array{kMuf, kFirst, kLuf}, kOutputWidth));
+static_assert(LayoutCheck(std::array{kMuf, kFirst, kLuf, kFot}, kOutputWidth));
 }  // namespace hour_row_rec533
 
 namespace grid_row {  // a point of an area grid; the SNR stands where the head line says

@@ -43,3 +43,13 @@ PropagationRecord PropagationRecordGet(const PropagationTable& table, int iHour,
     record.fSnr = table.fSnr(iHour, iFrequency);
     return record;
 }
+
+std::size_t TableBytesGet(const PropagationTable& table)
+{
+    constexpr std::size_t kNumbersACell = 9;
+    constexpr std::size_t kNumbersAnHour = 3;
+    const std::size_t nCells =
+        std::size_t{kHourCount + 1} * (static_cast<std::size_t>(table.nData) + 1);
+    return sizeof(PropagationTable) + nCells * (sizeof(std::string) + kNumbersACell * sizeof(float))
+           + std::size_t{kHourCount + 1} * kNumbersAnHour * sizeof(float);
+}

@@ -9,6 +9,7 @@
 
 #include <cassert>
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,7 @@
 template <class T>
 class HourArray {
 public:
+    explicit HourArray(T value = {}) : m_aCells(kHourCount + 1, value) {}
     T& operator[](int iHour) { return m_aCells[Index(iHour)]; }
     const T& operator[](int iHour) const { return m_aCells[Index(iHour)]; }
 
@@ -28,16 +30,16 @@ private:
         assert(iHour >= 0 && iHour <= kHourCount);
         return static_cast<std::size_t>(iHour);
     }
-    std::vector<T> m_aCells = std::vector<T>(kHourCount + 1);
+    std::vector<T> m_aCells;
 };
 
 /// One value per hour and frequency, called as fSnr(iHour, iFrequency).
 template <class T>
 class CellArray {
 public:
-    explicit CellArray(int nData)
+    explicit CellArray(int nData, const T& value = {})
         : m_nData(nData),
-          m_aCells(std::size_t{kHourCount + 1} * (static_cast<std::size_t>(nData) + 1))
+          m_aCells(std::size_t{kHourCount + 1} * (static_cast<std::size_t>(nData) + 1), value)
     {
     }
     T& operator()(int iHour, int iFrequency) { return m_aCells[Index(iHour, iFrequency)]; }
@@ -58,7 +60,11 @@ private:
 };
 
 struct PropagationTable {
-    /// Every cell zero or empty, no frequency present. A negative count is an empty table.
+    /// What a cell holds where the engine prints nothing for it.
+    static constexpr float kNotPrinted = std::numeric_limits<float>::quiet_NaN();
+
+    /// Every cell zero or empty, save those that not every engine prints; no frequency present. A
+    /// negative count is an empty table.
     explicit PropagationTable(int nFrequencies = 0) : nData(nFrequencies < 0 ? 0 : nFrequencies) {}
 
     /// A frequency without values (its run failed) holds rests that nobody may take for a
@@ -79,9 +85,16 @@ struct PropagationTable {
     CellArray<float> fSdBW{nData};           ///< signal, dBW
     CellArray<float> fNdBW{nData};           ///< noise, dBW
     CellArray<float> fSnr{nData};            ///< dB
-    float fAzimuthTxRc = 0.0F;               ///< degrees
-    float fAzimuthRcTx = 0.0F;               ///< degrees
-    float fRange = 0.0F;                     ///< path length, nautical miles
+    HourArray<float> fFOT{kNotPrinted};      ///< kHz, optimum working frequency; or kNotPrinted
+    /// Share of the days with the deck's required SNR, 0 to 1; or kNotPrinted.
+    CellArray<float> fReliability{nData, kNotPrinted};
+    /// From the median SNR to the one exceeded on 90 % and on 10 % of the days, dB, both positive;
+    /// or kNotPrinted.
+    CellArray<float> fSnrLower{nData, kNotPrinted};
+    CellArray<float> fSnrUpper{nData, kNotPrinted};
+    float fAzimuthTxRc = 0.0F;  ///< degrees
+    float fAzimuthRcTx = 0.0F;  ///< degrees
+    float fRange = 0.0F;        ///< path length, nautical miles
 
 private:
     std::vector<bool> m_abPresent = std::vector<bool>(static_cast<std::size_t>(nData) + 1);
@@ -90,6 +103,9 @@ private:
 /// The frequencies of the input without values, in whole kHz: "2000, 4000"; empty when there is
 /// none.
 [[nodiscard]] std::string PropagationAbsentText(const PropagationTable& table);
+
+/// Memory that a table takes, bytes, about.
+[[nodiscard]] std::size_t TableBytesGet(const PropagationTable& table);
 
 /// One cell of the table, as the details show a row.
 struct PropagationRecord {

@@ -15,7 +15,8 @@ Result<void> LineNext(TextFile& file, std::string& sLine)
     return {};
 }
 
-Result<void> FindLine(TextFile& file, std::string_view sLabel, std::string& sLine)
+Result<void> FindLine(TextFile& file, std::string_view sLabel, std::string& sLine,
+                      const LinePassedFn& fnPassed)
 {
     for (;;) {
         const Result<bool> resRead = file.LineRead(sLine);
@@ -27,6 +28,8 @@ Result<void> FindLine(TextFile& file, std::string_view sLabel, std::string& sLin
         }
         if (sLine.find(sLabel) != std::string::npos)
             return {};
+        if (fnPassed)
+            fnPassed(sLine);
     }
 }
 
@@ -80,6 +83,14 @@ Result<void> RowRead(std::string_view sLine, const Field& fldFirst, int iHour, i
         afCells(iHour, j) = resNumber.ValueGet();
     }
     return {};
+}
+
+void OptionalRowRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst,
+                     int iLast, CellArray<float>& afCells)
+{
+    for (int j = iFirst; j <= iLast; ++j)
+        if (const auto resNumber = FieldSingle(sLine, FieldAt(fldFirst, j - iFirst)))
+            afCells(iHour, j) = resNumber.ValueGet();
 }
 
 void LayersRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst, int iLast,

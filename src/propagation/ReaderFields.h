@@ -27,6 +27,10 @@ Result<void> AzimuthsRead(TextFile& file, PropagationTable& table);
 /// Numbers of the chunk's frequencies from a row.
 Result<void> RowRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst,
                      int iLast, CellArray<float>& afCells);
+/// The same for a row that not every engine prints: cells keep what they hold when one of its
+/// numbers cannot be read.
+void OptionalRowRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst,
+                     int iLast, CellArray<float>& afCells);
 /// Mode texts of the chunk's frequencies.
 void LayersRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst, int iLast,
                 CellArray<std::string>& asCells);

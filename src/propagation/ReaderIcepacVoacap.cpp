@@ -25,6 +25,8 @@ Result<void> MufTableRead(TextFile& file, PropagationTable& table)
         if (!resLuf)
             return resLuf.ErrorGet();
         table.fLUF[iHour] = resLuf.ValueGet();
+        if (const auto resFot = FieldKilohertz(sLine, muf_row::kFot))
+            table.fFOT[iHour] = resFot.ValueGet();
     }
     return {};
 }
@@ -41,14 +43,26 @@ constexpr NumberRow kNumberRows[] = {
     {"N DBW", &PropagationTable::fNdBW},           {"SNRxx", &PropagationTable::fSnr},
 };
 
+// Printed between those rows, not by every engine and method.
+constexpr NumberRow kOptionalRows[] = {
+    {"REL", &PropagationTable::fReliability},
+    {"SNR LW", &PropagationTable::fSnrLower},
+    {"SNR UP", &PropagationTable::fSnrUpper},
+};
+
 Result<void> HourRead(TextFile& file, int iHour, int iFirst, int iLast, PropagationTable& table)
 {
     std::string sLine;
     if (auto resFound = FindLine(file, "MODE", sLine); !resFound)
         return resFound;
     LayersRead(sLine, hour_row::kFirst, iHour, iFirst, iLast, table.sLayer);
+    const auto fnPassed = [&](const std::string& sPassed) {
+        for (const NumberRow& row : kOptionalRows)
+            if (sPassed.find(row.sLabel) != std::string::npos)
+                OptionalRowRead(sPassed, hour_row::kFirst, iHour, iFirst, iLast, table.*row.pCells);
+    };
     for (const NumberRow& row : kNumberRows) {
-        if (auto resFound = FindLine(file, row.sLabel, sLine); !resFound)
+        if (auto resFound = FindLine(file, row.sLabel, sLine, fnPassed); !resFound)
             return resFound;
         auto resRow = RowRead(sLine, hour_row::kFirst, iHour, iFirst, iLast, table.*row.pCells);
         if (!resRow)

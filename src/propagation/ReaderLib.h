@@ -4,10 +4,12 @@
 ///
 /// Errors:  the conversion is strict, because the engines end with status 0 after most failures and
 ///          only the strict reader tells a complete output from a cut one. The description is
-///          returned; what was read before stays in the table.
+///          returned; what was read before stays in the table. FOT, reliability and deciles are
+///          taken where they are printed, and nothing fails where they are not.
 /// Tests:   tests/propagation/ReaderTest.cpp
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -16,9 +18,12 @@
 #include "system/FileLib.h"
 #include "system/Result.h"
 
+using LinePassedFn = std::function<void(const std::string& sLine)>;
+
 /// Reads lines until one contains the label anywhere, and gives that line; an empty text at the end
-/// of the file.
-Result<void> FindLine(TextFile& file, std::string_view sLabel, std::string& sLine);
+/// of the file. Lines before it go to fnPassed, where one is given.
+Result<void> FindLine(TextFile& file, std::string_view sLabel, std::string& sLine,
+                      const LinePassedFn& fnPassed = {});
 
 /// Output of ICEPAC and VOACAP into the cells iFirst..iLast of each hour. Rows are stored in the
 /// order printed: MUF and LUF begin with 01 UT, the blocks with 24 UT.

@@ -28,6 +28,8 @@ Result<void> FrequencyRowRead(TextFile& file, int iHour, PropagationTable& table
     if (!resLuf)
         return resLuf.ErrorGet();
     table.fLUF[iHour] = resLuf.ValueGet();
+    if (const auto resFot = FieldKilohertz(sLine, hour_row_rec533::kFot))
+        table.fFOT[iHour] = resFot.ValueGet();
     return {};
 }
 
@@ -81,7 +83,12 @@ Result<void> NoiseRowsRead(TextFile& file, const Chunk& chunk, int iHour, Propag
         return resRow;
     for (int j = chunk.iFirst; j <= chunk.iLast; ++j)
         table.fNdBW(iHour, j) = table.fSdBW(iHour, j) - table.fNdBW(iHour, j);
-    if (auto resFound = FindLine(file, "SNxx", sLine); !resFound)
+    const auto fnPassed = [&](const std::string& sPassed) {
+        if (sPassed.find("FS/N") != std::string::npos)
+            OptionalRowRead(sPassed, hour_row_rec533::kFirst, iHour, chunk.iFirst, chunk.iLast,
+                            table.fReliability);
+    };
+    if (auto resFound = FindLine(file, "SNxx", sLine, fnPassed); !resFound)
         return resFound;
     return RowRead(sLine, hour_row_rec533::kFirst, iHour, chunk.iFirst, chunk.iLast, table.fSnr);
 }

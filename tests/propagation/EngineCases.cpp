@@ -97,6 +97,9 @@ void CellCompareVoacap(const std::vector<std::string>& asRow, const PropagationT
     EXPECT_EQ(table.fSdBW(iHour, j), Single(asRow.at(7)));
     EXPECT_EQ(table.fNdBW(iHour, j), Single(asRow.at(8)));
     EXPECT_EQ(table.fSnr(iHour, j), Single(asRow.at(9)));
+    EXPECT_EQ(table.fReliability(iHour, j), Single(asRow.at(10)));
+    EXPECT_EQ(table.fSnrLower(iHour, j), Single(asRow.at(11)));
+    EXPECT_EQ(table.fSnrUpper(iHour, j), Single(asRow.at(12)));
 }
 
 void CellCompareRec533(const std::vector<std::string>& asRow, const PropagationTable& table,
@@ -109,6 +112,8 @@ void CellCompareRec533(const std::vector<std::string>& asRow, const PropagationT
     EXPECT_NEAR(table.fSdBW(iHour, j), dSignal, 5e-4);
     EXPECT_NEAR(table.fNdBW(iHour, j), dSignal - std::stod(asRow.at(6)), 1e-3);
     EXPECT_EQ(table.fSnr(iHour, j), Single(asRow.at(7)));
+    EXPECT_EQ(table.fReliability(iHour, j), Single(asRow.at(8)));
+    EXPECT_TRUE(std::isnan(table.fSnrLower(iHour, j)) && std::isnan(table.fSnrUpper(iHour, j)));
 }
 
 }  // namespace
@@ -209,6 +214,7 @@ void TableCompare(const CircuitCase& c, const PropagationTable& table, int iFirs
             ++nHours;
             EXPECT_EQ(table.fMUF[iHour], Kilohertz(asRow.at(2))) << "hour " << iHour;
             EXPECT_EQ(table.fLUF[iHour], Kilohertz(asRow.at(3))) << "hour " << iHour;
+            EXPECT_EQ(table.fFOT[iHour], Kilohertz(asRow.at(4))) << "hour " << iHour;
             continue;
         }
         ++nCells;
