@@ -90,7 +90,7 @@ void AntennasPut(DeckWriter& deck, int iAntennaType)
 
 Result<std::string> DeckArea(const PropagationAreaInput& input)
 {
-    const Engine* pEngine = EngineFind(input.iModel);
+    const EngineProgram* pEngine = EngineFind(input.iModel);
     if (pEngine == nullptr)
         return RunError{kInvalidCall};
     const bool bRec533 = input.iModel == kEngineRec533;

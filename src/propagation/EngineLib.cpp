@@ -12,17 +12,17 @@ constexpr std::string_view kProgramFolder = "c:\\itshfbc\\bin_win\\";
 
 // clang-format off
 constexpr std::array kEngines{
-    Engine{kEngineIcepac, "icepacw.exe", "ICEPAC", "ICEPACW", "working.ice", "working.ig1"},
-    Engine{kEngineVoacap, "voacapw.exe", "VOACAP", "VOACAP",  "working.voa", "working.vg1"},
-    Engine{kEngineRec533, "rec533w.exe", "REC533", "REC533",  "working.rec", "working.rg1"},
+    EngineProgram{kEngineIcepac, "icepacw.exe", "ICEPAC", "ICEPACW", "working.ice", "working.ig1"},
+    EngineProgram{kEngineVoacap, "voacapw.exe", "VOACAP", "VOACAP",  "working.voa", "working.vg1"},
+    EngineProgram{kEngineRec533, "rec533w.exe", "REC533", "REC533",  "working.rec", "working.rg1"},
 };
 // clang-format on
 
 }  // namespace
 
-const Engine* EngineFind(int iModel)
+const EngineProgram* EngineFind(int iModel)
 {
-    for (const Engine& engine : kEngines)
+    for (const EngineProgram& engine : kEngines)
         if (engine.iModel == iModel)
             return &engine;
     return nullptr;
@@ -31,7 +31,7 @@ const Engine* EngineFind(int iModel)
 std::string EngineProgramPath(int iModel)
 {
     std::string sPath(kProgramFolder);
-    if (const Engine* pEngine = EngineFind(iModel))
+    if (const EngineProgram* pEngine = EngineFind(iModel))
         sPath += pEngine->sProgram;
     return sPath;
 }
@@ -46,7 +46,7 @@ bool EngineCheckInstalled(int iModel, bool bShowError)
     if (FileExists(EngineProgramPath(iModel)))
         return true;
     if (bShowError) {
-        const Engine* pEngine = EngineFind(iModel);
+        const EngineProgram* pEngine = EngineFind(iModel);
         MsgBox(MsgIcon::Exclamation,
                "Propagation Model " + std::string(pEngine ? pEngine->sName : "")
                    + " not found.\r\n\r\nPlease check that ITS HF propagation prediction software has "

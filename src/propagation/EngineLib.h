@@ -10,7 +10,7 @@
 
 #include "settings/Settings.h"
 
-struct Engine {
+struct EngineProgram {
     int iModel;                     ///< EngineModel
     std::string_view sProgram;      ///< program file
     std::string_view sName;         ///< display name
@@ -20,7 +20,7 @@ struct Engine {
 };
 
 /// The engine of a model; nothing for any other number.
-[[nodiscard]] const Engine* EngineFind(int iModel);
+[[nodiscard]] const EngineProgram* EngineFind(int iModel);
 
 /// Full path of the engine's program; for an unknown model the bare program folder.
 [[nodiscard]] std::string EngineProgramPath(int iModel);

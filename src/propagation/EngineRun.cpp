@@ -78,7 +78,7 @@ EngineFailure EngineFailureGet() { return AttemptGet().eFailure; }
 
 std::string EngineTroubleGet(int iModel)
 {
-    const Engine* pEngine = EngineFind(iModel);
+    const EngineProgram* pEngine = EngineFind(iModel);
     const std::string sLack =
         pEngine != nullptr ? ProgramLackGet(EngineProgramPath(iModel)) : std::string();
     if (!sLack.empty())
@@ -131,7 +131,7 @@ Result<void> OldOutputRemove(std::string_view sPath)
     return {};
 }
 
-Result<int> EngineStart(const Engine& engine, const FileLock& lock,
+Result<int> EngineStart(const EngineProgram& engine, const FileLock& lock,
                         std::initializer_list<std::string_view> asArguments)
 {
     ProcessCommand command;
@@ -159,7 +159,7 @@ bool EngineWait(int nProcessId, const AttemptTimer& timer)
     return bFinished;
 }
 
-bool EngineNotStarted(const Engine& engine)
+bool EngineNotStarted(const EngineProgram& engine)
 {
     return MsgFail(MsgIcon::Exclamation,
                    "Unable to execute " + std::string(engine.sExecuteName) + " program.");

@@ -36,7 +36,7 @@ Result<void> OldOutputRemove(std::string_view sPath);
 
 /// Starts the engine with the arguments behind its root. It holds the root's lock, too.
 /// @return the process id; 0 when the start gave none.
-Result<int> EngineStart(const Engine& engine, const FileLock& lock,
+Result<int> EngineStart(const EngineProgram& engine, const FileLock& lock,
                         std::initializer_list<std::string_view> asArguments);
 
 /// Waits for the engine, at most what the timer has left, and keeps the first line that it said.
@@ -44,7 +44,7 @@ Result<int> EngineStart(const Engine& engine, const FileLock& lock,
 bool EngineWait(int nProcessId, const AttemptTimer& timer);
 
 /// "Unable to execute ... program.", always shown. @return false
-bool EngineNotStarted(const Engine& engine);
+bool EngineNotStarted(const EngineProgram& engine);
 
 /// Opens a deck for output in the place of an old one.
 Result<OutputFile> DeckOpen(std::string_view sPath);

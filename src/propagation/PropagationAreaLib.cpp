@@ -57,7 +57,7 @@ void AreaFile::Close() { *this = AreaFile(); }
 bool PropagationAreaOpen(const PropagationAreaInput& input, AreaFile& file)
 {
     file.Close();
-    const Engine* pEngine = EngineFind(input.iModel);
+    const EngineProgram* pEngine = EngineFind(input.iModel);
     if (pEngine == nullptr)
         return AreaFail(kInvalidCall);
     if (const auto resRange = RangeCheck(input); !resRange)
@@ -87,7 +87,7 @@ bool PropagationAreaOpenFile(int iModel, AreaFile& file)
 {
     std::optional<FileLock> lock = std::move(file.m_lock);
     file.Close();
-    const Engine* pEngine = EngineFind(iModel);
+    const EngineProgram* pEngine = EngineFind(iModel);
     auto resFile = pEngine ? TextFile::Open(AreaPath(pEngine->sAreaGrid))
                            : Result<TextFile>(RunError{kInvalidCall});
     if (!resFile)

@@ -34,6 +34,8 @@ struct PropagationModel {
     float fLayerAdjustF2 = 1.0F;
     float fLayerAdjustEs = 1.0F;
     int iAntennaType = 0;
+
+    bool operator==(const PropagationModel&) const = default;
 };
 
 struct PropagationInput : PropagationModel {
@@ -50,6 +52,7 @@ struct PropagationInput : PropagationModel {
     {
         return afFrequency.at(static_cast<std::size_t>(iFrequency));
     }
+    bool operator==(const PropagationInput&) const = default;
 };
 
 struct PropagationAreaInput : PropagationModel {
@@ -62,6 +65,8 @@ struct PropagationAreaInput : PropagationModel {
     double dFixedLat = 0.0;  ///< the fixed end, the deck's transmitter
     double dFixedLon = 0.0;
     float fFrequency = 0.0F;  ///< MHz
+
+    bool operator==(const PropagationAreaInput&) const = default;
 };
 
 /// What lies out of range (positions, month and numbers; frequencies are left out of the run

@@ -74,7 +74,7 @@ Result<void> OutputRead(const RunTask& task)
 bool ChunkRun(const RunTask& task, const RunTexts& texts)
 {
     const AttemptTimer timer;
-    const Engine* pEngine = EngineFind(task.m_input.iModel);
+    const EngineProgram* pEngine = EngineFind(task.m_input.iModel);
     if (!EngineCheckInstalled(task.m_input.iModel, task.bShowError) || pEngine == nullptr)
         return false;
     const auto resLock = EngineLockTake(timer);

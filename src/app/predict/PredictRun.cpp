@@ -17,7 +17,7 @@ namespace {
 
 std::string EngineNameGet(int iModel)
 {
-    const Engine* pEngine = EngineFind(iModel);
+    const EngineProgram* pEngine = EngineFind(iModel);
     if (pEngine == nullptr)
         return "no engine";
     return std::string(pEngine->sName) + (EngineIsHopcasts(iModel) ? " (built-in)" : "");

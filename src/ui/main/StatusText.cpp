@@ -17,7 +17,7 @@ constexpr const char* kBetween = " \xC2\xB7 ";  // middle dot
 
 std::string EngineName(int iModel)
 {
-    const Engine* pEngine = EngineFind(iModel);
+    const EngineProgram* pEngine = EngineFind(iModel);
     return pEngine != nullptr ? std::string(pEngine->sName) : "no engine";
 }
 

@@ -1,0 +1,66 @@
+/// @file Prediction.h
+/// The answer to a Request: the table, or why there is none. A value that knows what it predicts.
+///
+/// Units:   those of PropagationTable; degrees and dB in an area.
+/// Tests:   tests/propagation/PredictionTest.cpp
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "propagation/PropagationTable.h"
+#include "propagation/Request.h"
+
+/// Why an engine gave no answer.
+enum class FailureKind {
+    NotInstalled,  ///< its program is not there
+    NotStarted,    ///< its program could not be started
+    Timeout,       ///< it was ended at the time limit
+    BadInput,      ///< a value of the request does not fit the deck
+    BadOutput,     ///< it ended with an error, or its output cannot be read
+    Busy,          ///< another program holds the engine folder
+    Cancelled,     ///< the caller no longer wants the answer
+    File,          ///< a deck or an output could not be written or opened
+};
+
+/// "NotInstalled" ... for messages of tests and logs.
+[[nodiscard]] std::string_view FailureKindName(FailureKind eKind);
+
+struct Failure {
+    FailureKind eKind = FailureKind::BadOutput;
+    std::string sText;         ///< what a message box says
+    std::string sDetail = {};  ///< what else is known, for a status line; often empty
+    int iFirst = 0;            ///< first and last frequency without a value; 0 for an area
+    int iLast = 0;
+
+    bool operator==(const Failure&) const = default;
+};
+
+/// A path's prediction.
+struct Prediction {
+    Request request;
+    std::string sEngine;         ///< display name, "REC533"
+    std::string sEngineVersion;  ///< "built-in, P.533-14" ...; empty where the engine tells none
+    bool bOk = false;            ///< the required outcome: that of the last chunk
+    std::vector<Failure> aFailures;  ///< in the order in which they were met
+    PropagationTable table;
+};
+
+struct AreaPoint {
+    double dLat = 0.0;
+    double dLon = 0.0;
+    float fSnr = 0.0F;  ///< dB
+
+    bool operator==(const AreaPoint&) const = default;
+};
+
+/// An area's prediction.
+struct AreaPrediction {
+    AreaRequest request;
+    std::string sEngine;
+    std::string sEngineVersion;
+    bool bOk = false;
+    std::vector<Failure> aFailures;
+    std::vector<AreaPoint> aPoints;  ///< in grid order: south to north, west to east in each row
+};

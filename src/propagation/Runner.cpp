@@ -1,0 +1,259 @@
+#include "propagation/Runner.h"
+
+#include <algorithm>
+#include <atomic>
+#include <condition_variable>
+#include <deque>
+#include <list>
+#include <mutex>
+#include <thread>
+#include <unordered_map>
+#include <utility>
+
+struct RunnerJob::State {
+    std::size_t nTasks = 0;
+    std::size_t nNext = 0;     // under the pool's lock
+    std::size_t nRunning = 0;  // under the pool's lock
+    std::size_t nAtOnce = 1;
+    const Engine* pEngine = nullptr;  // whose limit holds over all jobs; none: the job's own
+    std::shared_ptr<const Engine> pEngineHold;
+    Runner::TaskFn fnTask;
+    Runner::EndFn fnEnd;
+    std::atomic<std::size_t> nDone{0};
+    std::stop_source stop;
+};
+
+RunnerJob& RunnerJob::operator=(RunnerJob&& other) noexcept
+{
+    if (this != &other) {
+        Cancel();
+        m_pState = std::move(other.m_pState);
+    }
+    return *this;
+}
+
+void RunnerJob::Cancel()
+{
+    if (m_pState)
+        m_pState->stop.request_stop();
+}
+
+std::size_t RunnerJob::DoneGet() const { return m_pState ? m_pState->nDone.load() : 0; }
+std::size_t RunnerJob::CountGet() const { return m_pState ? m_pState->nTasks : 0; }
+
+bool RunnerJob::IsRunning() const
+{
+    return m_pState && !m_pState->stop.stop_requested() && DoneGet() < CountGet();
+}
+
+/// The answers given so far, by engine and request; the oldest go when there is no room.
+class Runner::Cache {
+public:
+    explicit Cache(std::size_t nBytesMax) : m_nBytesMax(nBytesMax) {}
+
+    [[nodiscard]] std::size_t BytesGet() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_nBytes;
+    }
+
+    /// The answer of the cache or, where it has none, of the engine.
+    static PredictionPtr Answer(Cache& cache, const Engine& engine, const Request& request,
+                                const std::stop_token& stop)
+    {
+        const std::string sKey =
+            engine.NameGet() + '\0' + engine.VersionGet() + '\0' + RequestKey(request);
+        if (const PredictionPtr pKnown = cache.Find(sKey)) {
+            if (pKnown->request == request)
+                return pKnown;
+            auto pAnswer = std::make_shared<Prediction>(*pKnown);
+            pAnswer->request = request;  // the same numbers, of a sunspot number from elsewhere
+            return pAnswer;
+        }
+        auto pAnswer = std::make_shared<const Prediction>(engine.Predict(request, stop));
+        if (pAnswer->bOk && pAnswer->aFailures.empty())
+            cache.Keep(sKey, pAnswer);
+        return pAnswer;
+    }
+
+private:
+    [[nodiscard]] PredictionPtr Find(const std::string& sKey) const
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto it = m_mapEntries.find(sKey);
+        return it == m_mapEntries.end() ? nullptr : it->second->pPrediction;
+    }
+    void Keep(const std::string& sKey, const PredictionPtr& pPrediction)
+    {
+        const std::size_t nBytes = TableBytesGet(pPrediction->table) + sKey.size();
+        const std::lock_guard lock(m_mutex);
+        if (nBytes > m_nBytesMax || m_mapEntries.contains(sKey))
+            return;
+        m_aEntries.push_back({sKey, pPrediction, nBytes});
+        m_mapEntries[sKey] = std::prev(m_aEntries.end());
+        m_nBytes += nBytes;
+        while (m_nBytes > m_nBytesMax) {
+            m_nBytes -= m_aEntries.front().nBytes;
+            m_mapEntries.erase(m_aEntries.front().sKey);
+            m_aEntries.pop_front();
+        }
+    }
+
+    struct Entry {
+        std::string sKey;
+        PredictionPtr pPrediction;
+        std::size_t nBytes;
+    };
+    mutable std::mutex m_mutex;
+    std::size_t m_nBytesMax;
+    std::size_t m_nBytes = 0;
+    std::list<Entry> m_aEntries;
+    std::unordered_map<std::string, std::list<Entry>::iterator> m_mapEntries;
+};
+
+/// The workers and what waits for them.
+class Runner::Pool {
+public:
+    using StatePtr = std::shared_ptr<RunnerJob::State>;
+
+    Pool(PostFn fnPost, int nWorkers) : m_fnPost(std::move(fnPost))
+    {
+        if (nWorkers <= 0)
+            nWorkers = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+        for (int i = 0; i < nWorkers; ++i) m_aWorkers.emplace_back([this] { Work(); });
+    }
+    ~Pool()
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_bEnd = true;
+            for (const auto& pJob : m_apJobs) pJob->stop.request_stop();
+        }
+        m_wake.notify_all();
+        for (std::thread& worker : m_aWorkers) worker.join();
+    }
+    Pool(const Pool&) = delete;
+    Pool& operator=(const Pool&) = delete;
+
+    void Add(const StatePtr& pJob)
+    {
+        if (pJob->nTasks == 0) {
+            EndPost(pJob);
+            return;
+        }
+        {
+            const std::lock_guard lock(m_mutex);
+            m_apJobs.push_back(pJob);
+        }
+        m_wake.notify_all();
+    }
+    [[nodiscard]] int WorkersGet() const { return static_cast<int>(m_aWorkers.size()); }
+
+private:
+    /// A job of which a further task may run now; nothing when all must wait. REQUIRES: m_mutex.
+    StatePtr JobNext()
+    {
+        std::erase_if(m_apJobs, [](const StatePtr& pJob) {
+            return pJob->nRunning == 0
+                   && (pJob->nNext == pJob->nTasks || pJob->stop.stop_requested());
+        });
+        for (const StatePtr& pJob : m_apJobs) {
+            if (pJob->nNext == pJob->nTasks || pJob->stop.stop_requested())
+                continue;
+            std::size_t nRunning = 0;
+            for (const StatePtr& pOther : m_apJobs)
+                if (pOther == pJob
+                    || (pJob->pEngine != nullptr && pOther->pEngine == pJob->pEngine))
+                    nRunning += pOther->nRunning;
+            if (nRunning < pJob->nAtOnce)
+                return pJob;
+        }
+        return nullptr;
+    }
+    void Work()
+    {
+        std::unique_lock lock(m_mutex);
+        for (;;) {
+            StatePtr pJob = m_bEnd ? nullptr : JobNext();
+            if (pJob == nullptr) {
+                if (m_bEnd)
+                    return;
+                m_wake.wait(lock);
+                continue;
+            }
+            const std::size_t iTask = pJob->nNext++;
+            ++pJob->nRunning;
+            lock.unlock();
+            TaskRun(pJob, iTask);
+            lock.lock();
+            --pJob->nRunning;
+            m_wake.notify_all();
+        }
+    }
+    void TaskRun(const StatePtr& pJob, std::size_t iTask)
+    {
+        std::function<void()> fnAnswer = pJob->fnTask(iTask, pJob->stop.get_token());
+        if (pJob->stop.stop_requested())
+            return;
+        m_fnPost([pJob, fnAnswer = std::move(fnAnswer)] {
+            if (!pJob->stop.stop_requested() && fnAnswer)
+                fnAnswer();
+        });
+        if (pJob->nDone.fetch_add(1) + 1 == pJob->nTasks)
+            EndPost(pJob);
+    }
+    void EndPost(const StatePtr& pJob)
+    {
+        m_fnPost([pJob] {
+            if (!pJob->stop.stop_requested() && pJob->fnEnd)
+                pJob->fnEnd();
+        });
+    }
+
+    PostFn m_fnPost;
+    std::mutex m_mutex;
+    std::condition_variable m_wake;
+    std::deque<StatePtr> m_apJobs;
+    bool m_bEnd = false;
+    std::vector<std::thread> m_aWorkers;
+};
+
+Runner::Runner(PostFn fnPost, int nWorkers, std::size_t nCacheBytes)
+    : m_pCache(std::make_shared<Cache>(nCacheBytes)),
+      m_pPool(std::make_unique<Pool>(std::move(fnPost), nWorkers))
+{
+}
+
+Runner::~Runner() = default;
+
+RunnerJob Runner::Start(std::shared_ptr<const Engine> pEngine, std::vector<Request> aRequests,
+                        AnswerFn fnAnswer, EndFn fnEnd)
+{
+    auto pJob = std::make_shared<RunnerJob::State>();
+    pJob->nTasks = aRequests.size();
+    pJob->nAtOnce = static_cast<std::size_t>(std::max(1, pEngine->LimitsGet().nAtOnce));
+    pJob->pEngine = pEngine.get();
+    pJob->fnEnd = std::move(fnEnd);
+    pJob->fnTask = [pCache = m_pCache, pEngine = std::move(pEngine),
+                    aRequests = std::move(aRequests), fnAnswer = std::move(fnAnswer)](
+                       std::size_t iTask, const std::stop_token& stop) {
+        const PredictionPtr pPrediction = Cache::Answer(*pCache, *pEngine, aRequests[iTask], stop);
+        return [iTask, pPrediction, fnAnswer] { fnAnswer(iTask, pPrediction); };
+    };
+    m_pPool->Add(pJob);
+    return RunnerJob(pJob);
+}
+
+RunnerJob Runner::Start(std::size_t nTasks, int nAtOnce, TaskFn fnTask, EndFn fnEnd)
+{
+    auto pJob = std::make_shared<RunnerJob::State>();
+    pJob->nTasks = nTasks;
+    pJob->nAtOnce = static_cast<std::size_t>(std::max(1, nAtOnce));
+    pJob->fnTask = std::move(fnTask);
+    pJob->fnEnd = std::move(fnEnd);
+    m_pPool->Add(pJob);
+    return RunnerJob(pJob);
+}
+
+int Runner::WorkersGet() const { return m_pPool->WorkersGet(); }
+std::size_t Runner::CacheBytesGet() const { return m_pCache->BytesGet(); }
