@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs every test. CI=true also builds for Windows, runs those tests under Wine,
-# makes, installs and removes the Debian package, and fuzzes.
+# makes, installs and removes the Debian package, runs what has threads under the thread sanitizer, and fuzzes.
 # Arguments go to ctest: ./test.sh -L unit
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -27,6 +27,9 @@ if [ "${CI:-}" = true ]; then
     Step "Windows: build" cmake --build --preset windows
     Step "Windows: tests under Wine" ctest --preset windows
     Step "Debian package" DebianPackage
+    Step "threads: configure" cmake --preset thread
+    Step "threads: build" cmake --build --preset thread
+    Step "threads: tests" ctest --preset thread -L thread
 fi
 Step configure cmake --preset dev
 Step build cmake --build --preset dev
