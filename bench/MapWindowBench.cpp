@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "BenchRoot.h"
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "ui/map/MapPaint.h"

@@ -6,7 +6,7 @@
 #include <cstdio>
 
 #include "geo/MathLib.h"
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
 

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 #include "ui/common/GridPaint.h"
 
 namespace {

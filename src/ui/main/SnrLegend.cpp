@@ -2,20 +2,16 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <array>
 
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 #include "ui/common/GridControl.h"
 
 namespace {
 
-/// Lower bounds of the coloured bands, dB; below the first one is grey.
-constexpr std::array kBounds = {40, 45, 50, 55, 60, 65, 70};
-
-QLabel* BandMake(const QString& sText, float fSnr)
+QLabel* BandMake(const QString& sText, const SnrBand& band)
 {
     auto* pBand = new QLabel(sText);
-    const QColor clrBand = ColorFromBgr(SnrGetColor(fSnr));
+    const QColor clrBand = ColorFromBgr(band.nColor);
     QPalette palette = pBand->palette();
     palette.setColor(QPalette::Window, clrBand);
     palette.setColor(QPalette::WindowText, TextColorOn(clrBand));
@@ -36,10 +32,13 @@ SnrLegend::SnrLegend(QWidget* pParent) : QWidget(pParent)
     auto* pTitle = new QLabel(tr("SNR (dB)"));
     pTitle->setContentsMargins(0, 0, pTitle->fontMetrics().averageCharWidth(), 0);
     pRow->addWidget(pTitle);
-    pRow->addWidget(BandMake(QStringLiteral("< 40"), 0.0F));
-    for (const int nBound : kBounds) {
-        const QString sAbove = nBound == kBounds.back() ? QStringLiteral("+") : QString();
-        pRow->addWidget(BandMake(QString::number(nBound) + sAbove, static_cast<float>(nBound)));
+    const std::span<const SnrBand> aBands = SnrBandsGet();
+    const auto BoundGet = [](const SnrBand& band) { return QString::number(band.fLowest); };
+    pRow->addWidget(
+        BandMake(QStringLiteral("< ") + BoundGet(aBands[aBands.size() - 2]), aBands.back()));
+    for (std::size_t i = aBands.size() - 1; i-- > 0;) {
+        const QString sAbove = i == 0 ? QStringLiteral("+") : QString();
+        pRow->addWidget(BandMake(BoundGet(aBands[i]) + sAbove, aBands[i]));
     }
     pRow->addStretch();
 }

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 #include "system/NumberLib.h"
 #include "ui/common/GridControl.h"
 

@@ -6,7 +6,7 @@
 
 #include "propagation/EngineLib.h"
 #include "propagation/PropagationLib.h"
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 #include "settings/SunSpotLib.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"

@@ -3,14 +3,12 @@
 #include <algorithm>
 #include <array>
 
+#include "propagation/SnrScale.h"
 #include "system/NumberLib.h"
 #include "ui/map/MapPaint.h"
 
 namespace {
 
-constexpr float kHighest = 70.0F;  // the scale of SnrGetColor: bands of 5 dB above 40 dB
-constexpr float kLowest = 40.0F;
-constexpr float kBand = 5.0F;
 constexpr int kMargin = 6;
 constexpr int kSwatch = 16;
 constexpr int kLabels = 60;  // left edge: room of the labels of the parallels
@@ -63,21 +61,24 @@ QRect PlaceGet(const QRect& rctMap, const QSize& size, std::span<const QRect> aK
 std::vector<LegendRow> LegendGetRows(float fMinSnr,
                                      const std::function<std::uint32_t(float fSnr)>& fnColour)
 {
+    const std::span<const SnrBand> aBands = SnrBandsGet();
+    const float fHighest = aBands.front().fLowest;
+    const float fLowest = aBands[aBands.size() - 2].fLowest;
     const auto ColourGet = [&](float fSnr) { return PixelFromColour(fnColour(fSnr)); };
     std::vector<LegendRow> aRows;
-    aRows.push_back({QStringLiteral("%1 and above").arg(Text(std::max(kHighest, fMinSnr))),
-                     ColourGet(kHighest), true});
-    constexpr int kBands = static_cast<int>((kHighest - kLowest) / kBand);
-    for (int i = 1; i <= kBands; ++i) {
-        const float fLow = kHighest - static_cast<float>(i) * kBand;
-        const bool bDrawn = fMinSnr < fLow + kBand;
-        aRows.push_back({RowText(bDrawn ? std::max(fLow, fMinSnr) : fLow, fLow + kBand),
-                         ColourGet(fLow), bDrawn});
+    aRows.push_back({QStringLiteral("%1 and above").arg(Text(std::max(fHighest, fMinSnr))),
+                     ColourGet(fHighest), true});
+    for (std::size_t i = 1; i + 1 < aBands.size(); ++i) {
+        const float fLow = aBands[i].fLowest;
+        const float fHigh = aBands[i - 1].fLowest;
+        const bool bDrawn = fMinSnr < fHigh;
+        aRows.push_back(
+            {RowText(bDrawn ? std::max(fLow, fMinSnr) : fLow, fHigh), ColourGet(fLow), bDrawn});
     }
-    const bool bGrey = fMinSnr < kLowest;
+    const bool bGrey = fMinSnr < fLowest;
     aRows.push_back(
-        {bGrey ? RowText(fMinSnr, kLowest) : QStringLiteral("below %1").arg(Text(kLowest)),
-         ColourGet(kLowest - 1), bGrey});
+        {bGrey ? RowText(fMinSnr, fLowest) : QStringLiteral("below %1").arg(Text(fLowest)),
+         ColourGet(fLowest - 1), bGrey});
     return aRows;
 }
 

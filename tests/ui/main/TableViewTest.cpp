@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 #include "ui/common/GridControl.h"
 #include "ui/main/TableView.h"
 

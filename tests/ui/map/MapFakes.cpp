@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <fstream>
 
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 #include "system/NumberLib.h"
 #include "ui/map/MapGraticule.h"
 

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <vector>
 
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 #include "ui/map/MapLegend.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 #include "ui/map/MapLegend.h"
 
 namespace {

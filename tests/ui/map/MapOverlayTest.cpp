@@ -3,7 +3,7 @@
 #include <cmath>
 #include <set>
 
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 #include "ui/map/MapOverlay.h"
 
 namespace {

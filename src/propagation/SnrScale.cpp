@@ -1,24 +1,23 @@
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 
+#include <array>
 #include <cmath>
+#include <limits>
 
 namespace {
 
-struct Band {
-    float fLowest;  // dB
-    std::uint32_t nColor;
-};
+constexpr float kNoEnd = -std::numeric_limits<float>::infinity();
 
-constexpr Band kBands[] = {
-    {70.0F, 0xFF80FF},  // light violet
-    {65.0F, 0xFF00FF},  // magenta
-    {60.0F, 0xC000C0},  // dark magenta
-    {55.0F, 0x800080},  // purple
-    {50.0F, 0xFF0000},  // blue
-    {45.0F, 0xC00000},  // medium blue
-    {40.0F, 0x800000},  // navy
+constexpr std::array kBands{
+    SnrBand{70.0F, 0xFF80FF},   // light violet
+    SnrBand{65.0F, 0xFF00FF},   // magenta
+    SnrBand{60.0F, 0xC000C0},   // dark magenta
+    SnrBand{55.0F, 0x800080},   // purple
+    SnrBand{50.0F, 0xFF0000},   // blue
+    SnrBand{45.0F, 0xC00000},   // medium blue
+    SnrBand{40.0F, 0x800000},   // navy
+    SnrBand{kNoEnd, 0x808080},  // grey
 };
-constexpr std::uint32_t kGrey = 0x808080;
 
 }  // namespace
 
@@ -27,12 +26,14 @@ float SnrShownGet(float fSnr)
     return fSnr >= kSnrLeast ? fSnr : kSnrLeast;  // not-a-number is not at least anything
 }
 
+std::span<const SnrBand> SnrBandsGet() { return kBands; }
+
 std::uint32_t SnrGetColor(float fSnr)
 {
-    for (const Band& band : kBands)
+    for (const SnrBand& band : kBands)
         if (fSnr >= band.fLowest)
             return band.nColor;
-    return kGrey;
+    return kBands.back().nColor;  // not-a-number is not at least anything
 }
 
 bool ColorTakesBlackText(std::uint32_t nColor)

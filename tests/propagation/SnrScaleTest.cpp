@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "propagation/SnrColor.h"
+#include "propagation/SnrScale.h"
 
 namespace {
 
