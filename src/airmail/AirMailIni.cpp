@@ -1,7 +1,6 @@
 #include "airmail/AirMailIni.h"
 
 #include "airmail/AirMailFolders.h"
-#include "system/MsgLib.h"
 #include "system/PrivateProfileLib.h"
 #include "system/TextLib.h"
 
@@ -13,14 +12,14 @@ constexpr const char* kVersionTested = "3.1.936";
 }  // namespace
 
 std::string AirMailIniGet(const std::string& sFile, const std::string& sSection,
-                          const std::string& sKey, bool bShowError)
+                          const std::string& sKey, Messages* paMessages)
 {
     std::string sValue = PrivateProfileGetWindows1252(sSection, sKey, "", kBufferSize,
                                            AirMailPathGet(AirMailDataFolderGet(), sFile));
-    if (sValue.empty() && bShowError)
-        MsgBox(MsgIcon::Exclamation, "Unable to find AirMail's " + sSection + ", "
-                                         + TextForMessage(sKey) + " in \"" + TextForMessage(sFile)
-                                         + "\"." + AirMailFolderHint());
+    if (sValue.empty())
+        MessageFail(paMessages, MsgIcon::Exclamation,
+                    "Unable to find AirMail's " + sSection + ", " + TextForMessage(sKey) + " in \""
+                        + TextForMessage(sFile) + "\"." + AirMailFolderHint());
     return sValue;
 }
 
@@ -38,7 +37,7 @@ std::string AirMailFolderHint()
 std::string AirMailVersionText()
 {
     const std::string sVersion =
-        TextForMessage(AirMailIniGet(kAirMailIniFile, "Settings", "Last Program Version", false));
+        TextForMessage(AirMailIniGet(kAirMailIniFile, "Settings", "Last Program Version", nullptr));
     if (sVersion.empty())
         return "Unable to get current version number.";
     if (sVersion == kVersionTested)
@@ -46,7 +45,7 @@ std::string AirMailVersionText()
     return "Airmail " + sVersion + ".  This program was tested with " + kVersionTested + ".";
 }
 
-std::string AirMailSunSpotNumberGet(bool bShowError)
+std::string AirMailSunSpotNumberGet(Messages* paMessages)
 {
-    return AirMailIniGet(kAirMailIniFile, "Propagation", "SSN", bShowError);
+    return AirMailIniGet(kAirMailIniFile, "Propagation", "SSN", paMessages);
 }

@@ -10,13 +10,15 @@
 
 #include <string>
 
+#include "system/Message.h"
+
 inline constexpr const char* kAirMailIniFile = "Airmail.ini";
 
 /// One value of a file in the data folder, cut to 511 characters.
-/// @param bShowError  an empty result shows a warning box: which section, key and file, and the
+/// @param paMessages  gets a warning for an empty result: which section, key and file, and the
 ///                    hint.
 [[nodiscard]] std::string AirMailIniGet(const std::string& sFile, const std::string& sSection,
-                                        const std::string& sKey, bool bShowError);
+                                        const std::string& sKey, Messages* paMessages);
 
 /// Airmail's own file and a key of it, for messages: "C:\Program Files\AirMail\Airmail.ini,
 /// [Propagation] SSN".
@@ -26,8 +28,8 @@ inline constexpr const char* kAirMailIniFile = "Airmail.ini";
 [[nodiscard]] std::string AirMailFolderHint();
 
 /// "Airmail " and the version that last ran here, with a notice when it is not 3.1.936, the one
-/// tested with; "Unable to get current version number." when it is not known. Shows no box.
+/// tested with; "Unable to get current version number." when it is not known. Silent.
 [[nodiscard]] std::string AirMailVersionText();
 
-/// The sunspot number as Airmail keeps it, empty when there is none (told by a box when asked for).
-[[nodiscard]] std::string AirMailSunSpotNumberGet(bool bShowError);
+/// The sunspot number as Airmail keeps it, empty when there is none (which paMessages is told).
+[[nodiscard]] std::string AirMailSunSpotNumberGet(Messages* paMessages);

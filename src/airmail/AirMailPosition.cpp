@@ -25,7 +25,7 @@ constexpr std::array kPlaces{
 
 /// A value out of range counts as one that cannot be decoded, and is told as one.
 bool RangeCheck(const Place& place, const char* sKey, const std::string& sText, bool bInRange,
-                bool bShowError, std::string* psFault)
+                Messages* paMessages, std::string* psFault)
 {
     if (bInRange)
         return true;
@@ -33,24 +33,24 @@ bool RangeCheck(const Place& place, const char* sKey, const std::string& sText, 
                                + TextPrintable(sText) + " lies out of range";
     if (psFault && psFault->empty())
         *psFault = sFault;
-    return bShowError && MsgFail(MsgIcon::Exclamation, sFault);
+    return MessageFail(paMessages, MsgIcon::Exclamation, sFault);
 }
 
 Result<bool> PlaceRead(const Place& place, double& dLatitude, double& dLongitude, DateTime& dtTime,
-                       bool bShowError, std::string* psFault)
+                       bool Messages* paMessages, std::string* psFault)
 {
     const auto ValueGet = [&](const char* sKey) {
-        return AirMailIniGet(kAirMailIniFile, place.sSection, sKey, bShowError);
+        return AirMailIniGet(kAirMailIniFile, place.sSection, sKey, paMessages);
     };
     const std::string sLatitude = ValueGet(place.sLatitude);
-    if (sLatitude.empty() || !TextToLatitude(sLatitude, dLatitude, bShowError)
-        || !RangeCheck(place, place.sLatitude, sLatitude, PositionInRange(dLatitude, 0), bShowError,
+    if (sLatitude.empty() || !TextToLatitude(sLatitude, dLatitude, paMessages)
+        || !RangeCheck(place, place.sLatitude, sLatitude, PositionInRange(dLatitude, 0), paMessages,
                        psFault))
         return false;
     const std::string sLongitude = ValueGet(place.sLongitude);
-    if (sLongitude.empty() || !TextToLongitude(sLongitude, dLongitude, bShowError)
+    if (sLongitude.empty() || !TextToLongitude(sLongitude, dLongitude, paMessages)
         || !RangeCheck(place, place.sLongitude, sLongitude, PositionInRange(0, dLongitude),
-                       bShowError, psFault))
+                       paMessages, psFault))
         return false;
     if (!place.sTime)
         return true;
@@ -67,13 +67,13 @@ Result<bool> PlaceRead(const Place& place, double& dLatitude, double& dLongitude
 }  // namespace
 
 Result<bool> AirMailPositionGet(double& dLatitude, double& dLongitude, DateTime& dtTime,
-                                bool bShowError, std::string* psFault)
+                                bool Messages* paMessages, std::string* psFault)
 {
     dtTime = {};
     for (const Place& place : kPlaces) {
         const bool bLast = &place == &kPlaces.back();
         auto resFound =
-            PlaceRead(place, dLatitude, dLongitude, dtTime, bLast && bShowError, psFault);
+            PlaceRead(place, dLatitude, dLongitude, dtTime, bLast ? paMessages : nullptr, psFault);
         if (!resFound || resFound.ValueGet())
             return resFound;
     }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "system/ClockLib.h"
+#include "system/Message.h"
 #include "system/Result.h"
 
 /// Tries three places of Airmail.ini in this order: the current position report, the last report
@@ -15,13 +16,13 @@
 /// range (PositionInRange) counts as none.
 /// @param dLatitude   may be written by a place that then fails, as may dLongitude: pass locals.
 /// @param dtTime      all zero when the place has no time (the propagation data).
-/// @param bShowError  lets the last place tell what is missing or cannot be decoded (one box).
+/// @param paMessages  the last place tells it what is missing or cannot be decoded (one message).
 /// @param psFault     where it is not null: the first value out of range, with file and key; left
 ///                    alone when there is none.
-/// @return true when a position was found; "Type mismatch" when its time is no date, which no box
-///         has told yet.
+/// @return true when a position was found; "Type mismatch" when its time is no date, which is no
+///         message yet.
 Result<bool> AirMailPositionGet(double& dLatitude, double& dLongitude, DateTime& dtTime,
-                                bool bShowError, std::string* psFault = nullptr);
+                                Messages* paMessages, std::string* psFault = nullptr);
 
 /// Boundaries between dtTime and now, of the largest unit that counts any: "3 days", "1 hours",
 /// "0 minutes". Always plural; negative for a time to come. From 23:59 to 00:01 is "1 days".

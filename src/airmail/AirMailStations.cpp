@@ -7,7 +7,6 @@
 #include "airmail/GridSquareLib.h"
 #include "geo/MathLib.h"
 #include "system/FileLib.h"
-#include "system/MsgLib.h"
 #include "system/RunErrorText.h"
 #include "system/TextLib.h"
 
@@ -18,11 +17,12 @@ constexpr const char* kSection = "Station Info";
 
 std::string StationFileName(const std::string& sSystem) { return "System." + sSystem + ".ini"; }
 
-bool StationsFail(const char* sStage, const std::string& sSystem, const std::string& sReason)
+bool StationsFail(Messages* paMessages, const char* sStage, const std::string& sSystem,
+                  const std::string& sReason)
 {
-    return MsgFail(MsgIcon::None, std::string("AirMailGetStations") + sStage + " AirMail \""
-                                      + TextForMessage(sSystem) + "\"" + sReason
-                                      + AirMailFolderHint());
+    return MessageFail(paMessages, MsgIcon::None,
+                       std::string("AirMailGetStations") + sStage + " AirMail \""
+                           + TextForMessage(sSystem) + "\"" + sReason + AirMailFolderHint());
 }
 
 Result<void> KeysRead(TextFile& file, TextList& asKey)
@@ -41,14 +41,14 @@ Result<void> KeysRead(TextFile& file, TextList& asKey)
     }
 }
 
-std::string EntryGet(const std::string& sSystem, const std::string& sKey, bool bShowError)
+std::string EntryGet(const std::string& sSystem, const std::string& sKey, Messages* paMessages)
 {
-    return AirMailIniGet(StationFileName(sSystem), kSection, sKey, bShowError);
+    return AirMailIniGet(StationFileName(sSystem), kSection, sKey, paMessages);
 }
 
 }  // namespace
 
-bool AirMailGetSystems(int& nCount, TextList& asName)
+bool AirMailGetSystems(int& nCount, TextList& asName, Messages* paMessages)
 {
     asName = {};
     for (const std::string& sFile :
@@ -61,33 +61,35 @@ bool AirMailGetSystems(int& nCount, TextList& asName)
     }
     nCount = asName.CountGet();
     if (nCount == 0)
-        return MsgFail(MsgIcon::Exclamation,
-                       "Unable to find AirMail's \"System.*.ini\" files." + AirMailFolderHint());
+        return MessageFail(
+            paMessages, MsgIcon::Exclamation,
+            "Unable to find AirMail's \"System.*.ini\" files." + AirMailFolderHint());
     return true;
 }
 
-bool AirMailGetStations(const std::string& sSystem, int& nCount, TextList& asKey)
+bool AirMailGetStations(const std::string& sSystem, int& nCount, TextList& asKey,
+                        Messages* paMessages)
 {
     asKey = {};
     nCount = 0;
     auto resFile = TextFile::Open(AirMailPathGet(AirMailDataFolderGet(), StationFileName(sSystem)));
     if (!resFile)
-        return StationsFail(" - Open, Unable to open", sSystem,
+        return StationsFail(paMessages, " - Open, Unable to open", sSystem,
                             " Station Info data." + resFile.TextGet());
     const auto resRead = KeysRead(resFile.ValueGet(), asKey);
     nCount = asKey.CountGet();
     if (!resRead)
-        return StationsFail(" - Read, Unable to get", sSystem, " Station Info data.");
+        return StationsFail(paMessages, " - Read, Unable to get", sSystem, " Station Info data.");
     if (nCount == 0)
-        return StationsFail(", Unable to find any selected", sSystem, "Stations.");
+        return StationsFail(paMessages, ", Unable to find any selected", sSystem, "Stations.");
     return true;
 }
 
 Result<bool> AirMailStationPosition(const std::string& sSystem, const std::string& sKey,
                                     double& dLatitude, double& dLongitude, bool bShowError,
-                                    std::string* psFault)
+                                    Messages& aMessages, std::string* psFault)
 {
-    const std::string sEntry = EntryGet(sSystem, sKey, bShowError);
+    const std::string sEntry = EntryGet(sSystem, sKey, bShowError ? &aMessages : nullptr);
     if (sEntry.empty())
         return false;
     const std::size_t nColon = sEntry.find(':');
@@ -96,7 +98,7 @@ Result<bool> AirMailStationPosition(const std::string& sSystem, const std::strin
     std::string sGrid = sEntry.substr(0, nColon);
     double dLat = 0.0;
     double dLon = 0.0;
-    if (!GridSquareToPosition(sGrid, dLat, dLon, true))
+    if (!GridSquareToPosition(sGrid, dLat, dLon, &aMessages))
         return false;
     if (!PositionInRange(dLat, dLon)) {
         const std::string sFault = AirMailPathGet(AirMailDataFolderGet(), StationFileName(sSystem))
@@ -104,7 +106,7 @@ Result<bool> AirMailStationPosition(const std::string& sSystem, const std::strin
                                    + TextPrintable(sEntry.substr(0, nColon)) + " lies out of range";
         if (psFault)
             *psFault = sFault;
-        return bShowError && MsgFail(MsgIcon::Exclamation, sFault);
+        return MessageFail(bShowError ? &aMessages : nullptr, MsgIcon::Exclamation, sFault);
     }
     dLatitude = dLat;
     dLongitude = dLon;
@@ -112,9 +114,9 @@ Result<bool> AirMailStationPosition(const std::string& sSystem, const std::strin
 }
 
 std::string AirMailStationDescription(const std::string& sSystem, const std::string& sKey,
-                                      bool bShowError)
+                                      Messages* paMessages)
 {
-    const std::string sEntry = EntryGet(sSystem, sKey, bShowError);
+    const std::string sEntry = EntryGet(sSystem, sKey, paMessages);
     const std::size_t nColon = sEntry.find(':');
     const std::size_t nSemicolon = sEntry.find(';');
     // A semicolon before the colon leaves nothing between them.

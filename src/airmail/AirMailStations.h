@@ -4,7 +4,7 @@
 ///
 /// Units:   degrees, north and east positive.
 /// Texts:   UTF-8 here, Windows-1252 in the files.
-/// Errors:  told by one box each, which ends with the hint to check the data folder.
+/// Errors:  one message each, which ends with the hint to check the data folder.
 /// Tests:   tests/airmail/AirMailStationsTest.cpp
 #pragma once
 
@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "system/Message.h"
 #include "system/Result.h"
 
 /// Texts counted from 1.
@@ -34,26 +35,28 @@ private:
 /// The systems that have a station file, in directory order: of each name the text between its
 /// first two points, so that System.HAM.ini and System.HAM.old.ini both give HAM.
 /// @param nCount  names in the list, which replaces what asName held.
-/// @return false, with a box, when there is none.
-bool AirMailGetSystems(int& nCount, TextList& asName);
+/// @return false, with a message, when there is none.
+bool AirMailGetSystems(int& nCount, TextList& asName, Messages* paMessages);
 
 /// The station keys of one system, in the file's order, from the line "[Station Info]" (to the
 /// letter) to the first line without "=". Keys are not trimmed.
 /// @param nCount  keys in the list, which replaces what asKey held.
-/// @return false, with a box, when the file cannot be opened or read or holds no key.
-bool AirMailGetStations(const std::string& sSystem, int& nCount, TextList& asKey);
+/// @return false, with a message, when the file cannot be opened or read or holds no key.
+bool AirMailGetStations(const std::string& sSystem, int& nCount, TextList& asKey,
+                        Messages* paMessages);
 
 /// The position of a station by the grid square of its entry.
-/// @param bShowError  a box tells a missing entry; a grid that cannot be converted is always told.
+/// @param bShowError  a message tells a missing entry; a grid that cannot be converted is always
+///                    told.
 /// @param psFault     where it is not null: receives file, key and grid of a position out of range
-///                    (PositionInRange), which counts as none; a box tells it with bShowError.
+///                    (PositionInRange), which counts as none; a message tells it with bShowError.
 /// @return true when found, else the outputs are untouched; "Invalid procedure call or argument"
-///         for an entry without ":", which no box has told yet.
+///         for an entry without ":", which is no message yet.
 Result<bool> AirMailStationPosition(const std::string& sSystem, const std::string& sKey,
                                     double& dLatitude, double& dLongitude, bool bShowError,
-                                    std::string* psFault = nullptr);
+                                    Messages& aMessages, std::string* psFault = nullptr);
 
 /// The entry's text between its first ":" and its first ";" (or its end); empty without a ":".
-/// @param bShowError  a box tells a missing entry.
+/// @param paMessages  gets a missing entry.
 [[nodiscard]] std::string AirMailStationDescription(const std::string& sSystem,
-                                                    const std::string& sKey, bool bShowError);
+                                                    const std::string& sKey, Messages* paMessages);

@@ -1,6 +1,5 @@
 #include "airmail/GridSquareLib.h"
 
-#include "system/MsgLib.h"
 #include "system/TextLib.h"
 
 namespace {
@@ -22,7 +21,7 @@ double DegreesGet(char chrField, char chrSquare, char chrSubSquare)
 }  // namespace
 
 bool GridSquareToPosition(std::string& sGrid, double& dLatitude, double& dLongitude,
-                          bool bShowError)
+                          Messages* paMessages)
 {
     sGrid = TextUpper(sGrid);
     // One byte a character, as in the station file.
@@ -31,12 +30,9 @@ bool GridSquareToPosition(std::string& sGrid, double& dLatitude, double& dLongit
         sGrid += kSquareMiddle;
         sCodes += kSquareMiddle;
     }
-    if (sCodes.size() < kSubSquareLength) {
-        if (bShowError)
-            MsgBox(MsgIcon::None,
-                   "Unable to Convert Grid " + TextForMessage(sGrid) + " to Lat/Lon");
-        return false;
-    }
+    if (sCodes.size() < kSubSquareLength)
+        return MessageFail(paMessages, MsgIcon::None,
+                           "Unable to Convert Grid " + TextForMessage(sGrid) + " to Lat/Lon");
     dLatitude = DegreesGet(sCodes[1], sCodes[3], sCodes[5]);
     dLongitude = 2.0 * DegreesGet(sCodes[0], sCodes[2], sCodes[4]);
     return true;

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
 #include "system/TextLib.h"
@@ -44,7 +43,7 @@ Result<double> PositionFromText(std::string_view sText, std::string_view sNegati
     return sBehind.substr(nApostrophe + 1) == sNegative ? -dValue : dValue;
 }
 
-bool TextToPosition(std::string_view sText, double& dAngle, bool bShowError,
+bool TextToPosition(std::string_view sText, double& dAngle, Messages* paMessages,
                     std::string_view sNegative, const char* sPrefix)
 {
     const auto resAngle = PositionFromText(sText, sNegative);
@@ -52,9 +51,7 @@ bool TextToPosition(std::string_view sText, double& dAngle, bool bShowError,
         dAngle = resAngle.ValueGet();
         return true;
     }
-    if (bShowError)
-        MsgBox(MsgIcon::Exclamation, sPrefix + TextForMessage(sText));
-    return false;
+    return MessageFail(paMessages, MsgIcon::Exclamation, sPrefix + TextForMessage(sText));
 }
 
 struct Vector3 {
@@ -77,14 +74,14 @@ std::string LongitudeToText(double dLongitude)
     return PositionToText(dLongitude, "000", 'E', 'W');
 }
 
-bool TextToLatitude(std::string_view sText, double& dLatitude, bool bShowError)
+bool TextToLatitude(std::string_view sText, double& dLatitude, Messages* paMessages)
 {
-    return TextToPosition(sText, dLatitude, bShowError, "S", "Unable for decode Latitude ");
+    return TextToPosition(sText, dLatitude, paMessages, "S", "Unable for decode Latitude ");
 }
 
-bool TextToLongitude(std::string_view sText, double& dLongitude, bool bShowError)
+bool TextToLongitude(std::string_view sText, double& dLongitude, Messages* paMessages)
 {
-    return TextToPosition(sText, dLongitude, bShowError, "W", "Unable for decode Longitude ");
+    return TextToPosition(sText, dLongitude, paMessages, "W", "Unable for decode Longitude ");
 }
 
 double GreatCircleAngle(double dLat1, double dLon1, double dLat2, double dLon2)

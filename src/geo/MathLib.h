@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 
+#include "system/Message.h"
 #include "system/Result.h"
 
 /// Greatest latitude and longitude, degrees, either way. The conversions below check neither.
@@ -31,10 +32,10 @@ inline constexpr double kPi = 3.14159265358979;
 [[nodiscard]] std::string LatitudeToText(double dLatitude);    ///< two-digit degrees, N or S
 [[nodiscard]] std::string LongitudeToText(double dLongitude);  ///< three-digit degrees, E or W
 
-/// Parses the text form. On failure the output is untouched and, with bShowError, a warning box
-/// says "Unable for decode Latitude " (or Longitude) and the text as typed.
-bool TextToLatitude(std::string_view sText, double& dLatitude, bool bShowError);
-bool TextToLongitude(std::string_view sText, double& dLongitude, bool bShowError);
+/// Parses the text form. On failure the output is untouched and a warning is added to paMessages,
+/// where there is one: "Unable for decode Latitude " (or Longitude) and the text as typed.
+bool TextToLatitude(std::string_view sText, double& dLatitude, Messages* paMessages);
+bool TextToLongitude(std::string_view sText, double& dLongitude, Messages* paMessages);
 
 /// Central angle between two points, radians, [0, pi]. Returns pi when half the chord is 1 or more
 /// (antipodes and rounding beyond them).

@@ -4,10 +4,10 @@
 #include "settings/SettingsRange.h"
 #include "system/NumberLib.h"
 
-Result<bool> SunSpotNumberGet(Settings& settings, float& fNumber)
+Result<bool> SunSpotNumberGet(Settings& settings, float& fNumber, Messages* paMessages)
 {
     if (settings.m_bPropagationSunSpotNumber) {
-        const std::string sText = AirMailSunSpotNumberGet(true);
+        const std::string sText = AirMailSunSpotNumberGet(paMessages);
         if (sText.empty())
             return false;
         const auto resNumber = NumberFromTextSingle(sText);

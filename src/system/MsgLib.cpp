@@ -21,6 +21,12 @@ void MsgBox(MsgIcon eIcon, const std::string& sText)
         std::fprintf(stderr, "%s\n", sText.c_str());
 }
 
+bool MsgShow(const Messages& aMessages)
+{
+    for (const Message& message : aMessages) MsgBox(message.eIcon, message.sText);
+    return aMessages.empty();
+}
+
 MsgBoxFn MsgSetHandler(MsgBoxFn fnShow) { return std::exchange(HandlerGet(), std::move(fnShow)); }
 
 MsgListener::MsgListener(bool bShow)

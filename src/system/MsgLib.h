@@ -1,6 +1,7 @@
 /// @file MsgLib.h
-/// The one door to a message box. Each program sets a handler: the window program shows a window,
-/// the console program prints on standard error, tests record.
+/// The one door to a message box, for windows and programs alone; what lies below them returns its
+/// messages (Message.h). Each program sets a handler: the window program shows a window, the
+/// console program prints on standard error, tests record.
 ///
 /// Threads: one thread only.
 /// Errors:  none; without a handler the text goes to standard error.
@@ -10,13 +11,16 @@
 #include <functional>
 #include <string>
 
-enum class MsgIcon { None, Info, Exclamation };
+#include "system/Message.h"
 
 using MsgBoxFn = std::function<void(MsgIcon eIcon, const std::string& sText)>;
 
 /// Shows one box with an OK button and the application's title.
 /// @param sText  UTF-8; a single carriage return, a line feed or both break the line when shown.
 void MsgBox(MsgIcon eIcon, const std::string& sText);
+
+/// Shows each message in a box of its own. @return false when there was one.
+bool MsgShow(const Messages& aMessages);
 
 /// Replaces the handler and returns the one before.
 MsgBoxFn MsgSetHandler(MsgBoxFn fnShow);

@@ -55,7 +55,7 @@ protected:
             sText.append(sKey).append("=").append(sValue).append("\r\n");
         AirMailWrite("Airmail.ini", sText);
         Found found;
-        const auto res = AirMailPositionGet(found.dLat, found.dLon, found.dtTime, bShowError);
+        const auto res = AirMailPositionGet(found.dLat, found.dLon, found.dtTime, Told(bShowError));
         found.bFound = res && res.ValueGet();
         found.sError = res.TextGet();
         return found;

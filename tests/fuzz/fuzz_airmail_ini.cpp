@@ -9,16 +9,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
     double dLat = 0.0;
     double dLon = 0.0;
     DateTime dtTime;
-    const auto resFound = AirMailPositionGet(dLat, dLon, dtTime, true);
+    Messages aMessages;
+    const auto resFound = AirMailPositionGet(dLat, dLon, dtTime, &aMessages);
     if (resFound && resFound.ValueGet())
         (void)AirMailAgeText(dtTime);
     else
         Check(dtTime.IsZero());
     Check(!AirMailVersionText().empty());
-    CheckValue(AirMailIniGet("Airmail.ini", "Position Report", "Comment", true));
+    CheckValue(AirMailIniGet("Airmail.ini", "Position Report", "Comment", &aMessages));
     Settings settings;
     float fNumber = -1.0F;
-    const auto resNumber = SunSpotNumberGet(settings, fNumber);
+    const auto resNumber = SunSpotNumberGet(settings, fNumber, &aMessages);
     const bool bOk = resNumber && resNumber.ValueGet();
     Check(settings.m_fPropagationSunSpotNumber == (bOk ? fNumber : 170.0F));
     return 0;

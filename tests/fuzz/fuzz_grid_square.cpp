@@ -3,17 +3,16 @@
 
 #include "airmail/GridSquareLib.h"
 #include "fuzz/FuzzCheck.h"
-#include "system/MsgLib.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
 {
     constexpr double kUntouched = -777.0;
     constexpr double kFarthest = 6000.0;  // degrees: any byte counts as a letter
-    MsgSetHandler([](MsgIcon, const std::string&) {});
+    Messages aMessages;
     std::string sGrid(FuzzText(pBytes, nBytes));
     double dLat = kUntouched;
     double dLon = kUntouched;
-    if (!GridSquareToPosition(sGrid, dLat, dLon, true)) {
+    if (!GridSquareToPosition(sGrid, dLat, dLon, &aMessages)) {
         Check(dLat == kUntouched && dLon == kUntouched);
         return 0;
     }
@@ -22,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
     std::string sAgain = sGrid;
     double dLatAgain = kUntouched;
     double dLonAgain = kUntouched;
-    Check(GridSquareToPosition(sAgain, dLatAgain, dLonAgain, false));
+    Check(GridSquareToPosition(sAgain, dLatAgain, dLonAgain, nullptr));
     Check(sAgain == sGrid && dLatAgain == dLat && dLonAgain == dLon);
     return 0;
 }

@@ -9,7 +9,7 @@
 namespace {
 
 using ToTextFn = std::string (*)(double);
-using FromTextFn = bool (*)(std::string_view, double&, bool);
+using FromTextFn = bool (*)(std::string_view, double&, Messages*);
 
 /// Text to value; a value within dMost comes back from its text within half a hundredth of a
 /// minute.
@@ -18,7 +18,8 @@ void EntryCheck(std::string_view sText, ToTextFn fnToText, FromTextFn fnFromText
     constexpr double kUntouched = -777.0;
     constexpr double kHalfHundredth = 0.005 / 60.0 + 1e-9;  // degrees
     double dValue = kUntouched;
-    if (!fnFromText(sText, dValue, true)) {
+    Messages aMessages;
+    if (!fnFromText(sText, dValue, &aMessages)) {
         Check(dValue == kUntouched);
         return;
     }
@@ -26,7 +27,7 @@ void EntryCheck(std::string_view sText, ToTextFn fnToText, FromTextFn fnFromText
     if (std::abs(dValue) > dMost)
         return;  // ranges are the caller's
     double dAgain = kUntouched;
-    Check(fnFromText(fnToText(dValue), dAgain, false));
+    Check(fnFromText(fnToText(dValue), dAgain, nullptr));
     Check(std::abs(dAgain - dValue) <= kHalfHundredth);
 }
 

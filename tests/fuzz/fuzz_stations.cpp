@@ -8,18 +8,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
     constexpr int kKeysMost = 20;  // each opens the file anew
     static const FuzzPrefix prefix;
     prefix.Write("drive_c/Program Files/AirMail/System.HAM.ini", pBytes, nBytes);
+    Messages aMessages;
     int nCount = 0;
     TextList asText;
-    Check(AirMailGetSystems(nCount, asText) && nCount == 1 && asText[1] == "HAM");
-    const bool bOk = AirMailGetStations("HAM", nCount, asText);
+    Check(AirMailGetSystems(nCount, asText, &aMessages) && nCount == 1 && asText[1] == "HAM");
+    const bool bOk = AirMailGetStations("HAM", nCount, asText, &aMessages);
     Check(bOk == (nCount > 0) && nCount == asText.CountGet());
     for (int i = 1; i <= std::min(nCount, kKeysMost); ++i) {
         double dLat = 0.0;
         double dLon = 0.0;
         Check(asText[i].find('=') == std::string::npos);
-        const auto res = AirMailStationPosition("HAM", asText[i], dLat, dLon, true);
+        const auto res = AirMailStationPosition("HAM", asText[i], dLat, dLon, true, aMessages);
         Check((res && res.ValueGet()) || (dLat == 0.0 && dLon == 0.0));
-        const std::string sDescription = AirMailStationDescription("HAM", asText[i], false);
+        const std::string sDescription = AirMailStationDescription("HAM", asText[i], nullptr);
         CheckValue(sDescription);
         Check(sDescription.find(';') == std::string::npos);
     }

@@ -42,7 +42,7 @@ class LatitudeParse : public testing::TestWithParam<ParseCase> {};
 TEST_P(LatitudeParse, Decodes)
 {
     double dLatitude = 99;
-    ASSERT_TRUE(TextToLatitude(GetParam().sText, dLatitude, true));
+    ASSERT_TRUE(TextToLatitude(GetParam().sText, dLatitude, Told()));
     EXPECT_DOUBLE_EQ(dLatitude, GetParam().dExpected);
 }
 INSTANTIATE_TEST_SUITE_P(All, LatitudeParse,
@@ -57,7 +57,7 @@ class LongitudeParse : public testing::TestWithParam<ParseCase> {};
 TEST_P(LongitudeParse, Decodes)
 {
     double dLongitude = 999;
-    ASSERT_TRUE(TextToLongitude(GetParam().sText, dLongitude, true));
+    ASSERT_TRUE(TextToLongitude(GetParam().sText, dLongitude, Told()));
     EXPECT_DOUBLE_EQ(dLongitude, GetParam().dExpected);
 }
 INSTANTIATE_TEST_SUITE_P(All, LongitudeParse,
@@ -71,11 +71,11 @@ TEST_P(PositionBad, FailsWithTheTextAsTypedAndKeepsTheOutput)
 {
     const std::string sText = GetParam();
     double dAngle = 12.25;
-    EXPECT_FALSE(TextToLatitude(sText, dAngle, false));
-    EXPECT_FALSE(TextToLongitude(sText, dAngle, false));
+    EXPECT_FALSE(TextToLatitude(sText, dAngle, nullptr));
+    EXPECT_FALSE(TextToLongitude(sText, dAngle, nullptr));
     MsgRecorder msg;
-    EXPECT_FALSE(TextToLatitude(sText, dAngle, true));
-    EXPECT_FALSE(TextToLongitude(sText, dAngle, true));
+    EXPECT_FALSE(TextToLatitude(sText, dAngle, Told()));
+    EXPECT_FALSE(TextToLongitude(sText, dAngle, Told()));
     EXPECT_EQ(dAngle, 12.25);
     ASSERT_EQ(msg.m_aShown.size(), 2u);
     EXPECT_EQ(msg.m_aShown[0].eIcon, MsgIcon::Exclamation);
@@ -91,9 +91,9 @@ TEST(PositionText, RoundTripsWithinHalfAHundredthOfAMinute)
 {
     for (double dAngle = -89.99; dAngle < 90; dAngle += 0.3137) {
         double dBack = 0;
-        ASSERT_TRUE(TextToLatitude(LatitudeToText(dAngle), dBack, true));
+        ASSERT_TRUE(TextToLatitude(LatitudeToText(dAngle), dBack, Told()));
         EXPECT_NEAR(dBack, dAngle, 0.005 / 60 + 1e-12);
-        ASSERT_TRUE(TextToLongitude(LongitudeToText(2 * dAngle), dBack, true));
+        ASSERT_TRUE(TextToLongitude(LongitudeToText(2 * dAngle), dBack, Told()));
         EXPECT_NEAR(dBack, 2 * dAngle, 0.005 / 60 + 1e-12);
     }
 }

@@ -16,7 +16,7 @@ constexpr double kNoise = 1e-12;                 // of sums of degrees and minut
 
 struct Axis {
     std::string (*fnToText)(double);
-    bool (*fnFromText)(std::string_view, double&, bool);
+    bool (*fnFromText)(std::string_view, double&, Messages*);
     double dMost;
     std::size_t nDegrees;  // digits
     char chrPositive, chrNegative;
@@ -31,11 +31,11 @@ void RoundTripCheck(const Axis& axis, double dAngle)
     EXPECT_EQ(sText[sText.size() - 2], '\'') << sText;
     EXPECT_EQ(sText.back(), dAngle < 0.0 ? axis.chrNegative : axis.chrPositive) << sText;
     double dBack = 0.0;
-    ASSERT_TRUE(axis.fnFromText(sText, dBack, false)) << sText;
+    ASSERT_TRUE(axis.fnFromText(sText, dBack, nullptr)) << sText;
     EXPECT_LE(std::abs(dBack - dAngle), kHalfHundredth + kNoise) << sText;
     // The text of what was read is another spelling of the same place at most (60.00 minutes).
     double dAgain = 0.0;
-    ASSERT_TRUE(axis.fnFromText(axis.fnToText(dBack), dAgain, false));
+    ASSERT_TRUE(axis.fnFromText(axis.fnToText(dBack), dAgain, nullptr));
     EXPECT_LE(std::abs(dAgain - dBack), kNoise) << sText;
 }
 

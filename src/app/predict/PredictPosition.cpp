@@ -3,7 +3,6 @@
 #include "airmail/AirMailLib.h"
 #include "geo/MathLib.h"
 #include "settings/SettingsRange.h"
-#include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
 
@@ -13,22 +12,24 @@ constexpr const char* kForms =
     "give LAT,LON in degrees (38,-122), 38°30.00'N,122°15.00'W, a grid square (FN42), airmail or a "
     "station (ham:KEY)";
 
-/// The error of a failed call: what it returned, else what it said in a box.
-RunError ErrorOf(const Result<bool>& res, const MsgListener& listener)
+/// The error of a failed call: what it returned, else its last message.
+RunError ErrorOf(const Result<bool>& res, const Messages& aMessages)
 {
-    return {res ? listener.LastGet() : res.TextGet()};
+    if (!res)
+        return res.ErrorGet();
+    return {aMessages.empty() ? std::string() : aMessages.back().sText};
 }
 
 Result<PredictPosition> AirMailPlaceGet()
 {
     PredictPosition pos;
     DateTime dtTime;
-    const MsgListener listener(false);  // a box becomes the option's error
-    const auto res = AirMailPositionGet(pos.dLat, pos.dLon, dtTime, true, &pos.sFault);
+    Messages aMessages;
+    const auto res = AirMailPositionGet(pos.dLat, pos.dLon, dtTime, &aMessages, &pos.sFault);
     if (!pos.sFault.empty())
         return pos;  // an older position in its place would be a wrong answer
     if (!res || !res.ValueGet())
-        return ErrorOf(res, listener);
+        return ErrorOf(res, aMessages);
     pos.sNote = dtTime.IsZero() ? "Airmail's position, its time is not known"
                                 : "Airmail's position, " + AirMailAgeText(dtTime) + " old";
     return pos;
@@ -37,16 +38,17 @@ Result<PredictPosition> AirMailPlaceGet()
 Result<PredictPosition> StationPlaceGet(const std::string& sSystem, const std::string& sKey)
 {
     PredictPosition pos;
-    if (AirMailIniGet("System." + sSystem + ".ini", "Station Info", sKey, false).empty())
+    if (AirMailIniGet("System." + sSystem + ".ini", "Station Info", sKey, nullptr).empty())
         return RunError{"Airmail's list \"" + TextForMessage(sSystem) + "\" holds no station \""
                         + TextForMessage(sKey) + "\" (data folder \""
                         + TextForMessage(AirMailDataFolderGet()) + "\")"};
-    const MsgListener listener(false);
-    const auto res = AirMailStationPosition(sSystem, sKey, pos.dLat, pos.dLon, false, &pos.sFault);
+    Messages aMessages;
+    const auto res = AirMailStationPosition(sSystem, sKey, pos.dLat, pos.dLon, false, aMessages,
+                                            &pos.sFault);
     if (!pos.sFault.empty())
         return pos;
     if (!res || !res.ValueGet())
-        return ErrorOf(res, listener);
+        return ErrorOf(res, aMessages);
     pos.sNote = "Airmail's station " + TextForMessage(sKey) + " (" + TextForMessage(sSystem) + ")";
     return pos;
 }
@@ -75,8 +77,8 @@ bool DegreeMinutesRead(std::string_view sText, char chrPositive, char chrNegativ
     std::string sUpper = TextUpper(TextTrim(sText));
     if (sUpper.empty() || (sUpper.back() != chrPositive && sUpper.back() != chrNegative))
         return false;
-    const bool bRead =
-        bLatitude ? TextToLatitude(sUpper, dAngle, false) : TextToLongitude(sUpper, dAngle, false);
+    const bool bRead = bLatitude ? TextToLatitude(sUpper, dAngle, nullptr)
+                                 : TextToLongitude(sUpper, dAngle, nullptr);
     if (!bRead)
         return false;
     const std::size_t nMinutes = sUpper.find(kDegreeSign) + kDegreeSign.size();

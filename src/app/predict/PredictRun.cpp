@@ -27,7 +27,9 @@ std::string EngineNameGet(int iModel)
 bool SettingsComplete(Settings& settings)
 {
     float fSunSpotNumber = 0;
-    const auto res = SunSpotNumberGet(settings, fSunSpotNumber);
+    Messages aMessages;
+    const auto res = SunSpotNumberGet(settings, fSunSpotNumber, &aMessages);
+    MsgShow(aMessages);
     if (!res)
         return MsgFail(MsgIcon::Exclamation, "Airmail's sunspot number: " + res.TextGet());
     if (!res.ValueGet())

@@ -28,7 +28,7 @@ std::optional<double> GridSquareOf(LocationKind eKind, const QString& sText)
     std::string sGrid = match.captured(1).toStdString();
     double dLat = 0.0;
     double dLon = 0.0;
-    if (!match.hasMatch() || !GridSquareToPosition(sGrid, dLat, dLon, false))
+    if (!match.hasMatch() || !GridSquareToPosition(sGrid, dLat, dLon, nullptr))
         return {};
     return eKind == LocationKind::Latitude ? dLat : dLon;
 }

@@ -2,6 +2,7 @@
 
 #include "airmail/AirMailLib.h"
 #include "geo/BearingLib.h"
+#include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
 
@@ -63,8 +64,9 @@ bool StationMenu::Build()
 {
     int nSystems = 0;
     TextList asSystem;
-    if (!AirMailGetSystems(nSystems, asSystem))
-        return false;
+    Messages aMessages;
+    if (!AirMailGetSystems(nSystems, asSystem, &aMessages))
+        return MsgShow(aMessages);
     for (Branch& branch : m_aBranches) {
         branch.aStations.clear();
         branch.pMenu->menuAction()->setEnabled(false);
@@ -73,13 +75,14 @@ bool StationMenu::Build()
         Branch& branch = BranchOf(asSystem[i]);
         int nKeys = 0;
         TextList asKey;
-        const bool bRead = AirMailGetStations(asSystem[i], nKeys, asKey);
+        const bool bRead = AirMailGetStations(asSystem[i], nKeys, asKey, &aMessages);
         branch.pMenu->menuAction()->setEnabled(bRead);
         for (int j = 1; bRead && j <= nKeys; ++j)
             branch.aStations.push_back(
-                {asSystem[i], asKey[j], AirMailStationDescription(asSystem[i], asKey[j], false)});
+                {asSystem[i], asKey[j], AirMailStationDescription(asSystem[i], asKey[j], nullptr)});
     }
     for (Branch& branch : m_aBranches) ItemsLayout(branch);
+    MsgShow(aMessages);
     return true;
 }
 
@@ -114,12 +117,12 @@ QAction* StationMenu::ItemMake(Branch& branch, std::size_t n)
 QString StationMenu::Tip(const Station& station) const
 {
     const std::string sEntry =
-        AirMailIniGet("System." + station.sSystem + ".ini", "Station Info", station.sKey, false);
+        AirMailIniGet("System." + station.sSystem + ".ini", "Station Info", station.sKey, nullptr);
     std::string sGrid = sEntry.substr(0, sEntry.find(':'));
     const QString sShown = QString::fromStdString(TextForMessage(sGrid));
     double dLat = 0.0;
     double dLon = 0.0;
-    if (sEntry.find(':') == std::string::npos || !GridSquareToPosition(sGrid, dLat, dLon, false))
+    if (sEntry.find(':') == std::string::npos || !GridSquareToPosition(sGrid, dLat, dLon, nullptr))
         return tr("No position known");
     const double dBearing = BearingGet(m_dRcLat, m_dRcLon, dLat, dLon);
     return tr("Grid square %1, bearing %2° from the receiver")

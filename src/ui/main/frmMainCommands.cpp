@@ -121,8 +121,10 @@ bool frmMain::PositionTake(LocationField& field, double& dValue)
     const std::string sText = field.text().toStdString();
     const bool bLat = &field == txtLat0 || &field == txtLat1;
     double dTaken = 0.0;
-    if (!(bLat ? TextToLatitude(sText, dTaken, true) : TextToLongitude(sText, dTaken, true)))
-        return false;
+    Messages aMessages;
+    if (!(bLat ? TextToLatitude(sText, dTaken, &aMessages)
+               : TextToLongitude(sText, dTaken, &aMessages)))
+        return MsgShow(aMessages);
     const NumberRange& range = bLat ? kRangeLatitude : kRangeLongitude;
     if (!range.Holds(dTaken)) {
         PositionRefuse(field, sText + " lies beyond " + NumberToText(range.dMost) + "°");
@@ -145,7 +147,9 @@ void frmMain::cmdRcAirmailClick()
     double dLat = 0.0;
     double dLon = 0.0;
     DateTime dtTime;
-    const auto res = AirMailPositionGet(dLat, dLon, dtTime, true);
+    Messages aMessages;
+    const auto res = AirMailPositionGet(dLat, dLon, dtTime, &aMessages);
+    MsgShow(aMessages);
     if (!res)
         MsgBox(MsgIcon::None, "Airmail's position: " + res.TextGet());
     if (!res || !res.ValueGet())
@@ -166,7 +170,10 @@ void frmMain::StationChoose(const Station& station)
 {
     double dLat = 0.0;
     double dLon = 0.0;
-    const auto res = AirMailStationPosition(station.sSystem, station.sKey, dLat, dLon, true);
+    Messages aMessages;
+    const auto res =
+        AirMailStationPosition(station.sSystem, station.sKey, dLat, dLon, true, aMessages);
+    MsgShow(aMessages);
     if (!res)
         MsgBox(MsgIcon::None,
                "Airmail's station " + TextForMessage(station.sKey) + ": " + res.TextGet());

@@ -184,7 +184,9 @@ bool frmMain::PredictionMake()
 {
     m_sTrouble.clear();
     float fSunSpotNumber = 0.0F;
-    const auto resSunSpot = SunSpotNumberGet(m_settings, fSunSpotNumber);
+    Messages aMessages;
+    const auto resSunSpot = SunSpotNumberGet(m_settings, fSunSpotNumber, &aMessages);
+    MsgShow(aMessages);
     if (!resSunSpot)
         MsgBox(MsgIcon::None, "Airmail's sunspot number: " + resSunSpot.TextGet());
     m_bSunSpotNumber = resSunSpot && resSunSpot.ValueGet();

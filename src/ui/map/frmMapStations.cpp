@@ -35,8 +35,11 @@ Result<void> frmMap::StationsLoad()
     if (m_nSystem > 0)
         return {};
     TextList asSystem;
-    if (!AirMailGetSystems(m_nSystem, asSystem))
+    Messages aMessages;
+    if (!AirMailGetSystems(m_nSystem, asSystem, &aMessages)) {
+        MsgShow(aMessages);
         return {};
+    }
     Result<void> resFirst;
     for (int i = 1; i <= m_nSystem; ++i) {
         QAction* pItem =
@@ -55,22 +58,26 @@ Result<void> frmMap::SystemLoad(const std::string& sSystem, int iSystem)
 {
     int nStation = 0;
     TextList asKey;
-    if (!AirMailGetStations(sSystem, nStation, asKey))
+    Messages aMessages;
+    if (!AirMailGetStations(sSystem, nStation, asKey, &aMessages)) {
+        MsgShow(aMessages);
         return {};
+    }
     Result<void> resFirst;
     for (int i = 1; i <= nStation; ++i) {
         MapStation station;
         station.iSystem = iSystem;
         const Result<bool> resPosition =
-            AirMailStationPosition(sSystem, asKey[i], station.dLat, station.dLon, false);
+            AirMailStationPosition(sSystem, asKey[i], station.dLat, station.dLon, false, aMessages);
         if (!resPosition && resFirst)
             resFirst = resPosition.ErrorGet();
         if (!resPosition || !resPosition.ValueGet())
             continue;
-        const std::string sDescription = AirMailStationDescription(sSystem, asKey[i], false);
+        const std::string sDescription = AirMailStationDescription(sSystem, asKey[i], nullptr);
         StationAdd(station, QString::fromStdString(TextForMessage(
                                 sDescription.empty() ? asKey[i] : asKey[i] + ", " + sDescription)));
     }
+    MsgShow(aMessages);
     return resFirst;
 }
 

@@ -77,7 +77,7 @@ void frmOptions::AirMailLoad()
     double dLatitude = 0.0;
     double dLongitude = 0.0;
     DateTime dtTime;
-    const auto resFound = AirMailPositionGet(dLatitude, dLongitude, dtTime, false);
+    const auto resFound = AirMailPositionGet(dLatitude, dLongitude, dtTime, nullptr);
     lblAirMailLatLon->setText(resFound && resFound.ValueGet()
                                   ? PositionText(dLatitude, dLongitude, dtTime)
                                   : QStringLiteral("Unable to get Lat/Lon data."));
