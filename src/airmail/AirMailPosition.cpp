@@ -4,7 +4,6 @@
 
 #include "airmail/AirMailIni.h"
 #include "geo/MathLib.h"
-#include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
 

@@ -11,7 +11,6 @@
 #include "airmail/AirMailFolders.h"
 #include "settings/SettingsRange.h"
 #include "system/ErrorTextLib.h"
-#include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/PathLib.h"
 #include "system/PrivateProfileLib.h"
@@ -343,7 +342,8 @@ std::vector<std::string> SettingsFaultsGet(const Settings& settings, bool bFrequ
     return asFault;
 }
 
-bool ProfileSave(const Settings& settings, const std::optional<WindowData>& window)
+bool ProfileSave(const Settings& settings, const std::optional<WindowData>& window,
+                 Messages* paMessages)
 {
     Writer writer;
     writer.Text(kAirMail, "Directory Data", AirMailDataFolderGet());
@@ -363,13 +363,13 @@ bool ProfileSave(const Settings& settings, const std::optional<WindowData>& wind
         WindowSave(writer, *window);
     writer.Number(kMap, kWorldBegins, settings.m_iMapWorldBegins);
     const int nError = writer.Write(settings.m_sProfileFile);
-    if (nError != 0)
-        ProfileSaveError(settings, nError);
+    if (nError != 0 && paMessages != nullptr)
+        paMessages->push_back(ProfileSaveError(settings, nError));
     return nError == 0;
 }
 
-void ProfileSaveError(const Settings& settings, int nErrorCode)
+Message ProfileSaveError(const Settings& settings, int nErrorCode)
 {
-    MsgBox(MsgIcon::Info, "Problem with initialization file " + settings.m_sProfileFile + ", "
-                              + SystemErrorText(nErrorCode));
+    return {MsgIcon::Info, "Problem with initialization file " + settings.m_sProfileFile + ", "
+                               + SystemErrorText(nErrorCode)};
 }

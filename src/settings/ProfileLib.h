@@ -4,8 +4,8 @@
 /// replacement, on Windows key by key.
 ///
 /// Units:   as in Settings; the window's place in twips (pixels times 15, of the outer frame).
-/// Errors:  loading shows no box, the caller is told; saving shows one (ProfileSaveError) and
-/// stops. Tests:   tests/settings/ProfileLibTest.cpp
+/// Errors:  both tell their caller; neither shows a box.
+/// Tests:   tests/settings/ProfileLibTest.cpp
 #pragma once
 
 #include <functional>
@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "settings/Settings.h"
+#include "system/Message.h"
 #include "system/Result.h"
 
 /// The main window's outer frame, twips.
@@ -54,13 +55,15 @@ void ProfileShippedSet(Settings& settings);
 [[nodiscard]] std::vector<std::string> SettingsFaultsGet(const Settings& settings,
                                                          bool bFrequencies);
 
-/// Writes every key to settings.m_sProfileFile. Stops at the first write that fails and reports it.
+/// Writes every key to settings.m_sProfileFile. Stops at the first write that fails.
 /// @param window  the window's place; nothing while it is minimised or maximised, so that the file
 ///                keeps the last normal place.
+/// @param paMessages  gets the report of a failure (ProfileSaveError).
 /// @return true when all was written.
-bool ProfileSave(const Settings& settings, const std::optional<WindowData>& window);
+bool ProfileSave(const Settings& settings, const std::optional<WindowData>& window,
+                 Messages* paMessages);
 
 /// The report of a failed save: "Problem with initialization file " + path + ", " + the system's
 /// text.
 /// @param nErrorCode  the system's error code of the failed write.
-void ProfileSaveError(const Settings& settings, int nErrorCode);
+[[nodiscard]] Message ProfileSaveError(const Settings& settings, int nErrorCode);

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "support/MsgRecorder.h"
 #include "settings/ProfileLib.h"
 #include "support/TempFolder.h"
 
@@ -98,7 +99,7 @@ TEST(Documents, EveryKeyOfTheProfileIsTold)
     const TempFolder folder;
     Settings settings;
     settings.m_sProfileFile = folder.Path("all.ini");
-    ASSERT_TRUE(ProfileSave(settings, WindowData{}));
+    ASSERT_TRUE(ProfileSave(settings, WindowData{}, Told()));
     const std::string sDocument = BytesRead(DOCS_FOLDER "/files.md");
     int nKeys = 0;
     for (const std::string& sLine : LinesRead(settings.m_sProfileFile)) {

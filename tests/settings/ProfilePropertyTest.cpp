@@ -11,6 +11,7 @@
 #include <string>
 
 #include "airmail/AirMailFolders.h"
+#include "support/MsgRecorder.h"
 #include "settings/ProfileLib.h"
 #include "support/PropertyRandom.h"
 #include "support/TempFolder.h"
@@ -115,7 +116,7 @@ TEST_F(ProfileProperty, WhatWasSavedIsLoadedButForThreeValues)
         AirMailDataFolderSet(sData);
         const WindowData window{SingleRandom(random), SingleRandom(random), SingleRandom(random),
                                 SingleRandom(random)};
-        ASSERT_TRUE(ProfileSave(saved, window));
+        ASSERT_TRUE(ProfileSave(saved, window, Told()));
 
         Settings loaded;
         loaded.m_sProfileFile = saved.m_sProfileFile;

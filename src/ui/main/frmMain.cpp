@@ -124,7 +124,10 @@ void frmMain::Initialize()
     m_settings.m_sProfileFile = sProfileFile;
 }
 
-void frmMain::ProfileSaveError(int nErrorCode) const { ::ProfileSaveError(m_settings, nErrorCode); }
+void frmMain::ProfileSaveError(int nErrorCode) const
+{
+    MsgShow({::ProfileSaveError(m_settings, nErrorCode)});
+}
 
 float frmMain::FrequencyGet(int iIndex) const { return m_settings.FrequencyGet(iIndex); }
 
@@ -153,7 +156,12 @@ void frmMain::ProfileRead()
         m_rectOuter = rectOuter;
 }
 
-void frmMain::ProfileWrite() { ProfileSave(m_settings, WindowDataGet(*this)); }
+void frmMain::ProfileWrite()
+{
+    Messages aMessages;
+    ProfileSave(m_settings, WindowDataGet(*this), &aMessages);
+    MsgShow(aMessages);
+}
 
 void frmMain::showEvent(QShowEvent* pEvent)
 {

@@ -1,4 +1,5 @@
 // Every member that the dialog shows: through the dialog, a saved profile and a new start.
+#include "support/MsgRecorder.h"
 #include "settings/ProfileLib.h"
 #include "ui/options/FrmOptionsFixture.h"
 
@@ -12,7 +13,7 @@ TEST_F(FrmOptions, SettingsOutliveARestart)
     ASSERT_TRUE(GoneIs());
 
     m_host.m_settings.m_sProfileFile = m_folder.Path("saved.ini");
-    ASSERT_TRUE(ProfileSave(m_host.m_settings, std::nullopt));
+    ASSERT_TRUE(ProfileSave(m_host.m_settings, std::nullopt, Told()));
     m_host.m_settings = Settings();
     m_host.m_settings.m_sProfileFile = m_folder.Path("saved.ini");
     ASSERT_TRUE(ProfileLoad(m_host.m_settings, {}));
