@@ -48,10 +48,8 @@ public:
         return m_settings.FrequencyGet(iIndex);
     }
     void FrequencySet(int iIndex, float fKhz) override { m_settings.FrequencySet(iIndex, fKhz); }
-    [[nodiscard]] std::string FrequencyTextGet(int iRow) const override
-    {
-        return NumberFormat(FrequencyGet(iRow), "0");
-    }
+    [[nodiscard]] Request TableInputGet() const override { return RequestFromSettings(m_settings); }
+    void OverlayFailedSet(const std::optional<Failure>& /*failure*/) override {}
 
 private:
     Settings m_settings;

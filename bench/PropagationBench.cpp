@@ -8,11 +8,11 @@
 #include <string>
 
 #include "BenchRoot.h"
-#include "propagation/DeckLib.h"
-#include "propagation/EngineLib.h"
 #include "propagation/PropagationAreaLib.h"
 #include "propagation/PropagationLib.h"
-#include "propagation/ReaderLib.h"
+#include "propagation/deck/DeckLib.h"
+#include "propagation/itshfbc/EngineProgram.h"
+#include "propagation/reader/ReaderLib.h"
 #include "system/MsgLib.h"
 #include "system/ProcessLib.h"
 
@@ -37,9 +37,9 @@ public:
     }
 };
 
-PropagationInput InputMake(int iModel)
+Request InputMake(int iModel)
 {
-    PropagationInput input = PropagationInputFromSettings(Settings());
+    Request input = RequestFromSettings(Settings());
     input.iModel = iModel;
     input.nData = kChunkMax;
     return input;
@@ -47,7 +47,7 @@ PropagationInput InputMake(int iModel)
 
 void DeckBench(benchmark::State& state, int iModel)
 {
-    const PropagationInput input = InputMake(iModel);
+    const Request input = InputMake(iModel);
     for (auto _ : state) {
         auto resDeck = iModel == kEngineRec533 ? DeckRec533(input, 1, kChunkMax, 2026)
                                                : DeckIcepacVoacap(input, 1, kChunkMax, 2026);
@@ -60,7 +60,7 @@ void DeckBench(benchmark::State& state, int iModel)
 
 void AreaDeckBench(benchmark::State& state, int iModel)
 {
-    PropagationAreaInput input = PropagationAreaInputFromSettings(Settings());
+    AreaRequest input = AreaRequestFromSettings(Settings());
     input.iModel = iModel;
     for (auto _ : state) {
         auto resDeck = DeckArea(input);
@@ -73,7 +73,7 @@ void AreaDeckBench(benchmark::State& state, int iModel)
 
 void ReaderBench(benchmark::State& state, int iModel, const std::string& sOutput)
 {
-    const PropagationInput input = InputMake(iModel);
+    const Request input = InputMake(iModel);
     for (auto _ : state) {
         PropagationTable table(kChunkMax);
         auto resFile = TextFile::Open(sOutput);
@@ -103,7 +103,7 @@ void GridBench(benchmark::State& state, int iModel, const std::string& sGrid, co
         double dLat = 0.0;
         double dLon = 0.0;
         float fSnr = 0.0F;
-        if (PropagationAreaOpenFile(iModel, file)) {
+        if (!PropagationAreaOpenFile(iModel, file)) {
             for (;; ++nPoints) {
                 const auto resRead =
                     PropagationAreaReadPoint(file, iIndex1, iIndex2, dLat, dLon, fSnr);
@@ -124,7 +124,7 @@ void RunBench(benchmark::State& state, int iModel, const std::string& sOutput)
 {
     constexpr int kNoProcess = 999999999;
     const FullRoot root;
-    const PropagationInput input = InputMake(iModel);
+    const Request input = InputMake(iModel);
     const auto fnBefore = ProcessSetHandler([&](const ProcessCommand&) -> Result<int> {
         state.PauseTiming();
         fs::copy_file(sOutput, root.PathGet("RUN") / "sound.out");
@@ -133,7 +133,8 @@ void RunBench(benchmark::State& state, int iModel, const std::string& sOutput)
     });
     for (auto _ : state) {
         PropagationTable table(kChunkMax);
-        if (!PropagationRun(input, table))
+        std::vector<Failure> aFailures;
+        if (!PropagationRun(input, table, aFailures))
             state.SkipWithError("no prediction");
     }
     ProcessSetHandler(fnBefore);

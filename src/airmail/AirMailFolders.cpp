@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "system/AnsiLib.h"
+#include "system/DrivePath.h"
 #include "system/FileLib.h"
-#include "system/PathLib.h"
 #include "system/RegistryLib.h"
 
 namespace {
@@ -127,19 +127,24 @@ void AirMailFoldersReset() { FoldersGet() = Folders{}; }
 void AirMailFoldersFind()
 {
     Folders& folders = FoldersGet();
-    if (!FileExists(AirMailPathGet(folders.program.sPath, "Airmail3.exe"))) {
+    if (!FileExists(AirMailFileGet(folders.program.sPath, "Airmail3.exe"))) {
         auto sFolder = RegistryFolderGet();
         if (!sFolder)
             return;
         folders.program = {*std::move(sFolder), AirMailOrigin::Registry};
         folders.data = folders.program;
     }
-    if (!FileExists(AirMailPathGet(folders.data.sPath, "Airmail.ini")))
-        InstallLogRead(AirMailPathGet(folders.program.sPath, "Install.log"), folders.data);
+    if (!FileExists(AirMailFileGet(folders.data.sPath, "Airmail.ini")))
+        InstallLogRead(AirMailFileGet(folders.program.sPath, "Install.log"), folders.data);
 }
 
 std::string AirMailPathGet(const std::string& sFolder, std::string_view sName)
 {
     // A folder of the host gets its Windows name, so that names below it are found in any case.
     return PathToWindows(sFolder).append("\\").append(sName);
+}
+
+std::string AirMailFileGet(const std::string& sFolder, std::string_view sName)
+{
+    return DrivePath(AirMailPathGet(sFolder, sName));
 }

@@ -40,5 +40,7 @@ void AirMailFoldersReset();
 /// search; what was set before stays.
 void AirMailFoldersFind();
 
-/// Path of a file in one of the folders, for the file services: the folder, a backslash, the name.
+/// Path of a file in one of the folders as Windows spells it: the folder, a backslash, the name.
 [[nodiscard]] std::string AirMailPathGet(const std::string& sFolder, std::string_view sName);
+/// The same file's path on this host, for the file services.
+[[nodiscard]] std::string AirMailFileGet(const std::string& sFolder, std::string_view sName);

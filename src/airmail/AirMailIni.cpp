@@ -14,8 +14,8 @@ constexpr const char* kVersionTested = "3.1.936";
 std::string AirMailIniGet(const std::string& sFile, const std::string& sSection,
                           const std::string& sKey, Messages* paMessages)
 {
-    std::string sValue = PrivateProfileGetWindows1252(sSection, sKey, "", kBufferSize,
-                                           AirMailPathGet(AirMailDataFolderGet(), sFile));
+    std::string sValue = PrivateProfileGetWindows1252(
+        sSection, sKey, "", kBufferSize, AirMailFileGet(AirMailDataFolderGet(), sFile));
     if (sValue.empty())
         MessageFail(paMessages, MsgIcon::Exclamation,
                     "Unable to find AirMail's " + sSection + ", " + TextForMessage(sKey) + " in \""

@@ -36,7 +36,7 @@ bool RangeCheck(const Place& place, const char* sKey, const std::string& sText, 
 }
 
 Result<bool> PlaceRead(const Place& place, double& dLatitude, double& dLongitude, DateTime& dtTime,
-                       bool Messages* paMessages, std::string* psFault)
+                       Messages* paMessages, std::string* psFault)
 {
     const auto ValueGet = [&](const char* sKey) {
         return AirMailIniGet(kAirMailIniFile, place.sSection, sKey, paMessages);
@@ -66,7 +66,7 @@ Result<bool> PlaceRead(const Place& place, double& dLatitude, double& dLongitude
 }  // namespace
 
 Result<bool> AirMailPositionGet(double& dLatitude, double& dLongitude, DateTime& dtTime,
-                                bool Messages* paMessages, std::string* psFault)
+                                Messages* paMessages, std::string* psFault)
 {
     dtTime = {};
     for (const Place& place : kPlaces) {

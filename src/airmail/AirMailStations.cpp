@@ -52,7 +52,7 @@ bool AirMailGetSystems(int& nCount, TextList& asName, Messages* paMessages)
 {
     asName = {};
     for (const std::string& sFile :
-         FilesList(AirMailPathGet(AirMailDataFolderGet(), "System.*.ini"))) {
+         FilesList(AirMailFileGet(AirMailDataFolderGet(), "System.*.ini"))) {
         const std::size_t nFirst = sFile.find('.');
         const std::size_t nSecond =
             nFirst == std::string::npos ? nFirst : sFile.find('.', nFirst + 1);
@@ -72,7 +72,7 @@ bool AirMailGetStations(const std::string& sSystem, int& nCount, TextList& asKey
 {
     asKey = {};
     nCount = 0;
-    auto resFile = TextFile::Open(AirMailPathGet(AirMailDataFolderGet(), StationFileName(sSystem)));
+    auto resFile = TextFile::Open(AirMailFileGet(AirMailDataFolderGet(), StationFileName(sSystem)));
     if (!resFile)
         return StationsFail(paMessages, " - Open, Unable to open", sSystem,
                             " Station Info data." + resFile.TextGet());

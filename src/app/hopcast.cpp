@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "propagation/itshfbc/EngineRoot.h"
 #include "settings/ProfileLib.h"
 #include "system/ClockLib.h"
 #include "system/ConsoleLib.h"
-#include "system/EngineRootLib.h"
 #include "system/LeftoverLib.h"
 #include "system/MsgLib.h"
 #include "system/PathLib.h"

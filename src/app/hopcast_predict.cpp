@@ -7,8 +7,8 @@
 
 #include "app/predict/PredictOptions.h"
 #include "app/predict/PredictRun.h"
+#include "propagation/itshfbc/EngineRoot.h"
 #include "system/ConsoleLib.h"
-#include "system/EngineRootLib.h"
 #include "system/FileLib.h"
 #include "system/MsgLib.h"
 #include "system/PathLib.h"

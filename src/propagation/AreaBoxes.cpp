@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "propagation/DeckLayout.h"
-#include "propagation/FortranFormat.h"
+#include "propagation/deck/DeckLayout.h"
+#include "propagation/deck/FortranFormat.h"
 #include "system/NumberLib.h"
 
 namespace {

@@ -11,6 +11,7 @@
 
 #include "propagation/PropagationTable.h"
 #include "propagation/Request.h"
+#include "system/Message.h"
 
 /// Why an engine gave no answer.
 enum class FailureKind {
@@ -33,18 +34,19 @@ struct Failure {
     std::string sDetail = {};  ///< what else is known, for a status line; often empty
     int iFirst = 0;            ///< first and last frequency without a value; 0 for an area
     int iLast = 0;
+    MsgIcon eIcon = MsgIcon::Exclamation;  ///< of the message box
+    bool bTellAlways = false;              ///< told even where a second attempt may still do
 
     bool operator==(const Failure&) const = default;
 };
 
 /// A path's prediction.
 struct Prediction {
-    Request request;
     std::string sEngine;         ///< display name, "REC533"
     std::string sEngineVersion;  ///< "built-in, P.533-14" ...; empty where the engine tells none
     bool bOk = false;            ///< the required outcome: that of the last chunk
     std::vector<Failure> aFailures;  ///< in the order in which they were met
-    PropagationTable table;
+    PropagationTable table;          ///< with its request; frequencies that failed are absent
 };
 
 struct AreaPoint {

@@ -4,12 +4,10 @@
 #include <string_view>
 #include <utility>
 
-#include "propagation/DeckLayout.h"
-#include "propagation/DeckLib.h"
-#include "propagation/EngineRun.h"
-#include "propagation/ReaderFields.h"
-#include "propagation/ReaderLib.h"
-#include "system/MsgLib.h"
+#include "propagation/deck/DeckLayout.h"
+#include "propagation/deck/DeckLib.h"
+#include "propagation/reader/ReaderFields.h"
+#include "propagation/reader/ReaderLib.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
 #include "system/TextLib.h"
@@ -19,22 +17,16 @@ namespace {
 constexpr std::string_view kSnrLabel = " SNRxx";  // ICEPAC and VOACAP
 constexpr std::string_view kSnrLabelRec533 = " SNxx";
 
-bool AreaFail(const std::string& sText)
-{
-    return MsgFail(MsgIcon::Exclamation, "PropagationAreaOpen, " + sText);
-}
+constexpr EngineTexts kAreaTexts{"PropagationAreaOpen, ", "PropagationAreaOpen, ",
+                                 "PropagationAreaOpen, ", "PropagationAreaOpen, ",
+                                 "PropagationAreaOpen, Shell do not finish.",
+                                 // After a failed run an old grid would pass for the new one: the
+                                 // engines leave it.
+                                 true};
 
 std::string AreaPath(std::string_view sName)
 {
     return std::string(kAreaFolder) + std::string(sName);
-}
-
-Result<void> AreaDeckWrite(const PropagationAreaInput& input, const std::string& sPath)
-{
-    auto resFile = DeckOpen(sPath);
-    if (!resFile)
-        return resFile.ErrorGet();
-    return DeckWrite(resFile.ValueGet(), DeckArea(input));
 }
 
 Result<int> FieldInteger(std::string_view sLine, const Field& fld)
@@ -54,47 +46,46 @@ Result<double> FieldDouble(std::string_view sLine, const Field& fld)
 
 void AreaFile::Close() { *this = AreaFile(); }
 
-bool PropagationAreaOpen(const PropagationAreaInput& input, AreaFile& file)
+std::optional<Failure> PropagationAreaOpen(const AreaRequest& request, AreaFile& file,
+                                           const EngineWay& way)
 {
     file.Close();
-    const EngineProgram* pEngine = EngineFind(input.iModel);
+    const EngineProgram* pEngine = EngineFind(request.iModel);
     if (pEngine == nullptr)
-        return AreaFail(kInvalidCall);
-    if (const auto resRange = RangeCheck(input); !resRange)
-        return AreaFail(resRange.TextGet());
-    const AttemptTimer timer(input.nGridSize);
-    auto resLock = EngineLockTake(timer);
-    if (!resLock)
-        return AreaFail(resLock.TextGet());
-    if (auto resWritten = AreaDeckWrite(input, AreaPath(pEngine->sAreaDeck)); !resWritten)
-        return AreaFail(resWritten.TextGet());
-    // After a failed run an old grid would pass for the new one: the engines leave it.
-    if (auto resRemoved = OldOutputRemove(AreaPath(pEngine->sAreaGrid)); !resRemoved)
-        return AreaFail(resRemoved.TextGet());
-    const Result<int> resId =
-        EngineStart(*pEngine, resLock.ValueGet(), {"AREA", "CALC", pEngine->sAreaDeck});
-    if (!resId)
-        return AreaFail(resId.TextGet());
-    if (resId.ValueGet() == 0)
-        return EngineNotStarted(*pEngine);
-    if (!EngineWait(resId.ValueGet(), timer))
-        return AreaFail("Shell do not finish.");
-    file.m_lock = std::move(resLock.ValueGet());
-    return true;
+        return Failure{FailureKind::NotInstalled, std::string(kAreaTexts.sOpen) + kInvalidCall};
+    if (const auto resRange = RangeCheck(request); !resRange)
+        return Failure{FailureKind::BadInput, std::string(kAreaTexts.sOpen) + resRange.TextGet()};
+    EngineAttempt attempt({pEngine,
+                           &kAreaTexts,
+                           {"AREA", "CALC", std::string(pEngine->sAreaDeck)},
+                           AreaPath(pEngine->sAreaDeck),
+                           AreaPath(pEngine->sAreaGrid),
+                           [&request] { return DeckArea(request); },
+                           request.nGridSize},
+                          way);
+    if (auto failure = attempt.Run())
+        return failure;
+    file.m_lock = attempt.LockTake();
+    file.m_pPlace = attempt.PlaceGet();
+    return {};
 }
 
-bool PropagationAreaOpenFile(int iModel, AreaFile& file)
+std::optional<Failure> PropagationAreaOpenFile(int iModel, AreaFile& file)
 {
     std::optional<FileLock> lock = std::move(file.m_lock);
+    auto pPlace = std::move(file.m_pPlace);
     file.Close();
     const EngineProgram* pEngine = EngineFind(iModel);
-    auto resFile = pEngine ? TextFile::Open(AreaPath(pEngine->sAreaGrid))
+    if (pEngine != nullptr && pPlace == nullptr)
+        pPlace = std::make_shared<EnginePlace>(false);
+    auto resFile = pEngine ? TextFile::Open(pPlace->Path(AreaPath(pEngine->sAreaGrid)))
                            : Result<TextFile>(RunError{kInvalidCall});
     if (!resFile)
-        return MsgFail(MsgIcon::Exclamation, "PropagationAreaOpenFile, " + resFile.TextGet());
+        return Failure{FailureKind::File, "PropagationAreaOpenFile, " + resFile.TextGet()};
     file.m_lock = std::move(lock);
+    file.m_pPlace = std::move(pPlace);
     file.m_file = std::move(resFile.ValueGet());
-    return true;
+    return {};
 }
 
 Result<void> AreaFile::HeadRead()
@@ -167,4 +158,33 @@ Result<bool> PropagationAreaReadPoint(AreaFile& file, int& iIndex1, int& iIndex2
     dCoordinate2 = resLon.ValueGet();
     fSnr = resSnr.ValueGet();
     return true;
+}
+
+std::vector<Failure> AreaPointsRead(const AreaRequest& request, std::vector<AreaPoint>& aPoints,
+                                    const EngineWay& way)
+{
+    AreaFile file;
+    if (auto failure = PropagationAreaOpen(request, file, way))
+        return {std::move(*failure)};
+    if (auto failure = PropagationAreaOpenFile(request.iModel, file))
+        return {std::move(*failure)};
+    const auto nWanted =
+        static_cast<std::size_t>(request.nGridSize) * static_cast<std::size_t>(request.nGridSize);
+    std::vector<AreaPoint> aRead;
+    for (;;) {
+        int iIndex1 = 0;
+        int iIndex2 = 0;
+        AreaPoint pnt;
+        const auto res =
+            PropagationAreaReadPoint(file, iIndex1, iIndex2, pnt.dLat, pnt.dLon, pnt.fSnr);
+        if (!res)
+            return {Failure{FailureKind::BadOutput, res.TextGet()}};
+        if (!res.ValueGet())
+            break;
+        aRead.push_back(pnt);
+    }
+    if (aRead.size() != nWanted)
+        return {Failure{FailureKind::BadOutput, "The engine's grid is not complete."}};
+    aPoints = std::move(aRead);
+    return {};
 }

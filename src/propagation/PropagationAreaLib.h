@@ -2,14 +2,17 @@
 /// Area predictions for the map's overlay: one hour, one frequency, a grid of points.
 ///
 /// Units:   degrees, dB.
-/// Errors:  PropagationAreaOpen and PropagationAreaOpenFile show one box; the point reader hands
-///          its error to the caller.
+/// Errors:  each a Failure with the text of its message box, which the caller shows; the point
+///          reader's an error without a text of its own.
 /// Tests:   tests/propagation/PropagationAreaTest.cpp
 #pragma once
 
+#include <memory>
 #include <optional>
+#include <vector>
 
-#include "propagation/PropagationInput.h"
+#include "propagation/Prediction.h"
+#include "propagation/itshfbc/EngineRun.h"
 #include "system/FileLib.h"
 #include "system/LockLib.h"
 #include "system/Result.h"
@@ -22,8 +25,9 @@ public:
     void Close();
 
 private:
-    friend bool PropagationAreaOpen(const PropagationAreaInput& input, AreaFile& file);
-    friend bool PropagationAreaOpenFile(int iModel, AreaFile& file);
+    friend std::optional<Failure> PropagationAreaOpen(const AreaRequest& request, AreaFile& file,
+                                                      const EngineWay& way);
+    friend std::optional<Failure> PropagationAreaOpenFile(int iModel, AreaFile& file);
     friend Result<bool> PropagationAreaReadPoint(AreaFile& file, int& iIndex1, int& iIndex2,
                                                  double& dCoordinate1, double& dCoordinate2,
                                                  float& fSnr);
@@ -32,6 +36,7 @@ private:
     Result<float> SnrCut(std::string_view sLine) const;
 
     std::optional<FileLock> m_lock;
+    std::shared_ptr<EnginePlace> m_pPlace;  // a folder of the run's own goes with it
     std::optional<TextFile> m_file;
     bool m_bHeadRead = false;
     int m_nSnrColumn = 0;    // from 1; 0: the head names no SNR
@@ -41,11 +46,19 @@ private:
 
 /// Writes the area deck, deletes the old grid and runs the engine; on success `file` keeps the
 /// engine root until it is closed, read to its end, or destroyed.
-/// @return true when the engine finished in time with exit code 0.
-bool PropagationAreaOpen(const PropagationAreaInput& input, AreaFile& file);
+/// @return nothing when the engine finished in time with exit code 0.
+[[nodiscard]] std::optional<Failure> PropagationAreaOpen(const AreaRequest& request, AreaFile& file,
+                                                         const EngineWay& way = {});
 
-/// Opens the grid that the engine of this model wrote last.
-bool PropagationAreaOpenFile(int iModel, AreaFile& file);
+/// Opens the grid that PropagationAreaOpen has made, or the one that the engine of this model wrote
+/// last.
+[[nodiscard]] std::optional<Failure> PropagationAreaOpenFile(int iModel, AreaFile& file);
+
+/// Runs an area and reads its grid to the end: the required number of points, in grid order.
+/// @return why there are no points; nothing when there are.
+[[nodiscard]] std::vector<Failure> AreaPointsRead(const AreaRequest& request,
+                                                  std::vector<AreaPoint>& aPoints,
+                                                  const EngineWay& way = {});
 
 /// Next point of an opened grid.
 /// @param iIndex1, iIndex2            place in the grid along latitude and longitude, from 1

@@ -2,155 +2,129 @@
 
 #include <algorithm>
 #include <string>
-#include <string_view>
 #include <utility>
-#include <vector>
 
-#include "propagation/DeckLib.h"
-#include "propagation/EngineRun.h"
-#include "propagation/ReaderLib.h"
+#include "propagation/deck/DeckLib.h"
+#include "propagation/reader/ReaderLib.h"
 #include "system/ClockLib.h"
-#include "system/FileLib.h"
-#include "system/MsgLib.h"
-#include "system/RunErrorText.h"
 
 namespace {
 
-/// Beginnings of a run's messages.
-struct RunTexts {
-    std::string_view sOpen;
-    std::string_view sOutput;
-    std::string_view sShell;
-    std::string_view sInput;
-    std::string_view sNotFinished;
-};
+constexpr EngineTexts kIcepacVoacapTexts{"PropagationIcepacVoacap, Open ",
+                                         "PropagationIcepacVoacap, Output ",
+                                         "PropagationIcepacVoacap, Shell ",
+                                         "PropagationIcepacVoacap, Input, ",
+                                         "PropagationIcepacVoacap, Shell do not finish.",
+                                         false};
+constexpr EngineTexts kRec533Texts{"PropagationRec533, Open ",
+                                   "PropagationRec533, Output ",
+                                   "PropagationRec533, Shell ",
+                                   "PropagationRec533, Input ",
+                                   "PropagationRec533, Shell do not finish.",
+                                   false};
 
-constexpr RunTexts kIcepacVoacapTexts{
-    "PropagationIcepacVoacap, Open ", "PropagationIcepacVoacap, Output ",
-    "PropagationIcepacVoacap, Shell ", "PropagationIcepacVoacap, Input, ",
-    "PropagationIcepacVoacap, Shell do not finish."};
-constexpr RunTexts kRec533Texts{"PropagationRec533, Open ", "PropagationRec533, Output ",
-                                "PropagationRec533, Shell ", "PropagationRec533, Input ",
-                                "PropagationRec533, Shell do not finish."};
-
-struct RunTask {
-    const PropagationInput& m_input;
+/// Frequencies iFirst..iLast of a request.
+struct Chunk {
+    const Request& m_request;
     int iFirst;
     int iLast;
-    bool bShowError;
-    PropagationTable& m_table;
 };
 
-bool Fail(const RunTask& task, std::string_view sStage, const std::string& sError = {})
+Result<std::string> DeckMake(const Chunk& chunk)
 {
-    if (task.bShowError)
-        MsgBox(MsgIcon::Exclamation, std::string(sStage) + sError);
-    return false;
-}
-
-Result<std::string> DeckMake(const RunTask& task)
-{
-    const int nYear = LocalNow().nYear;
-    Result<std::string> resDeck =
-        task.m_input.iModel == kEngineRec533
-            ? DeckRec533(task.m_input, task.iFirst, task.iLast, nYear)
-            : DeckIcepacVoacap(task.m_input, task.iFirst, task.iLast, nYear);
-    if (const auto resRange = RangeCheck(task.m_input); resDeck && !resRange)
+    const Request& request = chunk.m_request;
+    const int nYear = request.nYear != 0 ? request.nYear : LocalNow().nYear;
+    Result<std::string> resDeck = request.iModel == kEngineRec533
+                                      ? DeckRec533(request, chunk.iFirst, chunk.iLast, nYear)
+                                      : DeckIcepacVoacap(request, chunk.iFirst, chunk.iLast, nYear);
+    if (const auto resRange = RangeCheck(request); resDeck && !resRange)
         return resRange.ErrorGet();
     return resDeck;
 }
 
-Result<void> OutputRead(const RunTask& task)
+Result<void> OutputRead(const Chunk& chunk, const std::string& sFile, PropagationTable& table)
 {
-    auto resFile = TextFile::Open(kSoundOutput);
+    auto resFile = TextFile::Open(sFile);
     if (!resFile)
         return resFile.ErrorGet();
-    if (task.m_input.iModel == kEngineRec533)
-        return ReaderRec533(resFile.ValueGet(), task.m_input, task.iFirst, task.iLast,
-                            task.m_table);
-    return ReaderIcepacVoacap(resFile.ValueGet(), task.iFirst, task.iLast, task.m_table);
+    if (chunk.m_request.iModel == kEngineRec533)
+        return ReaderRec533(resFile.ValueGet(), chunk.m_request, chunk.iFirst, chunk.iLast, table);
+    return ReaderIcepacVoacap(resFile.ValueGet(), chunk.iFirst, chunk.iLast, table);
 }
 
-bool ChunkRun(const RunTask& task, const RunTexts& texts)
+/// One attempt of one chunk.
+std::optional<Failure> ChunkRun(const Chunk& chunk, const EngineTexts& texts,
+                                PropagationTable& table, const EngineWay& way)
 {
-    const AttemptTimer timer;
-    const EngineProgram* pEngine = EngineFind(task.m_input.iModel);
-    if (!EngineCheckInstalled(task.m_input.iModel, task.bShowError) || pEngine == nullptr)
-        return false;
-    const auto resLock = EngineLockTake(timer);
-    if (!resLock)
-        return Fail(task, texts.sOpen, resLock.TextGet());
-    auto resDeckFile = DeckOpen(kSoundDeck);
-    if (!resDeckFile)
-        return Fail(task, texts.sOpen, resDeckFile.TextGet());
-    if (auto resWritten = DeckWrite(resDeckFile.ValueGet(), DeckMake(task)); !resWritten)
-        return Fail(task, texts.sOutput, resWritten.TextGet());
-    const Result<void> resRemoved = OldOutputRemove(kSoundOutput);
-    const Result<int> resId = EngineStart(*pEngine, resLock.ValueGet(), {"sound.dat", "sound.out"});
-    if (!resId)
-        return Fail(task, texts.sShell, resId.TextGet());
-    if (resId.ValueGet() == 0)
-        return EngineNotStarted(*pEngine);
-    if (!EngineWait(resId.ValueGet(), timer))
-        return Fail(task, texts.sNotFinished);
-    if (!resRemoved)  // the engine could not replace it either
-        return Fail(task, texts.sInput, resRemoved.TextGet());
-    if (auto resRead = OutputRead(task); !resRead)
-        return Fail(task, texts.sInput, resRead.TextGet());
-    return true;
+    Messages aMissing;
+    const EngineProgram* pEngine = EngineFind(chunk.m_request.iModel);
+    if (!EngineCheckInstalled(chunk.m_request.iModel, &aMissing))
+        return Failure{FailureKind::NotInstalled, aMissing.front().sText};
+    if (pEngine == nullptr)
+        return Failure{FailureKind::NotInstalled, {}};
+    EngineAttempt attempt({pEngine,
+                           &texts,
+                           {"sound.dat", "sound.out"},
+                           std::string(kSoundDeck),
+                           std::string(kSoundOutput),
+                           [&chunk] { return DeckMake(chunk); }},
+                          way);
+    if (auto failure = attempt.Run())
+        return failure;
+    if (const auto resRead = OutputRead(chunk, attempt.OutputPath(), table); !resRead)
+        return attempt.InputFailure(resRead.TextGet());
+    return {};
 }
 
-}  // namespace
-
-bool PropagationIcepacVoacap(const PropagationInput& input, int iFirst, int iLast, bool bShowError,
-                             PropagationTable& table)
+/// A chunk with its two attempts. @return true when it succeeded.
+bool ChunkTry(const Chunk& chunk, PropagationTable& table, std::vector<Failure>& aFailures,
+              const EngineWay& way)
 {
-    return ChunkRun({input, iFirst, iLast, bShowError, table}, kIcepacVoacapTexts);
+    const int iModel = chunk.m_request.iModel;
+    if (EngineFind(iModel) == nullptr)
+        return false;  // no such engine
+    for (const bool bLast : {false, true}) {
+        auto failure =
+            iModel == kEngineRec533
+                ? PropagationRec533(chunk.m_request, chunk.iFirst, chunk.iLast, table, way)
+                : PropagationIcepacVoacap(chunk.m_request, chunk.iFirst, chunk.iLast, table, way);
+        if (!failure)
+            return true;
+        failure->iFirst = chunk.iFirst;
+        failure->iLast = chunk.iLast;
+        const bool bCancelled = failure->eKind == FailureKind::Cancelled;
+        if (bLast || failure->bTellAlways || bCancelled)
+            aFailures.push_back(std::move(*failure));
+        if (bCancelled)
+            return false;
+    }
+    return false;
 }
 
-bool PropagationRec533(const PropagationInput& input, int iFirst, int iLast, bool bShowError,
-                       PropagationTable& table)
+bool ChunksRun(const Request& request, PropagationTable& table, std::vector<Failure>& aFailures,
+               const EngineWay& way)
 {
-    return ChunkRun({input, iFirst, iLast, bShowError, table}, kRec533Texts);
-}
-
-namespace {
-
-bool ChunksRun(const PropagationInput& input, PropagationTable& table)
-{
-    table.input = input;
+    table.request = request;
     bool bOk = false;
-    for (int iFirst = 1; iFirst <= input.nData; iFirst += kChunkMax) {
-        const int iLast = std::min(iFirst + kChunkMax - 1, input.nData);
-        for (const bool bShowError : {false, true}) {
-            switch (input.iModel) {
-                case kEngineIcepac:
-                case kEngineVoacap:
-                    bOk = PropagationIcepacVoacap(input, iFirst, iLast, bShowError, table);
-                    break;
-                case kEngineRec533:
-                    bOk = PropagationRec533(input, iFirst, iLast, bShowError, table);
-                    break;
-                default:  // no such engine
-                    break;
-            }
-            if (bOk)
-                break;
-        }
+    for (int iFirst = 1; iFirst <= request.nData && !way.stop.stop_requested();
+         iFirst += kChunkMax) {
+        const int iLast = std::min(iFirst + kChunkMax - 1, request.nData);
+        bOk = ChunkTry({request, iFirst, iLast}, table, aFailures, way);
         table.PresentSet(iFirst, iLast, bOk);
     }
-    table.bBuiltIn = bOk && EngineIsHopcasts(input.iModel);
-    return bOk;  // of the last chunk, whatever became of those before; intended
+    table.bBuiltIn = bOk && EngineIsHopcasts(request.iModel);
+    return bOk;  // of the last chunk, whatever became of those before: the table is shown with the
+                 // others hatched
 }
 
-/// The input with some of its frequencies.
-PropagationInput FrequenciesKeep(PropagationInput input, const std::vector<int>& aiFrequency)
+/// The request with some of its frequencies.
+Request FrequenciesKeep(Request request, const std::vector<int>& aiFrequency)
 {
     std::vector<float> afKept{0.0F};
-    for (const int i : aiFrequency) afKept.push_back(input.FrequencyGet(i));
-    input.nData = static_cast<int>(aiFrequency.size());
-    input.afFrequency = std::move(afKept);
-    return input;
+    for (const int i : aiFrequency) afKept.push_back(request.FrequencyGet(i));
+    request.nData = static_cast<int>(aiFrequency.size());
+    request.afFrequency = std::move(afKept);
+    return request;
 }
 
 /// Brings the rows of a run back to their frequencies.
@@ -159,6 +133,7 @@ void RowsSpread(const PropagationTable& tableRun, const std::vector<int>& aiFreq
 {
     table.fMUF = tableRun.fMUF;
     table.fLUF = tableRun.fLUF;
+    table.fFOT = tableRun.fFOT;
     table.fAzimuthTxRc = tableRun.fAzimuthTxRc;
     table.fAzimuthRcTx = tableRun.fAzimuthRcTx;
     table.fRange = tableRun.fRange;
@@ -172,6 +147,9 @@ void RowsSpread(const PropagationTable& tableRun, const std::vector<int>& aiFreq
             table.fSdBW(iHour, i) = tableRun.fSdBW(iHour, iRun);
             table.fNdBW(iHour, i) = tableRun.fNdBW(iHour, iRun);
             table.fSnr(iHour, i) = tableRun.fSnr(iHour, iRun);
+            table.fReliability(iHour, i) = tableRun.fReliability(iHour, iRun);
+            table.fSnrLower(iHour, i) = tableRun.fSnrLower(iHour, iRun);
+            table.fSnrUpper(iHour, i) = tableRun.fSnrUpper(iHour, iRun);
         }
         table.PresentSet(i, i, tableRun.PresentIs(iRun));
     }
@@ -179,16 +157,33 @@ void RowsSpread(const PropagationTable& tableRun, const std::vector<int>& aiFreq
 
 }  // namespace
 
-bool PropagationRun(const PropagationInput& input, PropagationTable& table)
+std::optional<Failure> PropagationIcepacVoacap(const Request& request, int iFirst, int iLast,
+                                               PropagationTable& table, const EngineWay& way)
 {
-    const std::vector<int> aiRun = FrequenciesInRangeGet(input);
-    if (static_cast<int>(aiRun.size()) == input.nData)
-        return ChunksRun(input, table);
-    const PropagationInput inputRun = FrequenciesKeep(input, aiRun);
-    PropagationTable tableRun(inputRun.nData);
-    const bool bOk = ChunksRun(inputRun, tableRun);
+    return ChunkRun({request, iFirst, iLast}, kIcepacVoacapTexts, table, way);
+}
+
+std::optional<Failure> PropagationRec533(const Request& request, int iFirst, int iLast,
+                                         PropagationTable& table, const EngineWay& way)
+{
+    return ChunkRun({request, iFirst, iLast}, kRec533Texts, table, way);
+}
+
+bool PropagationRun(const Request& request, PropagationTable& table,
+                    std::vector<Failure>& aFailures, const EngineWay& way)
+{
+    const std::vector<int> aiRun = FrequenciesInRangeGet(request);
+    if (static_cast<int>(aiRun.size()) == request.nData)
+        return ChunksRun(request, table, aFailures, way);
+    const Request requestRun = FrequenciesKeep(request, aiRun);
+    PropagationTable tableRun(requestRun.nData);
+    const bool bOk = ChunksRun(requestRun, tableRun, aFailures, way);
     RowsSpread(tableRun, aiRun, table);
-    table.input = input;
+    for (Failure& failure : aFailures) {
+        failure.iFirst = aiRun[static_cast<std::size_t>(failure.iFirst - 1)];
+        failure.iLast = aiRun[static_cast<std::size_t>(failure.iLast - 1)];
+    }
+    table.request = request;
     table.bBuiltIn = tableRun.bBuiltIn;
     return bOk;
 }

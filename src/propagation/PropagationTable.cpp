@@ -20,9 +20,9 @@ void PropagationTable::PresentSet(int iFirst, int iLast, bool bPresent)
 std::string PropagationAbsentText(const PropagationTable& table)
 {
     std::string sList;
-    for (int i = 1; i <= table.input.nData; ++i)
+    for (int i = 1; i <= table.request.nData; ++i)
         if (!table.PresentIs(i))
-            sList += (sList.empty() ? "" : ", ") + NumberFormat(table.input.FrequencyGet(i), "0");
+            sList += (sList.empty() ? "" : ", ") + NumberFormat(table.request.FrequencyGet(i), "0");
     return sList;
 }
 

@@ -1,6 +1,6 @@
 /// @file PropagationTable.h
 /// The prediction table: parallel arrays by hour and frequency, as the readers fill them and the
-/// windows show them, and the input that they were made for.
+/// windows show them, and the request that they answer.
 ///
 /// Units:   with each array.
 /// Domain:  hours 0..24 and frequency indices 0..nData; index 0 of both is unused.
@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "propagation/DeckLayout.h"
-#include "propagation/PropagationInput.h"
+#include "propagation/Request.h"
+#include "propagation/deck/DeckLayout.h"
 
 /// One value per hour, index 0..24.
 template <class T>
@@ -73,7 +73,7 @@ struct PropagationTable {
     /// Indices outside 1..nData are left out.
     void PresentSet(int iFirst, int iLast, bool bPresent);
 
-    PropagationInput input;                  ///< what the values are for; set by PropagationRun
+    Request request;                         ///< what the values are for; set by PropagationRun
     bool bBuiltIn = false;                   ///< made by Hopcast's own engine
     int nData;                               ///< highest frequency index
     HourArray<float> fMUF;                   ///< kHz
@@ -100,7 +100,7 @@ private:
     std::vector<bool> m_abPresent = std::vector<bool>(static_cast<std::size_t>(nData) + 1);
 };
 
-/// The frequencies of the input without values, in whole kHz: "2000, 4000"; empty when there is
+/// The frequencies of the request without values, in whole kHz: "2000, 4000"; empty when there is
 /// none.
 [[nodiscard]] std::string PropagationAbsentText(const PropagationTable& table);
 

@@ -1,34 +1,98 @@
 /// @file Request.h
-/// One prediction that is asked for, as a value: everything that its result depends on.
+/// What one prediction is asked for: everything that enters a deck, and where the sunspot number is
+/// from.
 ///
-/// Units:   those of PropagationInput.
-/// Domain:  nothing is checked here; a value that does not fit its field fails the prediction.
-/// Tests:   tests/propagation/RequestTest.cpp
+/// Units:   degrees (north and east positive), kHz, dBW, dB, ms, %; MHz for an area's frequency.
+/// Domain:  as in SettingsRange.h; a run asks RangeCheck first, so that no engine meets another
+///          value. A value that does not fit its field fails the deck.
+/// Tests:   tests/propagation/RequestTest.cpp, RequestFromSettingsTest.cpp
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <string>
+#include <vector>
 
-#include "propagation/PropagationInput.h"
+#include "settings/Settings.h"
+#include "system/Result.h"
 
-/// Where the sunspot number comes from.
-enum class SunSpotSource { Given, Airmail, Forecast };
+enum class SunSpotSource { Typed, AirMail };
 
-/// A path, 24 hours, up to 15 frequencies.
-struct Request : PropagationInput {
-    int nYear = 0;  ///< of the deck; 0: the year of the local clock when the deck is made
-    SunSpotSource eSunSpotSource = SunSpotSource::Given;
+/// Values that point-to-point and area decks share.
+struct RequestModel {
+    int iModel = kEngineRec533;  ///< EngineModel
+    int nMonth = 1;              ///< 1..12
+    std::string sIonCoefficients;
+    float fSunSpotNumber = 0.0F;
+    SunSpotSource eSunSpotSource = SunSpotSource::Typed;  ///< for display; no deck has it
+    float fNoiseLevel = 0.0F;      ///< dBW: negative point to point, positive (145) in an area
+    float fTakeoffAngle = 0.0F;    ///< degrees, least takeoff angle
+    float fReliability = 0.0F;     ///< %
+    float fMultipathPower = 0.0F;  ///< dB, tolerance
+    float fMultipathDelay = 0.0F;  ///< ms, tolerance
+    float fLayerAdjustE = 1.0F;    ///< factor, as those below
+    float fLayerAdjustF1 = 1.0F;
+    float fLayerAdjustF2 = 1.0F;
+    float fLayerAdjustEs = 1.0F;
+    int iAntennaType = 0;
 
+    bool operator==(const RequestModel&) const = default;
+};
+
+/// A path, 24 hours, some frequencies.
+struct Request : RequestModel {
+    int nYear = 0;  ///< of the deck; 0: that of the local clock when the deck is made
+    float fQIndex = 0.0F;
+    double dTxLat = 0.0;
+    double dTxLon = 0.0;
+    double dRcLat = 0.0;
+    double dRcLon = 0.0;
+    int nData = 0;                            ///< frequencies in use, entries 1..nData
+    std::vector<float> afFrequency = {0.0F};  ///< kHz; slot 0 is unused
+
+    /// Entry iFrequency (1..nData), kHz.
+    [[nodiscard]] float FrequencyGet(int iFrequency) const
+    {
+        return afFrequency.at(static_cast<std::size_t>(iFrequency));
+    }
     bool operator==(const Request&) const = default;
 };
 
-/// A grid of receivers, one hour, one frequency.
-struct AreaRequest : PropagationAreaInput {
-    SunSpotSource eSunSpotSource = SunSpotSource::Given;
+/// A grid of places, one hour, one frequency.
+struct AreaRequest : RequestModel {
+    int iHour = 0;       ///< 0..23 UT
+    int nGridSize = 40;  ///< points a side
+    double dWest = 0.0;
+    double dEast = 0.0;
+    double dSouth = 0.0;
+    double dNorth = 0.0;
+    double dFixedLat = 0.0;  ///< the fixed end, the deck's transmitter
+    double dFixedLon = 0.0;
+    float fFrequency = 0.0F;  ///< MHz
 
     bool operator==(const AreaRequest&) const = default;
 };
 
-/// A text that is the same for two requests when the same engine must answer them alike, whatever
-/// the sunspot number's source; the key of a cache.
+/// What lies out of range (positions, month and numbers; frequencies are left out of the run
+/// instead), in words: "latitude 95 lies outside -90 to 90".
+Result<void> RangeCheck(const Request& input);
+/// The same for an area, its frequency too.
+Result<void> RangeCheck(const AreaRequest& input);
+
+/// The indices 1..nData whose frequencies are in range, in their order.
+[[nodiscard]] std::vector<int> FrequenciesInRangeGet(const Request& input);
+
+/// Grid points a side that an overlay takes, whatever the setting holds.
+inline constexpr int kGridSizeMin = 2;
+inline constexpr int kGridSizeMax = 999;
+
+/// The prediction that the settings ask for. Month and sunspot number are taken as they stand
+/// there.
+[[nodiscard]] Request RequestFromSettings(const Settings& settings);
+
+/// The same for an area: the receiver is the fixed end, the noise level turns positive. The caller
+/// sets hour, frequency and bounds.
+[[nodiscard]] AreaRequest AreaRequestFromSettings(const Settings& settings);
+
+/// A text that is the same for two requests when an engine must answer them alike, wherever the
+/// sunspot number comes from; the key of a cache.
 [[nodiscard]] std::string RequestKey(const Request& request);

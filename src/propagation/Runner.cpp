@@ -64,10 +64,11 @@ public:
         const std::string sKey =
             engine.NameGet() + '\0' + engine.VersionGet() + '\0' + RequestKey(request);
         if (const PredictionPtr pKnown = cache.Find(sKey)) {
-            if (pKnown->request == request)
+            if (pKnown->table.request == request)
                 return pKnown;
             auto pAnswer = std::make_shared<Prediction>(*pKnown);
-            pAnswer->request = request;  // the same numbers, of a sunspot number from elsewhere
+            pAnswer->table.request =
+                request;  // the same numbers, of a sunspot number from elsewhere
             return pAnswer;
         }
         auto pAnswer = std::make_shared<const Prediction>(engine.Predict(request, stop));

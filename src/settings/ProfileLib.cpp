@@ -10,6 +10,7 @@
 
 #include "airmail/AirMailFolders.h"
 #include "settings/SettingsRange.h"
+#include "system/DrivePath.h"
 #include "system/ErrorTextLib.h"
 #include "system/NumberLib.h"
 #include "system/PathLib.h"
@@ -242,7 +243,7 @@ public:
     [[nodiscard]] int Write(const std::string& sFile) const
     {
         const int nError = ProfileFolderMake(sFile);
-        return nError != 0 ? nError : PrivateProfileWriteAll(m_aValue, sFile);
+        return nError != 0 ? nError : PrivateProfileWriteAll(m_aValue, DrivePath(sFile));
     }
 
 private:
@@ -283,7 +284,7 @@ void WindowSave(Writer& writer, const WindowData& window)
 Result<std::vector<std::string>> ProfileLoad(Settings& settings, const WindowApplyFn& fnWindowApply,
                                              ProfileRanges eRanges)
 {
-    auto resFile = PrivateProfile::Open(ProfileFileToRead(settings.m_sProfileFile));
+    auto resFile = PrivateProfile::Open(DrivePath(ProfileFileToRead(settings.m_sProfileFile)));
     if (!resFile)
         return resFile.ErrorGet();
     const Reader reader(std::move(resFile.ValueGet()));

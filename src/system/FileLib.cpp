@@ -60,7 +60,7 @@ bool WildcardMatch(std::string_view sPattern, std::string_view sName)
 
 std::vector<std::string> FilesList(std::string_view sPattern)
 {
-    const fs::path pthPattern = PathFromText(PathToHost(sPattern));
+    const fs::path pthPattern = PathFromText(sPattern);
     const std::string sName = TextFromPath(pthPattern.filename());
     const fs::path pthFolder =
         pthPattern.has_parent_path() ? pthPattern.parent_path() : fs::path(".");
@@ -84,19 +84,19 @@ std::vector<std::string> FilesList(std::string_view sPattern)
 bool FileExists(std::string_view sPath)
 {
     std::error_code ec;
-    const fs::file_status status = fs::status(PathFromText(PathToHost(sPath)), ec);
+    const fs::file_status status = fs::status(PathFromText(sPath), ec);
     return fs::exists(status) && !fs::is_directory(status);
 }
 
 bool FileSame(std::string_view sPathA, std::string_view sPathB)
 {
     std::error_code ec;
-    return fs::equivalent(PathFromText(PathToHost(sPathA)), PathFromText(PathToHost(sPathB)), ec);
+    return fs::equivalent(PathFromText(sPathA), PathFromText(sPathB), ec);
 }
 
 Result<void> FileDelete(std::string_view sPath)
 {
-    const std::string sHost = PathToHost(sPath);
+    const std::string sHost(sPath);
     const fs::path pthFile = PathFromText(sHost);
     std::error_code ec;
     if (fs::is_directory(fs::symlink_status(pthFile, ec)))
@@ -108,7 +108,7 @@ Result<void> FileDelete(std::string_view sPath)
 
 Result<TextFile> TextFile::Open(std::string_view sPath)
 {
-    const std::string sHost = PathToHost(sPath);
+    const std::string sHost(sPath);
     int nErrno = 0;
     std::FILE* pFile = HostFileOpenRead(sHost, nErrno);
     if (!pFile)
@@ -157,7 +157,7 @@ bool TextFile::AtEnd() { return !Fill() && !m_bError; }
 
 Result<std::string> FileReadHead(std::string_view sPath, std::size_t nMax)
 {
-    const std::string sHost = PathToHost(sPath);
+    const std::string sHost(sPath);
     int nErrno = 0;
     const std::unique_ptr<std::FILE, FileCloser> pFile(HostFileOpenRead(sHost, nErrno));
     if (!pFile)
@@ -185,7 +185,7 @@ Result<std::string> FileRead(std::string_view sPath, std::size_t nMax)
 
 Result<OutputFile> OutputFile::Open(std::string_view sPath)
 {
-    const std::string sHost = PathToHost(sPath);
+    const std::string sHost(sPath);
     int nErrno = 0;
     std::FILE* pFile = HostFileOpenWrite(sHost, nErrno);
     if (!pFile)
@@ -195,7 +195,7 @@ Result<OutputFile> OutputFile::Open(std::string_view sPath)
 
 Result<OutputFile> OutputFile::OpenNew(std::string_view sPath)
 {
-    const std::string sHost = PathToHost(sPath);
+    const std::string sHost(sPath);
     int nErrno = 0;
     std::FILE* pFile = HostFileOpenNew(sHost, nErrno);
     if (!pFile)
@@ -227,6 +227,6 @@ Result<void> OutputFile::Close()
 Result<void> FileReplace(std::string_view sPath, std::string_view sBytes)
 {
     if (const int nErrno = FileReplaceErrno(sPath, sBytes))
-        return FileErrorMake(nErrno, PathToHost(sPath));
+        return FileErrorMake(nErrno, std::string(sPath));
     return {};
 }

@@ -2,7 +2,7 @@
 /// Files as the modules need them: wildcard listing, deletion, text read line by line, output whose
 /// opening and writing fail apart, and atomic replacement.
 ///
-/// Paths:   Windows paths are mapped by PathToHost; host paths are used as they are. UTF-8.
+/// Paths:   host paths, UTF-8.
 /// Errors:  the classic descriptions (RunErrorText.h); "Path not found" when the folder is missing.
 /// Tests:   tests/system/FileLibTest.cpp
 #pragma once

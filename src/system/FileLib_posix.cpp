@@ -224,12 +224,12 @@ int FileReplaceCheck(std::string_view sPath)
 {
     struct stat info {};
     bool bExists = false;
-    return ReplaceCheck(LinkFollow(PathToHost(sPath)), info, bExists);
+    return ReplaceCheck(LinkFollow(fs::path(sPath)), info, bExists);
 }
 
 int FileReplaceErrno(std::string_view sPath, std::string_view sBytes)
 {
-    const fs::path pthNamed = PathToHost(sPath);
+    const fs::path pthNamed(sPath);
     if (const int nDescriptor = DescriptorOf(pthNamed); nDescriptor >= 0)
         return DescriptorWrite(nDescriptor, sBytes);
     const fs::path pthFile = LinkFollow(pthNamed);

@@ -89,7 +89,7 @@ std::FILE* HostFileOpenNew(const std::string& sHostPath, int& nErrno)
 
 int FileReplaceCheck(std::string_view sPath)
 {
-    const DWORD nAttributes = GetFileAttributesW(WideFromUtf8(PathToHost(sPath)).c_str());
+    const DWORD nAttributes = GetFileAttributesW(WideFromUtf8(sPath).c_str());
     if (nAttributes == INVALID_FILE_ATTRIBUTES)
         return 0;
     if (nAttributes & FILE_ATTRIBUTE_DIRECTORY)
@@ -101,7 +101,7 @@ int FileReplaceErrno(std::string_view sPath, std::string_view sBytes)
 {
     if (const int nErrno = FileReplaceCheck(sPath))
         return nErrno;
-    const std::wstring sFile = WideFromUtf8(PathToHost(sPath));
+    const std::wstring sFile = WideFromUtf8(sPath);
     std::wstring sTemporary;
     const HANDLE hFile = TemporaryOpen(sFile, sTemporary);
     if (hFile == INVALID_HANDLE_VALUE)

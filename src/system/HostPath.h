@@ -1,6 +1,6 @@
 /// @file HostPath.h
 /// Paths between UTF-8 texts and the host's own type, and the look-ups that depend on the host.
-/// Private to the platform services; other folders use PathLib.h.
+/// DrivePath.h turns the Windows spelling of a path into one of these.
 ///
 /// Errors:  none; a missing variable, folder or program is an empty text.
 #pragma once
@@ -20,12 +20,6 @@
 /// not exist as spelled is looked up without regard to case; where nothing fits, the spelling is
 /// kept.
 [[nodiscard]] std::string HostPathBelow(const std::string& sFolder, std::string_view sRest);
-
-/// A path that begins with a drive letter, outside the engine root, as a host path.
-[[nodiscard]] std::string DrivePathToHost(std::string_view sPath);
-
-/// The fixed engine root on this host, whether it exists or not.
-[[nodiscard]] std::string FixedEngineRootGet();
 
 #ifdef _WIN32
 [[nodiscard]] std::wstring WideFromUtf8(std::string_view sText);

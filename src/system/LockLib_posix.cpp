@@ -170,7 +170,7 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
     const auto timeEnd =
         Clock::now()
         + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(dLimit));
-    const std::string sHost = PathToHost(sPath);
+    const std::string sHost(sPath);
     constexpr int kLookEvery = 100;  // steps
     for (int i = 0;; ++i) {
         const int nFile = LockTry(sHost);

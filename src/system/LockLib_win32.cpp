@@ -24,7 +24,7 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
     constexpr double kSecondsMax = 1e6;
     constexpr DWORD kStep = 2;          // ms
     constexpr double kDyingMax = 0.25;  // seconds
-    const std::wstring sFile = WideFromUtf8(PathToHost(sPath));
+    const std::wstring sFile = WideFromUtf8(sPath);
     using Seconds = std::chrono::duration<double>;
     const auto tmStart = std::chrono::steady_clock::now();  // the tick count is a tick coarse
     auto tmHeld = tmStart;                                  // when another was last seen to hold it

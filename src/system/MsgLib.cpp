@@ -28,15 +28,3 @@ bool MsgShow(const Messages& aMessages)
 }
 
 MsgBoxFn MsgSetHandler(MsgBoxFn fnShow) { return std::exchange(HandlerGet(), std::move(fnShow)); }
-
-MsgListener::MsgListener(bool bShow)
-{
-    m_fnBefore = MsgSetHandler([this, bShow](MsgIcon eIcon, const std::string& sText) {
-        ++m_nCount;
-        m_sLast = sText;
-        if (bShow && m_fnBefore)
-            m_fnBefore(eIcon, sText);
-    });
-}
-
-MsgListener::~MsgListener() { MsgSetHandler(std::move(m_fnBefore)); }

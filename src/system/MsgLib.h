@@ -31,21 +31,3 @@ inline bool MsgFail(MsgIcon eIcon, const std::string& sText)
     MsgBox(eIcon, sText);
     return false;
 }
-
-/// Remembers the boxes while it lives.
-class MsgListener {
-public:
-    /// @param bShow  false: they are not shown
-    explicit MsgListener(bool bShow = true);
-    ~MsgListener();
-    MsgListener(const MsgListener&) = delete;
-    MsgListener& operator=(const MsgListener&) = delete;
-    [[nodiscard]] int CountGet() const { return m_nCount; }
-    /// Empty when there was none.
-    [[nodiscard]] const std::string& LastGet() const { return m_sLast; }
-
-private:
-    int m_nCount = 0;
-    std::string m_sLast;
-    MsgBoxFn m_fnBefore;
-};

@@ -4,8 +4,7 @@
 #include <optional>
 #include <system_error>
 
-#include "system/EngineRootHost.h"
-#include "system/EngineRootLib.h"
+#include "system/DrivePath.h"
 #include "system/FileLib.h"
 #include "system/HostPath.h"
 #include "system/LeftoverLib.h"
@@ -17,22 +16,6 @@ namespace fs = std::filesystem;
 namespace {
 
 bool IsSeparator(char cLetter) { return cLetter == '\\' || cLetter == '/'; }
-
-/// What follows c:\itshfbc in the path; nothing when the path lies elsewhere.
-std::optional<std::string_view> EngineRootRest(std::string_view sPath)
-{
-    constexpr std::size_t kDriveLength = 3;  // "c:\"
-    if (sPath.size() < kEngineRoot.size() || !IsSeparator(sPath[kDriveLength - 1]))
-        return std::nullopt;
-    if (!TextEqualNoCase(sPath.substr(0, 1), kEngineRoot.substr(0, 1))
-        || !TextEqualNoCase(sPath.substr(kDriveLength, kEngineRoot.size() - kDriveLength),
-                            kEngineRoot.substr(kDriveLength)))
-        return std::nullopt;
-    const std::string_view sRest = sPath.substr(kEngineRoot.size());
-    if (!sRest.empty() && !IsSeparator(sRest.front()))
-        return std::nullopt;  // c:\itshfbc2
-    return sRest;
-}
 
 std::string ProfileNameOf(const fs::path& pthProgram)
 {
@@ -78,20 +61,6 @@ bool PathHasDrive(std::string_view sPath)
     const char cDrive = sPath[0];
     const bool bLetter = (cDrive >= 'a' && cDrive <= 'z') || (cDrive >= 'A' && cDrive <= 'Z');
     return bLetter && (sPath.size() == 2 || IsSeparator(sPath[2]));
-}
-
-bool PathIsEngineRoot(std::string_view sPath)
-{
-    return PathHasDrive(sPath) && EngineRootRest(sPath).has_value();
-}
-
-std::string PathToHost(std::string_view sPath)
-{
-    if (!PathHasDrive(sPath) || HostPathsOnly::IsInForce())
-        return std::string(sPath);
-    if (const auto sRest = EngineRootRest(sPath))
-        return HostPathBelow(EngineRootGet().sFolder, *sRest);
-    return DrivePathToHost(sPath);
 }
 
 std::string PathJoin(std::string_view sFolder, std::string_view sName)

@@ -1,37 +1,12 @@
 /// @file PathLib.h
-/// The fixed Windows paths, and where they lie on this host.
+/// Where the running program and its profile lie.
 ///
-/// Paths that begin with a drive letter ("c:\itshfbc\RUN\sound.dat") are the contract with the
-/// engines and Airmail; every file service maps them by PathToHost. Host paths pass unchanged.
-/// Texts are UTF-8.
+/// Paths:   host paths, UTF-8.
 /// Tests:   tests/system/PathLibPosixTest.cpp
 #pragma once
 
 #include <string>
 #include <string_view>
-
-/// The root folder of the engine package as it is named to the engines.
-inline constexpr std::string_view kEngineRoot = "c:\\itshfbc";
-
-/// True for a text that begins with a drive: a letter and a colon, then a separator or the end.
-[[nodiscard]] bool PathHasDrive(std::string_view sPath);
-
-/// True for c:\itshfbc and for every path below it, in either case and with either separator.
-[[nodiscard]] bool PathIsEngineRoot(std::string_view sPath);
-
-/// A Windows path as a path of this host. Below c:\itshfbc: the engine root (EngineRootGet). Other
-/// drive-C paths: the same on Windows, elsewhere the Wine prefix's drive_c (WINEPREFIX or ~/.wine);
-/// other drives by the prefix's dosdevices (drive Z without one: the whole host). Outside Windows a
-/// component that does not exist as spelled is looked up without regard to case; where nothing
-/// fits, the spelling is kept. A text without a drive letter is returned unchanged.
-[[nodiscard]] std::string PathToHost(std::string_view sPath);
-
-/// A host path as a Windows program started through Wine would name it ("Z:\..." outside drive C).
-/// On Windows the path itself.
-[[nodiscard]] std::string PathToWindows(std::string_view sHostPath);
-
-/// The Wine prefix (host path), whether it exists or not; empty on Windows.
-[[nodiscard]] std::string WinePrefixGet();
 
 /// Full host path of the running program's file and of its folder.
 [[nodiscard]] std::string ProgramFileGet();

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "system/DrivePath.h"
 #include "system/HostPath.h"
 #include "system/PathLib.h"
 #include "system/ProfileFolder.h"
@@ -92,8 +93,10 @@ std::string HostPathBelow(const std::string& sFolder, std::string_view sRest)
     return sPath;
 }
 
-std::string DrivePathToHost(std::string_view sPath)
+std::string DrivePath(std::string_view sPath)
 {
+    if (!PathHasDrive(sPath))
+        return std::string(sPath);
     const char cDrive = static_cast<char>(sPath[0] | 0x20);  // an ASCII letter: lower case
     const std::string_view sRest = sPath.substr(2);
     if (cDrive == 'c')
@@ -102,11 +105,6 @@ std::string DrivePathToHost(std::string_view sPath)
     if (cDrive == 'z' && !PathExists(sDrive))  // Wine's own name for the whole host
         return HostPathBelow("", sRest.empty() ? "/" : sRest);
     return HostPathBelow(sDrive, sRest);
-}
-
-std::string FixedEngineRootGet()
-{
-    return HostPathBelow(WinePrefixGet() + "/drive_c", kEngineRoot.substr(2));
 }
 
 std::string PathToWindows(std::string_view sHostPath)

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "system/DrivePath.h"
 #include "system/HostPath.h"
 #include "system/PathLib.h"
 #include "system/ProfileFolder.h"
@@ -69,9 +70,7 @@ std::string HostPathBelow(const std::string& sFolder, std::string_view sRest)
     return sPath;
 }
 
-std::string DrivePathToHost(std::string_view sPath) { return std::string(sPath); }
-
-std::string FixedEngineRootGet() { return std::string(kEngineRoot); }
+std::string DrivePath(std::string_view sPath) { return std::string(sPath); }
 
 std::string PathToWindows(std::string_view sHostPath) { return std::string(sHostPath); }
 

@@ -78,7 +78,7 @@ Result<std::string> NamedFileRead(std::string_view sFile)
 {
     if (const auto res = PrivateProfileCheck(sFile); !res)
         return res.ErrorGet();
-    const Descriptor file(open(PathToHost(sFile).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const Descriptor file(open(std::string(sFile).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat info {};
     if (file.Get() < 0 || fstat(file.Get(), &info) != 0)
         return RunErrorFromErrno(errno);
@@ -98,7 +98,7 @@ std::string ValueOr(const IniText& text, std::string_view sSection, std::string_
 
 Result<void> PrivateProfileCheck(std::string_view sFile)
 {
-    const std::string sHost = PathToHost(sFile);
+    const std::string sHost(sFile);
     struct stat info {};
     if (stat(sHost.c_str(), &info) != 0)
         return errno == ENOTDIR ? RunError{kPathNotFound} : RunErrorFromErrno(errno);
@@ -151,7 +151,7 @@ int PrivateProfileWriteAll(std::span<const PrivateProfileValue> aValue, std::str
         return nErrno;
     std::string sBytes;
     std::error_code ec;
-    const fs::file_status status = fs::status(PathToHost(sFile), ec);
+    const fs::file_status status = fs::status(fs::path(sFile), ec);
     if (fs::is_fifo(status))
         return ENXIO;  // its reader may never come
     if (fs::is_regular_file(status)) {

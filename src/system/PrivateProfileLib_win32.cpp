@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <optional>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -54,7 +54,7 @@ bool IsAnsi(const std::wstring& sText)
 /// made.
 std::string AnsiFileGet(std::string_view sFile, bool bMake)
 {
-    std::wstring sPath = FullPathGet(WideFromUtf8(PathToHost(sFile)));
+    std::wstring sPath = FullPathGet(WideFromUtf8(sFile));
     if (!IsAnsi(sPath)) {
         if (bMake) {
             const HANDLE hFile = CreateFileW(sPath.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
@@ -172,7 +172,7 @@ PrivateProfile::PrivateProfile(std::shared_ptr<const Content> pContent)
 Result<void> PrivateProfileCheck(std::string_view sFile)
 {
     constexpr std::uintmax_t kFileMax = std::uintmax_t{64} << 20;
-    const std::filesystem::path pthFile = PathFromText(PathToHost(sFile));
+    const std::filesystem::path pthFile = PathFromText(sFile);
     std::error_code ec;
     if (std::filesystem::is_directory(pthFile, ec))
         return RunError{"it is a folder"};

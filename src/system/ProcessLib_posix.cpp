@@ -20,7 +20,7 @@
 #include <vector>
 
 #include "system/ChildHost.h"
-#include "system/EngineRootLib.h"
+#include "system/DrivePath.h"
 #include "system/HostPath.h"
 #include "system/PathLib.h"
 #include "system/ProcessHost.h"
@@ -47,9 +47,8 @@ RunError StartErrorMake(int nErrno)
 }
 
 /// Full host path of the program; a bare name is sought on the search path.
-std::string ProgramFind(const std::string& sWord)
+std::string ProgramFind(const std::string& sProgram)
 {
-    const std::string sProgram = PathToHost(sWord);
     if (sProgram.find('/') == std::string::npos)
         return ProgramSearch(sProgram, EnvironmentGet("PATH"));
     std::error_code ec;
@@ -104,14 +103,6 @@ bool WineLacks32()
            && !fs::exists(sWindows + "/syswow64/ntdll.dll", ec);
 }
 
-/// The fixed root and what lies below it, as Windows programs find it; other paths are theirs
-/// already.
-std::string WordToWindows(const std::string& sWord)
-{
-    const bool bOwnRoot = EngineRootGet().sFolder == FixedEngineRootGet();
-    return PathIsEngineRoot(sWord) && !bOwnRoot ? PathToWindows(PathToHost(sWord)) : sWord;
-}
-
 /// What the system starts.
 struct HostCommand {
     std::vector<std::string> asWords;
@@ -121,7 +112,8 @@ struct HostCommand {
 /// The words that the system starts: through wine for a Windows program.
 Result<HostCommand> HostCommandMake(const ProcessCommand& command)
 {
-    const std::string sProgram = ProgramFind(command.asWords.front());
+    const std::string sProgram =
+        ProgramFind(command.sProgram.empty() ? command.asWords.front() : command.sProgram);
     struct stat info {};
     if (sProgram.empty() || stat(sProgram.c_str(), &info) != 0)
         return StartErrorMake(sProgram.empty() ? ENOENT : errno);
@@ -133,13 +125,11 @@ Result<HostCommand> HostCommandMake(const ProcessCommand& command)
         asWords.push_back(ProgramSearch("wine", EnvironmentGet("PATH")));
         if (asWords.front().empty())
             return RunError{std::string(kFileNotFound) + " (wine, which runs Windows programs)"};
-        std::transform(command.asWords.begin(), command.asWords.end(), std::back_inserter(asWords),
-                       WordToWindows);
+        asWords.insert(asWords.end(), command.asWords.begin(), command.asWords.end());
         if (!PathHasDrive(asWords[1]))
             asWords[1] = PathToWindows(sProgram);
     } else {
-        std::transform(command.asWords.begin(), command.asWords.end(), std::back_inserter(asWords),
-                       [](const std::string& sWord) { return PathToHost(sWord); });
+        asWords = command.asWords;
         asWords.front() = sProgram;
     }
     return host;
@@ -196,13 +186,14 @@ bool ChildHasEnded(pid_t nId)
 
 /// Takes the child's output and asks again and again until it ends or the time is up. The steps are
 /// short at first, so that a short run costs next to nothing on top.
-bool ChildAwait(pid_t nId, ChildOutput& output, Clock::time_point timeEnd)
+bool ChildAwait(pid_t nId, ChildOutput& output, Clock::time_point timeEnd,
+                const std::stop_token& stop = {})
 {
     constexpr int kQuickSteps = 500;
     constexpr timespec kQuick{0, 200'000};  // ns
     constexpr timespec kSlow{0, 1'000'000};
     for (int i = 0; !ChildHasEnded(nId); ++i) {
-        if (Clock::now() >= timeEnd)
+        if (Clock::now() >= timeEnd || stop.stop_requested())
             return false;
         pollfd poll{output.ReadEndGet(), POLLIN, 0};  // of -1 nothing is asked
         ppoll(&poll, 1, i < kQuickSteps ? &kQuick : &kSlow, nullptr);
@@ -219,13 +210,12 @@ Result<int> HostProcessStart(const ProcessCommand& command)
     auto resHost = HostCommandMake(command);
     if (!resHost)
         return resHost.ErrorGet();
-    const std::string sFolder = PathToHost(command.sWorkFolder);
+    const std::string& sFolder = command.sWorkFolder;
     std::error_code ec;
     if (!sFolder.empty() && !fs::is_directory(sFolder, ec))
         return RunError{kPathNotFound};
     ChildOutput output;
-    if (const int nErrno =
-            output.Open(command.sOutputFile.empty() ? "" : PathToHost(command.sOutputFile)))
+    if (const int nErrno = output.Open(command.sOutputFile))
         return RunErrorFromErrno(nErrno);
     // Where children are ignored (a habit of some parents, inherited) none could be waited for.
     struct sigaction action {};
@@ -261,6 +251,8 @@ void HostProcessesEnd()
     }
 }
 
+bool ProgramIsWindows(const std::string& sProgram) { return IsWindowsProgram(sProgram); }
+
 std::string ProgramLackGet(const std::string& sProgram)
 {
     if (!IsWindowsProgram32(ProgramFind(sProgram)) || !WineLacks32())
@@ -269,10 +261,11 @@ std::string ProgramLackGet(const std::string& sProgram)
            "then run wineboot -u";
 }
 
-bool ProcessWait(int nProcessId, double dSeconds)
+bool ProcessWait(int nProcessId, double dSeconds, const std::stop_token& stop)
 {
     constexpr double kSecondsMax = 1e6;
     constexpr std::chrono::milliseconds kGrace(200);
+    constexpr std::chrono::milliseconds kGraceStopped(20);  // a window is closing
     constexpr std::chrono::seconds kReapMax(
         2);  // a killed process goes at once, save in a hung disk
     siginfo_t info{};
@@ -284,11 +277,12 @@ bool ProcessWait(int nProcessId, double dSeconds)
         Clock::now()
         + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(dLimit));
     ChildOutput& output = OutputOf(nProcessId);
-    const bool bEnded = ChildAwait(nProcessId, output, timeEnd);
+    const bool bEnded = ChildAwait(nProcessId, output, timeEnd, stop);
     const auto lock = StartedLock();
     if (!bEnded) {
         GroupSignal(nProcessId, SIGTERM);  // a launcher takes its temporary files away
-        (void)ChildAwait(nProcessId, output, Clock::now() + kGrace);
+        (void)ChildAwait(nProcessId, output,
+                         Clock::now() + (stop.stop_requested() ? kGraceStopped : kGrace));
     }
     GroupSignal(nProcessId, SIGKILL);
     const bool bGone = bEnded || ChildAwait(nProcessId, output, Clock::now() + kReapMax);

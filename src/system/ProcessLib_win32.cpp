@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,13 @@ struct Family {
 };
 
 /// The families not yet waited for.
+/// Guards StartedGet.
+std::mutex& StartedMutex()
+{
+    static std::mutex mutex;
+    return mutex;
+}
+
 std::map<DWORD, Family>& StartedGet()
 {
     static std::map<DWORD, Family> mapStarted;
@@ -90,8 +98,7 @@ std::wstring CommandLineMake(const ProcessCommand& command)
     for (const std::string& sWord : command.asWords) {
         if (!sLine.empty())
             sLine += L' ';
-        // A word that the root's place does not change is handed over as it is spelled.
-        sLine += WordQuote(WideFromUtf8(PathIsEngineRoot(sWord) ? PathToHost(sWord) : sWord));
+        sLine += WordQuote(WideFromUtf8(sWord));
     }
     return sLine;
 }
@@ -159,6 +166,7 @@ RunError StartErrorMake(DWORD nCode)
 /// Puts a suspended process into a job of its own before it can start others, and lets it run.
 void FamilyAdd(const PROCESS_INFORMATION& process)
 {
+    const std::lock_guard lock(StartedMutex());
     Family& family = StartedGet()[process.dwProcessId];
     if (family.hProcess != nullptr)
         FamilyClose(family);
@@ -175,9 +183,9 @@ void FamilyAdd(const PROCESS_INFORMATION& process)
 Result<int> HostProcessStart(const ProcessCommand& command)
 {
     std::wstring sLine = CommandLineMake(command);
-    const std::wstring sFolder = WideFromUtf8(PathToHost(command.sWorkFolder));
+    const std::wstring sFolder = WideFromUtf8(command.sWorkFolder);
     const std::wstring sOutput =
-        command.sOutputFile.empty() ? L"NUL" : WideFromUtf8(PathToHost(command.sOutputFile));
+        command.sOutputFile.empty() ? L"NUL" : WideFromUtf8(command.sOutputFile);
     const HANDLE hOutput =
         InheritedOpen(sOutput, FILE_APPEND_DATA | SYNCHRONIZE,
                       command.sOutputFile.empty() ? OPEN_EXISTING : CREATE_ALWAYS);
@@ -207,19 +215,39 @@ Result<int> HostProcessStart(const ProcessCommand& command)
 
 std::string ProgramLackGet(const std::string&) { return {}; }
 
-bool ProcessWait(int nProcessId, double dSeconds)
+/// Waits in short steps, so that a stop is seen. @return false at the limit or the stop.
+bool HandleAwait(HANDLE hProcess, DWORD nMilliseconds, const std::stop_token& stop)
+{
+    constexpr DWORD kStep = 10;
+    const ULONGLONG nEnd = GetTickCount64() + nMilliseconds;
+    while (!stop.stop_requested()) {
+        const ULONGLONG nNow = GetTickCount64();
+        const ULONGLONG nLeft = nNow < nEnd ? nEnd - nNow : 0;
+        const DWORD nWait = nLeft < kStep ? static_cast<DWORD>(nLeft) : kStep;
+        if (WaitForSingleObject(hProcess, stop.stop_possible() ? nWait : static_cast<DWORD>(nLeft))
+            != WAIT_TIMEOUT)
+            return true;
+        if (nLeft <= nWait)
+            return false;
+    }
+    return false;
+}
+
+bool ProcessWait(int nProcessId, double dSeconds, const std::stop_token& stop)
 {
     constexpr double kMillisecondsMax = 4e9;  // below INFINITE
     const auto nId = static_cast<DWORD>(nProcessId);
     const HANDLE hProcess = OpenProcess(kProcessAllAccess, FALSE, nId);
+    std::unique_lock lock(StartedMutex());
     const auto nodeStarted = StartedGet().extract(nId);
+    lock.unlock();
     const Family family = nodeStarted ? nodeStarted.mapped() : Family{};
     bool bOk = true;  // what cannot be opened is taken to have finished
     if (hProcess != nullptr) {
         const double dMilliseconds =
             dSeconds > 0.0 ? std::fmin(dSeconds * 1000.0, kMillisecondsMax) : 0.0;
         DWORD nExitCode = 1;
-        if (WaitForSingleObject(hProcess, static_cast<DWORD>(dMilliseconds)) == WAIT_TIMEOUT) {
+        if (!HandleAwait(hProcess, static_cast<DWORD>(dMilliseconds), stop)) {
             TerminateProcess(hProcess, 0);
             bOk = false;
         } else {

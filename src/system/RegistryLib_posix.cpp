@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "system/DrivePath.h"
 #include "system/FileLib.h"
 #include "system/PathLib.h"
 #include "system/RegistryLib.h"

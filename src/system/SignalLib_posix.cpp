@@ -5,7 +5,7 @@
 #include <array>
 #include <thread>
 
-#include "system/EngineRootLib.h"
+#include "propagation/itshfbc/EngineRoot.h"
 #include "system/ProcessHost.h"
 #include "system/SignalLib.h"
 

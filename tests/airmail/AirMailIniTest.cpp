@@ -114,7 +114,7 @@ TEST_F(AirMailIni, ForeignTextsInMessagesAreCutAndPrintable)
 {
     MsgRecorder msg;
     AirMailDataFolderSet("D:\\\x1b]0;x\x07" + std::string(300, 'd'));
-    EXPECT_EQ(AirMailIniGet("System.\x1b.ini", "Station Info", "K\r\nEY", true), "");
+    EXPECT_EQ(AirMailIniGet("System.\x1b.ini", "Station Info", "K\r\nEY", Told()), "");
     EXPECT_EQ(OneShown(msg).sText,
               "Unable to find AirMail's Station Info, K  EY in \"System. .ini\".\r\rPlease check "
               "that the AirMail Data folder \"D:\\ ]0;x "

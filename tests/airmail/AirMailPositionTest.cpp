@@ -251,7 +251,7 @@ TEST_F(AirMailPosition, APlaceOutOfRangeCountsAsNoneAndIsNamed)
     double dLon = 0.0;
     DateTime dtTime;
     std::string sFault;
-    EXPECT_TRUE(AirMailPositionGet(dLat, dLon, dtTime, true, &sFault).ValueGet());
+    EXPECT_TRUE(AirMailPositionGet(dLat, dLon, dtTime, Told(), &sFault).ValueGet());
     EXPECT_TRUE(
         sFault.ends_with("Airmail.ini, [Position Report] Current Latitude: "
                          "89\xC2\xB0"

@@ -322,7 +322,7 @@ TEST_F(AirMailStations, APositionOutOfRangeIsNone)
     EntryWrite("ZZ99:Nowhere");
     std::string sFault;
     const MsgRecorder msg;
-    const auto res = AirMailStationPosition("HAM", "XX1", dLat, dLon, false, &sFault);
+    const auto res = AirMailStationPosition("HAM", "XX1", dLat, dLon, false, Told(), &sFault);
     ASSERT_TRUE(res);
     EXPECT_FALSE(res.ValueGet());
     EXPECT_EQ(dLat, 1.0);
@@ -330,7 +330,7 @@ TEST_F(AirMailStations, APositionOutOfRangeIsNone)
     EXPECT_TRUE(msg.m_aShown.empty());
     EXPECT_TRUE(sFault.ends_with("System.HAM.ini, [Station Info] XX1: ZZ99 lies out of range"))
         << sFault;
-    EXPECT_FALSE(AirMailStationPosition("HAM", "XX1", dLat, dLon, true).ValueGet());
+    EXPECT_FALSE(AirMailStationPosition("HAM", "XX1", dLat, dLon, true, Told()).ValueGet());
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, sFault);
 }

@@ -140,7 +140,7 @@ TEST_F(PredictPrint, AFrequencyWithoutValuesIsBlankEmptyAndNull)
 
 TEST(PredictArea, PrintsPointsInGridOrder)
 {
-    const std::vector<PredictPoint> aPoint{{10, 179.5, 12.5F}, {10, -179.5, -999.0F}};
+    const std::vector<AreaPoint> aPoint{{10, 179.5, 12.5F}, {10, -179.5, -999.0F}};
     EXPECT_EQ(PredictAreaCsvGet(aPoint), "lat,lon,snr_db\n10,179.5,12.5\n10,-179.5,-999\n");
     EXPECT_EQ(PredictAreaJsonGet(aPoint),
               "{\n  \"points\": [\n    {\"lat\": 10, \"lon\": 179.5, \"snr_db\": 12.5},\n"

@@ -6,15 +6,15 @@
 #include <string>
 
 #include "fuzz/FuzzCheck.h"
-#include "propagation/ReaderLib.h"
+#include "propagation/reader/ReaderLib.h"
 #include "system/TextLib.h"
 
 inline constexpr int kFuzzFrequencies = 3;  ///< few, so that small inputs can be whole outputs
 
 /// An input of iModel with the first frequencies of a usual list, kHz.
-inline PropagationInput FuzzInput()
+inline Request FuzzInput()
 {
-    PropagationInput input;
+    Request input;
     input.nData = kFuzzFrequencies;
     input.afFrequency = {0.0F, 2000.0F, 7000.0F, 14000.0F};
     return input;

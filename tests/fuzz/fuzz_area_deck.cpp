@@ -13,7 +13,7 @@ void GridCheck(const FuzzPrefix& prefix, const run533::AreaDeck& deck, const std
     prefix.Write("drive_c/itshfbc/areadata/working.rg1",
                  reinterpret_cast<const std::uint8_t*>(sGrid.data()), sGrid.size());
     AreaFile file;
-    Check(PropagationAreaOpenFile(kEngineRec533, file));
+    Check(!PropagationAreaOpenFile(kEngineRec533, file));
     for (int i = 0; i < deck.nGrid * deck.nGrid; ++i) {
         int iIndex1 = 0, iIndex2 = 0;
         double dLat = 0.0, dLon = 0.0;

@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
     static const FuzzPrefix prefix;
     prefix.Write("drive_c/itshfbc/areadata/working.rg1", pBytes, nBytes);
     AreaFile file;
-    Check(PropagationAreaOpenFile(kEngineRec533, file));
+    Check(!PropagationAreaOpenFile(kEngineRec533, file));
     for (std::size_t nPoints = 0;; ++nPoints) {
         Check(nPoints <= nBytes);  // each point takes a line
         int iIndex1 = kUntouched, iIndex2 = kUntouched;

@@ -2,7 +2,7 @@
 // as the program reads it.
 #include "engine/run533/Run.h"
 #include "fuzz/FuzzPrefix.h"
-#include "propagation/ReaderLib.h"
+#include "propagation/reader/ReaderLib.h"
 
 namespace {
 
@@ -12,7 +12,7 @@ void PageCheck(const FuzzFile& memory, const run533::PointDeck& deck, const std:
 {
     if (deck.sTxName != "Transmit" || deck.sRxName != "Receieve")
         return;
-    PropagationInput input;
+    Request input;
     for (const double dMhz : deck.aFrequencies) {
         if (!run533::FrequencyUsable(dMhz))
             return;

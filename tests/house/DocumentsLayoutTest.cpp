@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "propagation/DeckLayout.h"
+#include "propagation/deck/DeckLayout.h"
 #include "support/TempFolder.h"
 
 namespace {

@@ -6,8 +6,8 @@
 #include <span>
 #include <vector>
 
-#include "propagation/DeckLayout.h"
-#include "propagation/DeckLib.h"
+#include "propagation/deck/DeckLayout.h"
+#include "propagation/deck/DeckLib.h"
 #include "support/PropertyRandom.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
@@ -77,7 +77,7 @@ private:
     bool m_bWild;
 };
 
-void ModelFill(PropertyRandom& random, PropagationModel& model)
+void ModelFill(PropertyRandom& random, RequestModel& model)
 {
     Values values(random);
     model.nMonth = random.Whole(1, 12);
@@ -95,9 +95,9 @@ void ModelFill(PropertyRandom& random, PropagationModel& model)
     model.iAntennaType = random.Whole(-1, 3);
 }
 
-PropagationInput InputRandom(PropertyRandom& random)
+Request InputRandom(PropertyRandom& random)
 {
-    PropagationInput input;
+    Request input;
     ModelFill(random, input);
     Values values(random);
     input.fQIndex = values.Single(9.9);
@@ -111,7 +111,7 @@ PropagationInput InputRandom(PropertyRandom& random)
     return input;
 }
 
-std::vector<double> MegahertzOf(const PropagationInput& input)
+std::vector<double> MegahertzOf(const Request& input)
 {
     std::vector<double> adMhz;
     for (int i = 1; i <= input.nData; ++i)
@@ -138,7 +138,7 @@ TEST(DeckProperty, ColumnsOfIcepacAndVoacapNeverShift)
     int nWritten = 0;
     for (int i = 0; i < kCases && !HasFailure(); ++i) {
         const PropertyCase place(i);
-        const PropagationInput in = InputRandom(random);
+        const Request in = InputRandom(random);
         const auto res = DeckIcepacVoacap(in, 1, in.nData, kYear);
         if (!res)
             continue;
@@ -166,7 +166,7 @@ TEST(DeckProperty, ColumnsOfRec533NeverShift)
     int nWritten = 0;
     for (int i = 0; i < kCases && !HasFailure(); ++i) {
         const PropertyCase place(i);
-        const PropagationInput in = InputRandom(random);
+        const Request in = InputRandom(random);
         const auto res = DeckRec533(in, 1, in.nData, kYear);
         if (!res)
             continue;
@@ -184,9 +184,9 @@ TEST(DeckProperty, ColumnsOfRec533NeverShift)
     CountsCheck(nWritten);
 }
 
-PropagationAreaInput AreaInputRandom(PropertyRandom& random)
+AreaRequest AreaInputRandom(PropertyRandom& random)
 {
-    PropagationAreaInput input;
+    AreaRequest input;
     ModelFill(random, input);
     Values values(random);
     input.iModel = random.Whole(kEngineIcepac, kEngineRec533);
@@ -202,7 +202,7 @@ PropagationAreaInput AreaInputRandom(PropertyRandom& random)
     return input;
 }
 
-void AreaSystemCheck(const std::string& sDeck, const PropagationAreaInput& in)
+void AreaSystemCheck(const std::string& sDeck, const AreaRequest& in)
 {
     using namespace area_system_row;
     if (in.iModel == kEngineRec533) {
@@ -223,7 +223,7 @@ TEST(DeckProperty, ColumnsOfAreasNeverShift)
     int nWritten = 0;
     for (int i = 0; i < kCases && !HasFailure(); ++i) {
         const PropertyCase place(i);
-        const PropagationAreaInput in = AreaInputRandom(random);
+        const AreaRequest in = AreaInputRandom(random);
         const auto res = DeckArea(in);
         if (!res)
             continue;

@@ -3,15 +3,15 @@
 #include <limits>
 #include <sstream>
 
-#include "propagation/DeckLib.h"
-#include "propagation/DeckWriter.h"
 #include "propagation/EngineCases.h"
+#include "propagation/deck/DeckLib.h"
+#include "propagation/deck/DeckWriter.h"
 #include "support/TempFolder.h"
 #include "system/RunErrorText.h"
 
 namespace {
 
-Result<std::string> DeckMake(const PropagationInput& input, int iFirst, int iLast)
+Result<std::string> DeckMake(const Request& input, int iFirst, int iLast)
 {
     return input.iModel == kEngineRec533 ? DeckRec533(input, iFirst, iLast, kCapturedYear)
                                          : DeckIcepacVoacap(input, iFirst, iLast, kCapturedYear);
@@ -44,7 +44,7 @@ class AreaDeck : public testing::TestWithParam<AreaCase> {};
 
 TEST_P(CircuitDeck, IsTheCapturedOneByteForByte)
 {
-    const PropagationInput input = InputMake(GetParam());
+    const Request input = InputMake(GetParam());
     const auto resDeck = DeckMake(input, 1, input.nData);
     ASSERT_TRUE(resDeck) << resDeck.TextGet();
     EXPECT_EQ(resDeck.ValueGet(), BytesRead(CapturedPath(GetParam().sName, ".dat")));
@@ -71,7 +71,7 @@ TEST(EngineCases, HoldAllCapturedDecks)
 
 TEST(DeckIcepacVoacap, IcepacGetsTheDeckOfVoacap)
 {
-    PropagationInput input = InputMake(CircuitCaseGet("voacap/p2p_01"));
+    Request input = InputMake(CircuitCaseGet("voacap/p2p_01"));
     input.iModel = kEngineIcepac;
     EXPECT_EQ(DeckIcepacVoacap(input, 1, 10, kCapturedYear).ValueGet(),
               BytesRead(CapturedPath("voacap/p2p_01", ".dat")));
@@ -79,7 +79,7 @@ TEST(DeckIcepacVoacap, IcepacGetsTheDeckOfVoacap)
 
 TEST(DeckIcepacVoacap, EquatorIsSouthAndPrimeMeridianWest)
 {
-    PropagationInput input = InputMake(CircuitCaseGet("voacap/p2p_01"));
+    Request input = InputMake(CircuitCaseGet("voacap/p2p_01"));
     input.dTxLat = input.dTxLon = input.dRcLat = input.dRcLon = 0.0;
     EXPECT_EQ(LineOf(DeckIcepacVoacap(input, 1, 10, 2026).ValueGet(), "CIRCUIT"),
               "CIRCUIT    0.00S     0.00W     0.00S     0.00W        0");
@@ -87,7 +87,7 @@ TEST(DeckIcepacVoacap, EquatorIsSouthAndPrimeMeridianWest)
 
 TEST(DeckIcepacVoacap, TenFrequenciesFillColumns11To60)
 {
-    PropagationInput input = InputMake(CircuitCaseGet("voacap/p2p_01"));
+    Request input = InputMake(CircuitCaseGet("voacap/p2p_01"));
     input.afFrequency = {0.0F,    14100.0F, 500.0F,  30000.0F, 2000.0F, 2000.0F,
                          2000.0F, 2000.0F,  2000.0F, 2000.0F,  2000.0F};
     const std::string sLine = LineOf(DeckIcepacVoacap(input, 1, 10, 2026).ValueGet(), "FREQUENCY");
@@ -97,7 +97,7 @@ TEST(DeckIcepacVoacap, TenFrequenciesFillColumns11To60)
 
 TEST(DeckIcepacVoacap, ALaterChunkHoldsItsOwnFrequenciesFromColumn11)
 {
-    PropagationInput input = InputMake(CircuitCaseGet("voacap/p2p_01"));
+    Request input = InputMake(CircuitCaseGet("voacap/p2p_01"));
     input.afFrequency.resize(13, 21000.0F);
     input.nData = 12;
     EXPECT_EQ(LineOf(DeckIcepacVoacap(input, 11, 12, 2026).ValueGet(), "FREQUENCY"),
@@ -106,7 +106,7 @@ TEST(DeckIcepacVoacap, ALaterChunkHoldsItsOwnFrequenciesFromColumn11)
 
 TEST(DeckIcepacVoacap, YearIsTheGivenOneWhateverTheMonth)
 {
-    PropagationInput input = InputMake(CircuitCaseGet("voacap/p2p_01"));
+    Request input = InputMake(CircuitCaseGet("voacap/p2p_01"));
     input.nMonth = 1;
     EXPECT_EQ(LineOf(DeckIcepacVoacap(input, 1, 1, 2031).ValueGet(), "MONTH"),
               "MONTH      2031    1");
@@ -114,7 +114,7 @@ TEST(DeckIcepacVoacap, YearIsTheGivenOneWhateverTheMonth)
 
 TEST(DeckIcepacVoacap, CoefficientsAreWrittenAsTheyAre)
 {
-    PropagationInput input = InputMake(CircuitCaseGet("voacap/p2p_01"));
+    Request input = InputMake(CircuitCaseGet("voacap/p2p_01"));
     input.sIonCoefficients = "other text";
     EXPECT_EQ(LineOf(DeckIcepacVoacap(input, 1, 1, 2026).ValueGet(), "COEFFS"),
               "COEFFS    other text");
@@ -123,8 +123,8 @@ TEST(DeckIcepacVoacap, CoefficientsAreWrittenAsTheyAre)
 
 TEST(Decks, AntennaTypesChooseTheirCardsAndOthersNone)
 {
-    PropagationInput input = InputMake(CircuitCaseGet("voacap/p2p_01"));
-    PropagationAreaInput area = AreaInputMake(AreaCases().front());
+    Request input = InputMake(CircuitCaseGet("voacap/p2p_01"));
+    AreaRequest area = AreaInputMake(AreaCases().front());
     const auto fnCards = [](const std::string& sDeck, std::string_view sText) {
         std::string sCards;
         for (const std::string& sLine : Lines(sDeck))
@@ -164,7 +164,7 @@ TEST(Decks, AntennaTypesChooseTheirCardsAndOthersNone)
 TEST(Decks, EveryValueThatDoesNotFitIsAnError)
 {
     const auto fnTry = [](auto fnChange) {
-        PropagationInput input = InputMake(CircuitCaseGet("voacap/p2p_01"));
+        Request input = InputMake(CircuitCaseGet("voacap/p2p_01"));
         fnChange(input);
         return DeckIcepacVoacap(input, 1, 10, 2026).TextGet();
     };
@@ -181,14 +181,14 @@ TEST(Decks, EveryValueThatDoesNotFitIsAnError)
 
 TEST(DeckRec533, NoiseKeepsItsSign)
 {
-    const PropagationInput input = InputMake(CircuitCaseGet("rec533/p2p_01"));
+    const Request input = InputMake(CircuitCaseGet("rec533/p2p_01"));
     EXPECT_EQ(LineOf(DeckRec533(input, 1, 10, 2026).ValueGet(), "NOIS"),
               "NOIS       -145    1   40   50");
 }
 
 TEST(DeckArea, IcepacHasTheLinesOfVoacapUnderItsName)
 {
-    PropagationAreaInput area = AreaInputMake(AreaCases().front());
+    AreaRequest area = AreaInputMake(AreaCases().front());
     const std::string sVoacap = DeckArea(area).ValueGet();
     area.iModel = kEngineIcepac;
     const std::string sIcepac = DeckArea(area).ValueGet();
@@ -198,7 +198,7 @@ TEST(DeckArea, IcepacHasTheLinesOfVoacapUnderItsName)
 
 TEST(DeckArea, Rec533HasNoMethodQIndexAndFprobLine)
 {
-    PropagationAreaInput area = AreaInputMake(AreaCases().front());
+    AreaRequest area = AreaInputMake(AreaCases().front());
     area.iModel = kEngineRec533;
     const std::string sDeck = DeckArea(area).ValueGet();
     EXPECT_EQ(LineOf(sDeck, "Method"), "");
@@ -215,14 +215,14 @@ TEST(DeckArea, QIndexIsFixedAtZero)
 
 TEST(DeckArea, NoiseIsWrittenAsItIsHandedOver)
 {
-    PropagationAreaInput area = AreaInputMake(AreaCases().front());
+    AreaRequest area = AreaInputMake(AreaCases().front());
     area.fNoiseLevel = -145.0F;
     EXPECT_EQ(LineOf(DeckArea(area).ValueGet(), "System").substr(0, 15), "System   : -145");
 }
 
 TEST(DeckArea, AnUnknownModelHasNoDeck)
 {
-    PropagationAreaInput area = AreaInputMake(AreaCases().front());
+    AreaRequest area = AreaInputMake(AreaCases().front());
     area.iModel = 4;
     EXPECT_EQ(DeckArea(area).TextGet(), kInvalidCall);
 }

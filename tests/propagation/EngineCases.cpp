@@ -60,7 +60,7 @@ const std::vector<AreaCase> kAreas{
 // clang-format on
 
 template <class Case>
-void ModelFill(const Case& c, PropagationModel& model)
+void ModelFill(const Case& c, RequestModel& model)
 {
     model.iModel = c.iModel;
     model.nMonth = c.nMonth;
@@ -134,9 +134,9 @@ const CircuitCase& CircuitCaseGet(std::string_view sName)
     throw std::logic_error("no such circuit");
 }
 
-PropagationInput InputMake(const CircuitCase& c)
+Request InputMake(const CircuitCase& c)
 {
-    PropagationInput input;
+    Request input;
     ModelFill(c, input);
     input.fQIndex = static_cast<float>(c.dQIndex);
     input.dTxLat = c.dTxLat;
@@ -149,9 +149,9 @@ PropagationInput InputMake(const CircuitCase& c)
     return input;
 }
 
-PropagationAreaInput AreaInputMake(const AreaCase& c)
+AreaRequest AreaInputMake(const AreaCase& c)
 {
-    PropagationAreaInput input;
+    AreaRequest input;
     ModelFill(c, input);
     input.iHour = c.iHour;
     input.nGridSize = c.nGridSize;

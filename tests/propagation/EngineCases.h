@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "propagation/PropagationInput.h"
+#include "propagation/Request.h"
 
 /// The year in the captured decks.
 inline constexpr int kCapturedYear = 2026;
@@ -47,8 +47,8 @@ const std::vector<CircuitCase>& CircuitCases();
 const std::vector<AreaCase>& AreaCases();
 const CircuitCase& CircuitCaseGet(std::string_view sName);
 
-PropagationInput InputMake(const CircuitCase& c);
-PropagationAreaInput AreaInputMake(const AreaCase& c);
+Request InputMake(const CircuitCase& c);
+AreaRequest AreaInputMake(const AreaCase& c);
 
 /// Test names hold letters, digits and underscores only.
 std::string CaseName(std::string_view sName);

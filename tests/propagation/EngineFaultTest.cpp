@@ -68,7 +68,7 @@ protected:
     std::string TextOfFailure()
     {
         const MsgRecorder msg;
-        EXPECT_FALSE(PropagationRun(m_input, m_table));
+        EXPECT_FALSE(PropagationRun(m_input, m_table, ToldFailures()));
         EXPECT_EQ(msg.m_aShown.size(), 1U);
         return msg.m_aShown.empty() ? "" : msg.m_aShown[0].sText;
     }
@@ -76,8 +76,8 @@ protected:
     bool Attempt()
     {
         if (m_input.iModel == kEngineRec533)
-            return PropagationRec533(m_input, 1, m_input.nData, true, m_table);
-        return PropagationIcepacVoacap(m_input, 1, m_input.nData, true, m_table);
+            return Succeeded(PropagationRec533(m_input, 1, m_input.nData, m_table));
+        return Succeeded(PropagationIcepacVoacap(m_input, 1, m_input.nData, m_table));
     }
     [[nodiscard]] std::string Stage(const std::string& sText) const
     {
@@ -92,7 +92,7 @@ protected:
     const std::chrono::steady_clock::time_point m_tmStart = std::chrono::steady_clock::now();
     TempFolder m_folder;
     FakeRoot m_root;
-    PropagationInput m_input;
+    Request m_input;
     PropagationTable m_table;
 };
 
@@ -287,7 +287,7 @@ TEST_P(EngineFault, OutputOf100MegabytesInOneLineAndAsMuchOnTheConsole)
     EXPECT_FALSE(Attempt());
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, InputStage("Input past end of file"));
-    EXPECT_EQ(EngineSaidGet(), std::string(200, 'a'));
+    EXPECT_EQ(FailureLast().sDetail, std::string(200, 'a'));
 }
 
 #endif
@@ -304,7 +304,7 @@ TEST_P(EngineFault, BlankLinesForEverEndAtTheLimit)
     EXPECT_LT(time.count(), 2.5);
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
-    EXPECT_EQ(EngineSaidGet(), "");
+    EXPECT_EQ(FailureLast().sDetail, "gave up after 0.5 s");
 }
 
 #endif
@@ -404,12 +404,12 @@ TEST_P(EngineFault, RootHeldByAnotherFailsAtTheOpeningOfTheDeck)
         EXPECT_EQ(TextOfFailure(), Stage("Open Permission denied"));
         EXPECT_EQ(m_root.CallCount(), 0);
         EXPECT_TRUE(m_root.Names("RUN").empty());
-        EXPECT_EQ(EngineFailureGet(), EngineFailure::Busy);
-        EXPECT_EQ(EngineTroubleGet(m_input.iModel), "another Hopcast is using the engine folder");
+        EXPECT_EQ(FailureLast().eKind, FailureKind::Busy);
+        EXPECT_EQ(FailureLast().sDetail, "another Hopcast is using the engine folder");
     }
-    EXPECT_TRUE(PropagationRun(m_input, m_table));
-    EXPECT_EQ(EngineFailureGet(), EngineFailure::None);
-    EXPECT_EQ(EngineTroubleGet(m_input.iModel), "");
+    EXPECT_TRUE(PropagationRun(m_input, m_table, ToldFailures()));
+    EXPECT_EQ(FailureLast().eKind, FailureKind::Cancelled);
+    EXPECT_EQ(FailureLast().sDetail, "");
 }
 
 TEST_P(EngineFault, RunThatTookTooLongIsToldFromOneThatFailed)
@@ -418,26 +418,26 @@ TEST_P(EngineFault, RunThatTookTooLongIsToldFromOneThatFailed)
         const EngineLimit limit(0.3);
         Script("sleep 60");
         const MsgRecorder msg;
-        EXPECT_FALSE(PropagationRun(m_input, m_table));
-        EXPECT_EQ(EngineFailureGet(), EngineFailure::TimeLimit);
-        EXPECT_EQ(EngineTroubleGet(m_input.iModel), "gave up after 0.3 s");
+        EXPECT_FALSE(PropagationRun(m_input, m_table, ToldFailures()));
+        EXPECT_EQ(FailureLast().eKind, FailureKind::Timeout);
+        EXPECT_EQ(FailureLast().sDetail, "gave up after 0.3 s");
     }
     Script("echo no map; exit 1");
     const MsgRecorder msg;
-    EXPECT_FALSE(PropagationRun(m_input, m_table));
-    EXPECT_EQ(EngineFailureGet(), EngineFailure::None);
-    EXPECT_EQ(EngineTroubleGet(m_input.iModel), "no map");
+    EXPECT_FALSE(PropagationRun(m_input, m_table, ToldFailures()));
+    EXPECT_EQ(FailureLast().eKind, FailureKind::BadOutput);
+    EXPECT_EQ(FailureLast().sDetail, "no map");
 }
 
 TEST_P(EngineFault, TroubleOfAnEarlierRunIsForgottenWhenTheEngineIsMissing)
 {
     Script("echo no map; exit 1");
     const MsgRecorder msg;
-    EXPECT_FALSE(PropagationRun(m_input, m_table));
-    EXPECT_EQ(EngineTroubleGet(m_input.iModel), "no map");
+    EXPECT_FALSE(PropagationRun(m_input, m_table, ToldFailures()));
+    EXPECT_EQ(FailureLast().sDetail, "no map");
     fs::remove_all(m_root.Path("bin_win"));
-    EXPECT_FALSE(PropagationRun(m_input, m_table));
-    EXPECT_EQ(EngineTroubleGet(m_input.iModel), "");
+    EXPECT_FALSE(PropagationRun(m_input, m_table, ToldFailures()));
+    EXPECT_EQ(FailureLast().sDetail, "");
 }
 
 #ifndef _WIN32  // they fork
@@ -471,7 +471,7 @@ TEST_P(EngineFault, WaitForTheRootCountsWithinTheAttempt)
     EXPECT_EQ(nStatus, 0);
     EXPECT_GT(time.count(), 0.9);
     EXPECT_LT(time.count(), 3.0);
-    EXPECT_EQ(EngineFailureGet(), EngineFailure::Busy);  // its wait took most of the time
+    EXPECT_EQ(FailureLast().eKind, FailureKind::Busy);  // its wait took most of the time
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
 }
@@ -479,10 +479,10 @@ TEST_P(EngineFault, WaitForTheRootCountsWithinTheAttempt)
 /// Predicts a circuit again and again and compares. @return what went wrong, or nothing
 std::string RepeatedPredictions(const CircuitCase& c, const PropagationTable& tableExpected)
 {
-    const PropagationInput input = InputMake(c);
+    const Request input = InputMake(c);
     for (int i = 0; i < 6; ++i) {
         PropagationTable table(input.nData);
-        if (!PropagationRun(input, table))
+        if (!PropagationRun(input, table, ToldFailures()))
             return "failed";
         if (table.fAzimuthTxRc != tableExpected.fAzimuthTxRc)
             return "another's path";
@@ -505,8 +505,8 @@ TEST_P(EngineFault, TwoProgramsOnOneRootDoNotMixTheirFiles)
            + "'\nsleep 0.05\ncp \"$from\" $out\nsleep 0.05");
     PropagationTable tableMine(m_input.nData);
     PropagationTable tableOther(m_input.nData);
-    ASSERT_TRUE(PropagationRun(m_input, tableMine));
-    ASSERT_TRUE(PropagationRun(InputMake(cOther), tableOther));
+    ASSERT_TRUE(PropagationRun(m_input, tableMine, ToldFailures()));
+    ASSERT_TRUE(PropagationRun(InputMake(cOther), tableOther, ToldFailures()));
     ASSERT_NE(tableMine.fSnr(1, 1), tableOther.fSnr(1, 1));
     const pid_t nChild = fork();
     if (nChild == 0)

@@ -14,6 +14,7 @@
 #include <thread>
 
 #include "system/LockLib.h"
+#include "system/MsgLib.h"
 
 namespace fs = std::filesystem;
 
@@ -124,3 +125,33 @@ bool ProcessIsAlive(int nProcessId)
     return nName != std::string::npos && nName + 2 < sLine.size() && sLine[nName + 2] != 'Z';
 }
 #endif
+
+namespace {
+
+Failure& LastGet()
+{
+    static Failure failure;
+    return failure;
+}
+
+void Tell(const std::vector<Failure>& aFailures)
+{
+    LastGet() = Failure{FailureKind::Cancelled, {}};
+    for (const Failure& failure : aFailures) {
+        LastGet() = failure;
+        if (!failure.sText.empty())
+            MsgBox(failure.eIcon, failure.sText);
+    }
+}
+
+}  // namespace
+
+ToldFailures::~ToldFailures() { Tell(m_aFailures); }
+
+bool Succeeded(const std::optional<Failure>& failure)
+{
+    Tell(failure ? std::vector{*failure} : std::vector<Failure>{});
+    return !failure;
+}
+
+const Failure& FailureLast() { return LastGet(); }

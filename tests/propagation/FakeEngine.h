@@ -7,7 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "propagation/EngineLib.h"
+#include "propagation/itshfbc/EngineProgram.h"
+#include "propagation/itshfbc/EngineRun.h"
 #include "support/TempFolder.h"
 
 class FakeRoot {
@@ -48,6 +49,27 @@ public:
 private:
     double m_dBefore;
 };
+
+/// The failures of one call, shown as boxes when it is over, so that a MsgRecorder has them and an
+/// unexpected one fails the test.
+class ToldFailures {
+public:
+    ToldFailures() = default;
+    ~ToldFailures();
+    ToldFailures(const ToldFailures&) = delete;
+    ToldFailures& operator=(const ToldFailures&) = delete;
+    operator std::vector<Failure>&() { return m_aFailures; }  // NOLINT
+
+private:
+    std::vector<Failure> m_aFailures;
+};
+
+/// Shows a failure as a box. @return true when there was none.
+bool Succeeded(const std::optional<Failure>& failure);
+
+/// The latest of the failures that ToldFailures and Succeeded have seen; an empty one of the kind
+/// Cancelled when the latest call had none.
+const Failure& FailureLast();
 
 /// True when the process is there and no zombie.
 bool ProcessIsAlive(int nProcessId);

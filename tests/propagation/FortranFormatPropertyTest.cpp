@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "propagation/FortranFormat.h"
+#include "propagation/deck/FortranFormat.h"
 #include "support/PropertyRandom.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"

@@ -3,7 +3,7 @@
 #include <limits>
 #include <ostream>
 
-#include "propagation/FortranFormat.h"
+#include "propagation/deck/FortranFormat.h"
 #include "support/MsgRecorder.h"
 #include "system/RunErrorText.h"
 
@@ -115,7 +115,7 @@ TEST(FortranFormat, NotANumberAndInfinityAreErrors)
 TEST(FortranFormat, UnknownFormatIsToldAndYieldsAnEmptyText)
 {
     MsgRecorder msg;
-    const auto resField = FortranFormat(1.0F, "F9.9");
+    const auto resField = FortranFormat(1.0F, "F9.9", Told());
     ASSERT_TRUE(resField);
     EXPECT_EQ(resField.ValueGet(), "");
     ASSERT_EQ(msg.m_aShown.size(), 1U);

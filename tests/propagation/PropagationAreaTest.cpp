@@ -37,7 +37,7 @@ struct GridBytes {
                 + std::string(iModel == kEngineIcepac ? ".ig1" : AreaGridExtension(iModel)),
             sBytes);
         AreaFile file;
-        if (!PropagationAreaOpenFile(iModel, file))
+        if (!Succeeded(PropagationAreaOpenFile(iModel, file)))
             return;
         bOpened = true;
         for (Point point;;) {
@@ -228,8 +228,8 @@ TEST(PropagationAreaOpenFile, MissingGridIsTold)
     const FakeRoot root;
     const MsgRecorder msg;
     AreaFile file;
-    EXPECT_FALSE(PropagationAreaOpenFile(kEngineRec533, file));
-    EXPECT_FALSE(PropagationAreaOpenFile(7, file));
+    EXPECT_FALSE(Succeeded(PropagationAreaOpenFile(kEngineRec533, file)));
+    EXPECT_FALSE(Succeeded(PropagationAreaOpenFile(7, file)));
     ASSERT_EQ(msg.m_aShown.size(), 2U);
     EXPECT_EQ(msg.m_aShown[0].sText, "PropagationAreaOpenFile, File not found");
     EXPECT_EQ(msg.m_aShown[1].sText, "PropagationAreaOpenFile, Invalid procedure call or argument");
@@ -267,7 +267,7 @@ protected:
     const AreaEngine& m_case = GetParam();
     FakeRoot m_root;
     MsgRecorder m_msg;
-    PropagationAreaInput m_input;
+    AreaRequest m_input;
     AreaFile m_file;
 };
 
@@ -277,12 +277,12 @@ INSTANTIATE_TEST_SUITE_P(Engines, AreaRun, testing::ValuesIn(kAreaEngines),
 TEST_P(AreaRun, WritesTheDeckStartsTheEngineAndReadsItsGrid)
 {
     m_root.EngineCopying(m_case.sProgram, CapturedPath("voacap/area_02", ".vg1"));
-    ASSERT_TRUE(PropagationAreaOpen(m_input, m_file));
+    ASSERT_TRUE(Succeeded(PropagationAreaOpen(m_input, m_file)));
     const std::string sRoot = m_root.Path("");
     EXPECT_EQ(BytesRead(m_root.Path("calls")), std::string(m_case.sProgram) + "|" + sRoot + "|"
                                                    + sRoot + " AREA CALC " + m_case.sDeck + "\n");
     EXPECT_TRUE(m_root.DeckGet(1).starts_with("Model    :"));
-    ASSERT_TRUE(PropagationAreaOpenFile(m_case.iModel, m_file));
+    ASSERT_TRUE(Succeeded(PropagationAreaOpenFile(m_case.iModel, m_file)));
     int nPoints = 0;
     for (Point point;; ++nPoints) {
         const Result<bool> resRead = PointRead(m_file, point);
@@ -299,29 +299,29 @@ TEST_P(AreaRun, AnOldGridIsGoneWhenTheEngineStarts)
     m_root.Engine(m_case.sProgram, "test ! -e $out");
     std::filesystem::copy_file(CapturedPath("voacap/area_02", ".vg1"),
                                m_root.Path(std::string("areadata/") + m_case.sGrid));
-    EXPECT_TRUE(PropagationAreaOpen(m_input, m_file));
-    EXPECT_FALSE(PropagationAreaOpenFile(m_case.iModel, m_file));
+    EXPECT_TRUE(Succeeded(PropagationAreaOpen(m_input, m_file)));
+    EXPECT_FALSE(Succeeded(PropagationAreaOpenFile(m_case.iModel, m_file)));
     EXPECT_EQ(TextShown(), "PropagationAreaOpenFile, File not found");
 }
 
 TEST_P(AreaRun, TriesOnceAndTellsTheStatus)
 {
     m_root.Engine(m_case.sProgram, "exit 1");
-    EXPECT_FALSE(PropagationAreaOpen(m_input, m_file));
+    EXPECT_FALSE(Succeeded(PropagationAreaOpen(m_input, m_file)));
     EXPECT_EQ(TextShown(), "PropagationAreaOpen, Shell do not finish.");
     EXPECT_EQ(m_root.CallCount(), 1);
 }
 
 TEST_P(AreaRun, MissingProgramIsAnErrorOfTheStart)
 {
-    EXPECT_FALSE(PropagationAreaOpen(m_input, m_file));
+    EXPECT_FALSE(Succeeded(PropagationAreaOpen(m_input, m_file)));
     EXPECT_EQ(TextShown(), "PropagationAreaOpen, File not found");
 }
 
 TEST_P(AreaRun, AStartWithoutAProcessIdIsTold)
 {
     auto fnBefore = ProcessSetHandler([](const ProcessCommand&) { return Result<int>(0); });
-    EXPECT_FALSE(PropagationAreaOpen(m_input, m_file));
+    EXPECT_FALSE(Succeeded(PropagationAreaOpen(m_input, m_file)));
     ProcessSetHandler(std::move(fnBefore));
     EXPECT_EQ(TextShown(), std::string("Unable to execute ") + m_case.sExecute + " program.");
 }
@@ -329,11 +329,11 @@ TEST_P(AreaRun, AStartWithoutAProcessIdIsTold)
 TEST_P(AreaRun, AMissingFolderAndAValueThatDoesNotFitAreTold)
 {
     m_root.Engine(m_case.sProgram, "");
-    PropagationAreaInput input = m_input;
+    AreaRequest input = m_input;
     input.nGridSize = 123456;
-    EXPECT_FALSE(PropagationAreaOpen(input, m_file));
+    EXPECT_FALSE(Succeeded(PropagationAreaOpen(input, m_file)));
     std::filesystem::remove_all(m_root.Path("areadata"));
-    EXPECT_FALSE(PropagationAreaOpen(m_input, m_file));
+    EXPECT_FALSE(Succeeded(PropagationAreaOpen(m_input, m_file)));
     ASSERT_EQ(m_msg.m_aShown.size(), 2U);
     EXPECT_EQ(m_msg.m_aShown[0].sText, "PropagationAreaOpen, Invalid procedure call or argument");
     EXPECT_EQ(m_msg.m_aShown[1].sText, "PropagationAreaOpen, Path not found");
@@ -346,17 +346,17 @@ TEST_P(AreaRun, TheRootIsHeldUntilTheGridIsReadOrClosed)
     const EngineLimit limit(0.05);
     const auto fnFree = [&] { return bool(FileLock::Take(m_root.Path("hopcast.lock"), 0.0)); };
     auto fnBefore = ProcessSetHandler([](const ProcessCommand&) { return Result<int>(999999999); });
-    ASSERT_TRUE(PropagationAreaOpen(m_input, m_file));
+    ASSERT_TRUE(Succeeded(PropagationAreaOpen(m_input, m_file)));
     EXPECT_FALSE(fnFree());
     AreaFile fileOther;
-    EXPECT_FALSE(PropagationAreaOpen(m_input, fileOther));
+    EXPECT_FALSE(Succeeded(PropagationAreaOpen(m_input, fileOther)));
     EXPECT_EQ(TextShown(), "PropagationAreaOpen, Permission denied");
     m_file.Close();
     EXPECT_TRUE(fnFree());
-    ASSERT_TRUE(PropagationAreaOpen(m_input, m_file));
+    ASSERT_TRUE(Succeeded(PropagationAreaOpen(m_input, m_file)));
     std::filesystem::copy_file(CapturedPath("rec533/area_02", ".rg1"),
                                m_root.Path(std::string("areadata/") + m_case.sGrid));
-    ASSERT_TRUE(PropagationAreaOpenFile(m_case.iModel, m_file));
+    ASSERT_TRUE(Succeeded(PropagationAreaOpenFile(m_case.iModel, m_file)));
     EXPECT_FALSE(fnFree());
     for (Point point;;) {
         const Result<bool> resRead = PointRead(m_file, point);
@@ -372,7 +372,7 @@ TEST_P(AreaRun, AnEngineThatNeverEndsIsKilledAtTheLimit)
 {
     const EngineLimit limit(0.3);
     m_root.Engine(m_case.sProgram, "sleep 60");
-    EXPECT_FALSE(PropagationAreaOpen(m_input, m_file));
+    EXPECT_FALSE(Succeeded(PropagationAreaOpen(m_input, m_file)));
     EXPECT_EQ(TextShown(), "PropagationAreaOpen, Shell do not finish.");
 }
 
@@ -388,9 +388,9 @@ TEST_P(AreaRun, AGridTooBigForTheLimitIsToldWithASmallerOne)
           GridCase{40, "; a smaller grid, for example 20, is faster"}, GridCase{3, ""}}) {
         const EngineLimit limit(0.2);
         m_input.nGridSize = c.nGridSize;
-        EXPECT_FALSE(PropagationAreaOpen(m_input, m_file));
-        EXPECT_EQ(EngineFailureGet(), EngineFailure::TimeLimit);
-        EXPECT_EQ(EngineTroubleGet(m_case.iModel), "gave up after 0.2 s" + c.sAdvice);
+        EXPECT_FALSE(Succeeded(PropagationAreaOpen(m_input, m_file)));
+        EXPECT_EQ(FailureLast().eKind, FailureKind::Timeout);
+        EXPECT_EQ(FailureLast().sDetail, "gave up after 0.2 s" + c.sAdvice);
     }
     EXPECT_EQ(m_msg.m_aShown.size(), 3U);
 }
@@ -399,10 +399,10 @@ TEST(PropagationAreaOpen, AnUnknownModelIsTold)
 {
     const FakeRoot root;
     const MsgRecorder msg;
-    PropagationAreaInput input = AreaInputMake(AreaCases().front());
+    AreaRequest input = AreaInputMake(AreaCases().front());
     input.iModel = 0;
     AreaFile file;
-    EXPECT_FALSE(PropagationAreaOpen(input, file));
+    EXPECT_FALSE(Succeeded(PropagationAreaOpen(input, file)));
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, "PropagationAreaOpen, Invalid procedure call or argument");
 }

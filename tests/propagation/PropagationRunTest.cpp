@@ -24,9 +24,9 @@ std::string FrequencyCard(const std::string& sDeck)
 }
 
 /// An input of nCount frequencies 1000, 2000 ... kHz.
-PropagationInput InputOf(int iModel, int nCount)
+Request InputOf(int iModel, int nCount)
 {
-    PropagationInput input = InputMake(CircuitCaseGet("rec533/p2p_01"));
+    Request input = InputMake(CircuitCaseGet("rec533/p2p_01"));
     input.iModel = iModel;
     input.nData = nCount;
     input.afFrequency.assign(1, 0.0F);
@@ -66,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(Engines, EachEngine, testing::ValuesIn(kEngineCases),
 
 TEST_P(EachEngine, MissingProgramIsToldOncePerChunkAndStopsNothing)
 {
-    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 15), m_table));
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 15), m_table, ToldFailures()));
     ASSERT_EQ(m_msg.m_aShown.size(), 2U);
     for (const MsgShown& shown : m_msg.m_aShown)
         EXPECT_EQ(shown.sText, std::string("Propagation Model ") + m_case.sName + kNotFound);
@@ -75,19 +75,19 @@ TEST_P(EachEngine, MissingProgramIsToldOncePerChunkAndStopsNothing)
 
 TEST_P(EachEngine, CheckInstalledTellsOnlyWhenAsked)
 {
-    EXPECT_FALSE(EngineCheckInstalled(m_case.iModel, false));
+    EXPECT_FALSE(EngineCheckInstalled(m_case.iModel, nullptr));
     EXPECT_TRUE(m_msg.m_aShown.empty());
-    EXPECT_FALSE(EngineCheckInstalled(m_case.iModel, true));
+    EXPECT_FALSE(EngineCheckInstalled(m_case.iModel, Told()));
     ASSERT_EQ(m_msg.m_aShown.size(), 1U);
     m_root.Engine(m_case.sProgram, "");
-    EXPECT_TRUE(EngineCheckInstalled(m_case.iModel, true));
+    EXPECT_TRUE(EngineCheckInstalled(m_case.iModel, Told()));
     EXPECT_EQ(m_msg.m_aShown.size(), 1U);
 }
 
 TEST_P(EachEngine, StartsWithTheTwoFileNamesInTheRootFolder)
 {
     m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
-    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 3), m_table));
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 3), m_table, ToldFailures()));
     const std::string sRoot = m_root.Path("");
     EXPECT_EQ(BytesRead(m_root.Path("calls")),
               std::string(m_case.sProgram) + "|" + sRoot + "|" + sRoot + " sound.dat sound.out\n");
@@ -98,7 +98,7 @@ TEST_P(EachEngine, TwentyFiveFrequenciesAreThreeRuns)
 {
     m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
     PropagationTable table(25);
-    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 25), table));
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 25), table, ToldFailures()));
     EXPECT_EQ(m_root.CallCount(), 3);
     const bool bRec533 = m_case.iModel == kEngineRec533;
     EXPECT_EQ(
@@ -125,7 +125,7 @@ TEST_P(EachEngine, OneToElevenFrequenciesAreOneOrTwoRuns)
     int nBefore = 0;
     for (const auto& [nCount, nRuns] :
          {std::pair{1, 1}, std::pair{10, 1}, std::pair{11, 2}, std::pair{15, 2}}) {
-        EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, nCount), m_table));
+        EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, nCount), m_table, ToldFailures()));
         EXPECT_EQ(m_root.CallCount() - nBefore, nRuns) << nCount;
         nBefore = m_root.CallCount();
     }
@@ -135,9 +135,9 @@ TEST_P(EachEngine, AnEmptyListReturnsFalseAndTouchesNothing)
 {
     m_root.Engine(m_case.sProgram, "");
     for (const int nCount : {0, -1}) {
-        PropagationInput input = InputOf(m_case.iModel, 1);
+        Request input = InputOf(m_case.iModel, 1);
         input.nData = nCount;
-        EXPECT_FALSE(PropagationRun(input, m_table));
+        EXPECT_FALSE(PropagationRun(input, m_table, ToldFailures()));
     }
     EXPECT_EQ(m_root.CallCount(), 0);
     EXPECT_TRUE(m_root.Names("RUN").empty());
@@ -148,7 +148,7 @@ TEST_P(EachEngine, FirstFailureIsSilentAndTheSecondAttemptMayStillDo)
 {
     m_root.Engine(m_case.sProgram, "[ $n -eq 1 ] && exit 3\ncp '"
                                        + CapturedPath(m_case.sCaptured, ".out") + "' $out");
-    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));
     EXPECT_EQ(m_root.CallCount(), 2);
     EXPECT_EQ(m_root.DeckGet(1), m_root.DeckGet(2));
     EXPECT_TRUE(m_msg.m_aShown.empty());
@@ -158,7 +158,7 @@ TEST_P(EachEngine, SecondFailureIsToldInItsOwnWords)
 {
     // The first attempt fails at the output, the second at the status: only the second is told.
     m_root.Engine(m_case.sProgram, "[ $n -eq 2 ] && exit 1\nexit 0");
-    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));
     EXPECT_EQ(m_root.CallCount(), 2);
     ASSERT_EQ(m_msg.m_aShown.size(), 1U);
     EXPECT_EQ(m_msg.m_aShown[0].sText, m_case.sPrefix + "Shell do not finish.");
@@ -170,7 +170,7 @@ TEST_P(EachEngine, AFailedChunkKeepsItsCellsAndTheLastChunkDecides)
                                        + CapturedPath(m_case.sCaptured, ".out") + "' $out");
     m_table.fSnr(5, 2) = 33.5F;
     m_table.sLayer(5, 2) = "kept";
-    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 12), m_table));
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 12), m_table, ToldFailures()));
     EXPECT_EQ(m_root.CallCount(), 3);
     ASSERT_EQ(m_msg.m_aShown.size(), 1U);
     EXPECT_EQ(m_table.fSnr(5, 2), 33.5F);
@@ -188,7 +188,7 @@ TEST_P(EachEngine, AChunkReadInPartIsAbsent)
                                          "grep -q 'FREQ.* 11.0' $deck && exit 0\n"
                                          "head -c $(($(wc -c < $out) / 2)) "
                                        + sOutput + " > $out.half\nmv $out.half $out");
-    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 12), m_table));
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 12), m_table, ToldFailures()));
     ASSERT_EQ(m_msg.m_aShown.size(), 1U);
     EXPECT_EQ(PropagationAbsentText(m_table),
               "1000, 2000, 3000, 4000, 5000, 6000, 7000, 8000, 9000, 10000");
@@ -198,15 +198,15 @@ TEST_P(EachEngine, AChunkReadInPartIsAbsent)
 TEST_P(EachEngine, TheTableKeepsTheInputThatItWasMadeFor)
 {
     m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
-    PropagationInput input = InputOf(m_case.iModel, 3);
+    Request input = InputOf(m_case.iModel, 3);
     input.eSunSpotSource = SunSpotSource::AirMail;
-    EXPECT_TRUE(PropagationRun(input, m_table));
+    EXPECT_TRUE(PropagationRun(input, m_table, ToldFailures()));
     input.afFrequency[2] = 9999.0F;
     input.iModel = 9;
-    EXPECT_EQ(m_table.input.iModel, m_case.iModel);
-    EXPECT_EQ(m_table.input.nData, 3);
-    EXPECT_EQ(m_table.input.FrequencyGet(2), 2000.0F);
-    EXPECT_EQ(m_table.input.eSunSpotSource, SunSpotSource::AirMail);
+    EXPECT_EQ(m_table.request.iModel, m_case.iModel);
+    EXPECT_EQ(m_table.request.nData, 3);
+    EXPECT_EQ(m_table.request.FrequencyGet(2), 2000.0F);
+    EXPECT_EQ(m_table.request.eSunSpotSource, SunSpotSource::AirMail);
     EXPECT_FALSE(m_table.bBuiltIn) << "a program that Hopcast did not bring";
     EXPECT_EQ(PropagationAbsentText(m_table), "");
 }
@@ -215,7 +215,7 @@ TEST_P(EachEngine, AFailureOfTheLastChunkIsTheResultThoughOthersWereRead)
 {
     m_root.Engine(m_case.sProgram, "grep -q 'FREQ.* 11.0' $deck && exit 1\ncp '"
                                        + CapturedPath(m_case.sCaptured, ".out") + "' $out");
-    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 12), m_table));
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 12), m_table, ToldFailures()));
     EXPECT_EQ(m_root.CallCount(), 3);
     EXPECT_NE(m_table.fSnr(5, 2), 0.0F);
     EXPECT_EQ(m_table.fSnr(5, 11), 0.0F);
@@ -228,7 +228,7 @@ TEST_P(EachEngine, AStartWithoutAProcessIdIsAlwaysTold)
 {
     m_root.Engine(m_case.sProgram, "");
     auto fnBefore = ProcessSetHandler([](const ProcessCommand&) { return Result<int>(0); });
-    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));
     ProcessSetHandler(std::move(fnBefore));
     ASSERT_EQ(m_msg.m_aShown.size(), 2U);  // in the silent attempt too
     for (const MsgShown& shown : m_msg.m_aShown)
@@ -243,7 +243,7 @@ TEST_P(EachEngine, CommandIsSpelledInThePackagesOwnPaths)
         command = commandGiven;
         return Result<int>(0);
     });
-    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 1), m_table));
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 1), m_table, ToldFailures()));
     ProcessSetHandler(std::move(fnBefore));
     const std::vector<std::string> asExpected{
         std::string("c:\\itshfbc\\bin_win\\") + m_case.sProgram, "c:\\itshfbc", "sound.dat",
@@ -259,7 +259,7 @@ TEST_P(EachEngine, DeckHoldsTheYearOfTheComputersClock)
     source.fnLocal = [] { return DateTime{2031, 1, 1, 0, 30, 0}; };
     source.fnUtc = [] { return DateTime{2030, 12, 31, 23, 30, 0}; };
     const ClockSource sourceBefore = ClockSetHandler(source);
-    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 1), m_table));
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 1), m_table, ToldFailures()));
     ClockSetHandler(sourceBefore);
     EXPECT_NE(m_root.DeckGet(1).find("MONTH      2031   11\r\n"), std::string::npos);
 }
@@ -270,7 +270,7 @@ TEST_P(EachEngine, AnOldOutputIsGoneWhenTheEngineStarts)
     TempFolder folder;
     std::filesystem::copy_file(CapturedPath(m_case.sCaptured, ".out"),
                                m_root.Path("RUN/sound.out"));
-    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));
     ASSERT_EQ(m_msg.m_aShown.size(), 1U);
     EXPECT_TRUE(m_msg.m_aShown[0].sText.starts_with(m_case.sPrefix + "Input"));
     EXPECT_TRUE(m_msg.m_aShown[0].sText.ends_with(kFileNotFound));
@@ -279,9 +279,9 @@ TEST_P(EachEngine, AnOldOutputIsGoneWhenTheEngineStarts)
 TEST_P(EachEngine, ValueThatDoesNotFitFailsTheDeckAndStartsNothing)
 {
     m_root.Engine(m_case.sProgram, "");
-    PropagationInput input = InputOf(m_case.iModel, 10);
+    Request input = InputOf(m_case.iModel, 10);
     input.fSunSpotNumber = 12345.0F;
-    EXPECT_FALSE(PropagationRun(input, m_table));
+    EXPECT_FALSE(PropagationRun(input, m_table, ToldFailures()));
     ASSERT_EQ(m_msg.m_aShown.size(), 1U);
     EXPECT_EQ(m_msg.m_aShown[0].sText,
               m_case.sPrefix + "Output Invalid procedure call or argument");
@@ -291,24 +291,24 @@ TEST_P(EachEngine, ValueThatDoesNotFitFailsTheDeckAndStartsNothing)
 TEST_P(EachEngine, SayingOfAnEarlierRunIsForgottenByOneThatStartsNoEngine)
 {
     m_root.Engine(m_case.sProgram, "echo no map");
-    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
-    EXPECT_EQ(EngineSaidGet(), "no map");
-    PropagationInput input = InputOf(m_case.iModel, 10);
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));
+    EXPECT_EQ(FailureLast().sDetail, "no map");
+    Request input = InputOf(m_case.iModel, 10);
     input.fNoiseLevel = -123456.0F;  // fits no field of the deck
-    EXPECT_FALSE(PropagationRun(input, m_table));
-    EXPECT_EQ(EngineSaidGet(), "");
+    EXPECT_FALSE(PropagationRun(input, m_table, ToldFailures()));
+    EXPECT_EQ(FailureLast().sDetail, "");
 }
 
 TEST_P(EachEngine, FirstPrintableLineThatItSaysIsKept)
 {
     m_root.Engine(m_case.sProgram,
                   "echo\nprintf 'STOP \\001\\377no  map \\033[1m\\n' >&2\necho more");
-    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
-    EXPECT_EQ(EngineSaidGet(), "STOP no  map [1m");
-    EXPECT_EQ(EngineTroubleGet(m_case.iModel), "STOP no  map [1m");
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));
+    EXPECT_EQ(FailureLast().sDetail, "STOP no  map [1m");
+    EXPECT_EQ(FailureLast().sDetail, "STOP no  map [1m");
     m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
-    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
-    EXPECT_EQ(EngineSaidGet(), "");
+    EXPECT_TRUE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));
+    EXPECT_EQ(FailureLast().sDetail, "");
 }
 
 #ifndef _WIN32
@@ -329,10 +329,10 @@ TEST_P(EachEngine, AFailureForWantOfWines32BitHalfNamesThePackage)
     const EnvironmentSet root("HOPCAST_ITSHFBC", rootFolder.Path());
     rootFolder.Write("bin_win/" + std::string(m_case.sProgram), sProgram);
     std::filesystem::create_directory(rootFolder.Path("RUN"));
-    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table));
+    EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));
     ASSERT_EQ(m_msg.m_aShown.size(), 1U);
     EXPECT_TRUE(m_msg.m_aShown[0].sText.ends_with(kFileNotFound)) << m_msg.m_aShown[0].sText;
-    EXPECT_EQ(EngineTroubleGet(m_case.iModel),
+    EXPECT_EQ(FailureLast().sDetail,
               std::string(m_case.sProgram)
                   + " is a 32-bit program, and Wine's 32-bit half is missing: install the package "
                     "wine32:i386, then run wineboot -u");
@@ -345,7 +345,7 @@ TEST(EngineCheckInstalled, AnUnknownModelHasNoNameAndIsNotInstalled)
     root.Engine("rec533w.exe", "");
     MsgRecorder msg;
     EXPECT_EQ(EngineProgramPath(4), "c:\\itshfbc\\bin_win\\");
-    EXPECT_FALSE(EngineCheckInstalled(4, true));
+    EXPECT_FALSE(EngineCheckInstalled(4, Told()));
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, std::string("Propagation Model ") + kNotFound);
 }
@@ -355,7 +355,8 @@ TEST(PropagationRun, AnUnknownModelFailsAndRunsNothing)
     const FakeRoot root;
     const MsgRecorder msg;
     PropagationTable table(15);
-    for (const int iModel : {0, 4, -1, 9}) EXPECT_FALSE(PropagationRun(InputOf(iModel, 15), table));
+    for (const int iModel : {0, 4, -1, 9})
+        EXPECT_FALSE(PropagationRun(InputOf(iModel, 15), table, ToldFailures()));
     EXPECT_TRUE(msg.m_aShown.empty());
     EXPECT_TRUE(root.Names("RUN").empty());
 }
@@ -366,7 +367,7 @@ TEST(PropagationRun, ATableTooNarrowFailsAtTheInput)
     root.EngineCopying("rec533w.exe", CapturedPath("rec533/p2p_01", ".out"));
     const MsgRecorder msg;
     PropagationTable table(9);
-    EXPECT_FALSE(PropagationRun(InputOf(kEngineRec533, 10), table));
+    EXPECT_FALSE(PropagationRun(InputOf(kEngineRec533, 10), table, ToldFailures()));
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, "PropagationRec533, Input Subscript out of range");
 }
@@ -379,7 +380,7 @@ TEST(PropagationRun, CapturedOutputsFillTheTable)
         root.EngineCopying(c.iModel == kEngineVoacap ? "voacapw.exe" : "rec533w.exe",
                            CapturedPath(sName, ".out"));
         PropagationTable table(static_cast<int>(c.adKilohertz.size()));
-        EXPECT_TRUE(PropagationRun(InputMake(c), table));
+        EXPECT_TRUE(PropagationRun(InputMake(c), table, ToldFailures()));
         TableCompare(c, table, 1);
     }
 }
@@ -387,12 +388,12 @@ TEST(PropagationRun, CapturedOutputsFillTheTable)
 TEST_P(EachEngine, AFrequencyOutOfRangeIsInNoDeckAndTheOthersKeepTheirRows)
 {
     m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
-    PropagationInput input = InputOf(m_case.iModel, 4);
+    Request input = InputOf(m_case.iModel, 4);
     PropagationTable tableWhole(4);
-    ASSERT_TRUE(PropagationRun(input, tableWhole));
+    ASSERT_TRUE(PropagationRun(input, tableWhole, ToldFailures()));
     input.afFrequency[1] = 99.9F;
     input.afFrequency[3] = 45001.0F;
-    ASSERT_TRUE(PropagationRun(input, m_table));
+    ASSERT_TRUE(PropagationRun(input, m_table, ToldFailures()));
     const std::string sCard = FrequencyCard(m_root.DeckGet(2));
     EXPECT_NE(sCard.find(" 2.0 "), std::string::npos) << sCard;
     EXPECT_TRUE(sCard.ends_with(" 4.0")) << sCard;
@@ -412,9 +413,9 @@ TEST_P(EachEngine, AFrequencyOutOfRangeIsInNoDeckAndTheOthersKeepTheirRows)
 TEST_P(EachEngine, WithoutAFrequencyInRangeNothingRuns)
 {
     m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
-    PropagationInput input = InputOf(m_case.iModel, 1);
+    Request input = InputOf(m_case.iModel, 1);
     input.afFrequency[1] = -1.0F;
-    EXPECT_FALSE(PropagationRun(input, m_table));
+    EXPECT_FALSE(PropagationRun(input, m_table, ToldFailures()));
     EXPECT_EQ(m_root.CallCount(), 0);
     EXPECT_TRUE(m_msg.m_aShown.empty());
 }
@@ -422,9 +423,9 @@ TEST_P(EachEngine, WithoutAFrequencyInRangeNothingRuns)
 TEST_P(EachEngine, APositionOrNumberOutOfRangeReachesNoEngine)
 {
     m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sCaptured, ".out"));
-    PropagationInput input = InputOf(m_case.iModel, 1);
+    Request input = InputOf(m_case.iModel, 1);
     input.dTxLat = 95.0;
-    EXPECT_FALSE(PropagationRun(input, m_table));
+    EXPECT_FALSE(PropagationRun(input, m_table, ToldFailures()));
     EXPECT_EQ(m_root.CallCount(), 0);
     ASSERT_EQ(m_msg.m_aShown.size(), 1U);
     EXPECT_EQ(m_msg.m_aShown[0].sText,

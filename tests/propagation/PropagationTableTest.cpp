@@ -43,8 +43,8 @@ TEST(PropagationTable, NoFrequencyIsPresentBeforeItsRunSucceeded)
 TEST(PropagationAbsentText, NamesTheFrequenciesWithoutValuesInWholeKilohertz)
 {
     PropagationTable table(3);
-    table.input.nData = 3;
-    table.input.afFrequency = {0.0F, 2000.0F, 7050.6F, 14000.0F};
+    table.request.nData = 3;
+    table.request.afFrequency = {0.0F, 2000.0F, 7050.6F, 14000.0F};
     table.PresentSet(3, 3, true);
     EXPECT_EQ(PropagationAbsentText(table), "2000, 7051");
     table.PresentSet(1, 2, true);

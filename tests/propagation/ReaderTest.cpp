@@ -4,14 +4,14 @@
 #include <ostream>
 
 #include "propagation/EngineCases.h"
-#include "propagation/ReaderLib.h"
+#include "propagation/reader/ReaderLib.h"
 #include "support/TempFolder.h"
 #include "system/RunErrorText.h"
 
 namespace {
 
-Result<void> OutputRead(const std::string& sPath, const PropagationInput& input, int iFirst,
-                        int iLast, PropagationTable& table)
+Result<void> OutputRead(const std::string& sPath, const Request& input, int iFirst, int iLast,
+                        PropagationTable& table)
 {
     auto resFile = TextFile::Open(sPath);
     if (!resFile)
@@ -47,7 +47,7 @@ struct ChangedOutput {
     }
 
     CircuitCase circuit;
-    PropagationInput input;
+    Request input;
     PropagationTable table;
     std::string sBytes;
 };
@@ -74,7 +74,7 @@ class CapturedOutput : public testing::TestWithParam<CircuitCase> {};
 
 TEST_P(CapturedOutput, GivesEveryValueThatWasCutApart)
 {
-    const PropagationInput input = InputMake(GetParam());
+    const Request input = InputMake(GetParam());
     PropagationTable table(input.nData);
     const auto resRead =
         OutputRead(CapturedPath(GetParam().sName, ".out"), input, 1, input.nData, table);
@@ -84,7 +84,7 @@ TEST_P(CapturedOutput, GivesEveryValueThatWasCutApart)
 
 TEST_P(CapturedOutput, CutAtAByteFailsOrIsWhole)
 {
-    const PropagationInput input = InputMake(GetParam());
+    const Request input = InputMake(GetParam());
     const std::string sBytes = BytesRead(CapturedPath(GetParam().sName, ".out"));
     PropagationTable tableWhole(input.nData);
     ASSERT_TRUE(
@@ -123,7 +123,7 @@ class ReaderOfBoth : public testing::TestWithParam<const char*> {};
 TEST_P(ReaderOfBoth, LaterChunkFillsItsOwnIndicesFromTheFirstColumns)
 {
     const CircuitCase& c = CircuitCaseGet(GetParam());
-    PropagationInput input = InputMake(c);
+    Request input = InputMake(c);
     input.afFrequency.insert(input.afFrequency.begin() + 1, 10, 30000.0F);
     input.nData = 15;
     PropagationTable table(15);
@@ -137,7 +137,7 @@ TEST_P(ReaderOfBoth, LaterChunkFillsItsOwnIndicesFromTheFirstColumns)
 
 TEST_P(ReaderOfBoth, IndicesBeyondTheTableAreRefused)
 {
-    const PropagationInput input = InputMake(CircuitCaseGet(GetParam()));
+    const Request input = InputMake(CircuitCaseGet(GetParam()));
     PropagationTable table(4);
     EXPECT_EQ(OutputRead(CapturedPath(GetParam(), ".out"), input, 1, 5, table).TextGet(),
               kSubscriptOutOfRange);
@@ -382,7 +382,7 @@ TEST(Readers, CapturedFailuresAreToldFromCompleteOutputs)
         {"voacap_number_not_readable", kEngineVoacap},
         {"voacap_truncated_before_execute", kEngineVoacap},
     };
-    PropagationInput input = InputMake(CircuitCaseGet("rec533/p2p_01"));
+    Request input = InputMake(CircuitCaseGet("rec533/p2p_01"));
     for (const FailureCase& c : kCases) {
         input.iModel = c.iModel;
         PropagationTable table(input.nData);

@@ -65,7 +65,7 @@ TEST(RequestKey, IsAnotherOneForEveryMemberThatAPredictionDependsOn)
 TEST(RequestKey, IsTheSameWhereTheNumbersAre)
 {
     Request request = RequestOf();
-    request.eSunSpotSource = SunSpotSource::Airmail;  // the number itself did not change
+    request.eSunSpotSource = SunSpotSource::AirMail;  // the number itself did not change
     request.dTxLon = -0.0;
     request.afFrequency.push_back(9999.0F);  // behind the count
     EXPECT_EQ(RequestKey(request), RequestKey(RequestOf()));

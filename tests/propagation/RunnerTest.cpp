@@ -41,9 +41,9 @@ public:
         while (Clock::now() < tmEnd && !stop.stop_requested()) std::this_thread::sleep_for(1ms);
         --m_nNow;
         Prediction prediction;
-        prediction.request = request;
         prediction.sEngine = NameGet();
         prediction.table = PropagationTable(request.nData);
+        prediction.table.request = request;
         if (stop.stop_requested()) {
             prediction.aFailures.push_back({FailureKind::Cancelled, "Cancelled."});
             return prediction;
@@ -143,7 +143,7 @@ TEST(Runner, AnswersEveryRequestOnceAndThenEnds)
             EXPECT_FALSE(bEnd);
             EXPECT_TRUE(aAnswered.insert(i).second);
             EXPECT_EQ(pPrediction->table.fSnr(1, 1), static_cast<float>(1 + i));
-            EXPECT_EQ(pPrediction->request.dTxLat, 1.0 + static_cast<double>(i));
+            EXPECT_EQ(pPrediction->table.request.dTxLat, 1.0 + static_cast<double>(i));
         },
         [&] { bEnd = true; });
     EXPECT_TRUE(box.RunUntil([&] { return bEnd; }));
@@ -237,16 +237,16 @@ TEST(Runner, TheSameRequestIsComputedOnce)
     const auto pEngine = std::make_shared<EngineFake>();
     std::vector<Request> aRequests = RequestsOf(1);
     aRequests.push_back(aRequests[0]);
-    aRequests[1].eSunSpotSource = SunSpotSource::Airmail;
+    aRequests[1].eSunSpotSource = SunSpotSource::AirMail;
     std::vector<SunSpotSource> aeSources;
-    const RunnerJob job = runner.Start(pEngine, aRequests,
-                                       [&](std::size_t, const Runner::PredictionPtr& pPrediction) {
-                                           aeSources.push_back(pPrediction->request.eSunSpotSource);
-                                       });
+    const RunnerJob job = runner.Start(
+        pEngine, aRequests, [&](std::size_t, const Runner::PredictionPtr& pPrediction) {
+            aeSources.push_back(pPrediction->table.request.eSunSpotSource);
+        });
     EXPECT_TRUE(box.RunUntil([&] { return aeSources.size() == 2; }));
     EXPECT_EQ(pEngine->m_nRuns, 1);
     EXPECT_EQ(aeSources,
-              (std::vector{SunSpotSource::Given, SunSpotSource::Airmail}));  // each its own request
+              (std::vector{SunSpotSource::Typed, SunSpotSource::AirMail}));  // each its own request
     EXPECT_GT(runner.CacheBytesGet(), 0U);
 }
 

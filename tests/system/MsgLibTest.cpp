@@ -39,24 +39,4 @@ TEST(MsgRecorder, GivesTheHandlerBack)
     EXPECT_EQ(msgOuter.m_aShown[0].sText, "outer");
 }
 
-TEST(MsgListener, RemembersTheLastBoxAndShowsItAsBefore)
-{
-    const MsgRecorder msg;
-    {
-        const MsgListener listener;
-        EXPECT_EQ(listener.LastGet(), "");
-        MsgBox(MsgIcon::None, "one");
-        MsgBox(MsgIcon::Info, "two");
-        EXPECT_EQ(listener.LastGet(), "two");
-        EXPECT_EQ(listener.CountGet(), 2);
-    }
-    MsgBox(MsgIcon::None, "three");
-    ASSERT_EQ(msg.m_aShown.size(), 3u);
-    EXPECT_EQ(msg.m_aShown[1].sText, "two");
-    const MsgListener listenerQuiet(false);
-    MsgBox(MsgIcon::None, "four");
-    EXPECT_EQ(listenerQuiet.LastGet(), "four");
-    EXPECT_EQ(msg.m_aShown.size(), 3u);
-}
-
 }  // namespace

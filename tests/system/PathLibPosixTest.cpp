@@ -7,6 +7,7 @@
 
 #include "support/Faults.h"
 #include "support/TempFolder.h"
+#include "system/DrivePath.h"
 #include "system/FileLib.h"
 #include "system/PathLib.h"
 
@@ -14,15 +15,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A Wine prefix, an engine root and a home of the test's own.
+/// A Wine prefix and a home of the test's own.
 class PathLibPosix : public testing::Test {
 protected:
     TempFolder m_folder;
     EnvironmentSet m_home{"HOME", m_folder.Path()};
     EnvironmentSet m_prefix{"WINEPREFIX", m_folder.Path() + "/wine"};
-    EnvironmentSet m_root{"HOPCAST_ITSHFBC", m_folder.Path() + "/root"};
     EnvironmentSet m_config{"XDG_CONFIG_HOME", std::nullopt};
-    const std::string m_sRoot = m_folder.Path() + "/root";
     const std::string m_sDriveC = m_folder.Path() + "/wine/drive_c";
 };
 
@@ -36,50 +35,39 @@ TEST_F(PathLibPosix, OnlyADriveMakesAWindowsPath)
     EXPECT_FALSE(PathHasDrive("1:\\x"));
     EXPECT_FALSE(PathHasDrive("c:x"));
     EXPECT_FALSE(PathHasDrive(""));
-    EXPECT_EQ(PathToHost("sound.dat"), "sound.dat");
-    EXPECT_EQ(PathToHost("/etc/hosts"), "/etc/hosts");
-    EXPECT_EQ(PathToHost(""), "");
-}
-
-TEST_F(PathLibPosix, TheEngineRootIsMappedInEverySpelling)
-{
-    EXPECT_EQ(PathToHost("c:\\itshfbc"), m_sRoot);
-    EXPECT_EQ(PathToHost("C:/ITSHFBC"), m_sRoot);
-    EXPECT_EQ(PathToHost("c:\\itshfbc\\RUN\\sound.dat"), m_sRoot + "/RUN/sound.dat");
-    EXPECT_EQ(PathToHost("c:\\itshfbc\\bin_win\\"), m_sRoot + "/bin_win/");
-    EXPECT_TRUE(PathIsEngineRoot("C:\\Itshfbc\\RUN"));
-    EXPECT_FALSE(PathIsEngineRoot("c:\\itshfbc2"));
-    EXPECT_FALSE(PathIsEngineRoot("d:\\itshfbc"));
-    EXPECT_FALSE(PathIsEngineRoot("c:"));
-    EXPECT_EQ(PathToHost("c:\\itshfbc2\\x"), m_sDriveC + "/itshfbc2/x");
+    EXPECT_EQ(DrivePath("sound.dat"), "sound.dat");
+    EXPECT_EQ(DrivePath("/etc/hosts"), "/etc/hosts");
+    EXPECT_EQ(DrivePath(""), "");
 }
 
 TEST_F(PathLibPosix, AComponentIsFoundWithoutRegardToCase)
 {
-    m_folder.Write("root/run/Sound.DAT", "");
-    EXPECT_EQ(PathToHost("c:\\itshfbc\\RUN\\sound.dat"), m_sRoot + "/run/Sound.DAT");
-    EXPECT_EQ(PathToHost("c:\\itshfbc\\RUN\\new.dat"), m_sRoot + "/run/new.dat");
-    EXPECT_EQ(PathToHost("c:\\itshfbc\\AREADATA\\new.dat"), m_sRoot + "/AREADATA/new.dat");
-    m_folder.Write("root/RUN/sound.dat", "");
-    EXPECT_EQ(PathToHost("c:\\itshfbc\\RUN\\sound.dat"), m_sRoot + "/RUN/sound.dat")
+    m_folder.Write("wine/drive_c/mail/run/Sound.DAT", "");
+    const std::string sMail = m_sDriveC + "/mail";
+    EXPECT_EQ(DrivePath("c:\\MAIL\\RUN\\sound.dat"), sMail + "/run/Sound.DAT");
+    EXPECT_EQ(DrivePath("c:\\mail\\RUN\\new.dat"), sMail + "/run/new.dat");
+    EXPECT_EQ(DrivePath("C:/mail\\DATA\\new.dat"), sMail + "/DATA/new.dat");
+    m_folder.Write("wine/drive_c/mail/RUN/sound.dat", "");
+    EXPECT_EQ(DrivePath("c:\\mail\\RUN\\sound.dat"), sMail + "/RUN/sound.dat")
         << "the spelling itself comes first";
 }
 
 TEST_F(PathLibPosix, OtherPathsOfDriveCLieInTheWinePrefix)
 {
     m_folder.Write("wine/drive_c/Program Files/AirMail/Airmail.ini", "");
-    EXPECT_EQ(PathToHost("C:\\PROGRAM FILES\\Airmail\\AIRMAIL.INI"),
+    EXPECT_EQ(DrivePath("C:\\PROGRAM FILES\\Airmail\\AIRMAIL.INI"),
               m_sDriveC + "/Program Files/AirMail/Airmail.ini");
-    EXPECT_TRUE(FileExists("C:\\Program Files\\AirMail\\airmail.ini"));
+    EXPECT_FALSE(FileExists("C:\\Program Files\\AirMail\\airmail.ini"))
+        << "the file services know paths of this host alone";
 }
 
 TEST_F(PathLibPosix, OtherDrivesFollowThePrefix)
 {
     m_folder.Write("wine/dosdevices/d:/Data/x.ini", "");
-    EXPECT_EQ(PathToHost("D:\\data\\X.INI"), m_folder.Path() + "/wine/dosdevices/d:/Data/x.ini");
-    EXPECT_EQ(PathToHost("z:" + m_folder.Path() + "/a"), m_folder.Path() + "/a");
-    EXPECT_EQ(PathToHost("Z:\\"), "/");
-    EXPECT_EQ(PathToHost("Z:"), "/");
+    EXPECT_EQ(DrivePath("D:\\data\\X.INI"), m_folder.Path() + "/wine/dosdevices/d:/Data/x.ini");
+    EXPECT_EQ(DrivePath("z:" + m_folder.Path() + "/a"), m_folder.Path() + "/a");
+    EXPECT_EQ(DrivePath("Z:\\"), "/");
+    EXPECT_EQ(DrivePath("Z:"), "/");
 }
 
 TEST_F(PathLibPosix, TheWinePrefixHasADefault)

@@ -6,9 +6,9 @@
 #include <optional>
 #include <string>
 
+#include "propagation/itshfbc/EngineRoot.h"
 #include "support/DriveC.h"
 #include "support/TempFolder.h"
-#include "system/EngineRootLib.h"
 #include "system/ErrorTextLib.h"
 #include "system/FileLib.h"
 #include "system/PathLib.h"

@@ -107,44 +107,31 @@ TEST_F(ProcessLibPosix, WordsReachTheProgramWithoutAShell)
     EXPECT_EQ(BytesRead(m_sOutput), "a b|$HOME|*||\"'|err\n");
 }
 
-TEST_F(ProcessLibPosix, WindowsPathsAreMappedForANativeProgram)
+TEST_F(ProcessLibPosix, TheProgramsFileMayHaveAnotherPathThanItsName)
 {
-    const EnvironmentSet root("HOPCAST_ITSHFBC", m_folder.Path());
-    ScriptWrite("bin_win/rec533w.exe", "pwd; printf '%s\\n' \"$@\"");
-    const ProcessCommand command{{"c:\\itshfbc\\bin_win\\rec533w.exe", "c:\\itshfbc", "sound.dat"},
-                                 "c:\\itshfbc",
-                                 "c:\\itshfbc\\console.txt"};
+    const std::string sProgram = ScriptWrite("bin_win/rec533w.exe", "pwd; printf '%s\\n' \"$@\"");
+    ProcessCommand command{{"c:\\a.exe", "c:\\itshfbc", "sound.dat"}, m_folder.Path(), m_sOutput};
+    command.sProgram = sProgram;
     const Result<int> resId = ProcessStart(command);
     ASSERT_TRUE(static_cast<bool>(resId)) << resId.TextGet();
     EXPECT_TRUE(ProcessWait(resId.ValueGet(), 5.0));
-    EXPECT_EQ(BytesRead(m_sOutput), m_folder.Path() + "\n" + m_folder.Path() + "\nsound.dat\n");
+    EXPECT_EQ(BytesRead(m_sOutput), m_folder.Path() + "\nc:\\itshfbc\nsound.dat\n")
+        << "nothing maps the words";
 }
 
-TEST_F(ProcessLibPosix, AWindowsProgramRunsThroughWine)
+TEST_F(ProcessLibPosix, AWindowsProgramRunsThroughWineUnderItsWindowsName)
 {
     ScriptWrite("path/wine", "printf '%s\\n' \"$@\"");
     const EnvironmentSet path("PATH", m_folder.Path() + "/path");
     const EnvironmentSet prefix("WINEPREFIX", m_folder.Path() + "/wine");
-    ProcessCommand command{
-        {"c:\\itshfbc\\bin_win\\icepacw.exe", "c:\\itshfbc", "sound.dat"}, "", m_sOutput};
-    {
-        const EnvironmentSet root("HOPCAST_ITSHFBC", m_folder.Path() + "/mine");
-        m_folder.Write("mine/bin_win/icepacw.exe", "MZ");
-        const Result<int> resId = ProcessStart(command);
-        ASSERT_TRUE(static_cast<bool>(resId)) << resId.TextGet();
-        EXPECT_TRUE(ProcessWait(resId.ValueGet(), 5.0));
-        std::string sRoot = "Z:" + m_folder.Path() + "/mine";
-        std::replace(sRoot.begin(), sRoot.end(), '/', '\\');
-        EXPECT_EQ(BytesRead(m_sOutput),
-                  sRoot + "\\bin_win\\icepacw.exe\n" + sRoot + "\nsound.dat\n");
-    }
-    const EnvironmentSet root("HOPCAST_ITSHFBC", std::nullopt);
-    m_folder.Write("wine/drive_c/itshfbc/bin_win/icepacw.exe", "MZ");
+    const std::string sProgram = m_folder.Write("wine/drive_c/mine/icepacw.exe", "MZ");
+    EXPECT_TRUE(ProgramIsWindows(sProgram));
+    EXPECT_FALSE(ProgramIsWindows(m_folder.Path() + "/path/wine"));
+    ProcessCommand command{{sProgram, "sound.dat"}, "", m_sOutput};
     const Result<int> resId = ProcessStart(command);
     ASSERT_TRUE(static_cast<bool>(resId)) << resId.TextGet();
     EXPECT_TRUE(ProcessWait(resId.ValueGet(), 5.0));
-    EXPECT_EQ(BytesRead(m_sOutput), "c:\\itshfbc\\bin_win\\icepacw.exe\nc:\\itshfbc\nsound.dat\n")
-        << "the installed package gets its own names";
+    EXPECT_EQ(BytesRead(m_sOutput), "C:\\mine\\icepacw.exe\nsound.dat\n");
 }
 
 TEST_F(ProcessLibPosix, WineIsQuietUnlessTheUserWantsToHearIt)
@@ -175,11 +162,9 @@ TEST_F(ProcessLibPosix, A32BitProgramNeedsWines32BitHalf)
 {
     constexpr std::string_view k386("\x4C\x01", 2);
     constexpr std::string_view kAmd64("\x64\x86", 2);
-    const EnvironmentSet root("HOPCAST_ITSHFBC", m_folder.Path());
     const EnvironmentSet prefix("WINEPREFIX", m_folder.Path() + "/wine");
     const auto LackOf = [&](const std::string& sBytes) {
-        m_folder.Write("bin_win/icepacw.exe", sBytes);
-        return ProgramLackGet("c:\\itshfbc\\bin_win\\icepacw.exe");
+        return ProgramLackGet(m_folder.Write("bin_win/icepacw.exe", sBytes));
     };
     EXPECT_EQ(LackOf(HeaderMake(k386)), "") << "nothing is known of a prefix not made yet";
     fs::create_directories(m_folder.Path() + "/wine/drive_c/windows/syswow64");
@@ -199,7 +184,7 @@ TEST_F(ProcessLibPosix, A32BitProgramNeedsWines32BitHalf)
     std::string sFar = sHeader;
     sFar.replace(0x3C, 4, "\xFF\xFF\xFF\xFF");
     EXPECT_EQ(LackOf(sFar), "") << "a header beyond the file";
-    EXPECT_EQ(ProgramLackGet("c:\\itshfbc\\bin_win\\none.exe"), "");
+    EXPECT_EQ(ProgramLackGet(m_folder.Path() + "/none.exe"), "");
     m_folder.Write("wine/drive_c/windows/syswow64/ntdll.dll", "MZ");
     EXPECT_EQ(LackOf(sHeader), "");
 }

@@ -148,21 +148,6 @@ TEST_F(ProcessLibWin32, WorksInItsFolder)
     EXPECT_EQ(Said({"folder"}), m_sFolder + "\r\n");
 }
 
-TEST_F(ProcessLibWin32, TheEngineRootIsMapped)
-{
-    const EnvironmentSet root("HOPCAST_ITSHFBC", m_folder.Path());
-    fs::create_directory(m_folder.Path("bin_win"));
-    fs::copy_file(CHILD_PROGRAM, m_folder.Path("bin_win") + "\\rec533w.exe");
-    const auto resId =
-        ProcessStart({{"c:\\itshfbc\\bin_win\\rec533w.exe", "print", "c:\\itshfbc", "sound.dat"},
-                      "c:\\itshfbc",
-                      "c:\\itshfbc\\hopcast.txt"});
-    ASSERT_TRUE(resId) << resId.TextGet();
-    EXPECT_TRUE(ProcessWait(resId.ValueGet(), 10.0));
-    EXPECT_EQ(BytesRead(m_folder.Path("hopcast.txt")),
-              "print|" + m_folder.Path() + "|sound.dat|err");
-}
-
 TEST_F(ProcessLibWin32, TellsWhyAProgramCannotBeStarted)
 {
     EXPECT_EQ(StartErrorGet(m_folder.Path() + "\\none.exe"), kFileNotFound);

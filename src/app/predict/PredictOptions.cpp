@@ -9,7 +9,7 @@
 
 #include "airmail/AirMailFolders.h"
 #include "app/predict/PredictPosition.h"
-#include "propagation/PropagationInput.h"
+#include "propagation/Request.h"
 #include "settings/ProfileLib.h"
 #include "settings/SettingsRange.h"
 #include "system/NumberLib.h"

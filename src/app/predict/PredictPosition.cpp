@@ -43,8 +43,8 @@ Result<PredictPosition> StationPlaceGet(const std::string& sSystem, const std::s
                         + TextForMessage(sKey) + "\" (data folder \""
                         + TextForMessage(AirMailDataFolderGet()) + "\")"};
     Messages aMessages;
-    const auto res = AirMailStationPosition(sSystem, sKey, pos.dLat, pos.dLon, false, aMessages,
-                                            &pos.sFault);
+    const auto res =
+        AirMailStationPosition(sSystem, sKey, pos.dLat, pos.dLon, false, aMessages, &pos.sFault);
     if (!pos.sFault.empty())
         return pos;
     if (!res || !res.ValueGet())
@@ -110,7 +110,7 @@ Result<PredictPosition> PredictPositionGet(std::string_view sText)
         if (const std::size_t nColon = sText.find(':'); nColon != std::string_view::npos)
             return StationPlaceGet(std::string(TextTrim(sText.substr(0, nColon))),
                                    std::string(TextTrim(sText.substr(nColon + 1))));
-        if (!GridSquareIs(sGrid) || !GridSquareToPosition(sGrid, pos.dLat, pos.dLon, false))
+        if (!GridSquareIs(sGrid) || !GridSquareToPosition(sGrid, pos.dLat, pos.dLon, nullptr))
             return RunError{"\"" + TextForMessage(sText) + "\" is no position; " + kForms};
         return pos;
     }

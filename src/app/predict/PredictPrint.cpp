@@ -205,20 +205,20 @@ std::string PredictJsonGet(const PredictRun& run)
     return sText + "  ]\n}\n";
 }
 
-std::string PredictAreaCsvGet(const std::vector<PredictPoint>& aPoint)
+std::string PredictAreaCsvGet(const std::vector<AreaPoint>& aPoint)
 {
     std::string sText = "lat,lon,snr_db\n";
-    for (const PredictPoint& pnt : aPoint)
+    for (const AreaPoint& pnt : aPoint)
         sText += NumberToText(pnt.dLat) + "," + NumberToText(pnt.dLon) + ","
                  + NumberToText(pnt.fSnr) + "\n";
     return sText;
 }
 
-std::string PredictAreaJsonGet(const std::vector<PredictPoint>& aPoint)
+std::string PredictAreaJsonGet(const std::vector<AreaPoint>& aPoint)
 {
     std::string sText = "{\n  " + Quoted("points") + ": [\n";
     for (std::size_t n = 0; n < aPoint.size(); ++n) {
-        const PredictPoint& pnt = aPoint[n];
+        const AreaPoint& pnt = aPoint[n];
         sText += "    {" + Pair("lat", pnt.dLat) + ", " + Pair("lon", pnt.dLon) + ", "
                  + Pair("snr_db", pnt.fSnr) + "}";
         sText += n + 1 < aPoint.size() ? ",\n" : "\n";

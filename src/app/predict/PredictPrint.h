@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "propagation/PropagationTable.h"
+#include "propagation/Prediction.h"
 #include "settings/Settings.h"
 
 /// What the head of the output tells of the run.
@@ -21,18 +21,9 @@ struct PredictRun {
     std::string sPlaces;         ///< lines on positions taken from Airmail, or nothing
 };
 
-/// One grid point of an area.
-struct PredictPoint {
-    double dLat;
-    double dLon;
-    float fSnr;
-};
-
-// A frequency that the table has no values for is blank in the table, empty in the csv and null in
-// the JSON.
 /// @param bColor  24-bit terminal colours on the cells (SnrGetColor).
 [[nodiscard]] std::string PredictTableGet(const PredictRun& run, bool bColor);
 [[nodiscard]] std::string PredictCsvGet(const PredictRun& run);
 [[nodiscard]] std::string PredictJsonGet(const PredictRun& run);
-[[nodiscard]] std::string PredictAreaCsvGet(const std::vector<PredictPoint>& aPoint);
-[[nodiscard]] std::string PredictAreaJsonGet(const std::vector<PredictPoint>& aPoint);
+[[nodiscard]] std::string PredictAreaCsvGet(const std::vector<AreaPoint>& aPoint);
+[[nodiscard]] std::string PredictAreaJsonGet(const std::vector<AreaPoint>& aPoint);

@@ -4,10 +4,10 @@
 
 #include "app/predict/PredictPrint.h"
 #include "propagation/AreaBoxes.h"
-#include "propagation/EngineLib.h"
 #include "propagation/PropagationAreaLib.h"
-#include "propagation/PropagationInput.h"
 #include "propagation/PropagationLib.h"
+#include "propagation/Request.h"
+#include "propagation/itshfbc/EngineProgram.h"
 #include "settings/ProfileLib.h"
 #include "settings/SunSpotLib.h"
 #include "system/ClockLib.h"
@@ -51,12 +51,13 @@ bool RangesCheck(const PredictOptions& options)
                       options.settings.m_sProfileFile + ", " + asFault.front());
 }
 
-/// What else is known of a failed engine, behind the box of its run.
-std::nullopt_t EngineFail(int iModel)
+/// Shows what a run failed of, and what else is known of it. @return false when there was nothing.
+bool FailuresShow(const std::vector<Failure>& aFailures)
 {
-    if (const std::string sTrouble = EngineTroubleGet(iModel); !sTrouble.empty())
-        MsgBox(MsgIcon::Info, sTrouble);
-    return std::nullopt;
+    for (const Failure& failure : aFailures) MsgBox(failure.eIcon, failure.sText);
+    if (!aFailures.empty() && !aFailures.back().sDetail.empty())
+        MsgBox(MsgIcon::Info, aFailures.back().sDetail);
+    return !aFailures.empty();
 }
 
 std::string TextGet(PredictFormat eFormat, const PredictRun& run, bool bColor)
@@ -75,16 +76,16 @@ std::string TextGet(PredictFormat eFormat, const PredictRun& run, bool bColor)
 std::optional<PredictOutput> PointToPointGet(const PredictOptions& options,
                                              const Settings& settings, bool bColor)
 {
-    const PropagationInput input = PropagationInputFromSettings(settings);
+    const Request input = RequestFromSettings(settings);
     PropagationTable table(input.nData);
-    const MsgListener listener;
-    const bool bOk = PropagationRun(input, table);
-    if (!bOk && listener.CountGet() == 0)
+    std::vector<Failure> aFailures;
+    const bool bOk = PropagationRun(input, table, aFailures);
+    if (!FailuresShow(aFailures) && !bOk)
         MsgBox(MsgIcon::Exclamation, input.nData < 1
                                          ? "The frequency list is empty; give --frequencies."
                                          : "There is no such engine; give --model.");
     if (!bOk)
-        return EngineFail(input.iModel);
+        return std::nullopt;
     const PredictRun run{&settings,
                          &table,
                          LocalNow().nYear,
@@ -99,38 +100,22 @@ std::optional<PredictOutput> PointToPointGet(const PredictOptions& options,
 }
 
 /// One engine run over a box that does not cross longitude 180.
-bool AreaPointsAppend(const PropagationAreaInput& input, std::vector<PredictPoint>& aPoint)
+bool AreaPointsAppend(const AreaRequest& request, std::vector<AreaPoint>& aPoint)
 {
-    AreaFile file;
-    if (!PropagationAreaOpen(input, file) || !PropagationAreaOpenFile(input.iModel, file))
+    std::vector<AreaPoint> aRead;
+    if (FailuresShow(AreaPointsRead(request, aRead)))
         return false;
-    int iIndex1 = 0;
-    int iIndex2 = 0;
-    PredictPoint pnt{};
-    const std::size_t nBefore = aPoint.size();
-    for (;;) {
-        const auto res =
-            PropagationAreaReadPoint(file, iIndex1, iIndex2, pnt.dLat, pnt.dLon, pnt.fSnr);
-        if (!res)
-            return MsgFail(MsgIcon::Exclamation, res.TextGet());
-        if (!res.ValueGet())
-            break;
-        aPoint.push_back(pnt);
-    }
-    const auto nWanted =
-        static_cast<std::size_t>(input.nGridSize) * static_cast<std::size_t>(input.nGridSize);
-    if (aPoint.size() - nBefore != nWanted)
-        return MsgFail(MsgIcon::Exclamation, "The engine's grid is not complete.");
+    aPoint.insert(aPoint.end(), aRead.begin(), aRead.end());
     return true;
 }
 
 std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settings& settings)
 {
-    PropagationAreaInput input = PropagationAreaInputFromSettings(settings);
+    AreaRequest input = AreaRequestFromSettings(settings);
     input.iHour = options.area.iHour;
     input.fFrequency = options.area.fFrequency / 1000.0F;
     const bool bOverDateLine = options.area.dEast <= options.area.dWest;
-    std::vector<PredictPoint> aPoint;
+    std::vector<AreaPoint> aPoint;
     bool bOk = true;
     for (const AreaBox& box :
          AreaBoxesGet({options.area.dSouth, options.area.dNorth, options.area.dWest,
@@ -142,7 +127,7 @@ std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settin
         bOk = bOk && AreaPointsAppend(input, aPoint);
     }
     if (!bOk)
-        return EngineFail(input.iModel);
+        return std::nullopt;
     return PredictOutput{options.eFormat == PredictFormat::Json ? PredictAreaJsonGet(aPoint)
                                                                 : PredictAreaCsvGet(aPoint)};
 }

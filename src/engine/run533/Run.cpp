@@ -14,8 +14,7 @@ constexpr rec533::Behaviour kBehaviour = rec533::Behaviour::Best;
 
 std::filesystem::path PathOf(const std::string& sPath)
 {
-    const std::string sHost = PathToHost(sPath);
-    return std::filesystem::path(std::u8string(sHost.begin(), sHost.end()));
+    return std::filesystem::path(std::u8string(sPath.begin(), sPath.end()));
 }
 
 // The folder of a deck below the root: as it is named, or in small letters.

@@ -7,9 +7,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
-#include "propagation/PropagationInput.h"
+#include "propagation/Prediction.h"
 #include "settings/Settings.h"
 
 class MainWindowHost {
@@ -32,8 +33,7 @@ public:
     virtual void FrequencySet(int iIndex, float fKhz) = 0;
     /// What the table that is shown was made for. It may differ from the settings, after a failed
     /// run for example. Before the first table, what that would be made for.
-    [[nodiscard]] virtual PropagationInput TableInputGet() const = 0;
-    /// For the status line: the box that told why the map's overlay could not be drawn; an empty
-    /// text when nothing is wrong with it.
-    virtual void OverlayFailedSet(const std::string& sMessage) = 0;
+    [[nodiscard]] virtual Request TableInputGet() const = 0;
+    /// For the status line: why the map's overlay could not be drawn; nothing when it is all right.
+    virtual void OverlayFailedSet(const std::optional<Failure>& failure) = 0;
 };

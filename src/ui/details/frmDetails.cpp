@@ -159,8 +159,8 @@ void frmDetails::RowClear(int iRow)
 void frmDetails::RowFill(int iRow, const PropagationTable& table)
 {
     const PropagationRecord record =
-        PropagationRecordGet(table, m_iHour, iRow, {}, table.input.FrequencyGet(iRow));
-    const bool bLacking = table.input.iModel == kEngineRec533;
+        PropagationRecordGet(table, m_iHour, iRow, {}, table.request.FrequencyGet(iRow));
+    const bool bLacking = table.request.iModel == kEngineRec533;
     grdData->TextSet(iRow, kColLimit, LimitText(record.fFrequency, record.fLUF, record.fMUF));
     grdData->AlignmentSet(iRow, kColLimit, Qt::AlignRight | Qt::AlignVCenter);
     grdData->TextSet(iRow, kColLayer, QString::fromStdString(TextPrintable(record.sLayer)));

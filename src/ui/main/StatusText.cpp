@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "propagation/EngineLib.h"
+#include "propagation/itshfbc/EngineProgram.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
 #include "system/TextLib.h"
@@ -32,9 +32,15 @@ std::string LineFirst(const std::string& sMessage)
     return TextForMessage(sMessage.substr(0, sMessage.find_first_of("\r\n")));
 }
 
+/// The message's first line, and what else is known.
+std::string FailureLine(const Failure& failure)
+{
+    return LineFirst(failure.sText) + (failure.sDetail.empty() ? "" : " (" + failure.sDetail + ")");
+}
+
 }  // namespace
 
-std::string StatusInForce(const PropagationInput& input, bool bBuiltIn, bool bSunSpotNumber)
+std::string StatusInForce(const Request& input, bool bBuiltIn, bool bSunSpotNumber)
 {
     const bool bAirMail = input.eSunSpotSource == SunSpotSource::AirMail;
     const std::string sNumber = "sunspot number " + NumberToText(input.fSunSpotNumber)
@@ -59,26 +65,24 @@ std::string StatusProfile(const Result<std::vector<std::string>>& resDropped)
     return sText;
 }
 
-std::string StatusTrouble(RunTrouble eTrouble, int iModel, const std::string& sMessage,
-                          const std::string& sEngine)
+std::string StatusTrouble(RunTrouble eTrouble, int iModel, const std::optional<Failure>& failure)
 {
     if (eTrouble == RunTrouble::SunSpot)
         return "No sunspot number from Airmail: Options, Model, clear Auto";
     if (eTrouble == RunTrouble::Frequencies)
         return "No frequencies to predict: Options, Frequency";
-    if (sMessage.find("not found.") != std::string::npos)
-        return EngineName(iModel) + " is not installed: Options, Model, choose another engine";
-    if (sMessage.empty())
+    if (!failure)
         return "The prediction failed: Options, Model, choose an engine";
+    if (failure->eKind == FailureKind::NotInstalled)
+        return EngineName(iModel) + " is not installed: Options, Model, choose another engine";
     const std::string sWhat = eTrouble == RunTrouble::Overlay ? "overlay" : "prediction";
-    return "The " + sWhat + " failed: " + LineFirst(sMessage)
-           + (sEngine.empty() ? "" : " (" + sEngine + ")");
+    return "The " + sWhat + " failed: " + FailureLine(*failure);
 }
 
-std::string StatusAbsent(const PropagationTable& table, const std::string& sMessage)
+std::string StatusAbsent(const PropagationTable& table, const std::optional<Failure>& failure)
 {
     const std::string sList = PropagationAbsentText(table);
     if (sList.empty())
         return {};
-    return "No values for " + sList + " kHz" + (sMessage.empty() ? "" : ": " + LineFirst(sMessage));
+    return "No values for " + sList + " kHz" + (failure ? ": " + FailureLine(*failure) : "");
 }

@@ -6,17 +6,17 @@
 /// Tests:   tests/ui/main/StatusTextTest.cpp
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "propagation/PropagationTable.h"
+#include "propagation/Prediction.h"
 #include "system/Result.h"
 
 /// "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (options)". An
 /// engine number that is none reads "no engine".
 /// @param bSunSpotNumber  false: Airmail was asked and had none
-[[nodiscard]] std::string StatusInForce(const PropagationInput& input, bool bBuiltIn,
-                                        bool bSunSpotNumber);
+[[nodiscard]] std::string StatusInForce(const Request& input, bool bBuiltIn, bool bSunSpotNumber);
 
 /// One line on values of a profile that did not come into force, or on a file that could not be
 /// read; empty when all is well or there is no file.
@@ -27,14 +27,13 @@
 enum class RunTrouble { SunSpot, Frequencies, Engine, Overlay };
 
 /// One line of advice on a failed run.
-/// @param iModel    engine of that run
-/// @param sMessage  the box that was shown, empty when there was none
-/// @param sEngine   what else is known of the engine's failure (EngineTroubleGet)
+/// @param iModel   engine of that run
+/// @param failure  the engine's; nothing where it was not asked
 [[nodiscard]] std::string StatusTrouble(RunTrouble eTrouble, int iModel,
-                                        const std::string& sMessage,
-                                        const std::string& sEngine = {});
+                                        const std::optional<Failure>& failure = {});
 
-/// "No values for 2000, 4000 kHz: PropagationRec533, Shell do not finish."; empty when no frequency
-/// of the table is without values.
-/// @param sMessage  the box that was shown, empty when there was none
-[[nodiscard]] std::string StatusAbsent(const PropagationTable& table, const std::string& sMessage);
+/// "No values for 2000, 4000 kHz: PropagationRec533, Shell do not finish. (no map)"; empty when no
+/// frequency of the table is without values.
+/// @param failure  of a chunk; nothing where none failed
+[[nodiscard]] std::string StatusAbsent(const PropagationTable& table,
+                                       const std::optional<Failure>& failure);

@@ -8,7 +8,7 @@
 
 namespace {
 
-QString LabelGet(const PropagationInput& input, int iFrequency)
+QString LabelGet(const Request& input, int iFrequency)
 {
     return iFrequency <= input.nData
                ? QString::fromStdString(NumberFormat(input.FrequencyGet(iFrequency), "0"))
@@ -34,13 +34,13 @@ void CellShow(GridControl& grd, int iRow, int iHour, float fSnr)
 
 }  // namespace
 
-void TableRowsLayout(const PropagationInput& input, const PropagationTable& table, GridControl& grd)
+void TableRowsLayout(const Request& input, const PropagationTable& table, GridControl& grd)
 {
     grd.RowsSet(input.nData + 1);
     for (int i = 1; i <= input.nData; ++i) {
         const QString sLabel = LabelGet(input, i);
         grd.TextSet(i, 0, sLabel);
-        if (sLabel != LabelGet(table.input, i))
+        if (sLabel != LabelGet(table.request, i))
             RowEmpty(grd, i, false);
     }
 }

@@ -11,8 +11,7 @@ class GridControl;
 
 /// Lays out one row for each frequency of the input, with its label. A row whose label is not the
 /// one of the same row of the table is emptied: its values are for another frequency.
-void TableRowsLayout(const PropagationInput& input, const PropagationTable& table,
-                     GridControl& grd);
+void TableRowsLayout(const Request& input, const PropagationTable& table, GridControl& grd);
 
 /// Writes text and colours of every hour and frequency. An SNR below -99 dB, and one that is no
 /// number, becomes -99 in the table itself. Cells of a frequency without values are empty and

@@ -7,6 +7,7 @@
 
 #include "airmail/AirMailLib.h"
 #include "settings/ProfileLib.h"
+#include "system/MsgLib.h"
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/Pictures.h"
 #include "ui/details/frmDetails.h"
@@ -133,9 +134,9 @@ float frmMain::FrequencyGet(int iIndex) const { return m_settings.FrequencyGet(i
 
 void frmMain::FrequencySet(int iIndex, float fValue) { m_settings.FrequencySet(iIndex, fValue); }
 
-PropagationInput frmMain::TableInputGet() const
+Request frmMain::TableInputGet() const
 {
-    return m_table.nData > 0 ? m_table.input : PropagationInputFromSettings(m_settings);
+    return m_table.nData > 0 ? m_table.request : RequestFromSettings(m_settings);
 }
 
 SelectedCell frmMain::DataGetSelected() const { return m_settings.m_selected; }

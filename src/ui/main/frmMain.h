@@ -46,8 +46,8 @@ public:
     [[nodiscard]] SelectedCell DataGetSelected() const override;
 
     [[nodiscard]] Settings& SettingsGet() override { return m_settings; }
-    [[nodiscard]] PropagationInput TableInputGet() const override;
-    void OverlayFailedSet(const std::string& sMessage) override;
+    [[nodiscard]] Request TableInputGet() const override;
+    void OverlayFailedSet(const std::optional<Failure>& failure) override;
     [[nodiscard]] const PropagationTable& TableGet() const { return m_table; }
     /// The first showing is over: profile read, first prediction done.
     [[nodiscard]] bool ActivatedIs() const { return m_bActivated; }
@@ -93,7 +93,7 @@ private:
     bool PredictionMake();
     bool TableMake();
     void FailureShow();
-    bool TroubleSet(RunTrouble eTrouble, const std::string& sMessage = {});
+    bool TroubleSet(RunTrouble eTrouble, const std::optional<Failure>& failure = {});
     void RangeShow();
     void CellMark(const SelectedCell& cell, bool bMark);
     [[nodiscard]] int HourOffset() const;

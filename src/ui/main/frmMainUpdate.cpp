@@ -4,9 +4,9 @@
 #include <QTimer>
 #include <utility>
 
-#include "propagation/EngineLib.h"
 #include "propagation/PropagationLib.h"
 #include "propagation/SnrScale.h"
+#include "propagation/itshfbc/EngineProgram.h"
 #include "settings/SunSpotLib.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
@@ -136,7 +136,7 @@ void frmMain::HourHeaderLayout()
 
 void frmMain::FrequencyRowsLayout()
 {
-    TableRowsLayout(PropagationInputFromSettings(m_settings), m_table, *grdData);
+    TableRowsLayout(RequestFromSettings(m_settings), m_table, *grdData);
 }
 
 void frmMain::CurrentHourSelect(int iRow) { DataSetSelected(iRow, UtcNow().nHour + 1); }
@@ -146,7 +146,7 @@ void frmMain::FailureShow()
 {
     DataSetSelected(-1, -1);
     if (m_table.nData > 0) {
-        TableRowsLayout(m_table.input, m_table, *grdData);
+        TableRowsLayout(m_table.request, m_table, *grdData);
         TableShow(m_table, *grdData);
     }
     cmdUpdate->setEnabled(true);
@@ -160,12 +160,9 @@ void frmMain::PositionsShow()
     txtLon1->TextSet(LocationToText(LocationKind::Longitude, m_settings.m_dTxLon));
 }
 
-bool frmMain::TroubleSet(RunTrouble eTrouble, const std::string& sMessage)
+bool frmMain::TroubleSet(RunTrouble eTrouble, const std::optional<Failure>& failure)
 {
-    m_sTrouble = StatusTrouble(eTrouble, m_settings.m_iPropagationModel, sMessage,
-                               eTrouble == RunTrouble::Engine
-                                   ? EngineTroubleGet(m_settings.m_iPropagationModel)
-                                   : std::string());
+    m_sTrouble = StatusTrouble(eTrouble, m_settings.m_iPropagationModel, failure);
     return false;
 }
 
@@ -198,7 +195,7 @@ bool frmMain::PredictionMake()
     for (int i = 1; i <= m_settings.m_nData; ++i)
         if (const auto res = NumberFromTextSingle(grdData->TextGet(i, 0).toStdString()))
             m_settings.FrequencySet(i, res.ValueGet());
-    if (FrequenciesInRangeGet(PropagationInputFromSettings(m_settings)).empty())
+    if (FrequenciesInRangeGet(RequestFromSettings(m_settings)).empty())
         return TroubleSet(RunTrouble::Frequencies);
     return TableMake();
 }
@@ -206,11 +203,15 @@ bool frmMain::PredictionMake()
 /// A new table is filled apart, so that a failed run leaves the old one in force.
 bool frmMain::TableMake()
 {
-    const MsgListener listener;
     PropagationTable table(m_settings.m_nData);
-    if (!PropagationRun(PropagationInputFromSettings(m_settings), table))
-        return TroubleSet(RunTrouble::Engine, listener.LastGet());
-    m_sTrouble = StatusAbsent(table, listener.LastGet());
+    std::vector<Failure> aFailures;
+    const bool bOk = PropagationRun(RequestFromSettings(m_settings), table, aFailures);
+    for (const Failure& failure : aFailures) MsgBox(failure.eIcon, failure.sText);
+    const auto failureLast =
+        aFailures.empty() ? std::nullopt : std::optional<Failure>(aFailures.back());
+    if (!bOk)
+        return TroubleSet(RunTrouble::Engine, failureLast);
+    m_sTrouble = StatusAbsent(table, failureLast);
     m_table = std::move(table);
     RangeShow();
     TableShow(m_table, *grdData);
@@ -247,9 +248,9 @@ void frmMain::StatusShow()
 {
     const int iModel = m_settings.m_iPropagationModel;
     QString sInForce = QString::fromStdString(
-        m_table.nData > 0 ? StatusInForce(m_table.input, m_table.bBuiltIn, true)
-                          : StatusInForce(PropagationInputFromSettings(m_settings),
-                                          EngineIsHopcasts(iModel), m_bSunSpotNumber));
+        m_table.nData > 0 ? StatusInForce(m_table.request, m_table.bBuiltIn, true)
+                          : StatusInForce(RequestFromSettings(m_settings), EngineIsHopcasts(iModel),
+                                          m_bSunSpotNumber));
     const std::string sNotice = std::exchange(m_sNotice, {});
     const std::string sTrouble = !m_sTrouble.empty()          ? m_sTrouble
                                  : !m_sOverlayTrouble.empty() ? m_sOverlayTrouble
@@ -265,12 +266,11 @@ void frmMain::StatusShow()
     lblOld->setVisible(m_bOld && m_table.nData > 0);
 }
 
-void frmMain::OverlayFailedSet(const std::string& sMessage)
+void frmMain::OverlayFailedSet(const std::optional<Failure>& failure)
 {
-    const int iModel = m_settings.m_iPropagationModel;
-    m_sOverlayTrouble = sMessage.empty() ? std::string()
-                                         : StatusTrouble(RunTrouble::Overlay, iModel, sMessage,
-                                                         EngineTroubleGet(iModel));
+    m_sOverlayTrouble =
+        failure ? StatusTrouble(RunTrouble::Overlay, m_settings.m_iPropagationModel, failure)
+                : std::string();
     if (!m_bRunning)  // the end of the run shows it
         StatusShow();
 }

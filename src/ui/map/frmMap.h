@@ -190,11 +190,11 @@ private:
     void OverlayShow();
     void OverlayAgain();
     void OverlayLater();
-    void OverlayFailedSet(const std::string& sMessage);
+    void OverlayFailedSet(const std::optional<Failure>& failure);
     [[nodiscard]] bool LegendIsShown() const;
     void MapOutline();
-    Result<bool> OverlayDraw();
-    Result<bool> OverlayDrawBox(const AreaBox& box);
+    std::optional<Failure> OverlayDraw();
+    std::optional<Failure> OverlayDrawBox(const AreaBox& box);
     [[nodiscard]] std::optional<float> OverlayGetSnr(double dLat, double dLon);
 
     // stations (frmMapStations.cpp)
@@ -238,7 +238,7 @@ private:
     bool m_bOverlayBusy = false;
     QTimer m_tmrOverlay;           // the next run, once nothing has moved for a moment
     OverlayGrid m_grid;            // of the picture that is shown
-    std::string m_sOverlayFailed;  // why the last run failed
+    std::optional<Failure> m_overlayFailed;  // why the last run failed
 
     int m_nSystem = 0;  // 0: not loaded yet
     std::vector<MapStation> m_aStation;

@@ -1,8 +1,8 @@
 // The SNR overlay of the map window.
 #include <utility>
 
-#include "propagation/PropagationInput.h"
 #include "propagation/PropagationTable.h"
+#include "propagation/Request.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
@@ -19,13 +19,18 @@ QString HourText(int iHour)
 }
 
 /// What the map says of a failed run.
-/// @param sMessage  the box that told it
-std::string OverlayTroubleText(const std::string& sMessage)
+std::string OverlayTroubleText(const Failure& failure)
 {
-    const std::string sLine = sMessage.substr(0, sMessage.find_first_of("\r\n"));
-    if (sLine.find("Shell do not finish") != std::string::npos)
+    if (failure.eKind == FailureKind::Timeout)
         return "No overlay: the engine took too long; Options, Map, a smaller grid";
-    return "No overlay: " + sLine;
+    return "No overlay: " + failure.sText.substr(0, failure.sText.find_first_of("\r\n"));
+}
+
+Failure GridUnread(const std::string& sError)
+{
+    Failure failure{FailureKind::BadOutput, "Unable to read the overlay's grid, " + sError};
+    failure.eIcon = MsgIcon::None;
+    return failure;
 }
 
 /// The busy pointer while it lives.
@@ -64,7 +69,7 @@ void frmMap::OverlayFollowSelection()
 {
     if (m_bOverlayChosen)
         return;
-    const PropagationInput input = m_host.TableInputGet();
+    const Request input = m_host.TableInputGet();
     const SelectedCell cell = m_host.DataGetSelected();
     const bool bSelected = cell.iHour >= 1 && cell.iHour <= kHourCount && cell.iFrequency >= 1
                            && cell.iFrequency <= input.nData;
@@ -89,7 +94,7 @@ void frmMap::mnuOverlayFrequencyFill()
     constexpr int kShortText = 4;
     mnuOverlayFrequency->clear();
     mnuOverlayFrequencyData.clear();
-    const PropagationInput input = m_host.TableInputGet();
+    const Request input = m_host.TableInputGet();
     for (int i = 0; i < input.nData; ++i) {
         QString sText = QString::fromStdString(NumberFormat(input.FrequencyGet(i + 1), "0"));
         if (sText.size() == kShortText)
@@ -120,7 +125,7 @@ void frmMap::mnuOverlayTimeFill()
 
 void frmMap::mnuOverlayFrequencyDataClick(int iIndex)
 {
-    const PropagationInput input = m_host.TableInputGet();
+    const Request input = m_host.TableInputGet();
     if (iIndex >= input.nData)
         return;  // the table has changed under the open menu
     m_iOverlayFrequency = iIndex + 1;
@@ -153,17 +158,14 @@ void frmMap::mnuOverlayDrawClick()
         OverlayShow();
 }
 
-/// Draws the overlay and tells the error that nobody has told; what was told also goes into the
-/// main window's status line.
+/// Draws the overlay; why it failed is told by a box and in the main window's status line.
 void frmMap::OverlayShow()
 {
     m_tmrOverlay.stop();
-    const MsgListener listener;
-    const Result<bool> resDrawn = OverlayDraw();
-    if (!resDrawn)
-        MsgBox(MsgIcon::None, "Unable to read the overlay's grid, " + resDrawn.TextGet());
-    const bool bOk = resDrawn && resDrawn.ValueGet();
-    OverlayFailedSet(bOk ? std::string() : listener.LastGet());
+    const std::optional<Failure> failure = OverlayDraw();
+    if (failure)
+        MsgBox(failure->eIcon, failure->sText);
+    OverlayFailedSet(failure);
     pctMap->update();
 }
 
@@ -186,17 +188,16 @@ void frmMap::OverlayLater()
         m_tmrOverlay.start();
 }
 
-/// Tells in the status line and on the map why there is no overlay.
-/// @param sMessage  the box that told it; an empty text takes it back
-void frmMap::OverlayFailedSet(const std::string& sMessage)
+/// Tells in the status line and on the map why there is no overlay; nothing takes it back.
+void frmMap::OverlayFailedSet(const std::optional<Failure>& failure)
 {
-    if (sMessage == m_sOverlayFailed)
+    if (failure == m_overlayFailed)
         return;
-    m_sOverlayFailed = sMessage;
-    m_host.OverlayFailedSet(sMessage);
-    if (!sMessage.empty())
-        txtCursor->setText(QString::fromStdString(OverlayTroubleText(sMessage)));
-    txtCursor->setVisible(!sMessage.empty());
+    m_overlayFailed = failure;
+    m_host.OverlayFailedSet(failure);
+    if (failure)
+        txtCursor->setText(QString::fromStdString(OverlayTroubleText(*failure)));
+    txtCursor->setVisible(failure.has_value());
 }
 
 bool frmMap::LegendIsShown() const { return mnuOverlayDraw->isChecked() && !m_grid.IsEmpty(); }
@@ -207,23 +208,20 @@ void frmMap::MapOutline()
     ImageOutline(pctMap->m_img);
 }
 
-/// @return false where a box has told that it failed.
-Result<bool> frmMap::OverlayDraw()
+std::optional<Failure> frmMap::OverlayDraw()
 {
     const OverlayBusy busy(*this);
     m_grid.Clear();
-    for (const AreaBox& box : OverlayGetBoxes(m_view.m_box, m_view.m_dEdge)) {
-        Result<bool> resBox = OverlayDrawBox(box);
-        if (!resBox || !resBox.ValueGet())
-            return resBox;
-    }
-    return true;
+    for (const AreaBox& box : OverlayGetBoxes(m_view.m_box, m_view.m_dEdge))
+        if (auto failure = OverlayDrawBox(box))
+            return failure;
+    return {};
 }
 
-Result<bool> frmMap::OverlayDrawBox(const AreaBox& box)
+std::optional<Failure> frmMap::OverlayDrawBox(const AreaBox& box)
 {
     constexpr float kKhzPerMhz = 1000.0F;
-    PropagationAreaInput input = PropagationAreaInputFromSettings(m_host.SettingsGet());
+    AreaRequest input = AreaRequestFromSettings(m_host.SettingsGet());
     input.iHour = m_iOverlayHour;
     input.fFrequency = m_fOverlayFrequency / kKhzPerMhz;
     input.dWest = box.dLeft;
@@ -233,14 +231,16 @@ Result<bool> frmMap::OverlayDrawBox(const AreaBox& box)
     input.dFixedLat = m_posRc.dLat;
     input.dFixedLon = m_posRc.dLon;
     AreaFile file;
-    if (!PropagationAreaOpen(input, file) || !PropagationAreaOpenFile(input.iModel, file))
-        return false;
+    if (auto failure = PropagationAreaOpen(input, file))
+        return failure;
+    if (auto failure = PropagationAreaOpenFile(input.iModel, file))
+        return failure;
     const auto nPoints = static_cast<std::size_t>(input.nGridSize) * input.nGridSize;
     const auto resPoints = GridRead(file, nPoints);  // whole before anything is painted
     if (!resPoints)
-        return resPoints.ErrorGet();
+        return GridUnread(resPoints.TextGet());
     if (resPoints.ValueGet().size() < nPoints)
-        return RunError{kInputPastEnd};
+        return GridUnread(kInputPastEnd);
     setWindowTitle(QStringLiteral("Snr Overlay, %1KHz @ %2")
                        .arg(QString::fromStdString(NumberFormat(m_fOverlayFrequency, "0.0")),
                             HourText(m_iOverlayHour)));
@@ -250,7 +250,7 @@ Result<bool> frmMap::OverlayDrawBox(const AreaBox& box)
     CellsPaint(pctMap->m_img, m_view, cell, resPoints.ValueGet());
     GraticuleLabelsPaint(pctMap->m_img, m_view, font());  // readable above dark cells
     m_grid.Add(resPoints.ValueGet());
-    return true;
+    return {};
 }
 
 std::optional<float> frmMap::OverlayGetSnr(double dLat, double dLon)

@@ -8,7 +8,7 @@
 #include <QWidget>
 #include <filesystem>
 
-#include "propagation/EngineLib.h"
+#include "propagation/itshfbc/EngineProgram.h"
 #include "support/TempFolder.h"
 
 /// An engine root with the programs of this build.

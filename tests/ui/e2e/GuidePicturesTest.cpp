@@ -13,8 +13,8 @@
 #include <QTimer>
 #include <vector>
 
+#include "propagation/itshfbc/EngineRoot.h"
 #include "support/NeedVoacapl.h"
-#include "system/EngineRootLib.h"
 #include "ui/common/MsgWindow.h"
 #include "ui/details/frmDetails.h"
 #include "ui/e2e/RealRig.h"

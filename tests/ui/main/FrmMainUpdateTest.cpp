@@ -317,7 +317,8 @@ TEST(FrmMainUpdate, AnOverlayThatFailedIsToldInTheStatusLineUntilTheNextRun)
 {
     MainRig rig;
     frmMain& frm = rig.Start();
-    frm.OverlayFailedSet("PropagationAreaOpen, Shell do not finish.");
+    frm.OverlayFailedSet(
+        Failure{FailureKind::BadOutput, "PropagationAreaOpen, Shell do not finish."});
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("The overlay failed: PropagationAreaOpen, Shell do not finish."));
     EXPECT_TRUE(frm.lblTrouble->isVisible());
@@ -325,7 +326,8 @@ TEST(FrmMainUpdate, AnOverlayThatFailedIsToldInTheStatusLineUntilTheNextRun)
     EXPECT_FALSE(frm.lblOld->isVisible());
     frm.OverlayFailedSet({});
     EXPECT_FALSE(frm.lblTrouble->isVisible());
-    frm.OverlayFailedSet("PropagationAreaOpen, Shell do not finish.");
+    frm.OverlayFailedSet(
+        Failure{FailureKind::BadOutput, "PropagationAreaOpen, Shell do not finish."});
     EXPECT_TRUE(frm.Update());
     EXPECT_EQ(frm.lblTrouble->text(), QString());
 }
@@ -335,7 +337,8 @@ TEST(FrmMainUpdate, ClosingTheMapEndsWhatIsToldOfItsOverlay)
     MainRig rig;
     frmMain& frm = rig.Start();
     frm.mnuViewWorldMap->trigger();
-    frm.OverlayFailedSet("PropagationAreaOpen, Shell do not finish.");
+    frm.OverlayFailedSet(
+        Failure{FailureKind::BadOutput, "PropagationAreaOpen, Shell do not finish."});
     frm.m_pMap->close();
     MainRig::EventsRun();
     EXPECT_FALSE(frm.m_pMap);

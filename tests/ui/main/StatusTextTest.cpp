@@ -4,9 +4,9 @@
 
 namespace {
 
-PropagationInput InputMake(int iModel, int nMonth)
+Request InputMake(int iModel, int nMonth)
 {
-    PropagationInput input;
+    Request input;
     input.iModel = iModel;
     input.nMonth = nMonth;
     input.fSunSpotNumber = 100.0F;
@@ -18,7 +18,7 @@ TEST(StatusInForce, TellsEngineMonthAndSunspotNumber)
     EXPECT_EQ(
         StatusInForce(InputMake(kEngineRec533, 11), true, true),
         "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (options)");
-    PropagationInput input = InputMake(kEngineVoacap, 1);
+    Request input = InputMake(kEngineVoacap, 1);
     input.eSunSpotSource = SunSpotSource::AirMail;
     input.fSunSpotNumber = 66.5F;
     EXPECT_EQ(StatusInForce(input, false, true),
@@ -27,7 +27,7 @@ TEST(StatusInForce, TellsEngineMonthAndSunspotNumber)
 
 TEST(StatusInForce, NamesNoNumberThatAirmailDidNotGive)
 {
-    PropagationInput input = InputMake(kEngineVoacap, 1);
+    Request input = InputMake(kEngineVoacap, 1);
     input.eSunSpotSource = SunSpotSource::AirMail;
     EXPECT_EQ(StatusInForce(input, false, false), "VOACAP · January · no sunspot number (Airmail)");
 }
@@ -40,45 +40,51 @@ TEST(StatusInForce, NamesNumbersThatAreNoEngineOrMonth)
 
 TEST(StatusTrouble, SaysWhatToDo)
 {
-    EXPECT_EQ(StatusTrouble(RunTrouble::SunSpot, kEngineIcepac, ""),
+    EXPECT_EQ(StatusTrouble(RunTrouble::SunSpot, kEngineIcepac),
               "No sunspot number from Airmail: Options, Model, clear Auto");
-    EXPECT_EQ(StatusTrouble(RunTrouble::Frequencies, kEngineIcepac, ""),
+    EXPECT_EQ(StatusTrouble(RunTrouble::Frequencies, kEngineIcepac),
               "No frequencies to predict: Options, Frequency");
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac,
-                            "Propagation Model ICEPAC not found.\r\n\r\nPlease check"),
+                            Failure{FailureKind::NotInstalled,
+                                    "Propagation Model ICEPAC not found.\r\n\r\nPlease check"}),
               "ICEPAC is not installed: Options, Model, choose another engine");
-    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac, "one\rtwo"),
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac,
+                            Failure{FailureKind::BadOutput, "one\rtwo"}),
               "The prediction failed: one");
-    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac, "one\rtwo", "no map"),
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac,
+                            Failure{FailureKind::BadOutput, "one\rtwo", "no map"}),
               "The prediction failed: one (no map)");
-    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac, ""),
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac),
               "The prediction failed: Options, Model, choose an engine");
 }
 
 TEST(StatusTrouble, SaysThatItIsTheOverlayThatFailed)
 {
     EXPECT_EQ(StatusTrouble(RunTrouble::Overlay, kEngineRec533,
-                            "PropagationAreaOpen, Shell do not finish.", "killed"),
+                            Failure{FailureKind::BadOutput,
+                                    "PropagationAreaOpen, Shell do not finish.", "killed"}),
               "The overlay failed: PropagationAreaOpen, Shell do not finish. (killed)");
 }
 
 TEST(StatusTrouble, HasNothingUnprintable)
 {
-    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineRec533, "a\x1b[31mb"),
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineRec533,
+                            Failure{FailureKind::BadOutput, "a\x1b[31mb"}),
               "The prediction failed: a [31mb");
 }
 
 TEST(StatusAbsent, NamesTheFrequenciesWithoutValuesAndWhy)
 {
     PropagationTable table(3);
-    table.input.nData = 3;
-    table.input.afFrequency = {0.0F, 2000.0F, 4000.0F, 14000.0F};
+    table.request.nData = 3;
+    table.request.afFrequency = {0.0F, 2000.0F, 4000.0F, 14000.0F};
     table.PresentSet(3, 3, true);
-    EXPECT_EQ(StatusAbsent(table, "PropagationRec533, Shell do not finish."),
-              "No values for 2000, 4000 kHz: PropagationRec533, Shell do not finish.");
-    EXPECT_EQ(StatusAbsent(table, ""), "No values for 2000, 4000 kHz");
+    EXPECT_EQ(StatusAbsent(table, Failure{FailureKind::BadOutput,
+                                          "PropagationRec533, Shell do not finish.", "no map"}),
+              "No values for 2000, 4000 kHz: PropagationRec533, Shell do not finish. (no map)");
+    EXPECT_EQ(StatusAbsent(table, {}), "No values for 2000, 4000 kHz");
     table.PresentSet(1, 3, true);
-    EXPECT_EQ(StatusAbsent(table, ""), "");
+    EXPECT_EQ(StatusAbsent(table, {}), "");
 }
 
 }  // namespace

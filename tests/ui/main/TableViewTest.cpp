@@ -67,13 +67,13 @@ TEST(TableRowsLayout, ARowOfAnotherFrequencyLosesItsValues)
 {
     PropagationTable table(2);
     table.PresentSet(1, 2, true);
-    table.input.nData = 2;
-    table.input.afFrequency = {0.0F, 7051.0F, 14000.0F};
+    table.request.nData = 2;
+    table.request.afFrequency = {0.0F, 7051.0F, 14000.0F};
     GridControl grd;
     grd.ColsSet(25);
-    TableRowsLayout(table.input, table, grd);
+    TableRowsLayout(table.request, table, grd);
     TableShow(table, grd);
-    PropagationInput input;
+    Request input;
     input.nData = 3;
     input.afFrequency = {0.0F, 7050.6F, 18100.0F, 14000.0F};
     TableRowsLayout(input, table, grd);

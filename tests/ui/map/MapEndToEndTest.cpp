@@ -3,7 +3,7 @@
 
 #include "MapFakes.h"
 #include "airmail/AirMailFolders.h"
-#include "propagation/EngineLib.h"
+#include "propagation/itshfbc/EngineProgram.h"
 #include "support/NeedVoacapl.h"
 #include "ui/e2e/EngineReal.h"
 

@@ -51,9 +51,9 @@ std::uint32_t MapHostFake::SnrGetColor(float fSnr) const { return ::SnrGetColor(
 
 float MapHostFake::FrequencyGet(int iIndex) const { return m_settings.FrequencyGet(iIndex); }
 
-PropagationInput MapHostFake::TableInputGet() const
+Request MapHostFake::TableInputGet() const
 {
-    return m_inputTable.value_or(PropagationInputFromSettings(m_settings));
+    return m_inputTable.value_or(RequestFromSettings(m_settings));
 }
 
 EngineFake::EngineFake()

@@ -29,12 +29,15 @@ public:
     [[nodiscard]] std::uint32_t SnrGetColor(float fSnr) const override;
     [[nodiscard]] float FrequencyGet(int iIndex) const override;
     void FrequencySet(int iIndex, float fKhz) override { m_settings.FrequencySet(iIndex, fKhz); }
-    [[nodiscard]] PropagationInput TableInputGet() const override;
-    void OverlayFailedSet(const std::string& sMessage) override { m_sOverlayFailed = sMessage; }
+    [[nodiscard]] Request TableInputGet() const override;
+    void OverlayFailedSet(const std::optional<Failure>& failure) override
+    {
+        m_sOverlayFailed = failure ? failure->sText : std::string();
+    }
 
     Settings m_settings;
-    std::optional<PropagationInput> m_inputTable;  ///< of the table; else the settings'
-    std::string m_sOverlayFailed;                  ///< told last
+    std::optional<Request> m_inputTable;  ///< of the table; else the settings'
+    std::string m_sOverlayFailed;         ///< told last
     int m_nUpdates = 0;
     frmMap* m_pMap = nullptr;  ///< told of each update, as the main window does
 };

@@ -3,7 +3,7 @@
 
 #include "MapFakes.h"
 #include "propagation/AreaBoxes.h"
-#include "propagation/PropagationInput.h"
+#include "propagation/Request.h"
 #include "support/NeedVoacapl.h"
 #include "support/PropertyRandom.h"
 #include "ui/e2e/EngineReal.h"
@@ -62,7 +62,7 @@ protected:
     [[nodiscard]] float SnrAlone(const LatLon& pos) const
     {
         constexpr double kHundredth = 0.01;
-        PropagationAreaInput input = PropagationAreaInputFromSettings(m_host.m_settings);
+        AreaRequest input = AreaRequestFromSettings(m_host.m_settings);
         input.iHour = 18;
         input.fFrequency = 10.0F;
         input.nGridSize = 2;

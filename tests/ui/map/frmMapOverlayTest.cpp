@@ -41,7 +41,7 @@ TEST_F(frmMapOverlay, MenuListsFrequenciesAndHoursAnewEachTime)
 
 TEST_F(frmMapOverlay, MenuListsTheFrequenciesOfTheTableThatIsShown)
 {
-    PropagationInput input;
+    Request input;
     input.nData = 2;
     input.afFrequency = {0.0F, 7051.0F, 18100.0F};
     m_host.m_inputTable = input;  // a failed run has left it beside settings of 15 others

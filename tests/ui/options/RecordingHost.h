@@ -41,11 +41,8 @@ public:
         m_asCalls.push_back("FrequencySet " + NumberToText(iIndex) + " " + NumberToText(fKhz));
         m_settings.FrequencySet(iIndex, fKhz);
     }
-    [[nodiscard]] PropagationInput TableInputGet() const override
-    {
-        return PropagationInputFromSettings(m_settings);
-    }
-    void OverlayFailedSet(const std::string& /*sMessage*/) override {}
+    [[nodiscard]] Request TableInputGet() const override { return RequestFromSettings(m_settings); }
+    void OverlayFailedSet(const std::optional<Failure>& /*failure*/) override {}
 
     Settings m_settings;
     Settings m_atUpdate;                 ///< as the last Update found them

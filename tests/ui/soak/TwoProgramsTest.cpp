@@ -78,7 +78,7 @@ TEST(TwoPrograms, OnOneRootNeverMixNorFail)
         const std::jthread thread([&west] { west.Run(); });
         east.Run();
     }
-    EXPECT_FALSE(FileExists(PathToHost(kEngineLock)));
+    EXPECT_FALSE(FileExists(EngineRootGet().Path(kEngineLock)));
 }
 
 TEST(TwoPrograms, WindowAndConsoleOnOneRootNeverMixNorFail)

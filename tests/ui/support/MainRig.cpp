@@ -9,7 +9,8 @@
 #include <iterator>
 
 #include "airmail/AirMailFolders.h"
-#include "propagation/EngineLib.h"
+#include "propagation/itshfbc/EngineProgram.h"
+#include "propagation/itshfbc/EngineRoot.h"
 #include "system/NumberLib.h"
 #include "system/PathLib.h"
 #include "ui/details/frmDetails.h"
@@ -91,7 +92,7 @@ std::string FakeEngine::Rec533Output(int iFirst) const
 
 Result<int> FakeEngine::Start(const ProcessCommand& command)
 {
-    const std::string sDeckFile = PathToHost(kSoundDeck);
+    const std::string sDeckFile = EngineRootGet().Path(kSoundDeck);
     std::ifstream stmDeck(sDeckFile, std::ios::binary);
     asDeck.emplace_back(std::istreambuf_iterator<char>(stmDeck), std::istreambuf_iterator<char>());
     if (fnDuring)
@@ -103,7 +104,7 @@ Result<int> FakeEngine::Start(const ProcessCommand& command)
     if (bFails)
         return kNoProcess;
     const bool bRec533 = command.asWords.at(0).find("rec533") != std::string::npos;
-    std::ofstream stmOut(PathToHost(kSoundOutput), std::ios::binary);
+    std::ofstream stmOut(EngineRootGet().Path(kSoundOutput), std::ios::binary);
     stmOut << (bRec533 ? Rec533Output(iFirst) : VoacapOutput(iFirst));
     return kNoProcess;
 }

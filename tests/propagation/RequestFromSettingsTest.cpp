@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "propagation/PropagationInput.h"
+#include "propagation/Request.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ Settings DistinctSettings()
     return settings;
 }
 
-void ModelExpect(const PropagationModel& model)
+void ModelExpect(const RequestModel& model)
 {
     EXPECT_EQ(model.iModel, kEngineVoacap);
     EXPECT_EQ(model.nMonth, 5);
@@ -47,12 +47,12 @@ void ModelExpect(const PropagationModel& model)
     EXPECT_EQ(model.iAntennaType, 2);
 }
 
-TEST(PropagationInput, TakesEveryValueFromTheSettings)
+TEST(Request, TakesEveryValueFromTheSettings)
 {
     Settings settings = DistinctSettings();
     settings.m_nData = 3;
     settings.FrequencySet(3, 7050.5F);
-    const PropagationInput input = PropagationInputFromSettings(settings);
+    const Request input = RequestFromSettings(settings);
     ModelExpect(input);
     EXPECT_EQ(input.fNoiseLevel, -150.0F);
     EXPECT_EQ(input.fQIndex, 2.0F);
@@ -66,28 +66,28 @@ TEST(PropagationInput, TakesEveryValueFromTheSettings)
     EXPECT_EQ(input.FrequencyGet(3), 7050.5F);
 }
 
-TEST(PropagationInput, TellsWhereTheSunspotNumberIsFrom)
+TEST(Request, TellsWhereTheSunspotNumberIsFrom)
 {
     Settings settings;
     settings.m_bPropagationSunSpotNumber = true;
-    EXPECT_EQ(PropagationInputFromSettings(settings).eSunSpotSource, SunSpotSource::AirMail);
+    EXPECT_EQ(RequestFromSettings(settings).eSunSpotSource, SunSpotSource::AirMail);
     settings.m_bPropagationSunSpotNumber = false;
-    EXPECT_EQ(PropagationInputFromSettings(settings).eSunSpotSource, SunSpotSource::Typed);
+    EXPECT_EQ(RequestFromSettings(settings).eSunSpotSource, SunSpotSource::Typed);
 }
 
-TEST(PropagationInput, CountOutsideTheListIsBroughtIntoIt)
+TEST(Request, CountOutsideTheListIsBroughtIntoIt)
 {
     Settings settings;
     settings.m_nData = 16;
-    EXPECT_EQ(PropagationInputFromSettings(settings).nData, 15);
-    EXPECT_EQ(PropagationInputFromSettings(settings).FrequencyGet(15), 30000.0F);
+    EXPECT_EQ(RequestFromSettings(settings).nData, 15);
+    EXPECT_EQ(RequestFromSettings(settings).FrequencyGet(15), 30000.0F);
     settings.m_nData = -1;
-    EXPECT_EQ(PropagationInputFromSettings(settings).nData, 0);
+    EXPECT_EQ(RequestFromSettings(settings).nData, 0);
 }
 
-TEST(PropagationAreaInput, FixedEndIsTheReceiverAndNoiseIsPositive)
+TEST(AreaRequest, FixedEndIsTheReceiverAndNoiseIsPositive)
 {
-    const PropagationAreaInput input = PropagationAreaInputFromSettings(DistinctSettings());
+    const AreaRequest input = AreaRequestFromSettings(DistinctSettings());
     ModelExpect(input);
     EXPECT_EQ(input.fNoiseLevel, 150.0F);
     EXPECT_EQ(input.dFixedLat, 13.0);
@@ -95,43 +95,43 @@ TEST(PropagationAreaInput, FixedEndIsTheReceiverAndNoiseIsPositive)
     EXPECT_EQ(input.nGridSize, 40);
 }
 
-TEST(PropagationAreaInput, GridSizeIsBroughtInto2To999)
+TEST(AreaRequest, GridSizeIsBroughtInto2To999)
 {
     Settings settings;
     for (const auto& [nSetting, nExpected] : {std::pair{-5, 2}, std::pair{1, 2}, std::pair{2, 2},
                                               std::pair{999, 999}, std::pair{1000, 999}}) {
         settings.m_iMapOverlayGridSize = nSetting;
-        EXPECT_EQ(PropagationAreaInputFromSettings(settings).nGridSize, nExpected) << nSetting;
+        EXPECT_EQ(AreaRequestFromSettings(settings).nGridSize, nExpected) << nSetting;
     }
 }
 
 TEST(PropagationInputRange, EveryValueOutOfRangeIsTold)
 {
-    const PropagationInput inputGood = PropagationInputFromSettings(Settings());
+    const Request inputGood = RequestFromSettings(Settings());
     EXPECT_TRUE(RangeCheck(inputGood));
     struct Case {
-        void (*fnSpoil)(PropagationInput&);
+        void (*fnSpoil)(Request&);
         const char* sText;
     };
     for (const Case& c : {
-             Case{[](PropagationInput& in) { in.dTxLat = -90.5; },
+             Case{[](Request& in) { in.dTxLat = -90.5; },
                   "latitude -90.5 lies outside -90 to 90"},
-             Case{[](PropagationInput& in) { in.dRcLon = 181; },
+             Case{[](Request& in) { in.dRcLon = 181; },
                   "longitude 181 lies outside -180 to 180"},
-             Case{[](PropagationInput& in) { in.nMonth = 13; }, "month 13 lies outside 1 to 12"},
-             Case{[](PropagationInput& in) { in.fSunSpotNumber = 400; },
+             Case{[](Request& in) { in.nMonth = 13; }, "month 13 lies outside 1 to 12"},
+             Case{[](Request& in) { in.fSunSpotNumber = 400; },
                   "sunspot number 400 lies outside 0 to 311"},
-             Case{[](PropagationInput& in) { in.fNoiseLevel = 145; },
+             Case{[](Request& in) { in.fNoiseLevel = 145; },
                   "noise level 145 lies outside -200 to -100"},
-             Case{[](PropagationInput& in) { in.fTakeoffAngle = 41; },
+             Case{[](Request& in) { in.fTakeoffAngle = 41; },
                   "takeoff angle 41 lies outside 0 to 40"},
-             Case{[](PropagationInput& in) { in.fReliability = 100; },
+             Case{[](Request& in) { in.fReliability = 100; },
                   "reliability 100 lies outside 1 to 99"},
-             Case{[](PropagationInput& in) { in.fQIndex = -1; }, "Q index -1 lies outside 0 to 9"},
-             Case{[](PropagationInput& in) { in.fLayerAdjustF2 = 10; },
+             Case{[](Request& in) { in.fQIndex = -1; }, "Q index -1 lies outside 0 to 9"},
+             Case{[](Request& in) { in.fLayerAdjustF2 = 10; },
                   "layer factor 10 lies outside 0 to 9.99"},
          }) {
-        PropagationInput input = inputGood;
+        Request input = inputGood;
         c.fnSpoil(input);
         EXPECT_EQ(RangeCheck(input).TextGet(), c.sText);
     }
@@ -139,7 +139,7 @@ TEST(PropagationInputRange, EveryValueOutOfRangeIsTold)
 
 TEST(PropagationInputRange, AnAreaIsCheckedWithItsFrequency)
 {
-    PropagationAreaInput input = PropagationAreaInputFromSettings(Settings());
+    AreaRequest input = AreaRequestFromSettings(Settings());
     for (const float fKhz : {100.0F, 45000.0F}) {
         input.fFrequency = fKhz / 1000.0F;
         EXPECT_TRUE(RangeCheck(input)) << fKhz;

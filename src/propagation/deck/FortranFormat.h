@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 
+#include "system/Message.h"
 #include "system/Result.h"
 
 struct FortranEntry {
@@ -39,8 +40,12 @@ constexpr int FortranWidth(std::string_view sFormat)
 }
 
 /// The field of a value. No digit stands before the point of a value below 1 (".5"), save that the
-/// position field "F6.2" prints an exact 0 as "  0.00". An unknown format shows the box
-/// "FortranFormat, Unknown format " with the format behind it, and gives an empty text.
-Result<std::string> FortranFormat(double dValue, std::string_view sFormat);
-Result<std::string> FortranFormat(float fValue, std::string_view sFormat);
-Result<std::string> FortranFormat(int nValue, std::string_view sFormat);
+/// position field "F6.2" prints an exact 0 as "  0.00". An unknown format gives an empty text,
+/// and paMessages "FortranFormat, Unknown format " with the format behind it; the formats of every
+/// layout are checked when it is compiled.
+Result<std::string> FortranFormat(double dValue, std::string_view sFormat,
+                                  Messages* paMessages = nullptr);
+Result<std::string> FortranFormat(float fValue, std::string_view sFormat,
+                                  Messages* paMessages = nullptr);
+Result<std::string> FortranFormat(int nValue, std::string_view sFormat,
+                                  Messages* paMessages = nullptr);

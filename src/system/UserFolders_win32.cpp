@@ -1,7 +1,7 @@
 #include <filesystem>
 
-#include "system/EngineRootHost.h"
 #include "system/HostPath.h"
+#include "system/UserFolders.h"
 
 namespace fs = std::filesystem;
 

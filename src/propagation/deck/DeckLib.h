@@ -8,19 +8,19 @@
 
 #include <string>
 
-#include "propagation/PropagationInput.h"
+#include "propagation/Request.h"
 #include "system/Result.h"
 
 /// Point-to-point deck of ICEPAC and VOACAP: the MUF/LUF table (method 26), then the full system
 /// performance (method 20) at the chunk's frequencies.
 /// @param iFirst, iLast  frequency indices of the chunk, at most 10 of them
 /// @param nYear          the current year of the computer's local clock, whatever the month
-[[nodiscard]] Result<std::string> DeckIcepacVoacap(const PropagationInput& input, int iFirst,
-                                                   int iLast, int nYear);
+[[nodiscard]] Result<std::string> DeckIcepacVoacap(const Request& input, int iFirst, int iLast,
+                                                   int nYear);
 
 /// Point-to-point deck of REC533. It takes no Q index, multipath and layer values.
-[[nodiscard]] Result<std::string> DeckRec533(const PropagationInput& input, int iFirst, int iLast,
+[[nodiscard]] Result<std::string> DeckRec533(const Request& input, int iFirst, int iLast,
                                              int nYear);
 
 /// Area deck of the input's engine. The noise level is written as it is handed over: positive.
-[[nodiscard]] Result<std::string> DeckArea(const PropagationAreaInput& input);
+[[nodiscard]] Result<std::string> DeckArea(const AreaRequest& input);

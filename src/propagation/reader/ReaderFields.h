@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "propagation/DeckLayout.h"
 #include "propagation/PropagationTable.h"
+#include "propagation/deck/DeckLayout.h"
 #include "system/FileLib.h"
 #include "system/Result.h"
 

@@ -1,8 +1,8 @@
 #include <string>
 #include <string_view>
 
-#include "propagation/ReaderFields.h"
-#include "propagation/ReaderLib.h"
+#include "propagation/reader/ReaderFields.h"
+#include "propagation/reader/ReaderLib.h"
 #include "system/RunErrorText.h"
 
 namespace {

@@ -11,7 +11,7 @@
 #include <span>
 #include <string_view>
 
-#include "propagation/FortranFormat.h"
+#include "propagation/deck/FortranFormat.h"
 
 inline constexpr std::string_view kText = "text";      ///< a field of characters
 inline constexpr std::string_view kNumber = "number";  ///< a field that is only read

@@ -1,6 +1,6 @@
-#include "propagation/ReaderFields.h"
+#include "propagation/reader/ReaderFields.h"
 
-#include "propagation/ReaderLib.h"
+#include "propagation/reader/ReaderLib.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
 #include "system/TextLib.h"

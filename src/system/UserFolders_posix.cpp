@@ -6,10 +6,10 @@
 #include <string_view>
 #include <system_error>
 
-#include "system/EngineRootHost.h"
 #include "system/HostPath.h"
 #include "system/LeftoverLib.h"
 #include "system/LockLib.h"
+#include "system/UserFolders.h"
 
 namespace fs = std::filesystem;
 

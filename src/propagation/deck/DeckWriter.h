@@ -8,8 +8,8 @@
 #include <string_view>
 #include <utility>
 
-#include "propagation/DeckLayout.h"
-#include "propagation/FortranFormat.h"
+#include "propagation/deck/DeckLayout.h"
+#include "propagation/deck/FortranFormat.h"
 #include "system/Result.h"
 
 class DeckWriter {

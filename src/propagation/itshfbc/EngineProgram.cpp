@@ -1,10 +1,9 @@
-#include "propagation/EngineLib.h"
+#include "propagation/itshfbc/EngineProgram.h"
 
 #include <array>
 
-#include "system/EngineRootLib.h"
+#include "propagation/itshfbc/EngineRoot.h"
 #include "system/FileLib.h"
-#include "system/MsgLib.h"
 
 namespace {
 
@@ -41,16 +40,14 @@ bool EngineIsHopcasts(int iModel)
     return iModel == kEngineRec533 && EngineIsBuiltIn(std::string(EngineFind(iModel)->sProgram));
 }
 
-bool EngineCheckInstalled(int iModel, bool bShowError)
+bool EngineCheckInstalled(int iModel, Messages* paMessages)
 {
-    if (FileExists(EngineProgramPath(iModel)))
+    if (FileExists(EngineRootGet().Path(EngineProgramPath(iModel))))
         return true;
-    if (bShowError) {
-        const EngineProgram* pEngine = EngineFind(iModel);
-        MsgBox(MsgIcon::Exclamation,
-               "Propagation Model " + std::string(pEngine ? pEngine->sName : "")
-                   + " not found.\r\n\r\nPlease check that ITS HF propagation prediction software has "
-                     "been installed.");
-    }
-    return false;
+    const EngineProgram* pEngine = EngineFind(iModel);
+    return MessageFail(
+        paMessages, MsgIcon::Exclamation,
+        "Propagation Model " + std::string(pEngine ? pEngine->sName : "")
+            + " not found.\r\n\r\nPlease check that ITS HF propagation prediction software has "
+              "been installed.");
 }

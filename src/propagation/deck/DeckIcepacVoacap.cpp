@@ -1,12 +1,12 @@
 #include <cmath>
 
-#include "propagation/AntennaCards.h"
-#include "propagation/DeckLib.h"
-#include "propagation/DeckWriter.h"
+#include "propagation/deck/AntennaCards.h"
+#include "propagation/deck/DeckLib.h"
+#include "propagation/deck/DeckWriter.h"
 
 namespace {
 
-void CircuitPut(DeckWriter& deck, const PropagationInput& input)
+void CircuitPut(DeckWriter& deck, const Request& input)
 {
     using namespace circuit_row;
     deck.Text(kLabel, "CIRCUIT");
@@ -22,7 +22,7 @@ void CircuitPut(DeckWriter& deck, const PropagationInput& input)
     deck.LineEnd();
 }
 
-void SystemPut(DeckWriter& deck, const PropagationInput& input)
+void SystemPut(DeckWriter& deck, const Request& input)
 {
     using namespace system_row;
     deck.Text(kCardLabel, "SYSTEM");
@@ -36,7 +36,7 @@ void SystemPut(DeckWriter& deck, const PropagationInput& input)
     deck.LineEnd();
 }
 
-void FprobPut(DeckWriter& deck, const PropagationInput& input)
+void FprobPut(DeckWriter& deck, const Request& input)
 {
     deck.Text(kCardLabel, "FPROB");
     deck.Number(fprob_row::kE, input.fLayerAdjustE);
@@ -68,8 +68,7 @@ void AntennasPut(DeckWriter& deck, int iAntennaType)
 
 }  // namespace
 
-Result<std::string> DeckIcepacVoacap(const PropagationInput& input, int iFirst, int iLast,
-                                     int nYear)
+Result<std::string> DeckIcepacVoacap(const Request& input, int iFirst, int iLast, int nYear)
 {
     DeckWriter deck;
     deck.Line("LINEMAX      55");

@@ -1,14 +1,14 @@
 #include <cmath>
 
-#include "propagation/DeckLib.h"
-#include "propagation/DeckWriter.h"
-#include "propagation/EngineLib.h"
+#include "propagation/deck/DeckLib.h"
+#include "propagation/deck/DeckWriter.h"
+#include "propagation/itshfbc/EngineProgram.h"
 #include "system/RunErrorText.h"
 
 namespace {
 
 void PlacePut(DeckWriter& deck, std::string_view sLabel, std::string_view sName,
-              const PropagationAreaInput& input)
+              const AreaRequest& input)
 {
     using namespace area_place_row;
     deck.Text(kCardLabel, sLabel);
@@ -28,7 +28,7 @@ void ValuePut(DeckWriter& deck, std::string_view sLabel, const Field& fld, T val
     deck.LineEnd();
 }
 
-void HeadPut(DeckWriter& deck, const PropagationAreaInput& input, std::string_view sEngineName)
+void HeadPut(DeckWriter& deck, const AreaRequest& input, std::string_view sEngineName)
 {
     deck.Text(kCardLabel, "Model    :");
     deck.Text(11, sEngineName);
@@ -51,7 +51,7 @@ void HeadPut(DeckWriter& deck, const PropagationAreaInput& input, std::string_vi
     deck.LineEnd();
 }
 
-void SystemPut(DeckWriter& deck, const PropagationAreaInput& input, bool bRec533)
+void SystemPut(DeckWriter& deck, const AreaRequest& input, bool bRec533)
 {
     using namespace area_system_row;
     deck.Text(kCardLabel, "System   :");
@@ -88,7 +88,7 @@ void AntennasPut(DeckWriter& deck, int iAntennaType)
 
 }  // namespace
 
-Result<std::string> DeckArea(const PropagationAreaInput& input)
+Result<std::string> DeckArea(const AreaRequest& input)
 {
     const EngineProgram* pEngine = EngineFind(input.iModel);
     if (pEngine == nullptr)

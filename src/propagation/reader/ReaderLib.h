@@ -13,8 +13,8 @@
 #include <string>
 #include <string_view>
 
-#include "propagation/PropagationInput.h"
 #include "propagation/PropagationTable.h"
+#include "propagation/Request.h"
 #include "system/FileLib.h"
 #include "system/Result.h"
 
@@ -31,5 +31,5 @@ Result<void> ReaderIcepacVoacap(TextFile& file, int iFirst, int iLast, Propagati
 
 /// Output of REC533. It gives field strength, which becomes signal power by the frequency (kHz) of
 /// the input: P = (E - 137) - 20 log10(f / 20000).
-Result<void> ReaderRec533(TextFile& file, const PropagationInput& input, int iFirst, int iLast,
+Result<void> ReaderRec533(TextFile& file, const Request& input, int iFirst, int iLast,
                           PropagationTable& table);

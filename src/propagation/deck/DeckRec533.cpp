@@ -1,8 +1,8 @@
 #include <cmath>
 
-#include "propagation/AntennaCards.h"
-#include "propagation/DeckLib.h"
-#include "propagation/DeckWriter.h"
+#include "propagation/deck/AntennaCards.h"
+#include "propagation/deck/DeckLib.h"
+#include "propagation/deck/DeckWriter.h"
 
 namespace {
 
@@ -34,7 +34,7 @@ void AntennasPut(DeckWriter& deck, int iAntennaType)
 
 }  // namespace
 
-Result<std::string> DeckRec533(const PropagationInput& input, int iFirst, int iLast, int nYear)
+Result<std::string> DeckRec533(const Request& input, int iFirst, int iLast, int nYear)
 {
     DeckWriter deck;
     deck.Line("OUTPUT        6    0");

@@ -1,5 +1,8 @@
-/// @file EngineRootHost.h
-/// What EngineRootLib needs of the platform. Private to EngineRootLib.
+/// @file UserFolders.h
+/// Folders of the user's own, and the machine's temporary ones, in which an engine root can lie.
+///
+/// Paths:   host paths, UTF-8.
+/// Tests:   tests/propagation/EngineRootPosixTest.cpp
 #pragma once
 
 #include <string>
@@ -24,23 +27,3 @@ inline constexpr const char* kManifest = "hopcast-engines.txt";
 [[nodiscard]] std::string EngineSearchPathGet();
 /// True when voacapl, which the VOACAP launcher runs, is in one of these folders.
 [[nodiscard]] bool VoacaplIsThere(const std::string& sSearchPath);
-
-/// While it lives, every path is a path of the host, also one below c:\itshfbc: there the fixed
-/// root is itself a host path on Windows, and mapping it would ask for the root that is being
-/// sought.
-class HostPathsOnly {
-public:
-    HostPathsOnly() { ++CountGet(); }
-    ~HostPathsOnly() { --CountGet(); }
-    HostPathsOnly(const HostPathsOnly&) = delete;
-    HostPathsOnly& operator=(const HostPathsOnly&) = delete;
-
-    [[nodiscard]] static bool IsInForce() { return CountGet() > 0; }
-
-private:
-    static int& CountGet()
-    {
-        thread_local int nCount = 0;
-        return nCount;
-    }
-};

@@ -1,4 +1,4 @@
-/// @file EngineRootLib.h
+/// @file EngineRoot.h
 /// The engine root (c:\itshfbc to the engines) on this host, and the private one that Hopcast
 /// provisions where the ITS package is not installed.
 ///
@@ -11,22 +11,31 @@
 /// be written (a read-only home), provisioning makes one among the machine's temporary folders; it
 /// belongs to the running program alone and goes with it.
 ///
-/// Tests:   tests/system/EngineRootLibPosixTest.cpp, PlatformWin32Test.cpp
+/// Tests:   tests/propagation/EngineRootPosixTest.cpp, tests/system/PlatformWin32Test.cpp
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "system/Result.h"
+
+/// The root folder of the engine package as it is named to the engines.
+inline constexpr std::string_view kEngineRoot = "c:\\itshfbc";
 
 enum class EngineRootKind { Environment, Installed, Private };
 
 struct EngineRoot {
     std::string sFolder;  ///< host path, no separator at the end
     EngineRootKind eKind = EngineRootKind::Private;
+
+    /// Host path of a path below kEngineRoot ("c:\itshfbc\RUN\sound.dat"), in either case and with
+    /// either separator. Outside Windows a component that does not exist as spelled is looked up
+    /// without regard to case.
+    [[nodiscard]] std::string Path(std::string_view sPath) const;
 };
 
-/// The root in force. The choice is made anew at each call (cheap: a few directory look-ups), so
-/// that a package installed while Hopcast runs is found.
+/// The root in force. The choice is made anew at each call, so that a package installed while
+/// Hopcast runs is found; a run asks once.
 [[nodiscard]] EngineRoot EngineRootGet();
 
 /// Makes the private root complete: bin_win, RUN, areadata, and the engines that lie beside the

@@ -1,17 +1,18 @@
-#include "system/EngineRootLib.h"
+#include "propagation/itshfbc/EngineRoot.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <mutex>
 #include <optional>
 #include <random>
 #include <system_error>
 #include <utility>
 #include <vector>
 
-#include "system/EngineRootHost.h"
+#include "system/DrivePath.h"
 #include "system/FileLib.h"
 #include "system/HostPath.h"
 #include "system/LeftoverLib.h"
@@ -19,6 +20,7 @@
 #include "system/PathLib.h"
 #include "system/ProfileFolder.h"
 #include "system/RunErrorText.h"
+#include "system/UserFolders.h"
 
 namespace fs = std::filesystem;
 
@@ -57,7 +59,9 @@ std::string CopyMark(const fs::path& pthFile)
         fs::file_time_type m_timeWritten;
         std::string sMark;
     };
+    static std::mutex mutexKnown;
     static std::map<fs::path, Known> mapKnown;
+    const std::lock_guard lock(mutexKnown);
     std::error_code ec;
     const std::uintmax_t nSize = fs::file_size(pthFile, ec);
     const fs::file_time_type timeWritten =
@@ -365,9 +369,13 @@ Result<void> PrivateRootMake(RootWork& work)
 
 }  // namespace
 
+std::string EngineRoot::Path(std::string_view sPath) const
+{
+    return HostPathBelow(sFolder, sPath.substr(kEngineRoot.size()));
+}
+
 EngineRoot EngineRootGet()
 {
-    const HostPathsOnly host;
     std::string sFolder = EnvironmentGet("HOPCAST_ITSHFBC");
     if (!sFolder.empty()) {
         std::error_code ec;
@@ -376,7 +384,7 @@ EngineRoot EngineRootGet()
             pthFolder = pthFolder.parent_path();  // a separator at the end
         return {TextFromPath(pthFolder), EngineRootKind::Environment};
     }
-    sFolder = FixedEngineRootGet();
+    sFolder = DrivePath(kEngineRoot);
     if (RootIsInstalled(sFolder))
         return {sFolder, EngineRootKind::Installed};
     return {PrivateRootGet(), EngineRootKind::Private};
@@ -385,7 +393,6 @@ EngineRoot EngineRootGet()
 Result<void> EngineRootProvisionFrom(const std::string& sProgramFolder,
                                      const std::string& sSearchPath)
 {
-    const HostPathsOnly host;
     const EngineRoot root = EngineRootGet();
     for (const char* sFolder : {"", "/RUN", "/areadata"})
         LeftoversRemove(HostPathBelow(root.sFolder, sFolder));
@@ -419,7 +426,6 @@ void EngineRootRelease() { TemporaryRootGet().Remove(); }
 
 bool EngineIsBuiltIn(const std::string& sProgramName)
 {
-    const HostPathsOnly host;
     const EngineRoot root = EngineRootGet();
     const std::string sProgram = ProgramPath(root.sFolder, sProgramName);
     if (!FileExists(sProgram))

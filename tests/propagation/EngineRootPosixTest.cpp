@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
+#include "propagation/itshfbc/EngineRoot.h"
 #include "support/Faults.h"
 #include "support/TempFolder.h"
-#include "system/EngineRootLib.h"
 #include "system/FileLib.h"
 #include "system/LockLib.h"
 #include "system/PathLib.h"
@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 namespace {
 
 /// An empty machine: no Wine prefix, no engines, a home and a program folder of the test's own.
-class EngineRootLibPosix : public testing::Test {
+class EngineRootPosix : public testing::Test {
 protected:
     TempFolder m_folder;
     EnvironmentSet m_home{"HOME", m_folder.Path()};
@@ -50,7 +50,7 @@ protected:
     }
 };
 
-TEST_F(EngineRootLibPosix, TheEnvironmentComesFirst)
+TEST_F(EngineRootPosix, TheEnvironmentComesFirst)
 {
     m_folder.Write("wine/drive_c/itshfbc/bin_win/icepacw.exe", "MZ");
     const EnvironmentSet environment("HOPCAST_ITSHFBC", m_folder.Path() + "/mine/");
@@ -62,7 +62,7 @@ TEST_F(EngineRootLibPosix, TheEnvironmentComesFirst)
     EXPECT_EQ(EngineRootGet().sFolder, "/");
 }
 
-TEST_F(EngineRootLibPosix, AnInstalledPackageComesNext)
+TEST_F(EngineRootPosix, AnInstalledPackageComesNext)
 {
     m_folder.Write("wine/drive_c/itshfbc/bin_win/other.exe", "MZ");
     EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Private) << "none of the three programs";
@@ -76,7 +76,7 @@ TEST_F(EngineRootLibPosix, AnInstalledPackageComesNext)
     }
 }
 
-TEST_F(EngineRootLibPosix, ThePrivateRootFollowsTheDataHome)
+TEST_F(EngineRootPosix, ThePrivateRootFollowsTheDataHome)
 {
     EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Private);
     EXPECT_EQ(EngineRootGet().sFolder, m_sRoot);
@@ -84,7 +84,7 @@ TEST_F(EngineRootLibPosix, ThePrivateRootFollowsTheDataHome)
     EXPECT_EQ(EngineRootGet().sFolder, m_folder.Path() + "/.local/share/hopcast/itshfbc");
 }
 
-TEST_F(EngineRootLibPosix, ProvisioningMakesFoldersAndEngines)
+TEST_F(EngineRootPosix, ProvisioningMakesFoldersAndEngines)
 {
     EnginesShip("one");
     Provision();
@@ -102,14 +102,14 @@ TEST_F(EngineRootLibPosix, ProvisioningMakesFoldersAndEngines)
               (std::vector<std::string>{"rec533w.exe", "voacapw.exe"}));
 }
 
-TEST_F(EngineRootLibPosix, EnginesOfAPackageLieInLibexec)
+TEST_F(EngineRootPosix, EnginesOfAPackageLieInLibexec)
 {
     m_folder.Write("app/libexec/hopcast/rec533w.exe", "packaged");
     Provision();
     EXPECT_EQ(BytesRead(m_sRec533), "packaged");
 }
 
-TEST_F(EngineRootLibPosix, AnEngineOfAnOlderHopcastIsRenewed)
+TEST_F(EngineRootPosix, AnEngineOfAnOlderHopcastIsRenewed)
 {
     EnginesShip("old");
     Provision();
@@ -121,7 +121,7 @@ TEST_F(EngineRootLibPosix, AnEngineOfAnOlderHopcastIsRenewed)
     EXPECT_TRUE(EngineIsBuiltIn("rec533w.exe"));
 }
 
-TEST_F(EngineRootLibPosix, ACopyOfAnOlderHopcastIsRenewed)
+TEST_F(EngineRootPosix, ACopyOfAnOlderHopcastIsRenewed)
 {
     EnginesShip("new");
     m_folder.Write("data/hopcast/itshfbc/bin_win/rec533w.exe", "old");
@@ -132,7 +132,7 @@ TEST_F(EngineRootLibPosix, ACopyOfAnOlderHopcastIsRenewed)
     EXPECT_EQ(BytesRead(m_sRec533), "new");
 }
 
-TEST_F(EngineRootLibPosix, AForeignProgramIsNeverTouched)
+TEST_F(EngineRootPosix, AForeignProgramIsNeverTouched)
 {
     EnginesShip("ours");
     VoacaplInstall();
@@ -148,7 +148,7 @@ TEST_F(EngineRootLibPosix, AForeignProgramIsNeverTouched)
     EXPECT_EQ(fs::read_symlink(m_sVoacap), sElsewhere);
 }
 
-TEST_F(EngineRootLibPosix, ALinkToNothingInARootWithAListIsRenewed)
+TEST_F(EngineRootPosix, ALinkToNothingInARootWithAListIsRenewed)
 {
     EnginesShip("ours");
     m_folder.Write("data/hopcast/itshfbc/hopcast-engines.txt", "");
@@ -159,7 +159,7 @@ TEST_F(EngineRootLibPosix, ALinkToNothingInARootWithAListIsRenewed)
     EXPECT_TRUE(EngineIsBuiltIn("rec533w.exe"));
 }
 
-TEST_F(EngineRootLibPosix, ALinkToNothingInARootWithoutAListIsSomebodyElses)
+TEST_F(EngineRootPosix, ALinkToNothingInARootWithoutAListIsSomebodyElses)
 {
     EnginesShip("ours");
     fs::create_directories(m_sRoot + "/bin_win");
@@ -168,7 +168,7 @@ TEST_F(EngineRootLibPosix, ALinkToNothingInARootWithoutAListIsSomebodyElses)
     EXPECT_EQ(fs::read_symlink(m_sRec533), "/on/a/disk/that/is/not/there");
 }
 
-TEST_F(EngineRootLibPosix, OurEngineThatTheListHasLostIsListedAgain)
+TEST_F(EngineRootPosix, OurEngineThatTheListHasLostIsListedAgain)
 {
     EnginesShip("ours");
     const std::string sLine = "rec533w.exe link " + m_sProgramFolder + "/rec533w.exe\n";
@@ -184,7 +184,7 @@ TEST_F(EngineRootLibPosix, OurEngineThatTheListHasLostIsListedAgain)
     EXPECT_TRUE(fs::is_symlink(m_sRec533));
 }
 
-TEST_F(EngineRootLibPosix, StartsAtOnceKeepTheListWhole)
+TEST_F(EngineRootPosix, StartsAtOnceKeepTheListWhole)
 {
     constexpr int kRounds = 20;
     constexpr int kPrograms = 6;
@@ -214,7 +214,7 @@ TEST_F(EngineRootLibPosix, StartsAtOnceKeepTheListWhole)
     }
 }
 
-TEST_F(EngineRootLibPosix, OnlyTheUserMayEnterTheFolders)
+TEST_F(EngineRootPosix, OnlyTheUserMayEnterTheFolders)
 {
     EnginesShip("ours");
     Provision();
@@ -224,7 +224,7 @@ TEST_F(EngineRootLibPosix, OnlyTheUserMayEnterTheFolders)
             << sFolder;
 }
 
-TEST_F(EngineRootLibPosix, WhatKilledProgramsLeftGoesAtTheNextStart)
+TEST_F(EngineRootPosix, WhatKilledProgramsLeftGoesAtTheNextStart)
 {
     using namespace std::chrono_literals;
     EnginesShip("ours");
@@ -254,7 +254,7 @@ TEST_F(EngineRootLibPosix, WhatKilledProgramsLeftGoesAtTheNextStart)
     EXPECT_TRUE(fs::exists(m_folder.Path() + "/tmp/hopcast-mine00"));
 }
 
-TEST_F(EngineRootLibPosix, AReplacedCopyIsForeign)
+TEST_F(EngineRootPosix, AReplacedCopyIsForeign)
 {
     EnginesShip("ours");
     m_folder.Write("data/hopcast/itshfbc/bin_win/rec533w.exe", "OLD");  // same size, other content
@@ -264,7 +264,7 @@ TEST_F(EngineRootLibPosix, AReplacedCopyIsForeign)
     EXPECT_EQ(BytesRead(m_sRec533), "OLD");
 }
 
-TEST_F(EngineRootLibPosix, TheLauncherGoesWithVoacapl)
+TEST_F(EngineRootPosix, TheLauncherGoesWithVoacapl)
 {
     EnginesShip("one");
     VoacaplInstall();
@@ -278,7 +278,7 @@ TEST_F(EngineRootLibPosix, TheLauncherGoesWithVoacapl)
               "rec533w.exe link " + m_sProgramFolder + "/rec533w.exe\n");
 }
 
-TEST_F(EngineRootLibPosix, AVoacaplThatCannotRunDoesNotCount)
+TEST_F(EngineRootPosix, AVoacaplThatCannotRunDoesNotCount)
 {
     EnginesShip("one");
     m_folder.Write("path/voacapl", "not executable");
@@ -286,7 +286,7 @@ TEST_F(EngineRootLibPosix, AVoacaplThatCannotRunDoesNotCount)
     EXPECT_FALSE(FileExists(m_sVoacap));
 }
 
-TEST_F(EngineRootLibPosix, NothingIsTouchedUnderAnotherRoot)
+TEST_F(EngineRootPosix, NothingIsTouchedUnderAnotherRoot)
 {
     EnginesShip("one");
     const std::string sProgram = m_folder.Write("wine/drive_c/itshfbc/bin_win/icepacw.exe", "MZ");
@@ -300,7 +300,7 @@ TEST_F(EngineRootLibPosix, NothingIsTouchedUnderAnotherRoot)
     EXPECT_TRUE(FileExists(sProgram));
 }
 
-TEST_F(EngineRootLibPosix, ASecondProvisioningChangesNothing)
+TEST_F(EngineRootPosix, ASecondProvisioningChangesNothing)
 {
     EnginesShip("one");
     Provision();
@@ -311,7 +311,7 @@ TEST_F(EngineRootLibPosix, ASecondProvisioningChangesNothing)
     EXPECT_EQ(fs::last_write_time(m_sRoot + "/bin_win"), timeFolder);
 }
 
-TEST_F(EngineRootLibPosix, ARootThatCannotBeMadeIsToldAbout)
+TEST_F(EngineRootPosix, ARootThatCannotBeMadeIsToldAbout)
 {
     m_folder.Write("data/hopcast", "a file where the folder should be");
     const EnvironmentSet temporary("TMPDIR", m_folder.Path() + "/none");
@@ -324,9 +324,9 @@ TEST_F(EngineRootLibPosix, ARootThatCannotBeMadeIsToldAbout)
 }
 
 /// The temporary folders of this test: where a root may go that cannot go home.
-class EngineRootLibPosixTemporary : public EngineRootLibPosix {
+class EngineRootPosixTemporary : public EngineRootLibPosix {
 protected:
-    EngineRootLibPosixTemporary()
+    EngineRootPosixTemporary()
     {
         fs::create_directory(m_sTemporary);
         chmod(m_folder.Path().c_str(), 0755);
@@ -337,7 +337,7 @@ protected:
     EnvironmentSet m_tmpdir{"TMPDIR", m_sTemporary};
 };
 
-TEST_F(EngineRootLibPosixTemporary, AUserWithoutAHomeGetsARootForTheTime)
+TEST_F(EngineRootPosixTemporary, AUserWithoutAHomeGetsARootForTheTime)
 {
     m_folder.Write("data/hopcast", "a file where the folder should be");
     Provision();
@@ -353,7 +353,7 @@ TEST_F(EngineRootLibPosixTemporary, AUserWithoutAHomeGetsARootForTheTime)
     EXPECT_EQ(EngineRootGet().sFolder, m_sRoot);
 }
 
-TEST_F(EngineRootLibPosixTemporary, ARootThatBecameReadOnlyIsLeftAsItIs)
+TEST_F(EngineRootPosixTemporary, ARootThatBecameReadOnlyIsLeftAsItIs)
 {
     Provision();
     EXPECT_EQ(EngineRootGet().sFolder, m_sRoot);
@@ -368,7 +368,7 @@ TEST_F(EngineRootLibPosixTemporary, ARootThatBecameReadOnlyIsLeftAsItIs)
     EXPECT_TRUE(fs::is_empty(m_sTemporary));
 }
 
-TEST_F(EngineRootLibPosixTemporary, AHomeThatCanBeWrittenAgainIsUsedAgain)
+TEST_F(EngineRootPosixTemporary, AHomeThatCanBeWrittenAgainIsUsedAgain)
 {
     m_folder.Write("data/hopcast", "a file where the folder should be");
     Provision();
@@ -378,7 +378,7 @@ TEST_F(EngineRootLibPosixTemporary, AHomeThatCanBeWrittenAgainIsUsedAgain)
     EXPECT_TRUE(fs::is_empty(m_sTemporary));
 }
 
-TEST_F(EngineRootLibPosix, ABrokenManifestOwnsNothing)
+TEST_F(EngineRootPosix, ABrokenManifestOwnsNothing)
 {
     EnginesShip("ours");
     m_folder.Write("data/hopcast/itshfbc/bin_win/rec533w.exe", "foreign");

@@ -1,7 +1,7 @@
-/// @file EngineLib.h
+/// @file EngineProgram.h
 /// The three engines, their files, and whether they are installed.
 ///
-/// Paths:   the engine package's own layout, fixed; PathToHost maps them to this host.
+/// Paths:   the engine package's own layout, fixed; EngineRoot::Path maps them to this host.
 /// Tests:   tests/propagation/PropagationRunTest.cpp
 #pragma once
 
@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "settings/Settings.h"
+#include "system/Message.h"
 
 struct EngineProgram {
     int iModel;                     ///< EngineModel
@@ -38,27 +39,9 @@ inline constexpr std::string_view kEngineLock = "c:\\itshfbc\\hopcast.lock";
 /// only REC533 is: its VOACAP is a launcher around the system's.
 [[nodiscard]] bool EngineIsHopcasts(int iModel);
 
-/// True when the engine's program file exists. When it is missing and bShowError is set, one box
-/// says so.
-bool EngineCheckInstalled(int iModel, bool bShowError);
-
-/// First line that the latest run's engine said, for the status line; empty when it said nothing.
-/// Printable UTF-8 of at most 200 bytes.
-[[nodiscard]] std::string EngineSaidGet();
-
-/// Why the latest attempt ended without an answer of its engine.
-enum class EngineFailure {
-    None,       ///< it succeeded, or failed for another reason: the message names it
-    Busy,       ///< another Hopcast held the engine folder all the time
-    TimeLimit,  ///< the engine did not finish in time
-};
-[[nodiscard]] EngineFailure EngineFailureGet();
-
-/// What can be told of the latest run's failure beside its message: what this machine lacks to run
-/// the model's program; "another Hopcast is using the engine folder"; "gave up after 5 s", for an
-/// area with the advice to take a smaller grid; else what the engine said. For the status line and
-/// the console; often empty.
-[[nodiscard]] std::string EngineTroubleGet(int iModel);
+/// True when the engine's program file exists. When it is missing, paMessages is told where there
+/// is one.
+bool EngineCheckInstalled(int iModel, Messages* paMessages);
 
 /// Seconds that one attempt may take; tests shorten it. @return the limit before.
 double EngineLimitSet(double dSeconds);

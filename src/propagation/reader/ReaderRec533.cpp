@@ -1,14 +1,14 @@
 #include <string>
 
 #include "geo/MathLib.h"
-#include "propagation/ReaderFields.h"
-#include "propagation/ReaderLib.h"
+#include "propagation/reader/ReaderFields.h"
+#include "propagation/reader/ReaderLib.h"
 #include "system/RunErrorText.h"
 
 namespace {
 
 struct Chunk {
-    const PropagationInput& m_input;
+    const Request& m_input;
     int iFirst;
     int iLast;
 };
@@ -95,7 +95,7 @@ Result<void> NoiseRowsRead(TextFile& file, const Chunk& chunk, int iHour, Propag
 
 }  // namespace
 
-Result<void> ReaderRec533(TextFile& file, const PropagationInput& input, int iFirst, int iLast,
+Result<void> ReaderRec533(TextFile& file, const Request& input, int iFirst, int iLast,
                           PropagationTable& table)
 {
     if (iFirst < 1 || iLast > table.nData || iLast > input.nData)

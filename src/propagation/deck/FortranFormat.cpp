@@ -1,23 +1,23 @@
-#include "propagation/FortranFormat.h"
+#include "propagation/deck/FortranFormat.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 
-#include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
 
 namespace {
 
 template <class T>
-Result<std::string> FieldMake(T value, std::string_view sFormat)
+Result<std::string> FieldMake(T value, std::string_view sFormat, Messages* paMessages)
 {
     const auto itEntry =
         std::find_if(kFortranFormats.begin(), kFortranFormats.end(),
                      [&](const FortranEntry& entry) { return entry.sFormat == sFormat; });
     if (itEntry == kFortranFormats.end()) {
-        MsgBox(MsgIcon::Exclamation, "FortranFormat, Unknown format " + std::string(sFormat));
+        MessageFail(paMessages, MsgIcon::Exclamation,
+                    "FortranFormat, Unknown format " + std::string(sFormat));
         return std::string();
     }
     if (!std::isfinite(value))
@@ -34,17 +34,17 @@ Result<std::string> FieldMake(T value, std::string_view sFormat)
 
 }  // namespace
 
-Result<std::string> FortranFormat(double dValue, std::string_view sFormat)
+Result<std::string> FortranFormat(double dValue, std::string_view sFormat, Messages* paMessages)
 {
-    return FieldMake(dValue, sFormat);
+    return FieldMake(dValue, sFormat, paMessages);
 }
 
-Result<std::string> FortranFormat(float fValue, std::string_view sFormat)
+Result<std::string> FortranFormat(float fValue, std::string_view sFormat, Messages* paMessages)
 {
-    return FieldMake(fValue, sFormat);
+    return FieldMake(fValue, sFormat, paMessages);
 }
 
-Result<std::string> FortranFormat(int nValue, std::string_view sFormat)
+Result<std::string> FortranFormat(int nValue, std::string_view sFormat, Messages* paMessages)
 {
-    return FieldMake(static_cast<double>(nValue), sFormat);
+    return FieldMake(static_cast<double>(nValue), sFormat, paMessages);
 }

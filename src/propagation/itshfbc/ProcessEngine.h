@@ -1,0 +1,31 @@
+/// @file ProcessEngine.h
+/// An engine of the ITS package, or the launcher in its place, as an Engine: a program, decks and
+/// outputs.
+///
+/// Tests:   tests/propagation/ProcessEngineTest.cpp
+#pragma once
+
+#include "propagation/Engine.h"
+
+class ProcessEngine final : public Engine {
+public:
+    /// @param iModel  EngineModel; any other number is an engine that is never installed
+    explicit ProcessEngine(int iModel);
+
+    [[nodiscard]] int ModelGet() const override { return m_iModel; }
+    [[nodiscard]] std::string NameGet() const override;
+    [[nodiscard]] std::string VersionGet() const override { return {}; }
+    /// Hopcast's launcher of VOACAP, which reads nothing but the deck from its root, runs in
+    /// folders of its own, as many at once as there are cores. Any other takes turns in the root.
+    [[nodiscard]] EngineLimits LimitsGet() const override;
+    [[nodiscard]] std::optional<Failure> ObstacleGet() const override;
+    [[nodiscard]] Prediction Predict(const Request& request,
+                                     const std::stop_token& stop) const override;
+    [[nodiscard]] AreaPrediction PredictArea(const AreaRequest& request,
+                                             const std::stop_token& stop) const override;
+
+private:
+    [[nodiscard]] bool RunsInOwnFolder() const;
+
+    int m_iModel;
+};
