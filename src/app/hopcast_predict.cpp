@@ -56,7 +56,7 @@ int PrintOut(const std::string& sText)
 int main(int nArguments, char** asArguments)
 {
     const ConsoleUtf8 console;
-    EndSignalsAnswer();
+    EndSignalsAnswer(EngineRootRelease);
     const std::vector<std::string> asWords = ArgumentsGet(nArguments, asArguments);
     const auto resOptions = PredictOptionsGet(asWords);
     if (!resOptions)

@@ -4,7 +4,7 @@
 /// Errors:  told in the answer, never by a message box.
 /// Threads: all procedures may be called from several threads at once. Where a run needs a folder
 ///          that others share, the engine itself takes turns.
-/// Tests:   tests/propagation/RunnerTest.cpp, tests/engine/BuiltInEngineTest.cpp
+/// Tests:   tests/propagation/RunnerTest.cpp, tests/propagation/ProcessEngineTest.cpp
 #pragma once
 
 #include <optional>

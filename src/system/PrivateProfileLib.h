@@ -10,7 +10,8 @@
 /// be written.
 ///
 /// Texts:   UTF-8 in the program, Windows-1252 in the file; UTF-16 when it begins with its byte
-///          order mark, outside Windows UTF-8 too. On a Windows with another alphabet see AnsiLib.h.
+///          order mark, outside Windows UTF-8 too. On a Windows with another alphabet see
+///          AnsiLib.h.
 /// Tests:   tests/system/PrivateProfileLibTest.cpp
 #pragma once
 

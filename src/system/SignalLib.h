@@ -6,10 +6,12 @@
 /// Tests:   tests/app/EndSignalsTest.cpp
 #pragma once
 
-/// For a console program: from now on these signals end the engines with their groups, take the
-/// temporary root away, and then end the program as they always did. REQUIRES: called first of all,
-/// before there is another thread.
-void EndSignalsAnswer();
+#include <functional>
+
+/// For a console program: from now on these signals end the engines with their groups, call
+/// fnCleanUp (on a thread of its own), and then end the program as they always did. REQUIRES:
+/// called first of all, before there is another thread.
+void EndSignalsAnswer(std::function<void()> fnCleanUp);
 
 /// For a window program, which ends by itself: the descriptor of a pipe that becomes readable with
 /// the first of these signals. A second one ends the program at once. @return -1 where there is

@@ -4,8 +4,8 @@
 
 #include <array>
 #include <thread>
+#include <utility>
 
-#include "propagation/itshfbc/EngineRoot.h"
 #include "system/ProcessHost.h"
 #include "system/SignalLib.h"
 
@@ -27,13 +27,13 @@ sigset_t EndSignals()
 }
 
 /// Waits for a signal and ends the program by it.
-void EndAwait(sigset_t set)
+void EndAwait(sigset_t set, const std::function<void()>& fnCleanUp)
 {
     int nSignal = 0;
     while (sigwait(&set, &nSignal) != 0) {
     }
     HostProcessesEnd();
-    EngineRootRelease();
+    fnCleanUp();
     signal(nSignal, SIG_DFL);
     sigset_t setThis;
     sigemptyset(&setThis);
@@ -50,11 +50,11 @@ void PipeTell(int)
 
 }  // namespace
 
-void EndSignalsAnswer()
+void EndSignalsAnswer(std::function<void()> fnCleanUp)
 {
     const sigset_t set = EndSignals();
     pthread_sigmask(SIG_BLOCK, &set, nullptr);  // in every thread to come, too
-    std::thread(EndAwait, set).detach();
+    std::thread(EndAwait, set, std::move(fnCleanUp)).detach();
 }
 
 int EndSignalsPipe()

@@ -1,5 +1,5 @@
 #include "system/SignalLib.h"
 
-void EndSignalsAnswer() {}
+void EndSignalsAnswer(std::function<void()> /*fnCleanUp*/) {}
 
 int EndSignalsPipe() { return -1; }

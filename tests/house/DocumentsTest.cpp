@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "support/MsgRecorder.h"
 #include "settings/ProfileLib.h"
+#include "support/MsgRecorder.h"
 #include "support/TempFolder.h"
 
 namespace fs = std::filesystem;

@@ -26,7 +26,7 @@ const std::map<std::string, Names>& FloorsGet()
         {"airmail", {"geo", "system"}},
         {"settings", {"airmail", "geo", "system"}},
         {"propagation", {"settings", "geo", "system"}},
-        {"engine", {"geo", "system"}},
+        {"engine", {"propagation", "geo", "system"}},  // which of it: EnginesKnowDecksAlone
         {"ui", kServices},
         {"app", {"system", "geo", "airmail", "settings", "propagation", "engine", "ui"}},
     };
@@ -89,6 +89,49 @@ TEST(Floors, NoLowerFloorIncludesAnUpperOne)
                 EXPECT_TRUE(aAllowed.contains(sOther)) << pthFile << " includes " << sInclude;
             }
         }
+    }
+}
+
+/// The method and the programs around it know the columns of decks; the engine of this process is
+/// an Engine.
+TEST(Floors, EnginesKnowDecksAloneSaveTheOneOfThisProcess)
+{
+    for (const fs::path& pthFile : SourcesGet()) {
+        const std::string sPath = fs::relative(pthFile, SOURCE_FOLDER).generic_string();
+        if (!sPath.starts_with("engine/") || sPath.starts_with("engine/builtin/"))
+            continue;
+        for (const std::string& sInclude : IncludesGet(pthFile)) {
+            EXPECT_TRUE(!sInclude.starts_with("\"propagation/")
+                        || sInclude.starts_with("\"propagation/deck/"))
+                << pthFile << " includes " << sInclude;
+            EXPECT_FALSE(sInclude.starts_with("\"engine/builtin/"))
+                << pthFile << " includes " << sInclude;
+        }
+    }
+}
+
+/// What lies below returns its messages as values.
+TEST(Floors, OnlyWindowsAndProgramsShowBoxes)
+{
+    for (const fs::path& pthFile : SourcesGet()) {
+        const std::string sFolder = FolderGet(pthFile);
+        if (sFolder == "ui" || sFolder == "app" || pthFile.filename() == "MsgLib.cpp")
+            continue;
+        for (const std::string& sInclude : IncludesGet(pthFile))
+            EXPECT_NE(sInclude, "\"system/MsgLib.h\"") << pthFile;
+    }
+}
+
+/// The Windows spelling of a path is turned into one of this host at three places.
+TEST(Floors, OnlyThreeFoldersKnowDrivePaths)
+{
+    for (const fs::path& pthFile : SourcesGet()) {
+        const std::string sPath = fs::relative(pthFile, SOURCE_FOLDER).generic_string();
+        if (sPath.starts_with("system/") || sPath.starts_with("airmail/")
+            || sPath.starts_with("settings/") || sPath.starts_with("propagation/itshfbc/"))
+            continue;
+        for (const std::string& sInclude : IncludesGet(pthFile))
+            EXPECT_NE(sInclude, "\"system/DrivePath.h\"") << pthFile;
     }
 }
 

@@ -324,7 +324,7 @@ TEST_F(EngineRootPosix, ARootThatCannotBeMadeIsToldAbout)
 }
 
 /// The temporary folders of this test: where a root may go that cannot go home.
-class EngineRootPosixTemporary : public EngineRootLibPosix {
+class EngineRootPosixTemporary : public EngineRootPosix {
 protected:
     EngineRootPosixTemporary()
     {

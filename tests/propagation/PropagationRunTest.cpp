@@ -235,7 +235,7 @@ TEST_P(EachEngine, AStartWithoutAProcessIdIsAlwaysTold)
         EXPECT_EQ(shown.sText, std::string("Unable to execute ") + m_case.sExecute + " program.");
 }
 
-TEST_P(EachEngine, CommandIsSpelledInThePackagesOwnPaths)
+TEST_P(EachEngine, CommandNamesTheProgramItsRootAndTheTwoFiles)
 {
     m_root.Engine(m_case.sProgram, "");
     ProcessCommand command;
@@ -245,11 +245,12 @@ TEST_P(EachEngine, CommandIsSpelledInThePackagesOwnPaths)
     });
     EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 1), m_table, ToldFailures()));
     ProcessSetHandler(std::move(fnBefore));
-    const std::vector<std::string> asExpected{
-        std::string("c:\\itshfbc\\bin_win\\") + m_case.sProgram, "c:\\itshfbc", "sound.dat",
-        "sound.out"};
+    const EngineRoot root = EngineRootGet();
+    const std::string sProgram = root.Path("c:\\itshfbc\\bin_win\\" + std::string(m_case.sProgram));
+    const std::vector<std::string> asExpected{sProgram, root.sFolder, "sound.dat", "sound.out"};
     EXPECT_EQ(command.asWords, asExpected);
-    EXPECT_EQ(command.sWorkFolder, "c:\\itshfbc");
+    EXPECT_EQ(command.sProgram, sProgram);
+    EXPECT_EQ(command.sWorkFolder, root.sFolder);
 }
 
 TEST_P(EachEngine, DeckHoldsTheYearOfTheComputersClock)

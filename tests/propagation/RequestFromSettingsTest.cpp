@@ -114,10 +114,8 @@ TEST(PropagationInputRange, EveryValueOutOfRangeIsTold)
         const char* sText;
     };
     for (const Case& c : {
-             Case{[](Request& in) { in.dTxLat = -90.5; },
-                  "latitude -90.5 lies outside -90 to 90"},
-             Case{[](Request& in) { in.dRcLon = 181; },
-                  "longitude 181 lies outside -180 to 180"},
+             Case{[](Request& in) { in.dTxLat = -90.5; }, "latitude -90.5 lies outside -90 to 90"},
+             Case{[](Request& in) { in.dRcLon = 181; }, "longitude 181 lies outside -180 to 180"},
              Case{[](Request& in) { in.nMonth = 13; }, "month 13 lies outside 1 to 12"},
              Case{[](Request& in) { in.fSunSpotNumber = 400; },
                   "sunspot number 400 lies outside 0 to 311"},

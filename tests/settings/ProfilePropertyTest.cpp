@@ -11,8 +11,8 @@
 #include <string>
 
 #include "airmail/AirMailFolders.h"
-#include "support/MsgRecorder.h"
 #include "settings/ProfileLib.h"
+#include "support/MsgRecorder.h"
 #include "support/PropertyRandom.h"
 #include "support/TempFolder.h"
 

@@ -236,8 +236,8 @@ private:
     int m_iOverlayHour = 0;
     bool m_bOverlayChosen = false;
     bool m_bOverlayBusy = false;
-    QTimer m_tmrOverlay;           // the next run, once nothing has moved for a moment
-    OverlayGrid m_grid;            // of the picture that is shown
+    QTimer m_tmrOverlay;                     // the next run, once nothing has moved for a moment
+    OverlayGrid m_grid;                      // of the picture that is shown
     std::optional<Failure> m_overlayFailed;  // why the last run failed
 
     int m_nSystem = 0;  // 0: not loaded yet

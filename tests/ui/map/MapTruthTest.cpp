@@ -71,8 +71,8 @@ protected:
         input.dNorth = input.dSouth + kHundredth;
         input.dEast = input.dWest + kHundredth;
         AreaFile file;
-        EXPECT_TRUE(PropagationAreaOpen(input, file));
-        EXPECT_TRUE(PropagationAreaOpenFile(input.iModel, file));
+        EXPECT_FALSE(PropagationAreaOpen(input, file));
+        EXPECT_FALSE(PropagationAreaOpenFile(input.iModel, file));
         const auto resPoints = GridRead(file, 4);
         EXPECT_TRUE(resPoints) << resPoints.TextGet();
         const auto fSnr = GridGetNearest(resPoints.ValueGet(), input.dSouth, input.dWest);

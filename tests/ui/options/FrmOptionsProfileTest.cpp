@@ -1,6 +1,6 @@
 // Every member that the dialog shows: through the dialog, a saved profile and a new start.
-#include "support/MsgRecorder.h"
 #include "settings/ProfileLib.h"
+#include "support/MsgRecorder.h"
 #include "ui/options/FrmOptionsFixture.h"
 
 namespace {

@@ -1,0 +1,154 @@
+/// Engine programs behind the interface of an engine: kinds of failures, limits, cancel.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <string>
+#include <thread>
+
+#include "propagation/EngineCases.h"
+#include "propagation/FakeEngine.h"
+#include "propagation/itshfbc/ProcessEngine.h"
+#include "system/LockLib.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+Request RequestOf(int iModel, int nFrequencies = 10)
+{
+    Request request = InputMake(CircuitCaseGet("rec533/p2p_01"));
+    request.iModel = iModel;
+    request.nData = nFrequencies;
+    request.afFrequency.assign(1, 0.0F);
+    for (int i = 1; i <= nFrequencies; ++i)
+        request.afFrequency.push_back(static_cast<float>(i) * 1000.0F);
+    return request;
+}
+
+FailureKind KindOf(const Prediction& prediction)
+{
+    EXPECT_FALSE(prediction.bOk);
+    EXPECT_FALSE(prediction.aFailures.empty());
+    return prediction.aFailures.empty() ? FailureKind::File : prediction.aFailures.back().eKind;
+}
+
+class ProcessEngines : public testing::Test {
+protected:
+    FakeRoot m_root;
+    const ProcessEngine m_rec533{kEngineRec533};
+
+    void Rec533(const std::string& sScript) const { m_root.Engine("rec533w.exe", sScript); }
+    [[nodiscard]] Prediction Predict(int nFrequencies = 10) const
+    {
+        return m_rec533.Predict(RequestOf(kEngineRec533, nFrequencies), {});
+    }
+};
+
+TEST_F(ProcessEngines, AnswerWithTheTableItsRequestAndTheEnginesName)
+{
+    m_root.EngineCopying("rec533w.exe", CapturedPath("rec533/p2p_01", ".out"));
+    const Prediction prediction = Predict();
+    EXPECT_TRUE(prediction.bOk);
+    EXPECT_TRUE(prediction.aFailures.empty());
+    EXPECT_EQ(prediction.sEngine, "REC533");
+    EXPECT_EQ(prediction.table.request, RequestOf(kEngineRec533));
+    EXPECT_TRUE(prediction.table.PresentIs(10));
+    EXPECT_FALSE(std::isnan(prediction.table.fReliability(1, 1)));
+}
+
+TEST_F(ProcessEngines, TellWhatKindOfFailureItWas)
+{
+    EXPECT_EQ(KindOf(Predict()), FailureKind::NotInstalled);
+    EXPECT_EQ(m_rec533.ObstacleGet()->eKind, FailureKind::NotInstalled);
+    Rec533("exit 3");
+    EXPECT_FALSE(m_rec533.ObstacleGet());
+    EXPECT_EQ(KindOf(Predict()), FailureKind::BadOutput);
+    Rec533("exit 0");
+    EXPECT_EQ(KindOf(Predict()), FailureKind::BadOutput) << "no output";
+    Request request = RequestOf(kEngineRec533);
+    request.fSunSpotNumber = 12345.0F;
+    EXPECT_EQ(KindOf(m_rec533.Predict(request, {})), FailureKind::BadInput);
+    const EngineLimit limit(0.2);
+    Rec533("sleep 60");
+    EXPECT_EQ(KindOf(Predict()), FailureKind::Timeout);
+    const auto resLock = FileLock::Take(m_root.Path("hopcast.lock"), 0.0);
+    EXPECT_EQ(KindOf(Predict()), FailureKind::Busy);
+}
+
+#ifndef _WIN32  // file modes
+TEST_F(ProcessEngines, TellAProgramThatCannotBeStarted)
+{
+    Rec533("exit 0");
+    std::filesystem::permissions(m_root.Path("bin_win/rec533w.exe"),
+                                 std::filesystem::perms::owner_read);
+    EXPECT_EQ(KindOf(Predict()), FailureKind::NotStarted);
+}
+#endif
+
+TEST_F(ProcessEngines, NameTheFrequenciesOfAChunkThatFailed)
+{
+    Rec533("grep -q 'FREQ.* 11.0' $deck && exit 1\ncp '" + CapturedPath("rec533/p2p_01", ".out")
+           + "' $out");
+    const Prediction prediction = Predict(12);
+    ASSERT_EQ(prediction.aFailures.size(), 1U);
+    EXPECT_EQ(prediction.aFailures[0].iFirst, 11);
+    EXPECT_EQ(prediction.aFailures[0].iLast, 12);
+    EXPECT_TRUE(prediction.table.PresentIs(10));
+    EXPECT_FALSE(prediction.table.PresentIs(11));
+}
+
+TEST_F(ProcessEngines, AnUnknownEngineIsNotInstalled)
+{
+    const ProcessEngine engine(9);
+    EXPECT_EQ(engine.NameGet(), "");
+    EXPECT_TRUE(engine.ObstacleGet());
+    EXPECT_FALSE(engine.Predict(RequestOf(9), {}).bOk);
+}
+
+TEST_F(ProcessEngines, TakeTurnsInTheRootUnlessItIsOurLauncher)
+{
+    EXPECT_EQ(m_rec533.LimitsGet().nAtOnce, 1);
+    EXPECT_EQ(m_rec533.LimitsGet().nFrequencies, 10);
+    EXPECT_EQ(ProcessEngine(kEngineVoacap).LimitsGet().nAtOnce, 1) << "somebody else's";
+}
+
+TEST_F(ProcessEngines, AnAreaIsItsPointsInGridOrder)
+{
+    AreaRequest request = AreaInputMake(AreaCases().front());
+    request.iModel = kEngineRec533;
+    m_root.Engine("rec533w.exe",
+                  "cp '" + CapturedPath("rec533/area_01", ".rg1") + "' $1/areadata/working.rg1");
+    const AreaPrediction whole = m_rec533.PredictArea(request, {});
+    const auto nPoints = static_cast<std::size_t>(request.nGridSize) * request.nGridSize;
+    ASSERT_TRUE(whole.bOk) << (whole.aFailures.empty() ? "" : whole.aFailures[0].sText);
+    EXPECT_EQ(whole.aPoints.size(), nPoints);
+    EXPECT_EQ(whole.request, request);
+    ++request.nGridSize;  // the grid has too few points for this one
+    const AreaPrediction cut = m_rec533.PredictArea(request, {});
+    EXPECT_FALSE(cut.bOk);
+    ASSERT_EQ(cut.aFailures.size(), 1U);
+    EXPECT_EQ(cut.aFailures[0].eKind, FailureKind::BadOutput);
+}
+
+#ifndef _WIN32  // the fake engines there cannot sleep
+TEST_F(ProcessEngines, AStopEndsTheEngineAndItsRun)
+{
+    Rec533("sleep 60");
+    std::stop_source stop;
+    const std::jthread thread([&] {
+        std::this_thread::sleep_for(50ms);
+        stop.request_stop();
+    });
+    const auto tmStart = std::chrono::steady_clock::now();
+    const Prediction prediction = m_rec533.Predict(RequestOf(kEngineRec533, 15), stop.get_token());
+    EXPECT_EQ(KindOf(prediction), FailureKind::Cancelled);
+    EXPECT_EQ(prediction.aFailures.size(), 1U) << "no second attempt, no second chunk";
+    EXPECT_EQ(m_root.CallCount(), 1);
+    EXPECT_LT(std::chrono::steady_clock::now() - tmStart, 4s) << "before the engine's limit";
+}
+#endif
+
+}  // namespace
