@@ -120,16 +120,12 @@ TEST(Corrections, MapsAreTheSeriesItselfInEveryQuadrantAtSunrise)
 
 TEST(Corrections, MirrorHeightIsContinuousWhereItsTermGChangesForm)
 {
-    MirrorHeightInput tbl{0.0, 2500.0, 5.0, 1.2, 3.0, 60.0, false};
-    tbl.dFrequency = 5.0 * 3.6999;
-    const double dBelow = MirrorHeightGet(tbl);
-    tbl.dFrequency = 5.0 * 3.7001;
-    EXPECT_NEAR(dBelow, MirrorHeightGet(tbl), 3.0);
-    tbl.bReference = true;
-    tbl.dFrequency = 5.0 * 2.0;
-    const double dReference = MirrorHeightGet(tbl);
-    tbl.bReference = false;
-    EXPECT_GT(std::abs(dReference - MirrorHeightGet(tbl)), 5.0);
+    const auto fnHeight = [](double dRatio, bool bReference) {
+        return MirrorHeightLanesGet<double>(MirrorLayerMake(5.0, 1.2, 3.0, 60.0, bReference),
+                                            5.0 * dRatio, 2500.0);
+    };
+    EXPECT_NEAR(fnHeight(3.6999, false), fnHeight(3.7001, false), 3.0);
+    EXPECT_GT(std::abs(fnHeight(2.0, true) - fnHeight(2.0, false)), 5.0);
 }
 
 // The height for foF2/foE above 3.33 and f above foF2, written out as it is printed.
@@ -155,9 +151,9 @@ TEST(Corrections, MirrorHeightHasTheWholeFormula)
 {
     for (const double dRatio : {1.05, 1.5, 2.0, 3.0, 3.6, 4.0}) {
         for (const double dKm : {300.0, 1500.0, 3500.0}) {
-            const MirrorHeightInput tbl{5.0 * dRatio, dKm, 5.0, 1.2, 3.0, 60.0, false};
-            EXPECT_NEAR(MirrorHeightGet(tbl), HeightOf(dKm, 5.0, 1.2, 3.0, 60.0, 5.0 * dRatio),
-                        1e-6)
+            const MirrorLayer tbl = MirrorLayerMake(5.0, 1.2, 3.0, 60.0, false);
+            EXPECT_NEAR(MirrorHeightLanesGet<double>(tbl, 5.0 * dRatio, dKm),
+                        HeightOf(dKm, 5.0, 1.2, 3.0, 60.0, 5.0 * dRatio), 1e-6)
                 << dRatio << " " << dKm;
         }
     }

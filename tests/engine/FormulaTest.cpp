@@ -88,15 +88,22 @@ TEST(MagneticField, MatchesWorkedValues)
     }
 }
 
-TEST(MagneticField, PairIsTheSameFieldTwice)
+TEST(MagneticField, SumsAlongAGreatCircleAreTheFieldItself)
 {
-    for (double dLat = -90.0; dLat <= 90.0; dLat += 7.5) {
-        const Place tblA = PlaceFromDegrees(dLat, 33.0);
-        const Place tblB = PlaceFromDegrees(-dLat, -151.0);
-        double dTanA, dTanB;
-        MagneticDipTansGet(tblA, tblB, dTanA, dTanB);
-        EXPECT_NEAR(std::atan(dTanA), MagneticFieldGet(tblA, FieldHeight::Absorption).dDip, 1e-12);
-        EXPECT_NEAR(std::atan(dTanB), MagneticFieldGet(tblB, FieldHeight::Absorption).dDip, 1e-12);
+    for (const bool bLongWay : {false, true}) {
+        for (double dLat = -85.0; dLat <= 85.0; dLat += 17.0) {
+            const GreatCircle tblWay = GreatCircleMake(PlaceFromDegrees(dLat, 33.0),
+                                                       PlaceFromDegrees(20.0, -151.0), bLongWay);
+            const FieldTrack tblTrack = FieldTrackMake(tblWay);
+            for (double dAngle = 0.0; dAngle < tblWay.dAngle; dAngle += 0.11) {
+                const Place tbl = GreatCirclePlaceAt(tblWay, std::cos(dAngle), std::sin(dAngle));
+                if (tbl.dCosLat < 0.001)
+                    continue;  // the field of a circle around the pole is taken there
+                EXPECT_NEAR(std::atan(FieldTrackDipTanGet<double>(tblTrack, std::cos(dAngle),
+                                                                  std::sin(dAngle))),
+                            MagneticFieldGet(tbl, FieldHeight::Absorption).dDip, 1e-12);
+            }
+        }
     }
 }
 
@@ -148,7 +155,7 @@ TEST(Absorption, PlaceTablesFollowExactAngles)
         GreatCircleMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
     const double dElevation = ElevationGet(tblPath.dKm / 2.0, 300.0);
     Crossing aCrossings[4];
-    CrossingsFill(tblHour, tblPath, 2, dElevation, aCrossings);
+    CrossingsFill(tblHour, CrossingTrackMake(tblPath), 2, dElevation, aCrossings);
     const double dNear = CrossingKmGet(dElevation);
     const double aKm[4]{dNear, tblPath.dKm / 2.0 - dNear, tblPath.dKm / 2.0 + dNear,
                         tblPath.dKm - dNear};
@@ -166,11 +173,11 @@ TEST(Absorption, PenetrationHangsTogether)
 {
     const Crossing tbl{3.0, 0.34};
     for (const double dT : {1.0, 2.2, 10.0}) {
-        const double dBelow = AbsorptionFactorGet(&tbl, 1, 3.0 * dT * 0.999999);
-        const double dAbove = AbsorptionFactorGet(&tbl, 1, 3.0 * dT * 1.000001);
+        const double dBelow = AbsorptionSumGet<double>(&tbl, 1, 3.0 * dT * 0.999999);
+        const double dAbove = AbsorptionSumGet<double>(&tbl, 1, 3.0 * dT * 1.000001);
         EXPECT_NEAR(dBelow, dAbove, 0.05 * dAbove) << dT;
     }
-    EXPECT_NEAR(AbsorptionFactorGet(&tbl, 1, 60.0), 0.34, 1e-12);
+    EXPECT_NEAR(AbsorptionSumGet<double>(&tbl, 1, 60.0), 0.34, 1e-12);
 }
 
 TEST(Muf, LongestHopGivesTheRatioOfThe3000KmHop)
@@ -211,18 +218,34 @@ TEST(Noise, LevelIsTheNoiseAtThreeMegahertz)
 
 TEST(Reliability, MedianAtTheRequiredRatioIsHalfTheDays)
 {
-    const Noise tbl{40.0, 9.0, 6.0};
-    SnrInput tblInput{-160.0, 1.0, 0.0, 90.0, ShareQuantileGet(90.0)};
-    const SignalDeciles tblSignal = SignalDecilesGet(0.5, false);
-    const SnrResult res = SnrGet(tblInput, tbl, tbl, tbl, tblSignal);
-    EXPECT_NEAR(res.dMedian, -160.0 - 40.0 - 4.771 + 204.0, 0.001);
-    EXPECT_NEAR(res.dExceeded, res.dMedian - res.dLower, 1e-6);
-    EXPECT_NEAR(res.dUpper, std::sqrt(36.0 + 36.0 + 25.0), 1e-9);
-    EXPECT_NEAR(res.dLower, std::sqrt(81.0 + 64.0 + 64.0), 1e-9);
-    tblInput.dRequired = res.dMedian;
-    EXPECT_NEAR(SnrGet(tblInput, tbl, tbl, tbl, tblSignal).dReliability, 50.0, 1e-9);
-    tblInput.dRequired = res.dExceeded;
-    EXPECT_NEAR(SnrGet(tblInput, tbl, tbl, tbl, tblSignal).dReliability, 90.0, 1e-6);
+    // Three noises alike: 40 dB, deciles 9 and 6 dB.
+    const double dPower = std::pow(10.0, 4.0);
+    FrequencySet tblSet{};
+    NoiseRows& tblRows = tblSet.aNoise[0];
+    tblSet.nCount = 1;
+    tblSet.aMegahertz.fill(5.0);
+    tblRows.aRest.fill(40.0);
+    tblRows.aUpper.fill(std::pow(10.0, 0.9));
+    tblRows.aLower.fill(std::pow(10.0, 0.6));
+    tblSet.aOther.fill(2.0 * dPower);
+    tblSet.aOtherLower.fill(2.0 * dPower / std::pow(10.0, 0.6));
+    tblSet.aOtherUpper.fill(2.0 * dPower * std::pow(10.0, 0.9));
+    FrequencyRow aPower{};
+    aPower.fill(-160.0);
+    SnrInput tblInput{1.0, 0.0, 90.0, ShareQuantileGet(90.0), false, 10.0};
+    SnrRows res;
+    const auto fnRun = [&] { SnrRowsFill(res, tblInput, tblSet, NoiseHour{}, aPower); };
+    fnRun();
+    EXPECT_NEAR(res.aMedian[0], -160.0 - 40.0 - 4.771 + 204.0, 0.001);
+    EXPECT_NEAR(res.aExceeded[0], res.aMedian[0] - res.aLower[0], 1e-6);
+    EXPECT_NEAR(res.aUpper[0], std::sqrt(36.0 + 36.0 + 25.0), 1e-9);
+    EXPECT_NEAR(res.aLower[0], std::sqrt(81.0 + 64.0 + 64.0), 1e-9);
+    tblInput.dRequired = res.aMedian[0];
+    fnRun();
+    EXPECT_NEAR(res.aReliability[0], 50.0, 1e-9);
+    tblInput.dRequired = res.aExceeded[0];
+    fnRun();
+    EXPECT_NEAR(res.aReliability[0], 90.0, 1e-6);
 }
 
 TEST(Reliability, QuantilesAreThoseOfTheNormalDistribution)
@@ -270,15 +293,18 @@ TEST(Antenna, GainsCountAtTheRaysElevation)
     const auto pHour = std::make_unique<Hour>();
     PathFill(*pPath, *pIono, tblCircuit);
     HourFill(*pHour, *pPath, 12);
-    ModeFields aFields;
-    ModeFieldsFill(aFields, *pHour, 7.0);
+    const auto pRows = std::make_unique<ModesRows>();
+    FrequencySet tblSet;
+    constexpr double kFrequency = 7.0;
+    FrequencySetFill(tblSet, *pIono, tblCircuit, {&kFrequency, 1});
+    ModesRowsFill(*pRows, *pHour, tblSet);
     double dField = 0.0, dReceived = 0.0;
     int nUsed = 0;
     for (std::size_t i = 0; i < static_cast<std::size_t>(pHour->nModes); ++i) {
-        if (!aFields[i].bUsed)
+        if ((*pRows)[i].aUsed[0] == 0.0)
             continue;
         const double dDegrees = DegreesOf(pHour->aModes[i].dElevation);
-        const double dOwn = aFields[i].dField + dDegrees / 5.0 - 8.0;
+        const double dOwn = (*pRows)[i].aField[0] + dDegrees / 5.0 - 8.0;
         dField += std::pow(10.0, dOwn / 10.0);
         dReceived += std::pow(10.0, (dOwn + 6.0 - dDegrees / 3.0) / 10.0);
         ++nUsed;

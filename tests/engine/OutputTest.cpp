@@ -10,7 +10,7 @@
 #include "engine/ReferenceData.h"
 #include "engine/run533/AntennaFile.h"
 #include "engine/run533/FieldText.h"
-#include "engine/run533/Luf.h"
+#include "engine/rec533/Luf.h"
 #include "engine/run533/Run.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
@@ -250,6 +250,7 @@ TEST(PointOutput, BasicMufsLieNearTheRealPrograms)
 TEST(Luf, IsTheLowestThatServesAsABruteForceSearchFindsIt)
 {
     int nSame = 0, nAll = 0;
+    const auto pWork = std::make_unique<rec533::PredictionWork>();
     const auto pRun = std::make_unique<CircuitRun>(Behaviour::Best, rec533::MapSet::Ccir);
     const DataTable tbl("p533_circuits.csv");
     for (std::size_t i = 0; i < tbl.CountGet(); i += 4) {
@@ -259,12 +260,12 @@ TEST(Luf, IsTheLowestThatServesAsABruteForceSearchFindsIt)
             const double dShare = pRun->m_tblPath.tblCircuit.dRequiredReliability;
             double dBrute = std::ceil(dMuf * 10.0) / 10.0;
             for (int n = 20; n <= static_cast<int>(dMuf * 10.0); ++n) {
-                if (pRun->PredictionGet(n / 10.0).tblSnr.dReliability >= dShare) {
+                if (pRun->PredictionGet(n / 10.0).dReliability >= dShare) {
                     dBrute = n / 10.0;
                     break;
                 }
             }
-            const double dLuf = LufGet(pRun->m_tblHour);
+            const double dLuf = LufGet(pRun->m_tblHour, *pWork);
             nSame += dLuf == dBrute ? 1 : 0;
             ++nAll;
             EXPECT_GE(dLuf,

@@ -91,10 +91,9 @@ rec533::Prediction CircuitRun::PredictionGet(double dFrequency)
     return tbl;
 }
 
-std::string ModeName(const rec533::Mode* pMode)
+std::string ModeName(int nHops, bool bE)
 {
-    return pMode == nullptr ? std::string()
-                            : std::to_string(pMode->nHops) + (pMode->bE ? "E" : "F2");
+    return nHops == 0 ? std::string() : std::to_string(nHops) + (bE ? "E" : "F2");
 }
 
 rec533::Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon)

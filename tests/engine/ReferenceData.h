@@ -47,7 +47,7 @@ private:
 };
 
 /// "2F2", "1E", empty without a mode.
-[[nodiscard]] std::string ModeName(const rec533::Mode* pMode);
+[[nodiscard]] std::string ModeName(int nHops, bool bE);
 
 /// A circuit between two places (degrees), all else as it is by default.
 [[nodiscard]] rec533::Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon);

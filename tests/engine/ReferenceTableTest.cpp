@@ -56,16 +56,17 @@ TEST(ReferenceTable, PathAndMufAgree)
 
 TEST(ReferenceTable, FieldPowerAndModeAgree)
 {
-    RowsVisit([](const DataTable& tbl, std::size_t i, CircuitRun&,
-                 const Prediction& tblPrediction) {
-        EXPECT_EQ(ModeName(tblPrediction.pMode), tbl.TextGet(i, "mode")) << tbl.TextGet(i, "id");
-        ExpectLike(tbl, i, "ele", tblPrediction.dElevation * kDegrees);
-        ExpectLike(tbl, i, "es", tblPrediction.dFieldShort);
-        ExpectLike(tbl, i, "el", tblPrediction.dFieldLong);
-        ExpectLike(tbl, i, "ei", tblPrediction.dField);
-        ExpectLike(tbl, i, "e", tblPrediction.dField);
-        ExpectLike(tbl, i, "pr", tblPrediction.dPower);
-    });
+    RowsVisit(
+        [](const DataTable& tbl, std::size_t i, CircuitRun&, const Prediction& tblPrediction) {
+            EXPECT_EQ(ModeName(tblPrediction.nHops, tblPrediction.bE), tbl.TextGet(i, "mode"))
+                << tbl.TextGet(i, "id");
+            ExpectLike(tbl, i, "ele", tblPrediction.dElevation * kDegrees);
+            ExpectLike(tbl, i, "es", tblPrediction.dFieldShort);
+            ExpectLike(tbl, i, "el", tblPrediction.dFieldLong);
+            ExpectLike(tbl, i, "ei", tblPrediction.dField);
+            ExpectLike(tbl, i, "e", tblPrediction.dField);
+            ExpectLike(tbl, i, "pr", tblPrediction.dPower);
+        });
 }
 
 TEST(ReferenceTable, LongMethodAgrees)
@@ -93,25 +94,30 @@ TEST(ReferenceTable, LongMethodAgrees)
 TEST(ReferenceTable, NoiseSnrAndReliabilityAgree)
 {
     RowsVisit(
-        [](const DataTable& tbl, std::size_t i, CircuitRun&, const Prediction& tblPrediction) {
-            const Noise& tblA = tblPrediction.tblAtmospheric;
-            const Noise& tblM = tblPrediction.tblManMade;
-            const Noise tblT = NoiseTotalGet(tblA, tblM, tblPrediction.tblGalactic);
+        [](const DataTable& tbl, std::size_t i, CircuitRun& run, const Prediction& tblPrediction) {
+            const double dFrequency = tbl.NumberGet(i, "freq");
+            const Circuit& tblCircuit = run.m_tblPath.tblCircuit;
+            const Noise tblA = NoiseAtmosphericGet(run.m_tblIonosphere, run.m_tblPath.tblNoise,
+                                                   run.m_tblHour.nLabel, dFrequency);
+            const Noise tblM =
+                NoiseManMadeGet(tblCircuit.eNoise, tblCircuit.dNoiseLevel, dFrequency, true);
+            const Noise tblG = NoiseGalacticGet(dFrequency);
+            const Noise tblT = NoiseTotalGet(tblA, tblM, tblG);
             ExpectLike(tbl, i, "faa", tblA.dFa);
             ExpectLike(tbl, i, "dua", tblA.dUpper);
             ExpectLike(tbl, i, "dla", tblA.dLower);
             ExpectLike(tbl, i, "fam", tblM.dFa);
             ExpectLike(tbl, i, "dum", tblM.dUpper);
             ExpectLike(tbl, i, "dlm", tblM.dLower);
-            ExpectLike(tbl, i, "fag", tblPrediction.tblGalactic.dFa);
+            ExpectLike(tbl, i, "fag", tblG.dFa);
             ExpectLike(tbl, i, "fat", tblT.dFa);
             ExpectLike(tbl, i, "dut", tblT.dUpper);
             ExpectLike(tbl, i, "dlt", tblT.dLower);
-            ExpectLike(tbl, i, "snr50", tblPrediction.tblSnr.dMedian);
-            ExpectLike(tbl, i, "dusn", tblPrediction.tblSnr.dUpper);
-            ExpectLike(tbl, i, "dlsn", tblPrediction.tblSnr.dLower);
-            ExpectLike(tbl, i, "snrxx", tblPrediction.tblSnr.dExceeded);
-            ExpectLike(tbl, i, "rel", tblPrediction.tblSnr.dReliability);
+            ExpectLike(tbl, i, "snr50", tblPrediction.dSnr);
+            ExpectLike(tbl, i, "dusn", tblPrediction.dSnrUpper);
+            ExpectLike(tbl, i, "dlsn", tblPrediction.dSnrLower);
+            ExpectLike(tbl, i, "snrxx", tblPrediction.dSnrExceeded);
+            ExpectLike(tbl, i, "rel", tblPrediction.dReliability);
         });
 }
 
@@ -119,30 +125,37 @@ TEST(ReferenceTable, EveryModeAgrees)
 {
     const DataTable tbl("p533_modes.csv");
     const auto pRun = std::make_unique<CircuitRun>(Behaviour::Reference, MapSet::Ccir);
-    ModeFields aFields;
+    const auto pRows = std::make_unique<ModesRows>();
+    FrequencySet tblSet;
     for (std::size_t i = 0; i < tbl.CountGet(); ++i) {
         pRun->Go(tbl.TextGet(i, "id"), tbl.IntegerGet(i, "hour"));
-        ModeFieldsFill(aFields, pRun->m_tblHour, tbl.NumberGet(i, "freq"));
+        const double dFrequency = tbl.NumberGet(i, "freq");
+        FrequencySetFill(tblSet, pRun->m_tblIonosphere, pRun->m_tblPath.tblCircuit,
+                         {&dFrequency, 1});
+        ModesRowsFill(*pRows, pRun->m_tblHour, tblSet);
         std::size_t nMode = 0;
         const auto nModes = static_cast<std::size_t>(pRun->m_tblHour.nModes);
-        while (nMode < nModes && ModeName(&pRun->m_tblHour.aModes[nMode]) != tbl.TextGet(i, "mode"))
+        while (nMode < nModes
+               && ModeName(pRun->m_tblHour.aModes[nMode].nHops, pRun->m_tblHour.aModes[nMode].bE)
+                      != tbl.TextGet(i, "mode"))
             ++nMode;
         ASSERT_LT(nMode, nModes) << tbl.TextGet(i, "id") << " lacks " << tbl.TextGet(i, "mode");
         const Mode& tblMode = pRun->m_tblHour.aModes[nMode];
-        const ModeField& tblField = aFields[nMode];
+        const ModeRows& tblRows = (*pRows)[nMode];
+        const bool bUsed = tblRows.aUsed[0] > 0.0;
         ExpectLike(tbl, i, "bmuf", tblMode.dMuf);
         ExpectLike(tbl, i, "opmuf", tblMode.dOperational);
         ExpectLike(tbl, i, "dl", tblMode.tblDeciles.dLower);
         ExpectLike(tbl, i, "du", tblMode.tblDeciles.dUpper);
-        ExpectLike(tbl, i, "fs", tblField.dScreening);
-        EXPECT_EQ(tblField.bUsed, tbl.IntegerGet(i, "used") == 1);
+        ExpectLike(tbl, i, "fs", tblRows.aScreening[0]);
+        EXPECT_EQ(bUsed, tbl.IntegerGet(i, "used") == 1);
         if (!tblMode.bE)
-            ExpectLike(tbl, i, "hr", tblField.dMirror);
-        if (!tblField.bUsed)
+            ExpectLike(tbl, i, "hr", tblRows.aMirror[0]);
+        if (!bUsed)
             continue;
         ExpectLike(tbl, i, "ele", tblMode.dElevation * kDegrees);
-        ExpectLike(tbl, i, "lb", tblField.dLoss);
-        ExpectLike(tbl, i, "ew", tblField.dField);
+        ExpectLike(tbl, i, "lb", tblRows.aLoss[0]);
+        ExpectLike(tbl, i, "ew", tblRows.aField[0]);
     }
 }
 

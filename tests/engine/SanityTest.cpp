@@ -47,10 +47,10 @@ void EndGet(Circuit& tbl, double dBearing, double dKm)
 
 bool AllFinite(const Hour& tblHour, const Prediction& tbl)
 {
-    for (const double d : {tblHour.dMuf, tblHour.dMuf10, tblHour.dMuf90, tblHour.dOperational,
-                           tblHour.dOperational10, tblHour.dOperational90, tbl.dField, tbl.dPower,
-                           tbl.dElevation, tbl.tblSnr.dMedian, tbl.tblSnr.dUpper, tbl.tblSnr.dLower,
-                           tbl.tblSnr.dExceeded, tbl.tblSnr.dReliability, tbl.tblAtmospheric.dFa})
+    for (const double d :
+         {tblHour.dMuf, tblHour.dMuf10, tblHour.dMuf90, tblHour.dOperational,
+          tblHour.dOperational10, tblHour.dOperational90, tbl.dField, tbl.dPower, tbl.dElevation,
+          tbl.dSnr, tbl.dSnrUpper, tbl.dSnrLower, tbl.dSnrExceeded, tbl.dReliability})
         if (!std::isfinite(d))
             return false;
     return true;
@@ -83,8 +83,8 @@ TEST_P(RandomSweep, GivesNumbersEverywhere)
         ASSERT_TRUE(AllFinite(*tbl.pHour, tblPrediction))
             << tblCircuit.dTxLat << " " << tblCircuit.dTxLon << " to " << tblCircuit.dRxLat << " "
             << tblCircuit.dRxLon << (tblCircuit.bLongWay ? " long" : "") << " at " << nLabel;
-        ASSERT_GE(tblPrediction.tblSnr.dReliability, 0.0);
-        ASSERT_LE(tblPrediction.tblSnr.dReliability, 100.0);
+        ASSERT_GE(tblPrediction.dReliability, 0.0);
+        ASSERT_LE(tblPrediction.dReliability, 100.0);
     }
 }
 INSTANTIATE_TEST_SUITE_P(Shares, RandomSweep, testing::Range(0, 8));

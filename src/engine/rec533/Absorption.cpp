@@ -1,7 +1,5 @@
 #include "engine/rec533/Absorption.h"
 
-#include "engine/rec533/MagneticField.h"
-
 namespace rec533 {
 namespace {
 
@@ -62,52 +60,92 @@ constexpr double kBoundary[12]{30, 30, 30, 27.5, 32.5, 35, 37.5, 35, 32.5, 30, 3
 constexpr int kNoonRow[12]{0, 1, 2, 3, 4, 5, 5, 4, 6, 7, 8, 0};
 constexpr double kDipMost = 70.0;  // degrees
 
-// Arc tangent within 3e-8, plenty for a place in the tables.
-double ArcTanGet(double dX)
+// What all crossings of an hour share.
+struct CrossingMonth {
+    const double* pNoon;            // row of the noon factors
+    const double* aExponent[2][2];  // north and south; below and above the boundary
+    double aBoundary[2];
+};
+
+CrossingMonth CrossingMonthGet(int nMonth)
+{
+    CrossingMonth tbl{};
+    tbl.pNoon = kNoonFactor[kNoonRow[nMonth - 1]];
+    for (int nSouth = 0; nSouth < 2; ++nSouth) {
+        const int nRow = nSouth == 1 ? (nMonth + 5) % 12 : nMonth - 1;
+        tbl.aBoundary[nSouth] = kBoundary[nRow];
+        for (int nAbove = 0; nAbove < 2; ++nAbove)
+            tbl.aExponent[nSouth][nAbove] = kExponent[nRow][nAbove];
+    }
+    return tbl;
+}
+
+// Arc tangent of numbers from 0 on within 3e-8, plenty for a place in the tables.
+template <class V>
+HOPCAST_INLINE V ArcTanGet(const V& vX)
 {
     constexpr double kTanEighth = 0.41421356237309503;
-    const double dAbs = std::abs(dX);
-    double dBase = 0.0;
-    double dT = dAbs;
-    if (dAbs > 1.0 / kTanEighth) {
-        dBase = kPi / 2.0;
-        dT = -1.0 / dAbs;
-    } else if (dAbs > kTanEighth) {
-        dBase = kPi / 4.0;
-        dT = (dAbs - 1.0) / (dAbs + 1.0);
+    const auto maskFar = vX > 1.0 / kTanEighth;
+    const auto maskNear = vX <= kTanEighth;
+    const V vBase = LaneSelect(maskFar, LaneAll<V>(kPi / 2.0),
+                               LaneSelect(maskNear, LaneAll<V>(0.0), LaneAll<V>(kPi / 4.0)));
+    const V vTop = LaneSelect(maskFar, LaneAll<V>(-1.0), LaneSelect(maskNear, vX, vX - 1.0));
+    const V vT = vTop / LaneSelect(maskFar, vX, LaneSelect(maskNear, LaneAll<V>(1.0), vX + 1.0));
+    const V vZ = vT * vT;
+    const V vSeries = ((8.05374449538e-2 * vZ - 1.38776856032e-1) * vZ + 1.99777106478e-1) * vZ
+                      - 3.33329491539e-1;
+    return vBase + vT + vT * vZ * vSeries;
+}
+
+// Places as lanes.
+template <class V>
+struct PlaceLanes {
+    V vSinLat, vCosLat, vSinLon, vCosLon;
+};
+
+template <class V>
+HOPCAST_INLINE V NoonFactorGet(const CrossingMonth& tbl, const PlaceLanes<V>& tblPlace)
+{
+    const V vLat = ArcTanGet<V>(LaneAbs(tblPlace.vSinLat) / tblPlace.vCosLat);
+    const V vStep = LaneMin<V>(vLat * kDegrees, LaneAll<V>(69.99)) / 2.5;
+    V vLow, vHigh, vPart;
+    for (int i = 0; i < kLanes<V>; ++i) {
+        const int nStep = static_cast<int>(vStep[i]);
+        vLow[i] = tbl.pNoon[nStep];
+        vHigh[i] = tbl.pNoon[nStep + 1];
+        vPart[i] = vStep[i] - nStep;
     }
-    const double dZ = dT * dT;
-    const double dSeries = ((8.05374449538e-2 * dZ - 1.38776856032e-1) * dZ + 1.99777106478e-1) * dZ
-                           - 3.33329491539e-1;
-    return std::copysign(dBase + dT + dT * dZ * dSeries, dX);
+    return vLow + (vHigh - vLow) * vPart;
 }
 
-double NoonFactorGet(int nMonth, const Place& tblPlace)
+template <class V>
+HOPCAST_INLINE V ExponentGet(const CrossingMonth& tbl, const PlaceLanes<V>& tblPlace,
+                             const V& vTanDip)
 {
-    const double dLat = ArcTanGet(std::abs(tblPlace.dSinLat) / tblPlace.dCosLat);
-    const double dStep = std::min(dLat * kDegrees, 69.99) / 2.5;
-    const int nStep = static_cast<int>(dStep);
-    const double* pRow = kNoonFactor[kNoonRow[nMonth - 1]];
-    return pRow[nStep] + (pRow[nStep + 1] - pRow[nStep]) * (dStep - nStep);
-}
-
-double ExponentGet(int nMonth, const Place& tblPlace, double dTanDip)
-{
-    const double dModified = ArcTanGet(std::abs(ArcTanGet(dTanDip)) / std::sqrt(tblPlace.dCosLat));
-    const double dX = std::min(dModified * kDegrees, kDipMost);
-    const int nRow = tblPlace.dSinLat < 0.0 ? (nMonth + 5) % 12 : nMonth - 1;
-    const double dBoundary = kBoundary[nRow];
-    const bool bLow = dX <= dBoundary;
-    const double dS =
-        bLow ? -1.0 + 2.0 * dX / dBoundary : -1.0 + 2.0 * (dX - dBoundary) / (kDipMost - dBoundary);
-    const double* pA = kExponent[nRow][bLow ? 0 : 1];
-    return (((((pA[6] * dS + pA[5]) * dS + pA[4]) * dS + pA[3]) * dS + pA[2]) * dS + pA[1]) * dS
-           + pA[0];
+    const V vModified = ArcTanGet<V>(ArcTanGet<V>(LaneAbs(vTanDip)) / LaneSqrt(tblPlace.vCosLat));
+    const V vX = LaneMin<V>(vModified * kDegrees, LaneAll<V>(kDipMost));
+    const auto maskSouth = tblPlace.vSinLat < 0.0;
+    const V vBoundary =
+        LaneSelect(maskSouth, LaneAll<V>(tbl.aBoundary[1]), LaneAll<V>(tbl.aBoundary[0]));
+    const auto maskLow = vX <= vBoundary;
+    const V vS = LaneSelect(maskLow, 2.0 * vX, 2.0 * (vX - vBoundary))
+                     / LaneSelect(maskLow, vBoundary, kDipMost - vBoundary)
+                 - 1.0;
+    V vSum{};
+    for (int k = 6; k >= 0; --k) {
+        const V vNorth = LaneSelect(maskLow, LaneAll<V>(tbl.aExponent[0][0][k]),
+                                    LaneAll<V>(tbl.aExponent[0][1][k]));
+        const V vSouth = LaneSelect(maskLow, LaneAll<V>(tbl.aExponent[1][0][k]),
+                                    LaneAll<V>(tbl.aExponent[1][1][k]));
+        vSum = vSum * vS + LaneSelect(maskSouth, vSouth, vNorth);
+    }
+    return vSum;
 }
 
 // ln of max(cos(0.881 chi)^p, 0.02) for a zenith angle up to 102 degrees; beyond it the floor
 // holds. cos(0.881 arccos c) is a smooth function of c: a polynomial gives it within 5e-9.
-double DiurnalLogGet(double dCosChi, double dExponent)
+template <class V>
+HOPCAST_INLINE V DiurnalLogGet(const V& vCosChi, const V& vExponent)
 {
     constexpr double kCos102 = -0.20791169081775934;
     constexpr double kLogFloor = -3.9120230054281460;
@@ -115,101 +153,129 @@ double DiurnalLogGet(double dCosChi, double dExponent)
                               -7.39122581582e-05, 0.000243831718371, -0.000825675038363,
                               0.00320643554998,   -0.0168759146882,  0.495316282667,
                               0.518992710864};
-    const double dT =
-        (std::max(dCosChi, kCos102) - (1.0 + kCos102) / 2.0) * (2.0 / (1.0 - kCos102));
-    double dCos = 0.0;
-    for (const double dTerm : kTerms) dCos = dCos * dT + dTerm;
-    return std::max(dExponent * std::log(dCos), kLogFloor);
+    const V vT = (LaneMax<V>(vCosChi, LaneAll<V>(kCos102)) - (1.0 + kCos102) / 2.0)
+                 * (2.0 / (1.0 - kCos102));
+    V vCos{};
+    for (const double dTerm : kTerms) vCos = vCos * vT + dTerm;
+    return LaneMax<V>(vExponent * LaneLog(vCos), LaneAll<V>(kLogFloor));
 }
 
-// Place at a distance from the start, without the angles themselves.
-Place CrossingPlaceGet(const GreatCircle& tblPath, double dKm)
+// The cosine of the sun's zenith angle at the places' own noon. The declination moves too slowly
+// for the noon's exact minute to matter.
+template <class V>
+HOPCAST_INLINE V NoonCosGet(const SunDay& tblDay, const SunHour& tblSun,
+                            const PlaceLanes<V>& tblPlace)
 {
-    const double dSin = std::sin(dKm / kEarthKm);
-    const double dCos = std::cos(dKm / kEarthKm);
-    const double dX = tblPath.aStart[0] * dCos + tblPath.aAhead[0] * dSin;
-    const double dY = tblPath.aStart[1] * dCos + tblPath.aAhead[1] * dSin;
-    Place tbl;
-    tbl.dSinLat = tblPath.aStart[2] * dCos + tblPath.aAhead[2] * dSin;
-    tbl.dCosLat = std::max(std::sqrt(dX * dX + dY * dY), 1e-9);
-    tbl.dCosLon = dX / tbl.dCosLat;
-    tbl.dSinLon = dY / tbl.dCosLat;
-    return tbl;
+    V vSinDecl, vCosDecl;
+    SunDeclinationAtNoonGet(tblDay, tblSun, tblPlace.vSinLon, tblPlace.vCosLon, vSinDecl, vCosDecl);
+    return tblPlace.vSinLat * vSinDecl + tblPlace.vCosLat * vCosDecl;
 }
 
-// What has to be known before a crossing is dated: the hour's cosine of the sun's zenith angle and
-// the one at the place's own noon. The declination moves too slowly for the noon's exact minute to
-// matter.
-Crossing CrossingGet(const AbsorptionHour& tblHour, const Place& tblPlace, double dTanDip)
+template <class V>
+HOPCAST_INLINE void CrossingLanesGet(const AbsorptionHour& tblHour, const CrossingMonth& tblMonth,
+                                     const CrossingTrack& tblTrack, const V& vCos, const V& vSin,
+                                     V& vFoe, V& vWeight)
 {
-    const Ionosphere& tblIono = *tblHour.pIonosphere;
-    const double dCosChi = SunZenithCosGet(*tblHour.tblFoe.pSun, tblPlace);
-    double dSinDecl, dCosDecl;
-    SunDeclinationAtNoonGet(tblIono.tblSun, *tblHour.tblFoe.pSun, tblPlace, dSinDecl, dCosDecl);
-    const double dCosNoon = tblPlace.dSinLat * dSinDecl + tblPlace.dCosLat * dCosDecl;
-    const double dExponent = ExponentGet(tblIono.nMonth, tblPlace, dTanDip);
-    return {FoeGet(tblHour.tblFoe, tblPlace, dCosChi),
-            NoonFactorGet(tblIono.nMonth, tblPlace)
-                * std::exp(DiurnalLogGet(dCosChi, dExponent) - DiurnalLogGet(dCosNoon, dExponent))};
+    const double(&aStart)[3] = tblTrack.tblWay.aStart;
+    const double(&aAhead)[3] = tblTrack.tblWay.aAhead;
+    const V vX = aStart[0] * vCos + aAhead[0] * vSin;
+    const V vY = aStart[1] * vCos + aAhead[1] * vSin;
+    PlaceLanes<V> tbl;
+    tbl.vSinLat = aStart[2] * vCos + aAhead[2] * vSin;
+    tbl.vCosLat = LaneMax<V>(LaneSqrt<V>(vX * vX + vY * vY), LaneAll<V>(1e-9));
+    tbl.vCosLon = vX / tbl.vCosLat;
+    tbl.vSinLon = vY / tbl.vCosLat;
+    const SunHour& tblSun = *tblHour.tblFoe.pSun;
+    const V vCosAngle = tblSun.dCosTurn * tbl.vCosLon - tblSun.dSinTurn * tbl.vSinLon;
+    const V vCosChi = LaneMin<V>(
+        LaneMax<V>(tbl.vSinLat * tblSun.dSinDecl + tbl.vCosLat * tblSun.dCosDecl * vCosAngle,
+                   LaneAll<V>(-1.0)),
+        LaneAll<V>(1.0));
+    const V vCosNoon = NoonCosGet(tblHour.pIonosphere->tblSun, tblSun, tbl);
+    const V vExponent =
+        ExponentGet(tblMonth, tbl, FieldTrackDipTanGet(tblTrack.tblField, vCos, vSin));
+    vFoe = FoeLanesGet(tblHour.tblFoe, tbl.vSinLat, tbl.vCosLat, tbl.vSinLon, tbl.vCosLon, vCosChi);
+    vWeight = NoonFactorGet(tblMonth, tbl)
+              * LaneExp<V>(DiurnalLogGet(vCosChi, vExponent) - DiurnalLogGet(vCosNoon, vExponent));
 }
 
-// Figure 2: the penetration factor phi over fv/foE, divided by its value far above.
-double PenetrationGet(double dT)
+// Cosines and sines of the crossings' angles from the start.
+struct CrossingAngles {
+    alignas(64) std::array<double, kCrossingsOfMode> aCos, aSin;
+};
+
+void CrossingAnglesFill(CrossingAngles& tbl, double dHopAngle, int nHops, double dElevation)
 {
-    constexpr double kFar = 0.34;
-    constexpr double kMost = 0.53;
-    double dPhi = kFar;
-    if (dT <= 1.0) {
-        const double dX = (dT - 0.475) / 0.475;
-        dPhi = (((((-0.093 * dX + 0.04) * dX + 0.127) * dX - 0.027) * dX + 0.044) * dX + 0.159) * dX
-               + 0.225;
-        dPhi = std::min(dPhi, kMost);
-    } else if (dT <= 2.2) {
-        const double dX = (dT - 1.65) / 0.55;
-        dPhi = (((((0.043 * dX - 0.07) * dX - 0.027) * dX + 0.034) * dX + 0.054) * dX - 0.049) * dX
-               + 0.375;
-        dPhi = std::min(dPhi, kMost);
-    } else if (dT <= 10.0) {
-        dPhi = kFar + (10.0 - dT) * 0.02 / 7.8;
+    const double dSinE = std::sin(dElevation);
+    const double dCosE = std::cos(dElevation);
+    const double dSinI = kEarthKm * dCosE / (kEarthKm + kHeightAbsorption);
+    const double dCosI = std::sqrt(1.0 - dSinI * dSinI);
+    const double dCosNear = dSinE * dCosI + dCosE * dSinI;
+    const double dSinNear = dCosE * dCosI - dSinE * dSinI;
+    const double dCosHop = std::cos(dHopAngle);
+    const double dSinHop = std::sin(dHopAngle);
+    double dCos = 1.0, dSin = 0.0;  // of the hop's start
+    for (std::size_t i = 0; i < static_cast<std::size_t>(nHops); ++i) {
+        tbl.aCos[2 * i] = dCos * dCosNear - dSin * dSinNear;
+        tbl.aSin[2 * i] = dSin * dCosNear + dCos * dSinNear;
+        const double dNext = dCos * dCosHop - dSin * dSinHop;
+        dSin = dSin * dCosHop + dCos * dSinHop;
+        dCos = dNext;
+        tbl.aCos[2 * i + 1] = dCos * dCosNear + dSin * dSinNear;
+        tbl.aSin[2 * i + 1] = dSin * dCosNear - dCos * dSinNear;
     }
-    return dPhi / kFar;
+}
+
+template <class V>
+HOPCAST_INLINE void CrossingsOfAnglesFill(const AbsorptionHour& tblHour,
+                                          const CrossingTrack& tblTrack, CrossingAngles& tblAngles,
+                                          std::size_t nCount, Crossing* pCrossings)
+{
+    constexpr std::size_t kCount = kLanes<V>;
+    const CrossingMonth tblMonth = CrossingMonthGet(tblHour.pIonosphere->nMonth);
+    // Lanes without a crossing repeat the last one.
+    for (std::size_t i = nCount; i % kCount != 0; ++i) {
+        tblAngles.aCos[i] = tblAngles.aCos[nCount - 1];
+        tblAngles.aSin[i] = tblAngles.aSin[nCount - 1];
+    }
+    for (std::size_t i = 0; i < nCount; i += kCount) {
+        V vFoe, vWeight;
+        CrossingLanesGet<V>(tblHour, tblMonth, tblTrack, LaneLoad<V>(&tblAngles.aCos[i]),
+                            LaneLoad<V>(&tblAngles.aSin[i]), vFoe, vWeight);
+        for (std::size_t k = 0; k < std::min(kCount, nCount - i); ++k)
+            pCrossings[i + k] = {vFoe[k], vWeight[k]};
+    }
+}
+
+HOPCAST_WIDE void CrossingsWideFill(const AbsorptionHour& tblHour, const CrossingTrack& tblTrack,
+                                    CrossingAngles& tblAngles, std::size_t nCount,
+                                    Crossing* pCrossings)
+{
+    CrossingsOfAnglesFill<Lanes4>(tblHour, tblTrack, tblAngles, nCount, pCrossings);
 }
 
 }  // namespace
+
+CrossingTrack CrossingTrackMake(const GreatCircle& tblWay)
+{
+    return {tblWay, FieldTrackMake(tblWay)};
+}
 
 double CrossingKmGet(double dElevation)
 {
     return kEarthKm * (kPi / 2.0 - dElevation - IncidenceGet(dElevation, kHeightAbsorption));
 }
 
-void CrossingsFill(const AbsorptionHour& tblHour, const GreatCircle& tblPath, int nHops,
+void CrossingsFill(const AbsorptionHour& tblHour, const CrossingTrack& tblTrack, int nHops,
                    double dElevation, Crossing* pCrossings)
 {
-    const double dHop = tblPath.dKm / nHops;
-    const double dNear = CrossingKmGet(dElevation);
-    for (int i = 0; i < nHops; ++i) {
-        const Place tblUp = CrossingPlaceGet(tblPath, i * dHop + dNear);
-        const Place tblDown = CrossingPlaceGet(tblPath, (i + 1) * dHop - dNear);
-        double dTanUp, dTanDown;
-        MagneticDipTansGet(tblUp, tblDown, dTanUp, dTanDown);
-        *pCrossings++ = CrossingGet(tblHour, tblUp, dTanUp);
-        *pCrossings++ = CrossingGet(tblHour, tblDown, dTanDown);
-    }
-}
-
-double AbsorptionFactorGet(const Crossing* pCrossings, int nCount, double dVertical)
-{
-    double dSum = 0.0;
-    for (int i = 0; i < nCount; ++i)
-        dSum += pCrossings[i].dWeight * PenetrationGet(dVertical / pCrossings[i].dFoe);
-    return dSum / nCount;
-}
-
-double AbsorptionLossGet(double dFactor, int nHops, double dSsnLimited, double dFrequency,
-                         double dGyro, double dCosIncidence)
-{
-    return nHops * (1.0 + 0.0067 * dSsnLimited) * dFactor
-           / (Square(dFrequency + dGyro) * dCosIncidence);
+    CrossingAngles tblAngles;
+    CrossingAnglesFill(tblAngles, tblTrack.tblWay.dAngle / nHops, nHops, dElevation);
+    const std::size_t nCount = 2 * static_cast<std::size_t>(nHops);
+    if (LanesWideIs())
+        CrossingsWideFill(tblHour, tblTrack, tblAngles, nCount, pCrossings);
+    else
+        CrossingsOfAnglesFill<Lanes2>(tblHour, tblTrack, tblAngles, nCount, pCrossings);
 }
 
 }  // namespace rec533

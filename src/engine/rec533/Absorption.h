@@ -1,8 +1,8 @@
 /// @file Absorption.h
 /// Absorption in the D and E layers along the rays of a path.
 ///
-/// A mode's loss is a mean over the places where its ray crosses 90 km. All that does not depend on
-/// the frequency is taken once for an hour and a mode: foE and the weight of the place.
+/// The loss of a mode is a mean over the places where its ray crosses 90 km. All that does not
+/// depend on the frequency is taken once for an hour and a mode: foE and the weight of the place.
 ///
 /// Units:   km, MHz, dB.
 /// Source:  Recommendation ITU-R P.533-14, section 5.2.2, figures 1 to 3 as numbers.
@@ -10,6 +10,7 @@
 #pragma once
 
 #include "engine/rec533/Layers.h"
+#include "engine/rec533/MagneticField.h"
 
 namespace rec533 {
 
@@ -21,6 +22,8 @@ struct Crossing {
 
 /// Most crossings that the modes of a path and hour have: F2 modes of 14 to 17 hops.
 inline constexpr int kCrossingsMost = 2 * (14 + 15 + 16 + 17);
+/// The same of one mode, in whole vectors.
+inline constexpr int kCrossingsOfMode = 36;
 
 /// The month and hour for crossings.
 struct AbsorptionHour {
@@ -28,18 +31,48 @@ struct AbsorptionHour {
     FoeHour tblFoe;
 };
 
+/// A path as its crossings need it.
+struct CrossingTrack {
+    GreatCircle tblWay;
+    FieldTrack tblField;
+};
+[[nodiscard]] CrossingTrack CrossingTrackMake(const GreatCircle& tblWay);
+
 /// From a hop's start to its first crossing, and from its end back to the second, km.
 [[nodiscard]] double CrossingKmGet(double dElevation);
 
 /// Fills the 2 n crossings of nHops hops in the order of the path.
-void CrossingsFill(const AbsorptionHour& tblHour, const GreatCircle& tblPath, int nHops,
+void CrossingsFill(const AbsorptionHour& tblHour, const CrossingTrack& tblTrack, int nHops,
                    double dElevation, Crossing* pCrossings);
 
-/// Mean of the absorption factor of a mode's 2 n crossings at the frequency fv = f cos i(110).
-[[nodiscard]] double AbsorptionFactorGet(const Crossing* pCrossings, int nCount, double dVertical);
-
-/// Loss of an n-hop mode, dB. dGyro: mean over the control points of |fH sin I| at 100 km.
-[[nodiscard]] double AbsorptionLossGet(double dFactor, int nHops, double dSsnLimited,
-                                       double dFrequency, double dGyro, double dCosIncidence);
+/// Sum of the absorption factors of crossings at vertical frequencies fv = f cos i(110).
+/// Figure 2: the penetration factor phi over fv/foE, divided by its value far above.
+template <class V>
+HOPCAST_INLINE V AbsorptionSumGet(const Crossing* pCrossings, int nCount, const V& vVertical)
+{
+    constexpr double kFar = 0.34;
+    constexpr double kMost = 0.53;
+    V vSum{};
+    for (int i = 0; i < nCount; ++i) {
+        const V vT = vVertical / pCrossings[i].dFoe;
+        V vPhi = kFar + LaneMax<V>(10.0 - vT, LaneAll<V>(0.0)) * (0.02 / 7.8);
+        if (LaneAny(vT <= 2.2)) {
+            const V vX = (vT - 0.475) / 0.475;
+            const V vBelow =
+                (((((-0.093 * vX + 0.04) * vX + 0.127) * vX - 0.027) * vX + 0.044) * vX + 0.159)
+                    * vX
+                + 0.225;
+            const V vY = (vT - 1.65) / 0.55;
+            const V vAbove =
+                (((((0.043 * vY - 0.07) * vY - 0.027) * vY + 0.034) * vY + 0.054) * vY - 0.049) * vY
+                + 0.375;
+            vPhi = LaneSelect(vT <= 2.2,
+                              LaneMin<V>(LaneSelect(vT <= 1.0, vBelow, vAbove), LaneAll<V>(kMost)),
+                              vPhi);
+        }
+        vSum += pCrossings[i].dWeight / kFar * vPhi;
+    }
+    return vSum;
+}
 
 }  // namespace rec533

@@ -66,8 +66,12 @@ GreatCircle GreatCircleMake(const Place& tblFrom, const Place& tblTo, bool bLong
 
 Place GreatCirclePlace(const GreatCircle& tblPath, double dFraction)
 {
-    const double dSin = std::sin(dFraction * tblPath.dAngle);
-    const double dCos = std::cos(dFraction * tblPath.dAngle);
+    return GreatCirclePlaceAt(tblPath, std::cos(dFraction * tblPath.dAngle),
+                              std::sin(dFraction * tblPath.dAngle));
+}
+
+Place GreatCirclePlaceAt(const GreatCircle& tblPath, double dCos, double dSin)
+{
     const double dX = tblPath.aStart[0] * dCos + tblPath.aAhead[0] * dSin;
     const double dY = tblPath.aStart[1] * dCos + tblPath.aAhead[1] * dSin;
     const double dZ = tblPath.aStart[2] * dCos + tblPath.aAhead[2] * dSin;

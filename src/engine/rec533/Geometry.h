@@ -38,6 +38,9 @@ struct GreatCircle {
 /// The place a fraction of the way along (0 start, 1 end).
 [[nodiscard]] Place GreatCirclePlace(const GreatCircle& tblPath, double dFraction);
 
+/// The place at an angle from the start, given by its cosine and sine.
+[[nodiscard]] Place GreatCirclePlaceAt(const GreatCircle& tblPath, double dCos, double dSin);
+
 /// Bearing at the first place toward the second by the short way, radians, 0 to 2 pi.
 [[nodiscard]] double BearingGet(const Place& tblFrom, const Place& tblTo);
 

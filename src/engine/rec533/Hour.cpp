@@ -74,6 +74,7 @@ void ModeRayFill(Mode& tblMode, const Hour& tbl, double dHeight, const ControlMe
     tblMode.dAuroral = dHop > kAuroralNearHop ? tblMeans.dAuroralFar : tblMeans.dAuroralNear;
     tblMode.dTxGain = AntennaGainGet(tblPath.tblCircuit.pTx, tblMode.dElevation);
     tblMode.dRxGain = AntennaGainGet(tblPath.tblCircuit.pRx, tblMode.dElevation);
+    tblMode.dRxPower = tblMode.dRxGain == 0.0 ? 1.0 : PowerFromDb(tblMode.dRxGain);
 }
 
 void ModesEFill(Hour& tbl)
@@ -233,6 +234,8 @@ void HourFill(Hour& tbl, Path& tblPath, int nLabel)
     tbl.pPath = &tblPath;
     tbl.nLabel = nLabel;
     tbl.tblFoe = FoeHourGet(tblIono, nLabel);
+    tbl.tblAbsorption = {&tblIono, tbl.tblFoe};
+    tbl.tblNoise = NoiseHourGet(tblIono, tblPath.tblNoise, nLabel);
     tbl.nOrderF2 = tbl.nOrderE = tbl.nModes = tbl.nCrossings = 0;
     tbl.dMuf = tbl.dMuf10 = tbl.dMuf90 = 0.0;
     tbl.dOperational = tbl.dOperational10 = tbl.dOperational90 = 0.0;

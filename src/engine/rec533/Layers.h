@@ -1,41 +1,64 @@
 /// @file Layers.h
-/// The E layer's critical frequency and the heights at which rays are mirrored.
+/// The heights at which rays are mirrored.
 ///
-/// Units:   MHz, km, radians.
-/// Source:  foE: Recommendation ITU-R P.1239, section 4; heights: ITU-R P.533-14, sections 3.5
-///          (eq. 2) and 5.1.
+/// Units:   MHz, km.
+/// Source:  Recommendation ITU-R P.533-14, sections 3.5 (eq. 2) and 5.1.
 /// Tests:   tests/engine/CorrectionsTest.cpp
 #pragma once
 
-#include "engine/rec533/Ionosphere.h"
+#include "engine/rec533/Foe.h"
 
 namespace rec533 {
-
-/// What foE needs of month and hour.
-struct FoeHour {
-    const SunHour* pSun = nullptr;
-    double dActivity = 1.0;  ///< factor A of the solar flux
-    double dFloor = 0.0;     ///< least foE, to the fourth power
-    int nMonth = 1;
-    double dClock = 0.0;  ///< hour from which the time since sunset is counted
-    bool bReference = false;
-};
-[[nodiscard]] FoeHour FoeHourGet(const Ionosphere& tbl, int nLabel);
-
-/// foE, MHz. dCosChi: cosine of the sun's zenith angle at the place.
-[[nodiscard]] double FoeGet(const FoeHour& tblHour, const Place& tblPlace, double dCosChi);
 
 /// Mirror height of the F2 basic MUF, km, 500 at most. dM3: M(3000)F2.
 [[nodiscard]] double MirrorHeightSimpleGet(double dM3);
 
-struct MirrorHeightInput {
-    double dFrequency = 0.0;  ///< MHz
-    double dHopKm = 0.0;
-    double dFof2 = 0.0, dFoe = 0.0, dM3 = 0.0;
-    double dSsn = 0.0;        ///< limited to 160
-    bool bReference = false;  ///< without the linear term of G
+/// What the mirror height of the screening needs of a layer.
+struct MirrorLayer {
+    double dFof2 = 0.0;                ///< MHz
+    double dH = 0.0;                   ///< the method's H, km
+    bool bThick = false;               ///< foF2/foE above 3.33
+    double dBase = 0.0, dPerKm = 0.0;  ///< else: the height is a straight line over the hop
+    double dLinear = 0.0;              ///< term of G, which the ITU program leaves out
 };
-/// Mirror height that serves the screening by the E layer, km, 800 at most.
-[[nodiscard]] double MirrorHeightGet(const MirrorHeightInput& tbl);
+/// dSsn: limited to 160. bReference: without the linear term of G.
+[[nodiscard]] MirrorLayer MirrorLayerMake(double dFof2, double dFoe, double dM3, double dSsn,
+                                          bool bReference);
+
+/// Mirror height that serves the screening by the E layer at frequencies, km, 800 at most.
+template <class V>
+HOPCAST_INLINE V MirrorHeightLanesGet(const MirrorLayer& tbl, const V& vFrequency, double dHopKm)
+{
+    constexpr double kHighest = 800.0;
+    if (!tbl.bThick)
+        return LaneAll<V>(std::min(tbl.dBase + tbl.dPerKm * dHopKm, kHighest));
+    const double dH = tbl.dH;
+    const V vXr = vFrequency / tbl.dFof2;
+    // f >= foF2
+    const V vE1 = ((-0.09707 * vXr + 0.6870) * vXr - 0.7506) * vXr + 0.6;
+    const V vF1 = LaneSelect(vXr <= 1.71,
+                             (((-1.862 * vXr + 12.95) * vXr - 32.03) * vXr + 33.50) * vXr - 10.91,
+                             1.21 + 0.2 * vXr);
+    const V vG = LaneSelect(
+        vXr <= 3.7, (((-2.102 * vXr + 19.50) * vXr - 63.15) * vXr + tbl.dLinear) * vXr - 44.73,
+        LaneAll<V>(19.25));
+    const V vDs = 160.0 + (dH + 43.0) * vG;
+    const V vA = (dHopKm - vDs) / (dH + 140.0);
+    const V vA1 = 140.0 + (dH - 47.0) * vE1;
+    const V vB1 = 150.0 + (dH - 17.0) * vF1 - vA1;
+    constexpr double kLog24 = 0.87546873735389985;  // ln 2.4
+    const V vFall = LaneExp<V>(LaneMax<V>(vA, LaneAll<V>(0.0)) * -kLog24);
+    const V vAbove = LaneSelect(vB1 >= 0.0, vA1 + vB1 * vFall, vA1 + vB1);
+    // f < foF2
+    const V vZ = LaneMax<V>(vXr, LaneAll<V>(0.1));
+    const V vE2 = (0.1906 * vZ + 0.00583) * vZ + 0.1936;
+    const V vA2 = 151.0 + (dH - 47.0) * vE2;
+    const V vF2 = (0.645 * vZ + 0.883) * vZ + 0.162;
+    const V vB2 = 141.0 + (dH - 24.0) * vF2 - vA2;
+    const V vDf = LaneMin<V>(0.115 * dHopKm / (vZ * (dH + 140.0)), LaneAll<V>(0.65));
+    const V vB = (((-7.535 * vDf + 15.75) * vDf - 8.834) * vDf - 0.378) * vDf + 1.0;
+    const V vBelow = LaneSelect(vB2 >= 0.0, vA2 + vB2 * vB, vA2 + vB2);
+    return LaneMin<V>(LaneSelect(vXr >= 1.0, vAbove, vBelow), LaneAll<V>(kHighest));
+}
 
 }  // namespace rec533

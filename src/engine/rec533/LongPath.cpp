@@ -72,6 +72,7 @@ void UpperFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle
     const double dHop = tblWay.dKm / nHops;
     const double dElevation = ElevationGet(dHop, kHeightLong);
     tbl.dSlant = SlantRangeGet(tblWay.dKm, nHops, dElevation);
+    tbl.dSlantDb = 20.0 * std::log10(tbl.dSlant);
     constexpr double kGapMost = 15.0;
     const double dSin = std::max(std::abs(std::sin(tblWay.dAngle)), 1e-12);
     tbl.dGap = std::min(DbFromPower(tblWay.dAngle / dSin), kGapMost);
@@ -177,22 +178,6 @@ LongHour LongHourGet(const LongPath& tbl, int nLabel)
     tblHour.dBasic = std::min(dBasic1, dBasic2);
     tblHour.dLower = tbl.aLower[nHour];
     return tblHour;
-}
-
-double LongShareGet(const LongPath& tbl, const LongHour& tblHour, double dFrequency)
-{
-    const double dL = Square(tblHour.dLower + tbl.dGyro);
-    const double dM = Square(tblHour.dUpper + tbl.dGyro);
-    const double dF = Square(dFrequency + tbl.dGyro);
-    return 1.0 - (dL / dF + dF / dM) * dM / (dM + dL);
-}
-
-double LongFreeGet(const LongPath& tbl) { return 139.6 - 20.0 * std::log10(tbl.dSlant); }
-
-double LongFieldGet(const LongPath& tbl, double dShare, double dPowerDb, double dGain)
-{
-    constexpr double kLy = -0.17;  // losses not otherwise told, dB
-    return LongFreeGet(tbl) * dShare - 30.0 + dPowerDb + dGain + tbl.dGap - kLy;
 }
 
 }  // namespace rec533

@@ -14,10 +14,11 @@ inline constexpr int kLowHopsMost = 14;  ///< hops of 3000 km round the whole Ea
 
 /// Hour-independent parts of a path and its limits at all hours.
 struct LongPath {
-    double dSlant = 0.0;  ///< p', km
-    double dGap = 0.0;    ///< focusing at long distances, dB
-    double dGyro = 0.0;   ///< mean gyrofrequency at 300 km, MHz
-    int nLowHops = 0;     ///< hops of the lower limit
+    double dSlant = 0.0;    ///< p', km
+    double dSlantDb = 0.0;  ///< 20 log p'
+    double dGap = 0.0;      ///< focusing at long distances, dB
+    double dGyro = 0.0;     ///< mean gyrofrequency at 300 km, MHz
+    int nLowHops = 0;       ///< hops of the lower limit
     std::array<Place, std::size_t{2} * kLowHopsMost> aLowPlaces;  ///< their 90-km crossings
     std::array<double, 2> aLat{}, aLon{};  ///< the two control points of fM, radians
     std::array<double, 24> aBasic[2];      ///< basic MUF of the two points by UT
@@ -37,12 +38,24 @@ struct LongHour {
 [[nodiscard]] LongHour LongHourGet(const LongPath& tbl, int nLabel);
 
 /// 1 - Q: the share of the free-space field that is left between the limits.
-[[nodiscard]] double LongShareGet(const LongPath& tbl, const LongHour& tblHour, double dFrequency);
+template <class V>
+HOPCAST_INLINE V LongShareGet(const LongPath& tbl, const LongHour& tblHour, const V& vFrequency)
+{
+    const double dL = Square(tblHour.dLower + tbl.dGyro);
+    const double dM = Square(tblHour.dUpper + tbl.dGyro);
+    const V vF = (vFrequency + tbl.dGyro) * (vFrequency + tbl.dGyro);
+    return 1.0 - (dL / vF + vF / dM) * dM / (dM + dL);
+}
 
 /// E0 of the Recommendation, dB.
-[[nodiscard]] double LongFreeGet(const LongPath& tbl);
+[[nodiscard]] inline double LongFreeGet(const LongPath& tbl) { return 139.6 - tbl.dSlantDb; }
+
 /// Field strength of the Recommendation's long method, dB(uV/m). Power in dB above 1 kW.
-[[nodiscard]] double LongFieldGet(const LongPath& tbl, double dShare, double dPowerDb,
-                                  double dGain);
+template <class V>
+HOPCAST_INLINE V LongFieldGet(const LongPath& tbl, const V& vShare, double dPowerDb, double dGain)
+{
+    constexpr double kLy = -0.17;  // losses not otherwise told, dB
+    return LongFreeGet(tbl) * vShare - 30.0 + dPowerDb + dGain + tbl.dGap - kLy;
+}
 
 }  // namespace rec533

@@ -1,12 +1,10 @@
 #include "engine/rec533/MagneticField.h"
 
-#include <array>
-
 namespace rec533 {
 namespace {
 
 constexpr int kOrder = 6;
-constexpr double kCosLatLeast = 1.7453292510e-4;  // 89.99 degrees: east field divides by it
+constexpr double kCosLatLeast = 1.7453292510e-4;  // 89.99 degrees: the west field divides by it
 constexpr double kGyroPerField = 2.8;             // MHz
 
 using Triangle = std::array<std::array<double, kOrder + 1>, kOrder + 1>;  // [n][m]
@@ -74,56 +72,65 @@ constexpr Triangle RecursionMake()
 
 constexpr Triangle kRecursion = RecursionMake();
 
-// Two places side by side; the compiler's own vector type, on every processor.
-using Pair = double __attribute__((vector_size(16)));
-
-template <class T>
 struct Field {
-    T tX, tY, tZ;  // north, east, down
+    double dX, dY, dZ;  // north, west, down
 };
 
-// The recursions of P.1239 for one place or two. tC is at least kCosLatLeast.
-template <class T>
-Field<T> FieldGet(T tS, T tC, T tSinLon, T tCosLon, const Scaled& tblScaled)
+// The recursions of P.1239. dC is at least kCosLatLeast.
+Field FieldGet(double dS, double dC, double dSinLon, double dCosLon, const Scaled& tblScaled)
 {
-    Field<T> tbl{T{}, T{}, T{}};
-    T tCosM = T{} + 1.0, tSinM = T{};  // of m times the longitude
-    T tPmm = T{} + 1.0, tDmm = T{};
+    Field tbl{0.0, 0.0, 0.0};
+    double dCosM = 1.0, dSinM = 0.0;  // of m times the longitude
+    double dPmm = 1.0, dDmm = 0.0;
 #pragma GCC unroll 7
     for (std::size_t m = 0; m <= kOrder; ++m) {
-        T tP2{}, tD2{}, tP = tPmm, tD = tDmm;
-        T tZg{}, tZh{}, tXg{}, tXh{}, tYg{}, tYh{};  // sums over n, times g and h
+        double dP2 = 0.0, dD2 = 0.0, dP = dPmm, dD = dDmm;
+        double dZg = 0.0, dZh = 0.0, dXg = 0.0, dXh = 0.0, dYg = 0.0, dYh = 0.0;  // sums over n
 #pragma GCC unroll 7
         for (std::size_t n = m; n <= kOrder; ++n) {
             if (n > m) {
-                const T tPn = tS * tP - kRecursion[n][m] * tP2;
-                const T tDn = tS * tD - tC * tP - kRecursion[n][m] * tD2;
-                tP2 = tP;
-                tD2 = tD;
-                tP = tPn;
-                tD = tDn;
+                const double dPn = dS * dP - kRecursion[n][m] * dP2;
+                const double dDn = dS * dD - dC * dP - kRecursion[n][m] * dD2;
+                dP2 = dP;
+                dD2 = dD;
+                dP = dPn;
+                dD = dDn;
             }
             const double dG = tblScaled.aG[n][m];
             const double dH = tblScaled.aH[n][m];
-            tZg += static_cast<double>(n + 1) * dG * tP;
-            tZh += static_cast<double>(n + 1) * dH * tP;
-            tXg += dG * tD;
-            tXh += dH * tD;
-            tYg += dG * tP;
-            tYh += dH * tP;
+            dZg += static_cast<double>(n + 1) * dG * dP;
+            dZh += static_cast<double>(n + 1) * dH * dP;
+            dXg += dG * dD;
+            dXh += dH * dD;
+            dYg += dG * dP;
+            dYh += dH * dP;
         }
-        tbl.tZ += tZg * tCosM + tZh * tSinM;
-        tbl.tX -= tXg * tCosM + tXh * tSinM;
-        tbl.tY += static_cast<double>(m) * (tYg * tSinM - tYh * tCosM);
-        const T tCosNext = tCosM * tCosLon - tSinM * tSinLon;
-        tSinM = tSinM * tCosLon + tCosM * tSinLon;
-        tCosM = tCosNext;
-        tDmm = tC * tDmm + tS * tPmm;
-        tPmm *= tC;
+        tbl.dZ += dZg * dCosM + dZh * dSinM;
+        tbl.dX -= dXg * dCosM + dXh * dSinM;
+        tbl.dY += static_cast<double>(m) * (dYg * dSinM - dYh * dCosM);
+        const double dCosNext = dCosM * dCosLon - dSinM * dSinLon;
+        dSinM = dSinM * dCosLon + dCosM * dSinLon;
+        dCosM = dCosNext;
+        dDmm = dC * dDmm + dS * dPmm;
+        dPmm *= dC;
     }
-    tbl.tY /= tC;
+    tbl.dY /= dC;
     return tbl;
 }
+
+// Cosines and sines of fifteenths of a circle.
+struct Circle {
+    std::array<double, FieldTrack::kPlaces> aCos, aSin;
+};
+const Circle kCircle = [] {
+    Circle tbl{};
+    for (std::size_t i = 0; i < FieldTrack::kPlaces; ++i) {
+        const double dAngle = 2.0 * kPi * static_cast<double>(i) / FieldTrack::kPlaces;
+        tbl.aCos[i] = std::cos(dAngle);
+        tbl.aSin[i] = std::sin(dAngle);
+    }
+    return tbl;
+}();
 
 double CosLatGet(const Place& tblPlace) { return std::max(tblPlace.dCosLat, kCosLatLeast); }
 
@@ -139,21 +146,52 @@ double SinLatGet(const Place& tblPlace)
 MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight)
 {
     const Scaled& tblScaled = eHeight == FieldHeight::Absorption ? kScaledAbsorption : kScaledMaps;
-    const auto tbl = FieldGet<double>(SinLatGet(tblPlace), CosLatGet(tblPlace), tblPlace.dSinLon,
-                                      tblPlace.dCosLon, tblScaled);
-    const double dFlat = std::sqrt(tbl.tX * tbl.tX + tbl.tY * tbl.tY);
-    const double dTotal = std::sqrt(dFlat * dFlat + tbl.tZ * tbl.tZ);
-    return {std::atan2(tbl.tZ, dFlat), tbl.tZ / dTotal, kGyroPerField * dTotal};
+    const Field tbl = FieldGet(SinLatGet(tblPlace), CosLatGet(tblPlace), tblPlace.dSinLon,
+                               tblPlace.dCosLon, tblScaled);
+    const double dFlat = std::sqrt(tbl.dX * tbl.dX + tbl.dY * tbl.dY);
+    const double dTotal = std::sqrt(dFlat * dFlat + tbl.dZ * tbl.dZ);
+    return {std::atan2(tbl.dZ, dFlat), tbl.dZ / dTotal, kGyroPerField * dTotal};
 }
 
-void MagneticDipTansGet(const Place& tblA, const Place& tblB, double& dTanA, double& dTanB)
+FieldTrack FieldTrackMake(const GreatCircle& tblWay)
 {
-    const auto tbl = FieldGet<Pair>(
-        Pair{SinLatGet(tblA), SinLatGet(tblB)}, Pair{CosLatGet(tblA), CosLatGet(tblB)},
-        Pair{tblA.dSinLon, tblB.dSinLon}, Pair{tblA.dCosLon, tblB.dCosLon}, kScaledAbsorption);
-    const Pair tFlat2 = tbl.tX * tbl.tX + tbl.tY * tbl.tY;
-    dTanA = tbl.tZ[0] / std::sqrt(tFlat2[0]);
-    dTanB = tbl.tZ[1] / std::sqrt(tFlat2[1]);
+    constexpr std::size_t kPlaces = FieldTrack::kPlaces;
+    const double(&aStart)[3] = tblWay.aStart;
+    const double(&aAhead)[3] = tblWay.aAhead;
+    const double aAcross[3]{aStart[1] * aAhead[2] - aStart[2] * aAhead[1],
+                            aStart[2] * aAhead[0] - aStart[0] * aAhead[2],
+                            aStart[0] * aAhead[1] - aStart[1] * aAhead[0]};
+    FieldTrack tbl{};
+    for (std::size_t i = 0; i < kPlaces; ++i) {
+        const double dCos = kCircle.aCos[i];
+        const double dSin = kCircle.aSin[i];
+        const Place tblPlace = GreatCirclePlaceAt(tblWay, dCos, dSin);
+        const double dSinLat = SinLatGet(tblPlace);
+        const double dCosLat = CosLatGet(tblPlace);
+        const Field tblField =
+            FieldGet(dSinLat, dCosLat, tblPlace.dSinLon, tblPlace.dCosLon, kScaledAbsorption);
+        const double aFlat[3]{
+            -tblField.dX * dSinLat * tblPlace.dCosLon + tblField.dY * tblPlace.dSinLon,
+            -tblField.dX * dSinLat * tblPlace.dSinLon - tblField.dY * tblPlace.dCosLon,
+            tblField.dX * dCosLat};
+        double dAlong = 0.0, dAcross = 0.0;
+        for (int k = 0; k < 3; ++k) {
+            dAlong += aFlat[k] * (aAhead[k] * dCos - aStart[k] * dSin);
+            dAcross += aFlat[k] * aAcross[k];
+        }
+        for (std::size_t j = 0; j <= FieldTrack::kOrderMost; ++j) {
+            const double dWeight = (j == 0 ? 1.0 : 2.0) / kPlaces;
+            const double dC = dWeight * kCircle.aCos[i * j % kPlaces];
+            const double dS = dWeight * kCircle.aSin[i * j % kPlaces];
+            tbl.aDownCos[j] += tblField.dZ * dC;
+            tbl.aDownSin[j] += tblField.dZ * dS;
+            tbl.aAlongCos[j] += dAlong * dC;
+            tbl.aAlongSin[j] += dAlong * dS;
+            tbl.aAcrossCos[j] += dAcross * dC;
+            tbl.aAcrossSin[j] += dAcross * dS;
+        }
+    }
+    return tbl;
 }
 
 }  // namespace rec533

@@ -7,7 +7,10 @@
 /// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
+#include <array>
+
 #include "engine/rec533/Geometry.h"
+#include "engine/rec533/Lanes.h"
 
 namespace rec533 {
 
@@ -20,7 +23,35 @@ struct MagneticField {
 enum class FieldHeight { Absorption, Maps };  ///< 100 km, 300 km
 
 [[nodiscard]] MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight);
-/// Tangents of the dip at 100 km at two places at once, for the many crossings at 90 km.
-void MagneticDipTansGet(const Place& tblA, const Place& tblB, double& dTanA, double& dTanB);
+
+/// The field at 100 km along a great circle. A field of the sixth order is there a trigonometric
+/// sum of the seventh order at most, so that 15 places give it everywhere.
+struct FieldTrack {
+    static constexpr int kOrderMost = 7;
+    static constexpr int kPlaces = 2 * kOrderMost + 1;
+    /// Cosine and sine terms: down, along and across the circle.
+    std::array<double, kOrderMost + 1> aDownCos, aDownSin, aAlongCos, aAlongSin, aAcrossCos,
+        aAcrossSin;
+};
+[[nodiscard]] FieldTrack FieldTrackMake(const GreatCircle& tblWay);
+
+/// Tangent of the dip at an angle from the circle's start, from its cosine and sine.
+template <class V>
+HOPCAST_INLINE V FieldTrackDipTanGet(const FieldTrack& tbl, const V& vCos, const V& vSin)
+{
+    V vDown = LaneAll<V>(tbl.aDownCos[0]);
+    V vAlong = LaneAll<V>(tbl.aAlongCos[0]);
+    V vAcross = LaneAll<V>(tbl.aAcrossCos[0]);
+    V vC = vCos, vS = vSin;
+    for (std::size_t j = 1; j <= FieldTrack::kOrderMost; ++j) {
+        vDown += tbl.aDownCos[j] * vC + tbl.aDownSin[j] * vS;
+        vAlong += tbl.aAlongCos[j] * vC + tbl.aAlongSin[j] * vS;
+        vAcross += tbl.aAcrossCos[j] * vC + tbl.aAcrossSin[j] * vS;
+        const V vNext = vC * vCos - vS * vSin;
+        vS = vS * vCos + vC * vSin;
+        vC = vNext;
+    }
+    return vDown / LaneSqrt(vAlong * vAlong + vAcross * vAcross);
+}
 
 }  // namespace rec533

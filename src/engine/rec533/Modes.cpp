@@ -10,80 +10,180 @@ constexpr double kLossOther = 9.14;   // Lz, the empirical constant of the editi
 constexpr double kLossHopSum = 20.0;  // the same in the hop sum
 constexpr double kLossGround = 2.0;   // at each reflection on the ground
 
-// Loss of a mode above its basic MUF.
-double MufLossGet(bool bE, bool bFar, double dFrequencyToMuf)
-{
-    if (dFrequencyToMuf <= 1.0)
-        return 0.0;
-    const double dR = dFrequencyToMuf - 1.0;
-    if (bE)
-        return std::min(46.0 * std::sqrt(dR) + 5.0, 58.0);
-    return bFar ? std::min(70.0 * dR + 8.0, 80.0) : std::min(36.0 * std::sqrt(dR) + 5.0, 60.0);
-}
+// The layers whose mean mirror height counts, and the least foE of the screening.
+struct Screen {
+    std::array<MirrorLayer, 3> aLayers;
+    std::size_t nLayers = 0;  // 0: no screening at all
+    double dFoe = 0.0;
+};
 
-double MirrorHeightOf(const Hour& tbl, double dFrequency, double dHop)
+Screen ScreenMake(const Hour& tbl)
 {
-    const auto fnHeight = [&](const F2Layer& tblLayer) {
-        return MirrorHeightGet({dFrequency, dHop, tblLayer.dFof2, tblLayer.dFoe, tblLayer.dM3,
-                                tbl.pPath->pIonosphere->dSsnLimited,
-                                tbl.pPath->pIonosphere->bReference});
+    Screen tblScreen;
+    const Ionosphere& tblIono = *tbl.pPath->pIonosphere;
+    const double dKm = tbl.pPath->tblWay.dKm;
+    if (dKm > kScreenedMost || tbl.nOrderF2 == 0)
+        return tblScreen;
+    tblScreen.dFoe = tbl.dFoeScreen;
+    const auto fnAdd = [&](const F2Layer& tblLayer) {
+        tblScreen.aLayers[tblScreen.nLayers++] = MirrorLayerMake(
+            tblLayer.dFof2, tblLayer.dFoe, tblLayer.dM3, tblIono.dSsnLimited, tblIono.bReference);
     };
-    if (tbl.pPath->tblWay.dKm <= tbl.dRangeMost)
-        return fnHeight(tbl.tblMid);
-    return (fnHeight(tbl.tblHopT) + fnHeight(tbl.tblMid) + fnHeight(tbl.tblHopR)) / 3.0;
+    if (dKm > tbl.dRangeMost)
+        fnAdd(tbl.tblHopT);
+    fnAdd(tbl.tblMid);
+    if (dKm > tbl.dRangeMost)
+        fnAdd(tbl.tblHopR);
+    return tblScreen;
 }
 
-void ScreeningFill(ModeField& tblField, const Hour& tbl, const Mode& tblMode, double dFrequency)
+// What a mode has at every frequency.
+struct ModeNumbers {
+    const Mode* pMode;
+    double dHop;                // km
+    double dSinHalf, dCosHalf;  // of half the hop's angle
+    bool bFar;                  // the path is longer than 3000 km
+    double dAbsorption;         // factor of the absorption loss
+    double dLoss;               // all of Lb that does not change with the frequency
+    double dField;              // field of no loss, without the frequency's own share
+    double dHopField;           // all of the hop field that does not change
+    const Crossing* pCrossings;
+    int nCrossings;
+};
+
+ModeNumbers ModeNumbersGet(const Hour& tbl, const Mode& tblMode)
 {
-    const double dHop = tbl.pPath->tblWay.dKm / tblMode.nHops;
-    tblField.dMirror = MirrorHeightOf(tbl, dFrequency, dHop);
-    tblField.dScreening =
-        1.05 * tbl.dFoeScreen / IncidenceCosGet(ElevationGet(dHop, tblField.dMirror), kHeightE);
+    const Path& tblPath = *tbl.pPath;
+    ModeNumbers tblN{};
+    tblN.pMode = &tblMode;
+    tblN.dHop = tblPath.tblWay.dKm / tblMode.nHops;
+    tblN.bFar = tblPath.tblWay.dKm > 3000.0;
+    tblN.dAbsorption = tblMode.nHops * (1.0 + 0.0067 * tblPath.pIonosphere->dSsnLimited)
+                       / (2 * tblMode.nHops * tblMode.dCosIncidence);
+    const double dSlant = 20.0 * std::log10(tblMode.dSlant);
+    tblN.dLoss =
+        kLossFree + dSlant + tblMode.dAuroral + kLossGround * (tblMode.nHops - 1) + kLossOther;
+    tblN.dField = kFieldOfKilowatt + tblPath.dPowerDb + tblMode.dTxGain;
+    tblN.dHopField = tblN.dField - kLossFree - dSlant - tblMode.dAuroral - kLossHopSum;
+    return tblN;
 }
 
-double AbsorptionOf(Hour& tbl, Mode& tblMode, double dFrequency)
+// Makes a mode's crossings, if they are not there.
+void ModeCrossingsMake(Hour& tbl, Mode& tblMode)
 {
-    const int nCount = 2 * tblMode.nHops;
-    if (tblMode.nCrossing < 0) {
-        tblMode.nCrossing = tbl.nCrossings;
-        tbl.nCrossings += nCount;
-        CrossingsFill({tbl.pPath->pIonosphere, tbl.tblFoe}, tbl.pPath->tblWay, tblMode.nHops,
-                      tblMode.dElevation,
-                      &tbl.aCrossings[static_cast<std::size_t>(tblMode.nCrossing)]);
+    if (tblMode.nCrossing >= 0)
+        return;
+    tblMode.nCrossing = tbl.nCrossings;
+    tbl.nCrossings += 2 * tblMode.nHops;
+    CrossingsFill(tbl.tblAbsorption, tbl.pPath->tblTrack, tblMode.nHops, tblMode.dElevation,
+                  &tbl.aCrossings[static_cast<std::size_t>(tblMode.nCrossing)]);
+}
+
+// Loss of a mode above its basic MUF, from the root of f/MUF - 1 where that is above 0.
+template <class V>
+HOPCAST_INLINE V MufLossGet(bool bE, bool bFar, const V& vOver, const V& vRoot)
+{
+    const V vLoss = bE     ? LaneMin<V>(46.0 * vRoot + 5.0, LaneAll<V>(58.0))
+                    : bFar ? LaneMin<V>(70.0 * vOver + 8.0, LaneAll<V>(80.0))
+                           : LaneMin<V>(36.0 * vRoot + 5.0, LaneAll<V>(60.0));
+    return LaneSelect(vOver > 0.0, vLoss, LaneAll<V>(0.0));
+}
+
+// Screening frequency of an F2 mode. The elevation's cosine comes from its tangent.
+template <class V>
+HOPCAST_INLINE V ScreeningGet(const Screen& tbl, const ModeNumbers& tblN, const V& vF, V& vMirror)
+{
+    vMirror = V{};
+    for (std::size_t i = 0; i < tbl.nLayers; ++i)
+        vMirror += MirrorHeightLanesGet<V>(tbl.aLayers[i], vF, tblN.dHop);
+    vMirror = vMirror / static_cast<double>(tbl.nLayers);
+    const V vTan = (tblN.dCosHalf - kEarthKm / (kEarthKm + vMirror)) / tblN.dSinHalf;
+    constexpr double kAtE = kEarthKm / (kEarthKm + kHeightE);
+    const V vSin2 = kAtE * kAtE / (1.0 + vTan * vTan);
+    return 1.05 * tbl.dFoe / LaneSqrt<V>(1.0 - vSin2);
+}
+
+// First frequencies, whether any is above the screening.
+template <class V>
+HOPCAST_INLINE bool ModeScreeningFill(ModeRows& tbl, const Screen& tblScreen,
+                                      const ModeNumbers& tblN, const FrequencySet& tblSet)
+{
+    bool bAny = false;
+    for (std::size_t i = 0; i < tblSet.nCount; i += kLanes<V>) {
+        const V vF = LaneLoad<V>(&tblSet.aMegahertz[i]);
+        V vScreening{}, vMirror{};
+        if (tblScreen.nLayers > 0 && !tblN.pMode->bE)
+            vScreening = ScreeningGet<V>(tblScreen, tblN, vF, vMirror);
+        const auto maskUsed = vScreening < vF;
+        bAny = bAny || LaneAny(maskUsed);
+        LaneStore(&tbl.aUsed[i], LaneSelect(maskUsed, LaneAll<V>(1.0), LaneAll<V>(0.0)));
+        LaneStore(&tbl.aScreening[i], vScreening);
+        LaneStore(&tbl.aMirror[i], vMirror);
     }
-    const double dFactor =
-        AbsorptionFactorGet(&tbl.aCrossings[static_cast<std::size_t>(tblMode.nCrossing)], nCount,
-                            dFrequency * tblMode.dCosIncidence);
-    return AbsorptionLossGet(dFactor, tblMode.nHops, tbl.pPath->pIonosphere->dSsnLimited,
-                             dFrequency, tblMode.dGyro, tblMode.dCosIncidence);
+    return bAny;
+}
+
+template <class V>
+HOPCAST_INLINE void ModeFieldFill(ModeRows& tbl, const ModeNumbers& tblN,
+                                  const FrequencySet& tblSet)
+{
+    const Mode& tblMode = *tblN.pMode;
+    for (std::size_t i = 0; i < tblSet.nCount; i += kLanes<V>) {
+        const V vF = LaneLoad<V>(&tblSet.aMegahertz[i]);
+        const V vDb = LaneLoad<V>(&tblSet.aDb[i]);
+        const V vSum =
+            AbsorptionSumGet<V>(tblN.pCrossings, tblN.nCrossings, vF * tblMode.dCosIncidence);
+        const V vWide = vF + tblMode.dGyro;
+        const V vAbsorption = tblN.dAbsorption * vSum / (vWide * vWide);
+        const V vOver = vF / tblMode.dMuf - 1.0;
+        const V vRoot = LaneSqrt<V>(LaneMax<V>(vOver, LaneAll<V>(0.0)));
+        const V vLoss =
+            tblN.dLoss + vDb + vAbsorption + MufLossGet<V>(tblMode.bE, tblN.bFar, vOver, vRoot);
+        LaneStore<V>(&tbl.aLoss[i], vLoss);
+        LaneStore<V>(&tbl.aField[i], tblN.dField + vDb - vLoss);
+        LaneStore<V>(&tbl.aHopField[i],
+                     tblN.dHopField - vAbsorption - MufLossGet<V>(false, false, vOver, vRoot));
+    }
+}
+
+HOPCAST_WIDE bool ModeScreeningWide(ModeRows& tbl, const Screen& tblScreen, const ModeNumbers& tblN,
+                                    const FrequencySet& tblSet)
+{
+    return ModeScreeningFill<Lanes4>(tbl, tblScreen, tblN, tblSet);
+}
+
+HOPCAST_WIDE void ModeFieldWide(ModeRows& tbl, const ModeNumbers& tblN, const FrequencySet& tblSet)
+{
+    ModeFieldFill<Lanes4>(tbl, tblN, tblSet);
 }
 
 }  // namespace
 
-void ModeFieldsFill(ModeFields& aFields, Hour& tblHour, double dFrequency)
+void ModesRowsFill(ModesRows& aRows, Hour& tblHour, const FrequencySet& tblSet)
 {
-    const Path& tblPath = *tblHour.pPath;
-    const double dKm = tblPath.tblWay.dKm;
-    const double dLogF = 20.0 * std::log10(dFrequency);
+    const bool bWide = LanesWideIs();
+    const Screen tblScreen = ScreenMake(tblHour);
     for (std::size_t i = 0; i < static_cast<std::size_t>(tblHour.nModes); ++i) {
         Mode& tblMode = tblHour.aModes[i];
-        ModeField& tblField = aFields[i];
-        tblField = ModeField{};
-        if (!tblMode.bE && dKm <= kScreenedMost)
-            ScreeningFill(tblField, tblHour, tblMode, dFrequency);
-        tblField.bUsed = tblMode.bReaches && tblField.dScreening < dFrequency;
-        if (!tblField.bUsed)
+        ModeRows& tbl = aRows[i];
+        ModeNumbers tblN = ModeNumbersGet(tblHour, tblMode);
+        if (tblScreen.nLayers > 0) {
+            tblN.dSinHalf = std::sin(tblN.dHop / (2.0 * kEarthKm));
+            tblN.dCosHalf = std::cos(tblN.dHop / (2.0 * kEarthKm));
+        }
+        const bool bAny = bWide ? ModeScreeningWide(tbl, tblScreen, tblN, tblSet)
+                                : ModeScreeningFill<Lanes2>(tbl, tblScreen, tblN, tblSet);
+        if (!tblMode.bReaches)
+            tbl.aUsed.fill(0.0);
+        if (!bAny || !tblMode.bReaches)
             continue;
-        const double dRatio = dFrequency / tblMode.dMuf;
-        const double dSlant = 20.0 * std::log10(tblMode.dSlant);
-        const double dCommon = AbsorptionOf(tblHour, tblMode, dFrequency) + tblMode.dAuroral;
-        tblField.dLoss = kLossFree + dLogF + dSlant + dCommon
-                         + MufLossGet(tblMode.bE, dKm > 3000.0, dRatio)
-                         + kLossGround * (tblMode.nHops - 1) + kLossOther;
-        tblField.dField =
-            kFieldOfKilowatt + tblPath.dPowerDb + tblMode.dTxGain + dLogF - tblField.dLoss;
-        tblField.dHopField = kFieldOfKilowatt - kLossFree + tblPath.dPowerDb + tblMode.dTxGain
-                             - dSlant - dCommon - MufLossGet(false, false, dRatio) - kLossHopSum;
+        ModeCrossingsMake(tblHour, tblMode);
+        tblN.pCrossings = &tblHour.aCrossings[static_cast<std::size_t>(tblMode.nCrossing)];
+        tblN.nCrossings = 2 * tblMode.nHops;
+        if (bWide)
+            ModeFieldWide(tbl, tblN, tblSet);
+        else
+            ModeFieldFill<Lanes2>(tbl, tblN, tblSet);
     }
 }
 

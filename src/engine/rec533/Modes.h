@@ -8,6 +8,7 @@
 #pragma once
 
 #include "engine/rec533/Absorption.h"
+#include "engine/rec533/Frequencies.h"
 #include "engine/rec533/Path.h"
 #include "engine/rec533/Variability.h"
 
@@ -28,23 +29,26 @@ struct Mode {
     double dGyro = 0.0;                   ///< fL of the absorption
     double dAuroral = 0.0;                ///< Lh
     double dTxGain = 0.0, dRxGain = 0.0;  ///< at its elevation, dBi
+    double dRxPower = 1.0;                ///< the receiver's gain as a ratio of powers
     int nCrossing = -1;                   ///< first crossing, -1 before they are needed
 };
 
-/// A mode at one frequency.
-struct ModeField {
-    bool bUsed = false;       ///< carries power
-    double dScreening = 0.0;  ///< fs: the E layer screens at and below it
-    double dMirror = 0.0;     ///< mirror height of the screening
-    double dLoss = 0.0;       ///< basic transmission loss Lb
-    double dField = 0.0;      ///< Ew, dB(uV/m)
-    double dHopField = 0.0;   ///< the same in the hop sum of the long-path rule
+/// A mode at the frequencies of a set.
+struct ModeRows {
+    FrequencyRow aUsed;       ///< 1 where it carries power, else 0
+    FrequencyRow aScreening;  ///< fs: the E layer screens at and below it
+    FrequencyRow aMirror;     ///< mirror height of the screening
+    FrequencyRow aLoss;       ///< basic transmission loss Lb
+    FrequencyRow aField;      ///< Ew, dB(uV/m)
+    FrequencyRow aHopField;   ///< the same in the hop sum of the long-path rule
 };
 
 struct Hour {
     Path* pPath = nullptr;
     int nLabel = 1;  ///< 1 to 24 UTC
     FoeHour tblFoe;
+    NoiseHour tblNoise;
+    AbsorptionHour tblAbsorption;
     F2Layer tblMid, tblHopT, tblHopR;
     double dFoeModes = 0.0;         ///< foE of the E modes
     double dFoeScreen = 0.0;        ///< foE of the screening
@@ -64,9 +68,9 @@ struct Hour {
 /// Fills an hour (large: keep it off the stack of a loop). The path outlives it.
 void HourFill(Hour& tbl, Path& tblPath, int nLabel);
 
-using ModeFields = std::array<ModeField, kModesMost>;
+using ModesRows = std::array<ModeRows, kModesMost>;
 
-/// All modes at a frequency.
-void ModeFieldsFill(ModeFields& aFields, Hour& tblHour, double dFrequency);
+/// All modes at the frequencies of a set. Crossings are made when a mode first needs them.
+void ModesRowsFill(ModesRows& aRows, Hour& tblHour, const FrequencySet& tblSet);
 
 }  // namespace rec533

@@ -51,24 +51,17 @@ double BlockSum(const NoiseFigures& tbl, const NoisePlace& tblPlace, std::size_t
     return dSum;
 }
 
-Noise BlockGet(const NoiseFigures& tbl, NoisePlace& tblPlace, int nBlock, double dFrequency)
+double FigureGet(const NoiseFigures& tbl, NoisePlace& tblPlace, std::size_t nBlock)
 {
-    const auto nAt = static_cast<std::size_t>(nBlock);
+    constexpr double kU1 = -0.75;  // 1 MHz
+    const std::size_t nAt = nBlock % 6;
     if (!tblPlace.aSummed[nAt]) {
-        tblPlace.aMegahertz[nAt] = BlockSum(tbl, tblPlace, nAt);
+        const float* pFam = tbl.pFam + 14 * nBlock;
+        tblPlace.aFigure[nAt] = BlockSum(tbl, tblPlace, nAt) * (2.0 - PolynomialGet<7>(pFam, kU1))
+                                - PolynomialGet<7>(pFam + 7, kU1);
         tblPlace.aSummed[nAt] = true;
     }
-    const std::size_t nHemisphere = tblPlace.tblPlace.dLat >= 0.0 ? nAt : nAt + 6;
-    const float* pFam = tbl.pFam + 14 * nHemisphere;
-    const double dLog = std::log10(dFrequency);
-    const double dU = (8.0 * std::exp2(dLog) - 11.0) / 4.0;
-    const double dU1 = -0.75;  // 1 MHz
-    const double dCz = tblPlace.aMegahertz[nAt] * (2.0 - PolynomialGet<7>(pFam, dU1))
-                       - PolynomialGet<7>(pFam + 7, dU1);
-    const double dLogDecile = std::log10(std::min(dFrequency, 20.0));
-    const float* pUpper = tbl.pDud + 5 * nHemisphere;
-    return {dCz * PolynomialGet<7>(pFam, dU) + PolynomialGet<7>(pFam + 7, dU),
-            PolynomialGet<5>(pUpper, dLogDecile), PolynomialGet<5>(pUpper + 60, dLogDecile)};
+    return tblPlace.aFigure[nAt];
 }
 
 }  // namespace
@@ -83,23 +76,44 @@ NoisePlace NoisePlaceMake(const Place& tblPlace)
     return tbl;
 }
 
-Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel,
-                          double dFrequency)
+NoiseBlock NoiseBlockGet(const NoiseFigures& tbl, std::size_t nBlock, double dFrequency)
+{
+    const float* pFam = tbl.pFam + 14 * nBlock;
+    const float* pUpper = tbl.pDud + 5 * nBlock;
+    const double dU = (8.0 * std::exp2(std::log10(dFrequency)) - 11.0) / 4.0;
+    const double dLogDecile = std::log10(std::min(dFrequency, 20.0));
+    return {PolynomialGet<7>(pFam, dU), PolynomialGet<7>(pFam + 7, dU),
+            PolynomialGet<5>(pUpper, dLogDecile), PolynomialGet<5>(pUpper + 60, dLogDecile)};
+}
+
+NoiseHour NoiseHourGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel)
 {
     const int nZone =
         static_cast<int>(tblPlace.tblPlace.dLon * (12.0 / kPi));  // whole zones, toward zero
     const int nHour = HourWrap(SunHourOfLabel(tbl, nLabel) + nZone);
-    const int nBlock = nHour / 4;
-    const double dPart = nHour % 4 / 4.0;
-    const Noise tblA = BlockGet(tbl.tblNoise, tblPlace, nBlock, dFrequency);
-    if (dPart == 0.0)
-        return tblA;
-    const Noise tblB = BlockGet(tbl.tblNoise, tblPlace, (nBlock + 1) % 6, dFrequency);
-    const auto fnMix = [dPart](double dA, double dB) {
-        return dA + DbFromPower(1.0 + (PowerFromDb(dB - dA) - 1.0) * dPart);
+    const std::size_t nSouth = tblPlace.tblPlace.dLat >= 0.0 ? 0 : 6;
+    NoiseHour tblHour;
+    tblHour.dPart = nHour % 4 / 4.0;
+    tblHour.nBlockA = static_cast<std::size_t>(nHour / 4) + nSouth;
+    tblHour.nBlockB = tblHour.dPart > 0.0 ? static_cast<std::size_t>((nHour / 4 + 1) % 6) + nSouth
+                                          : tblHour.nBlockA;
+    tblHour.dFigureA = FigureGet(tbl.tblNoise, tblPlace, tblHour.nBlockA);
+    tblHour.dFigureB = FigureGet(tbl.tblNoise, tblPlace, tblHour.nBlockB);
+    return tblHour;
+}
+
+Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel,
+                          double dFrequency)
+{
+    const NoiseHour tblHour = NoiseHourGet(tbl, tblPlace, nLabel);
+    const NoiseBlock tblA = NoiseBlockGet(tbl.tblNoise, tblHour.nBlockA, dFrequency);
+    const NoiseBlock tblB = NoiseBlockGet(tbl.tblNoise, tblHour.nBlockB, dFrequency);
+    const auto fnMix = [&](double dA, double dB) {
+        return dA + DbFromPower(1.0 + (PowerFromDb(dB - dA) - 1.0) * tblHour.dPart);
     };
-    return {fnMix(tblA.dFa, tblB.dFa), fnMix(tblA.dUpper, tblB.dUpper),
-            fnMix(tblA.dLower, tblB.dLower)};
+    return {fnMix(tblA.dFactor * tblHour.dFigureA + tblA.dRest,
+                  tblB.dFactor * tblHour.dFigureB + tblB.dRest),
+            fnMix(tblA.dUpper, tblB.dUpper), fnMix(tblA.dLower, tblB.dLower)};
 }
 
 Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency, bool bReference)

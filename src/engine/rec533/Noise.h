@@ -18,15 +18,34 @@ struct Noise {
     double dLower = 0.0;
 };
 
-/// The noise maps at one place; a block of four local hours is summed when it is first needed.
+/// The maps have blocks of four local hours, six for each side of the equator.
+inline constexpr std::size_t kNoiseBlocks = 12;
+
+/// What a block gives at a frequency: Fa = dFactor * figure of the place + dRest; deciles, dB.
+struct NoiseBlock {
+    double dFactor = 0.0, dRest = 0.0;
+    double dUpper = 0.0, dLower = 0.0;
+};
+[[nodiscard]] NoiseBlock NoiseBlockGet(const NoiseFigures& tbl, std::size_t nBlock,
+                                       double dFrequency);
+
+/// The noise maps at one place; a block is summed when it is first needed.
 struct NoisePlace {
     Place tblPlace;
-    std::array<double, 15> aLon{};       ///< sines of the longitude series
-    std::array<double, 29> aLat{};       ///< and of the latitude series
-    std::array<double, 6> aMegahertz{};  ///< sum of the series, for 1 MHz
+    std::array<double, 15> aLon{};    ///< sines of the longitude series
+    std::array<double, 29> aLat{};    ///< and of the latitude series
+    std::array<double, 6> aFigure{};  ///< of the blocks
     std::array<bool, 6> aSummed{};
 };
 [[nodiscard]] NoisePlace NoisePlaceMake(const Place& tblPlace);
+
+/// A label (hour) at a place: two blocks, mixed in power.
+struct NoiseHour {
+    std::size_t nBlockA = 0, nBlockB = 0;
+    double dFigureA = 0.0, dFigureB = 0.0;
+    double dPart = 0.0;  ///< of B; with 0 B is A
+};
+[[nodiscard]] NoiseHour NoiseHourGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel);
 
 /// Atmospheric noise at a label (hour), its two blocks mixed.
 [[nodiscard]] Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel,

@@ -47,6 +47,7 @@ void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCirc
     const Place tblRx = PlaceFromDegrees(tblCircuit.dRxLat, tblCircuit.dRxLon);
     tbl.tblWay = GreatCircleMake(PlaceFromDegrees(tblCircuit.dTxLat, tblCircuit.dTxLon), tblRx,
                                  tblCircuit.bLongWay);
+    tbl.tblTrack = CrossingTrackMake(tbl.tblWay);
     const double dKm = tbl.tblWay.dKm;
     SiteFill(tbl.tblMid, GreatCirclePlace(tbl.tblWay, 0.5));
     if (dKm > kControlShort) {

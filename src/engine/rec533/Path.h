@@ -7,6 +7,7 @@
 /// Tests:   tests/engine/SanityTest.cpp
 #pragma once
 
+#include "engine/rec533/Absorption.h"
 #include "engine/rec533/Circuit.h"
 #include "engine/rec533/LongPath.h"
 #include "engine/rec533/Muf.h"
@@ -28,6 +29,7 @@ struct Path {
     const Ionosphere* pIonosphere = nullptr;
     Circuit tblCircuit;
     GreatCircle tblWay;
+    CrossingTrack tblTrack;
     double dPowerDb = 0.0;         ///< transmitter, dB above 1 kW
     double dShareQuantile = 0.0;   ///< of the required reliability
     double dLeastElevation = 0.0;  ///< radians

@@ -4,142 +4,209 @@ namespace rec533 {
 namespace {
 
 constexpr double kFieldToPower = 107.2;  // dB(uV/m) to dBW, isotropic and matched, at 1 MHz
+constexpr double kNepers = 0.230258509299404568;     // a dB
+constexpr double kPerNeper = 4.3429448190325182765;  // dB
 
 // Sums over the modes in power, as fields and with the receiving antenna's gains.
+template <class V>
 struct ModeSums {
-    double dField = kFieldNone;
-    double dReceived = kFieldNone;
-    const Mode* pStrongest = nullptr;
+    V vField, vReceived, vMode;
 };
 
-ModeSums ModeSumsGet(const Hour& tblHour, const ModeFields& aFields, bool bHopSum)
+template <class V>
+HOPCAST_INLINE ModeSums<V> ModeSumsGet(const Hour& tblHour, const ModesRows& aModes,
+                                       FrequencyRow ModeRows::*pOwn, std::size_t nAt)
 {
-    ModeSums tbl;
-    double dBest = -1e300;
-    const auto fnOwn = [&](std::size_t i) {
-        return bHopSum ? aFields[i].dHopField : aFields[i].dField;
-    };
-    for (std::size_t i = 0; i < static_cast<std::size_t>(tblHour.nModes); ++i) {
-        const Mode& tblMode = tblHour.aModes[i];
-        if (!aFields[i].bUsed)
-            continue;
-        if (fnOwn(i) + tblMode.dRxGain > dBest) {
-            dBest = fnOwn(i) + tblMode.dRxGain;
-            tbl.pStrongest = &tblMode;
-        }
+    V vBest = LaneAll<V>(-1e300);
+    V vMode = LaneAll<V>(-1.0);
+    const auto nModes = static_cast<std::size_t>(tblHour.nModes);
+    for (std::size_t i = 0; i < nModes; ++i) {
+        const V vReceived = LaneLoad<V>(&(aModes[i].*pOwn)[nAt]) + tblHour.aModes[i].dRxGain;
+        const auto mask = (LaneLoad<V>(&aModes[i].aUsed[nAt]) > 0.0) & (vReceived > vBest);
+        vBest = LaneSelect(mask, vReceived, vBest);
+        vMode = LaneSelect(mask, LaneAll<V>(static_cast<double>(i)), vMode);
     }
-    if (tbl.pStrongest == nullptr)
-        return tbl;
     // Powers relative to the strongest, for fields far below zero have no power to speak of.
-    double dField = 0.0, dReceived = 0.0;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(tblHour.nModes); ++i) {
-        if (!aFields[i].bUsed)
-            continue;
-        dField += PowerFromDb(fnOwn(i) - dBest);
-        dReceived += PowerFromDb(fnOwn(i) + tblHour.aModes[i].dRxGain - dBest);
+    V vField{}, vSum{};
+    for (std::size_t i = 0; i < nModes; ++i) {
+        const V vPower = LaneLoad<V>(&aModes[i].aUsed[nAt])
+                         * LaneExp<V>(kNepers * (LaneLoad<V>(&(aModes[i].*pOwn)[nAt]) - vBest));
+        vField += vPower;
+        vSum += vPower * tblHour.aModes[i].dRxPower;
     }
-    tbl.dField = dBest + DbFromPower(dField);
-    tbl.dReceived = dBest + DbFromPower(dReceived);
-    return tbl;
+    const auto maskNone = vMode < 0.0;
+    const V vNone = LaneAll<V>(kFieldNone);
+    const V vOne = LaneAll<V>(1.0);
+    return {LaneSelect(maskNone, vNone,
+                       vBest + kPerNeper * LaneLog<V>(LaneSelect(maskNone, vOne, vField))),
+            LaneSelect(maskNone, vNone,
+                       vBest + kPerNeper * LaneLog<V>(LaneSelect(maskNone, vOne, vSum))),
+            vMode};
 }
 
-double PowerSumGet(double dA, double dB)
+template <class V>
+HOPCAST_INLINE V PowerSumGet(const V& vA, const V& vB)
 {
-    const double dMost = std::max(dA, dB);
-    return dMost + DbFromPower(1.0 + PowerFromDb(std::min(dA, dB) - dMost));
+    const V vMost = LaneMax(vA, vB);
+    return vMost + kPerNeper * LaneLog<V>(1.0 + LaneExp<V>(kNepers * (LaneMin(vA, vB) - vMost)));
 }
 
 // Section 5.4: mean of the two methods in the scale 10^(E/100).
-double FieldMixGet(double dShort, double dLong, double dPart)
+template <class V>
+HOPCAST_INLINE V FieldMixGet(const V& vShort, const V& vLong, double dPart)
 {
-    const double dX = PowerOfTen(dShort / 100.0);
-    return 100.0 * std::log10(dX + dPart * (PowerOfTen(dLong / 100.0) - dX));
+    const V vX = LaneExp<V>(vShort * (kNepers / 10.0));
+    return 10.0 * kPerNeper * LaneLog<V>(vX + dPart * (LaneExp<V>(vLong * (kNepers / 10.0)) - vX));
 }
 
+// What the field and power of some frequencies are made of.
+template <class V>
+struct Fields {
+    V vShort, vLong, vShare, vField, vPower, vMode;
+};
+
 // The long-path rule: hop by hop and long method add in power, eased in from 7000 km to 9000 km.
-void LongRuleFill(Prediction& tbl, const Hour& tblHour, const ModeFields& aFields,
-                  const ModeSums& tblShort, double dPart)
+template <class V>
+HOPCAST_INLINE void LongRuleFill(Fields<V>& tbl, const Hour& tblHour, const ModesRows& aModes,
+                                 const ModeSums<V>& tblShort, double dPart, std::size_t nAt)
 {
     constexpr double kFree = 120.0;         // E0', dB
     constexpr double kOffset = 3.87;        // dB
     constexpr double kShortLeast = -100.0;  // of 1 kW, dB(uV/m)
     const Path& tblPath = *tblHour.pPath;
-    const double dLong = (kFree - 20.0 * std::log10(tblPath.tblLong.dSlant)) * tbl.dLongShare - 30.0
-                         + tblPath.dPowerDb + tblPath.tblTxLow.dGain + tblPath.tblLong.dGap
-                         + kOffset;
-    ModeSums tblHops = ModeSumsGet(tblHour, aFields, true);
+    const V vLong = (kFree - tblPath.tblLong.dSlantDb) * tbl.vShare - 30.0 + tblPath.dPowerDb
+                    + tblPath.tblTxLow.dGain + tblPath.tblLong.dGap + kOffset;
+    ModeSums<V> tblHops = ModeSumsGet<V>(tblHour, aModes, &ModeRows::aHopField, nAt);
     const double dGap = tblPath.tblLong.dGap * dPart;
-    tblHops.dField += dGap;
-    tblHops.dReceived += dGap;
-    const double dLongReceived = dLong + tblPath.tblRxLow.dGain;
-    const double dField = PowerSumGet(tblHops.dField, dLong);
-    const double dReceived = PowerSumGet(tblHops.dReceived, dLongReceived);
-    tbl.dFieldLong = dField;
-    if (dPart >= 1.0) {
-        tbl.dField = dField;
-        tbl.dPower = dReceived;
-    } else {
-        const double dLeast = kShortLeast + tblPath.dPowerDb;
-        tbl.dField = (1.0 - dPart) * std::max(tblShort.dField, dLeast) + dPart * dField;
-        tbl.dPower = (1.0 - dPart) * std::max(tblShort.dReceived, dLeast) + dPart * dReceived;
+    tblHops.vField += dGap;
+    tblHops.vReceived += dGap;
+    const V vLongReceived = vLong + tblPath.tblRxLow.dGain;
+    tbl.vLong = PowerSumGet<V>(tblHops.vField, vLong);
+    tbl.vField = tbl.vLong;
+    tbl.vPower = PowerSumGet<V>(tblHops.vReceived, vLongReceived);
+    if (dPart < 1.0) {
+        const V vLeast = LaneAll<V>(kShortLeast + tblPath.dPowerDb);
+        tbl.vField = (1.0 - dPart) * LaneMax<V>(tblShort.vField, vLeast) + dPart * tbl.vField;
+        tbl.vPower = (1.0 - dPart) * LaneMax<V>(tblShort.vReceived, vLeast) + dPart * tbl.vPower;
     }
-    const bool bHops = tblHops.dReceived >= dLongReceived && tblHops.pStrongest != nullptr;
-    tbl.pMode = bHops ? tblHops.pStrongest : nullptr;
-    tbl.dElevation = bHops ? tblHops.pStrongest->dElevation : tblPath.tblTxLow.nDegrees * kRadians;
+    tbl.vMode = LaneSelect(tblHops.vReceived >= vLongReceived, tblHops.vMode, LaneAll<V>(-1.0));
 }
 
-void FieldFill(Prediction& tbl, Hour& tblHour, double dFrequency)
+template <class V>
+HOPCAST_INLINE Fields<V> FieldsGet(const Hour& tblHour, const ModesRows& aModes,
+                                   const FrequencySet& tblSet, std::size_t nAt)
 {
     const Path& tblPath = *tblHour.pPath;
     const double dKm = tblPath.tblWay.dKm;
-    ModeFields aFields;
-    ModeSums tblShort;
-    ModeFieldsFill(aFields, tblHour, dFrequency);
+    Fields<V> tbl{};
+    ModeSums<V> tblShort{};
     if (dKm <= kLongOnly) {
-        tblShort = ModeSumsGet(tblHour, aFields, false);
-        tbl.dFieldShort = tblShort.dField;
+        tblShort = ModeSumsGet<V>(tblHour, aModes, &ModeRows::aField, nAt);
+        tbl.vShort = tblShort.vField;
     }
     if (dKm >= kShortOnly) {
-        tbl.dLongShare = LongShareGet(tblPath.tblLong, tblHour.tblLong, dFrequency);
-        tbl.dFieldLong =
-            LongFieldGet(tblPath.tblLong, tbl.dLongShare, tblPath.dPowerDb, tblPath.tblTxLow.dGain);
+        tbl.vShare =
+            LongShareGet<V>(tblPath.tblLong, tblHour.tblLong, LaneLoad<V>(&tblSet.aMegahertz[nAt]));
+        tbl.vLong =
+            LongFieldGet<V>(tblPath.tblLong, tbl.vShare, tblPath.dPowerDb, tblPath.tblTxLow.dGain);
     }
     if (dKm <= kShortOnly) {
-        tbl.dField = tblShort.dField;
-        tbl.dPower = tblShort.dReceived;
-        tbl.pMode = tblShort.pStrongest;
-        tbl.dElevation = tbl.pMode != nullptr ? tbl.pMode->dElevation : 0.0;
-        return;
+        tbl.vField = tblShort.vField;
+        tbl.vPower = tblShort.vReceived;
+        tbl.vMode = tblShort.vMode;
+        return tbl;
     }
     const double dPart = std::min((dKm - kShortOnly) / (kLongOnly - kShortOnly), 1.0);
     if (tblPath.pIonosphere->eBehaviour == Behaviour::Best) {
-        LongRuleFill(tbl, tblHour, aFields, tblShort, dPart);
-        return;
+        LongRuleFill<V>(tbl, tblHour, aModes, tblShort, dPart, nAt);
+        return tbl;
     }
-    tbl.dField = dPart < 1.0 ? FieldMixGet(tblShort.dField, tbl.dFieldLong, dPart) : tbl.dFieldLong;
-    tbl.dPower = tbl.dField + tblPath.tblRxLow.dGain;
-    tbl.dElevation = tblPath.tblTxLow.nDegrees * kRadians;
+    tbl.vField = dPart < 1.0 ? FieldMixGet<V>(tblShort.vField, tbl.vLong, dPart) : tbl.vLong;
+    tbl.vPower = tbl.vField + tblPath.tblRxLow.dGain;
+    tbl.vMode = LaneAll<V>(-1.0);
+    return tbl;
+}
+
+template <class V>
+HOPCAST_INLINE void FieldsFill(PredictionRows& tbl, const Hour& tblHour, const ModesRows& aModes,
+                               const FrequencySet& tblSet)
+{
+    for (std::size_t i = 0; i < tblSet.nCount; i += kLanes<V>) {
+        const Fields<V> tblF = FieldsGet<V>(tblHour, aModes, tblSet, i);
+        LaneStore<V>(&tbl.aFieldShort[i], tblF.vShort);
+        LaneStore<V>(&tbl.aFieldLong[i], tblF.vLong);
+        LaneStore<V>(&tbl.aLongShare[i], tblF.vShare);
+        LaneStore<V>(&tbl.aField[i], tblF.vField);
+        LaneStore<V>(&tbl.aPower[i], tblF.vPower - LaneLoad<V>(&tblSet.aDb[i]) - kFieldToPower);
+        LaneStore<V>(&tbl.aMode[i], tblF.vMode);
+    }
+}
+
+HOPCAST_WIDE void FieldsWideFill(PredictionRows& tbl, const Hour& tblHour, const ModesRows& aModes,
+                                 const FrequencySet& tblSet)
+{
+    FieldsFill<Lanes4>(tbl, tblHour, aModes, tblSet);
 }
 
 }  // namespace
 
+void PredictionRowsFill(PredictionRows& tbl, PredictionWork& tblWork, Hour& tblHour,
+                        const FrequencySet& tblSet)
+{
+    const Path& tblPath = *tblHour.pPath;
+    const Circuit& tblCircuit = tblPath.tblCircuit;
+    ModesRowsFill(tblWork.aModes, tblHour, tblSet);
+    if (LanesWideIs())
+        FieldsWideFill(tbl, tblHour, tblWork.aModes, tblSet);
+    else
+        FieldsFill<Lanes2>(tbl, tblHour, tblWork.aModes, tblSet);
+    const bool bShort = tblPath.tblWay.dKm <= kShortOnly;
+    const double dLow = bShort ? 0.0 : tblPath.tblTxLow.nDegrees * kRadians;
+    for (std::size_t i = 0; i < tblSet.nCount; ++i) {
+        const int nMode = static_cast<int>(tbl.aMode[i]);
+        tbl.aElevation[i] =
+            nMode < 0 ? dLow : tblHour.aModes[static_cast<std::size_t>(nMode)].dElevation;
+    }
+    const SnrInput tblInput{tblCircuit.dBandwidth,           tblCircuit.dRequiredSnr,
+                            tblCircuit.dRequiredReliability, tblPath.dShareQuantile,
+                            tblPath.bHighLatitude,           tblHour.dMuf};
+    SnrRowsFill(tbl.tblSnr, tblInput, tblSet, tblHour.tblNoise, tbl.aPower);
+}
+
+Prediction PredictionOfRows(const PredictionRows& tblRows, const Hour& tblHour,
+                            std::size_t nFrequency)
+{
+    const std::size_t i = nFrequency;
+    Prediction tbl;
+    tbl.dFieldShort = tblRows.aFieldShort[i];
+    tbl.dFieldLong = tblRows.aFieldLong[i];
+    tbl.dField = tblRows.aField[i];
+    tbl.dLongShare = tblRows.aLongShare[i];
+    tbl.dPower = tblRows.aPower[i];
+    if (tblRows.aMode[i] >= 0.0) {
+        const Mode& tblMode = tblHour.aModes[static_cast<std::size_t>(tblRows.aMode[i])];
+        tbl.nHops = tblMode.nHops;
+        tbl.bE = tblMode.bE;
+    }
+    tbl.dElevation = tblRows.aElevation[i];
+    tbl.dSnr = tblRows.tblSnr.aMedian[i];
+    tbl.dSnrUpper = tblRows.tblSnr.aUpper[i];
+    tbl.dSnrLower = tblRows.tblSnr.aLower[i];
+    tbl.dSnrExceeded = tblRows.tblSnr.aExceeded[i];
+    tbl.dReliability = tblRows.tblSnr.aReliability[i];
+    return tbl;
+}
+
 void PredictionFill(Prediction& tbl, Hour& tblHour, double dFrequency)
 {
-    Path& tblPath = *tblHour.pPath;
-    const Ionosphere& tblIono = *tblPath.pIonosphere;
-    const Circuit& tblCircuit = tblPath.tblCircuit;
-    tbl = Prediction{};
-    FieldFill(tbl, tblHour, dFrequency);
-    tbl.dPower += -20.0 * std::log10(dFrequency) - kFieldToPower;
-    tbl.tblAtmospheric = NoiseAtmosphericGet(tblIono, tblPath.tblNoise, tblHour.nLabel, dFrequency);
-    tbl.tblManMade =
-        NoiseManMadeGet(tblCircuit.eNoise, tblCircuit.dNoiseLevel, dFrequency, tblIono.bReference);
-    tbl.tblGalactic = NoiseGalacticGet(dFrequency);
-    const SnrInput tblInput{tbl.dPower, tblCircuit.dBandwidth, tblCircuit.dRequiredSnr,
-                            tblCircuit.dRequiredReliability, tblPath.dShareQuantile};
-    const double dToMuf = tblHour.dMuf > 0.0 ? dFrequency / tblHour.dMuf : 1e9;
-    tbl.tblSnr = SnrGet(tblInput, tbl.tblAtmospheric, tbl.tblManMade, tbl.tblGalactic,
-                        SignalDecilesGet(dToMuf, tblPath.bHighLatitude));
+    FrequencySet tblSet;
+    PredictionWork tblWork;
+    PredictionRows tblRows;
+    const Path& tblPath = *tblHour.pPath;
+    FrequencySetFill(tblSet, *tblPath.pIonosphere, tblPath.tblCircuit, {&dFrequency, 1},
+                     NoiseBlocksOf(tblHour.tblNoise));
+    PredictionRowsFill(tblRows, tblWork, tblHour, tblSet);
+    tbl = PredictionOfRows(tblRows, tblHour, 0);
 }
 
 }  // namespace rec533

@@ -1,5 +1,5 @@
 /// @file Prediction.h
-/// A path at an hour and frequency: field strength, power, noise, SNR, reliability.
+/// A path at an hour and frequencies: field strength, power, noise, SNR, reliability.
 ///
 /// Units:   MHz, dB(uV/m), dBW, dB, percent, radians.
 /// Domain:  frequencies 0.1 to 45 MHz (1 to 30 as the reference), everything else clamped.
@@ -13,19 +13,46 @@
 
 namespace rec533 {
 
-struct Prediction {
-    double dFieldShort = 0.0;     ///< short method; only up to 9000 km
-    double dFieldLong = 0.0;      ///< long method; only from 7000 km on
-    double dField = 0.0;          ///< the one that counts
-    double dLongShare = 0.0;      ///< 1 - Q of the long method
-    double dPower = 0.0;          ///< median at the receiver's input, dBW
-    const Mode* pMode = nullptr;  ///< strongest mode, none where the long method rules
-    double dElevation = 0.0;      ///< of that mode, or the best low angle of the antenna
-    Noise tblAtmospheric, tblManMade, tblGalactic;
-    SnrResult tblSnr;
+/// At the frequencies of a set.
+struct PredictionRows {
+    FrequencyRow aFieldShort;  ///< short method; only up to 9000 km
+    FrequencyRow aFieldLong;   ///< long method; only from 7000 km on
+    FrequencyRow aField;       ///< the one that counts
+    FrequencyRow aLongShare;   ///< 1 - Q of the long method
+    FrequencyRow aPower;       ///< median at the receiver's input, dBW
+    FrequencyRow aMode;        ///< number of the strongest mode, -1 where the long method rules
+    FrequencyRow aElevation;   ///< of that mode, or the best low angle of the antenna
+    SnrRows tblSnr;
+};
+
+/// What PredictionRowsFill works in: large, one a thread.
+struct PredictionWork {
+    ModesRows aModes;
 };
 
 /// Hour's lists of crossings grow with the first prediction that needs them.
+void PredictionRowsFill(PredictionRows& tbl, PredictionWork& tblWork, Hour& tblHour,
+                        const FrequencySet& tblSet);
+
+/// One hour and frequency.
+struct Prediction {
+    double dFieldShort = 0.0;  ///< as in the rows
+    double dFieldLong = 0.0;
+    double dField = 0.0;
+    double dLongShare = 0.0;
+    double dPower = 0.0;
+    int nHops = 0;    ///< of the strongest mode; 0 where the long method rules
+    bool bE = false;  ///< it is an E mode
+    double dElevation = 0.0;
+    double dSnr = 0.0, dSnrUpper = 0.0, dSnrLower = 0.0, dSnrExceeded = 0.0;
+    double dReliability = 0.0;
+};
+
+/// One frequency of the rows.
+[[nodiscard]] Prediction PredictionOfRows(const PredictionRows& tblRows, const Hour& tblHour,
+                                          std::size_t nFrequency);
+
+/// The same for a frequency alone.
 void PredictionFill(Prediction& tbl, Hour& tblHour, double dFrequency);
 
 }  // namespace rec533

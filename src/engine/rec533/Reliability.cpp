@@ -1,48 +1,122 @@
 #include "engine/rec533/Reliability.h"
 
 namespace rec533 {
+namespace {
 
-SignalDeciles SignalDecilesGet(double dFrequencyToMuf, bool bHighLatitude)
+struct SignalRow {
+    double dUpTo, dLower, dLowerHigh, dUpper, dUpperHigh;
+};
+constexpr SignalRow kSignalRows[]{
+    {0.8, 8, 11, 6, 9},   {1.0, 12, 16, 8, 11}, {1.2, 13, 17, 12, 12}, {1.4, 10, 13, 13, 13},
+    {1.6, 8, 11, 12, 12}, {1.8, 8, 11, 9, 9},   {2.0, 8, 11, 9, 9},    {3.0, 7, 9, 8, 8},
+    {4.0, 6, 8, 7, 7},    {1e99, 5, 7, 7, 7},
+};
+
+template <class V>
+HOPCAST_INLINE void SignalDecilesLanesGet(const V& vToMuf, bool bHighLatitude, V& vUpper, V& vLower)
 {
-    struct Row {
-        double dUpTo, dLower, dLowerHigh, dUpper, dUpperHigh;
-    };
-    constexpr Row kRows[]{
-        {0.8, 8, 11, 6, 9},   {1.0, 12, 16, 8, 11}, {1.2, 13, 17, 12, 12}, {1.4, 10, 13, 13, 13},
-        {1.6, 8, 11, 12, 12}, {1.8, 8, 11, 9, 9},   {2.0, 8, 11, 9, 9},    {3.0, 7, 9, 8, 8},
-        {4.0, 6, 8, 7, 7},    {1e99, 5, 7, 7, 7},
-    };
-    const Row* pRow = kRows;
-    while (dFrequencyToMuf > pRow->dUpTo) ++pRow;
-    return bHighLatitude ? SignalDeciles{pRow->dUpperHigh, pRow->dLowerHigh}
-                         : SignalDeciles{pRow->dUpper, pRow->dLower};
+    const SignalRow& tblFirst = kSignalRows[0];
+    vUpper = LaneAll<V>(bHighLatitude ? tblFirst.dUpperHigh : tblFirst.dUpper);
+    vLower = LaneAll<V>(bHighLatitude ? tblFirst.dLowerHigh : tblFirst.dLower);
+    double dFrom = tblFirst.dUpTo;
+    for (const SignalRow& tbl : kSignalRows) {
+        const auto mask = vToMuf > dFrom;
+        vUpper = LaneSelect(mask, LaneAll<V>(bHighLatitude ? tbl.dUpperHigh : tbl.dUpper), vUpper);
+        vLower = LaneSelect(mask, LaneAll<V>(bHighLatitude ? tbl.dLowerHigh : tbl.dLower), vLower);
+        dFrom = tbl.dUpTo;
+    }
 }
 
-SnrResult SnrGet(const SnrInput& tbl, const Noise& tblAtmospheric, const Noise& tblManMade,
-                 const Noise& tblGalactic, const SignalDeciles& tblSignal)
+template <class V>
+HOPCAST_INLINE V DecibelsGet(const V& vRatio)
+{
+    constexpr double kPerNeper = 4.3429448190325182765;
+    return kPerNeper * LaneLog<V>(vRatio);
+}
+
+// The power of the noise, at the lower and at the upper decile.
+template <class V>
+HOPCAST_INLINE void NoiseLanesGet(const FrequencySet& tblSet, const NoiseHour& tblNoise,
+                                  std::size_t i, V& vSum, V& vLow, V& vHigh)
+{
+    constexpr double kNepers = 0.230258509299404568;
+    const NoiseRows& tblA = tblSet.aNoise[tblNoise.nBlockA];
+    V vPower = LaneExp<V>(
+        kNepers
+        * (LaneLoad<V>(&tblA.aFactor[i]) * tblNoise.dFigureA + LaneLoad<V>(&tblA.aRest[i])));
+    V vLower = LaneLoad<V>(&tblA.aLower[i]);
+    V vUpper = LaneLoad<V>(&tblA.aUpper[i]);
+    if (tblNoise.dPart > 0.0) {
+        const NoiseRows& tblB = tblSet.aNoise[tblNoise.nBlockB];
+        const V vPowerB = LaneExp<V>(
+            kNepers
+            * (LaneLoad<V>(&tblB.aFactor[i]) * tblNoise.dFigureB + LaneLoad<V>(&tblB.aRest[i])));
+        vPower += (vPowerB - vPower) * tblNoise.dPart;
+        vLower += (LaneLoad<V>(&tblB.aLower[i]) - vLower) * tblNoise.dPart;
+        vUpper += (LaneLoad<V>(&tblB.aUpper[i]) - vUpper) * tblNoise.dPart;
+    }
+    vSum = vPower + LaneLoad<V>(&tblSet.aOther[i]);
+    vLow = vPower / vLower + LaneLoad<V>(&tblSet.aOtherLower[i]);
+    vHigh = vPower * vUpper + LaneLoad<V>(&tblSet.aOtherUpper[i]);
+}
+
+template <class V>
+HOPCAST_INLINE void SnrLanesFill(SnrRows& tbl, const SnrInput& tblInput, const FrequencySet& tblSet,
+                                 const NoiseHour& tblNoise, const FrequencyRow& aPower)
 {
     constexpr double kHourUpper = 5.0;  // within the hour (P.842, table 1)
     constexpr double kHourLower = 8.0;
-    double dSum = 0.0, dSumLow = 0.0, dSumHigh = 0.0;
-    for (const Noise* pNoise : {&tblAtmospheric, &tblManMade, &tblGalactic}) {
-        const double dPower = PowerFromDb(pNoise->dFa);
-        dSum += dPower;
-        dSumLow += dPower * PowerFromDb(-pNoise->dLower);
-        dSumHigh += dPower * PowerFromDb(pNoise->dUpper);
+    const double dToMuf = tblInput.dMuf > 0.0 ? 1.0 / tblInput.dMuf : 1e9;
+    const double dBandwidth = DbFromPower(tblInput.dBandwidth);
+    for (std::size_t i = 0; i < tblSet.nCount; i += kLanes<V>) {
+        V vSum, vLow, vHigh, vSignalUpper, vSignalLower;
+        NoiseLanesGet<V>(tblSet, tblNoise, i, vSum, vLow, vHigh);
+        SignalDecilesLanesGet<V>(LaneLoad<V>(&tblSet.aMegahertz[i]) * dToMuf,
+                                 tblInput.bHighLatitude, vSignalUpper, vSignalLower);
+        const V vMedian = LaneLoad<V>(&aPower[i]) - (DecibelsGet<V>(vSum) + dBandwidth) + kThermal;
+        // Less noise makes the better days, so the lower noise deciles belong to the upper ones.
+        const V vNoiseUpper = DecibelsGet<V>(vSum / vLow);
+        const V vNoiseLower = DecibelsGet<V>(vHigh / vSum);
+        const V vUpper = LaneSqrt<V>(vNoiseUpper * vNoiseUpper + vSignalUpper * vSignalUpper
+                                     + kHourUpper * kHourUpper);
+        const V vLower = LaneSqrt<V>(vNoiseLower * vNoiseLower + vSignalLower * vSignalLower
+                                     + kHourLower * kHourLower);
+        const V vOver = vMedian - tblInput.dRequired;
+        const V vGood =
+            LaneMin<V>(LaneAll<V>(100.0), 130.0 - 80.0 / (1.0 + LaneAbs(vOver) / vLower));
+        const V vBad = LaneMax<V>(LaneAll<V>(0.0), 80.0 / (1.0 + LaneAbs(vOver) / vUpper) - 30.0);
+        LaneStore<V>(&tbl.aMedian[i], vMedian);
+        LaneStore<V>(&tbl.aUpper[i], vUpper);
+        LaneStore<V>(&tbl.aLower[i], vLower);
+        LaneStore<V>(&tbl.aExceeded[i], tblInput.dShare >= 50.0
+                                            ? vMedian - vLower * tblInput.dShareQuantile
+                                            : vMedian + vUpper * tblInput.dShareQuantile);
+        LaneStore<V>(&tbl.aReliability[i], LaneSelect(vOver >= 0.0, vGood, vBad));
     }
-    SnrResult res;
-    res.dMedian = tbl.dPower - DbFromPower(dSum * tbl.dBandwidth) + kThermal;
-    // Less noise makes the better days, so the lower noise deciles belong to the upper ones.
-    res.dUpper = std::sqrt(Square(DbFromPower(dSum / dSumLow)) + Square(tblSignal.dUpper)
-                           + Square(kHourUpper));
-    res.dLower = std::sqrt(Square(DbFromPower(dSumHigh / dSum)) + Square(tblSignal.dLower)
-                           + Square(kHourLower));
-    res.dExceeded = tbl.dShare >= 50.0 ? res.dMedian - res.dLower * tbl.dShareQuantile
-                                       : res.dMedian + res.dUpper * tbl.dShareQuantile;
-    const double dOver = res.dMedian - tbl.dRequired;
-    res.dReliability = dOver >= 0.0 ? std::min(100.0, 130.0 - 80.0 / (1.0 + dOver / res.dLower))
-                                    : std::max(0.0, 80.0 / (1.0 - dOver / res.dUpper) - 30.0);
-    return res;
+}
+
+HOPCAST_WIDE void SnrWideFill(SnrRows& tbl, const SnrInput& tblInput, const FrequencySet& tblSet,
+                              const NoiseHour& tblNoise, const FrequencyRow& aPower)
+{
+    SnrLanesFill<Lanes4>(tbl, tblInput, tblSet, tblNoise, aPower);
+}
+
+}  // namespace
+
+SignalDeciles SignalDecilesGet(double dFrequencyToMuf, bool bHighLatitude)
+{
+    SignalDeciles tbl;
+    SignalDecilesLanesGet<double>(dFrequencyToMuf, bHighLatitude, tbl.dUpper, tbl.dLower);
+    return tbl;
+}
+
+void SnrRowsFill(SnrRows& tbl, const SnrInput& tblInput, const FrequencySet& tblSet,
+                 const NoiseHour& tblNoise, const FrequencyRow& aPower)
+{
+    if (LanesWideIs())
+        SnrWideFill(tbl, tblInput, tblSet, tblNoise, aPower);
+    else
+        SnrLanesFill<Lanes2>(tbl, tblInput, tblSet, tblNoise, aPower);
 }
 
 double ShareQuantileGet(double dShare)

@@ -6,7 +6,7 @@
 /// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
-#include "engine/rec533/Noise.h"
+#include "engine/rec533/Frequencies.h"
 
 namespace rec533 {
 
@@ -18,25 +18,27 @@ struct SignalDeciles {
 /// bHighLatitude: a control point lies at 60 degrees of geomagnetic latitude or more.
 [[nodiscard]] SignalDeciles SignalDecilesGet(double dFrequencyToMuf, bool bHighLatitude);
 
-struct SnrResult {
-    double dMedian = 0.0;
-    double dUpper = 0.0;        ///< from the median to the value exceeded on 10 % of the days
-    double dLower = 0.0;        ///< from the value exceeded on 90 % to the median
-    double dExceeded = 0.0;     ///< exceeded on the required share of the days
-    double dReliability = 0.0;  ///< share of the days with the required ratio, percent
+/// At the frequencies of a set.
+struct SnrRows {
+    FrequencyRow aMedian;
+    FrequencyRow aUpper;        ///< from the median to the value exceeded on 10 % of the days
+    FrequencyRow aLower;        ///< from the value exceeded on 90 % to the median
+    FrequencyRow aExceeded;     ///< exceeded on the required share of the days
+    FrequencyRow aReliability;  ///< share of the days with the required ratio, percent
 };
 
-/// dPower: median receiver power, dBW. dRequired dB, dShare percent (1 to 99), dBandwidth Hz.
+/// dRequired dB, dShare percent (1 to 99), dBandwidth Hz, dMuf MHz.
 struct SnrInput {
-    double dPower = 0.0;
     double dBandwidth = 1.0;
     double dRequired = 0.0;
     double dShare = 50.0;
     double dShareQuantile = 0.0;  ///< of ShareQuantileGet
+    bool bHighLatitude = false;
+    double dMuf = 0.0;  ///< basic MUF of the path
 };
-[[nodiscard]] SnrResult SnrGet(const SnrInput& tbl, const Noise& tblAtmospheric,
-                               const Noise& tblManMade, const Noise& tblGalactic,
-                               const SignalDeciles& tblSignal);
+/// aPower: median receiver power, dBW.
+void SnrRowsFill(SnrRows& tbl, const SnrInput& tblInput, const FrequencySet& tblSet,
+                 const NoiseHour& tblNoise, const FrequencyRow& aPower);
 
 /// Normal quantile of max(x, 100 - x) percent, in units of the 90 % quantile.
 [[nodiscard]] double ShareQuantileGet(double dShare);

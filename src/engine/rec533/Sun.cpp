@@ -85,23 +85,4 @@ SunDay SunDayMake(int nMonth)
     return tbl;
 }
 
-void SunDeclinationAtNoonGet(const SunDay& tblDay, const SunHour& tblSun, const Place& tblPlace,
-                             double& dSin, double& dCos)
-{
-    // A coarse longitude, within 0.3 degrees (a fiftieth of an hour), will do.
-    const double dX = std::abs(tblPlace.dCosLon);
-    const double dY = std::abs(tblPlace.dSinLon);
-    const double dT = std::min(dX, dY) / std::max(dX, dY);
-    double dLon = dT * (kPi / 4.0 + 0.273 * (1.0 - dT));
-    dLon = dY > dX ? kPi / 2.0 - dLon : dLon;
-    dLon = tblPlace.dCosLon < 0.0 ? kPi - dLon : dLon;
-    const double dNoon = SunNoonGet(tblSun, std::copysign(dLon, tblPlace.dSinLon));
-    const int nHour = std::clamp(static_cast<int>(dNoon), 0, 23);
-    const double dPart = dNoon - nHour;
-    const SunHour& tblA = tblDay.aHours[static_cast<std::size_t>(nHour)];
-    const SunHour& tblB = tblDay.aHours[static_cast<std::size_t>(nHour) + 1];
-    dSin = tblA.dSinDecl + (tblB.dSinDecl - tblA.dSinDecl) * dPart;
-    dCos = tblA.dCosDecl + (tblB.dCosDecl - tblA.dCosDecl) * dPart;
-}
-
 }  // namespace rec533

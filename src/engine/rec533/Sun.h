@@ -10,6 +10,7 @@
 #include <array>
 
 #include "engine/rec533/Geometry.h"
+#include "engine/rec533/Lanes.h"
 
 namespace rec533 {
 
@@ -50,8 +51,30 @@ struct SunDay {
     std::array<SunHour, 25> aHours;  ///< 0 to 24 UT
 };
 [[nodiscard]] SunDay SunDayMake(int nMonth);
-/// Sine and cosine of the declination at a place's own noon, from its longitude's sine and cosine.
-void SunDeclinationAtNoonGet(const SunDay& tblDay, const SunHour& tblSun, const Place& tblPlace,
-                             double& dSin, double& dCos);
+/// Sine and cosine of the declination at the places' own noon, from their longitudes' sines and
+/// cosines.
+template <class V>
+HOPCAST_INLINE void SunDeclinationAtNoonGet(const SunDay& tblDay, const SunHour& tblSun,
+                                            const V& vSinLon, const V& vCosLon, V& vSin, V& vCos)
+{
+    // A coarse longitude, within 0.3 degrees (a fiftieth of an hour), will do.
+    const V vX = LaneAbs(vCosLon);
+    const V vY = LaneAbs(vSinLon);
+    const V vT = LaneMin(vX, vY) / LaneMax(vX, vY);
+    V vLon = vT * (kPi / 4.0 + 0.273 * (1.0 - vT));
+    vLon = LaneSelect(vY > vX, kPi / 2.0 - vLon, vLon);
+    vLon = LaneSelect(vCosLon < 0.0, kPi - vLon, vLon);
+    vLon = LaneSelect(vSinLon < 0.0, -vLon, vLon);
+    V vNoon = (720.0 - 4.0 * vLon * kDegrees - tblSun.dEquation) / 60.0;
+    vNoon = LaneSelect(vNoon < 0.0, vNoon + 24.0, LaneSelect(vNoon >= 24.0, vNoon - 24.0, vNoon));
+    for (int i = 0; i < kLanes<V>; ++i) {
+        const int nHour = std::clamp(static_cast<int>(vNoon[i]), 0, 23);
+        const double dPart = vNoon[i] - nHour;
+        const SunHour& tblA = tblDay.aHours[static_cast<std::size_t>(nHour)];
+        const SunHour& tblB = tblDay.aHours[static_cast<std::size_t>(nHour) + 1];
+        vSin[i] = tblA.dSinDecl + (tblB.dSinDecl - tblA.dSinDecl) * dPart;
+        vCos[i] = tblA.dCosDecl + (tblB.dCosDecl - tblA.dCosDecl) * dPart;
+    }
+}
 
 }  // namespace rec533

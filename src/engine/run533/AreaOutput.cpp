@@ -1,7 +1,7 @@
 #include <atomic>
 #include <thread>
 
-#include "engine/rec533/Prediction.h"
+#include "engine/rec533/Day.h"
 #include "engine/run533/FieldText.h"
 #include "engine/run533/Run.h"
 #include "engine/run533/RunParts.h"
@@ -20,6 +20,7 @@ struct Grid {
     const AreaDeck* pDeck = nullptr;
     const RunParts* pParts = nullptr;
     rec533::Circuit tblCircuit;
+    const rec533::Frequencies* pFrequencies = nullptr;
     std::string sHead;
     std::string sPoints;  // kLineBytes a point
     std::atomic<int> nNextRow{0};
@@ -32,25 +33,25 @@ double LonWrap(double dLon, bool bEastOnly)
     return dLon;
 }
 
-void PointAppend(std::string& s, const rec533::Hour& tblHour, const rec533::Prediction& tbl)
+void PointAppend(std::string& s, const rec533::DayHour& tblHour, const rec533::Prediction& tbl)
 {
     constexpr double kField = 999.9;     // greatest and
     constexpr double kFieldLow = -99.9;  // least value of a column
     const auto fnClamp = [=](double d) { return std::clamp(d, kFieldLow, kField); };
     FieldAppend(s, tblHour.dMuf, 6, 2);
-    if (tbl.pMode != nullptr)
-        FieldAppend(s, NumberToText(tbl.pMode->nHops) + (tbl.pMode->bE ? "E " : "F2"), 6);
+    if (tbl.nHops > 0)
+        FieldAppend(s, NumberToText(tbl.nHops) + (tbl.bE ? "E " : "F2"), 6);
     else
         s += "   ---";
     FieldAppend(s, tbl.dElevation * rec533::kDegrees, 6, 1);
     FieldAppend(s, fnClamp(tbl.dField), 6, 1);
-    FieldAppend(s, fnClamp(tbl.tblSnr.dMedian), 6, 1);
-    FieldAppend(s, std::clamp(tbl.tblSnr.dReliability / 100.0, 0.01, 0.99), 6, 3);
-    FieldAppend(s, fnClamp(tbl.tblSnr.dExceeded), 6, 1);
+    FieldAppend(s, fnClamp(tbl.dSnr), 6, 1);
+    FieldAppend(s, std::clamp(tbl.dReliability / 100.0, 0.01, 0.99), 6, 3);
+    FieldAppend(s, fnClamp(tbl.dSnrExceeded), 6, 1);
     s += '\n';
 }
 
-void RowFill(Grid& tbl, int nRow, rec533::Path& tblPath, rec533::Hour& tblHour)
+void RowFill(Grid& tbl, int nRow, rec533::DayWork& tblWork)
 {
     const AreaDeck& tblDeck = *tbl.pDeck;
     const int nSteps = tblDeck.nGrid - 1;
@@ -58,6 +59,7 @@ void RowFill(Grid& tbl, int nRow, rec533::Path& tblPath, rec533::Hour& tblHour)
     std::string sRow;
     sRow.reserve(kLineBytes * static_cast<std::size_t>(tblDeck.nGrid));
     rec533::Circuit tblCircuit = tbl.tblCircuit;
+    rec533::DayHour tblHour;
     rec533::Prediction tblPrediction;
     for (int i = 0; i <= nSteps; ++i) {
         double dLon = LonWrap(tblDeck.dWest + (tblDeck.dEast - tblDeck.dWest) * i / nSteps,
@@ -67,9 +69,8 @@ void RowFill(Grid& tbl, int nRow, rec533::Path& tblPath, rec533::Hour& tblHour)
             dLon = LonWrap(dLon + kFixedEast, tblDeck.dWest >= 0.0);
         tblCircuit.dRxLat = dLat;
         tblCircuit.dRxLon = std::remainder(dLon, 360.0);
-        PathFill(tblPath, *tbl.pParts->pIonosphere, tblCircuit);
-        HourFill(tblHour, tblPath, tblDeck.nHour == 0 ? 24 : tblDeck.nHour);
-        PredictionFill(tblPrediction, tblHour, tblDeck.dFrequency);
+        PredictHour(tblWork, *tbl.pParts->pIonosphere, *tbl.pFrequencies, tblCircuit, tblDeck.nHour,
+                    tblHour, {&tblPrediction, 1});
         FieldAppend(sRow, NumberToText(i + 1), 3);
         FieldAppend(sRow, NumberToText(nRow + 1), 3);
         FieldAppend(sRow, dLat, 10, 4);
@@ -81,10 +82,9 @@ void RowFill(Grid& tbl, int nRow, rec533::Path& tblPath, rec533::Hour& tblHour)
 
 void RowsFill(Grid& tbl)
 {
-    const auto pPath = std::make_unique<rec533::Path>();
-    const auto pHour = std::make_unique<rec533::Hour>();
+    rec533::DayWork tblWork;
     for (int nRow = tbl.nNextRow++; nRow < tbl.pDeck->nGrid; nRow = tbl.nNextRow++)
-        RowFill(tbl, nRow, *pPath, *pHour);
+        RowFill(tbl, nRow, tblWork);
 }
 
 void HeadMake(Grid& tbl, rec533::Behaviour eBehaviour)
@@ -145,6 +145,9 @@ Result<std::string> AreaOutputMake(std::string_view sDeck, std::string_view sRoo
     tblGrid.pDeck = &resDeck.ValueGet();
     tblGrid.pParts = &resParts.ValueGet();
     tblGrid.tblCircuit = CircuitMake(tblCommon, resParts.ValueGet(), kPowerWithoutAntenna);
+    const rec533::Frequencies tblFrequencies(*resParts.ValueGet().pIonosphere, tblGrid.tblCircuit,
+                                             {&resDeck.ValueGet().dFrequency, 1});
+    tblGrid.pFrequencies = &tblFrequencies;
     HeadMake(tblGrid, eBehaviour);
     PointsFill(tblGrid, nThreads);
     return tblGrid.sHead + tblGrid.sPoints;

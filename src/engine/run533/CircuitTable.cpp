@@ -190,12 +190,18 @@ void OrderAppend(std::string& s, int nOrder)
         s += NumberToText(nOrder);
 }
 
-void PredictionAppend(std::string& s, const rec533::Hour& tblHour, const rec533::Prediction& tbl)
+void PredictionAppend(std::string& s, rec533::Hour& tblHour, double dFrequency,
+                      const rec533::Prediction& tbl)
 {
-    const rec533::Path& tblPath = *tblHour.pPath;
+    rec533::Path& tblPath = *tblHour.pPath;
     const double dKm = tblPath.tblWay.dKm;
-    const rec533::Noise tblTotal =
-        NoiseTotalGet(tbl.tblAtmospheric, tbl.tblManMade, tbl.tblGalactic);
+    const rec533::Circuit& tblCircuit = tblPath.tblCircuit;
+    const rec533::Noise tblA =
+        NoiseAtmosphericGet(*tblPath.pIonosphere, tblPath.tblNoise, tblHour.nLabel, dFrequency);
+    const rec533::Noise tblM = NoiseManMadeGet(tblCircuit.eNoise, tblCircuit.dNoiseLevel,
+                                               dFrequency, tblPath.pIonosphere->bReference);
+    const rec533::Noise tblG = rec533::NoiseGalacticGet(dFrequency);
+    const rec533::Noise tblTotal = NoiseTotalGet(tblA, tblM, tblG);
     const bool bLong = dKm >= rec533::kShortOnly;
     NumberAppend(s, dKm);
     NumberAppend(s, tblHour.dRangeMost);
@@ -205,17 +211,16 @@ void PredictionAppend(std::string& s, const rec533::Hour& tblHour, const rec533:
                               tblHour.dOperational10, tblHour.dOperational90})
         NumberAppend(s, dMuf);
     s += ',';
-    if (tbl.pMode != nullptr)
-        s.append(NumberToText(tbl.pMode->nHops)).append(tbl.pMode->bE ? "E" : "F2");
+    if (tbl.nHops > 0)
+        s.append(NumberToText(tbl.nHops)).append(tbl.bE ? "E" : "F2");
     NumberAppend(s, tbl.dElevation * rec533::kDegrees);
     NumberAppend(s, tbl.dFieldShort, dKm <= rec533::kLongOnly);
     NumberAppend(s, tbl.dFieldLong, bLong);
     NumberAppend(s, tbl.dField, bLong && dKm < rec533::kLongOnly);
     for (const double dValue :
-         {tbl.dField, tbl.dPower, tbl.tblAtmospheric.dFa, tbl.tblManMade.dFa, tbl.tblGalactic.dFa,
-          tblTotal.dFa, tbl.tblAtmospheric.dUpper, tbl.tblAtmospheric.dLower, tbl.tblManMade.dUpper,
-          tbl.tblManMade.dLower, tblTotal.dUpper, tblTotal.dLower, tbl.tblSnr.dMedian,
-          tbl.tblSnr.dUpper, tbl.tblSnr.dLower, tbl.tblSnr.dExceeded, tbl.tblSnr.dReliability})
+         {tbl.dField, tbl.dPower, tblA.dFa, tblM.dFa, tblG.dFa, tblTotal.dFa, tblA.dUpper,
+          tblA.dLower, tblM.dUpper, tblM.dLower, tblTotal.dUpper, tblTotal.dLower, tbl.dSnr,
+          tbl.dSnrUpper, tbl.dSnrLower, tbl.dSnrExceeded, tbl.dReliability})
         NumberAppend(s, dValue);
     const rec533::LongHour& tblLong = tblHour.tblLong;
     for (const double dValue :
@@ -272,7 +277,7 @@ Result<std::string> CircuitTableMake(std::string_view sTable, rec533::Behaviour 
         PredictionFill(tblPrediction, pWork->tblHour, tblRow.dFrequency);
         for (std::size_t k = 0; k < kInputs; ++k)
             sOut.append(k > 0 ? "," : "").append(rdr.TextGet(static_cast<Input>(k)));
-        PredictionAppend(sOut, pWork->tblHour, tblPrediction);
+        PredictionAppend(sOut, pWork->tblHour, tblRow.dFrequency, tblPrediction);
     }
     return sOut;
 }

@@ -11,15 +11,16 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/rec533/Units.h"
+#include "engine/rec533/Frequencies.h"
 #include "engine/run533/DeckText.h"
 #include "system/Result.h"
 
 namespace run533 {
 
 inline constexpr int kFrequenciesMost = 10;
-inline constexpr double kFrequencyLeast = 0.1;  ///< MHz
-inline constexpr double kFrequencyMost = 45.0;
+using rec533::FrequencyUsable;
+using rec533::kFrequencyLeast;  // MHz
+using rec533::kFrequencyMost;
 inline constexpr int kGridLeast = 2;  ///< points a side
 inline constexpr int kGridMost = 999;
 inline constexpr double kPowerMost = 1e5;            ///< kW
@@ -65,12 +66,6 @@ struct AreaDeck {
     int nHour = 0;  ///< 0 to 24
     double dFrequency = 0.0;
 };
-
-/// True for a frequency that the method takes.
-[[nodiscard]] inline bool FrequencyUsable(double dFrequency)
-{
-    return dFrequency >= kFrequencyLeast && dFrequency <= kFrequencyMost;
-}
 
 [[nodiscard]] Result<PointDeck> PointDeckRead(std::string_view sDeck);
 [[nodiscard]] Result<AreaDeck> AreaDeckRead(std::string_view sDeck);

@@ -1,7 +1,7 @@
 #include <array>
 
+#include "engine/rec533/Day.h"
 #include "engine/run533/FieldText.h"
-#include "engine/run533/Luf.h"
 #include "engine/run533/Run.h"
 #include "engine/run533/RunParts.h"
 
@@ -24,8 +24,10 @@ struct Column {
 struct Page {
     const PointDeck* pDeck = nullptr;
     const RunParts* pParts = nullptr;
-    rec533::Path tblPath;
-    rec533::Hour tblHour;
+    rec533::GreatCircle tblWay;
+    rec533::Circuit tblCircuit;
+    std::array<rec533::DayHour, 24> aHours;
+    std::vector<rec533::Prediction> aCells;  // [hour][usable frequency]
     std::array<Column, kColumns> aColumns;
     std::string_view sMethod;
     double dRxLon = 0.0;
@@ -87,19 +89,19 @@ void HeadAppend(Page& tbl, int nPage)
     PlaceAppend(s, tblDeck.dRxLat, tbl.dRxLon);
     FieldAppend(s, tbl.dTxAzimuth, 10, 2);
     FieldAppend(s, tbl.dRxAzimuth, 8, 2);
-    FieldAppend(s, tbl.tblPath.tblWay.dKm / kKmPerMile, 10, 1);
-    FieldAppend(s, tbl.tblPath.tblWay.dKm, 9, 1);
+    FieldAppend(s, tbl.tblWay.dKm / kKmPerMile, 10, 1);
+    FieldAppend(s, tbl.tblWay.dKm, 9, 1);
     s += "\n MIN ANG";
-    FieldAppend(s, tbl.tblPath.tblCircuit.dLeastElevation, 5, 1);
+    FieldAppend(s, tbl.tblCircuit.dLeastElevation, 5, 1);
     s += " DEG\n";
     if (tblCommon.tblTxAntenna)
         AntennaAppend(tbl, "XMTR", *tblCommon.tblTxAntenna, tbl.dTxAzimuth, true);
     if (tblCommon.tblRxAntenna)
         AntennaAppend(tbl, "RCVR", *tblCommon.tblRxAntenna, tbl.dRxAzimuth, false);
     s += " NOISE";
-    FieldAppend(s, tbl.tblPath.tblCircuit.dNoiseLevel, 5, 0);
+    FieldAppend(s, tbl.tblCircuit.dNoiseLevel, 5, 0);
     s += " dBW           S/N";
-    FieldAppend(s, tbl.tblPath.tblCircuit.dRequiredReliability, 3, 0);
+    FieldAppend(s, tbl.tblCircuit.dRequiredReliability, 3, 0);
     s += "% of Days @";
     FieldAppend(s, tblCommon.dRequiredSnr, 4, 0);
     s += " dB  in";
@@ -115,22 +117,22 @@ void ModeAppend(std::string& s, const Column& tbl)
         s += "  0  ";
         return;
     }
-    if (tbl.tblPrediction.pMode == nullptr) {
+    if (tbl.tblPrediction.nHops == 0) {
         s += "   - ";
         return;
     }
     char aName[6] = "     ";
-    const int nHops = tbl.tblPrediction.pMode->nHops;
+    const int nHops = tbl.tblPrediction.nHops;
     aName[1] = nHops >= 10 ? static_cast<char>('0' + nHops / 10) : ' ';
     aName[2] = static_cast<char>('0' + nHops % 10);
-    aName[3] = tbl.tblPrediction.pMode->bE ? 'E' : 'F';
-    aName[4] = tbl.tblPrediction.pMode->bE ? ' ' : '2';
+    aName[3] = tbl.tblPrediction.bE ? 'E' : 'F';
+    aName[4] = tbl.tblPrediction.bE ? ' ' : '2';
     s += aName;
 }
 
 void AngleAppend(std::string& s, const Column& tbl)
 {
-    if (tbl.bUsed && tbl.tblPrediction.pMode == nullptr)
+    if (tbl.bUsed && tbl.tblPrediction.nHops == 0)
         s += "   - ";
     else
         FieldAppend(s, tbl.bUsed ? tbl.tblPrediction.dElevation * rec533::kDegrees : 0.0, 5, 0);
@@ -154,51 +156,49 @@ void NumberRowAppend(Page& tbl, const char* sLabel, ValueFn fnValue)
     });
 }
 
-void HourLineAppend(Page& tbl, double dLuf)
+void HourLineAppend(Page& tbl, const rec533::DayHour& tblHour, int nLabel)
 {
     std::string& s = tbl.sText;
-    FieldAppend(s, tbl.tblHour.nLabel, 3, 0);
-    FieldAppend(s, tbl.tblHour.dMuf, 5, 1);
+    FieldAppend(s, nLabel, 3, 0);
+    FieldAppend(s, tblHour.dMuf, 5, 1);
     for (std::size_t i = 1; i < tbl.aColumns.size(); ++i)
         FieldAppend(s, tbl.aColumns[i].bUsed ? tbl.aColumns[i].dFrequency : 0.0, 5, 1);
     s += " FREQ";
-    FieldAppend(s, dLuf, 5, 1);
-    FieldAppend(s, tbl.tblHour.dOperational90, 5, 1);
-    FieldAppend(s, tbl.tblHour.dOperational, 6, 1);
+    FieldAppend(s, tblHour.dLuf, 5, 1);
+    FieldAppend(s, tblHour.dFot, 5, 1);
+    FieldAppend(s, tblHour.dOperational, 6, 1);
     s += '\n';
 }
 
-void BlockAppend(Page& tbl, double dLuf)
+void BlockAppend(Page& tbl, const rec533::DayHour& tblHour, int nLabel)
 {
     constexpr double kPicowatt = 120.0;  // dBW to dBpW
-    HourLineAppend(tbl, dLuf);
+    HourLineAppend(tbl, tblHour, nLabel);
     RowAppend(tbl, "MODE", ModeAppend);
     RowAppend(tbl, "ANGL", AngleAppend);
     NumberRowAppend(tbl, "DBU ", [](const Column& c) { return c.tblPrediction.dField; });
     NumberRowAppend(tbl, "dBpW",
                     [](const Column& c) { return c.tblPrediction.dPower + kPicowatt; });
-    NumberRowAppend(tbl, "S/N ", [](const Column& c) { return c.tblPrediction.tblSnr.dMedian; });
+    NumberRowAppend(tbl, "S/N ", [](const Column& c) { return c.tblPrediction.dSnr; });
     RowAppend(tbl, "FS/N", [](std::string& s, const Column& c) {
-        FieldAppend(
-            s, c.bUsed ? std::clamp(c.tblPrediction.tblSnr.dReliability / 100.0, 0.01, 0.99) : 0.0,
-            5, 2);
+        FieldAppend(s, c.bUsed ? std::clamp(c.tblPrediction.dReliability / 100.0, 0.01, 0.99) : 0.0,
+                    5, 2);
     });
-    NumberRowAppend(tbl, "SNxx", [](const Column& c) { return c.tblPrediction.tblSnr.dExceeded; });
+    NumberRowAppend(tbl, "SNxx", [](const Column& c) { return c.tblPrediction.dSnrExceeded; });
 }
 
-void HourAppend(Page& tbl, int nLabel)
+void HourAppend(Page& tbl, std::size_t nHour)
 {
-    HourFill(tbl.tblHour, tbl.tblPath, nLabel);
-    tbl.aColumns[0].dFrequency = tbl.tblHour.dMuf;
-    for (Column& tblColumn : tbl.aColumns) {
-        tblColumn.bUsed = FrequencyUsable(tblColumn.dFrequency);
-        if (tblColumn.bUsed)
-            PredictionFill(tblColumn.tblPrediction, tbl.tblHour, tblColumn.dFrequency);
-    }
-    BlockAppend(tbl, LufGet(tbl.tblHour));
+    const rec533::DayHour& tblHour = tbl.aHours[nHour];
+    std::size_t nCell = nHour * tbl.aCells.size() / tbl.aHours.size();
+    tbl.aColumns[0] = {tblHour.bAtMuf, tblHour.dMuf, tblHour.tblAtMuf};
+    for (std::size_t i = 1; i < tbl.aColumns.size(); ++i)
+        if (tbl.aColumns[i].bUsed)
+            tbl.aColumns[i].tblPrediction = tbl.aCells[nCell++];
+    BlockAppend(tbl, tblHour, nHour == 0 ? 24 : static_cast<int>(nHour));
 }
 
-void PathMake(Page& tbl)
+void DayFill(Page& tbl)
 {
     const PointDeck& tblDeck = *tbl.pDeck;
     const DeckCommon& tblCommon = tblDeck.tblCommon;
@@ -207,12 +207,23 @@ void PathMake(Page& tbl)
     tbl.dRxLon = tblDeck.dRxLon + (bSame ? kSameEast : 0.0);
     tblCircuit.dRxLat = tblDeck.dRxLat;
     tblCircuit.dRxLon = tbl.dRxLon;
-    PathFill(tbl.tblPath, *tbl.pParts->pIonosphere, tblCircuit);
-    const rec533::GreatCircle& tblWay = tbl.tblPath.tblWay;
-    tbl.dTxAzimuth = rec533::BearingGet(tblWay.tblFrom, tblWay.tblTo) * rec533::kDegrees;
-    tbl.dRxAzimuth = rec533::BearingGet(tblWay.tblTo, tblWay.tblFrom) * rec533::kDegrees;
-    for (std::size_t i = 0; i < tblDeck.aFrequencies.size(); ++i)
-        tbl.aColumns[i + 1].dFrequency = tblDeck.aFrequencies[i];
+    std::vector<double> aUsable;
+    for (std::size_t i = 0; i < tblDeck.aFrequencies.size(); ++i) {
+        const double dFrequency = tblDeck.aFrequencies[i];
+        tbl.aColumns[i + 1] = {rec533::FrequencyUsable(dFrequency), dFrequency, {}};
+        if (tbl.aColumns[i + 1].bUsed)
+            aUsable.push_back(dFrequency);
+    }
+    const rec533::Ionosphere& tblIono = *tbl.pParts->pIonosphere;
+    const rec533::Frequencies tblFrequencies(tblIono, tblCircuit, aUsable);
+    tbl.aCells.resize(tbl.aHours.size() * aUsable.size());
+    rec533::DayWork tblWork;
+    PredictDay(tblWork, tblIono, tblFrequencies, tblCircuit, rec533::DayParts::Page, tbl.aHours,
+               tbl.aCells);
+    tbl.tblWay = tblWork.PathGet().tblWay;
+    tbl.tblCircuit = tblWork.PathGet().tblCircuit;
+    tbl.dTxAzimuth = BearingGet(tbl.tblWay.tblFrom, tbl.tblWay.tblTo) * rec533::kDegrees;
+    tbl.dRxAzimuth = BearingGet(tbl.tblWay.tblTo, tbl.tblWay.tblFrom) * rec533::kDegrees;
 }
 
 }  // namespace
@@ -232,13 +243,13 @@ Result<std::string> PointOutputMake(std::string_view sDeck, std::string_view sRo
     pPage->pParts = &resParts.ValueGet();
     pPage->sMethod = MethodNameGet(eBehaviour);
     pPage->sText.reserve(kOutputBytes);
-    PathMake(*pPage);
+    DayFill(*pPage);
     for (int i = 0; i < 24; ++i) {
         if (i % kHoursAPage == 0)
             HeadAppend(*pPage, i / kHoursAPage + 1);
         else
             pPage->sText += '\n';
-        HourAppend(*pPage, i == 0 ? 24 : i);
+        HourAppend(*pPage, static_cast<std::size_t>(i));
     }
     pPage->sText += " End-of-Run\n";
     return std::move(pPage->sText);

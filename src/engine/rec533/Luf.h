@@ -7,11 +7,11 @@
 
 #include "engine/rec533/Prediction.h"
 
-namespace run533 {
+namespace rec533 {
 
 /// Lowest frequency from 2.0 MHz up to the path's MUF, in steps of 0.1 MHz, at which the required
 /// SNR is reached with the required reliability, searched coarse to fine. When none is: the MUF
 /// rounded up to a tenth, so that the usable band is empty.
-[[nodiscard]] double LufGet(rec533::Hour& tblHour);
+[[nodiscard]] double LufGet(Hour& tblHour, PredictionWork& tblWork);
 
-}  // namespace run533
+}  // namespace rec533
