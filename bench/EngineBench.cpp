@@ -10,6 +10,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <filesystem>
@@ -17,9 +19,10 @@
 #include <iterator>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
-#include "engine/rec533/Prediction.h"
+#include "engine/rec533/Day.h"
 
 namespace {
 
@@ -27,34 +30,129 @@ using namespace rec533;  // NOLINT(google-build-using-namespace)
 
 constexpr double kPathLimit = 1500.0;  // microseconds
 constexpr double kAreaLimit = 60000.0;
+constexpr double kAreaDayLimit = 1.5e6;
+constexpr double kWorldDayLimit = 3e6;
+constexpr double kTwoCoresShare = 0.58;
+constexpr double kPathDayLimit = 750.0;
+constexpr double kStationsDayLimit = 100e3;
 constexpr int kMonth = 11;
 constexpr double kSsn = 170.0;
+
+using Megahertz = std::vector<double>;
+
+// nCount frequencies from 2 MHz on in steps of 2 MHz.
+Megahertz MegahertzMake(int nCount)
+{
+    Megahertz adList;
+    for (int i = 0; i < nCount; ++i) adList.push_back(2.0 + 2.0 * i);
+    return adList;
+}
+
+Circuit CircuitMake(double dTxLat, double dTxLon, double dRxLat, double dRxLon)
+{
+    Circuit tbl;
+    tbl.dTxLat = dTxLat;
+    tbl.dTxLon = dTxLon;
+    tbl.dRxLat = dRxLat;
+    tbl.dRxLon = dRxLon;
+    return tbl;
+}
+
+// 40 x 40 points around 24 N 110 W, dHalf degrees of longitude to either side.
+std::vector<Circuit> AreaMake(double dHalf)
+{
+    constexpr int kGrid = 40;
+    std::vector<Circuit> aCircuits;
+    for (int i = 0; i < kGrid * kGrid; ++i)
+        aCircuits.push_back(CircuitMake(
+            24.0, -110.0, -60.0 + 130.0 * (i / kGrid) / (kGrid - 1),
+            std::remainder(-110.0 + dHalf * (2.0 * (i % kGrid) / (kGrid - 1) - 1.0), 360.0)));
+    return aCircuits;
+}
+
+// A hundred stations over all the world, spread evenly.
+std::vector<Circuit> StationsMake()
+{
+    constexpr int kStations = 100;
+    constexpr double kTurn = 137.50776405;  // degrees from one to the next
+    std::vector<Circuit> aCircuits;
+    for (int i = 0; i < kStations; ++i)
+        aCircuits.push_back(CircuitMake(48.0, 11.0,
+                                        std::asin((2.0 * i + 1.0) / kStations - 1.0) * kDegrees,
+                                        std::remainder(kTurn * i, 360.0)));
+    return aCircuits;
+}
+
+// The day of circuits on some threads; what is kept of it is the SNR.
+void DaysFill(std::vector<float>& afSnr, const Ionosphere& tblIono,
+              const std::vector<Circuit>& aCircuits, const Megahertz& adList, int nThreads)
+{
+    const Frequencies tblFrequencies(tblIono, aCircuits.front(), adList);
+    const std::size_t nCells = 24 * adList.size();
+    std::atomic<std::size_t> nNext{0};
+    const auto fnWork = [&] {
+        DayWork tblWork;
+        std::array<DayHour, 24> aHours;
+        std::vector<Prediction> aCells(nCells);
+        for (std::size_t i = nNext++; i < aCircuits.size(); i = nNext++) {
+            PredictDay(tblWork, tblIono, tblFrequencies, aCircuits[i], DayParts::Cells, aHours,
+                       aCells);
+            for (std::size_t k = 0; k < nCells; ++k)
+                afSnr[i * nCells + k] = static_cast<float>(aCells[k].dSnr);
+        }
+    };
+    std::vector<std::thread> aThreads;
+    for (int i = 1; i < nThreads; ++i) aThreads.emplace_back(fnWork);
+    fnWork();
+    for (std::thread& thr : aThreads) thr.join();
+}
+
+// Microseconds that the same values take one by one, everything set up for each: every nStep-th
+// circuit is taken for all.
+double LoopTimeGet(const Ionosphere& tblIono, const std::vector<Circuit>& aCircuits,
+                   const Megahertz& adList, std::size_t nStep)
+{
+    const auto pPath = std::make_unique<Path>();
+    const auto pHour = std::make_unique<Hour>();
+    std::size_t nTaken = 0;
+    const auto tStart = std::chrono::steady_clock::now();
+    for (std::size_t i = 0; i < aCircuits.size(); i += nStep, ++nTaken) {
+        for (int nLabel = 1; nLabel <= 24; ++nLabel) {
+            for (const double dMegahertz : adList) {
+                PathFill(*pPath, tblIono, aCircuits[i]);
+                HourFill(*pHour, *pPath, nLabel);
+                Prediction tbl;
+                PredictionFill(tbl, *pHour, dMegahertz);
+                benchmark::DoNotOptimize(tbl.dSnr);
+            }
+        }
+    }
+    const std::chrono::duration<double, std::micro> tTaken =
+        std::chrono::steady_clock::now() - tStart;
+    return tTaken.count() * static_cast<double>(aCircuits.size()) / static_cast<double>(nTaken);
+}
+
+// The same counters in each benchmark, or the CSV report ends.
+void CountersSet(benchmark::State& state, double dBesideUs, double dLimitUs)
+{
+    state.counters["beside_us"] = dBesideUs;
+    state.counters["limit_us"] = dLimitUs;
+}
 
 // Argument: the receiver's longitude at 24 N; the transmitter stands at 38 N 122 W.
 void PointToPoint(benchmark::State& state)
 {
     const auto pIono = std::make_unique<Ionosphere>();
-    const auto pPath = std::make_unique<Path>();
-    const auto pHour = std::make_unique<Hour>();
-    Circuit tbl;
-    tbl.dTxLat = 38.0;
-    tbl.dTxLon = -122.0;
-    tbl.dRxLat = 24.0;
-    tbl.dRxLon = static_cast<double>(state.range(0));
+    const std::vector<Circuit> aCircuits{
+        CircuitMake(38.0, -122.0, 24.0, static_cast<double>(state.range(0)))};
+    const Megahertz adList = MegahertzMake(10);
+    std::vector<float> afSnr(24 * adList.size());
     for (auto _ : state) {
         IonosphereFill(*pIono, Behaviour::Best, MapSet::Ursi, kMonth, kSsn);
-        PathFill(*pPath, *pIono, tbl);
-        for (int nLabel = 1; nLabel <= 24; ++nLabel) {
-            HourFill(*pHour, *pPath, nLabel);
-            for (int n = 0; n < 10; ++n) {
-                Prediction tblPrediction;
-                PredictionFill(tblPrediction, *pHour, 2.0 + 2.0 * n);
-                benchmark::DoNotOptimize(tblPrediction.dField);
-            }
-        }
+        DaysFill(afSnr, *pIono, aCircuits, adList, 1);
+        benchmark::DoNotOptimize(afSnr.data());
     }
-    state.counters["voacapl_us"] = 0.0;  // the same counters in each, or the CSV report ends
-    state.counters["limit_us"] = kPathLimit;
+    CountersSet(state, 0.0, kPathLimit);
 }
 BENCHMARK(PointToPoint)
     ->Arg(-110)
@@ -63,34 +161,81 @@ BENCHMARK(PointToPoint)
     ->ArgName("lon")
     ->Unit(benchmark::kMicrosecond);
 
-// Argument: half the width of the area in degrees of longitude around 24 N 110 W.
+// Argument: half the width of the area in degrees of longitude.
 void Area(benchmark::State& state)
 {
-    constexpr int kGrid = 40;
     const auto pIono = std::make_unique<Ionosphere>();
-    const auto pPath = std::make_unique<Path>();
-    const auto pHour = std::make_unique<Hour>();
-    const double dHalf = static_cast<double>(state.range(0));
     IonosphereFill(*pIono, Behaviour::Best, MapSet::Ursi, kMonth, kSsn);
-    Circuit tbl;
-    tbl.dTxLat = 24.0;
-    tbl.dTxLon = -110.0;
+    const std::vector<Circuit> aCircuits = AreaMake(static_cast<double>(state.range(0)));
+    const Frequencies tblFrequencies(*pIono, aCircuits.front(), std::array{14.0});
+    DayWork tblWork;
     for (auto _ : state) {
-        for (int i = 0; i < kGrid * kGrid; ++i) {
-            tbl.dRxLat = -60.0 + 130.0 * (i / kGrid) / (kGrid - 1);
-            tbl.dRxLon =
-                std::remainder(-110.0 + dHalf * (2.0 * (i % kGrid) / (kGrid - 1) - 1.0), 360.0);
-            PathFill(*pPath, *pIono, tbl);
-            HourFill(*pHour, *pPath, 12);
+        for (const Circuit& tbl : aCircuits) {
+            DayHour tblHour;
             Prediction tblPrediction;
-            PredictionFill(tblPrediction, *pHour, 14.0);
+            PredictHour(tblWork, *pIono, tblFrequencies, tbl, 12, tblHour, {&tblPrediction, 1});
             benchmark::DoNotOptimize(tblPrediction.dField);
         }
     }
-    state.counters["voacapl_us"] = 0.0;  // the same counters in each, or the CSV report ends
-    state.counters["limit_us"] = kAreaLimit;
+    CountersSet(state, 0.0, kAreaLimit);
 }
 BENCHMARK(Area)->Arg(30)->Arg(180)->ArgName("half_width")->Unit(benchmark::kMicrosecond);
+
+// Times a day of circuits beside the loop over single values in the same run.
+void DaysTime(benchmark::State& state, const std::vector<Circuit>& aCircuits, int nThreads,
+              std::size_t nStep, double dLimitUs)
+{
+    const auto pIono = std::make_unique<Ionosphere>();
+    const Megahertz adList = MegahertzMake(15);
+    std::vector<float> afSnr(aCircuits.size() * 24 * adList.size());
+    for (auto _ : state) {
+        IonosphereFill(*pIono, Behaviour::Best, MapSet::Ursi, kMonth, kSsn);
+        DaysFill(afSnr, *pIono, aCircuits, adList, nThreads);
+        benchmark::DoNotOptimize(afSnr.data());
+    }
+    CountersSet(state, LoopTimeGet(*pIono, aCircuits, adList, nStep), dLimitUs);
+}
+
+long MemoryMostGet()
+{
+    rusage tblUsage{};
+    getrusage(RUSAGE_SELF, &tblUsage);
+    return tblUsage.ru_maxrss;
+}
+
+constexpr long kMemoryKb = 16 * 1024;
+
+// Arguments: half the width of the area, threads; 24 hours, 15 frequencies.
+void AreaDay(benchmark::State& state)
+{
+    constexpr std::size_t kStep = 17;
+    const bool bAround = state.range(0) > 90;
+    const double dLimit = bAround ? kWorldDayLimit : kAreaDayLimit;
+    DaysTime(state, AreaMake(static_cast<double>(state.range(0))), static_cast<int>(state.range(1)),
+             kStep, state.range(1) == 1 ? dLimit : dLimit * kTwoCoresShare);
+    if (MemoryMostGet() >= kMemoryKb)
+        state.SkipWithError("the area's day holds too much memory");
+}
+BENCHMARK(AreaDay)
+    ->Args({30, 1})
+    ->Args({30, 2})
+    ->Args({180, 1})
+    ->ArgNames({"half_width", "threads"})
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+
+// A path of 6000 km, everything made anew.
+void PathDay(benchmark::State& state)
+{
+    DaysTime(state, {CircuitMake(38.0, -122.0, 24.0, -60.0)}, 1, 1, kPathDayLimit);
+}
+BENCHMARK(PathDay)->Unit(benchmark::kMicrosecond);
+
+void StationsDay(benchmark::State& state)
+{
+    DaysTime(state, StationsMake(), 1, 9, kStationsDayLimit);
+}
+BENCHMARK(StationsDay)->Unit(benchmark::kMicrosecond);
 
 // The programs, start included: what a user waits for. voacapl is timed in the same run; the
 // built-in engine may take its share of that time.
@@ -98,7 +243,6 @@ namespace fs = std::filesystem;
 
 constexpr double kPathShare = 0.6;
 constexpr double kAreaShare = 0.35;
-constexpr long kMemoryKb = 16 * 1024;
 constexpr double kVoacaplPathUs = 8000.0;  // where voacapl is not installed: what it took elsewhere
 constexpr double kVoacaplAreaUs = 50000.0;
 constexpr const char* kVoacapl = "/usr/bin/voacapl";
@@ -229,8 +373,7 @@ void ProgramsCompare(benchmark::State& state, const Words& aOwn, const Words& aV
             state.SkipWithError("rec533w.exe failed");
     if (nKb >= kMemoryKb)
         state.SkipWithError("rec533w.exe holds too much memory");
-    state.counters["voacapl_us"] = dVoacaplUs;
-    state.counters["limit_us"] = dShare * dVoacaplUs;
+    CountersSet(state, dVoacaplUs, dShare * dVoacaplUs);
 }
 
 void ProgramPointToPoint(benchmark::State& state)

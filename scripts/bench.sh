@@ -64,12 +64,12 @@ Table() {
             if (!(name in times)) order[++count] = name
             times[name] = times[name] " " $column["real_time"]
             limits[name] = limits[name] " " $column["limit_us"]
-            if ("voacapl_us" in column) others[name] = others[name] " " $column["voacapl_us"]
+            if ("beside_us" in column) others[name] = others[name] " " $column["beside_us"]
             if ($column["error_occurred"] == "true") broken[name] = 1
         }
         END {
             format = "| %-27s | %10s | %10s | %11s | %5s |\n"
-            printf format, "benchmark", "median, us", "limit, us", "voacapl, us", "ratio"
+            printf format, "benchmark", "median, us", "limit, us", "beside, us", "ratio"
             print "|---|--:|--:|--:|--:|"
             for (i = 1; i <= count; i++) {
                 name = order[i]

@@ -100,13 +100,13 @@ HOPCAST_INLINE V ArcTanGet(const V& vX)
 // Places as lanes.
 template <class V>
 struct PlaceLanes {
-    V vSinLat, vCosLat, vSinLon, vCosLon;
+    V tSinLat, tCosLat, tSinLon, tCosLon;
 };
 
 template <class V>
 HOPCAST_INLINE V NoonFactorGet(const CrossingMonth& tbl, const PlaceLanes<V>& tblPlace)
 {
-    const V vLat = ArcTanGet<V>(LaneAbs(tblPlace.vSinLat) / tblPlace.vCosLat);
+    const V vLat = ArcTanGet<V>(LaneAbs(tblPlace.tSinLat) / tblPlace.tCosLat);
     const V vStep = LaneMin<V>(vLat * kDegrees, LaneAll<V>(69.99)) / 2.5;
     V vLow, vHigh, vPart;
     for (int i = 0; i < kLanes<V>; ++i) {
@@ -122,9 +122,9 @@ template <class V>
 HOPCAST_INLINE V ExponentGet(const CrossingMonth& tbl, const PlaceLanes<V>& tblPlace,
                              const V& vTanDip)
 {
-    const V vModified = ArcTanGet<V>(ArcTanGet<V>(LaneAbs(vTanDip)) / LaneSqrt(tblPlace.vCosLat));
+    const V vModified = ArcTanGet<V>(ArcTanGet<V>(LaneAbs(vTanDip)) / LaneSqrt(tblPlace.tCosLat));
     const V vX = LaneMin<V>(vModified * kDegrees, LaneAll<V>(kDipMost));
-    const auto maskSouth = tblPlace.vSinLat < 0.0;
+    const auto maskSouth = tblPlace.tSinLat < 0.0;
     const V vBoundary =
         LaneSelect(maskSouth, LaneAll<V>(tbl.aBoundary[1]), LaneAll<V>(tbl.aBoundary[0]));
     const auto maskLow = vX <= vBoundary;
@@ -167,8 +167,8 @@ HOPCAST_INLINE V NoonCosGet(const SunDay& tblDay, const SunHour& tblSun,
                             const PlaceLanes<V>& tblPlace)
 {
     V vSinDecl, vCosDecl;
-    SunDeclinationAtNoonGet(tblDay, tblSun, tblPlace.vSinLon, tblPlace.vCosLon, vSinDecl, vCosDecl);
-    return tblPlace.vSinLat * vSinDecl + tblPlace.vCosLat * vCosDecl;
+    SunDeclinationAtNoonGet(tblDay, tblSun, tblPlace.tSinLon, tblPlace.tCosLon, vSinDecl, vCosDecl);
+    return tblPlace.tSinLat * vSinDecl + tblPlace.tCosLat * vCosDecl;
 }
 
 template <class V>
@@ -181,20 +181,20 @@ HOPCAST_INLINE void CrossingLanesGet(const AbsorptionHour& tblHour, const Crossi
     const V vX = aStart[0] * vCos + aAhead[0] * vSin;
     const V vY = aStart[1] * vCos + aAhead[1] * vSin;
     PlaceLanes<V> tbl;
-    tbl.vSinLat = aStart[2] * vCos + aAhead[2] * vSin;
-    tbl.vCosLat = LaneMax<V>(LaneSqrt<V>(vX * vX + vY * vY), LaneAll<V>(1e-9));
-    tbl.vCosLon = vX / tbl.vCosLat;
-    tbl.vSinLon = vY / tbl.vCosLat;
+    tbl.tSinLat = aStart[2] * vCos + aAhead[2] * vSin;
+    tbl.tCosLat = LaneMax<V>(LaneSqrt<V>(vX * vX + vY * vY), LaneAll<V>(1e-9));
+    tbl.tCosLon = vX / tbl.tCosLat;
+    tbl.tSinLon = vY / tbl.tCosLat;
     const SunHour& tblSun = *tblHour.tblFoe.pSun;
-    const V vCosAngle = tblSun.dCosTurn * tbl.vCosLon - tblSun.dSinTurn * tbl.vSinLon;
+    const V vCosAngle = tblSun.dCosTurn * tbl.tCosLon - tblSun.dSinTurn * tbl.tSinLon;
     const V vCosChi = LaneMin<V>(
-        LaneMax<V>(tbl.vSinLat * tblSun.dSinDecl + tbl.vCosLat * tblSun.dCosDecl * vCosAngle,
+        LaneMax<V>(tbl.tSinLat * tblSun.dSinDecl + tbl.tCosLat * tblSun.dCosDecl * vCosAngle,
                    LaneAll<V>(-1.0)),
         LaneAll<V>(1.0));
     const V vCosNoon = NoonCosGet(tblHour.pIonosphere->tblSun, tblSun, tbl);
     const V vExponent =
         ExponentGet(tblMonth, tbl, FieldTrackDipTanGet(tblTrack.tblField, vCos, vSin));
-    vFoe = FoeLanesGet(tblHour.tblFoe, tbl.vSinLat, tbl.vCosLat, tbl.vSinLon, tbl.vCosLon, vCosChi);
+    vFoe = FoeLanesGet(tblHour.tblFoe, tbl.tSinLat, tbl.tCosLat, tbl.tSinLon, tbl.tCosLon, vCosChi);
     vWeight = NoonFactorGet(tblMonth, tbl)
               * LaneExp<V>(DiurnalLogGet(vCosChi, vExponent) - DiurnalLogGet(vCosNoon, vExponent));
 }

@@ -10,7 +10,7 @@ constexpr double kPerNeper = 4.3429448190325182765;  // dB
 // Sums over the modes in power, as fields and with the receiving antenna's gains.
 template <class V>
 struct ModeSums {
-    V vField, vReceived, vMode;
+    V tField, tReceived, tMode;
 };
 
 template <class V>
@@ -62,7 +62,7 @@ HOPCAST_INLINE V FieldMixGet(const V& vShort, const V& vLong, double dPart)
 // What the field and power of some frequencies are made of.
 template <class V>
 struct Fields {
-    V vShort, vLong, vShare, vField, vPower, vMode;
+    V tShort, tLong, tShare, tField, tPower, tMode;
 };
 
 // The long-path rule: hop by hop and long method add in power, eased in from 7000 km to 9000 km.
@@ -74,22 +74,22 @@ HOPCAST_INLINE void LongRuleFill(Fields<V>& tbl, const Hour& tblHour, const Mode
     constexpr double kOffset = 3.87;        // dB
     constexpr double kShortLeast = -100.0;  // of 1 kW, dB(uV/m)
     const Path& tblPath = *tblHour.pPath;
-    const V vLong = (kFree - tblPath.tblLong.dSlantDb) * tbl.vShare - 30.0 + tblPath.dPowerDb
+    const V vLong = (kFree - tblPath.tblLong.dSlantDb) * tbl.tShare - 30.0 + tblPath.dPowerDb
                     + tblPath.tblTxLow.dGain + tblPath.tblLong.dGap + kOffset;
     ModeSums<V> tblHops = ModeSumsGet<V>(tblHour, aModes, &ModeRows::aHopField, nAt);
     const double dGap = tblPath.tblLong.dGap * dPart;
-    tblHops.vField += dGap;
-    tblHops.vReceived += dGap;
+    tblHops.tField += dGap;
+    tblHops.tReceived += dGap;
     const V vLongReceived = vLong + tblPath.tblRxLow.dGain;
-    tbl.vLong = PowerSumGet<V>(tblHops.vField, vLong);
-    tbl.vField = tbl.vLong;
-    tbl.vPower = PowerSumGet<V>(tblHops.vReceived, vLongReceived);
+    tbl.tLong = PowerSumGet<V>(tblHops.tField, vLong);
+    tbl.tField = tbl.tLong;
+    tbl.tPower = PowerSumGet<V>(tblHops.tReceived, vLongReceived);
     if (dPart < 1.0) {
         const V vLeast = LaneAll<V>(kShortLeast + tblPath.dPowerDb);
-        tbl.vField = (1.0 - dPart) * LaneMax<V>(tblShort.vField, vLeast) + dPart * tbl.vField;
-        tbl.vPower = (1.0 - dPart) * LaneMax<V>(tblShort.vReceived, vLeast) + dPart * tbl.vPower;
+        tbl.tField = (1.0 - dPart) * LaneMax<V>(tblShort.tField, vLeast) + dPart * tbl.tField;
+        tbl.tPower = (1.0 - dPart) * LaneMax<V>(tblShort.tReceived, vLeast) + dPart * tbl.tPower;
     }
-    tbl.vMode = LaneSelect(tblHops.vReceived >= vLongReceived, tblHops.vMode, LaneAll<V>(-1.0));
+    tbl.tMode = LaneSelect(tblHops.tReceived >= vLongReceived, tblHops.tMode, LaneAll<V>(-1.0));
 }
 
 template <class V>
@@ -102,18 +102,18 @@ HOPCAST_INLINE Fields<V> FieldsGet(const Hour& tblHour, const ModesRows& aModes,
     ModeSums<V> tblShort{};
     if (dKm <= kLongOnly) {
         tblShort = ModeSumsGet<V>(tblHour, aModes, &ModeRows::aField, nAt);
-        tbl.vShort = tblShort.vField;
+        tbl.tShort = tblShort.tField;
     }
     if (dKm >= kShortOnly) {
-        tbl.vShare =
+        tbl.tShare =
             LongShareGet<V>(tblPath.tblLong, tblHour.tblLong, LaneLoad<V>(&tblSet.aMegahertz[nAt]));
-        tbl.vLong =
-            LongFieldGet<V>(tblPath.tblLong, tbl.vShare, tblPath.dPowerDb, tblPath.tblTxLow.dGain);
+        tbl.tLong =
+            LongFieldGet<V>(tblPath.tblLong, tbl.tShare, tblPath.dPowerDb, tblPath.tblTxLow.dGain);
     }
     if (dKm <= kShortOnly) {
-        tbl.vField = tblShort.vField;
-        tbl.vPower = tblShort.vReceived;
-        tbl.vMode = tblShort.vMode;
+        tbl.tField = tblShort.tField;
+        tbl.tPower = tblShort.tReceived;
+        tbl.tMode = tblShort.tMode;
         return tbl;
     }
     const double dPart = std::min((dKm - kShortOnly) / (kLongOnly - kShortOnly), 1.0);
@@ -121,9 +121,9 @@ HOPCAST_INLINE Fields<V> FieldsGet(const Hour& tblHour, const ModesRows& aModes,
         LongRuleFill<V>(tbl, tblHour, aModes, tblShort, dPart, nAt);
         return tbl;
     }
-    tbl.vField = dPart < 1.0 ? FieldMixGet<V>(tblShort.vField, tbl.vLong, dPart) : tbl.vLong;
-    tbl.vPower = tbl.vField + tblPath.tblRxLow.dGain;
-    tbl.vMode = LaneAll<V>(-1.0);
+    tbl.tField = dPart < 1.0 ? FieldMixGet<V>(tblShort.tField, tbl.tLong, dPart) : tbl.tLong;
+    tbl.tPower = tbl.tField + tblPath.tblRxLow.dGain;
+    tbl.tMode = LaneAll<V>(-1.0);
     return tbl;
 }
 
@@ -133,12 +133,12 @@ HOPCAST_INLINE void FieldsFill(PredictionRows& tbl, const Hour& tblHour, const M
 {
     for (std::size_t i = 0; i < tblSet.nCount; i += kLanes<V>) {
         const Fields<V> tblF = FieldsGet<V>(tblHour, aModes, tblSet, i);
-        LaneStore<V>(&tbl.aFieldShort[i], tblF.vShort);
-        LaneStore<V>(&tbl.aFieldLong[i], tblF.vLong);
-        LaneStore<V>(&tbl.aLongShare[i], tblF.vShare);
-        LaneStore<V>(&tbl.aField[i], tblF.vField);
-        LaneStore<V>(&tbl.aPower[i], tblF.vPower - LaneLoad<V>(&tblSet.aDb[i]) - kFieldToPower);
-        LaneStore<V>(&tbl.aMode[i], tblF.vMode);
+        LaneStore<V>(&tbl.aFieldShort[i], tblF.tShort);
+        LaneStore<V>(&tbl.aFieldLong[i], tblF.tLong);
+        LaneStore<V>(&tbl.aLongShare[i], tblF.tShare);
+        LaneStore<V>(&tbl.aField[i], tblF.tField);
+        LaneStore<V>(&tbl.aPower[i], tblF.tPower - LaneLoad<V>(&tblSet.aDb[i]) - kFieldToPower);
+        LaneStore<V>(&tbl.aMode[i], tblF.tMode);
     }
 }
 
