@@ -72,62 +72,75 @@ constexpr Triangle RecursionMake()
 
 constexpr Triangle kRecursion = RecursionMake();
 
+template <class V>
 struct Field {
-    double dX, dY, dZ;  // north, west, down
+    V tX, tY, tZ;  // north, west, down
 };
 
-// The recursions of P.1239. dC is at least kCosLatLeast.
-Field FieldGet(double dS, double dC, double dSinLon, double dCosLon, const Scaled& tblScaled)
+// The recursions of P.1239. vC is at least kCosLatLeast.
+template <class V>
+HOPCAST_INLINE Field<V> FieldGet(const V& vS, const V& vC, const V& vSinLon, const V& vCosLon,
+                                 const Scaled& tblScaled)
 {
-    Field tbl{0.0, 0.0, 0.0};
-    double dCosM = 1.0, dSinM = 0.0;  // of m times the longitude
-    double dPmm = 1.0, dDmm = 0.0;
+    Field<V> tbl{V{}, V{}, V{}};
+    V vCosM = LaneAll<V>(1.0), vSinM{};  // of m times the longitude
+    V vPmm = LaneAll<V>(1.0), vDmm{};
 #pragma GCC unroll 7
     for (std::size_t m = 0; m <= kOrder; ++m) {
-        double dP2 = 0.0, dD2 = 0.0, dP = dPmm, dD = dDmm;
-        double dZg = 0.0, dZh = 0.0, dXg = 0.0, dXh = 0.0, dYg = 0.0, dYh = 0.0;  // sums over n
+        V vP2{}, vD2{}, vP = vPmm, vD = vDmm;
+        V vZg{}, vZh{}, vXg{}, vXh{}, vYg{}, vYh{};  // sums over n
 #pragma GCC unroll 7
         for (std::size_t n = m; n <= kOrder; ++n) {
             if (n > m) {
-                const double dPn = dS * dP - kRecursion[n][m] * dP2;
-                const double dDn = dS * dD - dC * dP - kRecursion[n][m] * dD2;
-                dP2 = dP;
-                dD2 = dD;
-                dP = dPn;
-                dD = dDn;
+                const V vPn = vS * vP - kRecursion[n][m] * vP2;
+                const V vDn = vS * vD - vC * vP - kRecursion[n][m] * vD2;
+                vP2 = vP;
+                vD2 = vD;
+                vP = vPn;
+                vD = vDn;
             }
             const double dG = tblScaled.aG[n][m];
             const double dH = tblScaled.aH[n][m];
-            dZg += static_cast<double>(n + 1) * dG * dP;
-            dZh += static_cast<double>(n + 1) * dH * dP;
-            dXg += dG * dD;
-            dXh += dH * dD;
-            dYg += dG * dP;
-            dYh += dH * dP;
+            vZg += static_cast<double>(n + 1) * dG * vP;
+            vZh += static_cast<double>(n + 1) * dH * vP;
+            vXg += dG * vD;
+            vXh += dH * vD;
+            vYg += dG * vP;
+            vYh += dH * vP;
         }
-        tbl.dZ += dZg * dCosM + dZh * dSinM;
-        tbl.dX -= dXg * dCosM + dXh * dSinM;
-        tbl.dY += static_cast<double>(m) * (dYg * dSinM - dYh * dCosM);
-        const double dCosNext = dCosM * dCosLon - dSinM * dSinLon;
-        dSinM = dSinM * dCosLon + dCosM * dSinLon;
-        dCosM = dCosNext;
-        dDmm = dC * dDmm + dS * dPmm;
-        dPmm *= dC;
+        tbl.tZ += vZg * vCosM + vZh * vSinM;
+        tbl.tX -= vXg * vCosM + vXh * vSinM;
+        tbl.tY += static_cast<double>(m) * (vYg * vSinM - vYh * vCosM);
+        const V vCosNext = vCosM * vCosLon - vSinM * vSinLon;
+        vSinM = vSinM * vCosLon + vCosM * vSinLon;
+        vCosM = vCosNext;
+        vDmm = vC * vDmm + vS * vPmm;
+        vPmm *= vC;
     }
-    tbl.dY /= dC;
+    tbl.tY /= vC;
     return tbl;
 }
 
-// Cosines and sines of fifteenths of a circle.
+// Fifteenths of a circle, and the weights of the terms of a sum; a sixteenth place counts nothing.
 struct Circle {
-    std::array<double, FieldTrack::kPlaces> aCos, aSin;
+    static constexpr std::size_t kLanesAll = FieldTrack::kPlaces + 1;
+    using Row = std::array<double, kLanesAll>;
+    alignas(64) Row aCos{}, aSin{};
+    alignas(64) std::array<Row, FieldTrack::kOrderMost + 1> aCosWeight{}, aSinWeight{};
 };
 const Circle kCircle = [] {
-    Circle tbl{};
-    for (std::size_t i = 0; i < FieldTrack::kPlaces; ++i) {
-        const double dAngle = 2.0 * kPi * static_cast<double>(i) / FieldTrack::kPlaces;
-        tbl.aCos[i] = std::cos(dAngle);
-        tbl.aSin[i] = std::sin(dAngle);
+    Circle tbl;
+    const auto fnAngle = [](std::size_t i) {
+        return 2.0 * kPi * static_cast<double>(i % FieldTrack::kPlaces) / FieldTrack::kPlaces;
+    };
+    for (std::size_t i = 0; i < Circle::kLanesAll; ++i) {
+        tbl.aCos[i] = std::cos(fnAngle(i));
+        tbl.aSin[i] = std::sin(fnAngle(i));
+        for (std::size_t j = 0; j <= FieldTrack::kOrderMost && i < FieldTrack::kPlaces; ++j) {
+            const double dWeight = (j == 0 ? 1.0 : 2.0) / FieldTrack::kPlaces;
+            tbl.aCosWeight[j][i] = dWeight * std::cos(fnAngle(i * j));
+            tbl.aSinWeight[j][i] = dWeight * std::sin(fnAngle(i * j));
+        }
     }
     return tbl;
 }();
@@ -141,56 +154,96 @@ double SinLatGet(const Place& tblPlace)
     return std::copysign(std::sqrt(1.0 - kCosLatLeast * kCosLatLeast), tblPlace.dSinLat);
 }
 
-}  // namespace
-
-MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight)
+// The field at places of a great circle: down, along and across it.
+template <class V>
+HOPCAST_INLINE Field<V> TrackFieldGet(const GreatCircle& tblWay, const V& vCos, const V& vSin)
 {
-    const Scaled& tblScaled = eHeight == FieldHeight::Absorption ? kScaledAbsorption : kScaledMaps;
-    const Field tbl = FieldGet(SinLatGet(tblPlace), CosLatGet(tblPlace), tblPlace.dSinLon,
-                               tblPlace.dCosLon, tblScaled);
-    const double dFlat = std::sqrt(tbl.dX * tbl.dX + tbl.dY * tbl.dY);
-    const double dTotal = std::sqrt(dFlat * dFlat + tbl.dZ * tbl.dZ);
-    return {std::atan2(tbl.dZ, dFlat), tbl.dZ / dTotal, kGyroPerField * dTotal};
-}
-
-FieldTrack FieldTrackMake(const GreatCircle& tblWay)
-{
-    constexpr std::size_t kPlaces = FieldTrack::kPlaces;
     const double(&aStart)[3] = tblWay.aStart;
     const double(&aAhead)[3] = tblWay.aAhead;
     const double aAcross[3]{aStart[1] * aAhead[2] - aStart[2] * aAhead[1],
                             aStart[2] * aAhead[0] - aStart[0] * aAhead[2],
                             aStart[0] * aAhead[1] - aStart[1] * aAhead[0]};
-    FieldTrack tbl{};
-    for (std::size_t i = 0; i < kPlaces; ++i) {
-        const double dCos = kCircle.aCos[i];
-        const double dSin = kCircle.aSin[i];
-        const Place tblPlace = GreatCirclePlaceAt(tblWay, dCos, dSin);
-        const double dSinLat = SinLatGet(tblPlace);
-        const double dCosLat = CosLatGet(tblPlace);
-        const Field tblField =
-            FieldGet(dSinLat, dCosLat, tblPlace.dSinLon, tblPlace.dCosLon, kScaledAbsorption);
-        const double aFlat[3]{
-            -tblField.dX * dSinLat * tblPlace.dCosLon + tblField.dY * tblPlace.dSinLon,
-            -tblField.dX * dSinLat * tblPlace.dSinLon - tblField.dY * tblPlace.dCosLon,
-            tblField.dX * dCosLat};
-        double dAlong = 0.0, dAcross = 0.0;
-        for (int k = 0; k < 3; ++k) {
-            dAlong += aFlat[k] * (aAhead[k] * dCos - aStart[k] * dSin);
-            dAcross += aFlat[k] * aAcross[k];
-        }
-        for (std::size_t j = 0; j <= FieldTrack::kOrderMost; ++j) {
-            const double dWeight = (j == 0 ? 1.0 : 2.0) / kPlaces;
-            const double dC = dWeight * kCircle.aCos[i * j % kPlaces];
-            const double dS = dWeight * kCircle.aSin[i * j % kPlaces];
-            tbl.aDownCos[j] += tblField.dZ * dC;
-            tbl.aDownSin[j] += tblField.dZ * dS;
-            tbl.aAlongCos[j] += dAlong * dC;
-            tbl.aAlongSin[j] += dAlong * dS;
-            tbl.aAcrossCos[j] += dAcross * dC;
-            tbl.aAcrossSin[j] += dAcross * dS;
-        }
+    const V vX = aStart[0] * vCos + aAhead[0] * vSin;
+    const V vY = aStart[1] * vCos + aAhead[1] * vSin;
+    const V vZ = aStart[2] * vCos + aAhead[2] * vSin;
+    const V vFlat = LaneMax<V>(LaneSqrt<V>(vX * vX + vY * vY), LaneAll<V>(1e-9));
+    const V vSinLon = vY / vFlat;
+    const V vCosLon = vX / vFlat;
+    const V vCosLat = LaneMax<V>(vFlat, LaneAll<V>(kCosLatLeast));
+    const V vMost = LaneAll<V>(std::sqrt(1.0 - kCosLatLeast * kCosLatLeast));
+    const V vSinLat = LaneMax<V>(LaneMin<V>(vZ, vMost), -vMost);
+    const Field<V> tbl = FieldGet<V>(vSinLat, vCosLat, vSinLon, vCosLon, kScaledAbsorption);
+    const V aFlat[3]{-tbl.tX * vSinLat * vCosLon + tbl.tY * vSinLon,
+                     -tbl.tX * vSinLat * vSinLon - tbl.tY * vCosLon, tbl.tX * vCosLat};
+    Field<V> tblTrack{V{}, V{}, tbl.tZ};
+    for (int k = 0; k < 3; ++k) {
+        tblTrack.tX += aFlat[k] * (aAhead[k] * vCos - aStart[k] * vSin);
+        tblTrack.tY += aFlat[k] * aAcross[k];
     }
+    return tblTrack;
+}
+
+template <class V>
+HOPCAST_INLINE double LanesSumGet(const V& v)
+{
+    double dSum = 0.0;
+    for (int i = 0; i < kLanes<V>; ++i) dSum += v[i];
+    return dSum;
+}
+
+template <class V>
+HOPCAST_INLINE void FieldTrackFill(FieldTrack& tbl, const GreatCircle& tblWay)
+{
+    constexpr std::size_t kVectors = Circle::kLanesAll / kLanes<V>;
+    Field<V> aFields[kVectors];
+    for (std::size_t i = 0; i < kVectors; ++i)
+        aFields[i] = TrackFieldGet<V>(tblWay, LaneLoad<V>(&kCircle.aCos[i * kLanes<V>]),
+                                      LaneLoad<V>(&kCircle.aSin[i * kLanes<V>]));
+    for (std::size_t j = 0; j <= FieldTrack::kOrderMost; ++j) {
+        V aSums[6]{};
+        for (std::size_t i = 0; i < kVectors; ++i) {
+            const V vCos = LaneLoad<V>(&kCircle.aCosWeight[j][i * kLanes<V>]);
+            const V vSin = LaneLoad<V>(&kCircle.aSinWeight[j][i * kLanes<V>]);
+            aSums[0] += aFields[i].tZ * vCos;
+            aSums[1] += aFields[i].tZ * vSin;
+            aSums[2] += aFields[i].tX * vCos;
+            aSums[3] += aFields[i].tX * vSin;
+            aSums[4] += aFields[i].tY * vCos;
+            aSums[5] += aFields[i].tY * vSin;
+        }
+        tbl.aDownCos[j] = LanesSumGet<V>(aSums[0]);
+        tbl.aDownSin[j] = LanesSumGet<V>(aSums[1]);
+        tbl.aAlongCos[j] = LanesSumGet<V>(aSums[2]);
+        tbl.aAlongSin[j] = LanesSumGet<V>(aSums[3]);
+        tbl.aAcrossCos[j] = LanesSumGet<V>(aSums[4]);
+        tbl.aAcrossSin[j] = LanesSumGet<V>(aSums[5]);
+    }
+}
+
+HOPCAST_WIDE void FieldTrackWideFill(FieldTrack& tbl, const GreatCircle& tblWay)
+{
+    FieldTrackFill<Lanes4>(tbl, tblWay);
+}
+
+}  // namespace
+
+MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight)
+{
+    const Scaled& tblScaled = eHeight == FieldHeight::Absorption ? kScaledAbsorption : kScaledMaps;
+    const auto tbl = FieldGet<double>(SinLatGet(tblPlace), CosLatGet(tblPlace), tblPlace.dSinLon,
+                                      tblPlace.dCosLon, tblScaled);
+    const double dFlat = std::sqrt(tbl.tX * tbl.tX + tbl.tY * tbl.tY);
+    const double dTotal = std::sqrt(dFlat * dFlat + tbl.tZ * tbl.tZ);
+    return {std::atan2(tbl.tZ, dFlat), tbl.tZ / dTotal, kGyroPerField * dTotal};
+}
+
+FieldTrack FieldTrackMake(const GreatCircle& tblWay)
+{
+    FieldTrack tbl;
+    if (LanesWideIs())
+        FieldTrackWideFill(tbl, tblWay);
+    else
+        FieldTrackFill<Lanes2>(tbl, tblWay);
     return tbl;
 }
 
