@@ -55,16 +55,16 @@ TEST(Geometry, PointsOfAGreatCircleDivideIt)
     const Place tblA = PlaceFromDegrees(51.5, -0.13);
     const Place tblB = PlaceFromDegrees(-33.87, 151.21);
     for (const bool bLong : {false, true}) {
-        const GreatCircle tbl = GreatCircleMake(tblA, tblB, bLong);
+        const Way tbl = WayMake(tblA, tblB, bLong);
         EXPECT_NEAR(tbl.dKm, bLong ? 2.0 * kPi * kEarthKm - 16994.7 : 16994.7, 1.0);
         for (const double dPart : {0.1, 0.5, 0.9}) {
-            const Place tblC = GreatCirclePlace(tbl, dPart);
-            const double dFirst = GreatCircleMake(tblA, tblC, false).dKm;
+            const Place tblC = WayPlace(tbl, dPart);
+            const double dFirst = WayMake(tblA, tblC, false).dKm;
             const double dKm = dPart * tbl.dKm;
             EXPECT_NEAR(dFirst, std::min(dKm, 2.0 * kPi * kEarthKm - dKm), 0.01);
         }
-        EXPECT_NEAR(GreatCirclePlace(tbl, 1.0).dLat, tblB.dLat, 1e-9);
-        EXPECT_NEAR(GreatCirclePlace(tbl, 1.0).dLon, tblB.dLon, 1e-9);
+        EXPECT_NEAR(WayPlace(tbl, 1.0).dLat, tblB.dLat, 1e-9);
+        EXPECT_NEAR(WayPlace(tbl, 1.0).dLon, tblB.dLon, 1e-9);
     }
     EXPECT_NEAR(DegreesOf(BearingGet(tblA, tblB)), 60.72, 0.02);
 }
@@ -92,11 +92,11 @@ TEST(MagneticField, SumsAlongAGreatCircleAreTheFieldItself)
 {
     for (const bool bLongWay : {false, true}) {
         for (double dLat = -85.0; dLat <= 85.0; dLat += 17.0) {
-            const GreatCircle tblWay = GreatCircleMake(PlaceFromDegrees(dLat, 33.0),
+            const Way tblWay = WayMake(PlaceFromDegrees(dLat, 33.0),
                                                        PlaceFromDegrees(20.0, -151.0), bLongWay);
-            const FieldTrack tblTrack = FieldTrackMake(tblWay);
+            const FieldTrack tblTrack = FieldTrackMake(tblWay.aArcs[0]);
             for (double dAngle = 0.0; dAngle < tblWay.dAngle; dAngle += 0.11) {
-                const Place tbl = GreatCirclePlaceAt(tblWay, std::cos(dAngle), std::sin(dAngle));
+                const Place tbl = ArcPlace(tblWay.aArcs[0], std::cos(dAngle), std::sin(dAngle));
                 if (tbl.dCosLat < 0.001)
                     continue;  // the field of a circle around the pole is taken there
                 EXPECT_NEAR(std::atan(FieldTrackDipTanGet<double>(tblTrack, std::cos(dAngle),
@@ -121,7 +121,7 @@ TEST(Maps, SeriesMatchesWorkedValues)
                              MapCase{5, 10, 12, 30.630, 107.344, 7.4524, 3.2879},
                              MapCase{5, 10, 12, 57.954, 18.467, 4.7923, 3.0745},
                              MapCase{5, 10, 12, -23.482, 142.682, 3.5851, 3.1832}}) {
-        MapHoursFill(*pHours, MapSet::Ccir, c.nMonth, c.dSsn);
+        MapHoursFill(*pHours, MapSet::Ccir, c.nMonth, c.dSsn, c.dSsn);
         const Place tbl = PlaceFromDegrees(c.dLat, c.dLon);
         MapPlace tblMap;
         MapPlaceFill(tblMap, tbl, MagneticFieldGet(tbl, FieldHeight::Maps), false);
@@ -138,7 +138,7 @@ TEST(Maps, MeanLiesHalfwayBetweenTheSets)
     MapPlaceFill(tblMap, tbl, MagneticFieldGet(tbl, FieldHeight::Maps), false);
     double aValue[3];
     for (const MapSet eSet : {MapSet::Ccir, MapSet::Ursi, MapSet::Mean}) {
-        MapHoursFill(*pHours, eSet, 7, 80.0);
+        MapHoursFill(*pHours, eSet, 7, 80.0, 80.0);
         aValue[static_cast<int>(eSet)] = MapFof2Get(*pHours, tblMap, 15);
     }
     EXPECT_GT(std::abs(aValue[0] - aValue[1]), 0.01);
@@ -151,8 +151,8 @@ TEST(Absorption, PlaceTablesFollowExactAngles)
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Corrected, MapSet::Ccir, 9, 60.0);
     const AbsorptionHour tblHour{pIono.get(), FoeHourGet(*pIono, 12)};
-    const GreatCircle tblPath =
-        GreatCircleMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
+    const Way tblPath =
+        WayMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
     const double dElevation = ElevationGet(tblPath.dKm / 2.0, 300.0);
     Crossing aCrossings[4];
     CrossingsFill(tblHour, CrossingTrackMake(tblPath), 2, dElevation, aCrossings);
@@ -160,7 +160,7 @@ TEST(Absorption, PlaceTablesFollowExactAngles)
     const double aKm[4]{dNear, tblPath.dKm / 2.0 - dNear, tblPath.dKm / 2.0 + dNear,
                         tblPath.dKm - dNear};
     for (int i = 0; i < 4; ++i) {
-        const Place tbl = GreatCirclePlace(tblPath, aKm[i] / tblPath.dKm);
+        const Place tbl = WayPlace(tblPath, aKm[i] / tblPath.dKm);
         const double dCos = SunZenithCosGet(*tblHour.tblFoe.pSun, tbl);
         EXPECT_NEAR(aCrossings[i].dFoe, FoeGet(tblHour.tblFoe, tbl, dCos), 1e-9);
         EXPECT_GT(aCrossings[i].dWeight, 100.0);  // September noon

@@ -47,9 +47,10 @@ std::string PageOf(const std::string& sDeck, Behaviour eBehaviour = Behaviour::B
     return res ? res.ValueGet() : std::string();
 }
 
-std::string GridOf(const std::string& sDeck, int nThreads = 1)
+std::string GridOf(const std::string& sDeck, int nThreads = 1,
+                   Behaviour eBehaviour = Behaviour::Best)
 {
-    const auto res = AreaOutputMake(sDeck, "/nowhere", Behaviour::Best, nThreads);
+    const auto res = AreaOutputMake(sDeck, "/nowhere", eBehaviour, nThreads);
     EXPECT_TRUE(res) << res.TextGet();
     return res ? res.ValueGet() : std::string();
 }
@@ -193,7 +194,8 @@ Near PagesNearGet()
     Near tblNear;
     const DataTable tbl("real_muf.csv");
     for (std::size_t nRow = 0; nRow < tbl.CountGet(); ++nRow) {
-        const auto aLines = LinesOf(PageOf(DeckOf(tbl.TextGet(nRow, "deck") + ".dat")));
+        const auto aLines = LinesOf(
+            PageOf(DeckOf(tbl.TextGet(nRow, "deck") + ".dat"), Behaviour::Corrected));
         if (NumberOf(aLines[4], 69, 7) >= 7000.0)
             continue;
         for (const std::string& sLine : aLines) {
@@ -215,7 +217,7 @@ Near GridsNearGet()
         const std::string sName = "area_0" + std::to_string(nDeck);
         const std::string sDeck = DeckOf(sName + ".rec");
         const auto resDeck = AreaDeckRead(sDeck);
-        const auto aOwn = LinesOf(GridOf(sDeck));
+        const auto aOwn = LinesOf(GridOf(sDeck, 1, Behaviour::Corrected));
         const auto aReal = LinesOf(BytesRead(
             std::string(TEST_DATA) + "/../../propagation/data/engines/rec533/" + sName + ".rg1"));
         EXPECT_TRUE(resDeck && aOwn.size() == aReal.size()) << sName;
@@ -227,7 +229,7 @@ Near GridsNearGet()
             const rec533::Place tblPoint = rec533::PlaceFromDegrees(
                 NumberOf(aOwn[i], 7, 10), std::remainder(NumberOf(aOwn[i], 17, 10), 360.0));
             EXPECT_EQ(Cut(aOwn[i], 1, 15), Cut(aReal[i], 1, 15));
-            if (rec533::GreatCircleMake(tblFixed, tblPoint, false).dKm < 7000.0)
+            if (rec533::WayMake(tblFixed, tblPoint, false).dKm < 7000.0)
                 tblNear.Count(NumberOf(aOwn[i], 27, 6), NumberOf(aReal[i], 27, 6));
         }
     }

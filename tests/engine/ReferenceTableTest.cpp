@@ -172,8 +172,8 @@ TEST(ReferencePoints, MapsFieldAndSunAgree)
         const auto fnNumber = [&](const char* sName) { return tbl.NumberGet(i, sName); };
         pRun->Go(tbl.TextGet(i, "id"), nLabel);
         const Ionosphere& tblIono = pRun->m_tblIonosphere;
-        const GreatCircle& tblWay = pRun->m_tblPath.tblWay;
-        SiteFill(tblSite, GreatCirclePlace(tblWay, fnNumber("dist") / tblWay.dKm));
+        const Way& tblWay = pRun->m_tblPath.tblWay;
+        SiteFill(tblSite, WayPlace(tblWay, fnNumber("dist") / tblWay.dKm));
         const FoeHour tblFoe = FoeHourGet(tblIono, nLabel);
         const std::string sWhere = tbl.TextGet(i, "id") + " " + tbl.TextGet(i, "point");
         const MagneticField tblLow = MagneticFieldGet(tblSite.tblPlace, FieldHeight::Absorption);

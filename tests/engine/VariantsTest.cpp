@@ -1,4 +1,5 @@
-// Field strengths of the three behaviours and coefficient sets, against a separate program.
+// Field strengths of the three behaviours and coefficient sets, against a separate program, and
+// what the long-path rule is made of.
 
 #include <gtest/gtest.h>
 
@@ -13,6 +14,7 @@ namespace {
 using namespace rec533;  // NOLINT(google-build-using-namespace)
 
 struct Variant {
+    const char* sTable;
     const char* sColumn;
     Behaviour eBehaviour;
     MapSet eMaps;
@@ -23,7 +25,7 @@ class Variants : public testing::TestWithParam<Variant> {};
 
 TEST_P(Variants, FieldAgreesInEveryRow)
 {
-    const DataTable tbl("p533_variants.csv");
+    const DataTable tbl(GetParam().sTable);
     ASSERT_EQ(tbl.CountGet(), 1800u);
     const auto pRun = std::make_unique<CircuitRun>(GetParam().eBehaviour, GetParam().eMaps);
     double dWorst = 0.0;
@@ -39,15 +41,153 @@ TEST_P(Variants, FieldAgreesInEveryRow)
     RecordProperty("worst_db", std::to_string(dWorst));
 }
 
+constexpr const char* kFirst = "p533_variants.csv";
+constexpr const char* kSecond = "p533_variants2.csv";
 INSTANTIATE_TEST_SUITE_P(
     Columns, Variants,
-    testing::Values(Variant{"e_reference_ccir", Behaviour::Reference, MapSet::Ccir},
-                    Variant{"e_corrected_ccir", Behaviour::Corrected, MapSet::Ccir},
-                    Variant{"e_corrected_ursi", Behaviour::Corrected, MapSet::Ursi},
-                    Variant{"e_corrected_mean", Behaviour::Corrected, MapSet::Mean},
-                    Variant{"e_best_ccir", Behaviour::Best, MapSet::Ccir},
-                    Variant{"e_best_ursi", Behaviour::Best, MapSet::Ursi},
-                    Variant{"e_best_mean", Behaviour::Best, MapSet::Mean}),
+    testing::Values(Variant{kFirst, "e_reference_ccir", Behaviour::Reference, MapSet::Ccir},
+                    Variant{kFirst, "e_corrected_ccir", Behaviour::Corrected, MapSet::Ccir},
+                    Variant{kFirst, "e_corrected_ursi", Behaviour::Corrected, MapSet::Ursi},
+                    Variant{kFirst, "e_corrected_mean", Behaviour::Corrected, MapSet::Mean},
+                    Variant{kSecond, "e_best2_ccir", Behaviour::Best, MapSet::Ccir},
+                    Variant{kSecond, "e_best2_ursi", Behaviour::Best, MapSet::Ursi},
+                    Variant{kSecond, "e_best2_mean", Behaviour::Best, MapSet::Mean}),
     [](const auto& tbl) { return std::string(tbl.param.sColumn); });
+
+// A unit of the tables' last digit, and what rounding adds.
+constexpr double kDigit = 0.00151;
+
+class Parts {
+public:
+    explicit Parts(const DataTable& tbl) : m_tbl(tbl) {}
+    void RowSet(std::size_t nRow) { m_nRow = nRow; }
+    void Expect(const char* sColumn, double dValue) const
+    {
+        ASSERT_FALSE(m_tbl.Empty(m_nRow, sColumn));
+        EXPECT_NEAR(dValue, m_tbl.NumberGet(m_nRow, sColumn), kDigit)
+            << sColumn << " of " << m_tbl.TextGet(m_nRow, "id") << " at "
+            << m_tbl.TextGet(m_nRow, "hour") << " h, " << m_tbl.TextGet(m_nRow, "freq");
+    }
+
+private:
+    const DataTable& m_tbl;
+    std::size_t m_nRow = 0;
+};
+
+double WorstMost(const WayHour& tbl)
+{
+    double dMost = 0.0;
+    for (int i = 0; i < tbl.nModes; ++i)
+        dMost = std::max(dMost, tbl.aModes[static_cast<std::size_t>(i)].dWorst);
+    return dMost;
+}
+
+void WaysExpect(const Parts& tblParts, const CircuitRun& run, double dFrequency)
+{
+    const Path& tblPath = run.m_tblPath;
+    const auto pWork = std::make_unique<PredictionWork>();
+    const auto pHour = std::make_unique<Hour>(run.m_tblHour);
+    PredictionRows tblRows;
+    FrequencySet tblSet;
+    FrequencySetFill(tblSet, run.m_tblIonosphere, tblPath.tblCircuit, {&dFrequency, 1});
+    PredictionRowsFill(tblRows, *pWork, *pHour, tblSet);
+    const auto& aWays = pWork->aWays;
+    const std::size_t nRight = tblPath.nBent > 0 ? 1 : 0;
+    const std::size_t nLeft = tblPath.nBent > 0 ? 2 : 0;
+    tblParts.Expect("lambda_deg", tblPath.dBend * 180.0 / kPi);
+    tblParts.Expect("half_km", tblPath.nBent > 0 ? tblPath.aBent[0].tblWay.dKm / 2.0
+                                                 : tblPath.tblWay.dKm / 2.0);
+    tblParts.Expect("gap_db", tblPath.tblLong.dGap);
+    tblParts.Expect("muf_worst_max", WorstMost(run.m_tblHour));
+    tblParts.Expect("fm_mid", run.m_tblHour.tblLong.dUpper);
+    tblParts.Expect("fl_mid", run.m_tblHour.tblLong.dLower);
+    tblParts.Expect("s_mid", aWays[0].aHops[0]);
+    tblParts.Expect("el_mid", aWays[0].aLong[0]);
+    tblParts.Expect("s_right", aWays[nRight].aHops[0]);
+    tblParts.Expect("el_right", aWays[nRight].aLong[0]);
+    tblParts.Expect("s_left", aWays[nLeft].aHops[0]);
+    tblParts.Expect("el_left", aWays[nLeft].aLong[0]);
+    tblParts.Expect("x_mean", tblRows.aFieldLong[0]);
+}
+
+TEST(LongPathRule, EveryPartAgreesInEveryRow)
+{
+    const DataTable tbl(kSecond);
+    Parts tblParts(tbl);
+    const auto pRun = std::make_unique<CircuitRun>(Behaviour::Best, MapSet::Mean);
+    int nBent = 0;
+    for (std::size_t i = 0; i < tbl.CountGet(); ++i) {
+        tblParts.RowSet(i);
+        const double dFrequency = tbl.NumberGet(i, "freq");
+        pRun->Go(tbl.TextGet(i, "id"), tbl.IntegerGet(i, "hour"));
+        const Prediction tblPrediction = pRun->PredictionGet(dFrequency);
+        tblParts.Expect("ig12", pRun->m_tblIonosphere.dActivity);
+        tblParts.Expect("fof2_mid", pRun->m_tblHour.tblMid.dFof2);
+        tblParts.Expect("m3000_mid", pRun->m_tblHour.tblMid.dM3);
+        if (pRun->m_tblPath.tblWay.dKm <= kLongOnly)
+            tblParts.Expect("es", tblPrediction.dFieldShort);
+        EXPECT_EQ(tbl.Empty(i, "x_mean"), pRun->m_tblPath.tblWay.dKm <= kShortOnly);
+        if (pRun->m_tblPath.tblWay.dKm > kShortOnly)
+            WaysExpect(tblParts, *pRun, dFrequency);
+        nBent += pRun->m_tblPath.nBent > 0 ? 1 : 0;
+    }
+    EXPECT_GT(nBent, 150);
+}
+
+// The row that the rule's description works out.
+TEST(LongPathRule, GivesTheWorkedRow)
+{
+    const auto pRun = std::make_unique<CircuitRun>(Behaviour::Best, MapSet::Mean);
+    pRun->Go("D41", 3);
+    const Path& tblPath = pRun->m_tblPath;
+    const Hour& tblHour = pRun->m_tblHour;
+    ASSERT_EQ(tblPath.nBent, 2u);
+    const Place& tblRight = tblPath.aBent[0].tblMid.tblPlace;
+    const Place& tblLeft = tblPath.aBent[1].tblMid.tblPlace;
+    EXPECT_NEAR(tblRight.dLat * kDegrees, -36.5176, 1e-4);
+    EXPECT_NEAR(tblRight.dLon * kDegrees, -131.6699, 1e-4);
+    EXPECT_NEAR(tblLeft.dLat * kDegrees, -24.5355, 1e-4);
+    EXPECT_NEAR(tblLeft.dLon * kDegrees, -121.1781, 1e-4);
+    EXPECT_EQ(tblHour.nOrderF2, 6);
+    const double aMuf[]{9.033, 8.341, 7.733, 7.211};
+    const double aElevation[]{8.208, 11.235, 14.009, 16.595};
+    const double aSlant[]{15975.309, 16148.675, 16343.203, 16559.074};
+    ASSERT_EQ(tblHour.nModes, 4);
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(tblHour.aModes[i].nHops, 6 + static_cast<int>(i));
+        EXPECT_NEAR(tblHour.aModes[i].dWorst, aMuf[i], kDigit);
+        EXPECT_NEAR(tblHour.aModes[i].dElevation * kDegrees, aElevation[i], kDigit);
+        EXPECT_NEAR(tblHour.aModes[i].dSlant, aSlant[i], kDigit);
+    }
+    const double aBentMuf[]{8.924, 9.214};
+    const double aBentSlant[]{16026.509, 16007.629};
+    for (std::size_t i = 0; i < 2; ++i) {
+        EXPECT_EQ(tblHour.aBent[i].nOrderF2, 6);
+        EXPECT_NEAR(tblHour.aBent[i].aModes[0].dWorst, aBentMuf[i], kDigit);
+        EXPECT_NEAR(tblHour.aBent[i].aModes[0].dSlant, aBentSlant[i], kDigit);
+    }
+    EXPECT_NEAR(pRun->PredictionGet(9.01).dField, -9.023, kDigit);
+}
+
+TEST(Activity, IndexFollowsTheSunspotNumber)
+{
+    const double aSsn[]{0.0, 1.0, 10.0, 50.0, 100.0, 150.0, 160.0, 311.0};
+    const double aIndex[]{-12.349, -10.883, 2.066, 54.373, 107.711, 147.663, 154.048, 154.048};
+    for (std::size_t i = 0; i < 8; ++i) EXPECT_NEAR(ActivityOfSsn(aSsn[i]), aIndex[i], 0.0006);
+}
+
+TEST(Activity, MeasuredIndexServesTheBestBehaviourAlone)
+{
+    const auto pIono = std::make_unique<Ionosphere>();
+    const auto fnActivity = [&](Behaviour eBehaviour, double dMeasured) {
+        IonosphereFill(*pIono, eBehaviour, MapSet::Mean, 5, 80.0, dMeasured);
+        return pIono->dActivity;
+    };
+    EXPECT_EQ(fnActivity(Behaviour::Best, 33.0), 33.0);
+    EXPECT_EQ(fnActivity(Behaviour::Best, -40.0), -15.0);
+    EXPECT_EQ(fnActivity(Behaviour::Best, 170.0), 160.0);
+    EXPECT_EQ(fnActivity(Behaviour::Corrected, 33.0), 80.0);
+    EXPECT_EQ(fnActivity(Behaviour::Reference, 33.0), 80.0);
+}
 
 }  // namespace

@@ -173,11 +173,10 @@ HOPCAST_INLINE V NoonCosGet(const SunDay& tblDay, const SunHour& tblSun,
 
 template <class V>
 HOPCAST_INLINE void CrossingLanesGet(const AbsorptionHour& tblHour, const CrossingMonth& tblMonth,
-                                     const CrossingTrack& tblTrack, const V& vCos, const V& vSin,
-                                     V& vFoe, V& vWeight)
+                                     const Arc& tblArc, const FieldTrack& tblField, const V& vCos,
+                                     const V& vSin, V& vFoe, V& vWeight)
 {
-    const double(&aStart)[3] = tblTrack.tblWay.aStart;
-    const double(&aAhead)[3] = tblTrack.tblWay.aAhead;
+    const auto& [aStart, aAhead] = tblArc;
     const V vX = aStart[0] * vCos + aAhead[0] * vSin;
     const V vY = aStart[1] * vCos + aAhead[1] * vSin;
     PlaceLanes<V> tbl;
@@ -192,8 +191,7 @@ HOPCAST_INLINE void CrossingLanesGet(const AbsorptionHour& tblHour, const Crossi
                    LaneAll<V>(-1.0)),
         LaneAll<V>(1.0));
     const V vCosNoon = NoonCosGet(tblHour.pIonosphere->tblSun, tblSun, tbl);
-    const V vExponent =
-        ExponentGet(tblMonth, tbl, FieldTrackDipTanGet(tblTrack.tblField, vCos, vSin));
+    const V vExponent = ExponentGet(tblMonth, tbl, FieldTrackDipTanGet(tblField, vCos, vSin));
     vFoe = FoeLanesGet(tblHour.tblFoe, tbl.tSinLat, tbl.tCosLat, tbl.tSinLon, tbl.tCosLon, vCosChi);
     vWeight = NoonFactorGet(tblMonth, tbl)
               * LaneExp<V>(DiurnalLogGet(vCosChi, vExponent) - DiurnalLogGet(vCosNoon, vExponent));
@@ -224,41 +222,52 @@ void CrossingAnglesFill(CrossingAngles& tbl, double dHopAngle, int nHops, double
         tbl.aCos[2 * i + 1] = dCos * dCosNear + dSin * dSinNear;
         tbl.aSin[2 * i + 1] = dSin * dCosNear - dCos * dSinNear;
     }
+    // Lanes without a crossing repeat the last one.
+    const std::size_t nCount = 2 * static_cast<std::size_t>(nHops);
+    for (std::size_t i = nCount; i < nCount + kLanes<Lanes4>; ++i) {
+        tbl.aCos[i] = tbl.aCos[nCount - 1];
+        tbl.aSin[i] = tbl.aSin[nCount - 1];
+    }
 }
 
+// Some crossings on one arc.
+struct CrossingsOfArc {
+    const Arc* pArc;
+    const FieldTrack* pField;
+    const double* pCos;  // whole vectors of them
+    const double* pSin;
+    std::size_t nCount;
+    Crossing* pCrossings;
+};
+
 template <class V>
-HOPCAST_INLINE void CrossingsOfAnglesFill(const AbsorptionHour& tblHour,
-                                          const CrossingTrack& tblTrack, CrossingAngles& tblAngles,
-                                          std::size_t nCount, Crossing* pCrossings)
+HOPCAST_INLINE void CrossingsOfArcFill(const AbsorptionHour& tblHour, const CrossingsOfArc& tbl)
 {
     constexpr std::size_t kCount = kLanes<V>;
     const CrossingMonth tblMonth = CrossingMonthGet(tblHour.pIonosphere->nMonth);
-    // Lanes without a crossing repeat the last one.
-    for (std::size_t i = nCount; i % kCount != 0; ++i) {
-        tblAngles.aCos[i] = tblAngles.aCos[nCount - 1];
-        tblAngles.aSin[i] = tblAngles.aSin[nCount - 1];
-    }
-    for (std::size_t i = 0; i < nCount; i += kCount) {
+    for (std::size_t i = 0; i < tbl.nCount; i += kCount) {
         V vFoe, vWeight;
-        CrossingLanesGet<V>(tblHour, tblMonth, tblTrack, LaneLoad<V>(&tblAngles.aCos[i]),
-                            LaneLoad<V>(&tblAngles.aSin[i]), vFoe, vWeight);
-        for (std::size_t k = 0; k < std::min(kCount, nCount - i); ++k)
-            pCrossings[i + k] = {vFoe[k], vWeight[k]};
+        CrossingLanesGet<V>(tblHour, tblMonth, *tbl.pArc, *tbl.pField, LaneLoad<V>(tbl.pCos + i),
+                            LaneLoad<V>(tbl.pSin + i), vFoe, vWeight);
+        for (std::size_t k = 0; k < std::min(kCount, tbl.nCount - i); ++k)
+            tbl.pCrossings[i + k] = {vFoe[k], vWeight[k]};
     }
 }
 
-HOPCAST_WIDE void CrossingsWideFill(const AbsorptionHour& tblHour, const CrossingTrack& tblTrack,
-                                    CrossingAngles& tblAngles, std::size_t nCount,
-                                    Crossing* pCrossings)
+HOPCAST_WIDE void CrossingsWideFill(const AbsorptionHour& tblHour, const CrossingsOfArc& tbl)
 {
-    CrossingsOfAnglesFill<Lanes4>(tblHour, tblTrack, tblAngles, nCount, pCrossings);
+    CrossingsOfArcFill<Lanes4>(tblHour, tbl);
 }
 
 }  // namespace
 
-CrossingTrack CrossingTrackMake(const GreatCircle& tblWay)
+CrossingTrack CrossingTrackMake(const Way& tblWay)
 {
-    return {tblWay, FieldTrackMake(tblWay)};
+    CrossingTrack tbl{tblWay, {}};
+    tbl.aFields[0] = FieldTrackMake(tblWay.aArcs[0]);
+    if (tblWay.bBent)
+        tbl.aFields[1] = FieldTrackMake(tblWay.aArcs[1]);
+    return tbl;
 }
 
 double CrossingKmGet(double dElevation)
@@ -269,13 +278,21 @@ double CrossingKmGet(double dElevation)
 void CrossingsFill(const AbsorptionHour& tblHour, const CrossingTrack& tblTrack, int nHops,
                    double dElevation, Crossing* pCrossings)
 {
+    const Way& tblWay = tblTrack.tblWay;
     CrossingAngles tblAngles;
-    CrossingAnglesFill(tblAngles, tblTrack.tblWay.dAngle / nHops, nHops, dElevation);
-    const std::size_t nCount = 2 * static_cast<std::size_t>(nHops);
-    if (LanesWideIs())
-        CrossingsWideFill(tblHour, tblTrack, tblAngles, nCount, pCrossings);
-    else
-        CrossingsOfAnglesFill<Lanes2>(tblHour, tblTrack, tblAngles, nCount, pCrossings);
+    CrossingAnglesFill(tblAngles, tblWay.dAngle / nHops, nHops, dElevation);
+    // Rays meet 90 km before the middle of their hops, so a bent way has half of them on each arc.
+    const auto nHalf = static_cast<std::size_t>(nHops);
+    for (std::size_t nArc = 0; nArc < (tblWay.bBent ? 2 : 1); ++nArc) {
+        const std::size_t nFirst = nArc * nHalf;
+        const CrossingsOfArc tbl{
+            &tblWay.aArcs[nArc],     &tblTrack.aFields[nArc],          &tblAngles.aCos[nFirst],
+            &tblAngles.aSin[nFirst], tblWay.bBent ? nHalf : 2 * nHalf, pCrossings + nFirst};
+        if (LanesWideIs())
+            CrossingsWideFill(tblHour, tbl);
+        else
+            CrossingsOfArcFill<Lanes2>(tblHour, tbl);
+    }
 }
 
 }  // namespace rec533

@@ -22,8 +22,8 @@ struct Crossing {
 
 /// Most crossings that the modes of a path and hour have: F2 modes of 14 to 17 hops.
 inline constexpr int kCrossingsMost = 2 * (14 + 15 + 16 + 17);
-/// The same of one mode, in whole vectors.
-inline constexpr int kCrossingsOfMode = 36;
+/// The same of one mode, with room for whole vectors.
+inline constexpr int kCrossingsOfMode = 2 * 17 + 6;
 
 /// The month and hour for crossings.
 struct AbsorptionHour {
@@ -33,10 +33,10 @@ struct AbsorptionHour {
 
 /// A path as its crossings need it.
 struct CrossingTrack {
-    GreatCircle tblWay;
-    FieldTrack tblField;
+    Way tblWay;
+    std::array<FieldTrack, 2> aFields;  ///< along the way's arcs
 };
-[[nodiscard]] CrossingTrack CrossingTrackMake(const GreatCircle& tblWay);
+[[nodiscard]] CrossingTrack CrossingTrackMake(const Way& tblWay);
 
 /// From a hop's start to its first crossing, and from its end back to the second, km.
 [[nodiscard]] double CrossingKmGet(double dElevation);

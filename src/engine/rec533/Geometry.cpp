@@ -6,19 +6,24 @@ namespace {
 constexpr double kCosLatLeast = 1e-9;
 constexpr double kAngleLeast = 1e-10;  // stands for a path of no length, radians
 
-void VectorGet(const Place& tblPlace, double (&aVector)[3])
+using Vector = std::array<double, 3>;
+
+Vector VectorGet(const Place& tblPlace)
 {
-    aVector[0] = tblPlace.dCosLat * tblPlace.dCosLon;
-    aVector[1] = tblPlace.dCosLat * tblPlace.dSinLon;
-    aVector[2] = tblPlace.dSinLat;
+    return {tblPlace.dCosLat * tblPlace.dCosLon, tblPlace.dCosLat * tblPlace.dSinLon,
+            tblPlace.dSinLat};
 }
 
 // A direction at the start when the ends do not give one: north, or along longitude 0 at a pole.
-void AheadAnyGet(const Place& tblPlace, double (&aAhead)[3])
+Vector AheadAnyGet(const Place& tblPlace)
 {
-    aAhead[0] = -tblPlace.dSinLat * tblPlace.dCosLon;
-    aAhead[1] = -tblPlace.dSinLat * tblPlace.dSinLon;
-    aAhead[2] = tblPlace.dCosLat;
+    return {-tblPlace.dSinLat * tblPlace.dCosLon, -tblPlace.dSinLat * tblPlace.dSinLon,
+            tblPlace.dCosLat};
+}
+
+Vector VectorMix(const Vector& aA, double dA, const Vector& aB, double dB)
+{
+    return {aA[0] * dA + aB[0] * dB, aA[1] * dA + aB[1] * dB, aA[2] * dA + aB[2] * dB};
 }
 
 }  // namespace
@@ -35,9 +40,11 @@ Place PlaceFromDegrees(double dLat, double dLon)
     return tbl;
 }
 
-GreatCircle GreatCircleMake(const Place& tblFrom, const Place& tblTo, bool bLongWay)
+Way WayMake(const Place& tblFrom, const Place& tblTo, bool bLongWay)
 {
-    GreatCircle tbl{.tblFrom = tblFrom, .tblTo = tblTo, .aStart = {}, .aAhead = {}};
+    Way tbl;
+    tbl.tblFrom = tblFrom;
+    tbl.tblTo = tblTo;
     const double dSinLat = std::sin((tblFrom.dLat - tblTo.dLat) / 2.0);
     const double dSinLon = std::sin((tblFrom.dLon - tblTo.dLon) / 2.0);
     const double dChord =
@@ -46,35 +53,72 @@ GreatCircle GreatCircleMake(const Place& tblFrom, const Place& tblTo, bool bLong
     tbl.dAngle = bLongWay ? 2.0 * kPi - dShort : dShort;
     tbl.dKm = tbl.dAngle * kEarthKm;
 
-    double aEnd[3];
-    VectorGet(tblFrom, tbl.aStart);
-    VectorGet(tblTo, aEnd);
     const double dCos = std::cos(dShort);
+    Arc tblArc;
+    tblArc.aStart = VectorGet(tblFrom);
+    tblArc.aAhead = VectorMix(VectorGet(tblTo), 1.0, tblArc.aStart, -dCos);
     double dLength = 0.0;
-    for (int i = 0; i < 3; ++i) {
-        tbl.aAhead[i] = aEnd[i] - dCos * tbl.aStart[i];
-        dLength += tbl.aAhead[i] * tbl.aAhead[i];
-    }
+    for (const double dPart : tblArc.aAhead) dLength += dPart * dPart;
     dLength = std::sqrt(dLength);
     if (dLength < 1e-9) {
-        AheadAnyGet(tblFrom, tbl.aAhead);
+        tblArc.aAhead = AheadAnyGet(tblFrom);
         dLength = 1.0;
     }
-    for (double& dPart : tbl.aAhead) dPart *= (bLongWay ? -1.0 : 1.0) / dLength;
+    for (double& dPart : tblArc.aAhead) dPart *= (bLongWay ? -1.0 : 1.0) / dLength;
+    tbl.aArcs = {tblArc, tblArc};
     return tbl;
 }
 
-Place GreatCirclePlace(const GreatCircle& tblPath, double dFraction)
+double WayBendGet(double dAngle)
 {
-    return GreatCirclePlaceAt(tblPath, std::cos(dFraction * tblPath.dAngle),
-                              std::sin(dFraction * tblPath.dAngle));
+    constexpr double kFromKm = 12000.0;
+    constexpr double kWholeKm = 2000.0;  // later
+    constexpr double kBendMost = kPi / 30.0;
+    const double dBend = kBendMost * std::clamp((dAngle * kEarthKm - kFromKm) / kWholeKm, 0.0, 1.0);
+    return std::asin(std::min(1.0, std::sin(dBend / 2.0) * std::abs(std::tan(dAngle / 2.0))));
 }
 
-Place GreatCirclePlaceAt(const GreatCircle& tblPath, double dCos, double dSin)
+Way WayBentMake(const Way& tblStraight, double dBend, double dSide)
 {
-    const double dX = tblPath.aStart[0] * dCos + tblPath.aAhead[0] * dSin;
-    const double dY = tblPath.aStart[1] * dCos + tblPath.aAhead[1] * dSin;
-    const double dZ = tblPath.aStart[2] * dCos + tblPath.aAhead[2] * dSin;
+    const auto& [aStart, aAhead] = tblStraight.aArcs[0];
+    const Vector aLeft{aStart[1] * aAhead[2] - aStart[2] * aAhead[1],
+                       aStart[2] * aAhead[0] - aStart[0] * aAhead[2],
+                       aStart[0] * aAhead[1] - aStart[1] * aAhead[0]};
+    const double dCosAll = std::cos(tblStraight.dAngle);
+    const double dSinAll = std::sin(tblStraight.dAngle);
+    // The middle as seen from an end: along the straight way and to the side.
+    const double dAlong = std::sin(tblStraight.dAngle / 2.0) * std::cos(dBend);
+    const double dAside = dSide * std::sin(dBend);
+    const double dSinHalf = std::max(std::hypot(dAlong, dAside), 1e-15);
+    const double dHalf = std::atan2(dSinHalf, std::cos(tblStraight.dAngle / 2.0) * std::cos(dBend));
+    Way tbl = tblStraight;
+    tbl.bBent = true;
+    tbl.dAngle = 2.0 * dHalf;
+    tbl.dKm = tbl.dAngle * kEarthKm;
+    tbl.aArcs[0].aAhead = VectorMix(aAhead, dAlong / dSinHalf, aLeft, dAside / dSinHalf);
+    // The second half from its end backward, then turned round.
+    const Vector aEnd = VectorMix(aStart, dCosAll, aAhead, dSinAll);
+    const Vector aBack = VectorMix(VectorMix(aStart, dSinAll, aAhead, -dCosAll), dAlong / dSinHalf,
+                                   aLeft, dAside / dSinHalf);
+    const double dCos = std::cos(tbl.dAngle);
+    const double dSin = std::sin(tbl.dAngle);
+    tbl.aArcs[1].aStart = VectorMix(aEnd, dCos, aBack, dSin);
+    tbl.aArcs[1].aAhead = VectorMix(aEnd, dSin, aBack, -dCos);
+    return tbl;
+}
+
+Place WayPlace(const Way& tblWay, double dFraction)
+{
+    const double dAngle = dFraction * tblWay.dAngle;
+    return ArcPlace(WayArcGet(tblWay, dAngle), std::cos(dAngle), std::sin(dAngle));
+}
+
+Place ArcPlace(const Arc& tblArc, double dCos, double dSin)
+{
+    const Vector aPlace = VectorMix(tblArc.aStart, dCos, tblArc.aAhead, dSin);
+    const double dX = aPlace[0];
+    const double dY = aPlace[1];
+    const double dZ = aPlace[2];
     Place tbl;
     const double dFlat = std::sqrt(dX * dX + dY * dY);
     tbl.dCosLat = std::max(dFlat, kCosLatLeast);

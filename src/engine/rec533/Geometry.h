@@ -8,6 +8,8 @@
 /// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
+#include <array>
+
 #include "engine/rec533/Units.h"
 
 namespace rec533 {
@@ -24,22 +26,37 @@ struct Place {
 
 [[nodiscard]] Place PlaceFromDegrees(double dLat, double dLon);
 
-/// A great circle between two places.
-struct GreatCircle {
-    Place tblFrom, tblTo;
-    double dKm = 0.0;     ///< length, at least a millimetre
-    double dAngle = 0.0;  ///< the same in radians; above pi on the long way round
-    double aStart[3];     ///< unit vector of the start
-    double aAhead[3];     ///< unit vector a quarter circle ahead of it
+/// Unit vectors of an arc: the place at an angle is start cos + ahead sin.
+struct Arc {
+    std::array<double, 3> aStart{}, aAhead{};
 };
 
-[[nodiscard]] GreatCircle GreatCircleMake(const Place& tblFrom, const Place& tblTo, bool bLongWay);
+/// A way between two places: a great circle, or halves of two that meet beside its middle.
+struct Way {
+    Place tblFrom, tblTo;
+    double dKm = 0.0;          ///< length, at least a millimetre
+    double dAngle = 0.0;       ///< the same in radians; above pi on the long way round
+    std::array<Arc, 2> aArcs;  ///< of the two halves, both by the angle from the way's start
+    bool bBent = false;        ///< else both are the same
+};
 
+[[nodiscard]] Way WayMake(const Place& tblFrom, const Place& tblTo, bool bLongWay);
+
+/// How far the bent ways of a long path lie beside its middle: radians, 0 up to 12 000 km.
+[[nodiscard]] double WayBendGet(double dAngle);
+/// The way bent by that angle to the left (dSide 1) or to the right (-1) of the direction of
+/// travel.
+[[nodiscard]] Way WayBentMake(const Way& tblStraight, double dBend, double dSide);
+
+/// The arc at an angle from the start.
+[[nodiscard]] inline const Arc& WayArcGet(const Way& tblWay, double dAngle)
+{
+    return tblWay.aArcs[tblWay.bBent && 2.0 * dAngle >= tblWay.dAngle ? 1 : 0];
+}
 /// The place a fraction of the way along (0 start, 1 end).
-[[nodiscard]] Place GreatCirclePlace(const GreatCircle& tblPath, double dFraction);
-
-/// The place at an angle from the start, given by its cosine and sine.
-[[nodiscard]] Place GreatCirclePlaceAt(const GreatCircle& tblPath, double dCos, double dSin);
+[[nodiscard]] Place WayPlace(const Way& tblWay, double dFraction);
+/// The place on an arc at an angle given by its cosine and sine.
+[[nodiscard]] Place ArcPlace(const Arc& tblArc, double dCos, double dSin);
 
 /// Bearing at the first place toward the second by the short way, radians, 0 to 2 pi.
 [[nodiscard]] double BearingGet(const Place& tblFrom, const Place& tblTo);

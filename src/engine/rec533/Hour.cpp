@@ -8,7 +8,7 @@ constexpr int kOrderEMost = 3;
 constexpr int kHopSumMore = 3;  // orders above the lowest in the hop sum
 
 // Lowest order whose hop is shorter than the longest one at a height; 0 when there is none.
-int OrderLowestGet(const Path& tbl, double dHeight, int nMost)
+int OrderLowestGet(const WayPath& tbl, double dHeight, int nMost)
 {
     const double dLongest = std::min(HopLongestGet(tbl.dLeastElevation, dHeight), kRangeF2Most);
     for (int n = 1; n <= nMost; ++n)
@@ -17,9 +17,9 @@ int OrderLowestGet(const Path& tbl, double dHeight, int nMost)
     return 0;
 }
 
-void FoeFill(Hour& tbl)
+void FoeFill(WayHour& tbl)
 {
-    const Path& tblPath = *tbl.pPath;
+    const WayPath& tblPath = *tbl.pWay;
     tbl.dFoeModes = tbl.dFoeScreen = tbl.tblMid.dFoe;
     const double dKm = tblPath.tblWay.dKm;
     if (dKm <= kControlShort || dKm > kRangeEMost)
@@ -36,9 +36,9 @@ struct ControlMeans {
     double dAuroralNear = 0.0, dAuroralFar = 0.0;  // by the length of hops
 };
 
-ControlMeans ControlMeansGet(const Hour& tbl, bool bBeyondRange)
+ControlMeans ControlMeansGet(const WayHour& tbl, bool bBeyondRange)
 {
-    const Path& tblPath = *tbl.pPath;
+    const WayPath& tblPath = *tbl.pWay;
     std::array<const Site*, 5> aSites{&tblPath.tblMid};
     std::size_t nSites = 1;
     if (tblPath.tblWay.dKm > kControlShort) {
@@ -63,23 +63,23 @@ ControlMeans ControlMeansGet(const Hour& tbl, bool bBeyondRange)
     return {tblMeans.dGyro / dCount, tblMeans.dAuroralNear / dCount, tblMeans.dAuroralFar / dCount};
 }
 
-void ModeRayFill(Mode& tblMode, const Hour& tbl, double dHeight, const ControlMeans& tblMeans)
+void ModeRayFill(Mode& tblMode, const WayHour& tbl, double dHeight, const ControlMeans& tblMeans)
 {
-    const Path& tblPath = *tbl.pPath;
+    const WayPath& tblPath = *tbl.pWay;
     const double dHop = tblPath.tblWay.dKm / tblMode.nHops;
     tblMode.dElevation = ElevationGet(dHop, dHeight);
     tblMode.dSlant = SlantRangeGet(tblPath.tblWay.dKm, tblMode.nHops, tblMode.dElevation);
     tblMode.dCosIncidence = IncidenceCosGet(tblMode.dElevation, kHeightE);
     tblMode.dGyro = tblMeans.dGyro;
     tblMode.dAuroral = dHop > kAuroralNearHop ? tblMeans.dAuroralFar : tblMeans.dAuroralNear;
-    tblMode.dTxGain = AntennaGainGet(tblPath.tblCircuit.pTx, tblMode.dElevation);
-    tblMode.dRxGain = AntennaGainGet(tblPath.tblCircuit.pRx, tblMode.dElevation);
+    tblMode.dTxGain = AntennaGainGet(tblPath.pTx, tblMode.dElevation);
+    tblMode.dRxGain = AntennaGainGet(tblPath.pRx, tblMode.dElevation);
     tblMode.dRxPower = tblMode.dRxGain == 0.0 ? 1.0 : PowerFromDb(tblMode.dRxGain);
 }
 
-void ModesEFill(Hour& tbl)
+void ModesEFill(WayHour& tbl)
 {
-    const Path& tblPath = *tbl.pPath;
+    const WayPath& tblPath = *tbl.pWay;
     const double dKm = tblPath.tblWay.dKm;
     if (dKm >= kRangeEMost)
         return;
@@ -101,12 +101,12 @@ void ModesEFill(Hour& tbl)
 }
 
 // Basic MUF of an F2 order beyond the reach of one hop.
-double MufBeyondGet(const Hour& tbl, int nHops, double dLowest)
+double MufBeyondGet(const WayHour& tbl, int nHops, double dLowest)
 {
-    const double dHop = tbl.pPath->tblWay.dKm / nHops;
+    const double dHop = tbl.pWay->tblWay.dKm / nHops;
     if (nHops == tbl.nOrderF2)
         return dLowest;
-    const double dHop0 = tbl.pPath->tblWay.dKm / tbl.nOrderF2;
+    const double dHop0 = tbl.pWay->tblWay.dKm / tbl.nOrderF2;
     const auto fnRatio = [&](const F2Layer& tblLayer) {
         return F2MufGet(tblLayer, dHop, tblLayer.dRangeMost)
                / F2MufGet(tblLayer, dHop0, tblLayer.dRangeMost);
@@ -116,9 +116,9 @@ double MufBeyondGet(const Hour& tbl, int nHops, double dLowest)
 
 // The reflection height beyond one hop: at the control point with the lowest foF2. As in the ITU
 // program T + 1000 is not among them.
-double HeightBeyondGet(const Hour& tbl)
+double HeightBeyondGet(const WayHour& tbl)
 {
-    Path& tblPath = *tbl.pPath;
+    WayPath& tblPath = *tbl.pWay;
     const F2Layer* pLowest = &tbl.tblMid;
     for (const F2Layer* pLayer : {&tbl.tblHopT, &tbl.tblHopR})
         if (pLayer->dFof2 < pLowest->dFof2)
@@ -133,54 +133,100 @@ double HeightBeyondGet(const Hour& tbl)
     return MirrorHeightSimpleGet(dM3);
 }
 
-void HopLayersFill(Hour& tbl)
+void HopLayersFill(WayHour& tbl)
 {
-    Path& tblPath = *tbl.pPath;
+    WayPath& tblPath = *tbl.pWay;
     const auto nAt = static_cast<std::size_t>(tbl.nOrderF2);
     PathHopSitesMake(tblPath, tbl.nOrderF2);
     tbl.tblHopT = SiteLayerGet(*tblPath.pIonosphere, tbl.tblFoe, tblPath.aHopT[nAt], tbl.nLabel);
     tbl.tblHopR = SiteLayerGet(*tblPath.pIonosphere, tbl.tblFoe, tblPath.aHopR[nAt], tbl.nLabel);
 }
 
-void ModesF2Fill(Hour& tbl, bool bHopSum)
+// The lowest MUF of the hops of a mode: a chain carries what its weakest link does.
+double WorstMufGet(WayHour& tbl, int nHops)
 {
-    const Path& tblPath = *tbl.pPath;
+    WayPath& tblPath = *tbl.pWay;
     const Ionosphere& tblIono = *tblPath.pIonosphere;
+    const HopMiddles& tblMiddles = tblPath.tblMiddles;
+    PathMiddlesMake(tblPath, nHops);
+    const auto nHour = static_cast<std::size_t>(MapHourGet(tbl.nLabel));
+    const std::size_t nFirst = HopMiddles::FirstGet(nHops);
+    const double dHop = tblPath.tblWay.dKm / nHops;
+    double dWorst = 1e9;
+    for (std::size_t i = nFirst; i < nFirst + static_cast<std::size_t>(nHops); ++i) {
+        const MapDay& tblMap = tblMiddles.aMaps[i];
+        const F2Layer tblLayer =
+            F2LayerMake(std::max(tblMap.aFof2[nHour], tblIono.dFof2Least),
+                        std::max(tblMap.aM3[nHour], kM3Least),
+                        SiteFoeGet(tbl.tblFoe, tblMiddles.aPlaces[i]), tblMiddles.aGyro[i]);
+        dWorst = std::min(dWorst, F2MufGet(tblLayer, dHop, tblLayer.dRangeMost));
+    }
+    return dWorst;
+}
+
+// Decile factors and operational MUF of the F2 modes of a path.
+void ModesVariabilityFill(WayHour& tbl, int nFirst)
+{
+    constexpr double kKilowattDbw = 30.0;
+    const WayPath& tblPath = *tbl.pWay;
+    const Ionosphere& tblIono = *tblPath.pIonosphere;
+    const Place& tblMid = tblPath.tblMid.tblPlace;
+    const Season eSeason = SeasonOfFour(tblIono.nMonth, tblMid.dSinLat >= 0.0);
+    const DecileFactors tblDeciles = DecileFactorsGet(
+        tblMid.dLat, DecileHourGet(tblIono, tbl.nLabel, tblMid.dLon), eSeason, tblIono.dSsn);
+    const bool bDay = OperationalDayIs(tblIono, tbl.nLabel, tblMid);
+    for (int i = nFirst; i < tbl.nModes; ++i) {
+        Mode& tblMode = tbl.aModes[static_cast<std::size_t>(i)];
+        const double dEirp =
+            tblIono.bReference ? 0.0 : tblPath.dPowerDb + kKilowattDbw + tblMode.dTxGain;
+        tblMode.tblDeciles = tblDeciles;
+        tblMode.dOperational = tblMode.dMuf * OperationalRatioGet(eSeason, bDay, dEirp);
+    }
+}
+
+// The lowest order's basic MUF beyond the reach of one hop, and the height of all; false within it.
+bool BeyondFill(WayHour& tbl, double& dLowest)
+{
+    const double dKm = tbl.pWay->tblWay.dKm;
+    if (dKm <= tbl.dRangeMost)
+        return false;
+    HopLayersFill(tbl);
+    const double dHop0 = dKm / tbl.nOrderF2;
+    dLowest = std::min(F2MufGet(tbl.tblHopT, dHop0, tbl.dRangeMost),
+                       F2MufGet(tbl.tblHopR, dHop0, tbl.dRangeMost));
+    tbl.dHeightF2 = HeightBeyondGet(tbl);
+    return true;
+}
+
+void ModesF2Fill(WayHour& tbl)
+{
+    const WayPath& tblPath = *tbl.pWay;
+    const bool bHopSum = tblPath.bHopSum;
     const double dKm = tblPath.tblWay.dKm;
+    const bool bShort = dKm <= kLongOnly;  // the short method's own MUFs count
     tbl.dHeightF2 = MirrorHeightSimpleGet(tbl.tblMid.dM3);
     tbl.nOrderF2 = OrderLowestGet(tblPath, tbl.dHeightF2, bHopSum ? kOrderHopSumMost : kOrderMost);
     if (tbl.nOrderF2 == 0)
         return;
-    const bool bBeyond = dKm > tbl.dRangeMost;
     double dLowest = 0.0;
-    if (bBeyond) {
-        HopLayersFill(tbl);
-        const double dHop0 = dKm / tbl.nOrderF2;
-        dLowest = std::min(F2MufGet(tbl.tblHopT, dHop0, tbl.dRangeMost),
-                           F2MufGet(tbl.tblHopR, dHop0, tbl.dRangeMost));
-        tbl.dHeightF2 = HeightBeyondGet(tbl);
-    }
+    const bool bBeyond = BeyondFill(tbl, dLowest);
     const ControlMeans tblMeans = ControlMeansGet(tbl, bBeyond);
-    const Season eSeason = SeasonOfFour(tblIono.nMonth, tblPath.tblMid.tblPlace.dSinLat >= 0.0);
-    const DecileFactors tblDeciles = DecileFactorsGet(
-        tblPath.tblMid.tblPlace.dLat,
-        DecileHourGet(tblIono, tbl.nLabel, tblPath.tblMid.tblPlace.dLon), eSeason, tblIono.dSsn);
-    const bool bDay = OperationalDayIs(tblIono, tbl.nLabel, tblPath.tblMid.tblPlace);
+    const int nFirst = tbl.nModes;
     const int nLast = bHopSum ? std::max(kOrderMost, tbl.nOrderF2 + kHopSumMore) : kOrderMost;
     for (int n = tbl.nOrderF2; n <= nLast; ++n) {
         Mode tblMode;
         tblMode.nHops = n;
-        tblMode.dMuf =
-            bBeyond ? MufBeyondGet(tbl, n, dLowest) : F2MufGet(tbl.tblMid, dKm / n, tbl.dRangeMost);
-        ModeRayFill(tblMode, tbl, tbl.dHeightF2, tblMeans);
-        tblMode.tblDeciles = tblDeciles;
-        constexpr double kKilowattDbw = 30.0;
-        const double dEirp =
-            tblIono.bReference ? 0.0 : tblPath.dPowerDb + kKilowattDbw + tblMode.dTxGain;
-        tblMode.dOperational = tblMode.dMuf * OperationalRatioGet(eSeason, bDay, dEirp);
         tblMode.bReaches = n > tbl.nOrderF2 || dKm / n <= tbl.dRangeMost;
+        if (bHopSum && tblMode.bReaches)
+            tblMode.dWorst = WorstMufGet(tbl, n);
+        tblMode.dMuf = !bShort   ? tblMode.dWorst
+                       : bBeyond ? MufBeyondGet(tbl, n, dLowest)
+                                 : F2MufGet(tbl.tblMid, dKm / n, tbl.dRangeMost);
+        ModeRayFill(tblMode, tbl, tbl.dHeightF2, tblMeans);
         tbl.aModes[static_cast<std::size_t>(tbl.nModes++)] = tblMode;
     }
+    if (bShort)
+        ModesVariabilityFill(tbl, nFirst);
 }
 
 // Path values: basic MUF from the lowest modes, the rest from all of them.
@@ -225,31 +271,39 @@ void LongMufFill(Hour& tbl)
     tbl.dOperational90 = tbl.dOperational * tblDeciles.dLower;
 }
 
-}  // namespace
-
-void HourFill(Hour& tbl, Path& tblPath, int nLabel)
+// An hour of a way: limits of the long method, modes.
+void WayHourFill(WayHour& tbl, WayPath& tblPath, int nLabel)
 {
     const Ionosphere& tblIono = *tblPath.pIonosphere;
     const double dKm = tblPath.tblWay.dKm;
-    tbl.pPath = &tblPath;
+    tbl.pWay = &tblPath;
     tbl.nLabel = nLabel;
     tbl.tblFoe = FoeHourGet(tblIono, nLabel);
     tbl.tblAbsorption = {&tblIono, tbl.tblFoe};
-    tbl.tblNoise = NoiseHourGet(tblIono, tblPath.tblNoise, nLabel);
     tbl.nOrderF2 = tbl.nOrderE = tbl.nModes = tbl.nCrossings = 0;
-    tbl.dMuf = tbl.dMuf10 = tbl.dMuf90 = 0.0;
-    tbl.dOperational = tbl.dOperational10 = tbl.dOperational90 = 0.0;
     tbl.tblMid = SiteLayerGet(tblIono, tbl.tblFoe, tblPath.tblMid, nLabel);
     tbl.dRangeMost = std::min(tbl.tblMid.dRangeMost, kRangeF2Most);
     if (dKm >= kShortOnly)
         tbl.tblLong = LongHourGet(tblPath.tblLong, nLabel);
-    const bool bHopSum = tblIono.eBehaviour == Behaviour::Best && dKm > kShortOnly;
-    if (dKm <= kLongOnly || bHopSum) {
-        FoeFill(tbl);
-        ModesEFill(tbl);
-        ModesF2Fill(tbl, bHopSum);
-    }
-    if (dKm <= kLongOnly)
+    if (dKm > kLongOnly && !tblPath.bHopSum)
+        return;
+    FoeFill(tbl);
+    ModesEFill(tbl);
+    ModesF2Fill(tbl);
+}
+
+}  // namespace
+
+void HourFill(Hour& tbl, Path& tblPath, int nLabel)
+{
+    WayHourFill(tbl, tblPath, nLabel);
+    tbl.pPath = &tblPath;
+    tbl.tblNoise = NoiseHourGet(*tblPath.pIonosphere, tblPath.tblNoise, nLabel);
+    tbl.dMuf = tbl.dMuf10 = tbl.dMuf90 = 0.0;
+    tbl.dOperational = tbl.dOperational10 = tbl.dOperational90 = 0.0;
+    for (std::size_t i = 0; i < tblPath.nBent; ++i)
+        WayHourFill(tbl.aBent[i], tblPath.aBent[i], nLabel);
+    if (tblPath.tblWay.dKm <= kLongOnly)
         PathMufFill(tbl);
     else
         LongMufFill(tbl);

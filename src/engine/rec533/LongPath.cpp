@@ -23,6 +23,13 @@ double NorthSouthGet(double dBearing)
     return (dA >= 90.0 ? dA - 90.0 : 90.0 - dA) / 90.0;
 }
 
+// The plain Recommendation has no least foF2 here.
+double Fof2OfLongGet(const Ionosphere& tbl, const MapPlace& tblMap, int nHour)
+{
+    const double dFof2 = MapFof2Get(tbl.tblMaps, tblMap, nHour);
+    return tbl.eBehaviour == Behaviour::Best ? std::max(dFof2, tbl.dFof2Least) : dFof2;
+}
+
 // The basic MUF and K of a control point for all hours.
 void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIonosphere,
                     const Place& tblPlace, double dHop, double dNorthSouth)
@@ -47,7 +54,7 @@ void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIono
         * dHop;
     auto& aBasic = tbl.aBasic[nPoint];
     for (int i = 0; i < 24; ++i) {
-        const double dFof2 = MapFof2Get(tblIonosphere.tblMaps, tblMap, i);
+        const double dFof2 = Fof2OfLongGet(tblIonosphere, tblMap, i);
         const double dF4 = 1.1 * dFof2 * MapM3Get(tblIonosphere.tblMaps, tblMap, i);
         const double dZero = dFof2 + dGyro / 2.0;
         aBasic[static_cast<std::size_t>(i)] = std::max(dZero + (dF4 - dZero) * dFd, 0.1);
@@ -64,7 +71,7 @@ void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIono
                                 + dY * Square(dLeast / dNoon);
 }
 
-void UpperFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
+void UpperFill(LongPath& tbl, const Ionosphere& tblIonosphere, const Way& tblWay)
 {
     int nHops = HopsGet(tblWay.dKm, kUpperHop);
     if (ElevationGet(tblWay.dKm / nHops, kHeightLong) < kElevationLeast)
@@ -76,12 +83,11 @@ void UpperFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle
     constexpr double kGapMost = 15.0;
     const double dSin = std::max(std::abs(std::sin(tblWay.dAngle)), 1e-12);
     tbl.dGap = std::min(DbFromPower(tblWay.dAngle / dSin), kGapMost);
-    const double dNorthSouth =
-        NorthSouthGet(BearingGet(GreatCirclePlace(tblWay, 0.5), tblWay.tblTo));
+    const double dNorthSouth = NorthSouthGet(BearingGet(WayPlace(tblWay, 0.5), tblWay.tblTo));
     tbl.dGyro = 0.0;
     const double dHalf = 0.5 / nHops;
-    UpperPointFill(tbl, 0, tblIonosphere, GreatCirclePlace(tblWay, dHalf), dHop, dNorthSouth);
-    UpperPointFill(tbl, 1, tblIonosphere, GreatCirclePlace(tblWay, 1.0 - dHalf), dHop, dNorthSouth);
+    UpperPointFill(tbl, 0, tblIonosphere, WayPlace(tblWay, dHalf), dHop, dNorthSouth);
+    UpperPointFill(tbl, 1, tblIonosphere, WayPlace(tblWay, 1.0 - dHalf), dHop, dNorthSouth);
 }
 
 // Winter anomaly factor Aw at mid-path.
@@ -113,7 +119,7 @@ void DecayApply(std::array<double, 24>& aLower, double dNight)
 
 // fL of all hours with a number of hops; the crossings stay in aLowPlaces.
 void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& tblIonosphere,
-               const GreatCircle& tblWay, int nHops)
+               const Way& tblWay, int nHops)
 {
     const double dHop = tblWay.dKm / nHops;
     const double dElevation = ElevationGet(dHop, kHeightLong);
@@ -122,7 +128,7 @@ void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& 
     for (int i = 0; i < 2 * nHops; ++i) {
         const int nHop = i / 2;
         const double dKm = i % 2 == 0 ? nHop * dHop + dNear : (nHop + 1) * dHop - dNear;
-        const Place tblPlace = GreatCirclePlace(tblWay, dKm / tblWay.dKm);
+        const Place tblPlace = WayPlace(tblWay, dKm / tblWay.dKm);
         tbl.aLowPlaces[static_cast<std::size_t>(i)] = tblPlace;
         for (std::size_t t = 0; t < 24; ++t) {
             const double dCos = SunZenithCosGet(tblIonosphere.tblSun.aHours[t], tblPlace);
@@ -132,8 +138,7 @@ void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& 
     const double dScale =
         (1.0 + 0.009 * tblIonosphere.dSsn)
         / (IncidenceCosGet(dElevation, kHeightAbsorption) * std::log(9.5e6 / tbl.dSlant));
-    const double dWinter =
-        1.0 + WinterGet(tblIonosphere.nMonth, GreatCirclePlace(tblWay, 0.5).dLat);
+    const double dWinter = 1.0 + WinterGet(tblIonosphere.nMonth, WayPlace(tblWay, 0.5).dLat);
     const double dNight = std::sqrt(tblWay.dKm / kLowHop);
     for (std::size_t t = 0; t < 24; ++t)
         aLower[t] = std::max((5.3 * std::sqrt(dScale * aSum[t]) - tbl.dGyro) * dWinter, dNight);
@@ -142,7 +147,7 @@ void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& 
 
 // The number of hops steps at multiples of 3000 km, at 9000 km too. The long-path rule eases the
 // step over the hundred kilometres behind it.
-void LowerEase(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
+void LowerEase(LongPath& tbl, const Ionosphere& tblIonosphere, const Way& tblWay)
 {
     constexpr double kEaseKm = 100.0;
     const double dPart = (tblWay.dKm - kLowHop * (tbl.nLowHops - 1)) / kEaseKm;
@@ -156,7 +161,7 @@ void LowerEase(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle
 
 }  // namespace
 
-void LongPathFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay)
+void LongPathFill(LongPath& tbl, const Ionosphere& tblIonosphere, const Way& tblWay)
 {
     UpperFill(tbl, tblIonosphere, tblWay);
     tbl.nLowHops = HopsGet(tblWay.dKm, kLowHop);

@@ -25,7 +25,7 @@ struct LongPath {
     std::array<double, 24> aRatio[2];      ///< K of the two points by UT
     std::array<double, 24> aLower;         ///< fL by UT
 };
-void LongPathFill(LongPath& tbl, const Ionosphere& tblIonosphere, const GreatCircle& tblWay);
+void LongPathFill(LongPath& tbl, const Ionosphere& tblIonosphere, const Way& tblWay);
 
 /// Limits and MUF at one hour.
 struct LongHour {

@@ -156,10 +156,9 @@ double SinLatGet(const Place& tblPlace)
 
 // The field at places of a great circle: down, along and across it.
 template <class V>
-HOPCAST_INLINE Field<V> TrackFieldGet(const GreatCircle& tblWay, const V& vCos, const V& vSin)
+HOPCAST_INLINE Field<V> TrackFieldGet(const Arc& tblArc, const V& vCos, const V& vSin)
 {
-    const double(&aStart)[3] = tblWay.aStart;
-    const double(&aAhead)[3] = tblWay.aAhead;
+    const auto& [aStart, aAhead] = tblArc;
     const double aAcross[3]{aStart[1] * aAhead[2] - aStart[2] * aAhead[1],
                             aStart[2] * aAhead[0] - aStart[0] * aAhead[2],
                             aStart[0] * aAhead[1] - aStart[1] * aAhead[0]};
@@ -176,7 +175,7 @@ HOPCAST_INLINE Field<V> TrackFieldGet(const GreatCircle& tblWay, const V& vCos, 
     const V aFlat[3]{-tbl.tX * vSinLat * vCosLon + tbl.tY * vSinLon,
                      -tbl.tX * vSinLat * vSinLon - tbl.tY * vCosLon, tbl.tX * vCosLat};
     Field<V> tblTrack{V{}, V{}, tbl.tZ};
-    for (int k = 0; k < 3; ++k) {
+    for (std::size_t k = 0; k < 3; ++k) {
         tblTrack.tX += aFlat[k] * (aAhead[k] * vCos - aStart[k] * vSin);
         tblTrack.tY += aFlat[k] * aAcross[k];
     }
@@ -192,12 +191,12 @@ HOPCAST_INLINE double LanesSumGet(const V& v)
 }
 
 template <class V>
-HOPCAST_INLINE void FieldTrackFill(FieldTrack& tbl, const GreatCircle& tblWay)
+HOPCAST_INLINE void FieldTrackFill(FieldTrack& tbl, const Arc& tblArc)
 {
     constexpr std::size_t kVectors = Circle::kLanesAll / kLanes<V>;
     Field<V> aFields[kVectors];
     for (std::size_t i = 0; i < kVectors; ++i)
-        aFields[i] = TrackFieldGet<V>(tblWay, LaneLoad<V>(&kCircle.aCos[i * kLanes<V>]),
+        aFields[i] = TrackFieldGet<V>(tblArc, LaneLoad<V>(&kCircle.aCos[i * kLanes<V>]),
                                       LaneLoad<V>(&kCircle.aSin[i * kLanes<V>]));
     for (std::size_t j = 0; j <= FieldTrack::kOrderMost; ++j) {
         V aSums[6]{};
@@ -220,9 +219,9 @@ HOPCAST_INLINE void FieldTrackFill(FieldTrack& tbl, const GreatCircle& tblWay)
     }
 }
 
-HOPCAST_WIDE void FieldTrackWideFill(FieldTrack& tbl, const GreatCircle& tblWay)
+HOPCAST_WIDE void FieldTrackWideFill(FieldTrack& tbl, const Arc& tblArc)
 {
-    FieldTrackFill<Lanes4>(tbl, tblWay);
+    FieldTrackFill<Lanes4>(tbl, tblArc);
 }
 
 }  // namespace
@@ -237,13 +236,13 @@ MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight)
     return {std::atan2(tbl.tZ, dFlat), tbl.tZ / dTotal, kGyroPerField * dTotal};
 }
 
-FieldTrack FieldTrackMake(const GreatCircle& tblWay)
+FieldTrack FieldTrackMake(const Arc& tblArc)
 {
     FieldTrack tbl;
     if (LanesWideIs())
-        FieldTrackWideFill(tbl, tblWay);
+        FieldTrackWideFill(tbl, tblArc);
     else
-        FieldTrackFill<Lanes2>(tbl, tblWay);
+        FieldTrackFill<Lanes2>(tbl, tblArc);
     return tbl;
 }
 

@@ -33,7 +33,7 @@ struct FieldTrack {
     std::array<double, kOrderMost + 1> aDownCos, aDownSin, aAlongCos, aAlongSin, aAcrossCos,
         aAcrossSin;
 };
-[[nodiscard]] FieldTrack FieldTrackMake(const GreatCircle& tblWay);
+[[nodiscard]] FieldTrack FieldTrackMake(const Arc& tblArc);
 
 /// Tangent of the dip at an angle from the circle's start, from its cosine and sine.
 template <class V>

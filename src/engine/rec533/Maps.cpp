@@ -8,7 +8,7 @@ constexpr std::array kFof2Last{11, 35, 53, 63, 67, 69, 71, 73, 75};
 constexpr std::array kM3Last{6, 22, 34, 40, 44, 46, 48};
 constexpr std::size_t kPowers = 12;
 constexpr std::size_t kOrders = 9;
-constexpr double kSsnLevels = 100.0;  // between the two levels of the figures
+constexpr double kLevels = 100.0;  // between the two levels of the figures
 
 // The powers of the sine of the modified dip and the products with the longitude terms.
 struct Functions {
@@ -96,12 +96,12 @@ std::array<double, kCount> HarmonicsGet(int nHour)
     return aTerms;
 }
 
-// Both levels mixed for the sunspot number, [k][i].
+// Both levels mixed for the index, [k][i].
 template <std::size_t kFunctions, std::size_t kHarmonics>
 void SeriesFill(std::array<double, kFunctions * kHarmonics>& aSeries, const float* aLevels,
-                double dSsn, double dWeight)
+                double dIndex, double dWeight)
 {
-    const double dHigh = dWeight * dSsn / kSsnLevels;
+    const double dHigh = dWeight * dIndex / kLevels;
     const double dLow = dWeight - dHigh;
     for (std::size_t i = 0; i < aSeries.size(); ++i)
         aSeries[i] += dLow * static_cast<double>(aLevels[i])
@@ -135,25 +135,58 @@ double ProductGet(const std::array<double, kCount>& aA, const std::array<double,
     return dEven + dOdd;
 }
 
+template <class V, std::size_t kFunctions, std::size_t kCells>
+HOPCAST_INLINE void DayLanesFill(std::array<double, 24>& aDay,
+                                 const std::array<std::array<double, 24>, kFunctions>& aHours,
+                                 const std::array<double, kCells>& aPlace)
+{
+    constexpr std::size_t kVectors = 24 / kLanes<V>;
+    V aSums[kVectors]{};
+    for (std::size_t k = 0; k < kFunctions; ++k)
+        for (std::size_t i = 0; i < kVectors; ++i)
+            aSums[i] += LaneLoad<V>(&aHours[k][i * kLanes<V>]) * aPlace[k];
+    for (std::size_t i = 0; i < kVectors; ++i) LaneStore<V>(&aDay[i * kLanes<V>], aSums[i]);
+}
+
+HOPCAST_WIDE void DayWideFill(MapDay& tblDay, const MapHours& tblHours, const MapPlace& tblMap)
+{
+    DayLanesFill<Lanes4>(tblDay.aFof2, tblHours.aFof2Hours, tblMap.aFof2);
+    DayLanesFill<Lanes4>(tblDay.aM3, tblHours.aM3Hours, tblMap.aM3);
+}
+
 }  // namespace
 
-void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dSsn)
+void MapDayFill(MapDay& tblDay, const MapHours& tblHours, const MapPlace& tblMap)
+{
+    if (LanesWideIs()) {
+        DayWideFill(tblDay, tblHours, tblMap);
+        return;
+    }
+    DayLanesFill<Lanes2>(tblDay.aFof2, tblHours.aFof2Hours, tblMap.aFof2);
+    DayLanesFill<Lanes2>(tblDay.aM3, tblHours.aM3Hours, tblMap.aM3);
+}
+
+void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dActivity, double dSsn)
 {
     std::array<double, std::size_t{kFof2Functions} * kFof2Harmonics> aFof2{};
     std::array<double, std::size_t{kM3Functions} * kM3Harmonics> aM3{};
     const double dCcir = eSet == MapSet::Ccir ? 1.0 : eSet == MapSet::Ursi ? 0.0 : 0.5;
     if (dCcir > 0.0)
-        SeriesFill<kFof2Functions, kFof2Harmonics>(aFof2, FiguresFof2(false, nMonth).data(), dSsn,
-                                                   dCcir);
+        SeriesFill<kFof2Functions, kFof2Harmonics>(aFof2, FiguresFof2(false, nMonth).data(),
+                                                   dActivity, dCcir);
     if (dCcir < 1.0)
-        SeriesFill<kFof2Functions, kFof2Harmonics>(aFof2, FiguresFof2(true, nMonth).data(), dSsn,
-                                                   1.0 - dCcir);
+        SeriesFill<kFof2Functions, kFof2Harmonics>(aFof2, FiguresFof2(true, nMonth).data(),
+                                                   dActivity, 1.0 - dCcir);
     SeriesFill<kM3Functions, kM3Harmonics>(aM3, FiguresM3(nMonth).data(), dSsn, 1.0);
     for (int i = 0; i < 24; ++i) {
         const auto nAt = static_cast<std::size_t>(i);
         HourFill<kFof2Functions, kFof2Harmonics>(tblHours.aFof2[nAt], aFof2, i);
         HourFill<kM3Functions, kM3Harmonics>(tblHours.aM3[nAt], aM3, i);
         tblHours.aM3[nAt][kM3Functions] = 0.0;
+        for (std::size_t k = 0; k < kFof2Functions; ++k)
+            tblHours.aFof2Hours[k][nAt] = tblHours.aFof2[nAt][k];
+        for (std::size_t k = 0; k < kM3Functions; ++k)
+            tblHours.aM3Hours[k][nAt] = tblHours.aM3[nAt][k];
     }
 }
 

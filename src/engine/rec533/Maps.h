@@ -13,6 +13,7 @@
 #include <array>
 
 #include "engine/rec533/Figures.h"
+#include "engine/rec533/Lanes.h"
 #include "engine/rec533/MagneticField.h"
 
 namespace rec533 {
@@ -21,10 +22,13 @@ namespace rec533 {
 struct MapHours {
     alignas(16) std::array<std::array<double, kFof2Functions>, 24> aFof2;
     alignas(16) std::array<std::array<double, kM3Functions + 1>, 24> aM3;  // last one 0
+    // The same by function, for all hours of a place at once.
+    alignas(64) std::array<std::array<double, 24>, kFof2Functions> aFof2Hours;
+    alignas(64) std::array<std::array<double, 24>, kM3Functions> aM3Hours;
 };
 
-/// dSsn: sunspot number, 160 at most.
-void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dSsn);
+/// dActivity: index of foF2; dSsn: sunspot number of M(3000)F2; both mix the figures for 0 and 100.
+void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dActivity, double dSsn);
 
 /// Geographic functions at one place.
 struct MapPlace {
@@ -38,6 +42,12 @@ struct MapPlace {
 /// functions of four places. Else the series is taken at the place itself.
 void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, const MagneticField& tblField,
                   bool bGrid);
+
+/// Values of the 24 hours UT at a place.
+struct MapDay {
+    alignas(64) std::array<double, 24> aFof2, aM3;
+};
+void MapDayFill(MapDay& tblDay, const MapHours& tblHours, const MapPlace& tblMap);
 
 [[nodiscard]] double MapFof2Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour);
 [[nodiscard]] double MapM3Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour);

@@ -7,7 +7,7 @@ constexpr double kScreenedMost = 4000.0;    // no screening beyond, km
 constexpr double kFieldOfKilowatt = 136.6;  // dB(uV/m) of 1 kW e.i.r.p. without the loss
 constexpr double kLossFree = 32.45;
 constexpr double kLossOther = 9.14;   // Lz, the empirical constant of the edition
-constexpr double kLossHopSum = 20.0;  // the same in the hop sum
+constexpr double kLossHopSum = 19.0;  // the same in the hop sum
 constexpr double kLossGround = 2.0;   // at each reflection on the ground
 
 // The layers whose mean mirror height counts, and the least foE of the screening.
@@ -17,11 +17,11 @@ struct Screen {
     double dFoe = 0.0;
 };
 
-Screen ScreenMake(const Hour& tbl)
+Screen ScreenMake(const WayHour& tbl)
 {
     Screen tblScreen;
-    const Ionosphere& tblIono = *tbl.pPath->pIonosphere;
-    const double dKm = tbl.pPath->tblWay.dKm;
+    const Ionosphere& tblIono = *tbl.pWay->pIonosphere;
+    const double dKm = tbl.pWay->tblWay.dKm;
     if (dKm > kScreenedMost || tbl.nOrderF2 == 0)
         return tblScreen;
     tblScreen.dFoe = tbl.dFoeScreen;
@@ -51,9 +51,9 @@ struct ModeNumbers {
     int nCrossings;
 };
 
-ModeNumbers ModeNumbersGet(const Hour& tbl, const Mode& tblMode)
+ModeNumbers ModeNumbersGet(const WayHour& tbl, const Mode& tblMode)
 {
-    const Path& tblPath = *tbl.pPath;
+    const WayPath& tblPath = *tbl.pWay;
     ModeNumbers tblN{};
     tblN.pMode = &tblMode;
     tblN.dHop = tblPath.tblWay.dKm / tblMode.nHops;
@@ -69,13 +69,13 @@ ModeNumbers ModeNumbersGet(const Hour& tbl, const Mode& tblMode)
 }
 
 // Makes a mode's crossings, if they are not there.
-void ModeCrossingsMake(Hour& tbl, Mode& tblMode)
+void ModeCrossingsMake(WayHour& tbl, Mode& tblMode)
 {
     if (tblMode.nCrossing >= 0)
         return;
     tblMode.nCrossing = tbl.nCrossings;
     tbl.nCrossings += 2 * tblMode.nHops;
-    CrossingsFill(tbl.tblAbsorption, tbl.pPath->tblTrack, tblMode.nHops, tblMode.dElevation,
+    CrossingsFill(tbl.tblAbsorption, tbl.pWay->tblTrack, tblMode.nHops, tblMode.dElevation,
                   &tbl.aCrossings[static_cast<std::size_t>(tblMode.nCrossing)]);
 }
 
@@ -87,6 +87,14 @@ HOPCAST_INLINE V MufLossGet(bool bE, bool bFar, const V& vOver, const V& vRoot)
                     : bFar ? LaneMin<V>(70.0 * vOver + 8.0, LaneAll<V>(80.0))
                            : LaneMin<V>(36.0 * vRoot + 5.0, LaneAll<V>(60.0));
     return LaneSelect(vOver > 0.0, vLoss, LaneAll<V>(0.0));
+}
+
+// The same of a mode of the hop sum, above the lowest MUF of its hops.
+template <class V>
+HOPCAST_INLINE V WorstLossGet(const V& vF, double dWorst)
+{
+    const V vOver = vF / dWorst - 1.0;
+    return MufLossGet<V>(false, false, vOver, LaneSqrt<V>(LaneMax<V>(vOver, LaneAll<V>(0.0))));
 }
 
 // Screening frequency of an F2 mode. The elevation's cosine comes from its tangent.
@@ -141,8 +149,9 @@ HOPCAST_INLINE void ModeFieldFill(ModeRows& tbl, const ModeNumbers& tblN,
             tblN.dLoss + vDb + vAbsorption + MufLossGet<V>(tblMode.bE, tblN.bFar, vOver, vRoot);
         LaneStore<V>(&tbl.aLoss[i], vLoss);
         LaneStore<V>(&tbl.aField[i], tblN.dField + vDb - vLoss);
-        LaneStore<V>(&tbl.aHopField[i],
-                     tblN.dHopField - vAbsorption - MufLossGet<V>(false, false, vOver, vRoot));
+        if (tblMode.dWorst > 0.0)
+            LaneStore<V>(&tbl.aHopField[i],
+                         tblN.dHopField - vAbsorption - WorstLossGet<V>(vF, tblMode.dWorst));
     }
 }
 
@@ -159,7 +168,7 @@ HOPCAST_WIDE void ModeFieldWide(ModeRows& tbl, const ModeNumbers& tblN, const Fr
 
 }  // namespace
 
-void ModesRowsFill(ModesRows& aRows, Hour& tblHour, const FrequencySet& tblSet)
+void ModesRowsFill(ModesRows& aRows, WayHour& tblHour, const FrequencySet& tblSet)
 {
     const bool bWide = LanesWideIs();
     const Screen tblScreen = ScreenMake(tblHour);

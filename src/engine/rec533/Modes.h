@@ -19,7 +19,8 @@ inline constexpr int kModesMost = 9;
 struct Mode {
     bool bE = false;  ///< E mode, else F2
     int nHops = 1;
-    double dMuf = 0.0;  ///< basic MUF, median
+    double dMuf = 0.0;    ///< basic MUF, median
+    double dWorst = 0.0;  ///< in the hop sum: the lowest MUF of its hops
     DecileFactors tblDeciles;
     double dOperational = 0.0;  ///< operational MUF
     bool bReaches = true;       ///< its hop is short enough to carry power
@@ -43,11 +44,11 @@ struct ModeRows {
     FrequencyRow aHopField;   ///< the same in the hop sum of the long-path rule
 };
 
-struct Hour {
-    Path* pPath = nullptr;
+/// An hour of one way.
+struct WayHour {
+    WayPath* pWay = nullptr;
     int nLabel = 1;  ///< 1 to 24 UTC
     FoeHour tblFoe;
-    NoiseHour tblNoise;
     AbsorptionHour tblAbsorption;
     F2Layer tblMid, tblHopT, tblHopR;
     double dFoeModes = 0.0;         ///< foE of the E modes
@@ -60,9 +61,15 @@ struct Hour {
     std::array<Crossing, kCrossingsMost> aCrossings;
     int nCrossings = 0;
     LongHour tblLong;
+};
+
+struct Hour : WayHour {
+    Path* pPath = nullptr;
+    NoiseHour tblNoise;
     double dMuf = 0.0, dMuf10 = 0.0,
            dMuf90 = 0.0;  ///< path basic MUF: median, 10 %, 90 % of the days
     double dOperational = 0.0, dOperational10 = 0.0, dOperational90 = 0.0;
+    std::array<WayHour, 2> aBent;  ///< of the path's bent ways
 };
 
 /// Fills an hour (large: keep it off the stack of a loop). The path outlives it.
@@ -71,6 +78,6 @@ void HourFill(Hour& tbl, Path& tblPath, int nLabel);
 using ModesRows = std::array<ModeRows, kModesMost>;
 
 /// All modes at the frequencies of a set. Crossings are made when a mode first needs them.
-void ModesRowsFill(ModesRows& aRows, Hour& tblHour, const FrequencySet& tblSet);
+void ModesRowsFill(ModesRows& aRows, WayHour& tblHour, const FrequencySet& tblSet);
 
 }  // namespace rec533

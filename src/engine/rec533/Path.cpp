@@ -27,6 +27,43 @@ bool HighLatitudeIs(const Path& tbl)
     return std::any_of(aSin, aSin + 3, [](double dSin) { return dSin >= kSin60; });
 }
 
+// The control points of a way whose geometry is there.
+void WaySitesFill(WayPath& tbl)
+{
+    const double dKm = tbl.tblWay.dKm;
+    tbl.tblTrack = CrossingTrackMake(tbl.tblWay);
+    SiteFill(tbl.tblMid, WayPlace(tbl.tblWay, 0.5));
+    if (dKm > kControlShort) {
+        SiteFill(tbl.tblAheadT, WayPlace(tbl.tblWay, kControlAhead / dKm));
+        SiteFill(tbl.tblAheadR, WayPlace(tbl.tblWay, 1.0 - kControlAhead / dKm));
+    }
+    tbl.aHopMade.fill(false);
+    tbl.tblMiddles.aMade.fill(false);
+    if (dKm >= kShortOnly)
+        LongPathFill(tbl.tblLong, *tbl.pIonosphere, tbl.tblWay);
+}
+
+// The ways bent to the right and to the left of a long path.
+void BentWaysFill(Path& tbl)
+{
+    tbl.dBend = tbl.bHopSum ? WayBendGet(tbl.tblWay.dAngle) : 0.0;
+    tbl.nBent = tbl.dBend > 0.0 ? tbl.aBent.size() : 0;
+    for (std::size_t i = 0; i < tbl.nBent; ++i) {
+        WayPath& tblBent = tbl.aBent[i];
+        tblBent.pIonosphere = tbl.pIonosphere;
+        tblBent.pTx = tbl.pTx;
+        tblBent.pRx = tbl.pRx;
+        tblBent.dPowerDb = tbl.dPowerDb;
+        tblBent.dLeastElevation = tbl.dLeastElevation;
+        tblBent.bHopSum = true;
+        tblBent.tblTxLow = tbl.tblTxLow;
+        tblBent.tblRxLow = tbl.tblRxLow;
+        tblBent.tblWay = WayBentMake(tbl.tblWay, tbl.dBend, i == 0 ? -1.0 : 1.0);
+        WaySitesFill(tblBent);
+        tblBent.tblLong.dGap = tbl.tblLong.dGap;
+    }
+}
+
 }  // namespace
 
 void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCircuit)
@@ -45,31 +82,44 @@ void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCirc
     tbl.dShareQuantile = ShareQuantileGet(tbl.tblCircuit.dRequiredReliability);
     tbl.dPowerDb = DbFromPower(tblCircuit.dPowerKw);
     const Place tblRx = PlaceFromDegrees(tblCircuit.dRxLat, tblCircuit.dRxLon);
-    tbl.tblWay = GreatCircleMake(PlaceFromDegrees(tblCircuit.dTxLat, tblCircuit.dTxLon), tblRx,
-                                 tblCircuit.bLongWay);
-    tbl.tblTrack = CrossingTrackMake(tbl.tblWay);
-    const double dKm = tbl.tblWay.dKm;
-    SiteFill(tbl.tblMid, GreatCirclePlace(tbl.tblWay, 0.5));
-    if (dKm > kControlShort) {
-        SiteFill(tbl.tblAheadT, GreatCirclePlace(tbl.tblWay, kControlAhead / dKm));
-        SiteFill(tbl.tblAheadR, GreatCirclePlace(tbl.tblWay, 1.0 - kControlAhead / dKm));
-    }
-    tbl.aHopMade.fill(false);
+    tbl.pTx = tblCircuit.pTx;
+    tbl.pRx = tblCircuit.pRx;
+    tbl.tblWay =
+        WayMake(PlaceFromDegrees(tblCircuit.dTxLat, tblCircuit.dTxLon), tblRx, tblCircuit.bLongWay);
+    tbl.bHopSum = tblIonosphere.eBehaviour == Behaviour::Best && tbl.tblWay.dKm > kShortOnly;
+    WaySitesFill(tbl);
+    BentWaysFill(tbl);
     tbl.tblNoise = NoisePlaceMake(tblRx);
-    if (dKm >= kShortOnly)
-        LongPathFill(tbl.tblLong, tblIonosphere, tbl.tblWay);
     tbl.bHighLatitude = HighLatitudeIs(tbl);
 }
 
-void PathHopSitesMake(Path& tbl, int nOrder)
+void PathHopSitesMake(WayPath& tbl, int nOrder)
 {
     const auto nAt = static_cast<std::size_t>(nOrder);
     if (tbl.aHopMade[nAt])
         return;
     const double dHalf = 0.5 / nOrder;
-    SiteFill(tbl.aHopT[nAt], GreatCirclePlace(tbl.tblWay, dHalf));
-    SiteFill(tbl.aHopR[nAt], GreatCirclePlace(tbl.tblWay, 1.0 - dHalf));
+    SiteFill(tbl.aHopT[nAt], WayPlace(tbl.tblWay, dHalf));
+    SiteFill(tbl.aHopR[nAt], WayPlace(tbl.tblWay, 1.0 - dHalf));
     tbl.aHopMade[nAt] = true;
+}
+
+void PathMiddlesMake(WayPath& tbl, int nHops)
+{
+    HopMiddles& tblMiddles = tbl.tblMiddles;
+    if (tblMiddles.aMade[static_cast<std::size_t>(nHops)])
+        return;
+    tblMiddles.aMade[static_cast<std::size_t>(nHops)] = true;
+    std::size_t nAt = HopMiddles::FirstGet(nHops);
+    for (int i = 0; i < nHops; ++i, ++nAt) {
+        const Place tblPlace = WayPlace(tbl.tblWay, (i + 0.5) / nHops);
+        const MagneticField tblField = MagneticFieldGet(tblPlace, FieldHeight::Maps);
+        MapPlace tblMap;
+        MapPlaceFill(tblMap, tblPlace, tblField, false);
+        MapDayFill(tblMiddles.aMaps[nAt], tbl.pIonosphere->tblMaps, tblMap);
+        tblMiddles.aPlaces[nAt] = tblPlace;
+        tblMiddles.aGyro[nAt] = tblField.dGyro;
+    }
 }
 
 }  // namespace rec533

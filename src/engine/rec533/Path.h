@@ -25,28 +25,57 @@ inline constexpr double kLongOnly = 9000.0;      ///< from here the long method 
 inline constexpr int kOrderMost = 6;             ///< hops of the highest order of the short method
 inline constexpr int kOrderHopSumMost = 14;      ///< highest lowest order of the hop sum
 
-struct Path {
+/// Most hops of a mode of the hop sum.
+inline constexpr int kHopsMost = 17;
+
+/// The middles of the hops of each order, whose lowest MUF is that of the chain.
+struct HopMiddles {
+    static constexpr std::size_t kCount = kHopsMost * (kHopsMost + 1) / 2;
+    [[nodiscard]] static std::size_t FirstGet(int nHops)
+    {
+        return static_cast<std::size_t>(nHops * (nHops - 1) / 2);
+    }
+    std::array<bool, kHopsMost + 1> aMade{};
+    std::array<Place, kCount> aPlaces;
+    std::array<double, kCount> aGyro;  ///< at 300 km, MHz
+    std::array<MapDay, kCount> aMaps;
+};
+
+/// One way of a path with its control points.
+struct WayPath {
     const Ionosphere* pIonosphere = nullptr;
-    Circuit tblCircuit;
-    GreatCircle tblWay;
+    const Antenna* pTx = nullptr;
+    const Antenna* pRx = nullptr;
+    Way tblWay;
     CrossingTrack tblTrack;
     double dPowerDb = 0.0;         ///< transmitter, dB above 1 kW
-    double dShareQuantile = 0.0;   ///< of the required reliability
     double dLeastElevation = 0.0;  ///< radians
+    bool bHopSum = false;          ///< the long-path rule applies
     AntennaLow tblTxLow, tblRxLow;
     Site tblMid;
     Site tblAheadT, tblAheadR;  ///< T + 1000, R - 1000; only beyond 2000 km
     std::array<Site, kOrderHopSumMost + 1> aHopT, aHopR;  ///< T + d0/2, R - d0/2 for d0 = D / index
     std::array<bool, kOrderHopSumMost + 1> aHopMade{};
-    bool bHighLatitude = false;  ///< for the signal deciles
+    HopMiddles tblMiddles;  ///< only where the long-path rule applies
+    LongPath tblLong;       ///< only from 7000 km on
+};
+
+struct Path : WayPath {
+    Circuit tblCircuit;
+    double dShareQuantile = 0.0;  ///< of the required reliability
+    bool bHighLatitude = false;   ///< for the signal deciles
     NoisePlace tblNoise;
-    LongPath tblLong;  ///< only from 7000 km on
+    double dBend = 0.0;            ///< of the bent ways, radians
+    std::size_t nBent = 0;         ///< 0, or 2 beyond 12 000 km by the long-path rule
+    std::array<WayPath, 2> aBent;  ///< to the right and to the left
 };
 
 /// Fills a path (large: keep it off the stack of a loop). The ionosphere outlives it.
 void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCircuit);
 
 /// Makes the two half-hop control points of an order, if they are not there.
-void PathHopSitesMake(Path& tbl, int nOrder);
+void PathHopSitesMake(WayPath& tbl, int nOrder);
+/// Makes the middles of the hops of an order, if they are not there.
+void PathMiddlesMake(WayPath& tbl, int nHops);
 
 }  // namespace rec533

@@ -14,7 +14,7 @@ struct ModeSums {
 };
 
 template <class V>
-HOPCAST_INLINE ModeSums<V> ModeSumsGet(const Hour& tblHour, const ModesRows& aModes,
+HOPCAST_INLINE ModeSums<V> ModeSumsGet(const WayHour& tblHour, const ModesRows& aModes,
                                        FrequencyRow ModeRows::*pOwn, std::size_t nAt)
 {
     V vBest = LaneAll<V>(-1e300);
@@ -44,13 +44,6 @@ HOPCAST_INLINE ModeSums<V> ModeSumsGet(const Hour& tblHour, const ModesRows& aMo
             vMode};
 }
 
-template <class V>
-HOPCAST_INLINE V PowerSumGet(const V& vA, const V& vB)
-{
-    const V vMost = LaneMax(vA, vB);
-    return vMost + kPerNeper * LaneLog<V>(1.0 + LaneExp<V>(kNepers * (LaneMin(vA, vB) - vMost)));
-}
-
 // Section 5.4: mean of the two methods in the scale 10^(E/100).
 template <class V>
 HOPCAST_INLINE V FieldMixGet(const V& vShort, const V& vLong, double dPart)
@@ -65,35 +58,85 @@ struct Fields {
     V tShort, tLong, tShare, tField, tPower, tMode;
 };
 
-// The long-path rule: hop by hop and long method add in power, eased in from 7000 km to 9000 km.
+// What the ways carry in power, as fields and with the receiving antenna's gains: the terms are
+// kept until their greatest is known.
 template <class V>
-HOPCAST_INLINE void LongRuleFill(Fields<V>& tbl, const Hour& tblHour, const ModesRows& aModes,
-                                 const ModeSums<V>& tblShort, double dPart, std::size_t nAt)
+struct WaySums {
+    std::array<V, 6> aField, aReceived;
+    std::size_t nTerms = 0;
+
+    HOPCAST_INLINE void Add(const V& vField, const V& vReceived)
+    {
+        aField[nTerms] = vField;
+        aReceived[nTerms++] = vReceived;
+    }
+    // The mean of the ways, two terms each.
+    HOPCAST_INLINE V MeanGet(const std::array<V, 6>& aTerms) const
+    {
+        V vMost = aTerms[0];
+        for (std::size_t i = 1; i < nTerms; ++i) vMost = LaneMax<V>(vMost, aTerms[i]);
+        V vSum{};
+        for (std::size_t i = 0; i < nTerms; ++i) vSum += LaneExp<V>(kNepers * (aTerms[i] - vMost));
+        return vMost + kPerNeper * LaneLog<V>(vSum / (static_cast<double>(nTerms) / 2.0));
+    }
+};
+
+// Adds what one way carries hop by hop and by the long method, and gives the former; its mode is
+// none where the latter is stronger.
+template <class V>
+HOPCAST_INLINE ModeSums<V> WayAdd(WaySums<V>& tblSums, WayRows& tblRows, const WayHour& tblHour,
+                                  const ModesRows& aModes, const V& vFrequency, double dEase,
+                                  std::size_t nAt)
 {
-    constexpr double kFree = 120.0;         // E0', dB
-    constexpr double kOffset = 3.87;        // dB
-    constexpr double kShortLeast = -100.0;  // of 1 kW, dB(uV/m)
-    const Path& tblPath = *tblHour.pPath;
-    const V vLong = (kFree - tblPath.tblLong.dSlantDb) * tbl.tShare - 30.0 + tblPath.dPowerDb
-                    + tblPath.tblTxLow.dGain + tblPath.tblLong.dGap + kOffset;
+    constexpr double kFree = 120.0;   // E0', dB
+    constexpr double kOffset = 3.87;  // dB
+    const WayPath& tblPath = *tblHour.pWay;
+    const LongPath& tblLong = tblPath.tblLong;
+    const V vLong =
+        (kFree - tblLong.dSlantDb) * LongShareGet<V>(tblLong, tblHour.tblLong, vFrequency) - 30.0
+        + tblPath.dPowerDb + tblPath.tblTxLow.dGain + tblLong.dGap + kOffset;
+    const V vLongReceived = vLong + tblPath.tblRxLow.dGain;
     ModeSums<V> tblHops = ModeSumsGet<V>(tblHour, aModes, &ModeRows::aHopField, nAt);
-    const double dGap = tblPath.tblLong.dGap * dPart;
+    const double dGap = tblLong.dGap * dEase;
     tblHops.tField += dGap;
     tblHops.tReceived += dGap;
-    const V vLongReceived = vLong + tblPath.tblRxLow.dGain;
-    tbl.tLong = PowerSumGet<V>(tblHops.tField, vLong);
+    tblHops.tMode = LaneSelect(tblHops.tReceived >= vLongReceived, tblHops.tMode, LaneAll<V>(-1.0));
+    tblSums.Add(tblHops.tField, tblHops.tReceived);
+    tblSums.Add(vLong, vLongReceived);
+    LaneStore<V>(&tblRows.aHops[nAt], tblHops.tField);
+    LaneStore<V>(&tblRows.aLong[nAt], vLong);
+    return tblHops;
+}
+
+// The long-path rule: hop by hop and long method add in power on each way, the ways' powers have
+// their mean; eased in from 7000 km to 9000 km.
+template <class V>
+HOPCAST_INLINE void LongRuleFill(Fields<V>& tbl, const Hour& tblHour, PredictionWork& tblWork,
+                                 const ModeSums<V>& tblShort, const FrequencySet& tblSet,
+                                 double dPart, std::size_t nAt)
+{
+    constexpr double kShortLeast = -100.0;  // of 1 kW, dB(uV/m)
+    const Path& tblPath = *tblHour.pPath;
+    const V vFrequency = LaneLoad<V>(&tblSet.aMegahertz[nAt]);
+    WaySums<V> tblSums;
+    tbl.tMode =
+        WayAdd<V>(tblSums, tblWork.aWays[0], tblHour, tblWork.aModes[0], vFrequency, dPart, nAt)
+            .tMode;
+    for (std::size_t i = 0; i < tblPath.nBent; ++i)
+        WayAdd<V>(tblSums, tblWork.aWays[i + 1], tblHour.aBent[i], tblWork.aModes[i + 1],
+                  vFrequency, dPart, nAt);
+    tbl.tLong = tblSums.MeanGet(tblSums.aField);
     tbl.tField = tbl.tLong;
-    tbl.tPower = PowerSumGet<V>(tblHops.tReceived, vLongReceived);
+    tbl.tPower = tblSums.MeanGet(tblSums.aReceived);
     if (dPart < 1.0) {
         const V vLeast = LaneAll<V>(kShortLeast + tblPath.dPowerDb);
         tbl.tField = (1.0 - dPart) * LaneMax<V>(tblShort.tField, vLeast) + dPart * tbl.tField;
         tbl.tPower = (1.0 - dPart) * LaneMax<V>(tblShort.tReceived, vLeast) + dPart * tbl.tPower;
     }
-    tbl.tMode = LaneSelect(tblHops.tReceived >= vLongReceived, tblHops.tMode, LaneAll<V>(-1.0));
 }
 
 template <class V>
-HOPCAST_INLINE Fields<V> FieldsGet(const Hour& tblHour, const ModesRows& aModes,
+HOPCAST_INLINE Fields<V> FieldsGet(const Hour& tblHour, PredictionWork& tblWork,
                                    const FrequencySet& tblSet, std::size_t nAt)
 {
     const Path& tblPath = *tblHour.pPath;
@@ -101,7 +144,7 @@ HOPCAST_INLINE Fields<V> FieldsGet(const Hour& tblHour, const ModesRows& aModes,
     Fields<V> tbl{};
     ModeSums<V> tblShort{};
     if (dKm <= kLongOnly) {
-        tblShort = ModeSumsGet<V>(tblHour, aModes, &ModeRows::aField, nAt);
+        tblShort = ModeSumsGet<V>(tblHour, tblWork.aModes[0], &ModeRows::aField, nAt);
         tbl.tShort = tblShort.tField;
     }
     if (dKm >= kShortOnly) {
@@ -117,8 +160,8 @@ HOPCAST_INLINE Fields<V> FieldsGet(const Hour& tblHour, const ModesRows& aModes,
         return tbl;
     }
     const double dPart = std::min((dKm - kShortOnly) / (kLongOnly - kShortOnly), 1.0);
-    if (tblPath.pIonosphere->eBehaviour == Behaviour::Best) {
-        LongRuleFill<V>(tbl, tblHour, aModes, tblShort, dPart, nAt);
+    if (tblPath.bHopSum) {
+        LongRuleFill<V>(tbl, tblHour, tblWork, tblShort, tblSet, dPart, nAt);
         return tbl;
     }
     tbl.tField = dPart < 1.0 ? FieldMixGet<V>(tblShort.tField, tbl.tLong, dPart) : tbl.tLong;
@@ -128,11 +171,11 @@ HOPCAST_INLINE Fields<V> FieldsGet(const Hour& tblHour, const ModesRows& aModes,
 }
 
 template <class V>
-HOPCAST_INLINE void FieldsFill(PredictionRows& tbl, const Hour& tblHour, const ModesRows& aModes,
+HOPCAST_INLINE void FieldsFill(PredictionRows& tbl, const Hour& tblHour, PredictionWork& tblWork,
                                const FrequencySet& tblSet)
 {
     for (std::size_t i = 0; i < tblSet.nCount; i += kLanes<V>) {
-        const Fields<V> tblF = FieldsGet<V>(tblHour, aModes, tblSet, i);
+        const Fields<V> tblF = FieldsGet<V>(tblHour, tblWork, tblSet, i);
         LaneStore<V>(&tbl.aFieldShort[i], tblF.tShort);
         LaneStore<V>(&tbl.aFieldLong[i], tblF.tLong);
         LaneStore<V>(&tbl.aLongShare[i], tblF.tShare);
@@ -142,10 +185,10 @@ HOPCAST_INLINE void FieldsFill(PredictionRows& tbl, const Hour& tblHour, const M
     }
 }
 
-HOPCAST_WIDE void FieldsWideFill(PredictionRows& tbl, const Hour& tblHour, const ModesRows& aModes,
+HOPCAST_WIDE void FieldsWideFill(PredictionRows& tbl, const Hour& tblHour, PredictionWork& tblWork,
                                  const FrequencySet& tblSet)
 {
-    FieldsFill<Lanes4>(tbl, tblHour, aModes, tblSet);
+    FieldsFill<Lanes4>(tbl, tblHour, tblWork, tblSet);
 }
 
 }  // namespace
@@ -155,11 +198,13 @@ void PredictionRowsFill(PredictionRows& tbl, PredictionWork& tblWork, Hour& tblH
 {
     const Path& tblPath = *tblHour.pPath;
     const Circuit& tblCircuit = tblPath.tblCircuit;
-    ModesRowsFill(tblWork.aModes, tblHour, tblSet);
+    ModesRowsFill(tblWork.aModes[0], tblHour, tblSet);
+    for (std::size_t i = 0; i < tblPath.nBent; ++i)
+        ModesRowsFill(tblWork.aModes[i + 1], tblHour.aBent[i], tblSet);
     if (LanesWideIs())
-        FieldsWideFill(tbl, tblHour, tblWork.aModes, tblSet);
+        FieldsWideFill(tbl, tblHour, tblWork, tblSet);
     else
-        FieldsFill<Lanes2>(tbl, tblHour, tblWork.aModes, tblSet);
+        FieldsFill<Lanes2>(tbl, tblHour, tblWork, tblSet);
     const bool bShort = tblPath.tblWay.dKm <= kShortOnly;
     const double dLow = bShort ? 0.0 : tblPath.tblTxLow.nDegrees * kRadians;
     for (std::size_t i = 0; i < tblSet.nCount; ++i) {

@@ -25,9 +25,16 @@ struct PredictionRows {
     SnrRows tblSnr;
 };
 
+/// What one way carries by the long-path rule, dB(uV/m).
+struct WayRows {
+    FrequencyRow aHops;  ///< hop by hop
+    FrequencyRow aLong;  ///< the long method, widened
+};
+
 /// What PredictionRowsFill works in: large, one a thread.
 struct PredictionWork {
-    ModesRows aModes;
+    std::array<ModesRows, 3> aModes;  ///< of the straight way and the bent ones
+    std::array<WayRows, 3> aWays;     ///< of the same; only beyond 7000 km by the long-path rule
 };
 
 /// Hour's lists of crossings grow with the first prediction that needs them.

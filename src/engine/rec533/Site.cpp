@@ -18,8 +18,6 @@ double SiteFoeGet(const FoeHour& tblHour, const Place& tblPlace)
 
 F2Layer SiteLayerGet(const Ionosphere& tbl, const FoeHour& tblHour, Site& tblSite, int nLabel)
 {
-    constexpr double kFof2Least = 0.1;  // MHz; the maps do not come near it
-    constexpr double kM3Least = 1.5;
     if (!tblSite.bMap) {
         const MagneticField tblField = MagneticFieldGet(tblSite.tblPlace, FieldHeight::Maps);
         tblSite.dGyro300 = tblField.dGyro;
@@ -27,7 +25,7 @@ F2Layer SiteLayerGet(const Ionosphere& tbl, const FoeHour& tblHour, Site& tblSit
         tblSite.bMap = true;
     }
     const int nHour = MapHourGet(nLabel);
-    return F2LayerMake(std::max(MapFof2Get(tbl.tblMaps, tblSite.tblMap, nHour), kFof2Least),
+    return F2LayerMake(std::max(MapFof2Get(tbl.tblMaps, tblSite.tblMap, nHour), tbl.dFof2Least),
                        std::max(MapM3Get(tbl.tblMaps, tblSite.tblMap, nHour), kM3Least),
                        SiteFoeGet(tblHour, tblSite.tblPlace), tblSite.dGyro300);
 }

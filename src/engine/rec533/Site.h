@@ -9,6 +9,8 @@
 
 namespace rec533 {
 
+inline constexpr double kM3Least = 1.5;
+
 struct Site {
     Place tblPlace;
     MapPlace tblMap;  ///< only with bMap

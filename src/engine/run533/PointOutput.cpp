@@ -24,7 +24,7 @@ struct Column {
 struct Page {
     const PointDeck* pDeck = nullptr;
     const RunParts* pParts = nullptr;
-    rec533::GreatCircle tblWay;
+    rec533::Way tblWay;
     rec533::Circuit tblCircuit;
     std::array<rec533::DayHour, 24> aHours;
     std::vector<rec533::Prediction> aCells;  // [hour][usable frequency]
