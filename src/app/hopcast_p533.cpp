@@ -1,18 +1,23 @@
 // The prediction method for a table of circuits, for checking and research.
 //
 //   hopcast-p533 [--behaviour best|corrected|reference] [--reference] [--maps ccir|ursi|mean]
-//   IN.csv OUT.csv
+//   [--points] IN.csv OUT.csv
+//
+// Without --maps the mean of both maps is taken, but for the reference that of the ITU program.
+// --points takes a table of places and gives the ionosphere over them.
 //
 // Exit status: 0 done, 1 the table or a file cannot be used (one line on standard error), 2 wrong
 // usage.
 
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "engine/run533/CircuitTable.h"
+#include "engine/run533/PointTable.h"
 #include "system/ConsoleLib.h"
 #include "system/FileLib.h"
 
@@ -24,7 +29,8 @@ constexpr std::size_t kTableMost = std::size_t{1} << 30;
 
 struct Options {
     rec533::Behaviour eBehaviour = rec533::Behaviour::Best;
-    rec533::MapSet eMaps = rec533::MapSet::Ccir;
+    std::optional<rec533::MapSet> eMaps;
+    bool bPoints = false;
     std::vector<std::string> aFiles;
 };
 
@@ -61,6 +67,8 @@ bool OptionsRead(Options& tbl, const std::vector<std::string>& asWords)
         const bool bNext = i + 1 < asWords.size();
         if (sArgument == "--reference") {
             tbl.eBehaviour = rec533::Behaviour::Reference;
+        } else if (sArgument == "--points") {
+            tbl.bPoints = true;
         } else if (sArgument == "--behaviour") {
             if (!bNext || !BehaviourRead(tbl, asWords[++i]))
                 return false;
@@ -81,8 +89,12 @@ Result<void> TableRun(const Options& tbl)
     const Result<std::string> resTable = FileRead(tbl.aFiles[0], kTableMost);
     if (!resTable)
         return RunError{tbl.aFiles[0] + ", " + resTable.TextGet()};
+    const bool bReference = tbl.eBehaviour == rec533::Behaviour::Reference;
+    const rec533::MapSet eMaps =
+        tbl.eMaps.value_or(bReference ? rec533::MapSet::Ccir : rec533::MapSet::Mean);
     const Result<std::string> resOut =
-        run533::CircuitTableMake(resTable.ValueGet(), tbl.eBehaviour, tbl.eMaps);
+        tbl.bPoints ? run533::PointTableMake(resTable.ValueGet(), tbl.eBehaviour, eMaps)
+                    : run533::CircuitTableMake(resTable.ValueGet(), tbl.eBehaviour, eMaps);
     if (!resOut)
         return RunError{tbl.aFiles[0] + ", " + resOut.TextGet()};
     const Result<void> resWritten = FileReplace(tbl.aFiles[1], resOut.ValueGet());
@@ -100,7 +112,7 @@ int main(int nCount, char** pArguments)
         if (!OptionsRead(tbl, ArgumentsGet(nCount, pArguments))) {
             std::fputs(
                 "usage: hopcast-p533 [--behaviour best|corrected|reference] [--reference]"
-                " [--maps ccir|ursi|mean] IN.csv OUT.csv\n",
+                " [--maps ccir|ursi|mean] [--points] IN.csv OUT.csv\n",
                 stderr);
             return kUsage;
         }

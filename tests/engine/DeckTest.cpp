@@ -21,7 +21,7 @@ TEST(PointDeck, ReadsEveryField)
     const auto res = PointDeckRead(DeckOf("p2p_05.dat"));
     ASSERT_TRUE(res) << res.TextGet();
     const PointDeck& tbl = res.ValueGet();
-    EXPECT_TRUE(tbl.tblCommon.bUrsi);
+    EXPECT_EQ(tbl.tblCommon.eMaps, rec533::MapSet::Ursi);
     EXPECT_EQ(tbl.tblCommon.dSsn, 10.0);
     EXPECT_EQ(tbl.nYear, 2026);
     EXPECT_EQ(tbl.tblCommon.nMonth, 12);
@@ -71,7 +71,7 @@ TEST(PointDeck, WhatIsWrongIsToldByCardAndColumn)
 {
     const std::string sDeck = DeckOf("p2p_01.dat");
     for (const BadCase& c : {
-             BadCase{"URSI", "ursa", "COEFFS, columns 11-16: neither CCIR nor URSI"},
+             BadCase{"URSI", "ursa", "COEFFS, columns 11-16: none of CCIR, URSI, MEAN"},
              BadCase{"170.0", "1x0.0", "SUNSPOT, columns 11-15: \"1x0.0\" is not a number"},
              BadCase{"170.0", "312.0", "SUNSPOT, columns 11-15: 312.0 is not within 0 to 311"},
              BadCase{"   23    1", "   22    1",
@@ -139,12 +139,30 @@ TEST(PointDeck, UnusableFrequencyIsReadAllTheSame)
     EXPECT_FALSE(FrequencyUsable(0.0));
 }
 
+TEST(PointDeck, KnowsTheMeanOfTheMaps)
+{
+    std::string sDeck = DeckOf("p2p_05.dat");
+    sDeck.replace(sDeck.find("URSI"), 4, "MEAN");
+    const auto res = PointDeckRead(sDeck);
+    ASSERT_TRUE(res) << res.TextGet();
+    EXPECT_EQ(res.ValueGet().tblCommon.eMaps, rec533::MapSet::Mean);
+}
+
+TEST(AreaDeck, KnowsTheMeanOfTheMaps)
+{
+    std::string sDeck = DeckOf("area_03.rec");
+    sDeck.replace(sDeck.find("URSI"), 4, "MEAN");
+    const auto res = AreaDeckRead(sDeck);
+    ASSERT_TRUE(res) << res.TextGet();
+    EXPECT_EQ(res.ValueGet().tblCommon.eMaps, rec533::MapSet::Mean);
+}
+
 TEST(AreaDeck, ReadsEveryField)
 {
     const auto res = AreaDeckRead(DeckOf("area_03.rec"));
     ASSERT_TRUE(res) << res.TextGet();
     const AreaDeck& tbl = res.ValueGet();
-    EXPECT_TRUE(tbl.tblCommon.bUrsi);
+    EXPECT_EQ(tbl.tblCommon.eMaps, rec533::MapSet::Ursi);
     EXPECT_EQ(tbl.tblCommon.dSsn, 60.0);
     EXPECT_EQ(tbl.tblCommon.nMonth, 12);
     EXPECT_EQ(tbl.sTxName, "Transmitter");
@@ -224,7 +242,7 @@ TEST(AreaDeck, WhatIsWrongIsToldByLineAndColumn)
                      "Tx Ants, columns 47-57: the text runs on behind these columns"},
              BadCase{"SWWHIP.VOA  ]", "SWWHIP.VOA   ",
                      "Rec Ants, columns 12-32: no name between brackets"},
-             BadCase{":URSI", ":URSA", "Coeffs, columns 11-16: neither CCIR nor URSI"},
+             BadCase{":URSI", ":URSA", "Coeffs, columns 11-16: none of CCIR, URSI, MEAN"},
              BadCase{"  145 ", "  14x ", "System, columns 11-15: \"14x\" is not a number"},
              BadCase{"PCenter  : 24.00N   110.00W", "PCenter  : 24.00N   181.00W",
                      "PCenter, columns 21-26: 181.00 is not within 0 to 180"},

@@ -92,8 +92,8 @@ TEST(MagneticField, SumsAlongAGreatCircleAreTheFieldItself)
 {
     for (const bool bLongWay : {false, true}) {
         for (double dLat = -85.0; dLat <= 85.0; dLat += 17.0) {
-            const Way tblWay = WayMake(PlaceFromDegrees(dLat, 33.0),
-                                                       PlaceFromDegrees(20.0, -151.0), bLongWay);
+            const Way tblWay =
+                WayMake(PlaceFromDegrees(dLat, 33.0), PlaceFromDegrees(20.0, -151.0), bLongWay);
             const FieldTrack tblTrack = FieldTrackMake(tblWay.aArcs[0]);
             for (double dAngle = 0.0; dAngle < tblWay.dAngle; dAngle += 0.11) {
                 const Place tbl = ArcPlace(tblWay.aArcs[0], std::cos(dAngle), std::sin(dAngle));
@@ -151,8 +151,7 @@ TEST(Absorption, PlaceTablesFollowExactAngles)
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Corrected, MapSet::Ccir, 9, 60.0);
     const AbsorptionHour tblHour{pIono.get(), FoeHourGet(*pIono, 12)};
-    const Way tblPath =
-        WayMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
+    const Way tblPath = WayMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
     const double dElevation = ElevationGet(tblPath.dKm / 2.0, 300.0);
     Crossing aCrossings[4];
     CrossingsFill(tblHour, CrossingTrackMake(tblPath), 2, dElevation, aCrossings);

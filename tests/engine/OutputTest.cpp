@@ -4,13 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 #include <sstream>
 
 #include "engine/DeckSample.h"
 #include "engine/ReferenceData.h"
-#include "engine/run533/AntennaFile.h"
-#include "engine/run533/FieldText.h"
 #include "engine/rec533/Luf.h"
+#include "engine/run533/AntennaFile.h"
+#include "engine/run533/CircuitTable.h"
+#include "engine/run533/FieldText.h"
 #include "engine/run533/Run.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
@@ -173,6 +175,40 @@ TEST(PointOutput, LongPathsShowTheModeThatCarriesThePower)
     EXPECT_NE(sPlain.find("P.533 corrected"), std::string::npos);
 }
 
+std::string MapsOf(std::string sDeck, const std::string& sName)
+{
+    for (const std::string sOld : {"URSI", "CCIR"}) {
+        const std::size_t nAt = sDeck.find(sOld);
+        if (nAt != std::string::npos)
+            sDeck.replace(nAt, 4, sName);
+    }
+    return sDeck;
+}
+
+TEST(PointOutput, MapsAreThoseThatTheDeckNames)
+{
+    const std::string sDeck = DeckOf("p2p_05.dat");
+    std::set<std::string> aBlocks;
+    for (const std::string sName : {"CCIR", "URSI", "MEAN"}) {
+        const std::string sPage = PageOf(MapsOf(sDeck, sName));
+        EXPECT_EQ(sPage.substr(1, 17), sName + " Coefficients");
+        aBlocks.insert(sPage.substr(sPage.find(" 24 ")));
+    }
+    EXPECT_EQ(aBlocks.size(), 3u);
+}
+
+TEST(AreaOutput, MapsAreThoseThatTheDeckNames)
+{
+    const std::string sDeck = DeckOf("area_03.rec");
+    std::set<std::string> aPoints;
+    for (const std::string sName : {"CCIR", "URSI", "MEAN"}) {
+        const auto aLines = LinesOf(GridOf(MapsOf(sDeck, sName)));
+        EXPECT_EQ(aLines[0], "P.533 with long-path rule, " + sName + " maps");
+        aPoints.insert(aLines[3]);
+    }
+    EXPECT_EQ(aPoints.size(), 3u);
+}
+
 TEST(PointOutput, BothEndsAtOnePlaceAreToldApart)
 {
     const auto aLines = LinesOf(PageOf(DeckOf("p2p_11.dat")));
@@ -194,8 +230,8 @@ Near PagesNearGet()
     Near tblNear;
     const DataTable tbl("real_muf.csv");
     for (std::size_t nRow = 0; nRow < tbl.CountGet(); ++nRow) {
-        const auto aLines = LinesOf(
-            PageOf(DeckOf(tbl.TextGet(nRow, "deck") + ".dat"), Behaviour::Corrected));
+        const auto aLines =
+            LinesOf(PageOf(DeckOf(tbl.TextGet(nRow, "deck") + ".dat"), Behaviour::Corrected));
         if (NumberOf(aLines[4], 69, 7) >= 7000.0)
             continue;
         for (const std::string& sLine : aLines) {
@@ -289,6 +325,60 @@ std::vector<std::string> RowsOf(const std::string& sPage, const std::string& sLa
     return aRows;
 }
 
+// A page without antennas, and the same circuit in a table.
+TEST(PointOutput, AgreesWithTheTableOfCircuitsToThePrintedDigit)
+{
+    constexpr const char* kHead =
+        "id,tx_lat,tx_lon,rx_lat,rx_lon,path,month,ssn,pwr_w,noise,req_snr,req_rel,hour,freq\n";
+    int nCompared = 0;
+    for (const char* sPlace : {"24.00N    110.00W", "50.00N     10.00E", "33.90S    151.20E"}) {
+        std::string sDeck = MapsOf(DeckOf("p2p_01.dat"), "MEAN");
+        for (std::size_t n = sDeck.find("ANTENNA"); n != std::string::npos;
+             n = sDeck.find("ANTENNA"))
+            sDeck.erase(n, sDeck.find('\n', n) + 1 - n);
+        const std::size_t nAt = sDeck.find("24.00N    110.00W");
+        ASSERT_NE(nAt, std::string::npos);
+        sDeck.replace(nAt, 17, sPlace);
+        const auto resDeck = PointDeckRead(sDeck);
+        ASSERT_TRUE(resDeck) << resDeck.TextGet();
+        const auto& tbl = resDeck.ValueGet();
+        std::string sTable = kHead;
+        for (int nHour = 1; nHour <= 24; ++nHour)
+            for (const double dFrequency : tbl.aFrequencies)
+                sTable += "x,38,-122," + NumberToText(tbl.dRxLat) + "," + NumberToText(tbl.dRxLon)
+                          + ",SHORT," + NumberToText(tbl.tblCommon.nMonth) + ","
+                          + NumberToText(tbl.tblCommon.dSsn) + ","
+                          + NumberToText(tbl.dPowerKw * 1000.0) + ","
+                          + NumberToText(tbl.tblCommon.dNoise) + ","
+                          + NumberToText(tbl.tblCommon.dRequiredSnr) + ","
+                          + NumberToText(tbl.tblCommon.dReliability) + "," + NumberToText(nHour)
+                          + "," + NumberToText(dFrequency) + "\n";
+        const auto resTable =
+            run533::CircuitTableMake(sTable, Behaviour::Best, rec533::MapSet::Mean);
+        ASSERT_TRUE(resTable) << resTable.TextGet();
+        const auto aRows = LinesOf(resTable.ValueGet());
+        const std::string sPage = PageOf(sDeck);
+        const auto aFields = RowsOf(sPage, "DBU ");
+        const auto aRatios = RowsOf(sPage, "S/N ");
+        ASSERT_EQ(aFields.size(), 24u);
+        for (std::size_t i = 0; i < 24; ++i) {
+            for (std::size_t k = 0; k < tbl.aFrequencies.size(); ++k) {
+                const std::size_t nHour = (i + 23) % 24;  // the page begins with 24
+                std::vector<std::string> aCells;
+                std::stringstream stm(aRows[1 + nHour * tbl.aFrequencies.size() + k]);
+                for (std::string sCell; std::getline(stm, sCell, ',');) aCells.push_back(sCell);
+                const auto nCol = static_cast<int>(6 + 5 * k);
+                const double dField = std::clamp(std::stod(aCells[29]), -999.0, 9999.0);
+                const double dRatio = std::clamp(std::stod(aCells[41]), -999.0, 9999.0);
+                EXPECT_NEAR(NumberOf(aFields[i], nCol, 5), dField, 0.5005) << sPlace;
+                EXPECT_NEAR(NumberOf(aRatios[i], nCol, 5), dRatio, 0.5005) << sPlace;
+                ++nCompared;
+            }
+        }
+    }
+    EXPECT_GT(nCompared, 500);
+}
+
 TEST(PointOutput, PowerIsTheAntennaCardsAndWithoutOneTheSystemCards)
 {
     const std::string sWith = DeckOf("p2p_01.dat");
@@ -341,7 +431,7 @@ TEST(AreaOutput, HasTheRealGridsLinesAndOrder)
 {
     const auto aLines = LinesOf(GridOf(DeckOf("area_01.rec")));
     ASSERT_EQ(aLines.size(), 1603u);
-    EXPECT_EQ(aLines[0], "P.533 with long-path rule");
+    EXPECT_EQ(aLines[0], "P.533 with long-path rule, URSI maps");
     EXPECT_EQ(Cut(aLines[1], 1, 60),
               "Transmitter [SWWhip.VOA] 5kW 0deg 12ut 14.000MHz NOV 170ssn ");
     EXPECT_EQ(aLines[1].size(), 90u);

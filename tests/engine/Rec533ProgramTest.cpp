@@ -268,6 +268,40 @@ TEST(P533Program, ComputesTheReferenceTable)
               1);
 }
 
+TEST(P533Program, TakesTheMeanOfBothMapsUnlessToldOtherwise)
+{
+    TempFolder tmp;
+    const std::string sTable = tmp.Write(
+        "in.csv",
+        "id,tx_lat,tx_lon,rx_lat,rx_lon,path,month,ssn,pwr_w,noise,req_snr,req_rel,hour,freq\n"
+        "D41,16.74,-177.04,-41.88,-38.99,SHORT,5,35,1500,QUIETRURAL,3,10,3,9.01\n");
+    const std::string sOut = tmp.Path("out.csv");
+    const auto fnRun = [&](const std::string& sOptions) {
+        EXPECT_EQ(EngineRun("hopcast-p533", sOptions + " '" + sTable + "' '" + sOut + "'").nStatus,
+                  0);
+        return BytesRead(sOut);
+    };
+    EXPECT_NE(fnRun("").find(",-9.023,"), std::string::npos);
+    EXPECT_NE(fnRun("--maps ursi").find(",-6.934,"), std::string::npos);
+    EXPECT_NE(fnRun("--maps ccir").find(",-14.077,"), std::string::npos);
+    // The ITU program knows no mean.
+    EXPECT_EQ(fnRun("--reference"), fnRun("--reference --maps ccir"));
+    EXPECT_NE(fnRun("--reference"), fnRun("--reference --maps mean"));
+}
+
+TEST(P533Program, GivesTheIonosphereOverPoints)
+{
+    TempFolder tmp;
+    const std::string sTable =
+        tmp.Write("in.csv", "id,lat,lon,month,ssn,hour\nJuliusruh,54.6,13.4,3,8,12\n");
+    const std::string sOut = tmp.Path("out.csv");
+    EXPECT_EQ(EngineRun("hopcast-p533", "--points '" + sTable + "' '" + sOut + "'").nStatus, 0);
+    EXPECT_EQ(BytesRead(sOut).find("id,lat,lon,month,ssn,hour,fof2,m3000,foe,fh,dip,modip\n"
+                                   "Juliusruh,54.6,13.4,3,8,12,"),
+              0u);
+    EXPECT_EQ(EngineRun("hopcast-p533", "'" + sTable + "' '" + sOut + "'").nStatus, 1);
+}
+
 TEST(Rec533Program, ARefusedDeckLeavesNoOldOutput)
 {
     for (const Slot* pSlot : {&kPointSlot, &kAreaSlot}) {

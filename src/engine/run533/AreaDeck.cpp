@@ -122,7 +122,7 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
             tbl.nGrid = rdr.IntegerGet(kGrid, kGridLeast, kGridMost);
             break;
         case kCoeffs:
-            tblCommon.bUrsi = rdr.SecondGet(kCoefficients, "CCIR", "URSI");
+            tblCommon.eMaps = static_cast<rec533::MapSet>(rdr.ChoiceGet(kCoefficients, kMapNames));
             break;
         case kMonths:
             rdr.EndCheck(kMonth);

@@ -102,7 +102,10 @@ void HeadMake(Grid& tbl, rec533::Behaviour eBehaviour)
         + NumberFormat(tblDeck.dFrequency, "0.000") + "MHz "
         + std::string(MonthNameGet(tblDeck.tblCommon.nMonth)) + " "
         + NumberFormat(tblDeck.tblCommon.dSsn, "0") + "ssn";
-    tbl.sHead = std::string(MethodNameGet(eBehaviour)) + "\n";
+    tbl.sHead.append(MethodNameGet(eBehaviour))
+        .append(", ")
+        .append(MapNameGet(tblDeck.tblCommon.eMaps))
+        .append(" maps\n");
     FieldAppend(tbl.sHead, sTitle, -kTitleWidth);
     tbl.sHead += '\n';
     FieldAppend(tbl.sHead, NumberToText(tblDeck.nGrid), 3);

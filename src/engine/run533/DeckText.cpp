@@ -1,5 +1,6 @@
 #include "engine/run533/DeckText.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "system/NumberLib.h"
@@ -71,6 +72,18 @@ bool CardReader::SecondGet(Columns fld, std::string_view sFirst, std::string_vie
     if (sText != sFirst && sText != sSecond)
         Fail(fld, "neither " + std::string(sFirst) + " nor " + std::string(sSecond));
     return sText == sSecond;
+}
+
+std::size_t CardReader::ChoiceGet(Columns fld, std::span<const std::string_view> aTexts)
+{
+    const auto itText = std::find(aTexts.begin(), aTexts.end(), TextGet(fld));
+    if (itText != aTexts.end())
+        return static_cast<std::size_t>(itText - aTexts.begin());
+    std::string sAll;
+    for (const std::string_view sText : aTexts)
+        sAll.append(sAll.empty() ? "none of " : ", ").append(sText);
+    Fail(fld, sAll);
+    return 0;
 }
 
 double CardReader::SignedGet(Columns fldNumber, Columns fldLetter, std::string_view sPlus,

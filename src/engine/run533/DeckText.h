@@ -5,6 +5,7 @@
 /// Tests:   tests/engine/DeckTest.cpp
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -38,6 +39,8 @@ public:
     int IntegerGet(Columns fld, int nLeast, int nMost);
     /// True for the second, false for the first of the two texts that the field may hold.
     bool SecondGet(Columns fld, std::string_view sFirst, std::string_view sSecond);
+    /// Which of the texts the field holds, from 0.
+    std::size_t ChoiceGet(Columns fld, std::span<const std::string_view> aTexts);
     /// One of two letters behind an absolute value: the sign. fldLetter is one wide.
     double SignedGet(Columns fldNumber, Columns fldLetter, std::string_view sPlus,
                      std::string_view sMinus, double dMost);

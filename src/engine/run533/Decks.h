@@ -6,6 +6,7 @@
 /// Tests:   tests/engine/DeckTest.cpp
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,13 @@ inline constexpr int kGridMost = 999;
 inline constexpr double kPowerMost = 1e5;            ///< kW
 inline constexpr double kPowerWithoutAntenna = 1.0;  ///< kW, area decks without antenna cards
 
+/// How decks and outputs name the sets of maps, in the order of MapSet.
+inline constexpr std::array<std::string_view, 3> kMapNames{"CCIR", "URSI", "MEAN"};
+[[nodiscard]] inline std::string_view MapNameGet(rec533::MapSet eMaps)
+{
+    return kMapNames[static_cast<std::size_t>(eMaps)];
+}
+
 /// An antenna as a deck names it.
 struct AntennaCard {
     std::string sCard;  ///< the card's name and its columns for errors
@@ -37,7 +45,7 @@ struct AntennaCard {
 
 /// What both decks have.
 struct DeckCommon {
-    bool bUrsi = false;
+    rec533::MapSet eMaps = rec533::MapSet::Ccir;
     double dSsn = 0.0;
     int nMonth = 1;
     double dTxLat = 0.0, dTxLon = 0.0;

@@ -119,7 +119,7 @@ void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tb
     DeckCommon& tblCommon = tbl.tblCommon;
     switch (eCard) {
         case kCoeffs:
-            tblCommon.bUrsi = rdr.SecondGet(kCoefficients, "CCIR", "URSI");
+            tblCommon.eMaps = static_cast<rec533::MapSet>(rdr.ChoiceGet(kCoefficients, kMapNames));
             break;
         case kSsn:
             rdr.EndCheck(kSunspot);

@@ -70,7 +70,7 @@ void HeadAppend(Page& tbl, int nPage)
     const DeckCommon& tblCommon = tblDeck.tblCommon;
     std::string& s = tbl.sText;
     s += nPage > 1 ? '\f' : ' ';
-    s += tblCommon.bUrsi ? "URSI" : "CCIR";
+    s += MapNameGet(tblCommon.eMaps);
     s += " Coefficients  METHOD  6   ";
     FieldAppend(s, tbl.sMethod, -36);
     s += "PAGE";

@@ -19,8 +19,7 @@ Result<RunParts> RunPartsMake(const DeckCommon& tbl, std::string_view sRoot,
         (bTx ? tblParts.pTx : tblParts.pRx) = std::make_unique<AntennaLoaded>(resLoaded.ValueGet());
     }
     tblParts.pIonosphere = std::make_unique<rec533::Ionosphere>();
-    IonosphereFill(*tblParts.pIonosphere, eBehaviour,
-                   tbl.bUrsi ? rec533::MapSet::Ursi : rec533::MapSet::Ccir, tbl.nMonth, tbl.dSsn);
+    IonosphereFill(*tblParts.pIonosphere, eBehaviour, tbl.eMaps, tbl.nMonth, tbl.dSsn);
     return tblParts;
 }
 

@@ -1,0 +1,81 @@
+#include "engine/run533/PointTable.h"
+
+#include <array>
+#include <cmath>
+#include <memory>
+
+#include "engine/rec533/Site.h"
+#include "engine/run533/TableText.h"
+#include "system/TextLib.h"
+
+namespace run533 {
+namespace {
+
+enum Input : std::size_t {
+    kId,
+    kLat,
+    kLon,
+    kMonth,
+    kSsn,
+    kHour,
+    kActivity,  // may be missing
+    kInputs
+};
+constexpr std::array<std::string_view, kInputs> kInputNames{"id",  "lat",  "lon", "month",
+                                                            "ssn", "hour", "ig"};
+
+// Reads a row and appends what it asks for; nothing where the row fails.
+void RowAppend(std::string& sOut, TableRow& rdr, rec533::Ionosphere& tblIono,
+               rec533::Behaviour eBehaviour, rec533::MapSet eMaps)
+{
+    constexpr double kActivityMost = 400.0;
+    const rec533::Place tblPlace = rec533::PlaceFromDegrees(rdr.NumberGet(kLat, -90.0, 90.0),
+                                                            rdr.NumberGet(kLon, -180.0, 180.0));
+    const int nMonth = rdr.IntegerGet(kMonth, 1, 12);
+    const double dSsn = rdr.NumberGet(kSsn, 0.0, rec533::kSsnMost);
+    const int nHour = rdr.IntegerGet(kHour, 0, 24);
+    const auto dActivity = rdr.OptionalGet(kActivity, -kActivityMost, kActivityMost);
+    if (rdr.Failed())
+        return;
+    const int nLabel = nHour == 0 ? 24 : nHour;
+    IonosphereFill(tblIono, eBehaviour, eMaps, nMonth, dSsn, dActivity);
+    rec533::Site tblSite;
+    SiteFill(tblSite, tblPlace);
+    const rec533::F2Layer tblLayer =
+        SiteLayerGet(tblIono, FoeHourGet(tblIono, nLabel), tblSite, nLabel);
+    const double dDip = MagneticFieldGet(tblPlace, rec533::FieldHeight::Maps).dDip;
+    for (const double dValue :
+         {tblLayer.dFof2, tblLayer.dM3, tblLayer.dFoe, tblLayer.dGyro, dDip * rec533::kDegrees,
+          std::atan(dDip / std::sqrt(tblPlace.dCosLat)) * rec533::kDegrees})
+        TableAppend(sOut, dValue);
+}
+
+}  // namespace
+
+Result<std::string> PointTableMake(std::string_view sTable, rec533::Behaviour eBehaviour,
+                                   rec533::MapSet eMaps)
+{
+    const auto aLines = TableLines(sTable);
+    const Result<TableHead> resHead = TableHead::Read(aLines.front(), kInputNames, kActivity);
+    if (!resHead)
+        return resHead.ErrorGet();
+    const std::size_t nInputs = resHead.ValueGet().Has(kActivity) ? kInputs : kActivity;
+    std::string sOut;
+    for (std::size_t i = 0; i < nInputs; ++i) sOut.append(kInputNames[i]).append(1, ',');
+    sOut += "fof2,m3000,foe,fh,dip,modip\n";
+    const auto pIono = std::make_unique<rec533::Ionosphere>();
+    for (std::size_t i = 1; i < aLines.size(); ++i) {
+        if (TextTrim(aLines[i]).empty())
+            continue;
+        TableRow rdr(resHead.ValueGet(), aLines[i], static_cast<int>(i) + 1);
+        for (std::size_t k = 0; k < nInputs; ++k)
+            sOut.append(k > 0 ? "," : "").append(rdr.TextGet(k));
+        RowAppend(sOut, rdr, *pIono, eBehaviour, eMaps);
+        if (rdr.Failed())
+            return rdr.ErrorGet();
+        sOut += '\n';
+    }
+    return sOut;
+}
+
+}  // namespace run533

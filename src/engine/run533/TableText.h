@@ -1,0 +1,63 @@
+/// @file TableText.h
+/// Rows of comma-separated tables: columns found by name, numbers within their limits.
+///
+/// Errors:  line and column that cannot be used.
+/// Tests:   tests/engine/CircuitTableTest.cpp
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "system/Result.h"
+
+namespace run533 {
+
+/// Where the named columns stand in a table; the last ones may be missing.
+class TableHead {
+public:
+    /// nNeeded: as many of the names must be there.
+    static Result<TableHead> Read(std::string_view sLine, std::span<const std::string_view> aNames,
+                                  std::size_t nNeeded);
+    [[nodiscard]] bool Has(std::size_t nColumn) const { return m_aAt[nColumn].has_value(); }
+
+private:
+    friend class TableRow;
+    std::span<const std::string_view> m_aNames;
+    std::vector<std::optional<std::size_t>> m_aAt;
+    std::size_t m_nCells = 0;
+};
+
+/// Reads the cells of a row, keeping the first error. Columns by their number among the names.
+class TableRow {
+public:
+    TableRow(const TableHead& tblHead, std::string_view sLine, int nLine);
+
+    /// Empty where the column is missing.
+    [[nodiscard]] std::string_view TextGet(std::size_t nColumn) const;
+    double NumberGet(std::size_t nColumn, double dLeast, double dMost);
+    int IntegerGet(std::size_t nColumn, int nLeast, int nMost);
+    /// None where the cell is empty or the column missing.
+    std::optional<double> OptionalGet(std::size_t nColumn, double dLeast, double dMost);
+    void Fail(std::size_t nColumn);
+
+    [[nodiscard]] bool Failed() const { return m_bFailed; }
+    [[nodiscard]] const RunError& ErrorGet() const { return m_error; }
+
+private:
+    const TableHead& m_tblHead;
+    int m_nLine;
+    std::vector<std::string_view> m_aCells;
+    bool m_bFailed = false;
+    RunError m_error;
+};
+
+/// The lines of a table behind the mark that spreadsheets write, the head first.
+[[nodiscard]] std::vector<std::string_view> TableLines(std::string_view sTable);
+
+/// Appends ",value" with three decimals.
+void TableAppend(std::string& sRow, double dValue);
+
+}  // namespace run533
