@@ -31,6 +31,13 @@ TEST(Lanes, LogarithmAndExponentialAreThoseOfOneNumber)
     EXPECT_EQ(LaneLog<Lanes2>(Lanes2{1.0, 1.0})[0], 0.0);
 }
 
+TEST(Lanes, SineIsThatOfOneNumber)
+{
+    for (double dX = -2.0; dX <= 2.0; dX += 1.0 / 512.0)
+        EXPECT_NEAR(LaneSin<Lanes4>(Lanes4{dX, 0.0, 1.0, -dX})[0], std::sin(dX), 5e-16) << dX;
+    EXPECT_EQ(LaneSin<Lanes2>(Lanes2{0.0, 1.0})[0], 0.0);
+}
+
 TEST(Lanes, ExponentialStaysANumberFarOut)
 {
     const Lanes4 v = LaneExp<Lanes4>(Lanes4{-1e300, -5000.0, 5000.0, 1e300});

@@ -185,11 +185,8 @@ HOPCAST_INLINE void CrossingLanesGet(const AbsorptionHour& tblHour, const Crossi
     tbl.tCosLon = vX / tbl.tCosLat;
     tbl.tSinLon = vY / tbl.tCosLat;
     const SunHour& tblSun = *tblHour.tblFoe.pSun;
-    const V vCosAngle = tblSun.dCosTurn * tbl.tCosLon - tblSun.dSinTurn * tbl.tSinLon;
-    const V vCosChi = LaneMin<V>(
-        LaneMax<V>(tbl.tSinLat * tblSun.dSinDecl + tbl.tCosLat * tblSun.dCosDecl * vCosAngle,
-                   LaneAll<V>(-1.0)),
-        LaneAll<V>(1.0));
+    const V vCosChi =
+        SunZenithCosLanesGet<V>(tblSun, tbl.tSinLat, tbl.tCosLat, tbl.tSinLon, tbl.tCosLon);
     const V vCosNoon = NoonCosGet(tblHour.pIonosphere->tblSun, tblSun, tbl);
     const V vExponent = ExponentGet(tblMonth, tbl, FieldTrackDipTanGet(tblField, vCos, vSin));
     vFoe = FoeLanesGet(tblHour.tblFoe, tbl.tSinLat, tbl.tCosLat, tbl.tSinLon, tbl.tCosLon, vCosChi);

@@ -142,28 +142,6 @@ void HopLayersFill(WayHour& tbl)
     tbl.tblHopR = SiteLayerGet(*tblPath.pIonosphere, tbl.tblFoe, tblPath.aHopR[nAt], tbl.nLabel);
 }
 
-// The lowest MUF of the hops of a mode: a chain carries what its weakest link does.
-double WorstMufGet(WayHour& tbl, int nHops)
-{
-    WayPath& tblPath = *tbl.pWay;
-    const Ionosphere& tblIono = *tblPath.pIonosphere;
-    const HopMiddles& tblMiddles = tblPath.tblMiddles;
-    PathMiddlesMake(tblPath, nHops);
-    const auto nHour = static_cast<std::size_t>(MapHourGet(tbl.nLabel));
-    const std::size_t nFirst = HopMiddles::FirstGet(nHops);
-    const double dHop = tblPath.tblWay.dKm / nHops;
-    double dWorst = 1e9;
-    for (std::size_t i = nFirst; i < nFirst + static_cast<std::size_t>(nHops); ++i) {
-        const MapDay& tblMap = tblMiddles.aMaps[i];
-        const F2Layer tblLayer =
-            F2LayerMake(std::max(tblMap.aFof2[nHour], tblIono.dFof2Least),
-                        std::max(tblMap.aM3[nHour], kM3Least),
-                        SiteFoeGet(tbl.tblFoe, tblMiddles.aPlaces[i]), tblMiddles.aGyro[i]);
-        dWorst = std::min(dWorst, F2MufGet(tblLayer, dHop, tblLayer.dRangeMost));
-    }
-    return dWorst;
-}
-
 // Decile factors and operational MUF of the F2 modes of a path.
 void ModesVariabilityFill(WayHour& tbl, int nFirst)
 {
@@ -218,7 +196,7 @@ void ModesF2Fill(WayHour& tbl)
         tblMode.nHops = n;
         tblMode.bReaches = n > tbl.nOrderF2 || dKm / n <= tbl.dRangeMost;
         if (bHopSum && tblMode.bReaches)
-            tblMode.dWorst = WorstMufGet(tbl, n);
+            tblMode.dWorst = PathWorstMufGet(*tbl.pWay, tbl.tblFoe, tbl.nLabel, n);
         tblMode.dMuf = !bShort   ? tblMode.dWorst
                        : bBeyond ? MufBeyondGet(tbl, n, dLowest)
                                  : F2MufGet(tbl.tblMid, dKm / n, tbl.dRangeMost);

@@ -5,8 +5,8 @@
 /// would have alone. All are inlined, so that a caller that is compiled for wider registers has
 /// them in its own.
 ///
-/// Domain:  LaneLog: positive normal numbers; LaneExp: -700 to 700, clamped.
-/// Errors:  LaneLog and LaneExp within 2 units of the last place.
+/// Domain:  LaneLog: positive normal numbers; LaneExp: -700 to 700, clamped; LaneSin: -2 to 2.
+/// Errors:  LaneLog and LaneExp within 2 units of the last place, LaneSin within 5e-16.
 /// Tests:   tests/engine/LanesTest.cpp
 #pragma once
 
@@ -194,6 +194,24 @@ HOPCAST_INLINE V LaneExpOfVector(const V& v)
     const Bits nPower = reinterpret_cast<Bits>(vShifted) << 52;
     const Bits nBits = reinterpret_cast<Bits>(vSeries) + nPower;
     return reinterpret_cast<V>(nBits);
+}
+
+/// Sine of angles from -2 to 2 radians.
+template <class V>
+HOPCAST_INLINE V LaneSin(const V& v)
+{
+    if constexpr (std::is_same_v<V, double>) {
+        return std::sin(v);
+    } else {
+        const V vZ = v * v;
+        V vSum = LaneAll<V>(-1.0 / 25852016738884976640000.0);  // 1/23!
+        for (const double dTerm :
+             {1.0 / 51090942171709440000.0, -1.0 / 121645100408832000.0, 1.0 / 355687428096000.0,
+              -1.0 / 1307674368000.0, 1.0 / 6227020800.0, -1.0 / 39916800.0, 1.0 / 362880.0,
+              -1.0 / 5040.0, 1.0 / 120.0, -1.0 / 6.0})
+            vSum = vSum * vZ + dTerm;
+        return v + v * (vZ * vSum);
+    }
 }
 
 /// Natural logarithm.

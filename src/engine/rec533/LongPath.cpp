@@ -76,6 +76,7 @@ void UpperFill(LongPath& tbl, const Ionosphere& tblIonosphere, const Way& tblWay
     int nHops = HopsGet(tblWay.dKm, kUpperHop);
     if (ElevationGet(tblWay.dKm / nHops, kHeightLong) < kElevationLeast)
         ++nHops;
+    tbl.nHops = nHops;
     const double dHop = tblWay.dKm / nHops;
     const double dElevation = ElevationGet(dHop, kHeightLong);
     tbl.dSlant = SlantRangeGet(tblWay.dKm, nHops, dElevation);

@@ -18,6 +18,7 @@ struct LongPath {
     double dSlantDb = 0.0;  ///< 20 log p'
     double dGap = 0.0;      ///< focusing at long distances, dB
     double dGyro = 0.0;     ///< mean gyrofrequency at 300 km, MHz
+    int nHops = 0;          ///< hops of the upper limit
     int nLowHops = 0;       ///< hops of the lower limit
     std::array<Place, std::size_t{2} * kLowHopsMost> aLowPlaces;  ///< their 90-km crossings
     std::array<double, 2> aLat{}, aLon{};  ///< the two control points of fM, radians

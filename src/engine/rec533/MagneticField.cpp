@@ -224,7 +224,34 @@ HOPCAST_WIDE void FieldTrackWideFill(FieldTrack& tbl, const Arc& tblArc)
     FieldTrackFill<Lanes4>(tbl, tblArc);
 }
 
+template <class V>
+HOPCAST_INLINE void FieldsFill(const FieldPlaces& tbl)
+{
+    const V vMost = LaneAll<V>(std::sqrt(1.0 - kCosLatLeast * kCosLatLeast));
+    for (std::size_t i = 0; i < tbl.nCount; i += kLanes<V>) {
+        const V vSinLat = LaneMax<V>(LaneMin<V>(LaneLoad<V>(tbl.pSinLat + i), vMost), -vMost);
+        const V vCosLat = LaneMax<V>(LaneLoad<V>(tbl.pCosLat + i), LaneAll<V>(kCosLatLeast));
+        const Field<V> tblField = FieldGet<V>(vSinLat, vCosLat, LaneLoad<V>(tbl.pSinLon + i),
+                                              LaneLoad<V>(tbl.pCosLon + i), kScaledMaps);
+        const V vFlat2 = tblField.tX * tblField.tX + tblField.tY * tblField.tY;
+        LaneStore<V>(tbl.pDip + i, tblField.tZ / LaneSqrt<V>(vFlat2));
+        LaneStore<V>(tbl.pGyro + i,
+                     kGyroPerField * LaneSqrt<V>(vFlat2 + tblField.tZ * tblField.tZ));
+    }
+}
+
+HOPCAST_WIDE void FieldsWideFill(const FieldPlaces& tbl) { FieldsFill<Lanes4>(tbl); }
+
 }  // namespace
+
+void MagneticFieldsFill(const FieldPlaces& tbl)
+{
+    if (LanesWideIs())
+        FieldsWideFill(tbl);
+    else
+        FieldsFill<Lanes2>(tbl);
+    for (std::size_t i = 0; i < tbl.nCount; ++i) tbl.pDip[i] = std::atan(tbl.pDip[i]);
+}
 
 MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight)
 {

@@ -24,6 +24,18 @@ enum class FieldHeight { Absorption, Maps };  ///< 100 km, 300 km
 
 [[nodiscard]] MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight);
 
+/// The fields at 300 km of several places.
+struct FieldPlaces {
+    const double* pSinLat;
+    const double* pCosLat;
+    const double* pSinLon;
+    const double* pCosLon;
+    double* pDip;
+    double* pGyro;
+    std::size_t nCount;  ///< with room for a whole vector behind them
+};
+void MagneticFieldsFill(const FieldPlaces& tbl);
+
 /// The field at 100 km along a great circle. A field of the sixth order is there a trigonometric
 /// sum of the seventh order at most, so that 15 places give it everywhere.
 struct FieldTrack {

@@ -104,22 +104,4 @@ void PathHopSitesMake(WayPath& tbl, int nOrder)
     tbl.aHopMade[nAt] = true;
 }
 
-void PathMiddlesMake(WayPath& tbl, int nHops)
-{
-    HopMiddles& tblMiddles = tbl.tblMiddles;
-    if (tblMiddles.aMade[static_cast<std::size_t>(nHops)])
-        return;
-    tblMiddles.aMade[static_cast<std::size_t>(nHops)] = true;
-    std::size_t nAt = HopMiddles::FirstGet(nHops);
-    for (int i = 0; i < nHops; ++i, ++nAt) {
-        const Place tblPlace = WayPlace(tbl.tblWay, (i + 0.5) / nHops);
-        const MagneticField tblField = MagneticFieldGet(tblPlace, FieldHeight::Maps);
-        MapPlace tblMap;
-        MapPlaceFill(tblMap, tblPlace, tblField, false);
-        MapDayFill(tblMiddles.aMaps[nAt], tbl.pIonosphere->tblMaps, tblMap);
-        tblMiddles.aPlaces[nAt] = tblPlace;
-        tblMiddles.aGyro[nAt] = tblField.dGyro;
-    }
-}
-
 }  // namespace rec533

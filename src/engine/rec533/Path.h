@@ -28,17 +28,19 @@ inline constexpr int kOrderHopSumMost = 14;      ///< highest lowest order of th
 /// Most hops of a mode of the hop sum.
 inline constexpr int kHopsMost = 17;
 
-/// The middles of the hops of each order, whose lowest MUF is that of the chain.
+/// The middles of the hops of each order, whose lowest MUF is that of the chain: rows with room for
+/// a whole vector behind the last one.
 struct HopMiddles {
-    static constexpr std::size_t kCount = kHopsMost * (kHopsMost + 1) / 2;
+    static constexpr std::size_t kCount = kHopsMost * (kHopsMost + 1) / 2 + 4;
+    using Row = std::array<double, kCount>;
     [[nodiscard]] static std::size_t FirstGet(int nHops)
     {
         return static_cast<std::size_t>(nHops * (nHops - 1) / 2);
     }
     std::array<bool, kHopsMost + 1> aMade{};
-    std::array<Place, kCount> aPlaces;
-    std::array<double, kCount> aGyro;  ///< at 300 km, MHz
-    std::array<MapDay, kCount> aMaps;
+    Row aSinLat{}, aCosLat{}, aSinLon{}, aCosLon{};
+    Row aGyro{};                         ///< at 300 km, MHz
+    std::array<Row, 24> aFof2{}, aM3{};  ///< by hour UT
 };
 
 /// One way of a path with its control points.
@@ -75,7 +77,8 @@ void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCirc
 
 /// Makes the two half-hop control points of an order, if they are not there.
 void PathHopSitesMake(WayPath& tbl, int nOrder);
-/// Makes the middles of the hops of an order, if they are not there.
-void PathMiddlesMake(WayPath& tbl, int nHops);
+/// The lowest basic MUF of the hops of an order at a label, by the long-path rule. Makes the hops'
+/// middles, if they are not there.
+[[nodiscard]] double PathWorstMufGet(WayPath& tbl, const FoeHour& tblFoe, int nLabel, int nHops);
 
 }  // namespace rec533

@@ -53,11 +53,8 @@ double SunHourAngleGet(const SunHour& tblSun, double dLon)
 
 double SunZenithCosGet(const SunHour& tblSun, const Place& tblPlace)
 {
-    const double dCosAngle =
-        tblSun.dCosTurn * tblPlace.dCosLon - tblSun.dSinTurn * tblPlace.dSinLon;
-    return std::clamp(
-        tblPlace.dSinLat * tblSun.dSinDecl + tblPlace.dCosLat * tblSun.dCosDecl * dCosAngle, -1.0,
-        1.0);
+    return SunZenithCosLanesGet<double>(tblSun, tblPlace.dSinLat, tblPlace.dCosLat,
+                                        tblPlace.dSinLon, tblPlace.dCosLon);
 }
 
 SunTimes SunTimesGet(const SunHour& tblSun, const Place& tblPlace)

@@ -37,6 +37,17 @@ struct SunHour {
 /// Cosine of the zenith angle, -1 to 1.
 [[nodiscard]] double SunZenithCosGet(const SunHour& tblSun, const Place& tblPlace);
 
+/// The same for several places, from the sines and cosines of their angles.
+template <class V>
+HOPCAST_INLINE V SunZenithCosLanesGet(const SunHour& tblSun, const V& vSinLat, const V& vCosLat,
+                                      const V& vSinLon, const V& vCosLon)
+{
+    const V vCosAngle = tblSun.dCosTurn * vCosLon - tblSun.dSinTurn * vSinLon;
+    return LaneMin<V>(LaneMax<V>(vSinLat * tblSun.dSinDecl + vCosLat * tblSun.dCosDecl * vCosAngle,
+                                 LaneAll<V>(-1.0)),
+                      LaneAll<V>(1.0));
+}
+
 /// Sunrise, sunset and noon, hours UT in [0, 24). Without a rising or setting sun bRises is false.
 struct SunTimes {
     bool bRises = false;

@@ -1,0 +1,95 @@
+#include "engine/rec533/Path.h"
+
+namespace rec533 {
+namespace {
+
+// Places of an order's middles; a bent way's second half lies on its second arc.
+void PlacesFill(HopMiddles& tbl, const Way& tblWay, int nHops, std::size_t nFirst)
+{
+    const double dHop = tblWay.dAngle / nHops;
+    for (int i = 0; i < nHops; ++i) {
+        const double dAngle = (i + 0.5) * dHop;
+        const double dCos = std::cos(dAngle);
+        const double dSin = std::sin(dAngle);
+        const auto& [aStart, aAhead] = WayArcGet(tblWay, dAngle);
+        const double dX = aStart[0] * dCos + aAhead[0] * dSin;
+        const double dY = aStart[1] * dCos + aAhead[1] * dSin;
+        const std::size_t nAt = nFirst + static_cast<std::size_t>(i);
+        tbl.aSinLat[nAt] = aStart[2] * dCos + aAhead[2] * dSin;
+        tbl.aCosLat[nAt] = std::max(std::sqrt(dX * dX + dY * dY), 1e-9);
+        tbl.aSinLon[nAt] = dY / tbl.aCosLat[nAt];
+        tbl.aCosLon[nAt] = dX / tbl.aCosLat[nAt];
+    }
+}
+
+void MiddlesMake(WayPath& tbl, int nHops)
+{
+    HopMiddles& tblM = tbl.tblMiddles;
+    if (tblM.aMade[static_cast<std::size_t>(nHops)])
+        return;
+    tblM.aMade[static_cast<std::size_t>(nHops)] = true;
+    const std::size_t nFirst = HopMiddles::FirstGet(nHops);
+    PlacesFill(tblM, tbl.tblWay, nHops, nFirst);
+    std::array<double, kHopsMost + 4> aDip, aGyro;
+    MagneticFieldsFill({&tblM.aSinLat[nFirst], &tblM.aCosLat[nFirst], &tblM.aSinLon[nFirst],
+                        &tblM.aCosLon[nFirst], aDip.data(), aGyro.data(),
+                        static_cast<std::size_t>(nHops)});
+    MapPlace tblMap;
+    MapDay tblDay;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(nHops); ++i) {
+        const std::size_t nAt = nFirst + i;
+        const Place tblPlace{
+            0.0, 0.0, tblM.aSinLat[nAt], tblM.aCosLat[nAt], tblM.aSinLon[nAt], tblM.aCosLon[nAt]};
+        MapPlaceFill(tblMap, tblPlace, {aDip[i], 0.0, aGyro[i]}, false);
+        MapDayFill(tblDay, tbl.pIonosphere->tblMaps, tblMap);
+        tblM.aGyro[nAt] = aGyro[i];
+        for (std::size_t t = 0; t < 24; ++t) {
+            tblM.aFof2[t][nAt] = std::max(tblDay.aFof2[t], tbl.pIonosphere->dFof2Least);
+            tblM.aM3[t][nAt] = std::max(tblDay.aM3[t], kM3Least);
+        }
+    }
+}
+
+template <class V>
+HOPCAST_INLINE double WorstGet(const WayPath& tbl, const FoeHour& tblFoe, std::size_t nHour,
+                               int nHops)
+{
+    const HopMiddles& tblM = tbl.tblMiddles;
+    const std::size_t nFirst = HopMiddles::FirstGet(nHops);
+    const std::size_t nEnd = nFirst + static_cast<std::size_t>(nHops);
+    const double dHop = tbl.tblWay.dKm / nHops;
+    double dWorst = 1e9;
+    for (std::size_t i = nFirst; i < nEnd; i += kLanes<V>) {
+        const V vSinLat = LaneLoad<V>(&tblM.aSinLat[i]);
+        const V vCosLat = LaneLoad<V>(&tblM.aCosLat[i]);
+        const V vSinLon = LaneLoad<V>(&tblM.aSinLon[i]);
+        const V vCosLon = LaneLoad<V>(&tblM.aCosLon[i]);
+        const V vFoe = FoeLanesGet<V>(
+            tblFoe, vSinLat, vCosLat, vSinLon, vCosLon,
+            SunZenithCosLanesGet<V>(*tblFoe.pSun, vSinLat, vCosLat, vSinLon, vCosLon));
+        const V vMuf =
+            F2MufLanesGet<V>(LaneLoad<V>(&tblM.aFof2[nHour][i]), LaneLoad<V>(&tblM.aM3[nHour][i]),
+                             vFoe, LaneLoad<V>(&tblM.aGyro[i]), dHop);
+        for (std::size_t k = 0; k < std::min<std::size_t>(kLanes<V>, nEnd - i); ++k)
+            dWorst = std::min(dWorst, vMuf[k]);
+    }
+    return dWorst;
+}
+
+HOPCAST_WIDE double WorstWideGet(const WayPath& tbl, const FoeHour& tblFoe, std::size_t nHour,
+                                 int nHops)
+{
+    return WorstGet<Lanes4>(tbl, tblFoe, nHour, nHops);
+}
+
+}  // namespace
+
+double PathWorstMufGet(WayPath& tbl, const FoeHour& tblFoe, int nLabel, int nHops)
+{
+    MiddlesMake(tbl, nHops);
+    const auto nHour = static_cast<std::size_t>(MapHourGet(nLabel));
+    return LanesWideIs() ? WorstWideGet(tbl, tblFoe, nHour, nHops)
+                         : WorstGet<Lanes2>(tbl, tblFoe, nHour, nHops);
+}
+
+}  // namespace rec533
