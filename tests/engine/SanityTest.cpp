@@ -157,47 +157,139 @@ TEST(Sanity, NothingJumpsAtTheDateLineTheEquatorAndGreenwich)
     }
 }
 
-// Steps over a part of forty great circles, at three frequencies. A circle whose order of hops
-// changes within it is passed over: that step is the method's own, at whatever distance it comes.
-// So is one whose field at 7000 km is below -100 dB(uV/m), from where the long-path rule begins.
+// The numbers of hops of a path and hour, on all its ways.
+std::vector<int> HopsOf(const Path& tblPath, const Hour& tblHour)
+{
+    std::vector<int> aHops;
+    const auto fnAdd = [&](const WayPath& tblWay, const WayHour& tbl) {
+        aHops.push_back(tbl.nOrderF2);
+        aHops.push_back(tblWay.tblLong.nHops);
+        for (int i = 0; i < tbl.nModes; ++i)
+            aHops.push_back(tbl.aModes[static_cast<std::size_t>(i)].bReaches ? 1 : 0);
+    };
+    fnAdd(tblPath, tblHour);
+    for (std::size_t i = 0; i < tblPath.nBent; ++i) fnAdd(tblPath.aBent[i], tblHour.aBent[i]);
+    return aHops;
+}
+
+// Steps over a part of forty great circles, at three frequencies. A circle on which a number of
+// hops changes within it is passed over: that step is the method's own, at whatever distance it
+// comes. So is one whose field at 7000 km is below -100 dB(uV/m), from where the long-path rule
+// begins.
 std::vector<double> StepsGet(double dNearKm, double dFarKm)
 {
     std::mt19937 rng(11);
     std::uniform_real_distribution<double> draw(-1.0, 1.0);
     Bench tbl;
-    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ccir, 10, 100.0);
+    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Mean, 10, 100.0);
     std::vector<double> aSteps;
     int nDrawn = 0;
-    while (aSteps.size() < 40) {
+    while (aSteps.size() < 40 && nDrawn < 1000) {
         ++nDrawn;
         Circuit tblNear = CircuitOf(80 * draw(rng), 180 * draw(rng), 0, 0);
         Circuit tblFar = tblNear;
         const double dBearing = 180.0 * draw(rng);
         EndGet(tblNear, dBearing, dNearKm);
         EndGet(tblFar, dBearing, dFarKm);
+        tblNear.bLongWay = dNearKm > kPi * kEarthKm;
+        tblFar.bLongWay = dFarKm > kPi * kEarthKm;
         const int nLabel = 1 + static_cast<int>(aSteps.size()) % 24;
         constexpr double kFrequencies[]{7.0, 12.0, 20.0};
         const double dFrequency = kFrequencies[aSteps.size() % 3];
         const double dNear = tbl.Run(tblNear, nLabel, dFrequency).dField;
-        const int nOrder = tbl.pHour->nOrderF2;
+        const auto aHops = HopsOf(*tbl.pPath, *tbl.pHour);
         const double dFar = tbl.Run(tblFar, nLabel, dFrequency).dField;
-        if (nOrder == tbl.pHour->nOrderF2 && (dNear > -100.0 || dNearKm > kShortOnly))
+        auto aHopsFar = HopsOf(*tbl.pPath, *tbl.pHour);
+        if (aHops.size() < aHopsFar.size())
+            aHopsFar.resize(aHops.size());  // the bent ways begin
+        if (aHops == aHopsFar && (dNear > -100.0 || dNearKm > kShortOnly))
             aSteps.push_back(std::abs(dFar - dNear));
     }
-    EXPECT_LE(nDrawn, 50) << "too many are passed over";
+    EXPECT_EQ(aSteps.size(), 40u) << "too many are passed over";
     std::sort(aSteps.begin(), aSteps.end());
     return aSteps;
 }
 
-TEST(Sanity, NothingJumpsAt7000Km)
+TEST(Sanity, NothingJumpsAtTheBordersOfTheLongPathRule)
 {
-    EXPECT_LT(StepsGet(kShortOnly - 0.5, kShortOnly + 0.5).back(), 0.1);
+    for (const double dKm : {kShortOnly, kLongOnly, kLongOnly + 100.0, 12000.0, 12100.0, 14000.0})
+        EXPECT_LT(StepsGet(dKm - 0.25, dKm + 0.25).back(), 0.2) << dKm;
 }
 
-TEST(Sanity, NothingJumpsAt9000Km)
+// The lower limit has a hop more behind each multiple of 3000 km, eased over 100 km.
+TEST(Sanity, NothingJumpsWhereTheLowerLimitHasAHopMore)
 {
-    EXPECT_LT(StepsGet(kLongOnly - 0.5, kLongOnly + 0.5).back(), 0.1);
-    EXPECT_LT(StepsGet(kLongOnly + 99.5, kLongOnly + 100.5).back(), 0.1);
+    for (const double dKm : {15000.0, 18000.0, 21000.0, 27000.0, 30000.0, 33000.0, 39000.0}) {
+        EXPECT_LT(StepsGet(dKm - 0.25, dKm + 0.25).back(), 0.2) << dKm;
+        EXPECT_LT(StepsGet(dKm + 99.75, dKm + 100.25).back(), 0.2) << dKm;
+    }
+}
+
+TEST(Sanity, NothingJumpsAtTheAntipode)
+{
+    const double dHalf = kPi * kEarthKm;
+    for (const double dKm : {dHalf - 60.0, dHalf - 1.0, dHalf, dHalf + 1.0, dHalf + 60.0})
+        EXPECT_LT(StepsGet(dKm - 0.25, dKm + 0.25).back(), 0.2) << dKm - dHalf;
+}
+
+// The ways of a path of one length, turned round its transmitter.
+TEST(Sanity, NothingJumpsWithTheAzimuth)
+{
+    Bench tbl;
+    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Mean, 4, 60.0);
+    std::vector<double> aSteps;
+    for (const double dKm : {8200.0, 13100.0, 17300.0, 19990.0}) {
+        Circuit tblCircuit = CircuitOf(47.0, 8.0, 0.0, 0.0);
+        std::vector<int> aHops;
+        double dBefore = 0.0;
+        for (int i = 0; i <= 720; ++i) {
+            EndGet(tblCircuit, 40.0 + 0.0025 * i, dKm);
+            const double dField = tbl.Run(tblCircuit, 9, 12.0).dField;
+            const auto aNow = HopsOf(*tbl.pPath, *tbl.pHour);
+            if (aNow == aHops)
+                aSteps.push_back(std::abs(dField - dBefore));
+            aHops = aNow;
+            dBefore = dField;
+        }
+    }
+    EXPECT_GT(aSteps.size(), 2700u);
+    // The tables of the Recommendation have cells: noon hours, zones, classes of latitude.
+    std::sort(aSteps.begin(), aSteps.end());
+    EXPECT_LT(aSteps[aSteps.size() * 995 / 1000], 0.2);
+}
+
+// Numbers along whole great circles, the short way and the long one; every step above 0.2 dB is one
+// of a number of hops or of what the Recommendation reads from tables with cells.
+TEST(Sanity, SweepsGiveNumbersEverywhereAndStepsOnlyWithTheTables)
+{
+    Bench tbl;
+    int nSteps = 0, nAll = 0;
+    for (int nCircle = 0; nCircle < 3; ++nCircle) {
+        IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Mean, 1 + 4 * nCircle, 70.0 * nCircle);
+        Circuit tblCircuit = CircuitOf(50.0 - 40.0 * nCircle, 100.0 * nCircle - 90.0, 0.0, 0.0);
+        std::vector<int> aHops;
+        double dBefore = 0.0;
+        for (double dKm = 0.0; dKm <= 39900.0; dKm += dKm > 7000.0 ? 19.5 : 49.5) {
+            for (int nStep = 0; nStep < 2; ++nStep) {
+                const double dAt = dKm + 0.5 * nStep;
+                EndGet(tblCircuit, 35.0 + 70.0 * nCircle, dAt);
+                tblCircuit.bLongWay = dAt > kPi * kEarthKm;
+                const Prediction tblPrediction = tbl.Run(tblCircuit, 4 + 8 * nCircle, 11.0);
+                ASSERT_TRUE(AllFinite(*tbl.pHour, tblPrediction)) << dAt;
+                const auto aNow = HopsOf(*tbl.pPath, *tbl.pHour);
+                const double dStep = std::abs(tblPrediction.dField - dBefore);
+                if (nStep == 1 && dAt > kShortOnly && aNow == aHops) {
+                    ++nAll;
+                    nSteps += dStep > 0.2 ? 1 : 0;
+                    EXPECT_LT(dStep, 2.5) << dAt;
+                }
+                aHops = aNow;
+                dBefore = tblPrediction.dField;
+            }
+        }
+    }
+    EXPECT_GT(nAll, 4500);
+    EXPECT_LT(nSteps, nAll / 500);
 }
 
 TEST(Sanity, FieldDoesNotDependOnWhichHoursCameBefore)
