@@ -88,7 +88,7 @@ void PredictHour(DayWork& tblWork, const Ionosphere& tblIonosphere,
 {
     assert(aCells.size() == tblFrequencies.CountGet());
     DayWork::Parts& tbl = *tblWork.m_pParts;
-    PathFill(tbl.tblPath, tblIonosphere, tblCircuit);
+    PathFill(tbl.tblPath, tblIonosphere, tblCircuit, LabelOf(nHour));
     HourFill(tbl.tblHour, tbl.tblPath, LabelOf(nHour));
     CellsFill(tbl.tblRows, tbl.tblWork, tbl.tblHour, tblFrequencies, aCells);
     tblHour = DayHourGet(tbl.tblHour);

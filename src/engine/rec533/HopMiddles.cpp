@@ -34,18 +34,25 @@ void MiddlesMake(WayPath& tbl, int nHops)
     MagneticFieldsFill({&tblM.aSinLat[nFirst], &tblM.aCosLat[nFirst], &tblM.aSinLon[nFirst],
                         &tblM.aCosLon[nFirst], aDip.data(), aGyro.data(),
                         static_cast<std::size_t>(nHops)});
-    MapPlace tblMap;
-    MapDay tblDay;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(nHops); ++i) {
-        const std::size_t nAt = nFirst + i;
-        const Place tblPlace{
-            0.0, 0.0, tblM.aSinLat[nAt], tblM.aCosLat[nAt], tblM.aSinLon[nAt], tblM.aCosLon[nAt]};
-        MapPlaceFill(tblMap, tblPlace, {aDip[i], 0.0, aGyro[i]}, false);
-        MapDayFill(tblDay, tbl.pIonosphere->tblMaps, tblMap);
-        tblM.aGyro[nAt] = aGyro[i];
-        for (std::size_t t = 0; t < 24; ++t) {
-            tblM.aFof2[t][nAt] = std::max(tblDay.aFof2[t], tbl.pIonosphere->dFof2Least);
-            tblM.aM3[t][nAt] = std::max(tblDay.aM3[t], kM3Least);
+    const auto nCount = static_cast<std::size_t>(nHops);
+    for (std::size_t i = nCount; i < aDip.size(); ++i) aDip[i] = 0.0;
+    std::copy_n(aGyro.begin(), nCount, &tblM.aGyro[nFirst]);
+    MapRows aFof2, aM3;
+    for (std::size_t t = 0; t < 24; ++t) {
+        aFof2[t] = &tblM.aFof2[t][nFirst];
+        aM3[t] = &tblM.aM3[t][nFirst];
+    }
+    const int nHourFirst = tbl.nOnlyHour < 0 ? 0 : tbl.nOnlyHour;
+    const int nHourLast = tbl.nOnlyHour < 0 ? 23 : tbl.nOnlyHour;
+    MapPlacesFill(
+        aFof2, aM3, tbl.pIonosphere->tblMaps,
+        {&tblM.aCosLat[nFirst], &tblM.aSinLon[nFirst], &tblM.aCosLon[nFirst], aDip.data(), nCount},
+        nHourFirst, nHourLast);
+    for (int t = nHourFirst; t <= nHourLast; ++t) {
+        for (std::size_t i = 0; i < nCount; ++i) {
+            const auto nHour = static_cast<std::size_t>(t);
+            aFof2[nHour][i] = std::max(aFof2[nHour][i], tbl.pIonosphere->dFof2Least);
+            aM3[nHour][i] = std::max(aM3[nHour][i], kM3Least);
         }
     }
 }

@@ -1,3 +1,5 @@
+#include <cassert>
+
 #include "engine/rec533/AuroralLoss.h"
 #include "engine/rec533/Modes.h"
 
@@ -254,6 +256,7 @@ void WayHourFill(WayHour& tbl, WayPath& tblPath, int nLabel)
 {
     const Ionosphere& tblIono = *tblPath.pIonosphere;
     const double dKm = tblPath.tblWay.dKm;
+    assert(tblPath.nOnlyHour < 0 || tblPath.nOnlyHour == MapHourGet(nLabel));
     tbl.pWay = &tblPath;
     tbl.nLabel = nLabel;
     tbl.tblFoe = FoeHourGet(tblIono, nLabel);

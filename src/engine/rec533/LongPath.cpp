@@ -23,21 +23,56 @@ double NorthSouthGet(double dBearing)
     return (dA >= 90.0 ? dA - 90.0 : 90.0 - dA) / 90.0;
 }
 
+// foF2 and M(3000)F2 of the two control points for all hours.
+struct UpperMaps {
+    std::array<std::array<double, 4>, 24> aFof2, aM3;
+};
+
 // The plain Recommendation has no least foF2 here.
-double Fof2OfLongGet(const Ionosphere& tbl, const MapPlace& tblMap, int nHour)
+void UpperMapsFill(UpperMaps& tbl, const Ionosphere& tblIono, const std::array<Place, 2>& aPlaces,
+                   const std::array<MagneticField, 2>& aFields)
 {
-    const double dFof2 = MapFof2Get(tbl.tblMaps, tblMap, nHour);
-    return tbl.eBehaviour == Behaviour::Best ? std::max(dFof2, tbl.dFof2Least) : dFof2;
+    alignas(64) std::array<double, 4> aCosLat{1.0, 1.0, 1.0, 1.0}, aSinLon{}, aCosLon{}, aDip{};
+    MapRows aFof2, aM3;
+    for (std::size_t i = 0; i < aPlaces.size(); ++i) {
+        aCosLat[i] = aPlaces[i].dCosLat;
+        aSinLon[i] = aPlaces[i].dSinLon;
+        aCosLon[i] = aPlaces[i].dCosLon;
+        aDip[i] = aFields[i].dDip;
+    }
+    for (std::size_t t = 0; t < 24; ++t) {
+        aFof2[t] = tbl.aFof2[t].data();
+        aM3[t] = tbl.aM3[t].data();
+    }
+    MapPlacesFill(aFof2, aM3, tblIono.tblMaps,
+                  {aCosLat.data(), aSinLon.data(), aCosLon.data(), aDip.data(), aPlaces.size()}, 0,
+                  23);
+    if (tblIono.eBehaviour != Behaviour::Best)
+        return;
+    for (std::size_t t = 0; t < 24; ++t)
+        for (std::size_t i = 0; i < aPlaces.size(); ++i)
+            tbl.aFof2[t][i] = std::max(tbl.aFof2[t][i], tblIono.dFof2Least);
+}
+
+// The same on the grids of the ITU program.
+void UpperGridsFill(UpperMaps& tbl, const Ionosphere& tblIono, const std::array<Place, 2>& aPlaces,
+                    const std::array<MagneticField, 2>& aFields)
+{
+    MapPlace tblMap;
+    for (std::size_t i = 0; i < aPlaces.size(); ++i) {
+        MapPlaceFill(tblMap, aPlaces[i], aFields[i], true);
+        for (int t = 0; t < 24; ++t) {
+            const auto nHour = static_cast<std::size_t>(t);
+            tbl.aFof2[nHour][i] = MapFof2Get(tblIono.tblMaps, tblMap, t);
+            tbl.aM3[nHour][i] = MapM3Get(tblIono.tblMaps, tblMap, t);
+        }
+    }
 }
 
 // The basic MUF and K of a control point for all hours.
-void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIonosphere,
-                    const Place& tblPlace, double dHop, double dNorthSouth)
+void UpperPointFill(LongPath& tbl, std::size_t nPoint, const UpperMaps& tblMaps,
+                    const Place& tblPlace, double dGyro, double dHop, double dNorthSouth)
 {
-    MapPlace tblMap;
-    const MagneticField tblField = MagneticFieldGet(tblPlace, FieldHeight::Maps);
-    const double dGyro = tblField.dGyro;
-    MapPlaceFill(tblMap, tblPlace, tblField, tblIonosphere.bReference);
     tbl.dGyro += dGyro / 2.0;
     tbl.aLat[nPoint] = tblPlace.dLat;
     tbl.aLon[nPoint] = tblPlace.dLon;
@@ -53,11 +88,11 @@ void UpperPointFill(LongPath& tbl, std::size_t nPoint, const Ionosphere& tblIono
          + 29.1996868566837e-6)
         * dHop;
     auto& aBasic = tbl.aBasic[nPoint];
-    for (int i = 0; i < 24; ++i) {
-        const double dFof2 = Fof2OfLongGet(tblIonosphere, tblMap, i);
-        const double dF4 = 1.1 * dFof2 * MapM3Get(tblIonosphere.tblMaps, tblMap, i);
+    for (std::size_t i = 0; i < 24; ++i) {
+        const double dFof2 = tblMaps.aFof2[i][nPoint];
+        const double dF4 = 1.1 * dFof2 * tblMaps.aM3[i][nPoint];
         const double dZero = dFof2 + dGyro / 2.0;
-        aBasic[static_cast<std::size_t>(i)] = std::max(dZero + (dF4 - dZero) * dFd, 0.1);
+        aBasic[i] = std::max(dZero + (dF4 - dZero) * dFd, 0.1);
     }
     const double dLeast = std::min(*std::min_element(aBasic.begin(), aBasic.end()), 100.0);
     const int nNoon = HourWrap(static_cast<int>(12.0 - tblPlace.dLon * kDegrees / 15.0));
@@ -87,8 +122,16 @@ void UpperFill(LongPath& tbl, const Ionosphere& tblIonosphere, const Way& tblWay
     const double dNorthSouth = NorthSouthGet(BearingGet(WayPlace(tblWay, 0.5), tblWay.tblTo));
     tbl.dGyro = 0.0;
     const double dHalf = 0.5 / nHops;
-    UpperPointFill(tbl, 0, tblIonosphere, WayPlace(tblWay, dHalf), dHop, dNorthSouth);
-    UpperPointFill(tbl, 1, tblIonosphere, WayPlace(tblWay, 1.0 - dHalf), dHop, dNorthSouth);
+    const std::array<Place, 2> aPlaces{WayPlace(tblWay, dHalf), WayPlace(tblWay, 1.0 - dHalf)};
+    const std::array<MagneticField, 2> aFields{MagneticFieldGet(aPlaces[0], FieldHeight::Maps),
+                                               MagneticFieldGet(aPlaces[1], FieldHeight::Maps)};
+    UpperMaps tblMaps;
+    if (tblIonosphere.bReference)
+        UpperGridsFill(tblMaps, tblIonosphere, aPlaces, aFields);
+    else
+        UpperMapsFill(tblMaps, tblIonosphere, aPlaces, aFields);
+    for (std::size_t i = 0; i < aPlaces.size(); ++i)
+        UpperPointFill(tbl, i, tblMaps, aPlaces[i], aFields[i].dGyro, dHop, dNorthSouth);
 }
 
 // Winter anomaly factor Aw at mid-path.

@@ -11,51 +11,55 @@ constexpr std::size_t kOrders = 9;
 constexpr double kLevels = 100.0;  // between the two levels of the figures
 
 // The powers of the sine of the modified dip and the products with the longitude terms.
+template <class V>
 struct Functions {
-    std::array<double, kPowers> aPower;
-    std::array<double, kOrders> aCos, aSin;  // cos^m lat cos m lon, cos^m lat sin m lon
+    std::array<V, kPowers> aPower;
+    std::array<V, kOrders> aCos, aSin;  // cos^m lat cos m lon, cos^m lat sin m lon
 };
 
-Functions FunctionsGet(const Place& tblPlace, double dDip)
+template <class V>
+HOPCAST_INLINE Functions<V> FunctionsGet(const V& vCosLat, const V& vSinLon, const V& vCosLon,
+                                         const V& vDip)
 {
-    const double dTan = dDip / std::sqrt(tblPlace.dCosLat);
-    const double dSinX = dTan / std::sqrt(1.0 + dTan * dTan);
-    Functions tbl;
-    tbl.aPower[0] = 1.0;
-    for (std::size_t i = 1; i < kPowers; ++i) tbl.aPower[i] = tbl.aPower[i - 1] * dSinX;
-    const double dC = tblPlace.dCosLat * tblPlace.dCosLon;
-    const double dS = tblPlace.dCosLat * tblPlace.dSinLon;
-    tbl.aCos[0] = 1.0;
-    tbl.aSin[0] = 0.0;
+    const V vTan = vDip / LaneSqrt<V>(vCosLat);
+    const V vSinX = vTan / LaneSqrt<V>(1.0 + vTan * vTan);
+    Functions<V> tbl;
+    tbl.aPower[0] = LaneAll<V>(1.0);
+    for (std::size_t i = 1; i < kPowers; ++i) tbl.aPower[i] = tbl.aPower[i - 1] * vSinX;
+    const V vC = vCosLat * vCosLon;
+    const V vS = vCosLat * vSinLon;
+    tbl.aCos[0] = LaneAll<V>(1.0);
+    tbl.aSin[0] = LaneAll<V>(0.0);
     for (std::size_t m = 1; m < kOrders; ++m) {
-        tbl.aCos[m] = tbl.aCos[m - 1] * dC - tbl.aSin[m - 1] * dS;
-        tbl.aSin[m] = tbl.aSin[m - 1] * dC + tbl.aCos[m - 1] * dS;
+        tbl.aCos[m] = tbl.aCos[m - 1] * vC - tbl.aSin[m - 1] * vS;
+        tbl.aSin[m] = tbl.aSin[m - 1] * vC + tbl.aCos[m - 1] * vS;
     }
     return tbl;
 }
 
-template <std::size_t kOrderCount, std::size_t kCells>
-void FunctionsAdd(std::array<double, kCells>& aCells, const Functions& tbl,
-                  const std::array<int, kOrderCount>& aLast, double dWeight)
+template <class V, std::size_t kOrderCount, std::size_t kCells>
+HOPCAST_INLINE void FunctionsAdd(std::array<V, kCells>& aCells, const Functions<V>& tbl,
+                                 const std::array<int, kOrderCount>& aLast, double dWeight)
 {
     const auto nFirst = static_cast<std::size_t>(aLast[0]);
     for (std::size_t i = 0; i <= nFirst; ++i) aCells[i] += dWeight * tbl.aPower[i];
     for (std::size_t m = 1; m < kOrderCount; ++m) {
         std::size_t i = static_cast<std::size_t>(aLast[m - 1]) + 1;
-        const double dCos = dWeight * tbl.aCos[m];
-        const double dSin = dWeight * tbl.aSin[m];
+        const V vCos = dWeight * tbl.aCos[m];
+        const V vSin = dWeight * tbl.aSin[m];
         for (std::size_t q = 0; i <= static_cast<std::size_t>(aLast[m]); i += 2, ++q) {
-            aCells[i] += dCos * tbl.aPower[q];
-            aCells[i + 1] += dSin * tbl.aPower[q];
+            aCells[i] += vCos * tbl.aPower[q];
+            aCells[i + 1] += vSin * tbl.aPower[q];
         }
     }
 }
 
 void MapPlaceAdd(MapPlace& tblMap, const Place& tblPlace, double dDip, double dWeight)
 {
-    const Functions tbl = FunctionsGet(tblPlace, dDip);
-    FunctionsAdd(tblMap.aFof2, tbl, kFof2Last, dWeight);
-    FunctionsAdd(tblMap.aM3, tbl, kM3Last, dWeight);
+    const auto tbl =
+        FunctionsGet<double>(tblPlace.dCosLat, tblPlace.dSinLon, tblPlace.dCosLon, dDip);
+    FunctionsAdd<double>(tblMap.aFof2, tbl, kFof2Last, dWeight);
+    FunctionsAdd<double>(tblMap.aM3, tbl, kM3Last, dWeight);
 }
 
 // The four grid places of the ITU program and their weights.
@@ -135,35 +139,57 @@ double ProductGet(const std::array<double, kCount>& aA, const std::array<double,
     return dEven + dOdd;
 }
 
+// Four sums side by side, so that one addition need not wait for the other.
 template <class V, std::size_t kFunctions, std::size_t kCells>
-HOPCAST_INLINE void DayLanesFill(std::array<double, 24>& aDay,
-                                 const std::array<std::array<double, 24>, kFunctions>& aHours,
-                                 const std::array<double, kCells>& aPlace)
+HOPCAST_INLINE V PlacesProductGet(const std::array<double, kCells>& aHour,
+                                  const std::array<V, kFunctions>& aPlaces)
 {
-    constexpr std::size_t kVectors = 24 / kLanes<V>;
-    V aSums[kVectors]{};
-    for (std::size_t k = 0; k < kFunctions; ++k)
-        for (std::size_t i = 0; i < kVectors; ++i)
-            aSums[i] += LaneLoad<V>(&aHours[k][i * kLanes<V>]) * aPlace[k];
-    for (std::size_t i = 0; i < kVectors; ++i) LaneStore<V>(&aDay[i * kLanes<V>], aSums[i]);
+    constexpr std::size_t kSums = 4;
+    V aSums[kSums]{};
+    for (std::size_t k = 0; k < kFunctions; ++k) aSums[k % kSums] += aHour[k] * aPlaces[k];
+    return (aSums[0] + aSums[1]) + (aSums[2] + aSums[3]);
 }
 
-HOPCAST_WIDE void DayWideFill(MapDay& tblDay, const MapHours& tblHours, const MapPlace& tblMap)
+template <class V>
+HOPCAST_INLINE void PlacesLanesFill(const MapRows& aFof2, const MapRows& aM3,
+                                    const MapHours& tblHours, const MapPlaces& tblPlaces,
+                                    int nFirst, int nLast)
 {
-    DayLanesFill<Lanes4>(tblDay.aFof2, tblHours.aFof2Hours, tblMap.aFof2);
-    DayLanesFill<Lanes4>(tblDay.aM3, tblHours.aM3Hours, tblMap.aM3);
+    for (std::size_t i = 0; i < tblPlaces.nCount; i += kLanes<V>) {
+        const auto tbl =
+            FunctionsGet<V>(LaneLoad<V>(tblPlaces.pCosLat + i), LaneLoad<V>(tblPlaces.pSinLon + i),
+                            LaneLoad<V>(tblPlaces.pCosLon + i), LaneLoad<V>(tblPlaces.pDip + i));
+        std::array<V, kFof2Functions> aFof2Places{};
+        std::array<V, kM3Functions> aM3Places{};
+        FunctionsAdd<V>(aFof2Places, tbl, kFof2Last, 1.0);
+        FunctionsAdd<V>(aM3Places, tbl, kM3Last, 1.0);
+        const std::size_t nCount = std::min<std::size_t>(kLanes<V>, tblPlaces.nCount - i);
+        for (auto t = static_cast<std::size_t>(nFirst); t <= static_cast<std::size_t>(nLast); ++t) {
+            const V vFof2 = PlacesProductGet<V>(tblHours.aFof2[t], aFof2Places);
+            const V vM3 = PlacesProductGet<V>(tblHours.aM3[t], aM3Places);
+            for (std::size_t k = 0; k < nCount; ++k) {
+                aFof2[t][i + k] = vFof2[k];
+                aM3[t][i + k] = vM3[k];
+            }
+        }
+    }
+}
+
+HOPCAST_WIDE void PlacesWideFill(const MapRows& aFof2, const MapRows& aM3, const MapHours& tblHours,
+                                 const MapPlaces& tblPlaces, int nFirst, int nLast)
+{
+    PlacesLanesFill<Lanes4>(aFof2, aM3, tblHours, tblPlaces, nFirst, nLast);
 }
 
 }  // namespace
 
-void MapDayFill(MapDay& tblDay, const MapHours& tblHours, const MapPlace& tblMap)
+void MapPlacesFill(const MapRows& aFof2, const MapRows& aM3, const MapHours& tblHours,
+                   const MapPlaces& tblPlaces, int nFirst, int nLast)
 {
-    if (LanesWideIs()) {
-        DayWideFill(tblDay, tblHours, tblMap);
-        return;
-    }
-    DayLanesFill<Lanes2>(tblDay.aFof2, tblHours.aFof2Hours, tblMap.aFof2);
-    DayLanesFill<Lanes2>(tblDay.aM3, tblHours.aM3Hours, tblMap.aM3);
+    if (LanesWideIs())
+        PlacesWideFill(aFof2, aM3, tblHours, tblPlaces, nFirst, nLast);
+    else
+        PlacesLanesFill<Lanes2>(aFof2, aM3, tblHours, tblPlaces, nFirst, nLast);
 }
 
 void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dActivity, double dSsn)
@@ -183,10 +209,6 @@ void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dActivity,
         HourFill<kFof2Functions, kFof2Harmonics>(tblHours.aFof2[nAt], aFof2, i);
         HourFill<kM3Functions, kM3Harmonics>(tblHours.aM3[nAt], aM3, i);
         tblHours.aM3[nAt][kM3Functions] = 0.0;
-        for (std::size_t k = 0; k < kFof2Functions; ++k)
-            tblHours.aFof2Hours[k][nAt] = tblHours.aFof2[nAt][k];
-        for (std::size_t k = 0; k < kM3Functions; ++k)
-            tblHours.aM3Hours[k][nAt] = tblHours.aM3[nAt][k];
     }
 }
 

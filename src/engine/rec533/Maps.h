@@ -22,9 +22,6 @@ namespace rec533 {
 struct MapHours {
     alignas(16) std::array<std::array<double, kFof2Functions>, 24> aFof2;
     alignas(16) std::array<std::array<double, kM3Functions + 1>, 24> aM3;  // last one 0
-    // The same by function, for all hours of a place at once.
-    alignas(64) std::array<std::array<double, 24>, kFof2Functions> aFof2Hours;
-    alignas(64) std::array<std::array<double, 24>, kM3Functions> aM3Hours;
 };
 
 /// dActivity: index of foF2; dSsn: sunspot number of M(3000)F2; both mix the figures for 0 and 100.
@@ -43,11 +40,20 @@ struct MapPlace {
 void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, const MagneticField& tblField,
                   bool bGrid);
 
-/// Values of the 24 hours UT at a place.
-struct MapDay {
-    alignas(64) std::array<double, 24> aFof2, aM3;
+/// Several places at once: cosines of latitude, sines and cosines of longitude, dip at 300 km.
+/// Behind the last one there is room for a whole vector.
+struct MapPlaces {
+    const double* pCosLat;
+    const double* pSinLon;
+    const double* pCosLon;
+    const double* pDip;
+    std::size_t nCount;
 };
-void MapDayFill(MapDay& tblDay, const MapHours& tblHours, const MapPlace& tblMap);
+/// Rows of values by hour UT; those of hours that are not wanted may be null.
+using MapRows = std::array<double*, 24>;
+/// foF2 and M(3000)F2 of the hours from nFirst to nLast.
+void MapPlacesFill(const MapRows& aFof2, const MapRows& aM3, const MapHours& tblHours,
+                   const MapPlaces& tblPlaces, int nFirst, int nLast);
 
 [[nodiscard]] double MapFof2Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour);
 [[nodiscard]] double MapM3Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour);

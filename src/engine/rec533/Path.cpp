@@ -51,6 +51,7 @@ void BentWaysFill(Path& tbl)
     for (std::size_t i = 0; i < tbl.nBent; ++i) {
         WayPath& tblBent = tbl.aBent[i];
         tblBent.pIonosphere = tbl.pIonosphere;
+        tblBent.nOnlyHour = tbl.nOnlyHour;
         tblBent.pTx = tbl.pTx;
         tblBent.pRx = tbl.pRx;
         tblBent.dPowerDb = tbl.dPowerDb;
@@ -66,7 +67,7 @@ void BentWaysFill(Path& tbl)
 
 }  // namespace
 
-void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCircuit)
+void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCircuit, int nOnlyLabel)
 {
     constexpr double kShareLeast = 1.0;
     constexpr double kShareMost = 99.0;
@@ -82,6 +83,7 @@ void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCirc
     tbl.dShareQuantile = ShareQuantileGet(tbl.tblCircuit.dRequiredReliability);
     tbl.dPowerDb = DbFromPower(tblCircuit.dPowerKw);
     const Place tblRx = PlaceFromDegrees(tblCircuit.dRxLat, tblCircuit.dRxLon);
+    tbl.nOnlyHour = nOnlyLabel > 0 ? MapHourGet(nOnlyLabel) : -1;
     tbl.pTx = tblCircuit.pTx;
     tbl.pRx = tblCircuit.pRx;
     tbl.tblWay =

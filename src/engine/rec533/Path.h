@@ -53,6 +53,7 @@ struct WayPath {
     double dPowerDb = 0.0;         ///< transmitter, dB above 1 kW
     double dLeastElevation = 0.0;  ///< radians
     bool bHopSum = false;          ///< the long-path rule applies
+    int nOnlyHour = -1;            ///< hour UT of the maps that will be asked for, -1 any
     AntennaLow tblTxLow, tblRxLow;
     Site tblMid;
     Site tblAheadT, tblAheadR;  ///< T + 1000, R - 1000; only beyond 2000 km
@@ -73,7 +74,9 @@ struct Path : WayPath {
 };
 
 /// Fills a path (large: keep it off the stack of a loop). The ionosphere outlives it.
-void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCircuit);
+/// nOnlyLabel: the only label that will be asked for, 0 any.
+void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCircuit,
+              int nOnlyLabel = 0);
 
 /// Makes the two half-hop control points of an order, if they are not there.
 void PathHopSitesMake(WayPath& tbl, int nOrder);
