@@ -34,21 +34,22 @@ double SinceSunsetGet(const FoeHour& tbl, const Place& tblPlace)
     return 0.0;
 }
 
-// True where the night is so far advanced that neither of its two laws is above the floor, told
-// without an angle: since sunset the cosine of the zenith angle has fallen at most as fast as it
-// does at six o'clock, and an arc sine is larger than its sine.
-bool DeepNightIs(const FoeHour& tbl, const Place& tblPlace, double dCosChi, double dNight,
-                 double dLogFloor)
+// Hours since sunset, at least, told without an angle. In the evening the cosine of the zenith
+// angle has fallen at most as fast as it does at six o'clock; in the morning half the night is
+// over.
+double SinceSunsetLeastGet(const FoeHour& tbl, const Place& tblPlace, double dCosChi)
 {
-    if (tbl.bReference || dCosChi >= kSunRiseZenithCos)
-        return false;
-    const double dFar = dNight + 25.2 - 0.28 * (90.0 - kDegrees * dCosChi);
-    const double dSwing = tblPlace.dCosLat * tbl.pSun->dCosDecl;
-    const double dMean = tblPlace.dSinLat * tbl.pSun->dSinDecl;
-    if (dFar > dLogFloor || std::abs(kSunRiseZenithCos - dMean) >= 0.999 * dSwing)
-        return false;
-    const double dSince = (kSunRiseZenithCos - dCosChi) / dSwing * (12.0 / kPi);  // hours, at least
-    return dNight - kDecay * dSince <= dLogFloor;
+    const SunHour& tblSun = *tbl.pSun;
+    const double dSwing = tblPlace.dCosLat * tblSun.dCosDecl;
+    const double dMean = tblPlace.dSinLat * tblSun.dSinDecl;
+    const double dSet = kSunRiseZenithCos - dMean;  // over the swing: cosine of the hour angle
+    if (tbl.bReference || dCosChi >= kSunRiseZenithCos || std::abs(dSet) >= 0.999 * dSwing)
+        return 0.0;
+    const double dEvening = (kSunRiseZenithCos - dCosChi) / dSwing * (12.0 / kPi);
+    const double dSinTurn = tblSun.dSinTurn * tblPlace.dCosLon + tblSun.dCosTurn * tblPlace.dSinLon;
+    // An arc cosine is concave: arccos y >= (1 - y) pi/2.
+    const double dMorning = dSinTurn < -0.001 ? 6.0 * (1.0 - std::max(-dSet / dSwing, 0.0)) : 0.0;
+    return std::max(dEvening, dMorning);
 }
 
 }  // namespace
@@ -71,7 +72,10 @@ double FoeDarkLogGet(const FoeHour& tblHour, const Place& tblPlace, double dCosC
                      double dLogFloor)
 {
     const double dNight = dPower * kNight;
-    if (DeepNightIs(tblHour, tblPlace, dCosChi, dNight, dLogFloor))
+    const double dLeast = dNight - kDecay * SinceSunsetLeastGet(tblHour, tblPlace, dCosChi);
+    // An arc sine is larger than its sine, so the angle is at least this one.
+    const double dFarMost = dNight + 25.2 - 0.28 * (90.0 - kDegrees * dCosChi);
+    if (dLeast <= dLogFloor && dFarMost <= dLogFloor && dCosChi < 0.0)
         return dLogFloor - 1.0;
     const double dChi = std::acos(dCosChi) * kDegrees;
     if (dChi < 90.0) {
@@ -79,9 +83,9 @@ double FoeDarkLogGet(const FoeHour& tblHour, const Place& tblPlace, double dCosC
         return dPower * std::log(std::cos((dChi - 6.27e-13 * dPower8) * kRadians));
     }
     const double dFar = dNight + 25.2 - 0.28 * dChi;
-    return PolarWinterIs(tblHour, tblPlace)
-               ? dFar
-               : std::max(dNight - kDecay * SinceSunsetGet(tblHour, tblPlace), dFar);
+    if (dLeast <= std::max(dFar, dLogFloor) || PolarWinterIs(tblHour, tblPlace))
+        return dFar;
+    return std::max(dNight - kDecay * SinceSunsetGet(tblHour, tblPlace), dFar);
 }
 
 double FoeGet(const FoeHour& tblHour, const Place& tblPlace, double dCosChi)

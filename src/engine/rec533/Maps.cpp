@@ -139,15 +139,17 @@ double ProductGet(const std::array<double, kCount>& aA, const std::array<double,
     return dEven + dOdd;
 }
 
-// Four sums side by side, so that one addition need not wait for the other.
-template <class V, std::size_t kFunctions, std::size_t kCells>
-HOPCAST_INLINE V PlacesProductGet(const std::array<double, kCells>& aHour,
-                                  const std::array<V, kFunctions>& aPlaces)
+// Some hours side by side, so that a place's functions are taken in hand once for all of them.
+template <class V, std::size_t kHours, std::size_t kFunctions, std::size_t kCells>
+HOPCAST_INLINE void PlacesHoursFill(const MapRows& aRows, std::size_t nAt, std::size_t nCount,
+                                    const std::array<std::array<double, kCells>, 24>& aHours,
+                                    const std::array<V, kFunctions>& aPlaces, std::size_t nHour)
 {
-    constexpr std::size_t kSums = 4;
-    V aSums[kSums]{};
-    for (std::size_t k = 0; k < kFunctions; ++k) aSums[k % kSums] += aHour[k] * aPlaces[k];
-    return (aSums[0] + aSums[1]) + (aSums[2] + aSums[3]);
+    V aSums[kHours]{};
+    for (std::size_t k = 0; k < kFunctions; ++k)
+        for (std::size_t j = 0; j < kHours; ++j) aSums[j] += aHours[nHour + j][k] * aPlaces[k];
+    for (std::size_t j = 0; j < kHours; ++j)
+        for (std::size_t k = 0; k < nCount; ++k) aRows[nHour + j][nAt + k] = aSums[j][k];
 }
 
 template <class V>
@@ -164,13 +166,15 @@ HOPCAST_INLINE void PlacesLanesFill(const MapRows& aFof2, const MapRows& aM3,
         FunctionsAdd<V>(aFof2Places, tbl, kFof2Last, 1.0);
         FunctionsAdd<V>(aM3Places, tbl, kM3Last, 1.0);
         const std::size_t nCount = std::min<std::size_t>(kLanes<V>, tblPlaces.nCount - i);
-        for (auto t = static_cast<std::size_t>(nFirst); t <= static_cast<std::size_t>(nLast); ++t) {
-            const V vFof2 = PlacesProductGet<V>(tblHours.aFof2[t], aFof2Places);
-            const V vM3 = PlacesProductGet<V>(tblHours.aM3[t], aM3Places);
-            for (std::size_t k = 0; k < nCount; ++k) {
-                aFof2[t][i + k] = vFof2[k];
-                aM3[t][i + k] = vM3[k];
-            }
+        constexpr std::size_t kTogether = 6;
+        auto t = static_cast<std::size_t>(nFirst);
+        for (; t + kTogether <= static_cast<std::size_t>(nLast) + 1; t += kTogether) {
+            PlacesHoursFill<V, kTogether>(aFof2, i, nCount, tblHours.aFof2, aFof2Places, t);
+            PlacesHoursFill<V, kTogether>(aM3, i, nCount, tblHours.aM3, aM3Places, t);
+        }
+        for (; t <= static_cast<std::size_t>(nLast); ++t) {
+            PlacesHoursFill<V, 1>(aFof2, i, nCount, tblHours.aFof2, aFof2Places, t);
+            PlacesHoursFill<V, 1>(aM3, i, nCount, tblHours.aM3, aM3Places, t);
         }
     }
 }
