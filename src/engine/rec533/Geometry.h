@@ -48,10 +48,14 @@ struct Way {
 /// travel.
 [[nodiscard]] Way WayBentMake(const Way& tblStraight, double dBend, double dSide);
 
-/// The arc at an angle from the start.
+/// Which arc lies at an angle from the start.
+[[nodiscard]] inline std::size_t WayArcIndex(const Way& tblWay, double dAngle)
+{
+    return tblWay.bBent && 2.0 * dAngle >= tblWay.dAngle ? 1 : 0;
+}
 [[nodiscard]] inline const Arc& WayArcGet(const Way& tblWay, double dAngle)
 {
-    return tblWay.aArcs[tblWay.bBent && 2.0 * dAngle >= tblWay.dAngle ? 1 : 0];
+    return tblWay.aArcs[WayArcIndex(tblWay, dAngle)];
 }
 /// The place a fraction of the way along (0 start, 1 end).
 [[nodiscard]] Place WayPlace(const Way& tblWay, double dFraction);

@@ -263,6 +263,19 @@ MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight)
     return {std::atan2(tbl.tZ, dFlat), tbl.tZ / dTotal, kGyroPerField * dTotal};
 }
 
+double FieldTrackGyroDipGet(const FieldTrack& tbl, double dCos, double dSin)
+{
+    double dDown = tbl.aDownCos[0];
+    double dC = dCos, dS = dSin;
+    for (std::size_t j = 1; j < FieldTrack::kOrderMost; ++j) {  // none of the seventh order
+        dDown += tbl.aDownCos[j] * dC + tbl.aDownSin[j] * dS;
+        const double dNext = dC * dCos - dS * dSin;
+        dS = dS * dCos + dC * dSin;
+        dC = dNext;
+    }
+    return kGyroPerField * std::abs(dDown);
+}
+
 FieldTrack FieldTrackMake(const Arc& tblArc)
 {
     FieldTrack tbl;

@@ -47,6 +47,9 @@ struct FieldTrack {
 };
 [[nodiscard]] FieldTrack FieldTrackMake(const Arc& tblArc);
 
+/// |fH sin I| at an angle from the circle's start, from its cosine and sine, MHz.
+[[nodiscard]] double FieldTrackGyroDipGet(const FieldTrack& tbl, double dCos, double dSin);
+
 /// Tangent of the dip at an angle from the circle's start, from its cosine and sine.
 template <class V>
 HOPCAST_INLINE V FieldTrackDipTanGet(const FieldTrack& tbl, const V& vCos, const V& vSin)

@@ -27,15 +27,29 @@ bool HighLatitudeIs(const Path& tbl)
     return std::any_of(aSin, aSin + 3, [](double dSin) { return dSin >= kSin60; });
 }
 
+// A control point, with the field along the way in place of its own.
+void SiteOfWayFill(Site& tbl, const CrossingTrack& tblTrack, double dFraction)
+{
+    const Way& tblWay = tblTrack.tblWay;
+    const double dAngle = dFraction * tblWay.dAngle;
+    const double dCos = std::cos(dAngle);
+    const double dSin = std::sin(dAngle);
+    const std::size_t nArc = WayArcIndex(tblWay, dAngle);
+    tbl.tblPlace = ArcPlace(tblWay.aArcs[nArc], dCos, dSin);
+    tbl.bMap = false;
+    tbl.dGyroDip = FieldTrackGyroDipGet(tblTrack.aFields[nArc], dCos, dSin);
+    tbl.dGeomagneticSin = GeomagneticSinGet(tbl.tblPlace);
+}
+
 // The control points of a way whose geometry is there.
 void WaySitesFill(WayPath& tbl)
 {
     const double dKm = tbl.tblWay.dKm;
     tbl.tblTrack = CrossingTrackMake(tbl.tblWay);
-    SiteFill(tbl.tblMid, WayPlace(tbl.tblWay, 0.5));
+    SiteOfWayFill(tbl.tblMid, tbl.tblTrack, 0.5);
     if (dKm > kControlShort) {
-        SiteFill(tbl.tblAheadT, WayPlace(tbl.tblWay, kControlAhead / dKm));
-        SiteFill(tbl.tblAheadR, WayPlace(tbl.tblWay, 1.0 - kControlAhead / dKm));
+        SiteOfWayFill(tbl.tblAheadT, tbl.tblTrack, kControlAhead / dKm);
+        SiteOfWayFill(tbl.tblAheadR, tbl.tblTrack, 1.0 - kControlAhead / dKm);
     }
     tbl.aHopMade.fill(false);
     tbl.tblMiddles.aMade.fill(false);
@@ -101,8 +115,8 @@ void PathHopSitesMake(WayPath& tbl, int nOrder)
     if (tbl.aHopMade[nAt])
         return;
     const double dHalf = 0.5 / nOrder;
-    SiteFill(tbl.aHopT[nAt], WayPlace(tbl.tblWay, dHalf));
-    SiteFill(tbl.aHopR[nAt], WayPlace(tbl.tblWay, 1.0 - dHalf));
+    SiteOfWayFill(tbl.aHopT[nAt], tbl.tblTrack, dHalf);
+    SiteOfWayFill(tbl.aHopR[nAt], tbl.tblTrack, 1.0 - dHalf);
     tbl.aHopMade[nAt] = true;
 }
 
