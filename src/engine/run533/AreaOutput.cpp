@@ -2,6 +2,7 @@
 #include <thread>
 
 #include "engine/rec533/Day.h"
+#include "engine/run533/AreaGrid.h"
 #include "engine/run533/FieldText.h"
 #include "engine/run533/Run.h"
 #include "engine/run533/RunParts.h"
@@ -10,8 +11,6 @@
 namespace run533 {
 namespace {
 
-constexpr double kFixedEast = 0.05;  // degrees: a point on the fixed end is moved so far
-constexpr double kSame = 1e-9;       // degrees
 constexpr std::size_t kLineBytes = 69;
 constexpr int kThreadsMost = 16;
 constexpr int kPointsAThread = 200;  // less are not worth a thread
@@ -26,55 +25,39 @@ struct Grid {
     std::atomic<int> nNextRow{0};
 };
 
-double LonWrap(double dLon, bool bEastOnly)
-{
-    while (dLon > (bEastOnly ? 360.0 : 180.0)) dLon -= 360.0;
-    while (dLon < (bEastOnly ? 0.0 : -180.0)) dLon += 360.0;
-    return dLon;
-}
-
 void PointAppend(std::string& s, const rec533::DayHour& tblHour, const rec533::Prediction& tbl)
 {
-    constexpr double kField = 999.9;     // greatest and
-    constexpr double kFieldLow = -99.9;  // least value of a column
-    const auto fnClamp = [=](double d) { return std::clamp(d, kFieldLow, kField); };
     FieldAppend(s, tblHour.dMuf, 6, 2);
     if (tbl.nHops > 0)
         FieldAppend(s, NumberToText(tbl.nHops) + (tbl.bE ? "E " : "F2"), 6);
     else
         s += "   ---";
     FieldAppend(s, tbl.dElevation * rec533::kDegrees, 6, 1);
-    FieldAppend(s, fnClamp(tbl.dField), 6, 1);
-    FieldAppend(s, fnClamp(tbl.dSnr), 6, 1);
+    FieldAppend(s, GridValueClamp(tbl.dField), 6, 1);
+    FieldAppend(s, GridValueClamp(tbl.dSnr), 6, 1);
     FieldAppend(s, std::clamp(tbl.dReliability / 100.0, 0.01, 0.99), 6, 3);
-    FieldAppend(s, fnClamp(tbl.dSnrExceeded), 6, 1);
+    FieldAppend(s, GridValueClamp(tbl.dSnrExceeded), 6, 1);
     s += '\n';
 }
 
 void RowFill(Grid& tbl, int nRow, rec533::DayWork& tblWork)
 {
     const AreaDeck& tblDeck = *tbl.pDeck;
-    const int nSteps = tblDeck.nGrid - 1;
-    const double dLat = tblDeck.dSouth + (tblDeck.dNorth - tblDeck.dSouth) * nRow / nSteps;
     std::string sRow;
     sRow.reserve(kLineBytes * static_cast<std::size_t>(tblDeck.nGrid));
     rec533::Circuit tblCircuit = tbl.tblCircuit;
     rec533::DayHour tblHour;
     rec533::Prediction tblPrediction;
-    for (int i = 0; i <= nSteps; ++i) {
-        double dLon = LonWrap(tblDeck.dWest + (tblDeck.dEast - tblDeck.dWest) * i / nSteps,
-                              tblDeck.dWest >= 0.0);
-        const double dApart = std::remainder(dLon - tblCircuit.dTxLon, 360.0);
-        if (std::abs(dLat - tblCircuit.dTxLat) < kSame && std::abs(dApart) < kSame)
-            dLon = LonWrap(dLon + kFixedEast, tblDeck.dWest >= 0.0);
-        tblCircuit.dRxLat = dLat;
-        tblCircuit.dRxLon = std::remainder(dLon, 360.0);
+    for (int i = 0; i < tblDeck.nGrid; ++i) {
+        const GridPlace tblPlace = GridPlaceGet(tblDeck, nRow, i);
+        tblCircuit.dRxLat = tblPlace.dLat;
+        tblCircuit.dRxLon = tblPlace.dLonOfPath;
         PredictHour(tblWork, *tbl.pParts->pIonosphere, *tbl.pFrequencies, tblCircuit, tblDeck.nHour,
                     tblHour, {&tblPrediction, 1});
         FieldAppend(sRow, NumberToText(i + 1), 3);
         FieldAppend(sRow, NumberToText(nRow + 1), 3);
-        FieldAppend(sRow, dLat, 10, 4);
-        FieldAppend(sRow, dLon, 10, 4);
+        FieldAppend(sRow, tblPlace.dLat, 10, 4);
+        FieldAppend(sRow, tblPlace.dLon, 10, 4);
         PointAppend(sRow, tblHour, tblPrediction);
     }
     sRow.copy(tbl.sPoints.data() + sRow.size() * static_cast<std::size_t>(nRow), sRow.size());

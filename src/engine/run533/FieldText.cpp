@@ -6,17 +6,31 @@
 #include <cmath>
 
 namespace run533 {
+namespace {
 
-void FieldAppend(std::string& sLine, double dValue, int nWidth, int nDecimals)
+constexpr std::array kPowers{1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+
+// What is printed, in units of its last digit.
+double UnitsGet(double dValue, int nWidth, int nDecimals)
 {
-    constexpr std::array kPowers{1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
     const double dScale = kPowers[static_cast<std::size_t>(nDecimals)];
     // Digits of the largest number: the point takes a column, the blank before it another.
     const int nDigits = nWidth - 1 - (nDecimals > 0 ? 1 : 0);
     const double dMost = kPowers[static_cast<std::size_t>(nDigits)] - 1.0;
     const double dLeast = -(kPowers[static_cast<std::size_t>(nDigits - 1)] - 1.0);
-    const double dUnits =
-        std::isnan(dValue) ? 0.0 : std::clamp(std::round(dValue * dScale), dLeast, dMost);
+    return std::isnan(dValue) ? 0.0 : std::clamp(std::round(dValue * dScale), dLeast, dMost);
+}
+
+}  // namespace
+
+double FieldValueGet(double dValue, int nWidth, int nDecimals)
+{
+    return UnitsGet(dValue, nWidth, nDecimals) / kPowers[static_cast<std::size_t>(nDecimals)];
+}
+
+void FieldAppend(std::string& sLine, double dValue, int nWidth, int nDecimals)
+{
+    const double dUnits = UnitsGet(dValue, nWidth, nDecimals);
     auto nUnits = static_cast<long long>(std::abs(dUnits));
     std::array<char, 24> aText;
     char* pEnd = aText.data() + aText.size();

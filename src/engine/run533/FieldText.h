@@ -7,6 +7,9 @@
 
 namespace run533 {
 
+/// The number that FieldAppend prints of a value.
+[[nodiscard]] double FieldValueGet(double dValue, int nWidth, int nDecimals);
+
 /// Appends a number right-justified in nWidth columns with nDecimals. At least one blank stands
 /// before it: a value that does not fit becomes the nearest one that does. Not-a-number is 0.
 void FieldAppend(std::string& sLine, double dValue, int nWidth, int nDecimals);

@@ -2,6 +2,7 @@
 
 #include "engine/rec533/Day.h"
 #include "engine/run533/FieldText.h"
+#include "engine/run533/PointDay.h"
 #include "engine/run533/Run.h"
 #include "engine/run533/RunParts.h"
 
@@ -12,7 +13,6 @@ constexpr int kColumns = 1 + kFrequenciesMost;  // the MUF's own, then the frequ
 constexpr int kHoursAPage = 5;
 constexpr double kUnused = -999.0;
 constexpr double kKmPerMile = 1.852;
-constexpr double kSameEast = 0.01;  // degrees: both ends at one place are told apart by it
 
 // One column of an hour's block.
 struct Column {
@@ -23,15 +23,9 @@ struct Column {
 
 struct Page {
     const PointDeck* pDeck = nullptr;
-    const RunParts* pParts = nullptr;
-    rec533::Way tblWay;
-    rec533::Circuit tblCircuit;
-    std::array<rec533::DayHour, 24> aHours;
-    std::vector<rec533::Prediction> aCells;  // [hour][usable frequency]
+    PointDay tblDay;
     std::array<Column, kColumns> aColumns;
     std::string_view sMethod;
-    double dRxLon = 0.0;
-    double dTxAzimuth = 0.0, dRxAzimuth = 0.0;  // degrees
     std::string sText;
 };
 
@@ -86,22 +80,22 @@ void HeadAppend(Page& tbl, int nPage)
     s += "   AZIMUTHS <Short> N. MI.      KM\n";
     PlaceAppend(s, tblCommon.dTxLat, tblCommon.dTxLon);
     s += "  ";
-    PlaceAppend(s, tblDeck.dRxLat, tbl.dRxLon);
-    FieldAppend(s, tbl.dTxAzimuth, 10, 2);
-    FieldAppend(s, tbl.dRxAzimuth, 8, 2);
-    FieldAppend(s, tbl.tblWay.dKm / kKmPerMile, 10, 1);
-    FieldAppend(s, tbl.tblWay.dKm, 9, 1);
+    PlaceAppend(s, tblDeck.dRxLat, tbl.tblDay.dRxLon);
+    FieldAppend(s, tbl.tblDay.dTxAzimuth, 10, 2);
+    FieldAppend(s, tbl.tblDay.dRxAzimuth, 8, 2);
+    FieldAppend(s, tbl.tblDay.tblWay.dKm / kKmPerMile, 10, 1);
+    FieldAppend(s, tbl.tblDay.tblWay.dKm, 9, 1);
     s += "\n MIN ANG";
-    FieldAppend(s, tbl.tblCircuit.dLeastElevation, 5, 1);
+    FieldAppend(s, tbl.tblDay.tblCircuit.dLeastElevation, 5, 1);
     s += " DEG\n";
     if (tblCommon.tblTxAntenna)
-        AntennaAppend(tbl, "XMTR", *tblCommon.tblTxAntenna, tbl.dTxAzimuth, true);
+        AntennaAppend(tbl, "XMTR", *tblCommon.tblTxAntenna, tbl.tblDay.dTxAzimuth, true);
     if (tblCommon.tblRxAntenna)
-        AntennaAppend(tbl, "RCVR", *tblCommon.tblRxAntenna, tbl.dRxAzimuth, false);
+        AntennaAppend(tbl, "RCVR", *tblCommon.tblRxAntenna, tbl.tblDay.dRxAzimuth, false);
     s += " NOISE";
-    FieldAppend(s, tbl.tblCircuit.dNoiseLevel, 5, 0);
+    FieldAppend(s, tbl.tblDay.tblCircuit.dNoiseLevel, 5, 0);
     s += " dBW           S/N";
-    FieldAppend(s, tbl.tblCircuit.dRequiredReliability, 3, 0);
+    FieldAppend(s, tbl.tblDay.tblCircuit.dRequiredReliability, 3, 0);
     s += "% of Days @";
     FieldAppend(s, tblCommon.dRequiredSnr, 4, 0);
     s += " dB  in";
@@ -189,41 +183,13 @@ void BlockAppend(Page& tbl, const rec533::DayHour& tblHour, int nLabel)
 
 void HourAppend(Page& tbl, std::size_t nHour)
 {
-    const rec533::DayHour& tblHour = tbl.aHours[nHour];
-    std::size_t nCell = nHour * tbl.aCells.size() / tbl.aHours.size();
+    const rec533::DayHour& tblHour = tbl.tblDay.aHours[nHour];
+    std::size_t nCell = nHour * tbl.tblDay.aCells.size() / tbl.tblDay.aHours.size();
     tbl.aColumns[0] = {tblHour.bAtMuf, tblHour.dMuf, tblHour.tblAtMuf};
     for (std::size_t i = 1; i < tbl.aColumns.size(); ++i)
         if (tbl.aColumns[i].bUsed)
-            tbl.aColumns[i].tblPrediction = tbl.aCells[nCell++];
+            tbl.aColumns[i].tblPrediction = tbl.tblDay.aCells[nCell++];
     BlockAppend(tbl, tblHour, nHour == 0 ? 24 : static_cast<int>(nHour));
-}
-
-void DayFill(Page& tbl)
-{
-    const PointDeck& tblDeck = *tbl.pDeck;
-    const DeckCommon& tblCommon = tblDeck.tblCommon;
-    rec533::Circuit tblCircuit = CircuitMake(tblCommon, *tbl.pParts, tblDeck.dPowerKw);
-    const bool bSame = tblCommon.dTxLat == tblDeck.dRxLat && tblCommon.dTxLon == tblDeck.dRxLon;
-    tbl.dRxLon = tblDeck.dRxLon + (bSame ? kSameEast : 0.0);
-    tblCircuit.dRxLat = tblDeck.dRxLat;
-    tblCircuit.dRxLon = tbl.dRxLon;
-    std::vector<double> aUsable;
-    for (std::size_t i = 0; i < tblDeck.aFrequencies.size(); ++i) {
-        const double dFrequency = tblDeck.aFrequencies[i];
-        tbl.aColumns[i + 1] = {rec533::FrequencyUsable(dFrequency), dFrequency, {}};
-        if (tbl.aColumns[i + 1].bUsed)
-            aUsable.push_back(dFrequency);
-    }
-    const rec533::Ionosphere& tblIono = *tbl.pParts->pIonosphere;
-    const rec533::Frequencies tblFrequencies(tblIono, tblCircuit, aUsable);
-    tbl.aCells.resize(tbl.aHours.size() * aUsable.size());
-    rec533::DayWork tblWork;
-    PredictDay(tblWork, tblIono, tblFrequencies, tblCircuit, rec533::DayParts::Page, tbl.aHours,
-               tbl.aCells);
-    tbl.tblWay = tblWork.PathGet().tblWay;
-    tbl.tblCircuit = tblWork.PathGet().tblCircuit;
-    tbl.dTxAzimuth = BearingGet(tbl.tblWay.tblFrom, tbl.tblWay.tblTo) * rec533::kDegrees;
-    tbl.dRxAzimuth = BearingGet(tbl.tblWay.tblTo, tbl.tblWay.tblFrom) * rec533::kDegrees;
 }
 
 }  // namespace
@@ -240,10 +206,12 @@ Result<std::string> PointOutputMake(std::string_view sDeck, std::string_view sRo
         return resParts.ErrorGet();
     const auto pPage = std::make_unique<Page>();
     pPage->pDeck = &resDeck.ValueGet();
-    pPage->pParts = &resParts.ValueGet();
     pPage->sMethod = MethodNameGet(eBehaviour);
     pPage->sText.reserve(kOutputBytes);
-    DayFill(*pPage);
+    rec533::DayWork tblWork;
+    PointDayFill(pPage->tblDay, resDeck.ValueGet(), resParts.ValueGet(), tblWork);
+    for (std::size_t i = 0; i < pPage->pDeck->aFrequencies.size(); ++i)
+        pPage->aColumns[i + 1] = {pPage->tblDay.abUsable[i], pPage->pDeck->aFrequencies[i], {}};
     for (int i = 0; i < 24; ++i) {
         if (i % kHoursAPage == 0)
             HeadAppend(*pPage, i / kHoursAPage + 1);

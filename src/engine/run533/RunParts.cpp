@@ -2,11 +2,21 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace run533 {
 
+std::shared_ptr<const rec533::Ionosphere> IonosphereMake(const DeckCommon& tbl,
+                                                         rec533::Behaviour eBehaviour)
+{
+    const auto pIonosphere = std::make_shared<rec533::Ionosphere>();
+    IonosphereFill(*pIonosphere, eBehaviour, tbl.eMaps, tbl.nMonth, tbl.dSsn);
+    return pIonosphere;
+}
+
 Result<RunParts> RunPartsMake(const DeckCommon& tbl, std::string_view sRoot,
-                              rec533::Behaviour eBehaviour)
+                              rec533::Behaviour eBehaviour,
+                              std::shared_ptr<const rec533::Ionosphere> pIonosphere)
 {
     RunParts tblParts;
     for (const bool bTx : {true, false}) {
@@ -18,8 +28,7 @@ Result<RunParts> RunPartsMake(const DeckCommon& tbl, std::string_view sRoot,
             return DeckErrorMake(tblCard->sCard, tblCard->tblAt, resLoaded.TextGet());
         (bTx ? tblParts.pTx : tblParts.pRx) = std::make_unique<AntennaLoaded>(resLoaded.ValueGet());
     }
-    tblParts.pIonosphere = std::make_unique<rec533::Ionosphere>();
-    IonosphereFill(*tblParts.pIonosphere, eBehaviour, tbl.eMaps, tbl.nMonth, tbl.dSsn);
+    tblParts.pIonosphere = pIonosphere ? std::move(pIonosphere) : IonosphereMake(tbl, eBehaviour);
     return tblParts;
 }
 

@@ -1,0 +1,43 @@
+#include "engine/run533/AreaGrid.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace run533 {
+namespace {
+
+constexpr double kFixedEast = 0.05;  // degrees: a point on the fixed end is moved so far
+constexpr double kSame = 1e-9;       // degrees
+
+double LonWrap(double dLon, bool bEastOnly)
+{
+    while (dLon > (bEastOnly ? 360.0 : 180.0)) dLon -= 360.0;
+    while (dLon < (bEastOnly ? 0.0 : -180.0)) dLon += 360.0;
+    return dLon;
+}
+
+}  // namespace
+
+GridPlace GridPlaceGet(const AreaDeck& tblDeck, int nRow, int nColumn)
+{
+    const int nSteps = tblDeck.nGrid - 1;
+    const bool bEastOnly = tblDeck.dWest >= 0.0;
+    GridPlace tbl;
+    tbl.dLat = tblDeck.dSouth + (tblDeck.dNorth - tblDeck.dSouth) * nRow / nSteps;
+    tbl.dLon =
+        LonWrap(tblDeck.dWest + (tblDeck.dEast - tblDeck.dWest) * nColumn / nSteps, bEastOnly);
+    const double dApart = std::remainder(tbl.dLon - tblDeck.tblCommon.dTxLon, 360.0);
+    if (std::abs(tbl.dLat - tblDeck.tblCommon.dTxLat) < kSame && std::abs(dApart) < kSame)
+        tbl.dLon = LonWrap(tbl.dLon + kFixedEast, bEastOnly);
+    tbl.dLonOfPath = std::remainder(tbl.dLon, 360.0);
+    return tbl;
+}
+
+double GridValueClamp(double dValue)
+{
+    constexpr double kMost = 999.9;
+    constexpr double kLeast = -99.9;
+    return std::clamp(dValue, kLeast, kMost);
+}
+
+}  // namespace run533

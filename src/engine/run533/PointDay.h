@@ -1,0 +1,30 @@
+/// @file PointDay.h
+/// A point-to-point deck computed: what its page is printed from, and what the engine of this
+/// process answers with.
+///
+/// Units:   those of engine/rec533/Prediction.h; azimuths in degrees.
+/// Tests:   tests/engine/OutputTest.cpp, tests/engine/builtin/BuiltInEngineTest.cpp
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "engine/rec533/Day.h"
+#include "engine/run533/RunParts.h"
+
+namespace run533 {
+
+struct PointDay {
+    rec533::Way tblWay;
+    rec533::Circuit tblCircuit;
+    std::array<rec533::DayHour, 24> aHours;
+    std::vector<bool> abUsable;              ///< of the deck's frequencies: the method takes them
+    std::vector<rec533::Prediction> aCells;  ///< [hour][usable frequency]
+    double dRxLon = 0.0;  ///< both ends at one place are told apart by a hundredth of a degree
+    double dTxAzimuth = 0.0, dRxAzimuth = 0.0;
+};
+
+void PointDayFill(PointDay& tbl, const PointDeck& tblDeck, const RunParts& tblParts,
+                  rec533::DayWork& tblWork);
+
+}  // namespace run533
