@@ -7,10 +7,12 @@
 /// Tests:   tests/propagation/RunnerTest.cpp, tests/propagation/ProcessEngineTest.cpp
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
 
+#include "propagation/AreaDay.h"
 #include "propagation/Prediction.h"
 
 struct EngineLimits {
@@ -37,4 +39,9 @@ public:
                                              const std::stop_token& stop) const = 0;
     [[nodiscard]] virtual AreaPrediction PredictArea(const AreaRequest& request,
                                                      const std::stop_token& stop) const = 0;
+    /// Prepares an area's day: the numbers are those of PredictArea, hour by hour and frequency by
+    /// frequency. The engine must outlive the work.
+    /// @param failure  gets why there is none
+    [[nodiscard]] virtual std::unique_ptr<AreaDayWork> AreaDayPrepare(
+        const AreaDayRequest& request, std::optional<Failure>& failure) const;
 };

@@ -1,0 +1,337 @@
+#include "engine/builtin/BuiltInEngine.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <mutex>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "engine/builtin/BuiltInTable.h"
+#include "engine/run533/AreaGrid.h"
+#include "engine/run533/FieldText.h"
+#include "engine/run533/PointDay.h"
+#include "propagation/deck/DeckLib.h"
+#include "system/ClockLib.h"
+#include "system/RunErrorText.h"
+
+namespace {
+
+constexpr rec533::Behaviour kBehaviour = rec533::Behaviour::Best;
+
+Failure FailureMake(FailureKind eKind, std::string sText, std::string sDetail = {})
+{
+    Failure failure{eKind, std::move(sText), std::move(sDetail)};
+    return failure;
+}
+
+/// The stages of a run, as the program's runs tell them.
+constexpr const char* kPointOutput = "PropagationRec533, Output ";
+constexpr const char* kPointNotFinished = "PropagationRec533, Shell do not finish.";
+constexpr const char* kAreaOutput = "PropagationAreaOpen, ";
+constexpr const char* kAreaNotFinished = "PropagationAreaOpen, Shell do not finish.";
+
+/// The decks of a request's chunks as one, with all of the usable frequencies.
+Result<run533::PointDeck> DeckRead(const Request& request, const std::vector<int>& aiFrequency,
+                                   Failure& failure)
+{
+    const int nYear = request.nYear != 0 ? request.nYear : LocalNow().nYear;
+    run533::PointDeck tblDeck;
+    Request requestChunk = request;
+    for (std::size_t iFirst = 0; iFirst < aiFrequency.size(); iFirst += kChunkMax) {
+        const std::size_t nCount =
+            std::min(aiFrequency.size() - iFirst, static_cast<std::size_t>(kChunkMax));
+        requestChunk.nData = static_cast<int>(nCount);
+        requestChunk.afFrequency.assign(1, 0.0F);
+        for (std::size_t i = iFirst; i < iFirst + nCount; ++i)
+            requestChunk.afFrequency.push_back(request.FrequencyGet(aiFrequency[i]));
+        const auto resText = DeckRec533(requestChunk, 1, requestChunk.nData, nYear);
+        if (!resText) {
+            failure = FailureMake(FailureKind::BadInput, kPointOutput + resText.TextGet());
+            return resText.ErrorGet();
+        }
+        auto resDeck = run533::PointDeckRead(resText.ValueGet());
+        if (!resDeck) {
+            failure = FailureMake(FailureKind::BadInput, kPointNotFinished, resDeck.TextGet());
+            return resDeck.ErrorGet();
+        }
+        std::vector<double> aFrequencies = std::move(tblDeck.aFrequencies);
+        const std::vector<double>& aChunk = resDeck.ValueGet().aFrequencies;
+        aFrequencies.insert(aFrequencies.end(), aChunk.begin(), aChunk.end());
+        tblDeck = std::move(resDeck.ValueGet());
+        tblDeck.aFrequencies = std::move(aFrequencies);
+    }
+    return tblDeck;
+}
+
+Result<run533::AreaDeck> AreaRead(const AreaRequest& request, Failure& failure)
+{
+    if (const auto resRange = RangeCheck(request); !resRange) {
+        failure = FailureMake(FailureKind::BadInput, kAreaOutput + resRange.TextGet());
+        return resRange.ErrorGet();
+    }
+    const auto resText = DeckArea(request);
+    if (!resText) {
+        failure = FailureMake(FailureKind::BadInput, kAreaOutput + resText.TextGet());
+        return resText.ErrorGet();
+    }
+    auto resDeck = run533::AreaDeckRead(resText.ValueGet());
+    if (!resDeck)
+        failure = FailureMake(FailureKind::BadInput, kAreaNotFinished, resDeck.TextGet());
+    return resDeck;
+}
+
+float SnrOfGrid(const rec533::Prediction& tbl)
+{
+    constexpr int kWidth = 6;
+    constexpr int kDecimals = 1;
+    return static_cast<float>(
+        run533::FieldValueGet(run533::GridValueClamp(tbl.dSnrExceeded), kWidth, kDecimals));
+}
+
+AreaDay::Place PlaceOfGrid(const run533::GridPlace& tbl)
+{
+    constexpr int kWidth = 10;
+    constexpr int kDecimals = 4;
+    return {run533::FieldValueGet(tbl.dLat, kWidth, kDecimals),
+            run533::FieldValueGet(tbl.dLon, kWidth, kDecimals)};
+}
+
+}  // namespace
+
+/// What several calls have in common: the maps that were asked for last, and room to work in.
+class BuiltInEngine::Shared {
+public:
+    std::shared_ptr<const rec533::Ionosphere> IonosphereGet(const run533::DeckCommon& tbl)
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_pIonosphere == nullptr || m_eMaps != tbl.eMaps || m_nMonth != tbl.nMonth
+            || m_dSsn != tbl.dSsn) {
+            m_pIonosphere = run533::IonosphereMake(tbl, kBehaviour);
+            m_eMaps = tbl.eMaps;
+            m_nMonth = tbl.nMonth;
+            m_dSsn = tbl.dSsn;
+        }
+        return m_pIonosphere;
+    }
+
+    /// A DayWork that is nobody else's while it lives.
+    class Work {
+    public:
+        explicit Work(Shared& shared) : m_shared(shared)
+        {
+            const std::lock_guard lock(m_shared.m_mutex);
+            if (!m_shared.m_aWorks.empty()) {
+                m_work = std::move(m_shared.m_aWorks.back());
+                m_shared.m_aWorks.pop_back();
+            }
+        }
+        ~Work()
+        {
+            const std::lock_guard lock(m_shared.m_mutex);
+            m_shared.m_aWorks.push_back(std::move(m_work));
+        }
+        Work(const Work&) = delete;
+        Work& operator=(const Work&) = delete;
+        [[nodiscard]] rec533::DayWork& Get() { return m_work; }
+
+    private:
+        Shared& m_shared;
+        rec533::DayWork m_work;
+    };
+
+private:
+    std::mutex m_mutex;
+    std::shared_ptr<const rec533::Ionosphere> m_pIonosphere;
+    rec533::MapSet m_eMaps = rec533::MapSet::Ccir;
+    int m_nMonth = 0;
+    double m_dSsn = 0.0;
+    std::vector<rec533::DayWork> m_aWorks;
+};
+
+BuiltInEngine::BuiltInEngine(std::string sRoot)
+    : m_sRoot(std::move(sRoot)), m_pShared(std::make_unique<Shared>())
+{
+}
+
+BuiltInEngine::~BuiltInEngine() = default;
+
+std::string BuiltInEngine::VersionGet() const
+{
+    return "built-in, " + std::string(run533::MethodNameGet(kBehaviour));
+}
+
+EngineLimits BuiltInEngine::LimitsGet() const
+{
+    return {kFrequencyMax, std::max(1, static_cast<int>(std::thread::hardware_concurrency()))};
+}
+
+Prediction BuiltInEngine::Predict(const Request& request, const std::stop_token& stop) const
+{
+    Prediction prediction;
+    prediction.sEngine = NameGet();
+    prediction.sEngineVersion = VersionGet();
+    prediction.table = PropagationTable(request.nData);
+    prediction.table.request = request;
+    const auto Fail = [&](Failure failure) {
+        failure.iFirst = 1;
+        failure.iLast = request.nData;
+        prediction.aFailures.push_back(std::move(failure));
+        return prediction;
+    };
+    if (stop.stop_requested())
+        return Fail(FailureMake(FailureKind::Cancelled, kPointNotFinished));
+    const std::vector<int> aiFrequency = FrequenciesInRangeGet(request);
+    if (aiFrequency.empty())
+        return prediction;
+    if (const auto resRange = RangeCheck(request); !resRange)
+        return Fail(FailureMake(FailureKind::BadInput, kPointOutput + resRange.TextGet()));
+    Failure failure;
+    const auto resDeck = DeckRead(request, aiFrequency, failure);
+    if (!resDeck)
+        return Fail(std::move(failure));
+    const run533::DeckCommon& tblCommon = resDeck.ValueGet().tblCommon;
+    const auto resParts =
+        run533::RunPartsMake(tblCommon, m_sRoot, kBehaviour, m_pShared->IonosphereGet(tblCommon));
+    if (!resParts)
+        return Fail(FailureMake(FailureKind::BadInput, kPointNotFinished, resParts.TextGet()));
+    Shared::Work work(*m_pShared);
+    run533::PointDay tblDay;
+    PointDayFill(tblDay, resDeck.ValueGet(), resParts.ValueGet(), work.Get());
+    BuiltInTableFill(tblDay, aiFrequency, prediction.table);
+    prediction.bOk = true;
+    return prediction;
+}
+
+/// The rows of an area's day.
+class AreaRowsWork final : public AreaDayWork {
+public:
+    AreaRowsWork(run533::AreaDeck tblDeck, run533::RunParts tblParts,
+                 const std::vector<double>& aMegahertz)
+        : m_tblDeck(std::move(tblDeck)),
+          m_tblParts(std::move(tblParts)),
+          m_tblCircuit(CircuitMake(m_tblDeck.tblCommon, m_tblParts, run533::kPowerWithoutAntenna)),
+          m_tblFrequencies(*m_tblParts.pIonosphere, m_tblCircuit, aMegahertz)
+    {
+    }
+    [[nodiscard]] std::size_t PiecesGet() const override
+    {
+        return static_cast<std::size_t>(m_tblDeck.nGrid);
+    }
+    [[nodiscard]] std::optional<Failure> Run(std::size_t iPiece, AreaDay& day,
+                                             const std::stop_token& stop) override
+    {
+        thread_local rec533::DayWork work;
+        thread_local std::vector<rec533::Prediction> aCells;
+        std::array<rec533::DayHour, 24> aHours;
+        const std::size_t nFrequencies = m_tblFrequencies.CountGet();
+        aCells.resize(aHours.size() * nFrequencies);
+        rec533::Circuit tblCircuit = m_tblCircuit;
+        for (std::size_t i = 0; i < PiecesGet(); ++i) {
+            if (stop.stop_requested())
+                return FailureMake(FailureKind::Cancelled, kAreaNotFinished);
+            const run533::GridPlace tblPlace =
+                GridPlaceGet(m_tblDeck, static_cast<int>(iPiece), static_cast<int>(i));
+            tblCircuit.dRxLat = tblPlace.dLat;
+            tblCircuit.dRxLon = tblPlace.dLonOfPath;
+            PredictDay(work, *m_tblParts.pIonosphere, m_tblFrequencies, tblCircuit,
+                       rec533::DayParts::Cells, aHours, aCells);
+            const std::size_t iPoint = iPiece * PiecesGet() + i;
+            day.aPlaces[iPoint] = PlaceOfGrid(tblPlace);
+            for (int iHour = 0; iHour < kHourCount; ++iHour)
+                for (std::size_t j = 0; j < nFrequencies; ++j)
+                    day.SnrGet(iPoint, iHour, j) =
+                        SnrOfGrid(aCells[static_cast<std::size_t>(iHour) * nFrequencies + j]);
+        }
+        return {};
+    }
+
+private:
+    run533::AreaDeck m_tblDeck;
+    run533::RunParts m_tblParts;
+    rec533::Circuit m_tblCircuit;
+    rec533::Frequencies m_tblFrequencies;
+};
+
+std::unique_ptr<AreaDayWork> BuiltInEngine::AreaDayPrepare(const AreaDayRequest& request,
+                                                           std::optional<Failure>& failure) const
+{
+    constexpr float kKhzPerMhz = 1000.0F;
+    failure.reset();
+    Failure failureDeck;
+    std::vector<double> aMegahertz;
+    AreaRequest area = request.area;
+    std::optional<run533::AreaDeck> tblDeck;
+    for (const float fKhz : request.afFrequency) {  // each as its deck rounds it
+        area.fFrequency = fKhz / kKhzPerMhz;
+        auto resDeck = AreaRead(area, failureDeck);
+        if (!resDeck) {
+            failure = std::move(failureDeck);
+            return nullptr;
+        }
+        aMegahertz.push_back(resDeck.ValueGet().dFrequency);
+        tblDeck = std::move(resDeck.ValueGet());
+    }
+    if (!tblDeck) {
+        failure = FailureMake(FailureKind::BadInput, kAreaOutput + std::string(kInvalidCall));
+        return nullptr;
+    }
+    auto resParts = run533::RunPartsMake(tblDeck->tblCommon, m_sRoot, kBehaviour,
+                                         m_pShared->IonosphereGet(tblDeck->tblCommon));
+    if (!resParts) {
+        failure = FailureMake(FailureKind::BadInput, kAreaNotFinished, resParts.TextGet());
+        return nullptr;
+    }
+    return std::make_unique<AreaRowsWork>(std::move(*tblDeck), std::move(resParts.ValueGet()),
+                                          aMegahertz);
+}
+
+AreaPrediction BuiltInEngine::PredictArea(const AreaRequest& request,
+                                          const std::stop_token& stop) const
+{
+    AreaPrediction prediction;
+    prediction.request = request;
+    prediction.sEngine = NameGet();
+    prediction.sEngineVersion = VersionGet();
+    Failure failure;
+    const auto resDeck = AreaRead(request, failure);
+    if (!resDeck) {
+        prediction.aFailures.push_back(std::move(failure));
+        return prediction;
+    }
+    const run533::AreaDeck& tblDeck = resDeck.ValueGet();
+    const auto resParts = run533::RunPartsMake(tblDeck.tblCommon, m_sRoot, kBehaviour,
+                                               m_pShared->IonosphereGet(tblDeck.tblCommon));
+    if (!resParts) {
+        prediction.aFailures.push_back(
+            FailureMake(FailureKind::BadInput, kAreaNotFinished, resParts.TextGet()));
+        return prediction;
+    }
+    const run533::RunParts& tblParts = resParts.ValueGet();
+    rec533::Circuit tblCircuit =
+        CircuitMake(tblDeck.tblCommon, tblParts, run533::kPowerWithoutAntenna);
+    const rec533::Frequencies tblFrequencies(*tblParts.pIonosphere, tblCircuit,
+                                             {&tblDeck.dFrequency, 1});
+    Shared::Work work(*m_pShared);
+    rec533::DayHour tblHour;
+    rec533::Prediction tblPrediction;
+    for (int iRow = 0; iRow < tblDeck.nGrid; ++iRow)
+        for (int iColumn = 0; iColumn < tblDeck.nGrid; ++iColumn) {
+            if (stop.stop_requested()) {
+                prediction.aPoints.clear();
+                prediction.aFailures.push_back(
+                    FailureMake(FailureKind::Cancelled, kAreaNotFinished));
+                return prediction;
+            }
+            const run533::GridPlace tblPlace = GridPlaceGet(tblDeck, iRow, iColumn);
+            tblCircuit.dRxLat = tblPlace.dLat;
+            tblCircuit.dRxLon = tblPlace.dLonOfPath;
+            PredictHour(work.Get(), *tblParts.pIonosphere, tblFrequencies, tblCircuit,
+                        tblDeck.nHour, tblHour, {&tblPrediction, 1});
+            const AreaDay::Place place = PlaceOfGrid(tblPlace);
+            prediction.aPoints.push_back({place.dLat, place.dLon, SnrOfGrid(tblPrediction)});
+        }
+    prediction.bOk = true;
+    return prediction;
+}

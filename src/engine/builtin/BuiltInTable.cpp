@@ -1,0 +1,93 @@
+#include "engine/builtin/BuiltInTable.h"
+
+#include <algorithm>
+#include <array>
+
+#include "engine/run533/FieldText.h"
+#include "geo/MathLib.h"
+
+namespace {
+
+constexpr int kWidth = 5;  // columns of every value of an hour's block
+constexpr double kKmPerMile = 1.852;
+constexpr double kUnused = -999.0;  // printed where the method does not take the frequency
+
+/// A value without decimals.
+float WholeGet(double dValue)
+{
+    return static_cast<float>(run533::FieldValueGet(dValue, kWidth, 0));
+}
+
+/// MHz with one decimal, as kHz.
+float KilohertzGet(double dMegahertz)
+{
+    return static_cast<float>(run533::FieldValueGet(dMegahertz, kWidth, 1) * 1000.0);
+}
+
+std::string LayerGet(const rec533::Prediction* pCell)
+{
+    if (pCell == nullptr)
+        return "  0  ";
+    if (pCell->nHops == 0)
+        return "   - ";
+    std::string sName = "     ";
+    sName[1] = pCell->nHops >= 10 ? static_cast<char>('0' + pCell->nHops / 10) : ' ';
+    sName[2] = static_cast<char>('0' + pCell->nHops % 10);
+    sName[3] = pCell->bE ? 'E' : 'F';
+    sName[4] = pCell->bE ? ' ' : '2';
+    return sName;
+}
+
+void CellFill(PropagationTable& table, int iHour, int j, const rec533::Prediction* pCell)
+{
+    constexpr int kDecimalsOfShare = 2;
+    const double dFrequency = table.request.FrequencyGet(j);
+    const auto ValueOf = [pCell](double rec533::Prediction::*pValue) {
+        return pCell != nullptr ? pCell->*pValue : kUnused;
+    };
+    table.sLayer(iHour, j) = LayerGet(pCell);
+    table.fTakeoffAngle(iHour, j) = pCell != nullptr && pCell->nHops > 0
+                                        ? WholeGet(pCell->dElevation * rec533::kDegrees)
+                                        : 0.0F;
+    table.fTimeDelay(iHour, j) = -1.0F;
+    table.fVirtualHeight(iHour, j) = -1.0F;
+    const float fField = WholeGet(ValueOf(&rec533::Prediction::dField));
+    table.fSdBW(iHour, j) =
+        static_cast<float>((fField - 137.0) - 20.0 * Log10(dFrequency / 20000.0));
+    table.fNdBW(iHour, j) = table.fSdBW(iHour, j) - WholeGet(ValueOf(&rec533::Prediction::dSnr));
+    table.fSnr(iHour, j) = WholeGet(ValueOf(&rec533::Prediction::dSnrExceeded));
+    table.fReliability(iHour, j) = static_cast<float>(run533::FieldValueGet(
+        pCell != nullptr ? std::clamp(pCell->dReliability / 100.0, 0.01, 0.99) : 0.0, kWidth,
+        kDecimalsOfShare));
+    if (pCell == nullptr)
+        return;
+    table.fSnrLower(iHour, j) = static_cast<float>(pCell->dSnrLower);
+    table.fSnrUpper(iHour, j) = static_cast<float>(pCell->dSnrUpper);
+}
+
+void PathFill(const run533::PointDay& tblDay, PropagationTable& table)
+{
+    table.fAzimuthTxRc = static_cast<float>(run533::FieldValueGet(tblDay.dTxAzimuth, 10, 2));
+    table.fAzimuthRcTx = static_cast<float>(run533::FieldValueGet(tblDay.dRxAzimuth, 8, 2));
+    table.fRange = static_cast<float>(run533::FieldValueGet(tblDay.tblWay.dKm / kKmPerMile, 10, 1));
+}
+
+}  // namespace
+
+void BuiltInTableFill(const run533::PointDay& tblDay, const std::vector<int>& aiFrequency,
+                      PropagationTable& table)
+{
+    PathFill(tblDay, table);
+    std::size_t iCell = 0;
+    for (int iHour = 1; iHour <= kHourCount; ++iHour) {  // the page begins with 24 UT
+        const rec533::DayHour& tblHour = tblDay.aHours[static_cast<std::size_t>(iHour - 1)];
+        table.fMUF[iHour] = KilohertzGet(tblHour.dMuf);
+        table.fLUF[iHour] = KilohertzGet(tblHour.dLuf);
+        table.fFOT[iHour] = KilohertzGet(tblHour.dFot);
+        for (std::size_t n = 0; n < aiFrequency.size(); ++n)
+            CellFill(table, iHour, aiFrequency[n],
+                     tblDay.abUsable[n] ? &tblDay.aCells[iCell++] : nullptr);
+    }
+    for (const int i : aiFrequency) table.PresentSet(i, i, true);
+    table.bBuiltIn = true;
+}
