@@ -2,7 +2,7 @@
 /// A day of an area: the SNR of every point, hour and frequency.
 ///
 /// Units:   degrees, kHz, dB.
-/// Tests:   tests/engine/builtin/AreaDayTest.cpp
+/// Tests:   tests/engine/builtin/BuiltInEngineTest.cpp, tests/app/PredictDayTest.cpp
 #pragma once
 
 #include <cassert>

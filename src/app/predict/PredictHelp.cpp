@@ -7,9 +7,11 @@ std::string PredictHelpGet()
 Usage:
   hopcast-predict [--profile FILE] [--tx POS] [--rc POS] [OPTIONS]
   hopcast-predict --area NORTH,WEST,SOUTH,EAST --hour 0-23 --frequency kHz [--grid N] [OPTIONS]
+  hopcast-predict --area NORTH,WEST,SOUTH,EAST --day [--frequencies kHz,...] [--jobs N] [OPTIONS]
 
 The first form predicts the signal-to-noise ratio from a transmitter to a receiver for the 24 hours
-of the day; the second the one around the receiver (--rc) over an area, for one hour and frequency.
+of the day; the second the one around the receiver (--rc) over an area, for one hour and frequency;
+the third the same for all hours and frequencies.
 Without options the settings' defaults hold; no profile is read unless it is named, and the sunspot
 number is Airmail's unless --ssn gives it.
 
@@ -46,6 +48,8 @@ Area:
   --hour 0-23             UT hour
   --frequency kHz         frequency
   --grid N                points a side, 2 to 999 (default 40)
+  --day                   all 24 hours at --frequencies in place of --hour and --frequency
+  --jobs N                with --day: points computed at once, 1 to 64 (default: one a core)
 
 Output:
   --format NAME           table (default), csv or json; areas: csv (default) or json

@@ -18,7 +18,8 @@
 
 namespace {
 
-enum class Mode { Both, PointToPoint, Area };
+/// What an option goes with: any run, a path, an area, a day of an area.
+enum class Mode { Both, PointToPoint, PathOrDay, Area, Day };
 
 /// What an option does with its value; an error says what is wrong with it.
 using ApplyFn = std::function<Result<void>(PredictOptions& options, const std::string& sValue)>;
@@ -27,6 +28,7 @@ struct Option {
     const char* sName;
     Mode eMode;
     ApplyFn fnApply;
+    bool bValue = true;  ///< a value follows
 };
 
 std::vector<std::string> ListGet(std::string_view sText)
@@ -239,6 +241,12 @@ Result<void> GridApply(PredictOptions& options, const std::string& sValue)
                 options.settings.m_iMapOverlayGridSize);
 }
 
+Result<void> JobsApply(PredictOptions& options, const std::string& sValue)
+{
+    constexpr double kJobsMost = 64;
+    return Keep(WholeGet(sValue, {1, kJobsMost}, "a number of jobs"), options.nJobs);
+}
+
 std::vector<Option> OptionsMake()
 {
     return {
@@ -260,7 +268,7 @@ std::vector<Option> OptionsMake()
         {"--model", Mode::Both, ModelApply},
         {"--month", Mode::Both, MonthApply},
         {"--ssn", Mode::Both, SunSpotApply},
-        {"--frequencies", Mode::PointToPoint, FrequenciesApply},
+        {"--frequencies", Mode::PathOrDay, FrequenciesApply},
         {"--noise", Mode::Both,
          SingleOption(&Settings::m_fPropagationNoiseLevel, "a noise level in dBW")},
         {"--takeoff", Mode::Both,
@@ -287,6 +295,13 @@ std::vector<Option> OptionsMake()
         {"--hour", Mode::Area, HourApply},
         {"--frequency", Mode::Area, AreaFrequencyApply},
         {"--grid", Mode::Area, GridApply},
+        {"--day", Mode::Area,
+         [](PredictOptions& options, const std::string&) -> Result<void> {
+             options.bDay = true;
+             return {};
+         },
+         false},
+        {"--jobs", Mode::Day, JobsApply},
     };
 }
 
@@ -315,6 +330,12 @@ Result<std::vector<Given>> GivenGet(std::span<const std::string> asArguments,
             if (given.pOption == pFound)
                 return RunError{sName + ": given twice"};
         }
+        if (!pFound->bValue) {
+            if (nEqual != std::string::npos)
+                return RunError{sName + ": takes no value"};
+            aGiven.push_back({pFound, sName});
+            continue;
+        }
         if (nEqual != std::string::npos)
             aGiven.push_back({pFound, sWord.substr(nEqual + 1)});
         else if (n + 1 < asArguments.size() && !asArguments[n + 1].starts_with("--"))
@@ -340,18 +361,25 @@ const Given* GivenFind(const std::vector<Given>& aGiven, std::string_view sName)
 Result<void> ModeCheck(const std::vector<Given>& aGiven, PredictOptions& options)
 {
     options.bArea = GivenFind(aGiven, "--area") != nullptr;
+    const bool bDay = GivenFind(aGiven, "--day") != nullptr;
     for (const Given& given : aGiven) {
         const Mode eMode = given.pOption->eMode;
-        if (options.bArea && eMode == Mode::PointToPoint)
-            return RunError{std::string(given.pOption->sName) + ": does not go with --area"};
-        if (!options.bArea && eMode == Mode::Area)
-            return RunError{std::string(given.pOption->sName) + ": goes with --area only"};
+        const std::string sName = given.pOption->sName;
+        if (options.bArea && (eMode == Mode::PointToPoint || (eMode == Mode::PathOrDay && !bDay)))
+            return RunError{sName + ": does not go with --area"};
+        if (!options.bArea && (eMode == Mode::Area || eMode == Mode::Day))
+            return RunError{sName + ": goes with --area only"};
+        if (eMode == Mode::Day && !bDay)
+            return RunError{sName + ": goes with --day only"};
     }
     if (!options.bArea)
         return {};
-    for (const char* sNeeded : {"--hour", "--frequency"}) {
-        if (GivenFind(aGiven, sNeeded) == nullptr)
-            return RunError{std::string(sNeeded) + ": is needed with --area"};
+    for (const char* sHour : {"--hour", "--frequency"}) {
+        const bool bGiven = GivenFind(aGiven, sHour) != nullptr;
+        if (bGiven && bDay)
+            return RunError{std::string(sHour) + ": does not go with --day"};
+        if (!bGiven && !bDay)
+            return RunError{std::string(sHour) + ": is needed with --area (or --day)"};
     }
     options.eFormat = PredictFormat::Csv;
     if (const Given* pFormat = GivenFind(aGiven, "--format");

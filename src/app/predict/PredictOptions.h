@@ -31,6 +31,8 @@ struct PredictOptions {
     std::string sOutput;  ///< file; empty: standard output, which "-" names too
     bool bArea = false;
     PredictArea area;
+    bool bDay = false;    ///< all hours and frequencies of the area
+    int nJobs = 0;        ///< workers of a day; 0: one a core
     std::string sFault;   ///< a position from Airmail out of range, with file and key
     std::string sPlaces;  ///< what the table's head says of positions taken from Airmail
 };

@@ -225,3 +225,53 @@ std::string PredictAreaJsonGet(const std::vector<AreaPoint>& aPoint)
     }
     return sText + "  ]\n}\n";
 }
+
+std::string PredictDayCsvGet(const std::vector<AreaDay>& aDays)
+{
+    std::string sText = "lat,lon,utc,khz,snr_db\n";
+    for (const AreaDay& day : aDays) {
+        const std::vector<float>& afFrequency = day.request.afFrequency;
+        for (std::size_t iPoint = 0; iPoint < day.aPlaces.size(); ++iPoint) {
+            const std::string sPlace = NumberToText(day.aPlaces[iPoint].dLat) + ","
+                                       + NumberToText(day.aPlaces[iPoint].dLon) + ",";
+            for (int iHour = 0; iHour < kHourCount; ++iHour)
+                for (std::size_t j = 0; j < afFrequency.size(); ++j)
+                    sText.append(sPlace)
+                        .append(NumberToText(iHour))
+                        .append(",")
+                        .append(NumberToText(afFrequency[j]))
+                        .append(",")
+                        .append(NumberToText(day.SnrGet(iPoint, iHour, j)))
+                        .append("\n");
+        }
+    }
+    return sText;
+}
+
+std::string PredictDayJsonGet(const std::vector<AreaDay>& aDays)
+{
+    const auto ListOf = [](std::size_t nCount, const auto& fnValue) {
+        std::string sList = "[";
+        for (std::size_t n = 0; n < nCount; ++n)
+            sList += (n > 0 ? ", " : "") + NumberToText(fnValue(n));
+        return sList + "]";
+    };
+    const std::vector<float>& afFrequency = aDays.front().request.afFrequency;
+    std::string sText = "{\n  " + Quoted("khz") + ": "
+                        + ListOf(afFrequency.size(), [&](std::size_t n) { return afFrequency[n]; })
+                        + ",\n  " + Quoted("points") + ": [";
+    const char* sBetween = "\n";
+    for (const AreaDay& day : aDays)
+        for (std::size_t iPoint = 0; iPoint < day.aPlaces.size(); ++iPoint) {
+            sText += sBetween;
+            sBetween = ",\n";
+            sText += "    {" + Pair("lat", day.aPlaces[iPoint].dLat) + ", "
+                     + Pair("lon", day.aPlaces[iPoint].dLon) + ", " + Quoted("snr_db") + ": [";
+            for (int iHour = 0; iHour < kHourCount; ++iHour)
+                sText += (iHour > 0 ? ", " : "") + ListOf(afFrequency.size(), [&](std::size_t n) {
+                             return day.SnrGet(iPoint, iHour, n);
+                         });
+            sText += "]}";
+        }
+    return sText + "\n  ]\n}\n";
+}

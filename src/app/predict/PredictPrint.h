@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "propagation/AreaDay.h"
 #include "propagation/Prediction.h"
 #include "settings/Settings.h"
 
@@ -26,4 +27,9 @@ struct PredictRun {
 [[nodiscard]] std::string PredictCsvGet(const PredictRun& run);
 [[nodiscard]] std::string PredictJsonGet(const PredictRun& run);
 [[nodiscard]] std::string PredictAreaCsvGet(const std::vector<AreaPoint>& aPoint);
+/// A row a point, hour and frequency: points in grid order, hours 0 to 23, frequencies as given.
+[[nodiscard]] std::string PredictDayCsvGet(const std::vector<AreaDay>& aDays);
+/// "khz" and "points": each with "lat", "lon" and "snr_db", an array of the frequencies' values for
+/// each hour.
+[[nodiscard]] std::string PredictDayJsonGet(const std::vector<AreaDay>& aDays);
 [[nodiscard]] std::string PredictAreaJsonGet(const std::vector<AreaPoint>& aPoint);

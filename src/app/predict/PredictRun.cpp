@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "app/engines/EngineList.h"
+#include "app/predict/PredictDay.h"
 #include "app/predict/PredictPrint.h"
 #include "propagation/AreaBoxes.h"
 #include "propagation/PropagationAreaLib.h"
@@ -109,6 +111,14 @@ bool AreaPointsAppend(const AreaRequest& request, std::vector<AreaPoint>& aPoint
     return true;
 }
 
+std::optional<PredictOutput> DayGet(const PredictOptions& options, const Settings& settings)
+{
+    auto sText = PredictDayGet(options, settings, *EngineMake(settings.m_iPropagationModel));
+    if (!sText)
+        return std::nullopt;
+    return PredictOutput{std::move(*sText)};
+}
+
 std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settings& settings)
 {
     AreaRequest input = AreaRequestFromSettings(settings);
@@ -139,5 +149,7 @@ std::optional<PredictOutput> PredictRunGet(const PredictOptions& options, bool b
     Settings settings = options.settings;
     if (!RangesCheck(options) || !SettingsComplete(settings))
         return std::nullopt;
+    if (options.bDay)
+        return DayGet(options, settings);
     return options.bArea ? AreaGet(options, settings) : PointToPointGet(options, settings, bColor);
 }

@@ -1,0 +1,22 @@
+/// @file PredictDay.h
+/// A day of an area on the command line: all hours and frequencies of every point.
+///
+/// Tests:   tests/app/PredictDayTest.cpp
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "app/predict/PredictOptions.h"
+#include "propagation/Engine.h"
+
+/// Values that a day may have: points times hours times frequencies. More are no text that anybody
+/// reads.
+inline constexpr std::size_t kDayValuesMost = 40'000'000;
+
+/// Runs the day. Boxes tell a failure; an engine program's progress goes to standard error.
+/// @param settings  month and sunspot number are those of the run
+/// @return the text to print; nothing when the prediction failed.
+[[nodiscard]] std::optional<std::string> PredictDayGet(const PredictOptions& options,
+                                                       const Settings& settings,
+                                                       const Engine& engine);
