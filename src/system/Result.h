@@ -1,6 +1,6 @@
 /// @file Result.h
-/// A value or a run-time error. Results stay inside a module, save for the few procedures that
-/// hand an error to their caller untrapped; public procedures answer with true or false.
+/// A value or a run-time error. Results mostly stay inside a module; what a user has to be told
+/// leaves it as a Message or as a Failure of a run.
 ///
 /// Units:   none.
 /// Errors:  the error's text is one of the classic descriptions of RunErrorText.h, or a text of the
