@@ -162,7 +162,8 @@ struct FileLock::Handle {
     }
 };
 
-Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
+Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds,
+                                    const std::stop_token& stop)
 {
     constexpr double kSecondsMax = 1e6;
     constexpr std::chrono::milliseconds kStep(2);
@@ -182,7 +183,7 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
             return RunErrorFromErrno(errno);
         if (i % kLookEvery == 0)
             OrphanEnd(sHost);
-        if (Clock::now() >= timeEnd)
+        if (Clock::now() >= timeEnd || stop.stop_requested())
             return RunError{kPermissionDenied};
         std::this_thread::sleep_for(kStep);
     }

@@ -19,7 +19,8 @@ struct FileLock::Handle {
     ~Handle() { CloseHandle(hFile); }  // the file goes with its last handle
 };
 
-Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
+Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds,
+                                    const std::stop_token& stop)
 {
     constexpr double kSecondsMax = 1e6;
     constexpr DWORD kStep = 2;          // ms
@@ -48,7 +49,7 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds)
             return RunError{kPathNotFound};
         if (nCode != ERROR_SHARING_VIOLATION && nCode != ERROR_ACCESS_DENIED)
             return RunError{nCode == ERROR_DISK_FULL ? kDiskFull : kPathFileAccessError};
-        if (bDenied || Seconds(tmNow - tmStart).count() >= dLimit)
+        if (bDenied || Seconds(tmNow - tmStart).count() >= dLimit || stop.stop_requested())
             return RunError{kPermissionDenied};
         Sleep(kStep);
     }

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <thread>
 #include <utility>
@@ -97,6 +98,23 @@ TEST(FileLock, WhoWaitsIsBeforeWhoComesAgain)
     bEnd = true;
     threadGreedy.join();
     EXPECT_FALSE(FileExists(sFile));
+    EXPECT_FALSE(FileExists(sFile + ".next"));
+}
+
+TEST(FileLock, AStopEndsTheWaitAndLeavesNoPlaceInTheLine)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Path() + "/hopcast.lock";
+    const auto resHolder = FileLock::Take(sFile, 0.0);
+    ASSERT_TRUE(static_cast<bool>(resHolder)) << resHolder.TextGet();
+    std::stop_source stop;
+    const auto timeStart = std::chrono::steady_clock::now();
+    const std::jthread thread([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        stop.request_stop();
+    });
+    EXPECT_EQ(FileLock::Take(sFile, 20.0, stop.get_token()).TextGet(), kPermissionDenied);
+    EXPECT_LT(SecondsSince(timeStart), 10.0);
     EXPECT_FALSE(FileExists(sFile + ".next"));
 }
 

@@ -154,8 +154,10 @@ std::optional<Failure> EngineAttempt::LockWait()
     if (m_pPlace->IsOwn())
         return {};
     const double dBefore = LeftGet();
-    Result<FileLock> resLock = FileLock::Take(m_pPlace->Path(kEngineLock), dBefore);
+    Result<FileLock> resLock = FileLock::Take(m_pPlace->Path(kEngineLock), dBefore, m_way.stop);
     m_dLockWait = dBefore - LeftGet();
+    if (m_way.stop.stop_requested())
+        return FailureMake(FailureKind::Cancelled, m_task.pTexts->sNotFinished);
     if (!resLock)  // failures other than a lock that is held do not wait
         return FailureMake(LeftGet() <= 0.0 ? FailureKind::Busy : FailureKind::File,
                            m_task.pTexts->sOpen, resLock.TextGet());
