@@ -101,16 +101,32 @@ bool ChunkTry(const Chunk& chunk, PropagationTable& table, std::vector<Failure>&
     return false;
 }
 
+/// Of a run that was stopped before the chunk that begins with iFirst.
+Failure CancelledMake(const Request& request, int iFirst)
+{
+    const EngineTexts& texts = request.iModel == kEngineRec533 ? kRec533Texts : kIcepacVoacapTexts;
+    Failure failure{FailureKind::Cancelled, std::string(texts.sNotFinished)};
+    failure.iFirst = iFirst;
+    failure.iLast = request.nData;
+    return failure;
+}
+
 bool ChunksRun(const Request& request, PropagationTable& table, std::vector<Failure>& aFailures,
                const EngineWay& way)
 {
     table.request = request;
     bool bOk = false;
-    for (int iFirst = 1; iFirst <= request.nData && !way.stop.stop_requested();
-         iFirst += kChunkMax) {
+    for (int iFirst = 1; iFirst <= request.nData; iFirst += kChunkMax) {
+        if (way.stop.stop_requested()) {  // between two chunks, or before the first
+            aFailures.push_back(CancelledMake(request, iFirst));
+            bOk = false;
+            break;
+        }
         const int iLast = std::min(iFirst + kChunkMax - 1, request.nData);
         bOk = ChunkTry({request, iFirst, iLast}, table, aFailures, way);
         table.PresentSet(iFirst, iLast, bOk);
+        if (!bOk && !aFailures.empty() && aFailures.back().eKind == FailureKind::Cancelled)
+            break;
     }
     table.bBuiltIn = bOk && EngineIsHopcasts(request.iModel);
     return bOk;  // of the last chunk, whatever became of those before: the table is shown with the
@@ -177,11 +193,13 @@ bool PropagationRun(const Request& request, PropagationTable& table,
         return ChunksRun(request, table, aFailures, way);
     const Request requestRun = FrequenciesKeep(request, aiRun);
     PropagationTable tableRun(requestRun.nData);
-    const bool bOk = ChunksRun(requestRun, tableRun, aFailures, way);
+    std::vector<Failure> aFailuresRun;
+    const bool bOk = ChunksRun(requestRun, tableRun, aFailuresRun, way);
     RowsSpread(tableRun, aiRun, table);
-    for (Failure& failure : aFailures) {
+    for (Failure& failure : aFailuresRun) {
         failure.iFirst = aiRun[static_cast<std::size_t>(failure.iFirst - 1)];
         failure.iLast = aiRun[static_cast<std::size_t>(failure.iLast - 1)];
+        aFailures.push_back(std::move(failure));
     }
     table.request = request;
     table.bBuiltIn = tableRun.bBuiltIn;

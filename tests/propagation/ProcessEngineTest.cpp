@@ -105,7 +105,7 @@ TEST_F(ProcessEngines, AnUnknownEngineIsNotInstalled)
     const ProcessEngine engine(9);
     EXPECT_EQ(engine.NameGet(), "");
     EXPECT_TRUE(engine.ObstacleGet());
-    EXPECT_FALSE(engine.Predict(RequestOf(9), {}).bOk);
+    EXPECT_EQ(KindOf(engine.Predict(RequestOf(9), {})), FailureKind::NotInstalled);
 }
 
 TEST_F(ProcessEngines, TakeTurnsInTheRootUnlessItIsOurLauncher)
@@ -133,7 +133,60 @@ TEST_F(ProcessEngines, AnAreaIsItsPointsInGridOrder)
     EXPECT_EQ(cut.aFailures[0].eKind, FailureKind::BadOutput);
 }
 
+TEST_F(ProcessEngines, AStopBeforeTheStartIsACancel)
+{
+    m_root.EngineCopying("rec533w.exe", CapturedPath("rec533/p2p_01", ".out"));
+    std::stop_source stop;
+    stop.request_stop();
+    const Prediction prediction = m_rec533.Predict(RequestOf(kEngineRec533, 15), stop.get_token());
+    EXPECT_EQ(KindOf(prediction), FailureKind::Cancelled);
+    ASSERT_EQ(prediction.aFailures.size(), 1U);
+    EXPECT_EQ(prediction.aFailures[0].iFirst, 1);
+    EXPECT_EQ(prediction.aFailures[0].iLast, 15);
+    EXPECT_EQ(m_root.CallCount(), 0);
+}
+
 #ifndef _WIN32  // the fake engines there cannot sleep
+/// Half a table that passed for a whole one would be kept in the cache.
+TEST_F(ProcessEngines, AStopBetweenTwoChunksIsACancel)
+{
+    Rec533(
+        "grep -q 'FREQ.* 11.0' $deck && exec sleep 60\necho said\n{ yes junk | head -n 1000000; "
+        "cat '"
+        + CapturedPath("rec533/p2p_01", ".out") + "'; } > $out");
+    const std::string sOutput = m_root.Path("RUN/sound.out");
+    const std::string sConsole = m_root.Path("RUN/hopcast.txt");
+    std::stop_source stop;
+    const std::jthread thread([&] {
+        while (!std::filesystem::exists(sOutput) || std::filesystem::exists(sConsole))
+            std::this_thread::sleep_for(1ms);
+        std::this_thread::sleep_for(10ms);
+        stop.request_stop();  // while the first chunk's long output is read
+    });
+    const Prediction prediction = m_rec533.Predict(RequestOf(kEngineRec533, 15), stop.get_token());
+    EXPECT_EQ(KindOf(prediction), FailureKind::Cancelled);
+    ASSERT_EQ(prediction.aFailures.size(), 1U);
+    EXPECT_EQ(prediction.aFailures[0].iFirst, 11);
+    EXPECT_EQ(prediction.aFailures[0].iLast, 15);
+}
+
+TEST_F(ProcessEngines, AStopEndsTheWaitForTheRoot)
+{
+    Rec533("exit 0");
+    const auto resLock = FileLock::Take(m_root.Path("hopcast.lock"), 0.0);
+    ASSERT_TRUE(resLock);
+    std::stop_source stop;
+    const std::jthread thread([&] {
+        std::this_thread::sleep_for(50ms);
+        stop.request_stop();
+    });
+    const auto tmStart = std::chrono::steady_clock::now();
+    const Prediction prediction = m_rec533.Predict(RequestOf(kEngineRec533), stop.get_token());
+    EXPECT_EQ(KindOf(prediction), FailureKind::Cancelled);
+    EXPECT_EQ(m_root.CallCount(), 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - tmStart, 4s) << "before the wait's limit";
+}
+
 TEST_F(ProcessEngines, AStopEndsTheEngineAndItsRun)
 {
     Rec533("sleep 60");

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "propagation/EngineCases.h"
 #include "propagation/FakeEngine.h"
@@ -409,6 +410,20 @@ TEST_P(EachEngine, AFrequencyOutOfRangeIsInNoDeckAndTheOthersKeepTheirRows)
     }
     EXPECT_EQ(m_table.fRange, tableWhole.fRange);
     EXPECT_TRUE(m_msg.m_aShown.empty());
+}
+
+TEST_P(EachEngine, FailuresNameTheirFrequenciesAndKeepThoseThatWereThere)
+{
+    m_root.Engine(m_case.sProgram, "exit 1");
+    Request input = InputOf(m_case.iModel, 4);
+    input.afFrequency[1] = 99.9F;
+    const Failure before{FailureKind::File, "An earlier run's", {}, 3, 4};
+    std::vector<Failure> aFailures{before};
+    EXPECT_FALSE(PropagationRun(input, m_table, aFailures));
+    ASSERT_EQ(aFailures.size(), 2U);
+    EXPECT_EQ(aFailures[0], before);
+    EXPECT_EQ(aFailures[1].iFirst, 2);
+    EXPECT_EQ(aFailures[1].iLast, 4);
 }
 
 TEST_P(EachEngine, WithoutAFrequencyInRangeNothingRuns)
