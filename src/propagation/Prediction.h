@@ -19,10 +19,10 @@ enum class FailureKind {
     NotStarted,    ///< its program could not be started
     Timeout,       ///< it was ended at the time limit
     BadInput,      ///< a value of the request does not fit the deck
-    BadOutput,     ///< it ended with an error, or its output cannot be read
+    BadOutput,     ///< it ended with an error, or its output is missing or cannot be read
     Busy,          ///< another program holds the engine folder
     Cancelled,     ///< the caller no longer wants the answer
-    File,          ///< a deck or an output could not be written or opened
+    File,          ///< a deck could not be written, or an old output not removed
 };
 
 /// "NotInstalled" ... for messages of tests and logs.
@@ -45,8 +45,9 @@ struct Prediction {
     std::string sEngine;         ///< display name, "REC533"
     std::string sEngineVersion;  ///< "built-in, P.533-14" ...; empty where the engine tells none
     bool bOk = false;            ///< the required outcome: that of the last chunk
-    std::vector<Failure> aFailures;  ///< in the order in which they were met
-    PropagationTable table;          ///< with its request; frequencies that failed are absent
+    /// In the order in which they were met. Empty although bOk is false: no frequency in range.
+    std::vector<Failure> aFailures;
+    PropagationTable table;  ///< with its request; frequencies that failed are absent
 };
 
 struct AreaPoint {

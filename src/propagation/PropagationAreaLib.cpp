@@ -44,7 +44,11 @@ Result<double> FieldDouble(std::string_view sLine, const Field& fld)
 
 }  // namespace
 
-void AreaFile::Close() { *this = AreaFile(); }
+void AreaFile::Close()
+{
+    m_file.reset();  // before its folder goes, and before others may write there
+    *this = AreaFile();
+}
 
 std::optional<Failure> PropagationAreaOpen(const AreaRequest& request, AreaFile& file,
                                            const EngineWay& way)
@@ -81,7 +85,8 @@ std::optional<Failure> PropagationAreaOpenFile(int iModel, AreaFile& file)
     auto resFile = pEngine ? TextFile::Open(pPlace->Path(AreaPath(pEngine->sAreaGrid)))
                            : Result<TextFile>(RunError{kInvalidCall});
     if (!resFile)
-        return Failure{FailureKind::File, "PropagationAreaOpenFile, " + resFile.TextGet()};
+        return Failure{pEngine ? FailureKind::BadOutput : FailureKind::NotInstalled,
+                       "PropagationAreaOpenFile, " + resFile.TextGet()};
     file.m_lock = std::move(lock);
     file.m_pPlace = std::move(pPlace);
     file.m_file = std::move(resFile.ValueGet());

@@ -229,7 +229,9 @@ TEST(PropagationAreaOpenFile, MissingGridIsTold)
     const MsgRecorder msg;
     AreaFile file;
     EXPECT_FALSE(Succeeded(PropagationAreaOpenFile(kEngineRec533, file)));
+    EXPECT_EQ(FailureLast().eKind, FailureKind::BadOutput);
     EXPECT_FALSE(Succeeded(PropagationAreaOpenFile(7, file)));
+    EXPECT_EQ(FailureLast().eKind, FailureKind::NotInstalled);
     ASSERT_EQ(msg.m_aShown.size(), 2U);
     EXPECT_EQ(msg.m_aShown[0].sText, "PropagationAreaOpenFile, File not found");
     EXPECT_EQ(msg.m_aShown[1].sText, "PropagationAreaOpenFile, Invalid procedure call or argument");
