@@ -16,7 +16,6 @@ struct RunnerJob::State {
     std::size_t nRunning = 0;  // under the pool's lock
     std::size_t nAtOnce = 1;
     const Engine* pEngine = nullptr;  // whose limit holds over all jobs; none: the job's own
-    std::shared_ptr<const Engine> pEngineHold;
     Runner::TaskFn fnTask;
     Runner::EndFn fnEnd;
     std::atomic<std::size_t> nDone{0};

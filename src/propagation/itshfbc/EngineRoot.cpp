@@ -51,7 +51,7 @@ std::string HashText(std::string_view sBytes)
 }
 
 /// "copy SIZE HASH" of a file's content; empty when it cannot be read. Read again only when size or
-/// time of the file changed: the root is looked up at every path.
+/// time of the file changed: each attempt of a run looks the root up.
 std::string CopyMark(const fs::path& pthFile)
 {
     struct Known {
@@ -135,7 +135,7 @@ bool RootIsInstalled(const std::string& sRoot)
 {
     std::error_code ec;
     if (!fs::is_directory(PathFromText(sRoot), ec))
-        return false;  // the usual case, and asked at every path
+        return false;  // the usual case, and asked by each attempt of a run
     const std::vector<std::string> asManifest = ManifestRead(sRoot);
     return std::any_of(kPrograms.begin(), kPrograms.end(), [&](const char* sName) {
         const std::string sProgram = ProgramPath(sRoot, sName);

@@ -35,7 +35,7 @@ struct EngineRoot {
 };
 
 /// The root in force. The choice is made anew at each call, so that a package installed while
-/// Hopcast runs is found; a run asks once.
+/// Hopcast runs is found; an attempt of a run keeps the one that it began with.
 [[nodiscard]] EngineRoot EngineRootGet();
 
 /// Makes the private root complete: bin_win, RUN, areadata, and the engines that lie beside the
