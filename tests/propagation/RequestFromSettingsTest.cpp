@@ -105,7 +105,7 @@ TEST(AreaRequest, GridSizeIsBroughtInto2To999)
     }
 }
 
-TEST(PropagationInputRange, EveryValueOutOfRangeIsTold)
+TEST(RequestRange, EveryValueOutOfRangeIsTold)
 {
     const Request inputGood = RequestFromSettings(Settings());
     EXPECT_TRUE(RangeCheck(inputGood));
@@ -135,7 +135,7 @@ TEST(PropagationInputRange, EveryValueOutOfRangeIsTold)
     }
 }
 
-TEST(PropagationInputRange, AnAreaIsCheckedWithItsFrequency)
+TEST(RequestRange, AnAreaIsCheckedWithItsFrequency)
 {
     AreaRequest input = AreaRequestFromSettings(Settings());
     for (const float fKhz : {100.0F, 45000.0F}) {
