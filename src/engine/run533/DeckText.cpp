@@ -10,7 +10,7 @@ namespace run533 {
 
 std::string TextQuote(std::string_view sText) { return '"' + TextPrintable(sText) + '"'; }
 
-RunError DeckErrorMake(std::string_view sCard, Columns fld, std::string_view sWhy)
+RunError DeckErrorMake(std::string_view sCard, Field fld, std::string_view sWhy)
 {
     return {std::string(sCard) + ", columns " + NumberToText(fld.nCol) + "-"
             + NumberToText(fld.nCol + fld.nWidth - 1) + ": " + std::string(sWhy)};
@@ -21,12 +21,12 @@ RunError DeckErrorMake(std::string_view sCard, std::string_view sWhy)
     return {std::string(sCard) + ": " + std::string(sWhy)};
 }
 
-std::string_view CardReader::TextGet(Columns fld) const
+std::string_view CardReader::TextGet(Field fld) const
 {
     return TextTrim(TextColumns(m_sLine, fld.nCol, fld.nWidth));
 }
 
-void CardReader::Fail(Columns fld, std::string_view sWhy)
+void CardReader::Fail(Field fld, std::string_view sWhy)
 {
     if (m_bFailed)
         return;
@@ -34,14 +34,14 @@ void CardReader::Fail(Columns fld, std::string_view sWhy)
     m_error = DeckErrorMake(m_sCard, fld, sWhy);
 }
 
-void CardReader::EndCheck(Columns fld)
+void CardReader::EndCheck(Field fld)
 {
     const std::string_view sAcross = TextColumns(m_sLine, fld.nCol + fld.nWidth - 1, 2);
     if (sAcross.size() == 2 && sAcross.find_first_of(" \t") == std::string_view::npos)
         Fail(fld, "the text runs on behind these columns");
 }
 
-double CardReader::NumberGet(Columns fld, double dLeast, double dMost)
+double CardReader::NumberGet(Field fld, double dLeast, double dMost)
 {
     const std::string_view sText = TextGet(fld);
     const Result<double> resNumber = NumberFromText(sText);
@@ -58,7 +58,7 @@ double CardReader::NumberGet(Columns fld, double dLeast, double dMost)
     return dNumber;
 }
 
-int CardReader::IntegerGet(Columns fld, int nLeast, int nMost)
+int CardReader::IntegerGet(Field fld, int nLeast, int nMost)
 {
     const double dNumber = NumberGet(fld, nLeast, nMost);
     if (dNumber != std::floor(dNumber))
@@ -66,7 +66,7 @@ int CardReader::IntegerGet(Columns fld, int nLeast, int nMost)
     return static_cast<int>(dNumber);
 }
 
-bool CardReader::SecondGet(Columns fld, std::string_view sFirst, std::string_view sSecond)
+bool CardReader::SecondGet(Field fld, std::string_view sFirst, std::string_view sSecond)
 {
     const std::string_view sText = TextGet(fld);
     if (sText != sFirst && sText != sSecond)
@@ -74,7 +74,7 @@ bool CardReader::SecondGet(Columns fld, std::string_view sFirst, std::string_vie
     return sText == sSecond;
 }
 
-std::size_t CardReader::ChoiceGet(Columns fld, std::span<const std::string_view> aTexts)
+std::size_t CardReader::ChoiceGet(Field fld, std::span<const std::string_view> aTexts)
 {
     const auto itText = std::find(aTexts.begin(), aTexts.end(), TextGet(fld));
     if (itText != aTexts.end())
@@ -86,16 +86,17 @@ std::size_t CardReader::ChoiceGet(Columns fld, std::span<const std::string_view>
     return 0;
 }
 
-double CardReader::SignedGet(Columns fldNumber, Columns fldLetter, std::string_view sPlus,
+double CardReader::SignedGet(Field fldNumber, Field fldLetter, std::string_view sPlus,
                              std::string_view sMinus, double dMost)
 {
     const double dNumber = NumberGet(fldNumber, 0.0, dMost);
     return SecondGet(fldLetter, sPlus, sMinus) ? -dNumber : dNumber;
 }
 
-std::string CardReader::BracketGet(Columns fld)
+std::string CardReader::BracketGet(Field fld)
 {
-    if (TextGet({fld.nCol - 1, 1}) != "[" || TextGet({fld.nCol + fld.nWidth, 1}) != "]")
+    if (TextGet({fld.nCol - 1, 1, kText}) != "["
+        || TextGet({fld.nCol + fld.nWidth, 1, kText}) != "]")
         Fail(fld, "no name between brackets");
     return std::string(TextColumns(m_sLine, fld.nCol, fld.nWidth));
 }

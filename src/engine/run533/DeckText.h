@@ -9,20 +9,15 @@
 #include <string>
 #include <string_view>
 
+#include "propagation/deck/DeckLayout.h"
 #include "system/Result.h"
 
 namespace run533 {
 
-/// A field of a card: columns from 1.
-struct Columns {
-    int nCol;
-    int nWidth;
-};
-
 /// The text between quotation marks, on one line.
 [[nodiscard]] std::string TextQuote(std::string_view sText);
 /// "NAME, columns 11-15: why".
-[[nodiscard]] RunError DeckErrorMake(std::string_view sCard, Columns fld, std::string_view sWhy);
+[[nodiscard]] RunError DeckErrorMake(std::string_view sCard, Field fld, std::string_view sWhy);
 /// "NAME: why".
 [[nodiscard]] RunError DeckErrorMake(std::string_view sCard, std::string_view sWhy);
 
@@ -32,25 +27,25 @@ public:
     CardReader(std::string_view sCard, std::string_view sLine) : m_sCard(sCard), m_sLine(sLine) {}
 
     /// The field's text, blanks at both ends dropped.
-    [[nodiscard]] std::string_view TextGet(Columns fld) const;
+    [[nodiscard]] std::string_view TextGet(Field fld) const;
     /// A number within its limits.
-    double NumberGet(Columns fld, double dLeast, double dMost);
+    double NumberGet(Field fld, double dLeast, double dMost);
     /// A whole number within its limits; "11." and "11.00" are whole.
-    int IntegerGet(Columns fld, int nLeast, int nMost);
+    int IntegerGet(Field fld, int nLeast, int nMost);
     /// True for the second, false for the first of the two texts that the field may hold.
-    bool SecondGet(Columns fld, std::string_view sFirst, std::string_view sSecond);
+    bool SecondGet(Field fld, std::string_view sFirst, std::string_view sSecond);
     /// Which of the texts the field holds, from 0.
-    std::size_t ChoiceGet(Columns fld, std::span<const std::string_view> aTexts);
+    std::size_t ChoiceGet(Field fld, std::span<const std::string_view> aTexts);
     /// One of two letters behind an absolute value: the sign. fldLetter is one wide.
-    double SignedGet(Columns fldNumber, Columns fldLetter, std::string_view sPlus,
+    double SignedGet(Field fldNumber, Field fldLetter, std::string_view sPlus,
                      std::string_view sMinus, double dMost);
     /// A name with its blanks, from a field that stands between brackets.
-    std::string BracketGet(Columns fld);
+    std::string BracketGet(Field fld);
     /// Fails where the field's text runs on behind it: a number in wrong columns, which would be
     /// cut to another one. For fields behind which the card begins with a blank, or ends.
-    void EndCheck(Columns fld);
+    void EndCheck(Field fld);
     /// Remembers an error of the caller's own.
-    void Fail(Columns fld, std::string_view sWhy);
+    void Fail(Field fld, std::string_view sWhy);
 
     [[nodiscard]] bool Failed() const { return m_bFailed; }
     [[nodiscard]] RunError ErrorGet() const { return m_error; }

@@ -14,6 +14,7 @@
 
 #include "engine/rec533/Frequencies.h"
 #include "engine/run533/DeckText.h"
+#include "propagation/deck/DeckLayout.h"
 #include "system/Result.h"
 
 namespace run533 {
@@ -37,7 +38,7 @@ inline constexpr std::array<std::string_view, 3> kMapNames{"CCIR", "URSI", "MEAN
 /// An antenna as a deck names it.
 struct AntennaCard {
     std::string sCard;  ///< the card's name and its columns for errors
-    Columns tblAt{};
+    Field tblAt{};
     std::string sName;      ///< as it stands between the brackets, "DEFAULT\SWWHIP.VOA   "
     double dAzimuth = 0.0;  ///< degrees
     double dPowerKw = 0.0;  ///< 0 at a receiver

@@ -63,6 +63,12 @@ consteval bool LayoutCheck(std::span<const Field> aFields, int nRowWidth)
 
 inline constexpr Field kCardLabel{1, 10, kText};  ///< every card begins with its name
 
+namespace coeffs_row {  // COEFFS and the area deck's Coeffs
+inline constexpr Field kMaps{11, 6, kText};
+inline constexpr std::array kAll{kCardLabel, kMaps};
+static_assert(LayoutCheck(kAll, kCardWidth));
+}  // namespace coeffs_row
+
 namespace time_row {  // TIME; REC533 has no universal-time switch
 inline constexpr Field kFirst{11, 5, "I5"};
 inline constexpr Field kLast{16, 5, "I5"};
@@ -137,6 +143,7 @@ inline constexpr Field kLatLetter{38, 1, kText};
 inline constexpr Field kLon{43, 6, "F6.2"};
 inline constexpr Field kLonLetter{49, 1, kText};
 inline constexpr Field kTail{50, 9, kText};
+inline constexpr Field kWay{50, 3, kText};  // in the tail: S or L, the short or the long path
 inline constexpr std::array kAll{kCardLabel, kName, kLat, kLatLetter, kLon, kLonLetter, kTail};
 static_assert(LayoutCheck(kAll, kCardWidth));
 }  // namespace station_row
@@ -164,14 +171,40 @@ inline constexpr auto kAll = FieldRow<kChunkMax>(kFirst);
 static_assert(LayoutCheck(kAll, kCardWidth));
 }  // namespace freq_row
 
+namespace antenna_row {                     // ANTENNA; the brackets stand beside the name
+inline constexpr Field kSide{11, 5, "I5"};  // 1 the transmitter's, 2 the receiver's
+inline constexpr Field kName{42, 21, kText};
+inline constexpr Field kTurn{64, 5, kNumber};    // degrees from north
+inline constexpr Field kPower{69, 10, kNumber};  // kW
+inline constexpr std::array kAll{kCardLabel, kSide, kName, kTurn, kPower};
+static_assert(LayoutCheck(kAll, kCardWidth));
+}  // namespace antenna_row
+
+namespace area_model_row {  // Model
+inline constexpr Field kModel{11, 10, kText};
+inline constexpr std::array kAll{kCardLabel, kModel};
+static_assert(LayoutCheck(kAll, kCardWidth));
+}  // namespace area_model_row
+
+namespace area_antenna_row {  // Tx Ants and Rec Ants; turn and power are the transmitter's alone
+inline constexpr Field kName{12, 21, kText};
+inline constexpr Field kTurn{41, 6, kNumber};    // degrees from north
+inline constexpr Field kPower{47, 11, kNumber};  // kW
+inline constexpr std::array kAll{kCardLabel, kName, kTurn, kPower};
+static_assert(LayoutCheck(kAll, kCardWidth));
+}  // namespace area_antenna_row
+
 namespace area_place_row {  // Transmit and PCenter
 inline constexpr Field kLat{11, 6, "F6.2"};
 inline constexpr Field kLatLetter{17, 1, kText};
 inline constexpr Field kLon{21, 6, "F6.2"};
 inline constexpr Field kLonLetter{27, 1, kText};
 inline constexpr Field kName{31, 26, kText};
+inline constexpr Field kStation{31, 20, kText};  // in the name's columns: the station's own
+inline constexpr Field kWay{52, 8, kText};       // Short or Long, begun in the name's columns
 inline constexpr std::array kAll{kCardLabel, kLat, kLatLetter, kLon, kLonLetter, kName};
 static_assert(LayoutCheck(kAll, kCardWidth));
+static_assert(LayoutCheck(std::array{kStation, kWay}, kCardWidth));
 }  // namespace area_place_row
 
 namespace area_bounds_row {  // Area
