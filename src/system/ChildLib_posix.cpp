@@ -14,12 +14,11 @@
 
 #include "system/ChildHost.h"
 #include "system/ChildLib.h"
+#include "system/Deadline.h"
 #include "system/HostPath.h"
 #include "system/RunErrorText.h"
 
 namespace {
-
-using SteadyClock = std::chrono::steady_clock;
 
 /// A child's end announces itself by a signal; looking again now and then costs nothing and covers
 /// one that was lost.
@@ -121,18 +120,19 @@ Result<ChildResult> ChildRun(const ProcessCommand& command, double dSeconds)
         return nErrno == ENOEXEC ? RunError{kInvalidCall} : RunErrorFromErrno(nErrno);
     output.WriteEndClose();
 
-    const auto tEnd = SteadyClock::now() + std::chrono::duration<double>(dSeconds);
+    const Deadline deadline(dSeconds);
     while (true) {
         output.Drain();
         if (const auto resEnded = ChildLook(nPid, WNOHANG)) {
             output.Drain();
             return *resEnded;
         }
-        const auto tLeft = tEnd - SteadyClock::now();
-        if (tLeft.count() <= 0)
+        if (deadline.IsOver())
             return ChildKill(nPid, {ChildEnd::TimeLimit, 0});
         const int nSignal =
-            signalsTaken.Next(std::chrono::ceil<std::chrono::milliseconds>(tLeft), output);
+            signalsTaken.Next(std::chrono::ceil<std::chrono::milliseconds>(
+                                  std::chrono::duration<double>(deadline.LeftGet())),
+                              output);
         if (nSignal != 0 && nSignal != SIGCHLD)
             return ChildKill(nPid, {ChildEnd::Interrupted, nSignal});
     }

@@ -1,7 +1,6 @@
 #include "system/LockLib.h"
 
-#include <chrono>
-
+#include "system/Deadline.h"
 #include "system/FileLib.h"
 
 Result<FileLock> FileLock::Take(const std::string& sPath, double dSeconds,
@@ -13,10 +12,9 @@ Result<FileLock> FileLock::Take(const std::string& sPath, double dSeconds,
         if (resLock || dSeconds <= 0.0)
             return resLock;
     }
-    const auto tmStart = std::chrono::steady_clock::now();
+    const Deadline deadline(dSeconds);
     const auto resNext = FileTake(sNext, dSeconds, stop);
     if (!resNext)
         return resNext.ErrorGet();
-    const std::chrono::duration<double> tmTaken = std::chrono::steady_clock::now() - tmStart;
-    return FileTake(sPath, dSeconds - tmTaken.count(), stop);
+    return FileTake(sPath, deadline.LeftGet(), stop);
 }

@@ -14,6 +14,7 @@
 #include <thread>
 #include <utility>
 
+#include "system/Deadline.h"
 #include "system/FileLib.h"
 #include "system/LockLib.h"
 #include "system/NumberLib.h"
@@ -23,8 +24,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 /// True when the path still names the open file: its last holder may have removed it meanwhile, and
 /// a lock on a file without a name keeps nobody out.
@@ -165,12 +164,8 @@ struct FileLock::Handle {
 Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds,
                                     const std::stop_token& stop)
 {
-    constexpr double kSecondsMax = 1e6;
     constexpr std::chrono::milliseconds kStep(2);
-    const double dLimit = dSeconds > 0.0 ? std::min(dSeconds, kSecondsMax) : 0.0;
-    const auto timeEnd =
-        Clock::now()
-        + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(dLimit));
+    const Deadline deadline(dSeconds);
     const std::string sHost(sPath);
     constexpr int kLookEvery = 100;  // steps
     for (int i = 0;; ++i) {
@@ -183,7 +178,7 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds,
             return RunErrorFromErrno(errno);
         if (i % kLookEvery == 0)
             OrphanEnd(sHost);
-        if (Clock::now() >= timeEnd || stop.stop_requested())
+        if (deadline.IsOver() || stop.stop_requested())
             return RunError{kPermissionDenied};
         std::this_thread::sleep_for(kStep);
     }

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "system/Deadline.h"
 #include "system/HostPath.h"
 #include "system/LockLib.h"
 #include "system/PathLib.h"
@@ -22,14 +23,13 @@ struct FileLock::Handle {
 Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds,
                                     const std::stop_token& stop)
 {
-    constexpr double kSecondsMax = 1e6;
     constexpr DWORD kStep = 2;          // ms
     constexpr double kDyingMax = 0.25;  // seconds
     const std::wstring sFile = WideFromUtf8(sPath);
     using Seconds = std::chrono::duration<double>;
     const auto tmStart = std::chrono::steady_clock::now();  // the tick count is a tick coarse
     auto tmHeld = tmStart;                                  // when another was last seen to hold it
-    const double dLimit = dSeconds > 0.0 ? std::min(dSeconds, kSecondsMax) : 0.0;
+    const Deadline deadline(dSeconds);
     for (;;) {
         // Shared with nobody: the open file itself is the lock, and the system lets go of it when
         // the program dies.
@@ -49,7 +49,7 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds,
             return RunError{kPathNotFound};
         if (nCode != ERROR_SHARING_VIOLATION && nCode != ERROR_ACCESS_DENIED)
             return RunError{nCode == ERROR_DISK_FULL ? kDiskFull : kPathFileAccessError};
-        if (bDenied || Seconds(tmNow - tmStart).count() >= dLimit || stop.stop_requested())
+        if (bDenied || deadline.IsOver() || stop.stop_requested())
             return RunError{kPermissionDenied};
         Sleep(kStep);
     }

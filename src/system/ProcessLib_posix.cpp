@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "system/ChildHost.h"
+#include "system/Deadline.h"
 #include "system/DrivePath.h"
 #include "system/HostPath.h"
 #include "system/PathLib.h"
@@ -29,8 +30,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 RunError StartErrorMake(int nErrno)
 {
@@ -186,14 +185,14 @@ bool ChildHasEnded(pid_t nId)
 
 /// Takes the child's output and asks again and again until it ends or the time is up. The steps are
 /// short at first, so that a short run costs next to nothing on top.
-bool ChildAwait(pid_t nId, ChildOutput& output, Clock::time_point timeEnd,
+bool ChildAwait(pid_t nId, ChildOutput& output, const Deadline& deadline,
                 const std::stop_token& stop = {})
 {
     constexpr int kQuickSteps = 500;
     constexpr timespec kQuick{0, 200'000};  // ns
     constexpr timespec kSlow{0, 1'000'000};
     for (int i = 0; !ChildHasEnded(nId); ++i) {
-        if (Clock::now() >= timeEnd || stop.stop_requested())
+        if (deadline.IsOver() || stop.stop_requested())
             return false;
         pollfd poll{output.ReadEndGet(), POLLIN, 0};  // of -1 nothing is asked
         ppoll(&poll, 1, i < kQuickSteps ? &kQuick : &kSlow, nullptr);
@@ -238,14 +237,14 @@ Result<int> HostProcessStart(const ProcessCommand& command)
 
 void HostProcessesEnd()
 {
-    constexpr std::chrono::milliseconds kGrace(200);
+    constexpr double kGrace = 0.2;  // seconds
     const std::unique_lock<std::mutex> lock(StartedGet().m_mutex);
     StartedGet().bEnding = true;
     const auto& mapOutput = StartedGet().mapOutput;
     for (const auto& [nId, output] : mapOutput) GroupSignal(nId, SIGTERM);
-    const auto timeEnd = Clock::now() + kGrace;
+    const Deadline deadline(kGrace);
     for (const auto& [nId, output] : mapOutput) {
-        while (!ChildHasEnded(nId) && Clock::now() < timeEnd)
+        while (!ChildHasEnded(nId) && !deadline.IsOver())
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         GroupSignal(nId, SIGKILL);
     }
@@ -263,29 +262,23 @@ std::string ProgramLackGet(const std::string& sProgram)
 
 bool ProcessWait(int nProcessId, double dSeconds, const std::stop_token& stop)
 {
-    constexpr double kSecondsMax = 1e6;
-    constexpr std::chrono::milliseconds kGrace(200);
-    constexpr std::chrono::milliseconds kGraceStopped(20);  // a window is closing
-    constexpr std::chrono::seconds kReapMax(
-        2);  // a killed process goes at once, save in a hung disk
+    constexpr double kGrace = 0.2;          // seconds
+    constexpr double kGraceStopped = 0.02;  // a window is closing
+    constexpr double kReapMax = 2.0;        // a killed process goes at once, save in a hung disk
     siginfo_t info{};
     if (nProcessId <= 1
         || waitid(P_PID, static_cast<id_t>(nProcessId), &info, WEXITED | WNOHANG | WNOWAIT) != 0)
         return true;  // no child of ours, or no longer
-    const double dLimit = dSeconds > 0.0 ? std::min(dSeconds, kSecondsMax) : 0.0;
-    const auto timeEnd =
-        Clock::now()
-        + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(dLimit));
     ChildOutput& output = OutputOf(nProcessId);
-    const bool bEnded = ChildAwait(nProcessId, output, timeEnd, stop);
+    const bool bEnded = ChildAwait(nProcessId, output, Deadline(dSeconds), stop);
     const auto lock = StartedLock();
     if (!bEnded) {
         GroupSignal(nProcessId, SIGTERM);  // a launcher takes its temporary files away
         (void)ChildAwait(nProcessId, output,
-                         Clock::now() + (stop.stop_requested() ? kGraceStopped : kGrace));
+                         Deadline(stop.stop_requested() ? kGraceStopped : kGrace));
     }
     GroupSignal(nProcessId, SIGKILL);
-    const bool bGone = bEnded || ChildAwait(nProcessId, output, Clock::now() + kReapMax);
+    const bool bGone = bEnded || ChildAwait(nProcessId, output, Deadline(kReapMax));
     StartedGet().mapOutput.erase(nProcessId);
     if (!bGone)
         return false;

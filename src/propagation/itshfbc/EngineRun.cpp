@@ -108,18 +108,8 @@ std::string EnginePlace::WordGet(std::string_view sPath, bool bWindowsProgram) c
 }
 
 EngineAttempt::EngineAttempt(EngineTask task, const EngineWay& way)
-    : m_task(std::move(task)),
-      m_way(way),
-      m_tmEnd(std::chrono::steady_clock::now()
-              + std::chrono::duration_cast<std::chrono::steady_clock::duration>(
-                  std::chrono::duration<double>(LimitGet().load())))
+    : m_task(std::move(task)), m_way(way), m_deadline(LimitGet().load())
 {
-}
-
-double EngineAttempt::LeftGet() const
-{
-    const std::chrono::duration<double> tmLeft = m_tmEnd - std::chrono::steady_clock::now();
-    return std::max(0.0, tmLeft.count());
 }
 
 std::string EngineAttempt::DetailGet(FailureKind eKind) const
@@ -153,13 +143,13 @@ std::optional<Failure> EngineAttempt::LockWait()
 {
     if (m_pPlace->IsOwn())
         return {};
-    const double dBefore = LeftGet();
+    const double dBefore = m_deadline.LeftGet();
     Result<FileLock> resLock = FileLock::Take(m_pPlace->Path(kEngineLock), dBefore, m_way.stop);
-    m_dLockWait = dBefore - LeftGet();
+    m_dLockWait = dBefore - m_deadline.LeftGet();
     if (m_way.stop.stop_requested())
         return FailureMake(FailureKind::Cancelled, m_task.pTexts->sNotFinished);
     if (!resLock)  // failures other than a lock that is held do not wait
-        return FailureMake(LeftGet() <= 0.0 ? FailureKind::Busy : FailureKind::File,
+        return FailureMake(m_deadline.LeftGet() <= 0.0 ? FailureKind::Busy : FailureKind::File,
                            m_task.pTexts->sOpen, resLock.TextGet());
     m_lock = std::move(resLock.ValueGet());
     return {};
@@ -225,7 +215,7 @@ std::optional<Failure> EngineAttempt::Start(int& nProcessId)
 
 std::optional<Failure> EngineAttempt::Await(int nProcessId)
 {
-    const bool bFinished = ProcessWait(nProcessId, LeftGet(), m_way.stop);
+    const bool bFinished = ProcessWait(nProcessId, m_deadline.LeftGet(), m_way.stop);
     OutputOfEngineKeep();
     if (m_way.stop.stop_requested())
         return FailureMake(FailureKind::Cancelled, m_task.pTexts->sNotFinished);
@@ -234,7 +224,7 @@ std::optional<Failure> EngineAttempt::Await(int nProcessId)
     // A launcher gives up a little earlier than it would be killed.
     constexpr double kNearlyAll = 0.05;
     FailureKind eKind = FailureKind::BadOutput;
-    if (LeftGet() <= kNearlyAll * LimitGet())
+    if (m_deadline.LeftGet() <= kNearlyAll * LimitGet())
         eKind = m_dLockWait > LimitGet() / 2.0 ? FailureKind::Busy : FailureKind::Timeout;
     return FailureMake(eKind, m_task.pTexts->sNotFinished);
 }

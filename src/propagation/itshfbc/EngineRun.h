@@ -7,7 +7,6 @@
 /// Tests:   tests/propagation/EngineFaultTest.cpp
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -20,6 +19,7 @@
 #include "propagation/Prediction.h"
 #include "propagation/itshfbc/EngineProgram.h"
 #include "propagation/itshfbc/EngineRoot.h"
+#include "system/Deadline.h"
 #include "system/FileLib.h"
 #include "system/LockLib.h"
 #include "system/Result.h"
@@ -93,7 +93,6 @@ public:
     [[nodiscard]] std::optional<FileLock> LockTake() { return std::exchange(m_lock, std::nullopt); }
 
 private:
-    [[nodiscard]] double LeftGet() const;
     [[nodiscard]] Failure FailureMake(FailureKind eKind, std::string_view sStage,
                                       const std::string& sError = {}) const;
     [[nodiscard]] std::string DetailGet(FailureKind eKind) const;
@@ -106,7 +105,7 @@ private:
     EngineTask m_task;
     EngineWay m_way;
     std::shared_ptr<EnginePlace> m_pPlace;
-    std::chrono::steady_clock::time_point m_tmEnd;
+    Deadline m_deadline;
     std::optional<FileLock> m_lock;
     double m_dLockWait = 0.0;     // seconds
     std::string m_sEngineOutput;  // first printable line that the engine said
