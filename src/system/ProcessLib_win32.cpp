@@ -199,11 +199,12 @@ Result<int> HostProcessStart(const ProcessCommand& command)
     }
     Startup startup(hInput, hOutput);
     PROCESS_INFORMATION process{};
-    const BOOL bStarted = CreateProcessW(nullptr, sLine.data(), nullptr, nullptr, TRUE,
-                                         CREATE_NO_WINDOW | CREATE_NEW_PROCESS_GROUP
-                                             | CREATE_SUSPENDED | EXTENDED_STARTUPINFO_PRESENT,
-                                         nullptr, sFolder.empty() ? nullptr : sFolder.c_str(),
-                                         startup.Get(), &process);
+    const std::wstring sProgram = WideFromUtf8(command.sProgram);
+    const BOOL bStarted = CreateProcessW(
+        sProgram.empty() ? nullptr : sProgram.c_str(), sLine.data(), nullptr, nullptr, TRUE,
+        CREATE_NO_WINDOW | CREATE_NEW_PROCESS_GROUP | CREATE_SUSPENDED
+            | EXTENDED_STARTUPINFO_PRESENT,
+        nullptr, sFolder.empty() ? nullptr : sFolder.c_str(), startup.Get(), &process);
     const DWORD nCode = GetLastError();
     CloseHandle(hInput);
     CloseHandle(hOutput);
@@ -212,6 +213,8 @@ Result<int> HostProcessStart(const ProcessCommand& command)
     FamilyAdd(process);
     return static_cast<int>(process.dwProcessId);
 }
+
+bool ProgramIsWindows(const std::string&) { return true; }
 
 std::string ProgramLackGet(const std::string&) { return {}; }
 

@@ -136,6 +136,17 @@ TEST_F(ProcessLibWin32, WordsReachTheProgramAsTheyAre)
               "e \xE6\xB3\xA2|err");
 }
 
+TEST_F(ProcessLibWin32, TheProgramsFileMayHaveAnotherNameThanItsFirstWord)
+{
+    ProcessCommand command{{"c:\\none\\other.exe", "print", "a b"}, m_sFolder, m_sOutput};
+    command.sProgram = CHILD_PROGRAM;
+    const auto resId = ProcessStart(command);
+    ASSERT_TRUE(resId) << resId.TextGet();
+    EXPECT_TRUE(ProcessWait(resId.ValueGet(), 10.0));
+    EXPECT_EQ(BytesRead(m_sOutput), "print|a b|err");
+    EXPECT_TRUE(ProgramIsWindows(CHILD_PROGRAM));
+}
+
 TEST_F(ProcessLibWin32, StartsHiddenWithAnEmptyInput)
 {
     EXPECT_EQ(Said({"start"}), "hidden 1\r\nconsole window 0\r\ninput -1\r\n");
