@@ -14,6 +14,7 @@
 #include "system/HostPath.h"
 #include "system/PathLib.h"
 #include "system/PrivateProfileLib.h"
+#include "system/RunErrorText.h"
 #include "system/TextLib.h"
 
 namespace {
@@ -176,6 +177,8 @@ Result<void> PrivateProfileCheck(std::string_view sFile)
     std::error_code ec;
     if (std::filesystem::is_directory(pthFile, ec))
         return RunError{"it is a folder"};
+    if (std::filesystem::status(pthFile, ec).type() == std::filesystem::file_type::not_found)
+        return RunError{kFileNotFound};  // also where its folder is missing
     if (std::filesystem::exists(pthFile, ec) && !std::filesystem::is_regular_file(pthFile, ec))
         return RunError{"it is a device"};
     if (const auto resFile = TextFile::Open(sFile); !resFile)

@@ -4,6 +4,7 @@
 
 #include "support/TempFolder.h"
 #include "system/PrivateProfileLib.h"
+#include "system/RunErrorText.h"
 
 namespace {
 
@@ -112,6 +113,13 @@ TEST(PrivateProfileGet, TakesEveryLineEndAndRubbish)
     EXPECT_EQ(Read("[Data] behind\r\nKey=1\r\n"), "1");
     EXPECT_EQ(Read(std::string("\0\xFF[\r\n=\r\n]\r\n[Data]\r\n=\r\nKey=1\r\n", 29)), "1");
     EXPECT_EQ(Read("[]\r\nKey=1\r\n"), "(default)");
+}
+
+TEST(PrivateProfile, IsNotFoundAlsoWhereItsFolderIsMissing)
+{
+    const TempFolder folder;
+    EXPECT_EQ(PrivateProfile::Open(folder.Path("none.ini")).TextGet(), kFileNotFound);
+    EXPECT_EQ(PrivateProfile::Open(folder.Path("none/none.ini")).TextGet(), kFileNotFound);
 }
 
 TEST(PrivateProfileWrite, ReplacesTheValueAndNothingElse)
