@@ -119,8 +119,7 @@ TEST_F(ProcessEngines, AnAreaIsItsPointsInGridOrder)
 {
     AreaRequest request = AreaInputMake(AreaCases().front());
     request.iModel = kEngineRec533;
-    m_root.Engine("rec533w.exe",
-                  "cp '" + CapturedPath("rec533/area_01", ".rg1") + "' $1/areadata/working.rg1");
+    m_root.EngineCopying("rec533w.exe", CapturedPath("rec533/area_01", ".rg1"));
     const AreaPrediction whole = m_rec533.PredictArea(request, {});
     const auto nPoints = static_cast<std::size_t>(request.nGridSize) * request.nGridSize;
     ASSERT_TRUE(whole.bOk) << (whole.aFailures.empty() ? "" : whole.aFailures[0].sText);
