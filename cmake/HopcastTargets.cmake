@@ -43,9 +43,10 @@ endfunction()
 
 # hopcast_test(NAME LABEL unit SOURCES ... LINK ...): a GoogleTest program; every test a CTest test
 # with the label; TEST_DATA is the data folder beside the sources. GUI adds the Qt main. Cross-built for
-# Windows the whole program is one CTest test, run under Wine, with the label wine.
+# Windows the whole program is one CTest test, run under Wine, with the label wine; DRIVE_C: it writes to drive C or the
+# registry of the prefix, which all share, so one such program runs at a time.
 function(hopcast_test NAME)
-    cmake_parse_arguments(ARG "GUI" "LABEL;TIMEOUT" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "GUI;DRIVE_C" "LABEL;TIMEOUT" "SOURCES;LINK" ${ARGN})
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 60)
     endif()
@@ -63,6 +64,9 @@ function(hopcast_test NAME)
     if(CMAKE_CROSSCOMPILING)
         target_compile_options(${NAME} PRIVATE -O0)   # a test is compiled more often than it runs long
         hopcast_wine_test(${NAME})
+        if(ARG_DRIVE_C)
+            set_tests_properties(${NAME} PROPERTIES RESOURCE_LOCK drive_c)
+        endif()
         return()
     endif()
     gtest_discover_tests(${NAME} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT}
@@ -73,8 +77,7 @@ endfunction()
 function(hopcast_wine_test NAME)
     add_test(NAME ${NAME} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/prefix.sh run ${PROJECT_BINARY_DIR}/wine
         $<TARGET_FILE:${NAME}>)
-    set_tests_properties(${NAME} PROPERTIES LABELS wine TIMEOUT 300 FIXTURES_REQUIRED wine_prefix
-        RESOURCE_LOCK drive_of_${NAME})
+    set_tests_properties(${NAME} PROPERTIES LABELS wine TIMEOUT 300 FIXTURES_REQUIRED wine_prefix)
 endfunction()
 
 # hopcast_code_page_test(NAME PAGE LOCALE FILTER): the same with the system code page of a country; FILTER picks
@@ -83,5 +86,5 @@ function(hopcast_code_page_test NAME PAGE LOCALE FILTER)
     add_test(NAME ${NAME}.codepage${PAGE} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/prefix.sh run
         ${PROJECT_BINARY_DIR}/wine $<TARGET_FILE:${NAME}> "--gtest_filter=${FILTER}")
     set_tests_properties(${NAME}.codepage${PAGE} PROPERTIES LABELS wine TIMEOUT 300 FIXTURES_REQUIRED wine_prefix
-        RESOURCE_LOCK drive_of_${NAME} ENVIRONMENT "WINE_LOCALE=${LOCALE};HOPCAST_CODE_PAGE=${PAGE}")
+        RESOURCE_LOCK drive_c ENVIRONMENT "WINE_LOCALE=${LOCALE};HOPCAST_CODE_PAGE=${PAGE}")
 endfunction()
