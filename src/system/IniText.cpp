@@ -17,6 +17,7 @@ constexpr char32_t kHighFirst = 0xD800;  // surrogates: high, then low
 constexpr char32_t kLowFirst = 0xDC00;
 constexpr char32_t kLowLast = 0xDFFF;
 constexpr char32_t kBeyond16 = 0x10000;
+constexpr char32_t kLast = 0x10FFFF;
 constexpr unsigned kSurrogateBits = 10;
 
 std::string_view BlanksTrim(std::string_view sText)
@@ -86,7 +87,10 @@ char32_t CodeTake(std::string_view sText, std::size_t& nAt)
         nCode = nCode << 6U | (nByte & 0x3FU);
     }
     nAt += nMore;
-    return nCode;
+    // Longer than it needs to be, a line end would pass for another character.
+    constexpr char32_t kFirst[] = {0, 0x80, 0x800, kBeyond16};
+    const bool bHalfPair = nCode >= kHighFirst && nCode <= kLowLast;
+    return nCode < kFirst[nMore] || nCode > kLast || bHalfPair ? kReplacement : nCode;
 }
 
 std::string Utf16FromUtf8(std::string_view sText, bool bLittle)

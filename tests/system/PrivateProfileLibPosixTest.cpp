@@ -211,6 +211,24 @@ TEST(PrivateProfilePosix, AUtf16FileIsReadAndStaysOne)
     EXPECT_EQ(KeyGet(sBig), "x\xEF\xBF\xBD") << "half a pair is replaced, half a unit dropped";
 }
 
+TEST(PrivateProfilePosix, MalformedUtf8NeverEndsALineOfAUtf16File)
+{
+    using namespace std::string_literals;
+    const TempFolder folder;
+    const std::string sFile = folder.Write("a.ini", "\xFF\xFE[\0D\0a\0t\0a\0]\0\n\0"s);
+    // A line feed in two, three and four bytes; half a pair; beyond the last character.
+    ASSERT_EQ(KeyWrite(sFile,
+                       "a\xC0\x8A"
+                       "b\xE0\x80\x8A"
+                       "c\xF0\x80\x80\x8A"
+                       "d\xED\xA0\x80"
+                       "e\xF4\x90\x80\x80"
+                       "f"),
+              0);
+    const std::string sBad = "\xEF\xBF\xBD";
+    EXPECT_EQ(KeyGet(sFile), "a" + sBad + "b" + sBad + "c" + sBad + "d" + sBad + "e" + sBad + "f");
+}
+
 TEST(PrivateProfilePosix, APipeIsNeverWrittenTo)
 {
     const TempFolder folder;
