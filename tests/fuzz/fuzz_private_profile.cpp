@@ -45,16 +45,34 @@ bool Plain(const std::string& sText, const char* sMeaning)
            && sText.find_first_of(sMeaning) == std::string::npos;
 }
 
-std::vector<std::string> Lines(const std::string& sBytes)
+/// The units of a file: bytes, or 16 bits each behind a byte order mark. Half a pair of surrogates
+/// is no character and is written as U+FFFD, so all of them count as that.
+std::u16string Units(std::string_view sBytes)
 {
-    std::vector<std::string> asLine(1);
-    for (const char c : sBytes) {
-        if (c == '\r' || c == '\n')
+    const bool bLittle = sBytes.starts_with("\xFF\xFE");
+    const bool bWide = bLittle || sBytes.starts_with("\xFE\xFF");
+    std::u16string sUnits;
+    for (std::size_t n = 0; n + (bWide ? 1 : 0) < sBytes.size(); n += bWide ? 2 : 1) {
+        const auto nFirst = static_cast<unsigned char>(sBytes[n]);
+        const auto nSecond = static_cast<unsigned char>(bWide ? sBytes[n + 1] : '\0');
+        const int nUnit = !bWide    ? nFirst
+                          : bLittle ? nFirst + 256 * nSecond
+                                    : 256 * nFirst + nSecond;
+        sUnits += static_cast<char16_t>(nUnit >= 0xD800 && nUnit <= 0xDFFF ? 0xFFFD : nUnit);
+    }
+    return sUnits;
+}
+
+std::vector<std::u16string> Lines(const std::string& sBytes)
+{
+    std::vector<std::u16string> asLine(1);
+    for (const char16_t c : Units(sBytes)) {
+        if (c == u'\r' || c == u'\n')
             asLine.emplace_back();
         else
             asLine.back() += c;
     }
-    std::erase(asLine, "");
+    std::erase(asLine, std::u16string());
     return asLine;
 }
 
