@@ -4,7 +4,7 @@
 
 #include "airmail/AirMailFolders.h"
 #include "airmail/AirMailIni.h"
-#include "airmail/GridSquareLib.h"
+#include "geo/GridSquareLib.h"
 #include "geo/MathLib.h"
 #include "system/FileLib.h"
 #include "system/RunErrorText.h"

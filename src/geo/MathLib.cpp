@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "geo/PositionText.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
 #include "system/TextLib.h"
@@ -23,30 +24,10 @@ std::string PositionToText(double dAngle, std::string_view sDegreePattern, char 
     return sText;
 }
 
-Result<double> PositionFromText(std::string_view sText, std::string_view sNegative)
-{
-    const std::size_t nDegree = sText.find(kDegreeSign);
-    if (nDegree == std::string_view::npos)
-        return RunError{kInvalidCall};
-    const std::string_view sBehind = sText.substr(nDegree + kDegreeSign.size());
-    const std::size_t nApostrophe = sBehind.find('\'');
-    if (nApostrophe == std::string_view::npos)
-        return RunError{kInvalidCall};
-    const auto resDegrees = NumberFromText(sText.substr(0, nDegree));
-    if (!resDegrees)
-        return resDegrees.ErrorGet();
-    const auto resMinutes = NumberFromText(sBehind.substr(0, nApostrophe));
-    if (!resMinutes)
-        return resMinutes.ErrorGet();
-    const double dValue = resDegrees.ValueGet() + resMinutes.ValueGet() / 60.0;
-    // Only the very letter turns the sign: "s", "S " or anything else counts as north or east.
-    return sBehind.substr(nApostrophe + 1) == sNegative ? -dValue : dValue;
-}
-
 bool TextToPosition(std::string_view sText, double& dAngle, Messages* paMessages,
-                    std::string_view sNegative, const char* sPrefix)
+                    PositionAxis eAxis, const char* sPrefix)
 {
-    const auto resAngle = PositionFromText(sText, sNegative);
+    const auto resAngle = AngleFromText(sText, eAxis, PositionForm::Entry);
     if (resAngle) {
         dAngle = resAngle.ValueGet();
         return true;
@@ -76,12 +57,14 @@ std::string LongitudeToText(double dLongitude)
 
 bool TextToLatitude(std::string_view sText, double& dLatitude, Messages* paMessages)
 {
-    return TextToPosition(sText, dLatitude, paMessages, "S", "Unable for decode Latitude ");
+    return TextToPosition(sText, dLatitude, paMessages, PositionAxis::Latitude,
+                          "Unable for decode Latitude ");
 }
 
 bool TextToLongitude(std::string_view sText, double& dLongitude, Messages* paMessages)
 {
-    return TextToPosition(sText, dLongitude, paMessages, "W", "Unable for decode Longitude ");
+    return TextToPosition(sText, dLongitude, paMessages, PositionAxis::Longitude,
+                          "Unable for decode Longitude ");
 }
 
 double GreatCircleAngle(double dLat1, double dLon1, double dLat2, double dLon2)

@@ -249,12 +249,15 @@ TEST_P(PredictPlace, Reads)
     EXPECT_NEAR(res.ValueGet().dLat, GetParam().dLat, 1e-5);
     EXPECT_NEAR(res.ValueGet().dLon, GetParam().dLon, 1e-5);
 }
-INSTANTIATE_TEST_SUITE_P(
-    All, PredictPlace,
-    testing::Values(PlaceCase{"38,-122", 38, -122}, PlaceCase{" -33.87 , 151.21 ", -33.87, 151.21},
-                    PlaceCase{"38°30.00'N,122°15.00'W", 38.5, -122.25},
-                    PlaceCase{"5°30'S, 7°30'e", -5.5, 7.5}, PlaceCase{"FN42", 42.51304, -70.97391},
-                    PlaceCase{"fn42mm", 42.51304, -70.97391}, PlaceCase{"90,180", 90, 180}));
+INSTANTIATE_TEST_SUITE_P(All, PredictPlace,
+                         testing::Values(PlaceCase{"38,-122", 38, -122},
+                                         PlaceCase{" -33.87 , 151.21 ", -33.87, 151.21},
+                                         PlaceCase{"38°30.00'N,122°15.00'W", 38.5, -122.25},
+                                         PlaceCase{"5°30'S, 7°30'e", -5.5, 7.5},
+                                         PlaceCase{"5°30' S, 7°30' W", -5.5, -7.5},
+                                         PlaceCase{"FN42", 42.51304, -70.97391},
+                                         PlaceCase{"fn42mm", 42.51304, -70.97391},
+                                         PlaceCase{"90,180", 90, 180}));
 
 class PredictPlaceBad : public testing::TestWithParam<const char*> {};
 TEST_P(PredictPlaceBad, IsRefused) { EXPECT_FALSE(PredictPositionGet(GetParam())); }
@@ -263,7 +266,7 @@ INSTANTIATE_TEST_SUITE_P(All, PredictPlaceBad,
                                          "ZZ42", "FN42ZZ", "FN42MM99", "91,0", "0,181",
                                          "38°70.00'N,1°00.00'E", "38°30.00'X,1°00.00'E",
                                          "38°30.00'E,1°00.00'N", "-38°30.00'N,1°00.00'E",
-                                         "38°30.00,1°00.00'E", "1e1,2"));
+                                         "38°30.00,1°00.00'E", "38°30'xS,1°00.00'E", "1e1,2"));
 
 TEST(PredictHelp, NamesEveryOption)
 {

@@ -1,7 +1,7 @@
 // Any text as a grid square.
 #include <cmath>
 
-#include "airmail/GridSquareLib.h"
+#include "geo/GridSquareLib.h"
 #include "fuzz/FuzzCheck.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)

@@ -4,9 +4,12 @@
 #include "app/predict/PredictPosition.h"
 #include "fuzz/FuzzPrefix.h"
 #include "geo/MathLib.h"
-#include "ui/common/LocationText.h"
+#include "geo/PositionText.h"
 
 namespace {
+
+constexpr double kLatMost = 90.0;
+constexpr double kLonMost = 180.0;
 
 using ToTextFn = std::string (*)(double);
 using FromTextFn = bool (*)(std::string_view, double&, Messages*);
@@ -31,21 +34,40 @@ void EntryCheck(std::string_view sText, ToTextFn fnToText, FromTextFn fnFromText
     Check(std::abs(dAgain - dValue) <= kHalfHundredth);
 }
 
+/// Whatever is read lies on the globe, and its text is read as the same place.
+void PastedCheck(std::string_view sText, PositionAxis eAxis)
+{
+    constexpr double kHalfHundredth = 0.005 / 60.0 + 1e-9;  // degrees
+    const auto res = PositionFromText(sText, eAxis);
+    Check(static_cast<bool>(res) != !res.TextGet().empty());
+    if (!res)
+        return;
+    const PositionRead& pos = res.ValueGet();
+    Check(pos.dLat || pos.dLon);
+    Check(!pos.dLat || std::abs(*pos.dLat) <= kLatMost);
+    Check(!pos.dLon || std::abs(*pos.dLon) <= kLonMost);
+    if (!pos.dLat || !pos.dLon)
+        return;
+    // Minutes that round to 60 are no minutes of a pasted text.
+    const std::string sPair = LatitudeToText(*pos.dLat) + " " + LongitudeToText(*pos.dLon);
+    if (sPair.find("60.00") != std::string::npos)
+        return;
+    const auto resAgain = PositionFromText(sPair, eAxis);
+    Check(static_cast<bool>(resAgain));
+    Check(std::abs(*resAgain.ValueGet().dLat - *pos.dLat) <= kHalfHundredth);
+    Check(std::abs(*resAgain.ValueGet().dLon - *pos.dLon) <= kHalfHundredth);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
 {
-    constexpr double kLatMost = 90.0;
-    constexpr double kLonMost = 180.0;
     static const FuzzPrefix prefix;  // stations and Airmail's own position are asked for: none
     const std::string_view sText = FuzzText(pBytes, nBytes);
     EntryCheck(sText, LatitudeToText, TextToLatitude, kLatMost);
     EntryCheck(sText, LongitudeToText, TextToLongitude, kLonMost);
-    const QString sPasted = QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size()));
-    if (const auto dLat = LocationFromText(LocationKind::Latitude, sPasted))
-        Check(std::abs(*dLat) <= kLatMost);
-    if (const auto dLon = LocationFromText(LocationKind::Longitude, sPasted))
-        Check(std::abs(*dLon) <= kLonMost);
+    for (const PositionAxis eAxis : {PositionAxis::Latitude, PositionAxis::Longitude})
+        PastedCheck(sText, eAxis);
     if (const auto res = PredictPositionGet(sText)) {
         Check(std::abs(res.ValueGet().dLat) <= kLatMost);
         Check(std::abs(res.ValueGet().dLon) <= kLonMost);

@@ -1,9 +1,8 @@
 #include "app/predict/PredictPosition.h"
 
 #include "airmail/AirMailLib.h"
-#include "geo/MathLib.h"
+#include "geo/PositionText.h"
 #include "settings/SettingsRange.h"
-#include "system/NumberLib.h"
 #include "system/TextLib.h"
 
 namespace {
@@ -53,45 +52,9 @@ Result<PredictPosition> StationPlaceGet(const std::string& sSystem, const std::s
     return pos;
 }
 
-bool LetterIs(char chr, char chrLast) { return chr >= 'A' && chr <= chrLast; }
-
-bool DigitIs(char chr) { return chr >= '0' && chr <= '9'; }
-
-// Field letters A to R, square digits, sub-square letters A to X.
-bool GridSquareIs(const std::string& sUpper)
+bool AngleRead(std::string_view sText, PositionAxis eAxis, double& dAngle)
 {
-    if (sUpper.size() != 4 && sUpper.size() != 6)
-        return false;
-    if (!LetterIs(sUpper[0], 'R') || !LetterIs(sUpper[1], 'R') || !DigitIs(sUpper[2])
-        || !DigitIs(sUpper[3]))
-        return false;
-    return sUpper.size() == 4 || (LetterIs(sUpper[4], 'X') && LetterIs(sUpper[5], 'X'));
-}
-
-// Degrees and minutes with a hemisphere letter, in which a slip must not move a ship to the other
-// side of the world: letter and minutes are checked before the text form's own lenient decoder
-// runs.
-bool DegreeMinutesRead(std::string_view sText, char chrPositive, char chrNegative, bool bLatitude,
-                       double& dAngle)
-{
-    std::string sUpper = TextUpper(TextTrim(sText));
-    if (sUpper.empty() || (sUpper.back() != chrPositive && sUpper.back() != chrNegative))
-        return false;
-    const bool bRead = bLatitude ? TextToLatitude(sUpper, dAngle, nullptr)
-                                 : TextToLongitude(sUpper, dAngle, nullptr);
-    if (!bRead)
-        return false;
-    const std::size_t nMinutes = sUpper.find(kDegreeSign) + kDegreeSign.size();
-    const auto resMinutes = NumberFromText(sUpper.substr(nMinutes, sUpper.find('\'') - nMinutes));
-    return sUpper.find('-') == std::string::npos && resMinutes && resMinutes.ValueGet() < 60.0;
-}
-
-bool AngleRead(std::string_view sText, bool bLatitude, double& dAngle)
-{
-    if (sText.find(kDegreeSign) != std::string_view::npos)
-        return DegreeMinutesRead(sText, bLatitude ? 'N' : 'E', bLatitude ? 'S' : 'W', bLatitude,
-                                 dAngle);
-    const auto res = NumberFromText(sText);
+    const auto res = AngleFromText(sText, eAxis, PositionForm::Argument);
     if (res)
         dAngle = res.ValueGet();
     return static_cast<bool>(res);
@@ -104,18 +67,20 @@ Result<PredictPosition> PredictPositionGet(std::string_view sText)
     PredictPosition pos;
     const std::size_t nComma = sText.find(',');
     if (nComma == std::string_view::npos) {
-        std::string sGrid = TextUpper(TextTrim(sText));
-        if (sGrid == "AIRMAIL")
+        if (TextEqualNoCase(TextTrim(sText), "airmail"))
             return AirMailPlaceGet();
         if (const std::size_t nColon = sText.find(':'); nColon != std::string_view::npos)
             return StationPlaceGet(std::string(TextTrim(sText.substr(0, nColon))),
                                    std::string(TextTrim(sText.substr(nColon + 1))));
-        if (!GridSquareIs(sGrid) || !GridSquareToPosition(sGrid, pos.dLat, pos.dLon, nullptr))
+        const auto posSquare = GridSquareFromText(sText);
+        if (!posSquare)
             return RunError{"\"" + TextForMessage(sText) + "\" is no position; " + kForms};
+        pos.dLat = *posSquare->dLat;
+        pos.dLon = *posSquare->dLon;
         return pos;
     }
-    if (!AngleRead(sText.substr(0, nComma), true, pos.dLat)
-        || !AngleRead(sText.substr(nComma + 1), false, pos.dLon))
+    if (!AngleRead(sText.substr(0, nComma), PositionAxis::Latitude, pos.dLat)
+        || !AngleRead(sText.substr(nComma + 1), PositionAxis::Longitude, pos.dLon))
         return RunError{"\"" + TextForMessage(sText) + "\" is no position; " + kForms};
     if (!kRangeLatitude.Holds(pos.dLat))
         return RunError{"latitude " + RangeFaultText(pos.dLat, kRangeLatitude)};

@@ -195,7 +195,9 @@ void LocationField::TextAccept(const QString& sText, int nCaret)
 
 void LocationField::PositionPaste(const QString& sText)
 {
-    const auto dValue = LocationFromText(m_eKind, sText);
+    const auto res = LocationFromText(m_eKind, sText);
+    const PositionRead pos = res ? res.ValueGet() : PositionRead();
+    const auto dValue = m_eKind == LocationKind::Latitude ? pos.dLat : pos.dLon;
     if (dValue)
         TextAccept(LocationToText(m_eKind, *dValue), CaretGet());
     else

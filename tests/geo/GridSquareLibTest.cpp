@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "airmail/GridSquareLib.h"
+#include "geo/GridSquareLib.h"
 #include "support/MsgRecorder.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "airmail/GridSquareLib.h"
+#include "geo/GridSquareLib.h"
 
 #include "system/TextLib.h"
 
