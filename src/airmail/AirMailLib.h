@@ -7,4 +7,4 @@
 #include "airmail/AirMailIni.h"       // IWYU pragma: export
 #include "airmail/AirMailPosition.h"  // IWYU pragma: export
 #include "airmail/AirMailStations.h"  // IWYU pragma: export
-#include "geo/GridSquareLib.h"    // IWYU pragma: export
+#include "geo/GridSquareLib.h"        // IWYU pragma: export

@@ -1,8 +1,8 @@
 // Any text as a grid square.
 #include <cmath>
 
-#include "geo/GridSquareLib.h"
 #include "fuzz/FuzzCheck.h"
+#include "geo/GridSquareLib.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
 {

@@ -53,6 +53,10 @@ void LocationField::MarkSet(const QString& sWhy)
 
 void LocationField::TextSet(const QString& sText)
 {
+    if (!MaskFits(sText)) {
+        MarkSet(tr("%1 does not fit here").arg(sText));
+        return;
+    }
     MarkSet({});
     const int nCaret = hasFocus() ? CaretGet() : 0;
     m_sBefore.clear();
@@ -62,6 +66,8 @@ void LocationField::TextSet(const QString& sText)
     else
         setCursorPosition(0);
 }
+
+bool LocationField::MaskFits(const QString& sText) const { return sText.length() <= m_nHemisphere; }
 
 QSize LocationField::sizeHint() const
 {
@@ -175,6 +181,8 @@ void LocationField::CharacterType(QChar chr)
         if (!m_sLetters.contains(chr))
             return;
     } else if (chr < QLatin1Char('0') || chr > QLatin1Char('9')) {
+        if (chr.isLetter())
+            Q_EMIT Hinted(tr("Digits here; a grid square can be pasted (Ctrl+V)"));
         return;
     }
     QString sText = text();
@@ -196,12 +204,28 @@ void LocationField::TextAccept(const QString& sText, int nCaret)
 void LocationField::PositionPaste(const QString& sText)
 {
     const auto res = LocationFromText(m_eKind, sText);
-    const PositionRead pos = res ? res.ValueGet() : PositionRead();
-    const auto dValue = m_eKind == LocationKind::Latitude ? pos.dLat : pos.dLon;
-    if (dValue)
-        TextAccept(LocationToText(m_eKind, *dValue), CaretGet());
-    else
+    if (!res) {
         QApplication::beep();
+        Q_EMIT Hinted(
+            tr("Not pasted: %1. 24°18.50'N, 24.308, both coordinates (24.308, -110.403) or a "
+               "grid square (DL44) can be pasted")
+                .arg(QString::fromStdString(res.TextGet())));
+        return;
+    }
+    const bool bLatitude = m_eKind == LocationKind::Latitude;
+    const PositionRead& pos = res.ValueGet();
+    const auto dOther = bLatitude ? pos.dLon : pos.dLat;
+    if (dOther && m_pOther != nullptr)
+        m_pOther->PairTake(*dOther);
+    if (const auto dOwn = bLatitude ? pos.dLat : pos.dLon)
+        TextAccept(LocationToText(m_eKind, *dOwn), CaretGet());
+}
+
+void LocationField::PairTake(double dValue)
+{
+    TextAccept(LocationToText(m_eKind, dValue), 0);
+    if (!hasFocus())
+        setCursorPosition(0);  // only the field with the focus shows its caret
 }
 
 void LocationField::UndoLast()

@@ -3,7 +3,8 @@
 /// character; typing replaces it; the separators are jumped over and cannot be typed.
 ///
 /// Texts:   "38°30.00'N" (latitude, 10 characters), "122°15.00'W" (longitude, 11 characters).
-/// Errors:  a key or a pasted text that does not fit is dropped (a paste with a short beep).
+/// Errors:  a key or a pasted text that does not fit is dropped (a paste with a short beep, and
+///          Hinted says why). No text is ever longer than the mask.
 /// Tests:   tests/ui/common/LocationFieldTest.cpp
 #pragma once
 
@@ -18,7 +19,10 @@ public:
     explicit LocationField(QWidget* pParent = nullptr);
     /// The kind gives mask, hemisphere letters and the initial text. Latitude until called.
     void KindSet(LocationKind eKind);
-    /// The text as the program sets it; nothing is left to undo.
+    /// The field of the other coordinate, which a pasted pair or grid square fills too.
+    void PairSet(LocationField* pOther) { m_pOther = pOther; }
+    /// The text as the program sets it; nothing is left to undo. One longer than the mask
+    /// is not shown: the field is marked.
     void TextSet(const QString& sText);
     /// Marks a text that cannot be used, by its colours and by the reason as description and tip;
     /// an empty reason, and TextSet, take the mark away.
@@ -33,7 +37,8 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 Q_SIGNALS:
-    void Edited();  ///< after each accepted key, paste or undo
+    void Edited();                        ///< after each accepted key, paste or undo
+    void Hinted(const QString& sAdvice);  ///< after a key or paste was dropped: why, what to do
 
 protected:
     bool event(QEvent* pEvent) override;
@@ -52,7 +57,9 @@ private:
     bool CaretKey(int nKey);
     bool CommandKey(QKeyEvent* pEvent);
     void CharacterType(QChar chr);
+    [[nodiscard]] bool MaskFits(const QString& sText) const;
     void TextAccept(const QString& sText, int nCaret);
+    void PairTake(double dValue);
     void PositionPaste(const QString& sText);
     void UndoLast();
 
@@ -60,6 +67,7 @@ private:
     std::array<int, 3> m_aSeparators{};  ///< counted from 1
     int m_nHemisphere = 0;               ///< counted from 1
     QString m_sLetters;
+    LocationField* m_pOther = nullptr;
     bool m_bMark = false;
     QString m_sTip;  ///< tip and description without the mark
     QString m_sAbout;

@@ -42,6 +42,12 @@ void frmMain::ControlsSetUp()
     tmrTime = new QTimer(this);
     tmrTime->setObjectName(QStringLiteral("tmrTime"));
     for (LocationField* pField : {txtLon0, txtLon1}) pField->KindSet(LocationKind::Longitude);
+    const auto Pair = [](LocationField* pLat, LocationField* pLon) {
+        pLat->PairSet(pLon);
+        pLon->PairSet(pLat);
+    };
+    Pair(txtLat0, txtLon0);
+    Pair(txtLat1, txtLon1);
     for (QPushButton* pButton : {cmdRcMap, cmdTxMap})
         pButton->setIcon(PictureGet(QStringLiteral("Map")));
     grdData->HugSet(true);
@@ -62,11 +68,15 @@ void frmMain::ControlsSetUp()
 void frmMain::SignalsConnect()
 {
     grdData->SpeechSet([this](int iRow, int iCol) { return Speech(iRow, iCol); });
-    for (LocationField* pField : {txtLat0, txtLon0, txtLat1, txtLon1})
+    for (LocationField* pField : {txtLat0, txtLon0, txtLat1, txtLon1}) {
         connect(pField, &LocationField::Edited, this, [this, pField] {
             cmdUpdate->setEnabled(true);
             pField->MarkSet({});
+            HintSet({});
         });
+        connect(pField, &LocationField::Hinted, this,
+                [this](const QString& sAdvice) { HintSet(sAdvice.toStdString()); });
+    }
     for (LocationField* pField : {txtLat1, txtLon1})
         connect(pField, &QLineEdit::textChanged, this, &frmMain::TransmitterTyped);
     const auto ButtonConnect = [this](QPushButton* pButton, void (frmMain::*pfnClick)()) {

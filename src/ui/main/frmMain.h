@@ -98,6 +98,7 @@ private:
     void CellMark(const SelectedCell& cell, bool bMark);
     [[nodiscard]] int HourOffset() const;
     void StatusShow();
+    void HintSet(const std::string& sHint);
     void Command(std::function<void()> fnCommand);
     void WaitingRun();
 
@@ -132,6 +133,7 @@ private:
     std::optional<QRect> m_rectOuter;  ///< place from the profile, until the frame is known
     int m_iRowChosen = -1;             ///< selected before the run that failed, for the next one
     std::string m_sTrouble;            ///< of the last run, empty when all of it succeeded
+    std::string m_sHint;               ///< on the last key or paste, until the next one or a run
     std::string m_sOverlayTrouble;     ///< of the map's overlay since the last run began
     bool m_bOld = false;               ///< the table is that of an earlier run
     std::string m_sNotice;             ///< told once by the status line, after the next run

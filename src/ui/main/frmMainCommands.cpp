@@ -139,6 +139,7 @@ void frmMain::PositionRefuse(LocationField& field, const std::string& sWhy)
     field.MarkSet(QString::fromStdString(sWhy));
     m_sTrouble = "No prediction: " + field.accessibleName().toStdString() + " " + sWhy
                  + ". Correct it, then Update";
+    m_sHint.clear();
     StatusShow();
 }
 

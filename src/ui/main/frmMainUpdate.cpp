@@ -80,6 +80,7 @@ bool frmMain::Update()
     const int iRow = m_settings.m_selected.iFrequency;
     const int iRowChosen = iRow == -1 ? m_iRowChosen : iRow;
     m_sOverlayTrouble.clear();
+    m_sHint.clear();
     grdData->RedrawSet(false);
     HourHeaderLayout();
     FrequencyRowsLayout();
@@ -252,7 +253,8 @@ void frmMain::StatusShow()
                           : StatusInForce(RequestFromSettings(m_settings), EngineIsHopcasts(iModel),
                                           m_bSunSpotNumber));
     const std::string sNotice = std::exchange(m_sNotice, {});
-    const std::string sTrouble = !m_sTrouble.empty()          ? m_sTrouble
+    const std::string sTrouble = !m_sHint.empty()             ? m_sHint
+                                 : !m_sTrouble.empty()        ? m_sTrouble
                                  : !m_sOverlayTrouble.empty() ? m_sOverlayTrouble
                                                               : sNotice;
     lblInForce->setToolTip(sInForce);
@@ -264,6 +266,12 @@ void frmMain::StatusShow()
     lblTrouble->setToolTip(lblTrouble->text());
     grdData->StaleSet(m_bOld);
     lblOld->setVisible(m_bOld && m_table.nData > 0);
+}
+
+void frmMain::HintSet(const std::string& sHint)
+{
+    if (std::exchange(m_sHint, sHint) != sHint && !m_bRunning)
+        StatusShow();
 }
 
 void frmMain::OverlayFailedSet(const std::optional<Failure>& failure)

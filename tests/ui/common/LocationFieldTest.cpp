@@ -195,6 +195,88 @@ TEST_F(LocationFieldShown, PasteTakesOnlyAWholePosition)
     EXPECT_EQ(spy.count(), 1);
 }
 
+TEST_F(LocationFieldShown, PastedPairFillsBothFieldsFromEither)
+{
+    m_lat.PairSet(&m_lon);
+    m_lon.PairSet(&m_lat);
+    QSignalSpy spyLat(&m_lat, &LocationField::Edited);
+    QSignalSpy spyLon(&m_lon, &LocationField::Edited);
+    for (LocationField* pField : {&m_lat, &m_lon}) {
+        FocusGive(*pField);
+        for (const char* sText :
+             {"24.308333, -110.403333", "24°18.50'N 110°24.20'W", "24°18'30\"N, 110°24'12\"W",
+              "24,308333; -110,403333", "W110°24.20' N24°18.50'"}) {
+            m_lat.TextSet(QStringLiteral("00°00.00'S"));
+            m_lon.TextSet(QStringLiteral("000°00.00'E"));
+            QApplication::clipboard()->setText(QString::fromUtf8(sText));
+            QTest::keySequence(pField, QKeySequence::Paste);
+            EXPECT_EQ(m_lat.text(), QStringLiteral("24°18.50'N")) << sText;
+            EXPECT_EQ(m_lon.text(), QStringLiteral("110°24.20'W")) << sText;
+            CaretExpect(*pField, pField->CaretGet());
+        }
+    }
+    EXPECT_EQ(spyLat.count(), 10);
+    EXPECT_EQ(spyLon.count(), 10);
+}
+
+TEST_F(LocationFieldShown, PastedGridSquareFillsBothFields)
+{
+    m_lat.PairSet(&m_lon);
+    QApplication::clipboard()->setText(QStringLiteral("fn42mm"));
+    QTest::keySequence(&m_lat, QKeySequence::Paste);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("42°30.78'N"));
+    EXPECT_EQ(m_lon.text(), QStringLiteral("070°58.43'W"));
+}
+
+TEST_F(LocationFieldShown, APairWithOneHalfOutOfRangeIsRefusedWhole)
+{
+    m_lat.PairSet(&m_lon);
+    QApplication::clipboard()->setText(QStringLiteral("24.5, 181.5"));
+    QTest::keySequence(&m_lat, QKeySequence::Paste);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("00 00.00 N"));
+    EXPECT_EQ(m_lon.text(), QStringLiteral("000 00.00 E"));
+}
+
+TEST_F(LocationFieldShown, RefusedPasteSaysWhy)
+{
+    QSignalSpy spy(&m_lat, &LocationField::Hinted);
+    QApplication::clipboard()->setText(QStringLiteral("122°15.00'W"));
+    QTest::keySequence(&m_lat, QKeySequence::Paste);
+    ASSERT_EQ(spy.count(), 1);
+    EXPECT_TRUE(spy.at(0).at(0).toString().startsWith(
+        QStringLiteral("Not pasted: \"122°15.00'W\" is a longitude. ")))
+        << spy.at(0).at(0).toString().toStdString();
+    QApplication::clipboard()->setText(QStringLiteral("22.5"));
+    QTest::keySequence(&m_lat, QKeySequence::Paste);
+    EXPECT_EQ(spy.count(), 1);
+}
+
+TEST_F(LocationFieldShown, ALetterAtADigitPlaceSaysWhatGoesThere)
+{
+    QSignalSpy spy(&m_lat, &LocationField::Hinted);
+    m_lat.CaretPlace(0, 1);
+    QTest::keyClicks(&m_lat, QStringLiteral("2-."));
+    EXPECT_EQ(spy.count(), 0);
+    QTest::keyClicks(&m_lat, QStringLiteral("n"));
+    ASSERT_EQ(spy.count(), 1);
+    EXPECT_EQ(spy.at(0).at(0).toString(),
+              QStringLiteral("Digits here; a grid square can be pasted (Ctrl+V)"));
+}
+
+TEST_F(LocationFieldShown, NoTextGrowsBeyondTheMask)
+{
+    m_lat.TextSet(QStringLiteral("12°30.00'N"));
+    m_lat.TextSet(LocationToText(LocationKind::Latitude, 100.25));
+    EXPECT_EQ(m_lat.text(), QStringLiteral("12°30.00'N"));
+    EXPECT_TRUE(m_lat.MarkIs());
+    EXPECT_EQ(m_lat.toolTip(), QStringLiteral("100°15.00'N does not fit here"));
+    m_lon.TextSet(LocationToText(LocationKind::Longitude, -1000.0));
+    EXPECT_EQ(m_lon.text(), QStringLiteral("000 00.00 E"));
+    m_lat.CaretPlace(9, 1);
+    QTest::keyClicks(&m_lat, QStringLiteral("s"));
+    EXPECT_EQ(m_lat.text(), QStringLiteral("12°30.00'S"));
+}
+
 TEST_F(LocationFieldShown, UndoRestoresTheTextBeforeTheLastAcceptedEdit)
 {
     m_lat.CaretPlace(0, 1);
