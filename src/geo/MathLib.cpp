@@ -3,13 +3,12 @@
 #include <cmath>
 
 #include "geo/PositionText.h"
+#include "geo/SphereLib.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
 #include "system/TextLib.h"
 
 namespace {
-
-constexpr double kRadiansPerDegree = kPi / 180.0;
 
 std::string PositionToText(double dAngle, std::string_view sDegreePattern, char chrPositive,
                            char chrNegative)
@@ -35,17 +34,6 @@ bool TextToPosition(std::string_view sText, double& dAngle, Messages* paMessages
     return MessageFail(paMessages, MsgIcon::Exclamation, sPrefix + TextForMessage(sText));
 }
 
-struct Vector3 {
-    double dX, dY, dZ;
-};
-
-Vector3 UnitVector(double dLatitude, double dLongitude)
-{
-    const double dLat = dLatitude * kRadiansPerDegree;
-    const double dLon = dLongitude * kRadiansPerDegree;
-    return {std::cos(dLat) * std::cos(dLon), std::cos(dLat) * std::sin(dLon), std::sin(dLat)};
-}
-
 }  // namespace
 
 std::string LatitudeToText(double dLatitude) { return PositionToText(dLatitude, "00", 'N', 'S'); }
@@ -69,8 +57,8 @@ bool TextToLongitude(std::string_view sText, double& dLongitude, Messages* paMes
 
 double GreatCircleAngle(double dLat1, double dLon1, double dLat2, double dLon2)
 {
-    const Vector3 vec1 = UnitVector(dLat1, dLon1);
-    const Vector3 vec2 = UnitVector(dLat2, dLon2);
+    const Vector3 vec1 = VectorFrom({dLat1, dLon1});
+    const Vector3 vec2 = VectorFrom({dLat2, dLon2});
     const double dHalfChord = std::sqrt((vec1.dX - vec2.dX) * (vec1.dX - vec2.dX)
                                         + (vec1.dY - vec2.dY) * (vec1.dY - vec2.dY)
                                         + (vec1.dZ - vec2.dZ) * (vec1.dZ - vec2.dZ))

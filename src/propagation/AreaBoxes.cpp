@@ -1,15 +1,11 @@
 #include "propagation/AreaBoxes.h"
 
-#include <cmath>
-
+#include "geo/SphereLib.h"
 #include "propagation/deck/DeckLayout.h"
 #include "propagation/deck/FortranFormat.h"
 #include "system/NumberLib.h"
 
 namespace {
-
-constexpr double kDateLine = 180.0;
-constexpr double kCircle = 360.0;
 
 double BoundPrinted(double dBound, const Field& fld)
 {
@@ -26,14 +22,14 @@ std::vector<AreaBox> AreaBoxesGet(const AreaBox& area)
 {
     if (!(area.dBottom < area.dTop && area.dLeft < area.dRight))
         return {};
-    // The turn of the scale on which the west bound lies in [-180, 180).
-    const double dTurn = std::floor((area.dLeft + kDateLine) / kCircle) * kCircle;
-    const double dLeft = area.dLeft - dTurn;
-    const double dRight = area.dRight - dTurn;
-    if (dRight <= kDateLine)
+    // On the turn of the scale on which the west bound lies in [-180, 180).
+    const double dTurns = LonTurns(area.dLeft);
+    const double dLeft = area.dLeft - dTurns;
+    const double dRight = area.dRight - dTurns;
+    if (dRight <= kLongitudeMost)
         return {{area.dBottom, area.dTop, dLeft, dRight}};
-    return {{area.dBottom, area.dTop, dLeft, kDateLine},
-            {area.dBottom, area.dTop, -kDateLine, dRight - kCircle}};
+    return {{area.dBottom, area.dTop, dLeft, kLongitudeMost},
+            {area.dBottom, area.dTop, -kLongitudeMost, dRight - kFullCircle}};
 }
 
 AreaBox AreaBoxPrinted(const AreaBox& box)

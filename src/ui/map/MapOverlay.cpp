@@ -10,7 +10,6 @@
 namespace {
 
 constexpr double kLatEnd = 89.9;
-constexpr double kCircle = 360.0;
 
 /// The place on an even grid of nCount places from dFirst to dLast, where the value is one: engines
 /// print their points in few digits, and cells placed by them would leave seams.
@@ -32,8 +31,8 @@ std::vector<AreaBox> OverlayGetBoxes(const MapBox& boxView, double dEdge)
 {
     const double dTop = boxView.dTop >= 90 ? kLatEnd : std::min(boxView.dTop, kLatEnd);
     const double dBottom = boxView.dBottom <= -90 ? -kLatEnd : std::max(boxView.dBottom, -kLatEnd);
-    return AreaBoxesGet(
-        {dBottom, dTop, std::max(boxView.dLeft, dEdge), std::min(boxView.dRight, dEdge + kCircle)});
+    return AreaBoxesGet({dBottom, dTop, std::max(boxView.dLeft, dEdge),
+                         std::min(boxView.dRight, dEdge + kFullCircle)});
 }
 
 Result<std::vector<GridPoint>> GridRead(AreaFile& file, std::size_t nMax)
@@ -74,7 +73,7 @@ QRect CellGetRect(const MapView& view, const CellPaint& cell, const GridPoint& p
     const double dWest = dLon - dLonHalf > box.dLeft ? dLon - dLonHalf : cell.m_boxWanted.dLeft;
     const double dEast = dLon + dLonHalf < box.dRight ? dLon + dLonHalf : cell.m_boxWanted.dRight;
     // The box lies on the view's scale, or a turn west of it.
-    const double dShift = cell.m_boxWanted.dRight <= view.m_dEdge ? kCircle : 0.0;
+    const double dShift = cell.m_boxWanted.dRight <= view.m_dEdge ? kFullCircle : 0.0;
     const auto RowGet = [&view](double dPlace) { return RoundHalfEven(view.LatGetY(dPlace)); };
     const int nTop = std::min(RowGet(dNorth), RowGet(dSouth));
     const int nBottom = std::max(RowGet(dNorth), RowGet(dSouth));

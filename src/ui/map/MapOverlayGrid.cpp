@@ -1,6 +1,6 @@
 #include "ui/map/MapOverlayGrid.h"
 
-#include <cmath>
+#include "geo/SphereLib.h"
 
 std::optional<float> GridGetNearest(std::span<const GridPoint> aPoints, double dLat, double dLon)
 {
@@ -8,7 +8,7 @@ std::optional<float> GridGetNearest(std::span<const GridPoint> aPoints, double d
     double dBest = kBestAtFirst * kBestAtFirst;
     const GridPoint* pBest = nullptr;
     for (const GridPoint& pnt : aPoints) {
-        const double dByLon = std::remainder(dLon - pnt.dLon, 360.0);
+        const double dByLon = LonApart(pnt.dLon, dLon);
         const double dSquare = (dLat - pnt.dLat) * (dLat - pnt.dLat) + dByLon * dByLon;
         if (dSquare < dBest) {
             dBest = dSquare;

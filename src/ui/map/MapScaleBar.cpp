@@ -19,7 +19,7 @@ std::optional<ScaleBar> ScaleBarGet(const MapView& view)
 {
     const double dLonSpan = view.m_box.dRight - view.m_box.dLeft;
     const double dLatSpan = view.m_box.dTop - view.m_box.dBottom;
-    const double dShrink = std::cos(view.CenterGet().dLat * kPi / 180);
+    const double dShrink = std::cos(view.CenterGet().dLat * kRadiansPerDegree);
     if (MinutesGetStep(std::max(std::abs(dLonSpan), std::abs(dLatSpan))) == 0 || !(dShrink > 0))
         return {};
     const double dPixelsPerMile = view.m_nMapWidth / (dLonSpan * dShrink * kMilesPerDegree);

@@ -9,8 +9,7 @@
 
 namespace {
 
-constexpr double kTop = 90.0;  // ordinate of the image's top edge
-constexpr double kCircle = 360.0;
+constexpr double kTop = 90.0;       // ordinate of the image's top edge
 constexpr double kFarLon = 1080.0;  // no view is further from the image than this
 constexpr double kFarOrdinate = 540.0;
 
@@ -39,7 +38,7 @@ double MiddleKeep(double dMiddle, double dSpan, double dLow, double dHigh)
     return std::clamp(dMiddle, dLow + dSpan / 2, dHigh - dSpan / 2);
 }
 
-double OnScale(double dLon, double dEdge) { return dLon < dEdge ? dLon + kCircle : dLon; }
+double OnScale(double dLon, double dEdge) { return dLon < dEdge ? dLon + kFullCircle : dLon; }
 
 }  // namespace
 
@@ -68,7 +67,7 @@ MapZoom MapView::BoxGetZoom(const MapBox& box) const
         std::abs(LatGetOrdinate(boxShown.dTop) - LatGetOrdinate(boxShown.dBottom));
     const double dLatRatio = dOrdinates * m_nImgHeight / 180 / m_nMapHeight;
     const double dLonRatio =
-        (boxShown.dRight - boxShown.dLeft) * m_nImgWidth / kCircle / m_nMapWidth;
+        (boxShown.dRight - boxShown.dLeft) * m_nImgWidth / kFullCircle / m_nMapWidth;
     return {ScaleTame(Max(dLatRatio, dLonRatio), m_nImgWidth),
             (boxShown.dTop + boxShown.dBottom) / 2, (boxShown.dLeft + boxShown.dRight) / 2};
 }
@@ -81,7 +80,7 @@ MapZoom MapView::ZoomKeepSeen(const MapZoom& zoom) const
         return zoom;
     const double dEdgeLat = MercatorLatitude(KGet(*this));
     return {zoom.dScale, std::clamp(Tame(zoom.dCenterLat, kFarOrdinate), -dEdgeLat, dEdgeLat),
-            std::clamp(Tame(zoom.dCenterLon, kFarLon), m_dEdge, m_dEdge + kCircle)};
+            std::clamp(Tame(zoom.dCenterLon, kFarLon), m_dEdge, m_dEdge + kFullCircle)};
 }
 
 void MapView::ZoomSet(const MapZoom& zoom)
@@ -91,14 +90,14 @@ void MapView::ZoomSet(const MapZoom& zoom)
     const double dLon = Tame(zoom.dCenterLon, kFarLon);
     const int nWidth = std::max(RoundHalfEven(m_nMapWidth * dScale), 1);
     const int nHeight = std::max(RoundHalfEven(m_nMapHeight * dScale), 1);
-    const int nLeft = RoundHalfEven(m_nImgWidth * (dLon - m_dEdge) / kCircle - nWidth / 2.0);
+    const int nLeft = RoundHalfEven(m_nImgWidth * (dLon - m_dEdge) / kFullCircle - nWidth / 2.0);
     const int nTop = RoundHalfEven((90 - dOrdinate) * m_nImgHeight / 180 - nHeight / 2.0);
     m_rctSource = QRect(nLeft, nTop, nWidth, nHeight);
     m_dScale = dScale;
     m_box.dTop = OrdinateGetLat(90 - nTop * 180.0 / m_nImgHeight);
     m_box.dBottom = OrdinateGetLat(90 - (static_cast<double>(nTop) + nHeight) * 180 / m_nImgHeight);
-    m_box.dLeft = nLeft * kCircle / m_nImgWidth + m_dEdge;
-    m_box.dRight = (static_cast<double>(nLeft) + nWidth) * kCircle / m_nImgWidth + m_dEdge;
+    m_box.dLeft = nLeft * kFullCircle / m_nImgWidth + m_dEdge;
+    m_box.dRight = (static_cast<double>(nLeft) + nWidth) * kFullCircle / m_nImgWidth + m_dEdge;
 }
 
 bool MapView::IsBeyondImage() const
@@ -112,7 +111,7 @@ QRect MapView::ImageGetRect() const
     const double dOrdinates = dTopOrdinate - LatGetOrdinate(m_box.dBottom);
     const QPoint ptTopLeft(RoundHalfEven(LonGetX(m_dEdge)),
                            RoundHalfEven((dTopOrdinate - 90) * m_nMapHeight / dOrdinates));
-    const QPoint ptEnd(RoundHalfEven(LonGetX(m_dEdge + kCircle)),
+    const QPoint ptEnd(RoundHalfEven(LonGetX(m_dEdge + kFullCircle)),
                        RoundHalfEven((dTopOrdinate + 90) * m_nMapHeight / dOrdinates));
     return QRect(ptTopLeft, ptEnd - QPoint(1, 1)) & QRect(0, 0, m_nMapWidth, m_nMapHeight);
 }
@@ -176,8 +175,9 @@ MapZoom MapView::WheelGetZoom(double dX, double dY, double dFactor) const
     const double dOrdinates = dTopOrdinate - LatGetOrdinate(m_box.dBottom);
     const double dPointOrdinate =
         std::clamp(dTopOrdinate - dOrdinates * dY / m_nMapHeight, -kTop, kTop);
-    const double dPointLon = std::clamp(
-        m_box.dLeft + (m_box.dRight - m_box.dLeft) * dX / m_nMapWidth, m_dEdge, m_dEdge + kCircle);
+    const double dPointLon =
+        std::clamp(m_box.dLeft + (m_box.dRight - m_box.dLeft) * dX / m_nMapWidth, m_dEdge,
+                   m_dEdge + kFullCircle);
     const double dOrdinate =
         dPointOrdinate + (dTopOrdinate - dOrdinates / 2 - dPointOrdinate) * dReal;
     const double dLon = dPointLon + (CenterGet().dLon - dPointLon) * dReal;
@@ -191,7 +191,7 @@ MapZoom MapView::PanGetZoom(double dByX, double dByY) const
     const double dOrdinate = dTopOrdinate - dOrdinates * (0.5 - dByY / m_nMapHeight);
     const double dLon = CenterGet().dLon - (m_box.dRight - m_box.dLeft) * dByX / m_nMapWidth;
     return {m_dScale, OrdinateGetLat(std::clamp(dOrdinate, -kTop, kTop)),
-            std::clamp(dLon, m_dEdge, m_dEdge + kCircle)};
+            std::clamp(dLon, m_dEdge, m_dEdge + kFullCircle)};
 }
 
 MapZoom MapView::EdgeGetZoom(double dEdge) const
@@ -199,7 +199,7 @@ MapZoom MapView::EdgeGetZoom(double dEdge) const
     const LatLon center = CenterGet();
     return {m_dScale, center.dLat,
             MiddleKeep(OnScale(LonWrap(center.dLon), dEdge), m_box.dRight - m_box.dLeft, dEdge,
-                       dEdge + kCircle)};
+                       dEdge + kFullCircle)};
 }
 
 MapView MapView::SizedGet(int nWidth, int nHeight) const
@@ -213,9 +213,9 @@ MapView MapView::SizedGet(int nWidth, int nHeight) const
 MapBox BoxPutInOrder(const MapBox& box, double dEdge)
 {
     MapBox boxOrder = box;
-    if (!(std::abs(box.dRight - box.dLeft) < kCircle)) {  // not-a-number, too
+    if (!(std::abs(box.dRight - box.dLeft) < kFullCircle)) {  // not-a-number, too
         boxOrder.dLeft = dEdge;
-        boxOrder.dRight = dEdge + kCircle;
+        boxOrder.dRight = dEdge + kFullCircle;
     } else {
         boxOrder.dLeft = OnScale(boxOrder.dLeft, dEdge);
         boxOrder.dRight = OnScale(boxOrder.dRight, dEdge);
@@ -248,15 +248,15 @@ MapBox BoxAround(const LatLon& center, const MapBox& boxView, double dFactor)
 MapBox BoxKeepWhole(const MapBox& box, double dEdge)
 {
     const double dSpan = box.dRight - box.dLeft;
-    if (!(dSpan < kCircle))
+    if (!(dSpan < kFullCircle))
         return box;
     const double dMiddle = (box.dLeft + box.dRight) / 2;
     const bool bWestEnd = box.dLeft < dEdge && box.dRight >= dEdge;
-    const bool bEastEnd = box.dLeft < dEdge + kCircle && box.dRight > dEdge + kCircle;
+    const bool bEastEnd = box.dLeft < dEdge + kFullCircle && box.dRight > dEdge + kFullCircle;
     if (!bWestEnd && !bEastEnd)
         return box;
-    const double dCut = bWestEnd ? dEdge : dEdge + kCircle;
-    const double dLeft = dMiddle < dCut ? dEdge + kCircle - dSpan : dEdge;
+    const double dCut = bWestEnd ? dEdge : dEdge + kFullCircle;
+    const double dLeft = dMiddle < dCut ? dEdge + kFullCircle - dSpan : dEdge;
     return {box.dTop, dLeft, box.dBottom, dLeft + dSpan};
 }
 
@@ -272,7 +272,7 @@ MapBox BoxOfPath(const LatLon& one, const LatLon& other, double dEdge)
     box.dTop += dLatMargin;
     box.dBottom -= dLatMargin;
     box.dLeft = std::max(box.dLeft - dLonMargin, dEdge);
-    box.dRight = std::min(box.dRight + dLonMargin, dEdge + kCircle);
+    box.dRight = std::min(box.dRight + dLonMargin, dEdge + kFullCircle);
     return box;
 }
 
@@ -280,15 +280,7 @@ double EdgeOfPath(const LatLon& one, const LatLon& other, double dEdge)
 {
     const double dOne = OnScale(LonWrap(one.dLon), dEdge);
     const double dOther = OnScale(LonWrap(other.dLon), dEdge);
-    if (!(std::abs(dOne - dOther) > kCircle / 2))
+    if (!(std::abs(dOne - dOther) > kFullCircle / 2))
         return dEdge;
     return dEdge == kEdgeGreenwich ? kEdgeDateLine : kEdgeGreenwich;
-}
-
-double LonWrap(double dLon)
-{
-    if (dLon > -180 && dLon <= 180)
-        return dLon;
-    const double dRest = std::remainder(dLon, kCircle);  // [-180, 180]
-    return dRest <= -180 ? 180.0 : dRest;
 }

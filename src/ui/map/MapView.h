@@ -16,12 +16,8 @@
 #include <QPoint>
 #include <QRect>
 
+#include "geo/SphereLib.h"
 #include "ui/map/WorldImage.h"
-
-struct LatLon {
-    double dLat = 0.0;
-    double dLon = 0.0;
-};
 
 struct MapBox {
     double dTop = 90.0;
@@ -132,6 +128,3 @@ public:
 /// The edge at which an image begins that the shorter way between the ends does not cross: dEdge
 /// where that is one, else the other.
 [[nodiscard]] double EdgeOfPath(const LatLon& one, const LatLon& other, double dEdge);
-
-/// A longitude in (-180, 180].
-[[nodiscard]] double LonWrap(double dLon);

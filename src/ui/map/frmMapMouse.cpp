@@ -22,7 +22,8 @@ QString PositionText(const LatLon& pos)
 
 double RangeGetMiles(const LatLon& one, const LatLon& other)
 {
-    return GreatCircleAngle(one.dLat, one.dLon, other.dLat, other.dLon) * 180 / kPi * kMinutes;
+    return GreatCircleAngle(one.dLat, one.dLon, other.dLat, other.dLon) / kRadiansPerDegree
+           * kMinutes;
 }
 
 }  // namespace

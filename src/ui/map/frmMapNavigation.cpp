@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "geo/SunLib.h"
 #include "system/NumberLib.h"
 #include "ui/map/MapEdgeArrow.h"
 #include "ui/map/MapGraticule.h"
