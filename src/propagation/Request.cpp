@@ -6,6 +6,7 @@
 #include <string>
 #include <type_traits>
 
+#include "propagation/itshfbc/EngineProgram.h"
 #include "settings/SettingsRange.h"
 #include "system/NumberLib.h"
 
@@ -15,7 +16,10 @@ void ModelFill(const Settings& settings, RequestModel& model)
 {
     model.iModel = settings.m_iPropagationModel;
     model.nMonth = settings.m_iPropagationMonth;
-    model.sIonCoefficients = settings.m_sPropagationIonCoefficients;
+    model.sIonCoefficients =
+        settings.m_bPropagationMapsMean && EngineIsHopcasts(settings.m_iPropagationModel)
+            ? kCoefficientsMean
+            : settings.m_sPropagationIonCoefficients;
     model.fSunSpotNumber = settings.m_fPropagationSunSpotNumber;
     model.eSunSpotSource =
         settings.m_bPropagationSunSpotNumber ? SunSpotSource::AirMail : SunSpotSource::Typed;

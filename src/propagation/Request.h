@@ -15,13 +15,16 @@
 #include "settings/Settings.h"
 #include "system/Result.h"
 
+/// The mean of the CCIR and URSI maps; Hopcast's own engine alone knows it.
+inline constexpr const char* kCoefficientsMean = "MEAN";
+
 enum class SunSpotSource { Typed, AirMail };
 
 /// Values that point-to-point and area decks share.
 struct RequestModel {
-    int iModel = kEngineRec533;  ///< EngineModel
-    int nMonth = 1;              ///< 1..12
-    std::string sIonCoefficients;
+    int iModel = kEngineRec533;    ///< EngineModel
+    int nMonth = 1;                ///< 1..12
+    std::string sIonCoefficients;  ///< of foF2, as the deck names them
     float fSunSpotNumber = 0.0F;
     SunSpotSource eSunSpotSource = SunSpotSource::Typed;  ///< for display; no deck has it
     float fNoiseLevel = 0.0F;      ///< dBW: negative point to point, positive (145) in an area
@@ -86,7 +89,7 @@ inline constexpr int kGridSizeMin = 2;
 inline constexpr int kGridSizeMax = 999;
 
 /// The prediction that the settings ask for. Month and sunspot number are taken as they stand
-/// there.
+/// there, the coefficients too, unless they ask for the mean and the engine is Hopcast's own.
 [[nodiscard]] Request RequestFromSettings(const Settings& settings);
 
 /// The same for an area: the receiver is the fixed end, the noise level turns positive. The caller

@@ -23,6 +23,7 @@ constexpr int kBufferSize = 256;
 
 constexpr const char* kAirMail = "AirMail Data";
 constexpr const char* kMap = "Map Data";
+constexpr const char* kMapsOption = "Maps Option";
 constexpr const char* kWorldBegins = "World Begins";
 constexpr const char* kFrequencies = "Propagation Data";
 constexpr const char* kModel = "Propagation Model";
@@ -309,6 +310,7 @@ Result<std::vector<std::string>> ProfileLoad(Settings& settings, const WindowApp
         asDropped = FaultsDrop(before, settings);
     WindowLoad(reader, fnWindowApply);
     WorldBeginsLoad(reader, settings);
+    reader.Boolean(kModel, kMapsOption, settings.m_bPropagationMapsMean);
     return asDropped;
 }
 
@@ -363,6 +365,7 @@ bool ProfileSave(const Settings& settings, const std::optional<WindowData>& wind
     if (window)
         WindowSave(writer, *window);
     writer.Number(kMap, kWorldBegins, settings.m_iMapWorldBegins);
+    writer.Boolean(kModel, kMapsOption, settings.m_bPropagationMapsMean);
     const int nError = writer.Write(settings.m_sProfileFile);
     if (nError != 0 && paMessages != nullptr)
         paMessages->push_back(ProfileSaveError(settings, nError));

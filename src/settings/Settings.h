@@ -48,6 +48,7 @@ public:
     float m_fPropagationLayerAdjustEs = 0.7F;            ///< factor on foEs
     float m_fPropagationLayerAdjustF1 = 1.0F;            ///< factor on foF1
     float m_fPropagationLayerAdjustF2 = 1.0F;            ///< factor on foF2
+    bool m_bPropagationMapsMean = true;                  ///< own engine: mean of CCIR and URSI
     int m_iPropagationModel = kEngineRec533;             ///< EngineModel
     bool m_bPropagationMonth = true;                     ///< the current UTC month at each run
     int m_iPropagationMonth = 1;                         ///< 1..12

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "propagation/Request.h"
+#include "propagation/deck/DeckLib.h"
+#include "support/EngineRootSet.h"
 
 namespace {
 
@@ -73,6 +75,53 @@ TEST(Request, TellsWhereTheSunspotNumberIsFrom)
     EXPECT_EQ(RequestFromSettings(settings).eSunSpotSource, SunSpotSource::AirMail);
     settings.m_bPropagationSunSpotNumber = false;
     EXPECT_EQ(RequestFromSettings(settings).eSunSpotSource, SunSpotSource::Typed);
+}
+
+TEST(Request, AsksForTheMeanMapsOfHopcastsOwnEngineAlone)
+{
+    struct Case {
+        int iModel;
+        bool bOwn;
+        bool bMean;
+        const char* sExpected;
+    };
+    for (const Case& c : {
+             Case{kEngineRec533, true, true, "MEAN"},
+             Case{kEngineRec533, true, false, "CCIR"},
+             Case{kEngineRec533, false, true, "CCIR"},
+             Case{kEngineVoacap, true, true, "CCIR"},
+             Case{kEngineIcepac, true, true, "CCIR"},
+         }) {
+        const EngineRootSet root;
+        root.Rec533Put(c.bOwn);
+        Settings settings = DistinctSettings();
+        settings.m_iPropagationModel = c.iModel;
+        settings.m_bPropagationMapsMean = c.bMean;
+        EXPECT_EQ(RequestFromSettings(settings).sIonCoefficients, c.sExpected)
+            << c.iModel << c.bOwn << c.bMean;
+        EXPECT_EQ(AreaRequestFromSettings(settings).sIonCoefficients, c.sExpected)
+            << c.iModel << c.bOwn << c.bMean;
+    }
+}
+
+TEST(Request, WithoutTheEngineNoMeanMapsAreAskedFor)
+{
+    const EngineRootSet root;
+    EXPECT_TRUE(Settings().m_bPropagationMapsMean);
+    EXPECT_EQ(RequestFromSettings(Settings()).sIonCoefficients, "URSI");
+}
+
+TEST(Request, TheDecksOfHopcastsOwnEngineNameTheMeanMaps)
+{
+    const EngineRootSet root;
+    root.Rec533Put(true);
+    const Request input = RequestFromSettings(Settings());
+    EXPECT_NE(DeckRec533(input, 1, 1, 2026).ValueGet().find("\nCOEFFS    MEAN\r"),
+              std::string::npos);
+    AreaRequest area = AreaRequestFromSettings(Settings());
+    area.fFrequency = 14.1F;
+    area.dNorth = area.dEast = 10.0;
+    EXPECT_NE(DeckArea(area).ValueGet().find("\nCoeffs   :MEAN\r"), std::string::npos);
 }
 
 TEST(Request, CountOutsideTheListIsBroughtIntoIt)

@@ -68,7 +68,8 @@ constexpr const char* kDefaultsText =
     "Option=True\r\n"
     "Month Number=5\r\nMultipath Delay=10\r\nModel Multipath Power=0\r\nNoise Level=-145\r\nQ "
     "Index=3\r\n"
-    "Reliability=50\r\nSunSpot Option=False\r\nSunSpot Number=170\r\nTakeoff Angle=3\r\n"
+    "Reliability=50\r\nSunSpot Option=False\r\nSunSpot Number=170\r\nTakeoff Angle=3\r\nMaps "
+    "Option=True\r\n"
     "[Receiver Data]\r\nLatitude=24\r\nLongitude=-110\r\n[Time Data]\r\nCode=0\r\n"
     "[Transmitter Data]\r\nLatitude=38.5\r\nLongitude=-122\r\n";
 
@@ -117,6 +118,15 @@ TEST_F(Profile, WorldBeginsAtOneOfTwoLongitudes)
     EXPECT_EQ(Load("[Map Data]\r\nOverlay Grid Size=12\r\n").m_iMapWorldBegins, 0);
 }
 
+TEST_F(Profile, WithoutAMapsOptionTheMeanStays)
+{
+    EXPECT_TRUE(Load("[Propagation Model]\r\nIon Coeficients=CCIR\r\n").m_bPropagationMapsMean);
+    const Settings settings = Load("[Propagation Model]\r\nMaps Option=False\r\n");
+    EXPECT_FALSE(settings.m_bPropagationMapsMean);
+    EXPECT_EQ(settings.m_sPropagationIonCoefficients, "URSI");
+    EXPECT_TRUE(Load("[Propagation Model]\r\nMaps Option=other\r\n").m_bPropagationMapsMean);
+}
+
 TEST_F(Profile, WithOneSectionChangesThatAlone)
 {
     const Settings settings = Load("[Transmitter Data]\r\nLatitude=-12.5\r\nLongitude=45\r\n");
@@ -144,6 +154,7 @@ Settings EveryMemberChanged()
     settings.m_fPropagationLayerAdjustEs = 0.3F;
     settings.m_fPropagationLayerAdjustF1 = 1.2F;
     settings.m_fPropagationLayerAdjustF2 = 1.3F;
+    settings.m_bPropagationMapsMean = false;
     settings.m_iPropagationModel = 2;
     settings.m_bPropagationMonth = false;
     settings.m_iPropagationMonth = 7;
@@ -185,6 +196,7 @@ TEST_F(Profile, SavedAndLoadedRestoresAllButThreeValues)
     EXPECT_EQ(settings.m_fPropagationLayerAdjustEs, 0.3F);
     EXPECT_EQ(settings.m_fPropagationLayerAdjustF1, 1.2F);
     EXPECT_EQ(settings.m_fPropagationLayerAdjustF2, 1.3F);
+    EXPECT_FALSE(settings.m_bPropagationMapsMean);
     EXPECT_EQ(settings.m_iPropagationModel, 2);
     EXPECT_FALSE(settings.m_bPropagationMonth);
     EXPECT_EQ(settings.m_iPropagationMonth, 7);

@@ -31,7 +31,8 @@ constexpr float Settings::*kSingles[] = {
     &Settings::m_fPropagationSunSpotNumber, &Settings::m_fPropagationTakeoffAngle};
 constexpr double Settings::*kDoubles[] = {&Settings::m_dRcLat, &Settings::m_dRcLon,
                                           &Settings::m_dTxLat, &Settings::m_dTxLon};
-constexpr bool Settings::*kBooleans[] = {&Settings::m_bPropagationMonth,
+constexpr bool Settings::*kBooleans[] = {&Settings::m_bPropagationMapsMean,
+                                         &Settings::m_bPropagationMonth,
                                          &Settings::m_bPropagationSunSpotNumber};
 constexpr float Settings::*kSinglesNotRestored[] = {&Settings::m_fPropagationMultipathPower,
                                                     &Settings::m_fPropagationReliability};

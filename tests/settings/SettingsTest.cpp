@@ -19,6 +19,7 @@ void DefaultsExpect(const Settings& settings)
     EXPECT_EQ(settings.m_fPropagationLayerAdjustEs, 0.7F);
     EXPECT_EQ(settings.m_fPropagationLayerAdjustF1, 1.0F);
     EXPECT_EQ(settings.m_fPropagationLayerAdjustF2, 1.0F);
+    EXPECT_TRUE(settings.m_bPropagationMapsMean);
     EXPECT_EQ(settings.m_iPropagationModel, 3);
     EXPECT_TRUE(settings.m_bPropagationMonth);
     EXPECT_EQ(settings.m_fPropagationMultipathDelay, 10.0F);
@@ -63,6 +64,7 @@ TEST(Settings, InitializePutsEveryMemberBack)
     settings.m_sPropagationIonCoefficients = "CCIR";
     settings.m_fPropagationLayerAdjustE = settings.m_fPropagationLayerAdjustEs = 9;
     settings.m_fPropagationLayerAdjustF1 = settings.m_fPropagationLayerAdjustF2 = 9;
+    settings.m_bPropagationMapsMean = false;
     settings.m_iPropagationModel = 1;
     settings.m_bPropagationMonth = settings.m_bPropagationSunSpotNumber = false;
     settings.m_iPropagationMonth = 99;

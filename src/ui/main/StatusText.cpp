@@ -27,6 +27,14 @@ std::string MonthName(int nMonth)
     return bKnown ? kMonths[static_cast<std::size_t>(nMonth - 1)] : "month " + NumberToText(nMonth);
 }
 
+/// How Hopcast's own engine computes.
+std::string BuiltInText(const std::string& sCoefficients)
+{
+    return " (built-in, P.533 with long-path rule, "
+           + (sCoefficients == kCoefficientsMean ? "mean" : TextForMessage(sCoefficients))
+           + " maps)";
+}
+
 std::string LineFirst(const std::string& sMessage)
 {
     return TextForMessage(sMessage.substr(0, sMessage.find_first_of("\r\n")));
@@ -45,7 +53,7 @@ std::string StatusInForce(const Request& input, bool bBuiltIn, bool bSunSpotNumb
     const bool bAirMail = input.eSunSpotSource == SunSpotSource::AirMail;
     const std::string sNumber = "sunspot number " + NumberToText(input.fSunSpotNumber)
                                 + (bAirMail ? " (Airmail)" : " (options)");
-    return EngineName(input.iModel) + (bBuiltIn ? " (built-in, P.533 with long-path rule)" : "")
+    return EngineName(input.iModel) + (bBuiltIn ? BuiltInText(input.sIonCoefficients) : "")
            + kBetween + MonthName(input.nMonth) + kBetween
            + (bSunSpotNumber ? sNumber : "no sunspot number (Airmail)");
 }

@@ -13,8 +13,8 @@
 #include "propagation/Prediction.h"
 #include "system/Result.h"
 
-/// "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (options)". An
-/// engine number that is none reads "no engine".
+/// "REC533 (built-in, P.533 with long-path rule, mean maps) · November · sunspot number 100
+/// (options)". An engine number that is none reads "no engine".
 /// @param bSunSpotNumber  false: Airmail was asked and had none
 [[nodiscard]] std::string StatusInForce(const Request& input, bool bBuiltIn, bool bSunSpotNumber);
 

@@ -512,7 +512,8 @@ TEST(FrmMainUpdate, WhatIsInForceIsReadableInFullWhenNothingWentWrong)
     EXPECT_FALSE(frm.lblTrouble->isVisible());
     // the longest text of the usual ones
     frm.lblInForce->setText(QStringLiteral(
-        "REC533 (built-in, P.533 with long-path rule) · September · sunspot number 100 (options)"));
+        "REC533 (built-in, P.533 with long-path rule, mean maps) · September · sunspot number 100 "
+        "(options)"));
     MainRig::EventsRun();
     EXPECT_EQ(qobject_cast<ElidedLabel*>(frm.lblInForce)->TextShown(), frm.lblInForce->text());
 }

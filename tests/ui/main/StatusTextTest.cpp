@@ -10,19 +10,31 @@ Request InputMake(int iModel, int nMonth)
     input.iModel = iModel;
     input.nMonth = nMonth;
     input.fSunSpotNumber = 100.0F;
+    input.sIonCoefficients = kCoefficientsMean;
     return input;
 }
 
 TEST(StatusInForce, TellsEngineMonthAndSunspotNumber)
 {
-    EXPECT_EQ(
-        StatusInForce(InputMake(kEngineRec533, 11), true, true),
-        "REC533 (built-in, P.533 with long-path rule) · November · sunspot number 100 (options)");
+    EXPECT_EQ(StatusInForce(InputMake(kEngineRec533, 11), true, true),
+              "REC533 (built-in, P.533 with long-path rule, mean maps) · November · sunspot number "
+              "100 (options)");
     Request input = InputMake(kEngineVoacap, 1);
     input.eSunSpotSource = SunSpotSource::AirMail;
     input.fSunSpotNumber = 66.5F;
     EXPECT_EQ(StatusInForce(input, false, true),
               "VOACAP · January · sunspot number 66.5 (Airmail)");
+}
+
+TEST(StatusInForce, NamesTheMapsOfTheBuiltInEngine)
+{
+    Request input = InputMake(kEngineRec533, 11);
+    input.sIonCoefficients = "CCIR";
+    EXPECT_EQ(StatusInForce(input, true, true),
+              "REC533 (built-in, P.533 with long-path rule, CCIR maps) · November · sunspot number "
+              "100 (options)");
+    EXPECT_EQ(StatusInForce(input, false, true),
+              "REC533 · November · sunspot number 100 (options)");
 }
 
 TEST(StatusInForce, NamesNoNumberThatAirmailDidNotGive)

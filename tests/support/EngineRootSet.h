@@ -1,0 +1,20 @@
+/// @file EngineRootSet.h
+/// While it lives, an engine root of the test's own, with no engine in it at first.
+#pragma once
+
+#include "support/TempFolder.h"
+
+class EngineRootSet {
+public:
+    /// Puts an empty program in REC533's place.
+    /// @param bOwn  listed as one that Hopcast put there; else somebody else's
+    void Rec533Put(bool bOwn) const
+    {
+        m_folder.Write("bin_win/rec533w.exe", "");
+        m_folder.Write("hopcast-engines.txt", bOwn ? "rec533w.exe copy 0 cbf29ce484222325\n" : "");
+    }
+
+private:
+    TempFolder m_folder;
+    EnvironmentSet m_environment{"HOPCAST_ITSHFBC", m_folder.Path()};
+};
