@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadCase{"antenna", {"--antenna", "3"}, "--antenna: \"3\" is not an antenna type, 0 to 2"},
         BadCase{"coefficients",
                 {"--coefficients", "ITU"},
-                "--coefficients: \"ITU\" is not a coefficient set: CCIR or URSI"},
+                "--coefficients: \"ITU\" is not a coefficient set: CCIR, URSI or MEAN"},
         BadCase{
             "layers_three", {"--layers", "1,1,1"}, "--layers: give four layer factors: E,F1,F2,Es"},
         BadCase{"layers_ten",
@@ -195,6 +195,32 @@ TEST(PredictOptions, SetEveryMemberTheyName)
     EXPECT_EQ(settings.m_fPropagationLayerAdjustEs, 0.5F);
     EXPECT_EQ(res.ValueGet().eFormat, PredictFormat::Json);
     EXPECT_EQ(res.ValueGet().sOutput, "x.json");
+}
+
+TEST(PredictOptions, CoefficientsAreOneSetOrTheMean)
+{
+    const TempFolder tmp;
+    const std::string sProfile =
+        tmp.Write("maps.ini", "[Propagation Model]\nIon Coeficients=CCIR\nMaps Option=False\n");
+    struct Case {
+        Words asWords;
+        const char* sCoefficients;
+        bool bMean;
+    };
+    for (const Case& c : {
+             Case{{}, "URSI", true},
+             Case{{"--coefficients", "CCIR"}, "CCIR", false},
+             Case{{"--coefficients", "ursi"}, "URSI", false},
+             Case{{"--coefficients", "Mean"}, "URSI", true},
+             Case{{"--profile", sProfile}, "CCIR", false},
+             Case{{"--profile", sProfile, "--coefficients", "URSI"}, "URSI", false},
+             Case{{"--profile", sProfile, "--coefficients", "MEAN"}, "CCIR", true},
+         }) {
+        const auto res = PredictOptionsGet(c.asWords);
+        ASSERT_TRUE(res) << res.TextGet();
+        EXPECT_EQ(res.ValueGet().settings.m_sPropagationIonCoefficients, c.sCoefficients);
+        EXPECT_EQ(res.ValueGet().settings.m_bPropagationMapsMean, c.bMean);
+    }
 }
 
 TEST(PredictOptions, AnAreaTakesItsBoundsAndMayCrossLongitude180)

@@ -31,6 +31,7 @@ protected:
             }
         }
         m_table.PresentSet(1, 2, true);
+        m_table.request.sIonCoefficients = "MEAN";
         m_table.fAzimuthTxRc = 139.6F;
         m_table.fAzimuthRcTx = 325.4F;
         m_table.fRange = 1041.7F;
@@ -50,6 +51,7 @@ TEST_F(PredictPrint, TheTableTellsTheRunAndEveryHour)
     const std::string sText = PredictTableGet(Run(), false);
     EXPECT_TRUE(sText.starts_with(
         "Hopcast prediction: REC533 (built-in), month 11, sunspot number 100.5 (given)\n"
+        "Coefficients MEAN\n"
         "Transmitter 38°00.00'N 122°00.00'W   Receiver 24°00.00'N 110°00.00'W\n"
         "Range 1042 nmi   bearing Tx to Rc 140 deg   Rc to Tx 325 deg\n"
         "Receiver: Airmail, 3 days old\n\n"
@@ -116,7 +118,15 @@ TEST_F(PredictPrint, JsonNamesEveryValue)
         "\"height_km\": -1, \"signal_dbw\": -110, \"noise_dbw\": -156.25, \"snr_db\": -2532},\n"
         "      {\"khz\": 14000, \"mode\": \"  1F2\""))
         << sText;
-    EXPECT_TRUE(sText.ends_with("\"snr_db\": 46.5}]}\n  ]\n}\n"));
+    EXPECT_TRUE(sText.ends_with("\"snr_db\": 46.5}]}\n  ],\n  \"coefficients\": \"MEAN\"\n}\n"));
+}
+
+TEST_F(PredictPrint, CoefficientsOfAProfileAreQuotedAndHaveNoControlCharacters)
+{
+    m_table.request.sIonCoefficients = "\x1b[m\"";
+    EXPECT_NE(PredictTableGet(Run(), false).find("\nCoefficients  [m\"\n"), std::string::npos);
+    EXPECT_NE(PredictJsonGet(Run()).find("\"coefficients\": \"\\u001b[m\\\"\"\n"),
+              std::string::npos);
 }
 
 TEST_F(PredictPrint, AFrequencyWithoutValuesIsBlankEmptyAndNull)

@@ -36,7 +36,7 @@ Engine:
   --takeoff deg           least takeoff angle, 0 to 40 (default 3)
   --reliability %         required reliability, 1 to 99 (default 50)
   --antenna 0|1|2         0 Tx omni, Rc omni; 1 Tx omni, Rc whip; 2 both whip (default 1)
-  --coefficients NAME     CCIR or URSI (default URSI)
+  --coefficients NAME     CCIR, URSI, or MEAN of both: built-in engine only (its default; else URSI)
   ICEPAC and VOACAP only:
   --multipath-power dB    0 to 99 (default 0)
   --multipath-delay ms    0 to 99 (default 10)

@@ -147,9 +147,11 @@ Result<void> AntennaApply(PredictOptions& options, const std::string& sValue)
 Result<void> CoefficientsApply(PredictOptions& options, const std::string& sValue)
 {
     const std::string sUpper = TextUpper(sValue);
-    if (sUpper != "CCIR" && sUpper != "URSI")
-        return RunError{"\"" + sValue + "\" is not a coefficient set: CCIR or URSI"};
-    options.settings.m_sPropagationIonCoefficients = sUpper;
+    if (sUpper != "CCIR" && sUpper != "URSI" && sUpper != kCoefficientsMean)
+        return RunError{"\"" + sValue + "\" is not a coefficient set: CCIR, URSI or MEAN"};
+    options.settings.m_bPropagationMapsMean = sUpper == kCoefficientsMean;
+    if (!options.settings.m_bPropagationMapsMean)
+        options.settings.m_sPropagationIonCoefficients = sUpper;
     return {};
 }
 

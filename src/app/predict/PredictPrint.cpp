@@ -48,6 +48,7 @@ std::string HeadGet(const PredictRun& run)
                         + NumberToText(settings.m_iPropagationMonth) + ", sunspot number "
                         + NumberToText(settings.m_fPropagationSunSpotNumber) + " ("
                         + run.sSunSpotSource + ")\n";
+    sText += "Coefficients " + TextPrintable(table.request.sIonCoefficients) + "\n";
     sText += "Transmitter " + LatitudeToText(settings.m_dTxLat) + " "
              + LongitudeToText(settings.m_dTxLon) + "   Receiver "
              + LatitudeToText(settings.m_dRcLat) + " " + LongitudeToText(settings.m_dRcLon) + "\n";
@@ -202,7 +203,8 @@ std::string PredictJsonGet(const PredictRun& run)
                         + Pair("range_nmi", table.fRange) + ",\n  " + Quoted("hours") + ": [\n";
     for (int iHour = 1; iHour <= kHourCount; ++iHour)
         sText += JsonHour(run, iHour) + (iHour < kHourCount ? ",\n" : "\n");
-    return sText + "  ]\n}\n";
+    return sText + "  ],\n  " + Quoted("coefficients") + ": "
+           + Quoted(table.request.sIonCoefficients) + "\n}\n";
 }
 
 std::string PredictAreaCsvGet(const std::vector<AreaPoint>& aPoint)
