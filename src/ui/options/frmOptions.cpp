@@ -5,6 +5,7 @@
 #include <QTextBlock>
 
 #include "propagation/QIndexLib.h"
+#include "propagation/itshfbc/EngineProgram.h"
 #include "system/ClockLib.h"
 #include "system/NumberLib.h"
 #include "ui/options/AppIcon.h"
@@ -74,6 +75,7 @@ void frmOptions::TabOrderSet()
         setTabOrder(pBefore, pNext);
         pBefore = pNext;
     }
+    setTabOrder(pBefore, chkPropagationMaps);
 }
 
 void frmOptions::SignalsConnect()
@@ -83,6 +85,7 @@ void frmOptions::SignalsConnect()
     connect(cmdDefault, &QPushButton::clicked, this, &frmOptions::cmdDefaultClick);
     connect(cmdOk, &QPushButton::clicked, this, &frmOptions::cmdOkClick);
     connect(&m_grpModel, &QButtonGroup::idToggled, this, &frmOptions::optPropagationModelClick);
+    connect(chkPropagationMaps, &QCheckBox::toggled, this, &frmOptions::chkPropagationMapsClick);
     connect(chkPropagationMonth, &QCheckBox::toggled, this, &frmOptions::chkPropagationMonthClick);
     connect(chkPropagationSunSpotNumber, &QCheckBox::toggled, this,
             &frmOptions::chkPropagationSunSpotNumberClick);
@@ -129,6 +132,16 @@ void frmOptions::cmdOkClick()
         accept();
 }
 
+void frmOptions::chkPropagationMapsClick()
+{
+    const bool bMean = chkPropagationMaps->isChecked() && EngineIsHopcasts(m_grpModel.checkedId());
+    cmbPropagationIonCoefficients->setEnabled(!bMean);
+    lblPropagationIonCoefficients->setEnabled(!bMean);
+    const QString sGuidance = cmbPropagationIonCoefficients->accessibleName();
+    cmbPropagationIonCoefficients->setToolTip(
+        bMean ? sGuidance + QStringLiteral("\nIn force: the mean of both, see below") : sGuidance);
+}
+
 void frmOptions::chkPropagationMonthClick()
 {
     cmbPropagationMonth->setEnabled(!chkPropagationMonth->isChecked());
@@ -150,6 +163,7 @@ void frmOptions::optPropagationModelClick()
         NumberBoxEnable(pBox, bComplex);
     lblPropagationKIndex->setEnabled(bComplex);
     lblPropagationKIndexCaption->setEnabled(bComplex);
+    chkPropagationMapsClick();
 }
 
 void frmOptions::NumberBoxEnable(QLineEdit* pBox, bool bEnabled)

@@ -74,6 +74,7 @@ private:
     void cmdCancelClick() { reject(); }
     void cmdDefaultClick();
     void cmdOkClick();
+    void chkPropagationMapsClick();
     void chkPropagationMonthClick();
     void chkPropagationSunSpotNumberClick();
     void BandAppend();

@@ -116,6 +116,7 @@ void frmOptions::ModelLoad()
     cmbPropagationIonCoefficients->setCurrentIndex(cmbPropagationIonCoefficients->findText(
         QString::fromStdString(settings.m_sPropagationIonCoefficients),
         Qt::MatchExactly | Qt::MatchCaseSensitive));
+    chkPropagationMaps->setChecked(settings.m_bPropagationMapsMean);
     chkPropagationMonth->setChecked(settings.m_bPropagationMonth);
     chkPropagationSunSpotNumber->setChecked(settings.m_bPropagationSunSpotNumber);
     GroupSelect(m_grpModel, settings.m_iPropagationModel);
@@ -180,6 +181,7 @@ void frmOptions::ModelCopy(const Numbers& numbers)
     if (cmbPropagationIonCoefficients->currentIndex() >= 0)
         settings.m_sPropagationIonCoefficients =
             cmbPropagationIonCoefficients->currentText().toStdString();
+    settings.m_bPropagationMapsMean = chkPropagationMaps->isChecked();
     settings.m_bPropagationMonth = chkPropagationMonth->isChecked();
     settings.m_bPropagationSunSpotNumber = chkPropagationSunSpotNumber->isChecked();
 }

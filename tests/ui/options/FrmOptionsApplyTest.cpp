@@ -111,6 +111,24 @@ TEST_F(FrmOptions, ChoicesAreCopiedOnApply)
     EXPECT_EQ(UpdatesGet(), 1);
 }
 
+TEST_F(FrmOptions, TheMeanMapsAreCopiedAndTheListsChoiceIsKept)
+{
+    m_root.Rec533Put(true);
+    m_host.m_settings.m_sPropagationIonCoefficients = "CCIR";
+    const frmOptions& frm = Open(kTabModel);
+    Press(frm.cmdApply);
+    EXPECT_TRUE(m_host.m_atUpdate.m_bPropagationMapsMean);
+    EXPECT_EQ(m_host.m_atUpdate.m_sPropagationIonCoefficients, "CCIR");
+    Press(frm.chkPropagationMaps);
+    EXPECT_TRUE(m_host.m_settings.m_bPropagationMapsMean) << "not before Apply";
+    Press(frm.cmdApply);
+    EXPECT_FALSE(m_host.m_atUpdate.m_bPropagationMapsMean);
+    EXPECT_EQ(m_host.m_atUpdate.m_sPropagationIonCoefficients, "CCIR");
+    Press(frm.cmdDefault);
+    EXPECT_TRUE(frm.chkPropagationMaps->isChecked());
+    EXPECT_FALSE(frm.cmbPropagationIonCoefficients->isEnabled());
+}
+
 TEST_F(FrmOptions, EachEngineButtonSelectsItsEngine)
 {
     const frmOptions& frm = Open(kTabModel);

@@ -1,5 +1,6 @@
 /// @file FrmOptionsFixture.h
-/// An options dialog beside a recording main window, on an Airmail folder of the test's own.
+/// An options dialog beside a recording main window, on an Airmail folder and an engine root of the
+/// test's own.
 #pragma once
 
 #include <QPointer>
@@ -7,6 +8,7 @@
 
 #include "airmail/AirMailFixture.h"
 #include "support/ClockSet.h"
+#include "support/EngineRootSet.h"
 #include "support/MsgRecorder.h"
 #include "ui/options/OptionsDrive.h"
 #include "ui/options/RecordingHost.h"
@@ -50,6 +52,7 @@ protected:
     }
 
     ClockSet m_clock{kUtcTest, kLocalTest};
+    EngineRootSet m_root;
     RecordingHost m_host;
     QPointer<frmOptions> m_pForm;
 };

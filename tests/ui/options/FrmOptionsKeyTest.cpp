@@ -61,6 +61,7 @@ TEST_F(FrmOptions, CaptionsAreThoseThatUsersKnow)
     EXPECT_EQ(Caption(frm.optPropagationModel3->text()), Q("REC553"));
     EXPECT_EQ(Caption(frm.chkPropagationMonth->text()), Q("Auto"));
     EXPECT_EQ(Caption(frm.chkPropagationSunSpotNumber->text()), Q("Auto"));
+    EXPECT_EQ(Caption(frm.chkPropagationMaps->text()), Q("Mean of both (built-in engine)"));
     EXPECT_EQ(Caption(frm.optTimeCode0->text()), Q("Zulu"));
     EXPECT_EQ(Caption(frm.optTimeCode1->text()), Q("Local"));
     EXPECT_EQ(Caption(frm.fraAirMailDirectory->title()), Q("AirMail's Data Folder"));
@@ -152,6 +153,45 @@ TEST_F(FrmOptions, AutoGreysWhatItReplaces)
     Press(frm.chkPropagationSunSpotNumber);
     EXPECT_FALSE(frm.cmbPropagationMonth->isEnabled());
     EXPECT_FALSE(frm.txtPropagationSunSpotNumber->isEnabled());
+}
+
+TEST_F(FrmOptions, TheMeanMapsGreyTheListForHopcastsOwnEngineAlone)
+{
+    m_root.Rec533Put(true);
+    frmOptions& frm = Open(kTabModel);
+    const QComboBox* pList = frm.cmbPropagationIonCoefficients;
+    ASSERT_TRUE(frm.chkPropagationMaps->isChecked());
+    EXPECT_FALSE(pList->isEnabled());
+    EXPECT_FALSE(frm.lblPropagationIonCoefficients->isEnabled());
+    EXPECT_EQ(pList->currentText(), Q("URSI")) << "the choice stays to be seen";
+    Press(frm.chkPropagationMaps);
+    EXPECT_TRUE(pList->isEnabled());
+    EXPECT_TRUE(frm.lblPropagationIonCoefficients->isEnabled());
+    Press(frm.chkPropagationMaps);
+    EXPECT_FALSE(pList->isEnabled());
+    for (QRadioButton* pOther : {frm.optPropagationModel1, frm.optPropagationModel2}) {
+        Press(pOther);
+        EXPECT_TRUE(pList->isEnabled()) << pOther->objectName().toStdString();
+        EXPECT_TRUE(frm.chkPropagationMaps->isEnabled());
+        EXPECT_TRUE(frm.chkPropagationMaps->isChecked());
+    }
+    Press(frm.optPropagationModel3);
+    EXPECT_FALSE(pList->isEnabled());
+    m_root.Rec533Put(false);
+    frm.Update();
+    EXPECT_TRUE(pList->isEnabled()) << "a REC533 that is not Hopcast's takes the list's choice";
+}
+
+TEST_F(FrmOptions, WhatIsSaidOfTheMapsIsASecondLineOfTheTooltip)
+{
+    m_root.Rec533Put(true);
+    const frmOptions& frm = Open(kTabModel);
+    const char* sGuidance = "Ionospheric Coefficients, Airmail's is URSI";
+    EXPECT_EQ(frm.cmbPropagationIonCoefficients->toolTip(),
+              Q(sGuidance) + Q("\nIn force: the mean of both, see below"));
+    EXPECT_EQ(frm.cmbPropagationIonCoefficients->accessibleName(), Q(sGuidance));
+    Press(frm.optPropagationModel2);
+    EXPECT_EQ(frm.cmbPropagationIonCoefficients->toolTip(), Q(sGuidance));
 }
 
 TEST_F(FrmOptions, KIndexFollowsTheQBoxAsItIsTyped)
@@ -263,7 +303,7 @@ TEST_F(FrmOptions, TabGoesThroughEachTabAsItIsRead)
           "txtPropagationTakeoffAngle txtPropagationReliability txtPropagationMultipathPower "
           "txtPropagationMultipathDelay txtPropagationQIndex txtPropagationLayerE "
           "txtPropagationLayerF1 txtPropagationLayerF2 txtPropagationLayerEs "
-          "cmbPropagationIonCoefficients"),
+          "cmbPropagationIonCoefficients chkPropagationMaps"),
         Q("txtFrequency lstHamVoiceBands"), Q("optTimeCode0"),
         Q("txtMapOverlayMinSnr txtMapOverlayGridSize cmbMapWorldBegins")};
     for (int i = 0; i < 5; ++i) {

@@ -33,6 +33,7 @@ TEST_F(FrmOptions, ShowsTheDefaultsWhenMade)
     EXPECT_TRUE(frm.chkPropagationSunSpotNumber->isChecked());
     EXPECT_EQ(frm.txtPropagationSunSpotNumber->text(), Q("170"));
     EXPECT_EQ(frm.cmbPropagationIonCoefficients->currentText(), Q("URSI"));
+    EXPECT_TRUE(frm.chkPropagationMaps->isChecked());
     EXPECT_TRUE(frm.optTimeCode0->isChecked());
     EXPECT_EQ(frm.txtMapOverlayGridSize->text(), Q("40"));
     EXPECT_EQ(frm.txtFrequency->toPlainText(),
@@ -51,6 +52,7 @@ TEST_F(FrmOptions, ShowsChoicesOfTheSettings)
     settings.m_bPropagationMonth = false;
     settings.m_bPropagationSunSpotNumber = false;
     settings.m_sPropagationIonCoefficients = "CCIR";
+    settings.m_bPropagationMapsMean = false;
     settings.m_iTimeCode = 1;
     settings.m_iMapOverlayGridSize = 999;
     settings.m_nData = 2;
@@ -61,6 +63,7 @@ TEST_F(FrmOptions, ShowsChoicesOfTheSettings)
     EXPECT_FALSE(frm.chkPropagationMonth->isChecked());
     EXPECT_FALSE(frm.chkPropagationSunSpotNumber->isChecked());
     EXPECT_EQ(frm.cmbPropagationIonCoefficients->currentText(), Q("CCIR"));
+    EXPECT_FALSE(frm.chkPropagationMaps->isChecked());
     EXPECT_TRUE(frm.optTimeCode1->isChecked());
     EXPECT_EQ(frm.txtMapOverlayGridSize->text(), Q("999"));
     EXPECT_EQ(frm.txtFrequency->toPlainText(), Q("2000\n4000"));

@@ -100,6 +100,7 @@ inline void EveryControlChange(frmOptions& frm)
     Clear(frm.chkPropagationMonth);
     Choose(frm.cmbPropagationMonth, 6);
     Clear(frm.chkPropagationSunSpotNumber);
+    Clear(frm.chkPropagationMaps);
     Choose(frm.cmbPropagationIonCoefficients, 0);
     int nBox = 0;
     for (const NumberBoxCase& c : kNumberBoxes) {
@@ -137,4 +138,5 @@ inline void EveryControlIsRestored(const frmOptions& frm)
         EXPECT_EQ(BoxGet(frm, c.sName)->text(), sExpected) << c.sName;
     }
     EXPECT_EQ(frm.cmbPropagationIonCoefficients->currentText(), QStringLiteral("URSI"));
+    EXPECT_FALSE(frm.chkPropagationMaps->isChecked());
 }
