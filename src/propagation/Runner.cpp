@@ -62,7 +62,7 @@ public:
     {
         const std::string sKey =
             engine.NameGet() + '\0' + engine.VersionGet() + '\0' + RequestKey(request);
-        if (const PredictionPtr pKnown = cache.Find(sKey)) {
+        if (PredictionPtr pKnown = cache.Find(sKey)) {
             if (pKnown->table.request == request)
                 return pKnown;
             auto pAnswer = std::make_shared<Prediction>(*pKnown);
