@@ -58,7 +58,7 @@ std::optional<Failure> ChunkRun(const Chunk& chunk, const EngineTexts& texts,
 {
     Messages aMissing;
     const EngineProgram* pEngine = EngineFind(chunk.m_request.iModel);
-    if (!EngineCheckInstalled(chunk.m_request.iModel, &aMissing))
+    if (!EngineCheckInstalled(chunk.m_request.iModel, &aMissing, way.root))
         return Failure{FailureKind::NotInstalled, aMissing.front().sText};
     if (pEngine == nullptr)
         return Failure{FailureKind::NotInstalled, {}};
@@ -128,7 +128,7 @@ bool ChunksRun(const Request& request, PropagationTable& table, std::vector<Fail
         if (!bOk && !aFailures.empty() && aFailures.back().eKind == FailureKind::Cancelled)
             break;
     }
-    table.bBuiltIn = bOk && EngineIsHopcasts(request.iModel);
+    table.bBuiltIn = bOk && EngineIsHopcasts(request.iModel, way.root);
     return bOk;  // of the last chunk, whatever became of those before: the table is shown with the
                  // others hatched
 }

@@ -10,7 +10,9 @@
 
 #include "propagation/EngineCases.h"
 #include "propagation/FakeEngine.h"
+#include "propagation/PropagationLib.h"
 #include "propagation/itshfbc/ProcessEngine.h"
+#include "support/TempFolder.h"
 #include "system/LockLib.h"
 
 namespace {
@@ -98,6 +100,18 @@ TEST_F(ProcessEngines, NameTheFrequenciesOfAChunkThatFailed)
     EXPECT_EQ(prediction.aFailures[0].iLast, 12);
     EXPECT_TRUE(prediction.table.PresentIs(10));
     EXPECT_FALSE(prediction.table.PresentIs(11));
+}
+
+TEST_F(ProcessEngines, ARequestStaysInTheRootThatItBeganIn)
+{
+    m_root.EngineCopying("rec533w.exe", CapturedPath("rec533/p2p_01", ".out"));
+    const EngineWay way;
+    const TempFolder tmp;
+    const EnvironmentSet another("HOPCAST_ITSHFBC", tmp.Path("another"));
+    PropagationTable table(12);
+    std::vector<Failure> aFailures;
+    EXPECT_TRUE(PropagationRun(RequestOf(kEngineRec533, 12), table, aFailures, way));
+    EXPECT_EQ(KindOf(Predict()), FailureKind::NotInstalled) << "the next request seeks anew";
 }
 
 TEST_F(ProcessEngines, AnUnknownEngineIsNotInstalled)

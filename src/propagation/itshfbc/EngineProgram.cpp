@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "propagation/itshfbc/EngineRoot.h"
 #include "system/FileLib.h"
 
 namespace {
@@ -35,14 +34,14 @@ std::string EngineProgramPath(int iModel)
     return sPath;
 }
 
-bool EngineIsHopcasts(int iModel)
+bool EngineIsHopcasts(int iModel, const EngineRoot& root)
 {
-    return iModel == kEngineRec533 && EngineIsBuiltIn(std::string(EngineFind(iModel)->sProgram));
+    return iModel == kEngineRec533 && EngineIsBuiltIn(std::string(EngineFind(iModel)->sProgram), root);
 }
 
-bool EngineCheckInstalled(int iModel, Messages* paMessages)
+bool EngineCheckInstalled(int iModel, Messages* paMessages, const EngineRoot& root)
 {
-    if (FileExists(EngineRootGet().Path(EngineProgramPath(iModel))))
+    if (FileExists(root.Path(EngineProgramPath(iModel))))
         return true;
     const EngineProgram* pEngine = EngineFind(iModel);
     return MessageFail(

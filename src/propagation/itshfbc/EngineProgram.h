@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "propagation/itshfbc/EngineRoot.h"
 #include "settings/Settings.h"
 #include "system/Message.h"
 
@@ -37,11 +38,12 @@ inline constexpr std::string_view kEngineLock = "c:\\itshfbc\\hopcast.lock";
 
 /// True when the model's program is Hopcast's own engine. Of the programs that Hopcast provisions
 /// only REC533 is: its VOACAP is a launcher around the system's.
-[[nodiscard]] bool EngineIsHopcasts(int iModel);
+[[nodiscard]] bool EngineIsHopcasts(int iModel, const EngineRoot& root = EngineRootGet());
 
 /// True when the engine's program file exists. When it is missing, paMessages is told where there
 /// is one.
-bool EngineCheckInstalled(int iModel, Messages* paMessages);
+bool EngineCheckInstalled(int iModel, Messages* paMessages,
+                          const EngineRoot& root = EngineRootGet());
 
 /// Seconds that one attempt may take; tests shorten it. @return the limit before.
 double EngineLimitSet(double dSeconds);

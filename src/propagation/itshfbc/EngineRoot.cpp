@@ -424,9 +424,8 @@ Result<void> EngineRootProvision()
 
 void EngineRootRelease() { TemporaryRootGet().Remove(); }
 
-bool EngineIsBuiltIn(const std::string& sProgramName)
+bool EngineIsBuiltIn(const std::string& sProgramName, const EngineRoot& root)
 {
-    const EngineRoot root = EngineRootGet();
     const std::string sProgram = ProgramPath(root.sFolder, sProgramName);
     if (!FileExists(sProgram))
         return false;

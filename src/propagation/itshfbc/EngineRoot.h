@@ -35,7 +35,7 @@ struct EngineRoot {
 };
 
 /// The root in force. The choice is made anew at each call, so that a package installed while
-/// Hopcast runs is found; an attempt of a run keeps the one that it began with.
+/// Hopcast runs is found; the runs of a request keep the one that they began with.
 [[nodiscard]] EngineRoot EngineRootGet();
 
 /// Makes the private root complete: bin_win, RUN, areadata, and the engines that lie beside the
@@ -56,4 +56,5 @@ struct EngineRoot {
 void EngineRootRelease();
 
 /// True when the program of this name in the root's bin_win is one of Hopcast's own.
-[[nodiscard]] bool EngineIsBuiltIn(const std::string& sProgramName);
+[[nodiscard]] bool EngineIsBuiltIn(const std::string& sProgramName,
+                                   const EngineRoot& root = EngineRootGet());

@@ -68,8 +68,8 @@ Result<void> OldOutputRemove(const std::string& sPath)
 
 double EngineLimitSet(double dSeconds) { return LimitGet().exchange(dSeconds); }
 
-EnginePlace::EnginePlace(bool bOwnFolder)
-    : m_root(EngineRootGet()),
+EnginePlace::EnginePlace(bool bOwnFolder, EngineRoot root)
+    : m_root(std::move(root)),
       m_sFolder(bOwnFolder ? TemporaryRootMake() : m_root.sFolder),
       m_bOwn(bOwnFolder)
 {
@@ -231,11 +231,11 @@ std::optional<Failure> EngineAttempt::Await(int nProcessId)
 
 std::optional<Failure> EngineAttempt::Run()
 {
-    m_pPlace = std::make_shared<EnginePlace>(m_way.bOwnFolder);
+    m_pPlace = std::make_shared<EnginePlace>(m_way.bOwnFolder, m_way.root);
     if (m_way.stop.stop_requested())
         return FailureMake(FailureKind::Cancelled, m_task.pTexts->sNotFinished);
     if (!m_pPlace->IsThere())
-        m_pPlace = std::make_shared<EnginePlace>(false);  // no room for one of its own
+        m_pPlace = std::make_shared<EnginePlace>(false, m_way.root);  // no room for one of its own
     if (auto failure = LockWait())
         return failure;
     if (auto failure = DeckPut())

@@ -51,12 +51,15 @@ struct EngineWay {
     /// Each attempt in a folder of its own, without the root's lock: for engines whose program
     /// reads nothing but its deck from the root.
     bool bOwnFolder = false;
+    /// Sought once for all of a request's runs: a package that is installed in between would
+    /// otherwise mix two roots.
+    EngineRoot root = EngineRootGet();
 };
 
 /// The root that one attempt works in.
 class EnginePlace {
 public:
-    explicit EnginePlace(bool bOwnFolder);
+    explicit EnginePlace(bool bOwnFolder, EngineRoot root = EngineRootGet());
     ~EnginePlace();
     EnginePlace(const EnginePlace&) = delete;
     EnginePlace& operator=(const EnginePlace&) = delete;
