@@ -89,7 +89,8 @@ protected:
         m_folder.Write("bin_win/x", "");
         m_folder.Write("RUN/x", "");
         m_folder.Write("areadata/x", "");
-        fs::create_symlink(TEST_BIN "/rec533w.exe", m_folder.Path("bin_win/rec533w.exe"));
+        // A copy: Windows lets no plain user make links.
+        fs::copy_file(TEST_BIN "/rec533w.exe", m_folder.Path("bin_win/rec533w.exe"));
     }
     TempFolder m_folder;
     EnvironmentSet m_root{"HOPCAST_ITSHFBC", m_folder.Path()};
