@@ -33,7 +33,7 @@ void PredictionCheck(const rec533::Antenna& tblAntenna, double dRxLat, double dR
     rec533::Prediction tbl;
     PredictionFill(tbl, *pHour, 10.0);
     Check(std::isfinite(tbl.dField) && std::isfinite(tbl.dPower)
-          && std::isfinite(tbl.tblSnr.dExceeded));
+          && std::isfinite(tbl.dSnrExceeded));
 }
 
 }  // namespace
