@@ -180,30 +180,17 @@ void PredictionAppend(std::string& s, rec533::Hour& tblHour, double dFrequency,
 Result<std::string> CircuitTableMake(std::string_view sTable, rec533::Behaviour eBehaviour,
                                      rec533::MapSet eMaps)
 {
-    const auto aLines = TableLines(sTable);
-    const Result<TableHead> resHead = TableHead::Read(aLines.front(), kInputNames, kActivity);
-    if (!resHead)
-        return resHead.ErrorGet();
-    const std::size_t nInputs = resHead.ValueGet().Has(kActivity) ? kInputs : kActivity;
-    std::string sOut;
-    for (std::size_t i = 0; i < nInputs; ++i) sOut.append(kInputNames[i]).append(1, ',');
-    sOut.append(kOutputNames).append(1, '\n');
     const auto pWork = std::make_unique<Work>();
     rec533::Prediction tblPrediction;
-    for (std::size_t i = 1; i < aLines.size(); ++i) {
-        if (TextTrim(aLines[i]).empty())
-            continue;
-        TableRow rdr(resHead.ValueGet(), aLines[i], static_cast<int>(i) + 1);
-        const Row tblRow = RowRead(rdr, eBehaviour == rec533::Behaviour::Reference);
-        if (rdr.Failed())
-            return rdr.ErrorGet();
-        WorkMake(*pWork, rdr, tblRow, eBehaviour, eMaps);
-        PredictionFill(tblPrediction, pWork->tblHour, tblRow.dFrequency);
-        for (std::size_t k = 0; k < nInputs; ++k)
-            sOut.append(k > 0 ? "," : "").append(rdr.TextGet(k));
-        PredictionAppend(sOut, pWork->tblHour, tblRow.dFrequency, tblPrediction);
-    }
-    return sOut;
+    return TableExtend(
+        sTable, kInputNames, kActivity, kOutputNames, [&](TableRow& rdr, std::string& sOut) {
+            const Row tblRow = RowRead(rdr, eBehaviour == rec533::Behaviour::Reference);
+            if (rdr.Failed())
+                return;
+            WorkMake(*pWork, rdr, tblRow, eBehaviour, eMaps);
+            PredictionFill(tblPrediction, pWork->tblHour, tblRow.dFrequency);
+            PredictionAppend(sOut, pWork->tblHour, tblRow.dFrequency, tblPrediction);
+        });
 }
 
 }  // namespace run533

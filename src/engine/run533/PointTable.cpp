@@ -55,27 +55,12 @@ void RowAppend(std::string& sOut, TableRow& rdr, rec533::Ionosphere& tblIono,
 Result<std::string> PointTableMake(std::string_view sTable, rec533::Behaviour eBehaviour,
                                    rec533::MapSet eMaps)
 {
-    const auto aLines = TableLines(sTable);
-    const Result<TableHead> resHead = TableHead::Read(aLines.front(), kInputNames, kActivity);
-    if (!resHead)
-        return resHead.ErrorGet();
-    const std::size_t nInputs = resHead.ValueGet().Has(kActivity) ? kInputs : kActivity;
-    std::string sOut;
-    for (std::size_t i = 0; i < nInputs; ++i) sOut.append(kInputNames[i]).append(1, ',');
-    sOut += "fof2,m3000,foe,fh,dip,modip\n";
     const auto pIono = std::make_unique<rec533::Ionosphere>();
-    for (std::size_t i = 1; i < aLines.size(); ++i) {
-        if (TextTrim(aLines[i]).empty())
-            continue;
-        TableRow rdr(resHead.ValueGet(), aLines[i], static_cast<int>(i) + 1);
-        for (std::size_t k = 0; k < nInputs; ++k)
-            sOut.append(k > 0 ? "," : "").append(rdr.TextGet(k));
-        RowAppend(sOut, rdr, *pIono, eBehaviour, eMaps);
-        if (rdr.Failed())
-            return rdr.ErrorGet();
-        sOut += '\n';
-    }
-    return sOut;
+    return TableExtend(sTable, kInputNames, kActivity, "fof2,m3000,foe,fh,dip,modip",
+                       [&](TableRow& rdr, std::string& sOut) {
+                           RowAppend(sOut, rdr, *pIono, eBehaviour, eMaps);
+                           sOut += '\n';
+                       });
 }
 
 }  // namespace run533

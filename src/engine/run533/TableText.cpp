@@ -107,4 +107,30 @@ void TableAppend(std::string& sRow, double dValue)
     sRow += NumberFormat(dValue, "0.000");
 }
 
+Result<std::string> TableExtend(std::string_view sTable, std::span<const std::string_view> aNames,
+                                std::size_t nNeeded, std::string_view sNewNames,
+                                const std::function<void(TableRow&, std::string&)>& fnRow)
+{
+    const auto aLines = TableLines(sTable);
+    const Result<TableHead> resHead = TableHead::Read(aLines.front(), aNames, nNeeded);
+    if (!resHead)
+        return resHead.ErrorGet();
+    std::size_t nInputs = nNeeded;
+    while (nInputs < aNames.size() && resHead.ValueGet().Has(nInputs)) ++nInputs;
+    std::string sOut;
+    for (std::size_t i = 0; i < nInputs; ++i) sOut.append(aNames[i]).append(1, ',');
+    sOut.append(sNewNames).append(1, '\n');
+    for (std::size_t i = 1; i < aLines.size(); ++i) {
+        if (TextTrim(aLines[i]).empty())
+            continue;
+        TableRow rdr(resHead.ValueGet(), aLines[i], static_cast<int>(i) + 1);
+        for (std::size_t k = 0; k < nInputs; ++k)
+            sOut.append(k > 0 ? "," : "").append(rdr.TextGet(k));
+        fnRow(rdr, sOut);
+        if (rdr.Failed())
+            return rdr.ErrorGet();
+    }
+    return sOut;
+}
+
 }  // namespace run533

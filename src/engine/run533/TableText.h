@@ -5,6 +5,7 @@
 /// Tests:   tests/engine/CircuitTableTest.cpp
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -56,6 +57,12 @@ private:
 
 /// The lines of a table behind the mark that spreadsheets write, the head first.
 [[nodiscard]] std::vector<std::string_view> TableLines(std::string_view sTable);
+
+/// A table with more columns: those of aNames that are there, then sNewNames (with commas between).
+/// fnRow reads one row and appends the new cells and the line's end. nNeeded as for TableHead.
+[[nodiscard]] Result<std::string> TableExtend(
+    std::string_view sTable, std::span<const std::string_view> aNames, std::size_t nNeeded,
+    std::string_view sNewNames, const std::function<void(TableRow&, std::string&)>& fnRow);
 
 /// Appends ",value" with three decimals.
 void TableAppend(std::string& sRow, double dValue);
