@@ -166,9 +166,10 @@ TEST_F(WineEndToEnd, TheProgramOfThisMachineStartsAWindowsEngineThroughWine)
 TEST_F(WineEndToEnd, AnAreaIsTheSameOnBothSides)
 {
     EngineInstall();
-    const Words asWords{"--ssn",  "100",    "--month", "6",           "--rc",
-                        "51.5,0", "--hour", "18",      "--frequency", "14200",
-                        "--grid", "5",      "--area",  "60,-20,30,20"};
+    // A named map: a Windows engine of drive C counts as another's here and never gets the mean.
+    const Words asWords{"--ssn",  "100",          "--month",        "6",     "--rc",   "51.5,0",
+                        "--hour", "18",           "--frequency",    "14200", "--grid", "5",
+                        "--area", "60,-20,30,20", "--coefficients", "URSI"};
     const ProgramResult resHere = HostPredict(asWords, false);
     ASSERT_EQ(resHere.nStatus, 0) << resHere.sError;
     const ProgramResult res = WindowsPredict(asWords);
