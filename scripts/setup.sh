@@ -129,6 +129,7 @@ VoacaplInstall() {
 LossGet() {
     case $1 in
     qt6-base-dev) echo "the window program is left out" ;;
+    python3-markdown) echo "the guide does not travel with the program" ;;
     voacapl*) echo "VOACAP will be \"not found.\"" ;;
     xvfb | xdotool | imagemagick) echo "no tests of the window on an X display" ;;
     g++-mingw* | googletest | zip) echo "no build for Windows" ;;
@@ -143,7 +144,7 @@ LossGet() {
 }
 
 Main() {
-    local needed=(g++ cmake ninja-build qt6-base-dev)
+    local needed=(g++ cmake ninja-build qt6-base-dev python3-markdown)
     local voacapl=(voacapl voacapl-data)
     case $purpose in
     test | coverage)

@@ -23,6 +23,10 @@ if(TARGET hopcast)
     string(TIMESTAMP HOPCAST_RELEASE_DATE "%Y-%m-%d" UTC)  # of SOURCE_DATE_EPOCH, when it is set
     configure_file(${PACKAGE_DIR}/hopcast.metainfo.xml.in ${PROJECT_BINARY_DIR}/hopcast.metainfo.xml @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/hopcast.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+    if(GUIDE_PYTHON)
+        # Not in the folder of documents, which a small system may leave out.
+        install(DIRECTORY ${GUIDE_FOLDER} DESTINATION ${CMAKE_INSTALL_DATADIR}/hopcast)
+    endif()
     list(APPEND HOPCAST_MAN_PAGES hopcast.1)
 endif()
 

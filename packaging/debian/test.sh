@@ -150,6 +150,7 @@ Check() {
     done
     packaging/hardening.sh "$folder"/unpacked/usr/bin/* "$folder"/unpacked/usr/libexec/hopcast/* ||
         Fail "programs are not hardened, see above"
+    grep -q '<img ' "$folder/unpacked/usr/share/hopcast/guide/guide.html" || Fail "the guide is missing"
     dpkg-query -W -f '${Recommends}' hopcast | grep -q voacapl || Fail "voacapl is not recommended"
     [ "$(hopcast --version)" = "hopcast $(dpkg-query -W -f '${Version}' hopcast)" ] || Fail "version"
 }

@@ -68,6 +68,7 @@ FolderFill() {
     TextCopy packaging/windows/readme.txt "$folder/README.txt"
     TextCopy LICENSE "$folder/LICENCE.txt"
     LicencesCopy "$folder/licences"
+    cp -r "$build/bin/guide" "$folder/"
     find "$folder" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +
 }
 
@@ -75,7 +76,7 @@ Main() {
     qt=$(packaging/windows/qt.sh)
     qt_source=$(basename "$qt"/../source/*.dsc .dsc | tr _ ' ')
     cmake --preset windows-package "-DHOPCAST_QT=$qt" >&2
-    cmake --build --preset windows-package --target "${programs[@]}" >&2
+    cmake --build --preset windows-package --target "${programs[@]}" hopcast_guide >&2
     version=$(sed -n 's/^CMAKE_PROJECT_VERSION:[A-Z]*=//p' "$build/CMakeCache.txt")
 
     scratch=$(mktemp -d)

@@ -141,6 +141,7 @@ SetUp() {
     profiles=$drive/users/$(id -un)/AppData/Roaming/Hopcast
     mkdir "$folder/zip"
     unzip -q "$zip" -d "$folder/zip"
+    grep -q '<img ' "$folder"/zip/*/guide/guide.html || Fail "the guide is missing"
     mv "$folder"/zip/* "$drive/Hopcast"
     (cd "$drive/Hopcast" && wine rec533w.exe >/dev/null 2>&1) || [ $? = 2 ] ||
         Fail "rec533w.exe does not run"

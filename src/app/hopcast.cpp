@@ -18,6 +18,7 @@
 #include "system/PrivateProfileLib.h"
 #include "system/RunErrorText.h"
 #include "system/SignalLib.h"
+#include "ui/common/Guide.h"
 #include "ui/common/MsgWindow.h"
 #include "ui/main/frmMain.h"
 #include "ui/options/AppIcon.h"
@@ -113,6 +114,7 @@ int WindowRun(QApplication& app, const Options& options)
     if (const auto res = EngineRootProvision(); !res)
         MsgBox(MsgIcon::Info, "Hopcast's own engine folder could not be made: " + res.TextGet());
     EndSignalsSetUp(app);
+    GuideKeyInstall(app);
     frmMain frm;
     if (options.sProfile) {
         // Windows looks for a profile without a folder in its own.

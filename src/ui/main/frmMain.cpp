@@ -8,7 +8,9 @@
 #include "airmail/AirMailLib.h"
 #include "settings/ProfileLib.h"
 #include "system/MsgLib.h"
+#include "system/PathLib.h"
 #include "ui/common/ElidedLabel.h"
+#include "ui/common/Guide.h"
 #include "ui/common/Pictures.h"
 #include "ui/details/frmDetails.h"
 #include "ui/main/WindowPlace.h"
@@ -116,6 +118,7 @@ void frmMain::MenusConnect()
     CommandConnect(mnuFileExit, &frmMain::mnuFileExitClick);
     CommandConnect(mnuViewWorldMap, &frmMain::mnuViewWorldMapClick);
     CommandConnect(mnuViewDetailData, &frmMain::mnuViewDetailDataClick);
+    connect(mnuHelpGuide, &QAction::triggered, this, [] { GuideShow(ProgramFolderGet()); });
     CommandConnect(mnuHelpAbout, &frmMain::mnuHelpAboutClick);
     connect(mnuView, &QMenu::aboutToShow, this, &frmMain::mnuViewOpen);
     int iTab = 0;

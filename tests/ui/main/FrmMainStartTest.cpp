@@ -203,7 +203,7 @@ TEST(FrmMainStart, MenusHaveTheirToldItems)
     EXPECT_EQ(Texts(frm.mnuView), QStringLiteral("World Map...|Detail Data..."));
     EXPECT_EQ(Texts(frm.mnuOptions),
               QStringLiteral("AirMail...|Model...|Frequency...|Time...|Map..."));
-    EXPECT_EQ(Texts(frm.mnuHelp), QStringLiteral("About..."));
+    EXPECT_EQ(Texts(frm.mnuHelp), QStringLiteral("Guide\tF1|About..."));
     EXPECT_EQ(Texts(frm.mnuTransmitter), QStringLiteral("Ham|SailMail|Other"));
     EXPECT_EQ(frm.menuBar()->actions().size(), 4);
 }

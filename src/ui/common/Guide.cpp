@@ -1,0 +1,105 @@
+#include "ui/common/Guide.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QUrl>
+#include <utility>
+
+#include "system/FileLib.h"
+#include "system/MsgLib.h"
+#include "system/PathLib.h"
+
+namespace {
+
+constexpr QSize kWindowSize{860, 640};
+
+GuideOpenFn& OpenHandler()
+{
+    static GuideOpenFn s_fnOpen;
+    return s_fnOpen;
+}
+
+bool BrowserOpen(const QUrl& url)
+{
+    return OpenHandler() ? OpenHandler()(url) : QDesktopServices::openUrl(url);
+}
+
+void GuideWindowShow(const QString& sFile)
+{
+    static QPointer<frmGuide> s_pGuide;
+    if (!s_pGuide)
+        s_pGuide = new frmGuide(sFile);
+    s_pGuide->show();
+    s_pGuide->raise();
+    s_pGuide->activateWindow();
+}
+
+/// Sees the keys of all windows: a shortcut of one window is dead while a dialog is open.
+class GuideKey final : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override
+    {
+        if (pEvent->type() != QEvent::KeyPress || !pObject->isWidgetType())
+            return false;
+        const auto* pKey = static_cast<QKeyEvent*>(pEvent);
+        if (pKey->key() != Qt::Key_F1 || pKey->modifiers() != Qt::NoModifier)
+            return false;
+        GuideShow(ProgramFolderGet());
+        return true;
+    }
+};
+
+}  // namespace
+
+std::string GuideFileGet(const std::string& sProgramFolder)
+{
+    for (const char* sPlace : {"guide", "../share/hopcast/guide"}) {
+        const std::string sFile = PathJoin(PathJoin(sProgramFolder, sPlace), "guide.html");
+        if (FileExists(sFile))
+            return sFile;
+    }
+    return {};
+}
+
+void GuideShow(const std::string& sProgramFolder)
+{
+    const QString sFile = QString::fromStdString(GuideFileGet(sProgramFolder));
+    if (sFile.isEmpty()) {
+        MsgBox(MsgIcon::Info, "The guide is not installed with this program.");
+        return;
+    }
+    if (!BrowserOpen(QUrl::fromLocalFile(sFile)))
+        GuideWindowShow(sFile);
+}
+
+void GuideKeyInstall(QApplication& app) { app.installEventFilter(new GuideKey(&app)); }
+
+GuideOpenFn GuideOpenSetHandler(GuideOpenFn fnOpen)
+{
+    return std::exchange(OpenHandler(), std::move(fnOpen));
+}
+
+frmGuide::frmGuide(const QString& sFile)
+{
+    setObjectName(QStringLiteral("frmGuide"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with its main window
+    setWindowTitle(QStringLiteral("Hopcast - Guide"));
+    setAccessibleName(QStringLiteral("Guide"));
+    setOpenExternalLinks(true);
+    resize(kWindowSize);
+    setSource(QUrl::fromLocalFile(sFile));
+}
+
+void frmGuide::keyPressEvent(QKeyEvent* pEvent)
+{
+    if (pEvent->key() == Qt::Key_Escape)
+        close();
+    else
+        QTextBrowser::keyPressEvent(pEvent);
+}

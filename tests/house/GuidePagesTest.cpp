@@ -1,0 +1,78 @@
+/// The pages of the guide that travel with the programs.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <string>
+
+#include "support/TempFolder.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const fs::path kFolder = GUIDE_FOLDER;
+
+std::set<std::string> MatchesGet(const std::string& sText, const std::regex& rgx)
+{
+    std::set<std::string> asFound;
+    for (std::sregex_iterator it(sText.begin(), sText.end(), rgx), itEnd; it != itEnd; ++it)
+        asFound.insert((*it)[1].str());
+    return asFound;
+}
+
+std::string PageGet(const std::string& sName) { return BytesRead((kFolder / sName).string()); }
+
+TEST(GuidePages, EveryPictureAndLinkLeadsToAFileOrHeadingThatTravels)
+{
+    int nLinks = 0;
+    for (const auto& entry : fs::directory_iterator(kFolder)) {
+        if (entry.path().extension() != ".html")
+            continue;
+        const std::string sPage = BytesRead(entry.path().string());
+        for (const std::string& sName : MatchesGet(sPage, std::regex("src=\"([^\"]+)\"")))
+            EXPECT_TRUE(fs::exists(kFolder / sName)) << entry.path() << ": " << sName;
+        for (const std::string& sLink : MatchesGet(sPage, std::regex("href=\"([^\"]+)\""))) {
+            if (sLink.find("://") != std::string::npos)
+                continue;
+            ++nLinks;
+            const std::size_t nHash = sLink.find('#');
+            const std::string sFile = sLink.substr(0, nHash);
+            const std::string sTarget = sFile.empty() ? sPage : PageGet(sFile);
+            EXPECT_FALSE(sTarget.empty()) << entry.path() << ": " << sLink;
+            if (nHash != std::string::npos) {
+                EXPECT_NE(sTarget.find("id=\"" + sLink.substr(nHash + 1) + "\""), std::string::npos)
+                    << entry.path() << ": " << sLink;
+            }
+        }
+    }
+    EXPECT_GT(nLinks, 10);
+}
+
+TEST(GuidePages, HaveTheGuidesTablesHeadingsAndPictures)
+{
+    const std::string sPage = PageGet("guide.html");
+    const std::string sGuide = BytesRead(std::string(DOCS_FOLDER) + "/guide.md");
+    const auto Count = [](const std::string& sText, const std::regex& rgx) {
+        return std::distance(std::sregex_iterator(sText.begin(), sText.end(), rgx),
+                             std::sregex_iterator());
+    };
+    EXPECT_EQ(Count(sPage, std::regex("<h2 ")), Count(sGuide, std::regex("(^|\n)## ")));
+    EXPECT_EQ(Count(sPage, std::regex("<img ")), Count(sGuide, std::regex("!\\[")));
+    EXPECT_EQ(Count(sPage, std::regex("<table>")), Count(sGuide, std::regex("\n[-:| ]*-\\|-[-:| ]*\n")));
+    EXPECT_GT(Count(sPage, std::regex("<table>")), 0);
+}
+
+TEST(GuidePages, NeedNoNetwork)
+{
+    for (const auto& entry : fs::directory_iterator(kFolder)) {
+        if (entry.path().extension() == ".html") {
+            EXPECT_TRUE(MatchesGet(BytesRead(entry.path().string()),
+                                   std::regex("(?:src|@import|<link)[^>]*(https?://)"))
+                            .empty());
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,117 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+
+#include "support/MsgRecorder.h"
+#include "support/TempFolder.h"
+#include "ui/common/Guide.h"
+
+namespace {
+
+/// The system's browser in the tests: keeps what it was asked for.
+class Browser {
+public:
+    explicit Browser(bool bThere)
+    {
+        m_fnBefore = GuideOpenSetHandler([this, bThere](const QUrl& url) {
+            aUrl.push_back(url);
+            return bThere;
+        });
+    }
+    ~Browser() { GuideOpenSetHandler(m_fnBefore); }
+    Browser(const Browser&) = delete;
+    Browser& operator=(const Browser&) = delete;
+
+    std::vector<QUrl> aUrl;
+
+private:
+    GuideOpenFn m_fnBefore;
+};
+
+frmGuide* WindowFind()
+{
+    for (QWidget* pWidget : QApplication::topLevelWidgets())
+        if (auto* pGuide = qobject_cast<frmGuide*>(pWidget))
+            return pGuide;
+    return nullptr;
+}
+
+constexpr const char* kPage = "<html><body><h1>A guide</h1><p>Bigger is better.</p></body></html>";
+
+TEST(GuideFile, LiesBesideTheProgramOrInTheShareFolder)
+{
+    const TempFolder folder;
+    EXPECT_EQ(GuideFileGet(folder.Path("bin")), "");
+    folder.Write("share/hopcast/guide/guide.html", kPage);
+    folder.Write("bin/program", "");
+    EXPECT_EQ(GuideFileGet(folder.Path("bin")),
+              folder.Path("bin") + "/../share/hopcast/guide/guide.html");
+    folder.Write("bin/guide/guide.html", kPage);
+    EXPECT_EQ(GuideFileGet(folder.Path("bin")), folder.Path("bin/guide/guide.html"));
+}
+
+TEST(GuideShow, OpensThePageInTheSystemsBrowser)
+{
+    const TempFolder folder;
+    folder.Write("bin/guide/guide.html", kPage);
+    const Browser browser(true);
+    GuideShow(folder.Path("bin"));
+    ASSERT_EQ(browser.aUrl.size(), 1U);
+    EXPECT_EQ(browser.aUrl.front().toLocalFile().toStdString(),
+              folder.Path("bin/guide/guide.html"));
+    EXPECT_EQ(WindowFind(), nullptr);
+}
+
+TEST(GuideShow, WithoutABrowserOneWindowHasThePageAndEscapeClosesIt)
+{
+    const TempFolder folder;
+    folder.Write("bin/guide/guide.html", kPage);
+    const Browser browser(false);
+    GuideShow(folder.Path("bin"));
+    GuideShow(folder.Path("bin"));
+    const QPointer<frmGuide> pGuide = WindowFind();
+    ASSERT_FALSE(pGuide.isNull());
+    EXPECT_TRUE(pGuide->isVisible());
+    EXPECT_EQ(pGuide->toPlainText(), QStringLiteral("A guide\nBigger is better."));
+    QTest::keyClick(pGuide, Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(pGuide.isNull());
+    EXPECT_EQ(WindowFind(), nullptr) << "the second call took the window that was there";
+}
+
+TEST(GuideShow, MissingPagesAreTold)
+{
+    const TempFolder folder;
+    const MsgRecorder recorder;
+    const Browser browser(true);
+    GuideShow(folder.Path("bin"));
+    EXPECT_TRUE(browser.aUrl.empty());
+    ASSERT_EQ(recorder.m_aShown.size(), 1U);
+    EXPECT_EQ(recorder.m_aShown.front().sText, "The guide is not installed with this program.");
+}
+
+TEST(GuideKey, F1ShowsTheGuideFromAFieldOfAModalDialogOnce)
+{
+    const TempFolder folder;
+    const MsgRecorder recorder;  // no pages lie beside this program
+    QApplication& app = *qobject_cast<QApplication*>(QCoreApplication::instance());
+    GuideKeyInstall(app);
+    QDialog dlg;
+    auto* const ptxt = new QLineEdit(&dlg);
+    QTimer::singleShot(0, &dlg, [&dlg, ptxt] {
+        ptxt->setFocus();
+        QTest::keyClick(ptxt, Qt::Key_F1, Qt::ShiftModifier);
+        QTest::keyClick(dlg.windowHandle(), Qt::Key_F1);
+        dlg.close();
+    });
+    dlg.exec();
+    EXPECT_EQ(recorder.m_aShown.size(), 1U);
+}
+
+}  // namespace
