@@ -6,15 +6,16 @@
 #include <vector>
 
 #include "engine/voacap/VoacapLauncher.h"
-#include "system/ChildLib.h"
+#include "system/SignalLib.h"
 
 int main(int nArguments, char** apszArguments)
 {
     try {
-        ChildSignalsHold();
+        VoacapPlaces places;
+        places.stop = EndSignalsStop();
         const std::vector<std::string> asArguments(apszArguments + (nArguments > 0 ? 1 : 0),
                                                    apszArguments + nArguments);
-        const VoacapOutcome outcome = VoacapLaunch(asArguments, VoacapPlaces());
+        const VoacapOutcome outcome = VoacapLaunch(asArguments, places);
         if (outcome.nStatus != 0)
             std::fprintf(stderr, "voacapw: %s\n", outcome.sText.c_str());
         return outcome.nStatus;

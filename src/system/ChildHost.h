@@ -1,9 +1,9 @@
 /// @file ChildHost.h
-/// How a program is started outside Windows, and what becomes of its output. Private to ProcessLib
-/// and ChildLib.
+/// How a program is started outside Windows, and what becomes of its output. Private to
+/// ChildProcess, ProcessLib and SignalLib.
 ///
 /// Errors:  errno values.
-/// Tests:   tests/system/ProcessLibPosixTest.cpp, ChildLibTest.cpp
+/// Tests:   tests/system/ProcessLibPosixTest.cpp, ChildProcessPosixTest.cpp
 #pragma once
 
 #include <sys/types.h>
@@ -11,6 +11,8 @@
 #include <cstddef>
 #include <string>
 #include <vector>
+
+#include "system/ChildProcess.h"
 
 /// An open file, closed at the end of its scope.
 class FileHandle {
@@ -65,7 +67,24 @@ struct ChildStart {
 };
 
 /// Starts a program. @return 0 or the errno of the failure.
-[[nodiscard]] int ChildProcessStart(ChildStart start, pid_t& nId);
+[[nodiscard]] int HostChildStart(ChildStart start, pid_t& nId);
 
 /// This program's environment.
 [[nodiscard]] std::vector<std::string> EnvironmentCopy();
+
+/// What the system starts.
+struct HostCommand {
+    std::vector<std::string> asWords;
+    bool bWine = false;
+};
+
+/// The words that the system starts: through wine for a Windows program. REQUIRES: at least one
+/// word, the first not empty.
+[[nodiscard]] Result<HostCommand> HostCommandMake(const ProcessCommand& command);
+
+/// Why a program could not be started.
+[[nodiscard]] RunError StartErrorMake(int nErrno);
+
+/// Ends all started programs with their groups because this program ends: asked first, killed after
+/// 0.2 s. From then on no more is started, and whoever starts or waits for one never comes back.
+void HostProcessesEnd();

@@ -3,10 +3,11 @@
 /// needed: the system ends engines with their Hopcast, and there is no temporary root.
 ///
 /// Errors:  none. A signal that this program was started to ignore (nohup) stays ignored.
-/// Tests:   tests/app/EndSignalsTest.cpp
+/// Tests:   tests/app/EndSignalsTest.cpp, tests/system/ChildProcessPosixTest.cpp
 #pragma once
 
 #include <functional>
+#include <stop_token>
 
 /// For a console program: from now on these signals end the engines with their groups, call
 /// fnCleanUp (on a thread of its own), and then end the program as they always did. REQUIRES:
@@ -17,3 +18,8 @@ void EndSignalsAnswer(std::function<void()> fnCleanUp);
 /// the first of these signals. A second one ends the program at once. @return -1 where there is
 /// none.
 [[nodiscard]] int EndSignalsPipe();
+
+/// For a launcher, which cleans up before it ends: from now on the first of these signals requests
+/// a stop, and a file that grows too large or a closed pipe is an ordinary error. REQUIRES: called
+/// first of all, before there is another thread.
+[[nodiscard]] std::stop_token EndSignalsStop();

@@ -6,7 +6,7 @@
 #include <thread>
 #include <utility>
 
-#include "system/ProcessHost.h"
+#include "system/ChildHost.h"
 #include "system/SignalLib.h"
 
 namespace {
@@ -26,12 +26,19 @@ sigset_t EndSignals()
     return set;
 }
 
-/// Waits for a signal and ends the program by it.
-void EndAwait(sigset_t set, const std::function<void()>& fnCleanUp)
+/// Waits for one of the signals. REQUIRES: they are blocked in every thread.
+int SignalAwait(const sigset_t& set)
 {
     int nSignal = 0;
     while (sigwait(&set, &nSignal) != 0) {
     }
+    return nSignal;
+}
+
+/// Waits for a signal and ends the program by it.
+void EndAwait(sigset_t set, const std::function<void()>& fnCleanUp)
+{
+    const int nSignal = SignalAwait(set);
     HostProcessesEnd();
     fnCleanUp();
     signal(nSignal, SIG_DFL);
@@ -72,4 +79,17 @@ int EndSignalsPipe()
             sigaction(nSignal, &action, nullptr);
     }
     return anEnds[0];
+}
+
+std::stop_token EndSignalsStop()
+{
+    static auto* const pStop = new std::stop_source;  // outlives the thread
+    for (const int nSignal : {SIGPIPE, SIGXFSZ}) signal(nSignal, SIG_IGN);
+    const sigset_t set = EndSignals();
+    pthread_sigmask(SIG_BLOCK, &set, nullptr);
+    std::thread([set] {
+        (void)SignalAwait(set);
+        pStop->request_stop();
+    }).detach();
+    return pStop->get_token();
 }

@@ -3,3 +3,4 @@
 void EndSignalsAnswer(std::function<void()> /*fnCleanUp*/) {}
 
 int EndSignalsPipe() { return -1; }
+std::stop_token EndSignalsStop() { return {}; }

@@ -12,8 +12,8 @@
 #include <string>
 #include <thread>
 
+#include "support/ChildRun.h"
 #include "support/TempFolder.h"
-#include "system/ChildLib.h"
 #include "system/FileLib.h"
 #include "system/LockLib.h"
 #include "system/ProcessLib.h"

@@ -6,7 +6,7 @@
 #include "engine/voacap/VoacapDeck.h"
 #include "engine/voacap/VoacapOutput.h"
 #include "engine/voacap/VoacapRunFolder.h"
-#include "system/ChildLib.h"
+#include "system/ChildProcess.h"
 #include "system/FileLib.h"
 #include "system/PathLib.h"
 #include "system/RunErrorText.h"
@@ -161,20 +161,22 @@ Result<void> VoacaplRun(const VoacapRunFolder& folder, const Job& job, const Voa
         command.asWords.insert(command.asWords.end(), {"sound.dat", "sound.out"});
     command.sWorkFolder = folder.Path();
     command.sOutputFile = folder.Path(kConsoleFile);
-    const auto resEnded = ChildRun(command, places.dSeconds);
-    if (!resEnded)
-        return RunError{places.sProgram + " cannot be started: " + resEnded.TextGet()};
-    switch (resEnded.ValueGet().eEnd) {
+    command.bOwnGroup = false;  // whoever kills this launcher's group ends both
+    auto resChild = ChildProcess::Start(command);
+    if (!resChild)
+        return RunError{places.sProgram + " cannot be started: " + resChild.TextGet()};
+    const ChildResult ended = resChild.ValueGet().Wait(places.dSeconds, places.stop);
+    switch (ended.eEnd) {
         case ChildEnd::TimeLimit:
             return RunError{"VOACAP did not finish in time"};
-        case ChildEnd::Interrupted:
+        case ChildEnd::Stopped:
             return RunError{"interrupted"};
         case ChildEnd::Killed:
             return RunError{"VOACAP crashed" + ConsoleTell(command.sOutputFile)};
         case ChildEnd::Exited:
             break;
     }
-    if (resEnded.ValueGet().nCode != 0)
+    if (ended.nCode != 0)
         return RunError{"VOACAP failed" + ConsoleTell(command.sOutputFile)};
     return {};
 }

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <span>
+#include <stop_token>
 #include <string>
 
 /// What is run, and against which data.
@@ -18,6 +19,7 @@ struct VoacapPlaces {
     /// Hopcast kills the launcher and voacapl at 5 seconds. Giving up a little earlier leaves time
     /// to clean up.
     double dSeconds = 4.8;
+    std::stop_token stop = {};  ///< ends a run, which then leaves nothing behind
 };
 
 struct VoacapOutcome {

@@ -14,7 +14,6 @@
 
 #include "engine/voacap/VoacapSample.h"
 #include "support/NeedVoacapl.h"
-#include "system/ChildLib.h"
 #include "system/ProcessLib.h"
 
 namespace fs = std::filesystem;

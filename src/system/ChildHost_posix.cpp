@@ -191,7 +191,7 @@ int ReportRead(int nFile)
 
 }  // namespace
 
-int ChildProcessStart(ChildStart start, pid_t& nId)
+int HostChildStart(ChildStart start, pid_t& nId)
 {
     std::array<int, 2> anEnds{-1, -1};
     if (pipe2(anEnds.data(), O_CLOEXEC) != 0)

@@ -1,15 +1,19 @@
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <thread>
+#include <vector>
 
+#include "support/ChildRun.h"
 #include "support/TempFolder.h"
-#include "system/ChildLib.h"
 #include "system/RunErrorText.h"
+#include "system/SignalLib.h"
 
 namespace {
 
@@ -22,7 +26,7 @@ ProcessCommand Shell(const std::string& sScript)
     return command;
 }
 
-TEST(ChildLib, GivesTheExitStatus)
+TEST(ChildProcessPosix, GivesTheExitStatus)
 {
     const auto res = ChildRun(Shell("exit 7"), kLong);
     ASSERT_TRUE(res);
@@ -30,7 +34,7 @@ TEST(ChildLib, GivesTheExitStatus)
     EXPECT_EQ(res.ValueGet().nCode, 7);
 }
 
-TEST(ChildLib, GivesTheExitStatusEvenWhenChildSignalsWereIgnored)
+TEST(ChildProcessPosix, GivesTheExitStatusEvenWhenChildSignalsWereIgnored)
 {
     signal(SIGCHLD, SIG_IGN);
     const auto res = ChildRun(Shell("exit 7"), kLong);
@@ -40,7 +44,7 @@ TEST(ChildLib, GivesTheExitStatusEvenWhenChildSignalsWereIgnored)
     EXPECT_EQ(res.ValueGet().nCode, 7);
 }
 
-TEST(ChildLib, RunsInItsFolderWithTheNullDeviceAsInputAndBothStreamsInTheFile)
+TEST(ChildProcessPosix, RunsInItsFolderWithTheNullDeviceAsInputAndBothStreamsInTheFile)
 {
     const TempFolder folder;
     ProcessCommand command = Shell("cat; pwd; echo said; echo wailed >&2");
@@ -51,7 +55,7 @@ TEST(ChildLib, RunsInItsFolderWithTheNullDeviceAsInputAndBothStreamsInTheFile)
     EXPECT_EQ(BytesRead(command.sOutputFile), folder.Path() + "\nsaid\nwailed\n");
 }
 
-TEST(ChildLib, KillsAtTheLimit)
+TEST(ChildProcessPosix, KillsAtTheLimit)
 {
     const auto tStart = std::chrono::steady_clock::now();
     const auto res = ChildRun(Shell("exec sleep 60"), 0.2);
@@ -62,7 +66,7 @@ TEST(ChildLib, KillsAtTheLimit)
     EXPECT_LT(tTaken.count(), 2.0);
 }
 
-TEST(ChildLib, TellsAnEndBySignalAndLeavesTheChildItsSignals)
+TEST(ChildProcessPosix, TellsAnEndBySignalAndLeavesTheChildItsSignals)
 {
     const auto res = ChildRun(Shell("kill -TERM $$; exec sleep 60"), kLong);
     ASSERT_TRUE(res);
@@ -70,15 +74,51 @@ TEST(ChildLib, TellsAnEndBySignalAndLeavesTheChildItsSignals)
     EXPECT_EQ(res.ValueGet().nCode, SIGTERM);
 }
 
-TEST(ChildLib, EndsTheChildWhenThisProgramIsAskedToEnd)
+TEST(ChildProcessPosix, EndsTheChildWhenThisProgramIsAskedToEnd)
 {
-    const auto res = ChildRun(Shell("kill -TERM $PPID; exec sleep 60"), kLong);
-    ASSERT_TRUE(res);
-    EXPECT_EQ(res.ValueGet().eEnd, ChildEnd::Interrupted);
-    EXPECT_EQ(res.ValueGet().nCode, SIGTERM);
+    const pid_t nLauncher = fork();
+    ASSERT_GE(nLauncher, 0);
+    if (nLauncher == 0) {
+        const std::stop_token stop = EndSignalsStop();
+        const auto res = ChildRun(Shell("kill -TERM $PPID; exec sleep 60"), kLong, stop);
+        _exit(res && res.ValueGet().eEnd == ChildEnd::Stopped ? 7 : 1);
+    }
+    int nStatus = 0;
+    ASSERT_EQ(waitpid(nLauncher, &nStatus, 0), nLauncher);
+    EXPECT_TRUE(WIFEXITED(nStatus) && WEXITSTATUS(nStatus) == 7) << nStatus;
 }
 
-TEST(ChildLib, StaysInTheGroupOfItsParent)
+TEST(ChildProcessPosix, OneThatNobodyWaitedForIsKilled)
+{
+    int nId = 0;
+    {
+        auto res = ChildProcess::Start(Shell("exec sleep 60"));
+        ASSERT_TRUE(res) << res.TextGet();
+        nId = res.ValueGet().IdGet();
+    }
+    EXPECT_FALSE(std::filesystem::exists("/proc/" + std::to_string(nId)));
+}
+
+/// Programs that hold off SIGTERM, so that each is given the whole grace of 0.2 s.
+TEST(ChildProcessPosix, ManyAreKilledInLessThanTheSumOfTheirGraces)
+{
+    constexpr int kCount = 30;
+    constexpr double kGrace = 0.2;
+    const TempFolder folder;
+    std::vector<std::thread> aThreads;
+    const auto tStart = std::chrono::steady_clock::now();
+    for (int i = 0; i < kCount; ++i)
+        aThreads.emplace_back([] {
+            auto res = ChildProcess::Start(Shell("trap '' TERM; while :; do sleep 1; done"));
+            ASSERT_TRUE(res) << res.TextGet();
+            EXPECT_EQ(res.ValueGet().Wait(kGrace).eEnd, ChildEnd::TimeLimit);
+        });
+    for (std::thread& thread : aThreads) thread.join();
+    const std::chrono::duration<double> tTaken = std::chrono::steady_clock::now() - tStart;
+    EXPECT_LT(tTaken.count(), kCount * kGrace) << "one after the other";
+}
+
+TEST(ChildProcessPosix, StaysInTheGroupOfItsParent)
 {
     const TempFolder folder;
     ProcessCommand command = Shell("read -r _ _ _ _ nGroup _ < /proc/$$/stat; echo $nGroup");
@@ -87,7 +127,7 @@ TEST(ChildLib, StaysInTheGroupOfItsParent)
     EXPECT_EQ(BytesRead(command.sOutputFile), std::to_string(getpgrp()) + "\n");
 }
 
-TEST(ChildLib, PutsTheSignalMaskBack)
+TEST(ChildProcessPosix, PutsTheSignalMaskBack)
 {
     sigset_t setBefore;
     sigset_t setAfter;
@@ -98,7 +138,7 @@ TEST(ChildLib, PutsTheSignalMaskBack)
         EXPECT_EQ(sigismember(&setAfter, nSignal), sigismember(&setBefore, nSignal)) << nSignal;
 }
 
-TEST(ChildLib, KeepsAMegabyteOfEndlessOutput)
+TEST(ChildProcessPosix, KeepsAMegabyteOfEndlessOutput)
 {
     constexpr std::uintmax_t kKept = std::uintmax_t{1} << 20;
     const TempFolder folder;
@@ -113,11 +153,11 @@ TEST(ChildLib, KeepsAMegabyteOfEndlessOutput)
     EXPECT_EQ(std::filesystem::file_size(command.sOutputFile), kKept);
 }
 
-TEST(ChildLib, DescribesWhatCannotBeStarted)
+TEST(ChildProcessPosix, DescribesWhatCannotBeStarted)
 {
     const TempFolder folder;
     ProcessCommand command;
-    EXPECT_EQ(ChildRun(command, kLong).TextGet(), kInvalidCall);
+    EXPECT_EQ(ChildRun(command, kLong).TextGet(), kFileNotFound);
     command.asWords = {folder.Path("nowhere")};
     EXPECT_EQ(ChildRun(command, kLong).TextGet(), kFileNotFound);
     command.asWords = {folder.Write("plain.txt", "no program")};

@@ -1,0 +1,204 @@
+#include <poll.h>
+#include <signal.h>
+#include <sys/wait.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <mutex>
+#include <set>
+#include <string>
+#include <thread>
+#include <utility>
+
+#include "system/ChildHost.h"
+#include "system/ChildProcess.h"
+#include "system/Deadline.h"
+#include "system/RunErrorText.h"
+
+namespace fs = std::filesystem;
+
+struct ChildProcess::Host {
+    pid_t nId = 0;
+    bool bOwnGroup = true;
+    bool bWaited = false;
+    ChildOutput output{};
+};
+
+namespace {
+
+/// What was started and not yet reaped. The signals' thread looks at it, too.
+struct StartedPrograms {
+    std::mutex m_mutex;
+    std::set<pid_t> m_setIds;
+    bool bEnding = false;
+};
+
+StartedPrograms& StartedGet()
+{
+    static auto* const pStarted = new StartedPrograms;  // outlives every thread
+    return *pStarted;
+}
+
+/// Holds a thread until the program's end, when that is under way: what it would do now, or tell
+/// its user of a killed engine, is no longer wanted.
+std::unique_lock<std::mutex> StartedLock()
+{
+    std::unique_lock<std::mutex> lock(StartedGet().m_mutex);
+    while (StartedGet().bEnding) {
+        lock.unlock();
+        std::this_thread::sleep_for(std::chrono::seconds(1));
+        lock.lock();
+    }
+    return lock;
+}
+
+/// Signals the process and what is left of its group. REQUIRES: the process is not reaped yet, so
+/// that its number, which is its group's, cannot belong to anybody else.
+void GroupSignal(pid_t nId, int nSignal)
+{
+    kill(nId, nSignal);  // no leader of a group when somebody else started it
+    kill(-nId, nSignal);
+}
+
+/// True when the child has ended; it stays unreaped.
+bool ChildHasEnded(pid_t nId)
+{
+    siginfo_t info{};
+    const int nResult = waitid(P_PID, static_cast<id_t>(nId), &info, WEXITED | WNOHANG | WNOWAIT);
+    return nResult == 0 && info.si_pid == nId;
+}
+
+/// Takes the child's output and asks again and again until it ends or the time is up. The steps are
+/// short at first, so that a short run costs next to nothing on top.
+bool ChildAwait(pid_t nId, ChildOutput& output, const Deadline& deadline,
+                const std::stop_token& stop = {})
+{
+    constexpr int kQuickSteps = 500;
+    constexpr timespec kQuick{0, 200'000};  // ns
+    constexpr timespec kSlow{0, 1'000'000};
+    for (int i = 0; !ChildHasEnded(nId); ++i) {
+        if (deadline.IsOver() || stop.stop_requested())
+            return false;
+        pollfd poll{output.ReadEndGet(), POLLIN, 0};  // of -1 nothing is asked
+        ppoll(&poll, 1, i < kQuickSteps ? &kQuick : &kSlow, nullptr);
+        output.Drain();
+    }
+    output.Drain();
+    return true;
+}
+
+/// Takes the end of a child. The number may belong to somebody else from here on, so nobody else
+/// may be signalling it.
+ChildResult ChildReap(pid_t nId)
+{
+    const auto lock = StartedLock();
+    StartedGet().m_setIds.erase(nId);
+    int nStatus = 0;
+    if (waitpid(nId, &nStatus, WNOHANG) != nId)
+        return {ChildEnd::Killed, 0};
+    if (WIFEXITED(nStatus))
+        return {ChildEnd::Exited, WEXITSTATUS(nStatus)};
+    return {ChildEnd::Killed, WTERMSIG(nStatus)};
+}
+
+}  // namespace
+
+ChildProcess::ChildProcess(std::unique_ptr<Host> pHost) : m_pHost(std::move(pHost)) {}
+ChildProcess::ChildProcess(ChildProcess&&) noexcept = default;
+
+ChildProcess& ChildProcess::operator=(ChildProcess&& other) noexcept
+{
+    std::swap(m_pHost, other.m_pHost);
+    return *this;
+}
+
+ChildProcess::~ChildProcess()
+{
+    if (m_pHost && !m_pHost->bWaited)
+        (void)Wait(0.0);
+}
+
+int ChildProcess::IdGet() const { return m_pHost->nId; }
+
+Result<ChildProcess> ChildProcess::Start(const ProcessCommand& command)
+{
+    if (command.asWords.empty() || command.asWords.front().empty())
+        return RunError{kFileNotFound};
+    auto resHost = HostCommandMake(command);
+    if (!resHost)
+        return resHost.ErrorGet();
+    const std::string& sFolder = command.sWorkFolder;
+    std::error_code ec;
+    if (!sFolder.empty() && !fs::is_directory(sFolder, ec))
+        return RunError{kPathNotFound};
+    auto pHost = std::make_unique<Host>();
+    pHost->bOwnGroup = command.bOwnGroup;
+    if (const int nErrno = pHost->output.Open(command.sOutputFile))
+        return RunErrorFromErrno(nErrno);
+    // Where children are ignored (a habit of some parents, inherited) none could be waited for.
+    struct sigaction action {};
+    if (sigaction(SIGCHLD, nullptr, &action) == 0 && action.sa_handler == SIG_IGN)
+        signal(SIGCHLD, SIG_DFL);
+    HostCommand& host = resHost.ValueGet();
+    ChildStart start{host.asWords, EnvironmentCopy(), sFolder, pHost->output.WriteEndGet(),
+                     -1,           command.bOwnGroup};
+    if (host.bWine && std::getenv("WINEDEBUG") == nullptr)
+        start.asEnvironment.emplace_back("WINEDEBUG=-all");
+    if (!host.bWine && command.pLock != nullptr)
+        start.nLock = command.pLock->DescriptorGet();
+    const auto lock = StartedLock();
+    if (const int nErrno = HostChildStart(std::move(start), pHost->nId))
+        return StartErrorMake(nErrno);
+    pHost->output.WriteEndClose();
+    StartedGet().m_setIds.insert(pHost->nId);
+    return ChildProcess(std::move(pHost));
+}
+
+std::optional<ChildProcess> ChildProcess::Open(int nProcessId)
+{
+    siginfo_t info{};
+    if (nProcessId <= 1
+        || waitid(P_PID, static_cast<id_t>(nProcessId), &info, WEXITED | WNOHANG | WNOWAIT) != 0)
+        return {};
+    auto pHost = std::make_unique<Host>();
+    pHost->nId = nProcessId;
+    return ChildProcess(std::move(pHost));
+}
+
+ChildResult ChildProcess::Wait(double dSeconds, const std::stop_token& stop)
+{
+    constexpr double kGrace = 0.2;          // seconds
+    constexpr double kGraceStopped = 0.02;  // a window is closing
+    constexpr double kReapMax = 2.0;        // a killed process goes at once, save in a hung disk
+    const pid_t nId = m_pHost->nId;
+    ChildOutput& output = m_pHost->output;
+    m_pHost->bWaited = true;
+    const bool bEnded = ChildAwait(nId, output, Deadline(dSeconds), stop);
+    const ChildEnd eCut = stop.stop_requested() ? ChildEnd::Stopped : ChildEnd::TimeLimit;
+    StartedLock().unlock();  // the end of this program asks its engines by itself
+    if (!bEnded && m_pHost->bOwnGroup) {
+        GroupSignal(nId, SIGTERM);  // a launcher takes its temporary files away
+        (void)ChildAwait(nId, output, Deadline(eCut == ChildEnd::Stopped ? kGraceStopped : kGrace));
+    }
+    GroupSignal(nId, SIGKILL);
+    if (!bEnded)
+        (void)ChildAwait(nId, output, Deadline(kReapMax));
+    const ChildResult result = ChildReap(nId);
+    return bEnded ? result : ChildResult{eCut, 0};
+}
+
+void HostProcessesEnd()
+{
+    constexpr double kGrace = 0.2;  // seconds
+    const std::unique_lock<std::mutex> lock(StartedGet().m_mutex);
+    StartedGet().bEnding = true;
+    const std::set<pid_t>& setIds = StartedGet().m_setIds;
+    for (const pid_t nId : setIds) GroupSignal(nId, SIGTERM);
+    const Deadline deadline(kGrace);
+    for (const pid_t nId : setIds) {
+        while (!ChildHasEnded(nId) && !deadline.IsOver())
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        GroupSignal(nId, SIGKILL);
+    }
+}
