@@ -30,6 +30,11 @@ public:
     [[nodiscard]] virtual int ModelGet() const = 0;            ///< EngineModel
     [[nodiscard]] virtual std::string NameGet() const = 0;     ///< "REC533"
     [[nodiscard]] virtual std::string VersionGet() const = 0;  ///< empty where it tells none
+    /// The same text as long as the engine answers a request alike; for the key of a cache.
+    [[nodiscard]] virtual std::string IdentityGet() const
+    {
+        return NameGet() + '\0' + VersionGet();
+    }
     [[nodiscard]] virtual EngineLimits LimitsGet() const = 0;
     /// Nothing when the engine can run; else why it cannot (FailureKind::NotInstalled).
     [[nodiscard]] virtual std::optional<Failure> ObstacleGet() const = 0;

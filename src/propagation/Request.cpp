@@ -6,11 +6,15 @@
 #include <string>
 #include <type_traits>
 
+#include "geo/SphereLib.h"
 #include "propagation/itshfbc/EngineProgram.h"
 #include "settings/SettingsRange.h"
 #include "system/NumberLib.h"
 
 namespace {
+
+constexpr NumberRange kRangeHour{0, 23};
+constexpr NumberRange kRangeGridSize{kGridSizeMin, kGridSizeMax};
 
 void ModelFill(const Settings& settings, RequestModel& model)
 {
@@ -135,7 +139,13 @@ Result<void> RangeCheck(const AreaRequest& input)
     const auto dKhz = static_cast<double>(RoundHalfEven(input.fFrequency * kKhzPerMhz));
     if (auto res = RangedCheck({{"latitude", input.dFixedLat, kRangeLatitude},
                                 {"longitude", input.dFixedLon, kRangeLongitude},
-                                {"frequency", dKhz, kRangeFrequency}});
+                                {"frequency", dKhz, kRangeFrequency},
+                                {"hour", static_cast<double>(input.iHour), kRangeHour},
+                                {"grid size", static_cast<double>(input.nGridSize), kRangeGridSize},
+                                {"south bound", input.dSouth, kRangeLatitude},
+                                {"north bound", input.dNorth, {input.dSouth, kLatitudeMost}},
+                                {"west bound", input.dWest, {-kLongitudeMost, kFullCircle}},
+                                {"east bound", input.dEast, {input.dWest, kFullCircle}}});
         !res)
         return res;
     return ModelCheck(input, -input.fNoiseLevel);

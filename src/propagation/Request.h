@@ -78,7 +78,8 @@ struct AreaRequest : RequestModel {
 /// What lies out of range (positions, month and numbers; frequencies are left out of the run
 /// instead), in words: "latitude 95 lies outside -90 to 90".
 Result<void> RangeCheck(const Request& input);
-/// The same for an area, its frequency too.
+/// The same for an area, its hour, frequency, grid and bounds too. Longitudes may be those of
+/// either scale, -180 to 180 or 0 to 360.
 Result<void> RangeCheck(const AreaRequest& input);
 
 /// The indices 1..nData whose frequencies are in range, in their order.

@@ -4,11 +4,14 @@
 #include <atomic>
 #include <condition_variable>
 #include <deque>
+#include <iterator>
 #include <list>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 struct RunnerJob::State {
     std::size_t nTasks = 0;
@@ -18,7 +21,9 @@ struct RunnerJob::State {
     const Engine* pEngine = nullptr;  // whose limit holds over all jobs; none: the job's own
     Runner::TaskFn fnTask;
     Runner::EndFn fnEnd;
-    std::atomic<std::size_t> nDone{0};
+    std::atomic<std::size_t> nDone{0};    // raised before the answer is posted: who takes it finds
+                                          // it counted
+    std::atomic<std::size_t> nPosted{0};  // raised behind it: the end is posted after the last
     std::stop_source stop;
 };
 
@@ -42,7 +47,7 @@ std::size_t RunnerJob::CountGet() const { return m_pState ? m_pState->nTasks : 0
 
 bool RunnerJob::IsRunning() const
 {
-    return m_pState && !m_pState->stop.stop_requested() && DoneGet() < CountGet();
+    return m_pState && !m_pState->stop.stop_requested() && m_pState->nPosted < m_pState->nTasks;
 }
 
 /// The answers given so far, by engine and request; the oldest go when there is no room.
@@ -60,8 +65,7 @@ public:
     static PredictionPtr Answer(Cache& cache, const Engine& engine, const Request& request,
                                 const std::stop_token& stop)
     {
-        const std::string sKey =
-            engine.NameGet() + '\0' + engine.VersionGet() + '\0' + RequestKey(request);
+        const std::string sKey = engine.IdentityGet() + '\0' + RequestKey(request);
         if (PredictionPtr pKnown = cache.Find(sKey)) {
             if (pKnown->table.request == request)
                 return pKnown;
@@ -111,6 +115,21 @@ private:
     std::unordered_map<std::string, std::list<Entry>::iterator> m_mapEntries;
 };
 
+namespace {
+
+Runner::ThreadFn& ThreadFnGet()
+{
+    static Runner::ThreadFn fnStart;
+    return fnStart;
+}
+
+}  // namespace
+
+Runner::ThreadFn Runner::ThreadSetHandler(ThreadFn fnStart)
+{
+    return std::exchange(ThreadFnGet(), std::move(fnStart));
+}
+
 /// The workers and what waits for them.
 class Runner::Pool {
 public:
@@ -120,7 +139,9 @@ public:
     {
         if (nWorkers <= 0)
             nWorkers = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
-        for (int i = 0; i < nWorkers; ++i) m_aWorkers.emplace_back([this] { Work(); });
+        m_aWorkers.reserve(static_cast<std::size_t>(nWorkers));
+        for (int i = 0; i < nWorkers && WorkerAdd(); ++i) {
+        }
     }
     ~Pool()
     {
@@ -143,20 +164,51 @@ public:
         }
         {
             const std::lock_guard lock(m_mutex);
-            m_apJobs.push_back(pJob);
+            if (!m_aWorkers.empty() || WorkerAdd()) {
+                m_apJobs.push_back(pJob);
+                m_wake.notify_all();
+                return;
+            }
         }
-        m_wake.notify_all();
+        // No thread is to be had at all: the caller's own does the work.
+        for (std::size_t i = 0; i < pJob->nTasks; ++i) TaskRun(pJob, i);
     }
-    [[nodiscard]] int WorkersGet() const { return static_cast<int>(m_aWorkers.size()); }
+    [[nodiscard]] int WorkersGet() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return static_cast<int>(m_aWorkers.size());
+    }
 
 private:
+    /// One worker more. @return false where the system has no thread for it.
+    bool WorkerAdd()
+    {
+        try {
+            const auto fnWork = [this] { Work(); };
+            const ThreadFn& fnStart = ThreadFnGet();
+            m_aWorkers.push_back(fnStart ? fnStart(fnWork) : std::thread(fnWork));
+        } catch (const std::system_error&) {
+            return false;
+        }
+        return true;
+    }
+    /// Takes the jobs that are over out of the queue. Their ends may call anything, the runner too,
+    /// so they are let go without the lock. REQUIRES: m_mutex.
+    std::vector<StatePtr> JobsOverTake()
+    {
+        const auto itOver =
+            std::stable_partition(m_apJobs.begin(), m_apJobs.end(), [](const StatePtr& pJob) {
+                return pJob->nRunning > 0
+                       || (pJob->nNext < pJob->nTasks && !pJob->stop.stop_requested());
+            });
+        std::vector<StatePtr> apOver(std::make_move_iterator(itOver),
+                                     std::make_move_iterator(m_apJobs.end()));
+        m_apJobs.erase(itOver, m_apJobs.end());
+        return apOver;
+    }
     /// A job of which a further task may run now; nothing when all must wait. REQUIRES: m_mutex.
     StatePtr JobNext()
     {
-        std::erase_if(m_apJobs, [](const StatePtr& pJob) {
-            return pJob->nRunning == 0
-                   && (pJob->nNext == pJob->nTasks || pJob->stop.stop_requested());
-        });
         for (const StatePtr& pJob : m_apJobs) {
             if (pJob->nNext == pJob->nTasks || pJob->stop.stop_requested())
                 continue;
@@ -174,6 +226,12 @@ private:
     {
         std::unique_lock lock(m_mutex);
         for (;;) {
+            if (std::vector<StatePtr> apOver = JobsOverTake(); !apOver.empty()) {
+                lock.unlock();
+                apOver.clear();
+                lock.lock();
+                continue;
+            }
             StatePtr pJob = m_bEnd ? nullptr : JobNext();
             if (pJob == nullptr) {
                 if (m_bEnd)
@@ -192,14 +250,17 @@ private:
     }
     void TaskRun(const StatePtr& pJob, std::size_t iTask)
     {
+        if (pJob->stop.stop_requested())
+            return;
         std::function<void()> fnAnswer = pJob->fnTask(iTask, pJob->stop.get_token());
         if (pJob->stop.stop_requested())
             return;
+        ++pJob->nDone;
         m_fnPost([pJob, fnAnswer = std::move(fnAnswer)] {
             if (!pJob->stop.stop_requested() && fnAnswer)
                 fnAnswer();
         });
-        if (pJob->nDone.fetch_add(1) + 1 == pJob->nTasks)
+        if (++pJob->nPosted == pJob->nTasks)
             EndPost(pJob);
     }
     void EndPost(const StatePtr& pJob)
@@ -211,7 +272,7 @@ private:
     }
 
     PostFn m_fnPost;
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::condition_variable m_wake;
     std::deque<StatePtr> m_apJobs;
     bool m_bEnd = false;

@@ -2,7 +2,9 @@
 /// Many predictions at once: a few worker threads, progress, cancel, and a cache of answers.
 ///
 /// Units:   bytes, where a procedure says so.
-/// Errors:  an engine's failure is part of its answer; nothing else fails.
+/// Errors:  an engine's failure is part of its answer; nothing else fails. Where the system has no
+///          thread for a worker there are fewer, and where it has none at all Start does the work
+///          itself.
 /// Threads: every procedure may be called from any thread. What the caller hands in is called on
 ///          the thread that its PostFn leads to.
 /// Tests:   tests/propagation/RunnerTest.cpp
@@ -12,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <stop_token>
+#include <thread>
 #include <vector>
 
 #include "propagation/Engine.h"
@@ -70,6 +73,11 @@ public:
     [[nodiscard]] RunnerJob Start(std::size_t nTasks, int nAtOnce, TaskFn fnTask, EndFn fnEnd = {});
 
     [[nodiscard]] int WorkersGet() const;
+
+    /// The seam for tests: starts a worker's thread in place of std::thread; an empty function
+    /// restores that.
+    using ThreadFn = std::function<std::thread(std::function<void()>)>;
+    static ThreadFn ThreadSetHandler(ThreadFn fnStart);
     /// Bytes that the cached answers take, about.
     [[nodiscard]] std::size_t CacheBytesGet() const;
 

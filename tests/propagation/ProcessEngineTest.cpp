@@ -80,6 +80,24 @@ TEST_F(ProcessEngines, TellWhatKindOfFailureItWas)
     EXPECT_EQ(KindOf(Predict()), FailureKind::Busy);
 }
 
+TEST_F(ProcessEngines, AreOthersWhenTheirProgramsAreExchanged)
+{
+    const std::string sProgram = m_root.Path("bin_win/rec533w.exe");
+    const std::string sNone = m_rec533.IdentityGet();
+    Rec533("exit 0");
+    const std::string sFirst = m_rec533.IdentityGet();
+    EXPECT_NE(sFirst, sNone);
+    EXPECT_EQ(m_rec533.IdentityGet(), sFirst);
+    std::filesystem::last_write_time(sProgram, std::filesystem::last_write_time(sProgram) + 2s);
+    const std::string sLater = m_rec533.IdentityGet();
+    EXPECT_NE(sLater, sFirst) << "time";
+    const auto time = std::filesystem::last_write_time(sProgram);
+    std::filesystem::resize_file(sProgram, std::filesystem::file_size(sProgram) + 1);
+    std::filesystem::last_write_time(sProgram, time);
+    EXPECT_NE(m_rec533.IdentityGet(), sLater) << "size";
+    EXPECT_NE(ProcessEngine(kEngineVoacap).IdentityGet(), sNone) << "each engine its own";
+}
+
 #ifndef _WIN32  // file modes
 TEST_F(ProcessEngines, TellAProgramThatCannotBeStarted)
 {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "propagation/Request.h"
 #include "propagation/deck/DeckLib.h"
 #include "support/EngineRootSet.h"
@@ -196,6 +198,37 @@ TEST(RequestRange, AnAreaIsCheckedWithItsFrequency)
     input.fFrequency = 14.1F;
     input.dFixedLat = 90.25;
     EXPECT_EQ(RangeCheck(input).TextGet(), "latitude 90.25 lies outside -90 to 90");
+}
+
+TEST(RequestRange, AnAreaIsCheckedWithItsHourGridAndBounds)
+{
+    AreaRequest inputGood = AreaRequestFromSettings(Settings());
+    inputGood.fFrequency = 14.1F;
+    struct Case {
+        void (*fnSpoil)(AreaRequest&);
+        const char* sText;
+    };
+    for (const Case& c : {
+             Case{[](AreaRequest& in) { in.iHour = 23; }, ""},
+             Case{[](AreaRequest& in) { in.iHour = 24; }, "hour 24 lies outside 0 to 23"},
+             Case{[](AreaRequest& in) { in.iHour = -1; }, "hour -1 lies outside 0 to 23"},
+             Case{[](AreaRequest& in) { in.nGridSize = 1; }, "grid size 1 lies outside 2 to 999"},
+             Case{[](AreaRequest& in) { in.nGridSize = 1000; },
+                  "grid size 1000 lies outside 2 to 999"},
+             Case{[](AreaRequest& in) { in.dSouth = -91; },
+                  "south bound -91 lies outside -90 to 90"},
+             Case{[](AreaRequest& in) { in.dNorth = -5; }, "north bound -5 lies outside 0 to 90"},
+             Case{[](AreaRequest& in) { in.dWest = -181; },
+                  "west bound -181 lies outside -180 to 360"},
+             Case{[](AreaRequest& in) { in.dEast = 360; }, ""},
+             Case{[](AreaRequest& in) { in.dEast = -1; }, "east bound -1 lies outside 0 to 360"},
+             Case{[](AreaRequest& in) { in.dEast = std::nan(""); },
+                  "east bound nan lies outside 0 to 360"},
+         }) {
+        AreaRequest input = inputGood;
+        c.fnSpoil(input);
+        EXPECT_EQ(RangeCheck(input).TextGet(), c.sText);
+    }
 }
 
 }  // namespace

@@ -5,9 +5,12 @@
 #include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <future>
 #include <mutex>
+#include <optional>
 #include <random>
 #include <set>
+#include <system_error>
 #include <thread>
 
 #include "propagation/Runner.h"
@@ -63,6 +66,9 @@ public:
         return prediction;
     }
 
+    [[nodiscard]] std::string IdentityGet() const override { return m_sIdentity; }
+
+    std::string m_sIdentity = "FAKE";
     bool m_bFails = false;
     mutable std::atomic<int> m_nRuns{0};
     mutable std::atomic<int> m_nMost{0};  // runs at the same time
@@ -248,6 +254,150 @@ TEST(Runner, TheSameRequestIsComputedOnce)
     EXPECT_EQ(aeSources,
               (std::vector{SunSpotSource::Typed, SunSpotSource::AirMail}));  // each its own request
     EXPECT_GT(runner.CacheBytesGet(), 0U);
+}
+
+TEST(Runner, AnExchangedEngineIsAskedAnew)
+{
+    Mailbox box;
+    Runner runner(box.PostGet(), 1);
+    const auto pEngine = std::make_shared<EngineFake>();
+    int nAnswers = 0;
+    for (const char* sIdentity : {"program of Monday", "program of Tuesday", "program of Monday"}) {
+        pEngine->m_sIdentity = sIdentity;
+        const int nBefore = nAnswers;
+        const RunnerJob job = runner.Start(
+            pEngine, RequestsOf(1), [&](std::size_t, const Runner::PredictionPtr&) { ++nAnswers; });
+        EXPECT_TRUE(box.RunUntil([&] { return nAnswers > nBefore; }));
+    }
+    EXPECT_EQ(pEngine->m_nRuns, 2);
+}
+
+TEST(Runner, WhoTakesAnAnswerFindsItCounted)
+{
+    RunnerJob job;
+    std::atomic<bool> bJobThere{false};
+    std::atomic<int> nAnswers{0};
+    std::atomic<int> nUncounted{0};
+    std::atomic<bool> bEnd{false};
+    // Answers are taken on the worker's own thread, at the moment of the post.
+    Runner runner([](const std::function<void()>& fnCall) { fnCall(); }, 1);
+    job = runner.Start(
+        50, 1,
+        [&](std::size_t, const std::stop_token&) {
+            while (!bJobThere) std::this_thread::yield();
+            return [&] {
+                if (job.DoneGet() != static_cast<std::size_t>(++nAnswers))
+                    ++nUncounted;
+            };
+        },
+        [&] { bEnd = true; });
+    bJobThere = true;
+    for (const auto tmEnd = Clock::now() + 10s; !bEnd && Clock::now() < tmEnd;)
+        std::this_thread::sleep_for(1ms);
+    EXPECT_TRUE(bEnd);
+    EXPECT_EQ(nAnswers, 50);
+    EXPECT_EQ(nUncounted, 0);
+}
+
+/// Calls something when the last job that holds it goes.
+struct AtEnd {
+    explicit AtEnd(std::function<void()> fn) : fnEnd(std::move(fn)) {}
+    ~AtEnd() { fnEnd(); }
+    AtEnd(const AtEnd&) = delete;
+    AtEnd& operator=(const AtEnd&) = delete;
+    std::function<void()> fnEnd;
+};
+
+TEST(Runner, WhatAJobHoldsMayAskTheRunnerWhenItGoes)
+{
+    for (const bool bCancelled : {false, true}) {
+        Mailbox box;
+        std::promise<int> promiseWorkers;
+        auto futureWorkers = promiseWorkers.get_future();
+        auto pRunner = std::make_unique<Runner>(box.PostGet(), 2);
+        {
+            auto pHeld = std::make_shared<AtEnd>(
+                [&, pRunner = pRunner.get()] { promiseWorkers.set_value(pRunner->WorkersGet()); });
+            RunnerJob job = pRunner->Start(
+                4, 2, [pHeld = std::move(pHeld)](std::size_t, const std::stop_token&) {
+                    std::this_thread::sleep_for(1ms);
+                    return std::function<void()>();
+                });
+            if (bCancelled)
+                job.Cancel();
+            else
+                while (job.IsRunning()) std::this_thread::sleep_for(1ms);
+            box.RunWaiting();
+        }
+        const RunnerJob jobNext =
+            pRunner->Start(1, 1, [](std::size_t, const std::stop_token&) { return [] {}; });
+        const bool bGone = futureWorkers.wait_for(10s) == std::future_status::ready;
+        ASSERT_TRUE(bGone) << "it waits for a lock that its own thread holds";
+        EXPECT_EQ(futureWorkers.get(), 2);
+    }
+}
+
+/// Gives a worker's thread nCount times, then none.
+class ThreadsShort {
+public:
+    explicit ThreadsShort(int nCount)
+        : m_fnBefore(
+            Runner::ThreadSetHandler([nLeft = nCount](std::function<void()> fnWork) mutable {
+                if (nLeft-- <= 0)
+                    throw std::system_error(
+                        std::make_error_code(std::errc::resource_unavailable_try_again));
+                return std::thread(std::move(fnWork));
+            }))
+    {
+    }
+    ~ThreadsShort() { Runner::ThreadSetHandler(std::move(m_fnBefore)); }
+    ThreadsShort(const ThreadsShort&) = delete;
+    ThreadsShort& operator=(const ThreadsShort&) = delete;
+
+private:
+    Runner::ThreadFn m_fnBefore;
+};
+
+TEST(Runner, WorksWithAsManyThreadsAsThereAre)
+{
+    for (const int nThreads : {3, 1, 0}) {
+        const ThreadsShort threads(nThreads);
+        Mailbox box;
+        Runner runner(box.PostGet(), 8);
+        EXPECT_EQ(runner.WorkersGet(), nThreads);
+        int nAnswers = 0;
+        bool bEnd = false;
+        const RunnerJob job = runner.Start(
+            std::make_shared<EngineFake>(), RequestsOf(20),
+            [&](std::size_t, const Runner::PredictionPtr& pPrediction) {
+                EXPECT_TRUE(pPrediction->bOk);
+                ++nAnswers;
+            },
+            [&] { bEnd = true; });
+        EXPECT_TRUE(box.RunUntil([&] { return bEnd; })) << nThreads;
+        EXPECT_EQ(nAnswers, 20) << nThreads;
+    }
+}
+
+TEST(Runner, AThreadThatIsThereLaterIsTaken)
+{
+    std::optional<ThreadsShort> threads(std::in_place, 0);
+    Mailbox box;
+    Runner runner(box.PostGet(), 2);
+    EXPECT_EQ(runner.WorkersGet(), 0);
+    threads.reset();
+    std::atomic<std::thread::id> idWorker{};
+    bool bEnd = false;
+    const RunnerJob job = runner.Start(
+        1, 1,
+        [&](std::size_t, const std::stop_token&) {
+            idWorker = std::this_thread::get_id();
+            return std::function<void()>();
+        },
+        [&] { bEnd = true; });
+    EXPECT_TRUE(box.RunUntil([&] { return bEnd; }));
+    EXPECT_EQ(runner.WorkersGet(), 1);
+    EXPECT_NE(idWorker.load(), std::this_thread::get_id());
 }
 
 TEST(Runner, AFailureIsNotKept)

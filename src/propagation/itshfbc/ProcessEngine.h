@@ -15,6 +15,9 @@ public:
     [[nodiscard]] int ModelGet() const override { return m_iModel; }
     [[nodiscard]] std::string NameGet() const override;
     [[nodiscard]] std::string VersionGet() const override { return {}; }
+    /// The name with path, size and time of the program's file: another program under its name is
+    /// another engine.
+    [[nodiscard]] std::string IdentityGet() const override;
     /// Hopcast's launcher of VOACAP, which reads nothing but the deck from its root, runs in
     /// folders of its own, as many at once as there are cores. Any other takes turns in the root.
     [[nodiscard]] EngineLimits LimitsGet() const override;
