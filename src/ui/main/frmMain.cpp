@@ -2,130 +2,128 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QCursor>
 #include <QLayout>
 #include <QTimer>
+#include <utility>
 
 #include "airmail/AirMailLib.h"
+#include "propagation/SnrScale.h"
 #include "settings/ProfileLib.h"
+#include "system/ClockLib.h"
 #include "system/MsgLib.h"
 #include "system/PathLib.h"
+#include "system/NumberLib.h"
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/Guide.h"
 #include "ui/common/Pictures.h"
-#include "ui/details/frmDetails.h"
-#include "ui/main/WindowPlace.h"
-#include "ui/map/frmMap.h"
+#include "ui/main/AirmailCommands.h"
+#include "ui/main/ClockLine.h"
+#include "ui/main/FileCommands.h"
+#include "ui/main/PositionEntry.h"
+#include "ui/main/StatusLine.h"
+#include "ui/main/TableView.h"
 #include "ui/options/AppIcon.h"
-#include "ui/options/frmAbout.h"
-#include "ui/options/frmOptions.h"
-
-namespace {
-
-constexpr int kClockTick = 60000;  // ms; the clock shows minutes only
-
-}  // namespace
 
 frmMain::frmMain(QWidget* pParent) : QMainWindow(pParent)
 {
     setupUi(this);
-    ControlsSetUp();
-    SignalsConnect();
+    TitleSet({});
+    setWindowIcon(AppIconGet());
+    PartsMake();
+    EntryConnect();
+    TableConnect();
+    ButtonsConnect();
     MenusConnect();
     Initialize();
 }
 
-frmMain::~frmMain() { WindowsUnload(); }
+frmMain::~frmMain() { m_windows.Unload(); }
 
-void frmMain::ControlsSetUp()
+void frmMain::PartsMake()
 {
-    setWindowTitle(QApplication::applicationDisplayName());
-    setWindowIcon(AppIconGet());
     mnuTransmitter = new StationMenu(this);
     tmrTime = new QTimer(this);
     tmrTime->setObjectName(QStringLiteral("tmrTime"));
-    for (LocationField* pField : {txtLon0, txtLon1}) pField->KindSet(LocationKind::Longitude);
-    const auto Pair = [](LocationField* pLat, LocationField* pLon) {
-        pLat->PairSet(pLon);
-        pLon->PairSet(pLat);
-    };
-    Pair(txtLat0, txtLon0);
-    Pair(txtLat1, txtLon1);
     for (QPushButton* pButton : {cmdRcMap, cmdTxMap})
         pButton->setIcon(PictureGet(QStringLiteral("Map")));
-    grdData->HugSet(true);
     lblOld->setVisible(false);
-    // What went wrong comes first: where both do not fit, what is in force is cut. The window does
-    // not grow for either; the tooltips have all of the texts.
-    lblTrouble = new ElidedLabel(this);
-    lblTrouble->setObjectName(QStringLiteral("lblTrouble"));
-    lblTrouble->setContentsMargins(fontMetrics().averageCharWidth(), 0, 0, 0);
-    lblInForce = new ElidedLabel(this);
-    lblInForce->setObjectName(QStringLiteral("lblInForce"));
-    lblInForce->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    lblInForce->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    statusbar->addWidget(lblTrouble);
-    statusbar->addWidget(lblInForce, 1);
+    m_pCommands = new CommandQueue(this);
+    m_pEntry = new PositionEntry({txtLat0, txtLon0, txtLat1, txtLon1}, this);
+    m_pStatus = new StatusLine(*statusbar, this);
+    lblTrouble = m_pStatus->lblTrouble;
+    lblInForce = m_pStatus->lblInForce;
+    m_pClock = new ClockLine(*tmrTime, *lblTime, m_settings, this);
+    m_pFile = new FileCommands(*this, *this, this);
+    m_pAirmail = new AirmailCommands(*this, *mnuTransmitter, this);
+    m_table.emplace(*grdData, m_settings);
+    m_run.emplace(m_settings, *grdData);
+    connect(m_pCommands, &CommandQueue::UpdateAsked, this, &frmMain::Update);
+    connect(m_pFile, &FileCommands::Noticed, m_pStatus, &StatusLine::NoticeSet);
+    connect(m_pAirmail, &AirmailCommands::StationTaken, this, &frmMain::TitleSet);
 }
 
-void frmMain::SignalsConnect()
+void frmMain::EntryConnect()
 {
-    grdData->SpeechSet([this](int iRow, int iCol) { return Speech(iRow, iCol); });
-    for (LocationField* pField : {txtLat0, txtLon0, txtLat1, txtLon1}) {
-        connect(pField, &LocationField::Edited, this, [this, pField] {
-            cmdUpdate->setEnabled(true);
-            pField->MarkSet({});
-            HintSet({});
-        });
-        connect(pField, &LocationField::Hinted, this,
-                [this](const QString& sAdvice) { HintSet(sAdvice.toStdString()); });
-    }
-    for (LocationField* pField : {txtLat1, txtLon1})
-        connect(pField, &QLineEdit::textChanged, this, &frmMain::TransmitterTyped);
-    const auto ButtonConnect = [this](QPushButton* pButton, void (frmMain::*pfnClick)()) {
-        connect(pButton, &QPushButton::clicked, this,
-                [this, pfnClick] { Command([this, pfnClick] { (this->*pfnClick)(); }); });
-    };
-    ButtonConnect(cmdUpdate, &frmMain::cmdUpdateClick);
-    ButtonConnect(cmdRcAirmail, &frmMain::cmdRcAirmailClick);
-    ButtonConnect(cmdTxAirmail, &frmMain::cmdTxAirmailClick);
-    ButtonConnect(cmdRcMap, &frmMain::mnuViewWorldMapClick);
-    ButtonConnect(cmdTxMap, &frmMain::mnuViewWorldMapClick);
-    connect(mnuTransmitter, &StationMenu::StationChosen, this, [this](const Station& station) {
-        Command([this, station] { StationChoose(station); });
+    connect(m_pEntry, &PositionEntry::Edited, this, [this] {
+        cmdUpdate->setEnabled(true);
+        HintSet({});
     });
+    connect(m_pEntry, &PositionEntry::Hinted, this, &frmMain::HintSet);
+    connect(m_pEntry, &PositionEntry::TransmitterChanged, this, [this] { TitleSet({}); });
+    connect(m_pEntry, &PositionEntry::Refused, this, &frmMain::PositionRefused);
+}
+
+void frmMain::TableConnect()
+{
     const auto CellClick = [this](int iRow, int iCol) {
-        Command([this, iRow, iCol] { grdDataClick(iRow, iCol); });
+        m_pCommands->Do([this, iRow, iCol] { grdDataClick(iRow, iCol); });
     };
     connect(grdData, &GridControl::CellClicked, this, CellClick);
     connect(grdData, &GridControl::EnterPressed, this, CellClick);
     connect(grdData, &GridControl::CellPressed, this, &frmMain::grdDataMouseDown);
     connect(grdData, &GridControl::CellMenu, this, &frmMain::grdDataMenu);
-    connect(grdData, &GridControl::MouseMoved, this, &frmMain::grdDataMouseMove);
-    connect(tmrTime, &QTimer::timeout, this, &frmMain::tmrTimeTick);
 }
 
-void frmMain::CommandConnect(QAction* pAction, void (frmMain::*pfnCommand)())
+void frmMain::CommandConnect(QPushButton* pButton, std::function<void()> fnCommand)
+{
+    connect(pButton, &QPushButton::clicked, this,
+            [this, fnCommand = std::move(fnCommand)] { m_pCommands->Do(fnCommand); });
+}
+
+void frmMain::CommandConnect(QAction* pAction, std::function<void()> fnCommand)
 {
     connect(pAction, &QAction::triggered, this,
-            [this, pfnCommand] { Command([this, pfnCommand] { (this->*pfnCommand)(); }); });
+            [this, fnCommand = std::move(fnCommand)] { m_pCommands->Do(fnCommand); });
+}
+
+void frmMain::ButtonsConnect()
+{
+    CommandConnect(cmdUpdate, [this] { cmdUpdateClick(); });
+    CommandConnect(cmdRcAirmail, [this] { m_pAirmail->ReceiverTake(); });
+    CommandConnect(cmdTxAirmail, [this] { m_pAirmail->StationsShow(); });
+    for (QPushButton* pButton : {cmdRcMap, cmdTxMap})
+        CommandConnect(pButton, [this] { m_windows.MapShow(); });
+    connect(mnuTransmitter, &StationMenu::StationChosen, this, [this](const Station& station) {
+        m_pCommands->Do([this, station] { m_pAirmail->StationTake(station); });
+    });
 }
 
 void frmMain::MenusConnect()
 {
-    CommandConnect(mnuFileDefault, &frmMain::mnuFileDefaultClick);
-    CommandConnect(mnuFileOpen, &frmMain::mnuFileOpenClick);
-    CommandConnect(mnuFileSave, &frmMain::mnuFileSaveClick);
-    CommandConnect(mnuFileExit, &frmMain::mnuFileExitClick);
-    CommandConnect(mnuViewWorldMap, &frmMain::mnuViewWorldMapClick);
-    CommandConnect(mnuViewDetailData, &frmMain::mnuViewDetailDataClick);
+    CommandConnect(mnuFileDefault, [this] { m_pFile->Default(); });
+    CommandConnect(mnuFileOpen, [this] { m_pFile->Open(); });
+    CommandConnect(mnuFileSave, [this] { m_pFile->Save(); });
+    CommandConnect(mnuFileExit, [this] { close(); });
+    CommandConnect(mnuViewWorldMap, [this] { m_windows.MapShow(); });
+    CommandConnect(mnuViewDetailData, [this] { mnuViewDetailDataClick(); });
     connect(mnuHelpGuide, &QAction::triggered, this, [] { GuideShow(ProgramFolderGet()); });
-    CommandConnect(mnuHelpAbout, &frmMain::mnuHelpAboutClick);
+    CommandConnect(mnuHelpAbout, [this] { m_windows.AboutShow(); });
     connect(mnuView, &QMenu::aboutToShow, this, &frmMain::mnuViewOpen);
     int iTab = 0;
     for (QAction* pAction :
          {mnuOptionsAirMail, mnuOptionsModel, mnuOptionsFrequency, mnuOptionsTime, mnuOptionsMap}) {
-        connect(pAction, &QAction::triggered, this,
-                [this, iTab] { Command([this, iTab] { OptionsShow(iTab); }); });
+        CommandConnect(pAction, [this, iTab] { m_windows.OptionsShow(iTab); });
         ++iTab;
     }
 }
@@ -147,34 +145,13 @@ float frmMain::FrequencyGet(int iIndex) const { return m_settings.FrequencyGet(i
 
 void frmMain::FrequencySet(int iIndex, float fValue) { m_settings.FrequencySet(iIndex, fValue); }
 
-Request frmMain::TableInputGet() const
-{
-    return m_table.nData > 0 ? m_table.request : RequestFromSettings(m_settings);
-}
-
 SelectedCell frmMain::DataGetSelected() const { return m_settings.m_selected; }
 
-void frmMain::ProfileRead()
-{
-    QRect rectOuter = m_rectOuter.value_or(frameGeometry());
-    bool bPlaced = false;
-    const auto resDropped = ProfileLoad(m_settings, [&](WindowKey eKey, float fTwips) {
-        WindowKeyApply(rectOuter, eKey, fTwips);
-        bPlaced = true;
-    });
-    m_sNotice = StatusProfile(resDropped);
-    if (!bPlaced)
-        return;
-    WindowOuterSet(*this, rectOuter);
-    if (!m_bPainted)
-        m_rectOuter = rectOuter;
-}
+std::uint32_t frmMain::SnrGetColor(float fSnr) const { return ::SnrGetColor(fSnr); }
 
-void frmMain::ProfileWrite()
+void frmMain::DataSetSelected(int iRow, int iCol)
 {
-    Messages aMessages;
-    ProfileSave(m_settings, WindowDataGet(*this), &aMessages);
-    MsgShow(aMessages);
+    m_settings.m_selected = m_table->Mark({iRow, iCol});
 }
 
 void frmMain::showEvent(QShowEvent* pEvent)
@@ -190,8 +167,8 @@ void frmMain::ActivationBegin()
     m_bActivating = true;
     for (QPushButton* pButton : {cmdRcAirmail, cmdTxAirmail})
         pButton->setIcon(PictureGet(QStringLiteral("Airmail")));
-    HourHeaderLayout();
-    FrequencyRowsLayout();
+    m_table->HoursLayout();
+    RowsLayout();
     const QRect rectScreen = screen()->availableGeometry();
     // The table has only now got its columns; the layouts would learn of that by an event to come.
     for (QLayout* pLayout : {pnlMain->layout(), centralwidget->layout(), layout()}) {
@@ -199,11 +176,11 @@ void frmMain::ActivationBegin()
         pLayout->activate();
     }
     resize(sizeHint().boundedTo(rectScreen.size()));
-    ProfileRead();
+    m_pFile->ProfileRead();
     AirMailFoldersFind();
-    FrequencyRowsLayout();
-    PositionsShow();
-    tmrTime->start(kClockTick);
+    RowsLayout();
+    m_pEntry->Show(m_settings);
+    m_pClock->Start();
 }
 
 /// The first prediction waits until the window is on the screen, so that a slow engine does not
@@ -211,23 +188,19 @@ void frmMain::ActivationBegin()
 void frmMain::paintEvent(QPaintEvent* pEvent)
 {
     QMainWindow::paintEvent(pEvent);
-    if (m_bPainted)
+    if (std::exchange(m_bPainted, true))
         return;
-    m_bPainted = true;
     QTimer::singleShot(0, this, &frmMain::ActivationEnd);
 }
 
 void frmMain::ActivationEnd()
 {
-    // Only now the window's frame is known, so that the outer size of the profile can be met.
-    if (m_rectOuter)
-        WindowOuterSet(*this, *m_rectOuter);
-    m_rectOuter.reset();
+    m_pFile->FrameKnown();
     grdData->RedrawSet(false);
-    HourHeaderLayout();
+    m_table->HoursLayout();
     if (Update()) {
         CurrentHourSelect(m_settings.m_selected.iFrequency);
-        tmrTimeTick();
+        m_pClock->Tick();
     }
     m_bActivated = true;
     Q_EMIT Activated();
@@ -235,22 +208,193 @@ void frmMain::ActivationEnd()
 
 void frmMain::closeEvent(QCloseEvent* pEvent)
 {
-    if (m_bRunning) {
-        m_aWaiting.emplace_back([this] { close(); });
+    if (m_pCommands->RunningIs()) {
+        m_pCommands->Do([this] { close(); });
         pEvent->ignore();
         return;
     }
-    WindowsUnload();
-    if (!m_bUnloaded)
-        ProfileWrite();
-    m_bUnloaded = true;
+    m_windows.Unload();
+    if (!std::exchange(m_bUnloaded, true))
+        m_pFile->ProfileWrite();
+    m_pCommands->End();
     pEvent->accept();
 }
 
-void frmMain::WindowsUnload()
+bool frmMain::Update()
 {
-    delete m_pAbout;
-    delete m_pDetails;
-    delete m_pMap;
-    delete m_pOptions;
+    if (m_pCommands->RunningIs()) {
+        m_pCommands->UpdateWant();
+        return false;
+    }
+    const CommandQueue::Run run(*m_pCommands);
+    const int iRow = m_settings.m_selected.iFrequency;
+    const int iRowChosen = iRow == -1 ? m_iRowChosen : iRow;
+    m_pStatus->RunBegin();
+    grdData->RedrawSet(false);
+    LayoutRenew(iRowChosen);
+    m_windows.Update();
+    const bool bOk = PredictionRun();
+    if (bOk)
+        SuccessShow();
+    else
+        FailureShow();
+    m_iRowChosen = bOk ? -1 : iRowChosen;
+    m_pStatus->TroubleSet(m_run->TroubleGet());
+    StatusShow();
+    grdData->RedrawSet(true);
+    return bOk;
+}
+
+/// What the settings alone decide, shown before the run.
+void frmMain::LayoutRenew(int iRow)
+{
+    m_table->HoursLayout();
+    RowsLayout();
+    CurrentHourSelect(iRow);
+    m_pClock->Tick();
+    m_pEntry->Show(m_settings);
+}
+
+void frmMain::RowsLayout()
+{
+    TableRowsLayout(RequestFromSettings(m_settings), m_run->TableGet(), *grdData);
+}
+
+void frmMain::CurrentHourSelect(int iRow) { DataSetSelected(iRow, UtcNow().nHour + 1); }
+
+bool frmMain::PredictionRun()
+{
+    const QPointer<QWidget> pFocus = QApplication::focusWidget();
+    const bool bOk = m_run->Make();
+    if (bOk) {
+        RangeShow();
+        TableShow(m_run->TableGet(), *grdData);
+    }
+    // Once: repaints and timers. What the user types and clicks waits for the end of the run.
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    if (pFocus && pFocus != QApplication::focusWidget())
+        pFocus->setFocus();
+    return bOk;
+}
+
+void frmMain::RangeShow()
+{
+    const PropagationTable& table = m_run->TableGet();
+    const auto Show = [](QLabel* pLabel, const QString& sWhat, float fValue) {
+        pLabel->setText(sWhat + QString::fromStdString(NumberFormat(fValue, "0")));
+    };
+    Show(lblRange, QStringLiteral("Range:  "), table.fRange);
+    Show(lblRcBearing, QStringLiteral("Bearing Rc:  "), table.fAzimuthTxRc);
+    Show(lblTxBearing, QStringLiteral("Bearing Tx:  "), table.fAzimuthRcTx);
+}
+
+void frmMain::SuccessShow()
+{
+    DetailsFill();
+    const SelectedCell cell = m_settings.m_selected;
+    if (cell.iFrequency != -1 && cell.iHour != -1)
+        grdData->CurrentSet(cell.iFrequency, cell.iHour);
+    cmdUpdate->setEnabled(false);
+}
+
+/// The old table stays in force, under the labels of the list that it was made for.
+void frmMain::FailureShow()
+{
+    DataSetSelected(-1, -1);
+    if (m_run->TableIs()) {
+        TableRowsLayout(m_run->TableGet().request, m_run->TableGet(), *grdData);
+        TableShow(m_run->TableGet(), *grdData);
+    }
+    cmdUpdate->setEnabled(true);
+}
+
+void frmMain::StatusShow()
+{
+    m_pStatus->Show(m_run->InForceGet());
+    grdData->StaleSet(m_run->OldIs());
+    lblOld->setVisible(m_run->OldIs() && m_run->TableIs());
+}
+
+void frmMain::HintSet(const QString& sHint)
+{
+    if (m_pStatus->HintSet(sHint.toStdString()) && !m_pCommands->RunningIs())
+        StatusShow();
+}
+
+void frmMain::OverlayFailedSet(const std::optional<Failure>& failure)
+{
+    m_pStatus->OverlayTroubleSet(
+        failure ? StatusTrouble(RunTrouble::Overlay, m_settings.m_iPropagationModel, failure)
+                : std::string());
+    if (!m_pCommands->RunningIs())  // the end of the run shows it
+        StatusShow();
+}
+
+void frmMain::cmdUpdateClick()
+{
+    if (m_pEntry->Take(m_settings))
+        Update();
+}
+
+void frmMain::PositionRefused(const QString& sWhy)
+{
+    m_pStatus->TroubleSet("No prediction: " + sWhy.toStdString() + ". Correct it, then Update");
+    m_pStatus->HintSet({});
+    StatusShow();
+}
+
+void frmMain::TitleSet(const QString& sStation)
+{
+    const QString sTitle = QApplication::applicationDisplayName();
+    setWindowTitle(sStation.isEmpty() ? sTitle : sTitle + QStringLiteral(" - ") + sStation);
+}
+
+void frmMain::grdDataClick(int iRow, int iCol)
+{
+    DataSetSelected(iRow, iCol);
+    DetailsShow();
+    grdData->CurrentSet(iRow, iCol);
+}
+
+void frmMain::grdDataMouseDown(int iRow, int iCol, Qt::MouseButton eButton)
+{
+    if (eButton == Qt::RightButton && GridPlace{iRow, iCol}.DataIs())
+        grdDataMenu(iRow, iCol, QCursor::pos());
+}
+
+void frmMain::grdDataMenu(int iRow, int iCol, const QPoint& pntGlobal)
+{
+    m_pCommands->Do([this, iRow, iCol, pntGlobal] {
+        DataSetSelected(iRow, iCol);
+        mnuView->popup(pntGlobal);
+    });
+}
+
+void frmMain::mnuViewOpen()
+{
+    const SelectedCell cell = m_settings.m_selected;
+    mnuViewDetailData->setEnabled(cell.iFrequency != -1 && cell.iHour != -1);
+}
+
+void frmMain::mnuViewDetailDataClick()
+{
+    if (DetailsShow())
+        m_windows.DetailsRaise();
+}
+
+/// The details of the selected cell. @return false when none is selected
+bool frmMain::DetailsShow()
+{
+    const SelectedCell cell = m_settings.m_selected;
+    if (cell.iFrequency == -1 || cell.iHour == -1)
+        return false;
+    m_windows.DetailsShow(*grdData);
+    DetailsFill();
+    return true;
+}
+
+void frmMain::DetailsFill()
+{
+    const SelectedCell cell = m_settings.m_selected;
+    m_windows.DetailsFill(cell, m_table->TimeGet(cell.iHour), m_run->TableGet());
 }

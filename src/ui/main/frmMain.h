@@ -1,6 +1,7 @@
 /// @file frmMain.h
 /// The main window: owner of the settings, the prediction table and the selected cell, and the only
-/// place from which a prediction is started.
+/// place from which a prediction is started. What it does is done by its parts, one subject each;
+/// it joins them.
 ///
 /// Errors:  a failure is told in a box where it is met; the status line says what to do. No failure
 ///          ends the program.
@@ -13,20 +14,22 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "propagation/PropagationTable.h"
 #include "settings/Settings.h"
 #include "ui/common/MainWindowHost.h"
+#include "ui/main/CommandQueue.h"
+#include "ui/main/MainTable.h"
+#include "ui/main/SideWindows.h"
 #include "ui/main/StationMenu.h"
-#include "ui/main/StatusText.h"
+#include "ui/main/TableRun.h"
 #include "ui_frmMain.h"
 
+class AirmailCommands;
+class ClockLine;
+class FileCommands;
+class PositionEntry;
 class QTimer;
-class frmAbout;
-class frmDetails;
-class frmMap;
-class frmOptions;
+class StatusLine;
 
 class frmMain final : public QMainWindow, public Ui::frmMain, public MainWindowHost {
     Q_OBJECT
@@ -46,9 +49,9 @@ public:
     [[nodiscard]] SelectedCell DataGetSelected() const override;
 
     [[nodiscard]] Settings& SettingsGet() override { return m_settings; }
-    [[nodiscard]] Request TableInputGet() const override;
+    [[nodiscard]] Request TableInputGet() const override { return m_run->InputGet(); }
     void OverlayFailedSet(const std::optional<Failure>& failure) override;
-    [[nodiscard]] const PropagationTable& TableGet() const { return m_table; }
+    [[nodiscard]] const PropagationTable& TableGet() const { return m_run->TableGet(); }
     /// The first showing is over: profile read, first prediction done.
     [[nodiscard]] bool ActivatedIs() const { return m_bActivated; }
 
@@ -57,11 +60,16 @@ public:
     QTimer* tmrTime;
     QLabel* lblTrouble;  ///< status line: what went wrong last and what to do about it
     QLabel* lblInForce;  ///< status line: engine, month, sunspot number of the table
+
+private:
+    SideWindows m_windows{*this, *this};
+
+public:
     // The windows beside this one; null while closed.
-    QPointer<frmAbout> m_pAbout;
-    QPointer<frmDetails> m_pDetails;
-    QPointer<frmMap> m_pMap;
-    QPointer<frmOptions> m_pOptions;
+    const QPointer<frmAbout>& m_pAbout = m_windows.m_pAbout;
+    const QPointer<frmDetails>& m_pDetails = m_windows.m_pDetails;
+    const QPointer<frmMap>& m_pMap = m_windows.m_pMap;
+    const QPointer<frmOptions>& m_pOptions = m_windows.m_pOptions;
 
 Q_SIGNALS:
     void Activated();  ///< after the first showing's prediction
@@ -72,77 +80,49 @@ protected:
     void closeEvent(QCloseEvent* pEvent) override;
 
 private:
-    // frmMain.cpp: construction, start and end
-    void ControlsSetUp();
-    void SignalsConnect();
+    void PartsMake();
+    void EntryConnect();
+    void TableConnect();
+    void ButtonsConnect();
     void MenusConnect();
-    void CommandConnect(QAction* pAction, void (frmMain::*pfnCommand)());
+    void CommandConnect(QAction* pAction, std::function<void()> fnCommand);
+    void CommandConnect(QPushButton* pButton, std::function<void()> fnCommand);
     void ActivationBegin();
     void ActivationEnd();
-    void ProfileRead();
-    void ProfileWrite();
-    void WindowsUnload();
 
-    // frmMainUpdate.cpp: the road to a prediction
-    class RunScope;
-    void HourHeaderLayout();
-    void FrequencyRowsLayout();
-    void CurrentHourSelect(int iRow);
-    void PositionsShow();
+    // The steps of an update.
+    void LayoutRenew(int iRow);
     bool PredictionRun();
-    bool PredictionMake();
-    bool TableMake();
+    void SuccessShow();
     void FailureShow();
-    bool TroubleSet(RunTrouble eTrouble, const std::optional<Failure>& failure = {});
+    void RowsLayout();
+    void CurrentHourSelect(int iRow);
     void RangeShow();
-    void CellMark(const SelectedCell& cell, bool bMark);
-    [[nodiscard]] int HourOffset() const;
     void StatusShow();
-    void HintSet(const std::string& sHint);
-    void Command(std::function<void()> fnCommand);
-    void WaitingRun();
+    void HintSet(const QString& sHint);
 
-    // frmMainCommands.cpp: what the user does
-    void mnuFileDefaultClick();
-    void mnuFileOpenClick();
-    void mnuFileSaveClick();
-    void mnuFileExitClick();
-    void mnuViewOpen();
-    void mnuViewWorldMapClick();
-    void mnuHelpAboutClick();
-    void mnuViewDetailDataClick();
     void cmdUpdateClick();
-    void cmdRcAirmailClick();
-    void cmdTxAirmailClick();
-    void StationChoose(const Station& station);
     void grdDataClick(int iRow, int iCol);
     void grdDataMouseDown(int iRow, int iCol, Qt::MouseButton eButton);
     void grdDataMenu(int iRow, int iCol, const QPoint& pntGlobal);
-    void grdDataMouseMove(int iRow, int iCol);
-    void tmrTimeTick();
-    void TransmitterTyped();
-    bool PositionTake(LocationField& field, double& dValue);
-    void PositionRefuse(LocationField& field, const std::string& sWhy);
-    void DetailsRefresh();
+    void mnuViewOpen();
+    void mnuViewDetailDataClick();
+    bool DetailsShow();
     void DetailsFill();
-    void OptionsShow(int iTab);
-    [[nodiscard]] QString Speech(int iRow, int iCol) const;
+    void PositionRefused(const QString& sWhy);
+    void TitleSet(const QString& sStation);
 
-    PropagationTable m_table;
-    SelectedCell m_marked{-1, -1};     ///< the cell that bears the mark in the grid
-    std::optional<QRect> m_rectOuter;  ///< place from the profile, until the frame is known
-    int m_iRowChosen = -1;             ///< selected before the run that failed, for the next one
-    std::string m_sTrouble;            ///< of the last run, empty when all of it succeeded
-    std::string m_sHint;               ///< on the last key or paste, until the next one or a run
-    std::string m_sOverlayTrouble;     ///< of the map's overlay since the last run began
-    bool m_bOld = false;               ///< the table is that of an earlier run
-    std::string m_sNotice;             ///< told once by the status line, after the next run
-    bool m_bSunSpotNumber = true;      ///< the last run had a sunspot number
+    CommandQueue* m_pCommands = nullptr;
+    PositionEntry* m_pEntry = nullptr;
+    StatusLine* m_pStatus = nullptr;
+    ClockLine* m_pClock = nullptr;
+    FileCommands* m_pFile = nullptr;
+    AirmailCommands* m_pAirmail = nullptr;
+    std::optional<MainTable> m_table;
+    std::optional<TableRun> m_run;
+    int m_iRowChosen = -1;  ///< selected before the run that failed, for the next one
     bool m_bActivated = false;
     bool m_bActivating = false;
     bool m_bPainted = false;
     bool m_bUnloaded = false;
-    bool m_bRunning = false;
-    bool m_bUpdateWanted = false;
-    std::vector<std::function<void()>> m_aWaiting;
 };

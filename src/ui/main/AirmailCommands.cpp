@@ -1,0 +1,64 @@
+#include "ui/main/AirmailCommands.h"
+
+#include <QCursor>
+
+#include "airmail/AirMailLib.h"
+#include "system/ClockLib.h"
+#include "system/MsgLib.h"
+#include "system/TextLib.h"
+#include "ui/common/MainWindowHost.h"
+
+namespace {
+
+/// What Airmail's reader answered, told where it failed.
+bool AnswerTell(const Messages& aMessages, const Result<bool>& res, const std::string& sWhat)
+{
+    MsgShow(aMessages);
+    if (!res)
+        MsgBox(MsgIcon::None, "Airmail's " + sWhat + ": " + res.TextGet());
+    return res && res.ValueGet();
+}
+
+}  // namespace
+
+AirmailCommands::AirmailCommands(MainWindowHost& host, StationMenu& menu, QObject* pParent)
+    : QObject(pParent), m_host(host), m_menu(menu)
+{
+}
+
+void AirmailCommands::ReceiverTake()
+{
+    double dLat = 0.0;
+    double dLon = 0.0;
+    DateTime dtTime;
+    Messages aMessages;
+    const auto res = AirMailPositionGet(dLat, dLon, dtTime, &aMessages);
+    if (!AnswerTell(aMessages, res, "position"))
+        return;
+    m_host.SettingsGet().m_dRcLat = dLat;
+    m_host.SettingsGet().m_dRcLon = dLon;
+    m_host.Update();
+}
+
+void AirmailCommands::StationsShow()
+{
+    m_menu.ReceiverSet(m_host.SettingsGet().m_dRcLat, m_host.SettingsGet().m_dRcLon);
+    if (m_menu.Build())
+        m_menu.popup(QCursor::pos());
+}
+
+void AirmailCommands::StationTake(const Station& station)
+{
+    double dLat = 0.0;
+    double dLon = 0.0;
+    Messages aMessages;
+    const auto res =
+        AirMailStationPosition(station.sSystem, station.sKey, dLat, dLon, true, aMessages);
+    if (!AnswerTell(aMessages, res, "station " + TextForMessage(station.sKey)))
+        return;
+    m_host.SettingsGet().m_dTxLat = dLat;
+    m_host.SettingsGet().m_dTxLon = dLon;
+    m_host.Update();
+    Q_EMIT StationTaken(
+        QString::fromStdString(TextForMessage(station.sKey + " - " + station.sName)));
+}

@@ -1,0 +1,39 @@
+#include "ui/main/CommandQueue.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <utility>
+
+CommandQueue::Run::Run(CommandQueue& queue) : m_queue(queue)
+{
+    m_queue.m_bRunning = true;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+CommandQueue::Run::~Run()
+{
+    QApplication::restoreOverrideCursor();
+    m_queue.m_bRunning = false;
+    if (m_queue.m_bUpdateWanted || !m_queue.m_aWaiting.empty())
+        QTimer::singleShot(0, &m_queue, &CommandQueue::WaitingDo);
+}
+
+void CommandQueue::Do(std::function<void()> fnCommand)
+{
+    if (m_bRunning)
+        m_aWaiting.push_back(std::move(fnCommand));
+    else
+        fnCommand();
+}
+
+/// What was asked for during the run, in its order.
+void CommandQueue::WaitingDo()
+{
+    if (m_bRunning)
+        return;  // the end of that run comes here again
+    if (std::exchange(m_bUpdateWanted, false))
+        Q_EMIT UpdateAsked();
+    for (const auto& fnCommand : std::exchange(m_aWaiting, {}))
+        if (!m_bEnded)
+            Do(fnCommand);
+}

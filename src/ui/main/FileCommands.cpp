@@ -1,0 +1,82 @@
+#include "ui/main/FileCommands.h"
+
+#include <QWidget>
+
+#include "settings/ProfileLib.h"
+#include "system/MsgLib.h"
+#include "ui/common/FileDialog.h"
+#include "ui/common/MainWindowHost.h"
+#include "ui/main/StatusText.h"
+#include "ui/main/WindowPlace.h"
+
+namespace {
+
+constexpr const char* kProfileFilter = "File (*.ini)|*.ini";
+
+/// Asks for the file of the profile. @return false when the user gave none
+bool ProfileAsk(QWidget& window, FileDialogKind eKind, std::string& sFile)
+{
+    const QString sChosen = FileDialogShow(
+        &window, {eKind, QString::fromStdString(sFile), QString::fromLatin1(kProfileFilter)});
+    if (!sChosen.isEmpty())
+        sFile = sChosen.toStdString();
+    return !sChosen.isEmpty();
+}
+
+}  // namespace
+
+FileCommands::FileCommands(QWidget& window, MainWindowHost& host, QObject* pParent)
+    : QObject(pParent), m_window(window), m_host(host)
+{
+}
+
+void FileCommands::Default()
+{
+    m_host.Initialize();
+    m_host.Update();
+}
+
+void FileCommands::Open()
+{
+    if (!ProfileAsk(m_window, FileDialogKind::Open, m_host.SettingsGet().m_sProfileFile))
+        return;
+    ProfileRead();
+    m_host.Update();
+}
+
+void FileCommands::Save()
+{
+    if (ProfileAsk(m_window, FileDialogKind::Save, m_host.SettingsGet().m_sProfileFile))
+        ProfileWrite();
+}
+
+void FileCommands::ProfileRead()
+{
+    QRect rectOuter = m_rectOuter.value_or(m_window.frameGeometry());
+    bool bPlaced = false;
+    const auto resDropped = ProfileLoad(m_host.SettingsGet(), [&](WindowKey eKey, float fTwips) {
+        WindowKeyApply(rectOuter, eKey, fTwips);
+        bPlaced = true;
+    });
+    Q_EMIT Noticed(StatusProfile(resDropped));
+    if (!bPlaced)
+        return;
+    WindowOuterSet(m_window, rectOuter);
+    if (!m_bFrameKnown)
+        m_rectOuter = rectOuter;
+}
+
+void FileCommands::ProfileWrite()
+{
+    Messages aMessages;
+    ProfileSave(m_host.SettingsGet(), WindowDataGet(m_window), &aMessages);
+    MsgShow(aMessages);
+}
+
+void FileCommands::FrameKnown()
+{
+    m_bFrameKnown = true;
+    if (m_rectOuter)
+        WindowOuterSet(m_window, *m_rectOuter);
+    m_rectOuter.reset();
+}

@@ -1,0 +1,88 @@
+#include "ui/main/SideWindows.h"
+
+#include "ui/common/MainWindowHost.h"
+#include "ui/details/frmDetails.h"
+#include "ui/main/WindowPlace.h"
+#include "ui/map/frmMap.h"
+#include "ui/options/frmAbout.h"
+#include "ui/options/frmOptions.h"
+
+namespace {
+
+/// Shows a window, or brings the one that is there to the front.
+void WindowRaise(QWidget& window)
+{
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+}  // namespace
+
+SideWindows::SideWindows(QWidget& window, MainWindowHost& host) : m_window(window), m_host(host) {}
+
+void SideWindows::AboutShow()
+{
+    if (!m_pAbout)
+        m_pAbout = new frmAbout;
+    WindowRaise(*m_pAbout);
+}
+
+void SideWindows::MapShow()
+{
+    if (!m_pMap) {
+        m_pMap = new frmMap(m_host);
+        WindowFit(*m_pMap, m_window);
+        QObject::connect(m_pMap, &QObject::destroyed, &m_window,
+                         [this] { m_host.OverlayFailedSet({}); });
+    }
+    WindowRaise(*m_pMap);
+}
+
+void SideWindows::OptionsShow(int iTab)
+{
+    if (!m_pOptions)
+        m_pOptions = new frmOptions(m_host);
+    WindowRaise(*m_pOptions);
+    m_pOptions->TabShow(iTab);
+}
+
+void SideWindows::DetailsShow(GridControl& grdMain)
+{
+    if (!m_pDetails) {
+        m_pDetails = new frmDetails(m_host, grdMain);
+        WindowPutBeside(*m_pDetails, m_window);
+    }
+    if (!m_pDetails->isVisible())
+        m_pDetails->show();
+}
+
+void SideWindows::DetailsRaise()
+{
+    if (m_pDetails)
+        WindowRaise(*m_pDetails);
+}
+
+void SideWindows::DetailsFill(const SelectedCell& cell, const QString& sTime,
+                              const PropagationTable& table)
+{
+    if (m_pDetails && m_pDetails->isVisible() && cell.iHour != -1)
+        m_pDetails->Update(cell.iFrequency, cell.iHour, sTime, table);
+}
+
+void SideWindows::Update()
+{
+    if (m_pMap)
+        m_pMap->Update();
+    if (m_pOptions)
+        m_pOptions->Update();
+}
+
+void SideWindows::Unload()
+{
+    delete m_pAbout;
+    delete m_pDetails;
+    delete m_pMap;
+    delete m_pOptions;
+}

@@ -1,0 +1,48 @@
+/// @file SideWindows.h
+/// The windows beside the main one: opened once, brought to the front after that.
+///
+/// Tests:   tests/ui/main/FrmMainStartTest.cpp, FrmMainSelectionTest.cpp
+#pragma once
+
+#include <QPointer>
+
+#include "propagation/PropagationTable.h"
+#include "settings/Settings.h"
+
+class GridControl;
+class MainWindowHost;
+class QWidget;
+class frmAbout;
+class frmDetails;
+class frmMap;
+class frmOptions;
+
+class SideWindows {
+public:
+    /// @param window  the main window, as host and as the place beside which the others appear
+    SideWindows(QWidget& window, MainWindowHost& host);
+
+    void AboutShow();
+    void MapShow();
+    void OptionsShow(int iTab);
+    /// Shows the details of a cell; without activating a window that is there.
+    void DetailsShow(GridControl& grdMain);
+    void DetailsRaise();
+    /// An open details window follows every new table, also when no row is selected (one that a
+    /// shorter list lacks, or after a failed run): then it highlights none.
+    void DetailsFill(const SelectedCell& cell, const QString& sTime, const PropagationTable& table);
+    /// What follows the settings, before a run.
+    void Update();
+    /// The owner calls it before its own end: a closing window still asks the host.
+    void Unload();
+
+    // Null while closed.
+    QPointer<frmAbout> m_pAbout;
+    QPointer<frmDetails> m_pDetails;
+    QPointer<frmMap> m_pMap;
+    QPointer<frmOptions> m_pOptions;
+
+private:
+    QWidget& m_window;
+    MainWindowHost& m_host;
+};

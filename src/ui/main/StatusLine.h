@@ -1,0 +1,41 @@
+/// @file StatusLine.h
+/// The main window's status line: what went wrong last and what to do about it, then what the table
+/// was made with.
+///
+/// Texts:   one line each; the tooltips have all of what the line has no room for.
+/// Tests:   tests/ui/main/FrmMainUpdateTest.cpp
+#pragma once
+
+#include <QObject>
+#include <string>
+
+class ElidedLabel;
+class QStatusBar;
+
+class StatusLine final : public QObject {
+    Q_OBJECT
+public:
+    StatusLine(QStatusBar& bar, QObject* pParent);
+
+    /// A run begins: what was said of keys and of the overlay is over.
+    void RunBegin();
+    void TroubleSet(const std::string& sTrouble) { m_sTrouble = sTrouble; }
+    void OverlayTroubleSet(const std::string& sTrouble) { m_sOverlayTrouble = sTrouble; }
+    /// Told once, by the next Show.
+    void NoticeSet(const std::string& sNotice) { m_sNotice = sNotice; }
+    /// @return false when it says so already
+    bool HintSet(const std::string& sHint);
+    /// @param sInForce  what the table that is shown was made with
+    void Show(const std::string& sInForce);
+
+    ElidedLabel* lblTrouble;
+    ElidedLabel* lblInForce;
+
+private:
+    [[nodiscard]] std::string TroubleGet(const std::string& sNotice) const;
+
+    std::string m_sTrouble;         ///< of the last run, empty when all of it succeeded
+    std::string m_sHint;            ///< on the last key or paste, until the next one or a run
+    std::string m_sOverlayTrouble;  ///< of the map's overlay since the last run began
+    std::string m_sNotice;
+};
