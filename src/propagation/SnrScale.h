@@ -1,12 +1,16 @@
 /// @file SnrScale.h
-/// The colour scale of signal-to-noise ratios, the same in the table, the details and the map.
+/// The colour scale of signal-to-noise ratios, the same in the table, the details, the map, every
+/// legend and on a terminal.
 ///
 /// Units:   dB; colours 0x00BBGGRR (red in the low byte).
+/// Source:  contrast ratio and relative luminance: Web Content Accessibility Guidelines 2.1.
 /// Tests:   tests/propagation/SnrScaleTest.cpp
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 
 /// The lowest SNR that a table shows, dB.
 inline constexpr float kSnrLeast = -99.0F;
@@ -14,19 +18,40 @@ inline constexpr float kSnrLeast = -99.0F;
 /// What a table shows of an SNR: kSnrLeast for anything lower and for not-a-number.
 [[nodiscard]] float SnrShownGet(float fSnr);
 
+/// The sets of colours for the bands. Safe rises in lightness and keeps its bands apart for colour
+/// blind eyes; Night is red on black; Print is white and greys.
+enum class Palette { Standard, Safe, Night, Print };
+inline constexpr std::size_t kPaletteCount = 4;
+
 /// One step of the scale: from fLowest, inclusive, to the next step's.
 struct SnrBand {
     float fLowest;  ///< dB; minus infinity for the lowest band
     std::uint32_t nColor;
+    std::uint32_t nText;    ///< of a number on it
+    std::uint32_t nGround;  ///< under the number: the band's colour, or a plate of its own
+
+    bool operator==(const SnrBand&) const = default;
 };
 
 /// The steps from the best down; table, details, map and every legend are made from them.
-[[nodiscard]] std::span<const SnrBand> SnrBandsGet();
+[[nodiscard]] std::span<const SnrBand> SnrBandsGet(Palette ePalette = Palette::Standard);
 
-/// Colour of an SNR: bands of 5 dB from 40 dB to 70 dB, lower bounds inclusive; grey below 40 dB
-/// and for not-a-number. The jump from purple (55 dB) to blue (50 dB) is intended.
+/// The step of an SNR: 5 dB each from 40 dB to 70 dB, lower bounds inclusive; the lowest below
+/// 40 dB and for not-a-number.
+[[nodiscard]] const SnrBand& SnrBandGet(float fSnr, Palette ePalette = Palette::Standard);
+
+/// The standard colour of an SNR. The jump from purple (55 dB) to blue (50 dB) is intended.
 [[nodiscard]] std::uint32_t SnrGetColor(float fSnr);
 
-/// True when black text reads better than white on a colour (0x00BBGGRR): the contrast ratio of the
-/// Web Content Accessibility Guidelines (2.1, relative luminance).
+/// "70+", "65" ... "40", "< 40": a step in the legend of a table.
+/// @param iBand  from the best down
+[[nodiscard]] std::string SnrBandCaption(std::size_t iBand);
+
+/// The escape sequence that puts a number of a terminal into the colours of a step.
+[[nodiscard]] std::string SnrBandTerminal(const SnrBand& band);
+
+/// The contrast ratio of two colours, 1 to 21.
+[[nodiscard]] double ColorContrast(std::uint32_t nColor1, std::uint32_t nColor2);
+
+/// True when black text reads better than white on a colour.
 [[nodiscard]] bool ColorTakesBlackText(std::uint32_t nColor);

@@ -30,14 +30,7 @@ std::string MegahertzGet(float fKhz)
 /// Cell text in the colour of its value; black or white on it, whichever reads better.
 std::string CellColored(const std::string& sCell, float fSnr)
 {
-    const std::uint32_t nColor = SnrGetColor(fSnr);
-    const unsigned nRed = nColor & 0xFF;
-    const unsigned nGreen = (nColor >> 8) & 0xFF;
-    const unsigned nBlue = (nColor >> 16) & 0xFF;
-    std::array<char, 64> aCode{};
-    std::snprintf(aCode.data(), aCode.size(), "\x1b[%s;48;2;%u;%u;%um",
-                  ColorTakesBlackText(nColor) ? "30" : "97", nRed, nGreen, nBlue);
-    return aCode.data() + sCell + "\x1b[0m";
+    return SnrBandTerminal(SnrBandGet(fSnr)) + sCell + "\x1b[0m";
 }
 
 std::string HeadGet(const PredictRun& run)

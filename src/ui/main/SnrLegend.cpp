@@ -8,13 +8,13 @@
 
 namespace {
 
-QLabel* BandMake(const QString& sText, const SnrBand& band)
+QLabel* BandMake(std::size_t iBand)
 {
-    auto* pBand = new QLabel(sText);
-    const QColor clrBand = ColorFromBgr(band.nColor);
+    const SnrBand& band = SnrBandsGet()[iBand];
+    auto* pBand = new QLabel(QString::fromStdString(SnrBandCaption(iBand)));
     QPalette palette = pBand->palette();
-    palette.setColor(QPalette::Window, clrBand);
-    palette.setColor(QPalette::WindowText, TextColorOn(clrBand));
+    palette.setColor(QPalette::Window, ColorFromBgr(band.nColor));
+    palette.setColor(QPalette::WindowText, ColorFromBgr(band.nText));
     pBand->setPalette(palette);
     pBand->setAutoFillBackground(true);
     pBand->setAlignment(Qt::AlignCenter);
@@ -32,13 +32,6 @@ SnrLegend::SnrLegend(QWidget* pParent) : QWidget(pParent)
     auto* pTitle = new QLabel(tr("SNR (dB)"));
     pTitle->setContentsMargins(0, 0, pTitle->fontMetrics().averageCharWidth(), 0);
     pRow->addWidget(pTitle);
-    const std::span<const SnrBand> aBands = SnrBandsGet();
-    const auto BoundGet = [](const SnrBand& band) { return QString::number(band.fLowest); };
-    pRow->addWidget(
-        BandMake(QStringLiteral("< ") + BoundGet(aBands[aBands.size() - 2]), aBands.back()));
-    for (std::size_t i = aBands.size() - 1; i-- > 0;) {
-        const QString sAbove = i == 0 ? QStringLiteral("+") : QString();
-        pRow->addWidget(BandMake(BoundGet(aBands[i]) + sAbove, aBands[i]));
-    }
+    for (std::size_t i = SnrBandsGet().size(); i-- > 0;) pRow->addWidget(BandMake(i));
     pRow->addStretch();
 }

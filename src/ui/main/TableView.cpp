@@ -26,9 +26,9 @@ void RowEmpty(GridControl& grd, int iRow, bool bHatch)
 
 void CellShow(GridControl& grd, int iRow, int iHour, float fSnr)
 {
-    const QColor clrBack = ColorFromBgr(SnrGetColor(fSnr));
+    const SnrBand& band = SnrBandGet(fSnr);
     grd.TextSet(iRow, iHour, QString::fromStdString(NumberFormat(fSnr, "0")));
-    grd.ColorSet(iRow, iHour, clrBack, TextColorOn(clrBack));
+    grd.ColorSet(iRow, iHour, ColorFromBgr(band.nColor), ColorFromBgr(band.nText));
     grd.HatchSet(iRow, iHour, false);
 }
 
