@@ -9,9 +9,9 @@
 #include "propagation/PropagationAreaLib.h"
 #include "propagation/PropagationLib.h"
 #include "propagation/Request.h"
+#include "propagation/RunValues.h"
 #include "propagation/itshfbc/EngineProgram.h"
 #include "settings/ProfileLib.h"
-#include "settings/SunSpotLib.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
 
@@ -28,17 +28,10 @@ std::string EngineNameGet(int iModel)
 /// Month and sunspot number of the run, as the main window's update takes them.
 bool SettingsComplete(Settings& settings)
 {
-    float fSunSpotNumber = 0;
     Messages aMessages;
-    const auto res = SunSpotNumberGet(settings, fSunSpotNumber, &aMessages);
+    const bool bOk = RunValuesTake(settings, aMessages);
     MsgShow(aMessages);
-    if (!res)
-        return MsgFail(MsgIcon::Exclamation, "Airmail's sunspot number: " + res.TextGet());
-    if (!res.ValueGet())
-        return false;
-    if (settings.m_bPropagationMonth)
-        settings.m_iPropagationMonth = UtcNow().nMonth;
-    return true;
+    return bOk;
 }
 
 /// Nothing out of range reaches an engine. Of the settings only the profile's can be out of range:

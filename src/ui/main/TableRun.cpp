@@ -4,9 +4,8 @@
 #include <vector>
 
 #include "propagation/PropagationLib.h"
+#include "propagation/RunValues.h"
 #include "propagation/itshfbc/EngineProgram.h"
-#include "settings/SunSpotLib.h"
-#include "system/ClockLib.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "ui/common/GridControl.h"
@@ -36,17 +35,11 @@ bool TableRun::Make()
 {
     m_bOld = true;
     m_sTrouble.clear();
-    float fSunSpotNumber = 0.0F;
     Messages aMessages;
-    const auto resSunSpot = SunSpotNumberGet(m_settings, fSunSpotNumber, &aMessages);
+    m_bSunSpotNumber = RunValuesTake(m_settings, aMessages);
     MsgShow(aMessages);
-    if (!resSunSpot)
-        MsgBox(MsgIcon::None, "Airmail's sunspot number: " + resSunSpot.TextGet());
-    m_bSunSpotNumber = resSunSpot && resSunSpot.ValueGet();
     if (!m_bSunSpotNumber)
         return TroubleSet(RunTrouble::SunSpot);
-    if (m_settings.m_bPropagationMonth)
-        m_settings.m_iPropagationMonth = UtcNow().nMonth;
     if (!ListTake())
         return TroubleSet(RunTrouble::Frequencies);
     return TableMake();
