@@ -85,10 +85,6 @@ Result<void> RangeCheck(const AreaRequest& input);
 /// The indices 1..nData whose frequencies are in range, in their order.
 [[nodiscard]] std::vector<int> FrequenciesInRangeGet(const Request& input);
 
-/// Grid points a side that an overlay takes, whatever the setting holds.
-inline constexpr int kGridSizeMin = 2;
-inline constexpr int kGridSizeMax = 999;
-
 /// The prediction that the settings ask for. Month and sunspot number are taken as they stand
 /// there, the coefficients too, unless they ask for the mean and the engine is Hopcast's own.
 [[nodiscard]] Request RequestFromSettings(const Settings& settings);

@@ -1,6 +1,7 @@
 #include "settings/Settings.h"
 
 #include "airmail/AirMailFolders.h"
+#include "settings/SettingsTable.h"
 #include "system/ClockLib.h"
 #include "system/PathLib.h"
 
@@ -17,7 +18,9 @@ Settings::Settings() { Initialize(); }
 void Settings::Initialize()
 {
     AirMailFoldersReset();
-    *this = Settings(DefaultsTag{});
+    for (const SettingRow& row : SettingsTableGet()) SettingFromText(row, row.sDefault, *this);
+    m_selected = SelectedCell();
+    m_aNeed = NeedsShipped();
     for (int i = 0; i <= kFrequencyMax; ++i)
         FrequencySet(i, static_cast<float>(i) * kFrequencyStepKhz);
     m_sProfileFile = ProfileFileDefault();

@@ -9,6 +9,9 @@
 
 #include <array>
 #include <string>
+#include <vector>
+
+#include "settings/Need.h"
 
 /// Entries of the frequency list that can be in use (slot 0 is never shown).
 inline constexpr int kFrequencyMax = 15;
@@ -18,6 +21,9 @@ enum EngineModel { kEngineIcepac = 1, kEngineVoacap = 2, kEngineRec533 = 3 };
 
 /// What the hours of the table are labelled in.
 enum TimeCode { kTimeZulu = 0, kTimeLocal = 1 };
+
+/// What the eight bands of the SNR are coloured in.
+enum class Palette { Standard, Safe, Night, Print };
 
 /// The selected cell of the prediction table; -1 means none.
 struct SelectedCell {
@@ -37,40 +43,43 @@ public:
     /// Stores fValue (kHz) at entry iIndex (0..15); an index outside it stores nothing.
     void FrequencySet(int iIndex, float fValue);
 
-    std::string m_sProfileFile;         ///< full path of the profile file
-    int m_nData = kFrequencyMax;        ///< frequencies in use, entries 1..m_nData
-    int m_iMapOverlayGridSize = 40;     ///< points a side of the map's SNR overlay
-    float m_fMapOverlayMinSnr = 20.0F;  ///< dB, lowest SNR drawn by the overlay
-    int m_iMapWorldBegins = 0;          ///< longitude of the map's left edge, 0 or -180
-    int m_iPropagationAntennaType = 1;  ///< code of the deck's antenna cards
-    std::string m_sPropagationIonCoefficients = "URSI";  ///< foF2 coefficient set named in the deck
-    float m_fPropagationLayerAdjustE = 1.0F;             ///< factor on foE
-    float m_fPropagationLayerAdjustEs = 0.7F;            ///< factor on foEs
-    float m_fPropagationLayerAdjustF1 = 1.0F;            ///< factor on foF1
-    float m_fPropagationLayerAdjustF2 = 1.0F;            ///< factor on foF2
-    bool m_bPropagationMapsMean = true;                  ///< own engine: mean of CCIR and URSI
-    int m_iPropagationModel = kEngineRec533;             ///< EngineModel
-    bool m_bPropagationMonth = true;                     ///< the current UTC month at each run
-    int m_iPropagationMonth = 1;                         ///< 1..12
-    float m_fPropagationMultipathDelay = 10.0F;          ///< ms
-    float m_fPropagationMultipathPower = 0.0F;           ///< dB
-    float m_fPropagationNoiseLevel = -145.0F;            ///< dBW in 1 Hz at 3 MHz, negative
-    float m_fPropagationQIndex = 3.0F;                   ///< geomagnetic Q index
-    float m_fPropagationReliability = 50.0F;             ///< %
-    bool m_bPropagationSunSpotNumber = true;             ///< Airmail's number at each run
-    float m_fPropagationSunSpotNumber = 170.0F;          ///< smoothed sunspot number
-    float m_fPropagationTakeoffAngle = 3.0F;             ///< degrees, least takeoff angle
-    double m_dRcLat = 24.0;                              ///< receiver
-    double m_dRcLon = -110.0;
-    int m_iTimeCode = 0;     ///< TimeCode
-    double m_dTxLat = 38.0;  ///< transmitter
-    double m_dTxLon = -122.0;
+    // Section, key, default and range of each: SettingsTable.cpp.
+    std::string m_sProfileFile;                 ///< full path of the profile file
+    int m_nData{};                              ///< frequencies in use, entries 1..m_nData
+    int m_iMapOverlayGridSize{};                ///< points a side of the map's SNR overlay
+    float m_fMapOverlayMinSnr{};                ///< dB, lowest SNR drawn by the overlay
+    int m_iMapWorldBegins{};                    ///< longitude of the map's left edge, 0 or -180
+    int m_iPropagationAntennaType{};            ///< code of the deck's antenna cards
+    std::string m_sPropagationIonCoefficients;  ///< foF2 coefficient set named in the deck
+    float m_fPropagationLayerAdjustE{};         ///< factor on foE
+    float m_fPropagationLayerAdjustEs{};        ///< factor on foEs
+    float m_fPropagationLayerAdjustF1{};        ///< factor on foF1
+    float m_fPropagationLayerAdjustF2{};        ///< factor on foF2
+    bool m_bPropagationMapsMean{};              ///< own engine: mean of CCIR and URSI
+    int m_iPropagationModel{};                  ///< EngineModel
+    bool m_bPropagationMonth{};                 ///< the current UTC month at each run
+    int m_iPropagationMonth{};                  ///< 1..12
+    float m_fPropagationMultipathDelay{};       ///< ms
+    float m_fPropagationMultipathPower{};       ///< dB
+    float m_fPropagationNoiseLevel{};           ///< dBW in 1 Hz at 3 MHz, negative
+    float m_fPropagationQIndex{};               ///< geomagnetic Q index
+    float m_fPropagationReliability{};          ///< %
+    bool m_bPropagationSunSpotNumber{};         ///< Airmail's number at each run
+    bool m_bPropagationForecast{};              ///< without Airmail's, the forecast's number
+    float m_fPropagationSunSpotNumber{};        ///< smoothed sunspot number
+    float m_fPropagationTakeoffAngle{};         ///< degrees, least takeoff angle
+    float m_fStationPower{};                    ///< W; 0: what the antenna choice brings
+    std::string m_sNeedSelected;                ///< name of an entry of m_aNeed; empty: none
+    std::vector<Need> m_aNeed;                  ///< what contacts are for
+    Palette m_ePalette{};                       ///< colours of the SNR
+    double m_dRcLat{};                          ///< receiver
+    double m_dRcLon{};
+    int m_iTimeCode{};  ///< TimeCode
+    double m_dTxLat{};  ///< transmitter
+    double m_dTxLon{};
 
     SelectedCell m_selected;
 
 private:
-    struct DefaultsTag {};
-    explicit Settings(DefaultsTag /*tag*/) {}
-
     std::array<float, kFrequencyMax + 1> m_afFrequency{};  // kHz, slot 0 unused
 };

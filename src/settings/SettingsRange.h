@@ -1,6 +1,6 @@
 /// @file SettingsRange.h
-/// The one table of what the numbers of a prediction may be: what `hopcast-predict --help` tells.
-/// Options dialog, profile reader, console and runs all ask here.
+/// What the numbers of a prediction may be: what `hopcast-predict --help` tells. SettingsTable.h
+/// says which setting has which range.
 ///
 /// Units:   as in Settings.
 /// Tests:   tests/settings/SettingsRangeTest.cpp, tests/app/PredictOptionsTest.cpp (--help)
@@ -35,9 +35,12 @@ inline constexpr NumberRange kRangeLayer{0, 9.99};  ///< factor
 inline constexpr NumberRange kRangeMonth{1, 12};
 inline constexpr NumberRange kRangeAntenna{0, 2};
 inline constexpr NumberRange kRangeModel{kEngineIcepac, kEngineRec533};
-
-/// The range of a member's number; for a member without one every number.
-[[nodiscard]] NumberRange SettingsRangeGet(float Settings::*pMember);
+inline constexpr NumberRange kRangePower{0, 1000000};  ///< W
+inline constexpr NumberRange kRangeNeed{-50, 150};     ///< dB in 1 Hz
+/// Points a side that an overlay takes, whatever the setting holds.
+inline constexpr int kGridSizeMin = 2;
+inline constexpr int kGridSizeMax = 999;
+inline constexpr NumberRange kRangeGrid{kGridSizeMin, kGridSizeMax};
 
 /// "150 lies outside 1 to 99"
 [[nodiscard]] std::string RangeFaultText(double dValue, const NumberRange& range);

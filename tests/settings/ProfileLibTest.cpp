@@ -69,9 +69,14 @@ constexpr const char* kDefaultsText =
     "Month Number=5\r\nMultipath Delay=10\r\nModel Multipath Power=0\r\nNoise Level=-145\r\nQ "
     "Index=3\r\n"
     "Reliability=50\r\nSunSpot Option=False\r\nSunSpot Number=170\r\nTakeoff Angle=3\r\nMaps "
-    "Option=True\r\n"
+    "Option=True\r\nForecast Option=False\r\n"
     "[Receiver Data]\r\nLatitude=24\r\nLongitude=-110\r\n[Time Data]\r\nCode=0\r\n"
     "[Transmitter Data]\r\nLatitude=38.5\r\nLongitude=-122\r\n";
+
+constexpr const char* kNewSectionsText =
+    "[Station Data]\r\nPower=0\r\n"
+    "[Need Data]\r\nSelected=\r\nCount=1\r\nName 1=FT8\r\nSnr 1=13\r\nSource 1=a guide\r\n"
+    "[Colour Data]\r\nPalette=Standard\r\n";
 
 TEST_F(Profile, IsWrittenKeyByKeyInOrder)
 {
@@ -81,10 +86,23 @@ TEST_F(Profile, IsWrittenKeyByKeyInOrder)
     settings.m_bPropagationSunSpotNumber = false;
     settings.m_iPropagationMonth = 5;
     settings.m_dTxLat = 38.5;
-    EXPECT_EQ(Save(settings, std::nullopt), kDefaultsText);
+    settings.m_aNeed = {{"FT8", 13.0F, "a guide"}};
     EXPECT_EQ(Save(settings, WindowData{9000, 150.5F, -30, 12000}),
               std::string(kDefaultsText)
-                  + "[Window Data]\r\nHeight=9000\r\nLeft=150.5\r\nTop=-30\r\nWidth=12000\r\n");
+                  + "[Window Data]\r\nHeight=9000\r\nLeft=150.5\r\nTop=-30\r\nWidth=12000\r\n"
+                  + kNewSectionsText);
+}
+
+TEST_F(Profile, OfAWindowThatIsNotNormalHasEveryKeyButItsPlace)
+{
+    Settings settings;
+    settings.m_nData = 3;
+    settings.FrequencySet(2, 7050.6F);
+    settings.m_bPropagationSunSpotNumber = false;
+    settings.m_iPropagationMonth = 5;
+    settings.m_dTxLat = 38.5;
+    settings.m_aNeed = {{"FT8", 13.0F, "a guide"}};
+    EXPECT_EQ(Save(settings, std::nullopt), std::string(kDefaultsText) + kNewSectionsText);
 }
 
 TEST_F(Profile, KeepsTheLastWindowPlaceWhenTheWindowIsNotNormal)
@@ -166,6 +184,11 @@ Settings EveryMemberChanged()
     settings.m_bPropagationSunSpotNumber = false;
     settings.m_fPropagationSunSpotNumber = 12.5F;
     settings.m_fPropagationTakeoffAngle = 0.1F;
+    settings.m_bPropagationForecast = true;
+    settings.m_fStationPower = 0.5F;
+    settings.m_aNeed = {{"Voice", 46.5F, "own"}, {"Mail", 38.0F, ""}};
+    settings.m_sNeedSelected = "Mail";
+    settings.m_ePalette = Palette::Night;
     settings.m_dRcLat = -33.87;
     settings.m_dRcLon = 151.21;
     settings.m_iTimeCode = 1;
@@ -206,6 +229,11 @@ TEST_F(Profile, SavedAndLoadedRestoresAllButThreeValues)
     EXPECT_FALSE(settings.m_bPropagationSunSpotNumber);
     EXPECT_EQ(settings.m_fPropagationSunSpotNumber, 12.5F);
     EXPECT_EQ(settings.m_fPropagationTakeoffAngle, 0.1F);
+    EXPECT_TRUE(settings.m_bPropagationForecast);
+    EXPECT_EQ(settings.m_fStationPower, 0.5F);
+    EXPECT_EQ(settings.m_aNeed, settingsIn.m_aNeed);
+    EXPECT_EQ(settings.m_sNeedSelected, "Mail");
+    EXPECT_EQ(settings.m_ePalette, Palette::Night);
     EXPECT_EQ(settings.m_dRcLat, -33.87);
     EXPECT_EQ(settings.m_dRcLon, 151.21);
     EXPECT_EQ(settings.m_iTimeCode, 1);

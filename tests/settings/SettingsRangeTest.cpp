@@ -19,15 +19,9 @@ TEST(SettingsRange, HoldsItsEndsAndNothingBeyond)
     }
 }
 
-TEST(SettingsRange, AMemberWithoutARangeTakesEveryNumber)
-{
-    EXPECT_TRUE(SettingsRangeGet(&Settings::m_fMapOverlayMinSnr).Holds(-1e30));
-    EXPECT_FALSE(SettingsRangeGet(&Settings::m_fPropagationReliability).Holds(99.5));
-}
-
 TEST(SettingsRange, EveryLayerFactorTakesItsEndInSinglePrecision)
 {
-    EXPECT_TRUE(SettingsRangeGet(&Settings::m_fPropagationLayerAdjustEs).Holds(9.99F));
+    EXPECT_TRUE(kRangeLayer.Holds(9.99F));
     EXPECT_EQ(RangeFaultText(0.7F, kRangeReliability), "0.7 lies outside 1 to 99");
     EXPECT_EQ(RangeFaultText(95.25, kRangeLatitude), "95.25 lies outside -90 to 90");
 }

@@ -35,6 +35,11 @@ void DefaultsExpect(const Settings& settings)
     EXPECT_EQ(settings.m_iTimeCode, 0);
     EXPECT_EQ(settings.m_dTxLat, 38.0);
     EXPECT_EQ(settings.m_dTxLon, -122.0);
+    EXPECT_FALSE(settings.m_bPropagationForecast);
+    EXPECT_EQ(settings.m_fStationPower, 0.0F);
+    EXPECT_EQ(settings.m_aNeed, NeedsShipped());
+    EXPECT_EQ(settings.m_sNeedSelected, "");
+    EXPECT_EQ(settings.m_ePalette, Palette::Standard);
     EXPECT_EQ(settings.m_selected.iFrequency, 1);
     EXPECT_EQ(settings.m_selected.iHour, -1);
     EXPECT_EQ(settings.m_sProfileFile, ProfileFileDefault());
@@ -74,6 +79,11 @@ TEST(Settings, InitializePutsEveryMemberBack)
     settings.m_fPropagationTakeoffAngle = 9;
     settings.m_dRcLat = settings.m_dRcLon = settings.m_dTxLat = settings.m_dTxLon = 9;
     settings.m_iTimeCode = 1;
+    settings.m_bPropagationForecast = true;
+    settings.m_fStationPower = 9;
+    settings.m_aNeed.clear();
+    settings.m_sNeedSelected = "x";
+    settings.m_ePalette = Palette::Night;
     settings.m_selected = {7, 7};
     settings.FrequencySet(0, 1);
     settings.FrequencySet(15, 1);

@@ -1,8 +1,30 @@
+#include <algorithm>
+
 #include "app/predict/PredictOptions.h"
+#include "settings/SettingsTable.h"
+
+namespace {
+
+/// The options of a group that the settings' table gives, one a line.
+std::string OptionLines(OptionGroup eGroup)
+{
+    constexpr std::size_t kHelpColumn = 26;
+    std::string sText;
+    for (const SettingRow& row : SettingsTableGet()) {
+        if (row.option.sName == nullptr || row.option.eGroup != eGroup)
+            continue;
+        std::string sLine = std::string("  ") + row.option.sName + " " + row.option.sValue;
+        sLine.resize(std::max(kHelpColumn, sLine.size() + 1), ' ');
+        sText += sLine + SettingHelpText(row) + "\n";
+    }
+    return sText;
+}
+
+}  // namespace
 
 std::string PredictHelpGet()
 {
-    return R"(hopcast-predict: HF radio prediction on the command line
+    return std::string(R"(hopcast-predict: HF radio prediction on the command line
 
 Usage:
   hopcast-predict [--profile FILE] [--tx POS] [--rc POS] [OPTIONS]
@@ -32,23 +54,18 @@ Engine:
   --model NAME            icepac, voacap or rec533 (default rec533)
   --month 1-12            month (default: the current one)
   --ssn N                 smoothed sunspot number, 0 to 311
-  --noise dBW             man-made noise in 1 Hz at 3 MHz, -200 to -100 (default -145)
-  --takeoff deg           least takeoff angle, 0 to 40 (default 3)
-  --reliability %         required reliability, 1 to 99 (default 50)
-  --antenna 0|1|2         0 Tx omni, Rc omni; 1 Tx omni, Rc whip; 2 both whip (default 1)
-  --coefficients NAME     CCIR, URSI, or MEAN of both: built-in engine only (its default; else URSI)
+)") + OptionLines(OptionGroup::Engine)
+           + R"(  --coefficients NAME     CCIR, URSI, or MEAN of both: built-in engine only (its default; else URSI)
   ICEPAC and VOACAP only:
-  --multipath-power dB    0 to 99 (default 0)
-  --multipath-delay ms    0 to 99 (default 10)
-  --q-index N             geomagnetic Q index, 0 to 9 (default 3)
-  --layers E,F1,F2,Es     layer factors, 0 to 9.99 each (default 1,1,1,0.7)
+)" + OptionLines(OptionGroup::EngineComplex)
+           + R"(  --layers E,F1,F2,Es     layer factors, 0 to 9.99 each (default 1,1,1,0.7)
 
 Area:
   --area N,W,S,E          bounds in degrees; an east bound west of the west bound crosses longitude 180
   --hour 0-23             UT hour
   --frequency kHz         frequency
-  --grid N                points a side, 2 to 999 (default 40)
-  --day                   all 24 hours at --frequencies in place of --hour and --frequency
+)" + OptionLines(OptionGroup::Area)
+           + R"(  --day                   all 24 hours at --frequencies in place of --hour and --frequency
   --jobs N                with --day: points computed at once, 1 to 64 (default: one a core)
 
 Output:

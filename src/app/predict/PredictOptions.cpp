@@ -2,34 +2,22 @@
 
 #include <array>
 #include <cmath>
-#include <functional>
 #include <map>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "airmail/AirMailFolders.h"
+#include "app/predict/PredictArguments.h"
 #include "app/predict/PredictPosition.h"
 #include "propagation/Request.h"
 #include "settings/ProfileLib.h"
-#include "settings/SettingsRange.h"
+#include "settings/SettingsTable.h"
 #include "system/NumberLib.h"
 #include "system/PathLib.h"
 #include "system/TextLib.h"
 
 namespace {
-
-/// What an option goes with: any run, a path, an area, a day of an area.
-enum class Mode { Both, PointToPoint, PathOrDay, Area, Day };
-
-/// What an option does with its value; an error says what is wrong with it.
-using ApplyFn = std::function<Result<void>(PredictOptions& options, const std::string& sValue)>;
-
-struct Option {
-    const char* sName;
-    Mode eMode;
-    ApplyFn fnApply;
-    bool bValue = true;  ///< a value follows
-};
 
 std::vector<std::string> ListGet(std::string_view sText)
 {
@@ -73,13 +61,20 @@ Result<void> Keep(const Result<From>& res, To& to)
     return {};
 }
 
-/// An option that sets one single-precision member within bounds.
-ApplyFn SingleOption(float Settings::*pMember, const char* sWhat)
+/// The option of a row of the settings' table: one number within the row's range.
+PredictOption SettingOptionMake(const SettingRow& row)
 {
-    return [=](PredictOptions& options, const std::string& sValue) {
-        return Keep(BoundedGet(sValue, SettingsRangeGet(pMember), sWhat),
-                    options.settings.*pMember);
-    };
+    const PredictMode eMode = row.option.eRuns == OptionRuns::Path   ? PredictMode::PointToPoint
+                              : row.option.eRuns == OptionRuns::Area ? PredictMode::Area
+                                                                     : PredictMode::Both;
+    return {row.option.sName, eMode,
+            [&row](PredictOptions& options, const std::string& sValue) -> Result<void> {
+                if (const auto* ppInteger = std::get_if<int Settings::*>(&row.member))
+                    return Keep(WholeGet(sValue, row.range, row.option.sExpected),
+                                options.settings.*(*ppInteger));
+                return Keep(BoundedGet(sValue, row.range, row.option.sExpected),
+                            options.settings.*std::get<float Settings::*>(row.member));
+            }};
 }
 
 Result<void> PositionApply(const std::string& sValue, const char* sEnd, PredictOptions& options,
@@ -136,12 +131,6 @@ Result<void> FrequenciesApply(PredictOptions& options, const std::string& sValue
     }
     options.settings.m_nData = iIndex;
     return {};
-}
-
-Result<void> AntennaApply(PredictOptions& options, const std::string& sValue)
-{
-    return Keep(WholeGet(sValue, kRangeAntenna, "an antenna type"),
-                options.settings.m_iPropagationAntennaType);
 }
 
 Result<void> CoefficientsApply(PredictOptions& options, const std::string& sValue)
@@ -237,162 +226,63 @@ Result<void> AreaFrequencyApply(PredictOptions& options, const std::string& sVal
     return Keep(BoundedGet(sValue, kRangeFrequency, "a frequency in kHz"), options.area.fFrequency);
 }
 
-Result<void> GridApply(PredictOptions& options, const std::string& sValue)
-{
-    return Keep(WholeGet(sValue, {kGridSizeMin, kGridSizeMax}, "a number of grid points a side"),
-                options.settings.m_iMapOverlayGridSize);
-}
-
 Result<void> JobsApply(PredictOptions& options, const std::string& sValue)
 {
     constexpr double kJobsMost = 64;
     return Keep(WholeGet(sValue, {1, kJobsMost}, "a number of jobs"), options.nJobs);
 }
 
-std::vector<Option> OptionsMake()
+std::vector<PredictOption> OptionsMake()
 {
-    return {
+    std::vector<PredictOption> aOption{
         // The profile is read before any other option is applied (see PredictOptionsGet).
-        {"--profile", Mode::Both,
+        {"--profile", PredictMode::Both,
          [](PredictOptions&, const std::string&) -> Result<void> { return {}; }},
-        {"--tx", Mode::PointToPoint,
+        {"--tx", PredictMode::PointToPoint,
          [](PredictOptions& options, const std::string& sValue) {
              Settings& settings = options.settings;
              return PositionApply(sValue, "Transmitter", options, settings.m_dTxLat,
                                   settings.m_dTxLon);
          }},
-        {"--rc", Mode::Both,
+        {"--rc", PredictMode::Both,
          [](PredictOptions& options, const std::string& sValue) {
              Settings& settings = options.settings;
              return PositionApply(sValue, "Receiver", options, settings.m_dRcLat,
                                   settings.m_dRcLon);
          }},
-        {"--model", Mode::Both, ModelApply},
-        {"--month", Mode::Both, MonthApply},
-        {"--ssn", Mode::Both, SunSpotApply},
-        {"--frequencies", Mode::PathOrDay, FrequenciesApply},
-        {"--noise", Mode::Both,
-         SingleOption(&Settings::m_fPropagationNoiseLevel, "a noise level in dBW")},
-        {"--takeoff", Mode::Both,
-         SingleOption(&Settings::m_fPropagationTakeoffAngle, "a takeoff angle")},
-        {"--reliability", Mode::Both,
-         SingleOption(&Settings::m_fPropagationReliability, "a reliability in %")},
-        {"--multipath-power", Mode::Both,
-         SingleOption(&Settings::m_fPropagationMultipathPower,
-                      "a multipath power tolerance in dB")},
-        {"--multipath-delay", Mode::Both,
-         SingleOption(&Settings::m_fPropagationMultipathDelay, "a multipath delay in ms")},
-        {"--q-index", Mode::PointToPoint,
-         SingleOption(&Settings::m_fPropagationQIndex, "a Q index")},
-        {"--antenna", Mode::Both, AntennaApply},
-        {"--coefficients", Mode::Both, CoefficientsApply},
-        {"--layers", Mode::Both, LayersApply},
-        {"--format", Mode::Both, FormatApply},
-        {"--output", Mode::Both,
+        {"--model", PredictMode::Both, ModelApply},
+        {"--month", PredictMode::Both, MonthApply},
+        {"--ssn", PredictMode::Both, SunSpotApply},
+        {"--frequencies", PredictMode::PathOrDay, FrequenciesApply},
+        {"--coefficients", PredictMode::Both, CoefficientsApply},
+        {"--layers", PredictMode::Both, LayersApply},
+        {"--format", PredictMode::Both, FormatApply},
+        {"--output", PredictMode::Both,
          [](PredictOptions& options, const std::string& sValue) -> Result<void> {
              options.sOutput = sValue == "-" ? "" : sValue;
              return {};
          }},
-        {"--area", Mode::Area, AreaApply},
-        {"--hour", Mode::Area, HourApply},
-        {"--frequency", Mode::Area, AreaFrequencyApply},
-        {"--grid", Mode::Area, GridApply},
-        {"--day", Mode::Area,
+        {"--area", PredictMode::Area, AreaApply},
+        {"--hour", PredictMode::Area, HourApply},
+        {"--frequency", PredictMode::Area, AreaFrequencyApply},
+        {"--day", PredictMode::Area,
          [](PredictOptions& options, const std::string&) -> Result<void> {
              options.bDay = true;
              return {};
          },
          false},
-        {"--jobs", Mode::Day, JobsApply},
+        {"--jobs", PredictMode::Day, JobsApply},
     };
+    for (const SettingRow& row : SettingsTableGet()) {
+        if (row.option.sName != nullptr)
+            aOption.push_back(SettingOptionMake(row));
+    }
+    return aOption;
 }
 
-struct Given {
-    const Option* pOption;
-    std::string sValue;
-};
-
-/// Words to options with their values ("--month 3" and "--month=3").
-Result<std::vector<Given>> GivenGet(std::span<const std::string> asArguments,
-                                    const std::vector<Option>& aOption)
+Result<void> ProfileApply(const std::vector<GivenOption>& aGiven, PredictOptions& options)
 {
-    std::vector<Given> aGiven;
-    for (std::size_t n = 0; n < asArguments.size(); ++n) {
-        const std::string& sWord = asArguments[n];
-        const std::size_t nEqual = sWord.find('=');
-        const std::string sName = sWord.substr(0, nEqual);
-        const Option* pFound = nullptr;
-        for (const Option& opt : aOption) {
-            if (sName == opt.sName)
-                pFound = &opt;
-        }
-        if (pFound == nullptr)
-            return RunError{"unknown option " + sWord + " (see --help)"};
-        for (const Given& given : aGiven) {
-            if (given.pOption == pFound)
-                return RunError{sName + ": given twice"};
-        }
-        if (!pFound->bValue) {
-            if (nEqual != std::string::npos)
-                return RunError{sName + ": takes no value"};
-            aGiven.push_back({pFound, sName});
-            continue;
-        }
-        if (nEqual != std::string::npos)
-            aGiven.push_back({pFound, sWord.substr(nEqual + 1)});
-        else if (n + 1 < asArguments.size() && !asArguments[n + 1].starts_with("--"))
-            aGiven.push_back({pFound, asArguments[++n]});
-        else
-            return RunError{sName + ": a value is missing"};
-        if (aGiven.back().sValue.empty())
-            return RunError{sName + ": a value is missing"};
-    }
-    return aGiven;
-}
-
-const Given* GivenFind(const std::vector<Given>& aGiven, std::string_view sName)
-{
-    for (const Given& given : aGiven) {
-        if (given.pOption->sName == sName)
-            return &given;
-    }
-    return nullptr;
-}
-
-/// One of the two modes, and whole.
-Result<void> ModeCheck(const std::vector<Given>& aGiven, PredictOptions& options)
-{
-    options.bArea = GivenFind(aGiven, "--area") != nullptr;
-    const bool bDay = GivenFind(aGiven, "--day") != nullptr;
-    for (const Given& given : aGiven) {
-        const Mode eMode = given.pOption->eMode;
-        const std::string sName = given.pOption->sName;
-        if (options.bArea && (eMode == Mode::PointToPoint || (eMode == Mode::PathOrDay && !bDay)))
-            return RunError{sName + ": does not go with --area"};
-        if (!options.bArea && (eMode == Mode::Area || eMode == Mode::Day))
-            return RunError{sName + ": goes with --area only"};
-        if (eMode == Mode::Day && !bDay)
-            return RunError{sName + ": goes with --day only"};
-    }
-    if (!options.bArea)
-        return {};
-    for (const char* sHour : {"--hour", "--frequency"}) {
-        const bool bGiven = GivenFind(aGiven, sHour) != nullptr;
-        if (bGiven && bDay)
-            return RunError{std::string(sHour) + ": does not go with --day"};
-        if (!bGiven && !bDay)
-            return RunError{std::string(sHour) + ": is needed with --area (or --day)"};
-    }
-    options.eFormat = PredictFormat::Csv;
-    if (const Given* pFormat = GivenFind(aGiven, "--format");
-        pFormat != nullptr && TextEqualNoCase(pFormat->sValue, "table"))
-        return RunError{"--format: an area has no table; give csv or json"};
-    return {};
-}
-
-Result<void> ProfileApply(const std::vector<Given>& aGiven, PredictOptions& options)
-{
-    const Given* pProfile = GivenFind(aGiven, "--profile");
+    const GivenOption* pProfile = GivenFind(aGiven, "--profile");
     if (pProfile == nullptr)
         return {};
     // The private-profile service takes a bare name for one in the system's own folder.
@@ -415,17 +305,17 @@ Result<PredictOptions> PredictOptionsGet(std::span<const std::string> asArgument
     }
     if (options.bHelp || options.bVersion)
         return options;
-    const std::vector<Option> aOption = OptionsMake();
+    const std::vector<PredictOption> aOption = OptionsMake();
     const auto resGiven = GivenGet(asArguments, aOption);
     if (!resGiven)
         return resGiven.ErrorGet();
-    const std::vector<Given>& aGiven = resGiven.ValueGet();
+    const std::vector<GivenOption>& aGiven = resGiven.ValueGet();
     if (const auto res = ModeCheck(aGiven, options); !res)
         return res.ErrorGet();
     if (const auto res = ProfileApply(aGiven, options); !res)
         return res.ErrorGet();
     AirMailFoldersFind();  // positions and the sunspot number may come from there
-    for (const Given& given : aGiven) {
+    for (const GivenOption& given : aGiven) {
         if (const auto res = given.pOption->fnApply(options, given.sValue); !res)
             return RunError{std::string(given.pOption->sName) + ": " + res.TextGet()};
     }

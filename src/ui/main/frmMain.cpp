@@ -10,6 +10,7 @@
 #include "airmail/AirMailLib.h"
 #include "propagation/SnrScale.h"
 #include "settings/ProfileLib.h"
+#include "settings/SettingsTable.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
 #include "system/PathLib.h"
@@ -128,13 +129,7 @@ void frmMain::MenusConnect()
     }
 }
 
-/// The profile stays the one that the program was started with or that was opened.
-void frmMain::Initialize()
-{
-    const std::string sProfileFile = m_settings.m_sProfileFile;
-    m_settings.Initialize();
-    m_settings.m_sProfileFile = sProfileFile;
-}
+void frmMain::Initialize() { SettingsDefaultSet(m_settings); }
 
 void frmMain::ProfileSaveError(int nErrorCode) const
 {

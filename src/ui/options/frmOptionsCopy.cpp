@@ -3,7 +3,7 @@
 
 #include "airmail/AirMailLib.h"
 #include "geo/MathLib.h"
-#include "settings/SettingsRange.h"
+#include "settings/SettingsTable.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
@@ -151,7 +151,7 @@ bool frmOptions::NumbersRead(Numbers& numbers)
         const auto resNumber = NumberFromTextSingle(pBox->text().toStdString());
         if (!resNumber)
             return NumberRefused(pBox, resNumber.TextGet());
-        if (const NumberRange range = SettingsRangeGet(m_aModelBoxes[n].pMember);
+        if (const NumberRange range = SettingRowGet(m_aModelBoxes[n].pMember).range;
             !range.Holds(resNumber.ValueGet()))
             return NumberRefused(pBox, RangeFaultText(resNumber.ValueGet(), range));
         numbers.afModel[n] = resNumber.ValueGet();

@@ -1,7 +1,7 @@
 // Buttons: what each copies, when, and what a bad entry does.
 #include <algorithm>
 
-#include "settings/SettingsRange.h"
+#include "settings/SettingsTable.h"
 #include "system/NumberLib.h"
 #include "ui/options/FrmOptionsFixture.h"
 
@@ -31,8 +31,9 @@ TEST_P(FrmOptionsBox, IsCopiedOnApply)
 
 TEST_P(FrmOptionsBox, OutOfRangeIsToldLikeATextThatIsNoNumber)
 {
-    const NumberRange range = SettingsRangeGet(GetParam().pMember);
-    if (range.Holds(1e6))
+    const SettingRow& row = SettingRowGet(GetParam().pMember);
+    const NumberRange range = row.range;
+    if (row.eRule == RangeRule::Any)
         return;  // the map's least SNR takes every number
     const frmOptions& frm = Open(GetParam().iTab);
     const float fBefore = ValueGet();

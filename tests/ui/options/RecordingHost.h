@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "settings/SettingsTable.h"
 #include "system/NumberLib.h"
 #include "ui/common/MainWindowHost.h"
 
@@ -15,7 +16,7 @@ public:
     void Initialize() override
     {
         m_asCalls.emplace_back("Initialize");
-        m_settings.Initialize();
+        SettingsDefaultSet(m_settings);
     }
     /// Keeps the settings of this moment, then lets the test act as the real window does.
     bool Update() override
