@@ -26,38 +26,19 @@ QString TimeText(const DateTime& dt)
 }  // namespace
 
 frmOptions::frmOptions(MainWindowHost& host, QWidget* pParent)
-    : QDialog(pParent), tmrTime(new QTimer(this)), m_host(host), m_aModelBoxes{}
+    : QDialog(pParent), tmrTime(new QTimer(this)), m_host(host)
 {
     Ui::frmOptions::setupUi(this);
     Ui::OptionsModel::setupUi(pagModel);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowIcon(AppIconGet());
-    ControlsGroup();
+    m_controls = SettingControls(*this);
+    m_pModelGroup = &m_controls.GroupGet(&Settings::m_iPropagationModel);
     TabOrderSet();
     SignalsConnect();
     Update();
     tmrTimeTick();
     tmrTime->start(kTickMs);
-}
-
-void frmOptions::ControlsGroup()
-{
-    m_grpModel.addButton(optPropagationModel1, kEngineIcepac);
-    m_grpModel.addButton(optPropagationModel2, kEngineVoacap);
-    m_grpModel.addButton(optPropagationModel3, kEngineRec533);
-    m_grpTimeCode.addButton(optTimeCode0, kTimeZulu);
-    m_grpTimeCode.addButton(optTimeCode1, kTimeLocal);
-    m_aModelBoxes = {{{txtPropagationNoiseLevel, &Settings::m_fPropagationNoiseLevel},
-                      {txtPropagationSunSpotNumber, &Settings::m_fPropagationSunSpotNumber},
-                      {txtPropagationTakeoffAngle, &Settings::m_fPropagationTakeoffAngle},
-                      {txtPropagationReliability, &Settings::m_fPropagationReliability},
-                      {txtPropagationMultipathPower, &Settings::m_fPropagationMultipathPower},
-                      {txtPropagationMultipathDelay, &Settings::m_fPropagationMultipathDelay},
-                      {txtPropagationQIndex, &Settings::m_fPropagationQIndex},
-                      {txtPropagationLayerE, &Settings::m_fPropagationLayerAdjustE},
-                      {txtPropagationLayerF1, &Settings::m_fPropagationLayerAdjustF1},
-                      {txtPropagationLayerF2, &Settings::m_fPropagationLayerAdjustF2},
-                      {txtPropagationLayerEs, &Settings::m_fPropagationLayerAdjustEs}}};
 }
 
 void frmOptions::TabOrderSet()
@@ -84,7 +65,7 @@ void frmOptions::SignalsConnect()
     connect(cmdCancel, &QPushButton::clicked, this, &frmOptions::cmdCancelClick);
     connect(cmdDefault, &QPushButton::clicked, this, &frmOptions::cmdDefaultClick);
     connect(cmdOk, &QPushButton::clicked, this, &frmOptions::cmdOkClick);
-    connect(&m_grpModel, &QButtonGroup::idToggled, this, &frmOptions::optPropagationModelClick);
+    connect(m_pModelGroup, &QButtonGroup::idToggled, this, &frmOptions::optPropagationModelClick);
     connect(chkPropagationMaps, &QCheckBox::toggled, this, &frmOptions::chkPropagationMapsClick);
     connect(chkPropagationMonth, &QCheckBox::toggled, this, &frmOptions::chkPropagationMonthClick);
     connect(chkPropagationSunSpotNumber, &QCheckBox::toggled, this,
@@ -134,7 +115,8 @@ void frmOptions::cmdOkClick()
 
 void frmOptions::chkPropagationMapsClick()
 {
-    const bool bMean = chkPropagationMaps->isChecked() && EngineIsHopcasts(m_grpModel.checkedId());
+    const bool bMean =
+        chkPropagationMaps->isChecked() && EngineIsHopcasts(m_pModelGroup->checkedId());
     cmbPropagationIonCoefficients->setEnabled(!bMean);
     lblPropagationIonCoefficients->setEnabled(!bMean);
     const QString sGuidance = cmbPropagationIonCoefficients->accessibleName();
@@ -155,7 +137,7 @@ void frmOptions::chkPropagationSunSpotNumberClick()
 
 void frmOptions::optPropagationModelClick()
 {
-    const int iModel = m_grpModel.checkedId();
+    const int iModel = m_pModelGroup->checkedId();
     const bool bComplex = iModel == kEngineIcepac || iModel == kEngineVoacap;
     for (QLineEdit* pBox :
          {txtPropagationLayerE, txtPropagationLayerEs, txtPropagationLayerF1, txtPropagationLayerF2,
@@ -170,10 +152,7 @@ void frmOptions::NumberBoxEnable(QLineEdit* pBox, bool bEnabled)
 {
     // Nobody can mend a grey box, so a text there that is no number gives way to the setting.
     if (!bEnabled && !NumberFromTextSingle(pBox->text().toStdString()))
-        for (const NumberBox& box : m_aModelBoxes)
-            if (box.pBox == pBox)
-                pBox->setText(
-                    QString::fromStdString(NumberToText(m_host.SettingsGet().*box.pMember)));
+        m_controls.Load(*pBox, m_host.SettingsGet());
     pBox->setEnabled(bEnabled);
     const QString sSubject = pBox->objectName().mid(3);  // behind "txt"
     for (const QString& sPart : {QStringLiteral("Caption"), QStringLiteral("Unit")})
@@ -215,13 +194,11 @@ bool frmOptions::SettingsApply()
     if (m_bUpdating)
         return false;
     // Nothing is copied before every number is one: half of the tabs would be in force otherwise.
-    Numbers numbers;
-    if (!NumbersRead(numbers))
-        return false;
+    Settings typed = m_host.SettingsGet();
+    if (const auto refused = m_controls.Read(typed); refused.pBox != nullptr)
+        return NumberRefused(refused.pBox, refused.sWhy);
     const bool bTaken = FrequencyCopy();
-    MapCopy(numbers);
-    ModelCopy(numbers);
-    TimeCopy();
+    m_controls.Copy(typed, m_host.SettingsGet());
     // The main window has this dialog filled anew; lines that were refused stay, to be mended.
     m_bFrequencyKeep = !bTaken;
     return HostUpdate();

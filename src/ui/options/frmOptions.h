@@ -10,13 +10,12 @@
 /// Tests:   tests/ui/options/FrmOptions*Test.cpp
 #pragma once
 
-#include <QButtonGroup>
 #include <QDialog>
 #include <QTimer>
-#include <array>
 #include <string>
 
 #include "ui/common/MainWindowHost.h"
+#include "ui/options/SettingControls.h"
 #include "ui_OptionsModel.h"
 #include "ui_frmOptions.h"
 
@@ -41,33 +40,12 @@ protected:
     bool eventFilter(QObject* pObject, QEvent* pEvent) override;
 
 private:
-    /// A box that shows one single-precision member.
-    struct NumberBox {
-        QLineEdit* pBox;
-        float Settings::*pMember;
-    };
-
     void SignalsConnect();
-    void ControlsGroup();
     void TabOrderSet();
 
     void AirMailLoad();
     void FrequencyLoad();
-    void MapLoad();
-    void ModelLoad();
-    void TimeLoad();
-
-    /// What the number boxes of the map and model tabs hold.
-    struct Numbers {
-        float fMapOverlayMinSnr = 0.0F;
-        int iMapOverlayGridSize = 0;
-        std::array<float, 11> afModel{};  ///< in the order of m_aModelBoxes
-    };
-    bool NumbersRead(Numbers& numbers);
     bool FrequencyCopy();
-    void MapCopy(const Numbers& numbers);
-    void ModelCopy(const Numbers& numbers);
-    void TimeCopy();
     bool NumberRefused(QLineEdit* pBox, const std::string& sText);
 
     void cmdApplyClick() { SettingsApply(); }
@@ -87,9 +65,8 @@ private:
     void NumberBoxEnable(QLineEdit* pBox, bool bEnabled);
 
     MainWindowHost& m_host;
-    QButtonGroup m_grpModel;
-    QButtonGroup m_grpTimeCode;
-    std::array<NumberBox, 11> m_aModelBoxes;
+    SettingControls m_controls;
+    QButtonGroup* m_pModelGroup;    // the engines
     std::string m_sAirMailError;    // of the latest load; empty when Airmail could be read
     bool m_bFrequencyKeep = false;  // the text holds lines that the list has not taken
     bool m_bUpdating = false;       // the main window runs a prediction that was asked for here

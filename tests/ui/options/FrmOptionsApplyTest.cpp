@@ -197,7 +197,7 @@ TEST_F(FrmOptions, ABadNumberKeepsEveryTabFromBeingCopied)
     const frmOptions& frm = Open(kTabModel);
     Type(frm.txtPropagationNoiseLevel, Q("-150"));
     Press(frm.optPropagationModel2);
-    Type(frm.txtPropagationLayerEs, Q("?"));  // the last box that is looked at
+    Type(frm.txtPropagationTakeoffAngle, Q("?"));  // the last box that is looked at
     frm.SSTab->setCurrentIndex(kTabMap);
     Type(frm.txtMapOverlayGridSize, Q("50"));
     frm.SSTab->setCurrentIndex(kTabTime);
