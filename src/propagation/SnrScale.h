@@ -12,16 +12,13 @@
 #include <span>
 #include <string>
 
+#include "settings/Palette.h"
+
 /// The lowest SNR that a table shows, dB.
 inline constexpr float kSnrLeast = -99.0F;
 
 /// What a table shows of an SNR: kSnrLeast for anything lower and for not-a-number.
 [[nodiscard]] float SnrShownGet(float fSnr);
-
-/// The sets of colours for the bands. Safe rises in lightness and keeps its bands apart for colour
-/// blind eyes; Night is red on black; Print is white and greys.
-enum class Palette { Standard, Safe, Night, Print };
-inline constexpr std::size_t kPaletteCount = 4;
 
 /// One step of the scale: from fLowest, inclusive, to the next step's.
 struct SnrBand {

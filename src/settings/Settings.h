@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "settings/Need.h"
+#include "settings/Palette.h"
 
 /// Entries of the frequency list that can be in use (slot 0 is never shown).
 inline constexpr int kFrequencyMax = 15;
@@ -21,9 +22,6 @@ enum EngineModel { kEngineIcepac = 1, kEngineVoacap = 2, kEngineRec533 = 3 };
 
 /// What the hours of the table are labelled in.
 enum TimeCode { kTimeZulu = 0, kTimeLocal = 1 };
-
-/// What the eight bands of the SNR are coloured in.
-enum class Palette { Standard, Safe, Night, Print };
 
 /// The selected cell of the prediction table; -1 means none.
 struct SelectedCell {
