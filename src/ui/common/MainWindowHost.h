@@ -12,6 +12,7 @@
 
 #include "propagation/Prediction.h"
 #include "settings/Settings.h"
+#include "ui/common/SettingsSignal.h"
 
 class MainWindowHost {
 public:
@@ -19,6 +20,8 @@ public:
 
     /// The one set of settings; the other windows change members directly and then call Update.
     [[nodiscard]] virtual Settings& SettingsGet() = 0;
+    /// Sent by Update, before its prediction.
+    [[nodiscard]] SettingsSignal& SettingsSignalGet() { return m_settingsSignal; }
     /// Every setting back to its default; no prediction is run.
     virtual void Initialize() = 0;
     /// Lays out the table and runs a prediction. @return true when it succeeded.
@@ -36,4 +39,7 @@ public:
     [[nodiscard]] virtual Request TableInputGet() const = 0;
     /// For the status line: why the map's overlay could not be drawn; nothing when it is all right.
     virtual void OverlayFailedSet(const std::optional<Failure>& failure) = 0;
+
+private:
+    SettingsSignal m_settingsSignal;
 };

@@ -75,8 +75,7 @@ void SideWindows::Update()
 {
     if (m_pMap)
         m_pMap->Update();
-    if (m_pOptions)
-        m_pOptions->Update();
+    Q_EMIT m_host.SettingsSignalGet().Changed();
 }
 
 void SideWindows::Unload()

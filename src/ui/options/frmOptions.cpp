@@ -61,6 +61,7 @@ void frmOptions::TabOrderSet()
 
 void frmOptions::SignalsConnect()
 {
+    connect(&m_host.SettingsSignalGet(), &SettingsSignal::Changed, this, &frmOptions::Update);
     connect(cmdApply, &QPushButton::clicked, this, &frmOptions::cmdApplyClick);
     connect(cmdCancel, &QPushButton::clicked, this, &frmOptions::cmdCancelClick);
     connect(cmdDefault, &QPushButton::clicked, this, &frmOptions::cmdDefaultClick);

@@ -30,10 +30,7 @@ protected:
         m_pForm->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(m_pForm));
         // The real main window has an open dialog filled anew by each run.
-        m_host.m_fnUpdate = [this] {
-            if (m_pForm)
-                m_pForm->Update();
-        };
+        m_host.m_fnUpdate = [this] { Q_EMIT m_host.SettingsSignalGet().Changed(); };
         return *m_pForm;
     }
     /// True once the dialog is gone; waits for its destruction.

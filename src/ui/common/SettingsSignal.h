@@ -1,0 +1,13 @@
+/// @file SettingsSignal.h
+/// Tells every window that shows settings that they changed, so that who changes them needs to know
+/// none of the windows.
+#pragma once
+
+#include <QObject>
+
+class SettingsSignal final : public QObject {
+    Q_OBJECT
+Q_SIGNALS:
+    /// Settings may have changed; a prediction with them follows.
+    void Changed();
+};
