@@ -14,6 +14,9 @@ public:
         m_folder.Write("hopcast-engines.txt", bOwn ? "rec533w.exe copy 0 cbf29ce484222325\n" : "");
     }
 
+    /// Puts an empty program in VOACAP's place.
+    void VoacapPut() const { m_folder.Write("bin_win/voacapw.exe", ""); }
+
 private:
     TempFolder m_folder;
     EnvironmentSet m_environment{"HOPCAST_ITSHFBC", m_folder.Path()};

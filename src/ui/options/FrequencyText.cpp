@@ -9,6 +9,28 @@ namespace {
 
 constexpr std::string_view kLineBreak = "\r\n";
 
+/// What is wrong with a line, in a few words.
+std::string HintGet(std::string_view sLine, int iLine)
+{
+    constexpr std::size_t kShown = 20;  // characters of the line; the hint stands in one column
+    const std::string_view sText = TextTrim(sLine);
+    const std::string sNumber = "Line " + NumberToText(iLine);
+    if (sText.empty())
+        return sNumber + " is empty";
+    const std::string sSubject =
+        sText.size() <= kShown ? TextForMessage(std::string(sText)) : sNumber;
+    const auto Has = [&](const char* sChars) {
+        return sText.find_first_of(sChars) != std::string_view::npos;
+    };
+    if (Has(","))
+        return sSubject + " has a comma";
+    if (Has(" \t"))
+        return sSubject + " has a space";
+    if (Has("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"))
+        return sSubject + " has a letter";
+    return sSubject + " is not a number";
+}
+
 }  // namespace
 
 std::string FrequencyListToText(int nCount, const FrequencyGetFn& fnGet)
@@ -22,16 +44,21 @@ std::string FrequencyListToText(int nCount, const FrequencyGetFn& fnGet)
     return sText;
 }
 
-bool FrequencyListFromText(std::string_view sText, const FrequencySetFn& fnSet, int& nCount)
+bool FrequencyListFromText(std::string_view sText, const FrequencySetFn& fnSet, int& nCount,
+                           FrequencyRefused* pRefused)
 {
+    FrequencyRefused refusedUnasked;
+    FrequencyRefused& refused = pRefused != nullptr ? *pRefused : refusedUnasked;
     for (int i = 1; i <= kFrequencyMax; ++i) {
         const std::size_t nBreak = sText.find(kLineBreak);
         const std::string sPiece(sText.substr(0, nBreak));
         const auto resKhz = NumberFromTextSingle(sPiece);
-        if (!resKhz)
+        if (!resKhz) {
+            refused = {i, HintGet(sPiece, i)};
             return MsgFail(MsgIcon::None,
                            "Unable to convert \"" + TextForMessage(sPiece)
                                + "\" to a frequency.  Please check for spaces or empty lines.");
+        }
         fnSet(i, resKhz.ValueGet());
         if (nBreak == std::string_view::npos) {
             nCount = i;
@@ -40,6 +67,7 @@ bool FrequencyListFromText(std::string_view sText, const FrequencySetFn& fnSet, 
         sText.remove_prefix(nBreak + kLineBreak.size());
     }
     nCount = kFrequencyMax;
+    refused = {kFrequencyMax + 1, "Line 16 is one too many"};
     return MsgFail(MsgIcon::None,
                    "Only 15 frequencies can be used. The first 15 lines were taken, "
                    "the lines below them were not.");

@@ -16,6 +16,12 @@
 using FrequencyGetFn = std::function<float(int iIndex)>;
 using FrequencySetFn = std::function<void(int iIndex, float fKhz)>;
 
+/// A line that was not taken.
+struct FrequencyRefused {
+    int iLine = 0;      ///< from 1
+    std::string sHint;  ///< what is wrong with it, short: "13,992 has a comma"
+};
+
 /// Entries 1..nCount in whole kHz, without a line break behind the last one.
 [[nodiscard]] std::string FrequencyListToText(int nCount, const FrequencyGetFn& fnGet);
 
@@ -23,8 +29,10 @@ using FrequencySetFn = std::function<void(int iIndex, float fKhz)>;
 /// set when all were. A line that is no number stops the walk with a box: what was stored before it
 /// stays stored, nCount stays as it is. So a line break at the end always fails, on its empty last
 /// line. Of more than 15 lines the first 15 are taken, nCount becomes 15, and a box says so.
+/// @param pRefused  gets the line that stopped the walk.
 /// @return true when every line was taken.
-bool FrequencyListFromText(std::string_view sText, const FrequencySetFn& fnSet, int& nCount);
+bool FrequencyListFromText(std::string_view sText, const FrequencySetFn& fnSet, int& nCount,
+                           FrequencyRefused* pRefused = nullptr);
 
 /// The middle of a band, rounded to whole kHz as the list shows it: "7225 - 7300  (40 m)" gives
 /// "7263".

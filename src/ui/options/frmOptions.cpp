@@ -36,6 +36,7 @@ frmOptions::frmOptions(MainWindowHost& host, QWidget* pParent)
     m_pModelGroup = &m_controls.GroupGet(&Settings::m_iPropagationModel);
     TabOrderSet();
     SignalsConnect();
+    m_sFrequencyHint = lblFrequencyHint->text();
     Update();
     tmrTimeTick();
     tmrTime->start(kTickMs);
@@ -73,12 +74,29 @@ void frmOptions::SignalsConnect()
             &frmOptions::chkPropagationSunSpotNumberClick);
     connect(txtPropagationQIndex, &QLineEdit::textChanged, this,
             &frmOptions::txtPropagationQIndexChange);
+    connect(txtFrequency, &QPlainTextEdit::textChanged, this,
+            [this] { lblFrequencyHint->setText(m_sFrequencyHint); });
     connect(lstHamVoiceBands, &QListWidget::itemDoubleClicked, this, &frmOptions::BandAppend);
     connect(tmrTime, &QTimer::timeout, this, &frmOptions::tmrTimeTick);
     lstHamVoiceBands->installEventFilter(this);
 }
 
-void frmOptions::TabShow(int iTab) { SSTab->setCurrentIndex(iTab); }
+void frmOptions::TabShow(int iTab)
+{
+    SSTab->setCurrentIndex(iTab);
+    const QWidget* pPage = SSTab->currentWidget();
+    for (QWidget* p = SSTab->nextInFocusChain(); p != SSTab; p = p->nextInFocusChain()) {
+        if (!pPage->isAncestorOf(p) || !p->isEnabled() || (p->focusPolicy() & Qt::TabFocus) == 0)
+            continue;
+        // Of a group of buttons the chosen one, as the Tab key has it.
+        auto* pButton = qobject_cast<QRadioButton*>(p);
+        QAbstractButton* pChosen = pButton != nullptr && pButton->group() != nullptr
+                                       ? pButton->group()->checkedButton()
+                                       : nullptr;
+        (pChosen != nullptr ? pChosen : p)->setFocus();
+        return;
+    }
+}
 
 void frmOptions::reject()
 {

@@ -15,6 +15,7 @@
 #include <string>
 
 #include "ui/common/MainWindowHost.h"
+#include "ui/options/FrequencyText.h"
 #include "ui/options/SettingControls.h"
 #include "ui_OptionsModel.h"
 #include "ui_frmOptions.h"
@@ -30,7 +31,8 @@ public:
 
     /// Fills every control from the settings and from Airmail.
     void Update();
-    /// Brings a tab to the front; a number that is none of the tabs changes nothing.
+    /// Brings a tab to the front, with the focus in its first field; a number that is none of the
+    /// tabs leaves the tab that is there.
     void TabShow(int iTab);
 
     QTimer* tmrTime;  ///< the clocks' tick  NOLINT(readability-identifier-naming)
@@ -46,6 +48,8 @@ private:
     void AirMailLoad();
     void FrequencyLoad();
     bool FrequencyCopy();
+    void FrequencyPointOut(const FrequencyRefused& refused);
+    void EnginesTell();
     bool NumberRefused(QLineEdit* pBox, const std::string& sText);
 
     void cmdApplyClick() { SettingsApply(); }
@@ -67,6 +71,7 @@ private:
     MainWindowHost& m_host;
     SettingControls m_controls;
     QButtonGroup* m_pModelGroup;    // the engines
+    QString m_sFrequencyHint;       // what stands below the frequencies while none is refused
     std::string m_sAirMailError;    // of the latest load; empty when Airmail could be read
     bool m_bFrequencyKeep = false;  // the text holds lines that the list has not taken
     bool m_bUpdating = false;       // the main window runs a prediction that was asked for here

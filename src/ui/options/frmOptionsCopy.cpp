@@ -1,6 +1,9 @@
 // The two ways of the options dialog's values: settings to controls, controls to settings.
+#include <QTextBlock>
+
 #include "airmail/AirMailLib.h"
 #include "geo/MathLib.h"
+#include "propagation/itshfbc/EngineProgram.h"
 #include "system/MsgLib.h"
 #include "system/TextLib.h"
 #include "ui/options/FrequencyText.h"
@@ -24,6 +27,7 @@ void frmOptions::Update()
     AirMailLoad();
     FrequencyLoad();
     m_controls.Load(m_host.SettingsGet());
+    EnginesTell();
     chkPropagationMonthClick();
     chkPropagationSunSpotNumberClick();
     optPropagationModelClick();
@@ -64,9 +68,40 @@ bool frmOptions::FrequencyCopy()
 {
     QString sText = txtFrequency->toPlainText();
     sText.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
-    return FrequencyListFromText(
+    FrequencyRefused refused;
+    const bool bTaken = FrequencyListFromText(
         sText.toStdString(), [this](int i, float fKhz) { m_host.FrequencySet(i, fKhz); },
-        m_host.SettingsGet().m_nData);
+        m_host.SettingsGet().m_nData, &refused);
+    if (!bTaken)
+        FrequencyPointOut(refused);
+    return bTaken;
+}
+
+/// The refused line is selected, so that typing mends it, and the hint tells what is wrong with it.
+void frmOptions::FrequencyPointOut(const FrequencyRefused& refused)
+{
+    SSTab->setCurrentIndex(kTabFrequency);
+    txtFrequency->setFocus();
+    QTextCursor cursor(txtFrequency->document()->findBlockByNumber(refused.iLine - 1));
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    txtFrequency->setTextCursor(cursor);
+    txtFrequency->ensureCursorVisible();
+    lblFrequencyHint->setText(QString::fromStdString(refused.sHint));
+}
+
+/// An engine that is missing says so below its guidance.
+void frmOptions::EnginesTell()
+{
+    for (QAbstractButton* pButton : m_pModelGroup->buttons()) {
+        const int iModel = m_pModelGroup->id(pButton);
+        const QString sMissing = EngineCheckInstalled(iModel, nullptr)
+                                     ? QString()
+                                     : QStringLiteral("Not installed: no %1")
+                                           .arg(QString::fromStdString(EngineProgramPath(iModel)));
+        const QString sGuidance = pButton->accessibleName();
+        pButton->setToolTip(sMissing.isEmpty() ? sGuidance : sGuidance + u'\n' + sMissing);
+        pButton->setAccessibleDescription(sMissing);
+    }
 }
 
 bool frmOptions::NumberRefused(QLineEdit* pBox, const std::string& sText)

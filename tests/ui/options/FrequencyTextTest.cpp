@@ -57,6 +57,42 @@ TEST(FrequencyText, BlanksAroundANumberAreAccepted)
     EXPECT_EQ(parsed.aStored, (std::map<int, float>{{1, 7100.5F}, {2, 14200.0F}}));
 }
 
+struct HintCase {
+    const char* sText;
+    int iLine;
+    const char* sHint;
+};
+
+TEST(FrequencyText, TheRefusedLineIsToldWithAHint)
+{
+    for (const HintCase& c : {HintCase{"7100\r\n13,992", 2, "13,992 has a comma"},
+                              {"7100\r\n", 2, "Line 2 is empty"},
+                              {"\t \r\n7100", 1, "Line 1 is empty"},
+                              {"7000 14000", 1, "7000 14000 has a space"},
+                              {"7100\r\n7200\r\n14.2MHz", 3, "14.2MHz has a letter"},
+                              {" 1.2.3 ", 1, "1.2.3 is not a number"},
+                              {"1,000000000000000000000", 1, "Line 1 has a comma"}}) {
+        const MsgRecorder msg;
+        FrequencyRefused refused;
+        int nCount = 0;
+        EXPECT_FALSE(FrequencyListFromText(
+            c.sText, [](int, float) {}, nCount, &refused));
+        EXPECT_EQ(refused.iLine, c.iLine) << c.sText;
+        EXPECT_EQ(refused.sHint, c.sHint);
+    }
+}
+
+TEST(FrequencyText, OfTooManyLinesTheSixteenthIsTold)
+{
+    const MsgRecorder msg;
+    FrequencyRefused refused;
+    int nCount = 0;
+    EXPECT_FALSE(FrequencyListFromText(
+        Lines(17), [](int, float) {}, nCount, &refused));
+    EXPECT_EQ(refused.iLine, 16);
+    EXPECT_EQ(refused.sHint, "Line 16 is one too many");
+}
+
 struct RefusedCase {
     const char* sName;
     const char* sText;

@@ -343,6 +343,47 @@ TEST_F(FrmOptions, ABadFrequencyLineIsToldAndTheRestGoesOn)
         << "the refused text stays to be mended";
 }
 
+TEST_F(FrmOptions, ARefusedLineIsSelectedAndTheHintTellsWhy)
+{
+    frmOptions& frm = Open();
+    const QString sHint = frm.lblFrequencyHint->text();
+    FrequenciesType(Q("7100\n13,992\n14200"));
+    frm.TabShow(kTabModel);
+    const MsgRecorder msg;
+    Press(frm.cmdApply);
+    EXPECT_EQ(msg.m_aShown.size(), 1U);
+    EXPECT_EQ(frm.SSTab->currentIndex(), kTabFrequency);
+    EXPECT_TRUE(frm.txtFrequency->hasFocus());
+    EXPECT_EQ(frm.txtFrequency->textCursor().selectedText(), Q("13,992"));
+    EXPECT_EQ(frm.lblFrequencyHint->text(), Q("13,992 has a comma"));
+    QTest::keyClicks(frm.txtFrequency, Q("13992"));
+    EXPECT_EQ(frm.txtFrequency->toPlainText(), Q("7100\n13992\n14200"));
+    EXPECT_EQ(frm.lblFrequencyHint->text(), sHint);
+    Press(frm.cmdApply);
+    EXPECT_EQ(msg.m_aShown.size(), 1U);
+    EXPECT_EQ(m_host.m_atUpdate.m_nData, 3);
+}
+
+TEST_F(FrmOptions, TheSixteenthLineIsSelectedWhereThereAreTooMany)
+{
+    const frmOptions& frm = Open();
+    QStringList asLines;
+    for (int i = 1; i <= 17; ++i) asLines << QString::number(i * 1000);
+    FrequenciesType(asLines.join(u'\n'));
+    const MsgRecorder msg;
+    Press(frm.cmdApply);
+    EXPECT_EQ(frm.txtFrequency->textCursor().selectedText(), Q("16000"));
+    EXPECT_EQ(frm.lblFrequencyHint->text(), Q("Line 16 is one too many"));
+}
+
+TEST_F(FrmOptions, FollowsSettingsThatAnotherWindowChanged)
+{
+    const frmOptions& frm = Open(kTabModel);
+    m_host.m_settings.m_fPropagationTakeoffAngle = 8.0F;
+    Q_EMIT m_host.SettingsSignalGet().Changed();
+    EXPECT_EQ(frm.txtPropagationTakeoffAngle->text(), Q("8"));
+}
+
 TEST_F(FrmOptions, ARefusedTextStaysOnlyForItsOwnApply)
 {
     frmOptions& frm = Open();

@@ -45,9 +45,47 @@ TEST_F(FrmOptions, TooltipsAreTheProgramsGuidance)
     for (const TooltipCase& c : kTooltips) {
         const auto* pWidget = frm.findChild<QWidget*>(Q(c.sName));
         ASSERT_TRUE(pWidget) << c.sName;
-        EXPECT_EQ(pWidget->toolTip(), Q(c.sText));
+        EXPECT_EQ(pWidget->toolTip().section(u'\n', 0, 0), Q(c.sText));
         EXPECT_EQ(pWidget->accessibleName(), Q(c.sText)) << c.sName;
     }
+}
+
+TEST_F(FrmOptions, AMissingEngineSaysSoInASecondLineOfItsTooltip)
+{
+    m_root.Rec533Put(true);
+    frmOptions& frm = Open(kTabModel);
+    const QString sMissing = Q("Not installed: no c:\\itshfbc\\bin_win\\voacapw.exe");
+    EXPECT_EQ(frm.optPropagationModel2->toolTip().section(u'\n', 1), sMissing);
+    EXPECT_EQ(frm.optPropagationModel2->accessibleDescription(), sMissing);
+    EXPECT_FALSE(frm.optPropagationModel3->toolTip().contains(u'\n'));
+    m_root.VoacapPut();
+    frm.Update();
+    EXPECT_FALSE(frm.optPropagationModel2->toolTip().contains(u'\n'));
+    EXPECT_EQ(frm.optPropagationModel2->accessibleDescription(), QString());
+}
+
+TEST_F(FrmOptions, ATabOpensWithTheFocusInItsFirstField)
+{
+    m_host.m_settings.m_iPropagationModel = kEngineVoacap;
+    m_host.m_settings.m_iTimeCode = kTimeLocal;
+    frmOptions& frm = Open(kTabModel);
+    EXPECT_TRUE(frm.optPropagationModel2->hasFocus()) << "the chosen engine, not the first one";
+    frm.TabShow(kTabAirmail);
+    EXPECT_TRUE(frm.txtAirMailDirectory->hasFocus());
+    frm.TabShow(kTabFrequency);
+    EXPECT_TRUE(frm.txtFrequency->hasFocus());
+    frm.TabShow(kTabTime);
+    EXPECT_TRUE(frm.optTimeCode1->hasFocus());
+    frm.TabShow(kTabMap);
+    EXPECT_TRUE(frm.txtMapOverlayMinSnr->hasFocus());
+    EXPECT_EQ(m_host.m_settings.m_iPropagationModel, kEngineVoacap);
+}
+
+TEST_F(FrmOptions, WithoutAChosenEngineTheFirstOneHasTheFocus)
+{
+    m_host.m_settings.m_iPropagationModel = 9;
+    EXPECT_TRUE(Open(kTabModel).optPropagationModel1->hasFocus());
+    EXPECT_FALSE(m_pForm->optPropagationModel1->isChecked());
 }
 
 TEST_F(FrmOptions, CaptionsAreThoseThatUsersKnow)
