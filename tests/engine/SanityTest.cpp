@@ -232,66 +232,6 @@ TEST(Sanity, NothingJumpsAtTheAntipode)
         EXPECT_LT(StepsGet(dKm - 0.25, dKm + 0.25).back(), 0.2) << dKm - dHalf;
 }
 
-// The ways of a path of one length, turned round its transmitter.
-TEST(Sanity, NothingJumpsWithTheAzimuth)
-{
-    Bench tbl;
-    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Mean, 4, 60.0);
-    std::vector<double> aSteps;
-    for (const double dKm : {8200.0, 13100.0, 17300.0, 19990.0}) {
-        Circuit tblCircuit = CircuitOf(47.0, 8.0, 0.0, 0.0);
-        std::vector<int> aHops;
-        double dBefore = 0.0;
-        for (int i = 0; i <= 720; ++i) {
-            EndGet(tblCircuit, 40.0 + 0.0025 * i, dKm);
-            const double dField = tbl.Run(tblCircuit, 9, 12.0).dField;
-            const auto aNow = HopsOf(*tbl.pPath, *tbl.pHour);
-            if (aNow == aHops)
-                aSteps.push_back(std::abs(dField - dBefore));
-            aHops = aNow;
-            dBefore = dField;
-        }
-    }
-    EXPECT_GT(aSteps.size(), 2700u);
-    // The tables of the Recommendation have cells: noon hours, zones, classes of latitude.
-    std::sort(aSteps.begin(), aSteps.end());
-    EXPECT_LT(aSteps[aSteps.size() * 995 / 1000], 0.2);
-}
-
-// Numbers along whole great circles, the short way and the long one; every step above 0.2 dB is one
-// of a number of hops or of what the Recommendation reads from tables with cells.
-TEST(Sanity, SweepsGiveNumbersEverywhereAndStepsOnlyWithTheTables)
-{
-    Bench tbl;
-    int nSteps = 0, nAll = 0;
-    for (int nCircle = 0; nCircle < 3; ++nCircle) {
-        IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Mean, 1 + 4 * nCircle, 70.0 * nCircle);
-        Circuit tblCircuit = CircuitOf(50.0 - 40.0 * nCircle, 100.0 * nCircle - 90.0, 0.0, 0.0);
-        std::vector<int> aHops;
-        double dBefore = 0.0;
-        for (double dKm = 0.0; dKm <= 39900.0; dKm += dKm > 7000.0 ? 19.5 : 49.5) {
-            for (int nStep = 0; nStep < 2; ++nStep) {
-                const double dAt = dKm + 0.5 * nStep;
-                EndGet(tblCircuit, 35.0 + 70.0 * nCircle, dAt);
-                tblCircuit.bLongWay = dAt > kPi * kEarthKm;
-                const Prediction tblPrediction = tbl.Run(tblCircuit, 4 + 8 * nCircle, 11.0);
-                ASSERT_TRUE(AllFinite(*tbl.pHour, tblPrediction)) << dAt;
-                const auto aNow = HopsOf(*tbl.pPath, *tbl.pHour);
-                const double dStep = std::abs(tblPrediction.dField - dBefore);
-                if (nStep == 1 && dAt > kShortOnly && aNow == aHops) {
-                    ++nAll;
-                    nSteps += dStep > 0.2 ? 1 : 0;
-                    EXPECT_LT(dStep, 2.5) << dAt;
-                }
-                aHops = aNow;
-                dBefore = tblPrediction.dField;
-            }
-        }
-    }
-    EXPECT_GT(nAll, 4500);
-    EXPECT_LT(nSteps, nAll / 500);
-}
-
 TEST(Sanity, FieldDoesNotDependOnWhichHoursCameBefore)
 {
     Bench tbl;

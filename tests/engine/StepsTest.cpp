@@ -1,0 +1,409 @@
+// The field along great circles, with the azimuth and across the antipode: every step has a name
+// and a size that docs/model.md tells.
+//
+// Where the field changes by more than 0.2 dB within half a kilometre, the place is narrowed down
+// to some centimetres. What is discrete in the method, or is read from tables with cells, is looked
+// at on both sides; the first that differs there is the step's term. A change that spreads over
+// those metres is a slope, and only the loss above a MUF, which begins as a square root, is steep.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <functional>
+#include <map>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <utility>
+
+#include "engine/ReferenceData.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+using namespace rec533;  // NOLINT(google-build-using-namespace)
+
+constexpr double kStepMost = 0.2;    // dB
+constexpr double kSpan = 0.5;        // km
+constexpr double kSpanLeast = 1e-5;  // km: what is left of a step there is one
+
+// What may step, in the order of cause and effect.
+enum class Term {
+    Distance,
+    Hops,
+    LongHops,
+    Height,
+    Auroral,
+    Foe,
+    Exponent,
+    Penetration,
+    Screening,
+    Muf,
+    LowHops,
+    Noon,
+    Evening,
+    Root,
+    Swing,
+    None
+};
+
+// Up to 7000 km, up to 9000 km, beyond.
+constexpr std::size_t kBands = 3;
+std::size_t BandOf(double dKm) { return dKm <= kShortOnly ? 0 : dKm <= kLongOnly ? 1 : 2; }
+
+// The terms as docs/model.md lists them, with their greatest steps in the bands, dB; 0 for none.
+struct TermRow {
+    const char* sName;
+    std::array<double, kBands> adMost;
+};
+
+constexpr std::array<TermRow, static_cast<std::size_t>(Term::None)> kTerms{{
+    {"distance classes", {62.8, 0.0, 0.0}},
+    {"hops of the modes", {30.9, 8.9, 15.5}},
+    {"hops of the long method", {0.0, 0.0, 9.2}},
+    {"reflection height", {0.4, 0.7, 8.1}},
+    {"auroral loss", {5.1, 2.0, 1.4}},
+    {"foE", {0.0, 0.0, 1.5}},
+    {"exponent of absorption", {0.0, 0.0, 1.9}},
+    {"penetration factor", {0.4, 0.0, 0.0}},
+    {"screening", {16.6, 0.0, 0.0}},
+    {"basic MUF", {8.0, 3.2, 2.3}},
+    {"hops of fL", {0.0, 0.0, 0.0}},
+    {"noon MUF of K", {0.0, 0.0, 0.4}},
+    {"evening of fL", {0.0, 0.0, 16.9}},
+    {"slope above a MUF", {0.5, 0.0, 0.0}},
+    {"swing of the ways", {0.0, 0.0, 0.7}},
+}};
+
+// What a prediction is made of, by term, way, mode and number; the terms in their order.
+using Parts = std::map<std::array<int, 4>, double>;
+
+class Bench {
+public:
+    Bench(int nMonth, double dSsn, int nLabel, double dFrequency)
+        : m_nLabel(nLabel), m_dFrequency(dFrequency)
+    {
+        IonosphereFill(*m_pIono, Behaviour::Best, MapSet::Mean, nMonth, dSsn);
+    }
+    double FieldGet(const Circuit& tbl)
+    {
+        Run(tbl);
+        return m_tblRows.aField[0];
+    }
+    double DistanceGet(const Circuit& tbl)
+    {
+        Run(tbl);
+        return m_pPath->tblWay.dKm;
+    }
+    Parts PartsGet(const Circuit& tbl)
+    {
+        Run(tbl);
+        Parts parts;
+        PathAdd(parts);
+        WayAdd(parts, *m_pHour, 0);
+        for (std::size_t i = 0; i < m_pPath->nBent; ++i) WayAdd(parts, m_pHour->aBent[i], i + 1);
+        return parts;
+    }
+    // Why the field is steep between two places, dKm apart.
+    Term SlopeGet(const Circuit& tblA, const Circuit& tblB, double dKm)
+    {
+        constexpr double kSwing = 2.0;  // an ordinary middle moves half as far as the receiver
+        const auto aA = MiddlesGet(tblA);
+        const bool bRoot = RootIsSteep();
+        const auto aB = MiddlesGet(tblB);
+        for (std::size_t i = 0; i <= m_pPath->nBent; ++i)
+            if (std::hypot(aA[i][0] - aB[i][0], aA[i][1] - aB[i][1], aA[i][2] - aB[i][2])
+                > kSwing * dKm / kEarthKm)
+                return Term::Swing;
+        return bRoot || RootIsSteep() ? Term::Root : Term::None;
+    }
+
+private:
+    void Run(const Circuit& tbl)
+    {
+        PathFill(*m_pPath, *m_pIono, tbl, m_nLabel);
+        HourFill(*m_pHour, *m_pPath, m_nLabel);
+        FrequencySetFill(m_tblSet, *m_pIono, m_pPath->tblCircuit, {&m_dFrequency, 1},
+                         NoiseBlocksOf(m_pHour->tblNoise));
+        PredictionRowsFill(m_tblRows, *m_pWork, *m_pHour, m_tblSet);
+    }
+    using Middles = std::array<std::array<double, 3>, 3>;
+    // The middles of the ways, as vectors.
+    Middles MiddlesGet(const Circuit& tbl)
+    {
+        Run(tbl);
+        const auto fnVector = [](const Place& p) {
+            return std::array{p.dCosLat * p.dCosLon, p.dCosLat * p.dSinLon, p.dSinLat};
+        };
+        return {fnVector(m_pPath->tblMid.tblPlace), fnVector(m_pPath->aBent[0].tblMid.tblPlace),
+                fnVector(m_pPath->aBent[1].tblMid.tblPlace)};
+    }
+    // True where a mode is just above its MUF, where the loss is a root.
+    [[nodiscard]] bool RootIsSteep() const
+    {
+        constexpr double kJust = 0.01;
+        const auto fnJust = [this](double dMuf) {
+            return dMuf > 0.0 && m_dFrequency > dMuf && m_dFrequency < dMuf * (1.0 + kJust);
+        };
+        const auto fnWay = [&](const WayHour& tblHour) {
+            return std::any_of(tblHour.aModes.begin(), tblHour.aModes.begin() + tblHour.nModes,
+                               [&](const Mode& m) { return fnJust(m.dMuf) || fnJust(m.dWorst); });
+        };
+        return fnWay(*m_pHour)
+               || std::any_of(m_pHour->aBent.begin(),
+                              m_pHour->aBent.begin() + static_cast<int>(m_pPath->nBent), fnWay);
+    }
+    void PathAdd(Parts& parts) const
+    {
+        const double dKm = m_pPath->tblWay.dKm;
+        int i = 0;
+        for (const double dEdge : {2000.0, 3000.0, 4000.0, kShortOnly, kLongOnly})
+            parts[{static_cast<int>(Term::Distance), 0, 0, i++}] = dKm > dEdge ? 1.0 : 0.0;
+        if (dKm <= kLongOnly)
+            parts[{static_cast<int>(Term::Distance), 0, 0, i}] =
+                dKm > m_pHour->dRangeMost ? 1.0 : 0.0;
+    }
+    void WayAdd(Parts& parts, const WayHour& tbl, std::size_t iWay) const
+    {
+        const LongPath& tblLong = tbl.pWay->tblLong;
+        const auto fnAdd = [&](Term eTerm, int nNumber, double dValue) {
+            parts[{static_cast<int>(eTerm), static_cast<int>(iWay), -1, nNumber}] = dValue;
+        };
+        fnAdd(Term::Hops, 0, tbl.nOrderF2);
+        fnAdd(Term::Hops, 1, tbl.nOrderE);
+        fnAdd(Term::Hops, 2, tbl.nModes);
+        fnAdd(Term::Height, 0, tbl.dHeightF2);
+        fnAdd(Term::Foe, 0, tbl.dFoeModes);
+        fnAdd(Term::Foe, 1, tbl.tblMid.dFoe);
+        if (tbl.pWay->bHopSum) {
+            const auto nHour = static_cast<std::size_t>(MapHourGet(m_nLabel));
+            fnAdd(Term::LongHops, 0, tblLong.nHops);
+            fnAdd(Term::LowHops, 0, tblLong.nLowHops);
+            fnAdd(Term::Noon, 0, tblLong.aRatio[0][nHour]);
+            fnAdd(Term::Noon, 1, tblLong.aRatio[1][nHour]);
+            fnAdd(Term::Evening, 0, tbl.tblLong.dLower);
+        }
+        for (int i = 0; i < tbl.nModes; ++i) ModeAdd(parts, tbl, iWay, i);
+    }
+    void ModeAdd(Parts& parts, const WayHour& tbl, std::size_t iWay, int iMode) const
+    {
+        const Mode& tblMode = tbl.aModes[static_cast<std::size_t>(iMode)];
+        const auto fnAdd = [&](Term eTerm, int nNumber, double dValue) {
+            parts[{static_cast<int>(eTerm), static_cast<int>(iWay), iMode, nNumber}] = dValue;
+        };
+        const double dUsed = m_pWork->aModes[iWay][static_cast<std::size_t>(iMode)].aUsed[0];
+        fnAdd(Term::Hops, 0, tblMode.bReaches ? 1.0 : 0.0);
+        fnAdd(Term::Auroral, 0, tblMode.dAuroral);
+        fnAdd(Term::Screening, 0, dUsed);
+        fnAdd(Term::Muf, 0, m_dFrequency > tblMode.dMuf ? 1.0 : 0.0);
+        fnAdd(Term::Muf, 1, m_dFrequency > tblMode.dWorst ? 1.0 : 0.0);
+        fnAdd(Term::Foe, 0, tblMode.dWorst);
+        if (tblMode.nCrossing < 0 || dUsed == 0.0)
+            return;
+        for (int i = 0; i < 2 * tblMode.nHops; ++i) {
+            const Crossing& crs = tbl.aCrossings[static_cast<std::size_t>(tblMode.nCrossing + i)];
+            fnAdd(Term::Foe, 1 + i, crs.dFoe);
+            fnAdd(Term::Exponent, i, crs.dWeight);
+            fnAdd(Term::Penetration, i,
+                  m_dFrequency * tblMode.dCosIncidence > crs.dFoe ? 1.0 : 0.0);
+        }
+    }
+
+    int m_nLabel;
+    double m_dFrequency;
+    std::unique_ptr<Ionosphere> m_pIono = std::make_unique<Ionosphere>();
+    std::unique_ptr<Path> m_pPath = std::make_unique<Path>();
+    std::unique_ptr<Hour> m_pHour = std::make_unique<Hour>();
+    std::unique_ptr<PredictionWork> m_pWork = std::make_unique<PredictionWork>();
+    PredictionRows m_tblRows;
+    FrequencySet m_tblSet;
+};
+
+// The first term that differs between two places some centimetres apart.
+Term TermOf(const Parts& partsA, const Parts& partsB)
+{
+    for (const auto& [aKey, dA] : partsA) {
+        const auto itB = partsB.find(aKey);
+        if (itB != partsB.end() && std::abs(dA - itB->second) > 1e-5 * std::abs(dA) + 1e-9)
+            return static_cast<Term>(aKey[0]);
+    }
+    return Term::None;
+}
+
+// The end of a great circle of dKm that leaves the transmitter at a bearing, degrees.
+Circuit EndAt(Circuit tbl, double dBearing, double dKm)
+{
+    const double dLat = tbl.dTxLat * kRadians;
+    const double dB = dBearing * kRadians;
+    const double dA = dKm / kEarthKm;
+    const double dSin =
+        std::sin(dLat) * std::cos(dA) + std::cos(dLat) * std::sin(dA) * std::cos(dB);
+    const double dEnd = std::asin(std::clamp(dSin, -1.0, 1.0));
+    const double dTurn = std::atan2(std::sin(dB) * std::sin(dA) * std::cos(dLat),
+                                    std::cos(dA) - std::sin(dLat) * std::sin(dEnd));
+    tbl.dRxLat = dEnd * kDegrees;
+    tbl.dRxLon = std::remainder(tbl.dTxLon + dTurn * kDegrees, 360.0);
+    tbl.bLongWay = dKm > kPi * kEarthKm;
+    return tbl;
+}
+
+using PlaceFn = std::function<Circuit(double dKm)>;
+
+struct Found {
+    std::array<std::array<double, kBands>, kTerms.size()> adMost{};
+    int nSteps = 0;
+    int nSpans = 0;
+};
+
+// Seeks the steps of the field between two places of a line.
+class Sweep {
+public:
+    Sweep(Bench& bench, PlaceFn fnPlace, Found& found)
+        : m_bench(bench), m_fnPlace(std::move(fnPlace)), m_found(found)
+    {
+    }
+    void Go(double dFrom, double dTo)
+    {
+        constexpr double kCell = 10.0;  // km
+        double dBefore = FieldAt(dFrom);
+        for (double dKm = dFrom; dKm < dTo; dKm += kCell) {
+            const double dEnd = std::min(dKm + kCell, dTo);
+            const double dNow = FieldAt(dEnd);
+            Split(dKm, dEnd, dBefore, dNow);
+            dBefore = dNow;
+        }
+    }
+
+private:
+    [[nodiscard]] double FieldAt(double dKm) { return m_bench.FieldGet(m_fnPlace(dKm)); }
+    void Split(double dFrom, double dTo, double dFieldFrom, double dFieldTo)
+    {
+        ++m_found.nSpans;
+        ASSERT_TRUE(std::isfinite(dFieldTo)) << dTo;
+        if (std::abs(dFieldTo - dFieldFrom) <= kStepMost)
+            return;
+        if (dTo - dFrom <= kSpan) {
+            Name(dFrom, dTo, dFieldFrom, dFieldTo);
+            return;
+        }
+        const double dMid = (dFrom + dTo) / 2.0;
+        const double dField = FieldAt(dMid);
+        Split(dFrom, dMid, dFieldFrom, dField);
+        Split(dMid, dTo, dField, dFieldTo);
+    }
+    // Follows the greater half of the change to where it is.
+    void Name(double dFrom, double dTo, double dFieldFrom, double dFieldTo)
+    {
+        const double dWhole = std::abs(dFieldTo - dFieldFrom);
+        while (dTo - dFrom > kSpanLeast) {
+            const double dMid = (dFrom + dTo) / 2.0;
+            const double dField = FieldAt(dMid);
+            if (std::abs(dField - dFieldFrom) > std::abs(dFieldTo - dField)) {
+                dTo = dMid;
+                dFieldTo = dField;
+            } else {
+                dFrom = dMid;
+                dFieldFrom = dField;
+            }
+        }
+        const double dLeft = std::abs(dFieldTo - dFieldFrom);
+        const Circuit tblA = m_fnPlace(dFrom);
+        const Circuit tbl = m_fnPlace(dTo);
+        const Term eTerm = dLeft >= 0.1 * dWhole
+                               ? TermOf(m_bench.PartsGet(tblA), m_bench.PartsGet(tbl))
+                               : m_bench.SlopeGet(tblA, tbl, dTo - dFrom);
+        ASSERT_NE(eTerm, Term::None)
+            << "a step of " << dWhole << " dB (" << dLeft << ") without a name from " << tbl.dTxLat
+            << " " << tbl.dTxLon << " to " << tbl.dRxLat << " " << tbl.dRxLon;
+        const auto iTerm = static_cast<std::size_t>(eTerm);
+        const std::size_t iBand = BandOf(m_bench.DistanceGet(tbl));
+        ++m_found.nSteps;
+        double& dMost = m_found.adMost[iTerm][iBand];
+        dMost = std::max(dMost, dWhole);
+        EXPECT_LE(dWhole, kTerms[iTerm].adMost[iBand])
+            << kTerms[iTerm].sName << " from " << tbl.dTxLat << " " << tbl.dTxLon << " to "
+            << tbl.dRxLat << " " << tbl.dRxLon;
+    }
+
+    Bench& m_bench;
+    PlaceFn m_fnPlace;
+    Found& m_found;
+};
+
+// For docs/model.md: what was found.
+void Record(const Found& found)
+{
+    testing::Test::RecordProperty("steps", found.nSteps);
+    for (std::size_t i = 0; i < kTerms.size(); ++i) {
+        std::ostringstream stm;
+        for (const double dMost : found.adMost[i]) stm << dMost << " ";
+        testing::Test::RecordProperty(kTerms[i].sName, stm.str());
+    }
+}
+
+TEST(Steps, AreListedInTheDocument)
+{
+    const std::string sDocument = BytesRead(DOCS_FOLDER "/model.md");
+    for (const TermRow& row : kTerms) {
+        std::ostringstream stm;
+        stm << "\n| " << row.sName << " | ";
+        for (const double dMost : row.adMost) {
+            if (dMost > 0.0)
+                stm << dMost;
+            stm << (dMost > 0.0 ? " | " : "| ");
+        }
+        EXPECT_NE(sDocument.find(stm.str()), std::string::npos) << stm.str();
+    }
+}
+
+constexpr double kAntipodeKm = kPi * kEarthKm;
+
+class StepsOfCircle : public testing::TestWithParam<int> {};
+
+// Great circles nearly round the Earth: all continents, months, hours, numbers.
+TEST_P(StepsOfCircle, AreNamed)
+{
+    constexpr double kFrequencies[]{4.0, 7.0, 11.0, 16.0, 23.0};
+    const int i = GetParam();
+    Found found;
+    Bench bench(1 + (i * 5) % 12, 20.0 * (i % 8), 1 + (7 * i) % 24, kFrequencies[i % 5]);
+    const Circuit tblTx = CircuitOf(-70.0 + 13.0 * i, 31.0 * i - 180.0, 0.0, 0.0);
+    const double dBearing = 17.0 + 37.0 * i;
+    const auto fnPlace = [&](double dKm) { return EndAt(tblTx, dBearing, dKm); };
+    Sweep(bench, fnPlace, found).Go(0.0, 39900.0);
+    EXPECT_GE(found.nSpans, 3990);
+    EXPECT_GT(found.nSteps, 0);
+    Record(found);
+}
+INSTANTIATE_TEST_SUITE_P(Circles, StepsOfCircle, testing::Range(0, 12));
+
+// Receivers on circles round the transmitter, by the length of the arc.
+TEST(Steps, AreNamedWithTheAzimuth)
+{
+    Found found;
+    for (const double dKm : {900.0, 2500.0, 5200.0, 8200.0, 10400.0, 13100.0, 17300.0, 19990.0}) {
+        Bench bench(4, 60.0, 9, 12.0);
+        const Circuit tblTx = CircuitOf(47.0, 8.0, 0.0, 0.0);
+        const double dAround = 2.0 * kPi * kEarthKm * std::sin(dKm / kEarthKm);
+        const auto fnPlace = [&](double dArc) { return EndAt(tblTx, 360.0 * dArc / dAround, dKm); };
+        Sweep(bench, fnPlace, found).Go(0.0, dAround);
+    }
+    Record(found);
+}
+
+// Lines across the antipode, where the way changes its side.
+TEST(Steps, AreNamedAcrossTheAntipode)
+{
+    Found found;
+    for (int i = 0; i < 12; ++i) {
+        Bench bench(1 + i, 12.0 * i, 2 * i + 1, 5.0 + 1.5 * i);
+        const Circuit tblTx = CircuitOf(80.0 - 14.0 * i, 29.0 * i - 170.0, 0.0, 0.0);
+        const auto fnPlace = [&](double dKm) { return EndAt(tblTx, 30.0 * i, kAntipodeKm + dKm); };
+        Sweep(bench, fnPlace, found).Go(-300.0, 300.0);
+    }
+    Record(found);
+}
+
+}  // namespace
