@@ -285,4 +285,15 @@ TEST(Corrections, BestIsTheCorrectedMethodUpTo7000Km)
     EXPECT_EQ(aField[0], aField[1]);
 }
 
+TEST(Quirks, AreThoseOfTheReferenceAlone)
+{
+    for (const Behaviour eBehaviour :
+         {Behaviour::Reference, Behaviour::Corrected, Behaviour::Best}) {
+        const auto pIono = IonosphereOf(eBehaviour, 3, 50.0);
+        const auto& [b1, b2, b3, b4, b5, b6, b7, b8, b9, b10] = pIono->quirks;
+        for (const bool bQuirk : {b1, b2, b3, b4, b5, b6, b7, b8, b9, b10})
+            EXPECT_EQ(bQuirk, eBehaviour == Behaviour::Reference);
+    }
+}
+
 }  // namespace

@@ -187,4 +187,24 @@ TEST(DayNoise, SnrIsThatOfTheNoiseFiguresAdded)
     }
 }
 
+TEST(DayWorks, PathStaysThatOfItsCircuit)
+{
+    const auto pIono = std::make_unique<Ionosphere>();
+    IonosphereFill(*pIono, Behaviour::Best, MapSet::Mean, 4, 90.0);
+    DayWork tblWork;
+    DayHour tblHour;
+    std::array<Prediction, 1> aCells;
+    const auto fnPredict = [&](const Circuit& tbl) {
+        const Frequencies tblFrequencies(*pIono, tbl, std::array{14.1});
+        PredictHour(tblWork, *pIono, tblFrequencies, tbl, 12, tblHour, aCells);
+    };
+    fnPredict(CircuitOf(50.0, 0.0, 40.0, 10.0));
+    const auto& tblFirst = tblWork.PathGet();
+    const double dKm = tblFirst.tblWay.dKm;
+    fnPredict(CircuitOf(50.0, 0.0, -40.0, 100.0));
+    EXPECT_EQ(tblFirst.tblWay.dKm, dKm);
+    EXPECT_EQ(tblFirst.tblCircuit.dRxLat, 40.0);
+    EXPECT_GT(tblWork.PathGet().tblWay.dKm, dKm);
+}
+
 }  // namespace

@@ -96,7 +96,7 @@ int AuroralHourGet(const Ionosphere& tbl, int nLabel, double dLon)
 {
     const int nZone = static_cast<int>(dLon * (12.0 / kPi));  // whole zones, toward zero
     const int nHour = SunHourOfLabel(tbl, nLabel) + nZone;
-    return tbl.bReference ? nHour % 24 : HourWrap(nHour);
+    return tbl.quirks.bNegativeHours ? nHour % 24 : HourWrap(nHour);
 }
 
 }  // namespace rec533

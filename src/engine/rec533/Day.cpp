@@ -29,7 +29,10 @@ DayWork::DayWork() : m_pParts(std::make_unique<Parts>()) {}
 DayWork::~DayWork() = default;
 DayWork::DayWork(DayWork&&) noexcept = default;
 DayWork& DayWork::operator=(DayWork&&) noexcept = default;
-const Path& DayWork::PathGet() const { return m_pParts->tblPath; }
+DayPath DayWork::PathGet() const
+{
+    return {m_pParts->tblPath.tblWay, m_pParts->tblPath.tblCircuit};
+}
 
 namespace {
 

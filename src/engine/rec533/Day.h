@@ -42,6 +42,12 @@ struct DayHour {
     Prediction tblAtMuf;
 };
 
+/// The great circle of a path, and its circuit as limited to the method's ranges.
+struct DayPath {
+    Way tblWay;
+    Circuit tblCircuit;
+};
+
 /// What is wanted.
 enum class DayParts {
     Cells,  ///< predictions and MUFs
@@ -56,8 +62,8 @@ public:
     DayWork(DayWork&&) noexcept;
     DayWork& operator=(DayWork&&) noexcept;
 
-    /// The path that was computed last.
-    [[nodiscard]] const Path& PathGet() const;
+    /// The path that was computed last; a copy, which the next one leaves alone.
+    [[nodiscard]] DayPath PathGet() const;
 
 private:
     friend void PredictDay(DayWork&, const Ionosphere&, const Frequencies&, const Circuit&,

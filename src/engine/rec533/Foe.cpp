@@ -13,7 +13,7 @@ bool PolarWinterIs(const FoeHour& tbl, const Place& tblPlace)
     const bool bNorthWinter = tbl.nMonth >= 11 || tbl.nMonth == 1;
     const bool bSouthWinter = tbl.nMonth >= 5 && tbl.nMonth <= 7;
     // The ITU program lacks the minus of the southern limit.
-    const double dSouthLimit = tbl.bReference ? kSinPolar : -kSinPolar;
+    const double dSouthLimit = tbl.quirks.bWinterNorth ? kSinPolar : -kSinPolar;
     return (tblPlace.dSinLat > kSinPolar && bNorthWinter)
            || (tblPlace.dSinLat < dSouthLimit && bSouthWinter);
 }
@@ -43,7 +43,7 @@ double SinceSunsetLeastGet(const FoeHour& tbl, const Place& tblPlace, double dCo
     const double dSwing = tblPlace.dCosLat * tblSun.dCosDecl;
     const double dMean = tblPlace.dSinLat * tblSun.dSinDecl;
     const double dSet = kSunRiseZenithCos - dMean;  // over the swing: cosine of the hour angle
-    if (tbl.bReference || dCosChi >= kSunRiseZenithCos || std::abs(dSet) >= 0.999 * dSwing)
+    if (tbl.quirks.bSunEarly || dCosChi >= kSunRiseZenithCos || std::abs(dSet) >= 0.999 * dSwing)
         return 0.0;
     const double dEvening = (kSunRiseZenithCos - dCosChi) / dSwing * (12.0 / kPi);
     const double dSinTurn = tblSun.dSinTurn * tblPlace.dCosLon + tblSun.dCosTurn * tblPlace.dSinLon;
@@ -64,7 +64,7 @@ FoeHour FoeHourGet(const Ionosphere& tbl, int nLabel)
     tblHour.dFloor = 0.004 * Square(1.0 + 0.021 * dFlux);
     tblHour.nMonth = tbl.nMonth;
     tblHour.dClock = nLabel % 24;
-    tblHour.bReference = tbl.bReference;
+    tblHour.quirks = tbl.quirks;
     return tblHour;
 }
 

@@ -18,7 +18,7 @@ struct FoeHour {
     double dFloor = 0.0;     ///< least foE, to the fourth power
     int nMonth = 1;
     double dClock = 0.0;  ///< hour from which the time since sunset is counted
-    bool bReference = false;
+    Quirks quirks;
 };
 [[nodiscard]] FoeHour FoeHourGet(const Ionosphere& tbl, int nLabel);
 

@@ -13,7 +13,7 @@ void FrequencySetFill(FrequencySet& tbl, const Ionosphere& tblIonosphere, const 
         const std::size_t nFrom = std::min(i, tbl.nCount - 1);
         const double dFrequency = aFrequencies[nFrom];
         const Noise tblManMade = NoiseManMadeGet(tblCircuit.eNoise, tblCircuit.dNoiseLevel,
-                                                 dFrequency, tblIonosphere.bReference);
+                                                 dFrequency, tblIonosphere.quirks.bDecilesSwapped);
         const Noise tblGalactic = NoiseGalacticGet(dFrequency);
         const double dManMade = PowerFromDb(tblManMade.dFa);
         const double dGalactic = PowerFromDb(tblGalactic.dFa);

@@ -158,7 +158,7 @@ void ModesVariabilityFill(WayHour& tbl, int nFirst)
     for (int i = nFirst; i < tbl.nModes; ++i) {
         Mode& tblMode = tbl.aModes[static_cast<std::size_t>(i)];
         const double dEirp =
-            tblIono.bReference ? 0.0 : tblPath.dPowerDb + kKilowattDbw + tblMode.dTxGain;
+            tblIono.quirks.bLowPower ? 0.0 : tblPath.dPowerDb + kKilowattDbw + tblMode.dTxGain;
         tblMode.tblDeciles = tblDeciles;
         tblMode.dOperational = tblMode.dMuf * OperationalRatioGet(eSeason, bDay, dEirp);
     }

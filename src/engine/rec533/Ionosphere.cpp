@@ -22,7 +22,7 @@ void IonosphereFill(Ionosphere& tbl, Behaviour eBehaviour, MapSet eMaps, int nMo
     constexpr double kFof2LeastOfIndex = 0.5;
     const bool bBest = eBehaviour == Behaviour::Best;
     tbl.eBehaviour = eBehaviour;
-    tbl.bReference = eBehaviour == Behaviour::Reference;
+    tbl.quirks = QuirksOf(eBehaviour);
     tbl.nMonth = nMonth;
     tbl.dSsn = std::clamp(dSsn, 0.0, kSsnMost);
     tbl.dSsnLimited = std::min(tbl.dSsn, kSsnMapsMost);

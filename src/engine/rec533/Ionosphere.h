@@ -8,13 +8,14 @@
 #include <optional>
 
 #include "engine/rec533/Maps.h"
+#include "engine/rec533/Quirks.h"
 #include "engine/rec533/Sun.h"
 
 namespace rec533 {
 
 struct Ionosphere {
     Behaviour eBehaviour = Behaviour::Best;
-    bool bReference = false;   ///< every quirk of the ITU program
+    Quirks quirks;             ///< of the behaviour
     int nMonth = 1;            ///< 1 to 12
     double dSsn = 0.0;         ///< smoothed sunspot number, 0 to 311
     double dSsnLimited = 0.0;  ///< the same, 160 at most: M(3000)F2, foE, absorption, mirror height
@@ -40,7 +41,7 @@ void IonosphereFill(Ionosphere& tbl, Behaviour eBehaviour, MapSet eMaps, int nMo
 /// one hour earlier. Label 24 is the end of the fifteenth, not its begin.
 [[nodiscard]] inline int SunHourOfLabel(const Ionosphere& tbl, int nLabel)
 {
-    return tbl.bReference ? nLabel - 1 : nLabel;
+    return tbl.quirks.bSunEarly ? nLabel - 1 : nLabel;
 }
 
 }  // namespace rec533

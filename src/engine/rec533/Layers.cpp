@@ -4,7 +4,7 @@ namespace rec533 {
 
 double MirrorHeightSimpleGet(double dM3) { return std::min(1490.0 / dM3 - 176.0, 500.0); }
 
-MirrorLayer MirrorLayerMake(double dFof2, double dFoe, double dM3, double dSsn, bool bReference)
+MirrorLayer MirrorLayerMake(double dFof2, double dFoe, double dM3, double dSsn, bool bNoTerm)
 {
     const double dX = dFof2 / dFoe;
     const double dY = std::max(dX, 1.8);
@@ -15,7 +15,7 @@ MirrorLayer MirrorLayerMake(double dFof2, double dFoe, double dM3, double dSsn, 
     tbl.bThick = dX > 3.33;
     if (tbl.bThick) {
         // The ITU program leaves the linear term out; with it G is continuous at 3.7.
-        tbl.dLinear = bReference ? 0.0 : 90.47;
+        tbl.dLinear = bNoTerm ? 0.0 : 90.47;
         return tbl;
     }
     const double dJ = ((-0.7126 * dY + 5.863) * dY - 16.13) * dY + 16.07;

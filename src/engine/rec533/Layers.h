@@ -21,9 +21,9 @@ struct MirrorLayer {
     double dBase = 0.0, dPerKm = 0.0;  ///< else: the height is a straight line over the hop
     double dLinear = 0.0;              ///< term of G, which the ITU program leaves out
 };
-/// dSsn: limited to 160. bReference: without the linear term of G.
+/// dSsn: limited to 160. bNoTerm: without the linear term of G.
 [[nodiscard]] MirrorLayer MirrorLayerMake(double dFof2, double dFoe, double dM3, double dSsn,
-                                          bool bReference);
+                                          bool bNoTerm);
 
 /// Mirror height that serves the screening by the E layer at frequencies, km, 800 at most.
 template <class V>

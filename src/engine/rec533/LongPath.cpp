@@ -126,7 +126,7 @@ void UpperFill(LongPath& tbl, const Ionosphere& tblIonosphere, const Way& tblWay
     const std::array<MagneticField, 2> aFields{MagneticFieldGet(aPlaces[0], FieldHeight::Maps),
                                                MagneticFieldGet(aPlaces[1], FieldHeight::Maps)};
     UpperMaps tblMaps;
-    if (tblIonosphere.bReference)
+    if (tblIonosphere.quirks.bGriddedMaps)
         UpperGridsFill(tblMaps, tblIonosphere, aPlaces, aFields);
     else
         UpperMapsFill(tblMaps, tblIonosphere, aPlaces, aFields);

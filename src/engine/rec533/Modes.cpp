@@ -26,8 +26,9 @@ Screen ScreenMake(const WayHour& tbl)
         return tblScreen;
     tblScreen.dFoe = tbl.dFoeScreen;
     const auto fnAdd = [&](const F2Layer& tblLayer) {
-        tblScreen.aLayers[tblScreen.nLayers++] = MirrorLayerMake(
-            tblLayer.dFof2, tblLayer.dFoe, tblLayer.dM3, tblIono.dSsnLimited, tblIono.bReference);
+        tblScreen.aLayers[tblScreen.nLayers++] =
+            MirrorLayerMake(tblLayer.dFof2, tblLayer.dFoe, tblLayer.dM3, tblIono.dSsnLimited,
+                            tblIono.quirks.bNoMirrorTerm);
     };
     if (dKm > tbl.dRangeMost)
         fnAdd(tbl.tblHopT);

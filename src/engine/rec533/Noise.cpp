@@ -116,7 +116,7 @@ Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabe
             fnMix(tblA.dUpper, tblB.dUpper), fnMix(tblA.dLower, tblB.dLower)};
 }
 
-Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency, bool bReference)
+Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency, bool bSwapped)
 {
     struct Row {
         double dC, dD, dUpper, dLower;
@@ -134,8 +134,8 @@ Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency,
     }
     const double dFa = kThermal + dLevel + kRows[0].dD * (kLevelLog - dLog);
     // The ITU program swaps the deciles of a level.
-    return bReference ? Noise{dFa, kRows[0].dLower, kRows[0].dUpper}
-                      : Noise{dFa, kRows[0].dUpper, kRows[0].dLower};
+    return bSwapped ? Noise{dFa, kRows[0].dLower, kRows[0].dUpper}
+                    : Noise{dFa, kRows[0].dUpper, kRows[0].dLower};
 }
 
 Noise NoiseGalacticGet(double dFrequency)

@@ -50,9 +50,10 @@ struct NoiseHour {
 /// Atmospheric noise at a label (hour), its two blocks mixed.
 [[nodiscard]] Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel,
                                         double dFrequency);
-/// Man-made noise. dLevel (dBW in 1 Hz at 3 MHz) serves the category Level.
+/// Man-made noise. dLevel (dBW in 1 Hz at 3 MHz) serves the category Level; bSwapped: its deciles
+/// are the wrong way round, as the ITU program has them.
 [[nodiscard]] Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency,
-                                    bool bReference);
+                                    bool bSwapped);
 [[nodiscard]] Noise NoiseGalacticGet(double dFrequency);
 
 /// The three combined (P.372, section 8). For information; the SNR takes the plain power sum.

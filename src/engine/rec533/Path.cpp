@@ -16,7 +16,7 @@ bool HighLatitudeIs(const Path& tbl)
         return false;
     double aSin[3]{tbl.tblMid.dGeomagneticSin, tbl.tblAheadT.dGeomagneticSin,
                    tbl.tblAheadR.dGeomagneticSin};
-    if (!tbl.pIonosphere->bReference)
+    if (!tbl.pIonosphere->quirks.bNorthOnly)
         return std::any_of(aSin, aSin + 3, [](double dSin) { return std::abs(dSin) >= kSin60; });
     if (tbl.tblWay.dKm > kLongOnly) {
         const LongPath& tblLong = tbl.tblLong;

@@ -21,7 +21,7 @@ F2Layer SiteLayerGet(const Ionosphere& tbl, const FoeHour& tblHour, Site& tblSit
     if (!tblSite.bMap) {
         const MagneticField tblField = MagneticFieldGet(tblSite.tblPlace, FieldHeight::Maps);
         tblSite.dGyro300 = tblField.dGyro;
-        MapPlaceFill(tblSite.tblMap, tblSite.tblPlace, tblField, tbl.bReference);
+        MapPlaceFill(tblSite.tblMap, tblSite.tblPlace, tblField, tbl.quirks.bGriddedMaps);
         tblSite.bMap = true;
     }
     const int nHour = MapHourGet(nLabel);

@@ -51,7 +51,7 @@ double DecileHourGet(const Ionosphere& tbl, int nLabel, double dLon)
 {
     const int nHour = SunHourOfLabel(tbl, nLabel);
     // The ITU program reads the local-time tables at the UT hour.
-    return tbl.bReference ? nHour : nHour + dLon * (12.0 / kPi);
+    return tbl.quirks.bDecilesAtUtc ? nHour : nHour + dLon * (12.0 / kPi);
 }
 
 double OperationalRatioGet(Season eSeason, bool bDay, double dEirp)
@@ -70,7 +70,7 @@ bool OperationalDayIs(const Ionosphere& tbl, int nLabel, const Place& tblPlace)
 {
     const int nHour = SunHourOfLabel(tbl, nLabel);
     const SunHour& tblSun = tbl.tblSun.aHours[static_cast<std::size_t>(nHour)];
-    if (!tbl.bReference)
+    if (!tbl.quirks.bDayByUtc)
         return SunZenithCosGet(tblSun, tblPlace) > kSunRiseZenithCos;
     // The ITU program compares UT hours without regard to midnight; polar day is night to it.
     const SunTimes tblTimes = SunTimesGet(tblSun, tblPlace);

@@ -143,8 +143,9 @@ void PredictionAppend(std::string& s, rec533::Hour& tblHour, double dFrequency,
     const rec533::Circuit& tblCircuit = tblPath.tblCircuit;
     const rec533::Noise tblA =
         NoiseAtmosphericGet(*tblPath.pIonosphere, tblPath.tblNoise, tblHour.nLabel, dFrequency);
-    const rec533::Noise tblM = NoiseManMadeGet(tblCircuit.eNoise, tblCircuit.dNoiseLevel,
-                                               dFrequency, tblPath.pIonosphere->bReference);
+    const rec533::Noise tblM =
+        NoiseManMadeGet(tblCircuit.eNoise, tblCircuit.dNoiseLevel, dFrequency,
+                        tblPath.pIonosphere->quirks.bDecilesSwapped);
     const rec533::Noise tblG = rec533::NoiseGalacticGet(dFrequency);
     const rec533::Noise tblTotal = NoiseTotalGet(tblA, tblM, tblG);
     const bool bLong = dKm >= rec533::kShortOnly;

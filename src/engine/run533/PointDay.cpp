@@ -24,8 +24,9 @@ void PointDayFill(PointDay& tbl, const PointDeck& tblDeck, const RunParts& tblPa
     tbl.aCells.resize(tbl.aHours.size() * aUsable.size());
     PredictDay(tblWork, tblIono, tblFrequencies, tblCircuit, rec533::DayParts::Page, tbl.aHours,
                tbl.aCells);
-    tbl.tblWay = tblWork.PathGet().tblWay;
-    tbl.tblCircuit = tblWork.PathGet().tblCircuit;
+    const rec533::DayPath tblPath = tblWork.PathGet();
+    tbl.tblWay = tblPath.tblWay;
+    tbl.tblCircuit = tblPath.tblCircuit;
     tbl.dTxAzimuth = BearingGet(tbl.tblWay.tblFrom, tbl.tblWay.tblTo) * rec533::kDegrees;
     tbl.dRxAzimuth = BearingGet(tbl.tblWay.tblTo, tbl.tblWay.tblFrom) * rec533::kDegrees;
 }
