@@ -2,16 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <filesystem>
-#include <map>
-#include <mutex>
 #include <optional>
 #include <random>
 #include <system_error>
 #include <utility>
 #include <vector>
 
+#include "propagation/itshfbc/EngineManifest.h"
 #include "system/DrivePath.h"
 #include "system/FileLib.h"
 #include "system/HostPath.h"
@@ -34,100 +32,10 @@ constexpr const char* kProvisionLock = "hopcast-engines.lock";
 constexpr double kProvisionWait = 10.0;  // seconds; it takes some milliseconds
 /// Begins the name of an engine that is being put into its place.
 constexpr const char* kNewEngine = ".hopcast-engine-";
-constexpr std::size_t kManifestMax = std::size_t{64} << 10;
-constexpr std::size_t kProgramMax = std::size_t{256} << 20;
-
-/// FNV-1a, 64 bits: tells versions of a program apart; not meant against forgery.
-std::string HashText(std::string_view sBytes)
-{
-    constexpr std::uint64_t kOffsetBasis = 0xcbf29ce484222325U;
-    constexpr std::uint64_t kPrime = 0x100000001b3U;
-    std::uint64_t nHash = kOffsetBasis;
-    for (const char cByte : sBytes) nHash = (nHash ^ static_cast<unsigned char>(cByte)) * kPrime;
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    std::string sText(16, '0');
-    for (std::size_t i = sText.size(); i-- > 0; nHash >>= 4U) sText[i] = kDigits[nHash & 15U];
-    return sText;
-}
-
-/// "copy SIZE HASH" of a file's content; empty when it cannot be read. Read again only when size or
-/// time of the file changed: each attempt of a run looks the root up.
-std::string CopyMark(const fs::path& pthFile)
-{
-    struct Known {
-        std::uintmax_t nSize;
-        fs::file_time_type m_timeWritten;
-        std::string sMark;
-    };
-    static std::mutex mutexKnown;
-    static std::map<fs::path, Known> mapKnown;
-    const std::lock_guard lock(mutexKnown);
-    std::error_code ec;
-    const std::uintmax_t nSize = fs::file_size(pthFile, ec);
-    const fs::file_time_type timeWritten =
-        ec ? fs::file_time_type() : fs::last_write_time(pthFile, ec);
-    if (ec)
-        return {};
-    const auto itKnown = mapKnown.find(pthFile);
-    if (itKnown != mapKnown.end() && itKnown->second.nSize == nSize
-        && itKnown->second.m_timeWritten == timeWritten)
-        return itKnown->second.sMark;
-    const auto resBytes = FileRead(TextFromPath(pthFile), kProgramMax);
-    if (!resBytes)
-        return {};
-    std::string sMark =
-        "copy " + std::to_string(resBytes.ValueGet().size()) + ' ' + HashText(resBytes.ValueGet());
-    mapKnown[pthFile] = {nSize, timeWritten, sMark};
-    return sMark;
-}
-
-/// What stands in a root under a program's name; empty when nothing does.
-std::string EngineMark(const fs::path& pthProgram)
-{
-    std::error_code ec;
-    const fs::file_status status = fs::symlink_status(pthProgram, ec);
-    if (fs::is_symlink(status))
-        return "link " + TextFromPath(fs::read_symlink(pthProgram, ec));
-    return fs::is_regular_file(status) ? CopyMark(pthProgram) : std::string();
-}
-
-std::string LineMake(const std::string& sName, const std::string& sMark)
-{
-    return sName + ' ' + sMark;
-}
-
-std::vector<std::string> ManifestRead(const std::string& sRoot)
-{
-    std::vector<std::string> asLines;
-    auto resFile = TextFile::Open(PathJoin(sRoot, kManifest));
-    std::string sLine;
-    for (std::size_t nBytes = 0; resFile && nBytes < kManifestMax; nBytes += sLine.size()) {
-        const auto resLine = resFile.ValueGet().LineRead(sLine);
-        if (!resLine || !resLine.ValueGet())
-            break;
-        asLines.push_back(sLine);
-    }
-    return asLines;
-}
-
-Result<void> ManifestWrite(const std::string& sRoot, const std::vector<std::string>& asLines)
-{
-    std::string sBytes;
-    for (const std::string& sLine : asLines) sBytes += sLine + '\n';
-    return FileReplace(PathJoin(sRoot, kManifest), sBytes);
-}
 
 std::string ProgramPath(const std::string& sRoot, const std::string& sName)
 {
     return HostPathBelow(HostPathBelow(sRoot, "/bin_win"), "/" + sName);
-}
-
-bool ProgramIsListed(const std::vector<std::string>& asManifest, const std::string& sName,
-                     const std::string& sMark)
-{
-    return !sMark.empty()
-           && std::find(asManifest.begin(), asManifest.end(), LineMake(sName, sMark))
-                  != asManifest.end();
 }
 
 /// True when the root holds one of the engines and Hopcast did not put it there.
