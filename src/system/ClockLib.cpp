@@ -82,11 +82,10 @@ int WholeGet(std::string_view sText, std::size_t nMost)
     return nValue;
 }
 
-int MonthDays(int nYear, int nMonth)
+std::chrono::year_month_day CivilDate(const DateTime& dt)
 {
-    constexpr std::array<int, 12> kDays{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool bLeap = (nYear % 4 == 0 && nYear % 100 != 0) || nYear % 400 == 0;
-    return nMonth == 2 && bLeap ? 29 : kDays[static_cast<std::size_t>(nMonth - 1)];
+    return {std::chrono::year(dt.nYear), std::chrono::month(static_cast<unsigned>(dt.nMonth)),
+            std::chrono::day(static_cast<unsigned>(dt.nDay))};
 }
 
 bool DateRead(std::string_view sText, DateTime& dt)
@@ -104,8 +103,7 @@ bool DateRead(std::string_view sText, DateTime& dt)
     dt.nDay = WholeGet(bYearFirst ? pcs.asText[2] : pcs.asText[1], 2);
     if (!bYearFirst && dt.nMonth > 12)
         std::swap(dt.nMonth, dt.nDay);
-    return dt.nYear >= 100 && dt.nMonth >= 1 && dt.nMonth <= 12 && dt.nDay >= 1
-           && dt.nDay <= MonthDays(dt.nYear, dt.nMonth);
+    return dt.nYear >= 100 && dt.nMonth >= 1 && dt.nDay >= 1 && CivilDate(dt).ok();
 }
 
 bool TimeRead(std::string_view sText, DateTime& dt)
@@ -161,14 +159,7 @@ Result<DateTime> DateTimeFromText(std::string_view sText)
 
 long long DayNumber(const DateTime& dt)
 {
-    // Days from civil, counting years from March so that the leap day is the last of its year.
-    const long long nYear = dt.nYear - (dt.nMonth <= 2 ? 1 : 0);
-    const long long nEra = (nYear >= 0 ? nYear : nYear - 399) / 400;
-    const long long nYearOfEra = nYear - nEra * 400;
-    const long long nDayOfYear =
-        (153LL * (dt.nMonth + (dt.nMonth > 2 ? -3 : 9)) + 2) / 5 + dt.nDay - 1;
-    const long long nDayOfEra = nYearOfEra * 365 + nYearOfEra / 4 - nYearOfEra / 100 + nDayOfYear;
-    return nEra * 146097 + nDayOfEra - 719468;
+    return std::chrono::sys_days(CivilDate(dt)).time_since_epoch().count();
 }
 
 long long DayBoundaries(const DateTime& dtFrom, const DateTime& dtTo)
