@@ -2,11 +2,10 @@
 /// The answer to a Request: the table, or why there is none. A value that knows what it predicts.
 ///
 /// Units:   those of PropagationTable; degrees and dB in an area.
-/// Tests:   tests/propagation/PredictionTest.cpp
+/// Tests:   tests/propagation/ProcessEngineTest.cpp
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "propagation/PropagationTable.h"
@@ -24,9 +23,6 @@ enum class FailureKind {
     Cancelled,     ///< the caller no longer wants the answer
     File,          ///< a deck could not be written, or an old output not removed
 };
-
-/// "NotInstalled" ... for messages of tests and logs.
-[[nodiscard]] std::string_view FailureKindName(FailureKind eKind);
 
 struct Failure {
     FailureKind eKind = FailureKind::BadOutput;

@@ -153,8 +153,6 @@ Result<bool> TextFile::LineRead(std::string& sLine)
     return bAny;
 }
 
-bool TextFile::AtEnd() { return !Fill() && !m_bError; }
-
 Result<std::string> FileReadHead(std::string_view sPath, std::size_t nMax)
 {
     const std::string sHost(sPath);

@@ -43,8 +43,6 @@ public:
     /// than kLineMax bytes the rest is dropped. @return false at the end of the file; a read error
     /// is "Path/File access error".
     Result<bool> LineRead(std::string& sLine);
-    /// True when no byte is left.
-    [[nodiscard]] bool AtEnd();
 
     static constexpr std::size_t kLineMax = std::size_t{16} << 20;
 

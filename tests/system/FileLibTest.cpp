@@ -126,20 +126,6 @@ TEST(TextFile, DropsTheRestOfAnEndlessLine)
     EXPECT_EQ(asLines[1], "next");
 }
 
-TEST(TextFile, KnowsItsEnd)
-{
-    const TempFolder folder;
-    auto resFile = TextFile::Open(folder.Write("a", "one\ntwo\n"));
-    ASSERT_TRUE(static_cast<bool>(resFile));
-    std::string sLine;
-    EXPECT_FALSE(resFile.ValueGet().AtEnd());
-    EXPECT_TRUE(resFile.ValueGet().LineRead(sLine).ValueGet());
-    EXPECT_FALSE(resFile.ValueGet().AtEnd());
-    EXPECT_TRUE(resFile.ValueGet().LineRead(sLine).ValueGet());
-    EXPECT_TRUE(resFile.ValueGet().AtEnd());
-    EXPECT_FALSE(resFile.ValueGet().LineRead(sLine).ValueGet());
-}
-
 TEST(TextFile, TellsWhyItCannotBeOpened)
 {
     const TempFolder folder;

@@ -69,11 +69,6 @@ SunTimes SunTimesGet(const SunHour& tblSun, const Place& tblPlace)
             Wrap24((720.0 - kMinutesPerDegree * (dLon - dHalf) - tblSun.dEquation) / 60.0)};
 }
 
-double SunNoonGet(const SunHour& tblSun, double dLon)
-{
-    return Wrap24((720.0 - kMinutesPerDegree * dLon * kDegrees - tblSun.dEquation) / 60.0);
-}
-
 SunDay SunDayMake(int nMonth)
 {
     SunDay tbl;

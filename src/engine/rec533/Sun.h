@@ -48,14 +48,13 @@ HOPCAST_INLINE V SunZenithCosLanesGet(const SunHour& tblSun, const V& vSinLat, c
                       LaneAll<V>(1.0));
 }
 
-/// Sunrise, sunset and noon, hours UT in [0, 24). Without a rising or setting sun bRises is false.
+/// Sunrise and sunset, hours UT in [0, 24). Without a rising or setting sun bRises is false.
 struct SunTimes {
     bool bRises = false;
     double dSunrise = 0.0;
     double dSunset = 0.0;
 };
 [[nodiscard]] SunTimes SunTimesGet(const SunHour& tblSun, const Place& tblPlace);
-[[nodiscard]] double SunNoonGet(const SunHour& tblSun, double dLon);
 
 /// The sun over a whole day; between the hours its slow motion is taken as straight.
 struct SunDay {

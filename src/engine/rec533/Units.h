@@ -27,8 +27,6 @@ inline constexpr double kFieldNone = -307.0;
 
 [[nodiscard]] inline double DbFromPower(double dPower) { return 10.0 * std::log10(dPower); }
 [[nodiscard]] inline double PowerFromDb(double dDb) { return std::exp(0.230258509299404568 * dDb); }
-/// 10^x
-[[nodiscard]] inline double PowerOfTen(double dX) { return std::exp(2.30258509299404568 * dX); }
 [[nodiscard]] inline double Square(double dX) { return dX * dX; }
 
 /// Hour wrapped into 0 to 23.
