@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "engine/voacap/VoacapSample.h"
+#include "support/ChildRun.h"
 #include "support/NeedVoacapl.h"
 #include "system/ProcessLib.h"
 
