@@ -266,7 +266,10 @@ TEST_F(VoacapLauncher, EndsARunThatNeverEnds)
 
 TEST_F(VoacapLauncher, ReportsARequestToEndAndCleansUp)
 {
-    FakeMake("kill -TERM $PPID; exec sleep 60");
+    FakeMake("exec sleep 60");
+    std::stop_source stop;
+    stop.request_stop();
+    m_places.stop = stop.get_token();
     PointFails("interrupted");
 }
 
