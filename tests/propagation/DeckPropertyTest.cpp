@@ -8,6 +8,7 @@
 
 #include "propagation/deck/DeckLayout.h"
 #include "propagation/deck/DeckLib.h"
+#include "settings/SettingsRange.h"
 #include "support/PropertyRandom.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
