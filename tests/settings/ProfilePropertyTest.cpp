@@ -9,9 +9,12 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <type_traits>
+#include <variant>
 
 #include "airmail/AirMailFolders.h"
 #include "settings/ProfileLib.h"
+#include "settings/SettingsTable.h"
 #include "support/MsgRecorder.h"
 #include "support/PropertyRandom.h"
 #include "support/TempFolder.h"
@@ -19,23 +22,6 @@
 namespace {
 
 constexpr int kCases = 200;
-
-constexpr int Settings::*kIntegers[] = {
-    &Settings::m_iMapOverlayGridSize, &Settings::m_iPropagationAntennaType,
-    &Settings::m_iPropagationModel, &Settings::m_iPropagationMonth, &Settings::m_iTimeCode};
-constexpr float Settings::*kSingles[] = {
-    &Settings::m_fMapOverlayMinSnr,         &Settings::m_fPropagationLayerAdjustE,
-    &Settings::m_fPropagationLayerAdjustEs, &Settings::m_fPropagationLayerAdjustF1,
-    &Settings::m_fPropagationLayerAdjustF2, &Settings::m_fPropagationMultipathDelay,
-    &Settings::m_fPropagationNoiseLevel,    &Settings::m_fPropagationQIndex,
-    &Settings::m_fPropagationSunSpotNumber, &Settings::m_fPropagationTakeoffAngle};
-constexpr double Settings::*kDoubles[] = {&Settings::m_dRcLat, &Settings::m_dRcLon,
-                                          &Settings::m_dTxLat, &Settings::m_dTxLon};
-constexpr bool Settings::*kBooleans[] = {&Settings::m_bPropagationMapsMean,
-                                         &Settings::m_bPropagationMonth,
-                                         &Settings::m_bPropagationSunSpotNumber};
-constexpr float Settings::*kSinglesNotRestored[] = {&Settings::m_fPropagationMultipathPower,
-                                                    &Settings::m_fPropagationReliability};
 
 /// Any single that is a number, all magnitudes alike.
 float SingleRandom(PropertyRandom& random)
@@ -60,34 +46,63 @@ std::string FolderRandom(PropertyRandom& random)
     return sFolder + kEnds[static_cast<std::size_t>(random.Whole(0, 13))];
 }
 
+void ValueRandom(PropertyRandom& random, const SettingRow& row, int& iValue)
+{
+    if (!row.asChoice.empty())
+        return;  // any other cannot be read
+    if (row.eRule == RangeRule::Limit)
+        iValue =
+            random.Whole(static_cast<int>(row.range.dLeast), static_cast<int>(row.range.dMost));
+    else
+        iValue = random.Chance(4) ? random.Whole(std::numeric_limits<int>::min(),
+                                                 std::numeric_limits<int>::max())
+                                  : random.Whole(-20, 200);
+}
+void ValueRandom(PropertyRandom& random, const SettingRow& /*row*/, float& fValue)
+{
+    fValue = SingleRandom(random);
+}
+void ValueRandom(PropertyRandom& random, const SettingRow& /*row*/, double& dValue)
+{
+    dValue = random.Number(180.0);
+}
+void ValueRandom(PropertyRandom& random, const SettingRow& /*row*/, bool& bValue)
+{
+    bValue = random.Chance(2);
+}
+void ValueRandom(PropertyRandom& /*random*/, const SettingRow& row, std::string& sValue)
+{
+    sValue = row.member == SettingMember(&Settings::m_sNeedSelected) ? "E-mail, robust" : "other";
+}
+void ValueRandom(PropertyRandom& random, const SettingRow& /*row*/, Palette& ePalette)
+{
+    ePalette = static_cast<Palette>(random.Whole(0, static_cast<int>(Palette::Print)));
+}
+
 Settings SettingsRandom(PropertyRandom& random)
 {
     Settings settings;
-    for (auto pMember : kIntegers)
-        settings.*pMember = random.Chance(4) ? random.Whole(std::numeric_limits<int>::min(),
-                                                            std::numeric_limits<int>::max())
-                                             : random.Whole(-20, 200);
-    settings.m_iTimeCode =
-        random.Chance(8) ? std::numeric_limits<int>::min() : settings.m_iTimeCode;
-    for (auto pMember : kSingles) settings.*pMember = SingleRandom(random);
-    for (auto pMember : kSinglesNotRestored) settings.*pMember = SingleRandom(random);
-    for (auto pMember : kDoubles) settings.*pMember = random.Number(180.0);
-    for (auto pMember : kBooleans) settings.*pMember = random.Chance(2);
-    settings.m_sPropagationIonCoefficients = "other";
-    settings.m_nData = random.Whole(0, kFrequencyMax);
+    for (const SettingRow& row : SettingsTableGet()) {
+        std::visit(
+            [&](auto member) {
+                if constexpr (!std::is_same_v<decltype(member), SettingSpecial>)
+                    ValueRandom(random, row, settings.*member);
+            },
+            row.member);
+    }
     for (int i = 1; i <= settings.m_nData; ++i) settings.FrequencySet(i, SingleRandom(random));
     return settings;
 }
 
 void SettingsExpect(const Settings& loaded, const Settings& saved, const Settings& settingsDefault)
 {
-    for (auto pMember : kIntegers) EXPECT_EQ(loaded.*pMember, saved.*pMember);
-    for (auto pMember : kSingles) EXPECT_EQ(loaded.*pMember, saved.*pMember);
-    for (auto pMember : kDoubles) EXPECT_EQ(loaded.*pMember, saved.*pMember);
-    for (auto pMember : kBooleans) EXPECT_EQ(loaded.*pMember, saved.*pMember);
-    for (auto pMember : kSinglesNotRestored) EXPECT_EQ(loaded.*pMember, settingsDefault.*pMember);
-    EXPECT_EQ(loaded.m_sPropagationIonCoefficients, settingsDefault.m_sPropagationIonCoefficients);
-    ASSERT_EQ(loaded.m_nData, saved.m_nData);
+    for (const SettingRow& row : SettingsTableGet()) {
+        const bool bRestored = row.sKeyRead == nullptr;
+        EXPECT_EQ(SettingToText(row, loaded),
+                  SettingToText(row, bRestored ? saved : settingsDefault))
+            << row.sKey;
+    }
+    EXPECT_EQ(loaded.m_aNeed, saved.m_aNeed);
     for (int i = 1; i <= saved.m_nData; ++i)
         EXPECT_EQ(loaded.FrequencyGet(i), saved.FrequencyGet(i)) << i;
 }
