@@ -16,23 +16,13 @@ constexpr const char* kRegistryName = "Install Folder";
 constexpr int kRegistryBytesMax = 256;
 constexpr std::string_view kDataFolderMark = "NewCommonRoot= ";
 
-struct Folder {
-    std::string sPath = kAirMailFolderDefault;
-    AirMailOrigin eOrigin = AirMailOrigin::Default;
-};
-
-struct Folders {
-    Folder program;
-    Folder data;
-};
-
-Folders& FoldersGet()
+AirMailFolders& FoldersGet()
 {
-    static Folders folders;
+    static AirMailFolders folders;
     return folders;
 }
 
-void FolderSet(Folder& folder, std::string sPath)
+void FolderSet(AirMailFolder& folder, std::string sPath)
 {
     // The profile holds what was in force when it was saved, so an equal text tells nothing new.
     if (sPath != folder.sPath)
@@ -64,7 +54,7 @@ std::optional<std::string> RegistryFolderGet()
 }
 
 // The line's folder without its last character; a failure where nothing stands behind the mark.
-bool LogLineApply(std::string_view sLine, Folder& data)
+bool LogLineApply(std::string_view sLine, AirMailFolder& data)
 {
     const std::size_t nMark = sLine.find(kDataFolderMark);
     if (nMark == std::string_view::npos)
@@ -77,7 +67,7 @@ bool LogLineApply(std::string_view sLine, Folder& data)
     return true;
 }
 
-void InstallLogRead(const std::string& sFile, Folder& data)
+void InstallLogRead(const std::string& sFile, AirMailFolder& data)
 {
     auto resFile = TextFile::Open(sFile);
     if (!resFile)
@@ -122,11 +112,15 @@ void AirMailDataFolderSet(std::string sFolder) { FolderSet(FoldersGet().data, st
 
 AirMailOrigin AirMailDataOriginGet() { return FoldersGet().data.eOrigin; }
 
-void AirMailFoldersReset() { FoldersGet() = Folders{}; }
+AirMailFolders AirMailFoldersGet() { return FoldersGet(); }
+
+void AirMailFoldersSet(AirMailFolders folders) { FoldersGet() = std::move(folders); }
+
+void AirMailFoldersReset() { FoldersGet() = AirMailFolders{}; }
 
 void AirMailFoldersFind()
 {
-    Folders& folders = FoldersGet();
+    AirMailFolders& folders = FoldersGet();
     if (!FileExists(AirMailFileGet(folders.program.sPath, "Airmail3.exe"))) {
         auto sFolder = RegistryFolderGet();
         if (!sFolder)

@@ -29,6 +29,18 @@ void AirMailProgramFolderSet(std::string sFolder);
 void AirMailDataFolderSet(std::string sFolder);
 [[nodiscard]] AirMailOrigin AirMailDataOriginGet();
 
+struct AirMailFolder {
+    std::string sPath = kAirMailFolderDefault;
+    AirMailOrigin eOrigin = AirMailOrigin::Default;
+};
+struct AirMailFolders {
+    AirMailFolder program;
+    AirMailFolder data;
+};
+/// Both with their origins, to be put back later.
+[[nodiscard]] AirMailFolders AirMailFoldersGet();
+void AirMailFoldersSet(AirMailFolders folders);
+
 /// Both back to "C:\Program Files\AirMail".
 void AirMailFoldersReset();
 

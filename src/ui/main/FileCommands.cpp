@@ -36,6 +36,16 @@ void FileCommands::Default()
     m_host.Update();
 }
 
+void FileCommands::DefaultSet() { m_undo.DefaultSet(m_host.SettingsGet()); }
+
+void FileCommands::UndoDefault()
+{
+    if (m_undo.TakeBack(m_host.SettingsGet()))
+        m_host.Update();
+}
+
+bool FileCommands::UndoPossible() const { return m_undo.Possible(m_host.SettingsGet()); }
+
 void FileCommands::Open()
 {
     if (!ProfileAsk(m_window, FileDialogKind::Open, m_host.SettingsGet().m_sProfileFile))
@@ -58,6 +68,7 @@ void FileCommands::ProfileRead()
         WindowKeyApply(rectOuter, eKey, fTwips);
         bPlaced = true;
     });
+    m_undo.Forget();
     Q_EMIT Noticed(StatusProfile(resDropped));
     if (!bPlaced)
         return;

@@ -11,6 +11,8 @@
 #include <optional>
 #include <string>
 
+#include "settings/SettingsUndo.h"
+
 class MainWindowHost;
 class QWidget;
 
@@ -21,6 +23,10 @@ public:
     FileCommands(QWidget& window, MainWindowHost& host, QObject* pParent);
 
     void Default();
+    /// Every setting at its default, without a prediction; until the next change it can be undone.
+    void DefaultSet();
+    void UndoDefault();
+    [[nodiscard]] bool UndoPossible() const;
     void Open();
     void Save();
     void ProfileRead();
@@ -35,6 +41,7 @@ Q_SIGNALS:
 private:
     QWidget& m_window;
     MainWindowHost& m_host;
+    SettingsUndo m_undo;  // of Default and of the options' Default Settings
     bool m_bFrameKnown = false;
     std::optional<QRect> m_rectOuter;  ///< place from the profile, until the frame is known
 };

@@ -10,11 +10,10 @@
 #include "airmail/AirMailLib.h"
 #include "propagation/SnrScale.h"
 #include "settings/ProfileLib.h"
-#include "settings/SettingsTable.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
-#include "system/PathLib.h"
 #include "system/NumberLib.h"
+#include "system/PathLib.h"
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/Guide.h"
 #include "ui/common/Pictures.h"
@@ -113,6 +112,9 @@ void frmMain::ButtonsConnect()
 void frmMain::MenusConnect()
 {
     CommandConnect(mnuFileDefault, [this] { m_pFile->Default(); });
+    CommandConnect(mnuFileUndoDefault, [this] { m_pFile->UndoDefault(); });
+    connect(mnuFile, &QMenu::aboutToShow, this,
+            [this] { mnuFileUndoDefault->setEnabled(m_pFile->UndoPossible()); });
     CommandConnect(mnuFileOpen, [this] { m_pFile->Open(); });
     CommandConnect(mnuFileSave, [this] { m_pFile->Save(); });
     CommandConnect(mnuFileExit, [this] { close(); });
@@ -129,7 +131,7 @@ void frmMain::MenusConnect()
     }
 }
 
-void frmMain::Initialize() { SettingsDefaultSet(m_settings); }
+void frmMain::Initialize() { m_pFile->DefaultSet(); }
 
 void frmMain::ProfileSaveError(int nErrorCode) const
 {

@@ -4,6 +4,7 @@
 #include <QTest>
 #include <filesystem>
 
+#include "ui/options/frmOptions.h"
 #include "ui/support/MainRig.h"
 #include "ui/support/UiEvents.h"
 
@@ -211,6 +212,61 @@ TEST(FrmMainProfile, WhatWasNotTakenFromItIsToldOnceByTheStatusLine)
     EXPECT_FALSE(frm.lblOld->isVisible()) << "the table is the one asked for";
     EXPECT_TRUE(frm.Update());
     EXPECT_EQ(frm.lblTrouble->text(), QString());
+}
+
+TEST(FrmMainProfile, UndoDefaultTakesDefaultBackUntilASettingIsChanged)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    const auto Offered = [&] {
+        Q_EMIT frm.mnuFile->aboutToShow();
+        return frm.mnuFileUndoDefault->isEnabled();
+    };
+    EXPECT_FALSE(Offered()) << "nothing to undo after the start";
+    frm.m_settings.m_fPropagationTakeoffAngle = 8.0F;
+    frm.m_settings.m_dRcLat = 10.0;
+    frm.mnuFileDefault->trigger();
+    EXPECT_EQ(frm.m_settings.m_fPropagationTakeoffAngle, 3.0F);
+    EXPECT_TRUE(Offered());
+    const int nStarts = rig.m_engine.nStarts;
+    frm.mnuFileUndoDefault->trigger();
+    EXPECT_EQ(frm.m_settings.m_fPropagationTakeoffAngle, 8.0F);
+    EXPECT_EQ(frm.m_settings.m_dRcLat, 10.0);
+    EXPECT_EQ(frm.txtLat0->text(), QStringLiteral("10°00.00'N"));
+    EXPECT_GT(rig.m_engine.nStarts, nStarts) << "a prediction with them follows";
+    EXPECT_FALSE(Offered());
+    frm.mnuFileDefault->trigger();
+    frm.m_settings.m_dTxLat = 1.0;
+    frm.Update();
+    EXPECT_FALSE(Offered());
+    frm.mnuFileUndoDefault->setEnabled(true);
+    frm.mnuFileUndoDefault->trigger();
+    EXPECT_EQ(frm.m_settings.m_fPropagationTakeoffAngle, 3.0F);
+}
+
+TEST(FrmMainProfile, DefaultSettingsOfTheOptionsAreTakenBackToo)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_fPropagationTakeoffAngle = 8.0F;
+    frm.mnuOptionsModel->trigger();
+    ASSERT_TRUE(frm.m_pOptions);
+    frm.m_pOptions->cmdDefault->click();
+    EXPECT_EQ(frm.m_pOptions->txtPropagationTakeoffAngle->text(), QStringLiteral("3"));
+    frm.mnuFileUndoDefault->trigger();
+    EXPECT_EQ(frm.m_settings.m_fPropagationTakeoffAngle, 8.0F);
+    EXPECT_EQ(frm.m_pOptions->txtPropagationTakeoffAngle->text(), QStringLiteral("8"));
+}
+
+TEST(FrmMainProfile, OpenLeavesNothingToUndo)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuFileDefault->trigger();
+    rig.m_sAnswer = QString::fromStdString(rig.m_folder.Write("empty.ini", "[Map Data]\n"));
+    frm.mnuFileOpen->trigger();
+    Q_EMIT frm.mnuFile->aboutToShow();
+    EXPECT_FALSE(frm.mnuFileUndoDefault->isEnabled());
 }
 
 TEST(FrmMainProfile, DefaultKeepsItsPath)
