@@ -59,7 +59,8 @@ void LocationField::TextSet(const QString& sText)
     }
     MarkSet({});
     const int nCaret = hasFocus() ? CaretGet() : 0;
-    m_sBefore.clear();
+    m_aUndo.clear();
+    m_bTyping = false;
     setText(sText);
     if (hasFocus())
         CaretPlace(nCaret, 1);
@@ -152,6 +153,12 @@ bool LocationField::event(QEvent* pEvent)
 void LocationField::keyPressEvent(QKeyEvent* pEvent)
 {
     if (CommandKey(pEvent) || CaretKey(pEvent->key())) {
+        m_bTyping = false;
+        pEvent->accept();
+        return;
+    }
+    if (pEvent->key() == Qt::Key_Return || pEvent->key() == Qt::Key_Enter) {
+        Q_EMIT returnPressed();
         pEvent->accept();
         return;
     }
@@ -162,7 +169,7 @@ void LocationField::keyPressEvent(QKeyEvent* pEvent)
         pEvent->accept();
         return;
     }
-    pEvent->ignore();  // Enter, Escape, Tab and shortcuts are the window's
+    pEvent->ignore();  // Escape, Tab and shortcuts are the window's
 }
 
 void LocationField::inputMethodEvent(QInputMethodEvent* pEvent)
@@ -188,14 +195,17 @@ void LocationField::CharacterType(QChar chr)
     QString sText = text();
     sText[nCaret] = chr;
     TextAccept(sText, nCaret + 1);
+    if (nCaret + 1 == m_nHemisphere && m_eKind == LocationKind::Latitude && m_pOther != nullptr)
+        m_pOther->setFocus(Qt::TabFocusReason);
 }
 
-void LocationField::TextAccept(const QString& sText, int nCaret)
+void LocationField::TextAccept(const QString& sText, int nCaret, int nPair)
 {
-    const QString sBefore = text();
-    if (sText != sBefore) {
+    if (sText != text()) {
+        if (!m_bTyping || nPair != 0)
+            m_aUndo.push_back({text(), CaretGet(), nPair});
+        m_bTyping = nPair == 0;
         setText(sText);
-        m_sBefore = sBefore;
     }
     CaretPlace(nCaret, 1);
     Q_EMIT Edited();
@@ -214,33 +224,53 @@ void LocationField::PositionPaste(const QString& sText)
     }
     const bool bLatitude = m_eKind == LocationKind::Latitude;
     const PositionRead& pos = res.ValueGet();
+    static int nPair = 0;
+    ++nPair;
     const auto dOther = bLatitude ? pos.dLon : pos.dLat;
     if (dOther && m_pOther != nullptr)
-        m_pOther->PairTake(*dOther);
+        m_pOther->PasteAccept(*dOther, nPair);
     if (const auto dOwn = bLatitude ? pos.dLat : pos.dLon)
-        TextAccept(LocationToText(m_eKind, *dOwn), CaretGet());
+        PasteAccept(*dOwn, nPair);
 }
 
-void LocationField::PairTake(double dValue)
+void LocationField::PasteAccept(double dValue, int nPair)
 {
-    TextAccept(LocationToText(m_eKind, dValue), 0);
+    TextAccept(LocationToText(m_eKind, dValue), hasFocus() ? CaretGet() : 0, nPair);
     if (!hasFocus())
         setCursorPosition(0);  // only the field with the focus shows its caret
 }
 
+/// Takes the last entry back; a pasted pair in both fields, unless the other one was edited since.
 void LocationField::UndoLast()
 {
-    if (m_sBefore.isEmpty())
+    if (m_aUndo.empty())
         return;
-    const QString sBefore = m_sBefore;
-    TextAccept(sBefore, CaretGet());
-    m_sBefore.clear();
+    const int nPair = EntryUndo();
+    if (nPair != 0 && m_pOther != nullptr && !m_pOther->m_aUndo.empty()
+        && m_pOther->m_aUndo.back().nPair == nPair)
+        m_pOther->EntryUndo();
+}
+
+/// @return the entry's nPair
+int LocationField::EntryUndo()
+{
+    const Entry entry = m_aUndo.back();
+    m_aUndo.pop_back();
+    m_bTyping = false;
+    setText(entry.sBefore);
+    if (hasFocus())
+        CaretPlace(entry.nCaret, 1);
+    else
+        setCursorPosition(0);
+    Q_EMIT Edited();
+    return entry.nPair;
 }
 
 void LocationField::mousePressEvent(QMouseEvent* pEvent)
 {
     if (pEvent->button() != Qt::LeftButton)
         return;
+    m_bTyping = false;
     CaretPlace(cursorPositionAt(pEvent->pos()), 1);
 }
 
@@ -259,7 +289,7 @@ void LocationField::contextMenuEvent(QContextMenuEvent* pEvent)
 {
     auto* pMenu = new QMenu(this);
     pMenu->setAttribute(Qt::WA_DeleteOnClose);
-    pMenu->addAction(tr("&Undo"), this, &LocationField::UndoLast)->setEnabled(!m_sBefore.isEmpty());
+    pMenu->addAction(tr("&Undo"), this, &LocationField::UndoLast)->setEnabled(!m_aUndo.empty());
     pMenu->addAction(tr("&Copy"), this, [this] { QApplication::clipboard()->setText(text()); });
     pMenu->addAction(tr("&Paste"), this,
                      [this] { PositionPaste(QApplication::clipboard()->text()); });
@@ -269,6 +299,7 @@ void LocationField::contextMenuEvent(QContextMenuEvent* pEvent)
 void LocationField::focusInEvent(QFocusEvent* pEvent)
 {
     QLineEdit::focusInEvent(pEvent);
+    m_bTyping = false;
     const bool bKept =
         pEvent->reason() == Qt::PopupFocusReason || pEvent->reason() == Qt::ActiveWindowFocusReason;
     CaretPlace(bKept ? CaretGet() : 0, 1);

@@ -1,6 +1,7 @@
 /// @file LocationField.h
 /// Entry field of one position component: an overtype mask. The caret always stands on one selected
-/// character; typing replaces it; the separators are jumped over and cannot be typed.
+/// character; typing replaces it; the separators are jumped over and cannot be typed. Behind the
+/// hemisphere letter of a latitude the caret goes on to the longitude.
 ///
 /// Texts:   "38°30.00'N" (latitude, 10 characters), "122°15.00'W" (longitude, 11 characters).
 /// Errors:  a key or a pasted text that does not fit is dropped (a paste with a short beep, and
@@ -10,6 +11,7 @@
 
 #include <QLineEdit>
 #include <array>
+#include <vector>
 
 #include "ui/common/LocationText.h"
 
@@ -53,15 +55,23 @@ protected:
 
 private:
     [[nodiscard]] int Length() const { return static_cast<int>(text().length()); }
+    /// A text to go back to: what was typed without a step of the caret, or pasted, is one entry.
+    struct Entry {
+        QString sBefore;
+        int nCaret;
+        int nPair;  ///< the same in both fields that a paste filled; 0 for a field alone
+    };
+
     [[nodiscard]] bool SeparatorIs(int nCaret) const;
     bool CaretKey(int nKey);
     bool CommandKey(QKeyEvent* pEvent);
     void CharacterType(QChar chr);
     [[nodiscard]] bool MaskFits(const QString& sText) const;
-    void TextAccept(const QString& sText, int nCaret);
-    void PairTake(double dValue);
+    void TextAccept(const QString& sText, int nCaret, int nPair = 0);
+    void PasteAccept(double dValue, int nPair);
     void PositionPaste(const QString& sText);
     void UndoLast();
+    int EntryUndo();
 
     LocationKind m_eKind = LocationKind::Latitude;
     std::array<int, 3> m_aSeparators{};  ///< counted from 1
@@ -71,5 +81,6 @@ private:
     bool m_bMark = false;
     QString m_sTip;  ///< tip and description without the mark
     QString m_sAbout;
-    QString m_sBefore;  ///< text before the last accepted edit; empty: nothing to undo
+    std::vector<Entry> m_aUndo;
+    bool m_bTyping = false;  ///< the next key belongs to the last entry
 };

@@ -35,6 +35,7 @@ void AirmailCommands::ReceiverTake()
     const auto res = AirMailPositionGet(dLat, dLon, dtTime, &aMessages);
     if (!AnswerTell(aMessages, res, "position"))
         return;
+    Q_EMIT RowTaken(0);
     m_host.SettingsGet().m_dRcLat = dLat;
     m_host.SettingsGet().m_dRcLon = dLon;
     m_host.Update();
@@ -56,6 +57,7 @@ void AirmailCommands::StationTake(const Station& station)
         AirMailStationPosition(station.sSystem, station.sKey, dLat, dLon, true, aMessages);
     if (!AnswerTell(aMessages, res, "station " + TextForMessage(station.sKey)))
         return;
+    Q_EMIT RowTaken(1);
     m_host.SettingsGet().m_dTxLat = dLat;
     m_host.SettingsGet().m_dTxLon = dLon;
     m_host.Update();

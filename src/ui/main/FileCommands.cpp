@@ -51,6 +51,7 @@ void FileCommands::Open()
     if (!ProfileAsk(m_window, FileDialogKind::Open, m_host.SettingsGet().m_sProfileFile))
         return;
     ProfileRead();
+    Q_EMIT PositionsRead();
     m_host.Update();
 }
 

@@ -36,6 +36,7 @@ public:
     void FrameKnown();
 
 Q_SIGNALS:
+    void PositionsRead();                      ///< before an update: both, from a profile
     void Noticed(const std::string& sNotice);  ///< what of a profile did not come into force
 
 private:

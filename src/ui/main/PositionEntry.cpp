@@ -1,5 +1,7 @@
 #include "ui/main/PositionEntry.h"
 
+#include <optional>
+
 #include "geo/MathLib.h"
 #include "settings/SettingsRange.h"
 #include "system/MsgLib.h"
@@ -11,6 +13,23 @@ namespace {
 LocationKind KindOf(std::size_t iField)
 {
     return iField % 2 == 0 ? LocationKind::Latitude : LocationKind::Longitude;
+}
+
+const NumberRange& RangeOf(std::size_t iField)
+{
+    return KindOf(iField) == LocationKind::Latitude ? kRangeLatitude : kRangeLongitude;
+}
+
+/// @param paMessages  gets why the text cannot be decoded
+std::optional<double> Decoded(std::size_t iField, const LocationField& field,
+                              Messages* paMessages = nullptr)
+{
+    const std::string sText = field.text().toStdString();
+    double dTaken = 0.0;
+    const bool bOk = KindOf(iField) == LocationKind::Latitude
+                         ? TextToLatitude(sText, dTaken, paMessages)
+                         : TextToLongitude(sText, dTaken, paMessages);
+    return bOk ? std::optional<double>(dTaken) : std::nullopt;
 }
 
 /// The settings that the fields stand for, in the fields' order.
@@ -32,9 +51,11 @@ PositionEntry::PositionEntry(const Fields& apField, QObject* pParent)
             pField->MarkSet({});
             Q_EMIT Edited();
         });
+        connect(pField, &QLineEdit::returnPressed, this, &PositionEntry::Entered);
         connect(pField, &LocationField::Hinted, this, &PositionEntry::Hinted);
         if (i >= 2)
             connect(pField, &QLineEdit::textChanged, this, &PositionEntry::TransmitterChanged);
+        m_asShown[i] = pField->text();
     }
 }
 
@@ -42,8 +63,49 @@ void PositionEntry::Show(const Settings& settings)
 {
     Settings shown = settings;
     const auto apValue = ValuesOf(shown);
-    for (std::size_t i = 0; i < m_apField.size(); ++i)
+    for (std::size_t i = 0; i < m_apField.size(); ++i) {
         m_apField[i]->TextSet(LocationToText(KindOf(i), *apValue[i]));
+        m_asShown[i] = m_apField[i]->text();
+        m_adShown[i] = *apValue[i];
+    }
+}
+
+bool PositionEntry::FieldWaits(std::size_t iField) const
+{
+    return m_apField[iField]->text() != m_asShown[iField];
+}
+
+bool PositionEntry::WaitingIs() const
+{
+    for (std::size_t i = 0; i < m_apField.size(); ++i)
+        if (FieldWaits(i))
+            return true;
+    return false;
+}
+
+void PositionEntry::RowDrop(int iRow)
+{
+    const auto iFirst = static_cast<std::size_t>(2 * iRow);
+    for (const std::size_t i : {iFirst, iFirst + 1}) m_asShown[i] = m_apField[i]->text();
+}
+
+void PositionEntry::RowsDrop()
+{
+    for (const int iRow : {0, 1}) RowDrop(iRow);
+}
+
+void PositionEntry::WaitingTake(Settings& settings)
+{
+    const auto apValue = ValuesOf(settings);
+    for (std::size_t iRow = 0; iRow < m_apField.size(); iRow += 2) {
+        if (*apValue[iRow] != m_adShown[iRow] || *apValue[iRow + 1] != m_adShown[iRow + 1])
+            continue;
+        for (const std::size_t i : {iRow, iRow + 1}) {
+            const auto dTaken = FieldWaits(i) ? Decoded(i, *m_apField[i]) : std::nullopt;
+            if (dTaken && RangeOf(i).Holds(*dTaken))
+                *apValue[i] = *dTaken;
+        }
+    }
 }
 
 bool PositionEntry::Take(Settings& settings)
@@ -58,21 +120,21 @@ bool PositionEntry::Take(Settings& settings)
 bool PositionEntry::FieldTake(std::size_t iField, double& dValue)
 {
     LocationField& field = *m_apField[iField];
-    const std::string sText = field.text().toStdString();
-    const bool bLat = KindOf(iField) == LocationKind::Latitude;
-    double dTaken = 0.0;
     Messages aMessages;
-    if (!(bLat ? TextToLatitude(sText, dTaken, &aMessages)
-               : TextToLongitude(sText, dTaken, &aMessages)))
-        return MsgShow(aMessages);
-    const NumberRange& range = bLat ? kRangeLatitude : kRangeLongitude;
-    if (!range.Holds(dTaken)) {
-        const QString sWhy =
-            QString::fromStdString(sText + " lies beyond " + NumberToText(range.dMost) + "°");
-        field.MarkSet(sWhy);
-        Q_EMIT Refused(field.accessibleName() + QLatin1Char(' ') + sWhy);
+    const auto dTaken = Decoded(iField, field, &aMessages);
+    if (!dTaken) {
+        MsgShow(aMessages);
         return false;
     }
-    dValue = dTaken;
+    const NumberRange& range = RangeOf(iField);
+    if (!range.Holds(*dTaken)) {
+        const QString sMost = QString::fromStdString(NumberToText(range.dMost));
+        const QString sWhy = tr("%1 is out of range, %2° at most").arg(field.text(), sMost);
+        const QString sWhat = field.accessibleName().toLower();
+        field.MarkSet(sWhy);
+        Q_EMIT Refused(sWhat.left(1).toUpper() + sWhat.mid(1) + QLatin1Char(' ') + sWhy);
+        return false;
+    }
+    dValue = *dTaken;
     return true;
 }

@@ -61,14 +61,18 @@ void frmMain::PartsMake()
     connect(m_pCommands, &CommandQueue::UpdateAsked, this, &frmMain::Update);
     connect(m_pFile, &FileCommands::Noticed, m_pStatus, &StatusLine::NoticeSet);
     connect(m_pAirmail, &AirmailCommands::StationTaken, this, &frmMain::TitleSet);
+    connect(m_pAirmail, &AirmailCommands::RowTaken, m_pEntry, &PositionEntry::RowDrop);
+    connect(m_pFile, &FileCommands::PositionsRead, m_pEntry, &PositionEntry::RowsDrop);
 }
 
 void frmMain::EntryConnect()
 {
     connect(m_pEntry, &PositionEntry::Edited, this, [this] {
         cmdUpdate->setEnabled(true);
-        HintSet({});
+        m_pStatus->HintSet({});
+        StatusShow();
     });
+    connect(m_pEntry, &PositionEntry::Entered, cmdUpdate, &QPushButton::click);
     connect(m_pEntry, &PositionEntry::Hinted, this, &frmMain::HintSet);
     connect(m_pEntry, &PositionEntry::TransmitterChanged, this, [this] { TitleSet({}); });
     connect(m_pEntry, &PositionEntry::Refused, this, &frmMain::PositionRefused);
@@ -131,7 +135,11 @@ void frmMain::MenusConnect()
     }
 }
 
-void frmMain::Initialize() { m_pFile->DefaultSet(); }
+void frmMain::Initialize()
+{
+    m_pFile->DefaultSet();
+    m_pEntry->RowsDrop();
+}
 
 void frmMain::ProfileSaveError(int nErrorCode) const
 {
@@ -211,8 +219,10 @@ void frmMain::closeEvent(QCloseEvent* pEvent)
         return;
     }
     m_windows.Unload();
-    if (!std::exchange(m_bUnloaded, true))
+    if (!std::exchange(m_bUnloaded, true)) {
+        m_pEntry->WaitingTake(m_settings);
         m_pFile->ProfileWrite();
+    }
     m_pCommands->End();
     pEvent->accept();
 }
@@ -226,6 +236,7 @@ bool frmMain::Update()
     const CommandQueue::Run run(*m_pCommands);
     const int iRow = m_settings.m_selected.iFrequency;
     const int iRowChosen = iRow == -1 ? m_iRowChosen : iRow;
+    m_pEntry->WaitingTake(m_settings);
     m_pStatus->RunBegin();
     grdData->RedrawSet(false);
     LayoutRenew(iRowChosen);
@@ -308,8 +319,9 @@ void frmMain::FailureShow()
 void frmMain::StatusShow()
 {
     m_pStatus->Show(m_run->InForceGet());
-    grdData->StaleSet(m_run->OldIs());
-    lblOld->setVisible(m_run->OldIs() && m_run->TableIs());
+    const bool bOld = m_run->OldIs() || m_pEntry->WaitingIs();
+    grdData->StaleSet(bOld);
+    lblOld->setVisible(bOld && m_run->TableIs());
 }
 
 void frmMain::HintSet(const QString& sHint)
@@ -335,7 +347,7 @@ void frmMain::cmdUpdateClick()
 
 void frmMain::PositionRefused(const QString& sWhy)
 {
-    m_pStatus->TroubleSet("No prediction: " + sWhy.toStdString() + ". Correct it, then Update");
+    m_pStatus->TroubleSet(sWhy.toStdString() + ". Correct it, then Update");
     m_pStatus->HintSet({});
     StatusShow();
 }

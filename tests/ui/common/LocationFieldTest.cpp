@@ -277,16 +277,61 @@ TEST_F(LocationFieldShown, NoTextGrowsBeyondTheMask)
     EXPECT_EQ(m_lat.text(), QStringLiteral("12°30.00'S"));
 }
 
-TEST_F(LocationFieldShown, UndoRestoresTheTextBeforeTheLastAcceptedEdit)
+TEST_F(LocationFieldShown, UndoTakesBackWholeEntriesStepByStep)
 {
     m_lat.CaretPlace(0, 1);
-    QTest::keyClicks(&m_lat, QStringLiteral("3"));
-    QTest::keyClicks(&m_lat, QStringLiteral("7"));
+    QTest::keyClicks(&m_lat, QStringLiteral("37"));
     QTest::keyClicks(&m_lat, QStringLiteral("x"));  // dropped, so not an edit
+    QTest::keyClick(&m_lat, Qt::Key_Right);
+    QTest::keyClicks(&m_lat, QStringLiteral("5"));
+    QApplication::clipboard()->setText(QStringLiteral("12°30.00'N"));
+    QTest::keySequence(&m_lat, QKeySequence::Paste);
+    QTest::keyClicks(&m_lat, QStringLiteral("9"));
+    for (const char* sText :
+         {"12°30.00'N", "37 05.00 N", "37 00.00 N", "00 00.00 N", "00 00.00 N"}) {
+        QTest::keySequence(&m_lat, QKeySequence::Undo);
+        EXPECT_EQ(m_lat.text(), QString::fromUtf8(sText));
+        EXPECT_EQ(m_lat.selectedText().length(), 1);
+    }
+}
+
+TEST_F(LocationFieldShown, UndoTakesAPastedPairBackInBothFields)
+{
+    m_lat.PairSet(&m_lon);
+    m_lon.PairSet(&m_lat);
+    QTest::keyClicks(&m_lon, QStringLiteral("1"));
+    QApplication::clipboard()->setText(QStringLiteral("24.308333, -110.403333"));
+    QTest::keySequence(&m_lat, QKeySequence::Paste);
+    EXPECT_EQ(m_lon.text(), QStringLiteral("110°24.20'W"));
     QTest::keySequence(&m_lat, QKeySequence::Undo);
-    EXPECT_EQ(m_lat.text(), QStringLiteral("30 00.00 N"));
+    EXPECT_EQ(m_lat.text(), QStringLiteral("00 00.00 N"));
+    EXPECT_EQ(m_lon.text(), QStringLiteral("100 00.00 E"));
     QTest::keySequence(&m_lat, QKeySequence::Undo);
-    EXPECT_EQ(m_lat.text(), QStringLiteral("30 00.00 N"));
+    EXPECT_EQ(m_lon.text(), QStringLiteral("100 00.00 E")) << "an entry of the other field alone";
+}
+
+TEST_F(LocationFieldShown, UndoLeavesTheOtherFieldWhereItWasEditedSinceThePaste)
+{
+    m_lat.PairSet(&m_lon);
+    m_lon.PairSet(&m_lat);
+    QApplication::clipboard()->setText(QStringLiteral("24.308333, -110.403333"));
+    QTest::keySequence(&m_lat, QKeySequence::Paste);
+    m_lon.CaretPlace(0, 1);
+    QTest::keyClicks(&m_lon, QStringLiteral("0"));
+    QTest::keySequence(&m_lat, QKeySequence::Undo);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("00 00.00 N"));
+    EXPECT_EQ(m_lon.text(), QStringLiteral("010°24.20'W"));
+}
+
+TEST_F(LocationFieldShown, ReturnIsToldOnceAndChangesNothing)
+{
+    int nReturned = 0;
+    QObject::connect(&m_lat, &QLineEdit::returnPressed, [&nReturned] { ++nReturned; });
+    QTest::keyClick(&m_lat, Qt::Key_Return);
+    EXPECT_EQ(nReturned, 1);
+    QTest::keyClick(&m_lat, Qt::Key_Enter);
+    EXPECT_EQ(nReturned, 2);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("00 00.00 N"));
 }
 
 TEST_F(LocationFieldShown, NothingIsLeftToUndoAfterTheProgramSetTheText)

@@ -54,17 +54,17 @@ TEST_P(FrmMainBeyond, APositionOutOfRangeRunsNothingAndIsMarkedAndExplained)
 INSTANTIATE_TEST_SUITE_P(
     Order, FrmMainBeyond,
     testing::Values(BeyondCase{0, "90°00.01'N",
-                               "No prediction: Receiver Latitude 90°00.01'N lies beyond 90°. "
+                               "Receiver latitude 90°00.01'N is out of range, 90° at most. "
                                "Correct it, then Update"},
                     BeyondCase{1, "181°00.00'W",
-                               "No prediction: Receiver Longitude 181°00.00'W lies beyond 180°. "
+                               "Receiver longitude 181°00.00'W is out of range, 180° at most. "
                                "Correct it, then Update"},
                     BeyondCase{2, "89°70.00'S",
-                               "No prediction: Transmitter Latitude 89°70.00'S lies beyond 90°. "
+                               "Transmitter latitude 89°70.00'S is out of range, 90° at most. "
                                "Correct it, then Update"},
                     BeyondCase{3, "180°00.01'E",
-                               "No prediction: Transmitter Longitude 180°00.01'E lies beyond "
-                               "180°. Correct it, then Update"}));
+                               "Transmitter longitude 180°00.01'E is out of range, 180° at most. "
+                               "Correct it, then Update"}));
 
 TEST(FrmMainUpdate, SeventyMinutesInRangeStayAllowed)
 {
