@@ -362,7 +362,11 @@ void GridControl::keyPressEvent(QKeyEvent* pEvent)
         pEvent->accept();
         return;
     }
+    const GridPlace placeBefore = CurrentGet();
     QTableView::keyPressEvent(pEvent);
+    const GridPlace place = CurrentGet();
+    if (place != placeBefore && place.DataIs())
+        Q_EMIT CurrentMoved(place.iRow, place.iCol);
 }
 
 void GridControl::contextMenuEvent(QContextMenuEvent* pEvent)

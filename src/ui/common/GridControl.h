@@ -5,7 +5,8 @@
 /// lets a whole table change at once.
 ///
 /// Units:   pixels. Rows and columns count from 0 with the headers; -1 where there is no cell.
-/// Keys:    arrows move the current cell, Enter picks it (EnterPressed), the menu key asks for its
+/// Keys:    arrows move the current cell (CurrentMoved), Enter picks it (EnterPressed), the menu
+/// key asks for its
 ///          menu (CellMenu). Tab leaves the grid.
 /// Tests:   tests/ui/common/GridControlTest.cpp
 #pragma once
@@ -72,6 +73,7 @@ public:
 
 Q_SIGNALS:
     void CellClicked(int iRow, int iCol);                           ///< left click on a data cell
+    void CurrentMoved(int iRow, int iCol);                          ///< by a key
     void EnterPressed(int iRow, int iCol);                          ///< Enter on the current cell
     void CellPressed(int iRow, int iCol, Qt::MouseButton eButton);  ///< any cell, -1 outside
     void CellMenu(int iRow, int iCol, const QPoint& pntGlobal);     ///< menu key on a data cell

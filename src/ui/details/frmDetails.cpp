@@ -1,10 +1,14 @@
 #include "ui/details/frmDetails.h"
 
 #include <QApplication>
+#include <QKeyEvent>
+#include <algorithm>
 #include <array>
 
+#include "propagation/SnrScale.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
+#include "ui/common/GridCorner.h"
 
 namespace {
 
@@ -17,10 +21,14 @@ constexpr int kColSignal = 6;
 constexpr int kColNoise = 7;
 constexpr int kColSnr = 8;
 
-/// Grid's left and top in the window, pixels.
+/// Grid's left and least top in the window, pixels.
 constexpr int kMargin = 8;
 /// Room for a vertical scroll bar, pixels (360 twips).
 constexpr int kBarRoom = 24;
+/// Room above and below the line over the grid, pixels.
+constexpr int kLineRoom = 6;
+/// Text that reads (Web Content Accessibility Guidelines 2.1, success criterion 1.4.3).
+constexpr double kContrastLeast = 4.5;
 
 struct Column {
     const char* sHeader;
@@ -66,14 +74,20 @@ QString LimitText(float fFrequency, float fLuf, float fMuf)
 }  // namespace
 
 frmDetails::frmDetails(MainWindowHost& host, GridControl& grdMain, QWidget* pParent)
-    : QWidget(pParent), grdData(new GridControl(this)), m_host(host), m_grdMain(grdMain)
+    : QWidget(pParent),
+      lblHour(new QLabel(this)),
+      grdData(new GridControl(this)),
+      m_host(host),
+      m_grdMain(grdMain)
 {
     setObjectName(QStringLiteral("frmDetails"));
     setWindowTitle(QApplication::applicationDisplayName()
                    + QStringLiteral(" - Details by Frequency"));
     setAttribute(Qt::WA_DeleteOnClose);
+    lblHour->setObjectName(QStringLiteral("lblHour"));
     grdData->setObjectName(QStringLiteral("grdData"));
     grdData->setAccessibleName(tr("Details by Frequency"));
+    new GridCorner(*grdData, QString::fromLatin1(kColumns.front().sLong));
     SignalsConnect();
     grdData->RedrawSet(false);
     HeaderLayout();
@@ -89,8 +103,9 @@ void frmDetails::SignalsConnect()
             [this](int, int iCol) { grdDataMouseMove(iCol); });
     connect(grdData, &GridControl::CellPressed, this,
             [this](int iRow, int, Qt::MouseButton eButton) { grdDataMouseDown(iRow, eButton); });
-    connect(grdData, &GridControl::EnterPressed, this,
-            [this](int iRow, int) { grdDataMouseDown(iRow, Qt::LeftButton); });
+    const auto RowPick = [this](int iRow, int) { grdDataMouseDown(iRow, Qt::LeftButton); };
+    connect(grdData, &GridControl::EnterPressed, this, RowPick);
+    connect(grdData, &GridControl::CurrentMoved, this, RowPick);
 }
 
 bool frmDetails::Rec533Is() const { return m_host.TableInputGet().iModel == kEngineRec533; }
@@ -124,13 +139,25 @@ void frmDetails::DataSetSize()
     // The outer and the inner size differ by the window's frame alone, so setting the inner one
     // sets both.
     const int nWidth = grdData->ColLeftGet(kCols) + kBarRoom;
-    resize(2 * kMargin + nWidth, 2 * kMargin + m_grdMain.height());
+    resize(2 * kMargin + nWidth, 2 * GridTop() + m_grdMain.height());
 }
 
 void frmDetails::resizeEvent(QResizeEvent* pEvent)
 {
     QWidget::resizeEvent(pEvent);
-    grdData->setGeometry(kMargin, kMargin, width() - 2 * kMargin, height() - 2 * kMargin);
+    const int nTop = GridTop();
+    lblHour->setGeometry(kMargin, 0, width() - 2 * kMargin, nTop);
+    grdData->setGeometry(kMargin, nTop, width() - 2 * kMargin, height() - 2 * nTop);
+}
+
+int frmDetails::GridTop() const { return std::max(kMargin, fontMetrics().height() + kLineRoom); }
+
+void frmDetails::keyPressEvent(QKeyEvent* pEvent)
+{
+    if (pEvent->key() == Qt::Key_Escape)
+        close();
+    else
+        QWidget::keyPressEvent(pEvent);
 }
 
 void frmDetails::Update(int iRow, int iHour, const QString& sHour, const PropagationTable& table)
@@ -138,6 +165,8 @@ void frmDetails::Update(int iRow, int iHour, const QString& sHour, const Propaga
     grdData->RedrawSet(false);
     setWindowTitle(QApplication::applicationDisplayName()
                    + QStringLiteral(" - Details by Frequency - ") + sHour);
+    const bool bLocal = m_host.SettingsGet().m_iTimeCode == kTimeLocal;
+    lblHour->setText(sHour + (bLocal ? tr(" Local") : tr(" Zulu")));
     RowsLayout();
     m_iHour = iHour;
     for (int i = 1; i < grdData->RowsGet(); ++i) {
@@ -147,6 +176,8 @@ void frmDetails::Update(int iRow, int iHour, const QString& sHour, const Propaga
             RowClear(i);
     }
     Highlight(iRow, iHour);
+    if (m_iRow != -1)
+        grdData->CurrentSet(m_iRow, std::max(1, grdData->CurrentGet().iCol));
     grdData->RedrawSet(true);
 }
 
@@ -172,7 +203,18 @@ void frmDetails::RowFill(int iRow, const PropagationTable& table)
     grdData->TextSet(iRow, kColNoise, Formatted(record.fNdBW, "0"));
     grdData->TextSet(iRow, kColSnr, Formatted(record.fSnr, "0"));
     grdData->ColorSet(iRow, kColSnr, ColorFromBgr(m_host.SnrGetColor(record.fSnr)),
-                      palette().color(QPalette::HighlightedText));
+                      SnrTextColor(record.fSnr));
+}
+
+/// The selection's text colour where it reads on the SNR's, else black or white.
+QColor frmDetails::SnrTextColor(float fSnr) const
+{
+    const SnrBand& band = SnrBandGet(fSnr);
+    const QColor clrSelection = palette().color(QPalette::HighlightedText);
+    const auto nSelection = static_cast<std::uint32_t>(
+        clrSelection.red() | clrSelection.green() << 8 | clrSelection.blue() << 16);
+    return ColorContrast(nSelection, band.nColor) >= kContrastLeast ? clrSelection
+                                                                    : ColorFromBgr(band.nText);
 }
 
 void frmDetails::RowColor(int iRow, const QColor& clrBack, const QColor& clrFore)

@@ -1,9 +1,11 @@
 /// @file frmDetails.h
 /// The details window: one hour of the prediction, every quantity of every frequency as one row.
 ///
+/// Keys:    arrows and Enter pick a row, Escape closes the window.
 /// Tests:   tests/ui/details/FrmDetailsTest.cpp
 #pragma once
 
+#include <QLabel>
 #include <QString>
 #include <QWidget>
 
@@ -29,14 +31,18 @@ public:
     /// Makes the window as high as the main table and wide enough for all columns.
     void DataSetSize();
 
+    QLabel* lblHour;  ///< the hour with its time system, above the grid
     GridControl* grdData;
     int m_iRow = -1;   ///< highlighted row; -1 none
     int m_iHour = -1;  ///< hour shown; -1 none
 
 protected:
     void resizeEvent(QResizeEvent* pEvent) override;
+    void keyPressEvent(QKeyEvent* pEvent) override;
 
 private:
+    [[nodiscard]] int GridTop() const;
+    [[nodiscard]] QColor SnrTextColor(float fSnr) const;
     void SignalsConnect();
     void HeaderLayout();
     void RowsLayout();

@@ -4,11 +4,13 @@
 #include "system/ClockLib.h"
 #include "system/NumberLib.h"
 #include "ui/common/GridControl.h"
+#include "ui/common/GridCorner.h"
 
 MainTable::MainTable(GridControl& grd, const Settings& settings) : m_grd(grd), m_settings(settings)
 {
     m_grd.HugSet(true);
     m_grd.SpeechSet([this](int iRow, int iCol) { return Speech(iRow, iCol); });
+    new GridCorner(m_grd, {});
     QObject::connect(&m_grd, &GridControl::MouseMoved, &m_grd,
                      [this](int iRow, int iCol) { MouseMoved(iRow, iCol); });
 }

@@ -54,8 +54,8 @@ void SideWindows::DetailsShow(GridControl& grdMain)
         m_pDetails = new frmDetails(m_host, grdMain);
         WindowPutBeside(*m_pDetails, m_window);
     }
-    if (!m_pDetails->isVisible())
-        m_pDetails->show();
+    m_pDetails->setWindowState(m_pDetails->windowState() & ~Qt::WindowMinimized);
+    m_pDetails->show();
 }
 
 void SideWindows::DetailsRaise()

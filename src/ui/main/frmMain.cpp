@@ -85,6 +85,9 @@ void frmMain::TableConnect()
     };
     connect(grdData, &GridControl::CellClicked, this, CellClick);
     connect(grdData, &GridControl::EnterPressed, this, CellClick);
+    connect(grdData, &GridControl::CurrentMoved, this, [this](int iRow, int iCol) {
+        m_pCommands->Do([this, iRow, iCol] { grdDataMove(iRow, iCol); });
+    });
     connect(grdData, &GridControl::CellPressed, this, &frmMain::grdDataMouseDown);
     connect(grdData, &GridControl::CellMenu, this, &frmMain::grdDataMenu);
 }
@@ -362,6 +365,14 @@ void frmMain::grdDataClick(int iRow, int iCol)
 {
     DataSetSelected(iRow, iCol);
     DetailsShow();
+    grdData->CurrentSet(iRow, iCol);
+}
+
+/// As a click, but details that are closed stay closed, so that the keys stay in the table.
+void frmMain::grdDataMove(int iRow, int iCol)
+{
+    DataSetSelected(iRow, iCol);
+    DetailsFill();
     grdData->CurrentSet(iRow, iCol);
 }
 

@@ -103,6 +103,7 @@ private:
 
     void cmdUpdateClick();
     void grdDataClick(int iRow, int iCol);
+    void grdDataMove(int iRow, int iCol);
     void grdDataMouseDown(int iRow, int iCol, Qt::MouseButton eButton);
     void grdDataMenu(int iRow, int iCol, const QPoint& pntGlobal);
     void mnuViewOpen();

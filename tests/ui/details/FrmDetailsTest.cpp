@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QTest>
 
 #include "ui/details/frmDetails.h"
@@ -102,16 +103,84 @@ INSTANTIATE_TEST_SUITE_P(Verdicts, FrmDetailsLimit,
                                          LimitCase{5, 13.9, "> 13900"},
                                          LimitCase{15, 13, "< 15000"}));
 
-TEST(FrmDetails, SnrCellHasItsColourAndTheSelectionsText)
+TEST(FrmDetails, SnrCellHasItsColourAndTheSelectionsTextWhereThatReads)
 {
     MainRig rig;
-    rig.m_engine.fnSnr = [](int, int i) { return i == 7 ? 66.0 : 10.0; };
+    rig.m_engine.fnSnr = [](int, int i) { return i < 9 ? 36.0 + 5.0 * i : 10.0; };
     const frmDetails& frm = Open(rig);
-    for (const auto& [iRow, clrExpected] :
-         {std::pair(7, QColor(255, 0, 255)), std::pair(8, QColor(128, 128, 128))}) {
-        EXPECT_EQ(frm.grdData->CellGet(iRow, 8).clrBack, clrExpected);
-        EXPECT_EQ(frm.grdData->CellGet(iRow, 8).clrFore, HighlightText(frm));
+    ASSERT_EQ(HighlightText(frm), QColor(Qt::white));
+    const bool abWhite[] = {true, true, true, true, true, false, false, false, false};
+    for (int iRow = 1; iRow <= 9; ++iRow) {
+        const GridCell& cell = frm.grdData->CellGet(iRow, 8);
+        EXPECT_EQ(cell.clrBack, ColorFromBgr(rig.m_pFrm->SnrGetColor(
+                                    iRow < 9 ? 36.0F + 5.0F * static_cast<float>(iRow) : 10.0F)));
+        EXPECT_EQ(cell.clrFore, QColor(abWhite[iRow - 1] ? Qt::white : Qt::black)) << iRow;
     }
+}
+
+TEST(FrmDetails, OpensAtTheSelectedRow)
+{
+    MainRig rig;
+    const frmDetails& frm = Open(rig, {12, 15});
+    EXPECT_EQ(frm.grdData->CurrentGet().iRow, 12);
+    CellMouse(*rig.m_pFrm->grdData, {3, 15});
+    EXPECT_EQ(frm.grdData->CurrentGet().iRow, 3);
+}
+
+TEST(FrmDetails, ComesBackFromTheTaskBarAtAClick)
+{
+    MainRig rig;
+    frmDetails& frm = Open(rig);
+    frm.showMinimized();
+    ASSERT_TRUE(frm.isMinimized());
+    CellMouse(*rig.m_pFrm->grdData, {3, 15});
+    EXPECT_FALSE(frm.isMinimized());
+    EXPECT_TRUE(frm.isVisible());
+    EXPECT_EQ(frm.m_iRow, 3);
+}
+
+TEST(FrmDetails, EscapeClosesIt)
+{
+    MainRig rig;
+    frmDetails& frm = Open(rig);
+    QTest::keyClick(frm.grdData, Qt::Key_Escape);
+    MainRig::EventsRun();
+    EXPECT_FALSE(rig.m_pFrm->m_pDetails);
+}
+
+TEST(FrmDetails, ALineSaysZuluOrLocal)
+{
+    MainRig rig;
+    frmDetails& frm = Open(rig);
+    EXPECT_EQ(frm.lblHour->text(), QStringLiteral("14:00 Zulu"));
+    EXPECT_TRUE(frm.lblHour->isVisible());
+    EXPECT_LE(frm.lblHour->geometry().bottom(), frm.grdData->geometry().top());
+    EXPECT_GE(frm.lblHour->height(), frm.fontMetrics().height());
+    rig.m_dtLocal.nHour = 15;
+    rig.m_pFrm->m_settings.m_iTimeCode = kTimeLocal;
+    EXPECT_TRUE(rig.m_pFrm->Update());
+    EXPECT_EQ(frm.lblHour->text(), QStringLiteral("15:00 Local"));
+}
+
+TEST(FrmDetails, ArrowsPickTheRow)
+{
+    MainRig rig;
+    frmDetails& frm = Open(rig);
+    QTest::keyClick(frm.grdData, Qt::Key_Down);
+    EXPECT_EQ(rig.m_pFrm->DataGetSelected().iFrequency, 8);
+    EXPECT_EQ(rig.m_pFrm->DataGetSelected().iHour, 15);
+    RowExpect(frm, 8, true);
+}
+
+TEST(FrmDetails, TheCornersToolTipIsTheLabelColumns)
+{
+    MainRig rig;
+    frmDetails& frm = Open(rig);
+    CellMouseMove(*frm.grdData, {3, 6});
+    auto* pCorner = frm.grdData->findChild<QAbstractButton*>({}, Qt::FindDirectChildrenOnly);
+    ASSERT_NE(pCorner, nullptr);
+    MouseMoveTo(*pCorner, {3, 3});
+    EXPECT_EQ(frm.grdData->toolTip(), QStringLiteral("Frequency (kHz)"));
 }
 
 TEST(FrmDetails, HighlightsOneRowAndKeepsTheSnrColour)

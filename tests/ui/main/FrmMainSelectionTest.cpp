@@ -79,12 +79,44 @@ TEST(FrmMainSelection, EnterPicksTheCurrentCell)
     MainRig rig;
     frmMain& frm = rig.Start();
     frm.grdData->setFocus();
-    QTest::keyClick(frm.grdData, Qt::Key_Down);
-    QTest::keyClick(frm.grdData, Qt::Key_Left);
+    frm.grdData->CurrentSet(2, 13);  // moved by no key
     SelectedExpect(frm, 1, 14);
     QTest::keyClick(frm.grdData, Qt::Key_Return);
     SelectedExpect(frm, 2, 13);
     EXPECT_TRUE(frm.m_pDetails);
+}
+
+TEST(FrmMainSelection, ArrowsSelectAndOpenDetailsFollow)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.grdData->setFocus();
+    QTest::keyClick(frm.grdData, Qt::Key_Down);
+    QTest::keyClick(frm.grdData, Qt::Key_Left);
+    SelectedExpect(frm, 2, 13);
+    EXPECT_TRUE(frm.grdData->CellGet(2, 13).bFrame);
+    EXPECT_FALSE(frm.grdData->CellGet(1, 14).bFrame);
+    EXPECT_FALSE(frm.m_pDetails) << "the keys stay in the table";
+    QTest::keyClick(frm.grdData, Qt::Key_Return);
+    ASSERT_TRUE(frm.m_pDetails);
+    QTest::keyClick(frm.grdData, Qt::Key_Down);
+    QTest::keyClick(frm.grdData, Qt::Key_Right);
+    EXPECT_EQ(frm.m_pDetails->m_iRow, 3);
+    EXPECT_EQ(frm.m_pDetails->m_iHour, 14);
+    EXPECT_EQ(frm.m_pDetails->windowTitle(),
+              QStringLiteral("Hopcast - Details by Frequency - 13:00"));
+}
+
+TEST(FrmMainSelection, MenusFollowTheArrows)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.DataSetSelected(-1, -1);
+    frm.grdData->setFocus();
+    QTest::keyClick(frm.grdData, Qt::Key_Down);
+    frm.mnuView->popup({0, 0});
+    frm.mnuView->close();
+    EXPECT_TRUE(frm.mnuViewDetailData->isEnabled());
 }
 
 TEST(FrmMainSelection, MenuKeyPopsTheViewMenuUpAtTheCurrentCell)

@@ -1,6 +1,7 @@
 /// The table as it is shown: labels, texts, colours, tooltips, speech.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QLabel>
 #include <QScrollBar>
@@ -278,6 +279,18 @@ TEST(FrmMainTable, SpeaksFrequencyHourAndValue)
     EXPECT_EQ(Spoken(), QStringLiteral("14000 kHz, 13 Local, 21 dB"));
     frm.grdData->TextSet(7, 14, {});
     EXPECT_EQ(Spoken(), QStringLiteral("14000 kHz, 13 Local, no value"));
+}
+
+TEST(FrmMainTable, TheCornerHasNoToolTip)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    CellMouseMove(*frm.grdData, {3, 6});
+    EXPECT_NE(frm.grdData->toolTip(), QString());
+    auto* pCorner = frm.grdData->findChild<QAbstractButton*>({}, Qt::FindDirectChildrenOnly);
+    ASSERT_NE(pCorner, nullptr);
+    MouseMoveTo(*pCorner, {3, 3});
+    EXPECT_EQ(frm.grdData->toolTip(), QString());
 }
 
 }  // namespace
