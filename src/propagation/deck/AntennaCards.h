@@ -11,3 +11,13 @@ inline constexpr std::string_view kTxWhip    = R"(ANTENNA       1    1    2   30
 inline constexpr std::string_view kRcConst17 = R"(ANTENNA       2    2    2   30     0.000[DEFAULT\CONST17.VOA  ]  0.0    0.1000)";
 inline constexpr std::string_view kRcWhip    = R"(ANTENNA       2    2    2   30     0.000[DEFAULT\SWWHIP.VOA   ]  0.0    0.0000)";
 // clang-format on
+
+/// The transmitter's card of an antenna type; empty for a type without cards.
+constexpr std::string_view TxCardGet(bool bRec533, int iAntennaType)
+{
+    // REC533's table is one behind that of ICEPAC and VOACAP, on purpose: its type 2 has no cards.
+    const int iWhip = bRec533 ? 1 : 2;
+    if (iAntennaType < 0 || iAntennaType > iWhip)
+        return {};
+    return iAntennaType == iWhip ? kTxWhip : kTxConst17;
+}

@@ -48,22 +48,11 @@ void FprobPut(DeckWriter& deck, const Request& input)
 
 void AntennasPut(DeckWriter& deck, int iAntennaType)
 {
-    switch (iAntennaType) {
-        case 0:
-            deck.Line(kTxConst17);
-            deck.Line(kRcConst17);
-            break;
-        case 1:
-            deck.Line(kTxConst17);
-            deck.Line(kRcWhip);
-            break;
-        case 2:
-            deck.Line(kTxWhip);
-            deck.Line(kRcWhip);
-            break;
-        default:  // no antenna card
-            break;
-    }
+    const std::string_view sCard = TxCardGet(false, iAntennaType);
+    if (sCard.empty())
+        return;
+    deck.Line(sCard);
+    deck.Line(iAntennaType == 0 ? kRcConst17 : kRcWhip);
 }
 
 }  // namespace

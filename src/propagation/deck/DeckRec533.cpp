@@ -22,13 +22,10 @@ void StationPut(DeckWriter& deck, std::string_view sLabel, std::string_view sNam
 
 void AntennasPut(DeckWriter& deck, int iAntennaType)
 {
-    // One behind the table of ICEPAC and VOACAP, on purpose: type 2 has no cards here.
-    if (iAntennaType == 0)
-        deck.Line(kTxConst17);
-    else if (iAntennaType == 1)
-        deck.Line(kTxWhip);
-    else
+    const std::string_view sCard = TxCardGet(true, iAntennaType);
+    if (sCard.empty())
         return;
+    deck.Line(sCard);
     deck.Line(kRcWhip);
 }
 

@@ -4,7 +4,15 @@
 
 QString ElidedLabel::TextShown() const
 {
-    return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+    const int nRoom = contentsRect().width();
+    const bool bFits = m_sShorter.isEmpty() || fontMetrics().horizontalAdvance(text()) <= nRoom;
+    return fontMetrics().elidedText(bFits ? text() : m_sShorter, Qt::ElideRight, nRoom);
+}
+
+void ElidedLabel::ShorterSet(const QString& sShorter)
+{
+    m_sShorter = sShorter;
+    update();
 }
 
 QSize ElidedLabel::minimumSizeHint() const { return {0, QLabel::minimumSizeHint().height()}; }

@@ -7,6 +7,7 @@
 #include "system/MsgLib.h"
 #include "system/TextLib.h"
 #include "ui/common/MainWindowHost.h"
+#include "ui/main/StatusText.h"
 
 namespace {
 
@@ -35,6 +36,7 @@ void AirmailCommands::ReceiverTake()
     const auto res = AirMailPositionGet(dLat, dLon, dtTime, &aMessages);
     if (!AnswerTell(aMessages, res, "position"))
         return;
+    Q_EMIT Noticed(StatusPosition(dtTime, UtcNow()));
     Q_EMIT RowTaken(0);
     m_host.SettingsGet().m_dRcLat = dLat;
     m_host.SettingsGet().m_dRcLon = dLon;

@@ -23,8 +23,9 @@ public:
     void StationTake(const Station& station);
 
 Q_SIGNALS:
-    void RowTaken(int iRow);                  ///< before the update: 0 receiver, 1 transmitter
-    void StationTaken(const QString& sName);  ///< behind the update: the transmitter is this one
+    void Noticed(const std::string& sNotice);  ///< how old the position is
+    void RowTaken(int iRow);                   ///< before the update: 0 receiver, 1 transmitter
+    void StationTaken(const QString& sName);   ///< behind the update: the transmitter is this one
 
 private:
     MainWindowHost& m_host;

@@ -1,23 +1,33 @@
 #include "ui/main/StatusLine.h"
 
+#include <QEvent>
 #include <QRegularExpression>
 #include <QStatusBar>
+#include <algorithm>
 #include <utility>
 
 #include "ui/common/ElidedLabel.h"
 
-// What went wrong comes first: where both do not fit, what is in force is cut. The window does not
-// grow for either.
+// The window does not grow for any of them.
 StatusLine::StatusLine(QStatusBar& bar, QObject* pParent)
-    : QObject(pParent), lblTrouble(new ElidedLabel(&bar)), lblInForce(new ElidedLabel(&bar))
+    : QObject(pParent),
+      lblTrouble(new ElidedLabel(&bar)),
+      lblBest(new ElidedLabel(&bar)),
+      lblInForce(new ElidedLabel(&bar)),
+      m_bar(bar)
 {
     lblTrouble->setObjectName(QStringLiteral("lblTrouble"));
-    lblTrouble->setContentsMargins(bar.fontMetrics().averageCharWidth(), 0, 0, 0);
+    lblBest->setObjectName(QStringLiteral("lblBest"));
+    lblBest->setToolTip(tr("Ctrl+Home in the table goes there"));
+    for (ElidedLabel* pLabel : {lblTrouble, lblBest})
+        pLabel->setContentsMargins(bar.fontMetrics().averageCharWidth(), 0, 0, 0);
     lblInForce->setObjectName(QStringLiteral("lblInForce"));
     lblInForce->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lblInForce->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     bar.addWidget(lblTrouble);
+    bar.addWidget(lblBest);
     bar.addWidget(lblInForce, 1);
+    bar.installEventFilter(this);
 }
 
 void StatusLine::RunBegin()
@@ -42,12 +52,39 @@ std::string StatusLine::TroubleGet(const std::string& sNotice) const
 void StatusLine::Show(const std::string& sInForce)
 {
     const std::string sTrouble = TroubleGet(std::exchange(m_sNotice, {}));
-    QString sShown = QString::fromStdString(sInForce);
-    lblInForce->setToolTip(sShown);
-    // What went wrong comes first where there is no room for both: what stands in brackets goes.
+    const QString sLong = QString::fromStdString(sInForce);
     static const QRegularExpression kBrackets(QStringLiteral(" \\([^)]*\\)"));
-    lblInForce->setText(sTrouble.empty() ? sShown : sShown.remove(kBrackets));
+    const QString sShort = QString(sLong).remove(kBrackets);
+    lblInForce->setToolTip(sLong);
+    lblInForce->setText(sTrouble.empty() ? sLong : sShort);
+    lblInForce->ShorterSet(sShort);
     lblTrouble->setText(QString::fromStdString(sTrouble));
     lblTrouble->setVisible(!sTrouble.empty());
     lblTrouble->setToolTip(lblTrouble->text());
+    RoomShare();
+}
+
+void StatusLine::BestSet(const std::string& sBest)
+{
+    lblBest->setText(QString::fromStdString(sBest));
+    RoomShare();
+}
+
+bool StatusLine::eventFilter(QObject* pObject, QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::Resize)
+        RoomShare();
+    return QObject::eventFilter(pObject, pEvent);
+}
+
+/// What went wrong is cut where it would hide what is in force: its tooltip has all of it.
+void StatusLine::RoomShare()
+{
+    constexpr int kGaps = 10;  // size grip and spaces, in average letters
+    const QFontMetrics metrics = m_bar.fontMetrics();
+    const int nInForce = metrics.horizontalAdvance(lblInForce->ShorterGet());
+    const int nLeft = m_bar.width() - nInForce - kGaps * metrics.averageCharWidth();
+    lblTrouble->setMaximumWidth(std::max(nLeft, m_bar.width() / 3));
+    lblBest->setVisible(lblTrouble->text().isEmpty() && !lblBest->text().isEmpty()
+                        && metrics.horizontalAdvance(lblBest->text()) <= nLeft);
 }

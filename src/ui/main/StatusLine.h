@@ -1,6 +1,6 @@
 /// @file StatusLine.h
-/// The main window's status line: what went wrong last and what to do about it, then what the table
-/// was made with.
+/// The main window's status line: what went wrong last and what to do about it, or else the best
+/// frequency of this hour; then what the table was made with, which stays readable beside it.
 ///
 /// Texts:   one line each; the tooltips have all of what the line has no room for.
 /// Tests:   tests/ui/main/FrmMainUpdateTest.cpp
@@ -27,13 +27,21 @@ public:
     bool HintSet(const std::string& sHint);
     /// @param sInForce  what the table that is shown was made with
     void Show(const std::string& sInForce);
+    /// What is said while nothing went wrong; empty for nothing.
+    void BestSet(const std::string& sBest);
 
     ElidedLabel* lblTrouble;
+    ElidedLabel* lblBest;
     ElidedLabel* lblInForce;
 
+protected:
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
+
 private:
+    void RoomShare();
     [[nodiscard]] std::string TroubleGet(const std::string& sNotice) const;
 
+    QStatusBar& m_bar;
     std::string m_sTrouble;         ///< of the last run, empty when all of it succeeded
     std::string m_sHint;            ///< on the last key or paste, until the next one or a run
     std::string m_sOverlayTrouble;  ///< of the map's overlay since the last run began

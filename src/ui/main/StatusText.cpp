@@ -2,7 +2,9 @@
 
 #include <array>
 
+#include "propagation/AntennaPower.h"
 #include "propagation/itshfbc/EngineProgram.h"
+#include "settings/SettingsRange.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
 #include "system/TextLib.h"
@@ -40,6 +42,50 @@ std::string LineFirst(const std::string& sMessage)
     return TextForMessage(sMessage.substr(0, sMessage.find_first_of("\r\n")));
 }
 
+/// "5 kW, as the antenna choice".
+std::string PowerText(const Request& input)
+{
+    constexpr double kWattsOfKilowatt = 1000.0;
+    const auto dPower = AntennaPowerGet(input.iModel, input.iAntennaType);
+    if (!dPower)
+        return {};
+    return (*dPower >= kWattsOfKilowatt ? NumberToText(*dPower / kWattsOfKilowatt) + " kW"
+                                        : NumberToText(*dPower) + " W")
+           + ", as the antenna choice";
+}
+
+std::string NumberText(const Request& input, const StatusFacts& facts)
+{
+    const std::string sSource = input.eSunSpotSource == SunSpotSource::AirMail ? "Airmail"
+                                : facts.sAirMail.empty()                       ? "options"
+                                                         : "Airmail has " + facts.sAirMail;
+    return "sunspot number " + NumberToText(input.fSunSpotNumber) + " (" + sSource + ")";
+}
+
+/// What happened, as somebody says it who does not know the inside of the program.
+std::string FailureWords(FailureKind eKind, const std::string& sEngine)
+{
+    switch (eKind) {
+        case FailureKind::NotInstalled:
+            return sEngine + " is not installed: Options, Model, choose another engine";
+        case FailureKind::NotStarted:
+            return sEngine + " could not be started";
+        case FailureKind::Timeout:
+            return sEngine + " took too long and was ended";
+        case FailureKind::BadInput:
+            return "A value does not fit the engine's deck";
+        case FailureKind::BadOutput:
+            return sEngine + " gave no usable result";
+        case FailureKind::Busy:
+            return "Another program uses the engine, Update tries again";
+        case FailureKind::Cancelled:
+            return "The run was stopped";
+        case FailureKind::File:
+            return "The files of the run could not be written";
+    }
+    return sEngine + " failed";
+}
+
 /// The message's first line, and what else is known.
 std::string FailureLine(const Failure& failure)
 {
@@ -48,14 +94,56 @@ std::string FailureLine(const Failure& failure)
 
 }  // namespace
 
-std::string StatusInForce(const Request& input, bool bBuiltIn, bool bSunSpotNumber)
+std::string StatusInForce(const Request& input, const StatusFacts& facts)
 {
-    const bool bAirMail = input.eSunSpotSource == SunSpotSource::AirMail;
-    const std::string sNumber = "sunspot number " + NumberToText(input.fSunSpotNumber)
-                                + (bAirMail ? " (Airmail)" : " (options)");
-    return EngineName(input.iModel) + (bBuiltIn ? BuiltInText(input.sIonCoefficients) : "")
+    const std::string sPower = PowerText(input);
+    return EngineName(input.iModel) + (facts.bBuiltIn ? BuiltInText(input.sIonCoefficients) : "")
            + kBetween + MonthName(input.nMonth) + kBetween
-           + (bSunSpotNumber ? sNumber : "no sunspot number (Airmail)");
+           + (facts.bSunSpotNumber ? NumberText(input, facts) : "no sunspot number (Airmail)")
+           + (sPower.empty() ? "" : kBetween + sPower)
+           + (facts.sProfile.empty() ? "" : kBetween + TextForMessage(facts.sProfile));
+}
+
+std::string StatusBest(const PropagationTable& table, int iRow, int iHour)
+{
+    if (iRow < 1)
+        return {};
+    return "Best now: " + NumberFormat(table.request.FrequencyGet(iRow), "0") + " kHz, "
+           + NumberFormat(table.fSnr(iHour, iRow), "0") + " dB";
+}
+
+std::string StatusPosition(const DateTime& dtPosition, const DateTime& dtNow)
+{
+    constexpr long long kHoursTold = 6;
+    constexpr long long kHoursOfDay = 24;
+    const std::string sPosition = "Receiver: position of Airmail, ";
+    if (dtPosition.IsZero())
+        return sPosition + "without a time";
+    const long long nHours = MinuteBoundaries(dtPosition, dtNow) / 60;
+    if (nHours >= 2 * kHoursOfDay)
+        return sPosition + std::to_string(nHours / kHoursOfDay) + " days old";
+    if (nHours >= kHoursTold)
+        return sPosition + std::to_string(nHours) + " hours old";
+    return sPosition + NumberFormat(static_cast<double>(dtPosition.nHour), "00") + ":"
+           + NumberFormat(static_cast<double>(dtPosition.nMinute), "00") + " UTC";
+}
+
+std::string StatusInputFault(const Request& input)
+{
+    struct Place {
+        const char* sName;
+        double dValue;
+        const NumberRange& range;
+    };
+    for (const Place& place : {Place{"Receiver latitude", input.dRcLat, kRangeLatitude},
+                               Place{"Receiver longitude", input.dRcLon, kRangeLongitude},
+                               Place{"Transmitter latitude", input.dTxLat, kRangeLatitude},
+                               Place{"Transmitter longitude", input.dTxLon, kRangeLongitude}})
+        if (!place.range.Holds(place.dValue))
+            return std::string(place.sName) + " " + NumberToText(place.dValue)
+                   + "° is out of range";
+    const auto res = RangeCheck(input);
+    return res ? std::string() : "A value is out of range, " + res.TextGet();
 }
 
 std::string StatusProfile(const Result<std::vector<std::string>>& resDropped)
@@ -73,7 +161,8 @@ std::string StatusProfile(const Result<std::vector<std::string>>& resDropped)
     return sText;
 }
 
-std::string StatusTrouble(RunTrouble eTrouble, int iModel, const std::optional<Failure>& failure)
+std::string StatusTrouble(RunTrouble eTrouble, int iModel, const std::optional<Failure>& failure,
+                          const std::string& sInputFault)
 {
     if (eTrouble == RunTrouble::SunSpot)
         return "No sunspot number from Airmail: Options, Model, clear Auto";
@@ -82,9 +171,12 @@ std::string StatusTrouble(RunTrouble eTrouble, int iModel, const std::optional<F
     if (!failure)
         return "The prediction failed: Options, Model, choose an engine";
     if (failure->eKind == FailureKind::NotInstalled)
-        return EngineName(iModel) + " is not installed: Options, Model, choose another engine";
-    const std::string sWhat = eTrouble == RunTrouble::Overlay ? "overlay" : "prediction";
-    return "The " + sWhat + " failed: " + FailureLine(*failure);
+        return FailureWords(failure->eKind, EngineName(iModel)) + " (" + FailureLine(*failure)
+               + ")";
+    const bool bInput = failure->eKind == FailureKind::BadInput && !sInputFault.empty();
+    return (eTrouble == RunTrouble::Overlay ? "No overlay: " : "")
+           + (bInput ? sInputFault : FailureWords(failure->eKind, EngineName(iModel))) + ": "
+           + FailureLine(*failure);
 }
 
 std::string StatusAbsent(const PropagationTable& table, const std::optional<Failure>& failure)

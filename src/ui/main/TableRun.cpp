@@ -3,12 +3,35 @@
 #include <utility>
 #include <vector>
 
+#include "airmail/AirMailIni.h"
 #include "propagation/PropagationLib.h"
 #include "propagation/RunValues.h"
+#include "propagation/SnrScale.h"
 #include "propagation/itshfbc/EngineProgram.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
+#include "system/PathLib.h"
 #include "ui/common/GridControl.h"
+
+namespace {
+
+/// The name of a file without its folder.
+std::string FileNameGet(const std::string& sFile)
+{
+    const auto nFolder = sFile.find_last_of("/\\");
+    return nFolder == std::string::npos ? sFile : sFile.substr(nFolder + 1);
+}
+
+/// The number that Airmail has while the typed one is in force; empty without Airmail.
+std::string AirMailNumber(const Settings& settings)
+{
+    if (settings.m_bPropagationSunSpotNumber)
+        return {};
+    const auto res = NumberFromTextSingle(AirMailSunSpotNumberGet(nullptr));
+    return res ? NumberToText(res.ValueGet()) : std::string();
+}
+
+}  // namespace
 
 TableRun::TableRun(Settings& settings, const GridControl& grd) : m_settings(settings), m_grd(grd) {}
 
@@ -19,15 +42,32 @@ Request TableRun::InputGet() const
 
 std::string TableRun::InForceGet() const
 {
+    const std::string sProfile = m_settings.m_sProfileFile == ProfileFileDefault()
+                                     ? std::string()
+                                     : FileNameGet(m_settings.m_sProfileFile);
     if (TableIs())
-        return StatusInForce(m_table.request, m_table.bBuiltIn, true);
-    return StatusInForce(RequestFromSettings(m_settings),
-                         EngineIsHopcasts(m_settings.m_iPropagationModel), m_bSunSpotNumber);
+        return StatusInForce(m_table.request, {m_table.bBuiltIn, true, m_sAirMail, sProfile});
+    return StatusInForce(
+        RequestFromSettings(m_settings),
+        {EngineIsHopcasts(m_settings.m_iPropagationModel), m_bSunSpotNumber, m_sAirMail, sProfile});
+}
+
+int TableRun::BestRowGet(int iHour) const
+{
+    int iBest = -1;
+    float fBest = kSnrLeast;
+    for (int i = 1; i <= m_table.nData; ++i)
+        if (m_table.PresentIs(i) && m_table.fSnr(iHour, i) > fBest) {
+            iBest = i;
+            fBest = m_table.fSnr(iHour, i);
+        }
+    return iBest;
 }
 
 bool TableRun::TroubleSet(RunTrouble eTrouble, const std::optional<Failure>& failure)
 {
-    m_sTrouble = StatusTrouble(eTrouble, m_settings.m_iPropagationModel, failure);
+    m_sTrouble = StatusTrouble(eTrouble, m_settings.m_iPropagationModel, failure,
+                               StatusInputFault(RequestFromSettings(m_settings)));
     return false;
 }
 
@@ -38,6 +78,7 @@ bool TableRun::Make()
     Messages aMessages;
     m_bSunSpotNumber = RunValuesTake(m_settings, aMessages);
     MsgShow(aMessages);
+    m_sAirMail = AirMailNumber(m_settings);
     if (!m_bSunSpotNumber)
         return TroubleSet(RunTrouble::SunSpot);
     if (!ListTake())

@@ -32,6 +32,8 @@ public:
     /// What went wrong at the last run, in one line; empty when all of it succeeded.
     [[nodiscard]] const std::string& TroubleGet() const { return m_sTrouble; }
     [[nodiscard]] std::string InForceGet() const;
+    /// The row with the highest SNR of an hour, the first of equal ones; -1 where none has a value.
+    [[nodiscard]] int BestRowGet(int iHour) const;
 
 private:
     bool ListTake();
@@ -43,5 +45,6 @@ private:
     PropagationTable m_table;
     std::string m_sTrouble;
     bool m_bSunSpotNumber = true;  ///< the last run had a sunspot number
+    std::string m_sAirMail;        ///< Airmail's number at the last run, where it was not asked
     bool m_bOld = false;
 };

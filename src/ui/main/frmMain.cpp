@@ -13,9 +13,6 @@
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
-#include "system/PathLib.h"
-#include "ui/common/ElidedLabel.h"
-#include "ui/common/Guide.h"
 #include "ui/common/Pictures.h"
 #include "ui/main/AirmailCommands.h"
 #include "ui/main/ClockLine.h"
@@ -23,120 +20,20 @@
 #include "ui/main/PositionEntry.h"
 #include "ui/main/StatusLine.h"
 #include "ui/main/TableView.h"
-#include "ui/options/AppIcon.h"
 
-frmMain::frmMain(QWidget* pParent) : QMainWindow(pParent)
+namespace {
+
+void RangeShow(const Ui::frmMain& ui, const PropagationTable& table)
 {
-    setupUi(this);
-    TitleSet({});
-    setWindowIcon(AppIconGet());
-    PartsMake();
-    EntryConnect();
-    TableConnect();
-    ButtonsConnect();
-    MenusConnect();
-    Initialize();
-}
-
-frmMain::~frmMain() { m_windows.Unload(); }
-
-void frmMain::PartsMake()
-{
-    mnuTransmitter = new StationMenu(this);
-    tmrTime = new QTimer(this);
-    tmrTime->setObjectName(QStringLiteral("tmrTime"));
-    for (QPushButton* pButton : {cmdRcMap, cmdTxMap})
-        pButton->setIcon(PictureGet(QStringLiteral("Map")));
-    lblOld->setVisible(false);
-    m_pCommands = new CommandQueue(this);
-    m_pEntry = new PositionEntry({txtLat0, txtLon0, txtLat1, txtLon1}, this);
-    m_pStatus = new StatusLine(*statusbar, this);
-    lblTrouble = m_pStatus->lblTrouble;
-    lblInForce = m_pStatus->lblInForce;
-    m_pClock = new ClockLine(*tmrTime, *lblTime, m_settings, this);
-    m_pFile = new FileCommands(*this, *this, this);
-    m_pAirmail = new AirmailCommands(*this, *mnuTransmitter, this);
-    m_table.emplace(*grdData, m_settings);
-    m_run.emplace(m_settings, *grdData);
-    connect(m_pCommands, &CommandQueue::UpdateAsked, this, &frmMain::Update);
-    connect(m_pFile, &FileCommands::Noticed, m_pStatus, &StatusLine::NoticeSet);
-    connect(m_pAirmail, &AirmailCommands::StationTaken, this, &frmMain::TitleSet);
-    connect(m_pAirmail, &AirmailCommands::RowTaken, m_pEntry, &PositionEntry::RowDrop);
-    connect(m_pFile, &FileCommands::PositionsRead, m_pEntry, &PositionEntry::RowsDrop);
-}
-
-void frmMain::EntryConnect()
-{
-    connect(m_pEntry, &PositionEntry::Edited, this, [this] {
-        cmdUpdate->setEnabled(true);
-        m_pStatus->HintSet({});
-        StatusShow();
-    });
-    connect(m_pEntry, &PositionEntry::Entered, cmdUpdate, &QPushButton::click);
-    connect(m_pEntry, &PositionEntry::Hinted, this, &frmMain::HintSet);
-    connect(m_pEntry, &PositionEntry::TransmitterChanged, this, [this] { TitleSet({}); });
-    connect(m_pEntry, &PositionEntry::Refused, this, &frmMain::PositionRefused);
-}
-
-void frmMain::TableConnect()
-{
-    const auto CellClick = [this](int iRow, int iCol) {
-        m_pCommands->Do([this, iRow, iCol] { grdDataClick(iRow, iCol); });
+    const auto Show = [](QLabel* pLabel, const QString& sWhat, float fValue) {
+        pLabel->setText(sWhat + QString::fromStdString(NumberFormat(fValue, "0")));
     };
-    connect(grdData, &GridControl::CellClicked, this, CellClick);
-    connect(grdData, &GridControl::EnterPressed, this, CellClick);
-    connect(grdData, &GridControl::CurrentMoved, this, [this](int iRow, int iCol) {
-        m_pCommands->Do([this, iRow, iCol] { grdDataMove(iRow, iCol); });
-    });
-    connect(grdData, &GridControl::CellPressed, this, &frmMain::grdDataMouseDown);
-    connect(grdData, &GridControl::CellMenu, this, &frmMain::grdDataMenu);
+    Show(ui.lblRange, QStringLiteral("Range:  "), table.fRange);
+    Show(ui.lblRcBearing, QStringLiteral("Bearing Rc:  "), table.fAzimuthTxRc);
+    Show(ui.lblTxBearing, QStringLiteral("Bearing Tx:  "), table.fAzimuthRcTx);
 }
 
-void frmMain::CommandConnect(QPushButton* pButton, std::function<void()> fnCommand)
-{
-    connect(pButton, &QPushButton::clicked, this,
-            [this, fnCommand = std::move(fnCommand)] { m_pCommands->Do(fnCommand); });
-}
-
-void frmMain::CommandConnect(QAction* pAction, std::function<void()> fnCommand)
-{
-    connect(pAction, &QAction::triggered, this,
-            [this, fnCommand = std::move(fnCommand)] { m_pCommands->Do(fnCommand); });
-}
-
-void frmMain::ButtonsConnect()
-{
-    CommandConnect(cmdUpdate, [this] { cmdUpdateClick(); });
-    CommandConnect(cmdRcAirmail, [this] { m_pAirmail->ReceiverTake(); });
-    CommandConnect(cmdTxAirmail, [this] { m_pAirmail->StationsShow(); });
-    for (QPushButton* pButton : {cmdRcMap, cmdTxMap})
-        CommandConnect(pButton, [this] { m_windows.MapShow(); });
-    connect(mnuTransmitter, &StationMenu::StationChosen, this, [this](const Station& station) {
-        m_pCommands->Do([this, station] { m_pAirmail->StationTake(station); });
-    });
-}
-
-void frmMain::MenusConnect()
-{
-    CommandConnect(mnuFileDefault, [this] { m_pFile->Default(); });
-    CommandConnect(mnuFileUndoDefault, [this] { m_pFile->UndoDefault(); });
-    connect(mnuFile, &QMenu::aboutToShow, this,
-            [this] { mnuFileUndoDefault->setEnabled(m_pFile->UndoPossible()); });
-    CommandConnect(mnuFileOpen, [this] { m_pFile->Open(); });
-    CommandConnect(mnuFileSave, [this] { m_pFile->Save(); });
-    CommandConnect(mnuFileExit, [this] { close(); });
-    CommandConnect(mnuViewWorldMap, [this] { m_windows.MapShow(); });
-    CommandConnect(mnuViewDetailData, [this] { mnuViewDetailDataClick(); });
-    connect(mnuHelpGuide, &QAction::triggered, this, [] { GuideShow(ProgramFolderGet()); });
-    CommandConnect(mnuHelpAbout, [this] { m_windows.AboutShow(); });
-    connect(mnuView, &QMenu::aboutToShow, this, &frmMain::mnuViewOpen);
-    int iTab = 0;
-    for (QAction* pAction :
-         {mnuOptionsAirMail, mnuOptionsModel, mnuOptionsFrequency, mnuOptionsTime, mnuOptionsMap}) {
-        CommandConnect(pAction, [this, iTab] { m_windows.OptionsShow(iTab); });
-        ++iTab;
-    }
-}
+}  // namespace
 
 void frmMain::Initialize()
 {
@@ -188,6 +85,7 @@ void frmMain::ActivationBegin()
     AirMailFoldersFind();
     RowsLayout();
     m_pEntry->Show(m_settings);
+    m_pClock->Tick();  // the first run may take a while
     m_pClock->Start();
 }
 
@@ -278,7 +176,7 @@ bool frmMain::PredictionRun()
     const QPointer<QWidget> pFocus = QApplication::focusWidget();
     const bool bOk = m_run->Make();
     if (bOk) {
-        RangeShow();
+        RangeShow(*this, m_run->TableGet());
         TableShow(m_run->TableGet(), *grdData);
     }
     // Once: repaints and timers. What the user types and clicks waits for the end of the run.
@@ -286,17 +184,6 @@ bool frmMain::PredictionRun()
     if (pFocus && pFocus != QApplication::focusWidget())
         pFocus->setFocus();
     return bOk;
-}
-
-void frmMain::RangeShow()
-{
-    const PropagationTable& table = m_run->TableGet();
-    const auto Show = [](QLabel* pLabel, const QString& sWhat, float fValue) {
-        pLabel->setText(sWhat + QString::fromStdString(NumberFormat(fValue, "0")));
-    };
-    Show(lblRange, QStringLiteral("Range:  "), table.fRange);
-    Show(lblRcBearing, QStringLiteral("Bearing Rc:  "), table.fAzimuthTxRc);
-    Show(lblTxBearing, QStringLiteral("Bearing Tx:  "), table.fAzimuthRcTx);
 }
 
 void frmMain::SuccessShow()
@@ -321,10 +208,27 @@ void frmMain::FailureShow()
 
 void frmMain::StatusShow()
 {
+    BestShow();
     m_pStatus->Show(m_run->InForceGet());
     const bool bOld = m_run->OldIs() || m_pEntry->WaitingIs();
     grdData->StaleSet(bOld);
     lblOld->setVisible(bOld && m_run->TableIs());
+}
+
+/// The hour goes on while the table stays.
+void frmMain::BestShow()
+{
+    const int iHour = UtcNow().nHour + 1;
+    const int iRow = m_run->OldIs() ? -1 : m_run->BestRowGet(iHour);
+    m_pStatus->BestSet(StatusBest(m_run->TableGet(), iRow, iHour));
+}
+
+void frmMain::BestGo()
+{
+    const int iHour = UtcNow().nHour + 1;
+    const int iRow = m_run->BestRowGet(iHour);
+    if (iRow != -1)
+        grdDataMove(iRow, iHour);
 }
 
 void frmMain::HintSet(const QString& sHint)

@@ -59,7 +59,8 @@ public:
     StationMenu* mnuTransmitter;
     QTimer* tmrTime;
     QLabel* lblTrouble;  ///< status line: what went wrong last and what to do about it
-    QLabel* lblInForce;  ///< status line: engine, month, sunspot number of the table
+    QLabel* lblBest;     ///< status line: the best frequency of this hour
+    QLabel* lblInForce;  ///< status line: engine, month, sunspot number, power of the table
 
 private:
     SideWindows m_windows{*this, *this};
@@ -97,8 +98,9 @@ private:
     void FailureShow();
     void RowsLayout();
     void CurrentHourSelect(int iRow);
-    void RangeShow();
     void StatusShow();
+    void BestShow();
+    void BestGo();
     void HintSet(const QString& sHint);
 
     void cmdUpdateClick();

@@ -1,6 +1,7 @@
 /// Creation, first showing, other windows, end.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QMenuBar>
 #include <QTabWidget>
 #include <QTest>
@@ -55,9 +56,43 @@ TEST(FrmMainStart, WithoutProfileAndAirmailTheDefaultsAreInForceAndOneBoxTellsWh
     EXPECT_EQ(rig.m_msg.m_aShown[0].sText.rfind("Unable to find AirMail's Propagation, SSN", 0),
               0u);
     EXPECT_NE(frm.lblTrouble->text().indexOf(QStringLiteral("clear Auto")), -1);
-    EXPECT_EQ(frm.lblInForce->text(), QStringLiteral("REC533 · November · no sunspot number"));
+    EXPECT_EQ(frm.lblInForce->text(),
+              QStringLiteral("REC533 · November · no sunspot number · 5 kW, as the antenna "
+                             "choice · hopcast.ini"));
     EXPECT_EQ(frm.grdData->TextGet(15, 0), QStringLiteral("30000")) << "no table: the list's rows";
     EXPECT_FALSE(frm.lblOld->isVisible());
+}
+
+TEST(FrmMainStart, TheClockShowsTheTimeBeforeTheFirstRunIsOver)
+{
+    MainRig rig;
+    frmMain& frm = rig.Make();
+    EXPECT_EQ(frm.lblTime->text(), QStringLiteral("Zulu:  00:00"));
+    frm.show();
+    EXPECT_FALSE(frm.ActivatedIs());
+    EXPECT_EQ(frm.lblTime->text(), QStringLiteral("Zulu: 13:05"));
+}
+
+TEST(FrmMainStart, ReadOutsAndButtonsAreHeardWithTheirValuesAndCaptions)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    const auto Heard = [](QWidget* pWidget, QAccessible::Text eText) {
+        return QAccessible::queryAccessibleInterface(pWidget)->text(eText);
+    };
+    for (QLabel* pLabel : {frm.lblRange, frm.lblRcBearing, frm.lblTxBearing, frm.lblTime}) {
+        EXPECT_EQ(Heard(pLabel, QAccessible::Name), pLabel->text());
+        EXPECT_EQ(Heard(pLabel, QAccessible::Description), pLabel->toolTip());
+        EXPECT_FALSE(pLabel->toolTip().isEmpty());
+    }
+    EXPECT_EQ(Heard(frm.cmdUpdate, QAccessible::Name), QStringLiteral("Update"));
+    EXPECT_EQ(Heard(frm.cmdUpdate, QAccessible::Description),
+              QStringLiteral("Update Propagation Table"));
+    EXPECT_EQ(Heard(frm.cmdRcAirmail, QAccessible::Name), QStringLiteral("Receiver from Airmail"));
+    EXPECT_EQ(frm.cmdRcAirmail->toolTip(),
+              QStringLiteral("Set Receiver Location from Airmail's Database"));
+    EXPECT_EQ(frm.cmdTxAirmail->toolTip(),
+              QStringLiteral("Set Tranmitter Loction from Airmail's Database"));
 }
 
 TEST(FrmMainStart, Rec533IsPredictedAndSelectsTheHour)

@@ -49,6 +49,8 @@ TEST(FrmMainStations, ReceiverButtonTakesAirmailsPosition)
     frmMain& frm = rig.Start();
     rig.m_engine.nStarts = 0;
     QTest::mouseClick(frm.cmdRcAirmail, Qt::LeftButton);
+    EXPECT_EQ(frm.lblTrouble->text(),
+              QStringLiteral("Receiver: position of Airmail, without a time"));
     EXPECT_DOUBLE_EQ(frm.m_settings.m_dRcLat, 10.5);
     EXPECT_DOUBLE_EQ(frm.m_settings.m_dRcLon, -20.25);
     EXPECT_EQ(frm.txtLat0->text(), QStringLiteral("10°30.00'N"));

@@ -257,15 +257,19 @@ TEST(FrmMainUpdate, TheStatusLineSpeaksOfTheTableThatIsShown)
     frmMain& frm = rig.Start();
     ListAndEngineChange(rig, frm);
     EXPECT_FALSE(frm.Update());
-    EXPECT_EQ(frm.lblInForce->toolTip(),
-              QStringLiteral("VOACAP · November · sunspot number 100 (options)"));
+    EXPECT_EQ(
+        frm.lblInForce->toolTip(),
+        QStringLiteral("VOACAP · November · sunspot number 100 (options) · 100 W, as the antenna "
+                       "choice · hopcast.ini"));
     EXPECT_EQ(frm.lblTrouble->text(),
-              QStringLiteral("ICEPAC is not installed: Options, Model, choose another engine"));
+              QStringLiteral("ICEPAC is not installed: Options, Model, choose another engine "
+                             "(Propagation Model ICEPAC not found.)"));
     frm.m_settings.m_iPropagationModel = kEngineRec533;
     rig.m_engine.nChunks = 1;
     EXPECT_TRUE(frm.Update());
     EXPECT_EQ(frm.lblInForce->toolTip(),
-              QStringLiteral("REC533 · March · sunspot number 12 (options)"));
+              QStringLiteral("REC533 · March · sunspot number 12 (options) · 5 kW, as the antenna "
+                             "choice · hopcast.ini"));
     EXPECT_EQ(frm.grdData->RowsGet(), 4);
     EXPECT_EQ(frm.grdData->TextGet(1, 0), QStringLiteral("18100"));
 }
@@ -319,8 +323,10 @@ TEST(FrmMainUpdate, AnOverlayThatFailedIsToldInTheStatusLineUntilTheNextRun)
     frmMain& frm = rig.Start();
     frm.OverlayFailedSet(
         Failure{FailureKind::BadOutput, "PropagationAreaOpen, Shell do not finish."});
-    EXPECT_EQ(frm.lblTrouble->text(),
-              QStringLiteral("The overlay failed: PropagationAreaOpen, Shell do not finish."));
+    EXPECT_EQ(
+        frm.lblTrouble->text(),
+        QStringLiteral("No overlay: VOACAP gave no usable result: PropagationAreaOpen, Shell do "
+                       "not finish."));
     EXPECT_TRUE(frm.lblTrouble->isVisible());
     EXPECT_FALSE(frm.grdData->StaleGet());
     EXPECT_FALSE(frm.lblOld->isVisible());
@@ -380,7 +386,8 @@ TEST(FrmMainUpdate, SunspotNumberComesFromAirmailWhenAskedFor)
     EXPECT_TRUE(frm.Update());
     EXPECT_EQ(frm.m_settings.m_fPropagationSunSpotNumber, 66.5F);
     EXPECT_EQ(frm.lblInForce->text(),
-              QStringLiteral("VOACAP · November · sunspot number 66.5 (Airmail)"));
+              QStringLiteral("VOACAP · November · sunspot number 66.5 (Airmail) · 100 W, as the "
+                             "antenna choice · hopcast.ini"));
 }
 
 TEST(FrmMainUpdate, MissingSunspotNumberRefusesThePrediction)
@@ -400,10 +407,16 @@ TEST(FrmMainUpdate, MissingSunspotNumberRefusesThePrediction)
               0u);
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("No sunspot number from Airmail: Options, Model, clear Auto"));
-    EXPECT_EQ(frm.lblInForce->toolTip(),
-              QStringLiteral("VOACAP · November · sunspot number 100 (options)"))
+    EXPECT_EQ(
+        frm.lblInForce->toolTip(),
+        QStringLiteral("VOACAP · November · sunspot number 100 (options) · 100 W, as the antenna "
+                       "choice · hopcast.ini"))
         << "the one of the table that is shown";
-    EXPECT_EQ(frm.lblInForce->text(), QStringLiteral("VOACAP · November · sunspot number 100"));
+    EXPECT_EQ(
+        frm.lblInForce->text(),
+        QStringLiteral("VOACAP · November · sunspot number 100 · 100 W, as the antenna choice · "
+                       "hopcast.ini"));
+    frm.resize(1200, 600);
     MainRig::EventsRun();
     for (const QLabel* pLabel : {frm.lblTrouble, frm.lblInForce})  // nothing cut
         EXPECT_GE(pLabel->width(), pLabel->fontMetrics().horizontalAdvance(pLabel->text()));
@@ -473,7 +486,8 @@ TEST(FrmMainUpdate, MissingEngineIsToldAndTheStatusLineSaysWhatToDo)
     ASSERT_EQ(rig.m_msg.m_aShown.size(), 2u);
     EXPECT_EQ(rig.m_msg.m_aShown[0].sText.rfind("Propagation Model ICEPAC not found.", 0), 0u);
     EXPECT_EQ(frm.lblTrouble->text(),
-              QStringLiteral("ICEPAC is not installed: Options, Model, choose another engine"));
+              QStringLiteral("ICEPAC is not installed: Options, Model, choose another engine "
+                             "(Propagation Model ICEPAC not found.)"));
 }
 
 TEST(FrmMainUpdate, WindowDoesNotGrowForALongTrouble)
@@ -488,34 +502,95 @@ TEST(FrmMainUpdate, WindowDoesNotGrowForALongTrouble)
     EXPECT_EQ(frm.lblTrouble->toolTip(), frm.lblTrouble->text());
 }
 
-TEST(FrmMainUpdate, TroubleIsReadableInFullWhateverElseIsInForce)
+TEST(FrmMainUpdate, WhatIsInForceStaysReadableBesideALongTrouble)
 {
     MainRig rig;
     frmMain& frm = rig.Start();
-    frm.m_settings.m_bPropagationSunSpotNumber = true;  // without Airmail
-    EXPECT_FALSE(frm.Update());
-    frm.lblInForce->setText(QString(200, QLatin1Char('x')));
+    frm.resize(1024, 600);
     MainRig::EventsRun();
-    const QLabel& lbl = *frm.lblTrouble;
-    ASSERT_TRUE(lbl.isVisible());
-    EXPECT_GE(lbl.contentsRect().width(), lbl.fontMetrics().horizontalAdvance(lbl.text()));
-    EXPECT_LE(lbl.geometry().right(), frm.lblInForce->geometry().left());
+    rig.m_engine.bFail = true;
+    EXPECT_FALSE(frm.Update());
+    MainRig::EventsRun();
     const auto* pInForce = qobject_cast<ElidedLabel*>(frm.lblInForce);
-    ASSERT_NE(pInForce, nullptr);
-    EXPECT_TRUE(pInForce->TextShown().endsWith(QChar(0x2026)));
+    const auto* pTrouble = qobject_cast<ElidedLabel*>(frm.lblTrouble);
+    ASSERT_TRUE(pInForce != nullptr && pTrouble != nullptr);
+    EXPECT_EQ(pInForce->TextShown(), frm.lblInForce->text());
+    EXPECT_TRUE(pInForce->TextShown().startsWith(QStringLiteral("VOACAP · November · sunspot")));
+    EXPECT_TRUE(pTrouble->TextShown().startsWith(QStringLiteral("VOACAP gave no usable")))
+        << pTrouble->TextShown().toStdString();
+    EXPECT_TRUE(pTrouble->TextShown().endsWith(QChar(0x2026)));
+    EXPECT_TRUE(pTrouble->toolTip().endsWith(QString::fromStdString(rig.m_msg.m_aShown[0].sText)));
+    EXPECT_LE(pTrouble->geometry().right(), pInForce->geometry().left());
 }
 
-TEST(FrmMainUpdate, WhatIsInForceIsReadableInFullWhenNothingWentWrong)
+TEST(FrmMainUpdate, WhatIsInForceIsShownWholeInItsLongOrShortForm)
 {
     MainRig rig(kEngineRec533);
+    rig.AirmailWrite("Airmail.ini", "[Propagation]\nSSN=98\n");
     frmMain& frm = rig.Start();
-    EXPECT_FALSE(frm.lblTrouble->isVisible());
-    // the longest text of the usual ones
-    frm.lblInForce->setText(QStringLiteral(
-        "REC533 (built-in, P.533 with long-path rule, mean maps) · September · sunspot number 100 "
-        "(options)"));
-    MainRig::EventsRun();
-    EXPECT_EQ(qobject_cast<ElidedLabel*>(frm.lblInForce)->TextShown(), frm.lblInForce->text());
+    const auto* pInForce = qobject_cast<ElidedLabel*>(frm.lblInForce);
+    for (const int nWidth : {640, 1024, 2000}) {
+        frm.resize(nWidth, 600);
+        MainRig::EventsRun();
+        const QString sShown = pInForce->TextShown();
+        EXPECT_TRUE(sShown.startsWith(QStringLiteral("REC533"))) << nWidth;
+        EXPECT_TRUE(sShown.endsWith(QStringLiteral("5 kW, as the antenna choice · hopcast.ini")))
+            << sShown.toStdString();
+        EXPECT_EQ(sShown.contains(QStringLiteral("(Airmail has 98)")), nWidth > 640) << nWidth;
+        EXPECT_EQ(frm.lblBest->isVisible(), nWidth > 640) << nWidth;
+    }
+}
+
+TEST(FrmMainUpdate, NamesTheBestFrequencyOfThisHourWhichCtrlHomeSelects)
+{
+    MainRig rig;
+    rig.m_engine.fnSnr = [](int iHour, int i) { return i == 4 || i == 6 ? 50.0 + iHour : 10.0; };
+    frmMain& frm = rig.Start();
+    EXPECT_EQ(frm.lblBest->text(), QStringLiteral("Best now: 8000 kHz, 64 dB"));
+    EXPECT_TRUE(frm.lblBest->isVisible());
+    EXPECT_EQ(frm.DataGetSelected().iFrequency, 1) << "the first selection stays";
+    rig.m_dtUtc.nHour = 14;
+    frm.tmrTime->setInterval(1);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&frm] { return frm.lblBest->text() == QStringLiteral("Best now: 8000 kHz, 65 dB"); }));
+    frm.grdData->setFocus();
+    QTest::keyClick(frm.grdData, Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(frm.DataGetSelected().iFrequency, 4);
+    EXPECT_EQ(frm.DataGetSelected().iHour, 15);
+    EXPECT_TRUE(frm.grdData->CellGet(4, 15).bFrame);
+    rig.m_engine.bFail = true;
+    EXPECT_FALSE(frm.Update());
+    EXPECT_FALSE(frm.lblBest->isVisible());
+}
+
+TEST(FrmMainUpdate, NoFrequencyIsBestWhereNoneHasAValue)
+{
+    MainRig rig;
+    rig.m_engine.fnSnr = [](int, int) { return -99.0; };
+    const frmMain& frm = rig.Start();
+    EXPECT_FALSE(frm.lblBest->isVisible());
+}
+
+TEST(FrmMainUpdate, NamesAirmailsNumberWhileTheTypedOneIsInForce)
+{
+    MainRig rig;
+    rig.AirmailWrite("Airmail.ini", "[Propagation]\nSSN=98\n");
+    const frmMain& frm = rig.Start();
+    EXPECT_TRUE(
+        frm.lblInForce->toolTip().contains(QStringLiteral("sunspot number 100 (Airmail has 98)")))
+        << frm.lblInForce->toolTip().toStdString();
+}
+
+TEST(FrmMainUpdate, ASettingOutOfRangeIsToldInAUsersWordsThenByItsMessage)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_dRcLat = 99.0;
+    EXPECT_FALSE(frm.Update());
+    ASSERT_FALSE(rig.m_msg.m_aShown.empty());
+    EXPECT_EQ(frm.lblTrouble->toolTip(),
+              QStringLiteral("Receiver latitude 99° is out of range: ")
+                  + QString::fromStdString(rig.m_msg.m_aShown.back().sText));
 }
 
 TEST(FrmMainUpdate, UnknownEngineNumberFailsQuietly)

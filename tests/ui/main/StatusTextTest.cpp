@@ -11,43 +11,118 @@ Request InputMake(int iModel, int nMonth)
     input.nMonth = nMonth;
     input.fSunSpotNumber = 100.0F;
     input.sIonCoefficients = kCoefficientsMean;
+    input.iAntennaType = 9;  // no antenna card
     return input;
 }
 
 TEST(StatusInForce, TellsEngineMonthAndSunspotNumber)
 {
-    EXPECT_EQ(StatusInForce(InputMake(kEngineRec533, 11), true, true),
+    EXPECT_EQ(StatusInForce(InputMake(kEngineRec533, 11), {true}),
               "REC533 (built-in, P.533 with long-path rule, mean maps) · November · sunspot number "
               "100 (options)");
     Request input = InputMake(kEngineVoacap, 1);
     input.eSunSpotSource = SunSpotSource::AirMail;
     input.fSunSpotNumber = 66.5F;
-    EXPECT_EQ(StatusInForce(input, false, true),
-              "VOACAP · January · sunspot number 66.5 (Airmail)");
+    EXPECT_EQ(StatusInForce(input, {false}), "VOACAP · January · sunspot number 66.5 (Airmail)");
 }
 
 TEST(StatusInForce, NamesTheMapsOfTheBuiltInEngine)
 {
     Request input = InputMake(kEngineRec533, 11);
     input.sIonCoefficients = "CCIR";
-    EXPECT_EQ(StatusInForce(input, true, true),
+    EXPECT_EQ(StatusInForce(input, {true}),
               "REC533 (built-in, P.533 with long-path rule, CCIR maps) · November · sunspot number "
               "100 (options)");
-    EXPECT_EQ(StatusInForce(input, false, true),
-              "REC533 · November · sunspot number 100 (options)");
+    EXPECT_EQ(StatusInForce(input, {false}), "REC533 · November · sunspot number 100 (options)");
 }
 
 TEST(StatusInForce, NamesNoNumberThatAirmailDidNotGive)
 {
     Request input = InputMake(kEngineVoacap, 1);
     input.eSunSpotSource = SunSpotSource::AirMail;
-    EXPECT_EQ(StatusInForce(input, false, false), "VOACAP · January · no sunspot number (Airmail)");
+    EXPECT_EQ(StatusInForce(input, {false, false}),
+              "VOACAP · January · no sunspot number (Airmail)");
 }
 
 TEST(StatusInForce, NamesNumbersThatAreNoEngineOrMonth)
 {
-    EXPECT_EQ(StatusInForce(InputMake(9, 13), false, true),
+    EXPECT_EQ(StatusInForce(InputMake(9, 13), {}),
               "no engine · month 13 · sunspot number 100 (options)");
+}
+
+TEST(StatusInForce, NamesThePowerOfTheAntennaChoice)
+{
+    Request input = InputMake(kEngineRec533, 11);
+    input.iAntennaType = 1;
+    EXPECT_EQ(StatusInForce(input, {}),
+              "REC533 · November · sunspot number 100 (options) · 5 kW, as the antenna choice");
+    input.iModel = kEngineVoacap;
+    EXPECT_EQ(StatusInForce(input, {}),
+              "VOACAP · November · sunspot number 100 (options) · 100 W, as the antenna choice");
+}
+
+TEST(StatusInForce, NamesAirmailsNumberWhereTheTypedOneIsInForceAndAnotherProfile)
+{
+    Request input = InputMake(kEngineRec533, 11);
+    StatusFacts facts;
+    facts.sAirMail = "98";
+    facts.sProfile = "sail.ini";
+    EXPECT_EQ(StatusInForce(input, facts),
+              "REC533 · November · sunspot number 100 (Airmail has 98) · sail.ini");
+    input.eSunSpotSource = SunSpotSource::AirMail;
+    EXPECT_EQ(StatusInForce(input, facts),
+              "REC533 · November · sunspot number 100 (Airmail) · sail.ini");
+}
+
+TEST(StatusBest, NamesFrequencyAndSnr)
+{
+    PropagationTable table(2);
+    table.request.nData = 2;
+    table.request.afFrequency = {0.0F, 7050.6F, 14000.0F};
+    table.fSnr(3, 2) = 57.6F;
+    EXPECT_EQ(StatusBest(table, 2, 3), "Best now: 14000 kHz, 58 dB");
+    EXPECT_EQ(StatusBest(table, -1, 3), "");
+}
+
+TEST(StatusPosition, TellsTheAgeInWordsFromSixHoursOn)
+{
+    const DateTime dtNow{2026, 11, 21, 13, 5, 0};
+    const std::string sBefore = "Receiver: position of Airmail, ";
+    EXPECT_EQ(StatusPosition({2026, 11, 19, 13, 5, 0}, dtNow), sBefore + "2 days old");
+    EXPECT_EQ(StatusPosition({2026, 11, 19, 13, 6, 0}, dtNow), sBefore + "47 hours old");
+    EXPECT_EQ(StatusPosition({2026, 11, 21, 7, 5, 0}, dtNow), sBefore + "6 hours old");
+    EXPECT_EQ(StatusPosition({2026, 11, 21, 7, 6, 0}, dtNow), sBefore + "07:06 UTC");
+    EXPECT_EQ(StatusPosition({2026, 11, 21, 14, 0, 0}, dtNow), sBefore + "14:00 UTC");
+    EXPECT_EQ(StatusPosition({}, dtNow), sBefore + "without a time");
+}
+
+TEST(StatusTrouble, SaysInAUsersWordsWhichValueIsOutOfRangeThenTheMessage)
+{
+    const Failure failure{FailureKind::BadInput,
+                          "PropagationRec533, Output latitude 99 lies outside -90 to 90"};
+    Request input = InputMake(kEngineRec533, 11);
+    input.dRcLat = 99.0;
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineRec533, failure, StatusInputFault(input)),
+              "Receiver latitude 99° is out of range: PropagationRec533, Output latitude 99 lies "
+              "outside -90 to 90");
+    input.dRcLat = 9.0;
+    input.dTxLon = -181.5;
+    EXPECT_EQ(StatusInputFault(input), "Transmitter longitude -181.5° is out of range");
+    EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineRec533, failure, {}).find("A value does"),
+              0U);
+}
+
+TEST(StatusTrouble, SaysEveryKindInAUsersWordsFirst)
+{
+    using enum FailureKind;
+    for (const auto& [eKind, sWords] :
+         {std::pair(NotStarted, "VOACAP could not be started: Shell"),
+          std::pair(Timeout, "VOACAP took too long and was ended: Shell"),
+          std::pair(Busy, "Another program uses the engine, Update tries again: Shell"),
+          std::pair(Cancelled, "The run was stopped: Shell"),
+          std::pair(File, "The files of the run could not be written: Shell")})
+        EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineVoacap, Failure{eKind, "Shell"}),
+                  sWords);
 }
 
 TEST(StatusTrouble, SaysWhatToDo)
@@ -59,13 +134,14 @@ TEST(StatusTrouble, SaysWhatToDo)
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac,
                             Failure{FailureKind::NotInstalled,
                                     "Propagation Model ICEPAC not found.\r\n\r\nPlease check"}),
-              "ICEPAC is not installed: Options, Model, choose another engine");
+              "ICEPAC is not installed: Options, Model, choose another engine (Propagation Model "
+              "ICEPAC not found.)");
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac,
                             Failure{FailureKind::BadOutput, "one\rtwo"}),
-              "The prediction failed: one");
+              "ICEPAC gave no usable result: one");
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac,
                             Failure{FailureKind::BadOutput, "one\rtwo", "no map"}),
-              "The prediction failed: one (no map)");
+              "ICEPAC gave no usable result: one (no map)");
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineIcepac),
               "The prediction failed: Options, Model, choose an engine");
 }
@@ -75,14 +151,15 @@ TEST(StatusTrouble, SaysThatItIsTheOverlayThatFailed)
     EXPECT_EQ(StatusTrouble(RunTrouble::Overlay, kEngineRec533,
                             Failure{FailureKind::BadOutput,
                                     "PropagationAreaOpen, Shell do not finish.", "killed"}),
-              "The overlay failed: PropagationAreaOpen, Shell do not finish. (killed)");
+              "No overlay: REC533 gave no usable result: PropagationAreaOpen, Shell do not finish. "
+              "(killed)");
 }
 
 TEST(StatusTrouble, HasNothingUnprintable)
 {
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineRec533,
                             Failure{FailureKind::BadOutput, "a\x1b[31mb"}),
-              "The prediction failed: a [31mb");
+              "REC533 gave no usable result: a [31mb");
 }
 
 TEST(StatusAbsent, NamesTheFrequenciesWithoutValuesAndWhy)

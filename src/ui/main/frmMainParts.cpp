@@ -1,0 +1,136 @@
+// How the main window's parts are made and joined.
+#include <QApplication>
+#include <QShortcut>
+#include <QTimer>
+#include <utility>
+
+#include "system/PathLib.h"
+#include "ui/common/ElidedLabel.h"
+#include "ui/common/Guide.h"
+#include "ui/common/Pictures.h"
+#include "ui/main/AirmailCommands.h"
+#include "ui/main/ClockLine.h"
+#include "ui/main/FileCommands.h"
+#include "ui/main/PositionEntry.h"
+#include "ui/main/StatusLine.h"
+#include "ui/main/frmMain.h"
+#include "ui/options/AppIcon.h"
+
+frmMain::frmMain(QWidget* pParent) : QMainWindow(pParent)
+{
+    setupUi(this);
+    TitleSet({});
+    setWindowIcon(AppIconGet());
+    PartsMake();
+    EntryConnect();
+    TableConnect();
+    ButtonsConnect();
+    MenusConnect();
+    Initialize();
+}
+
+frmMain::~frmMain() { m_windows.Unload(); }
+
+void frmMain::PartsMake()
+{
+    mnuTransmitter = new StationMenu(this);
+    tmrTime = new QTimer(this);
+    tmrTime->setObjectName(QStringLiteral("tmrTime"));
+    for (QPushButton* pButton : {cmdRcMap, cmdTxMap})
+        pButton->setIcon(PictureGet(QStringLiteral("Map")));
+    lblOld->setVisible(false);
+    m_pCommands = new CommandQueue(this);
+    m_pEntry = new PositionEntry({txtLat0, txtLon0, txtLat1, txtLon1}, this);
+    m_pStatus = new StatusLine(*statusbar, this);
+    lblTrouble = m_pStatus->lblTrouble;
+    lblBest = m_pStatus->lblBest;
+    lblInForce = m_pStatus->lblInForce;
+    m_pClock = new ClockLine(*tmrTime, *lblTime, m_settings, this);
+    m_pFile = new FileCommands(*this, *this, this);
+    m_pAirmail = new AirmailCommands(*this, *mnuTransmitter, this);
+    m_table.emplace(*grdData, m_settings);
+    m_run.emplace(m_settings, *grdData);
+    connect(m_pCommands, &CommandQueue::UpdateAsked, this, &frmMain::Update);
+    connect(m_pFile, &FileCommands::Noticed, m_pStatus, &StatusLine::NoticeSet);
+    connect(m_pAirmail, &AirmailCommands::Noticed, m_pStatus, &StatusLine::NoticeSet);
+    connect(m_pAirmail, &AirmailCommands::StationTaken, this, &frmMain::TitleSet);
+    connect(m_pAirmail, &AirmailCommands::RowTaken, m_pEntry, &PositionEntry::RowDrop);
+    connect(m_pFile, &FileCommands::PositionsRead, m_pEntry, &PositionEntry::RowsDrop);
+}
+
+void frmMain::EntryConnect()
+{
+    connect(m_pEntry, &PositionEntry::Edited, this, [this] {
+        cmdUpdate->setEnabled(true);
+        m_pStatus->HintSet({});
+        StatusShow();
+    });
+    connect(m_pEntry, &PositionEntry::Entered, cmdUpdate, &QPushButton::click);
+    connect(m_pEntry, &PositionEntry::Hinted, this, &frmMain::HintSet);
+    connect(m_pEntry, &PositionEntry::TransmitterChanged, this, [this] { TitleSet({}); });
+    connect(m_pEntry, &PositionEntry::Refused, this, &frmMain::PositionRefused);
+}
+
+void frmMain::TableConnect()
+{
+    const auto CellClick = [this](int iRow, int iCol) {
+        m_pCommands->Do([this, iRow, iCol] { grdDataClick(iRow, iCol); });
+    };
+    connect(grdData, &GridControl::CellClicked, this, CellClick);
+    connect(grdData, &GridControl::EnterPressed, this, CellClick);
+    connect(grdData, &GridControl::CurrentMoved, this, [this](int iRow, int iCol) {
+        m_pCommands->Do([this, iRow, iCol] { grdDataMove(iRow, iCol); });
+    });
+    connect(grdData, &GridControl::CellPressed, this, &frmMain::grdDataMouseDown);
+    connect(grdData, &GridControl::CellMenu, this, &frmMain::grdDataMenu);
+    auto* pBest = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Home), grdData);
+    pBest->setContext(Qt::WidgetShortcut);
+    connect(pBest, &QShortcut::activated, this, [this] { m_pCommands->Do([this] { BestGo(); }); });
+    connect(tmrTime, &QTimer::timeout, this, &frmMain::BestShow);
+}
+
+void frmMain::CommandConnect(QPushButton* pButton, std::function<void()> fnCommand)
+{
+    connect(pButton, &QPushButton::clicked, this,
+            [this, fnCommand = std::move(fnCommand)] { m_pCommands->Do(fnCommand); });
+}
+
+void frmMain::CommandConnect(QAction* pAction, std::function<void()> fnCommand)
+{
+    connect(pAction, &QAction::triggered, this,
+            [this, fnCommand = std::move(fnCommand)] { m_pCommands->Do(fnCommand); });
+}
+
+void frmMain::ButtonsConnect()
+{
+    CommandConnect(cmdUpdate, [this] { cmdUpdateClick(); });
+    CommandConnect(cmdRcAirmail, [this] { m_pAirmail->ReceiverTake(); });
+    CommandConnect(cmdTxAirmail, [this] { m_pAirmail->StationsShow(); });
+    for (QPushButton* pButton : {cmdRcMap, cmdTxMap})
+        CommandConnect(pButton, [this] { m_windows.MapShow(); });
+    connect(mnuTransmitter, &StationMenu::StationChosen, this, [this](const Station& station) {
+        m_pCommands->Do([this, station] { m_pAirmail->StationTake(station); });
+    });
+}
+
+void frmMain::MenusConnect()
+{
+    CommandConnect(mnuFileDefault, [this] { m_pFile->Default(); });
+    CommandConnect(mnuFileUndoDefault, [this] { m_pFile->UndoDefault(); });
+    connect(mnuFile, &QMenu::aboutToShow, this,
+            [this] { mnuFileUndoDefault->setEnabled(m_pFile->UndoPossible()); });
+    CommandConnect(mnuFileOpen, [this] { m_pFile->Open(); });
+    CommandConnect(mnuFileSave, [this] { m_pFile->Save(); });
+    CommandConnect(mnuFileExit, [this] { close(); });
+    CommandConnect(mnuViewWorldMap, [this] { m_windows.MapShow(); });
+    CommandConnect(mnuViewDetailData, [this] { mnuViewDetailDataClick(); });
+    connect(mnuHelpGuide, &QAction::triggered, this, [] { GuideShow(ProgramFolderGet()); });
+    CommandConnect(mnuHelpAbout, [this] { m_windows.AboutShow(); });
+    connect(mnuView, &QMenu::aboutToShow, this, &frmMain::mnuViewOpen);
+    int iTab = 0;
+    for (QAction* pAction :
+         {mnuOptionsAirMail, mnuOptionsModel, mnuOptionsFrequency, mnuOptionsTime, mnuOptionsMap}) {
+        CommandConnect(pAction, [this, iTab] { m_windows.OptionsShow(iTab); });
+        ++iTab;
+    }
+}
