@@ -2,7 +2,7 @@
 /// A line of text that never asks for more room than there is: where it does not fit, a shorter
 /// form takes its place, and what does not fit then is cut at its end with an ellipsis.
 ///
-/// Tests:   tests/ui/main/FrmMainUpdateTest.cpp
+/// Tests:   tests/ui/main/FrmMainStatusTest.cpp
 #pragma once
 
 #include <QLabel>

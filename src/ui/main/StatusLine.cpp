@@ -54,7 +54,9 @@ void StatusLine::Show(const std::string& sInForce)
     const std::string sTrouble = TroubleGet(std::exchange(m_sNotice, {}));
     const QString sLong = QString::fromStdString(sInForce);
     static const QRegularExpression kBrackets(QStringLiteral(" \\([^)]*\\)"));
-    const QString sShort = QString(sLong).remove(kBrackets);
+    static const QRegularExpression kBuiltIn(QStringLiteral(" \\(built-in[^)]*\\)"));
+    const QString sShort =
+        QString(sLong).replace(kBuiltIn, QStringLiteral(" built-in")).remove(kBrackets);
     lblInForce->setToolTip(sLong);
     lblInForce->setText(sTrouble.empty() ? sLong : sShort);
     lblInForce->ShorterSet(sShort);

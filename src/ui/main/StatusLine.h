@@ -3,7 +3,7 @@
 /// frequency of this hour; then what the table was made with, which stays readable beside it.
 ///
 /// Texts:   one line each; the tooltips have all of what the line has no room for.
-/// Tests:   tests/ui/main/FrmMainUpdateTest.cpp
+/// Tests:   tests/ui/main/FrmMainStatusTest.cpp
 #pragma once
 
 #include <QObject>

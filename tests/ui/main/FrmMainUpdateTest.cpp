@@ -6,7 +6,6 @@
 
 #include "geo/MathLib.h"
 #include "system/MsgLib.h"
-#include "ui/common/ElidedLabel.h"
 #include "ui/map/frmMap.h"
 #include "ui/options/frmOptions.h"
 #include "ui/support/MainRig.h"
@@ -488,109 +487,6 @@ TEST(FrmMainUpdate, MissingEngineIsToldAndTheStatusLineSaysWhatToDo)
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("ICEPAC is not installed: Options, Model, choose another engine "
                              "(Propagation Model ICEPAC not found.)"));
-}
-
-TEST(FrmMainUpdate, WindowDoesNotGrowForALongTrouble)
-{
-    MainRig rig;
-    frmMain& frm = rig.Start();
-    const QSize size = frm.size();
-    rig.m_engine.bFail = true;
-    EXPECT_FALSE(frm.Update());
-    MainRig::EventsRun();
-    EXPECT_EQ(frm.size(), size);
-    EXPECT_EQ(frm.lblTrouble->toolTip(), frm.lblTrouble->text());
-}
-
-TEST(FrmMainUpdate, WhatIsInForceStaysReadableBesideALongTrouble)
-{
-    MainRig rig;
-    frmMain& frm = rig.Start();
-    frm.resize(1024, 600);
-    MainRig::EventsRun();
-    rig.m_engine.bFail = true;
-    EXPECT_FALSE(frm.Update());
-    MainRig::EventsRun();
-    const auto* pInForce = qobject_cast<ElidedLabel*>(frm.lblInForce);
-    const auto* pTrouble = qobject_cast<ElidedLabel*>(frm.lblTrouble);
-    ASSERT_TRUE(pInForce != nullptr && pTrouble != nullptr);
-    EXPECT_EQ(pInForce->TextShown(), frm.lblInForce->text());
-    EXPECT_TRUE(pInForce->TextShown().startsWith(QStringLiteral("VOACAP · November · sunspot")));
-    EXPECT_TRUE(pTrouble->TextShown().startsWith(QStringLiteral("VOACAP gave no usable")))
-        << pTrouble->TextShown().toStdString();
-    EXPECT_TRUE(pTrouble->TextShown().endsWith(QChar(0x2026)));
-    EXPECT_TRUE(pTrouble->toolTip().endsWith(QString::fromStdString(rig.m_msg.m_aShown[0].sText)));
-    EXPECT_LE(pTrouble->geometry().right(), pInForce->geometry().left());
-}
-
-TEST(FrmMainUpdate, WhatIsInForceIsShownWholeInItsLongOrShortForm)
-{
-    MainRig rig(kEngineRec533);
-    rig.AirmailWrite("Airmail.ini", "[Propagation]\nSSN=98\n");
-    frmMain& frm = rig.Start();
-    const auto* pInForce = qobject_cast<ElidedLabel*>(frm.lblInForce);
-    for (const int nWidth : {640, 1024, 2000}) {
-        frm.resize(nWidth, 600);
-        MainRig::EventsRun();
-        const QString sShown = pInForce->TextShown();
-        EXPECT_TRUE(sShown.startsWith(QStringLiteral("REC533"))) << nWidth;
-        EXPECT_TRUE(sShown.endsWith(QStringLiteral("5 kW, as the antenna choice · hopcast.ini")))
-            << sShown.toStdString();
-        EXPECT_EQ(sShown.contains(QStringLiteral("(Airmail has 98)")), nWidth > 640) << nWidth;
-        EXPECT_EQ(frm.lblBest->isVisible(), nWidth > 640) << nWidth;
-    }
-}
-
-TEST(FrmMainUpdate, NamesTheBestFrequencyOfThisHourWhichCtrlHomeSelects)
-{
-    MainRig rig;
-    rig.m_engine.fnSnr = [](int iHour, int i) { return i == 4 || i == 6 ? 50.0 + iHour : 10.0; };
-    frmMain& frm = rig.Start();
-    EXPECT_EQ(frm.lblBest->text(), QStringLiteral("Best now: 8000 kHz, 64 dB"));
-    EXPECT_TRUE(frm.lblBest->isVisible());
-    EXPECT_EQ(frm.DataGetSelected().iFrequency, 1) << "the first selection stays";
-    rig.m_dtUtc.nHour = 14;
-    frm.tmrTime->setInterval(1);
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&frm] { return frm.lblBest->text() == QStringLiteral("Best now: 8000 kHz, 65 dB"); }));
-    frm.grdData->setFocus();
-    QTest::keyClick(frm.grdData, Qt::Key_Home, Qt::ControlModifier);
-    EXPECT_EQ(frm.DataGetSelected().iFrequency, 4);
-    EXPECT_EQ(frm.DataGetSelected().iHour, 15);
-    EXPECT_TRUE(frm.grdData->CellGet(4, 15).bFrame);
-    rig.m_engine.bFail = true;
-    EXPECT_FALSE(frm.Update());
-    EXPECT_FALSE(frm.lblBest->isVisible());
-}
-
-TEST(FrmMainUpdate, NoFrequencyIsBestWhereNoneHasAValue)
-{
-    MainRig rig;
-    rig.m_engine.fnSnr = [](int, int) { return -99.0; };
-    const frmMain& frm = rig.Start();
-    EXPECT_FALSE(frm.lblBest->isVisible());
-}
-
-TEST(FrmMainUpdate, NamesAirmailsNumberWhileTheTypedOneIsInForce)
-{
-    MainRig rig;
-    rig.AirmailWrite("Airmail.ini", "[Propagation]\nSSN=98\n");
-    const frmMain& frm = rig.Start();
-    EXPECT_TRUE(
-        frm.lblInForce->toolTip().contains(QStringLiteral("sunspot number 100 (Airmail has 98)")))
-        << frm.lblInForce->toolTip().toStdString();
-}
-
-TEST(FrmMainUpdate, ASettingOutOfRangeIsToldInAUsersWordsThenByItsMessage)
-{
-    MainRig rig;
-    frmMain& frm = rig.Start();
-    frm.m_settings.m_dRcLat = 99.0;
-    EXPECT_FALSE(frm.Update());
-    ASSERT_FALSE(rig.m_msg.m_aShown.empty());
-    EXPECT_EQ(frm.lblTrouble->toolTip(),
-              QStringLiteral("Receiver latitude 99° is out of range: ")
-                  + QString::fromStdString(rig.m_msg.m_aShown.back().sText));
 }
 
 TEST(FrmMainUpdate, UnknownEngineNumberFailsQuietly)
