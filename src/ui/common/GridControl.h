@@ -1,8 +1,8 @@
 /// @file GridControl.h
-/// The grid of the main and the details window: row 0 and column 0 are fixed headers that stay in
-/// view; every cell has its text, colours, bold type, alignment, selection mark and
-/// hatching; a redraw switch
-/// lets a whole table change at once.
+/// The grid of the windows: row 0 and column 0 are fixed headers that stay in view; every cell has
+/// its text, colours, bold type, alignment, selection mark and hatching (GridCells); a redraw
+/// switch lets a whole table change at once. Looks are in GridPaint, sizes in GridSizes, the mouse
+/// in GridMouse; this class joins them and has the current cell and the keys.
 ///
 /// Units:   pixels. Rows and columns count from 0 with the headers; -1 where there is no cell.
 /// Keys:    arrows move the current cell (CurrentMoved), Enter picks it (EnterPressed), the menu
@@ -12,42 +12,25 @@
 #pragma once
 
 #include <QTableView>
-#include <optional>
 
-#include "ui/common/GridModel.h"
+#include "ui/common/Colors.h"
+#include "ui/common/GridCells.h"
+#include "ui/common/GridMouse.h"
+#include "ui/common/GridPlace.h"
+#include "ui/common/GridSizes.h"
 
-struct GridPlace {
-    int iRow = -1;
-    int iCol = -1;
-    auto operator<=>(const GridPlace&) const = default;
-    /// Neither header nor outside.
-    [[nodiscard]] bool DataIs() const { return iRow >= 1 && iCol >= 1; }
-};
-
-class GridControl final : public QTableView {
+class GridControl final : public QTableView, public GridCells {
     Q_OBJECT
 public:
     explicit GridControl(QWidget* pParent = nullptr);
 
     void RowsSet(int nRows);
     void ColsSet(int nCols);
-    [[nodiscard]] int RowsGet() const { return m_pModel->RowsGet(); }
-    [[nodiscard]] int ColsGet() const { return m_pModel->ColsGet(); }
     /// 0 hides the column.
     void ColWidthSet(int iCol, int nWidth);
     [[nodiscard]] int ColWidthGet(int iCol) const;
     /// Left edge of a column within the grid, frame included.
     [[nodiscard]] int ColLeftGet(int iCol) const;
-
-    void TextSet(int iRow, int iCol, const QString& sText);
-    [[nodiscard]] QString TextGet(int iRow, int iCol) const;
-    void ColorSet(int iRow, int iCol, const QColor& clrBack, const QColor& clrFore);
-    void BoldSet(int iRow, int iCol, bool bBold);
-    void FrameSet(int iRow, int iCol, bool bFrame);
-    void HatchSet(int iRow, int iCol, bool bHatch);  ///< thin lines: there is no value
-    void AlignmentSet(int iRow, int iCol, Qt::Alignment eAlignment);
-    [[nodiscard]] const GridCell& CellGet(int iRow, int iCol) const;
-    void SpeechSet(GridSpeechFn fnSpeech) { m_pModel->SpeechSet(std::move(fnSpeech)); }
 
     /// While off, changes gather; only what the window system asks for is painted.
     void RedrawSet(bool bRedraw);
@@ -57,19 +40,19 @@ public:
     [[nodiscard]] bool StaleGet() const { return m_bStale; }
 
     /// The grid never grows wider than its columns, nor higher than its rows may become.
-    void HugSet(bool bHug);
+    void HugSet(bool bHug) { m_sizes.HugSet(bHug); }
 
     void CurrentSet(int iRow, int iCol);  ///< brought into view; a header or none: no current cell
     [[nodiscard]] GridPlace CurrentGet() const;
     /// The cell under a point of the grid (its own coordinates).
-    [[nodiscard]] GridPlace PlaceAt(const QPoint& pnt) const;
+    [[nodiscard]] GridPlace PlaceAt(const QPoint& pnt) const { return GridPlaceAt(*this, pnt); }
     /// The rectangle of a cell in the grid's own coordinates, headers included.
-    [[nodiscard]] QRect PlaceRect(GridPlace place) const;
+    [[nodiscard]] QRect PlaceRect(GridPlace place) const { return GridPlaceRect(*this, place); }
     /// Clears the tooltip and sets it anew, so that it shows afresh; an empty text clears it.
-    void ToolTipRenew(const QString& sText);
+    void ToolTipRenew(const QString& sText) { m_pMouse->ToolTipRenew(sText); }
 
-    [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override { return m_sizes.HintGet(); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return m_sizes.HintGetLeast(); }
 
 Q_SIGNALS:
     void CellClicked(int iRow, int iCol);                           ///< left click on a data cell
@@ -87,27 +70,13 @@ protected:
     void resizeEvent(QResizeEvent* pEvent) override;
     void changeEvent(QEvent* pEvent) override;
     bool viewportEvent(QEvent* pEvent) override;
-    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
 
 private:
     void HeadersSetUp();
-    void RowsStretch();
-    void LimitsSet();
-    void MouseSeen(const QPoint& pnt);
-    [[nodiscard]] int RowHeightLeast() const;
-    [[nodiscard]] int RowHeightMost() const;
-    [[nodiscard]] int ContentWidth() const;
+    void MouseSetUp();
 
-    GridModel* m_pModel;
+    GridSizes m_sizes;
+    GridMouse* m_pMouse = nullptr;
     bool m_bRedraw = true;
     bool m_bStale = false;
-    bool m_bHug = false;
-    int m_nBar = 0;  ///< width of the vertical scroll bar, 0 while all rows fit
-    std::optional<QPoint> m_pntSeen;
 };
-
-/// Black or white, whichever reads better on the colour (contrast of relative luminances, WCAG 2.1,
-/// "contrast ratio").
-[[nodiscard]] QColor TextColorOn(const QColor& clrBack);
-/// The colour of a 0x00BBGGRR value.
-[[nodiscard]] QColor ColorFromBgr(std::uint32_t nBgr);

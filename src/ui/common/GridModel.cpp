@@ -5,7 +5,7 @@
 
 GridModel::GridModel(QObject* pParent) : QAbstractTableModel(pParent) {}
 
-bool GridModel::CellIs(int iRow, int iCol) const
+bool GridModel::HasCell(int iRow, int iCol) const
 {
     return iRow >= 0 && iRow < m_nRows && iCol >= 0 && iCol < m_nCols;
 }
@@ -13,12 +13,12 @@ bool GridModel::CellIs(int iRow, int iCol) const
 const GridCell& GridModel::CellGet(int iRow, int iCol) const
 {
     static const GridCell kNone;
-    return CellIs(iRow, iCol) ? m_aCells[Index(iRow, iCol)] : kNone;
+    return HasCell(iRow, iCol) ? m_aCells[Index(iRow, iCol)] : kNone;
 }
 
 void GridModel::CellChange(int iRow, int iCol, const std::function<void(GridCell&)>& fnChange)
 {
-    if (!CellIs(iRow, iCol))
+    if (!HasCell(iRow, iCol))
         return;
     fnChange(m_aCells[Index(iRow, iCol)]);
     ChangedTell(iRow, iCol);
@@ -143,6 +143,6 @@ QVariant GridModel::data(const QModelIndex& index, int nRole) const
 
 QVariant GridModel::headerData(int iSection, Qt::Orientation eOrientation, int nRole) const
 {
-    const bool bHours = eOrientation == Qt::Horizontal;
-    return CellData(bHours ? CellGet(0, iSection + 1) : CellGet(iSection + 1, 0), nRole);
+    const bool bTop = eOrientation == Qt::Horizontal;
+    return CellData(bTop ? CellGet(0, iSection + 1) : CellGet(iSection + 1, 0), nRole);
 }

@@ -36,7 +36,7 @@ public:
     void ColsSet(int nCols);
     [[nodiscard]] int RowsGet() const { return m_nRows; }
     [[nodiscard]] int ColsGet() const { return m_nCols; }
-    [[nodiscard]] bool CellIs(int iRow, int iCol) const;
+    [[nodiscard]] bool HasCell(int iRow, int iCol) const;
     /// A cell outside the grid reads as an empty one.
     [[nodiscard]] const GridCell& CellGet(int iRow, int iCol) const;
     /// Changes a cell; one outside the grid is left alone.

@@ -102,23 +102,23 @@ QSize GridHeader::sizeHint() const
 
 void GridHeader::paintSection(QPainter* pPainter, const QRect& rect, int iSection) const
 {
-    const bool bHours = orientation() == Qt::Horizontal;
+    const bool bTop = orientation() == Qt::Horizontal;
     const GridCell& cell =
-        bHours ? m_pGrid->CellGet(0, iSection + 1) : m_pGrid->CellGet(iSection + 1, 0);
+        bTop ? m_pGrid->CellGet(0, iSection + 1) : m_pGrid->CellGet(iSection + 1, 0);
     const QPalette& palette = m_pGrid->palette();
     pPainter->save();
     pPainter->fillRect(rect,
                        cell.clrBack.isValid() ? cell.clrBack : palette.color(QPalette::Button));
     pPainter->setPen(palette.color(QPalette::Mid));
-    if (bHours)
+    if (bTop)
         pPainter->drawLine(rect.bottomLeft(), rect.bottomRight());
     else
         pPainter->drawLine(rect.topRight(), rect.bottomRight());
     pPainter->setPen(cell.clrFore.isValid() ? cell.clrFore : palette.color(QPalette::ButtonText));
     pPainter->setFont(CellFont(*m_pGrid, cell));
     const Qt::Alignment eAlignment =
-        bHours ? cell.eAlignment : Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter);
-    const int nPadding = bHours ? 0 : kGridPadding;
+        bTop ? cell.eAlignment : Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter);
+    const int nPadding = bTop ? 0 : kGridPadding;
     pPainter->drawText(rect.adjusted(0, 0, -nPadding, 0), eAlignment.toInt() | Qt::TextSingleLine,
                        cell.sText);
     pPainter->restore();
