@@ -112,7 +112,7 @@ void CellsBench(benchmark::State& state)
     frmMap& frm = MapGet();
     frm.m_view.ZoomSet(frm.m_view.BoxGetZoom({60, 100, 10, 179}));
     const AreaBox box = OverlayGetBoxes(frm.m_view.m_box).at(0);
-    std::vector<GridPoint> aPoints;
+    std::vector<AreaPoint> aPoints;
     for (int iLat = 0; iLat < kSide; ++iLat)
         for (int iLon = 0; iLon < kSide; ++iLon)
             aPoints.push_back({box.dBottom + (box.dTop - box.dBottom) * iLat / (kSide - 1),

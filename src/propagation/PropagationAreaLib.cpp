@@ -42,6 +42,13 @@ Result<double> FieldDouble(std::string_view sLine, const Field& fld)
     return NumberFromText(TextColumns(sLine, fld.nCol, fld.nWidth));
 }
 
+Failure GridUnread(const std::string& sError)
+{
+    Failure failure{FailureKind::BadOutput, "Unable to read the area's grid, " + sError};
+    failure.eIcon = MsgIcon::None;
+    return failure;
+}
+
 }  // namespace
 
 void AreaFile::Close()
@@ -183,13 +190,15 @@ std::vector<Failure> AreaPointsRead(const AreaRequest& request, std::vector<Area
         const auto res =
             PropagationAreaReadPoint(file, iIndex1, iIndex2, pnt.dLat, pnt.dLon, pnt.fSnr);
         if (!res)
-            return {Failure{FailureKind::BadOutput, res.TextGet()}};
+            return {GridUnread(res.TextGet())};
         if (!res.ValueGet())
             break;
+        if (aRead.size() == nWanted)
+            return {GridUnread(kSubscriptOutOfRange)};
         aRead.push_back(pnt);
     }
-    if (aRead.size() != nWanted)
-        return {Failure{FailureKind::BadOutput, "The engine's grid is not complete."}};
+    if (aRead.size() < nWanted)
+        return {GridUnread(kInputPastEnd)};
     aPoints = std::move(aRead);
     return {};
 }

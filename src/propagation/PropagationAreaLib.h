@@ -54,7 +54,8 @@ private:
 /// last.
 [[nodiscard]] std::optional<Failure> PropagationAreaOpenFile(int iModel, AreaFile& file);
 
-/// Runs an area and reads its grid to the end: the required number of points, in grid order.
+/// Runs an area and reads its grid to the end: the required number of points, in grid order. More
+/// of them are "Subscript out of range", fewer "Input past end of file".
 /// @return why there are no points; nothing when there are.
 [[nodiscard]] std::vector<Failure> AreaPointsRead(const AreaRequest& request,
                                                   std::vector<AreaPoint>& aPoints,

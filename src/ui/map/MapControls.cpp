@@ -21,7 +21,7 @@ bool IsArrow(int nKey)
 }
 
 /// Colours that differ in lightness, too; from Okabe and Ito's set for all kinds of colour vision.
-constexpr std::array<QRgb, 6> kSystemColours{
+constexpr std::array<QRgb, 6> kSystemColors{
     qRgb(0xD5, 0x5E, 0x00), qRgb(0x00, 0x72, 0xB2), qRgb(0x00, 0x9E, 0x73),
     qRgb(0xCC, 0x79, 0xA7), qRgb(0xF0, 0xE4, 0x42), qRgb(0x56, 0xB4, 0xE9),
 };
@@ -187,6 +187,6 @@ void StationDot::paintEvent(QPaintEvent* /*pEvent*/)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::black);
     painter.setBrush(
-        QColor(kSystemColours[static_cast<std::size_t>(m_iSystem - 1) % kSystemColours.size()]));
+        QColor(kSystemColors[static_cast<std::size_t>(m_iSystem - 1) % kSystemColors.size()]));
     painter.drawPath(SymbolGetPath(m_iSystem, QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5)));
 }

@@ -2,7 +2,7 @@
 /// The painted controls of the map window: the map picture, the two markers, the station symbols,
 /// and the small pictures on its buttons.
 ///
-/// Tests:   tests/ui/map/frmMapMarkersTest.cpp, frmMapStationsTest.cpp
+/// Tests:   tests/ui/map/MapMarkersTest.cpp, MapStationsTest.cpp
 #pragma once
 
 #include <QIcon>

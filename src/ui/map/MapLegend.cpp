@@ -5,7 +5,7 @@
 
 #include "propagation/SnrScale.h"
 #include "system/NumberLib.h"
-#include "ui/map/MapPaint.h"
+#include "ui/common/Colors.h"
 
 namespace {
 
@@ -59,26 +59,26 @@ QRect PlaceGet(const QRect& rctMap, const QSize& size, std::span<const QRect> aK
 }  // namespace
 
 std::vector<LegendRow> LegendGetRows(float fMinSnr,
-                                     const std::function<std::uint32_t(float fSnr)>& fnColour)
+                                     const std::function<std::uint32_t(float fSnr)>& fnColor)
 {
     const std::span<const SnrBand> aBands = SnrBandsGet();
     const float fHighest = aBands.front().fLowest;
     const float fLowest = aBands[aBands.size() - 2].fLowest;
-    const auto ColourGet = [&](float fSnr) { return PixelFromColour(fnColour(fSnr)); };
+    const auto ColorGet = [&](float fSnr) { return ColorFromBgr(fnColor(fSnr)).rgb(); };
     std::vector<LegendRow> aRows;
     aRows.push_back({QStringLiteral("%1 and above").arg(Text(std::max(fHighest, fMinSnr))),
-                     ColourGet(fHighest), true});
+                     ColorGet(fHighest), true});
     for (std::size_t i = 1; i + 1 < aBands.size(); ++i) {
         const float fLow = aBands[i].fLowest;
         const float fHigh = aBands[i - 1].fLowest;
         const bool bDrawn = fMinSnr < fHigh;
         aRows.push_back(
-            {RowText(bDrawn ? std::max(fLow, fMinSnr) : fLow, fHigh), ColourGet(fLow), bDrawn});
+            {RowText(bDrawn ? std::max(fLow, fMinSnr) : fLow, fHigh), ColorGet(fLow), bDrawn});
     }
     const bool bGrey = fMinSnr < fLowest;
     aRows.push_back(
         {bGrey ? RowText(fMinSnr, fLowest) : QStringLiteral("below %1").arg(Text(fLowest)),
-         ColourGet(fLowest - 1), bGrey});
+         ColorGet(fLowest - 1), bGrey});
     return aRows;
 }
 
@@ -110,7 +110,7 @@ void LegendPaint(QPainter& painter, const QRect& rct, const std::vector<LegendRo
         rctLine.translate(0, nLine);
         const QRect rctSwatch(rctLine.left(), rctLine.top() + 2, kSwatch, nLine - 4);
         painter.setPen(row.bDrawn ? Qt::black : Qt::gray);
-        painter.setBrush(row.bDrawn ? QBrush(QColor(row.nColour)) : QBrush(Qt::NoBrush));
+        painter.setBrush(row.bDrawn ? QBrush(QColor(row.nColor)) : QBrush(Qt::NoBrush));
         painter.drawRect(rctSwatch.adjusted(0, 0, -1, -1));
         painter.drawText(rctLine.adjusted(kSwatch + kMargin, 0, 0, 0),
                          Qt::AlignLeft | Qt::AlignVCenter, row.sText);

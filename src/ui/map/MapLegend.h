@@ -16,14 +16,14 @@
 
 struct LegendRow {
     QString sText;  ///< "70 and above", "40 to 45", "below 40"
-    QRgb nColour = 0;
+    QRgb nColor = 0;
     bool bDrawn = true;  ///< false: wholly below the least SNR that is painted
 };
 
 /// The bands of the colour scale from the best down.
 /// @param fMinSnr   least SNR that is painted; a band that it cuts names it as its lower end.
 [[nodiscard]] std::vector<LegendRow> LegendGetRows(
-    float fMinSnr, const std::function<std::uint32_t(float fSnr)>& fnColour);
+    float fMinSnr, const std::function<std::uint32_t(float fSnr)>& fnColor);
 
 /// Where the legend stands: at the map's right edge, or at the left one or in a corner where only
 /// so it hides nothing of aKeepFree. It is never under the pointer.

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "system/NumberLib.h"
-#include "system/RunErrorText.h"
+#include "ui/common/Colors.h"
 #include "ui/map/MapPaint.h"
 
 namespace {
@@ -35,26 +35,7 @@ std::vector<AreaBox> OverlayGetBoxes(const MapBox& boxView, double dEdge)
                          std::min(boxView.dRight, dEdge + kFullCircle)});
 }
 
-Result<std::vector<GridPoint>> GridRead(AreaFile& file, std::size_t nMax)
-{
-    std::vector<GridPoint> aPoints;
-    for (;;) {
-        int iLat = 0;
-        int iLon = 0;
-        GridPoint pnt;
-        const Result<bool> resRead =
-            PropagationAreaReadPoint(file, iLat, iLon, pnt.dLat, pnt.dLon, pnt.fSnr);
-        if (!resRead)
-            return resRead.ErrorGet();
-        if (!resRead.ValueGet())
-            return aPoints;
-        if (aPoints.size() == nMax)
-            return RunError{kSubscriptOutOfRange};
-        aPoints.push_back(pnt);
-    }
-}
-
-QRect CellGetRect(const MapView& view, const CellPaint& cell, const GridPoint& pnt)
+QRect CellGetRect(const MapView& view, const CellPaint& cell, const AreaPoint& pnt)
 {
     const AreaBox& box = cell.m_box;
     const double dLatHalf = (box.dTop - box.dBottom) / (cell.nGridSize - 1) / 2;
@@ -85,11 +66,11 @@ QRect CellGetRect(const MapView& view, const CellPaint& cell, const GridPoint& p
 }
 
 void CellsPaint(QImage& img, const MapView& view, const CellPaint& cell,
-                std::span<const GridPoint> aPoints)
+                std::span<const AreaPoint> aPoints)
 {
     const MapView viewImg = view.SizedGet(img.width(), img.height());
-    for (const GridPoint& pnt : aPoints)
+    for (const AreaPoint& pnt : aPoints)
         if (pnt.fSnr >= cell.fMinSnr)
             BoxMaskPen(img, CellGetRect(viewImg, cell, pnt),
-                       PixelFromColour(cell.fnColour(pnt.fSnr)));
+                       ColorFromBgr(cell.fnColor(pnt.fSnr)).rgb());
 }

@@ -1,9 +1,9 @@
 /// @file MapOverlay.h
-/// The SNR overlay without its window: the boxes that a view is predicted in, the points of a grid
-/// file, and the cells that they paint.
+/// The SNR overlay without its window: the boxes that a view is predicted in, and the cells that
+/// the points of a grid paint.
 ///
 /// Units:   degrees, dB, picture pixels; colours 0x00BBGGRR.
-/// Errors:  told with each procedure.
+/// Errors:  none.
 /// Tests:   tests/ui/map/MapOverlayTest.cpp
 #pragma once
 
@@ -14,8 +14,6 @@
 #include <vector>
 
 #include "propagation/AreaBoxes.h"
-#include "propagation/PropagationAreaLib.h"
-#include "system/Result.h"
 #include "ui/map/MapOverlayGrid.h"
 #include "ui/map/MapView.h"
 
@@ -25,25 +23,20 @@
 [[nodiscard]] std::vector<AreaBox> OverlayGetBoxes(const MapBox& boxView,
                                                    double dEdge = kEdgeGreenwich);
 
-/// Reads an opened grid to its end.
-/// @param nMax  a file with more points is "Subscript out of range".
-/// @return the points in the file's order, or the point reader's error.
-Result<std::vector<GridPoint>> GridRead(AreaFile& file, std::size_t nMax);
-
 /// What stays the same for all cells of one box.
 struct CellPaint {
     AreaBox m_box;        ///< bounds as the deck prints them: those of the grid
     AreaBox m_boxWanted;  ///< bounds of the picture, up to which the outermost cells reach
     int nGridSize = 2;    ///< points a side
     float fMinSnr = 0.0F;
-    std::function<std::uint32_t(float fSnr)> fnColour;
+    std::function<std::uint32_t(float fSnr)> fnColor;
 };
 
 /// The picture's rectangle of a point's cell, cut to its box and to the image. Cells are centred on
 /// their points and meet without gap or overlap.
-[[nodiscard]] QRect CellGetRect(const MapView& view, const CellPaint& cell, const GridPoint& pnt);
+[[nodiscard]] QRect CellGetRect(const MapView& view, const CellPaint& cell, const AreaPoint& pnt);
 
 /// Paints the cells of all points at or above the minimum with the mask pen, in order. The picture
 /// may be denser than the view's.
 void CellsPaint(QImage& img, const MapView& view, const CellPaint& cell,
-                std::span<const GridPoint> aPoints);
+                std::span<const AreaPoint> aPoints);

@@ -2,12 +2,12 @@
 
 #include "geo/SphereLib.h"
 
-std::optional<float> GridGetNearest(std::span<const GridPoint> aPoints, double dLat, double dLon)
+std::optional<float> GridGetNearest(std::span<const AreaPoint> aPoints, double dLat, double dLon)
 {
     constexpr double kBestAtFirst = 180.0;
     double dBest = kBestAtFirst * kBestAtFirst;
-    const GridPoint* pBest = nullptr;
-    for (const GridPoint& pnt : aPoints) {
+    const AreaPoint* pBest = nullptr;
+    for (const AreaPoint& pnt : aPoints) {
         const double dByLon = LonApart(pnt.dLon, dLon);
         const double dSquare = (dLat - pnt.dLat) * (dLat - pnt.dLat) + dByLon * dByLon;
         if (dSquare < dBest) {

@@ -3,23 +3,19 @@
 /// of the engine holds the last box alone.
 ///
 /// Units:   degrees, dB.
-/// Tests:   tests/ui/map/MapOverlayTest.cpp, frmMapTipsTest.cpp
+/// Tests:   tests/ui/map/MapOverlayTest.cpp, MapOverlayControlTest.cpp
 #pragma once
 
 #include <optional>
 #include <span>
 #include <vector>
 
-struct GridPoint {
-    double dLat = 0.0;
-    double dLon = 0.0;
-    float fSnr = 0.0F;  ///< dB
-};
+#include "propagation/Prediction.h"
 
 /// SNR of the point nearest to a position, distances in plain degrees, longitudes the short way
 /// round; of several points equally near the first in order. Points 180 degrees away and more do
 /// not count.
-[[nodiscard]] std::optional<float> GridGetNearest(std::span<const GridPoint> aPoints, double dLat,
+[[nodiscard]] std::optional<float> GridGetNearest(std::span<const AreaPoint> aPoints, double dLat,
                                                   double dLon);
 
 class OverlayGrid {
@@ -27,7 +23,7 @@ public:
     /// The picture shows no overlay, or a new one begins.
     void Clear() { m_aPoints.clear(); }
     /// Adds the points of one more box.
-    void Add(std::span<const GridPoint> aPoints)
+    void Add(std::span<const AreaPoint> aPoints)
     {
         m_aPoints.insert(m_aPoints.end(), aPoints.begin(), aPoints.end());
     }
@@ -38,5 +34,5 @@ public:
     }
 
 private:
-    std::vector<GridPoint> m_aPoints;
+    std::vector<AreaPoint> m_aPoints;
 };

@@ -61,7 +61,7 @@ void ImageOutline(QImage& img)
     ImageBleach(img);
 }
 
-void BoxMaskPen(QImage& img, const QRect& rct, QRgb nColour)
+void BoxMaskPen(QImage& img, const QRect& rct, QRgb nColor)
 {
     if (!IsPainted(img))
         return;
@@ -69,7 +69,7 @@ void BoxMaskPen(QImage& img, const QRect& rct, QRgb nColour)
     for (int nRow = rctInside.top(); nRow <= rctInside.bottom(); ++nRow) {
         QRgb* pRow = RowGet(img, nRow);
         for (int nColumn = rctInside.left(); nColumn <= rctInside.right(); ++nColumn)
-            pRow[nColumn] = (pRow[nColumn] & nColour) | kAlpha;
+            pRow[nColumn] = (pRow[nColumn] & nColor) | kAlpha;
     }
 }
 
@@ -85,10 +85,4 @@ void RectInvert(QImage& img, const QRect& rct)
     SpanInvert(img, QRect(rct.left(), rct.top() + 1, 1, rct.height() - 2));
     if (rct.width() > 1)
         SpanInvert(img, QRect(rct.right(), rct.top() + 1, 1, rct.height() - 2));
-}
-
-QRgb PixelFromColour(std::uint32_t nColour)
-{
-    return qRgb(static_cast<int>(nColour & 0xFF), static_cast<int>((nColour >> 8) & 0xFF),
-                static_cast<int>((nColour >> 16) & 0xFF));
 }

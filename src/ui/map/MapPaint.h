@@ -10,7 +10,6 @@
 
 #include <QImage>
 #include <QRect>
-#include <cstdint>
 
 /// Turns a picture into its outlines: colour borders become black lines, all else becomes white.
 /// The first column and the first row have no neighbour to differ from and stay without lines.
@@ -25,10 +24,7 @@ void ImageBleach(QImage& img);
 
 /// Mask pen: combines a filled box with what is there by bitwise AND, so that black lines stay
 /// black and white takes the colour.
-void BoxMaskPen(QImage& img, const QRect& rct, QRgb nColour);
+void BoxMaskPen(QImage& img, const QRect& rct, QRgb nColor);
 
 /// Inverts the one pixel wide outline of a rectangle; a second call restores the picture.
 void RectInvert(QImage& img, const QRect& rct);
-
-/// A colour 0x00BBGGRR as a pixel.
-[[nodiscard]] QRgb PixelFromColour(std::uint32_t nColour);

@@ -14,14 +14,14 @@ void OverlayPaint(QPainter& painter)
 {
     painter.setRenderHint(QPainter::Antialiasing, false);
     constexpr int kCell = 4;
-    constexpr QRgb kColours[4][4] = {{0xFFFFFFFF, 0xFF808080, 0xFF000080, 0xFF808080},
-                                     {0xFF808080, 0xFF0000C0, 0xFF800080, 0xFF0000FF},
-                                     {0xFF000080, 0xFF800080, 0xFFFF00FF, 0xFFC000C0},
-                                     {0xFFFFFFFF, 0xFF0000FF, 0xFFC000C0, 0xFF808080}};
+    constexpr QRgb kColors[4][4] = {{0xFFFFFFFF, 0xFF808080, 0xFF000080, 0xFF808080},
+                                    {0xFF808080, 0xFF0000C0, 0xFF800080, 0xFF0000FF},
+                                    {0xFF000080, 0xFF800080, 0xFFFF00FF, 0xFFC000C0},
+                                    {0xFFFFFFFF, 0xFF0000FF, 0xFFC000C0, 0xFF808080}};
     for (int nRow = 0; nRow < 4; ++nRow)
         for (int nColumn = 0; nColumn < 4; ++nColumn)
             painter.fillRect(2 + nColumn * kCell, 2 + nRow * kCell, kCell, kCell,
-                             QColor(kColours[nRow][nColumn]));
+                             QColor(kColors[nRow][nColumn]));
     painter.setPen(Qt::black);
     painter.drawRect(QRectF(1.5, 1.5, 17, 17));
 }

@@ -50,11 +50,11 @@ public:
     void MapPaint(const WorldMap& map)
     {
         for (int nRow = m_axsY.nFirst; nRow < m_axsY.nEnd; ++nRow)
-            SpanFill(nRow, m_axsX.nFirst, m_axsX.nEnd, kSeaColour);
+            SpanFill(nRow, m_axsX.nFirst, m_axsX.nEnd, kSeaColor);
         const std::size_t nLevel = LevelGet(map.m_aTolerances);
         for (const MapCountry& cty : map.m_aCountries)
             CountryPaint(cty.m_aLevels[nLevel],
-                         kLandColours[static_cast<std::size_t>(cty.m_nColour)]);
+                         kLandColors[static_cast<std::size_t>(cty.m_nColor)]);
     }
 
 private:
@@ -71,7 +71,7 @@ private:
         return static_cast<std::size_t>(std::max<std::ptrdiff_t>(it - aTolerances.begin(), 1) - 1);
     }
 
-    void CountryPaint(const std::vector<MapRing>& aRings, QRgb nColour)
+    void CountryPaint(const std::vector<MapRing>& aRings, QRgb nColor)
     {
         m_aCrossings.clear();
         for (const MapRing& rng : aRings) {
@@ -82,8 +82,8 @@ private:
                 nShift -= kImgWidth;
             } while (rng.m_ptHigh.nX + nShift > 0);
         }
-        if (!CrossingsFill(nColour))
-            DotPaint(aRings.front(), nColour);
+        if (!CrossingsFill(nColor))
+            DotPaint(aRings.front(), nColor);
     }
 
     void RingAdd(const MapRing& rng, int nShift)
@@ -119,7 +119,7 @@ private:
     }
 
     /// @return true when at least one pixel was painted.
-    bool CrossingsFill(QRgb nColour)
+    bool CrossingsFill(QRgb nColor)
     {
         if (m_aCrossings.empty())
             return false;
@@ -132,7 +132,7 @@ private:
             for (; it != itEnd; ++it) {
                 const int nColumn = *it;
                 const int nColumnEnd = ++it != itEnd ? *it : m_axsX.nEnd;
-                bPainted = SpanFill(nRow, nColumn, nColumnEnd, nColour) || bPainted;
+                bPainted = SpanFill(nRow, nColumn, nColumnEnd, nColor) || bPainted;
                 if (it == itEnd)
                     break;  // the partner lies right of the view
             }
@@ -154,7 +154,7 @@ private:
     }
 
     /// One pixel for a country that falls between the pixels, so that no island state is lost.
-    void DotPaint(const MapRing& rng, QRgb nColour)
+    void DotPaint(const MapRing& rng, QRgb nColor)
     {
         if (rng.m_ptHigh.nX - rng.m_ptLow.nX >= 2 * m_axsX.dStep
             || rng.m_ptHigh.nY - rng.m_ptLow.nY >= 2 * m_axsY.dStep)
@@ -168,15 +168,15 @@ private:
             || dRow >= m_axsY.nEnd)
             return;
         SpanFill(static_cast<int>(dRow), static_cast<int>(dColumn), static_cast<int>(dColumn) + 1,
-                 nColour);
+                 nColor);
     }
 
-    bool SpanFill(int nRow, int nColumn, int nColumnEnd, QRgb nColour)
+    bool SpanFill(int nRow, int nColumn, int nColumnEnd, QRgb nColor)
     {
         if (nColumn >= nColumnEnd)
             return false;
         QRgb* pRow = m_pPixels + nRow * m_nPitch;
-        std::fill(pRow + nColumn, pRow + nColumnEnd, nColour);
+        std::fill(pRow + nColumn, pRow + nColumnEnd, nColor);
         return true;
     }
 

@@ -24,8 +24,8 @@ inline constexpr int kImgHeight = 338000;
 
 // The only colours of the image: flat, so that colour borders can be made outlines, and neither
 // black nor white, which the outlines are made of. Pale, so that lines and labels stand out.
-inline constexpr QRgb kSeaColour = qRgb(0xBC, 0xD7, 0xE8);
-inline constexpr std::array<QRgb, kMapColours> kLandColours{
+inline constexpr QRgb kSeaColor = qRgb(0xBC, 0xD7, 0xE8);
+inline constexpr std::array<QRgb, kMapColors> kLandColors{
     qRgb(0xF3, 0xE4, 0xAC),  // sand
     qRgb(0xBF, 0xD8, 0xA0),  // meadow
     qRgb(0xED, 0xBF, 0xA5),  // clay

@@ -90,7 +90,7 @@ MapCountry CountryTake(ByteReader& rdr, std::size_t nLevels)
 {
     MapCountry cty;
     cty.m_sName = rdr.TextTake(static_cast<std::size_t>(rdr.CountTake(1)));
-    cty.m_nColour = rdr.NumberTake(0, kMapColours - 1);
+    cty.m_nColor = rdr.NumberTake(0, kMapColors - 1);
     cty.m_aLevels.resize(nLevels);
     for (std::vector<MapRing>& aRings : cty.m_aLevels) {
         const int nRings = rdr.CountTake(3);

@@ -26,7 +26,7 @@
 
 #include "system/Result.h"
 
-inline constexpr int kMapColours = 6;  ///< colour numbers 0 to 5, the last one for ice
+inline constexpr int kMapColors = 6;  ///< colour numbers 0 to 5, the last one for ice
 
 struct MapPoint {
     int nX;
@@ -42,7 +42,7 @@ struct MapRing {
 
 struct MapCountry {
     std::string m_sName;
-    int m_nColour = 0;  ///< 0 to kMapColours - 1; no two neighbours alike
+    int m_nColor = 0;  ///< 0 to kMapColors - 1; no two neighbours alike
     std::vector<std::vector<MapRing>>
         m_aLevels;  ///< rings, islands and holes alike (even-odd rule)
 };

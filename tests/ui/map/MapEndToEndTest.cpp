@@ -21,13 +21,13 @@ protected:
         QCoreApplication::processEvents();
         PictureSave(*m_pMap, sName);
     }
-    [[nodiscard]] int ColoursCount() const
+    [[nodiscard]] int ColorsCount() const
     {
-        QSet<QRgb> setColours;
+        QSet<QRgb> setColors;
         const QImage& img = m_pMap->pctMap->m_img;
         for (int y = 0; y < img.height() - 40; y += 3)
-            for (int x = 60; x < img.width(); x += 3) setColours.insert(img.pixel(x, y));
-        return int(setColours.size());
+            for (int x = 60; x < img.width(); x += 3) setColors.insert(img.pixel(x, y));
+        return int(setColors.size());
     }
     EngineReal m_engine;
 };
@@ -37,7 +37,7 @@ TEST_F(MapEndToEnd, OverlayOfTheWholeWorld)
     m_pMap->resize(1200, 800);
     PictureKeep("map_world.png");
     OverlayChoose();
-    EXPECT_GT(ColoursCount(), 5);
+    EXPECT_GT(ColorsCount(), 5);
     EXPECT_EQ(m_pMap->windowTitle(), QStringLiteral("Snr Overlay, 14000.0KHz @ 18:00"));
     EXPECT_TRUE(TipAt({700, 300}).contains(QStringLiteral("Snr")));
     PictureKeep("map_world_overlay.png");
@@ -54,7 +54,7 @@ TEST_F(MapEndToEnd, OverlayOverTheDateLine)
     Drag(m_pMap->pctMap, m_pMap->m_view.LatLonGetPoint(10, 140),
          m_pMap->m_view.LatLonGetPoint(-45, 215));
     OverlayChoose();
-    EXPECT_GT(ColoursCount(), 4);
+    EXPECT_GT(ColorsCount(), 4);
     PictureKeep("map_date_line_overlay.png");
 }
 
@@ -65,7 +65,7 @@ TEST_F(MapEndToEnd, PathOfTheDefaultCircuit)
     QTest::mouseClick(m_pMap->chkPath, Qt::LeftButton);
     PictureKeep("map_circuit.png");
     OverlayChoose();
-    EXPECT_GT(ColoursCount(), 3);
+    EXPECT_GT(ColorsCount(), 3);
     PictureKeep("map_circuit_overlay.png");
 }
 
@@ -109,7 +109,7 @@ TEST_F(MapEndToEnd, VoacapPaintsTheSameMap)
     m_host.m_settings.m_iPropagationModel = kEngineVoacap;
     QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton);
     OverlayChoose();
-    EXPECT_GT(ColoursCount(), 3);
+    EXPECT_GT(ColorsCount(), 3);
     EXPECT_TRUE(TipAt({400, 300}).contains(QStringLiteral("Snr")));
     PictureKeep("map_circuit_overlay_voacap.png");
 }

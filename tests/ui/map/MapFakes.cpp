@@ -178,7 +178,7 @@ QRgb MapWindow::PixelAt(double dLat, double dLon) const
     return m_pMap->pctMap->m_img.pixel(m_pMap->m_view.LatLonGetPoint(dLat, dLon));
 }
 
-int MapWindow::ColouredCount() const
+int MapWindow::ColoredCount() const
 {
     // The labels stand at the left and the bottom edge.
     constexpr int kLabels = 60;

@@ -87,6 +87,24 @@ protected:
     /// Press, two moves, release, on a control.
     static void Drag(QWidget* pControl, QPoint ptFrom, QPoint ptTo,
                      Qt::MouseButton eButton = Qt::LeftButton);
+    /// A view well inside the image, so that nothing is cut.
+    void ZoomInside() { Drag(m_pMap->pctMap, PointOf(50, 200), PointOf(10, 260)); }
+    [[nodiscard]] QPoint PointOf(double dLat, double dLon) const
+    {
+        return m_pMap->m_view.LatLonGetPoint(dLat, dLon);
+    }
+    [[nodiscard]] double SpanGet() const
+    {
+        return m_pMap->m_view.m_box.dRight - m_pMap->m_view.m_box.dLeft;
+    }
+    [[nodiscard]] LatLon CenterGet() const { return m_pMap->m_view.CenterGet(); }
+    [[nodiscard]] QPoint Middle() const { return m_pMap->pctMap->rect().center(); }
+    /// The window was closed and has deleted itself.
+    [[nodiscard]] bool IsGone() const
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return m_pMap.isNull();
+    }
     /// Chooses an item of a menu that is open, with the mouse.
     static void ItemChoose(QMenu* pMenu, QAction* pItem);
     /// Checks the overlay item by way of the button and its menu.
@@ -96,7 +114,7 @@ protected:
     QString TipAt(QPoint pt);
     [[nodiscard]] QRgb PixelAt(double dLat, double dLon) const;
     /// Number of picture pixels that are neither black nor white (labels apart).
-    [[nodiscard]] int ColouredCount() const;
+    [[nodiscard]] int ColoredCount() const;
     template <class T>
     T* Find(const char* sName) const
     {

@@ -35,11 +35,11 @@ TEST(MapLegend, ColoursAreThoseOfTheScale)
 {
     const std::vector<LegendRow> aRows = LegendGetRows(20, SnrGetColor);
     ASSERT_EQ(aRows.size(), 8u);
-    EXPECT_EQ(aRows[0].nColour, qRgb(255, 128, 255));
-    EXPECT_EQ(aRows[3].nColour, qRgb(128, 0, 128));
-    EXPECT_EQ(aRows[4].nColour, qRgb(0, 0, 255));
-    EXPECT_EQ(aRows[6].nColour, qRgb(0, 0, 128));
-    EXPECT_EQ(aRows[7].nColour, qRgb(128, 128, 128));
+    EXPECT_EQ(aRows[0].nColor, qRgb(255, 128, 255));
+    EXPECT_EQ(aRows[3].nColor, qRgb(128, 0, 128));
+    EXPECT_EQ(aRows[4].nColor, qRgb(0, 0, 255));
+    EXPECT_EQ(aRows[6].nColor, qRgb(0, 0, 128));
+    EXPECT_EQ(aRows[7].nColor, qRgb(128, 128, 128));
 }
 
 }  // namespace

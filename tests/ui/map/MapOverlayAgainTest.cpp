@@ -8,10 +8,6 @@ namespace {
 class frmMapOverlayAgain : public MapWindow {
 protected:
     void ZoomSmall() { QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton); }
-    [[nodiscard]] QPoint PointOf(double dLat, double dLon) const
-    {
-        return m_pMap->m_view.LatLonGetPoint(dLat, dLon);
-    }
     void Wheel(QPoint pt, int nAngle)
     {
         QWheelEvent evt(pt, m_pMap->pctMap->mapToGlobal(pt), {}, {0, nAngle}, Qt::NoButton,
@@ -47,7 +43,7 @@ TEST_F(frmMapOverlayAgain, WheelRunsItAgainOnceItHasStopped)
     EXPECT_EQ(m_engine.m_aRuns.size(), 1u);
     RunAwait(2);
     EXPECT_EQ(m_engine.m_aRuns.size(), 2u);
-    EXPECT_GT(ColouredCount(), 1000);
+    EXPECT_GT(ColoredCount(), 1000);
     EXPECT_NEAR(m_engine.m_aRuns[1].dWest, m_pMap->m_view.m_box.dLeft - 360, 0.006);
     EXPECT_TRUE(m_pMap->windowTitle().startsWith(QStringLiteral("Snr Overlay, ")));
     QTest::mouseClick(m_pMap->cmdZoomOut, Qt::LeftButton);  // takes the overlay away
@@ -64,7 +60,7 @@ TEST_F(frmMapOverlayAgain, DroppedReceiverRunsItAgainAndTheTransmitterDoesNot)
     ASSERT_EQ(m_engine.m_aRuns.size(), 2u);
     EXPECT_NE(m_engine.m_aRuns[1].sDeck.substr(m_engine.m_aRuns[1].sDeck.find("Transmit :"), 40),
               m_engine.m_aRuns[0].sDeck.substr(m_engine.m_aRuns[0].sDeck.find("Transmit :"), 40));
-    EXPECT_GT(ColouredCount(), 1000);
+    EXPECT_GT(ColoredCount(), 1000);
     Drag(m_pMap->lblTx, {5, 5}, {65, 45});
     QTest::mouseClick(m_pMap->lblRc, Qt::LeftButton, {}, {5, 5});  // pressed, not moved
     EXPECT_EQ(m_engine.m_aRuns.size(), 2u);
@@ -78,7 +74,7 @@ TEST_F(frmMapOverlayAgain, PanRunsItAgain)
     Drag(m_pMap->pctMap, {400, 300}, {300, 250}, Qt::MiddleButton);
     EXPECT_TRUE(m_pMap->mnuOverlayDraw->isChecked());
     RunAwait(2);
-    EXPECT_GT(ColouredCount(), 1000);
+    EXPECT_GT(ColoredCount(), 1000);
 }
 
 TEST_F(frmMapOverlayAgain, ShowingAndHidingKeepTheView)
@@ -178,9 +174,9 @@ TEST_F(frmMapWorldBegins, SettingMovesTheEdgeAndKeepsTheCentre)
     EXPECT_EQ(m_pMap->hscMap->maximum(), 1800);
     QTest::mouseClick(m_pMap->cmdZoomOff, Qt::LeftButton);
     EXPECT_NEAR(m_pMap->m_view.CenterGet().dLon, 0, 0.001);
-    EXPECT_NE(PixelAt(47, 2), kSeaColour);   // France
-    EXPECT_NE(PixelAt(52, -2), kSeaColour);  // England
-    EXPECT_EQ(PixelAt(30, -40), kSeaColour);
+    EXPECT_NE(PixelAt(47, 2), kSeaColor);   // France
+    EXPECT_NE(PixelAt(52, -2), kSeaColor);  // England
+    EXPECT_EQ(PixelAt(30, -40), kSeaColor);
     EXPECT_LT(PointOf(52, -2).x(), PointOf(47, 2).x());
     EXPECT_NEAR(m_pMap->m_view.m_box.dTop, 90, 1e-9);
 }

@@ -15,50 +15,6 @@ protected:
     EngineFake m_engine;
 };
 
-TEST_F(frmMapOverlay, MenuListsFrequenciesAndHoursAnewEachTime)
-{
-    m_host.m_settings.m_nData = 6;
-    m_host.m_settings.m_selected = {5, 9};
-    for (int i = 0; i < 2; ++i) {
-        QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
-        ASSERT_EQ(m_pMap->mnuOverlayFrequencyData.size(), 6u);
-        ASSERT_EQ(m_pMap->mnuOverlayTimeData.size(), 24u);
-        EXPECT_EQ(m_pMap->mnuOverlayFrequency->actions().size(), 6);
-        EXPECT_EQ(m_pMap->mnuOverlayTime->actions().size(), 24);
-        m_pMap->mnuOverlay->close();
-    }
-    EXPECT_EQ(Find<QAction>("mnuOverlayFrequencyData0")->text(), QStringLiteral("2000  "));
-    EXPECT_EQ(Find<QAction>("mnuOverlayFrequencyData4")->text(), QStringLiteral("10000"));
-    EXPECT_EQ(Find<QAction>("mnuOverlayTimeData9")->text(), QStringLiteral("09:00"));
-    for (int i = 0; i < 6; ++i)
-        EXPECT_EQ(m_pMap->mnuOverlayFrequencyData[std::size_t(i)]->isChecked(), i == 4);
-    for (int i = 0; i < 24; ++i)
-        EXPECT_EQ(m_pMap->mnuOverlayTimeData[std::size_t(i)]->isChecked(), i == 8);
-    EXPECT_EQ(m_pMap->mnuOverlayDraw->text(), QStringLiteral("Display, 10000 Khz, @ 08:00"));
-    EXPECT_EQ(m_pMap->mnuOverlayFrequency->title(), QStringLiteral("Select Frequency"));
-    EXPECT_EQ(m_pMap->mnuOverlayTime->title(), QStringLiteral("Select Time"));
-}
-
-TEST_F(frmMapOverlay, MenuListsTheFrequenciesOfTheTableThatIsShown)
-{
-    Request input;
-    input.nData = 2;
-    input.afFrequency = {0.0F, 7051.0F, 18100.0F};
-    m_host.m_inputTable = input;  // a failed run has left it beside settings of 15 others
-    m_host.m_settings.m_selected = {2, 4};
-    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
-    ASSERT_EQ(m_pMap->mnuOverlayFrequencyData.size(), 2u);
-    EXPECT_EQ(m_pMap->mnuOverlayFrequencyData[0]->text(), QStringLiteral("7051  "));
-    EXPECT_EQ(m_pMap->mnuOverlayFrequencyData[1]->text(), QStringLiteral("18100"));
-    EXPECT_TRUE(m_pMap->mnuOverlayFrequencyData[1]->isChecked());
-    EXPECT_EQ(m_pMap->mnuOverlayDraw->text(), QStringLiteral("Display, 18100 Khz, @ 03:00"));
-    m_pMap->mnuOverlay->close();
-    m_pMap->mnuOverlayFrequencyData[0]->trigger();
-    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
-    EXPECT_EQ(m_pMap->mnuOverlayDraw->text(), QStringLiteral("Display, 7051 Khz, @ 03:00"));
-    m_pMap->mnuOverlay->close();
-}
-
 TEST_F(frmMapOverlay, AFailureIsToldToTheMainWindowUntilItIsDrawnOrHidden)
 {
     const MsgRecorder msg;
@@ -71,42 +27,10 @@ TEST_F(frmMapOverlay, AFailureIsToldToTheMainWindowUntilItIsDrawnOrHidden)
     EXPECT_EQ(m_host.m_sOverlayFailed, "");
     m_engine.m_fnSpoil = [](const std::string&) { return std::string(); };
     m_pMap->Update();
-    EXPECT_EQ(m_host.m_sOverlayFailed.rfind("Unable to read the overlay's grid, ", 0), 0u);
+    EXPECT_EQ(m_host.m_sOverlayFailed.rfind("Unable to read the area's grid, ", 0), 0u);
     OverlayChoose();  // hides it
     EXPECT_EQ(m_host.m_sOverlayFailed, "");
     EXPECT_EQ(msg.m_aShown.size(), 2u);
-}
-
-TEST_F(frmMapOverlay, WithoutSelectionTheFirstFrequencyAndTheCurrentHour)
-{
-    m_host.m_settings.m_selected = {-1, -1};
-    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
-    EXPECT_EQ(m_pMap->mnuOverlayDraw->text(), QStringLiteral("Display, 2000 Khz, @ 10:00"));
-    m_pMap->mnuOverlay->close();
-}
-
-TEST_F(frmMapOverlay, EmptyFrequencyListIsNoCrash)
-{
-    m_host.m_settings.m_nData = 0;
-    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
-    EXPECT_FALSE(m_pMap->mnuOverlayFrequency->isEnabled());
-    m_pMap->mnuOverlay->close();
-}
-
-TEST_F(frmMapOverlay, ChoiceHoldsAndMovesTheMainWindowsSelection)
-{
-    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
-    m_pMap->mnuOverlay->close();
-    m_pMap->mnuOverlayFrequencyData[6]->trigger();
-    m_pMap->mnuOverlayTimeData[23]->trigger();
-    EXPECT_EQ(m_host.m_settings.m_selected.iFrequency, 7);
-    EXPECT_EQ(m_host.m_settings.m_selected.iHour, 24);
-    EXPECT_FALSE(IsShown());
-    EXPECT_TRUE(m_engine.m_aRuns.empty());
-    m_host.m_settings.m_selected = {1, 1};
-    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
-    EXPECT_EQ(m_pMap->mnuOverlayDraw->text(), QStringLiteral("Display, 14000 Khz, @ 23:00"));
-    m_pMap->mnuOverlay->close();
 }
 
 TEST_F(frmMapOverlay, DrawRunsTheEngineForTheViewAndPaintsCells)
@@ -177,7 +101,7 @@ TEST_F(frmMapOverlay, SecondHalfIsNotTriedAfterTheFirstFailed)
     ASSERT_EQ(msg.m_aShown.size(), 1u);
     EXPECT_EQ(msg.m_aShown[0].sText, "Unable to execute REC533 program.");
     EXPECT_TRUE(IsShown());
-    EXPECT_EQ(ColouredCount(), 0);  // an outline map
+    EXPECT_EQ(ColoredCount(), 0);  // an outline map
     EXPECT_EQ(m_pMap->windowTitle(), QStringLiteral("Hopcast - World Map"));
 }
 
@@ -228,7 +152,7 @@ TEST_F(frmMapOverlay, ZoomButtonsBandAndScrollBarsRemoveIt)
         ASSERT_TRUE(IsShown()) << sName;
         fnCommand();
         EXPECT_FALSE(IsShown()) << sName;
-        EXPECT_GT(ColouredCount(), 1000) << sName;  // sea and land again
+        EXPECT_GT(ColoredCount(), 1000) << sName;  // sea and land again
     }
 }
 
@@ -244,11 +168,11 @@ TEST_F(frmMapOverlay, ZoomOffAndPopupLeaveAnOutlineMapWithoutCells)
     for (const auto& [sName, fnCommand] : aCommands) {
         ZoomSmall();
         OverlayChoose();
-        EXPECT_GT(ColouredCount(), 1000) << sName;
+        EXPECT_GT(ColoredCount(), 1000) << sName;
         const std::size_t nRuns = m_engine.m_aRuns.size();
         fnCommand();
         EXPECT_TRUE(IsShown()) << sName;
-        EXPECT_EQ(ColouredCount(), 0) << sName;
+        EXPECT_EQ(ColoredCount(), 0) << sName;
         EXPECT_EQ(m_engine.m_aRuns.size(), nRuns) << sName;
         EXPECT_EQ(m_pMap->windowTitle(), QStringLiteral("Hopcast - World Map")) << sName;
         OverlayChoose();  // hides it
@@ -362,13 +286,13 @@ protected:
         MsgRecorder msg;
         OverlayChoose();
         ASSERT_EQ(msg.m_aShown.size(), 1u);
-        EXPECT_EQ(msg.m_aShown[0].sText, "Unable to read the overlay's grid, " + sText);
-        EXPECT_EQ(ColouredCount(), 0);
+        EXPECT_EQ(msg.m_aShown[0].sText, "Unable to read the area's grid, " + sText);
+        EXPECT_EQ(ColoredCount(), 0);
         EXPECT_EQ(m_pMap->cursor().shape(), Qt::ArrowCursor);
         m_engine.m_fnSpoil = {};
         m_pMap->Update();
         EXPECT_EQ(msg.m_aShown.size(), 1u);
-        EXPECT_GT(ColouredCount(), 1000);
+        EXPECT_GT(ColoredCount(), 1000);
     }
 };
 
@@ -432,7 +356,7 @@ TEST_F(frmMapBadGrid, Vanished)
     OverlayChoose();
     ASSERT_EQ(msg.m_aShown.size(), 1u);
     EXPECT_EQ(msg.m_aShown[0].sText, "PropagationAreaOpenFile, File not found");
-    EXPECT_EQ(ColouredCount(), 0);
+    EXPECT_EQ(ColoredCount(), 0);
     EXPECT_FALSE(TipAt({300, 200}).contains(QStringLiteral("Snr")));
     EXPECT_EQ(msg.m_aShown.size(), 1u);
 }
@@ -445,7 +369,7 @@ TEST_F(frmMapBadGrid, PointOutsideTheWorldIsNotPainted)
     };
     OverlayChoose();
     EXPECT_TRUE(IsShown());
-    EXPECT_GT(ColouredCount(), 1000);
+    EXPECT_GT(ColoredCount(), 1000);
 }
 
 TEST_F(frmMapBadGrid, GridSizeSettingOutOfRangeIsTamed)
@@ -453,7 +377,7 @@ TEST_F(frmMapBadGrid, GridSizeSettingOutOfRangeIsTamed)
     m_host.m_settings.m_iMapOverlayGridSize = -5;
     OverlayChoose();
     EXPECT_EQ(m_engine.m_aRuns.at(0).nGridSize, 2);
-    EXPECT_GT(ColouredCount(), 1000);
+    EXPECT_GT(ColoredCount(), 1000);
 }
 
 }  // namespace

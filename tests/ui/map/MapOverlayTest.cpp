@@ -53,7 +53,7 @@ TEST(AreaBoxesOfAView, WorldThatBeginsAtLongitude180IsOneBox)
     EXPECT_EQ(OverlayGetBoxes({60, -200, 40, -150}, kEdgeDateLine), (Boxes{{40, 60, -180, -150}}));
 }
 
-const GridPoint kPoints[] = {{10, 20, 1}, {10, 30, 2}, {20, 20, 3}, {20, 30, 4}};
+const AreaPoint kPoints[] = {{10, 20, 1}, {10, 30, 2}, {20, 20, 3}, {20, 30, 4}};
 
 TEST(OverlayNearest, TakesTheNearestInPlainDegrees)
 {
@@ -70,7 +70,7 @@ TEST(OverlayNearest, FirstOfEquallyNearPointsWins)
 
 TEST(OverlayNearest, PointsHalfACircleAwayDoNotCount)
 {
-    const GridPoint aPoints[] = {{0, -90, 7}};
+    const AreaPoint aPoints[] = {{0, -90, 7}};
     EXPECT_EQ(GridGetNearest(aPoints, 0, 89.9), 7.0F);
     EXPECT_FALSE(GridGetNearest(aPoints, 0, 90));
     EXPECT_FALSE(GridGetNearest({}, 0, 0));
@@ -78,7 +78,7 @@ TEST(OverlayNearest, PointsHalfACircleAwayDoNotCount)
 
 TEST(OverlayNearest, LongitudesAreTakenTheShortWayRound)
 {
-    const GridPoint aPoints[] = {{50, -170, 1}, {50, 0, 2}, {50, 170, 3}};
+    const AreaPoint aPoints[] = {{50, -170, 1}, {50, 0, 2}, {50, 170, 3}};
     EXPECT_EQ(GridGetNearest(aPoints, 50, 179), 3.0F);
     EXPECT_EQ(GridGetNearest(aPoints, 50, -179), 1.0F);
     EXPECT_EQ(GridGetNearest(aPoints, 50, 359), 2.0F);
@@ -88,8 +88,8 @@ TEST(OverlayNearest, PointsOfEveryBoxAreKept)
 {
     OverlayGrid grid;
     EXPECT_TRUE(grid.IsEmpty());
-    grid.Add(std::vector<GridPoint>{{50, 10, 1}});
-    grid.Add(std::vector<GridPoint>{{50, -10, 2}});
+    grid.Add(std::vector<AreaPoint>{{50, 10, 1}});
+    grid.Add(std::vector<AreaPoint>{{50, -10, 2}});
     EXPECT_EQ(grid.SnrGet(52, 13), 1.0F);
     EXPECT_EQ(grid.SnrGet(52, -13), 2.0F);
     grid.Clear();
@@ -142,7 +142,7 @@ TEST_F(OverlayCells, EveryPixelOfTheWorldIsPaintedOnce)
         for (int iLat = 0; iLat < 40; ++iLat)
             for (int iLon = 0; iLon < 40; ++iLon) {
                 const auto Print = [](double dValue) { return std::round(dValue * 1e4) / 1e4; };
-                const GridPoint pnt{Print(box.dBottom + iLat * (box.dTop - box.dBottom) / 39),
+                const AreaPoint pnt{Print(box.dBottom + iLat * (box.dTop - box.dBottom) / 39),
                                     Print(box.dLeft + iLon * (box.dRight - box.dLeft) / 39), 50};
                 const QRect rct = CellGetRect(m_view, cell, pnt);
                 for (int y = rct.top(); y <= rct.bottom(); ++y)
@@ -170,7 +170,7 @@ TEST_F(OverlayCells, CloseViewHasNoStripes)
         for (const AreaBox& boxWanted : OverlayGetBoxes(view.m_box, view.m_dEdge)) {
             const AreaBox box = AreaBoxPrinted(boxWanted);
             const CellPaint cell{box, boxWanted, 40, 20.0F, SnrGetColor};
-            std::vector<GridPoint> aPoints;
+            std::vector<AreaPoint> aPoints;
             for (int iLat = 0; iLat < 40; ++iLat)
                 for (int iLon = 0; iLon < 40; ++iLon) {
                     const auto Print = [](double dValue) { return std::round(dValue * 1e4) / 1e4; };
@@ -192,7 +192,7 @@ TEST_F(OverlayCells, DensePictureIsPaintedToItsOwnPixels)
     QImage img(720, 676, QImage::Format_RGB32);
     img.setDevicePixelRatio(2);
     img.fill(Qt::white);
-    const GridPoint aPoints[] = {{0, 60.3, 66.0F}};
+    const AreaPoint aPoints[] = {{0, 60.3, 66.0F}};
     CellsPaint(img, m_view, CellMake({-20, 20, 40.3, 80.3}, 5), aPoints);
     EXPECT_EQ(img.pixel(110, 338), qRgb(255, 255, 255));  // the cell begins at 55.3 degrees
     EXPECT_EQ(img.pixel(111, 338), qRgb(255, 0, 255));
@@ -203,7 +203,7 @@ TEST_F(OverlayCells, DensePictureIsPaintedToItsOwnPixels)
 TEST_F(OverlayCells, PointAtTheMinimumIsPaintedAndOneBelowIsNot)
 {
     const CellPaint cell = CellMake({-20, 20, 40, 80}, 5);
-    const GridPoint aPoints[] = {{0, 50, 20.0F}, {0, 70, 19.9F}};
+    const AreaPoint aPoints[] = {{0, 50, 20.0F}, {0, 70, 19.9F}};
     CellsPaint(m_img, m_view, cell, aPoints);
     EXPECT_EQ(m_img.pixel(50, 169), qRgb(128, 128, 128));
     EXPECT_EQ(m_img.pixel(70, 169), qRgb(255, 255, 255));
@@ -212,7 +212,7 @@ TEST_F(OverlayCells, PointAtTheMinimumIsPaintedAndOneBelowIsNot)
 TEST_F(OverlayCells, NotANumberIsNotPainted)
 {
     const CellPaint cell = CellMake({-20, 20, 40, 80}, 5);
-    const GridPoint aPoints[] = {{0, 50, std::nanf("")}};
+    const AreaPoint aPoints[] = {{0, 50, std::nanf("")}};
     CellsPaint(m_img, m_view, cell, aPoints);
     EXPECT_EQ(m_img.pixel(50, 169), qRgb(255, 255, 255));
 }
@@ -220,7 +220,7 @@ TEST_F(OverlayCells, NotANumberIsNotPainted)
 TEST_F(OverlayCells, BlackStaysBlack)
 {
     m_img.setPixel(60, 169, qRgb(0, 0, 0));
-    const GridPoint aPoints[] = {{0, 60, 66.0F}};
+    const AreaPoint aPoints[] = {{0, 60, 66.0F}};
     CellsPaint(m_img, m_view, CellMake({-20, 20, 40, 80}, 5), aPoints);
     EXPECT_EQ(m_img.pixel(60, 169), qRgb(0, 0, 0));
     EXPECT_EQ(m_img.pixel(61, 169), qRgb(255, 0, 255));
@@ -228,7 +228,7 @@ TEST_F(OverlayCells, BlackStaysBlack)
 
 TEST_F(OverlayCells, PointOutsideTheWorldPaintsNothing)
 {
-    const GridPoint aPoints[] = {
+    const AreaPoint aPoints[] = {
         {500, 60, 66.0F}, {0, 5000, 66.0F}, {-1e300, 1e300, 66.0F}, {0, 300, 66.0F}};
     const QImage imgBefore = m_img;
     CellsPaint(m_img, m_view, CellMake({-20, 20, 40, 80}, 5), aPoints);

@@ -103,9 +103,9 @@ TEST(MapPaint, MaskPenKeepsBlackAndColoursWhite)
 {
     QImage img = PictureMake({"..#.....", "..#.....", "########", "..#.....", "..#.gggg",
                               "........", "........", "........"});
-    const QRgb nColour = qRgb(192, 0, 192);
-    BoxMaskPen(img, QRect(1, 1, 5, 4), nColour);
-    EXPECT_EQ(img.pixel(1, 1), nColour);
+    const QRgb nColor = qRgb(192, 0, 192);
+    BoxMaskPen(img, QRect(1, 1, 5, 4), nColor);
+    EXPECT_EQ(img.pixel(1, 1), nColor);
     EXPECT_EQ(img.pixel(2, 1), LetterGet('#'));
     EXPECT_EQ(img.pixel(4, 2), LetterGet('#'));
     EXPECT_EQ(img.pixel(5, 4), qRgb(128, 0, 128));  // 0x80 and 0xC0
@@ -158,13 +158,6 @@ TEST(MapPaint, OtherFormatsStayAsTheyAre)
     ImageOutline(imgNone);
     RectInvert(imgNone, QRect(0, 0, 5, 5));
     EXPECT_TRUE(imgNone.isNull());
-}
-
-TEST(MapPaint, ColourHasRedInTheLowByte)
-{
-    EXPECT_EQ(PixelFromColour(0x00FF80FF), qRgb(255, 128, 255));
-    EXPECT_EQ(PixelFromColour(0x00800000), qRgb(0, 0, 128));
-    EXPECT_EQ(PixelFromColour(0x000000FF), qRgb(255, 0, 0));
 }
 
 }  // namespace

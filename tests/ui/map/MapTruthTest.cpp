@@ -3,6 +3,7 @@
 
 #include "MapFakes.h"
 #include "propagation/AreaBoxes.h"
+#include "propagation/PropagationAreaLib.h"
 #include "propagation/Request.h"
 #include "support/NeedVoacapl.h"
 #include "support/PropertyRandom.h"
@@ -70,12 +71,9 @@ protected:
         input.dWest = std::min(std::round(pos.dLon / kHundredth) * kHundredth, 179.99);
         input.dNorth = input.dSouth + kHundredth;
         input.dEast = input.dWest + kHundredth;
-        AreaFile file;
-        EXPECT_FALSE(PropagationAreaOpen(input, file));
-        EXPECT_FALSE(PropagationAreaOpenFile(input.iModel, file));
-        const auto resPoints = GridRead(file, 4);
-        EXPECT_TRUE(resPoints) << resPoints.TextGet();
-        const auto fSnr = GridGetNearest(resPoints.ValueGet(), input.dSouth, input.dWest);
+        std::vector<AreaPoint> aPoints;
+        EXPECT_TRUE(AreaPointsRead(input, aPoints).empty());
+        const auto fSnr = GridGetNearest(aPoints, input.dSouth, input.dWest);
         EXPECT_TRUE(fSnr);
         return fSnr.value_or(999.0F);
     }
@@ -123,11 +121,11 @@ void MapTruth::PointsCheck()
         const QPoint pt = PointAny();
         const LatLon pos = GridPointOf(PositionOf(pt));
         const float fTip = SnrOfTip(pt);
-        const std::uint32_t nColour = m_host.SnrGetColor(fTip);
+        const std::uint32_t nColor = m_host.SnrGetColor(fTip);
         const QRgb nWanted =
             fTip < m_host.m_settings.m_fMapOverlayMinSnr
                 ? qRgb(255, 255, 255)
-                : qRgb(int(nColour & 255), int(nColour >> 8 & 255), int(nColour >> 16 & 255));
+                : qRgb(int(nColor & 255), int(nColor >> 8 & 255), int(nColor >> 16 & 255));
         EXPECT_EQ(m_pMap->pctMap->m_img.pixel(pt), nWanted) << pos.dLat << " " << pos.dLon;
         EXPECT_NEAR(fTip, SnrAlone(pos), kTolerance) << pos.dLat << " " << pos.dLon;
     }

@@ -47,16 +47,16 @@ QRect ViewGet(double dLat, double dLon, double dSpan)
     return {LonGetX(dLon) - nWidth / 2, LatGetY(dLat) - nHeight / 2, nWidth, nHeight};
 }
 
-QRgb PlaceGetColour(double dLat, double dLon)
+QRgb PlaceGetColor(double dLat, double dLon)
 {
     return ViewPaint({LonGetX(dLon), LatGetY(dLat), 1, 1}, 1, 1).pixel(0, 0);
 }
 
-QRgb CountryGetColour(const char* sName)
+QRgb CountryGetColor(const char* sName)
 {
     for (const MapCountry& cty : WorldMapGet().m_aCountries)
         if (cty.m_sName == sName)
-            return kLandColours[std::size_t(cty.m_nColour)];
+            return kLandColors[std::size_t(cty.m_nColor)];
     ADD_FAILURE() << sName;
     return kPaper;
 }
@@ -76,8 +76,8 @@ class WorldImagePlace : public testing::TestWithParam<Place> {};
 TEST_P(WorldImagePlace, HasTheColourOfItsCountry)
 {
     const Place& plc = GetParam();
-    EXPECT_EQ(PlaceGetColour(plc.dLat, plc.dLon),
-              plc.sCountry == nullptr ? kSeaColour : CountryGetColour(plc.sCountry));
+    EXPECT_EQ(PlaceGetColor(plc.dLat, plc.dLon),
+              plc.sCountry == nullptr ? kSeaColor : CountryGetColor(plc.sCountry));
 }
 
 // Positions from any atlas, some way inland or offshore.
@@ -135,19 +135,19 @@ TEST(WorldImage, ReachesBeyond83Degrees)
 
 TEST(WorldImage, ColoursAreDistinctAndNeitherBlackNorWhite)
 {
-    std::set<QRgb> setColours(kLandColours.begin(), kLandColours.end());
-    setColours.insert(kSeaColour);
-    EXPECT_EQ(setColours.size(), kLandColours.size() + 1);
-    EXPECT_EQ(setColours.count(qRgb(0, 0, 0)), 0u);
-    EXPECT_EQ(setColours.count(qRgb(255, 255, 255)), 0u);
-    for (const QRgb nColour : setColours)
-        EXPECT_GT(std::abs(qGray(nColour) - 128), 40) << "grey lines must show on every colour";
+    std::set<QRgb> setColors(kLandColors.begin(), kLandColors.end());
+    setColors.insert(kSeaColor);
+    EXPECT_EQ(setColors.size(), kLandColors.size() + 1);
+    EXPECT_EQ(setColors.count(qRgb(0, 0, 0)), 0u);
+    EXPECT_EQ(setColors.count(qRgb(255, 255, 255)), 0u);
+    for (const QRgb nColor : setColors)
+        EXPECT_GT(std::abs(qGray(nColor) - 128), 40) << "grey lines must show on every colour";
 }
 
 TEST(WorldImage, HasNoColourButTheFlatOnes)
 {
-    std::set<QRgb> setFlat(kLandColours.begin(), kLandColours.end());
-    setFlat.insert(kSeaColour);
+    std::set<QRgb> setFlat(kLandColors.begin(), kLandColors.end());
+    setFlat.insert(kSeaColor);
     for (const double dSpan : {360.0, 120.0, 30.0, 5.0, 0.5}) {
         const QImage img = ViewPaint(ViewGet(46.2, 6.1 + dSpan / 2, dSpan), 600, 350);
         std::set<QRgb> setSeen;
@@ -167,7 +167,7 @@ TEST(WorldImage, ChukotkaAndWrangelHaveNoSeamAt180)
             const QImage img = ViewPaint(rct, 1200, 700);
             const int nHalf = std::min(20, int(0.3 / dSpan * 1200));  // Wrangel is 4 degrees wide
             for (int x = 600 - nHalf; x < 600 + nHalf; ++x)
-                EXPECT_EQ(img.pixel(x, 350), CountryGetColour("Russia")) << dLat << " " << dSpan;
+                EXPECT_EQ(img.pixel(x, 350), CountryGetColor("Russia")) << dLat << " " << dSpan;
         }
 }
 
@@ -178,7 +178,7 @@ TEST(WorldImage, TaveuniHasNoSeamAt180)
         const QImage img = ViewPaint(ViewGet(-16.88, 180.0, dSpan), 1200, 700);
         const int nHalf = int(0.05 / dSpan * 1200);
         for (int x = 600 - nHalf; x < 600 + nHalf; ++x)
-            EXPECT_EQ(img.pixel(x, 350), CountryGetColour("Fiji")) << x << " " << dSpan;
+            EXPECT_EQ(img.pixel(x, 350), CountryGetColor("Fiji")) << x << " " << dSpan;
     }
 }
 
@@ -192,7 +192,7 @@ TEST(WorldImage, CoastsMatchAtTheTwoEdges)
     int nBorders = 0;
     for (int y = 0; y < kRows; ++y) {
         nDifferent += imgLeft.pixel(0, y) != imgRight.pixel(0, y);
-        nLand += imgLeft.pixel(0, y) != kSeaColour;
+        nLand += imgLeft.pixel(0, y) != kSeaColor;
         nBorders += y > 0 && imgLeft.pixel(0, y) != imgLeft.pixel(0, y - 1);
     }
     EXPECT_LE(nDifferent, 1);  // a coast may pass between two rows
@@ -281,7 +281,7 @@ TEST(WorldImage, NoIslandStateIsLostInTheWholeWorld)
         const QPoint ptn(LonGetX(plc.dLon) / 500, LatGetY(plc.dLat) / 500);
         int nLand = 0;
         for (int i = 0; i < 9; ++i)
-            nLand += img.pixel(ptn.x() - 1 + i % 3, ptn.y() - 1 + i / 3) != kSeaColour;
+            nLand += img.pixel(ptn.x() - 1 + i % 3, ptn.y() - 1 + i / 3) != kSeaColor;
         EXPECT_GE(nLand, 1) << plc.sName;
         EXPECT_LE(nLand, 6) << plc.sName;
     }
@@ -323,7 +323,7 @@ TEST(WorldImage, ExtremeViewsAreHarmless)
     const QImage img = ViewPaint({-kFar, -kFar, kFar + kImgWidth, kFar + kImgHeight}, 9, 9);
     EXPECT_EQ(img.pixel(0, 0), kPaper);
     const QImage imgClose = ViewPaint({LonGetX(10.0), LatGetY(52.0), 1, 1}, 50, 50);
-    EXPECT_EQ(imgClose.pixel(49, 49), CountryGetColour("Germany"));
+    EXPECT_EQ(imgClose.pixel(49, 49), CountryGetColor("Germany"));
 }
 
 TEST(WorldImage, BeginningAtLongitude180ItShowsTheSameWorldTurnedByHalf)

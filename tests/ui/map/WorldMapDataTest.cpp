@@ -25,7 +25,7 @@ const Bytes kSmallMap{
     1, 3, 2, 4, 4, 0, 0, 0xD4, 0x04,
     1, 1, 2, 4};
 // clang-format on
-constexpr std::size_t kSmallColour = 16;
+constexpr std::size_t kSmallColor = 16;
 constexpr std::size_t kSmallRings = 17;
 
 Bytes BuiltInBytes()
@@ -71,7 +71,7 @@ TEST(WorldMapData, SmallMapIsRead)
     ASSERT_EQ(map.m_aCountries.size(), 1u);
     const MapCountry& cty = map.m_aCountries[0];
     EXPECT_EQ(cty.m_sName, "Ab");
-    EXPECT_EQ(cty.m_nColour, 3);
+    EXPECT_EQ(cty.m_nColor, 3);
     ASSERT_EQ(cty.m_aLevels.size(), 2u);
     ASSERT_EQ(cty.m_aLevels[0].size(), 1u);
     const MapRing& rng = cty.m_aLevels[0][0];
@@ -115,7 +115,7 @@ TEST(WorldMapData, ValuesOutOfRangeAreRefused)
                                {"no levels", 9, 0},
                                {"level 0 not exact", 10, 1},
                                {"more countries", 12, 2},
-                               {"colour", kSmallColour, 6},
+                               {"colour", kSmallColor, 6},
                                {"no rings", kSmallRings, 0},
                                {"no points", kSmallRings + 1, 0}};
     for (const Damage& dmg : aDamages) {
@@ -198,7 +198,7 @@ TEST(WorldMapData, NoTwoNeighboursHaveOneColour)
         }
     EXPECT_GT(setBorders.size(), 300u);  // the world has somewhat more than 300 land borders
     for (const auto& [nOne, nTwo] : setBorders)
-        EXPECT_NE(map.m_aCountries[nOne].m_nColour, map.m_aCountries[nTwo].m_nColour)
+        EXPECT_NE(map.m_aCountries[nOne].m_nColor, map.m_aCountries[nTwo].m_nColor)
             << map.m_aCountries[nOne].m_sName << ", " << map.m_aCountries[nTwo].m_sName;
 }
 

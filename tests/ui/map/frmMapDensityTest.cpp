@@ -49,12 +49,12 @@ TEST_F(frmMapDensity, CellsLieUnderTheirPositions)
     engine.m_fnSnr = [](double, double dLon) { return dLon < -116 ? 52.0 : 66.0; };
     QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton);
     OverlayChoose();
-    const auto ColourAt = [&](double dLat, double dLon) {
+    const auto ColorAt = [&](double dLat, double dLon) {
         return m_pMap->pctMap->m_img.pixel(m_pMap->m_view.LatLonGetPoint(dLat, dLon)
                                            * DensityGet());
     };
-    EXPECT_EQ(ColourAt(30.3, -119.3), qRgb(0, 0, 255));
-    EXPECT_EQ(ColourAt(30.3, -113.3), qRgb(255, 0, 255));
+    EXPECT_EQ(ColorAt(30.3, -119.3), qRgb(0, 0, 255));
+    EXPECT_EQ(ColorAt(30.3, -113.3), qRgb(255, 0, 255));
 }
 
 TEST(GraticuleDense, DensePictureGetsLinesAtItsOwnPixels)

@@ -156,11 +156,11 @@ void frmMapWalk::OverlayCheck()
         for (int x = -2; x <= 2; ++x)
             if (rct.contains(pt + QPoint(x, y)))
                 setNear.insert(m_pMap->pctMap->m_img.pixel(pt + QPoint(x, y)));
-    const std::uint32_t nColour = m_host.SnrGetColor(fSnr);
+    const std::uint32_t nColor = m_host.SnrGetColor(fSnr);
     const QRgb nWanted =
         fSnr < m_host.m_settings.m_fMapOverlayMinSnr
             ? qRgb(255, 255, 255)
-            : qRgb(int(nColour & 255), int(nColour >> 8 & 255), int(nColour >> 16 & 255));
+            : qRgb(int(nColor & 255), int(nColor >> 8 & 255), int(nColor >> 16 & 255));
     // A line or a label may lie above the cell.
     EXPECT_TRUE(setNear.count(nWanted) == 1 || setNear.count(qRgb(0, 0, 0)) == 1
                 || setNear.count(kMapBackground) == 1)

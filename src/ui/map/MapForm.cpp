@@ -1,0 +1,178 @@
+#include "ui/map/MapForm.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kPictureSide = 20;
+
+QPushButton* ButtonMake(QWidget* pWindow, const QString& sName, const QString& sText)
+{
+    auto* pButton = new QPushButton(sText, pWindow);
+    pButton->setObjectName(sName);
+    pButton->resize(pWindow->fontMetrics().horizontalAdvance(sText), pButton->sizeHint().height());
+    return pButton;
+}
+
+/// A button that shows a picture in place of a text.
+void ButtonSetTip(QAbstractButton* pButton, const QString& sTip, int nHeight)
+{
+    pButton->setToolTip(sTip);
+    pButton->setAccessibleName(sTip);
+    pButton->setIconSize(QSize(kPictureSide, kPictureSide));
+    pButton->resize(kPictureSide, nHeight);
+}
+
+QToolButton* ToggleMake(QWidget* pWindow, const QString& sName, const QString& sPicture)
+{
+    auto* pToggle = new QToolButton(pWindow);
+    pToggle->setObjectName(sName);
+    pToggle->setCheckable(true);
+    pToggle->setIcon(MapPictureGet(sPicture));
+    pToggle->setFocusPolicy(Qt::StrongFocus);
+    return pToggle;
+}
+
+QMenu* MenuMake(QWidget* pWindow, const QString& sName)
+{
+    auto* pMenu = new QMenu(pWindow);
+    pMenu->setObjectName(sName);
+    return pMenu;
+}
+
+QMenu* MenuAdd(QMenu* pMenu, const QString& sName, const QString& sText)
+{
+    QMenu* pAdded = pMenu->addMenu(sText);
+    pAdded->setObjectName(sName);
+    return pAdded;
+}
+
+}  // namespace
+
+MapForm::MapForm(QWidget* pWindow)
+{
+    MapMake(pWindow);
+    BarsMake();
+    ButtonsMake(pWindow);
+    MenusMake(pWindow);
+    for (MarkerLabel* pMarker : {lblRc, lblTx}) QWidget::setTabOrder(cmdApply, pMarker);
+}
+
+void MapForm::MapMake(QWidget* pWindow)
+{
+    pctFrame = new QFrame(pWindow);
+    pctFrame->setObjectName(QStringLiteral("pctFrame"));
+    pctFrame->setFrameShape(QFrame::Box);
+    pctMap = new PctMap(pctFrame);
+    pctMap->setObjectName(QStringLiteral("pctMap"));
+    lblRc = new MarkerLabel(QStringLiteral("Rc"), true, pctMap);
+    lblRc->setObjectName(QStringLiteral("lblRc"));
+    lblRc->setAccessibleName(QStringLiteral("Receiver"));
+    lblTx = new MarkerLabel(QStringLiteral("Tx"), false, pctMap);
+    lblTx->setObjectName(QStringLiteral("lblTx"));
+    lblTx->setAccessibleName(QStringLiteral("Transmitter"));
+}
+
+void MapForm::BarsMake()
+{
+    hscMap = new QScrollBar(Qt::Horizontal, pctFrame);
+    hscMap->setObjectName(QStringLiteral("hscMap"));
+    vscMap = new QScrollBar(Qt::Vertical, pctFrame);
+    vscMap->setObjectName(QStringLiteral("vscMap"));
+    vscMap->setRange(-840, 840);  // tenths of a degree, to the image's edges
+    for (QScrollBar* pBar : {hscMap, vscMap}) pBar->setFocusPolicy(Qt::StrongFocus);
+    txtCursor = new QLineEdit(pctFrame);
+    txtCursor->setObjectName(QStringLiteral("txtCursor"));
+    txtCursor->setAccessibleName(QStringLiteral("Position"));
+    txtCursor->setReadOnly(true);
+    txtCursor->setFocusPolicy(Qt::NoFocus);
+    txtCursor->setAlignment(Qt::AlignCenter);
+    txtCursor->resize(0, txtCursor->sizeHint().height());
+    txtCursor->hide();
+}
+
+void MapForm::ButtonsMake(QWidget* pWindow)
+{
+    const auto TextMake = [pWindow](const QString& sName, const QString& sText) {
+        return ButtonMake(pWindow, sName, sText);
+    };
+    cmdZoomIn = TextMake(QStringLiteral("cmdZoomIn"), QStringLiteral("Zoom In"));
+    cmdZoomOut = TextMake(QStringLiteral("cmdZoomOut"), QStringLiteral("Zoom Out"));
+    cmdZoomOff = TextMake(QStringLiteral("cmdZoomOff"), QStringLiteral("Zoom Off"));
+    cmdZoomTxRc =
+        TextMake(QStringLiteral("cmdZoomTxRc"), QStringLiteral("Zoom to Transmitter and Receiver"));
+    const int nHeight = cmdZoomOff->height();
+    cmdOverlay = TextMake(QStringLiteral("cmdOverlay"), {});
+    ButtonSetTip(cmdOverlay, QStringLiteral("Display Snr Overlay (Snr vs Range from Rc)"), nHeight);
+    cmdStations = TextMake(QStringLiteral("cmdStations"), {});
+    ButtonSetTip(cmdStations, QStringLiteral("Display AirMail Stations"), nHeight);
+    chkPath = ToggleMake(pWindow, QStringLiteral("chkPath"), QStringLiteral("Path"));
+    ButtonSetTip(chkPath, QStringLiteral("Great-circle path between transmitter and receiver"),
+                 nHeight);
+    chkNight = ToggleMake(pWindow, QStringLiteral("chkNight"), QStringLiteral("Night"));
+    ButtonSetTip(chkNight, QStringLiteral("Day/night line at the overlay's hour and month"),
+                 nHeight);
+    cmdOk = TextMake(QStringLiteral("cmdOk"), QStringLiteral("OK"));
+    cmdCancel = TextMake(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
+    cmdApply = TextMake(QStringLiteral("cmdApply"), QStringLiteral("Apply"));
+    for (QPushButton* pButton : {cmdOk, cmdApply})
+        pButton->resize(cmdCancel->width(), cmdCancel->height());
+}
+
+void MapForm::MenusMake(QWidget* pWindow)
+{
+    mnuMap = MenuMake(pWindow, QStringLiteral("mnuMap"));
+    mnuMapCenter = ItemMake(mnuMap, QStringLiteral("mnuMapCenter"), QStringLiteral("Center"));
+    mnuMapZoomIn =
+        ItemMake(mnuMap, QStringLiteral("mnuMapZoomIn"), QStringLiteral("Center, Zoom In"));
+    mnuMapZoomOut =
+        ItemMake(mnuMap, QStringLiteral("mnuMapZoomOut"), QStringLiteral("Center, Zoom Out"));
+    mnuOverlay = MenuMake(pWindow, QStringLiteral("mnuOverlay"));
+    mnuOverlayFrequency = MenuAdd(mnuOverlay, QStringLiteral("mnuOverlayFrequency"),
+                                  QStringLiteral("Select Frequency"));
+    mnuOverlayTime =
+        MenuAdd(mnuOverlay, QStringLiteral("mnuOverlayTime"), QStringLiteral("Select Time"));
+    mnuOverlaySeparator = mnuOverlay->addSeparator();
+    mnuOverlaySeparator->setObjectName(QStringLiteral("mnuOverlaySeparator"));
+    mnuOverlayDraw = ItemMake(mnuOverlay, QStringLiteral("mnuOverlayDraw"),
+                              QStringLiteral("Display 1000.0 Khz @ 10:00"));
+    mnuOverlayDraw->setCheckable(true);
+    mnuStations = MenuMake(pWindow, QStringLiteral("mnuStations"));
+    mnuStation = MenuMake(pWindow, QStringLiteral("mnuStation"));
+    mnuStationSetRc =
+        ItemMake(mnuStation, QStringLiteral("mnuStationSetRc"), QStringLiteral("Set as Receiver"));
+    mnuStationSetTx = ItemMake(mnuStation, QStringLiteral("mnuStationSetTx"),
+                               QStringLiteral("Set as Transmitter"));
+}
+
+QAction* MapForm::ItemMake(QMenu* pMenu, const QString& sName, const QString& sText)
+{
+    QAction* pItem = pMenu->addAction(sText);
+    pItem->setObjectName(sName);
+    return pItem;
+}
+
+std::vector<QAbstractButton*> MapForm::RowGet() const
+{
+    return {cmdZoomIn, cmdZoomOut, cmdZoomOff, cmdZoomTxRc, cmdOverlay, cmdStations,
+            chkPath,   chkNight,   cmdOk,      cmdCancel,   cmdApply};
+}
+
+LatLon MapForm::PointGetLatLon(const QWidget* pControl, double dX, double dY) const
+{
+    if (pControl == pctMap)
+        return m_view.PointGetLatLon(MapControl::Map, dX, dY);
+    if (pControl == pctFrame)
+        return m_view.PointGetLatLon(MapControl::Frame, dX, dY);
+    if (pControl == lblRc || pControl == lblTx)
+        return m_view.PointGetLatLon(MapControl::Marker, dX, dY, pControl->geometry());
+    return m_view.PointGetLatLon(MapControl::Other, dX, dY);
+}
+
+QPoint MapForm::LatLonGetPoint(double dLat, double dLon) const
+{
+    // Windows cannot stand further away than this.
+    constexpr int kFar = 30000;
+    const QPoint pt = m_view.LatLonGetPoint(dLat, dLon);
+    return {std::clamp(pt.x(), -kFar, kFar), std::clamp(pt.y(), -kFar, kFar)};
+}

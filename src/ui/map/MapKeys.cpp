@@ -1,0 +1,56 @@
+#include "ui/map/MapKeys.h"
+
+#include <QShortcut>
+#include <functional>
+#include <utility>
+
+#include "ui/map/MapMouse.h"
+#include "ui/map/MapNavigation.h"
+
+namespace {
+
+constexpr double kKeyShare = 1.0 / 20;  // of the view
+
+}  // namespace
+
+MapKeys::MapKeys(QWidget& window, MapForm& form, MapNavigation& navigation, MapMouse& mouse)
+    : m_form(form), m_navigation(navigation), m_mouse(mouse)
+{
+    const std::pair<Qt::Key, std::function<void()>> aKeys[] = {
+        {Qt::Key_Left, [this] { ArrowPress(-1, 0); }},
+        {Qt::Key_Right, [this] { ArrowPress(1, 0); }},
+        {Qt::Key_Up, [this] { ArrowPress(0, -1); }},
+        {Qt::Key_Down, [this] { ArrowPress(0, 1); }},
+        {Qt::Key_Plus, [this] { m_form.cmdZoomIn->click(); }},
+        {Qt::Key_Minus, [this] { m_form.cmdZoomOut->click(); }},
+        {Qt::Key_0, [this] { m_form.cmdZoomOff->click(); }},
+        {Qt::Key_Escape, [this] { EscapePress(); }},
+        {Qt::Key_Return, [this] { EnterPress(); }},
+        {Qt::Key_Enter, [this] { EnterPress(); }},
+    };
+    for (const auto& [eKey, fnAct] : aKeys)
+        connect(new QShortcut(QKeySequence(eKey), &window), &QShortcut::activated, this, fnAct);
+}
+
+/// Enter is OK, save on the two buttons beside it: nobody who stands on Cancel wants to apply.
+void MapKeys::EnterPress()
+{
+    for (QPushButton* pButton : {m_form.cmdCancel, m_form.cmdApply})
+        if (pButton->hasFocus()) {
+            pButton->click();
+            return;
+        }
+    m_form.cmdOk->click();
+}
+
+void MapKeys::EscapePress()
+{
+    if (!m_mouse.Leave())
+        m_form.cmdCancel->click();
+}
+
+void MapKeys::ArrowPress(int nByX, int nByY)
+{
+    if (!m_mouse.IsBusy())
+        m_navigation.ViewShift(nByX * kKeyShare, nByY * kKeyShare);
+}

@@ -1,0 +1,29 @@
+/// @file MapKeys.h
+/// The keys of the map window, all of them; a focused marker takes its arrow keys before.
+///
+/// Keys:    arrows move the view, + - 0 zoom, Enter is OK, Esc ends what the mouse does, else it is
+///          Cancel.
+/// Tests:   tests/ui/map/MapKeysTest.cpp
+#pragma once
+
+#include <QObject>
+
+#include "ui/map/MapForm.h"
+
+class MapMouse;
+class MapNavigation;
+
+class MapKeys final : public QObject {
+    Q_OBJECT
+public:
+    MapKeys(QWidget& window, MapForm& form, MapNavigation& navigation, MapMouse& mouse);
+
+private:
+    void EnterPress();
+    void EscapePress();
+    void ArrowPress(int nByX, int nByY);
+
+    MapForm& m_form;
+    MapNavigation& m_navigation;
+    MapMouse& m_mouse;
+};

@@ -1,0 +1,52 @@
+/// @file MapMarkers.h
+/// The two markers of the map: they stand on the working copies of the places and change them when
+/// they are dragged or moved by keys; tooltip and read-out tell where.
+///
+/// Units:   degrees, pixels of the map picture.
+/// Tests:   tests/ui/map/MapMarkersTest.cpp
+#pragma once
+
+#include <QObject>
+#include <QPointF>
+
+#include "ui/map/MapForm.h"
+
+class QMouseEvent;
+
+class MapMarkers final : public QObject {
+    Q_OBJECT
+public:
+    explicit MapMarkers(MapForm& form);
+
+    /// Places a marker on its working copy.
+    void DrawRc() { MarkerPlace(m_form.lblRc); }
+    void DrawTx() { MarkerPlace(m_form.lblTx); }
+    /// Moves a marker to a place.
+    void PlaceSet(MarkerLabel* pMarker, const LatLon& pos);
+    /// False when a marker stands beyond a pole and so has no place; the read-out says so.
+    [[nodiscard]] bool PlacesCheck();
+
+    [[nodiscard]] bool IsDragging() const { return m_pDragged != nullptr; }
+    /// Puts the dragged marker back to where it was.
+    void DragLeave();
+
+Q_SIGNALS:
+    void MenuWanted(QWidget* pMarker, const QMouseEvent* pEvent);
+    void ReceiverMoved();
+    /// At the end of a drag that has moved the receiver.
+    void ReceiverDropped();
+
+private:
+    [[nodiscard]] LatLon& PlaceOf(const MarkerLabel* pMarker);
+    void MarkerPlace(MarkerLabel* pMarker);
+    void MouseDown(MarkerLabel* pMarker, const QMouseEvent* pEvent);
+    void MouseMove(MarkerLabel* pMarker, const QMouseEvent* pEvent);
+    void MouseUp(MarkerLabel* pMarker, const QMouseEvent* pEvent);
+    void KeyMove(MarkerLabel* pMarker, int nByX, int nByY);
+    void TextShow(MarkerLabel* pMarker);
+
+    MapForm& m_form;
+    MarkerLabel* m_pDragged = nullptr;
+    QPointF m_ptDown;     // last mouse-down, in the marker's pixels
+    LatLon m_posDragged;  // the dragged marker's place before
+};

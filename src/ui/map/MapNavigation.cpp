@@ -1,0 +1,121 @@
+#include "ui/map/MapNavigation.h"
+
+#include <QMouseEvent>
+
+#include "settings/Settings.h"
+
+namespace {
+
+double EdgeOfSetting(const Settings& settings)
+{
+    return settings.m_iMapWorldBegins == -180 ? kEdgeDateLine : kEdgeGreenwich;
+}
+
+}  // namespace
+
+MapNavigation::MapNavigation(MapForm& form) : m_form(form)
+{
+    connect(form.cmdZoomIn, &QPushButton::clicked, this, [this] { ZoomAroundMiddle(0.5); });
+    connect(form.cmdZoomOut, &QPushButton::clicked, this, [this] { ZoomAroundMiddle(2.0); });
+    connect(form.cmdZoomOff, &QPushButton::clicked, this, &MapNavigation::cmdZoomOffClick);
+    connect(form.cmdZoomTxRc, &QPushButton::clicked, this, &MapNavigation::cmdZoomTxRcClick);
+    connect(form.mnuMapCenter, &QAction::triggered, this, [this] { mnuMapZoom(1.0); });
+    connect(form.mnuMapZoomIn, &QAction::triggered, this, [this] { mnuMapZoom(0.5); });
+    connect(form.mnuMapZoomOut, &QAction::triggered, this, [this] { mnuMapZoom(2.0); });
+}
+
+void MapNavigation::ViewSet(const MapBox& box)
+{
+    m_bAskedBox = true;
+    m_boxAsked = box;
+    ZoomSet(m_form.m_view.ZoomKeepSeen(m_form.m_view.BoxGetZoom(box)));
+}
+
+void MapNavigation::ViewRestore()
+{
+    const LatLon center = m_form.m_view.CenterGet();
+    if (m_bAskedBox)
+        ViewSet(m_boxAsked);
+    else
+        ZoomSet({m_form.m_view.m_dScale, center.dLat, center.dLon});
+}
+
+void MapNavigation::ZoomAsk(const MapZoom& zoom)
+{
+    m_bAskedBox = false;
+    ZoomSet(zoom);
+}
+
+void MapNavigation::ZoomSet(const MapZoom& zoom)
+{
+    m_form.m_view.ZoomSet(zoom);
+    Q_EMIT ViewChanged();
+}
+
+void MapNavigation::ViewShift(double dShareX, double dShareY)
+{
+    const MapView& view = m_form.m_view;
+    m_form.mnuOverlayDraw->setChecked(false);
+    ZoomAsk(view.PanGetZoom(-dShareX * view.m_nMapWidth, -dShareY * view.m_nMapHeight));
+}
+
+void MapNavigation::WorldShow(const Settings& settings)
+{
+    m_dEdgeSetting = EdgeOfSetting(settings);
+    cmdZoomOffClick();
+}
+
+void MapNavigation::EdgeFollowSetting(const Settings& settings)
+{
+    const double dEdge = EdgeOfSetting(settings);
+    if (dEdge == m_dEdgeSetting)
+        return;
+    m_dEdgeSetting = dEdge;
+    if (dEdge == m_form.m_view.m_dEdge)
+        return;
+    const MapZoom zoom = m_form.m_view.EdgeGetZoom(dEdge);
+    m_form.m_view.m_dEdge = dEdge;
+    m_form.m_view.ZoomSet(zoom);
+    m_bAskedBox = false;
+}
+
+void MapNavigation::ZoomAroundMiddle(double dFactor)
+{
+    const MapView& view = m_form.m_view;
+    m_form.mnuOverlayDraw->setChecked(false);
+    const LatLon middle =
+        m_form.PointGetLatLon(m_form.pctFrame, view.m_nOffsetX + view.m_nMapWidth / 2.0,
+                              view.m_nOffsetY + view.m_nMapHeight / 2.0);
+    ViewSet(BoxKeepWhole(BoxAround(middle, view.m_box, dFactor), view.m_dEdge));
+}
+
+// Unlike the other buttons this one and the popup items keep the overlay's item checked: the view
+// becomes an outline map without cells.
+void MapNavigation::cmdZoomOffClick()
+{
+    m_form.m_view.m_dEdge = m_dEdgeSetting;
+    ViewSet(m_form.m_view.BoxGetWhole());
+}
+
+void MapNavigation::cmdZoomTxRcClick()
+{
+    MapView& view = m_form.m_view;
+    m_form.mnuOverlayDraw->setChecked(false);
+    // Until Zoom Off the world begins where the shorter way is whole.
+    view.m_dEdge = EdgeOfPath(m_form.m_posRc, m_form.m_posTx, view.m_dEdge);
+    ViewSet(BoxOfPath(m_form.m_posRc, m_form.m_posTx, view.m_dEdge));
+}
+
+void MapNavigation::mnuMapZoom(double dFactor)
+{
+    const MapView& view = m_form.m_view;
+    const LatLon center = m_form.PointGetLatLon(m_pPopupSource, m_ptPopup.x(), m_ptPopup.y());
+    ViewSet(BoxKeepWhole(BoxAround(center, view.m_box, dFactor), view.m_dEdge));
+}
+
+void MapNavigation::mnuMapShow(QWidget* pSource, const QMouseEvent* pEvent)
+{
+    m_pPopupSource = pSource;
+    m_ptPopup = pEvent->position();
+    m_form.mnuMap->popup(pEvent->globalPosition().toPoint());
+}

@@ -1,0 +1,172 @@
+#include "ui/map/MapOverlayControl.h"
+
+#include <utility>
+
+#include "propagation/PropagationAreaLib.h"
+#include "propagation/Request.h"
+#include "system/MsgLib.h"
+#include "system/NumberLib.h"
+#include "ui/common/MainWindowHost.h"
+#include "ui/map/MapGraticule.h"
+#include "ui/map/MapOverlay.h"
+#include "ui/map/MapOverlayMenu.h"
+#include "ui/map/MapPaint.h"
+
+namespace {
+
+constexpr int kPause = 250;  // ms
+
+/// What the map says of a failed run.
+std::string FailureText(const Failure& failure)
+{
+    if (failure.eKind == FailureKind::Timeout)
+        return "No overlay: the engine took too long; Options, Map, a smaller grid";
+    return "No overlay: " + failure.sText.substr(0, failure.sText.find_first_of("\r\n"));
+}
+
+/// The busy pointer while it lives.
+class PointerBusy {
+public:
+    explicit PointerBusy(QWidget* pWindow) : m_pWindow(pWindow)
+    {
+        m_pWindow->setCursor(Qt::BusyCursor);
+    }
+    ~PointerBusy() { m_pWindow->unsetCursor(); }
+    PointerBusy(const PointerBusy&) = delete;
+    PointerBusy& operator=(const PointerBusy&) = delete;
+
+private:
+    QWidget* m_pWindow;
+};
+
+}  // namespace
+
+/// Busy flag and pointer from here to the end, also of one by an error.
+class MapOverlayControl::Busy {
+public:
+    explicit Busy(MapOverlayControl& overlay)
+        : m_overlay(overlay), m_pointer(overlay.m_form.pctMap->window())
+    {
+        m_overlay.m_bBusy = true;
+    }
+    ~Busy() { m_overlay.m_bBusy = false; }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+private:
+    MapOverlayControl& m_overlay;
+    PointerBusy m_pointer;
+};
+
+MapOverlayControl::MapOverlayControl(MapForm& form, MainWindowHost& host, MapOverlayMenu& menu)
+    : m_form(form), m_host(host), m_menu(menu)
+{
+    m_tmrLater.setInterval(kPause);
+    m_tmrLater.setSingleShot(true);
+    connect(&m_tmrLater, &QTimer::timeout, this, &MapOverlayControl::Due);
+    connect(form.mnuOverlayDraw, &QAction::triggered, this, [this](bool bNow) {
+        m_form.mnuOverlayDraw->setChecked(!bNow);  // as it was when the user chose it
+        mnuOverlayDrawClick();
+    });
+    // A choice made while the overlay is shown runs the draw item, which then hides it; this is
+    // intended.
+    connect(&menu, &MapOverlayMenu::Chosen, this, [this] {
+        if (IsShown())
+            mnuOverlayDrawClick();
+    });
+}
+
+void MapOverlayControl::mnuOverlayDrawClick()
+{
+    m_form.mnuOverlayDraw->setChecked(!IsShown());
+    Q_EMIT PictureWanted();
+    if (IsShown())
+        Show();
+}
+
+void MapOverlayControl::Show()
+{
+    m_tmrLater.stop();
+    const std::optional<Failure> failure = OverlayDraw();
+    if (failure)
+        MsgBox(failure->eIcon, failure->sText);
+    FailureSet(failure);
+    m_form.pctMap->update();
+}
+
+void MapOverlayControl::Later()
+{
+    if (IsShown())
+        m_tmrLater.start();
+}
+
+void MapOverlayControl::PictureForget()
+{
+    m_grid.Clear();
+    FailureForget();
+}
+
+/// Tells in the status line and on the map why there is no overlay; nothing takes it back.
+void MapOverlayControl::FailureSet(const std::optional<Failure>& failure)
+{
+    if (failure == m_failure)
+        return;
+    m_failure = failure;
+    m_host.OverlayFailedSet(failure);
+    if (failure)
+        m_form.txtCursor->setText(QString::fromStdString(FailureText(*failure)));
+    m_form.txtCursor->setVisible(failure.has_value());
+}
+
+void MapOverlayControl::MapOutline()
+{
+    const PointerBusy pointer(m_form.pctMap->window());
+    ImageOutline(m_form.pctMap->m_img);
+}
+
+std::optional<Failure> MapOverlayControl::OverlayDraw()
+{
+    const Busy busy(*this);
+    m_grid.Clear();
+    for (const AreaBox& box : OverlayGetBoxes(m_form.m_view.m_box, m_form.m_view.m_dEdge))
+        if (auto failure = OverlayDrawBox(box))
+            return failure;
+    return {};
+}
+
+std::optional<Failure> MapOverlayControl::OverlayDrawBox(const AreaBox& box)
+{
+    constexpr float kKhzPerMhz = 1000.0F;
+    const OverlayChoice& choice = m_menu.ChoiceGet();
+    const Settings& settings = m_host.SettingsGet();
+    AreaRequest input = AreaRequestFromSettings(settings);
+    input.iHour = choice.iHour;
+    input.fFrequency = choice.fKhz / kKhzPerMhz;
+    input.dWest = box.dLeft;
+    input.dEast = box.dRight;
+    input.dSouth = box.dBottom;
+    input.dNorth = box.dTop;
+    input.dFixedLat = m_form.m_posRc.dLat;
+    input.dFixedLon = m_form.m_posRc.dLon;
+    std::vector<AreaPoint> aPoints;  // whole before anything is painted
+    if (std::vector<Failure> aFailures = AreaPointsRead(input, aPoints); !aFailures.empty())
+        return std::move(aFailures.front());
+    QWidget* pWindow = m_form.pctMap->window();
+    pWindow->setWindowTitle(QStringLiteral("Snr Overlay, %1KHz @ %2")
+                                .arg(QString::fromStdString(NumberFormat(choice.fKhz, "0.0")),
+                                     OverlayHourText(choice.iHour)));
+    const CellPaint cell{AreaBoxPrinted(box), box, input.nGridSize, settings.m_fMapOverlayMinSnr,
+                         [this](float fSnr) { return m_host.SnrGetColor(fSnr); }};
+    CellsPaint(m_form.pctMap->m_img, m_form.m_view, cell, aPoints);
+    // Readable above dark cells.
+    GraticuleLabelsPaint(m_form.pctMap->m_img, m_form.m_view, pWindow->font());
+    m_grid.Add(aPoints);
+    return {};
+}
+
+std::optional<float> MapOverlayControl::OverlayGetSnr(double dLat, double dLon) const
+{
+    if (m_bBusy || !IsShown())
+        return {};
+    return m_grid.SnrGet(dLat, dLon);
+}

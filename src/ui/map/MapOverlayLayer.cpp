@@ -1,0 +1,58 @@
+#include "ui/map/MapOverlayLayer.h"
+
+#include <array>
+
+#include "geo/MathLib.h"
+#include "system/NumberLib.h"
+#include "ui/common/MainWindowHost.h"
+#include "ui/map/MapOverlayControl.h"
+
+namespace {
+
+constexpr double kMinutes = 60.0;  // nautical miles in a degree of arc
+
+double RangeGetMiles(const LatLon& one, const LatLon& other)
+{
+    return GreatCircleAngle(one.dLat, one.dLon, other.dLat, other.dLon) / kRadiansPerDegree
+           * kMinutes;
+}
+
+}  // namespace
+
+void MapOverlayLayer::Paint(QPainter& painter)
+{
+    if (!m_overlay.HasCells())
+        return;
+    m_rctLegend = LegendRectGet(painter.fontMetrics());
+    LegendPaint(painter, m_rctLegend, LegendRowsGet(), m_host.SettingsGet().m_fMapOverlayMinSnr);
+}
+
+QString MapOverlayLayer::TipGet(const LatLon& pos) const
+{
+    const std::optional<float> fSnr = m_overlay.OverlayGetSnr(pos.dLat, pos.dLon);
+    if (!fSnr)
+        return {};
+    return QString::fromStdString(", Snr " + NumberFormat(*fSnr, "0.0") + " dB, Rng "
+                                  + NumberFormat(RangeGetMiles(m_form.m_posRc, pos), "0"));
+}
+
+void MapOverlayLayer::PointerMove(const QPoint& ptPointer)
+{
+    constexpr int kNear = 12;
+    m_rctPointer = QRect(ptPointer, QSize(1, 1)).adjusted(-kNear, -kNear, kNear, kNear);
+    if (m_overlay.HasCells() && LegendRectGet(m_form.pctMap->fontMetrics()) != m_rctLegend)
+        m_form.pctMap->update();
+}
+
+std::vector<LegendRow> MapOverlayLayer::LegendRowsGet() const
+{
+    return LegendGetRows(m_host.SettingsGet().m_fMapOverlayMinSnr,
+                         [this](float fSnr) { return m_host.SnrGetColor(fSnr); });
+}
+
+QRect MapOverlayLayer::LegendRectGet(const QFontMetrics& metrics) const
+{
+    return LegendGetRect(
+        metrics, m_form.pctMap->rect(), LegendRowsGet(), m_host.SettingsGet().m_fMapOverlayMinSnr,
+        std::array{m_form.lblRc->geometry(), m_form.lblTx->geometry()}, m_rctPointer);
+}

@@ -1,0 +1,49 @@
+/// @file MapOverlayMenu.h
+/// The overlay's menu: which frequency and hour the overlay is for. Until the user chooses here,
+/// the main window's selection is followed.
+///
+/// Units:   kHz, UTC hours 0..23.
+/// Tests:   tests/ui/map/MapOverlayControlTest.cpp
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include "ui/map/MapForm.h"
+
+class MainWindowHost;
+
+struct OverlayChoice {
+    float fKhz = 0.0F;
+    int iFrequency = 1;  ///< row of the table, from 1
+    int iHour = 0;
+};
+
+class MapOverlayMenu final : public QObject {
+    Q_OBJECT
+public:
+    MapOverlayMenu(MapForm& form, MainWindowHost& host);
+
+    [[nodiscard]] const OverlayChoice& ChoiceGet() const { return m_choice; }
+    /// Takes the main window's selection, unless the user has chosen here.
+    void SelectionFollow();
+
+Q_SIGNALS:
+    void Chosen();
+
+private:
+    void mnuOverlayOpen();
+    void mnuOverlayFrequencyFill();
+    void mnuOverlayTimeFill();
+    void mnuOverlayFrequencyDataClick(int iIndex);
+    void mnuOverlayTimeDataClick(int iHour);
+    void ChoiceTell();
+
+    MapForm& m_form;
+    MainWindowHost& m_host;
+    OverlayChoice m_choice;
+    bool m_bChosen = false;
+};
+
+/// "06:00"
+[[nodiscard]] QString OverlayHourText(int iHour);

@@ -1,0 +1,44 @@
+/// @file MapStations.h
+/// Airmail's stations on the map: loaded at the first click, shown by system, and each of them can
+/// become receiver or transmitter.
+///
+/// Tests:   tests/ui/map/MapStationsTest.cpp
+#pragma once
+
+#include <QObject>
+#include <string>
+#include <vector>
+
+#include "system/Result.h"
+#include "ui/map/MapForm.h"
+
+class MapMarkers;
+class QMouseEvent;
+
+/// A station on the map, its list's number counted from 1.
+struct MapStation {
+    LatLon pos;
+    int iSystem = 1;
+};
+
+class MapStations final : public QObject {
+    Q_OBJECT
+public:
+    MapStations(MapForm& form, MapMarkers& markers);
+    /// Places the symbols, and shows those whose system is checked.
+    void StationsDraw();
+
+private:
+    void cmdStationsClick();
+    Result<void> StationsLoad();
+    Result<void> SystemLoad(const std::string& sSystem, int iSystem);
+    void StationAdd(const MapStation& station, const QString& sTip);
+    void imgStationMouseUp(int iStation, const QMouseEvent* pEvent);
+    void mnuStationSet(MarkerLabel* pMarker);
+
+    MapForm& m_form;
+    MapMarkers& m_markers;
+    int m_nSystem = 0;  // 0: not loaded yet
+    std::vector<MapStation> m_aStation;
+    int m_iStation = 0;  // selected one, from 1
+};

@@ -1,0 +1,34 @@
+/// @file MapWindowLayout.h
+/// Where the controls of the map window stand: the map with its bars and the read-out above, the
+/// row of buttons below.
+///
+/// Units:   pixels.
+/// Tests:   tests/ui/map/MapNavigationTest.cpp, MapButtonRowTest.cpp
+#pragma once
+
+#include <QObject>
+#include <vector>
+
+#include "ui/map/MapForm.h"
+
+class MapWindowLayout final : public QObject {
+    Q_OBJECT
+public:
+    MapWindowLayout(QWidget& window, MapForm& form);
+
+    /// Lays out the window at its present size.
+    void LayoutSet();
+    /// Moves the row of buttons along where it is wider than the window.
+    void RowScroll(int nBy);
+
+private:
+    void ButtonsPlace(int nTop);
+    void ButtonShow(const QWidget* pButton);
+    void FrameFill();
+    void CursorFit();
+
+    QWidget& m_window;
+    MapForm& m_form;
+    std::vector<int> m_aContent;  // widths in the row of buttons, see MapButtonRow.h
+    int m_nRowShift = 0;          // how far the row of buttons is scrolled
+};
