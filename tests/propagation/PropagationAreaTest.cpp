@@ -296,6 +296,25 @@ TEST_P(AreaRun, WritesTheDeckStartsTheEngineAndReadsItsGrid)
     EXPECT_TRUE(m_msg.m_aShown.empty());
 }
 
+TEST_P(AreaRun, AGridWithMoreOrFewerPointsThanAskedForIsRefusedWhole)
+{
+    m_root.EngineCopying(m_case.sProgram, CapturedPath("voacap/area_02", ".vg1"));
+    std::vector<AreaPoint> aPoints;
+    m_input.nGridSize = 11;
+    EXPECT_TRUE(AreaPointsRead(m_input, aPoints).empty());
+    EXPECT_EQ(aPoints.size(), 121U);
+    const auto FailsWith = [&](int nGridSize, const std::string& sError) {
+        m_input.nGridSize = nGridSize;
+        const std::vector<Failure> aFailures = AreaPointsRead(m_input, aPoints);
+        ASSERT_EQ(aFailures.size(), 1U);
+        EXPECT_EQ(aFailures[0].eKind, FailureKind::BadOutput);
+        EXPECT_EQ(aFailures[0].sText, "Unable to read the area's grid, " + sError);
+    };
+    FailsWith(10, kSubscriptOutOfRange);
+    FailsWith(12, kInputPastEnd);
+    EXPECT_EQ(aPoints.size(), 121U) << "those of before stay";
+}
+
 TEST_P(AreaRun, AnOldGridIsGoneWhenTheEngineStarts)
 {
     m_root.Engine(m_case.sProgram, "test ! -e $out");
