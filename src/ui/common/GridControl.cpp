@@ -72,7 +72,7 @@ void GridControl::ColWidthSet(int iCol, int nWidth)
         if (nWidth > 0)
             setColumnWidth(iCol - 1, nWidth);
     }
-    m_sizes.LimitsSet();
+    m_sizes.ColsFollow();
     updateGeometry();
 }
 

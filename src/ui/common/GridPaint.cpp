@@ -119,7 +119,11 @@ void GridHeader::paintSection(QPainter* pPainter, const QRect& rect, int iSectio
     const Qt::Alignment eAlignment =
         bTop ? cell.eAlignment : Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter);
     const int nPadding = bTop ? 0 : kGridPadding;
-    pPainter->drawText(rect.adjusted(0, 0, -nPadding, 0), eAlignment.toInt() | Qt::TextSingleLine,
-                       cell.sText);
+    const QRect rectText = rect.adjusted(0, 0, -nPadding, 0);
+    // A label beside the rows that is too long keeps its beginning.
+    const QString sText =
+        bTop ? cell.sText
+             : pPainter->fontMetrics().elidedText(cell.sText, Qt::ElideRight, rectText.width());
+    pPainter->drawText(rectText, eAlignment.toInt() | Qt::TextSingleLine, sText);
     pPainter->restore();
 }

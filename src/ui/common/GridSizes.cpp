@@ -48,7 +48,11 @@ void GridSizes::RowsStretch()
     const int nRows = m_grid.RowsGet() - 1;
     if (nRows < 1)
         return;
-    const int nRoom = m_grid.height() - 2 * m_grid.frameWidth() - HeaderHeight();
+    // The bar of columns that do not fit takes its height from the rows; else they would need a bar
+    // of their own for its few pixels.
+    m_bWide = ContentWidth() > m_grid.width();
+    const int nBelow = m_bWide ? m_grid.horizontalScrollBar()->sizeHint().height() : 0;
+    const int nRoom = m_grid.height() - 2 * m_grid.frameWidth() - HeaderHeight() - nBelow;
     const int nHeight = std::clamp(nRoom / nRows, RowHeightLeast(), RowHeightMost());
     QHeaderView* pLeft = m_grid.verticalHeader();
     pLeft->setDefaultSectionSize(nHeight);
@@ -60,6 +64,13 @@ void GridSizes::RowsStretch()
     if (std::exchange(m_nBar, nBar) != nBar)
         m_grid.updateGeometry();
     LimitsSet();
+}
+
+void GridSizes::ColsFollow()
+{
+    LimitsSet();
+    if (m_bWide != (ContentWidth() > m_grid.width()))
+        RowsStretch();
 }
 
 void GridSizes::HugSet(bool bHug)

@@ -23,14 +23,16 @@ public:
     /// The grid never grows wider than its columns, nor higher than its rows may become.
     void HugSet(bool bHug);
     /// After a change of columns.
-    void LimitsSet();
+    void ColsFollow();
 
 private:
+    void LimitsSet();
     [[nodiscard]] int RowHeightMost() const;
     [[nodiscard]] int ContentWidth() const;
     [[nodiscard]] int HeaderHeight() const;
 
     GridControl& m_grid;
     bool m_bHug = false;
-    int m_nBar = 0;  ///< width of the vertical scroll bar, 0 while all rows fit
+    bool m_bWide = false;  ///< the columns need a bar
+    int m_nBar = 0;        ///< width of the vertical scroll bar, 0 while all rows fit
 };

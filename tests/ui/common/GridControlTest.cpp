@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 
 #include "ui/common/GridControl.h"
+#include "ui/common/GridPaint.h"
 #include "ui/support/UiEvents.h"
 
 namespace {
@@ -291,6 +292,36 @@ TEST_F(GridControlShown, HuggingGridIsNoWiderThanItsColumns)
 {
     m_grd.HugSet(true);
     EXPECT_EQ(m_grd.maximumWidth(), 5 * 40 + 2 * m_grd.frameWidth());
+}
+
+TEST_F(GridControlShown, RowsMakeRoomForTheBarOfTheColumns)
+{
+    m_grd.resize(140, 300);  // rows fit, columns do not
+    QApplication::processEvents();
+    EXPECT_TRUE(m_grd.horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(m_grd.verticalScrollBar()->isVisible());
+    const int nCompact = m_grd.sizeHint().height();
+    m_grd.resize(400, nCompact);  // rows share little room
+    QApplication::processEvents();
+    EXPECT_FALSE(m_grd.verticalScrollBar()->isVisible());
+    m_grd.ColWidthSet(4, 400);  // now that bar takes some of it
+    m_grd.resize(400, nCompact + m_grd.horizontalScrollBar()->sizeHint().height());
+    QApplication::processEvents();
+    EXPECT_TRUE(m_grd.horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(m_grd.verticalScrollBar()->isVisible());
+}
+
+TEST_F(GridControlShown, ALabelThatIsTooLongEndsInAnEllipsis)
+{
+    m_grd.TextSet(1, 0, QStringLiteral("WWWWWWWWWWWW"));
+    const auto LabelPicture = [this] { return Picture().copy(m_grd.PlaceRect({1, 0})); };
+    const QImage imgLong = LabelPicture();
+    m_grd.TextSet(1, 0,
+                  m_grd.fontMetrics().elidedText(QStringLiteral("WWWWWWWWWWWW"), Qt::ElideRight,
+                                                 40 - kGridPadding));
+    EXPECT_EQ(imgLong, LabelPicture());
+    m_grd.TextSet(1, 0, QStringLiteral("WWW"));
+    EXPECT_NE(imgLong, LabelPicture());
 }
 
 }  // namespace
