@@ -48,6 +48,7 @@ trap 'kill $(jobs -p) 2>/dev/null || true; exit 143' TERM
 Seeds() {
     case $1 in
     airmail_ini) echo tests/airmail/data/Airmail.ini ;;
+    forecast) echo tests/settings/data/* ;;
     grid) echo tests/propagation/data/engines/failures/*area*.[rv]g1 ;;
     install_log) echo tests/airmail/data/Install.log ;;
     point_deck) echo tests/engine/data/decks/p2p_*.dat ;;

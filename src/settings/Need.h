@@ -1,28 +1,59 @@
 /// @file Need.h
-/// What a contact is for, as the signal-to-noise ratio that it needs. The user edits the list; none
-/// is chosen until he chooses one.
+/// What a contact is for, as the signal-to-noise ratio that it needs, and the list of such needs
+/// that the user edits.
 ///
-/// Units:   dB in 1 Hz.
-/// Source:  with each entry of the shipped list.
+/// Units:   dB in 1 Hz. A figure in 2500 Hz is 34 dB higher in 1 Hz.
+/// Domain:  kRangeNeed (SettingsRange.h); names of 1 to 40 characters, each once without regard to
+/// the case of
+///          ASCII letters, none a number; sources up to 120 characters; at most 50 needs. Names and
+///          sources hold what the profile can keep: printable characters of Windows-1252, no double
+///          quotes.
+/// Errors:  texts for the user; a refused change leaves the list as it was.
 /// Tests:   tests/settings/NeedTest.cpp
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
-/// Entries that a list can hold.
-inline constexpr int kNeedMax = 50;
+#include "system/Result.h"
 
 struct Need {
     std::string sName;
-    float fSnr = 0.0F;    ///< dB in 1 Hz
-    std::string sSource;  ///< where the number comes from
-    friend bool operator==(const Need&, const Need&) = default;
+    float fSnr = 0.0F;    ///< required SNR, dB in 1 Hz
+    std::string sSource;  ///< where the figure is from
+
+    bool operator==(const Need&) const = default;
 };
 
-/// The list that Hopcast begins with.
-[[nodiscard]] std::vector<Need> NeedsShipped();
+using NeedList = std::vector<Need>;
 
-/// The first entry of a name; nullptr where there is none.
-[[nodiscard]] const Need* NeedFind(const std::vector<Need>& aNeed, std::string_view sName);
+inline constexpr std::size_t kNeedNameMost = 40;     ///< characters
+inline constexpr std::size_t kNeedSourceMost = 120;  ///< characters
+inline constexpr int kNeedMax = 50;                  ///< entries that a list can hold
+
+/// The need that is taken where one is required and none is chosen.
+inline constexpr std::string_view kNeedFallback = "E-mail, normal";
+
+/// The list that Hopcast comes with, and to which the user's list can be restored.
+[[nodiscard]] NeedList NeedsShipped();
+
+/// The need of a name, without regard to the case of ASCII letters and to blanks at its ends.
+/// @return nothing for another name; valid until the list changes.
+[[nodiscard]] const Need* NeedFind(const NeedList& needs, std::string_view sName);
+
+/// A need by its name, or a ratio in dB by its number ("40", "12.5"), which has no name and the
+/// source "typed".
+[[nodiscard]] Result<Need> NeedFromText(const NeedList& needs, std::string_view sText);
+
+/// The need in force: the chosen one; where none is chosen, or the list has lost it, the fallback,
+/// as it is in the list, else as it is shipped.
+[[nodiscard]] Need NeedInForce(const NeedList& needs, std::string_view sChosen);
+
+/// Adds a need at the list's end, blanks at the ends of its texts dropped.
+Result<void> NeedAdd(NeedList& needs, const Need& need);
+/// Puts a need, its name too, in the place of the one of that name.
+Result<void> NeedChange(NeedList& needs, std::string_view sName, const Need& need);
+/// Takes a need out. The last one stays.
+Result<void> NeedRemove(NeedList& needs, std::string_view sName);

@@ -1,0 +1,25 @@
+// Any text as a need of the console: a name of the list or a number; and as a new need's name.
+#include <cmath>
+
+#include "fuzz/FuzzCheck.h"
+#include "settings/Need.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
+{
+    const std::string_view sText = FuzzText(pBytes, nBytes);
+    NeedList needs = NeedListShipped();
+    const auto res = NeedFromText(needs, sText);
+    Check(res ? res.ValueGet().fSnr >= kNeedSnrLeast && res.ValueGet().fSnr <= kNeedSnrMost
+              : !res.TextGet().empty());
+    Check(!NeedInForce(needs, sText).sName.empty());
+    if (!NeedAdd(needs, {std::string(sText), 1.0F, ""})) {
+        Check(needs == NeedListShipped());
+        return 0;
+    }
+    // What the list took is found by its name, and by that alone.
+    const auto resAdded = NeedFromText(needs, sText);
+    Check(resAdded && resAdded.ValueGet() == needs.back());
+    Check(!NeedAdd(needs, needs.back()));
+    Check(NeedRemove(needs, sText) && needs == NeedListShipped());
+    return 0;
+}
