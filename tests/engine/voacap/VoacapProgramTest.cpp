@@ -129,6 +129,23 @@ INSTANTIATE_TEST_SUITE_P(Areas, VoacapProgramArea,
                                          RunCase{"area_04"}, RunCase{"area_05"}),
                          [](const auto& run) { return std::string(run.param.sName); });
 
+// The decks' powers (propagation/PowerTable.h) rest on this: without antenna cards it is 1 kW.
+TEST_F(VoacapProgram, PowerOfTheSystemCardIsNotUsed)
+{
+    NEED_VOACAPL();
+    std::string sDeck = Sample("p2p_13.dat");
+    const std::size_t nPower = sDeck.find("SYSTEM      1.0");
+    ASSERT_NE(nPower, std::string::npos);
+    FileWrite("RUN/sound.dat", sDeck.replace(nPower, 15, "SYSTEM     50.0"));
+    EXPECT_TRUE(PointRun()) << Said();
+    const std::string sMade = BytesRead(m_sRoot + "/RUN/sound.out");
+    const std::string sCaptured = Sample("p2p_13.out");
+    constexpr const char* kFirstPage = "METHOD 26   VOACAP";  // behind the echo of the deck
+    ASSERT_NE(sMade.find(kFirstPage), std::string::npos);
+    EXPECT_TRUE(sMade.substr(sMade.find(kFirstPage))
+                == sCaptured.substr(sCaptured.find(kFirstPage)));
+}
+
 class VoacapProgramFault : public VoacapProgram {
 protected:
     /// Puts a fake voacapl before the real one for the programs that are started from now on.

@@ -1,0 +1,69 @@
+#include "propagation/PowerTable.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "propagation/SnrScale.h"
+#include "settings/Settings.h"
+
+namespace {
+
+constexpr double kConst17 = 100.0;  // W, the card of CONST17.VOA
+constexpr double kWhip = 5000.0;    // W, the card of SWWHIP.VOA
+constexpr double kNoCard = 1000.0;  // W
+
+struct Row {
+    int iModel;
+    DeckKind eKind;
+    std::array<double, 3> adPower;  ///< antenna types 0, 1, 2; any other has no card
+};
+
+// clang-format off
+constexpr std::array kRows{
+    Row{kEngineIcepac, DeckKind::PointToPoint, {kConst17, kConst17, kWhip}},
+    Row{kEngineVoacap, DeckKind::PointToPoint, {kConst17, kConst17, kWhip}},
+    Row{kEngineRec533, DeckKind::PointToPoint, {kConst17, kWhip,    kNoCard}},
+    Row{kEngineIcepac, DeckKind::Area,         {kConst17, kWhip,    kNoCard}},
+    Row{kEngineVoacap, DeckKind::Area,         {kConst17, kWhip,    kNoCard}},
+    Row{kEngineRec533, DeckKind::Area,         {kConst17, kWhip,    kNoCard}},
+};
+// clang-format on
+
+bool OwnIs(double dOwn) { return dOwn > 0.0 && std::isfinite(dOwn); }
+
+}  // namespace
+
+double CardPowerGet(int iModel, int iAntennaType, DeckKind eKind)
+{
+    const auto itRow = std::ranges::find_if(
+        kRows, [&](const Row& row) { return row.iModel == iModel && row.eKind == eKind; });
+    if (itRow == kRows.end() || iAntennaType < 0
+        || iAntennaType >= static_cast<int>(itRow->adPower.size()))
+        return kNoCard;
+    return itRow->adPower.at(static_cast<std::size_t>(iAntennaType));
+}
+
+double PowerInForceGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind)
+{
+    return OwnIs(dOwn) ? dOwn : CardPowerGet(iModel, iAntennaType, eKind);
+}
+
+double PowerShiftGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind)
+{
+    return OwnIs(dOwn) ? 10.0 * std::log10(dOwn / CardPowerGet(iModel, iAntennaType, eKind)) : 0.0;
+}
+
+float PowerShiftSnr(float fSnr, double dShift)
+{
+    constexpr float kNoneRec533 = -999.0F;
+    constexpr float kNoneVoacap = -999.9F;
+    if (fSnr == kSnrLeast || fSnr == kNoneRec533 || fSnr == kNoneVoacap)
+        return fSnr;
+    return static_cast<float>(fSnr + dShift);
+}
+
+float PowerShiftSignal(float fSignal, double dShift)
+{
+    return static_cast<float>(fSignal + dShift);
+}

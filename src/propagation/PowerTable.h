@@ -1,0 +1,37 @@
+/// @file PowerTable.h
+/// The power that an engine computes with, by engine, antenna choice and deck, and what the user's
+/// own power changes in its results. The decks themselves never change.
+///
+/// Units:   W; dB.
+/// Domain:  EngineModel and any antenna type; an own power of 0 or below, or one that is no number,
+///          stands for the antenna choice's own.
+/// Source:  the antenna cards (deck/AntennaCards.h, deck/DeckArea.cpp). Without cards: 1 kW, which
+/// is in
+///          VOACAP's outputs (signal and loss add to 30 dBW, whatever the SYSTEM card says) and in
+///          REC533's (7 dB below the 5 kW whip at equal gain; its SYST card says 1.0000).
+///          ICEPAC: as VOACAP, whose cards it reads; there is no output of it to measure.
+/// Tests:   tests/propagation/PowerTableTest.cpp
+#pragma once
+
+enum class DeckKind { PointToPoint, Area };
+
+/// The power of the deck's antenna card; without a card what the engine takes then. Of area decks
+/// without cards only the built-in engine computes one: VOACAP, ICEPAC and the ITS REC533 give no
+/// result.
+/// @return W: 100, 5000 or 1000; an unknown engine has no deck, and gives 1000 too.
+[[nodiscard]] double CardPowerGet(int iModel, int iAntennaType, DeckKind eKind);
+
+/// The power in force.
+/// @param dOwn  the user's own power, W; 0: the antenna choice's
+[[nodiscard]] double PowerInForceGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind);
+
+/// What the own power adds to every signal and SNR of the deck's output: 10 log10(P / P card), dB.
+/// Exactly 0 without an own power.
+[[nodiscard]] double PowerShiftGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind);
+
+/// An SNR shifted, dB. -99 and the engines' -999 and -999.9 say that there is none: they stay, and
+/// so does not-a-number.
+[[nodiscard]] float PowerShiftSnr(float fSnr, double dShift);
+
+/// A signal power shifted, dBW. The noise stays, so that signal less noise goes with the SNR.
+[[nodiscard]] float PowerShiftSignal(float fSignal, double dShift);
