@@ -30,6 +30,14 @@ constexpr std::array kRows{
 };
 // clang-format on
 
+/// False for the numbers that say that there is none.
+bool SnrIs(float fSnr)
+{
+    constexpr float kNoneRec533 = -999.0F;
+    constexpr float kNoneVoacap = -999.9F;
+    return fSnr != kSnrLeast && fSnr != kNoneRec533 && fSnr != kNoneVoacap;
+}
+
 bool OwnIs(double dOwn) { return dOwn > 0.0 && std::isfinite(dOwn); }
 
 }  // namespace
@@ -56,14 +64,26 @@ double PowerShiftGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind)
 
 float PowerShiftSnr(float fSnr, double dShift)
 {
-    constexpr float kNoneRec533 = -999.0F;
-    constexpr float kNoneVoacap = -999.9F;
-    if (fSnr == kSnrLeast || fSnr == kNoneRec533 || fSnr == kNoneVoacap)
-        return fSnr;
-    return static_cast<float>(fSnr + dShift);
+    return SnrIs(fSnr) ? static_cast<float>(fSnr + dShift) : fSnr;
 }
 
-float PowerShiftSignal(float fSignal, double dShift)
+void PowerShiftTable(const Request& request, int iFirst, int iLast, PropagationTable& table)
 {
-    return static_cast<float>(fSignal + dShift);
+    const double dShift =
+        PowerShiftGet(request.fPower, request.iModel, request.iAntennaType, DeckKind::PointToPoint);
+    if (dShift == 0.0)
+        return;
+    for (int iHour = 1; iHour <= kHourCount; ++iHour) {
+        for (int i = iFirst; i <= iLast; ++i) {
+            if (!SnrIs(table.fSnr(iHour, i)))
+                continue;
+            table.fSnr(iHour, i) = PowerShiftSnr(table.fSnr(iHour, i), dShift);
+            table.fSdBW(iHour, i) = static_cast<float>(table.fSdBW(iHour, i) + dShift);
+        }
+    }
+}
+
+double PowerShiftGet(const AreaRequest& request)
+{
+    return PowerShiftGet(request.fPower, request.iModel, request.iAntennaType, DeckKind::Area);
 }

@@ -13,6 +13,8 @@
 /// Tests:   tests/propagation/PowerTableTest.cpp
 #pragma once
 
+#include "propagation/PropagationTable.h"
+
 enum class DeckKind { PointToPoint, Area };
 
 /// The power of the deck's antenna card; without a card what the engine takes then. Of area decks
@@ -33,5 +35,11 @@ enum class DeckKind { PointToPoint, Area };
 /// so does not-a-number.
 [[nodiscard]] float PowerShiftSnr(float fSnr, double dShift);
 
-/// A signal power shifted, dBW. The noise stays, so that signal less noise goes with the SNR.
-[[nodiscard]] float PowerShiftSignal(float fSignal, double dShift);
+/// Gives a chunk that was read from an output the request's own power: signal and SNR of the
+/// frequencies iFirst to iLast. A cell without an SNR keeps its signal. The noise stays, so that
+/// signal less noise, which the deciles are counted from, goes with the SNR; LUF and reliability
+/// stay those of the deck.
+void PowerShiftTable(const Request& request, int iFirst, int iLast, PropagationTable& table);
+
+/// What a request's own power adds to every SNR of an area, dB.
+[[nodiscard]] double PowerShiftGet(const AreaRequest& request);

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "propagation/PowerTable.h"
 #include "propagation/deck/DeckLayout.h"
 #include "propagation/deck/DeckLib.h"
 #include "propagation/reader/ReaderFields.h"
@@ -78,6 +79,7 @@ std::optional<Failure> PropagationAreaOpen(const AreaRequest& request, AreaFile&
         return failure;
     file.m_lock = attempt.LockTake();
     file.m_pPlace = attempt.PlaceGet();
+    file.m_dPowerShift = PowerShiftGet(request);
     return {};
 }
 
@@ -85,6 +87,7 @@ std::optional<Failure> PropagationAreaOpenFile(int iModel, AreaFile& file)
 {
     std::optional<FileLock> lock = std::move(file.m_lock);
     auto pPlace = std::move(file.m_pPlace);
+    const double dPowerShift = file.m_dPowerShift;
     file.Close();
     const EngineProgram* pEngine = EngineFind(iModel);
     if (pEngine != nullptr && pPlace == nullptr)
@@ -96,6 +99,7 @@ std::optional<Failure> PropagationAreaOpenFile(int iModel, AreaFile& file)
                        "PropagationAreaOpenFile, " + resFile.TextGet()};
     file.m_lock = std::move(lock);
     file.m_pPlace = std::move(pPlace);
+    file.m_dPowerShift = dPowerShift;
     file.m_file = std::move(resFile.ValueGet());
     return {};
 }
@@ -168,7 +172,7 @@ Result<bool> PropagationAreaReadPoint(AreaFile& file, int& iIndex1, int& iIndex2
     iIndex2 = resIndex2.ValueGet();
     dCoordinate1 = resLat.ValueGet();
     dCoordinate2 = resLon.ValueGet();
-    fSnr = resSnr.ValueGet();
+    fSnr = PowerShiftSnr(resSnr.ValueGet(), file.m_dPowerShift);
     return true;
 }
 

@@ -42,6 +42,7 @@ private:
     int m_nSnrColumn = 0;    // from 1; 0: the head names no SNR
     int m_nSnrLabelEnd = 0;  // last column of the label, under which a value ends
     bool m_bSignBefore = false;
+    double m_dPowerShift = 0.0;  // dB, of the request whose engine made the grid
 };
 
 /// Writes the area deck, deletes the old grid and runs the engine; on success `file` keeps the
@@ -61,7 +62,8 @@ private:
                                                   std::vector<AreaPoint>& aPoints,
                                                   const EngineWay& way = {});
 
-/// Next point of an opened grid.
+/// Next point of an opened grid, its SNR with the own power of the request that
+/// PropagationAreaOpen was given with this file.
 /// @param iIndex1, iIndex2            place in the grid along latitude and longitude, from 1
 /// @param dCoordinate1, dCoordinate2  latitude and longitude
 /// @return false at the end of the file; "Type mismatch" when a field is no number (a cut line),

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "propagation/PowerTable.h"
 #include "propagation/deck/DeckLib.h"
 #include "propagation/reader/ReaderLib.h"
 #include "system/ClockLib.h"
@@ -73,6 +74,7 @@ std::optional<Failure> ChunkRun(const Chunk& chunk, const EngineTexts& texts,
         return failure;
     if (const auto resRead = OutputRead(chunk, attempt.OutputPath(), table); !resRead)
         return attempt.InputFailure(resRead.TextGet());
+    PowerShiftTable(chunk.m_request, chunk.iFirst, chunk.iLast, table);
     return {};
 }
 

@@ -168,10 +168,10 @@ std::string RequestKey(const Request& request)
     for (const int n :
          {request.iModel, request.nMonth, request.nYear, request.iAntennaType, request.nData})
         KeyAppend(sKey, n);
-    for (const float f :
-         {request.fSunSpotNumber, request.fNoiseLevel, request.fTakeoffAngle, request.fReliability,
-          request.fMultipathPower, request.fMultipathDelay, request.fLayerAdjustE,
-          request.fLayerAdjustF1, request.fLayerAdjustF2, request.fLayerAdjustEs, request.fQIndex})
+    for (const float f : {request.fSunSpotNumber, request.fNoiseLevel, request.fTakeoffAngle,
+                          request.fReliability, request.fMultipathPower, request.fMultipathDelay,
+                          request.fLayerAdjustE, request.fLayerAdjustF1, request.fLayerAdjustF2,
+                          request.fLayerAdjustEs, request.fQIndex, request.fPower})
         KeyAppend(sKey, f);
     for (const double d : {request.dTxLat, request.dTxLon, request.dRcLat, request.dRcLon})
         KeyAppend(sKey, d);

@@ -37,6 +37,8 @@ struct RequestModel {
     float fLayerAdjustF2 = 1.0F;
     float fLayerAdjustEs = 1.0F;
     int iAntennaType = 0;
+    /// The user's own power, W; 0: what the antenna choice brings (PowerTable.h). No deck has it.
+    float fPower = 0.0F;
 
     bool operator==(const RequestModel&) const = default;
 };

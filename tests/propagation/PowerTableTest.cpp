@@ -238,13 +238,33 @@ TEST(PowerShift, ValuesThatSayThereIsNoneStay)
     EXPECT_EQ(PowerShiftSnr(-120.0F, 10.0), -110.0F);
 }
 
-TEST(PowerShift, SignalLessNoiseGoesWithTheSnr)
+TEST(PowerShift, OfATableMovesSignalAndSnrOfTheChunkAlone)
 {
-    const double dShift = PowerShiftGet(100.0, kEngineRec533, 1, DeckKind::PointToPoint);
-    const float fSignal = -99.0F;  // of a signal it is an ordinary value
-    const float fNoise = -163.0F;
-    EXPECT_NEAR(PowerShiftSignal(fSignal, dShift) - fNoise, PowerShiftSnr(fSignal - fNoise, dShift),
-                1e-4);
+    Request request;
+    request.iModel = kEngineRec533;
+    request.iAntennaType = 1;
+    request.fPower = 50.0F;  // 20 dB below the whip's
+    PropagationTable table(3);
+    for (int i = 1; i <= 3; ++i) {
+        table.fSdBW(24, i) = -120.0F;
+        table.fNdBW(24, i) = -163.0F;
+        table.fSnr(24, i) = 41.0F;
+        table.fReliability(24, i) = 0.5F;
+    }
+    table.fSnr(24, 2) = -999.0F;
+    table.fSdBW(1, 1) = -99.0F;  // of a signal it is an ordinary value
+    table.fLUF[24] = 4500.0F;
+    PowerShiftTable(request, 1, 2, table);
+    EXPECT_NEAR(table.fSnr(24, 1), 21.0F, 1e-4);
+    EXPECT_NEAR(table.fSdBW(24, 1), -140.0F, 1e-4);
+    EXPECT_NEAR(table.fSdBW(1, 1), -119.0F, 1e-4);
+    EXPECT_EQ(table.fNdBW(24, 1), -163.0F);
+    EXPECT_EQ(table.fReliability(24, 1), 0.5F);
+    EXPECT_EQ(table.fLUF[24], 4500.0F);
+    EXPECT_EQ(table.fSnr(24, 2), -999.0F);
+    EXPECT_EQ(table.fSdBW(24, 2), -120.0F) << "without an SNR";
+    EXPECT_EQ(table.fSnr(24, 3), 41.0F) << "of another chunk";
+    EXPECT_EQ(table.fSdBW(24, 3), -120.0F);
 }
 
 }  // namespace

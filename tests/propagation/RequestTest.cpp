@@ -40,6 +40,7 @@ const std::vector<Change>& Changes()
         [](Request& r) { r.fLayerAdjustEs = 2.0F; },
         [](Request& r) { r.iAntennaType = 1; },
         [](Request& r) { r.fQIndex = 1.0F; },
+        [](Request& r) { r.fPower = 100.0F; },
         [](Request& r) { r.dTxLat = 1.0; },
         [](Request& r) { r.dTxLon = 1.0; },
         [](Request& r) { r.dRcLat = 1.0; },

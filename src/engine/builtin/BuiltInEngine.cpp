@@ -12,6 +12,7 @@
 #include "engine/run533/AreaGrid.h"
 #include "engine/run533/FieldText.h"
 #include "engine/run533/PointDay.h"
+#include "propagation/PowerTable.h"
 #include "propagation/deck/DeckLib.h"
 #include "system/ClockLib.h"
 #include "system/RunErrorText.h"
@@ -82,12 +83,13 @@ Result<run533::AreaDeck> AreaRead(const AreaRequest& request, Failure& failure)
     return resDeck;
 }
 
-float SnrOfGrid(const rec533::Prediction& tbl)
+float SnrOfGrid(const rec533::Prediction& tbl, double dPowerShift)
 {
     constexpr int kWidth = 6;
     constexpr int kDecimals = 1;
-    return static_cast<float>(
-        run533::FieldValueGet(run533::GridValueClamp(tbl.dSnrExceeded), kWidth, kDecimals));
+    return PowerShiftSnr(static_cast<float>(run533::FieldValueGet(
+                             run533::GridValueClamp(tbl.dSnrExceeded), kWidth, kDecimals)),
+                         dPowerShift);
 }
 
 AreaDay::Place PlaceOfGrid(const run533::GridPlace& tbl)
@@ -208,11 +210,12 @@ Prediction BuiltInEngine::Predict(const Request& request, const std::stop_token&
 class AreaRowsWork final : public AreaDayWork {
 public:
     AreaRowsWork(run533::AreaDeck tblDeck, run533::RunParts tblParts,
-                 const std::vector<double>& aMegahertz)
+                 const std::vector<double>& aMegahertz, double dPowerShift)
         : m_tblDeck(std::move(tblDeck)),
           m_tblParts(std::move(tblParts)),
           m_tblCircuit(CircuitMake(m_tblDeck.tblCommon, m_tblParts, run533::kPowerWithoutAntenna)),
-          m_tblFrequencies(*m_tblParts.pIonosphere, m_tblCircuit, aMegahertz)
+          m_tblFrequencies(*m_tblParts.pIonosphere, m_tblCircuit, aMegahertz),
+          m_dPowerShift(dPowerShift)
     {
     }
     [[nodiscard]] std::size_t PiecesGet() const override
@@ -241,8 +244,8 @@ public:
             day.aPlaces[iPoint] = PlaceOfGrid(tblPlace);
             for (int iHour = 0; iHour < kHourCount; ++iHour)
                 for (std::size_t j = 0; j < nFrequencies; ++j)
-                    day.SnrGet(iPoint, iHour, j) =
-                        SnrOfGrid(aCells[static_cast<std::size_t>(iHour) * nFrequencies + j]);
+                    day.SnrGet(iPoint, iHour, j) = SnrOfGrid(
+                        aCells[static_cast<std::size_t>(iHour) * nFrequencies + j], m_dPowerShift);
         }
         return {};
     }
@@ -252,6 +255,7 @@ private:
     run533::RunParts m_tblParts;
     rec533::Circuit m_tblCircuit;
     rec533::Frequencies m_tblFrequencies;
+    double m_dPowerShift;  // dB
 };
 
 std::unique_ptr<AreaDayWork> BuiltInEngine::AreaDayPrepare(const AreaDayRequest& request,
@@ -284,7 +288,7 @@ std::unique_ptr<AreaDayWork> BuiltInEngine::AreaDayPrepare(const AreaDayRequest&
         return nullptr;
     }
     return std::make_unique<AreaRowsWork>(std::move(*tblDeck), std::move(resParts.ValueGet()),
-                                          aMegahertz);
+                                          aMegahertz, PowerShiftGet(area));
 }
 
 AreaPrediction BuiltInEngine::PredictArea(const AreaRequest& request,
@@ -313,6 +317,7 @@ AreaPrediction BuiltInEngine::PredictArea(const AreaRequest& request,
         CircuitMake(tblDeck.tblCommon, tblParts, run533::kPowerWithoutAntenna);
     const rec533::Frequencies tblFrequencies(*tblParts.pIonosphere, tblCircuit,
                                              {&tblDeck.dFrequency, 1});
+    const double dPowerShift = PowerShiftGet(request);
     Shared::Work work(*m_pShared);
     rec533::DayHour tblHour;
     rec533::Prediction tblPrediction;
@@ -330,7 +335,8 @@ AreaPrediction BuiltInEngine::PredictArea(const AreaRequest& request,
             PredictHour(work.Get(), *tblParts.pIonosphere, tblFrequencies, tblCircuit,
                         tblDeck.nHour, tblHour, {&tblPrediction, 1});
             const AreaDay::Place place = PlaceOfGrid(tblPlace);
-            prediction.aPoints.push_back({place.dLat, place.dLon, SnrOfGrid(tblPrediction)});
+            prediction.aPoints.push_back(
+                {place.dLat, place.dLon, SnrOfGrid(tblPrediction, dPowerShift)});
         }
     prediction.bOk = true;
     return prediction;

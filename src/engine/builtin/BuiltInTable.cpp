@@ -5,6 +5,7 @@
 
 #include "engine/run533/FieldText.h"
 #include "geo/MathLib.h"
+#include "propagation/PowerTable.h"
 
 namespace {
 
@@ -88,6 +89,9 @@ void BuiltInTableFill(const run533::PointDay& tblDay, const std::vector<int>& ai
             CellFill(table, iHour, aiFrequency[n],
                      tblDay.abUsable[n] ? &tblDay.aCells[iCell++] : nullptr);
     }
-    for (const int i : aiFrequency) table.PresentSet(i, i, true);
+    for (const int i : aiFrequency) {
+        PowerShiftTable(table.request, i, i, table);
+        table.PresentSet(i, i, true);
+    }
     table.bBuiltIn = true;
 }
