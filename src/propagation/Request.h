@@ -13,12 +13,11 @@
 #include <vector>
 
 #include "settings/Settings.h"
+#include "settings/SunSpotForecast.h"
 #include "system/Result.h"
 
 /// The mean of the CCIR and URSI maps; Hopcast's own engine alone knows it.
 inline constexpr const char* kCoefficientsMean = "MEAN";
-
-enum class SunSpotSource { Typed, AirMail };
 
 /// Values that point-to-point and area decks share.
 struct RequestModel {

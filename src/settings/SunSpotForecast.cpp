@@ -58,6 +58,11 @@ std::string DatingText(const SunSpotForecast& forecast, const DateTime& dtToday)
     return sWord + DateText(forecast.dtDay) + " (" + AgeText(forecast.dtDay, dtToday) + ")";
 }
 
+std::string NameOf(const SunSpotForecast& forecast)
+{
+    return std::string(SunSpotSourceName(SunSpotSourceOf(forecast.eSource)));
+}
+
 /// What is wrong with a forecast that has nothing for a month.
 std::string NotCoveredText(const SunSpotForecast& forecast, int nYear, int nMonth)
 {
@@ -66,9 +71,9 @@ std::string NotCoveredText(const SunSpotForecast& forecast, int nYear, int nMont
         return "One day's flux counts for the current month alone, and this bulletin is of "
                + DateText(forecast.dtDay) + "; the mean cycle is used for " + sMonth
                + ". Read a bulletin of today, or a forecast.";
-    return "The " + std::string(ForecastSourceName(forecast.eSource)) + " is for "
-           + MonthText(forecast.aMonths.front()) + " to " + MonthText(forecast.aMonths.back())
-           + "; the mean cycle is used for " + sMonth + ". Read a newer forecast.";
+    return "The " + NameOf(forecast) + " is for " + MonthText(forecast.aMonths.front()) + " to "
+           + MonthText(forecast.aMonths.back()) + "; the mean cycle is used for " + sMonth
+           + ". Read a newer forecast.";
 }
 
 std::string ScaleText(ForecastSource eSource, double dValue)
@@ -126,21 +131,41 @@ bool ForecastIsOld(const SunSpotForecast& forecast, const DateTime& dtToday)
            || (nMonths == kForecastOldMonths && forecast.dtDay.nDay != dtToday.nDay);
 }
 
-std::string_view ForecastSourceName(ForecastSource eSource)
+std::string_view SunSpotSourceName(SunSpotSource eSource)
+{
+    switch (eSource) {
+        case SunSpotSource::Typed:
+            return "typed";
+        case SunSpotSource::AirMail:
+            return "Airmail";
+        case SunSpotSource::MeanCycle:
+            return "mean cycle";
+        case SunSpotSource::Noaa:
+            return "NOAA forecast";
+        case SunSpotSource::Silso:
+            return "SILSO forecast";
+        case SunSpotSource::Wwv:
+            return "WWV, one day's flux";
+    }
+    return "";
+}
+
+SunSpotSource SunSpotSourceOf(ForecastSource eSource)
 {
     switch (eSource) {
         case ForecastSource::Noaa:
-            return "NOAA forecast";
+            return SunSpotSource::Noaa;
         case ForecastSource::Silso:
-            return "SILSO forecast";
-        default:
-            return "WWV, one day's flux";
+            return SunSpotSource::Silso;
+        case ForecastSource::Wwv:
+            return SunSpotSource::Wwv;
     }
+    return SunSpotSource::Typed;
 }
 
 std::string ForecastText(const SunSpotForecast& forecast, const DateTime& dtToday)
 {
-    std::string sText(ForecastSourceName(forecast.eSource));
+    std::string sText = NameOf(forecast);
     const ForecastMonth& first = forecast.aMonths.front();
     if (forecast.eSource == ForecastSource::Wwv) {
         sText += " " + NumberToText(first.dValue) + ", for " + MonthText(first);
@@ -161,15 +186,15 @@ SunSpotEstimate SunSpotEstimateGet(const SunSpotForecast* pForecast, int nYear, 
         pForecast == nullptr ? std::nullopt : ForecastValueGet(*pForecast, nYear, nMonth, dtToday);
     if (optValue) {
         estimate.dNumber = SunSpotFromValue(pForecast->eSource, *optValue);
-        estimate.sSource = ForecastSourceName(pForecast->eSource);
-        estimate.sDetail =
-            ScaleText(pForecast->eSource, *optValue) + ", " + DatingText(*pForecast, dtToday);
+        estimate.eSource = SunSpotSourceOf(pForecast->eSource);
+        estimate.sScale = ScaleText(pForecast->eSource, *optValue);
+        estimate.dtDay = pForecast->dtDay;
+        estimate.sDetail = estimate.sScale + ", " + DatingText(*pForecast, dtToday);
         if (ForecastIsOld(*pForecast, dtToday))
             estimate.sWarning =
-                "The " + estimate.sSource + " is older than six months. Read a newer one.";
+                "The " + NameOf(*pForecast) + " is older than six months. Read a newer one.";
     } else {
         estimate.dNumber = SunSpotMeanCycleGet(nYear, nMonth);
-        estimate.sSource = "mean cycle";
         estimate.sDetail =
             "mean cycle by Hathaway, Wilson and Reichmann 1994, for " + MonthText(nYear, nMonth);
         if (pForecast != nullptr)

@@ -27,6 +27,15 @@ enum class ForecastSource {
     Wwv,    ///< the bulletin of WWV: one day's solar flux
 };
 
+/// Where the sunspot number of a prediction is from.
+enum class SunSpotSource { Typed, AirMail, MeanCycle, Noaa, Silso, Wwv };
+
+/// "typed", "Airmail", "mean cycle", "NOAA forecast", "SILSO forecast", "WWV, one day's flux": for
+/// a line of many things.
+[[nodiscard]] std::string_view SunSpotSourceName(SunSpotSource eSource);
+/// The same source of a forecast.
+[[nodiscard]] SunSpotSource SunSpotSourceOf(ForecastSource eSource);
+
 /// What the date of a forecast means.
 enum class ForecastDating {
     Issued,  ///< the text itself names it
@@ -76,9 +85,6 @@ inline constexpr int kForecastOldMonths = 6;  ///< a forecast older than that is
 /// True when more than six months lie between the forecast's date and today.
 [[nodiscard]] bool ForecastIsOld(const SunSpotForecast& forecast, const DateTime& dtToday);
 
-/// "NOAA forecast", "SILSO forecast", "WWV, one day's flux".
-[[nodiscard]] std::string_view ForecastSourceName(ForecastSource eSource);
-
 /// What was read, for the user: source, scale, months, date and age.
 /// "NOAA forecast for 2026-11 to 2030-12, version-2 numbers times 0.7, of the mail of 2026-11-20
 /// (1 day old)".
@@ -87,7 +93,9 @@ inline constexpr int kForecastOldMonths = 6;  ///< a forecast older than that is
 struct SunSpotEstimate {
     double dNumber = 0.0;  ///< before rounding
     int nNumber = 0;       ///< what a prediction takes: whole, 0..311
-    std::string sSource;   ///< for a line of many things: "mean cycle", "NOAA forecast"
+    SunSpotSource eSource = SunSpotSource::MeanCycle;
+    std::string sScale;    ///< "version-2 number 87.9 times 0.7"; empty for the mean cycle
+    DateTime dtDay;        ///< of the forecast; all zero for the mean cycle
     std::string sDetail;   ///< scale, date and age: "version-2 number 87.9 times 0.7, ..."
     std::string sWarning;  ///< empty; else why the mean cycle is used, or that the forecast is old
 };

@@ -1,8 +1,60 @@
 #include "settings/SunSpotLib.h"
 
+#include <algorithm>
+#include <optional>
+#include <utility>
+
 #include "airmail/AirMailIni.h"
+#include "settings/ForecastFile.h"
 #include "settings/SettingsRange.h"
 #include "system/NumberLib.h"
+
+namespace {
+
+/// The forecast to ask: the named one, or the one that is kept, if any.
+/// @param sWarning  gets what is wrong with the one that is kept
+Result<std::optional<SunSpotForecast>> ForecastFind(const Settings& settings,
+                                                    const SunSpotAsked& asked,
+                                                    const DateTime& dtToday, std::string& sWarning)
+{
+    if (!asked.sForecastFile.empty()) {
+        auto resOpened = ForecastOpen(asked.sForecastFile, dtToday);
+        if (!resOpened)
+            return resOpened.ErrorGet();
+        return std::optional(std::move(resOpened.ValueGet()));
+    }
+    auto resLoaded = ForecastLoad(settings.m_sProfileFile);
+    if (resLoaded)
+        return resLoaded;
+    sWarning = resLoaded.TextGet();
+    return std::optional<SunSpotForecast>();
+}
+
+Result<SunSpotRun> ForecastRunGet(const Settings& settings, const SunSpotAsked& asked)
+{
+    const DateTime dtToday = UtcNow();
+    const RunMonth month = RunMonthGet(settings);
+    SunSpotRun ssn;
+    const auto resForecast = ForecastFind(settings, asked, dtToday, ssn.sWarning);
+    if (!resForecast)
+        return resForecast.ErrorGet();
+    const auto& optForecast = resForecast.ValueGet();
+    const SunSpotEstimate estimate = SunSpotEstimateGet(optForecast ? &*optForecast : nullptr,
+                                                        month.nYear, month.nMonth, dtToday);
+    ssn.fNumber = static_cast<float>(estimate.nNumber);
+    ssn.eSource = estimate.eSource;
+    ssn.sSource = SunSpotSourceName(estimate.eSource);
+    ssn.sScale = estimate.sScale;
+    ssn.dtDay = estimate.dtDay;
+    if (!ssn.dtDay.IsZero())
+        ssn.nDaysOld = std::max(DayBoundaries(ssn.dtDay, dtToday), 0LL);
+    ssn.sDetail = estimate.sDetail;
+    if (ssn.sWarning.empty())
+        ssn.sWarning = estimate.sWarning;
+    return ssn;
+}
+
+}  // namespace
 
 Result<bool> SunSpotNumberGet(Settings& settings, float& fNumber, Messages* paMessages)
 {
@@ -19,5 +71,37 @@ Result<bool> SunSpotNumberGet(Settings& settings, float& fNumber, Messages* paMe
         settings.m_fPropagationSunSpotNumber = resNumber.ValueGet();
     }
     fNumber = settings.m_fPropagationSunSpotNumber;
+    return true;
+}
+
+RunMonth RunMonthGet(const Settings& settings)
+{
+    if (!settings.m_bPropagationMonth)
+        return {LocalNow().nYear, settings.m_iPropagationMonth};
+    const DateTime dtUtc = UtcNow();
+    return {dtUtc.nYear, dtUtc.nMonth};
+}
+
+Result<bool> SunSpotRunGet(Settings& settings, const SunSpotAsked& asked, SunSpotRun& ssn,
+                           Messages* paMessages)
+{
+    if (!settings.m_bPropagationSunSpotNumber && asked.bForecast) {
+        auto resRun = ForecastRunGet(settings, asked);
+        if (!resRun)
+            return resRun.ErrorGet();
+        ssn = std::move(resRun.ValueGet());
+        settings.m_fPropagationSunSpotNumber = ssn.fNumber;
+        return true;
+    }
+    SunSpotRun run;
+    const auto resNumber = SunSpotNumberGet(settings, run.fNumber, paMessages);
+    if (!resNumber || !resNumber.ValueGet())
+        return resNumber;
+    run.eSource =
+        settings.m_bPropagationSunSpotNumber ? SunSpotSource::AirMail : SunSpotSource::Typed;
+    run.sSource = SunSpotSourceName(run.eSource);
+    run.sDetail = run.eSource == SunSpotSource::AirMail ? AirMailIniPlaceGet("Propagation", "SSN")
+                                                        : "as typed";
+    ssn = std::move(run);
     return true;
 }

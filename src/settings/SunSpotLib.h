@@ -1,11 +1,14 @@
 /// @file SunSpotLib.h
-/// The sunspot number of the next prediction.
+/// The sunspot number of the next prediction: Airmail's, the forecast's, or the typed one.
 ///
 /// Units:   smoothed sunspot number, single precision.
-/// Tests:   tests/settings/SunSpotLibTest.cpp
+/// Tests:   tests/settings/SunSpotLibTest.cpp, SunSpotRunTest.cpp
 #pragma once
 
+#include <string>
+
 #include "settings/Settings.h"
+#include "settings/SunSpotForecast.h"
 #include "system/Message.h"
 #include "system/Result.h"
 
@@ -16,3 +19,39 @@
 ///         "Type mismatch" or "Overflow" when Airmail's text is no number, and in words, with file
 ///         and key, that it is out of range; these are no messages yet.
 Result<bool> SunSpotNumberGet(Settings& settings, float& fNumber, Messages* paMessages);
+
+/// The sunspot number of a run and where it is from.
+struct SunSpotRun {
+    float fNumber = 0.0F;
+    SunSpotSource eSource = SunSpotSource::Typed;
+    std::string sSource;     ///< "typed", "Airmail", "mean cycle", "NOAA forecast" ...
+    std::string sScale;      ///< "version-2 number 87.9 times 0.7"; empty: as the engines take it
+    DateTime dtDay;          ///< of the forecast; all zero: the source has no date
+    long long nDaysOld = 0;  ///< of the forecast, 0 or more
+    std::string sDetail;     ///< all of this in words, for a tooltip
+    std::string sWarning;    ///< empty; else what is worth telling: an old or damaged forecast
+};
+
+/// What the forecast is asked for.
+struct SunSpotAsked {
+    bool bForecast = false;     ///< without Airmail's number, that of the forecast
+    std::string sForecastFile;  ///< empty: the forecast that is kept with the profile
+};
+
+/// The month that the next run is for: with m_bPropagationMonth the current one, else the chosen
+/// one of the year that the decks name.
+struct RunMonth {
+    int nYear = 0;
+    int nMonth = 0;
+};
+[[nodiscard]] RunMonth RunMonthGet(const Settings& settings);
+
+/// The number of the next run, for windows and console alike; it is stored in
+/// m_fPropagationSunSpotNumber. In this order: with m_bPropagationSunSpotNumber Airmail's; with the
+/// forecast on the forecast's for the month of the run where it covers it, else the mean cycle's,
+/// as a whole number; else the typed one. A forecast that is kept but damaged is worth a warning;
+/// one that was named must be readable.
+/// @param ssn  untouched unless the result is true.
+/// @return as SunSpotNumberGet; besides, in words, why the named forecast cannot be read.
+Result<bool> SunSpotRunGet(Settings& settings, const SunSpotAsked& asked, SunSpotRun& ssn,
+                           Messages* paMessages);

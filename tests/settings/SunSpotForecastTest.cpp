@@ -82,7 +82,7 @@ TEST(SunSpotEstimate, WithoutAForecastIsTheMeanCycleRounded)
     const SunSpotEstimate estimate = SunSpotEstimateGet(nullptr, 2026, 11, kToday);
     EXPECT_EQ(estimate.nNumber, 62);
     EXPECT_NEAR(estimate.dNumber, 61.52, 0.005);
-    EXPECT_EQ(estimate.sSource, "mean cycle");
+    EXPECT_EQ(estimate.eSource, SunSpotSource::MeanCycle);
     EXPECT_EQ(estimate.sDetail, "mean cycle by Hathaway, Wilson and Reichmann 1994, for 2026-11");
     EXPECT_EQ(estimate.sWarning, "");
 }
@@ -93,7 +93,7 @@ TEST(SunSpotEstimate, ForecastGoesFirstWhereItCoversTheMonth)
     const SunSpotEstimate estimate = SunSpotEstimateGet(&forecast, 2026, 12, kToday);
     EXPECT_NEAR(estimate.dNumber, 59.92, 1e-9);
     EXPECT_EQ(estimate.nNumber, 60);
-    EXPECT_EQ(estimate.sSource, "NOAA forecast");
+    EXPECT_EQ(SunSpotSourceName(estimate.eSource), "NOAA forecast");
     EXPECT_EQ(estimate.sDetail,
               "version-2 number 85.6 times 0.7, of the mail of 2026-11-20 (1 day old)");
     EXPECT_EQ(estimate.sWarning, "");
@@ -105,7 +105,7 @@ TEST(SunSpotEstimate, MonthThatTheForecastLacksIsTheMeanCyclesAndTold)
     for (const auto& [nYear, nMonth] : {std::pair{2026, 10}, {2027, 1}, {2027, 3}}) {
         const SunSpotEstimate estimate = SunSpotEstimateGet(&forecast, nYear, nMonth, kToday);
         EXPECT_EQ(estimate.dNumber, SunSpotMeanCycleGet(nYear, nMonth));
-        EXPECT_EQ(estimate.sSource, "mean cycle");
+        EXPECT_EQ(estimate.eSource, SunSpotSource::MeanCycle);
     }
     EXPECT_EQ(SunSpotEstimateGet(&forecast, 2027, 3, kToday).sWarning,
               "The NOAA forecast is for 2026-11 to 2027-02; the mean cycle is used for 2027-03. "
@@ -118,13 +118,13 @@ TEST(SunSpotEstimate, FluxOfADayCountsForTheCurrentMonthAlone)
     const SunSpotEstimate estimate = SunSpotEstimateGet(&forecast, 2026, 11, kToday);
     EXPECT_NEAR(estimate.dNumber, SunSpotFromFlux(123.0), 1e-9);
     EXPECT_EQ(estimate.nNumber, 75);
-    EXPECT_EQ(estimate.sSource, "WWV, one day's flux");
+    EXPECT_EQ(SunSpotSourceName(estimate.eSource), "WWV, one day's flux");
     EXPECT_EQ(estimate.sDetail, "10.7 cm flux 123 of one day, issued 2026-11-21 (of today)");
-    EXPECT_EQ(SunSpotEstimateGet(&forecast, 2026, 12, kToday).sSource, "mean cycle");
+    EXPECT_EQ(SunSpotEstimateGet(&forecast, 2026, 12, kToday).eSource, SunSpotSource::MeanCycle);
     // The same bulletin a month later, for its own month and for the new one.
     const DateTime dtLater{2026, 12, 1};
-    EXPECT_EQ(SunSpotEstimateGet(&forecast, 2026, 11, dtLater).sSource, "mean cycle");
-    EXPECT_EQ(SunSpotEstimateGet(&forecast, 2026, 12, dtLater).sSource, "mean cycle");
+    EXPECT_EQ(SunSpotEstimateGet(&forecast, 2026, 11, dtLater).eSource, SunSpotSource::MeanCycle);
+    EXPECT_EQ(SunSpotEstimateGet(&forecast, 2026, 12, dtLater).eSource, SunSpotSource::MeanCycle);
     EXPECT_EQ(SunSpotEstimateGet(&forecast, 2026, 12, dtLater).sWarning,
               "One day's flux counts for the current month alone, and this bulletin is of "
               "2026-11-21; the mean cycle is used for 2026-12. Read a bulletin of today, or a "
@@ -135,7 +135,7 @@ TEST(SunSpotEstimate, ForecastOlderThanSixMonthsIsToldAndUsed)
 {
     const SunSpotForecast forecast = NoaaMake({2026, 5, 20});
     const SunSpotEstimate estimate = SunSpotEstimateGet(&forecast, 2026, 11, kToday);
-    EXPECT_EQ(estimate.sSource, "NOAA forecast");
+    EXPECT_EQ(SunSpotSourceName(estimate.eSource), "NOAA forecast");
     EXPECT_EQ(estimate.sDetail,
               "version-2 number 87.9 times 0.7, of the mail of 2026-05-20 (6 months old)");
     EXPECT_EQ(estimate.sWarning, "The NOAA forecast is older than six months. Read a newer one.");
