@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr int kBufferSize = 512;
 constexpr const char* kVersionTested = "3.1.936";
 
 }  // namespace
@@ -15,7 +14,7 @@ std::string AirMailIniGet(const std::string& sFile, const std::string& sSection,
                           const std::string& sKey, Messages* paMessages)
 {
     std::string sValue = PrivateProfileGetWindows1252(
-        sSection, sKey, "", kBufferSize, AirMailFileGet(AirMailDataFolderGet(), sFile));
+        sSection, sKey, "", kAirMailValueMost + 1, AirMailFileGet(AirMailDataFolderGet(), sFile));
     if (sValue.empty())
         MessageFail(paMessages, MsgIcon::Exclamation,
                     "Unable to find AirMail's " + sSection + ", " + TextForMessage(sKey) + " in \""

@@ -14,7 +14,10 @@
 
 inline constexpr const char* kAirMailIniFile = "Airmail.ini";
 
-/// One value of a file in the data folder, cut to 511 characters.
+/// Characters of a value that are read; the rest of a longer one is cut off.
+inline constexpr int kAirMailValueMost = 511;
+
+/// One value of a file in the data folder.
 /// @param paMessages  gets a warning for an empty result: which section, key and file, and the
 ///                    hint.
 [[nodiscard]] std::string AirMailIniGet(const std::string& sFile, const std::string& sSection,

@@ -25,7 +25,9 @@ bool StationsFail(Messages* paMessages, const char* sStage, const std::string& s
                            + TextForMessage(sSystem) + "\"" + sReason + AirMailFolderHint());
 }
 
-Result<void> KeysRead(TextFile& file, TextList& asKey)
+/// Calls fnLine with what stands before and behind the first "=" of each line of the list.
+template <class LineFn>
+Result<void> LinesRead(TextFile& file, const LineFn& fnLine)
 {
     bool bInside = false;
     for (std::string sLine;;) {
@@ -36,9 +38,61 @@ Result<void> KeysRead(TextFile& file, TextList& asKey)
         if (!resMore.ValueGet() || (bInside && nEqual == std::string::npos))
             return {};
         if (bInside)
-            asKey.Add(Utf8FromWindows1252(std::string_view(sLine).substr(0, nEqual)));
+            fnLine(std::string_view(sLine).substr(0, nEqual),
+                   std::string_view(sLine).substr(nEqual + 1));
         bInside = bInside || sLine == kSectionLine;
     }
+}
+
+/// A value as the reader of one key gives it: without blanks and one pair of quotes around it, cut
+/// to its buffer.
+std::string ValueCut(std::string_view sValue)
+{
+    sValue = TextTrim(sValue);
+    if (sValue.size() >= 2 && (sValue.front() == '"' || sValue.front() == '\'')
+        && sValue.back() == sValue.front())
+        sValue = sValue.substr(1, sValue.size() - 2);
+    return Utf8FromWindows1252(sValue.substr(0, kAirMailValueMost));
+}
+
+StationEntry EntryCut(std::string sKey, const std::string& sEntry)
+{
+    StationEntry entry;
+    entry.sKey = std::move(sKey);
+    const std::size_t nColon = sEntry.find(':');
+    const std::size_t nSemicolon = sEntry.find(';');
+    if (nColon != std::string::npos) {
+        entry.sGrid = sEntry.substr(0, nColon);
+        // A semicolon before the colon leaves nothing between them.
+        if (nSemicolon > nColon)
+            entry.sDescription = sEntry.substr(nColon + 1, nSemicolon == std::string::npos
+                                                               ? std::string::npos
+                                                               : nSemicolon - nColon - 1);
+    }
+    if (nSemicolon != std::string::npos)
+        entry.sRest = sEntry.substr(nSemicolon + 1);
+    return entry;
+}
+
+/// Reads the lines of a system's list. @return false, with a message, when there are none.
+template <class LineFn>
+bool StationsRead(const std::string& sSystem, const LineFn& fnLine, Messages* paMessages)
+{
+    auto resFile = TextFile::Open(AirMailFileGet(AirMailDataFolderGet(), StationFileName(sSystem)));
+    if (!resFile)
+        return StationsFail(paMessages, " - Open, Unable to open", sSystem,
+                            " Station Info data." + resFile.TextGet());
+    bool bAny = false;
+    const auto resRead =
+        LinesRead(resFile.ValueGet(), [&](std::string_view sKey, std::string_view sValue) {
+            bAny = true;
+            fnLine(sKey, sValue);
+        });
+    if (!resRead)
+        return StationsFail(paMessages, " - Read, Unable to get", sSystem, " Station Info data.");
+    if (!bAny)
+        return StationsFail(paMessages, ", Unable to find any selected", sSystem, "Stations.");
+    return true;
 }
 
 std::string EntryGet(const std::string& sSystem, const std::string& sKey, Messages* paMessages)
@@ -71,18 +125,27 @@ bool AirMailGetStations(const std::string& sSystem, int& nCount, TextList& asKey
                         Messages* paMessages)
 {
     asKey = {};
-    nCount = 0;
-    auto resFile = TextFile::Open(AirMailFileGet(AirMailDataFolderGet(), StationFileName(sSystem)));
-    if (!resFile)
-        return StationsFail(paMessages, " - Open, Unable to open", sSystem,
-                            " Station Info data." + resFile.TextGet());
-    const auto resRead = KeysRead(resFile.ValueGet(), asKey);
+    const bool bOk = StationsRead(
+        sSystem,
+        [&](std::string_view sKey, std::string_view /*sValue*/) {
+            asKey.Add(Utf8FromWindows1252(sKey));
+        },
+        paMessages);
     nCount = asKey.CountGet();
-    if (!resRead)
-        return StationsFail(paMessages, " - Read, Unable to get", sSystem, " Station Info data.");
-    if (nCount == 0)
-        return StationsFail(paMessages, ", Unable to find any selected", sSystem, "Stations.");
-    return true;
+    return bOk;
+}
+
+bool AirMailGetEntries(const std::string& sSystem, std::vector<StationEntry>& aEntry,
+                       Messages* paMessages)
+{
+    aEntry.clear();
+    return StationsRead(
+        sSystem,
+        [&](std::string_view sKey, std::string_view sValue) {
+            if (!TextTrim(sKey).starts_with(';'))
+                aEntry.push_back(EntryCut(Utf8FromWindows1252(TextTrim(sKey)), ValueCut(sValue)));
+        },
+        paMessages);
 }
 
 Result<bool> AirMailStationPosition(const std::string& sSystem, const std::string& sKey,
@@ -92,10 +155,10 @@ Result<bool> AirMailStationPosition(const std::string& sSystem, const std::strin
     const std::string sEntry = EntryGet(sSystem, sKey, bShowError ? &aMessages : nullptr);
     if (sEntry.empty())
         return false;
-    const std::size_t nColon = sEntry.find(':');
-    if (nColon == std::string::npos)
+    const StationEntry entry = EntryCut(sKey, sEntry);
+    if (!entry.sGrid)
         return RunError{kInvalidCall};
-    std::string sGrid = sEntry.substr(0, nColon);
+    std::string sGrid = *entry.sGrid;
     double dLat = 0.0;
     double dLon = 0.0;
     if (!GridSquareToPosition(sGrid, dLat, dLon, &aMessages))
@@ -103,7 +166,7 @@ Result<bool> AirMailStationPosition(const std::string& sSystem, const std::strin
     if (!PositionInRange(dLat, dLon)) {
         const std::string sFault = AirMailPathGet(AirMailDataFolderGet(), StationFileName(sSystem))
                                    + ", [" + kSection + "] " + sKey + ": "
-                                   + TextPrintable(sEntry.substr(0, nColon)) + " lies out of range";
+                                   + TextPrintable(*entry.sGrid) + " lies out of range";
         if (psFault)
             *psFault = sFault;
         return MessageFail(bShowError ? &aMessages : nullptr, MsgIcon::Exclamation, sFault);
@@ -116,12 +179,5 @@ Result<bool> AirMailStationPosition(const std::string& sSystem, const std::strin
 std::string AirMailStationDescription(const std::string& sSystem, const std::string& sKey,
                                       Messages* paMessages)
 {
-    const std::string sEntry = EntryGet(sSystem, sKey, paMessages);
-    const std::size_t nColon = sEntry.find(':');
-    const std::size_t nSemicolon = sEntry.find(';');
-    // A semicolon before the colon leaves nothing between them.
-    if (nColon == std::string::npos || nSemicolon < nColon)
-        return {};
-    return sEntry.substr(
-        nColon + 1, nSemicolon == std::string::npos ? std::string::npos : nSemicolon - nColon - 1);
+    return EntryCut(sKey, EntryGet(sSystem, sKey, paMessages)).sDescription;
 }

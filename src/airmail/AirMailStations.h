@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cassert>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,6 +33,14 @@ private:
     std::vector<std::string> m_asText;
 };
 
+/// One line of a station list, cut apart.
+struct StationEntry {
+    std::string sKey;
+    std::optional<std::string> sGrid;  ///< before the first ":"; nothing without one
+    std::string sDescription;          ///< between the first ":" and the first ";"
+    std::string sRest;                 ///< behind the first ";"
+};
+
 /// The systems that have a station file, in directory order: of each name the text between its
 /// first two points, so that System.HAM.ini and System.HAM.old.ini both give HAM.
 /// @param nCount  names in the list, which replaces what asName held.
@@ -44,6 +53,12 @@ bool AirMailGetSystems(int& nCount, TextList& asName, Messages* paMessages);
 /// @return false, with a message, when the file cannot be opened or read or holds no key.
 bool AirMailGetStations(const std::string& sSystem, int& nCount, TextList& asKey,
                         Messages* paMessages);
+
+/// The same lines with what stands in them, each cut as the reader of one key cuts it; the file is
+/// read once. A line that begins with ";" is a remark and left out. Of lines with one key each is
+/// there, with its own text. Nothing is checked.
+bool AirMailGetEntries(const std::string& sSystem, std::vector<StationEntry>& aEntry,
+                       Messages* paMessages);
 
 /// The position of a station by the grid square of its entry.
 /// @param bShowError  a message tells a missing entry; a grid that cannot be converted is always

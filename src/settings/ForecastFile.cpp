@@ -100,11 +100,7 @@ RunError Refused(std::string_view sFile, const std::string& sWhy)
 
 std::string ForecastFilePath(std::string_view sProfileFile)
 {
-    const std::size_t nName = sProfileFile.find_last_of("/\\") + 1;  // npos + 1 is 0
-    const std::size_t nDot = sProfileFile.rfind('.');
-    if (nDot != std::string_view::npos && nDot > nName)
-        sProfileFile = sProfileFile.substr(0, nDot);
-    return std::string(sProfileFile) + ".forecast.txt";
+    return PathWithEnding(sProfileFile, ".forecast.txt");
 }
 
 std::string ForecastFileEnded(std::string_view sLines)

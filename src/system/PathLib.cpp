@@ -63,6 +63,15 @@ bool PathHasDrive(std::string_view sPath)
     return bLetter && (sPath.size() == 2 || IsSeparator(sPath[2]));
 }
 
+std::string PathWithEnding(std::string_view sFile, std::string_view sEnding)
+{
+    const std::size_t nName = sFile.find_last_of("/\\") + 1;  // npos + 1 is 0
+    const std::size_t nDot = sFile.rfind('.');
+    if (nDot != std::string_view::npos && nDot > nName)
+        sFile = sFile.substr(0, nDot);
+    return std::string(sFile) + std::string(sEnding);
+}
+
 std::string PathJoin(std::string_view sFolder, std::string_view sName)
 {
     constexpr char kSeparator = static_cast<char>(fs::path::preferred_separator);

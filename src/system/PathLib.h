@@ -19,6 +19,10 @@
 /// Joins with the host's separator; a separator at sFolder's end is not doubled.
 [[nodiscard]] std::string PathJoin(std::string_view sFolder, std::string_view sName);
 
+/// The name of a file that belongs to another: its last suffix replaced by sEnding, or sEnding
+/// behind a name without one (hopcast.ini and ".places.csv" give hopcast.places.csv).
+[[nodiscard]] std::string PathWithEnding(std::string_view sFile, std::string_view sEnding);
+
 /// Profile file of a program: beside the program with its base name and ".ini"; where that folder
 /// is not writable by the user or belongs to the system (/usr, Program Files), the same file name
 /// in %APPDATA%\Hopcast or $XDG_CONFIG_HOME/hopcast (default ~/.config/hopcast). The first such use

@@ -1,7 +1,9 @@
-// Any bytes as a station file: keys, positions and descriptions.
+// Any bytes as a station file: keys, positions and descriptions, and the stations as places.
 #include <algorithm>
 
 #include "fuzz/FuzzPrefix.h"
+#include "geo/MathLib.h"
+#include "places/StationPlaces.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
 {
@@ -23,6 +25,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
         const std::string sDescription = AirMailStationDescription("HAM", asText[i], nullptr);
         CheckValue(sDescription);
         Check(sDescription.find(';') == std::string::npos);
+    }
+    const StationPlaces stations = StationPlacesGet();
+    Check(stations.aPlaces.size() + stations.aFaults.size() <= static_cast<std::size_t>(nCount));
+    for (const Place& place : stations.aPlaces) {
+        Check(!place.sKey.empty() && PositionInRange(place.dLat, place.dLon));
+        for (const float f : place.afFrequency)
+            Check(f >= kOwnFrequencyLeast && f <= kOwnFrequencyMost);
     }
     return 0;
 }

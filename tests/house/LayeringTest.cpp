@@ -19,16 +19,17 @@ using Names = std::set<std::string>;
 /// Folder to the folders that it may include besides itself.
 const std::map<std::string, Names>& FloorsGet()
 {
-    static const Names kServices{"system", "geo", "airmail", "settings", "propagation"};
+    static const Names kServices{"system", "geo", "airmail", "places", "settings", "propagation"};
     static const std::map<std::string, Names> mapFloors{
         {"system", {}},
         {"geo", {"system"}},
         {"airmail", {"geo", "system"}},
+        {"places", {"airmail", "geo", "system"}},
         {"settings", {"airmail", "geo", "system"}},
         {"propagation", {"settings", "geo", "system"}},
         {"engine", {"propagation", "geo", "system"}},  // which of it: EnginesKnowDecksAlone
         {"ui", kServices},
-        {"app", {"system", "geo", "airmail", "settings", "propagation", "engine", "ui"}},
+        {"app", {"system", "geo", "airmail", "places", "settings", "propagation", "engine", "ui"}},
     };
     return mapFloors;
 }

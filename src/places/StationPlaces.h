@@ -1,0 +1,25 @@
+/// @file StationPlaces.h
+/// The stations of Airmail's lists as data.
+///
+/// Domain:  positions by the station lists' own scale of grid squares (geo/GridSquareLib.h), of
+///          true Maidenhead squares only; at most 20000 stations in all.
+/// Errors:  a list that cannot be read is a message, an entry that cannot be used a fault; neither
+///          keeps the others from being used.
+/// Tests:   tests/places/StationPlacesTest.cpp, tests/fuzz/fuzz_stations.cpp
+#pragma once
+
+#include <vector>
+
+#include "places/Place.h"
+#include "system/Message.h"
+
+inline constexpr std::size_t kStationsMost = 20000;
+
+struct StationPlaces {
+    std::vector<Place> aPlaces;       ///< list by list, each in its file's order
+    std::vector<PlaceFault> aFaults;  ///< entries that cannot be used
+    Messages aMessages;               ///< lists that cannot be read, or that there are none
+};
+
+/// Every station of every list. Two stations of one name are two places.
+[[nodiscard]] StationPlaces StationPlacesGet();
