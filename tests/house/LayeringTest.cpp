@@ -19,7 +19,8 @@ using Names = std::set<std::string>;
 /// Folder to the folders that it may include besides itself.
 const std::map<std::string, Names>& FloorsGet()
 {
-    static const Names kServices{"system", "geo", "airmail", "places", "settings", "propagation"};
+    static const Names kBelowUi{"system",   "geo",         "airmail", "places",
+                                "settings", "propagation", "studies"};
     static const std::map<std::string, Names> mapFloors{
         {"system", {}},
         {"geo", {"system"}},
@@ -28,8 +29,11 @@ const std::map<std::string, Names>& FloorsGet()
         {"settings", {"airmail", "geo", "system"}},
         {"propagation", {"settings", "geo", "system"}},
         {"engine", {"propagation", "geo", "system"}},  // which of it: EnginesKnowDecksAlone
-        {"ui", kServices},
-        {"app", {"system", "geo", "airmail", "places", "settings", "propagation", "engine", "ui"}},
+        {"studies", {"propagation", "places", "settings", "geo", "system"}},
+        {"ui", kBelowUi},
+        {"app",
+         {"system", "geo", "airmail", "places", "settings", "propagation", "studies", "engine",
+          "ui"}},
     };
     return mapFloors;
 }

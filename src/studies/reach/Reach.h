@@ -1,0 +1,123 @@
+/// @file Reach.h
+/// Which of many places can be heard here, when, and on which frequency: from one prediction a
+/// place to rows in the order of their use. Here is the receiver and the places are transmitters,
+/// as where a station is chosen for the main table, so a row is the single prediction of its
+/// circuit to the digit.
+///
+/// Units:   degrees, nautical miles, kHz, dB in 1 Hz; hours of UTC, 0 to 23.
+/// Errors:  a place without a prediction has a row that says why; it does not stop the others.
+/// Threads: none of its own; ReachStart's answers come on the thread that the runner posts to.
+/// Tests:   tests/studies/ReachTest.cpp, ReachEnginesTest.cpp
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "places/Place.h"
+#include "propagation/Runner.h"
+
+inline constexpr int kReachHours = 24;
+
+/// What is asked of all places alike.
+struct ReachAsked {
+    Request base;  ///< engine, month, power and model; here is its receiver, its frequencies the
+                   ///< user's; the transmitter is not read
+    bool bOwnFrequencies = false;  ///< a place's own frequencies where it has any
+    float fNeed = 40.0F;           ///< required SNR
+    int iFrom = 0;                 ///< the hour that counts as now
+    int nHours = kReachHours;      ///< hours that count for the order, from iFrom on; 1 to 24
+};
+
+/// An hour's best frequency.
+struct ReachHour {
+    float fSnr = std::numeric_limits<float>::quiet_NaN();  ///< not-a-number: no value
+    float fFrequency = 0.0F;                               ///< 0: none
+
+    [[nodiscard]] bool OpenIs(float fNeed) const { return fSnr >= fNeed; }
+};
+
+/// When a place is next open, over midnight too.
+struct ReachOpening {
+    int nWait = -1;   ///< hours from now to its beginning; 0: open now; -1: not within the hours
+    int nLength = 0;  ///< hours that it lasts, up to 24; it may go on behind the hours that count
+};
+
+enum class ReachState { Waiting, Failed, Answered };
+
+struct ReachRow {
+    std::size_t iPlace = 0;  ///< index into the places
+    ReachState eState = ReachState::Waiting;
+    std::string sFailure;  ///< of a failed one
+    std::array<ReachHour, kReachHours> aHours;
+    ReachOpening opening;
+    float fMargin = std::numeric_limits<float>::quiet_NaN();  ///< now: best SNR less the need
+    double dRange = 0.0;    ///< nautical miles; as the prediction prints it once there is one
+    double dBearing = 0.0;  ///< of the place from here, [0, 360); the same
+};
+
+/// A place's SNR on one frequency, for lists of everything.
+struct ReachCell {
+    int iHour = 0;
+    float fFrequency = 0.0F;
+    float fSnr = 0.0F;
+};
+
+/// The request of a place: the base with the place as transmitter.
+[[nodiscard]] Request ReachRequestGet(const ReachAsked& asked, const Place& place);
+
+/// A place's row of its prediction; only its index is the caller's.
+[[nodiscard]] ReachRow ReachRowGet(const ReachAsked& asked, const Place& place,
+                                   const Prediction& prediction);
+
+/// Every hour and frequency of a prediction, hour by hour; frequencies without values are left out.
+[[nodiscard]] std::vector<ReachCell> ReachCellsGet(const Prediction& prediction);
+
+/// The next opening of 24 hours.
+[[nodiscard]] ReachOpening ReachOpeningGet(const std::array<ReachHour, kReachHours>& aHours,
+                                           float fNeed, int iFrom, int nHours);
+
+/// "now-02" (the last open hour), "from 18", "all day", or "-".
+/// @param fnHour  the label of an hour of UTC, as the time setting has it
+[[nodiscard]] std::string ReachOpeningText(const ReachOpening& opening, int iFrom,
+                                           const std::function<std::string(int)>& fnHour);
+
+/// The rows of all places while the predictions come in.
+class Reach {
+public:
+    Reach(ReachAsked asked, std::vector<Place> aPlaces);
+
+    [[nodiscard]] const ReachAsked& AskedGet() const { return m_asked; }
+    [[nodiscard]] const std::vector<Place>& PlacesGet() const { return m_aPlaces; }
+    /// A row for each place, in the places' order.
+    [[nodiscard]] const std::vector<ReachRow>& RowsGet() const { return m_aRows; }
+    [[nodiscard]] std::size_t DoneGet() const { return m_nDone; }
+
+    /// The requests of all places, in their order.
+    [[nodiscard]] std::vector<Request> RequestsGet() const;
+    /// Takes a place's prediction; of a second one for the same place the last counts.
+    void Add(std::size_t iPlace, const Prediction& prediction);
+    /// Another need, or other hours: the rows are judged anew, nothing is predicted.
+    void Judge(float fNeed, int iFrom, int nHours);
+
+    /// The rows by use: open now by margin, then by next opening, then those that stay closed by
+    /// their best SNR within the hours, then failed ones, then those that wait; equal ones as the
+    /// places stand. @return indices into RowsGet
+    [[nodiscard]] std::vector<std::size_t> RankingGet() const;
+
+private:
+    ReachAsked m_asked;
+    std::vector<Place> m_aPlaces;
+    std::vector<ReachRow> m_aRows;
+    std::size_t m_nDone = 0;
+};
+
+/// Asks the engine for every place. Each answer is added to the rows, then fnRow is called with the
+/// place's index; fnEnd behind the last one. The rows must outlive the job.
+[[nodiscard]] RunnerJob ReachStart(Runner& runner, std::shared_ptr<const Engine> pEngine,
+                                   Reach& reach, std::function<void(std::size_t iPlace)> fnRow,
+                                   Runner::EndFn fnEnd = {});
