@@ -79,6 +79,7 @@ void PowerShiftTable(const Request& request, int iFirst, int iLast, PropagationT
                 continue;
             table.fSnr(iHour, i) = PowerShiftSnr(table.fSnr(iHour, i), dShift);
             table.fSdBW(iHour, i) = static_cast<float>(table.fSdBW(iHour, i) + dShift);
+            table.fSnrMedian(iHour, i) = static_cast<float>(table.fSnrMedian(iHour, i) + dShift);
         }
     }
 }

@@ -168,6 +168,7 @@ void RowsSpread(const PropagationTable& tableRun, const std::vector<int>& aiFreq
             table.fReliability(iHour, i) = tableRun.fReliability(iHour, iRun);
             table.fSnrLower(iHour, i) = tableRun.fSnrLower(iHour, iRun);
             table.fSnrUpper(iHour, i) = tableRun.fSnrUpper(iHour, iRun);
+            table.fSnrMedian(iHour, i) = tableRun.fSnrMedian(iHour, iRun);
         }
         table.PresentSet(i, i, tableRun.PresentIs(iRun));
     }

@@ -46,7 +46,7 @@ PropagationRecord PropagationRecordGet(const PropagationTable& table, int iHour,
 
 std::size_t TableBytesGet(const PropagationTable& table)
 {
-    constexpr std::size_t kNumbersACell = 9;
+    constexpr std::size_t kNumbersACell = 10;
     constexpr std::size_t kNumbersAnHour = 3;
     const std::size_t nCells =
         std::size_t{kHourCount + 1} * (static_cast<std::size_t>(table.nData) + 1);

@@ -92,6 +92,9 @@ struct PropagationTable {
     /// or kNotPrinted.
     CellArray<float> fSnrLower{nData, kNotPrinted};
     CellArray<float> fSnrUpper{nData, kNotPrinted};
+    /// The median SNR before it is rounded to whole dB, where the engine tells it so; or
+    /// kNotPrinted: fSdBW less fNdBW is the printed one.
+    CellArray<float> fSnrMedian{nData, kNotPrinted};
     float fAzimuthTxRc = 0.0F;  ///< degrees
     float fAzimuthRcTx = 0.0F;  ///< degrees
     float fRange = 0.0F;        ///< path length, nautical miles

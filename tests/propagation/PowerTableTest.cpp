@@ -249,6 +249,7 @@ TEST(PowerShift, OfATableMovesSignalAndSnrOfTheChunkAlone)
         table.fSdBW(24, i) = -120.0F;
         table.fNdBW(24, i) = -163.0F;
         table.fSnr(24, i) = 41.0F;
+        table.fSnrMedian(24, i) = 43.25F;
         table.fReliability(24, i) = 0.5F;
     }
     table.fSnr(24, 2) = -999.0F;
@@ -256,6 +257,8 @@ TEST(PowerShift, OfATableMovesSignalAndSnrOfTheChunkAlone)
     table.fLUF[24] = 4500.0F;
     PowerShiftTable(request, 1, 2, table);
     EXPECT_NEAR(table.fSnr(24, 1), 21.0F, 1e-4);
+    EXPECT_NEAR(table.fSnrMedian(24, 1), 23.25F, 1e-4);
+    EXPECT_TRUE(std::isnan(table.fSnrMedian(1, 1)));
     EXPECT_NEAR(table.fSdBW(24, 1), -140.0F, 1e-4);
     EXPECT_NEAR(table.fSdBW(1, 1), -119.0F, 1e-4);
     EXPECT_EQ(table.fNdBW(24, 1), -163.0F);

@@ -64,6 +64,7 @@ void CellFill(PropagationTable& table, int iHour, int j, const rec533::Predictio
         return;
     table.fSnrLower(iHour, j) = static_cast<float>(pCell->dSnrLower);
     table.fSnrUpper(iHour, j) = static_cast<float>(pCell->dSnrUpper);
+    table.fSnrMedian(iHour, j) = static_cast<float>(pCell->dSnr);
 }
 
 void PathFill(const run533::PointDay& tblDay, PropagationTable& table)
