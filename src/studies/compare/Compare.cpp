@@ -1,0 +1,61 @@
+#include "studies/compare/Compare.h"
+
+#include <cassert>
+#include <cmath>
+#include <optional>
+
+#include "propagation/SnrScale.h"
+
+namespace {
+
+/// Nothing where a cell shows the least that there is.
+std::optional<float> SnrGet(const PropagationTable& table, int iHour, int iFrequency)
+{
+    const float fSnr = table.fSnr(iHour, iFrequency);
+    if (!table.PresentIs(iFrequency) || SnrShownGet(fSnr) <= kSnrLeast)
+        return {};
+    return fSnr;
+}
+
+/// Adds one cell to the figures; sums stand in the places of mean and rms until the end.
+void CellCount(CompareFigures& figures, const std::optional<float>& fA,
+               const std::optional<float>& fB, float fNeed)
+{
+    const bool bOpenA = fA && *fA >= fNeed;
+    const bool bOpenB = fB && *fB >= fNeed;
+    if (!bOpenA && !bOpenB)
+        return;
+    ++figures.nOpenEither;
+    figures.nOpenOnlyA += bOpenB ? 0 : 1;
+    figures.nOpenOnlyB += bOpenA ? 0 : 1;
+    if (!fA || !fB)
+        return;
+    const double dDifference = double{*fA} - double{*fB};
+    ++figures.nBoth;
+    figures.nAgree += std::abs(dDifference) <= kAgreement ? 1 : 0;
+    figures.dMean += dDifference;
+    figures.dRms += dDifference * dDifference;
+}
+
+}  // namespace
+
+CompareTable CompareGet(const PropagationTable& tableA, const PropagationTable& tableB, float fNeed)
+{
+    assert(tableA.nData == tableB.nData);
+    CompareTable compare{CellArray<float>(tableA.nData, PropagationTable::kNotPrinted), {}};
+    CompareFigures& figures = compare.figures;
+    for (int iHour = 1; iHour <= kHourCount; ++iHour) {
+        for (int i = 1; i <= tableA.nData; ++i) {
+            const auto fA = SnrGet(tableA, iHour, i);
+            const auto fB = SnrGet(tableB, iHour, i);
+            if (fA && fB)
+                compare.fDifference(iHour, i) = *fA - *fB;
+            CellCount(figures, fA, fB, fNeed);
+        }
+    }
+    if (figures.nBoth > 0) {
+        figures.dMean /= figures.nBoth;
+        figures.dRms = std::sqrt(figures.dRms / figures.nBoth);
+    }
+    return compare;
+}

@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "studies/compare/Compare.h"
+
+namespace {
+
+/// Two frequencies; every cell without an SNR.
+PropagationTable TableMake()
+{
+    PropagationTable table(2);
+    table.PresentSet(1, 2, true);
+    for (int iHour = 1; iHour <= kHourCount; ++iHour)
+        for (int i = 1; i <= 2; ++i) table.fSnr(iHour, i) = -999.0F;
+    return table;
+}
+
+TEST(Compare, OfATableWithItselfIsAllZeroAndFullAgreement)
+{
+    PropagationTable table = TableMake();
+    for (int iHour = 1; iHour <= kHourCount; ++iHour)
+        table.fSnr(iHour, 1) = 2.0F * static_cast<float>(iHour);
+    const CompareTable compare = CompareGet(table, table, 40.0F);
+    for (int iHour = 1; iHour <= kHourCount; ++iHour) {
+        EXPECT_EQ(compare.fDifference(iHour, 1), 0.0F);
+        EXPECT_TRUE(std::isnan(compare.fDifference(iHour, 2)));
+    }
+    EXPECT_EQ(compare.figures.nOpenEither, 5);  // hours 20 to 24
+    EXPECT_EQ(compare.figures.AgreementGet(), 1.0);
+    EXPECT_EQ(compare.figures.nOpenOnlyA + compare.figures.nOpenOnlyB, 0);
+    EXPECT_EQ(compare.figures.dRms, 0.0);
+}
+
+TEST(Compare, CountsTheOpenCellsAndTheirAgreement)
+{
+    PropagationTable tableA = TableMake();
+    PropagationTable tableB = TableMake();
+    const auto CellSet = [&](int iHour, float fA, float fB) {
+        tableA.fSnr(iHour, 1) = fA;
+        tableB.fSnr(iHour, 1) = fB;
+    };
+    CellSet(1, 50.0F, 44.0F);    // agree, just
+    CellSet(2, 50.0F, 43.9F);    // do not
+    CellSet(3, 41.0F, 39.0F);    // A alone is open, and they agree
+    CellSet(4, 20.0F, 60.0F);    // B alone
+    CellSet(5, 55.0F, -999.0F);  // A alone; no difference
+    CellSet(6, 10.0F, 12.0F);    // closed in both
+    const CompareTable compare = CompareGet(tableA, tableB, 40.0F);
+    EXPECT_EQ(compare.fDifference(1, 1), 6.0F);
+    EXPECT_EQ(compare.fDifference(4, 1), -40.0F);
+    EXPECT_EQ(compare.fDifference(6, 1), -2.0F);
+    EXPECT_TRUE(std::isnan(compare.fDifference(5, 1)));
+    const CompareFigures& figures = compare.figures;
+    EXPECT_EQ(figures.nOpenEither, 5);
+    EXPECT_EQ(figures.nBoth, 4);
+    EXPECT_EQ(figures.nAgree, 2);
+    EXPECT_EQ(figures.AgreementGet(), 0.5);
+    EXPECT_EQ(figures.nOpenOnlyA, 2);
+    EXPECT_EQ(figures.nOpenOnlyB, 1);
+    EXPECT_NEAR(figures.dMean, (6.0 + 6.1 + 2.0 - 40.0) / 4, 1e-5);
+    EXPECT_NEAR(figures.dRms, std::sqrt((36.0 + 37.21 + 4.0 + 1600.0) / 4), 1e-4);
+}
+
+TEST(Compare, LeavesOutAFrequencyWithoutValues)
+{
+    PropagationTable tableA = TableMake();
+    PropagationTable tableB = TableMake();
+    tableA.fSnr(1, 1) = tableB.fSnr(1, 1) = 60.0F;
+    tableB.PresentSet(1, 1, false);
+    const CompareTable compare = CompareGet(tableA, tableB, 40.0F);
+    EXPECT_TRUE(std::isnan(compare.fDifference(1, 1)));
+    EXPECT_EQ(compare.figures.nBoth, 0);
+    EXPECT_EQ(compare.figures.nOpenOnlyA, 1);
+    EXPECT_EQ(compare.figures.AgreementGet(), 0.0);
+}
+
+}  // namespace
