@@ -37,6 +37,7 @@ void ModelFill(const Settings& settings, RequestModel& model)
     model.fLayerAdjustF2 = settings.m_fPropagationLayerAdjustF2;
     model.fLayerAdjustEs = settings.m_fPropagationLayerAdjustEs;
     model.iAntennaType = settings.m_iPropagationAntennaType;
+    model.fPower = settings.m_fStationPower;
 }
 
 /// One number of a run with its name.

@@ -1,16 +1,23 @@
 #include "propagation/RunValues.h"
 
-#include "settings/SunSpotLib.h"
+#include <utility>
+
 #include "system/ClockLib.h"
 
-bool RunValuesTake(Settings& settings, Messages& aMessages)
+bool RunValuesTake(Settings& settings, Messages& aMessages, SunSpotRun* pSunSpot,
+                   const std::string& sForecastFile)
 {
-    float fSunSpotNumber = 0.0F;
-    const auto res = SunSpotNumberGet(settings, fSunSpotNumber, &aMessages);
+    SunSpotRun ssn;
+    const auto res = SunSpotRunGet(settings, sForecastFile, ssn, &aMessages);
     if (!res)
-        return MessageFail(&aMessages, MsgIcon::None, "Airmail's sunspot number: " + res.TextGet());
+        return MessageFail(
+            &aMessages, MsgIcon::None,
+            (settings.m_bPropagationSunSpotNumber ? "Airmail's sunspot number: " : "")
+                + res.TextGet());
     if (!res.ValueGet())
         return false;
+    if (pSunSpot != nullptr)
+        *pSunSpot = std::move(ssn);
     if (settings.m_bPropagationMonth)
         settings.m_iPropagationMonth = UtcNow().nMonth;
     return true;

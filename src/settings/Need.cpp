@@ -45,8 +45,8 @@ Result<void> NeedCheck(const Need& need)
     if (NumberFromText(need.sName))
         return RunError{sCannot + "a number is no name. Add a word."};
     if (!kRangeNeed.Holds(need.fSnr))
-        return RunError{sCannot
-                        + "its ratio lies outside -50 to 120 dB in 1 Hz. Type another one."};
+        return RunError{sCannot + "its ratio of " + RangeFaultText(need.fSnr, kRangeNeed)
+                        + " dB in 1 Hz. Type another one."};
     return {};
 }
 
@@ -108,8 +108,8 @@ Result<Need> NeedFromText(const NeedList& needs, std::string_view sText)
                         + " is neither a number of dB nor a need of the list: " + sNames + "."};
     }
     if (!kRangeNeed.Holds(resSnr.ValueGet()))
-        return RunError{"The need " + std::string(TextTrim(sText))
-                        + " lies outside -50 to 120 dB in 1 Hz."};
+        return RunError{"The need of " + RangeFaultText(resSnr.ValueGet(), kRangeNeed)
+                        + " dB in 1 Hz."};
     return Need{"", resSnr.ValueGet(), "typed"};
 }
 

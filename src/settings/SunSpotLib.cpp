@@ -14,11 +14,11 @@ namespace {
 /// The forecast to ask: the named one, or the one that is kept, if any.
 /// @param sWarning  gets what is wrong with the one that is kept
 Result<std::optional<SunSpotForecast>> ForecastFind(const Settings& settings,
-                                                    const SunSpotAsked& asked,
+                                                    const std::string& sForecastFile,
                                                     const DateTime& dtToday, std::string& sWarning)
 {
-    if (!asked.sForecastFile.empty()) {
-        auto resOpened = ForecastOpen(asked.sForecastFile, dtToday);
+    if (!sForecastFile.empty()) {
+        auto resOpened = ForecastOpen(sForecastFile, dtToday);
         if (!resOpened)
             return resOpened.ErrorGet();
         return std::optional(std::move(resOpened.ValueGet()));
@@ -30,12 +30,12 @@ Result<std::optional<SunSpotForecast>> ForecastFind(const Settings& settings,
     return std::optional<SunSpotForecast>();
 }
 
-Result<SunSpotRun> ForecastRunGet(const Settings& settings, const SunSpotAsked& asked)
+Result<SunSpotRun> ForecastRunGet(const Settings& settings, const std::string& sForecastFile)
 {
     const DateTime dtToday = UtcNow();
     const RunMonth month = RunMonthGet(settings);
     SunSpotRun ssn;
-    const auto resForecast = ForecastFind(settings, asked, dtToday, ssn.sWarning);
+    const auto resForecast = ForecastFind(settings, sForecastFile, dtToday, ssn.sWarning);
     if (!resForecast)
         return resForecast.ErrorGet();
     const auto& optForecast = resForecast.ValueGet();
@@ -82,11 +82,11 @@ RunMonth RunMonthGet(const Settings& settings)
     return {dtUtc.nYear, dtUtc.nMonth};
 }
 
-Result<bool> SunSpotRunGet(Settings& settings, const SunSpotAsked& asked, SunSpotRun& ssn,
+Result<bool> SunSpotRunGet(Settings& settings, const std::string& sForecastFile, SunSpotRun& ssn,
                            Messages* paMessages)
 {
-    if (!settings.m_bPropagationSunSpotNumber && asked.bForecast) {
-        auto resRun = ForecastRunGet(settings, asked);
+    if (!settings.m_bPropagationSunSpotNumber && settings.m_bPropagationForecast) {
+        auto resRun = ForecastRunGet(settings, sForecastFile);
         if (!resRun)
             return resRun.ErrorGet();
         ssn = std::move(resRun.ValueGet());

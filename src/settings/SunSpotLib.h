@@ -32,12 +32,6 @@ struct SunSpotRun {
     std::string sWarning;    ///< empty; else what is worth telling: an old or damaged forecast
 };
 
-/// What the forecast is asked for.
-struct SunSpotAsked {
-    bool bForecast = false;     ///< without Airmail's number, that of the forecast
-    std::string sForecastFile;  ///< empty: the forecast that is kept with the profile
-};
-
 /// The month that the next run is for: with m_bPropagationMonth the current one, else the chosen
 /// one of the year that the decks name.
 struct RunMonth {
@@ -47,11 +41,12 @@ struct RunMonth {
 [[nodiscard]] RunMonth RunMonthGet(const Settings& settings);
 
 /// The number of the next run, for windows and console alike; it is stored in
-/// m_fPropagationSunSpotNumber. In this order: with m_bPropagationSunSpotNumber Airmail's; with the
-/// forecast on the forecast's for the month of the run where it covers it, else the mean cycle's,
-/// as a whole number; else the typed one. A forecast that is kept but damaged is worth a warning;
-/// one that was named must be readable.
-/// @param ssn  untouched unless the result is true.
+/// m_fPropagationSunSpotNumber. In this order: with m_bPropagationSunSpotNumber Airmail's; with
+/// m_bPropagationForecast the forecast's for the month of the run where it covers it, else the mean
+/// cycle's, as a whole number; else the typed one. A forecast that is kept but damaged is worth a
+/// warning; one that was named must be readable.
+/// @param sForecastFile  a file to ask instead of the forecast that is kept with the profile
+/// @param ssn            untouched unless the result is true.
 /// @return as SunSpotNumberGet; besides, in words, why the named forecast cannot be read.
-Result<bool> SunSpotRunGet(Settings& settings, const SunSpotAsked& asked, SunSpotRun& ssn,
+Result<bool> SunSpotRunGet(Settings& settings, const std::string& sForecastFile, SunSpotRun& ssn,
                            Messages* paMessages);

@@ -3,23 +3,23 @@
 
 #include "fuzz/FuzzCheck.h"
 #include "settings/Need.h"
+#include "settings/SettingsRange.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
 {
     const std::string_view sText = FuzzText(pBytes, nBytes);
-    NeedList needs = NeedListShipped();
+    NeedList needs = NeedsShipped();
     const auto res = NeedFromText(needs, sText);
-    Check(res ? res.ValueGet().fSnr >= kNeedSnrLeast && res.ValueGet().fSnr <= kNeedSnrMost
-              : !res.TextGet().empty());
+    Check(res ? kRangeNeed.Holds(res.ValueGet().fSnr) : !res.TextGet().empty());
     Check(!NeedInForce(needs, sText).sName.empty());
     if (!NeedAdd(needs, {std::string(sText), 1.0F, ""})) {
-        Check(needs == NeedListShipped());
+        Check(needs == NeedsShipped());
         return 0;
     }
     // What the list took is found by its name, and by that alone.
     const auto resAdded = NeedFromText(needs, sText);
     Check(resAdded && resAdded.ValueGet() == needs.back());
     Check(!NeedAdd(needs, needs.back()));
-    Check(NeedRemove(needs, sText) && needs == NeedListShipped());
+    Check(NeedRemove(needs, sText) && needs == NeedsShipped());
     return 0;
 }

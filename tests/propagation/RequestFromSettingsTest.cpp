@@ -27,6 +27,7 @@ Settings DistinctSettings()
     settings.m_fPropagationLayerAdjustF2 = 0.3F;
     settings.m_fPropagationLayerAdjustEs = 0.4F;
     settings.m_iPropagationAntennaType = 2;
+    settings.m_fStationPower = 150.0F;
     settings.m_dTxLat = 11.0;
     settings.m_dTxLon = 12.0;
     settings.m_dRcLat = 13.0;
@@ -49,6 +50,7 @@ void ModelExpect(const RequestModel& model)
     EXPECT_EQ(model.fLayerAdjustF2, 0.3F);
     EXPECT_EQ(model.fLayerAdjustEs, 0.4F);
     EXPECT_EQ(model.iAntennaType, 2);
+    EXPECT_EQ(model.fPower, 150.0F);
 }
 
 TEST(Request, TakesEveryValueFromTheSettings)

@@ -60,4 +60,20 @@ TEST_F(RunValues, WithoutANumberTheMonthStaysAndTheReasonIsToldOnce)
     EXPECT_EQ(m_aMessages.front().sText, "Airmail's sunspot number: Type mismatch");
 }
 
+TEST_F(RunValues, WithoutAirmailsAreTheForecastsAndTellWhereItIsFrom)
+{
+    m_settings.m_sProfileFile = m_drive.Path("none/hopcast.ini");
+    m_settings.m_bPropagationSunSpotNumber = false;
+    m_settings.m_bPropagationForecast = true;
+    const ClockSet clock({2026, 11, 21}, {2026, 11, 21});
+    SunSpotRun ssn;
+    ASSERT_TRUE(RunValuesTake(m_settings, m_aMessages, &ssn));
+    EXPECT_EQ(ssn.sSource, "mean cycle");
+    EXPECT_EQ(m_settings.m_fPropagationSunSpotNumber, 62.0F);
+    EXPECT_EQ(m_settings.m_iPropagationMonth, 11);
+    EXPECT_FALSE(RunValuesTake(m_settings, m_aMessages, &ssn, m_drive.Path("missing.txt")));
+    ASSERT_EQ(m_aMessages.size(), 1U);
+    EXPECT_TRUE(m_aMessages[0].sText.starts_with("Cannot read ")) << m_aMessages[0].sText;
+}
+
 }  // namespace

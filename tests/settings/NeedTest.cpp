@@ -63,8 +63,8 @@ TEST(NeedFromText, TellsWhatIsNeitherAndNamesTheList)
               "\"SSB\" is neither a number of dB nor a need of the list: CW; RTTY.");
     EXPECT_EQ(NeedFromText(needs, "1e2").TextGet(),
               "\"1e2\" is neither a number of dB nor a need of the list: CW; RTTY.");
-    EXPECT_EQ(NeedFromText(needs, "121").TextGet(),
-              "The need 121 lies outside -50 to 120 dB in 1 Hz.");
+    EXPECT_EQ(NeedFromText(needs, "151").TextGet(),
+              "The need of 151 lies outside -50 to 150 dB in 1 Hz.");
     EXPECT_FALSE(NeedFromText(needs, "-50.5"));
     EXPECT_FALSE(NeedFromText(needs, ""));
 }
@@ -132,13 +132,15 @@ INSTANTIATE_TEST_SUITE_P(
                 {"40", 40.0F, ""},
                 "Cannot keep the need \"40\": a number is no name. Add a word."},
         BadNeed{"TooHigh",
-                {"x", 120.5F, ""},
-                "Cannot keep the need \"x\": its ratio lies outside -50 to 120 dB in 1 Hz. Type "
+                {"x", 150.5F, ""},
+                "Cannot keep the need \"x\": its ratio of 150.5 lies outside -50 to 150 dB in 1 "
+                "Hz. Type "
                 "another one."},
-        BadNeed{"NotANumber",
-                {"x", std::numeric_limits<float>::quiet_NaN(), ""},
-                "Cannot keep the need \"x\": its ratio lies outside -50 to 120 dB in 1 Hz. Type "
-                "another one."}),
+        BadNeed{
+            "NotANumber",
+            {"x", std::numeric_limits<float>::quiet_NaN(), ""},
+            "Cannot keep the need \"x\": its ratio of nan lies outside -50 to 150 dB in 1 Hz. Type "
+            "another one."}),
     [](const auto& test) { return std::string(test.param.sName); });
 
 TEST(NeedLimits, CharactersThatTheProfileCannotKeep)

@@ -20,6 +20,7 @@ protected:
         AirMailFoldersReset();
         m_settings.m_sProfileFile = m_folder.Path("boat.ini");
         m_settings.m_bPropagationSunSpotNumber = false;
+        m_settings.m_bPropagationForecast = true;
         m_settings.m_fPropagationSunSpotNumber = 100.0F;
         m_ssn.fNumber = -1.0F;
     }
@@ -36,7 +37,7 @@ protected:
                          {ForecastSource::Noaa, ForecastDating::Mailed, dtDay, std::move(aMonths)});
         ASSERT_TRUE(res) << res.TextGet();
     }
-    Result<bool> Get() { return SunSpotRunGet(m_settings, m_asked, m_ssn, Told()); }
+    Result<bool> Get() { return SunSpotRunGet(m_settings, m_sForecastFile, m_ssn, Told()); }
     /// @return true with a number.
     bool Got()
     {
@@ -49,7 +50,7 @@ protected:
     TempFolder m_folder;
     ClockSet m_clock{kNow, kNow};
     Settings m_settings;
-    SunSpotAsked m_asked{true, {}};
+    std::string m_sForecastFile;
     SunSpotRun m_ssn;
 };
 
@@ -155,7 +156,7 @@ TEST_F(SunSpotRunLib, ADamagedKeptForecastIsToldAndTheMeanCycleTaken)
 TEST_F(SunSpotRunLib, ANamedForecastComesBeforeTheKeptOne)
 {
     ForecastKeep({{2026, 11, 100.0}}, {2026, 11, 19});
-    m_asked.sForecastFile = TEST_DATA "/noaa_predicted_solar_cycle.json";
+    m_sForecastFile = TEST_DATA "/noaa_predicted_solar_cycle.json";
     ASSERT_TRUE(Got());
     EXPECT_EQ(m_ssn.sScale, "version-2 number 87.9 times 0.7");
     EXPECT_EQ(m_ssn.fNumber, 62.0F);
@@ -164,9 +165,9 @@ TEST_F(SunSpotRunLib, ANamedForecastComesBeforeTheKeptOne)
 
 TEST_F(SunSpotRunLib, ANamedForecastThatCannotBeReadIsAnErrorAndChangesNothing)
 {
-    m_asked.sForecastFile = m_folder.Path("missing.txt");
+    m_sForecastFile = m_folder.Path("missing.txt");
     EXPECT_NE(Get().TextGet().find("missing.txt: File not found"), std::string::npos);
-    m_asked.sForecastFile = m_folder.Write("letter.txt", "Dear all\n");
+    m_sForecastFile = m_folder.Write("letter.txt", "Dear all\n");
     EXPECT_FALSE(Get());
     EXPECT_EQ(m_ssn.fNumber, -1.0F);
     EXPECT_EQ(m_settings.m_fPropagationSunSpotNumber, 100.0F);
@@ -174,7 +175,7 @@ TEST_F(SunSpotRunLib, ANamedForecastThatCannotBeReadIsAnErrorAndChangesNothing)
 
 TEST_F(SunSpotRunLib, WithoutAirmailAndForecastItIsTheTypedNumber)
 {
-    m_asked.bForecast = false;
+    m_settings.m_bPropagationForecast = false;
     m_settings.m_fPropagationSunSpotNumber = 33.5F;
     ForecastKeep({{2026, 11, 100.0}}, {2026, 11, 19});
     ASSERT_TRUE(Got());
