@@ -84,19 +84,18 @@ std::vector<Circuit> StationsMake()
 }
 
 // The day of circuits on some threads; what is kept of it is the SNR.
-void DaysFill(std::vector<float>& afSnr, const Ionosphere& tblIono,
+void DaysFill(std::vector<float>& afSnr, const Ionosphere& iono,
               const std::vector<Circuit>& aCircuits, const Megahertz& adList, int nThreads)
 {
-    const Frequencies tblFrequencies(tblIono, aCircuits.front(), adList);
+    const Frequencies frequencies(iono, aCircuits.front(), adList);
     const std::size_t nCells = 24 * adList.size();
     std::atomic<std::size_t> nNext{0};
     const auto fnWork = [&] {
-        DayWork tblWork;
+        DayWork work;
         std::array<DayHour, 24> aHours;
         std::vector<Prediction> aCells(nCells);
         for (std::size_t i = nNext++; i < aCircuits.size(); i = nNext++) {
-            PredictDay(tblWork, tblIono, tblFrequencies, aCircuits[i], DayParts::Cells, aHours,
-                       aCells);
+            PredictDay(work, iono, frequencies, aCircuits[i], DayParts::Cells, aHours, aCells);
             for (std::size_t k = 0; k < nCells; ++k)
                 afSnr[i * nCells + k] = static_cast<float>(aCells[k].dSnr);
         }
@@ -109,7 +108,7 @@ void DaysFill(std::vector<float>& afSnr, const Ionosphere& tblIono,
 
 // Microseconds that the same values take one by one, everything set up for each: every nStep-th
 // circuit is taken for all.
-double LoopTimeGet(const Ionosphere& tblIono, const std::vector<Circuit>& aCircuits,
+double LoopTimeGet(const Ionosphere& iono, const std::vector<Circuit>& aCircuits,
                    const Megahertz& adList, std::size_t nStep)
 {
     const auto pPath = std::make_unique<Path>();
@@ -119,7 +118,7 @@ double LoopTimeGet(const Ionosphere& tblIono, const std::vector<Circuit>& aCircu
     for (std::size_t i = 0; i < aCircuits.size(); i += nStep, ++nTaken) {
         for (int nLabel = 1; nLabel <= 24; ++nLabel) {
             for (const double dMegahertz : adList) {
-                PathFill(*pPath, tblIono, aCircuits[i]);
+                PathFill(*pPath, iono, aCircuits[i]);
                 HourFill(*pHour, *pPath, nLabel);
                 Prediction tbl;
                 PredictionFill(tbl, *pHour, dMegahertz);
@@ -167,14 +166,14 @@ void Area(benchmark::State& state)
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Best, MapSet::Ursi, kMonth, kSsn);
     const std::vector<Circuit> aCircuits = AreaMake(static_cast<double>(state.range(0)));
-    const Frequencies tblFrequencies(*pIono, aCircuits.front(), std::array{14.0});
-    DayWork tblWork;
+    const Frequencies frequencies(*pIono, aCircuits.front(), std::array{14.0});
+    DayWork work;
     for (auto _ : state) {
         for (const Circuit& tbl : aCircuits) {
-            DayHour tblHour;
-            Prediction tblPrediction;
-            PredictHour(tblWork, *pIono, tblFrequencies, tbl, 12, tblHour, {&tblPrediction, 1});
-            benchmark::DoNotOptimize(tblPrediction.dField);
+            DayHour hour;
+            Prediction prediction;
+            PredictHour(work, *pIono, frequencies, tbl, 12, hour, {&prediction, 1});
+            benchmark::DoNotOptimize(prediction.dField);
         }
     }
     CountersSet(state, 0.0, kAreaLimit);
@@ -198,9 +197,9 @@ void DaysTime(benchmark::State& state, const std::vector<Circuit>& aCircuits, in
 
 long MemoryMostGet()
 {
-    rusage tblUsage{};
-    getrusage(RUSAGE_SELF, &tblUsage);
-    return tblUsage.ru_maxrss;
+    rusage usageNow{};
+    getrusage(RUSAGE_SELF, &usageNow);
+    return usageNow.ru_maxrss;
 }
 
 constexpr long kMemoryKb = 16 * 1024;
@@ -266,9 +265,9 @@ bool ProgramRun(const Words& aWords, long& nKb)
         posix_spawn(&nProcess, aArguments[0], &actions, nullptr, aArguments.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     int nStatus = -1;
-    rusage tblUsage{};
-    const bool bEnded = nError == 0 && wait4(nProcess, &nStatus, 0, &tblUsage) == nProcess;
-    nKb = tblUsage.ru_maxrss;
+    rusage usageNow{};
+    const bool bEnded = nError == 0 && wait4(nProcess, &nStatus, 0, &usageNow) == nProcess;
+    nKb = usageNow.ru_maxrss;
     return bEnded && nStatus == 0;
 }
 

@@ -45,11 +45,11 @@ TEST(Corrections, SunStandsWhereTheAlmanacHasItAtTheLabelsHour)
     for (int nMonth = 1; nMonth <= 12; ++nMonth) {
         const auto pIono = IonosphereOf(Behaviour::Corrected, nMonth, 50.0);
         for (const int nLabel : {1, 7, 12, 18, 24}) {
-            const SunHour& tblSun = *FoeHourGet(*pIono, nLabel).pSun;
-            const AlmanacSun tblAlmanac = AlmanacGet(kDayOfYear[nMonth - 1], nLabel);
-            EXPECT_NEAR(tblSun.dDeclination * kDegrees, tblAlmanac.dDeclination, 0.6) << nMonth;
-            const double dAngle = SunHourAngleGet(tblSun, 0.0) * kDegrees;
-            EXPECT_NEAR(std::remainder(dAngle - tblAlmanac.dHourAngle, 360.0), 0.0, 0.5) << nMonth;
+            const SunHour& sun = *FoeHourGet(*pIono, nLabel).pSun;
+            const AlmanacSun almanac = AlmanacGet(kDayOfYear[nMonth - 1], nLabel);
+            EXPECT_NEAR(sun.dDeclination * kDegrees, almanac.dDeclination, 0.6) << nMonth;
+            const double dAngle = SunHourAngleGet(sun, 0.0) * kDegrees;
+            EXPECT_NEAR(std::remainder(dAngle - almanac.dHourAngle, 360.0), 0.0, 0.5) << nMonth;
         }
     }
     // As the reference it stands one hour behind.
@@ -98,20 +98,20 @@ TEST(Corrections, MapsAreTheSeriesItselfInEveryQuadrantAtSunrise)
 {
     const auto pIono = IonosphereOf(Behaviour::Corrected, 9, 110.0);
     const auto pReference = IonosphereOf(Behaviour::Reference, 9, 110.0);
-    Site tblSite;
+    Site site;
     double dWorstReference = 0.0;
     for (const double dLat : {-47.3, 47.3}) {
         for (const double dLon : {-71.9, 71.9}) {
             const int nSunrise = static_cast<int>(std::lround(30.0 - dLon / 15.0)) % 24;
             const int nLabel = nSunrise == 0 ? 24 : nSunrise;
-            SiteFill(tblSite, PlaceFromDegrees(dLat, dLon));
-            const double dDip = MagneticFieldGet(tblSite.tblPlace, FieldHeight::Maps).dDip;
+            SiteFill(site, PlaceFromDegrees(dLat, dLon));
+            const double dDip = MagneticFieldGet(site.place, FieldHeight::Maps).dDip;
             const double dSeries = SeriesOf(9, 110.0, nSunrise, dLat, dLon, dDip);
-            EXPECT_NEAR(SiteLayerGet(*pIono, FoeHourGet(*pIono, nLabel), tblSite, nLabel).dFof2,
+            EXPECT_NEAR(SiteLayerGet(*pIono, FoeHourGet(*pIono, nLabel), site, nLabel).dFof2,
                         dSeries, 1e-4);
-            tblSite.bMap = false;
+            site.bMap = false;
             const double dGrid =
-                SiteLayerGet(*pReference, FoeHourGet(*pReference, nLabel), tblSite, nLabel).dFof2;
+                SiteLayerGet(*pReference, FoeHourGet(*pReference, nLabel), site, nLabel).dFof2;
             dWorstReference = std::max(dWorstReference, std::abs(dGrid - dSeries));
         }
     }
@@ -178,12 +178,12 @@ TEST(Corrections, DecilesAreReadAtTheLocalHour)
 // Worked values of the noise at 07 and 01 UT: the ITU program has them an hour later.
 TEST(Corrections, NoiseIsOfTheLabelsHour)
 {
-    NoisePlace tblPlace = NoisePlaceMake(PlaceFromDegrees(40.0, 10.0));
+    NoisePlace place = NoisePlaceMake(PlaceFromDegrees(40.0, 10.0));
     const auto pIono = IonosphereOf(Behaviour::Corrected, 2, 100.0);
-    EXPECT_NEAR(NoiseAtmosphericGet(*pIono, tblPlace, 7, 10.0).dFa, 34.237, 0.001);
+    EXPECT_NEAR(NoiseAtmosphericGet(*pIono, place, 7, 10.0).dFa, 34.237, 0.001);
     const auto pMay = IonosphereOf(Behaviour::Corrected, 5, 100.0);
-    NoisePlace tblOther = NoisePlaceMake(PlaceFromDegrees(52.4862, -1.8904));
-    EXPECT_NEAR(NoiseAtmosphericGet(*pMay, tblOther, 1, 14.0).dFa, 25.256, 0.001);
+    NoisePlace other = NoisePlaceMake(PlaceFromDegrees(52.4862, -1.8904));
+    EXPECT_NEAR(NoiseAtmosphericGet(*pMay, other, 1, 14.0).dFa, 25.256, 0.001);
 }
 
 TEST(Corrections, AuroralHourIsWrapped)
@@ -199,23 +199,22 @@ TEST(Corrections, PolarWinterIsOfTheSouthInJune)
     // angle.
     const auto pIono = IonosphereOf(Behaviour::Corrected, 6, 100.0);
     const auto pReference = IonosphereOf(Behaviour::Reference, 6, 100.0);
-    const Place tblNorth = PlaceFromDegrees(45.0, 0.0);
-    const FoeHour tblHour = FoeHourGet(*pIono, 21);
-    const double dCos = SunZenithCosGet(*tblHour.pSun, tblNorth);
+    const Place north = PlaceFromDegrees(45.0, 0.0);
+    const FoeHour hour = FoeHourGet(*pIono, 21);
+    const double dCos = SunZenithCosGet(*hour.pSun, north);
     ASSERT_LT(dCos, 0.0);
-    const SunTimes tblTimes = SunTimesGet(*tblHour.pSun, tblNorth);
+    const SunTimes times = SunTimesGet(*hour.pSun, north);
     // One hour or so after sunset foE follows from the value at sunset by exp(-1.4 t / 4).
-    FoeHour tblSet = tblHour;
-    tblSet.dClock = tblTimes.dSunset;
-    const double dAtSet = FoeGet(tblSet, tblNorth, -0.2);  // deep enough for the decay to rule
-    EXPECT_NEAR(FoeGet(tblHour, tblNorth, -0.2),
-                dAtSet * std::exp(-0.35 * (21.0 - tblTimes.dSunset)), 1e-6);
-    FoeHour tblFlawed = FoeHourGet(*pReference, 21);
-    tblFlawed.pSun = tblHour.pSun;
-    EXPECT_LT(FoeGet(tblFlawed, tblNorth, -0.2), FoeGet(tblHour, tblNorth, -0.2));
+    FoeHour set = hour;
+    set.dClock = times.dSunset;
+    const double dAtSet = FoeGet(set, north, -0.2);  // deep enough for the decay to rule
+    EXPECT_NEAR(FoeGet(hour, north, -0.2), dAtSet * std::exp(-0.35 * (21.0 - times.dSunset)), 1e-6);
+    FoeHour flawed = FoeHourGet(*pReference, 21);
+    flawed.pSun = hour.pSun;
+    EXPECT_LT(FoeGet(flawed, north, -0.2), FoeGet(hour, north, -0.2));
     // 80 S in June is polar winter in both: no sun sets there.
-    const Place tblSouth = PlaceFromDegrees(-80.0, 0.0);
-    EXPECT_NEAR(FoeGet(tblHour, tblSouth, -0.3), FoeGet(tblFlawed, tblSouth, -0.3), 1e-9);
+    const Place south = PlaceFromDegrees(-80.0, 0.0);
+    EXPECT_NEAR(FoeGet(hour, south, -0.3), FoeGet(flawed, south, -0.3), 1e-9);
 }
 
 TEST(Corrections, DayIsWhereTheSunStands)
@@ -226,9 +225,9 @@ TEST(Corrections, DayIsWhereTheSunStands)
     EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Reference, 7, 50.0), 22, tbl));
     EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 7, 50.0), 7, tbl));
     // Polar day counts as day, polar night as night.
-    const Place tblPole = PlaceFromDegrees(85.0, 20.0);
-    EXPECT_TRUE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 6, 50.0), 24, tblPole));
-    EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 12, 50.0), 12, tblPole));
+    const Place pole = PlaceFromDegrees(85.0, 20.0);
+    EXPECT_TRUE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 6, 50.0), 24, pole));
+    EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 12, 50.0), 12, pole));
 }
 
 TEST(Corrections, OperationalMufKnowsThePower)
@@ -242,8 +241,8 @@ TEST(Corrections, OperationalMufKnowsThePower)
         tbl.dPowerKw = dKw;
         PathFill(*pPath, *pIono, tbl);
         HourFill(*pHour, *pPath, 12);
-        const Mode& tblMode = pHour->aModes[static_cast<std::size_t>(pHour->nModes - 1)];
-        EXPECT_NEAR(tblMode.dOperational / tblMode.dMuf, dKw < 1.0 ? 1.15 : 1.20, 1e-9);
+        const Mode& mode = pHour->aModes[static_cast<std::size_t>(pHour->nModes - 1)];
+        EXPECT_NEAR(mode.dOperational / mode.dMuf, dKw < 1.0 ? 1.15 : 1.20, 1e-9);
     }
 }
 
@@ -278,9 +277,9 @@ TEST(Corrections, BestIsTheCorrectedMethodUpTo7000Km)
         const auto pIono = IonosphereOf(bBest ? Behaviour::Best : Behaviour::Corrected, 10, 90.0);
         PathFill(*pPath, *pIono, tbl);
         HourFill(*pHour, *pPath, 15);
-        Prediction tblPrediction;
-        PredictionFill(tblPrediction, *pHour, 14.0);
-        aField[bBest ? 1 : 0] = tblPrediction.dField;
+        Prediction prediction;
+        PredictionFill(prediction, *pHour, 14.0);
+        aField[bBest ? 1 : 0] = prediction.dField;
     }
     EXPECT_EQ(aField[0], aField[1]);
 }

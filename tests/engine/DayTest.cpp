@@ -22,21 +22,21 @@ using namespace rec533;  // NOLINT(google-build-using-namespace)
 constexpr std::array kMegahertz{14.1, 2.0,  30.0, 3.6,  5.35, 7.05, 10.1, 18.1, 21.2,
                                 24.9, 28.3, 1.9,  12.0, 6.0,  9.0,  0.1,  45.0, 16.0};
 
-void ExpectSame(const Prediction& tblA, const Prediction& tblB)
+void ExpectSame(const Prediction& one, const Prediction& other)
 {
-    EXPECT_EQ(tblA.nHops, tblB.nHops);
-    EXPECT_EQ(tblA.bE, tblB.bE);
-    EXPECT_EQ(tblA.dField, tblB.dField);
-    EXPECT_EQ(tblA.dPower, tblB.dPower);
-    EXPECT_EQ(tblA.dElevation, tblB.dElevation);
-    EXPECT_EQ(tblA.dSnr, tblB.dSnr);
-    EXPECT_EQ(tblA.dSnrUpper, tblB.dSnrUpper);
-    EXPECT_EQ(tblA.dSnrLower, tblB.dSnrLower);
-    EXPECT_EQ(tblA.dSnrExceeded, tblB.dSnrExceeded);
-    EXPECT_EQ(tblA.dReliability, tblB.dReliability);
+    EXPECT_EQ(one.nHops, other.nHops);
+    EXPECT_EQ(one.bE, other.bE);
+    EXPECT_EQ(one.dField, other.dField);
+    EXPECT_EQ(one.dPower, other.dPower);
+    EXPECT_EQ(one.dElevation, other.dElevation);
+    EXPECT_EQ(one.dSnr, other.dSnr);
+    EXPECT_EQ(one.dSnrUpper, other.dSnrUpper);
+    EXPECT_EQ(one.dSnrLower, other.dSnrLower);
+    EXPECT_EQ(one.dSnrExceeded, other.dSnrExceeded);
+    EXPECT_EQ(one.dReliability, other.dReliability);
 }
 
-Circuit CircuitDraw(std::mt19937& rng, const Antenna& tblAntenna)
+Circuit CircuitDraw(std::mt19937& rng, const Antenna& antenna)
 {
     std::uniform_real_distribution<double> draw(-1.0, 1.0);
     Circuit tbl = CircuitOf(90 * draw(rng), 180 * draw(rng), 90 * draw(rng), 180 * draw(rng));
@@ -45,9 +45,9 @@ Circuit CircuitDraw(std::mt19937& rng, const Antenna& tblAntenna)
     tbl.dLeastElevation = std::max(0.0, 10.0 * draw(rng));
     tbl.dRequiredReliability = 50.0 + 45.0 * draw(rng);
     if (draw(rng) > 0.0)
-        tbl.pTx = &tblAntenna;
+        tbl.pTx = &antenna;
     if (draw(rng) > 0.0)
-        tbl.pRx = &tblAntenna;
+        tbl.pRx = &antenna;
     return tbl;
 }
 
@@ -63,22 +63,22 @@ class Day : public testing::TestWithParam<Behaviour> {};
 
 TEST_P(Day, EqualsItsHoursAndFrequenciesOneByOne)
 {
-    const Antenna tblAntenna = AntennaMake();
+    const Antenna antenna = AntennaMake();
     std::mt19937 rng(16);
     const auto pIono = std::make_unique<Ionosphere>();
     const auto pPath = std::make_unique<Path>();
     const auto pHour = std::make_unique<Hour>();
     const auto pWork = std::make_unique<PredictionWork>();
-    DayWork tblWork;
+    DayWork work;
     std::array<DayHour, 24> aHours;
     std::vector<Prediction> aCells(24 * kMegahertz.size());
     IonosphereFill(*pIono, GetParam(), MapSet::Ursi, 4, 90.0);
     for (int n = 0; n < 12; ++n) {
-        const Circuit tblCircuit = CircuitDraw(rng, tblAntenna);
-        const Frequencies tblFrequencies(*pIono, tblCircuit, kMegahertz);
-        PredictDay(tblWork, *pIono, tblFrequencies, tblCircuit, DayParts::Page, aHours, aCells);
+        const Circuit circuit = CircuitDraw(rng, antenna);
+        const Frequencies frequencies(*pIono, circuit, kMegahertz);
+        PredictDay(work, *pIono, frequencies, circuit, DayParts::Page, aHours, aCells);
         for (std::size_t i = 0; i < 24; ++i) {
-            PathFill(*pPath, *pIono, tblCircuit);
+            PathFill(*pPath, *pIono, circuit);
             HourFill(*pHour, *pPath, i == 0 ? 24 : static_cast<int>(i));
             EXPECT_EQ(aHours[i].dMuf, pHour->dMuf);
             EXPECT_EQ(aHours[i].dFot, pHour->dOperational90);
@@ -90,7 +90,7 @@ TEST_P(Day, EqualsItsHoursAndFrequenciesOneByOne)
             }
             ASSERT_EQ(aHours[i].bAtMuf, FrequencyUsable(pHour->dMuf));
             PredictionFill(tbl, *pHour, pHour->dMuf);
-            ExpectSame(aHours[i].tblAtMuf, tbl);
+            ExpectSame(aHours[i].atMuf, tbl);
         }
         ASSERT_FALSE(HasFailure()) << n;
     }
@@ -103,17 +103,17 @@ TEST(DayHours, OneHourAloneIsTheSame)
 {
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Best, MapSet::Mean, 12, 20.0);
-    const Circuit tblCircuit = CircuitOf(-33.9, 151.2, 51.5, -0.1);
-    const Frequencies tblFrequencies(*pIono, tblCircuit, kMegahertz);
-    DayWork tblWork;
+    const Circuit circuit = CircuitOf(-33.9, 151.2, 51.5, -0.1);
+    const Frequencies frequencies(*pIono, circuit, kMegahertz);
+    DayWork work;
     std::array<DayHour, 24> aHours;
     std::vector<Prediction> aCells(24 * kMegahertz.size()), aHour(kMegahertz.size());
-    PredictDay(tblWork, *pIono, tblFrequencies, tblCircuit, DayParts::Cells, aHours, aCells);
+    PredictDay(work, *pIono, frequencies, circuit, DayParts::Cells, aHours, aCells);
     for (int nHour = 0; nHour <= 24; ++nHour) {
-        DayHour tblHour;
-        PredictHour(tblWork, *pIono, tblFrequencies, tblCircuit, nHour, tblHour, aHour);
+        DayHour hour;
+        PredictHour(work, *pIono, frequencies, circuit, nHour, hour, aHour);
         const auto nAt = static_cast<std::size_t>(nHour % 24);
-        EXPECT_EQ(tblHour.dMuf, aHours[nAt].dMuf);
+        EXPECT_EQ(hour.dMuf, aHours[nAt].dMuf);
         for (std::size_t k = 0; k < kMegahertz.size(); ++k)
             ExpectSame(aHour[k], aCells[nAt * kMegahertz.size() + k]);
     }
@@ -123,21 +123,21 @@ TEST(DayHours, OneHourAloneIsTheSame)
 TEST(DayThreads, GiveWhatOneThreadGives)
 {
     constexpr std::size_t kPaths = 60;
-    const Antenna tblAntenna = AntennaMake();
+    const Antenna antenna = AntennaMake();
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Best, MapSet::Ursi, 8, 130.0);
-    const Frequencies tblFrequencies(*pIono, Circuit{}, kMegahertz);
+    const Frequencies frequencies(*pIono, Circuit{}, kMegahertz);
     std::mt19937 rng(17);
     std::vector<Circuit> aCircuits;
-    for (std::size_t i = 0; i < kPaths; ++i) aCircuits.push_back(CircuitDraw(rng, tblAntenna));
+    for (std::size_t i = 0; i < kPaths; ++i) aCircuits.push_back(CircuitDraw(rng, antenna));
     const std::size_t nCells = 24 * kMegahertz.size();
     std::vector<Prediction> aOne(kPaths * nCells), aTwo(kPaths * nCells);
     const auto fnShare = [&](std::vector<Prediction>& aCells, std::size_t nFirst,
                              std::size_t nStep) {
-        DayWork tblWork;
+        DayWork work;
         std::array<DayHour, 24> aHours;
         for (std::size_t i = nFirst; i < kPaths; i += nStep)
-            PredictDay(tblWork, *pIono, tblFrequencies, aCircuits[i], DayParts::Cells, aHours,
+            PredictDay(work, *pIono, frequencies, aCircuits[i], DayParts::Cells, aHours,
                        std::span(aCells).subspan(i * nCells, nCells));
     };
     fnShare(aOne, 0, 1);
@@ -151,21 +151,21 @@ TEST(DayThreads, GiveWhatOneThreadGives)
 TEST(DayNoise, SnrIsThatOfTheNoiseFiguresAdded)
 {
     std::mt19937 rng(18);
-    const Antenna tblAntenna = AntennaMake();
+    const Antenna antenna = AntennaMake();
     const auto pIono = std::make_unique<Ionosphere>();
     const auto pPath = std::make_unique<Path>();
     const auto pHour = std::make_unique<Hour>();
     IonosphereFill(*pIono, Behaviour::Best, MapSet::Ccir, 2, 60.0);
     for (int n = 0; n < 200; ++n) {
-        const Circuit tblCircuit = CircuitDraw(rng, tblAntenna);
+        const Circuit circuit = CircuitDraw(rng, antenna);
         const double dFrequency = kMegahertz[static_cast<std::size_t>(n) % kMegahertz.size()];
-        PathFill(*pPath, *pIono, tblCircuit);
+        PathFill(*pPath, *pIono, circuit);
         HourFill(*pHour, *pPath, 1 + n % 24);
         Prediction tbl;
         PredictionFill(tbl, *pHour, dFrequency);
         const Noise aNoise[]{
-            NoiseAtmosphericGet(*pIono, pPath->tblNoise, pHour->nLabel, dFrequency),
-            NoiseManMadeGet(tblCircuit.eNoise, tblCircuit.dNoiseLevel, dFrequency, false),
+            NoiseAtmosphericGet(*pIono, pPath->noise, pHour->nLabel, dFrequency),
+            NoiseManMadeGet(circuit.eNoise, circuit.dNoiseLevel, dFrequency, false),
             NoiseGalacticGet(dFrequency)};
         double dSum = 0.0, dLow = 0.0, dHigh = 0.0;
         for (const Noise& c : aNoise) {
@@ -173,16 +173,15 @@ TEST(DayNoise, SnrIsThatOfTheNoiseFiguresAdded)
             dLow += std::pow(10.0, (c.dFa - c.dLower) / 10.0);
             dHigh += std::pow(10.0, (c.dFa + c.dUpper) / 10.0);
         }
-        const SignalDeciles tblSignal =
+        const SignalDeciles signal =
             SignalDecilesGet(dFrequency / pHour->dMuf, pPath->bHighLatitude);
         EXPECT_NEAR(tbl.dSnr, tbl.dPower - 10.0 * std::log10(dSum) + 204.0, 1e-9);
         EXPECT_NEAR(
             tbl.dSnrUpper,
-            std::sqrt(Square(10.0 * std::log10(dSum / dLow)) + Square(tblSignal.dUpper) + 25.0),
-            1e-9);
+            std::sqrt(Square(10.0 * std::log10(dSum / dLow)) + Square(signal.dUpper) + 25.0), 1e-9);
         EXPECT_NEAR(
             tbl.dSnrLower,
-            std::sqrt(Square(10.0 * std::log10(dHigh / dSum)) + Square(tblSignal.dLower) + 64.0),
+            std::sqrt(Square(10.0 * std::log10(dHigh / dSum)) + Square(signal.dLower) + 64.0),
             1e-9);
     }
 }
@@ -191,20 +190,20 @@ TEST(DayWorks, PathStaysThatOfItsCircuit)
 {
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Best, MapSet::Mean, 4, 90.0);
-    DayWork tblWork;
-    DayHour tblHour;
+    DayWork work;
+    DayHour hour;
     std::array<Prediction, 1> aCells;
     const auto fnPredict = [&](const Circuit& tbl) {
-        const Frequencies tblFrequencies(*pIono, tbl, std::array{14.1});
-        PredictHour(tblWork, *pIono, tblFrequencies, tbl, 12, tblHour, aCells);
+        const Frequencies frequencies(*pIono, tbl, std::array{14.1});
+        PredictHour(work, *pIono, frequencies, tbl, 12, hour, aCells);
     };
     fnPredict(CircuitOf(50.0, 0.0, 40.0, 10.0));
-    const auto& tblFirst = tblWork.PathGet();
-    const double dKm = tblFirst.tblWay.dKm;
+    const auto& first = work.PathGet();
+    const double dKm = first.way.dKm;
     fnPredict(CircuitOf(50.0, 0.0, -40.0, 100.0));
-    EXPECT_EQ(tblFirst.tblWay.dKm, dKm);
-    EXPECT_EQ(tblFirst.tblCircuit.dRxLat, 40.0);
-    EXPECT_GT(tblWork.PathGet().tblWay.dKm, dKm);
+    EXPECT_EQ(first.way.dKm, dKm);
+    EXPECT_EQ(first.circuit.dRxLat, 40.0);
+    EXPECT_GT(work.PathGet().way.dKm, dKm);
 }
 
 }  // namespace

@@ -21,25 +21,25 @@ TEST(PointDeck, ReadsEveryField)
     const auto res = PointDeckRead(DeckOf("p2p_05.dat"));
     ASSERT_TRUE(res) << res.TextGet();
     const PointDeck& tbl = res.ValueGet();
-    EXPECT_EQ(tbl.tblCommon.eMaps, rec533::MapSet::Ursi);
-    EXPECT_EQ(tbl.tblCommon.dSsn, 10.0);
+    EXPECT_EQ(tbl.common.eMaps, rec533::MapSet::Ursi);
+    EXPECT_EQ(tbl.common.dSsn, 10.0);
     EXPECT_EQ(tbl.nYear, 2026);
-    EXPECT_EQ(tbl.tblCommon.nMonth, 12);
+    EXPECT_EQ(tbl.common.nMonth, 12);
     EXPECT_EQ(tbl.sTxName, "Transmit");
     EXPECT_EQ(tbl.sRxName, "Receieve");
-    EXPECT_EQ(tbl.tblCommon.dTxLat, 69.65);
-    EXPECT_EQ(tbl.tblCommon.dTxLon, 18.96);
+    EXPECT_EQ(tbl.common.dTxLat, 69.65);
+    EXPECT_EQ(tbl.common.dTxLon, 18.96);
     EXPECT_EQ(tbl.dRxLat, 64.84);
     EXPECT_EQ(tbl.dRxLon, -147.72);
     EXPECT_EQ(tbl.dPowerKw, 1.0);
-    EXPECT_EQ(tbl.tblCommon.dLeastElevation, 3.0);
-    EXPECT_EQ(tbl.tblCommon.dNoise, -163.0);
-    EXPECT_EQ(tbl.tblCommon.dBandwidth, 1.0);
-    EXPECT_EQ(tbl.tblCommon.dRequiredSnr, 40.0);
-    EXPECT_EQ(tbl.tblCommon.dReliability, 50.0);
-    ASSERT_TRUE(tbl.tblCommon.tblTxAntenna && tbl.tblCommon.tblRxAntenna);
-    EXPECT_EQ(tbl.tblCommon.tblTxAntenna->sName, "DEFAULT\\SWWHIP.VOA   ");
-    EXPECT_EQ(tbl.tblCommon.tblTxAntenna->dPowerKw, 5.0);
+    EXPECT_EQ(tbl.common.dLeastElevation, 3.0);
+    EXPECT_EQ(tbl.common.dNoise, -163.0);
+    EXPECT_EQ(tbl.common.dBandwidth, 1.0);
+    EXPECT_EQ(tbl.common.dRequiredSnr, 40.0);
+    EXPECT_EQ(tbl.common.dReliability, 50.0);
+    ASSERT_TRUE(tbl.common.txAntenna && tbl.common.rxAntenna);
+    EXPECT_EQ(tbl.common.txAntenna->sName, "DEFAULT\\SWWHIP.VOA   ");
+    EXPECT_EQ(tbl.common.txAntenna->dPowerKw, 5.0);
     ASSERT_EQ(tbl.aFrequencies.size(), 10u);
     EXPECT_EQ(tbl.aFrequencies[0], 1.9);
     EXPECT_EQ(tbl.aFrequencies[9], 28.3);
@@ -58,7 +58,7 @@ TEST(PointDeck, EveryCardButTheAntennasIsNeeded)
     }
     const auto res = PointDeckRead(DeckOf("p2p_13.dat"));
     ASSERT_TRUE(res);
-    EXPECT_FALSE(res.ValueGet().tblCommon.tblTxAntenna);
+    EXPECT_FALSE(res.ValueGet().common.txAntenna);
 }
 
 struct BadCase {
@@ -145,7 +145,7 @@ TEST(PointDeck, KnowsTheMeanOfTheMaps)
     sDeck.replace(sDeck.find("URSI"), 4, "MEAN");
     const auto res = PointDeckRead(sDeck);
     ASSERT_TRUE(res) << res.TextGet();
-    EXPECT_EQ(res.ValueGet().tblCommon.eMaps, rec533::MapSet::Mean);
+    EXPECT_EQ(res.ValueGet().common.eMaps, rec533::MapSet::Mean);
 }
 
 TEST(AreaDeck, KnowsTheMeanOfTheMaps)
@@ -154,7 +154,7 @@ TEST(AreaDeck, KnowsTheMeanOfTheMaps)
     sDeck.replace(sDeck.find("URSI"), 4, "MEAN");
     const auto res = AreaDeckRead(sDeck);
     ASSERT_TRUE(res) << res.TextGet();
-    EXPECT_EQ(res.ValueGet().tblCommon.eMaps, rec533::MapSet::Mean);
+    EXPECT_EQ(res.ValueGet().common.eMaps, rec533::MapSet::Mean);
 }
 
 TEST(AreaDeck, ReadsEveryField)
@@ -162,12 +162,12 @@ TEST(AreaDeck, ReadsEveryField)
     const auto res = AreaDeckRead(DeckOf("area_03.rec"));
     ASSERT_TRUE(res) << res.TextGet();
     const AreaDeck& tbl = res.ValueGet();
-    EXPECT_EQ(tbl.tblCommon.eMaps, rec533::MapSet::Ursi);
-    EXPECT_EQ(tbl.tblCommon.dSsn, 60.0);
-    EXPECT_EQ(tbl.tblCommon.nMonth, 12);
+    EXPECT_EQ(tbl.common.eMaps, rec533::MapSet::Ursi);
+    EXPECT_EQ(tbl.common.dSsn, 60.0);
+    EXPECT_EQ(tbl.common.nMonth, 12);
     EXPECT_EQ(tbl.sTxName, "Transmitter");
-    EXPECT_EQ(tbl.tblCommon.dTxLat, 69.65);
-    EXPECT_EQ(tbl.tblCommon.dTxLon, 18.96);
+    EXPECT_EQ(tbl.common.dTxLat, 69.65);
+    EXPECT_EQ(tbl.common.dTxLon, 18.96);
     EXPECT_EQ(tbl.dWest, -30.0);
     EXPECT_EQ(tbl.dEast, 90.0);
     EXPECT_EQ(tbl.dSouth, 55.0);
@@ -175,22 +175,22 @@ TEST(AreaDeck, ReadsEveryField)
     EXPECT_EQ(tbl.nGrid, 40);
     EXPECT_EQ(tbl.nHour, 22);
     EXPECT_EQ(tbl.dFrequency, 7.1);
-    EXPECT_EQ(tbl.tblCommon.dNoise, -155.0);
-    EXPECT_EQ(tbl.tblCommon.dLeastElevation, 3.0);
-    EXPECT_EQ(tbl.tblCommon.dReliability, 90.0);
-    EXPECT_EQ(tbl.tblCommon.dRequiredSnr, 40.0);
-    EXPECT_EQ(tbl.tblCommon.dBandwidth, 1.0);
-    ASSERT_TRUE(tbl.tblCommon.tblTxAntenna && tbl.tblCommon.tblRxAntenna);
-    EXPECT_EQ(tbl.tblCommon.tblTxAntenna->sName, "DEFAULT \\CONST17.VOA ");
-    EXPECT_EQ(tbl.tblCommon.tblTxAntenna->dPowerKw, 0.1);
-    EXPECT_EQ(tbl.tblCommon.tblRxAntenna->sName, "DEFAULT \\SWWHIP.VOA  ");
+    EXPECT_EQ(tbl.common.dNoise, -155.0);
+    EXPECT_EQ(tbl.common.dLeastElevation, 3.0);
+    EXPECT_EQ(tbl.common.dReliability, 90.0);
+    EXPECT_EQ(tbl.common.dRequiredSnr, 40.0);
+    EXPECT_EQ(tbl.common.dBandwidth, 1.0);
+    ASSERT_TRUE(tbl.common.txAntenna && tbl.common.rxAntenna);
+    EXPECT_EQ(tbl.common.txAntenna->sName, "DEFAULT \\CONST17.VOA ");
+    EXPECT_EQ(tbl.common.txAntenna->dPowerKw, 0.1);
+    EXPECT_EQ(tbl.common.rxAntenna->sName, "DEFAULT \\SWWHIP.VOA  ");
 }
 
 TEST(AreaDeck, EitherSignOfTheNoiseMeansTheSame)
 {
     const auto res = AreaDeckRead(Replaced(DeckOf("area_03.rec"), "  155", " -155"));
     ASSERT_TRUE(res);
-    EXPECT_EQ(res.ValueGet().tblCommon.dNoise, -155.0);
+    EXPECT_EQ(res.ValueGet().common.dNoise, -155.0);
 }
 
 TEST(AreaDeck, EveryLineButTheAntennasIsNeeded)

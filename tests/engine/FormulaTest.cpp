@@ -52,21 +52,21 @@ TEST(Geometry, ElevationFollowsTheTriangle)
 
 TEST(Geometry, PointsOfAGreatCircleDivideIt)
 {
-    const Place tblA = PlaceFromDegrees(51.5, -0.13);
-    const Place tblB = PlaceFromDegrees(-33.87, 151.21);
+    const Place one = PlaceFromDegrees(51.5, -0.13);
+    const Place other = PlaceFromDegrees(-33.87, 151.21);
     for (const bool bLong : {false, true}) {
-        const Way tbl = WayMake(tblA, tblB, bLong);
+        const Way tbl = WayMake(one, other, bLong);
         EXPECT_NEAR(tbl.dKm, bLong ? 2.0 * kPi * kEarthKm - 16994.7 : 16994.7, 1.0);
         for (const double dPart : {0.1, 0.5, 0.9}) {
-            const Place tblC = WayPlace(tbl, dPart);
-            const double dFirst = WayMake(tblA, tblC, false).dKm;
+            const Place third = WayPlace(tbl, dPart);
+            const double dFirst = WayMake(one, third, false).dKm;
             const double dKm = dPart * tbl.dKm;
             EXPECT_NEAR(dFirst, std::min(dKm, 2.0 * kPi * kEarthKm - dKm), 0.01);
         }
-        EXPECT_NEAR(WayPlace(tbl, 1.0).dLat, tblB.dLat, 1e-9);
-        EXPECT_NEAR(WayPlace(tbl, 1.0).dLon, tblB.dLon, 1e-9);
+        EXPECT_NEAR(WayPlace(tbl, 1.0).dLat, other.dLat, 1e-9);
+        EXPECT_NEAR(WayPlace(tbl, 1.0).dLon, other.dLon, 1e-9);
     }
-    EXPECT_NEAR(DegreesOf(BearingGet(tblA, tblB)), 60.72, 0.02);
+    EXPECT_NEAR(DegreesOf(BearingGet(one, other)), 60.72, 0.02);
 }
 
 struct FieldCase {
@@ -78,13 +78,13 @@ TEST(MagneticField, MatchesWorkedValues)
     for (const FieldCase& c : {FieldCase{13.210, -119.536, 32.857, 0.991, 33.178, 0.905},
                                FieldCase{35.683, -42.915, 60.521, 1.256, 60.592, 1.146}}) {
         const Place tbl = PlaceFromDegrees(c.dLat, c.dLon);
-        const MagneticField tblLow = MagneticFieldGet(tbl, FieldHeight::Absorption);
-        const MagneticField tblHigh = MagneticFieldGet(tbl, FieldHeight::Maps);
-        EXPECT_NEAR(DegreesOf(tblLow.dDip), c.dDip100, 0.001);
-        EXPECT_NEAR(tblLow.dGyro, c.dGyro100, 0.001);
-        EXPECT_NEAR(DegreesOf(tblHigh.dDip), c.dDip300, 0.001);
-        EXPECT_NEAR(tblHigh.dGyro, c.dGyro300, 0.001);
-        EXPECT_NEAR(std::sin(tblLow.dDip), tblLow.dSinDip, 1e-12);
+        const MagneticField low = MagneticFieldGet(tbl, FieldHeight::Absorption);
+        const MagneticField high = MagneticFieldGet(tbl, FieldHeight::Maps);
+        EXPECT_NEAR(DegreesOf(low.dDip), c.dDip100, 0.001);
+        EXPECT_NEAR(low.dGyro, c.dGyro100, 0.001);
+        EXPECT_NEAR(DegreesOf(high.dDip), c.dDip300, 0.001);
+        EXPECT_NEAR(high.dGyro, c.dGyro300, 0.001);
+        EXPECT_NEAR(std::sin(low.dDip), low.dSinDip, 1e-12);
     }
 }
 
@@ -92,14 +92,14 @@ TEST(MagneticField, SumsAlongAGreatCircleAreTheFieldItself)
 {
     for (const bool bLongWay : {false, true}) {
         for (double dLat = -85.0; dLat <= 85.0; dLat += 17.0) {
-            const Way tblWay =
+            const Way way =
                 WayMake(PlaceFromDegrees(dLat, 33.0), PlaceFromDegrees(20.0, -151.0), bLongWay);
-            const FieldTrack tblTrack = FieldTrackMake(tblWay.aArcs[0]);
-            for (double dAngle = 0.0; dAngle < tblWay.dAngle; dAngle += 0.11) {
-                const Place tbl = ArcPlace(tblWay.aArcs[0], std::cos(dAngle), std::sin(dAngle));
+            const FieldTrack track = FieldTrackMake(way.aArcs[0]);
+            for (double dAngle = 0.0; dAngle < way.dAngle; dAngle += 0.11) {
+                const Place tbl = ArcPlace(way.aArcs[0], std::cos(dAngle), std::sin(dAngle));
                 if (tbl.dCosLat < 0.001)
                     continue;  // the field of a circle around the pole is taken there
-                EXPECT_NEAR(std::atan(FieldTrackDipTanGet<double>(tblTrack, std::cos(dAngle),
+                EXPECT_NEAR(std::atan(FieldTrackDipTanGet<double>(track, std::cos(dAngle),
                                                                   std::sin(dAngle))),
                             MagneticFieldGet(tbl, FieldHeight::Absorption).dDip, 1e-12);
             }
@@ -123,10 +123,10 @@ TEST(Maps, SeriesMatchesWorkedValues)
                              MapCase{5, 10, 12, -23.482, 142.682, 3.5851, 3.1832}}) {
         MapHoursFill(*pHours, MapSet::Ccir, c.nMonth, c.dSsn, c.dSsn);
         const Place tbl = PlaceFromDegrees(c.dLat, c.dLon);
-        MapPlace tblMap;
-        MapPlaceFill(tblMap, tbl, MagneticFieldGet(tbl, FieldHeight::Maps), false);
-        EXPECT_NEAR(MapFof2Get(*pHours, tblMap, c.nHour), c.dFof2, 0.0005);
-        EXPECT_NEAR(MapM3Get(*pHours, tblMap, c.nHour), c.dM3, 0.0005);
+        MapPlace map;
+        MapPlaceFill(map, tbl, MagneticFieldGet(tbl, FieldHeight::Maps), false);
+        EXPECT_NEAR(MapFof2Get(*pHours, map, c.nHour), c.dFof2, 0.0005);
+        EXPECT_NEAR(MapM3Get(*pHours, map, c.nHour), c.dM3, 0.0005);
     }
 }
 
@@ -134,12 +134,12 @@ TEST(Maps, MeanLiesHalfwayBetweenTheSets)
 {
     const auto pHours = std::make_unique<MapHours>();
     const Place tbl = PlaceFromDegrees(-40.0, -70.0);
-    MapPlace tblMap;
-    MapPlaceFill(tblMap, tbl, MagneticFieldGet(tbl, FieldHeight::Maps), false);
+    MapPlace map;
+    MapPlaceFill(map, tbl, MagneticFieldGet(tbl, FieldHeight::Maps), false);
     double aValue[3];
     for (const MapSet eSet : {MapSet::Ccir, MapSet::Ursi, MapSet::Mean}) {
         MapHoursFill(*pHours, eSet, 7, 80.0, 80.0);
-        aValue[static_cast<int>(eSet)] = MapFof2Get(*pHours, tblMap, 15);
+        aValue[static_cast<int>(eSet)] = MapFof2Get(*pHours, map, 15);
     }
     EXPECT_GT(std::abs(aValue[0] - aValue[1]), 0.01);
     EXPECT_NEAR(aValue[2], (aValue[0] + aValue[1]) / 2.0, 1e-9);
@@ -150,18 +150,17 @@ TEST(Absorption, PlaceTablesFollowExactAngles)
     // The fast arc tangents and the polynomial against the plain functions, through one crossing.
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Corrected, MapSet::Ccir, 9, 60.0);
-    const AbsorptionHour tblHour{pIono.get(), FoeHourGet(*pIono, 12)};
-    const Way tblPath = WayMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
-    const double dElevation = ElevationGet(tblPath.dKm / 2.0, 300.0);
+    const AbsorptionHour hour{pIono.get(), FoeHourGet(*pIono, 12)};
+    const Way path = WayMake(PlaceFromDegrees(60.0, 10.0), PlaceFromDegrees(40.0, -5.0), false);
+    const double dElevation = ElevationGet(path.dKm / 2.0, 300.0);
     Crossing aCrossings[4];
-    CrossingsFill(tblHour, CrossingTrackMake(tblPath), 2, dElevation, aCrossings);
+    CrossingsFill(hour, CrossingTrackMake(path), 2, dElevation, aCrossings);
     const double dNear = CrossingKmGet(dElevation);
-    const double aKm[4]{dNear, tblPath.dKm / 2.0 - dNear, tblPath.dKm / 2.0 + dNear,
-                        tblPath.dKm - dNear};
+    const double aKm[4]{dNear, path.dKm / 2.0 - dNear, path.dKm / 2.0 + dNear, path.dKm - dNear};
     for (int i = 0; i < 4; ++i) {
-        const Place tbl = WayPlace(tblPath, aKm[i] / tblPath.dKm);
-        const double dCos = SunZenithCosGet(*tblHour.tblFoe.pSun, tbl);
-        EXPECT_NEAR(aCrossings[i].dFoe, FoeGet(tblHour.tblFoe, tbl, dCos), 1e-9);
+        const Place tbl = WayPlace(path, aKm[i] / path.dKm);
+        const double dCos = SunZenithCosGet(*hour.foe.pSun, tbl);
+        EXPECT_NEAR(aCrossings[i].dFoe, FoeGet(hour.foe, tbl, dCos), 1e-9);
         EXPECT_GT(aCrossings[i].dWeight, 100.0);  // September noon
         EXPECT_LT(aCrossings[i].dWeight, 346.5);
     }
@@ -200,8 +199,8 @@ TEST(Noise, AtmosphericMatchesWorkedValues)
     for (const NoiseCase& c : {NoiseCase{2, 8, 40.0, 10.0, 10.0, 34.237, 7.848, 6.461},
                                NoiseCase{5, 2, 52.4862, -1.8904, 14.0, 25.256, 5.663, 4.912}}) {
         IonosphereFill(*pIono, Behaviour::Reference, MapSet::Ccir, c.nMonth, 100.0);
-        NoisePlace tblPlace = NoisePlaceMake(PlaceFromDegrees(c.dLat, c.dLon));
-        const Noise tbl = NoiseAtmosphericGet(*pIono, tblPlace, c.nLabel, c.dFrequency);
+        NoisePlace place = NoisePlaceMake(PlaceFromDegrees(c.dLat, c.dLon));
+        const Noise tbl = NoiseAtmosphericGet(*pIono, place, c.nLabel, c.dFrequency);
         EXPECT_NEAR(tbl.dFa, c.dFa, 0.001);
         EXPECT_NEAR(tbl.dUpper, c.dUpper, 0.001);
         EXPECT_NEAR(tbl.dLower, c.dLower, 0.001);
@@ -219,30 +218,30 @@ TEST(Reliability, MedianAtTheRequiredRatioIsHalfTheDays)
 {
     // Three noises alike: 40 dB, deciles 9 and 6 dB.
     const double dPower = std::pow(10.0, 4.0);
-    FrequencySet tblSet{};
-    NoiseRows& tblRows = tblSet.aNoise[0];
-    tblSet.nCount = 1;
-    tblSet.aMegahertz.fill(5.0);
-    tblRows.aRest.fill(40.0);
-    tblRows.aUpper.fill(std::pow(10.0, 0.9));
-    tblRows.aLower.fill(std::pow(10.0, 0.6));
-    tblSet.aOther.fill(2.0 * dPower);
-    tblSet.aOtherLower.fill(2.0 * dPower / std::pow(10.0, 0.6));
-    tblSet.aOtherUpper.fill(2.0 * dPower * std::pow(10.0, 0.9));
+    FrequencySet set{};
+    NoiseRows& rows = set.aNoise[0];
+    set.nCount = 1;
+    set.aMegahertz.fill(5.0);
+    rows.aRest.fill(40.0);
+    rows.aUpper.fill(std::pow(10.0, 0.9));
+    rows.aLower.fill(std::pow(10.0, 0.6));
+    set.aOther.fill(2.0 * dPower);
+    set.aOtherLower.fill(2.0 * dPower / std::pow(10.0, 0.6));
+    set.aOtherUpper.fill(2.0 * dPower * std::pow(10.0, 0.9));
     FrequencyRow aPower{};
     aPower.fill(-160.0);
-    SnrInput tblInput{1.0, 0.0, 90.0, ShareQuantileGet(90.0), false, 10.0};
+    SnrInput input{1.0, 0.0, 90.0, ShareQuantileGet(90.0), false, 10.0};
     SnrRows res;
-    const auto fnRun = [&] { SnrRowsFill(res, tblInput, tblSet, NoiseHour{}, aPower); };
+    const auto fnRun = [&] { SnrRowsFill(res, input, set, NoiseHour{}, aPower); };
     fnRun();
     EXPECT_NEAR(res.aMedian[0], -160.0 - 40.0 - 4.771 + 204.0, 0.001);
     EXPECT_NEAR(res.aExceeded[0], res.aMedian[0] - res.aLower[0], 1e-6);
     EXPECT_NEAR(res.aUpper[0], std::sqrt(36.0 + 36.0 + 25.0), 1e-9);
     EXPECT_NEAR(res.aLower[0], std::sqrt(81.0 + 64.0 + 64.0), 1e-9);
-    tblInput.dRequired = res.aMedian[0];
+    input.dRequired = res.aMedian[0];
     fnRun();
     EXPECT_NEAR(res.aReliability[0], 50.0, 1e-9);
-    tblInput.dRequired = res.aExceeded[0];
+    input.dRequired = res.aExceeded[0];
     fnRun();
     EXPECT_NEAR(res.aReliability[0], 90.0, 1e-6);
 }
@@ -282,21 +281,21 @@ TEST(Antenna, GainsCountAtTheRaysElevation)
 {
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Best, MapSet::Ccir, 6, 100.0);
-    Antenna tblTx, tblRx;
-    for (std::size_t i = 0; i < tblTx.aGain.size(); ++i) {
-        tblTx.aGain[i] = static_cast<double>(i) / 5.0 - 8.0;
-        tblRx.aGain[i] = 6.0 - static_cast<double>(i) / 3.0;
+    Antenna tx, rx;
+    for (std::size_t i = 0; i < tx.aGain.size(); ++i) {
+        tx.aGain[i] = static_cast<double>(i) / 5.0 - 8.0;
+        rx.aGain[i] = 6.0 - static_cast<double>(i) / 3.0;
     }
-    Circuit tblCircuit = CircuitOf(50.0, 0.0, 40.0, 12.0);
+    Circuit circuit = CircuitOf(50.0, 0.0, 40.0, 12.0);
     const auto pPath = std::make_unique<Path>();
     const auto pHour = std::make_unique<Hour>();
-    PathFill(*pPath, *pIono, tblCircuit);
+    PathFill(*pPath, *pIono, circuit);
     HourFill(*pHour, *pPath, 12);
     const auto pRows = std::make_unique<ModesRows>();
-    FrequencySet tblSet;
+    FrequencySet set;
     constexpr double kFrequency = 7.0;
-    FrequencySetFill(tblSet, *pIono, tblCircuit, {&kFrequency, 1});
-    ModesRowsFill(*pRows, *pHour, tblSet);
+    FrequencySetFill(set, *pIono, circuit, {&kFrequency, 1});
+    ModesRowsFill(*pRows, *pHour, set);
     double dField = 0.0, dReceived = 0.0;
     int nUsed = 0;
     for (std::size_t i = 0; i < static_cast<std::size_t>(pHour->nModes); ++i) {
@@ -309,9 +308,9 @@ TEST(Antenna, GainsCountAtTheRaysElevation)
         ++nUsed;
     }
     EXPECT_GT(nUsed, 1);
-    tblCircuit.pTx = &tblTx;
-    tblCircuit.pRx = &tblRx;
-    PathFill(*pPath, *pIono, tblCircuit);
+    circuit.pTx = &tx;
+    circuit.pRx = &rx;
+    PathFill(*pPath, *pIono, circuit);
     HourFill(*pHour, *pPath, 12);
     Prediction tbl;
     PredictionFill(tbl, *pHour, 7.0);

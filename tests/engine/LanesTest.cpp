@@ -69,15 +69,15 @@ TEST(Foe, DeepNightHasTheFloorThatTheWholeFormulaGives)
         for (const Behaviour eBehaviour : {Behaviour::Best, Behaviour::Reference}) {
             IonosphereFill(*pIono, eBehaviour, MapSet::Ccir, nMonth, 100.0 + 100.0 * draw(rng));
             for (int i = 0; i < 2000; ++i) {
-                const Place tblPlace = PlaceFromDegrees(90.0 * draw(rng), 180.0 * draw(rng));
-                const FoeHour tblHour = FoeHourGet(*pIono, 1 + i % 24);
-                FoeHour tblWhole = tblHour;
-                tblWhole.dFloor = 1e-300;
-                const double dCos = SunZenithCosGet(*tblHour.pSun, tblPlace);
-                const double dFloor = std::sqrt(std::sqrt(tblHour.dFloor));
-                const double dFoe = FoeGet(tblHour, tblPlace, dCos);
-                EXPECT_EQ(dFoe, std::max(FoeGet(tblWhole, tblPlace, dCos), dFloor))
-                    << tblPlace.dLat << " " << dCos;
+                const Place place = PlaceFromDegrees(90.0 * draw(rng), 180.0 * draw(rng));
+                const FoeHour hour = FoeHourGet(*pIono, 1 + i % 24);
+                FoeHour whole = hour;
+                whole.dFloor = 1e-300;
+                const double dCos = SunZenithCosGet(*hour.pSun, place);
+                const double dFloor = std::sqrt(std::sqrt(hour.dFloor));
+                const double dFoe = FoeGet(hour, place, dCos);
+                EXPECT_EQ(dFoe, std::max(FoeGet(whole, place, dCos), dFloor))
+                    << place.dLat << " " << dCos;
                 nFloor += dFoe == dFloor ? 1 : 0;
             }
         }

@@ -227,7 +227,7 @@ struct Near {
 // Hours of the captured pages below 7000 km.
 Near PagesNearGet()
 {
-    Near tblNear;
+    Near near;
     const DataTable tbl("real_muf.csv");
     for (std::size_t nRow = 0; nRow < tbl.CountGet(); ++nRow) {
         const auto aLines =
@@ -236,19 +236,19 @@ Near PagesNearGet()
             continue;
         for (const std::string& sLine : aLines) {
             if (Cut(sLine, 60, 4) == "FREQ")
-                tblNear.Count(
+                near.Count(
                     NumberOf(sLine, 4, 5),
                     tbl.NumberGet(
                         nRow, "muf_" + std::to_string(static_cast<int>(NumberOf(sLine, 1, 3)))));
         }
     }
-    return tblNear;
+    return near;
 }
 
 // Points of the captured grids below 7000 km.
 Near GridsNearGet()
 {
-    Near tblNear;
+    Near near;
     for (int nDeck = 1; nDeck <= 5; ++nDeck) {
         const std::string sName = "area_0" + std::to_string(nDeck);
         const std::string sDeck = DeckOf(sName + ".rec");
@@ -259,17 +259,17 @@ Near GridsNearGet()
         EXPECT_TRUE(resDeck && aOwn.size() == aReal.size()) << sName;
         if (!resDeck || aOwn.size() != aReal.size())
             return {};
-        const auto& tblDeck = resDeck.ValueGet().tblCommon;
-        const rec533::Place tblFixed = rec533::PlaceFromDegrees(tblDeck.dTxLat, tblDeck.dTxLon);
+        const auto& deck = resDeck.ValueGet().common;
+        const rec533::Place fixed = rec533::PlaceFromDegrees(deck.dTxLat, deck.dTxLon);
         for (std::size_t i = 3; i < aOwn.size(); ++i) {
-            const rec533::Place tblPoint = rec533::PlaceFromDegrees(
+            const rec533::Place point = rec533::PlaceFromDegrees(
                 NumberOf(aOwn[i], 7, 10), std::remainder(NumberOf(aOwn[i], 17, 10), 360.0));
             EXPECT_EQ(Cut(aOwn[i], 1, 15), Cut(aReal[i], 1, 15));
-            if (rec533::WayMake(tblFixed, tblPoint, false).dKm < 7000.0)
-                tblNear.Count(NumberOf(aOwn[i], 27, 6), NumberOf(aReal[i], 27, 6));
+            if (rec533::WayMake(fixed, point, false).dKm < 7000.0)
+                near.Count(NumberOf(aOwn[i], 27, 6), NumberOf(aReal[i], 27, 6));
         }
     }
-    return tblNear;
+    return near;
 }
 
 // The methods are twenty years apart; typical hours lie near each other all the same. Most of what
@@ -277,12 +277,12 @@ Near GridsNearGet()
 // where the method keeps an E layer without a sun.
 TEST(PointOutput, BasicMufsLieNearTheRealPrograms)
 {
-    const Near tblPages = PagesNearGet();
-    EXPECT_EQ(tblPages.nAll, 240);
-    EXPECT_GE(tblPages.nNear, 0.89 * tblPages.nAll);
-    const Near tblGrids = GridsNearGet();
-    EXPECT_EQ(tblGrids.nAll, 4530);
-    EXPECT_GE(tblGrids.nNear, 0.89 * tblGrids.nAll);
+    const Near pages = PagesNearGet();
+    EXPECT_EQ(pages.nAll, 240);
+    EXPECT_GE(pages.nNear, 0.89 * pages.nAll);
+    const Near grids = GridsNearGet();
+    EXPECT_EQ(grids.nAll, 4530);
+    EXPECT_GE(grids.nNear, 0.89 * grids.nAll);
 }
 
 TEST(Luf, IsTheLowestThatServesAsABruteForceSearchFindsIt)
@@ -295,7 +295,7 @@ TEST(Luf, IsTheLowestThatServesAsABruteForceSearchFindsIt)
         for (int nLabel = 1; nLabel <= 24; nLabel += 5) {
             pRun->Go(tbl.TextGet(i, "id"), nLabel);
             const double dMuf = pRun->m_tblHour.dMuf;
-            const double dShare = pRun->m_tblPath.tblCircuit.dRequiredReliability;
+            const double dShare = pRun->m_tblPath.circuit.dRequiredReliability;
             double dBrute = std::ceil(dMuf * 10.0) / 10.0;
             for (int n = 20; n <= static_cast<int>(dMuf * 10.0); ++n) {
                 if (pRun->PredictionGet(n / 10.0).dReliability >= dShare) {
@@ -346,13 +346,13 @@ TEST(PointOutput, AgreesWithTheTableOfCircuitsToThePrintedDigit)
         for (int nHour = 1; nHour <= 24; ++nHour)
             for (const double dFrequency : tbl.aFrequencies)
                 sTable += "x,38,-122," + NumberToText(tbl.dRxLat) + "," + NumberToText(tbl.dRxLon)
-                          + ",SHORT," + NumberToText(tbl.tblCommon.nMonth) + ","
-                          + NumberToText(tbl.tblCommon.dSsn) + ","
+                          + ",SHORT," + NumberToText(tbl.common.nMonth) + ","
+                          + NumberToText(tbl.common.dSsn) + ","
                           + NumberToText(tbl.dPowerKw * 1000.0) + ","
-                          + NumberToText(tbl.tblCommon.dNoise) + ","
-                          + NumberToText(tbl.tblCommon.dRequiredSnr) + ","
-                          + NumberToText(tbl.tblCommon.dReliability) + "," + NumberToText(nHour)
-                          + "," + NumberToText(dFrequency) + "\n";
+                          + NumberToText(tbl.common.dNoise) + ","
+                          + NumberToText(tbl.common.dRequiredSnr) + ","
+                          + NumberToText(tbl.common.dReliability) + "," + NumberToText(nHour) + ","
+                          + NumberToText(dFrequency) + "\n";
         const auto resTable =
             run533::CircuitTableMake(sTable, Behaviour::Best, rec533::MapSet::Mean);
         ASSERT_TRUE(resTable) << resTable.TextGet();
@@ -524,8 +524,8 @@ TEST(AntennaFile, DefaultsAreBuiltInAndFilesGoBeforeThem)
 {
     const auto resBuiltIn = AntennaLoad("/nowhere", "DEFAULT\\CONST17.VOA  ");
     ASSERT_TRUE(resBuiltIn);
-    EXPECT_EQ(resBuiltIn.ValueGet().tblAntenna.aGain[0], -26.0);
-    EXPECT_EQ(resBuiltIn.ValueGet().tblAntenna.aGain[45], 17.0);
+    EXPECT_EQ(resBuiltIn.ValueGet().antenna.aGain[0], -26.0);
+    EXPECT_EQ(resBuiltIn.ValueGet().antenna.aGain[45], 17.0);
     TempFolder tmp;
     std::string sFile = "My aerial of wire\n 3\n 2.00  [ 1]\n 11  [ 2]\n 0.0 [ 3]\n";
     for (int i = 0; i < 91; ++i) sFile += " -1.5";
@@ -533,7 +533,7 @@ TEST(AntennaFile, DefaultsAreBuiltInAndFilesGoBeforeThem)
     const auto resFile = AntennaLoad(tmp.Path(), "DEFAULT \\CONST17.VOA ");
     ASSERT_TRUE(resFile) << resFile.TextGet();
     EXPECT_EQ(resFile.ValueGet().sTitle, "My aerial");
-    EXPECT_EQ(resFile.ValueGet().tblAntenna.aGain[90], 0.5);
+    EXPECT_EQ(resFile.ValueGet().antenna.aGain[90], 0.5);
 }
 
 // A slipped digit made powers infinite, and every value of the page the end of its field.
@@ -554,7 +554,7 @@ TEST(AntennaFile, AGainBeyondAllSenseIsRefusedAndTheGreatestTaken)
     for (const char* sGain : {"999", "-999"}) {
         const auto res = AntennaRead(fnFile(sGain));
         ASSERT_TRUE(res) << res.TextGet();
-        EXPECT_EQ(std::abs(res.ValueGet().tblAntenna.aGain[90]), 999.0);
+        EXPECT_EQ(std::abs(res.ValueGet().antenna.aGain[90]), 999.0);
     }
 }
 

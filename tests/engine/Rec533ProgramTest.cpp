@@ -187,18 +187,18 @@ TEST(Rec533Program, AMissingAreaDeckIsToldWithTheReason)
 TEST(Rec533Program, AMissingDeckOrFolderIsToldWithTheReason)
 {
     TempFolder tmp;
-    const ProgramResult tblFolder =
+    const ProgramResult folderResult =
         EngineRun("rec533w.exe", "'" + tmp.Path("none") + "' sound.dat sound.out");
-    EXPECT_EQ(tblFolder.nStatus, 2);
-    EXPECT_NE(tblFolder.sError.find("not found"), std::string::npos) << tblFolder.sError;
+    EXPECT_EQ(folderResult.nStatus, 2);
+    EXPECT_NE(folderResult.sError.find("not found"), std::string::npos) << folderResult.sError;
     tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
-    const ProgramResult tblOutput =
+    const ProgramResult output =
         EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat no/such.out");
-    EXPECT_EQ(tblOutput.nStatus, 2);
-    EXPECT_NE(tblOutput.sError.find("not found"), std::string::npos) << tblOutput.sError;
-    const ProgramResult tblUsage = EngineRun("rec533w.exe", "'" + tmp.Path() + "'");
-    EXPECT_EQ(tblUsage.nStatus, 2);
-    EXPECT_EQ(tblUsage.sError, "rec533w: usage: ROOT DECK OUTPUT, or ROOT AREA CALC DECK\n");
+    EXPECT_EQ(output.nStatus, 2);
+    EXPECT_NE(output.sError.find("not found"), std::string::npos) << output.sError;
+    const ProgramResult usageNow = EngineRun("rec533w.exe", "'" + tmp.Path() + "'");
+    EXPECT_EQ(usageNow.nStatus, 2);
+    EXPECT_EQ(usageNow.sError, "rec533w: usage: ROOT DECK OUTPUT, or ROOT AREA CALC DECK\n");
 }
 
 TEST(Rec533Program, AFolderThatTakesNoFileIsToldWithTheReason)
@@ -211,9 +211,9 @@ TEST(Rec533Program, AFolderThatTakesNoFileIsToldWithTheReason)
     EXPECT_EQ(tbl.nStatus, 2);
     EXPECT_EQ(std::count(tbl.sError.begin(), tbl.sError.end(), '\n'), 1);
     fs::create_directory(tmp.Path("RUN/folder.out"));
-    const ProgramResult tblFolder =
+    const ProgramResult folderResult =
         EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat folder.out");
-    EXPECT_EQ(tblFolder.nStatus, 2);
+    EXPECT_EQ(folderResult.nStatus, 2);
     EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 1u);  // the temporary file is gone
 }
 

@@ -24,9 +24,9 @@ struct Bench {
     {
         PathFill(*pPath, *pIono, tbl);
         HourFill(*pHour, *pPath, nLabel);
-        Prediction tblPrediction;
-        PredictionFill(tblPrediction, *pHour, dFrequency);
-        return tblPrediction;
+        Prediction prediction;
+        PredictionFill(prediction, *pHour, dFrequency);
+        return prediction;
     }
 };
 
@@ -45,12 +45,12 @@ void EndGet(Circuit& tbl, double dBearing, double dKm)
     tbl.dRxLon = std::remainder(tbl.dTxLon + dTurn * kDegrees, 360.0);
 }
 
-bool AllFinite(const Hour& tblHour, const Prediction& tbl)
+bool AllFinite(const Hour& hour, const Prediction& tbl)
 {
     for (const double d :
-         {tblHour.dMuf, tblHour.dMuf10, tblHour.dMuf90, tblHour.dOperational,
-          tblHour.dOperational10, tblHour.dOperational90, tbl.dField, tbl.dPower, tbl.dElevation,
-          tbl.dSnr, tbl.dSnrUpper, tbl.dSnrLower, tbl.dSnrExceeded, tbl.dReliability})
+         {hour.dMuf, hour.dMuf10, hour.dMuf90, hour.dOperational, hour.dOperational10,
+          hour.dOperational90, tbl.dField, tbl.dPower, tbl.dElevation, tbl.dSnr, tbl.dSnrUpper,
+          tbl.dSnrLower, tbl.dSnrExceeded, tbl.dReliability})
         if (!std::isfinite(d))
             return false;
     return true;
@@ -71,20 +71,20 @@ TEST_P(RandomSweep, GivesNumbersEverywhere)
         if (i % 50 == 0)
             IonosphereFill(*tbl.pIono, static_cast<Behaviour>(i / 50 % 3),
                            static_cast<MapSet>(i / 150 % 3), nMonth, fnDraw(0.0, 311.0));
-        Circuit tblCircuit = CircuitOf(fnDraw(-90.0, 90.0), fnDraw(-180.0, 180.0),
-                                       fnDraw(-90.0, 90.0), fnDraw(-180.0, 180.0));
-        tblCircuit.bLongWay = i % 7 == 0;
-        tblCircuit.dPowerKw = std::pow(10.0, fnDraw(-6.0, 4.0));
-        tblCircuit.dNoiseLevel = fnDraw(-200.0, -100.0);
-        tblCircuit.dRequiredReliability = fnDraw(-50.0, 150.0);
-        tblCircuit.dLeastElevation = fnDraw(-5.0, 95.0) * (i % 2);
+        Circuit circuit = CircuitOf(fnDraw(-90.0, 90.0), fnDraw(-180.0, 180.0), fnDraw(-90.0, 90.0),
+                                    fnDraw(-180.0, 180.0));
+        circuit.bLongWay = i % 7 == 0;
+        circuit.dPowerKw = std::pow(10.0, fnDraw(-6.0, 4.0));
+        circuit.dNoiseLevel = fnDraw(-200.0, -100.0);
+        circuit.dRequiredReliability = fnDraw(-50.0, 150.0);
+        circuit.dLeastElevation = fnDraw(-5.0, 95.0) * (i % 2);
         const int nLabel = static_cast<int>(fnDraw(1.0, 24.9999));
-        const Prediction tblPrediction = tbl.Run(tblCircuit, nLabel, fnDraw(0.1, 45.0));
-        ASSERT_TRUE(AllFinite(*tbl.pHour, tblPrediction))
-            << tblCircuit.dTxLat << " " << tblCircuit.dTxLon << " to " << tblCircuit.dRxLat << " "
-            << tblCircuit.dRxLon << (tblCircuit.bLongWay ? " long" : "") << " at " << nLabel;
-        ASSERT_GE(tblPrediction.dReliability, 0.0);
-        ASSERT_LE(tblPrediction.dReliability, 100.0);
+        const Prediction prediction = tbl.Run(circuit, nLabel, fnDraw(0.1, 45.0));
+        ASSERT_TRUE(AllFinite(*tbl.pHour, prediction))
+            << circuit.dTxLat << " " << circuit.dTxLon << " to " << circuit.dRxLat << " "
+            << circuit.dRxLon << (circuit.bLongWay ? " long" : "") << " at " << nLabel;
+        ASSERT_GE(prediction.dReliability, 0.0);
+        ASSERT_LE(prediction.dReliability, 100.0);
     }
 }
 INSTANTIATE_TEST_SUITE_P(Shares, RandomSweep, testing::Range(0, 8));
@@ -96,16 +96,15 @@ TEST(Sanity, PolesAntipodesAndOnePlaceGiveNumbers)
          {Behaviour::Reference, Behaviour::Corrected, Behaviour::Best}) {
         for (const int nMonth : {1, 6}) {
             IonosphereFill(*tbl.pIono, eBehaviour, MapSet::Ursi, nMonth, 0.0);
-            for (const Circuit& tblCircuit :
+            for (const Circuit& circuit :
                  {CircuitOf(90, 0, -90, 0), CircuitOf(90, 50, 89.9, 10),
                   CircuitOf(-90, 0, -77.85, 166.67), CircuitOf(10, 20, -10, -160),
                   CircuitOf(0, 0, 0, 180), CircuitOf(0, 0, 0, 0), CircuitOf(10, 20, 10, 20),
                   CircuitOf(90, 0, 90, 0), CircuitOf(0, 180, 0, -180)}) {
                 for (int nLabel = 1; nLabel <= 24; ++nLabel)
                     for (const double dFrequency : {1.0, 7.0, 29.0})
-                        ASSERT_TRUE(AllFinite(*tbl.pHour, tbl.Run(tblCircuit, nLabel, dFrequency)))
-                            << tblCircuit.dTxLat << " to " << tblCircuit.dRxLat << " "
-                            << tblCircuit.dRxLon;
+                        ASSERT_TRUE(AllFinite(*tbl.pHour, tbl.Run(circuit, nLabel, dFrequency)))
+                            << circuit.dTxLat << " to " << circuit.dRxLat << " " << circuit.dRxLon;
             }
         }
     }
@@ -118,22 +117,21 @@ TEST(Sanity, ReverseHasTheSameDistanceAndMuf)
     Bench tbl;
     IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ccir, 3, 120.0);
     for (int i = 0; i < 300; ++i) {
-        const Circuit tblThere =
+        const Circuit there =
             CircuitOf(90 * draw(rng), 180 * draw(rng), 90 * draw(rng), 180 * draw(rng));
-        const Circuit tblBack =
-            CircuitOf(tblThere.dRxLat, tblThere.dRxLon, tblThere.dTxLat, tblThere.dTxLon);
-        tbl.Run(tblThere, 1 + i % 24, 14.0);
-        const double dKm = tbl.pPath->tblWay.dKm;
+        const Circuit back = CircuitOf(there.dRxLat, there.dRxLon, there.dTxLat, there.dTxLon);
+        tbl.Run(there, 1 + i % 24, 14.0);
+        const double dKm = tbl.pPath->way.dKm;
         const double dMuf = tbl.pHour->dMuf;
-        tbl.Run(tblBack, 1 + i % 24, 14.0);
-        EXPECT_NEAR(tbl.pPath->tblWay.dKm, dKm, 1e-6);
+        tbl.Run(back, 1 + i % 24, 14.0);
+        EXPECT_NEAR(tbl.pPath->way.dKm, dKm, 1e-6);
         EXPECT_NEAR(tbl.pHour->dMuf, dMuf, 1e-6);
     }
 }
 
 struct Border {
     const char* sName;
-    Circuit tblA, tblB;
+    Circuit one, other;
 };
 
 TEST(Sanity, NothingJumpsAtTheDateLineTheEquatorAndGreenwich)
@@ -148,27 +146,27 @@ TEST(Sanity, NothingJumpsAtTheDateLineTheEquatorAndGreenwich)
     IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ursi, 5, 70.0);
     for (const Border& c : aBorders) {
         for (int nLabel = 1; nLabel <= 24; ++nLabel) {
-            const Prediction tblA = tbl.Run(c.tblA, nLabel, 10.0);
+            const Prediction one = tbl.Run(c.one, nLabel, 10.0);
             const double dMuf = tbl.pHour->dMuf;
-            const Prediction tblB = tbl.Run(c.tblB, nLabel, 10.0);
+            const Prediction other = tbl.Run(c.other, nLabel, 10.0);
             EXPECT_NEAR(dMuf, tbl.pHour->dMuf, 0.001) << c.sName;
-            EXPECT_NEAR(tblA.dField, tblB.dField, 0.01) << c.sName << " " << nLabel;
+            EXPECT_NEAR(one.dField, other.dField, 0.01) << c.sName << " " << nLabel;
         }
     }
 }
 
 // The numbers of hops of a path and hour, on all its ways.
-std::vector<int> HopsOf(const Path& tblPath, const Hour& tblHour)
+std::vector<int> HopsOf(const Path& path, const Hour& hour)
 {
     std::vector<int> aHops;
-    const auto fnAdd = [&](const WayPath& tblWay, const WayHour& tbl) {
+    const auto fnAdd = [&](const WayPath& way, const WayHour& tbl) {
         aHops.push_back(tbl.nOrderF2);
-        aHops.push_back(tblWay.tblLong.nHops);
+        aHops.push_back(way.longPath.nHops);
         for (int i = 0; i < tbl.nModes; ++i)
             aHops.push_back(tbl.aModes[static_cast<std::size_t>(i)].bReaches ? 1 : 0);
     };
-    fnAdd(tblPath, tblHour);
-    for (std::size_t i = 0; i < tblPath.nBent; ++i) fnAdd(tblPath.aBent[i], tblHour.aBent[i]);
+    fnAdd(path, hour);
+    for (std::size_t i = 0; i < path.nBent; ++i) fnAdd(path.aBent[i], hour.aBent[i]);
     return aHops;
 }
 
@@ -186,19 +184,19 @@ std::vector<double> StepsGet(double dNearKm, double dFarKm)
     int nDrawn = 0;
     while (aSteps.size() < 40 && nDrawn < 1000) {
         ++nDrawn;
-        Circuit tblNear = CircuitOf(80 * draw(rng), 180 * draw(rng), 0, 0);
-        Circuit tblFar = tblNear;
+        Circuit near = CircuitOf(80 * draw(rng), 180 * draw(rng), 0, 0);
+        Circuit far = near;
         const double dBearing = 180.0 * draw(rng);
-        EndGet(tblNear, dBearing, dNearKm);
-        EndGet(tblFar, dBearing, dFarKm);
-        tblNear.bLongWay = dNearKm > kPi * kEarthKm;
-        tblFar.bLongWay = dFarKm > kPi * kEarthKm;
+        EndGet(near, dBearing, dNearKm);
+        EndGet(far, dBearing, dFarKm);
+        near.bLongWay = dNearKm > kPi * kEarthKm;
+        far.bLongWay = dFarKm > kPi * kEarthKm;
         const int nLabel = 1 + static_cast<int>(aSteps.size()) % 24;
         constexpr double kFrequencies[]{7.0, 12.0, 20.0};
         const double dFrequency = kFrequencies[aSteps.size() % 3];
-        const double dNear = tbl.Run(tblNear, nLabel, dFrequency).dField;
+        const double dNear = tbl.Run(near, nLabel, dFrequency).dField;
         const auto aHops = HopsOf(*tbl.pPath, *tbl.pHour);
-        const double dFar = tbl.Run(tblFar, nLabel, dFrequency).dField;
+        const double dFar = tbl.Run(far, nLabel, dFrequency).dField;
         auto aHopsFar = HopsOf(*tbl.pPath, *tbl.pHour);
         if (aHops.size() < aHopsFar.size())
             aHopsFar.resize(aHops.size());  // the bent ways begin
@@ -236,15 +234,15 @@ TEST(Sanity, FieldDoesNotDependOnWhichHoursCameBefore)
 {
     Bench tbl;
     IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ccir, 7, 100.0);
-    const Circuit tblCircuit = CircuitOf(50, 0, 10, 60);
-    const double dAlone = tbl.Run(tblCircuit, 17, 15.0).dField;
-    Prediction tblPrediction;
+    const Circuit circuit = CircuitOf(50, 0, 10, 60);
+    const double dAlone = tbl.Run(circuit, 17, 15.0).dField;
+    Prediction prediction;
     for (int nLabel = 1; nLabel <= 17; ++nLabel) {
         HourFill(*tbl.pHour, *tbl.pPath, nLabel);
         for (const double dFrequency : {3.0, 30.0, 15.0})
-            PredictionFill(tblPrediction, *tbl.pHour, dFrequency);
+            PredictionFill(prediction, *tbl.pHour, dFrequency);
     }
-    EXPECT_EQ(tblPrediction.dField, dAlone);
+    EXPECT_EQ(prediction.dField, dAlone);
 }
 
 }  // namespace

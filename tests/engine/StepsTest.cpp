@@ -95,7 +95,7 @@ public:
     double DistanceGet(const Circuit& tbl)
     {
         Run(tbl);
-        return m_pPath->tblWay.dKm;
+        return m_pPath->way.dKm;
     }
     Parts PartsGet(const Circuit& tbl)
     {
@@ -107,12 +107,12 @@ public:
         return parts;
     }
     // Why the field is steep between two places, dKm apart.
-    Term SlopeGet(const Circuit& tblA, const Circuit& tblB, double dKm)
+    Term SlopeGet(const Circuit& one, const Circuit& other, double dKm)
     {
         constexpr double kSwing = 2.0;  // an ordinary middle moves half as far as the receiver
-        const auto aA = MiddlesGet(tblA);
+        const auto aA = MiddlesGet(one);
         const bool bRoot = RootIsSteep();
-        const auto aB = MiddlesGet(tblB);
+        const auto aB = MiddlesGet(other);
         for (std::size_t i = 0; i <= m_pPath->nBent; ++i)
             if (std::hypot(aA[i][0] - aB[i][0], aA[i][1] - aB[i][1], aA[i][2] - aB[i][2])
                 > kSwing * dKm / kEarthKm)
@@ -125,8 +125,8 @@ private:
     {
         PathFill(*m_pPath, *m_pIono, tbl, m_nLabel);
         HourFill(*m_pHour, *m_pPath, m_nLabel);
-        FrequencySetFill(m_tblSet, *m_pIono, m_pPath->tblCircuit, {&m_dFrequency, 1},
-                         NoiseBlocksOf(m_pHour->tblNoise));
+        FrequencySetFill(m_tblSet, *m_pIono, m_pPath->circuit, {&m_dFrequency, 1},
+                         NoiseBlocksOf(m_pHour->noise));
         PredictionRowsFill(m_tblRows, *m_pWork, *m_pHour, m_tblSet);
     }
     using Middles = std::array<std::array<double, 3>, 3>;
@@ -137,8 +137,8 @@ private:
         const auto fnVector = [](const Place& p) {
             return std::array{p.dCosLat * p.dCosLon, p.dCosLat * p.dSinLon, p.dSinLat};
         };
-        return {fnVector(m_pPath->tblMid.tblPlace), fnVector(m_pPath->aBent[0].tblMid.tblPlace),
-                fnVector(m_pPath->aBent[1].tblMid.tblPlace)};
+        return {fnVector(m_pPath->mid.place), fnVector(m_pPath->aBent[0].mid.place),
+                fnVector(m_pPath->aBent[1].mid.place)};
     }
     // True where a mode is just above its MUF, where the loss is a root.
     [[nodiscard]] bool RootIsSteep() const
@@ -147,8 +147,8 @@ private:
         const auto fnJust = [this](double dMuf) {
             return dMuf > 0.0 && m_dFrequency > dMuf && m_dFrequency < dMuf * (1.0 + kJust);
         };
-        const auto fnWay = [&](const WayHour& tblHour) {
-            return std::any_of(tblHour.aModes.begin(), tblHour.aModes.begin() + tblHour.nModes,
+        const auto fnWay = [&](const WayHour& hour) {
+            return std::any_of(hour.aModes.begin(), hour.aModes.begin() + hour.nModes,
                                [&](const Mode& m) { return fnJust(m.dMuf) || fnJust(m.dWorst); });
         };
         return fnWay(*m_pHour)
@@ -157,7 +157,7 @@ private:
     }
     void PathAdd(Parts& parts) const
     {
-        const double dKm = m_pPath->tblWay.dKm;
+        const double dKm = m_pPath->way.dKm;
         int i = 0;
         for (const double dEdge : {2000.0, 3000.0, 4000.0, kShortOnly, kLongOnly})
             parts[{static_cast<int>(Term::Distance), 0, 0, i++}] = dKm > dEdge ? 1.0 : 0.0;
@@ -167,7 +167,7 @@ private:
     }
     void WayAdd(Parts& parts, const WayHour& tbl, std::size_t iWay) const
     {
-        const LongPath& tblLong = tbl.pWay->tblLong;
+        const LongPath& longPath = tbl.pWay->longPath;
         const auto fnAdd = [&](Term eTerm, int nNumber, double dValue) {
             parts[{static_cast<int>(eTerm), static_cast<int>(iWay), -1, nNumber}] = dValue;
         };
@@ -176,38 +176,37 @@ private:
         fnAdd(Term::Hops, 2, tbl.nModes);
         fnAdd(Term::Height, 0, tbl.dHeightF2);
         fnAdd(Term::Foe, 0, tbl.dFoeModes);
-        fnAdd(Term::Foe, 1, tbl.tblMid.dFoe);
+        fnAdd(Term::Foe, 1, tbl.mid.dFoe);
         if (tbl.pWay->bHopSum) {
             const auto nHour = static_cast<std::size_t>(MapHourGet(m_nLabel));
-            fnAdd(Term::LongHops, 0, tblLong.nHops);
-            fnAdd(Term::LowHops, 0, tblLong.nLowHops);
-            fnAdd(Term::Noon, 0, tblLong.aRatio[0][nHour]);
-            fnAdd(Term::Noon, 1, tblLong.aRatio[1][nHour]);
-            fnAdd(Term::Evening, 0, tbl.tblLong.dLower);
+            fnAdd(Term::LongHops, 0, longPath.nHops);
+            fnAdd(Term::LowHops, 0, longPath.nLowHops);
+            fnAdd(Term::Noon, 0, longPath.aRatio[0][nHour]);
+            fnAdd(Term::Noon, 1, longPath.aRatio[1][nHour]);
+            fnAdd(Term::Evening, 0, tbl.longPath.dLower);
         }
         for (int i = 0; i < tbl.nModes; ++i) ModeAdd(parts, tbl, iWay, i);
     }
     void ModeAdd(Parts& parts, const WayHour& tbl, std::size_t iWay, int iMode) const
     {
-        const Mode& tblMode = tbl.aModes[static_cast<std::size_t>(iMode)];
+        const Mode& mode = tbl.aModes[static_cast<std::size_t>(iMode)];
         const auto fnAdd = [&](Term eTerm, int nNumber, double dValue) {
             parts[{static_cast<int>(eTerm), static_cast<int>(iWay), iMode, nNumber}] = dValue;
         };
         const double dUsed = m_pWork->aModes[iWay][static_cast<std::size_t>(iMode)].aUsed[0];
-        fnAdd(Term::Hops, 0, tblMode.bReaches ? 1.0 : 0.0);
-        fnAdd(Term::Auroral, 0, tblMode.dAuroral);
+        fnAdd(Term::Hops, 0, mode.bReaches ? 1.0 : 0.0);
+        fnAdd(Term::Auroral, 0, mode.dAuroral);
         fnAdd(Term::Screening, 0, dUsed);
-        fnAdd(Term::Muf, 0, m_dFrequency > tblMode.dMuf ? 1.0 : 0.0);
-        fnAdd(Term::Muf, 1, m_dFrequency > tblMode.dWorst ? 1.0 : 0.0);
-        fnAdd(Term::Foe, 0, tblMode.dWorst);
-        if (tblMode.nCrossing < 0 || dUsed == 0.0)
+        fnAdd(Term::Muf, 0, m_dFrequency > mode.dMuf ? 1.0 : 0.0);
+        fnAdd(Term::Muf, 1, m_dFrequency > mode.dWorst ? 1.0 : 0.0);
+        fnAdd(Term::Foe, 0, mode.dWorst);
+        if (mode.nCrossing < 0 || dUsed == 0.0)
             return;
-        for (int i = 0; i < 2 * tblMode.nHops; ++i) {
-            const Crossing& crs = tbl.aCrossings[static_cast<std::size_t>(tblMode.nCrossing + i)];
+        for (int i = 0; i < 2 * mode.nHops; ++i) {
+            const Crossing& crs = tbl.aCrossings[static_cast<std::size_t>(mode.nCrossing + i)];
             fnAdd(Term::Foe, 1 + i, crs.dFoe);
             fnAdd(Term::Exponent, i, crs.dWeight);
-            fnAdd(Term::Penetration, i,
-                  m_dFrequency * tblMode.dCosIncidence > crs.dFoe ? 1.0 : 0.0);
+            fnAdd(Term::Penetration, i, m_dFrequency * mode.dCosIncidence > crs.dFoe ? 1.0 : 0.0);
         }
     }
 
@@ -309,11 +308,11 @@ private:
             }
         }
         const double dLeft = std::abs(dFieldTo - dFieldFrom);
-        const Circuit tblA = m_fnPlace(dFrom);
+        const Circuit one = m_fnPlace(dFrom);
         const Circuit tbl = m_fnPlace(dTo);
         const Term eTerm = dLeft >= 0.1 * dWhole
-                               ? TermOf(m_bench.PartsGet(tblA), m_bench.PartsGet(tbl))
-                               : m_bench.SlopeGet(tblA, tbl, dTo - dFrom);
+                               ? TermOf(m_bench.PartsGet(one), m_bench.PartsGet(tbl))
+                               : m_bench.SlopeGet(one, tbl, dTo - dFrom);
         ASSERT_NE(eTerm, Term::None)
             << "a step of " << dWhole << " dB (" << dLeft << ") without a name from " << tbl.dTxLat
             << " " << tbl.dTxLon << " to " << tbl.dRxLat << " " << tbl.dRxLon;
@@ -369,9 +368,9 @@ TEST_P(StepsOfCircle, AreNamed)
     const int i = GetParam();
     Found found;
     Bench bench(1 + (i * 5) % 12, 20.0 * (i % 8), 1 + (7 * i) % 24, kFrequencies[i % 5]);
-    const Circuit tblTx = CircuitOf(-70.0 + 13.0 * i, 31.0 * i - 180.0, 0.0, 0.0);
+    const Circuit tx = CircuitOf(-70.0 + 13.0 * i, 31.0 * i - 180.0, 0.0, 0.0);
     const double dBearing = 17.0 + 37.0 * i;
-    const auto fnPlace = [&](double dKm) { return EndAt(tblTx, dBearing, dKm); };
+    const auto fnPlace = [&](double dKm) { return EndAt(tx, dBearing, dKm); };
     Sweep(bench, fnPlace, found).Go(0.0, 39900.0);
     EXPECT_GE(found.nSpans, 3990);
     EXPECT_GT(found.nSteps, 0);
@@ -385,9 +384,9 @@ TEST(Steps, AreNamedWithTheAzimuth)
     Found found;
     for (const double dKm : {900.0, 2500.0, 5200.0, 8200.0, 10400.0, 13100.0, 17300.0, 19990.0}) {
         Bench bench(4, 60.0, 9, 12.0);
-        const Circuit tblTx = CircuitOf(47.0, 8.0, 0.0, 0.0);
+        const Circuit tx = CircuitOf(47.0, 8.0, 0.0, 0.0);
         const double dAround = 2.0 * kPi * kEarthKm * std::sin(dKm / kEarthKm);
-        const auto fnPlace = [&](double dArc) { return EndAt(tblTx, 360.0 * dArc / dAround, dKm); };
+        const auto fnPlace = [&](double dArc) { return EndAt(tx, 360.0 * dArc / dAround, dKm); };
         Sweep(bench, fnPlace, found).Go(0.0, dAround);
     }
     Record(found);
@@ -399,8 +398,8 @@ TEST(Steps, AreNamedAcrossTheAntipode)
     Found found;
     for (int i = 0; i < 12; ++i) {
         Bench bench(1 + i, 12.0 * i, 2 * i + 1, 5.0 + 1.5 * i);
-        const Circuit tblTx = CircuitOf(80.0 - 14.0 * i, 29.0 * i - 170.0, 0.0, 0.0);
-        const auto fnPlace = [&](double dKm) { return EndAt(tblTx, 30.0 * i, kAntipodeKm + dKm); };
+        const Circuit tx = CircuitOf(80.0 - 14.0 * i, 29.0 * i - 170.0, 0.0, 0.0);
+        const auto fnPlace = [&](double dKm) { return EndAt(tx, 30.0 * i, kAntipodeKm + dKm); };
         Sweep(bench, fnPlace, found).Go(-300.0, 300.0);
     }
     Record(found);

@@ -82,53 +82,52 @@ double WorstMost(const WayHour& tbl)
     return dMost;
 }
 
-void WaysExpect(const Parts& tblParts, const CircuitRun& run, double dFrequency)
+void WaysExpect(const Parts& parts, const CircuitRun& run, double dFrequency)
 {
-    const Path& tblPath = run.m_tblPath;
+    const Path& path = run.m_tblPath;
     const auto pWork = std::make_unique<PredictionWork>();
     const auto pHour = std::make_unique<Hour>(run.m_tblHour);
-    PredictionRows tblRows;
-    FrequencySet tblSet;
-    FrequencySetFill(tblSet, run.m_tblIonosphere, tblPath.tblCircuit, {&dFrequency, 1});
-    PredictionRowsFill(tblRows, *pWork, *pHour, tblSet);
+    PredictionRows rows;
+    FrequencySet set;
+    FrequencySetFill(set, run.m_tblIonosphere, path.circuit, {&dFrequency, 1});
+    PredictionRowsFill(rows, *pWork, *pHour, set);
     const auto& aWays = pWork->aWays;
-    const std::size_t nRight = tblPath.nBent > 0 ? 1 : 0;
-    const std::size_t nLeft = tblPath.nBent > 0 ? 2 : 0;
-    tblParts.Expect("lambda_deg", tblPath.dBend * 180.0 / kPi);
-    tblParts.Expect("half_km", tblPath.nBent > 0 ? tblPath.aBent[0].tblWay.dKm / 2.0
-                                                 : tblPath.tblWay.dKm / 2.0);
-    tblParts.Expect("gap_db", tblPath.tblLong.dGap);
-    tblParts.Expect("muf_worst_max", WorstMost(run.m_tblHour));
-    tblParts.Expect("fm_mid", run.m_tblHour.tblLong.dUpper);
-    tblParts.Expect("fl_mid", run.m_tblHour.tblLong.dLower);
-    tblParts.Expect("s_mid", aWays[0].aHops[0]);
-    tblParts.Expect("el_mid", aWays[0].aLong[0]);
-    tblParts.Expect("s_right", aWays[nRight].aHops[0]);
-    tblParts.Expect("el_right", aWays[nRight].aLong[0]);
-    tblParts.Expect("s_left", aWays[nLeft].aHops[0]);
-    tblParts.Expect("el_left", aWays[nLeft].aLong[0]);
-    tblParts.Expect("x_mean", tblRows.aFieldLong[0]);
+    const std::size_t nRight = path.nBent > 0 ? 1 : 0;
+    const std::size_t nLeft = path.nBent > 0 ? 2 : 0;
+    parts.Expect("lambda_deg", path.dBend * 180.0 / kPi);
+    parts.Expect("half_km", path.nBent > 0 ? path.aBent[0].way.dKm / 2.0 : path.way.dKm / 2.0);
+    parts.Expect("gap_db", path.longPath.dGap);
+    parts.Expect("muf_worst_max", WorstMost(run.m_tblHour));
+    parts.Expect("fm_mid", run.m_tblHour.longPath.dUpper);
+    parts.Expect("fl_mid", run.m_tblHour.longPath.dLower);
+    parts.Expect("s_mid", aWays[0].aHops[0]);
+    parts.Expect("el_mid", aWays[0].aLong[0]);
+    parts.Expect("s_right", aWays[nRight].aHops[0]);
+    parts.Expect("el_right", aWays[nRight].aLong[0]);
+    parts.Expect("s_left", aWays[nLeft].aHops[0]);
+    parts.Expect("el_left", aWays[nLeft].aLong[0]);
+    parts.Expect("x_mean", rows.aFieldLong[0]);
 }
 
 TEST(LongPathRule, EveryPartAgreesInEveryRow)
 {
     const DataTable tbl(kSecond);
-    Parts tblParts(tbl);
+    Parts parts(tbl);
     const auto pRun = std::make_unique<CircuitRun>(Behaviour::Best, MapSet::Mean);
     int nBent = 0;
     for (std::size_t i = 0; i < tbl.CountGet(); ++i) {
-        tblParts.RowSet(i);
+        parts.RowSet(i);
         const double dFrequency = tbl.NumberGet(i, "freq");
         pRun->Go(tbl.TextGet(i, "id"), tbl.IntegerGet(i, "hour"));
-        const Prediction tblPrediction = pRun->PredictionGet(dFrequency);
-        tblParts.Expect("ig12", pRun->m_tblIonosphere.dActivity);
-        tblParts.Expect("fof2_mid", pRun->m_tblHour.tblMid.dFof2);
-        tblParts.Expect("m3000_mid", pRun->m_tblHour.tblMid.dM3);
-        if (pRun->m_tblPath.tblWay.dKm <= kLongOnly)
-            tblParts.Expect("es", tblPrediction.dFieldShort);
-        EXPECT_EQ(tbl.Empty(i, "x_mean"), pRun->m_tblPath.tblWay.dKm <= kShortOnly);
-        if (pRun->m_tblPath.tblWay.dKm > kShortOnly)
-            WaysExpect(tblParts, *pRun, dFrequency);
+        const Prediction prediction = pRun->PredictionGet(dFrequency);
+        parts.Expect("ig12", pRun->m_tblIonosphere.dActivity);
+        parts.Expect("fof2_mid", pRun->m_tblHour.mid.dFof2);
+        parts.Expect("m3000_mid", pRun->m_tblHour.mid.dM3);
+        if (pRun->m_tblPath.way.dKm <= kLongOnly)
+            parts.Expect("es", prediction.dFieldShort);
+        EXPECT_EQ(tbl.Empty(i, "x_mean"), pRun->m_tblPath.way.dKm <= kShortOnly);
+        if (pRun->m_tblPath.way.dKm > kShortOnly)
+            WaysExpect(parts, *pRun, dFrequency);
         nBent += pRun->m_tblPath.nBent > 0 ? 1 : 0;
     }
     EXPECT_GT(nBent, 150);
@@ -139,32 +138,32 @@ TEST(LongPathRule, GivesTheWorkedRow)
 {
     const auto pRun = std::make_unique<CircuitRun>(Behaviour::Best, MapSet::Mean);
     pRun->Go("D41", 3);
-    const Path& tblPath = pRun->m_tblPath;
-    const Hour& tblHour = pRun->m_tblHour;
-    ASSERT_EQ(tblPath.nBent, 2u);
-    const Place& tblRight = tblPath.aBent[0].tblMid.tblPlace;
-    const Place& tblLeft = tblPath.aBent[1].tblMid.tblPlace;
-    EXPECT_NEAR(tblRight.dLat * kDegrees, -36.5176, 1e-4);
-    EXPECT_NEAR(tblRight.dLon * kDegrees, -131.6699, 1e-4);
-    EXPECT_NEAR(tblLeft.dLat * kDegrees, -24.5355, 1e-4);
-    EXPECT_NEAR(tblLeft.dLon * kDegrees, -121.1781, 1e-4);
-    EXPECT_EQ(tblHour.nOrderF2, 6);
+    const Path& path = pRun->m_tblPath;
+    const Hour& hour = pRun->m_tblHour;
+    ASSERT_EQ(path.nBent, 2u);
+    const Place& right = path.aBent[0].mid.place;
+    const Place& left = path.aBent[1].mid.place;
+    EXPECT_NEAR(right.dLat * kDegrees, -36.5176, 1e-4);
+    EXPECT_NEAR(right.dLon * kDegrees, -131.6699, 1e-4);
+    EXPECT_NEAR(left.dLat * kDegrees, -24.5355, 1e-4);
+    EXPECT_NEAR(left.dLon * kDegrees, -121.1781, 1e-4);
+    EXPECT_EQ(hour.nOrderF2, 6);
     const double aMuf[]{9.033, 8.341, 7.733, 7.211};
     const double aElevation[]{8.208, 11.235, 14.009, 16.595};
     const double aSlant[]{15975.309, 16148.675, 16343.203, 16559.074};
-    ASSERT_EQ(tblHour.nModes, 4);
+    ASSERT_EQ(hour.nModes, 4);
     for (std::size_t i = 0; i < 4; ++i) {
-        EXPECT_EQ(tblHour.aModes[i].nHops, 6 + static_cast<int>(i));
-        EXPECT_NEAR(tblHour.aModes[i].dWorst, aMuf[i], kDigit);
-        EXPECT_NEAR(tblHour.aModes[i].dElevation * kDegrees, aElevation[i], kDigit);
-        EXPECT_NEAR(tblHour.aModes[i].dSlant, aSlant[i], kDigit);
+        EXPECT_EQ(hour.aModes[i].nHops, 6 + static_cast<int>(i));
+        EXPECT_NEAR(hour.aModes[i].dWorst, aMuf[i], kDigit);
+        EXPECT_NEAR(hour.aModes[i].dElevation * kDegrees, aElevation[i], kDigit);
+        EXPECT_NEAR(hour.aModes[i].dSlant, aSlant[i], kDigit);
     }
     const double aBentMuf[]{8.924, 9.214};
     const double aBentSlant[]{16026.509, 16007.629};
     for (std::size_t i = 0; i < 2; ++i) {
-        EXPECT_EQ(tblHour.aBent[i].nOrderF2, 6);
-        EXPECT_NEAR(tblHour.aBent[i].aModes[0].dWorst, aBentMuf[i], kDigit);
-        EXPECT_NEAR(tblHour.aBent[i].aModes[0].dSlant, aBentSlant[i], kDigit);
+        EXPECT_EQ(hour.aBent[i].nOrderF2, 6);
+        EXPECT_NEAR(hour.aBent[i].aModes[0].dWorst, aBentMuf[i], kDigit);
+        EXPECT_NEAR(hour.aBent[i].aModes[0].dSlant, aBentSlant[i], kDigit);
     }
     EXPECT_NEAR(pRun->PredictionGet(9.01).dField, -9.023, kDigit);
 }

@@ -16,19 +16,19 @@ std::unique_ptr<rec533::Ionosphere> IonosphereMake()
     return p;
 }
 
-void PredictionCheck(const rec533::Antenna& tblAntenna, double dRxLat, double dRxLon)
+void PredictionCheck(const rec533::Antenna& antenna, double dRxLat, double dRxLon)
 {
     static const auto pIonosphere = IonosphereMake();
     static const auto pPath = std::make_unique<rec533::Path>();
     static const auto pHour = std::make_unique<rec533::Hour>();
-    rec533::Circuit tblCircuit;
-    tblCircuit.dTxLat = 38.0;
-    tblCircuit.dTxLon = -122.0;
-    tblCircuit.dRxLat = dRxLat;
-    tblCircuit.dRxLon = dRxLon;
-    tblCircuit.pTx = &tblAntenna;
-    tblCircuit.pRx = &tblAntenna;
-    PathFill(*pPath, *pIonosphere, tblCircuit);
+    rec533::Circuit circuit;
+    circuit.dTxLat = 38.0;
+    circuit.dTxLon = -122.0;
+    circuit.dRxLat = dRxLat;
+    circuit.dRxLon = dRxLon;
+    circuit.pTx = &antenna;
+    circuit.pRx = &antenna;
+    PathFill(*pPath, *pIonosphere, circuit);
     HourFill(*pHour, *pPath, 12);
     rec533::Prediction tbl;
     PredictionFill(tbl, *pHour, 10.0);
@@ -45,8 +45,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
         Check(!res.TextGet().empty());
         return 0;
     }
-    for (const double dGain : res.ValueGet().tblAntenna.aGain) Check(std::isfinite(dGain));
-    PredictionCheck(res.ValueGet().tblAntenna, 24.0, -110.0);  // modes
-    PredictionCheck(res.ValueGet().tblAntenna, -34.0, 151.0);  // the long path's rule
+    for (const double dGain : res.ValueGet().antenna.aGain) Check(std::isfinite(dGain));
+    PredictionCheck(res.ValueGet().antenna, 24.0, -110.0);  // modes
+    PredictionCheck(res.ValueGet().antenna, -34.0, 151.0);  // the long path's rule
     return 0;
 }

@@ -107,12 +107,12 @@ TEST(CardPower, IsWhatTheBuiltInEngineReads)
         const auto resPoint =
             run533::PointDeckRead(DeckMake(kEngineRec533, iType, DeckKind::PointToPoint));
         ASSERT_TRUE(resPoint) << resPoint.TextGet();
-        const auto& optPoint = resPoint.ValueGet().tblCommon.tblTxAntenna;
+        const auto& optPoint = resPoint.ValueGet().common.txAntenna;
         EXPECT_NEAR(CardPowerGet(kEngineRec533, iType, DeckKind::PointToPoint),
                     1000.0 * (optPoint ? optPoint->dPowerKw : resPoint.ValueGet().dPowerKw), 1e-6);
         const auto resArea = run533::AreaDeckRead(DeckMake(kEngineRec533, iType, DeckKind::Area));
         ASSERT_TRUE(resArea) << resArea.TextGet();
-        const auto& optArea = resArea.ValueGet().tblCommon.tblTxAntenna;
+        const auto& optArea = resArea.ValueGet().common.txAntenna;
         EXPECT_NEAR(CardPowerGet(kEngineRec533, iType, DeckKind::Area),
                     1000.0 * (optArea ? optArea->dPowerKw : run533::kPowerWithoutAntenna), 1e-6);
     }

@@ -38,7 +38,7 @@ Result<run533::PointDeck> DeckRead(const Request& request, const std::vector<int
                                    Failure& failure)
 {
     const int nYear = request.nYear != 0 ? request.nYear : LocalNow().nYear;
-    run533::PointDeck tblDeck;
+    run533::PointDeck deck;
     Request requestChunk = request;
     for (std::size_t iFirst = 0; iFirst < aiFrequency.size(); iFirst += kChunkMax) {
         const std::size_t nCount =
@@ -57,13 +57,13 @@ Result<run533::PointDeck> DeckRead(const Request& request, const std::vector<int
             failure = FailureMake(FailureKind::BadInput, kPointNotFinished, resDeck.TextGet());
             return resDeck.ErrorGet();
         }
-        std::vector<double> aFrequencies = std::move(tblDeck.aFrequencies);
+        std::vector<double> aFrequencies = std::move(deck.aFrequencies);
         const std::vector<double>& aChunk = resDeck.ValueGet().aFrequencies;
         aFrequencies.insert(aFrequencies.end(), aChunk.begin(), aChunk.end());
-        tblDeck = std::move(resDeck.ValueGet());
-        tblDeck.aFrequencies = std::move(aFrequencies);
+        deck = std::move(resDeck.ValueGet());
+        deck.aFrequencies = std::move(aFrequencies);
     }
-    return tblDeck;
+    return deck;
 }
 
 Result<run533::AreaDeck> AreaRead(const AreaRequest& request, Failure& failure)
@@ -193,15 +193,15 @@ Prediction BuiltInEngine::Predict(const Request& request, const std::stop_token&
     const auto resDeck = DeckRead(request, aiFrequency, failure);
     if (!resDeck)
         return Fail(std::move(failure));
-    const run533::DeckCommon& tblCommon = resDeck.ValueGet().tblCommon;
+    const run533::DeckCommon& common = resDeck.ValueGet().common;
     const auto resParts =
-        run533::RunPartsMake(tblCommon, m_sRoot, kBehaviour, m_pShared->IonosphereGet(tblCommon));
+        run533::RunPartsMake(common, m_sRoot, kBehaviour, m_pShared->IonosphereGet(common));
     if (!resParts)
         return Fail(FailureMake(FailureKind::BadInput, kPointNotFinished, resParts.TextGet()));
     Shared::Work work(*m_pShared);
-    run533::PointDay tblDay;
-    PointDayFill(tblDay, resDeck.ValueGet(), resParts.ValueGet(), work.Get());
-    BuiltInTableFill(tblDay, aiFrequency, prediction.table);
+    run533::PointDay dayOfPath;
+    PointDayFill(dayOfPath, resDeck.ValueGet(), resParts.ValueGet(), work.Get());
+    BuiltInTableFill(dayOfPath, aiFrequency, prediction.table);
     prediction.bOk = true;
     return prediction;
 }
@@ -209,11 +209,11 @@ Prediction BuiltInEngine::Predict(const Request& request, const std::stop_token&
 /// The rows of an area's day.
 class AreaRowsWork final : public AreaDayWork {
 public:
-    AreaRowsWork(run533::AreaDeck tblDeck, run533::RunParts tblParts,
+    AreaRowsWork(run533::AreaDeck deck, run533::RunParts parts,
                  const std::vector<double>& aMegahertz, double dPowerShift)
-        : m_tblDeck(std::move(tblDeck)),
-          m_tblParts(std::move(tblParts)),
-          m_tblCircuit(CircuitMake(m_tblDeck.tblCommon, m_tblParts, run533::kPowerWithoutAntenna)),
+        : m_tblDeck(std::move(deck)),
+          m_tblParts(std::move(parts)),
+          m_tblCircuit(CircuitMake(m_tblDeck.common, m_tblParts, run533::kPowerWithoutAntenna)),
           m_tblFrequencies(*m_tblParts.pIonosphere, m_tblCircuit, aMegahertz),
           m_dPowerShift(dPowerShift)
     {
@@ -230,18 +230,18 @@ public:
         std::array<rec533::DayHour, 24> aHours;
         const std::size_t nFrequencies = m_tblFrequencies.CountGet();
         aCells.resize(aHours.size() * nFrequencies);
-        rec533::Circuit tblCircuit = m_tblCircuit;
+        rec533::Circuit circuit = m_tblCircuit;
         for (std::size_t i = 0; i < PiecesGet(); ++i) {
             if (stop.stop_requested())
                 return FailureMake(FailureKind::Cancelled, kAreaNotFinished);
-            const run533::GridPlace tblPlace =
+            const run533::GridPlace gridPlace =
                 GridPlaceGet(m_tblDeck, static_cast<int>(iPiece), static_cast<int>(i));
-            tblCircuit.dRxLat = tblPlace.dLat;
-            tblCircuit.dRxLon = tblPlace.dLonOfPath;
-            PredictDay(work, *m_tblParts.pIonosphere, m_tblFrequencies, tblCircuit,
+            circuit.dRxLat = gridPlace.dLat;
+            circuit.dRxLon = gridPlace.dLonOfPath;
+            PredictDay(work, *m_tblParts.pIonosphere, m_tblFrequencies, circuit,
                        rec533::DayParts::Cells, aHours, aCells);
             const std::size_t iPoint = iPiece * PiecesGet() + i;
-            day.aPlaces[iPoint] = PlaceOfGrid(tblPlace);
+            day.aPlaces[iPoint] = PlaceOfGrid(gridPlace);
             for (int iHour = 0; iHour < kHourCount; ++iHour)
                 for (std::size_t j = 0; j < nFrequencies; ++j)
                     day.SnrGet(iPoint, iHour, j) = SnrOfGrid(
@@ -266,7 +266,7 @@ std::unique_ptr<AreaDayWork> BuiltInEngine::AreaDayPrepare(const AreaDayRequest&
     Failure failureDeck;
     std::vector<double> aMegahertz;
     AreaRequest area = request.area;
-    std::optional<run533::AreaDeck> tblDeck;
+    std::optional<run533::AreaDeck> deck;
     for (const float fKhz : request.afFrequency) {  // each as its deck rounds it
         area.fFrequency = fKhz / kKhzPerMhz;
         auto resDeck = AreaRead(area, failureDeck);
@@ -275,19 +275,19 @@ std::unique_ptr<AreaDayWork> BuiltInEngine::AreaDayPrepare(const AreaDayRequest&
             return nullptr;
         }
         aMegahertz.push_back(resDeck.ValueGet().dFrequency);
-        tblDeck = std::move(resDeck.ValueGet());
+        deck = std::move(resDeck.ValueGet());
     }
-    if (!tblDeck) {
+    if (!deck) {
         failure = FailureMake(FailureKind::BadInput, kAreaOutput + std::string(kInvalidCall));
         return nullptr;
     }
-    auto resParts = run533::RunPartsMake(tblDeck->tblCommon, m_sRoot, kBehaviour,
-                                         m_pShared->IonosphereGet(tblDeck->tblCommon));
+    auto resParts = run533::RunPartsMake(deck->common, m_sRoot, kBehaviour,
+                                         m_pShared->IonosphereGet(deck->common));
     if (!resParts) {
         failure = FailureMake(FailureKind::BadInput, kAreaNotFinished, resParts.TextGet());
         return nullptr;
     }
-    return std::make_unique<AreaRowsWork>(std::move(*tblDeck), std::move(resParts.ValueGet()),
+    return std::make_unique<AreaRowsWork>(std::move(*deck), std::move(resParts.ValueGet()),
                                           aMegahertz, PowerShiftGet(area));
 }
 
@@ -304,39 +304,37 @@ AreaPrediction BuiltInEngine::PredictArea(const AreaRequest& request,
         prediction.aFailures.push_back(std::move(failure));
         return prediction;
     }
-    const run533::AreaDeck& tblDeck = resDeck.ValueGet();
-    const auto resParts = run533::RunPartsMake(tblDeck.tblCommon, m_sRoot, kBehaviour,
-                                               m_pShared->IonosphereGet(tblDeck.tblCommon));
+    const run533::AreaDeck& deck = resDeck.ValueGet();
+    const auto resParts = run533::RunPartsMake(deck.common, m_sRoot, kBehaviour,
+                                               m_pShared->IonosphereGet(deck.common));
     if (!resParts) {
         prediction.aFailures.push_back(
             FailureMake(FailureKind::BadInput, kAreaNotFinished, resParts.TextGet()));
         return prediction;
     }
-    const run533::RunParts& tblParts = resParts.ValueGet();
-    rec533::Circuit tblCircuit =
-        CircuitMake(tblDeck.tblCommon, tblParts, run533::kPowerWithoutAntenna);
-    const rec533::Frequencies tblFrequencies(*tblParts.pIonosphere, tblCircuit,
-                                             {&tblDeck.dFrequency, 1});
+    const run533::RunParts& parts = resParts.ValueGet();
+    rec533::Circuit circuit = CircuitMake(deck.common, parts, run533::kPowerWithoutAntenna);
+    const rec533::Frequencies frequencies(*parts.pIonosphere, circuit, {&deck.dFrequency, 1});
     const double dPowerShift = PowerShiftGet(request);
     Shared::Work work(*m_pShared);
-    rec533::DayHour tblHour;
-    rec533::Prediction tblPrediction;
-    for (int iRow = 0; iRow < tblDeck.nGrid; ++iRow)
-        for (int iColumn = 0; iColumn < tblDeck.nGrid; ++iColumn) {
+    rec533::DayHour hour;
+    rec533::Prediction predicted;
+    for (int iRow = 0; iRow < deck.nGrid; ++iRow)
+        for (int iColumn = 0; iColumn < deck.nGrid; ++iColumn) {
             if (stop.stop_requested()) {
                 prediction.aPoints.clear();
                 prediction.aFailures.push_back(
                     FailureMake(FailureKind::Cancelled, kAreaNotFinished));
                 return prediction;
             }
-            const run533::GridPlace tblPlace = GridPlaceGet(tblDeck, iRow, iColumn);
-            tblCircuit.dRxLat = tblPlace.dLat;
-            tblCircuit.dRxLon = tblPlace.dLonOfPath;
-            PredictHour(work.Get(), *tblParts.pIonosphere, tblFrequencies, tblCircuit,
-                        tblDeck.nHour, tblHour, {&tblPrediction, 1});
-            const AreaDay::Place place = PlaceOfGrid(tblPlace);
+            const run533::GridPlace gridPlace = GridPlaceGet(deck, iRow, iColumn);
+            circuit.dRxLat = gridPlace.dLat;
+            circuit.dRxLon = gridPlace.dLonOfPath;
+            PredictHour(work.Get(), *parts.pIonosphere, frequencies, circuit, deck.nHour, hour,
+                        {&predicted, 1});
+            const AreaDay::Place place = PlaceOfGrid(gridPlace);
             prediction.aPoints.push_back(
-                {place.dLat, place.dLon, SnrOfGrid(tblPrediction, dPowerShift)});
+                {place.dLat, place.dLon, SnrOfGrid(predicted, dPowerShift)});
         }
     prediction.bOk = true;
     return prediction;

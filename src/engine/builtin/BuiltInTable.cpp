@@ -67,28 +67,28 @@ void CellFill(PropagationTable& table, int iHour, int j, const rec533::Predictio
     table.fSnrMedian(iHour, j) = static_cast<float>(pCell->dSnr);
 }
 
-void PathFill(const run533::PointDay& tblDay, PropagationTable& table)
+void PathFill(const run533::PointDay& day, PropagationTable& table)
 {
-    table.fAzimuthTxRc = static_cast<float>(run533::FieldValueGet(tblDay.dTxAzimuth, 10, 2));
-    table.fAzimuthRcTx = static_cast<float>(run533::FieldValueGet(tblDay.dRxAzimuth, 8, 2));
-    table.fRange = static_cast<float>(run533::FieldValueGet(tblDay.tblWay.dKm / kKmPerMile, 10, 1));
+    table.fAzimuthTxRc = static_cast<float>(run533::FieldValueGet(day.dTxAzimuth, 10, 2));
+    table.fAzimuthRcTx = static_cast<float>(run533::FieldValueGet(day.dRxAzimuth, 8, 2));
+    table.fRange = static_cast<float>(run533::FieldValueGet(day.way.dKm / kKmPerMile, 10, 1));
 }
 
 }  // namespace
 
-void BuiltInTableFill(const run533::PointDay& tblDay, const std::vector<int>& aiFrequency,
+void BuiltInTableFill(const run533::PointDay& day, const std::vector<int>& aiFrequency,
                       PropagationTable& table)
 {
-    PathFill(tblDay, table);
+    PathFill(day, table);
     std::size_t iCell = 0;
     for (int iHour = 1; iHour <= kHourCount; ++iHour) {  // the page begins with 24 UT
-        const rec533::DayHour& tblHour = tblDay.aHours[static_cast<std::size_t>(iHour - 1)];
-        table.fMUF[iHour] = KilohertzGet(tblHour.dMuf);
-        table.fLUF[iHour] = KilohertzGet(tblHour.dLuf);
-        table.fFOT[iHour] = KilohertzGet(tblHour.dFot);
+        const rec533::DayHour& hour = day.aHours[static_cast<std::size_t>(iHour - 1)];
+        table.fMUF[iHour] = KilohertzGet(hour.dMuf);
+        table.fLUF[iHour] = KilohertzGet(hour.dLuf);
+        table.fFOT[iHour] = KilohertzGet(hour.dFot);
         for (std::size_t n = 0; n < aiFrequency.size(); ++n)
             CellFill(table, iHour, aiFrequency[n],
-                     tblDay.abUsable[n] ? &tblDay.aCells[iCell++] : nullptr);
+                     day.abUsable[n] ? &day.aCells[iCell++] : nullptr);
     }
     for (const int i : aiFrequency) {
         PowerShiftTable(table.request, i, i, table);

@@ -11,5 +11,5 @@
 
 /// @param aiFrequency  the table's indices of the day's frequencies, in their order
 /// @param table        with its request; the frequencies become present
-void BuiltInTableFill(const run533::PointDay& tblDay, const std::vector<int>& aiFrequency,
+void BuiltInTableFill(const run533::PointDay& day, const std::vector<int>& aiFrequency,
                       PropagationTable& table);

@@ -104,9 +104,9 @@ struct PlaceLanes {
 };
 
 template <class V>
-HOPCAST_INLINE V NoonFactorGet(const CrossingMonth& tbl, const PlaceLanes<V>& tblPlace)
+HOPCAST_INLINE V NoonFactorGet(const CrossingMonth& tbl, const PlaceLanes<V>& place)
 {
-    const V vLat = ArcTanGet<V>(LaneAbs(tblPlace.tSinLat) / tblPlace.tCosLat);
+    const V vLat = ArcTanGet<V>(LaneAbs(place.tSinLat) / place.tCosLat);
     const V vStep = LaneMin<V>(vLat * kDegrees, LaneAll<V>(69.99)) / 2.5;
     V vLow, vHigh, vPart;
     for (int i = 0; i < kLanes<V>; ++i) {
@@ -119,12 +119,11 @@ HOPCAST_INLINE V NoonFactorGet(const CrossingMonth& tbl, const PlaceLanes<V>& tb
 }
 
 template <class V>
-HOPCAST_INLINE V ExponentGet(const CrossingMonth& tbl, const PlaceLanes<V>& tblPlace,
-                             const V& vTanDip)
+HOPCAST_INLINE V ExponentGet(const CrossingMonth& tbl, const PlaceLanes<V>& place, const V& vTanDip)
 {
-    const V vModified = ArcTanGet<V>(ArcTanGet<V>(LaneAbs(vTanDip)) / LaneSqrt(tblPlace.tCosLat));
+    const V vModified = ArcTanGet<V>(ArcTanGet<V>(LaneAbs(vTanDip)) / LaneSqrt(place.tCosLat));
     const V vX = LaneMin<V>(vModified * kDegrees, LaneAll<V>(kDipMost));
-    const auto maskSouth = tblPlace.tSinLat < 0.0;
+    const auto maskSouth = place.tSinLat < 0.0;
     const V vBoundary =
         LaneSelect(maskSouth, LaneAll<V>(tbl.aBoundary[1]), LaneAll<V>(tbl.aBoundary[0]));
     const auto maskLow = vX <= vBoundary;
@@ -163,20 +162,19 @@ HOPCAST_INLINE V DiurnalLogGet(const V& vCosChi, const V& vExponent)
 // The cosine of the sun's zenith angle at the places' own noon. The declination moves too slowly
 // for the noon's exact minute to matter.
 template <class V>
-HOPCAST_INLINE V NoonCosGet(const SunDay& tblDay, const SunHour& tblSun,
-                            const PlaceLanes<V>& tblPlace)
+HOPCAST_INLINE V NoonCosGet(const SunDay& day, const SunHour& sun, const PlaceLanes<V>& place)
 {
     V vSinDecl, vCosDecl;
-    SunDeclinationAtNoonGet(tblDay, tblSun, tblPlace.tSinLon, tblPlace.tCosLon, vSinDecl, vCosDecl);
-    return tblPlace.tSinLat * vSinDecl + tblPlace.tCosLat * vCosDecl;
+    SunDeclinationAtNoonGet(day, sun, place.tSinLon, place.tCosLon, vSinDecl, vCosDecl);
+    return place.tSinLat * vSinDecl + place.tCosLat * vCosDecl;
 }
 
 template <class V>
-HOPCAST_INLINE void CrossingLanesGet(const AbsorptionHour& tblHour, const CrossingMonth& tblMonth,
-                                     const Arc& tblArc, const FieldTrack& tblField, const V& vCos,
+HOPCAST_INLINE void CrossingLanesGet(const AbsorptionHour& hour, const CrossingMonth& month,
+                                     const Arc& arc, const FieldTrack& field, const V& vCos,
                                      const V& vSin, V& vFoe, V& vWeight)
 {
-    const auto& [aStart, aAhead] = tblArc;
+    const auto& [aStart, aAhead] = arc;
     const V vX = aStart[0] * vCos + aAhead[0] * vSin;
     const V vY = aStart[1] * vCos + aAhead[1] * vSin;
     PlaceLanes<V> tbl;
@@ -184,13 +182,13 @@ HOPCAST_INLINE void CrossingLanesGet(const AbsorptionHour& tblHour, const Crossi
     tbl.tCosLat = LaneMax<V>(LaneSqrt<V>(vX * vX + vY * vY), LaneAll<V>(1e-9));
     tbl.tCosLon = vX / tbl.tCosLat;
     tbl.tSinLon = vY / tbl.tCosLat;
-    const SunHour& tblSun = *tblHour.tblFoe.pSun;
+    const SunHour& sun = *hour.foe.pSun;
     const V vCosChi =
-        SunZenithCosLanesGet<V>(tblSun, tbl.tSinLat, tbl.tCosLat, tbl.tSinLon, tbl.tCosLon);
-    const V vCosNoon = NoonCosGet(tblHour.pIonosphere->tblSun, tblSun, tbl);
-    const V vExponent = ExponentGet(tblMonth, tbl, FieldTrackDipTanGet(tblField, vCos, vSin));
-    vFoe = FoeLanesGet(tblHour.tblFoe, tbl.tSinLat, tbl.tCosLat, tbl.tSinLon, tbl.tCosLon, vCosChi);
-    vWeight = NoonFactorGet(tblMonth, tbl)
+        SunZenithCosLanesGet<V>(sun, tbl.tSinLat, tbl.tCosLat, tbl.tSinLon, tbl.tCosLon);
+    const V vCosNoon = NoonCosGet(hour.pIonosphere->sun, sun, tbl);
+    const V vExponent = ExponentGet(month, tbl, FieldTrackDipTanGet(field, vCos, vSin));
+    vFoe = FoeLanesGet(hour.foe, tbl.tSinLat, tbl.tCosLat, tbl.tSinLon, tbl.tCosLon, vCosChi);
+    vWeight = NoonFactorGet(month, tbl)
               * LaneExp<V>(DiurnalLogGet(vCosChi, vExponent) - DiurnalLogGet(vCosNoon, vExponent));
 }
 
@@ -238,32 +236,32 @@ struct CrossingsOfArc {
 };
 
 template <class V>
-HOPCAST_INLINE void CrossingsOfArcFill(const AbsorptionHour& tblHour, const CrossingsOfArc& tbl)
+HOPCAST_INLINE void CrossingsOfArcFill(const AbsorptionHour& hour, const CrossingsOfArc& tbl)
 {
     constexpr std::size_t kCount = kLanes<V>;
-    const CrossingMonth tblMonth = CrossingMonthGet(tblHour.pIonosphere->nMonth);
+    const CrossingMonth month = CrossingMonthGet(hour.pIonosphere->nMonth);
     for (std::size_t i = 0; i < tbl.nCount; i += kCount) {
         V vFoe, vWeight;
-        CrossingLanesGet<V>(tblHour, tblMonth, *tbl.pArc, *tbl.pField, LaneLoad<V>(tbl.pCos + i),
+        CrossingLanesGet<V>(hour, month, *tbl.pArc, *tbl.pField, LaneLoad<V>(tbl.pCos + i),
                             LaneLoad<V>(tbl.pSin + i), vFoe, vWeight);
         for (std::size_t k = 0; k < std::min(kCount, tbl.nCount - i); ++k)
             tbl.pCrossings[i + k] = {vFoe[k], vWeight[k]};
     }
 }
 
-HOPCAST_WIDE void CrossingsWideFill(const AbsorptionHour& tblHour, const CrossingsOfArc& tbl)
+HOPCAST_WIDE void CrossingsWideFill(const AbsorptionHour& hour, const CrossingsOfArc& tbl)
 {
-    CrossingsOfArcFill<Lanes4>(tblHour, tbl);
+    CrossingsOfArcFill<Lanes4>(hour, tbl);
 }
 
 }  // namespace
 
-CrossingTrack CrossingTrackMake(const Way& tblWay)
+CrossingTrack CrossingTrackMake(const Way& way)
 {
-    CrossingTrack tbl{tblWay, {}};
-    tbl.aFields[0] = FieldTrackMake(tblWay.aArcs[0]);
-    if (tblWay.bBent)
-        tbl.aFields[1] = FieldTrackMake(tblWay.aArcs[1]);
+    CrossingTrack tbl{way, {}};
+    tbl.aFields[0] = FieldTrackMake(way.aArcs[0]);
+    if (way.bBent)
+        tbl.aFields[1] = FieldTrackMake(way.aArcs[1]);
     return tbl;
 }
 
@@ -272,23 +270,23 @@ double CrossingKmGet(double dElevation)
     return kEarthKm * (kPi / 2.0 - dElevation - IncidenceGet(dElevation, kHeightAbsorption));
 }
 
-void CrossingsFill(const AbsorptionHour& tblHour, const CrossingTrack& tblTrack, int nHops,
+void CrossingsFill(const AbsorptionHour& hour, const CrossingTrack& track, int nHops,
                    double dElevation, Crossing* pCrossings)
 {
-    const Way& tblWay = tblTrack.tblWay;
-    CrossingAngles tblAngles;
-    CrossingAnglesFill(tblAngles, tblWay.dAngle / nHops, nHops, dElevation);
+    const Way& way = track.way;
+    CrossingAngles angles;
+    CrossingAnglesFill(angles, way.dAngle / nHops, nHops, dElevation);
     // Rays meet 90 km before the middle of their hops, so a bent way has half of them on each arc.
     const auto nHalf = static_cast<std::size_t>(nHops);
-    for (std::size_t nArc = 0; nArc < (tblWay.bBent ? 2 : 1); ++nArc) {
+    for (std::size_t nArc = 0; nArc < (way.bBent ? 2 : 1); ++nArc) {
         const std::size_t nFirst = nArc * nHalf;
         const CrossingsOfArc tbl{
-            &tblWay.aArcs[nArc],     &tblTrack.aFields[nArc],          &tblAngles.aCos[nFirst],
-            &tblAngles.aSin[nFirst], tblWay.bBent ? nHalf : 2 * nHalf, pCrossings + nFirst};
+            &way.aArcs[nArc],     &track.aFields[nArc],          &angles.aCos[nFirst],
+            &angles.aSin[nFirst], way.bBent ? nHalf : 2 * nHalf, pCrossings + nFirst};
         if (LanesWideIs())
-            CrossingsWideFill(tblHour, tbl);
+            CrossingsWideFill(hour, tbl);
         else
-            CrossingsOfArcFill<Lanes2>(tblHour, tbl);
+            CrossingsOfArcFill<Lanes2>(hour, tbl);
     }
 }
 

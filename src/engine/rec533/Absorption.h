@@ -28,21 +28,21 @@ inline constexpr int kCrossingsOfMode = 2 * 17 + 6;
 /// The month and hour for crossings.
 struct AbsorptionHour {
     const Ionosphere* pIonosphere = nullptr;
-    FoeHour tblFoe;
+    FoeHour foe;
 };
 
 /// A path as its crossings need it.
 struct CrossingTrack {
-    Way tblWay;
+    Way way;
     std::array<FieldTrack, 2> aFields;  ///< along the way's arcs
 };
-[[nodiscard]] CrossingTrack CrossingTrackMake(const Way& tblWay);
+[[nodiscard]] CrossingTrack CrossingTrackMake(const Way& way);
 
 /// From a hop's start to its first crossing, and from its end back to the second, km.
 [[nodiscard]] double CrossingKmGet(double dElevation);
 
 /// Fills the 2 n crossings of nHops hops in the order of the path.
-void CrossingsFill(const AbsorptionHour& tblHour, const CrossingTrack& tblTrack, int nHops,
+void CrossingsFill(const AbsorptionHour& hour, const CrossingTrack& track, int nHops,
                    double dElevation, Crossing* pCrossings);
 
 /// Sum of the absorption factors of crossings at vertical frequencies fv = f cos i(110).

@@ -6,56 +6,53 @@
 
 namespace rec533 {
 
-Frequencies::Frequencies(const Ionosphere& tblIonosphere, const Circuit& tblCircuit,
+Frequencies::Frequencies(const Ionosphere& ionosphere, const Circuit& circuit,
                          std::span<const double> aMegahertz)
     : m_nCount(aMegahertz.size()),
       m_aSets((aMegahertz.size() + kFrequenciesInSet - 1) / kFrequenciesInSet)
 {
     for (FrequencySet& tbl : m_aSets) {
         const std::size_t nCount = std::min(aMegahertz.size(), kFrequenciesInSet);
-        FrequencySetFill(tbl, tblIonosphere, tblCircuit, aMegahertz.first(nCount));
+        FrequencySetFill(tbl, ionosphere, circuit, aMegahertz.first(nCount));
         aMegahertz = aMegahertz.subspan(nCount);
     }
 }
 
 struct DayWork::Parts {
-    Path tblPath;
-    Hour tblHour;
-    PredictionRows tblRows;
-    PredictionWork tblWork;
+    Path path;
+    Hour hour;
+    PredictionRows rows;
+    PredictionWork work;
 };
 
 DayWork::DayWork() : m_pParts(std::make_unique<Parts>()) {}
 DayWork::~DayWork() = default;
 DayWork::DayWork(DayWork&&) noexcept = default;
 DayWork& DayWork::operator=(DayWork&&) noexcept = default;
-DayPath DayWork::PathGet() const
-{
-    return {m_pParts->tblPath.tblWay, m_pParts->tblPath.tblCircuit};
-}
+DayPath DayWork::PathGet() const { return {m_pParts->path.way, m_pParts->path.circuit}; }
 
 namespace {
 
-void CellsFill(PredictionRows& tblRows, PredictionWork& tblWork, Hour& tblHour,
-               const Frequencies& tblFrequencies, std::span<Prediction> aCells)
+void CellsFill(PredictionRows& rows, PredictionWork& work, Hour& hour,
+               const Frequencies& frequencies, std::span<Prediction> aCells)
 {
     std::size_t nCell = 0;
-    for (const FrequencySet& tblSet : tblFrequencies.SetsGet()) {
-        PredictionRowsFill(tblRows, tblWork, tblHour, tblSet);
-        for (std::size_t i = 0; i < tblSet.nCount; ++i)
-            aCells[nCell++] = PredictionOfRows(tblRows, tblHour, i);
+    for (const FrequencySet& set : frequencies.SetsGet()) {
+        PredictionRowsFill(rows, work, hour, set);
+        for (std::size_t i = 0; i < set.nCount; ++i)
+            aCells[nCell++] = PredictionOfRows(rows, hour, i);
     }
 }
 
-DayHour DayHourGet(const Hour& tblHour)
+DayHour DayHourGet(const Hour& hour)
 {
     DayHour tbl;
-    tbl.dMuf = tblHour.dMuf;
-    tbl.dMuf10 = tblHour.dMuf10;
-    tbl.dMuf90 = tblHour.dMuf90;
-    tbl.dOperational = tblHour.dOperational;
-    tbl.dOperational10 = tblHour.dOperational10;
-    tbl.dFot = tblHour.dOperational90;
+    tbl.dMuf = hour.dMuf;
+    tbl.dMuf10 = hour.dMuf10;
+    tbl.dMuf90 = hour.dMuf90;
+    tbl.dOperational = hour.dOperational;
+    tbl.dOperational10 = hour.dOperational10;
+    tbl.dFot = hour.dOperational90;
     return tbl;
 }
 
@@ -63,38 +60,36 @@ int LabelOf(int nHour) { return nHour % 24 == 0 ? 24 : nHour; }
 
 }  // namespace
 
-void PredictDay(DayWork& tblWork, const Ionosphere& tblIonosphere,
-                const Frequencies& tblFrequencies, const Circuit& tblCircuit, DayParts eParts,
-                std::span<DayHour, 24> aHours, std::span<Prediction> aCells)
+void PredictDay(DayWork& work, const Ionosphere& ionosphere, const Frequencies& frequencies,
+                const Circuit& circuit, DayParts eParts, std::span<DayHour, 24> aHours,
+                std::span<Prediction> aCells)
 {
-    const std::size_t nCount = tblFrequencies.CountGet();
+    const std::size_t nCount = frequencies.CountGet();
     assert(aCells.size() == aHours.size() * nCount);
-    DayWork::Parts& tbl = *tblWork.m_pParts;
-    PathFill(tbl.tblPath, tblIonosphere, tblCircuit);
+    DayWork::Parts& tbl = *work.m_pParts;
+    PathFill(tbl.path, ionosphere, circuit);
     for (std::size_t i = 0; i < aHours.size(); ++i) {
-        HourFill(tbl.tblHour, tbl.tblPath, LabelOf(static_cast<int>(i)));
-        CellsFill(tbl.tblRows, tbl.tblWork, tbl.tblHour, tblFrequencies,
-                  aCells.subspan(i * nCount, nCount));
-        aHours[i] = DayHourGet(tbl.tblHour);
+        HourFill(tbl.hour, tbl.path, LabelOf(static_cast<int>(i)));
+        CellsFill(tbl.rows, tbl.work, tbl.hour, frequencies, aCells.subspan(i * nCount, nCount));
+        aHours[i] = DayHourGet(tbl.hour);
         if (eParts != DayParts::Page)
             continue;
-        aHours[i].bAtMuf = FrequencyUsable(tbl.tblHour.dMuf);
+        aHours[i].bAtMuf = FrequencyUsable(tbl.hour.dMuf);
         if (aHours[i].bAtMuf)
-            PredictionFill(aHours[i].tblAtMuf, tbl.tblHour, tbl.tblHour.dMuf);
-        aHours[i].dLuf = LufGet(tbl.tblHour, tbl.tblWork);
+            PredictionFill(aHours[i].atMuf, tbl.hour, tbl.hour.dMuf);
+        aHours[i].dLuf = LufGet(tbl.hour, tbl.work);
     }
 }
 
-void PredictHour(DayWork& tblWork, const Ionosphere& tblIonosphere,
-                 const Frequencies& tblFrequencies, const Circuit& tblCircuit, int nHour,
-                 DayHour& tblHour, std::span<Prediction> aCells)
+void PredictHour(DayWork& work, const Ionosphere& ionosphere, const Frequencies& frequencies,
+                 const Circuit& circuit, int nHour, DayHour& hour, std::span<Prediction> aCells)
 {
-    assert(aCells.size() == tblFrequencies.CountGet());
-    DayWork::Parts& tbl = *tblWork.m_pParts;
-    PathFill(tbl.tblPath, tblIonosphere, tblCircuit, LabelOf(nHour));
-    HourFill(tbl.tblHour, tbl.tblPath, LabelOf(nHour));
-    CellsFill(tbl.tblRows, tbl.tblWork, tbl.tblHour, tblFrequencies, aCells);
-    tblHour = DayHourGet(tbl.tblHour);
+    assert(aCells.size() == frequencies.CountGet());
+    DayWork::Parts& tbl = *work.m_pParts;
+    PathFill(tbl.path, ionosphere, circuit, LabelOf(nHour));
+    HourFill(tbl.hour, tbl.path, LabelOf(nHour));
+    CellsFill(tbl.rows, tbl.work, tbl.hour, frequencies, aCells);
+    hour = DayHourGet(tbl.hour);
 }
 
 }  // namespace rec533

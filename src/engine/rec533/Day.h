@@ -21,7 +21,7 @@ namespace rec533 {
 /// The frequencies of a request, with the noise that goes with the circuit's category or level.
 class Frequencies {
 public:
-    Frequencies(const Ionosphere& tblIonosphere, const Circuit& tblCircuit,
+    Frequencies(const Ionosphere& ionosphere, const Circuit& circuit,
                 std::span<const double> aMegahertz);
     [[nodiscard]] std::size_t CountGet() const { return m_nCount; }
     [[nodiscard]] std::span<const FrequencySet> SetsGet() const { return m_aSets; }
@@ -39,13 +39,13 @@ struct DayHour {
     // With DayParts::Page:
     double dLuf = 0.0;
     bool bAtMuf = false;  ///< the MUF is a frequency that the method takes
-    Prediction tblAtMuf;
+    Prediction atMuf;
 };
 
 /// The great circle of a path, and its circuit as limited to the method's ranges.
 struct DayPath {
-    Way tblWay;
-    Circuit tblCircuit;
+    Way way;
+    Circuit circuit;
 };
 
 /// What is wanted.
@@ -76,13 +76,12 @@ private:
 
 /// A circuit's day. aHours: 0 to 23 UTC. aCells: [hour][frequency], 24 times the frequencies.
 /// The circuit's noise is that of the frequencies.
-void PredictDay(DayWork& tblWork, const Ionosphere& tblIonosphere,
-                const Frequencies& tblFrequencies, const Circuit& tblCircuit, DayParts eParts,
-                std::span<DayHour, 24> aHours, std::span<Prediction> aCells);
+void PredictDay(DayWork& work, const Ionosphere& ionosphere, const Frequencies& frequencies,
+                const Circuit& circuit, DayParts eParts, std::span<DayHour, 24> aHours,
+                std::span<Prediction> aCells);
 
 /// One hour of it, 0 to 23 UTC (24 counts as 0), without the page's parts.
-void PredictHour(DayWork& tblWork, const Ionosphere& tblIonosphere,
-                 const Frequencies& tblFrequencies, const Circuit& tblCircuit, int nHour,
-                 DayHour& tblHour, std::span<Prediction> aCells);
+void PredictHour(DayWork& work, const Ionosphere& ionosphere, const Frequencies& frequencies,
+                 const Circuit& circuit, int nHour, DayHour& hour, std::span<Prediction> aCells);
 
 }  // namespace rec533

@@ -23,17 +23,17 @@ struct FoeHour {
 [[nodiscard]] FoeHour FoeHourGet(const Ionosphere& tbl, int nLabel);
 
 /// foE, MHz. dCosChi: cosine of the sun's zenith angle at the place.
-[[nodiscard]] double FoeGet(const FoeHour& tblHour, const Place& tblPlace, double dCosChi);
+[[nodiscard]] double FoeGet(const FoeHour& hour, const Place& place, double dCosChi);
 
 /// Logarithm of the diurnal factor where the sun stands below 73 degrees of zenith angle; any lower
 /// number where the factor is below the floor of foE anyway.
 /// dPower: p of the method. dLogFloor: logarithm of the factor at that floor.
-[[nodiscard]] double FoeDarkLogGet(const FoeHour& tblHour, const Place& tblPlace, double dCosChi,
+[[nodiscard]] double FoeDarkLogGet(const FoeHour& hour, const Place& place, double dCosChi,
                                    double dPower, double dLogFloor);
 
 /// The same as FoeGet for several places at once, from the sines and cosines of their angles.
 template <class V>
-HOPCAST_INLINE V FoeLanesGet(const FoeHour& tblHour, const V& vSinLat, const V& vCosLat,
+HOPCAST_INLINE V FoeLanesGet(const FoeHour& hour, const V& vSinLat, const V& vCosLat,
                              const V& vSinLon, const V& vCosLon, const V& vCosChi)
 {
     constexpr double kCos73 = 0.29237170472273677;
@@ -45,29 +45,29 @@ HOPCAST_INLINE V FoeLanesGet(const FoeHour& tblHour, const V& vSinLat, const V& 
     const V vM = LaneSelect(maskLow, -1.93 + 1.92 * vCosLat, 0.11 - 0.49 * vCosLat);
     const V vC = LaneSelect(maskLow, 23.0 + 116.0 * vCosLat, 92.0 + 35.0 * vCosLat);
     // N is the sun's noon zenith angle, 80 degrees at most (also where the sun stands below).
-    const V vCosN = LaneMax<V>(vCosLat * tblHour.pSun->dCosDecl + vSinLat * tblHour.pSun->dSinDecl,
+    const V vCosN = LaneMax<V>(vCosLat * hour.pSun->dCosDecl + vSinLat * hour.pSun->dSinDecl,
                                LaneAll<V>(kCos80));
     const V vP = LaneSelect(vAbsSin <= kSin12, LaneAll<V>(1.31), LaneAll<V>(1.20));
     const V vLogN = vM * LaneLog<V>(vCosN);
     V vLogD = vP * LaneLog<V>(LaneMax<V>(vCosChi, LaneAll<V>(kCos73)));
     if (LaneAny(vCosChi < kCos73)) {
-        const V vLogFloor = LaneLog<V>(tblHour.dFloor / (tblHour.dActivity * vC)) - vLogN;
+        const V vLogFloor = LaneLog<V>(hour.dFloor / (hour.dActivity * vC)) - vLogN;
         for (int i = 0; i < kLanes<V>; ++i) {
             if (LaneGet(vCosChi, i) >= kCos73)
                 continue;
-            const Place tblPlace{0.0,
-                                 0.0,
-                                 LaneGet(vSinLat, i),
-                                 LaneGet(vCosLat, i),
-                                 LaneGet(vSinLon, i),
-                                 LaneGet(vCosLon, i)};
+            const Place place{0.0,
+                              0.0,
+                              LaneGet(vSinLat, i),
+                              LaneGet(vCosLat, i),
+                              LaneGet(vSinLon, i),
+                              LaneGet(vCosLon, i)};
             LaneSet(vLogD, i,
-                    FoeDarkLogGet(tblHour, tblPlace, LaneGet(vCosChi, i), LaneGet(vP, i),
+                    FoeDarkLogGet(hour, place, LaneGet(vCosChi, i), LaneGet(vP, i),
                                   LaneGet(vLogFloor, i)));
         }
     }
-    const V vFourth = tblHour.dActivity * vC * LaneExp<V>(vLogN + vLogD);
-    return LaneSqrt<V>(LaneSqrt<V>(LaneMax<V>(vFourth, LaneAll<V>(tblHour.dFloor))));
+    const V vFourth = hour.dActivity * vC * LaneExp<V>(vLogN + vLogD);
+    return LaneSqrt<V>(LaneSqrt<V>(LaneMax<V>(vFourth, LaneAll<V>(hour.dFloor))));
 }
 
 }  // namespace rec533

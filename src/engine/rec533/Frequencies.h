@@ -50,7 +50,7 @@ inline constexpr unsigned kNoiseBlocksAll = (1U << kNoiseBlocks) - 1U;
 }
 
 /// aFrequencies: 1 to 16. nBlocks: the bits of the noise blocks that will be needed.
-void FrequencySetFill(FrequencySet& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCircuit,
+void FrequencySetFill(FrequencySet& tbl, const Ionosphere& ionosphere, const Circuit& circuit,
                       std::span<const double> aFrequencies, unsigned nBlocks = kNoiseBlocksAll);
 
 }  // namespace rec533

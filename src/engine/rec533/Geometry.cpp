@@ -8,17 +8,15 @@ constexpr double kAngleLeast = 1e-10;  // stands for a path of no length, radian
 
 using Vector = std::array<double, 3>;
 
-Vector VectorGet(const Place& tblPlace)
+Vector VectorGet(const Place& place)
 {
-    return {tblPlace.dCosLat * tblPlace.dCosLon, tblPlace.dCosLat * tblPlace.dSinLon,
-            tblPlace.dSinLat};
+    return {place.dCosLat * place.dCosLon, place.dCosLat * place.dSinLon, place.dSinLat};
 }
 
 // A direction at the start when the ends do not give one: north, or along longitude 0 at a pole.
-Vector AheadAnyGet(const Place& tblPlace)
+Vector AheadAnyGet(const Place& place)
 {
-    return {-tblPlace.dSinLat * tblPlace.dCosLon, -tblPlace.dSinLat * tblPlace.dSinLon,
-            tblPlace.dCosLat};
+    return {-place.dSinLat * place.dCosLon, -place.dSinLat * place.dSinLon, place.dCosLat};
 }
 
 Vector VectorMix(const Vector& aA, double dA, const Vector& aB, double dB)
@@ -40,32 +38,32 @@ Place PlaceFromDegrees(double dLat, double dLon)
     return tbl;
 }
 
-Way WayMake(const Place& tblFrom, const Place& tblTo, bool bLongWay)
+Way WayMake(const Place& placeFrom, const Place& placeTo, bool bLongWay)
 {
     Way tbl;
-    tbl.tblFrom = tblFrom;
-    tbl.tblTo = tblTo;
-    const double dSinLat = std::sin((tblFrom.dLat - tblTo.dLat) / 2.0);
-    const double dSinLon = std::sin((tblFrom.dLon - tblTo.dLon) / 2.0);
+    tbl.placeFrom = placeFrom;
+    tbl.placeTo = placeTo;
+    const double dSinLat = std::sin((placeFrom.dLat - placeTo.dLat) / 2.0);
+    const double dSinLon = std::sin((placeFrom.dLon - placeTo.dLon) / 2.0);
     const double dChord =
-        std::sqrt(dSinLat * dSinLat + tblFrom.dCosLat * tblTo.dCosLat * dSinLon * dSinLon);
+        std::sqrt(dSinLat * dSinLat + placeFrom.dCosLat * placeTo.dCosLat * dSinLon * dSinLon);
     const double dShort = std::max(2.0 * std::asin(std::min(dChord, 1.0)), kAngleLeast);
     tbl.dAngle = bLongWay ? 2.0 * kPi - dShort : dShort;
     tbl.dKm = tbl.dAngle * kEarthKm;
 
     const double dCos = std::cos(dShort);
-    Arc tblArc;
-    tblArc.aStart = VectorGet(tblFrom);
-    tblArc.aAhead = VectorMix(VectorGet(tblTo), 1.0, tblArc.aStart, -dCos);
+    Arc arc;
+    arc.aStart = VectorGet(placeFrom);
+    arc.aAhead = VectorMix(VectorGet(placeTo), 1.0, arc.aStart, -dCos);
     double dLength = 0.0;
-    for (const double dPart : tblArc.aAhead) dLength += dPart * dPart;
+    for (const double dPart : arc.aAhead) dLength += dPart * dPart;
     dLength = std::sqrt(dLength);
     if (dLength < 1e-9) {
-        tblArc.aAhead = AheadAnyGet(tblFrom);
+        arc.aAhead = AheadAnyGet(placeFrom);
         dLength = 1.0;
     }
-    for (double& dPart : tblArc.aAhead) dPart *= (bLongWay ? -1.0 : 1.0) / dLength;
-    tbl.aArcs = {tblArc, tblArc};
+    for (double& dPart : arc.aAhead) dPart *= (bLongWay ? -1.0 : 1.0) / dLength;
+    tbl.aArcs = {arc, arc};
     return tbl;
 }
 
@@ -78,20 +76,20 @@ double WayBendGet(double dAngle)
     return std::asin(std::min(1.0, std::sin(dBend / 2.0) * std::abs(std::tan(dAngle / 2.0))));
 }
 
-Way WayBentMake(const Way& tblStraight, double dBend, double dSide)
+Way WayBentMake(const Way& straight, double dBend, double dSide)
 {
-    const auto& [aStart, aAhead] = tblStraight.aArcs[0];
+    const auto& [aStart, aAhead] = straight.aArcs[0];
     const Vector aLeft{aStart[1] * aAhead[2] - aStart[2] * aAhead[1],
                        aStart[2] * aAhead[0] - aStart[0] * aAhead[2],
                        aStart[0] * aAhead[1] - aStart[1] * aAhead[0]};
-    const double dCosAll = std::cos(tblStraight.dAngle);
-    const double dSinAll = std::sin(tblStraight.dAngle);
+    const double dCosAll = std::cos(straight.dAngle);
+    const double dSinAll = std::sin(straight.dAngle);
     // The middle as seen from an end: along the straight way and to the side.
-    const double dAlong = std::sin(tblStraight.dAngle / 2.0) * std::cos(dBend);
+    const double dAlong = std::sin(straight.dAngle / 2.0) * std::cos(dBend);
     const double dAside = dSide * std::sin(dBend);
     const double dSinHalf = std::max(std::hypot(dAlong, dAside), 1e-15);
-    const double dHalf = std::atan2(dSinHalf, std::cos(tblStraight.dAngle / 2.0) * std::cos(dBend));
-    Way tbl = tblStraight;
+    const double dHalf = std::atan2(dSinHalf, std::cos(straight.dAngle / 2.0) * std::cos(dBend));
+    Way tbl = straight;
     tbl.bBent = true;
     tbl.dAngle = 2.0 * dHalf;
     tbl.dKm = tbl.dAngle * kEarthKm;
@@ -107,15 +105,15 @@ Way WayBentMake(const Way& tblStraight, double dBend, double dSide)
     return tbl;
 }
 
-Place WayPlace(const Way& tblWay, double dFraction)
+Place WayPlace(const Way& way, double dFraction)
 {
-    const double dAngle = dFraction * tblWay.dAngle;
-    return ArcPlace(WayArcGet(tblWay, dAngle), std::cos(dAngle), std::sin(dAngle));
+    const double dAngle = dFraction * way.dAngle;
+    return ArcPlace(WayArcGet(way, dAngle), std::cos(dAngle), std::sin(dAngle));
 }
 
-Place ArcPlace(const Arc& tblArc, double dCos, double dSin)
+Place ArcPlace(const Arc& arc, double dCos, double dSin)
 {
-    const Vector aPlace = VectorMix(tblArc.aStart, dCos, tblArc.aAhead, dSin);
+    const Vector aPlace = VectorMix(arc.aStart, dCos, arc.aAhead, dSin);
     const double dX = aPlace[0];
     const double dY = aPlace[1];
     const double dZ = aPlace[2];
@@ -130,12 +128,12 @@ Place ArcPlace(const Arc& tblArc, double dCos, double dSin)
     return tbl;
 }
 
-double BearingGet(const Place& tblFrom, const Place& tblTo)
+double BearingGet(const Place& placeFrom, const Place& placeTo)
 {
-    const double dLon = tblTo.dLon - tblFrom.dLon;
+    const double dLon = placeTo.dLon - placeFrom.dLon;
     const double dBearing = std::atan2(
-        std::sin(dLon) * tblTo.dCosLat,
-        tblFrom.dCosLat * tblTo.dSinLat - tblFrom.dSinLat * tblTo.dCosLat * std::cos(dLon));
+        std::sin(dLon) * placeTo.dCosLat,
+        placeFrom.dCosLat * placeTo.dSinLat - placeFrom.dSinLat * placeTo.dCosLat * std::cos(dLon));
     return dBearing < 0.0 ? dBearing + 2.0 * kPi : dBearing;
 }
 
@@ -168,15 +166,14 @@ double HopLongestGet(double dElevation, double dHeightKm)
     return 2.0 * kEarthKm * (kPi / 2.0 - dElevation - IncidenceGet(dElevation, dHeightKm));
 }
 
-double GeomagneticSinGet(const Place& tblPlace)
+double GeomagneticSinGet(const Place& place)
 {
     constexpr double kSinPole = 0.9799247043087094;  // 78.5 degrees
     constexpr double kCosPole = 0.19936793595131713;
     constexpr double kSinPoleLon = -0.928485826375804;  // -68.2 degrees
     constexpr double kCosPoleLon = 0.3713678368130989;
-    const double dCosLon = tblPlace.dCosLon * kCosPoleLon + tblPlace.dSinLon * kSinPoleLon;
-    return std::clamp(tblPlace.dSinLat * kSinPole + tblPlace.dCosLat * kCosPole * dCosLon, -1.0,
-                      1.0);
+    const double dCosLon = place.dCosLon * kCosPoleLon + place.dSinLon * kSinPoleLon;
+    return std::clamp(place.dSinLat * kSinPole + place.dCosLat * kCosPole * dCosLon, -1.0, 1.0);
 }
 
 }  // namespace rec533

@@ -33,37 +33,37 @@ struct Arc {
 
 /// A way between two places: a great circle, or halves of two that meet beside its middle.
 struct Way {
-    Place tblFrom, tblTo;
+    Place placeFrom, placeTo;
     double dKm = 0.0;          ///< length, at least a millimetre
     double dAngle = 0.0;       ///< the same in radians; above pi on the long way round
     std::array<Arc, 2> aArcs;  ///< of the two halves, both by the angle from the way's start
     bool bBent = false;        ///< else both are the same
 };
 
-[[nodiscard]] Way WayMake(const Place& tblFrom, const Place& tblTo, bool bLongWay);
+[[nodiscard]] Way WayMake(const Place& placeFrom, const Place& placeTo, bool bLongWay);
 
 /// How far the bent ways of a long path lie beside its middle: radians, 0 up to 12 000 km.
 [[nodiscard]] double WayBendGet(double dAngle);
 /// The way bent by that angle to the left (dSide 1) or to the right (-1) of the direction of
 /// travel.
-[[nodiscard]] Way WayBentMake(const Way& tblStraight, double dBend, double dSide);
+[[nodiscard]] Way WayBentMake(const Way& straight, double dBend, double dSide);
 
 /// Which arc lies at an angle from the start.
-[[nodiscard]] inline std::size_t WayArcIndex(const Way& tblWay, double dAngle)
+[[nodiscard]] inline std::size_t WayArcIndex(const Way& way, double dAngle)
 {
-    return tblWay.bBent && 2.0 * dAngle >= tblWay.dAngle ? 1 : 0;
+    return way.bBent && 2.0 * dAngle >= way.dAngle ? 1 : 0;
 }
-[[nodiscard]] inline const Arc& WayArcGet(const Way& tblWay, double dAngle)
+[[nodiscard]] inline const Arc& WayArcGet(const Way& way, double dAngle)
 {
-    return tblWay.aArcs[WayArcIndex(tblWay, dAngle)];
+    return way.aArcs[WayArcIndex(way, dAngle)];
 }
 /// The place a fraction of the way along (0 start, 1 end).
-[[nodiscard]] Place WayPlace(const Way& tblWay, double dFraction);
+[[nodiscard]] Place WayPlace(const Way& way, double dFraction);
 /// The place on an arc at an angle given by its cosine and sine.
-[[nodiscard]] Place ArcPlace(const Arc& tblArc, double dCos, double dSin);
+[[nodiscard]] Place ArcPlace(const Arc& arc, double dCos, double dSin);
 
 /// Bearing at the first place toward the second by the short way, radians, 0 to 2 pi.
-[[nodiscard]] double BearingGet(const Place& tblFrom, const Place& tblTo);
+[[nodiscard]] double BearingGet(const Place& placeFrom, const Place& placeTo);
 
 /// Elevation of a ray whose hop of dHopKm is reflected at dHeightKm, radians.
 [[nodiscard]] double ElevationGet(double dHopKm, double dHeightKm);
@@ -77,6 +77,6 @@ struct Way {
 [[nodiscard]] double HopLongestGet(double dElevation, double dHeightKm);
 
 /// Sine of the geomagnetic latitude (dipole, pole at 78.5 N 68.2 W).
-[[nodiscard]] double GeomagneticSinGet(const Place& tblPlace);
+[[nodiscard]] double GeomagneticSinGet(const Place& place);
 
 }  // namespace rec533

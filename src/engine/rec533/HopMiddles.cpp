@@ -4,14 +4,14 @@ namespace rec533 {
 namespace {
 
 // Places of an order's middles; a bent way's second half lies on its second arc.
-void PlacesFill(HopMiddles& tbl, const Way& tblWay, int nHops, std::size_t nFirst)
+void PlacesFill(HopMiddles& tbl, const Way& way, int nHops, std::size_t nFirst)
 {
-    const double dHop = tblWay.dAngle / nHops;
+    const double dHop = way.dAngle / nHops;
     for (int i = 0; i < nHops; ++i) {
         const double dAngle = (i + 0.5) * dHop;
         const double dCos = std::cos(dAngle);
         const double dSin = std::sin(dAngle);
-        const auto& [aStart, aAhead] = WayArcGet(tblWay, dAngle);
+        const auto& [aStart, aAhead] = WayArcGet(way, dAngle);
         const double dX = aStart[0] * dCos + aAhead[0] * dSin;
         const double dY = aStart[1] * dCos + aAhead[1] * dSin;
         const std::size_t nAt = nFirst + static_cast<std::size_t>(i);
@@ -24,30 +24,30 @@ void PlacesFill(HopMiddles& tbl, const Way& tblWay, int nHops, std::size_t nFirs
 
 void MiddlesMake(WayPath& tbl, int nHops)
 {
-    HopMiddles& tblM = tbl.tblMiddles;
-    if (tblM.aMade[static_cast<std::size_t>(nHops)])
+    HopMiddles& middles = tbl.middles;
+    if (middles.aMade[static_cast<std::size_t>(nHops)])
         return;
-    tblM.aMade[static_cast<std::size_t>(nHops)] = true;
+    middles.aMade[static_cast<std::size_t>(nHops)] = true;
     const std::size_t nFirst = HopMiddles::FirstGet(nHops);
-    PlacesFill(tblM, tbl.tblWay, nHops, nFirst);
+    PlacesFill(middles, tbl.way, nHops, nFirst);
     std::array<double, kHopsMost + 4> aDip, aGyro;
-    MagneticFieldsFill({&tblM.aSinLat[nFirst], &tblM.aCosLat[nFirst], &tblM.aSinLon[nFirst],
-                        &tblM.aCosLon[nFirst], aDip.data(), aGyro.data(),
-                        static_cast<std::size_t>(nHops)});
+    MagneticFieldsFill({&middles.aSinLat[nFirst], &middles.aCosLat[nFirst],
+                        &middles.aSinLon[nFirst], &middles.aCosLon[nFirst], aDip.data(),
+                        aGyro.data(), static_cast<std::size_t>(nHops)});
     const auto nCount = static_cast<std::size_t>(nHops);
     for (std::size_t i = nCount; i < aDip.size(); ++i) aDip[i] = 0.0;
-    std::copy_n(aGyro.begin(), nCount, &tblM.aGyro[nFirst]);
+    std::copy_n(aGyro.begin(), nCount, &middles.aGyro[nFirst]);
     MapRows aFof2, aM3;
     for (std::size_t t = 0; t < 24; ++t) {
-        aFof2[t] = &tblM.aFof2[t][nFirst];
-        aM3[t] = &tblM.aM3[t][nFirst];
+        aFof2[t] = &middles.aFof2[t][nFirst];
+        aM3[t] = &middles.aM3[t][nFirst];
     }
     const int nHourFirst = tbl.nOnlyHour < 0 ? 0 : tbl.nOnlyHour;
     const int nHourLast = tbl.nOnlyHour < 0 ? 23 : tbl.nOnlyHour;
-    MapPlacesFill(
-        aFof2, aM3, tbl.pIonosphere->tblMaps,
-        {&tblM.aCosLat[nFirst], &tblM.aSinLon[nFirst], &tblM.aCosLon[nFirst], aDip.data(), nCount},
-        nHourFirst, nHourLast);
+    MapPlacesFill(aFof2, aM3, tbl.pIonosphere->maps,
+                  {&middles.aCosLat[nFirst], &middles.aSinLon[nFirst], &middles.aCosLon[nFirst],
+                   aDip.data(), nCount},
+                  nHourFirst, nHourLast);
     for (int t = nHourFirst; t <= nHourLast; ++t) {
         for (std::size_t i = 0; i < nCount; ++i) {
             const auto nHour = static_cast<std::size_t>(t);
@@ -58,45 +58,44 @@ void MiddlesMake(WayPath& tbl, int nHops)
 }
 
 template <class V>
-HOPCAST_INLINE double WorstGet(const WayPath& tbl, const FoeHour& tblFoe, std::size_t nHour,
-                               int nHops)
+HOPCAST_INLINE double WorstGet(const WayPath& tbl, const FoeHour& foe, std::size_t nHour, int nHops)
 {
-    const HopMiddles& tblM = tbl.tblMiddles;
+    const HopMiddles& middles = tbl.middles;
     const std::size_t nFirst = HopMiddles::FirstGet(nHops);
     const std::size_t nEnd = nFirst + static_cast<std::size_t>(nHops);
-    const double dHop = tbl.tblWay.dKm / nHops;
+    const double dHop = tbl.way.dKm / nHops;
     double dWorst = 1e9;
     for (std::size_t i = nFirst; i < nEnd; i += kLanes<V>) {
-        const V vSinLat = LaneLoad<V>(&tblM.aSinLat[i]);
-        const V vCosLat = LaneLoad<V>(&tblM.aCosLat[i]);
-        const V vSinLon = LaneLoad<V>(&tblM.aSinLon[i]);
-        const V vCosLon = LaneLoad<V>(&tblM.aCosLon[i]);
-        const V vFoe = FoeLanesGet<V>(
-            tblFoe, vSinLat, vCosLat, vSinLon, vCosLon,
-            SunZenithCosLanesGet<V>(*tblFoe.pSun, vSinLat, vCosLat, vSinLon, vCosLon));
-        const V vMuf =
-            F2MufLanesGet<V>(LaneLoad<V>(&tblM.aFof2[nHour][i]), LaneLoad<V>(&tblM.aM3[nHour][i]),
-                             vFoe, LaneLoad<V>(&tblM.aGyro[i]), dHop);
+        const V vSinLat = LaneLoad<V>(&middles.aSinLat[i]);
+        const V vCosLat = LaneLoad<V>(&middles.aCosLat[i]);
+        const V vSinLon = LaneLoad<V>(&middles.aSinLon[i]);
+        const V vCosLon = LaneLoad<V>(&middles.aCosLon[i]);
+        const V vFoe =
+            FoeLanesGet<V>(foe, vSinLat, vCosLat, vSinLon, vCosLon,
+                           SunZenithCosLanesGet<V>(*foe.pSun, vSinLat, vCosLat, vSinLon, vCosLon));
+        const V vMuf = F2MufLanesGet<V>(LaneLoad<V>(&middles.aFof2[nHour][i]),
+                                        LaneLoad<V>(&middles.aM3[nHour][i]), vFoe,
+                                        LaneLoad<V>(&middles.aGyro[i]), dHop);
         for (std::size_t k = 0; k < std::min<std::size_t>(kLanes<V>, nEnd - i); ++k)
             dWorst = std::min(dWorst, vMuf[k]);
     }
     return dWorst;
 }
 
-HOPCAST_WIDE double WorstWideGet(const WayPath& tbl, const FoeHour& tblFoe, std::size_t nHour,
+HOPCAST_WIDE double WorstWideGet(const WayPath& tbl, const FoeHour& foe, std::size_t nHour,
                                  int nHops)
 {
-    return WorstGet<Lanes4>(tbl, tblFoe, nHour, nHops);
+    return WorstGet<Lanes4>(tbl, foe, nHour, nHops);
 }
 
 }  // namespace
 
-double PathWorstMufGet(WayPath& tbl, const FoeHour& tblFoe, int nLabel, int nHops)
+double PathWorstMufGet(WayPath& tbl, const FoeHour& foe, int nLabel, int nHops)
 {
     MiddlesMake(tbl, nHops);
     const auto nHour = static_cast<std::size_t>(MapHourGet(nLabel));
-    return LanesWideIs() ? WorstWideGet(tbl, tblFoe, nHour, nHops)
-                         : WorstGet<Lanes2>(tbl, tblFoe, nHour, nHops);
+    return LanesWideIs() ? WorstWideGet(tbl, foe, nHour, nHops)
+                         : WorstGet<Lanes2>(tbl, foe, nHour, nHops);
 }
 
 }  // namespace rec533

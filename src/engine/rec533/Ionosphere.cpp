@@ -30,9 +30,9 @@ void IonosphereFill(Ionosphere& tbl, Behaviour eBehaviour, MapSet eMaps, int nMo
                     : dMeasured ? std::clamp(*dMeasured, kActivityLeast, kActivityMost)
                                 : ActivityOfSsn(tbl.dSsn);
     tbl.dFof2Least = bBest ? kFof2LeastOfIndex : kFof2Least;
-    MapHoursFill(tbl.tblMaps, eMaps, nMonth, tbl.dActivity, tbl.dSsnLimited);
-    tbl.tblSun = SunDayMake(nMonth);
-    tbl.tblNoise = FiguresNoise(nMonth);
+    MapHoursFill(tbl.maps, eMaps, nMonth, tbl.dActivity, tbl.dSsnLimited);
+    tbl.sun = SunDayMake(nMonth);
+    tbl.noise = FiguresNoise(nMonth);
 }
 
 }  // namespace rec533

@@ -21,9 +21,9 @@ struct Ionosphere {
     double dSsnLimited = 0.0;  ///< the same, 160 at most: M(3000)F2, foE, absorption, mirror height
     double dActivity = 0.0;    ///< index of the foF2 map: IG12, or the limited sunspot number
     double dFof2Least = 0.0;   ///< MHz
-    MapHours tblMaps;          ///< by UT
-    SunDay tblSun;
-    NoiseFigures tblNoise;
+    MapHours maps;             ///< by UT
+    SunDay sun;
+    NoiseFigures noise;
 };
 
 /// Fills a description (large: keep it off the stack of a loop).

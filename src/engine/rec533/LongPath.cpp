@@ -29,7 +29,7 @@ struct UpperMaps {
 };
 
 // The plain Recommendation has no least foF2 here.
-void UpperMapsFill(UpperMaps& tbl, const Ionosphere& tblIono, const std::array<Place, 2>& aPlaces,
+void UpperMapsFill(UpperMaps& tbl, const Ionosphere& iono, const std::array<Place, 2>& aPlaces,
                    const std::array<MagneticField, 2>& aFields)
 {
     alignas(64) std::array<double, 4> aCosLat{1.0, 1.0, 1.0, 1.0}, aSinLon{}, aCosLon{}, aDip{};
@@ -44,38 +44,38 @@ void UpperMapsFill(UpperMaps& tbl, const Ionosphere& tblIono, const std::array<P
         aFof2[t] = tbl.aFof2[t].data();
         aM3[t] = tbl.aM3[t].data();
     }
-    MapPlacesFill(aFof2, aM3, tblIono.tblMaps,
+    MapPlacesFill(aFof2, aM3, iono.maps,
                   {aCosLat.data(), aSinLon.data(), aCosLon.data(), aDip.data(), aPlaces.size()}, 0,
                   23);
-    if (tblIono.eBehaviour != Behaviour::Best)
+    if (iono.eBehaviour != Behaviour::Best)
         return;
     for (std::size_t t = 0; t < 24; ++t)
         for (std::size_t i = 0; i < aPlaces.size(); ++i)
-            tbl.aFof2[t][i] = std::max(tbl.aFof2[t][i], tblIono.dFof2Least);
+            tbl.aFof2[t][i] = std::max(tbl.aFof2[t][i], iono.dFof2Least);
 }
 
 // The same on the grids of the ITU program.
-void UpperGridsFill(UpperMaps& tbl, const Ionosphere& tblIono, const std::array<Place, 2>& aPlaces,
+void UpperGridsFill(UpperMaps& tbl, const Ionosphere& iono, const std::array<Place, 2>& aPlaces,
                     const std::array<MagneticField, 2>& aFields)
 {
-    MapPlace tblMap;
+    MapPlace map;
     for (std::size_t i = 0; i < aPlaces.size(); ++i) {
-        MapPlaceFill(tblMap, aPlaces[i], aFields[i], true);
+        MapPlaceFill(map, aPlaces[i], aFields[i], true);
         for (int t = 0; t < 24; ++t) {
             const auto nHour = static_cast<std::size_t>(t);
-            tbl.aFof2[nHour][i] = MapFof2Get(tblIono.tblMaps, tblMap, t);
-            tbl.aM3[nHour][i] = MapM3Get(tblIono.tblMaps, tblMap, t);
+            tbl.aFof2[nHour][i] = MapFof2Get(iono.maps, map, t);
+            tbl.aM3[nHour][i] = MapM3Get(iono.maps, map, t);
         }
     }
 }
 
 // The basic MUF and K of a control point for all hours.
-void UpperPointFill(LongPath& tbl, std::size_t nPoint, const UpperMaps& tblMaps,
-                    const Place& tblPlace, double dGyro, double dHop, double dNorthSouth)
+void UpperPointFill(LongPath& tbl, std::size_t nPoint, const UpperMaps& maps, const Place& place,
+                    double dGyro, double dHop, double dNorthSouth)
 {
     tbl.dGyro += dGyro / 2.0;
-    tbl.aLat[nPoint] = tblPlace.dLat;
-    tbl.aLon[nPoint] = tblPlace.dLon;
+    tbl.aLat[nPoint] = place.dLat;
+    tbl.aLon[nPoint] = place.dLon;
     const double dFd =
         ((((((-2.40074637494790e-24 * dHop + 25.8520201885984e-21) * dHop - 92.4986988833091e-18)
                 * dHop
@@ -89,13 +89,13 @@ void UpperPointFill(LongPath& tbl, std::size_t nPoint, const UpperMaps& tblMaps,
         * dHop;
     auto& aBasic = tbl.aBasic[nPoint];
     for (std::size_t i = 0; i < 24; ++i) {
-        const double dFof2 = tblMaps.aFof2[i][nPoint];
-        const double dF4 = 1.1 * dFof2 * tblMaps.aM3[i][nPoint];
+        const double dFof2 = maps.aFof2[i][nPoint];
+        const double dF4 = 1.1 * dFof2 * maps.aM3[i][nPoint];
         const double dZero = dFof2 + dGyro / 2.0;
         aBasic[i] = std::max(dZero + (dF4 - dZero) * dFd, 0.1);
     }
     const double dLeast = std::min(*std::min_element(aBasic.begin(), aBasic.end()), 100.0);
-    const int nNoon = HourWrap(static_cast<int>(12.0 - tblPlace.dLon * kDegrees / 15.0));
+    const int nNoon = HourWrap(static_cast<int>(12.0 - place.dLon * kDegrees / 15.0));
     const double dNoon = aBasic[static_cast<std::size_t>(nNoon)];
     const double dW = 0.1 + 0.1 * dNorthSouth;
     const double dX = 1.2 - 1.0 * dNorthSouth;
@@ -106,32 +106,32 @@ void UpperPointFill(LongPath& tbl, std::size_t nPoint, const UpperMaps& tblMaps,
                                 + dY * Square(dLeast / dNoon);
 }
 
-void UpperFill(LongPath& tbl, const Ionosphere& tblIonosphere, const Way& tblWay)
+void UpperFill(LongPath& tbl, const Ionosphere& ionosphere, const Way& way)
 {
-    int nHops = HopsGet(tblWay.dKm, kUpperHop);
-    if (ElevationGet(tblWay.dKm / nHops, kHeightLong) < kElevationLeast)
+    int nHops = HopsGet(way.dKm, kUpperHop);
+    if (ElevationGet(way.dKm / nHops, kHeightLong) < kElevationLeast)
         ++nHops;
     tbl.nHops = nHops;
-    const double dHop = tblWay.dKm / nHops;
+    const double dHop = way.dKm / nHops;
     const double dElevation = ElevationGet(dHop, kHeightLong);
-    tbl.dSlant = SlantRangeGet(tblWay.dKm, nHops, dElevation);
+    tbl.dSlant = SlantRangeGet(way.dKm, nHops, dElevation);
     tbl.dSlantDb = 20.0 * std::log10(tbl.dSlant);
     constexpr double kGapMost = 15.0;
-    const double dSin = std::max(std::abs(std::sin(tblWay.dAngle)), 1e-12);
-    tbl.dGap = std::min(DbFromPower(tblWay.dAngle / dSin), kGapMost);
-    const double dNorthSouth = NorthSouthGet(BearingGet(WayPlace(tblWay, 0.5), tblWay.tblTo));
+    const double dSin = std::max(std::abs(std::sin(way.dAngle)), 1e-12);
+    tbl.dGap = std::min(DbFromPower(way.dAngle / dSin), kGapMost);
+    const double dNorthSouth = NorthSouthGet(BearingGet(WayPlace(way, 0.5), way.placeTo));
     tbl.dGyro = 0.0;
     const double dHalf = 0.5 / nHops;
-    const std::array<Place, 2> aPlaces{WayPlace(tblWay, dHalf), WayPlace(tblWay, 1.0 - dHalf)};
+    const std::array<Place, 2> aPlaces{WayPlace(way, dHalf), WayPlace(way, 1.0 - dHalf)};
     const std::array<MagneticField, 2> aFields{MagneticFieldGet(aPlaces[0], FieldHeight::Maps),
                                                MagneticFieldGet(aPlaces[1], FieldHeight::Maps)};
-    UpperMaps tblMaps;
-    if (tblIonosphere.quirks.bGriddedMaps)
-        UpperGridsFill(tblMaps, tblIonosphere, aPlaces, aFields);
+    UpperMaps maps;
+    if (ionosphere.quirks.bGriddedMaps)
+        UpperGridsFill(maps, ionosphere, aPlaces, aFields);
     else
-        UpperMapsFill(tblMaps, tblIonosphere, aPlaces, aFields);
+        UpperMapsFill(maps, ionosphere, aPlaces, aFields);
     for (std::size_t i = 0; i < aPlaces.size(); ++i)
-        UpperPointFill(tbl, i, tblMaps, aPlaces[i], aFields[i].dGyro, dHop, dNorthSouth);
+        UpperPointFill(tbl, i, maps, aPlaces[i], aFields[i].dGyro, dHop, dNorthSouth);
 }
 
 // Winter anomaly factor Aw at mid-path.
@@ -162,28 +162,28 @@ void DecayApply(std::array<double, 24>& aLower, double dNight)
 }
 
 // fL of all hours with a number of hops; the crossings stay in aLowPlaces.
-void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& tblIonosphere,
-               const Way& tblWay, int nHops)
+void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& ionosphere,
+               const Way& way, int nHops)
 {
-    const double dHop = tblWay.dKm / nHops;
+    const double dHop = way.dKm / nHops;
     const double dElevation = ElevationGet(dHop, kHeightLong);
     const double dNear = CrossingKmGet(dElevation);
     std::array<double, 24> aSum{};
     for (int i = 0; i < 2 * nHops; ++i) {
         const int nHop = i / 2;
         const double dKm = i % 2 == 0 ? nHop * dHop + dNear : (nHop + 1) * dHop - dNear;
-        const Place tblPlace = WayPlace(tblWay, dKm / tblWay.dKm);
-        tbl.aLowPlaces[static_cast<std::size_t>(i)] = tblPlace;
+        const Place place = WayPlace(way, dKm / way.dKm);
+        tbl.aLowPlaces[static_cast<std::size_t>(i)] = place;
         for (std::size_t t = 0; t < 24; ++t) {
-            const double dCos = SunZenithCosGet(tblIonosphere.tblSun.aHours[t], tblPlace);
+            const double dCos = SunZenithCosGet(ionosphere.sun.aHours[t], place);
             aSum[t] += dCos > 0.0 && dCos < 1.0 ? std::sqrt(dCos) : 0.0;
         }
     }
     const double dScale =
-        (1.0 + 0.009 * tblIonosphere.dSsn)
+        (1.0 + 0.009 * ionosphere.dSsn)
         / (IncidenceCosGet(dElevation, kHeightAbsorption) * std::log(9.5e6 / tbl.dSlant));
-    const double dWinter = 1.0 + WinterGet(tblIonosphere.nMonth, WayPlace(tblWay, 0.5).dLat);
-    const double dNight = std::sqrt(tblWay.dKm / kLowHop);
+    const double dWinter = 1.0 + WinterGet(ionosphere.nMonth, WayPlace(way, 0.5).dLat);
+    const double dNight = std::sqrt(way.dKm / kLowHop);
     for (std::size_t t = 0; t < 24; ++t)
         aLower[t] = std::max((5.3 * std::sqrt(dScale * aSum[t]) - tbl.dGyro) * dWinter, dNight);
     DecayApply(aLower, dNight);
@@ -191,42 +191,42 @@ void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& 
 
 // The number of hops steps at multiples of 3000 km, at 9000 km too. The long-path rule eases the
 // step over the hundred kilometres behind it.
-void LowerEase(LongPath& tbl, const Ionosphere& tblIonosphere, const Way& tblWay)
+void LowerEase(LongPath& tbl, const Ionosphere& ionosphere, const Way& way)
 {
     constexpr double kEaseKm = 100.0;
-    const double dPart = (tblWay.dKm - kLowHop * (tbl.nLowHops - 1)) / kEaseKm;
+    const double dPart = (way.dKm - kLowHop * (tbl.nLowHops - 1)) / kEaseKm;
     if (dPart >= 1.0)
         return;
     std::array<double, 24> aFewer;
-    LowerFill(aFewer, tbl, tblIonosphere, tblWay, tbl.nLowHops - 1);
+    LowerFill(aFewer, tbl, ionosphere, way, tbl.nLowHops - 1);
     for (std::size_t t = 0; t < 24; ++t)
         tbl.aLower[t] = aFewer[t] + dPart * (tbl.aLower[t] - aFewer[t]);
 }
 
 }  // namespace
 
-void LongPathFill(LongPath& tbl, const Ionosphere& tblIonosphere, const Way& tblWay)
+void LongPathFill(LongPath& tbl, const Ionosphere& ionosphere, const Way& way)
 {
-    UpperFill(tbl, tblIonosphere, tblWay);
-    tbl.nLowHops = HopsGet(tblWay.dKm, kLowHop);
-    LowerFill(tbl.aLower, tbl, tblIonosphere, tblWay, tbl.nLowHops);
-    if (tblIonosphere.eBehaviour == Behaviour::Best)
-        LowerEase(tbl, tblIonosphere, tblWay);
+    UpperFill(tbl, ionosphere, way);
+    tbl.nLowHops = HopsGet(way.dKm, kLowHop);
+    LowerFill(tbl.aLower, tbl, ionosphere, way, tbl.nLowHops);
+    if (ionosphere.eBehaviour == Behaviour::Best)
+        LowerEase(tbl, ionosphere, way);
 }
 
 LongHour LongHourGet(const LongPath& tbl, int nLabel)
 {
     const auto nHour = static_cast<std::size_t>(nLabel % 24);
-    LongHour tblHour;
+    LongHour hour;
     const double dBasic1 = tbl.aBasic[0][nHour];
     const double dBasic2 = tbl.aBasic[1][nHour];
-    tblHour.dK1 = tbl.aRatio[0][nHour];
-    tblHour.dK2 = tbl.aRatio[1][nHour];
-    tblHour.dUpper = std::min(tblHour.dK1 * dBasic1, tblHour.dK2 * dBasic2);
-    tblHour.nSmaller = dBasic2 < dBasic1 ? 1 : 0;
-    tblHour.dBasic = std::min(dBasic1, dBasic2);
-    tblHour.dLower = tbl.aLower[nHour];
-    return tblHour;
+    hour.dK1 = tbl.aRatio[0][nHour];
+    hour.dK2 = tbl.aRatio[1][nHour];
+    hour.dUpper = std::min(hour.dK1 * dBasic1, hour.dK2 * dBasic2);
+    hour.nSmaller = dBasic2 < dBasic1 ? 1 : 0;
+    hour.dBasic = std::min(dBasic1, dBasic2);
+    hour.dLower = tbl.aLower[nHour];
+    return hour;
 }
 
 }  // namespace rec533

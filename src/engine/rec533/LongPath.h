@@ -26,7 +26,7 @@ struct LongPath {
     std::array<double, 24> aRatio[2];      ///< K of the two points by UT
     std::array<double, 24> aLower;         ///< fL by UT
 };
-void LongPathFill(LongPath& tbl, const Ionosphere& tblIonosphere, const Way& tblWay);
+void LongPathFill(LongPath& tbl, const Ionosphere& ionosphere, const Way& way);
 
 /// Limits and MUF at one hour.
 struct LongHour {
@@ -40,10 +40,10 @@ struct LongHour {
 
 /// 1 - Q: the share of the free-space field that is left between the limits.
 template <class V>
-HOPCAST_INLINE V LongShareGet(const LongPath& tbl, const LongHour& tblHour, const V& vFrequency)
+HOPCAST_INLINE V LongShareGet(const LongPath& tbl, const LongHour& hour, const V& vFrequency)
 {
-    const double dL = Square(tblHour.dLower + tbl.dGyro);
-    const double dM = Square(tblHour.dUpper + tbl.dGyro);
+    const double dL = Square(hour.dLower + tbl.dGyro);
+    const double dM = Square(hour.dUpper + tbl.dGyro);
     const V vF = (vFrequency + tbl.dGyro) * (vFrequency + tbl.dGyro);
     return 1.0 - (dL / vF + vF / dM) * dM / (dM + dL);
 }

@@ -15,16 +15,16 @@ struct Tenths {
     std::size_t nCount = 0;
 };
 
-void ReachedFill(Tenths& tbl, Hour& tblHour, PredictionWork& tblWork)
+void ReachedFill(Tenths& tbl, Hour& hour, PredictionWork& work)
 {
     std::array<double, kAtOnce> aFrequencies{};
     for (std::size_t i = 0; i < tbl.nCount; ++i) aFrequencies[i] = tbl.aAt[i] / 10.0;
-    FrequencySet tblSet;
-    PredictionRows tblRows;
-    FrequencySetFill(tblSet, *tblHour.pPath->pIonosphere, tblHour.pPath->tblCircuit,
-                     std::span(aFrequencies).first(tbl.nCount), NoiseBlocksOf(tblHour.tblNoise));
-    PredictionRowsFill(tblRows, tblWork, tblHour, tblSet);
-    for (std::size_t i = 0; i < tbl.nCount; ++i) tbl.aReached[i] = tblRows.tblSnr.aReliability[i];
+    FrequencySet set;
+    PredictionRows rows;
+    FrequencySetFill(set, *hour.pPath->pIonosphere, hour.pPath->circuit,
+                     std::span(aFrequencies).first(tbl.nCount), NoiseBlocksOf(hour.noise));
+    PredictionRowsFill(rows, work, hour, set);
+    for (std::size_t i = 0; i < tbl.nCount; ++i) tbl.aReached[i] = rows.snr.aReliability[i];
 }
 
 // The coarse steps behind one, the last of them shortened.
@@ -41,13 +41,13 @@ Tenths CoarseMake(int nBefore, int nLast)
 }
 
 // The first of the tenths between two that reaches the goal, 0 when none does.
-int FineGet(int nBefore, int nAt, double dGoal, Hour& tblHour, PredictionWork& tblWork)
+int FineGet(int nBefore, int nAt, double dGoal, Hour& hour, PredictionWork& work)
 {
     Tenths tbl;
     for (int n = nBefore + 1; n < nAt; ++n) tbl.aAt[tbl.nCount++] = n;
     if (tbl.nCount == 0)
         return 0;
-    ReachedFill(tbl, tblHour, tblWork);
+    ReachedFill(tbl, hour, work);
     for (std::size_t i = 0; i < tbl.nCount; ++i)
         if (tbl.aReached[i] >= dGoal)
             return tbl.aAt[i];
@@ -56,19 +56,19 @@ int FineGet(int nBefore, int nAt, double dGoal, Hour& tblHour, PredictionWork& t
 
 }  // namespace
 
-double LufGet(Hour& tblHour, PredictionWork& tblWork)
+double LufGet(Hour& hour, PredictionWork& work)
 {
-    const double dGoal = tblHour.pPath->tblCircuit.dRequiredReliability;
-    const int nLast = static_cast<int>(tblHour.dMuf * 10.0);
+    const double dGoal = hour.pPath->circuit.dRequiredReliability;
+    const int nLast = static_cast<int>(hour.dMuf * 10.0);
     bool bCloseBefore = false;
     int nBefore = kFirst - 1;
     for (Tenths tbl = CoarseMake(nBefore, nLast); tbl.nCount > 0;
          tbl = CoarseMake(nBefore, nLast)) {
-        ReachedFill(tbl, tblHour, tblWork);
+        ReachedFill(tbl, hour, work);
         for (std::size_t i = 0; i < tbl.nCount; ++i) {
             const bool bClose = tbl.aReached[i] >= dGoal - kClose;
             if (bClose || bCloseBefore) {
-                const int nFine = FineGet(nBefore, tbl.aAt[i], dGoal, tblHour, tblWork);
+                const int nFine = FineGet(nBefore, tbl.aAt[i], dGoal, hour, work);
                 if (nFine > 0)
                     return nFine / 10.0;
             }
@@ -78,7 +78,7 @@ double LufGet(Hour& tblHour, PredictionWork& tblWork)
             nBefore = tbl.aAt[i];
         }
     }
-    return std::ceil(tblHour.dMuf * 10.0) / 10.0;
+    return std::ceil(hour.dMuf * 10.0) / 10.0;
 }
 
 }  // namespace rec533

@@ -80,7 +80,7 @@ struct Field {
 // The recursions of P.1239. vC is at least kCosLatLeast.
 template <class V>
 HOPCAST_INLINE Field<V> FieldGet(const V& vS, const V& vC, const V& vSinLon, const V& vCosLon,
-                                 const Scaled& tblScaled)
+                                 const Scaled& scaled)
 {
     Field<V> tbl{V{}, V{}, V{}};
     V vCosM = LaneAll<V>(1.0), vSinM{};  // of m times the longitude
@@ -99,8 +99,8 @@ HOPCAST_INLINE Field<V> FieldGet(const V& vS, const V& vC, const V& vSinLon, con
                 vP = vPn;
                 vD = vDn;
             }
-            const double dG = tblScaled.aG[n][m];
-            const double dH = tblScaled.aH[n][m];
+            const double dG = scaled.aG[n][m];
+            const double dH = scaled.aH[n][m];
             vZg += static_cast<double>(n + 1) * dG * vP;
             vZh += static_cast<double>(n + 1) * dH * vP;
             vXg += dG * vD;
@@ -145,20 +145,20 @@ const Circle kCircle = [] {
     return tbl;
 }();
 
-double CosLatGet(const Place& tblPlace) { return std::max(tblPlace.dCosLat, kCosLatLeast); }
+double CosLatGet(const Place& place) { return std::max(place.dCosLat, kCosLatLeast); }
 
-double SinLatGet(const Place& tblPlace)
+double SinLatGet(const Place& place)
 {
-    if (tblPlace.dCosLat >= kCosLatLeast)
-        return tblPlace.dSinLat;
-    return std::copysign(std::sqrt(1.0 - kCosLatLeast * kCosLatLeast), tblPlace.dSinLat);
+    if (place.dCosLat >= kCosLatLeast)
+        return place.dSinLat;
+    return std::copysign(std::sqrt(1.0 - kCosLatLeast * kCosLatLeast), place.dSinLat);
 }
 
 // The field at places of a great circle: down, along and across it.
 template <class V>
-HOPCAST_INLINE Field<V> TrackFieldGet(const Arc& tblArc, const V& vCos, const V& vSin)
+HOPCAST_INLINE Field<V> TrackFieldGet(const Arc& arc, const V& vCos, const V& vSin)
 {
-    const auto& [aStart, aAhead] = tblArc;
+    const auto& [aStart, aAhead] = arc;
     const double aAcross[3]{aStart[1] * aAhead[2] - aStart[2] * aAhead[1],
                             aStart[2] * aAhead[0] - aStart[0] * aAhead[2],
                             aStart[0] * aAhead[1] - aStart[1] * aAhead[0]};
@@ -174,12 +174,12 @@ HOPCAST_INLINE Field<V> TrackFieldGet(const Arc& tblArc, const V& vCos, const V&
     const Field<V> tbl = FieldGet<V>(vSinLat, vCosLat, vSinLon, vCosLon, kScaledAbsorption);
     const V aFlat[3]{-tbl.tX * vSinLat * vCosLon + tbl.tY * vSinLon,
                      -tbl.tX * vSinLat * vSinLon - tbl.tY * vCosLon, tbl.tX * vCosLat};
-    Field<V> tblTrack{V{}, V{}, tbl.tZ};
+    Field<V> track{V{}, V{}, tbl.tZ};
     for (std::size_t k = 0; k < 3; ++k) {
-        tblTrack.tX += aFlat[k] * (aAhead[k] * vCos - aStart[k] * vSin);
-        tblTrack.tY += aFlat[k] * aAcross[k];
+        track.tX += aFlat[k] * (aAhead[k] * vCos - aStart[k] * vSin);
+        track.tY += aFlat[k] * aAcross[k];
     }
-    return tblTrack;
+    return track;
 }
 
 template <class V>
@@ -191,12 +191,12 @@ HOPCAST_INLINE double LanesSumGet(const V& v)
 }
 
 template <class V>
-HOPCAST_INLINE void FieldTrackFill(FieldTrack& tbl, const Arc& tblArc)
+HOPCAST_INLINE void FieldTrackFill(FieldTrack& tbl, const Arc& arc)
 {
     constexpr std::size_t kVectors = Circle::kLanesAll / kLanes<V>;
     Field<V> aFields[kVectors];
     for (std::size_t i = 0; i < kVectors; ++i)
-        aFields[i] = TrackFieldGet<V>(tblArc, LaneLoad<V>(&kCircle.aCos[i * kLanes<V>]),
+        aFields[i] = TrackFieldGet<V>(arc, LaneLoad<V>(&kCircle.aCos[i * kLanes<V>]),
                                       LaneLoad<V>(&kCircle.aSin[i * kLanes<V>]));
     for (std::size_t j = 0; j <= FieldTrack::kOrderMost; ++j) {
         V aSums[6]{};
@@ -219,9 +219,9 @@ HOPCAST_INLINE void FieldTrackFill(FieldTrack& tbl, const Arc& tblArc)
     }
 }
 
-HOPCAST_WIDE void FieldTrackWideFill(FieldTrack& tbl, const Arc& tblArc)
+HOPCAST_WIDE void FieldTrackWideFill(FieldTrack& tbl, const Arc& arc)
 {
-    FieldTrackFill<Lanes4>(tbl, tblArc);
+    FieldTrackFill<Lanes4>(tbl, arc);
 }
 
 template <class V>
@@ -231,12 +231,11 @@ HOPCAST_INLINE void FieldsFill(const FieldPlaces& tbl)
     for (std::size_t i = 0; i < tbl.nCount; i += kLanes<V>) {
         const V vSinLat = LaneMax<V>(LaneMin<V>(LaneLoad<V>(tbl.pSinLat + i), vMost), -vMost);
         const V vCosLat = LaneMax<V>(LaneLoad<V>(tbl.pCosLat + i), LaneAll<V>(kCosLatLeast));
-        const Field<V> tblField = FieldGet<V>(vSinLat, vCosLat, LaneLoad<V>(tbl.pSinLon + i),
-                                              LaneLoad<V>(tbl.pCosLon + i), kScaledMaps);
-        const V vFlat2 = tblField.tX * tblField.tX + tblField.tY * tblField.tY;
-        LaneStore<V>(tbl.pDip + i, tblField.tZ / LaneSqrt<V>(vFlat2));
-        LaneStore<V>(tbl.pGyro + i,
-                     kGyroPerField * LaneSqrt<V>(vFlat2 + tblField.tZ * tblField.tZ));
+        const Field<V> field = FieldGet<V>(vSinLat, vCosLat, LaneLoad<V>(tbl.pSinLon + i),
+                                           LaneLoad<V>(tbl.pCosLon + i), kScaledMaps);
+        const V vFlat2 = field.tX * field.tX + field.tY * field.tY;
+        LaneStore<V>(tbl.pDip + i, field.tZ / LaneSqrt<V>(vFlat2));
+        LaneStore<V>(tbl.pGyro + i, kGyroPerField * LaneSqrt<V>(vFlat2 + field.tZ * field.tZ));
     }
 }
 
@@ -253,11 +252,11 @@ void MagneticFieldsFill(const FieldPlaces& tbl)
     for (std::size_t i = 0; i < tbl.nCount; ++i) tbl.pDip[i] = std::atan(tbl.pDip[i]);
 }
 
-MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight)
+MagneticField MagneticFieldGet(const Place& place, FieldHeight eHeight)
 {
-    const Scaled& tblScaled = eHeight == FieldHeight::Absorption ? kScaledAbsorption : kScaledMaps;
-    const auto tbl = FieldGet<double>(SinLatGet(tblPlace), CosLatGet(tblPlace), tblPlace.dSinLon,
-                                      tblPlace.dCosLon, tblScaled);
+    const Scaled& scaled = eHeight == FieldHeight::Absorption ? kScaledAbsorption : kScaledMaps;
+    const auto tbl =
+        FieldGet<double>(SinLatGet(place), CosLatGet(place), place.dSinLon, place.dCosLon, scaled);
     const double dFlat = std::sqrt(tbl.tX * tbl.tX + tbl.tY * tbl.tY);
     const double dTotal = std::sqrt(dFlat * dFlat + tbl.tZ * tbl.tZ);
     return {std::atan2(tbl.tZ, dFlat), tbl.tZ / dTotal, kGyroPerField * dTotal};
@@ -276,13 +275,13 @@ double FieldTrackGyroDipGet(const FieldTrack& tbl, double dCos, double dSin)
     return kGyroPerField * std::abs(dDown);
 }
 
-FieldTrack FieldTrackMake(const Arc& tblArc)
+FieldTrack FieldTrackMake(const Arc& arc)
 {
     FieldTrack tbl;
     if (LanesWideIs())
-        FieldTrackWideFill(tbl, tblArc);
+        FieldTrackWideFill(tbl, arc);
     else
-        FieldTrackFill<Lanes2>(tbl, tblArc);
+        FieldTrackFill<Lanes2>(tbl, arc);
     return tbl;
 }
 

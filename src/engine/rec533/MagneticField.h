@@ -22,7 +22,7 @@ struct MagneticField {
 
 enum class FieldHeight { Absorption, Maps };  ///< 100 km, 300 km
 
-[[nodiscard]] MagneticField MagneticFieldGet(const Place& tblPlace, FieldHeight eHeight);
+[[nodiscard]] MagneticField MagneticFieldGet(const Place& place, FieldHeight eHeight);
 
 /// The fields at 300 km of several places.
 struct FieldPlaces {
@@ -45,7 +45,7 @@ struct FieldTrack {
     std::array<double, kOrderMost + 1> aDownCos, aDownSin, aAlongCos, aAlongSin, aAcrossCos,
         aAcrossSin;
 };
-[[nodiscard]] FieldTrack FieldTrackMake(const Arc& tblArc);
+[[nodiscard]] FieldTrack FieldTrackMake(const Arc& arc);
 
 /// |fH sin I| at an angle from the circle's start, from its cosine and sine, MHz.
 [[nodiscard]] double FieldTrackGyroDipGet(const FieldTrack& tbl, double dCos, double dSin);

@@ -54,26 +54,25 @@ HOPCAST_INLINE void FunctionsAdd(std::array<V, kCells>& aCells, const Functions<
     }
 }
 
-void MapPlaceAdd(MapPlace& tblMap, const Place& tblPlace, double dDip, double dWeight)
+void MapPlaceAdd(MapPlace& map, const Place& place, double dDip, double dWeight)
 {
-    const auto tbl =
-        FunctionsGet<double>(tblPlace.dCosLat, tblPlace.dSinLon, tblPlace.dCosLon, dDip);
-    FunctionsAdd<double>(tblMap.aFof2, tbl, kFof2Last, dWeight);
-    FunctionsAdd<double>(tblMap.aM3, tbl, kM3Last, dWeight);
+    const auto tbl = FunctionsGet<double>(place.dCosLat, place.dSinLon, place.dCosLon, dDip);
+    FunctionsAdd<double>(map.aFof2, tbl, kFof2Last, dWeight);
+    FunctionsAdd<double>(map.aM3, tbl, kM3Last, dWeight);
 }
 
 // The four grid places of the ITU program and their weights.
-void GridAdd(MapPlace& tblMap, const Place& tblPlace)
+void GridAdd(MapPlace& map, const Place& place)
 {
     constexpr double kStep = 1.5;  // degrees
-    const double dLat = tblPlace.dLat * kDegrees / kStep;
-    const double dLon = tblPlace.dLon * kDegrees / kStep;
+    const double dLat = place.dLat * kDegrees / kStep;
+    const double dLon = place.dLon * kDegrees / kStep;
     const int nLat = static_cast<int>(dLat);  // toward zero
     const int nLon = static_cast<int>(dLon);
     const double dR = std::abs(dLat) - std::abs(nLat);
     const double dC = std::abs(dLon) - std::abs(nLon);
-    const int nSouth = tblPlace.dLat >= 0.0 ? nLat : nLat - 1;
-    const int nWest = tblPlace.dLon >= 0.0 ? nLon : nLon - 1;
+    const int nSouth = place.dLat >= 0.0 ? nLat : nLat - 1;
+    const int nWest = place.dLon >= 0.0 ? nLon : nLon - 1;
     for (int i = 0; i < 4; ++i) {
         const bool bNorth = i % 2 == 1;
         const bool bEast = i / 2 == 1;
@@ -81,8 +80,8 @@ void GridAdd(MapPlace& tblMap, const Place& tblPlace)
         if (dWeight == 0.0)
             continue;
         const int nRow = std::clamp(nSouth + (bNorth ? 1 : 0), -60, 60);
-        const Place tblNode = PlaceFromDegrees(kStep * nRow, kStep * (nWest + (bEast ? 1 : 0)));
-        MapPlaceAdd(tblMap, tblNode, MagneticFieldGet(tblNode, FieldHeight::Maps).dDip, dWeight);
+        const Place node = PlaceFromDegrees(kStep * nRow, kStep * (nWest + (bEast ? 1 : 0)));
+        MapPlaceAdd(map, node, MagneticFieldGet(node, FieldHeight::Maps).dDip, dWeight);
     }
 }
 
@@ -153,50 +152,49 @@ HOPCAST_INLINE void PlacesHoursFill(const MapRows& aRows, std::size_t nAt, std::
 }
 
 template <class V>
-HOPCAST_INLINE void PlacesLanesFill(const MapRows& aFof2, const MapRows& aM3,
-                                    const MapHours& tblHours, const MapPlaces& tblPlaces,
-                                    int nFirst, int nLast)
+HOPCAST_INLINE void PlacesLanesFill(const MapRows& aFof2, const MapRows& aM3, const MapHours& hours,
+                                    const MapPlaces& places, int nFirst, int nLast)
 {
-    for (std::size_t i = 0; i < tblPlaces.nCount; i += kLanes<V>) {
+    for (std::size_t i = 0; i < places.nCount; i += kLanes<V>) {
         const auto tbl =
-            FunctionsGet<V>(LaneLoad<V>(tblPlaces.pCosLat + i), LaneLoad<V>(tblPlaces.pSinLon + i),
-                            LaneLoad<V>(tblPlaces.pCosLon + i), LaneLoad<V>(tblPlaces.pDip + i));
+            FunctionsGet<V>(LaneLoad<V>(places.pCosLat + i), LaneLoad<V>(places.pSinLon + i),
+                            LaneLoad<V>(places.pCosLon + i), LaneLoad<V>(places.pDip + i));
         std::array<V, kFof2Functions> aFof2Places{};
         std::array<V, kM3Functions> aM3Places{};
         FunctionsAdd<V>(aFof2Places, tbl, kFof2Last, 1.0);
         FunctionsAdd<V>(aM3Places, tbl, kM3Last, 1.0);
-        const std::size_t nCount = std::min<std::size_t>(kLanes<V>, tblPlaces.nCount - i);
+        const std::size_t nCount = std::min<std::size_t>(kLanes<V>, places.nCount - i);
         constexpr std::size_t kTogether = 6;
         auto t = static_cast<std::size_t>(nFirst);
         for (; t + kTogether <= static_cast<std::size_t>(nLast) + 1; t += kTogether) {
-            PlacesHoursFill<V, kTogether>(aFof2, i, nCount, tblHours.aFof2, aFof2Places, t);
-            PlacesHoursFill<V, kTogether>(aM3, i, nCount, tblHours.aM3, aM3Places, t);
+            PlacesHoursFill<V, kTogether>(aFof2, i, nCount, hours.aFof2, aFof2Places, t);
+            PlacesHoursFill<V, kTogether>(aM3, i, nCount, hours.aM3, aM3Places, t);
         }
         for (; t <= static_cast<std::size_t>(nLast); ++t) {
-            PlacesHoursFill<V, 1>(aFof2, i, nCount, tblHours.aFof2, aFof2Places, t);
-            PlacesHoursFill<V, 1>(aM3, i, nCount, tblHours.aM3, aM3Places, t);
+            PlacesHoursFill<V, 1>(aFof2, i, nCount, hours.aFof2, aFof2Places, t);
+            PlacesHoursFill<V, 1>(aM3, i, nCount, hours.aM3, aM3Places, t);
         }
     }
 }
 
-HOPCAST_WIDE void PlacesWideFill(const MapRows& aFof2, const MapRows& aM3, const MapHours& tblHours,
-                                 const MapPlaces& tblPlaces, int nFirst, int nLast)
+HOPCAST_WIDE void PlacesWideFill(const MapRows& aFof2, const MapRows& aM3, const MapHours& hours,
+                                 const MapPlaces& places, int nFirst, int nLast)
 {
-    PlacesLanesFill<Lanes4>(aFof2, aM3, tblHours, tblPlaces, nFirst, nLast);
+    PlacesLanesFill<Lanes4>(aFof2, aM3, hours, places, nFirst, nLast);
 }
 
 }  // namespace
 
-void MapPlacesFill(const MapRows& aFof2, const MapRows& aM3, const MapHours& tblHours,
-                   const MapPlaces& tblPlaces, int nFirst, int nLast)
+void MapPlacesFill(const MapRows& aFof2, const MapRows& aM3, const MapHours& hours,
+                   const MapPlaces& places, int nFirst, int nLast)
 {
     if (LanesWideIs())
-        PlacesWideFill(aFof2, aM3, tblHours, tblPlaces, nFirst, nLast);
+        PlacesWideFill(aFof2, aM3, hours, places, nFirst, nLast);
     else
-        PlacesLanesFill<Lanes2>(aFof2, aM3, tblHours, tblPlaces, nFirst, nLast);
+        PlacesLanesFill<Lanes2>(aFof2, aM3, hours, places, nFirst, nLast);
 }
 
-void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dActivity, double dSsn)
+void MapHoursFill(MapHours& hours, MapSet eSet, int nMonth, double dActivity, double dSsn)
 {
     std::array<double, std::size_t{kFof2Functions} * kFof2Harmonics> aFof2{};
     std::array<double, std::size_t{kM3Functions} * kM3Harmonics> aM3{};
@@ -210,31 +208,30 @@ void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dActivity,
     SeriesFill<kM3Functions, kM3Harmonics>(aM3, FiguresM3(nMonth).data(), dSsn, 1.0);
     for (int i = 0; i < 24; ++i) {
         const auto nAt = static_cast<std::size_t>(i);
-        HourFill<kFof2Functions, kFof2Harmonics>(tblHours.aFof2[nAt], aFof2, i);
-        HourFill<kM3Functions, kM3Harmonics>(tblHours.aM3[nAt], aM3, i);
-        tblHours.aM3[nAt][kM3Functions] = 0.0;
+        HourFill<kFof2Functions, kFof2Harmonics>(hours.aFof2[nAt], aFof2, i);
+        HourFill<kM3Functions, kM3Harmonics>(hours.aM3[nAt], aM3, i);
+        hours.aM3[nAt][kM3Functions] = 0.0;
     }
 }
 
-void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, const MagneticField& tblField,
-                  bool bGrid)
+void MapPlaceFill(MapPlace& map, const Place& place, const MagneticField& field, bool bGrid)
 {
-    tblMap.aFof2.fill(0.0);
-    tblMap.aM3.fill(0.0);
+    map.aFof2.fill(0.0);
+    map.aM3.fill(0.0);
     if (bGrid)
-        GridAdd(tblMap, tblPlace);
+        GridAdd(map, place);
     else
-        MapPlaceAdd(tblMap, tblPlace, tblField.dDip, 1.0);
+        MapPlaceAdd(map, place, field.dDip, 1.0);
 }
 
-double MapFof2Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour)
+double MapFof2Get(const MapHours& hours, const MapPlace& map, int nHour)
 {
-    return ProductGet(tblHours.aFof2[static_cast<std::size_t>(nHour)], tblMap.aFof2);
+    return ProductGet(hours.aFof2[static_cast<std::size_t>(nHour)], map.aFof2);
 }
 
-double MapM3Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour)
+double MapM3Get(const MapHours& hours, const MapPlace& map, int nHour)
 {
-    return ProductGet(tblHours.aM3[static_cast<std::size_t>(nHour)], tblMap.aM3);
+    return ProductGet(hours.aM3[static_cast<std::size_t>(nHour)], map.aM3);
 }
 
 }  // namespace rec533

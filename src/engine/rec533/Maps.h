@@ -25,7 +25,7 @@ struct MapHours {
 };
 
 /// dActivity: index of foF2; dSsn: sunspot number of M(3000)F2; both mix the figures for 0 and 100.
-void MapHoursFill(MapHours& tblHours, MapSet eSet, int nMonth, double dActivity, double dSsn);
+void MapHoursFill(MapHours& hours, MapSet eSet, int nMonth, double dActivity, double dSsn);
 
 /// Geographic functions at one place.
 struct MapPlace {
@@ -33,12 +33,11 @@ struct MapPlace {
     alignas(16) std::array<double, kM3Functions + 1> aM3;
 };
 
-/// tblField: at 300 km over the place.
+/// field: at 300 km over the place.
 /// bGrid: the ITU program reads grids of 1.5 degrees and interpolates; its weights count from the
 /// wrong side of the cell in the south and the west. The maps being linear, that is a mean of the
 /// functions of four places. Else the series is taken at the place itself.
-void MapPlaceFill(MapPlace& tblMap, const Place& tblPlace, const MagneticField& tblField,
-                  bool bGrid);
+void MapPlaceFill(MapPlace& map, const Place& place, const MagneticField& field, bool bGrid);
 
 /// Several places at once: cosines of latitude, sines and cosines of longitude, dip at 300 km.
 /// Behind the last one there is room for a whole vector.
@@ -52,10 +51,10 @@ struct MapPlaces {
 /// Rows of values by hour UT; those of hours that are not wanted may be null.
 using MapRows = std::array<double*, 24>;
 /// foF2 and M(3000)F2 of the hours from nFirst to nLast.
-void MapPlacesFill(const MapRows& aFof2, const MapRows& aM3, const MapHours& tblHours,
-                   const MapPlaces& tblPlaces, int nFirst, int nLast);
+void MapPlacesFill(const MapRows& aFof2, const MapRows& aM3, const MapHours& hours,
+                   const MapPlaces& places, int nFirst, int nLast);
 
-[[nodiscard]] double MapFof2Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour);
-[[nodiscard]] double MapM3Get(const MapHours& tblHours, const MapPlace& tblMap, int nHour);
+[[nodiscard]] double MapFof2Get(const MapHours& hours, const MapPlace& map, int nHour);
+[[nodiscard]] double MapM3Get(const MapHours& hours, const MapPlace& map, int nHour);
 
 }  // namespace rec533

@@ -19,23 +19,22 @@ struct Screen {
 
 Screen ScreenMake(const WayHour& tbl)
 {
-    Screen tblScreen;
-    const Ionosphere& tblIono = *tbl.pWay->pIonosphere;
-    const double dKm = tbl.pWay->tblWay.dKm;
+    Screen screen;
+    const Ionosphere& iono = *tbl.pWay->pIonosphere;
+    const double dKm = tbl.pWay->way.dKm;
     if (dKm > kScreenedMost || tbl.nOrderF2 == 0)
-        return tblScreen;
-    tblScreen.dFoe = tbl.dFoeScreen;
-    const auto fnAdd = [&](const F2Layer& tblLayer) {
-        tblScreen.aLayers[tblScreen.nLayers++] =
-            MirrorLayerMake(tblLayer.dFof2, tblLayer.dFoe, tblLayer.dM3, tblIono.dSsnLimited,
-                            tblIono.quirks.bNoMirrorTerm);
+        return screen;
+    screen.dFoe = tbl.dFoeScreen;
+    const auto fnAdd = [&](const F2Layer& layer) {
+        screen.aLayers[screen.nLayers++] = MirrorLayerMake(
+            layer.dFof2, layer.dFoe, layer.dM3, iono.dSsnLimited, iono.quirks.bNoMirrorTerm);
     };
     if (dKm > tbl.dRangeMost)
-        fnAdd(tbl.tblHopT);
-    fnAdd(tbl.tblMid);
+        fnAdd(tbl.hopT);
+    fnAdd(tbl.mid);
     if (dKm > tbl.dRangeMost)
-        fnAdd(tbl.tblHopR);
-    return tblScreen;
+        fnAdd(tbl.hopR);
+    return screen;
 }
 
 // What a mode has at every frequency.
@@ -52,32 +51,32 @@ struct ModeNumbers {
     int nCrossings;
 };
 
-ModeNumbers ModeNumbersGet(const WayHour& tbl, const Mode& tblMode)
+ModeNumbers ModeNumbersGet(const WayHour& tbl, const Mode& mode)
 {
-    const WayPath& tblPath = *tbl.pWay;
-    ModeNumbers tblN{};
-    tblN.pMode = &tblMode;
-    tblN.dHop = tblPath.tblWay.dKm / tblMode.nHops;
-    tblN.bFar = tblPath.tblWay.dKm > 3000.0;
-    tblN.dAbsorption = tblMode.nHops * (1.0 + 0.0067 * tblPath.pIonosphere->dSsnLimited)
-                       / (2 * tblMode.nHops * tblMode.dCosIncidence);
-    const double dSlant = 20.0 * std::log10(tblMode.dSlant);
-    tblN.dLoss =
-        kLossFree + dSlant + tblMode.dAuroral + kLossGround * (tblMode.nHops - 1) + kLossOther;
-    tblN.dField = kFieldOfKilowatt + tblPath.dPowerDb + tblMode.dTxGain;
-    tblN.dHopField = tblN.dField - kLossFree - dSlant - tblMode.dAuroral - kLossHopSum;
-    return tblN;
+    const WayPath& path = *tbl.pWay;
+    ModeNumbers numbers{};
+    numbers.pMode = &mode;
+    numbers.dHop = path.way.dKm / mode.nHops;
+    numbers.bFar = path.way.dKm > 3000.0;
+    numbers.dAbsorption = mode.nHops * (1.0 + 0.0067 * path.pIonosphere->dSsnLimited)
+                          / (2 * mode.nHops * mode.dCosIncidence);
+    const double dSlant = 20.0 * std::log10(mode.dSlant);
+    numbers.dLoss =
+        kLossFree + dSlant + mode.dAuroral + kLossGround * (mode.nHops - 1) + kLossOther;
+    numbers.dField = kFieldOfKilowatt + path.dPowerDb + mode.dTxGain;
+    numbers.dHopField = numbers.dField - kLossFree - dSlant - mode.dAuroral - kLossHopSum;
+    return numbers;
 }
 
 // Makes a mode's crossings, if they are not there.
-void ModeCrossingsMake(WayHour& tbl, Mode& tblMode)
+void ModeCrossingsMake(WayHour& tbl, Mode& mode)
 {
-    if (tblMode.nCrossing >= 0)
+    if (mode.nCrossing >= 0)
         return;
-    tblMode.nCrossing = tbl.nCrossings;
-    tbl.nCrossings += 2 * tblMode.nHops;
-    CrossingsFill(tbl.tblAbsorption, tbl.pWay->tblTrack, tblMode.nHops, tblMode.dElevation,
-                  &tbl.aCrossings[static_cast<std::size_t>(tblMode.nCrossing)]);
+    mode.nCrossing = tbl.nCrossings;
+    tbl.nCrossings += 2 * mode.nHops;
+    CrossingsFill(tbl.absorption, tbl.pWay->track, mode.nHops, mode.dElevation,
+                  &tbl.aCrossings[static_cast<std::size_t>(mode.nCrossing)]);
 }
 
 // Loss of a mode above its basic MUF, from the root of f/MUF - 1 where that is above 0.
@@ -100,13 +99,14 @@ HOPCAST_INLINE V WorstLossGet(const V& vF, double dWorst)
 
 // Screening frequency of an F2 mode. The elevation's cosine comes from its tangent.
 template <class V>
-HOPCAST_INLINE V ScreeningGet(const Screen& tbl, const ModeNumbers& tblN, const V& vF, V& vMirror)
+HOPCAST_INLINE V ScreeningGet(const Screen& tbl, const ModeNumbers& numbers, const V& vF,
+                              V& vMirror)
 {
     vMirror = V{};
     for (std::size_t i = 0; i < tbl.nLayers; ++i)
-        vMirror += MirrorHeightLanesGet<V>(tbl.aLayers[i], vF, tblN.dHop);
+        vMirror += MirrorHeightLanesGet<V>(tbl.aLayers[i], vF, numbers.dHop);
     vMirror = vMirror / static_cast<double>(tbl.nLayers);
-    const V vTan = (tblN.dCosHalf - kEarthKm / (kEarthKm + vMirror)) / tblN.dSinHalf;
+    const V vTan = (numbers.dCosHalf - kEarthKm / (kEarthKm + vMirror)) / numbers.dSinHalf;
     constexpr double kAtE = kEarthKm / (kEarthKm + kHeightE);
     const V vSin2 = kAtE * kAtE / (1.0 + vTan * vTan);
     return 1.05 * tbl.dFoe / LaneSqrt<V>(1.0 - vSin2);
@@ -114,15 +114,15 @@ HOPCAST_INLINE V ScreeningGet(const Screen& tbl, const ModeNumbers& tblN, const 
 
 // First frequencies, whether any is above the screening.
 template <class V>
-HOPCAST_INLINE bool ModeScreeningFill(ModeRows& tbl, const Screen& tblScreen,
-                                      const ModeNumbers& tblN, const FrequencySet& tblSet)
+HOPCAST_INLINE bool ModeScreeningFill(ModeRows& tbl, const Screen& screen,
+                                      const ModeNumbers& numbers, const FrequencySet& set)
 {
     bool bAny = false;
-    for (std::size_t i = 0; i < tblSet.nCount; i += kLanes<V>) {
-        const V vF = LaneLoad<V>(&tblSet.aMegahertz[i]);
+    for (std::size_t i = 0; i < set.nCount; i += kLanes<V>) {
+        const V vF = LaneLoad<V>(&set.aMegahertz[i]);
         V vScreening{}, vMirror{};
-        if (tblScreen.nLayers > 0 && !tblN.pMode->bE)
-            vScreening = ScreeningGet<V>(tblScreen, tblN, vF, vMirror);
+        if (screen.nLayers > 0 && !numbers.pMode->bE)
+            vScreening = ScreeningGet<V>(screen, numbers, vF, vMirror);
         const auto maskUsed = vScreening < vF;
         bAny = bAny || LaneAny(maskUsed);
         LaneStore(&tbl.aUsed[i], LaneSelect(maskUsed, LaneAll<V>(1.0), LaneAll<V>(0.0)));
@@ -133,67 +133,67 @@ HOPCAST_INLINE bool ModeScreeningFill(ModeRows& tbl, const Screen& tblScreen,
 }
 
 template <class V>
-HOPCAST_INLINE void ModeFieldFill(ModeRows& tbl, const ModeNumbers& tblN,
-                                  const FrequencySet& tblSet)
+HOPCAST_INLINE void ModeFieldFill(ModeRows& tbl, const ModeNumbers& numbers,
+                                  const FrequencySet& set)
 {
-    const Mode& tblMode = *tblN.pMode;
-    for (std::size_t i = 0; i < tblSet.nCount; i += kLanes<V>) {
-        const V vF = LaneLoad<V>(&tblSet.aMegahertz[i]);
-        const V vDb = LaneLoad<V>(&tblSet.aDb[i]);
+    const Mode& mode = *numbers.pMode;
+    for (std::size_t i = 0; i < set.nCount; i += kLanes<V>) {
+        const V vF = LaneLoad<V>(&set.aMegahertz[i]);
+        const V vDb = LaneLoad<V>(&set.aDb[i]);
         const V vSum =
-            AbsorptionSumGet<V>(tblN.pCrossings, tblN.nCrossings, vF * tblMode.dCosIncidence);
-        const V vWide = vF + tblMode.dGyro;
-        const V vAbsorption = tblN.dAbsorption * vSum / (vWide * vWide);
-        const V vOver = vF / tblMode.dMuf - 1.0;
+            AbsorptionSumGet<V>(numbers.pCrossings, numbers.nCrossings, vF * mode.dCosIncidence);
+        const V vWide = vF + mode.dGyro;
+        const V vAbsorption = numbers.dAbsorption * vSum / (vWide * vWide);
+        const V vOver = vF / mode.dMuf - 1.0;
         const V vRoot = LaneSqrt<V>(LaneMax<V>(vOver, LaneAll<V>(0.0)));
         const V vLoss =
-            tblN.dLoss + vDb + vAbsorption + MufLossGet<V>(tblMode.bE, tblN.bFar, vOver, vRoot);
+            numbers.dLoss + vDb + vAbsorption + MufLossGet<V>(mode.bE, numbers.bFar, vOver, vRoot);
         LaneStore<V>(&tbl.aLoss[i], vLoss);
-        LaneStore<V>(&tbl.aField[i], tblN.dField + vDb - vLoss);
-        if (tblMode.dWorst > 0.0)
+        LaneStore<V>(&tbl.aField[i], numbers.dField + vDb - vLoss);
+        if (mode.dWorst > 0.0)
             LaneStore<V>(&tbl.aHopField[i],
-                         tblN.dHopField - vAbsorption - WorstLossGet<V>(vF, tblMode.dWorst));
+                         numbers.dHopField - vAbsorption - WorstLossGet<V>(vF, mode.dWorst));
     }
 }
 
-HOPCAST_WIDE bool ModeScreeningWide(ModeRows& tbl, const Screen& tblScreen, const ModeNumbers& tblN,
-                                    const FrequencySet& tblSet)
+HOPCAST_WIDE bool ModeScreeningWide(ModeRows& tbl, const Screen& screen, const ModeNumbers& numbers,
+                                    const FrequencySet& set)
 {
-    return ModeScreeningFill<Lanes4>(tbl, tblScreen, tblN, tblSet);
+    return ModeScreeningFill<Lanes4>(tbl, screen, numbers, set);
 }
 
-HOPCAST_WIDE void ModeFieldWide(ModeRows& tbl, const ModeNumbers& tblN, const FrequencySet& tblSet)
+HOPCAST_WIDE void ModeFieldWide(ModeRows& tbl, const ModeNumbers& numbers, const FrequencySet& set)
 {
-    ModeFieldFill<Lanes4>(tbl, tblN, tblSet);
+    ModeFieldFill<Lanes4>(tbl, numbers, set);
 }
 
 }  // namespace
 
-void ModesRowsFill(ModesRows& aRows, WayHour& tblHour, const FrequencySet& tblSet)
+void ModesRowsFill(ModesRows& aRows, WayHour& hour, const FrequencySet& set)
 {
     const bool bWide = LanesWideIs();
-    const Screen tblScreen = ScreenMake(tblHour);
-    for (std::size_t i = 0; i < static_cast<std::size_t>(tblHour.nModes); ++i) {
-        Mode& tblMode = tblHour.aModes[i];
+    const Screen screen = ScreenMake(hour);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(hour.nModes); ++i) {
+        Mode& mode = hour.aModes[i];
         ModeRows& tbl = aRows[i];
-        ModeNumbers tblN = ModeNumbersGet(tblHour, tblMode);
-        if (tblScreen.nLayers > 0) {
-            tblN.dSinHalf = std::sin(tblN.dHop / (2.0 * kEarthKm));
-            tblN.dCosHalf = std::cos(tblN.dHop / (2.0 * kEarthKm));
+        ModeNumbers numbers = ModeNumbersGet(hour, mode);
+        if (screen.nLayers > 0) {
+            numbers.dSinHalf = std::sin(numbers.dHop / (2.0 * kEarthKm));
+            numbers.dCosHalf = std::cos(numbers.dHop / (2.0 * kEarthKm));
         }
-        const bool bAny = bWide ? ModeScreeningWide(tbl, tblScreen, tblN, tblSet)
-                                : ModeScreeningFill<Lanes2>(tbl, tblScreen, tblN, tblSet);
-        if (!tblMode.bReaches)
+        const bool bAny = bWide ? ModeScreeningWide(tbl, screen, numbers, set)
+                                : ModeScreeningFill<Lanes2>(tbl, screen, numbers, set);
+        if (!mode.bReaches)
             tbl.aUsed.fill(0.0);
-        if (!bAny || !tblMode.bReaches)
+        if (!bAny || !mode.bReaches)
             continue;
-        ModeCrossingsMake(tblHour, tblMode);
-        tblN.pCrossings = &tblHour.aCrossings[static_cast<std::size_t>(tblMode.nCrossing)];
-        tblN.nCrossings = 2 * tblMode.nHops;
+        ModeCrossingsMake(hour, mode);
+        numbers.pCrossings = &hour.aCrossings[static_cast<std::size_t>(mode.nCrossing)];
+        numbers.nCrossings = 2 * mode.nHops;
         if (bWide)
-            ModeFieldWide(tbl, tblN, tblSet);
+            ModeFieldWide(tbl, numbers, set);
         else
-            ModeFieldFill<Lanes2>(tbl, tblN, tblSet);
+            ModeFieldFill<Lanes2>(tbl, numbers, set);
     }
 }
 

@@ -21,7 +21,7 @@ struct Mode {
     int nHops = 1;
     double dMuf = 0.0;    ///< basic MUF, median
     double dWorst = 0.0;  ///< in the hop sum: the lowest MUF of its hops
-    DecileFactors tblDeciles;
+    DecileFactors deciles;
     double dOperational = 0.0;  ///< operational MUF
     bool bReaches = true;       ///< its hop is short enough to carry power
     double dElevation = 0.0;
@@ -48,9 +48,9 @@ struct ModeRows {
 struct WayHour {
     WayPath* pWay = nullptr;
     int nLabel = 1;  ///< 1 to 24 UTC
-    FoeHour tblFoe;
-    AbsorptionHour tblAbsorption;
-    F2Layer tblMid, tblHopT, tblHopR;
+    FoeHour foe;
+    AbsorptionHour absorption;
+    F2Layer mid, hopT, hopR;
     double dFoeModes = 0.0;         ///< foE of the E modes
     double dFoeScreen = 0.0;        ///< foE of the screening
     double dRangeMost = 0.0;        ///< dmax of the path, limited
@@ -60,12 +60,12 @@ struct WayHour {
     int nModes = 0;
     std::array<Crossing, kCrossingsMost> aCrossings;
     int nCrossings = 0;
-    LongHour tblLong;
+    LongHour longPath;
 };
 
 struct Hour : WayHour {
     Path* pPath = nullptr;
-    NoiseHour tblNoise;
+    NoiseHour noise;
     double dMuf = 0.0, dMuf10 = 0.0,
            dMuf90 = 0.0;  ///< path basic MUF: median, 10 %, 90 % of the days
     double dOperational = 0.0, dOperational10 = 0.0, dOperational90 = 0.0;
@@ -73,11 +73,11 @@ struct Hour : WayHour {
 };
 
 /// Fills an hour (large: keep it off the stack of a loop). The path outlives it.
-void HourFill(Hour& tbl, Path& tblPath, int nLabel);
+void HourFill(Hour& tbl, Path& path, int nLabel);
 
 using ModesRows = std::array<ModeRows, kModesMost>;
 
 /// All modes at the frequencies of a set. Crossings are made when a mode first needs them.
-void ModesRowsFill(ModesRows& aRows, WayHour& tblHour, const FrequencySet& tblSet);
+void ModesRowsFill(ModesRows& aRows, WayHour& hour, const FrequencySet& set);
 
 }  // namespace rec533

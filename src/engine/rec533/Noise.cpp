@@ -33,10 +33,10 @@ std::array<double, kCount> SinesGet(double dX)
     return aSin;
 }
 
-double PlaceW(const Place& tblPlace) { return tblPlace.dLat + kPi / 2.0; }
+double PlaceW(const Place& place) { return place.dLat + kPi / 2.0; }
 
 // The longitude series gives the coefficients of the latitude series.
-double BlockSum(const NoiseFigures& tbl, const NoisePlace& tblPlace, std::size_t nBlock)
+double BlockSum(const NoiseFigures& tbl, const NoisePlace& place, std::size_t nBlock)
 {
     const float* pFakp = tbl.pFakp + (kLongitudeTerms + 1) * kLatitudeTerms * nBlock;
     std::array<double, kLatitudeTerms> aZ;
@@ -44,35 +44,35 @@ double BlockSum(const NoiseFigures& tbl, const NoisePlace& tblPlace, std::size_t
         aZ[j] = static_cast<double>(pFakp[kLongitudeTerms * kLatitudeTerms + j]);
     for (std::size_t k = 0; k < kLongitudeTerms; ++k)
         for (std::size_t j = 0; j < kLatitudeTerms; ++j)
-            aZ[j] += tblPlace.aLon[k] * static_cast<double>(pFakp[k * kLatitudeTerms + j]);
+            aZ[j] += place.aLon[k] * static_cast<double>(pFakp[k * kLatitudeTerms + j]);
     double dSum = static_cast<double>(tbl.pFakabp[2 * nBlock])
-                  + static_cast<double>(tbl.pFakabp[2 * nBlock + 1]) * PlaceW(tblPlace.tblPlace);
-    for (std::size_t j = 0; j < kLatitudeTerms; ++j) dSum += tblPlace.aLat[j] * aZ[j];
+                  + static_cast<double>(tbl.pFakabp[2 * nBlock + 1]) * PlaceW(place.place);
+    for (std::size_t j = 0; j < kLatitudeTerms; ++j) dSum += place.aLat[j] * aZ[j];
     return dSum;
 }
 
-double FigureGet(const NoiseFigures& tbl, NoisePlace& tblPlace, std::size_t nBlock)
+double FigureGet(const NoiseFigures& tbl, NoisePlace& place, std::size_t nBlock)
 {
     constexpr double kU1 = -0.75;  // 1 MHz
     const std::size_t nAt = nBlock % 6;
-    if (!tblPlace.aSummed[nAt]) {
+    if (!place.aSummed[nAt]) {
         const float* pFam = tbl.pFam + 14 * nBlock;
-        tblPlace.aFigure[nAt] = BlockSum(tbl, tblPlace, nAt) * (2.0 - PolynomialGet<7>(pFam, kU1))
-                                - PolynomialGet<7>(pFam + 7, kU1);
-        tblPlace.aSummed[nAt] = true;
+        place.aFigure[nAt] = BlockSum(tbl, place, nAt) * (2.0 - PolynomialGet<7>(pFam, kU1))
+                             - PolynomialGet<7>(pFam + 7, kU1);
+        place.aSummed[nAt] = true;
     }
-    return tblPlace.aFigure[nAt];
+    return place.aFigure[nAt];
 }
 
 }  // namespace
 
-NoisePlace NoisePlaceMake(const Place& tblPlace)
+NoisePlace NoisePlaceMake(const Place& place)
 {
-    const double dEast = tblPlace.dLon < 0.0 ? tblPlace.dLon + 2.0 * kPi : tblPlace.dLon;
+    const double dEast = place.dLon < 0.0 ? place.dLon + 2.0 * kPi : place.dLon;
     NoisePlace tbl;
-    tbl.tblPlace = tblPlace;
+    tbl.place = place;
     tbl.aLon = SinesGet<kLongitudeTerms>(dEast / 2.0);
-    tbl.aLat = SinesGet<kLatitudeTerms>(PlaceW(tblPlace));
+    tbl.aLat = SinesGet<kLatitudeTerms>(PlaceW(place));
     return tbl;
 }
 
@@ -86,34 +86,33 @@ NoiseBlock NoiseBlockGet(const NoiseFigures& tbl, std::size_t nBlock, double dFr
             PolynomialGet<5>(pUpper, dLogDecile), PolynomialGet<5>(pUpper + 60, dLogDecile)};
 }
 
-NoiseHour NoiseHourGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel)
+NoiseHour NoiseHourGet(const Ionosphere& tbl, NoisePlace& place, int nLabel)
 {
     const int nZone =
-        static_cast<int>(tblPlace.tblPlace.dLon * (12.0 / kPi));  // whole zones, toward zero
+        static_cast<int>(place.place.dLon * (12.0 / kPi));  // whole zones, toward zero
     const int nHour = HourWrap(SunHourOfLabel(tbl, nLabel) + nZone);
-    const std::size_t nSouth = tblPlace.tblPlace.dLat >= 0.0 ? 0 : 6;
-    NoiseHour tblHour;
-    tblHour.dPart = nHour % 4 / 4.0;
-    tblHour.nBlockA = static_cast<std::size_t>(nHour / 4) + nSouth;
-    tblHour.nBlockB = tblHour.dPart > 0.0 ? static_cast<std::size_t>((nHour / 4 + 1) % 6) + nSouth
-                                          : tblHour.nBlockA;
-    tblHour.dFigureA = FigureGet(tbl.tblNoise, tblPlace, tblHour.nBlockA);
-    tblHour.dFigureB = FigureGet(tbl.tblNoise, tblPlace, tblHour.nBlockB);
-    return tblHour;
+    const std::size_t nSouth = place.place.dLat >= 0.0 ? 0 : 6;
+    NoiseHour hour;
+    hour.dPart = nHour % 4 / 4.0;
+    hour.nBlockA = static_cast<std::size_t>(nHour / 4) + nSouth;
+    hour.nBlockB =
+        hour.dPart > 0.0 ? static_cast<std::size_t>((nHour / 4 + 1) % 6) + nSouth : hour.nBlockA;
+    hour.dFigureA = FigureGet(tbl.noise, place, hour.nBlockA);
+    hour.dFigureB = FigureGet(tbl.noise, place, hour.nBlockB);
+    return hour;
 }
 
-Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel,
-                          double dFrequency)
+Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& place, int nLabel, double dFrequency)
 {
-    const NoiseHour tblHour = NoiseHourGet(tbl, tblPlace, nLabel);
-    const NoiseBlock tblA = NoiseBlockGet(tbl.tblNoise, tblHour.nBlockA, dFrequency);
-    const NoiseBlock tblB = NoiseBlockGet(tbl.tblNoise, tblHour.nBlockB, dFrequency);
+    const NoiseHour hour = NoiseHourGet(tbl, place, nLabel);
+    const NoiseBlock blockA = NoiseBlockGet(tbl.noise, hour.nBlockA, dFrequency);
+    const NoiseBlock blockB = NoiseBlockGet(tbl.noise, hour.nBlockB, dFrequency);
     const auto fnMix = [&](double dA, double dB) {
-        return dA + DbFromPower(1.0 + (PowerFromDb(dB - dA) - 1.0) * tblHour.dPart);
+        return dA + DbFromPower(1.0 + (PowerFromDb(dB - dA) - 1.0) * hour.dPart);
     };
-    return {fnMix(tblA.dFactor * tblHour.dFigureA + tblA.dRest,
-                  tblB.dFactor * tblHour.dFigureB + tblB.dRest),
-            fnMix(tblA.dUpper, tblB.dUpper), fnMix(tblA.dLower, tblB.dLower)};
+    return {fnMix(blockA.dFactor * hour.dFigureA + blockA.dRest,
+                  blockB.dFactor * hour.dFigureB + blockB.dRest),
+            fnMix(blockA.dUpper, blockB.dUpper), fnMix(blockA.dLower, blockB.dLower)};
 }
 
 Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency, bool bSwapped)
@@ -143,16 +142,16 @@ Noise NoiseGalacticGet(double dFrequency)
     return {52.0 - 23.0 * std::log10(dFrequency), 2.0, 2.0};
 }
 
-Noise NoiseTotalGet(const Noise& tblAtmospheric, const Noise& tblManMade, const Noise& tblGalactic)
+Noise NoiseTotalGet(const Noise& atmospheric, const Noise& manMade, const Noise& galactic)
 {
     constexpr double kC = 4.3429448190325183;  // 10 / ln 10
     constexpr double kGalacticSigma = 1.56;
     constexpr double kDecileMost = 12.0;
-    const double aFa[3]{tblAtmospheric.dFa, tblManMade.dFa, tblGalactic.dFa};
+    const double aFa[3]{atmospheric.dFa, manMade.dFa, galactic.dFa};
     double aMedian[2], aDecile[2];
     for (int nPass = 0; nPass < 2; ++nPass) {
-        const double aD[3]{nPass == 0 ? tblAtmospheric.dUpper : tblAtmospheric.dLower,
-                           nPass == 0 ? tblManMade.dUpper : tblManMade.dLower,
+        const double aD[3]{nPass == 0 ? atmospheric.dUpper : atmospheric.dLower,
+                           nPass == 0 ? manMade.dUpper : manMade.dLower,
                            kGalacticSigma * kDecileSigma};
         double dAlpha = 0.0, dBeta = 0.0, dGamma = 0.0;
         for (int i = 0; i < 3; ++i) {

@@ -31,13 +31,13 @@ struct NoiseBlock {
 
 /// The noise maps at one place; a block is summed when it is first needed.
 struct NoisePlace {
-    Place tblPlace;
+    Place place;
     std::array<double, 15> aLon{};    ///< sines of the longitude series
     std::array<double, 29> aLat{};    ///< and of the latitude series
     std::array<double, 6> aFigure{};  ///< of the blocks
     std::array<bool, 6> aSummed{};
 };
-[[nodiscard]] NoisePlace NoisePlaceMake(const Place& tblPlace);
+[[nodiscard]] NoisePlace NoisePlaceMake(const Place& place);
 
 /// A label (hour) at a place: two blocks, mixed in power.
 struct NoiseHour {
@@ -45,10 +45,10 @@ struct NoiseHour {
     double dFigureA = 0.0, dFigureB = 0.0;
     double dPart = 0.0;  ///< of B; with 0 B is A
 };
-[[nodiscard]] NoiseHour NoiseHourGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel);
+[[nodiscard]] NoiseHour NoiseHourGet(const Ionosphere& tbl, NoisePlace& place, int nLabel);
 
 /// Atmospheric noise at a label (hour), its two blocks mixed.
-[[nodiscard]] Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& tblPlace, int nLabel,
+[[nodiscard]] Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& place, int nLabel,
                                         double dFrequency);
 /// Man-made noise. dLevel (dBW in 1 Hz at 3 MHz) serves the category Level; bSwapped: its deciles
 /// are the wrong way round, as the ITU program has them.
@@ -57,7 +57,7 @@ struct NoiseHour {
 [[nodiscard]] Noise NoiseGalacticGet(double dFrequency);
 
 /// The three combined (P.372, section 8). For information; the SNR takes the plain power sum.
-[[nodiscard]] Noise NoiseTotalGet(const Noise& tblAtmospheric, const Noise& tblManMade,
-                                  const Noise& tblGalactic);
+[[nodiscard]] Noise NoiseTotalGet(const Noise& atmospheric, const Noise& manMade,
+                                  const Noise& galactic);
 
 }  // namespace rec533

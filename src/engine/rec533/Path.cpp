@@ -12,100 +12,98 @@ constexpr double kSin60 = 0.86602540378443865;
 // 1000.
 bool HighLatitudeIs(const Path& tbl)
 {
-    if (tbl.tblWay.dKm <= kControlShort)
+    if (tbl.way.dKm <= kControlShort)
         return false;
-    double aSin[3]{tbl.tblMid.dGeomagneticSin, tbl.tblAheadT.dGeomagneticSin,
-                   tbl.tblAheadR.dGeomagneticSin};
+    double aSin[3]{tbl.mid.dGeomagneticSin, tbl.aheadT.dGeomagneticSin, tbl.aheadR.dGeomagneticSin};
     if (!tbl.pIonosphere->quirks.bNorthOnly)
         return std::any_of(aSin, aSin + 3, [](double dSin) { return std::abs(dSin) >= kSin60; });
-    if (tbl.tblWay.dKm > kLongOnly) {
-        const LongPath& tblLong = tbl.tblLong;
-        aSin[1] = GeomagneticSinGet(tblLong.aLowPlaces[0]);
+    if (tbl.way.dKm > kLongOnly) {
+        const LongPath& longPath = tbl.longPath;
+        aSin[1] = GeomagneticSinGet(longPath.aLowPlaces[0]);
         aSin[2] = GeomagneticSinGet(
-            tblLong.aLowPlaces[2 * static_cast<std::size_t>(tblLong.nLowHops) - 2]);
+            longPath.aLowPlaces[2 * static_cast<std::size_t>(longPath.nLowHops) - 2]);
     }
     return std::any_of(aSin, aSin + 3, [](double dSin) { return dSin >= kSin60; });
 }
 
 // A control point, with the field along the way in place of its own.
-void SiteOfWayFill(Site& tbl, const CrossingTrack& tblTrack, double dFraction)
+void SiteOfWayFill(Site& tbl, const CrossingTrack& track, double dFraction)
 {
-    const Way& tblWay = tblTrack.tblWay;
-    const double dAngle = dFraction * tblWay.dAngle;
+    const Way& way = track.way;
+    const double dAngle = dFraction * way.dAngle;
     const double dCos = std::cos(dAngle);
     const double dSin = std::sin(dAngle);
-    const std::size_t nArc = WayArcIndex(tblWay, dAngle);
-    tbl.tblPlace = ArcPlace(tblWay.aArcs[nArc], dCos, dSin);
+    const std::size_t nArc = WayArcIndex(way, dAngle);
+    tbl.place = ArcPlace(way.aArcs[nArc], dCos, dSin);
     tbl.bMap = false;
-    tbl.dGyroDip = FieldTrackGyroDipGet(tblTrack.aFields[nArc], dCos, dSin);
-    tbl.dGeomagneticSin = GeomagneticSinGet(tbl.tblPlace);
+    tbl.dGyroDip = FieldTrackGyroDipGet(track.aFields[nArc], dCos, dSin);
+    tbl.dGeomagneticSin = GeomagneticSinGet(tbl.place);
 }
 
 // The control points of a way whose geometry is there.
 void WaySitesFill(WayPath& tbl)
 {
-    const double dKm = tbl.tblWay.dKm;
-    tbl.tblTrack = CrossingTrackMake(tbl.tblWay);
-    SiteOfWayFill(tbl.tblMid, tbl.tblTrack, 0.5);
+    const double dKm = tbl.way.dKm;
+    tbl.track = CrossingTrackMake(tbl.way);
+    SiteOfWayFill(tbl.mid, tbl.track, 0.5);
     if (dKm > kControlShort) {
-        SiteOfWayFill(tbl.tblAheadT, tbl.tblTrack, kControlAhead / dKm);
-        SiteOfWayFill(tbl.tblAheadR, tbl.tblTrack, 1.0 - kControlAhead / dKm);
+        SiteOfWayFill(tbl.aheadT, tbl.track, kControlAhead / dKm);
+        SiteOfWayFill(tbl.aheadR, tbl.track, 1.0 - kControlAhead / dKm);
     }
     tbl.aHopMade.fill(false);
-    tbl.tblMiddles.aMade.fill(false);
+    tbl.middles.aMade.fill(false);
     if (dKm >= kShortOnly)
-        LongPathFill(tbl.tblLong, *tbl.pIonosphere, tbl.tblWay);
+        LongPathFill(tbl.longPath, *tbl.pIonosphere, tbl.way);
 }
 
 // The ways bent to the right and to the left of a long path.
 void BentWaysFill(Path& tbl)
 {
-    tbl.dBend = tbl.bHopSum ? WayBendGet(tbl.tblWay.dAngle) : 0.0;
+    tbl.dBend = tbl.bHopSum ? WayBendGet(tbl.way.dAngle) : 0.0;
     tbl.nBent = tbl.dBend > 0.0 ? tbl.aBent.size() : 0;
     for (std::size_t i = 0; i < tbl.nBent; ++i) {
-        WayPath& tblBent = tbl.aBent[i];
-        tblBent.pIonosphere = tbl.pIonosphere;
-        tblBent.nOnlyHour = tbl.nOnlyHour;
-        tblBent.pTx = tbl.pTx;
-        tblBent.pRx = tbl.pRx;
-        tblBent.dPowerDb = tbl.dPowerDb;
-        tblBent.dLeastElevation = tbl.dLeastElevation;
-        tblBent.bHopSum = true;
-        tblBent.tblTxLow = tbl.tblTxLow;
-        tblBent.tblRxLow = tbl.tblRxLow;
-        tblBent.tblWay = WayBentMake(tbl.tblWay, tbl.dBend, i == 0 ? -1.0 : 1.0);
-        WaySitesFill(tblBent);
-        tblBent.tblLong.dGap = tbl.tblLong.dGap;
+        WayPath& bent = tbl.aBent[i];
+        bent.pIonosphere = tbl.pIonosphere;
+        bent.nOnlyHour = tbl.nOnlyHour;
+        bent.pTx = tbl.pTx;
+        bent.pRx = tbl.pRx;
+        bent.dPowerDb = tbl.dPowerDb;
+        bent.dLeastElevation = tbl.dLeastElevation;
+        bent.bHopSum = true;
+        bent.txLow = tbl.txLow;
+        bent.rxLow = tbl.rxLow;
+        bent.way = WayBentMake(tbl.way, tbl.dBend, i == 0 ? -1.0 : 1.0);
+        WaySitesFill(bent);
+        bent.longPath.dGap = tbl.longPath.dGap;
     }
 }
 
 }  // namespace
 
-void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCircuit, int nOnlyLabel)
+void PathFill(Path& tbl, const Ionosphere& ionosphere, const Circuit& circuit, int nOnlyLabel)
 {
     constexpr double kShareLeast = 1.0;
     constexpr double kShareMost = 99.0;
     constexpr double kElevationMost = 60.0;  // degrees
-    tbl.pIonosphere = &tblIonosphere;
-    tbl.tblCircuit = tblCircuit;
-    tbl.tblCircuit.dRequiredReliability =
-        std::clamp(tblCircuit.dRequiredReliability, kShareLeast, kShareMost);
-    tbl.tblCircuit.dLeastElevation = std::clamp(tblCircuit.dLeastElevation, 0.0, kElevationMost);
-    tbl.dLeastElevation = tbl.tblCircuit.dLeastElevation * kRadians;
-    tbl.tblTxLow = AntennaLowGet(tblCircuit.pTx, tbl.tblCircuit.dLeastElevation);
-    tbl.tblRxLow = AntennaLowGet(tblCircuit.pRx, tbl.tblCircuit.dLeastElevation);
-    tbl.dShareQuantile = ShareQuantileGet(tbl.tblCircuit.dRequiredReliability);
-    tbl.dPowerDb = DbFromPower(tblCircuit.dPowerKw);
-    const Place tblRx = PlaceFromDegrees(tblCircuit.dRxLat, tblCircuit.dRxLon);
+    tbl.pIonosphere = &ionosphere;
+    tbl.circuit = circuit;
+    tbl.circuit.dRequiredReliability =
+        std::clamp(circuit.dRequiredReliability, kShareLeast, kShareMost);
+    tbl.circuit.dLeastElevation = std::clamp(circuit.dLeastElevation, 0.0, kElevationMost);
+    tbl.dLeastElevation = tbl.circuit.dLeastElevation * kRadians;
+    tbl.txLow = AntennaLowGet(circuit.pTx, tbl.circuit.dLeastElevation);
+    tbl.rxLow = AntennaLowGet(circuit.pRx, tbl.circuit.dLeastElevation);
+    tbl.dShareQuantile = ShareQuantileGet(tbl.circuit.dRequiredReliability);
+    tbl.dPowerDb = DbFromPower(circuit.dPowerKw);
+    const Place rx = PlaceFromDegrees(circuit.dRxLat, circuit.dRxLon);
     tbl.nOnlyHour = nOnlyLabel > 0 ? MapHourGet(nOnlyLabel) : -1;
-    tbl.pTx = tblCircuit.pTx;
-    tbl.pRx = tblCircuit.pRx;
-    tbl.tblWay =
-        WayMake(PlaceFromDegrees(tblCircuit.dTxLat, tblCircuit.dTxLon), tblRx, tblCircuit.bLongWay);
-    tbl.bHopSum = tblIonosphere.eBehaviour == Behaviour::Best && tbl.tblWay.dKm > kShortOnly;
+    tbl.pTx = circuit.pTx;
+    tbl.pRx = circuit.pRx;
+    tbl.way = WayMake(PlaceFromDegrees(circuit.dTxLat, circuit.dTxLon), rx, circuit.bLongWay);
+    tbl.bHopSum = ionosphere.eBehaviour == Behaviour::Best && tbl.way.dKm > kShortOnly;
     WaySitesFill(tbl);
     BentWaysFill(tbl);
-    tbl.tblNoise = NoisePlaceMake(tblRx);
+    tbl.noise = NoisePlaceMake(rx);
     tbl.bHighLatitude = HighLatitudeIs(tbl);
 }
 
@@ -115,8 +113,8 @@ void PathHopSitesMake(WayPath& tbl, int nOrder)
     if (tbl.aHopMade[nAt])
         return;
     const double dHalf = 0.5 / nOrder;
-    SiteOfWayFill(tbl.aHopT[nAt], tbl.tblTrack, dHalf);
-    SiteOfWayFill(tbl.aHopR[nAt], tbl.tblTrack, 1.0 - dHalf);
+    SiteOfWayFill(tbl.aHopT[nAt], tbl.track, dHalf);
+    SiteOfWayFill(tbl.aHopR[nAt], tbl.track, 1.0 - dHalf);
     tbl.aHopMade[nAt] = true;
 }
 

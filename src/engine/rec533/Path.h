@@ -48,26 +48,26 @@ struct WayPath {
     const Ionosphere* pIonosphere = nullptr;
     const Antenna* pTx = nullptr;
     const Antenna* pRx = nullptr;
-    Way tblWay;
-    CrossingTrack tblTrack;
+    Way way;
+    CrossingTrack track;
     double dPowerDb = 0.0;         ///< transmitter, dB above 1 kW
     double dLeastElevation = 0.0;  ///< radians
     bool bHopSum = false;          ///< the long-path rule applies
     int nOnlyHour = -1;            ///< hour UT of the maps that will be asked for, -1 any
-    AntennaLow tblTxLow, tblRxLow;
-    Site tblMid;
-    Site tblAheadT, tblAheadR;  ///< T + 1000, R - 1000; only beyond 2000 km
+    AntennaLow txLow, rxLow;
+    Site mid;
+    Site aheadT, aheadR;  ///< T + 1000, R - 1000; only beyond 2000 km
     std::array<Site, kOrderHopSumMost + 1> aHopT, aHopR;  ///< T + d0/2, R - d0/2 for d0 = D / index
     std::array<bool, kOrderHopSumMost + 1> aHopMade{};
-    HopMiddles tblMiddles;  ///< only where the long-path rule applies
-    LongPath tblLong;       ///< only from 7000 km on
+    HopMiddles middles;  ///< only where the long-path rule applies
+    LongPath longPath;   ///< only from 7000 km on
 };
 
 struct Path : WayPath {
-    Circuit tblCircuit;
+    Circuit circuit;
     double dShareQuantile = 0.0;  ///< of the required reliability
     bool bHighLatitude = false;   ///< for the signal deciles
-    NoisePlace tblNoise;
+    NoisePlace noise;
     double dBend = 0.0;            ///< of the bent ways, radians
     std::size_t nBent = 0;         ///< 0, or 2 beyond 12 000 km by the long-path rule
     std::array<WayPath, 2> aBent;  ///< to the right and to the left
@@ -75,13 +75,12 @@ struct Path : WayPath {
 
 /// Fills a path (large: keep it off the stack of a loop). The ionosphere outlives it.
 /// nOnlyLabel: the only label that will be asked for, 0 any.
-void PathFill(Path& tbl, const Ionosphere& tblIonosphere, const Circuit& tblCircuit,
-              int nOnlyLabel = 0);
+void PathFill(Path& tbl, const Ionosphere& ionosphere, const Circuit& circuit, int nOnlyLabel = 0);
 
 /// Makes the two half-hop control points of an order, if they are not there.
 void PathHopSitesMake(WayPath& tbl, int nOrder);
 /// The lowest basic MUF of the hops of an order at a label, by the long-path rule. Makes the hops'
 /// middles, if they are not there.
-[[nodiscard]] double PathWorstMufGet(WayPath& tbl, const FoeHour& tblFoe, int nLabel, int nHops);
+[[nodiscard]] double PathWorstMufGet(WayPath& tbl, const FoeHour& foe, int nLabel, int nHops);
 
 }  // namespace rec533

@@ -14,14 +14,14 @@ struct ModeSums {
 };
 
 template <class V>
-HOPCAST_INLINE ModeSums<V> ModeSumsGet(const WayHour& tblHour, const ModesRows& aModes,
+HOPCAST_INLINE ModeSums<V> ModeSumsGet(const WayHour& hour, const ModesRows& aModes,
                                        FrequencyRow ModeRows::*pOwn, std::size_t nAt)
 {
     V vBest = LaneAll<V>(-1e300);
     V vMode = LaneAll<V>(-1.0);
-    const auto nModes = static_cast<std::size_t>(tblHour.nModes);
+    const auto nModes = static_cast<std::size_t>(hour.nModes);
     for (std::size_t i = 0; i < nModes; ++i) {
-        const V vReceived = LaneLoad<V>(&(aModes[i].*pOwn)[nAt]) + tblHour.aModes[i].dRxGain;
+        const V vReceived = LaneLoad<V>(&(aModes[i].*pOwn)[nAt]) + hour.aModes[i].dRxGain;
         const auto mask = (LaneLoad<V>(&aModes[i].aUsed[nAt]) > 0.0) & (vReceived > vBest);
         vBest = LaneSelect(mask, vReceived, vBest);
         vMode = LaneSelect(mask, LaneAll<V>(static_cast<double>(i)), vMode);
@@ -32,7 +32,7 @@ HOPCAST_INLINE ModeSums<V> ModeSumsGet(const WayHour& tblHour, const ModesRows& 
         const V vPower = LaneLoad<V>(&aModes[i].aUsed[nAt])
                          * LaneExp<V>(kNepers * (LaneLoad<V>(&(aModes[i].*pOwn)[nAt]) - vBest));
         vField += vPower;
-        vSum += vPower * tblHour.aModes[i].dRxPower;
+        vSum += vPower * hour.aModes[i].dRxPower;
     }
     const auto maskNone = vMode < 0.0;
     const V vNone = LaneAll<V>(kFieldNone);
@@ -84,174 +84,169 @@ struct WaySums {
 // Adds what one way carries hop by hop and by the long method, and gives the former; its mode is
 // none where the latter is stronger.
 template <class V>
-HOPCAST_INLINE ModeSums<V> WayAdd(WaySums<V>& tblSums, WayRows& tblRows, const WayHour& tblHour,
+HOPCAST_INLINE ModeSums<V> WayAdd(WaySums<V>& sums, WayRows& rows, const WayHour& hour,
                                   const ModesRows& aModes, const V& vFrequency, double dEase,
                                   std::size_t nAt)
 {
     constexpr double kFree = 120.0;   // E0', dB
     constexpr double kOffset = 3.87;  // dB
-    const WayPath& tblPath = *tblHour.pWay;
-    const LongPath& tblLong = tblPath.tblLong;
+    const WayPath& path = *hour.pWay;
+    const LongPath& longPath = path.longPath;
     const V vLong =
-        (kFree - tblLong.dSlantDb) * LongShareGet<V>(tblLong, tblHour.tblLong, vFrequency) - 30.0
-        + tblPath.dPowerDb + tblPath.tblTxLow.dGain + tblLong.dGap + kOffset;
-    const V vLongReceived = vLong + tblPath.tblRxLow.dGain;
-    ModeSums<V> tblHops = ModeSumsGet<V>(tblHour, aModes, &ModeRows::aHopField, nAt);
-    const double dGap = tblLong.dGap * dEase;
-    tblHops.tField += dGap;
-    tblHops.tReceived += dGap;
-    tblHops.tMode = LaneSelect(tblHops.tReceived >= vLongReceived, tblHops.tMode, LaneAll<V>(-1.0));
-    tblSums.Add(tblHops.tField, tblHops.tReceived);
-    tblSums.Add(vLong, vLongReceived);
-    LaneStore<V>(&tblRows.aHops[nAt], tblHops.tField);
-    LaneStore<V>(&tblRows.aLong[nAt], vLong);
-    return tblHops;
+        (kFree - longPath.dSlantDb) * LongShareGet<V>(longPath, hour.longPath, vFrequency) - 30.0
+        + path.dPowerDb + path.txLow.dGain + longPath.dGap + kOffset;
+    const V vLongReceived = vLong + path.rxLow.dGain;
+    ModeSums<V> hops = ModeSumsGet<V>(hour, aModes, &ModeRows::aHopField, nAt);
+    const double dGap = longPath.dGap * dEase;
+    hops.tField += dGap;
+    hops.tReceived += dGap;
+    hops.tMode = LaneSelect(hops.tReceived >= vLongReceived, hops.tMode, LaneAll<V>(-1.0));
+    sums.Add(hops.tField, hops.tReceived);
+    sums.Add(vLong, vLongReceived);
+    LaneStore<V>(&rows.aHops[nAt], hops.tField);
+    LaneStore<V>(&rows.aLong[nAt], vLong);
+    return hops;
 }
 
 // The long-path rule: hop by hop and long method add in power on each way, the ways' powers have
 // their mean; eased in from 7000 km to 9000 km.
 template <class V>
-HOPCAST_INLINE void LongRuleFill(Fields<V>& tbl, const Hour& tblHour, PredictionWork& tblWork,
-                                 const ModeSums<V>& tblShort, const FrequencySet& tblSet,
+HOPCAST_INLINE void LongRuleFill(Fields<V>& tbl, const Hour& hour, PredictionWork& work,
+                                 const ModeSums<V>& shortPath, const FrequencySet& set,
                                  double dPart, std::size_t nAt)
 {
     constexpr double kShortLeast = -100.0;  // of 1 kW, dB(uV/m)
-    const Path& tblPath = *tblHour.pPath;
-    const V vFrequency = LaneLoad<V>(&tblSet.aMegahertz[nAt]);
-    WaySums<V> tblSums;
-    tbl.tMode =
-        WayAdd<V>(tblSums, tblWork.aWays[0], tblHour, tblWork.aModes[0], vFrequency, dPart, nAt)
-            .tMode;
-    for (std::size_t i = 0; i < tblPath.nBent; ++i)
-        WayAdd<V>(tblSums, tblWork.aWays[i + 1], tblHour.aBent[i], tblWork.aModes[i + 1],
-                  vFrequency, dPart, nAt);
-    tbl.tLong = tblSums.MeanGet(tblSums.aField);
+    const Path& path = *hour.pPath;
+    const V vFrequency = LaneLoad<V>(&set.aMegahertz[nAt]);
+    WaySums<V> sums;
+    tbl.tMode = WayAdd<V>(sums, work.aWays[0], hour, work.aModes[0], vFrequency, dPart, nAt).tMode;
+    for (std::size_t i = 0; i < path.nBent; ++i)
+        WayAdd<V>(sums, work.aWays[i + 1], hour.aBent[i], work.aModes[i + 1], vFrequency, dPart,
+                  nAt);
+    tbl.tLong = sums.MeanGet(sums.aField);
     tbl.tField = tbl.tLong;
-    tbl.tPower = tblSums.MeanGet(tblSums.aReceived);
+    tbl.tPower = sums.MeanGet(sums.aReceived);
     if (dPart < 1.0) {
-        const V vLeast = LaneAll<V>(kShortLeast + tblPath.dPowerDb);
-        tbl.tField = (1.0 - dPart) * LaneMax<V>(tblShort.tField, vLeast) + dPart * tbl.tField;
-        tbl.tPower = (1.0 - dPart) * LaneMax<V>(tblShort.tReceived, vLeast) + dPart * tbl.tPower;
+        const V vLeast = LaneAll<V>(kShortLeast + path.dPowerDb);
+        tbl.tField = (1.0 - dPart) * LaneMax<V>(shortPath.tField, vLeast) + dPart * tbl.tField;
+        tbl.tPower = (1.0 - dPart) * LaneMax<V>(shortPath.tReceived, vLeast) + dPart * tbl.tPower;
     }
 }
 
 template <class V>
-HOPCAST_INLINE Fields<V> FieldsGet(const Hour& tblHour, PredictionWork& tblWork,
-                                   const FrequencySet& tblSet, std::size_t nAt)
+HOPCAST_INLINE Fields<V> FieldsGet(const Hour& hour, PredictionWork& work, const FrequencySet& set,
+                                   std::size_t nAt)
 {
-    const Path& tblPath = *tblHour.pPath;
-    const double dKm = tblPath.tblWay.dKm;
+    const Path& path = *hour.pPath;
+    const double dKm = path.way.dKm;
     Fields<V> tbl{};
-    ModeSums<V> tblShort{};
+    ModeSums<V> shortPath{};
     if (dKm <= kLongOnly) {
-        tblShort = ModeSumsGet<V>(tblHour, tblWork.aModes[0], &ModeRows::aField, nAt);
-        tbl.tShort = tblShort.tField;
+        shortPath = ModeSumsGet<V>(hour, work.aModes[0], &ModeRows::aField, nAt);
+        tbl.tShort = shortPath.tField;
     }
     if (dKm >= kShortOnly) {
         tbl.tShare =
-            LongShareGet<V>(tblPath.tblLong, tblHour.tblLong, LaneLoad<V>(&tblSet.aMegahertz[nAt]));
-        tbl.tLong =
-            LongFieldGet<V>(tblPath.tblLong, tbl.tShare, tblPath.dPowerDb, tblPath.tblTxLow.dGain);
+            LongShareGet<V>(path.longPath, hour.longPath, LaneLoad<V>(&set.aMegahertz[nAt]));
+        tbl.tLong = LongFieldGet<V>(path.longPath, tbl.tShare, path.dPowerDb, path.txLow.dGain);
     }
     if (dKm <= kShortOnly) {
-        tbl.tField = tblShort.tField;
-        tbl.tPower = tblShort.tReceived;
-        tbl.tMode = tblShort.tMode;
+        tbl.tField = shortPath.tField;
+        tbl.tPower = shortPath.tReceived;
+        tbl.tMode = shortPath.tMode;
         return tbl;
     }
     const double dPart = std::min((dKm - kShortOnly) / (kLongOnly - kShortOnly), 1.0);
-    if (tblPath.bHopSum) {
-        LongRuleFill<V>(tbl, tblHour, tblWork, tblShort, tblSet, dPart, nAt);
+    if (path.bHopSum) {
+        LongRuleFill<V>(tbl, hour, work, shortPath, set, dPart, nAt);
         return tbl;
     }
-    tbl.tField = dPart < 1.0 ? FieldMixGet<V>(tblShort.tField, tbl.tLong, dPart) : tbl.tLong;
-    tbl.tPower = tbl.tField + tblPath.tblRxLow.dGain;
+    tbl.tField = dPart < 1.0 ? FieldMixGet<V>(shortPath.tField, tbl.tLong, dPart) : tbl.tLong;
+    tbl.tPower = tbl.tField + path.rxLow.dGain;
     tbl.tMode = LaneAll<V>(-1.0);
     return tbl;
 }
 
 template <class V>
-HOPCAST_INLINE void FieldsFill(PredictionRows& tbl, const Hour& tblHour, PredictionWork& tblWork,
-                               const FrequencySet& tblSet)
+HOPCAST_INLINE void FieldsFill(PredictionRows& tbl, const Hour& hour, PredictionWork& work,
+                               const FrequencySet& set)
 {
-    for (std::size_t i = 0; i < tblSet.nCount; i += kLanes<V>) {
-        const Fields<V> tblF = FieldsGet<V>(tblHour, tblWork, tblSet, i);
-        LaneStore<V>(&tbl.aFieldShort[i], tblF.tShort);
-        LaneStore<V>(&tbl.aFieldLong[i], tblF.tLong);
-        LaneStore<V>(&tbl.aLongShare[i], tblF.tShare);
-        LaneStore<V>(&tbl.aField[i], tblF.tField);
-        LaneStore<V>(&tbl.aPower[i], tblF.tPower - LaneLoad<V>(&tblSet.aDb[i]) - kFieldToPower);
-        LaneStore<V>(&tbl.aMode[i], tblF.tMode);
+    for (std::size_t i = 0; i < set.nCount; i += kLanes<V>) {
+        const Fields<V> fields = FieldsGet<V>(hour, work, set, i);
+        LaneStore<V>(&tbl.aFieldShort[i], fields.tShort);
+        LaneStore<V>(&tbl.aFieldLong[i], fields.tLong);
+        LaneStore<V>(&tbl.aLongShare[i], fields.tShare);
+        LaneStore<V>(&tbl.aField[i], fields.tField);
+        LaneStore<V>(&tbl.aPower[i], fields.tPower - LaneLoad<V>(&set.aDb[i]) - kFieldToPower);
+        LaneStore<V>(&tbl.aMode[i], fields.tMode);
     }
 }
 
-HOPCAST_WIDE void FieldsWideFill(PredictionRows& tbl, const Hour& tblHour, PredictionWork& tblWork,
-                                 const FrequencySet& tblSet)
+HOPCAST_WIDE void FieldsWideFill(PredictionRows& tbl, const Hour& hour, PredictionWork& work,
+                                 const FrequencySet& set)
 {
-    FieldsFill<Lanes4>(tbl, tblHour, tblWork, tblSet);
+    FieldsFill<Lanes4>(tbl, hour, work, set);
 }
 
 }  // namespace
 
-void PredictionRowsFill(PredictionRows& tbl, PredictionWork& tblWork, Hour& tblHour,
-                        const FrequencySet& tblSet)
+void PredictionRowsFill(PredictionRows& tbl, PredictionWork& work, Hour& hour,
+                        const FrequencySet& set)
 {
-    const Path& tblPath = *tblHour.pPath;
-    const Circuit& tblCircuit = tblPath.tblCircuit;
-    ModesRowsFill(tblWork.aModes[0], tblHour, tblSet);
-    for (std::size_t i = 0; i < tblPath.nBent; ++i)
-        ModesRowsFill(tblWork.aModes[i + 1], tblHour.aBent[i], tblSet);
+    const Path& path = *hour.pPath;
+    const Circuit& circuit = path.circuit;
+    ModesRowsFill(work.aModes[0], hour, set);
+    for (std::size_t i = 0; i < path.nBent; ++i)
+        ModesRowsFill(work.aModes[i + 1], hour.aBent[i], set);
     if (LanesWideIs())
-        FieldsWideFill(tbl, tblHour, tblWork, tblSet);
+        FieldsWideFill(tbl, hour, work, set);
     else
-        FieldsFill<Lanes2>(tbl, tblHour, tblWork, tblSet);
-    const bool bShort = tblPath.tblWay.dKm <= kShortOnly;
-    const double dLow = bShort ? 0.0 : tblPath.tblTxLow.nDegrees * kRadians;
-    for (std::size_t i = 0; i < tblSet.nCount; ++i) {
+        FieldsFill<Lanes2>(tbl, hour, work, set);
+    const bool bShort = path.way.dKm <= kShortOnly;
+    const double dLow = bShort ? 0.0 : path.txLow.nDegrees * kRadians;
+    for (std::size_t i = 0; i < set.nCount; ++i) {
         const int nMode = static_cast<int>(tbl.aMode[i]);
         tbl.aElevation[i] =
-            nMode < 0 ? dLow : tblHour.aModes[static_cast<std::size_t>(nMode)].dElevation;
+            nMode < 0 ? dLow : hour.aModes[static_cast<std::size_t>(nMode)].dElevation;
     }
-    const SnrInput tblInput{tblCircuit.dBandwidth,           tblCircuit.dRequiredSnr,
-                            tblCircuit.dRequiredReliability, tblPath.dShareQuantile,
-                            tblPath.bHighLatitude,           tblHour.dMuf};
-    SnrRowsFill(tbl.tblSnr, tblInput, tblSet, tblHour.tblNoise, tbl.aPower);
+    const SnrInput input{circuit.dBandwidth,  circuit.dRequiredSnr, circuit.dRequiredReliability,
+                         path.dShareQuantile, path.bHighLatitude,   hour.dMuf};
+    SnrRowsFill(tbl.snr, input, set, hour.noise, tbl.aPower);
 }
 
-Prediction PredictionOfRows(const PredictionRows& tblRows, const Hour& tblHour,
-                            std::size_t nFrequency)
+Prediction PredictionOfRows(const PredictionRows& rows, const Hour& hour, std::size_t nFrequency)
 {
     const std::size_t i = nFrequency;
     Prediction tbl;
-    tbl.dFieldShort = tblRows.aFieldShort[i];
-    tbl.dFieldLong = tblRows.aFieldLong[i];
-    tbl.dField = tblRows.aField[i];
-    tbl.dLongShare = tblRows.aLongShare[i];
-    tbl.dPower = tblRows.aPower[i];
-    if (tblRows.aMode[i] >= 0.0) {
-        const Mode& tblMode = tblHour.aModes[static_cast<std::size_t>(tblRows.aMode[i])];
-        tbl.nHops = tblMode.nHops;
-        tbl.bE = tblMode.bE;
+    tbl.dFieldShort = rows.aFieldShort[i];
+    tbl.dFieldLong = rows.aFieldLong[i];
+    tbl.dField = rows.aField[i];
+    tbl.dLongShare = rows.aLongShare[i];
+    tbl.dPower = rows.aPower[i];
+    if (rows.aMode[i] >= 0.0) {
+        const Mode& mode = hour.aModes[static_cast<std::size_t>(rows.aMode[i])];
+        tbl.nHops = mode.nHops;
+        tbl.bE = mode.bE;
     }
-    tbl.dElevation = tblRows.aElevation[i];
-    tbl.dSnr = tblRows.tblSnr.aMedian[i];
-    tbl.dSnrUpper = tblRows.tblSnr.aUpper[i];
-    tbl.dSnrLower = tblRows.tblSnr.aLower[i];
-    tbl.dSnrExceeded = tblRows.tblSnr.aExceeded[i];
-    tbl.dReliability = tblRows.tblSnr.aReliability[i];
+    tbl.dElevation = rows.aElevation[i];
+    tbl.dSnr = rows.snr.aMedian[i];
+    tbl.dSnrUpper = rows.snr.aUpper[i];
+    tbl.dSnrLower = rows.snr.aLower[i];
+    tbl.dSnrExceeded = rows.snr.aExceeded[i];
+    tbl.dReliability = rows.snr.aReliability[i];
     return tbl;
 }
 
-void PredictionFill(Prediction& tbl, Hour& tblHour, double dFrequency)
+void PredictionFill(Prediction& tbl, Hour& hour, double dFrequency)
 {
-    FrequencySet tblSet;
-    PredictionWork tblWork;
-    PredictionRows tblRows;
-    const Path& tblPath = *tblHour.pPath;
-    FrequencySetFill(tblSet, *tblPath.pIonosphere, tblPath.tblCircuit, {&dFrequency, 1},
-                     NoiseBlocksOf(tblHour.tblNoise));
-    PredictionRowsFill(tblRows, tblWork, tblHour, tblSet);
-    tbl = PredictionOfRows(tblRows, tblHour, 0);
+    FrequencySet set;
+    PredictionWork work;
+    PredictionRows rows;
+    const Path& path = *hour.pPath;
+    FrequencySetFill(set, *path.pIonosphere, path.circuit, {&dFrequency, 1},
+                     NoiseBlocksOf(hour.noise));
+    PredictionRowsFill(rows, work, hour, set);
+    tbl = PredictionOfRows(rows, hour, 0);
 }
 
 }  // namespace rec533

@@ -22,7 +22,7 @@ struct PredictionRows {
     FrequencyRow aPower;       ///< median at the receiver's input, dBW
     FrequencyRow aMode;        ///< number of the strongest mode, -1 where the long method rules
     FrequencyRow aElevation;   ///< of that mode, or the best low angle of the antenna
-    SnrRows tblSnr;
+    SnrRows snr;
 };
 
 /// What one way carries by the long-path rule, dB(uV/m).
@@ -38,8 +38,8 @@ struct PredictionWork {
 };
 
 /// Hour's lists of crossings grow with the first prediction that needs them.
-void PredictionRowsFill(PredictionRows& tbl, PredictionWork& tblWork, Hour& tblHour,
-                        const FrequencySet& tblSet);
+void PredictionRowsFill(PredictionRows& tbl, PredictionWork& work, Hour& hour,
+                        const FrequencySet& set);
 
 /// One hour and frequency.
 struct Prediction {
@@ -56,10 +56,10 @@ struct Prediction {
 };
 
 /// One frequency of the rows.
-[[nodiscard]] Prediction PredictionOfRows(const PredictionRows& tblRows, const Hour& tblHour,
+[[nodiscard]] Prediction PredictionOfRows(const PredictionRows& rows, const Hour& hour,
                                           std::size_t nFrequency);
 
 /// The same for a frequency alone.
-void PredictionFill(Prediction& tbl, Hour& tblHour, double dFrequency);
+void PredictionFill(Prediction& tbl, Hour& hour, double dFrequency);
 
 }  // namespace rec533

@@ -15,10 +15,10 @@ constexpr SignalRow kSignalRows[]{
 template <class V>
 HOPCAST_INLINE void SignalDecilesLanesGet(const V& vToMuf, bool bHighLatitude, V& vUpper, V& vLower)
 {
-    const SignalRow& tblFirst = kSignalRows[0];
-    vUpper = LaneAll<V>(bHighLatitude ? tblFirst.dUpperHigh : tblFirst.dUpper);
-    vLower = LaneAll<V>(bHighLatitude ? tblFirst.dLowerHigh : tblFirst.dLower);
-    double dFrom = tblFirst.dUpTo;
+    const SignalRow& first = kSignalRows[0];
+    vUpper = LaneAll<V>(bHighLatitude ? first.dUpperHigh : first.dUpper);
+    vLower = LaneAll<V>(bHighLatitude ? first.dLowerHigh : first.dLower);
+    double dFrom = first.dUpTo;
     for (const SignalRow& tbl : kSignalRows) {
         const auto mask = vToMuf > dFrom;
         vUpper = LaneSelect(mask, LaneAll<V>(bHighLatitude ? tbl.dUpperHigh : tbl.dUpper), vUpper);
@@ -36,43 +36,42 @@ HOPCAST_INLINE V DecibelsGet(const V& vRatio)
 
 // The power of the noise, at the lower and at the upper decile.
 template <class V>
-HOPCAST_INLINE void NoiseLanesGet(const FrequencySet& tblSet, const NoiseHour& tblNoise,
-                                  std::size_t i, V& vSum, V& vLow, V& vHigh)
+HOPCAST_INLINE void NoiseLanesGet(const FrequencySet& set, const NoiseHour& noise, std::size_t i,
+                                  V& vSum, V& vLow, V& vHigh)
 {
     constexpr double kNepers = 0.230258509299404568;
-    const NoiseRows& tblA = tblSet.aNoise[tblNoise.nBlockA];
+    const NoiseRows& rowsA = set.aNoise[noise.nBlockA];
     V vPower = LaneExp<V>(
-        kNepers
-        * (LaneLoad<V>(&tblA.aFactor[i]) * tblNoise.dFigureA + LaneLoad<V>(&tblA.aRest[i])));
-    V vLower = LaneLoad<V>(&tblA.aLower[i]);
-    V vUpper = LaneLoad<V>(&tblA.aUpper[i]);
-    if (tblNoise.dPart > 0.0) {
-        const NoiseRows& tblB = tblSet.aNoise[tblNoise.nBlockB];
+        kNepers * (LaneLoad<V>(&rowsA.aFactor[i]) * noise.dFigureA + LaneLoad<V>(&rowsA.aRest[i])));
+    V vLower = LaneLoad<V>(&rowsA.aLower[i]);
+    V vUpper = LaneLoad<V>(&rowsA.aUpper[i]);
+    if (noise.dPart > 0.0) {
+        const NoiseRows& rowsB = set.aNoise[noise.nBlockB];
         const V vPowerB = LaneExp<V>(
             kNepers
-            * (LaneLoad<V>(&tblB.aFactor[i]) * tblNoise.dFigureB + LaneLoad<V>(&tblB.aRest[i])));
-        vPower += (vPowerB - vPower) * tblNoise.dPart;
-        vLower += (LaneLoad<V>(&tblB.aLower[i]) - vLower) * tblNoise.dPart;
-        vUpper += (LaneLoad<V>(&tblB.aUpper[i]) - vUpper) * tblNoise.dPart;
+            * (LaneLoad<V>(&rowsB.aFactor[i]) * noise.dFigureB + LaneLoad<V>(&rowsB.aRest[i])));
+        vPower += (vPowerB - vPower) * noise.dPart;
+        vLower += (LaneLoad<V>(&rowsB.aLower[i]) - vLower) * noise.dPart;
+        vUpper += (LaneLoad<V>(&rowsB.aUpper[i]) - vUpper) * noise.dPart;
     }
-    vSum = vPower + LaneLoad<V>(&tblSet.aOther[i]);
-    vLow = vPower / vLower + LaneLoad<V>(&tblSet.aOtherLower[i]);
-    vHigh = vPower * vUpper + LaneLoad<V>(&tblSet.aOtherUpper[i]);
+    vSum = vPower + LaneLoad<V>(&set.aOther[i]);
+    vLow = vPower / vLower + LaneLoad<V>(&set.aOtherLower[i]);
+    vHigh = vPower * vUpper + LaneLoad<V>(&set.aOtherUpper[i]);
 }
 
 template <class V>
-HOPCAST_INLINE void SnrLanesFill(SnrRows& tbl, const SnrInput& tblInput, const FrequencySet& tblSet,
-                                 const NoiseHour& tblNoise, const FrequencyRow& aPower)
+HOPCAST_INLINE void SnrLanesFill(SnrRows& tbl, const SnrInput& input, const FrequencySet& set,
+                                 const NoiseHour& noise, const FrequencyRow& aPower)
 {
     constexpr double kHourUpper = 5.0;  // within the hour (P.842, table 1)
     constexpr double kHourLower = 8.0;
-    const double dToMuf = tblInput.dMuf > 0.0 ? 1.0 / tblInput.dMuf : 1e9;
-    const double dBandwidth = DbFromPower(tblInput.dBandwidth);
-    for (std::size_t i = 0; i < tblSet.nCount; i += kLanes<V>) {
+    const double dToMuf = input.dMuf > 0.0 ? 1.0 / input.dMuf : 1e9;
+    const double dBandwidth = DbFromPower(input.dBandwidth);
+    for (std::size_t i = 0; i < set.nCount; i += kLanes<V>) {
         V vSum, vLow, vHigh, vSignalUpper, vSignalLower;
-        NoiseLanesGet<V>(tblSet, tblNoise, i, vSum, vLow, vHigh);
-        SignalDecilesLanesGet<V>(LaneLoad<V>(&tblSet.aMegahertz[i]) * dToMuf,
-                                 tblInput.bHighLatitude, vSignalUpper, vSignalLower);
+        NoiseLanesGet<V>(set, noise, i, vSum, vLow, vHigh);
+        SignalDecilesLanesGet<V>(LaneLoad<V>(&set.aMegahertz[i]) * dToMuf, input.bHighLatitude,
+                                 vSignalUpper, vSignalLower);
         const V vMedian = LaneLoad<V>(&aPower[i]) - (DecibelsGet<V>(vSum) + dBandwidth) + kThermal;
         // Less noise makes the better days, so the lower noise deciles belong to the upper ones.
         const V vNoiseUpper = DecibelsGet<V>(vSum / vLow);
@@ -81,24 +80,24 @@ HOPCAST_INLINE void SnrLanesFill(SnrRows& tbl, const SnrInput& tblInput, const F
                                      + kHourUpper * kHourUpper);
         const V vLower = LaneSqrt<V>(vNoiseLower * vNoiseLower + vSignalLower * vSignalLower
                                      + kHourLower * kHourLower);
-        const V vOver = vMedian - tblInput.dRequired;
+        const V vOver = vMedian - input.dRequired;
         const V vGood =
             LaneMin<V>(LaneAll<V>(100.0), 130.0 - 80.0 / (1.0 + LaneAbs(vOver) / vLower));
         const V vBad = LaneMax<V>(LaneAll<V>(0.0), 80.0 / (1.0 + LaneAbs(vOver) / vUpper) - 30.0);
         LaneStore<V>(&tbl.aMedian[i], vMedian);
         LaneStore<V>(&tbl.aUpper[i], vUpper);
         LaneStore<V>(&tbl.aLower[i], vLower);
-        LaneStore<V>(&tbl.aExceeded[i], tblInput.dShare >= 50.0
-                                            ? vMedian - vLower * tblInput.dShareQuantile
-                                            : vMedian + vUpper * tblInput.dShareQuantile);
+        LaneStore<V>(&tbl.aExceeded[i], input.dShare >= 50.0
+                                            ? vMedian - vLower * input.dShareQuantile
+                                            : vMedian + vUpper * input.dShareQuantile);
         LaneStore<V>(&tbl.aReliability[i], LaneSelect(vOver >= 0.0, vGood, vBad));
     }
 }
 
-HOPCAST_WIDE void SnrWideFill(SnrRows& tbl, const SnrInput& tblInput, const FrequencySet& tblSet,
-                              const NoiseHour& tblNoise, const FrequencyRow& aPower)
+HOPCAST_WIDE void SnrWideFill(SnrRows& tbl, const SnrInput& input, const FrequencySet& set,
+                              const NoiseHour& noise, const FrequencyRow& aPower)
 {
-    SnrLanesFill<Lanes4>(tbl, tblInput, tblSet, tblNoise, aPower);
+    SnrLanesFill<Lanes4>(tbl, input, set, noise, aPower);
 }
 
 }  // namespace
@@ -110,13 +109,13 @@ SignalDeciles SignalDecilesGet(double dFrequencyToMuf, bool bHighLatitude)
     return tbl;
 }
 
-void SnrRowsFill(SnrRows& tbl, const SnrInput& tblInput, const FrequencySet& tblSet,
-                 const NoiseHour& tblNoise, const FrequencyRow& aPower)
+void SnrRowsFill(SnrRows& tbl, const SnrInput& input, const FrequencySet& set,
+                 const NoiseHour& noise, const FrequencyRow& aPower)
 {
     if (LanesWideIs())
-        SnrWideFill(tbl, tblInput, tblSet, tblNoise, aPower);
+        SnrWideFill(tbl, input, set, noise, aPower);
     else
-        SnrLanesFill<Lanes2>(tbl, tblInput, tblSet, tblNoise, aPower);
+        SnrLanesFill<Lanes2>(tbl, input, set, noise, aPower);
 }
 
 double ShareQuantileGet(double dShare)

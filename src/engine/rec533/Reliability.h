@@ -37,8 +37,8 @@ struct SnrInput {
     double dMuf = 0.0;  ///< basic MUF of the path
 };
 /// aPower: median receiver power, dBW.
-void SnrRowsFill(SnrRows& tbl, const SnrInput& tblInput, const FrequencySet& tblSet,
-                 const NoiseHour& tblNoise, const FrequencyRow& aPower);
+void SnrRowsFill(SnrRows& tbl, const SnrInput& input, const FrequencySet& set,
+                 const NoiseHour& noise, const FrequencyRow& aPower);
 
 /// Normal quantile of max(x, 100 - x) percent, in units of the 90 % quantile.
 [[nodiscard]] double ShareQuantileGet(double dShare);

@@ -2,32 +2,32 @@
 
 namespace rec533 {
 
-void SiteFill(Site& tbl, const Place& tblPlace)
+void SiteFill(Site& tbl, const Place& place)
 {
-    tbl.tblPlace = tblPlace;
+    tbl.place = place;
     tbl.bMap = false;
-    const MagneticField tblLow = MagneticFieldGet(tblPlace, FieldHeight::Absorption);
-    tbl.dGyroDip = std::abs(tblLow.dGyro * tblLow.dSinDip);
-    tbl.dGeomagneticSin = GeomagneticSinGet(tblPlace);
+    const MagneticField low = MagneticFieldGet(place, FieldHeight::Absorption);
+    tbl.dGyroDip = std::abs(low.dGyro * low.dSinDip);
+    tbl.dGeomagneticSin = GeomagneticSinGet(place);
 }
 
-double SiteFoeGet(const FoeHour& tblHour, const Place& tblPlace)
+double SiteFoeGet(const FoeHour& hour, const Place& place)
 {
-    return FoeGet(tblHour, tblPlace, SunZenithCosGet(*tblHour.pSun, tblPlace));
+    return FoeGet(hour, place, SunZenithCosGet(*hour.pSun, place));
 }
 
-F2Layer SiteLayerGet(const Ionosphere& tbl, const FoeHour& tblHour, Site& tblSite, int nLabel)
+F2Layer SiteLayerGet(const Ionosphere& tbl, const FoeHour& hour, Site& site, int nLabel)
 {
-    if (!tblSite.bMap) {
-        const MagneticField tblField = MagneticFieldGet(tblSite.tblPlace, FieldHeight::Maps);
-        tblSite.dGyro300 = tblField.dGyro;
-        MapPlaceFill(tblSite.tblMap, tblSite.tblPlace, tblField, tbl.quirks.bGriddedMaps);
-        tblSite.bMap = true;
+    if (!site.bMap) {
+        const MagneticField field = MagneticFieldGet(site.place, FieldHeight::Maps);
+        site.dGyro300 = field.dGyro;
+        MapPlaceFill(site.map, site.place, field, tbl.quirks.bGriddedMaps);
+        site.bMap = true;
     }
     const int nHour = MapHourGet(nLabel);
-    return F2LayerMake(std::max(MapFof2Get(tbl.tblMaps, tblSite.tblMap, nHour), tbl.dFof2Least),
-                       std::max(MapM3Get(tbl.tblMaps, tblSite.tblMap, nHour), kM3Least),
-                       SiteFoeGet(tblHour, tblSite.tblPlace), tblSite.dGyro300);
+    return F2LayerMake(std::max(MapFof2Get(tbl.maps, site.map, nHour), tbl.dFof2Least),
+                       std::max(MapM3Get(tbl.maps, site.map, nHour), kM3Least),
+                       SiteFoeGet(hour, site.place), site.dGyro300);
 }
 
 }  // namespace rec533

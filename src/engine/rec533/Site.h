@@ -12,8 +12,8 @@ namespace rec533 {
 inline constexpr double kM3Least = 1.5;
 
 struct Site {
-    Place tblPlace;
-    MapPlace tblMap;  ///< only with bMap
+    Place place;
+    MapPlace map;  ///< only with bMap
     bool bMap = false;
     double dGyroDip = 0.0;         ///< |fH sin I| at 100 km, MHz
     double dGyro300 = 0.0;         ///< gyrofrequency at 300 km, MHz
@@ -21,12 +21,12 @@ struct Site {
 };
 
 /// Everything but the map functions, which SiteLayerGet makes when it first needs them.
-void SiteFill(Site& tbl, const Place& tblPlace);
+void SiteFill(Site& tbl, const Place& place);
 
 /// foE at a place and label, MHz.
-[[nodiscard]] double SiteFoeGet(const FoeHour& tblHour, const Place& tblPlace);
+[[nodiscard]] double SiteFoeGet(const FoeHour& hour, const Place& place);
 /// The F2 layer at a site and label.
-[[nodiscard]] F2Layer SiteLayerGet(const Ionosphere& tbl, const FoeHour& tblHour, Site& tblSite,
+[[nodiscard]] F2Layer SiteLayerGet(const Ionosphere& tbl, const FoeHour& hour, Site& site,
                                    int nLabel);
 
 }  // namespace rec533

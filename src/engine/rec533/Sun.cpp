@@ -46,27 +46,27 @@ SunHour SunHourGet(int nMonth, double dHour)
     return tbl;
 }
 
-double SunHourAngleGet(const SunHour& tblSun, double dLon)
+double SunHourAngleGet(const SunHour& sun, double dLon)
 {
-    return ((60.0 * tblSun.dHour + tblSun.dEquation) / kMinutesPerDegree - 180.0) * kRadians + dLon;
+    return ((60.0 * sun.dHour + sun.dEquation) / kMinutesPerDegree - 180.0) * kRadians + dLon;
 }
 
-double SunZenithCosGet(const SunHour& tblSun, const Place& tblPlace)
+double SunZenithCosGet(const SunHour& sun, const Place& place)
 {
-    return SunZenithCosLanesGet<double>(tblSun, tblPlace.dSinLat, tblPlace.dCosLat,
-                                        tblPlace.dSinLon, tblPlace.dCosLon);
+    return SunZenithCosLanesGet<double>(sun, place.dSinLat, place.dCosLat, place.dSinLon,
+                                        place.dCosLon);
 }
 
-SunTimes SunTimesGet(const SunHour& tblSun, const Place& tblPlace)
+SunTimes SunTimesGet(const SunHour& sun, const Place& place)
 {
-    const double dCos = (kSunRiseZenithCos - tblPlace.dSinLat * tblSun.dSinDecl)
-                        / (tblPlace.dCosLat * tblSun.dCosDecl);
+    const double dCos =
+        (kSunRiseZenithCos - place.dSinLat * sun.dSinDecl) / (place.dCosLat * sun.dCosDecl);
     if (!(std::abs(dCos) <= 1.0))
         return {};
     const double dHalf = std::acos(dCos) * kDegrees;
-    const double dLon = std::atan2(tblPlace.dSinLon, tblPlace.dCosLon) * kDegrees;
-    return {true, Wrap24((720.0 - kMinutesPerDegree * (dLon + dHalf) - tblSun.dEquation) / 60.0),
-            Wrap24((720.0 - kMinutesPerDegree * (dLon - dHalf) - tblSun.dEquation) / 60.0)};
+    const double dLon = std::atan2(place.dSinLon, place.dCosLon) * kDegrees;
+    return {true, Wrap24((720.0 - kMinutesPerDegree * (dLon + dHalf) - sun.dEquation) / 60.0),
+            Wrap24((720.0 - kMinutesPerDegree * (dLon - dHalf) - sun.dEquation) / 60.0)};
 }
 
 SunDay SunDayMake(int nMonth)

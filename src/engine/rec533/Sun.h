@@ -33,19 +33,19 @@ struct SunHour {
 [[nodiscard]] SunHour SunHourGet(int nMonth, double dHour);
 
 /// Hour angle at a longitude, radians, not wrapped.
-[[nodiscard]] double SunHourAngleGet(const SunHour& tblSun, double dLon);
+[[nodiscard]] double SunHourAngleGet(const SunHour& sun, double dLon);
 /// Cosine of the zenith angle, -1 to 1.
-[[nodiscard]] double SunZenithCosGet(const SunHour& tblSun, const Place& tblPlace);
+[[nodiscard]] double SunZenithCosGet(const SunHour& sun, const Place& place);
 
 /// The same for several places, from the sines and cosines of their angles.
 template <class V>
-HOPCAST_INLINE V SunZenithCosLanesGet(const SunHour& tblSun, const V& vSinLat, const V& vCosLat,
+HOPCAST_INLINE V SunZenithCosLanesGet(const SunHour& sun, const V& vSinLat, const V& vCosLat,
                                       const V& vSinLon, const V& vCosLon)
 {
-    const V vCosAngle = tblSun.dCosTurn * vCosLon - tblSun.dSinTurn * vSinLon;
-    return LaneMin<V>(LaneMax<V>(vSinLat * tblSun.dSinDecl + vCosLat * tblSun.dCosDecl * vCosAngle,
-                                 LaneAll<V>(-1.0)),
-                      LaneAll<V>(1.0));
+    const V vCosAngle = sun.dCosTurn * vCosLon - sun.dSinTurn * vSinLon;
+    return LaneMin<V>(
+        LaneMax<V>(vSinLat * sun.dSinDecl + vCosLat * sun.dCosDecl * vCosAngle, LaneAll<V>(-1.0)),
+        LaneAll<V>(1.0));
 }
 
 /// Sunrise and sunset, hours UT in [0, 24). Without a rising or setting sun bRises is false.
@@ -54,7 +54,7 @@ struct SunTimes {
     double dSunrise = 0.0;
     double dSunset = 0.0;
 };
-[[nodiscard]] SunTimes SunTimesGet(const SunHour& tblSun, const Place& tblPlace);
+[[nodiscard]] SunTimes SunTimesGet(const SunHour& sun, const Place& place);
 
 /// The sun over a whole day; between the hours its slow motion is taken as straight.
 struct SunDay {
@@ -64,8 +64,8 @@ struct SunDay {
 /// Sine and cosine of the declination at the places' own noon, from their longitudes' sines and
 /// cosines.
 template <class V>
-HOPCAST_INLINE void SunDeclinationAtNoonGet(const SunDay& tblDay, const SunHour& tblSun,
-                                            const V& vSinLon, const V& vCosLon, V& vSin, V& vCos)
+HOPCAST_INLINE void SunDeclinationAtNoonGet(const SunDay& day, const SunHour& sun, const V& vSinLon,
+                                            const V& vCosLon, V& vSin, V& vCos)
 {
     // A coarse longitude, within 0.3 degrees (a fiftieth of an hour), will do.
     const V vX = LaneAbs(vCosLon);
@@ -75,15 +75,15 @@ HOPCAST_INLINE void SunDeclinationAtNoonGet(const SunDay& tblDay, const SunHour&
     vLon = LaneSelect(vY > vX, kPi / 2.0 - vLon, vLon);
     vLon = LaneSelect(vCosLon < 0.0, kPi - vLon, vLon);
     vLon = LaneSelect(vSinLon < 0.0, -vLon, vLon);
-    V vNoon = (720.0 - 4.0 * vLon * kDegrees - tblSun.dEquation) / 60.0;
+    V vNoon = (720.0 - 4.0 * vLon * kDegrees - sun.dEquation) / 60.0;
     vNoon = LaneSelect(vNoon < 0.0, vNoon + 24.0, LaneSelect(vNoon >= 24.0, vNoon - 24.0, vNoon));
     for (int i = 0; i < kLanes<V>; ++i) {
         const int nHour = std::clamp(static_cast<int>(vNoon[i]), 0, 23);
         const double dPart = vNoon[i] - nHour;
-        const SunHour& tblA = tblDay.aHours[static_cast<std::size_t>(nHour)];
-        const SunHour& tblB = tblDay.aHours[static_cast<std::size_t>(nHour) + 1];
-        vSin[i] = tblA.dSinDecl + (tblB.dSinDecl - tblA.dSinDecl) * dPart;
-        vCos[i] = tblA.dCosDecl + (tblB.dCosDecl - tblA.dCosDecl) * dPart;
+        const SunHour& hourA = day.aHours[static_cast<std::size_t>(nHour)];
+        const SunHour& hourB = day.aHours[static_cast<std::size_t>(nHour) + 1];
+        vSin[i] = hourA.dSinDecl + (hourB.dSinDecl - hourA.dSinDecl) * dPart;
+        vCos[i] = hourA.dCosDecl + (hourB.dCosDecl - hourA.dCosDecl) * dPart;
     }
 }
 

@@ -66,15 +66,15 @@ double OperationalRatioGet(Season eSeason, bool bDay, double dEirp)
     return kRatio[dEirp > kEirpClass ? 1 : 0][static_cast<int>(eSeason)][bDay ? 0 : 1];
 }
 
-bool OperationalDayIs(const Ionosphere& tbl, int nLabel, const Place& tblPlace)
+bool OperationalDayIs(const Ionosphere& tbl, int nLabel, const Place& place)
 {
     const int nHour = SunHourOfLabel(tbl, nLabel);
-    const SunHour& tblSun = tbl.tblSun.aHours[static_cast<std::size_t>(nHour)];
+    const SunHour& sun = tbl.sun.aHours[static_cast<std::size_t>(nHour)];
     if (!tbl.quirks.bDayByUtc)
-        return SunZenithCosGet(tblSun, tblPlace) > kSunRiseZenithCos;
+        return SunZenithCosGet(sun, place) > kSunRiseZenithCos;
     // The ITU program compares UT hours without regard to midnight; polar day is night to it.
-    const SunTimes tblTimes = SunTimesGet(tblSun, tblPlace);
-    return tblTimes.bRises && tblTimes.dSunrise < nHour && nHour < tblTimes.dSunset;
+    const SunTimes times = SunTimesGet(sun, place);
+    return times.bRises && times.dSunrise < nHour && nHour < times.dSunset;
 }
 
 }  // namespace rec533

@@ -32,6 +32,6 @@ inline constexpr DecileFactors kDecilesE{0.95, 1.05};
 /// Ratio of operational to basic MUF for F2 modes. dEirp in dBW.
 [[nodiscard]] double OperationalRatioGet(Season eSeason, bool bDay, double dEirp);
 /// Day at a place for that ratio.
-[[nodiscard]] bool OperationalDayIs(const Ionosphere& tbl, int nLabel, const Place& tblPlace);
+[[nodiscard]] bool OperationalDayIs(const Ionosphere& tbl, int nLabel, const Place& place);
 
 }  // namespace rec533

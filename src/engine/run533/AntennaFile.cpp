@@ -22,8 +22,8 @@ AntennaLoaded BuiltInGet(std::string_view sTitle,
                          std::span<const float, rec533::kAntennaGains + 1> aFigures)
 {
     AntennaLoaded tbl{std::string(sTitle), {}};
-    for (std::size_t i = 0; i < tbl.tblAntenna.aGain.size(); ++i)
-        tbl.tblAntenna.aGain[i] =
+    for (std::size_t i = 0; i < tbl.antenna.aGain.size(); ++i)
+        tbl.antenna.aGain[i] =
             static_cast<double>(aFigures[0]) + static_cast<double>(aFigures[i + 1]);
     return tbl;
 }
@@ -72,7 +72,7 @@ Result<AntennaLoaded> AntennaRead(std::string_view sText)
     std::size_t nGains = 0;
     for (std::size_t i = kHeadLines; i < aLines.size(); ++i) {
         std::string_view sLine = TextTrim(aLines[i]);
-        while (!sLine.empty() && nGains < tbl.tblAntenna.aGain.size()) {
+        while (!sLine.empty() && nGains < tbl.antenna.aGain.size()) {
             double dValue = 0.0;
             if (!NumberFirst(sLine, dValue))
                 return RunError{"antenna file line " + NumberToText(static_cast<int>(i) + 1)
@@ -80,13 +80,13 @@ Result<AntennaLoaded> AntennaRead(std::string_view sText)
             if (!(std::abs(dGain + dValue) <= kGainMost))
                 return RunError{"antenna file line " + NumberToText(static_cast<int>(i) + 1)
                                 + " holds a gain beyond 999 dB"};
-            tbl.tblAntenna.aGain[nGains++] = dGain + dValue;
+            tbl.antenna.aGain[nGains++] = dGain + dValue;
             const std::size_t nNext = sLine.find_first_of(" \t");
             sLine = nNext == std::string_view::npos ? std::string_view()
                                                     : TextTrim(sLine.substr(nNext));
         }
     }
-    if (nGains < tbl.tblAntenna.aGain.size())
+    if (nGains < tbl.antenna.aGain.size())
         return RunError{"antenna file with less than 91 gains"};
     return tbl;
 }

@@ -18,7 +18,7 @@ namespace run533 {
 
 struct AntennaLoaded {
     std::string sTitle;  ///< first ten letters of its title, as grids show it
-    rec533::Antenna tblAntenna;
+    rec533::Antenna antenna;
 };
 
 /// sName as between a deck's brackets ("DEFAULT \SWWHIP.VOA  "). ROOT/antennas is searched without

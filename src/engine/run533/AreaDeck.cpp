@@ -58,19 +58,19 @@ void SystemRead(CardReader& rdr, DeckCommon& tbl)
 void AntennaRead(CardReader& rdr, std::string_view sLabel, DeckCommon& tbl)
 {
     const bool bTx = sLabel == "Tx Ants";
-    AntennaCard tblCard{std::string(sLabel), area_antenna_row::kName,
-                        rdr.BracketGet(area_antenna_row::kName)};
+    AntennaCard deckCard{std::string(sLabel), area_antenna_row::kName,
+                         rdr.BracketGet(area_antenna_row::kName)};
     if (bTx) {
-        tblCard.dAzimuth = rdr.NumberGet(area_antenna_row::kTurn, -360.0, 360.0);
+        deckCard.dAzimuth = rdr.NumberGet(area_antenna_row::kTurn, -360.0, 360.0);
         rdr.EndCheck(area_antenna_row::kPower);
-        tblCard.dPowerKw = rdr.NumberGet(area_antenna_row::kPower, 1e-6, kPowerMost);
+        deckCard.dPowerKw = rdr.NumberGet(area_antenna_row::kPower, 1e-6, kPowerMost);
     }
-    (bTx ? tbl.tblTxAntenna : tbl.tblRxAntenna) = tblCard;
+    (bTx ? tbl.txAntenna : tbl.rxAntenna) = deckCard;
 }
 
 void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
 {
-    DeckCommon& tblCommon = tbl.tblCommon;
+    DeckCommon& common = tbl.common;
     double dLat, dLon;
     switch (eLine) {
         case kModelLine:
@@ -78,7 +78,7 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
                 rdr.Fail(area_model_row::kModel, "not REC533");
             break;
         case kTransmit:
-            PlaceRead(rdr, tblCommon.dTxLat, tblCommon.dTxLon);
+            PlaceRead(rdr, common.dTxLat, common.dTxLon);
             tbl.sTxName = std::string(rdr.TextGet(area_place_row::kStation));
             if (rdr.TextGet(area_place_row::kWay) != "Short")
                 rdr.Fail(area_place_row::kWay, "only the short path is known");
@@ -94,16 +94,15 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
             tbl.nGrid = rdr.IntegerGet(area_value_row::kGridSize, kGridLeast, kGridMost);
             break;
         case kCoeffs:
-            tblCommon.eMaps =
-                static_cast<rec533::MapSet>(rdr.ChoiceGet(coeffs_row::kMaps, kMapNames));
+            common.eMaps = static_cast<rec533::MapSet>(rdr.ChoiceGet(coeffs_row::kMaps, kMapNames));
             break;
         case kMonths:
             rdr.EndCheck(area_value_row::kMonth);
-            tblCommon.nMonth = rdr.IntegerGet(area_value_row::kMonth, 1, 12);
+            common.nMonth = rdr.IntegerGet(area_value_row::kMonth, 1, 12);
             break;
         case kSsns:
             rdr.EndCheck(area_value_row::kSunSpot);
-            tblCommon.dSsn = rdr.NumberGet(area_value_row::kSunSpot, 0.0, rec533::kSsnMost);
+            common.dSsn = rdr.NumberGet(area_value_row::kSunSpot, 0.0, rec533::kSsnMost);
             break;
         case kHours:
             rdr.EndCheck(area_value_row::kHour);
@@ -115,7 +114,7 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
                 rdr.NumberGet(area_value_row::kFrequency, kFrequencyLeast, kFrequencyMost);
             break;
         case kSystem:
-            SystemRead(rdr, tblCommon);
+            SystemRead(rdr, common);
             break;
         default:
             break;
@@ -139,7 +138,7 @@ Result<AreaDeck> AreaDeckRead(std::string_view sDeck)
         if (sHead.size() < 10 || sHead.back() != ':')
             return DeckErrorMake(TextQuote(sLabel), kCardLabel, "no label of this deck");
         if (sLabel == "Tx Ants" || sLabel == "Rec Ants") {
-            AntennaRead(rdr, sLabel, tbl.tblCommon);
+            AntennaRead(rdr, sLabel, tbl.common);
         } else {
             const auto itLabel = std::find(kLabels.begin(), kLabels.end(), sLabel);
             if (itLabel == kLabels.end())
@@ -156,9 +155,8 @@ Result<AreaDeck> AreaDeckRead(std::string_view sDeck)
     for (std::size_t i = 0; i < aSeen.size(); ++i)
         if (!aSeen[i])
             return DeckErrorMake(kLabels[i], "the line is missing");
-    if (tbl.tblCommon.tblTxAntenna.has_value() != tbl.tblCommon.tblRxAntenna.has_value())
-        return DeckErrorMake(tbl.tblCommon.tblTxAntenna ? "Rec Ants" : "Tx Ants",
-                             "the line is missing");
+    if (tbl.common.txAntenna.has_value() != tbl.common.rxAntenna.has_value())
+        return DeckErrorMake(tbl.common.txAntenna ? "Rec Ants" : "Tx Ants", "the line is missing");
     return tbl;
 }
 

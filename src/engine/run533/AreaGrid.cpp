@@ -18,16 +18,15 @@ double LonWrap(double dLon, bool bEastOnly)
 
 }  // namespace
 
-GridPlace GridPlaceGet(const AreaDeck& tblDeck, int nRow, int nColumn)
+GridPlace GridPlaceGet(const AreaDeck& deck, int nRow, int nColumn)
 {
-    const int nSteps = tblDeck.nGrid - 1;
-    const bool bEastOnly = tblDeck.dWest >= 0.0;
+    const int nSteps = deck.nGrid - 1;
+    const bool bEastOnly = deck.dWest >= 0.0;
     GridPlace tbl;
-    tbl.dLat = tblDeck.dSouth + (tblDeck.dNorth - tblDeck.dSouth) * nRow / nSteps;
-    tbl.dLon =
-        LonWrap(tblDeck.dWest + (tblDeck.dEast - tblDeck.dWest) * nColumn / nSteps, bEastOnly);
-    const double dApart = std::remainder(tbl.dLon - tblDeck.tblCommon.dTxLon, 360.0);
-    if (std::abs(tbl.dLat - tblDeck.tblCommon.dTxLat) < kSame && std::abs(dApart) < kSame)
+    tbl.dLat = deck.dSouth + (deck.dNorth - deck.dSouth) * nRow / nSteps;
+    tbl.dLon = LonWrap(deck.dWest + (deck.dEast - deck.dWest) * nColumn / nSteps, bEastOnly);
+    const double dApart = std::remainder(tbl.dLon - deck.common.dTxLon, 360.0);
+    if (std::abs(tbl.dLat - deck.common.dTxLat) < kSame && std::abs(dApart) < kSame)
         tbl.dLon = LonWrap(tbl.dLon + kFixedEast, bEastOnly);
     tbl.dLonOfPath = std::remainder(tbl.dLon, 360.0);
     return tbl;

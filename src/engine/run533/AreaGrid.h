@@ -17,7 +17,7 @@ struct GridPlace {
 
 /// Row from the south, column from the west, both from 0. A point on the fixed end is moved a
 /// twentieth of a degree east.
-[[nodiscard]] GridPlace GridPlaceGet(const AreaDeck& tblDeck, int nRow, int nColumn);
+[[nodiscard]] GridPlace GridPlaceGet(const AreaDeck& deck, int nRow, int nColumn);
 
 /// The values that a column of the grid can show.
 [[nodiscard]] double GridValueClamp(double dValue);

@@ -18,16 +18,16 @@ constexpr int kPointsAThread = 200;  // less are not worth a thread
 struct Grid {
     const AreaDeck* pDeck = nullptr;
     const RunParts* pParts = nullptr;
-    rec533::Circuit tblCircuit;
+    rec533::Circuit circuit;
     const rec533::Frequencies* pFrequencies = nullptr;
     std::string sHead;
     std::string sPoints;  // kLineBytes a point
     std::atomic<int> nNextRow{0};
 };
 
-void PointAppend(std::string& s, const rec533::DayHour& tblHour, const rec533::Prediction& tbl)
+void PointAppend(std::string& s, const rec533::DayHour& hour, const rec533::Prediction& tbl)
 {
-    FieldAppend(s, tblHour.dMuf, 6, 2);
+    FieldAppend(s, hour.dMuf, 6, 2);
     if (tbl.nHops > 0)
         FieldAppend(s, NumberToText(tbl.nHops) + (tbl.bE ? "E " : "F2"), 6);
     else
@@ -40,59 +40,57 @@ void PointAppend(std::string& s, const rec533::DayHour& tblHour, const rec533::P
     s += '\n';
 }
 
-void RowFill(Grid& tbl, int nRow, rec533::DayWork& tblWork)
+void RowFill(Grid& tbl, int nRow, rec533::DayWork& work)
 {
-    const AreaDeck& tblDeck = *tbl.pDeck;
+    const AreaDeck& deck = *tbl.pDeck;
     std::string sRow;
-    sRow.reserve(kLineBytes * static_cast<std::size_t>(tblDeck.nGrid));
-    rec533::Circuit tblCircuit = tbl.tblCircuit;
-    rec533::DayHour tblHour;
-    rec533::Prediction tblPrediction;
-    for (int i = 0; i < tblDeck.nGrid; ++i) {
-        const GridPlace tblPlace = GridPlaceGet(tblDeck, nRow, i);
-        tblCircuit.dRxLat = tblPlace.dLat;
-        tblCircuit.dRxLon = tblPlace.dLonOfPath;
-        PredictHour(tblWork, *tbl.pParts->pIonosphere, *tbl.pFrequencies, tblCircuit, tblDeck.nHour,
-                    tblHour, {&tblPrediction, 1});
+    sRow.reserve(kLineBytes * static_cast<std::size_t>(deck.nGrid));
+    rec533::Circuit circuit = tbl.circuit;
+    rec533::DayHour hour;
+    rec533::Prediction prediction;
+    for (int i = 0; i < deck.nGrid; ++i) {
+        const GridPlace place = GridPlaceGet(deck, nRow, i);
+        circuit.dRxLat = place.dLat;
+        circuit.dRxLon = place.dLonOfPath;
+        PredictHour(work, *tbl.pParts->pIonosphere, *tbl.pFrequencies, circuit, deck.nHour, hour,
+                    {&prediction, 1});
         FieldAppend(sRow, NumberToText(i + 1), 3);
         FieldAppend(sRow, NumberToText(nRow + 1), 3);
-        FieldAppend(sRow, tblPlace.dLat, 10, 4);
-        FieldAppend(sRow, tblPlace.dLon, 10, 4);
-        PointAppend(sRow, tblHour, tblPrediction);
+        FieldAppend(sRow, place.dLat, 10, 4);
+        FieldAppend(sRow, place.dLon, 10, 4);
+        PointAppend(sRow, hour, prediction);
     }
     sRow.copy(tbl.sPoints.data() + sRow.size() * static_cast<std::size_t>(nRow), sRow.size());
 }
 
 void RowsFill(Grid& tbl)
 {
-    rec533::DayWork tblWork;
+    rec533::DayWork work;
     for (int nRow = tbl.nNextRow++; nRow < tbl.pDeck->nGrid; nRow = tbl.nNextRow++)
-        RowFill(tbl, nRow, tblWork);
+        RowFill(tbl, nRow, work);
 }
 
 void HeadMake(Grid& tbl, rec533::Behaviour eBehaviour)
 {
     constexpr int kTitleWidth = 90;
-    const AreaDeck& tblDeck = *tbl.pDeck;
-    const double dKw = tbl.tblCircuit.dPowerKw;
+    const AreaDeck& deck = *tbl.pDeck;
+    const double dKw = tbl.circuit.dPowerKw;
     std::string sTitle =
-        tblDeck.sTxName + " [" + (tbl.pParts->pTx ? tbl.pParts->pTx->sTitle : "Isotropic") + "] "
+        deck.sTxName + " [" + (tbl.pParts->pTx ? tbl.pParts->pTx->sTitle : "Isotropic") + "] "
         + (dKw >= 1.0 ? NumberToText(dKw) + "kW" : NumberToText(std::round(dKw * 1e6) / 1e3) + "W")
-        + " "
-        + NumberFormat(
-            tblDeck.tblCommon.tblTxAntenna ? tblDeck.tblCommon.tblTxAntenna->dAzimuth : 0.0, "0")
-        + "deg " + NumberFormat(tblDeck.nHour == 0 ? 24.0 : tblDeck.nHour, "00") + "ut "
-        + NumberFormat(tblDeck.dFrequency, "0.000") + "MHz "
-        + std::string(MonthNameGet(tblDeck.tblCommon.nMonth)) + " "
-        + NumberFormat(tblDeck.tblCommon.dSsn, "0") + "ssn";
+        + " " + NumberFormat(deck.common.txAntenna ? deck.common.txAntenna->dAzimuth : 0.0, "0")
+        + "deg " + NumberFormat(deck.nHour == 0 ? 24.0 : deck.nHour, "00") + "ut "
+        + NumberFormat(deck.dFrequency, "0.000") + "MHz "
+        + std::string(MonthNameGet(deck.common.nMonth)) + " " + NumberFormat(deck.common.dSsn, "0")
+        + "ssn";
     tbl.sHead.append(MethodNameGet(eBehaviour))
         .append(", ")
-        .append(MapNameGet(tblDeck.tblCommon.eMaps))
+        .append(MapNameGet(deck.common.eMaps))
         .append(" maps\n");
     FieldAppend(tbl.sHead, sTitle, -kTitleWidth);
     tbl.sHead += '\n';
-    FieldAppend(tbl.sHead, NumberToText(tblDeck.nGrid), 3);
-    FieldAppend(tbl.sHead, NumberToText(tblDeck.nGrid), 3);
+    FieldAppend(tbl.sHead, NumberToText(deck.nGrid), 3);
+    FieldAppend(tbl.sHead, NumberToText(deck.nGrid), 3);
     // The label's blank stands in the field's first column, so that a reader who cuts six columns
     // from there has the whole number.
     tbl.sHead += "  Latitude Longitude   MUF  MODE  ANGL   DBU   S/N  FS/N SNxx\n";
@@ -123,20 +121,20 @@ Result<std::string> AreaOutputMake(std::string_view sDeck, std::string_view sRoo
     const Result<AreaDeck> resDeck = AreaDeckRead(sDeck);
     if (!resDeck)
         return resDeck.ErrorGet();
-    const DeckCommon& tblCommon = resDeck.ValueGet().tblCommon;
-    const Result<RunParts> resParts = RunPartsMake(tblCommon, sRoot, eBehaviour);
+    const DeckCommon& common = resDeck.ValueGet().common;
+    const Result<RunParts> resParts = RunPartsMake(common, sRoot, eBehaviour);
     if (!resParts)
         return resParts.ErrorGet();
-    Grid tblGrid;
-    tblGrid.pDeck = &resDeck.ValueGet();
-    tblGrid.pParts = &resParts.ValueGet();
-    tblGrid.tblCircuit = CircuitMake(tblCommon, resParts.ValueGet(), kPowerWithoutAntenna);
-    const rec533::Frequencies tblFrequencies(*resParts.ValueGet().pIonosphere, tblGrid.tblCircuit,
-                                             {&resDeck.ValueGet().dFrequency, 1});
-    tblGrid.pFrequencies = &tblFrequencies;
-    HeadMake(tblGrid, eBehaviour);
-    PointsFill(tblGrid, nThreads);
-    return tblGrid.sHead + tblGrid.sPoints;
+    Grid grid;
+    grid.pDeck = &resDeck.ValueGet();
+    grid.pParts = &resParts.ValueGet();
+    grid.circuit = CircuitMake(common, resParts.ValueGet(), kPowerWithoutAntenna);
+    const rec533::Frequencies frequencies(*resParts.ValueGet().pIonosphere, grid.circuit,
+                                          {&resDeck.ValueGet().dFrequency, 1});
+    grid.pFrequencies = &frequencies;
+    HeadMake(grid, eBehaviour);
+    PointsFill(grid, nThreads);
+    return grid.sHead + grid.sPoints;
 }
 
 }  // namespace run533

@@ -45,7 +45,7 @@ constexpr std::array<std::string_view, 6> kNoiseNames{"CITY",       "RESIDENTIAL
                                                       "QUIETRURAL", "QUIET",       "NOISY"};
 
 struct Row {
-    rec533::Circuit tblCircuit;
+    rec533::Circuit circuit;
     int nMonth = 1;
     double dSsn = 0.0;
     std::optional<double> dActivity;
@@ -65,13 +65,13 @@ void NoiseRead(TableRow& rdr, rec533::Circuit& tbl)
 Row RowRead(TableRow& rdr, bool bReference)
 {
     Row tbl;
-    rec533::Circuit& tblCircuit = tbl.tblCircuit;
-    tblCircuit.dTxLat = rdr.NumberGet(kTxLat, -90.0, 90.0);
-    tblCircuit.dTxLon = rdr.NumberGet(kTxLon, -180.0, 180.0);
-    tblCircuit.dRxLat = rdr.NumberGet(kRxLat, -90.0, 90.0);
-    tblCircuit.dRxLon = rdr.NumberGet(kRxLon, -180.0, 180.0);
-    tblCircuit.bLongWay = rdr.TextGet(kPath) == "LONG";
-    if (!tblCircuit.bLongWay && rdr.TextGet(kPath) != "SHORT")
+    rec533::Circuit& circuit = tbl.circuit;
+    circuit.dTxLat = rdr.NumberGet(kTxLat, -90.0, 90.0);
+    circuit.dTxLon = rdr.NumberGet(kTxLon, -180.0, 180.0);
+    circuit.dRxLat = rdr.NumberGet(kRxLat, -90.0, 90.0);
+    circuit.dRxLon = rdr.NumberGet(kRxLon, -180.0, 180.0);
+    circuit.bLongWay = rdr.TextGet(kPath) == "LONG";
+    if (!circuit.bLongWay && rdr.TextGet(kPath) != "SHORT")
         rdr.Fail(kPath);
     tbl.nMonth = rdr.IntegerGet(kMonth, 1, 12);
     // The ITU program refuses what lies outside of these limits.
@@ -79,19 +79,19 @@ Row RowRead(TableRow& rdr, bool bReference)
     tbl.dFrequency = rdr.NumberGet(kFreq, bReference ? 1.0 : kFrequencyLeast,
                                    bReference ? 30.0 : kFrequencyMost);
     tbl.dActivity = rdr.OptionalGet(kActivity, -kActivityMost, kActivityMost);
-    tblCircuit.dPowerKw = rdr.NumberGet(kPower, 1e-6, 1e9) / 1000.0;
-    NoiseRead(rdr, tblCircuit);
-    tblCircuit.dRequiredSnr = rdr.NumberGet(kReqSnr, -300.0, 300.0);
-    tblCircuit.dRequiredReliability = rdr.NumberGet(kReqRel, 1.0, 99.0);
+    circuit.dPowerKw = rdr.NumberGet(kPower, 1e-6, 1e9) / 1000.0;
+    NoiseRead(rdr, circuit);
+    circuit.dRequiredSnr = rdr.NumberGet(kReqSnr, -300.0, 300.0);
+    circuit.dRequiredReliability = rdr.NumberGet(kReqRel, 1.0, 99.0);
     tbl.nHour = rdr.IntegerGet(kHour, 1, 24);
     return tbl;
 }
 
 // What the last row made, kept for the rows of the same circuit and hour.
 struct Work {
-    rec533::Ionosphere tblIonosphere;
-    rec533::Path tblPath;
-    rec533::Hour tblHour;
+    rec533::Ionosphere ionosphere;
+    rec533::Path path;
+    rec533::Hour hour;
     std::string sIonosphere, sPath, sHour;  // cells that they were made of
 };
 
@@ -102,19 +102,18 @@ std::string KeyMake(const TableRow& rdr, Input eFirst, Input eLast)
     return sKey;
 }
 
-void WorkMake(Work& tbl, const TableRow& rdr, const Row& tblRow, rec533::Behaviour eBehaviour,
+void WorkMake(Work& tbl, const TableRow& rdr, const Row& row, rec533::Behaviour eBehaviour,
               rec533::MapSet eMaps)
 {
     const std::string sIonosphere = KeyMake(rdr, kMonth, kSsn) + KeyMake(rdr, kActivity, kActivity);
     const std::string sPath = KeyMake(rdr, kTxLat, kReqRel) + sIonosphere;
     const std::string sHour(rdr.TextGet(kHour));
     if (sIonosphere != tbl.sIonosphere)
-        IonosphereFill(tbl.tblIonosphere, eBehaviour, eMaps, tblRow.nMonth, tblRow.dSsn,
-                       tblRow.dActivity);
+        IonosphereFill(tbl.ionosphere, eBehaviour, eMaps, row.nMonth, row.dSsn, row.dActivity);
     if (sPath != tbl.sPath)
-        PathFill(tbl.tblPath, tbl.tblIonosphere, tblRow.tblCircuit);
+        PathFill(tbl.path, tbl.ionosphere, row.circuit);
     if (sPath != tbl.sPath || sHour != tbl.sHour)
-        HourFill(tbl.tblHour, tbl.tblPath, tblRow.nHour);
+        HourFill(tbl.hour, tbl.path, row.nHour);
     tbl.sIonosphere = sIonosphere;
     tbl.sPath = sPath;
     tbl.sHour = sHour;
@@ -135,26 +134,25 @@ void OrderAppend(std::string& s, int nOrder)
         s += NumberToText(nOrder);
 }
 
-void PredictionAppend(std::string& s, rec533::Hour& tblHour, double dFrequency,
+void PredictionAppend(std::string& s, rec533::Hour& hour, double dFrequency,
                       const rec533::Prediction& tbl)
 {
-    rec533::Path& tblPath = *tblHour.pPath;
-    const double dKm = tblPath.tblWay.dKm;
-    const rec533::Circuit& tblCircuit = tblPath.tblCircuit;
-    const rec533::Noise tblA =
-        NoiseAtmosphericGet(*tblPath.pIonosphere, tblPath.tblNoise, tblHour.nLabel, dFrequency);
-    const rec533::Noise tblM =
-        NoiseManMadeGet(tblCircuit.eNoise, tblCircuit.dNoiseLevel, dFrequency,
-                        tblPath.pIonosphere->quirks.bDecilesSwapped);
-    const rec533::Noise tblG = rec533::NoiseGalacticGet(dFrequency);
-    const rec533::Noise tblTotal = NoiseTotalGet(tblA, tblM, tblG);
+    rec533::Path& path = *hour.pPath;
+    const double dKm = path.way.dKm;
+    const rec533::Circuit& circuit = path.circuit;
+    const rec533::Noise atmospheric =
+        NoiseAtmosphericGet(*path.pIonosphere, path.noise, hour.nLabel, dFrequency);
+    const rec533::Noise manMade = NoiseManMadeGet(circuit.eNoise, circuit.dNoiseLevel, dFrequency,
+                                                  path.pIonosphere->quirks.bDecilesSwapped);
+    const rec533::Noise galactic = rec533::NoiseGalacticGet(dFrequency);
+    const rec533::Noise total = NoiseTotalGet(atmospheric, manMade, galactic);
     const bool bLong = dKm >= rec533::kShortOnly;
     TableAppend(s, dKm);
-    TableAppend(s, tblHour.dRangeMost);
-    OrderAppend(s, tblHour.nOrderF2);
-    OrderAppend(s, tblHour.nOrderE);
-    for (const double dMuf : {tblHour.dMuf, tblHour.dMuf10, tblHour.dMuf90, tblHour.dOperational,
-                              tblHour.dOperational10, tblHour.dOperational90})
+    TableAppend(s, hour.dRangeMost);
+    OrderAppend(s, hour.nOrderF2);
+    OrderAppend(s, hour.nOrderE);
+    for (const double dMuf : {hour.dMuf, hour.dMuf10, hour.dMuf90, hour.dOperational,
+                              hour.dOperational10, hour.dOperational90})
         TableAppend(s, dMuf);
     s += ',';
     if (tbl.nHops > 0)
@@ -164,14 +162,14 @@ void PredictionAppend(std::string& s, rec533::Hour& tblHour, double dFrequency,
     NumberAppend(s, tbl.dFieldLong, bLong);
     NumberAppend(s, tbl.dField, bLong && dKm < rec533::kLongOnly);
     for (const double dValue :
-         {tbl.dField, tbl.dPower, tblA.dFa, tblM.dFa, tblG.dFa, tblTotal.dFa, tblA.dUpper,
-          tblA.dLower, tblM.dUpper, tblM.dLower, tblTotal.dUpper, tblTotal.dLower, tbl.dSnr,
-          tbl.dSnrUpper, tbl.dSnrLower, tbl.dSnrExceeded, tbl.dReliability})
+         {tbl.dField, tbl.dPower, atmospheric.dFa, manMade.dFa, galactic.dFa, total.dFa,
+          atmospheric.dUpper, atmospheric.dLower, manMade.dUpper, manMade.dLower, total.dUpper,
+          total.dLower, tbl.dSnr, tbl.dSnrUpper, tbl.dSnrLower, tbl.dSnrExceeded, tbl.dReliability})
         TableAppend(s, dValue);
-    const rec533::LongHour& tblLong = tblHour.tblLong;
+    const rec533::LongHour& longPath = hour.longPath;
     for (const double dValue :
-         {bLong ? LongFreeGet(tblPath.tblLong) : 0.0, tblPath.tblLong.dGap, tblLong.dUpper,
-          tblLong.dLower, tblLong.dK1, tblLong.dK2, tblPath.tblLong.dGyro, tbl.dLongShare})
+         {bLong ? LongFreeGet(path.longPath) : 0.0, path.longPath.dGap, longPath.dUpper,
+          longPath.dLower, longPath.dK1, longPath.dK2, path.longPath.dGyro, tbl.dLongShare})
         NumberAppend(s, dValue, bLong);
     s += '\n';
 }
@@ -182,16 +180,16 @@ Result<std::string> CircuitTableMake(std::string_view sTable, rec533::Behaviour 
                                      rec533::MapSet eMaps)
 {
     const auto pWork = std::make_unique<Work>();
-    rec533::Prediction tblPrediction;
-    return TableExtend(
-        sTable, kInputNames, kActivity, kOutputNames, [&](TableRow& rdr, std::string& sOut) {
-            const Row tblRow = RowRead(rdr, eBehaviour == rec533::Behaviour::Reference);
-            if (rdr.Failed())
-                return;
-            WorkMake(*pWork, rdr, tblRow, eBehaviour, eMaps);
-            PredictionFill(tblPrediction, pWork->tblHour, tblRow.dFrequency);
-            PredictionAppend(sOut, pWork->tblHour, tblRow.dFrequency, tblPrediction);
-        });
+    rec533::Prediction prediction;
+    return TableExtend(sTable, kInputNames, kActivity, kOutputNames,
+                       [&](TableRow& rdr, std::string& sOut) {
+                           const Row row = RowRead(rdr, eBehaviour == rec533::Behaviour::Reference);
+                           if (rdr.Failed())
+                               return;
+                           WorkMake(*pWork, rdr, row, eBehaviour, eMaps);
+                           PredictionFill(prediction, pWork->hour, row.dFrequency);
+                           PredictionAppend(sOut, pWork->hour, row.dFrequency, prediction);
+                       });
 }
 
 }  // namespace run533

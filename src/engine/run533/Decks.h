@@ -38,7 +38,7 @@ inline constexpr std::array<std::string_view, 3> kMapNames{"CCIR", "URSI", "MEAN
 /// An antenna as a deck names it.
 struct AntennaCard {
     std::string sCard;  ///< the card's name and its columns for errors
-    Field tblAt{};
+    Field atMuf{};
     std::string sName;      ///< as it stands between the brackets, "DEFAULT\SWWHIP.VOA   "
     double dAzimuth = 0.0;  ///< degrees
     double dPowerKw = 0.0;  ///< 0 at a receiver
@@ -55,11 +55,11 @@ struct DeckCommon {
     double dReliability = 50.0;    ///< percent
     double dRequiredSnr = 40.0;    ///< dB
     double dBandwidth = 1.0;       ///< Hz
-    std::optional<AntennaCard> tblTxAntenna, tblRxAntenna;
+    std::optional<AntennaCard> txAntenna, rxAntenna;
 };
 
 struct PointDeck {
-    DeckCommon tblCommon;
+    DeckCommon common;
     int nYear = 0;
     std::string sTxName, sRxName;
     double dRxLat = 0.0, dRxLon = 0.0;
@@ -68,7 +68,7 @@ struct PointDeck {
 };
 
 struct AreaDeck {
-    DeckCommon tblCommon;
+    DeckCommon common;
     std::string sTxName;
     double dWest = 0.0, dEast = 0.0, dSouth = 0.0, dNorth = 0.0;
     int nGrid = 0;

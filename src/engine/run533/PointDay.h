@@ -15,8 +15,8 @@
 namespace run533 {
 
 struct PointDay {
-    rec533::Way tblWay;
-    rec533::Circuit tblCircuit;
+    rec533::Way way;
+    rec533::Circuit circuit;
     std::array<rec533::DayHour, 24> aHours;
     std::vector<bool> abUsable;              ///< of the deck's frequencies: the method takes them
     std::vector<rec533::Prediction> aCells;  ///< [hour][usable frequency]
@@ -24,7 +24,7 @@ struct PointDay {
     double dTxAzimuth = 0.0, dRxAzimuth = 0.0;
 };
 
-void PointDayFill(PointDay& tbl, const PointDeck& tblDeck, const RunParts& tblParts,
-                  rec533::DayWork& tblWork);
+void PointDayFill(PointDay& tbl, const PointDeck& deck, const RunParts& parts,
+                  rec533::DayWork& work);
 
 }  // namespace run533

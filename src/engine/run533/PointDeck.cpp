@@ -56,14 +56,14 @@ void FrequenciesRead(CardReader& rdr, std::string_view sLine, PointDeck& tbl)
 void AntennaRead(CardReader& rdr, DeckCommon& tbl)
 {
     const int nSide = rdr.IntegerGet(antenna_row::kSide, 1, 2);
-    AntennaCard tblCard{"ANTENNA " + NumberToText(nSide), antenna_row::kName,
-                        rdr.BracketGet(antenna_row::kName)};
-    tblCard.dAzimuth = rdr.NumberGet(antenna_row::kTurn, -360.0, 360.0);
+    AntennaCard deckCard{"ANTENNA " + NumberToText(nSide), antenna_row::kName,
+                         rdr.BracketGet(antenna_row::kName)};
+    deckCard.dAzimuth = rdr.NumberGet(antenna_row::kTurn, -360.0, 360.0);
     rdr.EndCheck(antenna_row::kPower);
-    tblCard.dPowerKw = rdr.NumberGet(antenna_row::kPower, 0.0, kPowerMost);
-    if (nSide == 1 && tblCard.dPowerKw <= 0.0)
+    deckCard.dPowerKw = rdr.NumberGet(antenna_row::kPower, 0.0, kPowerMost);
+    if (nSide == 1 && deckCard.dPowerKw <= 0.0)
         rdr.Fail(antenna_row::kPower, "no power");
-    (nSide == 1 ? tbl.tblTxAntenna : tbl.tblRxAntenna) = tblCard;
+    (nSide == 1 ? tbl.txAntenna : tbl.rxAntenna) = deckCard;
 }
 
 void TimeRead(CardReader& rdr)
@@ -88,15 +88,14 @@ void NoiseRead(CardReader& rdr, DeckCommon& tbl)
 
 void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tbl)
 {
-    DeckCommon& tblCommon = tbl.tblCommon;
+    DeckCommon& common = tbl.common;
     switch (eCard) {
         case kCoeffs:
-            tblCommon.eMaps =
-                static_cast<rec533::MapSet>(rdr.ChoiceGet(coeffs_row::kMaps, kMapNames));
+            common.eMaps = static_cast<rec533::MapSet>(rdr.ChoiceGet(coeffs_row::kMaps, kMapNames));
             break;
         case kSsn:
             rdr.EndCheck(sunspot_row::kSunSpot);
-            tblCommon.dSsn = rdr.NumberGet(sunspot_row::kSunSpot, 0.0, rec533::kSsnMost);
+            common.dSsn = rdr.NumberGet(sunspot_row::kSunSpot, 0.0, rec533::kSsnMost);
             break;
         case kTime:
             TimeRead(rdr);
@@ -104,10 +103,10 @@ void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tb
         case kDate:
             tbl.nYear = rdr.IntegerGet(month_row::kYear, 0, 9999);
             rdr.EndCheck(month_row::kMonth);
-            tblCommon.nMonth = rdr.IntegerGet(month_row::kMonth, 1, 12);
+            common.nMonth = rdr.IntegerGet(month_row::kMonth, 1, 12);
             break;
         case kTrans:
-            StationRead(rdr, tbl.sTxName, tblCommon.dTxLat, tblCommon.dTxLon);
+            StationRead(rdr, tbl.sTxName, common.dTxLat, common.dTxLon);
             break;
         case kRecvr:
             StationRead(rdr, tbl.sRxName, tbl.dRxLat, tbl.dRxLon);
@@ -115,10 +114,10 @@ void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tb
         case kSyst:
             tbl.dPowerKw = rdr.NumberGet(syst_row::kPower, 1e-6, kPowerMost);
             rdr.EndCheck(syst_row::kTakeoff);
-            tblCommon.dLeastElevation = rdr.NumberGet(syst_row::kTakeoff, -99.0, 99.0);
+            common.dLeastElevation = rdr.NumberGet(syst_row::kTakeoff, -99.0, 99.0);
             break;
         case kNois:
-            NoiseRead(rdr, tblCommon);
+            NoiseRead(rdr, common);
             break;
         case kFreq:
             FrequenciesRead(rdr, sLine, tbl);
@@ -141,7 +140,7 @@ Result<PointDeck> PointDeckRead(std::string_view sDeck)
         const std::string_view sCard = sName.substr(0, sName.find_last_not_of(' ') + 1);
         CardReader rdr(sCard, sLine);
         if (sCard == "ANTENNA") {
-            AntennaRead(rdr, tbl.tblCommon);
+            AntennaRead(rdr, tbl.common);
         } else {
             const auto itName = std::find(kCardNames.begin(), kCardNames.end(), sCard);
             if (itName == kCardNames.end())

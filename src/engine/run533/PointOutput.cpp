@@ -18,12 +18,12 @@ constexpr double kKmPerMile = 1.852;
 struct Column {
     bool bUsed = false;
     double dFrequency = 0.0;
-    rec533::Prediction tblPrediction;
+    rec533::Prediction prediction;
 };
 
 struct Page {
     const PointDeck* pDeck = nullptr;
-    PointDay tblDay;
+    PointDay day;
     std::array<Column, kColumns> aColumns;
     std::string_view sMethod;
     std::string sText;
@@ -37,22 +37,22 @@ void PlaceAppend(std::string& s, double dLat, double dLon)
     s += dLon > 0.0 ? " E" : " W";
 }
 
-void AntennaAppend(Page& tbl, const char* sSide, const AntennaCard& tblCard, double dAzimuth,
+void AntennaAppend(Page& tbl, const char* sSide, const AntennaCard& deckCard, double dAzimuth,
                    bool bPower)
 {
     std::string& s = tbl.sText;
     s += ' ';
     s += sSide;
     s += "  2-30 2-D Table [";
-    FieldAppend(s, tblCard.sName, -21);
+    FieldAppend(s, deckCard.sName, -21);
     s += "] Az=";
-    FieldAppend(s, tblCard.dAzimuth, 5, 1);
+    FieldAppend(s, deckCard.dAzimuth, 5, 1);
     s += " OFFaz=";
     std::string sOff;
-    FieldAppend(sOff, std::abs(dAzimuth - tblCard.dAzimuth), 6, 1);
+    FieldAppend(sOff, std::abs(dAzimuth - deckCard.dAzimuth), 6, 1);
     s += sOff.substr(1);
     if (bPower) {
-        FieldAppend(s, tblCard.dPowerKw, 8, 3);
+        FieldAppend(s, deckCard.dPowerKw, 8, 3);
         s += "kW";
     }
     s += '\n';
@@ -60,46 +60,46 @@ void AntennaAppend(Page& tbl, const char* sSide, const AntennaCard& tblCard, dou
 
 void HeadAppend(Page& tbl, int nPage)
 {
-    const PointDeck& tblDeck = *tbl.pDeck;
-    const DeckCommon& tblCommon = tblDeck.tblCommon;
+    const PointDeck& deck = *tbl.pDeck;
+    const DeckCommon& common = deck.common;
     std::string& s = tbl.sText;
     s += nPage > 1 ? '\f' : ' ';
-    s += MapNameGet(tblCommon.eMaps);
+    s += MapNameGet(common.eMaps);
     s += " Coefficients  METHOD  6   ";
     FieldAppend(s, tbl.sMethod, -36);
     s += "PAGE";
     FieldAppend(s, nPage, 4, 0);
     s += "\n                                                  Analog modulation\n ";
-    s += MonthNameGet(tblCommon.nMonth);
-    FieldAppend(s, tblDeck.nYear, 8, 0);
+    s += MonthNameGet(common.nMonth);
+    FieldAppend(s, deck.nYear, 8, 0);
     s += "          SSN =";
-    FieldAppend(s, tblCommon.dSsn, 4, 0);
+    FieldAppend(s, common.dSsn, 4, 0);
     s += ".                      Path\n ";
-    FieldAppend(s, tblDeck.sTxName, -20);
-    FieldAppend(s, tblDeck.sRxName, -20);
+    FieldAppend(s, deck.sTxName, -20);
+    FieldAppend(s, deck.sRxName, -20);
     s += "   AZIMUTHS <Short> N. MI.      KM\n";
-    PlaceAppend(s, tblCommon.dTxLat, tblCommon.dTxLon);
+    PlaceAppend(s, common.dTxLat, common.dTxLon);
     s += "  ";
-    PlaceAppend(s, tblDeck.dRxLat, tbl.tblDay.dRxLon);
-    FieldAppend(s, tbl.tblDay.dTxAzimuth, 10, 2);
-    FieldAppend(s, tbl.tblDay.dRxAzimuth, 8, 2);
-    FieldAppend(s, tbl.tblDay.tblWay.dKm / kKmPerMile, 10, 1);
-    FieldAppend(s, tbl.tblDay.tblWay.dKm, 9, 1);
+    PlaceAppend(s, deck.dRxLat, tbl.day.dRxLon);
+    FieldAppend(s, tbl.day.dTxAzimuth, 10, 2);
+    FieldAppend(s, tbl.day.dRxAzimuth, 8, 2);
+    FieldAppend(s, tbl.day.way.dKm / kKmPerMile, 10, 1);
+    FieldAppend(s, tbl.day.way.dKm, 9, 1);
     s += "\n MIN ANG";
-    FieldAppend(s, tbl.tblDay.tblCircuit.dLeastElevation, 5, 1);
+    FieldAppend(s, tbl.day.circuit.dLeastElevation, 5, 1);
     s += " DEG\n";
-    if (tblCommon.tblTxAntenna)
-        AntennaAppend(tbl, "XMTR", *tblCommon.tblTxAntenna, tbl.tblDay.dTxAzimuth, true);
-    if (tblCommon.tblRxAntenna)
-        AntennaAppend(tbl, "RCVR", *tblCommon.tblRxAntenna, tbl.tblDay.dRxAzimuth, false);
+    if (common.txAntenna)
+        AntennaAppend(tbl, "XMTR", *common.txAntenna, tbl.day.dTxAzimuth, true);
+    if (common.rxAntenna)
+        AntennaAppend(tbl, "RCVR", *common.rxAntenna, tbl.day.dRxAzimuth, false);
     s += " NOISE";
-    FieldAppend(s, tbl.tblDay.tblCircuit.dNoiseLevel, 5, 0);
+    FieldAppend(s, tbl.day.circuit.dNoiseLevel, 5, 0);
     s += " dBW           S/N";
-    FieldAppend(s, tbl.tblDay.tblCircuit.dRequiredReliability, 3, 0);
+    FieldAppend(s, tbl.day.circuit.dRequiredReliability, 3, 0);
     s += "% of Days @";
-    FieldAppend(s, tblCommon.dRequiredSnr, 4, 0);
+    FieldAppend(s, common.dRequiredSnr, 4, 0);
     s += " dB  in";
-    FieldAppend(s, tblCommon.dBandwidth, 5, 0);
+    FieldAppend(s, common.dBandwidth, 5, 0);
     s += " Hz RX Bandwidth\n\n"
          " UT  MUF                                                         LUF  FOT OPMUF\n\n";
 }
@@ -111,32 +111,32 @@ void ModeAppend(std::string& s, const Column& tbl)
         s += "  0  ";
         return;
     }
-    if (tbl.tblPrediction.nHops == 0) {
+    if (tbl.prediction.nHops == 0) {
         s += "   - ";
         return;
     }
     char aName[6] = "     ";
-    const int nHops = tbl.tblPrediction.nHops;
+    const int nHops = tbl.prediction.nHops;
     aName[1] = nHops >= 10 ? static_cast<char>('0' + nHops / 10) : ' ';
     aName[2] = static_cast<char>('0' + nHops % 10);
-    aName[3] = tbl.tblPrediction.bE ? 'E' : 'F';
-    aName[4] = tbl.tblPrediction.bE ? ' ' : '2';
+    aName[3] = tbl.prediction.bE ? 'E' : 'F';
+    aName[4] = tbl.prediction.bE ? ' ' : '2';
     s += aName;
 }
 
 void AngleAppend(std::string& s, const Column& tbl)
 {
-    if (tbl.bUsed && tbl.tblPrediction.nHops == 0)
+    if (tbl.bUsed && tbl.prediction.nHops == 0)
         s += "   - ";
     else
-        FieldAppend(s, tbl.bUsed ? tbl.tblPrediction.dElevation * rec533::kDegrees : 0.0, 5, 0);
+        FieldAppend(s, tbl.bUsed ? tbl.prediction.dElevation * rec533::kDegrees : 0.0, 5, 0);
 }
 
 template <class ValueFn>
 void RowAppend(Page& tbl, const char* sLabel, ValueFn fnAppend)
 {
     tbl.sText += "   ";
-    for (const Column& tblColumn : tbl.aColumns) fnAppend(tbl.sText, tblColumn);
+    for (const Column& column : tbl.aColumns) fnAppend(tbl.sText, column);
     tbl.sText += ' ';
     tbl.sText += sLabel;
     tbl.sText += '\n';
@@ -145,51 +145,50 @@ void RowAppend(Page& tbl, const char* sLabel, ValueFn fnAppend)
 template <class ValueFn>
 void NumberRowAppend(Page& tbl, const char* sLabel, ValueFn fnValue)
 {
-    RowAppend(tbl, sLabel, [&](std::string& s, const Column& tblColumn) {
-        FieldAppend(s, tblColumn.bUsed ? fnValue(tblColumn) : kUnused, 5, 0);
+    RowAppend(tbl, sLabel, [&](std::string& s, const Column& column) {
+        FieldAppend(s, column.bUsed ? fnValue(column) : kUnused, 5, 0);
     });
 }
 
-void HourLineAppend(Page& tbl, const rec533::DayHour& tblHour, int nLabel)
+void HourLineAppend(Page& tbl, const rec533::DayHour& hour, int nLabel)
 {
     std::string& s = tbl.sText;
     FieldAppend(s, nLabel, 3, 0);
-    FieldAppend(s, tblHour.dMuf, 5, 1);
+    FieldAppend(s, hour.dMuf, 5, 1);
     for (std::size_t i = 1; i < tbl.aColumns.size(); ++i)
         FieldAppend(s, tbl.aColumns[i].bUsed ? tbl.aColumns[i].dFrequency : 0.0, 5, 1);
     s += " FREQ";
-    FieldAppend(s, tblHour.dLuf, 5, 1);
-    FieldAppend(s, tblHour.dFot, 5, 1);
-    FieldAppend(s, tblHour.dOperational, 6, 1);
+    FieldAppend(s, hour.dLuf, 5, 1);
+    FieldAppend(s, hour.dFot, 5, 1);
+    FieldAppend(s, hour.dOperational, 6, 1);
     s += '\n';
 }
 
-void BlockAppend(Page& tbl, const rec533::DayHour& tblHour, int nLabel)
+void BlockAppend(Page& tbl, const rec533::DayHour& hour, int nLabel)
 {
     constexpr double kPicowatt = 120.0;  // dBW to dBpW
-    HourLineAppend(tbl, tblHour, nLabel);
+    HourLineAppend(tbl, hour, nLabel);
     RowAppend(tbl, "MODE", ModeAppend);
     RowAppend(tbl, "ANGL", AngleAppend);
-    NumberRowAppend(tbl, "DBU ", [](const Column& c) { return c.tblPrediction.dField; });
-    NumberRowAppend(tbl, "dBpW",
-                    [](const Column& c) { return c.tblPrediction.dPower + kPicowatt; });
-    NumberRowAppend(tbl, "S/N ", [](const Column& c) { return c.tblPrediction.dSnr; });
+    NumberRowAppend(tbl, "DBU ", [](const Column& c) { return c.prediction.dField; });
+    NumberRowAppend(tbl, "dBpW", [](const Column& c) { return c.prediction.dPower + kPicowatt; });
+    NumberRowAppend(tbl, "S/N ", [](const Column& c) { return c.prediction.dSnr; });
     RowAppend(tbl, "FS/N", [](std::string& s, const Column& c) {
-        FieldAppend(s, c.bUsed ? std::clamp(c.tblPrediction.dReliability / 100.0, 0.01, 0.99) : 0.0,
-                    5, 2);
+        FieldAppend(s, c.bUsed ? std::clamp(c.prediction.dReliability / 100.0, 0.01, 0.99) : 0.0, 5,
+                    2);
     });
-    NumberRowAppend(tbl, "SNxx", [](const Column& c) { return c.tblPrediction.dSnrExceeded; });
+    NumberRowAppend(tbl, "SNxx", [](const Column& c) { return c.prediction.dSnrExceeded; });
 }
 
 void HourAppend(Page& tbl, std::size_t nHour)
 {
-    const rec533::DayHour& tblHour = tbl.tblDay.aHours[nHour];
-    std::size_t nCell = nHour * tbl.tblDay.aCells.size() / tbl.tblDay.aHours.size();
-    tbl.aColumns[0] = {tblHour.bAtMuf, tblHour.dMuf, tblHour.tblAtMuf};
+    const rec533::DayHour& hour = tbl.day.aHours[nHour];
+    std::size_t nCell = nHour * tbl.day.aCells.size() / tbl.day.aHours.size();
+    tbl.aColumns[0] = {hour.bAtMuf, hour.dMuf, hour.atMuf};
     for (std::size_t i = 1; i < tbl.aColumns.size(); ++i)
         if (tbl.aColumns[i].bUsed)
-            tbl.aColumns[i].tblPrediction = tbl.tblDay.aCells[nCell++];
-    BlockAppend(tbl, tblHour, nHour == 0 ? 24 : static_cast<int>(nHour));
+            tbl.aColumns[i].prediction = tbl.day.aCells[nCell++];
+    BlockAppend(tbl, hour, nHour == 0 ? 24 : static_cast<int>(nHour));
 }
 
 }  // namespace
@@ -201,17 +200,17 @@ Result<std::string> PointOutputMake(std::string_view sDeck, std::string_view sRo
     const Result<PointDeck> resDeck = PointDeckRead(sDeck);
     if (!resDeck)
         return resDeck.ErrorGet();
-    const Result<RunParts> resParts = RunPartsMake(resDeck.ValueGet().tblCommon, sRoot, eBehaviour);
+    const Result<RunParts> resParts = RunPartsMake(resDeck.ValueGet().common, sRoot, eBehaviour);
     if (!resParts)
         return resParts.ErrorGet();
     const auto pPage = std::make_unique<Page>();
     pPage->pDeck = &resDeck.ValueGet();
     pPage->sMethod = MethodNameGet(eBehaviour);
     pPage->sText.reserve(kOutputBytes);
-    rec533::DayWork tblWork;
-    PointDayFill(pPage->tblDay, resDeck.ValueGet(), resParts.ValueGet(), tblWork);
+    rec533::DayWork work;
+    PointDayFill(pPage->day, resDeck.ValueGet(), resParts.ValueGet(), work);
     for (std::size_t i = 0; i < pPage->pDeck->aFrequencies.size(); ++i)
-        pPage->aColumns[i + 1] = {pPage->tblDay.abUsable[i], pPage->pDeck->aFrequencies[i], {}};
+        pPage->aColumns[i + 1] = {pPage->day.abUsable[i], pPage->pDeck->aFrequencies[i], {}};
     for (int i = 0; i < 24; ++i) {
         if (i % kHoursAPage == 0)
             HeadAppend(*pPage, i / kHoursAPage + 1);

@@ -25,12 +25,12 @@ constexpr std::array<std::string_view, kInputs> kInputNames{"id",  "lat",  "lon"
                                                             "ssn", "hour", "ig"};
 
 // Reads a row and appends what it asks for; nothing where the row fails.
-void RowAppend(std::string& sOut, TableRow& rdr, rec533::Ionosphere& tblIono,
+void RowAppend(std::string& sOut, TableRow& rdr, rec533::Ionosphere& iono,
                rec533::Behaviour eBehaviour, rec533::MapSet eMaps)
 {
     constexpr double kActivityMost = 400.0;
-    const rec533::Place tblPlace = rec533::PlaceFromDegrees(rdr.NumberGet(kLat, -90.0, 90.0),
-                                                            rdr.NumberGet(kLon, -180.0, 180.0));
+    const rec533::Place place = rec533::PlaceFromDegrees(rdr.NumberGet(kLat, -90.0, 90.0),
+                                                         rdr.NumberGet(kLon, -180.0, 180.0));
     const int nMonth = rdr.IntegerGet(kMonth, 1, 12);
     const double dSsn = rdr.NumberGet(kSsn, 0.0, rec533::kSsnMost);
     const int nHour = rdr.IntegerGet(kHour, 0, 24);
@@ -38,15 +38,14 @@ void RowAppend(std::string& sOut, TableRow& rdr, rec533::Ionosphere& tblIono,
     if (rdr.Failed())
         return;
     const int nLabel = nHour == 0 ? 24 : nHour;
-    IonosphereFill(tblIono, eBehaviour, eMaps, nMonth, dSsn, dActivity);
-    rec533::Site tblSite;
-    SiteFill(tblSite, tblPlace);
-    const rec533::F2Layer tblLayer =
-        SiteLayerGet(tblIono, FoeHourGet(tblIono, nLabel), tblSite, nLabel);
-    const double dDip = MagneticFieldGet(tblPlace, rec533::FieldHeight::Maps).dDip;
+    IonosphereFill(iono, eBehaviour, eMaps, nMonth, dSsn, dActivity);
+    rec533::Site site;
+    SiteFill(site, place);
+    const rec533::F2Layer layer = SiteLayerGet(iono, FoeHourGet(iono, nLabel), site, nLabel);
+    const double dDip = MagneticFieldGet(place, rec533::FieldHeight::Maps).dDip;
     for (const double dValue :
-         {tblLayer.dFof2, tblLayer.dM3, tblLayer.dFoe, tblLayer.dGyro, dDip * rec533::kDegrees,
-          std::atan(dDip / std::sqrt(tblPlace.dCosLat)) * rec533::kDegrees})
+         {layer.dFof2, layer.dM3, layer.dFoe, layer.dGyro, dDip * rec533::kDegrees,
+          std::atan(dDip / std::sqrt(place.dCosLat)) * rec533::kDegrees})
         TableAppend(sOut, dValue);
 }
 

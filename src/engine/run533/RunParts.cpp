@@ -18,37 +18,37 @@ Result<RunParts> RunPartsMake(const DeckCommon& tbl, std::string_view sRoot,
                               rec533::Behaviour eBehaviour,
                               std::shared_ptr<const rec533::Ionosphere> pIonosphere)
 {
-    RunParts tblParts;
+    RunParts parts;
     for (const bool bTx : {true, false}) {
-        const auto& tblCard = bTx ? tbl.tblTxAntenna : tbl.tblRxAntenna;
-        if (!tblCard)
+        const auto& deckCard = bTx ? tbl.txAntenna : tbl.rxAntenna;
+        if (!deckCard)
             continue;
-        Result<AntennaLoaded> resLoaded = AntennaLoad(sRoot, tblCard->sName);
+        Result<AntennaLoaded> resLoaded = AntennaLoad(sRoot, deckCard->sName);
         if (!resLoaded)
-            return DeckErrorMake(tblCard->sCard, tblCard->tblAt, resLoaded.TextGet());
-        (bTx ? tblParts.pTx : tblParts.pRx) = std::make_unique<AntennaLoaded>(resLoaded.ValueGet());
+            return DeckErrorMake(deckCard->sCard, deckCard->atMuf, resLoaded.TextGet());
+        (bTx ? parts.pTx : parts.pRx) = std::make_unique<AntennaLoaded>(resLoaded.ValueGet());
     }
-    tblParts.pIonosphere = pIonosphere ? std::move(pIonosphere) : IonosphereMake(tbl, eBehaviour);
-    return tblParts;
+    parts.pIonosphere = pIonosphere ? std::move(pIonosphere) : IonosphereMake(tbl, eBehaviour);
+    return parts;
 }
 
-rec533::Circuit CircuitMake(const DeckCommon& tbl, const RunParts& tblParts, double dPowerKw)
+rec533::Circuit CircuitMake(const DeckCommon& tbl, const RunParts& parts, double dPowerKw)
 {
     constexpr double kNoiseLeast = -200.0;  // dBW in 1 Hz at 3 MHz; quiet rural is -164 ...
     constexpr double kNoiseMost = -100.0;   // ... and a city -127
-    rec533::Circuit tblCircuit;
-    tblCircuit.dTxLat = tbl.dTxLat;
-    tblCircuit.dTxLon = tbl.dTxLon;
-    tblCircuit.dPowerKw = tbl.tblTxAntenna ? tbl.tblTxAntenna->dPowerKw : dPowerKw;
-    tblCircuit.eNoise = rec533::NoiseCategory::Level;
-    tblCircuit.dNoiseLevel = std::clamp(tbl.dNoise, kNoiseLeast, kNoiseMost);
-    tblCircuit.dRequiredSnr = tbl.dRequiredSnr;
-    tblCircuit.dRequiredReliability = tbl.dReliability;
-    tblCircuit.dBandwidth = tbl.dBandwidth;
-    tblCircuit.dLeastElevation = tbl.dLeastElevation;
-    tblCircuit.pTx = tblParts.pTx ? &tblParts.pTx->tblAntenna : nullptr;
-    tblCircuit.pRx = tblParts.pRx ? &tblParts.pRx->tblAntenna : nullptr;
-    return tblCircuit;
+    rec533::Circuit circuit;
+    circuit.dTxLat = tbl.dTxLat;
+    circuit.dTxLon = tbl.dTxLon;
+    circuit.dPowerKw = tbl.txAntenna ? tbl.txAntenna->dPowerKw : dPowerKw;
+    circuit.eNoise = rec533::NoiseCategory::Level;
+    circuit.dNoiseLevel = std::clamp(tbl.dNoise, kNoiseLeast, kNoiseMost);
+    circuit.dRequiredSnr = tbl.dRequiredSnr;
+    circuit.dRequiredReliability = tbl.dReliability;
+    circuit.dBandwidth = tbl.dBandwidth;
+    circuit.dLeastElevation = tbl.dLeastElevation;
+    circuit.pTx = parts.pTx ? &parts.pTx->antenna : nullptr;
+    circuit.pRx = parts.pRx ? &parts.pRx->antenna : nullptr;
+    return circuit;
 }
 
 std::string_view MethodNameGet(rec533::Behaviour eBehaviour)

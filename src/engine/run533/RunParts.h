@@ -24,7 +24,7 @@ struct RunParts {
     const DeckCommon& tbl, rec533::Behaviour eBehaviour);
 
 /// The circuit without its receiver's place. dPowerKw: without an antenna card for it.
-[[nodiscard]] rec533::Circuit CircuitMake(const DeckCommon& tbl, const RunParts& tblParts,
+[[nodiscard]] rec533::Circuit CircuitMake(const DeckCommon& tbl, const RunParts& parts,
                                           double dPowerKw);
 
 /// How the page head and the grid's first line name the method.

@@ -42,14 +42,14 @@ Result<TableHead> TableHead::Read(std::string_view sLine, std::span<const std::s
     return tbl;
 }
 
-TableRow::TableRow(const TableHead& tblHead, std::string_view sLine, int nLine)
-    : m_tblHead(tblHead), m_nLine(nLine), m_aCells(CellsSplit(sLine))
+TableRow::TableRow(const TableHead& tableHead, std::string_view sLine, int nLine)
+    : m_tblHead(tableHead), m_nLine(nLine), m_aCells(CellsSplit(sLine))
 {
-    if (m_aCells.size() >= tblHead.m_nCells)
+    if (m_aCells.size() >= tableHead.m_nCells)
         return;
     m_bFailed = true;
     m_error.sText = "line " + NumberToText(nLine) + ": fewer columns than the head has";
-    m_aCells.resize(tblHead.m_nCells);
+    m_aCells.resize(tableHead.m_nCells);
 }
 
 std::string_view TableRow::TextGet(std::size_t nColumn) const

@@ -34,7 +34,7 @@ private:
 /// Reads the cells of a row, keeping the first error. Columns by their number among the names.
 class TableRow {
 public:
-    TableRow(const TableHead& tblHead, std::string_view sLine, int nLine);
+    TableRow(const TableHead& tableHead, std::string_view sLine, int nLine);
 
     /// Empty where the column is missing.
     [[nodiscard]] std::string_view TextGet(std::size_t nColumn) const;
