@@ -37,6 +37,7 @@ inline constexpr std::string_view kOwnSystem = "places";
 struct PlaceFault {
     std::string sWhere;  ///< "HAM XX5BAD", "line 7"
     std::string sWhy;    ///< "its grid square \"FN4\" cannot be read"
+    PlaceKind eKind = PlaceKind::Own;
 
     bool operator==(const PlaceFault&) const = default;
 };

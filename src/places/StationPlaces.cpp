@@ -26,7 +26,8 @@ void EntryAdd(const std::string& sSystem, StationEntry entry, StationPlaces& sta
 {
     Place place;
     const auto Fault = [&](std::string sWhy) {
-        stations.aFaults.push_back({sSystem + " " + entry.sKey, std::move(sWhy)});
+        stations.aFaults.push_back(
+            {sSystem + " " + entry.sKey, std::move(sWhy), PlaceKindOf(sSystem)});
     };
     if (stations.aPlaces.size() >= kStationsMost)
         return Fault("there are " + NumberToText(static_cast<int>(kStationsMost))

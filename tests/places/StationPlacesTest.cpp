@@ -84,8 +84,9 @@ TEST_F(StationPlacesTest, EntriesThatCannotBeUsedAreNamedAndTheOthersStay)
     EXPECT_EQ(stations.aPlaces[0].sKey, "GOOD");
     ASSERT_EQ(stations.aFaults.size(), 6U);
     EXPECT_EQ(stations.aFaults[0],
-              (PlaceFault{"HAM BAD", "its grid square \"FN4\" cannot be read"}));
-    EXPECT_EQ(stations.aFaults[1], (PlaceFault{"HAM NONE", "it has no grid square"}));
+              (PlaceFault{"HAM BAD", "its grid square \"FN4\" cannot be read", PlaceKind::Ham}));
+    EXPECT_EQ(stations.aFaults[1],
+              (PlaceFault{"HAM NONE", "it has no grid square", PlaceKind::Ham}));
     EXPECT_EQ(stations.aFaults[4].sWhy, "it has no name");
 }
 
