@@ -30,14 +30,6 @@ constexpr std::array kRows{
 };
 // clang-format on
 
-/// False for the numbers that say that there is none.
-bool SnrIs(float fSnr)
-{
-    constexpr float kNoneRec533 = -999.0F;
-    constexpr float kNoneVoacap = -999.9F;
-    return fSnr != kSnrLeast && fSnr != kNoneRec533 && fSnr != kNoneVoacap;
-}
-
 bool OwnIs(double dOwn) { return dOwn > 0.0 && std::isfinite(dOwn); }
 
 }  // namespace
@@ -62,9 +54,16 @@ double PowerShiftGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind)
     return OwnIs(dOwn) ? 10.0 * std::log10(dOwn / CardPowerGet(iModel, iAntennaType, eKind)) : 0.0;
 }
 
+bool SnrGivenIs(float fSnr)
+{
+    constexpr float kNoneRec533 = -999.0F;
+    constexpr float kNoneVoacap = -999.9F;
+    return !std::isnan(fSnr) && fSnr != kSnrLeast && fSnr != kNoneRec533 && fSnr != kNoneVoacap;
+}
+
 float PowerShiftSnr(float fSnr, double dShift)
 {
-    return SnrIs(fSnr) ? static_cast<float>(fSnr + dShift) : fSnr;
+    return SnrGivenIs(fSnr) ? static_cast<float>(fSnr + dShift) : fSnr;
 }
 
 void PowerShiftTable(const Request& request, int iFirst, int iLast, PropagationTable& table)
@@ -75,7 +74,7 @@ void PowerShiftTable(const Request& request, int iFirst, int iLast, PropagationT
         return;
     for (int iHour = 1; iHour <= kHourCount; ++iHour) {
         for (int i = iFirst; i <= iLast; ++i) {
-            if (!SnrIs(table.fSnr(iHour, i)))
+            if (!SnrGivenIs(table.fSnr(iHour, i)))
                 continue;
             table.fSnr(iHour, i) = PowerShiftSnr(table.fSnr(iHour, i), dShift);
             table.fSdBW(iHour, i) = static_cast<float>(table.fSdBW(iHour, i) + dShift);

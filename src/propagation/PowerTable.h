@@ -31,6 +31,10 @@ enum class DeckKind { PointToPoint, Area };
 /// Exactly 0 without an own power.
 [[nodiscard]] double PowerShiftGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind);
 
+/// False for the numbers by which the engines say that there is no SNR: -99, -999 and -999.9, and
+/// for not-a-number.
+[[nodiscard]] bool SnrGivenIs(float fSnr);
+
 /// An SNR shifted, dB. -99 and the engines' -999 and -999.9 say that there is none: they stay, and
 /// so does not-a-number.
 [[nodiscard]] float PowerShiftSnr(float fSnr, double dShift);

@@ -238,6 +238,14 @@ TEST(PowerShift, ValuesThatSayThereIsNoneStay)
     EXPECT_EQ(PowerShiftSnr(-120.0F, 10.0), -110.0F);
 }
 
+TEST(SnrGiven, IsFalseForTheEnginesNumbersOfNoneAndForNoNumberAlone)
+{
+    for (const float fNone : {-99.0F, -999.0F, -999.9F, std::numeric_limits<float>::quiet_NaN()})
+        EXPECT_FALSE(SnrGivenIs(fNone)) << fNone;
+    for (const float fSnr : {-98.0F, -100.0F, -998.0F, 0.0F, 99.0F})
+        EXPECT_TRUE(SnrGivenIs(fSnr)) << fSnr;
+}
+
 TEST(PowerShift, OfATableMovesSignalAndSnrOfTheChunkAlone)
 {
     Request request;
