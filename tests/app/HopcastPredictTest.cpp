@@ -111,7 +111,7 @@ TEST_F(HopcastPredict, AChunkThatFailsIsEmptyNamedAndTellsByItsStatus)
               "hopcast-predict: No values for 2000, 4000, 6000, 8000, 10000, 12000, 14000, 16000, "
               "18000, 20000 kHz.\n");
     EXPECT_EQ(std::count(res.sOut.begin(), res.sOut.end(), '\n'), 1 + 24 * 15);
-    EXPECT_NE(res.sOut.find(",20000,,,,,,,\n"), std::string::npos);
+    EXPECT_NE(res.sOut.find(",20000,,,,,,,,REC533,"), std::string::npos);
     EXPECT_EQ(res.sOut.find(",22000,,"), std::string::npos);
     const ProgramResult resFile =
         Predict({"--ssn", "100", "--format", "csv", "--output", m_tmp.Path("out.csv")});
@@ -157,7 +157,8 @@ TEST_F(HopcastPredict, WithoutAnySunspotNumberTheRunIsRefused)
     EXPECT_EQ(
         res.sError,
         "hopcast-predict: Unable to find AirMail's Propagation, SSN in \"Airmail.ini\".\n\n"
-        "Please check that the AirMail Data folder \"C:\\Program Files\\AirMail\" is correct.\n");
+        "Please check that the AirMail Data folder \"C:\\Program Files\\AirMail\" is correct. "
+        "(or give --ssn N)\n");
 }
 
 TEST_F(HopcastPredict, WritesToAFileAndSaysWhereItCannot)
@@ -239,7 +240,8 @@ TEST_F(HopcastPredictAirmail, ASunspotNumberThatIsNoneIsToldAndNothingRuns)
     const ProgramResult res = Predict({"--frequencies", "14100"});
     EXPECT_EQ(res.nStatus, 1);
     EXPECT_EQ(res.sOut, "");
-    EXPECT_EQ(res.sError, "hopcast-predict: Airmail's sunspot number: Type mismatch\n");
+    EXPECT_EQ(res.sError,
+              "hopcast-predict: Airmail's sunspot number: Type mismatch (or give --ssn N)\n");
     EXPECT_FALSE(fs::exists(m_tmp.Path("root/deck")));
 }
 
@@ -418,7 +420,8 @@ TEST_F(HopcastPredictAirmail, WhatIsOutOfRangeIsRefusedWithFileAndKey)
     EXPECT_EQ(res.nStatus, 1);
     EXPECT_EQ(res.sError,
               "hopcast-predict: Airmail's sunspot number: C:\\Program "
-              "Files\\AirMail\\Airmail.ini, [Propagation] SSN: 400 lies outside 0 to 311\n");
+              "Files\\AirMail\\Airmail.ini, [Propagation] SSN: 400 lies outside 0 to 311 (or give "
+              "--ssn N)\n");
     // A good position behind it does not count: the user asked for the current one.
     m_tmp.Write(sIni,
                 "[Position Report]\r\nCurrent Latitude=95\xB0"

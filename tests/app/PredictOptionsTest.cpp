@@ -1,11 +1,15 @@
 #include <gtest/gtest.h>
 
+#include <map>
 #include <ostream>
+#include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "app/predict/PredictOptions.h"
 #include "app/predict/PredictPosition.h"
+#include "app/predict/PredictPrint.h"
 #include "settings/SettingsRange.h"
 #include "support/TempFolder.h"
 #include "system/NumberLib.h"
@@ -79,6 +83,52 @@ INSTANTIATE_TEST_SUITE_P(
                 "--frequencies: \"\" is not a frequency in kHz, 100 to 45000"},
         BadCase{
             "ssn", {"--ssn", "312"}, "--ssn: \"312\" is not a smoothed sunspot number, 0 to 311"},
+        BadCase{"ssn_word",
+                {"--ssn", "noaa"},
+                "--ssn: \"noaa\" is not a smoothed sunspot number, 0 to 311"},
+        BadCase{"forecast_file_and_number",
+                {"--ssn", "50", "--ssn-file", "x"},
+                "--ssn-file: goes with --ssn forecast only"},
+        BadCase{"forecast_file_and_airmail",
+                {"--ssn-file", "x", "--ssn", "airmail"},
+                "--ssn-file: goes with --ssn forecast only"},
+        BadCase{"power", {"--power", "1e7"}, "--power: \"1e7\" is not a power in W, 0 to 1000000"},
+        BadCase{"need_great",
+                {"--need", "200"},
+                "--need: The need of 200 lies outside -50 to 150 dB in 1 Hz."},
+        BadCase{"need_area",
+                {"--area", "1,2,0,3", "--hour", "3", "--frequency", "7000", "--need", "40"},
+                "--need: does not go with --area"},
+        BadCase{"reach_list",
+                {"--reach", "ham,cb"},
+                "--reach: \"cb\" is not a list: ham, sailmail, other or places"},
+        BadCase{"reach_empty_list",
+                {"--reach", "ham,"},
+                "--reach: \"\" is not a list: ham, sailmail, other or places"},
+        BadCase{
+            "reach_with_tx", {"--reach", "ham", "--tx", "1,1"}, "--tx: does not go with --reach"},
+        BadCase{"reach_with_area",
+                {"--reach", "ham", "--area", "1,2,0,3"},
+                "--area: does not go with --reach"},
+        BadCase{"reach_json",
+                {"--reach", "ham", "--format", "json"},
+                "--format: lists of stations are csv"},
+        BadCase{"reach_hours",
+                {"--reach", "ham", "--hours", "25"},
+                "--hours: \"25\" is not a number of hours, 1 to 24"},
+        BadCase{"reach_from",
+                {"--reach", "ham", "--from", "24"},
+                "--from: \"24\" is not an hour, 0 to 23"},
+        BadCase{"from_alone", {"--from", "3"}, "--from: goes with --reach only"},
+        BadCase{"all_in_an_area",
+                {"--area", "1,2,0,3", "--day", "--all"},
+                "--all: does not go with --area"},
+        BadCase{"stations_with_need",
+                {"--list-stations", "--need", "40"},
+                "--need: does not go with --list-stations"},
+        BadCase{"stations_with_reach",
+                {"--reach", "ham", "--list-stations"},
+                "--reach: does not go with --list-stations"},
         BadCase{"noise",
                 {"--noise", "145"},
                 "--noise: \"145\" is not a noise level in dBW, -200 to -100"},
@@ -195,6 +245,71 @@ TEST(PredictOptions, SetEveryMemberTheyName)
     EXPECT_EQ(settings.m_fPropagationLayerAdjustEs, 0.5F);
     EXPECT_EQ(res.ValueGet().eFormat, PredictFormat::Json);
     EXPECT_EQ(res.ValueGet().sOutput, "x.json");
+}
+
+TEST(PredictOptions, TheSunspotNumberHasOneSourceWhateverTheProfileSays)
+{
+    const TempFolder tmp;
+    const std::string sForecast =
+        tmp.Write("f.ini", "[Propagation Model]\nSunSpot Option=False\nForecast Option=True\n");
+    struct Case {
+        Words asWords;
+        bool bAirMail;
+        bool bForecast;
+    };
+    for (const Case& c :
+         {Case{{}, true, false}, Case{{"--ssn", "50"}, false, false},
+          Case{{"--ssn", "Forecast"}, false, true}, Case{{"--ssn", "AIRMAIL"}, true, false},
+          Case{{"--ssn-file", "x.txt"}, false, true},
+          Case{{"--ssn", "forecast", "--ssn-file", "x.txt"}, false, true},
+          Case{{"--profile", sForecast}, false, true},
+          Case{{"--profile", sForecast, "--ssn", "50"}, false, false},
+          Case{{"--profile", sForecast, "--ssn", "airmail"}, true, false}}) {
+        const auto res = PredictOptionsGet(c.asWords);
+        ASSERT_TRUE(res) << res.TextGet();
+        const std::string sLast = c.asWords.empty() ? "" : c.asWords.back();
+        EXPECT_EQ(res.ValueGet().settings.m_bPropagationSunSpotNumber, c.bAirMail) << sLast;
+        EXPECT_EQ(res.ValueGet().settings.m_bPropagationForecast, c.bForecast) << sLast;
+        EXPECT_EQ(res.ValueGet().sForecastFile, sLast == "x.txt" ? "x.txt" : "");
+    }
+}
+
+TEST(PredictOptions, ANeedIsANumberOrANameOfTheProfilesList)
+{
+    const TempFolder tmp;
+    const std::string sProfile =
+        tmp.Write("n.ini", "[Need Data]\nCount=1\nName 1=Chat\nSnr 1=33.5\nSource 1=own\n");
+    const auto Get = [](Words asWords) { return PredictOptionsGet(asWords); };
+    EXPECT_FALSE(Get({}).ValueGet().need) << "none is taken unless it is asked for";
+    EXPECT_EQ(Get({"--need", "42.5"}).ValueGet().need->fSnr, 42.5F);
+    EXPECT_EQ(Get({"--need", "ssb, CLEAR"}).ValueGet().need->fSnr, 55.0F);
+    EXPECT_EQ(Get({"--need", "chat", "--profile", sProfile}).ValueGet().need->fSnr, 33.5F);
+    const auto res = Get({"--need", "SSB, clear", "--profile", sProfile});
+    ASSERT_FALSE(res);
+    EXPECT_EQ(res.TextGet(),
+              "--need: \"SSB, clear\" is neither a number of dB nor a need of the list: Chat.");
+}
+
+TEST(PredictOptions, ReachTakesListsHoursAndTheOptionsOfAPath)
+{
+    const auto res = PredictOptionsGet(Words{"--reach", "Ham, places", "--from", "22", "--hours",
+                                             "3", "--all", "--need", "40", "--q-index", "4", "--rc",
+                                             "15,-132", "--frequencies", "7000"});
+    ASSERT_TRUE(res) << res.TextGet();
+    const PredictOptions& options = res.ValueGet();
+    EXPECT_TRUE(options.bReach);
+    EXPECT_EQ(options.reach.aLists, (std::set{PlaceKind::Ham, PlaceKind::Own}));
+    EXPECT_EQ(options.reach.iFrom, 22);
+    EXPECT_EQ(options.reach.nHours, 3);
+    EXPECT_TRUE(options.reach.bAll);
+    EXPECT_TRUE(options.reach.bFrequencies);
+    EXPECT_EQ(options.eFormat, PredictFormat::Csv);
+    const auto resPlain = PredictOptionsGet(Words{"--reach", "sailmail,other"});
+    ASSERT_TRUE(resPlain) << resPlain.TextGet();
+    EXPECT_EQ(resPlain.ValueGet().reach.iFrom, -1);
+    EXPECT_EQ(resPlain.ValueGet().reach.nHours, 24);
+    EXPECT_FALSE(resPlain.ValueGet().reach.bFrequencies);
+    EXPECT_EQ(resPlain.ValueGet().reach.aLists, (std::set{PlaceKind::SailMail, PlaceKind::Other}));
 }
 
 TEST(PredictOptions, CoefficientsAreOneSetOrTheMean)
@@ -327,6 +442,71 @@ TEST(PredictHelp, TellsTheOneTableOfRanges)
     Expect("multipath-delay", kRangeMultipathDelay);
     Expect("q-index", kRangeQIndex);
     Expect("layers", kRangeLayer);
+    Expect("power", kRangePower);
+    Expect("need", kRangeNeed);
+}
+
+TEST(PredictHelp, TellsEveryColumnWithItsUnit)
+{
+    const std::string sHelp = PredictHelpGet();
+    const std::size_t nFrom = sHelp.find("\nColumns");
+    ASSERT_NE(nFrom, std::string::npos);
+    const std::string sColumns = sHelp.substr(nFrom);
+    const std::map<std::string, std::string> mapUnit{{"hour", "1 to 24"},
+                                                     {"utc", "0 to 23"},
+                                                     {"muf_khz", "kHz"},
+                                                     {"luf_khz", "kHz"},
+                                                     {"khz", "kHz"},
+                                                     {"mode", "text"},
+                                                     {"takeoff_deg", "degrees"},
+                                                     {"delay_ms", "ms"},
+                                                     {"height_km", "km"},
+                                                     {"signal_dbw", "dBW"},
+                                                     {"noise_dbw", "dBW in 1 Hz"},
+                                                     {"snr_db", "dB in 1 Hz"},
+                                                     {"engine", "text"},
+                                                     {"month", "1 to 12"},
+                                                     {"ssn", "sunspot number"},
+                                                     {"ssn_source", "text"},
+                                                     {"power_w", "W"},
+                                                     {"coefficients", "text"},
+                                                     {"margin_db", "dB"},
+                                                     {"lat", "degrees"},
+                                                     {"lon", "degrees"},
+                                                     {"system", "text"},
+                                                     {"key", "text"},
+                                                     {"description", "text"},
+                                                     {"range_nmi", "nautical miles"},
+                                                     {"bearing_deg", "degrees"},
+                                                     {"azimuth_tx_rc", "degrees"},
+                                                     {"azimuth_rc_tx", "degrees"},
+                                                     {"model", "text"},
+                                                     {"year", "year"}};
+    for (const auto& [sColumn, sUnit] : mapUnit) {
+        const std::size_t nAt = sColumns.find("\n  " + sColumn + " ");
+        ASSERT_NE(nAt, std::string::npos) << sColumn;
+        const std::string sLine = sColumns.substr(nAt + 1, sColumns.find('\n', nAt + 1) - nAt - 1);
+        EXPECT_NE(sLine.find(sUnit), std::string::npos) << sLine;
+    }
+    // Every column of a path's head is among them.
+    const Settings settings;
+    const PropagationTable table(1);
+    PredictRun run{&settings, &table, 2026, "", "", ""};
+    run.need = Need{"", 40.0F, ""};
+    std::istringstream stm(PredictCsvGet(run).substr(0, PredictCsvGet(run).find('\n')));
+    for (std::string sColumn; std::getline(stm, sColumn, ',');)
+        EXPECT_TRUE(mapUnit.contains(sColumn)) << sColumn;
+}
+
+TEST(PredictHelp, TellsWhatTheAntennaTypesMeanWithEachEngine)
+{
+    const std::string sHelp = PredictHelpGet();
+    const std::size_t nVoacap = sHelp.find("--antenna with ICEPAC and VOACAP:");
+    const std::size_t nRec533 = sHelp.find("--antenna with REC533");
+    ASSERT_LT(nVoacap, nRec533);
+    ASSERT_NE(nRec533, std::string::npos);
+    EXPECT_LT(sHelp.find("2 whips 5 kW", nVoacap), nRec533);
+    EXPECT_NE(sHelp.find("1 whips 5 kW; 2 plain antennas 1 kW", nRec533), std::string::npos);
 }
 
 TEST(PredictOptions, TheFormatMayBeInAnyCase)

@@ -52,10 +52,11 @@ TEST_F(PredictPrint, TheTableTellsTheRunAndEveryHour)
     EXPECT_TRUE(sText.starts_with(
         "Hopcast prediction: REC533 (built-in), month 11, sunspot number 100.5 (given)\n"
         "Coefficients MEAN\n"
+        "Power 5 kW, as the antenna choice\n"
         "Transmitter 38°00.00'N 122°00.00'W   Receiver 24°00.00'N 110°00.00'W\n"
         "Range 1042 nmi   bearing Tx to Rc 140 deg   Rc to Tx 325 deg\n"
         "Receiver: Airmail, 3 days old\n\n"
-        "Predicted SNR in dB by UTC hour and frequency (MHz); MUF and LUF in MHz\n"
+        "Predicted SNR (dB in 1 Hz) by UTC hour and frequency (MHz); MUF and LUF in MHz\n"
         "UTC 7.051    14   MUF   LUF\n"
         " 00   -99    47  22.6   3.3\n"
         " 01   -99    47  22.6   3.3\n"))
@@ -86,9 +87,11 @@ TEST_F(PredictPrint, CsvHasARowAnHourAndFrequency)
     EXPECT_EQ(std::count(sText.begin(), sText.end(), '\n'), 1 + 24 * 2);
     EXPECT_TRUE(
         sText.starts_with("hour,utc,muf_khz,luf_khz,khz,mode,takeoff_deg,delay_ms,height_km,signal_"
-                          "dbw,noise_dbw,snr_db\n"
-                          "1,0,22600,3250,7050.6,  1F2,7.5,-1,-1,-110,-156.25,-2532\n"
-                          "1,0,22600,3250,14000,  1F2,7.5,-1,-1,-110,-156.25,46.5\n"
+                          "dbw,noise_dbw,snr_db,engine,month,ssn,ssn_source,power_w,coefficients\n"
+                          "1,0,22600,3250,7050.6,  1F2,7.5,-1,-1,-110,-156.25,-2532,REC533 "
+                          "(built-in),11,100.5,given,5000,MEAN\n"
+                          "1,0,22600,3250,14000,  1F2,7.5,-1,-1,-110,-156.25,46.5,REC533 "
+                          "(built-in),11,100.5,given,5000,MEAN\n"
                           "2,1,"))
         << sText;
 }
@@ -114,11 +117,15 @@ TEST_F(PredictPrint, JsonNamesEveryValue)
         "\"hours\": [\n"
         "    {\"hour\": 1, \"utc\": 0, \"muf_khz\": 22600, \"luf_khz\": 3250,\n     \"cells\": [\n"
         "      {\"khz\": 7050.6, \"mode\": \" \\\"\\\\\\u0001\\u007f\", \"takeoff_deg\": 7.5, "
-        "\"delay_ms\": -1, "
-        "\"height_km\": -1, \"signal_dbw\": -110, \"noise_dbw\": -156.25, \"snr_db\": -2532},\n"
+        "\"delay_ms\": null, "
+        "\"height_km\": null, \"signal_dbw\": -110, \"noise_dbw\": -156.25, \"snr_db\": -2532},\n"
         "      {\"khz\": 14000, \"mode\": \"  1F2\""))
         << sText;
-    EXPECT_TRUE(sText.ends_with("\"snr_db\": 46.5}]}\n  ],\n  \"coefficients\": \"MEAN\"\n}\n"));
+    EXPECT_TRUE(
+        sText.ends_with("\"snr_db\": 46.5}]}\n  ],\n  \"engine\": \"REC533 (built-in)\",\n  "
+                        "\"ssn_source\": \"given\",\n  \"power_w\": 5000,\n  \"coefficients\": "
+                        "\"MEAN\"\n}\n"))
+        << sText;
 }
 
 TEST_F(PredictPrint, CoefficientsOfAProfileAreQuotedAndHaveNoControlCharacters)
@@ -137,8 +144,10 @@ TEST_F(PredictPrint, AFrequencyWithoutValuesIsBlankEmptyAndNull)
         << PredictTableGet(Run(), false);
     EXPECT_EQ(PredictTableGet(Run(), true).find("\x1b[30;"), std::string::npos)
         << "no colour either";
-    EXPECT_NE(PredictCsvGet(Run()).find("\n1,0,22600,3250,7050.6,,,,,,,\n1,0,22600,3250,14000,"),
-              std::string::npos)
+    EXPECT_NE(
+        PredictCsvGet(Run()).find("\n1,0,22600,3250,7050.6,,,,,,,,REC533 (built-in),11,100.5,given,"
+                                  "5000,MEAN\n1,0,22600,3250,14000,"),
+        std::string::npos)
         << PredictCsvGet(Run());
     EXPECT_NE(PredictJsonGet(Run()).find(
                   "{\"khz\": 7050.6, \"mode\": null, \"takeoff_deg\": null, \"delay_ms\": null, "
@@ -154,7 +163,72 @@ TEST(PredictArea, PrintsPointsInGridOrder)
     EXPECT_EQ(PredictAreaCsvGet(aPoint), "lat,lon,snr_db\n10,179.5,12.5\n10,-179.5,-999\n");
     EXPECT_EQ(PredictAreaJsonGet(aPoint),
               "{\n  \"points\": [\n    {\"lat\": 10, \"lon\": 179.5, \"snr_db\": 12.5},\n"
-              "    {\"lat\": 10, \"lon\": -179.5, \"snr_db\": -999}\n  ]\n}\n");
+              "    {\"lat\": 10, \"lon\": -179.5, \"snr_db\": null}\n  ]\n}\n")
+        << "what an engine writes for no value is null";
+}
+
+TEST_F(PredictPrint, ANeedMarksTheCellsThatMeetItAndAddsTheMarginAsTheLastColumn)
+{
+    PredictRun run = Run();
+    run.need = Need{"Voice", 46.5F, "own"};
+    m_table.fSnr(2, 2) = 46.4F;  // as a whole number 46, and below the need
+    m_table.fSnr(3, 2) = 46.6F;
+    m_table.fSnr(4, 1) = -99.0F;
+    const std::string sTable = PredictTableGet(run, false);
+    EXPECT_NE(sTable.find("MHz\nCells with * meet the need (Voice: 46.5 dB in 1 Hz)\nUTC"),
+              std::string::npos)
+        << sTable;
+    EXPECT_NE(sTable.find("\n 00   -99   *47  22.6"), std::string::npos) << sTable;
+    EXPECT_NE(sTable.find("\n 01   -99    46  22.6"), std::string::npos) << sTable;
+    EXPECT_NE(sTable.find("\n 02   -99   *47  22.6"), std::string::npos) << sTable;
+    const std::string sCsv = PredictCsvGet(run);
+    EXPECT_NE(sCsv.find(",power_w,coefficients,margin_db\n"), std::string::npos);
+    EXPECT_NE(sCsv.find(",46.5,REC533 (built-in),11,100.5,given,5000,MEAN,0\n"), std::string::npos)
+        << sCsv;
+    EXPECT_NE(sCsv.find(",MEAN,-0.1\n"), std::string::npos) << "no noise of binary numbers";
+    EXPECT_NE(sCsv.find(",-99,REC533 (built-in),11,100.5,given,5000,MEAN,\n"), std::string::npos)
+        << "-99 is no value, so it has no margin";
+    const std::string sJson = PredictJsonGet(run);
+    EXPECT_NE(sJson.find("\"snr_db\": 46.6, \"margin_db\": 0.1}"), std::string::npos);
+    EXPECT_NE(sJson.find("\"snr_db\": null, \"margin_db\": null}"), std::string::npos);
+    m_table.PresentSet(1, 1, false);
+    EXPECT_NE(
+        PredictCsvGet(run).find(",7050.6,,,,,,,,REC533 (built-in),11,100.5,given,5000,MEAN,\n"),
+        std::string::npos);
+}
+
+TEST_F(PredictPrint, ADefaultTableWithEveryCellMarkedStillFitsEightyColumns)
+{
+    const Settings settings;
+    PropagationTable table(15);
+    table.PresentSet(1, 15, true);
+    for (int iHour = 1; iHour <= 24; ++iHour)
+        for (int i = 1; i <= 15; ++i) table.fSnr(iHour, i) = 100.0F;
+    const PredictRun run{&settings, &table, 2026, "REC533 (built-in)",
+                         "Airmail", "",     "",   Need{"", 40.0F, "typed"}};
+    std::istringstream stm(PredictTableGet(run, false));
+    std::size_t nMarked = 0;
+    for (std::string sLine; std::getline(stm, sLine);) {
+        EXPECT_LE(sLine.size(), 86U) << sLine;
+        nMarked += sLine.find("*100*100") != std::string::npos ? 1U : 0U;
+    }
+    EXPECT_EQ(nMarked, 24U);
+}
+
+TEST_F(PredictPrint, TheOwnPowerAndADatedForecastAreTold)
+{
+    m_settings.m_fStationPower = 100.0F;
+    PredictRun run = Run();
+    run.sSunSpotSource = "NOAA forecast";
+    run.sSunSpotDetail = "version-2 number 87.9 times 0.7, 1 day old";
+    const std::string sText = PredictTableGet(run, false);
+    EXPECT_NE(sText.find("sunspot number 100.5 (NOAA forecast)\nSunspot number: version-2 number "
+                         "87.9 times 0.7, 1 day old\nCoefficients MEAN\nPower 100 W\n"),
+              std::string::npos)
+        << sText;
+    EXPECT_NE(PredictCsvGet(run).find(",100.5,NOAA forecast,100,MEAN\n"), std::string::npos);
+    EXPECT_NE(PredictJsonGet(run).find("\"ssn_source\": \"NOAA forecast\",\n  \"power_w\": 100,\n"),
+              std::string::npos);
 }
 
 }  // namespace

@@ -49,34 +49,85 @@ const GivenOption* GivenFind(const std::vector<GivenOption>& aGiven, std::string
     return nullptr;
 }
 
-/// One of the two modes, and whole.
-Result<void> ModeCheck(const std::vector<GivenOption>& aGiven, PredictOptions& options)
+namespace {
+
+/// The option that asks for a kind.
+const char* KindOption(PredictKind eKind)
 {
-    options.bArea = GivenFind(aGiven, "--area") != nullptr;
-    const bool bDay = GivenFind(aGiven, "--day") != nullptr;
-    for (const GivenOption& given : aGiven) {
-        const PredictMode eMode = given.pOption->eMode;
-        const std::string sName = given.pOption->sName;
-        if (options.bArea
-            && (eMode == PredictMode::PointToPoint || (eMode == PredictMode::PathOrDay && !bDay)))
-            return RunError{sName + ": does not go with --area"};
-        if (!options.bArea && (eMode == PredictMode::Area || eMode == PredictMode::Day))
-            return RunError{sName + ": goes with --area only"};
-        if (eMode == PredictMode::Day && !bDay)
-            return RunError{sName + ": goes with --day only"};
+    switch (eKind) {
+        case kKindDay:
+            return "--day";
+        case kKindReach:
+            return "--reach";
+        case kKindStations:
+            return "--list-stations";
+        default:
+            return "--area";
     }
-    if (!options.bArea)
+}
+
+Result<PredictKind> KindGet(const std::vector<GivenOption>& aGiven)
+{
+    const auto Given = [&](const char* sName) { return GivenFind(aGiven, sName) != nullptr; };
+    const bool bArea = Given("--area");
+    if (Given("--day") && !bArea)
+        return RunError{"--day: goes with --area only"};
+    if (Given("--list-stations"))
+        return kKindStations;
+    if (Given("--reach"))
+        return kKindReach;
+    if (bArea)
+        return Given("--day") ? kKindDay : kKindHour;
+    return kKindPath;
+}
+
+/// Why an option does not go with the kind; empty where it does.
+std::string MismatchGet(const PredictOption& option, PredictKind eKind)
+{
+    if ((option.nKinds & eKind) != 0)
         return {};
-    for (const char* sHour : {"--hour", "--frequency"}) {
-        const bool bGiven = GivenFind(aGiven, sHour) != nullptr;
-        if (bGiven && bDay)
-            return RunError{std::string(sHour) + ": does not go with --day"};
-        if (!bGiven && !bDay)
-            return RunError{std::string(sHour) + ": is needed with --area (or --day)"};
+    if (option.nKinds == kKindDay && eKind == kKindHour)
+        return ": goes with --day only";
+    if (eKind == kKindPath) {
+        const bool bArea = (option.nKinds & kKindArea) != 0;
+        return std::string(": goes with ") + KindOption(bArea ? kKindHour : kKindReach) + " only";
     }
+    const bool bDayAlone = eKind == kKindDay && (option.nKinds & kKindHour) == 0;
+    return std::string(": does not go with ") + KindOption(bDayAlone ? kKindHour : eKind);
+}
+
+/// What has no table is csv, unless json is given where there is one.
+Result<void> FormatCheck(const std::vector<GivenOption>& aGiven, PredictOptions& options)
+{
     options.eFormat = PredictFormat::Csv;
-    if (const GivenOption* pFormat = GivenFind(aGiven, "--format");
-        pFormat != nullptr && TextEqualNoCase(pFormat->sValue, "table"))
+    const GivenOption* pFormat = GivenFind(aGiven, "--format");
+    if (pFormat == nullptr)
+        return {};
+    if (!options.bArea && !TextEqualNoCase(pFormat->sValue, "csv"))
+        return RunError{"--format: lists of stations are csv"};
+    if (TextEqualNoCase(pFormat->sValue, "table"))
         return RunError{"--format: an area has no table; give csv or json"};
     return {};
+}
+
+}  // namespace
+
+Result<void> ModeCheck(const std::vector<GivenOption>& aGiven, PredictOptions& options)
+{
+    const auto resKind = KindGet(aGiven);
+    if (!resKind)
+        return resKind.ErrorGet();
+    const PredictKind eKind = resKind.ValueGet();
+    for (const GivenOption& given : aGiven) {
+        if (const std::string sWhy = MismatchGet(*given.pOption, eKind); !sWhy.empty())
+            return RunError{given.pOption->sName + sWhy};
+    }
+    options.bArea = (eKind & kKindArea) != 0;
+    options.bReach = eKind == kKindReach;
+    options.bStations = eKind == kKindStations;
+    for (const char* sHour : {"--hour", "--frequency"}) {
+        if (eKind == kKindHour && GivenFind(aGiven, sHour) == nullptr)
+            return RunError{std::string(sHour) + ": is needed with --area (or --day)"};
+    }
+    return eKind == kKindPath ? Result<void>() : FormatCheck(aGiven, options);
 }

@@ -15,8 +15,16 @@
 #include "app/predict/PredictOptions.h"
 #include "system/Result.h"
 
-/// What an option goes with: any run, a path, a path or a day of an area, an area, a day of one.
-enum class PredictMode { Both, PointToPoint, PathOrDay, Area, Day };
+/// What the program is asked for; an option names all that it goes with.
+enum PredictKind : unsigned {
+    kKindPath = 1,
+    kKindHour = 2,  ///< of an area
+    kKindDay = 4,   ///< of an area
+    kKindReach = 8,
+    kKindStations = 16,
+    kKindArea = kKindHour | kKindDay,
+    kKindPredicts = kKindPath | kKindArea | kKindReach,
+};
 
 /// What an option does with its value; an error says what is wrong with it.
 using PredictApplyFn =
@@ -24,7 +32,7 @@ using PredictApplyFn =
 
 struct PredictOption {
     const char* sName;
-    PredictMode eMode;
+    unsigned nKinds;  ///< PredictKind
     PredictApplyFn fnApply;
     bool bValue = true;  ///< a value follows
 };
@@ -43,6 +51,6 @@ struct GivenOption {
 [[nodiscard]] const GivenOption* GivenFind(const std::vector<GivenOption>& aGiven,
                                            std::string_view sName);
 
-/// One of the two modes, and whole: options.bArea and the area's format are set.
+/// One kind, and whole: its flags in the options and the format of what has no table are set.
 [[nodiscard]] Result<void> ModeCheck(const std::vector<GivenOption>& aGiven,
                                      PredictOptions& options);

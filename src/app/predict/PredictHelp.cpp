@@ -20,6 +20,42 @@ std::string OptionLines(OptionGroup eGroup)
     return sText;
 }
 
+constexpr const char* kColumns = R"(
+Columns of csv, and keys of json with null where there is no value:
+  hour                    number of the hour, 1 to 24
+  utc                     hour of UTC, 0 to 23
+  muf_khz                 highest usable frequency of the hour, kHz
+  luf_khz                 lowest usable frequency of the hour, for the power of the antenna choice, kHz
+  khz                     frequency, kHz; of a station in a list: its frequencies, separated by blanks
+  mode                    hops and layer, a text of the engine
+  takeoff_deg             takeoff angle, degrees
+  delay_ms                delay of the signal, ms; csv: -1 where the engine does not tell it
+  height_km               virtual height of the reflection, km; csv: -1 where it is not told
+  signal_dbw              signal at the receiver, dBW
+  noise_dbw               noise at the receiver, dBW in 1 Hz
+  snr_db                  signal-to-noise ratio, dB in 1 Hz; csv: -99, -999 or -999.9 for none
+  engine                  text: who computed
+  month                   month, 1 to 12
+  ssn                     smoothed sunspot number
+  ssn_source              text: given, Airmail, mean cycle, NOAA forecast, SILSO forecast or WWV
+  power_w                 power of the transmitter, W
+  coefficients            text: the maps of the ionosphere
+  margin_db               snr_db less the need, dB; negative: too weak
+Columns of areas and stations:
+  lat                     latitude, degrees, north positive
+  lon                     longitude, degrees, east positive
+  system                  text: the list of the station, SYSTEM of a position; places: My places
+  key                     text: the name of the station in its list
+  description             text of the list
+  range_nmi               length of the path, nautical miles (json of paths, too)
+  bearing_deg             direction from the receiver to the station, degrees from north
+Further keys of json:
+  model                   text: engine
+  year                    year of the run
+  azimuth_tx_rc           direction from the transmitter to the receiver, degrees from north
+  azimuth_rc_tx           the one back, degrees from north
+)";
+
 }  // namespace
 
 std::string PredictHelpGet()
@@ -30,12 +66,15 @@ Usage:
   hopcast-predict [--profile FILE] [--tx POS] [--rc POS] [OPTIONS]
   hopcast-predict --area NORTH,WEST,SOUTH,EAST --hour 0-23 --frequency kHz [--grid N] [OPTIONS]
   hopcast-predict --area NORTH,WEST,SOUTH,EAST --day [--frequencies kHz,...] [--jobs N] [OPTIONS]
+  hopcast-predict --reach LIST,... [--need dB|NAME] [--from 0-23] [--hours N] [--all] [OPTIONS]
+  hopcast-predict --list-stations [--profile FILE]
 
 The first form predicts the signal-to-noise ratio from a transmitter to a receiver for the 24 hours
 of the day; the second the one around the receiver (--rc) over an area, for one hour and frequency;
-the third the same for all hours and frequencies.
+the third the same for all hours and frequencies. The fourth tells which stations can be heard at
+the receiver, when and on which frequency; the fifth which stations there are.
 Without options the settings' defaults hold; no profile is read unless it is named, and the sunspot
-number is Airmail's unless --ssn gives it.
+number is Airmail's unless --ssn gives it. Only the short path is predicted.
 
 Positions (POS):
   LAT,LON                 decimal degrees, north and east positive: 38,-122
@@ -49,13 +88,24 @@ Circuit:
   --tx POS                transmitter
   --rc POS                receiver; the fixed end of an area
   --frequencies kHz,...   up to 15 frequencies, 100 to 45000 kHz each
+  --need dB|NAME          what the contact needs: dB in 1 Hz, -50 to 150, or a name of the settings'
+                          list ("E-mail, normal"); the table marks the cells that meet it with *,
+                          csv and json get margin_db
 
 Engine:
   --model NAME            icepac, voacap or rec533 (default rec533)
   --month 1-12            month (default: the current one)
-  --ssn N                 smoothed sunspot number, 0 to 311
+  --ssn N                 smoothed sunspot number, 0 to 311; or airmail: Airmail's (the default);
+                          or forecast: the one kept with the profile where it covers the month,
+                          else the mean of past cycles
+  --ssn-file FILE         --ssn forecast by the text in FILE: NOAA's predicted solar cycle (JSON),
+                          SILSO's KFprediCM or a bulletin of WWV
 )") + OptionLines(OptionGroup::Engine)
-           + R"(  --coefficients NAME     CCIR, URSI, or MEAN of both: built-in engine only (its default; else URSI)
+           + R"(                          --antenna with ICEPAC and VOACAP:
+                          0 ideal with gain 100 W; 1 station with gain 100 W, boat with whip; 2 whips 5 kW
+                          --antenna with REC533, and in areas:
+                          0 station with gain 100 W, boat with whip; 1 whips 5 kW; 2 plain antennas 1 kW
+  --coefficients NAME     CCIR, URSI, or MEAN of both: built-in engine only (its default; else URSI)
   ICEPAC and VOACAP only:
 )" + OptionLines(OptionGroup::EngineComplex)
            + R"(  --layers E,F1,F2,Es     layer factors, 0 to 9.99 each (default 1,1,1,0.7)
@@ -68,11 +118,23 @@ Area:
            + R"(  --day                   all 24 hours at --frequencies in place of --hour and --frequency
   --jobs N                with --day: points computed at once, 1 to 64 (default: one a core)
 
+Stations, with --rc as the place where you are:
+  --reach LIST,...        ham, sailmail, other: Airmail's lists; places: My places of the profile.
+                          Without --need the profile's need is taken, else "E-mail, normal"; without
+                          --frequencies a station's own ones where its list has any
+  --from 0-23             first hour, UTC (default: the present one)
+  --hours N               hours from there on, 1 to 24 (default 24)
+  --all                   every frequency, not an hour's best alone
+  --list-stations         the stations of all lists
+
 Output:
-  --format NAME           table (default), csv or json; areas: csv (default) or json
+  --format NAME           table (default), csv or json; areas: csv (default) or json;
+                          stations: csv
   --output FILE           write to a file instead of standard output ("-")
   --help, --version
-
-Exit status: 0 predicted, 1 prediction failed or values are missing, 2 wrong usage.
+)" + kColumns
+           + R"(
+Exit status: 0 predicted, 1 prediction failed, values are missing or no station is left, 2 wrong
+usage.
 )";
 }

@@ -64,10 +64,10 @@ Result<void> Keep(const Result<From>& res, To& to)
 /// The option of a row of the settings' table: one number within the row's range.
 PredictOption SettingOptionMake(const SettingRow& row)
 {
-    const PredictMode eMode = row.option.eRuns == OptionRuns::Path   ? PredictMode::PointToPoint
-                              : row.option.eRuns == OptionRuns::Area ? PredictMode::Area
-                                                                     : PredictMode::Both;
-    return {row.option.sName, eMode,
+    const unsigned nKinds = row.option.eRuns == OptionRuns::Path   ? kKindPath | kKindReach
+                            : row.option.eRuns == OptionRuns::Area ? kKindArea
+                                                                   : kKindPredicts;
+    return {row.option.sName, nKinds,
             [&row](PredictOptions& options, const std::string& sValue) -> Result<void> {
                 if (const auto* ppInteger = std::get_if<int Settings::*>(&row.member))
                     return Keep(WholeGet(sValue, row.range, row.option.sExpected),
@@ -111,9 +111,52 @@ Result<void> MonthApply(PredictOptions& options, const std::string& sValue)
 
 Result<void> SunSpotApply(PredictOptions& options, const std::string& sValue)
 {
-    options.settings.m_bPropagationSunSpotNumber = false;
+    const bool bAirMail = TextEqualNoCase(sValue, "airmail");
+    const bool bForecast = TextEqualNoCase(sValue, "forecast");
+    options.settings.m_bPropagationSunSpotNumber = bAirMail;
+    options.settings.m_bPropagationForecast = bForecast;
+    if (bAirMail || bForecast)
+        return {};
     return Keep(BoundedGet(sValue, kRangeSunSpot, "a smoothed sunspot number"),
                 options.settings.m_fPropagationSunSpotNumber);
+}
+
+Result<void> ForecastFileApply(PredictOptions& options, const std::string& sValue)
+{
+    options.sForecastFile = sValue;
+    options.settings.m_bPropagationSunSpotNumber = false;
+    options.settings.m_bPropagationForecast = true;
+    return {};
+}
+
+/// A forecast is no source beside another one.
+Result<void> SunSpotCheck(const std::vector<GivenOption>& aGiven)
+{
+    const GivenOption* pSource = GivenFind(aGiven, "--ssn");
+    if (GivenFind(aGiven, "--ssn-file") != nullptr && pSource != nullptr
+        && !TextEqualNoCase(pSource->sValue, "forecast"))
+        return RunError{"--ssn-file: goes with --ssn forecast only"};
+    return {};
+}
+
+Result<void> NeedApply(PredictOptions& options, const std::string& sValue)
+{
+    return Keep(NeedFromText(options.settings.m_aNeed, sValue), options.need);
+}
+
+Result<void> ReachApply(PredictOptions& options, const std::string& sValue)
+{
+    const std::map<std::string, PlaceKind> mapList{{"HAM", PlaceKind::Ham},
+                                                   {"SAILMAIL", PlaceKind::SailMail},
+                                                   {"OTHER", PlaceKind::Other},
+                                                   {"PLACES", PlaceKind::Own}};
+    for (const std::string& sPiece : ListGet(sValue)) {
+        const auto it = mapList.find(TextUpper(sPiece));
+        if (it == mapList.end())
+            return RunError{"\"" + sPiece + "\" is not a list: ham, sailmail, other or places"};
+        options.reach.aLists.insert(it->second);
+    }
+    return {};
 }
 
 Result<void> FrequenciesApply(PredictOptions& options, const std::string& sValue)
@@ -130,6 +173,7 @@ Result<void> FrequenciesApply(PredictOptions& options, const std::string& sValue
         options.settings.FrequencySet(++iIndex, static_cast<float>(res.ValueGet()));
     }
     options.settings.m_nData = iIndex;
+    options.reach.bFrequencies = true;
     return {};
 }
 
@@ -226,6 +270,16 @@ Result<void> AreaFrequencyApply(PredictOptions& options, const std::string& sVal
     return Keep(BoundedGet(sValue, kRangeFrequency, "a frequency in kHz"), options.area.fFrequency);
 }
 
+Result<void> ReachFromApply(PredictOptions& options, const std::string& sValue)
+{
+    return Keep(WholeGet(sValue, {0, 23}, "an hour"), options.reach.iFrom);
+}
+
+Result<void> ReachHoursApply(PredictOptions& options, const std::string& sValue)
+{
+    return Keep(WholeGet(sValue, {1, 24}, "a number of hours"), options.reach.nHours);
+}
+
 Result<void> JobsApply(PredictOptions& options, const std::string& sValue)
 {
     constexpr double kJobsMost = 64;
@@ -236,42 +290,55 @@ std::vector<PredictOption> OptionsMake()
 {
     std::vector<PredictOption> aOption{
         // The profile is read before any other option is applied (see PredictOptionsGet).
-        {"--profile", PredictMode::Both,
+        {"--profile", kKindPredicts | kKindStations,
          [](PredictOptions&, const std::string&) -> Result<void> { return {}; }},
-        {"--tx", PredictMode::PointToPoint,
+        {"--tx", kKindPath,
          [](PredictOptions& options, const std::string& sValue) {
              Settings& settings = options.settings;
              return PositionApply(sValue, "Transmitter", options, settings.m_dTxLat,
                                   settings.m_dTxLon);
          }},
-        {"--rc", PredictMode::Both,
+        {"--rc", kKindPredicts,
          [](PredictOptions& options, const std::string& sValue) {
              Settings& settings = options.settings;
              return PositionApply(sValue, "Receiver", options, settings.m_dRcLat,
                                   settings.m_dRcLon);
          }},
-        {"--model", PredictMode::Both, ModelApply},
-        {"--month", PredictMode::Both, MonthApply},
-        {"--ssn", PredictMode::Both, SunSpotApply},
-        {"--frequencies", PredictMode::PathOrDay, FrequenciesApply},
-        {"--coefficients", PredictMode::Both, CoefficientsApply},
-        {"--layers", PredictMode::Both, LayersApply},
-        {"--format", PredictMode::Both, FormatApply},
-        {"--output", PredictMode::Both,
+        {"--model", kKindPredicts, ModelApply},
+        {"--month", kKindPredicts, MonthApply},
+        {"--ssn", kKindPredicts, SunSpotApply},
+        {"--ssn-file", kKindPredicts, ForecastFileApply},
+        {"--frequencies", kKindPath | kKindDay | kKindReach, FrequenciesApply},
+        {"--need", kKindPath | kKindReach, NeedApply},
+        {"--coefficients", kKindPredicts, CoefficientsApply},
+        {"--layers", kKindPredicts, LayersApply},
+        {"--format", kKindPredicts | kKindStations, FormatApply},
+        {"--output", kKindPredicts | kKindStations,
          [](PredictOptions& options, const std::string& sValue) -> Result<void> {
              options.sOutput = sValue == "-" ? "" : sValue;
              return {};
          }},
-        {"--area", PredictMode::Area, AreaApply},
-        {"--hour", PredictMode::Area, HourApply},
-        {"--frequency", PredictMode::Area, AreaFrequencyApply},
-        {"--day", PredictMode::Area,
+        {"--area", kKindArea, AreaApply},
+        {"--hour", kKindHour, HourApply},
+        {"--frequency", kKindHour, AreaFrequencyApply},
+        {"--day", kKindDay,
          [](PredictOptions& options, const std::string&) -> Result<void> {
              options.bDay = true;
              return {};
          },
          false},
-        {"--jobs", PredictMode::Day, JobsApply},
+        {"--jobs", kKindDay, JobsApply},
+        {"--reach", kKindReach, ReachApply},
+        {"--from", kKindReach, ReachFromApply},
+        {"--hours", kKindReach, ReachHoursApply},
+        {"--all", kKindReach,
+         [](PredictOptions& options, const std::string&) -> Result<void> {
+             options.reach.bAll = true;
+             return {};
+         },
+         false},
+        {"--list-stations", kKindStations,
+         [](PredictOptions&, const std::string&) -> Result<void> { return {}; }, false},
     };
     for (const SettingRow& row : SettingsTableGet()) {
         if (row.option.sName != nullptr)
@@ -311,6 +378,8 @@ Result<PredictOptions> PredictOptionsGet(std::span<const std::string> asArgument
         return resGiven.ErrorGet();
     const std::vector<GivenOption>& aGiven = resGiven.ValueGet();
     if (const auto res = ModeCheck(aGiven, options); !res)
+        return res.ErrorGet();
+    if (const auto res = SunSpotCheck(aGiven); !res)
         return res.ErrorGet();
     if (const auto res = ProfileApply(aGiven, options); !res)
         return res.ErrorGet();

@@ -6,9 +6,13 @@
 /// Tests:   tests/app/PredictOptionsTest.cpp
 #pragma once
 
+#include <optional>
+#include <set>
 #include <span>
 #include <string>
 
+#include "places/Place.h"
+#include "settings/Need.h"
 #include "settings/Settings.h"
 #include "system/Result.h"
 
@@ -23,6 +27,15 @@ struct PredictArea {
     float fFrequency = 0;
 };
 
+/// Which places can be heard at the receiver.
+struct PredictReach {
+    std::set<PlaceKind> aLists;
+    int iFrom = -1;  ///< hour of UTC, 0..23; -1: the present one
+    int nHours = 24;
+    bool bAll = false;          ///< every frequency, not an hour's best alone
+    bool bFrequencies = false;  ///< those of the settings for every place, not its own ones
+};
+
 struct PredictOptions {
     bool bHelp = false;
     bool bVersion = false;
@@ -31,10 +44,15 @@ struct PredictOptions {
     std::string sOutput;  ///< file; empty: standard output, which "-" names too
     bool bArea = false;
     PredictArea area;
-    bool bDay = false;    ///< all hours and frequencies of the area
-    int nJobs = 0;        ///< workers of a day; 0: one a core
-    std::string sFault;   ///< a position from Airmail out of range, with file and key
-    std::string sPlaces;  ///< what the table's head says of positions taken from Airmail
+    bool bDay = false;  ///< all hours and frequencies of the area
+    bool bReach = false;
+    PredictReach reach;
+    bool bStations = false;     ///< the list of stations, no prediction
+    std::optional<Need> need;   ///< what the contact is for
+    std::string sForecastFile;  ///< in place of the forecast that is kept with the profile
+    int nJobs = 0;              ///< workers of a day; 0: one a core
+    std::string sFault;         ///< a position from Airmail out of range, with file and key
+    std::string sPlaces;        ///< what the table's head says of positions taken from Airmail
 };
 
 /// @param asArguments  without the program's name.

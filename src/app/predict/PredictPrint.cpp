@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "geo/MathLib.h"
+#include "propagation/PowerTable.h"
 #include "propagation/SnrScale.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
@@ -33,6 +34,22 @@ std::string CellColored(const std::string& sCell, float fSnr)
     return SnrBandTerminal(SnrBandGet(fSnr)) + sCell + "\x1b[0m";
 }
 
+double PowerGet(const Settings& settings)
+{
+    return PowerInForceGet(settings.m_fStationPower, settings.m_iPropagationModel,
+                           settings.m_iPropagationAntennaType, DeckKind::PointToPoint);
+}
+
+/// "100 W", "5 kW, as the antenna choice".
+std::string PowerText(const Settings& settings)
+{
+    constexpr double kWattsOfKilowatt = 1000.0;
+    const double dPower = PowerGet(settings);
+    return (dPower >= kWattsOfKilowatt ? NumberToText(dPower / kWattsOfKilowatt) + " kW"
+                                       : NumberToText(dPower) + " W")
+           + (settings.m_fStationPower > 0.0F ? "" : ", as the antenna choice");
+}
+
 std::string HeadGet(const PredictRun& run)
 {
     const Settings& settings = *run.pSettings;
@@ -41,7 +58,10 @@ std::string HeadGet(const PredictRun& run)
                         + NumberToText(settings.m_iPropagationMonth) + ", sunspot number "
                         + NumberToText(settings.m_fPropagationSunSpotNumber) + " ("
                         + run.sSunSpotSource + ")\n";
+    if (!run.sSunSpotDetail.empty())
+        sText += "Sunspot number: " + TextPrintable(run.sSunSpotDetail) + "\n";
     sText += "Coefficients " + TextPrintable(table.request.sIonCoefficients) + "\n";
+    sText += "Power " + PowerText(settings) + "\n";
     sText += "Transmitter " + LatitudeToText(settings.m_dTxLat) + " "
              + LongitudeToText(settings.m_dTxLon) + "   Receiver "
              + LatitudeToText(settings.m_dRcLat) + " " + LongitudeToText(settings.m_dRcLon) + "\n";
@@ -69,17 +89,6 @@ std::string Quoted(const std::string& sText)
     return sQuoted + '"';
 }
 
-/// A text in quotes only where it would break the row: engines may write anything.
-std::string CsvText(const std::string& sForeign)
-{
-    const std::string sText = TextPrintable(sForeign);
-    if (sText.find_first_of(",\"") == std::string::npos)
-        return sText;
-    std::string sQuoted = "\"";
-    for (const char chr : sText) sQuoted += chr == '"' ? "\"\"" : std::string(1, chr);
-    return sQuoted + '"';
-}
-
 template <class T>
 std::string Pair(const char* sName, T value)
 {
@@ -98,18 +107,40 @@ std::string CellText(const PropagationTable& table, const CellArray<float>& afCe
     return table.PresentIs(iFrequency) ? NumberToText(afCells(iHour, iFrequency)) : sNone;
 }
 
+std::string OrNull(const std::string& sNumber) { return sNumber.empty() ? "null" : sNumber; }
+
+std::string JsonSnr(float fSnr) { return SnrGivenIs(fSnr) ? NumberToText(fSnr) : "null"; }
+
+/// The margin of a cell; empty where there is none.
+std::string MarginText(const PredictRun& run, int iHour, int iFrequency)
+{
+    const PropagationTable& table = *run.pTable;
+    return table.PresentIs(iFrequency) ? PredictMarginText(table.fSnr(iHour, iFrequency), *run.need)
+                                       : "";
+}
+
 std::string JsonCell(const PredictRun& run, int iHour, int iFrequency)
 {
     const PropagationTable& table = *run.pTable;
     const auto Value = [&](const char* sName, const CellArray<float>& afCells) {
         return ", " + Quoted(sName) + ": " + CellText(table, afCells, iHour, iFrequency, "null");
     };
+    // An engine that does not tell delay and height has -1 there.
+    const auto Told = [&](const char* sName, const CellArray<float>& afCells) {
+        return afCells(iHour, iFrequency) < 0.0F ? ", " + Quoted(sName) + ": null"
+                                                 : Value(sName, afCells);
+    };
     const bool bPresent = table.PresentIs(iFrequency);
     return "{" + Pair("khz", run.pSettings->FrequencyGet(iFrequency)) + ", " + Quoted("mode") + ": "
            + (bPresent ? Quoted(table.sLayer(iHour, iFrequency)) : "null")
-           + Value("takeoff_deg", table.fTakeoffAngle) + Value("delay_ms", table.fTimeDelay)
-           + Value("height_km", table.fVirtualHeight) + Value("signal_dbw", table.fSdBW)
-           + Value("noise_dbw", table.fNdBW) + Value("snr_db", table.fSnr) + "}";
+           + Value("takeoff_deg", table.fTakeoffAngle) + Told("delay_ms", table.fTimeDelay)
+           + Told("height_km", table.fVirtualHeight) + Value("signal_dbw", table.fSdBW)
+           + Value("noise_dbw", table.fNdBW) + ", " + Quoted("snr_db") + ": "
+           + (bPresent ? JsonSnr(table.fSnr(iHour, iFrequency)) : "null")
+           + (run.need
+                  ? ", " + Quoted("margin_db") + ": " + OrNull(MarginText(run, iHour, iFrequency))
+                  : "")
+           + "}";
 }
 
 std::string JsonHour(const PredictRun& run, int iHour)
@@ -123,7 +154,40 @@ std::string JsonHour(const PredictRun& run, int iHour)
     return sText + "]}";
 }
 
+/// A number of the table; with a star in front where it meets the need.
+std::string SnrText(const PredictRun& run, float fSnr)
+{
+    const bool bMet = run.need && fSnr >= run.need->fSnr;
+    return (bMet ? "*" : "") + NumberFormat(SnrShownGet(fSnr), "0");
+}
+
 }  // namespace
+
+std::string PredictNeedText(const Need& need)
+{
+    return (need.sName.empty() ? "" : TextPrintable(need.sName) + ": ") + NumberToText(need.fSnr)
+           + " dB in 1 Hz";
+}
+
+std::string PredictMarginText(float fSnr, const Need& need)
+{
+    if (!SnrGivenIs(fSnr))
+        return {};
+    const auto Decimal = [](float fValue) {
+        return NumberFromText(NumberToText(fValue)).ValueGet();
+    };
+    return NumberToText(static_cast<float>(Decimal(fSnr) - Decimal(need.fSnr)));
+}
+
+std::string PredictCsvText(std::string_view sForeign)
+{
+    const std::string sText = TextPrintable(sForeign);
+    if (sText.find_first_of(",\"") == std::string::npos)
+        return sText;
+    std::string sQuoted = "\"";
+    for (const char chr : sText) sQuoted += chr == '"' ? "\"\"" : std::string(1, chr);
+    return sQuoted + '"';
+}
 
 std::string PredictTableGet(const PredictRun& run, bool bColor)
 {
@@ -134,7 +198,9 @@ std::string PredictTableGet(const PredictRun& run, bool bColor)
         nWidth = std::max(nWidth, MegahertzGet(settings.FrequencyGet(i)).size() + 1);
     std::string sText =
         HeadGet(run)
-        + "\nPredicted SNR in dB by UTC hour and frequency (MHz); MUF and LUF in MHz\n";
+        + "\nPredicted SNR (dB in 1 Hz) by UTC hour and frequency (MHz); MUF and LUF in MHz\n";
+    if (run.need)
+        sText += "Cells with * meet the need (" + PredictNeedText(*run.need) + ")\n";
     sText += "UTC";
     for (int i = 1; i <= table.nData; ++i)
         sText += PadLeft(MegahertzGet(settings.FrequencyGet(i)), nWidth);
@@ -146,9 +212,9 @@ std::string PredictTableGet(const PredictRun& run, bool bColor)
                 sText += PadLeft("", nWidth);
                 continue;
             }
-            const float fSnr = SnrShownGet(table.fSnr(iHour, i));
-            const std::string sCell = PadLeft(NumberFormat(fSnr, "0"), nWidth);
-            sText += bColor ? CellColored(sCell, fSnr) : sCell;
+            const float fSnr = table.fSnr(iHour, i);
+            const std::string sCell = PadLeft(SnrText(run, fSnr), nWidth);
+            sText += bColor ? CellColored(sCell, SnrShownGet(fSnr)) : sCell;
         }
         sText += PadLeft(NumberFormat(static_cast<double>(table.fMUF[iHour]) / 1000.0, "0.0"), 6);
         sText +=
@@ -160,9 +226,16 @@ std::string PredictTableGet(const PredictRun& run, bool bColor)
 std::string PredictCsvGet(const PredictRun& run)
 {
     const PropagationTable& table = *run.pTable;
+    const Settings& settings = *run.pSettings;
     std::string sText =
         "hour,utc,muf_khz,luf_khz,khz,mode,takeoff_deg,delay_ms,height_km,signal_dbw,noise_dbw,snr_"
-        "db\n";
+        "db,engine,month,ssn,ssn_source,power_w,coefficients";
+    sText += run.need ? ",margin_db\n" : "\n";
+    const std::string sRun =
+        "," + PredictCsvText(run.sEngine) + "," + NumberToText(settings.m_iPropagationMonth) + ","
+        + NumberToText(settings.m_fPropagationSunSpotNumber) + ","
+        + PredictCsvText(run.sSunSpotSource) + "," + NumberToText(PowerGet(settings)) + ","
+        + PredictCsvText(table.request.sIonCoefficients);
     for (int iHour = 1; iHour <= kHourCount; ++iHour) {
         const std::string sHour = NumberToText(iHour) + "," + NumberToText(iHour - 1) + ","
                                   + NumberToText(table.fMUF[iHour]) + ","
@@ -172,10 +245,11 @@ std::string PredictCsvGet(const PredictRun& run)
                 return "," + CellText(table, afCells, iHour, i, "");
             };
             sText += sHour + NumberToText(run.pSettings->FrequencyGet(i)) + ","
-                     + (table.PresentIs(i) ? CsvText(table.sLayer(iHour, i)) : "")
+                     + (table.PresentIs(i) ? PredictCsvText(table.sLayer(iHour, i)) : "")
                      + Value(table.fTakeoffAngle) + Value(table.fTimeDelay)
                      + Value(table.fVirtualHeight) + Value(table.fSdBW) + Value(table.fNdBW)
-                     + Value(table.fSnr) + "\n";
+                     + Value(table.fSnr) + sRun + (run.need ? "," + MarginText(run, iHour, i) : "")
+                     + "\n";
         }
     }
     return sText;
@@ -196,7 +270,9 @@ std::string PredictJsonGet(const PredictRun& run)
                         + Pair("range_nmi", table.fRange) + ",\n  " + Quoted("hours") + ": [\n";
     for (int iHour = 1; iHour <= kHourCount; ++iHour)
         sText += JsonHour(run, iHour) + (iHour < kHourCount ? ",\n" : "\n");
-    return sText + "  ],\n  " + Quoted("coefficients") + ": "
+    return sText + "  ],\n  " + Quoted("engine") + ": " + Quoted(run.sEngine) + ",\n  "
+           + Quoted("ssn_source") + ": " + Quoted(run.sSunSpotSource) + ",\n  "
+           + Pair("power_w", PowerGet(settings)) + ",\n  " + Quoted("coefficients") + ": "
            + Quoted(table.request.sIonCoefficients) + "\n}\n";
 }
 
@@ -215,7 +291,7 @@ std::string PredictAreaJsonGet(const std::vector<AreaPoint>& aPoint)
     for (std::size_t n = 0; n < aPoint.size(); ++n) {
         const AreaPoint& pnt = aPoint[n];
         sText += "    {" + Pair("lat", pnt.dLat) + ", " + Pair("lon", pnt.dLon) + ", "
-                 + Pair("snr_db", pnt.fSnr) + "}";
+                 + Quoted("snr_db") + ": " + JsonSnr(pnt.fSnr) + "}";
         sText += n + 1 < aPoint.size() ? ",\n" : "\n";
     }
     return sText + "  ]\n}\n";
@@ -245,16 +321,16 @@ std::string PredictDayCsvGet(const std::vector<AreaDay>& aDays)
 
 std::string PredictDayJsonGet(const std::vector<AreaDay>& aDays)
 {
-    const auto ListOf = [](std::size_t nCount, const auto& fnValue) {
+    const auto ListOf = [](std::size_t nCount, const auto& fnText) {
         std::string sList = "[";
-        for (std::size_t n = 0; n < nCount; ++n)
-            sList += (n > 0 ? ", " : "") + NumberToText(fnValue(n));
+        for (std::size_t n = 0; n < nCount; ++n) sList += (n > 0 ? ", " : "") + fnText(n);
         return sList + "]";
     };
     const std::vector<float>& afFrequency = aDays.front().request.afFrequency;
-    std::string sText = "{\n  " + Quoted("khz") + ": "
-                        + ListOf(afFrequency.size(), [&](std::size_t n) { return afFrequency[n]; })
-                        + ",\n  " + Quoted("points") + ": [";
+    std::string sText =
+        "{\n  " + Quoted("khz") + ": "
+        + ListOf(afFrequency.size(), [&](std::size_t n) { return NumberToText(afFrequency[n]); })
+        + ",\n  " + Quoted("points") + ": [";
     const char* sBetween = "\n";
     for (const AreaDay& day : aDays)
         for (std::size_t iPoint = 0; iPoint < day.aPlaces.size(); ++iPoint) {
@@ -264,7 +340,7 @@ std::string PredictDayJsonGet(const std::vector<AreaDay>& aDays)
                      + Pair("lon", day.aPlaces[iPoint].dLon) + ", " + Quoted("snr_db") + ": [";
             for (int iHour = 0; iHour < kHourCount; ++iHour)
                 sText += (iHour > 0 ? ", " : "") + ListOf(afFrequency.size(), [&](std::size_t n) {
-                             return day.SnrGet(iPoint, iHour, n);
+                             return JsonSnr(day.SnrGet(iPoint, iHour, n));
                          });
             sText += "]}";
         }

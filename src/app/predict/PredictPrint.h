@@ -1,11 +1,14 @@
 /// @file PredictPrint.h
 /// A prediction as text: a table for people, comma-separated values and JSON for programs.
 ///
-/// Units:   kHz, degrees, ms, km, dBW, dB, nautical miles, as the names of the columns tell.
+/// Units:   kHz, degrees, ms, km, dBW, dB in 1 Hz, W, nautical miles, as the names of the columns
+///          tell.
 /// Tests:   tests/app/PredictPrintTest.cpp
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "propagation/AreaDay.h"
@@ -16,11 +19,22 @@
 struct PredictRun {
     const Settings* pSettings;  ///< month and sunspot number are those of the run
     const PropagationTable* pTable;
-    int nYear;                   ///< year of the decks
-    std::string sEngine;         ///< display name, "REC533 (built-in)"
-    std::string sSunSpotSource;  ///< "given" or "Airmail"
-    std::string sPlaces;         ///< lines on positions taken from Airmail, or nothing
+    int nYear;                        ///< year of the decks
+    std::string sEngine;              ///< display name, "REC533 (built-in)"
+    std::string sSunSpotSource;       ///< "given", "Airmail", "mean cycle", "NOAA forecast" ...
+    std::string sPlaces;              ///< lines on positions taken from Airmail, or nothing
+    std::string sSunSpotDetail = {};  ///< scale, date and age of a forecast; empty without one
+    std::optional<Need> need = {};    ///< what the contact is for
 };
+
+/// A need in words: "E-mail, normal: 40 dB in 1 Hz", without a name "40 dB in 1 Hz".
+[[nodiscard]] std::string PredictNeedText(const Need& need);
+/// How far an SNR is above the need, dB, without the noise of a binary difference: 46.3 less 40 is
+/// 6.3. Empty where there is no SNR.
+[[nodiscard]] std::string PredictMarginText(float fSnr, const Need& need);
+/// A text in quotes only where it would break the row, printable: engines and lists may hold
+/// anything.
+[[nodiscard]] std::string PredictCsvText(std::string_view sForeign);
 
 /// @param bColor  24-bit terminal colours on the cells (SnrGetColor).
 [[nodiscard]] std::string PredictTableGet(const PredictRun& run, bool bColor);

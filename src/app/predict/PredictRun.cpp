@@ -5,6 +5,7 @@
 #include "app/engines/EngineList.h"
 #include "app/predict/PredictDay.h"
 #include "app/predict/PredictPrint.h"
+#include "app/predict/PredictReach.h"
 #include "propagation/AreaBoxes.h"
 #include "propagation/PropagationAreaLib.h"
 #include "propagation/PropagationLib.h"
@@ -26,11 +27,17 @@ std::string EngineNameGet(int iModel)
 }
 
 /// Month and sunspot number of the run, as the main window's update takes them.
-bool SettingsComplete(Settings& settings)
+bool SettingsComplete(const PredictOptions& options, Settings& settings, SunSpotRun& ssn)
 {
     Messages aMessages;
-    const bool bOk = RunValuesTake(settings, aMessages);
+    const bool bOk = RunValuesTake(settings, aMessages, &ssn, options.sForecastFile);
+    if (!bOk && settings.m_bPropagationSunSpotNumber && !aMessages.empty())
+        aMessages.back().sText += " (or give --ssn N)";
+    if (!bOk && !options.sForecastFile.empty() && !aMessages.empty())
+        aMessages.back().sText = "--ssn-file: " + aMessages.back().sText;
     MsgShow(aMessages);
+    if (bOk && !ssn.sWarning.empty())
+        MsgBox(MsgIcon::Info, ssn.sWarning);
     return bOk;
 }
 
@@ -69,9 +76,11 @@ std::string TextGet(PredictFormat eFormat, const PredictRun& run, bool bColor)
 }
 
 std::optional<PredictOutput> PointToPointGet(const PredictOptions& options,
-                                             const Settings& settings, bool bColor)
+                                             const Settings& settings, const SunSpotRun& ssn,
+                                             bool bColor)
 {
-    const Request input = RequestFromSettings(settings);
+    Request input = RequestFromSettings(settings);
+    input.eSunSpotSource = ssn.eSource;
     PropagationTable table(input.nData);
     std::vector<Failure> aFailures;
     const bool bOk = PropagationRun(input, table, aFailures);
@@ -85,8 +94,10 @@ std::optional<PredictOutput> PointToPointGet(const PredictOptions& options,
                          &table,
                          LocalNow().nYear,
                          EngineNameGet(settings.m_iPropagationModel),
-                         settings.m_bPropagationSunSpotNumber ? "Airmail" : "given",
-                         options.sPlaces};
+                         ssn.eSource == SunSpotSource::Typed ? "given" : ssn.sSource,
+                         options.sPlaces,
+                         ssn.dtDay.IsZero() ? "" : ssn.sDetail,
+                         options.need};
     // A list in several chunks may fail in one of them and still end well.
     const std::string sAbsent = PropagationAbsentText(table);
     if (!sAbsent.empty())
@@ -104,12 +115,17 @@ bool AreaPointsAppend(const AreaRequest& request, std::vector<AreaPoint>& aPoint
     return true;
 }
 
-std::optional<PredictOutput> DayGet(const PredictOptions& options, const Settings& settings)
+/// A text that is whole or not there.
+std::optional<PredictOutput> TextOutput(std::optional<std::string> sText)
 {
-    auto sText = PredictDayGet(options, settings, *EngineMake(settings.m_iPropagationModel));
     if (!sText)
         return std::nullopt;
     return PredictOutput{std::move(*sText)};
+}
+
+std::optional<PredictOutput> DayGet(const PredictOptions& options, const Settings& settings)
+{
+    return TextOutput(PredictDayGet(options, settings, *EngineMake(settings.m_iPropagationModel)));
 }
 
 std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settings& settings)
@@ -139,10 +155,16 @@ std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settin
 
 std::optional<PredictOutput> PredictRunGet(const PredictOptions& options, bool bColor)
 {
+    if (options.bStations)
+        return TextOutput(PredictStationsGet(options));
     Settings settings = options.settings;
-    if (!RangesCheck(options) || !SettingsComplete(settings))
+    SunSpotRun ssn;
+    if (!RangesCheck(options) || !SettingsComplete(options, settings, ssn))
         return std::nullopt;
+    if (options.bReach)
+        return TextOutput(PredictReachGet(options, settings, ssn.eSource));
     if (options.bDay)
         return DayGet(options, settings);
-    return options.bArea ? AreaGet(options, settings) : PointToPointGet(options, settings, bColor);
+    return options.bArea ? AreaGet(options, settings)
+                         : PointToPointGet(options, settings, ssn, bColor);
 }
