@@ -93,6 +93,8 @@ void StationMenu::ItemsLayout(Branch& branch)
             branch.aItems.push_back(ItemMake(branch, n));
         QAction* pItem = branch.aItems[n];
         pItem->setText(CaptionShown(branch.aStations[n]));
+        // Now: an item that changes while its menu is open makes the menu as long as its list.
+        pItem->setStatusTip(Tip(branch.aStations[n]));
         pItem->setEnabled(true);
         pItem->setVisible(true);
     }
@@ -107,8 +109,6 @@ QAction* StationMenu::ItemMake(Branch& branch, std::size_t n)
     pItem->setObjectName(branch.pMenu->objectName() + QStringLiteral("Station")
                          + QString::number(n));
     branch.pMenu->addAction(pItem);
-    connect(pItem, &QAction::hovered, this,
-            [this, &branch, pItem, n] { pItem->setStatusTip(Tip(branch.aStations.at(n))); });
     connect(pItem, &QAction::triggered, this,
             [this, &branch, n] { Q_EMIT StationChosen(branch.aStations.at(n)); });
     return pItem;

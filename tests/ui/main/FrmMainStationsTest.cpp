@@ -136,6 +136,39 @@ TEST(FrmMainStations, SubmenusStartWithOneItemThatTheFirstStationTakes)
     EXPECT_TRUE(ItemsGet(frm.mnuTransmitter->mnuTransmitterOther).isEmpty());
 }
 
+/// Opens the menu of ham stations as keys do, and stands on its last item.
+QMenu* HamOpenByKeys(frmMain& frm)
+{
+    QTest::mouseClick(frm.cmdTxAirmail, Qt::LeftButton);
+    QTest::keyClick(frm.mnuTransmitter, Qt::Key_Down);
+    QTest::keyClick(frm.mnuTransmitter, Qt::Key_Right);
+    QMenu* pHam = frm.mnuTransmitter->mnuTransmitterHam;
+    MainRig::EventsRun();
+    QTest::keyClick(pHam, Qt::Key_End);
+    MainRig::EventsRun();
+    return pHam;
+}
+
+TEST(FrmMainStations, LongListsScrollAtTheirFirstOpeningByKeyboard)
+{
+    MainRig rig;
+    std::string sMany = "[Station Info]\n";
+    constexpr int kMany = 200;
+    for (int i = 0; i < kMany; ++i) sMany += "K" + std::to_string(i) + "=FN31:Place;\n";
+    rig.AirmailWrite("System.ham.ini", sMany);
+    frmMain& frm = rig.Start();
+    const QMenu* pHam = HamOpenByKeys(frm);
+    ASSERT_TRUE(pHam->isVisible());
+    EXPECT_LE(pHam->height(), frm.screen()->availableSize().height());
+    ASSERT_NE(pHam->activeAction(), nullptr);
+    EXPECT_EQ(pHam->activeAction()->text(), QStringLiteral("K199 - Place"));
+    EXPECT_TRUE(pHam->rect().contains(pHam->actionGeometry(pHam->activeAction())));
+    EXPECT_EQ(pHam->actionGeometry(pHam->actions().front()).left(),
+              pHam->actionGeometry(pHam->activeAction()).left())
+        << "one column";
+    frm.mnuTransmitter->close();
+}
+
 TEST(FrmMainStations, WithoutListsThereIsOneBoxAndNoMenu)
 {
     MainRig rig;
