@@ -1,10 +1,25 @@
 #include "ui/main/MainTable.h"
 
+#include <cmath>
+
 #include "propagation/PropagationTable.h"
 #include "system/ClockLib.h"
 #include "system/NumberLib.h"
 #include "ui/common/GridControl.h"
 #include "ui/common/GridCorner.h"
+
+namespace {
+
+constexpr int kMinutesOfHour = 60;
+constexpr int kMinutesOfDay = kHourCount * kMinutesOfHour;
+constexpr int kMinutesOfQuarter = 15;
+
+QString TwoDigits(int n)
+{
+    return QString::fromStdString(NumberFormat(static_cast<double>(n), "00"));
+}
+
+}  // namespace
 
 MainTable::MainTable(GridControl& grd, const Settings& settings) : m_grd(grd), m_settings(settings)
 {
@@ -15,11 +30,14 @@ MainTable::MainTable(GridControl& grd, const Settings& settings) : m_grd(grd), m
                      [this](int iRow, int iCol) { MouseMoved(iRow, iCol); });
 }
 
-int MainTable::HourOffset() const
+/// Minutes that the labels are ahead of UTC. Zones keep quarters of an hour; what is over is the
+/// time between the looks at the two clocks.
+int MainTable::MinuteOffset() const
 {
-    return m_settings.m_iTimeCode == kTimeLocal
-               ? static_cast<int>(HourBoundaries(UtcNow(), LocalNow()))
-               : 0;
+    if (m_settings.m_iTimeCode != kTimeLocal)
+        return 0;
+    const auto dMinutes = static_cast<double>(MinuteBoundaries(UtcNow(), LocalNow()));
+    return kMinutesOfQuarter * static_cast<int>(std::lround(dMinutes / kMinutesOfQuarter));
 }
 
 void MainTable::HoursLayout()
@@ -27,24 +45,25 @@ void MainTable::HoursLayout()
     m_grd.ColsSet(kHourCount + 1);
     const QFontMetrics metrics = m_grd.window()->fontMetrics();
     m_grd.ColWidthSet(0, metrics.horizontalAdvance(QStringLiteral("-30000-")));
-    const int nWidth = metrics.horizontalAdvance(QStringLiteral("---00"));
-    const int nOffset = HourOffset();
+    const int nOffset = MinuteOffset();
+    const bool bWholeHours = nOffset % kMinutesOfHour == 0;
+    const int nWidth =
+        metrics.horizontalAdvance(bWholeHours ? QStringLiteral("---00") : QStringLiteral("-00:00"));
     for (int iHour = 1; iHour <= kHourCount; ++iHour) {
-        int nLabel = iHour + nOffset - 1;
-        if (nLabel < 0)
-            nLabel += kHourCount;
-        if (nLabel >= kHourCount)
-            nLabel -= kHourCount;
+        const int nMinute =
+            ((iHour - 1) * kMinutesOfHour + nOffset + kMinutesOfDay) % kMinutesOfDay;
+        const QString sHour = TwoDigits(nMinute / kMinutesOfHour);
+        const QString sMinutes = u':' + TwoDigits(nMinute % kMinutesOfHour);
         m_grd.ColWidthSet(iHour, nWidth);
-        m_grd.TextSet(0, iHour,
-                      QString::fromStdString(NumberFormat(static_cast<double>(nLabel), "00")));
+        m_grd.TextSet(0, iHour, bWholeHours ? sHour : sHour + sMinutes);
         m_grd.AlignmentSet(0, iHour, Qt::AlignCenter);
     }
 }
 
 QString MainTable::TimeGet(int iHour) const
 {
-    return m_grd.TextGet(0, iHour) + QStringLiteral(":00");
+    const QString sLabel = m_grd.TextGet(0, iHour);
+    return sLabel.contains(u':') ? sLabel : sLabel + QStringLiteral(":00");
 }
 
 void MainTable::CellMark(bool bMark)
@@ -73,7 +92,8 @@ void MainTable::MouseMoved(int iRow, int iCol)
         if (m_settings.m_iTimeCode == kTimeZulu)
             sText = QStringLiteral("Zulu Time (hh)");
         else if (m_settings.m_iTimeCode == kTimeLocal)
-            sText = QStringLiteral("Local Time (hh)");
+            sText = m_grd.TextGet(0, iCol).contains(u':') ? QStringLiteral("Local Time (hh:mm)")
+                                                          : QStringLiteral("Local Time (hh)");
         else
             sText = m_grd.toolTip();
     } else if (iRow >= 1 && iCol == 0) {

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "ui/details/frmDetails.h"
 #include "ui/support/MainRig.h"
 #include "ui/support/UiEvents.h"
 
@@ -63,7 +64,8 @@ struct ZoneCase {
     DateTime dtUtc;
     DateTime dtLocal;
     const char* sFirst;
-    int iZeroColumn;  ///< column labelled 00
+    int iZeroColumn;  ///< first column after midnight
+    const char* sZero;
     const char* sClock;
 };
 std::ostream& operator<<(std::ostream& stm, const ZoneCase& c) { return stm << c.sName; }
@@ -78,22 +80,63 @@ TEST_P(FrmMainZone, LocalHoursFollowTheComputersZone)
     rig.m_dtLocal = GetParam().dtLocal;
     const frmMain& frm = rig.Start();
     EXPECT_EQ(frm.grdData->TextGet(0, 1), QString::fromLatin1(GetParam().sFirst));
-    EXPECT_EQ(HoursGet(frm).indexOf(QStringLiteral("00")) + 1, GetParam().iZeroColumn);
+    EXPECT_EQ(HoursGet(frm).indexOf(QLatin1String(GetParam().sZero)) + 1, GetParam().iZeroColumn);
     EXPECT_EQ(frm.lblTime->text(), QString::fromLatin1(GetParam().sClock));
     // The selected column is the UTC hour's, whatever its label.
     EXPECT_EQ(frm.DataGetSelected().iHour, GetParam().dtUtc.nHour + 1);
 }
 
-// Half hours: hour boundaries between the two, so the label depends on the minute.
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Zones, FrmMainZone, testing::Values(
-    ZoneCase{"utc_plus_10", {2026, 11, 21, 13, 5, 0}, {2026, 11, 21, 23, 5, 0}, "10", 15, "Local: 23:05"},
-    ZoneCase{"utc_plus_10_next_day", {2026, 11, 21, 20, 5, 0}, {2026, 11, 22, 6, 5, 0}, "10", 15, "Local: 06:05"},
-    ZoneCase{"utc_minus_7", {2026, 11, 21, 13, 5, 0}, {2026, 11, 21, 6, 5, 0}, "17", 8, "Local: 06:05"},
-    ZoneCase{"utc_minus_7_day_before", {2026, 11, 21, 3, 5, 0}, {2026, 11, 20, 20, 5, 0}, "17", 8, "Local: 20:05"},
-    ZoneCase{"utc_plus_5_30_first_half", {2026, 11, 21, 13, 5, 0}, {2026, 11, 21, 18, 35, 0}, "05", 20, "Local: 18:35"},
-    ZoneCase{"utc_plus_5_30_second_half", {2026, 11, 21, 13, 45, 0}, {2026, 11, 21, 19, 15, 0}, "06", 19, "Local: 19:15"}));
+    ZoneCase{"utc_plus_10", {2026, 11, 21, 13, 5, 0}, {2026, 11, 21, 23, 5, 0}, "10", 15, "00", "Local: 23:05"},
+    ZoneCase{"utc_plus_10_next_day", {2026, 11, 21, 20, 5, 0}, {2026, 11, 22, 6, 5, 0}, "10", 15, "00", "Local: 06:05"},
+    ZoneCase{"utc_plus_14", {2026, 11, 21, 13, 5, 0}, {2026, 11, 22, 3, 5, 0}, "14", 11, "00", "Local: 03:05"},
+    ZoneCase{"utc_minus_7", {2026, 11, 21, 13, 5, 0}, {2026, 11, 21, 6, 5, 0}, "17", 8, "00", "Local: 06:05"},
+    ZoneCase{"utc_minus_7_day_before", {2026, 11, 21, 3, 5, 0}, {2026, 11, 20, 20, 5, 0}, "17", 8, "00", "Local: 20:05"},
+    ZoneCase{"a_minute_passes_between_the_clocks", {2026, 11, 21, 13, 59, 59}, {2026, 11, 22, 0, 0, 0}, "10", 15, "00", "Local: 00:00"},
+    ZoneCase{"utc_plus_5_30_first_half", {2026, 11, 21, 13, 5, 0}, {2026, 11, 21, 18, 35, 0}, "05:30", 20, "00:30", "Local: 18:35"},
+    ZoneCase{"utc_plus_5_30_second_half", {2026, 11, 21, 13, 45, 0}, {2026, 11, 21, 19, 15, 0}, "05:30", 20, "00:30", "Local: 19:15"},
+    ZoneCase{"utc_minus_3_30", {2026, 11, 21, 2, 5, 0}, {2026, 11, 20, 22, 35, 0}, "20:30", 5, "00:30", "Local: 22:35"},
+    ZoneCase{"utc_plus_5_45", {2026, 11, 21, 13, 5, 0}, {2026, 11, 21, 18, 50, 0}, "05:45", 20, "00:45", "Local: 18:50"}));
 // clang-format on
+
+/// Chatham Islands, a quarter to the hour.
+struct QuarterRig : MainRig {
+    QuarterRig()
+    {
+        ProfileAdd("[Time Data]\nCode=1\n");
+        m_dtLocal = {2026, 11, 22, 2, 50, 0};
+    }
+};
+
+TEST(FrmMainTable, LabelsWithMinutesAreWhollySeen)
+{
+    QuarterRig rig;
+    const frmMain& frm = rig.Start();
+    ASSERT_EQ(frm.grdData->TextGet(0, 1), QStringLiteral("13:45"));
+    for (int iHour = 1; iHour <= 24; ++iHour)
+        EXPECT_GT(frm.grdData->ColWidthGet(iHour),
+                  frm.grdData->fontMetrics().horizontalAdvance(frm.grdData->TextGet(0, iHour)));
+}
+
+TEST(FrmMainTable, DetailsTellALabelWithMinutesAsItIs)
+{
+    QuarterRig rig;
+    frmMain& frm = rig.Start();
+    CellMouse(*frm.grdData, {3, 5});
+    ASSERT_NE(frm.m_pDetails, nullptr);
+    EXPECT_EQ(frm.m_pDetails->windowTitle(),
+              QStringLiteral("Hopcast - Details by Frequency - 17:45"));
+    EXPECT_EQ(frm.m_pDetails->lblHour->text(), QStringLiteral("17:45 Local"));
+}
+
+TEST(FrmMainTable, TheTipOfHoursTellsWhetherTheyHaveMinutes)
+{
+    QuarterRig rig;
+    frmMain& frm = rig.Start();
+    CellMouseMove(*frm.grdData, {0, 5});
+    EXPECT_EQ(frm.grdData->toolTip(), QStringLiteral("Local Time (hh:mm)"));
+}
 
 TEST(FrmMainTable, OtherTimeCodesLeaveTheClockAlone)
 {
