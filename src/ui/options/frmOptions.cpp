@@ -8,6 +8,7 @@
 #include "propagation/itshfbc/EngineProgram.h"
 #include "system/ClockLib.h"
 #include "system/NumberLib.h"
+#include "ui/options/AntennaTip.h"
 #include "ui/options/AppIcon.h"
 #include "ui/options/FrequencyText.h"
 
@@ -157,6 +158,7 @@ void frmOptions::chkPropagationSunSpotNumberClick()
 void frmOptions::optPropagationModelClick()
 {
     const int iModel = m_pModelGroup->checkedId();
+    cmbPropagationAntennaType->setToolTip(AntennaTipGet(iModel));
     const bool bComplex = iModel == kEngineIcepac || iModel == kEngineVoacap;
     for (QLineEdit* pBox :
          {txtPropagationLayerE, txtPropagationLayerEs, txtPropagationLayerF1, txtPropagationLayerF2,

@@ -42,6 +42,18 @@ TEST_F(FrmOptions, ShowsTheDefaultsWhenMade)
     EXPECT_TRUE(m_host.m_asCalls.empty());
 }
 
+TEST_F(FrmOptions, TheAntennasTipTellsWhatTheyMeanWithTheEngineChosen)
+{
+    const frmOptions& frm = Open(kTabModel);
+    EXPECT_EQ(frm.cmbPropagationAntennaType->toolTip(),
+              Q("With REC533, in this order:\nstation with gain, boat with whip, 100 W\n"
+                "whips at both ends, 5 kW\nantennas without gain, 1 kW"));
+    frm.optPropagationModel2->click();
+    EXPECT_EQ(frm.cmbPropagationAntennaType->toolTip(),
+              Q("With VOACAP, in this order:\nantennas with gain at both ends, 100 W\n"
+                "station with gain, boat with whip, 100 W\nwhips at both ends, 5 kW"));
+}
+
 TEST_F(FrmOptions, ShowsChoicesOfTheSettings)
 {
     frmOptions& frm = Open();

@@ -1,0 +1,44 @@
+#include "ui/options/AntennaTip.h"
+
+#include <array>
+#include <string>
+
+#include "propagation/PowerTable.h"
+#include "propagation/itshfbc/EngineProgram.h"
+#include "settings/Settings.h"
+#include "system/NumberLib.h"
+
+namespace {
+
+using Entries = std::array<const char*, 3>;
+
+constexpr Entries kOfVoacap{"antennas with gain at both ends", "station with gain, boat with whip",
+                            "whips at both ends"};
+/// One behind the captions, and without antennas at the last one, as its cards have it.
+constexpr Entries kOfRec533{"station with gain, boat with whip", "whips at both ends",
+                            "antennas without gain"};
+
+QString PowerText(double dWatts)
+{
+    constexpr double kWattsOfKilowatt = 1000.0;
+    const bool bKilowatts = dWatts >= kWattsOfKilowatt;
+    return QString::fromStdString(NumberToText(bKilowatts ? dWatts / kWattsOfKilowatt : dWatts))
+           + (bKilowatts ? QStringLiteral(" kW") : QStringLiteral(" W"));
+}
+
+}  // namespace
+
+QString AntennaTipGet(int iModel)
+{
+    const EngineProgram* pEngine = EngineFind(iModel);
+    if (pEngine == nullptr)
+        return {};
+    QString sTip = QStringLiteral("With %1, in this order:")
+                       .arg(QString::fromStdString(std::string(pEngine->sName)));
+    int iType = 0;
+    for (const char* sEntry : iModel == kEngineRec533 ? kOfRec533 : kOfVoacap)
+        sTip += QStringLiteral("\n%1, %2")
+                    .arg(QLatin1String(sEntry),
+                         PowerText(CardPowerGet(iModel, iType++, DeckKind::PointToPoint)));
+    return sTip;
+}
