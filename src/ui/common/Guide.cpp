@@ -4,6 +4,7 @@
 #include <QDesktopServices>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QUrl>
 #include <utility>
 
@@ -14,6 +15,8 @@
 namespace {
 
 constexpr QSize kWindowSize{860, 640};
+/// Of the window's frame, which nobody knows before the window is shown.
+constexpr QSize kFrameSize{16, 40};
 
 GuideOpenFn& OpenHandler()
 {
@@ -92,7 +95,7 @@ frmGuide::frmGuide(const QString& sFile)
     setWindowTitle(QStringLiteral("Hopcast - Guide"));
     setAccessibleName(QStringLiteral("Guide"));
     setOpenExternalLinks(true);
-    resize(kWindowSize);
+    resize(kWindowSize.boundedTo(screen()->availableSize() - kFrameSize));
     setSource(QUrl::fromLocalFile(sFile));
 }
 

@@ -1,5 +1,6 @@
 #include "ui/main/FileCommands.h"
 
+#include <QScreen>
 #include <QWidget>
 
 #include "settings/ProfileLib.h"
@@ -88,7 +89,8 @@ void FileCommands::ProfileWrite()
 void FileCommands::FrameKnown()
 {
     m_bFrameKnown = true;
-    if (m_rectOuter)
-        WindowOuterSet(m_window, *m_rectOuter);
+    // Without a place in the profile the first size was chosen without the frame.
+    if (m_rectOuter || !m_window.screen()->availableGeometry().contains(m_window.frameGeometry()))
+        WindowOuterSet(m_window, m_rectOuter.value_or(m_window.frameGeometry()));
     m_rectOuter.reset();
 }

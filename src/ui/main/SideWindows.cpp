@@ -42,8 +42,10 @@ void SideWindows::MapShow()
 
 void SideWindows::OptionsShow(int iTab)
 {
-    if (!m_pOptions)
+    if (!m_pOptions) {
         m_pOptions = new frmOptions(m_host);
+        WindowFit(*m_pOptions, m_window);
+    }
     WindowRaise(*m_pOptions);
     m_pOptions->TabShow(iTab);
 }

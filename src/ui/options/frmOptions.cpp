@@ -8,6 +8,7 @@
 #include "propagation/itshfbc/EngineProgram.h"
 #include "system/ClockLib.h"
 #include "system/NumberLib.h"
+#include "ui/common/ScrollPage.h"
 #include "ui/options/AntennaTip.h"
 #include "ui/options/AppIcon.h"
 #include "ui/options/FrequencyText.h"
@@ -33,6 +34,7 @@ frmOptions::frmOptions(MainWindowHost& host, QWidget* pParent)
     Ui::OptionsModel::setupUi(pagModel);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowIcon(AppIconGet());
+    PagesScroll();
     m_controls = SettingControls(*this);
     m_pModelGroup = &m_controls.GroupGet(&Settings::m_iPropagationModel);
     TabOrderSet();
@@ -41,6 +43,29 @@ frmOptions::frmOptions(MainWindowHost& host, QWidget* pParent)
     Update();
     tmrTimeTick();
     tmrTime->start(kTickMs);
+    SizeSet();
+}
+
+void frmOptions::PagesScroll()
+{
+    for (int i = 0; i < SSTab->count(); ++i) {
+        const QString sTitle = SSTab->tabText(i);
+        QWidget* pPage = SSTab->widget(i);
+        SSTab->removeTab(i);
+        SSTab->insertTab(i, new ScrollPage(pPage, SSTab), sTitle);
+    }
+    SSTab->setCurrentIndex(kTabAirmail);
+}
+
+/// As large as the pages, but no larger than the screen; then beside the page there is room for a
+/// bar, so that the other bar need not come, too.
+void frmOptions::SizeSet()
+{
+    QSize sizeWhole = sizeHint();
+    const QSize sizeScreen = screen()->availableSize();
+    if (sizeWhole.height() > sizeScreen.height())
+        sizeWhole.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    resize(sizeWhole.boundedTo(sizeScreen));
 }
 
 void frmOptions::TabOrderSet()

@@ -44,6 +44,8 @@ protected:
 private:
     void SignalsConnect();
     void TabOrderSet();
+    void PagesScroll();
+    void SizeSet();
 
     void AirMailLoad();
     void FrequencyLoad();

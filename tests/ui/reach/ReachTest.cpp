@@ -1,0 +1,220 @@
+/// Small and dense screens: every window fits the screen, and each of its controls is seen or can
+/// be scrolled to. The same program runs on several screens, see CMakeLists.txt.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTest>
+#include <fstream>
+
+#include "ui/common/Guide.h"
+#include "ui/details/frmDetails.h"
+#include "ui/map/frmMap.h"
+#include "ui/options/frmAbout.h"
+#include "ui/options/frmOptions.h"
+#include "ui/support/MainRig.h"
+
+namespace {
+
+QRect ScreenGet() { return QGuiApplication::primaryScreen()->availableGeometry(); }
+
+std::string NameOf(const QWidget& widget)
+{
+    return widget.window()->objectName().toStdString() + " " + widget.objectName().toStdString();
+}
+
+/// What a user looks for: named, seen and not greyed, and not a part inside another control.
+bool ControlIs(const QWidget& widget)
+{
+    if (!widget.isVisible() || !widget.isEnabled() || widget.objectName().isEmpty()
+        || widget.objectName().startsWith(QStringLiteral("qt_")))
+        return false;
+    if (const auto* pLabel = qobject_cast<const QLabel*>(&widget))
+        return !pLabel->text().isEmpty() || !pLabel->pixmap(Qt::ReturnByValue).isNull();
+    return qobject_cast<const QAbstractButton*>(&widget) != nullptr
+           || qobject_cast<const QLineEdit*>(&widget) != nullptr
+           || qobject_cast<const QComboBox*>(&widget) != nullptr
+           || qobject_cast<const QMenuBar*>(&widget) != nullptr
+           || qobject_cast<const QAbstractScrollArea*>(&widget) != nullptr;
+}
+
+/// What a bar can bring into a room of nRoom pixels, in the room's present coordinates.
+struct Reach {
+    int nFrom = 0;
+    int nTo = 0;
+};
+
+Reach ReachOf(const QScrollBar& bar, Qt::ScrollBarPolicy ePolicy, int nRoom)
+{
+    if (ePolicy == Qt::ScrollBarAlwaysOff)
+        return {0, nRoom};
+    return {bar.minimum() - bar.value(), nRoom + bar.maximum() - bar.value()};
+}
+
+bool ScrolledTo(const QAbstractScrollArea& area, const QRect& rect)
+{
+    const QSize sizeRoom = area.viewport()->size();
+    const Reach x =
+        ReachOf(*area.horizontalScrollBar(), area.horizontalScrollBarPolicy(), sizeRoom.width());
+    const Reach y =
+        ReachOf(*area.verticalScrollBar(), area.verticalScrollBarPolicy(), sizeRoom.height());
+    return rect.left() >= x.nFrom && rect.right() < x.nTo && rect.top() >= y.nFrom
+           && rect.bottom() < y.nTo;
+}
+
+/// The control is inside of everything that it stands in, up to its window.
+bool ReachableIs(const QWidget& control)
+{
+    QRect rect = control.rect();
+    for (const QWidget* p = &control; !p->isWindow(); p = p->parentWidget()) {
+        rect.translate(p->pos());
+        const QWidget* pParent = p->parentWidget();
+        const auto* pArea = qobject_cast<const QAbstractScrollArea*>(pParent->parentWidget());
+        if (pArea != nullptr && pArea->viewport() == pParent) {
+            if (!ScrolledTo(*pArea, rect))
+                return false;
+            rect = QRect(QPoint(), rect.size().boundedTo(pParent->size()));
+        } else if (!pParent->rect().contains(rect)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Labels of one line whose text has less room than it takes.
+bool CutIs(const QWidget& control)
+{
+    const auto* pLabel = qobject_cast<const QLabel*>(&control);
+    return pLabel != nullptr && !pLabel->wordWrap()
+           && (pLabel->width() < pLabel->sizeHint().width()
+               || pLabel->height() < pLabel->sizeHint().height());
+}
+
+/// Walks a window. @return how many controls it has
+int WindowWalk(QWidget& window)
+{
+    MainRig::EventsRun();
+    EXPECT_TRUE(ScreenGet().contains(window.frameGeometry()))
+        << NameOf(window) << " " << window.frameGeometry().width() << "x"
+        << window.frameGeometry().height() << " on " << ScreenGet().width() << "x"
+        << ScreenGet().height();
+    int nControls = 0;
+    for (QWidget* pControl : window.findChildren<QWidget*>()) {
+        if (pControl->window() != &window || !ControlIs(*pControl))
+            continue;
+        ++nControls;
+        if (pControl->focusPolicy() != Qt::NoFocus)  // a row of buttons scrolls to its focus
+            pControl->setFocus();
+        MainRig::EventsRun();
+        EXPECT_TRUE(ReachableIs(*pControl)) << NameOf(*pControl);
+        EXPECT_FALSE(CutIs(*pControl)) << NameOf(*pControl);
+    }
+    return nControls;
+}
+
+TEST(Reach, OfTheMainWindow)
+{
+    MainRig rig;
+    EXPECT_GT(WindowWalk(rig.Start()), 15);
+}
+
+TEST(Reach, OfTheMainWindowWithHoursAndMinutes)
+{
+    MainRig rig;
+    rig.ProfileAdd("[Time Data]\nCode=1\n");
+    rig.m_dtLocal = {2026, 11, 21, 18, 35, 0};
+    EXPECT_GT(WindowWalk(rig.Start()), 15);
+}
+
+TEST(Reach, OfTheMenus)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    for (QAction* pAction : frm.menuBar()->actions()) {
+        QMenu* pMenu = pAction->menu();
+        pMenu->popup(
+            frm.menuBar()->mapToGlobal(frm.menuBar()->actionGeometry(pAction).bottomLeft()));
+        MainRig::EventsRun();
+        EXPECT_TRUE(ScreenGet().contains(pMenu->geometry())) << pAction->text().toStdString();
+        pMenu->close();
+    }
+}
+
+TEST(Reach, OfTheDetails)
+{
+    for (const int iModel : {kEngineVoacap, kEngineRec533}) {
+        MainRig rig(iModel);
+        frmMain& frm = rig.Start();
+        frm.mnuViewDetailData->trigger();
+        ASSERT_NE(frm.m_pDetails, nullptr);
+        EXPECT_GE(WindowWalk(*frm.m_pDetails), 2);
+    }
+}
+
+TEST(Reach, OfTheMap)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuViewWorldMap->trigger();
+    ASSERT_NE(frm.m_pMap, nullptr);
+    EXPECT_GT(WindowWalk(*frm.m_pMap), 10);
+}
+
+TEST(Reach, OfEveryTabOfTheOptions)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuOptionsModel->trigger();
+    ASSERT_NE(frm.m_pOptions, nullptr);
+    for (int i = 0; i < frm.m_pOptions->SSTab->count(); ++i) {
+        frm.m_pOptions->TabShow(i);
+        EXPECT_GT(WindowWalk(*frm.m_pOptions), 5)
+            << frm.m_pOptions->SSTab->tabText(i).toStdString();
+    }
+}
+
+TEST(Reach, OfTheOptionsInAWindowSmallerThanTheirPages)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuOptionsModel->trigger();
+    ASSERT_NE(frm.m_pOptions, nullptr);
+    const int nWhole = frm.m_pOptions->height();
+    frm.m_pOptions->resize(1, 1);
+    EXPECT_LT(frm.m_pOptions->height(), nWhole / 2 + 1);
+    for (int i = 0; i < frm.m_pOptions->SSTab->count(); ++i) {
+        frm.m_pOptions->TabShow(i);
+        EXPECT_GT(WindowWalk(*frm.m_pOptions), 5);
+    }
+}
+
+TEST(Reach, OfAbout)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuHelpAbout->trigger();
+    ASSERT_NE(frm.m_pAbout, nullptr);
+    EXPECT_GE(WindowWalk(*frm.m_pAbout), 3);
+}
+
+TEST(Reach, OfTheGuide)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Path("guide.html");
+    std::ofstream(sFile) << "<h1>Guide</h1>";
+    const GuideOpenFn fnBefore = GuideOpenSetHandler([](const QUrl&) { return false; });
+    frmGuide frm(QString::fromStdString(sFile));
+    frm.setAttribute(Qt::WA_DeleteOnClose, false);
+    frm.show();
+    WindowWalk(frm);
+    GuideOpenSetHandler(fnBefore);
+}
+
+}  // namespace
