@@ -1,0 +1,148 @@
+/// docs/architecture.md speaks of the tree as it is: what it names is there, and every part of the
+/// windows is named.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "support/TempFolder.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Names = std::set<std::string>;
+
+const fs::path kRoot = PROJECT_FOLDER;
+
+std::string DocumentGet() { return BytesRead(DOCS_FOLDER "/architecture.md"); }
+
+std::vector<std::string> WordsGet(const std::string& sText, const std::regex& rgx)
+{
+    std::vector<std::string> asWord;
+    for (std::sregex_iterator it(sText.begin(), sText.end(), rgx), itEnd; it != itEnd; ++it)
+        asWord.push_back((*it)[it->size() > 1 ? 1 : 0].str());
+    return asWord;
+}
+
+std::vector<std::string> QuotedGet(const std::string& sText)
+{
+    static const std::regex kQuoted("`([^`\n]+)`");
+    return WordsGet(sText, kQuoted);
+}
+
+/// Files and identifiers of the project's own folders.
+struct Tree {
+    Names asFile;  ///< "Request.h"
+    Names asStem;  ///< "Request"
+    Names asWord;  ///< everything that sources, build files and scripts call by a name
+};
+
+Tree TreeGet()
+{
+    static const std::regex kWord(R"(\w+)");
+    Tree tree;
+    for (const char* sFolder : {"src", "tests", "tools", "cmake", "scripts", "assets"}) {
+        for (const auto& entry : fs::recursive_directory_iterator(kRoot / sFolder)) {
+            tree.asFile.insert(entry.path().filename().string());
+            tree.asStem.insert(entry.path().stem().string());
+            const std::string sEnd = entry.path().extension().string();
+            if (sEnd != ".cpp" && sEnd != ".h" && sEnd != ".ui" && sEnd != ".txt")
+                continue;
+            for (std::string& sWord : WordsGet(BytesRead(entry.path().string()), kWord))
+                tree.asWord.insert(std::move(sWord));
+        }
+    }
+    return tree;
+}
+
+/// A path from the root or from src/, with or without the end of its name.
+bool PathIsThere(const std::string& sPath)
+{
+    for (const char* sFrom : {"", "src"})
+        for (const char* sEnd : {"", ".h", ".cpp"})
+            if (fs::exists(kRoot / sFrom / (sPath + sEnd)))
+                return true;
+    return false;
+}
+
+bool NamesAFile(const std::string& sName)
+{
+    static const std::regex kFile(R"([A-Za-z]\w*\.(h|cpp|ui|py|sh))");
+    return std::regex_match(sName, kFile);
+}
+
+/// A class, procedure, constant or file without its end; "frmMain::Update".
+bool NamesAThing(const std::string& sName)
+{
+    static const std::regex kThing(R"(\w+(::\w+)*)");
+    return std::regex_match(sName, kThing);
+}
+
+TEST(Architecture, NamesOnlyFilesThatAreThere)
+{
+    static const std::regex kPath(R"([a-z]\w*(/[A-Za-z0-9_.]+)+/?)");
+    const Tree tree = TreeGet();
+    int nFiles = 0;
+    for (const std::string& sName : QuotedGet(DocumentGet())) {
+        if (NamesAFile(sName))
+            EXPECT_TRUE(tree.asFile.contains(sName)) << sName;
+        else if (std::regex_match(sName, kPath))
+            EXPECT_TRUE(PathIsThere(sName)) << sName;
+        else
+            continue;
+        ++nFiles;
+    }
+    EXPECT_GT(nFiles, 100);
+}
+
+TEST(Architecture, NamesOnlyWhatTheSourceHas)
+{
+    static const std::regex kPart(R"(\w+)");
+    const Tree tree = TreeGet();
+    int nThings = 0;
+    for (const std::string& sName : QuotedGet(DocumentGet())) {
+        if (!NamesAThing(sName))
+            continue;
+        for (const std::string& sPart : WordsGet(sName, kPart))
+            EXPECT_TRUE(tree.asWord.contains(sPart) || tree.asStem.contains(sPart)) << sName;
+        ++nThings;
+    }
+    EXPECT_GT(nThings, 150);
+}
+
+TEST(Architecture, EveryRowOfWhereDoIChangeNamesAPlace)
+{
+    const std::string sDocument = DocumentGet();
+    const std::string sTable = sDocument.substr(sDocument.find("## Where do I change X?"));
+    static const std::regex kRow(R"(\n\| ([^|\n]+ \| [^\n]+) \|)");
+    std::vector<std::string> asRow = WordsGet(sTable, kRow);
+    EXPECT_GT(asRow.size(), 40U);
+    for (const std::string& sRow : asRow) {
+        const std::string sPlace = sRow.substr(sRow.find(" | "));
+        const bool bNamed = !QuotedGet(sPlace).empty() || sPlace.find("](") != std::string::npos
+                            || sPlace.find("header in") != std::string::npos
+                            || sRow.starts_with("X |") || sRow.starts_with("a message |");
+        EXPECT_TRUE(bNamed) << sRow;
+    }
+}
+
+TEST(Architecture, EveryPartOfTheWindowsIsNamed)
+{
+    const std::string sDocument = DocumentGet();
+    int nParts = 0;
+    for (const auto& entry : fs::recursive_directory_iterator(fs::path(SOURCE_FOLDER) / "ui")) {
+        if (entry.path().extension() != ".h")
+            continue;
+        const std::string sStem = entry.path().stem().string();
+        EXPECT_TRUE(std::regex_search(sDocument, std::regex("\\b" + sStem + "\\b"))) << sStem;
+        ++nParts;
+    }
+    EXPECT_GT(nParts, 60);
+}
+
+}  // namespace
