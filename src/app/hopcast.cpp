@@ -34,12 +34,18 @@ constexpr const char* kHelp =
     "\n"
     "  hopcast [--profile FILE]\n"
     "\n"
-    "  --profile FILE  settings are read from and saved to FILE\n"
+    "  --profile FILE  settings are read from and saved to FILE; a new FILE starts with\n"
+    "                  the values of a new installation\n"
     "  --once          start, show the first prediction, print its time in ms, and end\n"
     "  --version       print the version and end\n"
     "  --help          print this text and end\n"
     "\n"
-    "Options of the windowing toolkit (-platform, -style, ...) are understood too.\n";
+    "Options of the windowing toolkit (-platform, -style, ...) are understood too.\n"
+    "\n"
+    "Predictions are monthly medians of the short path. Hours are Zulu (UTC) unless local time\n"
+    "is chosen. A new installation takes the sunspot number from the mean of past cycles and\n"
+    "counts with 100 W. With REC533 the antenna choices mean other things than with VOACAP and\n"
+    "ICEPAC: see their tooltip. The key F1 opens the guide.\n";
 
 struct Options {
     std::optional<std::string> sProfile;
