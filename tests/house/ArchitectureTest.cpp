@@ -2,11 +2,12 @@
 /// windows is named.
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <regex>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/TempFolder.h"
@@ -42,9 +43,21 @@ struct Tree {
     Names asWord;  ///< everything that sources, build files and scripts call by a name
 };
 
-Tree TreeGet()
+void WordsAdd(const std::string& sText, Names& asWord)
 {
-    static const std::regex kWord(R"(\w+)");
+    std::string sWord;
+    for (const char c : sText + ' ') {
+        if (std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_') {
+            sWord += c;
+        } else if (!sWord.empty()) {
+            asWord.insert(std::move(sWord));
+            sWord.clear();
+        }
+    }
+}
+
+Tree TreeRead()
+{
     Tree tree;
     for (const char* sFolder : {"src", "tests", "tools", "cmake", "scripts", "assets"}) {
         for (const auto& entry : fs::recursive_directory_iterator(kRoot / sFolder)) {
@@ -53,11 +66,16 @@ Tree TreeGet()
             const std::string sEnd = entry.path().extension().string();
             if (sEnd != ".cpp" && sEnd != ".h" && sEnd != ".ui" && sEnd != ".txt")
                 continue;
-            for (std::string& sWord : WordsGet(BytesRead(entry.path().string()), kWord))
-                tree.asWord.insert(std::move(sWord));
+            WordsAdd(BytesRead(entry.path().string()), tree.asWord);
         }
     }
     return tree;
+}
+
+const Tree& TreeGet()
+{
+    static const Tree s_tree = TreeRead();
+    return s_tree;
 }
 
 /// A path from the root or from src/, with or without the end of its name.
@@ -86,7 +104,7 @@ bool NamesAThing(const std::string& sName)
 TEST(Architecture, NamesOnlyFilesThatAreThere)
 {
     static const std::regex kPath(R"([a-z]\w*(/[A-Za-z0-9_.]+)+/?)");
-    const Tree tree = TreeGet();
+    const Tree& tree = TreeGet();
     int nFiles = 0;
     for (const std::string& sName : QuotedGet(DocumentGet())) {
         if (NamesAFile(sName))
@@ -103,7 +121,7 @@ TEST(Architecture, NamesOnlyFilesThatAreThere)
 TEST(Architecture, NamesOnlyWhatTheSourceHas)
 {
     static const std::regex kPart(R"(\w+)");
-    const Tree tree = TreeGet();
+    const Tree& tree = TreeGet();
     int nThings = 0;
     for (const std::string& sName : QuotedGet(DocumentGet())) {
         if (!NamesAThing(sName))

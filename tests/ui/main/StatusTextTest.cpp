@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "support/TempFolder.h"
 #include "ui/main/StatusText.h"
 
 namespace {
@@ -123,6 +124,25 @@ TEST(StatusTrouble, SaysEveryKindInAUsersWordsFirst)
           std::pair(File, "The files of the run could not be written: Shell")})
         EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineVoacap, Failure{eKind, "Shell"}),
                   sWords);
+}
+
+/// The rows of the guide's table of what is wrong begin with what the status line says.
+TEST(StatusTrouble, OfEveryKindIsExplainedInTheGuide)
+{
+    using enum FailureKind;
+    const std::string sGuide = BytesRead(GUIDE_TEXT);
+    for (const FailureKind eKind :
+         {NotInstalled, NotStarted, Timeout, BadInput, BadOutput, Busy, Cancelled, File}) {
+        const int iModel = eKind == NotInstalled ? kEngineIcepac : kEngineRec533;
+        const std::string sLine = StatusTrouble(RunTrouble::Engine, iModel, Failure{eKind, "|"});
+        const std::string sWords = sLine.substr(0, sLine.find('|'));
+        EXPECT_NE(sGuide.find("\n| " + sWords), std::string::npos) << sWords;
+    }
+    for (const RunTrouble eTrouble :
+         {RunTrouble::SunSpot, RunTrouble::Frequencies, RunTrouble::Engine}) {
+        const std::string sWords = StatusTrouble(eTrouble, kEngineIcepac);
+        EXPECT_NE(sGuide.find("\n| " + sWords + " |"), std::string::npos) << sWords;
+    }
 }
 
 TEST(StatusTrouble, SaysWhatToDo)
