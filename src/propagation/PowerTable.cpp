@@ -6,6 +6,7 @@
 
 #include "propagation/SnrScale.h"
 #include "settings/Settings.h"
+#include "system/NumberLib.h"
 
 namespace {
 
@@ -47,6 +48,15 @@ double CardPowerGet(int iModel, int iAntennaType, DeckKind eKind)
 double PowerInForceGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind)
 {
     return OwnIs(dOwn) ? dOwn : CardPowerGet(iModel, iAntennaType, eKind);
+}
+
+std::string PowerText(double dPower)
+{
+    constexpr double kWattsOfKilowatt = 1000.0;
+    // The settings hold it in single precision: "0.1 W", not all the digits of a double.
+    return dPower >= kWattsOfKilowatt
+               ? NumberToText(static_cast<float>(dPower / kWattsOfKilowatt)) + " kW"
+               : NumberToText(static_cast<float>(dPower)) + " W";
 }
 
 double PowerShiftGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind)

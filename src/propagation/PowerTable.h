@@ -13,6 +13,8 @@
 /// Tests:   tests/propagation/PowerTableTest.cpp
 #pragma once
 
+#include <string>
+
 #include "propagation/PropagationTable.h"
 
 enum class DeckKind { PointToPoint, Area };
@@ -26,6 +28,9 @@ enum class DeckKind { PointToPoint, Area };
 /// The power in force.
 /// @param dOwn  the user's own power, W; 0: the antenna choice's
 [[nodiscard]] double PowerInForceGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind);
+
+/// "100 W", "5 kW".
+[[nodiscard]] std::string PowerText(double dPower);
 
 /// What the own power adds to every signal and SNR of the deck's output: 10 log10(P / P card), dB.
 /// Exactly 0 without an own power.

@@ -148,7 +148,7 @@ INSTANTIATE_TEST_SUITE_P(Circuits, HopcastPredictVoacap, testing::ValuesIn(Voaca
 
 TEST_F(HopcastPredict, TheShippedProfilePredictsWithTheBuiltInEngine)
 {
-    const Words asShipped{"--profile", SHIPPED_PROFILE, "--month", "11"};
+    const Words asShipped{"--profile", SHIPPED_PROFILE, "--month", "11", "--ssn", "100"};
     const EnvironmentSet forced("CLICOLOR_FORCE", "1");
     const EnvironmentSet wanted("NO_COLOR", std::nullopt);
     const ProgramResult res = Predict(asShipped);
@@ -164,7 +164,7 @@ TEST_F(HopcastPredict, TheShippedProfilePredictsWithTheBuiltInEngine)
     }
     // The numbers of the run lie between what no path gives and what no path can.
     const ProgramResult resCsv =
-        Predict({"--profile", SHIPPED_PROFILE, "--month", "11", "--format", "csv"});
+        Predict({"--profile", SHIPPED_PROFILE, "--month", "11", "--ssn", "100", "--format", "csv"});
     ASSERT_EQ(resCsv.nStatus, 0) << resCsv.sError;
     const PropagationTable table = TableFromCsv(resCsv.sOut, 15);
     float fBest = -999.0F;

@@ -152,7 +152,8 @@ TEST_F(HopcastProgram, AProfileThatDoesNotExistYetStartsWithTheShippedValues)
     EXPECT_EQ(res.nStatus, 0) << res.sError;
     const std::string sSaved = BytesRead(sProfile);
     EXPECT_NE(sSaved.find("SunSpot Option=False"), std::string::npos) << sSaved;
-    EXPECT_NE(sSaved.find("SunSpot Number=100"), std::string::npos);
+    EXPECT_NE(sSaved.find("Forecast Option=True"), std::string::npos) << sSaved;
+    EXPECT_NE(sSaved.find("Power=100"), std::string::npos) << sSaved;
 }
 
 TEST_F(HopcastProgram, AProfileThatCannotBeReadOrABadHomeIsRefusedWithTheReason)

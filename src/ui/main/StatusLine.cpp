@@ -49,7 +49,7 @@ std::string StatusLine::TroubleGet(const std::string& sNotice) const
     return sNotice;
 }
 
-void StatusLine::Show(const std::string& sInForce)
+void StatusLine::Show(const std::string& sInForce, const std::string& sDetail)
 {
     const std::string sTrouble = TroubleGet(std::exchange(m_sNotice, {}));
     const QString sLong = QString::fromStdString(sInForce);
@@ -57,7 +57,8 @@ void StatusLine::Show(const std::string& sInForce)
     static const QRegularExpression kBuiltIn(QStringLiteral(" \\(built-in[^)]*\\)"));
     const QString sShort =
         QString(sLong).replace(kBuiltIn, QStringLiteral(" built-in")).remove(kBrackets);
-    lblInForce->setToolTip(sLong);
+    lblInForce->setToolTip(
+        sDetail.empty() ? sLong : sLong + QStringLiteral("\n") + QString::fromStdString(sDetail));
     lblInForce->setText(sTrouble.empty() ? sLong : sShort);
     lblInForce->ShorterSet(sShort);
     lblTrouble->setText(QString::fromStdString(sTrouble));

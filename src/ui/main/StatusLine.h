@@ -26,7 +26,8 @@ public:
     /// @return false when it says so already
     bool HintSet(const std::string& sHint);
     /// @param sInForce  what the table that is shown was made with
-    void Show(const std::string& sInForce);
+    /// @param sDetail   a second line of its tooltip, or empty
+    void Show(const std::string& sInForce, const std::string& sDetail = {});
     /// What is said while nothing went wrong; empty for nothing.
     void BestSet(const std::string& sBest);
 

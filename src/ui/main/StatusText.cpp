@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "propagation/AntennaPower.h"
+#include "propagation/PowerTable.h"
 #include "propagation/itshfbc/EngineProgram.h"
 #include "settings/SettingsRange.h"
 #include "system/NumberLib.h"
@@ -42,24 +42,20 @@ std::string LineFirst(const std::string& sMessage)
     return TextForMessage(sMessage.substr(0, sMessage.find_first_of("\r\n")));
 }
 
-/// "5 kW, as the antenna choice".
-std::string PowerText(const Request& input)
+/// "100 W"; "5 kW, as the antenna choice" without an own power.
+std::string PowerInForceText(const Request& input)
 {
-    constexpr double kWattsOfKilowatt = 1000.0;
-    const auto dPower = AntennaPowerGet(input.iModel, input.iAntennaType);
-    if (!dPower)
-        return {};
-    return (*dPower >= kWattsOfKilowatt ? NumberToText(*dPower / kWattsOfKilowatt) + " kW"
-                                        : NumberToText(*dPower) + " W")
-           + ", as the antenna choice";
+    const std::string sPower = PowerText(
+        PowerInForceGet(input.fPower, input.iModel, input.iAntennaType, DeckKind::PointToPoint));
+    return input.fPower > 0.0F ? sPower : sPower + ", as the antenna choice";
 }
 
 std::string NumberText(const Request& input, const StatusFacts& facts)
 {
-    const std::string sSource = input.eSunSpotSource == SunSpotSource::AirMail ? "Airmail"
-                                : facts.sAirMail.empty()                       ? "options"
-                                                         : "Airmail has " + facts.sAirMail;
-    return "sunspot number " + NumberToText(input.fSunSpotNumber) + " (" + sSource + ")";
+    const bool bTell = input.eSunSpotSource != SunSpotSource::AirMail && !facts.sAirMail.empty();
+    return "SSN " + NumberToText(input.fSunSpotNumber) + " ("
+           + std::string(SunSpotSourceName(input.eSunSpotSource))
+           + (bTell ? "; Airmail has " + facts.sAirMail : "") + ")";
 }
 
 /// What happened, as somebody says it who does not know the inside of the program.
@@ -96,11 +92,10 @@ std::string FailureLine(const Failure& failure)
 
 std::string StatusInForce(const Request& input, const StatusFacts& facts)
 {
-    const std::string sPower = PowerText(input);
     return EngineName(input.iModel) + (facts.bBuiltIn ? BuiltInText(input.sIonCoefficients) : "")
            + kBetween + MonthName(input.nMonth) + kBetween
            + (facts.bSunSpotNumber ? NumberText(input, facts) : "no sunspot number (Airmail)")
-           + (sPower.empty() ? "" : kBetween + sPower)
+           + kBetween + PowerInForceText(input)
            + (facts.sProfile.empty() ? "" : kBetween + TextForMessage(facts.sProfile));
 }
 

@@ -22,9 +22,9 @@ struct StatusFacts {
     std::string sProfile = {};   ///< name of a profile that is not the standard one; or empty
 };
 
-/// "REC533 (built-in, P.533 with long-path rule, mean maps) · November · sunspot number 100
-/// (options) · 5 kW, as the antenna choice". An engine number that is none reads "no engine". What
-/// stands in brackets may be left out where there is no room.
+/// "REC533 (built-in, P.533 with long-path rule, mean maps) · November · SSN 62 (mean cycle) ·
+/// 100 W", without an own power "5 kW, as the antenna choice". An engine number that is none reads
+/// "no engine". What stands in brackets may be left out where there is no room.
 [[nodiscard]] std::string StatusInForce(const Request& input, const StatusFacts& facts);
 
 /// "Best now: 14000 kHz, 58 dB"; empty for no row.

@@ -47,9 +47,23 @@ std::string TableRun::InForceGet() const
                                      : FileNameGet(m_settings.m_sProfileFile);
     if (TableIs())
         return StatusInForce(m_table.request, {m_table.bBuiltIn, true, m_sAirMail, sProfile});
-    return StatusInForce(
-        RequestFromSettings(m_settings),
-        {EngineIsHopcasts(m_settings.m_iPropagationModel), m_bSunSpotNumber, m_sAirMail, sProfile});
+    return StatusInForce(RequestMake(), {EngineIsHopcasts(m_settings.m_iPropagationModel),
+                                         m_bSunSpotNumber, m_sAirMail, sProfile});
+}
+
+/// The settings do not know which source the number of this run came from.
+Request TableRun::RequestMake() const
+{
+    Request input = RequestFromSettings(m_settings);
+    if (!m_settings.m_bPropagationSunSpotNumber && m_settings.m_bPropagationForecast)
+        input.eSunSpotSource = m_ssn.eSource;
+    return input;
+}
+
+std::string TableRun::SunSpotDetailGet() const
+{
+    return TableIs() && m_table.request.eSunSpotSource != SunSpotSource::Typed ? m_sSunSpotDetail
+                                                                               : std::string();
 }
 
 int TableRun::BestRowGet(int iHour) const
@@ -76,7 +90,7 @@ bool TableRun::Make()
     m_bOld = true;
     m_sTrouble.clear();
     Messages aMessages;
-    m_bSunSpotNumber = RunValuesTake(m_settings, aMessages);
+    m_bSunSpotNumber = RunValuesTake(m_settings, aMessages, &m_ssn);
     MsgShow(aMessages);
     m_sAirMail = AirMailNumber(m_settings);
     if (!m_bSunSpotNumber)
@@ -100,13 +114,16 @@ bool TableRun::TableMake()
 {
     PropagationTable table(m_settings.m_nData);
     std::vector<Failure> aFailures;
-    const bool bOk = PropagationRun(RequestFromSettings(m_settings), table, aFailures);
+    const bool bOk = PropagationRun(RequestMake(), table, aFailures);
     for (const Failure& failure : aFailures) MsgBox(failure.eIcon, failure.sText);
     const auto failureLast =
         aFailures.empty() ? std::nullopt : std::optional<Failure>(aFailures.back());
     if (!bOk)
         return TroubleSet(RunTrouble::Engine, failureLast);
     m_sTrouble = StatusAbsent(table, failureLast);
+    if (m_sTrouble.empty())
+        m_sTrouble = m_ssn.sWarning;
+    m_sSunSpotDetail = m_ssn.sDetail;
     m_table = std::move(table);
     m_bOld = false;
     return true;

@@ -11,6 +11,7 @@
 
 #include "propagation/PropagationTable.h"
 #include "settings/Settings.h"
+#include "settings/SunSpotLib.h"
 #include "ui/main/StatusText.h"
 
 class GridControl;
@@ -32,10 +33,14 @@ public:
     /// What went wrong at the last run, in one line; empty when all of it succeeded.
     [[nodiscard]] const std::string& TroubleGet() const { return m_sTrouble; }
     [[nodiscard]] std::string InForceGet() const;
+    /// Scale, date and age of the table's sunspot number, or Airmail's place of it; empty where it
+    /// was typed.
+    [[nodiscard]] std::string SunSpotDetailGet() const;
     /// The row with the highest SNR of an hour, the first of equal ones; -1 where none has a value.
     [[nodiscard]] int BestRowGet(int iHour) const;
 
 private:
+    [[nodiscard]] Request RequestMake() const;
     bool ListTake();
     bool TableMake();
     bool TroubleSet(RunTrouble eTrouble, const std::optional<Failure>& failure = {});
@@ -45,6 +50,8 @@ private:
     PropagationTable m_table;
     std::string m_sTrouble;
     bool m_bSunSpotNumber = true;  ///< the last run had a sunspot number
+    SunSpotRun m_ssn;              ///< of the last run
+    std::string m_sSunSpotDetail;  ///< of the table
     std::string m_sAirMail;        ///< Airmail's number at the last run, where it was not asked
     bool m_bOld = false;
 };

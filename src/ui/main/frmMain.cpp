@@ -209,7 +209,7 @@ void frmMain::FailureShow()
 void frmMain::StatusShow()
 {
     BestShow();
-    m_pStatus->Show(m_run->InForceGet());
+    m_pStatus->Show(m_run->InForceGet(), m_run->SunSpotDetailGet());
     const bool bOld = m_run->OldIs() || m_pEntry->WaitingIs();
     grdData->StaleSet(bOld);
     lblOld->setVisible(bOld && m_run->TableIs());

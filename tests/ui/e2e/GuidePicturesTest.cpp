@@ -39,7 +39,8 @@ public:
         m_dtLocal.nHour -= 7;
         m_folder.Write("hopcast.ini",
                        "[AirMail Data]\nDirectory Data=C:\\ProgramData\\AirMail\n"
-                       "[Propagation Model]\nSunSpot Option=False\nSunSpot Number=100\n");
+                       "[Propagation Model]\nSunSpot Option=False\nSunSpot Number=100\n"
+                       "Forecast Option=True\n[Station Data]\nPower=100\n");
         AirmailFile("Airmail.ini",
                     "[Position Report]\r\nCurrent Latitude=24°18.50'N\r\n"
                     "Current Longitude=110°24.20'W\r\nCurrent Time=2026-11-21 11:02\r\n"

@@ -6,6 +6,7 @@
 #include <QTabWidget>
 #include <QTest>
 
+#include "settings/ProfileLib.h"
 #include "ui/details/frmDetails.h"
 #include "ui/map/frmMap.h"
 #include "ui/options/frmAbout.h"
@@ -61,6 +62,37 @@ TEST(FrmMainStart, WithoutProfileAndAirmailTheDefaultsAreInForceAndOneBoxTellsWh
                              "choice · hopcast.ini"));
     EXPECT_EQ(frm.grdData->TextGet(15, 0), QStringLiteral("30000")) << "no table: the list's rows";
     EXPECT_FALSE(frm.lblOld->isVisible());
+}
+
+/// What the first table and status line of a machine without Airmail are made with.
+void HonestTableExpect(const MainRig& rig, const frmMain& frm)
+{
+    EXPECT_EQ(frm.lblInForce->toolTip(),
+              QStringLiteral("REC533 · November · SSN 62 (mean cycle) · 100 W · hopcast.ini\n"
+                             "mean cycle by Hathaway, Wilson and Reichmann 1994, for 2026-11"));
+    EXPECT_NE(rig.m_engine.asDeck.back().find("62"), std::string::npos);
+    EXPECT_EQ(frm.TableGet().request.fSunSpotNumber, 62.0F);
+    EXPECT_EQ(frm.TableGet().request.fPower, 100.0F);
+    // The engine's 50 dB are those of the deck's 5 kW.
+    EXPECT_EQ(frm.grdData->TextGet(3, 1), QStringLiteral("33"));
+}
+
+TEST(FrmMainStart, TheFirstTableHasTheMeanCycleAndAHundredWattsAndKeepsThemAfterDefault)
+{
+    MainRig rig(kEngineRec533);
+    rig.m_engine.fnSnr = [](int, int) { return 50.0; };
+    std::remove(rig.m_sProfileFile.c_str());
+    frmMain& frm = rig.Make();
+    ProfileShippedSet(frm.m_settings);
+    rig.Start();
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+    HonestTableExpect(rig, frm);
+    const int nBefore = rig.m_engine.nStarts;
+    frm.mnuFileDefault->trigger();
+    MainRig::EventsRun();
+    EXPECT_EQ(rig.m_engine.nStarts, nBefore + 2);
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+    HonestTableExpect(rig, frm);
 }
 
 TEST(FrmMainStart, TheClockShowsTheTimeBeforeTheFirstRunIsOver)

@@ -28,7 +28,7 @@ TEST(FrmMainStatus, WhatIsInForceStaysReadableBesideALongTrouble)
 {
     MainRig rig;
     frmMain& frm = rig.Start();
-    frm.resize(1024, 600);
+    frm.resize(900, 600);
     MainRig::EventsRun();
     rig.m_engine.bFail = true;
     EXPECT_FALSE(frm.Update());
@@ -37,7 +37,7 @@ TEST(FrmMainStatus, WhatIsInForceStaysReadableBesideALongTrouble)
     const auto* pTrouble = qobject_cast<ElidedLabel*>(frm.lblTrouble);
     ASSERT_TRUE(pInForce != nullptr && pTrouble != nullptr);
     EXPECT_EQ(pInForce->TextShown(), frm.lblInForce->text());
-    EXPECT_TRUE(pInForce->TextShown().startsWith(QStringLiteral("VOACAP · November · sunspot")));
+    EXPECT_TRUE(pInForce->TextShown().startsWith(QStringLiteral("VOACAP · November · SSN")));
     EXPECT_TRUE(pTrouble->TextShown().startsWith(QStringLiteral("VOACAP gave no usable")))
         << pTrouble->TextShown().toStdString();
     EXPECT_TRUE(pTrouble->TextShown().endsWith(QChar(0x2026)));
@@ -49,6 +49,7 @@ TEST(FrmMainStatus, WhatIsInForceIsShownWholeInItsLongOrShortForm)
 {
     MainRig rig(kEngineRec533);
     rig.AirmailWrite("Airmail.ini", "[Propagation]\nSSN=98\n");
+    rig.m_sProfileFile = rig.m_folder.Write("marquesas_2027.ini", BytesRead(rig.m_sProfileFile));
     frmMain& frm = rig.Start();
     const auto* pInForce = qobject_cast<ElidedLabel*>(frm.lblInForce);
     for (const int nWidth : {640, 1024, 2000}) {
@@ -56,9 +57,10 @@ TEST(FrmMainStatus, WhatIsInForceIsShownWholeInItsLongOrShortForm)
         MainRig::EventsRun();
         const QString sShown = pInForce->TextShown();
         EXPECT_TRUE(sShown.startsWith(QStringLiteral("REC533"))) << nWidth;
-        EXPECT_TRUE(sShown.endsWith(QStringLiteral("5 kW, as the antenna choice · hopcast.ini")))
+        EXPECT_TRUE(
+            sShown.endsWith(QStringLiteral("5 kW, as the antenna choice · marquesas_2027.ini")))
             << sShown.toStdString();
-        EXPECT_EQ(sShown.contains(QStringLiteral("(Airmail has 98)")), nWidth > 640) << nWidth;
+        EXPECT_EQ(sShown.contains(QStringLiteral("Airmail has 98")), nWidth > 640) << nWidth;
         EXPECT_EQ(frm.lblBest->isVisible(), nWidth > 640) << nWidth;
     }
 }
@@ -68,9 +70,8 @@ TEST(FrmMainStatus, TheShortFormKeepsThatTheEngineIsBuiltIn)
     QStatusBar bar;
     StatusLine line(bar, nullptr);
     line.TroubleSet("Trouble");
-    line.Show("REC533 (built-in, CCIR maps) · May · sunspot number 1 (options) · 5 kW");
-    EXPECT_EQ(line.lblInForce->text(),
-              QStringLiteral("REC533 built-in · May · sunspot number 1 · 5 kW"));
+    line.Show("REC533 (built-in, CCIR maps) · May · SSN 1 (typed) · 5 kW");
+    EXPECT_EQ(line.lblInForce->text(), QStringLiteral("REC533 built-in · May · SSN 1 · 5 kW"));
 }
 
 TEST(FrmMainStatus, NamesTheBestFrequencyOfThisHourWhichCtrlHomeSelects)
@@ -109,7 +110,7 @@ TEST(FrmMainStatus, NamesAirmailsNumberWhileTheTypedOneIsInForce)
     rig.AirmailWrite("Airmail.ini", "[Propagation]\nSSN=98\n");
     const frmMain& frm = rig.Start();
     EXPECT_TRUE(
-        frm.lblInForce->toolTip().contains(QStringLiteral("sunspot number 100 (Airmail has 98)")))
+        frm.lblInForce->toolTip().contains(QStringLiteral("SSN 100 (typed; Airmail has 98)")))
         << frm.lblInForce->toolTip().toStdString();
 }
 

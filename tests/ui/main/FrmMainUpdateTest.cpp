@@ -256,10 +256,9 @@ TEST(FrmMainUpdate, TheStatusLineSpeaksOfTheTableThatIsShown)
     frmMain& frm = rig.Start();
     ListAndEngineChange(rig, frm);
     EXPECT_FALSE(frm.Update());
-    EXPECT_EQ(
-        frm.lblInForce->toolTip(),
-        QStringLiteral("VOACAP · November · sunspot number 100 (options) · 100 W, as the antenna "
-                       "choice · hopcast.ini"));
+    EXPECT_EQ(frm.lblInForce->toolTip(),
+              QStringLiteral("VOACAP · November · SSN 100 (typed) · 100 W, as the antenna "
+                             "choice · hopcast.ini"));
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("ICEPAC is not installed: Options, Model, choose another engine "
                              "(Propagation Model ICEPAC not found.)"));
@@ -267,7 +266,7 @@ TEST(FrmMainUpdate, TheStatusLineSpeaksOfTheTableThatIsShown)
     rig.m_engine.nChunks = 1;
     EXPECT_TRUE(frm.Update());
     EXPECT_EQ(frm.lblInForce->toolTip(),
-              QStringLiteral("REC533 · March · sunspot number 12 (options) · 5 kW, as the antenna "
+              QStringLiteral("REC533 · March · SSN 12 (typed) · 5 kW, as the antenna "
                              "choice · hopcast.ini"));
     EXPECT_EQ(frm.grdData->RowsGet(), 4);
     EXPECT_EQ(frm.grdData->TextGet(1, 0), QStringLiteral("18100"));
@@ -385,7 +384,7 @@ TEST(FrmMainUpdate, SunspotNumberComesFromAirmailWhenAskedFor)
     EXPECT_TRUE(frm.Update());
     EXPECT_EQ(frm.m_settings.m_fPropagationSunSpotNumber, 66.5F);
     EXPECT_EQ(frm.lblInForce->text(),
-              QStringLiteral("VOACAP · November · sunspot number 66.5 (Airmail) · 100 W, as the "
+              QStringLiteral("VOACAP · November · SSN 66.5 (Airmail) · 100 W, as the "
                              "antenna choice · hopcast.ini"));
 }
 
@@ -406,15 +405,13 @@ TEST(FrmMainUpdate, MissingSunspotNumberRefusesThePrediction)
               0u);
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("No sunspot number from Airmail: Options, Model, clear Auto"));
-    EXPECT_EQ(
-        frm.lblInForce->toolTip(),
-        QStringLiteral("VOACAP · November · sunspot number 100 (options) · 100 W, as the antenna "
-                       "choice · hopcast.ini"))
+    EXPECT_EQ(frm.lblInForce->toolTip(),
+              QStringLiteral("VOACAP · November · SSN 100 (typed) · 100 W, as the antenna "
+                             "choice · hopcast.ini"))
         << "the one of the table that is shown";
-    EXPECT_EQ(
-        frm.lblInForce->text(),
-        QStringLiteral("VOACAP · November · sunspot number 100 · 100 W, as the antenna choice · "
-                       "hopcast.ini"));
+    EXPECT_EQ(frm.lblInForce->text(),
+              QStringLiteral("VOACAP · November · SSN 100 · 100 W, as the antenna choice · "
+                             "hopcast.ini"));
     frm.resize(1200, 600);
     MainRig::EventsRun();
     for (const QLabel* pLabel : {frm.lblTrouble, frm.lblInForce})  // nothing cut

@@ -19,12 +19,13 @@ Request InputMake(int iModel, int nMonth)
 TEST(StatusInForce, TellsEngineMonthAndSunspotNumber)
 {
     EXPECT_EQ(StatusInForce(InputMake(kEngineRec533, 11), {true}),
-              "REC533 (built-in, P.533 with long-path rule, mean maps) · November · sunspot number "
-              "100 (options)");
+              "REC533 (built-in, P.533 with long-path rule, mean maps) · November · SSN 100 "
+              "(typed) · 1 kW, as the antenna choice");
     Request input = InputMake(kEngineVoacap, 1);
     input.eSunSpotSource = SunSpotSource::AirMail;
     input.fSunSpotNumber = 66.5F;
-    EXPECT_EQ(StatusInForce(input, {false}), "VOACAP · January · sunspot number 66.5 (Airmail)");
+    EXPECT_EQ(StatusInForce(input, {false}),
+              "VOACAP · January · SSN 66.5 (Airmail) · 1 kW, as the antenna choice");
 }
 
 TEST(StatusInForce, NamesTheMapsOfTheBuiltInEngine)
@@ -32,9 +33,10 @@ TEST(StatusInForce, NamesTheMapsOfTheBuiltInEngine)
     Request input = InputMake(kEngineRec533, 11);
     input.sIonCoefficients = "CCIR";
     EXPECT_EQ(StatusInForce(input, {true}),
-              "REC533 (built-in, P.533 with long-path rule, CCIR maps) · November · sunspot number "
-              "100 (options)");
-    EXPECT_EQ(StatusInForce(input, {false}), "REC533 · November · sunspot number 100 (options)");
+              "REC533 (built-in, P.533 with long-path rule, CCIR maps) · November · SSN 100 "
+              "(typed) · 1 kW, as the antenna choice");
+    EXPECT_EQ(StatusInForce(input, {false}),
+              "REC533 · November · SSN 100 (typed) · 1 kW, as the antenna choice");
 }
 
 TEST(StatusInForce, NamesNoNumberThatAirmailDidNotGive)
@@ -42,13 +44,13 @@ TEST(StatusInForce, NamesNoNumberThatAirmailDidNotGive)
     Request input = InputMake(kEngineVoacap, 1);
     input.eSunSpotSource = SunSpotSource::AirMail;
     EXPECT_EQ(StatusInForce(input, {false, false}),
-              "VOACAP · January · no sunspot number (Airmail)");
+              "VOACAP · January · no sunspot number (Airmail) · 1 kW, as the antenna choice");
 }
 
 TEST(StatusInForce, NamesNumbersThatAreNoEngineOrMonth)
 {
     EXPECT_EQ(StatusInForce(InputMake(9, 13), {}),
-              "no engine · month 13 · sunspot number 100 (options)");
+              "no engine · month 13 · SSN 100 (typed) · 1 kW, as the antenna choice");
 }
 
 TEST(StatusInForce, NamesThePowerOfTheAntennaChoice)
@@ -56,10 +58,36 @@ TEST(StatusInForce, NamesThePowerOfTheAntennaChoice)
     Request input = InputMake(kEngineRec533, 11);
     input.iAntennaType = 1;
     EXPECT_EQ(StatusInForce(input, {}),
-              "REC533 · November · sunspot number 100 (options) · 5 kW, as the antenna choice");
+              "REC533 · November · SSN 100 (typed) · 5 kW, as the antenna choice");
     input.iModel = kEngineVoacap;
     EXPECT_EQ(StatusInForce(input, {}),
-              "VOACAP · November · sunspot number 100 (options) · 100 W, as the antenna choice");
+              "VOACAP · November · SSN 100 (typed) · 100 W, as the antenna choice");
+}
+
+TEST(StatusInForce, NamesTheOwnPowerAlone)
+{
+    Request input = InputMake(kEngineRec533, 11);
+    input.iAntennaType = 1;
+    for (const auto& [fPower, sPower] :
+         {std::pair{100.0F, "100 W"}, std::pair{1500.0F, "1.5 kW"}, std::pair{0.1F, "0.1 W"}}) {
+        input.fPower = fPower;
+        EXPECT_EQ(StatusInForce(input, {}),
+                  std::string("REC533 · November · SSN 100 (typed) · ") + sPower);
+    }
+}
+
+TEST(StatusInForce, NamesTheForecastThatTheNumberIsFrom)
+{
+    Request input = InputMake(kEngineRec533, 11);
+    input.fSunSpotNumber = 62.0F;
+    input.fPower = 100.0F;
+    input.eSunSpotSource = SunSpotSource::MeanCycle;
+    EXPECT_EQ(StatusInForce(input, {}), "REC533 · November · SSN 62 (mean cycle) · 100 W");
+    input.eSunSpotSource = SunSpotSource::Noaa;
+    StatusFacts facts;
+    facts.sAirMail = "98";
+    EXPECT_EQ(StatusInForce(input, facts),
+              "REC533 · November · SSN 62 (NOAA forecast; Airmail has 98) · 100 W");
 }
 
 TEST(StatusInForce, NamesAirmailsNumberWhereTheTypedOneIsInForceAndAnotherProfile)
@@ -69,10 +97,12 @@ TEST(StatusInForce, NamesAirmailsNumberWhereTheTypedOneIsInForceAndAnotherProfil
     facts.sAirMail = "98";
     facts.sProfile = "sail.ini";
     EXPECT_EQ(StatusInForce(input, facts),
-              "REC533 · November · sunspot number 100 (Airmail has 98) · sail.ini");
+              "REC533 · November · SSN 100 (typed; Airmail has 98) · 1 kW, as the antenna "
+              "choice · sail.ini");
     input.eSunSpotSource = SunSpotSource::AirMail;
     EXPECT_EQ(StatusInForce(input, facts),
-              "REC533 · November · sunspot number 100 (Airmail) · sail.ini");
+              "REC533 · November · SSN 100 (Airmail) · 1 kW, as the antenna choice · "
+              "sail.ini");
 }
 
 TEST(StatusBest, NamesFrequencyAndSnr)
