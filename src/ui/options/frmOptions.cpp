@@ -3,15 +3,19 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QTextBlock>
+#include <array>
 
+#include "propagation/PowerTable.h"
 #include "propagation/QIndexLib.h"
 #include "propagation/itshfbc/EngineProgram.h"
+#include "settings/SunSpotLib.h"
 #include "system/ClockLib.h"
 #include "system/NumberLib.h"
 #include "ui/common/ScrollPage.h"
 #include "ui/options/AntennaTip.h"
 #include "ui/options/AppIcon.h"
 #include "ui/options/FrequencyText.h"
+#include "ui/options/frmForecast.h"
 
 namespace {
 
@@ -25,13 +29,35 @@ QString TimeText(const DateTime& dt)
     return Part(dt.nHour) + u':' + Part(dt.nMinute) + u':' + Part(dt.nSecond);
 }
 
+/// "With REC533: station with gain to boat with whip, 100 W; whip to whip, 5 kW; ...", in the order
+/// of the list.
+std::string AntennaText(int iModel)
+{
+    // REC533's table is one behind that of ICEPAC and VOACAP.
+    constexpr std::array<const char*, 4> kMeaning{"antennas with gain at both ends",
+                                                  "station with gain, boat with whip",
+                                                  "whip to whip", "plain antennas"};
+    const EngineProgram* pEngine = EngineFind(iModel);
+    if (pEngine == nullptr)
+        return "Choose an engine to see what they mean";
+    std::string sText;
+    for (int iType = 0; iType < static_cast<int>(kMeaning.size()) - 1; ++iType) {
+        const int iMeaning = iModel == kEngineRec533 ? iType + 1 : iType;
+        sText += (sText.empty() ? "" : "; ")
+                 + std::string(kMeaning.at(static_cast<std::size_t>(iMeaning))) + ", "
+                 + PowerText(CardPowerGet(iModel, iType, DeckKind::PointToPoint));
+    }
+    return "With " + std::string(pEngine->sName) + ": " + sText;
+}
+
 }  // namespace
 
 frmOptions::frmOptions(MainWindowHost& host, QWidget* pParent)
-    : QDialog(pParent), tmrTime(new QTimer(this)), m_host(host)
+    : QDialog(pParent), tmrTime(new QTimer(this)), pagStation(new StationPage(this)), m_host(host)
 {
     Ui::frmOptions::setupUi(this);
     Ui::OptionsModel::setupUi(pagModel);
+    SSTab->addTab(pagStation, tr("S&tation"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowIcon(AppIconGet());
     PagesScroll();
@@ -72,18 +98,39 @@ void frmOptions::TabOrderSet()
 {
     // The model page is a form of its own, so its controls stand behind the buttons until here.
     QWidget* pBefore = SSTab;
-    for (QWidget* pNext : std::initializer_list<QWidget*>{
-             optPropagationModel1, optPropagationModel2, optPropagationModel3,
-             cmbPropagationAntennaType, cmbPropagationMonth, chkPropagationMonth,
-             txtPropagationNoiseLevel, txtPropagationSunSpotNumber, chkPropagationSunSpotNumber,
-             txtPropagationTakeoffAngle, txtPropagationReliability, txtPropagationMultipathPower,
-             txtPropagationMultipathDelay, txtPropagationQIndex, txtPropagationLayerE,
-             txtPropagationLayerF1, txtPropagationLayerF2, txtPropagationLayerEs,
-             cmbPropagationIonCoefficients}) {
+    for (QWidget* pNext : std::initializer_list<QWidget*>{optPropagationModel1,
+                                                          optPropagationModel2,
+                                                          optPropagationModel3,
+                                                          cmbPropagationAntennaType,
+                                                          cmbPropagationMonth,
+                                                          chkPropagationMonth,
+                                                          txtPropagationNoiseLevel,
+                                                          txtPropagationSunSpotNumber,
+                                                          chkPropagationSunSpotNumber,
+                                                          chkPropagationForecast,
+                                                          cmdForecast,
+                                                          txtPropagationTakeoffAngle,
+                                                          txtPropagationReliability,
+                                                          txtPropagationMultipathPower,
+                                                          txtPropagationMultipathDelay,
+                                                          txtPropagationQIndex,
+                                                          txtPropagationLayerE,
+                                                          txtPropagationLayerF1,
+                                                          txtPropagationLayerF2,
+                                                          txtPropagationLayerEs,
+                                                          cmbPropagationIonCoefficients}) {
         setTabOrder(pBefore, pNext);
         pBefore = pNext;
     }
     setTabOrder(pBefore, chkPropagationMaps);
+    pBefore = cmbMapWorldBegins;
+    for (QWidget* pNext : std::initializer_list<QWidget*>{
+             pagStation->txtStationPower, pagStation->lstNeeds, pagStation->txtNeedName,
+             pagStation->txtNeedSnr, pagStation->txtNeedSource, pagStation->cmdNeedAdd,
+             pagStation->cmdNeedChange, pagStation->cmdNeedRemove, pagStation->cmdNeedRestore}) {
+        setTabOrder(pBefore, pNext);
+        pBefore = pNext;
+    }
 }
 
 void frmOptions::SignalsConnect()
@@ -96,8 +143,9 @@ void frmOptions::SignalsConnect()
     connect(m_pModelGroup, &QButtonGroup::idToggled, this, &frmOptions::optPropagationModelClick);
     connect(chkPropagationMaps, &QCheckBox::toggled, this, &frmOptions::chkPropagationMapsClick);
     connect(chkPropagationMonth, &QCheckBox::toggled, this, &frmOptions::chkPropagationMonthClick);
-    connect(chkPropagationSunSpotNumber, &QCheckBox::toggled, this,
-            &frmOptions::chkPropagationSunSpotNumberClick);
+    SunSpotConnect();
+    connect(cmbPropagationAntennaType, &QComboBox::currentIndexChanged, this,
+            &frmOptions::AntennaTell);
     connect(txtPropagationQIndex, &QLineEdit::textChanged, this,
             &frmOptions::txtPropagationQIndexChange);
     connect(txtFrequency, &QPlainTextEdit::textChanged, this,
@@ -105,6 +153,26 @@ void frmOptions::SignalsConnect()
     connect(lstHamVoiceBands, &QListWidget::itemDoubleClicked, this, &frmOptions::BandAppend);
     connect(tmrTime, &QTimer::timeout, this, &frmOptions::tmrTimeTick);
     lstHamVoiceBands->installEventFilter(this);
+}
+
+/// The sources of the sunspot number: ticking one unticks the other.
+void frmOptions::SunSpotConnect()
+{
+    for (QCheckBox* pBox : {chkPropagationSunSpotNumber, chkPropagationForecast})
+        connect(pBox, &QCheckBox::toggled, this, &frmOptions::SunSpotSourcesEnable);
+    // Clicked, not toggled: settings that have both are shown as they are.
+    connect(chkPropagationSunSpotNumber, &QCheckBox::clicked, chkPropagationForecast,
+            [this](bool bOn) {
+                chkPropagationForecast->setChecked(!bOn && chkPropagationForecast->isChecked());
+            });
+    connect(
+        chkPropagationForecast, &QCheckBox::clicked, chkPropagationSunSpotNumber, [this](bool bOn) {
+            chkPropagationSunSpotNumber->setChecked(!bOn
+                                                    && chkPropagationSunSpotNumber->isChecked());
+        });
+    connect(cmbPropagationMonth, &QComboBox::currentIndexChanged, this,
+            &frmOptions::ForecastNumberShow);
+    connect(cmdForecast, &QPushButton::clicked, this, &frmOptions::cmdForecastClick);
 }
 
 void frmOptions::TabShow(int iTab)
@@ -173,11 +241,51 @@ void frmOptions::chkPropagationMonthClick()
 {
     cmbPropagationMonth->setEnabled(!chkPropagationMonth->isChecked());
     lblPropagationMonth->setEnabled(cmbPropagationMonth->isEnabled());
+    ForecastNumberShow();
 }
 
-void frmOptions::chkPropagationSunSpotNumberClick()
+void frmOptions::SunSpotSourcesEnable()
 {
-    NumberBoxEnable(txtPropagationSunSpotNumber, !chkPropagationSunSpotNumber->isChecked());
+    NumberBoxEnable(txtPropagationSunSpotNumber, !chkPropagationSunSpotNumber->isChecked()
+                                                     && !chkPropagationForecast->isChecked());
+    ForecastNumberShow();
+}
+
+/// While the forecast is on, the grey box has the number that the chosen month would get.
+void frmOptions::ForecastNumberShow()
+{
+    const QString sGuidance = txtPropagationSunSpotNumber->accessibleName();
+    txtPropagationSunSpotNumber->setToolTip(sGuidance);
+    if (!chkPropagationForecast->isChecked() || chkPropagationSunSpotNumber->isChecked())
+        return;
+    Settings settings = m_host.SettingsGet();
+    settings.m_bPropagationSunSpotNumber = false;
+    settings.m_bPropagationForecast = true;
+    settings.m_bPropagationMonth = chkPropagationMonth->isChecked();
+    settings.m_iPropagationMonth = cmbPropagationMonth->currentIndex() + 1;
+    SunSpotRun ssn;
+    if (const auto res = SunSpotRunGet(settings, {}, ssn, nullptr); !res || !res.ValueGet())
+        return;
+    txtPropagationSunSpotNumber->setText(QString::fromStdString(NumberToText(ssn.fNumber)));
+    const std::string sWarning = ssn.sWarning.empty() ? "" : "\n" + ssn.sWarning;
+    txtPropagationSunSpotNumber->setToolTip(
+        sGuidance + QString::fromStdString("\n" + ssn.sDetail + sWarning));
+}
+
+void frmOptions::cmdForecastClick()
+{
+    auto* pDialog = new frmForecast(m_host.SettingsGet().m_sProfileFile, this);
+    connect(pDialog, &QDialog::accepted, this, &frmOptions::ForecastNumberShow);
+    pDialog->open();
+}
+
+/// What the choice of antennas means depends on the engine.
+void frmOptions::AntennaTell()
+{
+    const int iModel = m_pModelGroup->checkedId();
+    cmbPropagationAntennaType->setToolTip(QString::fromStdString(
+        "Antennas at both ends and the transmitter's power\n" + AntennaText(iModel)));
+    pagStation->PowerTell(iModel, cmbPropagationAntennaType->currentIndex());
 }
 
 void frmOptions::optPropagationModelClick()
@@ -192,6 +300,7 @@ void frmOptions::optPropagationModelClick()
     lblPropagationKIndex->setEnabled(bComplex);
     lblPropagationKIndexCaption->setEnabled(bComplex);
     chkPropagationMapsClick();
+    AntennaTell();
 }
 
 void frmOptions::NumberBoxEnable(QLineEdit* pBox, bool bEnabled)
@@ -245,6 +354,7 @@ bool frmOptions::SettingsApply()
         return NumberRefused(refused.pBox, refused.sWhy);
     const bool bTaken = FrequencyCopy();
     m_controls.Copy(typed, m_host.SettingsGet());
+    pagStation->Copy(m_host.SettingsGet());
     // The main window has this dialog filled anew; lines that were refused stay, to be mended.
     m_bFrequencyKeep = !bTaken;
     return HostUpdate();

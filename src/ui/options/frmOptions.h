@@ -1,5 +1,5 @@
 /// @file frmOptions.h
-/// The options dialog: every setting on five tabs. It shows the settings when it is made and
+/// The options dialog: every setting on its tabs. It shows the settings when it is made and
 /// whenever the main window says that they changed, and copies its controls back on Apply and OK.
 /// Not modal; a closed one is destroyed.
 ///
@@ -17,11 +17,12 @@
 #include "ui/common/MainWindowHost.h"
 #include "ui/options/FrequencyText.h"
 #include "ui/options/SettingControls.h"
+#include "ui/options/StationPage.h"
 #include "ui_OptionsModel.h"
 #include "ui_frmOptions.h"
 
 /// The tabs, as TabShow counts them.
-enum OptionsTab { kTabAirmail, kTabModel, kTabFrequency, kTabTime, kTabMap };
+enum OptionsTab { kTabAirmail, kTabModel, kTabFrequency, kTabTime, kTabMap, kTabStation };
 
 class frmOptions final : public QDialog, public Ui::frmOptions, public Ui::OptionsModel {
     Q_OBJECT
@@ -36,6 +37,7 @@ public:
     void TabShow(int iTab);
 
     QTimer* tmrTime;  ///< the clocks' tick  NOLINT(readability-identifier-naming)
+    StationPage* pagStation;
 
     void reject() override;  ///< Cancel, Escape and the close box
 protected:
@@ -43,6 +45,7 @@ protected:
 
 private:
     void SignalsConnect();
+    void SunSpotConnect();
     void TabOrderSet();
     void PagesScroll();
     void SizeSet();
@@ -60,7 +63,10 @@ private:
     void cmdOkClick();
     void chkPropagationMapsClick();
     void chkPropagationMonthClick();
-    void chkPropagationSunSpotNumberClick();
+    void SunSpotSourcesEnable();
+    void ForecastNumberShow();
+    void cmdForecastClick();
+    void AntennaTell();
     void BandAppend();
     void optPropagationModelClick();
     void tmrTimeTick();

@@ -27,9 +27,10 @@ void frmOptions::Update()
     AirMailLoad();
     FrequencyLoad();
     m_controls.Load(m_host.SettingsGet());
+    pagStation->Load(m_host.SettingsGet());
     EnginesTell();
     chkPropagationMonthClick();
-    chkPropagationSunSpotNumberClick();
+    SunSpotSourcesEnable();
     optPropagationModelClick();
     // An error that lasts is told once, not at every prediction.
     if (!m_sAirMailError.empty() && m_sAirMailError != sBefore)

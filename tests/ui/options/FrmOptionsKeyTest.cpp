@@ -91,9 +91,9 @@ TEST_F(FrmOptions, WithoutAChosenEngineTheFirstOneHasTheFocus)
 TEST_F(FrmOptions, CaptionsAreThoseThatUsersKnow)
 {
     const frmOptions& frm = Open();
-    const char* asTabs[] = {"Airmail", "Model", "Frequency", "Time", "Map"};
-    ASSERT_EQ(frm.SSTab->count(), 5);
-    for (int i = 0; i < 5; ++i) EXPECT_EQ(frm.SSTab->tabText(i), Q(asTabs[i]));
+    const char* asTabs[] = {"Airmail", "Model", "Frequency", "Time", "Map", "S&tation"};
+    ASSERT_EQ(frm.SSTab->count(), 6);
+    for (int i = 0; i < 6; ++i) EXPECT_EQ(frm.SSTab->tabText(i), Q(asTabs[i]));
     EXPECT_EQ(Caption(frm.optPropagationModel1->text()), Q("ICEPAC"));
     EXPECT_EQ(Caption(frm.optPropagationModel2->text()), Q("VOACAP"));
     EXPECT_EQ(Caption(frm.optPropagationModel3->text()), Q("REC553"));
@@ -249,12 +249,13 @@ TEST_F(FrmOptions, TabShowBringsEachTabToTheFront)
 {
     frmOptions& frm = Open();
     const QWidget* apFirst[] = {frm.txtAirMailDirectory, frm.cmbPropagationAntennaType,
-                                frm.txtFrequency, frm.optTimeCode0, frm.txtMapOverlayMinSnr};
-    for (int i = 4; i >= 0; --i) {
+                                frm.txtFrequency,        frm.optTimeCode0,
+                                frm.txtMapOverlayMinSnr, frm.pagStation->txtStationPower};
+    for (int i = 5; i >= 0; --i) {
         frm.TabShow(i);
-        for (int j = 0; j < 5; ++j) EXPECT_EQ(apFirst[j]->isVisible(), i == j);
+        for (int j = 0; j < 6; ++j) EXPECT_EQ(apFirst[j]->isVisible(), i == j);
     }
-    frm.TabShow(5);
+    frm.TabShow(6);
     frm.TabShow(-1);
     EXPECT_EQ(frm.SSTab->currentIndex(), 0);
 }
@@ -338,13 +339,17 @@ TEST_F(FrmOptions, TabGoesThroughEachTabAsItIsRead)
         Q("txtAirMailDirectory"),
         Q("optPropagationModel1 cmbPropagationAntennaType cmbPropagationMonth chkPropagationMonth "
           "txtPropagationNoiseLevel txtPropagationSunSpotNumber chkPropagationSunSpotNumber "
-          "txtPropagationTakeoffAngle txtPropagationReliability txtPropagationMultipathPower "
+          "chkPropagationForecast cmdForecast txtPropagationTakeoffAngle txtPropagationReliability "
+          "txtPropagationMultipathPower "
           "txtPropagationMultipathDelay txtPropagationQIndex txtPropagationLayerE "
           "txtPropagationLayerF1 txtPropagationLayerF2 txtPropagationLayerEs "
           "cmbPropagationIonCoefficients chkPropagationMaps"),
-        Q("txtFrequency lstHamVoiceBands"), Q("optTimeCode0"),
-        Q("txtMapOverlayMinSnr txtMapOverlayGridSize cmbMapWorldBegins")};
-    for (int i = 0; i < 5; ++i) {
+        Q("txtFrequency lstHamVoiceBands"),
+        Q("optTimeCode0"),
+        Q("txtMapOverlayMinSnr txtMapOverlayGridSize cmbMapWorldBegins"),
+        Q("txtStationPower lstNeeds txtNeedName txtNeedSnr txtNeedSource cmdNeedAdd "
+          "cmdNeedChange cmdNeedRemove cmdNeedRestore")};
+    for (int i = 0; i < 6; ++i) {
         frm.TabShow(i);
         EXPECT_EQ(TabWalk(frm).join(u' '), asExpected[i] + kButtons);
     }
@@ -354,9 +359,9 @@ TEST_F(FrmOptions, ControlTabTurnsThePages)
 {
     const frmOptions& frm = Open();
     frm.txtAirMailDirectory->setFocus();
-    for (int i = 1; i <= 5; ++i) {
+    for (int i = 1; i <= 6; ++i) {
         QTest::keyClick(frm.focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
-        EXPECT_EQ(frm.SSTab->currentIndex(), i % 5);
+        EXPECT_EQ(frm.SSTab->currentIndex(), i % 6);
     }
 }
 
@@ -375,7 +380,9 @@ TEST_F(FrmOptions, MnemonicsReachTheirControls)
                            Row{kTabFrequency, Qt::Key_F, frm.txtFrequency},
                            Row{kTabFrequency, Qt::Key_H, frm.lstHamVoiceBands},
                            Row{kTabMap, Qt::Key_G, frm.txtMapOverlayGridSize},
-                           Row{kTabMap, Qt::Key_B, frm.cmbMapWorldBegins}}) {
+                           Row{kTabMap, Qt::Key_B, frm.cmbMapWorldBegins},
+                           Row{kTabStation, Qt::Key_P, frm.pagStation->txtStationPower},
+                           Row{kTabStation, Qt::Key_F, frm.pagStation->lstNeeds}}) {
         frm.TabShow(row.iTab);
         QTest::keyClick(&frm, row.eKey, Qt::AltModifier);
         EXPECT_TRUE(row.pWidget->hasFocus()) << row.pWidget->objectName().toStdString();
@@ -392,9 +399,9 @@ TEST_F(FrmOptions, MnemonicsReachTheirControls)
 TEST_F(FrmOptions, NoLetterIsTwoMnemonicsOfOneTab)
 {
     frmOptions& frm = Open();
-    for (int iTab = 0; iTab < 5; ++iTab) {
+    for (int iTab = 0; iTab < 6; ++iTab) {
         frm.TabShow(iTab);
-        QSet<QString> aTaken;
+        QSet<QString> aTaken{Q("Alt+T")};  // the tab Station
         for (const QWidget* pWidget : frm.findChildren<QWidget*>()) {
             if (!pWidget->isVisible())
                 continue;

@@ -81,6 +81,7 @@ inline constexpr NumberBoxCase kNumberBoxes[] = {
     {"txtPropagationLayerF2",        &Settings::m_fPropagationLayerAdjustF2,  kTabModel},
     {"txtPropagationLayerEs",        &Settings::m_fPropagationLayerAdjustEs,  kTabModel},
     {"txtMapOverlayMinSnr",          &Settings::m_fMapOverlayMinSnr,          kTabMap},
+    {"txtStationPower",              &Settings::m_fStationPower,              kTabStation},
 };
 // clang-format on
 

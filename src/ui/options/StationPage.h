@@ -1,0 +1,59 @@
+/// @file StationPage.h
+/// The tab Station of the options: the own power, and the list of what contacts are for with its
+/// editor. The list is a copy; it is in force once Copy has put it into the settings.
+///
+/// Units:   W; dB in 1 Hz.
+/// Errors:  a need that is refused says why below the list, and stays in its boxes to be mended.
+/// Tests:   tests/ui/options/FrmOptionsStationTest.cpp
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <string>
+
+#include "settings/Settings.h"
+
+class StationPage final : public QWidget {
+    Q_OBJECT
+public:
+    explicit StationPage(QWidget* pParent);
+
+    void Load(const Settings& settings);
+    /// Puts the list into the settings; the chosen need follows a change of its name.
+    void Copy(Settings& settings) const;
+    /// Says beside the power what 0 means for an engine and an antenna choice.
+    void PowerTell(int iModel, int iAntennaType);
+    [[nodiscard]] const NeedList& NeedsGet() const { return m_needs; }
+
+    QLineEdit* txtStationPower;
+    QLabel* lblStationPowerUnit;
+    QTreeWidget* lstNeeds;
+    QLineEdit* txtNeedName;
+    QLineEdit* txtNeedSnr;
+    QLineEdit* txtNeedSource;
+    QPushButton* cmdNeedAdd;
+    QPushButton* cmdNeedChange;
+    QPushButton* cmdNeedRemove;
+    QPushButton* cmdNeedRestore;
+    QLabel* lblNeedHint;
+
+private:
+    QWidget* PowerMake();
+    QWidget* NeedsMake();
+    QLayout* EditorMake();
+    void ListShow(int iRow);
+    void RowShow();
+    void cmdNeedAddClick();
+    void cmdNeedChangeClick();
+    void cmdNeedRemoveClick();
+    void cmdNeedRestoreClick();
+    [[nodiscard]] Result<Need> Typed() const;
+    [[nodiscard]] std::string NameGet(int iRow) const;
+    /// Shows why a change was refused, or the changed list. @return true when it was not refused
+    bool Show(const Result<void>& res, int iRow);
+
+    NeedList m_needs;
+    std::string m_sSelected;  // name of the need in force
+};
