@@ -28,6 +28,12 @@ void GridCells::HatchSet(int iRow, int iCol, bool bHatch)
     m_model.CellChange(iRow, iCol, [&](GridCell& cell) { cell.bHatch = bHatch; });
 }
 
+void GridCells::MetSet(int iRow, int iCol, bool bMet)
+{
+    if (CellGet(iRow, iCol).bMet != bMet)
+        m_model.CellChange(iRow, iCol, [&](GridCell& cell) { cell.bMet = bMet; });
+}
+
 void GridCells::AlignmentSet(int iRow, int iCol, Qt::Alignment eAlignment)
 {
     m_model.CellChange(iRow, iCol, [&](GridCell& cell) { cell.eAlignment = eAlignment; });

@@ -1,6 +1,6 @@
 /// @file GridCells.h
 /// What the cells of a grid hold, as the windows set it: text, colours, bold type, frame, hatching,
-/// alignment, speech. The grid control is one of these; cells outside it are left alone.
+/// corner, alignment, speech. The grid control is one of these; cells outside it are left alone.
 ///
 /// Tests:   tests/ui/common/GridControlTest.cpp
 #pragma once
@@ -24,6 +24,7 @@ public:
     void BoldSet(int iRow, int iCol, bool bBold);
     void FrameSet(int iRow, int iCol, bool bFrame);
     void HatchSet(int iRow, int iCol, bool bHatch);  ///< thin lines: there is no value
+    void MetSet(int iRow, int iCol, bool bMet);      ///< a small corner: the value is enough
     void AlignmentSet(int iRow, int iCol, Qt::Alignment eAlignment);
     [[nodiscard]] const GridCell& CellGet(int iRow, int iCol) const
     {

@@ -20,6 +20,7 @@ struct GridCell {
     bool bBold = false;
     bool bFrame = false;  ///< the mark of the selected cell
     bool bHatch = false;  ///< there is no value to show
+    bool bMet = false;    ///< the value is enough
 };
 
 /// What a screen reader says for a data cell.

@@ -1,6 +1,7 @@
 #include "ui/common/GridPaint.h"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "ui/common/GridControl.h"
 
@@ -28,6 +29,21 @@ void FramePaint(QPainter& painter, const QRect& rect, const QColor& clrOuter,
     painter.drawRect(rect.adjusted(1, 1, -2, -2));
     painter.setPen(QPen(clrInner, 1));
     painter.drawRect(rect.adjusted(2, 2, -3, -3));
+}
+
+/// A triangle in the upper right corner; inside the frame of the selected cell.
+void CornerPaint(QPainter& painter, const QRect& rect, bool bFrame, const QColor& clr)
+{
+    constexpr int kFrame = 3;
+    const int nInset = bFrame ? kFrame : 0;
+    const int nSide = std::max(4, rect.height() / 4);
+    const QPoint pnt(rect.right() - nInset, rect.top() + nInset);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(clr);
+    painter.drawPolygon(QPolygon({pnt, pnt - QPoint(nSide, 0), pnt + QPoint(0, nSide)}));
+    painter.restore();
 }
 
 QFont CellFont(const QWidget& widget, const GridCell& cell)
@@ -67,6 +83,8 @@ void GridDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
         pPainter->setBrush(Qt::NoBrush);
         pPainter->drawRect(option.rect.adjusted(1, 1, -2, -2));
     }
+    if (cell.bMet)
+        CornerPaint(*pPainter, option.rect, cell.bFrame, clrFore);
     pPainter->setPen(clrFore);
     pPainter->setFont(CellFont(*m_pGrid, cell));
     const bool bCentre = cell.eAlignment.testFlag(Qt::AlignHCenter);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "propagation/PowerTable.h"
 #include "propagation/SnrScale.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
@@ -243,8 +244,14 @@ void frmDetails::Highlight(int iRow, int iHour)
 
 void frmDetails::grdDataMouseMove(int iCol)
 {
-    grdData->ToolTipRenew(iCol >= 0 && iCol < kCols ? QString::fromLatin1(ColumnGet(iCol).sLong)
-                                                    : QString());
+    QString sText =
+        iCol >= 0 && iCol < kCols ? QString::fromLatin1(ColumnGet(iCol).sLong) : QString();
+    const Request input = m_host.TableInputGet();
+    if (iCol == kColLimit && input.fPower > 0.0F) {
+        const double dDeck = CardPowerGet(input.iModel, input.iAntennaType, DeckKind::PointToPoint);
+        sText += tr("\nLUF for %1, the deck's power").arg(QString::fromStdString(PowerText(dDeck)));
+    }
+    grdData->ToolTipRenew(sText);
 }
 
 void frmDetails::grdDataMouseDown(int iRow, Qt::MouseButton eButton)

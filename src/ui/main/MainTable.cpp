@@ -110,6 +110,7 @@ QString MainTable::Speech(int iRow, int iCol) const
         m_settings.m_iTimeCode == kTimeLocal ? QStringLiteral("Local") : QStringLiteral("Zulu");
     const QString sValue = m_grd.TextGet(iRow, iCol);
     return QStringLiteral("%1 kHz, %2 %3, %4")
-        .arg(m_grd.TextGet(iRow, 0), m_grd.TextGet(0, iCol), sZone,
-             sValue.isEmpty() ? QObject::tr("no value") : sValue + QStringLiteral(" dB"));
+               .arg(m_grd.TextGet(iRow, 0), m_grd.TextGet(0, iCol), sZone,
+                    sValue.isEmpty() ? QObject::tr("no value") : sValue + QStringLiteral(" dB"))
+           + (m_grd.CellGet(iRow, iCol).bMet ? QObject::tr(", meets the need") : QString());
 }

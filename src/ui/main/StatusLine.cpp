@@ -30,6 +30,12 @@ StatusLine::StatusLine(QStatusBar& bar, QObject* pParent)
     bar.installEventFilter(this);
 }
 
+void StatusLine::RightSet(QWidget& widget)
+{
+    m_pRight = &widget;
+    m_bar.addPermanentWidget(m_pRight);
+}
+
 void StatusLine::RunBegin()
 {
     m_sOverlayTrouble.clear();
@@ -86,7 +92,8 @@ void StatusLine::RoomShare()
     constexpr int kGaps = 10;  // size grip and spaces, in average letters
     const QFontMetrics metrics = m_bar.fontMetrics();
     const int nInForce = metrics.horizontalAdvance(lblInForce->ShorterGet());
-    const int nLeft = m_bar.width() - nInForce - kGaps * metrics.averageCharWidth();
+    const int nRight = m_pRight != nullptr ? m_pRight->sizeHint().width() : 0;
+    const int nLeft = m_bar.width() - nInForce - nRight - kGaps * metrics.averageCharWidth();
     lblTrouble->setMaximumWidth(std::max(nLeft, m_bar.width() / 3));
     lblBest->setVisible(lblTrouble->text().isEmpty() && !lblBest->text().isEmpty()
                         && metrics.horizontalAdvance(lblBest->text()) <= nLeft);

@@ -11,12 +11,15 @@
 
 class ElidedLabel;
 class QStatusBar;
+class QWidget;
 
 class StatusLine final : public QObject {
     Q_OBJECT
 public:
     StatusLine(QStatusBar& bar, QObject* pParent);
 
+    /// Puts a widget at the right end, beside what is in force.
+    void RightSet(QWidget& widget);
     /// A run begins: what was said of keys and of the overlay is over.
     void RunBegin();
     void TroubleSet(const std::string& sTrouble) { m_sTrouble = sTrouble; }
@@ -43,6 +46,7 @@ private:
     [[nodiscard]] std::string TroubleGet(const std::string& sNotice) const;
 
     QStatusBar& m_bar;
+    QWidget* m_pRight = nullptr;
     std::string m_sTrouble;         ///< of the last run, empty when all of it succeeded
     std::string m_sHint;            ///< on the last key or paste, until the next one or a run
     std::string m_sOverlayTrouble;  ///< of the map's overlay since the last run began

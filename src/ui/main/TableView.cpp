@@ -21,6 +21,7 @@ void RowEmpty(GridControl& grd, int iRow, bool bHatch)
         grd.TextSet(iRow, iHour, {});
         grd.ColorSet(iRow, iHour, {}, {});
         grd.HatchSet(iRow, iHour, bHatch);
+        grd.MetSet(iRow, iHour, false);
     }
 }
 
@@ -58,4 +59,13 @@ void TableShow(PropagationTable& table, GridControl& grd)
             CellShow(grd, i, iHour, fSnr);
         }
     }
+}
+
+void TableNeedShow(const PropagationTable& table, const Need* pNeed, GridControl& grd)
+{
+    for (int i = 1; i <= table.nData; ++i)
+        for (int iHour = 1; iHour <= kHourCount; ++iHour)
+            grd.MetSet(
+                i, iHour,
+                pNeed != nullptr && table.PresentIs(i) && table.fSnr(iHour, i) >= pNeed->fSnr);
 }

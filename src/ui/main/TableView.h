@@ -6,6 +6,7 @@
 #pragma once
 
 #include "propagation/PropagationTable.h"
+#include "settings/Need.h"
 
 class GridControl;
 
@@ -17,3 +18,7 @@ void TableRowsLayout(const Request& input, const PropagationTable& table, GridCo
 /// number, becomes -99 in the table itself. Cells of a frequency without values are empty and
 /// hatched.
 void TableShow(PropagationTable& table, GridControl& grd);
+
+/// Marks the cells that meet a need, and no others.
+/// @param pNeed  null: none is marked
+void TableNeedShow(const PropagationTable& table, const Need* pNeed, GridControl& grd);

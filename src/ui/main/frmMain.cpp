@@ -17,6 +17,7 @@
 #include "ui/main/AirmailCommands.h"
 #include "ui/main/ClockLine.h"
 #include "ui/main/FileCommands.h"
+#include "ui/main/NeedChooser.h"
 #include "ui/main/PositionEntry.h"
 #include "ui/main/StatusLine.h"
 #include "ui/main/TableView.h"
@@ -210,6 +211,8 @@ void frmMain::StatusShow()
 {
     BestShow();
     m_pStatus->Show(m_run->InForceGet(), m_run->SunSpotDetailGet());
+    m_pNeed->Show();
+    TableNeedShow(m_run->TableGet(), m_pNeed->NeedGet(), *grdData);
     const bool bOld = m_run->OldIs() || m_pEntry->WaitingIs();
     grdData->StaleSet(bOld);
     lblOld->setVisible(bOld && m_run->TableIs());

@@ -29,6 +29,7 @@ class ClockLine;
 class FileCommands;
 class PositionEntry;
 class QTimer;
+class NeedChooser;
 class StatusLine;
 
 class frmMain final : public QMainWindow, public Ui::frmMain, public MainWindowHost {
@@ -118,6 +119,7 @@ private:
     CommandQueue* m_pCommands = nullptr;
     PositionEntry* m_pEntry = nullptr;
     StatusLine* m_pStatus = nullptr;
+    NeedChooser* m_pNeed = nullptr;
     ClockLine* m_pClock = nullptr;
     FileCommands* m_pFile = nullptr;
     AirmailCommands* m_pAirmail = nullptr;

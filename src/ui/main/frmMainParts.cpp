@@ -11,6 +11,7 @@
 #include "ui/main/AirmailCommands.h"
 #include "ui/main/ClockLine.h"
 #include "ui/main/FileCommands.h"
+#include "ui/main/NeedChooser.h"
 #include "ui/main/PositionEntry.h"
 #include "ui/main/StatusLine.h"
 #include "ui/main/frmMain.h"
@@ -42,6 +43,8 @@ void frmMain::PartsMake()
     m_pCommands = new CommandQueue(this);
     m_pEntry = new PositionEntry({txtLat0, txtLon0, txtLat1, txtLon1}, this);
     m_pStatus = new StatusLine(*statusbar, this);
+    m_pNeed = new NeedChooser(m_settings, statusbar);
+    m_pStatus->RightSet(*m_pNeed);
     lblTrouble = m_pStatus->lblTrouble;
     lblBest = m_pStatus->lblBest;
     lblInForce = m_pStatus->lblInForce;
@@ -51,6 +54,7 @@ void frmMain::PartsMake()
     m_table.emplace(*grdData, m_settings);
     m_run.emplace(m_settings, *grdData);
     connect(m_pCommands, &CommandQueue::UpdateAsked, this, &frmMain::Update);
+    connect(m_pNeed, &NeedChooser::Chosen, this, [this] { StatusShow(); });
     connect(m_pFile, &FileCommands::Noticed, m_pStatus, &StatusLine::NoticeSet);
     connect(m_pAirmail, &AirmailCommands::Noticed, m_pStatus, &StatusLine::NoticeSet);
     connect(m_pAirmail, &AirmailCommands::StationTaken, this, &frmMain::TitleSet);
@@ -128,8 +132,8 @@ void frmMain::MenusConnect()
     CommandConnect(mnuHelpAbout, [this] { m_windows.AboutShow(); });
     connect(mnuView, &QMenu::aboutToShow, this, &frmMain::mnuViewOpen);
     int iTab = 0;
-    for (QAction* pAction :
-         {mnuOptionsAirMail, mnuOptionsModel, mnuOptionsFrequency, mnuOptionsTime, mnuOptionsMap}) {
+    for (QAction* pAction : {mnuOptionsAirMail, mnuOptionsModel, mnuOptionsFrequency,
+                             mnuOptionsTime, mnuOptionsMap, mnuOptionsStation}) {
         CommandConnect(pAction, [this, iTab] { m_windows.OptionsShow(iTab); });
         ++iTab;
     }

@@ -20,7 +20,7 @@ QString RowText(float fLow, float fHigh)
     return QStringLiteral("%1 to %2").arg(Text(fLow), Text(fHigh));
 }
 
-QString HeadText() { return QStringLiteral("SNR (dB)"); }
+QString HeadText() { return QStringLiteral("SNR (dB in 1 Hz)"); }
 
 QString MinText(float fMinSnr) { return QStringLiteral("drawn from %1").arg(Text(fMinSnr)); }
 

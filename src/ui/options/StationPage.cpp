@@ -120,7 +120,7 @@ QLayout* StationPage::EditorMake()
 void StationPage::Load(const Settings& settings)
 {
     const bool bSame = m_needs == settings.m_aNeed && lstNeeds->topLevelItemCount() > 0;
-    m_sSelected = settings.m_sNeedSelected;
+    m_sSelected = m_sLoaded = settings.m_sNeedSelected;
     m_needs = settings.m_aNeed;
     if (!bSame)
         ListShow(0);
@@ -129,7 +129,10 @@ void StationPage::Load(const Settings& settings)
 void StationPage::Copy(Settings& settings) const
 {
     settings.m_aNeed = m_needs;
-    settings.m_sNeedSelected = m_sSelected;
+    if (settings.m_sNeedSelected == m_sLoaded)
+        settings.m_sNeedSelected = m_sSelected;
+    if (NeedFind(m_needs, settings.m_sNeedSelected) == nullptr)
+        settings.m_sNeedSelected.clear();
 }
 
 void StationPage::PowerTell(int iModel, int iAntennaType)

@@ -55,5 +55,6 @@ private:
     bool Show(const Result<void>& res, int iRow);
 
     NeedList m_needs;
-    std::string m_sSelected;  // name of the need in force
+    std::string m_sSelected;  // name of the need in force, as it would be after Copy
+    std::string m_sLoaded;    // the same as it was loaded; the main window may choose another
 };

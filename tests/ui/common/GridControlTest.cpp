@@ -74,6 +74,24 @@ TEST_F(GridControlShown, AHatchedCellHasLinesOnItsGround)
     EXPECT_EQ(Lines({2, 2}), 0);
 }
 
+TEST_F(GridControlShown, ACellThatIsEnoughHasACornerInItsTextsColour)
+{
+    m_grd.TextSet(2, 2, {});
+    m_grd.ColorSet(2, 2, Qt::yellow, Qt::red);
+    const auto Corner = [this](GridPlace place) {
+        const QRect rect = m_grd.PlaceRect(place);
+        return QColor(Picture().pixel(rect.topRight() + QPoint(-2, 1)));
+    };
+    EXPECT_EQ(Corner({2, 2}), QColor(Qt::yellow));
+    m_grd.MetSet(2, 2, true);
+    EXPECT_EQ(Corner({2, 2}), QColor(Qt::red));
+    EXPECT_NE(Corner({2, 3}), QColor(Qt::red));
+    EXPECT_NE(QColor(Picture().pixel(m_grd.PlaceRect({2, 2}).bottomLeft() + QPoint(2, -2))),
+              QColor(Qt::red));
+    m_grd.MetSet(2, 2, false);
+    EXPECT_EQ(Corner({2, 2}), QColor(Qt::yellow));
+}
+
 TEST_F(GridControlShown, CellsAreKeptWhenRowsComeAndGo)
 {
     m_grd.RowsSet(6);

@@ -176,7 +176,7 @@ TEST(FrmMainStart, OptionsItemsShowTheDialogOnTheirTab)
     frmMain& frm = rig.Start();
     int iTab = 0;
     for (QAction* pAction : {frm.mnuOptionsAirMail, frm.mnuOptionsModel, frm.mnuOptionsFrequency,
-                             frm.mnuOptionsTime, frm.mnuOptionsMap}) {
+                             frm.mnuOptionsTime, frm.mnuOptionsMap, frm.mnuOptionsStation}) {
         const frmOptions* pBefore = frm.m_pOptions;
         pAction->trigger();
         ASSERT_TRUE(frm.m_pOptions);
@@ -269,7 +269,7 @@ TEST(FrmMainStart, MenusHaveTheirToldItems)
     EXPECT_EQ(Texts(frm.mnuFile), QStringLiteral("Default|Undo Default|Open...|Save...|Exit"));
     EXPECT_EQ(Texts(frm.mnuView), QStringLiteral("World Map...|Detail Data..."));
     EXPECT_EQ(Texts(frm.mnuOptions),
-              QStringLiteral("AirMail...|Model...|Frequency...|Time...|Map..."));
+              QStringLiteral("AirMail...|Model...|Frequency...|Time...|Map...|Station..."));
     EXPECT_EQ(Texts(frm.mnuHelp), QStringLiteral("Guide\tF1|About..."));
     EXPECT_EQ(Texts(frm.mnuTransmitter), QStringLiteral("Ham|SailMail|Other"));
     EXPECT_EQ(frm.menuBar()->actions().size(), 4);

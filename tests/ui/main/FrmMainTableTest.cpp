@@ -305,7 +305,7 @@ TEST(FrmMainTable, LegendShowsEachBandInItsColour)
         const float fSnr = pBand->text().remove(QLatin1Char('+')).toFloat();  // "< 40" is 0
         EXPECT_EQ(pBand->palette().color(QPalette::Window), ColorFromBgr(frm.SnrGetColor(fSnr)));
     }
-    EXPECT_EQ(asBand.join(QLatin1Char('|')), QStringLiteral("SNR (dB)|< 40|40|45|50|55|60|65|70+"));
+    EXPECT_EQ(asBand.join(QLatin1Char('|')), QStringLiteral("SNR (dB in 1 Hz)|< 40|40|45|50|55|60|65|70+"));
 }
 
 TEST(FrmMainTable, SpeaksFrequencyHourAndValue)

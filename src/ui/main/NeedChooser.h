@@ -1,0 +1,32 @@
+/// @file NeedChooser.h
+/// The button at the right end of the status line that chooses what contacts are for; cells that
+/// meet the need are marked in the table.
+///
+/// Units:   dB in 1 Hz.
+/// Tests:   tests/ui/main/FrmMainNeedTest.cpp
+#pragma once
+
+#include <QToolButton>
+
+#include "settings/Settings.h"
+
+class NeedChooser final : public QToolButton {
+    Q_OBJECT
+public:
+    /// @param settings  outlive the button
+    NeedChooser(Settings& settings, QWidget* pParent);
+
+    /// Shows the need of the settings.
+    void Show();
+    /// The chosen need; null where none is chosen or the list has lost it.
+    [[nodiscard]] const Need* NeedGet() const;
+
+Q_SIGNALS:
+    void Chosen();
+
+private:
+    void MenuFill();
+    void EntryAdd(const QString& sText, const std::string& sName, bool bChosen);
+
+    Settings& m_settings;
+};
