@@ -35,7 +35,7 @@ void FramePaint(QPainter& painter, const QRect& rect, const QColor& clrOuter,
 void CornerPaint(QPainter& painter, const QRect& rect, bool bFrame, const QColor& clr)
 {
     constexpr int kFrame = 3;
-    const int nInset = bFrame ? kFrame : 0;
+    const int nInset = bFrame ? kFrame : 1;  // off the white line between two cells
     const int nSide = std::max(4, rect.height() / 4);
     const QPoint pnt(rect.right() - nInset, rect.top() + nInset);
     painter.save();
