@@ -6,7 +6,6 @@
 #include "propagation/PowerTable.h"
 #include "propagation/itshfbc/EngineProgram.h"
 #include "settings/Settings.h"
-#include "system/NumberLib.h"
 
 namespace {
 
@@ -17,14 +16,6 @@ constexpr Entries kOfVoacap{"antennas with gain at both ends", "station with gai
 /// One behind the captions, and without antennas at the last one, as its cards have it.
 constexpr Entries kOfRec533{"station with gain, boat with whip", "whips at both ends",
                             "antennas without gain"};
-
-QString PowerText(double dWatts)
-{
-    constexpr double kWattsOfKilowatt = 1000.0;
-    const bool bKilowatts = dWatts >= kWattsOfKilowatt;
-    return QString::fromStdString(NumberToText(bKilowatts ? dWatts / kWattsOfKilowatt : dWatts))
-           + (bKilowatts ? QStringLiteral(" kW") : QStringLiteral(" W"));
-}
 
 }  // namespace
 
@@ -38,7 +29,7 @@ QString AntennaTipGet(int iModel)
     int iType = 0;
     for (const char* sEntry : iModel == kEngineRec533 ? kOfRec533 : kOfVoacap)
         sTip += QStringLiteral("\n%1, %2")
-                    .arg(QLatin1String(sEntry),
-                         PowerText(CardPowerGet(iModel, iType++, DeckKind::PointToPoint)));
+                    .arg(QLatin1String(sEntry), QString::fromStdString(PowerText(CardPowerGet(
+                                                    iModel, iType++, DeckKind::PointToPoint))));
     return sTip;
 }

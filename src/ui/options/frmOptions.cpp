@@ -29,27 +29,6 @@ QString TimeText(const DateTime& dt)
     return Part(dt.nHour) + u':' + Part(dt.nMinute) + u':' + Part(dt.nSecond);
 }
 
-/// "With REC533: station with gain to boat with whip, 100 W; whip to whip, 5 kW; ...", in the order
-/// of the list.
-std::string AntennaText(int iModel)
-{
-    // REC533's table is one behind that of ICEPAC and VOACAP.
-    constexpr std::array<const char*, 4> kMeaning{"antennas with gain at both ends",
-                                                  "station with gain, boat with whip",
-                                                  "whip to whip", "plain antennas"};
-    const EngineProgram* pEngine = EngineFind(iModel);
-    if (pEngine == nullptr)
-        return "Choose an engine to see what they mean";
-    std::string sText;
-    for (int iType = 0; iType < static_cast<int>(kMeaning.size()) - 1; ++iType) {
-        const int iMeaning = iModel == kEngineRec533 ? iType + 1 : iType;
-        sText += (sText.empty() ? "" : "; ")
-                 + std::string(kMeaning.at(static_cast<std::size_t>(iMeaning))) + ", "
-                 + PowerText(CardPowerGet(iModel, iType, DeckKind::PointToPoint));
-    }
-    return "With " + std::string(pEngine->sName) + ": " + sText;
-}
-
 }  // namespace
 
 frmOptions::frmOptions(MainWindowHost& host, QWidget* pParent)
@@ -283,15 +262,13 @@ void frmOptions::cmdForecastClick()
 void frmOptions::AntennaTell()
 {
     const int iModel = m_pModelGroup->checkedId();
-    cmbPropagationAntennaType->setToolTip(QString::fromStdString(
-        "Antennas at both ends and the transmitter's power\n" + AntennaText(iModel)));
+    cmbPropagationAntennaType->setToolTip(AntennaTipGet(iModel));
     pagStation->PowerTell(iModel, cmbPropagationAntennaType->currentIndex());
 }
 
 void frmOptions::optPropagationModelClick()
 {
     const int iModel = m_pModelGroup->checkedId();
-    cmbPropagationAntennaType->setToolTip(AntennaTipGet(iModel));
     const bool bComplex = iModel == kEngineIcepac || iModel == kEngineVoacap;
     for (QLineEdit* pBox :
          {txtPropagationLayerE, txtPropagationLayerEs, txtPropagationLayerF1, txtPropagationLayerF2,

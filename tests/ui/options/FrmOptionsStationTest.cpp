@@ -39,17 +39,6 @@ TEST_F(FrmOptionsStation, BesideThePowerStandsWhatZeroMeansForTheEngineInForce)
     EXPECT_TRUE(page.lblStationPowerUnit->text().endsWith(Q("brings: 5 kW with VOACAP")));
 }
 
-TEST_F(FrmOptionsStation, TheAntennasTooltipTellsTheThreeTypesOfTheEngineInForce)
-{
-    const frmOptions& frm = Open(kTabModel);
-    const auto Second = [&] { return frm.cmbPropagationAntennaType->toolTip().section(u'\n', 1); };
-    EXPECT_EQ(Second(), Q("With REC533: station with gain, boat with whip, 100 W; whip to whip, "
-                          "5 kW; plain antennas, 1 kW"));
-    Press(frm.optPropagationModel1);
-    EXPECT_EQ(Second(), Q("With ICEPAC: antennas with gain at both ends, 100 W; station with gain, "
-                          "boat with whip, 100 W; whip to whip, 5 kW"));
-}
-
 TEST_F(FrmOptionsStation, APowerOutOfRangeIsRefusedOnItsTab)
 {
     const StationPage& page = Page();
