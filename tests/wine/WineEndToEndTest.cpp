@@ -158,7 +158,13 @@ TEST_F(WineEndToEnd, TheProgramOfThisMachineStartsAWindowsEngineThroughWine)
     const ProgramResult res = HostPredict(asWords, true);
     EXPECT_EQ(res.nStatus, 0) << res.sError;
     EXPECT_EQ(res.sError, "");
-    EXPECT_EQ(res.sOut, resHere.sOut);
+    // Another's engine, as the program of this machine sees it.
+    const std::string sOurs = ",REC533 (built-in),";
+    std::string sExpected = resHere.sOut;
+    for (std::size_t n = 0; (n = sExpected.find(sOurs, n)) != std::string::npos;)
+        sExpected.replace(n, sOurs.size(), ",REC533,");
+    EXPECT_NE(sExpected, resHere.sOut);
+    EXPECT_EQ(res.sOut, sExpected);
     EXPECT_TRUE(fs::exists(Drive("itshfbc/RUN/sound.out"))) << "made by the engine of drive C";
     EXPECT_FALSE(fs::exists(Drive("itshfbc/RUN/hopcast.txt")));
 }

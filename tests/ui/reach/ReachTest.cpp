@@ -14,6 +14,7 @@
 #include <QTest>
 #include <fstream>
 
+#include "ui/common/ElidedLabel.h"
 #include "ui/common/Guide.h"
 #include "ui/details/frmDetails.h"
 #include "ui/map/frmMap.h"
@@ -88,10 +89,13 @@ bool ReachableIs(const QWidget& control)
     return true;
 }
 
-/// Labels of one line whose text has less room than it takes.
+/// Labels of one line whose text has less room than it takes. Those of the status line shorten
+/// themselves and have the whole in their tooltip.
 bool CutIs(const QWidget& control)
 {
     const auto* pLabel = qobject_cast<const QLabel*>(&control);
+    if (const auto* pElided = dynamic_cast<const ElidedLabel*>(&control))
+        return pElided->TextShown() != pElided->text() && pElided->toolTip().isEmpty();
     return pLabel != nullptr && !pLabel->wordWrap()
            && (pLabel->width() < pLabel->sizeHint().width()
                || pLabel->height() < pLabel->sizeHint().height());
