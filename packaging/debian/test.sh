@@ -104,9 +104,9 @@ WindowStart() { # NUMBER HOME NAME
     Await "table of $3" PictureTake "$3"
     xdotool windowfocus --sync "$window"
 }
-PictureTake() { # a table is in the window: thousands of pixels of a good contact's colour
+PictureTake() { # a table is in the window: thousands of pixels of an open path's colour
     import -window root "$artefacts/$1.png"
-    convert "$artefacts/$1.png" -format %c histogram:info:- | grep -Eq '^ *[0-9]{4,}: .*#FF00FF'
+    convert "$artefacts/$1.png" -format %c histogram:info:- | grep -Eq '^ *[0-9]{4,}: .*#0000FF'
 }
 WindowEnd() {
     local status=0
