@@ -14,7 +14,7 @@ if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 fi
 cmake --preset release -B build/soak -DHOPCAST_TESTS=ON --log-level=WARNING >/dev/null
-cmake --build build/soak --target hopcast_soak_test -j "$(nproc)"
+cmake --build build/soak --target SoakTest -j "$(nproc)"
 HOPCAST_SOAK=full QT_QPA_PLATFORM=offscreen TZ=UTC LC_ALL=C \
-    build/soak/tests/bin/hopcast_soak_test --gtest_filter="${1:-*}" 2>&1 |
+    build/soak/tests/bin/SoakTest --gtest_filter="${1:-*}" 2>&1 |
     grep -v '^This plugin does not support'
