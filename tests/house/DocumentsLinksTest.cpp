@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "house/HouseFiles.h"
 #include "support/ProgramRun.h"
 #include "support/TempFolder.h"
 
@@ -44,15 +45,6 @@ std::string ProseGet(const fs::path& pthFile)
             sProse += sLine + "\n";
     }
     return sProse;
-}
-
-/// The first group of every match.
-std::vector<std::string> MatchesGet(const std::string& sText, const std::regex& rgx)
-{
-    std::vector<std::string> asFound;
-    for (std::sregex_iterator it(sText.begin(), sText.end(), rgx), itEnd; it != itEnd; ++it)
-        asFound.push_back((*it)[1].str());
-    return asFound;
 }
 
 std::vector<std::string> LinksGet(const fs::path& pthFile)

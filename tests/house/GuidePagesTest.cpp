@@ -3,9 +3,9 @@
 
 #include <filesystem>
 #include <regex>
-#include <set>
 #include <string>
 
+#include "house/HouseFiles.h"
 #include "support/TempFolder.h"
 
 namespace fs = std::filesystem;
@@ -13,14 +13,6 @@ namespace fs = std::filesystem;
 namespace {
 
 const fs::path kFolder = GUIDE_FOLDER;
-
-std::set<std::string> MatchesGet(const std::string& sText, const std::regex& rgx)
-{
-    std::set<std::string> asFound;
-    for (std::sregex_iterator it(sText.begin(), sText.end(), rgx), itEnd; it != itEnd; ++it)
-        asFound.insert((*it)[1].str());
-    return asFound;
-}
 
 std::string PageGet(const std::string& sName) { return BytesRead((kFolder / sName).string()); }
 
@@ -60,7 +52,8 @@ TEST(GuidePages, HaveTheGuidesTablesHeadingsAndPictures)
     };
     EXPECT_EQ(Count(sPage, std::regex("<h2 ")), Count(sGuide, std::regex("(^|\n)## ")));
     EXPECT_EQ(Count(sPage, std::regex("<img ")), Count(sGuide, std::regex("!\\[")));
-    EXPECT_EQ(Count(sPage, std::regex("<table>")), Count(sGuide, std::regex("\n[-:| ]*-\\|-[-:| ]*\n")));
+    EXPECT_EQ(Count(sPage, std::regex("<table>")),
+              Count(sGuide, std::regex("\n[-:| ]*-\\|-[-:| ]*\n")));
     EXPECT_GT(Count(sPage, std::regex("<table>")), 0);
 }
 

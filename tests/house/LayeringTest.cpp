@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "house/HouseFiles.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -36,17 +38,6 @@ const std::map<std::string, Names>& FloorsGet()
           "ui"}},
     };
     return mapFloors;
-}
-
-std::vector<fs::path> SourcesGet()
-{
-    std::vector<fs::path> aFile;
-    for (const auto& entry : fs::recursive_directory_iterator(SOURCE_FOLDER)) {
-        const std::string sEnd = entry.path().extension().string();
-        if (sEnd == ".cpp" || sEnd == ".h")
-            aFile.push_back(entry.path());
-    }
-    return aFile;
 }
 
 /// What stands behind #include, with its quotes or angle brackets.

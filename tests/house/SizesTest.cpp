@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "house/HouseFiles.h"
 #include "support/TempFolder.h"
 
 namespace fs = std::filesystem;
@@ -16,17 +17,6 @@ namespace {
 
 constexpr int kFileLinesMost = 400;
 constexpr int kClassProceduresMost = 40;
-
-std::vector<fs::path> SourcesGet()
-{
-    std::vector<fs::path> aFile;
-    for (const auto& entry : fs::recursive_directory_iterator(SOURCE_FOLDER)) {
-        const std::string sEnd = entry.path().extension().string();
-        if (sEnd == ".cpp" || sEnd == ".h")
-            aFile.push_back(entry.path());
-    }
-    return aFile;
-}
 
 /// The code alone: without comments, preprocessor lines and texts.
 std::string CodeGet(std::string sText)

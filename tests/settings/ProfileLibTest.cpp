@@ -78,7 +78,8 @@ constexpr const char* kNewSectionsText =
     "[Need Data]\r\nSelected=\r\nCount=1\r\nName 1=FT8\r\nSnr 1=13\r\nSource 1=a guide\r\n"
     "[Colour Data]\r\nPalette=Standard\r\n";
 
-TEST_F(Profile, IsWrittenKeyByKeyInOrder)
+/// What kDefaultsText and kNewSectionsText hold.
+Settings SomeSettings()
 {
     Settings settings;
     settings.m_nData = 3;
@@ -87,7 +88,12 @@ TEST_F(Profile, IsWrittenKeyByKeyInOrder)
     settings.m_iPropagationMonth = 5;
     settings.m_dTxLat = 38.5;
     settings.m_aNeed = {{"FT8", 13.0F, "a guide"}};
-    EXPECT_EQ(Save(settings, WindowData{9000, 150.5F, -30, 12000}),
+    return settings;
+}
+
+TEST_F(Profile, IsWrittenKeyByKeyInOrder)
+{
+    EXPECT_EQ(Save(SomeSettings(), WindowData{9000, 150.5F, -30, 12000}),
               std::string(kDefaultsText)
                   + "[Window Data]\r\nHeight=9000\r\nLeft=150.5\r\nTop=-30\r\nWidth=12000\r\n"
                   + kNewSectionsText);
@@ -95,14 +101,7 @@ TEST_F(Profile, IsWrittenKeyByKeyInOrder)
 
 TEST_F(Profile, OfAWindowThatIsNotNormalHasEveryKeyButItsPlace)
 {
-    Settings settings;
-    settings.m_nData = 3;
-    settings.FrequencySet(2, 7050.6F);
-    settings.m_bPropagationSunSpotNumber = false;
-    settings.m_iPropagationMonth = 5;
-    settings.m_dTxLat = 38.5;
-    settings.m_aNeed = {{"FT8", 13.0F, "a guide"}};
-    EXPECT_EQ(Save(settings, std::nullopt), std::string(kDefaultsText) + kNewSectionsText);
+    EXPECT_EQ(Save(SomeSettings(), std::nullopt), std::string(kDefaultsText) + kNewSectionsText);
 }
 
 TEST_F(Profile, KeepsTheLastWindowPlaceWhenTheWindowIsNotNormal)
