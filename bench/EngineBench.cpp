@@ -50,12 +50,12 @@ Megahertz MegahertzMake(int nCount)
 
 Circuit CircuitMake(double dTxLat, double dTxLon, double dRxLat, double dRxLon)
 {
-    Circuit tbl;
-    tbl.dTxLat = dTxLat;
-    tbl.dTxLon = dTxLon;
-    tbl.dRxLat = dRxLat;
-    tbl.dRxLon = dRxLon;
-    return tbl;
+    Circuit circuit;
+    circuit.dTxLat = dTxLat;
+    circuit.dTxLon = dTxLon;
+    circuit.dRxLat = dRxLat;
+    circuit.dRxLon = dRxLon;
+    return circuit;
 }
 
 // 40 x 40 points around 24 N 110 W, dHalf degrees of longitude to either side.
@@ -120,9 +120,9 @@ double LoopTimeGet(const Ionosphere& iono, const std::vector<Circuit>& aCircuits
             for (const double dMegahertz : adList) {
                 PathFill(*pPath, iono, aCircuits[i]);
                 HourFill(*pHour, *pPath, nLabel);
-                Prediction tbl;
-                PredictionFill(tbl, *pHour, dMegahertz);
-                benchmark::DoNotOptimize(tbl.dSnr);
+                Prediction prediction;
+                PredictionFill(prediction, *pHour, dMegahertz);
+                benchmark::DoNotOptimize(prediction.dSnr);
             }
         }
     }
@@ -169,10 +169,10 @@ void Area(benchmark::State& state)
     const Frequencies frequencies(*pIono, aCircuits.front(), std::array{14.0});
     DayWork work;
     for (auto _ : state) {
-        for (const Circuit& tbl : aCircuits) {
+        for (const Circuit& circuit : aCircuits) {
             DayHour hour;
             Prediction prediction;
-            PredictHour(work, *pIono, frequencies, tbl, 12, hour, {&prediction, 1});
+            PredictHour(work, *pIono, frequencies, circuit, 12, hour, {&prediction, 1});
             benchmark::DoNotOptimize(prediction.dField);
         }
     }

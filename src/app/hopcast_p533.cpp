@@ -34,71 +34,71 @@ struct Options {
     std::vector<std::string> aFiles;
 };
 
-bool BehaviourRead(Options& tbl, std::string_view sName)
+bool BehaviourRead(Options& options, std::string_view sName)
 {
     if (sName == "best")
-        tbl.eBehaviour = rec533::Behaviour::Best;
+        options.eBehaviour = rec533::Behaviour::Best;
     else if (sName == "corrected")
-        tbl.eBehaviour = rec533::Behaviour::Corrected;
+        options.eBehaviour = rec533::Behaviour::Corrected;
     else if (sName == "reference")
-        tbl.eBehaviour = rec533::Behaviour::Reference;
+        options.eBehaviour = rec533::Behaviour::Reference;
     else
         return false;
     return true;
 }
 
-bool MapsRead(Options& tbl, std::string_view sName)
+bool MapsRead(Options& options, std::string_view sName)
 {
     if (sName == "ccir")
-        tbl.eMaps = rec533::MapSet::Ccir;
+        options.eMaps = rec533::MapSet::Ccir;
     else if (sName == "ursi")
-        tbl.eMaps = rec533::MapSet::Ursi;
+        options.eMaps = rec533::MapSet::Ursi;
     else if (sName == "mean")
-        tbl.eMaps = rec533::MapSet::Mean;
+        options.eMaps = rec533::MapSet::Mean;
     else
         return false;
     return true;
 }
 
-bool OptionsRead(Options& tbl, const std::vector<std::string>& asWords)
+bool OptionsRead(Options& options, const std::vector<std::string>& asWords)
 {
     for (std::size_t i = 0; i < asWords.size(); ++i) {
         const std::string_view sArgument = asWords[i];
         const bool bNext = i + 1 < asWords.size();
         if (sArgument == "--reference") {
-            tbl.eBehaviour = rec533::Behaviour::Reference;
+            options.eBehaviour = rec533::Behaviour::Reference;
         } else if (sArgument == "--points") {
-            tbl.bPoints = true;
+            options.bPoints = true;
         } else if (sArgument == "--behaviour") {
-            if (!bNext || !BehaviourRead(tbl, asWords[++i]))
+            if (!bNext || !BehaviourRead(options, asWords[++i]))
                 return false;
         } else if (sArgument == "--maps") {
-            if (!bNext || !MapsRead(tbl, asWords[++i]))
+            if (!bNext || !MapsRead(options, asWords[++i]))
                 return false;
         } else if (sArgument.substr(0, 2) == "--") {
             return false;
         } else {
-            tbl.aFiles.emplace_back(sArgument);
+            options.aFiles.emplace_back(sArgument);
         }
     }
-    return tbl.aFiles.size() == 2;
+    return options.aFiles.size() == 2;
 }
 
-Result<void> TableRun(const Options& tbl)
+Result<void> TableRun(const Options& options)
 {
-    const Result<std::string> resTable = FileRead(tbl.aFiles[0], kTableMost);
+    const Result<std::string> resTable = FileRead(options.aFiles[0], kTableMost);
     if (!resTable)
-        return RunError{tbl.aFiles[0] + ", " + resTable.TextGet()};
-    const bool bReference = tbl.eBehaviour == rec533::Behaviour::Reference;
+        return RunError{options.aFiles[0] + ", " + resTable.TextGet()};
+    const bool bReference = options.eBehaviour == rec533::Behaviour::Reference;
     const rec533::MapSet eMaps =
-        tbl.eMaps.value_or(bReference ? rec533::MapSet::Ccir : rec533::MapSet::Mean);
+        options.eMaps.value_or(bReference ? rec533::MapSet::Ccir : rec533::MapSet::Mean);
     const Result<std::string> resOut =
-        tbl.bPoints ? run533::PointTableMake(resTable.ValueGet(), tbl.eBehaviour, eMaps)
-                    : run533::CircuitTableMake(resTable.ValueGet(), tbl.eBehaviour, eMaps);
+        options.bPoints ? run533::PointTableMake(resTable.ValueGet(), options.eBehaviour, eMaps)
+                        : run533::CircuitTableMake(resTable.ValueGet(), options.eBehaviour, eMaps);
     if (!resOut)
-        return RunError{tbl.aFiles[0] + ", " + resOut.TextGet()};
-    const Result<void> resWritten = FileReplace(tbl.aFiles[1], resOut.ValueGet());
-    return resWritten ? resWritten : RunError{tbl.aFiles[1] + ", " + resWritten.TextGet()};
+        return RunError{options.aFiles[0] + ", " + resOut.TextGet()};
+    const Result<void> resWritten = FileReplace(options.aFiles[1], resOut.ValueGet());
+    return resWritten ? resWritten : RunError{options.aFiles[1] + ", " + resWritten.TextGet()};
 }
 
 }  // namespace
@@ -108,20 +108,21 @@ int main(int nCount, char** pArguments)
     const ConsoleUtf8 console;
     std::string sError;
     try {
-        Options tbl;
-        if (!OptionsRead(tbl, ArgumentsGet(nCount, pArguments))) {
+        Options options;
+        if (!OptionsRead(options, ArgumentsGet(nCount, pArguments))) {
             std::fputs(
                 "usage: hopcast-p533 [--behaviour best|corrected|reference] [--reference]"
                 " [--maps ccir|ursi|mean] [--points] IN.csv OUT.csv\n",
                 stderr);
             return kUsage;
         }
-        if (tbl.aFiles[0] == tbl.aFiles[1] || FileSame(tbl.aFiles[0], tbl.aFiles[1])) {
+        if (options.aFiles[0] == options.aFiles[1]
+            || FileSame(options.aFiles[0], options.aFiles[1])) {
             std::fprintf(stderr, "hopcast-p533: %s is the input too; name another output\n",
-                         tbl.aFiles[1].c_str());
+                         options.aFiles[1].c_str());
             return kUsage;
         }
-        const Result<void> resRun = TableRun(tbl);
+        const Result<void> resRun = TableRun(options);
         if (resRun)
             return 0;
         sError = resRun.TextGet();

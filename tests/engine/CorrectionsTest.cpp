@@ -151,8 +151,8 @@ TEST(Corrections, MirrorHeightHasTheWholeFormula)
 {
     for (const double dRatio : {1.05, 1.5, 2.0, 3.0, 3.6, 4.0}) {
         for (const double dKm : {300.0, 1500.0, 3500.0}) {
-            const MirrorLayer tbl = MirrorLayerMake(5.0, 1.2, 3.0, 60.0, false);
-            EXPECT_NEAR(MirrorHeightLanesGet<double>(tbl, 5.0 * dRatio, dKm),
+            const MirrorLayer mirrorLayer = MirrorLayerMake(5.0, 1.2, 3.0, 60.0, false);
+            EXPECT_NEAR(MirrorHeightLanesGet<double>(mirrorLayer, 5.0 * dRatio, dKm),
                         HeightOf(dKm, 5.0, 1.2, 3.0, 60.0, 5.0 * dRatio), 1e-6)
                 << dRatio << " " << dKm;
         }
@@ -166,8 +166,9 @@ TEST(Corrections, DecilesAreReadAtTheLocalHour)
         const auto pIono =
             IonosphereOf(bReference ? Behaviour::Reference : Behaviour::Corrected, 1, 20.0);
         const double dHour = DecileHourGet(*pIono, 6, 90.0 * kPi / 180.0);
-        const DecileFactors tbl = DecileFactorsGet(50.0 * kRadians, dHour, Season::Winter, 20.0);
-        EXPECT_NEAR(tbl.dLower, bReference ? 0.78 : 0.85, 1e-6);
+        const DecileFactors decileFactors =
+            DecileFactorsGet(50.0 * kRadians, dHour, Season::Winter, 20.0);
+        EXPECT_NEAR(decileFactors.dLower, bReference ? 0.78 : 0.85, 1e-6);
     }
     // Wrapped: 23 h at 60 W is 19 h; 2 h is 22 h of the day before.
     const auto pIono = IonosphereOf(Behaviour::Corrected, 1, 20.0);
@@ -220,10 +221,10 @@ TEST(Corrections, PolarWinterIsOfTheSouthInJune)
 TEST(Corrections, DayIsWhereTheSunStands)
 {
     // 22 UT in July at 100 W: early evening, the sun sets at 1 UT of the next day.
-    const Place tbl = PlaceFromDegrees(40.0, -100.0);
-    EXPECT_TRUE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 7, 50.0), 22, tbl));
-    EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Reference, 7, 50.0), 22, tbl));
-    EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 7, 50.0), 7, tbl));
+    const Place place = PlaceFromDegrees(40.0, -100.0);
+    EXPECT_TRUE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 7, 50.0), 22, place));
+    EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Reference, 7, 50.0), 22, place));
+    EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 7, 50.0), 7, place));
     // Polar day counts as day, polar night as night.
     const Place pole = PlaceFromDegrees(85.0, 20.0);
     EXPECT_TRUE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 6, 50.0), 24, pole));
@@ -236,10 +237,10 @@ TEST(Corrections, OperationalMufKnowsThePower)
     const auto pIono = IonosphereOf(Behaviour::Corrected, 4, 80.0);
     const auto pPath = std::make_unique<Path>();
     const auto pHour = std::make_unique<Hour>();
-    Circuit tbl = CircuitOf(45.0, 0.0, 52.0, 8.0);
+    Circuit circuit = CircuitOf(45.0, 0.0, 52.0, 8.0);
     for (const double dKw : {0.9, 1.1}) {
-        tbl.dPowerKw = dKw;
-        PathFill(*pPath, *pIono, tbl);
+        circuit.dPowerKw = dKw;
+        PathFill(*pPath, *pIono, circuit);
         HourFill(*pHour, *pPath, 12);
         const Mode& mode = pHour->aModes[static_cast<std::size_t>(pHour->nModes - 1)];
         EXPECT_NEAR(mode.dOperational / mode.dMuf, dKw < 1.0 ? 1.15 : 1.20, 1e-9);
@@ -250,20 +251,20 @@ TEST(Corrections, SouthernHighLatitudesAreHigh)
 {
     // Mid-path near 55 S 140 E is at 64 degrees of geomagnetic latitude.
     const auto pPath = std::make_unique<Path>();
-    const Circuit tbl = CircuitOf(-45.0, 150.0, -66.0, 120.0);
+    const Circuit circuit = CircuitOf(-45.0, 150.0, -66.0, 120.0);
     const auto pCorrected = IonosphereOf(Behaviour::Corrected, 4, 80.0);
-    PathFill(*pPath, *pCorrected, tbl);
+    PathFill(*pPath, *pCorrected, circuit);
     EXPECT_TRUE(pPath->bHighLatitude);
     const auto pReference = IonosphereOf(Behaviour::Reference, 4, 80.0);
-    PathFill(*pPath, *pReference, tbl);
+    PathFill(*pPath, *pReference, circuit);
     EXPECT_FALSE(pPath->bHighLatitude);
 }
 
 TEST(Corrections, DecilesOfANoiseLevelAreThoseOfTheCity)
 {
-    const Noise tbl = NoiseManMadeGet(NoiseCategory::Level, -145.0, 5.0, false);
-    EXPECT_EQ(tbl.dUpper, 11.0);
-    EXPECT_EQ(tbl.dLower, 6.7);
+    const Noise noise = NoiseManMadeGet(NoiseCategory::Level, -145.0, 5.0, false);
+    EXPECT_EQ(noise.dUpper, 11.0);
+    EXPECT_EQ(noise.dLower, 6.7);
     EXPECT_EQ(NoiseManMadeGet(NoiseCategory::Level, -145.0, 5.0, true).dUpper, 6.7);
 }
 
@@ -271,11 +272,11 @@ TEST(Corrections, BestIsTheCorrectedMethodUpTo7000Km)
 {
     const auto pPath = std::make_unique<Path>();
     const auto pHour = std::make_unique<Hour>();
-    const Circuit tbl = CircuitOf(20.0, -30.0, 60.0, 40.0);  // 6200 km
+    const Circuit circuit = CircuitOf(20.0, -30.0, 60.0, 40.0);  // 6200 km
     double aField[2];
     for (const bool bBest : {false, true}) {
         const auto pIono = IonosphereOf(bBest ? Behaviour::Best : Behaviour::Corrected, 10, 90.0);
-        PathFill(*pPath, *pIono, tbl);
+        PathFill(*pPath, *pIono, circuit);
         HourFill(*pHour, *pPath, 15);
         Prediction prediction;
         PredictionFill(prediction, *pHour, 14.0);

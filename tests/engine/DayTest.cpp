@@ -39,24 +39,24 @@ void ExpectSame(const Prediction& one, const Prediction& other)
 Circuit CircuitDraw(std::mt19937& rng, const Antenna& antenna)
 {
     std::uniform_real_distribution<double> draw(-1.0, 1.0);
-    Circuit tbl = CircuitOf(90 * draw(rng), 180 * draw(rng), 90 * draw(rng), 180 * draw(rng));
-    tbl.bLongWay = draw(rng) > 0.8;
-    tbl.dPowerKw = std::pow(10.0, 2.0 * draw(rng));
-    tbl.dLeastElevation = std::max(0.0, 10.0 * draw(rng));
-    tbl.dRequiredReliability = 50.0 + 45.0 * draw(rng);
+    Circuit circuit = CircuitOf(90 * draw(rng), 180 * draw(rng), 90 * draw(rng), 180 * draw(rng));
+    circuit.bLongWay = draw(rng) > 0.8;
+    circuit.dPowerKw = std::pow(10.0, 2.0 * draw(rng));
+    circuit.dLeastElevation = std::max(0.0, 10.0 * draw(rng));
+    circuit.dRequiredReliability = 50.0 + 45.0 * draw(rng);
     if (draw(rng) > 0.0)
-        tbl.pTx = &antenna;
+        circuit.pTx = &antenna;
     if (draw(rng) > 0.0)
-        tbl.pRx = &antenna;
-    return tbl;
+        circuit.pRx = &antenna;
+    return circuit;
 }
 
 Antenna AntennaMake()
 {
-    Antenna tbl;
-    for (std::size_t i = 0; i < tbl.aGain.size(); ++i)
-        tbl.aGain[i] = 6.0 * std::sin(static_cast<double>(i) / 9.0) - 2.0;
-    return tbl;
+    Antenna antenna;
+    for (std::size_t i = 0; i < antenna.aGain.size(); ++i)
+        antenna.aGain[i] = 6.0 * std::sin(static_cast<double>(i) / 9.0) - 2.0;
+    return antenna;
 }
 
 class Day : public testing::TestWithParam<Behaviour> {};
@@ -83,14 +83,14 @@ TEST_P(Day, EqualsItsHoursAndFrequenciesOneByOne)
             EXPECT_EQ(aHours[i].dMuf, pHour->dMuf);
             EXPECT_EQ(aHours[i].dFot, pHour->dOperational90);
             EXPECT_EQ(aHours[i].dLuf, LufGet(*pHour, *pWork));
-            Prediction tbl;
+            Prediction prediction;
             for (std::size_t k = 0; k < kMegahertz.size(); ++k) {
-                PredictionFill(tbl, *pHour, kMegahertz[k]);
-                ExpectSame(aCells[i * kMegahertz.size() + k], tbl);
+                PredictionFill(prediction, *pHour, kMegahertz[k]);
+                ExpectSame(aCells[i * kMegahertz.size() + k], prediction);
             }
             ASSERT_EQ(aHours[i].bAtMuf, FrequencyUsable(pHour->dMuf));
-            PredictionFill(tbl, *pHour, pHour->dMuf);
-            ExpectSame(aHours[i].atMuf, tbl);
+            PredictionFill(prediction, *pHour, pHour->dMuf);
+            ExpectSame(aHours[i].atMuf, prediction);
         }
         ASSERT_FALSE(HasFailure()) << n;
     }
@@ -161,8 +161,8 @@ TEST(DayNoise, SnrIsThatOfTheNoiseFiguresAdded)
         const double dFrequency = kMegahertz[static_cast<std::size_t>(n) % kMegahertz.size()];
         PathFill(*pPath, *pIono, circuit);
         HourFill(*pHour, *pPath, 1 + n % 24);
-        Prediction tbl;
-        PredictionFill(tbl, *pHour, dFrequency);
+        Prediction prediction;
+        PredictionFill(prediction, *pHour, dFrequency);
         const Noise aNoise[]{
             NoiseAtmosphericGet(*pIono, pPath->noise, pHour->nLabel, dFrequency),
             NoiseManMadeGet(circuit.eNoise, circuit.dNoiseLevel, dFrequency, false),
@@ -175,12 +175,12 @@ TEST(DayNoise, SnrIsThatOfTheNoiseFiguresAdded)
         }
         const SignalDeciles signal =
             SignalDecilesGet(dFrequency / pHour->dMuf, pPath->bHighLatitude);
-        EXPECT_NEAR(tbl.dSnr, tbl.dPower - 10.0 * std::log10(dSum) + 204.0, 1e-9);
+        EXPECT_NEAR(prediction.dSnr, prediction.dPower - 10.0 * std::log10(dSum) + 204.0, 1e-9);
         EXPECT_NEAR(
-            tbl.dSnrUpper,
+            prediction.dSnrUpper,
             std::sqrt(Square(10.0 * std::log10(dSum / dLow)) + Square(signal.dUpper) + 25.0), 1e-9);
         EXPECT_NEAR(
-            tbl.dSnrLower,
+            prediction.dSnrLower,
             std::sqrt(Square(10.0 * std::log10(dHigh / dSum)) + Square(signal.dLower) + 64.0),
             1e-9);
     }
@@ -193,9 +193,9 @@ TEST(DayWorks, PathStaysThatOfItsCircuit)
     DayWork work;
     DayHour hour;
     std::array<Prediction, 1> aCells;
-    const auto fnPredict = [&](const Circuit& tbl) {
-        const Frequencies frequencies(*pIono, tbl, std::array{14.1});
-        PredictHour(work, *pIono, frequencies, tbl, 12, hour, aCells);
+    const auto fnPredict = [&](const Circuit& circuit) {
+        const Frequencies frequencies(*pIono, circuit, std::array{14.1});
+        PredictHour(work, *pIono, frequencies, circuit, 12, hour, aCells);
     };
     fnPredict(CircuitOf(50.0, 0.0, 40.0, 10.0));
     const auto& first = work.PathGet();

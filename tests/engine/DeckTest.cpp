@@ -20,29 +20,29 @@ TEST(PointDeck, ReadsEveryField)
 {
     const auto res = PointDeckRead(DeckOf("p2p_05.dat"));
     ASSERT_TRUE(res) << res.TextGet();
-    const PointDeck& tbl = res.ValueGet();
-    EXPECT_EQ(tbl.common.eMaps, rec533::MapSet::Ursi);
-    EXPECT_EQ(tbl.common.dSsn, 10.0);
-    EXPECT_EQ(tbl.nYear, 2026);
-    EXPECT_EQ(tbl.common.nMonth, 12);
-    EXPECT_EQ(tbl.sTxName, "Transmit");
-    EXPECT_EQ(tbl.sRxName, "Receieve");
-    EXPECT_EQ(tbl.common.dTxLat, 69.65);
-    EXPECT_EQ(tbl.common.dTxLon, 18.96);
-    EXPECT_EQ(tbl.dRxLat, 64.84);
-    EXPECT_EQ(tbl.dRxLon, -147.72);
-    EXPECT_EQ(tbl.dPowerKw, 1.0);
-    EXPECT_EQ(tbl.common.dLeastElevation, 3.0);
-    EXPECT_EQ(tbl.common.dNoise, -163.0);
-    EXPECT_EQ(tbl.common.dBandwidth, 1.0);
-    EXPECT_EQ(tbl.common.dRequiredSnr, 40.0);
-    EXPECT_EQ(tbl.common.dReliability, 50.0);
-    ASSERT_TRUE(tbl.common.txAntenna && tbl.common.rxAntenna);
-    EXPECT_EQ(tbl.common.txAntenna->sName, "DEFAULT\\SWWHIP.VOA   ");
-    EXPECT_EQ(tbl.common.txAntenna->dPowerKw, 5.0);
-    ASSERT_EQ(tbl.aFrequencies.size(), 10u);
-    EXPECT_EQ(tbl.aFrequencies[0], 1.9);
-    EXPECT_EQ(tbl.aFrequencies[9], 28.3);
+    const PointDeck& pointDeck = res.ValueGet();
+    EXPECT_EQ(pointDeck.common.eMaps, rec533::MapSet::Ursi);
+    EXPECT_EQ(pointDeck.common.dSsn, 10.0);
+    EXPECT_EQ(pointDeck.nYear, 2026);
+    EXPECT_EQ(pointDeck.common.nMonth, 12);
+    EXPECT_EQ(pointDeck.sTxName, "Transmit");
+    EXPECT_EQ(pointDeck.sRxName, "Receieve");
+    EXPECT_EQ(pointDeck.common.dTxLat, 69.65);
+    EXPECT_EQ(pointDeck.common.dTxLon, 18.96);
+    EXPECT_EQ(pointDeck.dRxLat, 64.84);
+    EXPECT_EQ(pointDeck.dRxLon, -147.72);
+    EXPECT_EQ(pointDeck.dPowerKw, 1.0);
+    EXPECT_EQ(pointDeck.common.dLeastElevation, 3.0);
+    EXPECT_EQ(pointDeck.common.dNoise, -163.0);
+    EXPECT_EQ(pointDeck.common.dBandwidth, 1.0);
+    EXPECT_EQ(pointDeck.common.dRequiredSnr, 40.0);
+    EXPECT_EQ(pointDeck.common.dReliability, 50.0);
+    ASSERT_TRUE(pointDeck.common.txAntenna && pointDeck.common.rxAntenna);
+    EXPECT_EQ(pointDeck.common.txAntenna->sName, "DEFAULT\\SWWHIP.VOA   ");
+    EXPECT_EQ(pointDeck.common.txAntenna->dPowerKw, 5.0);
+    ASSERT_EQ(pointDeck.aFrequencies.size(), 10u);
+    EXPECT_EQ(pointDeck.aFrequencies[0], 1.9);
+    EXPECT_EQ(pointDeck.aFrequencies[9], 28.3);
 }
 
 TEST(PointDeck, EveryCardButTheAntennasIsNeeded)
@@ -161,29 +161,29 @@ TEST(AreaDeck, ReadsEveryField)
 {
     const auto res = AreaDeckRead(DeckOf("area_03.rec"));
     ASSERT_TRUE(res) << res.TextGet();
-    const AreaDeck& tbl = res.ValueGet();
-    EXPECT_EQ(tbl.common.eMaps, rec533::MapSet::Ursi);
-    EXPECT_EQ(tbl.common.dSsn, 60.0);
-    EXPECT_EQ(tbl.common.nMonth, 12);
-    EXPECT_EQ(tbl.sTxName, "Transmitter");
-    EXPECT_EQ(tbl.common.dTxLat, 69.65);
-    EXPECT_EQ(tbl.common.dTxLon, 18.96);
-    EXPECT_EQ(tbl.dWest, -30.0);
-    EXPECT_EQ(tbl.dEast, 90.0);
-    EXPECT_EQ(tbl.dSouth, 55.0);
-    EXPECT_EQ(tbl.dNorth, 89.9);
-    EXPECT_EQ(tbl.nGrid, 40);
-    EXPECT_EQ(tbl.nHour, 22);
-    EXPECT_EQ(tbl.dFrequency, 7.1);
-    EXPECT_EQ(tbl.common.dNoise, -155.0);
-    EXPECT_EQ(tbl.common.dLeastElevation, 3.0);
-    EXPECT_EQ(tbl.common.dReliability, 90.0);
-    EXPECT_EQ(tbl.common.dRequiredSnr, 40.0);
-    EXPECT_EQ(tbl.common.dBandwidth, 1.0);
-    ASSERT_TRUE(tbl.common.txAntenna && tbl.common.rxAntenna);
-    EXPECT_EQ(tbl.common.txAntenna->sName, "DEFAULT \\CONST17.VOA ");
-    EXPECT_EQ(tbl.common.txAntenna->dPowerKw, 0.1);
-    EXPECT_EQ(tbl.common.rxAntenna->sName, "DEFAULT \\SWWHIP.VOA  ");
+    const AreaDeck& areaDeck = res.ValueGet();
+    EXPECT_EQ(areaDeck.common.eMaps, rec533::MapSet::Ursi);
+    EXPECT_EQ(areaDeck.common.dSsn, 60.0);
+    EXPECT_EQ(areaDeck.common.nMonth, 12);
+    EXPECT_EQ(areaDeck.sTxName, "Transmitter");
+    EXPECT_EQ(areaDeck.common.dTxLat, 69.65);
+    EXPECT_EQ(areaDeck.common.dTxLon, 18.96);
+    EXPECT_EQ(areaDeck.dWest, -30.0);
+    EXPECT_EQ(areaDeck.dEast, 90.0);
+    EXPECT_EQ(areaDeck.dSouth, 55.0);
+    EXPECT_EQ(areaDeck.dNorth, 89.9);
+    EXPECT_EQ(areaDeck.nGrid, 40);
+    EXPECT_EQ(areaDeck.nHour, 22);
+    EXPECT_EQ(areaDeck.dFrequency, 7.1);
+    EXPECT_EQ(areaDeck.common.dNoise, -155.0);
+    EXPECT_EQ(areaDeck.common.dLeastElevation, 3.0);
+    EXPECT_EQ(areaDeck.common.dReliability, 90.0);
+    EXPECT_EQ(areaDeck.common.dRequiredSnr, 40.0);
+    EXPECT_EQ(areaDeck.common.dBandwidth, 1.0);
+    ASSERT_TRUE(areaDeck.common.txAntenna && areaDeck.common.rxAntenna);
+    EXPECT_EQ(areaDeck.common.txAntenna->sName, "DEFAULT \\CONST17.VOA ");
+    EXPECT_EQ(areaDeck.common.txAntenna->dPowerKw, 0.1);
+    EXPECT_EQ(areaDeck.common.rxAntenna->sName, "DEFAULT \\SWWHIP.VOA  ");
 }
 
 TEST(AreaDeck, EitherSignOfTheNoiseMeansTheSame)

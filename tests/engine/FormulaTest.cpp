@@ -55,16 +55,16 @@ TEST(Geometry, PointsOfAGreatCircleDivideIt)
     const Place one = PlaceFromDegrees(51.5, -0.13);
     const Place other = PlaceFromDegrees(-33.87, 151.21);
     for (const bool bLong : {false, true}) {
-        const Way tbl = WayMake(one, other, bLong);
-        EXPECT_NEAR(tbl.dKm, bLong ? 2.0 * kPi * kEarthKm - 16994.7 : 16994.7, 1.0);
+        const Way way = WayMake(one, other, bLong);
+        EXPECT_NEAR(way.dKm, bLong ? 2.0 * kPi * kEarthKm - 16994.7 : 16994.7, 1.0);
         for (const double dPart : {0.1, 0.5, 0.9}) {
-            const Place third = WayPlace(tbl, dPart);
+            const Place third = WayPlace(way, dPart);
             const double dFirst = WayMake(one, third, false).dKm;
-            const double dKm = dPart * tbl.dKm;
+            const double dKm = dPart * way.dKm;
             EXPECT_NEAR(dFirst, std::min(dKm, 2.0 * kPi * kEarthKm - dKm), 0.01);
         }
-        EXPECT_NEAR(WayPlace(tbl, 1.0).dLat, other.dLat, 1e-9);
-        EXPECT_NEAR(WayPlace(tbl, 1.0).dLon, other.dLon, 1e-9);
+        EXPECT_NEAR(WayPlace(way, 1.0).dLat, other.dLat, 1e-9);
+        EXPECT_NEAR(WayPlace(way, 1.0).dLon, other.dLon, 1e-9);
     }
     EXPECT_NEAR(DegreesOf(BearingGet(one, other)), 60.72, 0.02);
 }
@@ -77,9 +77,9 @@ TEST(MagneticField, MatchesWorkedValues)
 {
     for (const FieldCase& c : {FieldCase{13.210, -119.536, 32.857, 0.991, 33.178, 0.905},
                                FieldCase{35.683, -42.915, 60.521, 1.256, 60.592, 1.146}}) {
-        const Place tbl = PlaceFromDegrees(c.dLat, c.dLon);
-        const MagneticField low = MagneticFieldGet(tbl, FieldHeight::Absorption);
-        const MagneticField high = MagneticFieldGet(tbl, FieldHeight::Maps);
+        const Place place = PlaceFromDegrees(c.dLat, c.dLon);
+        const MagneticField low = MagneticFieldGet(place, FieldHeight::Absorption);
+        const MagneticField high = MagneticFieldGet(place, FieldHeight::Maps);
         EXPECT_NEAR(DegreesOf(low.dDip), c.dDip100, 0.001);
         EXPECT_NEAR(low.dGyro, c.dGyro100, 0.001);
         EXPECT_NEAR(DegreesOf(high.dDip), c.dDip300, 0.001);
@@ -96,12 +96,12 @@ TEST(MagneticField, SumsAlongAGreatCircleAreTheFieldItself)
                 WayMake(PlaceFromDegrees(dLat, 33.0), PlaceFromDegrees(20.0, -151.0), bLongWay);
             const FieldTrack track = FieldTrackMake(way.aArcs[0]);
             for (double dAngle = 0.0; dAngle < way.dAngle; dAngle += 0.11) {
-                const Place tbl = ArcPlace(way.aArcs[0], std::cos(dAngle), std::sin(dAngle));
-                if (tbl.dCosLat < 0.001)
+                const Place place = ArcPlace(way.aArcs[0], std::cos(dAngle), std::sin(dAngle));
+                if (place.dCosLat < 0.001)
                     continue;  // the field of a circle around the pole is taken there
                 EXPECT_NEAR(std::atan(FieldTrackDipTanGet<double>(track, std::cos(dAngle),
                                                                   std::sin(dAngle))),
-                            MagneticFieldGet(tbl, FieldHeight::Absorption).dDip, 1e-12);
+                            MagneticFieldGet(place, FieldHeight::Absorption).dDip, 1e-12);
             }
         }
     }
@@ -122,9 +122,9 @@ TEST(Maps, SeriesMatchesWorkedValues)
                              MapCase{5, 10, 12, 57.954, 18.467, 4.7923, 3.0745},
                              MapCase{5, 10, 12, -23.482, 142.682, 3.5851, 3.1832}}) {
         MapHoursFill(*pHours, MapSet::Ccir, c.nMonth, c.dSsn, c.dSsn);
-        const Place tbl = PlaceFromDegrees(c.dLat, c.dLon);
+        const Place place = PlaceFromDegrees(c.dLat, c.dLon);
         MapPlace map;
-        MapPlaceFill(map, tbl, MagneticFieldGet(tbl, FieldHeight::Maps), false);
+        MapPlaceFill(map, place, MagneticFieldGet(place, FieldHeight::Maps), false);
         EXPECT_NEAR(MapFof2Get(*pHours, map, c.nHour), c.dFof2, 0.0005);
         EXPECT_NEAR(MapM3Get(*pHours, map, c.nHour), c.dM3, 0.0005);
     }
@@ -133,9 +133,9 @@ TEST(Maps, SeriesMatchesWorkedValues)
 TEST(Maps, MeanLiesHalfwayBetweenTheSets)
 {
     const auto pHours = std::make_unique<MapHours>();
-    const Place tbl = PlaceFromDegrees(-40.0, -70.0);
+    const Place place = PlaceFromDegrees(-40.0, -70.0);
     MapPlace map;
-    MapPlaceFill(map, tbl, MagneticFieldGet(tbl, FieldHeight::Maps), false);
+    MapPlaceFill(map, place, MagneticFieldGet(place, FieldHeight::Maps), false);
     double aValue[3];
     for (const MapSet eSet : {MapSet::Ccir, MapSet::Ursi, MapSet::Mean}) {
         MapHoursFill(*pHours, eSet, 7, 80.0, 80.0);
@@ -158,9 +158,9 @@ TEST(Absorption, PlaceTablesFollowExactAngles)
     const double dNear = CrossingKmGet(dElevation);
     const double aKm[4]{dNear, path.dKm / 2.0 - dNear, path.dKm / 2.0 + dNear, path.dKm - dNear};
     for (int i = 0; i < 4; ++i) {
-        const Place tbl = WayPlace(path, aKm[i] / path.dKm);
-        const double dCos = SunZenithCosGet(*hour.foe.pSun, tbl);
-        EXPECT_NEAR(aCrossings[i].dFoe, FoeGet(hour.foe, tbl, dCos), 1e-9);
+        const Place place = WayPlace(path, aKm[i] / path.dKm);
+        const double dCos = SunZenithCosGet(*hour.foe.pSun, place);
+        EXPECT_NEAR(aCrossings[i].dFoe, FoeGet(hour.foe, place, dCos), 1e-9);
         EXPECT_GT(aCrossings[i].dWeight, 100.0);  // September noon
         EXPECT_LT(aCrossings[i].dWeight, 346.5);
     }
@@ -169,23 +169,23 @@ TEST(Absorption, PlaceTablesFollowExactAngles)
 // The three pieces of the figure's formula meet within 5 %.
 TEST(Absorption, PenetrationHangsTogether)
 {
-    const Crossing tbl{3.0, 0.34};
+    const Crossing crossing{3.0, 0.34};
     for (const double dT : {1.0, 2.2, 10.0}) {
-        const double dBelow = AbsorptionSumGet<double>(&tbl, 1, 3.0 * dT * 0.999999);
-        const double dAbove = AbsorptionSumGet<double>(&tbl, 1, 3.0 * dT * 1.000001);
+        const double dBelow = AbsorptionSumGet<double>(&crossing, 1, 3.0 * dT * 0.999999);
+        const double dAbove = AbsorptionSumGet<double>(&crossing, 1, 3.0 * dT * 1.000001);
         EXPECT_NEAR(dBelow, dAbove, 0.05 * dAbove) << dT;
     }
-    EXPECT_NEAR(AbsorptionSumGet<double>(&tbl, 1, 60.0), 0.34, 1e-12);
+    EXPECT_NEAR(AbsorptionSumGet<double>(&crossing, 1, 60.0), 0.34, 1e-12);
 }
 
 TEST(Muf, LongestHopGivesTheRatioOfThe3000KmHop)
 {
-    const F2Layer tbl = F2LayerMake(8.0, 3.0, 3.0, 1.2);
-    EXPECT_NEAR(F2MufGet(tbl, 3000.0, 4000.0), tbl.dB * 8.0 + 0.6 * 0.25, 1e-9);
+    const F2Layer f2Layer = F2LayerMake(8.0, 3.0, 3.0, 1.2);
+    EXPECT_NEAR(F2MufGet(f2Layer, 3000.0, 4000.0), f2Layer.dB * 8.0 + 0.6 * 0.25, 1e-9);
     // Straight up the extraordinary wave's critical frequency, near enough: Cd is not quite 0
     // there.
-    EXPECT_NEAR(F2MufGet(tbl, 0.0, 4000.0), 8.0 + 0.6, 0.2);
-    EXPECT_LT(F2MufGet(tbl, 500.0, 4000.0), F2MufGet(tbl, 1500.0, 4000.0));
+    EXPECT_NEAR(F2MufGet(f2Layer, 0.0, 4000.0), 8.0 + 0.6, 0.2);
+    EXPECT_LT(F2MufGet(f2Layer, 500.0, 4000.0), F2MufGet(f2Layer, 1500.0, 4000.0));
 }
 
 struct NoiseCase {
@@ -200,10 +200,10 @@ TEST(Noise, AtmosphericMatchesWorkedValues)
                                NoiseCase{5, 2, 52.4862, -1.8904, 14.0, 25.256, 5.663, 4.912}}) {
         IonosphereFill(*pIono, Behaviour::Reference, MapSet::Ccir, c.nMonth, 100.0);
         NoisePlace place = NoisePlaceMake(PlaceFromDegrees(c.dLat, c.dLon));
-        const Noise tbl = NoiseAtmosphericGet(*pIono, place, c.nLabel, c.dFrequency);
-        EXPECT_NEAR(tbl.dFa, c.dFa, 0.001);
-        EXPECT_NEAR(tbl.dUpper, c.dUpper, 0.001);
-        EXPECT_NEAR(tbl.dLower, c.dLower, 0.001);
+        const Noise noise = NoiseAtmosphericGet(*pIono, place, c.nLabel, c.dFrequency);
+        EXPECT_NEAR(noise.dFa, c.dFa, 0.001);
+        EXPECT_NEAR(noise.dUpper, c.dUpper, 0.001);
+        EXPECT_NEAR(noise.dLower, c.dLower, 0.001);
     }
 }
 
@@ -264,16 +264,17 @@ TEST(Reliability, ClassLimitsBelongToTheLowerClass)
 
 TEST(Antenna, GainIsInterpolatedAndClamped)
 {
-    Antenna tbl;
-    for (std::size_t i = 0; i < tbl.aGain.size(); ++i) tbl.aGain[i] = static_cast<double>(i) / 10.0;
-    EXPECT_NEAR(AntennaGainGet(&tbl, 4.5 * kRadians), 0.45, 1e-9);
-    EXPECT_NEAR(AntennaGainGet(&tbl, 2.0), 9.0, 1e-9);
-    EXPECT_NEAR(AntennaGainGet(&tbl, -0.1), 0.0, 1e-9);
+    Antenna antenna;
+    for (std::size_t i = 0; i < antenna.aGain.size(); ++i)
+        antenna.aGain[i] = static_cast<double>(i) / 10.0;
+    EXPECT_NEAR(AntennaGainGet(&antenna, 4.5 * kRadians), 0.45, 1e-9);
+    EXPECT_NEAR(AntennaGainGet(&antenna, 2.0), 9.0, 1e-9);
+    EXPECT_NEAR(AntennaGainGet(&antenna, -0.1), 0.0, 1e-9);
     EXPECT_EQ(AntennaGainGet(nullptr, 0.3), 0.0);
-    EXPECT_EQ(AntennaLowGet(&tbl, 3.0).nDegrees, 8);
-    EXPECT_EQ(AntennaLowGet(&tbl, 20.0).nDegrees, 20);
-    tbl.aGain.fill(1.0);
-    EXPECT_EQ(AntennaLowGet(&tbl, 3.0).nDegrees, 3);
+    EXPECT_EQ(AntennaLowGet(&antenna, 3.0).nDegrees, 8);
+    EXPECT_EQ(AntennaLowGet(&antenna, 20.0).nDegrees, 20);
+    antenna.aGain.fill(1.0);
+    EXPECT_EQ(AntennaLowGet(&antenna, 3.0).nDegrees, 3);
 }
 
 // On a path with several modes: every mode has the gain at its own angle.
@@ -312,10 +313,11 @@ TEST(Antenna, GainsCountAtTheRaysElevation)
     circuit.pRx = &rx;
     PathFill(*pPath, *pIono, circuit);
     HourFill(*pHour, *pPath, 12);
-    Prediction tbl;
-    PredictionFill(tbl, *pHour, 7.0);
-    EXPECT_NEAR(tbl.dField, 10.0 * std::log10(dField), 1e-6);
-    EXPECT_NEAR(tbl.dPower, 10.0 * std::log10(dReceived) - 20.0 * std::log10(7.0) - 107.2, 1e-6);
+    Prediction prediction;
+    PredictionFill(prediction, *pHour, 7.0);
+    EXPECT_NEAR(prediction.dField, 10.0 * std::log10(dField), 1e-6);
+    EXPECT_NEAR(prediction.dPower, 10.0 * std::log10(dReceived) - 20.0 * std::log10(7.0) - 107.2,
+                1e-6);
 }
 
 TEST(AuroralLoss, ColumnsIncludeTheirFirstHour)

@@ -341,17 +341,17 @@ TEST(PointOutput, AgreesWithTheTableOfCircuitsToThePrintedDigit)
         sDeck.replace(nAt, 17, sPlace);
         const auto resDeck = PointDeckRead(sDeck);
         ASSERT_TRUE(resDeck) << resDeck.TextGet();
-        const auto& tbl = resDeck.ValueGet();
+        const auto& deck = resDeck.ValueGet();
         std::string sTable = kHead;
         for (int nHour = 1; nHour <= 24; ++nHour)
-            for (const double dFrequency : tbl.aFrequencies)
-                sTable += "x,38,-122," + NumberToText(tbl.dRxLat) + "," + NumberToText(tbl.dRxLon)
-                          + ",SHORT," + NumberToText(tbl.common.nMonth) + ","
-                          + NumberToText(tbl.common.dSsn) + ","
-                          + NumberToText(tbl.dPowerKw * 1000.0) + ","
-                          + NumberToText(tbl.common.dNoise) + ","
-                          + NumberToText(tbl.common.dRequiredSnr) + ","
-                          + NumberToText(tbl.common.dReliability) + "," + NumberToText(nHour) + ","
+            for (const double dFrequency : deck.aFrequencies)
+                sTable += "x,38,-122," + NumberToText(deck.dRxLat) + "," + NumberToText(deck.dRxLon)
+                          + ",SHORT," + NumberToText(deck.common.nMonth) + ","
+                          + NumberToText(deck.common.dSsn) + ","
+                          + NumberToText(deck.dPowerKw * 1000.0) + ","
+                          + NumberToText(deck.common.dNoise) + ","
+                          + NumberToText(deck.common.dRequiredSnr) + ","
+                          + NumberToText(deck.common.dReliability) + "," + NumberToText(nHour) + ","
                           + NumberToText(dFrequency) + "\n";
         const auto resTable =
             run533::CircuitTableMake(sTable, Behaviour::Best, rec533::MapSet::Mean);
@@ -362,10 +362,10 @@ TEST(PointOutput, AgreesWithTheTableOfCircuitsToThePrintedDigit)
         const auto aRatios = RowsOf(sPage, "S/N ");
         ASSERT_EQ(aFields.size(), 24u);
         for (std::size_t i = 0; i < 24; ++i) {
-            for (std::size_t k = 0; k < tbl.aFrequencies.size(); ++k) {
+            for (std::size_t k = 0; k < deck.aFrequencies.size(); ++k) {
                 const std::size_t nHour = (i + 23) % 24;  // the page begins with 24
                 std::vector<std::string> aCells;
-                std::stringstream stm(aRows[1 + nHour * tbl.aFrequencies.size() + k]);
+                std::stringstream stm(aRows[1 + nHour * deck.aFrequencies.size() + k]);
                 for (std::string sCell; std::getline(stm, sCell, ',');) aCells.push_back(sCell);
                 const auto nCol = static_cast<int>(6 + 5 * k);
                 const double dField = std::clamp(std::stod(aCells[29]), -999.0, 9999.0);

@@ -34,10 +34,10 @@ TEST(Rec533Program, RunsEveryPointToPointDeck)
     for (int n = 1; n <= 13; ++n) {
         tmp.Write("RUN/sound.dat", PointDeckOf(n));
         fs::remove(tmp.Path("RUN/sound.out"));
-        const ProgramResult tbl =
+        const ProgramResult programResult =
             EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out");
-        EXPECT_EQ(tbl.nStatus, 0) << n;
-        EXPECT_EQ(tbl.sError, "");
+        EXPECT_EQ(programResult.nStatus, 0) << n;
+        EXPECT_EQ(programResult.sError, "");
         EXPECT_NE(BytesRead(tmp.Path("RUN/sound.out")).find("\n End-of-Run\n"), std::string::npos)
             << n;
         EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 2u);
@@ -50,9 +50,9 @@ TEST(Rec533Program, RunsEveryAreaDeck)
     for (int n = 1; n <= 5; ++n) {
         tmp.Write("areadata/working.rec", DeckOf("area_0" + std::to_string(n) + ".rec"));
         fs::remove(tmp.Path("areadata/working.rg1"));
-        const ProgramResult tbl =
+        const ProgramResult programResult =
             EngineRun("rec533w.exe", "'" + tmp.Path() + "' AREA CALC working.rec");
-        EXPECT_EQ(tbl.nStatus, 0) << tbl.sError;
+        EXPECT_EQ(programResult.nStatus, 0) << programResult.sError;
         const std::string sGrid = BytesRead(tmp.Path("areadata/working.rg1"));
         const std::ptrdiff_t nPoints = n == 2 || n == 4 ? 121 : 1600;
         EXPECT_EQ(std::count(sGrid.begin(), sGrid.end(), '\n'), nPoints + 3);
@@ -73,9 +73,10 @@ TEST(Rec533Program, ABadDeckIsOneLineStatus2AndNoOutput)
     TempFolder tmp;
     std::string sDeck = DeckOf("p2p_01.dat");
     tmp.Write("RUN/sound.dat", sDeck.replace(sDeck.find("170.0"), 5, "1x0.0"));
-    const ProgramResult tbl = EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out");
-    EXPECT_EQ(tbl.nStatus, 2);
-    EXPECT_EQ(tbl.sError,
+    const ProgramResult programResult =
+        EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out");
+    EXPECT_EQ(programResult.nStatus, 2);
+    EXPECT_EQ(programResult.sError,
               "rec533w: sound.dat, SUNSPOT, columns 11-15: \"1x0.0\" is not a number\n");
     EXPECT_FALSE(fs::exists(tmp.Path("RUN/sound.out")));
     EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 1u);
@@ -98,12 +99,13 @@ ProgramResult SlotRun(const TempFolder& tmp, const Slot& c, const std::string& s
 }
 
 // One line, status 2, nothing written.
-void ExpectRefused(const TempFolder& tmp, const Slot& c, const ProgramResult& tbl,
+void ExpectRefused(const TempFolder& tmp, const Slot& c, const ProgramResult& programResult,
                    const std::string& sWhy)
 {
-    EXPECT_EQ(tbl.nStatus, 2) << sWhy;
-    EXPECT_EQ(std::count(tbl.sError.begin(), tbl.sError.end(), '\n'), 1) << tbl.sError;
-    EXPECT_NE(tbl.sError.find(sWhy), std::string::npos) << tbl.sError;
+    EXPECT_EQ(programResult.nStatus, 2) << sWhy;
+    EXPECT_EQ(std::count(programResult.sError.begin(), programResult.sError.end(), '\n'), 1)
+        << programResult.sError;
+    EXPECT_NE(programResult.sError.find(sWhy), std::string::npos) << programResult.sError;
     EXPECT_EQ(FilesBelow(fs::path(tmp.Path(c.sDeckFile)).parent_path().string()), 1u) << sWhy;
 }
 
@@ -178,10 +180,11 @@ TEST(Rec533Program, ADeckThatIsNamedAsTheOutputTooIsKept)
 TEST(Rec533Program, AMissingAreaDeckIsToldWithTheReason)
 {
     TempFolder tmp;
-    const ProgramResult tbl = SlotRun(tmp, kAreaSlot);
-    EXPECT_EQ(tbl.nStatus, 2);
-    EXPECT_EQ(std::count(tbl.sError.begin(), tbl.sError.end(), '\n'), 1) << tbl.sError;
-    EXPECT_NE(tbl.sError.find("not found"), std::string::npos) << tbl.sError;
+    const ProgramResult programResult = SlotRun(tmp, kAreaSlot);
+    EXPECT_EQ(programResult.nStatus, 2);
+    EXPECT_EQ(std::count(programResult.sError.begin(), programResult.sError.end(), '\n'), 1)
+        << programResult.sError;
+    EXPECT_NE(programResult.sError.find("not found"), std::string::npos) << programResult.sError;
 }
 
 TEST(Rec533Program, AMissingDeckOrFolderIsToldWithTheReason)
@@ -206,10 +209,10 @@ TEST(Rec533Program, AFolderThatTakesNoFileIsToldWithTheReason)
     TempFolder tmp;
     tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
     // The kernel's own tree takes no file, not even from the superuser.
-    const ProgramResult tbl = EngineRun(
+    const ProgramResult programResult = EngineRun(
         "rec533w.exe", "'" + tmp.Path() + "' sound.dat ../../../../../../../../proc/sound.out");
-    EXPECT_EQ(tbl.nStatus, 2);
-    EXPECT_EQ(std::count(tbl.sError.begin(), tbl.sError.end(), '\n'), 1);
+    EXPECT_EQ(programResult.nStatus, 2);
+    EXPECT_EQ(std::count(programResult.sError.begin(), programResult.sError.end(), '\n'), 1);
     fs::create_directory(tmp.Path("RUN/folder.out"));
     const ProgramResult folderResult =
         EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat folder.out");
@@ -223,10 +226,10 @@ TEST(Rec533Program, AFullDiskLeavesNoOutputAndNoRest)
     tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
     tmp.Write("RUN/sound.out", "old");
     // A limit on the size of files stands for the disk; the standard error is short enough.
-    const ProgramResult tbl = EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out",
-                                        "trap '' XFSZ; ulimit -f 4; ");
-    EXPECT_EQ(tbl.nStatus, 2);
-    EXPECT_NE(tbl.sError.find("Disk full"), std::string::npos) << tbl.sError;
+    const ProgramResult programResult = EngineRun(
+        "rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out", "trap '' XFSZ; ulimit -f 4; ");
+    EXPECT_EQ(programResult.nStatus, 2);
+    EXPECT_NE(programResult.sError.find("Disk full"), std::string::npos) << programResult.sError;
     EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 1u) << "the deck alone";
 }
 
@@ -239,9 +242,9 @@ TEST(Rec533Program, ALinkOrANamedPipeInThePlaceOfItsTemporaryFileIsReplaced)
         const std::string sPart = tmp.Path("RUN/sound.out.part");
         const std::string sBefore =
             sMake + (sMake[0] == 'l' ? sMine + "' '" : std::string()) + sPart + "'; timeout 10 ";
-        const ProgramResult tbl =
+        const ProgramResult programResult =
             EngineRun("rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out", sBefore);
-        EXPECT_EQ(tbl.nStatus, 0) << tbl.sError;
+        EXPECT_EQ(programResult.nStatus, 0) << programResult.sError;
         EXPECT_EQ(BytesRead(sMine), "kept");
         EXPECT_NE(BytesRead(tmp.Path("RUN/sound.out")).find("\n End-of-Run\n"), std::string::npos);
     }
@@ -325,9 +328,11 @@ TEST(P533Program, NeverOverwritesItsInput)
     const std::string sTable = tmp.Write("in.csv", "a table");
     fs::create_symlink(sTable, tmp.Path("link.csv"));
     for (const std::string& sOut : {sTable, tmp.Path() + "/./in.csv", tmp.Path("link.csv")}) {
-        const ProgramResult tbl = EngineRun("hopcast-p533", "'" + sTable + "' '" + sOut + "'");
-        EXPECT_EQ(tbl.nStatus, 2) << sOut;
-        EXPECT_NE(tbl.sError.find("is the input too"), std::string::npos) << tbl.sError;
+        const ProgramResult programResult =
+            EngineRun("hopcast-p533", "'" + sTable + "' '" + sOut + "'");
+        EXPECT_EQ(programResult.nStatus, 2) << sOut;
+        EXPECT_NE(programResult.sError.find("is the input too"), std::string::npos)
+            << programResult.sError;
         EXPECT_EQ(BytesRead(sTable), "a table");
     }
 }

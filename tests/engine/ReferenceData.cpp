@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 #include <fstream>
 
@@ -62,21 +64,21 @@ void CircuitRun::Go(const std::string& sId, int nLabel)
         const auto fnNumber = [&](const char* sName) {
             return m_tblCircuits.NumberGet(nRow, sName);
         };
-        rec533::Circuit tbl = CircuitOf(fnNumber("tx_lat"), fnNumber("tx_lon"), fnNumber("rx_lat"),
-                                        fnNumber("rx_lon"));
-        tbl.bLongWay = m_tblCircuits.TextGet(nRow, "path") == "LONG";
-        tbl.dPowerKw = fnNumber("pwr_w") / 1000.0;
+        rec533::Circuit circuit = CircuitOf(fnNumber("tx_lat"), fnNumber("tx_lon"),
+                                            fnNumber("rx_lat"), fnNumber("rx_lon"));
+        circuit.bLongWay = m_tblCircuits.TextGet(nRow, "path") == "LONG";
+        circuit.dPowerKw = fnNumber("pwr_w") / 1000.0;
         const std::array<std::string, 6> aNoise{"CITY",       "RESIDENTIAL", "RURAL",
                                                 "QUIETRURAL", "QUIET",       "NOISY"};
-        tbl.dNoiseLevel = fnNumber("noise");
+        circuit.dNoiseLevel = fnNumber("noise");
         for (std::size_t i = 0; i < aNoise.size(); ++i)
             if (m_tblCircuits.TextGet(nRow, "noise") == aNoise[i])
-                tbl.eNoise = static_cast<rec533::NoiseCategory>(i);
-        tbl.dRequiredSnr = fnNumber("req_snr");
-        tbl.dRequiredReliability = fnNumber("req_rel");
+                circuit.eNoise = static_cast<rec533::NoiseCategory>(i);
+        circuit.dRequiredSnr = fnNumber("req_snr");
+        circuit.dRequiredReliability = fnNumber("req_rel");
         IonosphereFill(m_tblIonosphere, m_eBehaviour, m_eMaps,
                        m_tblCircuits.IntegerGet(nRow, "month"), fnNumber("ssn"));
-        PathFill(m_tblPath, m_tblIonosphere, tbl);
+        PathFill(m_tblPath, m_tblIonosphere, circuit);
     }
     if (sId != m_sId || nLabel != m_nLabel)
         HourFill(m_tblHour, m_tblPath, nLabel);
@@ -86,9 +88,9 @@ void CircuitRun::Go(const std::string& sId, int nLabel)
 
 rec533::Prediction CircuitRun::PredictionGet(double dFrequency)
 {
-    rec533::Prediction tbl;
-    PredictionFill(tbl, m_tblHour, dFrequency);
-    return tbl;
+    rec533::Prediction prediction;
+    PredictionFill(prediction, m_tblHour, dFrequency);
+    return prediction;
 }
 
 std::string ModeName(int nHops, bool bE)
@@ -98,10 +100,26 @@ std::string ModeName(int nHops, bool bE)
 
 rec533::Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon)
 {
-    rec533::Circuit tbl;
-    tbl.dTxLat = dTxLat;
-    tbl.dTxLon = dTxLon;
-    tbl.dRxLat = dRxLat;
-    tbl.dRxLon = dRxLon;
-    return tbl;
+    rec533::Circuit circuit;
+    circuit.dTxLat = dTxLat;
+    circuit.dTxLon = dTxLon;
+    circuit.dRxLat = dRxLat;
+    circuit.dRxLon = dRxLon;
+    return circuit;
+}
+
+rec533::Circuit CircuitEndAt(rec533::Circuit circuit, double dBearing, double dKm)
+{
+    const double dLat = circuit.dTxLat * rec533::kRadians;
+    const double dB = dBearing * rec533::kRadians;
+    const double dA = dKm / rec533::kEarthKm;
+    const double dSin =
+        std::sin(dLat) * std::cos(dA) + std::cos(dLat) * std::sin(dA) * std::cos(dB);
+    const double dEnd = std::asin(std::clamp(dSin, -1.0, 1.0));
+    const double dTurn = std::atan2(std::sin(dB) * std::sin(dA) * std::cos(dLat),
+                                    std::cos(dA) - std::sin(dLat) * std::sin(dEnd));
+    circuit.dRxLat = dEnd * rec533::kDegrees;
+    circuit.dRxLon = std::remainder(circuit.dTxLon + dTurn * rec533::kDegrees, 360.0);
+    circuit.bLongWay = dKm > rec533::kPi * rec533::kEarthKm;
+    return circuit;
 }

@@ -51,3 +51,7 @@ private:
 
 /// A circuit between two places (degrees), all else as it is by default.
 [[nodiscard]] rec533::Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon);
+/// The circuit with its receiver at the end of a great circle that leaves the transmitter; beyond
+/// half the way round the earth it is the long way.
+/// @param dBearing  degrees
+[[nodiscard]] rec533::Circuit CircuitEndAt(rec533::Circuit circuit, double dBearing, double dKm);

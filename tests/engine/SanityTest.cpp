@@ -20,9 +20,9 @@ struct Bench {
     std::unique_ptr<Path> pPath = std::make_unique<Path>();
     std::unique_ptr<Hour> pHour = std::make_unique<Hour>();
 
-    Prediction Run(const Circuit& tbl, int nLabel, double dFrequency)
+    Prediction Run(const Circuit& circuit, int nLabel, double dFrequency)
     {
-        PathFill(*pPath, *pIono, tbl);
+        PathFill(*pPath, *pIono, circuit);
         HourFill(*pHour, *pPath, nLabel);
         Prediction prediction;
         PredictionFill(prediction, *pHour, dFrequency);
@@ -30,27 +30,13 @@ struct Bench {
     }
 };
 
-// The end of a great circle of dKm that leaves a place at a bearing (degrees).
-void EndGet(Circuit& tbl, double dBearing, double dKm)
-{
-    const double dLat = tbl.dTxLat * kRadians;
-    const double dB = dBearing * kRadians;
-    const double dA = dKm / kEarthKm;
-    const double dSin =
-        std::sin(dLat) * std::cos(dA) + std::cos(dLat) * std::sin(dA) * std::cos(dB);
-    const double dEnd = std::asin(std::clamp(dSin, -1.0, 1.0));
-    const double dTurn = std::atan2(std::sin(dB) * std::sin(dA) * std::cos(dLat),
-                                    std::cos(dA) - std::sin(dLat) * std::sin(dEnd));
-    tbl.dRxLat = dEnd * kDegrees;
-    tbl.dRxLon = std::remainder(tbl.dTxLon + dTurn * kDegrees, 360.0);
-}
-
-bool AllFinite(const Hour& hour, const Prediction& tbl)
+bool AllFinite(const Hour& hour, const Prediction& prediction)
 {
     for (const double d :
          {hour.dMuf, hour.dMuf10, hour.dMuf90, hour.dOperational, hour.dOperational10,
-          hour.dOperational90, tbl.dField, tbl.dPower, tbl.dElevation, tbl.dSnr, tbl.dSnrUpper,
-          tbl.dSnrLower, tbl.dSnrExceeded, tbl.dReliability})
+          hour.dOperational90, prediction.dField, prediction.dPower, prediction.dElevation,
+          prediction.dSnr, prediction.dSnrUpper, prediction.dSnrLower, prediction.dSnrExceeded,
+          prediction.dReliability})
         if (!std::isfinite(d))
             return false;
     return true;
@@ -65,11 +51,11 @@ TEST_P(RandomSweep, GivesNumbersEverywhere)
     const auto fnDraw = [&](double dLow, double dHigh) {
         return std::uniform_real_distribution<double>(dLow, dHigh)(rng);
     };
-    Bench tbl;
+    Bench bench;
     for (int i = 0; i < 25000; ++i) {
         const int nMonth = static_cast<int>(fnDraw(1.0, 12.9999));
         if (i % 50 == 0)
-            IonosphereFill(*tbl.pIono, static_cast<Behaviour>(i / 50 % 3),
+            IonosphereFill(*bench.pIono, static_cast<Behaviour>(i / 50 % 3),
                            static_cast<MapSet>(i / 150 % 3), nMonth, fnDraw(0.0, 311.0));
         Circuit circuit = CircuitOf(fnDraw(-90.0, 90.0), fnDraw(-180.0, 180.0), fnDraw(-90.0, 90.0),
                                     fnDraw(-180.0, 180.0));
@@ -79,8 +65,8 @@ TEST_P(RandomSweep, GivesNumbersEverywhere)
         circuit.dRequiredReliability = fnDraw(-50.0, 150.0);
         circuit.dLeastElevation = fnDraw(-5.0, 95.0) * (i % 2);
         const int nLabel = static_cast<int>(fnDraw(1.0, 24.9999));
-        const Prediction prediction = tbl.Run(circuit, nLabel, fnDraw(0.1, 45.0));
-        ASSERT_TRUE(AllFinite(*tbl.pHour, prediction))
+        const Prediction prediction = bench.Run(circuit, nLabel, fnDraw(0.1, 45.0));
+        ASSERT_TRUE(AllFinite(*bench.pHour, prediction))
             << circuit.dTxLat << " " << circuit.dTxLon << " to " << circuit.dRxLat << " "
             << circuit.dRxLon << (circuit.bLongWay ? " long" : "") << " at " << nLabel;
         ASSERT_GE(prediction.dReliability, 0.0);
@@ -91,11 +77,11 @@ INSTANTIATE_TEST_SUITE_P(Shares, RandomSweep, testing::Range(0, 8));
 
 TEST(Sanity, PolesAntipodesAndOnePlaceGiveNumbers)
 {
-    Bench tbl;
+    Bench bench;
     for (const Behaviour eBehaviour :
          {Behaviour::Reference, Behaviour::Corrected, Behaviour::Best}) {
         for (const int nMonth : {1, 6}) {
-            IonosphereFill(*tbl.pIono, eBehaviour, MapSet::Ursi, nMonth, 0.0);
+            IonosphereFill(*bench.pIono, eBehaviour, MapSet::Ursi, nMonth, 0.0);
             for (const Circuit& circuit :
                  {CircuitOf(90, 0, -90, 0), CircuitOf(90, 50, 89.9, 10),
                   CircuitOf(-90, 0, -77.85, 166.67), CircuitOf(10, 20, -10, -160),
@@ -103,7 +89,7 @@ TEST(Sanity, PolesAntipodesAndOnePlaceGiveNumbers)
                   CircuitOf(90, 0, 90, 0), CircuitOf(0, 180, 0, -180)}) {
                 for (int nLabel = 1; nLabel <= 24; ++nLabel)
                     for (const double dFrequency : {1.0, 7.0, 29.0})
-                        ASSERT_TRUE(AllFinite(*tbl.pHour, tbl.Run(circuit, nLabel, dFrequency)))
+                        ASSERT_TRUE(AllFinite(*bench.pHour, bench.Run(circuit, nLabel, dFrequency)))
                             << circuit.dTxLat << " to " << circuit.dRxLat << " " << circuit.dRxLon;
             }
         }
@@ -114,18 +100,18 @@ TEST(Sanity, ReverseHasTheSameDistanceAndMuf)
 {
     std::mt19937 rng(7);
     std::uniform_real_distribution<double> draw(-1.0, 1.0);
-    Bench tbl;
-    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ccir, 3, 120.0);
+    Bench bench;
+    IonosphereFill(*bench.pIono, Behaviour::Best, MapSet::Ccir, 3, 120.0);
     for (int i = 0; i < 300; ++i) {
         const Circuit there =
             CircuitOf(90 * draw(rng), 180 * draw(rng), 90 * draw(rng), 180 * draw(rng));
         const Circuit back = CircuitOf(there.dRxLat, there.dRxLon, there.dTxLat, there.dTxLon);
-        tbl.Run(there, 1 + i % 24, 14.0);
-        const double dKm = tbl.pPath->way.dKm;
-        const double dMuf = tbl.pHour->dMuf;
-        tbl.Run(back, 1 + i % 24, 14.0);
-        EXPECT_NEAR(tbl.pPath->way.dKm, dKm, 1e-6);
-        EXPECT_NEAR(tbl.pHour->dMuf, dMuf, 1e-6);
+        bench.Run(there, 1 + i % 24, 14.0);
+        const double dKm = bench.pPath->way.dKm;
+        const double dMuf = bench.pHour->dMuf;
+        bench.Run(back, 1 + i % 24, 14.0);
+        EXPECT_NEAR(bench.pPath->way.dKm, dKm, 1e-6);
+        EXPECT_NEAR(bench.pHour->dMuf, dMuf, 1e-6);
     }
 }
 
@@ -142,14 +128,14 @@ TEST(Sanity, NothingJumpsAtTheDateLineTheEquatorAndGreenwich)
         {"Greenwich", CircuitOf(40, 20, 50, kBit), CircuitOf(40, 20, 50, -kBit)},
         {"equator", CircuitOf(30, 20, kBit, 10), CircuitOf(30, 20, -kBit, 10)},
     };
-    Bench tbl;
-    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ursi, 5, 70.0);
+    Bench bench;
+    IonosphereFill(*bench.pIono, Behaviour::Best, MapSet::Ursi, 5, 70.0);
     for (const Border& c : aBorders) {
         for (int nLabel = 1; nLabel <= 24; ++nLabel) {
-            const Prediction one = tbl.Run(c.one, nLabel, 10.0);
-            const double dMuf = tbl.pHour->dMuf;
-            const Prediction other = tbl.Run(c.other, nLabel, 10.0);
-            EXPECT_NEAR(dMuf, tbl.pHour->dMuf, 0.001) << c.sName;
+            const Prediction one = bench.Run(c.one, nLabel, 10.0);
+            const double dMuf = bench.pHour->dMuf;
+            const Prediction other = bench.Run(c.other, nLabel, 10.0);
+            EXPECT_NEAR(dMuf, bench.pHour->dMuf, 0.001) << c.sName;
             EXPECT_NEAR(one.dField, other.dField, 0.01) << c.sName << " " << nLabel;
         }
     }
@@ -159,11 +145,11 @@ TEST(Sanity, NothingJumpsAtTheDateLineTheEquatorAndGreenwich)
 std::vector<int> HopsOf(const Path& path, const Hour& hour)
 {
     std::vector<int> aHops;
-    const auto fnAdd = [&](const WayPath& way, const WayHour& tbl) {
-        aHops.push_back(tbl.nOrderF2);
+    const auto fnAdd = [&](const WayPath& way, const WayHour& wayHour) {
+        aHops.push_back(wayHour.nOrderF2);
         aHops.push_back(way.longPath.nHops);
-        for (int i = 0; i < tbl.nModes; ++i)
-            aHops.push_back(tbl.aModes[static_cast<std::size_t>(i)].bReaches ? 1 : 0);
+        for (int i = 0; i < wayHour.nModes; ++i)
+            aHops.push_back(wayHour.aModes[static_cast<std::size_t>(i)].bReaches ? 1 : 0);
     };
     fnAdd(path, hour);
     for (std::size_t i = 0; i < path.nBent; ++i) fnAdd(path.aBent[i], hour.aBent[i]);
@@ -178,26 +164,23 @@ std::vector<double> StepsGet(double dNearKm, double dFarKm)
 {
     std::mt19937 rng(11);
     std::uniform_real_distribution<double> draw(-1.0, 1.0);
-    Bench tbl;
-    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Mean, 10, 100.0);
+    Bench bench;
+    IonosphereFill(*bench.pIono, Behaviour::Best, MapSet::Mean, 10, 100.0);
     std::vector<double> aSteps;
     int nDrawn = 0;
     while (aSteps.size() < 40 && nDrawn < 1000) {
         ++nDrawn;
-        Circuit near = CircuitOf(80 * draw(rng), 180 * draw(rng), 0, 0);
-        Circuit far = near;
+        const Circuit from = CircuitOf(80 * draw(rng), 180 * draw(rng), 0, 0);
         const double dBearing = 180.0 * draw(rng);
-        EndGet(near, dBearing, dNearKm);
-        EndGet(far, dBearing, dFarKm);
-        near.bLongWay = dNearKm > kPi * kEarthKm;
-        far.bLongWay = dFarKm > kPi * kEarthKm;
+        const Circuit near = CircuitEndAt(from, dBearing, dNearKm);
+        const Circuit far = CircuitEndAt(from, dBearing, dFarKm);
         const int nLabel = 1 + static_cast<int>(aSteps.size()) % 24;
         constexpr double kFrequencies[]{7.0, 12.0, 20.0};
         const double dFrequency = kFrequencies[aSteps.size() % 3];
-        const double dNear = tbl.Run(near, nLabel, dFrequency).dField;
-        const auto aHops = HopsOf(*tbl.pPath, *tbl.pHour);
-        const double dFar = tbl.Run(far, nLabel, dFrequency).dField;
-        auto aHopsFar = HopsOf(*tbl.pPath, *tbl.pHour);
+        const double dNear = bench.Run(near, nLabel, dFrequency).dField;
+        const auto aHops = HopsOf(*bench.pPath, *bench.pHour);
+        const double dFar = bench.Run(far, nLabel, dFrequency).dField;
+        auto aHopsFar = HopsOf(*bench.pPath, *bench.pHour);
         if (aHops.size() < aHopsFar.size())
             aHopsFar.resize(aHops.size());  // the bent ways begin
         if (aHops == aHopsFar && (dNear > -100.0 || dNearKm > kShortOnly))
@@ -232,15 +215,15 @@ TEST(Sanity, NothingJumpsAtTheAntipode)
 
 TEST(Sanity, FieldDoesNotDependOnWhichHoursCameBefore)
 {
-    Bench tbl;
-    IonosphereFill(*tbl.pIono, Behaviour::Best, MapSet::Ccir, 7, 100.0);
+    Bench bench;
+    IonosphereFill(*bench.pIono, Behaviour::Best, MapSet::Ccir, 7, 100.0);
     const Circuit circuit = CircuitOf(50, 0, 10, 60);
-    const double dAlone = tbl.Run(circuit, 17, 15.0).dField;
+    const double dAlone = bench.Run(circuit, 17, 15.0).dField;
     Prediction prediction;
     for (int nLabel = 1; nLabel <= 17; ++nLabel) {
-        HourFill(*tbl.pHour, *tbl.pPath, nLabel);
+        HourFill(*bench.pHour, *bench.pPath, nLabel);
         for (const double dFrequency : {3.0, 30.0, 15.0})
-            PredictionFill(prediction, *tbl.pHour, dFrequency);
+            PredictionFill(prediction, *bench.pHour, dFrequency);
     }
     EXPECT_EQ(prediction.dField, dAlone);
 }

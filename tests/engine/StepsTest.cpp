@@ -87,19 +87,19 @@ public:
     {
         IonosphereFill(*m_pIono, Behaviour::Best, MapSet::Mean, nMonth, dSsn);
     }
-    double FieldGet(const Circuit& tbl)
+    double FieldGet(const Circuit& circuit)
     {
-        Run(tbl);
+        Run(circuit);
         return m_tblRows.aField[0];
     }
-    double DistanceGet(const Circuit& tbl)
+    double DistanceGet(const Circuit& circuit)
     {
-        Run(tbl);
+        Run(circuit);
         return m_pPath->way.dKm;
     }
-    Parts PartsGet(const Circuit& tbl)
+    Parts PartsGet(const Circuit& circuit)
     {
-        Run(tbl);
+        Run(circuit);
         Parts parts;
         PathAdd(parts);
         WayAdd(parts, *m_pHour, 0);
@@ -121,9 +121,9 @@ public:
     }
 
 private:
-    void Run(const Circuit& tbl)
+    void Run(const Circuit& circuit)
     {
-        PathFill(*m_pPath, *m_pIono, tbl, m_nLabel);
+        PathFill(*m_pPath, *m_pIono, circuit, m_nLabel);
         HourFill(*m_pHour, *m_pPath, m_nLabel);
         FrequencySetFill(m_tblSet, *m_pIono, m_pPath->circuit, {&m_dFrequency, 1},
                          NoiseBlocksOf(m_pHour->noise));
@@ -131,9 +131,9 @@ private:
     }
     using Middles = std::array<std::array<double, 3>, 3>;
     // The middles of the ways, as vectors.
-    Middles MiddlesGet(const Circuit& tbl)
+    Middles MiddlesGet(const Circuit& circuit)
     {
-        Run(tbl);
+        Run(circuit);
         const auto fnVector = [](const Place& p) {
             return std::array{p.dCosLat * p.dCosLon, p.dCosLat * p.dSinLon, p.dSinLat};
         };
@@ -165,31 +165,31 @@ private:
             parts[{static_cast<int>(Term::Distance), 0, 0, i}] =
                 dKm > m_pHour->dRangeMost ? 1.0 : 0.0;
     }
-    void WayAdd(Parts& parts, const WayHour& tbl, std::size_t iWay) const
+    void WayAdd(Parts& parts, const WayHour& wayHour, std::size_t iWay) const
     {
-        const LongPath& longPath = tbl.pWay->longPath;
+        const LongPath& longPath = wayHour.pWay->longPath;
         const auto fnAdd = [&](Term eTerm, int nNumber, double dValue) {
             parts[{static_cast<int>(eTerm), static_cast<int>(iWay), -1, nNumber}] = dValue;
         };
-        fnAdd(Term::Hops, 0, tbl.nOrderF2);
-        fnAdd(Term::Hops, 1, tbl.nOrderE);
-        fnAdd(Term::Hops, 2, tbl.nModes);
-        fnAdd(Term::Height, 0, tbl.dHeightF2);
-        fnAdd(Term::Foe, 0, tbl.dFoeModes);
-        fnAdd(Term::Foe, 1, tbl.mid.dFoe);
-        if (tbl.pWay->bHopSum) {
+        fnAdd(Term::Hops, 0, wayHour.nOrderF2);
+        fnAdd(Term::Hops, 1, wayHour.nOrderE);
+        fnAdd(Term::Hops, 2, wayHour.nModes);
+        fnAdd(Term::Height, 0, wayHour.dHeightF2);
+        fnAdd(Term::Foe, 0, wayHour.dFoeModes);
+        fnAdd(Term::Foe, 1, wayHour.mid.dFoe);
+        if (wayHour.pWay->bHopSum) {
             const auto nHour = static_cast<std::size_t>(MapHourGet(m_nLabel));
             fnAdd(Term::LongHops, 0, longPath.nHops);
             fnAdd(Term::LowHops, 0, longPath.nLowHops);
             fnAdd(Term::Noon, 0, longPath.aRatio[0][nHour]);
             fnAdd(Term::Noon, 1, longPath.aRatio[1][nHour]);
-            fnAdd(Term::Evening, 0, tbl.longPath.dLower);
+            fnAdd(Term::Evening, 0, wayHour.longPath.dLower);
         }
-        for (int i = 0; i < tbl.nModes; ++i) ModeAdd(parts, tbl, iWay, i);
+        for (int i = 0; i < wayHour.nModes; ++i) ModeAdd(parts, wayHour, iWay, i);
     }
-    void ModeAdd(Parts& parts, const WayHour& tbl, std::size_t iWay, int iMode) const
+    void ModeAdd(Parts& parts, const WayHour& wayHour, std::size_t iWay, int iMode) const
     {
-        const Mode& mode = tbl.aModes[static_cast<std::size_t>(iMode)];
+        const Mode& mode = wayHour.aModes[static_cast<std::size_t>(iMode)];
         const auto fnAdd = [&](Term eTerm, int nNumber, double dValue) {
             parts[{static_cast<int>(eTerm), static_cast<int>(iWay), iMode, nNumber}] = dValue;
         };
@@ -203,7 +203,7 @@ private:
         if (mode.nCrossing < 0 || dUsed == 0.0)
             return;
         for (int i = 0; i < 2 * mode.nHops; ++i) {
-            const Crossing& crs = tbl.aCrossings[static_cast<std::size_t>(mode.nCrossing + i)];
+            const Crossing& crs = wayHour.aCrossings[static_cast<std::size_t>(mode.nCrossing + i)];
             fnAdd(Term::Foe, 1 + i, crs.dFoe);
             fnAdd(Term::Exponent, i, crs.dWeight);
             fnAdd(Term::Penetration, i, m_dFrequency * mode.dCosIncidence > crs.dFoe ? 1.0 : 0.0);
@@ -229,23 +229,6 @@ Term TermOf(const Parts& partsA, const Parts& partsB)
             return static_cast<Term>(aKey[0]);
     }
     return Term::None;
-}
-
-// The end of a great circle of dKm that leaves the transmitter at a bearing, degrees.
-Circuit EndAt(Circuit tbl, double dBearing, double dKm)
-{
-    const double dLat = tbl.dTxLat * kRadians;
-    const double dB = dBearing * kRadians;
-    const double dA = dKm / kEarthKm;
-    const double dSin =
-        std::sin(dLat) * std::cos(dA) + std::cos(dLat) * std::sin(dA) * std::cos(dB);
-    const double dEnd = std::asin(std::clamp(dSin, -1.0, 1.0));
-    const double dTurn = std::atan2(std::sin(dB) * std::sin(dA) * std::cos(dLat),
-                                    std::cos(dA) - std::sin(dLat) * std::sin(dEnd));
-    tbl.dRxLat = dEnd * kDegrees;
-    tbl.dRxLon = std::remainder(tbl.dTxLon + dTurn * kDegrees, 360.0);
-    tbl.bLongWay = dKm > kPi * kEarthKm;
-    return tbl;
 }
 
 using PlaceFn = std::function<Circuit(double dKm)>;
@@ -309,21 +292,22 @@ private:
         }
         const double dLeft = std::abs(dFieldTo - dFieldFrom);
         const Circuit one = m_fnPlace(dFrom);
-        const Circuit tbl = m_fnPlace(dTo);
+        const Circuit circuit = m_fnPlace(dTo);
         const Term eTerm = dLeft >= 0.1 * dWhole
-                               ? TermOf(m_bench.PartsGet(one), m_bench.PartsGet(tbl))
-                               : m_bench.SlopeGet(one, tbl, dTo - dFrom);
+                               ? TermOf(m_bench.PartsGet(one), m_bench.PartsGet(circuit))
+                               : m_bench.SlopeGet(one, circuit, dTo - dFrom);
         ASSERT_NE(eTerm, Term::None)
-            << "a step of " << dWhole << " dB (" << dLeft << ") without a name from " << tbl.dTxLat
-            << " " << tbl.dTxLon << " to " << tbl.dRxLat << " " << tbl.dRxLon;
+            << "a step of " << dWhole << " dB (" << dLeft << ") without a name from "
+            << circuit.dTxLat << " " << circuit.dTxLon << " to " << circuit.dRxLat << " "
+            << circuit.dRxLon;
         const auto iTerm = static_cast<std::size_t>(eTerm);
-        const std::size_t iBand = BandOf(m_bench.DistanceGet(tbl));
+        const std::size_t iBand = BandOf(m_bench.DistanceGet(circuit));
         ++m_found.nSteps;
         double& dMost = m_found.adMost[iTerm][iBand];
         dMost = std::max(dMost, dWhole);
         EXPECT_LE(dWhole, kTerms[iTerm].adMost[iBand])
-            << kTerms[iTerm].sName << " from " << tbl.dTxLat << " " << tbl.dTxLon << " to "
-            << tbl.dRxLat << " " << tbl.dRxLon;
+            << kTerms[iTerm].sName << " from " << circuit.dTxLat << " " << circuit.dTxLon << " to "
+            << circuit.dRxLat << " " << circuit.dRxLon;
     }
 
     Bench& m_bench;
@@ -370,7 +354,7 @@ TEST_P(StepsOfCircle, AreNamed)
     Bench bench(1 + (i * 5) % 12, 20.0 * (i % 8), 1 + (7 * i) % 24, kFrequencies[i % 5]);
     const Circuit tx = CircuitOf(-70.0 + 13.0 * i, 31.0 * i - 180.0, 0.0, 0.0);
     const double dBearing = 17.0 + 37.0 * i;
-    const auto fnPlace = [&](double dKm) { return EndAt(tx, dBearing, dKm); };
+    const auto fnPlace = [&](double dKm) { return CircuitEndAt(tx, dBearing, dKm); };
     Sweep(bench, fnPlace, found).Go(0.0, 39900.0);
     EXPECT_GE(found.nSpans, 3990);
     EXPECT_GT(found.nSteps, 0);
@@ -386,7 +370,9 @@ TEST(Steps, AreNamedWithTheAzimuth)
         Bench bench(4, 60.0, 9, 12.0);
         const Circuit tx = CircuitOf(47.0, 8.0, 0.0, 0.0);
         const double dAround = 2.0 * kPi * kEarthKm * std::sin(dKm / kEarthKm);
-        const auto fnPlace = [&](double dArc) { return EndAt(tx, 360.0 * dArc / dAround, dKm); };
+        const auto fnPlace = [&](double dArc) {
+            return CircuitEndAt(tx, 360.0 * dArc / dAround, dKm);
+        };
         Sweep(bench, fnPlace, found).Go(0.0, dAround);
     }
     Record(found);
@@ -399,7 +385,9 @@ TEST(Steps, AreNamedAcrossTheAntipode)
     for (int i = 0; i < 12; ++i) {
         Bench bench(1 + i, 12.0 * i, 2 * i + 1, 5.0 + 1.5 * i);
         const Circuit tx = CircuitOf(80.0 - 14.0 * i, 29.0 * i - 170.0, 0.0, 0.0);
-        const auto fnPlace = [&](double dKm) { return EndAt(tx, 30.0 * i, kAntipodeKm + dKm); };
+        const auto fnPlace = [&](double dKm) {
+            return CircuitEndAt(tx, 30.0 * i, kAntipodeKm + dKm);
+        };
         Sweep(bench, fnPlace, found).Go(-300.0, 300.0);
     }
     Record(found);

@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Variant{kSecond, "e_best2_ccir", Behaviour::Best, MapSet::Ccir},
                     Variant{kSecond, "e_best2_ursi", Behaviour::Best, MapSet::Ursi},
                     Variant{kSecond, "e_best2_mean", Behaviour::Best, MapSet::Mean}),
-    [](const auto& tbl) { return std::string(tbl.param.sColumn); });
+    [](const auto& column) { return std::string(column.param.sColumn); });
 
 // A unit of the tables' last digit, and what rounding adds.
 constexpr double kDigit = 0.00151;
@@ -74,11 +74,11 @@ private:
     std::size_t m_nRow = 0;
 };
 
-double WorstMost(const WayHour& tbl)
+double WorstMost(const WayHour& wayHour)
 {
     double dMost = 0.0;
-    for (int i = 0; i < tbl.nModes; ++i)
-        dMost = std::max(dMost, tbl.aModes[static_cast<std::size_t>(i)].dWorst);
+    for (int i = 0; i < wayHour.nModes; ++i)
+        dMost = std::max(dMost, wayHour.aModes[static_cast<std::size_t>(i)].dWorst);
     return dMost;
 }
 

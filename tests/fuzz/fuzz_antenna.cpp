@@ -30,10 +30,10 @@ void PredictionCheck(const rec533::Antenna& antenna, double dRxLat, double dRxLo
     circuit.pRx = &antenna;
     PathFill(*pPath, *pIonosphere, circuit);
     HourFill(*pHour, *pPath, 12);
-    rec533::Prediction tbl;
-    PredictionFill(tbl, *pHour, 10.0);
-    Check(std::isfinite(tbl.dField) && std::isfinite(tbl.dPower)
-          && std::isfinite(tbl.dSnrExceeded));
+    rec533::Prediction prediction;
+    PredictionFill(prediction, *pHour, 10.0);
+    Check(std::isfinite(prediction.dField) && std::isfinite(prediction.dPower)
+          && std::isfinite(prediction.dSnrExceeded));
 }
 
 }  // namespace

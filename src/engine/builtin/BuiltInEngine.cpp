@@ -83,21 +83,21 @@ Result<run533::AreaDeck> AreaRead(const AreaRequest& request, Failure& failure)
     return resDeck;
 }
 
-float SnrOfGrid(const rec533::Prediction& tbl, double dPowerShift)
+float SnrOfGrid(const rec533::Prediction& prediction, double dPowerShift)
 {
     constexpr int kWidth = 6;
     constexpr int kDecimals = 1;
     return PowerShiftSnr(static_cast<float>(run533::FieldValueGet(
-                             run533::GridValueClamp(tbl.dSnrExceeded), kWidth, kDecimals)),
+                             run533::GridValueClamp(prediction.dSnrExceeded), kWidth, kDecimals)),
                          dPowerShift);
 }
 
-AreaDay::Place PlaceOfGrid(const run533::GridPlace& tbl)
+AreaDay::Place PlaceOfGrid(const run533::GridPlace& gridPlace)
 {
     constexpr int kWidth = 10;
     constexpr int kDecimals = 4;
-    return {run533::FieldValueGet(tbl.dLat, kWidth, kDecimals),
-            run533::FieldValueGet(tbl.dLon, kWidth, kDecimals)};
+    return {run533::FieldValueGet(gridPlace.dLat, kWidth, kDecimals),
+            run533::FieldValueGet(gridPlace.dLon, kWidth, kDecimals)};
 }
 
 }  // namespace
@@ -105,15 +105,15 @@ AreaDay::Place PlaceOfGrid(const run533::GridPlace& tbl)
 /// What several calls have in common: the maps that were asked for last, and room to work in.
 class BuiltInEngine::Shared {
 public:
-    std::shared_ptr<const rec533::Ionosphere> IonosphereGet(const run533::DeckCommon& tbl)
+    std::shared_ptr<const rec533::Ionosphere> IonosphereGet(const run533::DeckCommon& deckCommon)
     {
         const std::lock_guard lock(m_mutex);
-        if (m_pIonosphere == nullptr || m_eMaps != tbl.eMaps || m_nMonth != tbl.nMonth
-            || m_dSsn != tbl.dSsn) {
-            m_pIonosphere = run533::IonosphereMake(tbl, kBehaviour);
-            m_eMaps = tbl.eMaps;
-            m_nMonth = tbl.nMonth;
-            m_dSsn = tbl.dSsn;
+        if (m_pIonosphere == nullptr || m_eMaps != deckCommon.eMaps || m_nMonth != deckCommon.nMonth
+            || m_dSsn != deckCommon.dSsn) {
+            m_pIonosphere = run533::IonosphereMake(deckCommon, kBehaviour);
+            m_eMaps = deckCommon.eMaps;
+            m_nMonth = deckCommon.nMonth;
+            m_dSsn = deckCommon.dSsn;
         }
         return m_pIonosphere;
     }

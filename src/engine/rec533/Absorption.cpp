@@ -69,15 +69,15 @@ struct CrossingMonth {
 
 CrossingMonth CrossingMonthGet(int nMonth)
 {
-    CrossingMonth tbl{};
-    tbl.pNoon = kNoonFactor[kNoonRow[nMonth - 1]];
+    CrossingMonth crossingMonth{};
+    crossingMonth.pNoon = kNoonFactor[kNoonRow[nMonth - 1]];
     for (int nSouth = 0; nSouth < 2; ++nSouth) {
         const int nRow = nSouth == 1 ? (nMonth + 5) % 12 : nMonth - 1;
-        tbl.aBoundary[nSouth] = kBoundary[nRow];
+        crossingMonth.aBoundary[nSouth] = kBoundary[nRow];
         for (int nAbove = 0; nAbove < 2; ++nAbove)
-            tbl.aExponent[nSouth][nAbove] = kExponent[nRow][nAbove];
+            crossingMonth.aExponent[nSouth][nAbove] = kExponent[nRow][nAbove];
     }
-    return tbl;
+    return crossingMonth;
 }
 
 // Arc tangent of numbers from 0 on within 3e-8, plenty for a place in the tables.
@@ -104,38 +104,39 @@ struct PlaceLanes {
 };
 
 template <class V>
-HOPCAST_INLINE V NoonFactorGet(const CrossingMonth& tbl, const PlaceLanes<V>& place)
+HOPCAST_INLINE V NoonFactorGet(const CrossingMonth& crossingMonth, const PlaceLanes<V>& place)
 {
     const V vLat = ArcTanGet<V>(LaneAbs(place.tSinLat) / place.tCosLat);
     const V vStep = LaneMin<V>(vLat * kDegrees, LaneAll<V>(69.99)) / 2.5;
     V vLow, vHigh, vPart;
     for (int i = 0; i < kLanes<V>; ++i) {
         const int nStep = static_cast<int>(vStep[i]);
-        vLow[i] = tbl.pNoon[nStep];
-        vHigh[i] = tbl.pNoon[nStep + 1];
+        vLow[i] = crossingMonth.pNoon[nStep];
+        vHigh[i] = crossingMonth.pNoon[nStep + 1];
         vPart[i] = vStep[i] - nStep;
     }
     return vLow + (vHigh - vLow) * vPart;
 }
 
 template <class V>
-HOPCAST_INLINE V ExponentGet(const CrossingMonth& tbl, const PlaceLanes<V>& place, const V& vTanDip)
+HOPCAST_INLINE V ExponentGet(const CrossingMonth& crossingMonth, const PlaceLanes<V>& place,
+                             const V& vTanDip)
 {
     const V vModified = ArcTanGet<V>(ArcTanGet<V>(LaneAbs(vTanDip)) / LaneSqrt(place.tCosLat));
     const V vX = LaneMin<V>(vModified * kDegrees, LaneAll<V>(kDipMost));
     const auto maskSouth = place.tSinLat < 0.0;
-    const V vBoundary =
-        LaneSelect(maskSouth, LaneAll<V>(tbl.aBoundary[1]), LaneAll<V>(tbl.aBoundary[0]));
+    const V vBoundary = LaneSelect(maskSouth, LaneAll<V>(crossingMonth.aBoundary[1]),
+                                   LaneAll<V>(crossingMonth.aBoundary[0]));
     const auto maskLow = vX <= vBoundary;
     const V vS = LaneSelect(maskLow, 2.0 * vX, 2.0 * (vX - vBoundary))
                      / LaneSelect(maskLow, vBoundary, kDipMost - vBoundary)
                  - 1.0;
     V vSum{};
     for (int k = 6; k >= 0; --k) {
-        const V vNorth = LaneSelect(maskLow, LaneAll<V>(tbl.aExponent[0][0][k]),
-                                    LaneAll<V>(tbl.aExponent[0][1][k]));
-        const V vSouth = LaneSelect(maskLow, LaneAll<V>(tbl.aExponent[1][0][k]),
-                                    LaneAll<V>(tbl.aExponent[1][1][k]));
+        const V vNorth = LaneSelect(maskLow, LaneAll<V>(crossingMonth.aExponent[0][0][k]),
+                                    LaneAll<V>(crossingMonth.aExponent[0][1][k]));
+        const V vSouth = LaneSelect(maskLow, LaneAll<V>(crossingMonth.aExponent[1][0][k]),
+                                    LaneAll<V>(crossingMonth.aExponent[1][1][k]));
         vSum = vSum * vS + LaneSelect(maskSouth, vSouth, vNorth);
     }
     return vSum;
@@ -177,18 +178,19 @@ HOPCAST_INLINE void CrossingLanesGet(const AbsorptionHour& hour, const CrossingM
     const auto& [aStart, aAhead] = arc;
     const V vX = aStart[0] * vCos + aAhead[0] * vSin;
     const V vY = aStart[1] * vCos + aAhead[1] * vSin;
-    PlaceLanes<V> tbl;
-    tbl.tSinLat = aStart[2] * vCos + aAhead[2] * vSin;
-    tbl.tCosLat = LaneMax<V>(LaneSqrt<V>(vX * vX + vY * vY), LaneAll<V>(1e-9));
-    tbl.tCosLon = vX / tbl.tCosLat;
-    tbl.tSinLon = vY / tbl.tCosLat;
+    PlaceLanes<V> placeLanes;
+    placeLanes.tSinLat = aStart[2] * vCos + aAhead[2] * vSin;
+    placeLanes.tCosLat = LaneMax<V>(LaneSqrt<V>(vX * vX + vY * vY), LaneAll<V>(1e-9));
+    placeLanes.tCosLon = vX / placeLanes.tCosLat;
+    placeLanes.tSinLon = vY / placeLanes.tCosLat;
     const SunHour& sun = *hour.foe.pSun;
-    const V vCosChi =
-        SunZenithCosLanesGet<V>(sun, tbl.tSinLat, tbl.tCosLat, tbl.tSinLon, tbl.tCosLon);
-    const V vCosNoon = NoonCosGet(hour.pIonosphere->sun, sun, tbl);
-    const V vExponent = ExponentGet(month, tbl, FieldTrackDipTanGet(field, vCos, vSin));
-    vFoe = FoeLanesGet(hour.foe, tbl.tSinLat, tbl.tCosLat, tbl.tSinLon, tbl.tCosLon, vCosChi);
-    vWeight = NoonFactorGet(month, tbl)
+    const V vCosChi = SunZenithCosLanesGet<V>(sun, placeLanes.tSinLat, placeLanes.tCosLat,
+                                              placeLanes.tSinLon, placeLanes.tCosLon);
+    const V vCosNoon = NoonCosGet(hour.pIonosphere->sun, sun, placeLanes);
+    const V vExponent = ExponentGet(month, placeLanes, FieldTrackDipTanGet(field, vCos, vSin));
+    vFoe = FoeLanesGet(hour.foe, placeLanes.tSinLat, placeLanes.tCosLat, placeLanes.tSinLon,
+                       placeLanes.tCosLon, vCosChi);
+    vWeight = NoonFactorGet(month, placeLanes)
               * LaneExp<V>(DiurnalLogGet(vCosChi, vExponent) - DiurnalLogGet(vCosNoon, vExponent));
 }
 
@@ -197,7 +199,8 @@ struct CrossingAngles {
     alignas(64) std::array<double, kCrossingsOfMode> aCos, aSin;
 };
 
-void CrossingAnglesFill(CrossingAngles& tbl, double dHopAngle, int nHops, double dElevation)
+void CrossingAnglesFill(CrossingAngles& crossingAngles, double dHopAngle, int nHops,
+                        double dElevation)
 {
     const double dSinE = std::sin(dElevation);
     const double dCosE = std::cos(dElevation);
@@ -209,19 +212,19 @@ void CrossingAnglesFill(CrossingAngles& tbl, double dHopAngle, int nHops, double
     const double dSinHop = std::sin(dHopAngle);
     double dCos = 1.0, dSin = 0.0;  // of the hop's start
     for (std::size_t i = 0; i < static_cast<std::size_t>(nHops); ++i) {
-        tbl.aCos[2 * i] = dCos * dCosNear - dSin * dSinNear;
-        tbl.aSin[2 * i] = dSin * dCosNear + dCos * dSinNear;
+        crossingAngles.aCos[2 * i] = dCos * dCosNear - dSin * dSinNear;
+        crossingAngles.aSin[2 * i] = dSin * dCosNear + dCos * dSinNear;
         const double dNext = dCos * dCosHop - dSin * dSinHop;
         dSin = dSin * dCosHop + dCos * dSinHop;
         dCos = dNext;
-        tbl.aCos[2 * i + 1] = dCos * dCosNear + dSin * dSinNear;
-        tbl.aSin[2 * i + 1] = dSin * dCosNear - dCos * dSinNear;
+        crossingAngles.aCos[2 * i + 1] = dCos * dCosNear + dSin * dSinNear;
+        crossingAngles.aSin[2 * i + 1] = dSin * dCosNear - dCos * dSinNear;
     }
     // Lanes without a crossing repeat the last one.
     const std::size_t nCount = 2 * static_cast<std::size_t>(nHops);
     for (std::size_t i = nCount; i < nCount + kLanes<Lanes4>; ++i) {
-        tbl.aCos[i] = tbl.aCos[nCount - 1];
-        tbl.aSin[i] = tbl.aSin[nCount - 1];
+        crossingAngles.aCos[i] = crossingAngles.aCos[nCount - 1];
+        crossingAngles.aSin[i] = crossingAngles.aSin[nCount - 1];
     }
 }
 
@@ -236,33 +239,36 @@ struct CrossingsOfArc {
 };
 
 template <class V>
-HOPCAST_INLINE void CrossingsOfArcFill(const AbsorptionHour& hour, const CrossingsOfArc& tbl)
+HOPCAST_INLINE void CrossingsOfArcFill(const AbsorptionHour& hour,
+                                       const CrossingsOfArc& crossingsOfArc)
 {
     constexpr std::size_t kCount = kLanes<V>;
     const CrossingMonth month = CrossingMonthGet(hour.pIonosphere->nMonth);
-    for (std::size_t i = 0; i < tbl.nCount; i += kCount) {
+    for (std::size_t i = 0; i < crossingsOfArc.nCount; i += kCount) {
         V vFoe, vWeight;
-        CrossingLanesGet<V>(hour, month, *tbl.pArc, *tbl.pField, LaneLoad<V>(tbl.pCos + i),
-                            LaneLoad<V>(tbl.pSin + i), vFoe, vWeight);
-        for (std::size_t k = 0; k < std::min(kCount, tbl.nCount - i); ++k)
-            tbl.pCrossings[i + k] = {vFoe[k], vWeight[k]};
+        CrossingLanesGet<V>(hour, month, *crossingsOfArc.pArc, *crossingsOfArc.pField,
+                            LaneLoad<V>(crossingsOfArc.pCos + i),
+                            LaneLoad<V>(crossingsOfArc.pSin + i), vFoe, vWeight);
+        for (std::size_t k = 0; k < std::min(kCount, crossingsOfArc.nCount - i); ++k)
+            crossingsOfArc.pCrossings[i + k] = {vFoe[k], vWeight[k]};
     }
 }
 
-HOPCAST_WIDE void CrossingsWideFill(const AbsorptionHour& hour, const CrossingsOfArc& tbl)
+HOPCAST_WIDE void CrossingsWideFill(const AbsorptionHour& hour,
+                                    const CrossingsOfArc& crossingsOfArc)
 {
-    CrossingsOfArcFill<Lanes4>(hour, tbl);
+    CrossingsOfArcFill<Lanes4>(hour, crossingsOfArc);
 }
 
 }  // namespace
 
 CrossingTrack CrossingTrackMake(const Way& way)
 {
-    CrossingTrack tbl{way, {}};
-    tbl.aFields[0] = FieldTrackMake(way.aArcs[0]);
+    CrossingTrack crossingTrack{way, {}};
+    crossingTrack.aFields[0] = FieldTrackMake(way.aArcs[0]);
     if (way.bBent)
-        tbl.aFields[1] = FieldTrackMake(way.aArcs[1]);
-    return tbl;
+        crossingTrack.aFields[1] = FieldTrackMake(way.aArcs[1]);
+    return crossingTrack;
 }
 
 double CrossingKmGet(double dElevation)
@@ -280,13 +286,13 @@ void CrossingsFill(const AbsorptionHour& hour, const CrossingTrack& track, int n
     const auto nHalf = static_cast<std::size_t>(nHops);
     for (std::size_t nArc = 0; nArc < (way.bBent ? 2 : 1); ++nArc) {
         const std::size_t nFirst = nArc * nHalf;
-        const CrossingsOfArc tbl{
+        const CrossingsOfArc crossingsOfArc{
             &way.aArcs[nArc],     &track.aFields[nArc],          &angles.aCos[nFirst],
             &angles.aSin[nFirst], way.bBent ? nHalf : 2 * nHalf, pCrossings + nFirst};
         if (LanesWideIs())
-            CrossingsWideFill(hour, tbl);
+            CrossingsWideFill(hour, crossingsOfArc);
         else
-            CrossingsOfArcFill<Lanes2>(hour, tbl);
+            CrossingsOfArcFill<Lanes2>(hour, crossingsOfArc);
     }
 }
 

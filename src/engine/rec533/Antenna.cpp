@@ -19,11 +19,11 @@ AntennaLow AntennaLowGet(const Antenna* pAntenna, double dLeastDegrees)
     if (pAntenna == nullptr)
         return {};
     const int nFirst = std::clamp(static_cast<int>(std::ceil(dLeastDegrees)), 0, 90);
-    AntennaLow tbl{pAntenna->aGain[static_cast<std::size_t>(nFirst)], nFirst};
+    AntennaLow antennaLow{pAntenna->aGain[static_cast<std::size_t>(nFirst)], nFirst};
     for (int i = nFirst + 1; i <= kHighest; ++i)
-        if (pAntenna->aGain[static_cast<std::size_t>(i)] > tbl.dGain)
-            tbl = {pAntenna->aGain[static_cast<std::size_t>(i)], i};
-    return tbl;
+        if (pAntenna->aGain[static_cast<std::size_t>(i)] > antennaLow.dGain)
+            antennaLow = {pAntenna->aGain[static_cast<std::size_t>(i)], i};
+    return antennaLow;
 }
 
 }  // namespace rec533

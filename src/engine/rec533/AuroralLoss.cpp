@@ -92,11 +92,11 @@ double AuroralLossGet(double dGeomagneticSin, Season eSeason, double dHopKm, int
     return kLoss[dHopKm > kAuroralNearHop ? 1 : 0][static_cast<int>(eSeason)][nRow][nColumn];
 }
 
-int AuroralHourGet(const Ionosphere& tbl, int nLabel, double dLon)
+int AuroralHourGet(const Ionosphere& ionosphere, int nLabel, double dLon)
 {
     const int nZone = static_cast<int>(dLon * (12.0 / kPi));  // whole zones, toward zero
-    const int nHour = SunHourOfLabel(tbl, nLabel) + nZone;
-    return tbl.quirks.bNegativeHours ? nHour % 24 : HourWrap(nHour);
+    const int nHour = SunHourOfLabel(ionosphere, nLabel) + nZone;
+    return ionosphere.quirks.bNegativeHours ? nHour % 24 : HourWrap(nHour);
 }
 
 }  // namespace rec533

@@ -18,6 +18,6 @@ inline constexpr double kAuroralNearHop = 2500.0;  ///< the table's limit of hop
                                     int nLocalHour);
 
 /// Local hour at mid-path for the table.
-[[nodiscard]] int AuroralHourGet(const Ionosphere& tbl, int nLabel, double dLon);
+[[nodiscard]] int AuroralHourGet(const Ionosphere& ionosphere, int nLabel, double dLon);
 
 }  // namespace rec533

@@ -11,9 +11,9 @@ Frequencies::Frequencies(const Ionosphere& ionosphere, const Circuit& circuit,
     : m_nCount(aMegahertz.size()),
       m_aSets((aMegahertz.size() + kFrequenciesInSet - 1) / kFrequenciesInSet)
 {
-    for (FrequencySet& tbl : m_aSets) {
+    for (FrequencySet& frequencySet : m_aSets) {
         const std::size_t nCount = std::min(aMegahertz.size(), kFrequenciesInSet);
-        FrequencySetFill(tbl, ionosphere, circuit, aMegahertz.first(nCount));
+        FrequencySetFill(frequencySet, ionosphere, circuit, aMegahertz.first(nCount));
         aMegahertz = aMegahertz.subspan(nCount);
     }
 }
@@ -46,14 +46,14 @@ void CellsFill(PredictionRows& rows, PredictionWork& work, Hour& hour,
 
 DayHour DayHourGet(const Hour& hour)
 {
-    DayHour tbl;
-    tbl.dMuf = hour.dMuf;
-    tbl.dMuf10 = hour.dMuf10;
-    tbl.dMuf90 = hour.dMuf90;
-    tbl.dOperational = hour.dOperational;
-    tbl.dOperational10 = hour.dOperational10;
-    tbl.dFot = hour.dOperational90;
-    return tbl;
+    DayHour dayHour;
+    dayHour.dMuf = hour.dMuf;
+    dayHour.dMuf10 = hour.dMuf10;
+    dayHour.dMuf90 = hour.dMuf90;
+    dayHour.dOperational = hour.dOperational;
+    dayHour.dOperational10 = hour.dOperational10;
+    dayHour.dFot = hour.dOperational90;
+    return dayHour;
 }
 
 int LabelOf(int nHour) { return nHour % 24 == 0 ? 24 : nHour; }
@@ -66,18 +66,19 @@ void PredictDay(DayWork& work, const Ionosphere& ionosphere, const Frequencies& 
 {
     const std::size_t nCount = frequencies.CountGet();
     assert(aCells.size() == aHours.size() * nCount);
-    DayWork::Parts& tbl = *work.m_pParts;
-    PathFill(tbl.path, ionosphere, circuit);
+    DayWork::Parts& parts = *work.m_pParts;
+    PathFill(parts.path, ionosphere, circuit);
     for (std::size_t i = 0; i < aHours.size(); ++i) {
-        HourFill(tbl.hour, tbl.path, LabelOf(static_cast<int>(i)));
-        CellsFill(tbl.rows, tbl.work, tbl.hour, frequencies, aCells.subspan(i * nCount, nCount));
-        aHours[i] = DayHourGet(tbl.hour);
+        HourFill(parts.hour, parts.path, LabelOf(static_cast<int>(i)));
+        CellsFill(parts.rows, parts.work, parts.hour, frequencies,
+                  aCells.subspan(i * nCount, nCount));
+        aHours[i] = DayHourGet(parts.hour);
         if (eParts != DayParts::Page)
             continue;
-        aHours[i].bAtMuf = FrequencyUsable(tbl.hour.dMuf);
+        aHours[i].bAtMuf = FrequencyUsable(parts.hour.dMuf);
         if (aHours[i].bAtMuf)
-            PredictionFill(aHours[i].atMuf, tbl.hour, tbl.hour.dMuf);
-        aHours[i].dLuf = LufGet(tbl.hour, tbl.work);
+            PredictionFill(aHours[i].atMuf, parts.hour, parts.hour.dMuf);
+        aHours[i].dLuf = LufGet(parts.hour, parts.work);
     }
 }
 
@@ -85,11 +86,11 @@ void PredictHour(DayWork& work, const Ionosphere& ionosphere, const Frequencies&
                  const Circuit& circuit, int nHour, DayHour& hour, std::span<Prediction> aCells)
 {
     assert(aCells.size() == frequencies.CountGet());
-    DayWork::Parts& tbl = *work.m_pParts;
-    PathFill(tbl.path, ionosphere, circuit, LabelOf(nHour));
-    HourFill(tbl.hour, tbl.path, LabelOf(nHour));
-    CellsFill(tbl.rows, tbl.work, tbl.hour, frequencies, aCells);
-    hour = DayHourGet(tbl.hour);
+    DayWork::Parts& parts = *work.m_pParts;
+    PathFill(parts.path, ionosphere, circuit, LabelOf(nHour));
+    HourFill(parts.hour, parts.path, LabelOf(nHour));
+    CellsFill(parts.rows, parts.work, parts.hour, frequencies, aCells);
+    hour = DayHourGet(parts.hour);
 }
 
 }  // namespace rec533

@@ -8,25 +8,25 @@ constexpr double kNight =
     -2.6310891599660819;        // ln 0.072: Dd at the end of the day, before the power p
 constexpr double kDecay = 1.4;  // an hour, of its logarithm
 
-bool PolarWinterIs(const FoeHour& tbl, const Place& place)
+bool PolarWinterIs(const FoeHour& foeHour, const Place& place)
 {
-    const bool bNorthWinter = tbl.nMonth >= 11 || tbl.nMonth == 1;
-    const bool bSouthWinter = tbl.nMonth >= 5 && tbl.nMonth <= 7;
+    const bool bNorthWinter = foeHour.nMonth >= 11 || foeHour.nMonth == 1;
+    const bool bSouthWinter = foeHour.nMonth >= 5 && foeHour.nMonth <= 7;
     // The ITU program lacks the minus of the southern limit.
-    const double dSouthLimit = tbl.quirks.bWinterNorth ? kSinPolar : -kSinPolar;
+    const double dSouthLimit = foeHour.quirks.bWinterNorth ? kSinPolar : -kSinPolar;
     return (place.dSinLat > kSinPolar && bNorthWinter)
            || (place.dSinLat < dSouthLimit && bSouthWinter);
 }
 
 // Hours since sunset; 0 where the cases of the method do not apply.
-double SinceSunsetGet(const FoeHour& tbl, const Place& place)
+double SinceSunsetGet(const FoeHour& foeHour, const Place& place)
 {
-    const SunTimes times = SunTimesGet(*tbl.pSun, place);
+    const SunTimes times = SunTimesGet(*foeHour.pSun, place);
     if (!times.bRises)
         return 0.0;
     const double dSet = times.dSunset;
     const double dRise = times.dSunrise;
-    const double dNow = tbl.dClock;
+    const double dNow = foeHour.dClock;
     if (dSet >= dRise ? dNow >= dSet : dSet <= dNow && dNow < dRise)
         return dNow - dSet;
     if (dSet >= dRise && dNow < dRise)
@@ -37,13 +37,14 @@ double SinceSunsetGet(const FoeHour& tbl, const Place& place)
 // Hours since sunset, at least, told without an angle. In the evening the cosine of the zenith
 // angle has fallen at most as fast as it does at six o'clock; in the morning half the night is
 // over.
-double SinceSunsetLeastGet(const FoeHour& tbl, const Place& place, double dCosChi)
+double SinceSunsetLeastGet(const FoeHour& foeHour, const Place& place, double dCosChi)
 {
-    const SunHour& sun = *tbl.pSun;
+    const SunHour& sun = *foeHour.pSun;
     const double dSwing = place.dCosLat * sun.dCosDecl;
     const double dMean = place.dSinLat * sun.dSinDecl;
     const double dSet = kSunRiseZenithCos - dMean;  // over the swing: cosine of the hour angle
-    if (tbl.quirks.bSunEarly || dCosChi >= kSunRiseZenithCos || std::abs(dSet) >= 0.999 * dSwing)
+    if (foeHour.quirks.bSunEarly || dCosChi >= kSunRiseZenithCos
+        || std::abs(dSet) >= 0.999 * dSwing)
         return 0.0;
     const double dEvening = (kSunRiseZenithCos - dCosChi) / dSwing * (12.0 / kPi);
     const double dSinTurn = sun.dSinTurn * place.dCosLon + sun.dCosTurn * place.dSinLon;
@@ -54,17 +55,18 @@ double SinceSunsetLeastGet(const FoeHour& tbl, const Place& place, double dCosCh
 
 }  // namespace
 
-FoeHour FoeHourGet(const Ionosphere& tbl, int nLabel)
+FoeHour FoeHourGet(const Ionosphere& ionosphere, int nLabel)
 {
-    const double dR = tbl.dSsnLimited;
+    const double dR = ionosphere.dSsnLimited;
     const double dFlux = 63.7 + 0.728 * dR + 0.00089 * dR * dR;
     FoeHour hour;
-    hour.pSun = &tbl.sun.aHours[static_cast<std::size_t>(SunHourOfLabel(tbl, nLabel))];
+    hour.pSun =
+        &ionosphere.sun.aHours[static_cast<std::size_t>(SunHourOfLabel(ionosphere, nLabel))];
     hour.dActivity = 1.0 + 0.0094 * (dFlux - 66.0);
     hour.dFloor = 0.004 * Square(1.0 + 0.021 * dFlux);
-    hour.nMonth = tbl.nMonth;
+    hour.nMonth = ionosphere.nMonth;
     hour.dClock = nLabel % 24;
-    hour.quirks = tbl.quirks;
+    hour.quirks = ionosphere.quirks;
     return hour;
 }
 

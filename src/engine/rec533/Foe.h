@@ -20,7 +20,7 @@ struct FoeHour {
     double dClock = 0.0;  ///< hour from which the time since sunset is counted
     Quirks quirks;
 };
-[[nodiscard]] FoeHour FoeHourGet(const Ionosphere& tbl, int nLabel);
+[[nodiscard]] FoeHour FoeHourGet(const Ionosphere& ionosphere, int nLabel);
 
 /// foE, MHz. dCosChi: cosine of the sun's zenith angle at the place.
 [[nodiscard]] double FoeGet(const FoeHour& hour, const Place& place, double dCosChi);

@@ -4,36 +4,37 @@
 
 namespace rec533 {
 
-void FrequencySetFill(FrequencySet& tbl, const Ionosphere& ionosphere, const Circuit& circuit,
-                      std::span<const double> aFrequencies, unsigned nBlocks)
+void FrequencySetFill(FrequencySet& frequencySet, const Ionosphere& ionosphere,
+                      const Circuit& circuit, std::span<const double> aFrequencies,
+                      unsigned nBlocks)
 {
     assert(!aFrequencies.empty() && aFrequencies.size() <= kFrequenciesInSet);
-    tbl.nCount = aFrequencies.size();
+    frequencySet.nCount = aFrequencies.size();
     for (std::size_t i = 0; i < kFrequenciesInSet; ++i) {
-        const std::size_t nFrom = std::min(i, tbl.nCount - 1);
+        const std::size_t nFrom = std::min(i, frequencySet.nCount - 1);
         const double dFrequency = aFrequencies[nFrom];
         const Noise manMade = NoiseManMadeGet(circuit.eNoise, circuit.dNoiseLevel, dFrequency,
                                               ionosphere.quirks.bDecilesSwapped);
         const Noise galactic = NoiseGalacticGet(dFrequency);
         const double dManMade = PowerFromDb(manMade.dFa);
         const double dGalactic = PowerFromDb(galactic.dFa);
-        tbl.aMegahertz[i] = dFrequency;
-        tbl.aDb[i] = 20.0 * std::log10(dFrequency);
-        tbl.aOther[i] = dManMade + dGalactic;
-        tbl.aOtherLower[i] =
+        frequencySet.aMegahertz[i] = dFrequency;
+        frequencySet.aDb[i] = 20.0 * std::log10(dFrequency);
+        frequencySet.aOther[i] = dManMade + dGalactic;
+        frequencySet.aOtherLower[i] =
             dManMade * PowerFromDb(-manMade.dLower) + dGalactic * PowerFromDb(-galactic.dLower);
-        tbl.aOtherUpper[i] =
+        frequencySet.aOtherUpper[i] =
             dManMade * PowerFromDb(manMade.dUpper) + dGalactic * PowerFromDb(galactic.dUpper);
         for (std::size_t k = 0; k < kNoiseBlocks; ++k) {
             if ((nBlocks >> k & 1U) == 0)
                 continue;
             const NoiseBlock block = NoiseBlockGet(ionosphere.noise, k, dFrequency);
-            tbl.aNoise[k].aFactor[i] = block.dFactor;
-            tbl.aNoise[k].aRest[i] = block.dRest;
-            tbl.aNoise[k].aUpper[i] = PowerFromDb(block.dUpper);
-            tbl.aNoise[k].aLower[i] = PowerFromDb(block.dLower);
+            frequencySet.aNoise[k].aFactor[i] = block.dFactor;
+            frequencySet.aNoise[k].aRest[i] = block.dRest;
+            frequencySet.aNoise[k].aUpper[i] = PowerFromDb(block.dUpper);
+            frequencySet.aNoise[k].aLower[i] = PowerFromDb(block.dLower);
         }
-        if (nFrom + 1 == tbl.nCount && i % 4 == 3)
+        if (nFrom + 1 == frequencySet.nCount && i % 4 == 3)
             break;  // whole vectors
     }
 }

@@ -44,13 +44,14 @@ struct FrequencySet {
 inline constexpr unsigned kNoiseBlocksAll = (1U << kNoiseBlocks) - 1U;
 
 /// The blocks of an hour.
-[[nodiscard]] inline unsigned NoiseBlocksOf(const NoiseHour& tbl)
+[[nodiscard]] inline unsigned NoiseBlocksOf(const NoiseHour& noiseHour)
 {
-    return 1U << tbl.nBlockA | 1U << tbl.nBlockB;
+    return 1U << noiseHour.nBlockA | 1U << noiseHour.nBlockB;
 }
 
 /// aFrequencies: 1 to 16. nBlocks: the bits of the noise blocks that will be needed.
-void FrequencySetFill(FrequencySet& tbl, const Ionosphere& ionosphere, const Circuit& circuit,
-                      std::span<const double> aFrequencies, unsigned nBlocks = kNoiseBlocksAll);
+void FrequencySetFill(FrequencySet& frequencySet, const Ionosphere& ionosphere,
+                      const Circuit& circuit, std::span<const double> aFrequencies,
+                      unsigned nBlocks = kNoiseBlocksAll);
 
 }  // namespace rec533

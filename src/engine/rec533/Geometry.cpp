@@ -28,28 +28,28 @@ Vector VectorMix(const Vector& aA, double dA, const Vector& aB, double dB)
 
 Place PlaceFromDegrees(double dLat, double dLon)
 {
-    Place tbl;
-    tbl.dLat = dLat * kRadians;
-    tbl.dLon = dLon * kRadians;
-    tbl.dSinLat = std::sin(tbl.dLat);
-    tbl.dCosLat = std::max(std::cos(tbl.dLat), kCosLatLeast);
-    tbl.dSinLon = std::sin(tbl.dLon);
-    tbl.dCosLon = std::cos(tbl.dLon);
-    return tbl;
+    Place place;
+    place.dLat = dLat * kRadians;
+    place.dLon = dLon * kRadians;
+    place.dSinLat = std::sin(place.dLat);
+    place.dCosLat = std::max(std::cos(place.dLat), kCosLatLeast);
+    place.dSinLon = std::sin(place.dLon);
+    place.dCosLon = std::cos(place.dLon);
+    return place;
 }
 
 Way WayMake(const Place& placeFrom, const Place& placeTo, bool bLongWay)
 {
-    Way tbl;
-    tbl.placeFrom = placeFrom;
-    tbl.placeTo = placeTo;
+    Way way;
+    way.placeFrom = placeFrom;
+    way.placeTo = placeTo;
     const double dSinLat = std::sin((placeFrom.dLat - placeTo.dLat) / 2.0);
     const double dSinLon = std::sin((placeFrom.dLon - placeTo.dLon) / 2.0);
     const double dChord =
         std::sqrt(dSinLat * dSinLat + placeFrom.dCosLat * placeTo.dCosLat * dSinLon * dSinLon);
     const double dShort = std::max(2.0 * std::asin(std::min(dChord, 1.0)), kAngleLeast);
-    tbl.dAngle = bLongWay ? 2.0 * kPi - dShort : dShort;
-    tbl.dKm = tbl.dAngle * kEarthKm;
+    way.dAngle = bLongWay ? 2.0 * kPi - dShort : dShort;
+    way.dKm = way.dAngle * kEarthKm;
 
     const double dCos = std::cos(dShort);
     Arc arc;
@@ -63,8 +63,8 @@ Way WayMake(const Place& placeFrom, const Place& placeTo, bool bLongWay)
         dLength = 1.0;
     }
     for (double& dPart : arc.aAhead) dPart *= (bLongWay ? -1.0 : 1.0) / dLength;
-    tbl.aArcs = {arc, arc};
-    return tbl;
+    way.aArcs = {arc, arc};
+    return way;
 }
 
 double WayBendGet(double dAngle)
@@ -89,20 +89,20 @@ Way WayBentMake(const Way& straight, double dBend, double dSide)
     const double dAside = dSide * std::sin(dBend);
     const double dSinHalf = std::max(std::hypot(dAlong, dAside), 1e-15);
     const double dHalf = std::atan2(dSinHalf, std::cos(straight.dAngle / 2.0) * std::cos(dBend));
-    Way tbl = straight;
-    tbl.bBent = true;
-    tbl.dAngle = 2.0 * dHalf;
-    tbl.dKm = tbl.dAngle * kEarthKm;
-    tbl.aArcs[0].aAhead = VectorMix(aAhead, dAlong / dSinHalf, aLeft, dAside / dSinHalf);
+    Way way = straight;
+    way.bBent = true;
+    way.dAngle = 2.0 * dHalf;
+    way.dKm = way.dAngle * kEarthKm;
+    way.aArcs[0].aAhead = VectorMix(aAhead, dAlong / dSinHalf, aLeft, dAside / dSinHalf);
     // The second half from its end backward, then turned round.
     const Vector aEnd = VectorMix(aStart, dCosAll, aAhead, dSinAll);
     const Vector aBack = VectorMix(VectorMix(aStart, dSinAll, aAhead, -dCosAll), dAlong / dSinHalf,
                                    aLeft, dAside / dSinHalf);
-    const double dCos = std::cos(tbl.dAngle);
-    const double dSin = std::sin(tbl.dAngle);
-    tbl.aArcs[1].aStart = VectorMix(aEnd, dCos, aBack, dSin);
-    tbl.aArcs[1].aAhead = VectorMix(aEnd, dSin, aBack, -dCos);
-    return tbl;
+    const double dCos = std::cos(way.dAngle);
+    const double dSin = std::sin(way.dAngle);
+    way.aArcs[1].aStart = VectorMix(aEnd, dCos, aBack, dSin);
+    way.aArcs[1].aAhead = VectorMix(aEnd, dSin, aBack, -dCos);
+    return way;
 }
 
 Place WayPlace(const Way& way, double dFraction)
@@ -117,15 +117,15 @@ Place ArcPlace(const Arc& arc, double dCos, double dSin)
     const double dX = aPlace[0];
     const double dY = aPlace[1];
     const double dZ = aPlace[2];
-    Place tbl;
+    Place place;
     const double dFlat = std::sqrt(dX * dX + dY * dY);
-    tbl.dCosLat = std::max(dFlat, kCosLatLeast);
-    tbl.dSinLat = dZ;
-    tbl.dLat = std::atan2(dZ, dFlat);
-    tbl.dLon = std::atan2(dY, dX);
-    tbl.dSinLon = dFlat > 0.0 ? dY / dFlat : 0.0;
-    tbl.dCosLon = dFlat > 0.0 ? dX / dFlat : 1.0;
-    return tbl;
+    place.dCosLat = std::max(dFlat, kCosLatLeast);
+    place.dSinLat = dZ;
+    place.dLat = std::atan2(dZ, dFlat);
+    place.dLon = std::atan2(dY, dX);
+    place.dSinLon = dFlat > 0.0 ? dY / dFlat : 0.0;
+    place.dCosLon = dFlat > 0.0 ? dX / dFlat : 1.0;
+    return place;
 }
 
 double BearingGet(const Place& placeFrom, const Place& placeTo)

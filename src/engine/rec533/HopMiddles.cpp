@@ -4,7 +4,7 @@ namespace rec533 {
 namespace {
 
 // Places of an order's middles; a bent way's second half lies on its second arc.
-void PlacesFill(HopMiddles& tbl, const Way& way, int nHops, std::size_t nFirst)
+void PlacesFill(HopMiddles& hopMiddles, const Way& way, int nHops, std::size_t nFirst)
 {
     const double dHop = way.dAngle / nHops;
     for (int i = 0; i < nHops; ++i) {
@@ -15,21 +15,21 @@ void PlacesFill(HopMiddles& tbl, const Way& way, int nHops, std::size_t nFirst)
         const double dX = aStart[0] * dCos + aAhead[0] * dSin;
         const double dY = aStart[1] * dCos + aAhead[1] * dSin;
         const std::size_t nAt = nFirst + static_cast<std::size_t>(i);
-        tbl.aSinLat[nAt] = aStart[2] * dCos + aAhead[2] * dSin;
-        tbl.aCosLat[nAt] = std::max(std::sqrt(dX * dX + dY * dY), 1e-9);
-        tbl.aSinLon[nAt] = dY / tbl.aCosLat[nAt];
-        tbl.aCosLon[nAt] = dX / tbl.aCosLat[nAt];
+        hopMiddles.aSinLat[nAt] = aStart[2] * dCos + aAhead[2] * dSin;
+        hopMiddles.aCosLat[nAt] = std::max(std::sqrt(dX * dX + dY * dY), 1e-9);
+        hopMiddles.aSinLon[nAt] = dY / hopMiddles.aCosLat[nAt];
+        hopMiddles.aCosLon[nAt] = dX / hopMiddles.aCosLat[nAt];
     }
 }
 
-void MiddlesMake(WayPath& tbl, int nHops)
+void MiddlesMake(WayPath& wayPath, int nHops)
 {
-    HopMiddles& middles = tbl.middles;
+    HopMiddles& middles = wayPath.middles;
     if (middles.aMade[static_cast<std::size_t>(nHops)])
         return;
     middles.aMade[static_cast<std::size_t>(nHops)] = true;
     const std::size_t nFirst = HopMiddles::FirstGet(nHops);
-    PlacesFill(middles, tbl.way, nHops, nFirst);
+    PlacesFill(middles, wayPath.way, nHops, nFirst);
     std::array<double, kHopsMost + 4> aDip, aGyro;
     MagneticFieldsFill({&middles.aSinLat[nFirst], &middles.aCosLat[nFirst],
                         &middles.aSinLon[nFirst], &middles.aCosLon[nFirst], aDip.data(),
@@ -42,28 +42,29 @@ void MiddlesMake(WayPath& tbl, int nHops)
         aFof2[t] = &middles.aFof2[t][nFirst];
         aM3[t] = &middles.aM3[t][nFirst];
     }
-    const int nHourFirst = tbl.nOnlyHour < 0 ? 0 : tbl.nOnlyHour;
-    const int nHourLast = tbl.nOnlyHour < 0 ? 23 : tbl.nOnlyHour;
-    MapPlacesFill(aFof2, aM3, tbl.pIonosphere->maps,
+    const int nHourFirst = wayPath.nOnlyHour < 0 ? 0 : wayPath.nOnlyHour;
+    const int nHourLast = wayPath.nOnlyHour < 0 ? 23 : wayPath.nOnlyHour;
+    MapPlacesFill(aFof2, aM3, wayPath.pIonosphere->maps,
                   {&middles.aCosLat[nFirst], &middles.aSinLon[nFirst], &middles.aCosLon[nFirst],
                    aDip.data(), nCount},
                   nHourFirst, nHourLast);
     for (int t = nHourFirst; t <= nHourLast; ++t) {
         for (std::size_t i = 0; i < nCount; ++i) {
             const auto nHour = static_cast<std::size_t>(t);
-            aFof2[nHour][i] = std::max(aFof2[nHour][i], tbl.pIonosphere->dFof2Least);
+            aFof2[nHour][i] = std::max(aFof2[nHour][i], wayPath.pIonosphere->dFof2Least);
             aM3[nHour][i] = std::max(aM3[nHour][i], kM3Least);
         }
     }
 }
 
 template <class V>
-HOPCAST_INLINE double WorstGet(const WayPath& tbl, const FoeHour& foe, std::size_t nHour, int nHops)
+HOPCAST_INLINE double WorstGet(const WayPath& wayPath, const FoeHour& foe, std::size_t nHour,
+                               int nHops)
 {
-    const HopMiddles& middles = tbl.middles;
+    const HopMiddles& middles = wayPath.middles;
     const std::size_t nFirst = HopMiddles::FirstGet(nHops);
     const std::size_t nEnd = nFirst + static_cast<std::size_t>(nHops);
-    const double dHop = tbl.way.dKm / nHops;
+    const double dHop = wayPath.way.dKm / nHops;
     double dWorst = 1e9;
     for (std::size_t i = nFirst; i < nEnd; i += kLanes<V>) {
         const V vSinLat = LaneLoad<V>(&middles.aSinLat[i]);
@@ -82,20 +83,20 @@ HOPCAST_INLINE double WorstGet(const WayPath& tbl, const FoeHour& foe, std::size
     return dWorst;
 }
 
-HOPCAST_WIDE double WorstWideGet(const WayPath& tbl, const FoeHour& foe, std::size_t nHour,
+HOPCAST_WIDE double WorstWideGet(const WayPath& wayPath, const FoeHour& foe, std::size_t nHour,
                                  int nHops)
 {
-    return WorstGet<Lanes4>(tbl, foe, nHour, nHops);
+    return WorstGet<Lanes4>(wayPath, foe, nHour, nHops);
 }
 
 }  // namespace
 
-double PathWorstMufGet(WayPath& tbl, const FoeHour& foe, int nLabel, int nHops)
+double PathWorstMufGet(WayPath& wayPath, const FoeHour& foe, int nLabel, int nHops)
 {
-    MiddlesMake(tbl, nHops);
+    MiddlesMake(wayPath, nHops);
     const auto nHour = static_cast<std::size_t>(MapHourGet(nLabel));
-    return LanesWideIs() ? WorstWideGet(tbl, foe, nHour, nHops)
-                         : WorstGet<Lanes2>(tbl, foe, nHour, nHops);
+    return LanesWideIs() ? WorstWideGet(wayPath, foe, nHour, nHops)
+                         : WorstGet<Lanes2>(wayPath, foe, nHour, nHops);
 }
 
 }  // namespace rec533

@@ -29,8 +29,8 @@ struct Ionosphere {
 /// Fills a description (large: keep it off the stack of a loop).
 /// nMonth 1 to 12; dSsn 0 to 311, clamped. dMeasured: an IG12 that was measured, for
 /// Behaviour::Best alone, -15 to 160, clamped; without it the index comes from the sunspot number.
-void IonosphereFill(Ionosphere& tbl, Behaviour eBehaviour, MapSet eMaps, int nMonth, double dSsn,
-                    std::optional<double> dMeasured = std::nullopt);
+void IonosphereFill(Ionosphere& ionosphere, Behaviour eBehaviour, MapSet eMaps, int nMonth,
+                    double dSsn, std::optional<double> dMeasured = std::nullopt);
 
 /// The ionospheric index IG12 that goes with a sunspot number.
 [[nodiscard]] double ActivityOfSsn(double dSsn);
@@ -39,9 +39,9 @@ void IonosphereFill(Ionosphere& tbl, Behaviour eBehaviour, MapSet eMaps, int nMo
 [[nodiscard]] inline int MapHourGet(int nLabel) { return nLabel % 24; }
 /// The hour of sun and local times. The ITU program takes the maps at the label and everything else
 /// one hour earlier. Label 24 is the end of the fifteenth, not its begin.
-[[nodiscard]] inline int SunHourOfLabel(const Ionosphere& tbl, int nLabel)
+[[nodiscard]] inline int SunHourOfLabel(const Ionosphere& ionosphere, int nLabel)
 {
-    return tbl.quirks.bSunEarly ? nLabel - 1 : nLabel;
+    return ionosphere.quirks.bSunEarly ? nLabel - 1 : nLabel;
 }
 
 }  // namespace rec533

@@ -27,20 +27,22 @@ struct MirrorLayer {
 
 /// Mirror height that serves the screening by the E layer at frequencies, km, 800 at most.
 template <class V>
-HOPCAST_INLINE V MirrorHeightLanesGet(const MirrorLayer& tbl, const V& vFrequency, double dHopKm)
+HOPCAST_INLINE V MirrorHeightLanesGet(const MirrorLayer& mirrorLayer, const V& vFrequency,
+                                      double dHopKm)
 {
     constexpr double kHighest = 800.0;
-    if (!tbl.bThick)
-        return LaneAll<V>(std::min(tbl.dBase + tbl.dPerKm * dHopKm, kHighest));
-    const double dH = tbl.dH;
-    const V vXr = vFrequency / tbl.dFof2;
+    if (!mirrorLayer.bThick)
+        return LaneAll<V>(std::min(mirrorLayer.dBase + mirrorLayer.dPerKm * dHopKm, kHighest));
+    const double dH = mirrorLayer.dH;
+    const V vXr = vFrequency / mirrorLayer.dFof2;
     // f >= foF2
     const V vE1 = ((-0.09707 * vXr + 0.6870) * vXr - 0.7506) * vXr + 0.6;
     const V vF1 = LaneSelect(vXr <= 1.71,
                              (((-1.862 * vXr + 12.95) * vXr - 32.03) * vXr + 33.50) * vXr - 10.91,
                              1.21 + 0.2 * vXr);
     const V vG = LaneSelect(
-        vXr <= 3.7, (((-2.102 * vXr + 19.50) * vXr - 63.15) * vXr + tbl.dLinear) * vXr - 44.73,
+        vXr <= 3.7,
+        (((-2.102 * vXr + 19.50) * vXr - 63.15) * vXr + mirrorLayer.dLinear) * vXr - 44.73,
         LaneAll<V>(19.25));
     const V vDs = 160.0 + (dH + 43.0) * vG;
     const V vA = (dHopKm - vDs) / (dH + 140.0);

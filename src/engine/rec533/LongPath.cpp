@@ -29,8 +29,8 @@ struct UpperMaps {
 };
 
 // The plain Recommendation has no least foF2 here.
-void UpperMapsFill(UpperMaps& tbl, const Ionosphere& iono, const std::array<Place, 2>& aPlaces,
-                   const std::array<MagneticField, 2>& aFields)
+void UpperMapsFill(UpperMaps& upperMaps, const Ionosphere& iono,
+                   const std::array<Place, 2>& aPlaces, const std::array<MagneticField, 2>& aFields)
 {
     alignas(64) std::array<double, 4> aCosLat{1.0, 1.0, 1.0, 1.0}, aSinLon{}, aCosLon{}, aDip{};
     MapRows aFof2, aM3;
@@ -41,8 +41,8 @@ void UpperMapsFill(UpperMaps& tbl, const Ionosphere& iono, const std::array<Plac
         aDip[i] = aFields[i].dDip;
     }
     for (std::size_t t = 0; t < 24; ++t) {
-        aFof2[t] = tbl.aFof2[t].data();
-        aM3[t] = tbl.aM3[t].data();
+        aFof2[t] = upperMaps.aFof2[t].data();
+        aM3[t] = upperMaps.aM3[t].data();
     }
     MapPlacesFill(aFof2, aM3, iono.maps,
                   {aCosLat.data(), aSinLon.data(), aCosLon.data(), aDip.data(), aPlaces.size()}, 0,
@@ -51,11 +51,12 @@ void UpperMapsFill(UpperMaps& tbl, const Ionosphere& iono, const std::array<Plac
         return;
     for (std::size_t t = 0; t < 24; ++t)
         for (std::size_t i = 0; i < aPlaces.size(); ++i)
-            tbl.aFof2[t][i] = std::max(tbl.aFof2[t][i], iono.dFof2Least);
+            upperMaps.aFof2[t][i] = std::max(upperMaps.aFof2[t][i], iono.dFof2Least);
 }
 
 // The same on the grids of the ITU program.
-void UpperGridsFill(UpperMaps& tbl, const Ionosphere& iono, const std::array<Place, 2>& aPlaces,
+void UpperGridsFill(UpperMaps& upperMaps, const Ionosphere& iono,
+                    const std::array<Place, 2>& aPlaces,
                     const std::array<MagneticField, 2>& aFields)
 {
     MapPlace map;
@@ -63,19 +64,19 @@ void UpperGridsFill(UpperMaps& tbl, const Ionosphere& iono, const std::array<Pla
         MapPlaceFill(map, aPlaces[i], aFields[i], true);
         for (int t = 0; t < 24; ++t) {
             const auto nHour = static_cast<std::size_t>(t);
-            tbl.aFof2[nHour][i] = MapFof2Get(iono.maps, map, t);
-            tbl.aM3[nHour][i] = MapM3Get(iono.maps, map, t);
+            upperMaps.aFof2[nHour][i] = MapFof2Get(iono.maps, map, t);
+            upperMaps.aM3[nHour][i] = MapM3Get(iono.maps, map, t);
         }
     }
 }
 
 // The basic MUF and K of a control point for all hours.
-void UpperPointFill(LongPath& tbl, std::size_t nPoint, const UpperMaps& maps, const Place& place,
-                    double dGyro, double dHop, double dNorthSouth)
+void UpperPointFill(LongPath& longPath, std::size_t nPoint, const UpperMaps& maps,
+                    const Place& place, double dGyro, double dHop, double dNorthSouth)
 {
-    tbl.dGyro += dGyro / 2.0;
-    tbl.aLat[nPoint] = place.dLat;
-    tbl.aLon[nPoint] = place.dLon;
+    longPath.dGyro += dGyro / 2.0;
+    longPath.aLat[nPoint] = place.dLat;
+    longPath.aLon[nPoint] = place.dLon;
     const double dFd =
         ((((((-2.40074637494790e-24 * dHop + 25.8520201885984e-21) * dHop - 92.4986988833091e-18)
                 * dHop
@@ -87,7 +88,7 @@ void UpperPointFill(LongPath& tbl, std::size_t nPoint, const UpperMaps& maps, co
              * dHop
          + 29.1996868566837e-6)
         * dHop;
-    auto& aBasic = tbl.aBasic[nPoint];
+    auto& aBasic = longPath.aBasic[nPoint];
     for (std::size_t i = 0; i < 24; ++i) {
         const double dFof2 = maps.aFof2[i][nPoint];
         const double dF4 = 1.1 * dFof2 * maps.aM3[i][nPoint];
@@ -101,26 +102,26 @@ void UpperPointFill(LongPath& tbl, std::size_t nPoint, const UpperMaps& maps, co
     const double dX = 1.2 - 1.0 * dNorthSouth;
     const double dY = 0.6 - 0.2 * dNorthSouth;
     for (std::size_t i = 0; i < 24; ++i)
-        tbl.aRatio[nPoint][i] = 1.2 + dW * aBasic[i] / dNoon
-                                + dX * (std::cbrt(dNoon / aBasic[i]) - 1.0)
-                                + dY * Square(dLeast / dNoon);
+        longPath.aRatio[nPoint][i] = 1.2 + dW * aBasic[i] / dNoon
+                                     + dX * (std::cbrt(dNoon / aBasic[i]) - 1.0)
+                                     + dY * Square(dLeast / dNoon);
 }
 
-void UpperFill(LongPath& tbl, const Ionosphere& ionosphere, const Way& way)
+void UpperFill(LongPath& longPath, const Ionosphere& ionosphere, const Way& way)
 {
     int nHops = HopsGet(way.dKm, kUpperHop);
     if (ElevationGet(way.dKm / nHops, kHeightLong) < kElevationLeast)
         ++nHops;
-    tbl.nHops = nHops;
+    longPath.nHops = nHops;
     const double dHop = way.dKm / nHops;
     const double dElevation = ElevationGet(dHop, kHeightLong);
-    tbl.dSlant = SlantRangeGet(way.dKm, nHops, dElevation);
-    tbl.dSlantDb = 20.0 * std::log10(tbl.dSlant);
+    longPath.dSlant = SlantRangeGet(way.dKm, nHops, dElevation);
+    longPath.dSlantDb = 20.0 * std::log10(longPath.dSlant);
     constexpr double kGapMost = 15.0;
     const double dSin = std::max(std::abs(std::sin(way.dAngle)), 1e-12);
-    tbl.dGap = std::min(DbFromPower(way.dAngle / dSin), kGapMost);
+    longPath.dGap = std::min(DbFromPower(way.dAngle / dSin), kGapMost);
     const double dNorthSouth = NorthSouthGet(BearingGet(WayPlace(way, 0.5), way.placeTo));
-    tbl.dGyro = 0.0;
+    longPath.dGyro = 0.0;
     const double dHalf = 0.5 / nHops;
     const std::array<Place, 2> aPlaces{WayPlace(way, dHalf), WayPlace(way, 1.0 - dHalf)};
     const std::array<MagneticField, 2> aFields{MagneticFieldGet(aPlaces[0], FieldHeight::Maps),
@@ -131,7 +132,7 @@ void UpperFill(LongPath& tbl, const Ionosphere& ionosphere, const Way& way)
     else
         UpperMapsFill(maps, ionosphere, aPlaces, aFields);
     for (std::size_t i = 0; i < aPlaces.size(); ++i)
-        UpperPointFill(tbl, i, maps, aPlaces[i], aFields[i].dGyro, dHop, dNorthSouth);
+        UpperPointFill(longPath, i, maps, aPlaces[i], aFields[i].dGyro, dHop, dNorthSouth);
 }
 
 // Winter anomaly factor Aw at mid-path.
@@ -162,7 +163,7 @@ void DecayApply(std::array<double, 24>& aLower, double dNight)
 }
 
 // fL of all hours with a number of hops; the crossings stay in aLowPlaces.
-void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& ionosphere,
+void LowerFill(std::array<double, 24>& aLower, LongPath& longPath, const Ionosphere& ionosphere,
                const Way& way, int nHops)
 {
     const double dHop = way.dKm / nHops;
@@ -173,7 +174,7 @@ void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& 
         const int nHop = i / 2;
         const double dKm = i % 2 == 0 ? nHop * dHop + dNear : (nHop + 1) * dHop - dNear;
         const Place place = WayPlace(way, dKm / way.dKm);
-        tbl.aLowPlaces[static_cast<std::size_t>(i)] = place;
+        longPath.aLowPlaces[static_cast<std::size_t>(i)] = place;
         for (std::size_t t = 0; t < 24; ++t) {
             const double dCos = SunZenithCosGet(ionosphere.sun.aHours[t], place);
             aSum[t] += dCos > 0.0 && dCos < 1.0 ? std::sqrt(dCos) : 0.0;
@@ -181,51 +182,52 @@ void LowerFill(std::array<double, 24>& aLower, LongPath& tbl, const Ionosphere& 
     }
     const double dScale =
         (1.0 + 0.009 * ionosphere.dSsn)
-        / (IncidenceCosGet(dElevation, kHeightAbsorption) * std::log(9.5e6 / tbl.dSlant));
+        / (IncidenceCosGet(dElevation, kHeightAbsorption) * std::log(9.5e6 / longPath.dSlant));
     const double dWinter = 1.0 + WinterGet(ionosphere.nMonth, WayPlace(way, 0.5).dLat);
     const double dNight = std::sqrt(way.dKm / kLowHop);
     for (std::size_t t = 0; t < 24; ++t)
-        aLower[t] = std::max((5.3 * std::sqrt(dScale * aSum[t]) - tbl.dGyro) * dWinter, dNight);
+        aLower[t] =
+            std::max((5.3 * std::sqrt(dScale * aSum[t]) - longPath.dGyro) * dWinter, dNight);
     DecayApply(aLower, dNight);
 }
 
 // The number of hops steps at multiples of 3000 km, at 9000 km too. The long-path rule eases the
 // step over the hundred kilometres behind it.
-void LowerEase(LongPath& tbl, const Ionosphere& ionosphere, const Way& way)
+void LowerEase(LongPath& longPath, const Ionosphere& ionosphere, const Way& way)
 {
     constexpr double kEaseKm = 100.0;
-    const double dPart = (way.dKm - kLowHop * (tbl.nLowHops - 1)) / kEaseKm;
+    const double dPart = (way.dKm - kLowHop * (longPath.nLowHops - 1)) / kEaseKm;
     if (dPart >= 1.0)
         return;
     std::array<double, 24> aFewer;
-    LowerFill(aFewer, tbl, ionosphere, way, tbl.nLowHops - 1);
+    LowerFill(aFewer, longPath, ionosphere, way, longPath.nLowHops - 1);
     for (std::size_t t = 0; t < 24; ++t)
-        tbl.aLower[t] = aFewer[t] + dPart * (tbl.aLower[t] - aFewer[t]);
+        longPath.aLower[t] = aFewer[t] + dPart * (longPath.aLower[t] - aFewer[t]);
 }
 
 }  // namespace
 
-void LongPathFill(LongPath& tbl, const Ionosphere& ionosphere, const Way& way)
+void LongPathFill(LongPath& longPath, const Ionosphere& ionosphere, const Way& way)
 {
-    UpperFill(tbl, ionosphere, way);
-    tbl.nLowHops = HopsGet(way.dKm, kLowHop);
-    LowerFill(tbl.aLower, tbl, ionosphere, way, tbl.nLowHops);
+    UpperFill(longPath, ionosphere, way);
+    longPath.nLowHops = HopsGet(way.dKm, kLowHop);
+    LowerFill(longPath.aLower, longPath, ionosphere, way, longPath.nLowHops);
     if (ionosphere.eBehaviour == Behaviour::Best)
-        LowerEase(tbl, ionosphere, way);
+        LowerEase(longPath, ionosphere, way);
 }
 
-LongHour LongHourGet(const LongPath& tbl, int nLabel)
+LongHour LongHourGet(const LongPath& longPath, int nLabel)
 {
     const auto nHour = static_cast<std::size_t>(nLabel % 24);
     LongHour hour;
-    const double dBasic1 = tbl.aBasic[0][nHour];
-    const double dBasic2 = tbl.aBasic[1][nHour];
-    hour.dK1 = tbl.aRatio[0][nHour];
-    hour.dK2 = tbl.aRatio[1][nHour];
+    const double dBasic1 = longPath.aBasic[0][nHour];
+    const double dBasic2 = longPath.aBasic[1][nHour];
+    hour.dK1 = longPath.aRatio[0][nHour];
+    hour.dK2 = longPath.aRatio[1][nHour];
     hour.dUpper = std::min(hour.dK1 * dBasic1, hour.dK2 * dBasic2);
     hour.nSmaller = dBasic2 < dBasic1 ? 1 : 0;
     hour.dBasic = std::min(dBasic1, dBasic2);
-    hour.dLower = tbl.aLower[nHour];
+    hour.dLower = longPath.aLower[nHour];
     return hour;
 }
 

@@ -26,7 +26,7 @@ struct LongPath {
     std::array<double, 24> aRatio[2];      ///< K of the two points by UT
     std::array<double, 24> aLower;         ///< fL by UT
 };
-void LongPathFill(LongPath& tbl, const Ionosphere& ionosphere, const Way& way);
+void LongPathFill(LongPath& longPath, const Ionosphere& ionosphere, const Way& way);
 
 /// Limits and MUF at one hour.
 struct LongHour {
@@ -36,27 +36,31 @@ struct LongHour {
     int nSmaller = 0;     ///< the point that has it
     double dK1 = 0.0, dK2 = 0.0;
 };
-[[nodiscard]] LongHour LongHourGet(const LongPath& tbl, int nLabel);
+[[nodiscard]] LongHour LongHourGet(const LongPath& longPath, int nLabel);
 
 /// 1 - Q: the share of the free-space field that is left between the limits.
 template <class V>
-HOPCAST_INLINE V LongShareGet(const LongPath& tbl, const LongHour& hour, const V& vFrequency)
+HOPCAST_INLINE V LongShareGet(const LongPath& longPath, const LongHour& hour, const V& vFrequency)
 {
-    const double dL = Square(hour.dLower + tbl.dGyro);
-    const double dM = Square(hour.dUpper + tbl.dGyro);
-    const V vF = (vFrequency + tbl.dGyro) * (vFrequency + tbl.dGyro);
+    const double dL = Square(hour.dLower + longPath.dGyro);
+    const double dM = Square(hour.dUpper + longPath.dGyro);
+    const V vF = (vFrequency + longPath.dGyro) * (vFrequency + longPath.dGyro);
     return 1.0 - (dL / vF + vF / dM) * dM / (dM + dL);
 }
 
 /// E0 of the Recommendation, dB.
-[[nodiscard]] inline double LongFreeGet(const LongPath& tbl) { return 139.6 - tbl.dSlantDb; }
+[[nodiscard]] inline double LongFreeGet(const LongPath& longPath)
+{
+    return 139.6 - longPath.dSlantDb;
+}
 
 /// Field strength of the Recommendation's long method, dB(uV/m). Power in dB above 1 kW.
 template <class V>
-HOPCAST_INLINE V LongFieldGet(const LongPath& tbl, const V& vShare, double dPowerDb, double dGain)
+HOPCAST_INLINE V LongFieldGet(const LongPath& longPath, const V& vShare, double dPowerDb,
+                              double dGain)
 {
     constexpr double kLy = -0.17;  // losses not otherwise told, dB
-    return LongFreeGet(tbl) * vShare - 30.0 + dPowerDb + dGain + tbl.dGap - kLy;
+    return LongFreeGet(longPath) * vShare - 30.0 + dPowerDb + dGain + longPath.dGap - kLy;
 }
 
 }  // namespace rec533

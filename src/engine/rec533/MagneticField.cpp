@@ -38,17 +38,17 @@ struct Scaled {
 
 constexpr Scaled ScaledMake(double dHeightKm)
 {
-    Scaled tbl{};
+    Scaled scaled{};
     const double dA = kEarthKm / (kEarthKm + dHeightKm);
     double dPower = dA * dA;
     for (std::size_t n = 1; n <= kOrder; ++n) {
         dPower *= dA;
         for (std::size_t m = 0; m <= n; ++m) {
-            tbl.aG[n][m] = kG[n][m] * dPower;
-            tbl.aH[n][m] = kH[n][m] * dPower;
+            scaled.aG[n][m] = kG[n][m] * dPower;
+            scaled.aH[n][m] = kH[n][m] * dPower;
         }
     }
-    return tbl;
+    return scaled;
 }
 
 constexpr Scaled kScaledAbsorption = ScaledMake(100.0);
@@ -82,7 +82,7 @@ template <class V>
 HOPCAST_INLINE Field<V> FieldGet(const V& vS, const V& vC, const V& vSinLon, const V& vCosLon,
                                  const Scaled& scaled)
 {
-    Field<V> tbl{V{}, V{}, V{}};
+    Field<V> field{V{}, V{}, V{}};
     V vCosM = LaneAll<V>(1.0), vSinM{};  // of m times the longitude
     V vPmm = LaneAll<V>(1.0), vDmm{};
 #pragma GCC unroll 7
@@ -108,17 +108,17 @@ HOPCAST_INLINE Field<V> FieldGet(const V& vS, const V& vC, const V& vSinLon, con
             vYg += dG * vP;
             vYh += dH * vP;
         }
-        tbl.tZ += vZg * vCosM + vZh * vSinM;
-        tbl.tX -= vXg * vCosM + vXh * vSinM;
-        tbl.tY += static_cast<double>(m) * (vYg * vSinM - vYh * vCosM);
+        field.tZ += vZg * vCosM + vZh * vSinM;
+        field.tX -= vXg * vCosM + vXh * vSinM;
+        field.tY += static_cast<double>(m) * (vYg * vSinM - vYh * vCosM);
         const V vCosNext = vCosM * vCosLon - vSinM * vSinLon;
         vSinM = vSinM * vCosLon + vCosM * vSinLon;
         vCosM = vCosNext;
         vDmm = vC * vDmm + vS * vPmm;
         vPmm *= vC;
     }
-    tbl.tY /= vC;
-    return tbl;
+    field.tY /= vC;
+    return field;
 }
 
 // Fifteenths of a circle, and the weights of the terms of a sum; a sixteenth place counts nothing.
@@ -129,20 +129,20 @@ struct Circle {
     alignas(64) std::array<Row, FieldTrack::kOrderMost + 1> aCosWeight{}, aSinWeight{};
 };
 const Circle kCircle = [] {
-    Circle tbl;
+    Circle circle;
     const auto fnAngle = [](std::size_t i) {
         return 2.0 * kPi * static_cast<double>(i % FieldTrack::kPlaces) / FieldTrack::kPlaces;
     };
     for (std::size_t i = 0; i < Circle::kLanesAll; ++i) {
-        tbl.aCos[i] = std::cos(fnAngle(i));
-        tbl.aSin[i] = std::sin(fnAngle(i));
+        circle.aCos[i] = std::cos(fnAngle(i));
+        circle.aSin[i] = std::sin(fnAngle(i));
         for (std::size_t j = 0; j <= FieldTrack::kOrderMost && i < FieldTrack::kPlaces; ++j) {
             const double dWeight = (j == 0 ? 1.0 : 2.0) / FieldTrack::kPlaces;
-            tbl.aCosWeight[j][i] = dWeight * std::cos(fnAngle(i * j));
-            tbl.aSinWeight[j][i] = dWeight * std::sin(fnAngle(i * j));
+            circle.aCosWeight[j][i] = dWeight * std::cos(fnAngle(i * j));
+            circle.aSinWeight[j][i] = dWeight * std::sin(fnAngle(i * j));
         }
     }
-    return tbl;
+    return circle;
 }();
 
 double CosLatGet(const Place& place) { return std::max(place.dCosLat, kCosLatLeast); }
@@ -171,10 +171,10 @@ HOPCAST_INLINE Field<V> TrackFieldGet(const Arc& arc, const V& vCos, const V& vS
     const V vCosLat = LaneMax<V>(vFlat, LaneAll<V>(kCosLatLeast));
     const V vMost = LaneAll<V>(std::sqrt(1.0 - kCosLatLeast * kCosLatLeast));
     const V vSinLat = LaneMax<V>(LaneMin<V>(vZ, vMost), -vMost);
-    const Field<V> tbl = FieldGet<V>(vSinLat, vCosLat, vSinLon, vCosLon, kScaledAbsorption);
-    const V aFlat[3]{-tbl.tX * vSinLat * vCosLon + tbl.tY * vSinLon,
-                     -tbl.tX * vSinLat * vSinLon - tbl.tY * vCosLon, tbl.tX * vCosLat};
-    Field<V> track{V{}, V{}, tbl.tZ};
+    const Field<V> field = FieldGet<V>(vSinLat, vCosLat, vSinLon, vCosLon, kScaledAbsorption);
+    const V aFlat[3]{-field.tX * vSinLat * vCosLon + field.tY * vSinLon,
+                     -field.tX * vSinLat * vSinLon - field.tY * vCosLon, field.tX * vCosLat};
+    Field<V> track{V{}, V{}, field.tZ};
     for (std::size_t k = 0; k < 3; ++k) {
         track.tX += aFlat[k] * (aAhead[k] * vCos - aStart[k] * vSin);
         track.tY += aFlat[k] * aAcross[k];
@@ -191,7 +191,7 @@ HOPCAST_INLINE double LanesSumGet(const V& v)
 }
 
 template <class V>
-HOPCAST_INLINE void FieldTrackFill(FieldTrack& tbl, const Arc& arc)
+HOPCAST_INLINE void FieldTrackFill(FieldTrack& fieldTrack, const Arc& arc)
 {
     constexpr std::size_t kVectors = Circle::kLanesAll / kLanes<V>;
     Field<V> aFields[kVectors];
@@ -210,64 +210,71 @@ HOPCAST_INLINE void FieldTrackFill(FieldTrack& tbl, const Arc& arc)
             aSums[4] += aFields[i].tY * vCos;
             aSums[5] += aFields[i].tY * vSin;
         }
-        tbl.aDownCos[j] = LanesSumGet<V>(aSums[0]);
-        tbl.aDownSin[j] = LanesSumGet<V>(aSums[1]);
-        tbl.aAlongCos[j] = LanesSumGet<V>(aSums[2]);
-        tbl.aAlongSin[j] = LanesSumGet<V>(aSums[3]);
-        tbl.aAcrossCos[j] = LanesSumGet<V>(aSums[4]);
-        tbl.aAcrossSin[j] = LanesSumGet<V>(aSums[5]);
+        fieldTrack.aDownCos[j] = LanesSumGet<V>(aSums[0]);
+        fieldTrack.aDownSin[j] = LanesSumGet<V>(aSums[1]);
+        fieldTrack.aAlongCos[j] = LanesSumGet<V>(aSums[2]);
+        fieldTrack.aAlongSin[j] = LanesSumGet<V>(aSums[3]);
+        fieldTrack.aAcrossCos[j] = LanesSumGet<V>(aSums[4]);
+        fieldTrack.aAcrossSin[j] = LanesSumGet<V>(aSums[5]);
     }
 }
 
-HOPCAST_WIDE void FieldTrackWideFill(FieldTrack& tbl, const Arc& arc)
+HOPCAST_WIDE void FieldTrackWideFill(FieldTrack& fieldTrack, const Arc& arc)
 {
-    FieldTrackFill<Lanes4>(tbl, arc);
+    FieldTrackFill<Lanes4>(fieldTrack, arc);
 }
 
 template <class V>
-HOPCAST_INLINE void FieldsFill(const FieldPlaces& tbl)
+HOPCAST_INLINE void FieldsFill(const FieldPlaces& fieldPlaces)
 {
     const V vMost = LaneAll<V>(std::sqrt(1.0 - kCosLatLeast * kCosLatLeast));
-    for (std::size_t i = 0; i < tbl.nCount; i += kLanes<V>) {
-        const V vSinLat = LaneMax<V>(LaneMin<V>(LaneLoad<V>(tbl.pSinLat + i), vMost), -vMost);
-        const V vCosLat = LaneMax<V>(LaneLoad<V>(tbl.pCosLat + i), LaneAll<V>(kCosLatLeast));
-        const Field<V> field = FieldGet<V>(vSinLat, vCosLat, LaneLoad<V>(tbl.pSinLon + i),
-                                           LaneLoad<V>(tbl.pCosLon + i), kScaledMaps);
+    for (std::size_t i = 0; i < fieldPlaces.nCount; i += kLanes<V>) {
+        const V vSinLat =
+            LaneMax<V>(LaneMin<V>(LaneLoad<V>(fieldPlaces.pSinLat + i), vMost), -vMost);
+        const V vCosLat =
+            LaneMax<V>(LaneLoad<V>(fieldPlaces.pCosLat + i), LaneAll<V>(kCosLatLeast));
+        const Field<V> field = FieldGet<V>(vSinLat, vCosLat, LaneLoad<V>(fieldPlaces.pSinLon + i),
+                                           LaneLoad<V>(fieldPlaces.pCosLon + i), kScaledMaps);
         const V vFlat2 = field.tX * field.tX + field.tY * field.tY;
-        LaneStore<V>(tbl.pDip + i, field.tZ / LaneSqrt<V>(vFlat2));
-        LaneStore<V>(tbl.pGyro + i, kGyroPerField * LaneSqrt<V>(vFlat2 + field.tZ * field.tZ));
+        LaneStore<V>(fieldPlaces.pDip + i, field.tZ / LaneSqrt<V>(vFlat2));
+        LaneStore<V>(fieldPlaces.pGyro + i,
+                     kGyroPerField * LaneSqrt<V>(vFlat2 + field.tZ * field.tZ));
     }
 }
 
-HOPCAST_WIDE void FieldsWideFill(const FieldPlaces& tbl) { FieldsFill<Lanes4>(tbl); }
+HOPCAST_WIDE void FieldsWideFill(const FieldPlaces& fieldPlaces)
+{
+    FieldsFill<Lanes4>(fieldPlaces);
+}
 
 }  // namespace
 
-void MagneticFieldsFill(const FieldPlaces& tbl)
+void MagneticFieldsFill(const FieldPlaces& fieldPlaces)
 {
     if (LanesWideIs())
-        FieldsWideFill(tbl);
+        FieldsWideFill(fieldPlaces);
     else
-        FieldsFill<Lanes2>(tbl);
-    for (std::size_t i = 0; i < tbl.nCount; ++i) tbl.pDip[i] = std::atan(tbl.pDip[i]);
+        FieldsFill<Lanes2>(fieldPlaces);
+    for (std::size_t i = 0; i < fieldPlaces.nCount; ++i)
+        fieldPlaces.pDip[i] = std::atan(fieldPlaces.pDip[i]);
 }
 
 MagneticField MagneticFieldGet(const Place& place, FieldHeight eHeight)
 {
     const Scaled& scaled = eHeight == FieldHeight::Absorption ? kScaledAbsorption : kScaledMaps;
-    const auto tbl =
+    const auto field =
         FieldGet<double>(SinLatGet(place), CosLatGet(place), place.dSinLon, place.dCosLon, scaled);
-    const double dFlat = std::sqrt(tbl.tX * tbl.tX + tbl.tY * tbl.tY);
-    const double dTotal = std::sqrt(dFlat * dFlat + tbl.tZ * tbl.tZ);
-    return {std::atan2(tbl.tZ, dFlat), tbl.tZ / dTotal, kGyroPerField * dTotal};
+    const double dFlat = std::sqrt(field.tX * field.tX + field.tY * field.tY);
+    const double dTotal = std::sqrt(dFlat * dFlat + field.tZ * field.tZ);
+    return {std::atan2(field.tZ, dFlat), field.tZ / dTotal, kGyroPerField * dTotal};
 }
 
-double FieldTrackGyroDipGet(const FieldTrack& tbl, double dCos, double dSin)
+double FieldTrackGyroDipGet(const FieldTrack& fieldTrack, double dCos, double dSin)
 {
-    double dDown = tbl.aDownCos[0];
+    double dDown = fieldTrack.aDownCos[0];
     double dC = dCos, dS = dSin;
     for (std::size_t j = 1; j < FieldTrack::kOrderMost; ++j) {  // none of the seventh order
-        dDown += tbl.aDownCos[j] * dC + tbl.aDownSin[j] * dS;
+        dDown += fieldTrack.aDownCos[j] * dC + fieldTrack.aDownSin[j] * dS;
         const double dNext = dC * dCos - dS * dSin;
         dS = dS * dCos + dC * dSin;
         dC = dNext;
@@ -277,12 +284,12 @@ double FieldTrackGyroDipGet(const FieldTrack& tbl, double dCos, double dSin)
 
 FieldTrack FieldTrackMake(const Arc& arc)
 {
-    FieldTrack tbl;
+    FieldTrack fieldTrack;
     if (LanesWideIs())
-        FieldTrackWideFill(tbl, arc);
+        FieldTrackWideFill(fieldTrack, arc);
     else
-        FieldTrackFill<Lanes2>(tbl, arc);
-    return tbl;
+        FieldTrackFill<Lanes2>(fieldTrack, arc);
+    return fieldTrack;
 }
 
 }  // namespace rec533

@@ -34,7 +34,7 @@ struct FieldPlaces {
     double* pGyro;
     std::size_t nCount;  ///< with room for a whole vector behind them
 };
-void MagneticFieldsFill(const FieldPlaces& tbl);
+void MagneticFieldsFill(const FieldPlaces& fieldPlaces);
 
 /// The field at 100 km along a great circle. A field of the sixth order is there a trigonometric
 /// sum of the seventh order at most, so that 15 places give it everywhere.
@@ -48,20 +48,20 @@ struct FieldTrack {
 [[nodiscard]] FieldTrack FieldTrackMake(const Arc& arc);
 
 /// |fH sin I| at an angle from the circle's start, from its cosine and sine, MHz.
-[[nodiscard]] double FieldTrackGyroDipGet(const FieldTrack& tbl, double dCos, double dSin);
+[[nodiscard]] double FieldTrackGyroDipGet(const FieldTrack& fieldTrack, double dCos, double dSin);
 
 /// Tangent of the dip at an angle from the circle's start, from its cosine and sine.
 template <class V>
-HOPCAST_INLINE V FieldTrackDipTanGet(const FieldTrack& tbl, const V& vCos, const V& vSin)
+HOPCAST_INLINE V FieldTrackDipTanGet(const FieldTrack& fieldTrack, const V& vCos, const V& vSin)
 {
-    V vDown = LaneAll<V>(tbl.aDownCos[0]);
-    V vAlong = LaneAll<V>(tbl.aAlongCos[0]);
-    V vAcross = LaneAll<V>(tbl.aAcrossCos[0]);
+    V vDown = LaneAll<V>(fieldTrack.aDownCos[0]);
+    V vAlong = LaneAll<V>(fieldTrack.aAlongCos[0]);
+    V vAcross = LaneAll<V>(fieldTrack.aAcrossCos[0]);
     V vC = vCos, vS = vSin;
     for (std::size_t j = 1; j <= FieldTrack::kOrderMost; ++j) {
-        vDown += tbl.aDownCos[j] * vC + tbl.aDownSin[j] * vS;
-        vAlong += tbl.aAlongCos[j] * vC + tbl.aAlongSin[j] * vS;
-        vAcross += tbl.aAcrossCos[j] * vC + tbl.aAcrossSin[j] * vS;
+        vDown += fieldTrack.aDownCos[j] * vC + fieldTrack.aDownSin[j] * vS;
+        vAlong += fieldTrack.aAlongCos[j] * vC + fieldTrack.aAlongSin[j] * vS;
+        vAcross += fieldTrack.aAcrossCos[j] * vC + fieldTrack.aAcrossSin[j] * vS;
         const V vNext = vC * vCos - vS * vSin;
         vS = vS * vCos + vC * vSin;
         vC = vNext;

@@ -23,42 +23,42 @@ HOPCAST_INLINE Functions<V> FunctionsGet(const V& vCosLat, const V& vSinLon, con
 {
     const V vTan = vDip / LaneSqrt<V>(vCosLat);
     const V vSinX = vTan / LaneSqrt<V>(1.0 + vTan * vTan);
-    Functions<V> tbl;
-    tbl.aPower[0] = LaneAll<V>(1.0);
-    for (std::size_t i = 1; i < kPowers; ++i) tbl.aPower[i] = tbl.aPower[i - 1] * vSinX;
+    Functions<V> functions;
+    functions.aPower[0] = LaneAll<V>(1.0);
+    for (std::size_t i = 1; i < kPowers; ++i) functions.aPower[i] = functions.aPower[i - 1] * vSinX;
     const V vC = vCosLat * vCosLon;
     const V vS = vCosLat * vSinLon;
-    tbl.aCos[0] = LaneAll<V>(1.0);
-    tbl.aSin[0] = LaneAll<V>(0.0);
+    functions.aCos[0] = LaneAll<V>(1.0);
+    functions.aSin[0] = LaneAll<V>(0.0);
     for (std::size_t m = 1; m < kOrders; ++m) {
-        tbl.aCos[m] = tbl.aCos[m - 1] * vC - tbl.aSin[m - 1] * vS;
-        tbl.aSin[m] = tbl.aSin[m - 1] * vC + tbl.aCos[m - 1] * vS;
+        functions.aCos[m] = functions.aCos[m - 1] * vC - functions.aSin[m - 1] * vS;
+        functions.aSin[m] = functions.aSin[m - 1] * vC + functions.aCos[m - 1] * vS;
     }
-    return tbl;
+    return functions;
 }
 
 template <class V, std::size_t kOrderCount, std::size_t kCells>
-HOPCAST_INLINE void FunctionsAdd(std::array<V, kCells>& aCells, const Functions<V>& tbl,
+HOPCAST_INLINE void FunctionsAdd(std::array<V, kCells>& aCells, const Functions<V>& functions,
                                  const std::array<int, kOrderCount>& aLast, double dWeight)
 {
     const auto nFirst = static_cast<std::size_t>(aLast[0]);
-    for (std::size_t i = 0; i <= nFirst; ++i) aCells[i] += dWeight * tbl.aPower[i];
+    for (std::size_t i = 0; i <= nFirst; ++i) aCells[i] += dWeight * functions.aPower[i];
     for (std::size_t m = 1; m < kOrderCount; ++m) {
         std::size_t i = static_cast<std::size_t>(aLast[m - 1]) + 1;
-        const V vCos = dWeight * tbl.aCos[m];
-        const V vSin = dWeight * tbl.aSin[m];
+        const V vCos = dWeight * functions.aCos[m];
+        const V vSin = dWeight * functions.aSin[m];
         for (std::size_t q = 0; i <= static_cast<std::size_t>(aLast[m]); i += 2, ++q) {
-            aCells[i] += vCos * tbl.aPower[q];
-            aCells[i + 1] += vSin * tbl.aPower[q];
+            aCells[i] += vCos * functions.aPower[q];
+            aCells[i + 1] += vSin * functions.aPower[q];
         }
     }
 }
 
 void MapPlaceAdd(MapPlace& map, const Place& place, double dDip, double dWeight)
 {
-    const auto tbl = FunctionsGet<double>(place.dCosLat, place.dSinLon, place.dCosLon, dDip);
-    FunctionsAdd<double>(map.aFof2, tbl, kFof2Last, dWeight);
-    FunctionsAdd<double>(map.aM3, tbl, kM3Last, dWeight);
+    const auto functions = FunctionsGet<double>(place.dCosLat, place.dSinLon, place.dCosLon, dDip);
+    FunctionsAdd<double>(map.aFof2, functions, kFof2Last, dWeight);
+    FunctionsAdd<double>(map.aM3, functions, kM3Last, dWeight);
 }
 
 // The four grid places of the ITU program and their weights.
@@ -156,13 +156,13 @@ HOPCAST_INLINE void PlacesLanesFill(const MapRows& aFof2, const MapRows& aM3, co
                                     const MapPlaces& places, int nFirst, int nLast)
 {
     for (std::size_t i = 0; i < places.nCount; i += kLanes<V>) {
-        const auto tbl =
+        const auto functions =
             FunctionsGet<V>(LaneLoad<V>(places.pCosLat + i), LaneLoad<V>(places.pSinLon + i),
                             LaneLoad<V>(places.pCosLon + i), LaneLoad<V>(places.pDip + i));
         std::array<V, kFof2Functions> aFof2Places{};
         std::array<V, kM3Functions> aM3Places{};
-        FunctionsAdd<V>(aFof2Places, tbl, kFof2Last, 1.0);
-        FunctionsAdd<V>(aM3Places, tbl, kM3Last, 1.0);
+        FunctionsAdd<V>(aFof2Places, functions, kFof2Last, 1.0);
+        FunctionsAdd<V>(aM3Places, functions, kM3Last, 1.0);
         const std::size_t nCount = std::min<std::size_t>(kLanes<V>, places.nCount - i);
         constexpr std::size_t kTogether = 6;
         auto t = static_cast<std::size_t>(nFirst);

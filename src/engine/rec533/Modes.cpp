@@ -17,23 +17,23 @@ struct Screen {
     double dFoe = 0.0;
 };
 
-Screen ScreenMake(const WayHour& tbl)
+Screen ScreenMake(const WayHour& wayHour)
 {
     Screen screen;
-    const Ionosphere& iono = *tbl.pWay->pIonosphere;
-    const double dKm = tbl.pWay->way.dKm;
-    if (dKm > kScreenedMost || tbl.nOrderF2 == 0)
+    const Ionosphere& iono = *wayHour.pWay->pIonosphere;
+    const double dKm = wayHour.pWay->way.dKm;
+    if (dKm > kScreenedMost || wayHour.nOrderF2 == 0)
         return screen;
-    screen.dFoe = tbl.dFoeScreen;
+    screen.dFoe = wayHour.dFoeScreen;
     const auto fnAdd = [&](const F2Layer& layer) {
         screen.aLayers[screen.nLayers++] = MirrorLayerMake(
             layer.dFof2, layer.dFoe, layer.dM3, iono.dSsnLimited, iono.quirks.bNoMirrorTerm);
     };
-    if (dKm > tbl.dRangeMost)
-        fnAdd(tbl.hopT);
-    fnAdd(tbl.mid);
-    if (dKm > tbl.dRangeMost)
-        fnAdd(tbl.hopR);
+    if (dKm > wayHour.dRangeMost)
+        fnAdd(wayHour.hopT);
+    fnAdd(wayHour.mid);
+    if (dKm > wayHour.dRangeMost)
+        fnAdd(wayHour.hopR);
     return screen;
 }
 
@@ -51,9 +51,9 @@ struct ModeNumbers {
     int nCrossings;
 };
 
-ModeNumbers ModeNumbersGet(const WayHour& tbl, const Mode& mode)
+ModeNumbers ModeNumbersGet(const WayHour& wayHour, const Mode& mode)
 {
-    const WayPath& path = *tbl.pWay;
+    const WayPath& path = *wayHour.pWay;
     ModeNumbers numbers{};
     numbers.pMode = &mode;
     numbers.dHop = path.way.dKm / mode.nHops;
@@ -69,14 +69,14 @@ ModeNumbers ModeNumbersGet(const WayHour& tbl, const Mode& mode)
 }
 
 // Makes a mode's crossings, if they are not there.
-void ModeCrossingsMake(WayHour& tbl, Mode& mode)
+void ModeCrossingsMake(WayHour& wayHour, Mode& mode)
 {
     if (mode.nCrossing >= 0)
         return;
-    mode.nCrossing = tbl.nCrossings;
-    tbl.nCrossings += 2 * mode.nHops;
-    CrossingsFill(tbl.absorption, tbl.pWay->track, mode.nHops, mode.dElevation,
-                  &tbl.aCrossings[static_cast<std::size_t>(mode.nCrossing)]);
+    mode.nCrossing = wayHour.nCrossings;
+    wayHour.nCrossings += 2 * mode.nHops;
+    CrossingsFill(wayHour.absorption, wayHour.pWay->track, mode.nHops, mode.dElevation,
+                  &wayHour.aCrossings[static_cast<std::size_t>(mode.nCrossing)]);
 }
 
 // Loss of a mode above its basic MUF, from the root of f/MUF - 1 where that is above 0.
@@ -99,22 +99,22 @@ HOPCAST_INLINE V WorstLossGet(const V& vF, double dWorst)
 
 // Screening frequency of an F2 mode. The elevation's cosine comes from its tangent.
 template <class V>
-HOPCAST_INLINE V ScreeningGet(const Screen& tbl, const ModeNumbers& numbers, const V& vF,
+HOPCAST_INLINE V ScreeningGet(const Screen& screen, const ModeNumbers& numbers, const V& vF,
                               V& vMirror)
 {
     vMirror = V{};
-    for (std::size_t i = 0; i < tbl.nLayers; ++i)
-        vMirror += MirrorHeightLanesGet<V>(tbl.aLayers[i], vF, numbers.dHop);
-    vMirror = vMirror / static_cast<double>(tbl.nLayers);
+    for (std::size_t i = 0; i < screen.nLayers; ++i)
+        vMirror += MirrorHeightLanesGet<V>(screen.aLayers[i], vF, numbers.dHop);
+    vMirror = vMirror / static_cast<double>(screen.nLayers);
     const V vTan = (numbers.dCosHalf - kEarthKm / (kEarthKm + vMirror)) / numbers.dSinHalf;
     constexpr double kAtE = kEarthKm / (kEarthKm + kHeightE);
     const V vSin2 = kAtE * kAtE / (1.0 + vTan * vTan);
-    return 1.05 * tbl.dFoe / LaneSqrt<V>(1.0 - vSin2);
+    return 1.05 * screen.dFoe / LaneSqrt<V>(1.0 - vSin2);
 }
 
 // First frequencies, whether any is above the screening.
 template <class V>
-HOPCAST_INLINE bool ModeScreeningFill(ModeRows& tbl, const Screen& screen,
+HOPCAST_INLINE bool ModeScreeningFill(ModeRows& modeRows, const Screen& screen,
                                       const ModeNumbers& numbers, const FrequencySet& set)
 {
     bool bAny = false;
@@ -125,15 +125,15 @@ HOPCAST_INLINE bool ModeScreeningFill(ModeRows& tbl, const Screen& screen,
             vScreening = ScreeningGet<V>(screen, numbers, vF, vMirror);
         const auto maskUsed = vScreening < vF;
         bAny = bAny || LaneAny(maskUsed);
-        LaneStore(&tbl.aUsed[i], LaneSelect(maskUsed, LaneAll<V>(1.0), LaneAll<V>(0.0)));
-        LaneStore(&tbl.aScreening[i], vScreening);
-        LaneStore(&tbl.aMirror[i], vMirror);
+        LaneStore(&modeRows.aUsed[i], LaneSelect(maskUsed, LaneAll<V>(1.0), LaneAll<V>(0.0)));
+        LaneStore(&modeRows.aScreening[i], vScreening);
+        LaneStore(&modeRows.aMirror[i], vMirror);
     }
     return bAny;
 }
 
 template <class V>
-HOPCAST_INLINE void ModeFieldFill(ModeRows& tbl, const ModeNumbers& numbers,
+HOPCAST_INLINE void ModeFieldFill(ModeRows& modeRows, const ModeNumbers& numbers,
                                   const FrequencySet& set)
 {
     const Mode& mode = *numbers.pMode;
@@ -148,23 +148,24 @@ HOPCAST_INLINE void ModeFieldFill(ModeRows& tbl, const ModeNumbers& numbers,
         const V vRoot = LaneSqrt<V>(LaneMax<V>(vOver, LaneAll<V>(0.0)));
         const V vLoss =
             numbers.dLoss + vDb + vAbsorption + MufLossGet<V>(mode.bE, numbers.bFar, vOver, vRoot);
-        LaneStore<V>(&tbl.aLoss[i], vLoss);
-        LaneStore<V>(&tbl.aField[i], numbers.dField + vDb - vLoss);
+        LaneStore<V>(&modeRows.aLoss[i], vLoss);
+        LaneStore<V>(&modeRows.aField[i], numbers.dField + vDb - vLoss);
         if (mode.dWorst > 0.0)
-            LaneStore<V>(&tbl.aHopField[i],
+            LaneStore<V>(&modeRows.aHopField[i],
                          numbers.dHopField - vAbsorption - WorstLossGet<V>(vF, mode.dWorst));
     }
 }
 
-HOPCAST_WIDE bool ModeScreeningWide(ModeRows& tbl, const Screen& screen, const ModeNumbers& numbers,
-                                    const FrequencySet& set)
+HOPCAST_WIDE bool ModeScreeningWide(ModeRows& modeRows, const Screen& screen,
+                                    const ModeNumbers& numbers, const FrequencySet& set)
 {
-    return ModeScreeningFill<Lanes4>(tbl, screen, numbers, set);
+    return ModeScreeningFill<Lanes4>(modeRows, screen, numbers, set);
 }
 
-HOPCAST_WIDE void ModeFieldWide(ModeRows& tbl, const ModeNumbers& numbers, const FrequencySet& set)
+HOPCAST_WIDE void ModeFieldWide(ModeRows& modeRows, const ModeNumbers& numbers,
+                                const FrequencySet& set)
 {
-    ModeFieldFill<Lanes4>(tbl, numbers, set);
+    ModeFieldFill<Lanes4>(modeRows, numbers, set);
 }
 
 }  // namespace
@@ -175,25 +176,25 @@ void ModesRowsFill(ModesRows& aRows, WayHour& hour, const FrequencySet& set)
     const Screen screen = ScreenMake(hour);
     for (std::size_t i = 0; i < static_cast<std::size_t>(hour.nModes); ++i) {
         Mode& mode = hour.aModes[i];
-        ModeRows& tbl = aRows[i];
+        ModeRows& modeRows = aRows[i];
         ModeNumbers numbers = ModeNumbersGet(hour, mode);
         if (screen.nLayers > 0) {
             numbers.dSinHalf = std::sin(numbers.dHop / (2.0 * kEarthKm));
             numbers.dCosHalf = std::cos(numbers.dHop / (2.0 * kEarthKm));
         }
-        const bool bAny = bWide ? ModeScreeningWide(tbl, screen, numbers, set)
-                                : ModeScreeningFill<Lanes2>(tbl, screen, numbers, set);
+        const bool bAny = bWide ? ModeScreeningWide(modeRows, screen, numbers, set)
+                                : ModeScreeningFill<Lanes2>(modeRows, screen, numbers, set);
         if (!mode.bReaches)
-            tbl.aUsed.fill(0.0);
+            modeRows.aUsed.fill(0.0);
         if (!bAny || !mode.bReaches)
             continue;
         ModeCrossingsMake(hour, mode);
         numbers.pCrossings = &hour.aCrossings[static_cast<std::size_t>(mode.nCrossing)];
         numbers.nCrossings = 2 * mode.nHops;
         if (bWide)
-            ModeFieldWide(tbl, numbers, set);
+            ModeFieldWide(modeRows, numbers, set);
         else
-            ModeFieldFill<Lanes2>(tbl, numbers, set);
+            ModeFieldFill<Lanes2>(modeRows, numbers, set);
     }
 }
 

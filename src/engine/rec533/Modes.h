@@ -73,7 +73,7 @@ struct Hour : WayHour {
 };
 
 /// Fills an hour (large: keep it off the stack of a loop). The path outlives it.
-void HourFill(Hour& tbl, Path& path, int nLabel);
+void HourFill(Hour& hour, Path& path, int nLabel);
 
 using ModesRows = std::array<ModeRows, kModesMost>;
 

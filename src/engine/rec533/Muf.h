@@ -54,7 +54,7 @@ HOPCAST_INLINE V F2MufOf(const V& vFof2, const V& vB, const V& vGyro, double dHo
         F2DistanceGet<V>(dHopKm, vRangeMost) / F2DistanceGet<V>(kStandardHop, vRangeMost);
     return (1.0 + vRatio * (vB - 1.0)) * vFof2 + vGyro / 2.0 * (1.0 - dHopKm / vRangeMost);
 }
-[[nodiscard]] double F2MufGet(const F2Layer& tbl, double dHopKm, double dRangeMost);
+[[nodiscard]] double F2MufGet(const F2Layer& f2Layer, double dHopKm, double dRangeMost);
 
 /// The same with the layer's own dmax, for several layers at once.
 template <class V>

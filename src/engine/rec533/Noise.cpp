@@ -36,29 +36,30 @@ std::array<double, kCount> SinesGet(double dX)
 double PlaceW(const Place& place) { return place.dLat + kPi / 2.0; }
 
 // The longitude series gives the coefficients of the latitude series.
-double BlockSum(const NoiseFigures& tbl, const NoisePlace& place, std::size_t nBlock)
+double BlockSum(const NoiseFigures& noiseFigures, const NoisePlace& place, std::size_t nBlock)
 {
-    const float* pFakp = tbl.pFakp + (kLongitudeTerms + 1) * kLatitudeTerms * nBlock;
+    const float* pFakp = noiseFigures.pFakp + (kLongitudeTerms + 1) * kLatitudeTerms * nBlock;
     std::array<double, kLatitudeTerms> aZ;
     for (std::size_t j = 0; j < kLatitudeTerms; ++j)
         aZ[j] = static_cast<double>(pFakp[kLongitudeTerms * kLatitudeTerms + j]);
     for (std::size_t k = 0; k < kLongitudeTerms; ++k)
         for (std::size_t j = 0; j < kLatitudeTerms; ++j)
             aZ[j] += place.aLon[k] * static_cast<double>(pFakp[k * kLatitudeTerms + j]);
-    double dSum = static_cast<double>(tbl.pFakabp[2 * nBlock])
-                  + static_cast<double>(tbl.pFakabp[2 * nBlock + 1]) * PlaceW(place.place);
+    double dSum = static_cast<double>(noiseFigures.pFakabp[2 * nBlock])
+                  + static_cast<double>(noiseFigures.pFakabp[2 * nBlock + 1]) * PlaceW(place.place);
     for (std::size_t j = 0; j < kLatitudeTerms; ++j) dSum += place.aLat[j] * aZ[j];
     return dSum;
 }
 
-double FigureGet(const NoiseFigures& tbl, NoisePlace& place, std::size_t nBlock)
+double FigureGet(const NoiseFigures& noiseFigures, NoisePlace& place, std::size_t nBlock)
 {
     constexpr double kU1 = -0.75;  // 1 MHz
     const std::size_t nAt = nBlock % 6;
     if (!place.aSummed[nAt]) {
-        const float* pFam = tbl.pFam + 14 * nBlock;
-        place.aFigure[nAt] = BlockSum(tbl, place, nAt) * (2.0 - PolynomialGet<7>(pFam, kU1))
-                             - PolynomialGet<7>(pFam + 7, kU1);
+        const float* pFam = noiseFigures.pFam + 14 * nBlock;
+        place.aFigure[nAt] =
+            BlockSum(noiseFigures, place, nAt) * (2.0 - PolynomialGet<7>(pFam, kU1))
+            - PolynomialGet<7>(pFam + 7, kU1);
         place.aSummed[nAt] = true;
     }
     return place.aFigure[nAt];
@@ -69,44 +70,45 @@ double FigureGet(const NoiseFigures& tbl, NoisePlace& place, std::size_t nBlock)
 NoisePlace NoisePlaceMake(const Place& place)
 {
     const double dEast = place.dLon < 0.0 ? place.dLon + 2.0 * kPi : place.dLon;
-    NoisePlace tbl;
-    tbl.place = place;
-    tbl.aLon = SinesGet<kLongitudeTerms>(dEast / 2.0);
-    tbl.aLat = SinesGet<kLatitudeTerms>(PlaceW(place));
-    return tbl;
+    NoisePlace noisePlace;
+    noisePlace.place = place;
+    noisePlace.aLon = SinesGet<kLongitudeTerms>(dEast / 2.0);
+    noisePlace.aLat = SinesGet<kLatitudeTerms>(PlaceW(place));
+    return noisePlace;
 }
 
-NoiseBlock NoiseBlockGet(const NoiseFigures& tbl, std::size_t nBlock, double dFrequency)
+NoiseBlock NoiseBlockGet(const NoiseFigures& noiseFigures, std::size_t nBlock, double dFrequency)
 {
-    const float* pFam = tbl.pFam + 14 * nBlock;
-    const float* pUpper = tbl.pDud + 5 * nBlock;
+    const float* pFam = noiseFigures.pFam + 14 * nBlock;
+    const float* pUpper = noiseFigures.pDud + 5 * nBlock;
     const double dU = (8.0 * std::exp2(std::log10(dFrequency)) - 11.0) / 4.0;
     const double dLogDecile = std::log10(std::min(dFrequency, 20.0));
     return {PolynomialGet<7>(pFam, dU), PolynomialGet<7>(pFam + 7, dU),
             PolynomialGet<5>(pUpper, dLogDecile), PolynomialGet<5>(pUpper + 60, dLogDecile)};
 }
 
-NoiseHour NoiseHourGet(const Ionosphere& tbl, NoisePlace& place, int nLabel)
+NoiseHour NoiseHourGet(const Ionosphere& ionosphere, NoisePlace& place, int nLabel)
 {
     const int nZone =
         static_cast<int>(place.place.dLon * (12.0 / kPi));  // whole zones, toward zero
-    const int nHour = HourWrap(SunHourOfLabel(tbl, nLabel) + nZone);
+    const int nHour = HourWrap(SunHourOfLabel(ionosphere, nLabel) + nZone);
     const std::size_t nSouth = place.place.dLat >= 0.0 ? 0 : 6;
     NoiseHour hour;
     hour.dPart = nHour % 4 / 4.0;
     hour.nBlockA = static_cast<std::size_t>(nHour / 4) + nSouth;
     hour.nBlockB =
         hour.dPart > 0.0 ? static_cast<std::size_t>((nHour / 4 + 1) % 6) + nSouth : hour.nBlockA;
-    hour.dFigureA = FigureGet(tbl.noise, place, hour.nBlockA);
-    hour.dFigureB = FigureGet(tbl.noise, place, hour.nBlockB);
+    hour.dFigureA = FigureGet(ionosphere.noise, place, hour.nBlockA);
+    hour.dFigureB = FigureGet(ionosphere.noise, place, hour.nBlockB);
     return hour;
 }
 
-Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& place, int nLabel, double dFrequency)
+Noise NoiseAtmosphericGet(const Ionosphere& ionosphere, NoisePlace& place, int nLabel,
+                          double dFrequency)
 {
-    const NoiseHour hour = NoiseHourGet(tbl, place, nLabel);
-    const NoiseBlock blockA = NoiseBlockGet(tbl.noise, hour.nBlockA, dFrequency);
-    const NoiseBlock blockB = NoiseBlockGet(tbl.noise, hour.nBlockB, dFrequency);
+    const NoiseHour hour = NoiseHourGet(ionosphere, place, nLabel);
+    const NoiseBlock blockA = NoiseBlockGet(ionosphere.noise, hour.nBlockA, dFrequency);
+    const NoiseBlock blockB = NoiseBlockGet(ionosphere.noise, hour.nBlockB, dFrequency);
     const auto fnMix = [&](double dA, double dB) {
         return dA + DbFromPower(1.0 + (PowerFromDb(dB - dA) - 1.0) * hour.dPart);
     };
@@ -128,8 +130,8 @@ Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency,
     constexpr double kLevelLog = 0.47712125471966244;  // log10 of 3 MHz
     const double dLog = std::log10(dFrequency);
     if (eCategory != NoiseCategory::Level) {
-        const Row& tbl = kRows[static_cast<std::size_t>(eCategory)];
-        return {tbl.dC - tbl.dD * dLog, tbl.dUpper, tbl.dLower};
+        const Row& row = kRows[static_cast<std::size_t>(eCategory)];
+        return {row.dC - row.dD * dLog, row.dUpper, row.dLower};
     }
     const double dFa = kThermal + dLevel + kRows[0].dD * (kLevelLog - dLog);
     // The ITU program swaps the deciles of a level.

@@ -26,7 +26,7 @@ struct NoiseBlock {
     double dFactor = 0.0, dRest = 0.0;
     double dUpper = 0.0, dLower = 0.0;
 };
-[[nodiscard]] NoiseBlock NoiseBlockGet(const NoiseFigures& tbl, std::size_t nBlock,
+[[nodiscard]] NoiseBlock NoiseBlockGet(const NoiseFigures& noiseFigures, std::size_t nBlock,
                                        double dFrequency);
 
 /// The noise maps at one place; a block is summed when it is first needed.
@@ -45,10 +45,10 @@ struct NoiseHour {
     double dFigureA = 0.0, dFigureB = 0.0;
     double dPart = 0.0;  ///< of B; with 0 B is A
 };
-[[nodiscard]] NoiseHour NoiseHourGet(const Ionosphere& tbl, NoisePlace& place, int nLabel);
+[[nodiscard]] NoiseHour NoiseHourGet(const Ionosphere& ionosphere, NoisePlace& place, int nLabel);
 
 /// Atmospheric noise at a label (hour), its two blocks mixed.
-[[nodiscard]] Noise NoiseAtmosphericGet(const Ionosphere& tbl, NoisePlace& place, int nLabel,
+[[nodiscard]] Noise NoiseAtmosphericGet(const Ionosphere& ionosphere, NoisePlace& place, int nLabel,
                                         double dFrequency);
 /// Man-made noise. dLevel (dBW in 1 Hz at 3 MHz) serves the category Level; bSwapped: its deciles
 /// are the wrong way round, as the ITU program has them.

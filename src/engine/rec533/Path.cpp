@@ -10,15 +10,16 @@ constexpr double kSin60 = 0.86602540378443865;
 // Signals vary more at high latitudes. The ITU program looks at the northern side alone, and beyond
 // 9000 km at the first crossing of 90 km and the last hop's first one instead of T + 1000 and R -
 // 1000.
-bool HighLatitudeIs(const Path& tbl)
+bool HighLatitudeIs(const Path& path)
 {
-    if (tbl.way.dKm <= kControlShort)
+    if (path.way.dKm <= kControlShort)
         return false;
-    double aSin[3]{tbl.mid.dGeomagneticSin, tbl.aheadT.dGeomagneticSin, tbl.aheadR.dGeomagneticSin};
-    if (!tbl.pIonosphere->quirks.bNorthOnly)
+    double aSin[3]{path.mid.dGeomagneticSin, path.aheadT.dGeomagneticSin,
+                   path.aheadR.dGeomagneticSin};
+    if (!path.pIonosphere->quirks.bNorthOnly)
         return std::any_of(aSin, aSin + 3, [](double dSin) { return std::abs(dSin) >= kSin60; });
-    if (tbl.way.dKm > kLongOnly) {
-        const LongPath& longPath = tbl.longPath;
+    if (path.way.dKm > kLongOnly) {
+        const LongPath& longPath = path.longPath;
         aSin[1] = GeomagneticSinGet(longPath.aLowPlaces[0]);
         aSin[2] = GeomagneticSinGet(
             longPath.aLowPlaces[2 * static_cast<std::size_t>(longPath.nLowHops) - 2]);
@@ -27,95 +28,95 @@ bool HighLatitudeIs(const Path& tbl)
 }
 
 // A control point, with the field along the way in place of its own.
-void SiteOfWayFill(Site& tbl, const CrossingTrack& track, double dFraction)
+void SiteOfWayFill(Site& site, const CrossingTrack& track, double dFraction)
 {
     const Way& way = track.way;
     const double dAngle = dFraction * way.dAngle;
     const double dCos = std::cos(dAngle);
     const double dSin = std::sin(dAngle);
     const std::size_t nArc = WayArcIndex(way, dAngle);
-    tbl.place = ArcPlace(way.aArcs[nArc], dCos, dSin);
-    tbl.bMap = false;
-    tbl.dGyroDip = FieldTrackGyroDipGet(track.aFields[nArc], dCos, dSin);
-    tbl.dGeomagneticSin = GeomagneticSinGet(tbl.place);
+    site.place = ArcPlace(way.aArcs[nArc], dCos, dSin);
+    site.bMap = false;
+    site.dGyroDip = FieldTrackGyroDipGet(track.aFields[nArc], dCos, dSin);
+    site.dGeomagneticSin = GeomagneticSinGet(site.place);
 }
 
 // The control points of a way whose geometry is there.
-void WaySitesFill(WayPath& tbl)
+void WaySitesFill(WayPath& wayPath)
 {
-    const double dKm = tbl.way.dKm;
-    tbl.track = CrossingTrackMake(tbl.way);
-    SiteOfWayFill(tbl.mid, tbl.track, 0.5);
+    const double dKm = wayPath.way.dKm;
+    wayPath.track = CrossingTrackMake(wayPath.way);
+    SiteOfWayFill(wayPath.mid, wayPath.track, 0.5);
     if (dKm > kControlShort) {
-        SiteOfWayFill(tbl.aheadT, tbl.track, kControlAhead / dKm);
-        SiteOfWayFill(tbl.aheadR, tbl.track, 1.0 - kControlAhead / dKm);
+        SiteOfWayFill(wayPath.aheadT, wayPath.track, kControlAhead / dKm);
+        SiteOfWayFill(wayPath.aheadR, wayPath.track, 1.0 - kControlAhead / dKm);
     }
-    tbl.aHopMade.fill(false);
-    tbl.middles.aMade.fill(false);
+    wayPath.aHopMade.fill(false);
+    wayPath.middles.aMade.fill(false);
     if (dKm >= kShortOnly)
-        LongPathFill(tbl.longPath, *tbl.pIonosphere, tbl.way);
+        LongPathFill(wayPath.longPath, *wayPath.pIonosphere, wayPath.way);
 }
 
 // The ways bent to the right and to the left of a long path.
-void BentWaysFill(Path& tbl)
+void BentWaysFill(Path& path)
 {
-    tbl.dBend = tbl.bHopSum ? WayBendGet(tbl.way.dAngle) : 0.0;
-    tbl.nBent = tbl.dBend > 0.0 ? tbl.aBent.size() : 0;
-    for (std::size_t i = 0; i < tbl.nBent; ++i) {
-        WayPath& bent = tbl.aBent[i];
-        bent.pIonosphere = tbl.pIonosphere;
-        bent.nOnlyHour = tbl.nOnlyHour;
-        bent.pTx = tbl.pTx;
-        bent.pRx = tbl.pRx;
-        bent.dPowerDb = tbl.dPowerDb;
-        bent.dLeastElevation = tbl.dLeastElevation;
+    path.dBend = path.bHopSum ? WayBendGet(path.way.dAngle) : 0.0;
+    path.nBent = path.dBend > 0.0 ? path.aBent.size() : 0;
+    for (std::size_t i = 0; i < path.nBent; ++i) {
+        WayPath& bent = path.aBent[i];
+        bent.pIonosphere = path.pIonosphere;
+        bent.nOnlyHour = path.nOnlyHour;
+        bent.pTx = path.pTx;
+        bent.pRx = path.pRx;
+        bent.dPowerDb = path.dPowerDb;
+        bent.dLeastElevation = path.dLeastElevation;
         bent.bHopSum = true;
-        bent.txLow = tbl.txLow;
-        bent.rxLow = tbl.rxLow;
-        bent.way = WayBentMake(tbl.way, tbl.dBend, i == 0 ? -1.0 : 1.0);
+        bent.txLow = path.txLow;
+        bent.rxLow = path.rxLow;
+        bent.way = WayBentMake(path.way, path.dBend, i == 0 ? -1.0 : 1.0);
         WaySitesFill(bent);
-        bent.longPath.dGap = tbl.longPath.dGap;
+        bent.longPath.dGap = path.longPath.dGap;
     }
 }
 
 }  // namespace
 
-void PathFill(Path& tbl, const Ionosphere& ionosphere, const Circuit& circuit, int nOnlyLabel)
+void PathFill(Path& path, const Ionosphere& ionosphere, const Circuit& circuit, int nOnlyLabel)
 {
     constexpr double kShareLeast = 1.0;
     constexpr double kShareMost = 99.0;
     constexpr double kElevationMost = 60.0;  // degrees
-    tbl.pIonosphere = &ionosphere;
-    tbl.circuit = circuit;
-    tbl.circuit.dRequiredReliability =
+    path.pIonosphere = &ionosphere;
+    path.circuit = circuit;
+    path.circuit.dRequiredReliability =
         std::clamp(circuit.dRequiredReliability, kShareLeast, kShareMost);
-    tbl.circuit.dLeastElevation = std::clamp(circuit.dLeastElevation, 0.0, kElevationMost);
-    tbl.dLeastElevation = tbl.circuit.dLeastElevation * kRadians;
-    tbl.txLow = AntennaLowGet(circuit.pTx, tbl.circuit.dLeastElevation);
-    tbl.rxLow = AntennaLowGet(circuit.pRx, tbl.circuit.dLeastElevation);
-    tbl.dShareQuantile = ShareQuantileGet(tbl.circuit.dRequiredReliability);
-    tbl.dPowerDb = DbFromPower(circuit.dPowerKw);
+    path.circuit.dLeastElevation = std::clamp(circuit.dLeastElevation, 0.0, kElevationMost);
+    path.dLeastElevation = path.circuit.dLeastElevation * kRadians;
+    path.txLow = AntennaLowGet(circuit.pTx, path.circuit.dLeastElevation);
+    path.rxLow = AntennaLowGet(circuit.pRx, path.circuit.dLeastElevation);
+    path.dShareQuantile = ShareQuantileGet(path.circuit.dRequiredReliability);
+    path.dPowerDb = DbFromPower(circuit.dPowerKw);
     const Place rx = PlaceFromDegrees(circuit.dRxLat, circuit.dRxLon);
-    tbl.nOnlyHour = nOnlyLabel > 0 ? MapHourGet(nOnlyLabel) : -1;
-    tbl.pTx = circuit.pTx;
-    tbl.pRx = circuit.pRx;
-    tbl.way = WayMake(PlaceFromDegrees(circuit.dTxLat, circuit.dTxLon), rx, circuit.bLongWay);
-    tbl.bHopSum = ionosphere.eBehaviour == Behaviour::Best && tbl.way.dKm > kShortOnly;
-    WaySitesFill(tbl);
-    BentWaysFill(tbl);
-    tbl.noise = NoisePlaceMake(rx);
-    tbl.bHighLatitude = HighLatitudeIs(tbl);
+    path.nOnlyHour = nOnlyLabel > 0 ? MapHourGet(nOnlyLabel) : -1;
+    path.pTx = circuit.pTx;
+    path.pRx = circuit.pRx;
+    path.way = WayMake(PlaceFromDegrees(circuit.dTxLat, circuit.dTxLon), rx, circuit.bLongWay);
+    path.bHopSum = ionosphere.eBehaviour == Behaviour::Best && path.way.dKm > kShortOnly;
+    WaySitesFill(path);
+    BentWaysFill(path);
+    path.noise = NoisePlaceMake(rx);
+    path.bHighLatitude = HighLatitudeIs(path);
 }
 
-void PathHopSitesMake(WayPath& tbl, int nOrder)
+void PathHopSitesMake(WayPath& wayPath, int nOrder)
 {
     const auto nAt = static_cast<std::size_t>(nOrder);
-    if (tbl.aHopMade[nAt])
+    if (wayPath.aHopMade[nAt])
         return;
     const double dHalf = 0.5 / nOrder;
-    SiteOfWayFill(tbl.aHopT[nAt], tbl.track, dHalf);
-    SiteOfWayFill(tbl.aHopR[nAt], tbl.track, 1.0 - dHalf);
-    tbl.aHopMade[nAt] = true;
+    SiteOfWayFill(wayPath.aHopT[nAt], wayPath.track, dHalf);
+    SiteOfWayFill(wayPath.aHopR[nAt], wayPath.track, 1.0 - dHalf);
+    wayPath.aHopMade[nAt] = true;
 }
 
 }  // namespace rec533

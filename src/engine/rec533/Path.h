@@ -75,12 +75,12 @@ struct Path : WayPath {
 
 /// Fills a path (large: keep it off the stack of a loop). The ionosphere outlives it.
 /// nOnlyLabel: the only label that will be asked for, 0 any.
-void PathFill(Path& tbl, const Ionosphere& ionosphere, const Circuit& circuit, int nOnlyLabel = 0);
+void PathFill(Path& path, const Ionosphere& ionosphere, const Circuit& circuit, int nOnlyLabel = 0);
 
 /// Makes the two half-hop control points of an order, if they are not there.
-void PathHopSitesMake(WayPath& tbl, int nOrder);
+void PathHopSitesMake(WayPath& wayPath, int nOrder);
 /// The lowest basic MUF of the hops of an order at a label, by the long-path rule. Makes the hops'
 /// middles, if they are not there.
-[[nodiscard]] double PathWorstMufGet(WayPath& tbl, const FoeHour& foe, int nLabel, int nHops);
+[[nodiscard]] double PathWorstMufGet(WayPath& wayPath, const FoeHour& foe, int nLabel, int nHops);
 
 }  // namespace rec533

@@ -111,7 +111,7 @@ HOPCAST_INLINE ModeSums<V> WayAdd(WaySums<V>& sums, WayRows& rows, const WayHour
 // The long-path rule: hop by hop and long method add in power on each way, the ways' powers have
 // their mean; eased in from 7000 km to 9000 km.
 template <class V>
-HOPCAST_INLINE void LongRuleFill(Fields<V>& tbl, const Hour& hour, PredictionWork& work,
+HOPCAST_INLINE void LongRuleFill(Fields<V>& fields, const Hour& hour, PredictionWork& work,
                                  const ModeSums<V>& shortPath, const FrequencySet& set,
                                  double dPart, std::size_t nAt)
 {
@@ -119,17 +119,20 @@ HOPCAST_INLINE void LongRuleFill(Fields<V>& tbl, const Hour& hour, PredictionWor
     const Path& path = *hour.pPath;
     const V vFrequency = LaneLoad<V>(&set.aMegahertz[nAt]);
     WaySums<V> sums;
-    tbl.tMode = WayAdd<V>(sums, work.aWays[0], hour, work.aModes[0], vFrequency, dPart, nAt).tMode;
+    fields.tMode =
+        WayAdd<V>(sums, work.aWays[0], hour, work.aModes[0], vFrequency, dPart, nAt).tMode;
     for (std::size_t i = 0; i < path.nBent; ++i)
         WayAdd<V>(sums, work.aWays[i + 1], hour.aBent[i], work.aModes[i + 1], vFrequency, dPart,
                   nAt);
-    tbl.tLong = sums.MeanGet(sums.aField);
-    tbl.tField = tbl.tLong;
-    tbl.tPower = sums.MeanGet(sums.aReceived);
+    fields.tLong = sums.MeanGet(sums.aField);
+    fields.tField = fields.tLong;
+    fields.tPower = sums.MeanGet(sums.aReceived);
     if (dPart < 1.0) {
         const V vLeast = LaneAll<V>(kShortLeast + path.dPowerDb);
-        tbl.tField = (1.0 - dPart) * LaneMax<V>(shortPath.tField, vLeast) + dPart * tbl.tField;
-        tbl.tPower = (1.0 - dPart) * LaneMax<V>(shortPath.tReceived, vLeast) + dPart * tbl.tPower;
+        fields.tField =
+            (1.0 - dPart) * LaneMax<V>(shortPath.tField, vLeast) + dPart * fields.tField;
+        fields.tPower =
+            (1.0 - dPart) * LaneMax<V>(shortPath.tReceived, vLeast) + dPart * fields.tPower;
     }
 }
 
@@ -139,58 +142,61 @@ HOPCAST_INLINE Fields<V> FieldsGet(const Hour& hour, PredictionWork& work, const
 {
     const Path& path = *hour.pPath;
     const double dKm = path.way.dKm;
-    Fields<V> tbl{};
+    Fields<V> fields{};
     ModeSums<V> shortPath{};
     if (dKm <= kLongOnly) {
         shortPath = ModeSumsGet<V>(hour, work.aModes[0], &ModeRows::aField, nAt);
-        tbl.tShort = shortPath.tField;
+        fields.tShort = shortPath.tField;
     }
     if (dKm >= kShortOnly) {
-        tbl.tShare =
+        fields.tShare =
             LongShareGet<V>(path.longPath, hour.longPath, LaneLoad<V>(&set.aMegahertz[nAt]));
-        tbl.tLong = LongFieldGet<V>(path.longPath, tbl.tShare, path.dPowerDb, path.txLow.dGain);
+        fields.tLong =
+            LongFieldGet<V>(path.longPath, fields.tShare, path.dPowerDb, path.txLow.dGain);
     }
     if (dKm <= kShortOnly) {
-        tbl.tField = shortPath.tField;
-        tbl.tPower = shortPath.tReceived;
-        tbl.tMode = shortPath.tMode;
-        return tbl;
+        fields.tField = shortPath.tField;
+        fields.tPower = shortPath.tReceived;
+        fields.tMode = shortPath.tMode;
+        return fields;
     }
     const double dPart = std::min((dKm - kShortOnly) / (kLongOnly - kShortOnly), 1.0);
     if (path.bHopSum) {
-        LongRuleFill<V>(tbl, hour, work, shortPath, set, dPart, nAt);
-        return tbl;
+        LongRuleFill<V>(fields, hour, work, shortPath, set, dPart, nAt);
+        return fields;
     }
-    tbl.tField = dPart < 1.0 ? FieldMixGet<V>(shortPath.tField, tbl.tLong, dPart) : tbl.tLong;
-    tbl.tPower = tbl.tField + path.rxLow.dGain;
-    tbl.tMode = LaneAll<V>(-1.0);
-    return tbl;
+    fields.tField =
+        dPart < 1.0 ? FieldMixGet<V>(shortPath.tField, fields.tLong, dPart) : fields.tLong;
+    fields.tPower = fields.tField + path.rxLow.dGain;
+    fields.tMode = LaneAll<V>(-1.0);
+    return fields;
 }
 
 template <class V>
-HOPCAST_INLINE void FieldsFill(PredictionRows& tbl, const Hour& hour, PredictionWork& work,
-                               const FrequencySet& set)
+HOPCAST_INLINE void FieldsFill(PredictionRows& predictionRows, const Hour& hour,
+                               PredictionWork& work, const FrequencySet& set)
 {
     for (std::size_t i = 0; i < set.nCount; i += kLanes<V>) {
         const Fields<V> fields = FieldsGet<V>(hour, work, set, i);
-        LaneStore<V>(&tbl.aFieldShort[i], fields.tShort);
-        LaneStore<V>(&tbl.aFieldLong[i], fields.tLong);
-        LaneStore<V>(&tbl.aLongShare[i], fields.tShare);
-        LaneStore<V>(&tbl.aField[i], fields.tField);
-        LaneStore<V>(&tbl.aPower[i], fields.tPower - LaneLoad<V>(&set.aDb[i]) - kFieldToPower);
-        LaneStore<V>(&tbl.aMode[i], fields.tMode);
+        LaneStore<V>(&predictionRows.aFieldShort[i], fields.tShort);
+        LaneStore<V>(&predictionRows.aFieldLong[i], fields.tLong);
+        LaneStore<V>(&predictionRows.aLongShare[i], fields.tShare);
+        LaneStore<V>(&predictionRows.aField[i], fields.tField);
+        LaneStore<V>(&predictionRows.aPower[i],
+                     fields.tPower - LaneLoad<V>(&set.aDb[i]) - kFieldToPower);
+        LaneStore<V>(&predictionRows.aMode[i], fields.tMode);
     }
 }
 
-HOPCAST_WIDE void FieldsWideFill(PredictionRows& tbl, const Hour& hour, PredictionWork& work,
-                                 const FrequencySet& set)
+HOPCAST_WIDE void FieldsWideFill(PredictionRows& predictionRows, const Hour& hour,
+                                 PredictionWork& work, const FrequencySet& set)
 {
-    FieldsFill<Lanes4>(tbl, hour, work, set);
+    FieldsFill<Lanes4>(predictionRows, hour, work, set);
 }
 
 }  // namespace
 
-void PredictionRowsFill(PredictionRows& tbl, PredictionWork& work, Hour& hour,
+void PredictionRowsFill(PredictionRows& predictionRows, PredictionWork& work, Hour& hour,
                         const FrequencySet& set)
 {
     const Path& path = *hour.pPath;
@@ -199,45 +205,45 @@ void PredictionRowsFill(PredictionRows& tbl, PredictionWork& work, Hour& hour,
     for (std::size_t i = 0; i < path.nBent; ++i)
         ModesRowsFill(work.aModes[i + 1], hour.aBent[i], set);
     if (LanesWideIs())
-        FieldsWideFill(tbl, hour, work, set);
+        FieldsWideFill(predictionRows, hour, work, set);
     else
-        FieldsFill<Lanes2>(tbl, hour, work, set);
+        FieldsFill<Lanes2>(predictionRows, hour, work, set);
     const bool bShort = path.way.dKm <= kShortOnly;
     const double dLow = bShort ? 0.0 : path.txLow.nDegrees * kRadians;
     for (std::size_t i = 0; i < set.nCount; ++i) {
-        const int nMode = static_cast<int>(tbl.aMode[i]);
-        tbl.aElevation[i] =
+        const int nMode = static_cast<int>(predictionRows.aMode[i]);
+        predictionRows.aElevation[i] =
             nMode < 0 ? dLow : hour.aModes[static_cast<std::size_t>(nMode)].dElevation;
     }
     const SnrInput input{circuit.dBandwidth,  circuit.dRequiredSnr, circuit.dRequiredReliability,
                          path.dShareQuantile, path.bHighLatitude,   hour.dMuf};
-    SnrRowsFill(tbl.snr, input, set, hour.noise, tbl.aPower);
+    SnrRowsFill(predictionRows.snr, input, set, hour.noise, predictionRows.aPower);
 }
 
 Prediction PredictionOfRows(const PredictionRows& rows, const Hour& hour, std::size_t nFrequency)
 {
     const std::size_t i = nFrequency;
-    Prediction tbl;
-    tbl.dFieldShort = rows.aFieldShort[i];
-    tbl.dFieldLong = rows.aFieldLong[i];
-    tbl.dField = rows.aField[i];
-    tbl.dLongShare = rows.aLongShare[i];
-    tbl.dPower = rows.aPower[i];
+    Prediction prediction;
+    prediction.dFieldShort = rows.aFieldShort[i];
+    prediction.dFieldLong = rows.aFieldLong[i];
+    prediction.dField = rows.aField[i];
+    prediction.dLongShare = rows.aLongShare[i];
+    prediction.dPower = rows.aPower[i];
     if (rows.aMode[i] >= 0.0) {
         const Mode& mode = hour.aModes[static_cast<std::size_t>(rows.aMode[i])];
-        tbl.nHops = mode.nHops;
-        tbl.bE = mode.bE;
+        prediction.nHops = mode.nHops;
+        prediction.bE = mode.bE;
     }
-    tbl.dElevation = rows.aElevation[i];
-    tbl.dSnr = rows.snr.aMedian[i];
-    tbl.dSnrUpper = rows.snr.aUpper[i];
-    tbl.dSnrLower = rows.snr.aLower[i];
-    tbl.dSnrExceeded = rows.snr.aExceeded[i];
-    tbl.dReliability = rows.snr.aReliability[i];
-    return tbl;
+    prediction.dElevation = rows.aElevation[i];
+    prediction.dSnr = rows.snr.aMedian[i];
+    prediction.dSnrUpper = rows.snr.aUpper[i];
+    prediction.dSnrLower = rows.snr.aLower[i];
+    prediction.dSnrExceeded = rows.snr.aExceeded[i];
+    prediction.dReliability = rows.snr.aReliability[i];
+    return prediction;
 }
 
-void PredictionFill(Prediction& tbl, Hour& hour, double dFrequency)
+void PredictionFill(Prediction& prediction, Hour& hour, double dFrequency)
 {
     FrequencySet set;
     PredictionWork work;
@@ -246,7 +252,7 @@ void PredictionFill(Prediction& tbl, Hour& hour, double dFrequency)
     FrequencySetFill(set, *path.pIonosphere, path.circuit, {&dFrequency, 1},
                      NoiseBlocksOf(hour.noise));
     PredictionRowsFill(rows, work, hour, set);
-    tbl = PredictionOfRows(rows, hour, 0);
+    prediction = PredictionOfRows(rows, hour, 0);
 }
 
 }  // namespace rec533

@@ -38,7 +38,7 @@ struct PredictionWork {
 };
 
 /// Hour's lists of crossings grow with the first prediction that needs them.
-void PredictionRowsFill(PredictionRows& tbl, PredictionWork& work, Hour& hour,
+void PredictionRowsFill(PredictionRows& predictionRows, PredictionWork& work, Hour& hour,
                         const FrequencySet& set);
 
 /// One hour and frequency.
@@ -60,6 +60,6 @@ struct Prediction {
                                           std::size_t nFrequency);
 
 /// The same for a frequency alone.
-void PredictionFill(Prediction& tbl, Hour& hour, double dFrequency);
+void PredictionFill(Prediction& prediction, Hour& hour, double dFrequency);
 
 }  // namespace rec533

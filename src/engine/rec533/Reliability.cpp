@@ -19,11 +19,13 @@ HOPCAST_INLINE void SignalDecilesLanesGet(const V& vToMuf, bool bHighLatitude, V
     vUpper = LaneAll<V>(bHighLatitude ? first.dUpperHigh : first.dUpper);
     vLower = LaneAll<V>(bHighLatitude ? first.dLowerHigh : first.dLower);
     double dFrom = first.dUpTo;
-    for (const SignalRow& tbl : kSignalRows) {
+    for (const SignalRow& signalRow : kSignalRows) {
         const auto mask = vToMuf > dFrom;
-        vUpper = LaneSelect(mask, LaneAll<V>(bHighLatitude ? tbl.dUpperHigh : tbl.dUpper), vUpper);
-        vLower = LaneSelect(mask, LaneAll<V>(bHighLatitude ? tbl.dLowerHigh : tbl.dLower), vLower);
-        dFrom = tbl.dUpTo;
+        vUpper = LaneSelect(
+            mask, LaneAll<V>(bHighLatitude ? signalRow.dUpperHigh : signalRow.dUpper), vUpper);
+        vLower = LaneSelect(
+            mask, LaneAll<V>(bHighLatitude ? signalRow.dLowerHigh : signalRow.dLower), vLower);
+        dFrom = signalRow.dUpTo;
     }
 }
 
@@ -60,7 +62,7 @@ HOPCAST_INLINE void NoiseLanesGet(const FrequencySet& set, const NoiseHour& nois
 }
 
 template <class V>
-HOPCAST_INLINE void SnrLanesFill(SnrRows& tbl, const SnrInput& input, const FrequencySet& set,
+HOPCAST_INLINE void SnrLanesFill(SnrRows& snrRows, const SnrInput& input, const FrequencySet& set,
                                  const NoiseHour& noise, const FrequencyRow& aPower)
 {
     constexpr double kHourUpper = 5.0;  // within the hour (P.842, table 1)
@@ -84,38 +86,39 @@ HOPCAST_INLINE void SnrLanesFill(SnrRows& tbl, const SnrInput& input, const Freq
         const V vGood =
             LaneMin<V>(LaneAll<V>(100.0), 130.0 - 80.0 / (1.0 + LaneAbs(vOver) / vLower));
         const V vBad = LaneMax<V>(LaneAll<V>(0.0), 80.0 / (1.0 + LaneAbs(vOver) / vUpper) - 30.0);
-        LaneStore<V>(&tbl.aMedian[i], vMedian);
-        LaneStore<V>(&tbl.aUpper[i], vUpper);
-        LaneStore<V>(&tbl.aLower[i], vLower);
-        LaneStore<V>(&tbl.aExceeded[i], input.dShare >= 50.0
-                                            ? vMedian - vLower * input.dShareQuantile
-                                            : vMedian + vUpper * input.dShareQuantile);
-        LaneStore<V>(&tbl.aReliability[i], LaneSelect(vOver >= 0.0, vGood, vBad));
+        LaneStore<V>(&snrRows.aMedian[i], vMedian);
+        LaneStore<V>(&snrRows.aUpper[i], vUpper);
+        LaneStore<V>(&snrRows.aLower[i], vLower);
+        LaneStore<V>(&snrRows.aExceeded[i], input.dShare >= 50.0
+                                                ? vMedian - vLower * input.dShareQuantile
+                                                : vMedian + vUpper * input.dShareQuantile);
+        LaneStore<V>(&snrRows.aReliability[i], LaneSelect(vOver >= 0.0, vGood, vBad));
     }
 }
 
-HOPCAST_WIDE void SnrWideFill(SnrRows& tbl, const SnrInput& input, const FrequencySet& set,
+HOPCAST_WIDE void SnrWideFill(SnrRows& snrRows, const SnrInput& input, const FrequencySet& set,
                               const NoiseHour& noise, const FrequencyRow& aPower)
 {
-    SnrLanesFill<Lanes4>(tbl, input, set, noise, aPower);
+    SnrLanesFill<Lanes4>(snrRows, input, set, noise, aPower);
 }
 
 }  // namespace
 
 SignalDeciles SignalDecilesGet(double dFrequencyToMuf, bool bHighLatitude)
 {
-    SignalDeciles tbl;
-    SignalDecilesLanesGet<double>(dFrequencyToMuf, bHighLatitude, tbl.dUpper, tbl.dLower);
-    return tbl;
+    SignalDeciles signalDeciles;
+    SignalDecilesLanesGet<double>(dFrequencyToMuf, bHighLatitude, signalDeciles.dUpper,
+                                  signalDeciles.dLower);
+    return signalDeciles;
 }
 
-void SnrRowsFill(SnrRows& tbl, const SnrInput& input, const FrequencySet& set,
+void SnrRowsFill(SnrRows& snrRows, const SnrInput& input, const FrequencySet& set,
                  const NoiseHour& noise, const FrequencyRow& aPower)
 {
     if (LanesWideIs())
-        SnrWideFill(tbl, input, set, noise, aPower);
+        SnrWideFill(snrRows, input, set, noise, aPower);
     else
-        SnrLanesFill<Lanes2>(tbl, input, set, noise, aPower);
+        SnrLanesFill<Lanes2>(snrRows, input, set, noise, aPower);
 }
 
 double ShareQuantileGet(double dShare)

@@ -37,7 +37,7 @@ struct SnrInput {
     double dMuf = 0.0;  ///< basic MUF of the path
 };
 /// aPower: median receiver power, dBW.
-void SnrRowsFill(SnrRows& tbl, const SnrInput& input, const FrequencySet& set,
+void SnrRowsFill(SnrRows& snrRows, const SnrInput& input, const FrequencySet& set,
                  const NoiseHour& noise, const FrequencyRow& aPower);
 
 /// Normal quantile of max(x, 100 - x) percent, in units of the 90 % quantile.

@@ -2,13 +2,13 @@
 
 namespace rec533 {
 
-void SiteFill(Site& tbl, const Place& place)
+void SiteFill(Site& site, const Place& place)
 {
-    tbl.place = place;
-    tbl.bMap = false;
+    site.place = place;
+    site.bMap = false;
     const MagneticField low = MagneticFieldGet(place, FieldHeight::Absorption);
-    tbl.dGyroDip = std::abs(low.dGyro * low.dSinDip);
-    tbl.dGeomagneticSin = GeomagneticSinGet(place);
+    site.dGyroDip = std::abs(low.dGyro * low.dSinDip);
+    site.dGeomagneticSin = GeomagneticSinGet(place);
 }
 
 double SiteFoeGet(const FoeHour& hour, const Place& place)
@@ -16,18 +16,19 @@ double SiteFoeGet(const FoeHour& hour, const Place& place)
     return FoeGet(hour, place, SunZenithCosGet(*hour.pSun, place));
 }
 
-F2Layer SiteLayerGet(const Ionosphere& tbl, const FoeHour& hour, Site& site, int nLabel)
+F2Layer SiteLayerGet(const Ionosphere& ionosphere, const FoeHour& hour, Site& site, int nLabel)
 {
     if (!site.bMap) {
         const MagneticField field = MagneticFieldGet(site.place, FieldHeight::Maps);
         site.dGyro300 = field.dGyro;
-        MapPlaceFill(site.map, site.place, field, tbl.quirks.bGriddedMaps);
+        MapPlaceFill(site.map, site.place, field, ionosphere.quirks.bGriddedMaps);
         site.bMap = true;
     }
     const int nHour = MapHourGet(nLabel);
-    return F2LayerMake(std::max(MapFof2Get(tbl.maps, site.map, nHour), tbl.dFof2Least),
-                       std::max(MapM3Get(tbl.maps, site.map, nHour), kM3Least),
-                       SiteFoeGet(hour, site.place), site.dGyro300);
+    return F2LayerMake(
+        std::max(MapFof2Get(ionosphere.maps, site.map, nHour), ionosphere.dFof2Least),
+        std::max(MapM3Get(ionosphere.maps, site.map, nHour), kM3Least),
+        SiteFoeGet(hour, site.place), site.dGyro300);
 }
 
 }  // namespace rec533

@@ -21,12 +21,12 @@ struct Site {
 };
 
 /// Everything but the map functions, which SiteLayerGet makes when it first needs them.
-void SiteFill(Site& tbl, const Place& place);
+void SiteFill(Site& site, const Place& place);
 
 /// foE at a place and label, MHz.
 [[nodiscard]] double SiteFoeGet(const FoeHour& hour, const Place& place);
 /// The F2 layer at a site and label.
-[[nodiscard]] F2Layer SiteLayerGet(const Ionosphere& tbl, const FoeHour& hour, Site& site,
+[[nodiscard]] F2Layer SiteLayerGet(const Ionosphere& ionosphere, const FoeHour& hour, Site& site,
                                    int nLabel);
 
 }  // namespace rec533

@@ -33,17 +33,17 @@ SunHour SunHourGet(int nMonth, double dHour)
         dEps -= 180.0;
     dEps *= kRadians;
     const double dBeta = std::atan(std::cos(kObliquity) * std::tan(dEps));
-    SunHour tbl;
-    tbl.dHour = dHour;
-    tbl.dEquation = 3.98891967 * ((dEps - dBeta) + (dLam - dNu)) * kDegrees;
-    tbl.dSinDecl = std::sin(kObliquity)
-                   * std::sin(kEccentricity * std::sin(dLam) + dLam - 78.746118 * kRadians);
-    tbl.dDeclination = std::asin(tbl.dSinDecl);
-    tbl.dCosDecl = std::cos(tbl.dDeclination);
-    const double dTurn = SunHourAngleGet(tbl, 0.0);
-    tbl.dSinTurn = std::sin(dTurn);
-    tbl.dCosTurn = std::cos(dTurn);
-    return tbl;
+    SunHour sunHour;
+    sunHour.dHour = dHour;
+    sunHour.dEquation = 3.98891967 * ((dEps - dBeta) + (dLam - dNu)) * kDegrees;
+    sunHour.dSinDecl = std::sin(kObliquity)
+                       * std::sin(kEccentricity * std::sin(dLam) + dLam - 78.746118 * kRadians);
+    sunHour.dDeclination = std::asin(sunHour.dSinDecl);
+    sunHour.dCosDecl = std::cos(sunHour.dDeclination);
+    const double dTurn = SunHourAngleGet(sunHour, 0.0);
+    sunHour.dSinTurn = std::sin(dTurn);
+    sunHour.dCosTurn = std::cos(dTurn);
+    return sunHour;
 }
 
 double SunHourAngleGet(const SunHour& sun, double dLon)
@@ -71,10 +71,10 @@ SunTimes SunTimesGet(const SunHour& sun, const Place& place)
 
 SunDay SunDayMake(int nMonth)
 {
-    SunDay tbl;
-    for (std::size_t i = 0; i < tbl.aHours.size(); ++i)
-        tbl.aHours[i] = SunHourGet(nMonth, static_cast<double>(i));
-    return tbl;
+    SunDay sunDay;
+    for (std::size_t i = 0; i < sunDay.aHours.size(); ++i)
+        sunDay.aHours[i] = SunHourGet(nMonth, static_cast<double>(i));
+    return sunDay;
 }
 
 }  // namespace rec533

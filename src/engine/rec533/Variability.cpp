@@ -47,11 +47,11 @@ DecileFactors DecileFactorsGet(double dLat, double dLocalHour, Season eSeason, d
             DecileGet(true, eSeason, nClass, dLat, dHour)};
 }
 
-double DecileHourGet(const Ionosphere& tbl, int nLabel, double dLon)
+double DecileHourGet(const Ionosphere& ionosphere, int nLabel, double dLon)
 {
-    const int nHour = SunHourOfLabel(tbl, nLabel);
+    const int nHour = SunHourOfLabel(ionosphere, nLabel);
     // The ITU program reads the local-time tables at the UT hour.
-    return tbl.quirks.bDecilesAtUtc ? nHour : nHour + dLon * (12.0 / kPi);
+    return ionosphere.quirks.bDecilesAtUtc ? nHour : nHour + dLon * (12.0 / kPi);
 }
 
 double OperationalRatioGet(Season eSeason, bool bDay, double dEirp)
@@ -66,11 +66,11 @@ double OperationalRatioGet(Season eSeason, bool bDay, double dEirp)
     return kRatio[dEirp > kEirpClass ? 1 : 0][static_cast<int>(eSeason)][bDay ? 0 : 1];
 }
 
-bool OperationalDayIs(const Ionosphere& tbl, int nLabel, const Place& place)
+bool OperationalDayIs(const Ionosphere& ionosphere, int nLabel, const Place& place)
 {
-    const int nHour = SunHourOfLabel(tbl, nLabel);
-    const SunHour& sun = tbl.sun.aHours[static_cast<std::size_t>(nHour)];
-    if (!tbl.quirks.bDayByUtc)
+    const int nHour = SunHourOfLabel(ionosphere, nLabel);
+    const SunHour& sun = ionosphere.sun.aHours[static_cast<std::size_t>(nHour)];
+    if (!ionosphere.quirks.bDayByUtc)
         return SunZenithCosGet(sun, place) > kSunRiseZenithCos;
     // The ITU program compares UT hours without regard to midnight; polar day is night to it.
     const SunTimes times = SunTimesGet(sun, place);

@@ -27,11 +27,11 @@ inline constexpr DecileFactors kDecilesE{0.95, 1.05};
                                              double dSsn);
 
 /// Hour at which the decile factors are read for a label at a longitude.
-[[nodiscard]] double DecileHourGet(const Ionosphere& tbl, int nLabel, double dLon);
+[[nodiscard]] double DecileHourGet(const Ionosphere& ionosphere, int nLabel, double dLon);
 
 /// Ratio of operational to basic MUF for F2 modes. dEirp in dBW.
 [[nodiscard]] double OperationalRatioGet(Season eSeason, bool bDay, double dEirp);
 /// Day at a place for that ratio.
-[[nodiscard]] bool OperationalDayIs(const Ionosphere& tbl, int nLabel, const Place& place);
+[[nodiscard]] bool OperationalDayIs(const Ionosphere& ionosphere, int nLabel, const Place& place);
 
 }  // namespace rec533

@@ -21,11 +21,11 @@ constexpr double kGainMost = 999.0;  // dB, either sign: beyond it powers have n
 AntennaLoaded BuiltInGet(std::string_view sTitle,
                          std::span<const float, rec533::kAntennaGains + 1> aFigures)
 {
-    AntennaLoaded tbl{std::string(sTitle), {}};
-    for (std::size_t i = 0; i < tbl.antenna.aGain.size(); ++i)
-        tbl.antenna.aGain[i] =
+    AntennaLoaded antennaLoaded{std::string(sTitle), {}};
+    for (std::size_t i = 0; i < antennaLoaded.antenna.aGain.size(); ++i)
+        antennaLoaded.antenna.aGain[i] =
             static_cast<double>(aFigures[0]) + static_cast<double>(aFigures[i + 1]);
-    return tbl;
+    return antennaLoaded;
 }
 
 // The file's path below ROOT/antennas, empty when there is none. Folders as spelled or in small
@@ -68,11 +68,11 @@ Result<AntennaLoaded> AntennaRead(std::string_view sText)
     if (dType != kTypeGains)
         return RunError{"antenna type " + NumberToText(dType)
                         + " is not known, only 11 (91 gains)"};
-    AntennaLoaded tbl{std::string(TextTrim(aLines[0].substr(0, kTitleLetters))), {}};
+    AntennaLoaded antennaLoaded{std::string(TextTrim(aLines[0].substr(0, kTitleLetters))), {}};
     std::size_t nGains = 0;
     for (std::size_t i = kHeadLines; i < aLines.size(); ++i) {
         std::string_view sLine = TextTrim(aLines[i]);
-        while (!sLine.empty() && nGains < tbl.antenna.aGain.size()) {
+        while (!sLine.empty() && nGains < antennaLoaded.antenna.aGain.size()) {
             double dValue = 0.0;
             if (!NumberFirst(sLine, dValue))
                 return RunError{"antenna file line " + NumberToText(static_cast<int>(i) + 1)
@@ -80,15 +80,15 @@ Result<AntennaLoaded> AntennaRead(std::string_view sText)
             if (!(std::abs(dGain + dValue) <= kGainMost))
                 return RunError{"antenna file line " + NumberToText(static_cast<int>(i) + 1)
                                 + " holds a gain beyond 999 dB"};
-            tbl.antenna.aGain[nGains++] = dGain + dValue;
+            antennaLoaded.antenna.aGain[nGains++] = dGain + dValue;
             const std::size_t nNext = sLine.find_first_of(" \t");
             sLine = nNext == std::string_view::npos ? std::string_view()
                                                     : TextTrim(sLine.substr(nNext));
         }
     }
-    if (nGains < tbl.antenna.aGain.size())
+    if (nGains < antennaLoaded.antenna.aGain.size())
         return RunError{"antenna file with less than 91 gains"};
-    return tbl;
+    return antennaLoaded;
 }
 
 Result<AntennaLoaded> AntennaLoad(std::string_view sRoot, std::string_view sName)

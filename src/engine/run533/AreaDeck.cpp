@@ -36,26 +36,26 @@ void PlaceRead(CardReader& rdr, double& dLat, double& dLon)
     dLon = rdr.SignedGet(area_place_row::kLon, area_place_row::kLonLetter, "E", "W", 180.0);
 }
 
-void AreaRead(CardReader& rdr, AreaDeck& tbl)
+void AreaRead(CardReader& rdr, AreaDeck& areaDeck)
 {
-    tbl.dWest = rdr.NumberGet(area_bounds_row::kWest, -360.0, 360.0);
-    tbl.dEast = rdr.NumberGet(area_bounds_row::kEast, -360.0, 360.0);
-    tbl.dSouth = rdr.NumberGet(area_bounds_row::kSouth, -90.0, 90.0);
+    areaDeck.dWest = rdr.NumberGet(area_bounds_row::kWest, -360.0, 360.0);
+    areaDeck.dEast = rdr.NumberGet(area_bounds_row::kEast, -360.0, 360.0);
+    areaDeck.dSouth = rdr.NumberGet(area_bounds_row::kSouth, -90.0, 90.0);
     rdr.EndCheck(area_bounds_row::kNorth);
-    tbl.dNorth = rdr.NumberGet(area_bounds_row::kNorth, -90.0, 90.0);
+    areaDeck.dNorth = rdr.NumberGet(area_bounds_row::kNorth, -90.0, 90.0);
 }
 
-void SystemRead(CardReader& rdr, DeckCommon& tbl)
+void SystemRead(CardReader& rdr, DeckCommon& deckCommon)
 {
-    tbl.dNoise = -std::abs(rdr.NumberGet(area_system_row::kNoise, -999.0, 999.0));
-    tbl.dLeastElevation = rdr.NumberGet(area_system_row::kTakeoff, -99.0, 99.0);
-    tbl.dReliability = rdr.NumberGet(area_system_row::kReliability, -999.0, 9999.0);
-    tbl.dRequiredSnr = rdr.NumberGet(area_system_row::kRequiredSnr, -200.0, 200.0);
+    deckCommon.dNoise = -std::abs(rdr.NumberGet(area_system_row::kNoise, -999.0, 999.0));
+    deckCommon.dLeastElevation = rdr.NumberGet(area_system_row::kTakeoff, -99.0, 99.0);
+    deckCommon.dReliability = rdr.NumberGet(area_system_row::kReliability, -999.0, 9999.0);
+    deckCommon.dRequiredSnr = rdr.NumberGet(area_system_row::kRequiredSnr, -200.0, 200.0);
     rdr.EndCheck(area_system_row::kBandwidth);
-    tbl.dBandwidth = rdr.NumberGet(area_system_row::kBandwidth, 1.0, 1e6);
+    deckCommon.dBandwidth = rdr.NumberGet(area_system_row::kBandwidth, 1.0, 1e6);
 }
 
-void AntennaRead(CardReader& rdr, std::string_view sLabel, DeckCommon& tbl)
+void AntennaRead(CardReader& rdr, std::string_view sLabel, DeckCommon& deckCommon)
 {
     const bool bTx = sLabel == "Tx Ants";
     AntennaCard deckCard{std::string(sLabel), area_antenna_row::kName,
@@ -65,12 +65,12 @@ void AntennaRead(CardReader& rdr, std::string_view sLabel, DeckCommon& tbl)
         rdr.EndCheck(area_antenna_row::kPower);
         deckCard.dPowerKw = rdr.NumberGet(area_antenna_row::kPower, 1e-6, kPowerMost);
     }
-    (bTx ? tbl.txAntenna : tbl.rxAntenna) = deckCard;
+    (bTx ? deckCommon.txAntenna : deckCommon.rxAntenna) = deckCard;
 }
 
-void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
+void LineRead(Line eLine, CardReader& rdr, AreaDeck& areaDeck)
 {
-    DeckCommon& common = tbl.common;
+    DeckCommon& common = areaDeck.common;
     double dLat, dLon;
     switch (eLine) {
         case kModelLine:
@@ -79,7 +79,7 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
             break;
         case kTransmit:
             PlaceRead(rdr, common.dTxLat, common.dTxLon);
-            tbl.sTxName = std::string(rdr.TextGet(area_place_row::kStation));
+            areaDeck.sTxName = std::string(rdr.TextGet(area_place_row::kStation));
             if (rdr.TextGet(area_place_row::kWay) != "Short")
                 rdr.Fail(area_place_row::kWay, "only the short path is known");
             break;
@@ -87,11 +87,11 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
             PlaceRead(rdr, dLat, dLon);
             break;
         case kArea:
-            AreaRead(rdr, tbl);
+            AreaRead(rdr, areaDeck);
             break;
         case kGridsize:
             rdr.EndCheck(area_value_row::kGridSize);
-            tbl.nGrid = rdr.IntegerGet(area_value_row::kGridSize, kGridLeast, kGridMost);
+            areaDeck.nGrid = rdr.IntegerGet(area_value_row::kGridSize, kGridLeast, kGridMost);
             break;
         case kCoeffs:
             common.eMaps = static_cast<rec533::MapSet>(rdr.ChoiceGet(coeffs_row::kMaps, kMapNames));
@@ -106,11 +106,11 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
             break;
         case kHours:
             rdr.EndCheck(area_value_row::kHour);
-            tbl.nHour = rdr.IntegerGet(area_value_row::kHour, 0, 24);
+            areaDeck.nHour = rdr.IntegerGet(area_value_row::kHour, 0, 24);
             break;
         case kFreqs:
             rdr.EndCheck(area_value_row::kFrequency);
-            tbl.dFrequency =
+            areaDeck.dFrequency =
                 rdr.NumberGet(area_value_row::kFrequency, kFrequencyLeast, kFrequencyMost);
             break;
         case kSystem:
@@ -125,7 +125,7 @@ void LineRead(Line eLine, CardReader& rdr, AreaDeck& tbl)
 
 Result<AreaDeck> AreaDeckRead(std::string_view sDeck)
 {
-    AreaDeck tbl;
+    AreaDeck areaDeck;
     std::array<bool, kLines> aSeen{};
     if (!sDeck.empty() && sDeck.back() != '\n')
         return RunError{"the deck ends within a line"};
@@ -138,7 +138,7 @@ Result<AreaDeck> AreaDeckRead(std::string_view sDeck)
         if (sHead.size() < 10 || sHead.back() != ':')
             return DeckErrorMake(TextQuote(sLabel), kCardLabel, "no label of this deck");
         if (sLabel == "Tx Ants" || sLabel == "Rec Ants") {
-            AntennaRead(rdr, sLabel, tbl.common);
+            AntennaRead(rdr, sLabel, areaDeck.common);
         } else {
             const auto itLabel = std::find(kLabels.begin(), kLabels.end(), sLabel);
             if (itLabel == kLabels.end())
@@ -147,7 +147,7 @@ Result<AreaDeck> AreaDeckRead(std::string_view sDeck)
             if (aSeen[nLine])
                 return DeckErrorMake(sLabel, kCardLabel, "given twice");
             aSeen[nLine] = true;
-            LineRead(static_cast<Line>(nLine), rdr, tbl);
+            LineRead(static_cast<Line>(nLine), rdr, areaDeck);
         }
         if (rdr.Failed())
             return rdr.ErrorGet();
@@ -155,9 +155,10 @@ Result<AreaDeck> AreaDeckRead(std::string_view sDeck)
     for (std::size_t i = 0; i < aSeen.size(); ++i)
         if (!aSeen[i])
             return DeckErrorMake(kLabels[i], "the line is missing");
-    if (tbl.common.txAntenna.has_value() != tbl.common.rxAntenna.has_value())
-        return DeckErrorMake(tbl.common.txAntenna ? "Rec Ants" : "Tx Ants", "the line is missing");
-    return tbl;
+    if (areaDeck.common.txAntenna.has_value() != areaDeck.common.rxAntenna.has_value())
+        return DeckErrorMake(areaDeck.common.txAntenna ? "Rec Ants" : "Tx Ants",
+                             "the line is missing");
+    return areaDeck;
 }
 
 }  // namespace run533

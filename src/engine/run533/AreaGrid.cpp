@@ -22,14 +22,14 @@ GridPlace GridPlaceGet(const AreaDeck& deck, int nRow, int nColumn)
 {
     const int nSteps = deck.nGrid - 1;
     const bool bEastOnly = deck.dWest >= 0.0;
-    GridPlace tbl;
-    tbl.dLat = deck.dSouth + (deck.dNorth - deck.dSouth) * nRow / nSteps;
-    tbl.dLon = LonWrap(deck.dWest + (deck.dEast - deck.dWest) * nColumn / nSteps, bEastOnly);
-    const double dApart = std::remainder(tbl.dLon - deck.common.dTxLon, 360.0);
-    if (std::abs(tbl.dLat - deck.common.dTxLat) < kSame && std::abs(dApart) < kSame)
-        tbl.dLon = LonWrap(tbl.dLon + kFixedEast, bEastOnly);
-    tbl.dLonOfPath = std::remainder(tbl.dLon, 360.0);
-    return tbl;
+    GridPlace gridPlace;
+    gridPlace.dLat = deck.dSouth + (deck.dNorth - deck.dSouth) * nRow / nSteps;
+    gridPlace.dLon = LonWrap(deck.dWest + (deck.dEast - deck.dWest) * nColumn / nSteps, bEastOnly);
+    const double dApart = std::remainder(gridPlace.dLon - deck.common.dTxLon, 360.0);
+    if (std::abs(gridPlace.dLat - deck.common.dTxLat) < kSame && std::abs(dApart) < kSame)
+        gridPlace.dLon = LonWrap(gridPlace.dLon + kFixedEast, bEastOnly);
+    gridPlace.dLonOfPath = std::remainder(gridPlace.dLon, 360.0);
+    return gridPlace;
 }
 
 double GridValueClamp(double dValue)

@@ -25,34 +25,34 @@ struct Grid {
     std::atomic<int> nNextRow{0};
 };
 
-void PointAppend(std::string& s, const rec533::DayHour& hour, const rec533::Prediction& tbl)
+void PointAppend(std::string& s, const rec533::DayHour& hour, const rec533::Prediction& prediction)
 {
     FieldAppend(s, hour.dMuf, 6, 2);
-    if (tbl.nHops > 0)
-        FieldAppend(s, NumberToText(tbl.nHops) + (tbl.bE ? "E " : "F2"), 6);
+    if (prediction.nHops > 0)
+        FieldAppend(s, NumberToText(prediction.nHops) + (prediction.bE ? "E " : "F2"), 6);
     else
         s += "   ---";
-    FieldAppend(s, tbl.dElevation * rec533::kDegrees, 6, 1);
-    FieldAppend(s, GridValueClamp(tbl.dField), 6, 1);
-    FieldAppend(s, GridValueClamp(tbl.dSnr), 6, 1);
-    FieldAppend(s, std::clamp(tbl.dReliability / 100.0, 0.01, 0.99), 6, 3);
-    FieldAppend(s, GridValueClamp(tbl.dSnrExceeded), 6, 1);
+    FieldAppend(s, prediction.dElevation * rec533::kDegrees, 6, 1);
+    FieldAppend(s, GridValueClamp(prediction.dField), 6, 1);
+    FieldAppend(s, GridValueClamp(prediction.dSnr), 6, 1);
+    FieldAppend(s, std::clamp(prediction.dReliability / 100.0, 0.01, 0.99), 6, 3);
+    FieldAppend(s, GridValueClamp(prediction.dSnrExceeded), 6, 1);
     s += '\n';
 }
 
-void RowFill(Grid& tbl, int nRow, rec533::DayWork& work)
+void RowFill(Grid& grid, int nRow, rec533::DayWork& work)
 {
-    const AreaDeck& deck = *tbl.pDeck;
+    const AreaDeck& deck = *grid.pDeck;
     std::string sRow;
     sRow.reserve(kLineBytes * static_cast<std::size_t>(deck.nGrid));
-    rec533::Circuit circuit = tbl.circuit;
+    rec533::Circuit circuit = grid.circuit;
     rec533::DayHour hour;
     rec533::Prediction prediction;
     for (int i = 0; i < deck.nGrid; ++i) {
         const GridPlace place = GridPlaceGet(deck, nRow, i);
         circuit.dRxLat = place.dLat;
         circuit.dRxLon = place.dLonOfPath;
-        PredictHour(work, *tbl.pParts->pIonosphere, *tbl.pFrequencies, circuit, deck.nHour, hour,
+        PredictHour(work, *grid.pParts->pIonosphere, *grid.pFrequencies, circuit, deck.nHour, hour,
                     {&prediction, 1});
         FieldAppend(sRow, NumberToText(i + 1), 3);
         FieldAppend(sRow, NumberToText(nRow + 1), 3);
@@ -60,56 +60,56 @@ void RowFill(Grid& tbl, int nRow, rec533::DayWork& work)
         FieldAppend(sRow, place.dLon, 10, 4);
         PointAppend(sRow, hour, prediction);
     }
-    sRow.copy(tbl.sPoints.data() + sRow.size() * static_cast<std::size_t>(nRow), sRow.size());
+    sRow.copy(grid.sPoints.data() + sRow.size() * static_cast<std::size_t>(nRow), sRow.size());
 }
 
-void RowsFill(Grid& tbl)
+void RowsFill(Grid& grid)
 {
     rec533::DayWork work;
-    for (int nRow = tbl.nNextRow++; nRow < tbl.pDeck->nGrid; nRow = tbl.nNextRow++)
-        RowFill(tbl, nRow, work);
+    for (int nRow = grid.nNextRow++; nRow < grid.pDeck->nGrid; nRow = grid.nNextRow++)
+        RowFill(grid, nRow, work);
 }
 
-void HeadMake(Grid& tbl, rec533::Behaviour eBehaviour)
+void HeadMake(Grid& grid, rec533::Behaviour eBehaviour)
 {
     constexpr int kTitleWidth = 90;
-    const AreaDeck& deck = *tbl.pDeck;
-    const double dKw = tbl.circuit.dPowerKw;
+    const AreaDeck& deck = *grid.pDeck;
+    const double dKw = grid.circuit.dPowerKw;
     std::string sTitle =
-        deck.sTxName + " [" + (tbl.pParts->pTx ? tbl.pParts->pTx->sTitle : "Isotropic") + "] "
+        deck.sTxName + " [" + (grid.pParts->pTx ? grid.pParts->pTx->sTitle : "Isotropic") + "] "
         + (dKw >= 1.0 ? NumberToText(dKw) + "kW" : NumberToText(std::round(dKw * 1e6) / 1e3) + "W")
         + " " + NumberFormat(deck.common.txAntenna ? deck.common.txAntenna->dAzimuth : 0.0, "0")
         + "deg " + NumberFormat(deck.nHour == 0 ? 24.0 : deck.nHour, "00") + "ut "
         + NumberFormat(deck.dFrequency, "0.000") + "MHz "
         + std::string(MonthNameGet(deck.common.nMonth)) + " " + NumberFormat(deck.common.dSsn, "0")
         + "ssn";
-    tbl.sHead.append(MethodNameGet(eBehaviour))
+    grid.sHead.append(MethodNameGet(eBehaviour))
         .append(", ")
         .append(MapNameGet(deck.common.eMaps))
         .append(" maps\n");
-    FieldAppend(tbl.sHead, sTitle, -kTitleWidth);
-    tbl.sHead += '\n';
-    FieldAppend(tbl.sHead, NumberToText(deck.nGrid), 3);
-    FieldAppend(tbl.sHead, NumberToText(deck.nGrid), 3);
+    FieldAppend(grid.sHead, sTitle, -kTitleWidth);
+    grid.sHead += '\n';
+    FieldAppend(grid.sHead, NumberToText(deck.nGrid), 3);
+    FieldAppend(grid.sHead, NumberToText(deck.nGrid), 3);
     // The label's blank stands in the field's first column, so that a reader who cuts six columns
     // from there has the whole number.
-    tbl.sHead += "  Latitude Longitude   MUF  MODE  ANGL   DBU   S/N  FS/N SNxx\n";
+    grid.sHead += "  Latitude Longitude   MUF  MODE  ANGL   DBU   S/N  FS/N SNxx\n";
 }
 
-void PointsFill(Grid& tbl, int nThreads)
+void PointsFill(Grid& grid, int nThreads)
 {
-    const int nPoints = tbl.pDeck->nGrid * tbl.pDeck->nGrid;
-    tbl.sPoints.resize(static_cast<std::size_t>(nPoints) * kLineBytes);
+    const int nPoints = grid.pDeck->nGrid * grid.pDeck->nGrid;
+    grid.sPoints.resize(static_cast<std::size_t>(nPoints) * kLineBytes);
     if (nThreads == 0)
         nThreads = static_cast<int>(std::thread::hardware_concurrency());
     nThreads = std::clamp(std::min(nThreads, nPoints / kPointsAThread), 1, kThreadsMost);
     std::vector<std::thread> aThreads;
     try {
-        for (int i = 1; i < nThreads; ++i) aThreads.emplace_back(RowsFill, std::ref(tbl));
+        for (int i = 1; i < nThreads; ++i) aThreads.emplace_back(RowsFill, std::ref(grid));
     } catch (const std::exception&) {
         // No more threads to be had: the ones there are do the work.
     }
-    RowsFill(tbl);
+    RowsFill(grid);
     for (std::thread& thr : aThreads) thr.join();
 }
 

@@ -53,19 +53,19 @@ struct Row {
     double dFrequency = 0.0;
 };
 
-void NoiseRead(TableRow& rdr, rec533::Circuit& tbl)
+void NoiseRead(TableRow& rdr, rec533::Circuit& circuit)
 {
     const auto itName = std::find(kNoiseNames.begin(), kNoiseNames.end(), rdr.TextGet(kNoise));
     if (itName != kNoiseNames.end())
-        tbl.eNoise = static_cast<rec533::NoiseCategory>(itName - kNoiseNames.begin());
+        circuit.eNoise = static_cast<rec533::NoiseCategory>(itName - kNoiseNames.begin());
     else
-        tbl.dNoiseLevel = rdr.NumberGet(kNoise, -300.0, 0.0);
+        circuit.dNoiseLevel = rdr.NumberGet(kNoise, -300.0, 0.0);
 }
 
 Row RowRead(TableRow& rdr, bool bReference)
 {
-    Row tbl;
-    rec533::Circuit& circuit = tbl.circuit;
+    Row row;
+    rec533::Circuit& circuit = row.circuit;
     circuit.dTxLat = rdr.NumberGet(kTxLat, -90.0, 90.0);
     circuit.dTxLon = rdr.NumberGet(kTxLon, -180.0, 180.0);
     circuit.dRxLat = rdr.NumberGet(kRxLat, -90.0, 90.0);
@@ -73,18 +73,18 @@ Row RowRead(TableRow& rdr, bool bReference)
     circuit.bLongWay = rdr.TextGet(kPath) == "LONG";
     if (!circuit.bLongWay && rdr.TextGet(kPath) != "SHORT")
         rdr.Fail(kPath);
-    tbl.nMonth = rdr.IntegerGet(kMonth, 1, 12);
+    row.nMonth = rdr.IntegerGet(kMonth, 1, 12);
     // The ITU program refuses what lies outside of these limits.
-    tbl.dSsn = rdr.NumberGet(kSsn, bReference ? 1.0 : 0.0, rec533::kSsnMost);
-    tbl.dFrequency = rdr.NumberGet(kFreq, bReference ? 1.0 : kFrequencyLeast,
+    row.dSsn = rdr.NumberGet(kSsn, bReference ? 1.0 : 0.0, rec533::kSsnMost);
+    row.dFrequency = rdr.NumberGet(kFreq, bReference ? 1.0 : kFrequencyLeast,
                                    bReference ? 30.0 : kFrequencyMost);
-    tbl.dActivity = rdr.OptionalGet(kActivity, -kActivityMost, kActivityMost);
+    row.dActivity = rdr.OptionalGet(kActivity, -kActivityMost, kActivityMost);
     circuit.dPowerKw = rdr.NumberGet(kPower, 1e-6, 1e9) / 1000.0;
     NoiseRead(rdr, circuit);
     circuit.dRequiredSnr = rdr.NumberGet(kReqSnr, -300.0, 300.0);
     circuit.dRequiredReliability = rdr.NumberGet(kReqRel, 1.0, 99.0);
-    tbl.nHour = rdr.IntegerGet(kHour, 1, 24);
-    return tbl;
+    row.nHour = rdr.IntegerGet(kHour, 1, 24);
+    return row;
 }
 
 // What the last row made, kept for the rows of the same circuit and hour.
@@ -102,21 +102,21 @@ std::string KeyMake(const TableRow& rdr, Input eFirst, Input eLast)
     return sKey;
 }
 
-void WorkMake(Work& tbl, const TableRow& rdr, const Row& row, rec533::Behaviour eBehaviour,
+void WorkMake(Work& work, const TableRow& rdr, const Row& row, rec533::Behaviour eBehaviour,
               rec533::MapSet eMaps)
 {
     const std::string sIonosphere = KeyMake(rdr, kMonth, kSsn) + KeyMake(rdr, kActivity, kActivity);
     const std::string sPath = KeyMake(rdr, kTxLat, kReqRel) + sIonosphere;
     const std::string sHour(rdr.TextGet(kHour));
-    if (sIonosphere != tbl.sIonosphere)
-        IonosphereFill(tbl.ionosphere, eBehaviour, eMaps, row.nMonth, row.dSsn, row.dActivity);
-    if (sPath != tbl.sPath)
-        PathFill(tbl.path, tbl.ionosphere, row.circuit);
-    if (sPath != tbl.sPath || sHour != tbl.sHour)
-        HourFill(tbl.hour, tbl.path, row.nHour);
-    tbl.sIonosphere = sIonosphere;
-    tbl.sPath = sPath;
-    tbl.sHour = sHour;
+    if (sIonosphere != work.sIonosphere)
+        IonosphereFill(work.ionosphere, eBehaviour, eMaps, row.nMonth, row.dSsn, row.dActivity);
+    if (sPath != work.sPath)
+        PathFill(work.path, work.ionosphere, row.circuit);
+    if (sPath != work.sPath || sHour != work.sHour)
+        HourFill(work.hour, work.path, row.nHour);
+    work.sIonosphere = sIonosphere;
+    work.sPath = sPath;
+    work.sHour = sHour;
 }
 
 void NumberAppend(std::string& s, double dValue, bool bDefined)
@@ -135,7 +135,7 @@ void OrderAppend(std::string& s, int nOrder)
 }
 
 void PredictionAppend(std::string& s, rec533::Hour& hour, double dFrequency,
-                      const rec533::Prediction& tbl)
+                      const rec533::Prediction& prediction)
 {
     rec533::Path& path = *hour.pPath;
     const double dKm = path.way.dKm;
@@ -155,21 +155,22 @@ void PredictionAppend(std::string& s, rec533::Hour& hour, double dFrequency,
                               hour.dOperational10, hour.dOperational90})
         TableAppend(s, dMuf);
     s += ',';
-    if (tbl.nHops > 0)
-        s.append(NumberToText(tbl.nHops)).append(tbl.bE ? "E" : "F2");
-    TableAppend(s, tbl.dElevation * rec533::kDegrees);
-    NumberAppend(s, tbl.dFieldShort, dKm <= rec533::kLongOnly);
-    NumberAppend(s, tbl.dFieldLong, bLong);
-    NumberAppend(s, tbl.dField, bLong && dKm < rec533::kLongOnly);
+    if (prediction.nHops > 0)
+        s.append(NumberToText(prediction.nHops)).append(prediction.bE ? "E" : "F2");
+    TableAppend(s, prediction.dElevation * rec533::kDegrees);
+    NumberAppend(s, prediction.dFieldShort, dKm <= rec533::kLongOnly);
+    NumberAppend(s, prediction.dFieldLong, bLong);
+    NumberAppend(s, prediction.dField, bLong && dKm < rec533::kLongOnly);
     for (const double dValue :
-         {tbl.dField, tbl.dPower, atmospheric.dFa, manMade.dFa, galactic.dFa, total.dFa,
-          atmospheric.dUpper, atmospheric.dLower, manMade.dUpper, manMade.dLower, total.dUpper,
-          total.dLower, tbl.dSnr, tbl.dSnrUpper, tbl.dSnrLower, tbl.dSnrExceeded, tbl.dReliability})
+         {prediction.dField, prediction.dPower, atmospheric.dFa, manMade.dFa, galactic.dFa,
+          total.dFa, atmospheric.dUpper, atmospheric.dLower, manMade.dUpper, manMade.dLower,
+          total.dUpper, total.dLower, prediction.dSnr, prediction.dSnrUpper, prediction.dSnrLower,
+          prediction.dSnrExceeded, prediction.dReliability})
         TableAppend(s, dValue);
     const rec533::LongHour& longPath = hour.longPath;
     for (const double dValue :
          {bLong ? LongFreeGet(path.longPath) : 0.0, path.longPath.dGap, longPath.dUpper,
-          longPath.dLower, longPath.dK1, longPath.dK2, path.longPath.dGyro, tbl.dLongShare})
+          longPath.dLower, longPath.dK1, longPath.dK2, path.longPath.dGyro, prediction.dLongShare})
         NumberAppend(s, dValue, bLong);
     s += '\n';
 }

@@ -2,32 +2,35 @@
 
 namespace run533 {
 
-void PointDayFill(PointDay& tbl, const PointDeck& deck, const RunParts& parts,
+void PointDayFill(PointDay& pointDay, const PointDeck& deck, const RunParts& parts,
                   rec533::DayWork& work)
 {
     constexpr double kSameEast = 0.01;  // degrees
     const DeckCommon& common = deck.common;
     rec533::Circuit circuit = CircuitMake(common, parts, deck.dPowerKw);
     const bool bSame = common.dTxLat == deck.dRxLat && common.dTxLon == deck.dRxLon;
-    tbl.dRxLon = deck.dRxLon + (bSame ? kSameEast : 0.0);
+    pointDay.dRxLon = deck.dRxLon + (bSame ? kSameEast : 0.0);
     circuit.dRxLat = deck.dRxLat;
-    circuit.dRxLon = tbl.dRxLon;
+    circuit.dRxLon = pointDay.dRxLon;
     std::vector<double> aUsable;
-    tbl.abUsable.clear();
+    pointDay.abUsable.clear();
     for (const double dFrequency : deck.aFrequencies) {
-        tbl.abUsable.push_back(rec533::FrequencyUsable(dFrequency));
-        if (tbl.abUsable.back())
+        pointDay.abUsable.push_back(rec533::FrequencyUsable(dFrequency));
+        if (pointDay.abUsable.back())
             aUsable.push_back(dFrequency);
     }
     const rec533::Ionosphere& iono = *parts.pIonosphere;
     const rec533::Frequencies frequencies(iono, circuit, aUsable);
-    tbl.aCells.resize(tbl.aHours.size() * aUsable.size());
-    PredictDay(work, iono, frequencies, circuit, rec533::DayParts::Page, tbl.aHours, tbl.aCells);
+    pointDay.aCells.resize(pointDay.aHours.size() * aUsable.size());
+    PredictDay(work, iono, frequencies, circuit, rec533::DayParts::Page, pointDay.aHours,
+               pointDay.aCells);
     const rec533::DayPath path = work.PathGet();
-    tbl.way = path.way;
-    tbl.circuit = path.circuit;
-    tbl.dTxAzimuth = BearingGet(tbl.way.placeFrom, tbl.way.placeTo) * rec533::kDegrees;
-    tbl.dRxAzimuth = BearingGet(tbl.way.placeTo, tbl.way.placeFrom) * rec533::kDegrees;
+    pointDay.way = path.way;
+    pointDay.circuit = path.circuit;
+    pointDay.dTxAzimuth =
+        BearingGet(pointDay.way.placeFrom, pointDay.way.placeTo) * rec533::kDegrees;
+    pointDay.dRxAzimuth =
+        BearingGet(pointDay.way.placeTo, pointDay.way.placeFrom) * rec533::kDegrees;
 }
 
 }  // namespace run533

@@ -24,7 +24,7 @@ struct PointDay {
     double dTxAzimuth = 0.0, dRxAzimuth = 0.0;
 };
 
-void PointDayFill(PointDay& tbl, const PointDeck& deck, const RunParts& parts,
+void PointDayFill(PointDay& pointDay, const PointDeck& deck, const RunParts& parts,
                   rec533::DayWork& work);
 
 }  // namespace run533

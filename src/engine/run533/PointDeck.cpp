@@ -37,23 +37,23 @@ void StationRead(CardReader& rdr, std::string& sName, double& dLat, double& dLon
         rdr.Fail(station_row::kWay, "only the short path is known");
 }
 
-void FrequenciesRead(CardReader& rdr, std::string_view sLine, PointDeck& tbl)
+void FrequenciesRead(CardReader& rdr, std::string_view sLine, PointDeck& pointDeck)
 {
     const auto nLength = static_cast<int>(sLine.find_last_not_of(" \t") + 1);
     for (int i = 0; FieldAt(freq_row::kFirst, i).nCol <= nLength; ++i) {
         const Field fld = FieldAt(freq_row::kFirst, i);
-        if (tbl.aFrequencies.size() == kFrequenciesMost) {
+        if (pointDeck.aFrequencies.size() == kFrequenciesMost) {
             rdr.Fail(fld, "more than 10 frequencies");
             return;
         }
         rdr.EndCheck(fld);
-        tbl.aFrequencies.push_back(rdr.NumberGet(fld, -1e6, 1e6));
+        pointDeck.aFrequencies.push_back(rdr.NumberGet(fld, -1e6, 1e6));
     }
-    if (tbl.aFrequencies.empty())
+    if (pointDeck.aFrequencies.empty())
         rdr.Fail(freq_row::kFirst, "no frequency");
 }
 
-void AntennaRead(CardReader& rdr, DeckCommon& tbl)
+void AntennaRead(CardReader& rdr, DeckCommon& deckCommon)
 {
     const int nSide = rdr.IntegerGet(antenna_row::kSide, 1, 2);
     AntennaCard deckCard{"ANTENNA " + NumberToText(nSide), antenna_row::kName,
@@ -63,7 +63,7 @@ void AntennaRead(CardReader& rdr, DeckCommon& tbl)
     deckCard.dPowerKw = rdr.NumberGet(antenna_row::kPower, 0.0, kPowerMost);
     if (nSide == 1 && deckCard.dPowerKw <= 0.0)
         rdr.Fail(antenna_row::kPower, "no power");
-    (nSide == 1 ? tbl.txAntenna : tbl.rxAntenna) = deckCard;
+    (nSide == 1 ? deckCommon.txAntenna : deckCommon.rxAntenna) = deckCard;
 }
 
 void TimeRead(CardReader& rdr)
@@ -77,18 +77,18 @@ void TimeRead(CardReader& rdr)
                  "only the hours 0 to 23 in steps of 1 are known");
 }
 
-void NoiseRead(CardReader& rdr, DeckCommon& tbl)
+void NoiseRead(CardReader& rdr, DeckCommon& deckCommon)
 {
-    tbl.dNoise = -std::abs(rdr.NumberGet(nois_row::kNoise, -999.0, 999.0));
-    tbl.dBandwidth = rdr.NumberGet(nois_row::kBandwidth, 1.0, 99999.0);
-    tbl.dRequiredSnr = rdr.NumberGet(nois_row::kRequiredSnr, -200.0, 200.0);
+    deckCommon.dNoise = -std::abs(rdr.NumberGet(nois_row::kNoise, -999.0, 999.0));
+    deckCommon.dBandwidth = rdr.NumberGet(nois_row::kBandwidth, 1.0, 99999.0);
+    deckCommon.dRequiredSnr = rdr.NumberGet(nois_row::kRequiredSnr, -200.0, 200.0);
     rdr.EndCheck(nois_row::kReliability);
-    tbl.dReliability = rdr.NumberGet(nois_row::kReliability, -999.0, 9999.0);
+    deckCommon.dReliability = rdr.NumberGet(nois_row::kReliability, -999.0, 9999.0);
 }
 
-void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tbl)
+void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& pointDeck)
 {
-    DeckCommon& common = tbl.common;
+    DeckCommon& common = pointDeck.common;
     switch (eCard) {
         case kCoeffs:
             common.eMaps = static_cast<rec533::MapSet>(rdr.ChoiceGet(coeffs_row::kMaps, kMapNames));
@@ -101,18 +101,18 @@ void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tb
             TimeRead(rdr);
             break;
         case kDate:
-            tbl.nYear = rdr.IntegerGet(month_row::kYear, 0, 9999);
+            pointDeck.nYear = rdr.IntegerGet(month_row::kYear, 0, 9999);
             rdr.EndCheck(month_row::kMonth);
             common.nMonth = rdr.IntegerGet(month_row::kMonth, 1, 12);
             break;
         case kTrans:
-            StationRead(rdr, tbl.sTxName, common.dTxLat, common.dTxLon);
+            StationRead(rdr, pointDeck.sTxName, common.dTxLat, common.dTxLon);
             break;
         case kRecvr:
-            StationRead(rdr, tbl.sRxName, tbl.dRxLat, tbl.dRxLon);
+            StationRead(rdr, pointDeck.sRxName, pointDeck.dRxLat, pointDeck.dRxLon);
             break;
         case kSyst:
-            tbl.dPowerKw = rdr.NumberGet(syst_row::kPower, 1e-6, kPowerMost);
+            pointDeck.dPowerKw = rdr.NumberGet(syst_row::kPower, 1e-6, kPowerMost);
             rdr.EndCheck(syst_row::kTakeoff);
             common.dLeastElevation = rdr.NumberGet(syst_row::kTakeoff, -99.0, 99.0);
             break;
@@ -120,7 +120,7 @@ void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tb
             NoiseRead(rdr, common);
             break;
         case kFreq:
-            FrequenciesRead(rdr, sLine, tbl);
+            FrequenciesRead(rdr, sLine, pointDeck);
             break;
         default:
             break;
@@ -131,7 +131,7 @@ void CardRead(Card eCard, CardReader& rdr, std::string_view sLine, PointDeck& tb
 
 Result<PointDeck> PointDeckRead(std::string_view sDeck)
 {
-    PointDeck tbl;
+    PointDeck pointDeck;
     std::array<bool, kCards> aSeen{};
     for (const std::string_view sLine : TextLines(sDeck)) {
         if (TextTrim(sLine).empty())
@@ -140,7 +140,7 @@ Result<PointDeck> PointDeckRead(std::string_view sDeck)
         const std::string_view sCard = sName.substr(0, sName.find_last_not_of(' ') + 1);
         CardReader rdr(sCard, sLine);
         if (sCard == "ANTENNA") {
-            AntennaRead(rdr, tbl.common);
+            AntennaRead(rdr, pointDeck.common);
         } else {
             const auto itName = std::find(kCardNames.begin(), kCardNames.end(), sCard);
             if (itName == kCardNames.end())
@@ -150,7 +150,7 @@ Result<PointDeck> PointDeckRead(std::string_view sDeck)
             if (aSeen[nCard])
                 return DeckErrorMake(sCard, kCardLabel, "given twice");
             aSeen[nCard] = true;
-            CardRead(static_cast<Card>(nCard), rdr, sLine, tbl);
+            CardRead(static_cast<Card>(nCard), rdr, sLine, pointDeck);
         }
         if (rdr.Failed())
             return rdr.ErrorGet();
@@ -160,7 +160,7 @@ Result<PointDeck> PointDeckRead(std::string_view sDeck)
     for (std::size_t i = 0; i < aSeen.size(); ++i)
         if (!aSeen[i])
             return DeckErrorMake(kCardNames[i], "the card is missing");
-    return tbl;
+    return pointDeck;
 }
 
 }  // namespace run533

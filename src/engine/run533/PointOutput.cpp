@@ -37,10 +37,10 @@ void PlaceAppend(std::string& s, double dLat, double dLon)
     s += dLon > 0.0 ? " E" : " W";
 }
 
-void AntennaAppend(Page& tbl, const char* sSide, const AntennaCard& deckCard, double dAzimuth,
+void AntennaAppend(Page& page, const char* sSide, const AntennaCard& deckCard, double dAzimuth,
                    bool bPower)
 {
-    std::string& s = tbl.sText;
+    std::string& s = page.sText;
     s += ' ';
     s += sSide;
     s += "  2-30 2-D Table [";
@@ -58,15 +58,15 @@ void AntennaAppend(Page& tbl, const char* sSide, const AntennaCard& deckCard, do
     s += '\n';
 }
 
-void HeadAppend(Page& tbl, int nPage)
+void HeadAppend(Page& page, int nPage)
 {
-    const PointDeck& deck = *tbl.pDeck;
+    const PointDeck& deck = *page.pDeck;
     const DeckCommon& common = deck.common;
-    std::string& s = tbl.sText;
+    std::string& s = page.sText;
     s += nPage > 1 ? '\f' : ' ';
     s += MapNameGet(common.eMaps);
     s += " Coefficients  METHOD  6   ";
-    FieldAppend(s, tbl.sMethod, -36);
+    FieldAppend(s, page.sMethod, -36);
     s += "PAGE";
     FieldAppend(s, nPage, 4, 0);
     s += "\n                                                  Analog modulation\n ";
@@ -80,22 +80,22 @@ void HeadAppend(Page& tbl, int nPage)
     s += "   AZIMUTHS <Short> N. MI.      KM\n";
     PlaceAppend(s, common.dTxLat, common.dTxLon);
     s += "  ";
-    PlaceAppend(s, deck.dRxLat, tbl.day.dRxLon);
-    FieldAppend(s, tbl.day.dTxAzimuth, 10, 2);
-    FieldAppend(s, tbl.day.dRxAzimuth, 8, 2);
-    FieldAppend(s, tbl.day.way.dKm / kKmPerMile, 10, 1);
-    FieldAppend(s, tbl.day.way.dKm, 9, 1);
+    PlaceAppend(s, deck.dRxLat, page.day.dRxLon);
+    FieldAppend(s, page.day.dTxAzimuth, 10, 2);
+    FieldAppend(s, page.day.dRxAzimuth, 8, 2);
+    FieldAppend(s, page.day.way.dKm / kKmPerMile, 10, 1);
+    FieldAppend(s, page.day.way.dKm, 9, 1);
     s += "\n MIN ANG";
-    FieldAppend(s, tbl.day.circuit.dLeastElevation, 5, 1);
+    FieldAppend(s, page.day.circuit.dLeastElevation, 5, 1);
     s += " DEG\n";
     if (common.txAntenna)
-        AntennaAppend(tbl, "XMTR", *common.txAntenna, tbl.day.dTxAzimuth, true);
+        AntennaAppend(page, "XMTR", *common.txAntenna, page.day.dTxAzimuth, true);
     if (common.rxAntenna)
-        AntennaAppend(tbl, "RCVR", *common.rxAntenna, tbl.day.dRxAzimuth, false);
+        AntennaAppend(page, "RCVR", *common.rxAntenna, page.day.dRxAzimuth, false);
     s += " NOISE";
-    FieldAppend(s, tbl.day.circuit.dNoiseLevel, 5, 0);
+    FieldAppend(s, page.day.circuit.dNoiseLevel, 5, 0);
     s += " dBW           S/N";
-    FieldAppend(s, tbl.day.circuit.dRequiredReliability, 3, 0);
+    FieldAppend(s, page.day.circuit.dRequiredReliability, 3, 0);
     s += "% of Days @";
     FieldAppend(s, common.dRequiredSnr, 4, 0);
     s += " dB  in";
@@ -105,58 +105,58 @@ void HeadAppend(Page& tbl, int nPage)
 }
 
 // A column's mode: "1F2", a dash where the long method rules, 0 where the column is unused.
-void ModeAppend(std::string& s, const Column& tbl)
+void ModeAppend(std::string& s, const Column& column)
 {
-    if (!tbl.bUsed) {
+    if (!column.bUsed) {
         s += "  0  ";
         return;
     }
-    if (tbl.prediction.nHops == 0) {
+    if (column.prediction.nHops == 0) {
         s += "   - ";
         return;
     }
     char aName[6] = "     ";
-    const int nHops = tbl.prediction.nHops;
+    const int nHops = column.prediction.nHops;
     aName[1] = nHops >= 10 ? static_cast<char>('0' + nHops / 10) : ' ';
     aName[2] = static_cast<char>('0' + nHops % 10);
-    aName[3] = tbl.prediction.bE ? 'E' : 'F';
-    aName[4] = tbl.prediction.bE ? ' ' : '2';
+    aName[3] = column.prediction.bE ? 'E' : 'F';
+    aName[4] = column.prediction.bE ? ' ' : '2';
     s += aName;
 }
 
-void AngleAppend(std::string& s, const Column& tbl)
+void AngleAppend(std::string& s, const Column& column)
 {
-    if (tbl.bUsed && tbl.prediction.nHops == 0)
+    if (column.bUsed && column.prediction.nHops == 0)
         s += "   - ";
     else
-        FieldAppend(s, tbl.bUsed ? tbl.prediction.dElevation * rec533::kDegrees : 0.0, 5, 0);
+        FieldAppend(s, column.bUsed ? column.prediction.dElevation * rec533::kDegrees : 0.0, 5, 0);
 }
 
 template <class ValueFn>
-void RowAppend(Page& tbl, const char* sLabel, ValueFn fnAppend)
+void RowAppend(Page& page, const char* sLabel, ValueFn fnAppend)
 {
-    tbl.sText += "   ";
-    for (const Column& column : tbl.aColumns) fnAppend(tbl.sText, column);
-    tbl.sText += ' ';
-    tbl.sText += sLabel;
-    tbl.sText += '\n';
+    page.sText += "   ";
+    for (const Column& column : page.aColumns) fnAppend(page.sText, column);
+    page.sText += ' ';
+    page.sText += sLabel;
+    page.sText += '\n';
 }
 
 template <class ValueFn>
-void NumberRowAppend(Page& tbl, const char* sLabel, ValueFn fnValue)
+void NumberRowAppend(Page& page, const char* sLabel, ValueFn fnValue)
 {
-    RowAppend(tbl, sLabel, [&](std::string& s, const Column& column) {
+    RowAppend(page, sLabel, [&](std::string& s, const Column& column) {
         FieldAppend(s, column.bUsed ? fnValue(column) : kUnused, 5, 0);
     });
 }
 
-void HourLineAppend(Page& tbl, const rec533::DayHour& hour, int nLabel)
+void HourLineAppend(Page& page, const rec533::DayHour& hour, int nLabel)
 {
-    std::string& s = tbl.sText;
+    std::string& s = page.sText;
     FieldAppend(s, nLabel, 3, 0);
     FieldAppend(s, hour.dMuf, 5, 1);
-    for (std::size_t i = 1; i < tbl.aColumns.size(); ++i)
-        FieldAppend(s, tbl.aColumns[i].bUsed ? tbl.aColumns[i].dFrequency : 0.0, 5, 1);
+    for (std::size_t i = 1; i < page.aColumns.size(); ++i)
+        FieldAppend(s, page.aColumns[i].bUsed ? page.aColumns[i].dFrequency : 0.0, 5, 1);
     s += " FREQ";
     FieldAppend(s, hour.dLuf, 5, 1);
     FieldAppend(s, hour.dFot, 5, 1);
@@ -164,31 +164,31 @@ void HourLineAppend(Page& tbl, const rec533::DayHour& hour, int nLabel)
     s += '\n';
 }
 
-void BlockAppend(Page& tbl, const rec533::DayHour& hour, int nLabel)
+void BlockAppend(Page& page, const rec533::DayHour& hour, int nLabel)
 {
     constexpr double kPicowatt = 120.0;  // dBW to dBpW
-    HourLineAppend(tbl, hour, nLabel);
-    RowAppend(tbl, "MODE", ModeAppend);
-    RowAppend(tbl, "ANGL", AngleAppend);
-    NumberRowAppend(tbl, "DBU ", [](const Column& c) { return c.prediction.dField; });
-    NumberRowAppend(tbl, "dBpW", [](const Column& c) { return c.prediction.dPower + kPicowatt; });
-    NumberRowAppend(tbl, "S/N ", [](const Column& c) { return c.prediction.dSnr; });
-    RowAppend(tbl, "FS/N", [](std::string& s, const Column& c) {
+    HourLineAppend(page, hour, nLabel);
+    RowAppend(page, "MODE", ModeAppend);
+    RowAppend(page, "ANGL", AngleAppend);
+    NumberRowAppend(page, "DBU ", [](const Column& c) { return c.prediction.dField; });
+    NumberRowAppend(page, "dBpW", [](const Column& c) { return c.prediction.dPower + kPicowatt; });
+    NumberRowAppend(page, "S/N ", [](const Column& c) { return c.prediction.dSnr; });
+    RowAppend(page, "FS/N", [](std::string& s, const Column& c) {
         FieldAppend(s, c.bUsed ? std::clamp(c.prediction.dReliability / 100.0, 0.01, 0.99) : 0.0, 5,
                     2);
     });
-    NumberRowAppend(tbl, "SNxx", [](const Column& c) { return c.prediction.dSnrExceeded; });
+    NumberRowAppend(page, "SNxx", [](const Column& c) { return c.prediction.dSnrExceeded; });
 }
 
-void HourAppend(Page& tbl, std::size_t nHour)
+void HourAppend(Page& page, std::size_t nHour)
 {
-    const rec533::DayHour& hour = tbl.day.aHours[nHour];
-    std::size_t nCell = nHour * tbl.day.aCells.size() / tbl.day.aHours.size();
-    tbl.aColumns[0] = {hour.bAtMuf, hour.dMuf, hour.atMuf};
-    for (std::size_t i = 1; i < tbl.aColumns.size(); ++i)
-        if (tbl.aColumns[i].bUsed)
-            tbl.aColumns[i].prediction = tbl.day.aCells[nCell++];
-    BlockAppend(tbl, hour, nHour == 0 ? 24 : static_cast<int>(nHour));
+    const rec533::DayHour& hour = page.day.aHours[nHour];
+    std::size_t nCell = nHour * page.day.aCells.size() / page.day.aHours.size();
+    page.aColumns[0] = {hour.bAtMuf, hour.dMuf, hour.atMuf};
+    for (std::size_t i = 1; i < page.aColumns.size(); ++i)
+        if (page.aColumns[i].bUsed)
+            page.aColumns[i].prediction = page.day.aCells[nCell++];
+    BlockAppend(page, hour, nHour == 0 ? 24 : static_cast<int>(nHour));
 }
 
 }  // namespace

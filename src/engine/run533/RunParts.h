@@ -17,14 +17,14 @@ struct RunParts {
 };
 /// @param pIonosphere  of the deck's maps, month and number, where the caller has it already
 [[nodiscard]] Result<RunParts> RunPartsMake(
-    const DeckCommon& tbl, std::string_view sRoot, rec533::Behaviour eBehaviour,
+    const DeckCommon& deckCommon, std::string_view sRoot, rec533::Behaviour eBehaviour,
     std::shared_ptr<const rec533::Ionosphere> pIonosphere = nullptr);
 /// The maps of a deck's month and number.
 [[nodiscard]] std::shared_ptr<const rec533::Ionosphere> IonosphereMake(
-    const DeckCommon& tbl, rec533::Behaviour eBehaviour);
+    const DeckCommon& deckCommon, rec533::Behaviour eBehaviour);
 
 /// The circuit without its receiver's place. dPowerKw: without an antenna card for it.
-[[nodiscard]] rec533::Circuit CircuitMake(const DeckCommon& tbl, const RunParts& parts,
+[[nodiscard]] rec533::Circuit CircuitMake(const DeckCommon& deckCommon, const RunParts& parts,
                                           double dPowerKw);
 
 /// How the page head and the grid's first line name the method.

@@ -28,18 +28,18 @@ Result<TableHead> TableHead::Read(std::string_view sLine, std::span<const std::s
                                   std::size_t nNeeded)
 {
     const auto aCells = CellsSplit(sLine);
-    TableHead tbl;
-    tbl.m_aNames = aNames;
-    tbl.m_nCells = aCells.size();
+    TableHead head;
+    head.m_aNames = aNames;
+    head.m_nCells = aCells.size();
     for (std::size_t i = 0; i < aNames.size(); ++i) {
         const auto itName = std::find(aCells.begin(), aCells.end(), aNames[i]);
         if (itName == aCells.end() && i < nNeeded)
             return RunError{"no column " + std::string(aNames[i])};
-        tbl.m_aAt.push_back(itName == aCells.end()
-                                ? std::nullopt
-                                : std::optional(static_cast<std::size_t>(itName - aCells.begin())));
+        head.m_aAt.push_back(itName == aCells.end() ? std::nullopt
+                                                    : std::optional(static_cast<std::size_t>(
+                                                        itName - aCells.begin())));
     }
-    return tbl;
+    return head;
 }
 
 TableRow::TableRow(const TableHead& tableHead, std::string_view sLine, int nLine)
