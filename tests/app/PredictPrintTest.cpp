@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <sstream>
 #include <string>
 
@@ -229,6 +230,33 @@ TEST_F(PredictPrint, TheOwnPowerAndADatedForecastAreTold)
     EXPECT_NE(PredictCsvGet(run).find(",100.5,NOAA forecast,100,MEAN\n"), std::string::npos);
     EXPECT_NE(PredictJsonGet(run).find("\"ssn_source\": \"NOAA forecast\",\n  \"power_w\": 100,\n"),
               std::string::npos);
+}
+
+TEST_F(PredictPrint, APowerHasTheDigitsThatItsOwnerTyped)
+{
+    m_settings.m_fStationPower = 0.1F;
+    EXPECT_NE(PredictTableGet(Run(), false).find("\nPower 0.1 W\n"), std::string::npos);
+    EXPECT_NE(PredictCsvGet(Run()).find(",given,0.1,MEAN\n"), std::string::npos);
+    EXPECT_NE(PredictJsonGet(Run()).find("\"power_w\": 0.1,\n"), std::string::npos);
+    m_settings.m_fStationPower = 1500.0F;
+    EXPECT_NE(PredictTableGet(Run(), false).find("\nPower 1.5 kW\n"), std::string::npos);
+}
+
+TEST_F(PredictPrint, JsonHasNullForALimitThatTheEngineDoesNotTell)
+{
+    m_table.fMUF[1] = 0.0F;
+    m_table.fLUF[1] = -50.0F;
+    m_table.fLUF[2] = 0.0F;
+    m_table.fLUF[3] = std::numeric_limits<float>::quiet_NaN();
+    const std::string sText = PredictJsonGet(Run());
+    EXPECT_NE(sText.find("\"utc\": 0, \"muf_khz\": null, \"luf_khz\": null,\n"), std::string::npos)
+        << sText;
+    EXPECT_NE(sText.find("\"utc\": 1, \"muf_khz\": 22600, \"luf_khz\": null,\n"),
+              std::string::npos);
+    EXPECT_NE(sText.find("\"utc\": 2, \"muf_khz\": 22600, \"luf_khz\": null,\n"),
+              std::string::npos);
+    EXPECT_NE(PredictCsvGet(Run()).find("\n1,0,0,-50,"), std::string::npos)
+        << "csv has what the engine writes";
 }
 
 }  // namespace

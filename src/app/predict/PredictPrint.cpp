@@ -34,19 +34,18 @@ std::string CellColored(const std::string& sCell, float fSnr)
     return SnrBandTerminal(SnrBandGet(fSnr)) + sCell + "\x1b[0m";
 }
 
-double PowerGet(const Settings& settings)
+/// W, in the single precision in which the settings hold it.
+float PowerGet(const Settings& settings)
 {
-    return PowerInForceGet(settings.m_fStationPower, settings.m_iPropagationModel,
-                           settings.m_iPropagationAntennaType, DeckKind::PointToPoint);
+    return static_cast<float>(
+        PowerInForceGet(settings.m_fStationPower, settings.m_iPropagationModel,
+                        settings.m_iPropagationAntennaType, DeckKind::PointToPoint));
 }
 
 /// "100 W", "5 kW, as the antenna choice".
-std::string PowerText(const Settings& settings)
+std::string PowerOfRunText(const Settings& settings)
 {
-    constexpr double kWattsOfKilowatt = 1000.0;
-    const double dPower = PowerGet(settings);
-    return (dPower >= kWattsOfKilowatt ? NumberToText(dPower / kWattsOfKilowatt) + " kW"
-                                       : NumberToText(dPower) + " W")
+    return PowerText(PowerGet(settings))
            + (settings.m_fStationPower > 0.0F ? "" : ", as the antenna choice");
 }
 
@@ -61,7 +60,7 @@ std::string HeadGet(const PredictRun& run)
     if (!run.sSunSpotDetail.empty())
         sText += "Sunspot number: " + TextPrintable(run.sSunSpotDetail) + "\n";
     sText += "Coefficients " + TextPrintable(table.request.sIonCoefficients) + "\n";
-    sText += "Power " + PowerText(settings) + "\n";
+    sText += "Power " + PowerOfRunText(settings) + "\n";
     sText += "Transmitter " + LatitudeToText(settings.m_dTxLat) + " "
              + LongitudeToText(settings.m_dTxLon) + "   Receiver "
              + LatitudeToText(settings.m_dRcLat) + " " + LongitudeToText(settings.m_dRcLon) + "\n";
@@ -143,12 +142,19 @@ std::string JsonCell(const PredictRun& run, int iHour, int iFrequency)
            + "}";
 }
 
+/// MUF or LUF of an hour; engines have 0 and below where there is none.
+std::string JsonLimit(const char* sName, float fKhz)
+{
+    return fKhz > 0.0F ? Pair(sName, fKhz) : Quoted(sName) + ": null";
+}
+
 std::string JsonHour(const PredictRun& run, int iHour)
 {
     const PropagationTable& table = *run.pTable;
     std::string sText = "    {" + Pair("hour", iHour) + ", " + Pair("utc", iHour - 1) + ", "
-                        + Pair("muf_khz", table.fMUF[iHour]) + ", "
-                        + Pair("luf_khz", table.fLUF[iHour]) + ",\n     " + Quoted("cells") + ": [";
+                        + JsonLimit("muf_khz", table.fMUF[iHour]) + ", "
+                        + JsonLimit("luf_khz", table.fLUF[iHour]) + ",\n     " + Quoted("cells")
+                        + ": [";
     for (int i = 1; i <= table.nData; ++i)
         sText += (i == 1 ? "\n      " : ",\n      ") + JsonCell(run, iHour, i);
     return sText + "]}";
