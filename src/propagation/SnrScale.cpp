@@ -81,6 +81,8 @@ float SnrShownGet(float fSnr)
     return fSnr >= kSnrLeast ? fSnr : kSnrLeast;  // not-a-number is not at least anything
 }
 
+bool SnrIs(float fSnr) { return SnrShownGet(fSnr) > kSnrLeast; }
+
 std::span<const SnrBand> SnrBandsGet(Palette ePalette)
 {
     static const std::array<Scale, kPaletteCount> kScales = ScalesMake();

@@ -20,6 +20,9 @@ inline constexpr float kSnrLeast = -99.0F;
 /// What a table shows of an SNR: kSnrLeast for anything lower and for not-a-number.
 [[nodiscard]] float SnrShownGet(float fSnr);
 
+/// True where a table shows more than kSnrLeast; false for not-a-number.
+[[nodiscard]] bool SnrIs(float fSnr);
+
 /// One step of the scale: from fLowest, inclusive, to the next step's.
 struct SnrBand {
     float fLowest;  ///< dB; minus infinity for the lowest band

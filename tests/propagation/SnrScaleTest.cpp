@@ -17,6 +17,13 @@ struct ColorCase {
     std::uint32_t nColorBelow;
 };
 
+TEST(SnrIs, IsTrueAboveTheLeastThatATableShows)
+{
+    EXPECT_TRUE(SnrIs(-98.75F));
+    for (const float fSnr : {-99.0F, -120.0F, -999.0F, std::numeric_limits<float>::quiet_NaN()})
+        EXPECT_FALSE(SnrIs(fSnr)) << fSnr;
+}
+
 TEST(SnrGetColor, EachBandBeginsExactlyAtItsThreshold)
 {
     constexpr ColorCase kCases[] = {

@@ -12,7 +12,7 @@ namespace {
 std::optional<float> SnrGet(const PropagationTable& table, int iHour, int iFrequency)
 {
     const float fSnr = table.fSnr(iHour, iFrequency);
-    if (!table.PresentIs(iFrequency) || SnrShownGet(fSnr) <= kSnrLeast)
+    if (!table.PresentIs(iFrequency) || !SnrIs(fSnr))
         return {};
     return fSnr;
 }

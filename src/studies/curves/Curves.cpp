@@ -29,7 +29,7 @@ CurveRibbon RibbonOf(const PropagationTable& table, int iFrequency)
     ribbon.fFrequency = table.request.FrequencyGet(iFrequency);
     for (std::size_t n = 0; n < kCurveHours; ++n) {
         const float fSnr = table.fSnr(static_cast<int>(n) + 1, iFrequency);
-        ribbon.afSnr.at(n) = SnrShownGet(fSnr) > kSnrLeast ? fSnr : PropagationTable::kNotPrinted;
+        ribbon.afSnr.at(n) = SnrIs(fSnr) ? fSnr : PropagationTable::kNotPrinted;
     }
     return ribbon;
 }

@@ -17,8 +17,6 @@ double NormalShare(double dDeviations)
     return 0.5 * std::erfc(-dDeviations / std::numbers::sqrt2);
 }
 
-bool SnrIs(float fSnr) { return SnrShownGet(fSnr) > kSnrLeast; }
-
 double MedianGet(const PropagationTable& table, int iHour, int iFrequency)
 {
     const float fMedian = table.fSnrMedian(iHour, iFrequency);

@@ -19,9 +19,6 @@ const ReachHour& HourGet(const std::array<ReachHour, kReachHours>& aHours, int i
     return aHours.at(static_cast<std::size_t>(iHour));
 }
 
-/// What a cell shows; nothing that can be used where it shows the least.
-bool SnrIs(float fSnr) { return SnrShownGet(fSnr) > kSnrLeast; }
-
 std::array<ReachHour, kReachHours> HoursGet(const PropagationTable& table)
 {
     std::array<ReachHour, kReachHours> aHours;
