@@ -98,6 +98,11 @@ const SnrBand& SnrBandGet(float fSnr, Palette ePalette)
     return aBand.back();  // not-a-number is not at least anything
 }
 
+const SnrBand& SnrBandOfCell(float fSnr, Palette ePalette)
+{
+    return SnrBandGet(std::round(fSnr), ePalette);  // half away from zero, as the pattern "0"
+}
+
 std::uint32_t SnrGetColor(float fSnr) { return SnrBandGet(fSnr).nColor; }
 
 std::string SnrBandCaption(std::size_t iBand)

@@ -40,6 +40,10 @@ struct SnrBand {
 /// 40 dB and for not-a-number.
 [[nodiscard]] const SnrBand& SnrBandGet(float fSnr, Palette ePalette = Palette::Standard);
 
+/// The step of the whole number that a table shows: 49.8 reads "50" and has the colour of 50. Of
+/// whole numbers, as engines print them and no power has shifted, it is SnrBandGet's.
+[[nodiscard]] const SnrBand& SnrBandOfCell(float fSnr, Palette ePalette = Palette::Standard);
+
 /// The standard colour of an SNR. The jump from purple (55 dB) to blue (50 dB) is intended.
 [[nodiscard]] std::uint32_t SnrGetColor(float fSnr);
 

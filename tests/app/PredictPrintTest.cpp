@@ -82,6 +82,15 @@ TEST_F(PredictPrint, ColoursFollowTheScale)
     EXPECT_NE(sText.find("\x1b[97;48;2;0;0;192m    47\x1b[0m"), std::string::npos);
 }
 
+TEST_F(PredictPrint, ColourAndNumberOfACellAgree)
+{
+    m_table.fSnr(1, 2) = 49.8F;
+    m_table.fSnr(2, 2) = 49.4F;
+    const std::string sText = PredictTableGet(Run(), true);
+    EXPECT_NE(sText.find("\x1b[97;48;2;0;0;255m    50\x1b[0m"), std::string::npos) << sText;
+    EXPECT_NE(sText.find("\x1b[97;48;2;0;0;192m    49\x1b[0m"), std::string::npos);
+}
+
 TEST_F(PredictPrint, CsvHasARowAnHourAndFrequency)
 {
     const std::string sText = PredictCsvGet(Run());

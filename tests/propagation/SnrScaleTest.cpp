@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "propagation/SnrScale.h"
+#include "system/NumberLib.h"
 
 namespace {
 
@@ -16,6 +17,20 @@ struct ColorCase {
     std::uint32_t nColor;
     std::uint32_t nColorBelow;
 };
+
+TEST(SnrBandOfCell, IsThatOfTheNumberThatACellShows)
+{
+    for (float fSnr = -120.0F; fSnr <= 120.0F; fSnr += 0.125F) {
+        const auto resShown = NumberFromTextSingle(NumberFormat(fSnr, "0"));
+        ASSERT_TRUE(resShown);
+        for (const Palette ePalette : {Palette::Standard, Palette::Night})
+            EXPECT_EQ(SnrBandOfCell(fSnr, ePalette), SnrBandGet(resShown.ValueGet(), ePalette))
+                << fSnr;
+    }
+    EXPECT_EQ(SnrBandOfCell(49.5F).fLowest, 50.0F);
+    EXPECT_EQ(SnrBandOfCell(std::nextafter(49.5F, 0.0F)).fLowest, 45.0F);
+    EXPECT_EQ(SnrBandOfCell(std::numeric_limits<float>::quiet_NaN()), SnrBandsGet().back());
+}
 
 TEST(SnrIs, IsTrueAboveTheLeastThatATableShows)
 {

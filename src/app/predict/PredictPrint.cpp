@@ -31,7 +31,7 @@ std::string MegahertzGet(float fKhz)
 /// Cell text in the colour of its value; black or white on it, whichever reads better.
 std::string CellColored(const std::string& sCell, float fSnr)
 {
-    return SnrBandTerminal(SnrBandGet(fSnr)) + sCell + "\x1b[0m";
+    return SnrBandTerminal(SnrBandOfCell(fSnr)) + sCell + "\x1b[0m";
 }
 
 /// W, in the single precision in which the settings hold it.
@@ -220,7 +220,7 @@ std::string PredictTableGet(const PredictRun& run, bool bColor)
             }
             const float fSnr = table.fSnr(iHour, i);
             const std::string sCell = PadLeft(SnrText(run, fSnr), nWidth);
-            sText += bColor ? CellColored(sCell, SnrShownGet(fSnr)) : sCell;
+            sText += bColor ? CellColored(sCell, fSnr) : sCell;
         }
         sText += PadLeft(NumberFormat(static_cast<double>(table.fMUF[iHour]) / 1000.0, "0.0"), 6);
         sText +=

@@ -36,7 +36,7 @@ struct PredictRun {
 /// anything.
 [[nodiscard]] std::string PredictCsvText(std::string_view sForeign);
 
-/// @param bColor  24-bit terminal colours on the cells (SnrGetColor).
+/// @param bColor  24-bit terminal colours on the cells (SnrBandOfCell).
 [[nodiscard]] std::string PredictTableGet(const PredictRun& run, bool bColor);
 [[nodiscard]] std::string PredictCsvGet(const PredictRun& run);
 [[nodiscard]] std::string PredictJsonGet(const PredictRun& run);
