@@ -69,7 +69,7 @@ void FrequenciesLoad(const Reader& reader, Settings& settings)
     }
 }
 
-/// The whole list or, without a count, none of it. An entry without a name or a number is left out.
+/// The whole list or, without a count, none of it. An entry that the list cannot hold is left out.
 void NeedsLoad(const Reader& reader, Settings& settings)
 {
     float fCount = 0.0F;
@@ -81,9 +81,8 @@ void NeedsLoad(const Reader& reader, Settings& settings)
         Need need;
         need.sName = reader.Get(kNeed, IndexedKey("Name", i));
         need.sSource = reader.Get(kNeed, IndexedKey("Source", i));
-        if (!need.sName.empty() && reader.Single(kNeed, IndexedKey("Snr", i), need.fSnr)
-            && kRangeNeed.Holds(need.fSnr))
-            settings.m_aNeed.push_back(std::move(need));
+        if (reader.Single(kNeed, IndexedKey("Snr", i), need.fSnr))
+            (void)NeedAdd(settings.m_aNeed, need);
     }
 }
 
@@ -189,12 +188,21 @@ std::vector<std::string> FaultsDrop(const Settings& before, Settings& settings)
     return asDropped;
 }
 
+/// A text that a reader finds as it is: a pair of quotes around a value is lost when it is read.
+std::string InQuotesWhereNeeded(const std::string& sText)
+{
+    const bool bPair = sText.size() >= 2 && sText.front() == '\'' && sText.back() == '\'';
+    return bPair ? '"' + sText + '"' : sText;
+}
+
 /// Gathers keys for one file.
 class Writer {
 public:
     void Text(const char* sSection, const std::string& sKey, const std::string& sValue)
     {
-        m_aValue.push_back({sSection, sKey, sValue});
+        // Folders are written as typed: one that was typed in quotes is right without them.
+        const bool bNeed = std::string_view(sSection) == kNeed;
+        m_aValue.push_back({sSection, sKey, bNeed ? InQuotesWhereNeeded(sValue) : sValue});
     }
     template <class T>
     void Number(const char* sSection, const std::string& sKey, T value)

@@ -9,6 +9,7 @@
 #include "settings/SettingsTable.h"
 #include "support/MsgRecorder.h"
 #include "support/TempFolder.h"
+#include "system/NumberLib.h"
 
 namespace {
 
@@ -100,6 +101,34 @@ TEST_F(ProfileNewKeys, ANeedWithoutNameOrNumberInRangeIsLeftOut)
     EXPECT_EQ(settings.m_aNeed, aExpected);
 }
 
+TEST_F(ProfileNewKeys, ANeedThatTheListWouldRefuseIsLeftOutAndBlanksAreDropped)
+{
+    const Settings settings = Load(
+        "[Need Data]\nCount=5\nName 1=\" Mail \"\nSnr 1=1\nName 2=mail\nSnr 2=2\nName 3=40\n"
+        "Snr 3=3\nName 4="
+        + std::string(kNeedNameMost + 1, 'n')
+        + "\nSnr 4=4\nName 5=Voice\nSnr 5=5\nSource 5=" + std::string(kNeedSourceMost, 's') + "\n");
+    const std::vector<Need> aExpected{{"Mail", 1.0F, ""},
+                                      {"Voice", 5.0F, std::string(kNeedSourceMost, 's')}};
+    EXPECT_EQ(settings.m_aNeed, aExpected);
+}
+
+TEST_F(ProfileNewKeys, ATextOfANeedComesBackWhateverItsSigns)
+{
+    for (const char* sText : {"'weak'", "''", "'", "it's", "a=b;c", ";a", "=", "[a]", "#a",
+                              "'a' 'b'", "caf\xC3\xA9", "a  b", "\\"}) {
+        Settings settings;
+        settings.m_aNeed.clear();
+        ASSERT_TRUE(NeedAdd(settings.m_aNeed, {sText, 12.5F, sText})) << sText;
+        settings.m_sNeedSelected = sText;
+        settings.m_sProfileFile = m_tmp.Path("signs.ini");
+        ASSERT_TRUE(ProfileSave(settings, {}, Told()));
+        const Settings loaded = Load(BytesRead(settings.m_sProfileFile));
+        EXPECT_EQ(loaded.m_aNeed, settings.m_aNeed) << sText;
+        EXPECT_EQ(loaded.m_sNeedSelected, sText);
+    }
+}
+
 TEST_F(ProfileNewKeys, NeedsWithoutACountAreNotRead)
 {
     for (const char* sCount : {"", "Count=\n", "Count=many\n"})
@@ -113,7 +142,9 @@ TEST_F(ProfileNewKeys, NeedsWithoutACountAreNotRead)
 TEST_F(ProfileNewKeys, NoMoreNeedsAreReadOrWrittenThanTheListHolds)
 {
     Settings settings;
-    settings.m_aNeed.assign(kNeedMax + 5, {"A", 1.0F, ""});
+    settings.m_aNeed.clear();
+    for (int i = 1; i <= kNeedMax + 5; ++i)
+        settings.m_aNeed.push_back({"Need " + NumberToText(i), 1.0F, ""});
     settings.m_sProfileFile = m_tmp.Path("many.ini");
     ASSERT_TRUE(ProfileSave(settings, {}, Told()));
     const std::string sText = BytesRead(settings.m_sProfileFile);
