@@ -1,6 +1,7 @@
 #include "places/CsvText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -68,45 +69,45 @@ private:
     const char* m_sFault = "";
 };
 
-/// Length of a line end at a place of the text: LF, CR LF or CR.
-std::size_t LineEndSize(std::string_view sText, std::size_t n)
-{
-    if (n >= sText.size())
-        return 0;
-    return sText.substr(n).starts_with("\r\n") ? 2 : 1;
-}
-
 bool RowEndIs(std::string_view sText, std::size_t n)
 {
     return n >= sText.size() || sText[n] == '\r' || sText[n] == '\n';
 }
 
+std::size_t LineSize(std::string_view sText)
+{
+    return std::min(sText.find_first_of("\r\n"), sText.size());
+}
+
 }  // namespace
 
-std::vector<CsvRow> CsvRowsGet(std::string_view sText)
+CsvRow CsvReader::Take(std::size_t nSize)
 {
-    std::vector<CsvRow> aRow;
-    int nLine = 1;
-    for (std::size_t n = 0; n < sText.size();) {
-        const std::string_view sRest = sText.substr(n);
-        RowReader reader(sRest);
-        CsvRow row;
-        row.nLine = nLine;
-        std::size_t nSize = std::min(sRest.find_first_of("\r\n"), sRest.size());
-        if (!reader.Read()) {
-            row.sFault = reader.FaultGet();
-        } else if (!RowEndIs(sRest, reader.SizeGet())) {
-            row.sFault = "it is too long";
-        } else {
-            nSize = reader.SizeGet();
-            row.asField = reader.FieldsTake();
-        }
-        row.sRaw = sRest.substr(0, nSize);
-        nLine += 1 + static_cast<int>(std::ranges::count(row.sRaw, '\n'));
-        n += nSize + LineEndSize(sText, n + nSize);
-        aRow.push_back(std::move(row));
-    }
-    return aRow;
+    CsvRow row;
+    row.nLine = m_nLine;
+    row.sRaw = m_sRest.substr(0, nSize);
+    m_nLine += 1 + static_cast<int>(std::ranges::count(row.sRaw, '\n'));
+    m_sRest.remove_prefix(nSize);
+    m_sRest.remove_prefix(m_sRest.starts_with("\r\n") ? 2
+                                                      : std::min<std::size_t>(m_sRest.size(), 1));
+    return row;
+}
+
+CsvRow CsvReader::LineTake() { return Take(LineSize(m_sRest)); }
+
+CsvRow CsvReader::RowTake()
+{
+    RowReader reader(m_sRest);
+    std::string sFault;
+    if (!reader.Read())
+        sFault = reader.FaultGet();
+    else if (!RowEndIs(m_sRest, reader.SizeGet()))
+        sFault = "it is too long";
+    CsvRow row = sFault.empty() ? Take(reader.SizeGet()) : LineTake();
+    if (sFault.empty())
+        row.asField = reader.FieldsTake();
+    row.sFault = std::move(sFault);
+    return row;
 }
 
 std::string CsvFieldText(std::string_view sField)

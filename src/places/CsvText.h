@@ -21,8 +21,24 @@ struct CsvRow {
     int nLine = 1;                     ///< of its beginning, from 1
 };
 
-/// The rows of a text. Empty lines are rows of one empty field.
-[[nodiscard]] std::vector<CsvRow> CsvRowsGet(std::string_view sText);
+/// Takes a text row by row, so that a text of nothing but line ends needs no room.
+class CsvReader {
+public:
+    /// @param sText  must outlive the reader
+    explicit CsvReader(std::string_view sText) : m_sRest(sText) {}
+
+    [[nodiscard]] bool AtEnd() const { return m_sRest.empty(); }
+    /// The next row. An empty line is a row of one empty field.
+    CsvRow RowTake();
+    /// The next line whatever it holds, as a row without fields.
+    CsvRow LineTake();
+
+private:
+    CsvRow Take(std::size_t nSize);
+
+    std::string_view m_sRest;
+    int m_nLine = 1;
+};
 
 /// A field as it is written: quoted where it must be.
 [[nodiscard]] std::string CsvFieldText(std::string_view sField);

@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kColumns = 4;
+constexpr std::size_t kPastedColumns = 2;  // name and position must be there
 
 /// Signs of a text that stand for what could not be read.
 std::size_t ReplacementsGet(std::string_view sText)
@@ -111,22 +112,20 @@ bool HeadIs(const CsvRow& row)
 
 bool BlankIs(const CsvRow& row) { return TextTrim(row.sRaw).empty(); }
 
-/// Rows from the first one on; blank lines are left out.
-Result<void> RowsAdd(const std::vector<CsvRow>& aRow, std::size_t iFirst, std::size_t nLeast,
-                     OwnPlaceList& list)
+/// Adds a row that is neither blank nor one too many.
+/// @param nLeast  columns that must be there
+Result<void> RowAdd(CsvRow csv, std::size_t nLeast, OwnPlaceList& list)
 {
-    for (std::size_t i = iFirst; i < aRow.size(); ++i) {
-        if (BlankIs(aRow[i]))
-            continue;
-        if (list.aRows.size() >= kOwnPlacesMost)
-            return RunError{"it has more than " + NumberToText(static_cast<int>(kOwnPlacesMost))
-                            + " places"};
-        OwnPlace row = RowMake(aRow[i].asField, aRow[i].sFault, nLeast);
-        row.nLine = aRow[i].nLine;
-        if (!row.sFault.empty())
-            row.sRaw = aRow[i].sRaw;
-        list.aRows.push_back(std::move(row));
-    }
+    if (BlankIs(csv))
+        return {};
+    if (list.aRows.size() >= kOwnPlacesMost)
+        return RunError{"it has more than " + NumberToText(static_cast<int>(kOwnPlacesMost))
+                        + " places"};
+    OwnPlace row = RowMake(std::move(csv.asField), std::move(csv.sFault), nLeast);
+    row.nLine = csv.nLine;
+    if (!row.sFault.empty())
+        row.sRaw = std::move(csv.sRaw);
+    list.aRows.push_back(std::move(row));
     return {};
 }
 
@@ -135,20 +134,39 @@ std::string_view MarkDrop(std::string_view sBytes)
     return sBytes.starts_with(kByteOrderMark) ? sBytes.substr(kByteOrderMark.size()) : sBytes;
 }
 
-std::vector<CsvRow> TabRowsGet(std::string_view sText)
+std::vector<std::string> TabFields(std::string_view sLine)
 {
-    std::vector<CsvRow> aRow;
-    for (const std::string_view sLine : TextLines(sText)) {
-        CsvRow& row = aRow.emplace_back();
-        row.sRaw = sLine;
-        row.nLine = static_cast<int>(aRow.size());
-        for (std::size_t n = 0; n <= sLine.size();) {
-            const std::size_t nEnd = std::min(sLine.find('\t', n), sLine.size());
-            row.asField.emplace_back(sLine.substr(n, nEnd - n));
-            n = nEnd + 1;
-        }
+    std::vector<std::string> asField;
+    for (std::size_t n = 0; n <= sLine.size();) {
+        const std::size_t nEnd = std::min(sLine.find('\t', n), sLine.size());
+        asField.emplace_back(sLine.substr(n, nEnd - n));
+        n = nEnd + 1;
     }
-    return aRow;
+    return asField;
+}
+
+/// The next row of a pasted text, in which tables with tabs and rows with commas may be mixed, and
+/// each may hold the other's separator. A line with tabs is what can be used of it; where nothing
+/// can, what its first separator says.
+CsvRow PastedRowTake(CsvReader& reader)
+{
+    const auto UsableIs = [](const CsvRow& row) {
+        return HeadIs(row) || RowMake(row.asField, row.sFault, kPastedColumns).sFault.empty();
+    };
+    CsvReader readerTabs = reader;
+    CsvReader readerCommas = reader;
+    CsvRow rowTabs = readerTabs.LineTake();
+    CsvRow rowCommas;
+    const std::size_t nTab = rowTabs.sRaw.find('\t');
+    if (nTab != std::string::npos)
+        rowTabs.asField = TabFields(rowTabs.sRaw);
+    bool bTabs = nTab != std::string::npos && UsableIs(rowTabs);
+    if (!bTabs) {
+        rowCommas = readerCommas.RowTake();
+        bTabs = nTab < rowTabs.sRaw.find(',') && !UsableIs(rowCommas);
+    }
+    reader = bTabs ? readerTabs : readerCommas;
+    return bTabs ? rowTabs : rowCommas;
 }
 
 std::string LinesText(const OwnPlaceList& list)
@@ -238,26 +256,27 @@ Result<OwnPlaceList> OwnPlacesParse(std::string_view sBytes)
     list.bCrLf = nLineEnd != std::string_view::npos && nLineEnd > 0 && sText[nLineEnd - 1] == '\r';
     if (sText.find_first_not_of(" \t\r\n") == std::string_view::npos)
         return list;
-    const std::vector<CsvRow> aRow = CsvRowsGet(sText);
-    if (!HeadIs(aRow.front()))
+    CsvReader reader(sText);
+    if (!HeadIs(reader.RowTake()))
         return RunError{"line 1 is not \"" + std::string(kOwnPlacesHead) + "\""};
-    if (auto res = RowsAdd(aRow, 1, kColumns, list); !res)
-        return res.ErrorGet();
+    while (!reader.AtEnd())
+        if (auto res = RowAdd(reader.RowTake(), kColumns, list); !res)
+            return res.ErrorGet();
     return list;
 }
 
 Result<OwnPlaceList> OwnPlacesFromPaste(std::string_view sText)
 {
-    constexpr std::size_t kColumnsLeast = 2;  // name and position
     OwnPlaceList list;
     if (sText.size() > kOwnPlacesBytesMost)
         return RunError{"the text is larger than 4 MB"};
-    sText = MarkDrop(sText);
-    const bool bTabs = sText.find('\t') != std::string_view::npos;
-    const std::vector<CsvRow> aRow = bTabs ? TabRowsGet(sText) : CsvRowsGet(sText);
-    const bool bHead = !aRow.empty() && HeadIs(aRow.front());
-    if (auto res = RowsAdd(aRow, bHead ? 1 : 0, kColumnsLeast, list); !res)
-        return res.ErrorGet();
+    for (CsvReader reader(MarkDrop(sText)); !reader.AtEnd();) {
+        CsvRow row = PastedRowTake(reader);
+        if (HeadIs(row))
+            continue;
+        if (auto res = RowAdd(std::move(row), kPastedColumns, list); !res)
+            return res.ErrorGet();
+    }
     return list;
 }
 
@@ -295,10 +314,12 @@ Result<OwnPlaceList> OwnPlacesLoad(std::string_view sProfileFile)
 Result<void> OwnPlacesSave(const std::string& sProfileFile, const OwnPlaceList& list)
 {
     const std::string sFile = OwnPlacesPath(sProfileFile);
+    const auto resText = OwnPlacesText(list);
+    if (!resText)
+        return RunError{"Cannot save " + sFile + ": " + resText.TextGet()
+                        + ". Mend or delete the rows that cannot be used, and save again."};
     std::string sWhy;
-    if (const auto resText = OwnPlacesText(list); !resText)
-        sWhy = resText.TextGet();
-    else if (const int nError = ProfileFolderMake(sProfileFile); nError != 0)
+    if (const int nError = ProfileFolderMake(sProfileFile); nError != 0)
         sWhy = SystemErrorText(nError);
     else if (const auto res = FileReplace(sFile, resText.ValueGet()); !res)
         sWhy = res.TextGet();

@@ -66,8 +66,9 @@ struct OwnPlaceList {
 
 /// The list of a file's bytes; no bytes are an empty list.
 [[nodiscard]] Result<OwnPlaceList> OwnPlacesParse(std::string_view sBytes);
-/// The rows of a pasted text: as in the file, with or without its first line, or with tabs between
-/// the columns, as tables are copied; the last columns may be missing.
+/// The rows of a pasted text: as in the file or with tabs between the columns, as tables are
+/// copied, row by row; the last columns may be missing. The file's first line may stand anywhere,
+/// and says nothing.
 [[nodiscard]] Result<OwnPlaceList> OwnPlacesFromPaste(std::string_view sText);
 /// The bytes of a list: its places anew, its other rows as they stood.
 /// @return an error where a reader would not find the same rows, as a lost quote before can bring

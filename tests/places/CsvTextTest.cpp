@@ -6,9 +6,16 @@ namespace {
 
 using Fields = std::vector<std::string>;
 
+std::vector<CsvRow> RowsGet(std::string_view sText)
+{
+    std::vector<CsvRow> aRow;
+    for (CsvReader reader(sText); !reader.AtEnd();) aRow.push_back(reader.RowTake());
+    return aRow;
+}
+
 TEST(CsvRows, AreFieldsBetweenCommasAndQuotes)
 {
-    const auto aRow = CsvRowsGet("a,b\r\n\"c, d\",\"e \"\"f\"\"\"\n,\n\n\"two\nlines\",x");
+    const auto aRow = RowsGet("a,b\r\n\"c, d\",\"e \"\"f\"\"\"\n,\n\n\"two\nlines\",x");
     ASSERT_EQ(aRow.size(), 5U);
     EXPECT_EQ(aRow[0].asField, (Fields{"a", "b"}));
     EXPECT_EQ(aRow[1].asField, (Fields{"c, d", "e \"f\""}));
@@ -21,7 +28,7 @@ TEST(CsvRows, AreFieldsBetweenCommasAndQuotes)
 
 TEST(CsvRows, KnowTheLineThatTheyBeginIn)
 {
-    const auto aRow = CsvRowsGet("a\n\"b\n\nc\",d\ne\r\nf\rg");
+    const auto aRow = RowsGet("a\n\"b\n\nc\",d\ne\r\nf\rg");
     ASSERT_EQ(aRow.size(), 5U);
     EXPECT_EQ(aRow[1].nLine, 2);
     EXPECT_EQ(aRow[2].nLine, 5);
@@ -38,7 +45,7 @@ TEST(CsvRows, ThatBreakTheRulesAreOneLineAndTheNextIsReadAgain)
     for (const Case& c : {Case{"a,\"b", "a quote is not closed"},
                           Case{"a,\"b\"c", "something stands behind a closing quote"},
                           Case{"a b\"c", "a quote stands inside a field that is not quoted"}}) {
-        const auto aRow = CsvRowsGet("x,y\n" + std::string(c.sLine) + "\nz,w\n");
+        const auto aRow = RowsGet("x,y\n" + std::string(c.sLine) + "\nz,w\n");
         ASSERT_EQ(aRow.size(), 3U) << c.sLine;
         EXPECT_EQ(aRow[1].sRaw, c.sLine);
         EXPECT_EQ(aRow[1].sFault, c.sFault);
@@ -50,17 +57,29 @@ TEST(CsvRows, ThatBreakTheRulesAreOneLineAndTheNextIsReadAgain)
 TEST(CsvRows, LongerThanTheLimitAreTooLongAndDoNotSwallowTheRest)
 {
     const std::string sLong(kCsvRowMost + 1, 'a');
-    auto aRow = CsvRowsGet(sLong + "\nb");
+    auto aRow = RowsGet(sLong + "\nb");
     ASSERT_EQ(aRow.size(), 2U);
     EXPECT_EQ(aRow[0].sFault, "it is too long");
     EXPECT_EQ(aRow[0].sRaw, sLong);
     EXPECT_EQ(aRow[1].asField, (Fields{"b"}));
-    aRow = CsvRowsGet(std::string(kCsvRowMost, 'a') + "\nb");
+    aRow = RowsGet(std::string(kCsvRowMost, 'a') + "\nb");
     EXPECT_EQ(aRow[0].sFault, "");
-    aRow = CsvRowsGet("\"a\n" + sLong + "\"\nb");
+    aRow = RowsGet("\"a\n" + sLong + "\"\nb");
     ASSERT_EQ(aRow.size(), 3U);
     EXPECT_EQ(aRow[0].sRaw, "\"a");
     EXPECT_EQ(aRow[2].asField, (Fields{"b"}));
+}
+
+TEST(CsvReader, TakesALineWhateverItHoldsAndGoesOnBehindIt)
+{
+    CsvReader reader("a,\"b\r\n\"c\nd\",e\n");
+    CsvRow row = reader.LineTake();
+    EXPECT_EQ(row.sRaw, "a,\"b");
+    EXPECT_TRUE(row.asField.empty());
+    row = reader.RowTake();
+    EXPECT_EQ(row.nLine, 2);
+    EXPECT_EQ(row.asField, (Fields{"c\nd", "e"}));
+    EXPECT_TRUE(reader.AtEnd());
 }
 
 TEST(CsvField, IsQuotedWhereItMustBeAndReadsBack)
@@ -71,7 +90,7 @@ TEST(CsvField, IsQuotedWhereItMustBeAndReadsBack)
     EXPECT_EQ(CsvFieldText("a \"b\""), "\"a \"\"b\"\"\"");
     for (const char* sField : {"", "a", ",", "\"", "\"\"", "a\nb", " a ", "a,\"b\""}) {
         const std::string sText = CsvFieldText(sField) + "," + CsvFieldText(sField);
-        const auto aRow = CsvRowsGet(sText);
+        const auto aRow = RowsGet(sText);
         ASSERT_EQ(aRow.size(), 1U) << sField;
         EXPECT_EQ(aRow[0].asField, (Fields{sField, sField}));
     }

@@ -181,4 +181,57 @@ TEST(OwnPlaces, ArePastedFromTablesAndLists)
     EXPECT_FALSE(OwnPlacesFromPaste(std::string(kOwnPlacesBytesMost + 1, 'x')));
 }
 
+TEST(OwnPlaces, ArePastedFromMixedTextsRowByRow)
+{
+    const auto res = OwnPlacesFromPaste(
+        "My places\r\n\r\nname,position,frequencies,note\r\nBay,\"1N, 2E\",7103,see\there\r\n"
+        "Boston, MA\t42.4, -71.1\t\t\"the hub\"\r\nname\tposition\tfrequencies\tnote\r\n"
+        "Cape\t3N 4E\t7103,\"9\r\nDock,5N 6E,,\"two\tlines\r\nof it\"\r\nEnd\t7N 8E\n");
+    ASSERT_TRUE(res);
+    const auto aPlaces = OwnPlacesGet(res.ValueGet());
+    std::string sKeys;
+    for (const Place& place : aPlaces) sKeys += place.sKey + ";";
+    EXPECT_EQ(sKeys, "Bay;Boston, MA;Dock;End;");
+    EXPECT_EQ(aPlaces.at(0).sDescription, "see here");
+    EXPECT_EQ(aPlaces.at(1).sDescription, "\"the hub\"");
+    EXPECT_EQ(aPlaces.at(2).sDescription, "two lines  of it");
+    const auto aFaults = OwnPlaceFaultsGet(res.ValueGet());
+    ASSERT_EQ(aFaults.size(), 2U);
+    EXPECT_EQ(aFaults[0].sWhere, "line 1");
+    EXPECT_EQ(aFaults[1].sWhere, "line 7") << "of a table, so its lost quote swallows nothing";
+    EXPECT_EQ(aFaults[1].sWhy, "\"\"9\" is no frequency from 1600 to 30000 kHz");
+}
+
+TEST(OwnPlaces, AreReadBehindAnyNumberOfBlankLines)
+{
+    constexpr int kBlank = 200000;
+    const auto list = ListOf(kHead + std::string(kBlank, '\n') + "a,1N 2E,,\n");
+    ASSERT_EQ(list.aRows.size(), 1U);
+    EXPECT_EQ(list.aRows[0].nLine, kBlank + 2);
+}
+
+TEST(OwnPlaces, OfAnyTextsComeBackAsTheyWereSaved)
+{
+    for (const bool bCrLf : {false, true}) {
+        OwnPlaceList list;
+        list.bCrLf = bCrLf;
+        for (const char* sText : {"a\"b", "\"", "\"\"", ",", ";", "a\r\nb", "#1", "'x'", "=1+1",
+                                  "name,position,frequencies,note", "\tx", "-", "\xC3\xA9"})
+            list.aRows.push_back(
+                OwnPlaceMake({sText, "38°30.00'N, 122°15.00'W", "7103, 14098", sText}).ValueGet());
+        const auto resPaste = OwnPlacesFromPaste("a\tnowhere\nb,\"c\nd\",,\nx\"y,1N 2E\n");
+        ASSERT_TRUE(resPaste);
+        for (const OwnPlace& row : resPaste.ValueGet().aRows) list.aRows.push_back(row);
+        const std::string sBytes = TextOf(list);
+        const OwnPlaceList loaded = ListOf(sBytes);
+        ASSERT_EQ(loaded.aRows.size(), list.aRows.size());
+        for (std::size_t n = 0; n < list.aRows.size(); ++n) {
+            EXPECT_EQ(loaded.aRows[n].texts, list.aRows[n].texts) << n;
+            EXPECT_EQ(loaded.aRows[n].sRaw, list.aRows[n].sRaw) << n;
+        }
+        EXPECT_EQ(loaded.bCrLf, bCrLf);
+        EXPECT_EQ(TextOf(loaded), sBytes);
+    }
+}
+
 }  // namespace
