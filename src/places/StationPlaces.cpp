@@ -1,6 +1,5 @@
 #include "places/StationPlaces.h"
 
-#include <set>
 #include <string>
 #include <utility>
 
@@ -48,7 +47,7 @@ void EntryAdd(const std::string& sSystem, StationEntry entry, StationPlaces& sta
 
 }  // namespace
 
-StationPlaces StationPlacesGet()
+StationPlaces StationPlacesGet(const std::set<PlaceKind>& aWanted)
 {
     StationPlaces stations;
     int nCount = 0;
@@ -57,7 +56,7 @@ StationPlaces StationPlacesGet()
     std::set<std::string> asSeen;  // System.HAM.ini and System.HAM.old.ini are both named HAM
     for (int i = 1; i <= nCount; ++i) {
         std::vector<StationEntry> aEntry;
-        if (!asSeen.insert(asSystem[i]).second
+        if (!aWanted.contains(PlaceKindOf(asSystem[i])) || !asSeen.insert(asSystem[i]).second
             || !AirMailGetEntries(asSystem[i], aEntry, &stations.aMessages))
             continue;
         for (StationEntry& entry : aEntry) EntryAdd(asSystem[i], std::move(entry), stations);

@@ -8,6 +8,7 @@
 /// Tests:   tests/places/StationPlacesTest.cpp, tests/fuzz/fuzz_stations.cpp
 #pragma once
 
+#include <set>
 #include <vector>
 
 #include "places/Place.h"
@@ -21,5 +22,8 @@ struct StationPlaces {
     Messages aMessages;               ///< lists that cannot be read, or that there are none
 };
 
-/// Every station of every list. Two stations of one name are two places.
-[[nodiscard]] StationPlaces StationPlacesGet();
+/// Every station of the lists of these kinds; other lists are not read. Two stations of one name
+/// are two places.
+[[nodiscard]] StationPlaces StationPlacesGet(const std::set<PlaceKind>& aWanted = {
+                                                 PlaceKind::Ham, PlaceKind::SailMail,
+                                                 PlaceKind::Other});

@@ -109,6 +109,19 @@ TEST_F(StationPlacesTest, AnEmptyListIsAMessageAndTheOthersStay)
     EXPECT_NE(stations.aMessages[0].sText.find("\"HAM\"Stations."), std::string::npos);
 }
 
+TEST_F(StationPlacesTest, OfOtherKindsThanTheWantedOnesAreNotRead)
+{
+    ListWrite("HAM", "\r\n");
+    ListWrite("SailMail", "QQA101=EM02QU:Texas\r\nBAD=x:y\r\n");
+    ListWrite("Coast", "Halifax=FN84:Halifax\r\nBAD=x:y\r\n");
+    const StationPlaces stations = StationPlacesGet({PlaceKind::Other, PlaceKind::Own});
+    ASSERT_EQ(stations.aPlaces.size(), 1U);
+    EXPECT_EQ(stations.aPlaces[0].sKey, "Halifax");
+    ASSERT_EQ(stations.aFaults.size(), 1U);
+    EXPECT_EQ(stations.aFaults[0].eKind, PlaceKind::Other);
+    EXPECT_TRUE(stations.aMessages.empty()) << "nobody asked for the empty list";
+}
+
 TEST_F(StationPlacesTest, OfTwoFilesOfOneSystemAreReadOnce)
 {
     ListWrite("HAM", "XX1=FN42:first\r\n");

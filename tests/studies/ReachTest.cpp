@@ -134,6 +134,17 @@ TEST(ReachCells, AreEveryHourAndFrequency)
     EXPECT_EQ(aCells[47].iHour, 23);
 }
 
+TEST(ReachRow, KeepsItsCellsWhereTheyAreAskedFor)
+{
+    ReachAsked asked = AskedMake();
+    const Place place = PlaceAt(1, 2);
+    const Prediction prediction =
+        PredictionOf(ReachRequestGet(asked, place), {{{0, 1.0F}}, {{0, 2.0F}}});
+    EXPECT_TRUE(ReachRowGet(asked, place, prediction).aCells.empty());
+    asked.bCells = true;
+    EXPECT_EQ(ReachRowGet(asked, place, prediction).aCells.size(), 48U);
+}
+
 struct OpeningCase {
     const char* sName;
     std::vector<int> aiOpen;

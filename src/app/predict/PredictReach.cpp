@@ -40,14 +40,10 @@ PlacesFound PlacesFind(const std::set<PlaceKind>& aLists, const std::string& sPr
 {
     PlacesFound found;
     if (aLists.size() > aLists.count(PlaceKind::Own)) {
-        StationPlaces stations = StationPlacesGet();
+        StationPlaces stations = StationPlacesGet(aLists);
         MsgShow(stations.aMessages);
-        for (Place& place : stations.aPlaces)
-            if (aLists.contains(place.eKind))
-                found.aPlaces.push_back(std::move(place));
-        for (PlaceFault& fault : stations.aFaults)
-            if (aLists.contains(fault.eKind))
-                found.aFaults.push_back(std::move(fault));
+        found.aPlaces = std::move(stations.aPlaces);
+        found.aFaults = std::move(stations.aFaults);
     }
     if (aLists.contains(PlaceKind::Own))
         OwnPlacesAppend(sProfileFile, found);
@@ -88,24 +84,13 @@ private:
     std::deque<std::function<void()>> m_aCalls;
 };
 
-/// A place's cells by hour.
-using Cells = std::vector<ReachCell>;
-
-/// @param paCells  where it is not null: gets every cell of every place
-void PlacesPredict(const std::shared_ptr<const Engine>& pEngine, Reach& reach,
-                   std::vector<Cells>* paCells)
+void PlacesPredict(const std::shared_ptr<const Engine>& pEngine, Reach& reach)
 {
     CallQueue queue;
     bool bEnd = false;
     Runner runner([&](std::function<void()> fnCall) { queue.Post(std::move(fnCall)); });
-    const RunnerJob job = runner.Start(
-        pEngine, reach.RequestsGet(),
-        [&](std::size_t iPlace, const Runner::PredictionPtr& pPrediction) {
-            reach.Add(iPlace, *pPrediction);
-            if (paCells != nullptr)
-                paCells->at(iPlace) = ReachCellsGet(*pPrediction);
-        },
-        [&] { bEnd = true; });
+    const RunnerJob job = ReachStart(
+        runner, pEngine, reach, [](std::size_t) {}, [&] { bEnd = true; });
     queue.RunUntil(bEnd);
 }
 
@@ -125,21 +110,22 @@ std::string CellText(float fFrequency, float fSnr, const Need& need)
 }
 
 /// A place's rows of one hour: that of its best frequency, or one for each of its cells.
-std::string HourRows(const std::string& sHead, int iHour, const ReachHour& hour,
-                     const Cells* paCells, const Need& need)
+std::string HourRows(const std::string& sHead, int iHour, const ReachRow& row, bool bCells,
+                     const Need& need)
 {
     const std::string sStart = sHead + NumberToText(iHour) + ",";
-    if (paCells == nullptr)
+    const ReachHour& hour = row.aHours.at(static_cast<std::size_t>(iHour));
+    if (!bCells)
         return sStart + (hour.fFrequency > 0.0F ? CellText(hour.fFrequency, hour.fSnr, need) : ",,")
                + "\n";
     std::string sRows;
-    for (const ReachCell& cell : *paCells)
+    for (const ReachCell& cell : row.aCells)
         if (cell.iHour == iHour)
             sRows += sStart + CellText(cell.fFrequency, cell.fSnr, need) + "\n";
     return sRows;
 }
 
-std::string CsvGet(const Reach& reach, const std::vector<Cells>* paCells, const Need& need)
+std::string CsvGet(const Reach& reach, const Need& need)
 {
     std::string sText = "system,key,lat,lon,range_nmi,bearing_deg,utc,khz,snr_db,margin_db\n";
     for (const std::size_t iRow : reach.RankingGet()) {
@@ -149,8 +135,7 @@ std::string CsvGet(const Reach& reach, const std::vector<Cells>* paCells, const 
         const std::string sHead = RowHead(reach.PlacesGet()[iRow], row);
         for (int n = 0; n < reach.AskedGet().nHours; ++n) {
             const int iHour = (reach.AskedGet().iFrom + n) % kReachHours;
-            sText += HourRows(sHead, iHour, row.aHours.at(static_cast<std::size_t>(iHour)),
-                              paCells == nullptr ? nullptr : &paCells->at(iRow), need);
+            sText += HourRows(sHead, iHour, row, reach.AskedGet().bCells, need);
         }
     }
     return sText;
@@ -166,6 +151,7 @@ ReachAsked AskedGet(const PredictOptions& options, const Settings& settings,
     asked.fNeed = need.fSnr;
     asked.iFrom = options.reach.iFrom >= 0 ? options.reach.iFrom : UtcNow().nHour;
     asked.nHours = options.reach.nHours;
+    asked.bCells = options.reach.bAll;
     return asked;
 }
 
@@ -212,10 +198,8 @@ std::optional<std::string> PredictReachGet(const PredictOptions& options, const 
     if (!options.need && !found.aPlaces.empty())
         MsgBox(MsgIcon::Info, "No need is given; taken is " + PredictNeedText(need));
     Reach reach(AskedGet(options, settings, eSunSpotSource, need), std::move(found.aPlaces));
-    std::vector<Cells> aCells(options.reach.bAll ? reach.PlacesGet().size() : 0);
-    std::vector<Cells>* paCells = options.reach.bAll ? &aCells : nullptr;
     if (!reach.PlacesGet().empty())
-        PlacesPredict(pEngine, reach, paCells);
+        PlacesPredict(pEngine, reach);
     bool bAny = false;
     for (const ReachRow& row : reach.RowsGet()) {
         const Place& place = reach.PlacesGet()[row.iPlace];
@@ -224,5 +208,5 @@ std::optional<std::string> PredictReachGet(const PredictOptions& options, const 
             found.aFaults.push_back({place.sSystem + " " + place.sKey, row.sFailure, place.eKind});
     }
     FaultsShow(found.aFaults);
-    return bAny ? std::optional(CsvGet(reach, paCells, need)) : NoneLeft();
+    return bAny ? std::optional(CsvGet(reach, need)) : NoneLeft();
 }

@@ -118,6 +118,8 @@ ReachRow ReachRowGet(const ReachAsked& asked, const Place& place, const Predicti
     }
     row.eState = ReachState::Answered;
     row.aHours = HoursGet(prediction.table);
+    if (asked.bCells)
+        row.aCells = ReachCellsGet(prediction);
     row.dRange = prediction.table.fRange;
     row.dBearing = prediction.table.fAzimuthRcTx;
     RowJudge(asked, row);

@@ -31,6 +31,7 @@ struct ReachAsked {
     float fNeed = 40.0F;           ///< required SNR
     int iFrom = 0;                 ///< the hour that counts as now
     int nHours = kReachHours;      ///< hours that count for the order, from iFrom on; 1 to 24
+    bool bCells = false;           ///< rows keep every hour and frequency
 };
 
 /// An hour's best frequency.
@@ -47,6 +48,13 @@ struct ReachOpening {
     int nLength = 0;  ///< hours that it lasts, up to 24; it may go on behind the hours that count
 };
 
+/// A place's SNR on one frequency, for lists of everything.
+struct ReachCell {
+    int iHour = 0;
+    float fFrequency = 0.0F;
+    float fSnr = 0.0F;
+};
+
 enum class ReachState { Waiting, Failed, Answered };
 
 struct ReachRow {
@@ -54,17 +62,11 @@ struct ReachRow {
     ReachState eState = ReachState::Waiting;
     std::string sFailure;  ///< of a failed one
     std::array<ReachHour, kReachHours> aHours;
+    std::vector<ReachCell> aCells;  ///< where they are asked for
     ReachOpening opening;
     float fMargin = std::numeric_limits<float>::quiet_NaN();  ///< now: best SNR less the need
     double dRange = 0.0;    ///< nautical miles; as the prediction prints it once there is one
     double dBearing = 0.0;  ///< of the place from here, [0, 360); the same
-};
-
-/// A place's SNR on one frequency, for lists of everything.
-struct ReachCell {
-    int iHour = 0;
-    float fFrequency = 0.0F;
-    float fSnr = 0.0F;
 };
 
 /// The request of a place: the base with the place as transmitter.
