@@ -4,13 +4,13 @@
 #include <array>
 
 #include "engine/run533/FieldText.h"
+#include "geo/Earth.h"
 #include "geo/MathLib.h"
 #include "propagation/PowerTable.h"
 
 namespace {
 
-constexpr int kWidth = 5;  // columns of every value of an hour's block
-constexpr double kKmPerMile = 1.852;
+constexpr int kWidth = 5;           // columns of every value of an hour's block
 constexpr double kUnused = -999.0;  // printed where the method does not take the frequency
 
 /// A value without decimals.

@@ -8,9 +8,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "geo/Earth.h"
+
 namespace rec533 {
 
-inline constexpr double kEarthKm = 6371.009;  ///< radius of the Earth, km
+using ::kEarthKm;
+
 inline constexpr double kPi = 3.14159265358979323846;
 inline constexpr double kRadians = 0.0174532925;  ///< degrees to radians
 inline constexpr double kDegrees = 57.2957795;    ///< radians to degrees

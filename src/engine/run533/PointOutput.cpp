@@ -5,6 +5,7 @@
 #include "engine/run533/PointDay.h"
 #include "engine/run533/Run.h"
 #include "engine/run533/RunParts.h"
+#include "geo/Earth.h"
 
 namespace run533 {
 namespace {
@@ -12,7 +13,6 @@ namespace {
 constexpr int kColumns = 1 + kFrequenciesMost;  // the MUF's own, then the frequencies
 constexpr int kHoursAPage = 5;
 constexpr double kUnused = -999.0;
-constexpr double kKmPerMile = 1.852;
 
 // One column of an hour's block.
 struct Column {

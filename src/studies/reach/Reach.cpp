@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "geo/BearingLib.h"
+#include "geo/Earth.h"
 #include "geo/MathLib.h"
 #include "propagation/SnrScale.h"
 
@@ -42,11 +43,9 @@ void RowJudge(const ReachAsked& asked, ReachRow& row)
 /// The row of a place before there is a prediction.
 ReachRow RowWaiting(const ReachAsked& asked, const Place& place)
 {
-    constexpr double kKmPerMile = 1.852;
-    constexpr double kEarthRadius = 6371.0;  // km, mean
     ReachRow row;
     row.dRange = GreatCircleAngle(asked.base.dRcLat, asked.base.dRcLon, place.dLat, place.dLon)
-                 * kEarthRadius / kKmPerMile;
+                 * kEarthKm / kKmPerMile;
     row.dBearing = BearingGet(asked.base.dRcLat, asked.base.dRcLon, place.dLat, place.dLon);
     return row;
 }
