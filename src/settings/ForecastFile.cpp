@@ -1,12 +1,12 @@
 #include "settings/ForecastFile.h"
 
 #include <array>
-#include <cstdint>
 
 #include "settings/ForecastParts.h"
 #include "settings/ForecastReader.h"
 #include "system/ErrorTextLib.h"
 #include "system/FileLib.h"
+#include "system/HashText.h"
 #include "system/NumberLib.h"
 #include "system/PathLib.h"
 #include "system/RunErrorText.h"
@@ -18,20 +18,6 @@ constexpr std::string_view kHead = "Hopcast sunspot forecast 1";
 constexpr std::string_view kEnd = "end ";
 constexpr std::array<std::string_view, 3> kSources{"noaa", "silso", "wwv"};
 constexpr std::array<std::string_view, 3> kDatings{"issued", "mailed", "read"};
-
-/// FNV-1a, 32 bits, hexadecimal, of the lines with LF.
-std::string HashText(std::string_view sLines)
-{
-    std::uint32_t nHash = 2166136261U;
-    for (const char chr : sLines) {
-        nHash ^= static_cast<unsigned char>(chr);
-        nHash *= 16777619U;
-    }
-    std::string sText;
-    for (int nShift = 28; nShift >= 0; nShift -= 4)
-        sText += "0123456789abcdef"[(nHash >> static_cast<unsigned>(nShift)) & 0xFU];
-    return sText;
-}
 
 std::string NumbersText(int nYear, int nMonth, const std::string& sLast)
 {
@@ -105,7 +91,7 @@ std::string ForecastFilePath(std::string_view sProfileFile)
 
 std::string ForecastFileEnded(std::string_view sLines)
 {
-    return std::string(sLines) + std::string(kEnd) + HashText(sLines) + "\n";
+    return std::string(sLines) + std::string(kEnd) + HashText32(sLines) + "\n";
 }
 
 std::string ForecastFileText(const SunSpotForecast& forecast)
@@ -132,7 +118,7 @@ Result<SunSpotForecast> ForecastFileParse(std::string_view sBytes)
         return RunError{"it is cut"};
     const std::size_t nLast = asLine.size() - 1;
     for (std::size_t n = 0; n < nLast; ++n) sBefore += std::string(asLine[n]) + "\n";
-    if (asLine[nLast] != std::string(kEnd) + HashText(sBefore))
+    if (asLine[nLast] != std::string(kEnd) + HashText32(sBefore))
         return RunError{"it was cut or changed"};
     if (asLine[0] != kHead)
         return RunError{"it is of another kind"};

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "system/FileLib.h"
+#include "system/HashText.h"
 #include "system/HostPath.h"
 #include "system/PathLib.h"
 #include "system/UserFolders.h"
@@ -18,19 +19,6 @@ namespace {
 
 constexpr std::size_t kManifestMax = std::size_t{64} << 10;
 constexpr std::size_t kProgramMax = std::size_t{256} << 20;
-
-/// FNV-1a, 64 bits: tells versions of a program apart; not meant against forgery.
-std::string HashText(std::string_view sBytes)
-{
-    constexpr std::uint64_t kOffsetBasis = 0xcbf29ce484222325U;
-    constexpr std::uint64_t kPrime = 0x100000001b3U;
-    std::uint64_t nHash = kOffsetBasis;
-    for (const char cByte : sBytes) nHash = (nHash ^ static_cast<unsigned char>(cByte)) * kPrime;
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    std::string sText(16, '0');
-    for (std::size_t i = sText.size(); i-- > 0; nHash >>= 4U) sText[i] = kDigits[nHash & 15U];
-    return sText;
-}
 
 }  // namespace
 
@@ -57,8 +45,8 @@ std::string CopyMark(const fs::path& pthFile)
     const auto resBytes = FileRead(TextFromPath(pthFile), kProgramMax);
     if (!resBytes)
         return {};
-    std::string sMark =
-        "copy " + std::to_string(resBytes.ValueGet().size()) + ' ' + HashText(resBytes.ValueGet());
+    std::string sMark = "copy " + std::to_string(resBytes.ValueGet().size()) + ' '
+                        + HashText64(resBytes.ValueGet());
     mapKnown[pthFile] = {nSize, timeWritten, sMark};
     return sMark;
 }

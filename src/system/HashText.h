@@ -1,0 +1,14 @@
+/// @file HashText.h
+/// Check sums by which a file is known again. They tell versions and damage apart and are not meant
+/// against forgery.
+///
+/// Texts:   lower-case hexadecimal digits, with leading zeros.
+/// Source:  FNV-1a by Fowler, Noll and Vo, draft-eastlake-fnv.
+/// Tests:   tests/system/HashTextTest.cpp
+#pragma once
+
+#include <string>
+#include <string_view>
+
+[[nodiscard]] std::string HashText32(std::string_view sBytes);  ///< 8 digits
+[[nodiscard]] std::string HashText64(std::string_view sBytes);  ///< 16 digits
