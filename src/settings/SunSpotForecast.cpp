@@ -47,7 +47,8 @@ std::string AgeText(const DateTime& dtFrom, const DateTime& dtTo)
         return "of today";
     if (nDays <= kDaysMost)
         return NumberToText(nDays) + (nDays == 1 ? " day old" : " days old");
-    return NumberToText(AgeInMonths(dtFrom, dtTo)) + " months old";
+    const int nMonths = AgeInMonths(dtFrom, dtTo);
+    return NumberToText(nMonths) + (nMonths == 1 ? " month old" : " months old");
 }
 
 std::string DatingText(const SunSpotForecast& forecast, const DateTime& dtToday)

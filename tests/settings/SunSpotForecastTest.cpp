@@ -161,6 +161,11 @@ TEST(ForecastText, TellsSourceScaleMonthsDateAndAge)
                   kToday),
               "SILSO forecast for 2026-11, version-2 numbers times 0.7, read on 2026-09-10 (2 "
               "months old)");
+    EXPECT_EQ(
+        ForecastText({ForecastSource::Silso, ForecastDating::Read, {2026, 7, 1}, {{2026, 8, 89.1}}},
+                     {2026, 8, 31}),
+        "SILSO forecast for 2026-08, version-2 numbers times 0.7, read on 2026-07-01 (1 month "
+        "old)");
     EXPECT_EQ(ForecastText(WwvMake({2026, 11, 19}, 123.0), kToday),
               "WWV, one day's flux 123, for 2026-11, issued 2026-11-19 (2 days old)");
 }
