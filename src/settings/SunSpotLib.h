@@ -32,8 +32,10 @@ struct SunSpotRun {
     std::string sWarning;    ///< empty; else what is worth telling: an old or damaged forecast
 };
 
-/// The month that the next run is for: with m_bPropagationMonth the current one, else the chosen
-/// one of the year that the decks name.
+/// The month that the next run is for: with m_bPropagationMonth that of UTC with UTC's year, else
+/// the chosen one of the local clock's year, which the decks name. At the turn of the year the two
+/// years differ for some hours; the current month keeps its own, so that January is not looked up a
+/// year too early.
 struct RunMonth {
     int nYear = 0;
     int nMonth = 0;
