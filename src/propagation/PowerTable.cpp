@@ -73,7 +73,8 @@ bool SnrGivenIs(float fSnr)
 
 float PowerShiftSnr(float fSnr, double dShift)
 {
-    return SnrGivenIs(fSnr) ? static_cast<float>(fSnr + dShift) : fSnr;
+    constexpr float kGridLeast = -99.9F;
+    return SnrGivenIs(fSnr) && fSnr != kGridLeast ? static_cast<float>(fSnr + dShift) : fSnr;
 }
 
 void PowerShiftTable(const Request& request, int iFirst, int iLast, PropagationTable& table)

@@ -41,7 +41,8 @@ enum class DeckKind { PointToPoint, Area };
 [[nodiscard]] bool SnrGivenIs(float fSnr);
 
 /// An SNR shifted, dB. -99 and the engines' -999 and -999.9 say that there is none: they stay, and
-/// so does not-a-number.
+/// so does not-a-number. -99.9 stays too: it is the least that a grid can hold and stands for
+/// anything below, so what the power adds to it says nothing.
 [[nodiscard]] float PowerShiftSnr(float fSnr, double dShift);
 
 /// Gives a chunk that was read from an output the request's own power: signal and SNR of the

@@ -234,6 +234,9 @@ TEST(PowerShift, ValuesThatSayThereIsNoneStay)
     for (const float fNone : {-99.0F, -999.0F, -999.9F})
         for (const double dShift : {-16.99, 10.0}) EXPECT_EQ(PowerShiftSnr(fNone, dShift), fNone);
     EXPECT_TRUE(std::isnan(PowerShiftSnr(std::numeric_limits<float>::quiet_NaN(), 10.0)));
+    for (const double dShift : {-16.99, 16.99})
+        EXPECT_EQ(PowerShiftSnr(-99.9F, dShift), -99.9F) << "the least of a grid's column";
+    EXPECT_FLOAT_EQ(PowerShiftSnr(-99.8F, 10.0), -89.8F);
     EXPECT_EQ(PowerShiftSnr(-98.0F, 10.0), -88.0F);
     EXPECT_EQ(PowerShiftSnr(-120.0F, 10.0), -110.0F);
 }
