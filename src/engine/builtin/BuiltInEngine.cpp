@@ -211,16 +211,16 @@ class AreaRowsWork final : public AreaDayWork {
 public:
     AreaRowsWork(run533::AreaDeck deck, run533::RunParts parts,
                  const std::vector<double>& aMegahertz, double dPowerShift)
-        : m_tblDeck(std::move(deck)),
-          m_tblParts(std::move(parts)),
-          m_tblCircuit(CircuitMake(m_tblDeck.common, m_tblParts, run533::kPowerWithoutAntenna)),
-          m_tblFrequencies(*m_tblParts.pIonosphere, m_tblCircuit, aMegahertz),
+        : m_deck(std::move(deck)),
+          m_parts(std::move(parts)),
+          m_circuit(CircuitMake(m_deck.common, m_parts, run533::kPowerWithoutAntenna)),
+          m_frequencies(*m_parts.pIonosphere, m_circuit, aMegahertz),
           m_dPowerShift(dPowerShift)
     {
     }
     [[nodiscard]] std::size_t PiecesGet() const override
     {
-        return static_cast<std::size_t>(m_tblDeck.nGrid);
+        return static_cast<std::size_t>(m_deck.nGrid);
     }
     [[nodiscard]] std::optional<Failure> Run(std::size_t iPiece, AreaDay& day,
                                              const std::stop_token& stop) override
@@ -228,18 +228,18 @@ public:
         thread_local rec533::DayWork work;
         thread_local std::vector<rec533::Prediction> aCells;
         std::array<rec533::DayHour, 24> aHours;
-        const std::size_t nFrequencies = m_tblFrequencies.CountGet();
+        const std::size_t nFrequencies = m_frequencies.CountGet();
         aCells.resize(aHours.size() * nFrequencies);
-        rec533::Circuit circuit = m_tblCircuit;
+        rec533::Circuit circuit = m_circuit;
         for (std::size_t i = 0; i < PiecesGet(); ++i) {
             if (stop.stop_requested())
                 return FailureMake(FailureKind::Cancelled, kAreaNotFinished);
             const run533::GridPlace gridPlace =
-                GridPlaceGet(m_tblDeck, static_cast<int>(iPiece), static_cast<int>(i));
+                GridPlaceGet(m_deck, static_cast<int>(iPiece), static_cast<int>(i));
             circuit.dRxLat = gridPlace.dLat;
             circuit.dRxLon = gridPlace.dLonOfPath;
-            PredictDay(work, *m_tblParts.pIonosphere, m_tblFrequencies, circuit,
-                       rec533::DayParts::Cells, aHours, aCells);
+            PredictDay(work, *m_parts.pIonosphere, m_frequencies, circuit, rec533::DayParts::Cells,
+                       aHours, aCells);
             const std::size_t iPoint = iPiece * PiecesGet() + i;
             day.aPlaces[iPoint] = PlaceOfGrid(gridPlace);
             for (int iHour = 0; iHour < kHourCount; ++iHour)
@@ -251,10 +251,10 @@ public:
     }
 
 private:
-    run533::AreaDeck m_tblDeck;
-    run533::RunParts m_tblParts;
-    rec533::Circuit m_tblCircuit;
-    rec533::Frequencies m_tblFrequencies;
+    run533::AreaDeck m_deck;
+    run533::RunParts m_parts;
+    rec533::Circuit m_circuit;
+    rec533::Frequencies m_frequencies;
     double m_dPowerShift;  // dB
 };
 

@@ -43,7 +43,7 @@ Result<TableHead> TableHead::Read(std::string_view sLine, std::span<const std::s
 }
 
 TableRow::TableRow(const TableHead& tableHead, std::string_view sLine, int nLine)
-    : m_tblHead(tableHead), m_nLine(nLine), m_aCells(CellsSplit(sLine))
+    : m_head(tableHead), m_nLine(nLine), m_aCells(CellsSplit(sLine))
 {
     if (m_aCells.size() >= tableHead.m_nCells)
         return;
@@ -54,7 +54,7 @@ TableRow::TableRow(const TableHead& tableHead, std::string_view sLine, int nLine
 
 std::string_view TableRow::TextGet(std::size_t nColumn) const
 {
-    return m_tblHead.Has(nColumn) ? m_aCells[*m_tblHead.m_aAt[nColumn]] : std::string_view();
+    return m_head.Has(nColumn) ? m_aCells[*m_head.m_aAt[nColumn]] : std::string_view();
 }
 
 double TableRow::NumberGet(std::size_t nColumn, double dLeast, double dMost)
@@ -85,8 +85,8 @@ void TableRow::Fail(std::size_t nColumn)
 {
     if (!m_bFailed)
         m_error.sText = "line " + NumberToText(m_nLine) + ", "
-                        + std::string(m_tblHead.m_aNames[nColumn]) + ": "
-                        + TextQuote(TextGet(nColumn)) + " cannot be used";
+                        + std::string(m_head.m_aNames[nColumn]) + ": " + TextQuote(TextGet(nColumn))
+                        + " cannot be used";
     m_bFailed = true;
 }
 

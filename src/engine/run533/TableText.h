@@ -48,7 +48,7 @@ public:
     [[nodiscard]] const RunError& ErrorGet() const { return m_error; }
 
 private:
-    const TableHead& m_tblHead;
+    const TableHead& m_head;
     int m_nLine;
     std::vector<std::string_view> m_aCells;
     bool m_bFailed = false;
