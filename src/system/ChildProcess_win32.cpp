@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <stop_token>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "system/ChildProcess.h"
+#include "system/Deadline.h"
 #include "system/HostPath.h"
 #include "system/PathLib.h"
 #include "system/RunErrorText.h"
@@ -42,16 +44,23 @@ bool JobIsEmpty(HANDLE hJob)
            || info.ActiveProcesses == 0;
 }
 
+/// What the system's waits take. Whole milliseconds, rounded up: a wait that was rounded down would
+/// ask again and again in the last one.
+DWORD MillisecondsLeft(const Deadline& deadline)
+{
+    return static_cast<DWORD>(std::ceil(deadline.LeftGet() * 1000.0));
+}
+
 /// Kills what is left of a family and waits until it is gone: it ends a moment after the call, and
 /// holds its files open until then.
 void FamilyEnd(HANDLE hJob, HANDLE hProcess)
 {
-    constexpr DWORD kEndMax = 2000;  // ms
-    const ULONGLONG nStart = GetTickCount64();
+    constexpr double kEndMax = 2.0;  // s
+    const Deadline deadline(kEndMax);
     if (hJob != nullptr)
         TerminateJobObject(hJob, 0);
-    WaitForSingleObject(hProcess, kEndMax);
-    while (hJob != nullptr && !JobIsEmpty(hJob) && GetTickCount64() - nStart < kEndMax) Sleep(1);
+    WaitForSingleObject(hProcess, MillisecondsLeft(deadline));
+    while (hJob != nullptr && !JobIsEmpty(hJob) && !deadline.IsOver()) Sleep(1);
 }
 
 /// One word as the C run-time library of the started program will read it back.
@@ -154,18 +163,15 @@ HANDLE FamilyMake(const PROCESS_INFORMATION& process)
 }
 
 /// Waits in short steps, so that a stop is seen. @return false at the limit or the stop.
-bool HandleAwait(HANDLE hProcess, DWORD nMilliseconds, const std::stop_token& stop)
+bool HandleAwait(HANDLE hProcess, const Deadline& deadline, const std::stop_token& stop)
 {
-    constexpr DWORD kStep = 10;
-    const ULONGLONG nEnd = GetTickCount64() + nMilliseconds;
+    constexpr DWORD kStep = 10;  // ms
     while (!stop.stop_requested()) {
-        const ULONGLONG nNow = GetTickCount64();
-        const ULONGLONG nLeft = nNow < nEnd ? nEnd - nNow : 0;
-        const DWORD nWait = nLeft < kStep ? static_cast<DWORD>(nLeft) : kStep;
-        if (WaitForSingleObject(hProcess, stop.stop_possible() ? nWait : static_cast<DWORD>(nLeft))
+        const DWORD nLeft = MillisecondsLeft(deadline);
+        if (WaitForSingleObject(hProcess, stop.stop_possible() ? std::min(nLeft, kStep) : nLeft)
             != WAIT_TIMEOUT)
             return true;
-        if (nLeft <= nWait)
+        if (deadline.IsOver())
             return false;
     }
     return false;
@@ -246,13 +252,10 @@ std::optional<ChildProcess> ChildProcess::Open(int nProcessId)
 
 ChildResult ChildProcess::Wait(double dSeconds, const std::stop_token& stop)
 {
-    constexpr double kMillisecondsMax = 4e9;  // below INFINITE
     const HANDLE hProcess = m_pHost->hProcess;
     m_pHost->bWaited = true;
-    const double dMilliseconds =
-        dSeconds > 0.0 ? std::fmin(dSeconds * 1000.0, kMillisecondsMax) : 0.0;
     ChildResult result;
-    if (HandleAwait(hProcess, static_cast<DWORD>(dMilliseconds), stop)) {
+    if (HandleAwait(hProcess, Deadline(dSeconds), stop)) {
         DWORD nExitCode = 1;
         if (!GetExitCodeProcess(hProcess, &nExitCode))
             nExitCode = 1;
