@@ -204,7 +204,8 @@ int HostChildStart(ChildStart start, pid_t& nId)
     const FileHandle input = HighDuplicate(null.Get());
     const FileHandle output = HighDuplicate(start.nOutput);
     const FileHandle lock = HighDuplicate(start.nLock);
-    if (report.Get() < 0 || input.Get() < 0 || output.Get() < 0)
+    if (report.Get() < 0 || input.Get() < 0 || output.Get() < 0
+        || (start.nLock >= 0 && lock.Get() < 0))
         return errno;
     ChildPlan plan{PointersMake(start.asWords),
                    PointersMake(start.asEnvironment),

@@ -1,17 +1,21 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "support/ChildRun.h"
 #include "support/TempFolder.h"
+#include "system/ChildHost.h"
 #include "system/RunErrorText.h"
 #include "system/SignalLib.h"
 
@@ -53,6 +57,17 @@ TEST(ChildProcessPosix, RunsInItsFolderWithTheNullDeviceAsInputAndBothStreamsInT
     const auto res = ChildRun(command, kLong);
     ASSERT_TRUE(res);
     EXPECT_EQ(BytesRead(command.sOutputFile), folder.Path() + "\nsaid\nwailed\n");
+}
+
+TEST(ChildProcessPosix, IsNotStartedWithoutTheLockThatItIsToHold)
+{
+    const FileHandle output(open("/dev/null", O_WRONLY | O_CLOEXEC));
+    ChildStart start{{"/bin/sh", "-c", "exit 0"}, EnvironmentCopy(), "", output.Get(), 0, true};
+    start.nLock = std::numeric_limits<int>::max();
+    pid_t nId = -1;
+    EXPECT_EQ(HostChildStart(start, nId), EBADF) << "nothing is open under the number";
+    if (nId > 0)
+        waitpid(nId, nullptr, 0);
 }
 
 TEST(ChildProcessPosix, KillsAtTheLimit)
