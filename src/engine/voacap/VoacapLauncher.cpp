@@ -166,19 +166,7 @@ Result<void> VoacaplRun(const VoacapRunFolder& folder, const Job& job, const Voa
     if (!resChild)
         return RunError{places.sProgram + " cannot be started: " + resChild.TextGet()};
     const ChildResult ended = resChild.ValueGet().Wait(places.dSeconds, places.stop);
-    switch (ended.eEnd) {
-        case ChildEnd::TimeLimit:
-            return RunError{"VOACAP did not finish in time"};
-        case ChildEnd::Stopped:
-            return RunError{"interrupted"};
-        case ChildEnd::Killed:
-            return RunError{"VOACAP crashed" + ConsoleTell(command.sOutputFile)};
-        case ChildEnd::Exited:
-            break;
-    }
-    if (ended.nCode != 0)
-        return RunError{"VOACAP failed" + ConsoleTell(command.sOutputFile)};
-    return {};
+    return VoacaplEndCheck(ended, places.stop.stop_requested(), command.sOutputFile);
 }
 
 Result<void> OutputCheck(const VoacapRunFolder& folder, const Job& job, const VoacapDeck& deck)
@@ -219,6 +207,24 @@ VoacapOutcome OutcomeTell(int nStatus, std::string_view sText)
 }
 
 }  // namespace
+
+Result<void> VoacaplEndCheck(const ChildResult& ended, bool bStop, const std::string& sConsoleFile)
+{
+    switch (ended.eEnd) {
+        case ChildEnd::TimeLimit:
+            return RunError{"VOACAP did not finish in time"};
+        case ChildEnd::Stopped:
+            return RunError{"interrupted"};
+        case ChildEnd::Killed:
+            // A signal to the group of both may end voacapl before the wait sees the stop.
+            return RunError{bStop ? "interrupted" : "VOACAP crashed" + ConsoleTell(sConsoleFile)};
+        case ChildEnd::Exited:
+            break;
+    }
+    if (ended.nCode != 0)
+        return RunError{"VOACAP failed" + ConsoleTell(sConsoleFile)};
+    return {};
+}
 
 VoacapOutcome VoacapLaunch(std::span<const std::string> asArguments, const VoacapPlaces& places)
 {

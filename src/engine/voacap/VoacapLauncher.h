@@ -12,6 +12,9 @@
 #include <stop_token>
 #include <string>
 
+#include "system/ChildProcess.h"
+#include "system/Result.h"
+
 /// What is run, and against which data.
 struct VoacapPlaces {
     std::string sProgram = "voacapl";  ///< looked up in PATH
@@ -26,6 +29,12 @@ struct VoacapOutcome {
     int nStatus = 0;    ///< exit status: 0 predicted, 1 failed, 2 wrong command line or deck
     std::string sText;  ///< one line that tells the failure
 };
+
+/// What the end of voacapl means for the run.
+/// @param bStop         somebody asked the run to end
+/// @param sConsoleFile  what voacapl said
+[[nodiscard]] Result<void> VoacaplEndCheck(const ChildResult& ended, bool bStop,
+                                           const std::string& sConsoleFile);
 
 /// Runs one prediction. asArguments are "ROOT DECK OUTPUT" with both names relative to ROOT/RUN, or
 /// "ROOT AREA CALC DECK" with the name relative to ROOT/areadata; the grid file then has the deck's

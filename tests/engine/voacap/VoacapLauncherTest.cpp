@@ -273,6 +273,16 @@ TEST_F(VoacapLauncher, ReportsARequestToEndAndCleansUp)
     PointFails("interrupted");
 }
 
+TEST_F(VoacapLauncher, TakesADeathBySignalForACrashOnlyWhereNobodyAskedToEnd)
+{
+    const std::string sConsole = m_root.Write("console.txt", "Program received signal SIGTERM\n");
+    const ChildResult killed{ChildEnd::Killed, 15};
+    EXPECT_EQ(VoacaplEndCheck(killed, true, sConsole).TextGet(), "interrupted");
+    EXPECT_EQ(VoacaplEndCheck(killed, false, sConsole).TextGet(),
+              "VOACAP crashed: Program received signal SIGTERM");
+    EXPECT_TRUE(VoacaplEndCheck({ChildEnd::Exited, 0}, true, sConsole)) << "it was done before";
+}
+
 TEST_F(VoacapLauncher, KeepsOneLineWhateverIsInIt)
 {
     FakeMake("printf 'an error \\033[31m\\001 here\\n'; exit 1");
