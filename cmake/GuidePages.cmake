@@ -6,6 +6,13 @@ function(guide_python_validate RESULT CANDIDATE)
         set(${RESULT} FALSE PARENT_SCOPE)
     endif()
 endfunction()
+if(GUIDE_PYTHON) # found when the build was configured before: its module may be gone since
+    set(GUIDE_PYTHON_USABLE TRUE)
+    guide_python_validate(GUIDE_PYTHON_USABLE ${GUIDE_PYTHON})
+    if(NOT GUIDE_PYTHON_USABLE)
+        unset(GUIDE_PYTHON CACHE)
+    endif()
+endif()
 find_program(GUIDE_PYTHON NAMES python3 NAMES_PER_DIR HINTS /usr/bin VALIDATOR guide_python_validate)
 
 set(GUIDE_FOLDER ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/guide)

@@ -16,7 +16,7 @@ export QT_RCC_SOURCE_DATE_OVERRIDE=$SOURCE_DATE_EPOCH
 build=build/deb
 cmake --preset release -B $build -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_REQUIRE_FIND_PACKAGE_Qt6=ON \
     -DCMAKE_CXX_FLAGS="-ffile-prefix-map=$PWD=." >&2
-cmake --build $build --parallel "$(nproc)" >&2
+cmake --build $build --target all hopcast_guide --parallel "$(nproc)" >&2 # no package without the guide
 
 maintainer=$(sed -n 's/^set(CPACK_PACKAGE_CONTACT "\(.*\)")/\1/p' packaging/debian/Package.cmake)
 awk -v maintainer="$maintainer" -v today="$(date -Ru -d "@$SOURCE_DATE_EPOCH")" \

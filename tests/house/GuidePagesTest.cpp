@@ -6,6 +6,7 @@
 #include <string>
 
 #include "house/HouseFiles.h"
+#include "support/ProgramRun.h"
 #include "support/TempFolder.h"
 
 namespace fs = std::filesystem;
@@ -55,6 +56,23 @@ TEST(GuidePages, HaveTheGuidesTablesHeadingsAndPictures)
     EXPECT_EQ(Count(sPage, std::regex("<table>")),
               Count(sGuide, std::regex("\n[-:| ]*-\\|-[-:| ]*\n")));
     EXPECT_GT(Count(sPage, std::regex("<table>")), 0);
+}
+
+TEST(GuidePages, AreNotMadeByAPythonThatWasFoundBeforeAndCannotMakeThemNow)
+{
+    const TempFolder folder;
+    folder.Write("CMakeLists.txt",
+                 "cmake_minimum_required(VERSION 3.25)\nproject(pages NONE)\n"
+                 "include(" PROJECT_FOLDER
+                 "/cmake/GuidePages.cmake)\n"
+                 "message(STATUS \"taken: ${GUIDE_PYTHON}\")\n");
+    const std::string sLost = folder.Write("python3", "#!/bin/sh\nexit 1\n");
+    fs::permissions(sLost, fs::perms::owner_all);
+    const ProgramResult res = ProgramRun({CMAKE_PROGRAM, "-G", "Ninja", "-S", folder.Path(), "-B",
+                                          folder.Path("build"), "-DGUIDE_PYTHON=" + sLost});
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_NE(res.sOut.find("-- taken: "), std::string::npos) << res.sOut;
+    EXPECT_EQ(res.sOut.find("-- taken: " + sLost), std::string::npos) << res.sOut;
 }
 
 TEST(GuidePages, NeedNoNetwork)
