@@ -73,8 +73,10 @@ The first form predicts the signal-to-noise ratio from a transmitter to a receiv
 of the day; the second the one around the receiver (--rc) over an area, for one hour and frequency;
 the third the same for all hours and frequencies. The fourth tells which stations can be heard at
 the receiver, when and on which frequency; the fifth which stations there are.
-Without options the settings' defaults hold; no profile is read unless it is named, and the sunspot
-number is Airmail's unless --ssn gives it. Only the short path is predicted.
+Without --profile no profile is read: settings that no option gives have their defaults, and the
+sunspot number is Airmail's unless --ssn gives it. The forecast and My places are files beside the
+profile: beside the named one, else beside the one that the window program takes by itself. Only the
+short path is predicted.
 
 Positions (POS):
   LAT,LON                 decimal degrees, north and east positive: 38,-122
@@ -84,7 +86,8 @@ Positions (POS):
   SYSTEM:KEY              a station of Airmail's lists: ham:KEY, sailmail:KEY
 
 Circuit:
-  --profile FILE          read the settings from a profile first
+  --profile FILE          take the settings of a profile, which must exist; other options replace
+                          them, wherever they stand
   --tx POS                transmitter
   --rc POS                receiver; the fixed end of an area
   --frequencies kHz,...   up to 15 frequencies, 100 to 45000 kHz each
@@ -95,9 +98,9 @@ Circuit:
 Engine:
   --model NAME            icepac, voacap or rec533 (default rec533)
   --month 1-12            month (default: the current one)
-  --ssn N                 smoothed sunspot number, 0 to 311; or airmail: Airmail's (the default);
-                          or forecast: the one kept with the profile where it covers the month,
-                          else the mean of past cycles
+  --ssn N                 smoothed sunspot number, 0 to 311; or airmail: Airmail's (the default
+                          without a profile); or forecast: the one kept beside the profile where it
+                          covers the month, else the mean of past cycles
   --ssn-file FILE         --ssn forecast by the text in FILE: NOAA's predicted solar cycle (JSON),
                           SILSO's KFprediCM or a bulletin of WWV
 )") + OptionLines(OptionGroup::Engine)
@@ -119,7 +122,7 @@ Area:
   --jobs N                with --day: points computed at once, 1 to 64 (default: one a core)
 
 Stations, with --rc as the place where you are:
-  --reach LIST,...        ham, sailmail, other: Airmail's lists; places: My places of the profile.
+  --reach LIST,...        ham, sailmail, other: Airmail's lists; places: My places.
                           Without --need the profile's need is taken, else "E-mail, normal"; without
                           --frequencies a station's own ones where its list has any
   --from 0-23             first hour, UTC (default: the present one)
