@@ -2,32 +2,34 @@
 
 #include <algorithm>
 
+#include "propagation/deck/DeckLayout.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
 
 namespace {
 
-constexpr int kFrequencyCol = 11;  // FREQUENCY card: fields F5.1 from here
-constexpr int kFrequencyWidth = 5;
-constexpr int kGridCol = 11;  // Gridsize line: I5
-constexpr int kGridWidth = 5;
 constexpr int kGridMax = 999;  // the grid file counts its points in three columns
 
-std::string ColumnsName(std::string_view sCard, int nCol, int nWidth)
+std::string ColumnsName(std::string_view sCard, const Field& fld)
 {
-    return std::string(sCard) + " card, columns " + NumberToText(nCol) + "-"
-           + NumberToText(nCol + nWidth - 1);
+    return std::string(sCard) + " card, columns " + NumberToText(fld.nCol) + "-"
+           + NumberToText(fld.nCol + fld.nWidth - 1);
+}
+
+Result<double> NumberOf(std::string_view sCard, const Field& fld)
+{
+    return NumberFromText(TextColumns(sCard, fld.nCol, fld.nWidth));
 }
 
 Result<std::vector<double>> FrequenciesRead(std::string_view sCard)
 {
     std::vector<double> aFrequencies;
     const std::string_view sUsed = sCard.substr(0, sCard.find_last_not_of(' ') + 1);
-    for (int nCol = kFrequencyCol; nCol <= static_cast<int>(sUsed.size());
-         nCol += kFrequencyWidth) {
-        const auto resMHz = NumberFromText(TextColumns(sUsed, nCol, kFrequencyWidth));
+    for (Field fld = frequency_row::kFirst; fld.nCol <= static_cast<int>(sUsed.size());
+         fld.nCol += fld.nWidth) {
+        const auto resMHz = NumberOf(sUsed, fld);
         if (!resMHz)
-            return RunError{ColumnsName("FREQUENCY", nCol, kFrequencyWidth) + ": no number"};
+            return RunError{ColumnsName("FREQUENCY", fld) + ": no number"};
         aFrequencies.push_back(resMHz.ValueGet());
     }
     if (aFrequencies.empty())
@@ -79,15 +81,16 @@ std::string AreaLineTranslate(std::string_view sLine)
     return std::string(sLine);
 }
 
-Result<int> GridRead(std::string_view sLine)
+Result<int> GridSizeRead(std::string_view sLine)
 {
-    const auto resGrid = NumberFromText(TextColumns(sLine, kGridCol, kGridWidth));
+    const auto resGrid = NumberOf(sLine, area_value_row::kGridSize);
     if (resGrid) {
         const int nGrid = static_cast<int>(std::clamp(resGrid.ValueGet(), 0.0, kGridMax + 1.0));
         if (nGrid >= 1 && nGrid <= kGridMax)
             return nGrid;
     }
-    return RunError{ColumnsName("Gridsize", kGridCol, kGridWidth) + ": no grid size of 1 to 999"};
+    return RunError{ColumnsName("Gridsize", area_value_row::kGridSize)
+                    + ": no grid size of 1 to 999"};
 }
 
 }  // namespace
@@ -123,7 +126,7 @@ Result<VoacapDeck> VoacapDeckArea(std::string_view sDeck)
         if (sLine.starts_with("Qindexs  :"))
             continue;
         if (sLine.starts_with("Gridsize :")) {
-            const auto resGrid = GridRead(sLine);
+            const auto resGrid = GridSizeRead(sLine);
             if (!resGrid)
                 return resGrid.ErrorGet();
             deck.nGrid = resGrid.ValueGet();
