@@ -136,5 +136,6 @@ bool PositionEntry::FieldTake(std::size_t iField, double& dValue)
         return false;
     }
     dValue = *dTaken;
+    m_adShown[iField] = dValue;  // the entry's own, no command's
     return true;
 }

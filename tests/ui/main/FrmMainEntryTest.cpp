@@ -198,4 +198,19 @@ TEST(FrmMainEntry, TheOldPathsTableIsMarkedWhilePositionsWait)
     EXPECT_FALSE(frm.grdData->StaleGet());
 }
 
+TEST(FrmMainEntry, ACorrectedPositionIsTakenByTheNextUpdateOfAnyCommand)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    Type(frm.txtLat0, "11", "S");
+    Type(frm.txtLon0, "181", "E");
+    QTest::mouseClick(frm.cmdUpdate, Qt::LeftButton);
+    EXPECT_NEAR(frm.m_settings.m_dRcLat, -11.0, 1e-9) << "decoded before the refused one";
+    EXPECT_TRUE(frm.txtLon0->MarkIs());
+    Type(frm.txtLon0, "044", "E");
+    EXPECT_TRUE(frm.Update());
+    EXPECT_NEAR(frm.m_settings.m_dRcLon, 44.0, 1e-9);
+    EXPECT_NEAR(frm.m_settings.m_dRcLat, -11.0, 1e-9);
+}
+
 }  // namespace
