@@ -51,8 +51,8 @@ void FileCommands::Open()
 {
     if (!ProfileAsk(m_window, FileDialogKind::Open, m_host.SettingsGet().m_sProfileFile))
         return;
-    ProfileRead();
-    Q_EMIT PositionsRead();
+    if (ProfileRead())
+        Q_EMIT PositionsRead();
     m_host.Update();
 }
 
@@ -62,7 +62,7 @@ void FileCommands::Save()
         ProfileWrite();
 }
 
-void FileCommands::ProfileRead()
+bool FileCommands::ProfileRead()
 {
     QRect rectOuter = m_rectOuter.value_or(m_window.frameGeometry());
     bool bPlaced = false;
@@ -70,13 +70,16 @@ void FileCommands::ProfileRead()
         WindowKeyApply(rectOuter, eKey, fTwips);
         bPlaced = true;
     });
-    m_undo.Forget();
     Q_EMIT Noticed(StatusProfile(resDropped));
-    if (!bPlaced)
-        return;
-    WindowOuterSet(m_window, rectOuter);
-    if (!m_bFrameKnown)
-        m_rectOuter = rectOuter;
+    if (!resDropped)
+        return false;
+    m_undo.Forget();
+    if (bPlaced) {
+        WindowOuterSet(m_window, rectOuter);
+        if (!m_bFrameKnown)
+            m_rectOuter = rectOuter;
+    }
+    return true;
 }
 
 void FileCommands::ProfileWrite()

@@ -29,7 +29,8 @@ public:
     [[nodiscard]] bool UndoPossible() const;
     void Open();
     void Save();
-    void ProfileRead();
+    /// @return false when there is nothing to read; settings and undo stay then
+    bool ProfileRead();
     void ProfileWrite();
     /// The window is on the screen: only now its frame is known, so that the outer size of the
     /// profile can be met.

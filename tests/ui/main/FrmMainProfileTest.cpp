@@ -280,4 +280,31 @@ TEST(FrmMainProfile, DefaultKeepsItsPath)
     EXPECT_EQ(frm.m_settings.m_sProfileFile, sProfile);
 }
 
+TEST(FrmMainProfile, AProfileThatCannotBeReadLeavesWhatWaitsAndTheUndo)
+{
+    MainRig rig;
+    rig.AirmailWrite("Airmail.ini", "[Propagation]\nSSN=66\n");
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_dRcLat = 21.0;
+    EXPECT_TRUE(frm.Update());
+    frm.mnuFileDefault->trigger();
+    rig.m_msg.m_aShown.clear();  // the folders of a machine without Airmail
+    EXPECT_DOUBLE_EQ(frm.m_settings.m_dRcLat, 24.0);
+    fs::create_directories(rig.m_folder.Path("folder.ini"));
+    rig.m_sAnswer = QString::fromStdString(rig.m_folder.Path("folder.ini"));
+    frm.txtLat1->setFocus();
+    frm.txtLat1->CaretPlace(0, 1);
+    QTest::keyClicks(frm.txtLat1, QStringLiteral("12"));
+    const QString sTyped = frm.txtLat1->text();
+    frm.mnuFileOpen->trigger();
+    EXPECT_NEAR(frm.m_settings.m_dTxLat, 12.0, 1e-9);
+    EXPECT_EQ(frm.txtLat1->text(), sTyped);
+    frm.m_settings.m_dTxLat = 38.0;  // no setting is changed any more
+    Q_EMIT frm.mnuFile->aboutToShow();
+    EXPECT_TRUE(frm.mnuFileUndoDefault->isEnabled());
+    frm.mnuFileUndoDefault->trigger();
+    EXPECT_DOUBLE_EQ(frm.m_settings.m_dRcLat, 21.0);
+    rig.m_msg.m_aShown.clear();
+}
+
 }  // namespace
