@@ -1,7 +1,6 @@
 #include "ui/main/StatusLine.h"
 
 #include <QEvent>
-#include <QRegularExpression>
 #include <QStatusBar>
 #include <algorithm>
 #include <utility>
@@ -40,6 +39,7 @@ void StatusLine::RunBegin()
 {
     m_sOverlayTrouble.clear();
     m_sHint.clear();
+    m_sRefused.clear();
 }
 
 bool StatusLine::HintSet(const std::string& sHint)
@@ -47,28 +47,26 @@ bool StatusLine::HintSet(const std::string& sHint)
     return std::exchange(m_sHint, sHint) != sHint;
 }
 
-std::string StatusLine::TroubleGet(const std::string& sNotice) const
+/// What is said; a notice is used up by that.
+std::string StatusLine::TroubleTake()
 {
-    for (const std::string* pText : {&m_sHint, &m_sTrouble, &m_sOverlayTrouble})
+    for (const std::string* pText : {&m_sHint, &m_sRefused, &m_sTrouble, &m_sOverlayTrouble})
         if (!pText->empty())
             return *pText;
-    return sNotice;
+    return std::exchange(m_sNotice, {});
 }
 
-void StatusLine::Show(const std::string& sInForce, const std::string& sDetail)
+void StatusLine::Show(const std::string& sInForce, const std::string& sShort,
+                      const std::string& sDetail)
 {
-    const std::string sTrouble = TroubleGet(std::exchange(m_sNotice, {}));
+    const std::string sTrouble = TroubleTake();
     const QString sLong = QString::fromStdString(sInForce);
-    static const QRegularExpression kBrackets(QStringLiteral(" \\([^)]*\\)"));
-    static const QRegularExpression kBuiltIn(QStringLiteral(" \\(built-in[^)]*\\)"));
-    const QString sShort =
-        QString(sLong).replace(kBuiltIn, QStringLiteral(" built-in")).remove(kBrackets);
     lblInForce->setToolTip(
         sDetail.empty() ? sLong : sLong + QStringLiteral("\n") + QString::fromStdString(sDetail));
-    lblInForce->setText(sTrouble.empty() ? sLong : sShort);
-    lblInForce->ShorterSet(sShort);
-    lblTrouble->setText(QString::fromStdString(sTrouble));
-    lblTrouble->setVisible(!sTrouble.empty());
+    lblInForce->setText(sTrouble.empty() ? sLong : QString::fromStdString(sShort));
+    lblInForce->ShorterSet(QString::fromStdString(sShort));
+    m_bWarning = sTrouble.empty();
+    lblTrouble->setText(QString::fromStdString(m_bWarning ? m_sWarning : sTrouble));
     lblTrouble->setToolTip(lblTrouble->text());
     RoomShare();
 }
@@ -94,7 +92,14 @@ void StatusLine::RoomShare()
     const int nInForce = metrics.horizontalAdvance(lblInForce->ShorterGet());
     const int nRight = m_pRight != nullptr ? m_pRight->sizeHint().width() : 0;
     const int nLeft = m_bar.width() - nInForce - nRight - kGaps * metrics.averageCharWidth();
-    lblTrouble->setMaximumWidth(std::max(nLeft, m_bar.width() / 3));
-    lblBest->setVisible(lblTrouble->text().isEmpty() && !lblBest->text().isEmpty()
-                        && metrics.horizontalAdvance(lblBest->text()) <= nLeft);
+    const int nBest = metrics.horizontalAdvance(lblBest->text());
+    const bool bBest = (lblTrouble->text().isEmpty() || m_bWarning) && !lblBest->text().isEmpty()
+                       && nBest <= nLeft;
+    // Of a warning a few words at least, or nothing: the tooltip of what is in force has it too.
+    const int nWarning = bBest ? nLeft - nBest - kGaps * metrics.averageCharWidth() : nLeft;
+    const int nLeast = 2 * kGaps * metrics.averageCharWidth();
+    lblTrouble->setMaximumWidth(m_bWarning ? std::max(nWarning, nLeast)
+                                           : std::max(nLeft, m_bar.width() / 3));
+    lblTrouble->setVisible(!lblTrouble->text().isEmpty() && (!m_bWarning || nWarning >= nLeast));
+    lblBest->setVisible(bBest);
 }

@@ -30,8 +30,10 @@ std::string MonthName(int nMonth)
 }
 
 /// How Hopcast's own engine computes.
-std::string BuiltInText(const std::string& sCoefficients)
+std::string BuiltInText(const std::string& sCoefficients, StatusForm eForm)
 {
+    if (eForm == StatusForm::Short)
+        return " built-in";
     return " (built-in, P.533 with long-path rule, "
            + (sCoefficients == kCoefficientsMean ? "mean" : TextForMessage(sCoefficients))
            + " maps)";
@@ -50,11 +52,16 @@ std::string PowerInForceText(const Request& input)
     return input.fPower > 0.0F ? sPower : sPower + ", as the antenna choice";
 }
 
-std::string NumberText(const Request& input, const StatusFacts& facts)
+std::string NumberText(const Request& input, const StatusFacts& facts, StatusForm eForm)
 {
+    const bool bShort = eForm == StatusForm::Short;
+    if (!facts.bSunSpotNumber)
+        return std::string("no sunspot number") + (bShort ? "" : " (Airmail)");
+    std::string sNumber = "SSN " + NumberToText(input.fSunSpotNumber);
+    if (bShort)
+        return sNumber;
     const bool bTell = input.eSunSpotSource != SunSpotSource::AirMail && !facts.sAirMail.empty();
-    return "SSN " + NumberToText(input.fSunSpotNumber) + " ("
-           + std::string(SunSpotSourceName(input.eSunSpotSource))
+    return sNumber + " (" + std::string(SunSpotSourceName(input.eSunSpotSource))
            + (bTell ? "; Airmail has " + facts.sAirMail : "") + ")";
 }
 
@@ -90,12 +97,12 @@ std::string FailureLine(const Failure& failure)
 
 }  // namespace
 
-std::string StatusInForce(const Request& input, const StatusFacts& facts)
+std::string StatusInForce(const Request& input, const StatusFacts& facts, StatusForm eForm)
 {
-    return EngineName(input.iModel) + (facts.bBuiltIn ? BuiltInText(input.sIonCoefficients) : "")
-           + kBetween + MonthName(input.nMonth) + kBetween
-           + (facts.bSunSpotNumber ? NumberText(input, facts) : "no sunspot number (Airmail)")
-           + kBetween + PowerInForceText(input)
+    return EngineName(input.iModel)
+           + (facts.bBuiltIn ? BuiltInText(input.sIonCoefficients, eForm) : "") + kBetween
+           + MonthName(input.nMonth) + kBetween + NumberText(input, facts, eForm) + kBetween
+           + PowerInForceText(input)
            + (facts.sProfile.empty() ? "" : kBetween + TextForMessage(facts.sProfile));
 }
 

@@ -22,10 +22,14 @@ struct StatusFacts {
     std::string sProfile = {};   ///< name of a profile that is not the standard one; or empty
 };
 
+enum class StatusForm { Long, Short };
+
 /// "REC533 (built-in, P.533 with long-path rule, mean maps) · November · SSN 62 (mean cycle) ·
 /// 100 W", without an own power "5 kW, as the antenna choice". An engine number that is none reads
-/// "no engine". What stands in brackets may be left out where there is no room.
-[[nodiscard]] std::string StatusInForce(const Request& input, const StatusFacts& facts);
+/// "no engine". The short form leaves out what stands in brackets, save the words of the profile's
+/// name: "REC533 built-in · November · SSN 62 · 100 W".
+[[nodiscard]] std::string StatusInForce(const Request& input, const StatusFacts& facts,
+                                        StatusForm eForm = StatusForm::Long);
 
 /// "Best now: 14000 kHz, 58 dB"; empty for no row.
 [[nodiscard]] std::string StatusBest(const PropagationTable& table, int iRow, int iHour);

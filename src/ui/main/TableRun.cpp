@@ -40,15 +40,18 @@ Request TableRun::InputGet() const
     return TableIs() ? m_table.request : RequestFromSettings(m_settings);
 }
 
-std::string TableRun::InForceGet() const
+std::string TableRun::InForceGet(StatusForm eForm) const
 {
     const std::string sProfile = m_settings.m_sProfileFile == ProfileFileDefault()
                                      ? std::string()
                                      : FileNameGet(m_settings.m_sProfileFile);
     if (TableIs())
-        return StatusInForce(m_table.request, {m_table.bBuiltIn, true, m_sAirMail, sProfile});
-    return StatusInForce(RequestMake(), {EngineIsHopcasts(m_settings.m_iPropagationModel),
-                                         m_bSunSpotNumber, m_sAirMail, sProfile});
+        return StatusInForce(m_table.request, {m_table.bBuiltIn, true, m_sAirMail, sProfile},
+                             eForm);
+    return StatusInForce(
+        RequestMake(),
+        {EngineIsHopcasts(m_settings.m_iPropagationModel), m_bSunSpotNumber, m_sAirMail, sProfile},
+        eForm);
 }
 
 /// The settings do not know which source the number of this run came from.
@@ -121,9 +124,8 @@ bool TableRun::TableMake()
     if (!bOk)
         return TroubleSet(RunTrouble::Engine, failureLast);
     m_sTrouble = StatusAbsent(table, failureLast);
-    if (m_sTrouble.empty())
-        m_sTrouble = m_ssn.sWarning;
-    m_sSunSpotDetail = m_ssn.sDetail;
+    m_sWarning = m_ssn.sWarning;
+    m_sSunSpotDetail = m_ssn.sDetail + (m_sWarning.empty() ? "" : "\n" + m_sWarning);
     m_table = std::move(table);
     m_bOld = false;
     return true;

@@ -32,7 +32,9 @@ public:
     [[nodiscard]] Request InputGet() const;
     /// What went wrong at the last run, in one line; empty when all of it succeeded.
     [[nodiscard]] const std::string& TroubleGet() const { return m_sTrouble; }
-    [[nodiscard]] std::string InForceGet() const;
+    /// What is worth telling of the table's sunspot number, in one line; empty for nothing.
+    [[nodiscard]] const std::string& WarningGet() const { return m_sWarning; }
+    [[nodiscard]] std::string InForceGet(StatusForm eForm) const;
     /// Scale, date and age of the table's sunspot number, or Airmail's place of it; empty where it
     /// was typed.
     [[nodiscard]] std::string SunSpotDetailGet() const;
@@ -52,6 +54,7 @@ private:
     bool m_bSunSpotNumber = true;  ///< the last run had a sunspot number
     SunSpotRun m_ssn;              ///< of the last run
     std::string m_sSunSpotDetail;  ///< of the table
+    std::string m_sWarning;        ///< of the table
     std::string m_sAirMail;        ///< Airmail's number at the last run, where it was not asked
     bool m_bOld = false;
 };

@@ -157,6 +157,7 @@ bool frmMain::Update()
 
 /// What the settings alone decide, shown before the run.
 void frmMain::LayoutRenew(int iRow)
+    m_pStatus->WarningSet(m_run->WarningGet());
 {
     m_table->HoursLayout();
     RowsLayout();
@@ -210,8 +211,9 @@ void frmMain::FailureShow()
 void frmMain::StatusShow()
 {
     BestShow();
-    m_pStatus->Show(m_run->InForceGet(), m_run->SunSpotDetailGet());
-    m_pNeed->Show();
+    m_pNeed->Show();  // before the line shares the room that is left
+    m_pStatus->Show(m_run->InForceGet(StatusForm::Long), m_run->InForceGet(StatusForm::Short),
+                    m_run->SunSpotDetailGet());
     TableNeedShow(m_run->TableGet(), m_pNeed->NeedGet(), *grdData);
     const bool bOld = m_run->OldIs() || m_pEntry->WaitingIs();
     grdData->StaleSet(bOld);
@@ -257,7 +259,7 @@ void frmMain::cmdUpdateClick()
 
 void frmMain::PositionRefused(const QString& sWhy)
 {
-    m_pStatus->TroubleSet(sWhy.toStdString() + ". Correct it, then Update");
+    m_pStatus->RefusedSet(sWhy.toStdString() + ". Correct it, then Update");
     m_pStatus->HintSet({});
     StatusShow();
 }

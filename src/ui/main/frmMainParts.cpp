@@ -67,6 +67,7 @@ void frmMain::EntryConnect()
     connect(m_pEntry, &PositionEntry::Edited, this, [this] {
         cmdUpdate->setEnabled(true);
         m_pStatus->HintSet({});
+        m_pStatus->RefusedSet({});
         StatusShow();
     });
     connect(m_pEntry, &PositionEntry::Entered, cmdUpdate, &QPushButton::click);

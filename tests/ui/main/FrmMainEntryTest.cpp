@@ -213,4 +213,25 @@ TEST(FrmMainEntry, ACorrectedPositionIsTakenByTheNextUpdateOfAnyCommand)
     EXPECT_NEAR(frm.m_settings.m_dRcLat, -11.0, 1e-9);
 }
 
+TEST(FrmMainEntry, ARefusedPositionIsToldUntilItIsEditedAndHidesNoOtherTrouble)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    const QString sRefused = QStringLiteral("Receiver latitude 99");
+    Type(frm.txtLat0, "99", "N");
+    QTest::mouseClick(frm.cmdUpdate, Qt::LeftButton);
+    EXPECT_TRUE(frm.lblTrouble->text().startsWith(sRefused));
+    Type(frm.txtLat0, "11", "N");
+    EXPECT_FALSE(frm.lblTrouble->isVisible());
+    rig.m_engine.bFail = true;
+    EXPECT_FALSE(frm.Update());
+    const QString sTrouble = frm.lblTrouble->text();
+    EXPECT_FALSE(sTrouble.isEmpty());
+    Type(frm.txtLat0, "99", "N");
+    QTest::mouseClick(frm.cmdUpdate, Qt::LeftButton);
+    EXPECT_TRUE(frm.lblTrouble->text().startsWith(sRefused));
+    QTest::keyClicks(frm.txtLon0, QStringLiteral("0"));
+    EXPECT_EQ(frm.lblTrouble->text(), sTrouble) << "that of the run, which still holds";
+}
+
 }  // namespace

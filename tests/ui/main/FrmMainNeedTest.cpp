@@ -127,4 +127,27 @@ TEST(FrmMainNeed, WithAnOwnPowerTheLimitsTooltipNamesTheDecks)
     EXPECT_FALSE(grd.toolTip().contains(u'\n'));
 }
 
+TEST(FrmMainNeed, TheStatusLineCountsTheWidthOfANeedThatIsChosenElsewhere)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    const auto Shared = [&frm](const std::string& sNeed) {
+        frm.m_settings.m_sNeedSelected = sNeed;
+        frm.OverlayFailedSet({});  // shows the line anew
+        return frm.lblBest->isVisibleTo(frm.statusbar);
+    };
+    frm.m_settings.m_aNeed = {{"WWWWWWWWWWWWWWWW", 10.0F, ""}};
+    int nDiffer = 0;
+    for (int nWidth = 640; nWidth < 1300; nWidth += 20) {
+        frm.resize(nWidth, 600);
+        MainRig::EventsRun();
+        const bool bNone = Shared("");
+        const bool bLong = Shared("WWWWWWWWWWWWWWWW");
+        nDiffer += bNone != bLong ? 1 : 0;
+        EXPECT_EQ(bLong, Shared("WWWWWWWWWWWWWWWW")) << nWidth;
+        EXPECT_EQ(bNone, Shared("")) << nWidth;
+    }
+    EXPECT_GT(nDiffer, 0) << "the chooser's width matters somewhere";
+}
+
 }  // namespace

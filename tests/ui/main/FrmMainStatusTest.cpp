@@ -65,13 +65,79 @@ TEST(FrmMainStatus, WhatIsInForceIsShownWholeInItsLongOrShortForm)
     }
 }
 
-TEST(FrmMainStatus, TheShortFormKeepsThatTheEngineIsBuiltIn)
+TEST(FrmMainStatus, BesideATroubleWhatIsInForceIsShort)
 {
     QStatusBar bar;
     StatusLine line(bar, nullptr);
     line.TroubleSet("Trouble");
-    line.Show("REC533 (built-in, CCIR maps) · May · SSN 1 (typed) · 5 kW");
-    EXPECT_EQ(line.lblInForce->text(), QStringLiteral("REC533 built-in · May · SSN 1 · 5 kW"));
+    line.Show("REC533 (built-in)", "REC533");
+    EXPECT_EQ(line.lblInForce->text(), QStringLiteral("REC533"));
+    EXPECT_EQ(line.lblInForce->toolTip(), QStringLiteral("REC533 (built-in)"));
+}
+
+TEST(FrmMainStatus, ANoticeWaitsUntilATroubleIsOverAndIsToldOnce)
+{
+    QStatusBar bar;
+    StatusLine line(bar, nullptr);
+    const auto Shown = [&] {
+        line.Show("VOACAP", "VOACAP");
+        return line.lblTrouble->text().toStdString();
+    };
+    line.NoticeSet("Notice");
+    line.WarningSet("Warning");
+    line.TroubleSet("Trouble");
+    line.RefusedSet("Refused");
+    line.HintSet("Hint");
+    EXPECT_EQ(Shown(), "Hint");
+    line.HintSet({});
+    EXPECT_EQ(Shown(), "Refused");
+    line.RefusedSet({});
+    EXPECT_EQ(Shown(), "Trouble");
+    line.TroubleSet({});
+    EXPECT_EQ(Shown(), "Notice");
+    EXPECT_EQ(Shown(), "Warning");
+    EXPECT_EQ(Shown(), "Warning") << "it lasts";
+}
+
+TEST(FrmMainStatus, AWarningTakesTheRoomThatTheBestFrequencyLeaves)
+{
+    QStatusBar bar;
+    StatusLine line(bar, nullptr);
+    line.BestSet("Best now: 14000 kHz, 58 dB");
+    line.WarningSet("The forecast is older than six months. Read a newer one.");
+    line.Show("REC533 · May", "REC533 · May");
+    bar.show();
+    for (int nWidth = 300; nWidth <= 1500; nWidth += 50) {
+        bar.resize(nWidth, bar.height());
+        QApplication::processEvents();
+        if (nWidth >= 600) {
+            EXPECT_TRUE(line.lblBest->isVisible()) << nWidth;
+            EXPECT_LE(line.lblBest->geometry().right(), line.lblInForce->geometry().left());
+        }
+    }
+    const auto Whole = [](QLabel* pLabel) {
+        const auto* pElided = qobject_cast<ElidedLabel*>(pLabel);
+        return pElided->isVisible() && pElided->TextShown() == pElided->text();
+    };
+    EXPECT_TRUE(Whole(line.lblTrouble) && Whole(line.lblBest) && Whole(line.lblInForce));
+}
+
+TEST(FrmMainStatus, ADamagedForecastIsTheWarningOfTheTable)
+{
+    MainRig rig;
+    rig.m_folder.Write("hopcast.forecast.txt", "damaged");
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_bPropagationForecast = true;
+    EXPECT_TRUE(frm.Update());
+    frm.resize(1600, 600);
+    MainRig::EventsRun();
+    const QString sWarning = frm.lblInForce->toolTip().section(u'\n', -1);
+    EXPECT_TRUE(
+        sWarning.endsWith(QStringLiteral("The mean cycle is used. Read the forecast again.")))
+        << sWarning.toStdString();
+    EXPECT_EQ(frm.lblTrouble->text(), sWarning);
+    EXPECT_TRUE(frm.lblBest->isVisible());
+    EXPECT_FALSE(frm.grdData->StaleGet());
 }
 
 TEST(FrmMainStatus, NamesTheBestFrequencyOfThisHourWhichCtrlHomeSelects)

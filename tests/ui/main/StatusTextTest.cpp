@@ -226,4 +226,20 @@ TEST(StatusAbsent, NamesTheFrequenciesWithoutValuesAndWhy)
     EXPECT_EQ(StatusAbsent(table, {}), "");
 }
 
+TEST(StatusInForce, TheShortFormLeavesOutBracketsSaveThoseOfTheProfilesName)
+{
+    Request input = InputMake(kEngineRec533, 11);
+    StatusFacts facts;
+    facts.bBuiltIn = true;
+    facts.sAirMail = "98";
+    facts.sProfile = "sail (2027).ini";
+    EXPECT_EQ(StatusInForce(input, facts, StatusForm::Short),
+              "REC533 built-in · November · SSN 100 · 1 kW, as the antenna choice · "
+              "sail (2027).ini");
+    facts.bSunSpotNumber = false;
+    EXPECT_EQ(StatusInForce(input, facts, StatusForm::Short),
+              "REC533 built-in · November · no sunspot number · 1 kW, as the antenna choice · "
+              "sail (2027).ini");
+}
+
 }  // namespace
