@@ -224,7 +224,8 @@ void frmMain::StatusShow()
 void frmMain::BestShow()
 {
     const int iHour = UtcNow().nHour + 1;
-    const int iRow = m_run->OldIs() ? -1 : m_run->BestRowGet(iHour);
+    const bool bOld = m_run->OldIs() || m_pEntry->WaitingIs();
+    const int iRow = bOld ? -1 : m_run->BestRowGet(iHour);
     m_pStatus->BestSet(StatusBest(m_run->TableGet(), iRow, iHour));
 }
 

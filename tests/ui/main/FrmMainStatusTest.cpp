@@ -140,6 +140,18 @@ TEST(FrmMainStatus, ADamagedForecastIsTheWarningOfTheTable)
     EXPECT_FALSE(frm.grdData->StaleGet());
 }
 
+TEST(FrmMainStatus, NoFrequencyIsBestWhilePositionsWait)
+{
+    MainRig rig;
+    const frmMain& frm = rig.Start();
+    ASSERT_TRUE(frm.lblBest->isVisible());
+    frm.txtLat0->setFocus();
+    QTest::keyClicks(frm.txtLat0, QStringLiteral("1"));
+    EXPECT_FALSE(frm.lblBest->isVisible());
+    QTest::keySequence(frm.txtLat0, QKeySequence::Undo);
+    EXPECT_TRUE(frm.lblBest->isVisible());
+}
+
 TEST(FrmMainStatus, NamesTheBestFrequencyOfThisHourWhichCtrlHomeSelects)
 {
     MainRig rig;
