@@ -66,6 +66,8 @@ void SideWindows::DetailsRaise()
         WindowRaise(*m_pDetails);
 }
 
+int SideWindows::DetailsHourGet() const { return m_pDetails ? m_pDetails->m_iHour : -1; }
+
 void SideWindows::DetailsFill(const SelectedCell& cell, const QString& sTime,
                               const PropagationTable& table)
 {

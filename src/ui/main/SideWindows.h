@@ -28,8 +28,11 @@ public:
     /// Shows the details of a cell; without activating a window that is there.
     void DetailsShow(GridControl& grdMain);
     void DetailsRaise();
+    /// The hour that open details show; -1 for none.
+    [[nodiscard]] int DetailsHourGet() const;
     /// An open details window follows every new table, also when no row is selected (one that a
     /// shorter list lacks, or after a failed run): then it highlights none.
+    /// @param cell  hour -1: nothing is filled
     void DetailsFill(const SelectedCell& cell, const QString& sTime, const PropagationTable& table);
     /// What follows the settings, before a run.
     void Update();

@@ -212,6 +212,7 @@ void frmMain::StatusShow()
 {
     BestShow();
     m_pNeed->Show();  // before the line shares the room that is left
+    DetailsFill();
     m_pStatus->Show(m_run->InForceGet(StatusForm::Long), m_run->InForceGet(StatusForm::Short),
                     m_run->SunSpotDetailGet());
     TableNeedShow(m_run->TableGet(), m_pNeed->NeedGet(), *grdData);
@@ -325,6 +326,8 @@ bool frmMain::DetailsShow()
 
 void frmMain::DetailsFill()
 {
-    const SelectedCell cell = m_settings.m_selected;
+    SelectedCell cell = m_settings.m_selected;
+    if (cell.iHour == -1)
+        cell.iHour = m_windows.DetailsHourGet();  // without a selection they keep theirs
     m_windows.DetailsFill(cell, m_table->TimeGet(cell.iHour), m_run->TableGet());
 }

@@ -304,4 +304,21 @@ TEST(FrmMainSelection, DetailsOfAFrequencyWithoutValuesAreEmpty)
     EXPECT_FALSE(grd.CellGet(7, 8).clrBack.isValid());
 }
 
+TEST(FrmMainSelection, OpenDetailsHighlightNoRowAfterAFailureAndKeepTheirHour)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    CellMouse(*frm.grdData, {7, 3});
+    ASSERT_TRUE(frm.m_pDetails);
+    const QString sValue = frm.m_pDetails->grdData->TextGet(7, 8);
+    rig.m_engine.bFail = true;
+    EXPECT_FALSE(frm.Update());
+    SelectedExpect(frm, -1, -1);
+    EXPECT_EQ(frm.m_pDetails->m_iRow, -1);
+    EXPECT_EQ(frm.m_pDetails->m_iHour, 3);
+    EXPECT_FALSE(frm.m_pDetails->grdData->CellGet(7, 8).bBold);
+    EXPECT_EQ(frm.m_pDetails->grdData->TextGet(7, 8), sValue);
+    EXPECT_EQ(frm.m_pDetails->lblHour->text(), QStringLiteral("02:00 Zulu"));
+}
+
 }  // namespace
