@@ -20,6 +20,8 @@ CommandQueue::Run::~Run()
 
 void CommandQueue::Do(std::function<void()> fnCommand)
 {
+    if (m_bEnded)
+        return;
     if (m_bRunning)
         m_aWaiting.push_back(std::move(fnCommand));
     else
@@ -31,9 +33,7 @@ void CommandQueue::WaitingDo()
 {
     if (m_bRunning)
         return;  // the end of that run comes here again
-    if (std::exchange(m_bUpdateWanted, false))
+    if (std::exchange(m_bUpdateWanted, false) && !m_bEnded)
         Q_EMIT UpdateAsked();
-    for (const auto& fnCommand : std::exchange(m_aWaiting, {}))
-        if (!m_bEnded)
-            Do(fnCommand);
+    for (const auto& fnCommand : std::exchange(m_aWaiting, {})) Do(fnCommand);
 }

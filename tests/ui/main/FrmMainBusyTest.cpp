@@ -145,4 +145,20 @@ TEST(FrmMainBusy, ARunStartedByATimerDuringTheRunIsPutOff)
     EXPECT_EQ(rig.m_engine.nStarts, 4);
 }
 
+TEST(FrmMainBusy, NothingIsDoneThatArrivesAfterTheEnd)
+{
+    CommandQueue queue;
+    int nDone = 0;
+    QObject::connect(&queue, &CommandQueue::UpdateAsked, [&nDone] { ++nDone; });
+    {
+        const CommandQueue::Run run(queue);
+        queue.UpdateWant();
+        queue.Do([&nDone] { ++nDone; });
+        queue.End();
+    }
+    MainRig::EventsRun();
+    queue.Do([&nDone] { ++nDone; });
+    EXPECT_EQ(nDone, 0);
+}
+
 }  // namespace
