@@ -3,6 +3,8 @@
 #include <QFileDialog>
 #include <utility>
 
+#include "ui/common/BoxOpen.h"
+
 namespace {
 
 FileDialogFn& Handler()
@@ -13,6 +15,7 @@ FileDialogFn& Handler()
 
 QString DialogRun(QWidget* pParent, const FileDialogQuestion& question)
 {
+    const BoxOpen open;
     QFileDialog dlg(pParent);
     const bool bSave = question.eKind == FileDialogKind::Save;
     dlg.setAcceptMode(bSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);

@@ -4,6 +4,7 @@
 #include <QMessageBox>
 
 #include "system/MsgLib.h"
+#include "ui/common/BoxOpen.h"
 
 namespace {
 
@@ -21,6 +22,7 @@ QMessageBox::Icon IconOf(MsgIcon eIcon)
 
 void BoxShow(MsgIcon eIcon, const std::string& sText)
 {
+    const BoxOpen open;
     QMessageBox box(IconOf(eIcon), QApplication::applicationDisplayName(), MsgTextShown(sText),
                     QMessageBox::Ok, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);

@@ -13,6 +13,7 @@
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
+#include "ui/common/BoxOpen.h"
 #include "ui/common/Pictures.h"
 #include "ui/main/AirmailCommands.h"
 #include "ui/main/ClockLine.h"
@@ -120,6 +121,12 @@ void frmMain::closeEvent(QCloseEvent* pEvent)
         pEvent->ignore();
         return;
     }
+    // The caller of an open box may be a part of the windows that end here. Who ends the program by
+    // a signal asks again.
+    if (BoxOpen::Is()) {
+        pEvent->ignore();
+        return;
+    }
     m_windows.Unload();
     if (!std::exchange(m_bUnloaded, true)) {
         m_pEntry->WaitingTake(m_settings);
@@ -150,6 +157,7 @@ bool frmMain::Update()
         FailureShow();
     m_iRowChosen = bOk ? -1 : iRowChosen;
     m_pStatus->TroubleSet(m_run->TroubleGet());
+    m_pStatus->WarningSet(m_run->WarningGet());
     StatusShow();
     grdData->RedrawSet(true);
     return bOk;
@@ -157,7 +165,6 @@ bool frmMain::Update()
 
 /// What the settings alone decide, shown before the run.
 void frmMain::LayoutRenew(int iRow)
-    m_pStatus->WarningSet(m_run->WarningGet());
 {
     m_table->HoursLayout();
     RowsLayout();
@@ -205,6 +212,7 @@ void frmMain::FailureShow()
         TableRowsLayout(m_run->TableGet().request, m_run->TableGet(), *grdData);
         TableShow(m_run->TableGet(), *grdData);
     }
+    DetailsFill();
     cmdUpdate->setEnabled(true);
 }
 
@@ -212,7 +220,6 @@ void frmMain::StatusShow()
 {
     BestShow();
     m_pNeed->Show();  // before the line shares the room that is left
-    DetailsFill();
     m_pStatus->Show(m_run->InForceGet(StatusForm::Long), m_run->InForceGet(StatusForm::Short),
                     m_run->SunSpotDetailGet());
     TableNeedShow(m_run->TableGet(), m_pNeed->NeedGet(), *grdData);

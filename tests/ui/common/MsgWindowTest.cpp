@@ -6,6 +6,8 @@
 #include <QTimer>
 
 #include "support/MsgRecorder.h"
+#include "ui/common/BoxOpen.h"
+#include "ui/common/FileDialog.h"
 #include "ui/common/MsgWindow.h"
 
 namespace {
@@ -34,6 +36,35 @@ TEST(MsgWindow, ShowsAPlainTextBoxWithTheApplicationsTitle)
     });
     MsgBox(MsgIcon::Exclamation, "<b>one</b>\rtwo");
     EXPECT_TRUE(bSeen);
+}
+
+TEST(MsgWindow, ABoxIsOpenUntilItsCallerGoesOn)
+{
+    const MsgRecorder restore;
+    MsgWindowInstall();
+    EXPECT_FALSE(BoxOpen::Is());
+    bool bOpen = false;
+    QTimer::singleShot(0, [&bOpen] {
+        QApplication::activeModalWidget()->close();
+        bOpen = BoxOpen::Is();
+    });
+    MsgBox(MsgIcon::Info, "text");
+    EXPECT_TRUE(bOpen) << "closed, but its caller has not gone on";
+    EXPECT_FALSE(BoxOpen::Is());
+}
+
+TEST(MsgWindow, AFileDialogIsABoxToo)
+{
+    bool bOpen = false;
+    QTimer::singleShot(0, [&bOpen] {
+        bOpen = BoxOpen::Is();
+        QApplication::activeModalWidget()->close();
+    });
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    EXPECT_EQ(FileDialogShow(nullptr, {FileDialogKind::Open, {}, QStringLiteral("Text (*)|*")}),
+              QString());
+    EXPECT_TRUE(bOpen);
+    EXPECT_FALSE(BoxOpen::Is());
 }
 
 }  // namespace

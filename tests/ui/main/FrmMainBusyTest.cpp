@@ -4,7 +4,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include "ui/common/MsgWindow.h"
 #include "ui/details/frmDetails.h"
+#include "ui/map/frmMap.h"
 #include "ui/options/frmAbout.h"
 #include "ui/support/MainRig.h"
 #include "ui/support/UiEvents.h"
@@ -159,6 +161,31 @@ TEST(FrmMainBusy, NothingIsDoneThatArrivesAfterTheEnd)
     MainRig::EventsRun();
     queue.Do([&nDone] { ++nDone; });
     EXPECT_EQ(nDone, 0);
+}
+
+TEST(FrmMainBusy, TheEndOfTheProgramClosesAnOpenBoxBeforeItsWindows)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuViewWorldMap->trigger();
+    ASSERT_TRUE(frm.m_pMap);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(frm.m_pMap));
+    frm.m_pMap->activateWindow();
+    MsgWindowInstall();  // real boxes; the rig's recorder puts the test's own back
+    bool bBox = false;
+    QTimer::singleShot(0, &frm, [&bBox, &frm] {
+        bBox = QApplication::activeModalWidget() != nullptr;
+        QApplication::closeAllWindows();
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "the box is closed";
+        EXPECT_TRUE(frm.isVisible()) << "its caller has not come back yet";
+    });
+    rig.m_engine.bFail = true;
+    frm.m_pMap->mnuOverlayDraw->trigger();
+    EXPECT_TRUE(bBox);
+    QApplication::closeAllWindows();  // as the program does until it has ended
+    EXPECT_FALSE(frm.isVisible());
+    MainRig::EventsRun();
+    EXPECT_FALSE(frm.m_pMap);
 }
 
 }  // namespace
