@@ -174,7 +174,14 @@ void LocationField::keyPressEvent(QKeyEvent* pEvent)
 
 void LocationField::inputMethodEvent(QInputMethodEvent* pEvent)
 {
-    for (const QChar chr : pEvent->commitString()) CharacterType(chr);
+    LocationField* pField = this;
+    for (const QChar chr : pEvent->commitString()) {
+        const bool bHere = pField->hasFocus();
+        pField->CharacterType(chr);
+        // Behind a latitude's letter the rest is the longitude's, as with keys.
+        if (bHere && m_pOther != nullptr && m_pOther->hasFocus())
+            pField = m_pOther;
+    }
     pEvent->accept();
 }
 

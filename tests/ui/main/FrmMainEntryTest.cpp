@@ -234,4 +234,18 @@ TEST(FrmMainEntry, ARefusedPositionIsToldUntilItIsEditedAndHidesNoOtherTrouble)
     EXPECT_EQ(frm.lblTrouble->text(), sTrouble) << "that of the run, which still holds";
 }
 
+TEST(FrmMainEntry, AnInputMethodsTextGoesOnInTheLongitude)
+{
+    MainRig rig;
+    const frmMain& frm = rig.Start();
+    frm.txtLat0->setFocus();
+    frm.txtLat0->CaretPlace(0, 1);
+    QInputMethodEvent event;
+    event.setCommitString(QStringLiteral("304512s1223"));
+    QApplication::sendEvent(frm.txtLat0, &event);
+    EXPECT_EQ(frm.txtLat0->text(), QStringLiteral("30°45.12'S"));
+    EXPECT_TRUE(frm.txtLon0->hasFocus());
+    EXPECT_EQ(frm.txtLon0->text().left(5), QStringLiteral("122°3"));
+}
+
 }  // namespace
