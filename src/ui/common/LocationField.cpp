@@ -208,7 +208,8 @@ void LocationField::CharacterType(QChar chr)
 
 void LocationField::TextAccept(const QString& sText, int nCaret, int nPair)
 {
-    if (sText != text()) {
+    // Of a pair the half that stays has an entry too, so that either field takes both back.
+    if (sText != text() || nPair != 0) {
         if (!m_bTyping || nPair != 0)
             m_aUndo.push_back({text(), CaretGet(), nPair});
         m_bTyping = nPair == 0;
@@ -231,13 +232,22 @@ void LocationField::PositionPaste(const QString& sText)
     }
     const bool bLatitude = m_eKind == LocationKind::Latitude;
     const PositionRead& pos = res.ValueGet();
-    static int nPair = 0;
-    ++nPair;
     const auto dOther = bLatitude ? pos.dLon : pos.dLat;
-    if (dOther && m_pOther != nullptr)
+    const auto dOwn = bLatitude ? pos.dLat : pos.dLon;
+    const bool bOther = dOther && m_pOther != nullptr;
+    static int s_nPair = 0;
+    const bool bChanges =
+        (dOwn && PasteChanges(*dOwn)) || (bOther && m_pOther->PasteChanges(*dOther));
+    const int nPair = bChanges ? ++s_nPair : 0;
+    if (bOther)
         m_pOther->PasteAccept(*dOther, nPair);
-    if (const auto dOwn = bLatitude ? pos.dLat : pos.dLon)
+    if (dOwn)
         PasteAccept(*dOwn, nPair);
+}
+
+bool LocationField::PasteChanges(double dValue) const
+{
+    return LocationToText(m_eKind, dValue) != text();
 }
 
 void LocationField::PasteAccept(double dValue, int nPair)

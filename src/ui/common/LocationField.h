@@ -69,6 +69,7 @@ private:
     [[nodiscard]] bool MaskFits(const QString& sText) const;
     void TextAccept(const QString& sText, int nCaret, int nPair = 0);
     void PasteAccept(double dValue, int nPair);
+    [[nodiscard]] bool PasteChanges(double dValue) const;
     void PositionPaste(const QString& sText);
     void UndoLast();
     int EntryUndo();

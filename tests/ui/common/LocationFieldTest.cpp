@@ -365,4 +365,33 @@ TEST_F(LocationFieldShown, InputMethodGoesThroughTheMask)
     EXPECT_EQ(m_lat.text(), QStringLiteral("42 00.00 N"));
 }
 
+TEST_F(LocationFieldShown, UndoTakesAPastedPairBackFromTheHalfThatStayed)
+{
+    m_lat.PairSet(&m_lon);
+    m_lon.PairSet(&m_lat);
+    QApplication::clipboard()->setText(QStringLiteral("24.308333, -110.403333"));
+    for (LocationField* pFrom : {&m_lat, &m_lon}) {
+        m_lat.TextSet(QStringLiteral("24°18.50'N"));
+        m_lon.TextSet(QStringLiteral("000°00.00'E"));
+        QTest::keySequence(pFrom, QKeySequence::Paste);
+        EXPECT_EQ(m_lon.text(), QStringLiteral("110°24.20'W"));
+        QTest::keySequence(&m_lat, QKeySequence::Undo);
+        EXPECT_EQ(m_lat.text(), QStringLiteral("24°18.50'N"));
+        EXPECT_EQ(m_lon.text(), QStringLiteral("000°00.00'E"));
+    }
+}
+
+TEST_F(LocationFieldShown, APasteThatChangesNothingIsNothingToUndo)
+{
+    m_lat.PairSet(&m_lon);
+    m_lat.TextSet(QStringLiteral("14°18.50'N"));
+    m_lon.TextSet(QStringLiteral("110°24.20'W"));
+    m_lat.CaretPlace(0, 1);
+    QTest::keyClicks(&m_lat, QStringLiteral("2"));
+    QApplication::clipboard()->setText(QStringLiteral("24.308333, -110.403333"));
+    QTest::keySequence(&m_lat, QKeySequence::Paste);
+    QTest::keySequence(&m_lat, QKeySequence::Undo);
+    EXPECT_EQ(m_lat.text(), QStringLiteral("14°18.50'N")) << "the entry before the paste";
+}
+
 }  // namespace
