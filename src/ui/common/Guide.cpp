@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QUrl>
+#include <QWindow>
 #include <utility>
 
 #include "system/FileLib.h"
@@ -34,6 +35,11 @@ void GuideWindowShow(const QString& sFile)
     static QPointer<frmGuide> s_pGuide;
     if (!s_pGuide)
         s_pGuide = new frmGuide(sFile);
+    // Beside a modal box it can be used only as that box's own.
+    s_pGuide->winId();
+    const QWidget* pModal = QApplication::activeModalWidget();
+    s_pGuide->windowHandle()->setTransientParent(pModal != nullptr ? pModal->windowHandle()
+                                                                   : nullptr);
     s_pGuide->show();
     s_pGuide->raise();
     s_pGuide->activateWindow();
@@ -52,7 +58,8 @@ protected:
         const auto* pKey = static_cast<QKeyEvent*>(pEvent);
         if (pKey->key() != Qt::Key_F1 || pKey->modifiers() != Qt::NoModifier)
             return false;
-        GuideShow(ProgramFolderGet());
+        if (!pKey->isAutoRepeat())
+            GuideShow(ProgramFolderGet());
         return true;
     }
 };
@@ -73,7 +80,11 @@ void GuideShow(const std::string& sProgramFolder)
 {
     const QString sFile = QString::fromStdString(GuideFileGet(sProgramFolder));
     if (sFile.isEmpty()) {
-        MsgBox(MsgIcon::Info, "The guide is not installed with this program.");
+        static bool s_bTelling = false;  // F1 works in its box too
+        if (!std::exchange(s_bTelling, true)) {
+            MsgBox(MsgIcon::Info, "The guide is not installed with this program.");
+            s_bTelling = false;
+        }
         return;
     }
     if (!BrowserOpen(QUrl::fromLocalFile(sFile)))

@@ -114,4 +114,52 @@ TEST(GuideKey, F1ShowsTheGuideFromAFieldOfAModalDialogOnce)
     EXPECT_EQ(recorder.m_aShown.size(), 1U);
 }
 
+TEST(GuideKey, AKeyThatIsHeldDownOrPressedInItsBoxShowsTheGuideOnce)
+{
+    QApplication& app = *qobject_cast<QApplication*>(QCoreApplication::instance());
+    GuideKeyInstall(app);
+    QLineEdit txt;
+    const auto F1Press = [&txt](bool bRepeat) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier, QString(), bRepeat);
+        QApplication::sendEvent(&txt, &event);
+    };
+    int nShown = 0;
+    MsgBoxFn fnBefore = MsgSetHandler([&](MsgIcon, const std::string&) {
+        if (++nShown < 3)
+            F1Press(false);  // with the box open
+    });
+    F1Press(false);
+    F1Press(true);
+    F1Press(true);
+    EXPECT_EQ(nShown, 1);
+    F1Press(false);
+    EXPECT_EQ(nShown, 2) << "a new press shows it again";
+    MsgSetHandler(fnBefore);
+}
+
+TEST(GuideShow, ItsWindowCanBeUsedBesideAModalBox)
+{
+    const TempFolder folder;
+    folder.Write("bin/guide/guide.html", kPage);
+    const Browser browser(false);
+    for (const bool bBefore : {false, true}) {
+        if (bBefore)
+            GuideShow(folder.Path("bin"));
+        QDialog dlg;
+        bool bClosed = false;
+        QTimer::singleShot(0, &dlg, [&] {
+            GuideShow(folder.Path("bin"));
+            const QPointer<frmGuide> pGuide = WindowFind();
+            EXPECT_TRUE(QTest::qWaitForWindowExposed(pGuide));
+            QTest::keyClick(pGuide->windowHandle(), Qt::Key_Escape);
+            bClosed = pGuide.isNull() || !pGuide->isVisible();
+            dlg.close();
+        });
+        dlg.exec();
+        EXPECT_TRUE(bClosed) << bBefore;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        delete WindowFind();
+    }
+}
+
 }  // namespace
