@@ -3,7 +3,8 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QTextBlock>
-#include <array>
+#include <utility>
+#include <vector>
 
 #include "propagation/PowerTable.h"
 #include "propagation/QIndexLib.h"
@@ -27,6 +28,19 @@ QString TimeText(const DateTime& dt)
         return QString::fromStdString(NumberFormat(static_cast<double>(n), "00"));
     };
     return Part(dt.nHour) + u':' + Part(dt.nMinute) + u':' + Part(dt.nSecond);
+}
+
+/// The Tab key goes through a page in the order of its own form, behind a control of the dialog.
+void TabOrderMove(QWidget* pBehind, const QWidget& page)
+{
+    std::vector<QWidget*> apControl;
+    for (QWidget* p = page.nextInFocusChain(); p != &page; p = p->nextInFocusChain())
+        if (page.isAncestorOf(p) && (p->focusPolicy() & Qt::TabFocus) != 0)
+            apControl.push_back(p);
+    for (QWidget* pControl : apControl) {
+        QWidget::setTabOrder(pBehind, pControl);
+        pBehind = pControl;
+    }
 }
 
 }  // namespace
@@ -75,41 +89,8 @@ void frmOptions::SizeSet()
 
 void frmOptions::TabOrderSet()
 {
-    // The model page is a form of its own, so its controls stand behind the buttons until here.
-    QWidget* pBefore = SSTab;
-    for (QWidget* pNext : std::initializer_list<QWidget*>{optPropagationModel1,
-                                                          optPropagationModel2,
-                                                          optPropagationModel3,
-                                                          cmbPropagationAntennaType,
-                                                          cmbPropagationMonth,
-                                                          chkPropagationMonth,
-                                                          txtPropagationNoiseLevel,
-                                                          txtPropagationSunSpotNumber,
-                                                          chkPropagationSunSpotNumber,
-                                                          chkPropagationForecast,
-                                                          cmdForecast,
-                                                          txtPropagationTakeoffAngle,
-                                                          txtPropagationReliability,
-                                                          txtPropagationMultipathPower,
-                                                          txtPropagationMultipathDelay,
-                                                          txtPropagationQIndex,
-                                                          txtPropagationLayerE,
-                                                          txtPropagationLayerF1,
-                                                          txtPropagationLayerF2,
-                                                          txtPropagationLayerEs,
-                                                          cmbPropagationIonCoefficients}) {
-        setTabOrder(pBefore, pNext);
-        pBefore = pNext;
-    }
-    setTabOrder(pBefore, chkPropagationMaps);
-    pBefore = cmbMapWorldBegins;
-    for (QWidget* pNext : std::initializer_list<QWidget*>{
-             pagStation->txtStationPower, pagStation->lstNeeds, pagStation->txtNeedName,
-             pagStation->txtNeedSnr, pagStation->txtNeedSource, pagStation->cmdNeedAdd,
-             pagStation->cmdNeedChange, pagStation->cmdNeedRemove, pagStation->cmdNeedRestore}) {
-        setTabOrder(pBefore, pNext);
-        pBefore = pNext;
-    }
+    TabOrderMove(SSTab, *pagModel);
+    TabOrderMove(cmbMapWorldBegins, *pagStation);
 }
 
 void frmOptions::SignalsConnect()
