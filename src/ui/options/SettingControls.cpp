@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <algorithm>
 #include <cassert>
 #include <limits>
 
@@ -143,13 +144,21 @@ void SettingControls::Load(const QLineEdit& box, const Settings& settings) const
     }
 }
 
+bool SettingControls::TextFits(const QLineEdit& box) const
+{
+    Settings settings;
+    return std::all_of(m_aControl.begin(), m_aControl.end(), [&](const Control& ctl) {
+        return ctl.pObject != &box || BoxRead(*ctl.pRow, box, settings);
+    });
+}
+
 SettingControls::Refused SettingControls::Read(Settings& settings) const
 {
     for (const Control& ctl : m_aControl) {
         auto* pBox = qobject_cast<QLineEdit*>(ctl.pObject);
         if (pBox == nullptr)
             ChoiceRead(*ctl.pRow, ctl.pObject, settings);
-        else if (const auto res = BoxRead(*ctl.pRow, *pBox, settings); !res)
+        else if (const auto res = BoxRead(*ctl.pRow, *pBox, settings); !res && pBox->isEnabled())
             return {pBox, res.TextGet()};
     }
     return {};

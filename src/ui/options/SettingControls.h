@@ -28,11 +28,15 @@ public:
     /// The same for one box.
     void Load(const QLineEdit& box, const Settings& settings) const;
 
+    /// The text of a box is one that Read takes.
+    [[nodiscard]] bool TextFits(const QLineEdit& box) const;
+
     struct Refused {
         QLineEdit* pBox = nullptr;  ///< nullptr: nothing was refused
         std::string sWhy;           ///< "Type mismatch", "150 lies outside 1 to 99"
     };
-    /// Controls to settings, up to the first text that is refused. A list or group in which nothing
+    /// Controls to settings, up to the first text that is refused. A grey box with such a text
+    /// leaves its setting alone: nobody can mend it. A list or group in which nothing
     /// is selected leaves its setting alone.
     [[nodiscard]] Refused Read(Settings& settings) const;
     /// Takes over the settings that have a control, and no others.

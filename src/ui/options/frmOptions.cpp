@@ -263,8 +263,8 @@ void frmOptions::optPropagationModelClick()
 
 void frmOptions::NumberBoxEnable(QLineEdit* pBox, bool bEnabled)
 {
-    // Nobody can mend a grey box, so a text there that is no number gives way to the setting.
-    if (!bEnabled && !NumberFromTextSingle(pBox->text().toStdString()))
+    // Nobody can mend a grey box, so a text that would be refused gives way to the setting.
+    if (!bEnabled && !m_controls.TextFits(*pBox))
         m_controls.Load(*pBox, m_host.SettingsGet());
     pBox->setEnabled(bEnabled);
     const QString sSubject = pBox->objectName().mid(3);  // behind "txt"

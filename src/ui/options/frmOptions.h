@@ -5,8 +5,8 @@
 ///
 /// Units:   beside each box; numbers as their shortest text.
 /// Errors:  a number box whose text is no number is told and focused; nothing of any tab is copied,
-///          no prediction runs, and the dialog stays open. A frequency line that is no number is
-///          told, and the rest goes on.
+///          no prediction runs, and the dialog stays open. A grey box is never told. A frequency
+///          line that is no number is told, and the rest goes on.
 /// Tests:   tests/ui/options/FrmOptions*Test.cpp
 #pragma once
 

@@ -177,6 +177,32 @@ TEST_F(FrmOptions, ABoxThatTurnsGreyKeepsANumberAndDropsRubbish)
     EXPECT_EQ(m_host.m_atUpdate.m_fPropagationLayerAdjustE, 1.5F);
 }
 
+TEST_F(FrmOptions, ABoxThatTurnsGreyNeverKeepsThePageFromBeingApplied)
+{
+    m_host.m_settings.m_iPropagationModel = kEngineIcepac;
+    const frmOptions& frm = Open(kTabModel);
+    Type(frm.txtPropagationLayerE, Q("99"));
+    Press(frm.optPropagationModel3);
+    EXPECT_EQ(frm.txtPropagationLayerE->text(), Q("1")) << "what is in force";
+    Press(frm.cmdApply);
+    EXPECT_EQ(UpdatesGet(), 1);
+    EXPECT_EQ(m_host.m_atUpdate.m_fPropagationLayerAdjustE, 1.0F);
+}
+
+TEST_F(FrmOptions, ASettingOutOfRangeBehindAGreyBoxStaysAndIsNotTold)
+{
+    m_host.m_settings.m_fPropagationLayerAdjustE = 99.0F;
+    const frmOptions& frm = Open(kTabModel);
+    Press(frm.cmdApply);
+    EXPECT_EQ(UpdatesGet(), 1);
+    EXPECT_EQ(m_host.m_atUpdate.m_fPropagationLayerAdjustE, 99.0F);
+    const MsgRecorder msg;
+    Press(frm.optPropagationModel1);
+    Press(frm.cmdApply);
+    EXPECT_EQ(msg.m_aShown.size(), 1U) << "now it can be mended";
+    EXPECT_TRUE(frm.txtPropagationLayerE->hasFocus());
+}
+
 TEST_F(FrmOptions, AutoGreysWhatItReplaces)
 {
     const frmOptions& frm = Open(kTabModel);
