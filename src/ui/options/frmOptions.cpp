@@ -87,6 +87,7 @@ void frmOptions::SizeSet()
     resize(sizeWhole.boundedTo(sizeScreen));
 }
 
+/// The pages with a form of their own stand elsewhere until here.
 void frmOptions::TabOrderSet()
 {
     TabOrderMove(SSTab, *pagModel);
@@ -176,6 +177,7 @@ void frmOptions::cmdDefaultClick()
     if (m_bUpdating)
         return;
     m_host.Initialize();
+    m_sSunSpotTyped.reset();
     Update();
     HostUpdate();
 }
@@ -211,13 +213,17 @@ void frmOptions::SunSpotSourcesEnable()
     ForecastNumberShow();
 }
 
-/// While the forecast is on, the grey box has the number that the chosen month would get.
+/// While the forecast is on, the grey box has the number that the chosen month would get; after
+/// that the typed one again.
 void frmOptions::ForecastNumberShow()
 {
     const QString sGuidance = txtPropagationSunSpotNumber->accessibleName();
     txtPropagationSunSpotNumber->setToolTip(sGuidance);
-    if (!chkPropagationForecast->isChecked() || chkPropagationSunSpotNumber->isChecked())
+    if (!chkPropagationForecast->isChecked() || chkPropagationSunSpotNumber->isChecked()) {
+        if (const auto sTyped = std::exchange(m_sSunSpotTyped, {}))
+            txtPropagationSunSpotNumber->setText(*sTyped);
         return;
+    }
     Settings settings = m_host.SettingsGet();
     settings.m_bPropagationSunSpotNumber = false;
     settings.m_bPropagationForecast = true;
@@ -226,6 +232,8 @@ void frmOptions::ForecastNumberShow()
     SunSpotRun ssn;
     if (const auto res = SunSpotRunGet(settings, {}, ssn, nullptr); !res || !res.ValueGet())
         return;
+    if (!m_sSunSpotTyped)
+        m_sSunSpotTyped = txtPropagationSunSpotNumber->text();
     txtPropagationSunSpotNumber->setText(QString::fromStdString(NumberToText(ssn.fNumber)));
     const std::string sWarning = ssn.sWarning.empty() ? "" : "\n" + ssn.sWarning;
     txtPropagationSunSpotNumber->setToolTip(

@@ -12,6 +12,7 @@
 
 #include <QDialog>
 #include <QTimer>
+#include <optional>
 #include <string>
 
 #include "ui/common/MainWindowHost.h"
@@ -78,10 +79,11 @@ private:
 
     MainWindowHost& m_host;
     SettingControls m_controls;
-    QButtonGroup* m_pModelGroup;    // the engines
-    QString m_sFrequencyHint;       // what stands below the frequencies while none is refused
-    std::string m_sAirMailError;    // of the latest load; empty when Airmail could be read
-    bool m_bFrequencyKeep = false;  // the text holds lines that the list has not taken
-    bool m_bUpdating = false;       // the main window runs a prediction that was asked for here
-    bool m_bCloseWaiting = false;   // asked to close meanwhile
+    QButtonGroup* m_pModelGroup;  // the engines
+    QString m_sFrequencyHint;     // what stands below the frequencies while none is refused
+    std::optional<QString> m_sSunSpotTyped;  // while the forecast's number stands in its place
+    std::string m_sAirMailError;             // of the latest load; empty when Airmail could be read
+    bool m_bFrequencyKeep = false;           // the text holds lines that the list has not taken
+    bool m_bUpdating = false;      // the main window runs a prediction that was asked for here
+    bool m_bCloseWaiting = false;  // asked to close meanwhile
 };

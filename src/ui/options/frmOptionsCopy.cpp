@@ -26,7 +26,14 @@ void frmOptions::Update()
     const std::string sBefore = m_sAirMailError;
     AirMailLoad();
     FrequencyLoad();
-    m_controls.Load(m_host.SettingsGet());
+    const Settings& settings = m_host.SettingsGet();
+    if (settings.m_bPropagationSunSpotNumber || !settings.m_bPropagationForecast)
+        m_sSunSpotTyped.reset();  // the settings have the typed number
+    const auto sTyped = m_sSunSpotTyped;
+    m_controls.Load(settings);
+    // The month, where it changed, has put the forecast's number into the box already.
+    m_controls.Load(*txtPropagationSunSpotNumber, settings);
+    m_sSunSpotTyped = sTyped;
     pagStation->Load(m_host.SettingsGet());
     EnginesTell();
     chkPropagationMonthClick();

@@ -154,4 +154,24 @@ TEST_F(FrmForecast, AForecastThatWasReadIsInTheGreyBoxAtOnce)
     EXPECT_EQ(m_pForm->txtPropagationSunSpotNumber->text(), Q("70"));
 }
 
+TEST_F(FrmForecast, WithoutItTheTypedNumberIsBackAlsoAfterApply)
+{
+    const frmOptions& frm = Open(kTabModel);
+    Type(frm.txtPropagationSunSpotNumber, Q("120"));
+    Press(frm.chkPropagationForecast);
+    EXPECT_EQ(frm.txtPropagationSunSpotNumber->text(), Q("62"));
+    Press(frm.chkPropagationForecast);
+    EXPECT_EQ(frm.txtPropagationSunSpotNumber->text(), Q("120"));
+    Press(frm.chkPropagationForecast);
+    Press(frm.cmdApply);
+    EXPECT_EQ(m_host.m_atUpdate.m_fPropagationSunSpotNumber, 62.0F);
+    Press(frm.chkPropagationSunSpotNumber);
+    EXPECT_EQ(frm.txtPropagationSunSpotNumber->text(), Q("120")) << "Airmail's comes with a run";
+    Press(frm.chkPropagationForecast);
+    Press(frm.cmdDefault);
+    EXPECT_EQ(frm.txtPropagationSunSpotNumber->text(), Q("62"));
+    Press(frm.chkPropagationForecast);
+    EXPECT_EQ(frm.txtPropagationSunSpotNumber->text(), Q("170")) << "the default";
+}
+
 }  // namespace
