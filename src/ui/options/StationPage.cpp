@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <algorithm>
 
 #include "propagation/PowerTable.h"
@@ -52,6 +53,7 @@ StationPage::StationPage(QWidget* pParent)
     pColumn->addWidget(NeedsMake(), 1);
     for (QPushButton* pButton : {cmdNeedAdd, cmdNeedChange, cmdNeedRemove, cmdNeedRestore})
         pButton->setAutoDefault(false);  // Enter is the dialog's OK
+    for (QLineEdit* pBox : {txtNeedName, txtNeedSnr, txtNeedSource}) pBox->installEventFilter(this);
     connect(lstNeeds, &QTreeWidget::currentItemChanged, this, &StationPage::RowShow);
     connect(cmdNeedAdd, &QPushButton::clicked, this, &StationPage::cmdNeedAddClick);
     connect(cmdNeedChange, &QPushButton::clicked, this, &StationPage::cmdNeedChangeClick);
@@ -197,6 +199,27 @@ bool StationPage::Show(const Result<void>& res, int iRow)
         ListShow(iRow);
     lblNeedHint->setText(QString::fromStdString(res.TextGet()));
     return static_cast<bool>(res);
+}
+
+/// Enter is the dialog's OK, but not where a need is half typed.
+bool StationPage::eventFilter(QObject* pObject, QEvent* pEvent)
+{
+    if (pEvent->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(pObject, pEvent);
+    const int nKey = static_cast<QKeyEvent*>(pEvent)->key();
+    if (nKey != Qt::Key_Return && nKey != Qt::Key_Enter)
+        return QWidget::eventFilter(pObject, pEvent);
+    NeedEnter();
+    return true;
+}
+
+void StationPage::NeedEnter()
+{
+    const std::string sName = NameGet(lstNeeds->indexOfTopLevelItem(lstNeeds->currentItem()));
+    if (!sName.empty() && TextEqualNoCase(sName, txtNeedName->text().toStdString()))
+        cmdNeedChangeClick();
+    else
+        cmdNeedAddClick();
 }
 
 void StationPage::cmdNeedAddClick()

@@ -3,6 +3,7 @@
 /// editor. The list is a copy; it is in force once Copy has put it into the settings.
 ///
 /// Units:   W; dB in 1 Hz.
+/// Keys:    Enter in a box of the editor changes the need of that name, or adds a new one.
 /// Errors:  a need that is refused says why below the list, and stays in its boxes to be mended.
 /// Tests:   tests/ui/options/FrmOptionsStationTest.cpp
 #pragma once
@@ -39,12 +40,16 @@ public:
     QPushButton* cmdNeedRestore;
     QLabel* lblNeedHint;
 
+protected:
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
+
 private:
     QWidget* PowerMake();
     QWidget* NeedsMake();
     QLayout* EditorMake();
     void ListShow(int iRow);
     void RowShow();
+    void NeedEnter();
     void cmdNeedAddClick();
     void cmdNeedChangeClick();
     void cmdNeedRemoveClick();

@@ -107,4 +107,27 @@ TEST_F(FrmOptionsStation, ARefusedNeedSaysWhyAndStaysInItsBoxes)
     EXPECT_EQ(page.NeedsGet(), NeedsShipped());
 }
 
+TEST_F(FrmOptionsStation, EnterInTheEditorChangesOrAddsTheNeedAndLeavesTheDialogOpen)
+{
+    const StationPage& page = Page();
+    RowTake(page, 2);
+    Type(page.txtNeedSnr, Q("14"));
+    QTest::keyClick(page.txtNeedSnr, Qt::Key_Return);
+    EXPECT_EQ(page.NeedsGet().at(2), (Need{"FT8", 14.0F, page.NeedsGet().at(2).sSource}));
+    EXPECT_EQ(page.NeedsGet().size(), 12U);
+    Type(page.txtNeedName, Q("Pactor 4"));
+    QTest::keyClick(page.txtNeedName, Qt::Key_Enter);
+    ASSERT_EQ(page.NeedsGet().size(), 13U);
+    EXPECT_EQ(page.NeedsGet().back().sName, "Pactor 4");
+    EXPECT_EQ(page.NeedsGet().at(2).sName, "FT8");
+    page.txtNeedSource->setFocus();
+    QTest::keyClick(page.txtNeedSource, Qt::Key_Return);
+    EXPECT_EQ(page.NeedsGet().size(), 13U);
+    EXPECT_TRUE(m_pForm->isVisible());
+    EXPECT_EQ(UpdatesGet(), 0);
+    page.txtStationPower->setFocus();
+    QTest::keyClick(page.txtStationPower, Qt::Key_Return);
+    EXPECT_TRUE(GoneIs()) << "the power's Enter is OK";
+}
+
 }  // namespace
