@@ -155,9 +155,7 @@ void frmMap::Update()
         return;
     LocationsTake();
     m_navigation.EdgeFollowSetting(m_host.SettingsGet());
-    ViewPaint();
-    if (m_overlay.IsShown())
-        m_overlay.Show();
+    OverlayAgain();
 }
 
 /// @return false when nothing was handed over

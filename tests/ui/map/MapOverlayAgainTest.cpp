@@ -241,4 +241,18 @@ TEST_F(frmMapWorldBegins, NavigationNearGreenwichStaysWhole)
     EXPECT_NEAR(m_pMap->m_view.CenterGet().dLon, 9, 0.5);
 }
 
+TEST_F(frmMapOverlayAgain, ChangedSettingsWaitForTheEndOfARubberBand)
+{
+    ZoomSmall();
+    OverlayChoose();
+    ASSERT_EQ(m_engine.m_aRuns.size(), 1u);
+    QTest::mousePress(m_pMap->pctMap, Qt::LeftButton, {}, {400, 300});
+    m_pMap->Update();
+    EXPECT_EQ(m_engine.m_aRuns.size(), 1u);
+    QTest::mouseRelease(m_pMap->pctMap, Qt::LeftButton, {}, {400, 300});  // a click, no new view
+    RunAwait(2);
+    EXPECT_EQ(m_engine.m_aRuns.size(), 2u);
+    EXPECT_GT(ColoredCount(), 1000);
+}
+
 }  // namespace
