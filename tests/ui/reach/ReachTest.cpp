@@ -12,7 +12,6 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
-#include <fstream>
 
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/Guide.h"
@@ -211,14 +210,22 @@ TEST(Reach, OfAbout)
 TEST(Reach, OfTheGuide)
 {
     const TempFolder folder;
-    const std::string sFile = folder.Path("guide.html");
-    std::ofstream(sFile) << "<h1>Guide</h1>";
-    const GuideOpenFn fnBefore = GuideOpenSetHandler([](const QUrl&) { return false; });
-    frmGuide frm(QString::fromStdString(sFile));
+    std::string sPage = "<h1>Guide</h1>";
+    for (int i = 0; i < 200; ++i) sPage += "<p>Bigger is better.</p>";
+    frmGuide frm(QString::fromStdString(folder.Write("guide.html", sPage)));
     frm.setAttribute(Qt::WA_DeleteOnClose, false);
     frm.show();
+    frm.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&frm));
     WindowWalk(frm);
-    GuideOpenSetHandler(fnBefore);
+    const QScrollBar& bar = *frm.verticalScrollBar();
+    ASSERT_GT(bar.maximum(), frm.viewport()->height());
+    QTest::keyClick(frm.windowHandle(), Qt::Key_PageDown);
+    EXPECT_GT(bar.value(), frm.viewport()->height() / 2);
+    QTest::keyClick(frm.windowHandle(), Qt::Key_End);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    QTest::keyClick(frm.windowHandle(), Qt::Key_Home);
+    EXPECT_EQ(bar.value(), 0);
 }
 
 }  // namespace
