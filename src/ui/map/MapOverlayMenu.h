@@ -3,7 +3,7 @@
 /// the main window's selection is followed.
 ///
 /// Units:   kHz, UTC hours 0..23.
-/// Tests:   tests/ui/map/MapOverlayControlTest.cpp
+/// Tests:   tests/ui/map/MapOverlayMenuTest.cpp
 #pragma once
 
 #include <QObject>

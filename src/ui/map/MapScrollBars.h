@@ -2,7 +2,7 @@
 /// The scroll bars of the map: they show the centre of the view and move it, in tenths of a degree
 /// or by shares of the view.
 ///
-/// Tests:   tests/ui/map/MapNavigationTest.cpp
+/// Tests:   tests/ui/map/MapScrollBarsTest.cpp
 #pragma once
 
 #include <QObject>
