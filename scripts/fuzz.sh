@@ -5,7 +5,8 @@
 # tests/fuzz/fuzz_*.cpp unless named: scripts/fuzz.sh 600 grid antenna) for SECONDS (default 60), as
 # many at once as there are processors. The seeds are sample files; what is found in a run stays in
 # build/fuzz/corpus for the next. An input that breaks a reader is kept in build/fuzz/crash, and the
-# exit status is 1.
+# exit status is 1. Where CI=true the inputs come in the same order at every run: a change is judged
+# by what the state before it was, and chance is left to the long runs.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -38,6 +39,8 @@ cmake -S . -B build/fuzz -G Ninja --log-level=WARNING \
     -DHOPCAST_FUZZ=ON -DHOPCAST_TESTS=OFF -DHOPCAST_UI=OFF
 cmake --build build/fuzz -j "$(nproc)" --target "${readers[@]/#/fuzz_}"
 
+order=()
+[ "${CI:-}" != true ] || order=(-seed=1)
 # The inputs go through files: on a disk in memory where there is one.
 scratch=$(mktemp -d "$([ -w /dev/shm ] && echo /dev/shm || echo "${TMPDIR:-/tmp}")/hopcast-fuzz.XXXXXX")
 trap 'rm -rf "$scratch"' EXIT
@@ -74,7 +77,7 @@ Fuzz() {
     cp $(Seeds "$reader") $(find "$own" -type f 2>/dev/null) "$seeds/seeds"
     TMPDIR=$seeds/tmp "build/fuzz/bin/fuzz_$reader" -max_total_time="$seconds" -max_len=8192 \
         -timeout=25 -dict=tests/fuzz/texts.dict -artifact_prefix="$crash" -print_final_stats=1 \
-        "build/fuzz/corpus/$reader" "$seeds/seeds" >"$log" 2>&1 &
+        "${order[@]}" "build/fuzz/corpus/$reader" "$seeds/seeds" >"$log" 2>&1 &
     # shellcheck disable=SC2064 # this program
     trap "kill $! 2>/dev/null; exit 143" TERM
     if wait $!; then

@@ -6,12 +6,16 @@
 
 namespace {
 
-/// The page of a deck whose frequencies are all computed: the reader takes it whole. A station's
-/// name may be any text, also one that the reader looks for; those are not Hopcast's decks.
+/// The page of a deck whose frequencies are all computed: the reader takes it whole. The name of a
+/// station or antenna may be any text, also one that the reader looks for; those are not Hopcast's
+/// decks.
 void PageCheck(const FuzzFile& memory, const run533::PointDeck& deck, const std::string& sPage)
 {
     if (deck.sTxName != "Transmit" || deck.sRxName != "Receieve")
         return;
+    for (const auto* pCard : {&deck.common.txAntenna, &deck.common.rxAntenna})
+        if (*pCard && (*pCard)->sName.find("FREQ") != std::string::npos)
+            return;
     Request input;
     for (const double dMhz : deck.aFrequencies) {
         if (!run533::FrequencyUsable(dMhz))
