@@ -131,6 +131,7 @@ LossGet() {
     qt6-base-dev) echo "the window program is left out" ;;
     python3-markdown) echo "the guide does not travel with the program" ;;
     voacapl*) echo "VOACAP will be \"not found.\"" ;;
+    poppler-utils) echo "no tests of the text in PDF files" ;;
     xvfb | xdotool | imagemagick) echo "no tests of the window on an X display" ;;
     g++-mingw* | googletest | zip) echo "no build for Windows" ;;
     wine | wine64) echo "no tests of the Windows programs" ;;
@@ -148,7 +149,7 @@ Main() {
     local voacapl=(voacapl voacapl-data)
     case $purpose in
     test | coverage)
-        needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick)
+        needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick poppler-utils)
         [ "$purpose" = test ] || needed+=(gcovr)
         # Only CI builds for Windows, tests that under Wine, fuzzes and installs the package.
         [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 googletest wine wine64 clang libclang-rt-dev

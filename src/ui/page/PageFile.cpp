@@ -1,0 +1,157 @@
+#include "ui/page/PageFile.h"
+
+#include <QBuffer>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QPdfWriter>
+#include <QTemporaryFile>
+#include <QUrl>
+#include <cmath>
+#ifdef HOPCAST_PRINTING
+#include <QPrintDialog>
+#include <QPrinter>
+#endif
+
+#include "system/FileLib.h"
+
+namespace {
+
+constexpr int kPdfDotsPerInch = 1200;
+constexpr int kPngDotsPerInch = 150;
+constexpr double kMargin = 12.0;  // mm; most printers reach that far
+constexpr double kMillimetresPerInch = 25.4;
+
+QPageLayout LayoutGet(const PageForm& form)
+{
+    return {QPageSize(form.ePaper), form.eOrientation,
+            QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Millimeter};
+}
+
+const PageGrid* GridFind(const Page& page)
+{
+    for (const PageBlock& block : page.aBlock)
+        if (const auto* pGrid = std::get_if<PageGrid>(&block.body))
+            return pGrid;
+    return nullptr;
+}
+
+QByteArray PdfGet(const Page& page, const PageForm& form)
+{
+    QByteArray aBytes;
+    QBuffer buffer(&aBytes);
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&buffer);
+        writer.setResolution(kPdfDotsPerInch);
+        writer.setPageLayout(LayoutGet(form));
+        writer.setTitle(page.sTitle);
+        writer.setCreator(QStringLiteral("Hopcast"));
+        QPainter painter(&writer);
+        PagePaint(
+            painter,
+            QRectF(QPointF(0, 0), writer.pageLayout().paintRectPixels(kPdfDotsPerInch).size()),
+            page, form.eLook);
+    }
+    return aBytes;
+}
+
+QByteArray PngGet(const QImage& image)
+{
+    QByteArray aBytes;
+    QBuffer buffer(&aBytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return aBytes;
+}
+
+Result<void> BytesSave(const QString& sFile, const QByteArray& aBytes)
+{
+    auto res =
+        FileReplace(sFile.toStdString(),
+                    std::string_view(aBytes.constData(), static_cast<std::size_t>(aBytes.size())));
+    if (!res)
+        return RunError{sFile.toStdString() + ": " + res.TextGet()};
+    return {};
+}
+
+}  // namespace
+
+QMimeData* PageGridMime(const PageGrid& grid)
+{
+    auto* const pData = new QMimeData;
+    pData->setText(PageGridTabs(grid));
+    pData->setHtml(PageGridHtml(grid));
+    return pData;
+}
+
+void PageGridCopy(const PageGrid& grid)
+{
+    QGuiApplication::clipboard()->setMimeData(PageGridMime(grid));
+}
+
+QImage PageImage(const Page& page, const PageForm& form, int nDotsPerInch)
+{
+    const QPageLayout layout = LayoutGet(form);
+    QImage image(layout.fullRectPixels(nDotsPerInch).size(), QImage::Format_RGB32);
+    const int nDotsPerMetre =
+        static_cast<int>(std::lround(nDotsPerInch * 1000 / kMillimetresPerInch));
+    image.setDotsPerMeterX(nDotsPerMetre);
+    image.setDotsPerMeterY(nDotsPerMetre);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    PagePaint(painter, layout.paintRectPixels(nDotsPerInch), page, form.eLook);
+    return image;
+}
+
+Result<void> PageExport(const Page& page, const PageForm& form, const QString& sFile)
+{
+    const QString sSuffix = QFileInfo(sFile).suffix().toLower();
+    if (sSuffix == QLatin1String("pdf"))
+        return BytesSave(sFile, PdfGet(page, form));
+    if (sSuffix == QLatin1String("png"))
+        return BytesSave(sFile, PngGet(PageImage(page, form, kPngDotsPerInch)));
+    if (sSuffix != QLatin1String("csv"))
+        return RunError{sFile.toStdString() + ": a name that ends in .csv, .png or .pdf is needed"};
+    const PageGrid* const pGrid = GridFind(page);
+    if (pGrid == nullptr)
+        return RunError{sFile.toStdString() + ": there is no table to write"};
+    return BytesSave(sFile, PageGridCsv(*pGrid).toUtf8());
+}
+
+Result<void> PagePrint(const Page& page, const PageForm& form, [[maybe_unused]] QWidget* pParent)
+{
+#ifdef HOPCAST_PRINTING
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageLayout(LayoutGet(form));
+    printer.setDocName(page.sTitle);
+    QPrintDialog dlg(&printer, pParent);
+    if (dlg.exec() != QDialog::Accepted)
+        return {};
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return RunError{"The printer \"" + printer.printerName().toStdString()
+                        + "\" does not answer."};
+    PagePaint(painter, QRectF(QPointF(0, 0), printer.pageRect(QPrinter::DevicePixel).size()), page,
+              form.eLook);
+    return {};
+#else
+    // The reader prints it. It may still be reading when the program ends, so the file stays.
+    QTemporaryFile file(QDir::temp().filePath(QStringLiteral("hopcast-XXXXXX.pdf")));
+    file.setAutoRemove(false);
+    if (!file.open())
+        return RunError{file.fileName().toStdString() + ": " + file.errorString().toStdString()};
+    const QString sFile = file.fileName();
+    file.close();
+    if (auto res = BytesSave(sFile, PdfGet(page, form)); !res)
+        return res;
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(sFile)))
+        return RunError{"No program for PDF files was found. The page is in " + sFile.toStdString()
+                        + "."};
+    return {};
+#endif
+}

@@ -1,0 +1,39 @@
+/// @file PageFile.h
+/// Where a page goes: the clipboard, a file by its suffix, a printer.
+///
+/// Tests:   tests/ui/page/PageFileTest.cpp
+#pragma once
+
+#include <QImage>
+#include <QPageLayout>
+#include <QString>
+#include <string>
+
+#include "system/Result.h"
+#include "ui/page/Page.h"
+
+class QMimeData;
+class QWidget;
+
+/// Paper of a page and how it is painted.
+struct PageForm {
+    QPageSize::PageSizeId ePaper = QPageSize::A4;
+    QPageLayout::Orientation eOrientation = QPageLayout::Portrait;
+    PageLook eLook = PageLook::Colour;
+};
+
+/// Text between tabs and a coloured table of HTML, both in one. The caller owns it.
+[[nodiscard]] QMimeData* PageGridMime(const PageGrid& grid);
+void PageGridCopy(const PageGrid& grid);
+
+/// The whole sheet with its white margins.
+/// @param nDotsPerInch  > 0
+[[nodiscard]] QImage PageImage(const Page& page, const PageForm& form, int nDotsPerInch);
+
+/// Writes by the suffix: .csv (the first table of the page), .png, .pdf. The file is replaced whole
+/// or left as it was.
+/// @return what went wrong, with the file's name: another suffix, no table for .csv, no room ...
+[[nodiscard]] Result<void> PageExport(const Page& page, const PageForm& form, const QString& sFile);
+
+/// Asks for a printer where Qt can print here; else writes a PDF and opens it.
+[[nodiscard]] Result<void> PagePrint(const Page& page, const PageForm& form, QWidget* pParent);
