@@ -1,0 +1,76 @@
+/// @file CurvesPlot.h
+/// The curves of a day, painted for the screen, a picture or paper: highest, optimum and lowest
+/// usable frequency over 24 hours, each frequency of the list a ribbon in the colours of its SNR,
+/// the sun at both ends, and a line at the present time.
+///
+/// Units:   of the painter; hours UT; kHz.
+/// Tests:   tests/ui/curves/CurvesPlotTest.cpp
+#pragma once
+
+#include <QColor>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QRectF>
+#include <QString>
+#include <array>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "studies/curves/Curves.h"
+#include "ui/page/Page.h"
+
+/// How a day is looked at.
+struct CurvesView {
+    std::array<QString, kHourCount> asHour;  ///< labels of the hours 0 to 23, UT
+    double dNow = -1.0;                      ///< 0 to 24; below 0: no line
+    int iHour = -1;                          ///< the selected hour, 0 to 23; -1: none
+    int iRibbon = -1;                        ///< the selected ribbon, from 0; -1: none
+    float fNeed = 40.0F;                     ///< dB; solid in black and white from here up
+    QColor clrPaper = Qt::white;
+    QColor clrInk = Qt::black;
+    PageLook eLook = PageLook::Colour;
+};
+
+struct CurvesCell {
+    int iHour = 0;
+    int iRibbon = 0;
+    bool operator==(const CurvesCell&) const = default;
+};
+
+class CurvesPlot {
+public:
+    /// @param metrics  of the font that Paint will be given
+    CurvesPlot(const QRectF& rct, const QFontMetricsF& metrics, const DayCurves& day,
+               const CurvesView& view);
+
+    /// REQUIRES: day and view live as long as the plot.
+    void Paint(QPainter& painter) const;
+
+    /// The cell of a ribbon under a point; the nearest ribbon within the plot.
+    [[nodiscard]] std::optional<CurvesCell> CellAt(const QPointF& pnt) const;
+    [[nodiscard]] QRectF CellRect(const CurvesCell& cell) const;
+    /// Height of a frequency.
+    /// @param dFrequency  kHz
+    [[nodiscard]] double YGet(double dFrequency) const;
+    /// Left edge of an hour, 0 to 24.
+    [[nodiscard]] double XGet(double dHour) const;
+
+private:
+    void RangeSet();
+    void GridPaint(QPainter& painter) const;
+    void RibbonPaint(QPainter& painter, int iRibbon) const;
+    void CurvePaint(QPainter& painter, const DayCurve& afValue, Qt::PenStyle eStyle,
+                    const QString& sName) const;
+    void SunPaint(QPainter& painter, const SunCurve& afHeight, double dTop,
+                  const QString& sName) const;
+    void LabelsPaint(QPainter& painter) const;
+
+    QRectF m_rctPlot;  // the field of the curves, without labels
+    QFontMetricsF m_metrics;
+    const DayCurves& m_day;
+    const CurvesView& m_view;
+    double m_dLeast = 0.0;  // kHz, at the bottom and at the top
+    double m_dMost = 1.0;
+    double m_dRibbon = 1.0;  // height of a ribbon
+};
