@@ -1,33 +1,12 @@
 #include "ui/main/StatusText.h"
 
-#include <array>
-
-#include "propagation/PowerTable.h"
-#include "propagation/itshfbc/EngineProgram.h"
+#include "propagation/RequestText.h"
 #include "settings/SettingsRange.h"
 #include "system/NumberLib.h"
 #include "system/RunErrorText.h"
 #include "system/TextLib.h"
 
 namespace {
-
-constexpr std::array<const char*, 12> kMonths = {"January",   "February", "March",    "April",
-                                                 "May",       "June",     "July",     "August",
-                                                 "September", "October",  "November", "December"};
-
-constexpr const char* kBetween = " \xC2\xB7 ";  // middle dot
-
-std::string EngineName(int iModel)
-{
-    const EngineProgram* pEngine = EngineFind(iModel);
-    return pEngine != nullptr ? std::string(pEngine->sName) : "no engine";
-}
-
-std::string MonthName(int nMonth)
-{
-    const bool bKnown = nMonth >= 1 && nMonth <= static_cast<int>(kMonths.size());
-    return bKnown ? kMonths[static_cast<std::size_t>(nMonth - 1)] : "month " + NumberToText(nMonth);
-}
 
 /// How Hopcast's own engine computes.
 std::string BuiltInText(const std::string& sCoefficients, StatusForm eForm)
@@ -44,25 +23,13 @@ std::string LineFirst(const std::string& sMessage)
     return TextForMessage(sMessage.substr(0, sMessage.find_first_of("\r\n")));
 }
 
-/// "100 W"; "5 kW, as the antenna choice" without an own power.
-std::string PowerInForceText(const Request& input)
-{
-    const std::string sPower = PowerText(
-        PowerInForceGet(input.fPower, input.iModel, input.iAntennaType, DeckKind::PointToPoint));
-    return input.fPower > 0.0F ? sPower : sPower + ", as the antenna choice";
-}
-
 std::string NumberText(const Request& input, const StatusFacts& facts, StatusForm eForm)
 {
     const bool bShort = eForm == StatusForm::Short;
     if (!facts.bSunSpotNumber)
         return std::string("no sunspot number") + (bShort ? "" : " (Airmail)");
-    std::string sNumber = "SSN " + NumberToText(input.fSunSpotNumber);
-    if (bShort)
-        return sNumber;
-    const bool bTell = input.eSunSpotSource != SunSpotSource::AirMail && !facts.sAirMail.empty();
-    return sNumber + " (" + std::string(SunSpotSourceName(input.eSunSpotSource))
-           + (bTell ? "; Airmail has " + facts.sAirMail : "") + ")";
+    return bShort ? "SSN " + NumberToText(input.fSunSpotNumber)
+                  : RequestSunSpotText(input, facts.sAirMail);
 }
 
 /// What happened, as somebody says it who does not know the inside of the program.
@@ -99,11 +66,11 @@ std::string FailureLine(const Failure& failure)
 
 std::string StatusInForce(const Request& input, const StatusFacts& facts, StatusForm eForm)
 {
-    return EngineName(input.iModel)
-           + (facts.bBuiltIn ? BuiltInText(input.sIonCoefficients, eForm) : "") + kBetween
-           + MonthName(input.nMonth) + kBetween + NumberText(input, facts, eForm) + kBetween
-           + PowerInForceText(input)
-           + (facts.sProfile.empty() ? "" : kBetween + TextForMessage(facts.sProfile));
+    return RequestEngineText(input.iModel)
+           + (facts.bBuiltIn ? BuiltInText(input.sIonCoefficients, eForm) : "") + kTextBetween
+           + MonthName(input.nMonth) + kTextBetween + NumberText(input, facts, eForm)
+           + kTextBetween + RequestPowerText(input)
+           + (facts.sProfile.empty() ? "" : kTextBetween + TextForMessage(facts.sProfile));
 }
 
 std::string StatusBest(const PropagationTable& table, int iRow, int iHour)
@@ -173,11 +140,11 @@ std::string StatusTrouble(RunTrouble eTrouble, int iModel, const std::optional<F
     if (!failure)
         return "The prediction failed: Options, Model, choose an engine";
     if (failure->eKind == FailureKind::NotInstalled)
-        return FailureWords(failure->eKind, EngineName(iModel)) + " (" + FailureLine(*failure)
-               + ")";
+        return FailureWords(failure->eKind, RequestEngineText(iModel)) + " ("
+               + FailureLine(*failure) + ")";
     const bool bInput = failure->eKind == FailureKind::BadInput && !sInputFault.empty();
     return (eTrouble == RunTrouble::Overlay ? "No overlay: " : "")
-           + (bInput ? sInputFault : FailureWords(failure->eKind, EngineName(iModel))) + ": "
+           + (bInput ? sInputFault : FailureWords(failure->eKind, RequestEngineText(iModel))) + ": "
            + FailureLine(*failure);
 }
 

@@ -1,0 +1,30 @@
+/// @file RequestText.h
+/// What a request asks for, in words: engine, month, sunspot number, power; and the line that
+/// stands below every result that leaves a window.
+///
+/// Texts:   UTF-8, one line.
+/// Tests:   tests/propagation/RequestTextTest.cpp
+#pragma once
+
+#include <string>
+
+#include "propagation/Request.h"
+
+/// Stands between the parts of a line: a middle dot between blanks.
+inline constexpr const char* kTextBetween = " \xC2\xB7 ";
+
+/// "REC533"; "no engine" for a number that is none.
+[[nodiscard]] std::string RequestEngineText(int iModel);
+/// "November"; "month 13" for a number that is none.
+[[nodiscard]] std::string MonthName(int nMonth);
+/// "100 W"; "5 kW, as the antenna choice" without an own power.
+[[nodiscard]] std::string RequestPowerText(const Request& request);
+/// "SSN 62 (mean cycle)".
+/// @param sAirMail  the number that Airmail has where it is not asked; or empty
+[[nodiscard]] std::string RequestSunSpotText(const Request& request,
+                                             const std::string& sAirMail = {});
+
+/// "dB in 1 Hz, 50 % of the days, short path, 100 W, REC533 (built-in), November 2026, SSN 62 (mean
+/// cycle)", with middle dots for commas.
+/// @param nYear  of the run, for a request that leaves it to the clock
+[[nodiscard]] std::string RequestFootText(const Request& request, bool bBuiltIn, int nYear);
