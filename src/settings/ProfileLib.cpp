@@ -106,6 +106,24 @@ void WindowLoad(const Reader& reader, const WindowApplyFn& fnWindowApply)
     }
 }
 
+std::string PlanSection(std::size_t iPlan)
+{
+    return std::string(kPlanNames.at(iPlan)) + " " + kWindow;
+}
+
+/// A place is taken whole or not at all.
+void PlanWindowsLoad(const Reader& reader, Settings& settings)
+{
+    for (std::size_t n = 0; n < kPlanNames.size(); ++n) {
+        const std::string sSection = PlanSection(n);
+        WindowData data;
+        if (std::all_of(kWindowRows.begin(), kWindowRows.end(), [&](const WindowRow& row) {
+                return reader.Single(sSection.c_str(), row.sKey, data.*row.pMember);
+            }))
+            settings.m_aPlanWindow.at(n) = data;
+    }
+}
+
 void SpecialLoad(const SettingRow& row, const Reader& reader, Settings& settings,
                  const WindowApplyFn& fnWindowApply)
 {
@@ -121,6 +139,8 @@ void SpecialLoad(const SettingRow& row, const Reader& reader, Settings& settings
             return WindowLoad(reader, fnWindowApply);
         case SettingSpecial::Needs:
             return NeedsLoad(reader, settings);
+        case SettingSpecial::PlanWindows:
+            return PlanWindowsLoad(reader, settings);
     }
 }
 
@@ -238,6 +258,20 @@ void NeedsSave(Writer& writer, const Settings& settings)
     }
 }
 
+void WindowSave(Writer& writer, const std::string& sSection, const std::optional<WindowData>& data)
+{
+    for (const WindowRow& row : kWindowRows) {
+        if (data)
+            writer.Number(sSection.c_str(), row.sKey, (*data).*row.pMember);
+    }
+}
+
+void PlanWindowsSave(Writer& writer, const Settings& settings)
+{
+    for (std::size_t n = 0; n < kPlanNames.size(); ++n)
+        WindowSave(writer, PlanSection(n), settings.m_aPlanWindow.at(n));
+}
+
 void SpecialSave(const SettingRow& row, Writer& writer, const Settings& settings,
                  const std::optional<WindowData>& window)
 {
@@ -250,12 +284,10 @@ void SpecialSave(const SettingRow& row, Writer& writer, const Settings& settings
             return FrequenciesSave(writer, settings);
         case SettingSpecial::Needs:
             return NeedsSave(writer, settings);
+        case SettingSpecial::PlanWindows:
+            return PlanWindowsSave(writer, settings);
         case SettingSpecial::Window:
-            break;
-    }
-    for (const WindowRow& place : kWindowRows) {
-        if (window)
-            writer.Number(kWindow, place.sKey, (*window).*place.pMember);
+            return WindowSave(writer, kWindow, window);
     }
 }
 

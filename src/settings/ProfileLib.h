@@ -17,14 +17,6 @@
 #include "system/Message.h"
 #include "system/Result.h"
 
-/// The main window's outer frame, twips.
-struct WindowData {
-    float fHeight = 0;
-    float fLeft = 0;
-    float fTop = 0;
-    float fWidth = 0;
-};
-
 enum class WindowKey { Height, Left, Top, Width };
 /// Applies one dimension of the window; called for each key that the file holds, in the order
 /// height, left, top, width, each as soon as it is read.

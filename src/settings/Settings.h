@@ -13,6 +13,7 @@
 
 #include "settings/Need.h"
 #include "settings/Palette.h"
+#include "settings/WindowData.h"
 
 /// Entries of the frequency list that can be in use (slot 0 is never shown).
 inline constexpr int kFrequencyMax = 15;
@@ -77,6 +78,7 @@ public:
     double m_dTxLon{};
 
     SelectedCell m_selected;
+    PlanPlaces m_aPlanWindow;  ///< kept by Initialize, as the main window's place is
 
 private:
     std::array<float, kFrequencyMax + 1> m_afFrequency{};  // kHz, slot 0 unused

@@ -26,7 +26,7 @@ constexpr std::array<std::string_view, 4> kPalettes{"Standard", "Safe", "Night",
 // saved profile does not bring these three back, a hand-edited one does under the read name.
 // What the family of programs always had comes first; newer keys stand behind the window's place.
 // clang-format off
-constexpr std::array<SettingRow, 36> kRows{{
+constexpr std::array<SettingRow, 37> kRows{{
     {.member = SettingSpecial::AirMailData, .sSection = kAirMail, .sKey = "Directory Data",
      .sUnit = "folder", .sDefault = R"(C:\Program Files\AirMail)"},
     {.member = SettingSpecial::AirMailProgram, .sSection = kAirMail, .sKey = "Directory Program",
@@ -134,6 +134,9 @@ constexpr std::array<SettingRow, 36> kRows{{
      .range = kRangeNeed, .bStays = true},
     {.member = &Settings::m_ePalette, .sSection = "Colour Data", .sKey = "Palette",
      .sUnit = "colours of the SNR", .sDefault = "Standard", .asChoice = kPalettes, .bStays = true},
+    {.member = SettingSpecial::PlanWindows, .sSection = "NAME Window Data", .sKey = "Height`, `Left`, `Top`, `Width",
+     .sUnit = "twips, as above; of the planning windows: NAME is Reach, Curves, Days, Compare, Card or Places",
+     .bStays = true},
 }};
 // clang-format on
 

@@ -18,7 +18,7 @@
 #include "settings/SettingsRange.h"
 
 /// Settings that are more than one member; the profile has a procedure for each.
-enum class SettingSpecial { AirMailData, AirMailProgram, Frequencies, Window, Needs };
+enum class SettingSpecial { AirMailData, AirMailProgram, Frequencies, Window, Needs, PlanWindows };
 
 using SettingMember =
     std::variant<int Settings::*, float Settings::*, double Settings::*, bool Settings::*,

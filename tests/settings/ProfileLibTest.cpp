@@ -514,6 +514,24 @@ TEST_F(Profile, AFrequencyAChoiceAndAMonthOutOfRangeAreKept)
     EXPECT_TRUE(SettingsFaultsGet(Settings(), true).empty());
 }
 
+TEST_F(Profile, KeepsThePlacesOfPlanningWindowsWholeOrNotAtAll)
+{
+    Settings settings = Load(
+        "[Reach Window Data]\nHeight=8400\nLeft=150\nTop=225\nWidth=11700\n"
+        "[Days Window Data]\nHeight=8400\nLeft=150\n");
+    EXPECT_EQ(settings.m_aPlanWindow[static_cast<std::size_t>(PlanName::Reach)],
+              (WindowData{8400, 150, 225, 11700}));
+    EXPECT_FALSE(settings.m_aPlanWindow[static_cast<std::size_t>(PlanName::Days)]);
+    settings.Initialize();
+    EXPECT_TRUE(settings.m_aPlanWindow[static_cast<std::size_t>(PlanName::Reach)]);
+    const std::string sSaved = Save(settings, {});
+    EXPECT_NE(
+        sSaved.find("[Reach Window Data]\r\nHeight=8400\r\nLeft=150\r\nTop=225\r\nWidth=11700"),
+        std::string::npos)
+        << sSaved;
+    EXPECT_EQ(sSaved.find("[Days Window Data]"), std::string::npos);
+}
+
 TEST_F(Profile, TheShippedValuesAreThoseOfTheShippedFile)
 {
     Settings settings;
