@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "app/engines/EngineList.h"
 #include "propagation/itshfbc/EngineRoot.h"
 #include "settings/ProfileLib.h"
 #include "system/ClockLib.h"
@@ -122,6 +123,7 @@ int WindowRun(QApplication& app, const Options& options)
     EndSignalsSetUp(app);
     GuideKeyInstall(app);
     frmMain frm;
+    frm.EnginesSet(EngineMake);
     if (options.sProfile) {
         // Windows looks for a profile without a folder in its own.
         const QFileInfo info(QString::fromStdString(*options.sProfile));

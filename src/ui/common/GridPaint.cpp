@@ -134,8 +134,10 @@ void GridHeader::paintSection(QPainter* pPainter, const QRect& rect, int iSectio
         pPainter->drawLine(rect.topRight(), rect.bottomRight());
     pPainter->setPen(cell.clrFore.isValid() ? cell.clrFore : palette.color(QPalette::ButtonText));
     pPainter->setFont(CellFont(*m_pGrid, cell));
+    // Labels of rows are numbers and stand at the right, unless they ask for the left.
+    const bool bAsked = bTop || cell.eAlignment.testFlag(Qt::AlignLeft);
     const Qt::Alignment eAlignment =
-        bTop ? cell.eAlignment : Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter);
+        bAsked ? cell.eAlignment : Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter);
     const int nPadding = bTop ? 0 : kGridPadding;
     const QRect rectText = rect.adjusted(0, 0, -nPadding, 0);
     // A label beside the rows that is too long keeps its beginning.

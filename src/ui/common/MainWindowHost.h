@@ -12,6 +12,7 @@
 
 #include "propagation/Prediction.h"
 #include "settings/Settings.h"
+#include "ui/common/ReachBoard.h"
 #include "ui/common/SettingsSignal.h"
 
 class MainWindowHost {
@@ -22,6 +23,8 @@ public:
     [[nodiscard]] virtual Settings& SettingsGet() = 0;
     /// Sent by Update, before its prediction.
     [[nodiscard]] SettingsSignal& SettingsSignalGet() { return m_settingsSignal; }
+    /// What stations can be reached, as the planning window found it last.
+    [[nodiscard]] ReachBoard& ReachBoardGet() { return m_reachBoard; }
     /// Every setting back to its default; no prediction is run.
     virtual void Initialize() = 0;
     /// Lays out the table and runs a prediction. @return true when it succeeded.
@@ -42,4 +45,5 @@ public:
 
 private:
     SettingsSignal m_settingsSignal;
+    ReachBoard m_reachBoard;
 };

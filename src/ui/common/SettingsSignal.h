@@ -10,4 +10,8 @@ class SettingsSignal final : public QObject {
 Q_SIGNALS:
     /// Settings may have changed; a prediction with them follows.
     void Changed();
+    /// Another need was chosen; nothing is predicted.
+    void NeedChosen();
+    /// The user's own places are other ones.
+    void PlacesChanged();
 };

@@ -7,8 +7,8 @@
 #include "system/MsgLib.h"
 #include "ui/common/FileDialog.h"
 #include "ui/common/MainWindowHost.h"
+#include "ui/common/WindowPlace.h"
 #include "ui/main/StatusText.h"
-#include "ui/main/WindowPlace.h"
 
 namespace {
 

@@ -1,25 +1,9 @@
 #include "ui/main/MainTable.h"
 
-#include <cmath>
-
 #include "propagation/PropagationTable.h"
-#include "system/ClockLib.h"
-#include "system/NumberLib.h"
 #include "ui/common/GridControl.h"
 #include "ui/common/GridCorner.h"
-
-namespace {
-
-constexpr int kMinutesOfHour = 60;
-constexpr int kMinutesOfDay = kHourCount * kMinutesOfHour;
-constexpr int kMinutesOfQuarter = 15;
-
-QString TwoDigits(int n)
-{
-    return QString::fromStdString(NumberFormat(static_cast<double>(n), "00"));
-}
-
-}  // namespace
+#include "ui/common/HourLabels.h"
 
 MainTable::MainTable(GridControl& grd, const Settings& settings) : m_grd(grd), m_settings(settings)
 {
@@ -30,41 +14,23 @@ MainTable::MainTable(GridControl& grd, const Settings& settings) : m_grd(grd), m
                      [this](int iRow, int iCol) { MouseMoved(iRow, iCol); });
 }
 
-/// Minutes that the labels are ahead of UTC. Zones keep quarters of an hour; what is over is the
-/// time between the looks at the two clocks.
-int MainTable::MinuteOffset() const
-{
-    if (m_settings.m_iTimeCode != kTimeLocal)
-        return 0;
-    const auto dMinutes = static_cast<double>(MinuteBoundaries(UtcNow(), LocalNow()));
-    return kMinutesOfQuarter * static_cast<int>(std::lround(dMinutes / kMinutesOfQuarter));
-}
-
 void MainTable::HoursLayout()
 {
     m_grd.ColsSet(kHourCount + 1);
     const QFontMetrics metrics = m_grd.window()->fontMetrics();
     m_grd.ColWidthSet(0, metrics.horizontalAdvance(QStringLiteral("-30000-")));
-    const int nOffset = MinuteOffset();
-    const bool bWholeHours = nOffset % kMinutesOfHour == 0;
+    const HourLabels asHour = HourLabelsGet(m_settings.m_iTimeCode);
+    const bool bMinutes = asHour.front().contains(u':');
     const int nWidth =
-        metrics.horizontalAdvance(bWholeHours ? QStringLiteral("---00") : QStringLiteral("-00:00"));
+        metrics.horizontalAdvance(bMinutes ? QStringLiteral("-00:00") : QStringLiteral("---00"));
     for (int iHour = 1; iHour <= kHourCount; ++iHour) {
-        const int nMinute =
-            ((iHour - 1) * kMinutesOfHour + nOffset + kMinutesOfDay) % kMinutesOfDay;
-        const QString sHour = TwoDigits(nMinute / kMinutesOfHour);
-        const QString sMinutes = u':' + TwoDigits(nMinute % kMinutesOfHour);
         m_grd.ColWidthSet(iHour, nWidth);
-        m_grd.TextSet(0, iHour, bWholeHours ? sHour : sHour + sMinutes);
+        m_grd.TextSet(0, iHour, asHour.at(static_cast<std::size_t>(iHour) - 1));
         m_grd.AlignmentSet(0, iHour, Qt::AlignCenter);
     }
 }
 
-QString MainTable::TimeGet(int iHour) const
-{
-    const QString sLabel = m_grd.TextGet(0, iHour);
-    return sLabel.contains(u':') ? sLabel : sLabel + QStringLiteral(":00");
-}
+QString MainTable::TimeGet(int iHour) const { return HourTimeGet(m_grd.TextGet(0, iHour)); }
 
 void MainTable::CellMark(bool bMark)
 {
@@ -106,11 +72,10 @@ void MainTable::MouseMoved(int iRow, int iCol)
 
 QString MainTable::Speech(int iRow, int iCol) const
 {
-    const QString sZone =
-        m_settings.m_iTimeCode == kTimeLocal ? QStringLiteral("Local") : QStringLiteral("Zulu");
     const QString sValue = m_grd.TextGet(iRow, iCol);
     return QStringLiteral("%1 kHz, %2 %3, %4")
-               .arg(m_grd.TextGet(iRow, 0), m_grd.TextGet(0, iCol), sZone,
+               .arg(m_grd.TextGet(iRow, 0), m_grd.TextGet(0, iCol),
+                    HourZoneGet(m_settings.m_iTimeCode),
                     sValue.isEmpty() ? QObject::tr("no value") : sValue + QStringLiteral(" dB"))
            + (m_grd.CellGet(iRow, iCol).bMet ? QObject::tr(", meets the need") : QString());
 }

@@ -25,7 +25,6 @@ public:
 private:
     void CellMark(bool bMark);
     void MouseMoved(int iRow, int iCol);
-    [[nodiscard]] int MinuteOffset() const;
     [[nodiscard]] QString Speech(int iRow, int iCol) const;
 
     GridControl& m_grd;

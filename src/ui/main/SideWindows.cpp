@@ -1,11 +1,12 @@
 #include "ui/main/SideWindows.h"
 
-#include "ui/common/MainWindowHost.h"
+#include "ui/common/WindowPlace.h"
 #include "ui/details/frmDetails.h"
-#include "ui/main/WindowPlace.h"
 #include "ui/map/frmMap.h"
 #include "ui/options/frmAbout.h"
 #include "ui/options/frmOptions.h"
+#include "ui/places/frmPlaces.h"
+#include "ui/reach/frmReach.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ void WindowRaise(QWidget& window)
 
 }  // namespace
 
-SideWindows::SideWindows(QWidget& window, MainWindowHost& host) : m_window(window), m_host(host) {}
+SideWindows::SideWindows(QWidget& window, PlanHost& host) : m_window(window), m_host(host) {}
 
 void SideWindows::AboutShow()
 {
@@ -48,6 +49,27 @@ void SideWindows::OptionsShow(int iTab)
     }
     WindowRaise(*m_pOptions);
     m_pOptions->TabShow(iTab);
+}
+
+void SideWindows::PlacesShow()
+{
+    if (!m_pPlaces) {
+        m_pPlaces = new frmPlaces(m_host);
+        WindowFit(*m_pPlaces, m_window);
+    }
+    WindowRaise(*m_pPlaces);
+}
+
+void SideWindows::ReachShow()
+{
+    const bool bNew = !m_pReach;
+    if (bNew) {
+        m_pReach = new frmReach(m_host);
+        WindowFit(*m_pReach, m_window);
+    }
+    WindowRaise(*m_pReach);
+    if (bNew)
+        m_pReach->Search();
 }
 
 void SideWindows::DetailsShow(GridControl& grdMain)
@@ -84,6 +106,12 @@ void SideWindows::Update()
 
 void SideWindows::Unload()
 {
+    for (const QPointer<PlanWindow>& pPlan :
+         {QPointer<PlanWindow>(m_pReach), QPointer<PlanWindow>(m_pPlaces)}) {
+        if (pPlan)
+            pPlan->close();  // keeps its place
+        delete pPlan;
+    }
     delete m_pAbout;
     delete m_pDetails;
     delete m_pMap;

@@ -10,21 +10,25 @@
 #include "settings/Settings.h"
 
 class GridControl;
-class MainWindowHost;
+class PlanHost;
 class QWidget;
 class frmAbout;
 class frmDetails;
 class frmMap;
 class frmOptions;
+class frmPlaces;
+class frmReach;
 
 class SideWindows {
 public:
     /// @param window  the main window, as host and as the place beside which the others appear
-    SideWindows(QWidget& window, MainWindowHost& host);
+    SideWindows(QWidget& window, PlanHost& host);
 
     void AboutShow();
     void MapShow();
     void OptionsShow(int iTab);
+    void PlacesShow();
+    void ReachShow();
     /// Shows the details of a cell; without activating a window that is there.
     void DetailsShow(GridControl& grdMain);
     void DetailsRaise();
@@ -44,8 +48,10 @@ public:
     QPointer<frmDetails> m_pDetails;
     QPointer<frmMap> m_pMap;
     QPointer<frmOptions> m_pOptions;
+    QPointer<frmPlaces> m_pPlaces;
+    QPointer<frmReach> m_pReach;
 
 private:
     QWidget& m_window;
-    MainWindowHost& m_host;
+    PlanHost& m_host;
 };

@@ -49,13 +49,12 @@ std::string TableRun::InForceGet(StatusForm eForm) const
         return StatusInForce(m_table.request, {m_table.bBuiltIn, true, m_sAirMail, sProfile},
                              eForm);
     return StatusInForce(
-        RequestMake(),
+        RequestGet(),
         {EngineIsHopcasts(m_settings.m_iPropagationModel), m_bSunSpotNumber, m_sAirMail, sProfile},
         eForm);
 }
 
-/// The settings do not know which source the number of this run came from.
-Request TableRun::RequestMake() const
+Request TableRun::RequestGet() const
 {
     Request input = RequestFromSettings(m_settings);
     if (!m_settings.m_bPropagationSunSpotNumber && m_settings.m_bPropagationForecast)
@@ -117,7 +116,7 @@ bool TableRun::TableMake()
 {
     PropagationTable table(m_settings.m_nData);
     std::vector<Failure> aFailures;
-    const bool bOk = PropagationRun(RequestMake(), table, aFailures);
+    const bool bOk = PropagationRun(RequestGet(), table, aFailures);
     for (const Failure& failure : aFailures) MsgBox(failure.eIcon, failure.sText);
     const auto failureLast =
         aFailures.empty() ? std::nullopt : std::optional<Failure>(aFailures.back());

@@ -30,6 +30,8 @@ public:
     [[nodiscard]] bool OldIs() const { return m_bOld; }
     /// What the table was made for; before the first one, what it would be made for.
     [[nodiscard]] Request InputGet() const;
+    /// What the settings ask for; only the run knows which source its sunspot number came from.
+    [[nodiscard]] Request RequestGet() const;
     /// What went wrong at the last run, in one line; empty when all of it succeeded.
     [[nodiscard]] const std::string& TroubleGet() const { return m_sTrouble; }
     /// What is worth telling of the table's sunspot number, in one line; empty for nothing.
@@ -42,7 +44,6 @@ public:
     [[nodiscard]] int BestRowGet(int iHour) const;
 
 private:
-    [[nodiscard]] Request RequestMake() const;
     bool ListTake();
     bool TableMake();
     bool TroubleSet(RunTrouble eTrouble, const std::optional<Failure>& failure = {});

@@ -27,7 +27,7 @@ void RowEmpty(GridControl& grd, int iRow, bool bHatch)
 
 void CellShow(GridControl& grd, int iRow, int iHour, float fSnr)
 {
-    const SnrBand& band = SnrBandGet(fSnr);
+    const SnrBand& band = SnrBandOfCell(fSnr);
     grd.TextSet(iRow, iHour, QString::fromStdString(NumberFormat(fSnr, "0")));
     grd.ColorSet(iRow, iHour, ColorFromBgr(band.nColor), ColorFromBgr(band.nText));
     grd.HatchSet(iRow, iHour, false);

@@ -9,16 +9,18 @@
 
 #include "airmail/AirMailLib.h"
 #include "propagation/SnrScale.h"
+#include "propagation/itshfbc/ProcessEngine.h"
 #include "settings/ProfileLib.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "ui/common/BoxOpen.h"
+#include "ui/common/NeedChooser.h"
 #include "ui/common/Pictures.h"
 #include "ui/main/AirmailCommands.h"
 #include "ui/main/ClockLine.h"
 #include "ui/main/FileCommands.h"
-#include "ui/main/NeedChooser.h"
+#include "ui/main/PlanCommands.h"
 #include "ui/main/PositionEntry.h"
 #include "ui/main/StatusLine.h"
 #include "ui/main/TableView.h"
@@ -258,6 +260,29 @@ void frmMain::OverlayFailedSet(const std::optional<Failure>& failure)
                 : std::string());
     if (!m_pCommands->RunningIs())  // the end of the run shows it
         StatusShow();
+}
+
+std::shared_ptr<const Engine> frmMain::EngineGet(int iModel) const
+{
+    return m_fnEngine ? m_fnEngine(iModel) : std::make_shared<ProcessEngine>(iModel);
+}
+
+void frmMain::PlanTake(const PlanTaking& taking)
+{
+    m_pCommands->Do([this, taking] {
+        m_pPlan->Take(taking);
+        activateWindow();
+        raise();
+    });
+}
+
+bool frmMain::TakenIs() const { return m_pPlan->TakenIs(); }
+
+/// A planning window asks for what the user sees, so what was typed comes into force before.
+void frmMain::WaitingUpdate()
+{
+    if (m_pEntry->WaitingIs())
+        Update();
 }
 
 void frmMain::cmdUpdateClick()

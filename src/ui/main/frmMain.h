@@ -12,27 +12,30 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "settings/Settings.h"
-#include "ui/common/MainWindowHost.h"
 #include "ui/main/CommandQueue.h"
 #include "ui/main/MainTable.h"
 #include "ui/main/SideWindows.h"
 #include "ui/main/StationMenu.h"
 #include "ui/main/TableRun.h"
+#include "ui/plan/PlanHost.h"
 #include "ui_frmMain.h"
 
 class AirmailCommands;
 class ClockLine;
 class FileCommands;
+class PlanCommands;
 class PositionEntry;
 class QTimer;
 class NeedChooser;
 class StatusLine;
 
-class frmMain final : public QMainWindow, public Ui::frmMain, public MainWindowHost {
+class frmMain final : public QMainWindow, public Ui::frmMain, public PlanHost {
     Q_OBJECT
 public:
     explicit frmMain(QWidget* pParent = nullptr);
@@ -52,7 +55,14 @@ public:
     [[nodiscard]] Settings& SettingsGet() override { return m_settings; }
     [[nodiscard]] Request TableInputGet() const override { return m_run->InputGet(); }
     void OverlayFailedSet(const std::optional<Failure>& failure) override;
-    [[nodiscard]] const PropagationTable& TableGet() const { return m_run->TableGet(); }
+    [[nodiscard]] const PropagationTable& TableGet() const override { return m_run->TableGet(); }
+    [[nodiscard]] Request RequestGet() const override { return m_run->RequestGet(); }
+    [[nodiscard]] std::shared_ptr<const Engine> EngineGet(int iModel) const override;
+    void PlanTake(const PlanTaking& taking) override;
+    [[nodiscard]] bool TakenIs() const override;
+    /// Hands in the engines for many predictions; without it each goes by its program.
+    using EngineFn = std::function<std::shared_ptr<const Engine>(int iModel)>;
+    void EnginesSet(EngineFn fnEngine) { m_fnEngine = std::move(fnEngine); }
     /// The first showing is over: profile read, first prediction done.
     [[nodiscard]] bool ActivatedIs() const { return m_bActivated; }
 
@@ -72,6 +82,8 @@ public:
     const QPointer<frmDetails>& m_pDetails = m_windows.m_pDetails;
     const QPointer<frmMap>& m_pMap = m_windows.m_pMap;
     const QPointer<frmOptions>& m_pOptions = m_windows.m_pOptions;
+    const QPointer<frmPlaces>& m_pPlaces = m_windows.m_pPlaces;
+    const QPointer<frmReach>& m_pReach = m_windows.m_pReach;
 
 Q_SIGNALS:
     void Activated();  ///< after the first showing's prediction
@@ -87,6 +99,7 @@ private:
     void TableConnect();
     void ButtonsConnect();
     void MenusConnect();
+    void PlanConnect();
     void CommandConnect(QAction* pAction, std::function<void()> fnCommand);
     void CommandConnect(QPushButton* pButton, std::function<void()> fnCommand);
     void ActivationBegin();
@@ -115,16 +128,19 @@ private:
     void DetailsFill();
     void PositionRefused(const QString& sWhy);
     void TitleSet(const QString& sStation);
+    void WaitingUpdate();
 
     CommandQueue* m_pCommands = nullptr;
     PositionEntry* m_pEntry = nullptr;
     StatusLine* m_pStatus = nullptr;
     NeedChooser* m_pNeed = nullptr;
+    PlanCommands* m_pPlan = nullptr;
     ClockLine* m_pClock = nullptr;
     FileCommands* m_pFile = nullptr;
     AirmailCommands* m_pAirmail = nullptr;
     std::optional<MainTable> m_table;
     std::optional<TableRun> m_run;
+    EngineFn m_fnEngine;
     int m_iRowChosen = -1;  ///< selected before the run that failed, for the next one
     bool m_bActivated = false;
     bool m_bActivating = false;

@@ -7,11 +7,12 @@
 #include "system/PathLib.h"
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/Guide.h"
+#include "ui/common/NeedChooser.h"
 #include "ui/common/Pictures.h"
 #include "ui/main/AirmailCommands.h"
 #include "ui/main/ClockLine.h"
 #include "ui/main/FileCommands.h"
-#include "ui/main/NeedChooser.h"
+#include "ui/main/PlanCommands.h"
 #include "ui/main/PositionEntry.h"
 #include "ui/main/StatusLine.h"
 #include "ui/main/frmMain.h"
@@ -27,6 +28,7 @@ frmMain::frmMain(QWidget* pParent) : QMainWindow(pParent)
     TableConnect();
     ButtonsConnect();
     MenusConnect();
+    PlanConnect();
     Initialize();
 }
 
@@ -54,7 +56,8 @@ void frmMain::PartsMake()
     m_table.emplace(*grdData, m_settings);
     m_run.emplace(m_settings, *grdData);
     connect(m_pCommands, &CommandQueue::UpdateAsked, this, &frmMain::Update);
-    connect(m_pNeed, &NeedChooser::Chosen, this, [this] { StatusShow(); });
+    connect(m_pNeed, &NeedChooser::Chosen, &SettingsSignalGet(), &SettingsSignal::NeedChosen);
+    connect(&SettingsSignalGet(), &SettingsSignal::NeedChosen, this, [this] { StatusShow(); });
     connect(m_pFile, &FileCommands::Noticed, m_pStatus, &StatusLine::NoticeSet);
     connect(m_pAirmail, &AirmailCommands::Noticed, m_pStatus, &StatusLine::NoticeSet);
     connect(m_pAirmail, &AirmailCommands::StationTaken, this, &frmMain::TitleSet);
@@ -138,4 +141,23 @@ void frmMain::MenusConnect()
         CommandConnect(pAction, [this, iTab] { m_windows.OptionsShow(iTab); });
         ++iTab;
     }
+}
+
+void frmMain::PlanConnect()
+{
+    m_pPlan = new PlanCommands(*this, *this, this);
+    connect(m_pPlan, &PlanCommands::RowTaken, m_pEntry, &PositionEntry::RowDrop);
+    connect(m_pPlan, &PlanCommands::TitleTaken, this, &frmMain::TitleSet);
+    connect(m_pPlan, &PlanCommands::CellTaken, this, &frmMain::grdDataMove);
+    connect(m_pPlan, &PlanCommands::BackPossible, mnuPlanBack, &QAction::setEnabled);
+    CommandConnect(mnuPlanReach, [this] {
+        WaitingUpdate();
+        m_windows.ReachShow();
+    });
+    CommandConnect(mnuPlanPlaces, [this] { m_windows.PlacesShow(); });
+    CommandConnect(mnuPlanExchange, [this] {
+        m_pEntry->WaitingTake(m_settings);
+        m_pPlan->Exchange();
+    });
+    CommandConnect(mnuPlanBack, [this] { m_pPlan->Back(); });
 }

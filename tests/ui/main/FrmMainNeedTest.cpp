@@ -5,7 +5,7 @@
 #include <QTest>
 
 #include "ui/details/frmDetails.h"
-#include "ui/main/NeedChooser.h"
+#include "ui/common/NeedChooser.h"
 #include "ui/options/frmOptions.h"
 #include "ui/support/MainRig.h"
 

@@ -1,4 +1,4 @@
-#include "ui/main/WindowPlace.h"
+#include "ui/common/WindowPlace.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <limits>
 
-#include "ui/main/WindowPlace.h"
+#include "ui/common/WindowPlace.h"
 
 namespace {
 

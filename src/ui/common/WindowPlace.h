@@ -1,9 +1,9 @@
 /// @file WindowPlace.h
-/// The main window's place in the profile: the outer frame in twips, brought onto a visible screen
-/// when it is read back.
+/// A window's place in the profile: the outer frame in twips, brought onto a visible screen when it
+/// is read back.
 ///
 /// Units:   pixels; twips are pixels times 15.
-/// Tests:   tests/ui/main/WindowPlaceTest.cpp
+/// Tests:   tests/ui/common/WindowPlaceTest.cpp
 #pragma once
 
 #include <QList>

@@ -1,4 +1,4 @@
-#include "ui/main/NeedChooser.h"
+#include "ui/common/NeedChooser.h"
 
 #include <QMenu>
 

@@ -1,6 +1,5 @@
 /// @file NeedChooser.h
-/// The button at the right end of the status line that chooses what contacts are for; cells that
-/// meet the need are marked in the table.
+/// The button that chooses what contacts are for, in the status line and in the planning windows.
 ///
 /// Units:   dB in 1 Hz.
 /// Tests:   tests/ui/main/FrmMainNeedTest.cpp

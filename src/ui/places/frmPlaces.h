@@ -1,0 +1,66 @@
+/// @file frmPlaces.h
+/// "My Places": the user's own list beside the profile, edited row by row or pasted as a table. A
+/// change is saved at once, and the last one can be taken back.
+///
+/// Keys:    Enter in a field puts the fields into the selected row, or adds a row where none is
+///          selected. Ctrl+V in the list pastes rows, Del removes the selected one.
+/// Errors:  a text that is refused stays in its fields, and the line below says why. A row of the
+///          file that cannot be used is shown with its line, and kept as it stands. A file that is
+///          no list of places is never written.
+/// Tests:   tests/ui/plan/FrmPlacesTest.cpp
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <array>
+#include <optional>
+
+#include "places/OwnPlaces.h"
+#include "ui/common/GridControl.h"
+#include "ui/plan/PlanWindow.h"
+
+class frmPlaces final : public PlanWindow {
+    Q_OBJECT
+public:
+    explicit frmPlaces(PlanHost& host);
+
+    /// The list of the profile in force.
+    void Load();
+    [[nodiscard]] Page PageGet() const override;
+    [[nodiscard]] const OwnPlaceList& ListGet() const { return m_list; }
+
+    GridControl* grdPlaces;
+    /// Name, position, frequencies, note.
+    std::array<QLineEdit*, 4> atxtField;
+    QPushButton* cmdAdd;
+    QPushButton* cmdChange;
+    QPushButton* cmdRemove;
+    QPushButton* cmdPaste;
+    QPushButton* cmdUndo;
+    QLabel* lblHint;
+
+protected:
+    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
+
+private:
+    void GridMake();
+    void EditorMake();
+    void Show(int iRow);
+    void RowShow(int iRow);
+    void RowSelect(int iRow);
+    void FieldsShow();
+    void HintSet(const std::string& sHint);
+    [[nodiscard]] std::optional<OwnPlace> Typed();
+    [[nodiscard]] int SelectedGet() const;
+    bool ListPut(const OwnPlaceList& list, int iRow);
+    void Add();
+    void Change();
+    void Remove();
+    void Paste();
+    void Undo();
+
+    OwnPlaceList m_list;
+    std::optional<OwnPlaceList> m_before;  // the list before the last change
+    bool m_bReadable = false;
+};

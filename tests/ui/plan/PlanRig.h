@@ -1,0 +1,105 @@
+/// @file PlanRig.h
+/// The real main window with the built-in engine for its planning windows, and an Airmail folder.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <condition_variable>
+#include <filesystem>
+#include <mutex>
+
+#include "engine/builtin/BuiltInEngine.h"
+#include "places/OwnPlaces.h"
+#include "support/TempFolder.h"
+#include "ui/reach/frmReach.h"
+#include "ui/support/MainRig.h"
+#include "ui/support/UiEvents.h"
+
+/// An engine that answers once it is let go, or not before it is stopped.
+class HeldEngine final : public Engine {
+public:
+    explicit HeldEngine(std::shared_ptr<const Engine> pEngine) : m_pEngine(std::move(pEngine)) {}
+    [[nodiscard]] int ModelGet() const override { return m_pEngine->ModelGet(); }
+    [[nodiscard]] std::string NameGet() const override { return m_pEngine->NameGet(); }
+    [[nodiscard]] std::string VersionGet() const override { return m_pEngine->VersionGet(); }
+    [[nodiscard]] EngineLimits LimitsGet() const override { return m_pEngine->LimitsGet(); }
+    [[nodiscard]] std::optional<Failure> ObstacleGet() const override { return m_obstacle; }
+    [[nodiscard]] Prediction Predict(const Request& request,
+                                     const std::stop_token& stop) const override
+    {
+        std::unique_lock lock(m_mutex);
+        m_wake.wait(lock, stop, [this] { return m_nLeft > 0; });
+        if (!stop.stop_requested())
+            --m_nLeft;
+        lock.unlock();
+        return m_pEngine->Predict(request, stop);
+    }
+    [[nodiscard]] AreaPrediction PredictArea(const AreaRequest& request,
+                                             const std::stop_token& stop) const override
+    {
+        return m_pEngine->PredictArea(request, stop);
+    }
+    /// Lets so many predictions go.
+    void Release(int nPredictions) const
+    {
+        const std::lock_guard lock(m_mutex);
+        m_nLeft += nPredictions;
+        m_wake.notify_all();
+    }
+    std::optional<Failure> m_obstacle;
+
+private:
+    std::shared_ptr<const Engine> m_pEngine;
+    mutable std::mutex m_mutex;
+    mutable std::condition_variable_any m_wake;
+    mutable int m_nLeft = 0;
+};
+
+class PlanRig : public MainRig {
+public:
+    PlanRig() : MainRig(kEngineRec533)
+    {
+        m_pEngine = std::make_shared<BuiltInEngine>(m_folder.Path("root"));
+        ProfileAdd("[Receiver Data]\nLatitude=15.375\nLongitude=-132.6875\n");
+    }
+    frmMain& StartWithEngine()
+    {
+        frmMain& frm = Make();
+        frm.EnginesSet([this](int) { return m_pEngine; });
+        return Start();
+    }
+    /// Opens the window of stations by its key and waits for its rows.
+    frmReach& ReachOpen()
+    {
+        ReachOpenSoon();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !m_pFrm->m_pReach->RunningIs(); }, 20000));
+        return *m_pFrm->m_pReach;
+    }
+    frmReach& ReachOpenSoon()
+    {
+        m_pFrm->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_pFrm.get()));
+        QTest::keyClick(m_pFrm.get(), Qt::Key_R, Qt::ControlModifier);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return bool(m_pFrm->m_pReach); }));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_pFrm->m_pReach.data()));
+        return *m_pFrm->m_pReach;
+    }
+    void OwnPlacesWrite(const std::string& sRows)
+    {
+        m_folder.Write("hopcast.places.csv", std::string(kOwnPlacesHead) + "\n" + sRows);
+    }
+
+    std::shared_ptr<const Engine> m_pEngine;
+};
+
+inline constexpr const char* kStationsHam =
+    "[Station Info]\n"
+    "KQ6XA=CM87:San Luis Obispo; 7103.0 10142.5 14105.5\n"
+    "VK4YEH=QG62:Brisbane\n"
+    "DL0XYZ=JN58:M\xFCnchen\n";
+inline constexpr const char* kStationsSail =
+    "[Station Info]\n"
+    "WHV382=CN88:Friday Harbor; 5881.4, 7971.4/13992.5\n"
+    "KQ6XA=DM13:The same name elsewhere\n"
+    "BAD1=12:No square\n";
