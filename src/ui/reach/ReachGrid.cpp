@@ -86,7 +86,7 @@ void HourSet(GridControl& grd, int iRow, int iCol, const ReachHour& hour, float 
 {
     if (!(hour.fFrequency > 0.0F))
         return CellSet(grd, iRow, iCol, {});
-    const SnrBand& band = SnrBandGet(hour.fSnr);
+    const SnrBand& band = SnrBandOfCell(hour.fSnr);
     grd.TextSet(iRow, iCol, Whole(hour.fSnr));
     grd.ColorSet(iRow, iCol, ColorFromBgr(band.nColor), ColorFromBgr(band.nText));
     grd.MetSet(iRow, iCol, hour.OpenIs(fNeed));
@@ -174,7 +174,7 @@ PageGrid ReachPageGrid(const Reach& reach, const std::vector<std::size_t>& aRows
             if (!(hour.fFrequency > 0.0F))
                 continue;
             cell.sText = Whole(hour.fSnr);
-            cell.clrBack = ColorFromBgr(SnrBandGet(hour.fSnr).nColor);
+            cell.clrBack = ColorFromBgr(SnrBandOfCell(hour.fSnr).nColor);
             cell.bStrong = hour.OpenIs(reach.AskedGet().fNeed);
         }
         for (const QString& sText : {texts.sOpen, texts.sBearing, texts.sRange})
