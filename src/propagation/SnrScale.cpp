@@ -103,6 +103,11 @@ const SnrBand& SnrBandOfCell(float fSnr, Palette ePalette)
     return SnrBandGet(std::round(fSnr), ePalette);  // half away from zero, as the pattern "0"
 }
 
+const SnrBand& SnrBandOfTable(float fSnr, float fPower, Palette ePalette)
+{
+    return fPower > 0.0F ? SnrBandOfCell(fSnr, ePalette) : SnrBandGet(fSnr, ePalette);
+}
+
 std::uint32_t SnrGetColor(float fSnr) { return SnrBandGet(fSnr).nColor; }
 
 std::string SnrBandCaption(std::size_t iBand)

@@ -44,6 +44,12 @@ struct SnrBand {
 /// whole numbers, as engines print them and no power has shifted, it is SnrBandGet's.
 [[nodiscard]] const SnrBand& SnrBandOfCell(float fSnr, Palette ePalette = Palette::Standard);
 
+/// The step of a table's cell: of the number that is shown where an own power has shifted the
+/// engine's, else of the value itself.
+/// @param fPower  of the table's request, W; 0: the antenna choice's
+[[nodiscard]] const SnrBand& SnrBandOfTable(float fSnr, float fPower,
+                                            Palette ePalette = Palette::Standard);
+
 /// The standard colour of an SNR. The jump from purple (55 dB) to blue (50 dB) is intended.
 [[nodiscard]] std::uint32_t SnrGetColor(float fSnr);
 

@@ -203,14 +203,14 @@ void frmDetails::RowFill(int iRow, const PropagationTable& table)
     grdData->TextSet(iRow, kColSignal, Formatted(record.fSdBW, "0"));
     grdData->TextSet(iRow, kColNoise, Formatted(record.fNdBW, "0"));
     grdData->TextSet(iRow, kColSnr, Formatted(record.fSnr, "0"));
-    grdData->ColorSet(iRow, kColSnr, ColorFromBgr(SnrBandOfCell(record.fSnr).nColor),
-                      SnrTextColor(record.fSnr));
+    grdData->ColorSet(iRow, kColSnr,
+                      ColorFromBgr(SnrBandOfTable(record.fSnr, table.request.fPower).nColor),
+                      SnrTextColor(SnrBandOfTable(record.fSnr, table.request.fPower)));
 }
 
 /// The selection's text colour where it reads on the SNR's, else black or white.
-QColor frmDetails::SnrTextColor(float fSnr) const
+QColor frmDetails::SnrTextColor(const SnrBand& band) const
 {
-    const SnrBand& band = SnrBandOfCell(fSnr);
     const QColor clrSelection = palette().color(QPalette::HighlightedText);
     const auto nSelection = static_cast<std::uint32_t>(
         clrSelection.red() | clrSelection.green() << 8 | clrSelection.blue() << 16);

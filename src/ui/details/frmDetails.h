@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include "propagation/PropagationTable.h"
+#include "propagation/SnrScale.h"
 #include "ui/common/GridControl.h"
 #include "ui/common/MainWindowHost.h"
 
@@ -42,7 +43,7 @@ protected:
 
 private:
     [[nodiscard]] int GridTop() const;
-    [[nodiscard]] QColor SnrTextColor(float fSnr) const;
+    [[nodiscard]] QColor SnrTextColor(const SnrBand& band) const;
     void SignalsConnect();
     void HeaderLayout();
     void RowsLayout();

@@ -2,7 +2,7 @@
 /// The Plan menu's commands on the path itself: a path taken from a planning window, the way back
 /// to the one before, and the ends exchanged.
 ///
-/// Tests:   tests/ui/plan/PlanCommandsTest.cpp
+/// Tests:   tests/ui/plan/FrmReachTest.cpp
 #pragma once
 
 #include <QObject>

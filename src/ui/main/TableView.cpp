@@ -25,9 +25,9 @@ void RowEmpty(GridControl& grd, int iRow, bool bHatch)
     }
 }
 
-void CellShow(GridControl& grd, int iRow, int iHour, float fSnr)
+void CellShow(GridControl& grd, int iRow, int iHour, float fSnr, float fPower)
 {
-    const SnrBand& band = SnrBandOfCell(fSnr);
+    const SnrBand& band = SnrBandOfTable(fSnr, fPower);
     grd.TextSet(iRow, iHour, QString::fromStdString(NumberFormat(fSnr, "0")));
     grd.ColorSet(iRow, iHour, ColorFromBgr(band.nColor), ColorFromBgr(band.nText));
     grd.HatchSet(iRow, iHour, false);
@@ -56,7 +56,7 @@ void TableShow(PropagationTable& table, GridControl& grd)
         for (int iHour = 1; iHour <= kHourCount; ++iHour) {
             float& fSnr = table.fSnr(iHour, i);
             fSnr = SnrShownGet(fSnr);
-            CellShow(grd, i, iHour, fSnr);
+            CellShow(grd, i, iHour, fSnr, table.request.fPower);
         }
     }
 }

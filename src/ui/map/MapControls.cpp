@@ -181,12 +181,24 @@ StationDot::StationDot(int iSystem, QWidget* pParent) : MouseControl(pParent), m
     setCursor(Qt::ArrowCursor);
 }
 
+void StationDot::ColorSet(const QColor& clr)
+{
+    m_clr = clr;
+    update();
+}
+
+QColor StationDot::ColorGet() const
+{
+    if (m_clr.isValid())
+        return m_clr;
+    return QColor(kSystemColors[static_cast<std::size_t>(m_iSystem - 1) % kSystemColors.size()]);
+}
+
 void StationDot::paintEvent(QPaintEvent* /*pEvent*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::black);
-    painter.setBrush(
-        QColor(kSystemColors[static_cast<std::size_t>(m_iSystem - 1) % kSystemColors.size()]));
+    painter.setBrush(ColorGet());
     painter.drawPath(SymbolGetPath(m_iSystem, QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5)));
 }

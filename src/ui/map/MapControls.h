@@ -88,12 +88,16 @@ class StationDot final : public MouseControl {
     Q_OBJECT
 public:
     StationDot(int iSystem, QWidget* pParent);
+    /// Another colour than that of its system; an invalid one brings that back.
+    void ColorSet(const QColor& clr);
+    [[nodiscard]] QColor ColorGet() const;
 
 protected:
     void paintEvent(QPaintEvent* pEvent) override;
 
 private:
     int m_iSystem;
+    QColor m_clr;
 };
 
 /// Pictures of the buttons: "Overlay", "Stations", "Path", "Night"; another key gives none.

@@ -66,6 +66,7 @@ Result<void> MapStations::StationsLoad()
         if (!resSystem && resFirst)
             resFirst = resSystem;
     }
+    Q_EMIT Loaded();
     return resFirst;
 }
 
@@ -82,6 +83,8 @@ Result<void> MapStations::SystemLoad(const std::string& sSystem, int iSystem)
     for (int i = 1; i <= nStation; ++i) {
         MapStation station;
         station.iSystem = iSystem;
+        station.sSystem = sSystem;
+        station.sKey = asKey[i];
         const Result<bool> resPosition = AirMailStationPosition(sSystem, asKey[i], station.pos.dLat,
                                                                 station.pos.dLon, false, aMessages);
         if (!resPosition && resFirst)
@@ -89,25 +92,36 @@ Result<void> MapStations::SystemLoad(const std::string& sSystem, int iSystem)
         if (!resPosition || !resPosition.ValueGet())
             continue;
         const std::string sDescription = AirMailStationDescription(sSystem, asKey[i], nullptr);
-        StationAdd(station, QString::fromStdString(TextForMessage(
-                                sDescription.empty() ? asKey[i] : asKey[i] + ", " + sDescription)));
+        station.sTip = QString::fromStdString(
+            TextForMessage(sDescription.empty() ? asKey[i] : asKey[i] + ", " + sDescription));
+        StationAdd(station);
     }
     MsgShow(aMessages);
     return resFirst;
 }
 
-void MapStations::StationAdd(const MapStation& station, const QString& sTip)
+void MapStations::StationAdd(const MapStation& station)
 {
     m_aStation.push_back(station);
     const int iStation = static_cast<int>(m_aStation.size());
     auto* pDot = new StationDot(station.iSystem, m_form.pctMap);
     pDot->setObjectName(QStringLiteral("imgStation%1").arg(iStation - 1));
-    pDot->setToolTip(TipText(sTip));
-    pDot->setAccessibleName(sTip);
+    pDot->setToolTip(TipText(station.sTip));
+    pDot->setAccessibleName(station.sTip);
     pDot->hide();
     connect(pDot, &StationDot::MouseUp, this,
             [this, iStation](QMouseEvent* pEvent) { imgStationMouseUp(iStation, pEvent); });
     m_form.imgStation.push_back(pDot);
+}
+
+void MapStations::StationShow(std::size_t iStation, const QColor& clrSymbol, const QString& sMore)
+{
+    const QString sAll = m_aStation[iStation].sTip + (sMore.isEmpty() ? QString() : u'\n' + sMore);
+    StationDot& dot = *m_form.imgStation[iStation];
+    dot.ColorSet(clrSymbol);
+    dot.setToolTip(TipText(sAll).replace(
+        u'\n', Qt::mightBeRichText(sAll) ? QStringLiteral("<br>") : QStringLiteral("\n")));
+    dot.setAccessibleName(sAll);
 }
 
 void MapStations::StationsDraw()

@@ -19,6 +19,9 @@ class QMouseEvent;
 struct MapStation {
     LatLon pos;
     int iSystem = 1;
+    std::string sSystem;
+    std::string sKey;
+    QString sTip;
 };
 
 class MapStations final : public QObject {
@@ -27,12 +30,20 @@ public:
     MapStations(MapForm& form, MapMarkers& markers);
     /// Places the symbols, and shows those whose system is checked.
     void StationsDraw();
+    [[nodiscard]] const std::vector<MapStation>& StationsGet() const { return m_aStation; }
+    /// A station's symbol in a colour, or in that of its list where there is none.
+    /// @param iStation  from 0
+    /// @param sMore     a second line of its tip; or empty
+    void StationShow(std::size_t iStation, const QColor& clrSymbol, const QString& sMore);
+
+Q_SIGNALS:
+    void Loaded();
 
 private:
     void cmdStationsClick();
     Result<void> StationsLoad();
     Result<void> SystemLoad(const std::string& sSystem, int iSystem);
-    void StationAdd(const MapStation& station, const QString& sTip);
+    void StationAdd(const MapStation& station);
     void imgStationMouseUp(int iStation, const QMouseEvent* pEvent);
     void mnuStationSet(MarkerLabel* pMarker);
 

@@ -26,6 +26,7 @@ frmMap::frmMap(MainWindowHost& host, QWidget* pParent)
       m_mouse(*this, m_navigation, m_markers, m_layers),
       m_stations(*this, m_markers),
       m_overlayMenu(*this, host),
+      m_reach(*this, m_stations, host, m_overlayMenu),
       m_overlay(*this, host, m_overlayMenu),
       m_keys(*this, *this, m_navigation, m_mouse)
 {
@@ -155,6 +156,7 @@ void frmMap::Update()
         return;
     LocationsTake();
     m_navigation.EdgeFollowSetting(m_host.SettingsGet());
+    m_reach.Show();
     OverlayAgain();
 }
 

@@ -21,6 +21,7 @@
 #include "ui/map/MapNavigation.h"
 #include "ui/map/MapOverlayControl.h"
 #include "ui/map/MapOverlayMenu.h"
+#include "ui/map/MapReach.h"
 #include "ui/map/MapScrollBars.h"
 #include "ui/map/MapStations.h"
 #include "ui/map/MapWindowLayout.h"
@@ -65,6 +66,7 @@ private:
     MapMouse m_mouse;
     MapStations m_stations;
     MapOverlayMenu m_overlayMenu;
+    MapReach m_reach;
     MapOverlayControl m_overlay;
     MapKeys m_keys;
 };

@@ -4,7 +4,7 @@
 ///
 /// Keys:    Escape stops the work under way, pressed again it closes the window. Ctrl+P prints.
 /// Errors:  told in a box.
-/// Tests:   tests/ui/plan/PlanWindowTest.cpp
+/// Tests:   tests/ui/plan/FrmReachTest.cpp, FrmPlacesTest.cpp
 #pragma once
 
 #include <QWidget>

@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include "propagation/PowerTable.h"
+#include "propagation/SnrScale.h"
 #include "ui/details/frmDetails.h"
 #include "ui/support/MainRig.h"
 #include "ui/support/UiEvents.h"
@@ -211,6 +213,19 @@ INSTANTIATE_TEST_SUITE_P(
         BandCase{2.5, "3", qRgb(128, 128, 128)}, BandCase{-0.4, "0", qRgb(128, 128, 128)},
         BandCase{-99, "-99", qRgb(128, 128, 128)}, BandCase{-150, "-99", qRgb(128, 128, 128)}));
 
+TEST(FrmMainTable, UnderAnOwnPowerColourAndNumberOfACellAgree)
+{
+    MainRig rig;
+    rig.m_engine.fnSnr = [](int, int) { return 49.7; };
+    frmMain& frm = rig.Start();
+    EXPECT_EQ(frm.grdData->CellGet(1, 1).clrBack, ColorFromBgr(SnrGetColor(49.7F)));
+    frm.m_settings.m_fStationPower = static_cast<float>(PowerInForceGet(
+        0.0, kEngineVoacap, frm.m_settings.m_iPropagationAntennaType, DeckKind::PointToPoint));
+    frm.Update();
+    EXPECT_EQ(frm.grdData->TextGet(1, 1), QStringLiteral("50"));
+    EXPECT_EQ(frm.grdData->CellGet(1, 1).clrBack, ColorFromBgr(SnrGetColor(50.0F)));
+}
+
 TEST(FrmMainTable, ValuesBelowTheLeastAreReplacedInTheTableItself)
 {
     MainRig rig;
@@ -305,7 +320,8 @@ TEST(FrmMainTable, LegendShowsEachBandInItsColour)
         const float fSnr = pBand->text().remove(QLatin1Char('+')).toFloat();  // "< 40" is 0
         EXPECT_EQ(pBand->palette().color(QPalette::Window), ColorFromBgr(frm.SnrGetColor(fSnr)));
     }
-    EXPECT_EQ(asBand.join(QLatin1Char('|')), QStringLiteral("SNR (dB in 1 Hz)|< 40|40|45|50|55|60|65|70+"));
+    EXPECT_EQ(asBand.join(QLatin1Char('|')),
+              QStringLiteral("SNR (dB in 1 Hz)|< 40|40|45|50|55|60|65|70+"));
 }
 
 TEST(FrmMainTable, SpeaksFrequencyHourAndValue)
