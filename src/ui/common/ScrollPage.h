@@ -2,7 +2,7 @@
 /// A page that scrolls where the window is too small for it, and looks as before where it is not.
 /// What gets the focus comes into view.
 ///
-/// Tests:   tests/ui/reach/ReachTest.cpp, tests/ui/options/FrmOptionsKeyTest.cpp
+/// Tests:   tests/ui/screen/ScreenTest.cpp, tests/ui/options/FrmOptionsKeyTest.cpp
 #pragma once
 
 #include <QScrollArea>

@@ -3,7 +3,7 @@
 /// row of buttons below.
 ///
 /// Units:   pixels.
-/// Tests:   tests/ui/map/MapWindowLayoutTest.cpp, tests/ui/reach/ReachTest.cpp
+/// Tests:   tests/ui/map/MapWindowLayoutTest.cpp, tests/ui/screen/ScreenTest.cpp
 #pragma once
 
 #include <QObject>

@@ -13,12 +13,15 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include "places/OwnPlaces.h"
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/Guide.h"
 #include "ui/details/frmDetails.h"
 #include "ui/map/frmMap.h"
 #include "ui/options/frmAbout.h"
 #include "ui/options/frmOptions.h"
+#include "ui/places/frmPlaces.h"
+#include "ui/reach/frmReach.h"
 #include "ui/support/MainRig.h"
 
 namespace {
@@ -46,12 +49,12 @@ bool ControlIs(const QWidget& widget)
 }
 
 /// What a bar can bring into a room of nRoom pixels, in the room's present coordinates.
-struct Reach {
+struct Room {
     int nFrom = 0;
     int nTo = 0;
 };
 
-Reach ReachOf(const QScrollBar& bar, Qt::ScrollBarPolicy ePolicy, int nRoom)
+Room RoomOf(const QScrollBar& bar, Qt::ScrollBarPolicy ePolicy, int nRoom)
 {
     if (ePolicy == Qt::ScrollBarAlwaysOff)
         return {0, nRoom};
@@ -61,10 +64,10 @@ Reach ReachOf(const QScrollBar& bar, Qt::ScrollBarPolicy ePolicy, int nRoom)
 bool ScrolledTo(const QAbstractScrollArea& area, const QRect& rect)
 {
     const QSize sizeRoom = area.viewport()->size();
-    const Reach x =
-        ReachOf(*area.horizontalScrollBar(), area.horizontalScrollBarPolicy(), sizeRoom.width());
-    const Reach y =
-        ReachOf(*area.verticalScrollBar(), area.verticalScrollBarPolicy(), sizeRoom.height());
+    const Room x =
+        RoomOf(*area.horizontalScrollBar(), area.horizontalScrollBarPolicy(), sizeRoom.width());
+    const Room y =
+        RoomOf(*area.verticalScrollBar(), area.verticalScrollBarPolicy(), sizeRoom.height());
     return rect.left() >= x.nFrom && rect.right() < x.nTo && rect.top() >= y.nFrom
            && rect.bottom() < y.nTo;
 }
@@ -122,13 +125,13 @@ int WindowWalk(QWidget& window)
     return nControls;
 }
 
-TEST(Reach, OfTheMainWindow)
+TEST(Screen, OfTheMainWindow)
 {
     MainRig rig;
     EXPECT_GT(WindowWalk(rig.Start()), 15);
 }
 
-TEST(Reach, OfTheMainWindowWithHoursAndMinutes)
+TEST(Screen, OfTheMainWindowWithHoursAndMinutes)
 {
     MainRig rig;
     rig.ProfileAdd("[Time Data]\nCode=1\n");
@@ -136,7 +139,7 @@ TEST(Reach, OfTheMainWindowWithHoursAndMinutes)
     EXPECT_GT(WindowWalk(rig.Start()), 15);
 }
 
-TEST(Reach, OfTheMenus)
+TEST(Screen, OfTheMenus)
 {
     MainRig rig;
     frmMain& frm = rig.Start();
@@ -150,7 +153,7 @@ TEST(Reach, OfTheMenus)
     }
 }
 
-TEST(Reach, OfTheDetails)
+TEST(Screen, OfTheDetails)
 {
     for (const int iModel : {kEngineVoacap, kEngineRec533}) {
         MainRig rig(iModel);
@@ -161,7 +164,7 @@ TEST(Reach, OfTheDetails)
     }
 }
 
-TEST(Reach, OfTheMap)
+TEST(Screen, OfTheMap)
 {
     MainRig rig;
     frmMain& frm = rig.Start();
@@ -170,7 +173,7 @@ TEST(Reach, OfTheMap)
     EXPECT_GT(WindowWalk(*frm.m_pMap), 10);
 }
 
-TEST(Reach, OfEveryTabOfTheOptions)
+TEST(Screen, OfEveryTabOfTheOptions)
 {
     MainRig rig;
     frmMain& frm = rig.Start();
@@ -183,7 +186,7 @@ TEST(Reach, OfEveryTabOfTheOptions)
     }
 }
 
-TEST(Reach, OfTheOptionsInAWindowSmallerThanTheirPages)
+TEST(Screen, OfTheOptionsInAWindowSmallerThanTheirPages)
 {
     MainRig rig;
     frmMain& frm = rig.Start();
@@ -198,7 +201,7 @@ TEST(Reach, OfTheOptionsInAWindowSmallerThanTheirPages)
     }
 }
 
-TEST(Reach, OfAbout)
+TEST(Screen, OfAbout)
 {
     MainRig rig;
     frmMain& frm = rig.Start();
@@ -207,7 +210,34 @@ TEST(Reach, OfAbout)
     EXPECT_GE(WindowWalk(*frm.m_pAbout), 3);
 }
 
-TEST(Reach, OfTheGuide)
+/// The rows of one station and one own place.
+void PlacesWrite(MainRig& rig)
+{
+    rig.AirmailWrite("System.HAM.ini", "[Station Info]\nKQ6XA=CM87:San Luis; 7103.0\nBAD=1:x\n");
+    rig.m_folder.Write("hopcast.places.csv", std::string(kOwnPlacesHead) + "\nHome,JN47,,\n");
+}
+
+TEST(Screen, OfWhoCanIReach)
+{
+    MainRig rig;
+    PlacesWrite(rig);
+    frmMain& frm = rig.Start();
+    frm.mnuPlanReach->trigger();
+    ASSERT_NE(frm.m_pReach, nullptr);
+    EXPECT_GT(WindowWalk(*frm.m_pReach), 12);
+}
+
+TEST(Screen, OfMyPlaces)
+{
+    MainRig rig;
+    PlacesWrite(rig);
+    frmMain& frm = rig.Start();
+    frm.mnuPlanPlaces->trigger();
+    ASSERT_NE(frm.m_pPlaces, nullptr);
+    EXPECT_GT(WindowWalk(*frm.m_pPlaces), 10);
+}
+
+TEST(Screen, OfTheGuide)
 {
     const TempFolder folder;
     std::string sPage = "<h1>Guide</h1>";
