@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "propagation/PowerTable.h"
 #include "studies/compare/Compare.h"
 
 namespace {
@@ -73,6 +74,45 @@ TEST(Compare, LeavesOutAFrequencyWithoutValues)
     EXPECT_EQ(compare.figures.nBoth, 0);
     EXPECT_EQ(compare.figures.nOpenOnlyA, 1);
     EXPECT_EQ(compare.figures.AgreementGet(), 0.0);
+}
+
+TEST(Compare, IsToldInWordsWithoutWhatIsZero)
+{
+    CompareFigures figures;
+    EXPECT_EQ(CompareText(figures, "VOACAP", "REC533"), "no cell is open");
+    figures.nOpenEither = 100;
+    figures.nBoth = 100;
+    figures.nAgree = 71;
+    figures.nOpenOnlyB = 22;
+    EXPECT_EQ(CompareText(figures, "VOACAP", "REC533"),
+              "within 6 dB in 71 %; only REC533 open: 22");
+    figures.nOpenOnlyA = 3;
+    EXPECT_EQ(CompareText(figures, "VOACAP", "REC533"),
+              "within 6 dB in 71 %; only VOACAP open: 3; only REC533 open: 22");
+    figures.nBoth = 0;
+    figures.nOpenOnlyB = 0;
+    EXPECT_EQ(CompareText(figures, "VOACAP", "REC533"), "only VOACAP open: 3");
+}
+
+TEST(Compare, AsksAnotherEngineForTheSamePowerInTheMapsThatItKnows)
+{
+    Settings settings;
+    settings.m_iPropagationModel = kEngineRec533;
+    settings.m_iPropagationAntennaType = 0;
+    settings.m_fStationPower = 0.0F;
+    settings.m_bPropagationMapsMean = true;
+    const Request own = CompareRequestGet(settings, SunSpotSource::Noaa, kEngineRec533);
+    const Request other = CompareRequestGet(settings, SunSpotSource::Noaa, kEngineVoacap);
+    EXPECT_EQ(other.iModel, kEngineVoacap);
+    EXPECT_EQ(own.iModel, kEngineRec533);
+    EXPECT_EQ(other.eSunSpotSource, SunSpotSource::Noaa);
+    const auto fCard = static_cast<float>(
+        CardPowerGet(kEngineRec533, 0, DeckKind::PointToPoint));  // what REC533's choice brings
+    EXPECT_EQ(own.fPower, fCard);
+    EXPECT_EQ(other.fPower, fCard);
+    EXPECT_NE(other.sIonCoefficients, kCoefficientsMean);
+    settings.m_fStationPower = 70.0F;
+    EXPECT_EQ(CompareRequestGet(settings, SunSpotSource::Noaa, kEngineVoacap).fPower, 70.0F);
 }
 
 }  // namespace

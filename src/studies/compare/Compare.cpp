@@ -4,7 +4,9 @@
 #include <cmath>
 #include <optional>
 
+#include "propagation/PowerTable.h"
 #include "propagation/SnrScale.h"
+#include "system/NumberLib.h"
 
 namespace {
 
@@ -39,6 +41,18 @@ void CellCount(CompareFigures& figures, const std::optional<float>& fA,
 
 }  // namespace
 
+Request CompareRequestGet(const Settings& settings, SunSpotSource eSunSpotSource, int iModel)
+{
+    Settings other = settings;
+    other.m_iPropagationModel = iModel;
+    Request request = RequestFromSettings(other);
+    request.eSunSpotSource = eSunSpotSource;
+    request.fPower = static_cast<float>(
+        PowerInForceGet(settings.m_fStationPower, settings.m_iPropagationModel,
+                        settings.m_iPropagationAntennaType, DeckKind::PointToPoint));
+    return request;
+}
+
 CompareTable CompareGet(const PropagationTable& tableA, const PropagationTable& tableB, float fNeed)
 {
     assert(tableA.nData == tableB.nData);
@@ -58,4 +72,24 @@ CompareTable CompareGet(const PropagationTable& tableA, const PropagationTable& 
         figures.dRms = std::sqrt(figures.dRms / figures.nBoth);
     }
     return compare;
+}
+
+std::string CompareText(const CompareFigures& figures, const std::string& sEngineA,
+                        const std::string& sEngineB)
+{
+    if (figures.nOpenEither == 0)
+        return "no cell is open";
+    std::string sText;
+    constexpr double kPercent = 100.0;
+    if (figures.nBoth > 0)
+        sText = "within " + NumberToText(kAgreement) + " dB in "
+                + NumberFormat(figures.AgreementGet() * kPercent, "0") + " %";
+    const auto Only = [&sText](const std::string& sEngine, int nOpen) {
+        if (nOpen > 0)
+            sText +=
+                (sText.empty() ? "" : "; ") + ("only " + sEngine) + " open: " + NumberToText(nOpen);
+    };
+    Only(sEngineA, figures.nOpenOnlyA);
+    Only(sEngineB, figures.nOpenOnlyB);
+    return sText;
 }

@@ -6,6 +6,8 @@
 /// Tests:   tests/studies/CompareTest.cpp
 #pragma once
 
+#include <string>
+
 #include "propagation/PropagationTable.h"
 
 inline constexpr float kAgreement = 6.0F;  ///< dB; within it two engines are said to agree
@@ -31,6 +33,16 @@ struct CompareTable {
     CellArray<float> fDifference;  ///< A less B; not-a-number where there is none
     CompareFigures figures;
 };
+
+/// "within 6 dB in 71 %; only REC533 open: 22": the figures of the open cells in words; what is 0
+/// is left out, and without an open cell that is told.
+[[nodiscard]] std::string CompareText(const CompareFigures& figures, const std::string& sEngineA,
+                                      const std::string& sEngineB);
+
+/// The settings' path for another engine, for the power that the settings' own engine has in force:
+/// what an antenna choice brings differs between engines.
+[[nodiscard]] Request CompareRequestGet(const Settings& settings, SunSpotSource eSunSpotSource,
+                                        int iModel);
 
 /// REQUIRES: tables of the same frequencies.
 [[nodiscard]] CompareTable CompareGet(const PropagationTable& tableA,
