@@ -14,4 +14,8 @@ Q_SIGNALS:
     void NeedChosen();
     /// The user's own places are other ones.
     void PlacesChanged();
+    /// An update is over: the table that is shown, or whether it is an old one, may be new.
+    void TableRenewed();
+    /// Another cell of the table is selected, or none.
+    void CellSelected();
 };

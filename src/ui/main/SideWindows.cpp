@@ -1,6 +1,8 @@
 #include "ui/main/SideWindows.h"
 
 #include "ui/common/WindowPlace.h"
+#include "ui/compare/frmCompare.h"
+#include "ui/days/frmDays.h"
 #include "ui/details/frmDetails.h"
 #include "ui/map/frmMap.h"
 #include "ui/options/frmAbout.h"
@@ -72,6 +74,24 @@ void SideWindows::ReachShow()
         m_pReach->Search();
 }
 
+void SideWindows::DaysShow()
+{
+    if (!m_pDays) {
+        m_pDays = new frmDays(m_host);
+        WindowFit(*m_pDays, m_window);
+    }
+    WindowRaise(*m_pDays);
+}
+
+void SideWindows::CompareShow()
+{
+    if (!m_pCompare) {
+        m_pCompare = new frmCompare(m_host);
+        WindowFit(*m_pCompare, m_window);
+    }
+    WindowRaise(*m_pCompare);
+}
+
 void SideWindows::DetailsShow(GridControl& grdMain)
 {
     if (!m_pDetails) {
@@ -107,7 +127,8 @@ void SideWindows::Update()
 void SideWindows::Unload()
 {
     for (const QPointer<PlanWindow>& pPlan :
-         {QPointer<PlanWindow>(m_pReach), QPointer<PlanWindow>(m_pPlaces)}) {
+         {QPointer<PlanWindow>(m_pReach), QPointer<PlanWindow>(m_pPlaces),
+          QPointer<PlanWindow>(m_pDays), QPointer<PlanWindow>(m_pCompare)}) {
         if (pPlan)
             pPlan->close();  // keeps its place
         delete pPlan;

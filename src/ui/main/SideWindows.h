@@ -13,6 +13,8 @@ class GridControl;
 class PlanHost;
 class QWidget;
 class frmAbout;
+class frmCompare;
+class frmDays;
 class frmDetails;
 class frmMap;
 class frmOptions;
@@ -29,6 +31,8 @@ public:
     void OptionsShow(int iTab);
     void PlacesShow();
     void ReachShow();
+    void DaysShow();
+    void CompareShow();
     /// Shows the details of a cell; without activating a window that is there.
     void DetailsShow(GridControl& grdMain);
     void DetailsRaise();
@@ -49,6 +53,8 @@ public:
     QPointer<frmMap> m_pMap;
     QPointer<frmOptions> m_pOptions;
     QPointer<frmPlaces> m_pPlaces;
+    QPointer<frmDays> m_pDays;
+    QPointer<frmCompare> m_pCompare;
     QPointer<frmReach> m_pReach;
 
 private:

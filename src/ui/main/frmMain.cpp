@@ -61,6 +61,7 @@ std::uint32_t frmMain::SnrGetColor(float fSnr) const { return ::SnrGetColor(fSnr
 void frmMain::DataSetSelected(int iRow, int iCol)
 {
     m_settings.m_selected = m_table->Mark({iRow, iCol});
+    Q_EMIT SettingsSignalGet().CellSelected();
 }
 
 void frmMain::showEvent(QShowEvent* pEvent)
@@ -162,6 +163,7 @@ bool frmMain::Update()
     m_pStatus->WarningSet(m_run->WarningGet());
     StatusShow();
     grdData->RedrawSet(true);
+    Q_EMIT SettingsSignalGet().TableRenewed();
     return bOk;
 }
 
@@ -274,6 +276,11 @@ void frmMain::PlanTake(const PlanTaking& taking)
         activateWindow();
         raise();
     });
+}
+
+void frmMain::CellTake(int iFrequency, int iHour)
+{
+    m_pCommands->Do([this, iFrequency, iHour] { grdDataMove(iFrequency, iHour); });
 }
 
 bool frmMain::TakenIs() const { return m_pPlan->TakenIs(); }

@@ -59,6 +59,7 @@ public:
     [[nodiscard]] Request RequestGet() const override { return m_run->RequestGet(); }
     [[nodiscard]] std::shared_ptr<const Engine> EngineGet(int iModel) const override;
     void PlanTake(const PlanTaking& taking) override;
+    void CellTake(int iFrequency, int iHour) override;
     [[nodiscard]] bool TakenIs() const override;
     /// Hands in the engines for many predictions; without it each goes by its program.
     using EngineFn = std::function<std::shared_ptr<const Engine>(int iModel)>;
@@ -82,6 +83,8 @@ public:
     const QPointer<frmDetails>& m_pDetails = m_windows.m_pDetails;
     const QPointer<frmMap>& m_pMap = m_windows.m_pMap;
     const QPointer<frmOptions>& m_pOptions = m_windows.m_pOptions;
+    const QPointer<frmDays>& m_pDays = m_windows.m_pDays;
+    const QPointer<frmCompare>& m_pCompare = m_windows.m_pCompare;
     const QPointer<frmPlaces>& m_pPlaces = m_windows.m_pPlaces;
     const QPointer<frmReach>& m_pReach = m_windows.m_pReach;
 

@@ -154,6 +154,14 @@ void frmMain::PlanConnect()
         WaitingUpdate();
         m_windows.ReachShow();
     });
+    CommandConnect(mnuPlanDays, [this] {
+        WaitingUpdate();
+        m_windows.DaysShow();
+    });
+    CommandConnect(mnuPlanCompare, [this] {
+        WaitingUpdate();
+        m_windows.CompareShow();
+    });
     CommandConnect(mnuPlanPlaces, [this] { m_windows.PlacesShow(); });
     CommandConnect(mnuPlanExchange, [this] {
         m_pEntry->WaitingTake(m_settings);

@@ -32,6 +32,8 @@ public:
     [[nodiscard]] virtual const PropagationTable& TableGet() const = 0;
     /// Puts a path in force and predicts it; what was in force comes back by Plan, Back.
     virtual void PlanTake(const PlanTaking& taking) = 0;
+    /// Selects a cell of the table, as its keys do.
+    virtual void CellTake(int iFrequency, int iHour) = 0;
     /// A row that was taken is in force: the list of frequencies may be its own.
     [[nodiscard]] virtual bool TakenIs() const = 0;
 };

@@ -7,7 +7,10 @@
 #include <QTest>
 #include <condition_variable>
 #include <filesystem>
+#include <functional>
+#include <map>
 #include <mutex>
+#include <vector>
 
 #include "engine/builtin/BuiltInEngine.h"
 #include "places/OwnPlaces.h"
@@ -56,6 +59,53 @@ private:
     mutable int m_nLeft = 0;
 };
 
+/// The built-in engine's answers under another engine's number, changed on their way.
+class ChangedEngine final : public Engine {
+public:
+    using ChangeFn = std::function<void(Prediction& prediction)>;
+    ChangedEngine(int iModel, std::shared_ptr<const Engine> pEngine, ChangeFn fnChange)
+        : m_iModel(iModel), m_pEngine(std::move(pEngine)), m_fnChange(std::move(fnChange))
+    {
+    }
+    [[nodiscard]] int ModelGet() const override { return m_iModel; }
+    [[nodiscard]] std::string NameGet() const override
+    {
+        return "changed " + std::to_string(m_iModel);
+    }
+    [[nodiscard]] std::string VersionGet() const override { return {}; }
+    [[nodiscard]] EngineLimits LimitsGet() const override { return m_pEngine->LimitsGet(); }
+    [[nodiscard]] std::optional<Failure> ObstacleGet() const override { return {}; }
+    [[nodiscard]] Prediction Predict(const Request& request,
+                                     const std::stop_token& stop) const override
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_aAsked.push_back(request);
+        }
+        Prediction prediction = m_pEngine->Predict(request, stop);
+        prediction.table.bBuiltIn = false;
+        m_fnChange(prediction);
+        return prediction;
+    }
+    [[nodiscard]] AreaPrediction PredictArea(const AreaRequest& request,
+                                             const std::stop_token& stop) const override
+    {
+        return m_pEngine->PredictArea(request, stop);
+    }
+    [[nodiscard]] std::vector<Request> AskedGet() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_aAsked;
+    }
+
+private:
+    int m_iModel;
+    std::shared_ptr<const Engine> m_pEngine;
+    ChangeFn m_fnChange;
+    mutable std::mutex m_mutex;
+    mutable std::vector<Request> m_aAsked;
+};
+
 class PlanRig : public MainRig {
 public:
     PlanRig() : MainRig(kEngineRec533)
@@ -66,7 +116,10 @@ public:
     frmMain& StartWithEngine()
     {
         frmMain& frm = Make();
-        frm.EnginesSet([this](int) { return m_pEngine; });
+        frm.EnginesSet([this](int iModel) {
+            const auto it = m_aEngine.find(iModel);
+            return it != m_aEngine.end() ? it->second : m_pEngine;
+        });
         return Start();
     }
     /// Opens the window of stations by its key and waits for its rows.
@@ -90,7 +143,20 @@ public:
         m_folder.Write("hopcast.places.csv", std::string(kOwnPlacesHead) + "\n" + sRows);
     }
 
-    std::shared_ptr<const Engine> m_pEngine;
+    /// Presses a key of the menu Plan and waits for its window.
+    template <class Window>
+    Window& WindowOpen(Qt::Key eKey, const QPointer<Window>& pWindow)
+    {
+        m_pFrm->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_pFrm.get()));
+        QTest::keyClick(m_pFrm.get(), eKey, Qt::ControlModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return bool(pWindow); }));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(pWindow.data()));
+        return *pWindow;
+    }
+
+    std::shared_ptr<const Engine> m_pEngine;  ///< of every model that is not named
+    std::map<int, std::shared_ptr<const Engine>> m_aEngine;
 };
 
 inline constexpr const char* kStationsHam =
