@@ -43,6 +43,14 @@ protected:
                 "REC533 (built-in)", "given",  "Receiver: Airmail, 3 days old\n"};
     }
 
+    /// One cell with reliability and deciles.
+    void DaysSet()
+    {
+        m_table.fReliability(1, 2) = 0.9F;
+        m_table.fSnrLower(1, 2) = 7.34F;
+        m_table.fSnrUpper(1, 2) = 10.16F;
+    }
+
     Settings m_settings;
     PropagationTable m_table{2};
 };
@@ -93,17 +101,28 @@ TEST_F(PredictPrint, ColourAndNumberOfACellAgree)
 
 TEST_F(PredictPrint, CsvHasARowAnHourAndFrequency)
 {
+    DaysSet();
     const std::string sText = PredictCsvGet(Run());
     EXPECT_EQ(std::count(sText.begin(), sText.end(), '\n'), 1 + 24 * 2);
     EXPECT_TRUE(
         sText.starts_with("hour,utc,muf_khz,luf_khz,khz,mode,takeoff_deg,delay_ms,height_km,signal_"
-                          "dbw,noise_dbw,snr_db,engine,month,ssn,ssn_source,power_w,coefficients\n"
+                          "dbw,noise_dbw,snr_db,engine,month,ssn,ssn_source,power_w,coefficients,"
+                          "rel,snr_lower_db,snr_upper_db\n"
                           "1,0,22600,3250,7050.6,  1F2,7.5,-1,-1,-110,-156.25,-2532,REC533 "
-                          "(built-in),11,100.5,given,5000,MEAN\n"
+                          "(built-in),11,100.5,given,5000,MEAN,,,\n"
                           "1,0,22600,3250,14000,  1F2,7.5,-1,-1,-110,-156.25,46.5,REC533 "
-                          "(built-in),11,100.5,given,5000,MEAN\n"
+                          "(built-in),11,100.5,given,5000,MEAN,0.90,7.3,10.2\n"
                           "2,1,"))
         << sText;
+}
+
+TEST_F(PredictPrint, JsonHasReliabilityAndDecilesWhereTheEngineToldThem)
+{
+    DaysSet();
+    EXPECT_NE(PredictJsonGet(Run()).find("\"snr_db\": 46.5, \"rel\": 0.90, \"snr_lower_db\": 7.3, "
+                                         "\"snr_upper_db\": 10.2}"),
+              std::string::npos)
+        << PredictJsonGet(Run());
 }
 
 TEST_F(PredictPrint, CsvQuotesAModeThatWouldBreakTheRowAndHasNoControlCharacters)
@@ -128,11 +147,13 @@ TEST_F(PredictPrint, JsonNamesEveryValue)
         "    {\"hour\": 1, \"utc\": 0, \"muf_khz\": 22600, \"luf_khz\": 3250,\n     \"cells\": [\n"
         "      {\"khz\": 7050.6, \"mode\": \" \\\"\\\\\\u0001\\u007f\", \"takeoff_deg\": 7.5, "
         "\"delay_ms\": null, "
-        "\"height_km\": null, \"signal_dbw\": -110, \"noise_dbw\": -156.25, \"snr_db\": -2532},\n"
+        "\"height_km\": null, \"signal_dbw\": -110, \"noise_dbw\": -156.25, \"snr_db\": -2532"
+        ", \"rel\": null, \"snr_lower_db\": null, \"snr_upper_db\": null},\n"
         "      {\"khz\": 14000, \"mode\": \"  1F2\""))
         << sText;
     EXPECT_TRUE(
-        sText.ends_with("\"snr_db\": 46.5}]}\n  ],\n  \"engine\": \"REC533 (built-in)\",\n  "
+        sText.ends_with("\"snr_db\": 46.5, \"rel\": null, \"snr_lower_db\": null, "
+                        "\"snr_upper_db\": null}]}\n  ],\n  \"engine\": \"REC533 (built-in)\",\n  "
                         "\"ssn_source\": \"given\",\n  \"power_w\": 5000,\n  \"coefficients\": "
                         "\"MEAN\"\n}\n"))
         << sText;
@@ -156,13 +177,14 @@ TEST_F(PredictPrint, AFrequencyWithoutValuesIsBlankEmptyAndNull)
         << "no colour either";
     EXPECT_NE(
         PredictCsvGet(Run()).find("\n1,0,22600,3250,7050.6,,,,,,,,REC533 (built-in),11,100.5,given,"
-                                  "5000,MEAN\n1,0,22600,3250,14000,"),
+                                  "5000,MEAN,,,\n1,0,22600,3250,14000,"),
         std::string::npos)
         << PredictCsvGet(Run());
     EXPECT_NE(PredictJsonGet(Run()).find(
                   "{\"khz\": 7050.6, \"mode\": null, \"takeoff_deg\": null, \"delay_ms\": null, "
                   "\"height_km\": null, \"signal_dbw\": null, \"noise_dbw\": null, \"snr_db\": "
-                  "null},\n      {\"khz\": 14000, \"mode\": \"  1F2\", \"takeoff_deg\": 7.5, "),
+                  "null, \"rel\": null, \"snr_lower_db\": null, \"snr_upper_db\": null},\n      "
+                  "{\"khz\": 14000, \"mode\": \"  1F2\", \"takeoff_deg\": 7.5, "),
               std::string::npos)
         << PredictJsonGet(Run());
 }
@@ -192,18 +214,24 @@ TEST_F(PredictPrint, ANeedMarksTheCellsThatMeetItAndAddsTheMarginAsTheLastColumn
     EXPECT_NE(sTable.find("\n 01   -99    46  22.6"), std::string::npos) << sTable;
     EXPECT_NE(sTable.find("\n 02   -99   *47  22.6"), std::string::npos) << sTable;
     const std::string sCsv = PredictCsvGet(run);
-    EXPECT_NE(sCsv.find(",power_w,coefficients,margin_db\n"), std::string::npos);
-    EXPECT_NE(sCsv.find(",46.5,REC533 (built-in),11,100.5,given,5000,MEAN,0\n"), std::string::npos)
+    EXPECT_NE(sCsv.find(",coefficients,rel,snr_lower_db,snr_upper_db,margin_db\n"),
+              std::string::npos);
+    EXPECT_NE(sCsv.find(",46.5,REC533 (built-in),11,100.5,given,5000,MEAN,,,,0\n"),
+              std::string::npos)
         << sCsv;
-    EXPECT_NE(sCsv.find(",MEAN,-0.1\n"), std::string::npos) << "no noise of binary numbers";
-    EXPECT_NE(sCsv.find(",-99,REC533 (built-in),11,100.5,given,5000,MEAN,\n"), std::string::npos)
+    EXPECT_NE(sCsv.find(",MEAN,,,,-0.1\n"), std::string::npos) << "no noise of binary numbers";
+    EXPECT_NE(sCsv.find(",-99,REC533 (built-in),11,100.5,given,5000,MEAN,,,,\n"), std::string::npos)
         << "-99 is no value, so it has no margin";
     const std::string sJson = PredictJsonGet(run);
-    EXPECT_NE(sJson.find("\"snr_db\": 46.6, \"margin_db\": 0.1}"), std::string::npos);
-    EXPECT_NE(sJson.find("\"snr_db\": null, \"margin_db\": null}"), std::string::npos);
+    EXPECT_NE(sJson.find("\"snr_db\": 46.6, \"rel\": null, \"snr_lower_db\": null, "
+                         "\"snr_upper_db\": null, \"margin_db\": 0.1}"),
+              std::string::npos);
+    EXPECT_NE(sJson.find("\"snr_db\": null, \"rel\": null, \"snr_lower_db\": null, "
+                         "\"snr_upper_db\": null, \"margin_db\": null}"),
+              std::string::npos);
     m_table.PresentSet(1, 1, false);
     EXPECT_NE(
-        PredictCsvGet(run).find(",7050.6,,,,,,,,REC533 (built-in),11,100.5,given,5000,MEAN,\n"),
+        PredictCsvGet(run).find(",7050.6,,,,,,,,REC533 (built-in),11,100.5,given,5000,MEAN,,,,\n"),
         std::string::npos);
 }
 
@@ -236,7 +264,7 @@ TEST_F(PredictPrint, TheOwnPowerAndADatedForecastAreTold)
                          "87.9 times 0.7, 1 day old\nCoefficients MEAN\nPower 100 W\n"),
               std::string::npos)
         << sText;
-    EXPECT_NE(PredictCsvGet(run).find(",100.5,NOAA forecast,100,MEAN\n"), std::string::npos);
+    EXPECT_NE(PredictCsvGet(run).find(",100.5,NOAA forecast,100,MEAN,,,\n"), std::string::npos);
     EXPECT_NE(PredictJsonGet(run).find("\"ssn_source\": \"NOAA forecast\",\n  \"power_w\": 100,\n"),
               std::string::npos);
 }
@@ -245,7 +273,7 @@ TEST_F(PredictPrint, APowerHasTheDigitsThatItsOwnerTyped)
 {
     m_settings.m_fStationPower = 0.1F;
     EXPECT_NE(PredictTableGet(Run(), false).find("\nPower 0.1 W\n"), std::string::npos);
-    EXPECT_NE(PredictCsvGet(Run()).find(",given,0.1,MEAN\n"), std::string::npos);
+    EXPECT_NE(PredictCsvGet(Run()).find(",given,0.1,MEAN,,,\n"), std::string::npos);
     EXPECT_NE(PredictJsonGet(Run()).find("\"power_w\": 0.1,\n"), std::string::npos);
     m_settings.m_fStationPower = 1500.0F;
     EXPECT_NE(PredictTableGet(Run(), false).find("\nPower 1.5 kW\n"), std::string::npos);

@@ -103,6 +103,8 @@ Result<void> FormatCheck(const std::vector<GivenOption>& aGiven, PredictOptions&
     const GivenOption* pFormat = GivenFind(aGiven, "--format");
     if (pFormat == nullptr)
         return {};
+    if (GivenFind(aGiven, "--compare") != nullptr && !TextEqualNoCase(pFormat->sValue, "csv"))
+        return RunError{"--format: a comparison is csv"};
     if (!options.bArea && !TextEqualNoCase(pFormat->sValue, "csv"))
         return RunError{"--format: lists of stations are csv"};
     if (TextEqualNoCase(pFormat->sValue, "table"))
@@ -129,5 +131,6 @@ Result<void> ModeCheck(const std::vector<GivenOption>& aGiven, PredictOptions& o
         if (eKind == kKindHour && GivenFind(aGiven, sHour) == nullptr)
             return RunError{std::string(sHour) + ": is needed with --area (or --day)"};
     }
-    return eKind == kKindPath ? Result<void>() : FormatCheck(aGiven, options);
+    const bool bTable = eKind == kKindPath && GivenFind(aGiven, "--compare") == nullptr;
+    return bTable ? Result<void>() : FormatCheck(aGiven, options);
 }

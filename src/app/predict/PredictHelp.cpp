@@ -40,7 +40,14 @@ Columns of csv, and keys of json with null where there is no value:
   ssn_source              text: given, Airmail, mean cycle, NOAA forecast, SILSO forecast or WWV
   power_w                 power of the transmitter, W
   coefficients            text: the maps of the ionosphere
+  rel                     share of the days with 40 dB, 0 to 1, for the power of the antenna choice
+  snr_lower_db            dB from the median SNR down to what nine days in ten exceed
+  snr_upper_db            dB from the median SNR up to what one day in ten exceeds
   margin_db               snr_db less the need, dB; negative: too weak
+Columns of --compare, with utc and khz:
+  snr_db_A                dB in 1 Hz, as snr_db, by the engine of --model
+  snr_db_B                dB in 1 Hz by the one of --compare
+  difference_db           A less B, dB; empty where one of them has none
 Columns of areas and stations:
   lat                     latitude, degrees, north positive
   lon                     longitude, degrees, east positive
@@ -68,11 +75,13 @@ Usage:
   hopcast-predict --area NORTH,WEST,SOUTH,EAST --day [--frequencies kHz,...] [--jobs N] [OPTIONS]
   hopcast-predict --reach LIST,... [--need dB|NAME] [--from 0-23] [--hours N] [--all] [OPTIONS]
   hopcast-predict --list-stations [--profile FILE]
+  hopcast-predict [--model NAME] --compare NAME [--tx POS] [--rc POS] [--need dB|NAME] [OPTIONS]
 
 The first form predicts the signal-to-noise ratio from a transmitter to a receiver for the 24 hours
 of the day; the second the one around the receiver (--rc) over an area, for one hour and frequency;
 the third the same for all hours and frequencies. The fourth tells which stations can be heard at
 the receiver, when and on which frequency; the fifth which stations there are.
+The sixth predicts the path of the first by two engines.
 Without --profile no profile is read: settings that no option gives have their defaults, and the
 sunspot number is Airmail's unless --ssn gives it. The forecast and My places are files beside the
 profile: beside the named one, else beside the one that the window program takes by itself. Only the
@@ -97,6 +106,9 @@ Circuit:
 
 Engine:
   --model NAME            icepac, voacap or rec533 (default rec533)
+  --compare NAME          a second engine for the same path at the same power: csv of both and the
+                          difference; how far they agree in the cells that are open for the need is
+                          told apart
   --month 1-12            month (default: the current one)
   --ssn N                 smoothed sunspot number, 0 to 311; or airmail: Airmail's (the default
                           without a profile); or forecast: the one kept beside the profile where it

@@ -1,15 +1,16 @@
 #include "app/predict/PredictOptions.h"
 
 #include <array>
-#include <cmath>
 #include <map>
 #include <string_view>
 #include <variant>
 #include <vector>
 
 #include "airmail/AirMailFolders.h"
+#include "app/predict/PredictAreaOptions.h"
 #include "app/predict/PredictArguments.h"
 #include "app/predict/PredictPosition.h"
+#include "app/predict/PredictValue.h"
 #include "propagation/Request.h"
 #include "settings/ProfileLib.h"
 #include "settings/SettingsTable.h"
@@ -18,48 +19,6 @@
 #include "system/TextLib.h"
 
 namespace {
-
-std::vector<std::string> ListGet(std::string_view sText)
-{
-    std::vector<std::string> asPiece;
-    for (;;) {
-        const std::size_t nComma = sText.find(',');
-        asPiece.emplace_back(TextTrim(sText.substr(0, nComma)));
-        if (nComma == std::string_view::npos)
-            return asPiece;
-        sText.remove_prefix(nComma + 1);
-    }
-}
-
-/// A number within bounds, or an error that names what was expected.
-Result<double> BoundedGet(const std::string& sValue, const NumberRange& range, const char* sWhat)
-{
-    const auto res = NumberFromText(sValue);
-    if (!res || !range.Holds(res.ValueGet()))
-        return RunError{"\"" + sValue + "\" is not " + sWhat + ", " + NumberToText(range.dLeast)
-                        + " to " + NumberToText(range.dMost)};
-    return res;
-}
-
-Result<int> WholeGet(const std::string& sValue, const NumberRange& range, const char* sWhat)
-{
-    const auto res = BoundedGet(sValue, range, sWhat);
-    if (!res)
-        return res.ErrorGet();
-    if (res.ValueGet() != std::floor(res.ValueGet()))
-        return RunError{"\"" + sValue + "\" is not a whole number"};
-    return static_cast<int>(res.ValueGet());
-}
-
-/// Stores a checked value; its error is handed on.
-template <class From, class To>
-Result<void> Keep(const Result<From>& res, To& to)
-{
-    if (!res)
-        return res.ErrorGet();
-    to = static_cast<To>(res.ValueGet());
-    return {};
-}
 
 /// The option of a row of the settings' table: one number within the row's range.
 PredictOption SettingOptionMake(const SettingRow& row)
@@ -70,10 +29,10 @@ PredictOption SettingOptionMake(const SettingRow& row)
     return {row.option.sName, nKinds,
             [&row](PredictOptions& options, const std::string& sValue) -> Result<void> {
                 if (const auto* ppInteger = std::get_if<int Settings::*>(&row.member))
-                    return Keep(WholeGet(sValue, row.range, row.option.sExpected),
-                                options.settings.*(*ppInteger));
-                return Keep(BoundedGet(sValue, row.range, row.option.sExpected),
-                            options.settings.*std::get<float Settings::*>(row.member));
+                    return ValueKeep(ValueWholeGet(sValue, row.range, row.option.sExpected),
+                                     options.settings.*(*ppInteger));
+                return ValueKeep(ValueBoundedGet(sValue, row.range, row.option.sExpected),
+                                 options.settings.*std::get<float Settings::*>(row.member));
             }};
 }
 
@@ -92,21 +51,31 @@ Result<void> PositionApply(const std::string& sValue, const char* sEnd, PredictO
     return {};
 }
 
-Result<void> ModelApply(PredictOptions& options, const std::string& sValue)
+Result<int> ModelGet(const std::string& sValue)
 {
     const std::map<std::string, int> mapModel{
         {"ICEPAC", kEngineIcepac}, {"VOACAP", kEngineVoacap}, {"REC533", kEngineRec533}};
     const auto it = mapModel.find(TextUpper(sValue));
     if (it == mapModel.end())
         return RunError{"\"" + sValue + "\" is not an engine: icepac, voacap or rec533"};
-    options.settings.m_iPropagationModel = it->second;
-    return {};
+    return it->second;
+}
+
+Result<void> ModelApply(PredictOptions& options, const std::string& sValue)
+{
+    return ValueKeep(ModelGet(sValue), options.settings.m_iPropagationModel);
+}
+
+Result<void> CompareApply(PredictOptions& options, const std::string& sValue)
+{
+    return ValueKeep(ModelGet(sValue), options.iCompare);
 }
 
 Result<void> MonthApply(PredictOptions& options, const std::string& sValue)
 {
     options.settings.m_bPropagationMonth = false;
-    return Keep(WholeGet(sValue, kRangeMonth, "a month"), options.settings.m_iPropagationMonth);
+    return ValueKeep(ValueWholeGet(sValue, kRangeMonth, "a month"),
+                     options.settings.m_iPropagationMonth);
 }
 
 Result<void> SunSpotApply(PredictOptions& options, const std::string& sValue)
@@ -117,8 +86,8 @@ Result<void> SunSpotApply(PredictOptions& options, const std::string& sValue)
     options.settings.m_bPropagationForecast = bForecast;
     if (bAirMail || bForecast)
         return {};
-    return Keep(BoundedGet(sValue, kRangeSunSpot, "a smoothed sunspot number"),
-                options.settings.m_fPropagationSunSpotNumber);
+    return ValueKeep(ValueBoundedGet(sValue, kRangeSunSpot, "a smoothed sunspot number"),
+                     options.settings.m_fPropagationSunSpotNumber);
 }
 
 Result<void> ForecastFileApply(PredictOptions& options, const std::string& sValue)
@@ -141,7 +110,7 @@ Result<void> SunSpotCheck(const std::vector<GivenOption>& aGiven)
 
 Result<void> NeedApply(PredictOptions& options, const std::string& sValue)
 {
-    return Keep(NeedFromText(options.settings.m_aNeed, sValue), options.need);
+    return ValueKeep(NeedFromText(options.settings.m_aNeed, sValue), options.need);
 }
 
 Result<void> ReachApply(PredictOptions& options, const std::string& sValue)
@@ -150,7 +119,7 @@ Result<void> ReachApply(PredictOptions& options, const std::string& sValue)
                                                    {"SAILMAIL", PlaceKind::SailMail},
                                                    {"OTHER", PlaceKind::Other},
                                                    {"PLACES", PlaceKind::Own}};
-    for (const std::string& sPiece : ListGet(sValue)) {
+    for (const std::string& sPiece : ValueListGet(sValue)) {
         const auto it = mapList.find(TextUpper(sPiece));
         if (it == mapList.end())
             return RunError{"\"" + sPiece + "\" is not a list: ham, sailmail, other or places"};
@@ -161,13 +130,13 @@ Result<void> ReachApply(PredictOptions& options, const std::string& sValue)
 
 Result<void> FrequenciesApply(PredictOptions& options, const std::string& sValue)
 {
-    const std::vector<std::string> asPiece = ListGet(sValue);
+    const std::vector<std::string> asPiece = ValueListGet(sValue);
     if (asPiece.size() > static_cast<std::size_t>(kFrequencyMax))
         return RunError{std::to_string(asPiece.size())
                         + " frequencies given; at most 15 are taken"};
     int iIndex = 0;
     for (const std::string& sPiece : asPiece) {
-        const auto res = BoundedGet(sPiece, kRangeFrequency, "a frequency in kHz");
+        const auto res = ValueBoundedGet(sPiece, kRangeFrequency, "a frequency in kHz");
         if (!res)
             return res.ErrorGet();
         options.settings.FrequencySet(++iIndex, static_cast<float>(res.ValueGet()));
@@ -190,14 +159,14 @@ Result<void> CoefficientsApply(PredictOptions& options, const std::string& sValu
 
 Result<void> LayersApply(PredictOptions& options, const std::string& sValue)
 {
-    const std::vector<std::string> asPiece = ListGet(sValue);
+    const std::vector<std::string> asPiece = ValueListGet(sValue);
     const std::array<float Settings::*, 4> apMember{
         &Settings::m_fPropagationLayerAdjustE, &Settings::m_fPropagationLayerAdjustF1,
         &Settings::m_fPropagationLayerAdjustF2, &Settings::m_fPropagationLayerAdjustEs};
     if (asPiece.size() != apMember.size())
         return RunError{"give four layer factors: E,F1,F2,Es"};
     for (std::size_t n = 0; n < apMember.size(); ++n) {
-        const auto res = BoundedGet(asPiece[n], kRangeLayer, "a layer factor");
+        const auto res = ValueBoundedGet(asPiece[n], kRangeLayer, "a layer factor");
         if (!res)
             return res.ErrorGet();
         options.settings.*apMember[n] = static_cast<float>(res.ValueGet());
@@ -218,72 +187,20 @@ Result<void> FormatApply(PredictOptions& options, const std::string& sValue)
     return {};
 }
 
-/// Height and width as the deck prints the bounds, in hundredths of a degree.
-Result<void> AreaCheck(PredictArea& area)
-{
-    const auto Printed = [](double dDegrees) { return NumberFormat(dDegrees, "0.00"); };
-    if (Printed(area.dNorth) == Printed(area.dSouth))
-        return RunError{"the area has no height"};
-    if (area.dNorth < area.dSouth)
-        return RunError{"the north bound must lie north of the south bound"};
-    // Longitude 180 has two names; an area that begins or ends there does not cross it.
-    if (area.dWest > area.dEast && Printed(area.dWest) == Printed(kLongitudeMost))
-        area.dWest = -kLongitudeMost;
-    if (area.dWest > area.dEast && Printed(area.dEast) == Printed(-kLongitudeMost))
-        area.dEast = kLongitudeMost;
-    if (Printed(area.dWest) == Printed(area.dEast))
-        return RunError{"the area has no width"};
-    return {};
-}
-
-Result<void> AreaApply(PredictOptions& options, const std::string& sValue)
-{
-    const std::vector<std::string> asPiece = ListGet(sValue);
-    if (asPiece.size() != 4)
-        return RunError{"give four bounds: NORTH,WEST,SOUTH,EAST"};
-    struct Bound {
-        double* pValue;
-        double dMost;
-        const char* sWhat;
-    };
-    const std::array<Bound, 4> aBound{{{&options.area.dNorth, 89.9, "a latitude"},
-                                       {&options.area.dWest, 180, "a longitude"},
-                                       {&options.area.dSouth, 89.9, "a latitude"},
-                                       {&options.area.dEast, 180, "a longitude"}}};
-    for (std::size_t n = 0; n < aBound.size(); ++n) {
-        const auto res =
-            BoundedGet(asPiece[n], {-aBound[n].dMost, aBound[n].dMost}, aBound[n].sWhat);
-        if (!res)
-            return res.ErrorGet();
-        *aBound[n].pValue = res.ValueGet();
-    }
-    return AreaCheck(options.area);
-}
-
-Result<void> HourApply(PredictOptions& options, const std::string& sValue)
-{
-    return Keep(WholeGet(sValue, {0, 23}, "an hour"), options.area.iHour);
-}
-
-Result<void> AreaFrequencyApply(PredictOptions& options, const std::string& sValue)
-{
-    return Keep(BoundedGet(sValue, kRangeFrequency, "a frequency in kHz"), options.area.fFrequency);
-}
-
 Result<void> ReachFromApply(PredictOptions& options, const std::string& sValue)
 {
-    return Keep(WholeGet(sValue, {0, 23}, "an hour"), options.reach.iFrom);
+    return ValueKeep(ValueWholeGet(sValue, {0, 23}, "an hour"), options.reach.iFrom);
 }
 
 Result<void> ReachHoursApply(PredictOptions& options, const std::string& sValue)
 {
-    return Keep(WholeGet(sValue, {1, 24}, "a number of hours"), options.reach.nHours);
+    return ValueKeep(ValueWholeGet(sValue, {1, 24}, "a number of hours"), options.reach.nHours);
 }
 
 Result<void> JobsApply(PredictOptions& options, const std::string& sValue)
 {
     constexpr double kJobsMost = 64;
-    return Keep(WholeGet(sValue, {1, kJobsMost}, "a number of jobs"), options.nJobs);
+    return ValueKeep(ValueWholeGet(sValue, {1, kJobsMost}, "a number of jobs"), options.nJobs);
 }
 
 std::vector<PredictOption> OptionsMake()
@@ -305,6 +222,7 @@ std::vector<PredictOption> OptionsMake()
                                   settings.m_dRcLon);
          }},
         {"--model", kKindPredicts, ModelApply},
+        {"--compare", kKindPath, CompareApply},
         {"--month", kKindPredicts, MonthApply},
         {"--ssn", kKindPredicts, SunSpotApply},
         {"--ssn-file", kKindPredicts, ForecastFileApply},
@@ -318,8 +236,8 @@ std::vector<PredictOption> OptionsMake()
              options.sOutput = sValue == "-" ? "" : sValue;
              return {};
          }},
-        {"--area", kKindArea, AreaApply},
-        {"--hour", kKindHour, HourApply},
+        {"--area", kKindArea, AreaBoundsApply},
+        {"--hour", kKindHour, AreaHourApply},
         {"--frequency", kKindHour, AreaFrequencyApply},
         {"--day", kKindDay,
          [](PredictOptions& options, const std::string&) -> Result<void> {

@@ -47,6 +47,7 @@ struct PredictOptions {
     bool bDay = false;  ///< all hours and frequencies of the area
     bool bReach = false;
     PredictReach reach;
+    int iCompare = -1;          ///< EngineModel of a second engine; -1: none
     bool bStations = false;     ///< the list of stations, no prediction
     std::optional<Need> need;   ///< what the contact is for
     std::string sForecastFile;  ///< in place of the forecast that is kept with the profile

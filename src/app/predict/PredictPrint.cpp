@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 
@@ -12,6 +13,9 @@
 #include "system/TextLib.h"
 
 namespace {
+
+/// Columns of DaysTexts.
+constexpr std::array kDaysNames{"rel", "snr_lower_db", "snr_upper_db"};
 
 std::string PadLeft(const std::string& sText, std::size_t nWidth)
 {
@@ -110,6 +114,19 @@ std::string OrNull(const std::string& sNumber) { return sNumber.empty() ? "null"
 
 std::string JsonSnr(float fSnr) { return SnrGivenIs(fSnr) ? NumberToText(fSnr) : "null"; }
 
+/// Reliability with its two decimals and both deciles with one, as engines print them; empty where
+/// there is none.
+std::array<std::string, 3> DaysTexts(const PropagationTable& table, int iHour, int iFrequency)
+{
+    const auto Text = [&](const CellArray<float>& afCells, const char* sForm) {
+        const float fValue = afCells(iHour, iFrequency);
+        return !table.PresentIs(iFrequency) || std::isnan(fValue) ? ""
+                                                                  : NumberFormat(fValue, sForm);
+    };
+    return {Text(table.fReliability, "0.00"), Text(table.fSnrLower, "0.0"),
+            Text(table.fSnrUpper, "0.0")};
+}
+
 /// The margin of a cell; empty where there is none.
 std::string MarginText(const PredictRun& run, int iHour, int iFrequency)
 {
@@ -130,12 +147,16 @@ std::string JsonCell(const PredictRun& run, int iHour, int iFrequency)
                                                  : Value(sName, afCells);
     };
     const bool bPresent = table.PresentIs(iFrequency);
+    const auto asDays = DaysTexts(table, iHour, iFrequency);
+    std::string sDays;
+    for (std::size_t n = 0; n < kDaysNames.size(); ++n)
+        sDays += ", " + Quoted(kDaysNames.at(n)) + ": " + OrNull(asDays.at(n));
     return "{" + Pair("khz", run.pSettings->FrequencyGet(iFrequency)) + ", " + Quoted("mode") + ": "
            + (bPresent ? Quoted(table.sLayer(iHour, iFrequency)) : "null")
            + Value("takeoff_deg", table.fTakeoffAngle) + Told("delay_ms", table.fTimeDelay)
            + Told("height_km", table.fVirtualHeight) + Value("signal_dbw", table.fSdBW)
            + Value("noise_dbw", table.fNdBW) + ", " + Quoted("snr_db") + ": "
-           + (bPresent ? JsonSnr(table.fSnr(iHour, iFrequency)) : "null")
+           + (bPresent ? JsonSnr(table.fSnr(iHour, iFrequency)) : "null") + sDays
            + (run.need
                   ? ", " + Quoted("margin_db") + ": " + OrNull(MarginText(run, iHour, iFrequency))
                   : "")
@@ -236,6 +257,7 @@ std::string PredictCsvGet(const PredictRun& run)
     std::string sText =
         "hour,utc,muf_khz,luf_khz,khz,mode,takeoff_deg,delay_ms,height_km,signal_dbw,noise_dbw,snr_"
         "db,engine,month,ssn,ssn_source,power_w,coefficients";
+    for (const char* sName : kDaysNames) sText += std::string(",") + sName;
     sText += run.need ? ",margin_db\n" : "\n";
     const std::string sRun =
         "," + PredictCsvText(run.sEngine) + "," + NumberToText(settings.m_iPropagationMonth) + ","
@@ -250,12 +272,13 @@ std::string PredictCsvGet(const PredictRun& run)
             const auto Value = [&](const CellArray<float>& afCells) {
                 return "," + CellText(table, afCells, iHour, i, "");
             };
+            const auto asDays = DaysTexts(table, iHour, i);
             sText += sHour + NumberToText(run.pSettings->FrequencyGet(i)) + ","
                      + (table.PresentIs(i) ? PredictCsvText(table.sLayer(iHour, i)) : "")
                      + Value(table.fTakeoffAngle) + Value(table.fTimeDelay)
                      + Value(table.fVirtualHeight) + Value(table.fSdBW) + Value(table.fNdBW)
-                     + Value(table.fSnr) + sRun + (run.need ? "," + MarginText(run, iHour, i) : "")
-                     + "\n";
+                     + Value(table.fSnr) + sRun + "," + asDays[0] + "," + asDays[1] + ","
+                     + asDays[2] + (run.need ? "," + MarginText(run, iHour, i) : "") + "\n";
         }
     }
     return sText;

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "app/engines/EngineList.h"
+#include "app/predict/PredictCompare.h"
 #include "app/predict/PredictDay.h"
 #include "app/predict/PredictPrint.h"
 #include "app/predict/PredictReach.h"
@@ -13,6 +14,7 @@
 #include "propagation/RunValues.h"
 #include "propagation/itshfbc/EngineProgram.h"
 #include "settings/ProfileLib.h"
+#include "studies/days/Days.h"
 #include "system/ClockLib.h"
 #include "system/MsgLib.h"
 
@@ -75,6 +77,18 @@ std::string TextGet(PredictFormat eFormat, const PredictRun& run, bool bColor)
     return PredictTableGet(run, bColor);
 }
 
+/// Hopcast's own engine knows the deciles that its output has no room for.
+void DecilesTake(const Request& input, PropagationTable& table)
+{
+    if (!EngineIsHopcasts(input.iModel) || DaysArePrinted(table))
+        return;
+    const Prediction prediction = EngineMake(input.iModel)->Predict(input, {});
+    if (!prediction.bOk)
+        return;
+    table.fSnrLower = prediction.table.fSnrLower;
+    table.fSnrUpper = prediction.table.fSnrUpper;
+}
+
 std::optional<PredictOutput> PointToPointGet(const PredictOptions& options,
                                              const Settings& settings, const SunSpotRun& ssn,
                                              bool bColor)
@@ -90,6 +104,7 @@ std::optional<PredictOutput> PointToPointGet(const PredictOptions& options,
                                          : "There is no such engine; give --model.");
     if (!bOk)
         return std::nullopt;
+    DecilesTake(input, table);
     const PredictRun run{&settings,
                          &table,
                          LocalNow().nYear,
@@ -163,6 +178,8 @@ std::optional<PredictOutput> PredictRunGet(const PredictOptions& options, bool b
         return std::nullopt;
     if (options.bReach)
         return TextOutput(PredictReachGet(options, settings, ssn.eSource));
+    if (options.iCompare != -1)
+        return PredictCompareGet(options, settings, ssn.eSource);
     if (options.bDay)
         return DayGet(options, settings);
     return options.bArea ? AreaGet(options, settings)

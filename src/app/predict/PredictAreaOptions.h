@@ -1,0 +1,14 @@
+/// @file PredictAreaOptions.h
+/// What the options of an area do with their values.
+///
+/// Units:   degrees; hours UT; kHz.
+/// Tests:   tests/app/PredictOptionsTest.cpp
+#pragma once
+
+#include <string>
+
+#include "app/predict/PredictOptions.h"
+
+Result<void> AreaBoundsApply(PredictOptions& options, const std::string& sValue);
+Result<void> AreaHourApply(PredictOptions& options, const std::string& sValue);
+Result<void> AreaFrequencyApply(PredictOptions& options, const std::string& sValue);
