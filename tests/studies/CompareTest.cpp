@@ -111,8 +111,29 @@ TEST(Compare, AsksAnotherEngineForTheSamePowerInTheMapsThatItKnows)
     EXPECT_EQ(own.fPower, fCard);
     EXPECT_EQ(other.fPower, fCard);
     EXPECT_NE(other.sIonCoefficients, kCoefficientsMean);
+    EXPECT_EQ(own.iAntennaType, 0);
     settings.m_fStationPower = 70.0F;
     EXPECT_EQ(CompareRequestGet(settings, SunSpotSource::Noaa, kEngineVoacap).fPower, 70.0F);
+}
+
+TEST(Compare, AsksAnotherEngineForTheSameAntennas)
+{
+    Settings settings;
+    const auto AntennaGet = [&settings](int iModelFrom, int iAntenna, int iModelTo) {
+        settings.m_iPropagationModel = iModelFrom;
+        settings.m_iPropagationAntennaType = iAntenna;
+        return CompareRequestGet(settings, SunSpotSource::Typed, iModelTo).iAntennaType;
+    };
+    EXPECT_EQ(AntennaGet(kEngineVoacap, 0, kEngineRec533), 0) << "the station has its gain";
+    EXPECT_EQ(AntennaGet(kEngineVoacap, 1, kEngineRec533), 0) << "station with gain, whip";
+    EXPECT_EQ(AntennaGet(kEngineIcepac, 2, kEngineRec533), 1) << "whips";
+    EXPECT_EQ(AntennaGet(kEngineRec533, 0, kEngineVoacap), 1);
+    EXPECT_EQ(AntennaGet(kEngineRec533, 1, kEngineIcepac), 2);
+    EXPECT_GT(AntennaGet(kEngineRec533, 2, kEngineVoacap), 2) << "plain antennas: no cards";
+    for (int iAntenna = 0; iAntenna <= 2; ++iAntenna) {
+        EXPECT_EQ(AntennaGet(kEngineVoacap, iAntenna, kEngineIcepac), iAntenna);
+        EXPECT_EQ(AntennaGet(kEngineRec533, iAntenna, kEngineRec533), iAntenna);
+    }
 }
 
 }  // namespace

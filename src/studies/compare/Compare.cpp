@@ -1,5 +1,6 @@
 #include "studies/compare/Compare.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cmath>
 #include <optional>
@@ -17,6 +18,18 @@ std::optional<float> SnrGet(const PropagationTable& table, int iHour, int iFrequ
     if (!table.PresentIs(iFrequency) || !SnrIs(fSnr))
         return {};
     return fSnr;
+}
+
+/// The antenna choice of another engine that is nearest to an engine's own one. VOACAP and ICEPAC
+/// count 0 station with gain, ideal boat; 1 station with gain, boat with whip; 2 whips; any other
+/// is plain antennas. REC533 counts 0 station with gain, boat with whip; 1 whips; 2 plain antennas.
+int AntennaOf(int iAntenna, int iModelFrom, int iModelTo)
+{
+    const bool bFrom = iModelFrom == kEngineRec533;
+    const bool bTo = iModelTo == kEngineRec533;
+    if (bFrom == bTo)
+        return iAntenna;
+    return bTo ? std::clamp(iAntenna - 1, 0, 2) : iAntenna + 1;
 }
 
 /// Adds one cell to the figures; sums stand in the places of mean and rms until the end.
@@ -46,6 +59,8 @@ Request CompareRequestGet(const Settings& settings, SunSpotSource eSunSpotSource
     Settings other = settings;
     other.m_iPropagationModel = iModel;
     Request request = RequestFromSettings(other);
+    request.iAntennaType =
+        AntennaOf(settings.m_iPropagationAntennaType, settings.m_iPropagationModel, iModel);
     request.eSunSpotSource = eSunSpotSource;
     request.fPower = static_cast<float>(
         PowerInForceGet(settings.m_fStationPower, settings.m_iPropagationModel,

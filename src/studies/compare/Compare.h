@@ -39,8 +39,9 @@ struct CompareTable {
 [[nodiscard]] std::string CompareText(const CompareFigures& figures, const std::string& sEngineA,
                                       const std::string& sEngineB);
 
-/// The settings' path for another engine, for the power that the settings' own engine has in force:
-/// what an antenna choice brings differs between engines.
+/// The settings' path for another engine: with the antennas that are nearest to those of the
+/// settings' own engine, and for the power that it has in force; the numbers of the choices mean
+/// other antennas and powers from engine to engine.
 [[nodiscard]] Request CompareRequestGet(const Settings& settings, SunSpotSource eSunSpotSource,
                                         int iModel);
 

@@ -16,11 +16,13 @@ namespace {
 constexpr int kProgressAfter = 300;  // ms
 constexpr std::array kModels{kEngineRec533, kEngineVoacap, kEngineIcepac};
 
-/// Two requests that differ in nothing but the engine and the maps that it knows.
+/// Two requests that differ in nothing but the engine, the maps that it knows and its number of the
+/// antennas.
 bool SameAsked(Request requestA, const Request& requestB)
 {
     requestA.iModel = requestB.iModel;
     requestA.sIonCoefficients = requestB.sIonCoefficients;
+    requestA.iAntennaType = requestB.iAntennaType;
     return requestA == requestB;
 }
 
