@@ -48,8 +48,8 @@ PropagationTable TableFromCsv(const std::string& sCsv, int nFrequencies)
         for (int i = 1; i <= nFrequencies; ++i) {
             std::getline(stm, sLine);
             const std::vector<std::string> asPiece = CommasCut(sLine);
-            EXPECT_EQ(asPiece.size(), 18u) << sLine;
-            if (asPiece.size() != 18)
+            EXPECT_EQ(asPiece.size(), 21u) << sLine;
+            if (asPiece.size() != 21)
                 return table;
             EXPECT_EQ(asPiece[0], NumberToText(iHour));
             EXPECT_EQ(asPiece[1], NumberToText(iHour - 1));

@@ -271,7 +271,8 @@ TEST(FrmMainStart, MenusHaveTheirToldItems)
     EXPECT_EQ(Texts(frm.mnuOptions),
               QStringLiteral("AirMail...|Model...|Frequency...|Time...|Map...|Station..."));
     EXPECT_EQ(Texts(frm.mnuPlan),
-              QStringLiteral("Who Can I Reach|My Places...|Exchange Ends|Back"));
+              QStringLiteral("Who Can I Reach|Good and Bad Days|Compare Engines|My Places...|"
+                             "Exchange Ends|Back"));
     EXPECT_EQ(Texts(frm.mnuHelp), QStringLiteral("Guide\tF1|About..."));
     EXPECT_EQ(Texts(frm.mnuTransmitter), QStringLiteral("Ham|SailMail|Other"));
     EXPECT_EQ(frm.menuBar()->actions().size(), 5);
