@@ -16,6 +16,8 @@
 #include "places/OwnPlaces.h"
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/Guide.h"
+#include "ui/compare/frmCompare.h"
+#include "ui/days/frmDays.h"
 #include "ui/details/frmDetails.h"
 #include "ui/map/frmMap.h"
 #include "ui/options/frmAbout.h"
@@ -235,6 +237,26 @@ TEST(Screen, OfMyPlaces)
     frm.mnuPlanPlaces->trigger();
     ASSERT_NE(frm.m_pPlaces, nullptr);
     EXPECT_GT(WindowWalk(*frm.m_pPlaces), 10);
+}
+
+TEST(Screen, OfGoodAndBadDays)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuPlanDays->trigger();
+    ASSERT_NE(frm.m_pDays, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !frm.m_pDays->RunningIs(); }, 20000));
+    EXPECT_GE(WindowWalk(*frm.m_pDays), 6);
+}
+
+TEST(Screen, OfCompareEngines)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuPlanCompare->trigger();
+    ASSERT_NE(frm.m_pCompare, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !frm.m_pCompare->RunningIs(); }, 20000));
+    EXPECT_GE(WindowWalk(*frm.m_pCompare), 8);
 }
 
 TEST(Screen, OfTheGuide)
