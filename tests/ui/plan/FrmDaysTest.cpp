@@ -153,6 +153,25 @@ TEST_F(FrmDays, WithoutAChosenNeedTheOneInForceIsTakenAndNamed)
     EXPECT_EQ(frm.picBand->BandGet().fNeed, 13.0F);
 }
 
+TEST_F(FrmDays, PrintedDecilesOfTheMainWindowsTableAreTakenAsTheyAre)
+{
+    rig.m_engine.bDeciles = true;
+    const auto pVoacap =
+        std::make_shared<ChangedEngine>(kEngineVoacap, rig.m_pEngine, [](Prediction&) {});
+    rig.m_aEngine[kEngineVoacap] = pVoacap;
+    frmMain& frmM = rig.StartWithEngine();
+    frmM.m_settings.m_iPropagationModel = kEngineVoacap;
+    ASSERT_TRUE(frmM.Update());
+    const frmDays& frm = Open(frmM);
+    EXPECT_TRUE(pVoacap->AskedGet().empty()) << "nobody is asked again";
+    const DaysCell& cell = frm.DaysTableGet().aCells(20, 2);
+    EXPECT_EQ(cell.fBad, -12.0F);
+    EXPECT_EQ(cell.fMedian, 0.0F);
+    EXPECT_EQ(cell.fGood, 9.0F);
+    EXPECT_EQ(frm.grdDays->TextGet(2, 20), QStringLiteral("0"));
+    EXPECT_TRUE(frm.lblFoot->text().contains(QStringLiteral("VOACAP")));
+}
+
 TEST_F(FrmDays, AnEngineWithoutDecilesIsAskedForThreeSharesOfTheDays)
 {
     const auto pPlain = PlainEngine();

@@ -63,6 +63,10 @@ std::string FakeEngine::VoacapOutput(int iFirst) const
         sOut += RowMake("MODE", 12, 5, asMode);
         for (const char* sLabel : {"ANGLE", "DELAY", "V HITE", "S DBW", "N DBW"})
             sOut += RowMake(sLabel, 12, 5, asNumber);
+        if (bDeciles) {
+            sOut += RowMake("SNR LW", 12, 5, std::vector<std::string>(kChunk, "12.0"));
+            sOut += RowMake("SNR UP", 12, 5, std::vector<std::string>(kChunk, "9.0"));
+        }
         sOut += RowMake("SNRxx", 12, 5, asSnr);
     }
     return sOut;

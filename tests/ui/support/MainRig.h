@@ -23,6 +23,7 @@ struct FakeEngine {
         return iHour + iFrequency;
     };
     std::function<void()> fnDuring;  ///< called while the engine runs
+    bool bDeciles = false;           ///< VOACAP prints 12 and 9 dB; its median is 0
     bool bFail = false;              ///< starts, and leaves no output
     std::set<int> anFailing;         ///< starts (from 0) that leave no output
     int nStarts = 0;
