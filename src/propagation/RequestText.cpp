@@ -51,3 +51,9 @@ std::string RequestFootText(const Request& request, bool bBuiltIn, int nYear)
            + NumberToText(request.nYear != 0 ? request.nYear : nYear) + sBetween
            + RequestSunSpotText(request);
 }
+
+std::string NeedFootText(const Need& need)
+{
+    return "need: " + (need.sName.empty() ? "" : need.sName + ", ") + NumberToText(need.fSnr)
+           + " dB";
+}

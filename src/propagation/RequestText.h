@@ -9,6 +9,7 @@
 #include <string>
 
 #include "propagation/Request.h"
+#include "settings/Need.h"
 
 /// Stands between the parts of a line: a middle dot between blanks.
 inline constexpr const char* kTextBetween = " \xC2\xB7 ";
@@ -28,3 +29,6 @@ inline constexpr const char* kTextBetween = " \xC2\xB7 ";
 /// cycle)", with middle dots for commas.
 /// @param nYear  of the run, for a request that leaves it to the clock
 [[nodiscard]] std::string RequestFootText(const Request& request, bool bBuiltIn, int nYear);
+
+/// "need: E-mail, normal, 40 dB"; "need: 40 dB" for a number without a name.
+[[nodiscard]] std::string NeedFootText(const Need& need);

@@ -33,4 +33,10 @@ TEST(RequestText, NumbersThatAreNoneAreTold)
     EXPECT_EQ(MonthName(12), "December");
 }
 
+TEST(RequestText, NeedsAreNamedWithTheirFigure)
+{
+    EXPECT_EQ(NeedFootText({"SSB, weak", 44.0F, "estimate"}), "need: SSB, weak, 44 dB");
+    EXPECT_EQ(NeedFootText({"", 12.5F, "typed"}), "need: 12.5 dB");
+}
+
 }  // namespace

@@ -1,12 +1,10 @@
 #include "ui/main/PlanCommands.h"
 
-#include <QWidget>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
-PlanCommands::PlanCommands(PlanHost& host, const QWidget& window, QObject* pParent)
-    : QObject(pParent), m_host(host), m_window(window)
+PlanCommands::PlanCommands(PlanHost& host, QObject* pParent) : QObject(pParent), m_host(host)
 {
     connect(&host.SettingsSignalGet(), &SettingsSignal::Changed, this, &PlanCommands::SettingsSee);
 }
@@ -59,9 +57,7 @@ int PlanCommands::RowOf(float fFrequency) const
 
 void PlanCommands::Take(const PlanTaking& taking)
 {
-    // Behind the program's name stands the transmitter's.
-    Step step{CircuitGet(), m_host.SettingsGet().m_selected,
-              m_window.windowTitle().section(QStringLiteral(" - "), 1)};
+    Step step{CircuitGet(), m_host.SettingsGet().m_selected, m_host.TransmitterNameGet()};
     m_bOwn = true;
     Q_EMIT RowTaken(1);
     Settings& settings = m_host.SettingsGet();

@@ -14,7 +14,7 @@
 class PlanCommands final : public QObject {
     Q_OBJECT
 public:
-    PlanCommands(PlanHost& host, const QWidget& window, QObject* pParent);
+    PlanCommands(PlanHost& host, QObject* pParent);
 
     void Take(const PlanTaking& taking);
     /// One step; nothing where there is none.
@@ -50,7 +50,6 @@ private:
     void SettingsSee();
 
     PlanHost& m_host;
-    const QWidget& m_window;
     std::optional<Step> m_back;
     Circuit m_taken{};  // what was in force behind the taking; another one is a change by hand
     bool m_bOwn = false;

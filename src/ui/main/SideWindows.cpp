@@ -1,5 +1,6 @@
 #include "ui/main/SideWindows.h"
 
+#include "ui/card/frmCard.h"
 #include "ui/common/WindowPlace.h"
 #include "ui/compare/frmCompare.h"
 #include "ui/days/frmDays.h"
@@ -30,6 +31,15 @@ void SideWindows::AboutShow()
     if (!m_pAbout)
         m_pAbout = new frmAbout;
     WindowRaise(*m_pAbout);
+}
+
+void SideWindows::CardShow()
+{
+    if (!m_pCard) {
+        m_pCard = new frmCard(m_host, m_formCard);
+        WindowFit(*m_pCard, m_window);
+    }
+    WindowRaise(*m_pCard);
 }
 
 void SideWindows::MapShow()
@@ -127,8 +137,9 @@ void SideWindows::Update()
 void SideWindows::Unload()
 {
     for (const QPointer<PlanWindow>& pPlan :
-         {QPointer<PlanWindow>(m_pReach), QPointer<PlanWindow>(m_pPlaces),
-          QPointer<PlanWindow>(m_pDays), QPointer<PlanWindow>(m_pCompare)}) {
+         {QPointer<PlanWindow>(m_pCard), QPointer<PlanWindow>(m_pReach),
+          QPointer<PlanWindow>(m_pPlaces), QPointer<PlanWindow>(m_pDays),
+          QPointer<PlanWindow>(m_pCompare)}) {
         if (pPlan)
             pPlan->close();  // keeps its place
         delete pPlan;

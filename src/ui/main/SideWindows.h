@@ -8,11 +8,13 @@
 
 #include "propagation/PropagationTable.h"
 #include "settings/Settings.h"
+#include "ui/page/PageFile.h"
 
 class GridControl;
 class PlanHost;
 class QWidget;
 class frmAbout;
+class frmCard;
 class frmCompare;
 class frmDays;
 class frmDetails;
@@ -27,6 +29,7 @@ public:
     SideWindows(QWidget& window, PlanHost& host);
 
     void AboutShow();
+    void CardShow();
     void MapShow();
     void OptionsShow(int iTab);
     void PlacesShow();
@@ -49,6 +52,7 @@ public:
 
     // Null while closed.
     QPointer<frmAbout> m_pAbout;
+    QPointer<frmCard> m_pCard;
     QPointer<frmDetails> m_pDetails;
     QPointer<frmMap> m_pMap;
     QPointer<frmOptions> m_pOptions;
@@ -60,4 +64,5 @@ public:
 private:
     QWidget& m_window;
     PlanHost& m_host;
+    PageForm m_formCard;  // how the last card was wanted
 };

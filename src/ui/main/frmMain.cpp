@@ -227,7 +227,7 @@ void frmMain::StatusShow()
     m_pStatus->Show(m_run->InForceGet(StatusForm::Long), m_run->InForceGet(StatusForm::Short),
                     m_run->SunSpotDetailGet());
     TableNeedShow(m_run->TableGet(), m_pNeed->NeedGet(), *grdData);
-    const bool bOld = m_run->OldIs() || m_pEntry->WaitingIs();
+    const bool bOld = TableOldIs();
     grdData->StaleSet(bOld);
     lblOld->setVisible(bOld && m_run->TableIs());
 }
@@ -236,8 +236,7 @@ void frmMain::StatusShow()
 void frmMain::BestShow()
 {
     const int iHour = UtcNow().nHour + 1;
-    const bool bOld = m_run->OldIs() || m_pEntry->WaitingIs();
-    const int iRow = bOld ? -1 : m_run->BestRowGet(iHour);
+    const int iRow = TableOldIs() ? -1 : m_run->BestRowGet(iHour);
     m_pStatus->BestSet(StatusBest(m_run->TableGet(), iRow, iHour));
 }
 
@@ -284,6 +283,14 @@ void frmMain::CellTake(int iFrequency, int iHour)
 }
 
 bool frmMain::TakenIs() const { return m_pPlan->TakenIs(); }
+
+bool frmMain::TableOldIs() const { return m_run->OldIs() || m_pEntry->WaitingIs(); }
+
+/// It stands behind the program's name.
+QString frmMain::TransmitterNameGet() const
+{
+    return windowTitle().section(QStringLiteral(" - "), 1);
+}
 
 /// A planning window asks for what the user sees, so what was typed comes into force before.
 void frmMain::WaitingUpdate()

@@ -34,6 +34,7 @@ class PositionEntry;
 class QTimer;
 class NeedChooser;
 class StatusLine;
+class TableOutput;
 
 class frmMain final : public QMainWindow, public Ui::frmMain, public PlanHost {
     Q_OBJECT
@@ -61,6 +62,8 @@ public:
     void PlanTake(const PlanTaking& taking) override;
     void CellTake(int iFrequency, int iHour) override;
     [[nodiscard]] bool TakenIs() const override;
+    [[nodiscard]] QString TransmitterNameGet() const override;
+    [[nodiscard]] bool TableOldIs() const override;
     /// Hands in the engines for many predictions; without it each goes by its program.
     using EngineFn = std::function<std::shared_ptr<const Engine>(int iModel)>;
     void EnginesSet(EngineFn fnEngine) { m_fnEngine = std::move(fnEngine); }
@@ -80,6 +83,7 @@ private:
 public:
     // The windows beside this one; null while closed.
     const QPointer<frmAbout>& m_pAbout = m_windows.m_pAbout;
+    const QPointer<frmCard>& m_pCard = m_windows.m_pCard;
     const QPointer<frmDetails>& m_pDetails = m_windows.m_pDetails;
     const QPointer<frmMap>& m_pMap = m_windows.m_pMap;
     const QPointer<frmOptions>& m_pOptions = m_windows.m_pOptions;
@@ -141,6 +145,7 @@ private:
     ClockLine* m_pClock = nullptr;
     FileCommands* m_pFile = nullptr;
     AirmailCommands* m_pAirmail = nullptr;
+    TableOutput* m_pOutput = nullptr;
     std::optional<MainTable> m_table;
     std::optional<TableRun> m_run;
     EngineFn m_fnEngine;

@@ -15,6 +15,7 @@
 #include "ui/main/PlanCommands.h"
 #include "ui/main/PositionEntry.h"
 #include "ui/main/StatusLine.h"
+#include "ui/main/TableOutput.h"
 #include "ui/main/frmMain.h"
 #include "ui/options/AppIcon.h"
 
@@ -55,6 +56,7 @@ void frmMain::PartsMake()
     m_pAirmail = new AirmailCommands(*this, *mnuTransmitter, this);
     m_table.emplace(*grdData, m_settings);
     m_run.emplace(m_settings, *grdData);
+    m_pOutput = new TableOutput(*this, *grdData, *this, this);
     connect(m_pCommands, &CommandQueue::UpdateAsked, this, &frmMain::Update);
     connect(m_pNeed, &NeedChooser::Chosen, &SettingsSignalGet(), &SettingsSignal::NeedChosen);
     connect(&SettingsSignalGet(), &SettingsSignal::NeedChosen, this, [this] { StatusShow(); });
@@ -129,6 +131,13 @@ void frmMain::MenusConnect()
             [this] { mnuFileUndoDefault->setEnabled(m_pFile->UndoPossible()); });
     CommandConnect(mnuFileOpen, [this] { m_pFile->Open(); });
     CommandConnect(mnuFileSave, [this] { m_pFile->Save(); });
+    CommandConnect(mnuFileCopyTable, [this] { m_pOutput->Copy(); });
+    CommandConnect(mnuFileExport, [this] { m_pOutput->Export(); });
+    CommandConnect(mnuFilePrintCard, [this] { m_pOutput->Print(); });
+    connect(m_pOutput, &TableOutput::CardAsked, this, [this] {
+        WaitingUpdate();
+        m_windows.CardShow();
+    });
     CommandConnect(mnuFileExit, [this] { close(); });
     CommandConnect(mnuViewWorldMap, [this] { m_windows.MapShow(); });
     CommandConnect(mnuViewDetailData, [this] { mnuViewDetailDataClick(); });
@@ -145,7 +154,7 @@ void frmMain::MenusConnect()
 
 void frmMain::PlanConnect()
 {
-    m_pPlan = new PlanCommands(*this, *this, this);
+    m_pPlan = new PlanCommands(*this, this);
     connect(m_pPlan, &PlanCommands::RowTaken, m_pEntry, &PositionEntry::RowDrop);
     connect(m_pPlan, &PlanCommands::TitleTaken, this, &frmMain::TitleSet);
     connect(m_pPlan, &PlanCommands::CellTaken, this, &frmMain::grdDataMove);

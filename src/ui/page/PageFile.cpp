@@ -17,6 +17,7 @@
 #endif
 
 #include "system/FileLib.h"
+#include "ui/common/FileDialog.h"
 
 namespace {
 
@@ -106,6 +107,14 @@ QImage PageImage(const Page& page, const PageForm& form, int nDotsPerInch)
     painter.setRenderHint(QPainter::Antialiasing);
     PagePaint(painter, layout.paintRectPixels(nDotsPerInch), page, form.eLook);
     return image;
+}
+
+QString PageFileAsk(QWidget* pParent, const QString& sFile)
+{
+    return FileDialogShow(pParent,
+                          {FileDialogKind::Save, sFile,
+                           QStringLiteral("Table, picture or document (*.csv *.png *.pdf)|*.")
+                               + QFileInfo(sFile).suffix()});
 }
 
 Result<void> PageExport(const Page& page, const PageForm& form, const QString& sFile)

@@ -30,6 +30,11 @@ void PageGridCopy(const PageGrid& grid);
 /// @param nDotsPerInch  > 0
 [[nodiscard]] QImage PageImage(const Page& page, const PageForm& form, int nDotsPerInch);
 
+/// Asks for the file of a page.
+/// @param sFile  shown first; a name without a suffix gets this one's
+/// @return the full path; empty when the user cancels
+[[nodiscard]] QString PageFileAsk(QWidget* pParent, const QString& sFile);
+
 /// Writes by the suffix: .csv (the first table of the page), .png, .pdf. The file is replaced whole
 /// or left as it was.
 /// @return what went wrong, with the file's name: another suffix, no table for .csv, no room ...

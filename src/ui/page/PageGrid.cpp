@@ -6,10 +6,18 @@
 
 namespace {
 
+/// The lines of titles, from the top.
+std::vector<QStringList> TitlesGet(const PageGrid& grid)
+{
+    std::vector<QStringList> aLine{grid.asCorner + grid.asColumn};
+    aLine.insert(aLine.end(), grid.aTitle.begin(), grid.aTitle.end());
+    return aLine;
+}
+
 /// The table line by line, the titles first.
 std::vector<QStringList> LinesGet(const PageGrid& grid)
 {
-    std::vector<QStringList> aLine{grid.asCorner + grid.asColumn};
+    std::vector<QStringList> aLine = TitlesGet(grid);
     for (int iRow = 0; iRow < grid.RowsGet(); ++iRow) {
         QStringList asLine = grid.aRow[static_cast<std::size_t>(iRow)];
         for (int iCol = 0; iCol < grid.ColsGet(); ++iCol)
@@ -68,6 +76,27 @@ PageGrid PageGridMake(const QStringList& asCorner, const QStringList& asColumn,
     return grid;
 }
 
+PageGrid PageGridTurned(const PageGrid& grid)
+{
+    const auto nHeads = static_cast<int>(grid.asCorner.size());
+    std::vector<QStringList> aLine;  // of titles: a head's name, then that head of each row
+    for (int iHead = 0; iHead < nHeads; ++iHead) {
+        QStringList asLine{grid.asCorner[iHead]};
+        for (const QStringList& asRow : grid.aRow) asLine.append(asRow.value(iHead));
+        aLine.push_back(asLine);
+    }
+    std::vector<QStringList> aRow;
+    for (const QString& sColumn : grid.asColumn) aRow.push_back({sColumn});
+    if (aLine.empty())
+        aLine.push_back(QStringList(grid.RowsGet() + 1));
+    PageGrid turned = PageGridMake({aLine.front().front()}, aLine.front().mid(1), aRow);
+    turned.aTitle.assign(aLine.begin() + 1, aLine.end());
+    for (int iRow = 0; iRow < grid.RowsGet(); ++iRow)
+        for (int iCol = 0; iCol < grid.ColsGet(); ++iCol)
+            turned.CellGet(iCol, iRow) = grid.CellGet(iRow, iCol);
+    return turned;
+}
+
 QString PageGridTabs(const PageGrid& grid)
 {
     QStringList asLine;
@@ -93,10 +122,13 @@ QString PageGridCsv(const PageGrid& grid)
 
 QString PageGridHtml(const PageGrid& grid)
 {
-    QString sTitles;
-    for (const QString& sTitle : grid.asCorner + grid.asColumn)
-        sTitles += TagsPut("th", sTitle.toHtmlEscaped());
-    QString sRows = TagsPut("tr", sTitles);
+    QStringList asTitles;
+    for (const QStringList& asLine : TitlesGet(grid)) {
+        QString sTitles;
+        for (const QString& sTitle : asLine) sTitles += TagsPut("th", sTitle.toHtmlEscaped());
+        asTitles.append(TagsPut("tr", sTitles));
+    }
+    QString sRows = asTitles.join(QLatin1Char('\n'));
     for (int iRow = 0; iRow < grid.RowsGet(); ++iRow) {
         QString sRow;
         for (const QString& sHead : grid.aRow[static_cast<std::size_t>(iRow)])

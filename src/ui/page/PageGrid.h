@@ -17,11 +17,14 @@ struct PageCell {
 };
 
 /// Every row of heads is as long as asCorner; aCell has a cell for each row and column.
+/// Every further line of titles has the corners and the columns.
 struct PageGrid {
-    QStringList asCorner;           ///< titles of the columns of heads
-    QStringList asColumn;           ///< titles of the columns of cells
-    std::vector<QStringList> aRow;  ///< the heads of each row
-    std::vector<PageCell> aCell;    ///< row by row
+    QStringList asCorner;                  ///< titles of the columns of heads
+    QStringList asColumn;                  ///< titles of the columns of cells
+    std::vector<QStringList> aRow;         ///< the heads of each row
+    std::vector<PageCell> aCell;           ///< row by row
+    std::vector<QStringList> aTitle = {};  ///< lines of titles below the first
+    bool bTurns = false;  ///< painted with its rows as columns where the page is wider than high
 
     [[nodiscard]] int RowsGet() const { return static_cast<int>(aRow.size()); }
     [[nodiscard]] int ColsGet() const { return static_cast<int>(asColumn.size()); }
@@ -32,6 +35,9 @@ struct PageGrid {
 /// Cells without values, all heads given.
 [[nodiscard]] PageGrid PageGridMake(const QStringList& asCorner, const QStringList& asColumn,
                                     const std::vector<QStringList>& aRow);
+
+/// Rows as columns: the columns of heads become lines of titles.
+[[nodiscard]] PageGrid PageGridTurned(const PageGrid& grid);
 
 /// Lines of cells between tabs, the titles first; no line end behind the last line.
 [[nodiscard]] QString PageGridTabs(const PageGrid& grid);

@@ -31,6 +31,11 @@ public:
     PagePainter(QPainter& painter, const QRectF& rct, const Page& page, PageLook eLook)
         : m_painter(painter), m_rct(rct), m_page(page), m_eLook(eLook)
     {
+        if (rct.width() <= rct.height())
+            return;
+        for (PageBlock& block : m_page.aBlock)
+            if (auto* pGrid = std::get_if<PageGrid>(&block.body); pGrid && pGrid->bTurns)
+                *pGrid = PageGridTurned(*pGrid);
     }
 
     void Paint()
@@ -69,12 +74,17 @@ private:
     {
         return QFontMetricsF(FontGet(dSize, bBold), m_painter.device());
     }
-    [[nodiscard]] double TextHeight(const QString& sText, double dSize, bool bBold) const
+    /// What a text takes of the page's width and of any height.
+    [[nodiscard]] QSizeF TextSize(const QString& sText, double dSize, bool bBold) const
     {
         if (sText.isEmpty())
-            return 0.0;
+            return {0.0, 0.0};
         const QRectF rctRoom(0, 0, m_rct.width(), m_rct.height());
-        return MetricsGet(dSize, bBold).boundingRect(rctRoom, Qt::TextWordWrap, sText).height();
+        return MetricsGet(dSize, bBold).boundingRect(rctRoom, Qt::TextWordWrap, sText).size();
+    }
+    [[nodiscard]] double TextHeight(const QString& sText, double dSize, bool bBold) const
+    {
+        return TextSize(sText, dSize, bBold).height();
     }
 
     // --- tables: a width for each column of heads, one for all columns of cells
@@ -91,6 +101,7 @@ private:
         std::vector<double> aWidth;
         for (int i = 0; i < grid.asCorner.size(); ++i) {
             QStringList asText{grid.asCorner[i]};
+            for (const QStringList& asLine : grid.aTitle) asText.append(asLine.value(i));
             for (const QStringList& asRow : grid.aRow) asText.append(asRow.value(i));
             aWidth.push_back(Widest(asText));
         }
@@ -105,6 +116,7 @@ private:
     [[nodiscard]] double CellWidthLeast(const PageGrid& grid) const
     {
         QStringList asText = grid.asColumn;
+        for (const QStringList& asLine : grid.aTitle) asText += asLine.mid(grid.asCorner.size());
         for (const PageCell& cell : grid.aCell) asText.append(cell.sText);
         return Widest(asText);
     }
@@ -112,9 +124,14 @@ private:
     {
         return Sum(HeadWidths(grid)) + grid.ColsGet() * CellWidthLeast(grid);
     }
+    /// Of a table, its titles too.
+    [[nodiscard]] static int LinesGet(const PageGrid& grid)
+    {
+        return grid.RowsGet() + 1 + static_cast<int>(grid.aTitle.size());
+    }
     [[nodiscard]] double GridHeight(const PageGrid& grid) const
     {
-        return (grid.RowsGet() + 1) * m_dRowHeight * m_dLetters;
+        return LinesGet(grid) * m_dRowHeight * m_dLetters;
     }
 
     // --- measuring
@@ -139,10 +156,17 @@ private:
     }
     [[nodiscard]] double WidthGet() const
     {
-        double dWidth = m_rct.width();
-        for (const PageBlock& block : m_page.aBlock)
+        // Words longer than a line do not wrap.
+        double dWidth = std::max({m_rct.width(), TextSize(m_page.sTitle, kTitleSize, true).width(),
+                                  TextSize(m_page.sFoot, 1.0, false).width()});
+        for (const PageBlock& block : m_page.aBlock) {
+            dWidth = std::max(dWidth, TextSize(block.sHeading, kHeadingSize, true).width());
             if (const auto* pGrid = std::get_if<PageGrid>(&block.body))
                 dWidth = std::max(dWidth, GridWidthLeast(*pGrid));
+            if (const auto* pasLine = std::get_if<QStringList>(&block.body))
+                for (const QString& sLine : *pasLine)
+                    dWidth = std::max(dWidth, TextSize(sLine, 1.0, false).width());
+        }
         return dWidth;
     }
     [[nodiscard]] bool Fits() const
@@ -163,7 +187,7 @@ private:
         int nRows = 0;
         for (const PageBlock& block : m_page.aBlock)
             if (const auto* pGrid = std::get_if<PageGrid>(&block.body))
-                nRows += pGrid->RowsGet() + 1;
+                nRows += LinesGet(*pGrid);
         const double dRoom = (m_rct.height() - HeightGet()) / m_dLetters
                              - PicturesGet() * (kPictureGood - kPictureLeast);
         if (nRows > 0 && dRoom > 0)
@@ -235,24 +259,31 @@ private:
         constexpr double kWidest = 6.0;  // letters: few columns need not fill the page
         const double dCell = std::max(CellWidthLeast(grid), std::min(dRoom, kWidest * m_dLetters));
         const double dRow = m_dRowHeight * m_dLetters;
-        for (int iRow = -1; iRow < grid.RowsGet(); ++iRow) {
+        TitlesPaint(grid.asCorner + grid.asColumn, aHead, dCell);
+        for (const QStringList& asLine : grid.aTitle) TitlesPaint(asLine, aHead, dCell);
+        for (int iRow = 0; iRow < grid.RowsGet(); ++iRow) {
             double dLeft = m_rct.left();
             for (std::size_t i = 0; i < aHead.size(); ++i) {
-                const int iHead = static_cast<int>(i);
                 HeadPaint(QRectF(dLeft, m_dTop, aHead[i], dRow),
-                          iRow < 0 ? grid.asCorner[iHead]
-                                   : grid.aRow[static_cast<std::size_t>(iRow)].value(iHead));
+                          grid.aRow[static_cast<std::size_t>(iRow)].value(static_cast<int>(i)));
                 dLeft += aHead[i];
             }
-            for (int iCol = 0; iCol < grid.ColsGet(); ++iCol, dLeft += dCell) {
-                const QRectF rct(dLeft, m_dTop, dCell, dRow);
-                if (iRow < 0)
-                    HeadPaint(rct, grid.asColumn[iCol]);
-                else
-                    CellPaint(rct, grid.CellGet(iRow, iCol));
-            }
+            for (int iCol = 0; iCol < grid.ColsGet(); ++iCol, dLeft += dCell)
+                CellPaint(QRectF(dLeft, m_dTop, dCell, dRow), grid.CellGet(iRow, iCol));
             m_dTop += dRow;
         }
+    }
+    void TitlesPaint(const QStringList& asTitle, const std::vector<double>& aHead, double dCell)
+    {
+        const double dRow = m_dRowHeight * m_dLetters;
+        double dLeft = m_rct.left();
+        for (int i = 0; i < asTitle.size(); ++i) {
+            const auto iHead = static_cast<std::size_t>(i);
+            const double dWidth = iHead < aHead.size() ? aHead[iHead] : dCell;
+            HeadPaint(QRectF(dLeft, m_dTop, dWidth, dRow), asTitle[i]);
+            dLeft += dWidth;
+        }
+        m_dTop += dRow;
     }
     void BodyPaint(const PageBody& body, double dPicture)
     {
@@ -289,7 +320,7 @@ private:
 
     QPainter& m_painter;
     QRectF m_rct;
-    const Page& m_page;
+    Page m_page;
     PageLook m_eLook;
     double m_dLetters = 0.0;
     double m_dRowHeight = kRowHeight;

@@ -34,6 +34,10 @@ public:
     virtual void PlanTake(const PlanTaking& taking) = 0;
     /// Selects a cell of the table, as its keys do.
     virtual void CellTake(int iFrequency, int iHour) = 0;
+    /// The name of the transmitter, as the main window's title has it; empty without one.
+    [[nodiscard]] virtual QString TransmitterNameGet() const = 0;
+    /// The table that is shown is not the one that the settings ask for.
+    [[nodiscard]] virtual bool TableOldIs() const = 0;
     /// A row that was taken is in force: the list of frequencies may be its own.
     [[nodiscard]] virtual bool TakenIs() const = 0;
 };

@@ -9,13 +9,9 @@
 #include <variant>
 
 #include "system/MsgLib.h"
-#include "ui/common/FileDialog.h"
 #include "ui/common/WindowPlace.h"
 
 namespace {
-
-/// A name without a suffix gets the last one.
-constexpr const char* kExportFilter = "Table, picture or document (*.csv *.png *.pdf)|*.csv";
 
 QPushButton* ButtonMake(const char* sName, const QString& sText, QWidget* pParent)
 {
@@ -29,14 +25,6 @@ void FailureTell(const Result<void>& res)
 {
     if (!res)
         MsgBox(MsgIcon::Exclamation, res.TextGet());
-}
-
-/// Wide pages go on their side.
-PageForm FormGet()
-{
-    PageForm form;
-    form.eOrientation = QPageLayout::Landscape;
-    return form;
 }
 
 }  // namespace
@@ -80,11 +68,18 @@ void PlanWindow::Copy()
             return PageGridCopy(*pGrid);
 }
 
+PageForm PlanWindow::FormGet() const
+{
+    PageForm form;
+    form.eOrientation = QPageLayout::Landscape;
+    return form;
+}
+
+QString PlanWindow::FileNameGet() const { return windowTitle() + QStringLiteral(".csv"); }
+
 void PlanWindow::Export()
 {
-    const QString sFile =
-        FileDialogShow(this, {FileDialogKind::Save, windowTitle() + QStringLiteral(".csv"),
-                              QString::fromLatin1(kExportFilter)});
+    const QString sFile = PageFileAsk(this, FileNameGet());
     if (!sFile.isEmpty())
         FailureTell(PageExport(PageGet(), FormGet(), sFile));
 }

@@ -27,6 +27,8 @@ public:
 
     /// Everything that the window shows, as a page.
     [[nodiscard]] virtual Page PageGet() const = 0;
+    /// Paper and looks for Export and Print; wide pages go on their side.
+    [[nodiscard]] virtual PageForm FormGet() const;
     /// Copies the table of the page, or its whole text where it has none.
     void Copy();
     void Export();
@@ -40,6 +42,8 @@ public:
 protected:
     /// Ends the innermost thing under way. @return false when there is none
     virtual bool WorkStop() { return false; }
+    /// The file that Export proposes.
+    [[nodiscard]] virtual QString FileNameGet() const;
     void FootSet(const std::string& sFoot);
     [[nodiscard]] QVBoxLayout& ContentGet() { return *m_pContent; }
     [[nodiscard]] PlanHost& HostGet() const { return m_host; }

@@ -194,7 +194,7 @@ void frmReach::Ask()
     const auto failure = pEngine->ObstacleGet();
     FootSet(
         RequestFootText(m_pReach->AskedGet().base, !pEngine->VersionGet().empty(), UtcNow().nYear)
-        + kTextBetween + "need: " + NeedGet().sName + ", " + NumberToText(NeedGet().fSnr) + " dB");
+        + kTextBetween + NeedFootText(NeedGet()));
     m_sObstacle = failure ? failure->sText : std::string();
     if (failure || m_pReach->PlacesGet().empty())
         return ListShow();

@@ -92,4 +92,25 @@ TEST(PageGrid, HtmlEscapesTexts)
                              "<tr><th>&quot;</th><td>&lt;/td&gt;</td></tr></table>"));
 }
 
+TEST(PageGrid, TurnedItsRowsAreColumnsAndItsHeadsLinesOfTitles)
+{
+    const PageGrid grid = SampleGrid(3);
+    const PageGrid turned = PageGridTurned(grid);
+    ASSERT_EQ(turned.RowsGet(), 3);
+    ASSERT_EQ(turned.ColsGet(), 24);
+    EXPECT_EQ(turned.asCorner, QStringList(QStringLiteral("UTC")));
+    EXPECT_EQ(turned.asColumn[2], QStringLiteral("02:00"));
+    ASSERT_EQ(turned.aTitle.size(), 1U);
+    EXPECT_EQ(turned.aTitle[0].mid(0, 2),
+              QStringList({QStringLiteral("Ship"), QStringLiteral("05:30")}));
+    EXPECT_EQ(turned.aRow[1], QStringList(grid.asColumn[1]));
+    for (int iRow = 0; iRow < 24; ++iRow)
+        for (int iCol = 0; iCol < 3; ++iCol)
+            EXPECT_EQ(turned.CellGet(iCol, iRow).sText, grid.CellGet(iRow, iCol).sText);
+    const QStringList asLine = PageGridTabs(turned).split(QLatin1Char('\n'));
+    ASSERT_EQ(asLine.size(), 5);
+    EXPECT_TRUE(asLine[1].startsWith(QStringLiteral("Ship\t05:30\t06:30")));
+    EXPECT_EQ(PageGridHtml(turned).count(QStringLiteral("<th>")), 2 * 25 + 3);
+}
+
 }  // namespace

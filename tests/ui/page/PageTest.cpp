@@ -67,6 +67,30 @@ TEST(Page, LettersTooLargeForTheRoomAreMadeSmallerNotCut)
     EXPECT_TRUE(QRect(kAround - 1, kAround - 1, 302, 202).contains(InkGet(image)));
 }
 
+TEST(Page, AWordLongerThanALineIsMadeSmallerNotCut)
+{
+    Page page;
+    page.sTitle = QString(200, QLatin1Char('W'));
+    const QImage image = Painted(page, QSize(500, 700), PageLook::Colour);
+    const QRect rctInk = InkGet(image);
+    EXPECT_TRUE(QRect(kAround - 1, kAround - 1, 502, 702).contains(rctInk));
+    EXPECT_GT(rctInk.width(), 400);
+}
+
+TEST(Page, ATableThatTurnsLiesOnAWidePage)
+{
+    Page page;
+    PageGrid grid = SampleGrid(2);
+    page.aBlock.push_back({QString(), grid});
+    const auto Shape = [&page](QSize size) {
+        return InkGet(Painted(page, size, PageLook::Colour)).size();
+    };
+    EXPECT_GT(Shape(QSize(1000, 700)).height(), 600) << "25 lines";
+    std::get<PageGrid>(page.aBlock[0].body).bTurns = true;
+    EXPECT_LT(Shape(QSize(1000, 700)).height(), 300) << "4 lines";
+    EXPECT_GT(Shape(QSize(700, 1000)).height(), 600) << "upright it stays";
+}
+
 TEST(Page, CellsHaveTheirColours)
 {
     Page page;

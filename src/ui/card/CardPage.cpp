@@ -1,0 +1,140 @@
+#include "ui/card/CardPage.h"
+
+#include <QCoreApplication>
+#include <cstddef>
+#include <memory>
+
+#include "propagation/RequestText.h"
+#include "propagation/SnrScale.h"
+#include "studies/curves/Curves.h"
+#include "system/NumberLib.h"
+#include "ui/common/Colors.h"
+#include "ui/common/LocationText.h"
+#include "ui/curves/CurvesPlot.h"
+
+namespace {
+
+QString Tr(const char* sText) { return QCoreApplication::translate("CardPage", sText); }
+
+QString Formatted(double dValue, const char* sPattern)
+{
+    return QString::fromStdString(NumberFormat(dValue, sPattern));
+}
+
+QString PositionGet(double dLat, double dLon)
+{
+    return LocationToText(LocationKind::Latitude, dLat) + u' '
+           + LocationToText(LocationKind::Longitude, dLon);
+}
+
+/// The first of the highest SNR of an hour, kHz.
+QString BestGet(const PropagationTable& table, int iHour)
+{
+    int iBest = 0;
+    float fBest = kSnrLeast;
+    for (int i = 1; i <= table.nData; ++i) {
+        if (table.PresentIs(i) && table.fSnr(iHour, i) > fBest) {
+            fBest = table.fSnr(iHour, i);
+            iBest = i;
+        }
+    }
+    return iBest > 0 ? Formatted(table.request.FrequencyGet(iBest), "0") : QStringLiteral("-");
+}
+
+PageCell CellMake(const PropagationTable& table, int iHour, int iFrequency, float fNeed)
+{
+    PageCell cell;
+    cell.bHatched = !table.PresentIs(iFrequency);
+    if (cell.bHatched)
+        return cell;
+    const float fSnr = SnrShownGet(table.fSnr(iHour, iFrequency));
+    cell.sText = Formatted(fSnr, "0");
+    cell.clrBack = ColorFromBgr(SnrBandOfCell(fSnr).nColor);
+    cell.bStrong = fSnr >= fNeed;
+    return cell;
+}
+
+/// The hours of UTC and of the ship under their names, in the order of the time setting.
+struct Hours {
+    QString sName;
+    HourLabels asHour;
+};
+
+std::array<Hours, 2> HoursGet(const CardAsked& asked)
+{
+    const Hours utc{Tr("UTC"), HourLabelsGet(kTimeZulu)};
+    const Hours ship{Tr("Ship"), asked.asShip};
+    return asked.iTimeCode == kTimeLocal ? std::array{ship, utc} : std::array{utc, ship};
+}
+
+QStringList EndsGet(const PropagationTable& table, const CardAsked& asked)
+{
+    const Request& request = table.request;
+    QStringList asLine;
+    asLine << Tr("Transmitter: %1%2")
+                  .arg(asked.sTx.isEmpty() ? asked.sTx : asked.sTx + QStringLiteral(", "),
+                       PositionGet(request.dTxLat, request.dTxLon))
+           << Tr("Receiver: %1").arg(PositionGet(request.dRcLat, request.dRcLon)) << asked.asNote
+           << Tr("Range %1 nmi; bearing to the transmitter %2\u00B0, from the transmitter %3\u00B0")
+                  .arg(Formatted(table.fRange, "0"), Formatted(table.fAzimuthRcTx, "000"),
+                       Formatted(table.fAzimuthTxRc, "000"));
+    return asLine;
+}
+
+PagePicture CurvesGet(const PropagationTable& table, const CardAsked& asked)
+{
+    const auto pDay = std::make_shared<const DayCurves>(DayCurvesGet(table));
+    CurvesView view;
+    view.asHour = HoursGet(asked).front().asHour;
+    view.fNeed = asked.need.fSnr;
+    return {[pDay, view](QPainter& painter, const QRectF& rct, PageLook eLook) {
+        CurvesView viewLook = view;
+        viewLook.eLook = eLook;
+        CurvesPlot(rct, QFontMetricsF(painter.font(), painter.device()), *pDay, viewLook)
+            .Paint(painter);
+    }};
+}
+
+}  // namespace
+
+PageGrid CardGridGet(const PropagationTable& table, const CardAsked& asked)
+{
+    QStringList asColumn;
+    for (int i = 1; i <= table.nData; ++i)
+        asColumn.append(Formatted(table.request.FrequencyGet(i), "0"));
+    const auto aHours = HoursGet(asked);
+    std::vector<QStringList> aRow;
+    for (std::size_t n = 0; n < aHours.front().asHour.size(); ++n)
+        aRow.push_back({aHours[0].asHour.at(n), aHours[1].asHour.at(n),
+                        BestGet(table, static_cast<int>(n) + 1)});
+    PageGrid grid = PageGridMake({aHours[0].sName, aHours[1].sName, Tr("Best")}, asColumn, aRow);
+    for (int iHour = 1; iHour <= kHourCount; ++iHour)
+        for (int i = 1; i <= table.nData; ++i)
+            grid.CellGet(iHour - 1, i - 1) = CellMake(table, iHour, i, asked.need.fSnr);
+    grid.bTurns = true;
+    return grid;
+}
+
+Page CardPageGet(const PropagationTable& table, const CardAsked& asked)
+{
+    const Request& request = table.request;
+    const QString sTx =
+        asked.sTx.isEmpty() ? PositionGet(request.dTxLat, request.dTxLon) : asked.sTx;
+    Page page;
+    page.sTitle = Tr("%1 to %2").arg(sTx, PositionGet(request.dRcLat, request.dRcLon));
+    page.aBlock.push_back({{}, EndsGet(table, asked)});
+    page.aBlock.push_back(
+        {Tr("Signal-to-noise ratio, dB in 1 Hz, by hour and frequency in kHz; bold is enough: %1")
+             .arg(QString::fromStdString(NeedFootText(asked.need)).section(u' ', 1)),
+         CardGridGet(table, asked)});
+    page.aBlock.push_back(
+        {Tr("Highest (MUF), best (FOT) and lowest (LUF) frequency, kHz, by %1; "
+            "day and night at receiver and transmitter")
+             .arg(asked.iTimeCode == kTimeLocal ? Tr("hour of the ship") : Tr("hour UTC")),
+         CurvesGet(table, asked)});
+    const std::string sOld =
+        asked.bOld ? kTextBetween + Tr("of an earlier update").toStdString() : std::string();
+    page.sFoot = QString::fromStdString(RequestFootText(request, table.bBuiltIn, asked.nYear)
+                                        + kTextBetween + NeedFootText(asked.need) + sOld);
+    return page;
+}
