@@ -7,10 +7,12 @@
 #include <QTemporaryDir>
 
 #include "BenchRoot.h"
+#include "ui/card/CardPage.h"
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/GridControl.h"
 #include "ui/main/TableView.h"
 #include "ui/main/frmMain.h"
+#include "ui/page/PageFile.h"
 
 namespace {
 
@@ -40,6 +42,32 @@ void TableRefill(benchmark::State& state)
     }
 }
 BENCHMARK(TableRefill)->UseRealTime()->Unit(benchmark::kMicrosecond);
+
+/// A card of 15 frequencies as a sheet for the preview.
+void CardToSheet(benchmark::State& state)
+{
+    state.counters["limit_us"] = 150000;
+    PropagationTable table(kFrequencies);
+    table.request.nData = kFrequencies;
+    table.request.afFrequency.resize(kFrequencies + 1);
+    table.request.nMonth = 6;
+    table.PresentSet(1, kFrequencies, true);
+    for (int i = 1; i <= kFrequencies; ++i) {
+        table.request.afFrequency[static_cast<std::size_t>(i)] = 2000.0F * static_cast<float>(i);
+        for (int iHour = 1; iHour <= kHourCount; ++iHour) {
+            table.fSnr(iHour, i) = static_cast<float>((iHour * i) % 80);
+            table.fMUF[iHour] = 20000.0F;
+        }
+    }
+    CardAsked asked;
+    asked.need = {"E-mail, normal", 40.0F, ""};
+    constexpr int kDotsPerInch = 150;
+    for (auto _ : state) {
+        const QImage img = PageImage(CardPageGet(table, asked), {}, kDotsPerInch);
+        benchmark::DoNotOptimize(img.constBits());
+    }
+}
+BENCHMARK(CardToSheet)->UseRealTime()->Unit(benchmark::kMicrosecond);
 
 /// A profile with a sunspot number of its own.
 QString ProfileMake(const QTemporaryDir& dir)

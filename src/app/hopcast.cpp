@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/engines/EngineList.h"
+#include "app/export/CardExport.h"
 #include "propagation/itshfbc/EngineRoot.h"
 #include "settings/ProfileLib.h"
 #include "system/ClockLib.h"
@@ -34,9 +35,13 @@ constexpr const char* kHelp =
     "hopcast: HF radio contact planning\n"
     "\n"
     "  hopcast [--profile FILE]\n"
+    "  hopcast --export FILE [OPTIONS of hopcast-predict]\n"
     "\n"
     "  --profile FILE  settings are read from and saved to FILE; a new FILE starts with\n"
     "                  the values of a new installation\n"
+    "  --export FILE   without a window: write the card of the prediction that hopcast-predict\n"
+    "                  makes with the same options to FILE, a name that ends in .pdf, .png or\n"
+    "                  .csv, and end\n"
     "  --once          start, show the first prediction, print its time in ms, and end\n"
     "  --version       print the version and end\n"
     "  --help          print this text and end\n"
@@ -51,6 +56,7 @@ constexpr const char* kHelp =
 struct Options {
     std::optional<std::string> sProfile;
     bool bOnce = false;
+    bool bExport = false;  ///< the other words are those of a prediction
     bool bVersion = false;
     bool bHelp = false;
     std::string sError;
@@ -59,7 +65,11 @@ struct Options {
 Options OptionsGet(const std::vector<std::string>& asWords)
 {
     Options options;
-    for (std::size_t n = 0; n < asWords.size() && options.sError.empty(); ++n) {
+    const auto Refuse = [&options](const std::string& sWhy) {
+        if (options.sError.empty())
+            options.sError = sWhy;
+    };
+    for (std::size_t n = 0; n < asWords.size(); ++n) {
         const std::string& sWord = asWords[n];
         if (sWord == "--help" || sWord == "-h")
             options.bHelp = true;
@@ -70,9 +80,11 @@ Options OptionsGet(const std::vector<std::string>& asWords)
         else if (sWord == "--profile" && n + 1 < asWords.size() && !asWords[n + 1].empty())
             options.sProfile = asWords[++n];
         else if (sWord == "--profile")
-            options.sError = "--profile: a file is missing";
+            Refuse("--profile: a file is missing");
+        else if (sWord == "--export" || sWord.starts_with("--export="))
+            options.bExport = true;
         else
-            options.sError = sWord + ": unknown option (hopcast --help)";
+            Refuse(sWord + ": unknown option (hopcast --help)");
     }
     return options;
 }
@@ -167,12 +179,18 @@ std::vector<std::string> WordsGet()
 int main(int nArguments, char** asArguments)
 {
     const bool bConsole = ConsoleIsThere();
-    const Options optionsAlone = OptionsGet(ArgumentsGet(nArguments, asArguments));
+    const std::vector<std::string> asAlone = ArgumentsGet(nArguments, asArguments);
+    const Options optionsAlone = OptionsGet(asAlone);
     const char* sAnswer = optionsAlone.bHelp ? kHelp : optionsAlone.bVersion ? kVersion : nullptr;
     // These two answer on a machine without a display too.
     if (sAnswer && bConsole) {
         std::fputs(sAnswer, stdout);
         return 0;
+    }
+    if (optionsAlone.bExport && !sAnswer) {
+        const ConsoleUtf8 console;
+        EndSignalsAnswer(EngineRootRelease);
+        return CardExportRun(asAlone);
     }
     QApplication app(nArguments, asArguments);
     // No display name: the toolkit would append it to the title of every other window.

@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "app/predict/PredictConsole.h"
 #include "app/predict/PredictOptions.h"
 #include "app/predict/PredictRun.h"
 #include "propagation/itshfbc/EngineRoot.h"
@@ -13,33 +13,12 @@
 #include "system/MsgLib.h"
 #include "system/PathLib.h"
 #include "system/SignalLib.h"
-#include "system/TextLib.h"
 
 namespace {
 
-constexpr int kExitPredicted = 0;
-constexpr int kExitFailed = 1;
-constexpr int kExitUsage = 2;
-
-/// A box's text with its line breaks (single carriage returns too) as lines, and nothing in them
-/// that a terminal obeys.
-std::string LinesGet(const std::string& sText)
-{
-    std::string sLines;
-    for (std::size_t nFrom = 0;;) {
-        const std::size_t nEnd = std::min(sText.find_first_of("\r\n", nFrom), sText.size());
-        sLines += TextPrintable(std::string_view(sText).substr(nFrom, nEnd - nFrom));
-        if (nEnd == sText.size())
-            return sLines;
-        sLines += '\n';
-        nFrom = nEnd + (sText.compare(nEnd, 2, "\r\n") == 0 ? 2 : 1);
-    }
-}
-
 int Fail(int nStatus, const std::string& sText)
 {
-    std::fprintf(stderr, "hopcast-predict: %s\n", LinesGet(sText).c_str());
-    return nStatus;
+    return PredictFail("hopcast-predict", nStatus, sText);
 }
 
 /// Standard output that is closed or on a full disk must not pass for success.

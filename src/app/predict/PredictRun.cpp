@@ -89,35 +89,44 @@ void DecilesTake(const Request& input, PropagationTable& table)
     table.fSnrUpper = prediction.table.fSnrUpper;
 }
 
-std::optional<PredictOutput> PointToPointGet(const PredictOptions& options,
-                                             const Settings& settings, const SunSpotRun& ssn,
-                                             bool bColor)
+/// @return false when there is no table
+bool PathRun(PredictPath& path)
 {
-    Request input = RequestFromSettings(settings);
-    input.eSunSpotSource = ssn.eSource;
-    PropagationTable table(input.nData);
+    Request input = RequestFromSettings(path.settings);
+    input.eSunSpotSource = path.ssn.eSource;
+    path.table = PropagationTable(input.nData);
     std::vector<Failure> aFailures;
-    const bool bOk = PropagationRun(input, table, aFailures);
+    const bool bOk = PropagationRun(input, path.table, aFailures);
     if (!FailuresShow(aFailures) && !bOk)
         MsgBox(MsgIcon::Exclamation, input.nData < 1
                                          ? "The frequency list is empty; give --frequencies."
                                          : "There is no such engine; give --model.");
     if (!bOk)
+        return false;
+    // A list in several chunks may fail in one of them and still end well.
+    const std::string sAbsent = PropagationAbsentText(path.table);
+    if (!sAbsent.empty())
+        MsgBox(MsgIcon::Exclamation, "No values for " + sAbsent + " kHz.");
+    path.bWhole = sAbsent.empty();
+    return true;
+}
+
+std::optional<PredictOutput> PointToPointGet(const PredictOptions& options, bool bColor)
+{
+    auto path = PredictPathGet(options);
+    if (!path)
         return std::nullopt;
-    DecilesTake(input, table);
-    const PredictRun run{&settings,
-                         &table,
+    DecilesTake(path->table.request, path->table);
+    const SunSpotRun& ssn = path->ssn;
+    const PredictRun run{&path->settings,
+                         &path->table,
                          LocalNow().nYear,
-                         EngineNameGet(settings.m_iPropagationModel),
+                         EngineNameGet(path->settings.m_iPropagationModel),
                          ssn.eSource == SunSpotSource::Typed ? "given" : ssn.sSource,
                          options.sPlaces,
                          ssn.dtDay.IsZero() ? "" : ssn.sDetail,
                          options.need};
-    // A list in several chunks may fail in one of them and still end well.
-    const std::string sAbsent = PropagationAbsentText(table);
-    if (!sAbsent.empty())
-        MsgBox(MsgIcon::Exclamation, "No values for " + sAbsent + " kHz.");
-    return PredictOutput{TextGet(options.eFormat, run, bColor), sAbsent.empty()};
+    return PredictOutput{TextGet(options.eFormat, run, bColor), path->bWhole};
 }
 
 /// One engine run over a box that does not cross longitude 180.
@@ -168,10 +177,22 @@ std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settin
 
 }  // namespace
 
+std::optional<PredictPath> PredictPathGet(const PredictOptions& options)
+{
+    PredictPath path;
+    path.settings = options.settings;
+    if (!RangesCheck(options) || !SettingsComplete(options, path.settings, path.ssn)
+        || !PathRun(path))
+        return std::nullopt;
+    return path;
+}
+
 std::optional<PredictOutput> PredictRunGet(const PredictOptions& options, bool bColor)
 {
     if (options.bStations)
         return TextOutput(PredictStationsGet(options));
+    if (!options.bReach && !options.bArea && options.iCompare == -1)
+        return PointToPointGet(options, bColor);
     Settings settings = options.settings;
     SunSpotRun ssn;
     if (!RangesCheck(options) || !SettingsComplete(options, settings, ssn))
@@ -180,8 +201,5 @@ std::optional<PredictOutput> PredictRunGet(const PredictOptions& options, bool b
         return TextOutput(PredictReachGet(options, settings, ssn.eSource));
     if (options.iCompare != -1)
         return PredictCompareGet(options, settings, ssn.eSource);
-    if (options.bDay)
-        return DayGet(options, settings);
-    return options.bArea ? AreaGet(options, settings)
-                         : PointToPointGet(options, settings, ssn, bColor);
+    return options.bDay ? DayGet(options, settings) : AreaGet(options, settings);
 }

@@ -7,11 +7,24 @@
 #include <string>
 
 #include "app/predict/PredictOptions.h"
+#include "propagation/PropagationTable.h"
+#include "settings/SunSpotLib.h"
 
 struct PredictOutput {
     std::string sText;   ///< to print
     bool bWhole = true;  ///< false: some frequencies have no values (boxes have told which and why)
 };
+
+struct PredictPath {
+    Settings settings;  ///< with month and sunspot number of the run
+    SunSpotRun ssn;
+    PropagationTable table;
+    bool bWhole = true;  ///< as in PredictOutput
+};
+
+/// Runs the prediction of a path. Boxes come out on the way.
+/// @return nothing when it failed (a box has told why)
+[[nodiscard]] std::optional<PredictPath> PredictPathGet(const PredictOptions& options);
 
 /// Runs the prediction that the options ask for. Boxes come out on the way.
 /// @param bColor  colours in the table.

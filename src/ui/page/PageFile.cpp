@@ -32,6 +32,8 @@ QPageLayout LayoutGet(const PageForm& form)
             QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Millimeter};
 }
 
+QString SuffixGet(const QString& sFile) { return QFileInfo(sFile).suffix().toLower(); }
+
 const PageGrid* GridFind(const Page& page)
 {
     for (const PageBlock& block : page.aBlock)
@@ -117,15 +119,24 @@ QString PageFileAsk(QWidget* pParent, const QString& sFile)
                                + QFileInfo(sFile).suffix()});
 }
 
+Result<void> PageFileCheck(const QString& sFile)
+{
+    static const QStringList kSuffixes{QStringLiteral("csv"), QStringLiteral("png"),
+                                       QStringLiteral("pdf")};
+    if (!kSuffixes.contains(SuffixGet(sFile)))
+        return RunError{sFile.toStdString() + ": a name that ends in .csv, .png or .pdf is needed"};
+    return {};
+}
+
 Result<void> PageExport(const Page& page, const PageForm& form, const QString& sFile)
 {
-    const QString sSuffix = QFileInfo(sFile).suffix().toLower();
+    if (const auto res = PageFileCheck(sFile); !res)
+        return res;
+    const QString sSuffix = SuffixGet(sFile);
     if (sSuffix == QLatin1String("pdf"))
         return BytesSave(sFile, PdfGet(page, form));
     if (sSuffix == QLatin1String("png"))
         return BytesSave(sFile, PngGet(PageImage(page, form, kPngDotsPerInch)));
-    if (sSuffix != QLatin1String("csv"))
-        return RunError{sFile.toStdString() + ": a name that ends in .csv, .png or .pdf is needed"};
     const PageGrid* const pGrid = GridFind(page);
     if (pGrid == nullptr)
         return RunError{sFile.toStdString() + ": there is no table to write"};

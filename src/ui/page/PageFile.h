@@ -35,6 +35,9 @@ void PageGridCopy(const PageGrid& grid);
 /// @return the full path; empty when the user cancels
 [[nodiscard]] QString PageFileAsk(QWidget* pParent, const QString& sFile);
 
+/// Whether PageExport knows the suffix of a file. @return what is wrong with it, with its name
+[[nodiscard]] Result<void> PageFileCheck(const QString& sFile);
+
 /// Writes by the suffix: .csv (the first table of the page), .png, .pdf. The file is replaced whole
 /// or left as it was.
 /// @return what went wrong, with the file's name: another suffix, no table for .csv, no room ...

@@ -16,12 +16,13 @@ constexpr double kLettersStep = 0.25 / 842.0;
 // In heights of letters.
 constexpr double kTitleSize = 1.5;
 constexpr double kHeadingSize = 1.1;
-constexpr double kGap = 0.7;       // between blocks
-constexpr double kCellPad = 0.45;  // beside a cell's text
+constexpr double kGap = 0.7;          // between blocks
+constexpr double kHeadingGap = 0.25;  // below a heading
+constexpr double kCellPad = 0.45;     // beside a cell's text
 constexpr double kRowHeight = 1.55;
 constexpr double kRowMost = 2.4;  // of a table that has room
 constexpr double kPictureLeast = 9.0;
-constexpr double kPictureGood = 20.0;  // only then the rows of tables get higher
+constexpr double kPictureGood = 26.0;  // only then the rows of tables get higher
 constexpr double kHatchGap = 0.45;
 constexpr double kLine = 24.0;      // letters' height by a line's width
 constexpr double kTextPlate = 0.2;  // white between a number and the hatching round it
@@ -146,12 +147,17 @@ private:
             return GridHeight(*pGrid);
         return kPictureLeast * m_dLetters;
     }
+    [[nodiscard]] double HeadingHeight(const QString& sHeading) const
+    {
+        if (sHeading.isEmpty())
+            return 0.0;
+        return TextHeight(sHeading, kHeadingSize, true) + kHeadingGap * m_dLetters;
+    }
     [[nodiscard]] double HeightGet() const
     {
         double dHeight = TextHeight(m_page.sTitle, kTitleSize, true);
         for (const PageBlock& block : m_page.aBlock)
-            dHeight += kGap * m_dLetters + TextHeight(block.sHeading, kHeadingSize, true)
-                       + BodyHeight(block.body);
+            dHeight += kGap * m_dLetters + HeadingHeight(block.sHeading) + BodyHeight(block.body);
         return dHeight + kGap * m_dLetters + TextHeight(m_page.sFoot, 1.0, false);
     }
     [[nodiscard]] double WidthGet() const
@@ -310,8 +316,10 @@ private:
         TextPaint(m_page.sTitle, kTitleSize, true);
         for (const PageBlock& block : m_page.aBlock) {
             m_dTop += kGap * m_dLetters;
+            const double dBody = m_dTop + HeadingHeight(block.sHeading);
             if (!block.sHeading.isEmpty())
                 TextPaint(block.sHeading, kHeadingSize, true);
+            m_dTop = dBody;
             BodyPaint(block.body, dPicture);
         }
         m_dTop = m_rct.bottom() - TextHeight(m_page.sFoot, 1.0, false);

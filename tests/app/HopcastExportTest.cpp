@@ -1,0 +1,172 @@
+/// hopcast --export from its command line: no display, no home that can be written.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "support/ProgramRun.h"
+#include "support/TempFolder.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+const Words kPath = {"--tx",          "48.5417,-123.0125",
+                     "--rc",          "15.375,-132.6875",
+                     "--ssn",         "62",
+                     "--month",       "11",
+                     "--power",       "100",
+                     "--frequencies", "5000,7100,10100,14100"};
+
+class HopcastExport : public testing::Test {
+protected:
+    ProgramResult Export(const std::string& sFile, const Words& asMore = {}) const
+    {
+        Words asWords{TEST_BIN "/hopcast", "--export", sFile};
+        asWords.insert(asWords.end(), kPath.begin(), kPath.end());
+        asWords.insert(asWords.end(), asMore.begin(), asMore.end());
+        return ProgramRun(asWords);
+    }
+    static Words CsvCells(const std::string& sLine)
+    {
+        Words asCell(1);
+        for (const char c : sLine) {
+            if (c == ',')
+                asCell.emplace_back();
+            else if (c != '\r')
+                asCell.back() += c;
+        }
+        return asCell;
+    }
+    static std::vector<Words> CsvLines(const std::string& sText)
+    {
+        std::vector<Words> aLine;
+        for (std::size_t nFrom = 0, nEnd; (nEnd = sText.find('\n', nFrom)) != std::string::npos;
+             nFrom = nEnd + 1)
+            aLine.push_back(CsvCells(sText.substr(nFrom, nEnd - nFrom)));
+        return aLine;
+    }
+    TempFolder m_folder;
+
+private:
+    // A folder below a file cannot be made by anybody.
+    std::string m_sNoFolder = m_folder.Write("file", "") + "/home";
+    EnvironmentSet m_envHome{"HOME", m_sNoFolder};
+    EnvironmentSet m_envConfig{"XDG_CONFIG_HOME", m_sNoFolder + "/config"};
+    EnvironmentSet m_envData{"XDG_DATA_HOME", m_sNoFolder + "/data"};
+    EnvironmentSet m_envCache{"XDG_CACHE_HOME", m_sNoFolder + "/cache"};
+    EnvironmentSet m_envRoot{"HOPCAST_ITSHFBC", std::nullopt};
+    EnvironmentSet m_envWine{"WINEPREFIX", m_sNoFolder + "/wine"};
+    EnvironmentSet m_envDisplay{"DISPLAY", std::nullopt};
+    EnvironmentSet m_envWayland{"WAYLAND_DISPLAY", std::nullopt};
+    EnvironmentSet m_envPlatform{"QT_QPA_PLATFORM", "xcb"};
+};
+
+TEST_F(HopcastExport, WritesThePdfCardWithoutADisplayAndWithoutAHome)
+{
+    const std::string sFile = m_folder.Path("card.pdf");
+    const ProgramResult res = Export(sFile);
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_EQ(res.sOut, "");
+    const ProgramResult text = ProgramRun({"/usr/bin/pdftotext", "-layout", sFile, "-"});
+    ASSERT_EQ(text.nStatus, 0) << text.sError;
+    for (const char* sPart : {"48\xC2\xB0"
+                              "32.50'N 123\xC2\xB0"
+                              "00.75'W",
+                              "Range 20", "14100", "UTC", "Ship", "REC533 (built-in)", "November",
+                              "SSN 62", "100 W", "E-mail, normal, 40 dB"})
+        EXPECT_NE(text.sOut.find(sPart), std::string::npos) << sPart << "\n" << text.sOut;
+    EXPECT_EQ(std::count(text.sOut.begin(), text.sOut.end(), '\f'), 1) << "one page";
+    EXPECT_FALSE(fs::exists(m_folder.Path("home")));
+}
+
+TEST_F(HopcastExport, ItsCsvHasTheNumbersOfHopcastPredict)
+{
+    const std::string sFile = m_folder.Path("card.csv");
+    ASSERT_EQ(Export(sFile, {"--need", "FT8"}).nStatus, 0);
+    const std::vector<Words> aCard = CsvLines(BytesRead(sFile));
+    ASSERT_EQ(aCard.size(), 25U);
+    EXPECT_EQ(aCard[0], (Words{"UTC", "Ship", "Best", "5000", "7100", "10100", "14100"}));
+
+    Words asWords{TEST_BIN "/hopcast-predict", "--format", "csv"};
+    asWords.insert(asWords.end(), kPath.begin(), kPath.end());
+    const ProgramResult predict = ProgramRun(asWords);
+    ASSERT_EQ(predict.nStatus, 0) << predict.sError;
+    const std::vector<Words> aPredict = CsvLines(predict.sOut);
+    ASSERT_EQ(aPredict.size(), 1U + 24 * 4);
+    const auto Column = [&aPredict](const char* sName) {
+        const auto it = std::find(aPredict[0].begin(), aPredict[0].end(), sName);
+        return static_cast<std::size_t>(it - aPredict[0].begin());
+    };
+    int nSeen = 0;
+    for (std::size_t n = 1; n < aPredict.size(); ++n) {
+        const Words& asRow = aPredict[n];
+        const auto iLine = static_cast<std::size_t>(std::stoi(asRow.at(Column("hour"))));
+        const auto itColumn = std::find(aCard[0].begin(), aCard[0].end(), asRow.at(Column("khz")));
+        ASSERT_NE(itColumn, aCard[0].end());
+        const double dCard =
+            std::stod(aCard[iLine].at(static_cast<std::size_t>(itColumn - aCard[0].begin())));
+        const double dPredict = std::max(-99.0, std::stod(asRow.at(Column("snr_db"))));
+        EXPECT_NEAR(dCard, dPredict, 0.501) << n;
+        ++nSeen;
+    }
+    EXPECT_EQ(nSeen, 24 * 4);
+}
+
+TEST_F(HopcastExport, APictureBySuffix)
+{
+    const std::string sFile = m_folder.Path("card.PNG");
+    ASSERT_EQ(Export(sFile).nStatus, 0);
+    EXPECT_EQ(BytesRead(sFile).substr(0, 4), "\x89PNG");
+}
+
+TEST_F(HopcastExport, WrongUsageIsRefusedBeforeAnythingIsPredicted)
+{
+    struct Case {
+        Words asWords;
+        const char* sWhy;
+    };
+    const std::string sFile = m_folder.Path("card.pdf");
+    for (const Case& wrong :
+         {Case{{"--export"}, "--export: a file is missing"},
+          Case{{"--export="}, "--export: a file is missing"},
+          Case{{"--export", "--tx"}, "--export: a file is missing"},
+          Case{{"--export", sFile, "--export=" + sFile}, "--export: given twice"},
+          Case{{"--export", m_folder.Path("card.txt")}, ".csv, .png or .pdf"},
+          Case{{"--export", sFile, "--area", "1,2,0,3"}, "--area: does not go with --export"},
+          Case{{"--export", sFile, "--format=csv"}, "--format: does not go with --export"},
+          Case{{"--export", sFile, "--frobnicate"}, "unknown option --frobnicate"},
+          Case{{"--export", sFile, "--month", "13"}, "--month: "}}) {
+        Words asWords{TEST_BIN "/hopcast"};
+        asWords.insert(asWords.end(), wrong.asWords.begin(), wrong.asWords.end());
+        const ProgramResult res = ProgramRun(asWords);
+        EXPECT_EQ(res.nStatus, 2) << wrong.sWhy;
+        EXPECT_TRUE(res.sError.starts_with("hopcast: ")) << res.sError;
+        EXPECT_NE(res.sError.find(wrong.sWhy), std::string::npos) << res.sError;
+        EXPECT_FALSE(fs::exists(sFile));
+    }
+}
+
+TEST_F(HopcastExport, AFailureIsToldOnStandardErrorWithStatusOne)
+{
+    const ProgramResult resFile = Export(m_folder.Path("file/card.pdf"));
+    EXPECT_EQ(resFile.nStatus, 1);
+    EXPECT_TRUE(resFile.sError.find("hopcast: --export: ") != std::string::npos) << resFile.sError;
+    const std::string sFile = m_folder.Path("card.pdf");
+    const ProgramResult resEngine = Export(sFile, {"--model", "icepac"});
+    EXPECT_EQ(resEngine.nStatus, 1);
+    EXPECT_NE(resEngine.sError.find("hopcast: "), std::string::npos);
+    EXPECT_FALSE(fs::exists(sFile));
+}
+
+TEST_F(HopcastExport, HelpBesideItIsHelp)
+{
+    const ProgramResult res = Export(m_folder.Path("card.pdf"), {"--help"});
+    EXPECT_EQ(res.nStatus, 0);
+    EXPECT_NE(res.sOut.find("--export FILE"), std::string::npos);
+    EXPECT_FALSE(fs::exists(m_folder.Path("card.pdf")));
+}
+
+}  // namespace
