@@ -1,5 +1,7 @@
 #include "ui/page/PageFromGrid.h"
 
+#include <QHeaderView>
+
 #include "ui/common/GridControl.h"
 
 PageGrid PageFromGrid(const GridControl& grd)
@@ -10,7 +12,7 @@ PageGrid PageFromGrid(const GridControl& grd)
             aiCol.push_back(iCol);
     QStringList asColumn;
     for (const int iCol : aiCol) asColumn.append(grd.TextGet(0, iCol));
-    const bool bHeads = grd.ColWidthGet(0) > 0;
+    const bool bHeads = !grd.verticalHeader()->isHidden();
     std::vector<QStringList> aRow;
     for (int iRow = 1; iRow < grd.RowsGet(); ++iRow)
         aRow.push_back(bHeads ? QStringList(grd.TextGet(iRow, 0)) : QStringList());

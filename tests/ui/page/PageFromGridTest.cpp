@@ -31,6 +31,8 @@ TEST(PageFromGrid, AGridWithoutRowsHasItsTitles)
     grd.ColsSet(2);
     grd.TextSet(0, 1, QStringLiteral("title"));
     EXPECT_EQ(PageGridTabs(PageFromGrid(grd)), QStringLiteral("\ttitle"));
+    grd.ColWidthSet(0, 0);
+    EXPECT_EQ(PageGridTabs(PageFromGrid(grd)), QStringLiteral("title")) << "no heads are shown";
 }
 
 }  // namespace
