@@ -117,6 +117,8 @@ PageGrid CardGridGet(const PropagationTable& table, const CardAsked& asked)
 
 Page CardPageGet(const PropagationTable& table, const CardAsked& asked)
 {
+    if (table.nData == 0)
+        return {Tr("There is no prediction yet."), {}, {}};
     const Request& request = table.request;
     const QString sTx =
         asked.sTx.isEmpty() ? PositionGet(request.dTxLat, request.dTxLon) : asked.sTx;

@@ -28,4 +28,5 @@ struct CardAsked {
 /// The table of a card: 24 rows of hours, one column for each frequency.
 [[nodiscard]] PageGrid CardGridGet(const PropagationTable& table, const CardAsked& asked);
 
+/// Before the first prediction it says so and no more.
 [[nodiscard]] Page CardPageGet(const PropagationTable& table, const CardAsked& asked);

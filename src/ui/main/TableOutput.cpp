@@ -13,13 +13,15 @@
 
 namespace {
 
-/// The table as it stands in the window, the corner named after the hours' time.
+/// The table as it stands in the window.
 Page PageGet(const QWidget& window, const GridControl& grd, const PlanHost& host)
 {
     const PropagationTable& table = host.TableGet();
     Page page;
     page.sTitle = window.windowTitle();
     page.aBlock.push_back({{}, PageFromGrid(grd)});
+    if (table.nData == 0)
+        return page;
     std::string sFoot = RequestFootText(table.request, table.bBuiltIn, UtcNow().nYear);
     if (host.TableOldIs())
         sFoot += kTextBetween + TableOutput::tr("of an earlier update").toStdString();

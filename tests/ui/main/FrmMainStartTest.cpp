@@ -266,7 +266,8 @@ TEST(FrmMainStart, MenusHaveTheirToldItems)
                 asText.append(pAction->text().remove(QLatin1Char('&')));
         return asText.join(QLatin1Char('|'));
     };
-    EXPECT_EQ(Texts(frm.mnuFile), QStringLiteral("Default|Undo Default|Open...|Save...|Exit"));
+    EXPECT_EQ(Texts(frm.mnuFile), QStringLiteral("Default|Undo Default|Open...|Save...|Copy Table|"
+                                                 "Export...|Print Card...|Exit"));
     EXPECT_EQ(Texts(frm.mnuView), QStringLiteral("World Map...|Detail Data..."));
     EXPECT_EQ(Texts(frm.mnuOptions),
               QStringLiteral("AirMail...|Model...|Frequency...|Time...|Map...|Station..."));

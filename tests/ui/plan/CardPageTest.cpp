@@ -162,6 +162,14 @@ std::set<QRgb> ColoursGet(const QImage& image)
     return aColour;
 }
 
+TEST(CardPage, WithoutATableItSaysSo)
+{
+    const Page page = CardPageGet(PropagationTable(), CardAskedGet());
+    EXPECT_FALSE(page.sTitle.isEmpty());
+    EXPECT_TRUE(page.aBlock.empty());
+    EXPECT_TRUE(page.sFoot.isEmpty());
+}
+
 TEST(CardPage, APictureHasTheColoursOfItsCells)
 {
     const TempFolder folder;
