@@ -15,6 +15,7 @@
 
 #include "propagation/itshfbc/EngineRoot.h"
 #include "support/NeedVoacapl.h"
+#include "ui/card/frmCard.h"
 #include "ui/common/MsgWindow.h"
 #include "ui/details/frmDetails.h"
 #include "ui/e2e/RealRig.h"
@@ -188,6 +189,16 @@ TEST(GuidePictures, MessageAndOldTable)
     tmr.stop();
     EXPECT_TRUE(bSeen);
     PictureKeep(frm, "main_old.png");
+}
+
+TEST(GuidePictures, Card)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuFilePrintCard->trigger();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(frm.m_pCard));
+    PictureKeep(*frm.m_pCard, "card.png");
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
 }
 
 TEST(GuidePictures, Options)
