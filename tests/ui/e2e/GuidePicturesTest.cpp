@@ -197,6 +197,8 @@ TEST(GuidePictures, Card)
     frmMain& frm = rig.Start();
     frm.mnuFilePrintCard->trigger();
     ASSERT_TRUE(QTest::qWaitForWindowActive(frm.m_pCard));
+    frm.m_pCard->resize(QSize(450, 620));  // a small file
+    MainRig::EventsRun();
     PictureKeep(*frm.m_pCard, "card.png");
     EXPECT_TRUE(rig.m_msg.m_aShown.empty());
 }

@@ -14,6 +14,7 @@
 #include <QTest>
 
 #include "places/OwnPlaces.h"
+#include "ui/card/frmCard.h"
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/Guide.h"
 #include "ui/compare/frmCompare.h"
@@ -257,6 +258,15 @@ TEST(Screen, OfCompareEngines)
     ASSERT_NE(frm.m_pCompare, nullptr);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !frm.m_pCompare->RunningIs(); }, 20000));
     EXPECT_GE(WindowWalk(*frm.m_pCompare), 8);
+}
+
+TEST(Screen, OfPrintCard)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuFilePrintCard->trigger();
+    ASSERT_NE(frm.m_pCard, nullptr);
+    EXPECT_GT(WindowWalk(*frm.m_pCard), 8);
 }
 
 TEST(Screen, OfTheGuide)
