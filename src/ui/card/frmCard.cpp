@@ -24,7 +24,8 @@ QComboBox* ChoiceAdd(QHBoxLayout& row, const char* sName, const QString& sLabel,
     QWidget* const pWindow = row.parentWidget();
     auto* const pLabel = new QLabel(sLabel, pWindow);
     auto* const pBox = new QComboBox(pWindow);
-    pBox->setObjectName(QString::fromLatin1(sName));
+    pBox->setObjectName(QStringLiteral("cmb") + QLatin1String(sName));
+    pLabel->setObjectName(QStringLiteral("lbl") + QLatin1String(sName));
     for (const auto& [sText, value] : aEntry) pBox->addItem(sText, static_cast<int>(value));
     pLabel->setBuddy(pBox);
     row.addWidget(pLabel);
@@ -81,13 +82,13 @@ frmCard::frmCard(PlanHost& host, PageForm& form)
     auto* const pRow = new QHBoxLayout;
     ContentGet().addLayout(pRow);
     cmbPaper = ChoiceAdd<QPageSize::PageSizeId>(
-        *pRow, "cmbPaper", tr("P&aper:"),
+        *pRow, "Paper", tr("P&aper:"),
         {{tr("A4"), QPageSize::A4}, {tr("Letter"), QPageSize::Letter}});
     cmbOrientation = ChoiceAdd<QPageLayout::Orientation>(
-        *pRow, "cmbOrientation", tr("&Orientation:"),
+        *pRow, "Orientation", tr("&Orientation:"),
         {{tr("Portrait"), QPageLayout::Portrait}, {tr("Landscape"), QPageLayout::Landscape}});
     cmbLook = ChoiceAdd<PageLook>(
-        *pRow, "cmbLook", tr("&Look:"),
+        *pRow, "Look", tr("&Look:"),
         {{tr("Colours"), PageLook::Colour}, {tr("Black and white"), PageLook::BlackWhite}});
     pRow->addStretch();
     ContentGet().addWidget(picPreview, 1);
