@@ -24,6 +24,8 @@ enum class PageLook {
 /// What paints itself, as curves do. It gets what room the other blocks leave.
 struct PagePicture {
     std::function<void(QPainter& painter, const QRectF& rct, PageLook eLook)> fnPaint;
+    PageGrid gridValues =
+        {};  ///< what it shows, for where no picture can go; without rows: nothing
 };
 
 using PageBody = std::variant<QStringList, PageGrid, PagePicture>;

@@ -10,6 +10,7 @@
 #include <QPdfWriter>
 #include <QTemporaryFile>
 #include <QUrl>
+#include <algorithm>
 #include <cmath>
 #ifdef HOPCAST_PRINTING
 #include <QPrintDialog>
@@ -23,6 +24,8 @@ namespace {
 
 constexpr int kPdfDotsPerInch = 1200;
 constexpr int kPngDotsPerInch = 150;
+constexpr QSize kCopySize(1600, 900);  // pixels, for a letter or a slide
+constexpr double kCopyMargin = 16.0;
 constexpr double kMargin = 12.0;  // mm; most printers reach that far
 constexpr double kMillimetresPerInch = 25.4;
 
@@ -36,10 +39,21 @@ QString SuffixGet(const QString& sFile) { return QFileInfo(sFile).suffix().toLow
 
 const PageGrid* GridFind(const Page& page)
 {
-    for (const PageBlock& block : page.aBlock)
+    for (const PageBlock& block : page.aBlock) {
         if (const auto* pGrid = std::get_if<PageGrid>(&block.body))
             return pGrid;
+        const auto* pPicture = std::get_if<PagePicture>(&block.body);
+        if (pPicture != nullptr && pPicture->gridValues.RowsGet() > 0)
+            return &pPicture->gridValues;
+    }
     return nullptr;
+}
+
+bool PictureIs(const Page& page)
+{
+    return std::any_of(page.aBlock.begin(), page.aBlock.end(), [](const PageBlock& block) {
+        return std::holds_alternative<PagePicture>(block.body);
+    });
 }
 
 QByteArray PdfGet(const Page& page, const PageForm& form)
@@ -94,6 +108,26 @@ QMimeData* PageGridMime(const PageGrid& grid)
 void PageGridCopy(const PageGrid& grid)
 {
     QGuiApplication::clipboard()->setMimeData(PageGridMime(grid));
+}
+
+void PageCopy(const Page& page)
+{
+    const PageGrid* const pGrid = GridFind(page);
+    if (pGrid == nullptr && !PictureIs(page))
+        return;
+    QMimeData* const pData = pGrid != nullptr ? PageGridMime(*pGrid) : new QMimeData;
+    if (PictureIs(page)) {
+        QImage image(kCopySize, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        PagePaint(
+            painter,
+            QRectF(image.rect()).adjusted(kCopyMargin, kCopyMargin, -kCopyMargin, -kCopyMargin),
+            page, PageLook::Colour);
+        pData->setImageData(image);
+    }
+    QGuiApplication::clipboard()->setMimeData(pData);
 }
 
 QImage PageImage(const Page& page, const PageForm& form, int nDotsPerInch)

@@ -26,6 +26,10 @@ struct PageForm {
 [[nodiscard]] QMimeData* PageGridMime(const PageGrid& grid);
 void PageGridCopy(const PageGrid& grid);
 
+/// The first table of a page, or the values of its first picture; with a picture the page on a
+/// white ground as an image, too. Nothing is copied from a page that has neither.
+void PageCopy(const Page& page);
+
 /// The whole sheet with its white margins.
 /// @param nDotsPerInch  > 0
 [[nodiscard]] QImage PageImage(const Page& page, const PageForm& form, int nDotsPerInch);
@@ -38,8 +42,8 @@ void PageGridCopy(const PageGrid& grid);
 /// Whether PageExport knows the suffix of a file. @return what is wrong with it, with its name
 [[nodiscard]] Result<void> PageFileCheck(const QString& sFile);
 
-/// Writes by the suffix: .csv (the first table of the page), .png, .pdf. The file is replaced whole
-/// or left as it was.
+/// Writes by the suffix: .csv (the first table of the page, or a picture's values), .png, .pdf. The
+/// file is replaced whole or left as it was.
 /// @return what went wrong, with the file's name: another suffix, no table for .csv, no room ...
 [[nodiscard]] Result<void> PageExport(const Page& page, const PageForm& form, const QString& sFile);
 

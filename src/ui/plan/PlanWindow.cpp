@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <variant>
 
 #include "system/MsgLib.h"
 #include "ui/common/WindowPlace.h"
@@ -60,13 +59,7 @@ void PlanWindow::FootSet(const std::string& sFoot)
     lblFoot->setText(QString::fromStdString(sFoot));
 }
 
-void PlanWindow::Copy()
-{
-    const Page page = PageGet();
-    for (const PageBlock& block : page.aBlock)
-        if (const auto* pGrid = std::get_if<PageGrid>(&block.body))
-            return PageGridCopy(*pGrid);
-}
+void PlanWindow::Copy() { PageCopy(PageGet()); }
 
 PageForm PlanWindow::FormGet() const
 {

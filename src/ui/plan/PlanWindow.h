@@ -29,7 +29,7 @@ public:
     [[nodiscard]] virtual Page PageGet() const = 0;
     /// Paper and looks for Export and Print; wide pages go on their side.
     [[nodiscard]] virtual PageForm FormGet() const;
-    /// Copies the table of the page, or its whole text where it has none.
+    /// Copies the page's table, and its picture where it has one.
     void Copy();
     void Export();
     void Print();

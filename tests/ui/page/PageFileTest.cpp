@@ -121,4 +121,48 @@ TEST(PageGridCopy, TheClipboardHasTextAndTable)
     EXPECT_EQ(pData->html(), PageGridHtml(grid));
 }
 
+Page PicturePage()
+{
+    PagePicture picture;
+    picture.fnPaint = [](QPainter& painter, const QRectF& rct, PageLook) {
+        painter.fillRect(rct, Qt::red);
+    };
+    picture.gridValues = SampleGrid(3);
+    Page page;
+    page.aBlock.push_back({{}, picture});
+    return page;
+}
+
+TEST(PageCopy, APictureIsCopiedWithItsValues)
+{
+    PageCopy(PicturePage());
+    const QMimeData* const pData = QGuiApplication::clipboard()->mimeData();
+    EXPECT_EQ(pData->text(), PageGridTabs(SampleGrid(3)));
+    EXPECT_EQ(pData->html(), PageGridHtml(SampleGrid(3)));
+    ASSERT_TRUE(pData->hasImage());
+    const auto image = pData->imageData().value<QImage>();
+    EXPECT_EQ(image.pixelColor(image.rect().center()), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::white));
+}
+
+TEST(PageCopy, ATableIsCopiedWithoutAPictureAndAPageOfWordsNotAtAll)
+{
+    Page page;
+    page.aBlock.push_back({{}, SampleGrid(4)});
+    PageCopy(page);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), PageGridTabs(SampleGrid(4)));
+    EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasImage());
+    page.aBlock = {{{}, QStringList{QStringLiteral("words")}}};
+    PageCopy(page);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), PageGridTabs(SampleGrid(4)));
+}
+
+TEST(PageExport, TheValuesOfAPictureAreItsCsv)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Path("a.csv");
+    ASSERT_TRUE(PageExport(PicturePage(), {}, QString::fromStdString(sFile)));
+    EXPECT_EQ(BytesRead(sFile), PageGridCsv(SampleGrid(3)).toStdString());
+}
+
 }  // namespace
