@@ -16,6 +16,8 @@ Q_SIGNALS:
     void PlacesChanged();
     /// An update is over: the table that is shown, or whether it is an old one, may be new.
     void TableRenewed();
+    /// Whether the table that is shown is an old one may have changed, as by a typed position.
+    void TableMarked();
     /// Another cell of the table is selected, or none.
     void CellSelected();
 };

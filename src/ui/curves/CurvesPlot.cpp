@@ -5,21 +5,38 @@
 #include <cmath>
 #include <cstddef>
 #include <initializer_list>
+#include <numeric>
+#include <utility>
 
 #include "propagation/SnrScale.h"
 #include "ui/common/Colors.h"
+#include "ui/curves/Spread.h"
 
 namespace {
 
 constexpr double kKiloPerMega = 1000.0;
 constexpr double kMargin = 1.05;                   // above the highest curve
 constexpr double kRibbonMost = 1.0;                // letters
-constexpr double kRibbonLeast = 0.3;               // letters
+constexpr double kRibbonLeast = 0.25;              // letters, in a low field
+constexpr double kRibbonClose = 0.45;              // letters, of frequencies close together
+constexpr double kRibbonShare = 0.5;               // of the field, all ribbons together
+constexpr double kRibbonGap = 0.1;                 // letters
+constexpr double kLeader = 1.5;                    // letters' widths from a text to its ribbon
+constexpr double kOldShare = 0.4;                  // of an old ribbon's colour
 constexpr double kSunBar = 0.8;                    // letters, its height
 constexpr double kTwilight = -6.0;                 // degrees: the end of civil twilight
 constexpr std::array kSteps{1.0, 2.0, 5.0, 10.0};  // MHz between lines
 
 QString FrequencyText(double dFrequency) { return QString::number(std::lround(dFrequency)); }
+
+QColor Faded(const QColor& clr, const QColor& clrPaper)
+{
+    const auto Part = [](int nA, int nB) {
+        return static_cast<int>(nA * kOldShare + nB * (1.0 - kOldShare));
+    };
+    return {Part(clr.red(), clrPaper.red()), Part(clr.green(), clrPaper.green()),
+            Part(clr.blue(), clrPaper.blue())};
+}
 
 }  // namespace
 
@@ -31,11 +48,13 @@ CurvesPlot::CurvesPlot(const QRectF& rct, const QFontMetricsF& metrics, const Da
     double dLabels = metrics.horizontalAdvance(QStringLiteral("00000"));
     for (const CurveRibbon& ribbon : day.aRibbons)
         dLabels = std::max(dLabels, metrics.horizontalAdvance(FrequencyText(ribbon.fFrequency)));
-    const double dLeft = dLabels + metrics.averageCharWidth();
-    const double dRight = metrics.horizontalAdvance(QStringLiteral(" MUF"));
+    const double dLeft = dLabels + metrics.averageCharWidth() * (kLeader + 0.5);
+    const double dRight = metrics.horizontalAdvance(QStringLiteral("00000"))
+                          + metrics.averageCharWidth();  // the scale; the curves' names are shorter
     const double dBelow = dLetters * (1.2 + 2 * (kSunBar + 0.4));
     m_rctPlot = rct.adjusted(dLeft, dLetters * 0.6, -dRight, -dBelow);
     RangeSet();
+    RibbonsSet();
 }
 
 void CurvesPlot::RangeSet()
@@ -58,14 +77,34 @@ void CurvesPlot::RangeSet()
     }
     m_dLeast = std::max(0.0, std::floor(dLeast / kKiloPerMega - 1) * kKiloPerMega);
     m_dMost = std::ceil(dMost * kMargin / kKiloPerMega) * kKiloPerMega;
+}
 
+void CurvesPlot::RibbonsSet()
+{
     const double dLetters = m_metrics.height();
-    m_dRibbon = kRibbonMost * dLetters;
-    std::vector<double> aY;
-    for (const CurveRibbon& ribbon : m_day.aRibbons) aY.push_back(YGet(ribbon.fFrequency));
-    std::sort(aY.begin(), aY.end());
-    for (std::size_t i = 1; i < aY.size(); ++i) m_dRibbon = std::min(m_dRibbon, aY[i] - aY[i - 1]);
-    m_dRibbon = std::max(m_dRibbon, kRibbonLeast * dLetters);
+    std::vector<double> aTrue;
+    for (const CurveRibbon& ribbon : m_day.aRibbons) aTrue.push_back(YGet(ribbon.fFrequency));
+    m_aiFromTop.resize(m_day.aRibbons.size());
+    std::iota(m_aiFromTop.begin(), m_aiFromTop.end(), 0);
+    std::stable_sort(m_aiFromTop.begin(), m_aiFromTop.end(), [&aTrue](int iA, int iB) {
+        return aTrue[static_cast<std::size_t>(iA)] < aTrue[static_cast<std::size_t>(iB)];
+    });
+    std::vector<double> aWanted;
+    for (const int i : m_aiFromTop) aWanted.push_back(aTrue[static_cast<std::size_t>(i)]);
+    double dNearest = (kRibbonMost + kRibbonGap) * dLetters;
+    for (std::size_t n = 1; n < aWanted.size(); ++n)
+        dNearest = std::min(dNearest, aWanted[n] - aWanted[n - 1]);
+    // Thin before they are moved: a moved ribbon stands at another height than its frequency.
+    const double dShare = kRibbonShare * m_rctPlot.height()
+                          / static_cast<double>(std::max<std::size_t>(1, aWanted.size()));
+    const double dLeast = std::clamp(dShare, kRibbonLeast * dLetters, kRibbonClose * dLetters);
+    m_dRibbon = std::max(dNearest - kRibbonGap * dLetters, dLeast);
+    const std::vector<double> aY =
+        Spread(aWanted, m_dRibbon + kRibbonGap * dLetters, m_rctPlot.top() + m_dRibbon / 2,
+               m_rctPlot.bottom() - m_dRibbon / 2);
+    m_aRibbonY.resize(aY.size());
+    for (std::size_t n = 0; n < aY.size(); ++n)
+        m_aRibbonY[static_cast<std::size_t>(m_aiFromTop[n])] = aY[n];
 }
 
 double CurvesPlot::XGet(double dHour) const
@@ -80,7 +119,7 @@ double CurvesPlot::YGet(double dFrequency) const
 
 QRectF CurvesPlot::CellRect(const CurvesCell& cell) const
 {
-    const double dY = YGet(m_day.aRibbons[static_cast<std::size_t>(cell.iRibbon)].fFrequency);
+    const double dY = m_aRibbonY[static_cast<std::size_t>(cell.iRibbon)];
     return {XGet(cell.iHour), dY - m_dRibbon / 2, XGet(cell.iHour + 1) - XGet(cell.iHour),
             m_dRibbon};
 }
@@ -93,8 +132,7 @@ std::optional<CurvesCell> CurvesPlot::CellAt(const QPointF& pnt) const
         static_cast<int>((pnt.x() - m_rctPlot.left()) / m_rctPlot.width() * kHourCount);
     int iNearest = 0;
     const auto Distance = [this, &pnt](int iRibbon) {
-        return std::abs(YGet(m_day.aRibbons[static_cast<std::size_t>(iRibbon)].fFrequency)
-                        - pnt.y());
+        return std::abs(m_aRibbonY[static_cast<std::size_t>(iRibbon)] - pnt.y());
     };
     for (int i = 1; i < static_cast<int>(m_day.aRibbons.size()); ++i)
         if (Distance(i) < Distance(iNearest))
@@ -108,9 +146,11 @@ void CurvesPlot::Paint(QPainter& painter) const
     GridPaint(painter);
     for (int i = 0; i < static_cast<int>(m_day.aRibbons.size()); ++i) RibbonPaint(painter, i);
     painter.setRenderHint(QPainter::Antialiasing);
-    CurvePaint(painter, m_day.afLuf, Qt::DotLine, QStringLiteral("LUF"));
-    CurvePaint(painter, m_day.afFot, Qt::DashLine, QStringLiteral("FOT"));
-    CurvePaint(painter, m_day.afMuf, Qt::SolidLine, QStringLiteral("MUF"));
+    CurvePaint(painter, m_day.afLuf, Qt::DotLine);
+    CurvePaint(painter, m_day.afFot, Qt::DashLine);
+    CurvePaint(painter, m_day.afMuf, Qt::SolidLine);
+    NamesPaint(painter);
+    FramePaint(painter);
     if (m_view.dNow >= 0.0) {
         painter.setPen(QPen(m_view.clrInk, std::max(1.0, m_metrics.height() / 10)));
         painter.drawLine(QPointF(XGet(m_view.dNow), m_rctPlot.top()),
@@ -120,8 +160,19 @@ void CurvesPlot::Paint(QPainter& painter) const
     const double dSun = m_rctPlot.bottom() + m_metrics.height() * 1.3;
     SunPaint(painter, m_day.afSunRc, dSun, QStringLiteral("Rc"));
     SunPaint(painter, m_day.afSunTx, dSun + dBar, QStringLiteral("Tx"));
+    HoursPaint(painter);
     LabelsPaint(painter);
     painter.restore();
+}
+
+/// kHz between the lines of the scale, whose texts have room.
+double CurvesPlot::StepGet() const
+{
+    const double dRoom = m_metrics.height() * 1.5;
+    for (const double dMega : kSteps)
+        if (YGet(m_dLeast) - YGet(m_dLeast + dMega * kKiloPerMega) >= dRoom)
+            return dMega * kKiloPerMega;
+    return kSteps.back() * kKiloPerMega;
 }
 
 void CurvesPlot::GridPaint(QPainter& painter) const
@@ -134,15 +185,7 @@ void CurvesPlot::GridPaint(QPainter& painter) const
     for (int iHour = 0; iHour <= kHourCount; iHour += 3)
         painter.drawLine(QPointF(XGet(iHour), m_rctPlot.top()),
                          QPointF(XGet(iHour), m_rctPlot.bottom()));
-    const double dRoom = m_metrics.height() * 1.5;
-    double dStep = kSteps.back();
-    for (const double dMega : kSteps) {
-        if (YGet(m_dLeast) - YGet(m_dLeast + dMega * kKiloPerMega) >= dRoom) {
-            dStep = dMega;
-            break;
-        }
-    }
-    dStep *= kKiloPerMega;
+    const double dStep = StepGet();
     for (double d = std::ceil(m_dLeast / dStep) * dStep; d <= m_dMost; d += dStep)
         painter.drawLine(QPointF(m_rctPlot.left(), YGet(d)), QPointF(m_rctPlot.right(), YGet(d)));
     painter.setPen(QPen(m_view.clrInk, 0));
@@ -152,13 +195,15 @@ void CurvesPlot::GridPaint(QPainter& painter) const
 void CurvesPlot::RibbonPaint(QPainter& painter, int iRibbon) const
 {
     const CurveRibbon& ribbon = m_day.aRibbons[static_cast<std::size_t>(iRibbon)];
+    painter.setRenderHint(QPainter::Antialiasing, false);  // no seams between the hours
     for (int iHour = 0; iHour < kHourCount; ++iHour) {
         const float fSnr = ribbon.afSnr[static_cast<std::size_t>(iHour)];
         if (std::isnan(fSnr))
             continue;
         const QRectF rct = CellRect({iHour, iRibbon});
         if (m_view.eLook == PageLook::Colour) {
-            painter.fillRect(rct, ColorFromBgr(SnrGetColor(fSnr)));
+            const QColor clr = ColorFromBgr(SnrGetColor(fSnr));
+            painter.fillRect(rct, m_view.bOld ? Faded(clr, m_view.clrPaper) : clr);
         } else if (fSnr >= m_view.fNeed) {
             painter.fillRect(rct, Qt::black);
         } else {
@@ -166,19 +211,31 @@ void CurvesPlot::RibbonPaint(QPainter& painter, int iRibbon) const
             painter.setPen(QPen(Qt::black, 0));
             painter.drawRect(rct);
         }
-        if (iHour == m_view.iHour && iRibbon == m_view.iRibbon) {
-            painter.setPen(QPen(m_view.clrInk, std::max(2.0, m_metrics.height() / 8)));
-            painter.drawRect(rct);
-        }
     }
 }
 
-void CurvesPlot::CurvePaint(QPainter& painter, const DayCurve& afValue, Qt::PenStyle eStyle,
-                            const QString& sName) const
+/// Above the neighbours and the curves, with paper round it: no colour hides it.
+void CurvesPlot::FramePaint(QPainter& painter) const
+{
+    if (m_view.iHour < 0 || m_view.iRibbon < 0)
+        return;
+    const QRectF rct = CellRect({m_view.iHour, m_view.iRibbon});
+    const double dWidth = std::max(2.0, m_metrics.height() / 8);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setBrush(Qt::NoBrush);
+    for (const auto& [dPen, clr] :
+         {std::pair(dWidth * 2, m_view.clrPaper), std::pair(dWidth, m_view.clrInk)}) {
+        QPen pen(clr, dPen);
+        pen.setJoinStyle(Qt::MiterJoin);
+        painter.setPen(pen);
+        painter.drawRect(rct);
+    }
+}
+
+void CurvesPlot::CurvePaint(QPainter& painter, const DayCurve& afValue, Qt::PenStyle eStyle) const
 {
     QPainterPath path;
     bool bBegun = false;
-    std::optional<QPointF> pntLast;
     for (int iHour = 0; iHour < kHourCount; ++iHour) {
         const float fValue = afValue[static_cast<std::size_t>(iHour)];
         if (std::isnan(fValue)) {
@@ -191,7 +248,6 @@ void CurvesPlot::CurvePaint(QPainter& painter, const DayCurve& afValue, Qt::PenS
         else
             path.moveTo(pnt);
         bBegun = true;
-        pntLast = pnt;
     }
     // Ribbons may have any colour: a line of paper on both sides keeps the curve visible.
     const double dWidth = std::max(1.5, m_metrics.height() / 8);
@@ -200,12 +256,39 @@ void CurvesPlot::CurvePaint(QPainter& painter, const DayCurve& afValue, Qt::PenS
     painter.drawPath(path);
     painter.setPen(QPen(m_view.clrInk, dWidth, eStyle));
     painter.drawPath(path);
-    if (pntLast) {
-        painter.setPen(m_view.clrInk);
-        painter.drawText(QPointF(m_rctPlot.right() + m_metrics.averageCharWidth() / 2,
-                                 pntLast->y() + m_metrics.ascent() / 2),
-                         sName);
+}
+
+/// Each behind the end of its curve, none upon another; the scale where they leave room.
+void CurvesPlot::NamesPaint(QPainter& painter) const
+{
+    const std::array<std::pair<const DayCurve*, const char*>, 3> aCurve{
+        {{&m_day.afMuf, "MUF"}, {&m_day.afFot, "FOT"}, {&m_day.afLuf, "LUF"}}};
+    std::vector<std::pair<double, QString>> aName;
+    for (const auto& [pafValue, sName] : aCurve) {
+        const auto it = std::find_if(pafValue->rbegin(), pafValue->rend(),
+                                     [](float fValue) { return !std::isnan(fValue); });
+        if (it != pafValue->rend())
+            aName.emplace_back(YGet(*it), QString::fromLatin1(sName));
     }
+    std::stable_sort(aName.begin(), aName.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<double> aWanted;
+    for (const auto& [dY, sName] : aName) aWanted.push_back(dY);
+    const std::vector<double> aY =
+        Spread(aWanted, m_metrics.height(), m_rctPlot.top(), m_rctPlot.bottom());
+    painter.setPen(m_view.clrInk);
+    const auto Write = [this, &painter](double dY, const QString& sText) {
+        painter.drawText(QPointF(m_rctPlot.right() + m_metrics.averageCharWidth() / 2,
+                                 dY + (m_metrics.ascent() - m_metrics.descent()) / 2),
+                         sText);
+    };
+    for (std::size_t i = 0; i < aY.size(); ++i) Write(aY[i], aName[i].second);
+    const double dStep = StepGet();
+    for (double d = std::ceil(m_dLeast / dStep) * dStep; d <= m_dMost; d += dStep)
+        if (std::none_of(aY.begin(), aY.end(), [this, dY = YGet(d)](double dName) {
+                return std::abs(dName - dY) < m_metrics.height();
+            }))
+            Write(YGet(d), FrequencyText(d));
 }
 
 void CurvesPlot::SunPaint(QPainter& painter, const SunCurve& afHeight, double dTop,
@@ -238,46 +321,70 @@ void CurvesPlot::SunPaint(QPainter& painter, const SunCurve& afHeight, double dT
         sName);
 }
 
-/// Hours as far as they have room; frequencies apart from each other, each near its ribbon.
-void CurvesPlot::LabelsPaint(QPainter& painter) const
+/// As many as have room; none reaches beyond the field, where the frequencies stand.
+void CurvesPlot::HoursPaint(QPainter& painter) const
 {
     painter.setPen(m_view.clrInk);
     double dWidest = 0.0;
     for (const QString& sHour : m_view.asHour)
         dWidest = std::max(dWidest, m_metrics.horizontalAdvance(sHour));
     const double dHour = m_rctPlot.width() / kHourCount;
-    int nEvery = 24;
+    const double dMoved = std::max(0.0, (dWidest - dHour) / 2);  // the first one
+    int nEvery = kHourCount;
     for (const int n : {1, 2, 3, 6, 12}) {
-        if (dHour * n > dWidest + m_metrics.averageCharWidth()) {
+        if (dHour * n > dWidest + dMoved + m_metrics.averageCharWidth()) {
             nEvery = n;
             break;
         }
     }
     for (int iHour = 0; iHour < kHourCount; iHour += nEvery) {
         const QString& sHour = m_view.asHour[static_cast<std::size_t>(iHour)];
+        const double dWidth = m_metrics.horizontalAdvance(sHour);
+        const double dLeft = std::max(XGet(iHour + 0.5) - dWidth / 2, m_rctPlot.left());
         painter.drawText(
-            QPointF(XGet(iHour + 0.5) - m_metrics.horizontalAdvance(sHour) / 2,
+            QPointF(std::min(dLeft, m_rctPlot.right() - dWidth),
                     m_rctPlot.bottom() + m_metrics.ascent() + m_metrics.height() * 0.1),
             sHour);
     }
-    std::vector<float> afFrequency;
-    for (const CurveRibbon& ribbon : m_day.aRibbons) afFrequency.push_back(ribbon.fFrequency);
-    std::sort(afFrequency.begin(), afFrequency.end(), std::greater<>());
-    // From the top down none above its ribbon; then from the bottom up back into the plot.
-    std::vector<double> aY;
-    for (const float fFrequency : afFrequency)
-        aY.push_back(
-            std::max(YGet(fFrequency), aY.empty() ? -1e9 : aY.back() + m_metrics.height()));
-    double dLowest = m_rctPlot.bottom();
-    for (std::size_t i = aY.size(); i-- > 0;) {
-        aY[i] = std::min(aY[i], dLowest);
-        dLowest = aY[i] - m_metrics.height();
+}
+
+std::vector<CurvesPlot::Label> CurvesPlot::LabelsGet() const
+{
+    const auto nAll = m_aiFromTop.size();
+    const auto nRoom =
+        static_cast<std::size_t>(std::max(1.0, m_rctPlot.height() / m_metrics.height() + 1.0));
+    const std::size_t nShown = std::min(nAll, nRoom);
+    std::vector<std::size_t> aPlace;  // from the top, as even as can be
+    for (std::size_t n = 0; n < nShown; ++n)
+        aPlace.push_back(nShown > 1 ? n * (nAll - 1) / (nShown - 1) : 0);
+    const auto itSelected = std::find(m_aiFromTop.begin(), m_aiFromTop.end(), m_view.iRibbon);
+    if (itSelected != m_aiFromTop.end()) {
+        const auto nSelected = static_cast<std::size_t>(itSelected - m_aiFromTop.begin());
+        *(std::upper_bound(aPlace.begin(), aPlace.end(), nSelected) - 1) = nSelected;
     }
-    for (std::size_t i = 0; i < aY.size(); ++i) {
-        const QString sText = FrequencyText(afFrequency[i]);
-        painter.drawText(QPointF(m_rctPlot.left() - m_metrics.averageCharWidth() / 2
-                                     - m_metrics.horizontalAdvance(sText),
-                                 aY[i] + m_metrics.ascent() / 2 - m_metrics.descent() / 2),
+    std::vector<double> aWanted;
+    for (const std::size_t n : aPlace)
+        aWanted.push_back(m_aRibbonY[static_cast<std::size_t>(m_aiFromTop[n])]);
+    const std::vector<double> aY =
+        Spread(aWanted, m_metrics.height(), m_rctPlot.top(), m_rctPlot.bottom());
+    std::vector<Label> aLabel;
+    for (std::size_t i = 0; i < aY.size(); ++i) aLabel.push_back({m_aiFromTop[aPlace[i]], aY[i]});
+    return aLabel;
+}
+
+/// A text that could not stay beside its ribbon is joined to it by a line.
+void CurvesPlot::LabelsPaint(QPainter& painter) const
+{
+    const double dRoom = m_metrics.averageCharWidth() * kLeader;
+    for (const Label& label : LabelsGet()) {
+        const auto nRibbon = static_cast<std::size_t>(label.iRibbon);
+        const QString sText = FrequencyText(m_day.aRibbons[nRibbon].fFrequency);
+        painter.setPen(m_view.clrInk);
+        painter.drawText(QPointF(m_rctPlot.left() - dRoom - m_metrics.horizontalAdvance(sText),
+                                 label.dY + (m_metrics.ascent() - m_metrics.descent()) / 2),
                          sText);
+        painter.setPen(QPen(m_view.clrInk, 0));
+        painter.drawLine(QPointF(m_rctPlot.left() - dRoom * 0.8, label.dY),
+                         QPointF(m_rctPlot.left(), m_aRibbonY[nRibbon]));
     }
 }

@@ -1,7 +1,8 @@
 /// @file CurvesPlot.h
 /// The curves of a day, painted for the screen, a picture or paper: highest, optimum and lowest
 /// usable frequency over 24 hours, each frequency of the list a ribbon in the colours of its SNR,
-/// the sun at both ends, and a line at the present time.
+/// the sun at both ends, and a line at the present time. Ribbons that would cover each other are
+/// moved apart.
 ///
 /// Units:   of the painter; hours UT; kHz.
 /// Tests:   tests/ui/curves/CurvesPlotTest.cpp
@@ -27,6 +28,7 @@ struct CurvesView {
     int iHour = -1;                          ///< the selected hour, 0 to 23; -1: none
     int iRibbon = -1;                        ///< the selected ribbon, from 0; -1: none
     float fNeed = 40.0F;                     ///< dB; solid in black and white from here up
+    bool bOld = false;                       ///< the ribbons are faded: there are newer settings
     QColor clrPaper = Qt::white;
     QColor clrInk = Qt::black;
     PageLook eLook = PageLook::Colour;
@@ -50,6 +52,13 @@ public:
     /// The cell of a ribbon under a point; the nearest ribbon within the plot.
     [[nodiscard]] std::optional<CurvesCell> CellAt(const QPointF& pnt) const;
     [[nodiscard]] QRectF CellRect(const CurvesCell& cell) const;
+    /// Where the texts beside the frequencies stand, one above the other. Where there is no room
+    /// for all of them some are left out, never that of the selected ribbon.
+    struct Label {
+        int iRibbon = 0;
+        double dY = 0.0;  ///< its middle
+    };
+    [[nodiscard]] std::vector<Label> LabelsGet() const;
     /// Height of a frequency.
     /// @param dFrequency  kHz
     [[nodiscard]] double YGet(double dFrequency) const;
@@ -58,12 +67,16 @@ public:
 
 private:
     void RangeSet();
+    void RibbonsSet();
+    [[nodiscard]] double StepGet() const;
     void GridPaint(QPainter& painter) const;
     void RibbonPaint(QPainter& painter, int iRibbon) const;
-    void CurvePaint(QPainter& painter, const DayCurve& afValue, Qt::PenStyle eStyle,
-                    const QString& sName) const;
+    void FramePaint(QPainter& painter) const;
+    void CurvePaint(QPainter& painter, const DayCurve& afValue, Qt::PenStyle eStyle) const;
+    void NamesPaint(QPainter& painter) const;
     void SunPaint(QPainter& painter, const SunCurve& afHeight, double dTop,
                   const QString& sName) const;
+    void HoursPaint(QPainter& painter) const;
     void LabelsPaint(QPainter& painter) const;
 
     QRectF m_rctPlot;  // the field of the curves, without labels
@@ -72,5 +85,7 @@ private:
     const CurvesView& m_view;
     double m_dLeast = 0.0;  // kHz, at the bottom and at the top
     double m_dMost = 1.0;
-    double m_dRibbon = 1.0;  // height of a ribbon
+    double m_dRibbon = 1.0;          // height of a ribbon
+    std::vector<double> m_aRibbonY;  // middle of each ribbon, by its index
+    std::vector<int> m_aiFromTop;    // indices of the ribbons, the highest frequency first
 };

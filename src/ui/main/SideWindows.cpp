@@ -3,6 +3,7 @@
 #include "ui/card/frmCard.h"
 #include "ui/common/WindowPlace.h"
 #include "ui/compare/frmCompare.h"
+#include "ui/curves/frmCurves.h"
 #include "ui/days/frmDays.h"
 #include "ui/details/frmDetails.h"
 #include "ui/map/frmMap.h"
@@ -40,6 +41,15 @@ void SideWindows::CardShow()
         WindowFit(*m_pCard, m_window);
     }
     WindowRaise(*m_pCard);
+}
+
+void SideWindows::CurvesShow()
+{
+    if (!m_pCurves) {
+        m_pCurves = new frmCurves(m_host);
+        WindowFit(*m_pCurves, m_window);
+    }
+    WindowRaise(*m_pCurves);
 }
 
 void SideWindows::MapShow()
@@ -138,8 +148,8 @@ void SideWindows::Unload()
 {
     for (const QPointer<PlanWindow>& pPlan :
          {QPointer<PlanWindow>(m_pCard), QPointer<PlanWindow>(m_pReach),
-          QPointer<PlanWindow>(m_pPlaces), QPointer<PlanWindow>(m_pDays),
-          QPointer<PlanWindow>(m_pCompare)}) {
+          QPointer<PlanWindow>(m_pCurves), QPointer<PlanWindow>(m_pPlaces),
+          QPointer<PlanWindow>(m_pDays), QPointer<PlanWindow>(m_pCompare)}) {
         if (pPlan)
             pPlan->close();  // keeps its place
         delete pPlan;

@@ -16,6 +16,7 @@ class QWidget;
 class frmAbout;
 class frmCard;
 class frmCompare;
+class frmCurves;
 class frmDays;
 class frmDetails;
 class frmMap;
@@ -30,6 +31,7 @@ public:
 
     void AboutShow();
     void CardShow();
+    void CurvesShow();
     void MapShow();
     void OptionsShow(int iTab);
     void PlacesShow();
@@ -53,6 +55,7 @@ public:
     // Null while closed.
     QPointer<frmAbout> m_pAbout;
     QPointer<frmCard> m_pCard;
+    QPointer<frmCurves> m_pCurves;
     QPointer<frmDetails> m_pDetails;
     QPointer<frmMap> m_pMap;
     QPointer<frmOptions> m_pOptions;

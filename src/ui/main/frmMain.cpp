@@ -230,7 +230,10 @@ void frmMain::StatusShow()
     const bool bOld = TableOldIs();
     grdData->StaleSet(bOld);
     lblOld->setVisible(bOld && m_run->TableIs());
+    Q_EMIT SettingsSignalGet().TableMarked();
 }
+
+bool frmMain::TableOldIs() const { return m_run->OldIs() || m_pEntry->WaitingIs(); }
 
 /// The hour goes on while the table stays.
 void frmMain::BestShow()
@@ -272,8 +275,7 @@ void frmMain::PlanTake(const PlanTaking& taking)
 {
     m_pCommands->Do([this, taking] {
         m_pPlan->Take(taking);
-        activateWindow();
-        raise();
+        FrontTake();
     });
 }
 
@@ -282,9 +284,14 @@ void frmMain::CellTake(int iFrequency, int iHour)
     m_pCommands->Do([this, iFrequency, iHour] { grdDataMove(iFrequency, iHour); });
 }
 
-bool frmMain::TakenIs() const { return m_pPlan->TakenIs(); }
+void frmMain::FrontTake()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    activateWindow();
+    raise();
+}
 
-bool frmMain::TableOldIs() const { return m_run->OldIs() || m_pEntry->WaitingIs(); }
+bool frmMain::TakenIs() const { return m_pPlan->TakenIs(); }
 
 /// It stands behind the program's name.
 QString frmMain::TransmitterNameGet() const

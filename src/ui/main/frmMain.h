@@ -59,11 +59,12 @@ public:
     [[nodiscard]] const PropagationTable& TableGet() const override { return m_run->TableGet(); }
     [[nodiscard]] Request RequestGet() const override { return m_run->RequestGet(); }
     [[nodiscard]] std::shared_ptr<const Engine> EngineGet(int iModel) const override;
-    void PlanTake(const PlanTaking& taking) override;
+    [[nodiscard]] bool TableOldIs() const override;
     void CellTake(int iFrequency, int iHour) override;
+    void FrontTake() override;
+    void PlanTake(const PlanTaking& taking) override;
     [[nodiscard]] bool TakenIs() const override;
     [[nodiscard]] QString TransmitterNameGet() const override;
-    [[nodiscard]] bool TableOldIs() const override;
     /// Hands in the engines for many predictions; without it each goes by its program.
     using EngineFn = std::function<std::shared_ptr<const Engine>(int iModel)>;
     void EnginesSet(EngineFn fnEngine) { m_fnEngine = std::move(fnEngine); }
@@ -84,6 +85,7 @@ public:
     // The windows beside this one; null while closed.
     const QPointer<frmAbout>& m_pAbout = m_windows.m_pAbout;
     const QPointer<frmCard>& m_pCard = m_windows.m_pCard;
+    const QPointer<frmCurves>& m_pCurves = m_windows.m_pCurves;
     const QPointer<frmDetails>& m_pDetails = m_windows.m_pDetails;
     const QPointer<frmMap>& m_pMap = m_windows.m_pMap;
     const QPointer<frmOptions>& m_pOptions = m_windows.m_pOptions;

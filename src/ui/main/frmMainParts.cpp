@@ -171,6 +171,10 @@ void frmMain::PlanConnect()
         WaitingUpdate();
         m_windows.CompareShow();
     });
+    CommandConnect(mnuPlanCurves, [this] {
+        WaitingUpdate();
+        m_windows.CurvesShow();
+    });
     CommandConnect(mnuPlanPlaces, [this] { m_windows.PlacesShow(); });
     CommandConnect(mnuPlanExchange, [this] {
         m_pEntry->WaitingTake(m_settings);

@@ -30,14 +30,16 @@ public:
     [[nodiscard]] virtual Request RequestGet() const = 0;
     /// The table that is shown; without rows before the first one.
     [[nodiscard]] virtual const PropagationTable& TableGet() const = 0;
+    /// There are newer settings than those of the table: its run failed, or they are still typed.
+    [[nodiscard]] virtual bool TableOldIs() const = 0;
+    /// Selects a cell; the table's current cell and open details go with it.
+    virtual void CellTake(int iFrequency, int iHour) = 0;
+    /// Brings the main window to the front.
+    virtual void FrontTake() = 0;
     /// Puts a path in force and predicts it; what was in force comes back by Plan, Back.
     virtual void PlanTake(const PlanTaking& taking) = 0;
-    /// Selects a cell of the table, as its keys do.
-    virtual void CellTake(int iFrequency, int iHour) = 0;
     /// The name of the transmitter, as the main window's title has it; empty without one.
     [[nodiscard]] virtual QString TransmitterNameGet() const = 0;
-    /// The table that is shown is not the one that the settings ask for.
-    [[nodiscard]] virtual bool TableOldIs() const = 0;
     /// A row that was taken is in force: the list of frequencies may be its own.
     [[nodiscard]] virtual bool TakenIs() const = 0;
 };

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -204,6 +205,152 @@ TEST(CurvesPlot, TheSunIsABarForEachEnd)
         EXPECT_GT(CountGet(iHour, QColor(0xFFD84D)), 5) << iHour;
         EXPECT_GT(CountGet(iHour, QColor(0x24304F)), 5) << iHour;
     }
+}
+
+std::vector<float> CloseFrequencies()
+{
+    std::vector<float> afFrequency;
+    for (int i = 0; i < 15; ++i) afFrequency.push_back(14000.0F + 5.0F * static_cast<float>(i));
+    return afFrequency;
+}
+
+TEST(CurvesPlot, RibbonsOfFrequenciesCloseTogetherCoverNoneAndKeepTheirOrder)
+{
+    const DayCurves day = DayMake(CloseFrequencies());
+    const CurvesView view = ViewMake();
+    for (const QSize size : {QSize(380, 190), QSize(900, 500), QSize(3800, 2000)}) {
+        const Painted painted(day, view, size);
+        for (int i = 1; i < 15; ++i)
+            EXPECT_LT(painted.plot.CellRect({3, i}).bottom(),
+                      painted.plot.CellRect({3, i - 1}).top())
+                << i;
+        for (int i = 0; i < 15; ++i) {
+            EXPECT_GE(painted.plot.CellRect({3, i}).height(), 3.0);
+            EXPECT_EQ(painted.plot.CellAt(painted.plot.CellRect({3, i}).center()),
+                      (CurvesCell{3, i}));
+        }
+    }
+}
+
+TEST(CurvesPlot, ARibbonThatIsAloneStandsAtItsFrequency)
+{
+    const DayCurves day = DayMake();
+    const CurvesView view = ViewMake();
+    const Painted painted(day, view);
+    for (int i = 0; i < 4; ++i)
+        EXPECT_NEAR(painted.plot.CellRect({0, i}).center().y(),
+                    painted.plot.YGet(day.aRibbons[static_cast<std::size_t>(i)].fFrequency), 0.01);
+}
+
+TEST(CurvesPlot, TextsOfFrequenciesStandApartAndThatOfTheSelectedOneIsNeverLeftOut)
+{
+    const DayCurves day = DayMake(CloseFrequencies());
+    CurvesView view = ViewMake();
+    for (const QSize size : {QSize(380, 190), QSize(900, 500)}) {
+        for (view.iRibbon = -1; view.iRibbon < 15; ++view.iRibbon) {
+            const Painted painted(day, view, size);
+            const auto aLabel = painted.plot.LabelsGet();
+            EXPECT_EQ(aLabel.size() < 15, size.height() < 200);
+            for (std::size_t i = 1; i < aLabel.size(); ++i) {
+                EXPECT_GE(aLabel[i].dY - aLabel[i - 1].dY,
+                          QFontMetricsF(FontGet()).height() - 0.01);
+                EXPECT_LT(aLabel[i].iRibbon, aLabel[i - 1].iRibbon) << "the highest is on top";
+            }
+            EXPECT_EQ(std::count_if(aLabel.begin(), aLabel.end(),
+                                    [&view](const CurvesPlot::Label& label) {
+                                        return label.iRibbon == view.iRibbon;
+                                    }),
+                      view.iRibbon < 0 ? 0 : 1);
+        }
+    }
+}
+
+/// The widest run of columns with ink in the line of the hours.
+int WidestText(const Painted& painted, double dFrom)
+{
+    const double dBottom = painted.plot.YGet(0) + 3;
+    int nWidest = 0;
+    int nRun = 0;
+    int nBlank = 0;
+    for (int x = static_cast<int>(dFrom); x < painted.image.width(); ++x) {
+        bool bInk = false;
+        for (int y = static_cast<int>(dBottom); y < static_cast<int>(dBottom) + 8; ++y)
+            bInk = bInk || painted.image.pixelColor(x, y) != QColor(Qt::white);
+        nBlank = bInk ? 0 : nBlank + 1;
+        nRun = nBlank > 3 ? 0 : nRun + 1;
+        nWidest = std::max(nWidest, nRun);
+    }
+    return nWidest;
+}
+
+TEST(CurvesPlot, HoursWithMinutesDoNotRunIntoEachOther)
+{
+    DayCurves day = DayMake({});
+    day.afMuf.fill(500.0F);
+    CurvesView view = ViewMake();
+    for (QString& sHour : view.asHour) sHour += QStringLiteral(":30");
+    const double dText = QFontMetricsF(FontGet()).horizontalAdvance(QStringLiteral("00:30"));
+    for (const int nWidth : {260, 300, 400, 500, 700, 900, 1200, 2000}) {
+        const Painted painted(day, view, {nWidth, 300});
+        EXPECT_LE(WidestText(painted, painted.rct.left()), dText + 4) << nWidth;
+        EXPECT_GE(WidestText(painted, painted.rct.left()), dText / 2) << nWidth;
+    }
+}
+
+TEST(CurvesPlot, OldRibbonsAreFaded)
+{
+    const DayCurves day = DayMake();
+    CurvesView view = ViewMake();
+    const Painted fresh(day, view);
+    view.bOld = true;
+    const Painted old(day, view);
+    const QPointF pnt = CornerGet(old.plot.CellRect({20, 0}));
+    EXPECT_GT(old.At(pnt).lightness(), fresh.At(pnt).lightness());
+}
+
+/// Ink right of the field in so many lines round a frequency.
+int InkBeside(const Painted& painted, double dFrequency, int nAround)
+{
+    int nInk = 0;
+    const int yMiddle = static_cast<int>(painted.plot.YGet(dFrequency));
+    for (int y = yMiddle - nAround; y <= yMiddle + nAround; ++y)
+        for (int x = static_cast<int>(painted.plot.XGet(24)) + 2; x < painted.image.width(); ++x)
+            nInk += painted.image.pixelColor(x, y).lightness() < 128 ? 1 : 0;
+    return nInk;
+}
+
+TEST(CurvesPlot, TheScaleIsWrittenBesideItsLinesWhereNoNameStands)
+{
+    DayCurves day = DayMake({});
+    day.afMuf.fill(20000.0F);
+    day.afFot.fill(kNone);
+    const CurvesView view = ViewMake();
+    const Painted painted(day, view);
+    EXPECT_GT(InkBeside(painted, 21000, 4), 5);
+    EXPECT_EQ(InkBeside(painted, 20500, 2), 0);
+    const QFontMetricsF metrics(FontGet());
+    for (int y = 0; y < 5; ++y)  // behind the name, as far as a number would reach
+        for (double x = metrics.horizontalAdvance(QStringLiteral("MUF")) + 6; x < 40; x += 1)
+            EXPECT_EQ(painted.At({painted.plot.XGet(24) + x, painted.plot.YGet(20000) + y - 2}),
+                      QColor(Qt::white))
+                << x;
+}
+
+TEST(CurvesPlot, NamesOfCurvesThatEndTogetherStandApart)
+{
+    DayCurves day = DayMake({7100});
+    day.afMuf.fill(16000.0F);
+    day.afFot.fill(kNone);
+    day.afLuf.fill(kNone);
+    const CurvesView view = ViewMake();
+    const int nOne = InkBeside(Painted(day, view), 16000, 5);
+    day.afFot.fill(15990.0F);
+    day.afLuf.fill(15980.0F);
+    EXPECT_GT(nOne, 5);
+    const Painted three(day, view);
+    const double dLetters = QFontMetricsF(FontGet()).height();
+    const auto nLines = static_cast<int>(dLetters * 1.5);
+    EXPECT_GT(InkBeside(three, 15990, nLines), 2 * nOne) << "one upon another they share their ink";
 }
 
 }  // namespace

@@ -271,9 +271,10 @@ TEST(FrmMainStart, MenusHaveTheirToldItems)
     EXPECT_EQ(Texts(frm.mnuView), QStringLiteral("World Map...|Detail Data..."));
     EXPECT_EQ(Texts(frm.mnuOptions),
               QStringLiteral("AirMail...|Model...|Frequency...|Time...|Map...|Station..."));
-    EXPECT_EQ(Texts(frm.mnuPlan),
-              QStringLiteral("Who Can I Reach|Good and Bad Days|Compare Engines|My Places...|"
-                             "Exchange Ends|Back"));
+    EXPECT_EQ(
+        Texts(frm.mnuPlan),
+        QStringLiteral("Who Can I Reach|Day Curves|Good and Bad Days|Compare Engines|My Places...|"
+                       "Exchange Ends|Back"));
     EXPECT_EQ(Texts(frm.mnuHelp), QStringLiteral("Guide\tF1|About..."));
     EXPECT_EQ(Texts(frm.mnuTransmitter), QStringLiteral("Ham|SailMail|Other"));
     EXPECT_EQ(frm.menuBar()->actions().size(), 5);

@@ -18,6 +18,7 @@
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/Guide.h"
 #include "ui/compare/frmCompare.h"
+#include "ui/curves/frmCurves.h"
 #include "ui/days/frmDays.h"
 #include "ui/details/frmDetails.h"
 #include "ui/map/frmMap.h"
@@ -228,6 +229,15 @@ TEST(Screen, OfWhoCanIReach)
     frm.mnuPlanReach->trigger();
     ASSERT_NE(frm.m_pReach, nullptr);
     EXPECT_GT(WindowWalk(*frm.m_pReach), 12);
+}
+
+TEST(Screen, OfDayCurves)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuPlanCurves->trigger();
+    ASSERT_NE(frm.m_pCurves, nullptr);
+    EXPECT_GE(WindowWalk(*frm.m_pCurves), 4);
 }
 
 TEST(Screen, OfMyPlaces)

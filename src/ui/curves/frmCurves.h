@@ -1,0 +1,36 @@
+/// @file frmCurves.h
+/// "Day Curves": the main window's table over the 24 hours of the day, as curves. It follows each
+/// new table and the selected cell, and moves the selection.
+///
+/// Keys:    those of CurvesControl; Enter leads to the main window.
+/// Tests:   tests/ui/plan/FrmCurvesTest.cpp
+#pragma once
+
+#include <QTimer>
+
+#include "settings/Need.h"
+#include "ui/common/HourLabels.h"
+#include "ui/curves/CurvesControl.h"
+#include "ui/plan/PlanWindow.h"
+
+class frmCurves final : public PlanWindow {
+    Q_OBJECT
+public:
+    explicit frmCurves(PlanHost& host);
+
+    [[nodiscard]] Page PageGet() const override;
+
+    QLabel* lblHint;  ///< that there is no table yet, or that it is of older settings
+    CurvesControl* pctCurves;
+    QTimer* tmrNow;
+
+private:
+    void TableShow();
+    void CellShow();
+    void NowShow();
+    void Take(int iFrequency, int iHour);
+    [[nodiscard]] Need NeedGet() const;
+    [[nodiscard]] QString PathText() const;
+
+    HourLabels m_asHour;
+};
