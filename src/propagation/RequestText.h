@@ -22,7 +22,7 @@ inline constexpr const char* kTextBetween = " \xC2\xB7 ";
 [[nodiscard]] std::string RequestPowerText(const Request& request);
 /// "SSN 62 (mean cycle)".
 /// @param sAirMail  the number that Airmail has where it is not asked; or empty
-[[nodiscard]] std::string RequestSunSpotText(const Request& request,
+[[nodiscard]] std::string RequestSunSpotText(const RequestModel& request,
                                              const std::string& sAirMail = {});
 
 /// "dB in 1 Hz, 50 % of the days, short path, 100 W, REC533 (built-in), November 2026, SSN 62 (mean
@@ -32,3 +32,7 @@ inline constexpr const char* kTextBetween = " \xC2\xB7 ";
 
 /// "need: E-mail, normal, 40 dB"; "need: 40 dB" for a number without a name.
 [[nodiscard]] std::string NeedFootText(const Need& need);
+
+/// The same for an area, behind its frequency and hour: "14100 kHz, 15:00 UTC, dB in 1 Hz, ...".
+/// @param nYear  of the run
+[[nodiscard]] std::string AreaFootText(const AreaRequest& request, int nYear);

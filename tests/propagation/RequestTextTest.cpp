@@ -25,6 +25,21 @@ TEST(RequestText, TheFootLineSaysWhatTheNumbersAre)
     EXPECT_NE(sFoot.find("VOACAP · November 2031"), std::string::npos) << sFoot;
 }
 
+TEST(RequestText, AnAreasFootLineBeginsWithItsFrequencyAndHour)
+{
+    AreaRequest request;
+    request.iModel = kEngineVoacap;
+    request.nMonth = 3;
+    request.fReliability = 90.0F;
+    request.fPower = 250.0F;
+    request.fSunSpotNumber = 62.0F;
+    request.fFrequency = 14.1055F;
+    request.iHour = 5;
+    EXPECT_EQ(AreaFootText(request, 2026),
+              "14105.5 kHz · 05:00 UTC · dB in 1 Hz · 90 % of the days · short path · 250 W · "
+              "VOACAP · March 2026 · SSN 62 (typed)");
+}
+
 TEST(RequestText, NumbersThatAreNoneAreTold)
 {
     EXPECT_EQ(RequestEngineText(9), "no engine");

@@ -127,6 +127,9 @@ void MapForm::MenusMake(QWidget* pWindow)
         ItemMake(mnuMap, QStringLiteral("mnuMapZoomIn"), QStringLiteral("Center, Zoom In"));
     mnuMapZoomOut =
         ItemMake(mnuMap, QStringLiteral("mnuMapZoomOut"), QStringLiteral("Center, Zoom Out"));
+    mnuMap->addSeparator();
+    mnuMapCopy = ItemMake(mnuMap, QStringLiteral("mnuMapCopy"), QStringLiteral("Copy Picture"));
+    mnuMapExport = ItemMake(mnuMap, QStringLiteral("mnuMapExport"), QStringLiteral("Export..."));
     mnuOverlay = MenuMake(pWindow, QStringLiteral("mnuOverlay"));
     mnuOverlayFrequency = MenuAdd(mnuOverlay, QStringLiteral("mnuOverlayFrequency"),
                                   QStringLiteral("Select Frequency"));

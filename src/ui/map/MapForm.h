@@ -57,6 +57,8 @@ public:
     QAction* mnuMapCenter = nullptr;
     QAction* mnuMapZoomIn = nullptr;
     QAction* mnuMapZoomOut = nullptr;
+    QAction* mnuMapCopy = nullptr;
+    QAction* mnuMapExport = nullptr;
     QMenu* mnuOverlay = nullptr;
     QMenu* mnuOverlayFrequency = nullptr;
     QMenu* mnuOverlayTime = nullptr;

@@ -161,6 +161,7 @@ std::optional<Failure> MapOverlayControl::OverlayDrawBox(const AreaBox& box)
     // Readable above dark cells.
     GraticuleLabelsPaint(m_form.pctMap->m_img, m_form.m_view, pWindow->font());
     m_grid.Add(aPoints);
+    m_request = input;
     return {};
 }
 

@@ -26,6 +26,8 @@ public:
     [[nodiscard]] bool IsShown() const { return m_form.mnuOverlayDraw->isChecked(); }
     /// The picture shows cells of the overlay.
     [[nodiscard]] bool HasCells() const { return IsShown() && !m_grid.IsEmpty(); }
+    /// What the cells that are shown were predicted for; REQUIRES: HasCells.
+    [[nodiscard]] const AreaRequest& RequestGet() const { return m_request; }
     /// SNR of the grid point nearest to a position; none while the overlay is hidden or computed.
     [[nodiscard]] std::optional<float> OverlayGetSnr(double dLat, double dLon) const;
 
@@ -60,5 +62,6 @@ private:
     bool m_bBusy = false;
     QTimer m_tmrLater;
     OverlayGrid m_grid;                // of the picture that is shown
+    AreaRequest m_request;             // of its last box
     std::optional<Failure> m_failure;  // why the last run failed
 };

@@ -28,6 +28,7 @@ frmMap::frmMap(MainWindowHost& host, QWidget* pParent)
       m_overlayMenu(*this, host),
       m_reach(*this, m_stations, host, m_overlayMenu),
       m_overlay(*this, host, m_overlayMenu),
+      m_export(*this, *this, host, m_overlay),
       m_keys(*this, *this, m_navigation, m_mouse)
 {
     setObjectName(QStringLiteral("frmMap"));

@@ -13,6 +13,7 @@
 #include <QWidget>
 
 #include "ui/common/MainWindowHost.h"
+#include "ui/map/MapExport.h"
 #include "ui/map/MapForm.h"
 #include "ui/map/MapKeys.h"
 #include "ui/map/MapLayers.h"
@@ -68,5 +69,6 @@ private:
     MapOverlayMenu m_overlayMenu;
     MapReach m_reach;
     MapOverlayControl m_overlay;
+    MapExport m_export;
     MapKeys m_keys;
 };

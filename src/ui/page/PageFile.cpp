@@ -170,11 +170,16 @@ Result<void> PageExport(const Page& page, const PageForm& form, const QString& s
     if (sSuffix == QLatin1String("pdf"))
         return BytesSave(sFile, PdfGet(page, form));
     if (sSuffix == QLatin1String("png"))
-        return BytesSave(sFile, PngGet(PageImage(page, form, kPngDotsPerInch)));
+        return ImageSave(PageImage(page, form, kPngDotsPerInch), sFile);
     const PageGrid* const pGrid = GridFind(page);
     if (pGrid == nullptr)
         return RunError{sFile.toStdString() + ": there is no table to write"};
     return BytesSave(sFile, PageGridCsv(*pGrid).toUtf8());
+}
+
+Result<void> ImageSave(const QImage& image, const QString& sFile)
+{
+    return BytesSave(sFile, PngGet(image));
 }
 
 Result<void> PagePrint(const Page& page, const PageForm& form, [[maybe_unused]] QWidget* pParent)

@@ -47,5 +47,8 @@ void PageCopy(const Page& page);
 /// @return what went wrong, with the file's name: another suffix, no table for .csv, no room ...
 [[nodiscard]] Result<void> PageExport(const Page& page, const PageForm& form, const QString& sFile);
 
+/// Writes an image as .png; the file is replaced whole or left as it was.
+[[nodiscard]] Result<void> ImageSave(const QImage& image, const QString& sFile);
+
 /// Asks for a printer where Qt can print here; else writes a PDF and opens it.
 [[nodiscard]] Result<void> PagePrint(const Page& page, const PageForm& form, QWidget* pParent);

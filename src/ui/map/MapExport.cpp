@@ -1,0 +1,113 @@
+#include "ui/map/MapExport.h"
+
+#include <QClipboard>
+#include <QFileInfo>
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPixmap>
+
+#include "propagation/RequestText.h"
+#include "system/ClockLib.h"
+#include "system/MsgLib.h"
+#include "ui/common/FileDialog.h"
+#include "ui/common/LocationText.h"
+#include "ui/common/MainWindowHost.h"
+#include "ui/map/MapOverlayControl.h"
+#include "ui/page/PageFile.h"
+
+namespace {
+
+constexpr int kMargin = 6;  // pixels round the caption
+/// A name without a suffix gets the last one.
+constexpr const char* kFilter = "Picture or document (*.png *.pdf)|*.png";
+
+QString PlaceText(const LatLon& pos)
+{
+    return LocationToText(LocationKind::Latitude, pos.dLat) + u' '
+           + LocationToText(LocationKind::Longitude, pos.dLon);
+}
+
+/// A sheet with the picture as large as it can be.
+Page PageMake(const QImage& image)
+{
+    PagePicture picture;
+    picture.fnPaint = [image](QPainter& painter, const QRectF& rct, PageLook) {
+        const QSizeF size = QSizeF(image.size()).scaled(rct.size(), Qt::KeepAspectRatio);
+        painter.drawImage(QRectF(rct.topLeft(), size), image);
+    };
+    Page page;
+    page.aBlock.push_back({{}, std::move(picture)});
+    return page;
+}
+
+}  // namespace
+
+MapExport::MapExport(QWidget& window, MapForm& form, MainWindowHost& host,
+                     const MapOverlayControl& overlay)
+    : m_window(window), m_form(form), m_host(host), m_overlay(overlay)
+{
+    form.mnuMapCopy->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_C));
+    form.mnuMapExport->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    window.addActions({form.mnuMapCopy, form.mnuMapExport});  // for the keys
+    connect(form.mnuMapCopy, &QAction::triggered, this, &MapExport::Copy);
+    connect(form.mnuMapExport, &QAction::triggered, this, &MapExport::Export);
+}
+
+QString MapExport::CaptionGet() const
+{
+    const QString sPlaces = QStringLiteral("Receiver %1, transmitter %2")
+                                .arg(PlaceText(m_form.m_posRc), PlaceText(m_form.m_posTx));
+    if (!m_overlay.HasCells())
+        return sPlaces;
+    AreaRequest request = m_overlay.RequestGet();
+    // The settings do not keep where their number came from; the table's run does.
+    const Request table = m_host.TableInputGet();
+    if (table.fSunSpotNumber == request.fSunSpotNumber)
+        request.eSunSpotSource = table.eSunSpotSource;
+    return sPlaces + QString::fromUtf8(kTextBetween)
+           + QString::fromStdString(AreaFootText(request, UtcNow().nYear));
+}
+
+QImage MapExport::PictureGet() const
+{
+    const QPixmap pixMap = m_form.pctMap->grab();
+    const QString sCaption = CaptionGet();
+    const double dDensity = pixMap.devicePixelRatio();
+    const QFont font = m_window.font();
+    const int nWidth = m_form.pctMap->width();
+    const QRect rctText =
+        QFontMetrics(font)
+            .boundingRect(QRect(0, 0, nWidth - 2 * kMargin, m_form.pctMap->height()),
+                          Qt::TextWordWrap, sCaption)
+            .translated(kMargin, m_form.pctMap->height() + kMargin);
+    const int nHeight = rctText.bottom() + 1 + kMargin;
+    QImage image((QSizeF(nWidth, nHeight) * dDensity).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(dDensity);
+    image.setText(QStringLiteral("Description"), sCaption);  // for who cannot see it
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.drawPixmap(0, 0, pixMap);
+    painter.setFont(font);
+    painter.setPen(Qt::black);
+    painter.drawText(rctText, Qt::TextWordWrap, sCaption);
+    return image;
+}
+
+void MapExport::Copy() const { QGuiApplication::clipboard()->setImage(PictureGet()); }
+
+void MapExport::Export() const
+{
+    const QImage image = PictureGet();  // as it is now, not with the dialog above it
+    const QString sFile = FileDialogShow(
+        &m_window,
+        {FileDialogKind::Save, QStringLiteral("World Map.png"), QString::fromLatin1(kFilter)});
+    if (sFile.isEmpty())
+        return;
+    PageForm form;
+    form.eOrientation = QPageLayout::Landscape;
+    const bool bPng = QFileInfo(sFile).suffix().toLower() == QLatin1String("png");
+    const auto res = bPng ? ImageSave(image, sFile) : PageExport(PageMake(image), form, sFile);
+    if (!res)
+        MsgBox(MsgIcon::Exclamation, res.TextGet());
+}
