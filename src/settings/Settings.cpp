@@ -11,20 +11,26 @@ constexpr float kFrequencyStepKhz = 2000.0F;
 
 bool IndexIs(int iIndex) { return iIndex >= 0 && iIndex <= kFrequencyMax; }
 
+void MembersSet(Settings& settings)
+{
+    for (const SettingRow& row : SettingsTableGet()) SettingFromText(row, row.sDefault, settings);
+    settings.m_selected = SelectedCell();
+    settings.m_aNeed = NeedsShipped();
+    for (int i = 0; i <= kFrequencyMax; ++i)
+        settings.FrequencySet(i, static_cast<float>(i) * kFrequencyStepKhz);
+    settings.m_sProfileFile = ProfileFileDefault();
+    settings.m_iPropagationMonth = UtcNow().nMonth;
+}
+
 }  // namespace
 
-Settings::Settings() { Initialize(); }
+/// The Airmail folders are the program's, not this object's: settings for a moment leave them be.
+Settings::Settings() { MembersSet(*this); }
 
 void Settings::Initialize()
 {
     AirMailFoldersReset();
-    for (const SettingRow& row : SettingsTableGet()) SettingFromText(row, row.sDefault, *this);
-    m_selected = SelectedCell();
-    m_aNeed = NeedsShipped();
-    for (int i = 0; i <= kFrequencyMax; ++i)
-        FrequencySet(i, static_cast<float>(i) * kFrequencyStepKhz);
-    m_sProfileFile = ProfileFileDefault();
-    m_iPropagationMonth = UtcNow().nMonth;
+    MembersSet(*this);
 }
 
 float Settings::FrequencyGet(int iIndex) const

@@ -107,4 +107,12 @@ TEST(Settings, TheFrequencyListHoldsSixteenSlotsAndNoMore)
     EXPECT_EQ(settings.FrequencyGet(0), 0.0F);
 }
 
+TEST(Settings, MadeForAMomentLeaveAirmailsFoldersAsTheyAre)
+{
+    AirMailDataFolderSet("x");
+    const Settings settings;
+    EXPECT_EQ(AirMailDataFolderGet(), "x");
+    AirMailFoldersReset();
+}
+
 }  // namespace

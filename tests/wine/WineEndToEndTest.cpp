@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,18 @@ bool IsThere()
 std::string CarriageReturnsDrop(std::string sText)
 {
     std::erase(sText, '\r');
+    return sText;
+}
+
+/// Rows of csv without their last two columns.
+std::string DecilesDrop(const std::string& sCsv)
+{
+    std::string sText;
+    std::istringstream stm(sCsv);
+    for (std::string sLine; std::getline(stm, sLine);) {
+        const std::size_t nLast = sLine.rfind(',');
+        sText += sLine.substr(0, sLine.rfind(',', nLast - 1)) + "\n";
+    }
     return sText;
 }
 
@@ -158,13 +171,15 @@ TEST_F(WineEndToEnd, TheProgramOfThisMachineStartsAWindowsEngineThroughWine)
     const ProgramResult res = HostPredict(asWords, true);
     EXPECT_EQ(res.nStatus, 0) << res.sError;
     EXPECT_EQ(res.sError, "");
-    // Another's engine, as the program of this machine sees it.
+    // Another's engine, as the program of this machine sees it: of another name, and with no more
+    // than its output holds, which has no deciles.
     const std::string sOurs = ",REC533 (built-in),";
     std::string sExpected = resHere.sOut;
     for (std::size_t n = 0; (n = sExpected.find(sOurs, n)) != std::string::npos;)
         sExpected.replace(n, sOurs.size(), ",REC533,");
     EXPECT_NE(sExpected, resHere.sOut);
-    EXPECT_EQ(res.sOut, sExpected);
+    EXPECT_EQ(DecilesDrop(res.sOut), DecilesDrop(sExpected));
+    EXPECT_TRUE(res.sOut.ends_with(",,\n")) << res.sOut.substr(res.sOut.size() - 80);
     EXPECT_TRUE(fs::exists(Drive("itshfbc/RUN/sound.out"))) << "made by the engine of drive C";
     EXPECT_FALSE(fs::exists(Drive("itshfbc/RUN/hopcast.txt")));
 }
