@@ -38,3 +38,6 @@ struct ForecastFlux {
 };
 /// The bulletin of WWV.
 std::optional<Result<ForecastFlux>> ForecastWwvRead(std::string_view sText);
+
+/// A number for a message: of more than 12 characters the first 12 and "...".
+[[nodiscard]] std::string ForecastNumberText(double dValue);

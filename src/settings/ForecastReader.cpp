@@ -115,6 +115,13 @@ bool JumpIs(const ForecastMonth& first, const ForecastMonth& next)
 
 }  // namespace
 
+std::string ForecastNumberText(double dValue)
+{
+    constexpr std::size_t kMost = 12;
+    const std::string sText = NumberToText(dValue);
+    return sText.size() > kMost ? sText.substr(0, kMost) + "..." : sText;
+}
+
 std::vector<std::string_view> ForecastWords(std::string_view sLine)
 {
     constexpr std::string_view kBetween = " \t\n;";
@@ -168,19 +175,20 @@ Result<void> ForecastMonthAdd(ForecastMonths& aMonths, const ForecastMonth& mont
         || month.nYear > kForecastYearMost)
         return RunError{"there is no month " + MonthName(month) + ". Request the forecast again"};
     if (!(month.dValue >= 0.0 && month.dValue <= kVersion2Most))
-        return RunError{"the number " + NumberToText(month.dValue) + " of " + MonthName(month)
+        return RunError{"the number " + ForecastNumberText(month.dValue) + " of " + MonthName(month)
                         + " lies outside 0 to 350. Request the forecast again"};
     const auto MonthCount = [](const ForecastMonth& m) { return m.nYear * 12 + m.nMonth; };
     const auto itAt = std::ranges::lower_bound(aMonths, MonthCount(month), {}, MonthCount);
     if (itAt != aMonths.end() && MonthCount(*itAt) == MonthCount(month)) {
         if (itAt->dValue == month.dValue)
             return {};  // a line twice
-        return RunError{MonthName(month) + " has two numbers, " + NumberToText(itAt->dValue)
-                        + " and " + NumberToText(month.dValue) + ". Paste one forecast alone"};
+        return RunError{MonthName(month) + " has two numbers, " + ForecastNumberText(itAt->dValue)
+                        + " and " + ForecastNumberText(month.dValue)
+                        + ". Paste one forecast alone"};
     }
     if ((itAt != aMonths.end() && JumpIs(month, *itAt))
         || (itAt != aMonths.begin() && JumpIs(*(itAt - 1), month)))
-        return RunError{"the number " + NumberToText(month.dValue) + " of " + MonthName(month)
+        return RunError{"the number " + ForecastNumberText(month.dValue) + " of " + MonthName(month)
                         + " does not go with those of the months beside it. Request the forecast "
                           "again"};
     aMonths.insert(itAt, month);

@@ -72,7 +72,7 @@ std::optional<Result<ForecastFlux>> ForecastWwvRead(std::string_view sText)
     if (!bFound)
         return std::nullopt;
     if (*optFlux < kFluxLeast || *optFlux > kFluxMost)
-        return RunError{"the solar flux " + NumberToText(*optFlux)
+        return RunError{"the solar flux " + ForecastNumberText(*optFlux)
                         + " lies outside 60 to 370. Request the bulletin again"};
     const auto resIssued = IssuedGet(asWord);
     if (!resIssued)

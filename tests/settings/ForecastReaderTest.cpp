@@ -301,4 +301,15 @@ TEST(ForecastFromText, FlippedBitGivesNumbersWithinTheirLimitsOrNone)
     }
 }
 
+TEST(ForecastText, ANumberOfHundredsOfDigitsIsToldShort)
+{
+    const auto res = ForecastFromText(
+        ":Issued: 2026 Nov 21 1505 UTC\nSolar flux 2" + std::string(300, '9') + " and more\n",
+        DateTime{2026, 11, 21, 15, 30, 0});
+    ASSERT_FALSE(res);
+    EXPECT_EQ(res.TextGet(),
+              "Cannot read a sunspot number: the solar flux 300000000000... lies outside 60 to "
+              "370. Request the bulletin again.");
+}
+
 }  // namespace
