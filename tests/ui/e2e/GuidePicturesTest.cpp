@@ -17,6 +17,7 @@
 #include "support/NeedVoacapl.h"
 #include "ui/card/frmCard.h"
 #include "ui/common/MsgWindow.h"
+#include "ui/curves/frmCurves.h"
 #include "ui/details/frmDetails.h"
 #include "ui/e2e/RealRig.h"
 #include "ui/map/frmMap.h"
@@ -78,7 +79,12 @@ void PictureKeep(const QPixmap& pix, const char* sName)
         for (int x = 0; x < img.width(); ++x) setColours.insert(img.pixel(x, y));
     EXPECT_GT(setColours.size(), 8) << sName;
     constexpr int kSmallest = 0;  // the quality of a PNG picture is its size
-    ASSERT_TRUE(img.save(dir.filePath(QLatin1String(sName)), "PNG", kSmallest)) << sName;
+    // Of a picture of a whole large screen few colours are enough.
+    constexpr int kLarge = 2000;
+    const QImage imgKept = img.width() < kLarge
+                               ? img
+                               : img.convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither);
+    ASSERT_TRUE(imgKept.save(dir.filePath(QLatin1String(sName)), "PNG", kSmallest)) << sName;
 }
 
 void PictureKeep(QWidget& widget, const char* sName)
@@ -200,6 +206,22 @@ TEST(GuidePictures, Card)
     frm.m_pCard->resize(QSize(450, 620));  // a small file
     MainRig::EventsRun();
     PictureKeep(*frm.m_pCard, "card.png");
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+}
+
+/// The least size at which the curves are to be read, and a screen of 4K.
+TEST(GuidePictures, Curves)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    frm.mnuPlanCurves->trigger();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(frm.m_pCurves));
+    for (const auto& [size, sPicture] : {std::pair(QSize(400, 300), "curves.png"),
+                                         std::pair(QSize(3840, 2160), "curves_4k.png")}) {
+        frm.m_pCurves->resize(size);
+        MainRig::EventsRun();
+        PictureKeep(*frm.m_pCurves, sPicture);
+    }
     EXPECT_TRUE(rig.m_msg.m_aShown.empty());
 }
 
