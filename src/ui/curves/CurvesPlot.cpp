@@ -202,7 +202,7 @@ void CurvesPlot::RibbonPaint(QPainter& painter, int iRibbon) const
             continue;
         const QRectF rct = CellRect({iHour, iRibbon});
         if (m_view.eLook == PageLook::Colour) {
-            const QColor clr = ColorFromBgr(SnrGetColor(fSnr));
+            const QColor clr = ColorFromBgr(SnrBandOfCell(fSnr).nColor);
             painter.fillRect(rct, m_view.bOld ? Faded(clr, m_view.clrPaper) : clr);
         } else if (fSnr >= m_view.fNeed) {
             painter.fillRect(rct, Qt::black);

@@ -34,7 +34,7 @@ PageCell SnrCell(float fSnr, float fNeed)
     if (cell.bHatched)
         return cell;
     cell.sText = Whole(fSnr);
-    cell.clrBack = ColorFromBgr(SnrGetColor(fSnr));
+    cell.clrBack = ColorFromBgr(SnrBandOfCell(fSnr).nColor);
     cell.bStrong = fSnr >= fNeed;
     return cell;
 }

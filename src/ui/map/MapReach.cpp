@@ -11,6 +11,7 @@ MapReach::MapReach(const MapForm& form, MapStations& stations, MainWindowHost& h
     : m_form(form), m_stations(stations), m_host(host), m_menu(menu)
 {
     connect(&host.ReachBoardGet(), &ReachBoard::Renewed, this, &MapReach::Show);
+    connect(&host.SettingsSignalGet(), &SettingsSignal::CellSelected, this, &MapReach::Show);
     connect(&menu, &MapOverlayMenu::Chosen, this, &MapReach::Show);
     connect(&stations, &MapStations::Loaded, this, &MapReach::Show);
 }

@@ -60,6 +60,15 @@ TEST_F(MapReachShown, StationsHaveTheColourOfTheirSnrAtTheHourShown)
     EXPECT_TRUE(Dot(0).toolTip().endsWith(QStringLiteral("06:00 UTC: no value")));
 }
 
+TEST_F(MapReachShown, StationsFollowTheMainWindowsSelection)
+{
+    HourSet(6);
+    ReachSet();
+    m_host.m_settings.m_selected.iHour = 6;
+    Q_EMIT m_host.SettingsSignalGet().CellSelected();
+    EXPECT_EQ(Dot(0).ColorGet(), ColorFromBgr(SnrGetColor(62.0F)));
+}
+
 TEST_F(MapReachShown, AnotherSearchTakesThePlaceOfTheFormer)
 {
     HourSet(5);
