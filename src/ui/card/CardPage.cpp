@@ -21,12 +21,6 @@ QString Formatted(double dValue, const char* sPattern)
     return QString::fromStdString(NumberFormat(dValue, sPattern));
 }
 
-QString PositionGet(double dLat, double dLon)
-{
-    return LocationToText(LocationKind::Latitude, dLat) + u' '
-           + LocationToText(LocationKind::Longitude, dLon);
-}
-
 /// The first of the highest SNR of an hour, kHz.
 QString BestGet(const PropagationTable& table, int iHour)
 {
@@ -73,8 +67,8 @@ QStringList EndsGet(const PropagationTable& table, const CardAsked& asked)
     QStringList asLine;
     asLine << Tr("Transmitter: %1%2")
                   .arg(asked.sTx.isEmpty() ? asked.sTx : asked.sTx + QStringLiteral(", "),
-                       PositionGet(request.dTxLat, request.dTxLon))
-           << Tr("Receiver: %1").arg(PositionGet(request.dRcLat, request.dRcLon)) << asked.asNote
+                       PositionToText(request.dTxLat, request.dTxLon))
+           << Tr("Receiver: %1").arg(PositionToText(request.dRcLat, request.dRcLon)) << asked.asNote
            << Tr("Range %1 nmi; bearing to the transmitter %2\u00B0, from the transmitter %3\u00B0")
                   .arg(Formatted(table.fRange, "0"), Formatted(table.fAzimuthRcTx, "000"),
                        Formatted(table.fAzimuthTxRc, "000"));
@@ -121,9 +115,9 @@ Page CardPageGet(const PropagationTable& table, const CardAsked& asked)
         return {Tr("There is no prediction yet."), {}, {}};
     const Request& request = table.request;
     const QString sTx =
-        asked.sTx.isEmpty() ? PositionGet(request.dTxLat, request.dTxLon) : asked.sTx;
+        asked.sTx.isEmpty() ? PositionToText(request.dTxLat, request.dTxLon) : asked.sTx;
     Page page;
-    page.sTitle = Tr("%1 to %2").arg(sTx, PositionGet(request.dRcLat, request.dRcLon));
+    page.sTitle = Tr("%1 to %2").arg(sTx, PositionToText(request.dRcLat, request.dRcLon));
     page.aBlock.push_back({{}, EndsGet(table, asked)});
     page.aBlock.push_back(
         {Tr("Signal-to-noise ratio, dB in 1 Hz, by hour and frequency in kHz; bold is enough: %1")

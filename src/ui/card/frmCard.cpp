@@ -146,7 +146,7 @@ Page frmCard::PageGet() const
     asked.sTx = HostGet().TransmitterNameGet();
     asked.asShip = HourLabelsGet(kTimeLocal);
     asked.iTimeCode = settings.m_iTimeCode;
-    asked.need = NeedInForce(settings.m_aNeed, settings.m_sNeedSelected);
+    asked.need = NeedGet();
     asked.nYear = UtcNow().nYear;
     asked.bOld = HostGet().TableOldIs();
     return CardPageGet(HostGet().TableGet(), asked);

@@ -12,3 +12,9 @@ QString LocationToText(LocationKind eKind, double dValue)
     return QString::fromStdString(eKind == LocationKind::Latitude ? LatitudeToText(dValue)
                                                                   : LongitudeToText(dValue));
 }
+
+QString PositionToText(double dLat, double dLon)
+{
+    return LocationToText(LocationKind::Latitude, dLat) + u' '
+           + LocationToText(LocationKind::Longitude, dLon);
+}

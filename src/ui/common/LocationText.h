@@ -18,3 +18,5 @@ using LocationKind = PositionAxis;
 
 /// The entry field's form of a value.
 [[nodiscard]] QString LocationToText(LocationKind eKind, double dValue);
+/// Both of them, a blank between.
+[[nodiscard]] QString PositionToText(double dLat, double dLon);

@@ -50,6 +50,14 @@ void NeedChooser::Show()
     setAccessibleName(toolTip().section(u'\n', 0, 0));
 }
 
+void NeedChooser::ShowInForce()
+{
+    Show();
+    if (NeedGet() == nullptr)
+        setText(QString::fromStdString(NeedInForce(m_settings.m_aNeed, {}).sName)
+                    .replace(u'&', QStringLiteral("&&")));
+}
+
 void NeedChooser::MenuFill()
 {
     menu()->clear();

@@ -17,6 +17,8 @@ public:
 
     /// Shows the need of the settings.
     void Show();
+    /// The same where one is taken in any case: with none chosen the button names the one in force.
+    void ShowInForce();
     /// The chosen need; null where none is chosen or the list has lost it.
     [[nodiscard]] const Need* NeedGet() const;
 

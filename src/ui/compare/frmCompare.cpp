@@ -166,12 +166,6 @@ Request frmCompare::RequestOf(std::size_t iSide) const
                              ModelGet(iSide));
 }
 
-Need frmCompare::NeedGet() const
-{
-    const Settings& settings = HostGet().SettingsGet();
-    return NeedInForce(settings.m_aNeed, settings.m_sNeedSelected);
-}
-
 CompareView frmCompare::ViewGet() const
 {
     return static_cast<CompareView>(tabView->currentIndex());
@@ -242,9 +236,7 @@ void frmCompare::WorkEnd()
 void frmCompare::Judge()
 {
     const Need need = NeedGet();
-    cmdNeed->Show();
-    if (cmdNeed->NeedGet() == nullptr)  // one is taken all the same
-        cmdNeed->setText(QString::fromStdString(need.sName));
+    cmdNeed->ShowInForce();
     lblNeed->setText(tr("needs %1 dB").arg(QString::fromStdString(NumberToText(need.fSnr))));
     m_sides.fNeed = need.fSnr;
     m_sides.compare.reset();
@@ -281,7 +273,7 @@ void frmCompare::FootShow()
         sFoot = CompareText(m_sides.compare->figures, m_sides.asName[0], m_sides.asName[1]) + "\n";
     FootSet(sFoot + RequestFootText(request, bBuiltInA, UtcNow().nYear) + kTextBetween
             + "compared with " + m_sides.asName[1] + (bBuiltInB ? " (built-in)" : "") + kTextBetween
-            + "need: " + NeedGet().sName + ", " + NumberToText(NeedGet().fSnr) + " dB");
+            + NeedFootText(NeedGet()));
 }
 
 /// The settings went on, the numbers did not.

@@ -62,7 +62,6 @@ private:
     [[nodiscard]] bool OldIs() const;
     [[nodiscard]] int ModelGet(std::size_t iSide) const;
     [[nodiscard]] Request RequestOf(std::size_t iSide) const;
-    [[nodiscard]] Need NeedGet() const;
 
     CompareSides m_sides;
     HourColumns* m_pHours;

@@ -16,12 +16,6 @@ namespace {
 constexpr int kNowEvery = 60'000;  // ms
 constexpr double kMinutesOfHour = 60.0;
 
-QString PlaceText(double dLat, double dLon)
-{
-    return LocationToText(LocationKind::Latitude, dLat) + u' '
-           + LocationToText(LocationKind::Longitude, dLon);
-}
-
 }  // namespace
 
 frmCurves::frmCurves(PlanHost& host)
@@ -50,12 +44,6 @@ frmCurves::frmCurves(PlanHost& host)
     TableShow();
 }
 
-Need frmCurves::NeedGet() const
-{
-    const Settings& settings = HostGet().SettingsGet();
-    return NeedInForce(settings.m_aNeed, settings.m_sNeedSelected);
-}
-
 void frmCurves::TableShow()
 {
     const PropagationTable& table = HostGet().TableGet();
@@ -70,7 +58,7 @@ void frmCurves::TableShow()
         return pctCurves->Clear();
     }
     FootSet(RequestFootText(table.request, table.bBuiltIn, UtcNow().nYear) + kTextBetween
-            + "need: " + NeedGet().sName + ", " + NumberToText(NeedGet().fSnr) + " dB");
+            + NeedFootText(NeedGet()));
     const int iTimeCode = HostGet().SettingsGet().m_iTimeCode;
     m_asHour = HourLabelsGet(iTimeCode);
     CurvesView view;
@@ -100,7 +88,8 @@ QString frmCurves::PathText() const
 {
     const Request& request = HostGet().TableGet().request;
     return tr("Receiver %1, transmitter %2")
-        .arg(PlaceText(request.dRcLat, request.dRcLon), PlaceText(request.dTxLat, request.dTxLon));
+        .arg(PositionToText(request.dRcLat, request.dRcLon),
+             PositionToText(request.dTxLat, request.dTxLon));
 }
 
 /// What leaves the window is read at another time: it has neither the line at now nor the mark.

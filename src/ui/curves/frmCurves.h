@@ -29,7 +29,6 @@ private:
     void CellShow();
     void NowShow();
     void Take(int iFrequency, int iHour);
-    [[nodiscard]] Need NeedGet() const;
     [[nodiscard]] QString PathText() const;
 
     HourLabels m_asHour;

@@ -98,12 +98,6 @@ void frmDays::GridConnect()
     });
 }
 
-Need frmDays::NeedGet() const
-{
-    const Settings& settings = HostGet().SettingsGet();
-    return NeedInForce(settings.m_aNeed, settings.m_sNeedSelected);
-}
-
 /// Takes the main window's prediction over, or asks for what it does not tell.
 void frmDays::Renew()
 {
@@ -181,9 +175,7 @@ void frmDays::Take(PropagationTable table)
 void frmDays::Judge()
 {
     const Need need = NeedGet();
-    cmdNeed->Show();
-    if (cmdNeed->NeedGet() == nullptr)  // one is taken all the same
-        cmdNeed->setText(QString::fromStdString(need.sName));
+    cmdNeed->ShowInForce();
     lblNeed->setText(tr("needs %1 dB").arg(QString::fromStdString(NumberToText(need.fSnr))));
     m_days.aCells = DaysGet(m_days.table, need.fSnr);
     m_pHours->Show(m_asHour);
@@ -191,7 +183,7 @@ void frmDays::Judge()
     Request request = m_days.table.nData > 0 ? m_days.table.request : HostGet().RequestGet();
     request.fReliability = 50.0F;  // what the medians are
     FootSet(RequestFootText(request, m_days.table.bBuiltIn, UtcNow().nYear) + kTextBetween
-            + "need: " + need.sName + ", " + NumberToText(need.fSnr) + " dB");
+            + NeedFootText(need));
     HintShow();
     BandShow();
 }

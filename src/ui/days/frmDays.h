@@ -58,7 +58,6 @@ private:
     void CellTake(int iRow, int iCol);
     void WorkEnd();
     [[nodiscard]] bool OldIs() const;
-    [[nodiscard]] Need NeedGet() const;
     [[nodiscard]] QString CellText(int iRow, int iCol) const;
     [[nodiscard]] DaysBand BandGet() const;
 

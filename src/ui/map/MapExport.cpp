@@ -22,12 +22,6 @@ constexpr int kMargin = 6;  // pixels round the caption
 /// A name without a suffix gets the last one.
 constexpr const char* kFilter = "Picture or document (*.png *.pdf)|*.png";
 
-QString PlaceText(const LatLon& pos)
-{
-    return LocationToText(LocationKind::Latitude, pos.dLat) + u' '
-           + LocationToText(LocationKind::Longitude, pos.dLon);
-}
-
 /// A sheet with the picture as large as it can be.
 Page PageMake(const QImage& image)
 {
@@ -57,7 +51,8 @@ MapExport::MapExport(QWidget& window, MapForm& form, MainWindowHost& host,
 QString MapExport::CaptionGet() const
 {
     const QString sPlaces = QStringLiteral("Receiver %1, transmitter %2")
-                                .arg(PlaceText(m_form.m_posRc), PlaceText(m_form.m_posTx));
+                                .arg(PositionToText(m_form.m_posRc.dLat, m_form.m_posRc.dLon),
+                                     PositionToText(m_form.m_posTx.dLat, m_form.m_posTx.dLon));
     if (!m_overlay.HasCells())
         return sPlaces;
     AreaRequest request = m_overlay.RequestGet();

@@ -54,6 +54,12 @@ PlanWindow::PlanWindow(PlanHost& host, PlanName eName, const QString& sTitle)
     connect(cmdPrint, &QPushButton::clicked, this, &PlanWindow::Print);
 }
 
+Need PlanWindow::NeedGet() const
+{
+    const Settings& settings = m_host.SettingsGet();
+    return NeedInForce(settings.m_aNeed, settings.m_sNeedSelected);
+}
+
 void PlanWindow::FootSet(const std::string& sFoot)
 {
     lblFoot->setText(QString::fromStdString(sFoot));

@@ -44,6 +44,8 @@ protected:
     virtual bool WorkStop() { return false; }
     /// The file that Export proposes.
     [[nodiscard]] virtual QString FileNameGet() const;
+    /// The need in force, also where none is chosen.
+    [[nodiscard]] Need NeedGet() const;
     void FootSet(const std::string& sFoot);
     [[nodiscard]] QVBoxLayout& ContentGet() { return *m_pContent; }
     [[nodiscard]] PlanHost& HostGet() const { return m_host; }

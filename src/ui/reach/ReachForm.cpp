@@ -196,9 +196,7 @@ void ReachForm::OrderSet(ReachOrder eOrder) { cmbOrder->setCurrentIndex(static_c
 
 void ReachForm::NeedShow(const Need& need, float fPower)
 {
-    cmdNeed->Show();
-    if (cmdNeed->NeedGet() == nullptr)  // one is taken all the same
-        cmdNeed->setText(QString::fromStdString(need.sName));
+    cmdNeed->ShowInForce();
     lblNeed->setText(tr("needs %1 dB").arg(QString::fromStdString(NumberToText(need.fSnr))));
     const QSignalBlocker blocker(numPower);
     numPower->setValue(static_cast<double>(fPower));

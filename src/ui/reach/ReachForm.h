@@ -31,6 +31,7 @@ public:
     void PlacesShow(const std::array<int, 4>& anPlaces, bool bOwnFrequencies);
     [[nodiscard]] std::set<PlaceKind> KindsGet() const;
     void HoursShow(const HourLabels& asHour, int iNow);
+    [[nodiscard]] int NowGet() const { return m_iNow; }
     /// The hour that counts as now, 0 to 23 UTC.
     [[nodiscard]] int FromGet() const;
     [[nodiscard]] ReachView ViewGet() const;

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kListEvery = 60;        // ms, between two lists while answers come in
 constexpr int kProgressAfter = 300;   // ms
+constexpr int kNowEvery = 10'000;     // ms
 constexpr double kSamePlace = 0.001;  // degrees
 
 /// "(Airmail, 2 days old)" where the receiver is Airmail's position; else empty.
@@ -49,6 +50,7 @@ frmReach::frmReach(PlanHost& host)
     : PlanWindow(host, PlanName::Reach, tr("Who Can I Reach")),
       frm(new ReachForm(host.SettingsGet(), this)),
       grdReach(new GridControl(this)),
+      tmrNow(new QTimer(this)),
       lblHint(new QLabel(this)),
       m_runner(RunnerPostTo(*this))
 {
@@ -64,6 +66,8 @@ frmReach::frmReach(PlanHost& host)
     m_tmrProgress.setSingleShot(true);
     connect(&m_tmrList, &QTimer::timeout, this, &frmReach::ListShow);
     connect(&m_tmrProgress, &QTimer::timeout, this, [this] { frm->ProgressShow(m_bRunning); });
+    tmrNow->start(kNowEvery);
+    connect(tmrNow, &QTimer::timeout, this, &frmReach::HourFollow);
     GridConnect();
     connect(frm, &ReachForm::AskedChanged, this, &frmReach::Ask);
     connect(frm, &ReachForm::JudgedChanged, this, &frmReach::Judge);
@@ -140,12 +144,6 @@ void frmReach::PlacesRead()
 
 void frmReach::FaultsShow() { MsgBox(MsgIcon::Info, PlaceFaultsText(m_aFaults)); }
 
-Need frmReach::NeedGet() const
-{
-    const Settings& settings = HostGet().SettingsGet();
-    return NeedInForce(settings.m_aNeed, settings.m_sNeedSelected);
-}
-
 /// While a station that was taken from the list is in force, the list of frequencies is its own;
 /// the question stays with the user's.
 Request frmReach::BaseGet() const
@@ -210,10 +208,9 @@ void frmReach::FromShow()
     const Settings& settings = HostGet().SettingsGet();
     m_asHour = HourLabelsGet(settings.m_iTimeCode);
     frm->HoursShow(m_asHour, UtcNow().nHour);
-    frm->lblFrom->setText(tr("From %1 %2%3")
-                              .arg(LocationToText(LocationKind::Latitude, settings.m_dRcLat),
-                                   LocationToText(LocationKind::Longitude, settings.m_dRcLon),
-                                   PositionSource(settings)));
+    frm->lblFrom->setText(
+        tr("From %1%2")
+            .arg(PositionToText(settings.m_dRcLat, settings.m_dRcLon), PositionSource(settings)));
     frm->NeedShow(NeedGet(), settings.m_fStationPower);
     ReachGridLayout(*grdReach, m_asHour);
 }
@@ -290,6 +287,15 @@ void frmReach::Judge()
         return;
     m_pReach->Judge(NeedGet().fSnr, frm->FromGet(), frm->numHours->value());
     ListShow();
+}
+
+/// "Now" is another hour; the answers stay, they are for the whole day.
+void frmReach::HourFollow()
+{
+    if (!m_pReach || frm->NowGet() == UtcNow().nHour)
+        return;
+    frm->HoursShow(m_asHour, UtcNow().nHour);
+    Judge();
 }
 
 void frmReach::PowerTake(double dPower)

@@ -31,6 +31,7 @@ public:
 
     ReachForm* frm;
     GridControl* grdReach;
+    QTimer* tmrNow;
     QLabel* lblHint;  ///< instead of rows: why there are none; or that they are of older settings
 
 protected:
@@ -46,6 +47,7 @@ private:
     void RowsEnd();
     void HintShow();
     void FromShow();
+    void HourFollow();
     void PowerTake(double dPower);
     void FaultsShow();
     void SettingsSee();
@@ -53,7 +55,6 @@ private:
     void TipShow(int iRow, int iCol);
     [[nodiscard]] Request BaseGet() const;
     [[nodiscard]] ReachAsked AskedGet() const;
-    [[nodiscard]] Need NeedGet() const;
     [[nodiscard]] std::vector<Place> PlacesWanted() const;
 
     std::vector<Place> m_aPlaces;       // of every kind

@@ -297,6 +297,19 @@ TEST_F(FrmReach, NeedAndHoursJudgeWithoutAnotherPrediction)
     EXPECT_EQ(frm.ReachGet(), pBefore);
 }
 
+TEST_F(FrmReach, NowGoesOnWithTheClock)
+{
+    Stations();
+    rig.StartWithEngine();
+    const frmReach& frm = rig.ReachOpen();
+    EXPECT_EQ(frm.ReachGet()->AskedGet().iFrom, 13);
+    rig.m_dtUtc.nHour = 14;
+    frm.tmrNow->setInterval(1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frm.ReachGet()->AskedGet().iFrom == 14; }));
+    EXPECT_EQ(frm.ReachGet()->AskedGet().iFrom, 14);
+    EXPECT_EQ(frm.frm->cmbFrom->itemText(0), QStringLiteral("now 14"));
+}
+
 TEST_F(FrmReach, CopyGivesTabsAndHtmlAndExportFollowsTheSuffix)
 {
     Stations();
