@@ -14,6 +14,7 @@
 #include "propagation/SnrScale.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
+#include "ui/map/MapOverlay.h"
 #include "ui/map/MapPaint.h"
 #include "ui/map/frmMap.h"
 

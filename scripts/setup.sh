@@ -149,7 +149,7 @@ Main() {
     local voacapl=(voacapl voacapl-data)
     case $purpose in
     test | coverage)
-        needed+=(libgtest-dev libgmock-dev xvfb xdotool imagemagick poppler-utils)
+        needed+=(libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool imagemagick poppler-utils)
         [ "$purpose" = test ] || needed+=(gcovr)
         # Only CI builds for Windows, tests that under Wine, fuzzes and installs the package.
         [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 googletest wine wine64 clang libclang-rt-dev
