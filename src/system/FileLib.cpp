@@ -160,11 +160,11 @@ Result<std::string> FileReadHead(std::string_view sPath, std::size_t nMax)
     const std::unique_ptr<std::FILE, FileCloser> pFile(HostFileOpenRead(sHost, nErrno));
     if (!pFile)
         return FileErrorMake(nErrno, sHost);
-    constexpr std::size_t kBlock = std::size_t{64} << 10;
+    constexpr std::size_t kFirst = std::size_t{8} << 10;  // decks are short
     std::string sBytes;
     for (std::size_t nRead = 1; nRead > 0 && sBytes.size() < nMax;) {
         const std::size_t nBefore = sBytes.size();
-        sBytes.resize(nBefore + std::min(kBlock, nMax - nBefore));
+        sBytes.resize(nBefore + std::min(std::max(kFirst, nBefore), nMax - nBefore));
         nRead = std::fread(sBytes.data() + nBefore, 1, sBytes.size() - nBefore, pFile.get());
         sBytes.resize(nBefore + nRead);
     }

@@ -25,7 +25,7 @@ struct DayWork::Parts {
     PredictionWork work;
 };
 
-DayWork::DayWork() : m_pParts(std::make_unique<Parts>()) {}
+DayWork::DayWork() : m_pParts(std::make_unique_for_overwrite<Parts>()) {}
 DayWork::~DayWork() = default;
 DayWork::DayWork(DayWork&&) noexcept = default;
 DayWork& DayWork::operator=(DayWork&&) noexcept = default;
