@@ -73,7 +73,10 @@ void StatusLine::Show(const std::string& sInForce, const std::string& sShort,
 
 void StatusLine::BestSet(const std::string& sBest)
 {
-    lblBest->setText(QString::fromStdString(sBest));
+    const QString sNew = QString::fromStdString(sBest);
+    if (sNew == lblBest->text())
+        return;
+    lblBest->setText(sNew);
     RoomShare();
 }
 
