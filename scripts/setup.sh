@@ -133,7 +133,7 @@ LossGet() {
     voacapl*) echo "VOACAP will be \"not found.\"" ;;
     poppler-utils) echo "no tests of the text in PDF files" ;;
     xvfb | xdotool | imagemagick) echo "no tests of the window on an X display" ;;
-    g++-mingw* | googletest | zip) echo "no build for Windows" ;;
+    g++-mingw* | googletest | zip | nsis) echo "no build for Windows" ;;
     wine | wine64) echo "no tests of the Windows programs" ;;
     clang | libclang-rt-dev) echo "no fuzzing" ;;
     libbenchmark-dev) echo "no benchmarks" ;;
@@ -164,7 +164,7 @@ Main() {
         voacapl=()
         ;;
     windows) # packaging/windows
-        needed+=(g++-mingw-w64-x86-64 dpkg-dev zip)
+        needed+=(g++-mingw-w64-x86-64 dpkg-dev zip nsis)
         voacapl=()
         ;;
     esac

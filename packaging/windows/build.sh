@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Makes build/Hopcast-VERSION-win64.zip, on Debian 12 or 13. The first run also makes Qt (qt.sh).
+# Makes build/Hopcast-VERSION-win64.zip and build/Hopcast-VERSION-setup.exe, on Debian 12 or 13.
+# The first run also makes Qt (qt.sh).
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 
@@ -72,6 +73,40 @@ FolderFill() {
     find "$folder" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +
 }
 
+# The installer's lists: what it puts down save the profile, which it must not overwrite; what it
+# takes away again; its programs.
+# shellcheck disable=SC2016 # makensis expands these
+InstallerLists() {
+    local folder=$1 file program sub
+    echo '!macro FilesInstall'
+    (cd "$folder" && find . -type f ! -name hopcast.ini -printf '%P\n' | LC_ALL=C sort) >"$scratch/files"
+    while read -r file; do
+        sub=$(dirname "$file")
+        if [ "$sub" = . ]; then sub=''; else sub=\\${sub//\//\\}; fi
+        printf '    SetOutPath "$INSTDIR%s"\n    File "%s"\n' "$sub" "$folder/$file"
+    done <"$scratch/files"
+    printf '!macroend\n!macro FilesRemove\n'
+    while read -r file; do
+        printf '    Delete "$INSTDIR\\%s"\n' "${file//\//\\}"
+    done <"$scratch/files"
+    (cd "$folder" && find . -mindepth 1 -type d -printf '%P\n' | LC_ALL=C sort -r) |
+        while read -r sub; do
+            printf '    RMDir "$INSTDIR\\%s"\n' "${sub//\//\\}"
+        done
+    printf '!macroend\n!macro ProgramsEach DO\n'
+    for program in "${programs[@]}"; do
+        printf '    !insertmacro ${DO} %s.exe\n' "$program"
+    done
+    echo '!macroend'
+}
+
+InstallerMake() {
+    local folder=$1 output=$2
+    InstallerLists "$folder" >"$scratch/files.nsh"
+    makensis -V2 -WX -NOCD "-DFOLDER=$folder" "-DFILES=$scratch/files.nsh" "-DVERSION=$version" \
+        "-DOUTPUT=$output" "-DICON=$PWD/assets/icon/hopcast.ico" packaging/windows/installer.nsi >&2
+}
+
 Main() {
     qt=$(packaging/windows/qt.sh)
     qt_source=$(basename "$qt"/../source/*.dsc .dsc | tr _ ' ')
@@ -85,9 +120,11 @@ Main() {
     rm -f "build/$name-win64.zip"
     (cd "$scratch" && find "$name" -type f | LC_ALL=C sort | TZ=UTC zip -q -X -9 -@ new.zip)
     mv "$scratch/new.zip" "build/$name-win64.zip"
+    InstallerMake "$scratch/$name" "$scratch/$name-setup.exe"
+    mv "$scratch/$name-setup.exe" build/
     (cd "$scratch" && stat -c '%10s  %n' "$name"/*.exe)
-    stat -c '%10s  %n' "build/$name-win64.zip"
-    Say "who gives the zip away also gives Qt's source away: $(realpath "$qt/../source")"
+    stat -c '%10s  %n' "build/$name-win64.zip" "build/$name-setup.exe"
+    Say "who gives zip or installer away also gives Qt's source away: $(realpath "$qt/../source")"
 }
 
 Main
