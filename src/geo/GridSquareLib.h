@@ -8,7 +8,8 @@
 /// Errors:  a text of another length; a plain message where one is wanted.
 /// Source:  Maidenhead Locator System (field 10 x 20 degrees, square 1 x 2 degrees). The sub-square
 ///          letters A to X are spread over 0 to 59 minutes (factor 59/23), not over 2.5 minutes
-///          each, and the offset is counted from the south-west corner; kept so on purpose.
+///          each, and the offset is counted from the south-west corner: positions read from
+///          squares stay those that users' files already hold.
 /// Tests:   tests/geo/GridSquareLibTest.cpp
 #pragma once
 

@@ -5,7 +5,7 @@
 /// Units:   angles in decimal degrees, north and east positive; central angles in radians.
 /// Domain:  any finite value; ranges are not checked (70 minutes are accepted).
 /// Texts:   UTF-8; 38.5 is 38°30.00'N, -122.25 is 122°15.00'W. Minutes are rounded by their pattern
-///          only, so 38.99999 is 38°60.00'N, on purpose.
+///          only, so 38.99999 is 38°60.00'N, which its reader takes.
 /// Errors:  told with each procedure; a not-a-number argument gives a not-a-number result.
 /// Tests:   tests/geo/MathLibTest.cpp
 #pragma once

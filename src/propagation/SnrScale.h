@@ -50,7 +50,8 @@ struct SnrBand {
 [[nodiscard]] const SnrBand& SnrBandOfTable(float fSnr, float fPower,
                                             Palette ePalette = Palette::Standard);
 
-/// The standard colour of an SNR. The jump from purple (55 dB) to blue (50 dB) is intended.
+/// The standard colour of an SNR. The jump from purple (55 dB) to blue (50 dB)
+/// sets clear voice (55 dB) apart.
 [[nodiscard]] std::uint32_t SnrGetColor(float fSnr);
 
 /// "70+", "65" ... "40", "< 40": a step in the legend of a table.

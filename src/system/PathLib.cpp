@@ -91,7 +91,8 @@ std::string ProfileFileFor(const std::string& sProgramFile)
 {
     const fs::path pthProgram = PathFromText(sProgramFile);
     const fs::path pthBeside = pthProgram.parent_path() / PathFromText(ProfileNameOf(pthProgram));
-    if (!FolderIsSystems(pthProgram.parent_path()) && FolderIsWritable(pthProgram.parent_path()))
+    if (!FolderIsSystemOwned(pthProgram.parent_path())
+        && FolderIsWritable(pthProgram.parent_path()))
         return TextFromPath(pthBeside);
     const fs::path pthFolder = ProfileFolderGet();
     std::error_code ec;

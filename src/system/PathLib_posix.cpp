@@ -178,7 +178,7 @@ std::string ProgramSearch(std::string_view sName, std::string_view sSearchPath)
     return {};
 }
 
-bool FolderIsSystems(const fs::path& pthFolder)
+bool FolderIsSystemOwned(const fs::path& pthFolder)
 {
     std::string_view sRest;
     return PathStrip(pthFolder.native(), "/usr", sRest);

@@ -86,7 +86,7 @@ std::string ProgramFileGet()
     return Utf8FromWide(sPath);
 }
 
-bool FolderIsSystems(const fs::path& pthFolder)
+bool FolderIsSystemOwned(const fs::path& pthFolder)
 {
     const std::string sFolder = TextFromPath(pthFolder);
     for (const char* sVariable :

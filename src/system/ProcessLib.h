@@ -24,10 +24,10 @@
 /// True when a program file (host path) is one of Windows, so that its words name Windows paths.
 [[nodiscard]] bool ProgramIsWindows(const std::string& sProgram);
 
-/// What this machine lacks to run a program file (host path), in words for the user;
-/// empty when nothing is known to lack. Outside Windows that is Wine's 32-bit half: without it a
-/// 32-bit program ends at once, with exit code 0 and without a word.
-[[nodiscard]] std::string ProgramLackGet(const std::string& sProgram);
+/// What this machine is missing to run a program file (host path), in words for the user;
+/// empty when nothing is known to be missing. Outside Windows that is Wine's 32-bit half: without
+/// it a 32-bit program ends at once, with exit code 0 and without a word.
+[[nodiscard]] std::string ProgramMissingPartGet(const std::string& sProgram);
 
 /// The seam for tests: replaces ProcessStart's work; an empty function restores it.
 using ProcessStartFn = std::function<Result<int>(const ProcessCommand&)>;

@@ -119,7 +119,7 @@ Result<HostCommand> HostCommandMake(const ProcessCommand& command)
 
 bool ProgramIsWindows(const std::string& sProgram) { return IsWindowsProgram(sProgram); }
 
-std::string ProgramLackGet(const std::string& sProgram)
+std::string ProgramMissingPartGet(const std::string& sProgram)
 {
     if (!IsWindowsProgram32(ProgramFind(sProgram)) || !WineLacks32())
         return {};

@@ -2,4 +2,4 @@
 
 bool ProgramIsWindows(const std::string&) { return true; }
 
-std::string ProgramLackGet(const std::string&) { return {}; }
+std::string ProgramMissingPartGet(const std::string&) { return {}; }

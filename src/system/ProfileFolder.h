@@ -6,7 +6,7 @@
 #include <filesystem>
 
 /// True for folders that packages own (/usr; Program Files, Windows), whoever may write to them.
-[[nodiscard]] bool FolderIsSystems(const std::filesystem::path& pthFolder);
+[[nodiscard]] bool FolderIsSystemOwned(const std::filesystem::path& pthFolder);
 /// True when this user may make files there. A folder without any write permission is not writable,
 /// not even for the superuser, so that everybody meets the same rule.
 [[nodiscard]] bool FolderIsWritable(const std::filesystem::path& pthFolder);

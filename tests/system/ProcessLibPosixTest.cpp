@@ -164,7 +164,7 @@ TEST_F(ProcessLibPosix, A32BitProgramNeedsWines32BitHalf)
     constexpr std::string_view kAmd64("\x64\x86", 2);
     const EnvironmentSet prefix("WINEPREFIX", m_folder.Path() + "/wine");
     const auto LackOf = [&](const std::string& sBytes) {
-        return ProgramLackGet(m_folder.Write("bin_win/icepacw.exe", sBytes));
+        return ProgramMissingPartGet(m_folder.Write("bin_win/icepacw.exe", sBytes));
     };
     EXPECT_EQ(LackOf(HeaderMake(k386)), "") << "nothing is known of a prefix not made yet";
     fs::create_directories(m_folder.Path() + "/wine/drive_c/windows/syswow64");
@@ -184,7 +184,7 @@ TEST_F(ProcessLibPosix, A32BitProgramNeedsWines32BitHalf)
     std::string sFar = sHeader;
     sFar.replace(0x3C, 4, "\xFF\xFF\xFF\xFF");
     EXPECT_EQ(LackOf(sFar), "") << "a header beyond the file";
-    EXPECT_EQ(ProgramLackGet(m_folder.Path() + "/none.exe"), "");
+    EXPECT_EQ(ProgramMissingPartGet(m_folder.Path() + "/none.exe"), "");
     m_folder.Write("wine/drive_c/windows/syswow64/ntdll.dll", "MZ");
     EXPECT_EQ(LackOf(sHeader), "");
 }

@@ -114,9 +114,10 @@ EngineAttempt::EngineAttempt(EngineTask task, const EngineWay& way)
 
 std::string EngineAttempt::DetailGet(FailureKind eKind) const
 {
-    const std::string sLack = ProgramLackGet(m_pPlace->ProgramPath(m_task.pEngine->iModel));
-    if (!sLack.empty())
-        return std::string(m_task.pEngine->sProgram) + " is " + sLack;
+    const std::string sMissing =
+        ProgramMissingPartGet(m_pPlace->ProgramPath(m_task.pEngine->iModel));
+    if (!sMissing.empty())
+        return std::string(m_task.pEngine->sProgram) + " is " + sMissing;
     if (eKind == FailureKind::Busy)
         return "another Hopcast is using the engine folder";
     if (eKind == FailureKind::Timeout)

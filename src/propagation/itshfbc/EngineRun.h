@@ -24,7 +24,7 @@
 #include "system/LockLib.h"
 #include "system/Result.h"
 
-/// Beginnings of a procedure's messages, by stage.
+/// How a procedure's messages begin, by the stage at which a run failed.
 struct EngineTexts {
     std::string_view sOpen;
     std::string_view sOutput;

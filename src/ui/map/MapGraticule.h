@@ -21,7 +21,8 @@ struct GraticuleLine {
     QString sLabel;    ///< "45N", "0S", "90E", "90W"; of a line between two degrees "38°30'N"
 };
 
-/// Step in degrees for a view whose larger span is dSpan. The jump from 10 to 45 is intended.
+/// Step in degrees for a view whose larger span is dSpan. The jump from 10 to 45 keeps the
+/// world's picture clear of lines.
 [[nodiscard]] int GraticuleGetStep(double dSpan);
 /// Step of this view.
 [[nodiscard]] int GraticuleGetStep(const MapBox& box);

@@ -68,8 +68,8 @@ MapOverlayControl::MapOverlayControl(MapForm& form, MainWindowHost& host, MapOve
         m_form.mnuOverlayDraw->setChecked(!bNow);  // as it was when the user chose it
         mnuOverlayDrawClick();
     });
-    // A choice made while the overlay is shown runs the draw item, which then hides it; this is
-    // intended.
+    // A choice made while the overlay is shown runs the draw item, which then hides it: cells of
+    // the old choice never stand under the new one.
     connect(&menu, &MapOverlayMenu::Chosen, this, [this] {
         if (IsShown())
             mnuOverlayDrawClick();

@@ -66,7 +66,7 @@ public:
     /// The box of the whole image.
     [[nodiscard]] MapBox BoxGetWhole() const { return {90, m_dEdge, -90, m_dEdge + 360}; }
     /// The zoom at which the whole box fits. The centre's latitude is the plain mean of the two
-    /// latitudes, unlike CenterGet's; this is intended.
+    /// latitudes, unlike CenterGet's: the box's edges are what a user drew.
     [[nodiscard]] MapZoom BoxGetZoom(const MapBox& box) const;
     /// The zoom, its centre moved onto the image where nothing of that would be seen: latitudes
     /// beyond the image's edge and below 90 have their ordinates far away from it.
