@@ -160,7 +160,7 @@ Table PointTable()
                 {2, "receiver's longitude"},
                 {1, "0: the short path"}});
     table.Card("SYSTEM", system_row::kAll,
-               {{1, "1.0; the power in force stands on the antenna card"},
+               {{1, "1.0; the power in force is that of the antenna card"},
                 {1, "noise in 1 Hz at 3 MHz, -dBW: 145 for -145 dBW"},
                 {1, "least takeoff angle, degrees"},
                 {1, "required reliability, %"},
@@ -218,7 +218,7 @@ Table PointRec533Table()
     table.Row(
         {"RECVR", "", "", "as TRANS, with the name `Receieve` (so spelled; engines print it)"});
     table.Card("SYST", syst_row::kAll,
-               {{1, "fixed: `     1.0000`; the power in force stands on the antenna card"},
+               {{1, "fixed: `     1.0000`; the power in force is that of the antenna card"},
                 {1, "least takeoff angle, degrees"},
                 {1, "fixed: `    0  0.0`"}});
     table.Row({"ANTENNA", "1-78", "text", "transmitter, then receiver; may be absent"});
