@@ -149,6 +149,39 @@ TEST(Architecture, EveryRowOfWhereDoIChangeNamesAPlace)
     }
 }
 
+TEST(Architecture, EveryHeaderOfThePlatformIsNamed)
+{
+    const std::string sDocument = DocumentGet();
+    int nHeaders = 0;
+    for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_FOLDER) / "system")) {
+        if (entry.path().extension() != ".h")
+            continue;
+        const std::string sName = entry.path().filename().string();
+        EXPECT_NE(sDocument.find("`" + sName + "`"), std::string::npos) << sName;
+        ++nHeaders;
+    }
+    EXPECT_GT(nHeaders, 20);
+}
+
+/// The rows are the kinds of the enumeration, each with a comment behind it.
+TEST(Architecture, TheKindsOfFailuresAreThoseOfTheSource)
+{
+    static const std::regex kKind(R"(\n    (\w+), +///<)");
+    static const std::regex kRow(R"(\n\| `(\w+)` \|)");
+    const std::string sHeader = BytesRead(SOURCE_FOLDER "/propagation/Prediction.h");
+    const std::size_t nEnum = sHeader.find("enum class FailureKind");
+    ASSERT_NE(nEnum, std::string::npos);
+    const std::vector<std::string> asKind =
+        WordsGet(sHeader.substr(nEnum, sHeader.find("};", nEnum) - nEnum), kKind);
+    EXPECT_GT(asKind.size(), 5U);
+    const std::string sDocument = DocumentGet();
+    const std::size_t nTable = sDocument.find("| `FailureKind` | when |");
+    ASSERT_NE(nTable, std::string::npos);
+    // The head of the table begins where the search does, so that it is no row.
+    const std::string sTable = sDocument.substr(nTable, sDocument.find("\n\n", nTable) - nTable);
+    EXPECT_EQ(WordsGet(sTable, kRow), asKind);
+}
+
 TEST(Architecture, EveryPartOfTheWindowsIsNamed)
 {
     const std::string sDocument = DocumentGet();

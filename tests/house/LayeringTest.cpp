@@ -6,11 +6,13 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "house/HouseFiles.h"
+#include "support/TempFolder.h"
 
 namespace fs = std::filesystem;
 
@@ -72,6 +74,26 @@ TEST(Floors, EveryFolderIsKnown)
     EXPECT_GT(SourcesGet().size(), 50u);
     for (const fs::path& pthFile : SourcesGet())
         EXPECT_TRUE(FloorsGet().contains(FolderGet(pthFile))) << pthFile;
+}
+
+/// Of the two that the document tells otherwise, "engine" has two rows and "app" is "everything".
+TEST(Floors, OfTheDocumentAreThese)
+{
+    const std::string sDocument = BytesRead(DOCS_FOLDER "/architecture.md");
+    static const std::regex kQuoted("`([a-z]+)`");
+    for (const auto& [sFolder, aAllowed] : FloorsGet()) {
+        if (sFolder == "engine" || sFolder == "app")
+            continue;
+        const std::string sRow = "\n| `" + sFolder + "` | ";
+        std::size_t nRow = sDocument.find("\n| folder | may include, besides itself |");
+        ASSERT_NE(nRow, std::string::npos);
+        nRow = sDocument.find(sRow, nRow);
+        ASSERT_NE(nRow, std::string::npos) << sFolder;
+        const std::size_t nFrom = nRow + sRow.size();
+        const std::vector<std::string> asTold =
+            MatchesGet(sDocument.substr(nFrom, sDocument.find('\n', nFrom) - nFrom), kQuoted);
+        EXPECT_EQ(Names(asTold.begin(), asTold.end()), aAllowed) << sFolder;
+    }
 }
 
 TEST(Floors, NoLowerFloorIncludesAnUpperOne)
