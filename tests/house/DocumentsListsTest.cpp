@@ -1,0 +1,138 @@
+/// Lists of the documents are whole: the labels of the tests, the fuzz programs, the benchmarks,
+/// the files of the built-in method, the columns of its tables.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "house/HouseFiles.h"
+#include "support/TempFolder.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Names = std::set<std::string>;
+
+const fs::path kRoot = PROJECT_FOLDER;
+const std::regex kQuoted("`([^`\n]+)`");
+
+Names NamesIn(const std::string& sText, const std::regex& rgx)
+{
+    const std::vector<std::string> asFound = MatchesGet(sText, rgx);
+    return {asFound.begin(), asFound.end()};
+}
+
+/// The rows below the head of a document's table.
+std::vector<std::string> RowsGet(const char* sDocument, const std::string& sHead)
+{
+    const std::string sText = BytesRead((kRoot / "docs" / sDocument).string());
+    const std::size_t nHead = sText.find("\n" + sHead + "\n");
+    EXPECT_NE(nHead, std::string::npos) << sHead;
+    std::vector<std::string> asRow;
+    if (nHead == std::string::npos)
+        return asRow;
+    std::istringstream stm(sText.substr(nHead + sHead.size() + 2));
+    std::string sLine;
+    std::getline(stm, sLine);  // the line of hyphens
+    while (std::getline(stm, sLine) && sLine.starts_with("| ")) asRow.push_back(sLine);
+    return asRow;
+}
+
+std::string FirstColumnGet(const char* sDocument, const std::string& sHead)
+{
+    std::string sColumn;
+    for (const std::string& sRow : RowsGet(sDocument, sHead))
+        sColumn += sRow.substr(2, sRow.find(" | ") - 2) + "\n";
+    return sColumn;
+}
+
+/// The files of a folder and of those below it with this end of their names.
+std::vector<fs::path> FilesBelow(const char* sFolder, const std::string& sEnd)
+{
+    std::vector<fs::path> aFile;
+    for (const auto& entry : fs::recursive_directory_iterator(kRoot / sFolder))
+        if (entry.path().filename().string().ends_with(sEnd))
+            aFile.push_back(entry.path());
+    return aFile;
+}
+
+TEST(DocumentsLists, LabelsAreThoseOfTheTests)
+{
+    static const std::regex kLabel("LABELS? ([a-z0-9]+)");
+    Names asLabel;
+    for (const fs::path& pthFile : FilesBelow("tests", "CMakeLists.txt"))
+        asLabel.merge(NamesIn(BytesRead(pthFile.string()), kLabel));
+    EXPECT_GT(asLabel.size(), 5U);
+    EXPECT_EQ(NamesIn(FirstColumnGet("testing.md", "| label | what it is | needs |"), kQuoted),
+              asLabel);
+}
+
+TEST(DocumentsLists, FuzzProgramsAreThoseOfTheFolder)
+{
+    Names asProgram;
+    for (const fs::path& pthFile : FilesBelow("tests/fuzz", ".cpp"))
+        asProgram.insert(pthFile.stem().string());
+    EXPECT_GT(asProgram.size(), 10U);
+    EXPECT_EQ(
+        NamesIn(FirstColumnGet("testing.md", "| program | the input is | promises |"), kQuoted),
+        asProgram);
+}
+
+TEST(DocumentsLists, BenchmarksAreThoseOfThePrograms)
+{
+    static const std::regex kBenchmark("\nBENCHMARK(?:_CAPTURE)?\\((\\w+?)(?:Bench)?[,)]");
+    Names asBenchmark;
+    for (const fs::path& pthFile : FilesBelow("bench", ".cpp"))
+        asBenchmark.merge(NamesIn(BytesRead(pthFile.string()), kBenchmark));
+    EXPECT_GT(asBenchmark.size(), 15U);
+    EXPECT_EQ(NamesIn(FirstColumnGet("performance.md", "| benchmark | what is timed |"), kQuoted),
+              asBenchmark);
+}
+
+TEST(DocumentsLists, StepsOfTheMethodNameFilesThatAreThere)
+{
+    int nFiles = 0;
+    for (const std::string& sRow : RowsGet("model.md", "| step | source | file |")) {
+        for (const std::string& sFile : MatchesGet(sRow.substr(sRow.rfind(" | ")), kQuoted)) {
+            EXPECT_TRUE(fs::exists(kRoot / "src/engine/rec533" / (sFile + ".cpp"))) << sFile;
+            ++nFiles;
+        }
+    }
+    EXPECT_GT(nFiles, 15);
+}
+
+/// Both tables of columns of hopcast-p533, what it reads and what it adds.
+TEST(DocumentsLists, ColumnsOfTheTableOfCircuitsAreThoseOfTheSource)
+{
+    static const std::regex kColumn("([a-z0-9_]+)");
+    static const std::regex kText("\"([a-z0-9_,]+)\"");
+    const std::string sSource = BytesRead(SOURCE_FOLDER "/engine/run533/CircuitTable.cpp");
+    const std::size_t nFrom = sSource.find("kInputNames{");
+    const std::size_t nTo = sSource.find(";", sSource.find("kOutputNames ="));
+    ASSERT_NE(nFrom, std::string::npos);
+    ASSERT_NE(nTo, std::string::npos);
+    Names asColumn;
+    for (const std::string& sText : MatchesGet(sSource.substr(nFrom, nTo - nFrom), kText))
+        asColumn.merge(NamesIn(sText, kColumn));
+    EXPECT_GT(asColumn.size(), 50U);
+
+    const std::string sDocument = BytesRead(DOCS_FOLDER "/model.md");
+    Names asTold;
+    for (std::size_t nHead = sDocument.find("\n| column | meaning |\n"); nHead != std::string::npos;
+         nHead = sDocument.find("\n| column | meaning |\n", nHead + 1)) {
+        std::istringstream stm(sDocument.substr(nHead + 1));
+        std::string sLine;
+        std::getline(stm, sLine);
+        std::getline(stm, sLine);
+        while (std::getline(stm, sLine) && sLine.starts_with("| "))
+            asTold.merge(NamesIn(sLine.substr(2, sLine.find(" | ") - 2), kColumn));
+    }
+    EXPECT_EQ(asTold, asColumn);
+}
+
+}  // namespace
