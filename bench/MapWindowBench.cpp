@@ -16,6 +16,7 @@
 #include "system/NumberLib.h"
 #include "ui/map/MapOverlay.h"
 #include "ui/map/MapPaint.h"
+#include "ui/map/MapSmooth.h"
 #include "ui/map/frmMap.h"
 
 namespace {
@@ -23,6 +24,7 @@ namespace {
 constexpr double kRepaintLimit = 25'000.0;  // microseconds
 constexpr double kOutlineLimit = 20'000.0;
 constexpr double kCellsLimit = 10'000.0;
+constexpr double kSmoothLimit = 20'000.0;
 constexpr double kOverlayLimit = 250'000.0;
 constexpr double kTipLimit = 200.0;
 constexpr int kMapWidth = 1200;
@@ -107,7 +109,9 @@ void OutlineBench(benchmark::State& state)
     state.counters["limit_us"] = kOutlineLimit;
 }
 
-void CellsBench(benchmark::State& state)
+using CellsFn = void (*)(QImage&, const MapView&, const CellPaint&, std::span<const AreaPoint>);
+
+void CellsTime(benchmark::State& state, CellsFn fnPaint, double dLimit)
 {
     constexpr int kSide = 40;
     frmMap& frm = MapGet();
@@ -120,10 +124,13 @@ void CellsBench(benchmark::State& state)
                                box.dLeft + (box.dRight - box.dLeft) * iLon / (kSide - 1),
                                static_cast<float>(20 + (iLat + iLon) % 60)});
     QImage img = frm.pctMap->m_img.copy();
-    for (auto _ : state)
-        CellsPaint(img, frm.m_view, {box, box, kSide, 20.0F, SnrGetColor}, aPoints);
-    state.counters["limit_us"] = kCellsLimit;
+    for (auto _ : state) fnPaint(img, frm.m_view, {box, box, kSide, 20.0F, SnrGetColor}, aPoints);
+    state.counters["limit_us"] = dLimit;
 }
+
+void CellsBench(benchmark::State& state) { CellsTime(state, CellsPaint, kCellsLimit); }
+
+void SmoothBench(benchmark::State& state) { CellsTime(state, SmoothPaint, kSmoothLimit); }
 
 void OverlayBench(benchmark::State& state)
 {
@@ -165,6 +172,7 @@ BENCHMARK_CAPTURE(RepaintBench, canada, LatLon{68, 270}, 60.0)->Unit(benchmark::
 BENCHMARK_CAPTURE(RepaintBench, norway, LatLon{62, 7}, 5.0)->Unit(benchmark::kMicrosecond);
 BENCHMARK(OutlineBench)->Unit(benchmark::kMicrosecond);
 BENCHMARK(CellsBench)->Unit(benchmark::kMicrosecond);
+BENCHMARK(SmoothBench)->Unit(benchmark::kMicrosecond);
 BENCHMARK(OverlayBench)->Unit(benchmark::kMicrosecond)->UseManualTime();
 BENCHMARK(TipBench)->Unit(benchmark::kMicrosecond);
 

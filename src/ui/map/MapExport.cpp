@@ -60,8 +60,10 @@ QString MapExport::CaptionGet() const
     const Request table = m_host.TableInputGet();
     if (table.fSunSpotNumber == request.fSunSpotNumber)
         request.eSunSpotSource = table.eSunSpotSource;
-    return sPlaces + QString::fromUtf8(kTextBetween)
-           + QString::fromStdString(AreaFootText(request, UtcNow().nYear));
+    const QString sBetween = QString::fromUtf8(kTextBetween);
+    return sPlaces + sBetween + QString::fromStdString(AreaFootText(request, UtcNow().nYear))
+           + (m_overlay.IsSmooth() ? sBetween + QStringLiteral("smooth between grid points")
+                                   : QString());
 }
 
 QImage MapExport::PictureGet() const

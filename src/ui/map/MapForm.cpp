@@ -140,6 +140,10 @@ void MapForm::MenusMake(QWidget* pWindow)
     mnuOverlayDraw = ItemMake(mnuOverlay, QStringLiteral("mnuOverlayDraw"),
                               QStringLiteral("Display 1000.0 Khz @ 10:00"));
     mnuOverlayDraw->setCheckable(true);
+    mnuOverlay->addSeparator();
+    mnuOverlaySmooth =
+        ItemMake(mnuOverlay, QStringLiteral("mnuOverlaySmooth"), QStringLiteral("Smooth"));
+    mnuOverlaySmooth->setCheckable(true);
     mnuStations = MenuMake(pWindow, QStringLiteral("mnuStations"));
     mnuStation = MenuMake(pWindow, QStringLiteral("mnuStation"));
     mnuStationSetRc =

@@ -64,6 +64,7 @@ public:
     QMenu* mnuOverlayTime = nullptr;
     QAction* mnuOverlaySeparator = nullptr;
     QAction* mnuOverlayDraw = nullptr;  ///< checked: the overlay is shown
+    QAction* mnuOverlaySmooth = nullptr;
     QMenu* mnuStations = nullptr;
     QMenu* mnuStation = nullptr;
     QAction* mnuStationSetRc = nullptr;

@@ -35,6 +35,12 @@ std::vector<AreaBox> OverlayGetBoxes(const MapBox& boxView, double dEdge)
                          std::min(boxView.dRight, dEdge + kFullCircle)});
 }
 
+double BoxGetShift(const MapView& view, const CellPaint& cell)
+{
+    // The box lies on the view's scale, or a turn west of it.
+    return cell.m_boxWanted.dRight <= view.m_dEdge ? kFullCircle : 0.0;
+}
+
 QRect CellGetRect(const MapView& view, const CellPaint& cell, const AreaPoint& pnt)
 {
     const AreaBox& box = cell.m_box;
@@ -53,8 +59,7 @@ QRect CellGetRect(const MapView& view, const CellPaint& cell, const AreaPoint& p
         dNorth = std::max(dNorth, cell.m_boxWanted.dTop);
     const double dWest = dLon - dLonHalf > box.dLeft ? dLon - dLonHalf : cell.m_boxWanted.dLeft;
     const double dEast = dLon + dLonHalf < box.dRight ? dLon + dLonHalf : cell.m_boxWanted.dRight;
-    // The box lies on the view's scale, or a turn west of it.
-    const double dShift = cell.m_boxWanted.dRight <= view.m_dEdge ? kFullCircle : 0.0;
+    const double dShift = BoxGetShift(view, cell);
     const auto RowGet = [&view](double dPlace) { return RoundHalfEven(view.LatGetY(dPlace)); };
     const int nTop = std::min(RowGet(dNorth), RowGet(dSouth));
     const int nBottom = std::max(RowGet(dNorth), RowGet(dSouth));

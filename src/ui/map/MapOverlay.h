@@ -32,6 +32,15 @@ struct CellPaint {
     std::function<std::uint32_t(float fSnr)> fnColor;
 };
 
+/// A box of the overlay that a picture shows.
+struct OverlayShown {
+    CellPaint cell;
+    std::vector<AreaPoint> aPoints;
+};
+
+/// What takes the longitudes of a box to the view's scale: 0, or a full turn.
+[[nodiscard]] double BoxGetShift(const MapView& view, const CellPaint& cell);
+
 /// The picture's rectangle of a point's cell, cut to its box and to the image. Cells are centred on
 /// their points and meet without gap or overlap.
 [[nodiscard]] QRect CellGetRect(const MapView& view, const CellPaint& cell, const AreaPoint& pnt);

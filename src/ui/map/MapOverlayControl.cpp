@@ -11,6 +11,7 @@
 #include "ui/map/MapOverlay.h"
 #include "ui/map/MapOverlayMenu.h"
 #include "ui/map/MapPaint.h"
+#include "ui/map/MapSmooth.h"
 
 namespace {
 
@@ -68,6 +69,7 @@ MapOverlayControl::MapOverlayControl(MapForm& form, MainWindowHost& host, MapOve
         m_form.mnuOverlayDraw->setChecked(!bNow);  // as it was when the user chose it
         mnuOverlayDrawClick();
     });
+    connect(form.mnuOverlaySmooth, &QAction::triggered, this, &MapOverlayControl::SmoothClick);
     // A choice made while the overlay is shown runs the draw item, which then hides it: cells of
     // the old choice never stand under the new one.
     connect(&menu, &MapOverlayMenu::Chosen, this, [this] {
@@ -103,7 +105,21 @@ void MapOverlayControl::Later()
 void MapOverlayControl::PictureForget()
 {
     m_grid.Clear();
+    m_aShown.clear();
     FailureForget();
+}
+
+/// The same values look otherwise; the engine is not asked again.
+void MapOverlayControl::SmoothClick()
+{
+    if (m_bBusy || !HasCells())
+        return;
+    const std::vector<OverlayShown> aShown = std::exchange(m_aShown, {});
+    const std::optional<Failure> failure = m_failure;
+    Q_EMIT PictureWanted();
+    for (const OverlayShown& shown : aShown) BoxPaint(shown);
+    FailureSet(failure);
+    m_form.pctMap->update();
 }
 
 /// Tells in the status line and on the map why there is no overlay; nothing takes it back.
@@ -151,23 +167,38 @@ std::optional<Failure> MapOverlayControl::OverlayDrawBox(const AreaBox& box)
     std::vector<AreaPoint> aPoints;  // whole before anything is painted
     if (std::vector<Failure> aFailures = AreaPointsRead(input, aPoints); !aFailures.empty())
         return std::move(aFailures.front());
+    BoxPaint({{AreaBoxPrinted(box), box, input.nGridSize, settings.m_fMapOverlayMinSnr,
+               [this](float fSnr) { return m_host.SnrGetColor(fSnr); }},
+              std::move(aPoints)});
+    m_request = input;
+    return {};
+}
+
+/// Paints a box into the picture and keeps it.
+void MapOverlayControl::BoxPaint(const OverlayShown& shown)
+{
+    const OverlayChoice& choice = m_menu.ChoiceGet();
     QWidget* pWindow = m_form.pctMap->window();
     pWindow->setWindowTitle(QStringLiteral("Snr Overlay, %1KHz @ %2")
                                 .arg(QString::fromStdString(NumberFormat(choice.fKhz, "0.0")),
                                      OverlayHourText(choice.iHour)));
-    const CellPaint cell{AreaBoxPrinted(box), box, input.nGridSize, settings.m_fMapOverlayMinSnr,
-                         [this](float fSnr) { return m_host.SnrGetColor(fSnr); }};
-    CellsPaint(m_form.pctMap->m_img, m_form.m_view, cell, aPoints);
+    const std::vector<AreaPoint>& aPoints = shown.aPoints;
+    (IsSmooth() ? SmoothPaint : CellsPaint)(m_form.pctMap->m_img, m_form.m_view, shown.cell,
+                                            aPoints);
     // Readable above dark cells.
     GraticuleLabelsPaint(m_form.pctMap->m_img, m_form.m_view, pWindow->font());
     m_grid.Add(aPoints);
-    m_request = input;
-    return {};
+    m_aShown.push_back(shown);
 }
 
 std::optional<float> MapOverlayControl::OverlayGetSnr(double dLat, double dLon) const
 {
     if (m_bBusy || !IsShown())
         return {};
+    if (IsSmooth())
+        for (const OverlayShown& shown : m_aShown)
+            if (const auto fSnr = SmoothGrid(shown.cell.m_box, shown.cell.nGridSize, shown.aPoints)
+                                      .SnrGet(dLat, dLon))
+                return fSnr;
     return m_grid.SnrGet(dLat, dLon);
 }

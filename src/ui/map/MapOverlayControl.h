@@ -13,6 +13,7 @@
 #include "propagation/AreaBoxes.h"
 #include "propagation/Prediction.h"
 #include "ui/map/MapForm.h"
+#include "ui/map/MapOverlay.h"
 #include "ui/map/MapOverlayGrid.h"
 
 class MainWindowHost;
@@ -29,6 +30,7 @@ public:
     /// What the cells that are shown were predicted for; REQUIRES: HasCells.
     [[nodiscard]] const AreaRequest& RequestGet() const { return m_request; }
     /// SNR of the grid point nearest to a position; none while the overlay is hidden or computed.
+    /// With Smooth the value between the points, wherever there is one.
     [[nodiscard]] std::optional<float> OverlayGetSnr(double dLat, double dLon) const;
 
     /// Draws the overlay into the picture.
@@ -39,6 +41,8 @@ public:
     void PictureForget();
     /// Nothing has failed any more.
     void FailureForget() { FailureSet({}); }
+    /// What is shown is painted evenly between the grid points.
+    [[nodiscard]] bool IsSmooth() const { return m_form.mnuOverlaySmooth->isChecked(); }
     /// Turns the picture into an outline map.
     void MapOutline();
 
@@ -54,6 +58,8 @@ private:
     void mnuOverlayDrawClick();
     std::optional<Failure> OverlayDraw();
     std::optional<Failure> OverlayDrawBox(const AreaBox& box);
+    void BoxPaint(const OverlayShown& shown);
+    void SmoothClick();
     void FailureSet(const std::optional<Failure>& failure);
 
     MapForm& m_form;
@@ -61,7 +67,8 @@ private:
     MapOverlayMenu& m_menu;
     bool m_bBusy = false;
     QTimer m_tmrLater;
-    OverlayGrid m_grid;                // of the picture that is shown
-    AreaRequest m_request;             // of its last box
-    std::optional<Failure> m_failure;  // why the last run failed
+    OverlayGrid m_grid;                  // of the picture that is shown
+    std::vector<OverlayShown> m_aShown;  // its boxes, for another look of the same values
+    AreaRequest m_request;               // of its last box
+    std::optional<Failure> m_failure;    // why the last run failed
 };

@@ -73,6 +73,18 @@ void BoxMaskPen(QImage& img, const QRect& rct, QRgb nColor)
     }
 }
 
+void RowMaskPen(QImage& img, int nLeft, int nRow, std::span<const QRgb> anColor)
+{
+    const QRect rctInside =
+        QRect(nLeft, nRow, static_cast<int>(anColor.size()), anColor.empty() ? 0 : 1) & img.rect();
+    if (!IsPainted(img) || rctInside.isEmpty())
+        return;
+    QRgb* pRow = RowGet(img, nRow);
+    for (int nColumn = rctInside.left(); nColumn <= rctInside.right(); ++nColumn)
+        pRow[nColumn] =
+            (pRow[nColumn] & anColor[static_cast<std::size_t>(nColumn - nLeft)]) | kAlpha;
+}
+
 void RectInvert(QImage& img, const QRect& rct)
 {
     if (!IsPainted(img) || rct.isEmpty())

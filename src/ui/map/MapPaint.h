@@ -10,6 +10,7 @@
 
 #include <QImage>
 #include <QRect>
+#include <span>
 
 /// Turns a picture into its outlines: colour borders become black lines, all else becomes white.
 /// The first column and the first row have no neighbour to differ from and stay without lines.
@@ -25,6 +26,8 @@ void ImageBleach(QImage& img);
 /// Mask pen: combines a filled box with what is there by bitwise AND, so that black lines stay
 /// black and white takes the colour.
 void BoxMaskPen(QImage& img, const QRect& rct, QRgb nColor);
+/// The same for a piece of a row, a colour for each pixel from nLeft on.
+void RowMaskPen(QImage& img, int nLeft, int nRow, std::span<const QRgb> anColor);
 
 /// Inverts the one pixel wide outline of a rectangle; a second call restores the picture.
 void RectInvert(QImage& img, const QRect& rct);
