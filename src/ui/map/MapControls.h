@@ -100,5 +100,6 @@ private:
     QColor m_clr;
 };
 
-/// Pictures of the buttons: "Overlay", "Stations", "Path", "Night"; another key gives none.
+/// Pictures of the buttons: "Overlay", "Stations", "Path", "Night", "Twilight"; another key gives
+/// none.
 [[nodiscard]] QIcon MapPictureGet(const QString& sKey);

@@ -112,6 +112,11 @@ void MapForm::ButtonsMake(QWidget* pWindow)
     chkNight = ToggleMake(pWindow, QStringLiteral("chkNight"), QStringLiteral("Night"));
     ButtonSetTip(chkNight, QStringLiteral("Day/night line at the overlay's hour and month"),
                  nHeight);
+    chkTwilight = ToggleMake(pWindow, QStringLiteral("chkTwilight"), QStringLiteral("Twilight"));
+    ButtonSetTip(chkTwilight,
+                 QStringLiteral("Night shaded, darker where the sun is 6, 12 and 18° below the "
+                                "horizon"),
+                 nHeight);
     cmdOk = TextMake(QStringLiteral("cmdOk"), QStringLiteral("OK"));
     cmdCancel = TextMake(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
     cmdApply = TextMake(QStringLiteral("cmdApply"), QStringLiteral("Apply"));
@@ -161,8 +166,8 @@ QAction* MapForm::ItemMake(QMenu* pMenu, const QString& sName, const QString& sT
 
 std::vector<QAbstractButton*> MapForm::RowGet() const
 {
-    return {cmdZoomIn, cmdZoomOut, cmdZoomOff, cmdZoomTxRc, cmdOverlay, cmdStations,
-            chkPath,   chkNight,   cmdOk,      cmdCancel,   cmdApply};
+    return {cmdZoomIn, cmdZoomOut, cmdZoomOff,  cmdZoomTxRc, cmdOverlay, cmdStations,
+            chkPath,   chkNight,   chkTwilight, cmdOk,       cmdCancel,  cmdApply};
 }
 
 LatLon MapForm::PointGetLatLon(const QWidget* pControl, double dX, double dY) const

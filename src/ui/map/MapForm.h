@@ -50,6 +50,7 @@ public:
     QPushButton* cmdStations = nullptr;
     QToolButton* chkPath = nullptr;   ///< great-circle path
     QToolButton* chkNight = nullptr;  ///< day/night line
+    QToolButton* chkTwilight = nullptr;
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdCancel = nullptr;
     QPushButton* cmdApply = nullptr;

@@ -71,6 +71,21 @@ void NightPaint(QPainter& painter)
     painter.drawEllipse(rct);
 }
 
+void TwilightPaint(QPainter& painter)
+{
+    constexpr QRgb kColors[] = {0xFFFFD95A, 0xFFB9AA77, 0xFF7E7C86, 0xFF515A7C, 0xFF2A355C};
+    const QRectF rct(2, 2, 16, 16);
+    QPainterPath pth;
+    pth.addEllipse(rct);
+    painter.setClipPath(pth);
+    constexpr double kStripe = 16.0 / 5;
+    for (int i = 0; i < 5; ++i)
+        painter.fillRect(QRectF(2 + i * kStripe, 2, kStripe + 0.2, 16), QColor(kColors[i]));
+    painter.setClipping(false);
+    painter.setPen(QPen(Qt::black, 1));
+    painter.drawEllipse(rct);
+}
+
 using PaintFn = void (*)(QPainter&);
 
 QPixmap PicturePaint(PaintFn fnPaint)
@@ -108,5 +123,7 @@ QIcon MapPictureGet(const QString& sKey)
         return PictureKept(sKey, PathPaint);
     if (sKey == QStringLiteral("Night"))
         return PictureKept(sKey, NightPaint);
+    if (sKey == QStringLiteral("Twilight"))
+        return PictureKept(sKey, TwilightPaint);
     return {};
 }

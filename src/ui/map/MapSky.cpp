@@ -1,5 +1,6 @@
 #include "ui/map/MapSky.h"
 
+#include <array>
 #include <cmath>
 
 namespace {
@@ -39,6 +40,45 @@ std::vector<LatLon> NightGetStrokes(const LatLon& sun)
                                          -std::sin(kStrokeLong * kRadiansPerDegree))));
     }
     return aPoints;
+}
+
+int DarknessGet(double dSine)
+{
+    // Of 0, -6, -12 and -18 degrees.
+    constexpr std::array kEnds{0.0, -0.104528463267653, -0.207911690817759, -0.309016994374947};
+    int nDarkness = 0;
+    for (const double dEnd : kEnds) nDarkness += dSine < dEnd ? 1 : 0;
+    return nDarkness;
+}
+
+QImage NightGetShade(const MapView& view, const LatLon& sun)
+{
+    // Soft, so that coasts, labels and the overlay's colours read below the darkest.
+    constexpr std::array<int, 5> kAlpha{0, 32, 56, 80, 104};
+    std::array<QRgb, 5> anShade{};
+    for (std::size_t i = 0; i < anShade.size(); ++i)
+        anShade[i] = qPremultiply(qRgba(0x08, 0x10, 0x30, kAlpha[i]));
+    QImage img(view.m_nMapWidth, view.m_nMapHeight, QImage::Format_ARGB32_Premultiplied);
+    img.fill(Qt::transparent);
+    const QRect rct = view.ImageGetRect();
+    // The sine of the altitude, of the angle at the sun's place.
+    const double dSunSine = std::sin(sun.dLat * kRadiansPerDegree);
+    const double dSunCosine = std::cos(sun.dLat * kRadiansPerDegree);
+    std::vector<double> adWest;  // cosine of the way west of the sun, of each column
+    for (int nX = rct.left(); nX <= rct.right(); ++nX) {
+        const double dLon = view.PointGetLatLon(MapControl::Map, nX + 0.5, 0).dLon;
+        adWest.push_back(dSunCosine * std::cos((sun.dLon - dLon) * kRadiansPerDegree));
+    }
+    for (int nY = rct.top(); nY <= rct.bottom(); ++nY) {
+        const double dLat =
+            view.PointGetLatLon(MapControl::Map, 0, nY + 0.5).dLat * kRadiansPerDegree;
+        const double dSine = std::sin(dLat) * dSunSine;
+        const double dCosine = std::cos(dLat);
+        auto* const pRow = reinterpret_cast<QRgb*>(img.scanLine(nY)) + rct.left();
+        for (std::size_t i = 0; i < adWest.size(); ++i)
+            pRow[i] = anShade[static_cast<std::size_t>(DarknessGet(dSine + dCosine * adWest[i]))];
+    }
+    return img;
 }
 
 std::vector<QPolygonF> LinesGetPixels(const MapView& view, const std::vector<LatLon>& aPoints)

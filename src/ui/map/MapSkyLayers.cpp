@@ -30,6 +30,25 @@ void LinesPaint(QPainter& painter, const std::vector<QPolygonF>& aLines, const Q
 
 }  // namespace
 
+void TwilightLayer::Paint(QPainter& painter)
+{
+    if (!m_form.chkTwilight->isChecked())
+        return;
+    const MapView& view = m_form.m_view;
+    const LatLon sun =
+        SunGetPosition(m_host.SettingsGet().m_iPropagationMonth, m_menu.ChoiceGet().iHour);
+    const QSize size = m_form.pctMap->m_img.size();
+    if (m_img.size() != size || m_rctSource != view.m_rctSource || m_dEdge != view.m_dEdge
+        || m_sun.dLat != sun.dLat || m_sun.dLon != sun.dLon) {
+        m_img = NightGetShade(view.SizedGet(size.width(), size.height()), sun);
+        m_img.setDevicePixelRatio(m_form.pctMap->m_img.devicePixelRatio());
+        m_rctSource = view.m_rctSource;
+        m_dEdge = view.m_dEdge;
+        m_sun = sun;
+    }
+    painter.drawImage(0, 0, m_img);
+}
+
 void NightLayer::Paint(QPainter& painter)
 {
     if (!m_form.chkNight->isChecked())

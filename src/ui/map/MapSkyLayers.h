@@ -1,6 +1,6 @@
 /// @file MapSkyLayers.h
-/// The lines that can be switched on above the map: day and night at the overlay's hour, and the
-/// great-circle path between the two places.
+/// What can be switched on above the map: the line of day and night at the overlay's hour, the
+/// night as a shade, and the great-circle path between the two places.
 ///
 /// Tests:   tests/ui/map/MapMarkersTest.cpp
 #pragma once
@@ -23,6 +23,26 @@ private:
     const MapForm& m_form;
     MainWindowHost& m_host;
     const MapOverlayMenu& m_menu;
+};
+
+class TwilightLayer final : public MapLayer {
+public:
+    TwilightLayer(const MapForm& form, MainWindowHost& host, const MapOverlayMenu& menu)
+        : m_form(form), m_host(host), m_menu(menu)
+    {
+    }
+    void Paint(QPainter& painter) override;
+
+private:
+    const MapForm& m_form;
+    MainWindowHost& m_host;
+    const MapOverlayMenu& m_menu;
+
+    // The last shade, and what it was painted for: the pointer's moves repaint the layers.
+    QImage m_img;
+    QRect m_rctSource;
+    double m_dEdge = 0.0;
+    LatLon m_sun;
 };
 
 class PathLayer final : public MapLayer {

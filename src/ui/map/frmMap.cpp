@@ -62,12 +62,13 @@ void frmMap::RoomsConnect()
 /// From the lowest up; the tips are put together in the same order.
 void frmMap::LayersAdd()
 {
+    m_layers.Add(std::make_unique<TwilightLayer>(*this, m_host, m_overlayMenu));
     m_layers.Add(std::make_unique<NightLayer>(*this, m_host, m_overlayMenu));
     m_layers.Add(std::make_unique<PathLayer>(*this));
     m_layers.Add(std::make_unique<ScaleBarLayer>(m_view));
     m_layers.Add(std::make_unique<MapOverlayLayer>(*this, m_host, m_overlay));
     m_layers.Add(std::make_unique<EdgeArrowLayer>(*this));
-    for (QToolButton* pToggle : {chkPath, chkNight})
+    for (QToolButton* pToggle : {chkPath, chkNight, chkTwilight})
         connect(pToggle, &QToolButton::toggled, pctMap, [this] { pctMap->update(); });
 }
 

@@ -86,7 +86,7 @@ TEST_F(frmMapLayers, TogglesPaintAboveThePictureOnly)
 {
     const QImage img = m_pMap->pctMap->m_img.copy();
     const QImage imgShown = m_pMap->pctMap->grab().toImage();
-    for (QToolButton* pToggle : {m_pMap->chkPath, m_pMap->chkNight}) {
+    for (QToolButton* pToggle : {m_pMap->chkPath, m_pMap->chkNight, m_pMap->chkTwilight}) {
         EXPECT_FALSE(pToggle->isChecked());
         QTest::mouseClick(pToggle, Qt::LeftButton);
         EXPECT_NE(m_pMap->pctMap->grab().toImage(), imgShown);
@@ -94,6 +94,27 @@ TEST_F(frmMapLayers, TogglesPaintAboveThePictureOnly)
         QTest::mouseClick(pToggle, Qt::LeftButton);
         EXPECT_EQ(m_pMap->pctMap->grab().toImage(), imgShown);
     }
+}
+
+TEST_F(frmMapLayers, TheShadeFollowsHourAndView)
+{
+    const auto DarkAt = [this](double dLat, double dLon) {
+        return qGray(m_pMap->pctMap->grab().toImage().pixel(PointOf(dLat, dLon)));
+    };
+    const int nDay = DarkAt(-20, -95);
+    QTest::mouseClick(m_pMap->chkTwilight, Qt::LeftButton);
+    m_host.m_settings.m_selected = {1, 7};  // 06 UTC: midnight at 90 W
+    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
+    m_pMap->mnuOverlay->close();
+    EXPECT_LT(DarkAt(-20, -95), nDay);
+    m_pMap->mnuOverlayTimeData[18]->trigger();
+    EXPECT_EQ(DarkAt(-20, -95), nDay);
+    m_pMap->mnuOverlayTimeData[6]->trigger();
+    ZoomInside();
+    const QImage img = m_pMap->pctMap->grab().toImage();
+    QTest::mouseClick(m_pMap->chkTwilight, Qt::LeftButton);
+    QTest::mouseClick(m_pMap->chkTwilight, Qt::LeftButton);
+    EXPECT_EQ(m_pMap->pctMap->grab().toImage(), img);
 }
 
 }  // namespace

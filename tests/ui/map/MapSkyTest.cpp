@@ -1,5 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+#include <set>
+#include <utility>
+
 #include "geo/SunLib.h"
 #include "ui/map/MapSky.h"
 
@@ -22,6 +27,57 @@ TEST(MapSky, StrokesPointIntoTheNight)
     for (std::size_t i = 1; i < aStrokes.size(); i += 2)
         EXPECT_GT(
             GreatCircleAngle(sun.dLat, sun.dLon, aStrokes[i].dLat, aStrokes[i].dLon) * kDegree, 91);
+}
+
+TEST(MapSky, DarknessStepsAtTheHorizonAndTheEndsOfTheTwilights)
+{
+    const std::pair<double, int> aSteps[] = {{90, 0},     {0.01, 0},   {-0.01, 1},  {-5.99, 1},
+                                             {-6.01, 2},  {-11.99, 2}, {-12.01, 3}, {-17.99, 3},
+                                             {-18.01, 4}, {-90, 4}};
+    for (const auto& [dAltitude, nDarkness] : aSteps)
+        EXPECT_EQ(DarknessGet(std::sin(dAltitude / kDegree)), nDarkness) << dAltitude;
+}
+
+TEST(MapSky, ShadeOfEachPixelIsThatOfItsPlace)
+{
+    for (const double dEdge : {kEdgeGreenwich, kEdgeDateLine}) {
+        MapView view;
+        view.m_dEdge = dEdge;
+        view.m_nMapWidth = 400;
+        view.m_nMapHeight = 300;  // wider than the image: blank strips at both sides
+        view.ZoomSet(view.BoxGetZoom(view.BoxGetWhole()));
+        const LatLon sun = SunGetPosition(11, 6);
+        const QImage img = NightGetShade(view, sun);
+        ASSERT_EQ(img.size(), QSize(400, 300));
+        const QRect rct = view.ImageGetRect();
+        std::array<std::set<int>, 5> aAlpha;  // of each darkness
+        for (int nY = 0; nY < 300; nY += 3)
+            for (int nX = 0; nX < 400; nX += 3) {
+                const int nAlpha = qAlpha(img.pixel(nX, nY));
+                if (!rct.contains(nX, nY)) {
+                    EXPECT_EQ(nAlpha, 0) << "beside the world";
+                    continue;
+                }
+                const LatLon pos = view.PointGetLatLon(MapControl::Map, nX + 0.5, nY + 0.5);
+                const double dAltitude =
+                    90 - GreatCircleAngle(sun.dLat, sun.dLon, pos.dLat, pos.dLon) * kDegree;
+                if (std::abs(dAltitude / 6 - std::round(dAltitude / 6)) < 1e-4)
+                    continue;  // on a limit
+                const int nDarkness = dAltitude > 0     ? 0
+                                      : dAltitude > -6  ? 1
+                                      : dAltitude > -12 ? 2
+                                      : dAltitude > -18 ? 3
+                                                        : 4;
+                aAlpha[static_cast<std::size_t>(nDarkness)].insert(nAlpha);
+            }
+        for (std::size_t n = 0; n < aAlpha.size(); ++n) {
+            ASSERT_EQ(aAlpha[n].size(), 1u) << n;
+            const int nBefore = n > 0 ? *aAlpha[n - 1].begin() : -1;
+            EXPECT_GT(*aAlpha[n].begin(), nBefore) << "darker with each step";
+        }
+        EXPECT_EQ(*aAlpha[0].begin(), 0) << "nothing by day";
+        EXPECT_LT(*aAlpha[4].begin(), 128) << "what lies below can be read";
+    }
 }
 
 TEST(MapSky, LinesBreakAtLongitudeZero)

@@ -30,7 +30,7 @@ TEST_F(frmMapLayout, ButtonsFormOneRowWithinTheWindow)
     for (QAbstractButton* pButton : std::initializer_list<QAbstractButton*>{
              m_pMap->cmdZoomIn, m_pMap->cmdZoomOut, m_pMap->cmdZoomOff, m_pMap->cmdZoomTxRc,
              m_pMap->cmdOverlay, m_pMap->cmdStations, m_pMap->chkPath, m_pMap->chkNight,
-             m_pMap->cmdOk, m_pMap->cmdCancel, m_pMap->cmdApply}) {
+             m_pMap->chkTwilight, m_pMap->cmdOk, m_pMap->cmdCancel, m_pMap->cmdApply}) {
         EXPECT_EQ(pButton->y(), nTop);
         EXPECT_GT(pButton->x(), nRight);
         nRight = pButton->geometry().right();
