@@ -57,6 +57,7 @@ QPainterPath SymbolGetPath(int iSystem, const QRectF& rct)
 PctMap::PctMap(QWidget* pParent) : MouseControl(pParent)
 {
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::CrossCursor);
 }

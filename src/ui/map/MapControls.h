@@ -44,6 +44,8 @@ public:
     std::function<void(QPainter&)> m_fnLayersPaint;
 
 Q_SIGNALS:
+    /// The focus has come or gone.
+    void FocusMoved(bool bHere);
     void Wheel(QWheelEvent* pEvent);
     /// The screen's density is no longer the picture's.
     void DensityChanged();
@@ -51,6 +53,8 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent* pEvent) override;
     void wheelEvent(QWheelEvent* pEvent) override { Q_EMIT Wheel(pEvent); }
+    void focusInEvent(QFocusEvent* /*pEvent*/) override { Q_EMIT FocusMoved(true); }
+    void focusOutEvent(QFocusEvent* /*pEvent*/) override { Q_EMIT FocusMoved(false); }
 };
 
 /// A marker: a flag with its text on a pin that stands in the control's centre, the place marked.

@@ -55,7 +55,9 @@ MapForm::MapForm(QWidget* pWindow)
     BarsMake();
     ButtonsMake(pWindow);
     MenusMake(pWindow);
-    for (MarkerLabel* pMarker : {lblRc, lblTx}) QWidget::setTabOrder(cmdApply, pMarker);
+    QWidget* const apOrder[] = {pctMap, lblRc, lblTx, hscMap, vscMap, cmdZoomIn};
+    for (std::size_t i = 0; i + 1 < std::size(apOrder); ++i)
+        QWidget::setTabOrder(apOrder[i], apOrder[i + 1]);
 }
 
 void MapForm::MapMake(QWidget* pWindow)
@@ -65,6 +67,11 @@ void MapForm::MapMake(QWidget* pWindow)
     pctFrame->setFrameShape(QFrame::Box);
     pctMap = new PctMap(pctFrame);
     pctMap->setObjectName(QStringLiteral("pctMap"));
+    pctMap->setAccessibleName(QStringLiteral("World map"));
+    // The picture itself shows no focus: it is copied and exported.
+    QObject::connect(pctMap, &PctMap::FocusMoved, pctFrame, [this](bool bHere) {
+        pctFrame->setForegroundRole(bHere ? QPalette::Highlight : QPalette::WindowText);
+    });
     lblRc = new MarkerLabel(QStringLiteral("Rc"), true, pctMap);
     lblRc->setObjectName(QStringLiteral("lblRc"));
     lblRc->setAccessibleName(QStringLiteral("Receiver"));

@@ -14,9 +14,9 @@ constexpr double kKeyShare = 1.0 / 20;  // of the view
 }  // namespace
 
 MapKeys::MapKeys(QWidget& window, MapForm& form, MapNavigation& navigation, MapMouse& mouse)
-    : m_form(form), m_navigation(navigation), m_mouse(mouse)
+    : m_window(window), m_form(form), m_navigation(navigation), m_mouse(mouse)
 {
-    const std::pair<Qt::Key, std::function<void()>> aKeys[] = {
+    const std::pair<QKeySequence, std::function<void()>> aKeys[] = {
         {Qt::Key_Left, [this] { ArrowPress(-1, 0); }},
         {Qt::Key_Right, [this] { ArrowPress(1, 0); }},
         {Qt::Key_Up, [this] { ArrowPress(0, -1); }},
@@ -27,9 +27,11 @@ MapKeys::MapKeys(QWidget& window, MapForm& form, MapNavigation& navigation, MapM
         {Qt::Key_Escape, [this] { EscapePress(); }},
         {Qt::Key_Return, [this] { EnterPress(); }},
         {Qt::Key_Enter, [this] { EnterPress(); }},
+        {Qt::Key_Menu, [this] { MenuPress(); }},
+        {Qt::SHIFT | Qt::Key_F10, [this] { MenuPress(); }},
     };
-    for (const auto& [eKey, fnAct] : aKeys)
-        connect(new QShortcut(QKeySequence(eKey), &window), &QShortcut::activated, this, fnAct);
+    for (const auto& [key, fnAct] : aKeys)
+        connect(new QShortcut(key, &window), &QShortcut::activated, this, fnAct);
 }
 
 /// Enter is OK, save on the two buttons beside it: nobody who stands on Cancel wants to apply.
@@ -53,4 +55,18 @@ void MapKeys::ArrowPress(int nByX, int nByY)
 {
     if (!m_mouse.IsBusy())
         m_navigation.ViewShift(nByX * kKeyShare, nByY * kKeyShare);
+}
+
+void MapKeys::MenuPress()
+{
+    if (m_mouse.IsBusy())
+        return;
+    QWidget* const pFocus = m_window.focusWidget();
+    if (pFocus == m_form.hscMap || pFocus == m_form.vscMap)
+        return;  // bars have a menu of their own
+    if (pFocus == m_form.cmdOverlay || pFocus == m_form.cmdStations)
+        return static_cast<QPushButton*>(pFocus)->click();
+    QWidget* const pSource =
+        pFocus == m_form.lblRc || pFocus == m_form.lblTx ? pFocus : m_form.pctMap;
+    m_navigation.mnuMapOpen(pSource, QRectF(pSource->rect()).center());
 }

@@ -2,7 +2,7 @@
 /// The keys of the map window, all of them; a focused marker takes its arrow keys before.
 ///
 /// Keys:    arrows move the view, + - 0 zoom, Enter is OK, Esc ends what the mouse does, else it is
-///          Cancel.
+///          Cancel; the menu key and Shift+F10 open the menu of what has the focus.
 /// Tests:   tests/ui/map/MapKeysTest.cpp
 #pragma once
 
@@ -22,7 +22,9 @@ private:
     void EnterPress();
     void EscapePress();
     void ArrowPress(int nByX, int nByY);
+    void MenuPress();
 
+    QWidget& m_window;
     MapForm& m_form;
     MapNavigation& m_navigation;
     MapMouse& m_mouse;

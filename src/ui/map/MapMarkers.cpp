@@ -19,7 +19,10 @@ MapMarkers::MapMarkers(MapForm& form) : m_form(form)
                 [this, pMarker](QMouseEvent* pEvent) { MouseUp(pMarker, pEvent); });
         connect(pMarker, &MarkerLabel::KeyMove, this,
                 [this, pMarker](int nByX, int nByY) { KeyMove(pMarker, nByX, nByY); });
-        connect(pMarker, &MarkerLabel::FocusLeft, form.txtCursor, &QWidget::hide);
+        connect(pMarker, &MarkerLabel::FocusLeft, this, [this] {
+            m_pKeyed = nullptr;
+            m_form.txtCursor->hide();
+        });
     }
 }
 
@@ -33,6 +36,7 @@ void MapMarkers::MarkerPlace(MarkerLabel* pMarker)
     const LatLon& pos = PlaceOf(pMarker);
     const QPoint pt = m_form.LatLonGetPoint(pos.dLat, pos.dLon);
     pMarker->move(pt.x() - pMarker->width() / 2, pt.y() - pMarker->height() / 2);
+    pMarker->setAccessibleName(TextGet(pMarker));  // a screen reader speaks what changes
 }
 
 void MapMarkers::PlaceSet(MarkerLabel* pMarker, const LatLon& pos)
@@ -69,6 +73,7 @@ void MapMarkers::MouseDown(MarkerLabel* pMarker, const QMouseEvent* pEvent)
     m_ptDown = pEvent->position();
     if (pEvent->button() != Qt::LeftButton)
         return;
+    m_pKeyed = nullptr;
     m_pDragged = pMarker;
     m_posDragged = PlaceOf(pMarker);
     TextShow(pMarker);
@@ -105,6 +110,9 @@ void MapMarkers::MouseUp(MarkerLabel* pMarker, const QMouseEvent* pEvent)
 /// An arrow key on the focused flag moves it as a drag would.
 void MapMarkers::KeyMove(MarkerLabel* pMarker, int nByX, int nByY)
 {
+    if (m_pKeyed != pMarker)
+        m_posKeyed = PlaceOf(pMarker);
+    m_pKeyed = pMarker;
     pMarker->move(pMarker->x() + nByX, pMarker->y() + nByY);
     PlaceOf(pMarker) = m_form.PointGetLatLon(pMarker, 0, 0);
     m_form.txtCursor->show();
@@ -114,12 +122,28 @@ void MapMarkers::KeyMove(MarkerLabel* pMarker, int nByX, int nByY)
         Q_EMIT ReceiverMoved();
 }
 
+bool MapMarkers::KeysLeave()
+{
+    if (m_pKeyed == nullptr)
+        return false;
+    MarkerLabel* const pMarker = std::exchange(m_pKeyed, nullptr);
+    PlaceSet(pMarker, m_posKeyed);
+    TextShow(pMarker);
+    return true;
+}
+
+QString MapMarkers::TextGet(const MarkerLabel* pMarker)
+{
+    return (pMarker == m_form.lblRc ? QStringLiteral("Receiver, ")
+                                    : QStringLiteral("Transmitter, "))
+           + PositionText(PlaceOf(pMarker));
+}
+
 void MapMarkers::TextShow(MarkerLabel* pMarker)
 {
-    const QString sText =
-        (pMarker == m_form.lblRc ? QStringLiteral("Receiver, ") : QStringLiteral("Transmitter, "))
-        + PositionText(PlaceOf(pMarker));
+    const QString sText = TextGet(pMarker);
     pMarker->setToolTip(sText);
+    pMarker->setAccessibleName(sText);
     m_form.txtCursor->setText(sText);
 }
 

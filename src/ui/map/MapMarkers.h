@@ -29,6 +29,9 @@ public:
     [[nodiscard]] bool IsDragging() const { return m_pDragged != nullptr; }
     /// Puts the dragged marker back to where it was.
     void DragLeave();
+    /// Puts the focused marker back to where it was before the arrow keys.
+    /// @return false when they have not moved it
+    bool KeysLeave();
 
 Q_SIGNALS:
     void MenuWanted(QWidget* pMarker, const QMouseEvent* pEvent);
@@ -43,10 +46,13 @@ private:
     void MouseMove(MarkerLabel* pMarker, const QMouseEvent* pEvent);
     void MouseUp(MarkerLabel* pMarker, const QMouseEvent* pEvent);
     void KeyMove(MarkerLabel* pMarker, int nByX, int nByY);
+    [[nodiscard]] QString TextGet(const MarkerLabel* pMarker);
     void TextShow(MarkerLabel* pMarker);
 
     MapForm& m_form;
     MarkerLabel* m_pDragged = nullptr;
-    QPointF m_ptDown;     // last mouse-down, in the marker's pixels
-    LatLon m_posDragged;  // the dragged marker's place before
+    QPointF m_ptDown;                 // last mouse-down, in the marker's pixels
+    LatLon m_posDragged;              // the dragged marker's place before
+    MarkerLabel* m_pKeyed = nullptr;  // moved by keys since it has the focus
+    LatLon m_posKeyed;                // and its place before
 };

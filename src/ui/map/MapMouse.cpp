@@ -35,7 +35,7 @@ bool MapMouse::Leave()
     else if (m_markers.IsDragging())
         m_markers.DragLeave();
     else
-        return false;
+        return m_markers.KeysLeave();
     return true;
 }
 

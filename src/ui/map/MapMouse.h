@@ -25,7 +25,8 @@ public:
 
     /// A band is drawn, or the picture or a marker is being moved.
     [[nodiscard]] bool IsBusy() const;
-    /// Ends what the mouse is doing. @return false when it does nothing.
+    /// Ends what the mouse is doing, or takes back what the arrow keys did to a marker.
+    /// @return false when there is neither.
     bool Leave();
     /// The picture was painted anew.
     void PictureForget() { m_band.PictureForget(); }

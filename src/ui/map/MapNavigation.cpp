@@ -115,7 +115,12 @@ void MapNavigation::mnuMapZoom(double dFactor)
 
 void MapNavigation::mnuMapShow(QWidget* pSource, const QMouseEvent* pEvent)
 {
+    mnuMapOpen(pSource, pEvent->position());
+}
+
+void MapNavigation::mnuMapOpen(QWidget* pSource, const QPointF& pt)
+{
     m_pPopupSource = pSource;
-    m_ptPopup = pEvent->position();
-    m_form.mnuMap->popup(pEvent->globalPosition().toPoint());
+    m_ptPopup = pt;
+    m_form.mnuMap->popup(pSource->mapToGlobal(pt).toPoint());
 }

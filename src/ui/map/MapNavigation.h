@@ -36,6 +36,8 @@ public:
 
     /// The menu that centres the map on the point of the click.
     void mnuMapShow(QWidget* pSource, const QMouseEvent* pEvent);
+    /// The same for a pixel of the control.
+    void mnuMapOpen(QWidget* pSource, const QPointF& pt);
 
 Q_SIGNALS:
     /// The view is another one; the picture is to be painted anew.

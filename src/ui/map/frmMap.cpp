@@ -36,7 +36,7 @@ frmMap::frmMap(MainWindowHost& host, QWidget* pParent)
     setWindowTitle(QStringLiteral("Hopcast - World Map"));
     RoomsConnect();
     LayersAdd();
-    hscMap->setFocus();  // not a flag, which would take the arrow keys
+    pctMap->setFocus();  // not a flag, which would take the arrow keys
     resize(kSizeAtFirst);
 }
 

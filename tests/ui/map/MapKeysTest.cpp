@@ -1,3 +1,5 @@
+#include <QAccessible>
+
 #include "MapFakes.h"
 
 namespace {
@@ -82,10 +84,94 @@ TEST_F(frmMapKeys, ArrowsBelongToAFocusedFlag)
     EXPECT_GT(m_pMap->m_view.m_box.dLeft, box.dLeft);
 }
 
+TEST_F(frmMapKeys, EscapeGivesAFlagMovedByKeysItsOldPlaceBack)
+{
+    QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton);
+    const QPoint ptBefore = m_pMap->lblTx->pos();
+    m_pMap->lblTx->setFocus();
+    QTest::keyClick(m_pMap->lblTx, Qt::Key_Left);
+    QTest::keyClick(m_pMap->lblTx, Qt::Key_Up, Qt::ShiftModifier);
+    ASSERT_NE(m_pMap->m_posTx.dLat, 38);
+    QTest::keyClick(m_pMap->lblTx, Qt::Key_Escape);
+    ASSERT_FALSE(IsGone());
+    EXPECT_DOUBLE_EQ(m_pMap->m_posTx.dLat, 38);
+    EXPECT_DOUBLE_EQ(m_pMap->m_posTx.dLon, -122);
+    EXPECT_EQ(m_pMap->lblTx->pos(), ptBefore);
+    QTest::keyClick(m_pMap->lblTx, Qt::Key_Down);
+    m_pMap->cmdZoomIn->setFocus();  // the move is done
+    QTest::keyClick(m_pMap->cmdZoomIn, Qt::Key_Escape);
+    EXPECT_TRUE(IsGone());
+}
+
+TEST_F(frmMapKeys, AMovedFlagIsSpoken)
+{
+    QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton);
+    EXPECT_EQ(m_pMap->lblTx->accessibleName(),
+              QString::fromUtf8("Transmitter, Lat 38°00.00'N, Lon 122°00.00'W"));
+    m_pMap->lblTx->setFocus();
+    QTest::keyClick(m_pMap->lblTx, Qt::Key_Left);
+    // The toolkit tells a screen reader of every new name.
+    const QString sSpoken =
+        QAccessible::queryAccessibleInterface(m_pMap->lblTx)->text(QAccessible::Name);
+    EXPECT_EQ(sSpoken, m_pMap->txtCursor->text());
+    EXPECT_TRUE(sSpoken.startsWith(QStringLiteral("Transmitter, Lat ")));
+    EXPECT_FALSE(sSpoken.contains(QStringLiteral("122°00.00'W")));
+    QTest::keyClick(m_pMap->lblTx, Qt::Key_Escape);
+    EXPECT_EQ(m_pMap->lblTx->accessibleName(),
+              QString::fromUtf8("Transmitter, Lat 38°00.00'N, Lon 122°00.00'W"));
+}
+
+TEST_F(frmMapKeys, TheMenuKeyOpensTheMenuOfWhatHasTheFocus)
+{
+    QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton);
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> aKeys[] = {{Qt::Key_Menu, Qt::NoModifier},
+                                                               {Qt::Key_F10, Qt::ShiftModifier}};
+    for (const auto& [eKey, modifiers] : aKeys) {
+        const auto Press = [&, eKey = eKey, modifiers = modifiers](QWidget* pFocus, QMenu* pMenu) {
+            QApplication::setActiveWindow(m_pMap);
+            pFocus->setFocus();
+            QTest::keyClick(pFocus, eKey, modifiers);
+            EXPECT_TRUE(pMenu->isVisible()) << pFocus->objectName().toStdString();
+            pMenu->close();
+        };
+        Press(m_pMap->pctMap, m_pMap->mnuMap);
+        Press(m_pMap->cmdOverlay, m_pMap->mnuOverlay);
+        Press(m_pMap->lblRc, m_pMap->mnuMap);
+        m_pMap->mnuMapCenter->trigger();
+        EXPECT_NEAR(CenterGet().dLat, 24, 1.5);
+        EXPECT_NEAR(m_pMap->m_view.CenterGet().dLon, 250, 1.5);
+    }
+}
+
+TEST_F(frmMapKeys, TabGoesOverMapFlagsAndBarsToTheButtons)
+{
+    m_pMap->pctMap->setFocus();
+    QWidget* const apOrder[] = {m_pMap->lblRc,  m_pMap->lblTx,     m_pMap->hscMap,
+                                m_pMap->vscMap, m_pMap->cmdZoomIn, m_pMap->cmdZoomOut};
+    for (QWidget* pNext : apOrder) {
+        QTest::keyClick(m_pMap->focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(m_pMap->focusWidget(), pNext) << pNext->objectName().toStdString();
+    }
+    m_pMap->cmdApply->setFocus();
+    QTest::keyClick(m_pMap->cmdApply, Qt::Key_Tab);
+    EXPECT_TRUE(m_pMap->pctMap->hasFocus());
+}
+
+TEST_F(frmMapKeys, TheFocusOnTheMapIsSeenAroundItAndNotInThePicture)
+{
+    m_pMap->cmdZoomIn->setFocus();
+    const QImage imgFrame = m_pMap->pctFrame->grab().toImage();
+    const QImage imgMap = m_pMap->pctMap->grab().toImage();
+    m_pMap->pctMap->setFocus();
+    EXPECT_NE(m_pMap->pctFrame->grab().toImage(), imgFrame);
+    EXPECT_EQ(m_pMap->pctMap->grab().toImage(), imgMap);
+}
+
 TEST_F(frmMapKeys, NoFlagHasTheFocusAtFirst)
 {
     EXPECT_FALSE(m_pMap->lblRc->hasFocus());
     EXPECT_FALSE(m_pMap->lblTx->hasFocus());
+    EXPECT_TRUE(m_pMap->pctMap->hasFocus());
 }
 
 TEST_F(frmMapKeys, PlusMinusAndZeroZoom)
