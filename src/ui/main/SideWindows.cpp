@@ -56,6 +56,7 @@ void SideWindows::MapShow()
 {
     if (!m_pMap) {
         m_pMap = new frmMap(m_host);
+        m_pMap->EnginesSet([this](int iModel) { return m_host.EngineGet(iModel); });
         WindowFit(*m_pMap, m_window);
         QObject::connect(m_pMap, &QObject::destroyed, &m_window,
                          [this] { m_host.OverlayFailedSet({}); });

@@ -20,11 +20,14 @@ public:
     using QWidget::QWidget;
 
 Q_SIGNALS:
+    /// The pointer has come.
+    void Entered();
     void MouseDown(QMouseEvent* pEvent);
     void MouseMove(QMouseEvent* pEvent);
     void MouseUp(QMouseEvent* pEvent);
 
 protected:
+    void enterEvent(QEnterEvent* /*pEvent*/) override { Q_EMIT Entered(); }
     void mousePressEvent(QMouseEvent* pEvent) override { Q_EMIT MouseDown(pEvent); }
     void mouseMoveEvent(QMouseEvent* pEvent) override { Q_EMIT MouseMove(pEvent); }
     void mouseReleaseEvent(QMouseEvent* pEvent) override { Q_EMIT MouseUp(pEvent); }

@@ -109,6 +109,8 @@ void MapStations::StationAdd(const MapStation& station)
     pDot->setToolTip(TipText(station.sTip));
     pDot->setAccessibleName(station.sTip);
     pDot->hide();
+    connect(pDot, &StationDot::Entered, this,
+            [this, iStation] { Q_EMIT Reached(static_cast<std::size_t>(iStation - 1)); });
     connect(pDot, &StationDot::MouseUp, this,
             [this, iStation](QMouseEvent* pEvent) { imgStationMouseUp(iStation, pEvent); });
     m_form.imgStation.push_back(pDot);
@@ -116,9 +118,14 @@ void MapStations::StationAdd(const MapStation& station)
 
 void MapStations::StationShow(std::size_t iStation, const QColor& clrSymbol, const QString& sMore)
 {
+    m_form.imgStation[iStation]->ColorSet(clrSymbol);
+    TipShow(iStation, sMore);
+}
+
+void MapStations::TipShow(std::size_t iStation, const QString& sMore)
+{
     const QString sAll = m_aStation[iStation].sTip + (sMore.isEmpty() ? QString() : u'\n' + sMore);
     StationDot& dot = *m_form.imgStation[iStation];
-    dot.ColorSet(clrSymbol);
     dot.setToolTip(TipText(sAll).replace(
         u'\n', Qt::mightBeRichText(sAll) ? QStringLiteral("<br>") : QStringLiteral("\n")));
     dot.setAccessibleName(sAll);
@@ -148,9 +155,14 @@ void MapStations::StationsDraw()
 
 void MapStations::imgStationMouseUp(int iStation, const QMouseEvent* pEvent)
 {
-    if (pEvent->button() != Qt::RightButton)
+    const StationDot* pDot = m_form.imgStation[static_cast<std::size_t>(iStation - 1)];
+    const bool bClick =
+        pEvent->button() == Qt::LeftButton && pDot->rect().contains(pEvent->position().toPoint());
+    if (pEvent->button() != Qt::RightButton && !bClick)
         return;
     m_iStation = iStation;
+    if (bClick)
+        return mnuStationSet(m_form.lblTx);
     m_form.mnuStation->popup(pEvent->globalPosition().toPoint());
 }
 

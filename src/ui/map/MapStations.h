@@ -1,6 +1,6 @@
 /// @file MapStations.h
 /// Airmail's stations on the map: loaded at the first click, shown by system, and each of them can
-/// become receiver or transmitter.
+/// become receiver or transmitter; a click makes it the transmitter.
 ///
 /// Tests:   tests/ui/map/MapStationsTest.cpp
 #pragma once
@@ -31,6 +31,8 @@ public:
     /// Places the symbols, and shows those whose system is checked.
     void StationsDraw();
     [[nodiscard]] const std::vector<MapStation>& StationsGet() const { return m_aStation; }
+    /// Another second part of a station's tip.
+    void TipShow(std::size_t iStation, const QString& sMore);
     /// A station's symbol in a colour, or in that of its list where there is none.
     /// @param iStation  from 0
     /// @param sMore     a second line of its tip; or empty
@@ -38,6 +40,8 @@ public:
 
 Q_SIGNALS:
     void Loaded();
+    /// The pointer has come to a station's symbol, its tip is to be told; from 0.
+    void Reached(std::size_t iStation);
 
 private:
     void cmdStationsClick();

@@ -36,6 +36,8 @@ public:
     /// Places a marker on its working copy.
     void DrawRc() { m_markers.DrawRc(); }
     void DrawTx() { m_markers.DrawTx(); }
+    /// For what the tips of stations tell at once.
+    void EnginesSet(MapReach::EngineFn fnEngine) { m_reach.EnginesSet(std::move(fnEngine)); }
     /// The settings have changed: takes both locations from them, repaints the view, and draws the
     /// overlay anew where it is shown. Nothing before the first activation.
     void Update();

@@ -5,6 +5,38 @@
 
 namespace {
 
+/// 50 dB more than the hour on the second frequency, less on the others.
+class EngineKnown final : public Engine {
+public:
+    [[nodiscard]] int ModelGet() const override { return kEngineRec533; }
+    [[nodiscard]] std::string NameGet() const override { return "Known"; }
+    [[nodiscard]] std::string VersionGet() const override { return "1"; }
+    [[nodiscard]] EngineLimits LimitsGet() const override { return {m_nFrequencies, 1}; }
+    [[nodiscard]] std::optional<Failure> ObstacleGet() const override { return {}; }
+    [[nodiscard]] Prediction Predict(const Request& request,
+                                     const std::stop_token& /*stop*/) const override
+    {
+        m_aRequests.push_back(request);
+        Prediction prediction;
+        prediction.bOk = true;
+        prediction.table = PropagationTable(request.nData);
+        prediction.table.request = request;
+        for (int i = 1; i <= request.nData; ++i) {
+            prediction.table.PresentSet(i, i, true);
+            for (int iHour = 1; iHour <= kHourCount; ++iHour)
+                prediction.table.fSnr(iHour, i) = i == 2 ? 49.0F + float(iHour) : 30.0F;
+        }
+        return prediction;
+    }
+    [[nodiscard]] AreaPrediction PredictArea(const AreaRequest& /*request*/,
+                                             const std::stop_token& /*stop*/) const override
+    {
+        return {};
+    }
+    int m_nFrequencies = 100;
+    mutable std::vector<Request> m_aRequests;
+};
+
 class MapReachShown : public MapWindow {
 protected:
     MapReachShown()
@@ -42,6 +74,11 @@ protected:
         m_host.m_settings.m_selected.iHour = iHour + 1;
         m_pMap->Update();
     }
+    void PointerTo(std::size_t n)
+    {
+        QEnterEvent evt({4, 4}, {4, 4}, {4, 4});
+        QApplication::sendEvent(m_pMap->imgStation[n], &evt);
+    }
     [[nodiscard]] const StationDot& Dot(std::size_t n) const { return *m_pMap->imgStation[n]; }
     TempFolder m_folder;
 };
@@ -67,6 +104,75 @@ TEST_F(MapReachShown, StationsFollowTheMainWindowsSelection)
     m_host.m_settings.m_selected.iHour = 6;
     Q_EMIT m_host.SettingsSignalGet().CellSelected();
     EXPECT_EQ(Dot(0).ColorGet(), ColorFromBgr(SnrGetColor(62.0F)));
+}
+
+TEST_F(MapReachShown, TheTipTellsWayBestFrequencyAndNextOpening)
+{
+    HourSet(3);
+    ReachSet();
+    PointerTo(0);
+    // 24 N 110 W to 42.513 N 70.974 W.
+    EXPECT_EQ(Dot(0).toolTip(), QStringLiteral("W1ABC, Boston\n2225 nmi, bearing 050°\n"
+                                               "03:00 UTC: no value\n"
+                                               "E-mail, normal (40 dB): opens at 05:00 UTC"));
+    HourSet(5);
+    PointerTo(0);
+    EXPECT_TRUE(Dot(0).toolTip().endsWith(
+        QStringLiteral("05:00 UTC: 7000 kHz, 62 dB\nE-mail, normal (40 dB): open until 06:00 UTC")))
+        << Dot(0).toolTip().toStdString();
+    m_host.m_settings.m_sNeedSelected = "AM broadcast";  // 62 dB
+    PointerTo(0);
+    EXPECT_TRUE(Dot(0).toolTip().contains(QStringLiteral("AM broadcast (62 dB): open until")));
+    m_host.m_settings.m_aNeed = {{"Much", 62.5F, "test"}};
+    m_host.m_settings.m_sNeedSelected = "Much";
+    PointerTo(0);
+    EXPECT_TRUE(Dot(0).toolTip().endsWith(QStringLiteral("Much (62.5 dB): not open")));
+    EXPECT_EQ(Dot(0).ColorGet(), ColorFromBgr(SnrGetColor(62.0F))) << "keeps its colour";
+}
+
+TEST_F(MapReachShown, AStationNobodyAskedForIsPredictedAtOnceByAnEngineOfThisProcess)
+{
+    HourSet(7);
+    PointerTo(1);
+    EXPECT_TRUE(Dot(1).toolTip().startsWith(QStringLiteral("K4XYZ, Tampa\n")));
+    EXPECT_TRUE(Dot(1).toolTip().endsWith(QChar(0xB0))) << "no engine: the way alone";
+    const auto pEngine = std::make_shared<EngineKnown>();
+    m_pMap->EnginesSet([pEngine](int) { return pEngine; });
+    const QColor clrList = Dot(1).ColorGet();
+    PointerTo(1);
+    ASSERT_EQ(pEngine->m_aRequests.size(), 1u);
+    const Request& request = pEngine->m_aRequests[0];
+    EXPECT_DOUBLE_EQ(request.dRcLat, 24);
+    EXPECT_NEAR(request.dTxLat, 27.513, 0.001);
+    EXPECT_EQ(request.nData, m_host.m_settings.m_nData);
+    EXPECT_TRUE(Dot(1).toolTip().endsWith(
+        QStringLiteral("07:00 UTC: 4000 kHz, 57 dB\nE-mail, normal (40 dB): open all day")))
+        << Dot(1).toolTip().toStdString();
+    EXPECT_EQ(Dot(1).ColorGet(), clrList);
+    PointerTo(1);
+    HourSet(8);
+    PointerTo(1);
+    EXPECT_EQ(pEngine->m_aRequests.size(), 1u) << "kept";
+    EXPECT_TRUE(Dot(1).toolTip().contains(QStringLiteral("08:00 UTC: 4000 kHz, 58 dB")));
+    m_pMap->m_posRc = {10, 20};
+    PointerTo(1);
+    ASSERT_EQ(pEngine->m_aRequests.size(), 2u) << "the flag was moved";
+    EXPECT_DOUBLE_EQ(pEngine->m_aRequests[1].dRcLon, 20);
+}
+
+TEST_F(MapReachShown, TheBoardIsNotToldFromAnotherPlaceAndOtherEnginesAreNotAsked)
+{
+    HourSet(5);
+    ReachSet();
+    const auto pEngine = std::make_shared<EngineKnown>();
+    pEngine->m_nFrequencies = 10;  // as a program takes them
+    m_pMap->EnginesSet([pEngine](int) { return pEngine; });
+    PointerTo(0);
+    EXPECT_TRUE(Dot(0).toolTip().contains(QStringLiteral("7000 kHz, 62 dB")));
+    m_pMap->m_posRc = {10, 20};
+    PointerTo(0);
+    EXPECT_FALSE(Dot(0).toolTip().contains(QStringLiteral("kHz")));
+    EXPECT_TRUE(pEngine->m_aRequests.empty());
 }
 
 TEST_F(MapReachShown, AnotherSearchTakesThePlaceOfTheFormer)

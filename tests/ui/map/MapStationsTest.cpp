@@ -94,8 +94,6 @@ TEST_F(frmMapStations, MarkersAreInFrontOnlyWhileNoneIsShown)
 TEST_F(frmMapStations, RightClickSetsReceiverAndTransmitter)
 {
     SystemChoose(0);
-    QTest::mouseClick(m_pMap->imgStation[0], Qt::LeftButton);
-    EXPECT_FALSE(m_pMap->mnuStation->isVisible());
     QTest::mouseClick(m_pMap->imgStation[0], Qt::RightButton);
     EXPECT_EQ(m_pMap->mnuStationSetRc->text(), QStringLiteral("Set as Receiver"));
     ItemChoose(m_pMap->mnuStation, m_pMap->mnuStationSetRc);
@@ -109,6 +107,20 @@ TEST_F(frmMapStations, RightClickSetsReceiverAndTransmitter)
     EXPECT_DOUBLE_EQ(m_host.m_settings.m_dRcLat, 24);  // until Apply
     QTest::mouseClick(m_pMap->cmdApply, Qt::LeftButton);
     EXPECT_NEAR(m_host.m_settings.m_dRcLat, 42.51304, 1e-5);
+}
+
+TEST_F(frmMapStations, AClickMakesAStationTheTransmitter)
+{
+    SystemChoose(0);
+    QTest::mouseClick(m_pMap->imgStation[0], Qt::LeftButton);
+    EXPECT_FALSE(m_pMap->mnuStation->isVisible());
+    EXPECT_NEAR(m_pMap->m_posTx.dLat, 42.51304, 1e-5);
+    EXPECT_EQ(CentreOf(m_pMap->lblTx), CentreOf(m_pMap->imgStation[0]));
+    EXPECT_DOUBLE_EQ(m_pMap->m_posRc.dLat, 24);
+    EXPECT_DOUBLE_EQ(m_host.m_settings.m_dTxLat, 38) << "until Apply";
+    QTest::mousePress(m_pMap->imgStation[1], Qt::LeftButton);
+    QTest::mouseRelease(m_pMap->imgStation[1], Qt::LeftButton, {}, {40, 40});
+    EXPECT_NEAR(m_pMap->m_posTx.dLat, 42.51304, 1e-5) << "released elsewhere";
 }
 
 TEST_F(frmMapStations, WithoutSystemsThereIsABoxAndNoMenu)
