@@ -1,6 +1,7 @@
 /// hopcast --export from its command line: no display, no home that can be written.
 #include <gtest/gtest.h>
 
+#include <QImage>
 #include <algorithm>
 #include <filesystem>
 
@@ -122,20 +123,73 @@ TEST_F(HopcastExport, APictureBySuffix)
     EXPECT_EQ(BytesRead(sFile).substr(0, 4), "\x89PNG");
 }
 
+TEST_F(HopcastExport, AnAreaIsAMapWithACaption)
+{
+    const std::string sFile = m_folder.Path("map.png");
+    const auto MapExport = [](const std::string& sTo, const char* sHour, const char* sModel) {
+        return ProgramRun({TEST_BIN "/hopcast",
+                           "--export",
+                           sTo,
+                           "--area",
+                           "60,150,-10,-100",
+                           "--hour",
+                           sHour,
+                           "--rc",
+                           "15.375,-132.6875",
+                           "--frequency",
+                           "14100",
+                           "--grid",
+                           "20",
+                           "--ssn",
+                           "62",
+                           "--month",
+                           "11",
+                           "--power",
+                           "100",
+                           "--model",
+                           sModel});
+    };
+    const ProgramResult res = MapExport(sFile, "6", "rec533");
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    EXPECT_EQ(res.sOut, "");
+    const std::string sPng = BytesRead(sFile);
+    ASSERT_EQ(sPng.substr(0, 4), "\x89PNG");
+    // What the line below the map says is in the file as its description, too.
+    const std::string sText =
+        QImage(QString::fromStdString(sFile)).text(QStringLiteral("Description")).toStdString();
+    for (const char* sPart :
+         {"Receiver 15\xC2\xB0"
+          "22.50'N 132\xC2\xB0"
+          "41.25'W",
+          "14100 kHz", "06:00 UTC", "dB in 1 Hz", "100 W", "REC533", "November", "SSN 62"})
+        EXPECT_NE(sText.find(sPart), std::string::npos) << sPart << "\n" << sText;
+    // Another hour is another picture.
+    ASSERT_EQ(MapExport(m_folder.Path("other.png"), "18", "rec533").nStatus, 0);
+    EXPECT_NE(BytesRead(m_folder.Path("other.png")), sPng);
+    const ProgramResult resEngine = MapExport(m_folder.Path("none.png"), "6", "icepac");
+    EXPECT_EQ(resEngine.nStatus, 1);
+    EXPECT_FALSE(fs::exists(m_folder.Path("none.png")));
+}
+
 TEST_F(HopcastExport, WrongUsageIsRefusedBeforeAnythingIsPredicted)
 {
     struct Case {
         Words asWords;
-        const char* sWhy;
+        std::string sWhy;
     };
     const std::string sFile = m_folder.Path("card.pdf");
+    const std::string sMap = m_folder.Path("map.png");
     for (const Case& wrong :
          {Case{{"--export"}, "--export: a file is missing"},
           Case{{"--export="}, "--export: a file is missing"},
           Case{{"--export", "--tx"}, "--export: a file is missing"},
           Case{{"--export", sFile, "--export=" + sFile}, "--export: given twice"},
           Case{{"--export", m_folder.Path("card.txt")}, ".csv, .png or .pdf"},
-          Case{{"--export", sFile, "--area", "1,2,0,3"}, "--area: does not go with --export"},
+          Case{{"--export", sFile, "--area", "1,2,0,3"},
+               "--export: a map (--area) is written as .png, not as " + sFile},
+          Case{{"--export", sMap, "--area=1,2,0,3", "--day"}, "--day: does not go with --export"},
+          Case{{"--export", sMap, "--area", "1,2,0,3", "--hour", "6"}, "--frequency"},
+          Case{{"--export", sFile, "--compare", "voacap"}, "--compare: does not go with --export"},
           Case{{"--export", sFile, "--format=csv"}, "--format: does not go with --export"},
           Case{{"--export", sFile, "--frobnicate"}, "unknown option --frobnicate"},
           Case{{"--export", sFile, "--month", "13"}, "--month: "}}) {
@@ -145,7 +199,7 @@ TEST_F(HopcastExport, WrongUsageIsRefusedBeforeAnythingIsPredicted)
         EXPECT_EQ(res.nStatus, 2) << wrong.sWhy;
         EXPECT_TRUE(res.sError.starts_with("hopcast: ")) << res.sError;
         EXPECT_NE(res.sError.find(wrong.sWhy), std::string::npos) << res.sError;
-        EXPECT_FALSE(fs::exists(sFile));
+        EXPECT_FALSE(fs::exists(sFile) || fs::exists(sMap));
     }
 }
 

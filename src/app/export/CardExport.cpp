@@ -1,8 +1,12 @@
 #include "app/export/CardExport.h"
 
+#include <QFileInfo>
 #include <QGuiApplication>
+#include <algorithm>
+#include <functional>
 #include <optional>
 
+#include "app/export/AreaPicture.h"
 #include "app/predict/PredictConsole.h"
 #include "app/predict/PredictOptions.h"
 #include "app/predict/PredictRun.h"
@@ -50,18 +54,30 @@ Result<std::string> FileTake(std::vector<std::string>& asWords)
     return sFile.value_or(std::string());
 }
 
+/// An option is among the words, with its value behind it or joined.
+bool OptionIs(const std::vector<std::string>& asWords, const std::string& sOption)
+{
+    return std::any_of(asWords.begin(), asWords.end(), [&sOption](const std::string& sWord) {
+        return sWord.substr(0, sWord.find('=')) == sOption;
+    });
+}
+
 Result<ExportAsked> AskedGet(std::vector<std::string> asWords)
 {
     const auto resFile = FileTake(asWords);
     if (!resFile)
         return resFile.ErrorGet();
-    if (const auto res = PageFileCheck(QString::fromStdString(resFile.ValueGet())); !res)
+    const bool bArea = OptionIs(asWords, "--area");
+    const QString sFile = QString::fromStdString(resFile.ValueGet());
+    if (bArea && QFileInfo(sFile).suffix().toLower() != QLatin1String("png"))
+        return RunError{std::string(kExport) + ": a map (--area) is written as .png, not as "
+                        + resFile.ValueGet()};
+    if (const auto res = PageFileCheck(sFile); !res)
         return RunError{std::string(kExport) + ": " + res.TextGet()};
-    for (const std::string& sWord : asWords)
-        for (const char* sOther :
-             {"--area", "--day", "--reach", "--list-stations", "--format", "--output"})
-            if (sWord.substr(0, sWord.find('=')) == sOther)
-                return RunError{std::string(sOther) + ": does not go with " + kExport};
+    for (const char* sOther :
+         {"--day", "--reach", "--list-stations", "--compare", "--format", "--output"})
+        if (OptionIs(asWords, sOther))
+            return RunError{std::string(sOther) + ": does not go with " + kExport};
     auto resOptions = PredictOptionsGet(asWords);
     if (!resOptions)
         return resOptions.ErrorGet();
@@ -81,12 +97,41 @@ Page PageGet(const PredictOptions& options, const PredictPath& path)
     return CardPageGet(path.table, asked);
 }
 
+/// A prediction that is done, and how it becomes the file.
+struct Predicted {
+    std::function<Result<void>()> fnWrite;
+    bool bWhole = true;  ///< as in PredictPath
+};
+
+/// @return nothing when it failed (a box has told why)
+std::optional<Predicted> Predict(const ExportAsked& asked)
+{
+    const QString sFile = QString::fromStdString(asked.sFile);
+    const PredictOptions& options = asked.options;
+    if (options.bArea) {
+        auto run = PredictAreaRunGet(options);
+        if (!run)
+            return std::nullopt;
+        return Predicted{[run = std::move(*run), area = options.area, sFile] {
+            return ImageSave(AreaPictureGet(area, run), sFile);
+        }};
+    }
+    auto path = PredictPathGet(options);
+    if (!path)
+        return std::nullopt;
+    const bool bWhole = path->bWhole;
+    return Predicted{[path = std::move(*path), &options, sFile] {
+                         return PageExport(PageGet(options, path), {}, sFile);
+                     },
+                     bWhole};
+}
+
 int Export(const ExportAsked& asked)
 {
     MsgSetHandler([](MsgIcon, const std::string& sText) { Fail(kExitFailed, sText); });
     const auto resRoot = EngineRootProvision();
-    const auto path = PredictPathGet(asked.options);
-    if (!path)
+    const auto predicted = Predict(asked);
+    if (!predicted)
         return resRoot ? kExitFailed
                        : Fail(kExitFailed, "Hopcast's own engine folder: " + resRoot.TextGet());
         // Letters are painted by the toolkit's platform. Windows has one without a window;
@@ -99,11 +144,9 @@ int Export(const ExportAsked& asked)
     std::string sName = kProgram;
     char* asArguments[] = {sName.data(), nullptr};
     const QGuiApplication app(nArguments, asArguments);
-    const auto res =
-        PageExport(PageGet(asked.options, *path), {}, QString::fromStdString(asked.sFile));
-    if (!res)
+    if (const auto res = predicted->fnWrite(); !res)
         return Fail(kExitFailed, std::string(kExport) + ": " + res.TextGet());
-    return path->bWhole ? kExitPredicted : kExitFailed;
+    return predicted->bWhole ? kExitPredicted : kExitFailed;
 }
 
 }  // namespace

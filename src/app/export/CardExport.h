@@ -1,6 +1,6 @@
 /// @file CardExport.h
-/// hopcast --export FILE: the card of a prediction as a file, without a window, a display or a home
-/// that can be written.
+/// hopcast --export FILE: the card of a prediction, or the map of an area's, as a file, without a
+/// window, a display or a home that can be written.
 ///
 /// Errors:  on standard error; exit status as hopcast-predict.
 /// Tests:   tests/app/HopcastExportTest.cpp

@@ -129,16 +129,6 @@ std::optional<PredictOutput> PointToPointGet(const PredictOptions& options, bool
     return PredictOutput{TextGet(options.eFormat, run, bColor), path->bWhole};
 }
 
-/// One engine run over a box that does not cross longitude 180.
-bool AreaPointsAppend(const AreaRequest& request, std::vector<AreaPoint>& aPoint)
-{
-    std::vector<AreaPoint> aRead;
-    if (FailuresShow(AreaPointsRead(request, aRead)))
-        return false;
-    aPoint.insert(aPoint.end(), aRead.begin(), aRead.end());
-    return true;
-}
-
 /// A text that is whole or not there.
 std::optional<PredictOutput> TextOutput(std::optional<std::string> sText)
 {
@@ -152,14 +142,16 @@ std::optional<PredictOutput> DayGet(const PredictOptions& options, const Setting
     return TextOutput(PredictDayGet(options, settings, *EngineMake(settings.m_iPropagationModel)));
 }
 
-std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settings& settings)
+/// With the settings of the run.
+std::optional<PredictAreaRun> AreaRun(const PredictOptions& options, const Settings& settings,
+                                      SunSpotSource eSource)
 {
+    PredictAreaRun run{settings, {}};
     AreaRequest input = AreaRequestFromSettings(settings);
+    input.eSunSpotSource = eSource;
     input.iHour = options.area.iHour;
     input.fFrequency = options.area.fFrequency / 1000.0F;
     const bool bOverDateLine = options.area.dEast <= options.area.dWest;
-    std::vector<AreaPoint> aPoint;
-    bool bOk = true;
     for (const AreaBox& box :
          AreaBoxesGet({options.area.dSouth, options.area.dNorth, options.area.dWest,
                        options.area.dEast + (bOverDateLine ? 360.0 : 0.0)})) {
@@ -167,10 +159,24 @@ std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settin
         input.dSouth = box.dBottom;
         input.dWest = box.dLeft;
         input.dEast = box.dRight;
-        bOk = bOk && AreaPointsAppend(input, aPoint);
+        std::vector<AreaPoint> aPoints;
+        if (FailuresShow(AreaPointsRead(input, aPoints)))
+            return std::nullopt;
+        run.aBoxes.push_back({input, std::move(aPoints)});
     }
-    if (!bOk)
+    return run;
+}
+
+/// Both boxes of an area that crosses longitude 180 as one list.
+std::optional<PredictOutput> AreaGet(const PredictOptions& options, const Settings& settings,
+                                     SunSpotSource eSource)
+{
+    const auto run = AreaRun(options, settings, eSource);
+    if (!run)
         return std::nullopt;
+    std::vector<AreaPoint> aPoint;
+    for (const PredictAreaBox& box : run->aBoxes)
+        aPoint.insert(aPoint.end(), box.aPoints.begin(), box.aPoints.end());
     return PredictOutput{options.eFormat == PredictFormat::Json ? PredictAreaJsonGet(aPoint)
                                                                 : PredictAreaCsvGet(aPoint)};
 }
@@ -187,6 +193,15 @@ std::optional<PredictPath> PredictPathGet(const PredictOptions& options)
     return path;
 }
 
+std::optional<PredictAreaRun> PredictAreaRunGet(const PredictOptions& options)
+{
+    Settings settings = options.settings;
+    SunSpotRun ssn;
+    if (!RangesCheck(options) || !SettingsComplete(options, settings, ssn))
+        return std::nullopt;
+    return AreaRun(options, settings, ssn.eSource);
+}
+
 std::optional<PredictOutput> PredictRunGet(const PredictOptions& options, bool bColor)
 {
     if (options.bStations)
@@ -201,5 +216,5 @@ std::optional<PredictOutput> PredictRunGet(const PredictOptions& options, bool b
         return TextOutput(PredictReachGet(options, settings, ssn.eSource));
     if (options.iCompare != -1)
         return PredictCompareGet(options, settings, ssn.eSource);
-    return options.bDay ? DayGet(options, settings) : AreaGet(options, settings);
+    return options.bDay ? DayGet(options, settings) : AreaGet(options, settings, ssn.eSource);
 }

@@ -5,9 +5,10 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/predict/PredictOptions.h"
-#include "propagation/PropagationTable.h"
+#include "propagation/Prediction.h"
 #include "settings/SunSpotLib.h"
 
 struct PredictOutput {
@@ -21,6 +22,20 @@ struct PredictPath {
     PropagationTable table;
     bool bWhole = true;  ///< as in PredictOutput
 };
+
+struct PredictAreaBox {
+    AreaRequest request;  ///< of the run
+    std::vector<AreaPoint> aPoints;
+};
+
+struct PredictAreaRun {
+    Settings settings;                   ///< as in PredictPath
+    std::vector<PredictAreaBox> aBoxes;  ///< two where the area crosses longitude 180
+};
+
+/// Runs the prediction of an area for one hour and frequency. Boxes come out on the way.
+/// @return nothing when it failed (a box has told why)
+[[nodiscard]] std::optional<PredictAreaRun> PredictAreaRunGet(const PredictOptions& options);
 
 /// Runs the prediction of a path. Boxes come out on the way.
 /// @return nothing when it failed (a box has told why)

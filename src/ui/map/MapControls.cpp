@@ -5,12 +5,10 @@
 #include <array>
 
 #include "ui/map/MapGraticule.h"
+#include "ui/map/MapMarkerPaint.h"
 
 namespace {
 
-constexpr int kFlagMargin = 4;
-constexpr int kPinLong = 9;
-constexpr int kPinRadius = 2;
 constexpr int kDotSize = 9;
 constexpr int kKeyStepLong = 10;
 
@@ -93,24 +91,17 @@ MarkerLabel::MarkerLabel(const QString& sText, bool bDark, QWidget* pParent)
     QFont fnt = font();
     fnt.setBold(true);
     setFont(fnt);
-    const QFontMetrics metrics(fnt);
-    const int nFlagHeight = metrics.height() + 2;
-    // Odd, so that the centre is a pixel.
-    const int nWidth = (metrics.horizontalAdvance(sText) + 2 * kFlagMargin) | 1;
-    resize(nWidth, 2 * (nFlagHeight + kPinLong) + 1);
-    const QRect rctPin(nWidth / 2 - kPinRadius, nFlagHeight, 2 * kPinRadius + 1,
-                       kPinLong + kPinRadius + 1);
+    resize(MarkerGetSize(sText, QFontMetrics(fnt)));
+    const QRect rctPin(width() / 2 - kMarkerPinRadius, height() / 2 - kMarkerPinLong,
+                       2 * kMarkerPinRadius + 1, kMarkerPinLong + kMarkerPinRadius + 1);
     setMask(QRegion(FlagGetRect()) + QRegion(rctPin));
 }
 
-QRect MarkerLabel::FlagGetRect() const { return {0, 0, width(), height() / 2 - kPinLong}; }
+QRect MarkerLabel::FlagGetRect() const { return MarkerGetFlag(size()); }
 
-QColor MarkerLabel::FillGetColor() const
-{
-    return m_bDark ? QColor(0x0B, 0x2E, 0x6B) : QColor(0xFF, 0xC8, 0x1E);
-}
+QColor MarkerLabel::FillGetColor() const { return MarkerGetFill(m_bDark); }
 
-QColor MarkerLabel::TextGetColor() const { return m_bDark ? Qt::white : Qt::black; }
+QColor MarkerLabel::TextGetColor() const { return MarkerGetTextColor(m_bDark); }
 
 bool MarkerLabel::event(QEvent* pEvent)
 {
@@ -152,28 +143,13 @@ void MarkerLabel::focusOutEvent(QFocusEvent* pEvent)
 
 void MarkerLabel::paintEvent(QPaintEvent* /*pEvent*/)
 {
-    const QColor clrFill = FillGetColor();
-    const QColor clrText = TextGetColor();
-    const QColor clrEdge = TextGetColor();
-    const QRect rctFlag = FlagGetRect();
-    const QPoint ptPin(width() / 2, height() / 2);
     QPainter painter(this);
-    painter.fillRect(QRect(ptPin.x() - 1, rctFlag.bottom(), 3, kPinLong + 1), clrEdge);
-    painter.fillRect(QRect(ptPin.x() - kPinRadius, ptPin.y() - kPinRadius, 2 * kPinRadius + 1,
-                           2 * kPinRadius + 1),
-                     clrEdge);
-    painter.fillRect(QRect(ptPin.x(), rctFlag.bottom(), 1, kPinLong + 1), clrFill);
-    painter.fillRect(QRect(ptPin - QPoint(1, 1), QSize(3, 3)), clrFill);
-    painter.setPen(clrEdge);
-    painter.setBrush(clrFill);
-    painter.drawRect(rctFlag.adjusted(0, 0, -1, -1));
-    painter.setPen(clrText);
-    painter.drawText(rctFlag, Qt::AlignCenter, m_sText);
+    MarkerPaint(painter, size(), m_sText, m_bDark);
     if (!hasFocus())
         return;
-    painter.setPen(QPen(clrText, 1, Qt::DotLine));
+    painter.setPen(QPen(TextGetColor(), 1, Qt::DotLine));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRect(rctFlag.adjusted(2, 2, -3, -3));
+    painter.drawRect(FlagGetRect().adjusted(2, 2, -3, -3));
 }
 
 StationDot::StationDot(int iSystem, QWidget* pParent) : MouseControl(pParent), m_iSystem(iSystem)

@@ -2,10 +2,8 @@
 
 #include <QClipboard>
 #include <QFileInfo>
-#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QPixmap>
 
 #include "propagation/RequestText.h"
 #include "system/ClockLib.h"
@@ -14,11 +12,11 @@
 #include "ui/common/LocationText.h"
 #include "ui/common/MainWindowHost.h"
 #include "ui/map/MapOverlayControl.h"
+#include "ui/map/MapPicture.h"
 #include "ui/page/PageFile.h"
 
 namespace {
 
-constexpr int kMargin = 6;  // pixels round the caption
 /// A name without a suffix gets the last one.
 constexpr const char* kFilter = "Picture or document (*.png *.pdf)|*.png";
 
@@ -68,27 +66,7 @@ QString MapExport::CaptionGet() const
 
 QImage MapExport::PictureGet() const
 {
-    const QPixmap pixMap = m_form.pctMap->grab();
-    const QString sCaption = CaptionGet();
-    const double dDensity = pixMap.devicePixelRatio();
-    const QFont font = m_window.font();
-    const int nWidth = m_form.pctMap->width();
-    const QRect rctText =
-        QFontMetrics(font)
-            .boundingRect(QRect(0, 0, nWidth - 2 * kMargin, m_form.pctMap->height()),
-                          Qt::TextWordWrap, sCaption)
-            .translated(kMargin, m_form.pctMap->height() + kMargin);
-    const int nHeight = rctText.bottom() + 1 + kMargin;
-    QImage image((QSizeF(nWidth, nHeight) * dDensity).toSize(), QImage::Format_RGB32);
-    image.setDevicePixelRatio(dDensity);
-    image.setText(QStringLiteral("Description"), sCaption);  // for who cannot see it
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.drawPixmap(0, 0, pixMap);
-    painter.setFont(font);
-    painter.setPen(Qt::black);
-    painter.drawText(rctText, Qt::TextWordWrap, sCaption);
-    return image;
+    return CaptionAdd(m_form.pctMap->grab().toImage(), CaptionGet(), m_window.font());
 }
 
 void MapExport::Copy() const { QGuiApplication::clipboard()->setImage(PictureGet()); }
