@@ -108,6 +108,14 @@ const SnrBand& SnrBandOfTable(float fSnr, float fPower, Palette ePalette)
     return fPower > 0.0F ? SnrBandOfCell(fSnr, ePalette) : SnrBandGet(fSnr, ePalette);
 }
 
+const SnrBand* SnrBandOfColor(std::uint32_t nColor, Palette ePalette)
+{
+    const std::span<const SnrBand> aStandard = SnrBandsGet();
+    const auto it = std::find_if(aStandard.begin(), aStandard.end(),
+                                 [nColor](const SnrBand& band) { return band.nColor == nColor; });
+    return it == aStandard.end() ? nullptr : &SnrBandsGet(ePalette)[it - aStandard.begin()];
+}
+
 std::uint32_t SnrGetColor(float fSnr) { return SnrBandGet(fSnr).nColor; }
 
 std::string SnrBandCaption(std::size_t iBand)

@@ -50,6 +50,10 @@ struct SnrBand {
 [[nodiscard]] const SnrBand& SnrBandOfTable(float fSnr, float fPower,
                                             Palette ePalette = Palette::Standard);
 
+/// The step of a palette in the place of a standard colour; null for any other colour. What is
+/// painted in the standard colours is shown in a palette by it.
+[[nodiscard]] const SnrBand* SnrBandOfColor(std::uint32_t nColor, Palette ePalette);
+
 /// The standard colour of an SNR. The jump from purple (55 dB) to blue (50 dB)
 /// sets clear voice (55 dB) apart.
 [[nodiscard]] std::uint32_t SnrGetColor(float fSnr);

@@ -145,6 +145,15 @@ TEST(SnrBands, NumbersOfNightStandOnABlackPlateAndThoseOfTheOthersOnTheirColour)
     EXPECT_EQ(SnrBandGet(50.0F, Palette::Night).nText, 0x0018FFU);
 }
 
+TEST(SnrBandOfColor, IsThatOfThePaletteInTheStandardColoursPlace)
+{
+    for (const Palette ePalette : kPalettes)
+        for (std::size_t i = 0; i < 8; ++i)
+            EXPECT_EQ(SnrBandOfColor(SnrBandsGet()[i].nColor, ePalette), &SnrBandsGet(ePalette)[i]);
+    EXPECT_EQ(SnrBandOfColor(0xFFFFFF, Palette::Safe), nullptr);
+    EXPECT_EQ(SnrBandOfColor(0x808081, Palette::Safe), nullptr);
+}
+
 TEST(ColorContrast, IsTheGuidelinesRatio)
 {
     EXPECT_NEAR(ColorContrast(0x000000, 0xFFFFFF), 21.0, 1e-9);

@@ -15,6 +15,7 @@
 #include "system/MsgLib.h"
 #include "system/PathLib.h"
 #include "ui/card/CardPage.h"
+#include "ui/common/PaletteShown.h"
 #include "ui/page/PageFile.h"
 
 namespace {
@@ -101,6 +102,7 @@ Page PageGet(const PredictOptions& options, const PredictPath& path)
 struct Predicted {
     std::function<Result<void>()> fnWrite;
     bool bWhole = true;  ///< as in PredictPath
+    Palette ePalette = Palette::Standard;
 };
 
 /// @return nothing when it failed (a box has told why)
@@ -112,18 +114,21 @@ std::optional<Predicted> Predict(const ExportAsked& asked)
         auto run = PredictAreaRunGet(options);
         if (!run)
             return std::nullopt;
+        const Palette ePalette = run->settings.m_ePalette;
         return Predicted{[run = std::move(*run), area = options.area, sFile] {
-            return ImageSave(AreaPictureGet(area, run), sFile);
-        }};
+                             return ImageSave(AreaPictureGet(area, run), sFile);
+                         },
+                         true, ePalette};
     }
     auto path = PredictPathGet(options);
     if (!path)
         return std::nullopt;
     const bool bWhole = path->bWhole;
+    const Palette ePalette = path->settings.m_ePalette;
     return Predicted{[path = std::move(*path), &options, sFile] {
                          return PageExport(PageGet(options, path), {}, sFile);
                      },
-                     bWhole};
+                     bWhole, ePalette};
 }
 
 int Export(const ExportAsked& asked)
@@ -144,6 +149,7 @@ int Export(const ExportAsked& asked)
     std::string sName = kProgram;
     char* asArguments[] = {sName.data(), nullptr};
     const QGuiApplication app(nArguments, asArguments);
+    PaletteShow(predicted->ePalette);
     if (const auto res = predicted->fnWrite(); !res)
         return Fail(kExitFailed, std::string(kExport) + ": " + res.TextGet());
     return predicted->bWhole ? kExitPredicted : kExitFailed;

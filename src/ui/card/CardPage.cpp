@@ -10,6 +10,7 @@
 #include "system/NumberLib.h"
 #include "ui/common/Colors.h"
 #include "ui/common/LocationText.h"
+#include "ui/common/PaletteShown.h"
 #include "ui/curves/CurvesPlot.h"
 
 namespace {
@@ -84,6 +85,7 @@ PagePicture CurvesGet(const PropagationTable& table, const CardAsked& asked)
     return {[pDay, view](QPainter& painter, const QRectF& rct, PageLook eLook) {
         CurvesView viewLook = view;
         viewLook.eLook = eLook;
+        viewLook.ePalette = PaletteOnPaper();
         CurvesPlot(rct, QFontMetricsF(painter.font(), painter.device()), *pDay, viewLook)
             .Paint(painter);
     }};

@@ -12,6 +12,8 @@
 
 #include "system/ClockLib.h"
 #include "ui/card/CardPage.h"
+#include "ui/common/NightColors.h"
+#include "ui/common/PaletteShown.h"
 
 namespace {
 
@@ -67,7 +69,8 @@ void CardPreview::paintEvent(QPaintEvent* /*pEvent*/)
     // Scaled on the screen's own dots; the painter's scaling would leave hair lines out.
     const QImage imgShown = m_imgSheet.scaled(size * devicePixelRatioF(), Qt::IgnoreAspectRatio,
                                               Qt::SmoothTransformation);
-    painter.drawImage(rctSheet, imgShown);
+    // In Night the sheet is black: a white one would be the brightest thing on board.
+    painter.drawImage(rctSheet, PaletteNightIs() ? NightNegative(imgShown) : imgShown);
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawRect(rctSheet.adjusted(-1, -1, 0, 0));
 }
@@ -97,6 +100,7 @@ frmCard::frmCard(PlanHost& host, PageForm& form)
         connect(pBox, &QComboBox::currentIndexChanged, this, &frmCard::ChoicesTake);
     for (auto fnSignal : {&SettingsSignal::TableRenewed, &SettingsSignal::NeedChosen})
         connect(&host.SettingsSignalGet(), fnSignal, this, &frmCard::SheetShow);
+    connect(&PaletteSignal::Get(), &PaletteSignal::Changed, this, &frmCard::SheetShow);
     const std::array<QWidget*, 6> apOrder{cmbPaper, cmbOrientation, cmbLook,
                                           cmdCopy,  cmdExport,      cmdPrint};
     for (std::size_t n = 1; n < apOrder.size(); ++n) setTabOrder(apOrder[n - 1], apOrder[n]);

@@ -8,9 +8,12 @@ QColor ColorFromBgr(std::uint32_t nBgr)
             static_cast<int>((nBgr >> 16U) & 0xFFU)};
 }
 
+std::uint32_t ColorToBgr(const QColor& clr)
+{
+    return static_cast<std::uint32_t>(clr.red() | (clr.green() << 8) | (clr.blue() << 16));
+}
+
 QColor TextColorOn(const QColor& clrBack)
 {
-    const auto nBgr =
-        static_cast<std::uint32_t>(clrBack.red() | (clrBack.green() << 8) | (clrBack.blue() << 16));
-    return ColorTakesBlackText(nBgr) ? QColor(Qt::black) : QColor(Qt::white);
+    return ColorTakesBlackText(ColorToBgr(clrBack)) ? QColor(Qt::black) : QColor(Qt::white);
 }

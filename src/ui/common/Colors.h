@@ -10,6 +10,9 @@
 /// The colour of a 0x00BBGGRR value.
 [[nodiscard]] QColor ColorFromBgr(std::uint32_t nBgr);
 
+/// The same back; alpha is of no account.
+[[nodiscard]] std::uint32_t ColorToBgr(const QColor& clr);
+
 /// Black or white, whichever reads better on the colour (contrast of relative luminances, WCAG 2.1,
 /// "contrast ratio").
 [[nodiscard]] QColor TextColorOn(const QColor& clrBack);

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "ui/common/BandPaint.h"
 #include "ui/common/GridControl.h"
 
 namespace {
@@ -32,18 +33,46 @@ void FramePaint(QPainter& painter, const QRect& rect, const QColor& clrOuter,
 }
 
 /// A triangle in the upper right corner; inside the frame of the selected cell.
-void CornerPaint(QPainter& painter, const QRect& rect, bool bFrame, const QColor& clr)
+/// In the text's colour; with a plate under the text, on one of its own.
+void CornerPaint(QPainter& painter, const QRect& rect, bool bFrame, const CellColors& colors)
 {
     constexpr int kFrame = 3;
     const int nInset = bFrame ? kFrame : 1;  // off the white line between two cells
     const int nSide = std::max(4, rect.height() / 4);
     const QPoint pnt(rect.right() - nInset, rect.top() + nInset);
+    const auto Triangle = [&painter, &pnt](int nLong, const QColor& clr) {
+        painter.setBrush(clr);
+        painter.drawPolygon(QPolygon({pnt, pnt - QPoint(nLong, 0), pnt + QPoint(0, nLong)}));
+    };
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(clr);
-    painter.drawPolygon(QPolygon({pnt, pnt - QPoint(nSide, 0), pnt + QPoint(0, nSide)}));
+    if (colors.clrGround != colors.clrBack)
+        Triangle(nSide + 3, colors.clrGround);
+    Triangle(nSide, colors.clrText);
     painter.restore();
+}
+
+/// A cell as the palette in force has it. What is marked in the colours of the selection has
+/// those of the window.
+CellColors ColorsOf(const GridCell& cell, const QPalette& palette, bool bStale)
+{
+    const QColor clrBase = palette.color(QPalette::Base);
+    const QColor clrText = cell.clrFore.isValid() ? cell.clrFore : palette.color(QPalette::Text);
+    if (!cell.clrBack.isValid())
+        return {clrBase, clrText, clrBase};
+    if (cell.clrBack == palette.color(QPalette::Highlight))
+        return {cell.clrBack, clrText, cell.clrBack};
+    CellColors colors = CellColorsGet(cell.clrBack, clrText, PaletteShown());
+    const bool bPlate = colors.clrGround != colors.clrBack;
+    if (!bStale)
+        return colors;
+    colors.clrBack = Mix(colors.clrBack, clrBase, kStaleShare);
+    if (!bPlate) {
+        colors.clrGround = colors.clrBack;
+        colors.clrText = TextColorOn(colors.clrBack);
+    }
+    return colors;
 }
 
 QFont CellFont(const QWidget& widget, const GridCell& cell)
@@ -62,16 +91,11 @@ void GridDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
 {
     const GridCell& cell = m_pGrid->CellGet(index.row() + 1, index.column() + 1);
     const QPalette& palette = m_pGrid->palette();
-    QColor clrBack = cell.clrBack.isValid() ? cell.clrBack : palette.color(QPalette::Base);
-    QColor clrFore = cell.clrFore.isValid() ? cell.clrFore : palette.color(QPalette::Text);
-    if (m_pGrid->StaleGet() && cell.clrBack.isValid()) {
-        clrBack = Mix(clrBack, palette.color(QPalette::Base), kStaleShare);
-        clrFore = TextColorOn(clrBack);
-    }
+    const CellColors colors = ColorsOf(cell, palette, m_pGrid->StaleGet());
     pPainter->save();
     pPainter->fillRect(option.rect, palette.color(QPalette::Base));
     const QRect rectFill = option.rect.adjusted(0, 0, -1, -1);
-    pPainter->fillRect(rectFill, clrBack);
+    pPainter->fillRect(rectFill, colors.clrBack);
     if (cell.bHatch)
         pPainter->fillRect(rectFill, QBrush(palette.color(QPalette::Mid), Qt::BDiagPattern));
     if (cell.bFrame) {
@@ -79,18 +103,17 @@ void GridDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
         const QColor clrBase = palette.color(QPalette::Base);
         FramePaint(*pPainter, option.rect, clrText, clrBase);
     } else if (m_pGrid->hasFocus() && index == m_pGrid->currentIndex()) {
-        pPainter->setPen(QPen(clrFore, 1, Qt::DotLine));
+        pPainter->setPen(QPen(colors.clrText, 1, Qt::DotLine));
         pPainter->setBrush(Qt::NoBrush);
         pPainter->drawRect(option.rect.adjusted(1, 1, -2, -2));
     }
     if (cell.bMet)
-        CornerPaint(*pPainter, option.rect, cell.bFrame, clrFore);
-    pPainter->setPen(clrFore);
+        CornerPaint(*pPainter, option.rect, cell.bFrame, colors);
     pPainter->setFont(CellFont(*m_pGrid, cell));
     const bool bCentre = cell.eAlignment.testFlag(Qt::AlignHCenter);
     const int nPadding = bCentre ? 0 : kGridPadding;
-    pPainter->drawText(option.rect.adjusted(nPadding, 0, -nPadding, 0),
-                       cell.eAlignment.toInt() | Qt::TextSingleLine, cell.sText);
+    CellTextPaint(*pPainter, rectFill, option.rect.adjusted(nPadding, 0, -nPadding, 0),
+                  cell.eAlignment, cell.sText, colors);
     pPainter->restore();
 }
 

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScreen>
+#include <QScrollBar>
 #include <QUrl>
 #include <QWindow>
 #include <utility>
@@ -12,6 +13,8 @@
 #include "system/FileLib.h"
 #include "system/MsgLib.h"
 #include "system/PathLib.h"
+#include "ui/common/NightColors.h"
+#include "ui/common/PaletteShown.h"
 
 namespace {
 
@@ -87,7 +90,8 @@ void GuideShow(const std::string& sProgramFolder)
         }
         return;
     }
-    if (!BrowserOpen(QUrl::fromLocalFile(sFile)))
+    // A browser's window would be white.
+    if (PaletteNightIs() || !BrowserOpen(QUrl::fromLocalFile(sFile)))
         GuideWindowShow(sFile);
 }
 
@@ -108,6 +112,24 @@ frmGuide::frmGuide(const QString& sFile)
     setOpenExternalLinks(true);
     resize(kWindowSize.boundedTo(screen()->availableSize() - kFrameSize));
     setSource(QUrl::fromLocalFile(sFile));
+    connect(&PaletteSignal::Get(), &PaletteSignal::Changed, this, [this] {
+        const int nPlace = verticalScrollBar()->value();
+        reload();
+        verticalScrollBar()->setValue(nPlace);
+    });
+}
+
+QVariant frmGuide::loadResource(int nType, const QUrl& url)
+{
+    const QVariant varLoaded = QTextBrowser::loadResource(nType, url);
+    if (nType != QTextDocument::ImageResource || !PaletteNightIs())
+        return varLoaded;
+    QImage img;
+    if (varLoaded.metaType() == QMetaType::fromType<QByteArray>())
+        img.loadFromData(varLoaded.toByteArray());
+    else
+        img = varLoaded.value<QImage>();
+    return img.isNull() ? varLoaded : QVariant(NightNegative(img));
 }
 
 void frmGuide::keyPressEvent(QKeyEvent* pEvent)

@@ -20,8 +20,8 @@ using GuideOpenFn = std::function<bool(const QUrl& url)>;
 /// @param sProgramFolder  host path of the program's folder
 [[nodiscard]] std::string GuideFileGet(const std::string& sProgramFolder);
 
-/// Shows the guide in the system's browser, else in a window of its own. Missing pages are told in
-/// a box.
+/// Shows the guide in the system's browser, else and in Night in a window of its own. Missing pages
+/// are told in a box.
 /// @param sProgramFolder  host path of the program's folder
 void GuideShow(const std::string& sProgramFolder);
 
@@ -36,6 +36,9 @@ class frmGuide final : public QTextBrowser {
     Q_OBJECT
 public:
     explicit frmGuide(const QString& sFile);
+
+    /// Pictures by night are negatives in reds.
+    QVariant loadResource(int nType, const QUrl& url) override;
 
 protected:
     void keyPressEvent(QKeyEvent* pEvent) override;

@@ -7,11 +7,18 @@
 #include <QMenu>
 #include <algorithm>
 
+#include "ui/common/NightColors.h"
+#include "ui/common/PaletteShown.h"
+
 LocationField::LocationField(QWidget* pParent) : QLineEdit(pParent)
 {
     setDragEnabled(false);
     setAcceptDrops(false);
     KindSet(LocationKind::Latitude);
+    connect(&PaletteSignal::Get(), &PaletteSignal::Changed, this, [this] {
+        if (m_bMark)
+            MarkPaint();
+    });
 }
 
 void LocationField::KindSet(LocationKind eKind)
@@ -36,11 +43,7 @@ void LocationField::MarkSet(const QString& sWhy)
     if (bMark && !m_bMark) {
         m_sTip = toolTip();
         m_sAbout = accessibleDescription();
-        // Dark red on light red: 6.8:1.
-        QPalette pal = palette();
-        pal.setColor(QPalette::Base, QColor(0xFF, 0xE0, 0xE0));
-        pal.setColor(QPalette::Text, QColor(0xA0, 0x00, 0x00));
-        setPalette(pal);
+        MarkPaint();
     } else if (!bMark && m_bMark) {
         setPalette(QPalette());
     }
@@ -49,6 +52,16 @@ void LocationField::MarkSet(const QString& sWhy)
         setAccessibleDescription(bMark ? sWhy : m_sAbout);
     }
     m_bMark = bMark;
+}
+
+/// Dark red on light red, 6.8:1; in Night, where all is red, black on red.
+void LocationField::MarkPaint()
+{
+    QPalette pal = QApplication::palette(this);
+    const bool bNight = PaletteNightIs();
+    pal.setColor(QPalette::Base, bNight ? QColor(kNightInk) : QColor(0xFF, 0xE0, 0xE0));
+    pal.setColor(QPalette::Text, bNight ? QColor(Qt::black) : QColor(0xA0, 0x00, 0x00));
+    setPalette(pal);
 }
 
 void LocationField::TextSet(const QString& sText)

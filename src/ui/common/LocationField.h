@@ -54,6 +54,7 @@ protected:
     void focusInEvent(QFocusEvent* pEvent) override;
 
 private:
+    void MarkPaint();
     [[nodiscard]] int Length() const { return static_cast<int>(text().length()); }
     /// A text to go back to: what was typed without a step of the caret, or pasted, is one entry.
     struct Entry {

@@ -5,6 +5,7 @@
 
 #include "system/MsgLib.h"
 #include "ui/common/BoxOpen.h"
+#include "ui/common/NightPointer.h"
 
 namespace {
 
@@ -27,7 +28,7 @@ void BoxShow(MsgIcon eIcon, const std::string& sText)
                     QMessageBox::Ok, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     // A busy pointer over a box that waits for the user would mislead.
-    QApplication::setOverrideCursor(Qt::ArrowCursor);
+    QApplication::setOverrideCursor(PointerGet(Qt::ArrowCursor));
     box.exec();
     QApplication::restoreOverrideCursor();
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/common/PaletteShown.h"
 #include "ui/curves/CurvesTable.h"
 
 namespace {
@@ -26,6 +27,10 @@ CurvesControl::CurvesControl(QWidget* pParent) : QWidget(pParent)
     setAccessibleDescription(tr("Left and right change the hour, up and down the frequency."));
     ColoursTake();
     NameShow();
+    connect(&PaletteSignal::Get(), &PaletteSignal::Changed, this, [this] {
+        ColoursTake();
+        update();
+    });
 }
 
 QSize CurvesControl::minimumSizeHint() const { return kLeast; }
@@ -93,6 +98,7 @@ void CurvesControl::ColoursTake()
 {
     m_view.clrPaper = palette().color(QPalette::Base);
     m_view.clrInk = palette().color(QPalette::Text);
+    m_view.ePalette = PaletteShown();
 }
 
 QFont CurvesControl::FontGet() const

@@ -38,6 +38,13 @@ QColor Faded(const QColor& clr, const QColor& clrPaper)
             Part(clr.blue(), clrPaper.blue())};
 }
 
+/// A colour of the scale may be the paper's own: black in Night, white in Print.
+bool HiddenIs(const QColor& clr, const QColor& clrPaper)
+{
+    constexpr double kSeen = 1.1;
+    return ColorContrast(ColorToBgr(clr), ColorToBgr(clrPaper)) < kSeen;
+}
+
 }  // namespace
 
 CurvesPlot::CurvesPlot(const QRectF& rct, const QFontMetricsF& metrics, const DayCurves& day,
@@ -202,8 +209,13 @@ void CurvesPlot::RibbonPaint(QPainter& painter, int iRibbon) const
             continue;
         const QRectF rct = CellRect({iHour, iRibbon});
         if (m_view.eLook == PageLook::Colour) {
-            const QColor clr = ColorFromBgr(SnrBandOfCell(fSnr).nColor);
+            const QColor clr = ColorFromBgr(SnrBandOfCell(fSnr, m_view.ePalette).nColor);
             painter.fillRect(rct, m_view.bOld ? Faded(clr, m_view.clrPaper) : clr);
+            if (HiddenIs(clr, m_view.clrPaper)) {
+                painter.setPen(QPen(Faded(m_view.clrInk, m_view.clrPaper), 0));
+                painter.setBrush(Qt::NoBrush);
+                painter.drawRect(rct);
+            }
         } else if (fSnr >= m_view.fNeed) {
             painter.fillRect(rct, Qt::black);
         } else {

@@ -18,6 +18,7 @@
 #include <optional>
 #include <vector>
 
+#include "settings/Palette.h"
 #include "studies/curves/Curves.h"
 #include "ui/page/Page.h"
 
@@ -32,6 +33,7 @@ struct CurvesView {
     QColor clrPaper = Qt::white;
     QColor clrInk = Qt::black;
     PageLook eLook = PageLook::Colour;
+    Palette ePalette = Palette::Standard;
 };
 
 struct CurvesCell {

@@ -9,6 +9,7 @@
 #include "system/ClockLib.h"
 #include "system/NumberLib.h"
 #include "ui/common/LocationText.h"
+#include "ui/common/PaletteShown.h"
 #include "ui/curves/CurvesTable.h"
 
 namespace {
@@ -109,6 +110,7 @@ Page frmCurves::PageGet() const
     picture.fnPaint = [pDay, view](QPainter& painter, const QRectF& rct, PageLook eLook) {
         CurvesView viewPage = view;
         viewPage.eLook = eLook;
+        viewPage.ePalette = PaletteOnPaper();
         CurvesPlot(rct, QFontMetricsF(painter.font(), painter.device()), *pDay, viewPage)
             .Paint(painter);
     };

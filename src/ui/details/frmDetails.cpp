@@ -212,10 +212,9 @@ void frmDetails::RowFill(int iRow, const PropagationTable& table)
 QColor frmDetails::SnrTextColor(const SnrBand& band) const
 {
     const QColor clrSelection = palette().color(QPalette::HighlightedText);
-    const auto nSelection = static_cast<std::uint32_t>(
-        clrSelection.red() | clrSelection.green() << 8 | clrSelection.blue() << 16);
-    return ColorContrast(nSelection, band.nColor) >= kContrastLeast ? clrSelection
-                                                                    : ColorFromBgr(band.nText);
+    return ColorContrast(ColorToBgr(clrSelection), band.nColor) >= kContrastLeast
+               ? clrSelection
+               : ColorFromBgr(band.nText);
 }
 
 void frmDetails::RowColor(int iRow, const QColor& clrBack, const QColor& clrFore)

@@ -4,10 +4,12 @@
 #include <QTimer>
 #include <utility>
 
+#include "ui/common/NightPointer.h"
+
 CommandQueue::Run::Run(CommandQueue& queue) : m_queue(queue)
 {
     m_queue.m_bRunning = true;
-    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QApplication::setOverrideCursor(PointerGet(Qt::WaitCursor));
 }
 
 CommandQueue::Run::~Run()

@@ -20,6 +20,7 @@
 #include "ui/main/AirmailCommands.h"
 #include "ui/main/ClockLine.h"
 #include "ui/main/FileCommands.h"
+#include "ui/main/PaletteCommands.h"
 #include "ui/main/PlanCommands.h"
 #include "ui/main/PositionEntry.h"
 #include "ui/main/StatusLine.h"
@@ -87,6 +88,7 @@ void frmMain::ActivationBegin()
     }
     resize(sizeHint().boundedTo(rectScreen.size()));
     m_pFile->ProfileRead();
+    m_pPalette->Take();  // by night nothing bright is shown, not even at first
     AirMailFoldersFind();
     RowsLayout();
     m_pEntry->Show(m_settings);

@@ -29,6 +29,7 @@
 class AirmailCommands;
 class ClockLine;
 class FileCommands;
+class PaletteCommands;
 class PlanCommands;
 class PositionEntry;
 class QTimer;
@@ -143,6 +144,7 @@ private:
     PositionEntry* m_pEntry = nullptr;
     StatusLine* m_pStatus = nullptr;
     NeedChooser* m_pNeed = nullptr;
+    PaletteCommands* m_pPalette = nullptr;
     PlanCommands* m_pPlan = nullptr;
     ClockLine* m_pClock = nullptr;
     FileCommands* m_pFile = nullptr;

@@ -8,10 +8,12 @@
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/Guide.h"
 #include "ui/common/NeedChooser.h"
+#include "ui/common/PaletteShown.h"
 #include "ui/common/Pictures.h"
 #include "ui/main/AirmailCommands.h"
 #include "ui/main/ClockLine.h"
 #include "ui/main/FileCommands.h"
+#include "ui/main/PaletteCommands.h"
 #include "ui/main/PlanCommands.h"
 #include "ui/main/PositionEntry.h"
 #include "ui/main/StatusLine.h"
@@ -56,6 +58,9 @@ void frmMain::PartsMake()
     m_pAirmail = new AirmailCommands(*this, *mnuTransmitter, this);
     m_table.emplace(*grdData, m_settings);
     m_run.emplace(m_settings, *grdData);
+    m_pPalette = new PaletteCommands(*this, this);
+    // The details' cells have the selection's text colour.
+    connect(&PaletteSignal::Get(), &PaletteSignal::Changed, this, [this] { DetailsFill(); });
     m_pOutput = new TableOutput(*this, *grdData, *this, this);
     connect(m_pCommands, &CommandQueue::UpdateAsked, this, &frmMain::Update);
     connect(m_pNeed, &NeedChooser::Chosen, &SettingsSignalGet(), &SettingsSignal::NeedChosen);
@@ -146,10 +151,13 @@ void frmMain::MenusConnect()
     connect(mnuView, &QMenu::aboutToShow, this, &frmMain::mnuViewOpen);
     int iTab = 0;
     for (QAction* pAction : {mnuOptionsAirMail, mnuOptionsModel, mnuOptionsFrequency,
-                             mnuOptionsTime, mnuOptionsMap, mnuOptionsStation}) {
+                             mnuOptionsTime, mnuOptionsMap, mnuOptionsStation, mnuOptionsColour}) {
         CommandConnect(pAction, [this, iTab] { m_windows.OptionsShow(iTab); });
         ++iTab;
     }
+    connect(mnuOptionsNight, &QAction::triggered, m_pPalette, &PaletteCommands::NightSwitch);
+    connect(mnuOptions, &QMenu::aboutToShow, this,
+            [this] { mnuOptionsNight->setChecked(m_settings.m_ePalette == Palette::Night); });
 }
 
 void frmMain::PlanConnect()

@@ -4,6 +4,8 @@
 #include <QPainterPath>
 #include <array>
 
+#include "ui/common/NightColors.h"
+#include "ui/common/PaletteShown.h"
 #include "ui/map/MapGraticule.h"
 #include "ui/map/MapMarkerPaint.h"
 
@@ -75,9 +77,17 @@ void PctMap::paintEvent(QPaintEvent* /*pEvent*/)
 {
     if (!m_img.isNull() && m_img.devicePixelRatio() != devicePixelRatioF())
         QMetaObject::invokeMethod(this, &PctMap::DensityChanged, Qt::QueuedConnection);
+    const MapLook look = MapLookGet(m_bOverlay);
+    if (look.PlainIs()) {
+        m_imgShown = QImage();  // a second hold on the picture would copy it at the next change
+    } else if (m_imgShown.isNull() || m_nShownKey != m_img.cacheKey() || look != m_lookShown) {
+        m_imgShown = MapPictureShown(m_img, look);
+        m_lookShown = look;
+        m_nShownKey = m_img.cacheKey();
+    }
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(kMapBackground));
-    painter.drawImage(0, 0, m_img);
+    painter.fillRect(rect(), QColor(MapColorShown(kMapBackground, look)));
+    painter.drawImage(0, 0, look.PlainIs() ? m_img : m_imgShown);
     if (m_fnLayersPaint)
         m_fnLayersPaint(painter);
 }
@@ -175,7 +185,9 @@ void StationDot::paintEvent(QPaintEvent* /*pEvent*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::black);
-    painter.setBrush(ColorGet());
+    const Palette ePalette = PaletteShown();
+    // By night the worst step is black on a black sea.
+    painter.setPen(ePalette == Palette::Night ? QColor(kNightInk) : QColor(Qt::black));
+    painter.setBrush(ColorInPalette(ColorGet(), ePalette));
     painter.drawPath(SymbolGetPath(m_iSystem, QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5)));
 }

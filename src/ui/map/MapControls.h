@@ -11,6 +11,7 @@
 #include <QWidget>
 #include <functional>
 
+#include "ui/map/MapColors.h"
 #include "ui/map/MapView.h"
 
 /// A control that hands its mouse on. Positions are the control's own pixels.
@@ -43,7 +44,8 @@ public:
     /// A picture of this control's size and density in the background's colour, unless it has them.
     void PictureSize();
 
-    QImage m_img;  ///< device pixels
+    QImage m_img;             ///< device pixels
+    bool m_bOverlay = false;  ///< the picture is outlines for cells
     std::function<void(QPainter&)> m_fnLayersPaint;
 
 Q_SIGNALS:
@@ -58,6 +60,11 @@ protected:
     void wheelEvent(QWheelEvent* pEvent) override { Q_EMIT Wheel(pEvent); }
     void focusInEvent(QFocusEvent* /*pEvent*/) override { Q_EMIT FocusMoved(true); }
     void focusOutEvent(QFocusEvent* /*pEvent*/) override { Q_EMIT FocusMoved(false); }
+
+private:
+    QImage m_imgShown;  // the picture in the colours in force
+    MapLook m_lookShown;
+    qint64 m_nShownKey = 0;
 };
 
 /// A marker: a flag with its text on a pin that stands in the control's centre, the place marked.

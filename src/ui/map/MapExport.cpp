@@ -11,6 +11,7 @@
 #include "ui/common/FileDialog.h"
 #include "ui/common/LocationText.h"
 #include "ui/common/MainWindowHost.h"
+#include "ui/common/PaletteShown.h"
 #include "ui/map/MapOverlayControl.h"
 #include "ui/map/MapPicture.h"
 #include "ui/page/PageFile.h"
@@ -66,6 +67,7 @@ QString MapExport::CaptionGet() const
 
 QImage MapExport::PictureGet() const
 {
+    const PaletteForPaper paper;
     return CaptionAdd(m_form.pctMap->grab().toImage(), CaptionGet(), m_window.font());
 }
 

@@ -6,6 +6,8 @@
 #include "propagation/SnrScale.h"
 #include "system/NumberLib.h"
 #include "ui/common/Colors.h"
+#include "ui/common/NightColors.h"
+#include "ui/common/PaletteShown.h"
 
 namespace {
 
@@ -100,22 +102,25 @@ void LegendPaint(QPainter& painter, const QRect& rct, const std::vector<LegendRo
 {
     const int nLine = LineGetHeight(painter.fontMetrics());
     const int nText = rct.width() - 2 * kMargin;
-    painter.setPen(QColor(0x60, 0x60, 0x60));
-    painter.setBrush(Qt::white);
+    const bool bNight = PaletteNightIs();
+    const QColor clrInk = bNight ? QColor(kNightInk) : QColor(Qt::black);
+    painter.setPen(bNight ? QColor(kNightEdge) : QColor(0x60, 0x60, 0x60));
+    painter.setBrush(bNight ? Qt::black : Qt::white);
     painter.drawRect(rct.adjusted(0, 0, -1, -1));
     QRect rctLine(rct.left() + kMargin, rct.top() + kMargin, nText, nLine);
-    painter.setPen(Qt::black);
+    painter.setPen(clrInk);
     painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, HeadText());
     for (const LegendRow& row : aRows) {
         rctLine.translate(0, nLine);
         const QRect rctSwatch(rctLine.left(), rctLine.top() + 2, kSwatch, nLine - 4);
-        painter.setPen(row.bDrawn ? Qt::black : Qt::gray);
-        painter.setBrush(row.bDrawn ? QBrush(QColor(row.nColor)) : QBrush(Qt::NoBrush));
+        painter.setPen(row.bDrawn ? clrInk : QColor(Qt::gray));
+        painter.setBrush(row.bDrawn ? QBrush(ColorInPalette(QColor(row.nColor), PaletteShown()))
+                                    : QBrush(Qt::NoBrush));
         painter.drawRect(rctSwatch.adjusted(0, 0, -1, -1));
         painter.drawText(rctLine.adjusted(kSwatch + kMargin, 0, 0, 0),
                          Qt::AlignLeft | Qt::AlignVCenter, row.sText);
     }
     rctLine.translate(0, nLine);
-    painter.setPen(Qt::black);
+    painter.setPen(clrInk);
     painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, MinText(fMinSnr));
 }

@@ -6,6 +6,8 @@
 #include <array>
 #include <cmath>
 
+#include "ui/common/PaletteShown.h"
+#include "ui/map/MapColors.h"
 #include "ui/map/MapEdgeArrow.h"
 #include "ui/map/MapGraticule.h"
 #include "ui/map/MapLegend.h"
@@ -80,6 +82,9 @@ QImage MapPictureGet(const MapPictureAsked& asked, const QFont& font)
     GraticulePaint(img, view, true, font);
     for (const OverlayShown& shown : asked.aBoxes) CellsPaint(img, view, shown.cell, shown.aPoints);
     GraticuleLabelsPaint(img, view, font);
+    const PaletteForPaper paper;
+    if (const MapLook look = MapLookGet(!asked.aBoxes.empty()); !look.PlainIs())
+        img = MapPictureShown(img, look);
     QFont fontMarker = font;
     fontMarker.setBold(true);
     const QPointF ptRc(view.LonGetX(view.LonGetOnScale(asked.posRc.dLon)),

@@ -82,6 +82,7 @@ void frmMap::ViewPaint()
         pctMap->m_img.fill(kMapBackground);
     WorldImagePaint(pctMap->m_img, m_view.m_rctSource, m_view.m_dEdge);
     m_bars.ViewFollow();
+    pctMap->m_bOverlay = m_overlay.IsShown();
     if (m_overlay.IsShown())
         m_overlay.MapOutline();
     GraticulePaint(pctMap->m_img, m_view, m_overlay.IsShown(), font());

@@ -12,6 +12,7 @@
 #include "settings/SunSpotLib.h"
 #include "system/ClockLib.h"
 #include "system/NumberLib.h"
+#include "ui/common/PaletteShown.h"
 #include "ui/common/ScrollPage.h"
 #include "ui/options/AntennaTip.h"
 #include "ui/options/AppIcon.h"
@@ -46,11 +47,16 @@ void TabOrderMove(QWidget* pBehind, const QWidget& page)
 }  // namespace
 
 frmOptions::frmOptions(MainWindowHost& host, QWidget* pParent)
-    : QDialog(pParent), tmrTime(new QTimer(this)), pagStation(new StationPage(this)), m_host(host)
+    : QDialog(pParent),
+      tmrTime(new QTimer(this)),
+      pagStation(new StationPage(this)),
+      pagColour(new ColourPage(this)),
+      m_host(host)
 {
     Ui::frmOptions::setupUi(this);
     Ui::OptionsModel::setupUi(pagModel);
     SSTab->addTab(pagStation, tr("S&tation"));
+    SSTab->addTab(pagColour, tr("Colo&urs"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowIcon(AppIconGet());
     PagesScroll();
@@ -92,11 +98,16 @@ void frmOptions::TabOrderSet()
 {
     TabOrderMove(SSTab, *pagModel);
     TabOrderMove(cmbMapWorldBegins, *pagStation);
+    TabOrderMove(pagStation->cmdNeedRestore, *pagColour);
 }
 
 void frmOptions::SignalsConnect()
 {
     connect(&m_host.SettingsSignalGet(), &SettingsSignal::Changed, this, &frmOptions::Update);
+    // Night is switched from elsewhere, too; the other tabs keep what was typed.
+    connect(&PaletteSignal::Get(), &PaletteSignal::Changed, this, [this] {
+        pagColour->cmbPalette->setCurrentIndex(static_cast<int>(m_host.SettingsGet().m_ePalette));
+    });
     connect(cmdApply, &QPushButton::clicked, this, &frmOptions::cmdApplyClick);
     connect(cmdCancel, &QPushButton::clicked, this, &frmOptions::cmdCancelClick);
     connect(cmdDefault, &QPushButton::clicked, this, &frmOptions::cmdDefaultClick);

@@ -16,6 +16,7 @@
 #include <string>
 
 #include "ui/common/MainWindowHost.h"
+#include "ui/options/ColourPage.h"
 #include "ui/options/FrequencyText.h"
 #include "ui/options/SettingControls.h"
 #include "ui/options/StationPage.h"
@@ -23,7 +24,15 @@
 #include "ui_frmOptions.h"
 
 /// The tabs, as TabShow counts them.
-enum OptionsTab { kTabAirmail, kTabModel, kTabFrequency, kTabTime, kTabMap, kTabStation };
+enum OptionsTab {
+    kTabAirmail,
+    kTabModel,
+    kTabFrequency,
+    kTabTime,
+    kTabMap,
+    kTabStation,
+    kTabColour
+};
 
 class frmOptions final : public QDialog, public Ui::frmOptions, public Ui::OptionsModel {
     Q_OBJECT
@@ -39,6 +48,7 @@ public:
 
     QTimer* tmrTime;  ///< the clocks' tick  NOLINT(readability-identifier-naming)
     StationPage* pagStation;
+    ColourPage* pagColour;
 
     void reject() override;  ///< Cancel, Escape and the close box
 protected:

@@ -2,7 +2,8 @@
 
 #include <cstddef>
 
-#include "ui/common/GridControl.h"
+#include "ui/common/Colors.h"
+#include "ui/common/PaletteShown.h"
 
 namespace {
 
@@ -49,9 +50,11 @@ QString TagsPut(const char* sTag, const QString& sText, const QString& sStyle = 
 QString CellHtml(const PageCell& cell)
 {
     QString sStyle;
-    if (cell.clrBack.isValid())
+    if (cell.clrBack.isValid()) {
+        const QColor clrBack = ColorInPalette(cell.clrBack, PaletteOnPaper());
         sStyle = QStringLiteral("background:%1;color:%2")
-                     .arg(cell.clrBack.name(), TextColorOn(cell.clrBack).name());
+                     .arg(clrBack.name(), TextColorOn(clrBack).name());
+    }
     return TagsPut("td", cell.sText.toHtmlEscaped(), sStyle);
 }
 

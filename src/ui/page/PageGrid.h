@@ -11,7 +11,7 @@
 
 struct PageCell {
     QString sText;
-    QColor clrBack;         ///< not valid: the paper's
+    QColor clrBack;         ///< not valid: the paper's; of the SNR, the standard one
     bool bStrong = false;   ///< meets the need
     bool bHatched = false;  ///< there is no value
 };

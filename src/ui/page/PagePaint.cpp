@@ -3,7 +3,8 @@
 #include <cmath>
 #include <cstddef>
 
-#include "ui/common/GridControl.h"
+#include "ui/common/Colors.h"
+#include "ui/common/PaletteShown.h"
 #include "ui/page/Page.h"
 
 namespace {
@@ -226,8 +227,9 @@ private:
         const bool bColour = m_eLook == PageLook::Colour;
         QColor clrText = Qt::black;
         if (bColour && cell.clrBack.isValid()) {
-            m_painter.fillRect(rct, cell.clrBack);
-            clrText = TextColorOn(cell.clrBack);
+            const QColor clrBack = ColorInPalette(cell.clrBack, PaletteOnPaper());
+            m_painter.fillRect(rct, clrBack);
+            clrText = TextColorOn(clrBack);
         }
         m_painter.setFont(FontGet(1.0, cell.bStrong));
         if (cell.bHatched || (!bColour && !cell.bStrong)) {

@@ -11,6 +11,7 @@
 #include "support/MsgRecorder.h"
 #include "support/TempFolder.h"
 #include "ui/common/Guide.h"
+#include "ui/common/PaletteShown.h"
 
 namespace {
 
@@ -54,6 +55,33 @@ TEST(GuideFile, LiesBesideTheProgramOrInTheShareFolder)
               folder.Path("bin") + "/../share/hopcast/guide/guide.html");
     folder.Write("bin/guide/guide.html", kPage);
     EXPECT_EQ(GuideFileGet(folder.Path("bin")), folder.Path("bin/guide/guide.html"));
+}
+
+TEST(GuideShow, InNightIsAWindowWithItsPicturesDark)
+{
+    const TempFolder folder;
+    QImage img(40, 30, QImage::Format_RGB32);
+    img.fill(Qt::white);
+    folder.Write("bin/guide/guide.html", "<p>text</p><img src=\"a.png\">");
+    ASSERT_TRUE(img.save(QString::fromStdString(folder.Path("bin/guide/a.png"))));
+    const Browser browser(true);
+    PaletteShow(Palette::Night);
+    GuideShow(folder.Path("bin"));
+    EXPECT_TRUE(browser.aUrl.empty()) << "a browser is white";
+    frmGuide* pGuide = WindowFind();
+    ASSERT_NE(pGuide, nullptr);
+    const auto PictureIs = [pGuide](const QColor& clr) {
+        const auto varPicture = pGuide->document()->resource(QTextDocument::ImageResource,
+                                                             QUrl(QStringLiteral("a.png")));
+        QImage imgShown = varPicture.value<QImage>();
+        if (varPicture.metaType() == QMetaType::fromType<QByteArray>())
+            imgShown.loadFromData(varPicture.toByteArray());
+        return imgShown.pixelColor(20, 15) == clr;
+    };
+    EXPECT_TRUE(PictureIs(Qt::black));
+    PaletteShow(Palette::Standard);
+    EXPECT_TRUE(PictureIs(Qt::white));
+    delete pGuide;
 }
 
 TEST(GuideShow, OpensThePageInTheSystemsBrowser)

@@ -374,8 +374,9 @@ TEST_F(FrmOptions, TabGoesThroughEachTabAsItIsRead)
         Q("optTimeCode0"),
         Q("txtMapOverlayMinSnr txtMapOverlayGridSize cmbMapWorldBegins"),
         Q("txtStationPower lstNeeds txtNeedName txtNeedSnr txtNeedSource cmdNeedAdd "
-          "cmdNeedChange cmdNeedRemove cmdNeedRestore")};
-    for (int i = 0; i < 6; ++i) {
+          "cmdNeedChange cmdNeedRemove cmdNeedRestore"),
+        Q("cmbPalette")};
+    for (int i = 0; i < 7; ++i) {
         frm.TabShow(i);
         EXPECT_EQ(TabWalk(frm).join(u' '), asExpected[i] + kButtons);
     }
@@ -385,9 +386,9 @@ TEST_F(FrmOptions, ControlTabTurnsThePages)
 {
     const frmOptions& frm = Open();
     frm.txtAirMailDirectory->setFocus();
-    for (int i = 1; i <= 6; ++i) {
+    for (int i = 1; i <= 7; ++i) {
         QTest::keyClick(frm.focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
-        EXPECT_EQ(frm.SSTab->currentIndex(), i % 6);
+        EXPECT_EQ(frm.SSTab->currentIndex(), i % 7);
     }
 }
 
@@ -408,7 +409,8 @@ TEST_F(FrmOptions, MnemonicsReachTheirControls)
                            Row{kTabMap, Qt::Key_G, frm.txtMapOverlayGridSize},
                            Row{kTabMap, Qt::Key_B, frm.cmbMapWorldBegins},
                            Row{kTabStation, Qt::Key_P, frm.pagStation->txtStationPower},
-                           Row{kTabStation, Qt::Key_F, frm.pagStation->lstNeeds}}) {
+                           Row{kTabStation, Qt::Key_F, frm.pagStation->lstNeeds},
+                           Row{kTabColour, Qt::Key_L, frm.pagColour->cmbPalette}}) {
         frm.TabShow(row.iTab);
         QTest::keyClick(&frm, row.eKey, Qt::AltModifier);
         EXPECT_TRUE(row.pWidget->hasFocus()) << row.pWidget->objectName().toStdString();
@@ -425,9 +427,9 @@ TEST_F(FrmOptions, MnemonicsReachTheirControls)
 TEST_F(FrmOptions, NoLetterIsTwoMnemonicsOfOneTab)
 {
     frmOptions& frm = Open();
-    for (int iTab = 0; iTab < 6; ++iTab) {
+    for (int iTab = 0; iTab < 7; ++iTab) {
         frm.TabShow(iTab);
-        QSet<QString> aTaken{Q("Alt+T")};  // the tab Station
+        QSet<QString> aTaken{Q("Alt+T"), Q("Alt+U")};  // the tabs Station and Colours
         for (const QWidget* pWidget : frm.findChildren<QWidget*>()) {
             if (!pWidget->isVisible())
                 continue;

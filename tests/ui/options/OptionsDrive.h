@@ -111,6 +111,8 @@ inline void EveryControlChange(frmOptions& frm)
     Type(frm.txtMapOverlayGridSize, QStringLiteral("77"));
     frm.TabShow(kTabMap);
     Choose(frm.cmbMapWorldBegins, 1);
+    frm.TabShow(kTabColour);
+    Choose(frm.pagColour->cmbPalette, 1);
     frm.TabShow(kTabTime);
     Press(frm.optTimeCode1);
     FrequenciesType(frm, QStringLiteral("3900\n7250\n14300"));
@@ -126,6 +128,7 @@ inline void EveryControlIsRestored(const frmOptions& frm)
     EXPECT_FALSE(frm.chkPropagationSunSpotNumber->isChecked());
     EXPECT_EQ(frm.txtMapOverlayGridSize->text(), QStringLiteral("77"));
     EXPECT_EQ(frm.cmbMapWorldBegins->currentIndex(), 1);
+    EXPECT_EQ(frm.pagColour->cmbPalette->currentIndex(), 1);
     EXPECT_TRUE(frm.optTimeCode1->isChecked());
     EXPECT_EQ(frm.txtFrequency->toPlainText(), QStringLiteral("3900\n7250\n14300"));
     int nBox = 0;

@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include "ui/common/PaletteShown.h"
 #include "ui/page/PageGrid.h"
 #include "ui/page/PageSample.h"
 
@@ -80,6 +81,22 @@ TEST(PageGrid, HtmlHasEveryCellWithItsColourAndReadableText)
         sHtml.contains(QStringLiteral("<td style=\"background:#00830a;color:#ffffff\">53</td>")))
         << sHtml.toStdString();
     EXPECT_TRUE(sHtml.contains(QStringLiteral("<td></td>"))) << "no value, no colour";
+}
+
+TEST(PageGrid, HtmlHasThePalettesColoursAndInNightTheStandardOnes)
+{
+    PageGrid grid = PageGridMake({}, {QStringLiteral("h")}, {QStringList()});
+    grid.CellGet(0, 0) = {QStringLiteral("52"), QColor(0, 0, 255)};
+    const auto Cell = [&grid](Palette ePalette) {
+        PaletteShow(ePalette);
+        const QString sHtml = PageGridHtml(grid);
+        PaletteShow(Palette::Standard);
+        return sHtml.mid(sHtml.indexOf(QStringLiteral("background")), 32);
+    };
+    EXPECT_EQ(Cell(Palette::Standard), QStringLiteral("background:#0000ff;color:#ffffff"));
+    EXPECT_EQ(Cell(Palette::Safe), QStringLiteral("background:#6c6e72;color:#ffffff"));
+    EXPECT_EQ(Cell(Palette::Print), QStringLiteral("background:#afafaf;color:#000000"));
+    EXPECT_EQ(Cell(Palette::Night), Cell(Palette::Standard));
 }
 
 TEST(PageGrid, HtmlEscapesTexts)

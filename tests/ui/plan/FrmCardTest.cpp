@@ -7,6 +7,7 @@
 #include "PlanRig.h"
 #include "support/ProgramRun.h"
 #include "ui/card/frmCard.h"
+#include "ui/common/PaletteShown.h"
 
 namespace {
 
@@ -38,6 +39,21 @@ TEST_F(FrmCard, ItsTableIsTheMainTable)
     EXPECT_EQ(frm.lblFoot->text(), page.sFoot);
     EXPECT_TRUE(page.sFoot.endsWith(QStringLiteral("need: E-mail, normal, 40 dB")))
         << page.sFoot.toStdString();
+}
+
+TEST_F(FrmCard, TheSheetFollowsThePaletteAndInNightIsTheStandardOneShownDark)
+{
+    frmCard& frm = Open();
+    const QImage imgStandard = frm.picPreview->SheetGet();
+    PaletteShow(Palette::Safe);
+    EXPECT_NE(frm.picPreview->SheetGet(), imgStandard);
+    PaletteShow(Palette::Night);
+    EXPECT_EQ(frm.picPreview->SheetGet(), imgStandard);
+    const QImage imgShown = frm.picPreview->grab().toImage();
+    const QRgb nPaper = imgShown.pixel(imgShown.width() / 2, 12);
+    PaletteShow(Palette::Standard);
+    EXPECT_EQ(QColor(nPaper), QColor(Qt::black));
+    EXPECT_EQ(frm.picPreview->SheetGet(), imgStandard);
 }
 
 TEST_F(FrmCard, ShowsTheSheetAsItIsChosen)

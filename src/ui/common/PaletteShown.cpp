@@ -1,0 +1,70 @@
+#include "ui/common/PaletteShown.h"
+
+#include <QApplication>
+#include <QWidget>
+#include <utility>
+
+#include "propagation/SnrScale.h"
+#include "ui/common/Colors.h"
+#include "ui/common/NightColors.h"
+#include "ui/common/NightStyle.h"
+
+namespace {
+
+Palette g_ePalette = Palette::Standard;
+int g_nForPaper = 0;
+
+const SnrBand* BandGet(const QColor& clr, Palette ePalette)
+{
+    return clr.isValid() && clr.alpha() == 255 ? SnrBandOfColor(ColorToBgr(clr), ePalette)
+                                               : nullptr;
+}
+
+}  // namespace
+
+Palette PaletteShown() { return PaletteForPaper::Is() ? PaletteOnPaper() : g_ePalette; }
+
+Palette PaletteOnPaper() { return g_ePalette == Palette::Night ? Palette::Standard : g_ePalette; }
+
+bool PaletteNightIs() { return PaletteShown() == Palette::Night; }
+
+void PaletteShow(Palette ePalette)
+{
+    if (std::exchange(g_ePalette, ePalette) == ePalette)
+        return;
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr) {
+        NightSet(ePalette == Palette::Night);
+        for (QWidget* pWidget : QApplication::allWidgets()) pWidget->update();
+    }
+    Q_EMIT PaletteSignal::Get().Changed();
+}
+
+PaletteSignal& PaletteSignal::Get()
+{
+    static PaletteSignal s_signal;
+    return s_signal;
+}
+
+PaletteForPaper::PaletteForPaper() { ++g_nForPaper; }
+
+PaletteForPaper::~PaletteForPaper() { --g_nForPaper; }
+
+bool PaletteForPaper::Is() { return g_nForPaper > 0; }
+
+CellColors CellColorsGet(const QColor& clrBack, const QColor& clrText, Palette ePalette)
+{
+    if (ePalette == Palette::Standard)
+        return {clrBack, clrText, clrBack};
+    if (const SnrBand* pBand = BandGet(clrBack, ePalette))
+        return {ColorFromBgr(pBand->nColor), ColorFromBgr(pBand->nText),
+                ColorFromBgr(pBand->nGround)};
+    if (ePalette == Palette::Night)
+        return {QColor(NightRed(clrBack.rgb())), QColor(kNightInk), Qt::black};
+    return {clrBack, clrText, clrBack};
+}
+
+QColor ColorInPalette(const QColor& clr, Palette ePalette)
+{
+    const SnrBand* pBand = BandGet(clr, ePalette);
+    return pBand != nullptr ? ColorFromBgr(pBand->nColor) : clr;
+}

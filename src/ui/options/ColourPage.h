@@ -1,0 +1,32 @@
+/// @file ColourPage.h
+/// The tab Colours of the options: the palette of the SNR, and how its bands will look. The choice
+/// is read and written with the other settings; Ctrl+Shift+N may change it meanwhile.
+///
+/// Units:   dB in 1 Hz.
+/// Tests:   tests/ui/options/FrmOptionsColourTest.cpp
+#pragma once
+
+#include <QComboBox>
+#include <QLabel>
+#include <QWidget>
+#include <vector>
+
+#include "settings/Palette.h"
+
+class BandLabel;
+
+class ColourPage final : public QWidget {
+    Q_OBJECT
+public:
+    explicit ColourPage(QWidget* pParent);
+    /// What is chosen here.
+    [[nodiscard]] Palette PaletteGet() const;
+
+    QComboBox* cmbPalette;
+    QLabel* lblPaletteAbout;
+    std::vector<BandLabel*> m_apBand;  ///< the preview, from the best down
+
+private:
+    QWidget* PreviewMake();
+    void cmbPaletteClick();
+};
