@@ -31,6 +31,8 @@ QRgb NightRed(QRgb nPixel)
 
 void NightReds(QImage& img) { PixelsChange(img, NightRed); }
 
+QRgb NightNegative(QRgb nPixel) { return RedGet(255 - qGray(nPixel), qAlpha(nPixel)); }
+
 QImage NightNegative(const QImage& img)
 {
     QImage imgNight = img.convertToFormat(QImage::Format_ARGB32);
@@ -40,6 +42,6 @@ QImage NightNegative(const QImage& img)
         bReds = std::all_of(pRow, pRow + imgNight.width(), RedIs);
     }
     if (!bReds)
-        PixelsChange(imgNight, [](QRgb n) { return RedGet(255 - qGray(n), qAlpha(n)); });
+        PixelsChange(imgNight, [](QRgb n) { return NightNegative(n); });
     return imgNight;
 }

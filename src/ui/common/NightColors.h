@@ -20,6 +20,8 @@ inline constexpr QRgb kNightEdge = qRgb(0x85, 0x00, 0x00);  ///< frames and line
 /// Every pixel of a picture; one without 32 bits a pixel becomes such.
 void NightReds(QImage& img);
 
+/// The red of the opposite lightness: black for white.
+[[nodiscard]] QRgb NightNegative(QRgb nPixel);
 /// A picture for eyes used to the dark: of one that has other colours than reds the negative, so
 /// that white paper is black. A picture in reds stays as it is.
 [[nodiscard]] QImage NightNegative(const QImage& img);

@@ -59,7 +59,7 @@ CellColors CellColorsGet(const QColor& clrBack, const QColor& clrText, Palette e
         return {ColorFromBgr(pBand->nColor), ColorFromBgr(pBand->nText),
                 ColorFromBgr(pBand->nGround)};
     if (ePalette == Palette::Night)
-        return {QColor(NightRed(clrBack.rgb())), QColor(kNightInk), Qt::black};
+        return {QColor(NightNegative(clrBack.rgb())), QColor(kNightInk), Qt::black};
     return {clrBack, clrText, clrBack};
 }
 

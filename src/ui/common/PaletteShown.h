@@ -52,7 +52,8 @@ struct CellColors {
 };
 
 /// A cell with the colours of the standard scale, or others of its own, in a palette. Night has
-/// plates under all numbers; the other palettes leave what is not of the scale as it is.
+/// plates under all numbers and shows what is not of the scale the darker the lighter it is, as
+/// tables of other values are mostly white; the other palettes leave that as it is.
 [[nodiscard]] CellColors CellColorsGet(const QColor& clrBack, const QColor& clrText,
                                        Palette ePalette);
 

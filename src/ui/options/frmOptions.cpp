@@ -56,7 +56,7 @@ frmOptions::frmOptions(MainWindowHost& host, QWidget* pParent)
     Ui::frmOptions::setupUi(this);
     Ui::OptionsModel::setupUi(pagModel);
     SSTab->addTab(pagStation, tr("S&tation"));
-    SSTab->addTab(pagColour, tr("Colo&urs"));
+    SSTab->addTab(pagColour, tr("Colours"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowIcon(AppIconGet());
     PagesScroll();
@@ -125,6 +125,7 @@ void frmOptions::SignalsConnect()
     connect(lstHamVoiceBands, &QListWidget::itemDoubleClicked, this, &frmOptions::BandAppend);
     connect(tmrTime, &QTimer::timeout, this, &frmOptions::tmrTimeTick);
     lstHamVoiceBands->installEventFilter(this);
+    for (QComboBox* pList : findChildren<QComboBox*>()) pList->installEventFilter(this);
 }
 
 /// The sources of the sunspot number: ticking one unticks the other.
@@ -179,6 +180,15 @@ bool frmOptions::eventFilter(QObject* pObject, QEvent* pEvent)
         && static_cast<QKeyEvent*>(pEvent)->key() == Qt::Key_Space) {
         BandAppend();
         return true;
+    }
+    // A list would look for an entry that begins with a tab; the pages turn instead.
+    if (pEvent->type() == QEvent::KeyPress && qobject_cast<QComboBox*>(pObject) != nullptr) {
+        const auto* pKey = static_cast<QKeyEvent*>(pEvent);
+        if ((pKey->key() == Qt::Key_Tab || pKey->key() == Qt::Key_Backtab)
+            && (pKey->modifiers() & Qt::ControlModifier) != 0) {
+            pEvent->ignore();
+            return true;
+        }
     }
     return QDialog::eventFilter(pObject, pEvent);
 }

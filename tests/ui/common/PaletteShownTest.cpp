@@ -114,7 +114,7 @@ TEST(Palettes, OfWhatIsNotOfTheScaleOnlyNightChangesColoursAndGivesItPlates)
             EXPECT_EQ(colors.clrText, QColor(Qt::black));
             continue;
         }
-        EXPECT_EQ(colors.clrBack, QColor(NightRed(clr.rgb())));
+        EXPECT_EQ(colors.clrBack, QColor(NightNegative(clr.rgb())));
         EXPECT_EQ(colors.clrGround, QColor(Qt::black));
         EXPECT_EQ(colors.clrText, QColor(kNightInk));
     }

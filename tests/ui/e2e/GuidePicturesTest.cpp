@@ -17,6 +17,7 @@
 #include "support/NeedVoacapl.h"
 #include "ui/card/frmCard.h"
 #include "ui/common/MsgWindow.h"
+#include "ui/common/PaletteShown.h"
 #include "ui/curves/frmCurves.h"
 #include "ui/details/frmDetails.h"
 #include "ui/e2e/RealRig.h"
@@ -209,6 +210,17 @@ TEST(GuidePictures, Card)
     EXPECT_TRUE(rig.m_msg.m_aShown.empty());
 }
 
+TEST(GuidePictures, Night)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    QTest::keyClick(frm.grdData, Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_TRUE(PaletteNightIs());
+    PictureKeep(frm, "night.png");
+    PaletteShow(Palette::Standard);
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+}
+
 /// The least size at which the curves are to be read, and a screen of 4K.
 TEST(GuidePictures, Curves)
 {
@@ -237,7 +249,8 @@ TEST(GuidePictures, Options)
                              TabCase{frm.mnuOptionsModel, "options_model.png"},
                              TabCase{frm.mnuOptionsFrequency, "options_frequency.png"},
                              TabCase{frm.mnuOptionsTime, "options_time.png"},
-                             TabCase{frm.mnuOptionsMap, "options_map.png"}}) {
+                             TabCase{frm.mnuOptionsMap, "options_map.png"},
+                             TabCase{frm.mnuOptionsColour, "options_colour.png"}}) {
         c.pCommand->trigger();
         ASSERT_TRUE(QTest::qWaitForWindowActive(frm.m_pOptions));
         PictureKeep(*frm.m_pOptions, c.sPicture);

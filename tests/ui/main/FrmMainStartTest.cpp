@@ -270,7 +270,8 @@ TEST(FrmMainStart, MenusHaveTheirToldItems)
                                                  "Export...|Print Card...|Exit"));
     EXPECT_EQ(Texts(frm.mnuView), QStringLiteral("World Map...|Detail Data..."));
     EXPECT_EQ(Texts(frm.mnuOptions),
-              QStringLiteral("AirMail...|Model...|Frequency...|Time...|Map...|Station..."));
+              QStringLiteral("AirMail...|Model...|Frequency...|Time...|Map...|Station...|Colours...|"
+                             "Night\tCtrl+Shift+N"));
     EXPECT_EQ(
         Texts(frm.mnuPlan),
         QStringLiteral("Who Can I Reach|Day Curves|Good and Bad Days|Compare Engines|My Places...|"

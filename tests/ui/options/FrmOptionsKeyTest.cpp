@@ -91,9 +91,9 @@ TEST_F(FrmOptions, WithoutAChosenEngineTheFirstOneHasTheFocus)
 TEST_F(FrmOptions, CaptionsAreThoseThatUsersKnow)
 {
     const frmOptions& frm = Open();
-    const char* asTabs[] = {"Airmail", "Model", "Frequency", "Time", "Map", "S&tation"};
-    ASSERT_EQ(frm.SSTab->count(), 6);
-    for (int i = 0; i < 6; ++i) EXPECT_EQ(frm.SSTab->tabText(i), Q(asTabs[i]));
+    const char* asTabs[] = {"Airmail", "Model", "Frequency", "Time", "Map", "S&tation", "Colours"};
+    ASSERT_EQ(frm.SSTab->count(), 7);
+    for (int i = 0; i < 7; ++i) EXPECT_EQ(frm.SSTab->tabText(i), Q(asTabs[i]));
     EXPECT_EQ(Caption(frm.optPropagationModel1->text()), Q("ICEPAC"));
     EXPECT_EQ(Caption(frm.optPropagationModel2->text()), Q("VOACAP"));
     EXPECT_EQ(Caption(frm.optPropagationModel3->text()), Q("REC553"));
@@ -274,14 +274,15 @@ TEST_F(FrmOptions, KIndexFollowsTheQBoxAsItIsTyped)
 TEST_F(FrmOptions, TabShowBringsEachTabToTheFront)
 {
     frmOptions& frm = Open();
-    const QWidget* apFirst[] = {frm.txtAirMailDirectory, frm.cmbPropagationAntennaType,
-                                frm.txtFrequency,        frm.optTimeCode0,
-                                frm.txtMapOverlayMinSnr, frm.pagStation->txtStationPower};
-    for (int i = 5; i >= 0; --i) {
+    const QWidget* apFirst[] = {frm.txtAirMailDirectory,  frm.cmbPropagationAntennaType,
+                                frm.txtFrequency,         frm.optTimeCode0,
+                                frm.txtMapOverlayMinSnr,  frm.pagStation->txtStationPower,
+                                frm.pagColour->cmbPalette};
+    for (int i = 6; i >= 0; --i) {
         frm.TabShow(i);
-        for (int j = 0; j < 6; ++j) EXPECT_EQ(apFirst[j]->isVisible(), i == j);
+        for (int j = 0; j < 7; ++j) EXPECT_EQ(apFirst[j]->isVisible(), i == j);
     }
-    frm.TabShow(6);
+    frm.TabShow(7);
     frm.TabShow(-1);
     EXPECT_EQ(frm.SSTab->currentIndex(), 0);
 }
@@ -429,7 +430,7 @@ TEST_F(FrmOptions, NoLetterIsTwoMnemonicsOfOneTab)
     frmOptions& frm = Open();
     for (int iTab = 0; iTab < 7; ++iTab) {
         frm.TabShow(iTab);
-        QSet<QString> aTaken{Q("Alt+T"), Q("Alt+U")};  // the tabs Station and Colours
+        QSet<QString> aTaken{Q("Alt+T")};  // the tab Station
         for (const QWidget* pWidget : frm.findChildren<QWidget*>()) {
             if (!pWidget->isVisible())
                 continue;

@@ -286,4 +286,11 @@ TEST_F(FrmCompare, ClosingTheProgramDuringARunEnds)
     EXPECT_TRUE(frmM.m_pCompare.isNull());
 }
 
+TEST(CompareColor, IsNoneOfTheScaleWhichAPaletteWouldChange)
+{
+    for (int n = -400; n <= 400; ++n)
+        EXPECT_EQ(SnrBandOfColor(ColorToBgr(CompareColor(static_cast<float>(n) / 10)), {}), nullptr)
+            << n;
+}
+
 }  // namespace

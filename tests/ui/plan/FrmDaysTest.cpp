@@ -363,4 +363,10 @@ TEST_F(FrmDays, ClosingTheProgramDuringARunEnds)
     EXPECT_TRUE(frmM.m_pDays.isNull());
 }
 
+TEST(DaysColor, IsNoneOfTheScaleWhichAPaletteWouldChange)
+{
+    for (int nDays = 0; nDays <= 10; ++nDays)
+        EXPECT_EQ(SnrBandOfColor(ColorToBgr(DaysColor(nDays)), {}), nullptr) << nDays;
+}
+
 }  // namespace
