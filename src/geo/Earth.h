@@ -6,4 +6,4 @@
 #pragma once
 
 inline constexpr double kEarthKm = 6371.009;  ///< radius of the Earth, km
-inline constexpr double kKmPerMile = 1.852;   ///< of a nautical mile
+inline constexpr double kKmPerMile = 1.852;   ///< kilometres in a nautical mile

@@ -24,7 +24,7 @@ bool GridSquareToPosition(std::string& sGrid, double& dLatitude, double& dLongit
                           Messages* paMessages)
 {
     sGrid = TextUpper(sGrid);
-    // One byte a character, as in the station file.
+    // One byte per character, as in the station file.
     std::string sCodes = Windows1252FromUtf8(sGrid);
     if (sCodes.size() == kSquareLength) {
         sGrid += kSquareMiddle;

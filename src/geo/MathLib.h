@@ -5,8 +5,8 @@
 /// Units:   angles in decimal degrees, north and east positive; central angles in radians.
 /// Domain:  any finite value; ranges are not checked (70 minutes are accepted).
 /// Texts:   UTF-8; 38.5 is 38°30.00'N, -122.25 is 122°15.00'W. Minutes are rounded by their pattern
-///          only, so 38.99999 is 38°60.00'N, which its reader takes.
-/// Errors:  told with each procedure; a not-a-number argument gives a not-a-number result.
+///          only, so 38.99999 is 38°60.00'N, which the parser accepts.
+/// Errors:  see each procedure; a not-a-number argument gives a not-a-number result.
 /// Tests:   tests/geo/MathLibTest.cpp
 #pragma once
 
@@ -16,10 +16,10 @@
 #include "system/Message.h"
 #include "system/Result.h"
 
-/// Greatest latitude and longitude, degrees, either way. The conversions below check neither.
+/// Largest absolute latitude and longitude, degrees. The conversions below check neither.
 inline constexpr double kLatitudeMost = 90.0;
 inline constexpr double kLongitudeMost = 180.0;
-/// False beyond them, and for not-a-number.
+/// False outside these limits, and for not-a-number.
 [[nodiscard]] constexpr bool PositionInRange(double dLatitude, double dLongitude)
 {
     return dLatitude >= -kLatitudeMost && dLatitude <= kLatitudeMost
@@ -33,7 +33,7 @@ inline constexpr double kPi = 3.14159265358979;
 [[nodiscard]] std::string LongitudeToText(double dLongitude);  ///< three-digit degrees, E or W
 
 /// Parses the text form. On failure the output is untouched and a warning is added to paMessages,
-/// where there is one: "Unable for decode Latitude " (or Longitude) and the text as typed.
+/// if there is one: "Unable for decode Latitude " (or Longitude) and the text as typed.
 bool TextToLatitude(std::string_view sText, double& dLatitude, Messages* paMessages);
 bool TextToLongitude(std::string_view sText, double& dLongitude, Messages* paMessages);
 
@@ -41,13 +41,13 @@ bool TextToLongitude(std::string_view sText, double& dLongitude, Messages* paMes
 /// (antipodes and rounding beyond them).
 [[nodiscard]] double GreatCircleAngle(double dLat1, double dLon1, double dLat2, double dLon2);
 
-/// Arc sine in radians by arctangent. At x = 1 and -1 "Division by zero", beyond them
-/// "Invalid procedure call or argument" (square root of a negative number).
+/// Arc sine in radians by arctangent. The error is "Division by zero" at x = 1 and -1, and "Invalid
+/// procedure call or argument" beyond them (square root of a negative number).
 [[nodiscard]] Result<double> ArcSin(double dX);
 
 /// Mercator ordinate of a latitude: ln tan(pi/4 + lat/2).
 [[nodiscard]] double MercatorY(double dLatitude);
-/// Latitude in degrees of a Mercator ordinate.
+/// Latitude of a Mercator ordinate, in degrees.
 [[nodiscard]] double MercatorLatitude(double dY);
 
 /// Base-10 logarithm, as ln x / ln 10.

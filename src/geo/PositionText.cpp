@@ -16,7 +16,7 @@ bool LetterIs(char chr, char chrLast) { return chr >= 'A' && chr <= chrLast; }
 
 bool LatitudeIs(char chrLetter) { return chrLetter == 'N' || chrLetter == 'S'; }
 
-/// Without blanks and line ends around it: what is copied often brings them along.
+/// The text without leading and trailing blanks and line ends, which copied text often has.
 std::string_view Trimmed(std::string_view sText)
 {
     constexpr std::string_view kBlanks = " \t\r\n";
@@ -70,7 +70,7 @@ Result<double> EntryRead(std::string_view sText, PositionAxis eAxis)
     if (!resMinutes)
         return resMinutes.ErrorGet();
     const double dValue = resDegrees.ValueGet() + resMinutes.ValueGet() / kSixty;
-    // Only the very letter turns the sign: "s", "S " or anything else counts as north or east.
+    // Only the exact letter makes it negative: "s", "S " or anything else counts as north or east.
     const std::string_view sNegative = eAxis == PositionAxis::Latitude ? "S" : "W";
     return sBehind.substr(nApostrophe + 1) == sNegative ? -dValue : dValue;
 }
@@ -106,7 +106,7 @@ Result<PositionRead> PastedRead(std::string_view sText, PositionAxis eAxis)
     if (bPair) {
         if (!angles.GapTake(*angOne) || !(angOther = angles.Next()) || !angles.IsAtEnd())
             return NoPosition(sText);
-        // Both have a letter, or none; letters tell the order.
+        // Both have a letter, or neither; letters give the order.
         if ((angOne->chrLetter == '\0') != (angOther->chrLetter == '\0'))
             return NoPosition(sText);
         eOne = AxisIs(*angOne, PositionAxis::Latitude) ? PositionAxis::Latitude

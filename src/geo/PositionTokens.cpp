@@ -17,7 +17,7 @@ struct Spelling {
     char chr = '\0';
 };
 
-// Seconds before minutes: two apostrophes are one sign.
+// Seconds come before minutes because two apostrophes are one sign.
 constexpr Spelling kSpellings[] = {
     {" ", PositionMark::Blank},
     {"\t", PositionMark::Blank},
@@ -58,7 +58,7 @@ public:
           m_bDecimalComma(bDecimalComma && sText.find('.') == std::string_view::npos)
     {
     }
-    /// Nothing where the text holds something that no position has.
+    /// Nothing if the text contains anything that no position has.
     [[nodiscard]] std::optional<std::vector<PositionToken>> Get()
     {
         while (m_n < m_sText.size()) {
@@ -81,7 +81,7 @@ private:
         std::size_t nEnd = nPoint;
         const char chrPoint = nPoint < m_sText.size() ? m_sText[nPoint] : '\0';
         const std::size_t nFraction = DigitsEnd(m_sText, nPoint + 1);
-        const bool bDigits = nFraction > nPoint + 1;  // behind the point
+        const bool bDigits = nFraction > nPoint + 1;  // after the point
         const bool bComma = m_bDecimalComma && chrPoint == ',' && bDigits && nPoint > m_n;
         const bool bBehindNumber =
             !m_bBlank && !m_aTokens.empty() && m_aTokens.back().eMark == PositionMark::Number;

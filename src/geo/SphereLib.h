@@ -1,6 +1,6 @@
 /// @file SphereLib.h
-/// Places on the globe as positions and as unit vectors, longitudes past 180, and points of a great
-/// circle.
+/// Places on the globe as positions and as unit vectors, longitudes beyond 180, and points on a
+/// great circle.
 ///
 /// Units:   degrees, north and east positive.
 /// Domain:  any finite value.
@@ -20,7 +20,7 @@ struct LatLon {
     double dLon = 0.0;
 };
 
-/// Of the unit sphere: x towards latitude 0 and longitude 0, y towards longitude 90, z north.
+/// A vector on the unit sphere: x towards latitude 0, longitude 0; y towards longitude 90; z north.
 struct Vector3 {
     double dX, dY, dZ;
 };
@@ -33,11 +33,11 @@ struct Vector3 {
 
 /// The same longitude in (-180, 180].
 [[nodiscard]] double LonWrap(double dLon);
-/// The full circles, in degrees, that take a longitude into [-180, 180) when subtracted.
+/// The full circles, in degrees, to subtract to bring a longitude into [-180, 180).
 [[nodiscard]] double LonTurns(double dLon);
 /// From one longitude to another the short way, [-180, 180], east positive.
 [[nodiscard]] double LonApart(double dFrom, double dTo);
 
 /// Positions along the shorter arc, both ends included, evenly spaced, at most half a degree apart.
-/// Empty for the same point and for antipodes, between which no arc is the shortest.
+/// Empty for coinciding points and for antipodes, which have no shortest arc.
 [[nodiscard]] std::vector<LatLon> PathGetPoints(const LatLon& from, const LatLon& to);
