@@ -13,7 +13,7 @@ constexpr unsigned char kAsciiMax = 0x7F;
 
 bool IsAscii(char cByte) { return static_cast<unsigned char>(cByte) <= kAsciiMax; }
 
-/// True when the bytes are whole characters of the system's alphabet.
+/// True when the bytes form whole characters of the system's code page.
 bool IsAnsi(std::string_view sBytes)
 {
     return MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, sBytes.data(),

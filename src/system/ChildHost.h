@@ -1,5 +1,5 @@
 /// @file ChildHost.h
-/// How a program is started outside Windows, and what becomes of its output. Private to
+/// How a program is started outside Windows, and where its output goes. Private to
 /// ChildProcess, ProcessLib and SignalLib.
 ///
 /// Errors:  errno values.
@@ -31,19 +31,20 @@ private:
     int m_nFile;
 };
 
-/// The standard output and error of a program on their way into a file: the first MB is kept, the
-/// rest read and dropped, so that no program fills the disk.
+/// Carries a program's standard output and error into a file: the first MB is kept, the rest is
+/// read and dropped, so that no program can fill the disk.
 class ChildOutput {
 public:
-    /// Opens a new file for output; without a name all is dropped. @return 0 or an errno value.
+    /// Opens a new file for output; without a name everything is dropped. @return 0 or an errno
+    /// value.
     int Open(const std::string& sHostPath);
     /// What the program writes to.
     [[nodiscard]] int WriteEndGet() const { return m_writeEnd.Get(); }
     /// Called when the program has started.
     void WriteEndClose() { m_writeEnd.Close(); }
-    /// What can be waited for by poll(); -1 once nothing more can come.
+    /// The descriptor to poll(); -1 once nothing more can come.
     [[nodiscard]] int ReadEndGet() const { return m_readEnd.Get(); }
-    /// Takes what there is, without waiting, at most 1 MB of it.
+    /// Reads what is there, at most 1 MB, without waiting.
     void Drain();
 
     static constexpr std::size_t kKeptMax = std::size_t{1} << 20;
@@ -55,15 +56,15 @@ private:
     std::size_t m_nKept = 0;
 };
 
-/// What a program starts with, besides the null device as standard input, ordinary signals and, on
-/// Linux, the order to die with the thread that starts it.
+/// What a program starts with. It also gets the null device as standard input, default signal
+/// handling and, on Linux, the order to die with the thread that starts it.
 struct ChildStart {
     std::vector<std::string> asWords;        ///< the first is the program's full path
     std::vector<std::string> asEnvironment;  ///< NAME=VALUE
     std::string sFolder;                     ///< empty: the current one
     int nOutput = -1;                        ///< becomes standard output and error
-    int nLock = -1;                          ///< becomes descriptor 3, with a note who holds it
-    bool bOwnGroup = false;                  ///< a process group of its own, and no other open file
+    int nLock = -1;                          ///< becomes descriptor 3; the holder is noted in it
+    bool bOwnGroup = false;                  ///< its own process group, and no other open file
 };
 
 /// Starts a program. @return 0 or the errno of the failure.
@@ -72,19 +73,20 @@ struct ChildStart {
 /// This program's environment.
 [[nodiscard]] std::vector<std::string> EnvironmentCopy();
 
-/// What the system starts.
+/// The program that the system starts, and its words.
 struct HostCommand {
     std::vector<std::string> asWords;
     bool bWine = false;
 };
 
-/// The words that the system starts: through wine for a Windows program. REQUIRES: at least one
+/// The command as the system starts it: through wine for a Windows program. REQUIRES: at least one
 /// word, the first not empty.
 [[nodiscard]] Result<HostCommand> HostCommandMake(const ProcessCommand& command);
 
 /// Why a program could not be started.
 [[nodiscard]] RunError StartErrorMake(int nErrno);
 
-/// Ends all started programs with their groups because this program ends: asked first, killed after
-/// 0.2 s. From then on no more is started, and whoever starts or waits for one never comes back.
+/// Ends all started programs and their groups because this program is ending: first SIGTERM, after
+/// 0.2 s SIGKILL. From then on no program is started, and a call that starts one or waits for one
+/// never returns.
 void HostProcessesEnd();

@@ -65,7 +65,7 @@ void ChildOutput::Drain()
         }
         nTaken += static_cast<std::size_t>(nRead);
         const std::size_t nKeep = std::min(static_cast<std::size_t>(nRead), kKeptMax - m_nKept);
-        // What a full disk does not take is lost: it would have told an error in words, no more.
+        // What does not fit on a full disk is lost: it would only have explained an error.
         if (nKeep > 0 && write(m_file.Get(), aBlock.data(), nKeep) > 0)
             m_nKept += nKeep;
     }
@@ -74,9 +74,9 @@ void ChildOutput::Drain()
 namespace {
 
 constexpr int kLockDescriptor = 3;
-constexpr int kFilesUsual = 1024;  ///< as many as a program may open by default
+constexpr int kFilesUsual = 1024;  ///< the usual limit of a program's open files
 
-/// All signals held back, so that no handler of this program runs in the child.
+/// Blocks all signals, so that no handler of this program runs in the child.
 class SignalsBlocked {
 public:
     SignalsBlocked()
@@ -93,9 +93,9 @@ private:
     sigset_t m_setBefore{};
 };
 
-/// Everything that the child needs, made before it: until it is the program it uses this one's
-/// memory, and may neither allocate nor lock. The descriptors lie above those that the program
-/// gets.
+/// Everything that the child needs, prepared before it exists: until it becomes the program it
+/// shares this one's memory, and may neither allocate nor lock. The descriptors are above those
+/// that the program gets.
 struct ChildPlan {
     std::vector<char*> m_apWords;
     std::vector<char*> m_apEnvironment;
@@ -103,12 +103,12 @@ struct ChildPlan {
     int nInput = -1;
     int nOutput = -1;
     int nLock = -1;
-    int nReport = -1;  ///< takes the errno of a failure, and closes when the program runs
+    int nReport = -1;  ///< receives the errno of a failure; closes when the program runs
     bool bOwnGroup = false;
     pid_t nParent = 0;
 };
 
-/// "OWNER ENGINE" into the lock file, for those who wait (LockLib).
+/// Writes "OWNER ENGINE" into the lock file, for those who wait (LockLib).
 void HolderNote(const ChildPlan& plan)
 {
     std::array<char, 64> aText{};
@@ -131,14 +131,14 @@ void ChildSignalsReset()
     sigprocmask(SIG_SETMASK, &setNone, nullptr);
 }
 
-/// The child's half, until it is the program. Calls nothing but the system.
+/// The child's half, until it becomes the program. Makes system calls only.
 [[noreturn]] void ChildBecome(const ChildPlan& plan)
 {
     constexpr int kLost = 127;
 #ifdef __linux__
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != plan.nParent)
-        _exit(kLost);  // it died before the order was in force
+        _exit(kLost);  // the parent died before the order took effect
 #endif
     bool bOk = !plan.bOwnGroup || setpgid(0, 0) == 0;
     bOk = bOk && (plan.sFolder == nullptr || chdir(plan.sFolder) == 0);
@@ -172,14 +172,14 @@ std::vector<char*> PointersMake(std::vector<std::string>& asWords)
     return apWords;
 }
 
-/// A second descriptor of an open file, above those that the program gets.
+/// A second descriptor for an open file, above those that the program gets.
 FileHandle HighDuplicate(int nFile)
 {
     constexpr int kHigh = 10;
     return FileHandle(nFile < 0 ? -1 : fcntl(nFile, F_DUPFD_CLOEXEC, kHigh));
 }
 
-/// Waits until the child is the program. @return 0, or the errno of what kept it from that.
+/// Waits until the child has become the program. @return 0, or the errno of what prevented it.
 int ReportRead(int nFile)
 {
     int nErrno = 0;
@@ -218,8 +218,8 @@ int HostChildStart(ChildStart start, pid_t& nId)
                    getpid()};
     {
         const SignalsBlocked signalsBlocked;
-        // As posix_spawn does it, which cannot give the order to die with this program: nothing is
-        // copied. This thread waits until the child is the program, or has ended.
+        // As posix_spawn does, which cannot give the order to die with this program: no memory is
+        // copied. This thread waits until the child has become the program or has ended.
         nId = vfork();  // NOLINT(clang-analyzer-security.insecureAPI.vfork)
         if (nId == 0)
             ChildBecome(plan);

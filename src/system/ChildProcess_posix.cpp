@@ -30,7 +30,7 @@ struct ChildProcess::Host {
 
 namespace {
 
-/// What was started and not yet reaped. The signals' thread looks at it, too.
+/// The programs that were started and not yet reaped. The signals' thread reads them, too.
 struct StartedPrograms {
     std::mutex m_mutex;
     std::set<pid_t> m_setIds;
@@ -43,8 +43,8 @@ StartedPrograms& StartedGet()
     return *pStarted;
 }
 
-/// Holds a thread until the program's end, when that is under way: what it would do now, or tell
-/// its user of a killed engine, is no longer wanted.
+/// Blocks a thread for good once the program is ending: what the thread would do now, or report of
+/// a killed engine, no longer matters.
 std::unique_lock<std::mutex> StartedLock()
 {
     std::unique_lock<std::mutex> lock(StartedGet().m_mutex);
@@ -57,10 +57,10 @@ std::unique_lock<std::mutex> StartedLock()
 }
 
 /// Signals the process and what is left of its group. REQUIRES: the process is not reaped yet, so
-/// that its number, which is its group's, cannot belong to anybody else.
+/// that its number, which is also its group's, cannot have been reused.
 void GroupSignal(pid_t nId, int nSignal)
 {
-    kill(nId, nSignal);  // no leader of a group when somebody else started it
+    kill(nId, nSignal);  // it leads no group if it was not started here
     kill(-nId, nSignal);
 }
 
@@ -72,10 +72,10 @@ bool ChildHasEnded(pid_t nId)
     return nResult == 0 && info.si_pid == nId;
 }
 
-/// Readable once the child has ended; of number -1 on a kernel that has none.
+/// A descriptor that becomes readable when the child ends; -1 on a kernel without them.
 class ChildEndSignal {
 public:
-    // By its number: glibc 2.36 declares pidfd_open for C alone.
+    // Through syscall(): glibc 2.36 declares pidfd_open for C only.
     explicit ChildEndSignal(pid_t nId) : m_nFile(static_cast<int>(syscall(SYS_pidfd_open, nId, 0)))
     {
     }
@@ -93,7 +93,7 @@ private:
 };
 
 /// Takes the child's output until it ends or the time is up. Its end and its output wake this
-/// thread; the limit and a stop are looked at in steps, as the end is where nothing tells of it.
+/// thread; the limit and a stop are polled, and so is the end on a kernel that does not signal it.
 bool ChildAwait(pid_t nId, ChildOutput& output, const Deadline& deadline,
                 const std::stop_token& stop = {})
 {
@@ -103,7 +103,7 @@ bool ChildAwait(pid_t nId, ChildOutput& output, const Deadline& deadline,
     while (!ChildHasEnded(nId)) {
         if (deadline.IsOver() || stop.stop_requested())
             return false;
-        // Of file -1 nothing is asked.
+        // poll() ignores descriptor -1.
         std::array<pollfd, 2> aPoll{{{output.ReadEndGet(), POLLIN, 0}, {end.FileGet(), POLLIN, 0}}};
         ppoll(aPoll.data(), aPoll.size(), end.FileGet() == -1 ? &kAsking : &kWoken, nullptr);
         output.Drain();
@@ -112,8 +112,8 @@ bool ChildAwait(pid_t nId, ChildOutput& output, const Deadline& deadline,
     return true;
 }
 
-/// Takes the end of a child. The number may belong to somebody else from here on, so nobody else
-/// may be signalling it.
+/// Reaps a child. From here on the number may belong to another process, so no other thread may be
+/// signalling it.
 ChildResult ChildReap(pid_t nId)
 {
     const auto lock = StartedLock();
@@ -160,7 +160,7 @@ Result<ChildProcess> ChildProcess::Start(const ProcessCommand& command)
     pHost->bOwnGroup = command.bOwnGroup;
     if (const int nErrno = pHost->output.Open(command.sOutputFile))
         return RunErrorFromErrno(nErrno);
-    // Where children are ignored (a habit of some parents, inherited) none could be waited for.
+    // Some parents ignore SIGCHLD, which is inherited; then no child could be waited for.
     struct sigaction action {};
     if (sigaction(SIGCHLD, nullptr, &action) == 0 && action.sa_handler == SIG_IGN)
         signal(SIGCHLD, SIG_DFL);
@@ -194,15 +194,15 @@ ChildResult ChildProcess::Wait(double dSeconds, const std::stop_token& stop)
 {
     constexpr double kGrace = 0.2;          // seconds
     constexpr double kGraceStopped = 0.02;  // a window is closing
-    constexpr double kReapMax = 2.0;        // a killed process goes at once, save in a hung disk
+    constexpr double kReapMax = 2.0;        // a killed process ends at once, unless a disk hangs
     const pid_t nId = m_pHost->nId;
     ChildOutput& output = m_pHost->output;
     m_pHost->bWaited = true;
     const bool bEnded = ChildAwait(nId, output, Deadline(dSeconds), stop);
     const ChildEnd eCut = stop.stop_requested() ? ChildEnd::Stopped : ChildEnd::TimeLimit;
-    StartedLock().unlock();  // the end of this program asks its engines by itself
+    StartedLock().unlock();  // when this program is ending it signals its engines itself
     if (!bEnded && m_pHost->bOwnGroup) {
-        GroupSignal(nId, SIGTERM);  // a launcher takes its temporary files away
+        GroupSignal(nId, SIGTERM);  // a launcher removes its temporary files
         (void)ChildAwait(nId, output, Deadline(eCut == ChildEnd::Stopped ? kGraceStopped : kGrace));
     }
     GroupSignal(nId, SIGKILL);

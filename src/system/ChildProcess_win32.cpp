@@ -15,9 +15,9 @@
 
 /// A process with all that it starts itself.
 struct ChildProcess::Host {
-    HANDLE hProcess = nullptr;  // while it is open, the process id keeps its meaning and the exit
-                                // code can be asked for, however short the run was
-    HANDLE hJob = nullptr;      // its last handle takes the family along, also when Hopcast dies
+    HANDLE hProcess = nullptr;  // while it is open, the process id stays valid and the exit code
+                                // can be read, however short the run was
+    HANDLE hJob = nullptr;      // closing its last handle ends the family, also when Hopcast dies
     DWORD nId = 0;
     bool bWaited = false;
 };
@@ -44,15 +44,15 @@ bool JobIsEmpty(HANDLE hJob)
            || info.ActiveProcesses == 0;
 }
 
-/// What the system's waits take. Whole milliseconds, rounded up: a wait that was rounded down would
-/// ask again and again in the last one.
+/// The time left as the system's waits take it: whole milliseconds, rounded up. Rounded down, the
+/// wait would be repeated over and over in the last millisecond.
 DWORD MillisecondsLeft(const Deadline& deadline)
 {
     return static_cast<DWORD>(std::ceil(deadline.LeftGet() * 1000.0));
 }
 
-/// Kills what is left of a family and waits until it is gone: it ends a moment after the call, and
-/// holds its files open until then.
+/// Kills what is left of a family and waits until it is gone: it ends a moment after the call and
+/// keeps its files open until then.
 void FamilyEnd(HANDLE hJob, HANDLE hProcess)
 {
     constexpr double kEndMax = 2.0;  // s
@@ -63,7 +63,7 @@ void FamilyEnd(HANDLE hJob, HANDLE hProcess)
     while (hJob != nullptr && !JobIsEmpty(hJob) && !deadline.IsOver()) Sleep(1);
 }
 
-/// One word as the C run-time library of the started program will read it back.
+/// Quotes one word so that the C run-time library of the started program reads it back unchanged.
 std::wstring WordQuote(const std::wstring& sWord)
 {
     if (!sWord.empty() && sWord.find_first_of(L" \t\"") == std::wstring::npos)
@@ -99,7 +99,7 @@ HANDLE InheritedOpen(const std::wstring& sFile, DWORD nAccess, DWORD nDispositio
                        nDisposition, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-/// The start of a program that is hidden and inherits nothing but its input and output.
+/// Start-up data for a hidden program that inherits only its input and output.
 class Startup {
 public:
     Startup(HANDLE hInput, HANDLE hOutput) : m_ahInherited{hInput, hOutput}
@@ -142,7 +142,7 @@ RunError StartErrorMake(DWORD nCode)
         case ERROR_PATH_NOT_FOUND:
             return {kFileNotFound};
         case ERROR_DIRECTORY:
-            return {kPathNotFound};  // of the working folder
+            return {kPathNotFound};  // the working folder
         case ERROR_ACCESS_DENIED:
             return {kPermissionDenied};
         default:
@@ -150,14 +150,14 @@ RunError StartErrorMake(DWORD nCode)
     }
 }
 
-/// Puts a suspended process into a job of its own before it can start others, and lets it run.
+/// Puts a suspended process into its own job before it can start others, and lets it run.
 HANDLE FamilyMake(const PROCESS_INFORMATION& process)
 {
     const HANDLE hJob = JobMake();
     if (hJob != nullptr)
         AssignProcessToJobObject(hJob, process.hProcess);
     if (ResumeThread(process.hThread) == static_cast<DWORD>(-1))
-        TerminateProcess(process.hProcess, 1);  // told as an engine that failed, without the wait
+        TerminateProcess(process.hProcess, 1);  // reported as a failed engine, without the wait
     CloseHandle(process.hThread);
     return hJob;
 }

@@ -51,7 +51,7 @@ double SystemTimer()
     return dt.nHour * 3600.0 + dt.nMinute * 60.0 + dt.nSecond + dFraction;
 }
 
-// Cuts the text at any of the separators; blanks at a piece's ends are dropped.
+// Splits the text at any of the separators; blanks at a piece's ends are dropped.
 struct Pieces {
     std::array<std::string_view, 3> asText;
     int nCount = 0;
@@ -67,7 +67,7 @@ Pieces PiecesGet(std::string_view sText, char chrSeparator)
             return pcs;
         sText.remove_prefix(nAt + 1);
     }
-    pcs.nCount = 4;  // more than three pieces: no date or time has them
+    pcs.nCount = 4;  // more pieces than any date or time has
     return pcs;
 }
 

@@ -48,8 +48,8 @@ struct DateTime {
 [[nodiscard]] double TimerGet();
 
 /// Lets pending user-interface events run until dSeconds have passed on TimerGet's clock. A delay
-/// that crosses midnight is not treated specially: the timer restarts at 0 and the delay lasts on
-/// accordingly; kept so.
+/// that crosses midnight is not treated specially: the timer restarts at 0 and the delay lasts
+/// accordingly longer.
 void Delay(double dSeconds);
 
 /// What Delay calls again and again; the window program sets its event loop here.
@@ -58,7 +58,7 @@ EventPumpFn EventPumpSetHandler(EventPumpFn fnPump);
 /// Lets pending user-interface events run once.
 void EventPumpRun();
 
-/// The clock that all of the above read; tests set their own. Empty functions mean the system's.
+/// The clock that all of the above read; tests set another. Empty functions mean the system's.
 struct ClockSource {
     std::function<DateTime()> fnUtc;
     std::function<DateTime()> fnLocal;

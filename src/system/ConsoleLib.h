@@ -1,22 +1,22 @@
 /// @file ConsoleLib.h
-/// The console that a program runs in: its arguments as UTF-8, whether anybody reads what it
-/// prints, and whether it shows colours.
+/// The console that a program runs in: its arguments as UTF-8, whether output goes anywhere, and
+/// whether it shows colours.
 /// Tests:   tests/app/HopcastPredictTest.cpp, ProgramsWin32Test.cpp
 #pragma once
 
 #include <string>
 #include <vector>
 
-/// The arguments behind the program's name, in UTF-8 (on Windows taken from the wide command line).
+/// The arguments after the program's name, in UTF-8 (on Windows from the wide command line).
 [[nodiscard]] std::vector<std::string> ArgumentsGet(int nArguments, char** asArguments);
 
-/// False when what is printed goes nowhere: a window program that Windows started from its desktop
-/// or from a command prompt. Its output can be redirected, and is there then.
+/// False when printed text goes nowhere: in a window program that Windows started from its desktop
+/// or from a command prompt. True when its output is redirected.
 [[nodiscard]] bool ConsoleIsThere();
 
-/// While it lives, the console takes what is printed as UTF-8. At its end, and when the user ends
-/// the program by the keyboard, the console gets back what it had before: the shell goes on in it.
-/// First thing in main; one at a time. Only Windows needs it.
+/// While it lives, the console reads what is printed as UTF-8. At its end, and when the user ends
+/// the program from the keyboard, the console gets its previous settings back, as the shell goes on
+/// in it. Create it first in main, one at a time. Only Windows needs it.
 class ConsoleUtf8 {
 public:
     ConsoleUtf8();
@@ -26,6 +26,6 @@ public:
 };
 
 /// True when standard output is a terminal that shows 24-bit colours. NO_COLOR forbids them,
-/// CLICOLOR_FORCE=1 asks for them anywhere. On Windows the console is told to understand them, as
+/// CLICOLOR_FORCE=1 forces them everywhere. On Windows they are switched on in the console for as
 /// long as a ConsoleUtf8 lives.
 [[nodiscard]] bool ConsoleTakesColor();

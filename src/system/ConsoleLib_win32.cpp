@@ -10,8 +10,8 @@
 
 namespace {
 
-/// What the console had before; 0 and no value: nothing was changed. The handler of the keyboard's
-/// signals runs in a thread of its own.
+/// The console's previous settings; 0 and no value: nothing was changed. The handler of the
+/// keyboard's signals runs in its own thread.
 struct ConsoleBefore {
     std::atomic<UINT> nCodePage = 0;
     std::atomic<bool> bMode = false;

@@ -1,5 +1,5 @@
 /// @file Deadline.h
-/// The end of a wait: everything that waits for a limited time counts it here.
+/// The end of a wait: every wait with a time limit uses it.
 ///
 /// Tests:   tests/system/DeadlineTest.cpp
 #pragma once
@@ -9,7 +9,7 @@
 
 class Deadline {
 public:
-    /// dSeconds from now; below 0 it is now, and above 1e6 (a week and a half) it is then.
+    /// dSeconds from now; taken as 0 below 0, and as 1e6 (a week and a half) above that.
     explicit Deadline(double dSeconds)
         : m_tmEnd(Clock::now()
                   + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(
@@ -26,7 +26,7 @@ public:
     [[nodiscard]] bool IsOver() const { return Clock::now() >= m_tmEnd; }
 
 private:
-    using Clock = std::chrono::steady_clock;  // not moved by a clock that is set
+    using Clock = std::chrono::steady_clock;  // not affected when the computer's clock is set
     static constexpr double kSecondsMax = 1e6;
     Clock::time_point m_tmEnd;
 };

@@ -1,5 +1,5 @@
 /// @file ErrorTextLib.h
-/// The system's own words for its error codes.
+/// The system's texts for its error codes.
 #pragma once
 
 #include <string>

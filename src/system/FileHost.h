@@ -9,13 +9,14 @@
 #include <string>
 #include <string_view>
 
-/// An ordinary file for reading; nullptr with nErrno set.
+/// Opens an ordinary file for reading; nullptr with nErrno set if that fails.
 [[nodiscard]] std::FILE* HostFileOpenRead(const std::string& sHostPath, int& nErrno);
-/// A file for output, emptied or made; nullptr with nErrno set. No child process inherits it.
+/// Opens a file for output, emptied or created; nullptr with nErrno set if that fails. No child
+/// process inherits it.
 [[nodiscard]] std::FILE* HostFileOpenWrite(const std::string& sHostPath, int& nErrno);
 
-/// The same for a name that is Hopcast's own: what stands there is deleted first, and where it
-/// cannot be, no link is followed, no named pipe waited for, and only an ordinary file emptied.
+/// The same for one of Hopcast's own names: whatever has that name is deleted first. If it cannot
+/// be deleted, no link is followed, no named pipe waited for, and only an ordinary file emptied.
 [[nodiscard]] std::FILE* HostFileOpenNew(const std::string& sHostPath, int& nErrno);
 #ifndef _WIN32
 /// As HostFileOpenNew. @return the descriptor, or -1.
@@ -27,5 +28,5 @@
 /// 0 when the file may be replaced by FileReplace or does not exist, else an errno value.
 [[nodiscard]] int FileReplaceCheck(std::string_view sPath);
 
-/// Case-blind; '*' stands for any characters, '?' for one.
+/// Ignores case; '*' matches any characters, '?' matches one.
 [[nodiscard]] bool WildcardMatch(std::string_view sPattern, std::string_view sName);

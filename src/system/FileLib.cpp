@@ -37,7 +37,7 @@ bool WildcardMatch(std::string_view sPattern, std::string_view sName)
         return true;
     std::size_t nPattern = 0;
     std::size_t nName = 0;
-    std::size_t nStar = std::string_view::npos;  // the last star met, and where its match ends
+    std::size_t nStar = std::string_view::npos;  // the last star seen, and where its match ends
     std::size_t nStarEnd = 0;
     while (nName < sName.size()) {
         if (nPattern < sPattern.size() && sPattern[nPattern] == '*') {

@@ -1,6 +1,6 @@
 /// @file FileLib.h
-/// Files as the modules need them: wildcard listing, deletion, text read line by line, output whose
-/// opening and writing fail apart, and atomic replacement.
+/// Files as the modules need them: wildcard listing, deletion, text read line by line, output with
+/// separate errors for opening and writing, and atomic replacement.
 ///
 /// Paths:   host paths, UTF-8.
 /// Errors:  the classic descriptions (RunErrorText.h); "Path not found" when the folder is missing.
@@ -15,15 +15,16 @@
 
 #include "system/Result.h"
 
-/// Names (without folder) of the files that match a path whose last component may hold * and ?;
-/// case-blind ("*.*" means "*"), in alphabetical order without regard to case, which is the
-/// directory order of Windows. A folder matches nothing.
+/// Names (without folder) of the files that match a path whose last component may contain * and ?,
+/// without regard to case ("*.*" means "*"), in alphabetical order without regard to case, which is
+/// the directory order of Windows. Folders never match.
 [[nodiscard]] std::vector<std::string> FilesList(std::string_view sPattern);
 
-/// True when a listing of the full path yields a name: an existing file that is not a folder.
+/// True when FilesList finds the full path: an existing file that is not a folder.
 [[nodiscard]] bool FileExists(std::string_view sPath);
 
-/// True when both paths name one file, by whatever names and links; false when one is missing.
+/// True when both paths lead to the same file, under any names and links; false when one is
+/// missing.
 [[nodiscard]] bool FileSame(std::string_view sPathA, std::string_view sPathB);
 
 /// Deletes a file. @return "File not found", "Permission denied" ... on failure.
@@ -36,12 +37,12 @@ struct FileCloser {
 /// A file read line by line, streamed: a 100 MB file needs no 100 MB.
 class TextFile {
 public:
-    /// Opens for reading, bytes as they are. A folder, and anything else that is no ordinary file,
-    /// is "Path/File access error".
+    /// Opens for reading, bytes as they are. A folder, and anything else that is not an ordinary
+    /// file, is "Path/File access error".
     static Result<TextFile> Open(std::string_view sPath);
-    /// Next line without its end (LF, CR LF, or nothing at the end of the file); of a line longer
-    /// than kLineMax bytes the rest is dropped. @return false at the end of the file; a read error
-    /// is "Path/File access error".
+    /// Next line without its end (LF, CR LF, or nothing at the end of the file); a line longer than
+    /// kLineMax bytes is cut there. @return false at the end of the file; a read error is
+    /// "Path/File access error".
     Result<bool> LineRead(std::string& sLine);
 
     static constexpr std::size_t kLineMax = std::size_t{16} << 20;
@@ -63,13 +64,13 @@ private:
 /// The first bytes of a file, at most nMax of them.
 [[nodiscard]] Result<std::string> FileReadHead(std::string_view sPath, std::size_t nMax);
 
-/// A file opened for output, any old one replaced. Opening and writing are two steps because their
-/// failures are told apart to the user.
+/// A file opened for output, replacing any old one. Opening and writing are two steps because the
+/// user gets different messages for their failures.
 class OutputFile {
 public:
     static Result<OutputFile> Open(std::string_view sPath);
-    /// The same for a name that is Hopcast's own, as decks and outputs have it: what stands there
-    /// is deleted first. Neither a link nor a named pipe under the name is followed or waited for.
+    /// The same for one of Hopcast's own names, as decks and outputs have: whatever has that name
+    /// is deleted first. No link with that name is followed, and no named pipe waited for.
     static Result<OutputFile> OpenNew(std::string_view sPath);
     /// REQUIRES: not closed.
     Result<void> Write(std::string_view sBytes);
@@ -81,10 +82,10 @@ private:
     std::unique_ptr<std::FILE, FileCloser> m_pFile;
 };
 
-/// Writes a temporary file beside sPath and renames it over it, so that a full disk or a killed
+/// Writes a temporary file beside sPath and renames it to sPath, so that a full disk or a killed
 /// program leaves the old file whole. The old file's permissions are kept; a link is followed. A
-/// file without any write permission is left alone ("Permission denied"), even where its folder may
-/// be written and for the superuser. Outside Windows a file whose folder takes no new file is
-/// written in place (its room is reserved first); a device, a pipe and an open descriptor
-/// ("/dev/stdout", "/dev/fd/3") are written directly, a descriptor at the place where it stands.
+/// file without any write permission is left alone ("Permission denied"), even if its folder is
+/// writable, and for the superuser too. Outside Windows a file in a folder that takes no new file
+/// is written in place (its space is reserved first); a device, a pipe and an open descriptor
+/// ("/dev/stdout", "/dev/fd/3") are written directly, a descriptor at its current position.
 Result<void> FileReplace(std::string_view sPath, std::string_view sBytes);

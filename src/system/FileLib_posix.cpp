@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // less the user's mask
+constexpr mode_t kNewFileMode = 0666;  // less the user's umask
 constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 
 std::FILE* StreamMake(int nFile, const char* sMode, int& nErrno)
@@ -30,7 +30,7 @@ std::FILE* StreamMake(int nFile, const char* sMode, int& nErrno)
     return pFile;
 }
 
-/// The file that a chain of links names, whether it exists or not.
+/// The file at the end of a chain of links, even if it does not exist.
 fs::path LinkFollow(fs::path pthFile)
 {
     constexpr int kLinksMax = 40;  // the kernel's own limit
@@ -40,7 +40,7 @@ fs::path LinkFollow(fs::path pthFile)
     return pthFile;
 }
 
-/// What keeps the old file from being replaced; 0 when nothing does.
+/// The errno of what prevents replacing the old file; 0 when nothing does.
 int ReplaceCheck(const fs::path& pthFile, struct stat& info, bool& bExists)
 {
     bExists = stat(pthFile.c_str(), &info) == 0;
@@ -49,7 +49,7 @@ int ReplaceCheck(const fs::path& pthFile, struct stat& info, bool& bExists)
     if (S_ISDIR(info.st_mode))
         return EISDIR;
     if ((info.st_mode & kAnyWrite) == 0)
-        return EACCES;  // the superuser may, but a file made read-only was meant so
+        return EACCES;  // the superuser could, but somebody made this file read-only
     return access(pthFile.c_str(), W_OK) == 0 ? 0 : errno;
 }
 
@@ -65,7 +65,7 @@ int BytesWrite(int nFile, std::string_view sBytes)
     return 0;
 }
 
-/// Opens a new file of an unused name in the folder.
+/// Opens a new file with an unused name in the folder.
 int TemporaryOpen(const fs::path& pthFolder, fs::path& pthTemporary)
 {
     constexpr int kTriesMax = 100;
@@ -84,7 +84,7 @@ int TemporaryFill(int nFile, std::string_view sBytes, const struct stat* pOld)
 {
     int nErrno = BytesWrite(nFile, sBytes);
     if (pOld) {
-        // The owner first: changing it drops permission bits. Only the superuser can give a file
+        // The owner first: changing it clears permission bits. Only the superuser can give a file
         // away; for others the old owner is lost, as with every editor that replaces files.
         const bool bOther = pOld->st_uid != geteuid() || pOld->st_gid != getegid();
         if (bOther && fchown(nFile, pOld->st_uid, pOld->st_gid) != 0 && errno != EPERM
@@ -93,7 +93,7 @@ int TemporaryFill(int nFile, std::string_view sBytes, const struct stat* pOld)
         if (fchmod(nFile, pOld->st_mode & 07777U) != 0 && nErrno == 0)
             nErrno = errno;
     }
-    // Before the rename, or a power cut could leave the new name without its bytes.
+    // Before the rename: otherwise a power cut could leave the new name without its bytes.
     if (fsync(nFile) != 0 && errno != EINVAL && nErrno == 0)
         nErrno = errno;
     if (close(nFile) != 0 && nErrno == 0)
@@ -129,7 +129,7 @@ int DescriptorOf(fs::path pthFile)
     return -1;
 }
 
-/// To an open file at the place where it stands, as the shell's redirection wants it.
+/// Writes to an open file at its current position, as the shell's redirection needs it.
 int DescriptorWrite(int nDescriptor, std::string_view sBytes)
 {
     const int nFile = fcntl(nDescriptor, F_DUPFD_CLOEXEC, 0);
@@ -139,8 +139,8 @@ int DescriptorWrite(int nDescriptor, std::string_view sBytes)
     return close(nFile) != 0 && nErrno == 0 ? errno : nErrno;
 }
 
-/// Into the old file itself, where its folder takes no temporary file. What it lacks in room is
-/// reserved first, so that a full disk leaves it as it was.
+/// Writes into the old file itself, if its folder takes no temporary file. The extra space is
+/// reserved first, so that a full disk leaves the file as it was.
 int InPlaceWrite(const fs::path& pthFile, std::string_view sBytes)
 {
     const int nFile = open(pthFile.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW);
@@ -160,7 +160,7 @@ int InPlaceWrite(const fs::path& pthFile, std::string_view sBytes)
     return close(nFile) != 0 && nErrno == 0 ? errno : nErrno;
 }
 
-/// True for the errors that tell that the folder, not the file, is in the way.
+/// True for the errors that come from the folder, not from the file.
 bool FolderRefuses(int nErrno)
 {
     return nErrno == EACCES || nErrno == EPERM || nErrno == EROFS || nErrno == EBUSY;
@@ -179,7 +179,7 @@ int DeviceWrite(const fs::path& pthDevice, std::string_view sBytes)
 
 std::FILE* HostFileOpenRead(const std::string& sHostPath, int& nErrno)
 {
-    // Not blocking: the open of a named pipe would wait for a writer that may never come.
+    // Not blocking: opening a named pipe would wait for a writer that may never come.
     const int nFile = open(sHostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     struct stat info {};
     if (nFile >= 0 && (fstat(nFile, &info) != 0 || !S_ISREG(info.st_mode))) {

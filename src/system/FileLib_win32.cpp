@@ -31,7 +31,7 @@ std::FILE* FileOpen(const std::string& sHostPath, const wchar_t* sMode, int& nEr
     return pFile;
 }
 
-/// Makes a new file of an unused name beside sFile.
+/// Makes a new file with an unused name beside sFile.
 HANDLE TemporaryOpen(const std::wstring& sFile, std::wstring& sTemporary)
 {
     constexpr int kTriesMax = 100;
@@ -48,8 +48,8 @@ HANDLE TemporaryOpen(const std::wstring& sFile, std::wstring& sTemporary)
     return hFile;
 }
 
-/// Writes all bytes through to the disk, or a power cut could leave the new name without them, and
-/// closes the file.
+/// Writes all bytes through to the disk, as a power cut could otherwise leave the new name without
+/// them, and closes the file.
 int TemporaryFill(HANDLE hFile, std::string_view sBytes)
 {
     constexpr std::size_t kBlockMax = std::size_t{1} << 20;

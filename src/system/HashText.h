@@ -1,5 +1,5 @@
 /// @file HashText.h
-/// Check sums by which a file is known again. They tell versions and damage apart and are not meant
+/// Checksums to recognise a file by. They reveal other versions and damage, and do not protect
 /// against forgery.
 ///
 /// Texts:   lower-case hexadecimal digits, with leading zeros.

@@ -36,7 +36,7 @@ std::string_view QuotesDrop(std::string_view sValue)
     return sValue;
 }
 
-/// At most nBytes bytes; of UTF-8 whole characters only.
+/// At most nBytes bytes; in UTF-8, whole characters only.
 std::string_view TextCut(std::string_view sText, std::size_t nBytes, bool bUtf8)
 {
     if (sText.size() <= nBytes)
@@ -70,7 +70,7 @@ std::string Utf8FromUtf16(std::string_view sBytes, bool bLittle)
     return sText;
 }
 
-/// The code of the character at nAt, which moves behind it; of a malformed byte U+FFFD.
+/// The code of the character at nAt, which moves past it; U+FFFD for a malformed byte.
 char32_t CodeTake(std::string_view sText, std::size_t& nAt)
 {
     const auto nLead = static_cast<unsigned char>(sText[nAt++]);
@@ -87,7 +87,7 @@ char32_t CodeTake(std::string_view sText, std::size_t& nAt)
         nCode = nCode << 6U | (nByte & 0x3FU);
     }
     nAt += nMore;
-    // Longer than it needs to be, a line end would pass for another character.
+    // In a longer form than needed, a line end would pass for another character.
     constexpr char32_t kFirst[] = {0, 0x80, 0x800, kBeyond16};
     const bool bHalfPair = nCode >= kHighFirst && nCode <= kLowLast;
     return nCode < kFirst[nMore] || nCode > kLast || bHalfPair ? kReplacement : nCode;
@@ -136,7 +136,7 @@ void IniText::Parse()
 {
     const std::string_view sText = m_sText;
     std::size_t nStart = m_eAlphabet == Alphabet::Windows1252 ? 0 : kByteOrderMark.size();
-    // Each kind of line end is sought from the last one of its kind, so that no byte is met twice.
+    // Each kind of line end is searched from the last of its kind, so that no byte is read twice.
     std::size_t nLineFeed = sText.find('\n', nStart);
     std::size_t nReturn = sText.find('\r', nStart);
     while (nStart < sText.size()) {
@@ -187,7 +187,7 @@ std::string_view IniText::TextOf(const Span& span) const
     return std::string_view(m_sText).substr(span.nStart, span.nEnd - span.nStart);
 }
 
-/// Text to the alphabet of the file.
+/// Text in the encoding of the file.
 std::string IniText::FileText(std::string_view sText) const
 {
     return m_eAlphabet == Alphabet::Windows1252 ? Windows1252FromUtf8(sText) : std::string(sText);
@@ -231,7 +231,7 @@ std::optional<std::string> IniText::ValueGet(std::string_view sSection, std::str
 void IniText::ValuePut(std::string_view sSection, std::string_view sKey, std::string_view sValue)
 {
     std::string sFileValue(sValue);
-    // A line end would make the rest of the value a line of its own.
+    // A line end would make the rest of the value a separate line.
     std::replace_if(
         sFileValue.begin(), sFileValue.end(),
         [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
@@ -267,7 +267,7 @@ std::string IniText::LineEndGet() const
     return bLineFeedOnly ? "\n" : "\r\n";
 }
 
-/// @param nAt  where the lines go; 0: a line's beginning
+/// @param nAt  where the lines go; 0: at the beginning of a line
 std::string IniText::LinesMake(const Addition& add, std::size_t nAt) const
 {
     const std::string sLineEnd = LineEndGet();
@@ -282,7 +282,7 @@ std::string IniText::LinesMake(const Addition& add, std::size_t nAt) const
     return sLines;
 }
 
-/// The changes in the order of the text; at one place new lines of a section that is there come
+/// The changes in the order of the text; at the same place, new lines of an existing section come
 /// before new sections.
 std::vector<IniText::Edit> IniText::EditsGet() const
 {
@@ -295,7 +295,7 @@ std::vector<IniText::Edit> IniText::EditsGet() const
                 continue;
             const std::size_t nAt = bNew ? m_sText.size() : m_aSection[*add.nSection].nInsert;
             const auto nPlace = static_cast<std::uint32_t>(nAt);
-            // New lines at the same place have ended the line before them already.
+            // New lines at the same place have already ended the line before them.
             const bool bFirst = std::none_of(
                 aEdit.begin() + static_cast<std::ptrdiff_t>(m_aChange.size()), aEdit.end(),
                 [&](const Edit& edit) { return edit.span.nStart == nPlace; });

@@ -1,9 +1,9 @@
 /// @file IniText.h
-/// The text of an initialisation file, taken apart once for many keys. Private to our own
+/// The text of an initialisation file, parsed once for many keys. Private to our own
 /// private-profile service (outside Windows).
 ///
-/// Texts:   UTF-8 to the caller; in the file Windows-1252, or UTF-8 or UTF-16 where a byte order
-///          mark says so. What cannot be told in the file's alphabet is replaced.
+/// Texts:   UTF-8 to the caller; in the file Windows-1252, or UTF-8 or UTF-16 if a byte order mark
+///          says so. What cannot be expressed in the file's encoding is replaced.
 /// Domain:  files below 4 GB.
 /// Tests:   tests/system/PrivateProfileLibTest.cpp, PrivateProfileLibPosixTest.cpp
 #pragma once
@@ -20,13 +20,13 @@ public:
     explicit IniText(std::string sBytes);
 
     /// The value of the first key of this name in the first section of this name, at most nBytes
-    /// bytes of the file's alphabet (whole characters only); nothing when it is missing.
+    /// bytes in the file's encoding (whole characters only); nothing when it is missing.
     [[nodiscard]] std::optional<std::string> ValueGet(std::string_view sSection,
                                                       std::string_view sKey,
                                                       std::size_t nBytes) const;
-    /// Sets a value; a new key goes behind its section's last line, a new section to the end.
+    /// Sets a value; a new key goes after its section's last line, a new section to the end.
     void ValuePut(std::string_view sSection, std::string_view sKey, std::string_view sValue);
-    /// The whole file, with what was put.
+    /// The whole file with the changes.
     [[nodiscard]] std::string BytesGet() const;
 
 private:
@@ -37,12 +37,12 @@ private:
     };
     struct Key {
         Span name;
-        Span value;  ///< from behind the blanks after "=" to the line's end
+        Span value;  ///< from the first character after "=" and blanks to the line's end
     };
     struct Section {
         Span name;
         std::uint32_t nFirstKey;  ///< its keys end where those of the next section begin
-        std::uint32_t nInsert;    ///< behind its last line that is not blank
+        std::uint32_t nInsert;    ///< after its last line that is not blank
     };
     /// New lines for one place of the text.
     struct Addition {

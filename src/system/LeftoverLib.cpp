@@ -62,7 +62,7 @@ void FolderMakePrivate(const fs::path& pthFolder, std::error_code& ec)
         FolderMakePrivate(pthFolder.parent_path(), ec);
     if (ec)
         return;
-    // Made by another program meanwhile: fine, and its owner's business.
+    // If another program has made it meanwhile, its permissions are that program's business.
     if (fs::create_directory(pthFolder, ec))
         fs::permissions(pthFolder, fs::perms::owner_all, ec);
 }

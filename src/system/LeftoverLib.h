@@ -11,15 +11,15 @@
 #include <string>
 #include <system_error>
 
-/// No run and no write takes that long: what is older belongs to nobody.
+/// No run and no write takes that long: anything older is no longer in use.
 inline constexpr std::chrono::hours kLeftoverAge(24);
 
-/// Removes temporary files of Hopcast's (.hopcast-...) and run folders of its VOACAP
-/// (voacapw.....run) that are older than a day. Links are left alone, and nothing is followed.
+/// Removes Hopcast's temporary files (.hopcast-...) and the run folders of its VOACAP
+/// (voacapw.....run) that are older than a day. Links are neither removed nor followed.
 void LeftoversRemove(const std::string& sFolder);
 
 /// True when a file or folder was last written more than a day ago.
 [[nodiscard]] bool LeftoverIsOld(const std::filesystem::path& pthFile);
 
-/// Makes a folder and those above it that are missing; only the user may enter the new ones.
+/// Makes a folder and any missing folders above it; only the user may enter the new ones.
 void FolderMakePrivate(const std::filesystem::path& pthFolder, std::error_code& ec);

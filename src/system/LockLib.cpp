@@ -8,7 +8,7 @@ Result<FileLock> FileLock::Take(const std::string& sPath, double dSeconds,
 {
     const std::string sNext = sPath + ".next";
     if (!FileExists(sNext)) {
-        auto resLock = FileTake(sPath, 0.0, stop);  // nobody waits
+        auto resLock = FileTake(sPath, 0.0, stop);  // nobody else is waiting
         if (resLock || dSeconds <= 0.0)
             return resLock;
     }

@@ -9,18 +9,18 @@
 
 #include "system/Result.h"
 
-/// Held while it lives; released by its destructor, and by the system when the program dies and
-/// the engine that inherited it. An engine that outlives its Hopcast is noted in the file: who
-/// waits ends its process group once the note is 10 s old.
+/// Held while it lives. Released by its destructor, or by the system once both the program and the
+/// engine that inherited it have died. The engine is noted in the file: if it outlives its Hopcast,
+/// a waiting program ends the engine's process group once the note is 10 s old.
 class FileLock {
 public:
-    /// Waits at most dSeconds for the lock on sPath (made when missing). Waiters come before new
-    /// arrivals: the next one holds sPath.next meanwhile, so that a program that takes the lock
-    /// again and again cannot starve another.
+    /// Waits at most dSeconds for the lock on sPath (made when missing). Programs that wait are
+    /// served before new arrivals: the next in line holds sPath.next, so that a program that takes
+    /// the lock again and again cannot starve another.
     /// @param stop  ends the wait like the limit, within some milliseconds
-    /// @return the lock; "Permission denied" when another holds it to the end of the wait or the
-    ///         file cannot be made for want of rights; another description when it cannot be made
-    ///         at all.
+    /// @return the lock; "Permission denied" when another program holds it to the end of the wait
+    ///         or the user may not make the file; another description when it cannot be made for
+    ///         another reason.
     static Result<FileLock> Take(const std::string& sPath, double dSeconds,
                                  const std::stop_token& stop = {});
 
@@ -34,7 +34,7 @@ public:
 
 private:
     struct Handle;
-    /// The lock of one file, whoever gets it first; otherwise as Take.
+    /// The lock of one file, in no particular order; otherwise as Take.
     static Result<FileLock> FileTake(const std::string& sPath, double dSeconds,
                                      const std::stop_token& stop);
     explicit FileLock(std::unique_ptr<Handle> pHandle);

@@ -25,8 +25,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// True when the path still names the open file: its last holder may have removed it meanwhile, and
-/// a lock on a file without a name keeps nobody out.
+/// True when the path still names the open file: the last holder may have removed it meanwhile, and
+/// a lock on a file without a name locks nobody out.
 bool FileHasName(int nFile, const std::string& sPath)
 {
     struct stat infoOpen {};
@@ -36,14 +36,14 @@ bool FileHasName(int nFile, const std::string& sPath)
 }
 
 /// Opens the lock's file without following a link and without waiting for a named pipe's other end.
-/// What is no ordinary file under its name is no lock of anybody, and is deleted.
+/// Anything under its name that is not an ordinary file is nobody's lock, and is deleted.
 int LockOpen(const std::string& sPath)
 {
     constexpr mode_t kMode = 0666;
     constexpr int kFlags = O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
     for (bool bSecond = false;; bSecond = true) {
         int nFile = open(sPath.c_str(), O_RDWR | kFlags, kMode);
-        if (nFile < 0 && errno == EACCES)  // another user's, which can be locked all the same
+        if (nFile < 0 && errno == EACCES)  // another user's file can still be locked
             nFile = open(sPath.c_str(), O_RDONLY | kFlags, kMode);
         struct stat info {};
         if (nFile >= 0 && fstat(nFile, &info) == 0 && S_ISREG(info.st_mode))
@@ -67,7 +67,7 @@ int LockTry(const std::string& sPath)
         return -1;
     int nErrno = flock(nFile, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
     if (nErrno == 0 && FileHasName(nFile, sPath)) {
-        (void)!ftruncate(nFile, 0);  // a note left by a killed program; not of this holder's engine
+        (void)!ftruncate(nFile, 0);  // removes a killed program's note, which names another engine
         return nFile;
     }
     if (nErrno == 0 || nErrno == EINTR)
@@ -77,7 +77,7 @@ int LockTry(const std::string& sPath)
     return -1;
 }
 
-/// True when a process is there and no zombie.
+/// True when a process exists and is not a zombie.
 bool ProcessLives(pid_t nId)
 {
     if (kill(nId, 0) != 0)
@@ -90,7 +90,7 @@ bool ProcessLives(pid_t nId)
     return nName == std::string::npos || sState.compare(nName + 2, 1, "Z") != 0;
 }
 
-/// True when a process of the group has the file open, as far as the system can tell.
+/// True when the system says that a process of the group has the file open.
 bool GroupHasOpen(pid_t nGroup, const struct stat& infoFile)
 {
 #ifdef __linux__
@@ -116,8 +116,8 @@ bool GroupHasOpen(pid_t nGroup, const struct stat& infoFile)
 #endif
 }
 
-/// Ends an engine that holds the lock though the Hopcast that started it is gone. Its own end by
-/// the system may fail: that reaches the engine's first process, not what it started itself.
+/// Ends an engine that holds the lock although the Hopcast that started it is gone. The system ends
+/// only the engine's first process, not what that has started.
 void OrphanEnd(const std::string& sPath)
 {
     constexpr auto kAge = std::chrono::seconds(10);  // longer than any run
@@ -155,7 +155,7 @@ struct FileLock::Handle {
     Handle& operator=(const Handle&) = delete;
     ~Handle()
     {
-        if (FileHasName(nFile, sPath))  // while it is held, so that nobody else's can be meant
+        if (FileHasName(nFile, sPath))  // while it is held, so that it cannot be another's file
             unlink(sPath.c_str());
         close(nFile);
     }

@@ -17,7 +17,7 @@ struct FileLock::Handle {
     explicit Handle(HANDLE hOpen) : hFile(hOpen) {}
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
-    ~Handle() { CloseHandle(hFile); }  // the file goes with its last handle
+    ~Handle() { CloseHandle(hFile); }  // the file is deleted with its last handle
 };
 
 Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds,
@@ -27,11 +27,11 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds,
     constexpr double kDyingMax = 0.25;  // seconds
     const std::wstring sFile = WideFromUtf8(sPath);
     using Seconds = std::chrono::duration<double>;
-    const auto tmStart = std::chrono::steady_clock::now();  // the tick count is a tick coarse
+    const auto tmStart = std::chrono::steady_clock::now();  // the tick count is too coarse
     auto tmHeld = tmStart;                                  // when another was last seen to hold it
     const Deadline deadline(dSeconds);
     for (;;) {
-        // Shared with nobody: the open file itself is the lock, and the system lets go of it when
+        // Opened without sharing: the open file itself is the lock, and the system releases it when
         // the program dies.
         const HANDLE hFile =
             CreateFileW(sFile.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, 0, nullptr,
@@ -42,8 +42,8 @@ Result<FileLock> FileLock::FileTake(const std::string& sPath, double dSeconds,
         const auto tmNow = std::chrono::steady_clock::now();
         if (nCode == ERROR_SHARING_VIOLATION)
             tmHeld = tmNow;
-        // A file that is being deleted denies access for a moment, as does one without rights for
-        // ever.
+        // A file that is being deleted denies access for a moment; one that the user may not open
+        // denies it for good.
         const bool bDenied = Seconds(tmNow - tmHeld).count() >= kDyingMax;
         if (nCode == ERROR_PATH_NOT_FOUND)
             return RunError{kPathNotFound};

@@ -1,6 +1,7 @@
 /// @file Message.h
-/// What a message box says, as a value. Only windows and programs show boxes; what lies below them
-/// adds its messages to a list that the caller hands in, and a caller without one wants silence.
+/// What a message box says, as a value. Only windows and programs show boxes; the modules below
+/// them add their messages to a list that the caller passes in. A caller that passes none wants no
+/// messages.
 ///
 /// Texts:   UTF-8; a single carriage return, a line feed or both break the line when shown.
 /// Tests:   tests/system/MsgLibTest.cpp
@@ -19,10 +20,10 @@ struct Message {
     bool operator==(const Message&) const = default;
 };
 
-/// In the order in which they are to be shown.
+/// Messages in the order in which they are to be shown.
 using Messages = std::vector<Message>;
 
-/// Adds a message where somebody wants to know it. @return false, for `return MessageFail(...)`.
+/// Adds a message, if there is a list. @return false, for `return MessageFail(...)`.
 inline bool MessageFail(Messages* paMessages, MsgIcon eIcon, std::string sText)
 {
     if (paMessages != nullptr)

@@ -1,7 +1,7 @@
 /// @file MsgLib.h
-/// The one door to a message box, for windows and programs alone; what lies below them returns its
-/// messages (Message.h). Each program sets a handler: the window program shows a window, the
-/// console program prints on standard error, tests record.
+/// All message boxes are shown through here, by windows and programs only; the modules below them
+/// return their messages (Message.h). Each program sets a handler: the window program shows a
+/// window, the console program prints on standard error, tests record.
 ///
 /// Threads: one thread only.
 /// Errors:  none; without a handler the text goes to standard error.
@@ -19,10 +19,10 @@ using MsgBoxFn = std::function<void(MsgIcon eIcon, const std::string& sText)>;
 /// @param sText  UTF-8; a single carriage return, a line feed or both break the line when shown.
 void MsgBox(MsgIcon eIcon, const std::string& sText);
 
-/// Shows each message in a box of its own. @return false when there was one.
+/// Shows each message in its own box. @return false when there was one.
 bool MsgShow(const Messages& aMessages);
 
-/// Replaces the handler and returns the one before.
+/// Replaces the handler and returns the previous one.
 MsgBoxFn MsgSetHandler(MsgBoxFn fnShow);
 
 /// Shows the box and returns false, for `return MsgFail(...)`.

@@ -24,7 +24,7 @@ struct DecimalText {
     std::string sFraction;  // as long as needed
 };
 
-// Shortest digits that read back to the value in its own precision.
+// The shortest digits that read back to the same value in its own precision.
 template <class T>
 DecimalText DecimalGet(T value)
 {
@@ -130,8 +130,8 @@ bool PlainNumberIs(std::string_view sText)
     return nDigits > 0 && nPoints <= 1;
 }
 
-// Blanks dropped, a plus sign dropped (from_chars refuses it). An empty view when a second sign
-// follows.
+// The text without blanks and without a plus sign (from_chars refuses it). An empty view when a
+// second sign follows.
 std::string_view NumberTextGet(std::string_view sText)
 {
     sText = TextTrim(sText);
@@ -150,7 +150,7 @@ Result<T> NumberRead(std::string_view sText, std::chars_format eFormat)
     const char* pEnd = sText.data() + sText.size();
     const auto res = std::from_chars(sText.data(), pEnd, value, eFormat);
     if (res.ec == std::errc::result_out_of_range) {
-        // Too small is as good as zero; too large has digits before the point or a large exponent.
+        // Too small counts as zero; too large has digits before the point or a large exponent.
         const double dMagnitude = std::abs(std::strtod(std::string(sText).c_str(), nullptr));
         if (dMagnitude < 1.0)
             return T{};

@@ -1,5 +1,5 @@
 /// @file NumberLib.h
-/// Numbers to text and back, the same digits under every locale.
+/// Numbers to text and back, with the same digits under every locale.
 ///
 /// Rounding: patterns round half away from zero on the shortest decimal text of the value in its
 ///           own precision, so 2.5 with "0" is 3 and the single 99.95 with ".0" is 100.0.
@@ -21,8 +21,8 @@
 /// comma are accepted too.
 [[nodiscard]] Result<double> NumberFromTextLenient(std::string_view sText);
 
-/// Formats by a pattern: zeros before the point are the least number of integer digits, zeros
-/// behind it the decimals; a bare point at the end prints. "0", "00", "000", "0.", ".0", ".00",
+/// Formats by a pattern: zeros before the point are the minimum number of integer digits, zeros
+/// after it the decimals; a point at the end is printed. "0", "00", "000", "0.", ".0", ".00",
 /// ".000", "0.0", "00.00" are in use. With no zero before the point an integer part of 0 prints no
 /// digit (".5"). A value that rounds to zero prints no minus. Not-a-number prints "nan", infinity
 /// "inf" (with its minus).

@@ -27,7 +27,7 @@ std::string ProfileNameOf(const fs::path& pthProgram)
     return sName + ".ini";
 }
 
-/// The profile as shipped, beside the program or in its share folder; empty when there is none.
+/// The shipped profile, beside the program or in its share folder; empty when there is none.
 fs::path ShippedProfileGet(const fs::path& pthProgram)
 {
     const fs::path pthName = PathFromText(ProfileNameOf(pthProgram));
@@ -41,7 +41,7 @@ fs::path ShippedProfileGet(const fs::path& pthProgram)
     return {};
 }
 
-/// The shipped profile becomes the user's first one. A failure leaves the defaults in force.
+/// Copies the shipped profile as the user's first one. If that fails the defaults apply.
 void ProfileSeed(const fs::path& pthShipped, const fs::path& pthProfile)
 {
     constexpr std::size_t kProfileMax = std::size_t{1} << 20;

@@ -30,8 +30,8 @@ bool PathExists(const std::string& sPath)
     return lstat(sPath.c_str(), &info) == 0;
 }
 
-/// The first name in the folder, in byte order, that equals sName but for case; sName when none
-/// does.
+/// The first name in the folder, in byte order, that equals sName except for case; sName when there
+/// is none.
 std::string NameLookUp(const std::string& sFolder, std::string_view sName)
 {
     std::string sFound;
@@ -44,7 +44,7 @@ std::string NameLookUp(const std::string& sFolder, std::string_view sName)
     return sFound.empty() ? std::string(sName) : sFound;
 }
 
-/// The rest of sPath below sFolder ("" or with a leading slash); nothing when it lies elsewhere.
+/// The rest of sPath below sFolder ("" or with a leading slash). @return false if it is elsewhere.
 bool PathStrip(std::string_view sPath, const std::string& sFolder, std::string_view& sRest)
 {
     if (sPath.substr(0, sFolder.size()) != sFolder)

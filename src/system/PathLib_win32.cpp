@@ -98,7 +98,7 @@ bool FolderIsSystemOwned(const fs::path& pthFolder)
 
 bool FolderIsWritable(const fs::path& pthFolder)
 {
-    // The access lists are best asked by trying.
+    // The surest way to evaluate the access lists is to try.
     const fs::path pthProbe = pthFolder / (L".hopcast-" + std::to_wstring(GetCurrentProcessId()));
     const HANDLE hFile = CreateFileW(pthProbe.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                      FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);

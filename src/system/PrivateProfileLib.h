@@ -1,16 +1,16 @@
 /// @file PrivateProfileLib.h
 /// Initialisation files, key by key: on Windows GetPrivateProfileStringA and
-/// WritePrivateProfileStringA, elsewhere our own code with the same observable rules. Section and
-/// key names without regard to case, first match wins, blanks around key and value dropped, one
-/// pair of enclosing quotes dropped, lines starting with ';' skipped, values cut to the buffer's
-/// length less one; on writing other lines and their order are kept and the file is replaced
-/// atomically. Only the first section of a name is searched. A new key goes behind its section's
+/// WritePrivateProfileStringA, elsewhere our own code that behaves alike. Section and key names
+/// match without regard to case, the first match wins, blanks around key and value are dropped, as
+/// is one pair of enclosing quotes, lines starting with ';' are skipped, values are cut to the
+/// buffer's length less one; writing keeps other lines and their order, and replaces the file
+/// atomically. Only the first section of a name is searched. A new key goes after its section's
 /// last line, a new section to the end of the file; line ends are the file's own, CR LF in a new
-/// one. A write that would change no byte leaves the file as it is, once it is known that it could
-/// be written.
+/// one. A write that would change no byte leaves the file as it is, but still fails if the file
+/// cannot be written.
 ///
-/// Texts:   UTF-8 in the program, Windows-1252 in the file; UTF-16 when it begins with its byte
-///          order mark, outside Windows UTF-8 too. On a Windows with another alphabet see
+/// Texts:   UTF-8 in the program, Windows-1252 in the file; UTF-16 when the file begins with its
+///          byte order mark, outside Windows UTF-8 too. For other code pages of Windows see
 ///          AnsiLib.h.
 /// Tests:   tests/system/PrivateProfileLibTest.cpp
 #pragma once
@@ -28,8 +28,7 @@
                                             std::string_view sDefault, int nBufferSize,
                                             std::string_view sFile);
 
-/// The same for a file that comes from elsewhere and is Windows-1252 on every machine, as Airmail's
-/// are.
+/// The same for another program's file that is Windows-1252 on every machine, as Airmail's are.
 #ifdef _WIN32
 [[nodiscard]] std::string PrivateProfileGetWindows1252(std::string_view sSection,
                                                        std::string_view sKey,
@@ -45,12 +44,12 @@
     return PrivateProfileGet(sSection, sKey, sDefault, nBufferSize, sFile);
 }
 #endif
-/// What keeps a file from being opened as PrivateProfile, without reading it.
-/// @return "File not found", "Permission denied" ..., or in words what is in the way: "it is a
-///         folder", "it is a device", "it is larger than 64 MB".
+/// Checks, without reading it, whether a file can be opened as PrivateProfile.
+/// @return "File not found", "Permission denied" ..., or the reason in words: "it is a folder",
+///         "it is a device", "it is larger than 64 MB".
 Result<void> PrivateProfileCheck(std::string_view sFile);
 
-/// A file for many keys: outside Windows read once.
+/// A file to read many keys from; outside Windows it is read once.
 class PrivateProfile {
 public:
     /// An ordinary file of up to 64 MB or, outside Windows, a pipe, which is read to its end.
@@ -72,13 +71,13 @@ struct PrivateProfileValue {
     std::string sValue;
 };
 
-/// Writes many keys in their order. Outside Windows all of them in one replacement of the file, so
-/// that it is whole whatever happens; on Windows one by one until one fails.
+/// Writes many keys in their order. Outside Windows the file is replaced once with all of them, so
+/// that it is whole whatever happens; on Windows they are written one by one until one fails.
 /// @return 0, or the system's error code (for SystemErrorText).
 [[nodiscard]] int PrivateProfileWriteAll(std::span<const PrivateProfileValue> aValue,
                                          std::string_view sFile);
 
-/// Writes one key; section and file are made when missing, the folder is not. Line ends in the
+/// Writes one key; a missing section or file is made, a missing folder is not. Line ends in the
 /// value become blanks outside Windows.
 /// @return 0, or the system's error code (for SystemErrorText).
 [[nodiscard]] int PrivateProfileWrite(std::string_view sSection, std::string_view sKey,

@@ -42,7 +42,7 @@ private:
     int m_nFile;
 };
 
-/// Waits until a pipe that was opened without waiting has data, or its writer is gone.
+/// Waits until a pipe that was opened non-blocking has data, or its writer is gone.
 Result<void> DataWait(int nFile)
 {
     constexpr int kMilliseconds = 1000;
@@ -157,7 +157,7 @@ int PrivateProfileWriteAll(std::span<const PrivateProfileValue> aValue, std::str
     if (fs::is_regular_file(status)) {
         auto resBytes = FileRead(sFile, kFileMax);
         if (!resBytes)
-            return EACCES;  // never replaced by a file that holds these keys alone
+            return EACCES;  // replacing it would lose all its other keys
         sBytes = std::move(resBytes.ValueGet());
     }
     IniText text(sBytes);

@@ -35,8 +35,8 @@ std::wstring FullPathGet(const std::wstring& sFile)
     return sPath;
 }
 
-/// The path in the system's short names, which are in its own alphabet; empty when it does not
-/// exist or has none.
+/// The path in the system's short names, which are in its code page; empty when it does not exist
+/// or has none.
 std::wstring ShortPathGet(const std::wstring& sPath)
 {
     std::wstring sShort(GetShortPathNameW(sPath.c_str(), nullptr, 0), L'\0');
@@ -50,9 +50,9 @@ bool IsAnsi(const std::wstring& sText)
     return WideFromUtf8(Utf8FromAnsi(AnsiFromUtf8(Utf8FromWide(sText)))) == sText;
 }
 
-/// The file for the "A" calls. They would seek a bare name in the Windows folder, so it is a full
-/// path; and letters that their alphabet lacks stand in short names, which a file has once it is
-/// made.
+/// The file for the "A" calls. They would look for a bare name in the Windows folder, so this is a
+/// full path. For letters outside their code page it uses short names, which a file has once it
+/// exists.
 std::string AnsiFileGet(std::string_view sFile, bool bMake)
 {
     std::wstring sPath = FullPathGet(WideFromUtf8(sFile));
@@ -84,7 +84,7 @@ std::string_view QuotesDrop(std::string_view sValue)
     return sValue;
 }
 
-/// The bytes of a value as they stand in the file, by the rules of the system's call.
+/// The bytes of a value as they are in the file, found by the rules of the system's call.
 std::optional<std::string> FileValueGet(std::string_view sSection, std::string_view sKey,
                                         std::string_view sFile, const Alphabet& alphabet)
 {
@@ -120,7 +120,7 @@ std::string ValueGet(std::string_view sSection, std::string_view sKey, std::stri
         AnsiFileGet(sFile, false).c_str());
     sBuffer.resize(nLength);
     if (GetACP() != kWindows1252) {
-        // On its way through the system's alphabet the call loses the bytes that have no meaning
+        // The call converts through the system's code page and loses the bytes that have no meaning
         // there, and with them the degree signs of Airmail's positions.
         const auto sValue = FileValueGet(sSection, sKey, sFile, alphabet);
         const bool bPlain = IsAscii(sSection) && IsAscii(sKey);
@@ -151,7 +151,7 @@ int PrivateProfileWrite(std::string_view sSection, std::string_view sKey, std::s
                         std::string_view sFile)
 {
     if (FileReplaceCheck(sFile) == EACCES)
-        return ERROR_ACCESS_DENIED;  // before the call, which asks the disk alone
+        return ERROR_ACCESS_DENIED;  // before the call, which checks the disk only
     const BOOL bWritten = WritePrivateProfileStringA(
         FileBytesFromUtf8(sSection).c_str(), FileBytesFromUtf8(sKey).c_str(),
         FileBytesFromUtf8(sValue).c_str(), AnsiFileGet(sFile, true).c_str());
@@ -178,7 +178,7 @@ Result<void> PrivateProfileCheck(std::string_view sFile)
     if (std::filesystem::is_directory(pthFile, ec))
         return RunError{"it is a folder"};
     if (std::filesystem::status(pthFile, ec).type() == std::filesystem::file_type::not_found)
-        return RunError{kFileNotFound};  // also where its folder is missing
+        return RunError{kFileNotFound};  // also when its folder is missing
     if (std::filesystem::exists(pthFile, ec) && !std::filesystem::is_regular_file(pthFile, ec))
         return RunError{"it is a device"};
     if (const auto resFile = TextFile::Open(sFile); !resFile)
@@ -188,7 +188,7 @@ Result<void> PrivateProfileCheck(std::string_view sFile)
     return {};
 }
 
-/// The calls read the file anew for each key.
+/// The calls read the file again for each key.
 Result<PrivateProfile> PrivateProfile::Open(std::string_view sFile)
 {
     if (const auto res = PrivateProfileCheck(sFile); !res)

@@ -13,8 +13,8 @@ ProcessStartFn& HandlerGet()
     return fnHandler;
 }
 
-/// What was started and not yet waited for. It outlives every thread: at the program's end the
-/// system ends what is left.
+/// The programs that were started and not yet waited for. It outlives every thread: at the
+/// program's end the system ends those that are left.
 struct StartedProcesses {
     std::mutex m_mutex;
     std::map<int, ChildProcess> m_mapChildren;

@@ -1,6 +1,6 @@
 /// @file ProcessLib.h
-/// External programs by their process ids: start by command line, and waiting with a time limit.
-/// The programs themselves are ChildProcess.
+/// External programs by their process ids: starting one by its command line, and waiting for it
+/// with a time limit. Built on ChildProcess.
 ///
 /// Units:   seconds.
 /// Tests:   tests/system/ProcessLibPosixTest.cpp, ProcessLibWin32Test.cpp
@@ -17,18 +17,18 @@
 [[nodiscard]] Result<int> ProcessStart(const ProcessCommand& command);
 
 /// Waits as ChildProcess::Wait does for a process started here. An id that cannot be opened counts
-/// as finished and is true at once: a very short run may already be gone.
+/// as finished and gives true at once: a very short run may already be gone.
 /// @return true when the process ended by itself with exit code 0.
 [[nodiscard]] bool ProcessWait(int nProcessId, double dSeconds, const std::stop_token& stop = {});
 
-/// True when a program file (host path) is one of Windows, so that its words name Windows paths.
+/// True when a program file (host path) is a Windows program, so that its words use Windows paths.
 [[nodiscard]] bool ProgramIsWindows(const std::string& sProgram);
 
-/// What this machine is missing to run a program file (host path), in words for the user;
-/// empty when nothing is known to be missing. Outside Windows that is Wine's 32-bit half: without
-/// it a 32-bit program ends at once, with exit code 0 and without a word.
+/// What is missing on this machine to run a program file (host path), in words for the user; empty
+/// when nothing is known to be missing. Outside Windows this is Wine's 32-bit half: without it a
+/// 32-bit program ends at once, silently and with exit code 0.
 [[nodiscard]] std::string ProgramMissingPartGet(const std::string& sProgram);
 
-/// The seam for tests: replaces ProcessStart's work; an empty function restores it.
+/// For tests: replaces what ProcessStart does; an empty function restores it.
 using ProcessStartFn = std::function<Result<int>(const ProcessCommand&)>;
 ProcessStartFn ProcessSetHandler(ProcessStartFn fnStart);

@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Full host path of the program; a bare name is sought on the search path.
+/// Full host path of the program; a bare name is looked for on the search path.
 std::string ProgramFind(const std::string& sProgram)
 {
     if (sProgram.find('/') == std::string::npos)
@@ -28,7 +28,7 @@ std::string ProgramFind(const std::string& sProgram)
     return fs::absolute(sProgram, ec).native();
 }
 
-/// nCount bytes at a place in a file; fewer when it ends before.
+/// nCount bytes at an offset in a file; fewer when it ends earlier.
 std::string BytesAt(const FileHandle& file, off_t nPlace, std::size_t nCount)
 {
     std::string sBytes(nCount, '\0');
@@ -48,8 +48,8 @@ bool IsWindowsProgram(const std::string& sProgram)
     return BytesAt(ProgramOpen(sProgram), 0, 2) == "MZ";
 }
 
-/// True for a Windows program of 32 bits: byte 0x3C tells where the header "PE" stands, behind
-/// which the processor is named.
+/// True for a 32-bit Windows program: byte 0x3C holds the offset of the header "PE", and the
+/// processor's type follows that.
 bool IsWindowsProgram32(const std::string& sProgram)
 {
     constexpr std::size_t kHeaderPlace = 0x3C;
@@ -64,8 +64,8 @@ bool IsWindowsProgram32(const std::string& sProgram)
     return BytesAt(file, nHeader, kHeader386.size()) == kHeader386;
 }
 
-/// True when the Wine prefix is made for 64 bits and holds no library for 32. (The time stamp is
-/// written when the prefix is complete.)
+/// True when the Wine prefix is a 64-bit one without 32-bit libraries. (The time stamp is written
+/// when the prefix is complete.)
 bool WineLacks32()
 {
     const std::string sPrefix = WinePrefixGet();
@@ -88,7 +88,7 @@ RunError StartErrorMake(int nErrno)
         case EPERM:
             return {kPermissionDenied};
         default:
-            return {kInvalidCall};  // no program of this machine
+            return {kInvalidCall};  // not a program for this machine
     }
 }
 

@@ -12,12 +12,12 @@
 
 struct RegistryString {
     std::string sValue;  ///< UTF-8, without the terminating NUL
-    int nBytes = 0;      ///< size as the registry tells it: bytes of the system's alphabet
+    int nBytes = 0;      ///< size as the registry reports it: bytes in the system's code page
                          ///< (Windows-1252 outside Windows) with the terminating NUL
 };
 
 /// @param sKey        below HKEY_CURRENT_USER, backslashes between components.
-/// @param nMaxBytes   size of the caller's buffer, the NUL included; a longer value fails.
+/// @param nMaxBytes   size of the caller's buffer, including the NUL; a longer value fails.
 /// @return the string, or nothing when key or value is missing or not a string.
 [[nodiscard]] std::optional<RegistryString> RegistryStringGet(std::string_view sKey,
                                                               std::string_view sName,

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Digits of a number in nBase at the start of sText, at most nMax of them; they are taken away.
+/// The number in nBase at the start of sText, of at most nMax digits; they are removed from sText.
 std::uint32_t DigitsTake(std::string_view& sText, int nBase, std::size_t nMax)
 {
     std::uint32_t nCode = 0;
@@ -22,7 +22,7 @@ std::uint32_t DigitsTake(std::string_view& sText, int nBase, std::size_t nMax)
     return nCode;
 }
 
-/// The UTF-16 unit that an escape stands for; sText begins behind the backslash.
+/// The UTF-16 unit that an escape represents; sText begins after the backslash.
 std::uint32_t EscapeTake(std::string_view& sText)
 {
     constexpr std::string_view kLetters = "abtnvfre";
@@ -38,7 +38,7 @@ std::uint32_t EscapeTake(std::string_view& sText)
                                                                         : kCodes[nLetter]);
 }
 
-/// A text up to cEnd with the escapes of the registry file undone; sText is left behind cEnd.
+/// A text up to cEnd with the registry file's escapes decoded; sText then begins after cEnd.
 /// @return nothing when cEnd is missing.
 std::optional<std::string> TextTake(std::string_view& sText, char cEnd)
 {
@@ -69,7 +69,7 @@ std::optional<std::string> TextTake(std::string_view& sText, char cEnd)
 }
 
 /// The string of a line `"Name"="..."`, `"Name"=str(2):"..."` or `@="..."` when it has this name;
-/// the inner optional is empty for a value that is no string.
+/// the inner optional is empty for a value that is not a string.
 std::optional<std::optional<std::string>> ValueTake(std::string_view sLine, std::string_view sName)
 {
     std::optional<std::string> sFound;
@@ -94,7 +94,7 @@ std::optional<std::optional<std::string>> ValueTake(std::string_view sLine, std:
     return sValue;
 }
 
-/// The value as user.reg of the Wine prefix holds it; a later entry replaces an earlier one.
+/// The value in user.reg of the Wine prefix; a later entry replaces an earlier one.
 std::optional<std::string> ValueRead(std::string_view sKey, std::string_view sName)
 {
     auto resFile = TextFile::Open(WinePrefixGet() + "/user.reg");

@@ -19,7 +19,7 @@ std::optional<RegistryString> RegistryStringGet(std::string_view sKey, std::stri
     std::string sBuffer(static_cast<std::size_t>(std::max(nMaxBytes, 0)), '\0');
     auto nBytes = static_cast<DWORD>(sBuffer.size());
     DWORD nType = REG_NONE;
-    // A null buffer would ask for the size alone and succeed; std::string's never is.
+    // A null buffer would ask for the size only and succeed; std::string's is never null.
     const LSTATUS nStatus = RegQueryValueExA(hKey, AnsiFromUtf8(sName).c_str(), nullptr, &nType,
                                              reinterpret_cast<BYTE*>(sBuffer.data()), &nBytes);
     RegCloseKey(hKey);

@@ -1,10 +1,10 @@
 /// @file Result.h
-/// A value or a run-time error. Results mostly stay inside a module; what a user has to be told
+/// A value or a run-time error. Results mostly stay inside a module; what the user has to know
 /// leaves it as a Message or as a Failure of a run.
 ///
 /// Units:   none.
-/// Errors:  the error's text is one of the classic descriptions of RunErrorText.h, or a text of the
-///          procedure that made it.
+/// Errors:  the error's text is one of the classic descriptions of RunErrorText.h, or written by
+///          the procedure that failed.
 /// Tests:   tests/system/ResultTest.cpp
 #pragma once
 
@@ -13,7 +13,7 @@
 #include <string>
 #include <utility>
 
-/// A run-time error: nothing but its description, ready to stand behind a message's prefix.
+/// A run-time error: only its description, worded to follow a message's prefix.
 struct RunError {
     std::string sText;
 };
@@ -39,7 +39,7 @@ public:
     }
     /// The error's description; empty when the result holds a value.
     [[nodiscard]] const std::string& TextGet() const { return m_sText; }
-    /// The error, to be handed on. REQUIRES: the result holds an error.
+    /// The error, to be passed on. REQUIRES: the result holds an error.
     [[nodiscard]] RunError ErrorGet() const
     {
         assert(!m_value.has_value());

@@ -17,6 +17,6 @@ inline constexpr const char* kDiskFull = "Disk full";
 inline constexpr const char* kInputPastEnd = "Input past end of file";
 
 /// The description that fits an errno value of a file operation (no such file: "File not found",
-/// not permitted or busy: "Permission denied", no room or a size limit: "Disk full", anything
+/// not permitted or busy: "Permission denied", no space or a size limit: "Disk full", anything
 /// else: "Path/File access error").
 [[nodiscard]] RunError RunErrorFromErrno(int nErrno);

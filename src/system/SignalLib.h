@@ -10,16 +10,16 @@
 #include <stop_token>
 
 /// For a console program: from now on these signals end the engines with their groups, call
-/// fnCleanUp (on a thread of its own), and then end the program as they always did. REQUIRES:
-/// called first of all, before there is another thread.
+/// fnCleanUp (on a separate thread), and then end the program as usual. REQUIRES: called before
+/// anything else, while there is no other thread.
 void EndSignalsAnswer(std::function<void()> fnCleanUp);
 
-/// For a window program, which ends by itself: the descriptor of a pipe that becomes readable with
-/// the first of these signals. A second one ends the program at once. @return -1 where there is
-/// none.
+/// For a window program, which then closes itself: the descriptor of a pipe that becomes readable
+/// with the first of these signals. A second one ends the program at once. @return -1 where there
+/// is none.
 [[nodiscard]] int EndSignalsPipe();
 
 /// For a launcher, which cleans up before it ends: from now on the first of these signals requests
 /// a stop, and a file that grows too large or a closed pipe is an ordinary error. REQUIRES: called
-/// first of all, before there is another thread.
+/// before anything else, while there is no other thread.
 [[nodiscard]] std::stop_token EndSignalsStop();

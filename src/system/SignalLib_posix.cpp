@@ -13,7 +13,7 @@ namespace {
 
 int nPipeEnd = -1;  // for the handler
 
-/// The signals that ask to end and are not ignored.
+/// The ending signals that are not ignored.
 sigset_t EndSignals()
 {
     sigset_t set;
@@ -46,7 +46,7 @@ void EndAwait(sigset_t set, const std::function<void()>& fnCleanUp)
     sigemptyset(&setThis);
     sigaddset(&setThis, nSignal);
     pthread_sigmask(SIG_UNBLOCK, &setThis, nullptr);
-    kill(getpid(), nSignal);  // nobody else waits for it
+    kill(getpid(), nSignal);  // no other thread waits for it
 }
 
 void PipeTell(int)
@@ -60,7 +60,7 @@ void PipeTell(int)
 void EndSignalsAnswer(std::function<void()> fnCleanUp)
 {
     const sigset_t set = EndSignals();
-    pthread_sigmask(SIG_BLOCK, &set, nullptr);  // in every thread to come, too
+    pthread_sigmask(SIG_BLOCK, &set, nullptr);  // later threads inherit it
     std::thread(EndAwait, set, std::move(fnCleanUp)).detach();
 }
 

@@ -6,8 +6,8 @@
 
 namespace {
 
-// Windows-1252, bytes 0x80 to 0x9F; 0 stands for the five bytes without a meaning. The other
-// bytes are their own code points (Latin-1).
+// Windows-1252, bytes 0x80 to 0x9F; 0 marks the five bytes without a meaning. The other bytes are
+// their own code points (Latin-1).
 constexpr std::array<std::uint16_t, 32> kHighControl{
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -21,8 +21,8 @@ char UpperGet(char chr)
     return chr >= 'a' && chr <= 'z' ? static_cast<char>(chr - 'a' + 'A') : chr;
 }
 
-// One code point from position nAt on, which moves behind it; a malformed byte is taken alone and
-// gives the replacement character.
+// The code point at nAt, which moves past it; a malformed byte is taken alone and gives the
+// replacement character.
 char32_t Utf8Next(std::string_view sText, std::size_t& nAt)
 {
     const auto ByteGet = [&](std::size_t n) { return static_cast<unsigned char>(sText[n]); };
@@ -45,7 +45,7 @@ char32_t Utf8Next(std::string_view sText, std::size_t& nAt)
         }
         nCode = (nCode << 6) | (nByte & 0x3F);
     }
-    // A longer form than the character needs: it would carry a line end past every check for one.
+    // A longer form than the character needs could smuggle a line end past every check.
     constexpr std::array<char32_t, 4> kLeast{0, 0x80, 0x800, 0x10000};
     if (nCode < kLeast[static_cast<std::size_t>(nMore)]) {
         ++nAt;
@@ -55,7 +55,7 @@ char32_t Utf8Next(std::string_view sText, std::size_t& nAt)
     return nCode;
 }
 
-/// The character as a terminal may get it: none that moves the cursor, ends a line or turns the
+/// The character as a terminal may get it: none that moves the cursor, ends a line or changes the
 /// direction of writing (Unicode 15, categories Cc, Zl and Zp, and the bidirectional controls).
 char32_t PrintableGet(char32_t nCode)
 {

@@ -1,5 +1,5 @@
 /// @file UserFolders.h
-/// Folders of the user's own, and the machine's temporary ones, in which an engine root can lie.
+/// The user's folders and the machine's temporary ones in which an engine root can be.
 ///
 /// Paths:   host paths, UTF-8.
 /// Tests:   tests/propagation/EngineRootPosixTest.cpp
@@ -8,18 +8,18 @@
 #include <string>
 #include <vector>
 
-/// Where a private root may lie, in order of preference.
+/// Where a private root may be, in order of preference.
 [[nodiscard]] std::vector<std::string> PrivateRootFolders();
 
-/// A new empty folder that only this user may enter, among the machine's temporary ones; empty when
-/// none can be made, and on Windows, where the folder above is the user's own.
+/// A new empty folder among the machine's temporary ones that only this user may enter. The path is
+/// empty when none can be made, and on Windows, where PrivateRootFolders is the user's own already.
 [[nodiscard]] std::string TemporaryRootMake();
 
 /// Removes the temporary roots of programs that were killed more than a day ago.
 void TemporaryRootsRemove();
-/// Held in a temporary root while its program lives.
+/// A lock held in a temporary root while its program lives.
 inline constexpr const char* kRootOwnerLock = "hopcast-owner.lock";
-/// Names the programs that Hopcast put into a root, so that no other is ever touched. One a line:
+/// Lists the programs that Hopcast put into a root, so that no other is ever touched. One per line:
 /// "rec533w.exe link TARGET" or "rec533w.exe copy SIZE HASH".
 inline constexpr const char* kManifest = "hopcast-engines.txt";
 

@@ -7,7 +7,7 @@ namespace fs = std::filesystem;
 
 std::vector<std::string> PrivateRootFolders()
 {
-    // Not c:\itshfbc: a folder below C:\ can be written by every account of the machine.
+    // Not c:\itshfbc: every account of the machine may write to a folder directly below C:\.
     std::error_code ec;
     const std::string sLocal = EnvironmentGet("LOCALAPPDATA");
     const fs::path pthBase = sLocal.empty() ? fs::temp_directory_path(ec) : PathFromText(sLocal);
