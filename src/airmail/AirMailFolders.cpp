@@ -24,12 +24,12 @@ AirMailFolders& FoldersGet()
 
 void FolderSet(AirMailFolder& folder, std::string sPath)
 {
-    // The profile holds what was in force when it was saved, so an equal text tells nothing new.
+    // The profile holds what was in force when it was saved, so an equal text says nothing new.
     if (sPath != folder.sPath)
         folder = {std::move(sPath), AirMailOrigin::Profile};
 }
 
-// Takes nCount characters from the end of a UTF-8 text.
+// Removes nCount characters from the end of a UTF-8 text.
 std::string TextShorten(std::string sText, std::size_t nCount)
 {
     while (nCount > 0 && !sText.empty()) {
@@ -42,18 +42,18 @@ std::string TextShorten(std::string sText, std::size_t nCount)
 
 std::optional<std::string> RegistryFolderGet()
 {
-    // The size counts the terminating NUL; that and the installer's backslash are two.
+    // The size includes the terminating NUL; with the installer's backslash that makes two.
     constexpr int kDropped = 2;
     const auto value = RegistryStringGet(kRegistryKey, kRegistryName, kRegistryBytesMax);
     if (!value || value->nBytes < kDropped)
         return std::nullopt;
-    // A character may be several bytes there; what is told beyond the text is the NUL and the rest.
+    // A character may be several bytes there; the size beyond the text is the NUL and the rest.
     const int nBeyond = value->nBytes - static_cast<int>(FileBytesFromUtf8(value->sValue).size());
     return TextShorten(value->sValue,
                        static_cast<std::size_t>(std::clamp(kDropped - nBeyond, 0, kDropped)));
 }
 
-// The line's folder without its last character; a failure where nothing stands behind the mark.
+// Takes the line's folder without its last character; fails if nothing follows the mark.
 bool LogLineApply(std::string_view sLine, AirMailFolder& data)
 {
     const std::size_t nMark = sLine.find(kDataFolderMark);
@@ -134,7 +134,7 @@ void AirMailFoldersFind()
 
 std::string AirMailPathGet(const std::string& sFolder, std::string_view sName)
 {
-    // A folder of the host gets its Windows name, so that names below it are found in any case.
+    // A host folder gets its Windows name, so that names below it are found in upper or lower case.
     return PathToWindows(sFolder).append("\\").append(sName);
 }
 

@@ -13,7 +13,7 @@ struct Place {
     const char* sSection;
     const char* sLatitude;
     const char* sLongitude;
-    const char* sTime;  // nothing: this place keeps no time
+    const char* sTime;  // nullptr: this place keeps no time
 };
 
 constexpr std::array kPlaces{
@@ -22,7 +22,7 @@ constexpr std::array kPlaces{
     Place{"Propagation", "Latitude", "Longitude", nullptr},
 };
 
-/// A value out of range counts as one that cannot be decoded, and is told as one.
+/// A value out of range counts as one that cannot be decoded, and is reported as such.
 bool RangeCheck(const Place& place, const char* sKey, const std::string& sText, bool bInRange,
                 Messages* paMessages, std::string* psFault)
 {

@@ -16,14 +16,14 @@
 /// range (PositionInRange) counts as none.
 /// @param dLatitude   may be written by a place that then fails, as may dLongitude: pass locals.
 /// @param dtTime      all zero when the place has no time (the propagation data).
-/// @param paMessages  the last place tells it what is missing or cannot be decoded (one message).
-/// @param psFault     where it is not null: the first value out of range, with file and key; left
-///                    alone when there is none.
-/// @return true when a position was found; "Type mismatch" when its time is no date, which is no
-///         message yet.
+/// @param paMessages  gets what is missing or cannot be decoded in the last place (one message).
+/// @param psFault     if not null, gets the first value out of range, with file and key; untouched
+///                    when there is none.
+/// @return true when a position was found; "Type mismatch" when its time is not a date, for which
+///         no message is added.
 Result<bool> AirMailPositionGet(double& dLatitude, double& dLongitude, DateTime& dtTime,
                                 Messages* paMessages, std::string* psFault = nullptr);
 
-/// Boundaries between dtTime and now, of the largest unit that counts any: "3 days", "1 hours",
-/// "0 minutes". Always plural; negative for a time to come. From 23:59 to 00:01 is "1 days".
+/// Boundaries between dtTime and now, in the largest unit that has any: "3 days", "1 hours",
+/// "0 minutes". Always plural; negative for a future time. From 23:59 to 00:01 is "1 days".
 [[nodiscard]] std::string AirMailAgeText(const DateTime& dtTime);

@@ -25,7 +25,7 @@ bool StationsFail(Messages* paMessages, const char* sStage, const std::string& s
                            + TextForMessage(sSystem) + "\"" + sReason + AirMailFolderHint());
 }
 
-/// Calls fnLine with what stands before and behind the first "=" of each line of the list.
+/// Calls fnLine with the texts before and after the first "=" of each line of the list.
 template <class LineFn>
 Result<void> LinesRead(TextFile& file, const LineFn& fnLine)
 {
@@ -44,8 +44,8 @@ Result<void> LinesRead(TextFile& file, const LineFn& fnLine)
     }
 }
 
-/// A value as the reader of one key gives it: without blanks and one pair of quotes around it, cut
-/// to its buffer.
+/// A value as the reader of one key gives it: without surrounding blanks and one pair of quotes,
+/// cut to its buffer.
 std::string ValueCut(std::string_view sValue)
 {
     sValue = TextTrim(sValue);

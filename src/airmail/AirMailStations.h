@@ -1,10 +1,10 @@
 /// @file AirMailStations.h
-/// Airmail's station lists: one file System.NAME.ini in the data folder per radio e-mail system,
-/// its section "[Station Info]" one line "key=grid:description;rest" per station.
+/// Airmail's station lists: the data folder has a file System.NAME.ini for each radio e-mail
+/// system, whose section "[Station Info]" has a line "key=grid:description;rest" for each station.
 ///
 /// Units:   degrees, north and east positive.
 /// Texts:   UTF-8 here, Windows-1252 in the files.
-/// Errors:  one message each, which ends with the hint to check the data folder.
+/// Errors:  one message each, ending with the hint to check the data folder.
 /// Tests:   tests/airmail/AirMailStationsTest.cpp
 #pragma once
 
@@ -33,45 +33,45 @@ private:
     std::vector<std::string> m_asText;
 };
 
-/// One line of a station list, cut apart.
+/// One line of a station list, split into its parts.
 struct StationEntry {
     std::string sKey;
     std::optional<std::string> sGrid;  ///< before the first ":"; nothing without one
     std::string sDescription;          ///< between the first ":" and the first ";"
-    std::string sRest;                 ///< behind the first ";"
+    std::string sRest;                 ///< after the first ";"
 };
 
-/// The systems that have a station file, in directory order: of each name the text between its
-/// first two points, so that System.HAM.ini and System.HAM.old.ini both give HAM.
-/// @param nCount  names in the list, which replaces what asName held.
+/// The systems that have a station file, in directory order: the text between the first two points
+/// of each file's name, so that System.HAM.ini and System.HAM.old.ini both give HAM.
+/// @param nCount  names in the list, which replaces the contents of asName.
 /// @return false, with a message, when there is none.
 bool AirMailGetSystems(int& nCount, TextList& asName, Messages* paMessages);
 
-/// The station keys of one system, in the file's order, from the line "[Station Info]" (to the
-/// letter) to the first line without "=". Keys are not trimmed.
-/// @param nCount  keys in the list, which replaces what asKey held.
-/// @return false, with a message, when the file cannot be opened or read or holds no key.
+/// The station keys of one system, in the file's order, from the line "[Station Info]" (exactly
+/// so) to the first line without "=". Keys are not trimmed.
+/// @param nCount  keys in the list, which replaces the contents of asKey.
+/// @return false, with a message, when the file cannot be opened or read or has no key.
 bool AirMailGetStations(const std::string& sSystem, int& nCount, TextList& asKey,
                         Messages* paMessages);
 
-/// The same lines with what stands in them, each cut as the reader of one key cuts it; the file is
-/// read once. A line that begins with ";" is a remark and left out. Of lines with one key each is
-/// there, with its own text. Nothing is checked.
+/// The same lines with their contents, each cut as the reader of one key cuts it; the file is read
+/// once. A line that begins with ";" is a remark and left out. Lines with the same key are all
+/// included, each with its own text. Nothing is checked.
 bool AirMailGetEntries(const std::string& sSystem, std::vector<StationEntry>& aEntry,
                        Messages* paMessages);
 
 /// The position of a station by the grid square of its entry.
-/// @param bShowError  a message tells a missing entry; a grid that cannot be converted is always
-///                    told.
-/// @param psFault     where it is not null: receives file, key and grid of a position out of range
-///                    (PositionInRange), which counts as none; a message tells it with bShowError.
+/// @param bShowError  add a message for a missing entry; a grid that cannot be converted always
+///                    gets one.
+/// @param psFault     if not null, receives file, key and grid of a position out of range
+///                    (PositionInRange), which counts as none; with bShowError it gets a message.
 /// @return true when found, else the outputs are untouched; "Invalid procedure call or argument"
-///         for an entry without ":", which is no message yet.
+///         for an entry without ":", for which no message is added.
 Result<bool> AirMailStationPosition(const std::string& sSystem, const std::string& sKey,
                                     double& dLatitude, double& dLongitude, bool bShowError,
                                     Messages& aMessages, std::string* psFault = nullptr);
 
 /// The entry's text between its first ":" and its first ";" (or its end); empty without a ":".
-/// @param paMessages  gets a missing entry.
+/// @param paMessages  gets a message for a missing entry.
 [[nodiscard]] std::string AirMailStationDescription(const std::string& sSystem,
                                                     const std::string& sKey, Messages* paMessages);

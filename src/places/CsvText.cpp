@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Takes one row from the head of a text.
+/// Takes one row from the beginning of a text.
 class RowReader {
 public:
     explicit RowReader(std::string_view sText) : m_sText(sText.substr(0, kCsvRowMost)) {}

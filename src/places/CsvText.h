@@ -1,9 +1,9 @@
 /// @file CsvText.h
 /// Rows of comma-separated values by RFC 4180: fields may be quoted, a quote inside is doubled, and
-/// a quoted field may hold commas and line ends.
+/// a quoted field may contain commas and line ends.
 ///
-/// Domain:  rows of up to 4096 bytes, so that a lost quote does not swallow the file.
-/// Errors:  a row that breaks the rules is its first line alone, and says why.
+/// Domain:  rows of up to 4096 bytes, so that a missing quote does not swallow the file.
+/// Errors:  of a row that breaks the rules only the first line is taken, and sFault says why.
 /// Tests:   tests/places/CsvTextTest.cpp
 #pragma once
 
@@ -15,13 +15,13 @@
 inline constexpr std::size_t kCsvRowMost = 4096;  ///< bytes
 
 struct CsvRow {
-    std::string sRaw;                  ///< as it stands, without its end
-    std::vector<std::string> asField;  ///< empty where it breaks the rules
-    std::string sFault;                ///< empty; else what it breaks
-    int nLine = 1;                     ///< of its beginning, from 1
+    std::string sRaw;                  ///< the row's bytes, without its line end
+    std::vector<std::string> asField;  ///< empty if the row breaks the rules
+    std::string sFault;                ///< the rule that it breaks; else empty
+    int nLine = 1;                     ///< line number of its beginning, from 1
 };
 
-/// Takes a text row by row, so that a text of nothing but line ends needs no room.
+/// Reads a text row by row, so that a text of nothing but line ends needs no memory.
 class CsvReader {
 public:
     /// @param sText  must outlive the reader
@@ -30,7 +30,7 @@ public:
     [[nodiscard]] bool AtEnd() const { return m_sRest.empty(); }
     /// The next row. An empty line is a row of one empty field.
     CsvRow RowTake();
-    /// The next line whatever it holds, as a row without fields.
+    /// The next line, whatever it contains, as a row without fields.
     CsvRow LineTake();
 
 private:
@@ -40,5 +40,5 @@ private:
     int m_nLine = 1;
 };
 
-/// A field as it is written: quoted where it must be.
+/// A field as it is written: quoted if necessary.
 [[nodiscard]] std::string CsvFieldText(std::string_view sField);

@@ -17,9 +17,9 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kColumns = 4;
-constexpr std::size_t kPastedColumns = 2;  // name and position must be there
+constexpr std::size_t kPastedColumns = 2;  // name and position are required
 
-/// Signs of a text that stand for what could not be read.
+/// Counts a text's replacement characters, which mark what could not be decoded.
 std::size_t ReplacementsGet(std::string_view sText)
 {
     constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
@@ -41,7 +41,7 @@ std::size_t CharactersGet(std::string_view sText)
         sText, [](char chr) { return (static_cast<unsigned char>(chr) & 0xC0U) != 0x80U; }));
 }
 
-/// A field without blanks around it, and in one line.
+/// Trims a field and brings it onto one line.
 Result<void> FieldClean(std::string& sField, const char* sName, std::size_t nMost)
 {
     sField = TextTrim(sField);
@@ -83,7 +83,7 @@ Result<void> FrequenciesRead(const std::string& sText, std::vector<float>& afFre
     return {};
 }
 
-/// @param nLeast  columns that must be there
+/// @param nLeast  number of required columns
 OwnPlace RowMake(std::vector<std::string> asField, std::string sFault, std::size_t nLeast)
 {
     OwnPlace row;
@@ -112,8 +112,9 @@ bool HeadIs(const CsvRow& row)
 
 bool BlankIs(const CsvRow& row) { return TextTrim(row.sRaw).empty(); }
 
-/// Adds a row that is neither blank nor one too many.
-/// @param nLeast  columns that must be there
+/// Adds a row, unless it is blank.
+/// @param nLeast  number of required columns
+/// @return an error if the list is full
 Result<void> RowAdd(CsvRow csv, std::size_t nLeast, OwnPlaceList& list)
 {
     if (BlankIs(csv))
@@ -146,8 +147,8 @@ std::vector<std::string> TabFields(std::string_view sLine)
 }
 
 /// The next row of a pasted text, in which tables with tabs and rows with commas may be mixed, and
-/// each may hold the other's separator. A line with tabs is what can be used of it; where nothing
-/// can, what its first separator says.
+/// each may contain the other's separator. A line with tabs is read the way that gives a usable
+/// row, by tabs first; if neither way does, its first separator decides.
 CsvRow PastedRowTake(CsvReader& reader)
 {
     const auto UsableIs = [](const CsvRow& row) {
@@ -186,7 +187,7 @@ std::string LinesText(const OwnPlaceList& list)
     return sText;
 }
 
-/// True when both lists have the same rows, wherever they were read.
+/// True when both lists have the same rows; the line numbers do not matter.
 bool RowsEqual(const OwnPlaceList& listA, const OwnPlaceList& listB)
 {
     return std::ranges::equal(listA.aRows, listB.aRows, [](const OwnPlace& a, const OwnPlace& b) {

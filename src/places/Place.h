@@ -1,5 +1,5 @@
 /// @file Place.h
-/// A place that a path may begin at: a station of Airmail's lists, or one of the user's own.
+/// A place where a path can begin: a station from Airmail's lists, or one of the user's own places.
 ///
 /// Units:   degrees, north and east positive; kHz.
 /// Texts:   UTF-8.
@@ -15,17 +15,17 @@ enum class PlaceKind { Ham, SailMail, Other, Own };
 
 /// "Ham", "SailMail", "Other", "My places".
 [[nodiscard]] std::string_view PlaceKindName(PlaceKind eKind);
-/// The kind of a system of station lists, as the station menus sort them.
+/// The kind of a station system, as the station menus sort them.
 [[nodiscard]] PlaceKind PlaceKindOf(std::string_view sSystem);
 
 struct Place {
     PlaceKind eKind = PlaceKind::Own;
-    std::string sSystem;       ///< of Airmail's list, as its file names it; "places" for own
-    std::string sKey;          ///< the station's key, the own place's name
+    std::string sSystem;       ///< Airmail's system, as in the file's name; "places" for own places
+    std::string sKey;          ///< the station's key, or the own place's name
     std::string sDescription;  ///< the own place's note
     double dLat = 0.0;
     double dLon = 0.0;
-    std::vector<float> afFrequency;  ///< own frequencies, kHz, in their order, none twice
+    std::vector<float> afFrequency;  ///< its own frequencies, kHz, in their order, none twice
 
     bool operator==(const Place&) const = default;
 };
@@ -42,15 +42,15 @@ struct PlaceFault {
     bool operator==(const PlaceFault&) const = default;
 };
 
-/// "2 places cannot be used: HAM XX5BAD (its grid square ...), line 7 (...)", of more than 5 the
-/// first 5 and how many more; empty without any.
+/// "2 places cannot be used: HAM XX5BAD (its grid square ...), line 7 (...)"; the first 5 and the
+/// number of the others if there are more; empty if there is none.
 [[nodiscard]] std::string PlaceFaultsText(const std::vector<PlaceFault>& aFaults);
 
 inline constexpr double kOwnFrequencyLeast = 1600.0;  ///< kHz
 inline constexpr double kOwnFrequencyMost = 30000.0;
 
-/// The numbers from 1600.0 to 30000.0 of a text, which blanks, commas, slashes and semicolons
-/// separate; each once. What is no such number is left out.
-/// @param psLeftOut  receives the first part that was left out; untouched where none was
+/// The numbers from 1600.0 to 30000.0 in a text, separated by blanks, commas, slashes and
+/// semicolons; each once. Anything else is left out.
+/// @param psLeftOut  receives the first part that was left out; untouched if none was
 [[nodiscard]] std::vector<float> OwnFrequenciesGet(std::string_view sText,
                                                    std::string* psLeftOut = nullptr);

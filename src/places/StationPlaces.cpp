@@ -12,10 +12,10 @@
 
 namespace {
 
-/// The position of a grid square; the reader of squares takes any characters.
+/// The position of a grid square, which is checked here: GridSquareToPosition takes any characters.
 bool GridRead(const std::string& sGrid, double& dLat, double& dLon)
 {
-    constexpr std::size_t kUsed = 6;  // what stands behind them is not read
+    constexpr std::size_t kUsed = 6;  // characters after these are ignored
     std::string sSquare = sGrid;
     return TextTrim(sGrid) == sGrid && GridSquareFromText(sGrid.substr(0, kUsed))
            && GridSquareToPosition(sSquare, dLat, dLon, nullptr) && PositionInRange(dLat, dLon);
@@ -53,7 +53,7 @@ StationPlaces StationPlacesGet(const std::set<PlaceKind>& aWanted)
     int nCount = 0;
     TextList asSystem;
     AirMailGetSystems(nCount, asSystem, &stations.aMessages);
-    std::set<std::string> asSeen;  // System.HAM.ini and System.HAM.old.ini are both named HAM
+    std::set<std::string> asSeen;  // System.HAM.ini and System.HAM.old.ini both give HAM
     for (int i = 1; i <= nCount; ++i) {
         std::vector<StationEntry> aEntry;
         if (!aWanted.contains(PlaceKindOf(asSystem[i])) || !asSeen.insert(asSystem[i]).second
