@@ -9,10 +9,10 @@ namespace {
 constexpr std::string_view kTag = "time-tag";
 constexpr std::string_view kNumber = "predicted_ssn";
 constexpr std::size_t kObjectsMost = 1200;
-constexpr std::size_t kKeysMost = 64;    // of an object
+constexpr std::size_t kKeysMost = 64;    // in an object
 constexpr std::size_t kStringMost = 64;  // bytes
 
-/// Reads a flat array of flat objects by the grammar of JSON (RFC 8259), from its bracket on.
+/// Reads a flat array of flat objects by the grammar of JSON (RFC 8259), from its opening bracket.
 class ArrayReader {
 public:
     explicit ArrayReader(std::string_view sText) : m_sText(sText) {}
@@ -45,7 +45,7 @@ private:
                                         : "NOAA's forecast is damaged. Request it again"};
     }
 
-    /// True when the next character, blanks aside, is this one.
+    /// Skips blanks; true when the next character is this one.
     bool Next(char chr)
     {
         const std::size_t nAt = m_sText.find_first_not_of(" \n");
@@ -70,14 +70,14 @@ private:
             m_sText = {};
             return std::nullopt;
         }
-        if (m_sText[nEnd] != '"' || nEnd > kStringMost)  // escapes are in no text of this array
+        if (m_sText[nEnd] != '"' || nEnd > kStringMost)  // no text in this array has escapes
             return std::nullopt;
         const std::string_view sString = m_sText.substr(0, nEnd);
         m_sText.remove_prefix(nEnd + 1);
         return sString;
     }
 
-    /// A number, true, false or null as its letters.
+    /// A number, true, false or null as its characters.
     std::string_view Word()
     {
         const std::size_t nEnd = m_sText.find_first_of(" \n,}]");
@@ -114,7 +114,7 @@ private:
         return optYear && optMonth;
     }
 
-    /// Its two keys once each; the others are of no use here, but must be JSON too.
+    /// Its two keys, each once; the other keys are not used here, but must be JSON too.
     Result<ForecastMonth> ObjectRead()
     {
         ForecastMonth month;

@@ -1,8 +1,9 @@
 /// @file ForecastParts.h
-/// What the readers of the products share. Private to ForecastReader.
+/// What the readers of the forecast products share. Private to ForecastReader.
 ///
-/// Text:    cleaned by ForecastReader: no quoting, no control characters but LF at each line's end.
-/// Errors:  the reason alone and what to do next; ForecastReader names the text.
+/// Text:    cleaned by ForecastReader: no quoting, no control characters except LF at the end of
+///          each line.
+/// Errors:  only the reason and what to do next; ForecastReader says which text it is.
 #pragma once
 
 #include <optional>
@@ -17,27 +18,27 @@ using ForecastMonths = std::vector<ForecastMonth>;
 
 /// The words of a line, separated by blanks or semicolons.
 [[nodiscard]] std::vector<std::string_view> ForecastWords(std::string_view sLine);
-/// A whole number of digits alone, at most nDigits of them.
+/// A whole number that consists only of digits, at most nDigits of them.
 [[nodiscard]] std::optional<int> ForecastWhole(std::string_view sWord, std::size_t nDigits);
-/// "Nov" or "November" as 11; nothing for another word.
+/// "Nov" or "November" as 11; nothing for any other word.
 [[nodiscard]] std::optional<int> ForecastMonthNumber(std::string_view sWord);
-/// The day, when the calendar has it.
+/// The day; nothing if it is not in the calendar.
 [[nodiscard]] std::optional<DateTime> ForecastDay(int nYear, int nMonth, int nDay);
 
-/// Checks a month and its version-2 number and puts it behind the others.
+/// Checks a month and its version-2 number and inserts it among the others in order of time.
 Result<void> ForecastMonthAdd(ForecastMonths& aMonths, const ForecastMonth& month);
 
-/// The array of NOAA. @return nothing when the text holds none of it.
+/// NOAA's array. @return nothing when it is not in the text.
 std::optional<Result<ForecastMonths>> ForecastNoaaRead(std::string_view sText);
-/// The rows of SILSO. @param bEnded  false when the text's last line had no line end: it may be cut
+/// SILSO's rows. @param bEnded  false when the text's last line had no line end: it may be cut
 std::optional<Result<ForecastMonths>> ForecastSilsoRead(std::string_view sText, bool bEnded);
 
 struct ForecastFlux {
     DateTime dtDay;  ///< day of issue
     double dFlux = 0.0;
 };
-/// The bulletin of WWV.
+/// WWV's bulletin.
 std::optional<Result<ForecastFlux>> ForecastWwvRead(std::string_view sText);
 
-/// A number for a message: of more than 12 characters the first 12 and "...".
+/// A number for a message, cut to 12 characters and "..." if it is longer.
 [[nodiscard]] std::string ForecastNumberText(double dValue);

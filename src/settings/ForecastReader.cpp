@@ -10,7 +10,8 @@
 
 namespace {
 
-/// Line by line without quoting marks ("> > "), blanks for control characters and hard blanks.
+/// The lines without quoting marks ("> > "), and with blanks for control characters and no-break
+/// spaces.
 std::string TextClean(std::string_view sText)
 {
     constexpr std::string_view kHardBlank = "\xC2\xA0";
@@ -53,8 +54,8 @@ std::optional<DateTime> MailDayGet(std::string_view sLine)
     return ForecastDay(*optYear, *optMonth, *optDay);
 }
 
-/// Dates a forecast that has no date of its own: by the last mail header that is not of a day to
-/// come, because a forwarded mail's own header is the inner one; else by today.
+/// Dates a forecast without a date: by the last mail header that is not in the future, because the
+/// header of a forwarded mail follows that of the outer one; else by today.
 void ForecastDate(SunSpotForecast& forecast, std::string_view sText, const DateTime& dtToday)
 {
     forecast.dtDay = DateTime{dtToday.nYear, dtToday.nMonth, dtToday.nDay};
@@ -89,7 +90,7 @@ Result<SunSpotForecast> FluxTake(const Result<ForecastFlux>& resFlux, const Date
     if (!resFlux)
         return Refused(resFlux.TextGet());
     const ForecastFlux& flux = resFlux.ValueGet();
-    if (DayBoundaries(dtToday, flux.dtDay) > 1)  // a day's difference is the time zone's
+    if (DayBoundaries(dtToday, flux.dtDay) > 1)  // time zones can differ by a day
         return Refused(
             "the bulletin of WWV is of a day to come. Check the date of this computer's clock");
     SunSpotForecast forecast;
@@ -105,10 +106,10 @@ std::string MonthName(const ForecastMonth& month)
     return NumberToText(month.nYear) + "-" + NumberFormat(static_cast<double>(month.nMonth), "00");
 }
 
-/// True when the months follow each other and their numbers do not.
+/// True when the months are neighbours but their numbers are too far apart.
 bool JumpIs(const ForecastMonth& first, const ForecastMonth& next)
 {
-    constexpr double kJumpMost = 30.0;  // smoothed numbers have never changed by half of it
+    constexpr double kJumpMost = 30.0;  // smoothed numbers have never changed by half as much
     const int nApart = (next.nYear - first.nYear) * 12 + next.nMonth - first.nMonth;
     return nApart == 1 && std::abs(next.dValue - first.dValue) > kJumpMost;
 }
@@ -181,7 +182,7 @@ Result<void> ForecastMonthAdd(ForecastMonths& aMonths, const ForecastMonth& mont
     const auto itAt = std::ranges::lower_bound(aMonths, MonthCount(month), {}, MonthCount);
     if (itAt != aMonths.end() && MonthCount(*itAt) == MonthCount(month)) {
         if (itAt->dValue == month.dValue)
-            return {};  // a line twice
+            return {};  // a repeated line
         return RunError{MonthName(month) + " has two numbers, " + ForecastNumberText(itAt->dValue)
                         + " and " + ForecastNumberText(month.dValue)
                         + ". Paste one forecast alone"};

@@ -2,16 +2,16 @@
 /// Finds a forecast of the sunspot number in any text: a downloaded file, a web page's text, a mail
 /// with its header and its quoting ("> "), with lines ended by LF or CR LF.
 ///
-/// It takes NOAA's predicted solar cycle (a JSON array of objects with "time-tag" and
+/// It reads NOAA's predicted solar cycle (a JSON array of objects with "time-tag" and
 /// "predicted_ssn"), SILSO's forecast text KFprediCM (rows of year, month, year as a decimal,
-/// number, error), and the bulletin of WWV ("Solar flux 123 and", ":Issued:"); the first of them
-/// that is found, in this order.
+/// number, error), and WWV's bulletin ("Solar flux 123 and", ":Issued:"), and takes the first of
+/// these that it finds, in this order.
 ///
 /// Domain:  at most 256 KB of text and 1200 months; years 2000 to 2100; version-2 numbers 0 to 350,
-///          of neighbouring months at most 30 apart; flux 60 to 370. A month that stands there
-///          twice must have the same number.
+///          at most 30 apart in neighbouring months; flux 60 to 370. A month that occurs twice must
+///          have the same number.
 /// Errors:  a text for the user: what cannot be done, why, what to do next. Nothing is guessed: one
-///          bad number refuses the whole text.
+///          bad number makes the whole text invalid.
 /// Tests:   tests/settings/ForecastReaderTest.cpp, tests/fuzz/fuzz_forecast.cpp
 #pragma once
 
@@ -22,6 +22,6 @@
 
 inline constexpr std::size_t kForecastTextMost = std::size_t{256} << 10;  ///< bytes
 
-/// @param dtToday  dates a text that has no date of its own
+/// @param dtToday  the date of a text that has none
 [[nodiscard]] Result<SunSpotForecast> ForecastFromText(std::string_view sText,
                                                        const DateTime& dtToday);

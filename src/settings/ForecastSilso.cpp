@@ -1,7 +1,7 @@
 // SILSO's forecast text KFprediCM: a row for each month, for example
 //   2026 11 2026.873   85.3   5.1
-// year, month, year as a decimal, smoothed number on the version-2 scale, its error. Its tables of
-// what was measured begin alike and have more columns; their months are no smoothed numbers.
+// year, month, year as a decimal, smoothed number on the version-2 scale, its error. SILSO's tables
+// of measured numbers begin alike and have more columns; their monthly numbers are not smoothed.
 #include <cmath>
 
 #include "settings/ForecastParts.h"
@@ -14,7 +14,7 @@ constexpr std::size_t kRowLeast = 4;  // words; the error may be missing
 constexpr std::size_t kRowMost = 5;
 constexpr std::size_t kYearMost = 12;  // characters of the year as a decimal
 
-/// The year as a decimal, when the first three words are those of a row.
+/// The decimal year, if the first three words are those of a row.
 std::optional<double> RowYearGet(const std::vector<std::string_view>& asWord)
 {
     if (asWord.size() < 3 || asWord[0].size() != 4 || !ForecastWhole(asWord[0], 4)
@@ -24,7 +24,7 @@ std::optional<double> RowYearGet(const std::vector<std::string_view>& asWord)
     return resYear ? std::optional(resYear.ValueGet()) : std::nullopt;
 }
 
-/// Adds one row. REQUIRES: RowYearGet takes it.
+/// Adds one row. REQUIRES: RowYearGet accepts it.
 Result<void> RowAdd(ForecastMonths& aMonths, const std::vector<std::string_view>& asWord,
                     double dYear)
 {
@@ -38,7 +38,7 @@ Result<void> RowAdd(ForecastMonths& aMonths, const std::vector<std::string_view>
         return RunError{"the row of " + sMonth + " is no row of numbers. Paste the reply again"};
     const ForecastMonth month{*ForecastWhole(asWord[0], 4), *ForecastWhole(asWord[1], 2),
                               resValue.ValueGet()};
-    constexpr double kTolerance = 0.01;  // of a year
+    constexpr double kTolerance = 0.01;  // years
     const double dBegin = month.nYear + (month.nMonth - 1) / 12.0;
     if (dYear < dBegin - kTolerance || dYear > dBegin + 1.0 / 12.0 + kTolerance)
         return RunError{"the row of " + sMonth + " names another time as " + std::string(asWord[2])
@@ -58,7 +58,7 @@ std::optional<Result<ForecastMonths>> ForecastSilsoRead(std::string_view sText, 
         const auto optYear = RowYearGet(asWord);
         if (!optYear)
             continue;
-        // A last line without an end may be cut: its number would be another one.
+        // A last line without a line end may be cut, and its number wrong.
         bCut = n + 1 == asLine.size() && !bEnded && asWord.size() <= kRowLeast;
         if (bCut)
             break;

@@ -12,7 +12,7 @@ RunError Twice()
     return RunError{"it holds several bulletins of WWV. Paste the latest one alone"};
 }
 
-/// The day of ":Issued: 2026 Nov 21 1505 UTC", the words behind the label.
+/// The day in ":Issued: 2026 Nov 21 1505 UTC", from the words after the label.
 std::optional<DateTime> IssuedRead(const std::vector<std::string_view>& asWord, std::size_t nFirst)
 {
     if (asWord.size() < nFirst + 3 || asWord[nFirst].size() != 4)
@@ -25,7 +25,7 @@ std::optional<DateTime> IssuedRead(const std::vector<std::string_view>& asWord, 
     return ForecastDay(*optYear, *optMonth, *optDay);
 }
 
-/// The one day of issue of all bulletins in a text.
+/// The day of issue, which must be the same for all bulletins in a text.
 Result<DateTime> IssuedGet(const std::vector<std::string_view>& asWord)
 {
     std::optional<DateTime> optIssued;
@@ -60,7 +60,7 @@ std::optional<Result<ForecastFlux>> ForecastWwvRead(std::string_view sText)
         if (!resFlux)
             continue;  // prose about the flux
         bFound = true;
-        // Without the word behind it the number may be cut.
+        // Without the next word the number may be cut.
         if (n + 3 >= asWord.size() || !TextEqualNoCase(asWord[n + 3], "and"))
             return RunError{
                 "the bulletin of WWV is cut behind \"Solar flux\". Paste the whole "

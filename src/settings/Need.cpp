@@ -28,7 +28,7 @@ Need Trimmed(const Need& need)
     return {std::string(TextTrim(need.sName)), need.fSnr, std::string(TextTrim(need.sSource))};
 }
 
-/// Whether a need may stand in a list. REQUIRES: its texts are trimmed.
+/// Checks whether a need may be in a list. REQUIRES: its texts are trimmed.
 Result<void> NeedCheck(const Need& need)
 {
     if (need.sName.empty())

@@ -1,5 +1,5 @@
 /// @file Palette.h
-/// The sets of colours for the bands of the SNR: a choice of the user; the colours themselves are
+/// The sets of colours for the SNR bands, from which the user chooses; the colours themselves are
 /// in SnrScale.
 ///
 /// Tests:   tests/propagation/SnrScaleTest.cpp
@@ -7,7 +7,7 @@
 
 #include <cstddef>
 
-/// Safe rises in lightness and keeps its bands apart for colour-blind eyes; Night is red on black;
-/// Print is white and greys.
+/// Safe rises in lightness so that colour-blind people can tell its bands apart; Night is red on
+/// black; Print is white and greys.
 enum class Palette { Standard, Safe, Night, Print };
 inline constexpr std::size_t kPaletteCount = 4;

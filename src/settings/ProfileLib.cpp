@@ -30,7 +30,7 @@ std::string IndexedKey(const char* sKey, int iIndex)
     return std::string(sKey) + " " + NumberToText(iIndex);
 }
 
-/// One file's values; "" for a key that is missing.
+/// One file's values; "" for a missing key.
 class Reader {
 public:
     explicit Reader(PrivateProfile file) : m_file(std::move(file)) {}
@@ -39,13 +39,13 @@ public:
     {
         return m_file.Get(sSection, sKey, "", kBufferSize);
     }
-    /// The key is there, with a value or without.
+    /// True when the key exists, even without a value.
     [[nodiscard]] bool Has(const char* sSection, const std::string& sKey) const
     {
         return m_file.Get(sSection, sKey, "1", kBufferSize)
                == m_file.Get(sSection, sKey, "2", kBufferSize);
     }
-    /// @return false where the key holds no number that a single can hold.
+    /// @return false unless the key has a number that fits a single.
     bool Single(const char* sSection, const std::string& sKey, float& fValue) const
     {
         const auto res = NumberFromTextLenient(Get(sSection, sKey));
@@ -59,7 +59,7 @@ private:
     PrivateProfile m_file;
 };
 
-/// As many as are in use; their count has been read by then.
+/// Reads as many as are in use; their count has been read before.
 void FrequenciesLoad(const Reader& reader, Settings& settings)
 {
     for (int i = 1; i <= settings.m_nData; ++i) {
@@ -69,7 +69,7 @@ void FrequenciesLoad(const Reader& reader, Settings& settings)
     }
 }
 
-/// The whole list or, without a count, none of it. An entry that the list cannot hold is left out.
+/// Reads the whole list or, without a count, none of it. An invalid entry is left out.
 void NeedsLoad(const Reader& reader, Settings& settings)
 {
     float fCount = 0.0F;
@@ -111,7 +111,7 @@ std::string PlanSection(std::size_t iPlan)
     return std::string(kPlanNames.at(iPlan)) + " " + kWindow;
 }
 
-/// A place is taken whole or not at all.
+/// A window's place counts only if all its values are there.
 void PlanWindowsLoad(const Reader& reader, Settings& settings)
 {
     for (std::size_t n = 0; n < kPlanNames.size(); ++n) {
@@ -147,7 +147,7 @@ void SpecialLoad(const SettingRow& row, const Reader& reader, Settings& settings
 void RowLoad(const SettingRow& row, const Reader& reader, Settings& settings)
 {
     const std::string sText = reader.Get(row.sSection, row.KeyRead());
-    // A key without a value says something only where a setting may be empty.
+    // A key without a value counts only if the setting may be empty.
     const bool bMayBeEmpty = std::holds_alternative<std::string Settings::*>(row.member)
                              && std::string_view(row.sDefault).empty();
     if (!sText.empty() || (bMayBeEmpty && reader.Has(row.sSection, row.KeyRead())))
@@ -167,12 +167,12 @@ std::string FaultText(const char* sSection, const std::string& sKey, T value,
     return std::string("[") + sSection + "] " + sKey + ": " + RangeFaultText(value, range);
 }
 
-/// What the file's own numbers tell of their ranges; frequencies apart.
+/// The numbers out of range, without the frequencies.
 std::vector<Fault> FaultsFind(const Settings& settings)
 {
     std::vector<Fault> aFault;
     for (const SettingRow& row : SettingsTableGet()) {
-        if (row.eRule != RangeRule::Told && row.eRule != RangeRule::Drop
+        if (row.eRule != RangeRule::Reported && row.eRule != RangeRule::Drop
             && row.eRule != RangeRule::DropPair)
             continue;
         const auto Check = [&](auto value) {
@@ -189,13 +189,13 @@ std::vector<Fault> FaultsFind(const Settings& settings)
     return aFault;
 }
 
-/// Puts back what lies out of range. @return a line for each value.
+/// Restores the previous value of what is out of range. @return a line for each value.
 std::vector<std::string> FaultsDrop(const Settings& before, Settings& settings)
 {
     std::vector<std::string> asDropped;
     for (const Fault& fault : FaultsFind(settings)) {
         const RangeRule eRule = fault.pRow->eRule;
-        if (eRule == RangeRule::Told)
+        if (eRule == RangeRule::Reported)
             continue;
         for (const SettingRow& row : SettingsTableGet()) {
             const bool bOther = eRule == RangeRule::DropPair && row.eRule == eRule
@@ -208,19 +208,19 @@ std::vector<std::string> FaultsDrop(const Settings& before, Settings& settings)
     return asDropped;
 }
 
-/// A text that a reader finds as it is: a pair of quotes around a value is lost when it is read.
+/// A text that is read back unchanged: reading drops one pair of quotes around a value.
 std::string InQuotesWhereNeeded(const std::string& sText)
 {
     const bool bPair = sText.size() >= 2 && sText.front() == '\'' && sText.back() == '\'';
     return bPair ? '"' + sText + '"' : sText;
 }
 
-/// Gathers keys for one file.
+/// Collects keys for one file.
 class Writer {
 public:
     void Text(const char* sSection, const std::string& sKey, const std::string& sValue)
     {
-        // Folders are written as typed: one that was typed in quotes is right without them.
+        // Folders are written as typed: one typed in quotes loses them when read, as it should.
         const bool bNeed = std::string_view(sSection) == kNeed;
         m_aValue.push_back({sSection, sKey, bNeed ? InQuotesWhereNeeded(sValue) : sValue});
     }

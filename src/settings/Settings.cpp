@@ -24,7 +24,7 @@ void MembersSet(Settings& settings)
 
 }  // namespace
 
-/// The Airmail folders are the program's, not this object's: settings for a moment leave them be.
+/// The Airmail folders are process-wide, not this object's: temporary settings leave them alone.
 Settings::Settings() { MembersSet(*this); }
 
 void Settings::Initialize()

@@ -3,7 +3,7 @@
 /// console program) holds the single instance; members are read and written directly.
 ///
 /// Units:   with each member. Positions in degrees, north and east positive; frequencies in kHz.
-/// Domain:  no member is range-checked here, save that the frequency list holds 15 entries.
+/// Domain:  no member is range-checked here, but the frequency list is limited to 15 entries.
 /// Tests:   tests/settings/SettingsTest.cpp
 #pragma once
 
@@ -15,13 +15,13 @@
 #include "settings/Palette.h"
 #include "settings/WindowData.h"
 
-/// Entries of the frequency list that can be in use (slot 0 is never shown).
+/// Usable entries of the frequency list (slot 0 is never shown).
 inline constexpr int kFrequencyMax = 15;
 
 /// Engines as stored in Settings::m_iPropagationModel. Any other value selects none.
 enum EngineModel { kEngineIcepac = 1, kEngineVoacap = 2, kEngineRec533 = 3 };
 
-/// What the hours of the table are labelled in.
+/// The time in which the table's hours are labelled.
 enum TimeCode { kTimeZulu = 0, kTimeLocal = 1 };
 
 /// The selected cell of the prediction table; -1 means none.
@@ -45,7 +45,7 @@ public:
     // Section, key, default and range of each: SettingsTable.cpp.
     std::string m_sProfileFile;                 ///< full path of the profile file
     int m_nData{};                              ///< frequencies in use, entries 1..m_nData
-    int m_iMapOverlayGridSize{};                ///< points a side of the map's SNR overlay
+    int m_iMapOverlayGridSize{};                ///< points per side of the map's SNR overlay
     float m_fMapOverlayMinSnr{};                ///< dB, lowest SNR drawn by the overlay
     int m_iMapWorldBegins{};                    ///< longitude of the map's left edge, 0 or -180
     int m_iPropagationAntennaType{};            ///< code of the deck's antenna cards
@@ -67,9 +67,9 @@ public:
     bool m_bPropagationForecast{};              ///< without Airmail's, the forecast's number
     float m_fPropagationSunSpotNumber{};        ///< smoothed sunspot number
     float m_fPropagationTakeoffAngle{};         ///< degrees, least takeoff angle
-    float m_fStationPower{};                    ///< W; 0: what the antenna choice brings
+    float m_fStationPower{};                    ///< W; 0: the power of the antenna choice
     std::string m_sNeedSelected;                ///< name of an entry of m_aNeed; empty: none
-    std::vector<Need> m_aNeed;                  ///< what contacts are for
+    std::vector<Need> m_aNeed;                  ///< the list of needs
     Palette m_ePalette{};                       ///< colours of the SNR
     double m_dRcLat{};                          ///< receiver
     double m_dRcLon{};

@@ -1,6 +1,6 @@
 /// @file SettingsRange.h
-/// What the numbers of a prediction may be: what `hopcast-predict --help` tells. SettingsTable.h
-/// says which setting has which range.
+/// The ranges of a prediction's numbers, which `hopcast-predict --help` shows. SettingsTable.h says
+/// which setting has which range.
 ///
 /// Units:   as in Settings.
 /// Tests:   tests/settings/SettingsRangeTest.cpp, tests/app/PredictOptionsTest.cpp (--help)
@@ -37,7 +37,7 @@ inline constexpr NumberRange kRangeAntenna{0, 2};
 inline constexpr NumberRange kRangeModel{kEngineIcepac, kEngineRec533};
 inline constexpr NumberRange kRangePower{0, 1000000};  ///< W
 inline constexpr NumberRange kRangeNeed{-50, 150};     ///< dB in 1 Hz
-/// Points a side that an overlay takes, whatever the setting holds.
+/// Limits of an overlay's points per side, whatever the setting is.
 inline constexpr int kGridSizeMin = 2;
 inline constexpr int kGridSizeMax = 999;
 inline constexpr NumberRange kRangeGrid{kGridSizeMin, kGridSizeMax};

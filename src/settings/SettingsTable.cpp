@@ -23,8 +23,9 @@ constexpr std::array<std::string_view, 2> kWorldBegins{"0", "-180"};
 constexpr std::array<std::string_view, 4> kPalettes{"Standard", "Safe", "Night", "Print"};
 
 // Three keys are written under one name and read under another. Profiles in the field rely on it: a
-// saved profile does not bring these three back, a hand-edited one does under the read name.
-// What the family of programs always had comes first; newer keys stand behind the window's place.
+// saved profile does not restore these three, a hand-edited one does under the read name.
+// The keys that this family of programs always had come first; newer keys follow the window's
+// place.
 // clang-format off
 constexpr std::array<SettingRow, 37> kRows{{
     {.member = SettingSpecial::AirMailData, .sSection = kAirMail, .sKey = "Directory Data",
@@ -62,12 +63,12 @@ constexpr std::array<SettingRow, 37> kRows{{
      .sUnit = "factor on foF2", .sDefault = "1", .eRule = RangeRule::Drop, .range = kRangeLayer,
      .sControl = "txtPropagationLayerF2"},
     {.member = &Settings::m_iPropagationModel, .sSection = kModel, .sKey = "Model",
-     .sUnit = "1 ICEPAC, 2 VOACAP, 3 REC533", .sDefault = "3", .eRule = RangeRule::Told, .range = kRangeModel,
+     .sUnit = "1 ICEPAC, 2 VOACAP, 3 REC533", .sDefault = "3", .eRule = RangeRule::Reported, .range = kRangeModel,
      .sControl = "optPropagationModel"},
     {.member = &Settings::m_bPropagationMonth, .sSection = kModel, .sKey = "Month Option",
      .sUnit = "True: the current UTC month at each run", .sDefault = "True", .sControl = "chkPropagationMonth"},
     {.member = &Settings::m_iPropagationMonth, .sSection = kModel, .sKey = "Month Number",
-     .sUnit = "month; at first the current one of UTC", .eRule = RangeRule::Told, .range = kRangeMonth,
+     .sUnit = "month; at first the current one of UTC", .eRule = RangeRule::Reported, .range = kRangeMonth,
      .sControl = "cmbPropagationMonth"},
     {.member = &Settings::m_fPropagationMultipathDelay, .sSection = kModel, .sKey = "Multipath Delay",
      .sUnit = "ms", .sDefault = "10", .eRule = RangeRule::Drop, .range = kRangeMultipathDelay,
@@ -169,7 +170,7 @@ bool ValueTake(const SettingRow& row, std::string_view sText, float& fValue)
     const auto res = NumberFromTextLenient(sText);
     if (!res || !std::isfinite(res.ValueGet()))
         return false;
-    // Where there is a range, a number too great for the member is out of range, not unreadable.
+    // If there is a range, a number too large for the member is out of range, not unreadable.
     if (row.eRule == RangeRule::Any && std::abs(res.ValueGet()) > kMost)
         return false;
     fValue = static_cast<float>(std::clamp(res.ValueGet(), -kMost, kMost));
@@ -252,7 +253,7 @@ std::string SettingRangeText(const SettingRow& row)
 std::string SettingHelpText(const SettingRow& row)
 {
     std::string sText = row.option.sHelp;
-    // An option's value like "0|1|2" names the numbers itself.
+    // An option's value such as "0|1|2" already lists the numbers.
     if (std::string_view(row.option.sValue).find('|') == std::string_view::npos)
         sText += ", " + SettingRangeText(row);
     return sText + " (default " + row.sDefault + ")";

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Set by each run, not by the user.
+/// True for settings that each run sets, not the user.
 bool RunSets(const SettingRow& row, const Settings& settings)
 {
     return (row.member == SettingMember(&Settings::m_iPropagationMonth)
@@ -31,7 +31,7 @@ bool SettingsSame(const Settings& one, const Settings& other)
 void SettingsUndo::DefaultSet(Settings& settings)
 {
     Kept kept{settings, settings, AirMailFoldersGet()};
-    // Default pressed twice keeps what was there before the first.
+    // If Default is pressed twice, the settings from before the first time are kept.
     const bool bAgain = Possible(settings);
     SettingsDefaultSet(settings);
     if (bAgain)

@@ -1,6 +1,6 @@
 /// @file SettingsUndo.h
-/// One step back from the defaults: who pressed Default by mistake has his settings again, as long
-/// as he has changed none since.
+/// Undoes one Default: a user who pressed it by mistake can get the settings back, as long as none
+/// was changed since.
 ///
 /// Tests:   tests/settings/SettingsUndoTest.cpp
 #pragma once
@@ -12,15 +12,15 @@
 
 class SettingsUndo {
 public:
-    /// SettingsDefaultSet; what was in force is kept, Airmail's folders too.
+    /// Calls SettingsDefaultSet; keeps the previous settings and Airmail folders.
     void DefaultSet(Settings& settings);
     /// True when settings are still the defaults that DefaultSet gave. Profile file and selected
-    /// cell do not count, nor a month and a sunspot number that each run sets.
+    /// cell do not count; neither do a month and a sunspot number that each run sets.
     [[nodiscard]] bool Possible(const Settings& settings) const;
-    /// Takes the defaults back, where that is possible; the profile file stays.
+    /// Restores the kept settings, if that is possible; the profile file stays.
     /// @return true when it did.
     bool TakeBack(Settings& settings);
-    /// Settings came from elsewhere.
+    /// To be called when settings came from elsewhere.
     void Forget() { m_kept.reset(); }
 
 private:

@@ -41,7 +41,7 @@ int AgeInMonths(const DateTime& dtFrom, const DateTime& dtTo)
 
 std::string AgeText(const DateTime& dtFrom, const DateTime& dtTo)
 {
-    constexpr long long kDaysMost = 60;  // longer ages are told in months
+    constexpr long long kDaysMost = 60;  // longer ages are given in months
     const long long nDays = std::max(DayBoundaries(dtFrom, dtTo), 0LL);
     if (nDays == 0)
         return "of today";
@@ -64,7 +64,7 @@ std::string NameOf(const SunSpotForecast& forecast)
     return std::string(SunSpotSourceName(SunSpotSourceOf(forecast.eSource)));
 }
 
-/// What is wrong with a forecast that has nothing for a month.
+/// Why a forecast has no value for a month.
 std::string NotCoveredText(const SunSpotForecast& forecast, int nYear, int nMonth)
 {
     const std::string sMonth = MonthText(nYear, nMonth);

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The forecast to ask: the named one, or the one that is kept, if any.
+/// The forecast to use: the named one, or the one that is kept, if any.
 /// @param sWarning  gets what is wrong with the one that is kept
 Result<std::optional<SunSpotForecast>> ForecastFind(const Settings& settings,
                                                     const std::string& sForecastFile,

@@ -1,5 +1,5 @@
 /// @file WindowData.h
-/// Where windows stood when they were closed.
+/// The places of the windows when they were closed.
 ///
 /// Units:   twips: pixels times 15, of the outer frame.
 #pragma once
@@ -25,5 +25,5 @@ enum class PlanName { Reach, Curves, Days, Compare, Card, Places };
 inline constexpr std::array<std::string_view, 6> kPlanNames = {"Reach",   "Curves", "Days",
                                                                "Compare", "Card",   "Places"};
 
-/// The last place of each, by PlanName; nothing before the first closing.
+/// The last place of each, by PlanName; nothing until it was first closed.
 using PlanPlaces = std::array<std::optional<WindowData>, kPlanNames.size()>;
