@@ -22,7 +22,7 @@ std::vector<AreaBox> AreaBoxesGet(const AreaBox& area)
 {
     if (!(area.dBottom < area.dTop && area.dLeft < area.dRight))
         return {};
-    // On the turn of the scale on which the west bound lies in [-180, 180).
+    // Shifted by full circles so that the west bound is in [-180, 180).
     const double dTurns = LonTurns(area.dLeft);
     const double dLeft = area.dLeft - dTurns;
     const double dRight = area.dRight - dTurns;

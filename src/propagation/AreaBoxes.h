@@ -1,10 +1,10 @@
 /// @file AreaBoxes.h
-/// The boxes that an area is predicted in. The engines take longitudes from -180 to 180 and would
-/// go the long way round from a west bound to a smaller east bound, so an area that holds the
-/// meridian 180 inside is two boxes.
+/// The boxes in which an area is predicted. The engines take longitudes from -180 to 180 and would
+/// go the long way round from a west bound to a smaller east bound, so an area across the 180th
+/// meridian is two boxes.
 ///
 /// Units:   degrees, north and east positive.
-/// Domain:  any scale of longitudes (-180..180, 0..360); west at most east, at most 360 apart.
+/// Domain:  any scale of longitudes (-180..180, 0..360); west not above east, at most 360 apart.
 /// Errors:  none; an area without width or height, or with a bound that is not a number, has no
 ///          box.
 /// Tests:   tests/propagation/AreaBoxesTest.cpp

@@ -20,15 +20,15 @@ struct AreaDayRequest {
 };
 
 struct AreaDay {
-    /// Room for the request's points, all of them at 0, 0 with no SNR.
+    /// Space for the request's points, all of them at 0, 0 and without SNR.
     explicit AreaDay(const AreaDayRequest& request);
 
     struct Place {
         double dLat = 0.0;
         double dLon = 0.0;
     };
-    /// SNR of point iPoint, hour 0..23 UTC and frequency iFrequency from 0; not-a-number where
-    /// there is none.
+    /// SNR of point iPoint, hour 0..23 UTC and frequency iFrequency from 0; not-a-number if there
+    /// is none.
     [[nodiscard]] float& SnrGet(std::size_t iPoint, int iHour, std::size_t iFrequency)
     {
         return m_afSnr[Index(iPoint, iHour, iFrequency)];
@@ -63,7 +63,7 @@ public:
     virtual ~AreaDayWork() = default;
 
     [[nodiscard]] virtual std::size_t PiecesGet() const = 0;
-    /// Fills the piece's part of the day. @return why it could not.
+    /// Fills the piece's part of the day. @return nothing, or why it failed.
     [[nodiscard]] virtual std::optional<Failure> Run(std::size_t iPiece, AreaDay& day,
                                                      const std::stop_token& stop) = 0;
 };

@@ -2,7 +2,7 @@
 
 namespace {
 
-/// One area run a piece, each for an hour and a frequency; hour by hour.
+/// Each piece is one area run for one hour and frequency; hour by hour.
 class AreaRunsWork final : public AreaDayWork {
 public:
     AreaRunsWork(const Engine& engine, AreaDayRequest request)

@@ -53,7 +53,7 @@ double PowerInForceGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind
 std::string PowerText(double dPower)
 {
     constexpr double kWattsOfKilowatt = 1000.0;
-    // The settings hold it in single precision: "0.1 W", not all the digits of a double.
+    // The setting is in single precision: print "0.1 W", not all the digits of a double.
     return dPower >= kWattsOfKilowatt
                ? NumberToText(static_cast<float>(dPower / kWattsOfKilowatt)) + " kW"
                : NumberToText(static_cast<float>(dPower)) + " W";

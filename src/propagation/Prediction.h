@@ -1,5 +1,5 @@
 /// @file Prediction.h
-/// The answer to a Request: the table, or why there is none. A value that knows what it predicts.
+/// The answer to a Request: the table, or why there is none. A value that includes its request.
 ///
 /// Units:   those of PropagationTable; degrees and dB in an area.
 /// Tests:   tests/propagation/ProcessEngineTest.cpp
@@ -14,9 +14,9 @@
 
 /// Why an engine gave no answer.
 enum class FailureKind {
-    NotInstalled,  ///< its program is not there
+    NotInstalled,  ///< its program is missing
     NotStarted,    ///< its program could not be started
-    Timeout,       ///< it was ended at the time limit
+    Timeout,       ///< it was killed at the time limit
     BadInput,      ///< a value of the request does not fit the deck
     BadOutput,     ///< it ended with an error, or its output is missing or cannot be read
     Busy,          ///< another program holds the engine folder
@@ -26,12 +26,12 @@ enum class FailureKind {
 
 struct Failure {
     FailureKind eKind = FailureKind::BadOutput;
-    std::string sText;         ///< what a message box says
+    std::string sText;         ///< the text of the message box
     std::string sDetail = {};  ///< what else is known, for a status line; often empty
     int iFirst = 0;            ///< first and last frequency without a value; 0 for an area
     int iLast = 0;
     MsgIcon eIcon = MsgIcon::Exclamation;  ///< of the message box
-    bool bTellAlways = false;              ///< told even where a second attempt may still do
+    bool bTellAlways = false;              ///< shown even if a second attempt may succeed
 
     bool operator==(const Failure&) const = default;
 };
@@ -39,9 +39,10 @@ struct Failure {
 /// A path's prediction.
 struct Prediction {
     std::string sEngine;         ///< display name, "REC533"
-    std::string sEngineVersion;  ///< "built-in, P.533-14" ...; empty where the engine tells none
-    bool bOk = false;            ///< the required outcome: that of the last chunk
-    /// In the order in which they were met. Empty although bOk is false: no frequency in range.
+    std::string sEngineVersion;  ///< "built-in, P.533-14" ...; empty if the engine reports none
+    bool bOk = false;            ///< the outcome of the last chunk, which counts for the run
+    /// In the order in which they occurred. If bOk is false and this is empty, no frequency was in
+    /// range.
     std::vector<Failure> aFailures;
     PropagationTable table;  ///< with its request; frequencies that failed are absent
 };

@@ -21,8 +21,8 @@ constexpr std::string_view kSnrLabelRec533 = " SNxx";
 constexpr EngineTexts kAreaTexts{"PropagationAreaOpen, ", "PropagationAreaOpen, ",
                                  "PropagationAreaOpen, ", "PropagationAreaOpen, ",
                                  "PropagationAreaOpen, Shell do not finish.",
-                                 // After a failed run an old grid would pass for the new one: the
-                                 // engines leave it.
+                                 // After a failed run an old grid would pass for the new one, as
+                                 // the engines do not remove it.
                                  true};
 
 std::string AreaPath(std::string_view sName)
@@ -54,7 +54,7 @@ Failure GridUnread(const std::string& sError)
 
 void AreaFile::Close()
 {
-    m_file.reset();  // before its folder goes, and before others may write there
+    m_file.reset();  // before its folder is removed, and before others may write there
     *this = AreaFile();
 }
 
@@ -126,12 +126,12 @@ Result<float> AreaFile::SnrCut(std::string_view sLine) const
 {
     if (m_nSnrColumn < 1)
         return RunError{kInvalidCall};  // a field cannot begin at column 0
-    // Values end under their label's end. One that ends before is what a killed engine left of it,
+    // Values end under their label's end. One that ends earlier was cut when the engine was killed,
     // and would still read as a number.
     if (static_cast<int>(sLine.size()) < m_nSnrLabelEnd)
         return RunError{kTypeMismatch};
     // REC533's label begins one column to the right of its field: the minus sign of a value of -100
-    // or lower stands before the columns that the label gives. Without it the worst points would be
+    // or lower is before the columns that the label gives. Without it the worst points would be
     // painted as the best.
     std::string sField(TextColumns(sLine, m_nSnrColumn, grid_row::kSnrWidth));
     if (m_bSignBefore && TextColumns(sLine, m_nSnrColumn - 1, 1) == "-")

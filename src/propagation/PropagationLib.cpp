@@ -103,7 +103,7 @@ bool ChunkTry(const Chunk& chunk, PropagationTable& table, std::vector<Failure>&
     return false;
 }
 
-/// Of a run that was stopped before the chunk that begins with iFirst.
+/// The failure of a run that was stopped before the chunk that begins with iFirst.
 Failure CancelledMake(const Request& request, int iFirst)
 {
     const EngineTexts& texts = request.iModel == kEngineRec533 ? kRec533Texts : kIcepacVoacapTexts;
@@ -131,8 +131,7 @@ bool ChunksRun(const Request& request, PropagationTable& table, std::vector<Fail
             break;
     }
     table.bBuiltIn = bOk && EngineIsHopcasts(request.iModel, way.root);
-    return bOk;  // of the last chunk, whatever became of those before: the table is shown with the
-                 // others hatched
+    return bOk;  // of the last chunk, even if others failed: the table is shown with those hatched
 }
 
 /// The request with some of its frequencies.
@@ -145,7 +144,7 @@ Request FrequenciesKeep(Request request, const std::vector<int>& aiFrequency)
     return request;
 }
 
-/// Brings the rows of a run back to their frequencies.
+/// Moves the rows of a run back to their frequencies.
 void RowsSpread(const PropagationTable& tableRun, const std::vector<int>& aiFrequency,
                 PropagationTable& table)
 {

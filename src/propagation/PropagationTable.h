@@ -1,6 +1,6 @@
 /// @file PropagationTable.h
-/// The prediction table: parallel arrays by hour and frequency, as the readers fill them and the
-/// windows show them, and the request that they answer.
+/// The prediction table: parallel arrays by hour and frequency, which the readers fill and the
+/// windows show, and the request that they answer.
 ///
 /// Units:   with each array.
 /// Domain:  hours 0..24 and frequency indices 0..nData; index 0 of both is unused.
@@ -60,17 +60,17 @@ private:
 };
 
 struct PropagationTable {
-    /// What a cell holds where the engine prints nothing for it.
+    /// The value of a cell for which the engine prints nothing.
     static constexpr float kNotPrinted = std::numeric_limits<float>::quiet_NaN();
 
-    /// Every cell zero or empty, save those that not every engine prints; no frequency present. A
-    /// negative count is an empty table.
+    /// Every cell is zero or empty, or kNotPrinted if not every engine prints it; no frequency is
+    /// present. A negative count gives an empty table.
     explicit PropagationTable(int nFrequencies = 0) : nData(nFrequencies < 0 ? 0 : nFrequencies) {}
 
-    /// A frequency without values (its run failed) holds rests that nobody may take for a
-    /// prediction: it is shown empty. False outside 1..nData.
+    /// False for a frequency without values (its run failed), and outside 1..nData. Its cells may
+    /// have leftovers, which are not a prediction: it is shown empty.
     [[nodiscard]] bool PresentIs(int iFrequency) const;
-    /// Indices outside 1..nData are left out.
+    /// Indices outside 1..nData are ignored.
     void PresentSet(int iFirst, int iLast, bool bPresent);
 
     Request request;                         ///< what the values are for; set by PropagationRun
@@ -78,7 +78,7 @@ struct PropagationTable {
     int nData;                               ///< highest frequency index
     HourArray<float> fMUF;                   ///< kHz
     HourArray<float> fLUF;                   ///< kHz
-    CellArray<std::string> sLayer{nData};    ///< the engine's mode text, as it stands in its field
+    CellArray<std::string> sLayer{nData};    ///< the engine's mode text, as it is in its field
     CellArray<float> fTakeoffAngle{nData};   ///< degrees
     CellArray<float> fTimeDelay{nData};      ///< ms; -1 from REC533
     CellArray<float> fVirtualHeight{nData};  ///< km; -1 from REC533
@@ -86,14 +86,14 @@ struct PropagationTable {
     CellArray<float> fNdBW{nData};           ///< noise, dBW
     CellArray<float> fSnr{nData};            ///< dB
     HourArray<float> fFOT{kNotPrinted};      ///< kHz, optimum working frequency; or kNotPrinted
-    /// Share of the days with the deck's required SNR, 0 to 1; or kNotPrinted.
+    /// Fraction of the days with the deck's required SNR, 0 to 1; or kNotPrinted.
     CellArray<float> fReliability{nData, kNotPrinted};
     /// From the median SNR to the one exceeded on 90 % and on 10 % of the days, dB, both positive;
     /// or kNotPrinted.
     CellArray<float> fSnrLower{nData, kNotPrinted};
     CellArray<float> fSnrUpper{nData, kNotPrinted};
-    /// The median SNR before it is rounded to whole dB, where the engine tells it so; or
-    /// kNotPrinted: fSdBW less fNdBW is the printed one.
+    /// The median SNR before rounding to whole dB, if the engine gives it; or kNotPrinted: fSdBW
+    /// less fNdBW is the printed one.
     CellArray<float> fSnrMedian{nData, kNotPrinted};
     float fAzimuthTxRc = 0.0F;  ///< degrees
     float fAzimuthRcTx = 0.0F;  ///< degrees
@@ -103,11 +103,10 @@ private:
     std::vector<bool> m_abPresent = std::vector<bool>(static_cast<std::size_t>(nData) + 1);
 };
 
-/// The frequencies of the request without values, in whole kHz: "2000, 4000"; empty when there is
-/// none.
+/// The request's frequencies without values, in whole kHz: "2000, 4000"; empty when there is none.
 [[nodiscard]] std::string PropagationAbsentText(const PropagationTable& table);
 
-/// Memory that a table takes, bytes, about.
+/// Approximate memory of a table, bytes.
 [[nodiscard]] std::size_t TableBytesGet(const PropagationTable& table);
 
 /// One cell of the table, as the details show a row.

@@ -10,7 +10,7 @@ constexpr double kQuietOffset = -0.3;
 constexpr double kStormSlope = 2.04;
 constexpr double kStormOffset = -2.7;
 constexpr double kKpBreak = 2.23;
-// The lines miss each other by 0.0005 at the break; the quiet one is taken up to here.
+// The lines are 0.0005 apart at the break; the quiet one is used up to here.
 constexpr double kQBreak = kQuietSlope * kKpBreak + kQuietOffset;
 constexpr double kKpMost = 9.0;
 

@@ -80,7 +80,7 @@ Result<void> ModelCheck(const RequestModel& model, float fNoise)
                         {"layer factor", model.fLayerAdjustEs, kRangeLayer}});
 }
 
-/// A number's bytes; -0.0 and 0.0 print alike in every deck, so they are one.
+/// A number's bytes; -0.0 and 0.0 print alike in every deck, so they count as equal.
 template <class T>
 void KeyAppend(std::string& sKey, T value)
 {
@@ -112,7 +112,7 @@ AreaRequest AreaRequestFromSettings(const Settings& settings)
 {
     AreaRequest input;
     ModelFill(settings, input);
-    // The engines want the area deck's noise without its sign; with it they run all the same and
+    // The engines expect the area deck's noise without its sign; with it they run all the same and
     // give an SNR that is 7 to 14 dB too high.
     input.fNoiseLevel = -input.fNoiseLevel;
     input.dFixedLat = settings.m_dRcLat;
@@ -136,7 +136,7 @@ Result<void> RangeCheck(const Request& input)
 Result<void> RangeCheck(const AreaRequest& input)
 {
     constexpr double kKhzPerMhz = 1000.0;
-    // Single-precision MHz: the bounds themselves may miss by their last digit.
+    // In single-precision MHz even the bounds may be off in the last digit.
     const auto dKhz = static_cast<double>(RoundHalfEven(input.fFrequency * kKhzPerMhz));
     if (auto res = RangedCheck({{"latitude", input.dFixedLat, kRangeLatitude},
                                 {"longitude", input.dFixedLon, kRangeLongitude},

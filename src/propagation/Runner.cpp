@@ -18,12 +18,12 @@ struct RunnerJob::State {
     std::size_t nNext = 0;     // under the pool's lock
     std::size_t nRunning = 0;  // under the pool's lock
     std::size_t nAtOnce = 1;
-    const Engine* pEngine = nullptr;  // whose limit holds over all jobs; none: the job's own
+    const Engine* pEngine = nullptr;  // nAtOnce limits all its jobs together; nullptr: this job
     Runner::TaskFn fnTask;
     Runner::EndFn fnEnd;
-    std::atomic<std::size_t> nDone{0};    // raised before the answer is posted: who takes it finds
-                                          // it counted
-    std::atomic<std::size_t> nPosted{0};  // raised behind it: the end is posted after the last
+    std::atomic<std::size_t> nDone{0};    // raised before the answer is posted, so that its
+                                          // receiver finds it counted
+    std::atomic<std::size_t> nPosted{0};  // raised after that: the end is posted after the last
     std::stop_source stop;
 };
 
@@ -50,7 +50,7 @@ bool RunnerJob::IsRunning() const
     return m_pState && !m_pState->stop.stop_requested() && m_pState->nPosted < m_pState->nTasks;
 }
 
-/// The answers given so far, by engine and request; the oldest go when there is no room.
+/// Previous answers by engine and request; the oldest are dropped when there is no space.
 class Runner::Cache {
 public:
     explicit Cache(std::size_t nBytesMax) : m_nBytesMax(nBytesMax) {}
@@ -61,7 +61,7 @@ public:
         return m_nBytes;
     }
 
-    /// The answer of the cache or, where it has none, of the engine.
+    /// The answer from the cache or, if it has none, from the engine.
     static PredictionPtr Answer(Cache& cache, const Engine& engine, const Request& request,
                                 const std::stop_token& stop)
     {
@@ -71,7 +71,7 @@ public:
                 return pKnown;
             auto pAnswer = std::make_shared<Prediction>(*pKnown);
             pAnswer->table.request =
-                request;  // the same numbers, of a sunspot number from elsewhere
+                request;  // the same numbers, but the sunspot number's source may differ
             return pAnswer;
         }
         auto pAnswer = std::make_shared<const Prediction>(engine.Predict(request, stop));
@@ -130,7 +130,7 @@ Runner::ThreadFn Runner::ThreadSetHandler(ThreadFn fnStart)
     return std::exchange(ThreadFnGet(), std::move(fnStart));
 }
 
-/// The workers and what waits for them.
+/// The workers and the jobs that wait for them.
 class Runner::Pool {
 public:
     using StatePtr = std::shared_ptr<RunnerJob::State>;
@@ -170,7 +170,7 @@ public:
                 return;
             }
         }
-        // No thread is to be had at all: the caller's own does the work.
+        // No thread can be started at all: the caller's own does the work.
         for (std::size_t i = 0; i < pJob->nTasks; ++i) TaskRun(pJob, i);
     }
     [[nodiscard]] int WorkersGet() const
@@ -180,7 +180,7 @@ public:
     }
 
 private:
-    /// One worker more. @return false where the system has no thread for it.
+    /// Adds a worker. @return false if the system has no thread for it.
     bool WorkerAdd()
     {
         try {
@@ -192,8 +192,8 @@ private:
         }
         return true;
     }
-    /// Takes the jobs that are over out of the queue. Their ends may call anything, the runner too,
-    /// so they are let go without the lock. REQUIRES: m_mutex.
+    /// Removes finished jobs from the queue. Destroying them may call anything, also the runner, so
+    /// the caller does it without the lock. REQUIRES: m_mutex.
     std::vector<StatePtr> JobsOverTake()
     {
         const auto itOver =
@@ -206,7 +206,7 @@ private:
         m_apJobs.erase(itOver, m_apJobs.end());
         return apOver;
     }
-    /// A job of which a further task may run now; nothing when all must wait. REQUIRES: m_mutex.
+    /// A job that may run another task now; nullptr when all must wait. REQUIRES: m_mutex.
     StatePtr JobNext()
     {
         for (const StatePtr& pJob : m_apJobs) {

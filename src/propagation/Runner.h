@@ -2,11 +2,11 @@
 /// Many predictions at once: a few worker threads, progress, cancel, and a cache of answers.
 ///
 /// Units:   bytes, where a procedure says so.
-/// Errors:  an engine's failure is part of its answer; nothing else fails. Where the system has no
-///          thread for a worker there are fewer, and where it has none at all Start does the work
-///          itself.
-/// Threads: every procedure may be called from any thread. What the caller hands in is called on
-///          the thread that its PostFn leads to.
+/// Errors:  an engine's failure is part of its answer; nothing else fails. If the system has no
+///          thread for a worker there are fewer workers, and if it has none at all Start does the
+///          work itself.
+/// Threads: every procedure may be called from any thread. The caller's answer and end functions
+///          are called on the thread that its PostFn leads to.
 /// Tests:   tests/propagation/RunnerTest.cpp
 #pragma once
 
@@ -19,7 +19,7 @@
 
 #include "propagation/Engine.h"
 
-/// Work under way. Destroying the handle cancels it.
+/// A running job. Destroying the handle cancels it.
 class RunnerJob {
 public:
     struct State;
@@ -31,8 +31,8 @@ public:
     RunnerJob& operator=(const RunnerJob&) = delete;
     ~RunnerJob() { Cancel(); }
 
-    /// Ends the work. Once it has returned on the thread that answers are posted to, no further
-    /// answer comes. What was answered before stays valid.
+    /// Cancels the job. If called on the thread that answers are posted to, no answer comes after
+    /// it has returned. Earlier answers stay valid.
     void Cancel();
     /// Tasks answered so far, and all of them. 0 of 0 for an empty handle.
     [[nodiscard]] std::size_t DoneGet() const;
@@ -46,26 +46,26 @@ private:
 
 class Runner {
 public:
-    /// Hands a call on to the thread that wants the answers. Calls must be run in their order.
+    /// Passes a call on to the thread that wants the answers. Calls must be run in their order.
     using PostFn = std::function<void(std::function<void()>)>;
     using PredictionPtr = std::shared_ptr<const Prediction>;
     /// @param iRequest  index into the requests
     using AnswerFn = std::function<void(std::size_t iRequest, const PredictionPtr& pPrediction)>;
     using EndFn = std::function<void()>;
-    /// One piece of a job, called by a worker. @return what is posted when it is done.
+    /// One piece of a job, called by a worker. @return the call to post when it is done.
     using TaskFn = std::function<std::function<void()>(std::size_t iTask, const std::stop_token&)>;
 
     static constexpr std::size_t kCacheBytes = std::size_t{64} << 20;
 
-    /// @param nWorkers  0: one a core
+    /// @param nWorkers  0: one per core
     explicit Runner(PostFn fnPost, int nWorkers = 0, std::size_t nCacheBytes = kCacheBytes);
     /// Cancels everything and waits for the workers.
     ~Runner();
     Runner(const Runner&) = delete;
     Runner& operator=(const Runner&) = delete;
 
-    /// Asks an engine for several predictions. Each answer is posted as it comes, cached ones at
-    /// once; fnEnd is posted behind the last one, not after a cancel.
+    /// Requests several predictions from an engine. Each answer is posted as it comes, cached ones
+    /// at once; fnEnd is posted after the last one, but not after a cancel.
     [[nodiscard]] RunnerJob Start(std::shared_ptr<const Engine> pEngine,
                                   std::vector<Request> aRequests, AnswerFn fnAnswer,
                                   EndFn fnEnd = {});
@@ -74,11 +74,11 @@ public:
 
     [[nodiscard]] int WorkersGet() const;
 
-    /// The seam for tests: starts a worker's thread in place of std::thread; an empty function
-    /// restores that.
+    /// For tests: starts a worker's thread in place of std::thread; an empty function restores
+    /// that.
     using ThreadFn = std::function<std::thread(std::function<void()>)>;
     static ThreadFn ThreadSetHandler(ThreadFn fnStart);
-    /// Bytes that the cached answers take, about.
+    /// Approximate memory of the cached answers, bytes.
     [[nodiscard]] std::size_t CacheBytesGet() const;
 
 private:

@@ -13,7 +13,7 @@ constexpr float kNoEnd = -std::numeric_limits<float>::infinity();
 constexpr std::uint32_t kBlack = 0x000000;
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 
-/// A step with its colour in each palette, 0xRRGGBB as in a table of colours.
+/// A step with its colour in each palette, 0xRRGGBB as in colour tables.
 struct BandRow {
     float fLowest;
     std::array<std::uint32_t, kPaletteCount> anRgb;
@@ -31,7 +31,7 @@ constexpr std::array kRows{
     BandRow{kNoEnd, {0x808080, 0x00224E, 0x000000, 0xFFFFFF}},  // grey
 };
 
-/// The reds of Night are too close to one another and to black for a number on them.
+/// The reds of Night are too close to each other and to black for a number to be readable on them.
 constexpr std::uint32_t kNightText = 0xFF1800;  // 0xRRGGBB
 
 using Scale = std::array<SnrBand, kRows.size()>;
@@ -78,7 +78,7 @@ std::string ColorChannels(std::uint32_t nColor)
 
 float SnrShownGet(float fSnr)
 {
-    return fSnr >= kSnrLeast ? fSnr : kSnrLeast;  // not-a-number is not at least anything
+    return fSnr >= kSnrLeast ? fSnr : kSnrLeast;  // false for not-a-number
 }
 
 bool SnrIs(float fSnr) { return SnrShownGet(fSnr) > kSnrLeast; }
@@ -95,7 +95,7 @@ const SnrBand& SnrBandGet(float fSnr, Palette ePalette)
     for (const SnrBand& band : aBand)
         if (fSnr >= band.fLowest)
             return band;
-    return aBand.back();  // not-a-number is not at least anything
+    return aBand.back();  // also for not-a-number
 }
 
 const SnrBand& SnrBandOfCell(float fSnr, Palette ePalette)
@@ -128,7 +128,7 @@ std::string SnrBandCaption(std::size_t iBand)
 
 std::string SnrBandTerminal(const SnrBand& band)
 {
-    // Black and white as the terminal's own colours: these read well on any ground of 24 bits.
+    // Black and white as the terminal's own colours: these are legible on any 24-bit background.
     const std::string sText = band.nText == kBlack   ? "30"
                               : band.nText == kWhite ? "97"
                                                      : "38;2;" + ColorChannels(band.nText);

@@ -15,8 +15,8 @@ inline constexpr std::string_view kRcWhip    = R"(ANTENNA       2    2    2   30
 /// The transmitter's card of an antenna type; empty for a type without cards.
 constexpr std::string_view TxCardGet(bool bRec533, int iAntennaType)
 {
-    // REC533's table is one behind that of ICEPAC and VOACAP, as users of the classic decks know
-    // it: its type 2 has no cards.
+    // REC533's table is shifted by one against that of ICEPAC and VOACAP, as users of the classic
+    // decks know it: its type 2 has no cards.
     const int iWhip = bRec533 ? 1 : 2;
     if (iAntennaType < 0 || iAntennaType > iWhip)
         return {};

@@ -30,7 +30,7 @@ void SystemPut(DeckWriter& deck, const Request& input)
     deck.Number(kNoise, -input.fNoiseLevel);
     deck.Number(kTakeoff, input.fTakeoffAngle);
     deck.Number(kReliability, input.fReliability);
-    deck.Number(kRequiredSnr, 40);  // dB, fixed; no setting feeds it
+    deck.Number(kRequiredSnr, 40);  // dB, fixed; there is no setting for it
     deck.Number(kMultipathPower, input.fMultipathPower);
     deck.Number(kMultipathDelay, input.fMultipathDelay);
     deck.LineEnd();

@@ -1,6 +1,6 @@
 /// @file DeckLayout.h
 /// Columns of every card that is written and of every output row that is read: one table per row
-/// type. Columns count from 1. The engines read fixed columns, so each number here is a contract.
+/// type. Columns count from 1. The engines read fixed columns, so no number here may change.
 ///
 /// Source:  the card layouts of the ITS HF propagation package, as its programs read them.
 /// Tests:   tests/propagation/DeckTest.cpp, tests/propagation/ReaderTest.cpp
@@ -13,13 +13,13 @@
 
 #include "propagation/deck/FortranFormat.h"
 
-inline constexpr std::string_view kText = "text";      ///< a field of characters
+inline constexpr std::string_view kText = "text";      ///< a text field
 inline constexpr std::string_view kNumber = "number";  ///< a field that is only read
 
 struct Field {
     int nCol;                  ///< from 1
     int nWidth;                ///< characters
-    std::string_view sFormat;  ///< of FortranFormat, or kText, or kNumber
+    std::string_view sFormat;  ///< a format of FortranFormat, or kText, or kNumber
 };
 
 inline constexpr int kChunkMax = 10;      ///< frequencies that an engine takes in one run
@@ -27,7 +27,7 @@ inline constexpr int kHourCount = 24;     ///< hours of a prediction, 1..24
 inline constexpr int kCardWidth = 80;     ///< columns of a deck's line
 inline constexpr int kOutputWidth = 133;  ///< columns of an output's line
 
-/// nCount fields of one kind, side by side.
+/// nCount equal fields, side by side.
 template <std::size_t nCount>
 consteval std::array<Field, nCount> FieldRow(Field fldFirst)
 {
@@ -143,7 +143,7 @@ inline constexpr Field kLatLetter{38, 1, kText};
 inline constexpr Field kLon{43, 6, "F6.2"};
 inline constexpr Field kLonLetter{49, 1, kText};
 inline constexpr Field kTail{50, 9, kText};
-inline constexpr Field kWay{50, 3, kText};  // in the tail: S or L, the short or the long path
+inline constexpr Field kWay{50, 3, kText};  // in the tail: S or L for the short or the long path
 inline constexpr std::array kAll{kCardLabel, kName, kLat, kLatLetter, kLon, kLonLetter, kTail};
 static_assert(LayoutCheck(kAll, kCardWidth));
 }  // namespace station_row
@@ -171,7 +171,7 @@ inline constexpr auto kAll = FieldRow<kChunkMax>(kFirst);
 static_assert(LayoutCheck(kAll, kCardWidth));
 }  // namespace freq_row
 
-namespace antenna_row {                     // ANTENNA; the brackets stand beside the name
+namespace antenna_row {                     // ANTENNA; the brackets are beside the name
 inline constexpr Field kSide{11, 5, "I5"};  // 1 the transmitter's, 2 the receiver's
 inline constexpr Field kName{42, 21, kText};
 inline constexpr Field kTurn{64, 5, kNumber};    // degrees from north
@@ -186,7 +186,7 @@ inline constexpr std::array kAll{kCardLabel, kModel};
 static_assert(LayoutCheck(kAll, kCardWidth));
 }  // namespace area_model_row
 
-namespace area_antenna_row {  // Tx Ants and Rec Ants; turn and power are the transmitter's alone
+namespace area_antenna_row {  // Tx Ants and Rec Ants; only the transmitter has turn and power
 inline constexpr Field kName{12, 21, kText};
 inline constexpr Field kTurn{41, 6, kNumber};    // degrees from north
 inline constexpr Field kPower{47, 11, kNumber};  // kW
@@ -256,8 +256,9 @@ inline constexpr std::array kAll{kFot, kMuf, kLuf};
 static_assert(LayoutCheck(kAll, kOutputWidth));
 }  // namespace muf_row
 
-/// The line under AZIMUTHS. VOACAP prints it one column further right than REC533; cut here its
-/// azimuths lose a digit and its path length ends in a bare point, kept so.
+/// The line under AZIMUTHS. VOACAP prints it one column further right than REC533; with these
+/// columns its azimuths lose a digit and its path length ends in a bare point, which is kept as the
+/// users of the classic program know it.
 namespace azimuth_row {
 inline constexpr Field kTxRc{43, 6, kNumber};   // degrees
 inline constexpr Field kRcTx{51, 6, kNumber};   // degrees
@@ -272,7 +273,7 @@ inline constexpr auto kAll = FieldRow<kChunkMax>(kFirst);
 static_assert(LayoutCheck(kAll, kOutputWidth));
 }  // namespace hour_row
 
-namespace hour_row_rec533 {  // rows of an hour's block of REC533; MUF and LUF stand in the first
+namespace hour_row_rec533 {  // rows of an hour's block of REC533; MUF and LUF are in the first
 inline constexpr Field kMuf{5, 4, kNumber};  // MHz
 inline constexpr Field kFirst{9, 5, kNumber};
 inline constexpr Field kLuf{65, 4, kNumber};  // MHz
@@ -282,7 +283,7 @@ static_assert(LayoutCheck(kAll, kLuf.nCol - 1));
 static_assert(LayoutCheck(std::array{kMuf, kFirst, kLuf, kFot}, kOutputWidth));
 }  // namespace hour_row_rec533
 
-namespace grid_row {  // a point of an area grid; the SNR stands where the head line says
+namespace grid_row {  // a point of an area grid; the SNR is where the head line says
 inline constexpr Field kIndex2{1, 3, kNumber};
 inline constexpr Field kIndex1{4, 3, kNumber};
 inline constexpr Field kLat{7, 10, kNumber};

@@ -14,13 +14,13 @@
 /// Point-to-point deck of ICEPAC and VOACAP: the MUF/LUF table (method 26), then the full system
 /// performance (method 20) at the chunk's frequencies.
 /// @param iFirst, iLast  frequency indices of the chunk, at most 10 of them
-/// @param nYear          the current year of the computer's local clock, whatever the month
+/// @param nYear          the current year of the computer's local clock, for any month
 [[nodiscard]] Result<std::string> DeckIcepacVoacap(const Request& input, int iFirst, int iLast,
                                                    int nYear);
 
-/// Point-to-point deck of REC533. It takes no Q index, multipath and layer values.
+/// Point-to-point deck of REC533. It has no Q index, multipath or layer values.
 [[nodiscard]] Result<std::string> DeckRec533(const Request& input, int iFirst, int iLast,
                                              int nYear);
 
-/// Area deck of the input's engine. The noise level is written as it is handed over: positive.
+/// Area deck of the input's engine. The noise level is written as it is in the input: positive.
 [[nodiscard]] Result<std::string> DeckArea(const AreaRequest& input);

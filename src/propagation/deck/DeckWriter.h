@@ -22,7 +22,7 @@ public:
         m_sText += sText;
         LineEnd();
     }
-    /// Text from a column on; a column that is already passed adds nothing in between.
+    /// Text from a column on; follows directly if that column is already passed.
     void Text(int nCol, std::string_view sText)
     {
         ColumnGo(nCol);
@@ -60,10 +60,10 @@ private:
     }
 
     std::string m_sText;
-    std::size_t m_nLine = 0;  // where the line under work begins
+    std::size_t m_nLine = 0;  // where the current line begins
     std::optional<RunError> m_error;
 };
 
-/// Hemisphere letters. The equator is south and the prime meridian west, as the engines are told.
+/// Hemisphere letters. In the decks the equator is south and the prime meridian west.
 constexpr std::string_view LatitudeLetter(double dLat) { return dLat > 0.0 ? "N" : "S"; }
 constexpr std::string_view LongitudeLetter(double dLon) { return dLon > 0.0 ? "E" : "W"; }

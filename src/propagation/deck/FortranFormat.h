@@ -1,10 +1,10 @@
 /// @file FortranFormat.h
-/// Numbers as the engines' cards want them: fixed-width fields, filled with blanks from the left.
+/// Numbers as the engines' cards need them: fixed-width fields, padded with blanks on the left.
 ///
 /// Rounding: half away from zero on the shortest decimal text of the value in its own precision, so
-///           a single must be handed over as a single (1.85F with "F5.1" is "  1.9").
+///           a single must be passed as a single (1.85F with "F5.1" is "  1.9").
 /// Errors:   a text longer than the field, and a value that is not finite, is "Invalid procedure
-///           call or argument": a shifted card would be computed without a complaint.
+///           call or argument": an engine would compute a shifted card without complaint.
 /// Tests:    tests/propagation/FortranFormatTest.cpp
 #pragma once
 
@@ -39,10 +39,10 @@ constexpr int FortranWidth(std::string_view sFormat)
     return 0;
 }
 
-/// The field of a value. No digit stands before the point of a value below 1 (".5"), save that the
-/// position field "F6.2" prints an exact 0 as "  0.00". An unknown format gives an empty text,
-/// and paMessages "FortranFormat, Unknown format " with the format behind it; the formats of every
-/// layout are checked when it is compiled.
+/// The field of a value. A value below 1 has no digit before the point (".5"), except that the
+/// position field "F6.2" prints an exact 0 as "  0.00". An unknown format gives an empty text and
+/// the message "FortranFormat, Unknown format " followed by the format; the formats of all layouts
+/// are checked at compile time.
 Result<std::string> FortranFormat(double dValue, std::string_view sFormat,
                                   Messages* paMessages = nullptr);
 Result<std::string> FortranFormat(float fValue, std::string_view sFormat,

@@ -1,6 +1,6 @@
 /// @file EngineManifest.h
-/// The list of what Hopcast put into an engine root: a line "NAME MARK" for each program, where the
-/// mark tells a link's target or a copy's content. Private to EngineRoot.
+/// The list of what Hopcast put into an engine root: a line "NAME MARK" for each program; the mark
+/// identifies a link's target or a copy's content. Private to EngineRoot.
 ///
 /// Paths:   host paths.
 /// Tests:   tests/propagation/EngineRootPosixTest.cpp
@@ -12,11 +12,11 @@
 
 #include "system/Result.h"
 
-/// "copy SIZE HASH" of a file's content; empty when it cannot be read. Read again only when size or
-/// time of the file changed: each attempt of a run looks the root up.
+/// "copy SIZE HASH" of a file's content; empty when it cannot be read. The file is read again only
+/// when its size or time has changed, because each attempt of a run looks up the root.
 [[nodiscard]] std::string CopyMark(const std::filesystem::path& pthFile);
 
-/// What stands in a root under a program's name; empty when nothing does.
+/// The mark of what a root has under a program's name; empty when there is nothing.
 [[nodiscard]] std::string EngineMark(const std::filesystem::path& pthProgram);
 
 /// A line of the list.

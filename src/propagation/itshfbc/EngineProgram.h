@@ -1,7 +1,7 @@
 /// @file EngineProgram.h
 /// The three engines, their files, and whether they are installed.
 ///
-/// Paths:   the engine package's own layout, fixed; EngineRoot::Path maps them to this host.
+/// Paths:   the fixed layout of the engine package; EngineRoot::Path maps them to this host.
 /// Tests:   tests/propagation/PropagationRunTest.cpp
 #pragma once
 
@@ -16,12 +16,12 @@ struct EngineProgram {
     int iModel;                     ///< EngineModel
     std::string_view sProgram;      ///< program file
     std::string_view sName;         ///< display name
-    std::string_view sExecuteName;  ///< its name in "Unable to execute ... program."
+    std::string_view sExecuteName;  ///< the name in "Unable to execute ... program."
     std::string_view sAreaDeck;
     std::string_view sAreaGrid;
 };
 
-/// The engine of a model; nothing for any other number.
+/// The engine of a model; nullptr for any other number.
 [[nodiscard]] const EngineProgram* EngineFind(int iModel);
 
 /// Full path of the engine's program; for an unknown model the bare program folder.
@@ -30,21 +30,19 @@ struct EngineProgram {
 inline constexpr std::string_view kSoundDeck = "c:\\itshfbc\\RUN\\sound.dat";
 inline constexpr std::string_view kSoundOutput = "c:\\itshfbc\\RUN\\sound.out";
 inline constexpr std::string_view kAreaFolder = "c:\\itshfbc\\areadata\\";
-/// What an engine says on its standard output and error streams goes here, and is gone after the
-/// run.
+/// Receives an engine's standard output and error; deleted after the run.
 inline constexpr std::string_view kEngineConsole = "c:\\itshfbc\\RUN\\hopcast.txt";
-/// Held from writing a deck to reading its output.
+/// Lock file, held from writing a deck to reading its output.
 inline constexpr std::string_view kEngineLock = "c:\\itshfbc\\hopcast.lock";
 
 /// True when the model's program is Hopcast's own engine. Of the programs that Hopcast provisions
-/// only REC533 is: its VOACAP is a launcher around the system's.
+/// only REC533 is one: its VOACAP is a launcher for the system's.
 [[nodiscard]] bool EngineIsHopcasts(int iModel, const EngineRoot& root = EngineRootGet());
 
-/// True when the engine's program file exists. When it is missing, paMessages is told where there
-/// is one.
+/// True when the engine's program file exists. A missing one adds a message, if there is a list.
 bool EngineCheckInstalled(int iModel, Messages* paMessages,
                           const EngineRoot& root = EngineRootGet());
 
-/// Seconds that one attempt may take; tests shorten it. @return the limit before.
+/// Sets the seconds that one attempt may take; tests shorten it. @return the previous limit.
 double EngineLimitSet(double dSeconds);
 inline constexpr double kEngineLimit = 5.0;

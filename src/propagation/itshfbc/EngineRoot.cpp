@@ -27,10 +27,10 @@ namespace {
 constexpr std::array kPrograms{"icepacw.exe", "voacapw.exe", "rec533w.exe"};
 constexpr const char* kRec533Program = "rec533w.exe";
 constexpr const char* kVoacapProgram = "voacapw.exe";
-/// Held while a root is provisioned: two first starts at once would drop each other's lines.
+/// Held while a root is provisioned: two first starts at once would lose each other's lines.
 constexpr const char* kProvisionLock = "hopcast-engines.lock";
 constexpr double kProvisionWait = 10.0;  // seconds; it takes some milliseconds
-/// Begins the name of an engine that is being put into its place.
+/// Prefix of an engine's name while it is being put into place.
 constexpr const char* kNewEngine = ".hopcast-engine-";
 
 std::string ProgramPath(const std::string& sRoot, const std::string& sName)
@@ -43,7 +43,7 @@ bool RootIsInstalled(const std::string& sRoot)
 {
     std::error_code ec;
     if (!fs::is_directory(PathFromText(sRoot), ec))
-        return false;  // the usual case, and asked by each attempt of a run
+        return false;  // the usual case, checked by each attempt of a run
     const std::vector<std::string> asManifest = ManifestRead(sRoot);
     return std::any_of(kPrograms.begin(), kPrograms.end(), [&](const char* sName) {
         const std::string sProgram = ProgramPath(sRoot, sName);
@@ -53,7 +53,7 @@ bool RootIsInstalled(const std::string& sRoot)
     });
 }
 
-/// The root of a user who has no folder to write to. It goes with the program.
+/// The root of a user who has no folder to write to. It is removed when the program ends.
 class TemporaryRoot {
 public:
     TemporaryRoot() = default;
@@ -83,7 +83,7 @@ public:
 
 private:
     std::string m_sFolder;
-    std::optional<FileLock> m_owner;  ///< tells others that the root is in use, however old
+    std::optional<FileLock> m_owner;  ///< shows others that the root is in use, however old
 };
 
 TemporaryRoot& TemporaryRootGet()
@@ -92,7 +92,7 @@ TemporaryRoot& TemporaryRootGet()
     return root;
 }
 
-/// The private root in use: a later choice only when it was needed before.
+/// The private root in use: the first choice, unless provisioning needed another one.
 std::string PrivateRootGet()
 {
     if (!TemporaryRootGet().FolderGet().empty())
@@ -104,7 +104,7 @@ std::string PrivateRootGet()
     return asFolders.front();
 }
 
-/// The engine as shipped, beside the program or in its libexec folder; empty when there is none.
+/// The shipped engine, beside the program or in its libexec folder; empty when there is none.
 std::string ShippedEngineGet(const std::string& sProgramFolder, const std::string& sName)
 {
     const fs::path pthFolder = PathFromText(sProgramFolder);
@@ -130,7 +130,7 @@ fs::path NewNameMake(const fs::path& pthTarget)
            / (kNewEngine + std::to_string(rndDevice()) + '-' + std::to_string(rndDevice()));
 }
 
-/// Puts a link or, where links cannot be made, a copy in the place of sTarget, at once.
+/// Replaces sTarget atomically by a link or a copy.
 Result<void> EnginePlace(const std::string& sSource, const std::string& sTarget, bool bLink)
 {
     const fs::path pthTarget = PathFromText(sTarget);
@@ -149,7 +149,7 @@ Result<void> EnginePlace(const std::string& sSource, const std::string& sTarget,
     return ErrorFromCode(ec);
 }
 
-/// Takes away what a program killed in EnginePlace left. REQUIRES: the lock of provisioning.
+/// Removes what a program killed in EnginePlace left. REQUIRES: the lock of provisioning.
 void NewEnginesRemove(const std::string& sRoot)
 {
     std::error_code ec;
@@ -161,8 +161,8 @@ void NewEnginesRemove(const std::string& sRoot)
     for (const fs::path& pthNew : apthNew) fs::remove(pthNew, ec);
 }
 
-/// True for what is ours though the list has lost it: in a root that has one, a link to nothing, or
-/// a program that is the shipped one to the last byte.
+/// True for what is ours although it is missing from the list: in a root with a list, a link to
+/// nothing, or a program identical to the shipped one.
 bool EngineIsLostOurs(const std::string& sTarget, const std::string& sSource)
 {
     std::error_code ec;
@@ -173,7 +173,7 @@ bool EngineIsLostOurs(const std::string& sTarget, const std::string& sSource)
     return !sShipped.empty() && sShipped == CopyMark(pthTarget);
 }
 
-/// Makes one engine of the root ours and current, or takes ours away (empty sSource).
+/// Makes one engine of the root ours and up to date, or removes ours (empty sSource).
 /// @param bListKept  the root had a list of engines before this start
 Result<void> EngineRenew(const std::string& sRoot, const std::string& sName,
                          const std::string& sSource, bool bListKept)
@@ -187,22 +187,22 @@ Result<void> EngineRenew(const std::string& sRoot, const std::string& sName,
         && !(bListKept && EngineIsLostOurs(sTarget, sSource)))
         return {};  // somebody else's
     if (sSource.empty()) {
-        // An engine that still works is kept when only its source is out of sight.
+        // An engine that still works is kept if only its source cannot be found.
         const bool bUseless = sName == kVoacapProgram || !FileExists(sTarget);
         if (!bFree && bUseless && !fs::remove(PathFromText(sTarget), ec))
             return ErrorFromCode(ec);
         return {};
     }
 #ifdef _WIN32
-    constexpr std::array kWays{false};  // links need a right that users lack
+    constexpr std::array kWays{false};  // links need a right that users do not have
 #else
     constexpr std::array kWays{true, false};
 #endif
     Result<void> res;
     for (const bool bLink : kWays) {
         const std::string sMark = bLink ? "link " + sSource : CopyMark(PathFromText(sSource));
-        // Listed first: a program killed in between leaves a line too many, never a program that
-        // nobody owns.
+        // Listed first: if Hopcast is killed in between, there is a line too many, but never a
+        // program that is not listed.
         res = {};
         if (!ProgramIsListed(asManifest, sName, sMark)) {
             asManifest.push_back(LineMake(sName, sMark));
@@ -218,7 +218,7 @@ Result<void> EngineRenew(const std::string& sRoot, const std::string& sName,
     return res;
 }
 
-/// Drops the lines of engines that are no longer there.
+/// Removes the lines of engines that are no longer there.
 Result<void> ManifestPrune(const std::string& sRoot)
 {
     const std::vector<std::string> asBefore = ManifestRead(sRoot);
@@ -235,10 +235,10 @@ Result<void> ManifestPrune(const std::string& sRoot)
 struct RootWork {
     std::string sRoot;
     std::optional<FileLock> m_lock;
-    bool bListKept = false;  ///< it had a list of engines before
+    bool bListKept = false;  ///< it already had a list of engines
 };
 
-/// The folders, all of them writable, the lock and the manifest.
+/// Makes the folders, all of them writable, the lock and the manifest.
 Result<void> FoldersMake(RootWork& work)
 {
     work.m_lock.reset();
@@ -259,7 +259,7 @@ Result<void> FoldersMake(RootWork& work)
     return work.bListKept ? Result<void>() : ManifestWrite(work.sRoot, {});
 }
 
-/// The first place that can be used, and a temporary one where there is none.
+/// Uses the first suitable folder, or a temporary one if there is none.
 Result<void> PrivateRootMake(RootWork& work)
 {
     Result<void> resMade = RunError{kPathFileAccessError};

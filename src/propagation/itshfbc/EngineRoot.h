@@ -7,9 +7,9 @@
 /// prefix's drive C); (3) the private root: on Windows %LOCALAPPDATA%\Hopcast\itshfbc, elsewhere
 /// $XDG_DATA_HOME/hopcast/itshfbc (default ~/.local/share/hopcast/itshfbc). What Hopcast put into a
 /// root is listed in its hopcast-engines.txt; such programs do not count in (2), so a c:\itshfbc of
-/// an older Hopcast is left as it is and no longer used. Outside Windows, where no private root can
-/// be written (a read-only home), provisioning makes one among the machine's temporary folders; it
-/// belongs to the running program alone and goes with it.
+/// an older Hopcast is left as it is and no longer used. Outside Windows, if no private root can be
+/// written (a read-only home), provisioning makes one among the machine's temporary folders; it
+/// belongs only to the running program and is removed at its end.
 ///
 /// Tests:   tests/propagation/EngineRootPosixTest.cpp, tests/system/PlatformWin32Test.cpp
 #pragma once
@@ -19,7 +19,7 @@
 
 #include "system/Result.h"
 
-/// The root folder of the engine package as it is named to the engines.
+/// The engine package's root folder as the engines know it.
 inline constexpr std::string_view kEngineRoot = "c:\\itshfbc";
 
 enum class EngineRootKind { Environment, Installed, Private };
@@ -28,33 +28,33 @@ struct EngineRoot {
     std::string sFolder;  ///< host path, no separator at the end
     EngineRootKind eKind = EngineRootKind::Private;
 
-    /// Host path of a path below kEngineRoot ("c:\itshfbc\RUN\sound.dat"), in either case and with
-    /// either separator. Outside Windows a component that does not exist as spelled is looked up
-    /// without regard to case.
+    /// Host path of a path below kEngineRoot ("c:\itshfbc\RUN\sound.dat"), in upper or lower case
+    /// and with either separator. Outside Windows a component that does not exist as spelled is
+    /// looked up without regard to case.
     [[nodiscard]] std::string Path(std::string_view sPath) const;
 };
 
-/// The root in force. The choice is made anew at each call, so that a package installed while
-/// Hopcast runs is found; the runs of a request keep the one that they began with.
+/// The current root. It is chosen again at each call, so that a package installed while Hopcast
+/// runs is found; the runs of a request keep the one that they began with.
 [[nodiscard]] EngineRoot EngineRootGet();
 
-/// Makes the private root complete: bin_win, RUN, areadata, and the engines that lie beside the
-/// program (or in its libexec folder: rec533w.exe; voacapw.exe where voacapl is installed), linked
-/// or copied. Renews what an older Hopcast left, takes away a voacapw.exe of ours whose voacapl is
-/// gone, and never touches a program that it did not put there. In a root that has the list of
-/// engines a link to nothing and an unlisted copy of the shipped engine are ours, too. One program
-/// at a time: a lock is waited for up to 10 s. Under HOPCAST_ITSHFBC or an installed package
-/// nothing is touched. In every root, and among the temporary ones, what killed programs left more
-/// than a day ago is removed.
+/// Completes the private root: bin_win, RUN, areadata, and the engines from beside the program (or
+/// from its libexec folder: rec533w.exe; voacapw.exe if voacapl is installed), linked or copied.
+/// Updates what an older Hopcast left, removes our voacapw.exe if its voacapl is gone, and never
+/// touches a program that Hopcast did not put there. In a root with the list of engines a link to
+/// nothing and an unlisted copy of the shipped engine count as ours, too. One program at a time: a
+/// lock is waited for up to 10 s. With HOPCAST_ITSHFBC or an installed package nothing is touched.
+/// In every root, and among the temporary ones, what killed programs left more than a day ago is
+/// removed.
 [[nodiscard]] Result<void> EngineRootProvision();
-/// The same with the engines that lie beside sProgramFolder (host path), and voacapl sought in the
+/// The same with the engines from sProgramFolder (host path), and with voacapl looked for in the
 /// folders of sSearchPath (separated by ':').
 [[nodiscard]] Result<void> EngineRootProvisionFrom(const std::string& sProgramFolder,
                                                    const std::string& sSearchPath);
 
-/// Takes the temporary root away, if there is one. Done at the program's end in any case.
+/// Removes the temporary root, if there is one. It is done at the program's end in any case.
 void EngineRootRelease();
 
-/// True when the program of this name in the root's bin_win is one of Hopcast's own.
+/// True when the program of this name in the root's bin_win is Hopcast's own.
 [[nodiscard]] bool EngineIsBuiltIn(const std::string& sProgramName,
                                    const EngineRoot& root = EngineRootGet());

@@ -37,7 +37,7 @@ std::string TimeLimitText(int nGridSize)
                                        + std::to_string(nSmaller) + ", is faster";
 }
 
-/// A line of foreign bytes as a short printable text.
+/// A line of unknown bytes as a short printable text.
 std::string PrintableText(std::string_view sLine)
 {
     std::string sBytes;
@@ -51,8 +51,8 @@ std::string PrintableText(std::string_view sLine)
     return std::string(TextTrim(sBytes));
 }
 
-/// Takes an old output away, so that it cannot pass for a new one. A missing one is fine, and so is
-/// a folder of that name, which the reader will meet. One that cannot be deleted is emptied.
+/// Removes an old output, so that it cannot pass for a new one. A missing one is fine, and so is a
+/// folder of that name, which the reader will refuse. One that cannot be deleted is emptied.
 Result<void> OldOutputRemove(const std::string& sPath)
 {
     Result<void> resDeleted = FileDelete(sPath);
@@ -102,7 +102,7 @@ std::string EnginePlace::WordGet(std::string_view sPath, bool bWindowsProgram) c
 {
     if (!bWindowsProgram)
         return Path(sPath);
-    // The fixed root is handed over as it is spelled.
+    // The fixed root is passed as the contract spells it.
     return m_root.eKind == EngineRootKind::Installed ? std::string(sPath)
                                                      : PathToWindows(Path(sPath));
 }
@@ -149,7 +149,7 @@ std::optional<Failure> EngineAttempt::LockWait()
     m_dLockWait = dBefore - m_deadline.LeftGet();
     if (m_way.stop.stop_requested())
         return FailureMake(FailureKind::Cancelled, m_task.pTexts->sNotFinished);
-    if (!resLock)  // failures other than a lock that is held do not wait
+    if (!resLock)  // only a lock that is held waits until the deadline
         return FailureMake(m_deadline.LeftGet() <= 0.0 ? FailureKind::Busy : FailureKind::File,
                            m_task.pTexts->sOpen, resLock.TextGet());
     m_lock = std::move(resLock.ValueGet());
@@ -158,7 +158,7 @@ std::optional<Failure> EngineAttempt::LockWait()
 
 std::optional<Failure> EngineAttempt::DeckPut()
 {
-    // A new file costs a fraction of an emptied one: file systems write the latter out at once.
+    // A new file costs a fraction of an emptied one, which file systems write out at once.
     auto resFile = OutputFile::OpenNew(m_pPlace->Path(m_task.sDeck));
     if (!resFile)
         return FailureMake(FailureKind::File, m_task.pTexts->sOpen, resFile.TextGet());
@@ -173,7 +173,7 @@ std::optional<Failure> EngineAttempt::DeckPut()
     return {};
 }
 
-/// What the engine said on its output and error streams; the file goes.
+/// Keeps what the engine wrote to its output and error streams, and deletes the file.
 void EngineAttempt::OutputOfEngineKeep()
 {
     constexpr std::size_t kReadMax = std::size_t{64} << 10;
@@ -222,7 +222,7 @@ std::optional<Failure> EngineAttempt::Await(int nProcessId)
         return FailureMake(FailureKind::Cancelled, m_task.pTexts->sNotFinished);
     if (bFinished)
         return {};
-    // A launcher gives up a little earlier than it would be killed.
+    // A launcher gives up shortly before it would be killed.
     constexpr double kNearlyAll = 0.05;
     FailureKind eKind = FailureKind::BadOutput;
     if (m_deadline.LeftGet() <= kNearlyAll * LimitGet())
@@ -236,7 +236,7 @@ std::optional<Failure> EngineAttempt::Run()
     if (m_way.stop.stop_requested())
         return FailureMake(FailureKind::Cancelled, m_task.pTexts->sNotFinished);
     if (!m_pPlace->IsThere())
-        m_pPlace = std::make_shared<EnginePlace>(false, m_way.root);  // no room for one of its own
+        m_pPlace = std::make_shared<EnginePlace>(false, m_way.root);  // no folder of its own
     if (auto failure = LockWait())
         return failure;
     if (auto failure = DeckPut())

@@ -1,9 +1,9 @@
 /// @file EngineRun.h
-/// One attempt of an engine program: lock, deck, start, wait. What point-to-point and area runs
-/// have in common.
+/// One attempt to run an engine program: lock, deck, start, wait. Point-to-point and area runs both
+/// use it.
 ///
-/// Errors:  told in a Failure, with the text that the procedure's message box shows.
-/// Threads: an attempt lives on one thread; several may go on at once.
+/// Errors:  a Failure, with the text of the procedure's message box.
+/// Threads: an attempt stays on one thread; several may run at once.
 /// Tests:   tests/propagation/EngineFaultTest.cpp
 #pragma once
 
@@ -24,34 +24,35 @@
 #include "system/LockLib.h"
 #include "system/Result.h"
 
-/// How a procedure's messages begin, by the stage at which a run failed.
+/// The first words of a procedure's messages, by the stage at which a run failed.
 struct EngineTexts {
     std::string_view sOpen;
     std::string_view sOutput;
     std::string_view sShell;
     std::string_view sInput;
-    std::string_view sNotFinished;  ///< whole
-    bool bOldOutputStops;           ///< an old output that cannot be removed fails before the start
+    std::string_view sNotFinished;  ///< the whole message
+    bool bOldOutputStops;           ///< fails before the start if an old output cannot be removed
 };
 
-/// What an attempt is to do. Paths as the contract spells them, below kEngineRoot.
+/// The task of an attempt. Paths are below kEngineRoot, as the contract spells them.
 struct EngineTask {
     const EngineProgram* pEngine = nullptr;
     const EngineTexts* pTexts = nullptr;
-    std::vector<std::string> asArguments;  ///< behind the root
+    std::vector<std::string> asArguments;  ///< after the root
     std::string sDeck;
     std::string sOutput;
     std::function<Result<std::string>()> fnDeck;
-    int nGridSize = 0;  ///< points a side of an area, for the advice after a run that took too long
+    int nGridSize =
+        0;  ///< points per side of an area, for the advice after a run that took too long
 };
 
-/// How the runs of a request go on.
+/// How and where a request's engine runs.
 struct EngineWay {
     std::stop_token stop = {};
-    /// Each attempt in a folder of its own, without the root's lock: for engines whose program
-    /// reads nothing but its deck from the root.
+    /// Run each attempt in its own folder, without the root's lock: for engines whose program reads
+    /// only its deck from the root.
     bool bOwnFolder = false;
-    /// Sought once for all of a request's runs: a package that is installed in between would
+    /// Chosen once for all of a request's runs: a package that is installed in between would
     /// otherwise mix two roots.
     EngineRoot root = EngineRootGet();
 };
@@ -64,12 +65,12 @@ public:
     EnginePlace(const EnginePlace&) = delete;
     EnginePlace& operator=(const EnginePlace&) = delete;
 
-    /// False where the folder of its own could not be made.
+    /// False if its own folder could not be made.
     [[nodiscard]] bool IsThere() const { return !m_sFolder.empty(); }
     [[nodiscard]] bool IsOwn() const { return m_bOwn; }
     /// Host path of a path below kEngineRoot.
     [[nodiscard]] std::string Path(std::string_view sPath) const;
-    /// Host path of a program, which lies in the shared root in any case.
+    /// Host path of a program, which is always in the shared root.
     [[nodiscard]] std::string ProgramPath(int iModel) const;
     /// A path below kEngineRoot as the program's command line names it.
     [[nodiscard]] std::string WordGet(std::string_view sPath, bool bWindowsProgram) const;
@@ -80,7 +81,7 @@ private:
     bool m_bOwn;
 };
 
-/// One attempt. The time that it has begins with its construction.
+/// One attempt. Its time limit counts from its construction.
 class EngineAttempt {
 public:
     EngineAttempt(EngineTask task, const EngineWay& way);
@@ -89,10 +90,10 @@ public:
     [[nodiscard]] std::optional<Failure> Run();
     /// Host path of the output.
     [[nodiscard]] std::string OutputPath() const { return m_pPlace->Path(m_task.sOutput); }
-    /// A failure of the stage of reading, in the words of its error.
+    /// A failure at the reading stage, with the error's description.
     [[nodiscard]] Failure InputFailure(const std::string& sError) const;
     [[nodiscard]] const std::shared_ptr<EnginePlace>& PlaceGet() const { return m_pPlace; }
-    /// Hands on the hold on the root, until whose end nobody else writes there.
+    /// Passes on the root's lock, which keeps others from writing there.
     [[nodiscard]] std::optional<FileLock> LockTake() { return std::exchange(m_lock, std::nullopt); }
 
 private:
@@ -111,5 +112,5 @@ private:
     Deadline m_deadline;
     std::optional<FileLock> m_lock;
     double m_dLockWait = 0.0;     // seconds
-    std::string m_sEngineOutput;  // first printable line that the engine said
+    std::string m_sEngineOutput;  // first printable line of the engine's console output
 };

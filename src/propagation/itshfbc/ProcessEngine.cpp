@@ -62,7 +62,7 @@ Prediction ProcessEngine::Predict(const Request& request, const std::stop_token&
     prediction.table = PropagationTable(request.nData);
     prediction.bOk =
         PropagationRun(request, prediction.table, prediction.aFailures, {stop, RunsInOwnFolder()});
-    if (EngineFind(m_iModel) == nullptr)  // the run says nothing of an engine that it does not know
+    if (EngineFind(m_iModel) == nullptr)  // the run reports nothing for an unknown engine
         prediction.aFailures.push_back(*ObstacleGet());
     return prediction;
 }

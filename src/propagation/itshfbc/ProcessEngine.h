@@ -1,6 +1,6 @@
 /// @file ProcessEngine.h
-/// An engine of the ITS package, or the launcher in its place, as an Engine: a program, decks and
-/// outputs.
+/// An engine of the ITS package, or the launcher that replaces it, as an Engine: a program, decks
+/// and outputs.
 ///
 /// Tests:   tests/propagation/ProcessEngineTest.cpp
 #pragma once
@@ -15,11 +15,11 @@ public:
     [[nodiscard]] int ModelGet() const override { return m_iModel; }
     [[nodiscard]] std::string NameGet() const override;
     [[nodiscard]] std::string VersionGet() const override { return {}; }
-    /// The name with path, size and time of the program's file: another program under its name is
+    /// The name with path, size and time of the program's file: another program of that name is
     /// another engine.
     [[nodiscard]] std::string IdentityGet() const override;
-    /// Hopcast's launcher of VOACAP, which reads nothing but the deck from its root, runs in
-    /// folders of its own, as many at once as there are cores. Any other takes turns in the root.
+    /// Hopcast's launcher for VOACAP, which reads only the deck from its root, runs in separate
+    /// folders, as many at once as there are cores. Any other engine takes turns in the root.
     [[nodiscard]] EngineLimits LimitsGet() const override;
     [[nodiscard]] std::optional<Failure> ObstacleGet() const override;
     [[nodiscard]] Prediction Predict(const Request& request,

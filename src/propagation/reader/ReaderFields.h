@@ -1,5 +1,5 @@
 /// @file ReaderFields.h
-/// What the readers have in common: lines, strict numbers of fields, and the row of azimuths.
+/// What the readers have in common: lines, strict numbers in fields, and the azimuth row.
 #pragma once
 
 #include <string>
@@ -13,22 +13,22 @@
 /// The next line; "Input past end of file" when there is none.
 Result<void> LineNext(TextFile& file, std::string& sLine);
 
-/// Strict number of a field.
+/// Strict number in a field.
 Result<float> FieldSingle(std::string_view sLine, const Field& fld);
 /// Strict number in MHz as kHz, converted in double precision.
 Result<float> FieldKilohertz(std::string_view sLine, const Field& fld);
-/// Text of a field as cut, neither trimmed nor converted. A byte outside ASCII, which no engine
-/// writes, cannot break the program's UTF-8.
+/// Text of a field, neither trimmed nor converted. A byte outside ASCII, which no engine writes,
+/// cannot break the program's UTF-8.
 std::string FieldText(std::string_view sLine, const Field& fld);
 
-/// Finds "AZIMUTHS"; the values stand in the line below.
+/// Finds "AZIMUTHS"; the values are in the line below.
 Result<void> AzimuthsRead(TextFile& file, PropagationTable& table);
 
 /// Numbers of the chunk's frequencies from a row.
 Result<void> RowRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst,
                      int iLast, CellArray<float>& afCells);
-/// The same for a row that not every engine prints: cells keep what they hold when one of its
-/// numbers cannot be read.
+/// The same for a row that not every engine prints: if one of its numbers cannot be read, the cells
+/// stay unchanged.
 void OptionalRowRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst,
                      int iLast, CellArray<float>& afCells);
 /// Mode texts of the chunk's frequencies.

@@ -36,14 +36,14 @@ struct NumberRow {
     CellArray<float> PropagationTable::*pCells;
 };
 
-// In the order in which a block holds them: the search runs forward only.
+// In the order of the block, as the search runs forward only.
 constexpr NumberRow kNumberRows[] = {
     {"ANGLE", &PropagationTable::fTakeoffAngle},   {"DELAY", &PropagationTable::fTimeDelay},
     {"V HITE", &PropagationTable::fVirtualHeight}, {"S DBW", &PropagationTable::fSdBW},
     {"N DBW", &PropagationTable::fNdBW},           {"SNRxx", &PropagationTable::fSnr},
 };
 
-// Printed between those rows, not by every engine and method.
+// Printed between those rows, but not by every engine and method.
 constexpr NumberRow kOptionalRows[] = {
     {"REL", &PropagationTable::fReliability},
     {"SNR LW", &PropagationTable::fSnrLower},

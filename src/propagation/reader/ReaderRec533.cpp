@@ -22,8 +22,8 @@ Result<void> FrequencyRowRead(TextFile& file, int iHour, PropagationTable& table
     if (!resMuf)
         return resMuf.ErrorGet();
     table.fMUF[iHour] = resMuf.ValueGet();
-    // A LUF with a minus sign means "required reliability not reached". The sign of a LUF of two
-    // digits stands one column before the field and is not looked at; kept as it is read.
+    // A LUF with a minus sign means "required reliability not reached". The sign of a two-digit LUF
+    // is one column before the field and is ignored; the value is kept as it is read.
     const Result<float> resLuf = FieldKilohertz(sLine, hour_row_rec533::kLuf);
     if (!resLuf)
         return resLuf.ErrorGet();
@@ -42,7 +42,7 @@ Result<void> LayerRowsRead(TextFile& file, const Chunk& chunk, int iHour, Propag
     if (auto resFound = FindLine(file, "ANGL", sLine); !resFound)
         return resFound;
     for (int j = chunk.iFirst; j <= chunk.iLast; ++j) {
-        // Beyond 7000 km the row holds dashes.
+        // Beyond 7000 km the row has dashes.
         const auto resAngle =
             FieldSingle(sLine, FieldAt(hour_row_rec533::kFirst, j - chunk.iFirst));
         table.fTakeoffAngle(iHour, j) = resAngle ? resAngle.ValueGet() : 0.0F;
@@ -52,7 +52,7 @@ Result<void> LayerRowsRead(TextFile& file, const Chunk& chunk, int iHour, Propag
     return {};
 }
 
-/// Power from an isotropic receiving antenna, dBW, of a field strength in dB above 1 uV/m.
+/// Power from an isotropic receiving antenna, dBW, at a field strength in dB above 1 uV/m.
 Result<void> SignalRowRead(TextFile& file, const Chunk& chunk, int iHour, PropagationTable& table)
 {
     std::string sLine;
@@ -65,7 +65,7 @@ Result<void> SignalRowRead(TextFile& file, const Chunk& chunk, int iHour, Propag
     for (int j = chunk.iFirst; j <= chunk.iLast; ++j) {
         const double dFrequency = chunk.m_input.FrequencyGet(j);
         if (!(dFrequency > 0.0))
-            return RunError{kInvalidCall};  // no logarithm
+            return RunError{kInvalidCall};  // it has no logarithm
         float& fSdBW = table.fSdBW(iHour, j);
         fSdBW = static_cast<float>((fSdBW - 137.0) - 20.0 * Log10(dFrequency / 20000.0));
     }
