@@ -27,13 +27,13 @@ Failure FailureMake(FailureKind eKind, std::string sText, std::string sDetail = 
     return failure;
 }
 
-/// The stages of a run, as the program's runs tell them.
+/// The stages of a run, named as in the messages of the program's runs.
 constexpr const char* kPointOutput = "PropagationRec533, Output ";
 constexpr const char* kPointNotFinished = "PropagationRec533, Shell do not finish.";
 constexpr const char* kAreaOutput = "PropagationAreaOpen, ";
 constexpr const char* kAreaNotFinished = "PropagationAreaOpen, Shell do not finish.";
 
-/// The decks of a request's chunks as one, with all of the usable frequencies.
+/// The decks of a request's chunks as one deck, with all usable frequencies.
 Result<run533::PointDeck> DeckRead(const Request& request, const std::vector<int>& aiFrequency,
                                    Failure& failure)
 {
@@ -102,7 +102,7 @@ AreaDay::Place PlaceOfGrid(const run533::GridPlace& gridPlace)
 
 }  // namespace
 
-/// What several calls have in common: the maps that were asked for last, and room to work in.
+/// What several calls share: the maps that were used last, and working memory.
 class BuiltInEngine::Shared {
 public:
     std::shared_ptr<const rec533::Ionosphere> IonosphereGet(const run533::DeckCommon& deckCommon)
@@ -118,7 +118,7 @@ public:
         return m_pIonosphere;
     }
 
-    /// A DayWork that is nobody else's while it lives.
+    /// A DayWork for exclusive use while this lives.
     class Work {
     public:
         explicit Work(Shared& shared) : m_shared(shared)
@@ -267,7 +267,7 @@ std::unique_ptr<AreaDayWork> BuiltInEngine::AreaDayPrepare(const AreaDayRequest&
     std::vector<double> aMegahertz;
     AreaRequest area = request.area;
     std::optional<run533::AreaDeck> deck;
-    for (const float fKhz : request.afFrequency) {  // each as its deck rounds it
+    for (const float fKhz : request.afFrequency) {  // each rounded as in its deck
         area.fFrequency = fKhz / kKhzPerMhz;
         auto resDeck = AreaRead(area, failureDeck);
         if (!resDeck) {

@@ -1,9 +1,9 @@
 /// @file BuiltInEngine.h
 /// Hopcast's own REC533 engine in this process. It goes through the decks and rounds as their
-/// outputs do, so that its figures are those of rec533w.exe to the last printed digit; both share
-/// the code. What the page does not print, the deciles, is not rounded.
+/// outputs do, so that its values are those of rec533w.exe to the last printed digit; both share
+/// the code. The deciles, which the page does not print, are not rounded.
 ///
-/// Errors:  as the program's: a deck that cannot be used is FailureKind::BadInput.
+/// Errors:  as in the program: a deck that cannot be used is FailureKind::BadInput.
 /// Threads: any number of calls at once.
 /// Tests:   tests/engine/builtin/BuiltInEngineTest.cpp
 #pragma once
@@ -15,7 +15,7 @@
 
 class BuiltInEngine final : public Engine {
 public:
-    /// @param sRoot  host path of the engine root, whose antenna files are read where it has any
+    /// @param sRoot  host path of the engine root, whose antenna files are read if it has any
     explicit BuiltInEngine(std::string sRoot);
     ~BuiltInEngine() override;
 

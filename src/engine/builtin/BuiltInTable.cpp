@@ -11,7 +11,7 @@
 namespace {
 
 constexpr int kWidth = 5;           // columns of every value of an hour's block
-constexpr double kUnused = -999.0;  // printed where the method does not take the frequency
+constexpr double kUnused = -999.0;  // printed for frequencies outside the method's range
 
 /// A value without decimals.
 float WholeGet(double dValue)

@@ -60,7 +60,7 @@ constexpr double kBoundary[12]{30, 30, 30, 27.5, 32.5, 35, 37.5, 35, 32.5, 30, 3
 constexpr int kNoonRow[12]{0, 1, 2, 3, 4, 5, 5, 4, 6, 7, 8, 0};
 constexpr double kDipMost = 70.0;  // degrees
 
-// What all crossings of an hour share.
+// What all crossings in an hour have in common.
 struct CrossingMonth {
     const double* pNoon;            // row of the noon factors
     const double* aExponent[2][2];  // north and south; below and above the boundary
@@ -80,7 +80,7 @@ CrossingMonth CrossingMonthGet(int nMonth)
     return crossingMonth;
 }
 
-// Arc tangent of numbers from 0 on within 3e-8, plenty for a place in the tables.
+// Arc tangent of numbers from 0 on within 3e-8, which is ample for a position in the tables.
 template <class V>
 HOPCAST_INLINE V ArcTanGet(const V& vX)
 {
@@ -142,8 +142,8 @@ HOPCAST_INLINE V ExponentGet(const CrossingMonth& crossingMonth, const PlaceLane
     return vSum;
 }
 
-// ln of max(cos(0.881 chi)^p, 0.02) for a zenith angle up to 102 degrees; beyond it the floor
-// holds. cos(0.881 arccos c) is a smooth function of c: a polynomial gives it within 5e-9.
+// ln of max(cos(0.881 chi)^p, 0.02) for a zenith angle up to 102 degrees; beyond that the floor
+// applies. cos(0.881 arccos c) is a smooth function of c: a polynomial gives it within 5e-9.
 template <class V>
 HOPCAST_INLINE V DiurnalLogGet(const V& vCosChi, const V& vExponent)
 {
@@ -160,8 +160,8 @@ HOPCAST_INLINE V DiurnalLogGet(const V& vCosChi, const V& vExponent)
     return LaneMax<V>(vExponent * LaneLog(vCos), LaneAll<V>(kLogFloor));
 }
 
-// The cosine of the sun's zenith angle at the places' own noon. The declination moves too slowly
-// for the noon's exact minute to matter.
+// The cosine of the sun's zenith angle at the places' local noon. The declination changes too
+// slowly for the exact minute of noon to matter.
 template <class V>
 HOPCAST_INLINE V NoonCosGet(const SunDay& day, const SunHour& sun, const PlaceLanes<V>& place)
 {
@@ -210,7 +210,7 @@ void CrossingAnglesFill(CrossingAngles& crossingAngles, double dHopAngle, int nH
     const double dSinNear = dCosE * dCosI - dSinE * dSinI;
     const double dCosHop = std::cos(dHopAngle);
     const double dSinHop = std::sin(dHopAngle);
-    double dCos = 1.0, dSin = 0.0;  // of the hop's start
+    double dCos = 1.0, dSin = 0.0;  // of the angle of the hop's start
     for (std::size_t i = 0; i < static_cast<std::size_t>(nHops); ++i) {
         crossingAngles.aCos[2 * i] = dCos * dCosNear - dSin * dSinNear;
         crossingAngles.aSin[2 * i] = dSin * dCosNear + dCos * dSinNear;
@@ -232,7 +232,7 @@ void CrossingAnglesFill(CrossingAngles& crossingAngles, double dHopAngle, int nH
 struct CrossingsOfArc {
     const Arc* pArc;
     const FieldTrack* pField;
-    const double* pCos;  // whole vectors of them
+    const double* pCos;  // padded to whole vectors
     const double* pSin;
     std::size_t nCount;
     Crossing* pCrossings;
@@ -282,7 +282,8 @@ void CrossingsFill(const AbsorptionHour& hour, const CrossingTrack& track, int n
     const Way& way = track.way;
     CrossingAngles angles;
     CrossingAnglesFill(angles, way.dAngle / nHops, nHops, dElevation);
-    // Rays meet 90 km before the middle of their hops, so a bent way has half of them on each arc.
+    // Each hop crosses 90 km once before and once after its middle, so a bent way has half of the
+    // crossings on each arc.
     const auto nHalf = static_cast<std::size_t>(nHops);
     for (std::size_t nArc = 0; nArc < (way.bBent ? 2 : 1); ++nArc) {
         const std::size_t nFirst = nArc * nHalf;

@@ -1,8 +1,8 @@
 /// @file Absorption.h
 /// Absorption in the D and E layers along the rays of a path.
 ///
-/// The loss of a mode is a mean over the places where its ray crosses 90 km. All that does not
-/// depend on the frequency is taken once for an hour and a mode: foE and the weight of the place.
+/// The loss of a mode is a mean over the places where its ray crosses 90 km. What does not depend
+/// on the frequency, foE and the weight of the place, is computed once for each hour and mode.
 ///
 /// Units:   km, MHz, dB.
 /// Source:  Recommendation ITU-R P.533-14, section 5.2.2, figures 1 to 3 as numbers.
@@ -20,9 +20,9 @@ struct Crossing {
     double dWeight = 0.0;  ///< absorption factor at noon, times the diurnal factor
 };
 
-/// Most crossings that the modes of a path and hour have: F2 modes of 14 to 17 hops.
+/// Maximum number of crossings of the modes of a path and hour: F2 modes of 14 to 17 hops.
 inline constexpr int kCrossingsMost = 2 * (14 + 15 + 16 + 17);
-/// The same of one mode, with room for whole vectors.
+/// The same for one mode, with space for whole vectors.
 inline constexpr int kCrossingsOfMode = 2 * 17 + 6;
 
 /// The month and hour for crossings.
@@ -31,10 +31,10 @@ struct AbsorptionHour {
     FoeHour foe;
 };
 
-/// A path as its crossings need it.
+/// The data of a path that its crossings need.
 struct CrossingTrack {
     Way way;
-    std::array<FieldTrack, 2> aFields;  ///< along the way's arcs
+    std::array<FieldTrack, 2> aFields;  ///< the field along the way's arcs
 };
 [[nodiscard]] CrossingTrack CrossingTrackMake(const Way& way);
 
@@ -46,7 +46,7 @@ void CrossingsFill(const AbsorptionHour& hour, const CrossingTrack& track, int n
                    double dElevation, Crossing* pCrossings);
 
 /// Sum of the absorption factors of crossings at vertical frequencies fv = f cos i(110).
-/// Figure 2: the penetration factor phi over fv/foE, divided by its value far above.
+/// Figure 2: the penetration factor phi against fv/foE, divided by its value for large fv/foE.
 template <class V>
 HOPCAST_INLINE V AbsorptionSumGet(const Crossing* pCrossings, int nCount, const V& vVertical)
 {

@@ -9,11 +9,11 @@
 
 namespace rec533 {
 
-inline constexpr double kAuroralNearHop = 2500.0;  ///< the table's limit of hops, km
+inline constexpr double kAuroralNearHop = 2500.0;  ///< limit of the table's hop lengths, km
 
 /// Loss at one control point, dB; 0 below 42.5 degrees of geomagnetic latitude.
-/// dGeomagneticSin: sine of the point's geomagnetic latitude. nLocalHour 0 to 23, or negative,
-/// which the ITU program lets stand in the last column.
+/// dGeomagneticSin: sine of the point's geomagnetic latitude. nLocalHour 0 to 23, or negative, as
+/// the ITU program can have it; that gives the last column.
 [[nodiscard]] double AuroralLossGet(double dGeomagneticSin, Season eSeason, double dHopKm,
                                     int nLocalHour);
 

@@ -1,5 +1,5 @@
 /// @file Circuit.h
-/// What is asked: two ends, power, antennas, noise, what is required.
+/// The input of a prediction: two ends, power, antennas, noise, requirements.
 #pragma once
 
 #include <array>
@@ -13,11 +13,11 @@ struct Antenna {
     std::array<double, 91> aGain{};
 };
 
-/// Gain at an elevation in radians, dBi; no antenna is isotropic.
+/// Gain at an elevation in radians, dBi; nullptr means an isotropic antenna.
 [[nodiscard]] double AntennaGainGet(const Antenna* pAntenna, double dElevation);
 
-/// Greatest gain over elevations 0 to 8 degrees that the least takeoff angle allows (long paths),
-/// and the first whole degree that has it.
+/// Maximum gain at the elevations from 0 to 8 degrees that the least takeoff angle allows (long
+/// paths), and the first whole degree that has it.
 struct AntennaLow {
     double dGain = 0.0;  ///< dBi
     int nDegrees = 0;
@@ -33,7 +33,7 @@ struct Circuit {
     bool bLongWay = false;  ///< the long way round the Earth
     double dPowerKw = 1.0;  ///< into the antenna
     NoiseCategory eNoise = NoiseCategory::Level;
-    double dNoiseLevel = -145.0;         ///< with Level: dBW in 1 Hz at 3 MHz
+    double dNoiseLevel = -145.0;         ///< for Level: dBW in 1 Hz at 3 MHz
     double dRequiredSnr = 40.0;          ///< dB in the bandwidth
     double dRequiredReliability = 50.0;  ///< percent of days
     double dBandwidth = 1.0;             ///< Hz

@@ -1,9 +1,9 @@
 /// @file Day.h
 /// All hours and frequencies of a path at once.
 ///
-/// Ionosphere and Frequencies are made once a request and shared by all threads; a DayWork is for
-/// one thread, and holds nothing that a caller has to keep. An area's day is PredictDay for each
-/// point, the points being spread over the cores by the caller.
+/// Ionosphere and Frequencies are made once per request and shared by all threads; a DayWork is for
+/// one thread, and contains nothing that a caller has to keep. An area's day is PredictDay for each
+/// point; the caller distributes the points over the cores.
 ///
 /// Units:   MHz, dB(uV/m), dBW, dB, percent, radians.
 /// Domain:  frequencies for which FrequencyUsable holds, any number of them.
@@ -18,7 +18,7 @@
 
 namespace rec533 {
 
-/// The frequencies of a request, with the noise that goes with the circuit's category or level.
+/// The frequencies of a request, with the noise for the circuit's category or level.
 class Frequencies {
 public:
     Frequencies(const Ionosphere& ionosphere, const Circuit& circuit,
@@ -31,30 +31,30 @@ private:
     std::vector<FrequencySet> m_aSets;
 };
 
-/// An hour of a path apart from its frequencies.
+/// The values of a path's hour that do not depend on its frequencies.
 struct DayHour {
     double dMuf = 0.0, dMuf10 = 0.0, dMuf90 = 0.0;  ///< basic MUF: median, 10 %, 90 % of the days
     double dOperational = 0.0, dOperational10 = 0.0;
     double dFot = 0.0;  ///< operational MUF that 90 % of the days exceed
     // With DayParts::Page:
     double dLuf = 0.0;
-    bool bAtMuf = false;  ///< the MUF is a frequency that the method takes
+    bool bAtMuf = false;  ///< the MUF is within the method's range of frequencies
     Prediction atMuf;
 };
 
-/// The great circle of a path, and its circuit as limited to the method's ranges.
+/// The great circle of a path, and its circuit limited to the method's ranges.
 struct DayPath {
     Way way;
     Circuit circuit;
 };
 
-/// What is wanted.
+/// The results that are needed.
 enum class DayParts {
     Cells,  ///< predictions and MUFs
-    Page,   ///< the lowest usable frequency and the prediction at the MUF too
+    Page,   ///< also the lowest usable frequency and the prediction at the MUF
 };
 
-/// What a thread works in.
+/// A thread's working memory.
 class DayWork {
 public:
     DayWork();
@@ -62,7 +62,7 @@ public:
     DayWork(DayWork&&) noexcept;
     DayWork& operator=(DayWork&&) noexcept;
 
-    /// The path that was computed last; a copy, which the next one leaves alone.
+    /// A copy of the path that was computed last.
     [[nodiscard]] DayPath PathGet() const;
 
 private:
@@ -74,13 +74,13 @@ private:
     std::unique_ptr<Parts> m_pParts;
 };
 
-/// A circuit's day. aHours: 0 to 23 UTC. aCells: [hour][frequency], 24 times the frequencies.
-/// The circuit's noise is that of the frequencies.
+/// Predicts a circuit's day. aHours: 0 to 23 UTC. aCells: [hour][frequency], 24 times the
+/// frequencies. The noise is that of the Frequencies.
 void PredictDay(DayWork& work, const Ionosphere& ionosphere, const Frequencies& frequencies,
                 const Circuit& circuit, DayParts eParts, std::span<DayHour, 24> aHours,
                 std::span<Prediction> aCells);
 
-/// One hour of it, 0 to 23 UTC (24 counts as 0), without the page's parts.
+/// Predicts one hour, 0 to 23 UTC (24 counts as 0), without the parts for the page.
 void PredictHour(DayWork& work, const Ionosphere& ionosphere, const Frequencies& frequencies,
                  const Circuit& circuit, int nHour, DayHour& hour, std::span<Prediction> aCells);
 

@@ -17,7 +17,7 @@ constexpr std::size_t kM3Month = std::size_t{2} * kM3Functions * kM3Harmonics;
 constexpr std::size_t kNoiseSeason = 300 + 168 + 2784 + 12;
 constexpr std::size_t kHeadBytes = 8;
 
-// Positions in floats behind the head.
+// Positions after the head, in floats.
 constexpr std::size_t kFof2At = 0;
 constexpr std::size_t kM3At = kFof2At + 2 * kMonths * kFof2Month;
 constexpr std::size_t kNoiseAt = kM3At + kMonths * kM3Month;
@@ -27,7 +27,7 @@ constexpr std::size_t kDecilesAt = kHeadBytes + kFloats * sizeof(float);
 
 const float* FloatsGet(std::size_t nAt)
 {
-    // The array stands on a 16-byte boundary, its floats on 8 bytes more.
+    // The array is aligned to 16 bytes; its floats begin 8 bytes later.
     return reinterpret_cast<const float*>(HopcastEngineFigures + kHeadBytes) + nAt;
 }
 

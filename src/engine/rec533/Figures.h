@@ -1,7 +1,7 @@
 /// @file Figures.h
 /// The numbers built into the program: coefficient maps, noise, decile factors, default antennas.
 ///
-/// Source:  assets/engine/README.md tells origin and layout. Nothing is read at run time.
+/// Source:  see assets/engine/README.md for origin and layout. Nothing is read at run time.
 /// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
 
@@ -37,7 +37,7 @@ struct NoiseFigures {
 /// to 100, 2 above; nLatitude in steps of 5 degrees, 0 to 18; nHour local, 0 to 23.
 [[nodiscard]] int FiguresDecile(bool bUpper, int nSeason, int nClass, int nLatitude, int nHour);
 
-/// A default antenna: the greatest gain in dBi first, then the 91 gains relative to it, dB.
+/// A default antenna: the maximum gain in dBi first, then the 91 gains relative to it, dB.
 [[nodiscard]] std::span<const float, kAntennaGains + 1> FiguresAntennaConst17();
 [[nodiscard]] std::span<const float, kAntennaGains + 1> FiguresAntennaSwwhip();
 

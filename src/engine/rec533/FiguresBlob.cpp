@@ -1,5 +1,5 @@
-// The packed figures as bytes of the program file. The assembler's .incbin keeps them out of the
-// compiler's way; it knows both ELF and PE.
+// The packed figures as bytes in the program file. The assembler's .incbin spares the compiler the
+// work; it supports both ELF and PE.
 #if defined(_WIN32)
 __asm__(
     ".section .rdata,\"dr\"\n"

@@ -6,19 +6,19 @@ namespace {
 constexpr double kSinPolar = 0.9540428329158197;  // 72.5622 degrees
 constexpr double kNight =
     -2.6310891599660819;        // ln 0.072: Dd at the end of the day, before the power p
-constexpr double kDecay = 1.4;  // an hour, of its logarithm
+constexpr double kDecay = 1.4;  // per hour, of its logarithm
 
 bool PolarWinterIs(const FoeHour& foeHour, const Place& place)
 {
     const bool bNorthWinter = foeHour.nMonth >= 11 || foeHour.nMonth == 1;
     const bool bSouthWinter = foeHour.nMonth >= 5 && foeHour.nMonth <= 7;
-    // The ITU program lacks the minus of the southern limit.
+    // In the ITU program the minus sign of the southern limit is missing.
     const double dSouthLimit = foeHour.quirks.bWinterNorth ? kSinPolar : -kSinPolar;
     return (place.dSinLat > kSinPolar && bNorthWinter)
            || (place.dSinLat < dSouthLimit && bSouthWinter);
 }
 
-// Hours since sunset; 0 where the cases of the method do not apply.
+// Hours since sunset; 0 if none of the method's cases applies.
 double SinceSunsetGet(const FoeHour& foeHour, const Place& place)
 {
     const SunTimes times = SunTimesGet(*foeHour.pSun, place);
@@ -34,15 +34,15 @@ double SinceSunsetGet(const FoeHour& foeHour, const Place& place)
     return 0.0;
 }
 
-// Hours since sunset, at least, told without an angle. In the evening the cosine of the zenith
-// angle has fallen at most as fast as it does at six o'clock; in the morning half the night is
-// over.
+// Lower bound of the hours since sunset, found without computing an angle. In the evening the
+// cosine of the zenith angle has fallen at most as fast as it does at six o'clock; in the morning
+// at least half the night is over.
 double SinceSunsetLeastGet(const FoeHour& foeHour, const Place& place, double dCosChi)
 {
     const SunHour& sun = *foeHour.pSun;
     const double dSwing = place.dCosLat * sun.dCosDecl;
     const double dMean = place.dSinLat * sun.dSinDecl;
-    const double dSet = kSunRiseZenithCos - dMean;  // over the swing: cosine of the hour angle
+    const double dSet = kSunRiseZenithCos - dMean;  // divided by the swing: cosine of hour angle
     if (foeHour.quirks.bSunEarly || dCosChi >= kSunRiseZenithCos
         || std::abs(dSet) >= 0.999 * dSwing)
         return 0.0;
@@ -75,7 +75,7 @@ double FoeDarkLogGet(const FoeHour& hour, const Place& place, double dCosChi, do
 {
     const double dNight = dPower * kNight;
     const double dLeast = dNight - kDecay * SinceSunsetLeastGet(hour, place, dCosChi);
-    // An arc sine is larger than its sine, so the angle is at least this one.
+    // An arc sine is larger than its argument, so the angle is at least this one.
     const double dFarMost = dNight + 25.2 - 0.28 * (90.0 - kDegrees * dCosChi);
     if (dLeast <= dLogFloor && dFarMost <= dLogFloor && dCosChi < 0.0)
         return dLogFloor - 1.0;

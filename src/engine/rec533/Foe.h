@@ -11,11 +11,11 @@
 
 namespace rec533 {
 
-/// What foE needs of month and hour.
+/// The month and hour as foE needs them.
 struct FoeHour {
     const SunHour* pSun = nullptr;
     double dActivity = 1.0;  ///< factor A of the solar flux
-    double dFloor = 0.0;     ///< least foE, to the fourth power
+    double dFloor = 0.0;     ///< minimum foE, to the fourth power
     int nMonth = 1;
     double dClock = 0.0;  ///< hour from which the time since sunset is counted
     Quirks quirks;
@@ -25,8 +25,8 @@ struct FoeHour {
 /// foE, MHz. dCosChi: cosine of the sun's zenith angle at the place.
 [[nodiscard]] double FoeGet(const FoeHour& hour, const Place& place, double dCosChi);
 
-/// Logarithm of the diurnal factor where the sun stands below 73 degrees of zenith angle; any lower
-/// number where the factor is below the floor of foE anyway.
+/// Logarithm of the diurnal factor for zenith angles above 73 degrees; any lower number if the
+/// factor is below the floor of foE anyway.
 /// dPower: p of the method. dLogFloor: logarithm of the factor at that floor.
 [[nodiscard]] double FoeDarkLogGet(const FoeHour& hour, const Place& place, double dCosChi,
                                    double dPower, double dLogFloor);
@@ -44,7 +44,7 @@ HOPCAST_INLINE V FoeLanesGet(const FoeHour& hour, const V& vSinLat, const V& vCo
     const auto maskLow = vAbsSin < kSin32;
     const V vM = LaneSelect(maskLow, -1.93 + 1.92 * vCosLat, 0.11 - 0.49 * vCosLat);
     const V vC = LaneSelect(maskLow, 23.0 + 116.0 * vCosLat, 92.0 + 35.0 * vCosLat);
-    // N is the sun's noon zenith angle, 80 degrees at most (also where the sun stands below).
+    // N is the sun's zenith angle at noon, at most 80 degrees (also if the sun is lower).
     const V vCosN = LaneMax<V>(vCosLat * hour.pSun->dCosDecl + vSinLat * hour.pSun->dSinDecl,
                                LaneAll<V>(kCos80));
     const V vP = LaneSelect(vAbsSin <= kSin12, LaneAll<V>(1.31), LaneAll<V>(1.20));

@@ -1,6 +1,6 @@
 /// @file Frequencies.h
-/// The frequencies that are asked for at once, with all that month, noise and frequency alone
-/// decide; made once a request, read by every thread.
+/// The frequencies of a request, with everything that depends only on month, noise and frequency;
+/// made once per request, read by every thread.
 ///
 /// Units:   MHz, dB; noise powers above k T0 b.
 /// Tests:   tests/engine/DayTest.cpp
@@ -15,7 +15,7 @@ namespace rec533 {
 inline constexpr double kFrequencyLeast = 0.1;  ///< MHz
 inline constexpr double kFrequencyMost = 45.0;
 
-/// True for a frequency that the method takes.
+/// True for a frequency within the method's range.
 [[nodiscard]] inline bool FrequencyUsable(double dFrequency)
 {
     return dFrequency >= kFrequencyLeast && dFrequency <= kFrequencyMost;
@@ -33,10 +33,10 @@ struct NoiseRows {
 };
 
 struct FrequencySet {
-    std::size_t nCount = 0;  ///< behind them the last one is repeated
+    std::size_t nCount = 0;  ///< after these the last one is repeated
     FrequencyRow aMegahertz;
     FrequencyRow aDb;                               ///< 20 log f
-    std::array<NoiseRows, kNoiseBlocks> aNoise;     ///< blocks of the north, then of the south
+    std::array<NoiseRows, kNoiseBlocks> aNoise;     ///< northern blocks, then southern ones
     FrequencyRow aOther, aOtherLower, aOtherUpper;  ///< man-made and galactic; at their deciles
 };
 

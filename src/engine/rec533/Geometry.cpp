@@ -4,7 +4,7 @@ namespace rec533 {
 namespace {
 
 constexpr double kCosLatLeast = 1e-9;
-constexpr double kAngleLeast = 1e-10;  // stands for a path of no length, radians
+constexpr double kAngleLeast = 1e-10;  // used for a path of zero length, radians
 
 using Vector = std::array<double, 3>;
 
@@ -13,7 +13,7 @@ Vector VectorGet(const Place& place)
     return {place.dCosLat * place.dCosLon, place.dCosLat * place.dSinLon, place.dSinLat};
 }
 
-// A direction at the start when the ends do not give one: north, or along longitude 0 at a pole.
+// A direction at the start if the ends do not give one: north, or along longitude 0 at a pole.
 Vector AheadAnyGet(const Place& place)
 {
     return {-place.dSinLat * place.dCosLon, -place.dSinLat * place.dSinLon, place.dCosLat};
@@ -70,7 +70,7 @@ Way WayMake(const Place& placeFrom, const Place& placeTo, bool bLongWay)
 double WayBendGet(double dAngle)
 {
     constexpr double kFromKm = 12000.0;
-    constexpr double kWholeKm = 2000.0;  // later
+    constexpr double kWholeKm = 2000.0;  // the bend is complete this much further on
     constexpr double kBendMost = kPi / 30.0;
     const double dBend = kBendMost * std::clamp((dAngle * kEarthKm - kFromKm) / kWholeKm, 0.0, 1.0);
     return std::asin(std::min(1.0, std::sin(dBend / 2.0) * std::abs(std::tan(dAngle / 2.0))));
@@ -84,7 +84,7 @@ Way WayBentMake(const Way& straight, double dBend, double dSide)
                        aStart[0] * aAhead[1] - aStart[1] * aAhead[0]};
     const double dCosAll = std::cos(straight.dAngle);
     const double dSinAll = std::sin(straight.dAngle);
-    // The middle as seen from an end: along the straight way and to the side.
+    // The middle seen from an end: along the straight way and to the side.
     const double dAlong = std::sin(straight.dAngle / 2.0) * std::cos(dBend);
     const double dAside = dSide * std::sin(dBend);
     const double dSinHalf = std::max(std::hypot(dAlong, dAside), 1e-15);
@@ -94,7 +94,7 @@ Way WayBentMake(const Way& straight, double dBend, double dSide)
     way.dAngle = 2.0 * dHalf;
     way.dKm = way.dAngle * kEarthKm;
     way.aArcs[0].aAhead = VectorMix(aAhead, dAlong / dSinHalf, aLeft, dAside / dSinHalf);
-    // The second half from its end backward, then turned round.
+    // The second half is made backwards from its end, then reversed.
     const Vector aEnd = VectorMix(aStart, dCosAll, aAhead, dSinAll);
     const Vector aBack = VectorMix(VectorMix(aStart, dSinAll, aAhead, -dCosAll), dAlong / dSinHalf,
                                    aLeft, dAside / dSinHalf);

@@ -14,7 +14,7 @@
 
 namespace rec533 {
 
-/// A place with the functions of its angles, so that nothing downstream needs a sine of it.
+/// A place with the functions of its angles, so that they are computed only once.
 struct Place {
     double dLat = 0.0;  ///< radians
     double dLon = 0.0;  ///< radians, -pi to pi
@@ -34,21 +34,21 @@ struct Arc {
 /// A way between two places: a great circle, or halves of two that meet beside its middle.
 struct Way {
     Place placeFrom, placeTo;
-    double dKm = 0.0;          ///< length, at least a millimetre
+    double dKm = 0.0;          ///< length, at least one millimetre
     double dAngle = 0.0;       ///< the same in radians; above pi on the long way round
     std::array<Arc, 2> aArcs;  ///< of the two halves, both by the angle from the way's start
-    bool bBent = false;        ///< else both are the same
+    bool bBent = false;        ///< false: both arcs are the same
 };
 
 [[nodiscard]] Way WayMake(const Place& placeFrom, const Place& placeTo, bool bLongWay);
 
-/// How far the bent ways of a long path lie beside its middle: radians, 0 up to 12 000 km.
+/// Distance of a long path's bent ways from its middle: radians, 0 up to 12 000 km.
 [[nodiscard]] double WayBendGet(double dAngle);
 /// The way bent by that angle to the left (dSide 1) or to the right (-1) of the direction of
 /// travel.
 [[nodiscard]] Way WayBentMake(const Way& straight, double dBend, double dSide);
 
-/// Which arc lies at an angle from the start.
+/// Index of the arc at an angle from the start.
 [[nodiscard]] inline std::size_t WayArcIndex(const Way& way, double dAngle)
 {
     return way.bBent && 2.0 * dAngle >= way.dAngle ? 1 : 0;
@@ -57,7 +57,7 @@ struct Way {
 {
     return way.aArcs[WayArcIndex(way, dAngle)];
 }
-/// The place a fraction of the way along (0 start, 1 end).
+/// The place at a fraction of the way (0 start, 1 end).
 [[nodiscard]] Place WayPlace(const Way& way, double dFraction);
 /// The place on an arc at an angle given by its cosine and sine.
 [[nodiscard]] Place ArcPlace(const Arc& arc, double dCos, double dSin);

@@ -3,7 +3,7 @@
 namespace rec533 {
 namespace {
 
-// Places of an order's middles; a bent way's second half lies on its second arc.
+// Places of an order's middles; a bent way's second half is on its second arc.
 void PlacesFill(HopMiddles& hopMiddles, const Way& way, int nHops, std::size_t nFirst)
 {
     const double dHop = way.dAngle / nHops;

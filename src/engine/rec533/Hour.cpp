@@ -7,9 +7,9 @@ namespace rec533 {
 namespace {
 
 constexpr int kOrderEMost = 3;
-constexpr int kHopSumMore = 3;  // orders above the lowest in the hop sum
+constexpr int kHopSumMore = 3;  // number of orders above the lowest in the hop sum
 
-// Lowest order whose hop is shorter than the longest one at a height; 0 when there is none.
+// Lowest order whose hop is shorter than the longest possible one at a height; 0 if there is none.
 int OrderLowestGet(const WayPath& wayPath, double dHeight, int nMost)
 {
     const double dLongest = std::min(HopLongestGet(wayPath.dLeastElevation, dHeight), kRangeF2Most);
@@ -116,7 +116,7 @@ double MufBeyondGet(const WayHour& wayHour, int nHops, double dLowest)
 }
 
 // The reflection height beyond one hop: at the control point with the lowest foF2. As in the ITU
-// program T + 1000 is not among them.
+// program, T + 1000 is not one of these.
 double HeightBeyondGet(const WayHour& wayHour)
 {
     WayPath& path = *wayHour.pWay;
@@ -163,7 +163,8 @@ void ModesVariabilityFill(WayHour& wayHour, int nFirst)
     }
 }
 
-// The lowest order's basic MUF beyond the reach of one hop, and the height of all; false within it.
+// The lowest order's basic MUF beyond the reach of one hop, and the height for all orders; false
+// within the reach.
 bool BeyondFill(WayHour& wayHour, double& dLowest)
 {
     const double dKm = wayHour.pWay->way.dKm;
@@ -182,7 +183,7 @@ void ModesF2Fill(WayHour& wayHour)
     const WayPath& path = *wayHour.pWay;
     const bool bHopSum = path.bHopSum;
     const double dKm = path.way.dKm;
-    const bool bShort = dKm <= kLongOnly;  // the short method's own MUFs count
+    const bool bShort = dKm <= kLongOnly;  // the short method's MUFs count
     wayHour.dHeightF2 = MirrorHeightSimpleGet(wayHour.mid.dM3);
     wayHour.nOrderF2 =
         OrderLowestGet(path, wayHour.dHeightF2, bHopSum ? kOrderHopSumMost : kOrderMost);

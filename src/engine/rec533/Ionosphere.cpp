@@ -18,7 +18,7 @@ double ActivityOfSsn(double dSsn)
 void IonosphereFill(Ionosphere& ionosphere, Behaviour eBehaviour, MapSet eMaps, int nMonth,
                     double dSsn, std::optional<double> dMeasured)
 {
-    constexpr double kFof2Least = 0.1;  // the maps of sunspot numbers do not come near it
+    constexpr double kFof2Least = 0.1;  // maps for sunspot numbers do not come near this
     constexpr double kFof2LeastOfIndex = 0.5;
     const bool bBest = eBehaviour == Behaviour::Best;
     ionosphere.eBehaviour = eBehaviour;

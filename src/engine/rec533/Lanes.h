@@ -1,9 +1,9 @@
 /// @file Lanes.h
 /// Several numbers side by side in the compiler's own vector type, on every processor.
 ///
-/// The templates take a double or a vector of doubles; a vector gives each lane the digits that it
-/// would have alone. All are inlined, so that a caller that is compiled for wider registers has
-/// them in its own.
+/// The templates take a double or a vector of doubles; each lane of a vector gets exactly the same
+/// digits as a single double. All are inlined, so that they use the wider registers of a caller
+/// that is compiled for them.
 ///
 /// Domain:  LaneLog: positive normal numbers; LaneExp: -700 to 700, clamped; LaneSin: -2 to 2.
 /// Errors:  LaneLog and LaneExp within 2 units of the last place, LaneSin within 5e-16.
@@ -19,7 +19,7 @@
 
 #define HOPCAST_INLINE [[gnu::always_inline]] inline
 
-// Vectors are handed on by value inside of inlined code alone.
+// Vectors are passed by value only within inlined code.
 #pragma GCC diagnostic ignored "-Wpsabi"
 
 namespace rec533 {
@@ -29,7 +29,7 @@ struct LanesOf {
     typedef double Vector __attribute__((vector_size(kCount * sizeof(double))));
     typedef std::uint64_t Bits __attribute__((vector_size(kCount * sizeof(double))));
 };
-/// Two numbers: what every x86-64 and ARM64 processor has registers for.
+/// Two numbers: every x86-64 and ARM64 processor has registers for these.
 using Lanes2 = LanesOf<2>::Vector;
 /// Four numbers: AVX2.
 using Lanes4 = LanesOf<4>::Vector;
@@ -37,8 +37,8 @@ using Lanes4 = LanesOf<4>::Vector;
 template <class V>
 inline constexpr int kLanes = static_cast<int>(sizeof(V) / sizeof(double));
 
-/// A procedure that is compiled for AVX2 whatever the processor is, and whether this one has it.
-/// GCC does not align the stack of 64-bit Windows for wide registers, so none there.
+/// Marks a procedure to be compiled for AVX2 in any case, and tells whether this processor has it.
+/// GCC does not align the stack of 64-bit Windows for wide registers, so it is not used there.
 #if defined(__x86_64__) && !defined(_WIN32)
 #define HOPCAST_WIDE [[gnu::target("avx2")]]
 inline bool LanesWideIs() { return __builtin_cpu_supports("avx2") != 0; }
@@ -176,7 +176,7 @@ HOPCAST_INLINE V LaneExpOfVector(const V& v)
     const V vK = vShifted - kShift;
     const V vR = (vX - vK * kLn2High) - vK * kLn2Low;
     const V vZ = vR * vR;
-    // The series of e^r to the 13th power, odd and even powers apart.
+    // The series of e^r up to the 13th power, odd and even powers separately.
     const V vOdd = ((((((1.0 / 6227020800.0) * vZ + 1.0 / 39916800.0) * vZ + 1.0 / 362880.0) * vZ
                       + 1.0 / 5040.0)
                          * vZ

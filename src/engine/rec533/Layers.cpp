@@ -14,7 +14,7 @@ MirrorLayer MirrorLayerMake(double dFof2, double dFoe, double dM3, double dSsn, 
     mirrorLayer.dH = 1490.0 / (dM3 + dDelta) - 316.0;
     mirrorLayer.bThick = dX > 3.33;
     if (mirrorLayer.bThick) {
-        // The ITU program leaves the linear term out; with it G is continuous at 3.7.
+        // The ITU program omits the linear term; with it G is continuous at 3.7.
         mirrorLayer.dLinear = bNoTerm ? 0.0 : 90.47;
         return mirrorLayer;
     }

@@ -10,22 +10,22 @@
 
 namespace rec533 {
 
-/// Mirror height of the F2 basic MUF, km, 500 at most. dM3: M(3000)F2.
+/// Mirror height for the F2 basic MUF, km, at most 500. dM3: M(3000)F2.
 [[nodiscard]] double MirrorHeightSimpleGet(double dM3);
 
-/// What the mirror height of the screening needs of a layer.
+/// A layer as the mirror height for the screening needs it.
 struct MirrorLayer {
     double dFof2 = 0.0;                ///< MHz
     double dH = 0.0;                   ///< the method's H, km
     bool bThick = false;               ///< foF2/foE above 3.33
-    double dBase = 0.0, dPerKm = 0.0;  ///< else: the height is a straight line over the hop
-    double dLinear = 0.0;              ///< term of G, which the ITU program leaves out
+    double dBase = 0.0, dPerKm = 0.0;  ///< if not: the height is linear in the hop's length
+    double dLinear = 0.0;              ///< term of G, which the ITU program omits
 };
 /// dSsn: limited to 160. bNoTerm: without the linear term of G.
 [[nodiscard]] MirrorLayer MirrorLayerMake(double dFof2, double dFoe, double dM3, double dSsn,
                                           bool bNoTerm);
 
-/// Mirror height that serves the screening by the E layer at frequencies, km, 800 at most.
+/// Mirror height for the screening by the E layer at some frequencies, km, at most 800.
 template <class V>
 HOPCAST_INLINE V MirrorHeightLanesGet(const MirrorLayer& mirrorLayer, const V& vFrequency,
                                       double dHopKm)

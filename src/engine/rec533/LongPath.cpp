@@ -28,7 +28,7 @@ struct UpperMaps {
     std::array<std::array<double, 4>, 24> aFof2, aM3;
 };
 
-// The plain Recommendation has no least foF2 here.
+// The plain Recommendation has no minimum of foF2 here.
 void UpperMapsFill(UpperMaps& upperMaps, const Ionosphere& iono,
                    const std::array<Place, 2>& aPlaces, const std::array<MagneticField, 2>& aFields)
 {
@@ -191,8 +191,8 @@ void LowerFill(std::array<double, 24>& aLower, LongPath& longPath, const Ionosph
     DecayApply(aLower, dNight);
 }
 
-// The number of hops steps at multiples of 3000 km, at 9000 km too. The long-path rule eases the
-// step over the hundred kilometres behind it.
+// The number of hops steps at multiples of 3000 km, also at 9000 km. The long-path rule spreads the
+// step over the next hundred kilometres.
 void LowerEase(LongPath& longPath, const Ionosphere& ionosphere, const Way& way)
 {
     constexpr double kEaseKm = 100.0;

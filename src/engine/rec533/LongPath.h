@@ -38,7 +38,7 @@ struct LongHour {
 };
 [[nodiscard]] LongHour LongHourGet(const LongPath& longPath, int nLabel);
 
-/// 1 - Q: the share of the free-space field that is left between the limits.
+/// 1 - Q: the fraction of the free-space field that remains between the limits.
 template <class V>
 HOPCAST_INLINE V LongShareGet(const LongPath& longPath, const LongHour& hour, const V& vFrequency)
 {
@@ -59,7 +59,7 @@ template <class V>
 HOPCAST_INLINE V LongFieldGet(const LongPath& longPath, const V& vShare, double dPowerDb,
                               double dGain)
 {
-    constexpr double kLy = -0.17;  // losses not otherwise told, dB
+    constexpr double kLy = -0.17;  // losses not otherwise included, dB
     return LongFreeGet(longPath) * vShare - 30.0 + dPowerDb + dGain + longPath.dGap - kLy;
 }
 

@@ -5,7 +5,7 @@ namespace {
 
 constexpr int kFirst = 20;      // tenths of a MHz
 constexpr int kCoarse = 4;      // tenths
-constexpr double kClose = 5.0;  // percent: so near the goal the tenths between are looked at
+constexpr double kClose = 5.0;  // percent: this near the goal the tenths between are tried
 constexpr std::size_t kAtOnce = 4;
 
 // Some frequencies in tenths of a MHz and their reliability, percent.
@@ -27,7 +27,7 @@ void ReachedFill(Tenths& tenths, Hour& hour, PredictionWork& work)
     for (std::size_t i = 0; i < tenths.nCount; ++i) tenths.aReached[i] = rows.snr.aReliability[i];
 }
 
-// The coarse steps behind one, the last of them shortened.
+// The next coarse steps after one, the last of them shortened.
 Tenths CoarseMake(int nBefore, int nLast)
 {
     Tenths tenths;
@@ -40,7 +40,7 @@ Tenths CoarseMake(int nBefore, int nLast)
     return tenths;
 }
 
-// The first of the tenths between two that reaches the goal, 0 when none does.
+// The first tenth between two that reaches the goal, 0 if none does.
 int FineGet(int nBefore, int nAt, double dGoal, Hour& hour, PredictionWork& work)
 {
     Tenths tenths;

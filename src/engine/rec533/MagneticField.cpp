@@ -121,7 +121,7 @@ HOPCAST_INLINE Field<V> FieldGet(const V& vS, const V& vC, const V& vSinLon, con
     return field;
 }
 
-// Fifteenths of a circle, and the weights of the terms of a sum; a sixteenth place counts nothing.
+// Fifteenths of a circle, and the weights of a sum's terms; a sixteenth place has weight 0.
 struct Circle {
     static constexpr std::size_t kLanesAll = FieldTrack::kPlaces + 1;
     using Row = std::array<double, kLanesAll>;
@@ -273,7 +273,7 @@ double FieldTrackGyroDipGet(const FieldTrack& fieldTrack, double dCos, double dS
 {
     double dDown = fieldTrack.aDownCos[0];
     double dC = dCos, dS = dSin;
-    for (std::size_t j = 1; j < FieldTrack::kOrderMost; ++j) {  // none of the seventh order
+    for (std::size_t j = 1; j < FieldTrack::kOrderMost; ++j) {  // down has no seventh order
         dDown += fieldTrack.aDownCos[j] * dC + fieldTrack.aDownSin[j] * dS;
         const double dNext = dC * dCos - dS * dSin;
         dS = dS * dCos + dC * dSin;

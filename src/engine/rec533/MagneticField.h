@@ -1,8 +1,8 @@
 /// @file MagneticField.h
-/// The Earth's magnetic field as the ionospheric maps were made with.
+/// The model of the Earth's magnetic field with which the ionospheric maps were made.
 ///
 /// Units:   radians, km, MHz.
-/// Domain:  everywhere; within 0.01 degrees of a pole the field of that circle is taken.
+/// Domain:  everywhere; within 0.01 degrees of a pole the field at that distance is used.
 /// Source:  Recommendation ITU-R P.1239, equations 5 to 11 (sixth-order spherical harmonics).
 /// Tests:   tests/engine/FormulaTest.cpp
 #pragma once
@@ -32,12 +32,12 @@ struct FieldPlaces {
     const double* pCosLon;
     double* pDip;
     double* pGyro;
-    std::size_t nCount;  ///< with room for a whole vector behind them
+    std::size_t nCount;  ///< followed by space for a whole vector
 };
 void MagneticFieldsFill(const FieldPlaces& fieldPlaces);
 
-/// The field at 100 km along a great circle. A field of the sixth order is there a trigonometric
-/// sum of the seventh order at most, so that 15 places give it everywhere.
+/// The field at 100 km along a great circle, where a field of the sixth order is a trigonometric
+/// sum of at most the seventh order, so that 15 places give it everywhere.
 struct FieldTrack {
     static constexpr int kOrderMost = 7;
     static constexpr int kPlaces = 2 * kOrderMost + 1;

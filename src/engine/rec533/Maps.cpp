@@ -85,7 +85,7 @@ void GridAdd(MapPlace& map, const Place& place)
     }
 }
 
-// sin jT, cos jT of one hour behind the constant 1.
+// The constant 1, then sin jT, cos jT of one hour.
 template <std::size_t kCount>
 std::array<double, kCount> HarmonicsGet(int nHour)
 {
@@ -124,7 +124,7 @@ void HourFill(std::array<double, kCells>& aCells,
     }
 }
 
-// Two sums side by side, so that one addition need not wait for the other.
+// Two sums side by side, so that one addition does not wait for the other.
 template <std::size_t kCount>
 double ProductGet(const std::array<double, kCount>& aA, const std::array<double, kCount>& aB)
 {
@@ -138,7 +138,7 @@ double ProductGet(const std::array<double, kCount>& aA, const std::array<double,
     return dEven + dOdd;
 }
 
-// Some hours side by side, so that a place's functions are taken in hand once for all of them.
+// Several hours side by side, so that a place's functions are loaded once for all of them.
 template <class V, std::size_t kHours, std::size_t kFunctions, std::size_t kCells>
 HOPCAST_INLINE void PlacesHoursFill(const MapRows& aRows, std::size_t nAt, std::size_t nCount,
                                     const std::array<std::array<double, kCells>, 24>& aHours,

@@ -2,8 +2,8 @@
 /// foF2 and M(3000)F2 from the numerical maps, for one month and sunspot number.
 ///
 /// A map value is a sum of 76 (49) geographic functions, each with a Fourier series of the hour.
-/// The hour's series are summed once per month and hour (MapHours), the geographic functions once
-/// per place (MapPlace), so that a value costs one scalar product.
+/// The hour's series are summed once per month and hour (MapHours), the geographic functions are
+/// computed once per place (MapPlace), so that a value costs one scalar product.
 ///
 /// Units:   MHz for foF2; M(3000)F2 has none; hours UT 0 to 23.
 /// Source:  Recommendation ITU-R P.1239, section 2, equations 1 to 4.
@@ -34,13 +34,13 @@ struct MapPlace {
 };
 
 /// field: at 300 km over the place.
-/// bGrid: the ITU program reads grids of 1.5 degrees and interpolates; its weights count from the
-/// wrong side of the cell in the south and the west. The maps being linear, that is a mean of the
-/// functions of four places. Else the series is taken at the place itself.
+/// bGrid: as the ITU program, which interpolates in 1.5-degree grids; in the south and the west its
+/// weights count from the wrong side of the cell. As the maps are linear, this is a mean of the
+/// functions of four places. Without bGrid the series is evaluated at the place itself.
 void MapPlaceFill(MapPlace& map, const Place& place, const MagneticField& field, bool bGrid);
 
 /// Several places at once: cosines of latitude, sines and cosines of longitude, dip at 300 km.
-/// Behind the last one there is room for a whole vector.
+/// After the last one there is space for a whole vector.
 struct MapPlaces {
     const double* pCosLat;
     const double* pSinLon;
@@ -48,7 +48,7 @@ struct MapPlaces {
     const double* pDip;
     std::size_t nCount;
 };
-/// Rows of values by hour UT; those of hours that are not wanted may be null.
+/// Rows of values by hour UT; those of hours that are not needed may be null.
 using MapRows = std::array<double*, 24>;
 /// foF2 and M(3000)F2 of the hours from nFirst to nLast.
 void MapPlacesFill(const MapRows& aFof2, const MapRows& aM3, const MapHours& hours,

@@ -3,14 +3,14 @@
 namespace rec533 {
 namespace {
 
-constexpr double kScreenedMost = 4000.0;    // no screening beyond, km
+constexpr double kScreenedMost = 4000.0;    // no screening beyond this, km
 constexpr double kFieldOfKilowatt = 136.6;  // dB(uV/m) of 1 kW e.i.r.p. without the loss
 constexpr double kLossFree = 32.45;
 constexpr double kLossOther = 9.14;   // Lz, the empirical constant of the edition
 constexpr double kLossHopSum = 19.0;  // the same in the hop sum
 constexpr double kLossGround = 2.0;   // at each reflection on the ground
 
-// The layers whose mean mirror height counts, and the least foE of the screening.
+// The layers whose mean mirror height counts, and the lowest foE of the screening.
 struct Screen {
     std::array<MirrorLayer, 3> aLayers;
     std::size_t nLayers = 0;  // 0: no screening at all
@@ -37,16 +37,16 @@ Screen ScreenMake(const WayHour& wayHour)
     return screen;
 }
 
-// What a mode has at every frequency.
+// The values of a mode that are the same at every frequency.
 struct ModeNumbers {
     const Mode* pMode;
     double dHop;                // km
     double dSinHalf, dCosHalf;  // of half the hop's angle
     bool bFar;                  // the path is longer than 3000 km
     double dAbsorption;         // factor of the absorption loss
-    double dLoss;               // all of Lb that does not change with the frequency
-    double dField;              // field of no loss, without the frequency's own share
-    double dHopField;           // all of the hop field that does not change
+    double dLoss;               // the part of Lb that does not depend on the frequency
+    double dField;              // field without loss, without the frequency's part
+    double dHopField;           // the part of the hop field that does not depend on it
     const Crossing* pCrossings;
     int nCrossings;
 };
@@ -68,7 +68,7 @@ ModeNumbers ModeNumbersGet(const WayHour& wayHour, const Mode& mode)
     return numbers;
 }
 
-// Makes a mode's crossings, if they are not there.
+// Makes a mode's crossings if they do not exist yet.
 void ModeCrossingsMake(WayHour& wayHour, Mode& mode)
 {
     if (mode.nCrossing >= 0)
@@ -79,7 +79,7 @@ void ModeCrossingsMake(WayHour& wayHour, Mode& mode)
                   &wayHour.aCrossings[static_cast<std::size_t>(mode.nCrossing)]);
 }
 
-// Loss of a mode above its basic MUF, from the root of f/MUF - 1 where that is above 0.
+// Loss of a mode above its basic MUF, from the root of f/MUF - 1 if that is above 0.
 template <class V>
 HOPCAST_INLINE V MufLossGet(bool bE, bool bFar, const V& vOver, const V& vRoot)
 {
@@ -89,7 +89,7 @@ HOPCAST_INLINE V MufLossGet(bool bE, bool bFar, const V& vOver, const V& vRoot)
     return LaneSelect(vOver > 0.0, vLoss, LaneAll<V>(0.0));
 }
 
-// The same of a mode of the hop sum, above the lowest MUF of its hops.
+// The same for a mode of the hop sum, above the lowest MUF of its hops.
 template <class V>
 HOPCAST_INLINE V WorstLossGet(const V& vF, double dWorst)
 {
@@ -112,7 +112,7 @@ HOPCAST_INLINE V ScreeningGet(const Screen& screen, const ModeNumbers& numbers, 
     return 1.05 * screen.dFoe / LaneSqrt<V>(1.0 - vSin2);
 }
 
-// First frequencies, whether any is above the screening.
+// Fills the screening at each frequency; true if any frequency is above it.
 template <class V>
 HOPCAST_INLINE bool ModeScreeningFill(ModeRows& modeRows, const Screen& screen,
                                       const ModeNumbers& numbers, const FrequencySet& set)

@@ -1,6 +1,6 @@
 /// @file Modes.h
-/// One hour of a path: the propagation modes with all that does not depend on the frequency, the
-/// path's MUFs, and the fields of the modes at a frequency.
+/// One hour of a path: the propagation modes with everything that does not depend on the frequency,
+/// the path's MUFs, and the fields of the modes at a frequency.
 ///
 /// Units:   MHz, km, radians, dB.
 /// Source:  Recommendation ITU-R P.533-14, sections 3 to 5.2.
@@ -31,14 +31,14 @@ struct Mode {
     double dAuroral = 0.0;                ///< Lh
     double dTxGain = 0.0, dRxGain = 0.0;  ///< at its elevation, dBi
     double dRxPower = 1.0;                ///< the receiver's gain as a ratio of powers
-    int nCrossing = -1;                   ///< first crossing, -1 before they are needed
+    int nCrossing = -1;                   ///< first crossing, -1 until they are needed
 };
 
 /// A mode at the frequencies of a set.
 struct ModeRows {
-    FrequencyRow aUsed;       ///< 1 where it carries power, else 0
+    FrequencyRow aUsed;       ///< 1 if it carries power, else 0
     FrequencyRow aScreening;  ///< fs: the E layer screens at and below it
-    FrequencyRow aMirror;     ///< mirror height of the screening
+    FrequencyRow aMirror;     ///< mirror height for the screening
     FrequencyRow aLoss;       ///< basic transmission loss Lb
     FrequencyRow aField;      ///< Ew, dB(uV/m)
     FrequencyRow aHopField;   ///< the same in the hop sum of the long-path rule
@@ -72,12 +72,12 @@ struct Hour : WayHour {
     std::array<WayHour, 2> aBent;  ///< of the path's bent ways
 };
 
-/// Fills an hour (large: keep it off the stack of a loop). The path outlives it.
+/// Fills an hour (large: keep it off the stack of a loop). The path must outlive it.
 void HourFill(Hour& hour, Path& path, int nLabel);
 
 using ModesRows = std::array<ModeRows, kModesMost>;
 
-/// All modes at the frequencies of a set. Crossings are made when a mode first needs them.
+/// Fills all modes at the frequencies of a set. Crossings are made when a mode first needs them.
 void ModesRowsFill(ModesRows& aRows, WayHour& hour, const FrequencySet& set);
 
 }  // namespace rec533

@@ -11,7 +11,7 @@
 
 namespace rec533 {
 
-/// The F2 layer over one control point, as the MUF of a hop needs it.
+/// The F2 layer over one control point, for the MUF of a hop.
 struct F2Layer {
     double dFof2 = 0.0;       ///< MHz
     double dM3 = 0.0;         ///< M(3000)F2
@@ -36,7 +36,7 @@ HOPCAST_INLINE V F2RangeGet(const V& vX, const V& vB)
     return 4780.0
            + (12610.0 + vX2 * (2140.0 + vX2 * (-49720.0 + vX2 * 688900.0))) * (1.0 / vB - 0.303);
 }
-/// Distance factor Cd of a hop, 0 at no distance, 1 at 3000 km and about 1.4 at dmax.
+/// Distance factor Cd of a hop, 0 at distance 0, 1 at 3000 km and about 1.4 at dmax.
 template <class V>
 HOPCAST_INLINE V F2DistanceGet(double dHopKm, const V& vRangeMost)
 {

@@ -35,7 +35,7 @@ std::array<double, kCount> SinesGet(double dX)
 
 double PlaceW(const Place& place) { return place.dLat + kPi / 2.0; }
 
-// The longitude series gives the coefficients of the latitude series.
+// Sums a block: the longitude series gives the coefficients of the latitude series.
 double BlockSum(const NoiseFigures& noiseFigures, const NoisePlace& place, std::size_t nBlock)
 {
     const float* pFakp = noiseFigures.pFakp + (kLongitudeTerms + 1) * kLatitudeTerms * nBlock;
@@ -122,7 +122,7 @@ Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency,
     struct Row {
         double dC, dD, dUpper, dLower;
     };
-    // P.372: c - d log f and deciles; Quiet and Noisy are the ITU program's own.
+    // P.372: c - d log f and deciles; Quiet and Noisy exist only in the ITU program.
     constexpr Row kRows[]{
         {76.8, 27.7, 11.0, 6.7}, {72.5, 27.7, 10.6, 5.3}, {67.2, 27.7, 9.2, 4.6},
         {53.6, 28.6, 9.2, 4.6},  {65.2, 29.1, 9.2, 4.6},  {83.2, 37.5, 11.0, 6.7},

@@ -21,7 +21,7 @@ struct Noise {
 /// The maps have blocks of four local hours, six for each side of the equator.
 inline constexpr std::size_t kNoiseBlocks = 12;
 
-/// What a block gives at a frequency: Fa = dFactor * figure of the place + dRest; deciles, dB.
+/// A block at a frequency: Fa = dFactor * figure of the place + dRest; deciles, dB.
 struct NoiseBlock {
     double dFactor = 0.0, dRest = 0.0;
     double dUpper = 0.0, dLower = 0.0;
@@ -39,24 +39,24 @@ struct NoisePlace {
 };
 [[nodiscard]] NoisePlace NoisePlaceMake(const Place& place);
 
-/// A label (hour) at a place: two blocks, mixed in power.
+/// A label (hour) at a place: two blocks, whose powers are mixed.
 struct NoiseHour {
     std::size_t nBlockA = 0, nBlockB = 0;
     double dFigureA = 0.0, dFigureB = 0.0;
-    double dPart = 0.0;  ///< of B; with 0 B is A
+    double dPart = 0.0;  ///< weight of B; with 0 B is A
 };
 [[nodiscard]] NoiseHour NoiseHourGet(const Ionosphere& ionosphere, NoisePlace& place, int nLabel);
 
 /// Atmospheric noise at a label (hour), its two blocks mixed.
 [[nodiscard]] Noise NoiseAtmosphericGet(const Ionosphere& ionosphere, NoisePlace& place, int nLabel,
                                         double dFrequency);
-/// Man-made noise. dLevel (dBW in 1 Hz at 3 MHz) serves the category Level; bSwapped: its deciles
-/// are the wrong way round, as the ITU program has them.
+/// Man-made noise. dLevel (dBW in 1 Hz at 3 MHz) is for the category Level; bSwapped: its deciles
+/// are the wrong way round, as in the ITU program.
 [[nodiscard]] Noise NoiseManMadeGet(NoiseCategory eCategory, double dLevel, double dFrequency,
                                     bool bSwapped);
 [[nodiscard]] Noise NoiseGalacticGet(double dFrequency);
 
-/// The three combined (P.372, section 8). For information; the SNR takes the plain power sum.
+/// The three combined (P.372, section 8). For information; the SNR uses the plain power sum.
 [[nodiscard]] Noise NoiseTotalGet(const Noise& atmospheric, const Noise& manMade,
                                   const Noise& galactic);
 

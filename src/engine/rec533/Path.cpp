@@ -7,9 +7,9 @@ namespace {
 
 constexpr double kSin60 = 0.86602540378443865;
 
-// Signals vary more at high latitudes. The ITU program looks at the northern side alone, and beyond
-// 9000 km at the first crossing of 90 km and the last hop's first one instead of T + 1000 and R -
-// 1000.
+// Signals vary more at high latitudes. The ITU program checks only the northern side, and beyond
+// 9000 km it checks the first crossing of 90 km and the last hop's first one instead of T + 1000
+// and R - 1000.
 bool HighLatitudeIs(const Path& path)
 {
     if (path.way.dKm <= kControlShort)
@@ -27,7 +27,7 @@ bool HighLatitudeIs(const Path& path)
     return std::any_of(aSin, aSin + 3, [](double dSin) { return dSin >= kSin60; });
 }
 
-// A control point, with the field along the way in place of its own.
+// A control point, with the field along the way instead of its own.
 void SiteOfWayFill(Site& site, const CrossingTrack& track, double dFraction)
 {
     const Way& way = track.way;
@@ -41,7 +41,7 @@ void SiteOfWayFill(Site& site, const CrossingTrack& track, double dFraction)
     site.dGeomagneticSin = GeomagneticSinGet(site.place);
 }
 
-// The control points of a way whose geometry is there.
+// The control points of a way whose geometry is complete.
 void WaySitesFill(WayPath& wayPath)
 {
     const double dKm = wayPath.way.dKm;

@@ -1,6 +1,6 @@
 /// @file Path.h
-/// A circuit with all that does not change from hour to hour: its great circle, control points, the
-/// receiver's noise sums and the long method's limits.
+/// A circuit with everything that does not change from hour to hour: its great circle, control
+/// points, the receiver's noise sums and the long method's limits.
 ///
 /// Units:   km, MHz, radians.
 /// Source:  control points: Recommendation ITU-R P.533-14, section 2, table 1.
@@ -19,17 +19,17 @@ namespace rec533 {
 inline constexpr double kRangeF2Most = 4000.0;   ///< longest hop, km
 inline constexpr double kRangeEMost = 4000.0;    ///< no E modes from here on, km
 inline constexpr double kControlAhead = 1000.0;  ///< control points T + 1000 and R - 1000, km
-inline constexpr double kControlShort = 2000.0;  ///< up to here mid-path serves alone, km
-inline constexpr double kShortOnly = 7000.0;     ///< up to here the short method alone, km
-inline constexpr double kLongOnly = 9000.0;      ///< from here the long method (or rule) alone, km
+inline constexpr double kControlShort = 2000.0;  ///< up to here mid-path only, km
+inline constexpr double kShortOnly = 7000.0;     ///< up to here the short method only, km
+inline constexpr double kLongOnly = 9000.0;      ///< from here the long method (or rule) only, km
 inline constexpr int kOrderMost = 6;             ///< hops of the highest order of the short method
 inline constexpr int kOrderHopSumMost = 14;      ///< highest lowest order of the hop sum
 
-/// Most hops of a mode of the hop sum.
+/// Maximum hops of a mode of the hop sum.
 inline constexpr int kHopsMost = 17;
 
-/// The middles of the hops of each order, whose lowest MUF is that of the chain: rows with room for
-/// a whole vector behind the last one.
+/// The middles of the hops of each order, whose lowest MUF is that of the whole order: rows with
+/// space for a whole vector after the last one.
 struct HopMiddles {
     static constexpr std::size_t kCount = kHopsMost * (kHopsMost + 1) / 2 + 4;
     using Row = std::array<double, kCount>;
@@ -53,7 +53,7 @@ struct WayPath {
     double dPowerDb = 0.0;         ///< transmitter, dB above 1 kW
     double dLeastElevation = 0.0;  ///< radians
     bool bHopSum = false;          ///< the long-path rule applies
-    int nOnlyHour = -1;            ///< hour UT of the maps that will be asked for, -1 any
+    int nOnlyHour = -1;            ///< the only hour UT of the maps that is needed, -1 any
     AntennaLow txLow, rxLow;
     Site mid;
     Site aheadT, aheadR;  ///< T + 1000, R - 1000; only beyond 2000 km
@@ -65,22 +65,22 @@ struct WayPath {
 
 struct Path : WayPath {
     Circuit circuit;
-    double dShareQuantile = 0.0;  ///< of the required reliability
+    double dShareQuantile = 0.0;  ///< quantile of the required reliability
     bool bHighLatitude = false;   ///< for the signal deciles
     NoisePlace noise;
-    double dBend = 0.0;            ///< of the bent ways, radians
+    double dBend = 0.0;            ///< bend of the bent ways, radians
     std::size_t nBent = 0;         ///< 0, or 2 beyond 12 000 km by the long-path rule
     std::array<WayPath, 2> aBent;  ///< to the right and to the left
 };
 
-/// Fills a path (large: keep it off the stack of a loop). The ionosphere outlives it.
-/// nOnlyLabel: the only label that will be asked for, 0 any.
+/// Fills a path (large: keep it off the stack of a loop). The ionosphere must outlive it.
+/// nOnlyLabel: the only label that is needed, 0 any.
 void PathFill(Path& path, const Ionosphere& ionosphere, const Circuit& circuit, int nOnlyLabel = 0);
 
-/// Makes the two half-hop control points of an order, if they are not there.
+/// Makes the two half-hop control points of an order if they do not exist yet.
 void PathHopSitesMake(WayPath& wayPath, int nOrder);
 /// The lowest basic MUF of the hops of an order at a label, by the long-path rule. Makes the hops'
-/// middles, if they are not there.
+/// middles if they do not exist yet.
 [[nodiscard]] double PathWorstMufGet(WayPath& wayPath, const FoeHour& foe, int nLabel, int nHops);
 
 }  // namespace rec533

@@ -4,10 +4,10 @@ namespace rec533 {
 namespace {
 
 constexpr double kFieldToPower = 107.2;  // dB(uV/m) to dBW, isotropic and matched, at 1 MHz
-constexpr double kNepers = 0.230258509299404568;     // a dB
+constexpr double kNepers = 0.230258509299404568;     // per dB
 constexpr double kPerNeper = 4.3429448190325182765;  // dB
 
-// Sums over the modes in power, as fields and with the receiving antenna's gains.
+// Sums of the modes' powers, as fields and with the receiving antenna's gains.
 template <class V>
 struct ModeSums {
     V tField, tReceived, tMode;
@@ -26,7 +26,7 @@ HOPCAST_INLINE ModeSums<V> ModeSumsGet(const WayHour& hour, const ModesRows& aMo
         vBest = LaneSelect(mask, vReceived, vBest);
         vMode = LaneSelect(mask, LaneAll<V>(static_cast<double>(i)), vMode);
     }
-    // Powers relative to the strongest, for fields far below zero have no power to speak of.
+    // Powers relative to the strongest, because the power of fields far below zero would underflow.
     V vField{}, vSum{};
     for (std::size_t i = 0; i < nModes; ++i) {
         const V vPower = LaneLoad<V>(&aModes[i].aUsed[nAt])
@@ -52,14 +52,14 @@ HOPCAST_INLINE V FieldMixGet(const V& vShort, const V& vLong, double dPart)
     return 10.0 * kPerNeper * LaneLog<V>(vX + dPart * (LaneExp<V>(vLong * (kNepers / 10.0)) - vX));
 }
 
-// What the field and power of some frequencies are made of.
+// The results for some frequencies from which field and power are made.
 template <class V>
 struct Fields {
     V tShort, tLong, tShare, tField, tPower, tMode;
 };
 
-// What the ways carry in power, as fields and with the receiving antenna's gains: the terms are
-// kept until their greatest is known.
+// The ways' powers, as fields and with the receiving antenna's gains: the terms are kept until the
+// largest is known.
 template <class V>
 struct WaySums {
     std::array<V, 6> aField, aReceived;
@@ -70,7 +70,7 @@ struct WaySums {
         aField[nTerms] = vField;
         aReceived[nTerms++] = vReceived;
     }
-    // The mean of the ways, two terms each.
+    // The mean over the ways, which have two terms each.
     HOPCAST_INLINE V MeanGet(const std::array<V, 6>& aTerms) const
     {
         V vMost = aTerms[0];
@@ -81,8 +81,8 @@ struct WaySums {
     }
 };
 
-// Adds what one way carries hop by hop and by the long method, and gives the former; its mode is
-// none where the latter is stronger.
+// Adds one way's power hop by hop and by the long method, and returns the former; its mode is -1
+// where the latter is stronger.
 template <class V>
 HOPCAST_INLINE ModeSums<V> WayAdd(WaySums<V>& sums, WayRows& rows, const WayHour& hour,
                                   const ModesRows& aModes, const V& vFrequency, double dEase,
@@ -108,14 +108,14 @@ HOPCAST_INLINE ModeSums<V> WayAdd(WaySums<V>& sums, WayRows& rows, const WayHour
     return hops;
 }
 
-// The long-path rule: hop by hop and long method add in power on each way, the ways' powers have
-// their mean; eased in from 7000 km to 9000 km.
+// The long-path rule: on each way the powers of the hop sum and the long method are added, and the
+// mean over the ways is taken; the rule is eased in from 7000 km to 9000 km.
 template <class V>
 HOPCAST_INLINE void LongRuleFill(Fields<V>& fields, const Hour& hour, PredictionWork& work,
                                  const ModeSums<V>& shortPath, const FrequencySet& set,
                                  double dPart, std::size_t nAt)
 {
-    constexpr double kShortLeast = -100.0;  // of 1 kW, dB(uV/m)
+    constexpr double kShortLeast = -100.0;  // for 1 kW, dB(uV/m)
     const Path& path = *hour.pPath;
     const V vFrequency = LaneLoad<V>(&set.aMegahertz[nAt]);
     WaySums<V> sums;

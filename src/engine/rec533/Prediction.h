@@ -3,8 +3,8 @@
 ///
 /// Units:   MHz, dB(uV/m), dBW, dB, percent, radians.
 /// Domain:  frequencies 0.1 to 45 MHz (1 to 30 as the reference), everything else clamped.
-/// Source:  Recommendation ITU-R P.533-14, sections 5.4 to 10.1; the long-path rule is told in
-///          docs/model.md.
+/// Source:  Recommendation ITU-R P.533-14, sections 5.4 to 10.1; docs/model.md describes the
+///          long-path rule.
 /// Tests:   tests/engine/ReferenceTableTest.cpp, tests/engine/VariantsTest.cpp
 #pragma once
 
@@ -13,31 +13,31 @@
 
 namespace rec533 {
 
-/// At the frequencies of a set.
+/// The predictions at the frequencies of a set.
 struct PredictionRows {
     FrequencyRow aFieldShort;  ///< short method; only up to 9000 km
     FrequencyRow aFieldLong;   ///< long method; only from 7000 km on
-    FrequencyRow aField;       ///< the one that counts
+    FrequencyRow aField;       ///< the result
     FrequencyRow aLongShare;   ///< 1 - Q of the long method
     FrequencyRow aPower;       ///< median at the receiver's input, dBW
-    FrequencyRow aMode;        ///< number of the strongest mode, -1 where the long method rules
+    FrequencyRow aMode;        ///< number of the strongest mode, -1 if the long method prevails
     FrequencyRow aElevation;   ///< of that mode, or the best low angle of the antenna
     SnrRows snr;
 };
 
-/// What one way carries by the long-path rule, dB(uV/m).
+/// The fields of one way by the long-path rule, dB(uV/m).
 struct WayRows {
     FrequencyRow aHops;  ///< hop by hop
     FrequencyRow aLong;  ///< the long method, widened
 };
 
-/// What PredictionRowsFill works in: large, one a thread.
+/// Working memory of PredictionRowsFill: large, one per thread.
 struct PredictionWork {
     std::array<ModesRows, 3> aModes;  ///< of the straight way and the bent ones
     std::array<WayRows, 3> aWays;     ///< of the same; only beyond 7000 km by the long-path rule
 };
 
-/// Hour's lists of crossings grow with the first prediction that needs them.
+/// The hour's lists of crossings grow with the first prediction that needs them.
 void PredictionRowsFill(PredictionRows& predictionRows, PredictionWork& work, Hour& hour,
                         const FrequencySet& set);
 
@@ -48,18 +48,18 @@ struct Prediction {
     double dField = 0.0;
     double dLongShare = 0.0;
     double dPower = 0.0;
-    int nHops = 0;    ///< of the strongest mode; 0 where the long method rules
+    int nHops = 0;    ///< of the strongest mode; 0 if the long method prevails
     bool bE = false;  ///< it is an E mode
     double dElevation = 0.0;
     double dSnr = 0.0, dSnrUpper = 0.0, dSnrLower = 0.0, dSnrExceeded = 0.0;
     double dReliability = 0.0;
 };
 
-/// One frequency of the rows.
+/// The prediction at one frequency of the rows.
 [[nodiscard]] Prediction PredictionOfRows(const PredictionRows& rows, const Hour& hour,
                                           std::size_t nFrequency);
 
-/// The same for a frequency alone.
+/// The prediction at a single frequency.
 void PredictionFill(Prediction& prediction, Hour& hour, double dFrequency);
 
 }  // namespace rec533

@@ -1,5 +1,5 @@
 /// @file Quirks.h
-/// The slips of the ITU program, one by one. Behaviour::Reference repeats them all, the others
+/// The errors of the ITU program, one by one. Behaviour::Reference repeats all of them, the others
 /// none: docs/model.md, "Where it departs from the ITU program".
 ///
 /// Tests:   tests/engine/CorrectionsTest.cpp
@@ -16,8 +16,8 @@ struct Quirks {
     bool bWinterNorth = false;     ///< southern polar winter tested without the limit's sign
     bool bNegativeHours = false;   ///< negative local hours of the auroral loss not wrapped
     bool bDecilesAtUtc = false;    ///< decile factors at the UT hour
-    bool bDayByUtc = false;        ///< day and night by UT hours regardless of midnight
-    bool bLowPower = false;        ///< the operational MUF's ratio for low power always
+    bool bDayByUtc = false;        ///< day and night by UT hours, ignoring midnight
+    bool bLowPower = false;        ///< always the operational MUF's ratio for low power
     bool bNorthOnly = false;       ///< only northern high latitudes in the signal deciles, and
                                    ///< beyond 9000 km at crossings of 90 km
     bool bDecilesSwapped = false;  ///< the deciles of a noise level the wrong way round

@@ -36,7 +36,7 @@ HOPCAST_INLINE V DecibelsGet(const V& vRatio)
     return kPerNeper * LaneLog<V>(vRatio);
 }
 
-// The power of the noise, at the lower and at the upper decile.
+// The noise power at the median, at the lower and at the upper decile.
 template <class V>
 HOPCAST_INLINE void NoiseLanesGet(const FrequencySet& set, const NoiseHour& noise, std::size_t i,
                                   V& vSum, V& vLow, V& vHigh)
@@ -75,7 +75,7 @@ HOPCAST_INLINE void SnrLanesFill(SnrRows& snrRows, const SnrInput& input, const 
         SignalDecilesLanesGet<V>(LaneLoad<V>(&set.aMegahertz[i]) * dToMuf, input.bHighLatitude,
                                  vSignalUpper, vSignalLower);
         const V vMedian = LaneLoad<V>(&aPower[i]) - (DecibelsGet<V>(vSum) + dBandwidth) + kThermal;
-        // Less noise makes the better days, so the lower noise deciles belong to the upper ones.
+        // Days with less noise are better, so the lower noise deciles go with the upper SNR decile.
         const V vNoiseUpper = DecibelsGet<V>(vSum / vLow);
         const V vNoiseLower = DecibelsGet<V>(vHigh / vSum);
         const V vUpper = LaneSqrt<V>(vNoiseUpper * vNoiseUpper + vSignalUpper * vSignalUpper

@@ -20,7 +20,7 @@ struct Site {
     double dGeomagneticSin = 0.0;  ///< sine of the geomagnetic latitude
 };
 
-/// Everything but the map functions, which SiteLayerGet makes when it first needs them.
+/// Fills everything except the map functions, which SiteLayerGet makes when it first needs them.
 void SiteFill(Site& site, const Place& place);
 
 /// foE at a place and label, MHz.

@@ -3,8 +3,8 @@
 namespace rec533 {
 namespace {
 
-// Days before the month. June's 152 is one too many: the ITU program has it so, and for the 0.05
-// degrees that the sun moves in a June day its tables are kept comparable.
+// Days before the month. June's 152 is one too many, as in the ITU program: the sun moves only 0.05
+// degrees in a June day, and this way the tables stay comparable.
 constexpr std::array kDaysBefore{0, 31, 59, 90, 120, 152, 181, 212, 243, 273, 304, 334};
 constexpr double kDayOfMonth = 15.0;
 constexpr double kDegreesPerDay = 0.98565327;

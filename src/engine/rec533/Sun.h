@@ -1,5 +1,5 @@
 /// @file Sun.h
-/// Where the sun stands on the fifteenth of a month.
+/// The sun's position on the fifteenth of a month.
 ///
 /// Units:   radians, hours UT, minutes for the equation of time.
 /// Source:  the low-precision almanac series of the ITU program of Recommendation ITU-R P.533;
@@ -25,7 +25,7 @@ struct SunHour {
     double dSinDecl = 0.0;
     double dCosDecl = 1.0;
     double dEquation = 0.0;  ///< equation of time, minutes
-    double dSinTurn = 0.0;   ///< of the hour angle at longitude 0
+    double dSinTurn = 0.0;   ///< sine of the hour angle at longitude 0
     double dCosTurn = 1.0;
 };
 
@@ -48,7 +48,7 @@ HOPCAST_INLINE V SunZenithCosLanesGet(const SunHour& sun, const V& vSinLat, cons
         LaneAll<V>(1.0));
 }
 
-/// Sunrise and sunset, hours UT in [0, 24). Without a rising or setting sun bRises is false.
+/// Sunrise and sunset, hours UT in [0, 24). If the sun does not rise or set bRises is false.
 struct SunTimes {
     bool bRises = false;
     double dSunrise = 0.0;
@@ -56,18 +56,18 @@ struct SunTimes {
 };
 [[nodiscard]] SunTimes SunTimesGet(const SunHour& sun, const Place& place);
 
-/// The sun over a whole day; between the hours its slow motion is taken as straight.
+/// The sun over a whole day; between the hours its slow motion is interpolated linearly.
 struct SunDay {
     std::array<SunHour, 25> aHours;  ///< 0 to 24 UT
 };
 [[nodiscard]] SunDay SunDayMake(int nMonth);
-/// Sine and cosine of the declination at the places' own noon, from their longitudes' sines and
+/// Sine and cosine of the declination at the places' local noon, from their longitudes' sines and
 /// cosines.
 template <class V>
 HOPCAST_INLINE void SunDeclinationAtNoonGet(const SunDay& day, const SunHour& sun, const V& vSinLon,
                                             const V& vCosLon, V& vSin, V& vCos)
 {
-    // A coarse longitude, within 0.3 degrees (a fiftieth of an hour), will do.
+    // A coarse longitude, within 0.3 degrees (a fiftieth of an hour), is enough.
     const V vX = LaneAbs(vCosLon);
     const V vY = LaneAbs(vSinLon);
     const V vT = LaneMin(vX, vY) / LaneMax(vX, vY);

@@ -22,10 +22,10 @@ inline constexpr double kHeightE = 110.0;          ///< reflection height of E m
 inline constexpr double kHeightAbsorption = 90.0;  ///< height of the absorbing layer, km
 inline constexpr double kHeightLong = 300.0;       ///< reflection height of the long method, km
 
-inline constexpr double kSsnMost = 311.0;  ///< greatest smoothed sunspot number
+inline constexpr double kSsnMost = 311.0;  ///< largest smoothed sunspot number
 inline constexpr double kThermal = 204.0;  ///< dB, of 1 W to k T0 in 1 Hz
 
-/// Field strength written where there is no mode at all, dB(uV/m).
+/// Field strength used if there is no mode at all, dB(uV/m).
 inline constexpr double kFieldNone = -307.0;
 
 [[nodiscard]] inline double DbFromPower(double dPower) { return 10.0 * std::log10(dPower); }
@@ -38,7 +38,7 @@ inline constexpr double kFieldNone = -307.0;
 /// How the method is carried out.
 enum class Behaviour {
     Reference,  ///< with every quirk of the ITU program, to compare with its tables
-    Corrected,  ///< the Recommendation as it is meant
+    Corrected,  ///< the Recommendation as it was intended, without the program's errors
     Best,       ///< corrected, with the long-path rule beyond 7000 km
 };
 

@@ -72,7 +72,7 @@ bool OperationalDayIs(const Ionosphere& ionosphere, int nLabel, const Place& pla
     const SunHour& sun = ionosphere.sun.aHours[static_cast<std::size_t>(nHour)];
     if (!ionosphere.quirks.bDayByUtc)
         return SunZenithCosGet(sun, place) > kSunRiseZenithCos;
-    // The ITU program compares UT hours without regard to midnight; polar day is night to it.
+    // The ITU program compares UT hours and ignores midnight; it treats polar day as night.
     const SunTimes times = SunTimesGet(sun, place);
     return times.bRises && times.dSunrise < nHour && nHour < times.dSunset;
 }

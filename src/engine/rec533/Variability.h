@@ -1,5 +1,5 @@
 /// @file Variability.h
-/// From day to day: decile factors of the MUF, the operational MUF's ratio, seasons.
+/// Variation from day to day: decile factors of the MUF, the operational MUF's ratio, seasons.
 ///
 /// Source:  Recommendation ITU-R P.1239, tables 2 and 3; P.1240, table 1; P.533-14, 3.6 and 3.7.
 /// Tests:   tests/engine/CorrectionsTest.cpp

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kFileMost = 1 << 20;
 constexpr std::size_t kTitleLetters = 10;
 constexpr int kTypeGains = 11;
-constexpr double kGainMost = 999.0;  // dB, either sign: beyond it powers have no number any more
+constexpr double kGainMost = 999.0;  // dB, either sign: beyond this powers would overflow
 
 AntennaLoaded BuiltInGet(std::string_view sTitle,
                          std::span<const float, rec533::kAntennaGains + 1> aFigures)
@@ -28,8 +28,8 @@ AntennaLoaded BuiltInGet(std::string_view sTitle,
     return antennaLoaded;
 }
 
-// The file's path below ROOT/antennas, empty when there is none. Folders as spelled or in small
-// letters, the file in any case.
+// The file's path below ROOT/antennas, empty when there is none. Folders are looked up as spelled
+// or in lower case, the file in upper and lower case.
 std::string FileFind(std::string_view sRoot, std::string_view sFolder, std::string_view sFile)
 {
     const std::string sAntennas = PathJoin(sRoot, "antennas");
@@ -45,7 +45,7 @@ std::string FileFind(std::string_view sRoot, std::string_view sFolder, std::stri
     return {};
 }
 
-// The number that a line begins with.
+// The number at the beginning of a line.
 bool NumberFirst(std::string_view sLine, double& dNumber)
 {
     sLine = TextTrim(sLine);

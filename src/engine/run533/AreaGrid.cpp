@@ -6,7 +6,7 @@
 namespace run533 {
 namespace {
 
-constexpr double kFixedEast = 0.05;  // degrees: a point on the fixed end is moved so far
+constexpr double kFixedEast = 0.05;  // degrees: a point on the fixed end is moved this far east
 constexpr double kSame = 1e-9;       // degrees
 
 double LonWrap(double dLon, bool bEastOnly)

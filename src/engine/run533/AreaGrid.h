@@ -11,7 +11,7 @@ namespace run533 {
 
 struct GridPlace {
     double dLat = 0.0;
-    double dLon = 0.0;        ///< as it is printed: 0 to 360 where the west bound is positive
+    double dLon = 0.0;        ///< as printed: 0 to 360 if the west bound is positive
     double dLonOfPath = 0.0;  ///< -180 to 180
 };
 
@@ -19,7 +19,7 @@ struct GridPlace {
 /// twentieth of a degree east.
 [[nodiscard]] GridPlace GridPlaceGet(const AreaDeck& deck, int nRow, int nColumn);
 
-/// The values that a column of the grid can show.
+/// Limits a value to what a column of the grid can show.
 [[nodiscard]] double GridValueClamp(double dValue);
 
 }  // namespace run533

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kLineBytes = 69;
 constexpr int kThreadsMost = 16;
-constexpr int kPointsAThread = 200;  // less are not worth a thread
+constexpr int kPointsAThread = 200;  // fewer are not worth a thread
 
 struct Grid {
     const AreaDeck* pDeck = nullptr;
@@ -21,7 +21,7 @@ struct Grid {
     rec533::Circuit circuit;
     const rec533::Frequencies* pFrequencies = nullptr;
     std::string sHead;
-    std::string sPoints;  // kLineBytes a point
+    std::string sPoints;  // kLineBytes per point
     std::atomic<int> nNextRow{0};
 };
 
@@ -91,8 +91,8 @@ void HeadMake(Grid& grid, rec533::Behaviour eBehaviour)
     grid.sHead += '\n';
     FieldAppend(grid.sHead, NumberToText(deck.nGrid), 3);
     FieldAppend(grid.sHead, NumberToText(deck.nGrid), 3);
-    // The label's blank stands in the field's first column, so that a reader who cuts six columns
-    // from there has the whole number.
+    // The label's blank is in the field's first column, so that a reader that takes six columns
+    // from there gets the whole number.
     grid.sHead += "  Latitude Longitude   MUF  MODE  ANGL   DBU   S/N  FS/N SNxx\n";
 }
 
@@ -107,7 +107,7 @@ void PointsFill(Grid& grid, int nThreads)
     try {
         for (int i = 1; i < nThreads; ++i) aThreads.emplace_back(RowsFill, std::ref(grid));
     } catch (const std::exception&) {
-        // No more threads to be had: the ones there are do the work.
+        // No more threads can be started: those that exist do the work.
     }
     RowsFill(grid);
     for (std::thread& thr : aThreads) thr.join();

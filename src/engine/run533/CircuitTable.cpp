@@ -74,7 +74,7 @@ Row RowRead(TableRow& rdr, bool bReference)
     if (!circuit.bLongWay && rdr.TextGet(kPath) != "SHORT")
         rdr.Fail(kPath);
     row.nMonth = rdr.IntegerGet(kMonth, 1, 12);
-    // The ITU program refuses what lies outside of these limits.
+    // The ITU program refuses values outside these limits.
     row.dSsn = rdr.NumberGet(kSsn, bReference ? 1.0 : 0.0, rec533::kSsnMost);
     row.dFrequency = rdr.NumberGet(kFreq, bReference ? 1.0 : kFrequencyLeast,
                                    bReference ? 30.0 : kFrequencyMost);
@@ -87,12 +87,12 @@ Row RowRead(TableRow& rdr, bool bReference)
     return row;
 }
 
-// What the last row made, kept for the rows of the same circuit and hour.
+// The last row's intermediate results, kept for rows of the same circuit and hour.
 struct Work {
     rec533::Ionosphere ionosphere;
     rec533::Path path;
     rec533::Hour hour;
-    std::string sIonosphere, sPath, sHour;  // cells that they were made of
+    std::string sIonosphere, sPath, sHour;  // cells from which they were made
 };
 
 std::string KeyMake(const TableRow& rdr, Input eFirst, Input eLast)

@@ -1,7 +1,7 @@
 /// @file DeckText.h
 /// Reading fields from the fixed columns of a deck's lines.
 ///
-/// Errors:  one line that names the card and its columns, ready for the user.
+/// Errors:  one line for the user, with the card and its columns.
 /// Tests:   tests/engine/DeckTest.cpp
 #pragma once
 
@@ -26,25 +26,26 @@ class CardReader {
 public:
     CardReader(std::string_view sCard, std::string_view sLine) : m_sCard(sCard), m_sLine(sLine) {}
 
-    /// The field's text, blanks at both ends dropped.
+    /// The field's text without the blanks at its ends.
     [[nodiscard]] std::string_view TextGet(Field fld) const;
     /// A number within its limits.
     double NumberGet(Field fld, double dLeast, double dMost);
     /// A whole number within its limits; "11." and "11.00" are whole.
     int IntegerGet(Field fld, int nLeast, int nMost);
-    /// True for the second, false for the first of the two texts that the field may hold.
+    /// True for the second, false for the first of the two texts that the field may have.
     bool SecondGet(Field fld, std::string_view sFirst, std::string_view sSecond);
-    /// Which of the texts the field holds, from 0.
+    /// Index of the field's text among these, from 0.
     std::size_t ChoiceGet(Field fld, std::span<const std::string_view> aTexts);
-    /// One of two letters behind an absolute value: the sign. fldLetter is one wide.
+    /// A signed number: an absolute value followed by one of two letters for its sign. fldLetter is
+    /// one column wide.
     double SignedGet(Field fldNumber, Field fldLetter, std::string_view sPlus,
                      std::string_view sMinus, double dMost);
-    /// A name with its blanks, from a field that stands between brackets.
+    /// A name with its blanks, from a field between brackets.
     std::string BracketGet(Field fld);
-    /// Fails where the field's text runs on behind it: a number in wrong columns, which would be
-    /// cut to another one. For fields behind which the card begins with a blank, or ends.
+    /// Fails if the field's text continues after it: a number in wrong columns, which would be cut
+    /// to another number. For fields that are followed by a blank or the card's end.
     void EndCheck(Field fld);
-    /// Remembers an error of the caller's own.
+    /// Records the caller's error.
     void Fail(Field fld, std::string_view sWhy);
 
     [[nodiscard]] bool Failed() const { return m_bFailed; }

@@ -1,8 +1,8 @@
 /// @file Decks.h
-/// The two decks of the REC533 slot, read in the columns that Hopcast writes.
+/// The two decks of the engine REC533, read in the columns that Hopcast writes.
 ///
 /// Units:   degrees, MHz, kW, dB, percent.
-/// Errors:  one line naming card and columns. Every card but the antenna cards must be there.
+/// Errors:  one line with card and columns. Every card except the antenna cards is required.
 /// Tests:   tests/engine/DeckTest.cpp
 #pragma once
 
@@ -23,12 +23,12 @@ inline constexpr int kFrequenciesMost = 10;
 using rec533::FrequencyUsable;
 using rec533::kFrequencyLeast;  // MHz
 using rec533::kFrequencyMost;
-inline constexpr int kGridLeast = 2;  ///< points a side
+inline constexpr int kGridLeast = 2;  ///< points per side
 inline constexpr int kGridMost = 999;
 inline constexpr double kPowerMost = 1e5;            ///< kW
 inline constexpr double kPowerWithoutAntenna = 1.0;  ///< kW, area decks without antenna cards
 
-/// How decks and outputs name the sets of maps, in the order of MapSet.
+/// Names of the map sets in decks and outputs, in the order of MapSet.
 inline constexpr std::array<std::string_view, 3> kMapNames{"CCIR", "URSI", "MEAN"};
 [[nodiscard]] inline std::string_view MapNameGet(rec533::MapSet eMaps)
 {
@@ -37,14 +37,14 @@ inline constexpr std::array<std::string_view, 3> kMapNames{"CCIR", "URSI", "MEAN
 
 /// An antenna as a deck names it.
 struct AntennaCard {
-    std::string sCard;  ///< the card's name and its columns for errors
+    std::string sCard;  ///< the card's name, which errors give with its columns
     Field atMuf{};
-    std::string sName;      ///< as it stands between the brackets, "DEFAULT\SWWHIP.VOA   "
+    std::string sName;      ///< as between the brackets, "DEFAULT\SWWHIP.VOA   "
     double dAzimuth = 0.0;  ///< degrees
-    double dPowerKw = 0.0;  ///< 0 at a receiver
+    double dPowerKw = 0.0;  ///< 0 for a receiver
 };
 
-/// What both decks have.
+/// What both decks have in common.
 struct DeckCommon {
     rec533::MapSet eMaps = rec533::MapSet::Ccir;
     double dSsn = 0.0;
@@ -63,8 +63,8 @@ struct PointDeck {
     int nYear = 0;
     std::string sTxName, sRxName;
     double dRxLat = 0.0, dRxLon = 0.0;
-    double dPowerKw = 1.0;             ///< of the SYST card; an antenna card's goes before it
-    std::vector<double> aFrequencies;  ///< 1 to 10, as they stand, usable or not
+    double dPowerKw = 1.0;             ///< of the SYST card; an antenna card's replaces it
+    std::vector<double> aFrequencies;  ///< 1 to 10, as in the deck, usable or not
 };
 
 struct AreaDeck {

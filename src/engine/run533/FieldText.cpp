@@ -10,11 +10,11 @@ namespace {
 
 constexpr std::array kPowers{1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
 
-// What is printed, in units of its last digit.
+// The printed value, in units of its last digit.
 double UnitsGet(double dValue, int nWidth, int nDecimals)
 {
     const double dScale = kPowers[static_cast<std::size_t>(nDecimals)];
-    // Digits of the largest number: the point takes a column, the blank before it another.
+    // Digits of the largest number: the point takes a column, the leading blank another.
     const int nDigits = nWidth - 1 - (nDecimals > 0 ? 1 : 0);
     const double dMost = kPowers[static_cast<std::size_t>(nDigits)] - 1.0;
     const double dLeast = -(kPowers[static_cast<std::size_t>(nDigits - 1)] - 1.0);

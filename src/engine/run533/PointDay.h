@@ -1,6 +1,6 @@
 /// @file PointDay.h
-/// A point-to-point deck computed: what its page is printed from, and what the engine of this
-/// process answers with.
+/// The results of a point-to-point deck, from which the program prints its page and the engine in
+/// this process makes its answer.
 ///
 /// Units:   those of engine/rec533/Prediction.h; azimuths in degrees.
 /// Tests:   tests/engine/OutputTest.cpp, tests/engine/builtin/BuiltInEngineTest.cpp
@@ -18,9 +18,9 @@ struct PointDay {
     rec533::Way way;
     rec533::Circuit circuit;
     std::array<rec533::DayHour, 24> aHours;
-    std::vector<bool> abUsable;              ///< of the deck's frequencies: the method takes them
+    std::vector<bool> abUsable;              ///< of the deck's frequencies: in the method's range
     std::vector<rec533::Prediction> aCells;  ///< [hour][usable frequency]
-    double dRxLon = 0.0;  ///< both ends at one place are told apart by a hundredth of a degree
+    double dRxLon = 0.0;  ///< moved by a hundredth of a degree if both ends are at one place
     double dTxAzimuth = 0.0, dRxAzimuth = 0.0;
 };
 

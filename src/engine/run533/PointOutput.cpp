@@ -10,7 +10,7 @@
 namespace run533 {
 namespace {
 
-constexpr int kColumns = 1 + kFrequenciesMost;  // the MUF's own, then the frequencies
+constexpr int kColumns = 1 + kFrequenciesMost;  // the MUF's column, then the frequencies
 constexpr int kHoursAPage = 5;
 constexpr double kUnused = -999.0;
 
@@ -104,7 +104,7 @@ void HeadAppend(Page& page, int nPage)
          " UT  MUF                                                         LUF  FOT OPMUF\n\n";
 }
 
-// A column's mode: "1F2", a dash where the long method rules, 0 where the column is unused.
+// A column's mode: "1F2", a dash if the long method prevails, 0 if the column is unused.
 void ModeAppend(std::string& s, const Column& column)
 {
     if (!column.bUsed) {

@@ -24,7 +24,7 @@ enum Input : std::size_t {
 constexpr std::array<std::string_view, kInputs> kInputNames{"id",  "lat",  "lon", "month",
                                                             "ssn", "hour", "ig"};
 
-// Reads a row and appends what it asks for; nothing where the row fails.
+// Reads a row and appends its results; nothing if the row fails.
 void RowAppend(std::string& sOut, TableRow& rdr, rec533::Ionosphere& iono,
                rec533::Behaviour eBehaviour, rec533::MapSet eMaps)
 {

@@ -17,7 +17,7 @@ std::filesystem::path PathOf(const std::string& sPath)
     return std::filesystem::path(std::u8string(sPath.begin(), sPath.end()));
 }
 
-// The folder of a deck below the root: as it is named, or in small letters.
+// The folder of a deck below the root: as spelled, or in lower case.
 std::string FolderFind(const std::string& sRoot, const std::string& sName,
                        const std::string& sSmall, const std::string& sDeck)
 {
@@ -36,9 +36,9 @@ Result<void> TemporaryWrite(const std::string& sPath, const std::string& sText)
     return resWritten ? resFile.ValueGet().Close() : resWritten;
 }
 
-// A temporary file, moved into place when it is whole. It is not flushed to the disk, as a profile
-// would be: an output that a power cut takes is computed again, and waiting for the disk would take
-// ten times as long as the computation.
+// Writes a temporary file and moves it into place when it is complete. Unlike a profile it is not
+// flushed to the disk: an output lost in a power cut is computed again, and waiting for the disk
+// would take ten times as long as the computation.
 Result<void> OutputWrite(const std::string& sPath, const std::string& sText)
 {
     const std::string sTemporary = sPath + ".part";
@@ -54,7 +54,7 @@ Result<void> OutputWrite(const std::string& sPath, const std::string& sText)
     return RunError{sPath + ", " + resDone.TextGet()};
 }
 
-// fnMake turns the deck's text into the output's.
+// fnMake makes the output's text from the deck's.
 template <class MakeFn>
 Result<void> DeckRun(const std::string& sFolder, const std::string& sDeck,
                      const std::string& sOutput, MakeFn fnMake)
@@ -63,7 +63,7 @@ Result<void> DeckRun(const std::string& sFolder, const std::string& sDeck,
     const std::string sOutputPath = PathJoin(sFolder, sOutput);
     if (sDeck == sOutput || FileSame(sPath, sOutputPath))
         return RunError{sDeck + ", named as the output too"};
-    // An old output behind a refused deck would pass for the new one.
+    // After a refused deck an old output would pass for the new one.
     if (FileExists(sOutputPath)) {
         if (const Result<void> resRemoved = FileDelete(sOutputPath); !resRemoved)
             return RunError{sOutputPath + ", " + resRemoved.TextGet()};

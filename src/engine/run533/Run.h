@@ -2,7 +2,7 @@
 /// A run of the program: deck in, output out.
 ///
 /// Paths:   ROOT/RUN/DECK to ROOT/RUN/OUTPUT; ROOT/areadata/DECK to the same name ending in .rg1.
-/// Errors:  one line for the user; no output file is left behind then, an old one neither.
+/// Errors:  one line for the user; then no output file is left, not even an old one.
 /// Tests:   tests/engine/OutputTest.cpp (library), tests/engine/Rec533ProgramTest.cpp (program)
 #pragma once
 
@@ -15,10 +15,10 @@
 
 namespace run533 {
 
-/// The whole page of a point-to-point deck's text.
+/// The whole page for a point-to-point deck's text.
 [[nodiscard]] Result<std::string> PointOutputMake(std::string_view sDeck, std::string_view sRoot,
                                                   rec533::Behaviour eBehaviour);
-/// The whole grid of an area deck's text. nThreads 0: as many as the machine has cores.
+/// The whole grid for an area deck's text. nThreads 0: as many as the machine has cores.
 [[nodiscard]] Result<std::string> AreaOutputMake(std::string_view sDeck, std::string_view sRoot,
                                                  rec533::Behaviour eBehaviour, int nThreads = 0);
 

@@ -15,19 +15,19 @@ struct RunParts {
     std::unique_ptr<AntennaLoaded> pTx, pRx;  ///< none: isotropic
     std::shared_ptr<const rec533::Ionosphere> pIonosphere;
 };
-/// @param pIonosphere  of the deck's maps, month and number, where the caller has it already
+/// @param pIonosphere  for the deck's maps, month and number, if the caller has it already
 [[nodiscard]] Result<RunParts> RunPartsMake(
     const DeckCommon& deckCommon, std::string_view sRoot, rec533::Behaviour eBehaviour,
     std::shared_ptr<const rec533::Ionosphere> pIonosphere = nullptr);
-/// The maps of a deck's month and number.
+/// The ionosphere for a deck's maps, month and number.
 [[nodiscard]] std::shared_ptr<const rec533::Ionosphere> IonosphereMake(
     const DeckCommon& deckCommon, rec533::Behaviour eBehaviour);
 
-/// The circuit without its receiver's place. dPowerKw: without an antenna card for it.
+/// The circuit without its receiver's place. dPowerKw: used if no antenna card gives a power.
 [[nodiscard]] rec533::Circuit CircuitMake(const DeckCommon& deckCommon, const RunParts& parts,
                                           double dPowerKw);
 
-/// How the page head and the grid's first line name the method.
+/// The method's name in the page head and in the grid's first line.
 [[nodiscard]] std::string_view MethodNameGet(rec533::Behaviour eBehaviour);
 /// "JAN" ... "DEC".
 [[nodiscard]] std::string_view MonthNameGet(int nMonth);

@@ -16,10 +16,10 @@
 
 namespace run533 {
 
-/// Where the named columns stand in a table; the last ones may be missing.
+/// The positions of the named columns in a table; the last ones may be missing.
 class TableHead {
 public:
-    /// nNeeded: as many of the names must be there.
+    /// nNeeded: this many of the names, from the first, are required.
     static Result<TableHead> Read(std::string_view sLine, std::span<const std::string_view> aNames,
                                   std::size_t nNeeded);
     [[nodiscard]] bool Has(std::size_t nColumn) const { return m_aAt[nColumn].has_value(); }
@@ -36,11 +36,11 @@ class TableRow {
 public:
     TableRow(const TableHead& tableHead, std::string_view sLine, int nLine);
 
-    /// Empty where the column is missing.
+    /// Empty if the column is missing.
     [[nodiscard]] std::string_view TextGet(std::size_t nColumn) const;
     double NumberGet(std::size_t nColumn, double dLeast, double dMost);
     int IntegerGet(std::size_t nColumn, int nLeast, int nMost);
-    /// None where the cell is empty or the column missing.
+    /// Nothing if the cell is empty or the column missing.
     std::optional<double> OptionalGet(std::size_t nColumn, double dLeast, double dMost);
     void Fail(std::size_t nColumn);
 
@@ -55,10 +55,10 @@ private:
     RunError m_error;
 };
 
-/// The lines of a table behind the mark that spreadsheets write, the head first.
+/// The lines of a table, the head first, without the byte order mark that spreadsheets write.
 [[nodiscard]] std::vector<std::string_view> TableLines(std::string_view sTable);
 
-/// A table with more columns: those of aNames that are there, then sNewNames (with commas between).
+/// A table with more columns: those of aNames that it has, then sNewNames (with commas between).
 /// fnRow reads one row and appends the new cells and the line's end. nNeeded as for TableHead.
 [[nodiscard]] Result<std::string> TableExtend(
     std::string_view sTable, std::span<const std::string_view> aNames, std::size_t nNeeded,

@@ -68,7 +68,7 @@ Result<void> AntennaAdd(VoacapDeck& deck, std::string_view sCard)
     return {};
 }
 
-/// The line as voacapl wants it labelled; nothing else of it changes.
+/// The line with the label that voacapl expects; the rest is unchanged.
 std::string AreaLineTranslate(std::string_view sLine)
 {
     struct Label {
@@ -138,7 +138,7 @@ Result<VoacapDeck> VoacapDeckArea(std::string_view sDeck)
     }
     if (deck.nGrid == 0)
         return RunError{"no Gridsize card"};
-    // voacapl would take whatever its memory holds for an antenna's name.
+    // voacapl would use random memory as an antenna's name.
     if (deck.aAntennas.empty())
         return RunError{"no antenna card"};
     return deck;

@@ -1,11 +1,12 @@
 /// @file VoacapDeck.h
 /// Hopcast's VOACAP decks as the Linux port voacapl accepts them.
 ///
-/// voacapl reads the same cards as VOACAP for Windows, but takes a blank card for the next command,
-/// finds the cards of an area deck by labels of its own, and knows no backslash in file names.
+/// voacapl reads the same cards as VOACAP for Windows, but reads a blank card as the next command,
+/// finds the cards of an area deck by different labels, and does not accept backslashes in file
+/// names.
 ///
 /// Units:   frequencies in MHz.
-/// Errors:  a text that names the card (and its columns) that cannot be used.
+/// Errors:  a text with the card (and its columns) that cannot be used.
 /// Source:  measured on voacapl 0.7.6.
 /// Tests:   tests/engine/voacap/VoacapDeckTest.cpp
 #pragma once
@@ -23,15 +24,15 @@ struct VoacapAntenna {
 };
 
 struct VoacapDeck {
-    std::string sText;                     ///< what voacapl is given, LF line ends
+    std::string sText;                     ///< the deck for voacapl, with LF line ends
     std::vector<VoacapAntenna> aAntennas;  ///< in the order of the cards
     std::vector<double> aFrequencies;      ///< point to point: one to ten
-    int nGrid = 0;                         ///< area: points a side
+    int nGrid = 0;                         ///< area: points per side
 };
 
-/// A point-to-point deck: the blank card behind FREQUENCY is taken out.
+/// A point-to-point deck: the blank card after FREQUENCY is removed.
 [[nodiscard]] Result<VoacapDeck> VoacapDeckPoint(std::string_view sDeck);
 
-/// An area deck: "PCenter" and "Sssns" get voacapl's spelling, and the line "Qindexs" is taken out
-/// (voacapl stops at its number; its own default is the same 0).
+/// An area deck: "PCenter" and "Sssns" get voacapl's spelling, and the line "Qindexs" is removed
+/// (voacapl stops at its number; its default is the same 0).
 [[nodiscard]] Result<VoacapDeck> VoacapDeckArea(std::string_view sDeck);

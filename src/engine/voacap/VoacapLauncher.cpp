@@ -22,8 +22,8 @@ constexpr std::size_t kDeckMax = 65536;  // bytes; real decks have less than 1 k
 constexpr std::size_t kConsoleMax = std::size_t{1} << 20;
 constexpr std::size_t kMessageMax = 200;
 
-// Names in the private folder. voacapl gets it as its working folder and "." as its root, because
-// it cuts long paths and stumbles over blanks.
+// Names in the private folder. voacapl gets this as its working folder and "." as its root, because
+// it cuts long paths and cannot handle blanks.
 constexpr const char* kRunFolder = "run";
 constexpr const char* kAntennaFolder = "antennas";
 constexpr const char* kConsoleFile = "console.txt";
@@ -39,7 +39,7 @@ struct Job {
     fs::path pthOutput;
 };
 
-/// A folder of the root by its name without regard to case, as the package's own name for it is.
+/// A folder of the root, by its name without regard to case, as the package spells it.
 fs::path FolderFind(const fs::path& pthRoot, const std::string& sName)
 {
     std::error_code err;
@@ -68,7 +68,7 @@ std::optional<Job> ArgumentsRead(std::span<const std::string> asArguments)
     return std::nullopt;
 }
 
-/// The file of an antenna in a folder that holds antenna folders; empty when it is not there.
+/// An antenna's file in a folder of antenna folders; empty when it is missing.
 fs::path AntennaFind(const fs::path& pthAntennas, const VoacapAntenna& antenna)
 {
     std::error_code err;
@@ -80,13 +80,13 @@ Result<void> LinkMake(const fs::path& pthTarget, const fs::path& pthLink)
 {
     std::error_code err;
     fs::create_symlink(fs::absolute(pthTarget, err), pthLink, err);
-    if (err && err != std::errc::file_exists)  // both ends may use one antenna
+    if (err && err != std::errc::file_exists)  // both ends may use the same antenna
         return RunErrorFromErrno(err.value());
     return {};
 }
 
-/// Puts the antenna files where voacapl looks for them: it takes "DEFAULT\CONST17.VOA" of a
-/// point-to-point deck for one file name, and turns the backslash of an area deck.
+/// Puts the antenna files where voacapl looks for them: it reads "DEFAULT\CONST17.VOA" in a
+/// point-to-point deck as one file name, and turns the backslash in an area deck.
 Result<void> AntennasPlace(const VoacapRunFolder& folder, const Job& job, const VoacapDeck& deck,
                            const VoacapPlaces& places)
 {
@@ -132,7 +132,7 @@ Result<void> FolderFill(const VoacapRunFolder& folder, const Job& job, const Voa
     return resFile.ValueGet().Close();
 }
 
-/// What voacapl said that tells the cause best: its first line of an error, else its last line.
+/// The line of voacapl's output that explains a failure best: its first error, else its last line.
 std::string ConsoleTell(const std::string& sConsoleFile)
 {
     const auto resConsole = FileRead(sConsoleFile, kConsoleMax);
@@ -161,7 +161,7 @@ Result<void> VoacaplRun(const VoacapRunFolder& folder, const Job& job, const Voa
         command.asWords.insert(command.asWords.end(), {"sound.dat", "sound.out"});
     command.sWorkFolder = folder.Path();
     command.sOutputFile = folder.Path(kConsoleFile);
-    command.bOwnGroup = false;  // whoever kills this launcher's group ends both
+    command.bOwnGroup = false;  // killing this launcher's group ends both
     auto resChild = ChildProcess::Start(command);
     if (!resChild)
         return RunError{places.sProgram + " cannot be started: " + resChild.TextGet()};
@@ -200,7 +200,7 @@ Result<void> JobRun(const Job& job, const VoacapDeck& deck, const VoacapPlaces& 
     return {};
 }
 
-/// Printable, and on one line, whatever a deck or voacapl held.
+/// The outcome, with its text printable and on one line, whatever a deck or voacapl contained.
 VoacapOutcome OutcomeTell(int nStatus, std::string_view sText)
 {
     return {nStatus, TextPrintable(sText)};

@@ -1,8 +1,8 @@
 /// @file VoacapLauncher.h
-/// VOACAP outside Windows: the command line of voacapw.exe, answered by the Linux port voacapl.
+/// VOACAP outside Windows: the command line of voacapw.exe, carried out by the Linux port voacapl.
 ///
-/// A run happens in a private folder against the read-only data of voacapl's package. Only a
-/// complete output is moved into place; after a failure no output is there, not even an old one.
+/// voacapl runs in a private folder with the read-only data of its package. Only a complete output
+/// is moved into place; after a failure there is no output, not even an old one.
 ///
 /// Units:   seconds.
 /// Tests:   tests/engine/voacap/VoacapLauncherTest.cpp, VoacapProgramTest.cpp
@@ -15,24 +15,24 @@
 #include "system/ChildProcess.h"
 #include "system/Result.h"
 
-/// What is run, and against which data.
+/// The program to run, and its data.
 struct VoacapPlaces {
     std::string sProgram = "voacapl";  ///< looked up in PATH
     std::string sDataFolder = "/usr/share/voacapl/itshfbc";
-    /// Hopcast kills the launcher and voacapl at 5 seconds. Giving up a little earlier leaves time
-    /// to clean up.
+    /// Hopcast kills the launcher and voacapl after 5 seconds. Giving up a little earlier leaves
+    /// time to clean up.
     double dSeconds = 4.8;
-    std::stop_token stop = {};  ///< ends a run, which then leaves nothing behind
+    std::stop_token stop = {};  ///< ends a run, which then leaves no files behind
 };
 
 struct VoacapOutcome {
     int nStatus = 0;    ///< exit status: 0 predicted, 1 failed, 2 wrong command line or deck
-    std::string sText;  ///< one line that tells the failure
+    std::string sText;  ///< one line about the failure
 };
 
-/// What the end of voacapl means for the run.
-/// @param bStop         somebody asked the run to end
-/// @param sConsoleFile  what voacapl said
+/// Checks how voacapl ended.
+/// @param bStop         the run was asked to end
+/// @param sConsoleFile  voacapl's console output
 [[nodiscard]] Result<void> VoacaplEndCheck(const ChildResult& ended, bool bStop,
                                            const std::string& sConsoleFile);
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kHours = 24;
 constexpr int kHourWidth = 6;      // first field of a block's first line
-constexpr int kFrequencyCol = 12;  // behind hour and MUF; fields F5.1
+constexpr int kFrequencyCol = 12;  // after hour and MUF; fields F5.1
 constexpr int kFrequencyWidth = 5;
 constexpr double kHalfStep = 0.05;  // decks and outputs round to 0.1 MHz
 constexpr int kIndexWidth = 3;      // grid: two counters of three columns
@@ -72,7 +72,7 @@ private:
     int m_nComplete = 0;
 };
 
-/// Skips to the head of the grid. @return the number of columns that a whole point takes.
+/// Skips to the head of the grid. @return the number of columns of a complete point.
 Result<std::size_t> GridHeadRead(TextFile& file)
 {
     std::string sLine;

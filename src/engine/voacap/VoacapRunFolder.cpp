@@ -14,10 +14,10 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kPrefix = "voacapw.";
-constexpr const char* kRunning = ".run";  // its lock is held, or its run is dead
+constexpr const char* kRunning = ".run";  // its lock is held, unless its program has died
 constexpr const char* kNew = ".new";      // not locked yet
 constexpr const char* kLockName = "lock";
-/// A folder gets its lock within a moment; one that is still new after this time never will.
+/// A folder gets its lock within a moment; one that is still new after this time never will get it.
 constexpr auto kNewMax = std::chrono::minutes(1);
 
 void FolderRemove(const fs::path& pthFolder)
