@@ -31,7 +31,7 @@ struct Failure {
     int iFirst = 0;            ///< first and last frequency without a value; 0 for an area
     int iLast = 0;
     MsgIcon eIcon = MsgIcon::Exclamation;  ///< of the message box
-    bool bTellAlways = false;              ///< shown even if a second attempt may succeed
+    bool bShowAlways = false;              ///< shown even if a second attempt may succeed
 
     bool operator==(const Failure&) const = default;
 };

@@ -95,7 +95,7 @@ bool ChunkTry(const Chunk& chunk, PropagationTable& table, std::vector<Failure>&
         failure->iFirst = chunk.iFirst;
         failure->iLast = chunk.iLast;
         const bool bCancelled = failure->eKind == FailureKind::Cancelled;
-        if (bLast || failure->bTellAlways || bCancelled)
+        if (bLast || failure->bShowAlways || bCancelled)
             aFailures.push_back(std::move(*failure));
         if (bCancelled)
             return false;

@@ -19,7 +19,7 @@
 /// left out of the chunks and is absent too. The table keeps the request.
 /// @param table      at least request.nData frequencies wide
 /// @param aFailures  gets what the user has to know, in order: the second failure of each chunk,
-///                   and the first one if it has bTellAlways
+///                   and the first one if it has bShowAlways
 /// @return the result of the last chunk; false at once if no frequency is in range.
 bool PropagationRun(const Request& request, PropagationTable& table,
                     std::vector<Failure>& aFailures, const EngineWay& way = {});

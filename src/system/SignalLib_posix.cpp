@@ -49,7 +49,7 @@ void EndAwait(sigset_t set, const std::function<void()>& fnCleanUp)
     kill(getpid(), nSignal);  // no other thread waits for it
 }
 
-void PipeTell(int)
+void PipeWrite(int)
 {
     const char cTold = 1;
     (void)!write(nPipeEnd, &cTold, 1);
@@ -73,7 +73,7 @@ int EndSignalsPipe()
     const sigset_t set = EndSignals();
     for (const int nSignal : {SIGINT, SIGTERM, SIGHUP}) {
         struct sigaction action {};
-        action.sa_handler = PipeTell;
+        action.sa_handler = PipeWrite;
         action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
         if (sigismember(&set, nSignal) == 1)
             sigaction(nSignal, &action, nullptr);

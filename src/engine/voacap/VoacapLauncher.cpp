@@ -133,7 +133,7 @@ Result<void> FolderFill(const VoacapRunFolder& folder, const Job& job, const Voa
 }
 
 /// The line of voacapl's output that explains a failure best: its first error, else its last line.
-std::string ConsoleTell(const std::string& sConsoleFile)
+std::string ConsoleCauseGet(const std::string& sConsoleFile)
 {
     const auto resConsole = FileRead(sConsoleFile, kConsoleMax);
     if (!resConsole)
@@ -177,7 +177,7 @@ Result<void> OutputCheck(const VoacapRunFolder& folder, const Job& job, const Vo
     if (resChecked)
         return {};
     return RunError{"VOACAP's output is not complete (" + resChecked.TextGet() + ")"
-                    + ConsoleTell(folder.Path(kConsoleFile))};
+                    + ConsoleCauseGet(folder.Path(kConsoleFile))};
 }
 
 Result<void> JobRun(const Job& job, const VoacapDeck& deck, const VoacapPlaces& places)
@@ -201,7 +201,7 @@ Result<void> JobRun(const Job& job, const VoacapDeck& deck, const VoacapPlaces& 
 }
 
 /// The outcome, with its text printable and on one line, whatever a deck or voacapl contained.
-VoacapOutcome OutcomeTell(int nStatus, std::string_view sText)
+VoacapOutcome OutcomeMake(int nStatus, std::string_view sText)
 {
     return {nStatus, TextPrintable(sText)};
 }
@@ -217,12 +217,13 @@ Result<void> VoacaplEndCheck(const ChildResult& ended, bool bStop, const std::st
             return RunError{"interrupted"};
         case ChildEnd::Killed:
             // A signal to the group of both may end voacapl before the wait sees the stop.
-            return RunError{bStop ? "interrupted" : "VOACAP crashed" + ConsoleTell(sConsoleFile)};
+            return RunError{bStop ? "interrupted"
+                                  : "VOACAP crashed" + ConsoleCauseGet(sConsoleFile)};
         case ChildEnd::Exited:
             break;
     }
     if (ended.nCode != 0)
-        return RunError{"VOACAP failed" + ConsoleTell(sConsoleFile)};
+        return RunError{"VOACAP failed" + ConsoleCauseGet(sConsoleFile)};
     return {};
 }
 
@@ -234,20 +235,20 @@ VoacapOutcome VoacapLaunch(std::span<const std::string> asArguments, const Voaca
     const std::string sDeck = "deck " + job->pthDeck.string() + ": ";
     std::error_code errIgnored;
     if (fs::equivalent(job->pthDeck, job->pthOutput, errIgnored))
-        return OutcomeTell(kWrong, sDeck + "named as the output too");
+        return OutcomeMake(kWrong, sDeck + "named as the output too");
     // An old output must not pass for this run's, whatever happens now.
     if (!fs::is_directory(job->pthOutput, errIgnored))
         fs::remove(job->pthOutput, errIgnored);
 
     const auto resBytes = FileRead(job->pthDeck.string(), kDeckMax);
     if (!resBytes)
-        return OutcomeTell(kWrong, sDeck + resBytes.TextGet());
+        return OutcomeMake(kWrong, sDeck + resBytes.TextGet());
     const auto resDeck =
         job->bArea ? VoacapDeckArea(resBytes.ValueGet()) : VoacapDeckPoint(resBytes.ValueGet());
     if (!resDeck)
-        return OutcomeTell(kWrong, sDeck + resDeck.TextGet());
+        return OutcomeMake(kWrong, sDeck + resDeck.TextGet());
     const auto resRun = JobRun(*job, resDeck.ValueGet(), places);
     if (!resRun)
-        return OutcomeTell(kFailed, resRun.TextGet());
+        return OutcomeMake(kFailed, resRun.TextGet());
     return {};
 }

@@ -210,7 +210,7 @@ std::optional<Failure> EngineAttempt::Start(int& nProcessId)
     Failure failure =
         FailureMake(FailureKind::NotStarted,
                     "Unable to execute " + std::string(m_task.pEngine->sExecuteName) + " program.");
-    failure.bTellAlways = true;
+    failure.bShowAlways = true;
     return failure;
 }
 
