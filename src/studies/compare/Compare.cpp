@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Nothing where a cell shows the least that there is.
+/// A cell's SNR; nothing if it shows the lowest value that there is.
 std::optional<float> SnrGet(const PropagationTable& table, int iHour, int iFrequency)
 {
     const float fSnr = table.fSnr(iHour, iFrequency);
@@ -20,9 +20,9 @@ std::optional<float> SnrGet(const PropagationTable& table, int iHour, int iFrequ
     return fSnr;
 }
 
-/// The antenna choice of another engine that is nearest to an engine's own one. VOACAP and ICEPAC
-/// count 0 station with gain, ideal boat; 1 station with gain, boat with whip; 2 whips; any other
-/// is plain antennas. REC533 counts 0 station with gain, boat with whip; 1 whips; 2 plain antennas.
+/// Another engine's antenna choice that is nearest to this engine's. For VOACAP and ICEPAC 0 is
+/// station with gain, ideal boat; 1 station with gain, boat with whip; 2 whips; any other plain
+/// antennas. For REC533 0 is station with gain, boat with whip; 1 whips; 2 plain antennas.
 int AntennaOf(int iAntenna, int iModelFrom, int iModelTo)
 {
     const bool bFrom = iModelFrom == kEngineRec533;
@@ -32,7 +32,7 @@ int AntennaOf(int iAntenna, int iModelFrom, int iModelTo)
     return bTo ? std::clamp(iAntenna - 1, 0, 2) : iAntenna + 1;
 }
 
-/// Adds one cell to the figures; sums stand in the places of mean and rms until the end.
+/// Adds one cell to the figures; mean and rms are sums until the end.
 void CellCount(CompareFigures& figures, const std::optional<float>& fA,
                const std::optional<float>& fB, float fNeed)
 {

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// kHz; an engine that finds no such frequency prints 0 or less.
+/// A frequency in kHz; engines print 0 or less if they find none.
 float FrequencyOf(float fKilohertz)
 {
     return fKilohertz > 0.0F ? fKilohertz : PropagationTable::kNotPrinted;

@@ -3,7 +3,7 @@
 /// both ends, over the 24 hours of UTC.
 ///
 /// Units:   kHz, dB in 1 Hz, degrees; hours of UTC, 0 to 23.
-/// Errors:  none; not-a-number where a table has no value.
+/// Errors:  none; not-a-number if a table has no value.
 /// Tests:   tests/studies/CurvesTest.cpp
 #pragma once
 
@@ -22,7 +22,7 @@ using DayCurve = std::array<float, kCurveHours>;
 struct CurveRibbon {
     int iFrequency = 0;       ///< index in the table
     float fFrequency = 0.0F;  ///< kHz
-    DayCurve afSnr{};         ///< not-a-number where a cell shows the least that there is
+    DayCurve afSnr{};         ///< not-a-number if a cell shows the lowest value that there is
 };
 
 /// Height of the sun above the horizon at one end, in steps of 10 minutes from 00:00 UTC.
@@ -37,8 +37,8 @@ struct DayCurves {
     SunCurve afSunRc{};
 };
 
-/// The curves of a table; the suns are those of the middle of its request's month.
+/// The curves of a table; the sun is that of the middle of its request's month.
 [[nodiscard]] DayCurves DayCurvesGet(const PropagationTable& table);
 
-/// Height of the sun over a place, degrees, -90 to 90. @param dHour  UTC
+/// Height of the sun at a place, degrees, -90 to 90. @param dHour  UTC
 [[nodiscard]] double SunHeightGet(const LatLon& pos, int nMonth, double dHour);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kDecile = 1.2815515655446004;  // standard deviations from the median
 
-/// Share of a normal distribution below dDeviations.
+/// Fraction of a normal distribution below dDeviations.
 double NormalShare(double dDeviations)
 {
     return 0.5 * std::erfc(-dDeviations / std::numbers::sqrt2);

@@ -4,11 +4,11 @@
 ///
 /// Units:   dB in 1 Hz; shares 0 to 1; hours 1 to 24 as in PropagationTable.
 /// Domain:  deciles above 0; other cells have no days.
-/// Errors:  none; not-a-number where there is no value.
-/// Source:  half-normals on either side of the median, whose deciles lie 1.28155 standard
+/// Errors:  none; not-a-number if there is no value.
+/// Source:  half-normals on either side of the median, whose deciles are 1.28155 standard
 ///          deviations from it: Teters, Lloyd, Haydon, Lucas 1983, Estimating the performance of
 ///          telecommunication systems using the ionospheric transmission channel: IONCAP user's
-///          manual, NTIA Report 83-127, circuit reliability; VOACAP and ICEPAC have kept it.
+///          manual, NTIA Report 83-127, circuit reliability; VOACAP and ICEPAC still use it.
 ///          REC533's steps: Recommendation ITU-R P.842, 130 - 80 / (1 + excess / lower decile) and
 ///          80 / (1 + lack / upper decile) - 30 percent.
 /// Tests:   tests/studies/DaysTest.cpp, DaysEnginesTest.cpp
@@ -21,18 +21,18 @@
 
 #include "propagation/PropagationTable.h"
 
-/// How an engine goes from deciles to shares of the days.
+/// How an engine gets from deciles to shares of the days.
 enum class DaySteps { HalfNormals, P842 };
 [[nodiscard]] DaySteps DayStepsOf(int iModel);
 
 /// The days of one cell.
 struct SnrDays {
     double dMedian = 0.0;
-    double dLower = 0.0;  ///< from the median to what 90 % of the days exceed
-    double dUpper = 0.0;  ///< from the median to what 10 % of the days exceed
+    double dLower = 0.0;  ///< from the median to the value exceeded on 90 % of the days
+    double dUpper = 0.0;  ///< from the median to the value exceeded on 10 % of the days
 };
 
-/// Nothing where the frequency has no values, there is no SNR, or the engine told no deciles.
+/// Nothing if the frequency has no values, there is no SNR, or the engine gave no deciles.
 [[nodiscard]] std::optional<SnrDays> SnrDaysGet(const PropagationTable& table, int iHour,
                                                 int iFrequency);
 
@@ -41,24 +41,25 @@ struct SnrDays {
 
 /// One cell of the window.
 struct DaysCell {
-    float fShare = std::numeric_limits<float>::quiet_NaN();  ///< of the days that reach the need
+    float fShare = std::numeric_limits<float>::quiet_NaN();  ///< days that reach the need, 0 to 1
     float fBad = std::numeric_limits<float>::quiet_NaN();    ///< exceeded on nine days in ten
     float fMedian = std::numeric_limits<float>::quiet_NaN();
     float fGood = std::numeric_limits<float>::quiet_NaN();  ///< exceeded on one day in ten
 
-    /// Whole days in ten, 0 to 10; -1 where there is no value.
+    /// Whole days in ten, 0 to 10; -1 if there is no value.
     [[nodiscard]] int DaysInTenGet() const;
 };
 
 /// The days of a whole table by its hours and frequencies.
 [[nodiscard]] CellArray<DaysCell> DaysGet(const PropagationTable& table, double dNeed);
 
-/// True where a frequency with values has deciles in some hour; else DaysRequestsGet is for it.
+/// True if a frequency with values has deciles in some hour; else DaysRequestsGet is needed.
 [[nodiscard]] bool DaysArePrinted(const PropagationTable& table);
 
-/// For an engine that prints no deciles: the requests for what 10, 50 and 90 % of the days exceed.
+/// For an engine that prints no deciles: the requests for the values exceeded on 10, 50 and 90 % of
+/// the days.
 [[nodiscard]] std::array<Request, 3> DaysRequestsGet(const Request& request);
-/// Their answers as one table: that of 50 % with the deciles of the others. Where one of the three
+/// Joins their answers in one table: that of 50 % with deciles from the others. If one of the three
 /// has no value there are no deciles.
 /// REQUIRES: tables of the same frequencies.
 [[nodiscard]] PropagationTable DaysJoin(const PropagationTable& tableGood,

@@ -65,7 +65,7 @@ bool AnyPresent(const PropagationTable& table)
     return false;
 }
 
-/// The best SNR from iFrom on, kSnrLeast where there is none.
+/// The best SNR from iFrom on, kSnrLeast if there is none.
 float BestGet(const ReachRow& row, int iFrom, int nHours)
 {
     float fBest = kSnrLeast;
@@ -74,7 +74,7 @@ float BestGet(const ReachRow& row, int iFrom, int nHours)
     return fBest;
 }
 
-/// What the rows are sorted by, the least first.
+/// The key by which rows are sorted, lowest first.
 std::tuple<int, int, float> RankOf(const ReachAsked& asked, const ReachRow& row)
 {
     enum { kOpen, kOpens, kClosed, kFailed, kWaiting };
@@ -109,7 +109,7 @@ Request ReachRequestGet(const ReachAsked& asked, const Place& place)
 ReachRow ReachRowGet(const ReachAsked& asked, const Place& place, const Prediction& prediction)
 {
     ReachRow row = RowWaiting(asked, place);
-    // A list in several chunks may fail in one of them: what is there can be used.
+    // A list in several chunks may fail in one of them: the others can be used.
     if (!AnyPresent(prediction.table)) {
         row.eState = ReachState::Failed;
         row.sFailure = FailureTextGet(prediction);

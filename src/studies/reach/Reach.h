@@ -1,12 +1,12 @@
 /// @file Reach.h
-/// Which of many places can be heard here, when, and on which frequency: from one prediction a
-/// place to rows in the order of their use. Here is the receiver and the places are transmitters,
-/// as where a station is chosen for the main table, so a row is the single prediction of its
-/// circuit to the digit.
+/// Which of many places can be heard here, when, and on which frequency: makes a row from one
+/// prediction for each place, and sorts the rows by use. Here is the receiver and the places are
+/// transmitters, as when a station is chosen for the main table, so a row agrees with the single
+/// prediction of its circuit to the digit.
 ///
 /// Units:   degrees, nautical miles, kHz, dB in 1 Hz; hours of UTC, 0 to 23.
-/// Errors:  a place without a prediction has a row that says why; it does not stop the others.
-/// Threads: none of its own; ReachStart's answers come on the thread that the runner posts to.
+/// Errors:  a place without a prediction has a row that says why; the others go on.
+/// Threads: it starts none; ReachStart's answers come on the thread that the runner posts to.
 /// Tests:   tests/studies/ReachTest.cpp, ReachEnginesTest.cpp
 #pragma once
 
@@ -23,15 +23,15 @@
 
 inline constexpr int kReachHours = 24;
 
-/// What is asked of all places alike.
+/// The inputs that are the same for all places.
 struct ReachAsked {
-    Request base;  ///< engine, month, power and model; here is its receiver, its frequencies the
-                   ///< user's; the transmitter is not read
-    bool bOwnFrequencies = false;  ///< a place's own frequencies where it has any
+    Request base;  ///< engine, month, power and model; its receiver is here, its frequencies are
+                   ///< the user's; the transmitter is not used
+    bool bOwnFrequencies = false;  ///< use a place's own frequencies if it has any
     float fNeed = 40.0F;           ///< required SNR
     int iFrom = 0;                 ///< the hour that counts as now
     int nHours = kReachHours;      ///< hours that count for the order, from iFrom on; 1 to 24
-    bool bCells = false;           ///< rows keep every hour and frequency
+    bool bCells = false;           ///< keep every hour and frequency in the rows
 };
 
 /// An hour's best frequency.
@@ -42,13 +42,13 @@ struct ReachHour {
     [[nodiscard]] bool OpenIs(float fNeed) const { return fSnr >= fNeed; }
 };
 
-/// When a place is next open, over midnight too.
+/// When a place is next open, also across midnight.
 struct ReachOpening {
     int nWait = -1;   ///< hours from now to its beginning; 0: open now; -1: not within the hours
-    int nLength = 0;  ///< hours that it lasts, up to 24; it may go on behind the hours that count
+    int nLength = 0;  ///< its hours, up to 24; it may go on after the hours that count
 };
 
-/// A place's SNR on one frequency, for lists of everything.
+/// A place's SNR at one hour and frequency, for complete lists.
 struct ReachCell {
     int iHour = 0;
     float fFrequency = 0.0F;
@@ -60,31 +60,31 @@ enum class ReachState { Waiting, Failed, Answered };
 struct ReachRow {
     std::size_t iPlace = 0;  ///< index into the places
     ReachState eState = ReachState::Waiting;
-    std::string sFailure;  ///< of a failed one
+    std::string sFailure;  ///< why its prediction failed
     std::array<ReachHour, kReachHours> aHours;
-    std::vector<ReachCell> aCells;  ///< where they are asked for
+    std::vector<ReachCell> aCells;  ///< only with ReachAsked::bCells
     ReachOpening opening;
     float fMargin = std::numeric_limits<float>::quiet_NaN();  ///< now: best SNR less the need
-    double dRange = 0.0;    ///< nautical miles; as the prediction prints it once there is one
-    double dBearing = 0.0;  ///< of the place from here, [0, 360); the same
+    double dRange = 0.0;    ///< nautical miles; from the prediction once there is one
+    double dBearing = 0.0;  ///< of the place from here, [0, 360); likewise
 };
 
 /// The request of a place: the base with the place as transmitter.
 [[nodiscard]] Request ReachRequestGet(const ReachAsked& asked, const Place& place);
 
-/// A place's row of its prediction; only its index is the caller's.
+/// A place's row, made from its prediction; the caller sets only its index.
 [[nodiscard]] ReachRow ReachRowGet(const ReachAsked& asked, const Place& place,
                                    const Prediction& prediction);
 
 /// Every hour and frequency of a prediction, hour by hour; frequencies without values are left out.
 [[nodiscard]] std::vector<ReachCell> ReachCellsGet(const Prediction& prediction);
 
-/// The next opening of 24 hours.
+/// The next opening in 24 hours.
 [[nodiscard]] ReachOpening ReachOpeningGet(const std::array<ReachHour, kReachHours>& aHours,
                                            float fNeed, int iFrom, int nHours);
 
 /// "now-02" (the last open hour), "from 18", "all day", or "-".
-/// @param fnHour  the label of an hour of UTC, as the time setting has it
+/// @param fnHour  gives the label of a UTC hour by the time setting
 [[nodiscard]] std::string ReachOpeningText(const ReachOpening& opening, int iFrom,
                                            const std::function<std::string(int)>& fnHour);
 
@@ -101,14 +101,14 @@ public:
 
     /// The requests of all places, in their order.
     [[nodiscard]] std::vector<Request> RequestsGet() const;
-    /// Takes a place's prediction; of a second one for the same place the last counts.
+    /// Takes a place's prediction; a second one for the same place replaces the first.
     void Add(std::size_t iPlace, const Prediction& prediction);
-    /// Another need, or other hours: the rows are judged anew, nothing is predicted.
+    /// For another need or other hours: evaluates the rows again without predicting.
     void Judge(float fNeed, int iFrom, int nHours);
 
-    /// The rows by use: open now by margin, then by next opening, then those that stay closed by
-    /// their best SNR within the hours, then failed ones, then those that wait; equal ones as the
-    /// places stand. @return indices into RowsGet
+    /// The rows by use: those open now by margin, the others by their next opening, then those that
+    /// stay closed by their best SNR within the hours, then failed ones, then waiting ones; equal
+    /// ones in the places' order. @return indices into RowsGet
     [[nodiscard]] std::vector<std::size_t> RankingGet() const;
 
 private:
@@ -118,8 +118,8 @@ private:
     std::size_t m_nDone = 0;
 };
 
-/// Asks the engine for every place. Each answer is added to the rows, then fnRow is called with the
-/// place's index; fnEnd behind the last one. The rows must outlive the job.
+/// Requests a prediction for every place. Each answer is added to the rows, then fnRow is called
+/// with the place's index; fnEnd is called after the last one. The rows must outlive the job.
 [[nodiscard]] RunnerJob ReachStart(Runner& runner, std::shared_ptr<const Engine> pEngine,
                                    Reach& reach, std::function<void(std::size_t iPlace)> fnRow,
                                    Runner::EndFn fnEnd = {});

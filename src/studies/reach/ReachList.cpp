@@ -16,7 +16,7 @@ const ReachHour& HourNow(const Reach& reach, const ReachRow& row)
 
 double NumberOr(double dValue) { return std::isnan(dValue) ? kLast : dValue; }
 
-/// What rows are ordered by, least first.
+/// The key by which rows are ordered, lowest first.
 double KeyGet(const Reach& reach, const ReachRow& row, ReachOrder eOrder)
 {
     switch (eOrder) {
