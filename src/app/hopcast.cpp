@@ -57,7 +57,7 @@ constexpr const char* kHelp =
 struct Options {
     std::optional<std::string> sProfile;
     bool bOnce = false;
-    bool bExport = false;  ///< the other words are those of a prediction
+    bool bExport = false;  ///< the other words are options of a prediction
     bool bVersion = false;
     bool bHelp = false;
     std::string sError;
@@ -90,7 +90,7 @@ Options OptionsGet(const std::vector<std::string>& asWords)
     return options;
 }
 
-/// Ends the program once the first table is painted; with status 1 when there is none.
+/// Ends the program once the first table is painted, with status 1 if there is none.
 void OnceSetUp(frmMain& frm)
 {
     const double dStart = TimerGet();
@@ -106,15 +106,15 @@ void OnceSetUp(frmMain& frm)
     });
 }
 
-/// The end of the session, a closed terminal and Ctrl-C press the close box, and that of a dialog
-/// before it.
+/// Makes the end of the session, a closed terminal and Ctrl-C close the main window, and an open
+/// dialog before it.
 void EndSignalsSetUp(QApplication& app)
 {
     const int nPipe = EndSignalsPipe();
     if (nPipe < 0)
         return;
     auto* const pNotifier = new QSocketNotifier(nPipe, QSocketNotifier::Read, &app);
-    auto* const ptmrEnd = new QTimer(&app);  // a run that is under way may still show boxes
+    auto* const ptmrEnd = new QTimer(&app);  // a current run may still show boxes
     constexpr int kAgain = 100;              // ms
     ptmrEnd->setInterval(kAgain);
     QObject::connect(ptmrEnd, &QTimer::timeout, &app, &QApplication::closeAllWindows);
@@ -138,7 +138,7 @@ int WindowRun(QApplication& app, const Options& options)
     frmMain frm;
     frm.EnginesSet(EngineMake);
     if (options.sProfile) {
-        // Windows looks for a profile without a folder in its own.
+        // Windows looks for a profile without a folder in the Windows folder.
         const QFileInfo info(QString::fromStdString(*options.sProfile));
         frm.m_settings.m_sProfileFile = info.absoluteFilePath().toStdString();
         if (PrivateProfileCheck(frm.m_settings.m_sProfileFile).TextGet() == kFileNotFound)
@@ -153,7 +153,7 @@ int WindowRun(QApplication& app, const Options& options)
     return app.exec();
 }
 
-/// What keeps the program from starting as it was asked to; empty when nothing does.
+/// Why the program cannot start with these options; empty if it can.
 std::string ProblemGet(const Options& options)
 {
     if (std::string sHome = HomeFolderProblemGet(); !sHome.empty())
@@ -166,7 +166,7 @@ std::string ProblemGet(const Options& options)
                                                  : "--profile: " + sWhy + ", " + *options.sProfile;
 }
 
-/// The words that the toolkit has left.
+/// The words left over by the toolkit.
 std::vector<std::string> WordsGet()
 {
     std::vector<std::string> asWords;
@@ -183,7 +183,7 @@ int main(int nArguments, char** asArguments)
     const std::vector<std::string> asAlone = ArgumentsGet(nArguments, asArguments);
     const Options optionsAlone = OptionsGet(asAlone);
     const char* sAnswer = optionsAlone.bHelp ? kHelp : optionsAlone.bVersion ? kVersion : nullptr;
-    // These two answer on a machine without a display too.
+    // These two answer even on a machine without a display.
     if (sAnswer && bConsole) {
         std::fputs(sAnswer, stdout);
         return 0;

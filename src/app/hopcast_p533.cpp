@@ -1,10 +1,10 @@
-// The prediction method for a table of circuits, for checking and research.
+// Runs the prediction method on a table of circuits, for checking and research.
 //
 //   hopcast-p533 [--behaviour best|corrected|reference] [--reference] [--maps ccir|ursi|mean]
 //   [--points] IN.csv OUT.csv
 //
-// Without --maps the mean of both maps is taken, but for the reference that of the ITU program.
-// --points takes a table of places and gives the ionosphere over them.
+// Without --maps the mean of both maps is used, but the reference uses that of the ITU program.
+// --points reads a table of places and gives the ionosphere over them.
 //
 // Exit status: 0 done, 1 the table or a file cannot be used (one line on standard error), 2 wrong
 // usage.

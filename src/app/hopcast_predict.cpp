@@ -1,4 +1,4 @@
-/// hopcast-predict: predictions on the command line, by the same services as the windows.
+/// hopcast-predict: predictions on the command line, with the same modules as the windows.
 #include <algorithm>
 #include <cstdio>
 #include <string>
@@ -21,7 +21,7 @@ int Fail(int nStatus, const std::string& sText)
     return PredictFail("hopcast-predict", nStatus, sText);
 }
 
-/// Standard output that is closed or on a full disk must not pass for success.
+/// Prints a text. A closed standard output or a full disk must not pass for success.
 int PrintOut(const std::string& sText)
 {
     if (std::fwrite(sText.data(), 1, sText.size(), stdout) != sText.size()
@@ -53,7 +53,7 @@ int main(int nArguments, char** asArguments)
     const bool bColor = options.sOutput.empty() && ConsoleTakesColor();
     const auto output = PredictRunGet(options, bColor);
     if (!output) {
-        // Without a root there is no engine; the reason stands behind the engine's own message.
+        // Without a root there is no engine; the reason follows the engine's own message.
         return resRoot ? kExitFailed
                        : Fail(kExitFailed, "Hopcast's own engine folder: " + resRoot.TextGet());
     }

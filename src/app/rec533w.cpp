@@ -1,4 +1,4 @@
-// The program of the REC533 slot.
+// rec533w.exe: the engine program REC533.
 //
 //   rec533w.exe ROOT DECK OUTPUT        point to point, files below ROOT/RUN
 //   rec533w.exe ROOT AREA CALC DECK     area, files below ROOT/areadata

@@ -1,5 +1,5 @@
 /// @file EngineList.h
-/// The engines that a program hands to its windows and studies.
+/// The engines that a program gives to its windows and studies.
 ///
 /// Tests:   tests/app/EngineListTest.cpp
 #pragma once
@@ -8,6 +8,6 @@
 
 #include "propagation/Engine.h"
 
-/// The engine of a model as it is installed now: REC533 in this process where the root's program is
-/// Hopcast's own, any other as the program of the root.
+/// A model's engine as it is installed now: REC533 in this process if the root's program is
+/// Hopcast's own, otherwise the root's program.
 [[nodiscard]] std::shared_ptr<const Engine> EngineMake(int iModel);

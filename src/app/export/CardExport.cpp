@@ -30,7 +30,7 @@ struct ExportAsked {
     PredictOptions options;
 };
 
-/// Takes --export and its file out of the words; the others are those of hopcast-predict.
+/// Removes --export and its file from the words; the others are those of hopcast-predict.
 Result<std::string> FileTake(std::vector<std::string>& asWords)
 {
     const std::string sOption = kExport;
@@ -139,8 +139,8 @@ int Export(const ExportAsked& asked)
     if (!predicted)
         return resRoot ? kExitFailed
                        : Fail(kExitFailed, "Hopcast's own engine folder: " + resRoot.TextGet());
-        // Letters are painted by the toolkit's platform. Windows has one without a window;
-        // elsewhere a desktop's theme would ask for the display.
+        // Text is painted by the toolkit's platform plugin. On Windows that works without a window;
+        // elsewhere a desktop's theme would need the display.
 #ifndef Q_OS_WIN
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_QPA_PLATFORMTHEME");

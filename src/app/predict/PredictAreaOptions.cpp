@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Height and width as the deck prints the bounds, in hundredths of a degree.
+/// Checks height and width with the bounds as the deck prints them, in hundredths of a degree.
 Result<void> AreaCheck(PredictArea& area)
 {
     const auto Printed = [](double dDegrees) { return NumberFormat(dDegrees, "0.00"); };

@@ -1,5 +1,5 @@
 /// @file PredictAreaOptions.h
-/// What the options of an area do with their values.
+/// Applies the values of the options for areas.
 ///
 /// Units:   degrees; hours UT; kHz.
 /// Tests:   tests/app/PredictOptionsTest.cpp

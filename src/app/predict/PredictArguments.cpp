@@ -51,7 +51,7 @@ const GivenOption* GivenFind(const std::vector<GivenOption>& aGiven, std::string
 
 namespace {
 
-/// The option that asks for a kind.
+/// The option that selects a kind.
 const char* KindOption(PredictKind eKind)
 {
     switch (eKind) {
@@ -81,7 +81,7 @@ Result<PredictKind> KindGet(const std::vector<GivenOption>& aGiven)
     return kKindPath;
 }
 
-/// Why an option does not go with the kind; empty where it does.
+/// Why an option does not go with the kind; empty if it does.
 std::string MismatchGet(const PredictOption& option, PredictKind eKind)
 {
     if ((option.nKinds & eKind) != 0)
@@ -96,7 +96,7 @@ std::string MismatchGet(const PredictOption& option, PredictKind eKind)
     return std::string(": does not go with ") + KindOption(bDayAlone ? kKindHour : eKind);
 }
 
-/// What has no table is csv, unless json is given where there is one.
+/// Kinds without a table are printed as csv, unless json is given and exists for them.
 Result<void> FormatCheck(const std::vector<GivenOption>& aGiven, PredictOptions& options)
 {
     options.eFormat = PredictFormat::Csv;

@@ -1,8 +1,8 @@
 /// @file PredictArguments.h
 /// The words of hopcast-predict's command line: which options they give, and whether these go
-/// together. What an option does with its value is told in PredictOptions.cpp.
+/// together. PredictOptions.cpp applies their values.
 ///
-/// Errors:  one line that names the option.
+/// Errors:  one line with the option.
 /// Tests:   tests/app/PredictOptionsTest.cpp
 #pragma once
 
@@ -15,7 +15,7 @@
 #include "app/predict/PredictOptions.h"
 #include "system/Result.h"
 
-/// What the program is asked for; an option names all that it goes with.
+/// The kinds of output; an option lists all those that it goes with.
 enum PredictKind : unsigned {
     kKindPath = 1,
     kKindHour = 2,  ///< of an area
@@ -26,7 +26,7 @@ enum PredictKind : unsigned {
     kKindPredicts = kKindPath | kKindArea | kKindReach,
 };
 
-/// What an option does with its value; an error says what is wrong with it.
+/// Applies an option's value; an error says what is wrong with the value.
 using PredictApplyFn =
     std::function<Result<void>(PredictOptions& options, const std::string& sValue)>;
 
@@ -47,10 +47,11 @@ struct GivenOption {
 [[nodiscard]] Result<std::vector<GivenOption>> GivenGet(std::span<const std::string> asArguments,
                                                         const std::vector<PredictOption>& aOption);
 
-/// The option of a name; nullptr where it is not given.
+/// The option of this name; nullptr if it is not given.
 [[nodiscard]] const GivenOption* GivenFind(const std::vector<GivenOption>& aGiven,
                                            std::string_view sName);
 
-/// One kind, and whole: its flags in the options and the format of what has no table are set.
+/// Checks that the options give one kind, completely; sets its flags in the options, and the format
+/// of kinds without a table.
 [[nodiscard]] Result<void> ModeCheck(const std::vector<GivenOption>& aGiven,
                                      PredictOptions& options);

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// One engine's table. Its failures are told; nothing where it has no value at all.
+/// One engine's table, with its failures shown; nothing if it has no value at all.
 std::optional<PropagationTable> TableGet(const Request& request, bool& bWhole)
 {
     const auto pEngine = EngineMake(request.iModel);

@@ -12,15 +12,15 @@
 
 namespace {
 
-/// What the workers tell, one at a time.
+/// Collects the workers' results, one at a time.
 class DayWatch {
 public:
-    /// @param nHourPieces  pieces that make an hour, whose end is told; 0: none is
+    /// @param nHourPieces  pieces of an hour, whose end is reported; 0: no reports
     DayWatch(std::size_t nHourPieces, std::size_t nPieces)
         : m_nHourPieces(nHourPieces), m_nPieces(nPieces)
     {
     }
-    /// @return true when nobody needs further pieces.
+    /// @return true when no further pieces are needed.
     bool PieceDone(const std::optional<Failure>& failure)
     {
         const std::lock_guard lock(m_mutex);

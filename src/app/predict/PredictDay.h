@@ -10,12 +10,11 @@
 #include "app/predict/PredictOptions.h"
 #include "propagation/Engine.h"
 
-/// Values that a day may have: points times hours times frequencies. More are no text that anybody
-/// reads.
+/// Maximum values of a day: points times hours times frequencies. Nobody could use a longer text.
 inline constexpr std::size_t kDayValuesMost = 40'000'000;
 
-/// Runs the day. Boxes tell a failure; an engine program's progress goes to standard error.
-/// @param settings  month and sunspot number are those of the run
+/// Runs the day. Boxes show a failure; an engine program's progress goes to standard error.
+/// @param settings  with the run's month and sunspot number
 /// @return the text to print; nothing when the prediction failed.
 [[nodiscard]] std::optional<std::string> PredictDayGet(const PredictOptions& options,
                                                        const Settings& settings,

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// The options of a group that the settings' table gives, one a line.
+/// A group's options from the table of settings, one per line.
 std::string OptionLines(OptionGroup eGroup)
 {
     constexpr std::size_t kHelpColumn = 26;

@@ -20,7 +20,7 @@
 
 namespace {
 
-/// The option of a row of the settings' table: one number within the row's range.
+/// The option for a row of the table of settings: one number within the row's range.
 PredictOption SettingOptionMake(const SettingRow& row)
 {
     const unsigned nKinds = row.option.eRuns == OptionRuns::Path   ? kKindPath | kKindReach
@@ -98,7 +98,7 @@ Result<void> ForecastFileApply(PredictOptions& options, const std::string& sValu
     return {};
 }
 
-/// A forecast is no source beside another one.
+/// Refuses a forecast together with another source of the sunspot number.
 Result<void> SunSpotCheck(const std::vector<GivenOption>& aGiven)
 {
     const GivenOption* pSource = GivenFind(aGiven, "--ssn");
@@ -270,7 +270,7 @@ Result<void> ProfileApply(const std::vector<GivenOption>& aGiven, PredictOptions
     const GivenOption* pProfile = GivenFind(aGiven, "--profile");
     if (pProfile == nullptr)
         return {};
-    // The private-profile service takes a bare name for one in the system's own folder.
+    // The private-profile service looks for a bare name in the system's own folder.
     const bool bBareName = pProfile->sValue.find_first_of("/\\") == std::string::npos;
     options.settings.m_sProfileFile =
         bBareName ? PathJoin(".", pProfile->sValue) : pProfile->sValue;

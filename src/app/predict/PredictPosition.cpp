@@ -11,7 +11,7 @@ constexpr const char* kForms =
     "give LAT,LON in degrees (38,-122), 38°30.00'N,122°15.00'W, a grid square (FN42), airmail or a "
     "station (ham:KEY)";
 
-/// The error of a failed call: what it returned, else its last message.
+/// The error of a failed call: the one that it returned, else its last message.
 RunError ErrorOf(const Result<bool>& res, const Messages& aMessages)
 {
     if (!res)
@@ -26,7 +26,7 @@ Result<PredictPosition> AirMailPlaceGet()
     Messages aMessages;
     const auto res = AirMailPositionGet(pos.dLat, pos.dLon, dtTime, &aMessages, &pos.sFault);
     if (!pos.sFault.empty())
-        return pos;  // an older position in its place would be a wrong answer
+        return pos;  // an older position instead would be a wrong answer
     if (!res || !res.ValueGet())
         return ErrorOf(res, aMessages);
     pos.sNote = dtTime.IsZero() ? "Airmail's position, its time is not known"

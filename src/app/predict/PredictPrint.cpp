@@ -32,7 +32,7 @@ std::string MegahertzGet(float fKhz)
     return sText;
 }
 
-/// Cell text in the colour of its value; black or white on it, whichever reads better.
+/// Cell text in the colour of its value; black or white on it, whichever is more legible.
 std::string CellColored(const std::string& sCell, float fSnr)
 {
     return SnrBandTerminal(SnrBandOfCell(fSnr)) + sCell + "\x1b[0m";
@@ -103,7 +103,7 @@ std::string JsonPosition(const char* sName, double dLat, double dLon)
     return Quoted(sName) + ": {" + Pair("lat", dLat) + ", " + Pair("lon", dLon) + "}";
 }
 
-/// A value of a cell; another text where the frequency has none.
+/// A cell's value, or another text if the frequency has none.
 std::string CellText(const PropagationTable& table, const CellArray<float>& afCells, int iHour,
                      int iFrequency, const char* sNone)
 {
@@ -114,8 +114,8 @@ std::string OrNull(const std::string& sNumber) { return sNumber.empty() ? "null"
 
 std::string JsonSnr(float fSnr) { return SnrGivenIs(fSnr) ? NumberToText(fSnr) : "null"; }
 
-/// Reliability with its two decimals and both deciles with one, as engines print them; empty where
-/// there is none.
+/// Reliability with two decimals and both deciles with one, as engines print them; empty if there
+/// is none.
 std::array<std::string, 3> DaysTexts(const PropagationTable& table, int iHour, int iFrequency)
 {
     const auto Text = [&](const CellArray<float>& afCells, const char* sForm) {
@@ -127,7 +127,7 @@ std::array<std::string, 3> DaysTexts(const PropagationTable& table, int iHour, i
             Text(table.fSnrUpper, "0.0")};
 }
 
-/// The margin of a cell; empty where there is none.
+/// The margin of a cell; empty if there is none.
 std::string MarginText(const PredictRun& run, int iHour, int iFrequency)
 {
     const PropagationTable& table = *run.pTable;
@@ -141,7 +141,7 @@ std::string JsonCell(const PredictRun& run, int iHour, int iFrequency)
     const auto Value = [&](const char* sName, const CellArray<float>& afCells) {
         return ", " + Quoted(sName) + ": " + CellText(table, afCells, iHour, iFrequency, "null");
     };
-    // An engine that does not tell delay and height has -1 there.
+    // An engine that does not give delay and height has -1 there.
     const auto Told = [&](const char* sName, const CellArray<float>& afCells) {
         return afCells(iHour, iFrequency) < 0.0F ? ", " + Quoted(sName) + ": null"
                                                  : Value(sName, afCells);
@@ -163,7 +163,7 @@ std::string JsonCell(const PredictRun& run, int iHour, int iFrequency)
            + "}";
 }
 
-/// MUF or LUF of an hour; engines have 0 and below where there is none.
+/// MUF or LUF of an hour; engines give 0 or less if there is none.
 std::string JsonLimit(const char* sName, float fKhz)
 {
     return fKhz > 0.0F ? Pair(sName, fKhz) : Quoted(sName) + ": null";
@@ -181,7 +181,7 @@ std::string JsonHour(const PredictRun& run, int iHour)
     return sText + "]}";
 }
 
-/// A number of the table; with a star in front where it meets the need.
+/// A number of the table, with a star in front if it meets the need.
 std::string SnrText(const PredictRun& run, float fSnr)
 {
     const bool bMet = run.need && fSnr >= run.need->fSnr;

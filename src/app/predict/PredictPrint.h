@@ -1,8 +1,7 @@
 /// @file PredictPrint.h
 /// A prediction as text: a table for people, comma-separated values and JSON for programs.
 ///
-/// Units:   kHz, degrees, ms, km, dBW, dB in 1 Hz, W, nautical miles, as the names of the columns
-///          tell.
+/// Units:   kHz, degrees, ms, km, dBW, dB in 1 Hz, W, nautical miles, as in the column names.
 /// Tests:   tests/app/PredictPrintTest.cpp
 #pragma once
 
@@ -15,9 +14,9 @@
 #include "propagation/Prediction.h"
 #include "settings/Settings.h"
 
-/// What the head of the output tells of the run.
+/// The run's data for the head of the output.
 struct PredictRun {
-    const Settings* pSettings;  ///< month and sunspot number are those of the run
+    const Settings* pSettings;  ///< with the run's month and sunspot number
     const PropagationTable* pTable;
     int nYear;                        ///< year of the decks
     std::string sEngine;              ///< display name, "REC533 (built-in)"
@@ -29,10 +28,10 @@ struct PredictRun {
 
 /// A need in words: "E-mail, normal: 40 dB in 1 Hz", without a name "40 dB in 1 Hz".
 [[nodiscard]] std::string PredictNeedText(const Need& need);
-/// How far an SNR is above the need, dB, without the noise of a binary difference: 46.3 less 40 is
-/// 6.3. Empty where there is no SNR.
+/// An SNR's margin over the need, dB, without the noise of a binary difference: 46.3 less 40 is
+/// 6.3. Empty if there is no SNR.
 [[nodiscard]] std::string PredictMarginText(float fSnr, const Need& need);
-/// A text in quotes only where it would break the row, printable: engines and lists may hold
+/// A printable text, in quotes only if it would break the row: engines and lists may contain
 /// anything.
 [[nodiscard]] std::string PredictCsvText(std::string_view sForeign);
 
@@ -41,7 +40,8 @@ struct PredictRun {
 [[nodiscard]] std::string PredictCsvGet(const PredictRun& run);
 [[nodiscard]] std::string PredictJsonGet(const PredictRun& run);
 [[nodiscard]] std::string PredictAreaCsvGet(const std::vector<AreaPoint>& aPoint);
-/// A row a point, hour and frequency: points in grid order, hours 0 to 23, frequencies as given.
+/// A row for each point, hour and frequency: points in grid order, hours 0 to 23, frequencies in
+/// the given order.
 [[nodiscard]] std::string PredictDayCsvGet(const std::vector<AreaDay>& aDays);
 /// "khz" and "points": each with "lat", "lon" and "snr_db", an array of the frequencies' values for
 /// each hour.

@@ -35,7 +35,7 @@ void OwnPlacesAppend(const std::string& sProfileFile, PlacesFound& found)
         found.aFaults.push_back(std::move(fault));
 }
 
-/// The places of the lists. Boxes tell which list cannot be read.
+/// The places of the lists. Boxes say which list cannot be read.
 PlacesFound PlacesFind(const std::set<PlaceKind>& aLists, const std::string& sProfileFile)
 {
     PlacesFound found;
@@ -56,7 +56,7 @@ void FaultsShow(const std::vector<PlaceFault>& aFaults)
         MsgBox(MsgIcon::Info, PlaceFaultsText(aFaults));
 }
 
-/// The calls of the workers, made one after the other on this thread.
+/// The workers' calls, made one after the other on this thread.
 class CallQueue {
 public:
     void Post(std::function<void()> fnCall)
@@ -94,7 +94,7 @@ void PlacesPredict(const std::shared_ptr<const Engine>& pEngine, Reach& reach)
     queue.RunUntil(bEnd);
 }
 
-/// The columns that all rows of a place share.
+/// The columns that are the same in all rows of a place.
 std::string RowHead(const Place& place, const ReachRow& row)
 {
     return PredictCsvText(place.sSystem) + "," + PredictCsvText(place.sKey) + ","
@@ -109,7 +109,7 @@ std::string CellText(float fFrequency, float fSnr, const Need& need)
            + PredictMarginText(fSnr, need);
 }
 
-/// A place's rows of one hour: that of its best frequency, or one for each of its cells.
+/// A place's rows for one hour: one for its best frequency, or one for each of its cells.
 std::string HourRows(const std::string& sHead, int iHour, const ReachRow& row, bool bCells,
                      const Need& need)
 {

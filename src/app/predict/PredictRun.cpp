@@ -28,7 +28,7 @@ std::string EngineNameGet(int iModel)
     return std::string(pEngine->sName) + (EngineIsHopcasts(iModel) ? " (built-in)" : "");
 }
 
-/// Month and sunspot number of the run, as the main window's update takes them.
+/// Sets the run's month and sunspot number, as the main window's update does.
 bool SettingsComplete(const PredictOptions& options, Settings& settings, SunSpotRun& ssn)
 {
     Messages aMessages;
@@ -43,8 +43,8 @@ bool SettingsComplete(const PredictOptions& options, Settings& settings, SunSpot
     return bOk;
 }
 
-/// Nothing out of range reaches an engine. Of the settings only the profile's can be out of range:
-/// options were checked.
+/// Keeps values out of range from the engines. Only those from the profile can be out of range: the
+/// options have been checked.
 bool RangesCheck(const PredictOptions& options)
 {
     if (!options.sFault.empty())
@@ -55,7 +55,7 @@ bool RangesCheck(const PredictOptions& options)
                       options.settings.m_sProfileFile + ", " + asFault.front());
 }
 
-/// Shows what a run failed of, and what else is known of it. @return false when there was nothing.
+/// Shows why a run failed, with the details. @return false if there was nothing to show.
 bool FailuresShow(const std::vector<Failure>& aFailures)
 {
     for (const Failure& failure : aFailures) MsgBox(failure.eIcon, failure.sText);
@@ -77,7 +77,7 @@ std::string TextGet(PredictFormat eFormat, const PredictRun& run, bool bColor)
     return PredictTableGet(run, bColor);
 }
 
-/// Hopcast's own engine knows the deciles that its output has no room for.
+/// Adds the deciles, which Hopcast's own engine knows but its output has no space for.
 void DecilesTake(const Request& input, PropagationTable& table)
 {
     if (!EngineIsHopcasts(input.iModel) || DaysArePrinted(table))
@@ -103,7 +103,7 @@ bool PathRun(PredictPath& path)
                                          : "There is no such engine; give --model.");
     if (!bOk)
         return false;
-    // A list in several chunks may fail in one of them and still end well.
+    // A list in several chunks may fail in one of them and still succeed.
     const std::string sAbsent = PropagationAbsentText(path.table);
     if (!sAbsent.empty())
         MsgBox(MsgIcon::Exclamation, "No values for " + sAbsent + " kHz.");
@@ -129,7 +129,7 @@ std::optional<PredictOutput> PointToPointGet(const PredictOptions& options, bool
     return PredictOutput{TextGet(options.eFormat, run, bColor), path->bWhole};
 }
 
-/// A text that is whole or not there.
+/// Output that is either complete or missing.
 std::optional<PredictOutput> TextOutput(std::optional<std::string> sText)
 {
     if (!sText)

@@ -1,5 +1,5 @@
 /// @file PredictRun.h
-/// The two predictions of the console program, from options to text.
+/// The predictions of the console program, from options to text.
 /// Tests:   tests/app/HopcastPredictTest.cpp
 #pragma once
 
@@ -13,11 +13,11 @@
 
 struct PredictOutput {
     std::string sText;   ///< to print
-    bool bWhole = true;  ///< false: some frequencies have no values (boxes have told which and why)
+    bool bWhole = true;  ///< false: some frequencies have no values (boxes have said which and why)
 };
 
 struct PredictPath {
-    Settings settings;  ///< with month and sunspot number of the run
+    Settings settings;  ///< with the run's month and sunspot number
     SunSpotRun ssn;
     PropagationTable table;
     bool bWhole = true;  ///< as in PredictOutput
@@ -33,16 +33,16 @@ struct PredictAreaRun {
     std::vector<PredictAreaBox> aBoxes;  ///< two where the area crosses longitude 180
 };
 
-/// Runs the prediction of an area for one hour and frequency. Boxes come out on the way.
-/// @return nothing when it failed (a box has told why)
+/// Runs the prediction of an area for one hour and frequency. Boxes may be shown meanwhile.
+/// @return nothing when it failed (a box has said why)
 [[nodiscard]] std::optional<PredictAreaRun> PredictAreaRunGet(const PredictOptions& options);
 
-/// Runs the prediction of a path. Boxes come out on the way.
-/// @return nothing when it failed (a box has told why)
+/// Runs the prediction of a path. Boxes may be shown meanwhile.
+/// @return nothing when it failed (a box has said why)
 [[nodiscard]] std::optional<PredictPath> PredictPathGet(const PredictOptions& options);
 
-/// Runs the prediction that the options ask for. Boxes come out on the way.
+/// Runs the prediction that the options describe. Boxes may be shown meanwhile.
 /// @param bColor  colours in the table.
-/// @return nothing when the prediction failed (a box has told why).
+/// @return nothing when the prediction failed (a box has said why).
 [[nodiscard]] std::optional<PredictOutput> PredictRunGet(const PredictOptions& options,
                                                          bool bColor);

@@ -1,7 +1,7 @@
 /// @file PredictValue.h
 /// The values of hopcast-predict's options: numbers within bounds and lists of texts.
 ///
-/// Errors:  texts that name the value and what was expected.
+/// Errors:  texts with the value and what was expected.
 /// Tests:   tests/app/PredictOptionsTest.cpp
 #pragma once
 
@@ -12,16 +12,16 @@
 #include "settings/SettingsRange.h"
 #include "system/Result.h"
 
-/// The texts between commas, without blanks at their ends.
+/// The texts between commas, trimmed.
 [[nodiscard]] std::vector<std::string> ValueListGet(std::string_view sText);
 
-/// A number within bounds, or an error that names what was expected.
+/// A number within bounds, or an error with what was expected.
 [[nodiscard]] Result<double> ValueBoundedGet(const std::string& sValue, const NumberRange& range,
                                              const char* sWhat);
 [[nodiscard]] Result<int> ValueWholeGet(const std::string& sValue, const NumberRange& range,
                                         const char* sWhat);
 
-/// Stores a checked value; its error is handed on.
+/// Stores a checked value, or passes on its error.
 template <class From, class To>
 Result<void> ValueKeep(const Result<From>& res, To& to)
 {
