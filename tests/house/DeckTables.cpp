@@ -363,9 +363,9 @@ Table GridTable()
          {1, "index along the latitude, from 1"},
          {1, "latitude, degrees"},
          {1, "longitude, degrees; -180 to 180 when the west bound is negative, else 0 to 360"}});
-    const std::string sWidth = std::to_string(grid_row::kSnrWidth) + " columns from where ";
-    table.Row({sWidth + "` SNRxx` stands in the head line", "ratio, dB: ICEPAC, VOACAP"});
-    table.Row({sWidth + "` SNxx` stands in the head line", "ratio, dB: REC533"});
+    const std::string sWidth = std::to_string(grid_row::kSnrWidth) + " columns from the place of ";
+    table.Row({sWidth + "` SNRxx` in the head line", "ratio, dB: ICEPAC, VOACAP"});
+    table.Row({sWidth + "` SNxx` in the head line", "ratio, dB: REC533"});
     return table;
 }
 
