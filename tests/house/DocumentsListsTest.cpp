@@ -135,4 +135,68 @@ TEST(DocumentsLists, ColumnsOfTheTableOfCircuitsAreThoseOfTheSource)
     EXPECT_EQ(asTold, asColumn);
 }
 
+TEST(DocumentsLists, EnginesAreThoseOfTheSource)
+{
+    static const std::regex kName("EngineProgram\\{\\w+, +\"[a-z0-9.]+\", \"([A-Z0-9]+)\"");
+    static const std::regex kProgram("EngineProgram\\{\\w+, +\"([a-z0-9.]+)\"");
+    const std::string sSource = BytesRead(SOURCE_FOLDER "/propagation/itshfbc/EngineProgram.cpp");
+    const std::vector<std::string> asName = MatchesGet(sSource, kName);
+    const std::vector<std::string> asProgram = MatchesGet(sSource, kProgram);
+    const std::vector<std::string> asRow =
+        RowsGet("engines.md", "| number | engine | program | who brings it |");
+    ASSERT_EQ(asName.size(), 3U);
+    ASSERT_EQ(asProgram.size(), asName.size());
+    ASSERT_EQ(asRow.size(), asName.size());
+    for (std::size_t i = 0; i < asRow.size(); ++i)
+        EXPECT_TRUE(asRow[i].starts_with("| " + std::to_string(i + 1) + " | " + asName[i] + " | `"
+                                         + asProgram[i] + "` | "))
+            << asRow[i];
+}
+
+/// The names of the colours are the comments behind them.
+TEST(DocumentsLists, ColoursOfTheGuideAreThoseOfTheScale)
+{
+    static const std::regex kLowest("BandRow\\{([0-9]+)[.]0F,");
+    static const std::regex kColour("BandRow\\{[^\n]*// (?:Standard: )?([a-z ]+)\n");
+    const std::string sSource = BytesRead(SOURCE_FOLDER "/propagation/SnrScale.cpp");
+    const std::vector<std::string> asLowest = MatchesGet(sSource, kLowest);
+    const std::vector<std::string> asColour = MatchesGet(sSource, kColour);
+    ASSERT_GT(asLowest.size(), 5U);
+    ASSERT_EQ(asColour.size(), asLowest.size() + 1);
+    const std::vector<std::string> asRow =
+        RowsGet("guide.md", "| colour | SNR in dB | as a rule of thumb |");
+    ASSERT_EQ(asRow.size(), asColour.size());
+    for (std::size_t i = 0; i < asRow.size(); ++i) {
+        std::string sBand = "below " + asLowest.back();
+        if (i == 0)
+            sBand = asLowest[0] + " and above";
+        else if (i < asLowest.size())
+            sBand = asLowest[i] + " to " + asLowest[i - 1];
+        EXPECT_TRUE(asRow[i].starts_with("| " + asColour[i] + " | " + sBand + " | ")) << asRow[i];
+    }
+}
+
+TEST(DocumentsLists, ColumnsOfTheDetailsAreThoseOfTheWindow)
+{
+    static const std::regex kHeader("\n    \\{\"([^\"]+)\", \"-");
+    static const std::regex kColumn("([A-Z][A-Za-z -]*)");
+    const std::string sSource = BytesRead(SOURCE_FOLDER "/ui/details/frmDetails.cpp");
+    const Names asHeader = NamesIn(sSource, kHeader);
+    EXPECT_GT(asHeader.size(), 5U);
+    EXPECT_EQ(NamesIn(FirstColumnGet("guide.md", "| column | what it is |"), kColumn), asHeader);
+}
+
+TEST(DocumentsLists, EveryVariableOfTheEnvironmentIsNamed)
+{
+    static const std::regex kVariable("(?:EnvironmentGet|BaseFolderGet|getenv)\\(\"([A-Za-z_]+)\"");
+    Names asVariable;
+    for (const char* sFolder : {"src/system", "src/propagation/itshfbc"})
+        for (const fs::path& pthFile : FilesBelow(sFolder, ".cpp"))
+            asVariable.merge(NamesIn(BytesRead(pthFile.string()), kVariable));
+    EXPECT_GT(asVariable.size(), 6U);
+    const std::string sDocument = BytesRead(DOCS_FOLDER "/files.md");
+    for (const std::string& sVariable : asVariable)
+        EXPECT_NE(sDocument.find("`" + sVariable + "`"), std::string::npos) << sVariable;
+}
+
 }  // namespace
