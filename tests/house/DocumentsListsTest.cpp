@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "house/HouseFiles.h"
+#include "support/ProgramRun.h"
 #include "support/TempFolder.h"
 
 namespace fs = std::filesystem;
@@ -197,6 +198,25 @@ TEST(DocumentsLists, EveryVariableOfTheEnvironmentIsNamed)
     const std::string sDocument = BytesRead(DOCS_FOLDER "/files.md");
     for (const std::string& sVariable : asVariable)
         EXPECT_NE(sDocument.find("`" + sVariable + "`"), std::string::npos) << sVariable;
+}
+
+TEST(DocumentsLists, ColumnsOfTheHelpAreInTheManualPage)
+{
+    const std::string sProgram = TEST_BIN "/hopcast-predict";
+    const ProgramResult res = ProgramRun({sProgram, "--help"});
+    ASSERT_EQ(res.nStatus, 0) << res.sError;
+    const std::size_t nFrom = res.sOut.find("\nColumns of csv");
+    ASSERT_NE(nFrom, std::string::npos);
+    static const std::regex kColumn("\n  ([a-z][A-Za-z_]*)  ");
+    const Names asColumn = NamesIn(res.sOut.substr(nFrom), kColumn);
+    EXPECT_GT(asColumn.size(), 25U);
+    const std::string sPage = BytesRead(PROJECT_FOLDER "/packaging/man/hopcast-predict.1");
+    const std::size_t nColumns = sPage.find(".SH COLUMNS");
+    ASSERT_NE(nColumns, std::string::npos);
+    static const std::regex kWord("([A-Za-z_]+)");
+    const Names asWord =
+        NamesIn(sPage.substr(nColumns, sPage.find(".SH", nColumns + 1) - nColumns), kWord);
+    for (const std::string& sColumn : asColumn) EXPECT_TRUE(asWord.contains(sColumn)) << sColumn;
 }
 
 }  // namespace
