@@ -63,6 +63,6 @@ std::vector<std::vector<std::string>> ExpectedRows(std::string_view sName);
 
 struct PropagationTable;
 /// Compares every value of a table that holds iFirst..iLast with the expected rows of the case.
-/// @param bWhole  false: not what no window shows (FOT, reliability, deciles)
+/// @param bWhole  false: without FOT, reliability and deciles
 void TableCompare(const CircuitCase& c, const PropagationTable& table, int iFirst,
                   bool bWhole = true);
