@@ -1,5 +1,6 @@
 /// Lists of the documents are whole: the labels of the tests, the fuzz programs, the benchmarks,
-/// the files of the built-in method, the columns of its tables.
+/// the files of the built-in method, the engines, the colours, the columns of the details and of
+/// the programs' tables, the variables of the environment.
 #include <gtest/gtest.h>
 
 #include <filesystem>

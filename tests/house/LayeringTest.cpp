@@ -76,7 +76,7 @@ TEST(Floors, EveryFolderIsKnown)
         EXPECT_TRUE(FloorsGet().contains(FolderGet(pthFile))) << pthFile;
 }
 
-/// Of the two that the document tells otherwise, "engine" has two rows and "app" is "everything".
+/// "engine" has two rows there, which EnginesKnowDecksAlone checks; "app" may include everything.
 TEST(Floors, OfTheDocumentAreThese)
 {
     const std::string sDocument = BytesRead(DOCS_FOLDER "/architecture.md");
