@@ -28,8 +28,8 @@ bool RangeCheck(const Place& place, const char* sKey, const std::string& sText, 
 {
     if (bInRange)
         return true;
-    const std::string sFault = AirMailIniPlaceGet(place.sSection, sKey) + ": "
-                               + TextPrintable(sText) + " lies out of range";
+    const std::string sFault =
+        AirMailIniPlaceGet(place.sSection, sKey) + ": " + TextPrintable(sText) + " is out of range";
     if (psFault && psFault->empty())
         *psFault = sFault;
     return MessageFail(paMessages, MsgIcon::Exclamation, sFault);

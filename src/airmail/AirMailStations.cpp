@@ -166,7 +166,7 @@ Result<bool> AirMailStationPosition(const std::string& sSystem, const std::strin
     if (!PositionInRange(dLat, dLon)) {
         const std::string sFault = AirMailPathGet(AirMailDataFolderGet(), StationFileName(sSystem))
                                    + ", [" + kSection + "] " + sKey + ": "
-                                   + TextPrintable(*entry.sGrid) + " lies out of range";
+                                   + TextPrintable(*entry.sGrid) + " is out of range";
         if (psFault)
             *psFault = sFault;
         return MessageFail(bShowError ? &aMessages : nullptr, MsgIcon::Exclamation, sFault);

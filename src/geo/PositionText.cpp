@@ -28,7 +28,7 @@ std::string_view Trimmed(std::string_view sText)
 
 std::string Quoted(std::string_view sText) { return "\"" + TextForMessage(Trimmed(sText)) + "\""; }
 
-RunError NoPosition(std::string_view sText) { return {Quoted(sText) + " is no position"}; }
+RunError NoPosition(std::string_view sText) { return {Quoted(sText) + " is not a position"}; }
 
 const char* NameOf(PositionAxis eAxis)
 {

@@ -44,7 +44,7 @@ private:
         sField = m_sText.substr(m_n, nEnd - m_n);
         m_n = nEnd;
         return sField.find('"') == std::string::npos
-               || Fail("a quote stands inside a field that is not quoted");
+               || Fail("there is a quote inside a field that is not quoted");
     }
     bool QuotedTake(std::string& sField)
     {
@@ -57,7 +57,7 @@ private:
             if (m_n >= m_sText.size() || m_sText[m_n] != '"')
                 return m_n >= m_sText.size()
                        || std::string_view(",\r\n").find(m_sText[m_n]) != std::string_view::npos
-                       || Fail("something stands behind a closing quote");
+                       || Fail("there is text after a closing quote");
             sField += '"';
         }
         return Fail("a quote is not closed");

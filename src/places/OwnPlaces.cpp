@@ -74,7 +74,7 @@ Result<void> FrequenciesRead(const std::string& sText, std::vector<float>& afFre
     std::string sLeftOut;
     afFrequency = OwnFrequenciesGet(sText, &sLeftOut);
     if (!sLeftOut.empty())
-        return RunError{"\"" + TextForMessage(sLeftOut) + "\" is no frequency from "
+        return RunError{"\"" + TextForMessage(sLeftOut) + "\" is not a frequency from "
                         + NumberToText(kOwnFrequencyLeast) + " to "
                         + NumberToText(kOwnFrequencyMost) + " kHz"};
     if (afFrequency.size() > kOwnFrequenciesMost)
@@ -198,7 +198,7 @@ bool RowsEqual(const OwnPlaceList& listA, const OwnPlaceList& listB)
 RunError Refused(std::string_view sFile, const std::string& sWhy)
 {
     return RunError{"Cannot read " + std::string(sFile) + ": " + sWhy
-                    + ". It is left as it is; mend it or move it away."};
+                    + ". It is left as it is; repair it or move it away."};
 }
 
 }  // namespace
@@ -215,7 +215,7 @@ Result<OwnPlace> OwnPlaceMake(OwnPlaceTexts texts)
         return resPosition.ErrorGet();
     const PositionRead& pos = resPosition.ValueGet();
     if (!pos.dLat || !pos.dLon)
-        return RunError{"\"" + TextForMessage(texts.sPosition) + "\" is no position"};
+        return RunError{"\"" + TextForMessage(texts.sPosition) + "\" is not a position"};
     if (auto res = FrequenciesRead(texts.sFrequencies, row.place.afFrequency); !res)
         return res.ErrorGet();
     row.place.eKind = PlaceKind::Own;
@@ -288,7 +288,7 @@ Result<std::string> OwnPlacesText(const OwnPlaceList& list)
     if (!resRead)
         return resRead.ErrorGet();
     if (!RowsEqual(resRead.ValueGet(), list))
-        return RunError{"a line with a lost quote changes what stands behind it"};
+        return RunError{"a line with a missing quote changes the lines after it"};
     return sText;
 }
 

@@ -123,7 +123,7 @@ Result<SunSpotForecast> ForecastFileParse(std::string_view sBytes)
     if (asLine[0] != kHead)
         return RunError{"it is of another kind"};
     if (!OriginRead(asLine[1], forecast))
-        return RunError{"line 2 names no source and date"};
+        return RunError{"line 2 has no source and date"};
     for (std::size_t n = 2; n < nLast; ++n)
         if (const auto res = MonthRead(asLine[n], forecast); !res)
             return RunError{"line " + NumberToText(static_cast<int>(n) + 1) + ": " + res.TextGet()};

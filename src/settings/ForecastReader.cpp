@@ -91,8 +91,7 @@ Result<SunSpotForecast> FluxTake(const Result<ForecastFlux>& resFlux, const Date
         return Refused(resFlux.TextGet());
     const ForecastFlux& flux = resFlux.ValueGet();
     if (DayBoundaries(dtToday, flux.dtDay) > 1)  // time zones can differ by a day
-        return Refused(
-            "the bulletin of WWV is of a day to come. Check the date of this computer's clock");
+        return Refused("WWV's bulletin has a future date. Check the date of this computer's clock");
     SunSpotForecast forecast;
     forecast.eSource = ForecastSource::Wwv;
     forecast.eDating = ForecastDating::Issued;
@@ -184,13 +183,12 @@ Result<void> ForecastMonthAdd(ForecastMonths& aMonths, const ForecastMonth& mont
         if (itAt->dValue == month.dValue)
             return {};  // a repeated line
         return RunError{MonthName(month) + " has two numbers, " + ForecastNumberText(itAt->dValue)
-                        + " and " + ForecastNumberText(month.dValue)
-                        + ". Paste one forecast alone"};
+                        + " and " + ForecastNumberText(month.dValue) + ". Paste only one forecast"};
     }
     if ((itAt != aMonths.end() && JumpIs(month, *itAt))
         || (itAt != aMonths.begin() && JumpIs(*(itAt - 1), month)))
         return RunError{"the number " + ForecastNumberText(month.dValue) + " of " + MonthName(month)
-                        + " does not go with those of the months beside it. Request the forecast "
+                        + " does not fit those of the months next to it. Request the forecast "
                           "again"};
     aMonths.insert(itAt, month);
     return {};
@@ -199,7 +197,7 @@ Result<void> ForecastMonthAdd(ForecastMonths& aMonths, const ForecastMonth& mont
 Result<SunSpotForecast> ForecastFromText(std::string_view sText, const DateTime& dtToday)
 {
     if (sText.size() > kForecastTextMost)
-        return Refused("the text is longer than 256 KB. Paste the reply alone");
+        return Refused("the text is longer than 256 KB. Paste only the reply");
     const std::string sClean = TextClean(sText);
     if (sClean.find_first_not_of(" \n") == std::string::npos)
         return Refused("the text is empty. Paste the reply, or open its file");

@@ -35,7 +35,7 @@ Result<void> RowAdd(ForecastMonths& aMonths, const std::vector<std::string_view>
     const auto resValue =
         asWord.size() < kRowLeast ? RunError{""} : NumberFromText(asWord[kRowLeast - 1]);
     if (!resValue || (asWord.size() == kRowMost && !NumberFromText(asWord[kRowMost - 1])))
-        return RunError{"the row of " + sMonth + " is no row of numbers. Paste the reply again"};
+        return RunError{"the row of " + sMonth + " is not a row of numbers. Paste the reply again"};
     const ForecastMonth month{*ForecastWhole(asWord[0], 4), *ForecastWhole(asWord[1], 2),
                               resValue.ValueGet()};
     constexpr double kTolerance = 0.01;  // years

@@ -7,10 +7,7 @@
 
 namespace {
 
-RunError Twice()
-{
-    return RunError{"it holds several bulletins of WWV. Paste the latest one alone"};
-}
+RunError Twice() { return RunError{"it has several WWV bulletins. Paste only the latest one"}; }
 
 /// The day in ":Issued: 2026 Nov 21 1505 UTC", from the words after the label.
 std::optional<DateTime> IssuedRead(const std::vector<std::string_view>& asWord, std::size_t nFirst)
@@ -41,7 +38,7 @@ Result<DateTime> IssuedGet(const std::vector<std::string_view>& asWord)
     }
     if (!optIssued)
         return RunError{
-            "the bulletin of WWV has no day of issue (\":Issued:\"). Paste the whole bulletin, "
+            "WWV's bulletin has no day of issue (\":Issued:\"). Paste the whole bulletin, "
             "with its header"};
     return *optIssued;
 }
@@ -63,7 +60,7 @@ std::optional<Result<ForecastFlux>> ForecastWwvRead(std::string_view sText)
         // Without the next word the number may be cut.
         if (n + 3 >= asWord.size() || !TextEqualNoCase(asWord[n + 3], "and"))
             return RunError{
-                "the bulletin of WWV is cut behind \"Solar flux\". Paste the whole "
+                "WWV's bulletin is cut after \"Solar flux\". Paste the whole "
                 "bulletin"};
         if (optFlux && *optFlux != resFlux.ValueGet())
             return Twice();

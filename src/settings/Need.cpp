@@ -43,7 +43,7 @@ Result<void> NeedCheck(const Need& need)
     if (CountGet(need.sSource) > kNeedSourceMost)
         return RunError{sCannot + "its source is longer than 120 characters. Shorten it."};
     if (NumberFromText(need.sName))
-        return RunError{sCannot + "a number is no name. Add a word."};
+        return RunError{sCannot + "a number is not a name. Add a word."};
     if (!kRangeNeed.Holds(need.fSnr))
         return RunError{sCannot + "its ratio of " + RangeFaultText(need.fSnr, kRangeNeed)
                         + " dB in 1 Hz. Type another one."};

@@ -255,7 +255,7 @@ TEST_F(AirMailPosition, APlaceOutOfRangeCountsAsNoneAndIsNamed)
     EXPECT_TRUE(
         sFault.ends_with("Airmail.ini, [Position Report] Current Latitude: "
                          "89\xC2\xB0"
-                         "70.00'N lies out of range"))
+                         "70.00'N is out of range"))
         << sFault;
 }
 

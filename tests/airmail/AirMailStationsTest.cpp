@@ -328,7 +328,7 @@ TEST_F(AirMailStations, APositionOutOfRangeIsNone)
     EXPECT_EQ(dLat, 1.0);
     EXPECT_EQ(dLon, 2.0);
     EXPECT_TRUE(msg.m_aShown.empty());
-    EXPECT_TRUE(sFault.ends_with("System.HAM.ini, [Station Info] XX1: ZZ99 lies out of range"))
+    EXPECT_TRUE(sFault.ends_with("System.HAM.ini, [Station Info] XX1: ZZ99 is out of range"))
         << sFault;
     EXPECT_FALSE(AirMailStationPosition("HAM", "XX1", dLat, dLon, true, Told()).ValueGet());
     ASSERT_EQ(msg.m_aShown.size(), 1U);

@@ -276,12 +276,11 @@ TEST_F(HopcastPredictAirmail, AnUnknownStationOrABadOneIsAClearError)
     };
     EXPECT_EQ(
         Error("ham:NOBODY"),
-        "hopcast-predict: --tx: Airmail's list \"ham\" holds no station \"NOBODY\" (data folder "
+        "hopcast-predict: --tx: Airmail's list \"ham\" has no station \"NOBODY\" (data folder "
         "\"C:\\Program Files\\AirMail\")\n");
-    EXPECT_EQ(
-        Error("cb:XX2MIA"),
-        "hopcast-predict: --tx: Airmail's list \"cb\" holds no station \"XX2MIA\" (data folder "
-        "\"C:\\Program Files\\AirMail\")\n");
+    EXPECT_EQ(Error("cb:XX2MIA"),
+              "hopcast-predict: --tx: Airmail's list \"cb\" has no station \"XX2MIA\" (data folder "
+              "\"C:\\Program Files\\AirMail\")\n");
     EXPECT_EQ(Error("ham:XX6OLD"), "hopcast-predict: --tx: Invalid procedure call or argument\n");
     EXPECT_EQ(Error("ham:XX5BAD"),
               "hopcast-predict: --tx: Unable to Convert Grid FN4 to Lat/Lon\n");
@@ -432,7 +431,7 @@ TEST_F(HopcastPredictAirmail, WhatIsOutOfRangeIsRefusedWithFileAndKey)
     EXPECT_EQ(res.nStatus, 1);
     EXPECT_EQ(res.sError,
               "hopcast-predict: C:\\Program Files\\AirMail\\Airmail.ini, [Position Report] Current "
-              "Latitude: 95°00.00'N lies out of range\n");
+              "Latitude: 95°00.00'N is out of range\n");
     EXPECT_FALSE(fs::exists(m_tmp.Path("root/deck")));
 }
 

@@ -62,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(
             "longitude_181", {"--rc", "0,-181"}, "--rc: longitude -181 lies outside -180 to 180"},
         BadCase{"position_word",
                 {"--rc", "home"},
-                "--rc: \"home\" is no position; give LAT,LON in degrees (38,-122), "
+                "--rc: \"home\" is not a position; give LAT,LON in degrees (38,-122), "
                 "38°30.00'N,122°15.00'W, a grid square (FN42), airmail or a station (ham:KEY)"},
         BadCase{"month_0", {"--month", "0"}, "--month: \"0\" is not a month, 1 to 12"},
         BadCase{"month_13", {"--month=13"}, "--month: \"13\" is not a month, 1 to 12"},

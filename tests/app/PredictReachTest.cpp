@@ -215,7 +215,7 @@ TEST_F(PredictReach, WithoutANeedOneIsTakenAndNamed)
     const ProgramResult res = ReachRun("places", asHour);
     ASSERT_EQ(res.nStatus, 0) << res.sError;
     EXPECT_TRUE(res.sError.starts_with(
-        "hopcast-predict: No need is given; taken is E-mail, normal: 40 dB in 1 Hz\n"))
+        "hopcast-predict: No need is given; using E-mail, normal: 40 dB in 1 Hz\n"))
         << res.sError;
     Words asNeed = asHour;
     asNeed.insert(asNeed.end(), {"--need", "e-mail, NORMAL"});
@@ -225,7 +225,7 @@ TEST_F(PredictReach, WithoutANeedOneIsTakenAndNamed)
     m_tmp.Write("boat.ini", "[Need Data]\nSelected=SSB, clear\n");
     EXPECT_TRUE(ReachRun("places", asHour)
                     .sError.starts_with(
-                        "hopcast-predict: No need is given; taken is SSB, clear: 55 dB in 1 Hz\n"));
+                        "hopcast-predict: No need is given; using SSB, clear: 55 dB in 1 Hz\n"));
 }
 
 TEST_F(PredictReach, WithoutAirmailMyPlacesAreThere)
@@ -251,7 +251,7 @@ TEST_F(PredictReach, WhereNoPlaceIsLeftTheStatusIs1AndNothingIsPrinted)
         EXPECT_EQ(res.nStatus, 1);
         EXPECT_EQ(res.sOut, "");
         EXPECT_TRUE(
-            res.sError.ends_with("hopcast-predict: The lists hold no place that can be used.\n"))
+            res.sError.ends_with("hopcast-predict: The lists have no place that can be used.\n"))
             << res.sError;
     };
     Fails(ReachRun("places", {}));
@@ -289,7 +289,7 @@ TEST_F(PredictReach, APlaceWhosePredictionFailsIsNamedAndTheOthersStay)
     ASSERT_EQ(aRow.size(), 1U);
     EXPECT_EQ(aRow[0].at("key"), "Home");
     EXPECT_EQ(res.sError,
-              "hopcast-predict: 1 place cannot be used: places Bare (No frequency lies within the "
+              "hopcast-predict: 1 place cannot be used: places Bare (No frequency is within the "
               "engine's range.)\n");
 }
 

@@ -567,7 +567,7 @@ TEST(AntennaFile, WhatCannotBeUsedIsTold)
     EXPECT_EQ(AntennaRead("x\n3\n1.0\n13\n0\n").TextGet(),
               "antenna type 13 is not known, only 11 (91 gains)");
     EXPECT_EQ(AntennaRead("x\n3\n1.0\n11\n0\n 1.0 2.0\n").TextGet(),
-              "antenna file with less than 91 gains");
+              "antenna file with fewer than 91 gains");
     EXPECT_EQ(AntennaRead("x\n3\n1.0\n11\n0\n 1.0 abc\n").TextGet(),
               "antenna file line 6 is not made of numbers");
     EXPECT_EQ(AntennaRead("").TextGet(), "no gain and type in lines 3 and 4 of the antenna file");

@@ -176,7 +176,7 @@ INSTANTIATE_TEST_SUITE_P(All, PastedRefused,
 
 TEST(PositionText, SaysWhyAPastedTextIsRefused)
 {
-    EXPECT_EQ(PositionFromText(" north\n", kLat).TextGet(), "\"north\" is no position");
+    EXPECT_EQ(PositionFromText(" north\n", kLat).TextGet(), "\"north\" is not a position");
     EXPECT_EQ(PositionFromText("99.5", kLat).TextGet(), "latitude 99.5° lies beyond 90°");
     EXPECT_EQ(PositionFromText("24.5, -181.5", kLat).TextGet(),
               "longitude -181.5° lies beyond 180°");

@@ -43,8 +43,8 @@ TEST(CsvRows, ThatBreakTheRulesAreOneLineAndTheNextIsReadAgain)
         const char* sFault;
     };
     for (const Case& c : {Case{"a,\"b", "a quote is not closed"},
-                          Case{"a,\"b\"c", "something stands behind a closing quote"},
-                          Case{"a b\"c", "a quote stands inside a field that is not quoted"}}) {
+                          Case{"a,\"b\"c", "there is text after a closing quote"},
+                          Case{"a b\"c", "there is a quote inside a field that is not quoted"}}) {
         const auto aRow = RowsGet("x,y\n" + std::string(c.sLine) + "\nz,w\n");
         ASSERT_EQ(aRow.size(), 3U) << c.sLine;
         EXPECT_EQ(aRow[1].sRaw, c.sLine);

@@ -44,7 +44,7 @@ TEST(OwnPlacesFile, OfAnotherKindIsToldWithItsNameAndNotOverwrittenUnseen)
     folder.Write("boat.places.csv", "a;b\n");
     EXPECT_EQ(OwnPlacesLoad(folder.Path("boat.ini")).TextGet(),
               "Cannot read " + folder.Path("boat.places.csv")
-                  + ": line 1 is not \"name,position,frequencies,note\". It is left as it is; mend "
+                  + ": line 1 is not \"name,position,frequencies,note\". It is left as it is; repair "
                     "it or move it away.");
     folder.Write("huge.places.csv", std::string(kOwnPlacesBytesMost + 1, 'x'));
     EXPECT_NE(OwnPlacesLoad(folder.Path("huge.ini")).TextGet().find("it is larger than 4 MB"),

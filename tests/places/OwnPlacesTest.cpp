@@ -62,10 +62,10 @@ TEST(OwnPlaces, RowsThatCannotBeUsedAreToldByTheirLine)
     for (const Case& c :
          {Case{"x,1N 2E,", "it has 3 columns, not 4"},
           Case{"x,1N 2E,,,", "it has 5 columns, not 4"}, Case{",1N 2E,,", "it has no name"},
-          Case{"x,1N,,", "\"1N\" is no position"}, Case{"x,,,", "\"\" is no position"},
+          Case{"x,1N,,", "\"1N\" is not a position"}, Case{"x,,,", "\"\" is not a position"},
           Case{"x,91N 2E,,", "latitude 91° lies beyond 90°"},
-          Case{"x,1N 2E,7103 daily,", "\"daily\" is no frequency from 1600 to 30000 kHz"},
-          Case{"x,1N 2E,45000,", "\"45000\" is no frequency from 1600 to 30000 kHz"},
+          Case{"x,1N 2E,7103 daily,", "\"daily\" is not a frequency from 1600 to 30000 kHz"},
+          Case{"x,1N 2E,45000,", "\"45000\" is not a frequency from 1600 to 30000 kHz"},
           Case{"x\xFF,1N 2E,,", "its name is not UTF-8"},
           Case{"x,1N 2E,,\"", "a quote is not closed"}}) {
         const OwnPlaceList list = ListOf(kHead + "\na,5N 6E,,\n" + c.sRow + "\nb,7N 8E,,");
@@ -199,7 +199,7 @@ TEST(OwnPlaces, ArePastedFromMixedTextsRowByRow)
     ASSERT_EQ(aFaults.size(), 2U);
     EXPECT_EQ(aFaults[0].sWhere, "line 1");
     EXPECT_EQ(aFaults[1].sWhere, "line 7") << "of a table, so its lost quote swallows nothing";
-    EXPECT_EQ(aFaults[1].sWhy, "\"\"9\" is no frequency from 1600 to 30000 kHz");
+    EXPECT_EQ(aFaults[1].sWhy, "\"\"9\" is not a frequency from 1600 to 30000 kHz");
 }
 
 TEST(OwnPlaces, AreReadBehindAnyNumberOfBlankLines)

@@ -120,7 +120,7 @@ TEST(ForecastFile, RightHashOverAWrongLineIsToldWithItsNumber)
     forecast = NoaaMake();
     forecast.dtDay.nDay = 31;
     EXPECT_EQ(ForecastFileParse(ForecastFileText(forecast)).TextGet(),
-              "line 2 names no source and date");
+              "line 2 has no source and date");
 }
 
 TEST(ForecastFile, DamagedFileIsToldWithItsNameAndWhatToDo)

@@ -148,7 +148,7 @@ const char* const kNone =
     "none was found. Paste the whole reply: NOAA's predicted solar cycle (JSON), SILSO's forecast "
     "(KFprediCM) or a bulletin of WWV.";
 const char* const kDamaged = "NOAA's forecast is damaged. Request it again.";
-const char* const kTwice = "it holds several bulletins of WWV. Paste the latest one alone.";
+const char* const kTwice = "it has several WWV bulletins. Paste only the latest one.";
 
 std::vector<BadText> BadNoaa()
 {
@@ -168,10 +168,10 @@ std::vector<BadText> BadNoaa()
         {"NoaaNegative", Replaced(Noaa(), "90.2", "-90.2"),
          "the number -90.2 of 2026-10 lies outside 0 to 350. Request the forecast again."},
         {"NoaaJump", Replaced(Noaa(), "87.9", "187.9"),
-         "the number 187.9 of 2026-11 does not go with those of the months beside it. Request the "
+         "the number 187.9 of 2026-11 does not fit those of the months next to it. Request the "
          "forecast again."},
         {"NoaaTwoNumbersForAMonth", Replaced(Noaa(), "2026-12", "2026-11"),
-         "2026-11 has two numbers, 87.9 and 85.6. Paste one forecast alone."},
+         "2026-11 has two numbers, 87.9 and 85.6. Paste only one forecast."},
         {"NoaaFluxAlone", Replaced(Noaa(), "predicted_ssn", "predicted_xxx"), kDamaged},
         {"NoaaNumberAsText", Replaced(Noaa(), sFirst, "\"predicted_ssn\": \"90.2\""), kDamaged},
         {"NoaaNull", Replaced(Noaa(), sFirst, "\"predicted_ssn\": null"), kDamaged},
@@ -201,13 +201,13 @@ std::vector<BadText> BadSilso()
         {"SilsoMissingValue", Replaced(Silso(), "89.1", "-1.0"),
          "the number -1 of 2026-11 lies outside 0 to 350. Request the forecast again."},
         {"SilsoDecimalComma", Replaced(Silso(), "89.1", "89,1"),
-         "the row of 2026 11 is no row of numbers. Paste the reply again."},
+         "the row of 2026 11 is not a row of numbers. Paste the reply again."},
         {"SilsoRowCut", Replaced(Silso(), "   89.1   5.9", ""),
-         "the row of 2026 11 is no row of numbers. Paste the reply again."},
+         "the row of 2026 11 is not a row of numbers. Paste the reply again."},
         {"SilsoOneRowThatMayBeCut", "2026 11 2026.873   89.1",
          "the only row of SILSO's forecast may be cut. Paste the whole reply."},
         {"SilsoTwoNumbersForAMonth", Silso() + "2026 11 2026.873   89.3   5.9\n",
-         "2026-11 has two numbers, 89.1 and 89.3. Paste one forecast alone."},
+         "2026-11 has two numbers, 89.1 and 89.3. Paste only one forecast."},
     };
 }
 
@@ -220,15 +220,15 @@ std::vector<BadText> BadOthers()
         {"Prose", "The solar flux is high today, 2026 11 21.\n", kNone},
         {"Page", "<html><body>404 not found</body></html>", kNone},
         {"TooLong", std::string(kForecastTextMost + 1, ' '),
-         "the text is longer than 256 KB. Paste the reply alone."},
+         "the text is longer than 256 KB. Paste only the reply."},
         {"WwvWithoutItsHeader", Wwv().substr(Wwv().find("# Prep")),
-         "the bulletin of WWV has no day of issue (\":Issued:\"). Paste the whole bulletin, with "
+         "WWV's bulletin has no day of issue (\":Issued:\"). Paste the whole bulletin, with "
          "its "
          "header."},
         {"WwvDayThatIsNone", Replaced(Wwv(), "Nov 21", "Nov 31"),
          "the bulletin's day of issue cannot be read. Paste it again."},
         {"WwvCutInTheNumber", Wwv().substr(0, Wwv().find("23 and")),
-         "the bulletin of WWV is cut behind \"Solar flux\". Paste the whole bulletin."},
+         "WWV's bulletin is cut after \"Solar flux\". Paste the whole bulletin."},
         {"WwvTenths", Replaced(Wwv(), "flux 123", "flux 1230"),
          "the solar flux 1230 lies outside 60 to 370. Request the bulletin again."},
         {"WwvNought", Replaced(Wwv(), "flux 123", "flux 0"),
@@ -236,7 +236,7 @@ std::vector<BadText> BadOthers()
         {"WwvTwoFluxes", Wwv() + Replaced(Wwv(), "flux 123", "flux 125"), kTwice},
         {"WwvTwoDays", Wwv() + Replaced(Wwv(), "Nov 21", "Nov 20"), kTwice},
         {"WwvOfADayToCome", Replaced(Wwv(), "Nov 21", "Nov 23"),
-         "the bulletin of WWV is of a day to come. Check the date of this computer's clock."},
+         "WWV's bulletin has a future date. Check the date of this computer's clock."},
     };
 }
 

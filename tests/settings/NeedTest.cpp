@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(
             "or change that one."},
         BadNeed{"Number",
                 {"40", 40.0F, ""},
-                "Cannot keep the need \"40\": a number is no name. Add a word."},
+                "Cannot keep the need \"40\": a number is not a name. Add a word."},
         BadNeed{"TooHigh",
                 {"x", 150.5F, ""},
                 "Cannot keep the need \"x\": its ratio of 150.5 lies outside -50 to 150 dB in 1 "

@@ -38,7 +38,7 @@ Result<PredictPosition> StationPlaceGet(const std::string& sSystem, const std::s
 {
     PredictPosition pos;
     if (AirMailIniGet("System." + sSystem + ".ini", "Station Info", sKey, nullptr).empty())
-        return RunError{"Airmail's list \"" + TextForMessage(sSystem) + "\" holds no station \""
+        return RunError{"Airmail's list \"" + TextForMessage(sSystem) + "\" has no station \""
                         + TextForMessage(sKey) + "\" (data folder \""
                         + TextForMessage(AirMailDataFolderGet()) + "\")"};
     Messages aMessages;
@@ -74,14 +74,14 @@ Result<PredictPosition> PredictPositionGet(std::string_view sText)
                                    std::string(TextTrim(sText.substr(nColon + 1))));
         const auto posSquare = GridSquareFromText(sText);
         if (!posSquare)
-            return RunError{"\"" + TextForMessage(sText) + "\" is no position; " + kForms};
+            return RunError{"\"" + TextForMessage(sText) + "\" is not a position; " + kForms};
         pos.dLat = *posSquare->dLat;
         pos.dLon = *posSquare->dLon;
         return pos;
     }
     if (!AngleRead(sText.substr(0, nComma), PositionAxis::Latitude, pos.dLat)
         || !AngleRead(sText.substr(nComma + 1), PositionAxis::Longitude, pos.dLon))
-        return RunError{"\"" + TextForMessage(sText) + "\" is no position; " + kForms};
+        return RunError{"\"" + TextForMessage(sText) + "\" is not a position; " + kForms};
     if (!kRangeLatitude.Holds(pos.dLat))
         return RunError{"latitude " + RangeFaultText(pos.dLat, kRangeLatitude)};
     if (!kRangeLongitude.Holds(pos.dLon))

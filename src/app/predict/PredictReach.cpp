@@ -157,7 +157,7 @@ ReachAsked AskedGet(const PredictOptions& options, const Settings& settings,
 
 std::optional<std::string> NoneLeft()
 {
-    MsgBox(MsgIcon::Exclamation, "The lists hold no place that can be used.");
+    MsgBox(MsgIcon::Exclamation, "The lists have no place that can be used.");
     return std::nullopt;
 }
 
@@ -196,7 +196,7 @@ std::optional<std::string> PredictReachGet(const PredictOptions& options, const 
     const Need need =
         options.need ? *options.need : NeedInForce(settings.m_aNeed, settings.m_sNeedSelected);
     if (!options.need && !found.aPlaces.empty())
-        MsgBox(MsgIcon::Info, "No need is given; taken is " + PredictNeedText(need));
+        MsgBox(MsgIcon::Info, "No need is given; using " + PredictNeedText(need));
     Reach reach(AskedGet(options, settings, eSunSpotSource, need), std::move(found.aPlaces));
     if (!reach.PlacesGet().empty())
         PlacesPredict(pEngine, reach);

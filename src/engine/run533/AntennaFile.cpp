@@ -87,7 +87,7 @@ Result<AntennaLoaded> AntennaRead(std::string_view sText)
         }
     }
     if (nGains < antennaLoaded.antenna.aGain.size())
-        return RunError{"antenna file with less than 91 gains"};
+        return RunError{"antenna file with fewer than 91 gains"};
     return antennaLoaded;
 }
 

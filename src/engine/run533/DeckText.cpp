@@ -38,7 +38,7 @@ void CardReader::EndCheck(Field fld)
 {
     const std::string_view sAcross = TextColumns(m_sLine, fld.nCol + fld.nWidth - 1, 2);
     if (sAcross.size() == 2 && sAcross.find_first_of(" \t") == std::string_view::npos)
-        Fail(fld, "the text runs on behind these columns");
+        Fail(fld, "the text continues after these columns");
 }
 
 double CardReader::NumberGet(Field fld, double dLeast, double dMost)

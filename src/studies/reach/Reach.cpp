@@ -54,7 +54,7 @@ std::string FailureTextGet(const Prediction& prediction)
 {
     if (!prediction.aFailures.empty())
         return prediction.aFailures.back().sText;
-    return "No frequency lies within the engine's range.";
+    return "No frequency is within the engine's range.";
 }
 
 bool AnyPresent(const PropagationTable& table)

@@ -39,7 +39,7 @@ TEST(FrmMainEntry, StatusLineSaysWhyAPasteIsRefusedUntilTheNextKey)
     QTest::keySequence(frm.txtLat0, QKeySequence::Paste);
     EXPECT_TRUE(frm.lblTrouble->isVisible());
     EXPECT_TRUE(frm.lblTrouble->toolTip().startsWith(
-        QStringLiteral("Not pasted: \"somewhere\" is no position. ")))
+        QStringLiteral("Not pasted: \"somewhere\" is not a position. ")))
         << frm.lblTrouble->toolTip().toStdString();
     QTest::keyClicks(frm.txtLat0, QStringLiteral("1"));
     EXPECT_FALSE(frm.lblTrouble->isVisible());
