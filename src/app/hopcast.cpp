@@ -51,7 +51,7 @@ constexpr const char* kHelp =
     "\n"
     "Predictions are monthly medians of the short path. Hours are Zulu (UTC) unless local time\n"
     "is chosen. A new installation takes the sunspot number from the mean of past cycles and\n"
-    "counts with 100 W. With REC533 the antenna choices mean other things than with VOACAP and\n"
+    "assumes 100 W. With REC533 the antenna choices mean something else than with VOACAP and\n"
     "ICEPAC: see their tooltip. The key F1 opens the guide.\n";
 
 struct Options {

@@ -26,28 +26,28 @@ Columns of csv, and keys of json with null where there is no value:
   utc                     hour of UTC, 0 to 23
   muf_khz                 highest usable frequency of the hour, kHz
   luf_khz                 lowest usable frequency of the hour, for the power of the antenna choice, kHz
-  khz                     frequency, kHz; of a station in a list: its frequencies, separated by blanks
+  khz                     frequency, kHz; for a station in a list: its frequencies, separated by blanks
   mode                    hops and layer, a text of the engine
   takeoff_deg             takeoff angle, degrees
-  delay_ms                delay of the signal, ms; csv: -1 where the engine does not tell it
-  height_km               virtual height of the reflection, km; csv: -1 where it is not told
+  delay_ms                delay of the signal, ms; csv: -1 if the engine does not give it
+  height_km               virtual height of the reflection, km; csv: -1 if not given
   signal_dbw              signal at the receiver, dBW
   noise_dbw               noise at the receiver, dBW in 1 Hz
   snr_db                  signal-to-noise ratio, dB in 1 Hz; csv: -99, -999 or -999.9 for none
-  engine                  text: who computed
+  engine                  text: the engine that computed it
   month                   month, 1 to 12
   ssn                     smoothed sunspot number
   ssn_source              text: given, Airmail, mean cycle, NOAA forecast, SILSO forecast or WWV
   power_w                 power of the transmitter, W
   coefficients            text: the maps of the ionosphere
-  rel                     share of the days with 40 dB, 0 to 1, for the power of the antenna choice
-  snr_lower_db            dB from the median SNR down to what nine days in ten exceed
-  snr_upper_db            dB from the median SNR up to what one day in ten exceeds
+  rel                     fraction of the days with 40 dB, 0 to 1, for the power of the antenna choice
+  snr_lower_db            dB from the median SNR down to the value exceeded on nine days in ten
+  snr_upper_db            dB from the median SNR up to the value exceeded on one day in ten
   margin_db               snr_db less the need, dB; negative: too weak
 Columns of --compare, with utc and khz:
   snr_db_A                dB in 1 Hz, as snr_db, by the engine of --model
   snr_db_B                dB in 1 Hz by the one of --compare
-  difference_db           A less B, dB; empty where one of them has none
+  difference_db           A less B, dB; empty if one of them has none
 Columns of areas and stations:
   lat                     latitude, degrees, north positive
   lon                     longitude, degrees, east positive
@@ -60,7 +60,7 @@ Further keys of json:
   model                   text: engine
   year                    year of the run
   azimuth_tx_rc           direction from the transmitter to the receiver, degrees from north
-  azimuth_rc_tx           the one back, degrees from north
+  azimuth_rc_tx           direction from the receiver to the transmitter, degrees from north
 )";
 
 }  // namespace
@@ -78,14 +78,14 @@ Usage:
   hopcast-predict [--model NAME] --compare NAME [--tx POS] [--rc POS] [--need dB|NAME] [OPTIONS]
 
 The first form predicts the signal-to-noise ratio from a transmitter to a receiver for the 24 hours
-of the day; the second the one around the receiver (--rc) over an area, for one hour and frequency;
-the third the same for all hours and frequencies. The fourth tells which stations can be heard at
-the receiver, when and on which frequency; the fifth which stations there are.
-The sixth predicts the path of the first by two engines.
-Without --profile no profile is read: settings that no option gives have their defaults, and the
+of the day; the second, from the receiver (--rc) over an area, for one hour and frequency;
+the third the same for all hours and frequencies. The fourth shows which stations can be heard at
+the receiver, when and on which frequency; the fifth lists the stations.
+The sixth predicts a path with two engines.
+Without --profile no profile is read: settings without an option have their defaults, and the
 sunspot number is Airmail's unless --ssn gives it. The forecast and My places are files beside the
-profile: beside the named one, else beside the one that the window program takes by itself. Only the
-short path is predicted.
+profile: beside the given one, or else beside the one that the window program uses by default. Only
+the short path is predicted.
 
 Positions (POS):
   LAT,LON                 decimal degrees, north and east positive: 38,-122
@@ -95,26 +95,26 @@ Positions (POS):
   SYSTEM:KEY              a station of Airmail's lists: ham:KEY, sailmail:KEY
 
 Circuit:
-  --profile FILE          take the settings of a profile, which must exist; other options replace
-                          them, wherever they stand
+  --profile FILE          use the settings of a profile, which must exist; other options override
+                          them, in any order
   --tx POS                transmitter
   --rc POS                receiver; the fixed end of an area
   --frequencies kHz,...   up to 15 frequencies, 100 to 45000 kHz each
-  --need dB|NAME          what the contact needs: dB in 1 Hz, -50 to 150, or a name of the settings'
+  --need dB|NAME          what the contact needs: dB in 1 Hz, -50 to 150, or a name from the settings'
                           list ("E-mail, normal"); the table marks the cells that meet it with *,
                           csv and json get margin_db
 
 Engine:
   --model NAME            icepac, voacap or rec533 (default rec533)
   --compare NAME          a second engine for the same path at the same power: csv of both and the
-                          difference; how far they agree in the cells that are open for the need is
-                          told apart
+                          difference; standard error shows how far they agree in the cells that are
+                          open for the need
   --month 1-12            month (default: the current one)
   --ssn N                 smoothed sunspot number, 0 to 311; or airmail: Airmail's (the default
-                          without a profile); or forecast: the one kept beside the profile where it
+                          without a profile); or forecast: the one kept beside the profile if it
                           covers the month, else the mean of past cycles
-  --ssn-file FILE         --ssn forecast by the text in FILE: NOAA's predicted solar cycle (JSON),
-                          SILSO's KFprediCM or a bulletin of WWV
+  --ssn-file FILE         --ssn forecast from the text in FILE: NOAA's predicted solar cycle (JSON),
+                          SILSO's KFprediCM or a WWV bulletin
 )") + OptionLines(OptionGroup::Engine)
            + R"(                          --antenna with ICEPAC and VOACAP:
                           0 ideal with gain 100 W; 1 station with gain 100 W, boat with whip; 2 whips 5 kW
@@ -130,16 +130,16 @@ Area:
   --hour 0-23             UT hour
   --frequency kHz         frequency
 )" + OptionLines(OptionGroup::Area)
-           + R"(  --day                   all 24 hours at --frequencies in place of --hour and --frequency
-  --jobs N                with --day: points computed at once, 1 to 64 (default: one a core)
+           + R"(  --day                   all 24 hours at --frequencies instead of --hour and --frequency
+  --jobs N                with --day: points computed at once, 1 to 64 (default: one per core)
 
 Stations, with --rc as the place where you are:
   --reach LIST,...        ham, sailmail, other: Airmail's lists; places: My places.
-                          Without --need the profile's need is taken, else "E-mail, normal"; without
-                          --frequencies a station's own ones where its list has any
-  --from 0-23             first hour, UTC (default: the present one)
+                          Without --need the profile's need is used, else "E-mail, normal"; without
+                          --frequencies a station's own ones if its list has any
+  --from 0-23             first hour, UTC (default: the current one)
   --hours N               hours from there on, 1 to 24 (default 24)
-  --all                   every frequency, not an hour's best alone
+  --all                   every frequency, not only an hour's best
   --list-stations         the stations of all lists
 
 Output:
@@ -149,7 +149,7 @@ Output:
   --help, --version
 )" + kColumns
            + R"(
-Exit status: 0 predicted, 1 prediction failed, values are missing or no station is left, 2 wrong
+Exit status: 0 predicted, 1 prediction failed, values are missing or no station can be used, 2 wrong
 usage.
 )";
 }
