@@ -78,10 +78,10 @@ Usage:
   hopcast-predict [--model NAME] --compare NAME [--tx POS] [--rc POS] [--need dB|NAME] [OPTIONS]
 
 The first form predicts the signal-to-noise ratio from a transmitter to a receiver for the 24 hours
-of the day; the second, from the receiver (--rc) over an area, for one hour and frequency;
-the third the same for all hours and frequencies. The fourth shows which stations can be heard at
-the receiver, when and on which frequency; the fifth lists the stations.
-The sixth predicts a path with two engines.
+of the day; the second predicts it around the receiver (--rc) over an area, for one hour and
+frequency; the third the same for all hours and frequencies. The fourth shows which stations can be
+heard at the receiver, when and on which frequency; the fifth lists the stations. The sixth predicts
+a path with two engines.
 Without --profile no profile is read: settings without an option have their defaults, and the
 sunspot number is Airmail's unless --ssn gives it. The forecast and My places are files beside the
 profile: beside the given one, or else beside the one that the window program uses by default. Only
