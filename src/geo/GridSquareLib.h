@@ -8,8 +8,8 @@
 /// Errors:  a text of any other length; added as a plain message, if the caller wants messages.
 /// Source:  Maidenhead Locator System (field 10 x 20 degrees, square 1 x 2 degrees). The sub-square
 ///          letters A to X are spread over 0 to 59 minutes (factor 59/23), not over 2.5 minutes
-///          each, and the offset is counted from the south-west corner: positions read from
-///          squares stay those that users' files already hold.
+///          each, and the offset is counted from the south-west corner: positions from squares
+///          remain the same as in users' existing files.
 /// Tests:   tests/geo/GridSquareLibTest.cpp
 #pragma once
 

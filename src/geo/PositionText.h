@@ -32,14 +32,14 @@ enum class PositionForm {
 [[nodiscard]] Result<double> AngleFromText(std::string_view sText, PositionAxis eAxis,
                                            PositionForm eForm);
 
-/// What a pasted text holds: one of the two, or both.
+/// The contents of a pasted text: one of the two, or both.
 struct PositionRead {
     std::optional<double> dLat;
     std::optional<double> dLon;
 };
 
 /// Reads a pasted text: one angle in the pasted form, two of them ("24.308, -110.403",
-/// "24°18.50'N 110°24.20'W"; in the other order where letters say so), or a grid square.
+/// "24°18.50'N 110°24.20'W"; in the other order if letters say so), or a grid square.
 /// A comma is a decimal comma if it has digits on both sides and the text has no point, so "24,308"
 /// is one number and "24, 308" are two.
 /// @param eAxis  the axis of a single angle; an angle with a letter of the other axis is refused

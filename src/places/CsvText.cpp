@@ -10,7 +10,7 @@ class RowReader {
 public:
     explicit RowReader(std::string_view sText) : m_sText(sText.substr(0, kCsvRowMost)) {}
 
-    /// @return false where the row breaks the rules
+    /// @return false if the row breaks the rules
     bool Read()
     {
         do {

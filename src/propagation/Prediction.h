@@ -27,7 +27,7 @@ enum class FailureKind {
 struct Failure {
     FailureKind eKind = FailureKind::BadOutput;
     std::string sText;         ///< the text of the message box
-    std::string sDetail = {};  ///< what else is known, for a status line; often empty
+    std::string sDetail = {};  ///< further details, for a status line; often empty
     int iFirst = 0;            ///< first and last frequency without a value; 0 for an area
     int iLast = 0;
     MsgIcon eIcon = MsgIcon::Exclamation;  ///< of the message box

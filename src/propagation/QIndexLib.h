@@ -1,6 +1,6 @@
 /// @file QIndexLib.h
-/// The auroral Q index, which the engines take, as the planetary K index, which observatories and
-/// forecasts publish.
+/// Converts the auroral Q index, which the engines take, to the planetary K index, which
+/// observatories and forecasts publish.
 ///
 /// Units:   both are plain numbers; Kp runs from 0 to 9.
 /// Source:  B. S. Dandekar, 1993, AD-A282764: Q = 0.964 Kp - 0.3 up to Kp 2.23 and

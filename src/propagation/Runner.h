@@ -1,7 +1,7 @@
 /// @file Runner.h
 /// Many predictions at once: a few worker threads, progress, cancel, and a cache of answers.
 ///
-/// Units:   bytes, where a procedure says so.
+/// Units:   bytes, if a procedure says so.
 /// Errors:  an engine's failure is part of its answer; nothing else fails. If the system has no
 ///          thread for a worker there are fewer workers, and if it has none at all Start does the
 ///          work itself.

@@ -46,7 +46,7 @@ int ChildOutput::Open(const std::string& sHostPath)
         return errno;
     m_readEnd = FileHandle(anEnds[0]);
     m_writeEnd = FileHandle(anEnds[1]);
-    fcntl(m_readEnd.Get(), F_SETFL, O_NONBLOCK);  // of this end alone
+    fcntl(m_readEnd.Get(), F_SETFL, O_NONBLOCK);  // only this end
     return 0;
 }
 
@@ -116,7 +116,7 @@ void HolderNote(const ChildPlan& plan)
     *pEnd++ = ' ';
     pEnd = std::to_chars(pEnd, aText.end(), getpid()).ptr;
     *pEnd++ = '\n';
-    // A file of another user cannot be written; its lock holds all the same.
+    // Another user's file cannot be written, but its lock works all the same.
     if (ftruncate(plan.nLock, 0) == 0)
         (void)!pwrite(plan.nLock, aText.data(), static_cast<std::size_t>(pEnd - aText.begin()), 0);
 }

@@ -2,7 +2,7 @@
 /// The computer's clock: UTC and local time to the second, date texts, and a delay that keeps the
 /// user interface alive.
 ///
-/// Units:   seconds where a procedure says so; civil dates of the Gregorian calendar.
+/// Units:   seconds if a procedure says so; civil dates of the Gregorian calendar.
 /// Domain:  years 100 to 9999.
 /// Tests:   tests/system/ClockLibTest.cpp
 #pragma once

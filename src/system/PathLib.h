@@ -23,8 +23,8 @@
 /// appended to a name without one (hopcast.ini and ".places.csv" give hopcast.places.csv).
 [[nodiscard]] std::string PathWithEnding(std::string_view sFile, std::string_view sEnding);
 
-/// Profile file of a program: beside the program with its base name and ".ini"; where that folder
-/// is not writable by the user or belongs to the system (/usr, Program Files), the same file name
+/// Profile file of a program: beside the program with its base name and ".ini"; if that folder is
+/// not writable by the user or belongs to the system (/usr, Program Files), the same file name
 /// in %APPDATA%\Hopcast or $XDG_CONFIG_HOME/hopcast (default ~/.config/hopcast). The first such use
 /// copies the shipped profile there, if there is one: it is beside the program or in its
 /// ../share/hopcast.

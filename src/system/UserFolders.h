@@ -23,7 +23,7 @@ inline constexpr const char* kRootOwnerLock = "hopcast-owner.lock";
 /// "rec533w.exe link TARGET" or "rec533w.exe copy SIZE HASH".
 inline constexpr const char* kManifest = "hopcast-engines.txt";
 
-/// Folders that may hold voacapl.
+/// Folders in which to look for voacapl.
 [[nodiscard]] std::string EngineSearchPathGet();
 /// True when voacapl, which the VOACAP launcher runs, is in one of these folders.
 [[nodiscard]] bool VoacaplIsThere(const std::string& sSearchPath);

@@ -35,7 +35,7 @@ void FrequencySetFill(FrequencySet& frequencySet, const Ionosphere& ionosphere,
             frequencySet.aNoise[k].aLower[i] = PowerFromDb(block.dLower);
         }
         if (nFrom + 1 == frequencySet.nCount && i % 4 == 3)
-            break;  // whole vectors
+            break;  // filled up to a whole vector
     }
 }
 

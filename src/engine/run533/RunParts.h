@@ -1,5 +1,5 @@
 /// @file RunParts.h
-/// What the point-to-point and the area run share.
+/// What the point-to-point and the area run have in common.
 #pragma once
 
 #include <memory>
