@@ -190,7 +190,7 @@ int main(int nArguments, char** asArguments)
     }
     if (optionsAlone.bExport && !sAnswer) {
         const ConsoleUtf8 console;
-        EndSignalsAnswer(EngineRootRelease);
+        EndSignalsHandle(EngineRootRelease);
         return CardExportRun(asAlone);
     }
     QApplication app(nArguments, asArguments);

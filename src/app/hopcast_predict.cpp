@@ -35,7 +35,7 @@ int PrintOut(const std::string& sText)
 int main(int nArguments, char** asArguments)
 {
     const ConsoleUtf8 console;
-    EndSignalsAnswer(EngineRootRelease);
+    EndSignalsHandle(EngineRootRelease);
     const std::vector<std::string> asWords = ArgumentsGet(nArguments, asArguments);
     const auto resOptions = PredictOptionsGet(asWords);
     if (!resOptions)

@@ -12,7 +12,7 @@
 /// For a console program: from now on these signals end the engines with their groups, call
 /// fnCleanUp (on a separate thread), and then end the program as usual. REQUIRES: called before
 /// anything else, while there is no other thread.
-void EndSignalsAnswer(std::function<void()> fnCleanUp);
+void EndSignalsHandle(std::function<void()> fnCleanUp);
 
 /// For a window program, which then closes itself: the descriptor of a pipe that becomes readable
 /// with the first of these signals. A second one ends the program at once. @return -1 where there

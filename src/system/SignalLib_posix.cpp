@@ -57,7 +57,7 @@ void PipeWrite(int)
 
 }  // namespace
 
-void EndSignalsAnswer(std::function<void()> fnCleanUp)
+void EndSignalsHandle(std::function<void()> fnCleanUp)
 {
     const sigset_t set = EndSignals();
     pthread_sigmask(SIG_BLOCK, &set, nullptr);  // later threads inherit it

@@ -1,6 +1,6 @@
 #include "system/SignalLib.h"
 
-void EndSignalsAnswer(std::function<void()> /*fnCleanUp*/) {}
+void EndSignalsHandle(std::function<void()> /*fnCleanUp*/) {}
 
 int EndSignalsPipe() { return -1; }
 std::stop_token EndSignalsStop() { return {}; }

@@ -163,7 +163,7 @@ void NewEnginesRemove(const std::string& sRoot)
 
 /// True for what is ours although it is missing from the list: in a root with a list, a link to
 /// nothing, or a program identical to the shipped one.
-bool EngineIsLostOurs(const std::string& sTarget, const std::string& sSource)
+bool EngineIsUnlistedOurs(const std::string& sTarget, const std::string& sSource)
 {
     std::error_code ec;
     const fs::path pthTarget = PathFromText(sTarget);
@@ -184,7 +184,7 @@ Result<void> EngineRenew(const std::string& sRoot, const std::string& sName,
     std::error_code ec;
     const bool bFree = !fs::exists(fs::symlink_status(PathFromText(sTarget), ec));
     if (!bFree && !ProgramIsListed(asManifest, sName, sOldMark)
-        && !(bListKept && EngineIsLostOurs(sTarget, sSource)))
+        && !(bListKept && EngineIsUnlistedOurs(sTarget, sSource)))
         return {};  // somebody else's
     if (sSource.empty()) {
         // An engine that still works is kept if only its source cannot be found.
