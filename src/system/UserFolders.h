@@ -12,7 +12,8 @@
 [[nodiscard]] std::vector<std::string> PrivateRootFolders();
 
 /// A new empty folder among the machine's temporary ones that only this user may enter. The path is
-/// empty when none can be made, and on Windows, where PrivateRootFolders is the user's own already.
+/// empty when none can be made, and on Windows, where only the user can enter the folder of
+/// PrivateRootFolders anyway.
 [[nodiscard]] std::string TemporaryRootMake();
 
 /// Removes the temporary roots of programs that were killed more than a day ago.
