@@ -148,7 +148,8 @@ void MarkerLabel::focusOutEvent(QFocusEvent* pEvent)
 {
     MouseControl::focusOutEvent(pEvent);
     update();
-    Q_EMIT FocusLeft();
+    if (pEvent->reason() != Qt::PopupFocusReason)  // a menu of its own is no leaving
+        Q_EMIT FocusLeft();
 }
 
 void MarkerLabel::paintEvent(QPaintEvent* /*pEvent*/)

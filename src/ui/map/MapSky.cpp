@@ -53,11 +53,12 @@ int DarknessGet(double dSine)
 
 QImage NightGetShade(const MapView& view, const LatLon& sun)
 {
-    // Soft, so that coasts, labels and the overlay's colours read below the darkest.
+    // Soft, so that coasts, labels and the overlay's colours read below the darkest; bluish, not to
+    // be taken for the grey of the weakest signals.
     constexpr std::array<int, 5> kAlpha{0, 32, 56, 80, 104};
     std::array<QRgb, 5> anShade{};
     for (std::size_t i = 0; i < anShade.size(); ++i)
-        anShade[i] = qPremultiply(qRgba(0x08, 0x10, 0x30, kAlpha[i]));
+        anShade[i] = qPremultiply(qRgba(0x0C, 0x1C, 0x78, kAlpha[i]));
     QImage img(view.m_nMapWidth, view.m_nMapHeight, QImage::Format_ARGB32_Premultiplied);
     img.fill(Qt::transparent);
     const QRect rct = view.ImageGetRect();

@@ -92,6 +92,11 @@ TEST_F(frmMapKeys, EscapeGivesAFlagMovedByKeysItsOldPlaceBack)
     QTest::keyClick(m_pMap->lblTx, Qt::Key_Left);
     QTest::keyClick(m_pMap->lblTx, Qt::Key_Up, Qt::ShiftModifier);
     ASSERT_NE(m_pMap->m_posTx.dLat, 38);
+    QTest::keyClick(m_pMap->lblTx, Qt::Key_Menu);
+    ASSERT_TRUE(m_pMap->mnuMap->isVisible());
+    m_pMap->mnuMap->close();
+    QApplication::setActiveWindow(m_pMap);
+    EXPECT_TRUE(m_pMap->txtCursor->isVisible()) << "a menu is no end of the move";
     QTest::keyClick(m_pMap->lblTx, Qt::Key_Escape);
     ASSERT_FALSE(IsGone());
     EXPECT_DOUBLE_EQ(m_pMap->m_posTx.dLat, 38);
