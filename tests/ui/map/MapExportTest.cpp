@@ -115,6 +115,8 @@ TEST_F(MapExported, TheCaptionNamesThePlacesAndWhatAnOverlayIsFor)
         << sCaption.toStdString();
     EXPECT_TRUE(sCaption.contains(QStringLiteral(" \u00B7 250 W \u00B7 ")));
     EXPECT_TRUE(sCaption.contains(QStringLiteral(" 2026 \u00B7 SSN ")));
+    m_pMap->mnuOverlaySmooth->trigger();
+    EXPECT_EQ(Caption(), sCaption + QStringLiteral(" \u00B7 smooth between grid points"));
     m_pMap->mnuOverlayDraw->trigger();
     EXPECT_EQ(Caption(), sPlaces) << "hidden";
 }
