@@ -2,11 +2,15 @@
 #include <cmath>
 
 #include "MapFakes.h"
+#include "airmail/AirMailFolders.h"
+#include "engine/builtin/BuiltInEngine.h"
 #include "propagation/AreaBoxes.h"
 #include "propagation/PropagationAreaLib.h"
+#include "propagation/PropagationLib.h"
 #include "propagation/Request.h"
 #include "support/NeedVoacapl.h"
 #include "support/PropertyRandom.h"
+#include "system/NumberLib.h"
 #include "ui/e2e/EngineReal.h"
 #include "ui/map/MapGraticule.h"
 #include "ui/map/MapOverlay.h"
@@ -154,6 +158,55 @@ TEST_F(MapTruth, CloseToTheGround)
     Show(-180, {51.6, -0.17, 51.45, 0.03}, {48.1, 11.6});
     EXPECT_LT(m_pMap->m_view.m_box.dRight - m_pMap->m_view.m_box.dLeft, 1);
     PointsCheck();
+}
+
+TEST_F(MapTruth, SmoothGoesThroughTheGridPoints)
+{
+    Show(0, {60, 150, -20, 260}, {24, -110});
+    m_pMap->mnuOverlaySmooth->trigger();
+    for (int i = 0; i < kPoints; ++i) {
+        const LatLon pos = GridPointOf(PositionOf(PointAny()));
+        const QPoint pt = PointOf(pos.dLat, pos.dLon);
+        if (!m_pMap->pctMap->rect().contains(pt))
+            continue;
+        // Half a pixel beside the point, of some 50 to the next.
+        EXPECT_NEAR(SnrOfTip(pt), SnrAlone(pos), 1.2) << pos.dLat << " " << pos.dLon;
+    }
+}
+
+TEST_F(MapTruth, AStationsTipIsItsSinglePrediction)
+{
+    const TempFolder folder;
+    folder.Write("System.HAM.ini", "[Station Info]\r\nW1ABC=FN42:Boston\r\nVK4=QG62:East\r\n");
+    AirMailDataFolderSet(folder.Path());
+    const auto pEngine = std::make_shared<BuiltInEngine>(folder.Path());  // no antenna files
+    m_pMap->EnginesSet([pEngine](int) { return pEngine; });
+    QTest::mouseClick(m_pMap->cmdStations, Qt::LeftButton);
+    m_pMap->mnuStations->close();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(m_pMap->imgStation.size(), 2u);
+    for (std::size_t n = 0; n < 2; ++n) {
+        QEnterEvent evt({4, 4}, {4, 4}, {4, 4});
+        QApplication::sendEvent(m_pMap->imgStation[n], &evt);
+        QTest::mouseClick(m_pMap->imgStation[n], Qt::LeftButton);  // becomes the transmitter
+        Request request = RequestFromSettings(m_host.m_settings);
+        request.dTxLat = m_pMap->m_posTx.dLat;
+        request.dTxLon = m_pMap->m_posTx.dLon;
+        PropagationTable table(request.nData);
+        std::vector<Failure> aFailures;
+        ASSERT_TRUE(PropagationRun(request, table, aFailures));  // by the program
+        int iBest = 1;
+        for (int i = 2; i <= request.nData; ++i)
+            iBest = table.fSnr(19, i) > table.fSnr(19, iBest) ? i : iBest;
+        const QString sBest =
+            QStringLiteral("18:00 UTC: %1 kHz, %2 dB\n")
+                .arg(QString::number(request.FrequencyGet(iBest)),
+                     QString::fromStdString(NumberFormat(table.fSnr(19, iBest), "0")));
+        EXPECT_TRUE(m_pMap->imgStation[n]->toolTip().contains(sBest))
+            << m_pMap->imgStation[n]->toolTip().toStdString() << "\n"
+            << sBest.toStdString();
+    }
+    AirMailFoldersReset();
 }
 
 TEST_F(MapTruth, VoacapOverTheDateLine)
