@@ -300,6 +300,11 @@ TEST(GuidePictures, Overlay)
     QTest::mouseClick(map.chkPath, Qt::LeftButton);
     QTest::mouseClick(map.chkNight, Qt::LeftButton);
     PictureKeep(map, "map.png");
+    map.mnuOverlaySmooth->trigger();
+    QTest::mouseClick(map.chkTwilight, Qt::LeftButton);
+    PictureKeep(map, "map_smooth.png");
+    QTest::mouseClick(map.chkTwilight, Qt::LeftButton);
+    map.mnuOverlaySmooth->trigger();
     QTest::mouseClick(map.chkNight, Qt::LeftButton);
     QTest::mouseClick(map.cmdZoomTxRc, Qt::LeftButton);
     OverlayDraw(map);
