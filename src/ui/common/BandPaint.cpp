@@ -18,6 +18,12 @@ void CellTextPaint(QPainter& painter, const QRect& rctCell, const QRect& rctText
     painter.drawText(rctText, nFlags, sText);
 }
 
+bool BandHiddenIs(const QColor& clrBand, const QColor& clrGround)
+{
+    constexpr double kSeen = 1.1;
+    return ColorContrast(ColorToBgr(clrBand), ColorToBgr(clrGround)) < kSeen;
+}
+
 BandLabel::BandLabel(std::size_t iBand, const QString& sText, std::optional<Palette> ePalette)
     : QLabel(sText), m_iBand(iBand), m_ePalette(ePalette)
 {

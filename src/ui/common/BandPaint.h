@@ -18,6 +18,9 @@
 void CellTextPaint(QPainter& painter, const QRect& rctCell, const QRect& rctText,
                    Qt::Alignment eAlignment, const QString& sText, const CellColors& colors);
 
+/// A band's colour may be that of the ground: black in Night, white in Print.
+[[nodiscard]] bool BandHiddenIs(const QColor& clrBand, const QColor& clrGround);
+
 /// A box in the colour of a band with a text on it.
 class BandLabel final : public QLabel {
 public:

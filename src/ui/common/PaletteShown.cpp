@@ -11,8 +11,17 @@
 
 namespace {
 
-Palette g_ePalette = Palette::Standard;
-int g_nForPaper = 0;
+Palette& InForce()
+{
+    static Palette s_ePalette = Palette::Standard;
+    return s_ePalette;
+}
+
+int& ForPaper()
+{
+    static int s_nForPaper = 0;
+    return s_nForPaper;
+}
 
 const SnrBand* BandGet(const QColor& clr, Palette ePalette)
 {
@@ -22,15 +31,15 @@ const SnrBand* BandGet(const QColor& clr, Palette ePalette)
 
 }  // namespace
 
-Palette PaletteShown() { return PaletteForPaper::Is() ? PaletteOnPaper() : g_ePalette; }
+Palette PaletteShown() { return PaletteForPaper::Is() ? PaletteOnPaper() : InForce(); }
 
-Palette PaletteOnPaper() { return g_ePalette == Palette::Night ? Palette::Standard : g_ePalette; }
+Palette PaletteOnPaper() { return InForce() == Palette::Night ? Palette::Standard : InForce(); }
 
 bool PaletteNightIs() { return PaletteShown() == Palette::Night; }
 
 void PaletteShow(Palette ePalette)
 {
-    if (std::exchange(g_ePalette, ePalette) == ePalette)
+    if (std::exchange(InForce(), ePalette) == ePalette)
         return;
     if (qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr) {
         NightSet(ePalette == Palette::Night);
@@ -45,11 +54,11 @@ PaletteSignal& PaletteSignal::Get()
     return s_signal;
 }
 
-PaletteForPaper::PaletteForPaper() { ++g_nForPaper; }
+PaletteForPaper::PaletteForPaper() { ++ForPaper(); }
 
-PaletteForPaper::~PaletteForPaper() { --g_nForPaper; }
+PaletteForPaper::~PaletteForPaper() { --ForPaper(); }
 
-bool PaletteForPaper::Is() { return g_nForPaper > 0; }
+bool PaletteForPaper::Is() { return ForPaper() > 0; }
 
 CellColors CellColorsGet(const QColor& clrBack, const QColor& clrText, Palette ePalette)
 {

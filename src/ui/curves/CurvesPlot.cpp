@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "propagation/SnrScale.h"
+#include "ui/common/BandPaint.h"
 #include "ui/common/Colors.h"
 #include "ui/curves/Spread.h"
 
@@ -36,13 +37,6 @@ QColor Faded(const QColor& clr, const QColor& clrPaper)
     };
     return {Part(clr.red(), clrPaper.red()), Part(clr.green(), clrPaper.green()),
             Part(clr.blue(), clrPaper.blue())};
-}
-
-/// A colour of the scale may be the paper's own: black in Night, white in Print.
-bool HiddenIs(const QColor& clr, const QColor& clrPaper)
-{
-    constexpr double kSeen = 1.1;
-    return ColorContrast(ColorToBgr(clr), ColorToBgr(clrPaper)) < kSeen;
 }
 
 }  // namespace
@@ -211,7 +205,7 @@ void CurvesPlot::RibbonPaint(QPainter& painter, int iRibbon) const
         if (m_view.eLook == PageLook::Colour) {
             const QColor clr = ColorFromBgr(SnrBandOfCell(fSnr, m_view.ePalette).nColor);
             painter.fillRect(rct, m_view.bOld ? Faded(clr, m_view.clrPaper) : clr);
-            if (HiddenIs(clr, m_view.clrPaper)) {
+            if (BandHiddenIs(clr, m_view.clrPaper)) {
                 painter.setPen(QPen(Faded(m_view.clrInk, m_view.clrPaper), 0));
                 painter.setBrush(Qt::NoBrush);
                 painter.drawRect(rct);

@@ -84,10 +84,10 @@ private:
     {
         const auto it = std::find_if(m_aEntry.begin(), m_aEntry.end(),
                                      [nColor](const auto& entry) { return entry.first == nColor; });
-        if (it != m_aEntry.end())
-            return it->second;
         const bool bNight = m_look.ePalette == Palette::Night;
-        if (m_look.bDark || bNight)
+        if (it != m_aEntry.end())
+            nColor = it->second;
+        else if (m_look.bDark || bNight)
             nColor = GreyTurned(nColor);
         return bNight ? NightRed(nColor) : nColor;
     }

@@ -120,6 +120,15 @@ TEST(Palettes, OfWhatIsNotOfTheScaleOnlyNightChangesColoursAndGivesItPlates)
     }
 }
 
+TEST(Palettes, ABandIsHiddenOnAGroundOfItsColourAlone)
+{
+    EXPECT_TRUE(BandHiddenIs(Qt::black, Qt::black));
+    EXPECT_TRUE(BandHiddenIs(Qt::white, Qt::white));
+    EXPECT_FALSE(BandHiddenIs(Qt::black, Qt::white));
+    // The next bands are seen.
+    EXPECT_FALSE(BandHiddenIs(ColorFromBgr(SnrBandsGet(Palette::Print)[6].nColor), Qt::white));
+}
+
 TEST(Palettes, AreToldOnceEach)
 {
     QSignalSpy spy(&PaletteSignal::Get(), &PaletteSignal::Changed);
