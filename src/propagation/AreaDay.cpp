@@ -8,4 +8,6 @@ AreaDay::AreaDay(const AreaDayRequest& requestOf) : request(requestOf)
     aPlaces.resize(nSide * nSide);
     m_afSnr.assign(aPlaces.size() * std::size_t{kHourCount} * request.afFrequency.size(),
                    PropagationTable::kNotPrinted);
+    if (request.bSpread)
+        m_aSpread.resize(m_afSnr.size());
 }

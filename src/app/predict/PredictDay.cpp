@@ -56,7 +56,7 @@ std::optional<Failure> DayFill(const Engine& engine, int nJobs, AreaDay& day)
     const auto pWork = engine.AreaDayPrepare(day.request, failure);
     if (pWork == nullptr)
         return failure;
-    const bool bRows = engine.LimitsGet().nFrequencies > kChunkMax;  // in this process: no waiting
+    const bool bRows = !pWork->PartGet(0);  // in this process: no waiting
     DayWatch watch(bRows ? 0 : day.request.afFrequency.size(), pWork->PiecesGet());
     Runner runner([](const std::function<void()>& fnCall) { fnCall(); }, nJobs);
     RunnerJob job =

@@ -92,6 +92,13 @@ float SnrOfGrid(const rec533::Prediction& prediction, double dPowerShift)
                          dPowerShift);
 }
 
+/// Unrounded, as in a path's table.
+AreaSpread SpreadOfGrid(const rec533::Prediction& prediction, double dPowerShift)
+{
+    return {PowerShiftSnr(static_cast<float>(prediction.dSnr), dPowerShift),
+            static_cast<float>(prediction.dSnrLower), static_cast<float>(prediction.dSnrUpper)};
+}
+
 AreaDay::Place PlaceOfGrid(const run533::GridPlace& gridPlace)
 {
     constexpr int kWidth = 10;
@@ -243,9 +250,13 @@ public:
             const std::size_t iPoint = iPiece * PiecesGet() + i;
             day.aPlaces[iPoint] = PlaceOfGrid(gridPlace);
             for (int iHour = 0; iHour < kHourCount; ++iHour)
-                for (std::size_t j = 0; j < nFrequencies; ++j)
-                    day.SnrGet(iPoint, iHour, j) = SnrOfGrid(
-                        aCells[static_cast<std::size_t>(iHour) * nFrequencies + j], m_dPowerShift);
+                for (std::size_t j = 0; j < nFrequencies; ++j) {
+                    const rec533::Prediction& cell =
+                        aCells[static_cast<std::size_t>(iHour) * nFrequencies + j];
+                    day.SnrGet(iPoint, iHour, j) = SnrOfGrid(cell, m_dPowerShift);
+                    if (day.request.bSpread)
+                        day.SpreadGet(iPoint, iHour, j) = SpreadOfGrid(cell, m_dPowerShift);
+                }
         }
         return {};
     }

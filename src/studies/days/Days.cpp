@@ -34,13 +34,18 @@ DaySteps DayStepsOf(int iModel)
 
 std::optional<SnrDays> SnrDaysGet(const PropagationTable& table, int iHour, int iFrequency)
 {
-    const SnrDays days{MedianGet(table, iHour, iFrequency), table.fSnrLower(iHour, iFrequency),
-                       table.fSnrUpper(iHour, iFrequency)};
-    // Not-a-number is neither above 0 nor finite.
-    if (!table.PresentIs(iFrequency) || !SnrIs(table.fSnr(iHour, iFrequency))
-        || !(days.dLower > 0.0) || !(days.dUpper > 0.0) || !std::isfinite(days.dMedian))
+    if (!table.PresentIs(iFrequency))
         return {};
-    return days;
+    return SnrDaysOf(table.fSnr(iHour, iFrequency), MedianGet(table, iHour, iFrequency),
+                     table.fSnrLower(iHour, iFrequency), table.fSnrUpper(iHour, iFrequency));
+}
+
+std::optional<SnrDays> SnrDaysOf(float fSnr, double dMedian, double dLower, double dUpper)
+{
+    // Not-a-number is neither above 0 nor finite.
+    if (!SnrIs(fSnr) || !(dLower > 0.0) || !(dUpper > 0.0) || !std::isfinite(dMedian))
+        return {};
+    return SnrDays{dMedian, dLower, dUpper};
 }
 
 double DaysShareGet(const SnrDays& days, double dNeed, DaySteps eSteps)

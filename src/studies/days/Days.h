@@ -36,6 +36,10 @@ struct SnrDays {
 [[nodiscard]] std::optional<SnrDays> SnrDaysGet(const PropagationTable& table, int iHour,
                                                 int iFrequency);
 
+/// The days of an SNR with its median and deciles. Nothing where it is none, or has no deciles.
+[[nodiscard]] std::optional<SnrDays> SnrDaysOf(float fSnr, double dMedian, double dLower,
+                                               double dUpper);
+
 /// Share of the days that reach the need.
 [[nodiscard]] double DaysShareGet(const SnrDays& days, double dNeed, DaySteps eSteps);
 
