@@ -16,3 +16,6 @@
 /// Black or white, whichever reads better on the colour (contrast of relative luminances, WCAG 2.1,
 /// "contrast ratio").
 [[nodiscard]] QColor TextColorOn(const QColor& clrBack);
+
+/// Of a share, 0 to 1: from a light grey over yellow and green to a dark green.
+[[nodiscard]] QColor ShareColor(double dShare);

@@ -1,10 +1,9 @@
 #include "ui/days/DaysGrid.h"
 
 #include <QCoreApplication>
-#include <array>
-#include <cmath>
 
 #include "system/NumberLib.h"
+#include "ui/common/Colors.h"
 
 namespace {
 
@@ -12,33 +11,12 @@ QString Tr(const char* sText) { return QCoreApplication::translate("DaysGrid", s
 
 QString Whole(float fValue) { return QString::fromStdString(NumberFormat(fValue, "0")); }
 
-QColor Between(const QColor& clrA, const QColor& clrB, double dShareB)
-{
-    const auto Part = [dShareB](int nA, int nB) {
-        return static_cast<int>(std::lround(nA + (nB - nA) * dShareB));
-    };
-    return {Part(clrA.red(), clrB.red()), Part(clrA.green(), clrB.green()),
-            Part(clrA.blue(), clrB.blue())};
-}
-
 }  // namespace
 
 QColor DaysColor(int nDays)
 {
-    struct Stop {
-        int nDays;
-        QColor clr;
-    };
-    static const std::array<Stop, 4> kStops{{{0, QColor(0xEC, 0xEC, 0xEC)},
-                                             {2, QColor(0xF8, 0xE9, 0xA4)},
-                                             {6, QColor(0x9F, 0xCB, 0x62)},
-                                             {10, QColor(0x14, 0x6B, 0x3A)}}};
-    for (std::size_t i = 1; i < kStops.size(); ++i)
-        if (nDays <= kStops.at(i).nDays)
-            return Between(kStops.at(i - 1).clr, kStops.at(i).clr,
-                           static_cast<double>(nDays - kStops.at(i - 1).nDays)
-                               / (kStops.at(i).nDays - kStops.at(i - 1).nDays));
-    return kStops.back().clr;
+    constexpr double kMost = 10.0;
+    return ShareColor(nDays / kMost);
 }
 
 QString DaysRowText(const DaysTable& days, int iFrequency)

@@ -55,8 +55,7 @@ void SideWindows::CurvesShow()
 void SideWindows::MapShow()
 {
     if (!m_pMap) {
-        m_pMap = new frmMap(m_host);
-        m_pMap->EnginesSet([this](int iModel) { return m_host.EngineGet(iModel); });
+        m_pMap = new frmMap(m_host, [this](int iModel) { return m_host.EngineGet(iModel); });
         WindowFit(*m_pMap, m_window);
         QObject::connect(m_pMap, &QObject::destroyed, &m_window,
                          [this] { m_host.OverlayFailedSet({}); });

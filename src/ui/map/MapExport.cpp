@@ -12,6 +12,7 @@
 #include "ui/common/LocationText.h"
 #include "ui/common/MainWindowHost.h"
 #include "ui/common/PaletteShown.h"
+#include "ui/map/MapDayControl.h"
 #include "ui/map/MapOverlayControl.h"
 #include "ui/map/MapPicture.h"
 #include "ui/page/PageFile.h"
@@ -37,8 +38,8 @@ Page PageMake(const QImage& image)
 }  // namespace
 
 MapExport::MapExport(QWidget& window, MapForm& form, MainWindowHost& host,
-                     const MapOverlayControl& overlay)
-    : m_window(window), m_form(form), m_host(host), m_overlay(overlay)
+                     const MapOverlayControl& overlay, const MapDayControl& day)
+    : m_window(window), m_form(form), m_host(host), m_overlay(overlay), m_day(day)
 {
     form.mnuMapCopy->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_C));
     form.mnuMapExport->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
@@ -52,17 +53,21 @@ QString MapExport::CaptionGet() const
     const QString sPlaces = QStringLiteral("Receiver %1, transmitter %2")
                                 .arg(PositionToText(m_form.m_posRc.dLat, m_form.m_posRc.dLon),
                                      PositionToText(m_form.m_posTx.dLat, m_form.m_posTx.dLon));
-    if (!m_overlay.HasCells())
+    const bool bDay = m_day.HasCells();
+    if (!bDay && !m_overlay.HasCells())
         return sPlaces;
-    AreaRequest request = m_overlay.RequestGet();
+    AreaRequest request = bDay ? m_day.RequestGet() : m_overlay.RequestGet();
     // The settings do not keep where their number came from; the table's run does.
     const Request table = m_host.TableInputGet();
     if (table.fSunSpotNumber == request.fSunSpotNumber)
         request.eSunSpotSource = table.eSunSpotSource;
     const QString sBetween = QString::fromUtf8(kTextBetween);
-    return sPlaces + sBetween + QString::fromStdString(AreaFootText(request, UtcNow().nYear))
-           + (m_overlay.IsSmooth() ? sBetween + QStringLiteral("smooth between grid points")
-                                   : QString());
+    const std::string sFoot = AreaFootText(request, UtcNow().nYear);
+    return sPlaces + sBetween
+           + QString::fromStdString(bDay ? DayFootGet(m_day.ShownGet(), sFoot) : sFoot)
+           + ((bDay ? m_day.IsSmooth() : m_overlay.IsSmooth())
+                  ? sBetween + QStringLiteral("smooth between grid points")
+                  : QString());
 }
 
 QImage MapExport::PictureGet() const

@@ -14,13 +14,14 @@
 #include "ui/map/MapForm.h"
 
 class MainWindowHost;
+class MapDayControl;
 class MapOverlayControl;
 
 class MapExport final : public QObject {
     Q_OBJECT
 public:
     MapExport(QWidget& window, MapForm& form, MainWindowHost& host,
-              const MapOverlayControl& overlay);
+              const MapOverlayControl& overlay, const MapDayControl& day);
 
     /// Both places; with an overlay also what it is for.
     [[nodiscard]] QString CaptionGet() const;
@@ -35,4 +36,5 @@ private:
     MapForm& m_form;
     MainWindowHost& m_host;
     const MapOverlayControl& m_overlay;
+    const MapDayControl& m_day;
 };

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ui/map/HourBar.h"
+
 namespace {
 
 constexpr int kPictureSide = 20;
@@ -53,6 +55,8 @@ MapForm::MapForm(QWidget* pWindow)
 {
     MapMake(pWindow);
     BarsMake();
+    barHour = new HourBar(pWindow);
+    barHour->hide();
     ButtonsMake(pWindow);
     MenusMake(pWindow);
     QWidget* const apOrder[] = {pctMap, lblRc, lblTx, hscMap, vscMap, cmdZoomIn};

@@ -18,6 +18,8 @@
 #include "ui/map/MapControls.h"
 #include "ui/map/MapView.h"
 
+class HourBar;
+
 class MapForm {
 public:
     /// Makes all controls as children of the window.
@@ -42,6 +44,7 @@ public:
     QScrollBar* hscMap = nullptr;
     QScrollBar* vscMap = nullptr;
     QLineEdit* txtCursor = nullptr;
+    HourBar* barHour = nullptr;  ///< below the map, with the overlay
     QPushButton* cmdZoomIn = nullptr;
     QPushButton* cmdZoomOut = nullptr;
     QPushButton* cmdZoomOff = nullptr;

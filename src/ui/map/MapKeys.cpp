@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "ui/map/MapDayControl.h"
 #include "ui/map/MapMouse.h"
 #include "ui/map/MapNavigation.h"
 
@@ -13,8 +14,9 @@ constexpr double kKeyShare = 1.0 / 20;  // of the view
 
 }  // namespace
 
-MapKeys::MapKeys(QWidget& window, MapForm& form, MapNavigation& navigation, MapMouse& mouse)
-    : m_window(window), m_form(form), m_navigation(navigation), m_mouse(mouse)
+MapKeys::MapKeys(QWidget& window, MapForm& form, MapNavigation& navigation, MapMouse& mouse,
+                 MapDayControl& day)
+    : m_window(window), m_form(form), m_navigation(navigation), m_mouse(mouse), m_day(day)
 {
     const std::pair<QKeySequence, std::function<void()>> aKeys[] = {
         {Qt::Key_Left, [this] { ArrowPress(-1, 0); }},
@@ -47,7 +49,7 @@ void MapKeys::EnterPress()
 
 void MapKeys::EscapePress()
 {
-    if (!m_mouse.Leave())
+    if (!m_mouse.Leave() && !m_day.Leave())
         m_form.cmdCancel->click();
 }
 

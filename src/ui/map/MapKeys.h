@@ -1,8 +1,9 @@
 /// @file MapKeys.h
-/// The keys of the map window, all of them; a focused marker takes its arrow keys before.
+/// The keys of the map window, all of them; a focused marker or bar of hours takes its arrow keys before.
 ///
-/// Keys:    arrows move the view, + - 0 zoom, Enter is OK, Esc ends what the mouse does, else it is
-///          Cancel; the menu key and Shift+F10 open the menu of what has the focus.
+/// Keys:    arrows move the view, + - 0 zoom, Enter is OK, Esc ends what the mouse does, then work
+///          and play of the day, else it is Cancel; the menu key and Shift+F10 open the menu of
+///          what has the focus.
 /// Tests:   tests/ui/map/MapKeysTest.cpp
 #pragma once
 
@@ -10,13 +11,15 @@
 
 #include "ui/map/MapForm.h"
 
+class MapDayControl;
 class MapMouse;
 class MapNavigation;
 
 class MapKeys final : public QObject {
     Q_OBJECT
 public:
-    MapKeys(QWidget& window, MapForm& form, MapNavigation& navigation, MapMouse& mouse);
+    MapKeys(QWidget& window, MapForm& form, MapNavigation& navigation, MapMouse& mouse,
+            MapDayControl& day);
 
 private:
     void EnterPress();
@@ -28,4 +31,5 @@ private:
     MapForm& m_form;
     MapNavigation& m_navigation;
     MapMouse& m_mouse;
+    MapDayControl& m_day;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "propagation/SnrScale.h"
 #include "system/NumberLib.h"
@@ -84,21 +85,38 @@ std::vector<LegendRow> LegendGetRows(float fMinSnr,
     return aRows;
 }
 
+Legend LegendOfSnr(std::vector<LegendRow> aRows, float fMinSnr)
+{
+    return {HeadText(), std::move(aRows), MinText(fMinSnr)};
+}
+
+QRect LegendGetRect(const QFontMetrics& metrics, const QRect& rctMap, const Legend& legend,
+                    std::span<const QRect> aKeepFree, const QRect& rctPointer)
+{
+    int nText = 0;
+    for (const LegendRow& row : legend.aRows)
+        nText = std::max(nText, metrics.horizontalAdvance(row.sText) + kSwatch + kMargin);
+    nText = std::max(
+        {nText, metrics.horizontalAdvance(legend.sHead), metrics.horizontalAdvance(legend.sFoot)});
+    const int nHeight =
+        LineGetHeight(metrics) * (static_cast<int>(legend.aRows.size()) + 2) + 2 * kMargin;
+    return PlaceGet(rctMap, QSize(nText + 2 * kMargin, nHeight), aKeepFree, rctPointer);
+}
+
 QRect LegendGetRect(const QFontMetrics& metrics, const QRect& rctMap,
                     const std::vector<LegendRow>& aRows, float fMinSnr,
                     std::span<const QRect> aKeepFree, const QRect& rctPointer)
 {
-    int nText = 0;
-    for (const LegendRow& row : aRows)
-        nText = std::max(nText, metrics.horizontalAdvance(row.sText) + kSwatch + kMargin);
-    nText = std::max({nText, metrics.horizontalAdvance(HeadText()),
-                      metrics.horizontalAdvance(MinText(fMinSnr))});
-    const int nHeight = LineGetHeight(metrics) * (static_cast<int>(aRows.size()) + 2) + 2 * kMargin;
-    return PlaceGet(rctMap, QSize(nText + 2 * kMargin, nHeight), aKeepFree, rctPointer);
+    return LegendGetRect(metrics, rctMap, LegendOfSnr(aRows, fMinSnr), aKeepFree, rctPointer);
 }
 
 void LegendPaint(QPainter& painter, const QRect& rct, const std::vector<LegendRow>& aRows,
                  float fMinSnr)
+{
+    LegendPaint(painter, rct, LegendOfSnr(aRows, fMinSnr));
+}
+
+void LegendPaint(QPainter& painter, const QRect& rct, const Legend& legend)
 {
     const int nLine = LineGetHeight(painter.fontMetrics());
     const int nText = rct.width() - 2 * kMargin;
@@ -109,8 +127,8 @@ void LegendPaint(QPainter& painter, const QRect& rct, const std::vector<LegendRo
     painter.drawRect(rct.adjusted(0, 0, -1, -1));
     QRect rctLine(rct.left() + kMargin, rct.top() + kMargin, nText, nLine);
     painter.setPen(clrInk);
-    painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, HeadText());
-    for (const LegendRow& row : aRows) {
+    painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, legend.sHead);
+    for (const LegendRow& row : legend.aRows) {
         rctLine.translate(0, nLine);
         const QRect rctSwatch(rctLine.left(), rctLine.top() + 2, kSwatch, nLine - 4);
         painter.setPen(row.bDrawn ? clrInk : QColor(Qt::gray));
@@ -122,5 +140,5 @@ void LegendPaint(QPainter& painter, const QRect& rct, const std::vector<LegendRo
     }
     rctLine.translate(0, nLine);
     painter.setPen(clrInk);
-    painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, MinText(fMinSnr));
+    painter.drawText(rctLine, Qt::AlignLeft | Qt::AlignVCenter, legend.sFoot);
 }

@@ -31,13 +31,17 @@ void MapNavigation::ViewSet(const MapBox& box)
     ZoomSet(m_form.m_view.ZoomKeepSeen(m_form.m_view.BoxGetZoom(box)));
 }
 
-void MapNavigation::ViewRestore()
+void MapNavigation::ViewRestore() { ZoomSet(AskedGet()); }
+
+void MapNavigation::ViewFit() { m_form.m_view.ZoomSet(AskedGet()); }
+
+MapZoom MapNavigation::AskedGet() const
 {
-    const LatLon center = m_form.m_view.CenterGet();
+    const MapView& view = m_form.m_view;
     if (m_bAskedBox)
-        ViewSet(m_boxAsked);
-    else
-        ZoomSet({m_form.m_view.m_dScale, center.dLat, center.dLon});
+        return view.ZoomKeepSeen(view.BoxGetZoom(m_boxAsked));
+    const LatLon center = view.CenterGet();
+    return {view.m_dScale, center.dLat, center.dLon};
 }
 
 void MapNavigation::ZoomAsk(const MapZoom& zoom)

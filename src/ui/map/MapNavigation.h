@@ -23,6 +23,8 @@ public:
     void ViewSet(const MapBox& box);
     /// Shows what was asked for last, after the window's size has changed.
     void ViewRestore();
+    /// The same without painting, for who paints anyway.
+    void ViewFit();
     /// Shows scale and centre as they were asked for by the wheel, a bar or a drag.
     void ZoomAsk(const MapZoom& zoom);
     /// Moves the view by shares of its width and height, east and south positive.
@@ -44,6 +46,7 @@ Q_SIGNALS:
     void ViewChanged();
 
 private:
+    [[nodiscard]] MapZoom AskedGet() const;
     void ZoomSet(const MapZoom& zoom);
     void ZoomAroundMiddle(double dFactor);
     void cmdZoomOffClick();

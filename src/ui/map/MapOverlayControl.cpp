@@ -122,7 +122,6 @@ void MapOverlayControl::SmoothClick()
     m_form.pctMap->update();
 }
 
-/// Tells in the status line and on the map why there is no overlay; nothing takes it back.
 void MapOverlayControl::FailureSet(const std::optional<Failure>& failure)
 {
     if (failure == m_failure)

@@ -43,6 +43,8 @@ public:
     void FailureForget() { FailureSet({}); }
     /// What is shown is painted evenly between the grid points.
     [[nodiscard]] bool IsSmooth() const { return m_form.mnuOverlaySmooth->isChecked(); }
+    /// Tells in the status line and on the map why there is no overlay; nothing takes it back.
+    void FailureSet(const std::optional<Failure>& failure);
     /// Turns the picture into an outline map.
     void MapOutline();
 
@@ -60,7 +62,6 @@ private:
     std::optional<Failure> OverlayDrawBox(const AreaBox& box);
     void BoxPaint(const OverlayShown& shown);
     void SmoothClick();
-    void FailureSet(const std::optional<Failure>& failure);
 
     MapForm& m_form;
     MainWindowHost& m_host;

@@ -2,7 +2,7 @@
 
 #include "geo/SphereLib.h"
 
-std::optional<float> GridGetNearest(std::span<const AreaPoint> aPoints, double dLat, double dLon)
+const AreaPoint* GridFindNearest(std::span<const AreaPoint> aPoints, double dLat, double dLon)
 {
     constexpr double kBestAtFirst = 180.0;
     double dBest = kBestAtFirst * kBestAtFirst;
@@ -15,7 +15,13 @@ std::optional<float> GridGetNearest(std::span<const AreaPoint> aPoints, double d
             pBest = &pnt;
         }
     }
-    if (pBest == nullptr)
+    return pBest;
+}
+
+std::optional<float> GridGetNearest(std::span<const AreaPoint> aPoints, double dLat, double dLon)
+{
+    const AreaPoint* pNearest = GridFindNearest(aPoints, dLat, dLon);
+    if (pNearest == nullptr)
         return {};
-    return pBest->fSnr;
+    return pNearest->fSnr;
 }

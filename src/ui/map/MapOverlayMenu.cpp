@@ -94,11 +94,29 @@ void MapOverlayMenu::mnuOverlayTimeDataClick(int iHour)
     ChoiceTell();
 }
 
-/// The main window's selection goes along.
-void MapOverlayMenu::ChoiceTell()
+void MapOverlayMenu::HourTake(int iHour)
+{
+    m_choice.iHour = iHour;
+    ChoiceKeep();
+}
+
+void MapOverlayMenu::FrequencyTake(int iFrequency)
+{
+    m_choice.iFrequency = iFrequency;
+    m_choice.fKhz = m_host.TableInputGet().FrequencyGet(iFrequency);
+    ChoiceKeep();
+}
+
+/// The main window's selection goes along, and so does the day/night line.
+void MapOverlayMenu::ChoiceKeep()
 {
     m_bChosen = true;
     m_host.DataSetSelected(m_choice.iFrequency, m_choice.iHour + 1);
+    m_form.pctMap->update();
+}
+
+void MapOverlayMenu::ChoiceTell()
+{
+    ChoiceKeep();
     Q_EMIT Chosen();
-    m_form.pctMap->update();  // the day/night line follows the hour
 }

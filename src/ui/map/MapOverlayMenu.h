@@ -27,6 +27,9 @@ public:
     [[nodiscard]] const OverlayChoice& ChoiceGet() const { return m_choice; }
     /// Takes the main window's selection, unless the user has chosen here.
     void SelectionFollow();
+    /// Another hour or row of the table is shown by other means than this menu; the overlay stays.
+    void HourTake(int iHour);
+    void FrequencyTake(int iFrequency);
 
 Q_SIGNALS:
     void Chosen();
@@ -37,6 +40,7 @@ private:
     void mnuOverlayTimeFill();
     void mnuOverlayFrequencyDataClick(int iIndex);
     void mnuOverlayTimeDataClick(int iHour);
+    void ChoiceKeep();
     void ChoiceTell();
 
     MapForm& m_form;

@@ -4,11 +4,13 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "ui/map/HourBar.h"
 #include "ui/map/MapButtonRow.h"
 
 namespace {
 
 constexpr int kMargin = 10;
+constexpr int kBarGap = 6;  // between the map and the bar of hours
 constexpr int kHeightMin = 360;
 constexpr int kRightButtons = 3;    // OK, Cancel, Apply
 constexpr int kCursorPadding = 12;  // beside the text of the read-out
@@ -34,7 +36,11 @@ void MapWindowLayout::LayoutSet()
     const int nTop = m_window.height() - m_form.cmdZoomOff->height() - kMargin;
     ButtonsPlace(nTop);
     QFrame* pFrame = m_form.pctFrame;
-    pFrame->resize(m_window.width() - 2 * pFrame->x(), nTop - pFrame->y() - kMargin);
+    const QSize sizeBar(m_window.width() - 2 * pFrame->x(), m_form.barHour->sizeHint().height());
+    m_form.barHour->setGeometry(
+        QRect(QPoint(pFrame->x(), nTop - kMargin - sizeBar.height()), sizeBar));
+    const int nBar = m_form.barHour->isHidden() ? 0 : sizeBar.height() + kBarGap;
+    pFrame->resize(sizeBar.width(), nTop - pFrame->y() - kMargin - nBar);
     FrameFill();
 }
 

@@ -1,6 +1,6 @@
 /// @file MapWindowLayout.h
-/// Where the controls of the map window stand: the map with its bars and the read-out above, the
-/// row of buttons below.
+/// Where the controls of the map window stand: the map with its bars and the read-out above,
+/// below it the bar of hours, where it is shown, and the row of buttons.
 ///
 /// Units:   pixels.
 /// Tests:   tests/ui/map/MapWindowLayoutTest.cpp, tests/ui/screen/ScreenTest.cpp

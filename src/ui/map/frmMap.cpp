@@ -2,7 +2,9 @@
 
 #include <QPointer>
 #include <memory>
+#include <utility>
 
+#include "ui/map/MapDayLayer.h"
 #include "ui/map/MapGraticule.h"
 #include "ui/map/MapMarkLayers.h"
 #include "ui/map/MapOverlayLayer.h"
@@ -15,7 +17,7 @@ constexpr QSize kSizeAtFirst(1000, 660);  // with the window's frame it fits 102
 
 }  // namespace
 
-frmMap::frmMap(MainWindowHost& host, QWidget* pParent)
+frmMap::frmMap(MainWindowHost& host, MapEngineFn fnEngine, QWidget* pParent)
     : QWidget(pParent, Qt::Window),
       MapForm(this),
       m_host(host),
@@ -28,12 +30,15 @@ frmMap::frmMap(MainWindowHost& host, QWidget* pParent)
       m_overlayMenu(*this, host),
       m_reach(*this, m_stations, host, m_overlayMenu),
       m_overlay(*this, host, m_overlayMenu),
-      m_export(*this, *this, host, m_overlay),
-      m_keys(*this, *this, m_navigation, m_mouse)
+      m_day(*this, host, m_overlayMenu, m_overlay, fnEngine),
+      m_dayMenu(*this, host, m_day),
+      m_export(*this, *this, host, m_overlay, m_day),
+      m_keys(*this, *this, m_navigation, m_mouse, m_day)
 {
     setObjectName(QStringLiteral("frmMap"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Hopcast - World Map"));
+    m_reach.EnginesSet(std::move(fnEngine));
     RoomsConnect();
     LayersAdd();
     pctMap->setFocus();  // not a flag, which would take the arrow keys
@@ -57,6 +62,15 @@ void frmMap::RoomsConnect()
     connect(&m_mouse, &MapMouse::ViewMoved, &m_overlay, &MapOverlayControl::Later);
     connect(&m_overlay, &MapOverlayControl::Due, this, &frmMap::OverlayAgain);
     connect(pctMap, &PctMap::DensityChanged, this, &frmMap::OverlayAgain);
+    connect(&m_day, &MapDayControl::PictureWanted, this, &frmMap::ViewPaint);
+    connect(&m_day, &MapDayControl::BarShown, this, [this] {
+        m_layout.LayoutSet();
+        m_navigation.ViewFit();
+    });
+    connect(&m_navigation, &MapNavigation::ViewChanged, this, [this] {
+        if (m_day.IsOn())
+            m_overlay.Later();
+    });
 }
 
 /// From the lowest up; the tips are put together in the same order.
@@ -67,6 +81,7 @@ void frmMap::LayersAdd()
     m_layers.Add(std::make_unique<PathLayer>(*this));
     m_layers.Add(std::make_unique<ScaleBarLayer>(m_view));
     m_layers.Add(std::make_unique<MapOverlayLayer>(*this, m_host, m_overlay));
+    m_layers.Add(std::make_unique<MapDayLayer>(*this, m_day));
     m_layers.Add(std::make_unique<EdgeArrowLayer>(*this));
     for (QToolButton* pToggle : {chkPath, chkNight, chkTwilight})
         connect(pToggle, &QToolButton::toggled, pctMap, [this] { pctMap->update(); });
@@ -77,6 +92,7 @@ void frmMap::ViewPaint()
 {
     m_mouse.PictureForget();
     m_overlay.PictureForget();
+    m_day.PictureForget();
     pctMap->PictureSize();
     if (m_view.IsBeyondImage())
         pctMap->m_img.fill(kMapBackground);
@@ -101,7 +117,9 @@ void frmMap::OverlayAgain()
         return;
     }
     ViewPaint();
-    if (m_overlay.IsShown())
+    if (m_day.IsOn())
+        m_day.Show();
+    else if (m_overlay.IsShown())
         m_overlay.Show();
 }
 

@@ -13,6 +13,8 @@
 #include <QWidget>
 
 #include "ui/common/MainWindowHost.h"
+#include "ui/map/MapDayControl.h"
+#include "ui/map/MapDayMenu.h"
 #include "ui/map/MapExport.h"
 #include "ui/map/MapForm.h"
 #include "ui/map/MapKeys.h"
@@ -30,8 +32,9 @@
 class frmMap final : public QWidget, public MapForm {
     Q_OBJECT
 public:
-    /// @param host  outlives the window.
-    explicit frmMap(MainWindowHost& host, QWidget* pParent = nullptr);
+    /// @param host      outlives the window.
+    /// @param fnEngine  the engines of the map's day; without it they are programs
+    explicit frmMap(MainWindowHost& host, MapEngineFn fnEngine = {}, QWidget* pParent = nullptr);
 
     /// Places a marker on its working copy.
     void DrawRc() { m_markers.DrawRc(); }
@@ -71,6 +74,8 @@ private:
     MapOverlayMenu m_overlayMenu;
     MapReach m_reach;
     MapOverlayControl m_overlay;
+    MapDayControl m_day;
+    MapDayMenu m_dayMenu;
     MapExport m_export;
     MapKeys m_keys;
 };

@@ -1,0 +1,56 @@
+/// @file MapDayPaint.h
+/// The layers of the map's day without their window: what is painted of a grid's points, in which
+/// colours, what the legend says, and what is told of the point under the pointer.
+///
+/// Units:   degrees, kHz, dB in 1 Hz; hours 0..23 of UTC; frequencies by their index into the list.
+/// Errors:  none; a point without a value is not painted, and its tip says so.
+/// Tests:   tests/ui/map/MapDayPaintTest.cpp
+#pragma once
+
+#include <QString>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "settings/Need.h"
+#include "studies/areaday/AreaDays.h"
+#include "ui/map/MapLegend.h"
+
+enum class MapDayLayerKind { Snr, BestFrequency, DaysInTen, HoursOpen };
+inline constexpr int kMapDayLayers = 4;
+
+/// What is shown of a day.
+struct MapDayShown {
+    MapDayLayerKind eLayer = MapDayLayerKind::Snr;
+    int iHour = 0;
+    std::size_t iFrequency = 0;
+    std::vector<float> afFrequency;  ///< the day's list
+    float fMinSnr = 0.0F;            ///< least SNR that is painted
+    Need need;                       ///< of days in ten and hours open
+    AreaHours hours;                 ///< of hours open: those that are there
+    std::function<std::uint32_t(float fSnr)> fnSnrColor;
+};
+
+/// True where the layer is one of a single frequency.
+[[nodiscard]] bool DayLayerOfFrequency(MapDayLayerKind eLayer);
+
+/// The layer's value of a point: SNR; index of the best frequency, where its SNR is painted; days
+/// in ten; hours open.
+[[nodiscard]] std::optional<float> DayValueGet(const MapDayShown& shown, const AreaDay& day,
+                                               std::size_t iPoint);
+/// The colour of a value, 0x00BBGGRR.
+[[nodiscard]] std::uint32_t DayColorGet(const MapDayShown& shown, float fValue);
+
+/// All points of a day with their values; not-a-number where there is none.
+[[nodiscard]] std::vector<AreaPoint> DayPointsGet(const MapDayShown& shown, const AreaDay& day);
+
+[[nodiscard]] Legend DayLegendGet(const MapDayShown& shown);
+/// ", Snr 48.0 dB", ", 14000 kHz, Snr 48.0 dB", ", 7 days in ten", ", 13 hours open".
+[[nodiscard]] QString DayTipGet(const MapDayShown& shown, const AreaDay& day, std::size_t iPoint);
+/// "Snr Overlay, 14000.0KHz @ 06:00", "Best Frequency @ 06:00" ...: a title for the window.
+[[nodiscard]] QString DayTitleGet(const MapDayShown& shown);
+/// The line that says what the picture is, behind the places.
+/// @param sAreaFoot  AreaFootText of its frequency and hour
+[[nodiscard]] std::string DayFootGet(const MapDayShown& shown, const std::string& sAreaFoot);

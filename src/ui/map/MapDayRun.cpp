@@ -1,0 +1,263 @@
+#include "ui/map/MapDayRun.h"
+
+#include <algorithm>
+#include <mutex>
+#include <string>
+#include <utility>
+
+#include "ui/common/RunnerPost.h"
+
+namespace {
+
+constexpr int kCoarseGrid = 10;  // points a side: a sixteenth of the shipped grid's work
+
+using WorkPtr = std::shared_ptr<AreaDayWork>;
+
+}  // namespace
+
+/// All boxes at one size of the grid. Its pieces are those of the first box, then the next one's.
+struct MapDayRun::Grid {
+    MapDayGrid apDays;
+    std::vector<WorkPtr> apWorks;
+    std::vector<bool> abDone;  // by piece
+    std::size_t nMissing = 0;  // pieces
+    /// By piece. One that was stopped may be at its end yet when it is begun anew.
+    std::vector<std::mutex> aBusy;
+
+    [[nodiscard]] std::size_t BoxPiecesGet() const { return apWorks.at(0)->PiecesGet(); }
+    [[nodiscard]] std::optional<AreaDayPart> PartGet(std::size_t iPiece) const
+    {
+        return apWorks.at(0)->PartGet(iPiece % BoxPiecesGet());
+    }
+    /// An hour of a frequency, or of all of them, is there in every box.
+    [[nodiscard]] bool WantIs(const MapDayWant& want) const
+    {
+        if (nMissing == 0)
+            return true;
+        for (std::size_t i = 0; i < abDone.size(); ++i) {
+            const auto part = PartGet(i);
+            const bool bWanted = !part
+                                 || (part->iHour == want.iHour
+                                     && (!want.iFrequency || *want.iFrequency == part->iFrequency));
+            if (bWanted && !abDone[i])
+                return false;
+        }
+        return true;
+    }
+    [[nodiscard]] std::size_t BytesGet() const
+    {
+        std::size_t nBytes = 0;
+        for (const auto& pDay : apDays) nBytes += pDay->BytesGet();
+        return nBytes;
+    }
+    /// Missing pieces, those of the wanted hour first.
+    [[nodiscard]] std::vector<std::size_t> PiecesMissing(const MapDayWant& want) const
+    {
+        std::vector<std::size_t> aiPiece;
+        for (std::size_t i = 0; i < abDone.size(); ++i) {
+            const auto part = PartGet(i);
+            const bool bWanted = !part || !want.iFrequency || *want.iFrequency == part->iFrequency;
+            if (bWanted && !abDone[i])
+                aiPiece.push_back(i);
+        }
+        const auto WaitOf = [&](std::size_t iPiece) {
+            const auto part = PartGet(iPiece);
+            return part ? (part->iHour - want.iHour + kHourCount) % kHourCount : 0;
+        };
+        std::stable_sort(aiPiece.begin(), aiPiece.end(), [&](std::size_t iOne, std::size_t iOther) {
+            return WaitOf(iOne) < WaitOf(iOther);
+        });
+        return aiPiece;
+    }
+};
+
+struct MapDayRun::Entry {
+    MapDayAsked asked;
+    std::string sEngine;
+    std::shared_ptr<const Engine> pEngine;  // outlives its work
+    bool bSpread = false;
+    std::optional<Grid> coarse;
+    Grid full;
+};
+
+MapDayRun::MapDayRun() = default;
+
+MapDayRun::~MapDayRun()
+{
+    for (RunnerJob& job : m_aJobs) job.Cancel();
+}
+
+/// The entry to the front of the list, a new one where there is none.
+void MapDayRun::EntryUse(const MapDayAsked& asked, const Engine& engine)
+{
+    const std::string sEngine = engine.IdentityGet();
+    const auto it = std::find_if(m_apEntries.begin(), m_apEntries.end(), [&](const EntryPtr& p) {
+        return p->asked == asked && p->sEngine == sEngine;
+    });
+    if (it != m_apEntries.end()) {
+        m_apEntries.splice(m_apEntries.begin(), m_apEntries, it);
+        return;
+    }
+    auto pEntry = std::make_shared<Entry>();
+    pEntry->asked = asked;
+    pEntry->sEngine = sEngine;
+    m_apEntries.push_front(std::move(pEntry));
+}
+
+/// Makes the entry's room and work. @return false where the engine cannot
+bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngine)
+{
+    const auto GridMake = [&](int nGridSize, bool bSpread) -> std::optional<Grid> {
+        Grid grid;
+        AreaDayRequest request{entry.asked.area, entry.asked.afFrequency, bSpread};
+        request.area.nGridSize = nGridSize;
+        for (const AreaBox& box : entry.asked.aBoxes) {
+            request.area.dSouth = box.dBottom;
+            request.area.dNorth = box.dTop;
+            request.area.dWest = box.dLeft;
+            request.area.dEast = box.dRight;
+            std::optional<Failure> failure;
+            WorkPtr pWork = pEngine->AreaDayPrepare(request, failure);
+            if (pWork == nullptr) {
+                Q_EMIT Failed(failure.value_or(Failure()));
+                return {};
+            }
+            grid.apWorks.push_back(std::move(pWork));
+            grid.apDays.push_back(std::make_shared<AreaDay>(request));
+        }
+        grid.abDone.assign(grid.apWorks.size() * grid.BoxPiecesGet(), false);
+        grid.nMissing = grid.abDone.size();
+        grid.aBusy = std::vector<std::mutex>(grid.nMissing);
+        return grid;
+    };
+    const int nGridSize = entry.asked.area.nGridSize;
+    auto grid = GridMake(nGridSize, entry.asked.bSpread);
+    if (!grid)
+        return false;
+    entry.bSpread = entry.asked.bSpread;
+    if (!grid->PartGet(0)) {  // all hours at once: the spreads cost it nothing
+        if (!entry.bSpread)
+            grid = GridMake(nGridSize, true);
+        entry.bSpread = true;
+        if (nGridSize > kCoarseGrid)
+            entry.coarse = GridMake(kCoarseGrid, true);
+    }
+    entry.full = std::move(*grid);
+    entry.pEngine = pEngine;
+    return true;
+}
+
+void MapDayRun::Ask(const MapDayAsked& asked, const std::shared_ptr<const Engine>& pEngine,
+                    const MapDayWant& want)
+{
+    const bool bSame = AskedGet() != nullptr && *AskedGet() == asked
+                       && m_apEntries.front()->sEngine == pEngine->IdentityGet();
+    if (bSame && m_bRunning && (!m_iFrequencyRun || m_iFrequencyRun == want.iFrequency))
+        return;
+    Stop();
+    EntryUse(asked, *pEngine);
+    Entry& entry = *m_apEntries.front();
+    if (entry.pEngine == nullptr && (asked.aBoxes.empty() || !Prepare(entry, pEngine)))
+        return;
+    CacheTrim();
+    if (entry.full.PiecesMissing(want).empty())
+        return;
+    m_bRunning = true;
+    m_nDone = 0;
+    m_nCount = 0;
+    m_iFrequencyRun = entry.full.PartGet(0) ? want.iFrequency : std::nullopt;
+    if (m_pRunner == nullptr)
+        m_pRunner = std::make_unique<Runner>(RunnerPostTo(*this), 0, 0);
+    if (entry.coarse && entry.coarse->nMissing > 0)
+        GridStart(*entry.coarse, want, false);
+    GridStart(entry.full, want, true);
+}
+
+void MapDayRun::GridStart(Grid& grid, const MapDayWant& want, bool bLast)
+{
+    const EntryPtr pEntry = m_apEntries.front();  // lives as long as its work
+    auto aiPiece = grid.PiecesMissing(want);
+    m_nCount += aiPiece.size();
+    const std::size_t nTasks = aiPiece.size();
+    const int nAtOnce =
+        grid.PartGet(0) ? pEntry->pEngine->LimitsGet().nAtOnce : m_pRunner->WorkersGet();
+    m_aJobs.push_back(m_pRunner->Start(
+        nTasks, nAtOnce,
+        [this, pEntry, &grid, aiPiece = std::move(aiPiece)](
+            std::size_t iTask, const std::stop_token& stop) -> std::function<void()> {
+            const std::size_t iPiece = aiPiece[iTask];
+            const std::size_t iBox = iPiece / grid.BoxPiecesGet();
+            const std::lock_guard lock(grid.aBusy[iPiece]);
+            auto failure =
+                grid.apWorks[iBox]->Run(iPiece % grid.BoxPiecesGet(), *grid.apDays[iBox], stop);
+            return [this, pEntry, &grid, iPiece, failure = std::move(failure)] {
+                PieceDone(grid, iPiece, failure);
+            };
+        },
+        [this, bLast] {
+            m_bRunning = m_bRunning && !bLast;
+            Q_EMIT Renewed();
+        }));
+}
+
+void MapDayRun::PieceDone(Grid& grid, std::size_t iPiece, const std::optional<Failure>& failure)
+{
+    if (failure) {
+        Stop();
+        Q_EMIT Failed(*failure);
+        return;
+    }
+    ++m_nDone;
+    grid.abDone[iPiece] = true;
+    --grid.nMissing;
+    Q_EMIT Progressed();
+    // Of rows none can be shown before the last one, whose job then ends.
+    const auto part = grid.PartGet(iPiece);
+    if (part && grid.WantIs({part->iHour, part->iFrequency}))
+        Q_EMIT Renewed();
+}
+
+void MapDayRun::Stop()
+{
+    for (RunnerJob& job : m_aJobs) job.Cancel();
+    m_aJobs.clear();
+    m_bRunning = false;
+}
+
+const MapDayAsked* MapDayRun::AskedGet() const
+{
+    return m_apEntries.empty() ? nullptr : &m_apEntries.front()->asked;
+}
+
+const MapDayGrid* MapDayRun::GridGet(const MapDayWant& want) const
+{
+    if (m_apEntries.empty() || m_apEntries.front()->pEngine == nullptr)
+        return nullptr;
+    const Entry& entry = *m_apEntries.front();
+    if (entry.full.WantIs(want))
+        return &entry.full.apDays;
+    return entry.coarse && entry.coarse->nMissing == 0 ? &entry.coarse->apDays : nullptr;
+}
+
+AreaHours MapDayRun::HoursGet() const
+{
+    AreaHours hours;
+    for (int iHour = 0; iHour < kHourCount; ++iHour)
+        hours.set(static_cast<std::size_t>(iHour), GridGet({iHour, {}}) != nullptr);
+    return hours;
+}
+
+bool MapDayRun::SpreadIs() const { return !m_apEntries.empty() && m_apEntries.front()->bSpread; }
+
+std::size_t MapDayRun::CacheBytesGet() const
+{
+    std::size_t nBytes = 0;
+    for (const EntryPtr& pEntry : m_apEntries)
+        nBytes += pEntry->full.BytesGet() + (pEntry->coarse ? pEntry->coarse->BytesGet() : 0);
+    return nBytes;
+}
+
+void MapDayRun::CacheTrim()
+{
+    while (m_apEntries.size() > 1 && CacheBytesGet() > kCacheBytes) m_apEntries.pop_back();
+}
