@@ -76,8 +76,16 @@ struct MapDayRun::Entry {
     std::string sEngine;
     std::shared_ptr<const Engine> pEngine;  // outlives its work
     bool bSpread = false;
+    bool bRows = false;  // all hours at once, with their spreads
     std::optional<Grid> coarse;
     Grid full;
+
+    [[nodiscard]] bool Serves(MapDayAsked wanted, const std::string& sEngineOf) const
+    {
+        if (bRows)
+            wanted.bSpread = asked.bSpread;
+        return asked == wanted && sEngine == sEngineOf;
+    }
 };
 
 MapDayRun::MapDayRun() = default;
@@ -91,9 +99,8 @@ MapDayRun::~MapDayRun()
 void MapDayRun::EntryUse(const MapDayAsked& asked, const Engine& engine)
 {
     const std::string sEngine = engine.IdentityGet();
-    const auto it = std::find_if(m_apEntries.begin(), m_apEntries.end(), [&](const EntryPtr& p) {
-        return p->asked == asked && p->sEngine == sEngine;
-    });
+    const auto it = std::find_if(m_apEntries.begin(), m_apEntries.end(),
+                                 [&](const EntryPtr& p) { return p->Serves(asked, sEngine); });
     if (it != m_apEntries.end()) {
         m_apEntries.splice(m_apEntries.begin(), m_apEntries, it);
         return;
@@ -135,7 +142,8 @@ bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngi
     if (!grid)
         return false;
     entry.bSpread = entry.asked.bSpread;
-    if (!grid->PartGet(0)) {  // all hours at once: the spreads cost it nothing
+    entry.bRows = !grid->PartGet(0);
+    if (entry.bRows) {  // the spreads cost it nothing
         if (!entry.bSpread)
             grid = GridMake(nGridSize, true);
         entry.bSpread = true;
@@ -150,8 +158,8 @@ bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngi
 void MapDayRun::Ask(const MapDayAsked& asked, const std::shared_ptr<const Engine>& pEngine,
                     const MapDayWant& want)
 {
-    const bool bSame = AskedGet() != nullptr && *AskedGet() == asked
-                       && m_apEntries.front()->sEngine == pEngine->IdentityGet();
+    const bool bSame =
+        !m_apEntries.empty() && m_apEntries.front()->Serves(asked, pEngine->IdentityGet());
     if (bSame && m_bRunning && (!m_iFrequencyRun || m_iFrequencyRun == want.iFrequency))
         return;
     Stop();

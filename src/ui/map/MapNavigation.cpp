@@ -31,17 +31,23 @@ void MapNavigation::ViewSet(const MapBox& box)
     ZoomSet(m_form.m_view.ZoomKeepSeen(m_form.m_view.BoxGetZoom(box)));
 }
 
-void MapNavigation::ViewRestore() { ZoomSet(AskedGet()); }
-
-void MapNavigation::ViewFit() { m_form.m_view.ZoomSet(AskedGet()); }
-
-MapZoom MapNavigation::AskedGet() const
+void MapNavigation::ViewRestore()
 {
-    const MapView& view = m_form.m_view;
+    const LatLon center = m_form.m_view.CenterGet();
     if (m_bAskedBox)
-        return view.ZoomKeepSeen(view.BoxGetZoom(m_boxAsked));
+        ViewSet(m_boxAsked);
+    else
+        ZoomSet({m_form.m_view.m_dScale, center.dLat, center.dLon});
+}
+
+void MapNavigation::ViewFit()
+{
+    MapView& view = m_form.m_view;
     const LatLon center = view.CenterGet();
-    return {view.m_dScale, center.dLat, center.dLon};
+    if (m_rctFit != view.m_rctSource)  // the view was moved since
+        m_zoomFit = {view.m_dScale, center.dLat, center.dLon};
+    view.ZoomSet(m_zoomFit);
+    m_rctFit = view.m_rctSource;
 }
 
 void MapNavigation::ZoomAsk(const MapZoom& zoom)

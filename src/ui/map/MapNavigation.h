@@ -23,7 +23,8 @@ public:
     void ViewSet(const MapBox& box);
     /// Shows what was asked for last, after the window's size has changed.
     void ViewRestore();
-    /// The same without painting, for who paints anyway.
+    /// Scale and centre stay after the bar of hours has appeared or gone; back and forth gives the
+    /// same view again. Paints nothing.
     void ViewFit();
     /// Shows scale and centre as they were asked for by the wheel, a bar or a drag.
     void ZoomAsk(const MapZoom& zoom);
@@ -46,7 +47,6 @@ Q_SIGNALS:
     void ViewChanged();
 
 private:
-    [[nodiscard]] MapZoom AskedGet() const;
     void ZoomSet(const MapZoom& zoom);
     void ZoomAroundMiddle(double dFactor);
     void cmdZoomOffClick();
@@ -60,5 +60,8 @@ private:
     // Asked for last: a box, or scale and centre.
     bool m_bAskedBox = true;
     MapBox m_boxAsked;
+    // What ViewFit has shown last, and by which zoom.
+    QRect m_rctFit;
+    MapZoom m_zoomFit;
     double m_dEdgeSetting = kEdgeGreenwich;  // the setting that the view has taken over last
 };

@@ -341,6 +341,40 @@ TEST(GuidePictures, TokyoToSanFrancisco)
     PathPictureKeep({35.7, 139.7}, {37.8, -122.4}, "map_pacific.png");
 }
 
+/// A layer of the day round a receiver, at an hour, in a window small enough for a page.
+void DayPictureKeep(const LatLon& posRc, const MapBox& box, int iLayer, int iHour,
+                    const char* sName)
+{
+    GuideRig rig;
+    frmMain& frm = rig.Start();
+    frm.m_settings.m_dRcLat = posRc.dLat;
+    frm.m_settings.m_dRcLon = posRc.dLon;
+    frm.m_settings.m_iMapWorldBegins = box.dLeft < 0 ? -180 : 0;
+    EXPECT_TRUE(frm.Update());
+    frm.DataSetSelected(kRow14000, iHour + 1);
+    frmMap& map = MapOpen(frm);
+    map.resize(800, 560);
+    map.m_view.ZoomSet(map.m_view.BoxGetZoom(box));
+    QTest::mouseClick(map.cmdOverlay, Qt::LeftButton);
+    map.findChild<QAction*>(QStringLiteral("mnuOverlayLayer%1").arg(iLayer))->trigger();
+    map.mnuOverlay->close();
+    const MapDayControl& day = *map.findChild<MapDayControl*>();
+    EXPECT_TRUE(QTest::qWaitFor([&day] { return !day.RunGet().RunningIs(); }, 100'000));
+    EXPECT_TRUE(day.HasCells());
+    PictureKeep(map, sName);
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+}
+
+TEST(GuidePictures, BestFrequencyFromTheMarquesas)
+{
+    DayPictureKeep({-9.8, -139.0}, {62, 150, -55, 300}, 1, 6, "map_best.png");
+}
+
+TEST(GuidePictures, HoursOpenRoundLondon)
+{
+    DayPictureKeep({51.5, -0.1}, {72, -35, 22, 55}, 3, 6, "map_hours.png");
+}
+
 TEST(GuidePictures, CapeHorn)
 {
     GuideRig rig;

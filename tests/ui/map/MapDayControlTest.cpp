@@ -256,7 +256,7 @@ TEST_F(MapDay, PlayingForDaysHoldsNoMoreMemory)
             const int iHour = m_pMap->barHour->hscHour->value();
             nHours += iHour != iLast ? 1 : 0;
             iLast = iHour;
-            return nHours > 10 * 24;
+            return nHours > 3 * 24;
         },
         60000));
     EXPECT_EQ(Day().RunGet().CacheBytesGet(), nBytes);

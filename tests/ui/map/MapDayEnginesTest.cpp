@@ -26,8 +26,8 @@ protected:
         settings.m_iMapOverlayGridSize = kGrid;
         settings.m_fMapOverlayMinSnr = kLeast;
         settings.m_fPropagationSunSpotNumber = 100;
-        settings.m_fReliability = 50.0F;
-        settings.m_fPower = 100.0F;
+        settings.m_fPropagationReliability = 50.0F;
+        settings.m_fStationPower = 100.0F;
         settings.m_dRcLat = -9.8;
         settings.m_dRcLon = -139.0;
         settings.m_nData = static_cast<int>(kList.size());

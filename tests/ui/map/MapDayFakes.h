@@ -24,7 +24,7 @@ public:
     [[nodiscard]] Prediction Predict(const Request& /*request*/,
                                      const std::stop_token& /*stop*/) const override
     {
-        return {};
+        return Prediction();
     }
     [[nodiscard]] AreaPrediction PredictArea(const AreaRequest& request,
                                              const std::stop_token& stop) const override
@@ -82,7 +82,7 @@ protected:
     MapDayWindow()
     {
         m_host.m_settings.m_iMapOverlayGridSize = 6;
-        m_host.m_settings.m_fReliability = 50.0F;
+        m_host.m_settings.m_fPropagationReliability = 50.0F;
         m_host.m_settings.m_nData = 3;
         m_host.m_settings.FrequencySet(1, 7000.0F);
         m_host.m_settings.FrequencySet(2, 10000.0F);

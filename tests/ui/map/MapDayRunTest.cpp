@@ -41,6 +41,10 @@ TEST(MapDayRun, TheEngineInThisProcessAnswersCoarselyFirst)
     EXPECT_TRUE(run.HoursGet().all());
     EXPECT_TRUE(run.SpreadIs()) << "also unasked";
     EXPECT_EQ(run.GridGet({5, {}})->size(), 2u);
+    MapDayAsked asked = AskedMake(24);
+    asked.bSpread = true;
+    run.Ask(asked, std::make_shared<BuiltInEngine>(folder.Path()), {});
+    EXPECT_FALSE(run.RunningIs()) << "another layer of the same day";
 }
 
 TEST(MapDayRun, WorkThatWasStoppedGoesOnWhereItEnded)
@@ -56,6 +60,7 @@ TEST(MapDayRun, WorkThatWasStoppedGoesOnWhereItEnded)
     EXPECT_NE(run.GridGet({20, 1}), nullptr);
     EXPECT_EQ(run.GridGet({21, {}}), nullptr);
     EXPECT_EQ(run.HoursGet().count(), 1u);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pEngine->m_nStopped == 1; }));
     pEngine->Let(1000);
     run.Ask(AskedMake(4), pEngine, {3, {}});
     ASSERT_TRUE(EndsSoon(run));
