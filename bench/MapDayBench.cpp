@@ -24,7 +24,7 @@ constexpr double kStepLimit = 20'000.0;
 constexpr int kMapWidth = 1200;
 constexpr int kMapHeight = 700;
 constexpr MapBox kWorld{80, 0, -80, 360};
-constexpr MapBox kRegion{65, 200, 15, 270};
+constexpr MapBox kRegion{60, 250, 10, 320};
 
 /// The main window as far as the map needs it.
 class HostBench final : public MainWindowHost {

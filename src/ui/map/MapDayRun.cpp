@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "settings/SettingsRange.h"
 #include "ui/common/RunnerPost.h"
 
 namespace {
@@ -76,7 +77,8 @@ struct MapDayRun::Entry {
     std::string sEngine;
     std::shared_ptr<const Engine> pEngine;  // outlives its work
     bool bSpread = false;
-    bool bRows = false;  // all hours at once, with their spreads
+    bool bRows = false;   // all hours at once, with their spreads
+    bool bReady = false;  // both grids have their work
     std::optional<Grid> coarse;
     Grid full;
 
@@ -101,24 +103,27 @@ void MapDayRun::EntryUse(const MapDayAsked& asked, const Engine& engine)
     const std::string sEngine = engine.IdentityGet();
     const auto it = std::find_if(m_apEntries.begin(), m_apEntries.end(),
                                  [&](const EntryPtr& p) { return p->Serves(asked, sEngine); });
-    if (it != m_apEntries.end()) {
+    if (it != m_apEntries.end() && (*it)->bReady) {
         m_apEntries.splice(m_apEntries.begin(), m_apEntries, it);
         return;
     }
+    if (it != m_apEntries.end())
+        m_apEntries.erase(it);
     auto pEntry = std::make_shared<Entry>();
     pEntry->asked = asked;
     pEntry->sEngine = sEngine;
     m_apEntries.push_front(std::move(pEntry));
 }
 
-/// Makes the entry's room and work. @return false where the engine cannot
+/// Makes the entry's room and work; a coarse grid is begun at once, so that its picture does not
+/// wait for the room of the full one. @return false where the engine cannot
 bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngine)
 {
-    const auto GridMake = [&](int nGridSize, bool bSpread) -> std::optional<Grid> {
-        Grid grid;
+    const auto GridMake = [&](Grid& grid, int nGridSize, std::size_t nBoxes, bool bSpread) {
         AreaDayRequest request{entry.asked.area, entry.asked.afFrequency, bSpread};
         request.area.nGridSize = nGridSize;
-        for (const AreaBox& box : entry.asked.aBoxes) {
+        for (std::size_t n = 0; n < nBoxes; ++n) {
+            const AreaBox& box = entry.asked.aBoxes[n];
             request.area.dSouth = box.dBottom;
             request.area.dNorth = box.dTop;
             request.area.dWest = box.dLeft;
@@ -126,8 +131,9 @@ bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngi
             std::optional<Failure> failure;
             WorkPtr pWork = pEngine->AreaDayPrepare(request, failure);
             if (pWork == nullptr) {
+                Stop();
                 Q_EMIT Failed(failure.value_or(Failure()));
-                return {};
+                return false;
             }
             grid.apWorks.push_back(std::move(pWork));
             grid.apDays.push_back(std::make_shared<AreaDay>(request));
@@ -135,24 +141,23 @@ bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngi
         grid.abDone.assign(grid.apWorks.size() * grid.BoxPiecesGet(), false);
         grid.nMissing = grid.abDone.size();
         grid.aBusy = std::vector<std::mutex>(grid.nMissing);
-        return grid;
+        return true;
     };
     const int nGridSize = entry.asked.area.nGridSize;
-    auto grid = GridMake(nGridSize, entry.asked.bSpread);
-    if (!grid)
+    const std::size_t nBoxes = entry.asked.aBoxes.size();
+    Grid trial;
+    if (!GridMake(trial, kGridSizeMin, 1, false))
         return false;
-    entry.bSpread = entry.asked.bSpread;
-    entry.bRows = !grid->PartGet(0);
-    if (entry.bRows) {  // the spreads cost it nothing
-        if (!entry.bSpread)
-            grid = GridMake(nGridSize, true);
-        entry.bSpread = true;
-        if (nGridSize > kCoarseGrid)
-            entry.coarse = GridMake(kCoarseGrid, true);
-    }
-    entry.full = std::move(*grid);
     entry.pEngine = pEngine;
-    return true;
+    entry.bRows = !trial.PartGet(0);
+    entry.bSpread = entry.bRows || entry.asked.bSpread;  // of rows they cost nothing
+    if (entry.bRows && nGridSize > kCoarseGrid) {
+        if (!GridMake(entry.coarse.emplace(), kCoarseGrid, nBoxes, true))
+            return false;
+        GridStart(*entry.coarse, {}, false);
+    }
+    entry.bReady = GridMake(entry.full, nGridSize, nBoxes, entry.bSpread);
+    return entry.bReady;
 }
 
 void MapDayRun::Ask(const MapDayAsked& asked, const std::shared_ptr<const Engine>& pEngine,
@@ -163,21 +168,23 @@ void MapDayRun::Ask(const MapDayAsked& asked, const std::shared_ptr<const Engine
     if (bSame && m_bRunning && (!m_iFrequencyRun || m_iFrequencyRun == want.iFrequency))
         return;
     Stop();
+    m_nDone = 0;
+    m_nCount = 0;
+    if (m_pRunner == nullptr)
+        m_pRunner = std::make_unique<Runner>(RunnerPostTo(*this), 0, 0);
     EntryUse(asked, *pEngine);
     Entry& entry = *m_apEntries.front();
-    if (entry.pEngine == nullptr && (asked.aBoxes.empty() || !Prepare(entry, pEngine)))
+    if (entry.bReady) {
+        if (entry.coarse && entry.coarse->nMissing > 0)
+            GridStart(*entry.coarse, {}, false);
+    } else if (asked.aBoxes.empty() || !Prepare(entry, pEngine)) {
         return;
+    }
     CacheTrim();
     if (entry.full.PiecesMissing(want).empty())
         return;
     m_bRunning = true;
-    m_nDone = 0;
-    m_nCount = 0;
-    m_iFrequencyRun = entry.full.PartGet(0) ? want.iFrequency : std::nullopt;
-    if (m_pRunner == nullptr)
-        m_pRunner = std::make_unique<Runner>(RunnerPostTo(*this), 0, 0);
-    if (entry.coarse && entry.coarse->nMissing > 0)
-        GridStart(*entry.coarse, want, false);
+    m_iFrequencyRun = entry.bRows ? std::nullopt : want.iFrequency;
     GridStart(entry.full, want, true);
 }
 
@@ -239,7 +246,7 @@ const MapDayAsked* MapDayRun::AskedGet() const
 
 const MapDayGrid* MapDayRun::GridGet(const MapDayWant& want) const
 {
-    if (m_apEntries.empty() || m_apEntries.front()->pEngine == nullptr)
+    if (m_apEntries.empty() || !m_apEntries.front()->bReady)
         return nullptr;
     const Entry& entry = *m_apEntries.front();
     if (entry.full.WantIs(want))

@@ -127,8 +127,8 @@ TEST_F(MapDay, AnotherNeedIsJudgedWithoutARun)
 
 TEST_F(MapDay, PlayGoesOverMidnightAndWaitsForHoursThatAreNotThereYet)
 {
-    m_host.m_settings.m_selected = {2, 24};
     OverlayShow();
+    HourKey(Qt::Key_End);
     Day().PlayPaceSet(1);
     HourKey(Qt::Key_Space);
     EXPECT_TRUE(Day().PlayingIs());
