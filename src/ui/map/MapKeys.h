@@ -1,5 +1,6 @@
 /// @file MapKeys.h
-/// The keys of the map window, all of them; a focused marker or bar of hours takes its arrow keys before.
+/// The keys of the map window, all of them; a focused marker or bar of hours takes its arrow keys
+/// before.
 ///
 /// Keys:    arrows move the view, + - 0 zoom, Enter is OK, Esc ends what the mouse does, then work
 ///          and play of the day, else it is Cancel; the menu key and Shift+F10 open the menu of

@@ -12,9 +12,9 @@
 
 #include "propagation/Prediction.h"
 
-/// The point nearest to a position, or its SNR; distances in plain degrees, longitudes the short way
-/// round; of several points equally near the first in order. Points 180 degrees away and more do
-/// not count.
+/// The point nearest to a position, or its SNR; distances in plain degrees, longitudes the short
+/// way round; of several points equally near the first in order. Points 180 degrees away and more
+/// do not count.
 [[nodiscard]] const AreaPoint* GridFindNearest(std::span<const AreaPoint> aPoints, double dLat,
                                                double dLon);
 [[nodiscard]] std::optional<float> GridGetNearest(std::span<const AreaPoint> aPoints, double dLat,

@@ -18,6 +18,31 @@ TEST_F(MapDay, TheOverlayAsItsItemShowsItAsksForNoDay)
     EXPECT_TRUE(TipAt({300, 200}).contains(QStringLiteral("Snr 52.0 dB"))) << "of the program";
 }
 
+TEST_F(MapDay, TheBarStandsBelowTheMapWhichKeepsScaleAndCentre)
+{
+    m_pMap->resize(800, 600);
+    m_pMap->m_view.ZoomSet(m_pMap->m_view.BoxGetZoom({50, 200, 10, 260}));
+    m_pMap->Update();
+    const QRect rctFrame = m_pMap->pctFrame->geometry();
+    const QRect rctSource = m_pMap->m_view.m_rctSource;
+    const double dScale = m_pMap->m_view.m_dScale;
+    const LatLon center = m_pMap->m_view.CenterGet();
+    for (int n = 0; n < 3; ++n) {
+        OverlayShow();
+        const QRect rctBar = m_pMap->barHour->geometry();
+        EXPECT_GT(rctBar.top(), m_pMap->pctFrame->geometry().bottom());
+        EXPECT_LT(rctBar.bottom(), m_pMap->cmdZoomOff->y());
+        EXPECT_EQ(rctBar.left(), rctFrame.left());
+        EXPECT_EQ(rctBar.right(), rctFrame.right());
+        EXPECT_EQ(m_pMap->m_view.m_dScale, dScale);
+        EXPECT_NEAR(m_pMap->m_view.CenterGet().dLat, center.dLat, 0.2);
+        EXPECT_NEAR(m_pMap->m_view.CenterGet().dLon, center.dLon, 0.2);
+        m_pMap->mnuOverlayDraw->trigger();
+        EXPECT_EQ(m_pMap->pctFrame->geometry(), rctFrame);
+        EXPECT_EQ(m_pMap->m_view.m_rctSource, rctSource) << "back and forth moves nothing";
+    }
+}
+
 TEST_F(MapDay, MovingTheBarShowsTheHourOfTheDayOnceItIsThere)
 {
     OverlayShow();
