@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <utility>
 
 #include "geo/MathLib.h"
@@ -325,6 +326,23 @@ AreaRequest MapDayControl::RequestGet() const
     return request;
 }
 
+/// What the smooth picture shows at a position.
+std::optional<float> MapDayControl::SmoothGet(const LatLon& pos) const
+{
+    std::size_t iFirst = 0;
+    for (std::size_t n = 0; IsSmooth() && n < m_apShown.size(); ++n) {
+        const std::size_t nPoints = m_apShown[n]->aPlaces.size();
+        const auto fSnr = SmoothGrid(AreaBoxPrinted(m_run.AskedGet()->aBoxes.at(n)),
+                                     m_apShown[n]->request.area.nGridSize,
+                                     std::span(m_aPoints).subspan(iFirst, nPoints))
+                              .SnrGet(pos.dLat, pos.dLon);
+        if (fSnr)
+            return fSnr;
+        iFirst += nPoints;
+    }
+    return {};
+}
+
 QString MapDayControl::TipGet(const LatLon& pos) const
 {
     const AreaPoint* pPoint = GridFindNearest(m_aPoints, pos.dLat, pos.dLon);
@@ -332,7 +350,9 @@ QString MapDayControl::TipGet(const LatLon& pos) const
         return {};
     const auto iPoint = static_cast<std::size_t>(pPoint - m_aPoints.data());
     const std::size_t nEach = m_apShown.front()->aPlaces.size();
-    return DayTipGet(m_shown, *m_apShown.at(iPoint / nEach), iPoint % nEach)
+    const auto fSmooth = SmoothGet(pos);
+    return (fSmooth ? DaySnrText(*fSmooth)
+                    : DayTipGet(m_shown, *m_apShown.at(iPoint / nEach), iPoint % nEach))
            + QStringLiteral(", Rng ")
            + QString::fromStdString(NumberFormat(RangeGetMiles(m_form.m_posRc, pos), "0"));
 }

@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "ui/map/MapDayPaint.h"
 #include "ui/map/MapDayRun.h"
@@ -76,6 +77,7 @@ private:
     void WorkShow();
     void ListTake();
     void ShownTake();
+    [[nodiscard]] std::optional<float> SmoothGet(const LatLon& pos) const;
     [[nodiscard]] MapDayWant WantGet(int iHour) const;
     [[nodiscard]] const MapDayGrid* GridGet() const;
 

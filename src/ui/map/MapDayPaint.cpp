@@ -193,20 +193,19 @@ Legend DayLegendGet(const MapDayShown& shown)
     return HoursLegend(shown);
 }
 
+QString DaySnrText(float fSnr) { return QStringLiteral(", Snr %1 dB").arg(Text(fSnr, "0.0")); }
+
 QString DayTipGet(const MapDayShown& shown, const AreaDay& day, std::size_t iPoint)
 {
-    const auto SnrText = [](float fSnr) {
-        return QStringLiteral(", Snr %1 dB").arg(Text(fSnr, "0.0"));
-    };
     const auto value = DayValueGet(shown, day, iPoint);
     switch (shown.eLayer) {
         case MapDayLayerKind::Snr:
-            return value ? SnrText(*value) : QObject::tr(", no value");
+            return value ? DaySnrText(*value) : QObject::tr(", no value");
         case MapDayLayerKind::BestFrequency: {
             const auto best = AreaBestGet(day, iPoint, shown.iHour);
             return best ? QStringLiteral(", %1 kHz")
                                   .arg(Text(shown.afFrequency.at(best->iFrequency)))
-                              + SnrText(best->fSnr)
+                              + DaySnrText(best->fSnr)
                         : QObject::tr(", no value");
         }
         case MapDayLayerKind::DaysInTen:

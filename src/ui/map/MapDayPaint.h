@@ -47,6 +47,8 @@ struct MapDayShown {
 [[nodiscard]] std::vector<AreaPoint> DayPointsGet(const MapDayShown& shown, const AreaDay& day);
 
 [[nodiscard]] Legend DayLegendGet(const MapDayShown& shown);
+/// ", Snr 48.0 dB".
+[[nodiscard]] QString DaySnrText(float fSnr);
 /// ", Snr 48.0 dB", ", 14000 kHz, Snr 48.0 dB", ", 7 days in ten", ", 13 hours open".
 [[nodiscard]] QString DayTipGet(const MapDayShown& shown, const AreaDay& day, std::size_t iPoint);
 /// "Snr Overlay, 14000.0KHz @ 06:00", "Best Frequency @ 06:00" ...: a title for the window.
