@@ -34,6 +34,7 @@ HourBar::HourBar(QWidget* pParent)
     cmbFrequency->setObjectName(QStringLiteral("cmbFrequency"));
     cmbFrequency->setAccessibleName(tr("Frequency of the map"));
     cmbFrequency->setToolTip(tr("The frequency that the map shows"));
+    cmbFrequency->setSizeAdjustPolicy(QComboBox::AdjustToContents);  // it is filled later
     lblWork->setObjectName(QStringLiteral("lblWork"));
     auto* pRow = new QHBoxLayout(this);
     pRow->setContentsMargins(0, 0, 0, 0);

@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <vector>
 
+#include "engine/builtin/BuiltInEngine.h"
 #include "propagation/itshfbc/EngineRoot.h"
 #include "support/NeedVoacapl.h"
 #include "ui/card/frmCard.h"
@@ -350,6 +351,9 @@ void DayPictureKeep(const LatLon& posRc, const MapBox& box, int iLayer, int iHou
     frm.m_settings.m_dRcLat = posRc.dLat;
     frm.m_settings.m_dRcLon = posRc.dLon;
     frm.m_settings.m_iMapWorldBegins = box.dLeft < 0 ? -180 : 0;
+    frm.EnginesSet([pEngine = std::make_shared<BuiltInEngine>(EngineRootGet().Path(""))](int) {
+        return pEngine;
+    });
     EXPECT_TRUE(frm.Update());
     frm.DataSetSelected(kRow14000, iHour + 1);
     frmMap& map = MapOpen(frm);
@@ -359,7 +363,7 @@ void DayPictureKeep(const LatLon& posRc, const MapBox& box, int iLayer, int iHou
     map.findChild<QAction*>(QStringLiteral("mnuOverlayLayer%1").arg(iLayer))->trigger();
     map.mnuOverlay->close();
     const MapDayControl& day = *map.findChild<MapDayControl*>();
-    EXPECT_TRUE(QTest::qWaitFor([&day] { return !day.RunGet().RunningIs(); }, 100'000));
+    EXPECT_TRUE(QTest::qWaitFor([&day] { return !day.RunGet().RunningIs(); }, 60'000));
     EXPECT_TRUE(day.HasCells());
     PictureKeep(map, sName);
     EXPECT_TRUE(rig.m_msg.m_aShown.empty());
