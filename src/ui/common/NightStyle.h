@@ -5,7 +5,7 @@
 /// system's would shine. Window frames are the system's.
 ///
 /// Threads: that of the windows.
-/// Tests:   tests/ui/common/NightStyleTest.cpp, tests/ui/night
+/// Tests:   tests/ui/common/NightStyleTest.cpp, tests/ui/night/NightTest.cpp
 #pragma once
 
 #include <QPalette>
