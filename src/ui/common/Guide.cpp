@@ -85,7 +85,8 @@ void GuideShow(const std::string& sProgramFolder)
     if (sFile.isEmpty()) {
         static bool s_bTelling = false;  // F1 works in its box too
         if (!std::exchange(s_bTelling, true)) {
-            MsgBox(MsgIcon::Info, "The guide is not installed with this program.");
+            MsgBox(MsgIcon::Info,
+                   QObject::tr("The guide is not installed with this program.").toStdString());
             s_bTelling = false;
         }
         return;
@@ -107,8 +108,8 @@ frmGuide::frmGuide(const QString& sFile)
     setObjectName(QStringLiteral("frmGuide"));
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_QuitOnClose, false);  // the program ends with its main window
-    setWindowTitle(QStringLiteral("Hopcast - Guide"));
-    setAccessibleName(QStringLiteral("Guide"));
+    setWindowTitle(tr("Hopcast - Guide"));
+    setAccessibleName(tr("Guide"));
     setOpenExternalLinks(true);
     resize(kWindowSize.boundedTo(screen()->availableSize() - kFrameSize));
     setSource(QUrl::fromLocalFile(sFile));

@@ -1,5 +1,6 @@
 #include "ui/common/HourLabels.h"
 
+#include <QObject>
 #include <cmath>
 
 #include "system/ClockLib.h"
@@ -45,7 +46,7 @@ HourLabels HourLabelsGet(int iTimeCode)
 
 QString HourZoneGet(int iTimeCode)
 {
-    return iTimeCode == kTimeLocal ? QStringLiteral("Local") : QStringLiteral("Zulu");
+    return iTimeCode == kTimeLocal ? QObject::tr("Local") : QObject::tr("Zulu");
 }
 
 QString HourTimeGet(const QString& sLabel)

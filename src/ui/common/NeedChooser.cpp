@@ -10,7 +10,8 @@ constexpr int kLettersMost = 16;  // the status line has little room
 
 QString EntryText(const Need& need)
 {
-    return QString::fromStdString(need.sName + ", " + NumberToText(need.fSnr) + " dB in 1 Hz");
+    return NeedChooser::tr("%1, %2 dB in 1 Hz")
+        .arg(QString::fromStdString(need.sName), QString::fromStdString(NumberToText(need.fSnr)));
 }
 
 }  // namespace
@@ -44,10 +45,10 @@ void NeedChooser::Show()
                              : fontMetrics()
                                    .elidedText(sName, Qt::ElideRight, nRoom)
                                    .replace(u'&', QStringLiteral("&&")));
-    setToolTip(pNeed == nullptr ? tr("What contacts are for: none chosen")
-                                : tr("What contacts are for: %1\nCells that meet it have a corner")
-                                      .arg(EntryText(*pNeed)));
-    setAccessibleName(toolTip().section(u'\n', 0, 0));
+    const QString sFor = pNeed == nullptr ? tr("What contacts are for: none chosen")
+                                          : tr("What contacts are for: %1").arg(EntryText(*pNeed));
+    setToolTip(pNeed == nullptr ? sFor : tr("%1\nCells that meet it have a corner").arg(sFor));
+    setAccessibleName(sFor);
 }
 
 void NeedChooser::ShowInForce()
