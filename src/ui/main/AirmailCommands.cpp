@@ -7,16 +7,17 @@
 #include "system/MsgLib.h"
 #include "system/TextLib.h"
 #include "ui/common/MainWindowHost.h"
+#include "ui/common/Words.h"
 #include "ui/main/StatusText.h"
 
 namespace {
 
 /// What Airmail's reader answered, told where it failed.
-bool AnswerTell(const Messages& aMessages, const Result<bool>& res, const std::string& sWhat)
+bool AnswerTell(const Messages& aMessages, const Result<bool>& res, const QString& sWhat)
 {
     MsgShow(aMessages);
     if (!res)
-        MsgBox(MsgIcon::None, "Airmail's " + sWhat + ": " + res.TextGet());
+        MsgBox(MsgIcon::None, WordsPut(QObject::tr("%1: %2"), sWhat, res.TextGet()));
     return res && res.ValueGet();
 }
 
@@ -34,7 +35,7 @@ void AirmailCommands::ReceiverTake()
     DateTime dtTime;
     Messages aMessages;
     const auto res = AirMailPositionGet(dLat, dLon, dtTime, &aMessages);
-    if (!AnswerTell(aMessages, res, "position"))
+    if (!AnswerTell(aMessages, res, tr("Airmail's position")))
         return;
     Q_EMIT Noticed(StatusPosition(dtTime, UtcNow()));
     Q_EMIT RowTaken(0);
@@ -57,7 +58,9 @@ void AirmailCommands::StationTake(const Station& station)
     Messages aMessages;
     const auto res =
         AirMailStationPosition(station.sSystem, station.sKey, dLat, dLon, true, aMessages);
-    if (!AnswerTell(aMessages, res, "station " + TextForMessage(station.sKey)))
+    if (!AnswerTell(
+            aMessages, res,
+            tr("Airmail's station %1").arg(QString::fromStdString(TextForMessage(station.sKey)))))
         return;
     Q_EMIT RowTaken(1);
     m_host.SettingsGet().m_dTxLat = dLat;

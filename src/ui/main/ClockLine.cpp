@@ -25,6 +25,5 @@ void ClockLine::Tick()
     const DateTime dtNow = bZulu ? UtcNow() : LocalNow();
     const std::string sTime = NumberFormat(static_cast<double>(dtNow.nHour), "00") + ":"
                               + NumberFormat(static_cast<double>(dtNow.nMinute), "00");
-    m_lbl.setText((bZulu ? QStringLiteral("Zulu: ") : QStringLiteral("Local: "))
-                  + QString::fromStdString(sTime));
+    m_lbl.setText((bZulu ? tr("Zulu: %1") : tr("Local: %1")).arg(QString::fromStdString(sTime)));
 }

@@ -12,13 +12,12 @@
 
 namespace {
 
-constexpr const char* kProfileFilter = "File (*.ini)|*.ini";
-
 /// Asks for the file of the profile. @return false when the user gave none
 bool ProfileAsk(QWidget& window, FileDialogKind eKind, std::string& sFile)
 {
-    const QString sChosen = FileDialogShow(
-        &window, {eKind, QString::fromStdString(sFile), QString::fromLatin1(kProfileFilter)});
+    const QString sChosen =
+        FileDialogShow(&window, {eKind, QString::fromStdString(sFile),
+                                 QObject::tr("File (*.ini)") + QStringLiteral("|*.ini")});
     if (!sChosen.isEmpty())
         sFile = sChosen.toStdString();
     return !sChosen.isEmpty();

@@ -56,16 +56,16 @@ void MainTable::MouseMoved(int iRow, int iCol)
     if (iRow == 0 && iCol >= 1) {
         // Under a time code that is neither, the text stays as it is.
         if (m_settings.m_iTimeCode == kTimeZulu)
-            sText = QStringLiteral("Zulu Time (hh)");
+            sText = QObject::tr("Zulu Time (hh)");
         else if (m_settings.m_iTimeCode == kTimeLocal)
-            sText = m_grd.TextGet(0, iCol).contains(u':') ? QStringLiteral("Local Time (hh:mm)")
-                                                          : QStringLiteral("Local Time (hh)");
+            sText = m_grd.TextGet(0, iCol).contains(u':') ? QObject::tr("Local Time (hh:mm)")
+                                                          : QObject::tr("Local Time (hh)");
         else
             sText = m_grd.toolTip();
     } else if (iRow >= 1 && iCol == 0) {
-        sText = QStringLiteral("Frequency (kHz)");
+        sText = QObject::tr("Frequency (kHz)");
     } else if (iRow >= 1 && iCol >= 1) {
-        sText = QStringLiteral("Signal-to-Noise (dB)");
+        sText = QObject::tr("Signal-to-Noise (dB)");
     }
     m_grd.ToolTipRenew(sText);
 }
@@ -73,9 +73,9 @@ void MainTable::MouseMoved(int iRow, int iCol)
 QString MainTable::Speech(int iRow, int iCol) const
 {
     const QString sValue = m_grd.TextGet(iRow, iCol);
-    return QStringLiteral("%1 kHz, %2 %3, %4")
+    return QObject::tr("%1 kHz, %2 %3, %4")
                .arg(m_grd.TextGet(iRow, 0), m_grd.TextGet(0, iCol),
                     HourZoneGet(m_settings.m_iTimeCode),
-                    sValue.isEmpty() ? QObject::tr("no value") : sValue + QStringLiteral(" dB"))
+                    sValue.isEmpty() ? QObject::tr("no value") : QObject::tr("%1 dB").arg(sValue))
            + (m_grd.CellGet(iRow, iCol).bMet ? QObject::tr(", meets the need") : QString());
 }

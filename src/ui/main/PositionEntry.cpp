@@ -20,6 +20,12 @@ const NumberRange& RangeOf(std::size_t iField)
     return KindOf(iField) == LocationKind::Latitude ? kRangeLatitude : kRangeLongitude;
 }
 
+/// The fields as a sentence begins with them.
+constexpr std::array kFieldNames{QT_TRANSLATE_NOOP("PositionEntry", "Receiver latitude"),
+                                 QT_TRANSLATE_NOOP("PositionEntry", "Receiver longitude"),
+                                 QT_TRANSLATE_NOOP("PositionEntry", "Transmitter latitude"),
+                                 QT_TRANSLATE_NOOP("PositionEntry", "Transmitter longitude")};
+
 /// @param paMessages  gets why the text cannot be decoded
 std::optional<double> Decoded(std::size_t iField, const LocationField& field,
                               Messages* paMessages = nullptr)
@@ -130,9 +136,8 @@ bool PositionEntry::FieldTake(std::size_t iField, double& dValue)
     if (!range.Holds(*dTaken)) {
         const QString sMost = QString::fromStdString(NumberToText(range.dMost));
         const QString sWhy = tr("%1 is out of range, %2° at most").arg(field.text(), sMost);
-        const QString sWhat = field.accessibleName().toLower();
         field.MarkSet(sWhy);
-        Q_EMIT Refused(sWhat.left(1).toUpper() + sWhat.mid(1) + QLatin1Char(' ') + sWhy);
+        Q_EMIT Refused(tr("%1 %2").arg(tr(kFieldNames.at(iField)), sWhy));
         return false;
     }
     dValue = *dTaken;

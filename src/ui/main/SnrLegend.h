@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class SnrLegend final : public QWidget {
+    Q_OBJECT
 public:
     explicit SnrLegend(QWidget* pParent = nullptr);
 };

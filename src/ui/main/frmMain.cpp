@@ -31,11 +31,11 @@ namespace {
 void RangeShow(const Ui::frmMain& ui, const PropagationTable& table)
 {
     const auto Show = [](QLabel* pLabel, const QString& sWhat, float fValue) {
-        pLabel->setText(sWhat + QString::fromStdString(NumberFormat(fValue, "0")));
+        pLabel->setText(sWhat.arg(QString::fromStdString(NumberFormat(fValue, "0"))));
     };
-    Show(ui.lblRange, QStringLiteral("Range:  "), table.fRange);
-    Show(ui.lblRcBearing, QStringLiteral("Bearing Rc:  "), table.fAzimuthTxRc);
-    Show(ui.lblTxBearing, QStringLiteral("Bearing Tx:  "), table.fAzimuthRcTx);
+    Show(ui.lblRange, frmMain::tr("Range:  %1"), table.fRange);
+    Show(ui.lblRcBearing, frmMain::tr("Bearing Rc:  %1"), table.fAzimuthTxRc);
+    Show(ui.lblTxBearing, frmMain::tr("Bearing Tx:  %1"), table.fAzimuthRcTx);
 }
 
 }  // namespace
@@ -316,7 +316,7 @@ void frmMain::cmdUpdateClick()
 
 void frmMain::PositionRefused(const QString& sWhy)
 {
-    m_pStatus->RefusedSet(sWhy.toStdString() + ". Correct it, then Update");
+    m_pStatus->RefusedSet(tr("%1. Correct it, then Update").arg(sWhy).toStdString());
     m_pStatus->HintSet({});
     StatusShow();
 }
