@@ -1,5 +1,6 @@
 #include "ui/options/AntennaTip.h"
 
+#include <QObject>
 #include <array>
 #include <string>
 
@@ -11,11 +12,13 @@ namespace {
 
 using Entries = std::array<const char*, 3>;
 
-constexpr Entries kOfVoacap{"antennas with gain at both ends", "station with gain, boat with whip",
-                            "whips at both ends"};
+constexpr Entries kOfVoacap{QT_TRANSLATE_NOOP("QObject", "antennas with gain at both ends"),
+                            QT_TRANSLATE_NOOP("QObject", "station with gain, boat with whip"),
+                            QT_TRANSLATE_NOOP("QObject", "whips at both ends")};
 /// One behind the captions, and without antennas at the last one, as its cards have it.
-constexpr Entries kOfRec533{"station with gain, boat with whip", "whips at both ends",
-                            "antennas without gain"};
+constexpr Entries kOfRec533{QT_TRANSLATE_NOOP("QObject", "station with gain, boat with whip"),
+                            QT_TRANSLATE_NOOP("QObject", "whips at both ends"),
+                            QT_TRANSLATE_NOOP("QObject", "antennas without gain")};
 
 }  // namespace
 
@@ -24,12 +27,12 @@ QString AntennaTipGet(int iModel)
     const EngineProgram* pEngine = EngineFind(iModel);
     if (pEngine == nullptr)
         return {};
-    QString sTip = QStringLiteral("With %1, in this order:")
+    QString sTip = QObject::tr("With %1, in this order:")
                        .arg(QString::fromStdString(std::string(pEngine->sName)));
     int iType = 0;
     for (const char* sEntry : iModel == kEngineRec533 ? kOfRec533 : kOfVoacap)
         sTip += QStringLiteral("\n%1, %2")
-                    .arg(QLatin1String(sEntry), QString::fromStdString(PowerText(CardPowerGet(
-                                                    iModel, iType++, DeckKind::PointToPoint))));
+                    .arg(QObject::tr(sEntry), QString::fromStdString(PowerText(CardPowerGet(
+                                                  iModel, iType++, DeckKind::PointToPoint))));
     return sTip;
 }

@@ -1,9 +1,12 @@
 #include "ui/options/FrequencyText.h"
 
+#include <QObject>
+
 #include "settings/Settings.h"
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
+#include "ui/common/Words.h"
 
 namespace {
 
@@ -14,21 +17,21 @@ std::string HintGet(std::string_view sLine, int iLine)
 {
     constexpr std::size_t kShown = 20;  // characters of the line; the hint stands in one column
     const std::string_view sText = TextTrim(sLine);
-    const std::string sNumber = "Line " + NumberToText(iLine);
+    const std::string sNumber = WordsPut(QObject::tr("Line %1"), NumberToText(iLine));
     if (sText.empty())
-        return sNumber + " is empty";
+        return WordsPut(QObject::tr("%1 is empty"), sNumber);
     const std::string sSubject =
         sText.size() <= kShown ? TextForMessage(std::string(sText)) : sNumber;
     const auto Has = [&](const char* sChars) {
         return sText.find_first_of(sChars) != std::string_view::npos;
     };
     if (Has(","))
-        return sSubject + " has a comma";
+        return WordsPut(QObject::tr("%1 has a comma"), sSubject);
     if (Has(" \t"))
-        return sSubject + " has a space";
+        return WordsPut(QObject::tr("%1 has a space"), sSubject);
     if (Has("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"))
-        return sSubject + " has a letter";
-    return sSubject + " is not a number";
+        return WordsPut(QObject::tr("%1 has a letter"), sSubject);
+    return WordsPut(QObject::tr("%1 is not a number"), sSubject);
 }
 
 }  // namespace
@@ -56,8 +59,9 @@ bool FrequencyListFromText(std::string_view sText, const FrequencySetFn& fnSet, 
         if (!resKhz) {
             refused = {i, HintGet(sPiece, i)};
             return MsgFail(MsgIcon::None,
-                           "Unable to convert \"" + TextForMessage(sPiece)
-                               + "\" to a frequency.  Please check for spaces or empty lines.");
+                           WordsPut(QObject::tr("Unable to convert \"%1\" to a frequency.  Please "
+                                                "check for spaces or empty lines."),
+                                    TextForMessage(sPiece)));
         }
         fnSet(i, resKhz.ValueGet());
         if (nBreak == std::string_view::npos) {
@@ -67,10 +71,11 @@ bool FrequencyListFromText(std::string_view sText, const FrequencySetFn& fnSet, 
         sText.remove_prefix(nBreak + kLineBreak.size());
     }
     nCount = kFrequencyMax;
-    refused = {kFrequencyMax + 1, "Line 16 is one too many"};
+    refused = {kFrequencyMax + 1, QObject::tr("Line 16 is one too many").toStdString()};
     return MsgFail(MsgIcon::None,
-                   "Only 15 frequencies can be used. The first 15 lines were taken, "
-                   "the lines below them were not.");
+                   QObject::tr("Only 15 frequencies can be used. The first 15 lines were taken, "
+                               "the lines below them were not.")
+                       .toStdString());
 }
 
 std::optional<std::string> BandMiddleGet(std::string_view sBand)

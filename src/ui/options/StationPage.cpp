@@ -10,6 +10,7 @@
 #include "propagation/itshfbc/EngineProgram.h"
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
+#include "ui/common/Words.h"
 
 namespace {
 
@@ -140,13 +141,12 @@ void StationPage::Copy(Settings& settings) const
 void StationPage::PowerTell(int iModel, int iAntennaType)
 {
     const EngineProgram* pEngine = EngineFind(iModel);
-    const std::string sBrings =
-        pEngine == nullptr
-            ? ""
-            : ": " + PowerText(CardPowerGet(iModel, iAntennaType, DeckKind::PointToPoint))
-                  + " with " + std::string(pEngine->sName);
     lblStationPowerUnit->setText(
-        tr("W; 0 means what the antenna choice brings%1").arg(QString::fromStdString(sBrings)));
+        pEngine == nullptr ? tr("W; 0 means what the antenna choice brings")
+                           : tr("W; 0 means what the antenna choice brings: %1 with %2")
+                                 .arg(QString::fromStdString(PowerText(CardPowerGet(
+                                          iModel, iAntennaType, DeckKind::PointToPoint))),
+                                      QString::fromStdString(std::string(pEngine->sName))));
     txtStationPower->setAccessibleDescription(lblStationPowerUnit->text());
 }
 
@@ -182,7 +182,7 @@ Result<Need> StationPage::Typed() const
     const std::string sSnr = txtNeedSnr->text().toStdString();
     const auto resSnr = NumberFromTextSingle(sSnr);
     if (!resSnr)
-        return RunError{"\"" + TextForMessage(sSnr) + "\" is no number of dB. Type one."};
+        return RunError{WordsPut(tr("\"%1\" is no number of dB. Type one."), TextForMessage(sSnr))};
     return Need{txtNeedName->text().toStdString(), resSnr.ValueGet(),
                 txtNeedSource->text().toStdString()};
 }

@@ -1,5 +1,6 @@
 #include "ui/options/frmAbout.h"
 
+#include "ui/common/Words.h"
 #include "ui/options/AppIcon.h"
 
 namespace {
@@ -14,7 +15,6 @@ frmAbout::frmAbout(QWidget* pParent) : QDialog(pParent)
     setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowIcon(AppIconGet());
-    setWindowTitle(QString::fromUtf8(kTitle) + QStringLiteral(" - About"));
     picIcon->setPixmap(AppIconGet().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
     lblTitle->setText(QString::fromUtf8(kTitle));
     // A label breaks its lines at line feeds only.
@@ -25,11 +25,10 @@ frmAbout::frmAbout(QWidget* pParent) : QDialog(pParent)
 std::string AboutDescriptionGet(std::string_view sVersion)
 {
     const std::size_t nMinor = sVersion.find('.') + 1;
-    std::string sText = "Version ";
-    sText.append(sVersion.substr(0, sVersion.find('.', nMinor)));
     // "Locationt" and "Propagtion" are the texts that users know.
-    return sText
-           + "\r\r1) Specify Receiver and Transmitter Locationt."
-             "\r2) Obtain 24 Hour Propagation Data."
-             "\r3) Obtain Detailed Propagtion Data.";
+    return WordsPut(frmAbout::tr("Version %1"),
+                    std::string(sVersion.substr(0, sVersion.find('.', nMinor))))
+           + "\r\r" + frmAbout::tr("1) Specify Receiver and Transmitter Locationt.").toStdString()
+           + '\r' + frmAbout::tr("2) Obtain 24 Hour Propagation Data.").toStdString() + '\r'
+           + frmAbout::tr("3) Obtain Detailed Propagtion Data.").toStdString();
 }

@@ -10,6 +10,7 @@
 #include "settings/ForecastReader.h"
 #include "system/MsgLib.h"
 #include "ui/common/FileDialog.h"
+#include "ui/common/Words.h"
 
 namespace {
 
@@ -82,10 +83,11 @@ void frmForecast::KeptShow()
 {
     cmdOk->setEnabled(false);
     const auto res = ForecastLoad(m_sProfileFile);
-    const std::string sText = !res ? res.TextGet()
-                              : res.ValueGet()
-                                  ? "Kept: " + ForecastText(*res.ValueGet(), UtcNow())
-                                  : "No forecast is kept: the mean cycle gives the number.";
+    const std::string sText =
+        !res ? res.TextGet()
+        : res.ValueGet()
+            ? WordsPut(tr("Kept: %1"), ForecastText(*res.ValueGet(), UtcNow()))
+            : tr("No forecast is kept: the mean cycle gives the number.").toStdString();
     lblForecast->setText(QString::fromStdString(sText));
 }
 
@@ -94,7 +96,7 @@ void frmForecast::Show(const Result<SunSpotForecast>& res)
     m_forecast = res ? std::optional(res.ValueGet()) : std::nullopt;
     cmdOk->setEnabled(m_forecast.has_value());
     const std::string sText =
-        m_forecast ? "Read: " + ForecastText(*m_forecast, UtcNow()) : res.TextGet();
+        m_forecast ? WordsPut(tr("Read: %1"), ForecastText(*m_forecast, UtcNow())) : res.TextGet();
     lblForecast->setText(QString::fromStdString(sText));
 }
 
@@ -112,7 +114,7 @@ void frmForecast::txtForecastChange()
 void frmForecast::cmdOpenClick()
 {
     const QString sFile =
-        FileDialogShow(this, {FileDialogKind::Open, {}, QStringLiteral("Text (*)|*")});
+        FileDialogShow(this, {FileDialogKind::Open, {}, tr("Text (*)") + QStringLiteral("|*")});
     if (sFile.isEmpty())
         return;
     const QSignalBlocker blocker(txtForecast);

@@ -217,7 +217,7 @@ void frmOptions::chkPropagationMapsClick()
     lblPropagationIonCoefficients->setEnabled(!bMean);
     const QString sGuidance = cmbPropagationIonCoefficients->accessibleName();
     cmbPropagationIonCoefficients->setToolTip(
-        bMean ? sGuidance + QStringLiteral("\nIn force: the mean of both, see below") : sGuidance);
+        bMean ? tr("%1\nIn force: the mean of both, see below").arg(sGuidance) : sGuidance);
 }
 
 void frmOptions::chkPropagationMonthClick()

@@ -6,6 +6,7 @@
 #include "propagation/itshfbc/EngineProgram.h"
 #include "system/MsgLib.h"
 #include "system/TextLib.h"
+#include "ui/common/Words.h"
 #include "ui/options/FrequencyText.h"
 #include "ui/options/frmOptions.h"
 
@@ -13,10 +14,12 @@ namespace {
 
 QString PositionText(double dLatitude, double dLongitude, const DateTime& dtTime)
 {
-    std::string sText = "Lat " + LatitudeToText(dLatitude) + ", Lon " + LongitudeToText(dLongitude);
-    if (!dtTime.IsZero())
-        sText += " is " + AirMailAgeText(dtTime) + " old.";
-    return QString::fromStdString(sText);
+    const QString sLat = QString::fromStdString(LatitudeToText(dLatitude));
+    const QString sLon = QString::fromStdString(LongitudeToText(dLongitude));
+    if (dtTime.IsZero())
+        return frmOptions::tr("Lat %1, Lon %2").arg(sLat, sLon);
+    return frmOptions::tr("Lat %1, Lon %2 is %3 old.")
+        .arg(sLat, sLon, QString::fromStdString(AirMailAgeText(dtTime)));
 }
 
 }  // namespace
@@ -41,14 +44,14 @@ void frmOptions::Update()
     optPropagationModelClick();
     // An error that lasts is told once, not at every prediction.
     if (!m_sAirMailError.empty() && m_sAirMailError != sBefore)
-        MsgBox(MsgIcon::None, "Airmail's position: " + m_sAirMailError);
+        MsgBox(MsgIcon::None, WordsPut(tr("Airmail's position: %1"), m_sAirMailError));
 }
 
 void frmOptions::AirMailLoad()
 {
     txtAirMailDirectory->setText(QString::fromStdString(TextPrintable(AirMailDataFolderGet())));
     lblAirMailOrigin->setText(
-        QStringLiteral("Source of this folder: %1. Editing it here has no effect.")
+        tr("Source of this folder: %1. Editing it here has no effect.")
             .arg(QString::fromUtf8(AirMailOriginText(AirMailDataOriginGet()))));
     double dLatitude = 0.0;
     double dLongitude = 0.0;
@@ -56,7 +59,7 @@ void frmOptions::AirMailLoad()
     const auto resFound = AirMailPositionGet(dLatitude, dLongitude, dtTime, nullptr);
     lblAirMailLatLon->setText(resFound && resFound.ValueGet()
                                   ? PositionText(dLatitude, dLongitude, dtTime)
-                                  : QStringLiteral("Unable to get Lat/Lon data."));
+                                  : tr("Unable to get Lat/Lon data."));
     lblAirMailVersion->setText(QString::fromStdString(AirMailVersionText()));
     m_sAirMailError = resFound.TextGet();
 }
@@ -102,10 +105,10 @@ void frmOptions::EnginesTell()
 {
     for (QAbstractButton* pButton : m_pModelGroup->buttons()) {
         const int iModel = m_pModelGroup->id(pButton);
-        const QString sMissing = EngineCheckInstalled(iModel, nullptr)
-                                     ? QString()
-                                     : QStringLiteral("Not installed: no %1")
-                                           .arg(QString::fromStdString(EngineProgramPath(iModel)));
+        const QString sMissing =
+            EngineCheckInstalled(iModel, nullptr)
+                ? QString()
+                : tr("Not installed: no %1").arg(QString::fromStdString(EngineProgramPath(iModel)));
         const QString sGuidance = pButton->accessibleName();
         pButton->setToolTip(sMissing.isEmpty() ? sGuidance : sGuidance + u'\n' + sMissing);
         pButton->setAccessibleDescription(sMissing);
@@ -119,6 +122,6 @@ bool frmOptions::NumberRefused(QLineEdit* pBox, const std::string& sText)
             SSTab->setCurrentIndex(iTab);
     pBox->setFocus();
     pBox->selectAll();
-    return MsgFail(MsgIcon::None, "Unable to use \"" + TextForMessage(pBox->text().toStdString())
-                                      + "\", " + sText + ".  Please type a number.");
+    return MsgFail(MsgIcon::None, WordsPut(tr("Unable to use \"%1\", %2.  Please type a number."),
+                                           TextForMessage(pBox->text().toStdString()), sText));
 }
