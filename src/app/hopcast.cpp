@@ -22,6 +22,7 @@
 #include "system/SignalLib.h"
 #include "ui/common/Guide.h"
 #include "ui/common/MsgWindow.h"
+#include "ui/common/Words.h"
 #include "ui/main/frmMain.h"
 #include "ui/options/AppIcon.h"
 
@@ -81,11 +82,11 @@ Options OptionsGet(const std::vector<std::string>& asWords)
         else if (sWord == "--profile" && n + 1 < asWords.size() && !asWords[n + 1].empty())
             options.sProfile = asWords[++n];
         else if (sWord == "--profile")
-            Refuse("--profile: a file is missing");
+            Refuse(QObject::tr("--profile: a file is missing").toStdString());
         else if (sWord == "--export" || sWord.starts_with("--export="))
             options.bExport = true;
         else
-            Refuse(sWord + ": unknown option (hopcast --help)");
+            Refuse(WordsPut(QObject::tr("%1: unknown option (hopcast --help)"), sWord));
     }
     return options;
 }
@@ -132,7 +133,9 @@ int WindowRun(QApplication& app, const Options& options)
     QApplication::setWindowIcon(AppIconGet());
     EventPumpSetHandler([] { QApplication::processEvents(); });
     if (const auto res = EngineRootProvision(); !res)
-        MsgBox(MsgIcon::Info, "Hopcast's own engine folder could not be made: " + res.TextGet());
+        MsgBox(MsgIcon::Info,
+               WordsPut(QObject::tr("Hopcast's own engine folder could not be made: %1"),
+                        res.TextGet()));
     EndSignalsSetUp(app);
     GuideKeyInstall(app);
     frmMain frm;
@@ -162,8 +165,9 @@ std::string ProblemGet(const Options& options)
         return {};
     const QFileInfo info(QString::fromStdString(*options.sProfile));
     const std::string sWhy = PrivateProfileCheck(info.absoluteFilePath().toStdString()).TextGet();
-    return sWhy.empty() || sWhy == kFileNotFound ? std::string()
-                                                 : "--profile: " + sWhy + ", " + *options.sProfile;
+    return sWhy.empty() || sWhy == kFileNotFound
+               ? std::string()
+               : WordsPut(QObject::tr("--profile: %1, %2"), sWhy, *options.sProfile);
 }
 
 /// The words left over by the toolkit.
