@@ -1,6 +1,6 @@
 #include "ui/card/CardPage.h"
 
-#include <QCoreApplication>
+#include <QObject>
 #include <cstddef>
 #include <memory>
 
@@ -14,8 +14,6 @@
 #include "ui/curves/CurvesPlot.h"
 
 namespace {
-
-QString Tr(const char* sText) { return QCoreApplication::translate("CardPage", sText); }
 
 QString Formatted(double dValue, const char* sPattern)
 {
@@ -57,8 +55,8 @@ struct Hours {
 
 std::array<Hours, 2> HoursGet(const CardAsked& asked)
 {
-    const Hours utc{Tr("UTC"), HourLabelsGet(kTimeZulu)};
-    const Hours ship{Tr("Ship"), asked.asShip};
+    const Hours utc{QObject::tr("UTC"), HourLabelsGet(kTimeZulu)};
+    const Hours ship{QObject::tr("Ship"), asked.asShip};
     return asked.iTimeCode == kTimeLocal ? std::array{ship, utc} : std::array{utc, ship};
 }
 
@@ -66,13 +64,16 @@ QStringList EndsGet(const PropagationTable& table, const CardAsked& asked)
 {
     const Request& request = table.request;
     QStringList asLine;
-    asLine << Tr("Transmitter: %1%2")
-                  .arg(asked.sTx.isEmpty() ? asked.sTx : asked.sTx + QStringLiteral(", "),
-                       PositionToText(request.dTxLat, request.dTxLon))
-           << Tr("Receiver: %1").arg(PositionToText(request.dRcLat, request.dRcLon)) << asked.asNote
-           << Tr("Range %1 nmi; bearing to the transmitter %2\u00B0, from the transmitter %3\u00B0")
-                  .arg(Formatted(table.fRange, "0"), Formatted(table.fAzimuthRcTx, "000"),
-                       Formatted(table.fAzimuthTxRc, "000"));
+    asLine
+        << QObject::tr("Transmitter: %1%2")
+               .arg(asked.sTx.isEmpty() ? asked.sTx : asked.sTx + QStringLiteral(", "),
+                    PositionToText(request.dTxLat, request.dTxLon))
+        << QObject::tr("Receiver: %1").arg(PositionToText(request.dRcLat, request.dRcLon))
+        << asked.asNote
+        << QObject::tr(
+               "Range %1 nmi; bearing to the transmitter %2\u00B0, from the transmitter %3\u00B0")
+               .arg(Formatted(table.fRange, "0"), Formatted(table.fAzimuthRcTx, "000"),
+                    Formatted(table.fAzimuthTxRc, "000"));
     return asLine;
 }
 
@@ -103,7 +104,8 @@ PageGrid CardGridGet(const PropagationTable& table, const CardAsked& asked)
     for (std::size_t n = 0; n < aHours.front().asHour.size(); ++n)
         aRow.push_back({aHours[0].asHour.at(n), aHours[1].asHour.at(n),
                         BestGet(table, static_cast<int>(n) + 1)});
-    PageGrid grid = PageGridMake({aHours[0].sName, aHours[1].sName, Tr("Best")}, asColumn, aRow);
+    PageGrid grid =
+        PageGridMake({aHours[0].sName, aHours[1].sName, QObject::tr("Best")}, asColumn, aRow);
     for (int iHour = 1; iHour <= kHourCount; ++iHour)
         for (int i = 1; i <= table.nData; ++i)
             grid.CellGet(iHour - 1, i - 1) = CellMake(table, iHour, i, asked.need.fSnr);
@@ -114,24 +116,27 @@ PageGrid CardGridGet(const PropagationTable& table, const CardAsked& asked)
 Page CardPageGet(const PropagationTable& table, const CardAsked& asked)
 {
     if (table.nData == 0)
-        return {Tr("There is no prediction yet."), {}, {}};
+        return {QObject::tr("There is no prediction yet."), {}, {}};
     const Request& request = table.request;
     const QString sTx =
         asked.sTx.isEmpty() ? PositionToText(request.dTxLat, request.dTxLon) : asked.sTx;
     Page page;
-    page.sTitle = Tr("%1 to %2").arg(sTx, PositionToText(request.dRcLat, request.dRcLon));
+    page.sTitle = QObject::tr("%1 to %2").arg(sTx, PositionToText(request.dRcLat, request.dRcLon));
     page.aBlock.push_back({{}, EndsGet(table, asked)});
     page.aBlock.push_back(
-        {Tr("Signal-to-noise ratio, dB in 1 Hz, by hour and frequency in kHz; bold is enough: %1")
+        {QObject::tr(
+             "Signal-to-noise ratio, dB in 1 Hz, by hour and frequency in kHz; bold is enough: %1")
              .arg(QString::fromStdString(NeedFootText(asked.need)).section(u' ', 1)),
          CardGridGet(table, asked)});
     page.aBlock.push_back(
-        {Tr("Highest (MUF), best (FOT) and lowest (LUF) frequency, kHz, by %1; "
-            "day and night at receiver and transmitter")
-             .arg(asked.iTimeCode == kTimeLocal ? Tr("hour of the ship") : Tr("hour UTC")),
+        {QObject::tr("Highest (MUF), best (FOT) and lowest (LUF) frequency, kHz, by %1; "
+                     "day and night at receiver and transmitter")
+             .arg(asked.iTimeCode == kTimeLocal ? QObject::tr("hour of the ship")
+                                                : QObject::tr("hour UTC")),
          CurvesGet(table, asked)});
-    const std::string sOld =
-        asked.bOld ? kTextBetween + Tr("of an earlier update").toStdString() : std::string();
+    const std::string sOld = asked.bOld
+                                 ? kTextBetween + QObject::tr("of an earlier update").toStdString()
+                                 : std::string();
     page.sFoot = QString::fromStdString(RequestFootText(request, table.bBuiltIn, asked.nYear)
                                         + kTextBetween + NeedFootText(asked.need) + sOld);
     return page;

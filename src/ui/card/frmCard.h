@@ -14,6 +14,7 @@ class QComboBox;
 
 /// The sheet, as large as it fits.
 class CardPreview final : public QWidget {
+    Q_OBJECT
 public:
     explicit CardPreview(QWidget* pParent);
     void SheetSet(const QImage& imgSheet);

@@ -1,6 +1,6 @@
 #include "ui/compare/CompareGrid.h"
 
-#include <QCoreApplication>
+#include <QObject>
 #include <algorithm>
 #include <cmath>
 
@@ -8,8 +8,6 @@
 #include "system/NumberLib.h"
 
 namespace {
-
-QString Tr(const char* sText) { return QCoreApplication::translate("CompareGrid", sText); }
 
 QString Whole(float fValue) { return QString::fromStdString(NumberFormat(fValue, "0")); }
 
@@ -115,7 +113,7 @@ PageGrid ComparePageGrid(const CompareSides& sides, CompareView eView, const Hou
     std::vector<QStringList> aRow;
     for (int i = 1; pFirst != nullptr && i <= pFirst->nData; ++i)
         aRow.push_back({RowText(*pFirst, i)});
-    PageGrid grid = PageGridMake({Tr("kHz")}, asColumn, aRow);
+    PageGrid grid = PageGridMake({QObject::tr("kHz")}, asColumn, aRow);
     for (int iRow = 0; iRow < grid.RowsGet(); ++iRow) {
         for (int iHour = 1; iHour <= kHourCount; ++iHour) {
             const GridCell cell = CellOf(sides, eView, iHour, iRow + 1);
@@ -138,12 +136,12 @@ QString CompareCellText(const CompareSides& sides, int iHour, int iFrequency,
     for (const std::size_t iSide : {0U, 1U}) {
         const QString sValue = SnrCell(sides, iSide, iHour, iFrequency).sText;
         asValue.append(QString::fromStdString(sides.asName.at(iSide)) + u' '
-                       + (sValue.isEmpty() ? Tr("no value") : sValue));
+                       + (sValue.isEmpty() ? QObject::tr("no value") : sValue));
     }
     const QString sDifference = CellOf(sides, CompareView::Difference, iHour, iFrequency).sText;
     if (!sDifference.isEmpty())
-        asValue.append(Tr("difference %1").arg(sDifference));
-    return Tr("%1 kHz, %2 h: %3")
+        asValue.append(QObject::tr("difference %1").arg(sDifference));
+    return QObject::tr("%1 kHz, %2 h: %3")
         .arg(RowText(*pFirst, iFrequency), asHour.at(static_cast<std::size_t>(iHour) - 1),
              asValue.join(QStringLiteral(", ")));
 }

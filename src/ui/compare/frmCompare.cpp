@@ -10,6 +10,7 @@
 #include "system/ClockLib.h"
 #include "system/NumberLib.h"
 #include "ui/common/RunnerPost.h"
+#include "ui/common/Words.h"
 
 namespace {
 
@@ -212,9 +213,11 @@ void frmCompare::SideTake(std::size_t iSide, const Request& request, const Predi
 {
     const std::string sAbsent = PropagationAbsentText(prediction.table);
     if (!prediction.aFailures.empty())
-        m_asFault.at(iSide) = m_sides.asName.at(iSide) + ": " + prediction.aFailures.back().sText;
+        m_asFault.at(iSide) =
+            WordsPut(tr("%1: %2"), m_sides.asName.at(iSide), prediction.aFailures.back().sText);
     else if (!sAbsent.empty())
-        m_asFault.at(iSide) = m_sides.asName.at(iSide) + ": no values for " + sAbsent + " kHz.";
+        m_asFault.at(iSide) =
+            WordsPut(tr("%1: no values for %2 kHz."), m_sides.asName.at(iSide), sAbsent);
     m_sides.aTable.at(iSide) = prediction.table;
     m_sides.aTable.at(iSide)->request = request;
     prgDone->setValue(prgDone->value() + 1);
@@ -272,8 +275,9 @@ void frmCompare::FootShow()
     if (m_sides.compare)
         sFoot = CompareText(m_sides.compare->figures, m_sides.asName[0], m_sides.asName[1]) + "\n";
     FootSet(sFoot + RequestFootText(request, bBuiltInA, UtcNow().nYear) + kTextBetween
-            + "compared with " + m_sides.asName[1] + (bBuiltInB ? " (built-in)" : "") + kTextBetween
-            + NeedFootText(NeedGet()));
+            + WordsPut(bBuiltInB ? tr("compared with %1 (built-in)") : tr("compared with %1"),
+                       m_sides.asName[1])
+            + kTextBetween + NeedFootText(NeedGet()));
 }
 
 /// The settings went on, the numbers did not.

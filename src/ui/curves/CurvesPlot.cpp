@@ -1,5 +1,6 @@
 #include "ui/curves/CurvesPlot.h"
 
+#include <QObject>
 #include <QPainterPath>
 #include <algorithm>
 #include <cmath>
@@ -159,8 +160,8 @@ void CurvesPlot::Paint(QPainter& painter) const
     }
     const double dBar = m_metrics.height() * (kSunBar + 0.4);
     const double dSun = m_rctPlot.bottom() + m_metrics.height() * 1.3;
-    SunPaint(painter, m_day.afSunRc, dSun, QStringLiteral("Rc"));
-    SunPaint(painter, m_day.afSunTx, dSun + dBar, QStringLiteral("Tx"));
+    SunPaint(painter, m_day.afSunRc, dSun, QObject::tr("Rc"));
+    SunPaint(painter, m_day.afSunTx, dSun + dBar, QObject::tr("Tx"));
     HoursPaint(painter);
     LabelsPaint(painter);
     painter.restore();
@@ -267,14 +268,16 @@ void CurvesPlot::CurvePaint(QPainter& painter, const DayCurve& afValue, Qt::PenS
 /// Each behind the end of its curve, none upon another; the scale where they leave room.
 void CurvesPlot::NamesPaint(QPainter& painter) const
 {
-    const std::array<std::pair<const DayCurve*, const char*>, 3> aCurve{
-        {{&m_day.afMuf, "MUF"}, {&m_day.afFot, "FOT"}, {&m_day.afLuf, "LUF"}}};
+    const std::array<std::pair<const DayCurve*, QString>, 3> aCurve{
+        {{&m_day.afMuf, QObject::tr("MUF")},
+         {&m_day.afFot, QObject::tr("FOT")},
+         {&m_day.afLuf, QObject::tr("LUF")}}};
     std::vector<std::pair<double, QString>> aName;
     for (const auto& [pafValue, sName] : aCurve) {
         const auto it = std::find_if(pafValue->rbegin(), pafValue->rend(),
                                      [](float fValue) { return !std::isnan(fValue); });
         if (it != pafValue->rend())
-            aName.emplace_back(YGet(*it), QString::fromLatin1(sName));
+            aName.emplace_back(YGet(*it), sName);
     }
     std::stable_sort(aName.begin(), aName.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });

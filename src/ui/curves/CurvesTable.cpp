@@ -1,6 +1,6 @@
 #include "ui/curves/CurvesTable.h"
 
-#include <QCoreApplication>
+#include <QObject>
 #include <cmath>
 
 #include "propagation/SnrScale.h"
@@ -44,7 +44,7 @@ PageCell SnrCell(float fSnr, float fNeed)
 PageGrid CurvesTableGet(const DayCurves& day, const HourLabels& asHour, const QString& sZone,
                         float fNeed)
 {
-    QStringList asColumn{QStringLiteral("MUF"), QStringLiteral("FOT"), QStringLiteral("LUF")};
+    QStringList asColumn{QObject::tr("MUF"), QObject::tr("FOT"), QObject::tr("LUF")};
     for (const CurveRibbon& ribbon : day.aRibbons) asColumn.append(FrequencyText(ribbon));
     std::vector<QStringList> aRow;
     for (const QString& sHour : asHour) aRow.push_back({sHour});
@@ -66,8 +66,7 @@ QString CurvesCellText(const CurveRibbon& ribbon, int iHour, const HourLabels& a
 {
     const auto nHour = static_cast<std::size_t>(iHour);
     const float fSnr = ribbon.afSnr.at(nHour);
-    return QStringLiteral("%1 kHz, %2 %3: %4")
+    return QObject::tr("%1 kHz, %2 %3: %4")
         .arg(FrequencyText(ribbon), asHour.at(nHour), sZone,
-             std::isnan(fSnr) ? QCoreApplication::translate("CurvesTable", "no value")
-                              : Whole(fSnr) + QStringLiteral(" dB"));
+             std::isnan(fSnr) ? QObject::tr("no value") : QObject::tr("%1 dB").arg(Whole(fSnr)));
 }

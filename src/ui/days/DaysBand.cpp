@@ -1,6 +1,5 @@
 #include "ui/days/DaysBand.h"
 
-#include <QCoreApplication>
 #include <QMouseEvent>
 #include <algorithm>
 #include <cmath>
@@ -16,8 +15,10 @@ constexpr int kHoursBetween = 3;
 QRectF PlotGet(const QRectF& rct, const QFontMetricsF& metrics)
 {
     const double dLetters = metrics.height();
-    return rct.adjusted(metrics.horizontalAdvance(QStringLiteral("-000 ")), dLetters * 0.6,
-                        -metrics.horizontalAdvance(QStringLiteral(" median ")), -dLetters * 1.3);
+    return rct.adjusted(
+        metrics.horizontalAdvance(QStringLiteral("-000 ")), dLetters * 0.6,
+        -metrics.horizontalAdvance(QStringLiteral(" %1 ").arg(QObject::tr("median"))),
+        -dLetters * 1.3);
 }
 
 class BandPainter {
@@ -187,18 +188,16 @@ private:
     /// The names of the lines at their right ends, each as near to its own as the others leave.
     void NamesPaint(double dBaseline)
     {
-        std::vector<std::pair<double, QString>> aName{
-            {YGet(m_band.fNeed), QCoreApplication::translate("DaysBand", "need")}};
+        std::vector<std::pair<double, QString>> aName{{YGet(m_band.fNeed), QObject::tr("need")}};
         int iLast = kHourCount - 1;
         while (iLast >= 0 && !There(iLast)) --iLast;
         if (iLast == kHourCount - 1) {
-            const auto Name = [&](float DaysCell::*pValue, const char* sName) {
-                aName.emplace_back(PointGet(iLast, pValue).y(),
-                                   QCoreApplication::translate("DaysBand", sName));
+            const auto Name = [&](float DaysCell::*pValue, const QString& sName) {
+                aName.emplace_back(PointGet(iLast, pValue).y(), sName);
             };
-            Name(&DaysCell::fGood, "good");
-            Name(&DaysCell::fMedian, "median");
-            Name(&DaysCell::fBad, "bad");
+            Name(&DaysCell::fGood, QObject::tr("good"));
+            Name(&DaysCell::fMedian, QObject::tr("median"));
+            Name(&DaysCell::fBad, QObject::tr("bad"));
         }
         std::sort(aName.begin(), aName.end());
         // From the top down none above its line; then from the bottom up back beside the plot.

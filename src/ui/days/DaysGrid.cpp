@@ -1,13 +1,11 @@
 #include "ui/days/DaysGrid.h"
 
-#include <QCoreApplication>
+#include <QObject>
 
 #include "system/NumberLib.h"
 #include "ui/common/Colors.h"
 
 namespace {
-
-QString Tr(const char* sText) { return QCoreApplication::translate("DaysGrid", sText); }
 
 QString Whole(float fValue) { return QString::fromStdString(NumberFormat(fValue, "0")); }
 
@@ -47,7 +45,7 @@ PageGrid DaysPageGrid(const DaysTable& days, const HourLabels& asHour)
     for (const QString& sHour : asHour) asColumn.append(sHour);
     std::vector<QStringList> aRow;
     for (int i = 1; i <= days.table.nData; ++i) aRow.push_back({DaysRowText(days, i)});
-    PageGrid grid = PageGridMake({Tr("kHz")}, asColumn, aRow);
+    PageGrid grid = PageGridMake({QObject::tr("kHz")}, asColumn, aRow);
     constexpr int kMost = 9;  // nine days in ten are what plans are made for
     for (int i = 1; i <= days.table.nData; ++i) {
         for (int iHour = 1; iHour <= kHourCount; ++iHour) {
@@ -69,10 +67,11 @@ QString DaysCellText(const DaysTable& days, int iHour, int iFrequency, const Hou
     const DaysCell& cell = days.aCells(iHour, iFrequency);
     const QString& sHour = asHour.at(static_cast<std::size_t>(iHour) - 1);
     if (cell.DaysInTenGet() < 0)
-        return Tr("%1 h: no value").arg(sHour);
-    const QString sDays = cell.DaysInTenGet() == 1 ? Tr("1 day in ten")
-                                                   : Tr("%1 days in ten").arg(cell.DaysInTenGet());
-    return Tr("%1 h: %2, on a bad day %3, on a good day %4; %5")
+        return QObject::tr("%1 h: no value").arg(sHour);
+    const QString sDays = cell.DaysInTenGet() == 1
+                              ? QObject::tr("1 day in ten")
+                              : QObject::tr("%1 days in ten").arg(cell.DaysInTenGet());
+    return QObject::tr("%1 h: %2, on a bad day %3, on a good day %4; %5")
         .arg(sHour, Whole(cell.fMedian), Whole(cell.fBad), Whole(cell.fGood), sDays);
 }
 

@@ -39,15 +39,23 @@ struct Column {
 
 // The spellings are the ones that users know.
 constexpr std::array<Column, 9> kColumns{{
-    {"", "-20000-", "Frequency (kHz)"},
-    {"LUF-MUF", "-LUF-MUF-", "[<Lower][Maximun][>Maximun] Usable Frequency (kHz)"},
-    {"Layer", "-Layer-", "Ionispheric Layer, [Hops][Layer]"},
-    {"T Ang", "-T Ang-", "Ionispheric Takeoff Angle (Deg)"},
-    {"Delay", "-Delay-", "Ionispheric Time Delay (mSec)"},
-    {"Height", "-Height-", "Ionispheric Virtual Height (km)"},
-    {"Signal", "-Signal-", "Signal Level (dBw)"},
-    {"Noise", "-Noise-", "Noise Level (dBw)"},
-    {"Snr", "---Snr-", "Signal to Noise Ratio (dB)"},
+    {"", "-20000-", QT_TRANSLATE_NOOP("frmDetails", "Frequency (kHz)")},
+    {QT_TRANSLATE_NOOP("frmDetails", "LUF-MUF"), "-LUF-MUF-",
+     QT_TRANSLATE_NOOP("frmDetails", "[<Lower][Maximun][>Maximun] Usable Frequency (kHz)")},
+    {QT_TRANSLATE_NOOP("frmDetails", "Layer"), "-Layer-",
+     QT_TRANSLATE_NOOP("frmDetails", "Ionispheric Layer, [Hops][Layer]")},
+    {QT_TRANSLATE_NOOP("frmDetails", "T Ang"), "-T Ang-",
+     QT_TRANSLATE_NOOP("frmDetails", "Ionispheric Takeoff Angle (Deg)")},
+    {QT_TRANSLATE_NOOP("frmDetails", "Delay"), "-Delay-",
+     QT_TRANSLATE_NOOP("frmDetails", "Ionispheric Time Delay (mSec)")},
+    {QT_TRANSLATE_NOOP("frmDetails", "Height"), "-Height-",
+     QT_TRANSLATE_NOOP("frmDetails", "Ionispheric Virtual Height (km)")},
+    {QT_TRANSLATE_NOOP("frmDetails", "Signal"), "-Signal-",
+     QT_TRANSLATE_NOOP("frmDetails", "Signal Level (dBw)")},
+    {QT_TRANSLATE_NOOP("frmDetails", "Noise"), "-Noise-",
+     QT_TRANSLATE_NOOP("frmDetails", "Noise Level (dBw)")},
+    {QT_TRANSLATE_NOOP("frmDetails", "Snr"), "---Snr-",
+     QT_TRANSLATE_NOOP("frmDetails", "Signal to Noise Ratio (dB)")},
 }};
 
 constexpr int kCols = static_cast<int>(kColumns.size());
@@ -82,13 +90,12 @@ frmDetails::frmDetails(MainWindowHost& host, GridControl& grdMain, QWidget* pPar
       m_grdMain(grdMain)
 {
     setObjectName(QStringLiteral("frmDetails"));
-    setWindowTitle(QApplication::applicationDisplayName()
-                   + QStringLiteral(" - Details by Frequency"));
+    setWindowTitle(tr("%1 - Details by Frequency").arg(QApplication::applicationDisplayName()));
     setAttribute(Qt::WA_DeleteOnClose);
     lblHour->setObjectName(QStringLiteral("lblHour"));
     grdData->setObjectName(QStringLiteral("grdData"));
     grdData->setAccessibleName(tr("Details by Frequency"));
-    new GridCorner(*grdData, QString::fromLatin1(kColumns.front().sLong));
+    new GridCorner(*grdData, tr(kColumns.front().sLong));
     SignalsConnect();
     grdData->RedrawSet(false);
     HeaderLayout();
@@ -120,7 +127,7 @@ void frmDetails::HeaderLayout()
         const bool bHidden = Rec533Is() && Rec533Lacks(iCol);
         const int nWidth = fontMetrics().horizontalAdvance(QLatin1String(column.sWidthOf));
         grdData->ColWidthSet(iCol, bHidden ? 0 : nWidth);
-        grdData->TextSet(0, iCol, bHidden ? QString() : QLatin1String(column.sHeader));
+        grdData->TextSet(0, iCol, bHidden ? QString() : tr(column.sHeader));
         grdData->AlignmentSet(0, iCol, Qt::AlignCenter);
     }
 }
@@ -164,10 +171,10 @@ void frmDetails::keyPressEvent(QKeyEvent* pEvent)
 void frmDetails::Update(int iRow, int iHour, const QString& sHour, const PropagationTable& table)
 {
     grdData->RedrawSet(false);
-    setWindowTitle(QApplication::applicationDisplayName()
-                   + QStringLiteral(" - Details by Frequency - ") + sHour);
+    setWindowTitle(
+        tr("%1 - Details by Frequency - %2").arg(QApplication::applicationDisplayName(), sHour));
     const bool bLocal = m_host.SettingsGet().m_iTimeCode == kTimeLocal;
-    lblHour->setText(sHour + (bLocal ? tr(" Local") : tr(" Zulu")));
+    lblHour->setText((bLocal ? tr("%1 Local") : tr("%1 Zulu")).arg(sHour));
     RowsLayout();
     m_iHour = iHour;
     for (int i = 1; i < grdData->RowsGet(); ++i) {
@@ -243,12 +250,12 @@ void frmDetails::Highlight(int iRow, int iHour)
 
 void frmDetails::grdDataMouseMove(int iCol)
 {
-    QString sText =
-        iCol >= 0 && iCol < kCols ? QString::fromLatin1(ColumnGet(iCol).sLong) : QString();
+    QString sText = iCol >= 0 && iCol < kCols ? tr(ColumnGet(iCol).sLong) : QString();
     const Request input = m_host.TableInputGet();
     if (iCol == kColLimit && input.fPower > 0.0F) {
         const double dDeck = CardPowerGet(input.iModel, input.iAntennaType, DeckKind::PointToPoint);
-        sText += tr("\nLUF for %1, the deck's power").arg(QString::fromStdString(PowerText(dDeck)));
+        sText += u'\n'
+                 + tr("LUF for %1, the deck's power").arg(QString::fromStdString(PowerText(dDeck)));
     }
     grdData->ToolTipRenew(sText);
 }
@@ -264,6 +271,5 @@ void frmDetails::grdDataMouseDown(int iRow, Qt::MouseButton eButton)
 QString frmDetails::Speech(int iRow, int iCol) const
 {
     return tr("%1 kHz, %2 %3")
-        .arg(grdData->TextGet(iRow, 0), QLatin1String(ColumnGet(iCol).sLong),
-             grdData->TextGet(iRow, iCol));
+        .arg(grdData->TextGet(iRow, 0), tr(ColumnGet(iCol).sLong), grdData->TextGet(iRow, iCol));
 }

@@ -19,6 +19,7 @@
 
 #include "system/FileLib.h"
 #include "ui/common/FileDialog.h"
+#include "ui/common/Words.h"
 
 namespace {
 
@@ -147,10 +148,9 @@ QImage PageImage(const Page& page, const PageForm& form, int nDotsPerInch)
 
 QString PageFileAsk(QWidget* pParent, const QString& sFile)
 {
-    return FileDialogShow(pParent,
-                          {FileDialogKind::Save, sFile,
-                           QStringLiteral("Table, picture or document (*.csv *.png *.pdf)|*.")
-                               + QFileInfo(sFile).suffix()});
+    return FileDialogShow(pParent, {FileDialogKind::Save, sFile,
+                                    QObject::tr("Table, picture or document (*.csv *.png *.pdf)")
+                                        + QStringLiteral("|*.") + QFileInfo(sFile).suffix()});
 }
 
 Result<void> PageFileCheck(const QString& sFile)
@@ -158,7 +158,8 @@ Result<void> PageFileCheck(const QString& sFile)
     static const QStringList kSuffixes{QStringLiteral("csv"), QStringLiteral("png"),
                                        QStringLiteral("pdf")};
     if (!kSuffixes.contains(SuffixGet(sFile)))
-        return RunError{sFile.toStdString() + ": a name that ends in .csv, .png or .pdf is needed"};
+        return RunError{
+            WordsPut(QObject::tr("%1: a name that ends in .csv, .png or .pdf is needed"), sFile)};
     return {};
 }
 
@@ -173,7 +174,7 @@ Result<void> PageExport(const Page& page, const PageForm& form, const QString& s
         return ImageSave(PageImage(page, form, kPngDotsPerInch), sFile);
     const PageGrid* const pGrid = GridFind(page);
     if (pGrid == nullptr)
-        return RunError{sFile.toStdString() + ": there is no table to write"};
+        return RunError{WordsPut(QObject::tr("%1: there is no table to write"), sFile)};
     return BytesSave(sFile, PageGridCsv(*pGrid).toUtf8());
 }
 
@@ -193,8 +194,8 @@ Result<void> PagePrint(const Page& page, const PageForm& form, [[maybe_unused]] 
         return {};
     QPainter painter;
     if (!painter.begin(&printer))
-        return RunError{"The printer \"" + printer.printerName().toStdString()
-                        + "\" does not answer."};
+        return RunError{
+            WordsPut(QObject::tr("The printer \"%1\" does not answer."), printer.printerName())};
     PagePaint(painter, QRectF(QPointF(0, 0), printer.pageRect(QPrinter::DevicePixel).size()), page,
               form.eLook);
     return {};
@@ -209,8 +210,8 @@ Result<void> PagePrint(const Page& page, const PageForm& form, [[maybe_unused]] 
     if (auto res = BytesSave(sFile, PdfGet(page, form)); !res)
         return res;
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(sFile)))
-        return RunError{"No program for PDF files was found. The page is in " + sFile.toStdString()
-                        + "."};
+        return RunError{
+            WordsPut(QObject::tr("No program for PDF files was found. The page is in %1."), sFile)};
     return {};
 #endif
 }

@@ -11,6 +11,7 @@
 
 #include "system/NumberLib.h"
 #include "system/TextLib.h"
+#include "ui/common/Words.h"
 
 namespace {
 
@@ -182,8 +183,8 @@ void frmPlaces::FieldsShow()
                                                    &row.texts.sFrequencies, &row.texts.sNote};
     for (std::size_t n = 0; n < apText.size(); ++n) atxtField[n]->setText(Text(*apText[n]));
     if (!row.sFault.empty())
-        HintSet("Line " + NumberToText(row.nLine) + " cannot be used, " + row.sFault
-                + ". It stays in the file as it stands: " + TextForMessage(row.sRaw));
+        HintSet(WordsPut(tr("Line %1 cannot be used, %2. It stays in the file as it stands: %3"),
+                         NumberToText(row.nLine), row.sFault, TextForMessage(row.sRaw)));
 }
 
 void frmPlaces::HintSet(const std::string& sHint)
@@ -198,7 +199,7 @@ std::optional<OwnPlace> frmPlaces::Typed()
          atxtField[kFrequencies]->text().toStdString(), atxtField[kNote]->text().toStdString()});
     if (res)
         return std::move(res.ValueGet());
-    HintSet("The place cannot be used: " + res.TextGet() + ".");
+    HintSet(WordsPut(tr("The place cannot be used: %1."), res.TextGet()));
     return {};
 }
 
@@ -250,18 +251,20 @@ void frmPlaces::Paste()
 {
     const auto resPasted = OwnPlacesFromPaste(QGuiApplication::clipboard()->text().toStdString());
     if (!m_bReadable || !resPasted)
-        return HintSet("The clipboard cannot be pasted: " + resPasted.TextGet() + ".");
+        return HintSet(WordsPut(tr("The clipboard cannot be pasted: %1."), resPasted.TextGet()));
     OwnPlaceList list = m_list;
     std::vector<PlaceFault> aFaults = OwnPlaceFaultsGet(resPasted.ValueGet());
     for (const OwnPlace& row : resPasted.ValueGet().aRows) {
         if (row.sFault.empty() && list.aRows.size() < kOwnPlacesMost)
             list.aRows.push_back(row);
         else if (row.sFault.empty())
-            aFaults.push_back({"line " + NumberToText(row.nLine), "the list is full"});
+            aFaults.push_back({WordsPut(tr("line %1"), NumberToText(row.nLine)),
+                               tr("the list is full").toStdString()});
     }
     const std::size_t nPasted = list.aRows.size() - m_list.aRows.size();
     if (nPasted == 0)
-        return HintSet(aFaults.empty() ? "The clipboard holds no rows." : PlaceFaultsText(aFaults));
+        return HintSet(aFaults.empty() ? tr("The clipboard holds no rows.").toStdString()
+                                       : PlaceFaultsText(aFaults));
     if (ListPut(list, static_cast<int>(m_list.aRows.size())))
         HintSet(tr("%n place(s) pasted. ", nullptr, static_cast<int>(nPasted)).toStdString()
                 + PlaceFaultsText(aFaults));
@@ -273,7 +276,7 @@ void frmPlaces::Undo()
         return;
     const OwnPlaceList list = *m_before;
     if (ListPut(list, std::max(0, SelectedGet())))
-        HintSet("The last change was taken back.");
+        HintSet(tr("The last change was taken back.").toStdString());
 }
 
 bool frmPlaces::eventFilter(QObject* pObject, QEvent* pEvent)

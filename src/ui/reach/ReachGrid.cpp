@@ -1,6 +1,6 @@
 #include "ui/reach/ReachGrid.h"
 
-#include <QCoreApplication>
+#include <QObject>
 #include <algorithm>
 #include <cmath>
 
@@ -12,8 +12,6 @@ namespace {
 
 constexpr int kColumns = kReachRange + 1;
 constexpr std::size_t kStationLetters = 34;
-
-QString Tr(const char* sText) { return QCoreApplication::translate("ReachGrid", sText); }
 
 QString Text(const std::string& sText) { return QString::fromStdString(TextForMessage(sText)); }
 
@@ -34,7 +32,7 @@ QString OpenText(const Reach& reach, const ReachRow& row, const HourLabels& asHo
     if (row.eState == ReachState::Waiting)
         return QStringLiteral("...");
     if (row.eState == ReachState::Failed)
-        return Tr("failed");
+        return QObject::tr("failed");
     return QString::fromStdString(ReachOpeningText(
         row.opening, reach.AskedGet().iFrom,
         [&asHour](int iHour) { return asHour.at(static_cast<std::size_t>(iHour)).toStdString(); }));
@@ -103,22 +101,22 @@ void ReachGridLayout(GridControl& grd, const HourLabels& asHour)
     };
     const bool bMinutes = asHour.front().contains(u':');
     grd.ColsSet(kColumns);
-    grd.TextSet(0, kReachStation, Tr("station"));
+    grd.TextSet(0, kReachStation, QObject::tr("station"));
     grd.AlignmentSet(0, kReachStation, Qt::AlignLeft | Qt::AlignVCenter);
     const auto Column = [&grd](int iCol, const QString& sTitle, int nWidth) {
         grd.TextSet(0, iCol, sTitle);
         grd.AlignmentSet(0, iCol, Qt::AlignCenter);
         grd.ColWidthSet(iCol, nWidth);
     };
-    Column(kReachChannel, Tr("kHz"), Width("-30000.0-"));
-    Column(kReachNow, Tr("now"), Width("-now-"));
-    Column(kReachMargin, Tr("margin"), Width("-margin-"));
+    Column(kReachChannel, QObject::tr("kHz"), Width("-30000.0-"));
+    Column(kReachNow, QObject::tr("now"), Width("-now-"));
+    Column(kReachMargin, QObject::tr("margin"), Width("-margin-"));
     for (int i = 0; i < kReachHours; ++i)
         Column(kReachHour + i, asHour.at(static_cast<std::size_t>(i)),
                Width(bMinutes ? "-00:00" : "-00-"));
-    Column(kReachOpen, Tr("open"), Width(bMinutes ? "-from 00:00-" : "-from 00-"));
-    Column(kReachBearing, Tr("bearing"), Width("-bearing-"));
-    Column(kReachRange, Tr("nmi"), Width("-10000-"));
+    Column(kReachOpen, QObject::tr("open"), Width(bMinutes ? "-from 00:00-" : "-from 00-"));
+    Column(kReachBearing, QObject::tr("bearing"), Width("-bearing-"));
+    Column(kReachRange, QObject::tr("nmi"), Width("-10000-"));
 }
 
 void ReachGridFill(GridControl& grd, const Reach& reach, const std::vector<std::size_t>& aRows,
@@ -153,15 +151,16 @@ void ReachGridFill(GridControl& grd, const Reach& reach, const std::vector<std::
 PageGrid ReachPageGrid(const Reach& reach, const std::vector<std::size_t>& aRows,
                        const HourLabels& asHour)
 {
-    QStringList asColumn{Tr("kHz"), Tr("now"), Tr("margin")};
+    QStringList asColumn{QObject::tr("kHz"), QObject::tr("now"), QObject::tr("margin")};
     for (const QString& sHour : asHour) asColumn.append(sHour);
-    asColumn << Tr("open") << Tr("bearing") << Tr("nmi");
+    asColumn << QObject::tr("open") << QObject::tr("bearing") << QObject::tr("nmi");
     std::vector<QStringList> aHead;
     for (std::size_t n = 0; n < aRows.size(); ++n) {
         const Place& place = reach.PlacesGet()[aRows[n]];
         aHead.push_back({QString::number(n + 1), Text(place.sKey), Text(place.sDescription)});
     }
-    PageGrid grid = PageGridMake({QStringLiteral("#"), Tr("station"), Tr("name")}, asColumn, aHead);
+    PageGrid grid = PageGridMake({QStringLiteral("#"), QObject::tr("station"), QObject::tr("name")},
+                                 asColumn, aHead);
     for (std::size_t n = 0; n < aRows.size(); ++n) {
         const ReachRow& row = reach.RowsGet()[aRows[n]];
         const RowTexts texts = TextsOf(reach, row, asHour);
@@ -223,27 +222,28 @@ QString ReachCellText(const Reach& reach, std::size_t iRow, int iCol, const Hour
         const ReachHour& hour = row.aHours.at(static_cast<std::size_t>(*iHour));
         const QString sValue =
             hour.fFrequency > 0.0F
-                ? Tr("%1 kHz, %2 dB")
+                ? QObject::tr("%1 kHz, %2 dB")
                       .arg(QString::fromStdString(NumberToText(hour.fFrequency)), Whole(hour.fSnr))
-                : Tr("no value");
+                : QObject::tr("no value");
         return QStringLiteral("%1, %2 %3: %4")
                    .arg(sStation, asHour.at(static_cast<std::size_t>(*iHour)), sZone, sValue)
-               + (hour.OpenIs(reach.AskedGet().fNeed) ? Tr(", meets the need") : QString());
+               + (hour.OpenIs(reach.AskedGet().fNeed) ? QObject::tr(", meets the need")
+                                                      : QString());
     }
     const RowTexts texts = TextsOf(reach, row, asHour);
     switch (iCol) {
         case kReachChannel:
-            return Tr("%1: frequency to try, %2 kHz").arg(sStation, texts.sChannel);
+            return QObject::tr("%1: frequency to try, %2 kHz").arg(sStation, texts.sChannel);
         case kReachNow:
-            return Tr("%1: now %2 dB").arg(sStation, texts.sNow);
+            return QObject::tr("%1: now %2 dB").arg(sStation, texts.sNow);
         case kReachMargin:
-            return Tr("%1: %2 dB against the need now").arg(sStation, texts.sMargin);
+            return QObject::tr("%1: %2 dB against the need now").arg(sStation, texts.sMargin);
         case kReachOpen:
-            return Tr("%1: open %2").arg(sStation, texts.sOpen);
+            return QObject::tr("%1: open %2").arg(sStation, texts.sOpen);
         case kReachBearing:
-            return Tr("%1: bearing %2\u00B0 from here").arg(sStation, texts.sBearing);
+            return QObject::tr("%1: bearing %2\u00B0 from here").arg(sStation, texts.sBearing);
         case kReachRange:
-            return Tr("%1: %2 nautical miles").arg(sStation, texts.sRange);
+            return QObject::tr("%1: %2 nautical miles").arg(sStation, texts.sRange);
         default:
             return sStation;
     }
