@@ -1,6 +1,6 @@
 #include "ui/common/ElidedLabel.h"
 
-#include <QPainter>
+#include "ui/common/PaintDirection.h"
 
 QString ElidedLabel::TextShown() const
 {
@@ -21,5 +21,6 @@ void ElidedLabel::paintEvent(QPaintEvent* /*pEvent*/)
 {
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    painter.drawText(contentsRect(), alignment().toInt() | Qt::TextSingleLine, TextShown());
+    const Qt::Alignment eSide = PaintDirectionOfText(painter, *this, alignment());
+    painter.drawText(contentsRect(), eSide.toInt() | Qt::TextSingleLine, TextShown());
 }

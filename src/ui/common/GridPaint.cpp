@@ -5,6 +5,7 @@
 
 #include "ui/common/BandPaint.h"
 #include "ui/common/GridControl.h"
+#include "ui/common/PaintDirection.h"
 
 namespace {
 
@@ -112,8 +113,9 @@ void GridDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
     pPainter->setFont(CellFont(*m_pGrid, cell));
     const bool bCentre = cell.eAlignment.testFlag(Qt::AlignHCenter);
     const int nPadding = bCentre ? 0 : kGridPadding;
-    CellTextPaint(*pPainter, rectFill, option.rect.adjusted(nPadding, 0, -nPadding, 0),
-                  cell.eAlignment, cell.sText, colors);
+    const Qt::Alignment eSide = PaintDirectionOfText(*pPainter, *m_pGrid, cell.eAlignment);
+    CellTextPaint(*pPainter, rectFill, option.rect.adjusted(nPadding, 0, -nPadding, 0), eSide,
+                  cell.sText, colors);
     pPainter->restore();
 }
 
@@ -167,6 +169,7 @@ void GridHeader::paintSection(QPainter* pPainter, const QRect& rect, int iSectio
     const QString sText =
         bTop ? cell.sText
              : pPainter->fontMetrics().elidedText(cell.sText, Qt::ElideRight, rectText.width());
-    pPainter->drawText(rectText, eAlignment.toInt() | Qt::TextSingleLine, sText);
+    const Qt::Alignment eSide = PaintDirectionOfText(*pPainter, *m_pGrid, eAlignment);
+    pPainter->drawText(rectText, eSide.toInt() | Qt::TextSingleLine, sText);
     pPainter->restore();
 }

@@ -12,6 +12,7 @@
 #include "propagation/SnrScale.h"
 #include "ui/common/BandPaint.h"
 #include "ui/common/Colors.h"
+#include "ui/common/PaintDirection.h"
 #include "ui/curves/Spread.h"
 
 namespace {
@@ -145,6 +146,7 @@ std::optional<CurvesCell> CurvesPlot::CellAt(const QPointF& pnt) const
 void CurvesPlot::Paint(QPainter& painter) const
 {
     painter.save();
+    PaintDirectionOfText(painter);
     GridPaint(painter);
     for (int i = 0; i < static_cast<int>(m_day.aRibbons.size()); ++i) RibbonPaint(painter, i);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "ui/common/PaintDirection.h"
+
 namespace {
 
 constexpr double kStep = 10.0;  // dB between lines
@@ -238,7 +240,10 @@ std::optional<int> DaysBandHourAt(const QRectF& rct, const QFontMetricsF& metric
 void DaysBandPaint(QPainter& painter, const QRectF& rct, const DaysBand& band, const QColor& clrInk,
                    PageLook eLook)
 {
+    painter.save();
+    PaintDirectionOfText(painter);
     BandPainter(painter, rct, band, clrInk, eLook).Paint();
+    painter.restore();
 }
 
 DaysBandView::DaysBandView(QWidget* pParent) : QWidget(pParent)

@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 #include "propagation/PowerTable.h"
@@ -25,6 +26,21 @@ W* Named(W* pWidget, const char* sName)
     pWidget->setObjectName(QString::fromLatin1(sName));
     return pWidget;
 }
+
+/// The column of the figures: their signs stand before them in a mirrored window, too.
+class FigureDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* pOption, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(pOption, index);
+        pOption->displayAlignment =
+            QStyle::visualAlignment(pOption->direction, pOption->displayAlignment);
+        pOption->direction = Qt::LeftToRight;
+    }
+};
 
 QLabel* Caption(const QString& sText, QWidget* pBuddy)
 {
@@ -86,6 +102,7 @@ QWidget* StationPage::NeedsMake()
     lstNeeds->setHeaderLabels({tr("Name"), tr("dB in 1 Hz"), tr("Source")});
     lstNeeds->setRootIsDecorated(false);
     lstNeeds->setUniformRowHeights(true);
+    lstNeeds->setItemDelegateForColumn(kColSnr, new FigureDelegate(lstNeeds));
     lstNeeds->setAccessibleName(tr("Needs: name, dB in 1 Hz, source"));
     lstNeeds->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     lstNeeds->setMinimumHeight(kRowsShown * lstNeeds->fontMetrics().lineSpacing());
