@@ -21,6 +21,7 @@
 #include "system/RunErrorText.h"
 #include "system/SignalLib.h"
 #include "ui/common/Guide.h"
+#include "ui/common/MenuKey.h"
 #include "ui/common/MsgWindow.h"
 #include "ui/common/Words.h"
 #include "ui/main/frmMain.h"
@@ -138,6 +139,7 @@ int WindowRun(QApplication& app, const Options& options)
                         res.TextGet()));
     EndSignalsSetUp(app);
     GuideKeyInstall(app);
+    MenuKeyInstall(app);
     frmMain frm;
     frm.EnginesSet(EngineMake);
     if (options.sProfile) {

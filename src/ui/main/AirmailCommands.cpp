@@ -1,6 +1,7 @@
 #include "ui/main/AirmailCommands.h"
 
 #include <QCursor>
+#include <QWidget>
 
 #include "airmail/AirMailLib.h"
 #include "system/ClockLib.h"
@@ -44,11 +45,15 @@ void AirmailCommands::ReceiverTake()
     m_host.Update();
 }
 
-void AirmailCommands::StationsShow()
+void AirmailCommands::StationsShow(const QWidget& button)
 {
     m_menu.ReceiverSet(m_host.SettingsGet().m_dRcLat, m_host.SettingsGet().m_dRcLon);
-    if (m_menu.Build())
-        m_menu.popup(QCursor::pos());
+    if (!m_menu.Build())
+        return;
+    // By a key the pointer may be anywhere.
+    const QPoint pnt = button.mapFromGlobal(QCursor::pos());
+    m_menu.popup(button.rect().contains(pnt) ? QCursor::pos()
+                                             : button.mapToGlobal(button.rect().bottomLeft()));
 }
 
 void AirmailCommands::StationTake(const Station& station)

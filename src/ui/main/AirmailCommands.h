@@ -11,6 +11,7 @@
 #include "ui/main/StationMenu.h"
 
 class MainWindowHost;
+class QWidget;
 
 class AirmailCommands final : public QObject {
     Q_OBJECT
@@ -19,7 +20,8 @@ public:
     AirmailCommands(MainWindowHost& host, StationMenu& menu, QObject* pParent);
 
     void ReceiverTake();
-    void StationsShow();
+    /// @param button  the menu opens at the pointer, or below the button where a key pressed it
+    void StationsShow(const QWidget& button);
     void StationTake(const Station& station);
 
 Q_SIGNALS:

@@ -120,7 +120,7 @@ void frmMain::ButtonsConnect()
 {
     CommandConnect(cmdUpdate, [this] { cmdUpdateClick(); });
     CommandConnect(cmdRcAirmail, [this] { m_pAirmail->ReceiverTake(); });
-    CommandConnect(cmdTxAirmail, [this] { m_pAirmail->StationsShow(); });
+    CommandConnect(cmdTxAirmail, [this] { m_pAirmail->StationsShow(*cmdTxAirmail); });
     for (QPushButton* pButton : {cmdRcMap, cmdTxMap})
         CommandConnect(pButton, [this] { m_windows.MapShow(); });
     connect(mnuTransmitter, &StationMenu::StationChosen, this, [this](const Station& station) {
