@@ -1,0 +1,17 @@
+/// @file WindowTexts.h
+/// Every text that a window may show or a screen reader may speak.
+#pragma once
+
+#include <QString>
+#include <string>
+#include <vector>
+
+#include "ui/program/ProgramRig.h"
+
+struct WindowText {
+    std::string sWhere;  ///< window, control and property: "main cmdUpdate toolTip"
+    QString sText;
+};
+
+/// Texts with at least one letter; of a window's own parts, not those of windows beside it.
+[[nodiscard]] std::vector<WindowText> WindowTextsGet(const ProgramWindow& window);
