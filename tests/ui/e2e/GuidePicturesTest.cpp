@@ -351,7 +351,7 @@ void DayPictureKeep(const LatLon& posRc, const MapBox& box, int iLayer, int iHou
     frm.m_settings.m_dRcLat = posRc.dLat;
     frm.m_settings.m_dRcLon = posRc.dLon;
     frm.m_settings.m_iMapWorldBegins = box.dLeft < 0 ? -180 : 0;
-    frm.EnginesSet([pEngine = std::make_shared<BuiltInEngine>(EngineRootGet().Path(""))](int) {
+    frm.EnginesSet([pEngine = std::make_shared<BuiltInEngine>(EngineRootGet().sFolder)](int) {
         return pEngine;
     });
     EXPECT_TRUE(frm.Update());
