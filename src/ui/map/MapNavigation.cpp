@@ -43,10 +43,13 @@ void MapNavigation::ViewRestore()
 void MapNavigation::ViewFit()
 {
     MapView& view = m_form.m_view;
-    const LatLon center = view.CenterGet();
-    if (m_rctFit != view.m_rctSource)  // the view was moved since
+    if (m_rctFit != view.m_rctSource) {  // moved by others
+        const LatLon center = view.CenterGet();
         m_zoomFit = {view.m_dScale, center.dLat, center.dLon};
-    view.ZoomSet(m_zoomFit);
+        m_bAskedBox = false;
+    }
+    // A box that was asked for is shown whole, as in a window of another size.
+    view.ZoomSet(m_bAskedBox ? view.ZoomKeepSeen(view.BoxGetZoom(m_boxAsked)) : m_zoomFit);
     m_rctFit = view.m_rctSource;
 }
 
@@ -59,6 +62,8 @@ void MapNavigation::ZoomAsk(const MapZoom& zoom)
 void MapNavigation::ZoomSet(const MapZoom& zoom)
 {
     m_form.m_view.ZoomSet(zoom);
+    m_zoomFit = zoom;
+    m_rctFit = m_form.m_view.m_rctSource;
     Q_EMIT ViewChanged();
 }
 
