@@ -65,6 +65,22 @@ private:
     EnvironmentSet m_envPlatform{"QT_QPA_PLATFORM", "xcb"};
 };
 
+TEST_F(HopcastExport, TheCardHasThePalettesColoursAndInNightTheStandardOnes)
+{
+    const auto Card = [this](const std::string& sPalette) {
+        const std::string sProfile =
+            m_folder.Write(sPalette + ".ini", "[Colour Data]\nPalette=" + sPalette + "\n");
+        const std::string sFile = m_folder.Path(sPalette + ".png");
+        const ProgramResult res = Export(sFile, {"--profile", sProfile});
+        EXPECT_EQ(res.nStatus, 0) << res.sError;
+        return BytesRead(sFile);
+    };
+    const std::string sStandard = Card("Standard");
+    EXPECT_FALSE(sStandard.empty());
+    EXPECT_NE(Card("Safe"), sStandard);
+    EXPECT_EQ(Card("Night"), sStandard);
+}
+
 TEST_F(HopcastExport, WritesThePdfCardWithoutADisplayAndWithoutAHome)
 {
     const std::string sFile = m_folder.Path("card.pdf");

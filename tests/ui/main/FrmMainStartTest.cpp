@@ -269,9 +269,10 @@ TEST(FrmMainStart, MenusHaveTheirToldItems)
     EXPECT_EQ(Texts(frm.mnuFile), QStringLiteral("Default|Undo Default|Open...|Save...|Copy Table|"
                                                  "Export...|Print Card...|Exit"));
     EXPECT_EQ(Texts(frm.mnuView), QStringLiteral("World Map...|Detail Data..."));
-    EXPECT_EQ(Texts(frm.mnuOptions),
-              QStringLiteral("AirMail...|Model...|Frequency...|Time...|Map...|Station...|Colours...|"
-                             "Night\tCtrl+Shift+N"));
+    EXPECT_EQ(
+        Texts(frm.mnuOptions),
+        QStringLiteral("AirMail...|Model...|Frequency...|Time...|Map...|Station...|Colours...|"
+                       "Night\tCtrl+Shift+N"));
     EXPECT_EQ(
         Texts(frm.mnuPlan),
         QStringLiteral("Who Can I Reach|Day Curves|Good and Bad Days|Compare Engines|My Places...|"
