@@ -180,7 +180,7 @@ TEST(DocumentsLists, ColoursOfTheGuideAreThoseOfTheScale)
 
 TEST(DocumentsLists, ColumnsOfTheDetailsAreThoseOfTheWindow)
 {
-    static const std::regex kHeader("\n    \\{\"([^\"]+)\", \"-");
+    static const std::regex kHeader("\n    \\{QT_TRANSLATE_NOOP\\(\"frmDetails\", \"([^\"]+)\"\\), \"-");
     static const std::regex kColumn("([A-Z][A-Za-z -]*)");
     const std::string sSource = BytesRead(SOURCE_FOLDER "/ui/details/frmDetails.cpp");
     const Names asHeader = NamesIn(sSource, kHeader);

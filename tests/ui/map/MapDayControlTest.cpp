@@ -84,6 +84,7 @@ TEST_F(MapDay, ProgressIsToldAndEscapeStopsTheWorkAndKeepsWhatIsThere)
     ASSERT_TRUE(TitleBecomes(QStringLiteral("Best Frequency @ 06:00")));
     ASSERT_TRUE(QTest::qWaitFor(
         [this] { return m_pMap->barHour->lblWork->text() == QStringLiteral("4 of 72"); }));
+    ASSERT_TRUE(BegunBecome(5));
     QTest::keyClick(m_pMap, Qt::Key_Escape);
     ASSERT_TRUE(m_pMap && m_pMap->isVisible());
     EXPECT_EQ(m_pMap->barHour->lblWork->text(), QStringLiteral("stopped"));
@@ -201,6 +202,7 @@ TEST_F(MapDay, HidingTheOverlayEndsTheDayAndTheItemShowsItsOwnPictureAgain)
 {
     LayerChoose(1);
     EXPECT_TRUE(m_pMap->mnuOverlayDraw->isChecked());
+    ASSERT_TRUE(BegunBecome(1));
     m_pMap->mnuOverlayDraw->trigger();
     EXPECT_FALSE(m_pMap->mnuOverlayDraw->isChecked());
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_pEngine->m_nStopped == 1; }));
@@ -259,10 +261,35 @@ TEST_F(MapDay, ClosingDuringWorkEndsIt)
 {
     LayerChoose(3);
     m_pEngine->Let(1);
-    ASSERT_TRUE(RunsBecome(1));
+    ASSERT_TRUE(BegunBecome(2));
     m_pMap->close();
     EXPECT_TRUE(IsGoneSoon());
     EXPECT_EQ(m_pEngine->m_nStopped, 1);
+}
+
+TEST_F(MapDay, SmoothRunsBetweenThePointsOfTheDayInPictureAndTip)
+{
+    m_pEngine->Let(kAll);
+    OverlayShow();
+    HourKey(Qt::Key_Right);
+    ASSERT_TRUE(TitleBecomes(QStringLiteral("Snr Overlay, 10000.0KHz @ 07:00")));
+    const QImage imgCells = m_pMap->pctMap->m_img;
+    m_pMap->mnuOverlaySmooth->trigger();
+    EXPECT_NE(m_pMap->pctMap->m_img, imgCells);
+    const QPoint pt(300, 200);
+    const double dLat = m_pMap->m_view.PointGetLatLon(MapControl::Map, pt.x(), pt.y()).dLat;
+    // The engine's values are even from point to point here.
+    const double dSnr = EngineOfAreas::SnrGet(dLat, 7, 10000.0F, 50.0F);
+    const QString sTip = TipAt(pt);
+    const double dTip =
+        sTip.mid(sTip.indexOf(QStringLiteral("Snr ")) + 4).section(u' ', 0, 0).toDouble();
+    EXPECT_NEAR(dTip, dSnr, 0.2) << sTip.toStdString();
+    EXPECT_NE(GridLatOf(pt), dLat);
+    LayerChoose(1);
+    ASSERT_TRUE(TitleBecomes(QStringLiteral("Best Frequency @ 07:00")));
+    const QImage imgBest = m_pMap->pctMap->m_img;
+    m_pMap->mnuOverlaySmooth->trigger();
+    EXPECT_EQ(m_pMap->pctMap->m_img, imgBest) << "frequencies have nothing between them";
 }
 
 TEST_F(MapDay, PlayingForDaysHoldsNoMoreMemory)

@@ -31,6 +31,7 @@ public:
     {
         AreaPrediction prediction;
         prediction.request = request;
+        ++m_nBegun;
         while (!m_semRuns.try_acquire_for(std::chrono::milliseconds(2)))
             if (stop.stop_requested()) {
                 ++m_nStopped;
@@ -68,6 +69,7 @@ public:
 
     std::optional<Failure> m_obstacle;
     std::optional<Failure> m_failure;
+    mutable std::atomic<int> m_nBegun = 0;
     mutable std::atomic<int> m_nRuns = 0;
     mutable std::atomic<int> m_nStopped = 0;
 
@@ -119,6 +121,11 @@ protected:
     [[nodiscard]] bool TitleBecomes(const QString& sTitle) const
     {
         return QTest::qWaitFor([&] { return m_pMap->windowTitle() == sTitle; }, 20000);
+    }
+    /// A run waits for Let.
+    [[nodiscard]] bool BegunBecome(int nBegun) const
+    {
+        return QTest::qWaitFor([&] { return m_pEngine->m_nBegun == nBegun; }, 20000);
     }
     [[nodiscard]] bool RunsBecome(int nRuns) const
     {

@@ -18,12 +18,12 @@ protected:
 TEST_F(MapDayMenuShown, LayersStandBelowTheRequiredItemsAndNameTheNeed)
 {
     EXPECT_EQ(ItemsGet().join(u'|'),
-              QStringLiteral("Select Frequency|Select Time||Display, 10000 Khz, @ 06:00||"
+              QStringLiteral("Select Frequency|Select Time||Display, 10000 Khz, @ 06:00||Smooth||"
                              "Snr of the Frequency|Best Frequency of the List|"
                              "Days in Ten for E-mail, normal|Hours Open a Day for E-mail, normal"));
     m_host.m_settings.m_aNeed.push_back({"Q & A", 33.0F, "test"});
     m_host.m_settings.m_sNeedSelected = "Q & A";
-    EXPECT_EQ(ItemsGet().at(7), QStringLiteral("Days in Ten for Q && A"));
+    EXPECT_EQ(ItemsGet().at(9), QStringLiteral("Days in Ten for Q && A"));
 }
 
 TEST_F(MapDayMenuShown, TheLayerThatIsShownIsChecked)
@@ -34,7 +34,7 @@ TEST_F(MapDayMenuShown, TheLayerThatIsShownIsChecked)
               (QStringList{QStringLiteral("*Display, 10000 Khz, @ 06:00"),
                            QStringLiteral("*Snr of the Frequency")}));
     LayerChoose(3);
-    EXPECT_EQ(ItemsGet().at(8), QStringLiteral("*Hours Open a Day for E-mail, normal"));
+    EXPECT_EQ(ItemsGet().at(10), QStringLiteral("*Hours Open a Day for E-mail, normal"));
     EXPECT_EQ(ItemsGet().filter(QStringLiteral("*")).size(), 2);
 }
 

@@ -53,7 +53,7 @@ TEST(MapDayRun, WorkThatWasStoppedGoesOnWhereItEnded)
     MapDayRun run;
     pEngine->Let(5);
     run.Ask(AskedMake(4), pEngine, {20, {}});
-    ASSERT_TRUE(QTest::qWaitFor([&] { return run.DoneGet() == 5; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return run.DoneGet() == 5 && pEngine->m_nBegun == 6; }));
     run.Stop();
     EXPECT_FALSE(run.RunningIs());
     EXPECT_NE(run.GridGet({20, {}}), nullptr);
@@ -124,7 +124,7 @@ TEST(MapDayRun, GoesAwayAtOnceDuringWork)
     {
         MapDayRun run;
         run.Ask(AskedMake(4), pEngine, {});
-        ASSERT_TRUE(QTest::qWaitFor([&] { return pEngine->m_nRuns == 1; }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return pEngine->m_nBegun == 2; }));
     }
     EXPECT_EQ(pEngine->m_nStopped, 1);
 }
