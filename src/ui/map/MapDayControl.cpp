@@ -280,7 +280,7 @@ void MapDayControl::Paint()
         GraticuleLabelsPaint(pMap->m_img, m_form.m_view, pMap->window()->font());
     }
     pMap->window()->setWindowTitle(pGrid != nullptr ? DayTitleGet(m_shown)
-                                                    : QStringLiteral("Hopcast - World Map"));
+                                                    : QObject::tr("Hopcast - World Map"));
     BarShow();
     pMap->update();
 }
@@ -353,6 +353,7 @@ QString MapDayControl::TipGet(const LatLon& pos) const
     const auto fSmooth = SmoothGet(pos);
     return (fSmooth ? DaySnrText(*fSmooth)
                     : DayTipGet(m_shown, *m_apShown.at(iPoint / nEach), iPoint % nEach))
-           + QStringLiteral(", Rng ")
-           + QString::fromStdString(NumberFormat(RangeGetMiles(m_form.m_posRc, pos), "0"));
+           + tr(", Rng %1")
+                 .arg(
+                     QString::fromStdString(NumberFormat(RangeGetMiles(m_form.m_posRc, pos), "0")));
 }

@@ -1,5 +1,6 @@
 #include "ui/map/MapDayPaint.h"
 
+#include <QObject>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -7,6 +8,7 @@
 #include "propagation/RequestText.h"
 #include "system/NumberLib.h"
 #include "ui/common/Colors.h"
+#include "ui/common/Words.h"
 #include "ui/map/MapOverlayMenu.h"
 
 namespace {
@@ -193,7 +195,7 @@ Legend DayLegendGet(const MapDayShown& shown)
     return HoursLegend(shown);
 }
 
-QString DaySnrText(float fSnr) { return QStringLiteral(", Snr %1 dB").arg(Text(fSnr, "0.0")); }
+QString DaySnrText(float fSnr) { return QObject::tr(", Snr %1 dB").arg(Text(fSnr, "0.0")); }
 
 QString DayTipGet(const MapDayShown& shown, const AreaDay& day, std::size_t iPoint)
 {
@@ -203,8 +205,7 @@ QString DayTipGet(const MapDayShown& shown, const AreaDay& day, std::size_t iPoi
             return value ? DaySnrText(*value) : QObject::tr(", no value");
         case MapDayLayerKind::BestFrequency: {
             const auto best = AreaBestGet(day, iPoint, shown.iHour);
-            return best ? QStringLiteral(", %1 kHz")
-                                  .arg(Text(shown.afFrequency.at(best->iFrequency)))
+            return best ? QObject::tr(", %1 kHz").arg(Text(shown.afFrequency.at(best->iFrequency)))
                               + DaySnrText(best->fSnr)
                         : QObject::tr(", no value");
         }
@@ -225,7 +226,7 @@ QString DayTitleGet(const MapDayShown& shown)
                              : QString();
     switch (shown.eLayer) {
         case MapDayLayerKind::Snr:
-            return QStringLiteral("Snr Overlay, %1KHz @ %2").arg(sKhz, sHour);
+            return QObject::tr("Snr Overlay, %1KHz @ %2").arg(sKhz, sHour);
         case MapDayLayerKind::BestFrequency:
             return QObject::tr("Best Frequency @ %1").arg(sHour);
         case MapDayLayerKind::DaysInTen:
@@ -239,18 +240,19 @@ QString DayTitleGet(const MapDayShown& shown)
 std::string DayFootGet(const MapDayShown& shown, const std::string& sAreaFoot)
 {
     const std::string sBetween = kTextBetween;
+    const std::string sCount = NumberToText(static_cast<int>(shown.afFrequency.size()));
     switch (shown.eLayer) {
         case MapDayLayerKind::Snr:
             return sAreaFoot;
         case MapDayLayerKind::BestFrequency:
-            return "best of " + NumberToText(static_cast<int>(shown.afFrequency.size()))
-                   + " frequencies" + sBetween + PartsDrop(sAreaFoot, 1);
+            return WordsPut(QObject::tr("best of %1 frequencies"), sCount) + sBetween
+                   + PartsDrop(sAreaFoot, 1);
         case MapDayLayerKind::DaysInTen:
-            return "days in ten" + sBetween + sAreaFoot + sBetween + NeedFootText(shown.need);
+            return QObject::tr("days in ten").toStdString() + sBetween + sAreaFoot + sBetween
+                   + NeedFootText(shown.need);
         case MapDayLayerKind::HoursOpen:
             break;
     }
-    return "hours open a day on the best of "
-           + NumberToText(static_cast<int>(shown.afFrequency.size())) + " frequencies" + sBetween
-           + PartsDrop(sAreaFoot, 2) + sBetween + NeedFootText(shown.need);
+    return WordsPut(QObject::tr("hours open a day on the best of %1 frequencies"), sCount)
+           + sBetween + PartsDrop(sAreaFoot, 2) + sBetween + NeedFootText(shown.need);
 }

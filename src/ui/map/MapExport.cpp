@@ -20,7 +20,8 @@
 namespace {
 
 /// A name without a suffix gets the last one.
-constexpr const char* kFilter = "Picture or document (*.png *.pdf)|*.png";
+constexpr const char* kFilter =
+    QT_TRANSLATE_NOOP("MapExport", "Picture or document (*.png *.pdf)|*.png");
 
 /// A sheet with the picture as large as it can be.
 Page PageMake(const QImage& image)
@@ -50,7 +51,7 @@ MapExport::MapExport(QWidget& window, MapForm& form, MainWindowHost& host,
 
 QString MapExport::CaptionGet() const
 {
-    const QString sPlaces = QStringLiteral("Receiver %1, transmitter %2")
+    const QString sPlaces = QObject::tr("Receiver %1, transmitter %2")
                                 .arg(PositionToText(m_form.m_posRc.dLat, m_form.m_posRc.dLon),
                                      PositionToText(m_form.m_posTx.dLat, m_form.m_posTx.dLon));
     const bool bDay = m_day.HasCells();
@@ -66,7 +67,7 @@ QString MapExport::CaptionGet() const
     return sPlaces + sBetween
            + QString::fromStdString(bDay ? DayFootGet(m_day.ShownGet(), sFoot) : sFoot)
            + ((bDay ? m_day.IsSmooth() : m_overlay.IsSmooth())
-                  ? sBetween + QStringLiteral("smooth between grid points")
+                  ? sBetween + QObject::tr("smooth between grid points")
                   : QString());
 }
 
@@ -81,9 +82,8 @@ void MapExport::Copy() const { QGuiApplication::clipboard()->setImage(PictureGet
 void MapExport::Export() const
 {
     const QImage image = PictureGet();  // as it is now, not with the dialog above it
-    const QString sFile = FileDialogShow(
-        &m_window,
-        {FileDialogKind::Save, QStringLiteral("World Map.png"), QString::fromLatin1(kFilter)});
+    const QString sFile =
+        FileDialogShow(&m_window, {FileDialogKind::Save, tr("World Map.png"), tr(kFilter)});
     if (sFile.isEmpty())
         return;
     PageForm form;

@@ -1,5 +1,6 @@
 #include "ui/map/MapForm.h"
 
+#include <QObject>
 #include <algorithm>
 
 #include "ui/map/HourBar.h"
@@ -71,17 +72,17 @@ void MapForm::MapMake(QWidget* pWindow)
     pctFrame->setFrameShape(QFrame::Box);
     pctMap = new PctMap(pctFrame);
     pctMap->setObjectName(QStringLiteral("pctMap"));
-    pctMap->setAccessibleName(QStringLiteral("World map"));
+    pctMap->setAccessibleName(QObject::tr("World map"));
     // The picture itself shows no focus: it is copied and exported.
     QObject::connect(pctMap, &PctMap::FocusMoved, pctFrame, [this](bool bHere) {
         pctFrame->setForegroundRole(bHere ? QPalette::Highlight : QPalette::WindowText);
     });
-    lblRc = new MarkerLabel(QStringLiteral("Rc"), true, pctMap);
+    lblRc = new MarkerLabel(QObject::tr("Rc"), true, pctMap);
     lblRc->setObjectName(QStringLiteral("lblRc"));
-    lblRc->setAccessibleName(QStringLiteral("Receiver"));
-    lblTx = new MarkerLabel(QStringLiteral("Tx"), false, pctMap);
+    lblRc->setAccessibleName(QObject::tr("Receiver"));
+    lblTx = new MarkerLabel(QObject::tr("Tx"), false, pctMap);
     lblTx->setObjectName(QStringLiteral("lblTx"));
-    lblTx->setAccessibleName(QStringLiteral("Transmitter"));
+    lblTx->setAccessibleName(QObject::tr("Transmitter"));
 }
 
 void MapForm::BarsMake()
@@ -94,7 +95,7 @@ void MapForm::BarsMake()
     for (QScrollBar* pBar : {hscMap, vscMap}) pBar->setFocusPolicy(Qt::StrongFocus);
     txtCursor = new QLineEdit(pctFrame);
     txtCursor->setObjectName(QStringLiteral("txtCursor"));
-    txtCursor->setAccessibleName(QStringLiteral("Position"));
+    txtCursor->setAccessibleName(QObject::tr("Position"));
     txtCursor->setReadOnly(true);
     txtCursor->setFocusPolicy(Qt::NoFocus);
     txtCursor->setAlignment(Qt::AlignCenter);
@@ -107,30 +108,29 @@ void MapForm::ButtonsMake(QWidget* pWindow)
     const auto TextMake = [pWindow](const QString& sName, const QString& sText) {
         return ButtonMake(pWindow, sName, sText);
     };
-    cmdZoomIn = TextMake(QStringLiteral("cmdZoomIn"), QStringLiteral("Zoom In"));
-    cmdZoomOut = TextMake(QStringLiteral("cmdZoomOut"), QStringLiteral("Zoom Out"));
-    cmdZoomOff = TextMake(QStringLiteral("cmdZoomOff"), QStringLiteral("Zoom Off"));
+    cmdZoomIn = TextMake(QStringLiteral("cmdZoomIn"), QObject::tr("Zoom In"));
+    cmdZoomOut = TextMake(QStringLiteral("cmdZoomOut"), QObject::tr("Zoom Out"));
+    cmdZoomOff = TextMake(QStringLiteral("cmdZoomOff"), QObject::tr("Zoom Off"));
     cmdZoomTxRc =
-        TextMake(QStringLiteral("cmdZoomTxRc"), QStringLiteral("Zoom to Transmitter and Receiver"));
+        TextMake(QStringLiteral("cmdZoomTxRc"), QObject::tr("Zoom to Transmitter and Receiver"));
     const int nHeight = cmdZoomOff->height();
     cmdOverlay = TextMake(QStringLiteral("cmdOverlay"), {});
-    ButtonSetTip(cmdOverlay, QStringLiteral("Display Snr Overlay (Snr vs Range from Rc)"), nHeight);
+    ButtonSetTip(cmdOverlay, QObject::tr("Display Snr Overlay (Snr vs Range from Rc)"), nHeight);
     cmdStations = TextMake(QStringLiteral("cmdStations"), {});
-    ButtonSetTip(cmdStations, QStringLiteral("Display AirMail Stations"), nHeight);
+    ButtonSetTip(cmdStations, QObject::tr("Display AirMail Stations"), nHeight);
     chkPath = ToggleMake(pWindow, QStringLiteral("chkPath"), QStringLiteral("Path"));
-    ButtonSetTip(chkPath, QStringLiteral("Great-circle path between transmitter and receiver"),
+    ButtonSetTip(chkPath, QObject::tr("Great-circle path between transmitter and receiver"),
                  nHeight);
     chkNight = ToggleMake(pWindow, QStringLiteral("chkNight"), QStringLiteral("Night"));
-    ButtonSetTip(chkNight, QStringLiteral("Day/night line at the overlay's hour and month"),
-                 nHeight);
+    ButtonSetTip(chkNight, QObject::tr("Day/night line at the overlay's hour and month"), nHeight);
     chkTwilight = ToggleMake(pWindow, QStringLiteral("chkTwilight"), QStringLiteral("Twilight"));
     ButtonSetTip(chkTwilight,
-                 QStringLiteral("Night shaded, darker where the sun is 6, 12 and 18° below the "
-                                "horizon"),
+                 QObject::tr("Night shaded, darker where the sun is 6, 12 and 18° below the "
+                             "horizon"),
                  nHeight);
-    cmdOk = TextMake(QStringLiteral("cmdOk"), QStringLiteral("OK"));
-    cmdCancel = TextMake(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
-    cmdApply = TextMake(QStringLiteral("cmdApply"), QStringLiteral("Apply"));
+    cmdOk = TextMake(QStringLiteral("cmdOk"), QObject::tr("OK"));
+    cmdCancel = TextMake(QStringLiteral("cmdCancel"), QObject::tr("Cancel"));
+    cmdApply = TextMake(QStringLiteral("cmdApply"), QObject::tr("Apply"));
     for (QPushButton* pButton : {cmdOk, cmdApply})
         pButton->resize(cmdCancel->width(), cmdCancel->height());
 }
@@ -138,34 +138,33 @@ void MapForm::ButtonsMake(QWidget* pWindow)
 void MapForm::MenusMake(QWidget* pWindow)
 {
     mnuMap = MenuMake(pWindow, QStringLiteral("mnuMap"));
-    mnuMapCenter = ItemMake(mnuMap, QStringLiteral("mnuMapCenter"), QStringLiteral("Center"));
-    mnuMapZoomIn =
-        ItemMake(mnuMap, QStringLiteral("mnuMapZoomIn"), QStringLiteral("Center, Zoom In"));
+    mnuMapCenter = ItemMake(mnuMap, QStringLiteral("mnuMapCenter"), QObject::tr("Center"));
+    mnuMapZoomIn = ItemMake(mnuMap, QStringLiteral("mnuMapZoomIn"), QObject::tr("Center, Zoom In"));
     mnuMapZoomOut =
-        ItemMake(mnuMap, QStringLiteral("mnuMapZoomOut"), QStringLiteral("Center, Zoom Out"));
+        ItemMake(mnuMap, QStringLiteral("mnuMapZoomOut"), QObject::tr("Center, Zoom Out"));
     mnuMap->addSeparator();
-    mnuMapCopy = ItemMake(mnuMap, QStringLiteral("mnuMapCopy"), QStringLiteral("Copy Picture"));
-    mnuMapExport = ItemMake(mnuMap, QStringLiteral("mnuMapExport"), QStringLiteral("Export..."));
+    mnuMapCopy = ItemMake(mnuMap, QStringLiteral("mnuMapCopy"), QObject::tr("Copy Picture"));
+    mnuMapExport = ItemMake(mnuMap, QStringLiteral("mnuMapExport"), QObject::tr("Export..."));
     mnuOverlay = MenuMake(pWindow, QStringLiteral("mnuOverlay"));
-    mnuOverlayFrequency = MenuAdd(mnuOverlay, QStringLiteral("mnuOverlayFrequency"),
-                                  QStringLiteral("Select Frequency"));
+    mnuOverlayFrequency =
+        MenuAdd(mnuOverlay, QStringLiteral("mnuOverlayFrequency"), QObject::tr("Select Frequency"));
     mnuOverlayTime =
-        MenuAdd(mnuOverlay, QStringLiteral("mnuOverlayTime"), QStringLiteral("Select Time"));
+        MenuAdd(mnuOverlay, QStringLiteral("mnuOverlayTime"), QObject::tr("Select Time"));
     mnuOverlaySeparator = mnuOverlay->addSeparator();
     mnuOverlaySeparator->setObjectName(QStringLiteral("mnuOverlaySeparator"));
     mnuOverlayDraw = ItemMake(mnuOverlay, QStringLiteral("mnuOverlayDraw"),
-                              QStringLiteral("Display 1000.0 Khz @ 10:00"));
+                              QObject::tr("Display 1000.0 Khz @ 10:00"));
     mnuOverlayDraw->setCheckable(true);
     mnuOverlay->addSeparator();
     mnuOverlaySmooth =
-        ItemMake(mnuOverlay, QStringLiteral("mnuOverlaySmooth"), QStringLiteral("Smooth"));
+        ItemMake(mnuOverlay, QStringLiteral("mnuOverlaySmooth"), QObject::tr("Smooth"));
     mnuOverlaySmooth->setCheckable(true);
     mnuStations = MenuMake(pWindow, QStringLiteral("mnuStations"));
     mnuStation = MenuMake(pWindow, QStringLiteral("mnuStation"));
     mnuStationSetRc =
-        ItemMake(mnuStation, QStringLiteral("mnuStationSetRc"), QStringLiteral("Set as Receiver"));
-    mnuStationSetTx = ItemMake(mnuStation, QStringLiteral("mnuStationSetTx"),
-                               QStringLiteral("Set as Transmitter"));
+        ItemMake(mnuStation, QStringLiteral("mnuStationSetRc"), QObject::tr("Set as Receiver"));
+    mnuStationSetTx =
+        ItemMake(mnuStation, QStringLiteral("mnuStationSetTx"), QObject::tr("Set as Transmitter"));
 }
 
 QAction* MapForm::ItemMake(QMenu* pMenu, const QString& sName, const QString& sText)

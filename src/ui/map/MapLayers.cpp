@@ -1,5 +1,7 @@
 #include "ui/map/MapLayers.h"
 
+#include <QObject>
+
 #include "geo/MathLib.h"
 
 void MapLayers::Paint(QPainter& painter) const
@@ -25,6 +27,7 @@ void MapLayers::PointerMove(const QPoint& ptPointer) const
 
 QString PositionText(const LatLon& pos)
 {
-    return QString::fromStdString("Lat " + LatitudeToText(pos.dLat) + ", Lon "
-                                  + LongitudeToText(pos.dLon));
+    return QObject::tr("Lat %1, Lon %2")
+        .arg(QString::fromStdString(LatitudeToText(pos.dLat)),
+             QString::fromStdString(LongitudeToText(pos.dLon)));
 }

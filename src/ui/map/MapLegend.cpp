@@ -1,5 +1,6 @@
 #include "ui/map/MapLegend.h"
 
+#include <QObject>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -20,12 +21,12 @@ QString Text(float fSnr) { return QString::fromStdString(NumberToText(fSnr)); }
 
 QString RowText(float fLow, float fHigh)
 {
-    return QStringLiteral("%1 to %2").arg(Text(fLow), Text(fHigh));
+    return QObject::tr("%1 to %2").arg(Text(fLow), Text(fHigh));
 }
 
-QString HeadText() { return QStringLiteral("SNR (dB in 1 Hz)"); }
+QString HeadText() { return QObject::tr("SNR (dB in 1 Hz)"); }
 
-QString MinText(float fMinSnr) { return QStringLiteral("drawn from %1").arg(Text(fMinSnr)); }
+QString MinText(float fMinSnr) { return QObject::tr("drawn from %1").arg(Text(fMinSnr)); }
 
 int LineGetHeight(const QFontMetrics& metrics) { return std::max(metrics.height() + 2, kSwatch); }
 
@@ -69,7 +70,7 @@ std::vector<LegendRow> LegendGetRows(float fMinSnr,
     const float fLowest = aBands[aBands.size() - 2].fLowest;
     const auto ColorGet = [&](float fSnr) { return ColorFromBgr(fnColor(fSnr)).rgb(); };
     std::vector<LegendRow> aRows;
-    aRows.push_back({QStringLiteral("%1 and above").arg(Text(std::max(fHighest, fMinSnr))),
+    aRows.push_back({QObject::tr("%1 and above").arg(Text(std::max(fHighest, fMinSnr))),
                      ColorGet(fHighest), true});
     for (std::size_t i = 1; i + 1 < aBands.size(); ++i) {
         const float fLow = aBands[i].fLowest;
@@ -79,9 +80,8 @@ std::vector<LegendRow> LegendGetRows(float fMinSnr,
             {RowText(bDrawn ? std::max(fLow, fMinSnr) : fLow, fHigh), ColorGet(fLow), bDrawn});
     }
     const bool bGrey = fMinSnr < fLowest;
-    aRows.push_back(
-        {bGrey ? RowText(fMinSnr, fLowest) : QStringLiteral("below %1").arg(Text(fLowest)),
-         ColorGet(fLowest - 1), bGrey});
+    aRows.push_back({bGrey ? RowText(fMinSnr, fLowest) : QObject::tr("below %1").arg(Text(fLowest)),
+                     ColorGet(fLowest - 1), bGrey});
     return aRows;
 }
 

@@ -51,14 +51,17 @@ void MapMarkers::PlaceSet(MarkerLabel* pMarker, const LatLon& pos)
 
 bool MapMarkers::PlacesCheck()
 {
-    for (const auto& [sEnd, pos] :
-         {std::pair("receiver", m_form.m_posRc), {"transmitter", m_form.m_posTx}}) {
+    for (const MarkerLabel* pMarker : {m_form.lblRc, m_form.lblTx}) {
+        const LatLon& pos = PlaceOf(pMarker);
+        const bool bRc = pMarker == m_form.lblRc;
         if (PositionInRange(pos.dLat, pos.dLon))
             continue;
         const bool bLat = std::abs(pos.dLat) > kLatitudeMost;
-        m_form.txtCursor->setText((bLat ? QStringLiteral("Not set: latitude of %1 beyond 90°")
-                                        : QStringLiteral("Not set: longitude of %1 beyond 180°"))
-                                      .arg(QLatin1String(sEnd)));
+        const QString sLat = bRc ? tr("Not set: latitude of receiver beyond 90°")
+                                 : tr("Not set: latitude of transmitter beyond 90°");
+        const QString sLon = bRc ? tr("Not set: longitude of receiver beyond 180°")
+                                 : tr("Not set: longitude of transmitter beyond 180°");
+        m_form.txtCursor->setText(bLat ? sLat : sLon);
         m_form.txtCursor->show();
         return false;
     }
@@ -134,9 +137,8 @@ bool MapMarkers::KeysLeave()
 
 QString MapMarkers::TextGet(const MarkerLabel* pMarker)
 {
-    return (pMarker == m_form.lblRc ? QStringLiteral("Receiver, ")
-                                    : QStringLiteral("Transmitter, "))
-           + PositionText(PlaceOf(pMarker));
+    return (pMarker == m_form.lblRc ? tr("Receiver, %1") : tr("Transmitter, %1"))
+        .arg(PositionText(PlaceOf(pMarker)));
 }
 
 void MapMarkers::TextShow(MarkerLabel* pMarker)

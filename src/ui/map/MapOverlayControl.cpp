@@ -1,5 +1,6 @@
 #include "ui/map/MapOverlayControl.h"
 
+#include <QObject>
 #include <utility>
 
 #include "propagation/PropagationAreaLib.h"
@@ -7,6 +8,7 @@
 #include "system/MsgLib.h"
 #include "system/NumberLib.h"
 #include "ui/common/MainWindowHost.h"
+#include "ui/common/Words.h"
 #include "ui/map/MapGraticule.h"
 #include "ui/map/MapOverlay.h"
 #include "ui/map/MapOverlayMenu.h"
@@ -21,8 +23,10 @@ constexpr int kPause = 250;  // ms
 std::string FailureText(const Failure& failure)
 {
     if (failure.eKind == FailureKind::Timeout)
-        return "No overlay: the engine took too long; Options, Map, a smaller grid";
-    return "No overlay: " + failure.sText.substr(0, failure.sText.find_first_of("\r\n"));
+        return QObject::tr("No overlay: the engine took too long; Options, Map, a smaller grid")
+            .toStdString();
+    return WordsPut(QObject::tr("No overlay: %1"),
+                    failure.sText.substr(0, failure.sText.find_first_of("\r\n")));
 }
 
 /// The busy pointer while it lives.
@@ -178,7 +182,7 @@ void MapOverlayControl::BoxPaint(const OverlayShown& shown)
 {
     const OverlayChoice& choice = m_menu.ChoiceGet();
     QWidget* pWindow = m_form.pctMap->window();
-    pWindow->setWindowTitle(QStringLiteral("Snr Overlay, %1KHz @ %2")
+    pWindow->setWindowTitle(QObject::tr("Snr Overlay, %1KHz @ %2")
                                 .arg(QString::fromStdString(NumberFormat(choice.fKhz, "0.0")),
                                      OverlayHourText(choice.iHour)));
     const std::vector<AreaPoint>& aPoints = shown.aPoints;

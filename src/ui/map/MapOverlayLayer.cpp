@@ -1,5 +1,6 @@
 #include "ui/map/MapOverlayLayer.h"
 
+#include <QObject>
 #include <array>
 
 #include "geo/MathLib.h"
@@ -32,8 +33,9 @@ QString MapOverlayLayer::TipGet(const LatLon& pos) const
     const std::optional<float> fSnr = m_overlay.OverlayGetSnr(pos.dLat, pos.dLon);
     if (!fSnr)
         return {};
-    return QString::fromStdString(", Snr " + NumberFormat(*fSnr, "0.0") + " dB, Rng "
-                                  + NumberFormat(RangeGetMiles(m_form.m_posRc, pos), "0"));
+    return QObject::tr(", Snr %1 dB, Rng %2")
+        .arg(QString::fromStdString(NumberFormat(*fSnr, "0.0")),
+             QString::fromStdString(NumberFormat(RangeGetMiles(m_form.m_posRc, pos), "0")));
 }
 
 void MapOverlayLayer::PointerMove(const QPoint& ptPointer)

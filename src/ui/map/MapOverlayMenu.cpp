@@ -1,5 +1,7 @@
 #include "ui/map/MapOverlayMenu.h"
 
+#include <QObject>
+
 #include "propagation/PropagationTable.h"
 #include "propagation/Request.h"
 #include "system/ClockLib.h"
@@ -38,7 +40,7 @@ void MapOverlayMenu::mnuOverlayOpen()
     mnuOverlayFrequencyFill();
     mnuOverlayTimeFill();
     m_form.mnuOverlayDraw->setText(
-        QStringLiteral("Display, %1 Khz, @ %2")
+        QObject::tr("Display, %1 Khz, @ %2")
             .arg(QString::fromStdString(NumberFormat(m_choice.fKhz, "0")),
                  OverlayHourText(m_choice.iHour)));
 }

@@ -1,6 +1,7 @@
 #include "ui/map/MapPicture.h"
 
 #include <QFontMetrics>
+#include <QObject>
 #include <QPainter>
 #include <algorithm>
 #include <array>
@@ -38,7 +39,7 @@ MapBox BoxGet(const AreaBox& area, double& dEdge)
 void ReceiverPaint(QPainter& painter, const QPointF& pt, const QRect& rctMarker, const QFont& font)
 {
     constexpr bool bDark = true;
-    const QString sText = QStringLiteral("Rc");
+    const QString sText = QObject::tr("Rc");
     if (const auto arrow = EdgeArrowGet(painter.window(), pt))
         return EdgeArrowPaint(painter, *arrow, sText, MarkerGetFill(bDark),
                               MarkerGetTextColor(bDark));
@@ -89,7 +90,7 @@ QImage MapPictureGet(const MapPictureAsked& asked, const QFont& font)
     fontMarker.setBold(true);
     const QPointF ptRc(view.LonGetX(view.LonGetOnScale(asked.posRc.dLon)),
                        view.LatGetY(asked.posRc.dLat));
-    QRect rctMarker(QPoint(), MarkerGetSize(QStringLiteral("Rc"), QFontMetrics(fontMarker)));
+    QRect rctMarker(QPoint(), MarkerGetSize(QObject::tr("Rc"), QFontMetrics(fontMarker)));
     rctMarker.moveCenter(ptRc.toPoint());
     QPainter painter(&img);
     painter.setFont(font);

@@ -1,5 +1,6 @@
 #include "ui/map/MapScaleBar.h"
 
+#include <QObject>
 #include <algorithm>
 #include <cmath>
 
@@ -29,9 +30,9 @@ std::optional<ScaleBar> ScaleBarGet(const MapView& view)
     for (const double dRound : {2.0, 5.0})
         if (dRound * dPower <= dMost)
             dMiles = dRound * dPower;
-    return ScaleBar{
-        dMiles, dMiles * dPixelsPerMile,
-        QString::fromStdString(NumberToText(static_cast<float>(dMiles))) + QStringLiteral(" nmi")};
+    return ScaleBar{dMiles, dMiles * dPixelsPerMile,
+                    QObject::tr("%1 nmi").arg(
+                        QString::fromStdString(NumberToText(static_cast<float>(dMiles))))};
 }
 
 void ScaleBarPaint(QPainter& painter, const MapView& view)

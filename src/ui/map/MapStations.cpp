@@ -5,6 +5,7 @@
 #include "airmail/AirMailStations.h"
 #include "system/MsgLib.h"
 #include "system/TextLib.h"
+#include "ui/common/Words.h"
 #include "ui/map/MapMarkers.h"
 
 namespace {
@@ -38,7 +39,7 @@ MapStations::MapStations(MapForm& form, MapMarkers& markers) : m_form(form), m_m
 void MapStations::cmdStationsClick()
 {
     if (const Result<void> resLoaded = StationsLoad(); !resLoaded)
-        MsgBox(MsgIcon::None, "Airmail's stations: " + resLoaded.TextGet());
+        MsgBox(MsgIcon::None, WordsPut(tr("Airmail's stations: %1"), resLoaded.TextGet()));
     if (m_nSystem > 0)
         m_form.mnuStations->popup(m_form.cmdStations->mapToGlobal(QPoint(0, 0)));
 }
@@ -59,7 +60,7 @@ Result<void> MapStations::StationsLoad()
     for (int i = 1; i <= m_nSystem; ++i) {
         QAction* pItem =
             MapForm::ItemMake(m_form.mnuStations, QStringLiteral("mnuStationsSystem%1").arg(i - 1),
-                              QStringLiteral(" Display %1 Stations").arg(MenuText(asSystem[i])));
+                              QObject::tr(" Display %1 Stations").arg(MenuText(asSystem[i])));
         pItem->setCheckable(true);
         m_form.mnuStationsSystem.push_back(pItem);
         const Result<void> resSystem = SystemLoad(asSystem[i], i);

@@ -1,6 +1,7 @@
 #include "ui/map/WorldMapData.h"
 
 #include <QFile>
+#include <QObject>
 #include <algorithm>
 #include <cstdint>
 #include <limits>
@@ -8,6 +9,7 @@
 
 #include "system/MsgLib.h"
 #include "system/RunErrorText.h"
+#include "ui/common/Words.h"
 
 namespace {
 
@@ -110,7 +112,8 @@ WorldMap BuiltInRead()
     if (resMap)
         return std::move(resMap.ValueGet());
     MsgBox(MsgIcon::Exclamation,
-           "The world map is damaged, " + resMap.TextGet() + ".  Please install Hopcast again.");
+           WordsPut(QObject::tr("The world map is damaged, %1.  Please install Hopcast again."),
+                    resMap.TextGet()));
     return {};
 }
 

@@ -37,7 +37,7 @@ frmMap::frmMap(MainWindowHost& host, MapEngineFn fnEngine, QWidget* pParent)
 {
     setObjectName(QStringLiteral("frmMap"));
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(QStringLiteral("Hopcast - World Map"));
+    setWindowTitle(QObject::tr("Hopcast - World Map"));
     m_reach.EnginesSet(std::move(fnEngine));
     RoomsConnect();
     LayersAdd();
@@ -105,7 +105,7 @@ void frmMap::ViewPaint()
     m_stations.StationsDraw();
     DrawRc();
     DrawTx();
-    setWindowTitle(QStringLiteral("Hopcast - World Map"));
+    setWindowTitle(QObject::tr("Hopcast - World Map"));
     pctMap->update();
 }
 

@@ -66,7 +66,6 @@ struct Exemption {
 
 // clang-format off
 const std::vector<Exemption> kExemptions{
-    {"map .*", ".*", "the map's own texts"},
     {"(main|about) (frmMain|lblTitle) (title|text)", "Hopcast", "the program's name"},
     {"details frmDetails title", "Hopcast ?13:00", "the program's name, a time"},
     {"main lblInForce (text|toolTip)", "REC533 · .*", "a request in the words of the lower floors"},
@@ -82,6 +81,8 @@ const std::vector<Exemption> kExemptions{
     {"reach lblFrom text", "[0-9]+°.*[NSWE]", "a position"},
     {"card picPreview accessibleDescription",
      "[-0-9°.'NSEW ]+E-mail, normal, 40 dB[-0-9 ]*", "positions, numbers, a need's name"},
+    {"map lbl(Rc|Tx) accessibleName", "[-0-9°.'NSEW ]+", "a position"},
+    {"map mnuOverlayLayer[23] (action|toolTip)", "E-mail, normal", "the name of a need"},
     {"details grdData speech", "[-0-9.<> ]*1F2", "a layer"},
     {"places grdPlaces speech", "Home, JN47, 7050, by the lake", "what the user typed"},
     {"reach grdReach speech", "[A-Z0-9]{5,6} [A-Z][A-Za-z ]+[-+0-9: ,.]*", "a station, numbers, hours of the lower floors"},
