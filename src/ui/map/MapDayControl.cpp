@@ -5,7 +5,6 @@
 #include <span>
 #include <utility>
 
-#include "geo/MathLib.h"
 #include "propagation/itshfbc/ProcessEngine.h"
 #include "settings/SettingsRange.h"
 #include "system/NumberLib.h"
@@ -15,13 +14,13 @@
 #include "ui/map/MapOverlay.h"
 #include "ui/map/MapOverlayControl.h"
 #include "ui/map/MapOverlayMenu.h"
+#include "ui/map/MapRange.h"
 #include "ui/map/MapSmooth.h"
 
 namespace {
 
-constexpr int kPlayStep = 1000;    // ms an hour
-constexpr int kWorkAfter = 300;    // ms
-constexpr double kMinutes = 60.0;  // nautical miles in a degree of arc
+constexpr int kPlayStep = 1000;  // ms an hour
+constexpr int kWorkAfter = 300;  // ms
 /// Values of a day that are held at once; a finer grid is thinned out for the day. With the spreads
 /// they take 64 MB.
 constexpr std::size_t kValuesMost = 4'000'000;
@@ -31,12 +30,6 @@ int GridThin(int nGridSize, std::size_t nFrequencies, std::size_t nBoxes)
     const auto nEach = std::max<std::size_t>(nFrequencies * nBoxes * std::size_t{kHourCount}, 1);
     const auto nMost = static_cast<int>(std::sqrt(static_cast<double>(kValuesMost / nEach)));
     return std::min(nGridSize, std::max(nMost, kGridSizeMin));
-}
-
-double RangeGetMiles(const LatLon& one, const LatLon& other)
-{
-    return GreatCircleAngle(one.dLat, one.dLon, other.dLat, other.dLon) / kRadiansPerDegree
-           * kMinutes;
 }
 
 }  // namespace
@@ -353,7 +346,5 @@ QString MapDayControl::TipGet(const LatLon& pos) const
     const auto fSmooth = SmoothGet(pos);
     return (fSmooth ? DaySnrText(*fSmooth)
                     : DayTipGet(m_shown, *m_apShown.at(iPoint / nEach), iPoint % nEach))
-           + tr(", Rng %1")
-                 .arg(
-                     QString::fromStdString(NumberFormat(RangeGetMiles(m_form.m_posRc, pos), "0")));
+           + tr(", Rng %1").arg(RangeText(m_form.m_posRc, pos));
 }

@@ -22,11 +22,6 @@ QString Text(float fValue, const char* sPattern = "0")
     return QString::fromStdString(NumberFormat(fValue, sPattern));
 }
 
-std::uint32_t BgrOf(const QColor& clr)
-{
-    return static_cast<std::uint32_t>(clr.red() | (clr.green() << 8) | (clr.blue() << 16));
-}
-
 /// A rainbow, red for the longest waves; all light enough for black coast lines.
 QColor RainbowColor(double dShare)
 {
@@ -161,13 +156,14 @@ std::uint32_t DayColorGet(const MapDayShown& shown, float fValue)
         case MapDayLayerKind::Snr:
             return shown.fnSnrColor(fValue);
         case MapDayLayerKind::BestFrequency:
-            return BgrOf(FrequencyColor(shown.afFrequency, static_cast<std::size_t>(fValue)));
+            return ColorToBgr(FrequencyColor(shown.afFrequency, static_cast<std::size_t>(fValue)));
         case MapDayLayerKind::DaysInTen:
-            return BgrOf(ShareColor(fValue / double{kDays}));
+            return ColorToBgr(ShareColor(fValue / double{kDays}));
         case MapDayLayerKind::HoursOpen:
             break;
     }
-    return BgrOf(ShareColor(HourStep(static_cast<int>(fValue)) / static_cast<double>(kHourSteps)));
+    return ColorToBgr(
+        ShareColor(HourStep(static_cast<int>(fValue)) / static_cast<double>(kHourSteps)));
 }
 
 std::vector<AreaPoint> DayPointsGet(const MapDayShown& shown, const AreaDay& day)

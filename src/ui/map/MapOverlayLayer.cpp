@@ -3,22 +3,10 @@
 #include <QObject>
 #include <array>
 
-#include "geo/MathLib.h"
 #include "system/NumberLib.h"
 #include "ui/common/MainWindowHost.h"
 #include "ui/map/MapOverlayControl.h"
-
-namespace {
-
-constexpr double kMinutes = 60.0;  // nautical miles in a degree of arc
-
-double RangeGetMiles(const LatLon& one, const LatLon& other)
-{
-    return GreatCircleAngle(one.dLat, one.dLon, other.dLat, other.dLon) / kRadiansPerDegree
-           * kMinutes;
-}
-
-}  // namespace
+#include "ui/map/MapRange.h"
 
 void MapOverlayLayer::Paint(QPainter& painter)
 {
@@ -34,8 +22,7 @@ QString MapOverlayLayer::TipGet(const LatLon& pos) const
     if (!fSnr)
         return {};
     return QObject::tr(", Snr %1 dB, Rng %2")
-        .arg(QString::fromStdString(NumberFormat(*fSnr, "0.0")),
-             QString::fromStdString(NumberFormat(RangeGetMiles(m_form.m_posRc, pos), "0")));
+        .arg(QString::fromStdString(NumberFormat(*fSnr, "0.0")), RangeText(m_form.m_posRc, pos));
 }
 
 void MapOverlayLayer::PointerMove(const QPoint& ptPointer)
