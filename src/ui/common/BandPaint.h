@@ -1,5 +1,5 @@
 /// @file BandPaint.h
-/// Numbers of the SNR on the colours of their bands: in cells, in legends.
+/// SNR values painted on the colours of their bands, in cells and legends.
 ///
 /// Tests:   tests/ui/common/PaletteShownTest.cpp, GridControlTest.cpp
 #pragma once
@@ -11,21 +11,21 @@
 #include "settings/Palette.h"
 #include "ui/common/PaletteShown.h"
 
-/// Writes one line of text with the painter's font, on a plate where the colours have one. The
-/// plate leaves a rim of the cell's colour.
-/// @param rctCell  filled with clrBack already
-/// @param rctText  where the text is aligned, within the cell
+/// Paints one line of text in the painter's font. Where the colours have a plate, it lies under the
+/// text and leaves a rim of the cell's colour.
+/// @param rctCell  already filled with clrBack
+/// @param rctText  within the cell; the text is aligned in it
 void CellTextPaint(QPainter& painter, const QRect& rctCell, const QRect& rctText,
                    Qt::Alignment eAlignment, const QString& sText, const CellColors& colors);
 
-/// A band's colour may be that of the ground: black in Night, white in Print.
+/// Whether a band's colour cannot be told from the ground: black in Night, white in Print.
 [[nodiscard]] bool BandHiddenIs(const QColor& clrBand, const QColor& clrGround);
 
-/// A box in the colour of a band with a text on it.
+/// A box in a band's colour with a text on it.
 class BandLabel final : public QLabel {
 public:
-    /// @param iBand  from the best down
-    /// @param ePalette  without one that on the screen
+    /// @param iBand  0 is the best
+    /// @param ePalette  the screen's unless given
     BandLabel(std::size_t iBand, const QString& sText, std::optional<Palette> ePalette = {});
     void PaletteSet(Palette ePalette);
 

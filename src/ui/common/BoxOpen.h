@@ -1,12 +1,12 @@
 /// @file BoxOpen.h
-/// Boxes whose callers wait for their end: message boxes and file dialogs. While one is open no
-/// window may be deleted: the caller may be a part of it.
+/// Marks that a box whose caller waits for the answer is open: a message box or a file dialog.
+/// Meanwhile no window may be deleted, since the waiting caller may belong to it.
 ///
-/// Threads: the windows' one.
+/// Threads: the windows' thread.
 /// Tests:   tests/ui/common/MsgWindowTest.cpp, tests/ui/main/FrmMainBusyTest.cpp
 #pragma once
 
-/// Lives as long as its box.
+/// One exists for as long as its box is open.
 class BoxOpen {
 public:
     BoxOpen();
@@ -14,7 +14,7 @@ public:
     BoxOpen(const BoxOpen&) = delete;
     BoxOpen& operator=(const BoxOpen&) = delete;
 
-    /// One is open.
+    /// True while any such box is open.
     [[nodiscard]] static bool Is() { return s_nOpen > 0; }
 
 private:

@@ -1,5 +1,5 @@
 /// @file Colors.h
-/// The house's colours, 0x00BBGGRR, as the toolkit's.
+/// Converts the colours of the lower floors, 0x00BBGGRR, to Qt's and back.
 ///
 /// Tests:   tests/ui/common/ColorsTest.cpp
 #pragma once
@@ -10,12 +10,11 @@
 /// The colour of a 0x00BBGGRR value.
 [[nodiscard]] QColor ColorFromBgr(std::uint32_t nBgr);
 
-/// The same back; alpha is of no account.
+/// The reverse; alpha is ignored.
 [[nodiscard]] std::uint32_t ColorToBgr(const QColor& clr);
 
-/// Black or white, whichever reads better on the colour (contrast of relative luminances, WCAG 2.1,
-/// "contrast ratio").
+/// Black or white, whichever has the higher contrast with the colour (WCAG 2.1, "contrast ratio").
 [[nodiscard]] QColor TextColorOn(const QColor& clrBack);
 
-/// Of a share, 0 to 1: from a light grey over yellow and green to a dark green.
+/// Colour of a share, 0 to 1: from light grey through yellow and green to dark green.
 [[nodiscard]] QColor ShareColor(double dShare);

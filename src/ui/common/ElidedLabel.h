@@ -1,6 +1,6 @@
 /// @file ElidedLabel.h
-/// A line of text that never asks for more room than there is: where it does not fit, a shorter
-/// form takes its place, and what does not fit then is cut at its end with an ellipsis.
+/// A line of text that never asks for more room than there is. A text that does not fit is replaced
+/// by a shorter form; if that does not fit either, it ends in an ellipsis.
 ///
 /// Tests:   tests/ui/main/FrmMainStatusTest.cpp
 #pragma once
@@ -11,10 +11,10 @@ class ElidedLabel final : public QLabel {
     Q_OBJECT
 public:
     using QLabel::QLabel;
-    /// What stands for a text that does not fit; empty for none.
+    /// The text to show when the full one does not fit; empty for none.
     void ShorterSet(const QString& sShorter);
     [[nodiscard]] const QString& ShorterGet() const { return m_sShorter; }
-    /// What is painted at the present width.
+    /// The text painted at the present width.
     [[nodiscard]] QString TextShown() const;
     [[nodiscard]] QSize minimumSizeHint() const override;
 

@@ -1,5 +1,5 @@
 /// @file FileDialog.h
-/// The one door to the common file dialog; tests answer for the user.
+/// The only way to the file dialog; tests replace it and answer for the user.
 #pragma once
 
 #include <QString>
@@ -11,14 +11,14 @@ enum class FileDialogKind { Open, Save };
 
 struct FileDialogQuestion {
     FileDialogKind eKind = FileDialogKind::Open;
-    QString sFile;    ///< full path shown first
-    QString sFilter;  ///< "File (*.ini)|*.ini": pairs of name and pattern between bars
+    QString sFile;    ///< full path proposed
+    QString sFilter;  ///< pairs of name and pattern, separated by bars: "File (*.ini)|*.ini"
 };
 
-/// Answers with the chosen full path, empty when the user cancels.
+/// Returns the chosen full path, or an empty text when the user cancels.
 using FileDialogFn = std::function<QString(QWidget* pParent, const FileDialogQuestion& question)>;
 
 [[nodiscard]] QString FileDialogShow(QWidget* pParent, const FileDialogQuestion& question);
 
-/// Replaces the dialog (an empty function restores it) and returns what was in force.
+/// Replaces the dialog (an empty function restores it) and returns the previous function.
 FileDialogFn FileDialogSetHandler(FileDialogFn fnShow);

@@ -1,6 +1,6 @@
 /// @file GridCells.h
-/// What the cells of a grid hold, as the windows set it: text, colours, bold type, frame, hatching,
-/// corner, alignment, speech. The grid control is one of these; cells outside it are left alone.
+/// The contents of a grid's cells as the windows set them: text, colours, bold type, frame,
+/// hatching, corner, alignment, speech. Cells outside the grid are ignored.
 ///
 /// Tests:   tests/ui/common/GridControlTest.cpp
 #pragma once
@@ -23,8 +23,8 @@ public:
     void ColorSet(int iRow, int iCol, const QColor& clrBack, const QColor& clrFore);
     void BoldSet(int iRow, int iCol, bool bBold);
     void FrameSet(int iRow, int iCol, bool bFrame);
-    void HatchSet(int iRow, int iCol, bool bHatch);  ///< thin lines: there is no value
-    void MetSet(int iRow, int iCol, bool bMet);      ///< a small corner: the value is enough
+    void HatchSet(int iRow, int iCol, bool bHatch);  ///< thin lines: no value
+    void MetSet(int iRow, int iCol, bool bMet);      ///< a small corner: the value meets the need
     void AlignmentSet(int iRow, int iCol, Qt::Alignment eAlignment);
     [[nodiscard]] const GridCell& CellGet(int iRow, int iCol) const
     {

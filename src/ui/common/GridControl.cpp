@@ -91,8 +91,8 @@ int GridControl::ColLeftGet(int iCol) const
 void GridControl::RedrawSet(bool bRedraw)
 {
     m_bRedraw = bRedraw;
-    // The widget's own updates stay on: under a box that waits for the user the table would
-    // otherwise be left cut and without its frame.
+    // The widget's own updates stay on: behind an open message box the table would otherwise stay
+    // half painted and without its frame.
     ModelGet().RedrawSet(bRedraw);
     if (!bRedraw)
         return;
@@ -174,7 +174,7 @@ void GridControl::keyPressEvent(QKeyEvent* pEvent)
 
 void GridControl::contextMenuEvent(QContextMenuEvent* pEvent)
 {
-    // The right button is told at its press; only the menu key arrives here.
+    // A right press is already reported; only the menu key arrives here.
     const GridPlace place = CurrentGet();
     if (pEvent->reason() == QContextMenuEvent::Keyboard && place.DataIs()) {
         scrollTo(currentIndex());

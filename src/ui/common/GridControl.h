@@ -1,13 +1,11 @@
 /// @file GridControl.h
-/// The grid of the windows: row 0 and column 0 are fixed headers that stay in view; every cell has
-/// its text, colours, bold type, alignment, selection mark and hatching (GridCells); a redraw
-/// switch lets a whole table change at once. Looks are in GridPaint, sizes in GridSizes, the mouse
-/// in GridMouse; this class joins them and has the current cell and the keys.
+/// The grid of the windows. Row 0 and column 0 are fixed headers; the cells are set through
+/// GridCells. With redraw off, a whole table changes at once. GridPaint has the looks, GridSizes
+/// the sizes, GridMouse the mouse; this class joins them and adds the current cell and the keys.
 ///
-/// Units:   pixels. Rows and columns count from 0 with the headers; -1 where there is no cell.
+/// Units:   pixels. Rows and columns count from 0, headers included; -1 where there is no cell.
 /// Keys:    arrows move the current cell (CurrentMoved), Enter picks it (EnterPressed), the menu
-/// key asks for its
-///          menu (CellMenu). Tab leaves the grid.
+///          key opens its menu (CellMenu). Tab leaves the grid.
 /// Tests:   tests/ui/common/GridControlTest.cpp
 #pragma once
 
@@ -32,23 +30,23 @@ public:
     /// Left edge of a column within the grid, frame included.
     [[nodiscard]] int ColLeftGet(int iCol) const;
 
-    /// While off, changes gather; only what the window system asks for is painted.
+    /// While off, changes are collected; only what the window system asks for is painted.
     void RedrawSet(bool bRedraw);
     [[nodiscard]] bool RedrawGet() const { return m_bRedraw; }
-    /// Colours faded: the contents are those of an earlier run.
+    /// Fades the colours: the contents are those of an earlier run.
     void StaleSet(bool bStale);
     [[nodiscard]] bool StaleGet() const { return m_bStale; }
 
-    /// The grid never grows wider than its columns, nor higher than its rows may become.
+    /// Keeps the grid no wider than its columns and no higher than its rows can grow.
     void HugSet(bool bHug) { m_sizes.HugSet(bHug); }
 
-    void CurrentSet(int iRow, int iCol);  ///< brought into view; a header or none: no current cell
+    void CurrentSet(int iRow, int iCol);  ///< scrolls it into view; a header or -1: no current cell
     [[nodiscard]] GridPlace CurrentGet() const;
     /// The cell under a point of the grid (its own coordinates).
     [[nodiscard]] GridPlace PlaceAt(const QPoint& pnt) const { return GridPlaceAt(*this, pnt); }
     /// The rectangle of a cell in the grid's own coordinates, headers included.
     [[nodiscard]] QRect PlaceRect(GridPlace place) const { return GridPlaceRect(*this, place); }
-    /// Clears the tooltip and sets it anew, so that it shows afresh; an empty text clears it.
+    /// Shows the tooltip afresh; an empty text removes it.
     void ToolTipRenew(const QString& sText) { m_pMouse->ToolTipRenew(sText); }
 
     [[nodiscard]] QSize sizeHint() const override { return m_sizes.HintGet(); }
@@ -58,9 +56,9 @@ Q_SIGNALS:
     void CellClicked(int iRow, int iCol);                           ///< left click on a data cell
     void CurrentMoved(int iRow, int iCol);                          ///< by a key
     void EnterPressed(int iRow, int iCol);                          ///< Enter on the current cell
-    void CellPressed(int iRow, int iCol, Qt::MouseButton eButton);  ///< any cell, -1 outside
+    void CellPressed(int iRow, int iCol, Qt::MouseButton eButton);  ///< on any cell, -1 outside
     void CellMenu(int iRow, int iCol, const QPoint& pntGlobal);     ///< menu key on a data cell
-    void MouseMoved(int iRow, int iCol);  ///< only when the position differs from the last one seen
+    void MouseMoved(int iRow, int iCol);  ///< only when the mouse position has changed
 
 protected:
     void mousePressEvent(QMouseEvent* pEvent) override;

@@ -1,6 +1,6 @@
 /// @file GridCorner.h
-/// The mouse over the corner of a grid, which is a button of Qt's that no mouse move of the grid
-/// reaches: the tooltip of the cell before would stay.
+/// The tooltip of a grid's corner. The corner is a button of Qt's and no mouse move over it reaches
+/// the grid, so the last cell's tooltip would stay.
 ///
 /// Tests:   tests/ui/main/FrmMainTableTest.cpp, tests/ui/details/FrmDetailsTest.cpp
 #pragma once
@@ -11,7 +11,7 @@ class GridControl;
 
 class GridCorner final : public QObject {
 public:
-    /// @param sToolTip  of the corner; empty for none
+    /// @param sToolTip  empty for none
     GridCorner(GridControl& grd, QString sToolTip);
 
 protected:

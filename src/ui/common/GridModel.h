@@ -1,6 +1,6 @@
 /// @file GridModel.h
-/// The cells behind the grid control: row 0 and column 0 are the fixed headers, so cell (1, 1) is
-/// the first data cell. The view's own indices are one less.
+/// The cells behind the grid control. Row 0 and column 0 are the fixed headers, so cell (1, 1) is
+/// the first data cell; Qt's indices are one less.
 ///
 /// Tests:   tests/ui/common/GridControlTest.cpp
 #pragma once
@@ -11,16 +11,16 @@
 #include <functional>
 #include <vector>
 
-/// One cell. An invalid colour means the grid's normal one.
+/// One cell. An invalid colour stands for the grid's default.
 struct GridCell {
     QString sText;
     QColor clrBack;
     QColor clrFore;
     Qt::Alignment eAlignment = Qt::AlignCenter;
     bool bBold = false;
-    bool bFrame = false;  ///< the mark of the selected cell
-    bool bHatch = false;  ///< there is no value to show
-    bool bMet = false;    ///< the value is enough
+    bool bFrame = false;  ///< marks the selected cell
+    bool bHatch = false;  ///< no value to show
+    bool bMet = false;    ///< the value meets the need
 };
 
 /// What a screen reader says for a data cell.
@@ -38,12 +38,12 @@ public:
     [[nodiscard]] int RowsGet() const { return m_nRows; }
     [[nodiscard]] int ColsGet() const { return m_nCols; }
     [[nodiscard]] bool HasCell(int iRow, int iCol) const;
-    /// A cell outside the grid reads as an empty one.
+    /// A cell outside the grid is empty.
     [[nodiscard]] const GridCell& CellGet(int iRow, int iCol) const;
-    /// Changes a cell; one outside the grid is left alone.
+    /// Changes a cell; does nothing outside the grid.
     void CellChange(int iRow, int iCol, const std::function<void(GridCell&)>& fnChange);
     void SpeechSet(GridSpeechFn fnSpeech) { m_fnSpeech = std::move(fnSpeech); }
-    /// While off, changes are kept silently; switched on, the views hear of all of them at once.
+    /// While off, the views are not notified; switching it on notifies them of everything at once.
     void RedrawSet(bool bRedraw);
 
     [[nodiscard]] int rowCount(const QModelIndex& index = {}) const override;

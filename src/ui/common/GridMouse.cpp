@@ -38,7 +38,6 @@ void GridMouse::ToolTipRenew(const QString& sText)
         m_view.setToolTip(sText);
 }
 
-/// Events of the headers.
 bool GridMouse::eventFilter(QObject* pObject, QEvent* pEvent)
 {
     const auto* pHeader = static_cast<QWidget*>(pObject);

@@ -1,6 +1,6 @@
 /// @file GridMouse.h
-/// The mouse and the tooltips over a grid, its headers included: which place is pressed, over which
-/// one the mouse has come, and one tooltip for all of them.
+/// The mouse and tooltips of a grid, headers included: which cell is pressed, which one the mouse
+/// is over, and one tooltip for all of them.
 ///
 /// Tests:   tests/ui/common/GridControlTest.cpp
 #pragma once
@@ -15,13 +15,13 @@ class QHelpEvent;
 class GridMouse final : public QObject {
     Q_OBJECT
 public:
-    /// The view's headers are those that it will keep.
+    /// REQUIRES: the view already has its final headers.
     explicit GridMouse(QTableView& view);
 
-    /// Tells the place under a point of the view, unless it is the point seen last.
+    /// Reports the cell under a point of the view, unless the point is the last one reported.
     void PointSee(const QPoint& pnt);
     void ToolTipShow(const QHelpEvent* pEvent);
-    /// Clears the tooltip and sets it anew, so that it shows afresh; an empty text clears it.
+    /// Shows the tooltip afresh; an empty text removes it.
     void ToolTipRenew(const QString& sText);
 
 Q_SIGNALS:

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Old contents keep this share of their colour.
+/// Stale contents keep this share of their colour.
 constexpr double kStaleShare = 0.4;
 
 QColor Mix(const QColor& clrA, const QColor& clrB, double dShareA)
@@ -21,7 +21,7 @@ QColor Mix(const QColor& clrA, const QColor& clrB, double dShareA)
             Part(clrA.blue(), clrB.blue())};
 }
 
-/// A frame of two lines, one of which stands out from any colour below.
+/// A frame of two lines, one of which contrasts with any colour below.
 void FramePaint(QPainter& painter, const QRect& rect, const QColor& clrOuter,
                 const QColor& clrInner)
 {
@@ -33,12 +33,12 @@ void FramePaint(QPainter& painter, const QRect& rect, const QColor& clrOuter,
     painter.drawRect(rect.adjusted(2, 2, -3, -3));
 }
 
-/// A triangle in the upper right corner; inside the frame of the selected cell.
-/// In the text's colour; with a plate under the text, on one of its own.
+/// A triangle in the upper right corner, inside the frame of the selected cell. It has the text's
+/// colour, or a plate of its own where the text has one.
 void CornerPaint(QPainter& painter, const QRect& rect, bool bFrame, const CellColors& colors)
 {
     constexpr int kFrame = 3;
-    const int nInset = bFrame ? kFrame : 1;  // off the white line between two cells
+    const int nInset = bFrame ? kFrame : 1;  // clear of the white line between two cells
     const int nSide = std::max(4, rect.height() / 4);
     const QPoint pnt(rect.right() - nInset, rect.top() + nInset);
     const auto Triangle = [&painter, &pnt](int nLong, const QColor& clr) {
@@ -54,8 +54,7 @@ void CornerPaint(QPainter& painter, const QRect& rect, bool bFrame, const CellCo
     painter.restore();
 }
 
-/// A cell as the palette in force has it. What is marked in the colours of the selection has
-/// those of the window.
+/// A cell in the palette in force. A cell marked as selected keeps the window's colours.
 CellColors ColorsOf(const GridCell& cell, const QPalette& palette, bool bStale)
 {
     const QColor clrBase = palette.color(QPalette::Base);
@@ -159,13 +158,13 @@ void GridHeader::paintSection(QPainter* pPainter, const QRect& rect, int iSectio
         pPainter->drawLine(rect.topRight(), rect.bottomRight());
     pPainter->setPen(cell.clrFore.isValid() ? cell.clrFore : palette.color(QPalette::ButtonText));
     pPainter->setFont(CellFont(*m_pGrid, cell));
-    // Labels of rows are numbers and stand at the right, unless they ask for the left.
+    // Labels of rows are numbers and right-aligned unless they ask for the left.
     const bool bAsked = bTop || cell.eAlignment.testFlag(Qt::AlignLeft);
     const Qt::Alignment eAlignment =
         bAsked ? cell.eAlignment : Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter);
     const int nPadding = bTop ? 0 : kGridPadding;
     const QRect rectText = rect.adjusted(0, 0, -nPadding, 0);
-    // A label beside the rows that is too long keeps its beginning.
+    // A label that is too long keeps its beginning.
     const QString sText =
         bTop ? cell.sText
              : pPainter->fontMetrics().elidedText(cell.sText, Qt::ElideRight, rectText.width());

@@ -1,6 +1,6 @@
 /// @file GridPaint.h
-/// How the grid's cells and headers look. Flat fills, the selected cell with a double frame that
-/// reads on every colour.
+/// Paints the grid's cells and headers: flat fills, and for the selected cell a double frame that
+/// shows on any colour.
 #pragma once
 
 #include <QHeaderView>
@@ -25,7 +25,7 @@ class GridHeader final : public QHeaderView {
 public:
     GridHeader(Qt::Orientation eOrientation, GridControl* pGrid);
     [[nodiscard]] QSize sizeHint() const override;
-    /// Thickness: the height of the header row or the width of the header column.
+    /// The height of the header row or the width of the header column.
     void ThicknessSet(int nThickness);
 
 protected:

@@ -17,7 +17,7 @@ GridPlace GridPlaceAt(const QTableView& view, const QPoint& pnt)
         place.iRow = 0;
     else if (iRow >= 0)
         place.iRow = iRow + 1;
-    // In a mirrored window the labels of the rows stand at the right.
+    // In a mirrored window the row labels are on the right.
     if (view.isRightToLeft() ? pntCells.x() >= view.viewport()->width() : pntCells.x() < 0)
         place.iCol = 0;
     else if (iCol >= 0)

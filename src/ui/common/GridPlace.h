@@ -1,6 +1,6 @@
 /// @file GridPlace.h
-/// Places of a grid whose row 0 and column 0 are the headers of a table view: its cells are counted
-/// from 1.
+/// Cells of a table view counted with its headers as row 0 and column 0, so data cells count from
+/// 1.
 ///
 /// Units:   pixels of the view, headers and frame included.
 /// Tests:   tests/ui/common/GridControlTest.cpp
@@ -16,11 +16,11 @@ struct GridPlace {
     int iRow = -1;
     int iCol = -1;
     auto operator<=>(const GridPlace&) const = default;
-    /// Neither header nor outside.
+    /// True for a data cell: neither a header nor outside.
     [[nodiscard]] bool DataIs() const { return iRow >= 1 && iCol >= 1; }
 };
 
-/// The place under a point of the view.
+/// The cell under a point of the view.
 [[nodiscard]] GridPlace GridPlaceAt(const QTableView& view, const QPoint& pnt);
-/// The rectangle of a place.
+/// The rectangle of a cell.
 [[nodiscard]] QRect GridPlaceRect(const QTableView& view, GridPlace place);

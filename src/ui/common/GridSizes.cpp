@@ -9,11 +9,11 @@
 
 namespace {
 
-/// Room above and below the text of a row, pixels.
+/// Room above and below a row's text, pixels.
 constexpr int kRowRoomLeast = 6;
-/// A row grows with the window to this many line heights.
+/// Rows grow with the window up to this many line heights.
 constexpr int kRowLinesMost = 3;
-/// Rows and columns that stay visible however small the window.
+/// This many rows and columns stay visible however small the window is.
 constexpr int kLeastRows = 4;
 constexpr int kLeastCols = 6;
 
@@ -48,15 +48,15 @@ void GridSizes::RowsStretch()
     const int nRows = m_grid.RowsGet() - 1;
     if (nRows < 1)
         return;
-    // The bar of columns that do not fit takes its height from the rows; else they would need a bar
-    // of their own for its few pixels.
+    // The horizontal scroll bar takes its height from the rows; otherwise the rows would need a bar
+    // of their own for those few pixels.
     m_bWide = ContentWidth() > m_grid.width();
     const int nBelow = m_bWide ? m_grid.horizontalScrollBar()->sizeHint().height() : 0;
     const int nRoom = m_grid.height() - 2 * m_grid.frameWidth() - HeaderHeight() - nBelow;
     const int nHeight = std::clamp(nRoom / nRows, RowHeightLeast(), RowHeightMost());
     QHeaderView* pLeft = m_grid.verticalHeader();
     pLeft->setDefaultSectionSize(nHeight);
-    // The pixels that do not divide go to the first rows.
+    // The remaining pixels go to the first rows.
     const int nOver = nHeight < RowHeightMost() ? nRoom - nHeight * nRows : 0;
     for (int i = 0; i < nOver; ++i) pLeft->resizeSection(i, nHeight + 1);
     const bool bBar = nHeight * nRows > nRoom;

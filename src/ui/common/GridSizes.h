@@ -1,6 +1,6 @@
 /// @file GridSizes.h
-/// How large a grid and its rows are: rows share the height that there is, between a compact and an
-/// airy one.
+/// Sizes of a grid and its rows. The rows share the available height between a least and a greatest
+/// row height.
 ///
 /// Units:   pixels.
 /// Tests:   tests/ui/common/GridControlTest.cpp
@@ -20,9 +20,9 @@ public:
 
     /// Fits the rows into the grid's present height.
     void RowsStretch();
-    /// The grid never grows wider than its columns, nor higher than its rows may become.
+    /// Keeps the grid no wider than its columns and no higher than its rows can grow.
     void HugSet(bool bHug);
-    /// After a change of columns.
+    /// Call after a change of columns.
     void ColsFollow();
 
 private:
@@ -33,6 +33,6 @@ private:
 
     GridControl& m_grid;
     bool m_bHug = false;
-    bool m_bWide = false;  ///< the columns need a bar
+    bool m_bWide = false;  ///< the columns need a scroll bar
     int m_nBar = 0;        ///< width of the vertical scroll bar, 0 while all rows fit
 };

@@ -19,7 +19,7 @@
 namespace {
 
 constexpr QSize kWindowSize{860, 640};
-/// Of the window's frame, which nobody knows before the window is shown.
+/// Assumed size of the window's frame, which is not known before the window is shown.
 constexpr QSize kFrameSize{16, 40};
 
 GuideOpenFn& OpenHandler()
@@ -38,7 +38,7 @@ void GuideWindowShow(const QString& sFile)
     static QPointer<frmGuide> s_pGuide;
     if (!s_pGuide)
         s_pGuide = new frmGuide(sFile);
-    // Beside a modal box it can be used only as that box's own.
+    // Only as a child of the open modal box can it be used beside that box.
     s_pGuide->winId();
     const QWidget* pModal = QApplication::activeModalWidget();
     s_pGuide->windowHandle()->setTransientParent(pModal != nullptr ? pModal->windowHandle()
@@ -48,7 +48,7 @@ void GuideWindowShow(const QString& sFile)
     s_pGuide->activateWindow();
 }
 
-/// Sees the keys of all windows: a shortcut of one window is dead while a dialog is open.
+/// Watches the keys of all windows: a window's shortcut does not work while a dialog is open.
 class GuideKey final : public QObject {
 public:
     using QObject::QObject;
@@ -83,7 +83,7 @@ void GuideShow(const std::string& sProgramFolder)
 {
     const QString sFile = QString::fromStdString(GuideFileGet(sProgramFolder));
     if (sFile.isEmpty()) {
-        static bool s_bTelling = false;  // F1 works in its box too
+        static bool s_bTelling = false;  // F1 must not open a second box from this one
         if (!std::exchange(s_bTelling, true)) {
             MsgBox(MsgIcon::Info,
                    QObject::tr("The guide is not installed with this program.").toStdString());
@@ -91,7 +91,7 @@ void GuideShow(const std::string& sProgramFolder)
         }
         return;
     }
-    // A browser's window would be white.
+    // A browser's window would be white in Night.
     if (PaletteNightIs() || !BrowserOpen(QUrl::fromLocalFile(sFile)))
         GuideWindowShow(sFile);
 }

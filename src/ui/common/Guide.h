@@ -1,6 +1,6 @@
 /// @file Guide.h
-/// The guide: pages with pictures that lie beside the programs, or below the share folder of an
-/// installed Hopcast. F1 opens it from every window.
+/// The guide: HTML pages beside the programs, or in the share folder of an installed Hopcast. F1
+/// opens it from every window.
 ///
 /// Tests:   tests/ui/common/GuideTest.cpp
 #pragma once
@@ -13,31 +13,31 @@
 class QApplication;
 class QUrl;
 
-/// Opens a page in the system's browser; false where there is none.
+/// Opens a page in the system's browser; false when there is none.
 using GuideOpenFn = std::function<bool(const QUrl& url)>;
 
-/// The guide's first page; empty where the pages are missing.
+/// The guide's first page; empty if the pages are missing.
 /// @param sProgramFolder  host path of the program's folder
 [[nodiscard]] std::string GuideFileGet(const std::string& sProgramFolder);
 
-/// Shows the guide in the system's browser, else and in Night in a window of its own. Missing pages
-/// are told in a box.
+/// Shows the guide in the system's browser. In Night, or without a browser, it opens in a window of
+/// the program. Missing pages are reported in a message box.
 /// @param sProgramFolder  host path of the program's folder
 void GuideShow(const std::string& sProgramFolder);
 
-/// Lets F1 show the guide from every window and box of the application, now and later ones.
+/// Lets F1 show the guide from every window and box, including those opened later.
 void GuideKeyInstall(QApplication& app);
 
-/// Replaces the system's browser (an empty function restores it) and returns what was in force.
+/// Replaces the system's browser (an empty function restores it) and returns the previous one.
 GuideOpenFn GuideOpenSetHandler(GuideOpenFn fnOpen);
 
-/// The guide without a browser. A closed window is destroyed; Escape closes it.
+/// The guide's own window, for use without a browser. Closing destroys it; Escape closes it.
 class frmGuide final : public QTextBrowser {
     Q_OBJECT
 public:
     explicit frmGuide(const QString& sFile);
 
-    /// Pictures by night are negatives in reds.
+    /// In Night, pictures become negatives in red.
     QVariant loadResource(int nType, const QUrl& url) override;
 
 protected:

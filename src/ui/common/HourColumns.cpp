@@ -21,7 +21,7 @@ void HourColumns::Show(const HourLabels& asHour)
     WidthsSet();
 }
 
-/// Wider columns than twice the least ones would tear the rows apart.
+/// Columns wider than twice the least width would pull the rows apart.
 void HourColumns::WidthsSet()
 {
     const int nHours = m_grd.ColsGet() - 1;

@@ -1,5 +1,5 @@
 /// @file HourColumns.h
-/// A grid of frequencies by the 24 hours whose columns take the room that the grid has.
+/// A grid of frequencies by the 24 hours, whose columns share the grid's width.
 ///
 /// Units:   pixels.
 /// Tests:   tests/ui/plan/FrmDaysTest.cpp
@@ -11,9 +11,9 @@
 class HourColumns final : public QObject {
     Q_OBJECT
 public:
-    /// @param grd  outlives it
+    /// @param grd  must outlive this object
     explicit HourColumns(GridControl& grd);
-    /// Titles and widths of all columns. Rows are the caller's.
+    /// Sets the titles and widths of all columns. The rows are up to the caller.
     void Show(const HourLabels& asHour);
 
 protected:

@@ -17,8 +17,8 @@ QString TwoDigits(int n)
     return QString::fromStdString(NumberFormat(static_cast<double>(n), "00"));
 }
 
-/// Minutes that the labels are ahead of UTC. Zones keep quarters of an hour; what is over is the
-/// time between the looks at the two clocks.
+/// Minutes by which the labels are ahead of UTC. Time zones are whole quarters of an hour; any rest
+/// comes from reading the two clocks at different moments.
 int MinuteOffset(int iTimeCode)
 {
     if (iTimeCode != kTimeLocal)

@@ -1,6 +1,6 @@
 /// @file HourLabels.h
-/// What the hours of a prediction are called under the time setting: "15", or "20:30" in zones that
-/// are not on whole hours.
+/// Labels of a prediction's hours under the time setting: "15", or "20:30" in time zones that are
+/// not a whole number of hours from UTC.
 ///
 /// Tests:   tests/ui/common/HourLabelsTest.cpp, tests/ui/main/FrmMainTableTest.cpp
 #pragma once
@@ -10,10 +10,10 @@
 
 #include "settings/Settings.h"
 
-/// Labels of the hours 0 to 23 of UTC, at their beginning.
+/// Labels of the beginnings of the hours 0 to 23 UTC.
 using HourLabels = std::array<QString, 24>;
 
-/// @param iTimeCode  TimeCode
+/// @param iTimeCode  a TimeCode
 [[nodiscard]] HourLabels HourLabelsGet(int iTimeCode);
 
 /// "Zulu" or "Local".

@@ -54,7 +54,7 @@ void LocationField::MarkSet(const QString& sWhy)
     m_bMark = bMark;
 }
 
-/// Dark red on light red, 6.8:1; in Night, where all is red, black on red.
+/// Dark red on light red, contrast 6.8:1; in Night, where everything is red, black on red.
 void LocationField::MarkPaint()
 {
     QPalette pal = QApplication::palette(this);
@@ -135,7 +135,7 @@ bool LocationField::CaretKey(int nKey)
     }
 }
 
-/// The standard keys of an entry field, in the mask's own way.
+/// The standard keys of an entry field, adapted to the mask.
 bool LocationField::CommandKey(QKeyEvent* pEvent)
 {
     if (pEvent->matches(QKeySequence::Paste))
@@ -151,7 +151,7 @@ bool LocationField::CommandKey(QKeyEvent* pEvent)
 
 bool LocationField::event(QEvent* pEvent)
 {
-    // A key that moves the caret or undoes belongs to the field, whatever menu shortcuts there are.
+    // Keys that move the caret or undo belong to the field, whatever menu shortcuts there are.
     if (pEvent->type() == QEvent::ShortcutOverride) {
         const auto* pKey = static_cast<QKeyEvent*>(pEvent);
         if (pKey->matches(QKeySequence::Paste) || pKey->matches(QKeySequence::Copy)
@@ -182,7 +182,7 @@ void LocationField::keyPressEvent(QKeyEvent* pEvent)
         pEvent->accept();
         return;
     }
-    pEvent->ignore();  // Escape, Tab and shortcuts are the window's
+    pEvent->ignore();  // Escape, Tab and shortcuts belong to the window
 }
 
 void LocationField::inputMethodEvent(QInputMethodEvent* pEvent)
@@ -191,7 +191,7 @@ void LocationField::inputMethodEvent(QInputMethodEvent* pEvent)
     for (const QChar chr : pEvent->commitString()) {
         const bool bHere = pField->hasFocus();
         pField->CharacterType(chr);
-        // Behind a latitude's letter the rest is the longitude's, as with keys.
+        // What follows a latitude's letter belongs to the longitude, as when typing.
         if (bHere && m_pOther != nullptr && m_pOther->hasFocus())
             pField = m_pOther;
     }
@@ -221,7 +221,8 @@ void LocationField::CharacterType(QChar chr)
 
 void LocationField::TextAccept(const QString& sText, int nCaret, int nPair)
 {
-    // Of a pair the half that stays has an entry too, so that either field takes both back.
+    // The half of a pair that changed nothing gets an entry too, so that undo in either field takes
+    // both back.
     if (sText != text() || nPair != 0) {
         if (!m_bTyping || nPair != 0)
             m_aUndo.push_back({text(), CaretGet(), nPair});
@@ -267,10 +268,11 @@ void LocationField::PasteAccept(double dValue, int nPair)
 {
     TextAccept(LocationToText(m_eKind, dValue), hasFocus() ? CaretGet() : 0, nPair);
     if (!hasFocus())
-        setCursorPosition(0);  // only the field with the focus shows its caret
+        setCursorPosition(0);  // only the focused field shows its caret
 }
 
-/// Takes the last entry back; a pasted pair in both fields, unless the other one was edited since.
+/// Takes the last entry back. A pasted pair is undone in both fields, unless the other one was
+/// edited since.
 void LocationField::UndoLast()
 {
     if (m_aUndo.empty())
@@ -304,7 +306,7 @@ void LocationField::mousePressEvent(QMouseEvent* pEvent)
     CaretPlace(cursorPositionAt(pEvent->pos()), 1);
 }
 
-// A drag would select more than one character.
+// Dragging would select more than one character.
 void LocationField::mouseMoveEvent(QMouseEvent* pEvent) { pEvent->accept(); }
 
 void LocationField::mouseReleaseEvent(QMouseEvent* pEvent)

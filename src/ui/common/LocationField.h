@@ -1,11 +1,11 @@
 /// @file LocationField.h
-/// Entry field of one position component: an overtype mask. The caret always stands on one selected
-/// character; typing replaces it; the separators are jumped over and cannot be typed. Behind the
-/// hemisphere letter of a latitude the caret goes on to the longitude.
+/// Entry field for a latitude or longitude: an overtype mask. One character is always selected, and
+/// typing replaces it; separators are skipped and cannot be typed. After the hemisphere letter of a
+/// latitude the focus goes on to the longitude.
 ///
 /// Texts:   "38°30.00'N" (latitude, 10 characters), "122°15.00'W" (longitude, 11 characters).
-/// Errors:  a key or a pasted text that does not fit is dropped (a paste with a short beep, and
-///          Hinted says why). No text is ever longer than the mask.
+/// Errors:  a key or pasted text that does not fit is dropped; a paste beeps, and Hinted gives the
+///          reason. No text is ever longer than the mask.
 /// Tests:   tests/ui/common/LocationFieldTest.cpp
 #pragma once
 
@@ -19,28 +19,28 @@ class LocationField final : public QLineEdit {
     Q_OBJECT
 public:
     explicit LocationField(QWidget* pParent = nullptr);
-    /// The kind gives mask, hemisphere letters and the initial text. Latitude until called.
+    /// Sets mask, hemisphere letters and initial text. Latitude until called.
     void KindSet(LocationKind eKind);
-    /// The field of the other coordinate, which a pasted pair or grid square fills too.
+    /// The field of the other coordinate, which a pasted pair or grid square also fills.
     void PairSet(LocationField* pOther) { m_pOther = pOther; }
-    /// The text as the program sets it; nothing is left to undo. One longer than the mask
-    /// is not shown: the field is marked.
+    /// Sets the text and clears the undo history. A text longer than the mask is not shown: the
+    /// field is marked instead.
     void TextSet(const QString& sText);
-    /// Marks a text that cannot be used, by its colours and by the reason as description and tip;
-    /// an empty reason, and TextSet, take the mark away.
+    /// Marks a text that cannot be used by its colours, with the reason as description and tip. An
+    /// empty reason, or TextSet, removes the mark.
     void MarkSet(const QString& sWhy);
     [[nodiscard]] bool MarkIs() const { return m_bMark; }
     /// Caret position from 0: the character that the next key replaces.
     [[nodiscard]] int CaretGet() const;
-    /// Stands the caret on a character, never on a separator.
-    /// @param nStep  +1 or -1: the direction in which a separator is left.
+    /// Puts the caret on a character, never on a separator.
+    /// @param nStep  +1 or -1: the direction in which to leave a separator
     void CaretPlace(int nCaret, int nStep);
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 Q_SIGNALS:
     void Edited();                        ///< after each accepted key, paste or undo
-    void Hinted(const QString& sAdvice);  ///< after a key or paste was dropped: why, what to do
+    void Hinted(const QString& sAdvice);  ///< a key or paste was dropped: why, and what to do
 
 protected:
     bool event(QEvent* pEvent) override;
@@ -56,11 +56,12 @@ protected:
 private:
     void MarkPaint();
     [[nodiscard]] int Length() const { return static_cast<int>(text().length()); }
-    /// A text to go back to: what was typed without a step of the caret, or pasted, is one entry.
+    /// A text that undo can restore. What was typed without moving the caret, or pasted, is one
+    /// entry.
     struct Entry {
         QString sBefore;
         int nCaret;
-        int nPair;  ///< the same in both fields that a paste filled; 0 for a field alone
+        int nPair;  ///< shared by the two fields that one paste filled; 0 for a single field
     };
 
     [[nodiscard]] bool SeparatorIs(int nCaret) const;
@@ -81,8 +82,8 @@ private:
     QString m_sLetters;
     LocationField* m_pOther = nullptr;
     bool m_bMark = false;
-    QString m_sTip;  ///< tip and description without the mark
+    QString m_sTip;  ///< tip and description while unmarked
     QString m_sAbout;
     std::vector<Entry> m_aUndo;
-    bool m_bTyping = false;  ///< the next key belongs to the last entry
+    bool m_bTyping = false;  ///< the next key joins the last entry
 };

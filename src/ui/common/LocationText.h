@@ -1,9 +1,9 @@
 /// @file LocationText.h
-/// Pasted positions and the form of the entry fields, in the windows' texts.
+/// Reads pasted positions and formats positions for the entry fields, in the windows' language.
 ///
 /// Units:   degrees, north and east positive.
-/// Domain:  latitudes to 90, longitudes to 180 degrees, minutes and seconds below 60.
-/// Errors:  the reason as a user reads it, for a text that is not wholly a position.
+/// Domain:  latitudes up to 90, longitudes up to 180 degrees; minutes and seconds below 60.
+/// Errors:  the reason, worded for the user, when the text is not entirely a position.
 /// Tests:   tests/ui/common/LocationTextTest.cpp, tests/geo/PositionTextTest.cpp
 #pragma once
 
@@ -13,10 +13,10 @@
 
 using LocationKind = PositionAxis;
 
-/// As PositionFromText: one of the two coordinates or both.
+/// Like PositionFromText: reads one of the two coordinates or both.
 [[nodiscard]] Result<PositionRead> LocationFromText(LocationKind eKind, const QString& sText);
 
-/// The entry field's form of a value.
+/// A value in the form of the entry field.
 [[nodiscard]] QString LocationToText(LocationKind eKind, double dValue);
-/// Both of them, a blank between.
+/// Both coordinates, separated by a blank.
 [[nodiscard]] QString PositionToText(double dLat, double dLon);

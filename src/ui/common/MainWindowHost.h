@@ -1,7 +1,7 @@
 /// @file MainWindowHost.h
-/// What the secondary windows (map, options, details) ask of the main window, which owns the
-/// settings, the selected cell and the road to a prediction. frmMain implements it; the other
-/// windows know only this, so that no window includes another's insides.
+/// What the other windows (map, options, details) need from the main window, which owns the
+/// settings, the selected cell and the way to run a prediction. frmMain implements it. The other
+/// windows know only this interface, so no window includes another.
 ///
 /// Units:   as in Settings; colours 0x00BBGGRR.
 #pragma once
@@ -19,15 +19,16 @@ class MainWindowHost {
 public:
     virtual ~MainWindowHost() = default;
 
-    /// The one set of settings; the other windows change members directly and then call Update.
+    /// The one set of settings. The other windows change its members and then call Update.
     [[nodiscard]] virtual Settings& SettingsGet() = 0;
-    /// Sent by Update, before its prediction.
+    /// Sent by Update before its prediction.
     [[nodiscard]] SettingsSignal& SettingsSignalGet() { return m_settingsSignal; }
-    /// What stations can be reached, as the planning window found it last.
+    /// Which stations can be reached, from the last search of the planning window.
     [[nodiscard]] ReachBoard& ReachBoardGet() { return m_reachBoard; }
-    /// Every setting back to its default; no prediction is run.
+    /// Resets every setting to its default; runs no prediction.
     virtual void Initialize() = 0;
-    /// Lays out the table and runs a prediction. @return true when it succeeded.
+    /// Lays out the table and runs a prediction.
+    /// @return true when it succeeded
     virtual bool Update() = 0;
     /// Selects a cell of the table: frequency row from 1, hour column 1..24; -1, -1 for none.
     virtual void DataSetSelected(int iRow, int iColumn) = 0;
@@ -37,10 +38,10 @@ public:
     /// Entry of the frequency list, kHz, index from 1.
     [[nodiscard]] virtual float FrequencyGet(int iIndex) const = 0;
     virtual void FrequencySet(int iIndex, float fKhz) = 0;
-    /// What the table that is shown was made for. It may differ from the settings, after a failed
-    /// run for example. Before the first table, what that would be made for.
+    /// The input of the table that is shown. It may differ from the settings, for example after a
+    /// failed run. Before the first table: the input that the table would have.
     [[nodiscard]] virtual Request TableInputGet() const = 0;
-    /// For the status line: why the map's overlay could not be drawn; nothing when it is all right.
+    /// Shows in the status line why the map's overlay could not be drawn; nothing when it could.
     virtual void OverlayFailedSet(const std::optional<Failure>& failure) = 0;
 
 private:

@@ -1,5 +1,5 @@
 /// @file MsgWindow.h
-/// Message boxes as windows.
+/// Shows message boxes as windows.
 #pragma once
 
 #include <QString>
@@ -8,5 +8,5 @@
 /// Makes every MsgBox a modal window with the application's title and an OK button.
 void MsgWindowInstall();
 
-/// The text as shown: single carriage returns break lines.
+/// The text as shown: a single carriage return breaks the line.
 [[nodiscard]] QString MsgTextShown(const std::string& sText);

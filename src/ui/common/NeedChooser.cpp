@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int kLettersMost = 16;  // the status line has little room
+constexpr int kLettersMost = 16;  // room in the status line is short
 
 QString EntryText(const Need& need)
 {
@@ -40,7 +40,7 @@ void NeedChooser::Show()
     const Need* pNeed = NeedGet();
     const QString sName = pNeed != nullptr ? QString::fromStdString(pNeed->sName) : QString();
     const int nRoom = kLettersMost * fontMetrics().averageCharWidth();
-    // An ampersand in a name is no mnemonic.
+    // An ampersand in a name is not a mnemonic.
     setText(pNeed == nullptr ? tr("Need")
                              : fontMetrics()
                                    .elidedText(sName, Qt::ElideRight, nRoom)

@@ -1,5 +1,5 @@
 /// @file NeedChooser.h
-/// The button that chooses what contacts are for, in the status line and in the planning windows.
+/// The button that chooses what contacts are for, in the status line and the planning windows.
 ///
 /// Units:   dB in 1 Hz.
 /// Tests:   tests/ui/main/FrmMainNeedTest.cpp
@@ -12,14 +12,14 @@
 class NeedChooser final : public QToolButton {
     Q_OBJECT
 public:
-    /// @param settings  outlive the button
+    /// @param settings  must outlive the button
     NeedChooser(Settings& settings, QWidget* pParent);
 
-    /// Shows the need of the settings.
+    /// Shows the need set in the settings.
     void Show();
-    /// The same where one is taken in any case: with none chosen the button names the one in force.
+    /// The same, but with none chosen the button names the one in force.
     void ShowInForce();
-    /// The chosen need; null where none is chosen or the list has lost it.
+    /// The chosen need; nullptr if none is chosen or it is no longer in the list.
     [[nodiscard]] const Need* NeedGet() const;
 
 Q_SIGNALS:

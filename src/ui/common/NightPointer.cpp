@@ -24,7 +24,7 @@ QPainterPath ArrowGet()
     return pth;
 }
 
-/// An arrow's head that points from the middle outwards.
+/// An arrowhead that points away from the middle.
 void HeadAdd(QPainterPath& pth, double dX, double dY)
 {
     const QPointF ptMiddle(kMiddle);
@@ -116,7 +116,7 @@ QCursor RedGet(Qt::CursorShape eShape)
     return QCursor(pix, shape.ptHot.x(), shape.ptHot.y());
 }
 
-/// What lies under the pointer asks for it.
+/// The shape that the widget under the pointer asks for.
 Qt::CursorShape ShapeWanted()
 {
     const QWidget* pWidget = QApplication::widgetAt(QCursor::pos());
@@ -148,7 +148,7 @@ bool NightPointer::eventFilter(QObject* /*pObject*/, QEvent* pEvent)
     return false;
 }
 
-/// A pointer that someone has put above all others, as that of a run, stays.
+/// An override pointer, such as that of a run, stays.
 void NightPointer::ShapeFollow()
 {
     const QCursor* const pNow = QApplication::overrideCursor();

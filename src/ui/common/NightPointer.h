@@ -1,6 +1,6 @@
 /// @file NightPointer.h
-/// The pointer of the night: the system's is white. While one of these lives the pointer is red
-/// with a black edge, in the shape that what lies under it asks for.
+/// The mouse pointer of Night; the system's own is white. While an object of this class exists, the
+/// pointer is red with a black edge, in the shape that the widget under it asks for.
 ///
 /// Tests:   tests/ui/common/NightStyleTest.cpp
 #pragma once
@@ -25,5 +25,5 @@ private:
     QCursor m_cursor;
 };
 
-/// The system's pointer, in Night the red one; for pointers that stand above all others.
+/// The system's pointer, or the red one in Night; for override pointers.
 [[nodiscard]] QCursor PointerGet(Qt::CursorShape eShape);

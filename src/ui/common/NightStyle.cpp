@@ -14,8 +14,8 @@
 
 namespace {
 
-/// Shows a finished window through the reds. It takes the whole window each time: only the toolkit
-/// knows which part of it is wanted, and clips to that.
+/// Paints a finished window in reds. It always takes the whole window: only Qt knows which part
+/// needs painting, and clips to it.
 class NightEffect final : public QGraphicsEffect {
 public:
     using QGraphicsEffect::QGraphicsEffect;
@@ -50,7 +50,7 @@ void WindowLighten(QWidget& window)
         window.setGraphicsEffect(nullptr);
 }
 
-/// Fusion tells frames from grounds by shades of the ground, which black has not.
+/// Fusion sets frames off by shades of the background; black has none.
 class NightStyle final : public QProxyStyle {
 public:
     NightStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -61,7 +61,7 @@ public:
         QProxyStyle::drawPrimitive(eElement, pOption, pPainter, pWidget);
         if (FrameIs(eElement))
             FramePaint(*pPainter, pOption->rect, (pOption->state & State_HasFocus) != 0);
-        if (eElement == PE_FrameGroupBox)  // the title stands above it
+        if (eElement == PE_FrameGroupBox)  // the title is above the frame
             FramePaint(*pPainter,
                        pOption->rect.adjusted(0, pOption->fontMetrics.height() + 1, 0, 0), false);
         if (eElement == PE_IndicatorRadioButton) {
@@ -108,7 +108,7 @@ private:
     }
 };
 
-/// Sees the windows come.
+/// Applies the effect to windows as they open.
 class NightWatch final : public QObject {
 protected:
     bool eventFilter(QObject* pObject, QEvent* pEvent) override
@@ -122,7 +122,7 @@ protected:
     }
 };
 
-/// Night while it lives.
+/// Night is on while one exists.
 class Night {
 public:
     Night() : m_sStyle(QApplication::style()->name()), m_palTip(QToolTip::palette())
@@ -141,7 +141,7 @@ public:
         for (QWidget* pWindow : QApplication::topLevelWidgets()) WindowLighten(*pWindow);
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, m_bOwnDialogs);
         QApplication::setStyle(m_sStyle);
-        QApplication::setPalette(QPalette());  // the system's again
+        QApplication::setPalette(QPalette());  // back to the system's palette
         QToolTip::setPalette(m_palTip);
     }
     Night(const Night&) = delete;
@@ -159,7 +159,7 @@ private:
 
 void NightSet(bool bNight)
 {
-    static Night* s_pNight = nullptr;  // at the program's end the application is gone before it
+    static Night* s_pNight = nullptr;  // not freed: at the program's end the application goes first
     if (bNight == (s_pNight != nullptr))
         return;
     if (bNight)

@@ -1,16 +1,16 @@
 /// @file NightStyle.h
-/// Night in every window of the program: a style and a palette in reds on black, and over each
-/// finished window a table of colours that leaves no other light, whatever painted it: icons,
-/// pictures, a menu of the toolkit. The pointer is red, and dialogs are the toolkit's own, as the
-/// system's would shine. Window frames are the system's.
+/// Night in every window of the program. A style and a palette paint in reds on black, and a colour
+/// table over each finished window removes all other light, whatever painted it: icons, pictures,
+/// Qt's menus. The pointer is red. Dialogs are Qt's own, since the system's would be bright. The
+/// window frames remain the system's.
 ///
-/// Threads: that of the windows.
+/// Threads: the windows' thread.
 /// Tests:   tests/ui/common/NightStyleTest.cpp, tests/ui/night/NightTest.cpp
 #pragma once
 
 #include <QPalette>
 
-/// Switches Night on or off, at once in all windows; those to come have it, too.
+/// Switches Night on or off in all windows, including those opened later.
 /// REQUIRES: a QApplication
 void NightSet(bool bNight);
 

@@ -1,6 +1,6 @@
 /// @file PaintDirection.h
-/// Texts that are painted, numbers with a sign above all, in windows that run from right to left:
-/// there "-8" would get its sign behind it, as the window's direction became that of the number.
+/// Painted texts in right-to-left windows. There Qt would paint "-8" with the sign behind the
+/// number, because a text takes the direction of its window.
 ///
 /// Tests:   tests/ui/program/DirectionTest.cpp
 #pragma once
@@ -9,15 +9,15 @@
 #include <QStyle>
 #include <QWidget>
 
-/// From here on each text has its own direction where the window is mirrored, and left is left.
+/// From here on, in a mirrored window, each text has its own direction and left stays left.
 inline void PaintDirectionOfText(QPainter& painter)
 {
     if (painter.layoutDirection() == Qt::RightToLeft)
         painter.setLayoutDirection(Qt::LayoutDirectionAuto);
 }
 
-/// The same in a window that is mirrored.
-/// @return the alignment on the side where the window's direction has it
+/// The same for a widget in a window that may be mirrored.
+/// @return the alignment as the window's direction places it
 [[nodiscard]] inline Qt::Alignment PaintDirectionOfText(QPainter& painter, const QWidget& widget,
                                                         Qt::Alignment eAlignment)
 {

@@ -1,10 +1,10 @@
 /// @file PaletteShown.h
-/// The palette in force. As its style it belongs to the application, not to one window: the main
-/// window sets it, and whoever paints asks for it.
+/// The palette in force. Like the style, it belongs to the application rather than to one window:
+/// the main window sets it, and all painting code asks for it.
 ///
-/// What is painted works on the standard colours, which cells and pictures keep; a palette is laid
-/// over them when they are shown. So nothing is filled anew when another palette is chosen, and
-/// what leaves the program can have another one than the screen.
+/// Cells and pictures hold the standard colours; the palette is applied when they are painted. So a
+/// change of palette fills nothing again, and files and prints can use another palette than the
+/// screen.
 ///
 /// Tests:   tests/ui/common/PaletteShownTest.cpp
 #pragma once
@@ -16,15 +16,15 @@
 
 /// On the screen.
 [[nodiscard]] Palette PaletteShown();
-/// In files and on paper: that of the screen, and the standard one in Night.
+/// In files and on paper: the screen's palette, but the standard one in Night.
 [[nodiscard]] Palette PaletteOnPaper();
-/// True where the whole screen is red on black.
+/// True while the whole screen is red on black.
 [[nodiscard]] bool PaletteNightIs();
 
-/// Takes a palette into force, in every window there is or will be.
+/// Puts a palette in force in every window, including those opened later.
 void PaletteShow(Palette ePalette);
 
-/// Tells what must be made anew for another palette, not only painted anew.
+/// Notifies those who must rebuild, not only repaint, for another palette.
 class PaletteSignal final : public QObject {
     Q_OBJECT
 public:
@@ -33,8 +33,8 @@ Q_SIGNALS:
     void Changed();
 };
 
-/// While it lives, what is painted for the screen is painted as for paper: for pictures of a window
-/// that leave the program.
+/// While one exists, painting for the screen uses the palette for paper: for pictures of a window
+/// that are copied, exported or printed.
 class PaletteForPaper {
 public:
     PaletteForPaper();
@@ -44,18 +44,18 @@ public:
     [[nodiscard]] static bool Is();
 };
 
-/// How a coloured cell is painted.
+/// The colours in which a cell is painted.
 struct CellColors {
     QColor clrBack;
     QColor clrText;
     QColor clrGround;  ///< under the text: clrBack, or a plate of its own
 };
 
-/// A cell with the colours of the standard scale, or others of its own, in a palette. Night has
-/// plates under all numbers and shows what is not of the scale the darker the lighter it is, as
-/// tables of other values are mostly white; the other palettes leave that as it is.
+/// A cell's colours in a palette, whether of the standard scale or its own. Night puts plates under
+/// all numbers and inverts the lightness of colours outside the scale, because tables of other
+/// values are mostly white. The other palettes leave such colours as they are.
 [[nodiscard]] CellColors CellColorsGet(const QColor& clrBack, const QColor& clrText,
                                        Palette ePalette);
 
-/// A colour of the standard scale as another palette has it; any other colour as it is.
+/// A colour of the standard scale in another palette; any other colour unchanged.
 [[nodiscard]] QColor ColorInPalette(const QColor& clr, Palette ePalette);

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Pictures are drawn on a square of this many units a side.
+/// Pictures are drawn on a square with sides of this many units.
 constexpr double kUnits = 24.0;
 
 const QColor kAccent(0x1F, 0x6F, 0xB5);
@@ -20,7 +20,7 @@ void AirmailPaint(QPainter& painter, const QColor& clrLine)
     painter.drawRoundedRect(QRectF(2, 9.5, 16, 11.5), 1.5, 1.5);
     painter.drawPolyline(QPolygonF({{2.6, 10.4}, {10, 16.2}, {17.4, 10.4}}));
     painter.setPen(QPen(kAccent, 1.8, Qt::SolidLine, Qt::RoundCap));
-    constexpr int kDegree = 16;  // arcs are counted in sixteenths
+    constexpr int kDegree = 16;  // Qt counts angles in sixteenths of a degree
     painter.drawArc(QRectF(11, 5.2, 7.6, 7.6), 0, 90 * kDegree);
     painter.drawArc(QRectF(7.4, 1.6, 14.8, 14.8), 0, 90 * kDegree);
 }

@@ -1,5 +1,5 @@
 /// @file ReachBoard.h
-/// The last answer to "Who can I reach", for windows that show the same stations.
+/// The last answer to "Who Can I Reach", for windows that show the same stations.
 ///
 /// Tests:   tests/ui/map/MapReachTest.cpp
 #pragma once
@@ -16,7 +16,7 @@
 class ReachBoard final : public QObject {
     Q_OBJECT
 public:
-    /// The answered rows of a search take the place of the former ones.
+    /// Replaces the former rows by the answered rows of a search.
     void Set(const Reach& reach)
     {
         m_aHours.clear();

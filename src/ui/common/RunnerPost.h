@@ -1,5 +1,5 @@
 /// @file RunnerPost.h
-/// Answers of a Runner on a window's thread.
+/// Delivers a Runner's answers on a window's thread.
 ///
 /// Tests:   tests/ui/common/RunnerPostTest.cpp
 #pragma once
@@ -8,7 +8,7 @@
 
 class QObject;
 
-/// Calls are run by the event loop of the receiver's thread, in their order; those that wait when
-/// the receiver goes are dropped. REQUIRES: the runner goes before the receiver, as a member of its
-/// does.
+/// The event loop of the receiver's thread makes the calls in order; calls still waiting when the
+/// receiver is destroyed are dropped.
+/// REQUIRES: the runner is destroyed before the receiver, as one of its members is.
 [[nodiscard]] Runner::PostFn RunnerPostTo(QObject& receiver);

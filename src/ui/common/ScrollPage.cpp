@@ -5,10 +5,10 @@
 ScrollPage::ScrollPage(QWidget* pPage, QWidget* pParent) : QScrollArea(pParent)
 {
     setFrameShape(QFrame::NoFrame);
-    setFocusPolicy(Qt::NoFocus);  // the Tab key goes from field to field
+    setFocusPolicy(Qt::NoFocus);  // Tab goes from field to field
     setWidgetResizable(true);
     setWidget(pPage);
-    // What the page stands on shines through, as without the scrolling.
+    // The background shows through as it would without scrolling.
     pPage->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*pOld*/, QWidget* pNow) {

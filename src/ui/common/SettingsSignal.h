@@ -1,6 +1,6 @@
 /// @file SettingsSignal.h
-/// Tells every window that shows settings that they changed, so that who changes them needs to know
-/// none of the windows.
+/// Notifies the windows that settings have changed. Whoever changes settings need not know the
+/// windows that show them.
 #pragma once
 
 #include <QObject>
@@ -10,14 +10,14 @@ class SettingsSignal final : public QObject {
 Q_SIGNALS:
     /// Settings may have changed; a prediction with them follows.
     void Changed();
-    /// Another need was chosen; nothing is predicted.
+    /// Another need was chosen; no prediction follows.
     void NeedChosen();
-    /// The user's own places are other ones.
+    /// The user's own places have changed.
     void PlacesChanged();
-    /// An update is over: the table that is shown, or whether it is an old one, may be new.
+    /// An update has finished: the table shown, or its mark as old, may have changed.
     void TableRenewed();
-    /// Whether the table that is shown is an old one may have changed, as by a typed position.
+    /// The mark of the shown table as old may have changed, for example by a typed position.
     void TableMarked();
-    /// Another cell of the table is selected, or none.
+    /// Another cell of the table was selected, or none.
     void CellSelected();
 };

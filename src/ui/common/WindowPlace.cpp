@@ -11,7 +11,8 @@ namespace {
 
 constexpr float kTwips = 15.0F;
 
-/// Pixels of twips. Sizes and places far beyond any screen are cut, so that sums stay in range.
+/// Twips to pixels. Sizes and places far beyond any screen are clipped, so that sums do not
+/// overflow.
 int PixelsGet(float fTwips)
 {
     constexpr int kFarthest = 100000;
@@ -28,7 +29,7 @@ bool NormalIs(const QWidget& window)
     return !window.isMinimized() && !window.isMaximized() && !window.isFullScreen();
 }
 
-/// What the frame adds to the inner size.
+/// How much the frame adds to the inner size.
 QSize FrameSize(const QWidget& window) { return window.frameGeometry().size() - window.size(); }
 
 }  // namespace

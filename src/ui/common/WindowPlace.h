@@ -1,8 +1,8 @@
 /// @file WindowPlace.h
-/// A window's place in the profile: the outer frame in twips, brought onto a visible screen when it
+/// A window's place in the profile: its outer frame in twips, moved onto a visible screen when it
 /// is read back.
 ///
-/// Units:   pixels; twips are pixels times 15.
+/// Units:   pixels; 1 pixel is 15 twips.
 /// Tests:   tests/ui/common/WindowPlaceTest.cpp
 #pragma once
 
@@ -14,28 +14,28 @@
 
 class QWidget;
 
-/// The outer frame as the profile keeps it; nothing while the window is not in its normal state.
+/// The outer frame for the profile; nothing if the window is maximised, minimised or full screen.
 [[nodiscard]] std::optional<WindowData> WindowDataGet(const QWidget& window);
 
-/// One dimension of an outer frame replaced.
+/// Replaces one dimension of an outer frame.
 void WindowKeyApply(QRect& rectOuter, WindowKey eKey, float fTwips);
 
-/// The rectangle made to fit the screen that it overlaps most (the first one when it overlaps none)
-/// and moved wholly onto it.
-/// @param aScreens  available areas; without any the rectangle is returned as it is
+/// Shrinks the rectangle to the screen that it overlaps most (the first one if it overlaps none)
+/// and moves it wholly onto it.
+/// @param aScreens  available areas; if empty, the rectangle is returned unchanged
 [[nodiscard]] QRect RectOnScreen(const QRect& rectOuter, const QSize& sizeLeast,
                                  const QList<QRect>& aScreens);
 
-/// Places a window by its outer frame, on a visible screen. A maximised or minimised one stays so.
+/// Gives a window its outer frame, on a visible screen. A maximised or minimised window stays so.
 void WindowOuterSet(QWidget& window, const QRect& rectOuter);
 
-/// A place on the screen beside another rectangle: right of it at the same height, else where the
-/// least of it is hidden.
+/// A place on the screen beside another rectangle: to its right at the same height if there is
+/// room, else where it hides the least of it.
 [[nodiscard]] QRect RectBeside(const QSize& size, const QRect& rectOther, const QRect& rectScreen);
 
-/// Puts a window not yet shown beside another, on its screen. The frame, which nobody knows before
-/// the showing, is taken to be like the other's.
+/// Puts a window that is not yet shown beside another, on the same screen. Its frame is not known
+/// before it is shown, so the other's is assumed.
 void WindowPutBeside(QWidget& window, const QWidget& windowOther);
 
-/// The same for the size alone: a window not yet shown becomes no larger than the other's screen.
+/// Shrinks a window that is not yet shown to the other's screen.
 void WindowFit(QWidget& window, const QWidget& windowOther);
