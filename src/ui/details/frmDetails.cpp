@@ -22,22 +22,22 @@ constexpr int kColSignal = 6;
 constexpr int kColNoise = 7;
 constexpr int kColSnr = 8;
 
-/// Grid's left and least top in the window, pixels.
+/// The grid's left edge and least top edge in the window, pixels.
 constexpr int kMargin = 8;
 /// Room for a vertical scroll bar, pixels (360 twips).
 constexpr int kBarRoom = 24;
-/// Room above and below the line over the grid, pixels.
+/// Room above and below the line above the grid, pixels.
 constexpr int kLineRoom = 6;
-/// Text that reads (Web Content Accessibility Guidelines 2.1, success criterion 1.4.3).
+/// Contrast for legible text (Web Content Accessibility Guidelines 2.1, success criterion 1.4.3).
 constexpr double kContrastLeast = 4.5;
 
 struct Column {
     const char* sHeader;
-    const char* sWidthOf;  ///< a text as wide as the widest value expected
+    const char* sWidthOf;  ///< a text as wide as the widest expected value
     const char* sLong;
 };
 
-// The spellings are the ones that users know.
+// The spellings that users know.
 constexpr std::array<Column, 9> kColumns{{
     {"", "-20000-", QT_TRANSLATE_NOOP("frmDetails", "Frequency (kHz)")},
     {QT_TRANSLATE_NOOP("frmDetails", "LUF-MUF"), "-LUF-MUF-",
@@ -70,7 +70,8 @@ QString Formatted(float fValue, const char* sPattern)
     return QString::fromStdString(NumberFormat(fValue, sPattern));
 }
 
-/// Which limit of the usable band applies to a frequency, and on which side of it that lies.
+/// Which limit of the usable band matters for a frequency, and which side of it the frequency is
+/// on.
 QString LimitText(float fFrequency, float fLuf, float fMuf)
 {
     if (fFrequency < fLuf)
@@ -132,7 +133,7 @@ void frmDetails::HeaderLayout()
     }
 }
 
-/// The rows follow the main table: its labels, and as many of them.
+/// The rows are the main table's: the same labels, the same number.
 void frmDetails::RowsLayout()
 {
     grdData->RowsSet(m_grdMain.RowsGet());
@@ -144,8 +145,7 @@ void frmDetails::RowsLayout()
 
 void frmDetails::DataSetSize()
 {
-    // The outer and the inner size differ by the window's frame alone, so setting the inner one
-    // sets both.
+    // Outer and inner size differ only by the window's frame, so setting the inner size sets both.
     const int nWidth = grdData->ColLeftGet(kCols) + kBarRoom;
     resize(2 * kMargin + nWidth, 2 * GridTop() + m_grdMain.height());
 }
@@ -215,7 +215,7 @@ void frmDetails::RowFill(int iRow, const PropagationTable& table)
                       SnrTextColor(SnrBandOfTable(record.fSnr, table.request.fPower)));
 }
 
-/// The selection's text colour where it reads on the SNR's, else black or white.
+/// The selection's text colour where it is legible on the SNR's colour, else black or white.
 QColor frmDetails::SnrTextColor(const SnrBand& band) const
 {
     const QColor clrSelection = palette().color(QPalette::HighlightedText);

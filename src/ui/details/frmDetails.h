@@ -1,5 +1,5 @@
 /// @file frmDetails.h
-/// The details window: one hour of the prediction, every quantity of every frequency as one row.
+/// The details window: one hour of the prediction, with a row of all quantities for each frequency.
 ///
 /// Keys:    arrows and Enter pick a row, Escape closes the window.
 /// Tests:   tests/ui/details/FrmDetailsTest.cpp
@@ -17,17 +17,16 @@
 class frmDetails final : public QWidget {
     Q_OBJECT
 public:
-    /// @param host     outlives the window.
-    /// @param grdMain  the main window's table: its rows are the frequency list, column 0 its
-    /// labels
+    /// @param host     must outlive the window
+    /// @param grdMain  the main window's table: its rows are the list of frequencies, column 0 has
+    /// the labels
     frmDetails(MainWindowHost& host, GridControl& grdMain, QWidget* pParent = nullptr);
 
     /// Fills all rows for one hour and highlights one.
-    /// @param iRow    frequency row to highlight; one that the grid lacks is none
+    /// @param iRow    frequency row to highlight; none if the grid lacks it
     /// @param iHour   1..24
     /// @param sHour   the hour's label, for the caption
-    /// @param table   with the input that it was made for; rows of frequencies without values are
-    ///                shown empty
+    /// @param table   with its input; rows of frequencies without values are empty
     void Update(int iRow, int iHour, const QString& sHour, const PropagationTable& table);
     /// Makes the window as high as the main table and wide enough for all columns.
     void DataSetSize();

@@ -13,7 +13,8 @@
 
 namespace {
 
-/// What Airmail's reader answered, told where it failed.
+/// Reports the messages and failure of Airmail's reader.
+/// @return true if it found what was asked for
 bool AnswerTell(const Messages& aMessages, const Result<bool>& res, const QString& sWhat)
 {
     MsgShow(aMessages);
@@ -50,7 +51,7 @@ void AirmailCommands::StationsShow(const QWidget& button)
     m_menu.ReceiverSet(m_host.SettingsGet().m_dRcLat, m_host.SettingsGet().m_dRcLon);
     if (!m_menu.Build())
         return;
-    // By a key the pointer may be anywhere.
+    // When a key was pressed, the pointer may be anywhere.
     const QPoint pnt = button.mapFromGlobal(QCursor::pos());
     m_menu.popup(button.rect().contains(pnt) ? QCursor::pos()
                                              : button.mapToGlobal(button.rect().bottomLeft()));

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int kClockTick = 60000;  // ms; the clock shows minutes only
+constexpr int kClockTick = 60000;  // ms; the clock shows minutes
 
 }  // namespace
 

@@ -1,5 +1,5 @@
 /// @file ClockLine.h
-/// The clock of the main window: the time in the time system in which the table labels its hours.
+/// The main window's clock: the present time in the time system of the table's hours.
 ///
 /// Tests:   tests/ui/main/FrmMainTableTest.cpp
 #pragma once
@@ -12,10 +12,10 @@
 class ClockLine final : public QObject {
     Q_OBJECT
 public:
-    /// @param settings  of the owner; outlive the clock, as the label does
+    /// @param settings  must outlive the clock, as must the label
     ClockLine(QTimer& tmr, QLabel& lbl, const Settings& settings, QObject* pParent);
     void Start();
-    /// Shows the present time. Under a time code that is neither Zulu nor local it stays.
+    /// Shows the present time; does nothing if the time code is neither Zulu nor local.
     void Tick();
 
 private:

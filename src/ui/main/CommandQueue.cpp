@@ -30,11 +30,11 @@ void CommandQueue::Do(std::function<void()> fnCommand)
         fnCommand();
 }
 
-/// What was asked for during the run, in its order.
+/// Runs the commands given during the run, in order.
 void CommandQueue::WaitingDo()
 {
     if (m_bRunning)
-        return;  // the end of that run comes here again
+        return;  // the end of that run calls this again
     if (std::exchange(m_bUpdateWanted, false) && !m_bEnded)
         Q_EMIT UpdateAsked();
     for (const auto& fnCommand : std::exchange(m_aWaiting, {})) Do(fnCommand);

@@ -1,5 +1,5 @@
 /// @file CommandQueue.h
-/// One command at a time: what the user asks for during a run waits for its end.
+/// Runs one command at a time: what the user asks for during a run waits until it ends.
 ///
 /// Tests:   tests/ui/main/FrmMainBusyTest.cpp
 #pragma once
@@ -11,7 +11,7 @@
 class CommandQueue final : public QObject {
     Q_OBJECT
 public:
-    /// The time of a run: busy pointer, commands kept waiting.
+    /// The time of a run: shows the busy pointer and holds commands back.
     class Run {
     public:
         explicit Run(CommandQueue& queue);
@@ -25,11 +25,11 @@ public:
 
     using QObject::QObject;
     [[nodiscard]] bool RunningIs() const { return m_bRunning; }
-    /// Does it at once, or after the run.
+    /// Runs a command now, or after the run in progress.
     void Do(std::function<void()> fnCommand);
-    /// An update asked for during a run, however often, is one; it comes before the commands.
+    /// However many updates are asked for during a run, one follows; it comes before the commands.
     void UpdateWant() { m_bUpdateWanted = true; }
-    /// Drops what waits, now and later: nothing opens a window behind an exit.
+    /// Drops all waiting and further commands, so that nothing opens a window after File, Exit.
     void End() { m_bEnded = true; }
 
 Q_SIGNALS:

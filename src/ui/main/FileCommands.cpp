@@ -12,7 +12,8 @@
 
 namespace {
 
-/// Asks for the file of the profile. @return false when the user gave none
+/// Asks for the profile's file.
+/// @return false when the user cancels
 bool ProfileAsk(QWidget& window, FileDialogKind eKind, std::string& sFile)
 {
     const QString sChosen =
@@ -91,7 +92,7 @@ void FileCommands::ProfileWrite()
 void FileCommands::FrameKnown()
 {
     m_bFrameKnown = true;
-    // Without a place in the profile the first size was chosen without the frame.
+    // Without a place in the profile, the first size did not allow for the frame.
     if (m_rectOuter || !m_window.screen()->availableGeometry().contains(m_window.frameGeometry()))
         WindowOuterSet(m_window, m_rectOuter.value_or(m_window.frameGeometry()));
     m_rectOuter.reset();

@@ -1,8 +1,8 @@
 /// @file FileCommands.h
-/// The File menu: the profile that the settings are read from and saved to, and with it the
-/// window's place.
+/// The File menu: the profile, from which the settings and the window's place are read and to which
+/// they are saved.
 ///
-/// Errors:  told in a box, or by a notice for the status line.
+/// Errors:  shown in a message box, or as a notice for the status line.
 /// Tests:   tests/ui/main/FrmMainProfileTest.cpp, FrmMainStartTest.cpp
 #pragma once
 
@@ -19,31 +19,32 @@ class QWidget;
 class FileCommands final : public QObject {
     Q_OBJECT
 public:
-    /// @param window  the main window, whose place the profile keeps
+    /// @param window  the main window, whose place is kept in the profile
     FileCommands(QWidget& window, MainWindowHost& host, QObject* pParent);
 
     void Default();
-    /// Every setting at its default, without a prediction; until the next change it can be undone.
+    /// Resets every setting to its default without a prediction. It can be undone until the next
+    /// change.
     void DefaultSet();
     void UndoDefault();
     [[nodiscard]] bool UndoPossible() const;
     void Open();
     void Save();
-    /// @return false when there is nothing to read; settings and undo stay then
+    /// @return false if there was nothing to read; settings and undo are then unchanged
     bool ProfileRead();
     void ProfileWrite();
-    /// The window is on the screen: only now its frame is known, so that the outer size of the
-    /// profile can be met.
+    /// Call once the window is shown: only then is the size of its frame known and the profile's
+    /// outer size can be applied.
     void FrameKnown();
 
 Q_SIGNALS:
-    void PositionsRead();                      ///< before an update: both, from a profile
-    void Noticed(const std::string& sNotice);  ///< what of a profile did not come into force
+    void PositionsRead();  ///< emitted before an update: both positions come from a profile
+    void Noticed(const std::string& sNotice);  ///< which parts of a profile were not taken
 
 private:
     QWidget& m_window;
     MainWindowHost& m_host;
-    SettingsUndo m_undo;  // of Default and of the options' Default Settings
+    SettingsUndo m_undo;  // undoes Default and the options' Default Settings
     bool m_bFrameKnown = false;
     std::optional<QRect> m_rectOuter;  ///< place from the profile, until the frame is known
 };

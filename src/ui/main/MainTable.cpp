@@ -54,7 +54,7 @@ void MainTable::MouseMoved(int iRow, int iCol)
 {
     QString sText;
     if (iRow == 0 && iCol >= 1) {
-        // Under a time code that is neither, the text stays as it is.
+        // With a time code that is neither, the text stays as it is.
         if (m_settings.m_iTimeCode == kTimeZulu)
             sText = QObject::tr("Zulu Time (hh)");
         else if (m_settings.m_iTimeCode == kTimeLocal)

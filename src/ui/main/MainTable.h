@@ -1,8 +1,8 @@
 /// @file MainTable.h
-/// What the main grid shows besides the values: the hours' labels in the chosen time system, the
-/// mark of the selected cell, tooltips and speech.
+/// What the main grid shows besides the values: hour labels in the chosen time system, the mark of
+/// the selected cell, tooltips and speech.
 ///
-/// Units:   rows and hours from 1; -1 for none.
+/// Units:   rows and hours count from 1; -1 for none.
 /// Tests:   tests/ui/main/FrmMainTableTest.cpp, FrmMainSelectionTest.cpp
 #pragma once
 
@@ -17,7 +17,8 @@ public:
     MainTable(GridControl& grd, const Settings& settings);
 
     void HoursLayout();
-    /// Moves the mark. @return the cell as it is kept: a row that the table does not have is none
+    /// Moves the mark.
+    /// @return the cell as kept: without a row that the table does not have
     SelectedCell Mark(SelectedCell cell);
     /// The label of an hour column as a time, "14:00".
     [[nodiscard]] QString TimeGet(int iHour) const;
@@ -29,5 +30,5 @@ private:
 
     GridControl& m_grd;
     const Settings& m_settings;
-    SelectedCell m_marked{-1, -1};  ///< kept here: the settings may lose theirs
+    SelectedCell m_marked{-1, -1};  ///< kept here because the settings may lose theirs
 };

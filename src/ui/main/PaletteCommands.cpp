@@ -10,7 +10,7 @@ PaletteCommands::PaletteCommands(MainWindowHost& host, QObject* pParent)
     : QObject(pParent), m_host(host)
 {
     connect(&host.SettingsSignalGet(), &SettingsSignal::Changed, this, &PaletteCommands::Take);
-    qApp->installEventFilter(this);  // a shortcut of one window is dead while a dialog is open
+    qApp->installEventFilter(this);  // a window's shortcut does not work while a dialog is open
 }
 
 void PaletteCommands::Take()

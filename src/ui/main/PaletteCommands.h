@@ -1,5 +1,5 @@
 /// @file PaletteCommands.h
-/// Brings the palette of the settings into force, and switches Night.
+/// Puts the palette of the settings in force, and switches Night.
 ///
 /// Keys:    Ctrl+Shift+N, in every window and box of the program.
 /// Tests:   tests/ui/main/FrmMainNightTest.cpp
@@ -14,12 +14,12 @@ class MainWindowHost;
 class PaletteCommands final : public QObject {
     Q_OBJECT
 public:
-    /// @param host  outlives this
+    /// @param host  must outlive this object
     PaletteCommands(MainWindowHost& host, QObject* pParent);
 
-    /// What the settings say.
+    /// Puts the palette of the settings in force.
     void Take();
-    /// To Night, or back to the palette before it.
+    /// Switches to Night, or back to the palette before it.
     void NightSwitch();
 
 protected:

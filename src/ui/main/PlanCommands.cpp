@@ -26,7 +26,7 @@ void PlanCommands::FrequenciesSet(const std::vector<float>& afFrequency)
         settings.FrequencySet(i, afFrequency[static_cast<std::size_t>(i) - 1]);
 }
 
-/// Of a longer list than the table holds the first ones, and the one that is to be selected.
+/// Takes as many frequencies as the table holds; the one to be selected is always among them.
 void PlanCommands::FrequenciesTake(const PlanTaking& taking)
 {
     if (taking.afFrequency.empty())
@@ -39,7 +39,7 @@ void PlanCommands::FrequenciesTake(const PlanTaking& taking)
     FrequenciesSet(afFrequency);
 }
 
-/// The row of a frequency; the table has whole kHz.
+/// The row of a frequency; the table has frequencies in whole kHz.
 int PlanCommands::RowOf(float fFrequency) const
 {
     const Settings& settings = m_host.SettingsGet();
@@ -93,7 +93,7 @@ void PlanCommands::Back()
         Q_EMIT CellTaken(step.cell.iFrequency, step.cell.iHour);
 }
 
-/// The title goes: the transmitter is no longer the station that it names.
+/// Clears the title: the transmitter is no longer the station that it names.
 void PlanCommands::Exchange()
 {
     for (const int iRow : {0, 1}) Q_EMIT RowTaken(iRow);

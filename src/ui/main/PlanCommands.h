@@ -1,6 +1,6 @@
 /// @file PlanCommands.h
-/// The Plan menu's commands on the path itself: a path taken from a planning window, the way back
-/// to the one before, and the ends exchanged.
+/// The Plan menu's commands for the path: take over one from a planning window, go back to the one
+/// before, exchange the ends.
 ///
 /// Tests:   tests/ui/plan/FrmReachTest.cpp
 #pragma once
@@ -17,20 +17,20 @@ public:
     PlanCommands(PlanHost& host, QObject* pParent);
 
     void Take(const PlanTaking& taking);
-    /// One step; nothing where there is none.
+    /// Goes back one step; does nothing if there is none.
     void Back();
     void Exchange();
-    /// A taken path is in force, or is being put in force.
+    /// True while a path that was taken over is in force, or is being put in force.
     [[nodiscard]] bool TakenIs() const { return m_bOwn || m_back.has_value(); }
 
 Q_SIGNALS:
-    void RowTaken(int iRow);                    ///< before an update: 0 receiver, 1 transmitter
-    void TitleTaken(const QString& sTitle);     ///< behind it
-    void CellTaken(int iFrequency, int iHour);  ///< behind it: the cell to select
+    void RowTaken(int iRow);  ///< emitted before an update: 0 receiver, 1 transmitter
+    void TitleTaken(const QString& sTitle);     ///< emitted after it
+    void CellTaken(int iFrequency, int iHour);  ///< emitted after it: the cell to select
     void BackPossible(bool bPossible);
 
 private:
-    /// What a taking changes.
+    /// What taking a path over changes.
     struct Circuit {
         double dTxLat, dTxLon, dRcLat, dRcLon;
         std::vector<float> afFrequency;
@@ -51,6 +51,6 @@ private:
 
     PlanHost& m_host;
     std::optional<Step> m_back;
-    Circuit m_taken{};  // what was in force behind the taking; another one is a change by hand
+    Circuit m_taken{};  // in force after the take-over; if it differs, the user has changed it
     bool m_bOwn = false;
 };

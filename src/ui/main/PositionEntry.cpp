@@ -20,13 +20,13 @@ const NumberRange& RangeOf(std::size_t iField)
     return KindOf(iField) == LocationKind::Latitude ? kRangeLatitude : kRangeLongitude;
 }
 
-/// The fields as a sentence begins with them.
+/// The fields' names at the beginning of a sentence.
 constexpr std::array kFieldNames{QT_TRANSLATE_NOOP("PositionEntry", "Receiver latitude"),
                                  QT_TRANSLATE_NOOP("PositionEntry", "Receiver longitude"),
                                  QT_TRANSLATE_NOOP("PositionEntry", "Transmitter latitude"),
                                  QT_TRANSLATE_NOOP("PositionEntry", "Transmitter longitude")};
 
-/// @param paMessages  gets why the text cannot be decoded
+/// @param paMessages  receives why the text cannot be decoded
 std::optional<double> Decoded(std::size_t iField, const LocationField& field,
                               Messages* paMessages = nullptr)
 {
@@ -38,7 +38,7 @@ std::optional<double> Decoded(std::size_t iField, const LocationField& field,
     return bOk ? std::optional<double>(dTaken) : std::nullopt;
 }
 
-/// The settings that the fields stand for, in the fields' order.
+/// The settings behind the fields, in the fields' order.
 std::array<double*, 4> ValuesOf(Settings& settings)
 {
     return {&settings.m_dRcLat, &settings.m_dRcLon, &settings.m_dTxLat, &settings.m_dTxLon};
@@ -141,6 +141,6 @@ bool PositionEntry::FieldTake(std::size_t iField, double& dValue)
         return false;
     }
     dValue = *dTaken;
-    m_adShown[iField] = dValue;  // the entry's own, no command's
+    m_adShown[iField] = dValue;  // entered by the user, not set by a command
     return true;
 }

@@ -1,10 +1,10 @@
 /// @file PositionEntry.h
-/// The four position fields of the main window, as one: receiver and transmitter, latitude and
-/// longitude.
+/// The four position fields of the main window as a unit: latitude and longitude of receiver and
+/// transmitter.
 ///
 /// Units:   degrees, north and east positive.
-/// Errors:  a text that is no number is told by a box; one out of range at its field, and by
-///          Refused.
+/// Errors:  a text that is not a position is reported in a message box; one out of range is marked
+///          in its field and reported by Refused.
 /// Tests:   tests/ui/main/FrmMainEntryTest.cpp, FrmMainUpdateTest.cpp, FrmMainBeyondTest.cpp
 #pragma once
 
@@ -19,30 +19,30 @@ class LocationField;
 class PositionEntry final : public QObject {
     Q_OBJECT
 public:
-    /// In the order in which they are decoded: receiver's latitude and longitude, transmitter's.
+    /// In the order of decoding: latitude and longitude of the receiver, then of the transmitter.
     using Fields = std::array<LocationField*, 4>;
     PositionEntry(const Fields& apField, QObject* pParent);
 
-    /// Shows the settings' positions; nothing waits after that.
+    /// Shows the settings' positions and drops what was typed.
     void Show(const Settings& settings);
-    /// Positions were typed that no update has taken yet.
+    /// True if positions were typed that no update has taken over yet.
     [[nodiscard]] bool WaitingIs() const;
-    /// Takes over what waits, where it decodes and is in range. Nobody is asked, nothing is told. A
-    /// row whose position in the settings is not the one shown keeps that: a command set it.
+    /// Takes over typed positions that decode and are in range, without messages. If a command has
+    /// since set a row in the settings, its value is kept.
     void WaitingTake(Settings& settings);
-    /// A command sets this row itself: what waits there is given up.
-    /// @param iRow  0 the receiver, 1 the transmitter
+    /// Call when a command sets a row: drops what was typed in it.
+    /// @param iRow  0 receiver, 1 transmitter
     void RowDrop(int iRow);
     void RowsDrop();
-    /// Takes the fields over one after the other: what was decoded before a text that cannot be is
-    /// kept. @return false when one was refused
+    /// Takes the fields over one after another; those before one that cannot be decoded are kept.
+    /// @return false if one was refused
     bool Take(Settings& settings);
 
 Q_SIGNALS:
     void Edited();                        ///< after each accepted key, paste or undo
     void Entered();                       ///< Return was pressed
     void Hinted(const QString& sAdvice);  ///< after a key or paste was dropped
-    void TransmitterChanged();            ///< also when the program set it
+    void TransmitterChanged();            ///< also when the program sets it
     void Refused(
         const QString& sWhy);  ///< "Receiver latitude 90°00.01'N is out of range, 90° at most"
 
@@ -51,6 +51,6 @@ private:
     [[nodiscard]] bool FieldWaits(std::size_t iField) const;
 
     Fields m_apField;
-    std::array<QString, 4> m_asShown;   ///< the fields' texts as the program set them
-    std::array<double, 4> m_adShown{};  ///< and the settings' values behind them
+    std::array<QString, 4> m_asShown;   ///< the fields' texts as last set by the program
+    std::array<double, 4> m_adShown{};  ///< and the settings' values for them
 };

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Shows a window, or brings the one that is there to the front.
+/// Shows a window, or brings it to the front if it is already open.
 void WindowRaise(QWidget& window)
 {
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
@@ -151,7 +151,7 @@ void SideWindows::Unload()
           QPointer<PlanWindow>(m_pCurves), QPointer<PlanWindow>(m_pPlaces),
           QPointer<PlanWindow>(m_pDays), QPointer<PlanWindow>(m_pCompare)}) {
         if (pPlan)
-            pPlan->close();  // keeps its place
+            pPlan->close();  // saves its place
         delete pPlan;
     }
     delete m_pAbout;

@@ -1,5 +1,5 @@
 /// @file SideWindows.h
-/// The windows beside the main one: opened once, brought to the front after that.
+/// The windows beside the main one: each is opened once and then brought to the front.
 ///
 /// Tests:   tests/ui/main/FrmMainStartTest.cpp, FrmMainSelectionTest.cpp
 #pragma once
@@ -26,7 +26,7 @@ class frmReach;
 
 class SideWindows {
 public:
-    /// @param window  the main window, as host and as the place beside which the others appear
+    /// @param window  the main window, beside which the others open
     SideWindows(QWidget& window, PlanHost& host);
 
     void AboutShow();
@@ -38,21 +38,21 @@ public:
     void ReachShow();
     void DaysShow();
     void CompareShow();
-    /// Shows the details of a cell; without activating a window that is there.
+    /// Shows the details of a cell; does not activate a window that is already open.
     void DetailsShow(GridControl& grdMain);
     void DetailsRaise();
-    /// The hour that open details show; -1 for none.
+    /// The hour shown in the details window; -1 for none.
     [[nodiscard]] int DetailsHourGet() const;
-    /// An open details window follows every new table, also when no row is selected (one that a
-    /// shorter list lacks, or after a failed run): then it highlights none.
-    /// @param cell  hour -1: nothing is filled
+    /// An open details window follows every new table. When no row is selected (after a failed run,
+    /// or if a shorter list lacks it) no row is highlighted.
+    /// @param cell  hour -1: nothing is filled in
     void DetailsFill(const SelectedCell& cell, const QString& sTime, const PropagationTable& table);
-    /// What follows the settings, before a run.
+    /// Updates the windows that follow the settings, before a run.
     void Update();
-    /// The owner calls it before its own end: a closing window still asks the host.
+    /// To be called by the owner before its own destruction: closing windows still use the host.
     void Unload();
 
-    // Null while closed.
+    // nullptr while closed.
     QPointer<frmAbout> m_pAbout;
     QPointer<frmCard> m_pCard;
     QPointer<frmCurves> m_pCurves;
@@ -67,5 +67,5 @@ public:
 private:
     QWidget& m_window;
     PlanHost& m_host;
-    PageForm m_formCard;  // how the last card was wanted
+    PageForm m_formCard;  // the choices made for the last card
 };

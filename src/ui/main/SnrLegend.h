@@ -1,5 +1,5 @@
 /// @file SnrLegend.h
-/// The colour scale of the table in one line: a box for each band with its lower bound.
+/// The table's colour scale in one line: for each band a box with its lower limit.
 /// Tests:   tests/ui/main/FrmMainTableTest.cpp
 #pragma once
 

@@ -12,7 +12,7 @@ constexpr std::size_t kHam = 0;
 constexpr std::size_t kSailMail = 1;
 constexpr std::size_t kOther = 2;
 
-/// A caption as shown: "&" is a letter here, never a mnemonic.
+/// A caption as shown: "&" is an ordinary character here, not a mnemonic.
 QString CaptionShown(const Station& station)
 {
     return QString::fromStdString(TextForMessage(station.sKey + " - " + station.sName))
@@ -37,7 +37,7 @@ QMenu* StationMenu::BranchAdd(Branch& branch, const QString& sCaption, const QSt
 {
     branch.pMenu = addMenu(sCaption);
     branch.pMenu->setObjectName(sName);
-    // One scrolling column: the default breaks long lists into columns wider than the screen.
+    // One scrolling column: by default Qt breaks long lists into columns wider than the screen.
     branch.pMenu->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
     branch.pMenu->menuAction()->setEnabled(false);
     branch.aItems.push_back(ItemMake(branch, 0));
@@ -93,7 +93,7 @@ void StationMenu::ItemsLayout(Branch& branch)
             branch.aItems.push_back(ItemMake(branch, n));
         QAction* pItem = branch.aItems[n];
         pItem->setText(CaptionShown(branch.aStations[n]));
-        // Now: an item that changes while its menu is open makes the menu as long as its list.
+        // Set now: changing an item while its menu is open would make the menu as long as its list.
         pItem->setStatusTip(Tip(branch.aStations[n]));
         pItem->setEnabled(true);
         pItem->setVisible(true);
@@ -104,7 +104,7 @@ void StationMenu::ItemsLayout(Branch& branch)
 
 QAction* StationMenu::ItemMake(Branch& branch, std::size_t n)
 {
-    // Tips go to the parent of an item: the window with the status line.
+    // Tips go to an item's parent: the window with the status line.
     auto* pItem = new QAction(m_pTips);
     pItem->setObjectName(branch.pMenu->objectName() + QStringLiteral("Station")
                          + QString::number(n));

@@ -1,7 +1,7 @@
 /// @file StationMenu.h
-/// The pop-up tree of Airmail's stations: Ham, SailMail and Other, each with one item per station.
+/// The menu of Airmail's stations: Ham, SailMail and Other, each with one item per station.
 ///
-/// Errors:  station files that cannot be read are told by the Airmail reader, one box each.
+/// Errors:  the Airmail reader reports each station file that cannot be read in a message box.
 /// Tests:   tests/ui/main/FrmMainStationsTest.cpp
 #pragma once
 
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-/// A station and the list it is from.
+/// A station and the list that it comes from.
 struct Station {
     std::string sSystem;
     std::string sKey;
@@ -23,11 +23,12 @@ public:
     /// @param pTips  the window whose status line shows the items' tips
     explicit StationMenu(QWidget* pTips);
 
-    /// Fills the tree from Airmail's lists. Items are reused by their place; those beyond a list
-    /// are hidden. A submenu is available when the last list of its kind could be read.
-    /// @return false when Airmail has no lists (told by a box); the menu is not to be shown.
+    /// Fills the menu from Airmail's lists. Items are reused by position; surplus ones are hidden.
+    /// A submenu is enabled if the last list of its kind could be read.
+    /// @return false when Airmail has no lists, which a message box has reported; do not show the
+    /// menu then
     bool Build();
-    /// The receiver, degrees: tips tell the bearing from there.
+    /// The receiver in degrees; the tips give the bearing from there.
     void ReceiverSet(double dLat, double dLon);
 
     QMenu* mnuTransmitterHam;

@@ -7,7 +7,7 @@
 
 #include "ui/common/ElidedLabel.h"
 
-// The window does not grow for any of them.
+// No text makes the window grow.
 StatusLine::StatusLine(QStatusBar& bar, QObject* pParent)
     : QObject(pParent),
       lblTrouble(new ElidedLabel(&bar)),
@@ -47,7 +47,7 @@ bool StatusLine::HintSet(const std::string& sHint)
     return std::exchange(m_sHint, sHint) != sHint;
 }
 
-/// What is said; a notice is used up by that.
+/// The text to show; a notice is shown only once.
 std::string StatusLine::TroubleTake()
 {
     for (const std::string* pText : {&m_sHint, &m_sRefused, &m_sTrouble, &m_sOverlayTrouble})
@@ -87,7 +87,7 @@ bool StatusLine::eventFilter(QObject* pObject, QEvent* pEvent)
     return QObject::eventFilter(pObject, pEvent);
 }
 
-/// What went wrong is cut where it would hide what is in force: its tooltip has all of it.
+/// A message of trouble is cut where it would hide what is in force; its tooltip has the full text.
 void StatusLine::RoomShare()
 {
     constexpr int kGaps = 10;  // size grip and spaces, in average letters
@@ -98,7 +98,7 @@ void StatusLine::RoomShare()
     const int nBest = metrics.horizontalAdvance(lblBest->text());
     const bool bBest = (lblTrouble->text().isEmpty() || m_bWarning) && !lblBest->text().isEmpty()
                        && nBest <= nLeft;
-    // Of a warning a few words at least, or nothing: the tooltip of what is in force has it too.
+    // A few words of a warning at least, or nothing: the tooltip of what is in force has it too.
     const int nWarning = bBest ? nLeft - nBest - kGaps * metrics.averageCharWidth() : nLeft;
     const int nLeast = 2 * kGaps * metrics.averageCharWidth();
     lblTrouble->setMaximumWidth(m_bWarning ? std::max(nWarning, nLeast)

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The engine, of Hopcast's own how it computes too.
+/// The engine; for Hopcast's own, also its method.
 std::string EngineText(const Request& input, bool bBuiltIn, StatusForm eForm)
 {
     const std::string sEngine = RequestEngineText(input.iModel);
@@ -41,7 +41,7 @@ std::string NumberText(const Request& input, const StatusFacts& facts, StatusFor
                   : RequestSunSpotText(input, facts.sAirMail);
 }
 
-/// What happened, as somebody says it who does not know the inside of the program.
+/// What happened, in words for someone who does not know how the program works.
 std::string FailureWords(FailureKind eKind, const std::string& sEngine)
 {
     switch (eKind) {
@@ -66,7 +66,7 @@ std::string FailureWords(FailureKind eKind, const std::string& sEngine)
     return WordsPut(QObject::tr("%1 failed"), sEngine);
 }
 
-/// The message's first line, and what else is known.
+/// The first line of the message, and what else is known.
 std::string FailureLine(const Failure& failure)
 {
     return LineFirst(failure.sText) + (failure.sDetail.empty() ? "" : " (" + failure.sDetail + ")");

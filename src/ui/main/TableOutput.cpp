@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The table as it stands in the window.
+/// The table as shown in the window.
 Page PageGet(const QWidget& window, const GridControl& grd, const PlanHost& host)
 {
     const PropagationTable& table = host.TableGet();

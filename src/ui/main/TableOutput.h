@@ -1,10 +1,10 @@
 /// @file TableOutput.h
-/// What leaves the main window: its table by clipboard and file, and the keys of every window that
-/// copy a grid and print.
+/// Copy and export of the main window's table, and the keys for copying and printing in every
+/// window.
 ///
-/// Keys:    Ctrl+Shift+C copies the grid that has the focus, in the main window its table; Ctrl+P
-///          is the menu's.
-/// Errors:  told in a box.
+/// Keys:    Ctrl+Shift+C copies the grid that has the focus; in the main window, its table. Ctrl+P
+///          belongs to the menu.
+/// Errors:  shown in a message box.
 /// Tests:   tests/ui/plan/TableOutputTest.cpp
 #pragma once
 
@@ -23,7 +23,7 @@ public:
 
     void Copy() const;
     void Export();
-    /// The planning window that has the focus; without one the card is asked for.
+    /// Prints from the planning window that has the focus; otherwise opens Print Card.
     void Print();
 
 Q_SIGNALS:

@@ -22,7 +22,7 @@ std::string FileNameGet(const std::string& sFile)
     return nFolder == std::string::npos ? sFile : sFile.substr(nFolder + 1);
 }
 
-/// The number that Airmail has while the typed one is in force; empty without Airmail.
+/// Airmail's number while the typed one is in force; empty without Airmail.
 std::string AirMailNumber(const Settings& settings)
 {
     if (settings.m_bPropagationSunSpotNumber)
@@ -102,7 +102,8 @@ bool TableRun::Make()
     return TableMake();
 }
 
-/// The list is taken from its labels, so a prediction is for the whole kHz that the user sees.
+/// The frequencies are read from the labels, so a prediction is for the whole kHz that the user
+/// sees.
 bool TableRun::ListTake()
 {
     for (int i = 1; i <= m_settings.m_nData; ++i)
@@ -111,7 +112,7 @@ bool TableRun::ListTake()
     return !FrequenciesInRangeGet(RequestFromSettings(m_settings)).empty();
 }
 
-/// A new table is filled apart, so that a failed run leaves the old one in force.
+/// The new table is made separately, so that a failed run leaves the old one in force.
 bool TableRun::TableMake()
 {
     PropagationTable table(m_settings.m_nData);

@@ -1,8 +1,8 @@
 /// @file TableRun.h
-/// The main window's prediction: the table that is shown, and the run that makes the next one.
+/// The main window's prediction: the table shown, and the run that makes the next one.
 ///
-/// Errors:  a failure is told in a box where it is met; TroubleGet says what to do. A failed run
-///          leaves the table as it was.
+/// Errors:  a failure is shown in a message box where it occurs; TroubleGet says what to do. A
+///          failed run leaves the table unchanged.
 /// Tests:   tests/ui/main/FrmMainUpdateTest.cpp
 #pragma once
 
@@ -18,29 +18,29 @@ class GridControl;
 
 class TableRun {
 public:
-    /// @param grd  whose first column holds the labels of the frequencies to predict
+    /// @param grd  its first column holds the labels of the frequencies to predict
     TableRun(Settings& settings, const GridControl& grd);
 
     bool Make();
-    /// The table of the last run that succeeded; without rows before the first one.
+    /// The table of the last successful run; without rows before the first one.
     [[nodiscard]] PropagationTable& TableGet() { return m_table; }
     [[nodiscard]] const PropagationTable& TableGet() const { return m_table; }
     [[nodiscard]] bool TableIs() const { return m_table.nData > 0; }
-    /// The table is that of an earlier run than the last one.
+    /// True if the last run failed: the table is from an earlier one.
     [[nodiscard]] bool OldIs() const { return m_bOld; }
-    /// What the table was made for; before the first one, what it would be made for.
+    /// The table's input; before the first table, the input that it would have.
     [[nodiscard]] Request InputGet() const;
-    /// What the settings ask for; only the run knows which source its sunspot number came from.
+    /// The request that the settings make; only the run knows the source of its sunspot number.
     [[nodiscard]] Request RequestGet() const;
-    /// What went wrong at the last run, in one line; empty when all of it succeeded.
+    /// What went wrong in the last run, in one line; empty if it fully succeeded.
     [[nodiscard]] const std::string& TroubleGet() const { return m_sTrouble; }
-    /// What is worth telling of the table's sunspot number, in one line; empty for nothing.
+    /// A warning about the table's sunspot number in one line; empty for none.
     [[nodiscard]] const std::string& WarningGet() const { return m_sWarning; }
     [[nodiscard]] std::string InForceGet(StatusForm eForm) const;
-    /// Scale, date and age of the table's sunspot number, or Airmail's place of it; empty where it
-    /// was typed.
+    /// Scale, date and age of the table's sunspot number, or where Airmail has it; empty if it was
+    /// typed.
     [[nodiscard]] std::string SunSpotDetailGet() const;
-    /// The row with the highest SNR of an hour, the first of equal ones; -1 where none has a value.
+    /// The row with the highest SNR of an hour, the first of equals; -1 if none has a value.
     [[nodiscard]] int BestRowGet(int iHour) const;
 
 private:
@@ -56,6 +56,6 @@ private:
     SunSpotRun m_ssn;              ///< of the last run
     std::string m_sSunSpotDetail;  ///< of the table
     std::string m_sWarning;        ///< of the table
-    std::string m_sAirMail;        ///< Airmail's number at the last run, where it was not asked
+    std::string m_sAirMail;  ///< Airmail's number at the last run, if another source was in force
     bool m_bOld = false;
 };

@@ -72,7 +72,7 @@ void frmMain::showEvent(QShowEvent* pEvent)
         ActivationBegin();
 }
 
-/// What belongs before the window is seen: its pictures, its settings and its place.
+/// Prepares the window before it is seen: pictures, settings and place.
 void frmMain::ActivationBegin()
 {
     m_bActivating = true;
@@ -81,14 +81,14 @@ void frmMain::ActivationBegin()
     m_table->HoursLayout();
     RowsLayout();
     const QRect rectScreen = screen()->availableGeometry();
-    // The table has only now got its columns; the layouts would learn of that by an event to come.
+    // The table has just got its columns; the layouts would only learn of it through a later event.
     for (QLayout* pLayout : {pnlMain->layout(), centralwidget->layout(), layout()}) {
         pLayout->invalidate();
         pLayout->activate();
     }
     resize(sizeHint().boundedTo(rectScreen.size()));
     m_pFile->ProfileRead();
-    m_pPalette->Take();  // by night nothing bright is shown, not even at first
+    m_pPalette->Take();  // so that in Night nothing bright is shown, even for a moment
     AirMailFoldersFind();
     RowsLayout();
     m_pEntry->Show(m_settings);
@@ -96,8 +96,8 @@ void frmMain::ActivationBegin()
     m_pClock->Start();
 }
 
-/// The first prediction waits until the window is on the screen, so that a slow engine does not
-/// look like a program that will not start.
+/// The first prediction waits until the window is on the screen; with a slow engine it would seem
+/// that the program does not start.
 void frmMain::paintEvent(QPaintEvent* pEvent)
 {
     QMainWindow::paintEvent(pEvent);
@@ -126,8 +126,8 @@ void frmMain::closeEvent(QCloseEvent* pEvent)
         pEvent->ignore();
         return;
     }
-    // The caller of an open box may be a part of the windows that end here. Who ends the program by
-    // a signal asks again.
+    // An open box's caller may belong to the windows that would be destroyed here. A program that
+    // is ended by a signal calls this again.
     if (BoxOpen::Is()) {
         pEvent->ignore();
         return;
@@ -169,7 +169,7 @@ bool frmMain::Update()
     return bOk;
 }
 
-/// What the settings alone decide, shown before the run.
+/// Shows what depends on the settings alone, before the run.
 void frmMain::LayoutRenew(int iRow)
 {
     m_table->HoursLayout();
@@ -194,7 +194,7 @@ bool frmMain::PredictionRun()
         RangeShow(*this, m_run->TableGet());
         TableShow(m_run->TableGet(), *grdData);
     }
-    // Once: repaints and timers. What the user types and clicks waits for the end of the run.
+    // Once, for repaints and timers. The user's keys and clicks wait until the run ends.
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     if (pFocus && pFocus != QApplication::focusWidget())
         pFocus->setFocus();
@@ -210,7 +210,7 @@ void frmMain::SuccessShow()
     cmdUpdate->setEnabled(false);
 }
 
-/// The old table stays in force, under the labels of the list that it was made for.
+/// The old table stays in force, under the labels of its own list.
 void frmMain::FailureShow()
 {
     DataSetSelected(-1, -1);
@@ -225,7 +225,7 @@ void frmMain::FailureShow()
 void frmMain::StatusShow()
 {
     BestShow();
-    m_pNeed->Show();  // before the line shares the room that is left
+    m_pNeed->Show();  // before the status line shares out the remaining room
     m_pStatus->Show(m_run->InForceGet(StatusForm::Long), m_run->InForceGet(StatusForm::Short),
                     m_run->SunSpotDetailGet());
     TableNeedShow(m_run->TableGet(), m_pNeed->NeedGet(), *grdData);
@@ -237,7 +237,7 @@ void frmMain::StatusShow()
 
 bool frmMain::TableOldIs() const { return m_run->OldIs() || m_pEntry->WaitingIs(); }
 
-/// The hour goes on while the table stays.
+/// The hour changes while the table stays.
 void frmMain::BestShow()
 {
     const int iHour = UtcNow().nHour + 1;
@@ -264,7 +264,7 @@ void frmMain::OverlayFailedSet(const std::optional<Failure>& failure)
     m_pStatus->OverlayTroubleSet(
         failure ? StatusTrouble(RunTrouble::Overlay, m_settings.m_iPropagationModel, failure)
                 : std::string());
-    if (!m_pCommands->RunningIs())  // the end of the run shows it
+    if (!m_pCommands->RunningIs())  // otherwise the end of the run shows it
         StatusShow();
 }
 
@@ -295,13 +295,13 @@ void frmMain::FrontTake()
 
 bool frmMain::TakenIs() const { return m_pPlan->TakenIs(); }
 
-/// It stands behind the program's name.
+/// It follows the program's name.
 QString frmMain::TransmitterNameGet() const
 {
     return windowTitle().section(QStringLiteral(" - "), 1);
 }
 
-/// A planning window asks for what the user sees, so what was typed comes into force before.
+/// A planning window asks about what the user sees, so typed positions come into force first.
 void frmMain::WaitingUpdate()
 {
     if (m_pEntry->WaitingIs())
@@ -334,7 +334,7 @@ void frmMain::grdDataClick(int iRow, int iCol)
     grdData->CurrentSet(iRow, iCol);
 }
 
-/// As a click, but details that are closed stay closed, so that the keys stay in the table.
+/// Like a click, but closed details stay closed, so that the keys stay in the table.
 void frmMain::grdDataMove(int iRow, int iCol)
 {
     DataSetSelected(iRow, iCol);
@@ -368,7 +368,8 @@ void frmMain::mnuViewDetailDataClick()
         m_windows.DetailsRaise();
 }
 
-/// The details of the selected cell. @return false when none is selected
+/// Shows the details of the selected cell.
+/// @return false if none is selected
 bool frmMain::DetailsShow()
 {
     const SelectedCell cell = m_settings.m_selected;
@@ -383,6 +384,6 @@ void frmMain::DetailsFill()
 {
     SelectedCell cell = m_settings.m_selected;
     if (cell.iHour == -1)
-        cell.iHour = m_windows.DetailsHourGet();  // without a selection they keep theirs
+        cell.iHour = m_windows.DetailsHourGet();  // without a selection they keep their hour
     m_windows.DetailsFill(cell, m_table->TimeGet(cell.iHour), m_run->TableGet());
 }

@@ -1,11 +1,11 @@
 /// @file frmMain.h
-/// The main window: owner of the settings, the prediction table and the selected cell, and the only
-/// place from which a prediction is started. What it does is done by its parts, one subject each;
-/// it joins them.
+/// The main window: owns the settings, the prediction table and the selected cell, and is the only
+/// place from which a prediction is started. Each of its parts does the work of one subject; this
+/// class connects them.
 ///
-/// Errors:  a failure is told in a box where it is met; the status line says what to do. No failure
-///          ends the program.
-/// Threads: one. While a run is under way, commands, menus and the close box wait for its end.
+/// Errors:  a failure is shown in a message box where it occurs; the status line says what to do.
+///          No failure ends the program.
+/// Threads: one. During a run, commands, menus and the close box wait until it ends.
 /// Tests:   tests/ui/main/FrmMain*Test.cpp
 #pragma once
 
@@ -47,8 +47,8 @@ public:
     void Initialize() override;
     bool Update() override;
     [[nodiscard]] std::uint32_t SnrGetColor(float fSnr) const override;
-    /// The report of a failed save of the profile.
-    /// @param nErrorCode  the system's error code of the failed write
+    /// Reports a failed save of the profile.
+    /// @param nErrorCode  the system's error code for the failed write
     void ProfileSaveError(int nErrorCode) const;
     [[nodiscard]] float FrequencyGet(int iIndex) const override;
     void FrequencySet(int iIndex, float fValue) override;
@@ -66,16 +66,16 @@ public:
     void PlanTake(const PlanTaking& taking) override;
     [[nodiscard]] bool TakenIs() const override;
     [[nodiscard]] QString TransmitterNameGet() const override;
-    /// Hands in the engines for many predictions; without it each goes by its program.
+    /// Makes the engines for many predictions; by default they run their programs.
     using EngineFn = std::function<std::shared_ptr<const Engine>(int iModel)>;
     void EnginesSet(EngineFn fnEngine) { m_fnEngine = std::move(fnEngine); }
-    /// The first showing is over: profile read, first prediction done.
+    /// True once the first showing is complete: profile read, first prediction done.
     [[nodiscard]] bool ActivatedIs() const { return m_bActivated; }
 
     Settings m_settings;
     StationMenu* mnuTransmitter;
     QTimer* tmrTime;
-    QLabel* lblTrouble;  ///< status line: what went wrong last and what to do about it
+    QLabel* lblTrouble;  ///< status line: what last went wrong and what to do about it
     QLabel* lblBest;     ///< status line: the best frequency of this hour
     QLabel* lblInForce;  ///< status line: engine, month, sunspot number, power of the table
 
@@ -83,7 +83,7 @@ private:
     SideWindows m_windows{*this, *this};
 
 public:
-    // The windows beside this one; null while closed.
+    // The windows beside this one; nullptr while closed.
     const QPointer<frmAbout>& m_pAbout = m_windows.m_pAbout;
     const QPointer<frmCard>& m_pCard = m_windows.m_pCard;
     const QPointer<frmCurves>& m_pCurves = m_windows.m_pCurves;
@@ -96,7 +96,7 @@ public:
     const QPointer<frmReach>& m_pReach = m_windows.m_pReach;
 
 Q_SIGNALS:
-    void Activated();  ///< after the first showing's prediction
+    void Activated();  ///< after the first prediction
 
 protected:
     void showEvent(QShowEvent* pEvent) override;
@@ -153,7 +153,7 @@ private:
     std::optional<MainTable> m_table;
     std::optional<TableRun> m_run;
     EngineFn m_fnEngine;
-    int m_iRowChosen = -1;  ///< selected before the run that failed, for the next one
+    int m_iRowChosen = -1;  ///< selected before a failed run, to be selected again by the next
     bool m_bActivated = false;
     bool m_bActivating = false;
     bool m_bPainted = false;

@@ -1,4 +1,4 @@
-// How the main window's parts are made and joined.
+// Makes and connects the main window's parts.
 #include <QApplication>
 #include <QShortcut>
 #include <QTimer>
@@ -59,7 +59,7 @@ void frmMain::PartsMake()
     m_table.emplace(*grdData, m_settings);
     m_run.emplace(m_settings, *grdData);
     m_pPalette = new PaletteCommands(*this, this);
-    // The details' cells have the selection's text colour.
+    // Cells of the details have the selection's text colour.
     connect(&PaletteSignal::Get(), &PaletteSignal::Changed, this, [this] { DetailsFill(); });
     m_pOutput = new TableOutput(*this, *grdData, *this, this);
     connect(m_pCommands, &CommandQueue::UpdateAsked, this, &frmMain::Update);
