@@ -15,7 +15,7 @@ using Entries = std::array<const char*, 3>;
 constexpr Entries kOfVoacap{QT_TRANSLATE_NOOP("QObject", "antennas with gain at both ends"),
                             QT_TRANSLATE_NOOP("QObject", "station with gain, boat with whip"),
                             QT_TRANSLATE_NOOP("QObject", "whips at both ends")};
-/// One behind the captions, and without antennas at the last one, as its cards have it.
+/// Each caption means the next one of VOACAP's; the last means no antennas, as in REC533's cards.
 constexpr Entries kOfRec533{QT_TRANSLATE_NOOP("QObject", "station with gain, boat with whip"),
                             QT_TRANSLATE_NOOP("QObject", "whips at both ends"),
                             QT_TRANSLATE_NOOP("QObject", "antennas without gain")};

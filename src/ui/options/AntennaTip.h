@@ -1,12 +1,12 @@
 /// @file AntennaTip.h
-/// What the entries of the antenna list mean with an engine. Their captions are VOACAP's and
-/// ICEPAC's; REC533 takes them otherwise.
+/// What the entries of the antenna list mean to an engine. Their captions are those of VOACAP and
+/// ICEPAC; REC533 interprets them differently.
 ///
 /// Tests:   tests/ui/options/FrmOptionsLoadTest.cpp
 #pragma once
 
 #include <QString>
 
-/// One line for the engine and one for each entry, with the power that comes with it; empty for an
-/// engine that is none.
+/// One line for the engine and one for each entry, with the entry's power; empty for an unknown
+/// engine.
 [[nodiscard]] QString AntennaTipGet(int iModel);

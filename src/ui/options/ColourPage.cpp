@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kRowsOfPreview = 2;  // heights of a line
+constexpr int kRowsOfPreview = 2;  // in line heights
 
 QString AboutGet(Palette ePalette)
 {
@@ -39,7 +39,7 @@ ColourPage::ColourPage(QWidget* pParent)
 {
     cmbPalette->setObjectName(QStringLiteral("cmbPalette"));
     lblPaletteAbout->setObjectName(QStringLiteral("lblPaletteAbout"));
-    // In the order of the palettes.
+    // In the order of the enum Palette.
     cmbPalette->addItems({tr("Standard"), tr("Safe"), tr("Night"), tr("Print")});
     cmbPalette->setToolTip(tr("Colours of the signal-to-noise ratio\nCtrl+Shift+N switches Night"));
     cmbPalette->setAccessibleName(tr("Palette: colours of the signal-to-noise ratio"));
@@ -72,7 +72,7 @@ Palette ColourPage::PaletteGet() const
     return static_cast<Palette>(std::max(0, cmbPalette->currentIndex()));
 }
 
-/// Each band with a number that it may show.
+/// Each band with a sample number.
 QWidget* ColourPage::PreviewMake()
 {
     auto* pPreview = new QWidget;

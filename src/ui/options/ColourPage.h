@@ -1,5 +1,5 @@
 /// @file ColourPage.h
-/// The tab Colours of the options: the palette of the SNR, and how its bands will look. The choice
+/// The tab Colours of the options: the palette of the SNR, with a preview of its bands. The choice
 /// is read and written with the other settings; Ctrl+Shift+N may change it meanwhile.
 ///
 /// Units:   dB in 1 Hz.
@@ -19,12 +19,12 @@ class ColourPage final : public QWidget {
     Q_OBJECT
 public:
     explicit ColourPage(QWidget* pParent);
-    /// What is chosen here.
+    /// The palette chosen on the tab.
     [[nodiscard]] Palette PaletteGet() const;
 
     QComboBox* cmbPalette;
     QLabel* lblPaletteAbout;
-    std::vector<BandLabel*> m_apBand;  ///< the preview, from the best down
+    std::vector<BandLabel*> m_apBand;  ///< the preview, best band first
 
 private:
     QWidget* PreviewMake();

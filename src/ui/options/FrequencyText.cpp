@@ -12,10 +12,10 @@ namespace {
 
 constexpr std::string_view kLineBreak = "\r\n";
 
-/// What is wrong with a line, in a few words.
+/// What is wrong with a line, in few words.
 std::string HintGet(std::string_view sLine, int iLine)
 {
-    constexpr std::size_t kShown = 20;  // characters of the line; the hint stands in one column
+    constexpr std::size_t kShown = 20;  // characters; the hint is one column wide
     const std::string_view sText = TextTrim(sLine);
     const std::string sNumber = WordsPut(QObject::tr("Line %1"), NumberToText(iLine));
     if (sText.empty())

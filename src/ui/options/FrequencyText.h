@@ -1,5 +1,5 @@
 /// @file FrequencyText.h
-/// The frequency list as the text that the user edits, one frequency a line, and the amateur
+/// The list of frequencies as text for the user to edit, one frequency per line, and the amateur
 /// bands.
 ///
 /// Units:   kHz.
@@ -16,25 +16,25 @@
 using FrequencyGetFn = std::function<float(int iIndex)>;
 using FrequencySetFn = std::function<void(int iIndex, float fKhz)>;
 
-/// A line that was not taken.
+/// A line that was refused.
 struct FrequencyRefused {
     int iLine = 0;      ///< from 1
-    std::string sHint;  ///< what is wrong with it, short: "13,992 has a comma"
+    std::string sHint;  ///< what is wrong with it, in brief: "13,992 has a comma"
 };
 
-/// Entries 1..nCount in whole kHz, without a line break behind the last one.
+/// Entries 1..nCount in whole kHz, with no line break after the last one.
 [[nodiscard]] std::string FrequencyListToText(int nCount, const FrequencyGetFn& fnGet);
 
-/// Converts line by line; each frequency is stored before the next line is looked at, and nCount
-/// set when all were. A line that is no number stops the walk with a box: what was stored before it
-/// stays stored, nCount stays as it is. So a line break at the end always fails, on its empty last
-/// line. Of more than 15 lines the first 15 are taken, nCount becomes 15, and a box says so.
-/// @param pRefused  gets the line that stopped the walk.
-/// @return true when every line was taken.
+/// Converts line by line. Each frequency is stored before the next line is read; nCount is set once
+/// all are stored. A line that is not a number ends the conversion with a message box: frequencies
+/// before it stay stored and nCount is unchanged. So a line break at the end always fails, on the
+/// empty last line. Of more than 15 lines the first 15 are taken, nCount becomes 15, and a message
+/// box says so.
+/// @param pRefused  receives the line that ended the conversion
+/// @return true if every line was taken
 bool FrequencyListFromText(std::string_view sText, const FrequencySetFn& fnSet, int& nCount,
                            FrequencyRefused* pRefused = nullptr);
 
-/// The middle of a band, rounded to whole kHz as the list shows it: "7225 - 7300  (40 m)" gives
-/// "7263".
-/// @return nothing for a text that does not start with two numbers and a dash between them.
+/// The middle of a band in whole kHz: "7225 - 7300  (40 m)" gives "7263".
+/// @return nothing for a text that does not begin with two numbers and a dash between them
 [[nodiscard]] std::optional<std::string> BandMiddleGet(std::string_view sBand);

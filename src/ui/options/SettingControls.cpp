@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The buttons "optName0", "optName1" ... as one group.
+/// Makes the buttons "optName0", "optName1" ... one group.
 QButtonGroup* GroupMake(QWidget& window, const QString& sName)
 {
     auto* pGroup = new QButtonGroup(&window);
@@ -23,7 +23,7 @@ QButtonGroup* GroupMake(QWidget& window, const QString& sName)
     return pGroup;
 }
 
-/// Selects the button of a number; a number without one leaves none selected.
+/// Selects the button of a number, or none if no button has it.
 void GroupSelect(QButtonGroup& grp, int iButton)
 {
     if (QAbstractButton* pButton = grp.button(iButton)) {
@@ -36,7 +36,7 @@ void GroupSelect(QButtonGroup& grp, int iButton)
     grp.setExclusive(true);
 }
 
-/// What an entry of a list stands for: the choice or the number of its place, else its own text.
+/// The value of a list's entry: its choice or the number of its position, otherwise its own text.
 std::string EntryValue(const SettingRow& row, const QComboBox& combo, int iEntry)
 {
     const auto nEntry = static_cast<std::size_t>(iEntry);
@@ -101,7 +101,7 @@ Result<void> BoxRead(const SettingRow& row, const QLineEdit& box, Settings& sett
     return {};
 }
 
-/// Controls that cannot hold a wrong value.
+/// Reads a control that cannot hold an invalid value.
 void ChoiceRead(const SettingRow& row, const QObject* pObject, Settings& settings)
 {
     if (const auto* pList = qobject_cast<const QComboBox*>(pObject)) {

@@ -1,10 +1,10 @@
 /// @file SettingControls.h
-/// The controls of the settings' table: each row's control, found by its object name, shows the
-/// row's setting and gives it back. A box of text, a list, a check box, or a group of buttons whose
-/// names end in the value that each stands for.
+/// The controls for the table of settings. Each row's control is found by its object name, shows
+/// the row's setting and gives it back. It is a text box, a list, a check box, or a group of
+/// buttons whose names end in the value that each stands for.
 ///
 /// Units:   as in the table; numbers as their shortest text.
-/// Errors:  a text that is no number in range is handed back with the reason.
+/// Errors:  a text that is not a number in range is refused with the reason.
 /// Tests:   tests/ui/options/FrmOptions*Test.cpp
 #pragma once
 
@@ -18,31 +18,32 @@
 class SettingControls {
 public:
     SettingControls() = default;
-    /// Finds the controls below a window, which outlives this object. Where one is missing its
-    /// setting is left alone.
+    /// Finds the controls in a window, which must outlive this object. A setting whose control is
+    /// missing is left alone.
     explicit SettingControls(QWidget& window);
 
-    /// Settings to controls, in the table's order. A value that a list or a group of buttons does
-    /// not offer leaves nothing selected there.
+    /// Copies settings to controls, in the table's order. A value that a list or group of buttons
+    /// does not offer leaves nothing selected there.
     void Load(const Settings& settings) const;
-    /// The same for one box.
+    /// The same for one text box.
     void Load(const QLineEdit& box, const Settings& settings) const;
 
-    /// The text of a box is one that Read takes.
+    /// True if Read would accept the text of a box.
     [[nodiscard]] bool TextFits(const QLineEdit& box) const;
 
     struct Refused {
         QLineEdit* pBox = nullptr;  ///< nullptr: nothing was refused
         std::string sWhy;           ///< "Type mismatch", "150 lies outside 1 to 99"
     };
-    /// Controls to settings, up to the first text that is refused. A grey box with such a text
-    /// leaves its setting alone: nobody can mend it. A list or group in which nothing
-    /// is selected leaves its setting alone.
+    /// Copies controls to settings, up to the first text that is refused. A disabled box with such
+    /// a text leaves its setting alone, because the user cannot correct it; so does a list or group
+    /// in which nothing is selected.
     [[nodiscard]] Refused Read(Settings& settings) const;
-    /// Takes over the settings that have a control, and no others.
+    /// Copies the settings that have a control, and no others.
     void Copy(const Settings& from, Settings& to) const;
 
-    /// The buttons of a setting. REQUIRES: it has such a group.
+    /// The buttons of a setting.
+    /// REQUIRES: the setting has a group of buttons
     [[nodiscard]] QButtonGroup& GroupGet(int Settings::*pMember) const;
 
 private:

@@ -18,7 +18,7 @@ namespace {
 constexpr int kColName = 0;
 constexpr int kColSnr = 1;
 constexpr int kColSource = 2;
-constexpr int kRowsShown = 6;  // the list is never lower than that
+constexpr int kRowsShown = 6;  // the list is never lower than this
 
 template <class W>
 W* Named(W* pWidget, const char* sName)
@@ -27,7 +27,7 @@ W* Named(W* pWidget, const char* sName)
     return pWidget;
 }
 
-/// The column of the figures: their signs stand before them in a mirrored window, too.
+/// The column of the figures: signs stay in front of them in a mirrored window.
 class FigureDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -69,7 +69,7 @@ StationPage::StationPage(QWidget* pParent)
     pColumn->addWidget(PowerMake());
     pColumn->addWidget(NeedsMake(), 1);
     for (QPushButton* pButton : {cmdNeedAdd, cmdNeedChange, cmdNeedRemove, cmdNeedRestore})
-        pButton->setAutoDefault(false);  // Enter is the dialog's OK
+        pButton->setAutoDefault(false);  // Enter is for the dialog's OK
     for (QLineEdit* pBox : {txtNeedName, txtNeedSnr, txtNeedSource}) pBox->installEventFilter(this);
     connect(lstNeeds, &QTreeWidget::currentItemChanged, this, &StationPage::RowShow);
     connect(cmdNeedAdd, &QPushButton::clicked, this, &StationPage::cmdNeedAddClick);
@@ -218,7 +218,7 @@ bool StationPage::Show(const Result<void>& res, int iRow)
     return static_cast<bool>(res);
 }
 
-/// Enter is the dialog's OK, but not where a need is half typed.
+/// Enter presses the dialog's OK, but not while a need is being typed.
 bool StationPage::eventFilter(QObject* pObject, QEvent* pEvent)
 {
     if (pEvent->type() != QEvent::KeyPress)

@@ -1,10 +1,11 @@
 /// @file StationPage.h
-/// The tab Station of the options: the own power, and the list of what contacts are for with its
-/// editor. The list is a copy; it is in force once Copy has put it into the settings.
+/// The tab Station of the options: the user's own power, and the list of what contacts are for,
+/// with its editor. The list is a copy, which Copy puts into the settings.
 ///
 /// Units:   W; dB in 1 Hz.
-/// Keys:    Enter in a box of the editor changes the need of that name, or adds a new one.
-/// Errors:  a need that is refused says why below the list, and stays in its boxes to be mended.
+/// Keys:    Enter in a box of the editor changes the need with that name, or adds a new one.
+/// Errors:  the reason why a need is refused is shown below the list; the need stays in its boxes
+///          to be corrected.
 /// Tests:   tests/ui/options/FrmOptionsStationTest.cpp
 #pragma once
 
@@ -24,7 +25,7 @@ public:
     void Load(const Settings& settings);
     /// Puts the list into the settings; the chosen need follows a change of its name.
     void Copy(Settings& settings) const;
-    /// Says beside the power what 0 means for an engine and an antenna choice.
+    /// Shows beside the power what 0 means for an engine and a choice of antenna.
     void PowerTell(int iModel, int iAntennaType);
     [[nodiscard]] const NeedList& NeedsGet() const { return m_needs; }
 
@@ -56,10 +57,11 @@ private:
     void cmdNeedRestoreClick();
     [[nodiscard]] Result<Need> Typed() const;
     [[nodiscard]] std::string NameGet(int iRow) const;
-    /// Shows why a change was refused, or the changed list. @return true when it was not refused
+    /// Shows why a change was refused, or else the changed list.
+    /// @return true if it was not refused
     bool Show(const Result<void>& res, int iRow);
 
     NeedList m_needs;
-    std::string m_sSelected;  // name of the need in force, as it would be after Copy
-    std::string m_sLoaded;    // the same as it was loaded; the main window may choose another
+    std::string m_sSelected;  // name of the need in force, as it will be after Copy
+    std::string m_sLoaded;    // the same as loaded; the main window may choose another
 };

@@ -17,7 +17,7 @@ frmAbout::frmAbout(QWidget* pParent) : QDialog(pParent)
     setWindowIcon(AppIconGet());
     picIcon->setPixmap(AppIconGet().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
     lblTitle->setText(QString::fromUtf8(kTitle));
-    // A label breaks its lines at line feeds only.
+    // A label breaks lines only at line feeds.
     lblDescription->setText(QString::fromStdString(AboutDescriptionGet(HOPCAST_VERSION))
                                 .replace(QStringLiteral("\r"), QStringLiteral("\n")));
 }
@@ -25,7 +25,7 @@ frmAbout::frmAbout(QWidget* pParent) : QDialog(pParent)
 std::string AboutDescriptionGet(std::string_view sVersion)
 {
     const std::size_t nMinor = sVersion.find('.') + 1;
-    // "Locationt" and "Propagtion" are the texts that users know.
+    // "Locationt" and "Propagtion" are kept as users know them.
     return WordsPut(frmAbout::tr("Version %1"),
                     std::string(sVersion.substr(0, sVersion.find('.', nMinor))))
            + "\r\r" + frmAbout::tr("1) Specify Receiver and Transmitter Locationt.").toStdString()

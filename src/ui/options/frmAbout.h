@@ -1,6 +1,6 @@
 /// @file frmAbout.h
-/// The About box: a small fixed window that names the program, its version and what it is for. It
-/// has no buttons; the close box or Escape closes it, and a closed one is destroyed.
+/// The About box: a small window of fixed size with the program's name, version and purpose. It has
+/// no buttons; the close box or Escape closes it. Closing destroys it.
 ///
 /// Tests:   tests/ui/options/FrmAboutTest.cpp
 #pragma once
@@ -17,6 +17,6 @@ public:
     explicit frmAbout(QWidget* pParent = nullptr);
 };
 
-/// The version line and the three purposes, its lines broken by single carriage returns.
-/// @param sVersion  "major.minor.patch"; only the first two parts are shown.
+/// The version line and the three purposes; single carriage returns break the lines.
+/// @param sVersion  "major.minor.patch"; only the first two parts are shown
 [[nodiscard]] std::string AboutDescriptionGet(std::string_view sVersion);

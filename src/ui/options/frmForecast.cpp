@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kLettersWide = 72;  // a quoted line of a mail
+constexpr int kLettersWide = 72;  // a quoted line of an e-mail
 
 }  // namespace
 
@@ -78,7 +78,7 @@ QString frmForecast::RequestGet()
         "send https://services.swpc.noaa.gov/json/solar-cycle/predicted-solar-cycle.json\n");
 }
 
-/// Before anything is read: what is kept already.
+/// Shown before anything is read: the forecast already kept.
 void frmForecast::KeptShow()
 {
     cmdOk->setEnabled(false);
@@ -118,7 +118,7 @@ void frmForecast::cmdOpenClick()
     if (sFile.isEmpty())
         return;
     const QSignalBlocker blocker(txtForecast);
-    txtForecast->clear();  // what is read is the file's now
+    txtForecast->clear();  // the text belongs to the file now
     Show(ForecastOpen(sFile.toStdString(), UtcNow()));
 }
 

@@ -1,8 +1,8 @@
 /// @file frmForecast.h
-/// Reads a forecast of the sunspot number: pasted or from a file. What was read, or why nothing
-/// was, stands below the text; OK keeps it beside the profile.
+/// Reads a forecast of the sunspot number, pasted or from a file. The result, or the reason for a
+/// failure, is shown below the text; OK keeps the forecast beside the profile.
 ///
-/// Errors:  a forecast that cannot be kept is told in a box, and the dialog stays.
+/// Errors:  if a forecast cannot be saved, a message box says so and the dialog stays open.
 /// Tests:   tests/ui/options/FrmForecastTest.cpp
 #pragma once
 
@@ -19,10 +19,10 @@
 class frmForecast final : public QDialog {
     Q_OBJECT
 public:
-    /// @param sProfileFile  beside which the forecast is kept
+    /// @param sProfileFile  the forecast is kept beside it
     explicit frmForecast(std::string sProfileFile, QWidget* pParent = nullptr);
 
-    /// What to mail to have the forecast sent.
+    /// The e-mail that requests the forecast.
     [[nodiscard]] static QString RequestGet();
 
     void accept() override;
@@ -42,5 +42,5 @@ private:
     void Show(const Result<SunSpotForecast>& res);
 
     std::string m_sProfileFile;
-    std::optional<SunSpotForecast> m_forecast;  // read here
+    std::optional<SunSpotForecast> m_forecast;  // the one read here
 };

@@ -31,7 +31,7 @@ QString TimeText(const DateTime& dt)
     return Part(dt.nHour) + u':' + Part(dt.nMinute) + u':' + Part(dt.nSecond);
 }
 
-/// The Tab key goes through a page in the order of its own form, behind a control of the dialog.
+/// Puts a page after one of the dialog's controls in the tab order; the page keeps its own order.
 void TabOrderMove(QWidget* pBehind, const QWidget& page)
 {
     std::vector<QWidget*> apControl;
@@ -82,8 +82,8 @@ void frmOptions::PagesScroll()
     SSTab->setCurrentIndex(kTabAirmail);
 }
 
-/// As large as the pages, but no larger than the screen; then beside the page there is room for a
-/// bar, so that the other bar need not come, too.
+/// As large as the pages, but no larger than the screen. On a small screen there is room for one
+/// scroll bar beside the page, so that a second one is not needed.
 void frmOptions::SizeSet()
 {
     QSize sizeWhole = sizeHint();
@@ -93,7 +93,7 @@ void frmOptions::SizeSet()
     resize(sizeWhole.boundedTo(sizeScreen));
 }
 
-/// The pages with a form of their own stand elsewhere until here.
+/// Until here, the pages with forms of their own are elsewhere in the tab order.
 void frmOptions::TabOrderSet()
 {
     TabOrderMove(SSTab, *pagModel);
@@ -104,7 +104,7 @@ void frmOptions::TabOrderSet()
 void frmOptions::SignalsConnect()
 {
     connect(&m_host.SettingsSignalGet(), &SettingsSignal::Changed, this, &frmOptions::Update);
-    // Night is switched from elsewhere, too; the other tabs keep what was typed.
+    // Night can also be switched elsewhere; what was typed on other tabs is kept.
     connect(&PaletteSignal::Get(), &PaletteSignal::Changed, this, [this] {
         pagColour->cmbPalette->setCurrentIndex(static_cast<int>(m_host.SettingsGet().m_ePalette));
     });
@@ -128,12 +128,12 @@ void frmOptions::SignalsConnect()
     for (QComboBox* pList : findChildren<QComboBox*>()) pList->installEventFilter(this);
 }
 
-/// The sources of the sunspot number: ticking one unticks the other.
+/// The two sources of the sunspot number: ticking one unticks the other.
 void frmOptions::SunSpotConnect()
 {
     for (QCheckBox* pBox : {chkPropagationSunSpotNumber, chkPropagationForecast})
         connect(pBox, &QCheckBox::toggled, this, &frmOptions::SunSpotSourcesEnable);
-    // Clicked, not toggled: settings that have both are shown as they are.
+    // Clicked, not toggled: settings with both ticked are shown as they are.
     connect(chkPropagationSunSpotNumber, &QCheckBox::clicked, chkPropagationForecast,
             [this](bool bOn) {
                 chkPropagationForecast->setChecked(!bOn && chkPropagationForecast->isChecked());
@@ -155,7 +155,7 @@ void frmOptions::TabShow(int iTab)
     for (QWidget* p = SSTab->nextInFocusChain(); p != SSTab; p = p->nextInFocusChain()) {
         if (!pPage->isAncestorOf(p) || !p->isEnabled() || (p->focusPolicy() & Qt::TabFocus) == 0)
             continue;
-        // Of a group of buttons the chosen one, as the Tab key has it.
+        // In a group of buttons the chosen one, as for the Tab key.
         auto* pButton = qobject_cast<QRadioButton*>(p);
         QAbstractButton* pChosen = pButton != nullptr && pButton->group() != nullptr
                                        ? pButton->group()->checkedButton()
@@ -167,7 +167,7 @@ void frmOptions::TabShow(int iTab)
 
 void frmOptions::reject()
 {
-    // The run that was asked for here still needs this window; it closes when the run ends.
+    // The run started here still needs this window; it closes when the run ends.
     if (m_bUpdating)
         m_bCloseWaiting = true;
     else
@@ -181,7 +181,7 @@ bool frmOptions::eventFilter(QObject* pObject, QEvent* pEvent)
         BandAppend();
         return true;
     }
-    // A list would look for an entry that begins with a tab; the pages turn instead.
+    // Ctrl+Tab turns the pages; a list would take it for the first letter of an entry.
     if (pEvent->type() == QEvent::KeyPress && qobject_cast<QComboBox*>(pObject) != nullptr) {
         const auto* pKey = static_cast<QKeyEvent*>(pEvent);
         if ((pKey->key() == Qt::Key_Tab || pKey->key() == Qt::Key_Backtab)
@@ -234,7 +234,8 @@ void frmOptions::SunSpotSourcesEnable()
     ForecastNumberShow();
 }
 
-/// While the forecast is on, the grey box has the number that the chosen month would get; after
+/// While the forecast is used, the disabled box shows the number for the chosen month; afterwards
+/// the typed number again.
 /// that the typed one again.
 void frmOptions::ForecastNumberShow()
 {
@@ -268,7 +269,7 @@ void frmOptions::cmdForecastClick()
     pDialog->open();
 }
 
-/// What the choice of antennas means depends on the engine.
+/// The meaning of the antenna entries depends on the engine.
 void frmOptions::AntennaTell()
 {
     const int iModel = m_pModelGroup->checkedId();
@@ -292,11 +293,12 @@ void frmOptions::optPropagationModelClick()
 
 void frmOptions::NumberBoxEnable(QLineEdit* pBox, bool bEnabled)
 {
-    // Nobody can mend a grey box, so a text that would be refused gives way to the setting.
+    // The user cannot correct a disabled box, so a text that would be refused is replaced by the
+    // setting.
     if (!bEnabled && !m_controls.TextFits(*pBox))
         m_controls.Load(*pBox, m_host.SettingsGet());
     pBox->setEnabled(bEnabled);
-    const QString sSubject = pBox->objectName().mid(3);  // behind "txt"
+    const QString sSubject = pBox->objectName().mid(3);  // after "txt"
     for (const QString& sPart : {QStringLiteral("Caption"), QStringLiteral("Unit")})
         if (auto* pLabel = findChild<QLabel*>(QStringLiteral("lbl") + sSubject + sPart))
             pLabel->setEnabled(bEnabled);
@@ -335,25 +337,25 @@ bool frmOptions::SettingsApply()
 {
     if (m_bUpdating)
         return false;
-    // Nothing is copied before every number is one: half of the tabs would be in force otherwise.
+    // Nothing is copied until every number is valid; otherwise only some tabs would be in force.
     Settings typed = m_host.SettingsGet();
     if (const auto refused = m_controls.Read(typed); refused.pBox != nullptr)
         return NumberRefused(refused.pBox, refused.sWhy);
     const bool bTaken = FrequencyCopy();
     m_controls.Copy(typed, m_host.SettingsGet());
     pagStation->Copy(m_host.SettingsGet());
-    // The main window has this dialog filled anew; lines that were refused stay, to be mended.
+    // The main window has this dialog filled again; refused lines are kept, to be corrected.
     m_bFrequencyKeep = !bTaken;
     return HostUpdate();
 }
 
-/// @return true when the dialog may be closed by its caller.
+/// @return true if the caller may close the dialog
 bool frmOptions::HostUpdate()
 {
     const QPointer<frmOptions> pSelf(this);
     m_bUpdating = true;
     m_host.Update();
-    if (!pSelf)  // the program ended meanwhile
+    if (!pSelf)  // the program has ended meanwhile
         return false;
     m_bUpdating = false;
     m_bFrequencyKeep = false;

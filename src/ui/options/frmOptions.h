@@ -1,12 +1,11 @@
 /// @file frmOptions.h
-/// The options dialog: every setting on its tabs. It shows the settings when it is made and
-/// whenever the main window says that they changed, and copies its controls back on Apply and OK.
-/// Not modal; a closed one is destroyed.
+/// The options dialog: all settings on tabs. It shows the settings when it is created and whenever
+/// they change, and copies its controls back on Apply and OK. It is not modal; closing destroys it.
 ///
 /// Units:   beside each box; numbers as their shortest text.
-/// Errors:  a number box whose text is no number is told and focused; nothing of any tab is copied,
-///          no prediction runs, and the dialog stays open. A grey box is never told. A frequency
-///          line that is no number is told, and the rest goes on.
+/// Errors:  a number box with an invalid text is reported and focused; then nothing is copied from
+///          any tab, no prediction runs, and the dialog stays open. A disabled box is never
+///          reported. An invalid line of the frequencies is reported, and the rest is applied.
 /// Tests:   tests/ui/options/FrmOptions*Test.cpp
 #pragma once
 
@@ -23,7 +22,7 @@
 #include "ui_OptionsModel.h"
 #include "ui_frmOptions.h"
 
-/// The tabs, as TabShow counts them.
+/// The tabs, as numbered for TabShow.
 enum OptionsTab {
     kTabAirmail,
     kTabModel,
@@ -37,13 +36,13 @@ enum OptionsTab {
 class frmOptions final : public QDialog, public Ui::frmOptions, public Ui::OptionsModel {
     Q_OBJECT
 public:
-    /// @param host  outlives the dialog.
+    /// @param host  must outlive the dialog
     explicit frmOptions(MainWindowHost& host, QWidget* pParent = nullptr);
 
-    /// Fills every control from the settings and from Airmail.
+    /// Fills all controls from the settings and from Airmail.
     void Update();
-    /// Brings a tab to the front, with the focus in its first field; a number that is none of the
-    /// tabs leaves the tab that is there.
+    /// Brings a tab to the front, with the focus in its first field; an unknown number keeps the
+    /// current tab.
     void TabShow(int iTab);
 
     QTimer* tmrTime;  ///< the clocks' tick  NOLINT(readability-identifier-naming)
@@ -89,11 +88,11 @@ private:
 
     MainWindowHost& m_host;
     SettingControls m_controls;
-    QButtonGroup* m_pModelGroup;  // the engines
-    QString m_sFrequencyHint;     // what stands below the frequencies while none is refused
-    std::optional<QString> m_sSunSpotTyped;  // while the forecast's number stands in its place
-    std::string m_sAirMailError;             // of the latest load; empty when Airmail could be read
-    bool m_bFrequencyKeep = false;           // the text holds lines that the list has not taken
-    bool m_bUpdating = false;      // the main window runs a prediction that was asked for here
-    bool m_bCloseWaiting = false;  // asked to close meanwhile
+    QButtonGroup* m_pModelGroup;             // the engines
+    QString m_sFrequencyHint;                // shown below the frequencies while none is refused
+    std::optional<QString> m_sSunSpotTyped;  // while the forecast's number is shown in its place
+    std::string m_sAirMailError;             // of the latest load; empty if Airmail could be read
+    bool m_bFrequencyKeep = false;           // the text has lines that the list has not taken
+    bool m_bUpdating = false;      // the main window is running a prediction for this dialog
+    bool m_bCloseWaiting = false;  // closing was asked for meanwhile
 };

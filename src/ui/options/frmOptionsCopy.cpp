@@ -1,4 +1,5 @@
-// The two ways of the options dialog's values: settings to controls, controls to settings.
+// Copies the options dialog's values in both directions: settings to controls, controls to
+// settings.
 #include <QTextBlock>
 
 #include "airmail/AirMailLib.h"
@@ -31,10 +32,10 @@ void frmOptions::Update()
     FrequencyLoad();
     const Settings& settings = m_host.SettingsGet();
     if (settings.m_bPropagationSunSpotNumber || !settings.m_bPropagationForecast)
-        m_sSunSpotTyped.reset();  // the settings have the typed number
+        m_sSunSpotTyped.reset();  // the settings hold the typed number
     const auto sTyped = m_sSunSpotTyped;
     m_controls.Load(settings);
-    // The month, where it changed, has put the forecast's number into the box already.
+    // If the month changed, the forecast's number has already been put into the box.
     m_controls.Load(*txtPropagationSunSpotNumber, settings);
     m_sSunSpotTyped = sTyped;
     pagStation->Load(m_host.SettingsGet());
@@ -42,7 +43,7 @@ void frmOptions::Update()
     chkPropagationMonthClick();
     SunSpotSourcesEnable();
     optPropagationModelClick();
-    // An error that lasts is told once, not at every prediction.
+    // A lasting error is reported once, not at every prediction.
     if (!m_sAirMailError.empty() && m_sAirMailError != sBefore)
         MsgBox(MsgIcon::None, WordsPut(tr("Airmail's position: %1"), m_sAirMailError));
 }
@@ -70,7 +71,7 @@ void frmOptions::FrequencyLoad()
         return;
     const QString sText = QString::fromStdString(FrequencyListToText(
         m_host.SettingsGet().m_nData, [this](int i) { return m_host.FrequencyGet(i); }));
-    // A text that stays the same keeps its caret and what can be undone.
+    // An unchanged text keeps its caret and undo history.
     if (QString(sText).remove(u'\r') != txtFrequency->toPlainText())
         txtFrequency->setPlainText(sText);
 }
@@ -88,7 +89,7 @@ bool frmOptions::FrequencyCopy()
     return bTaken;
 }
 
-/// The refused line is selected, so that typing mends it, and the hint tells what is wrong with it.
+/// Selects the refused line, so that typing replaces it, and shows what is wrong with it.
 void frmOptions::FrequencyPointOut(const FrequencyRefused& refused)
 {
     SSTab->setCurrentIndex(kTabFrequency);
@@ -100,7 +101,7 @@ void frmOptions::FrequencyPointOut(const FrequencyRefused& refused)
     lblFrequencyHint->setText(QString::fromStdString(refused.sHint));
 }
 
-/// An engine that is missing says so below its guidance.
+/// Says below an engine's description that it is missing.
 void frmOptions::EnginesTell()
 {
     for (QAbstractButton* pButton : m_pModelGroup->buttons()) {
