@@ -20,7 +20,7 @@ QString Formatted(double dValue, const char* sPattern)
     return QString::fromStdString(NumberFormat(dValue, sPattern));
 }
 
-/// The first of the highest SNR of an hour, kHz.
+/// The frequency with the highest SNR of an hour, kHz; the first of equals.
 QString BestGet(const PropagationTable& table, int iHour)
 {
     int iBest = 0;
@@ -47,7 +47,7 @@ PageCell CellMake(const PropagationTable& table, int iHour, int iFrequency, floa
     return cell;
 }
 
-/// The hours of UTC and of the ship under their names, in the order of the time setting.
+/// The hours in UTC and ship's time with their titles, in the order of the time setting.
 struct Hours {
     QString sName;
     HourLabels asHour;

@@ -1,6 +1,6 @@
 /// @file CardPage.h
-/// The card for the chart table: a path's ends, range and bearings, the table of a day in UTC and
-/// in ship's time, each hour's best frequency, the day curves, and what the numbers are.
+/// The card for the chart table: the two ends of a path, range and bearings, a day's table in UTC
+/// and ship's time, the best frequency of each hour, the day curves, and what the numbers are.
 ///
 /// Units:   as in PropagationTable.
 /// Tests:   tests/ui/plan/CardPageTest.cpp
@@ -14,19 +14,19 @@
 #include "ui/common/HourLabels.h"
 #include "ui/page/Page.h"
 
-/// What a card tells beside its table.
+/// What a card shows besides its table.
 struct CardAsked {
-    QString sTx;                ///< name of the transmitter; empty: its position names it
-    QStringList asNote = {};    ///< lines on where the ends come from
-    HourLabels asShip = {};     ///< the hours 0 to 23 of UTC in ship's time
-    int iTimeCode = kTimeZulu;  ///< TimeCode: the hours that come first
-    Need need;                  ///< what is bold
-    int nYear = 0;              ///< of the run, for a request that leaves it to the clock
+    QString sTx;                ///< name of the transmitter; empty: its position is used
+    QStringList asNote = {};    ///< lines on where the two ends come from
+    HourLabels asShip = {};     ///< the hours 0 to 23 UTC in ship's time
+    int iTimeCode = kTimeZulu;  ///< TimeCode: which hours come first
+    Need need;                  ///< values that meet it are bold
+    int nYear = 0;              ///< year of the run, for a request that leaves it to the clock
     bool bOld = false;          ///< the settings have changed since
 };
 
 /// The table of a card: 24 rows of hours, one column for each frequency.
 [[nodiscard]] PageGrid CardGridGet(const PropagationTable& table, const CardAsked& asked);
 
-/// Before the first prediction it says so and no more.
+/// The card as a page. Before the first prediction it says only that there is none.
 [[nodiscard]] Page CardPageGet(const PropagationTable& table, const CardAsked& asked);

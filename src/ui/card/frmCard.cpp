@@ -66,7 +66,7 @@ void CardPreview::paintEvent(QPaintEvent* /*pEvent*/)
         rect().adjusted(kEdge, kEdge, -kEdge, -kEdge).size(), Qt::KeepAspectRatio);
     QRect rctSheet(QPoint(0, 0), size);
     rctSheet.moveCenter(rect().center());
-    // Scaled on the screen's own dots; the painter's scaling would leave hair lines out.
+    // Scaled to the screen's own pixels; the painter's scaling would lose hairlines.
     const QImage imgShown = m_imgSheet.scaled(size * devicePixelRatioF(), Qt::IgnoreAspectRatio,
                                               Qt::SmoothTransformation);
     // In Night the sheet is black: a white one would be the brightest thing on board.

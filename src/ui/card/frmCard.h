@@ -1,8 +1,8 @@
 /// @file frmCard.h
-/// The window "Print Card": the card of the main window's table as it will come out of the printer,
-/// and on what it is printed.
+/// The window "Print Card": a preview of the card of the main window's table, and the choice of
+/// paper and looks.
 ///
-/// Keys:    as every planning window.
+/// Keys:    as in every planning window.
 /// Tests:   tests/ui/plan/FrmCardTest.cpp
 #pragma once
 
@@ -12,7 +12,7 @@
 
 class QComboBox;
 
-/// The sheet, as large as it fits.
+/// The sheet, as large as fits.
 class CardPreview final : public QWidget {
     Q_OBJECT
 public:
@@ -30,7 +30,7 @@ private:
 class frmCard final : public PlanWindow {
     Q_OBJECT
 public:
-    /// @param form  the choices, which outlive the window
+    /// @param form  the choices, which must outlive the window
     frmCard(PlanHost& host, PageForm& form);
 
     [[nodiscard]] Page PageGet() const override;

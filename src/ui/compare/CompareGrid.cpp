@@ -81,7 +81,7 @@ const PropagationTable* CompareSides::FirstGet() const
 
 QColor CompareColor(float fDifference)
 {
-    constexpr float kFull = 20.0F;  // dB; from here on the full colour
+    constexpr float kFull = 20.0F;  // dB; full colour from here on
     const QColor clrFull = fDifference > 0.0F ? QColor(0xF2, 0x96, 0x32) : QColor(0x62, 0xA2, 0xE8);
     const float fShare = std::min(1.0F, std::abs(fDifference) / kFull);
     constexpr int kWhite = 255;
@@ -117,7 +117,7 @@ PageGrid ComparePageGrid(const CompareSides& sides, CompareView eView, const Hou
     for (int iRow = 0; iRow < grid.RowsGet(); ++iRow) {
         for (int iHour = 1; iHour <= kHourCount; ++iHour) {
             const GridCell cell = CellOf(sides, eView, iHour, iRow + 1);
-            // Differences have nothing to meet: their numbers stand on plain paper.
+            // A difference cannot meet a need: its number stays plain.
             const bool bStrong =
                 cell.bMet || (eView == CompareView::Difference && !cell.sText.isEmpty());
             grid.CellGet(iRow, iHour - 1) = {cell.sText, cell.clrBack, bStrong, cell.bHatch};

@@ -1,5 +1,5 @@
 /// @file CompareGrid.h
-/// Two engines' predictions and their difference, as cells of a grid, of a page, and in words.
+/// The predictions of two engines and their difference, as cells of a grid or page and in words.
 ///
 /// Units:   dB in 1 Hz; kHz; hours 1 to 24.
 /// Tests:   tests/ui/plan/FrmCompareTest.cpp
@@ -15,22 +15,22 @@
 
 enum class CompareView { A, B, Difference };
 
-/// What is there of the two engines.
+/// The predictions available from the two engines.
 struct CompareSides {
     std::array<std::optional<PropagationTable>, 2> aTable;
     std::array<std::string, 2> asName;    ///< "VOACAP"
     std::optional<CompareTable> compare;  ///< where both have answered the same question
     float fNeed = 0.0F;
 
-    /// The frequencies are those of this one; nullptr before the first answer.
+    /// The prediction whose frequencies are shown; nullptr before the first answer.
     [[nodiscard]] const PropagationTable* FirstGet() const;
 };
 
-/// From blue where the second engine gives more over white to orange where the first one does.
+/// From blue, where the second engine gives more, through white to orange, where the first does.
 [[nodiscard]] QColor CompareColor(float fDifference);
 
-/// A cell that has no value in a view is empty and hatched.
-/// The columns are the hours (HourColumns).
+/// Fills the columns of the hours (HourColumns). A cell without a value in a view is empty and
+/// hatched.
 void CompareGridFill(GridControl& grd, const CompareSides& sides, CompareView eView);
 [[nodiscard]] PageGrid ComparePageGrid(const CompareSides& sides, CompareView eView,
                                        const HourLabels& asHour);

@@ -17,7 +17,7 @@ namespace {
 constexpr int kProgressAfter = 300;  // ms
 constexpr std::array kModels{kEngineRec533, kEngineVoacap, kEngineIcepac};
 
-/// Two requests that differ in nothing but the engine, the maps that it knows and its number of the
+/// True if two requests differ only in the engine, the maps that it knows and its number for the
 /// antennas.
 bool SameAsked(Request requestA, const Request& requestB)
 {
@@ -122,7 +122,7 @@ void frmCompare::GridConnect()
     });
 }
 
-/// The main window's engine against the first other one that can run.
+/// The main window's engine and the first other one that can run.
 void frmCompare::EnginesFill()
 {
     const int iMain = HostGet().SettingsGet().m_iPropagationModel;
@@ -140,7 +140,7 @@ void frmCompare::EnginesFill()
         connect(pEngine, &QComboBox::currentIndexChanged, this, &frmCompare::Ask);
 }
 
-/// Engines that cannot run are grey and say why.
+/// Engines that cannot run are greyed out and say why.
 void frmCompare::EnginesShow()
 {
     for (std::size_t i = 0; i < kModels.size(); ++i) {
@@ -208,7 +208,7 @@ void frmCompare::SideAsk(std::size_t iSide)
         });
 }
 
-/// A run that failed in a part keeps what the other parts gave.
+/// When part of a run fails, the other parts' values are kept.
 void frmCompare::SideTake(std::size_t iSide, const Request& request, const Prediction& prediction)
 {
     const std::string sAbsent = PropagationAbsentText(prediction.table);
@@ -235,7 +235,7 @@ void frmCompare::WorkEnd()
     prgDone->hide();
 }
 
-/// Two answers to the same question are compared, for the need that is in force now.
+/// Compares two answers to the same question, for the need in force now.
 void frmCompare::Judge()
 {
     const Need need = NeedGet();
@@ -280,7 +280,7 @@ void frmCompare::FootShow()
             + kTextBetween + NeedFootText(NeedGet()));
 }
 
-/// The settings went on, the numbers did not.
+/// True when the settings have changed and the numbers have not.
 bool frmCompare::OldIs() const
 {
     for (const std::size_t iSide : {0U, 1U}) {
@@ -309,7 +309,7 @@ void frmCompare::HintShow()
     grdCompare->StaleSet(OldIs());
 }
 
-/// The current cell goes with the main window's selection.
+/// The current cell follows the main window's selection.
 void frmCompare::CellFollow()
 {
     const SelectedCell cell = HostGet().DataGetSelected();
@@ -325,7 +325,7 @@ void frmCompare::CellShow()
                                     : QString());
 }
 
-/// Rows of older settings may be other frequencies than those of the main window.
+/// Rows made with older settings may be other frequencies than the main window's.
 void frmCompare::CellTake(int iRow, int iCol)
 {
     if (!OldIs())

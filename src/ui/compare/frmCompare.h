@@ -1,11 +1,12 @@
 /// @file frmCompare.h
-/// "Compare Engines": the main window's path by two engines and the difference of the two, all for
-/// the power that the main window has in force.
+/// "Compare Engines": the main window's path predicted by two engines, and their difference, both
+/// for the power in force in the main window.
 ///
 /// Units:   dB in 1 Hz; kHz.
-/// Keys:    Enter selects a cell in the main window, Escape stops the runs, then closes the window.
-/// Errors:  an engine that cannot run is grey in the choice; one that fails leaves the other's
-/// view. Tests:   tests/ui/plan/FrmCompareTest.cpp
+/// Keys:    Enter selects a cell in the main window. Escape stops the runs, then closes the window.
+/// Errors:  an engine that cannot run is greyed out in the choice; when one fails, the other's view
+///          remains.
+/// Tests:   tests/ui/plan/FrmCompareTest.cpp
 #pragma once
 
 #include <QComboBox>

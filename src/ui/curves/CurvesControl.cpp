@@ -12,7 +12,7 @@
 
 namespace {
 
-// On large windows the letters grow with the plot: shares of its height and width.
+// On large windows the letters grow with the plot, as shares of its height and width.
 constexpr double kLettersByHeight = 1.0 / 60.0;
 constexpr double kLettersByWidth = 1.0 / 100.0;
 constexpr QSize kLeast(240, 130);
@@ -87,7 +87,7 @@ QString CurvesControl::TextGet(const CurvesCell& cell) const
                           m_view.asHour, m_sZone);
 }
 
-/// Screen readers speak a new name of what has the focus.
+/// A new accessible name of the focused control is read out by screen readers.
 void CurvesControl::NameShow()
 {
     const auto cell = MarkGet();
@@ -131,7 +131,7 @@ void CurvesControl::paintEvent(QPaintEvent* /*pEvent*/)
     }
 }
 
-/// Where the keys begin while no cell is marked: the strongest frequency of the hour.
+/// Where the keys start while no cell is marked: at the hour's strongest frequency.
 CurvesCell CurvesControl::BeginGet() const
 {
     const int iHour = m_view.iHour >= 0 ? m_view.iHour : std::max(0, static_cast<int>(m_view.dNow));
@@ -146,7 +146,7 @@ CurvesCell CurvesControl::BeginGet() const
     return {iHour, iBest};
 }
 
-/// The next frequency in the order of their height; itself at the ends.
+/// The next higher or lower frequency; at the ends, the same one.
 int CurvesControl::RibbonBeside(int iRibbon, int nUp) const
 {
     std::vector<int> aiRising;

@@ -1,10 +1,9 @@
 /// @file CurvesControl.h
-/// The curves of a day as one control: a mark on a cell, moved by keys and mouse.
+/// The curves of a day as a control with a marked cell that keys and mouse move.
 ///
-/// Keys:    left and right an hour, up and down to the next higher and lower frequency, Home and
-/// End
-///          the first and the last hour, Enter takes the cell.
-/// Speech:  the control's name is the marked cell in words.
+/// Keys:    left and right move by an hour, up and down to the next higher or lower frequency, Home
+///          and End to the first and last hour; Enter picks the cell.
+/// Speech:  the control's accessible name is the marked cell in words.
 /// Tests:   tests/ui/plan/FrmCurvesTest.cpp
 #pragma once
 
@@ -17,32 +16,33 @@ class CurvesControl final : public QWidget {
 public:
     explicit CurvesControl(QWidget* pParent);
 
-    /// Shows a day. The mark stays with its frequency's index in the table.
+    /// Shows a day. The mark keeps its frequency's index in the table.
     void DayShow(const DayCurves& day, const CurvesView& view, const QString& sZone);
-    /// Nothing is shown: there is no table.
+    /// Shows nothing: there is no table.
     void Clear();
-    /// Marks a cell; one that the day does not have marks none.
+    /// Marks a cell; none if the day does not have it.
     /// @param iFrequency  index in the table
-    /// @param iHour       0 to 23, UT
+    /// @param iHour       0 to 23, UTC
     void Mark(int iFrequency, int iHour);
     void NowSet(double dNow);
 
     [[nodiscard]] const DayCurves& DayGet() const { return m_day; }
     [[nodiscard]] const CurvesView& ViewGet() const { return m_view; }
-    /// The marked cell; none when its frequency is not shown.
+    /// The marked cell; none if its frequency is not shown.
     [[nodiscard]] std::optional<CurvesCell> MarkGet() const;
     /// A cell in words.
     [[nodiscard]] QString TextGet(const CurvesCell& cell) const;
-    /// Where a cell is painted now.
+    /// Where a cell is painted.
     [[nodiscard]] QRectF CellRect(const CurvesCell& cell) const;
 
     [[nodiscard]] QSize minimumSizeHint() const override;
     [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:
-    /// @param iFrequency  index in the table; @param iHour  0 to 23, UT
+    /// @param iFrequency  index in the table
+    /// @param iHour       0 to 23, UTC
     void CellChosen(int iFrequency, int iHour);
-    void CellEntered();  ///< the marked cell, by Enter or a double click
+    void CellEntered();  ///< Enter or a double click on the marked cell
 
 protected:
     bool event(QEvent* pEvent) override;
@@ -64,6 +64,6 @@ private:
     DayCurves m_day;
     CurvesView m_view;
     QString m_sZone;
-    int m_iFrequency = -1;  // marked, index in the table
+    int m_iFrequency = -1;  // the marked one, as index in the table
     bool m_bDay = false;
 };

@@ -17,17 +17,17 @@
 namespace {
 
 constexpr double kKiloPerMega = 1000.0;
-constexpr double kMargin = 1.05;                   // above the highest curve
+constexpr double kMargin = 1.05;                   // room above the highest curve
 constexpr double kRibbonMost = 1.0;                // letters
-constexpr double kRibbonLeast = 0.25;              // letters, in a low field
-constexpr double kRibbonClose = 0.45;              // letters, of frequencies close together
-constexpr double kRibbonShare = 0.5;               // of the field, all ribbons together
+constexpr double kRibbonLeast = 0.25;              // letters, where the plot is low
+constexpr double kRibbonClose = 0.45;              // letters, for frequencies close together
+constexpr double kRibbonShare = 0.5;               // of the plot's height, for all ribbons together
 constexpr double kRibbonGap = 0.1;                 // letters
-constexpr double kLeader = 1.5;                    // letters' widths from a text to its ribbon
-constexpr double kOldShare = 0.4;                  // of an old ribbon's colour
-constexpr double kSunBar = 0.8;                    // letters, its height
+constexpr double kLeader = 1.5;                    // letter widths from a label to its ribbon
+constexpr double kOldShare = 0.4;                  // of the colour, when the ribbon is old
+constexpr double kSunBar = 0.8;                    // height in letters
 constexpr double kTwilight = -6.0;                 // degrees: the end of civil twilight
-constexpr std::array kSteps{1.0, 2.0, 5.0, 10.0};  // MHz between lines
+constexpr std::array kSteps{1.0, 2.0, 5.0, 10.0};  // MHz between grid lines
 
 QString FrequencyText(double dFrequency) { return QString::number(std::lround(dFrequency)); }
 
@@ -73,7 +73,7 @@ void CurvesPlot::RangeSet()
         for (const float fValue : *pafValue) See(fValue);
     for (const CurveRibbon& ribbon : m_day.aRibbons) See(ribbon.fFrequency);
     if (dMost <= 0.0) {
-        constexpr double kHighest = 30'000.0;  // kHz: the end of short wave
+        constexpr double kHighest = 30'000.0;  // kHz: the upper end of short wave
         dLeast = 0.0;
         dMost = kHighest;
     }
@@ -96,7 +96,7 @@ void CurvesPlot::RibbonsSet()
     double dNearest = (kRibbonMost + kRibbonGap) * dLetters;
     for (std::size_t n = 1; n < aWanted.size(); ++n)
         dNearest = std::min(dNearest, aWanted[n] - aWanted[n - 1]);
-    // Thin before they are moved: a moved ribbon stands at another height than its frequency.
+    // They are thinned before they are moved, since a moved ribbon is no longer at its frequency.
     const double dShare = kRibbonShare * m_rctPlot.height()
                           / static_cast<double>(std::max<std::size_t>(1, aWanted.size()));
     const double dLeast = std::clamp(dShare, kRibbonLeast * dLetters, kRibbonClose * dLetters);
@@ -168,7 +168,7 @@ void CurvesPlot::Paint(QPainter& painter) const
     painter.restore();
 }
 
-/// kHz between the lines of the scale, whose texts have room.
+/// kHz between the lines of the scale, so that its labels have room.
 double CurvesPlot::StepGet() const
 {
     const double dRoom = m_metrics.height() * 1.5;
@@ -222,7 +222,7 @@ void CurvesPlot::RibbonPaint(QPainter& painter, int iRibbon) const
     }
 }
 
-/// Above the neighbours and the curves, with paper round it: no colour hides it.
+/// Painted above neighbours and curves with a paper-coloured edge, so that it shows on any colour.
 void CurvesPlot::FramePaint(QPainter& painter) const
 {
     if (m_view.iHour < 0 || m_view.iRibbon < 0)
@@ -257,7 +257,7 @@ void CurvesPlot::CurvePaint(QPainter& painter, const DayCurve& afValue, Qt::PenS
             path.moveTo(pnt);
         bBegun = true;
     }
-    // Ribbons may have any colour: a line of paper on both sides keeps the curve visible.
+    // Ribbons may have any colour: a paper-coloured line on both sides keeps the curve visible.
     const double dWidth = std::max(1.5, m_metrics.height() / 8);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(m_view.clrPaper, dWidth * 2.2));
@@ -266,7 +266,7 @@ void CurvesPlot::CurvePaint(QPainter& painter, const DayCurve& afValue, Qt::PenS
     painter.drawPath(path);
 }
 
-/// Each behind the end of its curve, none upon another; the scale where they leave room.
+/// Names go behind the ends of their curves without overlap; the scale gets the room left over.
 void CurvesPlot::NamesPaint(QPainter& painter) const
 {
     const std::array<std::pair<const DayCurve*, QString>, 3> aCurve{
@@ -331,7 +331,7 @@ void CurvesPlot::SunPaint(QPainter& painter, const SunCurve& afHeight, double dT
         sName);
 }
 
-/// As many as have room; none reaches beyond the field, where the frequencies stand.
+/// As many hours as fit; none reaches beyond the plot, where the frequencies are.
 void CurvesPlot::HoursPaint(QPainter& painter) const
 {
     painter.setPen(m_view.clrInk);
@@ -339,7 +339,7 @@ void CurvesPlot::HoursPaint(QPainter& painter) const
     for (const QString& sHour : m_view.asHour)
         dWidest = std::max(dWidest, m_metrics.horizontalAdvance(sHour));
     const double dHour = m_rctPlot.width() / kHourCount;
-    const double dMoved = std::max(0.0, (dWidest - dHour) / 2);  // the first one
+    const double dMoved = std::max(0.0, (dWidest - dHour) / 2);  // shift of the first one
     int nEvery = kHourCount;
     for (const int n : {1, 2, 3, 6, 12}) {
         if (dHour * n > dWidest + dMoved + m_metrics.averageCharWidth()) {
@@ -364,7 +364,7 @@ std::vector<CurvesPlot::Label> CurvesPlot::LabelsGet() const
     const auto nRoom =
         static_cast<std::size_t>(std::max(1.0, m_rctPlot.height() / m_metrics.height() + 1.0));
     const std::size_t nShown = std::min(nAll, nRoom);
-    std::vector<std::size_t> aPlace;  // from the top, as even as can be
+    std::vector<std::size_t> aPlace;  // from the top, spread as evenly as possible
     for (std::size_t n = 0; n < nShown; ++n)
         aPlace.push_back(nShown > 1 ? n * (nAll - 1) / (nShown - 1) : 0);
     const auto itSelected = std::find(m_aiFromTop.begin(), m_aiFromTop.end(), m_view.iRibbon);
@@ -382,7 +382,7 @@ std::vector<CurvesPlot::Label> CurvesPlot::LabelsGet() const
     return aLabel;
 }
 
-/// A text that could not stay beside its ribbon is joined to it by a line.
+/// A label that had to move away from its ribbon is joined to it by a line.
 void CurvesPlot::LabelsPaint(QPainter& painter) const
 {
     const double dRoom = m_metrics.averageCharWidth() * kLeader;

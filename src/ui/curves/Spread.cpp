@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cstddef>
 
-// What is too close becomes a group round its common middle: least squares with an order to keep,
-// "pool adjacent violators".
+// Positions that are too close form a group round their common middle: least squares that keep the
+// order, "pool adjacent violators".
 std::vector<double> Spread(const std::vector<double>& aWanted, double dApart, double dTop,
                            double dBottom)
 {
     struct Group {
-        double dSum;  // of the places that its members want for the first of them
+        double dSum;  // of the positions that the members want for the group's first one
         int nMembers;
         [[nodiscard]] double First() const { return dSum / nMembers; }
     };

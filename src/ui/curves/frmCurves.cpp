@@ -93,7 +93,8 @@ QString frmCurves::PathText() const
              PositionToText(request.dTxLat, request.dTxLon));
 }
 
-/// What leaves the window is read at another time: it has neither the line at now nor the mark.
+/// A copy or print is read at another time: it has neither the line at the present time nor the
+/// mark.
 Page frmCurves::PageGet() const
 {
     Page page;

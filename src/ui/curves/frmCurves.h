@@ -1,8 +1,8 @@
 /// @file frmCurves.h
-/// "Day Curves": the main window's table over the 24 hours of the day, as curves. It follows each
-/// new table and the selected cell, and moves the selection.
+/// "Day Curves": the main window's table as curves over the 24 hours of the day. It follows each
+/// new table and the selected cell, and can move the selection.
 ///
-/// Keys:    those of CurvesControl; Enter leads to the main window.
+/// Keys:    those of CurvesControl; Enter brings the main window to the front.
 /// Tests:   tests/ui/plan/FrmCurvesTest.cpp
 #pragma once
 
@@ -20,7 +20,7 @@ public:
 
     [[nodiscard]] Page PageGet() const override;
 
-    QLabel* lblHint;  ///< that there is no table yet, or that it is of older settings
+    QLabel* lblHint;  ///< that there is no table yet, or that it is for older settings
     CurvesControl* pctCurves;
     QTimer* tmrNow;
 

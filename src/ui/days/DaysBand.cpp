@@ -13,7 +13,7 @@ namespace {
 constexpr double kStep = 10.0;  // dB between lines
 constexpr int kHoursBetween = 3;
 
-/// The rectangle of the hours; labels stand left, below and right of it.
+/// The rectangle of the hours; labels are to the left, below and to the right of it.
 QRectF PlotGet(const QRectF& rct, const QFontMetricsF& metrics)
 {
     const double dLetters = metrics.height();
@@ -51,7 +51,7 @@ public:
     }
 
 private:
-    /// Whole steps round all values and the need.
+    /// Rounds outwards to whole steps, so that all values and the need are inside.
     void RangeSet()
     {
         double dLeast = m_band.fNeed;
@@ -99,8 +99,8 @@ private:
         m_painter.drawRect(m_rct);
     }
 
-    /// One stretch of hours with values. A single hour is as wide as half an hour on either side.
-    /// @return the first hour behind it
+    /// Paints one stretch of hours with values. A single hour spans half an hour on either side.
+    /// @return the first hour after it
     int StretchPaint(int iFirst)
     {
         if (!There(iFirst))
@@ -187,7 +187,8 @@ private:
         NamesPaint(dBaseline);
     }
 
-    /// The names of the lines at their right ends, each as near to its own as the others leave.
+    /// Puts the names of the lines at their right ends, each as close to its own as the others
+    /// allow.
     void NamesPaint(double dBaseline)
     {
         std::vector<std::pair<double, QString>> aName{{YGet(m_band.fNeed), QObject::tr("need")}};
@@ -202,7 +203,8 @@ private:
             Name(&DaysCell::fBad, QObject::tr("bad"));
         }
         std::sort(aName.begin(), aName.end());
-        // From the top down none above its line; then from the bottom up back beside the plot.
+        // Pass downwards so that no name is above its line, then upwards to bring them back into
+        // the plot.
         const double dRow = m_metrics.height() * 0.9;
         for (std::size_t i = 1; i < aName.size(); ++i)
             aName[i].first = std::max(aName[i].first, aName[i - 1].first + dRow);

@@ -46,7 +46,7 @@ PageGrid DaysPageGrid(const DaysTable& days, const HourLabels& asHour)
     std::vector<QStringList> aRow;
     for (int i = 1; i <= days.table.nData; ++i) aRow.push_back({DaysRowText(days, i)});
     PageGrid grid = PageGridMake({QObject::tr("kHz")}, asColumn, aRow);
-    constexpr int kMost = 9;  // nine days in ten are what plans are made for
+    constexpr int kMost = 9;  // plans count on nine days in ten: bold
     for (int i = 1; i <= days.table.nData; ++i) {
         for (int iHour = 1; iHour <= kHourCount; ++iHour) {
             const int nDays = days.aCells(iHour, i).DaysInTenGet();

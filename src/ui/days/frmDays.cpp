@@ -98,7 +98,7 @@ void frmDays::GridConnect()
     });
 }
 
-/// Takes the main window's prediction over, or asks for what it does not tell.
+/// Shows the main window's prediction, or asks the engine for the deciles that it lacks.
 void frmDays::Renew()
 {
     WorkEnd();
@@ -141,7 +141,7 @@ void frmDays::AnswerTake(std::size_t iRequest, const Prediction& prediction)
     m_aAnswers.at(iRequest) = prediction.table;
 }
 
-/// One answer without deciles is followed by three; what these give is shown as it is.
+/// If the one answer has no deciles, three follow; what they give is shown as it is.
 void frmDays::AnswersEnd()
 {
     if (m_aAnswers.size() == 1 && !DaysArePrinted(m_aAnswers[0]) && m_sFault.empty()) {
@@ -171,7 +171,7 @@ void frmDays::Take(PropagationTable table)
     CellFollow();
 }
 
-/// The same days for the need that is in force now.
+/// Judges the same days by the need that is in force now.
 void frmDays::Judge()
 {
     const Need need = NeedGet();
@@ -181,14 +181,14 @@ void frmDays::Judge()
     m_pHours->Show(m_asHour);
     DaysGridFill(*grdDays, m_days);
     Request request = m_days.table.nData > 0 ? m_days.table.request : HostGet().RequestGet();
-    request.fReliability = 50.0F;  // what the medians are
+    request.fReliability = 50.0F;  // medians are the values for 50 % of the days
     FootSet(RequestFootText(request, m_days.table.bBuiltIn, UtcNow().nYear) + kTextBetween
             + NeedFootText(need));
     HintShow();
     BandShow();
 }
 
-/// The settings went on, the numbers did not.
+/// True when the settings have changed and the numbers have not.
 bool frmDays::OldIs() const
 {
     return m_days.table.nData > 0 && !(m_days.table.request == HostGet().RequestGet());
@@ -211,7 +211,7 @@ void frmDays::HintShow()
     grdDays->StaleSet(OldIs());
 }
 
-/// The current cell goes with the main window's selection.
+/// The current cell follows the main window's selection.
 void frmDays::CellFollow()
 {
     const SelectedCell cell = HostGet().DataGetSelected();
@@ -252,7 +252,7 @@ void frmDays::BandShow()
     picBand->Show(BandGet());
 }
 
-/// Rows of older settings may be other frequencies than those of the main window.
+/// Rows made with older settings may be other frequencies than the main window's.
 void frmDays::CellTake(int iRow, int iCol)
 {
     if (!OldIs())

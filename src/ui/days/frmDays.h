@@ -1,12 +1,12 @@
 /// @file frmDays.h
-/// "Good and Bad Days": on how many days in ten each frequency reaches the need, hour by hour, and
-/// for the current row the band between a bad and a good day. Shows the main window's prediction;
-/// where that has no deciles its engine is asked once more, and one that prints none for three
-/// shares of the days.
+/// "Good and Bad Days": on how many days in ten each frequency meets the need, hour by hour, and
+/// for the current row the band between a bad and a good day. It shows the main window's
+/// prediction. If that has no deciles, its engine is run once more; an engine that gives none is
+/// run for three reliabilities.
 ///
 /// Units:   dB in 1 Hz; kHz.
-/// Keys:    Enter selects a cell in the main window, Escape stops the work, then closes the window.
-/// Errors:  told in place of the numbers.
+/// Keys:    Enter selects a cell in the main window. Escape stops the work, then closes the window.
+/// Errors:  shown in place of the numbers.
 /// Tests:   tests/ui/plan/FrmDaysTest.cpp
 #pragma once
 
@@ -29,7 +29,7 @@ public:
 
     [[nodiscard]] Page PageGet() const override;
     [[nodiscard]] bool RunningIs() const { return m_bRunning; }
-    /// What is shown; without rows before the first prediction.
+    /// The days shown; without rows before the first prediction.
     [[nodiscard]] const DaysTable& DaysTableGet() const { return m_days; }
 
     NeedChooser* cmdNeed;
@@ -64,7 +64,7 @@ private:
     DaysTable m_days;
     HourColumns* m_pHours;
     HourLabels m_asHour;
-    Request m_asked;                           // what the answers under way are for
+    Request m_asked;                           // the request of the runs in progress
     std::vector<PropagationTable> m_aAnswers;  // by request
     std::string m_sFault;                      // why there is no newer answer
     QTimer m_tmrProgress;

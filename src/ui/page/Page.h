@@ -1,8 +1,8 @@
 /// @file Page.h
-/// A page for paper, picture or preview: a title, blocks one below the other, and a foot line. One
+/// A page for paper, picture or preview: a title, blocks one below another, and a foot line. One
 /// painter serves the screen, PNG, PDF and printers.
 ///
-/// Units:   of the painter; the page is laid out to the rectangle that it is given.
+/// Units:   the painter's; the page is laid out in the rectangle that it is given.
 /// Tests:   tests/ui/page/PageTest.cpp
 #pragma once
 
@@ -18,14 +18,14 @@
 
 enum class PageLook {
     Colour,
-    BlackWhite,  ///< black on white without greys; hatching stands round numbers, never behind them
+    BlackWhite,  ///< black on white without greys; hatching goes round numbers, never behind them
 };
 
-/// What paints itself, as curves do. It gets what room the other blocks leave.
+/// Something that paints itself, such as curves. It gets the room that the other blocks leave.
 struct PagePicture {
     std::function<void(QPainter& painter, const QRectF& rct, PageLook eLook)> fnPaint;
     PageGrid gridValues =
-        {};  ///< what it shows, for where no picture can go; without rows: nothing
+        {};  ///< the values that it shows, for formats without pictures; no rows: nothing
 };
 
 using PageBody = std::variant<QStringList, PageGrid, PagePicture>;
@@ -41,6 +41,6 @@ struct Page {
     QString sFoot;
 };
 
-/// Paints a page with the largest letters with which all of it fits; nothing is cut. Only where
-/// even the smallest legible letters do not fit is the whole made smaller.
+/// Paints a page with the largest letters with which all of it fits; nothing is cut. Only if even
+/// the smallest legible letters do not fit is the whole page made smaller.
 void PagePaint(QPainter& painter, const QRectF& rct, const Page& page, PageLook eLook);

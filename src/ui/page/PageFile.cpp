@@ -27,7 +27,7 @@ constexpr int kPdfDotsPerInch = 1200;
 constexpr int kPngDotsPerInch = 150;
 constexpr QSize kCopySize(1600, 900);  // pixels, for a letter or a slide
 constexpr double kCopyMargin = 16.0;
-constexpr double kMargin = 12.0;  // mm; most printers reach that far
+constexpr double kMargin = 12.0;  // mm; most printers can print up to this margin
 constexpr double kMillimetresPerInch = 25.4;
 
 QPageLayout LayoutGet(const PageForm& form)
@@ -200,7 +200,7 @@ Result<void> PagePrint(const Page& page, const PageForm& form, [[maybe_unused]] 
               form.eLook);
     return {};
 #else
-    // The reader prints it. It may still be reading when the program ends, so the file stays.
+    // The reader program prints it. It may still be reading when Hopcast ends, so the file is kept.
     QTemporaryFile file(QDir::temp().filePath(QStringLiteral("hopcast-XXXXXX.pdf")));
     file.setAutoRemove(false);
     if (!file.open())

@@ -1,5 +1,5 @@
 /// @file PageFile.h
-/// Where a page goes: the clipboard, a file by its suffix, a printer.
+/// Sends a page to the clipboard, to a file of the type that its suffix names, or to a printer.
 ///
 /// Tests:   tests/ui/page/PageFileTest.cpp
 #pragma once
@@ -15,40 +15,42 @@
 class QMimeData;
 class QWidget;
 
-/// Paper of a page and how it is painted.
+/// The paper of a page and how the page is painted.
 struct PageForm {
     QPageSize::PageSizeId ePaper = QPageSize::A4;
     QPageLayout::Orientation eOrientation = QPageLayout::Portrait;
     PageLook eLook = PageLook::Colour;
 };
 
-/// Text between tabs and a coloured table of HTML, both in one. The caller owns it.
+/// The table as tab-separated text and as HTML with colours, both in one. The caller owns it.
 [[nodiscard]] QMimeData* PageGridMime(const PageGrid& grid);
 void PageGridCopy(const PageGrid& grid);
 
-/// The first table of a page, or the values of its first picture; with a picture the page on a
-/// white ground as an image, too. Nothing is copied from a page that has neither.
+/// Copies the first table of a page, or the values of its first picture; from a page with a
+/// picture, also an image of the page on white. A page with neither copies nothing.
 void PageCopy(const Page& page);
 
-/// The whole sheet with its white margins.
+/// The whole sheet, white margins included.
 /// @param nDotsPerInch  > 0
 [[nodiscard]] QImage PageImage(const Page& page, const PageForm& form, int nDotsPerInch);
 
-/// Asks for the file of a page.
-/// @param sFile  shown first; a name without a suffix gets this one's
+/// Asks the user for a page's file.
+/// @param sFile  proposed; a name without a suffix gets this one's
 /// @return the full path; empty when the user cancels
 [[nodiscard]] QString PageFileAsk(QWidget* pParent, const QString& sFile);
 
-/// Whether PageExport knows the suffix of a file. @return what is wrong with it, with its name
+/// Checks that PageExport knows the suffix of a file.
+/// @return otherwise the reason, with the file's name
 [[nodiscard]] Result<void> PageFileCheck(const QString& sFile);
 
-/// Writes by the suffix: .csv (the first table of the page, or a picture's values), .png, .pdf. The
-/// file is replaced whole or left as it was.
-/// @return what went wrong, with the file's name: another suffix, no table for .csv, no room ...
+/// Writes a page in the format of the suffix: .csv (the first table of the page, or a picture's
+/// values), .png or .pdf. The file is replaced as a whole or left unchanged.
+/// @return the reason for a failure, with the file's name: an unknown suffix, no table for .csv, no
+/// room ...
 [[nodiscard]] Result<void> PageExport(const Page& page, const PageForm& form, const QString& sFile);
 
-/// Writes an image as .png; the file is replaced whole or left as it was.
+/// Writes an image as .png; the file is replaced as a whole or left unchanged.
 [[nodiscard]] Result<void> ImageSave(const QImage& image, const QString& sFile);
 
-/// Asks for a printer where Qt can print here; else writes a PDF and opens it.
+/// Asks for a printer where Qt can print here; otherwise writes a PDF and opens it.
 [[nodiscard]] Result<void> PagePrint(const Page& page, const PageForm& form, QWidget* pParent);

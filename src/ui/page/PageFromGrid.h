@@ -1,5 +1,5 @@
 /// @file PageFromGrid.h
-/// A grid of a window as a table that leaves the program: what it shows, colours too.
+/// A window's grid as a table for export, colours included.
 ///
 /// Tests:   tests/ui/page/PageFromGridTest.cpp
 #pragma once
@@ -8,5 +8,5 @@
 
 class GridControl;
 
-/// Row 0 is the titles, column 0 the heads; hidden columns are left out.
+/// Row 0 holds the titles, column 0 the row heads; hidden columns are left out.
 [[nodiscard]] PageGrid PageFromGrid(const GridControl& grd);

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The lines of titles, from the top.
+/// The title lines, from the top.
 std::vector<QStringList> TitlesGet(const PageGrid& grid)
 {
     std::vector<QStringList> aLine{grid.asCorner + grid.asColumn};
@@ -15,7 +15,7 @@ std::vector<QStringList> TitlesGet(const PageGrid& grid)
     return aLine;
 }
 
-/// The table line by line, the titles first.
+/// The table line by line, titles first.
 std::vector<QStringList> LinesGet(const PageGrid& grid)
 {
     std::vector<QStringList> aLine = TitlesGet(grid);
@@ -82,7 +82,7 @@ PageGrid PageGridMake(const QStringList& asCorner, const QStringList& asColumn,
 PageGrid PageGridTurned(const PageGrid& grid)
 {
     const auto nHeads = static_cast<int>(grid.asCorner.size());
-    std::vector<QStringList> aLine;  // of titles: a head's name, then that head of each row
+    std::vector<QStringList> aLine;  // of titles: a head's title, then that head of each row
     for (int iHead = 0; iHead < nHeads; ++iHead) {
         QStringList asLine{grid.asCorner[iHead]};
         for (const QStringList& asRow : grid.aRow) asLine.append(asRow.value(iHead));
@@ -104,7 +104,7 @@ QString PageGridTabs(const PageGrid& grid)
 {
     QStringList asLine;
     for (QStringList asText : LinesGet(grid)) {
-        // A tab or a line end inside a text would move all that follows.
+        // A tab or line end inside a text would shift all that follows.
         for (QString& sText : asText)
             sText.replace(QLatin1Char('\t'), QLatin1Char(' '))
                 .replace(QLatin1Char('\n'), QLatin1Char(' '));

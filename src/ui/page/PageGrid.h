@@ -1,5 +1,5 @@
 /// @file PageGrid.h
-/// A table as it leaves the program: heads, coloured cells, and its forms as text.
+/// A table for export: heads, coloured cells, and its text formats.
 ///
 /// Tests:   tests/ui/page/PageGridTest.cpp
 #pragma once
@@ -11,20 +11,20 @@
 
 struct PageCell {
     QString sText;
-    QColor clrBack;         ///< not valid: the paper's; of the SNR, the standard one
-    bool bStrong = false;   ///< meets the need
-    bool bHatched = false;  ///< there is no value
+    QColor clrBack;        ///< invalid: the paper's; for an SNR, the colour of the standard palette
+    bool bStrong = false;  ///< meets the need
+    bool bHatched = false;  ///< no value
 };
 
-/// Every row of heads is as long as asCorner; aCell has a cell for each row and column.
-/// Every further line of titles has the corners and the columns.
+/// Each row has as many heads as asCorner; aCell has one cell for each row and column. Each further
+/// title line covers the corners and the columns.
 struct PageGrid {
-    QStringList asCorner;                  ///< titles of the columns of heads
-    QStringList asColumn;                  ///< titles of the columns of cells
+    QStringList asCorner;                  ///< titles of the head columns
+    QStringList asColumn;                  ///< titles of the cell columns
     std::vector<QStringList> aRow;         ///< the heads of each row
     std::vector<PageCell> aCell;           ///< row by row
-    std::vector<QStringList> aTitle = {};  ///< lines of titles below the first
-    bool bTurns = false;  ///< painted with its rows as columns where the page is wider than high
+    std::vector<QStringList> aTitle = {};  ///< title lines below the first
+    bool bTurns = false;  ///< painted with rows as columns where the page is wider than high
 
     [[nodiscard]] int RowsGet() const { return static_cast<int>(aRow.size()); }
     [[nodiscard]] int ColsGet() const { return static_cast<int>(asColumn.size()); }
@@ -32,17 +32,17 @@ struct PageGrid {
     [[nodiscard]] PageCell& CellGet(int iRow, int iCol);
 };
 
-/// Cells without values, all heads given.
+/// A table with all its heads and empty cells.
 [[nodiscard]] PageGrid PageGridMake(const QStringList& asCorner, const QStringList& asColumn,
                                     const std::vector<QStringList>& aRow);
 
-/// Rows as columns: the columns of heads become lines of titles.
+/// Swaps rows and columns: the head columns become title lines.
 [[nodiscard]] PageGrid PageGridTurned(const PageGrid& grid);
 
-/// Lines of cells between tabs, the titles first; no line end behind the last line.
+/// Tab-separated lines, titles first; no line end after the last line.
 [[nodiscard]] QString PageGridTabs(const PageGrid& grid);
-/// Comma-separated values (RFC 4180): lines end in CR LF, texts with a comma, a quotation mark or a
+/// Comma-separated values (RFC 4180): lines end in CR LF; texts with a comma, a quotation mark or a
 /// line end are quoted.
 [[nodiscard]] QString PageGridCsv(const PageGrid& grid);
-/// A table of HTML with the cells' colours, escaped.
+/// An HTML table with the cells' colours; texts are escaped.
 [[nodiscard]] QString PageGridHtml(const PageGrid& grid);

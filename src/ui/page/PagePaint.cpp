@@ -9,23 +9,23 @@
 
 namespace {
 
-// Heights of letters as shares of a page's longer side: 11 points on A4 and 4 points.
+// Letter heights as shares of a page's longer side: 11 points on A4, and 4 points.
 constexpr double kLettersMost = 11.0 / 842.0;
 constexpr double kLettersLeast = 4.0 / 842.0;
 constexpr double kLettersStep = 0.25 / 842.0;
 
-// In heights of letters.
+// In letter heights.
 constexpr double kTitleSize = 1.5;
 constexpr double kHeadingSize = 1.1;
 constexpr double kGap = 0.7;          // between blocks
 constexpr double kHeadingGap = 0.25;  // below a heading
 constexpr double kCellPad = 0.45;     // beside a cell's text
 constexpr double kRowHeight = 1.55;
-constexpr double kRowMost = 2.4;  // of a table that has room
+constexpr double kRowMost = 2.4;  // of a table with room to spare
 constexpr double kPictureLeast = 9.0;
-constexpr double kPictureGood = 26.0;  // only then the rows of tables get higher
+constexpr double kPictureGood = 26.0;  // only above this height do the rows of tables grow
 constexpr double kHatchGap = 0.45;
-constexpr double kLine = 24.0;      // letters' height by a line's width
+constexpr double kLine = 24.0;      // letter height divided by line width
 constexpr double kTextPlate = 0.2;  // white between a number and the hatching round it
 
 class PagePainter {
@@ -67,7 +67,8 @@ private:
     [[nodiscard]] QFont FontGet(double dSize = 1.0, bool bBold = false) const
     {
         QFont font = m_painter.font();
-        // Whole pixels: devices without hinting would else measure other widths than they paint.
+        // Whole pixels: otherwise devices without hinting would measure other widths than they
+        // paint.
         font.setPixelSize(std::max(1, static_cast<int>(std::lround(m_dLetters * dSize))));
         font.setBold(bBold);
         return font;
@@ -76,7 +77,7 @@ private:
     {
         return QFontMetricsF(FontGet(dSize, bBold), m_painter.device());
     }
-    /// What a text takes of the page's width and of any height.
+    /// The size of a text within the page's width; its height is not limited.
     [[nodiscard]] QSizeF TextSize(const QString& sText, double dSize, bool bBold) const
     {
         if (sText.isEmpty())
@@ -89,7 +90,7 @@ private:
         return TextSize(sText, dSize, bBold).height();
     }
 
-    // --- tables: a width for each column of heads, one for all columns of cells
+    // --- tables: a width for each head column, one width for all cell columns
     [[nodiscard]] double Widest(const QStringList& asText) const
     {
         const QFontMetricsF metrics = MetricsGet(1.0, true);
@@ -126,7 +127,7 @@ private:
     {
         return Sum(HeadWidths(grid)) + grid.ColsGet() * CellWidthLeast(grid);
     }
-    /// Of a table, its titles too.
+    /// Lines of a table, titles included.
     [[nodiscard]] static int LinesGet(const PageGrid& grid)
     {
         return grid.RowsGet() + 1 + static_cast<int>(grid.aTitle.size());
@@ -188,7 +189,7 @@ private:
                 return std::holds_alternative<PagePicture>(block.body);
             }));
     }
-    /// Higher rows for tables where pictures do not need the room.
+    /// Makes table rows higher if no picture needs the room.
     void RowsStretch()
     {
         int nRows = 0;
@@ -264,7 +265,7 @@ private:
     {
         const std::vector<double> aHead = HeadWidths(grid);
         const double dRoom = (m_rct.width() - Sum(aHead)) / std::max(1, grid.ColsGet());
-        constexpr double kWidest = 6.0;  // letters: few columns need not fill the page
+        constexpr double kWidest = 6.0;  // letters; a table with few columns need not fill the page
         const double dCell = std::max(CellWidthLeast(grid), std::min(dRoom, kWidest * m_dLetters));
         const double dRow = m_dRowHeight * m_dLetters;
         TitlesPaint(grid.asCorner + grid.asColumn, aHead, dCell);

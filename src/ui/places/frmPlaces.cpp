@@ -203,7 +203,7 @@ std::optional<OwnPlace> frmPlaces::Typed()
     return {};
 }
 
-/// Saves a list and shows it. One that cannot be saved changes nothing.
+/// Saves a list and shows it. If it cannot be saved, nothing changes.
 bool frmPlaces::ListPut(const OwnPlaceList& list, int iRow)
 {
     if (const auto res = OwnPlacesSave(HostGet().SettingsGet().m_sProfileFile, list); !res) {

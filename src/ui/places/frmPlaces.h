@@ -1,12 +1,12 @@
 /// @file frmPlaces.h
-/// "My Places": the user's own list beside the profile, edited row by row or pasted as a table. A
-/// change is saved at once, and the last one can be taken back.
+/// "My Places": the user's own list beside the profile, edited row by row or pasted as a table.
+/// Each change is saved at once, and the last one can be undone.
 ///
-/// Keys:    Enter in a field puts the fields into the selected row, or adds a row where none is
+/// Keys:    Enter in a field writes the fields to the selected row, or adds a row if none is
 ///          selected. Ctrl+V in the list pastes rows, Del removes the selected one.
-/// Errors:  a text that is refused stays in its fields, and the line below says why. A row of the
-///          file that cannot be used is shown with its line, and kept as it stands. A file that is
-///          no list of places is never written.
+/// Errors:  a refused text stays in its field, and the line below gives the reason. A row of the
+///          file that cannot be used is shown with its line number and kept unchanged. A file that
+///          is not a list of places is never overwritten.
 /// Tests:   tests/ui/plan/FrmPlacesTest.cpp
 #pragma once
 
@@ -25,7 +25,7 @@ class frmPlaces final : public PlanWindow {
 public:
     explicit frmPlaces(PlanHost& host);
 
-    /// The list of the profile in force.
+    /// Loads the list of the profile in force.
     void Load();
     [[nodiscard]] Page PageGet() const override;
     [[nodiscard]] const OwnPlaceList& ListGet() const { return m_list; }
@@ -61,6 +61,6 @@ private:
     void Undo();
 
     OwnPlaceList m_list;
-    std::optional<OwnPlaceList> m_before;  // the list before the last change
+    std::optional<OwnPlaceList> m_before;  // the list before the last change, for Undo
     bool m_bReadable = false;
 };

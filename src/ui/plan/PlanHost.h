@@ -1,6 +1,7 @@
 /// @file PlanHost.h
-/// What the planning windows ask of the main window besides what every window does: engines for
-/// many predictions, the table that is shown, and the way back to it with a row of their own.
+/// What the planning windows need from the main window beyond MainWindowHost: engines for many
+/// predictions, the table that is shown, and a way to put one of their rows in force and to go
+/// back.
 ///
 /// Units:   degrees, kHz.
 #pragma once
@@ -16,30 +17,32 @@
 struct PlanTaking {
     double dTxLat = 0.0;
     double dTxLon = 0.0;
-    QString sTitle;                       ///< of the transmitter, for the window's title; or empty
-    std::vector<float> afFrequency = {};  ///< the new list; empty: it stays
-    float fFrequency = 0.0F;              ///< to be selected; 0: the row that is
-    int iHour = -1;                       ///< to be selected, 1 to 24; -1: the column that is
+    QString sTitle;  ///< the transmitter's, for the window's title; may be empty
+    std::vector<float> afFrequency = {};  ///< the new list; empty: unchanged
+    float fFrequency = 0.0F;              ///< to be selected; 0: as before
+    int iHour = -1;                       ///< to be selected, 1 to 24; -1: as before
 };
 
 class PlanHost : public MainWindowHost {
 public:
-    /// The engine of a model for many predictions.
+    /// The engine for a model, for many predictions.
     [[nodiscard]] virtual std::shared_ptr<const Engine> EngineGet(int iModel) const = 0;
-    /// What the settings ask for now, with the source of the sunspot number.
+    /// The request that the present settings make, with the source of the sunspot number.
     [[nodiscard]] virtual Request RequestGet() const = 0;
-    /// The table that is shown; without rows before the first one.
+    /// The table that is shown; without rows before the first prediction.
     [[nodiscard]] virtual const PropagationTable& TableGet() const = 0;
-    /// There are newer settings than those of the table: its run failed, or they are still typed.
+    /// True when the settings are newer than the table: its run failed, or a position is being
+    /// typed.
     [[nodiscard]] virtual bool TableOldIs() const = 0;
-    /// Selects a cell; the table's current cell and open details go with it.
+    /// Selects a cell; the table's current cell and open details follow.
     virtual void CellTake(int iFrequency, int iHour) = 0;
     /// Brings the main window to the front.
     virtual void FrontTake() = 0;
-    /// Puts a path in force and predicts it; what was in force comes back by Plan, Back.
+    /// Puts a path in force and predicts it; Plan, Back restores what was in force before.
     virtual void PlanTake(const PlanTaking& taking) = 0;
-    /// The name of the transmitter, as the main window's title has it; empty without one.
+    /// The transmitter's name as in the main window's title; empty if it has none.
     [[nodiscard]] virtual QString TransmitterNameGet() const = 0;
-    /// A row that was taken is in force: the list of frequencies may be its own.
+    /// True while a row that was taken over is in force: the list of frequencies may be the row's
+    /// own.
     [[nodiscard]] virtual bool TakenIs() const = 0;
 };

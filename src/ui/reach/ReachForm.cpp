@@ -27,7 +27,7 @@ QHBoxLayout* RowMake(QWidget& form)
     return pRow;
 }
 
-/// A label whose mnemonic leads to the control behind it.
+/// A label whose mnemonic leads to the control after it.
 void LabelledAdd(QHBoxLayout& row, const QString& sText, QWidget* pControl)
 {
     auto* pLabel = new QLabel(sText, pControl->parentWidget());

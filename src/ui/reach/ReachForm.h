@@ -1,7 +1,7 @@
 /// @file ReachForm.h
-/// The controls above the list of stations: what is asked, and what of the answer is listed.
+/// The controls above the list of stations: what to search for, and what of the answer to list.
 ///
-/// Units:   W; dB; hours of UTC.
+/// Units:   W; dB; hours UTC.
 /// Tests:   tests/ui/plan/FrmReachTest.cpp
 #pragma once
 
@@ -26,19 +26,20 @@ class ReachForm final : public QWidget {
 public:
     ReachForm(Settings& settings, QWidget* pParent);
 
-    /// How many places there are of each kind; a kind without any cannot be chosen. The first call
-    /// ticks all but Other, which is ticked where there is nothing else.
+    /// Shows how many places there are of each kind; a kind without any cannot be chosen. The first
+    /// call ticks all but Other, which is ticked only if there is nothing else.
     void PlacesShow(const std::array<int, 4>& anPlaces, bool bOwnFrequencies);
     [[nodiscard]] std::set<PlaceKind> KindsGet() const;
     void HoursShow(const HourLabels& asHour, int iNow);
     [[nodiscard]] int NowGet() const { return m_iNow; }
-    /// The hour that counts as now, 0 to 23 UTC.
+    /// The hour that counts as the present one, 0 to 23 UTC.
     [[nodiscard]] int FromGet() const;
     [[nodiscard]] ReachView ViewGet() const;
     void OrderSet(ReachOrder eOrder);
-    /// The need's figure, and the power of the settings.
+    /// Shows the need's figure and the power of the settings.
     void NeedShow(const Need& need, float fPower);
-    /// @param nListed  rows of the list; while there is work nDone of nAll
+    /// @param nListed  rows of the list
+    /// @param nDone  answers so far of nAll, during a search
     void CountShow(std::size_t nListed, std::size_t nDone, std::size_t nAll);
     void ProgressShow(bool bShown) { prgDone->setVisible(bShown); }
 
@@ -48,7 +49,7 @@ public:
     QDoubleSpinBox* numPower;
     std::array<QCheckBox*, 4> achkKind;
     QCheckBox* chkOwnFrequencies;
-    QPushButton* cmdFaults;  ///< how many places cannot be used; hidden without any
+    QPushButton* cmdFaults;  ///< how many places cannot be used; hidden if none
     QComboBox* cmbFrom;
     QSpinBox* numHours;
     QLineEdit* txtFind;
@@ -59,9 +60,9 @@ public:
     QLabel* lblCount;
 
 Q_SIGNALS:
-    void AskedChanged();   ///< another question: kinds, frequencies, power
-    void JudgedChanged();  ///< the same answers judged anew: need, hours
-    void ViewChanged();    ///< another list of the same rows
+    void AskedChanged();   ///< the search has changed: kinds, frequencies, power
+    void JudgedChanged();  ///< the same answers are judged differently: need, hours
+    void ViewChanged();    ///< the same rows are listed differently
 
 private:
     void AskedRowMake(Settings& settings);

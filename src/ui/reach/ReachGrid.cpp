@@ -17,7 +17,7 @@ QString Text(const std::string& sText) { return QString::fromStdString(TextForMe
 
 QString Whole(double dValue) { return QString::fromStdString(NumberFormat(dValue, "0")); }
 
-/// What is known of a row in a cell of its own; empty in the columns of the hours.
+/// The texts of a row's columns, other than the hours.
 struct RowTexts {
     QString sChannel;
     QString sNow;
@@ -63,7 +63,7 @@ QString StationText(const Place& place)
     return Text(sText);
 }
 
-/// A title beside the rank, cut where it is long; the tooltip has all of it.
+/// A title beside the rank, shortened if it is long; the tooltip has the full title.
 QString HeadText(std::size_t iRank, const Place& place)
 {
     QString sStation = StationText(place);

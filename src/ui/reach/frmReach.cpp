@@ -19,12 +19,12 @@
 
 namespace {
 
-constexpr int kListEvery = 60;        // ms, between two lists while answers come in
+constexpr int kListEvery = 60;        // ms between two updates of the list while answers come in
 constexpr int kProgressAfter = 300;   // ms
 constexpr int kNowEvery = 10'000;     // ms
 constexpr double kSamePlace = 0.001;  // degrees
 
-/// "(Airmail, 2 days old)" where the receiver is Airmail's position; else empty.
+/// "(Airmail, 2 days old)" if the receiver is at Airmail's position; otherwise empty.
 QString PositionSource(const Settings& settings)
 {
     double dLat = 0.0;
@@ -79,7 +79,7 @@ frmReach::frmReach(PlanHost& host)
     connect(frm->cmdFind, &QPushButton::clicked, this, &frmReach::Search);
     connect(&host.SettingsSignalGet(), &SettingsSignal::NeedChosen, this, &frmReach::Judge);
     connect(&host.SettingsSignalGet(), &SettingsSignal::PlacesChanged, this, &frmReach::Search);
-    // The sunspot number of the run is in the settings only at its end.
+    // The settings get the run's sunspot number only when it ends.
     connect(
         &host.SettingsSignalGet(), &SettingsSignal::Changed, this, [this] { SettingsSee(); },
         Qt::QueuedConnection);
@@ -106,7 +106,7 @@ void frmReach::GridConnect()
                 const auto eOrder = ReachOrderOf(iCol);
                 if (iRow != 0 || eButton != Qt::LeftButton || !eOrder)
                     return;
-                // A second click on a title leads back to the order of use.
+                // A second click on a title goes back to the order by use.
                 frm->OrderSet(frm->ViewGet().eOrder == *eOrder ? ReachOrder::Use : *eOrder);
             });
 }
@@ -144,12 +144,12 @@ void frmReach::PlacesRead()
 
 void frmReach::FaultsShow() { MsgBox(MsgIcon::Info, PlaceFaultsText(m_aFaults)); }
 
-/// While a station that was taken from the list is in force, the list of frequencies is its own;
-/// the question stays with the user's.
+/// While a station taken from the list is in force, the list of frequencies is the station's; the
+/// search still uses the user's.
 Request frmReach::BaseGet() const
 {
     Request base = HostGet().RequestGet();
-    base.dTxLat = 0.0;  // each place in its turn
+    base.dTxLat = 0.0;  // each place in turn
     base.dTxLon = 0.0;
     if (m_pReach && HostGet().TakenIs()) {
         base.nData = m_pReach->AskedGet().base.nData;
@@ -179,7 +179,7 @@ std::vector<Place> frmReach::PlacesWanted() const
     return aWanted;
 }
 
-/// Asks for the places of the ticked kinds. What was predicted before is answered at once.
+/// Searches the places of the ticked kinds. Those already predicted are answered at once.
 void frmReach::Ask()
 {
     m_job.Cancel();
@@ -215,7 +215,7 @@ void frmReach::FromShow()
     ReachGridLayout(*grdReach, m_asHour);
 }
 
-/// The first answer is shown at once, the following ones together.
+/// The first answer is shown at once, later ones are collected.
 void frmReach::ListSoon()
 {
     if (m_pReach->DoneGet() == 1)
@@ -247,7 +247,7 @@ void frmReach::ListShow()
                              : std::nullopt;
     m_aListed = ReachListGet(*m_pReach, frm->ViewGet());
     ReachGridFill(*grdReach, *m_pReach, m_aListed, m_asHour);
-    // The current row goes with its station; before the user chose one it stays on the first.
+    // The current row stays with its station; until the user has chosen one it stays the first.
     const auto itChosen =
         iChosen ? std::find(m_aListed.begin(), m_aListed.end(), *iChosen) : m_aListed.begin();
     if (itChosen != m_aListed.end())
@@ -255,7 +255,7 @@ void frmReach::ListShow()
                              place.DataIs() ? place.iCol : kReachChannel);
     frm->CountShow(m_aListed.size(), m_pReach->DoneGet(), m_pReach->PlacesGet().size());
     HintShow();
-    // A long list is made anew less often, so that the window stays alive.
+    // A long list is rebuilt less often, so that the window still responds.
     constexpr int kShare = 4;
     m_tmrList.setInterval(std::max<int>(kListEvery, kShare * static_cast<int>(timer.elapsed())));
 }
@@ -289,7 +289,7 @@ void frmReach::Judge()
     ListShow();
 }
 
-/// "Now" is another hour; the answers stay, they are for the whole day.
+/// The present hour has changed; the answers stay, since they cover the whole day.
 void frmReach::HourFollow()
 {
     if (!m_pReach || frm->NowGet() == UtcNow().nHour)
@@ -304,7 +304,7 @@ void frmReach::PowerTake(double dPower)
     HostGet().Update();
 }
 
-/// Other settings ask another question.
+/// Other settings need another search.
 void frmReach::SettingsSee()
 {
     if (!isVisible() || !m_pReach || BaseGet() == m_pReach->AskedGet().base)

@@ -1,9 +1,9 @@
 /// @file frmReach.h
-/// "Who Can I Reach": every station of Airmail's lists and of the user's own, by when and on which
-/// frequency it can be heard here. Fills while the predictions come in.
+/// "Who Can I Reach": every station of Airmail's lists and the user's own list, with the hours and
+/// frequencies on which it can be heard here. The list fills as the predictions come in.
 ///
-/// Keys:    Enter takes a station as transmitter, Escape stops the search, then closes the window.
-/// Errors:  a place that cannot be used, or whose prediction fails, stops no other.
+/// Keys:    Enter makes a station the transmitter. Escape stops the search, then closes the window.
+/// Errors:  a place that cannot be used, or whose prediction fails, does not stop the others.
 /// Tests:   tests/ui/plan/FrmReachTest.cpp
 #pragma once
 
@@ -22,17 +22,17 @@ public:
     explicit frmReach(PlanHost& host);
     ~frmReach() override;
 
-    /// Reads the places anew, and asks for all of them.
+    /// Reads the places again and searches all of them.
     void Search();
     [[nodiscard]] Page PageGet() const override;
     [[nodiscard]] bool RunningIs() const { return m_bRunning; }
-    /// The answers so far; null before the first search.
+    /// The answers so far; nullptr before the first search.
     [[nodiscard]] const Reach* ReachGet() const { return m_pReach.get(); }
 
     ReachForm* frm;
     GridControl* grdReach;
     QTimer* tmrNow;
-    QLabel* lblHint;  ///< instead of rows: why there are none; or that they are of older settings
+    QLabel* lblHint;  ///< why there are no rows, or that they are for older settings
 
 protected:
     bool WorkStop() override;
@@ -57,17 +57,17 @@ private:
     [[nodiscard]] ReachAsked AskedGet() const;
     [[nodiscard]] std::vector<Place> PlacesWanted() const;
 
-    std::vector<Place> m_aPlaces;       // of every kind
-    std::vector<PlaceFault> m_aFaults;  // entries of the lists that cannot be used
+    std::vector<Place> m_aPlaces;       // of all kinds
+    std::vector<PlaceFault> m_aFaults;  // entries that cannot be used
     HourLabels m_asHour;
     std::unique_ptr<Reach> m_pReach;
-    std::vector<std::size_t> m_aListed;  // by row of the grid, from 0
-    QTimer m_tmrList;                    // gathers answers before the list is made anew
+    std::vector<std::size_t> m_aListed;  // by grid row, from 0
+    QTimer m_tmrList;                    // collects answers between updates of the list
     QTimer m_tmrProgress;
-    std::string m_sObstacle;  // why the engine cannot be asked; empty where it can
+    std::string m_sObstacle;  // why the engine cannot run; empty if it can
     bool m_bRunning = false;
-    bool m_bOld = false;    // the settings went on, the answers did not
-    bool m_bMoved = false;  // the user chose a row
+    bool m_bOld = false;    // the settings have changed, the answers have not
+    bool m_bMoved = false;  // the user has chosen a row
     Runner m_runner;
     RunnerJob m_job;
 };
