@@ -1,8 +1,8 @@
 /// @file HourBar.h
-/// The bar under the map while the overlay is shown: play and pause, the hours of the day, the
-/// hour in words, the frequency, and how far the work is.
+/// The bar shown under the map with the overlay: play and pause, the hours of the day, the hour in
+/// words, the frequency, and the progress of the computation.
 ///
-/// Units:   hours 0..23 of UTC; frequencies by their index into the list.
+/// Units:   hours 0..23 UTC; frequencies as indices into the list.
 /// Tests:   tests/ui/map/HourBarTest.cpp
 #pragma once
 
@@ -14,7 +14,7 @@
 
 #include "ui/map/HourSlider.h"
 
-/// A list whose keys are its own: the window's arrow keys would scroll the map.
+/// A list that keeps the arrow keys, which would otherwise scroll the map.
 class HourCombo final : public QComboBox {
     Q_OBJECT
 public:
@@ -29,14 +29,14 @@ class HourBar final : public QWidget {
 public:
     explicit HourBar(QWidget* pParent);
 
-    /// @param iTimeCode  TimeCode, for the labels
+    /// @param iTimeCode  a TimeCode, for the labels
     void HourShow(int iHour, int iTimeCode);
-    /// @param iShown  the one that is chosen
+    /// @param iShown  the chosen one
     void FrequenciesShow(const std::vector<float>& afFrequency, std::size_t iShown);
-    /// False where what is shown is one for all frequencies.
+    /// False if one picture is for all frequencies.
     void FrequencyEnable(bool bEnable);
     void PlayShow(bool bPlaying);
-    /// "7 of 24", or why there is none; empty: nothing is under way.
+    /// "7 of 24", or why it stopped; empty when nothing is being computed.
     void WorkShow(const QString& sText);
 
     QToolButton* cmdPlay;

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int kPadding = 3;  // above and below the labels
-constexpr int kNotch = 120;  // of a wheel, eighths of a degree
+constexpr int kNotch = 120;  // of a wheel, in eighths of a degree
 
 bool KeyIsOwn(int nKey)
 {
@@ -69,7 +69,7 @@ QSize HourSlider::sizeHint() const
 
 QSize HourSlider::minimumSizeHint() const
 {
-    constexpr int kLeast = 6;  // pixels an hour
+    constexpr int kLeast = 6;  // pixels per hour
     return {kHourCount * kLeast, sizeHint().height()};
 }
 
@@ -89,7 +89,7 @@ int HourSlider::HourAt(int nX) const
 
 bool HourSlider::event(QEvent* pEvent)
 {
-    // Else the window's keys would scroll the map.
+    // Otherwise the window's keys would scroll the map.
     if (pEvent->type() == QEvent::ShortcutOverride) {
         const auto* pKey = static_cast<QKeyEvent*>(pEvent);
         if (pKey->modifiers() == Qt::NoModifier && KeyIsOwn(pKey->key())) {

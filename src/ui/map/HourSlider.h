@@ -1,10 +1,10 @@
 /// @file HourSlider.h
-/// The day as a row of 24 hours, one of which is chosen: by mouse, wheel and keys. Hours that are
-/// not there yet are hatched.
+/// The day as a row of 24 hours, one of them chosen with mouse, wheel or keys. Hours that are not
+/// computed yet are hatched.
 ///
-/// Units:   hours 0..23 of UTC.
-/// Keys:    Left, Right an hour (over midnight), Home, End; Up, Down the next frequency; Space
-///          plays. They are the control's own while it has the focus.
+/// Units:   hours 0..23 UTC.
+/// Keys:    Left and Right move by an hour (past midnight, too), Home and End to the ends, Up and
+///          Down change the frequency, Space plays. The control keeps them while it has the focus.
 /// Tests:   tests/ui/map/HourBarTest.cpp
 #pragma once
 
@@ -20,9 +20,9 @@ public:
     explicit HourSlider(QWidget* pParent);
 
     void LabelsSet(const HourLabels& asHour);
-    /// Hours that can be shown at once; nobody knows of the others before they are asked for.
+    /// The hours that are computed; of the others nothing is known before they are asked for.
     void ThereSet(const AreaHours& hours);
-    /// Shows an hour without telling that it was chosen.
+    /// Shows an hour without emitting that it was chosen.
     void HourShow(int iHour);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -30,7 +30,7 @@ public:
 
 Q_SIGNALS:
     void PlayWanted();
-    /// The next frequency of the list (1) or the one before (-1).
+    /// The next frequency of the list (1) or the previous one (-1).
     void FrequencyStep(int nBy);
 
 protected:

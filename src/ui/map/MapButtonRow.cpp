@@ -8,7 +8,7 @@ namespace {
 constexpr int kMargin = 10;
 constexpr int kGap = 6;  // between buttons
 constexpr int kGapMin = 2;
-constexpr int kPadding = 10;  // beside the content of a button
+constexpr int kPadding = 10;  // beside a button's content
 constexpr int kPaddingMin = 4;
 
 }  // namespace

@@ -1,6 +1,6 @@
 /// @file MapButtonRow.h
-/// The row of buttons below the map: margins that shrink with the window, and a row that scrolls
-/// where even the smallest do not fit.
+/// The row of buttons below the map: the margins shrink with the window, and a row whose smallest
+/// buttons do not fit scrolls.
 ///
 /// Units:   pixels.
 /// Tests:   tests/ui/map/MapButtonRowTest.cpp
@@ -15,13 +15,13 @@ struct ButtonPlace {
 };
 
 struct ButtonRow {
-    std::vector<ButtonPlace> aPlaces;  ///< in the row's order
-    int nOver = 0;                     ///< how far the row can be scrolled; 0: all of it is seen
+    std::vector<ButtonPlace> aPlaces;  ///< in row order
+    int nOver = 0;                     ///< how far the row can scroll; 0: it is all visible
 };
 
 /// @param aContent  width of each button's text or picture
-/// @param nRight    so many buttons at the end stand at the window's right edge
+/// @param nRight    number of buttons at the end that are aligned right
 /// @param nWidth    inner width of the window
-/// @param nShift    how far the row is scrolled, kept within 0..nOver
+/// @param nShift    how far the row is scrolled; limited to 0..nOver
 [[nodiscard]] ButtonRow ButtonRowGet(std::span<const int> aContent, int nRight, int nWidth,
                                      int nShift);

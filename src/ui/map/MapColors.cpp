@@ -20,9 +20,9 @@ namespace {
 constexpr QRgb kRgbMask = 0x00FFFFFF;
 constexpr QRgb kAlpha = 0xFF000000;
 constexpr QRgb kBlack = kAlpha;
-constexpr int kBright = 0x85;  // red: black lines read on it
+constexpr int kBright = 0x85;  // red; black lines are visible on it from here on
 
-// The plain map by night: a black sea, dark land, ice the least dark.
+// The plain map in Night: a black sea, dark land, ice the brightest.
 constexpr QRgb kSeaDark = qRgb(0x10, 0x18, 0x20);
 constexpr std::array<QRgb, kMapColors> kLandDark{
     qRgb(0x4A, 0x44, 0x30), qRgb(0x36, 0x48, 0x2E), qRgb(0x56, 0x3A, 0x30),
@@ -32,7 +32,8 @@ constexpr QRgb kBackgroundDark = qRgb(0x20, 0x20, 0x20);
 
 QRgb Inverted(QRgb nColor) { return nColor ^ kRgbMask; }
 
-/// What is neither a colour of the map nor of a cell: letters on their plates, and their edges.
+/// Inverts what is neither a colour of the map nor of a cell: letters on their plates, and their
+/// edges.
 QRgb GreyTurned(QRgb nColor)
 {
     constexpr int kAlike = 8;
@@ -40,7 +41,7 @@ QRgb GreyTurned(QRgb nColor)
     return nMost - nLeast <= kAlike ? Inverted(nColor) : nColor;
 }
 
-/// A table of colours. What a rubber band has inverted comes out inverted.
+/// A colour table. What a rubber band has inverted comes out inverted.
 class ColorTable {
 public:
     explicit ColorTable(const MapLook& look) : m_look(look)
@@ -99,11 +100,11 @@ private:
     bool m_bLast = false;
 };
 
-/// The overlay by night. A line is black where the pixel beside it, or above it along a line from
-/// side to side, is bright.
+/// The overlay in Night. A line is black where the pixel beside it is bright, or above it if the
+/// line runs from side to side.
 void OverlayNight(QImage& img, ColorTable& table)
 {
-    std::vector<QRgb> aAbove(static_cast<std::size_t>(img.width()), kBlack);  // the last cell's
+    std::vector<QRgb> aAbove(static_cast<std::size_t>(img.width()), kBlack);  // cells
     std::vector<QRgb> aRow(aAbove.size());
     for (int nRow = 0; nRow < img.height(); ++nRow) {
         auto* const pRow = reinterpret_cast<QRgb*>(img.scanLine(nRow));

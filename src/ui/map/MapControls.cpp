@@ -20,7 +20,7 @@ bool IsArrow(int nKey)
            || nKey == Qt::Key_Down;
 }
 
-/// Colours that differ in lightness, too; from Okabe and Ito's set for all kinds of colour vision.
+/// Colours that also differ in lightness, from Okabe and Ito's set for all kinds of colour vision.
 constexpr std::array<QRgb, 6> kSystemColors{
     qRgb(0xD5, 0x5E, 0x00), qRgb(0x00, 0x72, 0xB2), qRgb(0x00, 0x9E, 0x73),
     qRgb(0xCC, 0x79, 0xA7), qRgb(0xF0, 0xE4, 0x42), qRgb(0x56, 0xB4, 0xE9),
@@ -79,7 +79,7 @@ void PctMap::paintEvent(QPaintEvent* /*pEvent*/)
         QMetaObject::invokeMethod(this, &PctMap::DensityChanged, Qt::QueuedConnection);
     const MapLook look = MapLookGet(m_bOverlay);
     if (look.PlainIs()) {
-        m_imgShown = QImage();  // a second hold on the picture would copy it at the next change
+        m_imgShown = QImage();  // a second reference would copy the picture at its next change
     } else if (m_imgShown.isNull() || m_nShownKey != m_img.cacheKey() || look != m_lookShown) {
         m_imgShown = MapPictureShown(m_img, look);
         m_lookShown = look;
@@ -115,7 +115,7 @@ QColor MarkerLabel::TextGetColor() const { return MarkerGetTextColor(m_bDark); }
 
 bool MarkerLabel::event(QEvent* pEvent)
 {
-    // Else the window's arrow keys would scroll.
+    // Otherwise the window's arrow keys would scroll.
     if (pEvent->type() == QEvent::ShortcutOverride
         && IsArrow(static_cast<QKeyEvent*>(pEvent)->key())) {
         pEvent->accept();
@@ -148,7 +148,7 @@ void MarkerLabel::focusOutEvent(QFocusEvent* pEvent)
 {
     MouseControl::focusOutEvent(pEvent);
     update();
-    if (pEvent->reason() != Qt::PopupFocusReason)  // a menu of its own is no leaving
+    if (pEvent->reason() != Qt::PopupFocusReason)  // its own popup menu does not end the move
         Q_EMIT FocusLeft();
 }
 
@@ -187,7 +187,7 @@ void StationDot::paintEvent(QPaintEvent* /*pEvent*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const Palette ePalette = PaletteShown();
-    // By night the worst step is black on a black sea.
+    // In Night the worst band is black on a black sea.
     painter.setPen(ePalette == Palette::Night ? QColor(kNightInk) : QColor(Qt::black));
     painter.setBrush(ColorInPalette(ColorGet(), ePalette));
     painter.drawPath(SymbolGetPath(m_iSystem, QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5)));

@@ -1,6 +1,6 @@
 /// @file MapControls.h
-/// The painted controls of the map window: the map picture, the two markers, the station symbols,
-/// and the small pictures on its buttons.
+/// The painted controls of the map window: map picture, markers and station symbols; also the small
+/// pictures of its buttons.
 ///
 /// Tests:   tests/ui/map/MapMarkersTest.cpp, MapStationsTest.cpp
 #pragma once
@@ -14,14 +14,14 @@
 #include "ui/map/MapColors.h"
 #include "ui/map/MapView.h"
 
-/// A control that hands its mouse on. Positions are the control's own pixels.
+/// A control that passes its mouse events on. Positions are in the control's own pixels.
 class MouseControl : public QWidget {
     Q_OBJECT
 public:
     using QWidget::QWidget;
 
 Q_SIGNALS:
-    /// The pointer has come.
+    /// The pointer has entered.
     void Entered();
     void MouseDown(QMouseEvent* pEvent);
     void MouseMove(QMouseEvent* pEvent);
@@ -32,16 +32,17 @@ protected:
     void mousePressEvent(QMouseEvent* pEvent) override { Q_EMIT MouseDown(pEvent); }
     void mouseMoveEvent(QMouseEvent* pEvent) override { Q_EMIT MouseMove(pEvent); }
     void mouseReleaseEvent(QMouseEvent* pEvent) override { Q_EMIT MouseUp(pEvent); }
-    /// A second press in short time is a press.
+    /// The second press of a double click counts as a press.
     void mouseDoubleClickEvent(QMouseEvent* pEvent) override { Q_EMIT MouseDown(pEvent); }
 };
 
-/// The map picture: an image, and layers above it that are painted afresh each time.
+/// The map picture: an image, and layers above it that are painted every time.
 class PctMap final : public MouseControl {
     Q_OBJECT
 public:
     explicit PctMap(QWidget* pParent);
-    /// A picture of this control's size and density in the background's colour, unless it has them.
+    /// Makes the picture fit this control's size and pixel density, filled with the background's
+    /// colour; does nothing if it already does.
     void PictureSize();
 
     QImage m_img;             ///< device pixels
@@ -49,10 +50,10 @@ public:
     std::function<void(QPainter&)> m_fnLayersPaint;
 
 Q_SIGNALS:
-    /// The focus has come or gone.
+    /// The control has gained or lost the focus.
     void FocusMoved(bool bHere);
     void Wheel(QWheelEvent* pEvent);
-    /// The screen's density is no longer the picture's.
+    /// The screen's pixel density has changed.
     void DensityChanged();
 
 protected:
@@ -67,20 +68,20 @@ private:
     qint64 m_nShownKey = 0;
 };
 
-/// A marker: a flag with its text on a pin that stands in the control's centre, the place marked.
-/// Below the pin the control is empty and lets the mouse through. With the focus it takes the arrow
-/// keys.
+/// A marker: a flag with its text on a pin, whose foot in the control's centre marks the place.
+/// Below the pin the control is empty and lets the mouse through. The focused marker takes the
+/// arrow keys.
 class MarkerLabel final : public MouseControl {
     Q_OBJECT
 public:
-    /// @param bDark  white on dark blue, else black on yellow.
+    /// @param bDark  white on dark blue; otherwise black on yellow
     MarkerLabel(const QString& sText, bool bDark, QWidget* pParent);
     [[nodiscard]] const QString& TextGet() const { return m_sText; }
     [[nodiscard]] QColor FillGetColor() const;
     [[nodiscard]] QColor TextGetColor() const;
 
 Q_SIGNALS:
-    /// An arrow key, of the focused flag: pixels right and down, ten with Shift.
+    /// An arrow key on the focused flag: pixels right and down, ten with Shift.
     void KeyMove(int nByX, int nByY);
     void FocusLeft();
 
@@ -97,12 +98,12 @@ private:
     bool m_bDark;
 };
 
-/// A station's symbol: nine pixels, colour and shape by its system (from 1).
+/// A station's symbol: nine pixels wide, with colour and shape by its system (from 1).
 class StationDot final : public MouseControl {
     Q_OBJECT
 public:
     StationDot(int iSystem, QWidget* pParent);
-    /// Another colour than that of its system; an invalid one brings that back.
+    /// Replaces the colour of its system; an invalid colour restores it.
     void ColorSet(const QColor& clr);
     [[nodiscard]] QColor ColorGet() const;
 
@@ -114,6 +115,6 @@ private:
     QColor m_clr;
 };
 
-/// Pictures of the buttons: "Overlay", "Stations", "Path", "Night", "Twilight"; another key gives
-/// none.
+/// Pictures of the buttons: "Overlay", "Stations", "Path", "Night", "Twilight"; empty for any other
+/// key.
 [[nodiscard]] QIcon MapPictureGet(const QString& sKey);

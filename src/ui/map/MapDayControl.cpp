@@ -19,10 +19,10 @@
 
 namespace {
 
-constexpr int kPlayStep = 1000;  // ms an hour
+constexpr int kPlayStep = 1000;  // ms per hour
 constexpr int kWorkAfter = 300;  // ms
-/// Values of a day that are held at once; a finer grid is thinned out for the day. With the spreads
-/// they take 64 MB.
+/// Most values of a day that are held at once; a finer grid is thinned out for the day. With the
+/// deciles they take 64 MB.
 constexpr std::size_t kValuesMost = 4'000'000;
 
 int GridThin(int nGridSize, std::size_t nFrequencies, std::size_t nBoxes)
@@ -40,7 +40,7 @@ MapDayControl::MapDayControl(MapForm& form, MainWindowHost& host, MapOverlayMenu
 {
     if (!m_fnEngine)
         m_fnEngine = [](int iModel) { return std::make_shared<ProcessEngine>(iModel); };
-    setParent(form.pctMap->window());  // to be found among the window's objects
+    setParent(form.pctMap->window());  // so that it is found among the window's objects
     m_tmrPlay.setInterval(kPlayStep);
     m_tmrWork.setInterval(kWorkAfter);
     m_tmrWork.setSingleShot(true);
@@ -69,7 +69,7 @@ void MapDayControl::BarConnect()
     connect(pBar, &HourBar::PlayWanted, this, &MapDayControl::PlayToggle);
 }
 
-/// Whatever hides the overlay ends the day, too.
+/// Whatever hides the overlay also ends the day.
 void MapDayControl::OverlayToggled(bool bShown)
 {
     if (!bShown) {
@@ -84,7 +84,7 @@ void MapDayControl::OverlayToggled(bool bShown)
     Q_EMIT BarShown();
 }
 
-/// From the overlay's own picture to the day's.
+/// Goes from the overlay's own picture to the day's.
 void MapDayControl::Begin()
 {
     m_bOn = true;
@@ -139,7 +139,7 @@ void MapDayControl::PlayToggle()
     BarShow();
 }
 
-/// The next hour; one that is still computed is waited for.
+/// Goes to the next hour; waits for it if it is being computed.
 void MapDayControl::PlayStep()
 {
     const int iNext = (m_menu.ChoiceGet().iHour + 1) % kHourCount;
@@ -177,7 +177,7 @@ void MapDayControl::Show()
     Paint();
 }
 
-/// The frequencies of the table that is shown, those that engines take.
+/// Takes those frequencies of the table shown that engines accept.
 void MapDayControl::ListTake()
 {
     const Request input = m_host.TableInputGet();
@@ -186,7 +186,7 @@ void MapDayControl::ListTake()
     for (const int iRow : m_aiRow) m_shown.afFrequency.push_back(input.FrequencyGet(iRow));
 }
 
-/// Hour, frequency, need and minimum as they are now.
+/// Takes the present hour, frequency, need and minimum.
 void MapDayControl::ShownTake()
 {
     const Settings& settings = m_host.SettingsGet();
@@ -236,7 +236,7 @@ void MapDayControl::Renew()
     BarShow();
 }
 
-/// The grid of what is shown, as far as it is there.
+/// The grid of what is shown, if it is computed.
 const MapDayGrid* MapDayControl::GridGet() const
 {
     if (m_shown.eLayer == MapDayLayerKind::DaysInTen && !m_run.SpreadIs())
@@ -319,7 +319,7 @@ AreaRequest MapDayControl::RequestGet() const
     return request;
 }
 
-/// What the smooth picture shows at a position.
+/// The value of the smooth picture at a position.
 std::optional<float> MapDayControl::SmoothGet(const LatLon& pos) const
 {
     std::size_t iFirst = 0;

@@ -1,9 +1,10 @@
 /// @file MapDayControl.h
 /// The map's day: the overlay for any hour, frequency and layer without a run for each. It begins
-/// when the bar of hours is moved or played, or a layer is chosen; the overlay as its own item
-/// shows it is left alone. It ends when the overlay is hidden.
+/// when the bar of hours is moved or played or a layer is chosen; until then the overlay is that of
+/// its own menu item. It ends when the overlay is hidden.
 ///
-/// Errors:  told in the read-out and in the status line, without a box: nobody waits for the work.
+/// Errors:  shown in the read-out and the status line, without a message box, since the user does
+///          not wait for the result.
 /// Tests:   tests/ui/map/MapDayControlTest.cpp, MapDayEnginesTest.cpp
 #pragma once
 
@@ -21,7 +22,7 @@ class MainWindowHost;
 class MapOverlayControl;
 class MapOverlayMenu;
 
-/// The engine of a model for many predictions.
+/// The engine for a model, for many predictions.
 using MapEngineFn = std::function<std::shared_ptr<const Engine>(int iModel)>;
 
 class MapDayControl final : public QObject {
@@ -30,36 +31,40 @@ public:
     MapDayControl(MapForm& form, MainWindowHost& host, MapOverlayMenu& menu,
                   MapOverlayControl& overlay, MapEngineFn fnEngine);
 
-    /// The overlay is shown and is one of the day.
+    /// True while the shown overlay is the day's.
     [[nodiscard]] bool IsOn() const { return m_bOn; }
-    /// The picture shows cells of the day.
+    /// True while the picture shows cells of the day.
     [[nodiscard]] bool HasCells() const { return !m_aPoints.empty(); }
     [[nodiscard]] bool PlayingIs() const { return m_tmrPlay.isActive(); }
     [[nodiscard]] MapDayLayerKind LayerGet() const { return m_shown.eLayer; }
-    /// What the cells show; REQUIRES: HasCells.
+    /// What the cells show.
+    /// REQUIRES: HasCells
     [[nodiscard]] const MapDayShown& ShownGet() const { return m_shown; }
-    /// They are painted evenly between the grid points.
+    /// True if the values are interpolated between the grid points.
     [[nodiscard]] bool IsSmooth() const;
-    /// What they were predicted for, with their hour and frequency; REQUIRES: HasCells.
+    /// The request of the cells shown, with their hour and frequency.
+    /// REQUIRES: HasCells
     [[nodiscard]] AreaRequest RequestGet() const;
-    /// The value of the point nearest to a position, with the range; empty without cells.
+    /// The value of the point nearest to a position, and the range; empty without cells.
     [[nodiscard]] QString TipGet(const LatLon& pos) const;
     [[nodiscard]] const MapDayRun& RunGet() const { return m_run; }
 
     void LayerChoose(MapDayLayerKind eLayer);
-    /// The picture was painted anew: draws what there is into it and has the rest computed.
+    /// To be called when the picture has been painted: adds the cells that are computed and starts
+    /// computing the rest.
     void Show();
-    /// The picture is about to be painted anew.
+    /// To be called before the picture is painted again.
     void PictureForget();
-    /// The seam for tests: another pace of the play, ms an hour.
+    /// For tests: another speed of play, ms per hour.
     void PlayPaceSet(int nMs) { m_tmrPlay.setInterval(nMs); }
-    /// Ends the work under way, else the play. @return false when there is neither
+    /// Stops the computation, otherwise the play.
+    /// @return false if there was neither
     bool Leave();
 
 Q_SIGNALS:
-    /// The picture is to be painted anew, without cells.
+    /// The picture is to be painted again, without cells.
     void PictureWanted();
-    /// The bar of hours has appeared or gone; the picture is painted anew in any case.
+    /// The bar of hours was shown or hidden; the picture is painted again in any case.
     void BarShown();
 
 private:
@@ -87,13 +92,13 @@ private:
     MapOverlayControl& m_overlay;
     MapEngineFn m_fnEngine;
     bool m_bOn = false;
-    std::vector<int> m_aiRow;  // rows of the table that the list's frequencies have
+    std::vector<int> m_aiRow;  // rows of the table for the list's frequencies
     MapDayShown m_shown;
     QImage m_imgBase;                  // the picture without cells; null: not painted yet
-    MapDayGrid m_apShown;              // whose points the picture shows
+    MapDayGrid m_apShown;              // the grid shown in the picture
     std::vector<AreaPoint> m_aPoints;  // of all boxes, with the values shown
     QTimer m_tmrPlay;
-    QTimer m_tmrWork;  // work that lasts is told
+    QTimer m_tmrWork;  // reports computations that take long
     bool m_bStopped = false;
     MapDayRun m_run;
 };

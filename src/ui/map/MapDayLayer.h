@@ -1,6 +1,6 @@
 /// @file MapDayLayer.h
-/// What the map's day has above the picture while it shows cells: the legend of its layer, which
-/// stands where the pointer is not, and the value in the tips.
+/// What the map's day shows above the picture while it has cells: the legend of its layer, which
+/// gives way to the pointer, and the value in the tips.
 ///
 /// Tests:   tests/ui/map/MapDayControlTest.cpp
 #pragma once
@@ -23,6 +23,6 @@ private:
 
     const MapForm& m_form;
     const MapDayControl& m_day;
-    QRect m_rctPointer;  // what the pointer looks at on the map
-    QRect m_rctLegend;   // where the legend was painted last
+    QRect m_rctPointer;  // where the pointer is on the map
+    QRect m_rctLegend;   // where the legend was last painted
 };

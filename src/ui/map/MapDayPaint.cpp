@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int kDays = 10;
-constexpr int kHoursAStep = 3;  // hours open that share a colour
+constexpr int kHoursAStep = 3;  // hours open with the same colour
 constexpr int kHourSteps = kHourCount / kHoursAStep;
 
 QString Text(float fValue, const char* sPattern = "0")
@@ -22,7 +22,7 @@ QString Text(float fValue, const char* sPattern = "0")
     return QString::fromStdString(NumberFormat(fValue, sPattern));
 }
 
-/// A rainbow, red for the longest waves; all light enough for black coast lines.
+/// A rainbow with red for the longest waves; all its colours are light enough for black coastlines.
 QColor RainbowColor(double dShare)
 {
     static const std::array<QColor, 9> kStops{
@@ -41,7 +41,7 @@ QColor RainbowColor(double dShare)
             Part(clrOne.blue(), clrOther.blue())};
 }
 
-/// By the place among the frequencies, so that neighbours of a band can be told apart.
+/// By the order of the frequencies, so that neighbours in a band can be told apart.
 QColor FrequencyColor(const std::vector<float>& afFrequency, std::size_t iFrequency)
 {
     const float fKhz = afFrequency.at(iFrequency);

@@ -1,8 +1,8 @@
 /// @file MapDayPaint.h
-/// The layers of the map's day without their window: what is painted of a grid's points, in which
-/// colours, what the legend says, and what is told of the point under the pointer.
+/// The layers of the map's day, independent of the window: what is painted for a grid's points, in
+/// which colours, the text of the legend and of the tip.
 ///
-/// Units:   degrees, kHz, dB in 1 Hz; hours 0..23 of UTC; frequencies by their index into the list.
+/// Units:   degrees, kHz, dB in 1 Hz; hours 0..23 UTC; frequencies as indices into the list.
 /// Errors:  none; a point without a value is not painted, and its tip says so.
 /// Tests:   tests/ui/map/MapDayPaintTest.cpp
 #pragma once
@@ -28,22 +28,22 @@ struct MapDayShown {
     std::size_t iFrequency = 0;
     std::vector<float> afFrequency;  ///< the day's list
     float fMinSnr = 0.0F;            ///< least SNR that is painted
-    Need need;                       ///< of days in ten and hours open
-    AreaHours hours;                 ///< of hours open: those that are there
+    Need need;                       ///< for days in ten and hours open
+    AreaHours hours;                 ///< for hours open: those that are computed
     std::function<std::uint32_t(float fSnr)> fnSnrColor;
 };
 
-/// True where the layer is one of a single frequency.
+/// True if the layer is for a single frequency.
 [[nodiscard]] bool DayLayerOfFrequency(MapDayLayerKind eLayer);
 
-/// The layer's value of a point: SNR; index of the best frequency, where its SNR is painted; days
-/// in ten; hours open.
+/// The layer's value for a point: the SNR; the index of the best frequency if its SNR is painted;
+/// days in ten; hours open.
 [[nodiscard]] std::optional<float> DayValueGet(const MapDayShown& shown, const AreaDay& day,
                                                std::size_t iPoint);
 /// The colour of a value, 0x00BBGGRR.
 [[nodiscard]] std::uint32_t DayColorGet(const MapDayShown& shown, float fValue);
 
-/// All points of a day with their values; not-a-number where there is none.
+/// All points of a day with their values; NaN where there is none.
 [[nodiscard]] std::vector<AreaPoint> DayPointsGet(const MapDayShown& shown, const AreaDay& day);
 
 [[nodiscard]] Legend DayLegendGet(const MapDayShown& shown);
@@ -51,8 +51,8 @@ struct MapDayShown {
 [[nodiscard]] QString DaySnrText(float fSnr);
 /// ", Snr 48.0 dB", ", 14000 kHz, Snr 48.0 dB", ", 7 days in ten", ", 13 hours open".
 [[nodiscard]] QString DayTipGet(const MapDayShown& shown, const AreaDay& day, std::size_t iPoint);
-/// "Snr Overlay, 14000.0KHz @ 06:00", "Best Frequency @ 06:00" ...: a title for the window.
+/// A title for the window: "Snr Overlay, 14000.0KHz @ 06:00", "Best Frequency @ 06:00" ...
 [[nodiscard]] QString DayTitleGet(const MapDayShown& shown);
-/// The line that says what the picture is, behind the places.
+/// The line below the picture that says what it shows.
 /// @param sAreaFoot  AreaFootText of its frequency and hour
 [[nodiscard]] std::string DayFootGet(const MapDayShown& shown, const std::string& sAreaFoot);

@@ -10,19 +10,19 @@
 
 namespace {
 
-constexpr int kCoarseGrid = 10;  // points a side: a sixteenth of the shipped grid's work
+constexpr int kCoarseGrid = 10;  // points per side: a sixteenth of the work for the default grid
 
 using WorkPtr = std::shared_ptr<AreaDayWork>;
 
 }  // namespace
 
-/// All boxes at one size of the grid. Its pieces are those of the first box, then the next one's.
+/// All boxes with one grid size. The pieces of the first box come first, then those of the next.
 struct MapDayRun::Grid {
     MapDayGrid apDays;
     std::vector<WorkPtr> apWorks;
     std::vector<bool> abDone;  // by piece
     std::size_t nMissing = 0;  // pieces
-    /// By piece. One that was stopped may be at its end yet when it is begun anew.
+    /// By piece. A piece that was stopped may still be ending when it is started again.
     std::vector<std::mutex> aBusy;
 
     [[nodiscard]] std::size_t BoxPiecesGet() const { return apWorks.at(0)->PiecesGet(); }
@@ -30,7 +30,7 @@ struct MapDayRun::Grid {
     {
         return apWorks.at(0)->PartGet(iPiece % BoxPiecesGet());
     }
-    /// An hour of a frequency, or of all of them, is there in every box.
+    /// True if an hour of a frequency, or of all frequencies, is done in every box.
     [[nodiscard]] bool WantIs(const MapDayWant& want) const
     {
         if (nMissing == 0)
@@ -75,10 +75,10 @@ struct MapDayRun::Grid {
 struct MapDayRun::Entry {
     MapDayAsked asked;
     std::string sEngine;
-    std::shared_ptr<const Engine> pEngine;  // outlives its work
+    std::shared_ptr<const Engine> pEngine;  // kept alive for its work
     bool bSpread = false;
-    bool bRows = false;   // all hours at once, with their spreads
-    bool bReady = false;  // both grids have their work
+    bool bRows = false;   // all hours at once, with their deciles
+    bool bReady = false;  // all grids are prepared
     std::optional<Grid> coarse;
     Grid full;
 
@@ -97,7 +97,7 @@ MapDayRun::~MapDayRun()
     for (RunnerJob& job : m_aJobs) job.Cancel();
 }
 
-/// The entry to the front of the list, a new one where there is none.
+/// Moves the entry to the front of the list, or adds a new one.
 void MapDayRun::EntryUse(const MapDayAsked& asked, const Engine& engine)
 {
     const std::string sEngine = engine.IdentityGet();
@@ -115,8 +115,9 @@ void MapDayRun::EntryUse(const MapDayAsked& asked, const Engine& engine)
     m_apEntries.push_front(std::move(pEntry));
 }
 
-/// Makes the entry's room and work; a coarse grid is begun at once, so that its picture does not
-/// wait for the room of the full one. @return false where the engine cannot
+/// Prepares the entry's memory and work. A coarse grid is started at once, so that its picture does
+/// not wait for the memory of the full one.
+/// @return false if the engine cannot do it
 bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngine)
 {
     const auto GridMake = [&](Grid& grid, int nGridSize, std::size_t nBoxes, bool bSpread) {
@@ -150,7 +151,7 @@ bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngi
         return false;
     entry.pEngine = pEngine;
     entry.bRows = !trial.PartGet(0);
-    entry.bSpread = entry.bRows || entry.asked.bSpread;  // of rows they cost nothing
+    entry.bSpread = entry.bRows || entry.asked.bSpread;  // here they cost nothing
     if (entry.bRows && nGridSize > kCoarseGrid) {
         if (!GridMake(entry.coarse.emplace(), kCoarseGrid, nBoxes, true))
             return false;
@@ -226,7 +227,7 @@ void MapDayRun::PieceDone(Grid& grid, std::size_t iPiece, const std::optional<Fa
     grid.abDone[iPiece] = true;
     --grid.nMissing;
     Q_EMIT Progressed();
-    // Of rows none can be shown before the last one, whose job then ends.
+    // With all hours at once nothing can be shown before the last piece, which ends the job.
     const auto part = grid.PartGet(iPiece);
     if (part && grid.WantIs({part->iHour, part->iFrequency}))
         Q_EMIT Renewed();

@@ -1,12 +1,12 @@
 /// @file MapDayRun.h
-/// The day of the area that a map shows, computed in the background: the SNR of every point, hour
-/// and frequency, for scrubbing without waiting. An engine in this process answers for a coarse
-/// grid first, then for the full one; any other engine hour by hour, of which each can be shown as
-/// soon as it is there. Days that were computed are kept, also those that were stopped half-way.
+/// Computes the day of the map's area in the background: the SNR of every point, hour and
+/// frequency, so that moving through the day needs no waiting. An engine in this process computes a
+/// coarse grid first and then the full one. Any other engine runs hour by hour, and each hour can
+/// be shown when it is done. Computed days are kept, even unfinished ones.
 ///
-/// Units:   degrees, kHz; hours 0..23 of UTC; frequencies by their index into the list.
-/// Errors:  the first failure ends the work; what is there stays.
-/// Threads: called on the thread of the windows, answers on it.
+/// Units:   degrees, kHz; hours 0..23 UTC; frequencies as indices into the list.
+/// Errors:  the first failure ends the work; what is computed is kept.
+/// Threads: called on the windows' thread, and answers on it.
 /// Tests:   tests/ui/map/MapDayRunTest.cpp
 #pragma once
 
@@ -21,17 +21,17 @@
 #include "propagation/Runner.h"
 #include "studies/areaday/AreaDays.h"
 
-/// What a day is asked for.
+/// The request for a day.
 struct MapDayAsked {
     AreaRequest area;                ///< without hour, frequency and bounds
     std::vector<float> afFrequency;  ///< kHz
     std::vector<AreaBox> aBoxes;
-    bool bSpread = false;  ///< days in ten, too; an engine in this process tells them in any case
+    bool bSpread = false;  ///< also days in ten, which an engine in this process always computes
 
     bool operator==(const MapDayAsked&) const = default;
 };
 
-/// What is wanted of it first; of engines that run hour by hour no other frequency is asked for.
+/// What is wanted first. An engine that runs hour by hour computes no other frequency.
 struct MapDayWant {
     int iHour = 0;
     std::optional<std::size_t> iFrequency = {};  ///< nothing: all of them
@@ -43,7 +43,8 @@ using MapDayGrid = std::vector<std::shared_ptr<AreaDay>>;
 class MapDayRun final : public QObject {
     Q_OBJECT
 public:
-    /// Bytes of the days that are kept, about; the one in use is kept whatever it takes.
+    /// Approximate limit in bytes of the days that are kept; the one in use is kept whatever its
+    /// size.
     static constexpr std::size_t kCacheBytes = Runner::kCacheBytes;
 
     MapDayRun();
@@ -52,28 +53,27 @@ public:
     /// Makes this the day in use and computes what is missing of what is wanted.
     void Ask(const MapDayAsked& asked, const std::shared_ptr<const Engine>& pEngine,
              const MapDayWant& want);
-    /// Ends the work; what is there stays.
+    /// Ends the work; what is computed is kept.
     void Stop();
     [[nodiscard]] bool RunningIs() const { return m_bRunning; }
-    /// Pieces done of the work under way, and all of them.
+    /// Pieces done of the present work, and all its pieces.
     [[nodiscard]] std::size_t DoneGet() const { return m_nDone; }
     [[nodiscard]] std::size_t CountGet() const { return m_nCount; }
 
-    /// The finest grid with an hour of a frequency, or of all frequencies; nothing where there is
-    /// none yet.
+    /// The finest grid that has an hour of a frequency, or of all frequencies; nullptr if none has.
     [[nodiscard]] const MapDayGrid* GridGet(const MapDayWant& want) const;
-    /// The hours of which all frequencies are there.
+    /// The hours for which all frequencies are computed.
     [[nodiscard]] AreaHours HoursGet() const;
-    /// The days are told: the request had them, or the engine tells them in any case.
+    /// True if days in ten are computed: requested, or always given by the engine.
     [[nodiscard]] bool SpreadIs() const;
-    /// What the day in use is for; nothing before the first.
+    /// The request of the day in use; nothing before the first.
     [[nodiscard]] const MapDayAsked* AskedGet() const;
     [[nodiscard]] std::size_t CacheBytesGet() const;
 
 Q_SIGNALS:
-    /// There is more to show, or the work is over.
+    /// There is more to show, or the work is finished.
     void Renewed();
-    /// More is done.
+    /// More pieces are done.
     void Progressed();
     void Failed(const Failure& failure);
 
@@ -88,11 +88,11 @@ private:
     void PieceDone(Grid& grid, std::size_t iPiece, const std::optional<Failure>& failure);
     void CacheTrim();
 
-    std::list<EntryPtr> m_apEntries;  // that in use first
+    std::list<EntryPtr> m_apEntries;  // the one in use first
     bool m_bRunning = false;
     std::size_t m_nDone = 0;
     std::size_t m_nCount = 0;
-    std::optional<std::size_t> m_iFrequencyRun;  // that the work under way is for; nothing: all
+    std::optional<std::size_t> m_iFrequencyRun;  // of the present work; nothing: all
     std::vector<RunnerJob> m_aJobs;
-    std::unique_ptr<Runner> m_pRunner;  // from the first work on
+    std::unique_ptr<Runner> m_pRunner;  // created with the first work
 };

@@ -45,7 +45,7 @@ void EdgeArrowPaint(QPainter& painter, const EdgeArrow& arrow, const QString& sT
     painter.setFont(fnt);
     const QSize size(painter.fontMetrics().horizontalAdvance(sText) + 2 * kMargin,
                      painter.fontMetrics().height());
-    // Behind the arrow's foot, as far as the letters need in this direction.
+    // Behind the arrow, as far as the letters need in this direction.
     const double dTurn = arrow.dAngle * kPi / 180;
     const double dBack = kLong + std::abs(std::cos(dTurn)) * size.width() / 2
                          + std::abs(std::sin(dTurn)) * size.height() / 2;

@@ -12,13 +12,13 @@
 
 struct EdgeArrow {
     QPointF m_ptTip;      ///< at the edge
-    double dAngle = 0.0;  ///< degrees clockwise from the right, the direction of the marker
+    double dAngle = 0.0;  ///< direction of the marker, degrees clockwise from the right
 };
 
-/// Where the line from the middle of the map to the marker meets the edge.
-/// @return nothing for a marker inside the map.
+/// The point where the line from the middle of the map to the marker crosses the edge.
+/// @return nothing for a marker inside the map
 [[nodiscard]] std::optional<EdgeArrow> EdgeArrowGet(const QRect& rctMap, const QPointF& ptMarker);
 
-/// Paints it with its marker's letters.
+/// Paints an arrow with its marker's letters.
 void EdgeArrowPaint(QPainter& painter, const EdgeArrow& arrow, const QString& sText,
                     const QColor& clrFill, const QColor& clrText);

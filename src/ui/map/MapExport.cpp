@@ -23,7 +23,7 @@ namespace {
 constexpr const char* kFilter =
     QT_TRANSLATE_NOOP("MapExport", "Picture or document (*.png *.pdf)|*.png");
 
-/// A sheet with the picture as large as it can be.
+/// A page with the picture as large as possible.
 Page PageMake(const QImage& image)
 {
     PagePicture picture;
@@ -58,7 +58,7 @@ QString MapExport::CaptionGet() const
     if (!bDay && !m_overlay.HasCells())
         return sPlaces;
     AreaRequest request = bDay ? m_day.RequestGet() : m_overlay.RequestGet();
-    // The settings do not keep where their number came from; the table's run does.
+    // The source of the sunspot number is not in the settings, but in the table's request.
     const Request table = m_host.TableInputGet();
     if (table.fSunSpotNumber == request.fSunSpotNumber)
         request.eSunSpotSource = table.eSunSpotSource;
@@ -81,7 +81,7 @@ void MapExport::Copy() const { QGuiApplication::clipboard()->setImage(PictureGet
 
 void MapExport::Export() const
 {
-    const QImage image = PictureGet();  // as it is now, not with the dialog above it
+    const QImage image = PictureGet();  // before the dialog covers the map
     const QString sFile =
         FileDialogShow(&m_window, {FileDialogKind::Save, tr("World Map.png"), tr(kFilter)});
     if (sFile.isEmpty())

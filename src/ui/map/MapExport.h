@@ -1,9 +1,9 @@
 /// @file MapExport.h
-/// The map as it is shown, markers, overlay and legend with it, into the clipboard or a file, with
-/// a line below that says what it is.
+/// Copies or exports the map as shown, with markers, overlay and legend, above a line that says
+/// what it shows.
 ///
-/// Keys:    Ctrl+C copies, Ctrl+E exports; both stand in the map's popup menu, too.
-/// Errors:  told in a box.
+/// Keys:    Ctrl+C copies, Ctrl+E exports; both are in the map's popup menu, too.
+/// Errors:  shown in a message box.
 /// Tests:   tests/ui/map/MapExportTest.cpp
 #pragma once
 
@@ -23,9 +23,9 @@ public:
     MapExport(QWidget& window, MapForm& form, MainWindowHost& host,
               const MapOverlayControl& overlay, const MapDayControl& day);
 
-    /// Both places; with an overlay also what it is for.
+    /// Both places; with an overlay, also its request.
     [[nodiscard]] QString CaptionGet() const;
-    /// The map above its caption, in the density of the screen.
+    /// The map above its caption, with the pixel density of the screen.
     [[nodiscard]] QImage PictureGet() const;
 
 private:

@@ -17,7 +17,7 @@ QPushButton* ButtonMake(QWidget* pWindow, const QString& sName, const QString& s
     return pButton;
 }
 
-/// A button that shows a picture in place of a text.
+/// A button with a picture instead of a text.
 void ButtonSetTip(QAbstractButton* pButton, const QString& sTip, int nHeight)
 {
     pButton->setToolTip(sTip);
@@ -73,7 +73,7 @@ void MapForm::MapMake(QWidget* pWindow)
     pctMap = new PctMap(pctFrame);
     pctMap->setObjectName(QStringLiteral("pctMap"));
     pctMap->setAccessibleName(QObject::tr("World map"));
-    // The picture itself shows no focus: it is copied and exported.
+    // The picture itself shows no focus, because it is copied and exported.
     QObject::connect(pctMap, &PctMap::FocusMoved, pctFrame, [this](bool bHere) {
         pctFrame->setForegroundRole(bHere ? QPalette::Highlight : QPalette::WindowText);
     });
@@ -193,7 +193,7 @@ LatLon MapForm::PointGetLatLon(const QWidget* pControl, double dX, double dY) co
 
 QPoint MapForm::LatLonGetPoint(double dLat, double dLon) const
 {
-    // Windows cannot stand further away than this.
+    // Qt cannot place a widget further away.
     constexpr int kFar = 30000;
     const QPoint pt = m_view.LatLonGetPoint(dLat, dLon);
     return {std::clamp(pt.x(), -kFar, kFar), std::clamp(pt.y(), -kFar, kFar)};

@@ -1,6 +1,6 @@
 /// @file MapForm.h
-/// What the map window consists of: its controls and menus, the part of the world that they show,
-/// and the two places. The window and its rooms (MapNavigation, MapMarkers ...) share it.
+/// What the map window consists of: its controls and menus, the part of the world that is shown,
+/// and the two places. The window and its parts (MapNavigation, MapMarkers ...) share it.
 ///
 /// Units:   degrees, pixels of the controls.
 /// Tests:   tests/ui/map/frmMapWalkTest.cpp, MapNavigationTest.cpp
@@ -27,14 +27,14 @@ public:
     MapForm(const MapForm&) = delete;
     MapForm& operator=(const MapForm&) = delete;
 
-    /// An item at the end of a menu.
+    /// Adds an item at the end of a menu.
     static QAction* ItemMake(QMenu* pMenu, const QString& sName, const QString& sText);
 
     /// The buttons below the map, from left to right.
     [[nodiscard]] std::vector<QAbstractButton*> RowGet() const;
-    /// Position on one of the controls; 0, 0 on those that show none.
+    /// The position on one of the controls; 0, 0 on one that does not show the map.
     [[nodiscard]] LatLon PointGetLatLon(const QWidget* pControl, double dX, double dY) const;
-    /// The pixel of the map that a position has, never further away than a control can stand.
+    /// The map pixel of a position, limited to where a control can be.
     [[nodiscard]] QPoint LatLonGetPoint(double dLat, double dLon) const;
 
     QFrame* pctFrame = nullptr;

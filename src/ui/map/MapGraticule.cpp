@@ -9,9 +9,9 @@ namespace {
 
 constexpr QRgb kLineGrey = qRgb(128, 128, 128);
 constexpr QRgb kLineBlack = qRgb(0, 0, 0);
-constexpr double kLinesMost = 5.0;  // steps across the larger span
+constexpr double kLinesMost = 5.0;  // lines across the larger span
 constexpr int kLabelMargin = 2;
-constexpr int kMinutes = 60;  // of a degree
+constexpr int kMinutes = 60;  // per degree
 
 QString LatLabel(int nLat)
 {

@@ -36,7 +36,7 @@ MapKeys::MapKeys(QWidget& window, MapForm& form, MapNavigation& navigation, MapM
         connect(new QShortcut(key, &window), &QShortcut::activated, this, fnAct);
 }
 
-/// Enter is OK, save on the two buttons beside it: nobody who stands on Cancel wants to apply.
+/// Enter is OK except on the two buttons beside it: with the focus on Cancel nobody wants to apply.
 void MapKeys::EnterPress()
 {
     for (QPushButton* pButton : {m_form.cmdCancel, m_form.cmdApply})
@@ -65,7 +65,7 @@ void MapKeys::MenuPress()
         return;
     QWidget* const pFocus = m_window.focusWidget();
     if (pFocus == m_form.hscMap || pFocus == m_form.vscMap)
-        return;  // bars have a menu of their own
+        return;  // scroll bars have menus of their own
     if (pFocus == m_form.cmdOverlay || pFocus == m_form.cmdStations)
         return static_cast<QPushButton*>(pFocus)->click();
     QWidget* const pSource =

@@ -1,10 +1,9 @@
 /// @file MapKeys.h
-/// The keys of the map window, all of them; a focused marker or bar of hours takes its arrow keys
-/// before.
+/// All keys of the map window. A focused marker or bar of hours takes the arrow keys first.
 ///
-/// Keys:    arrows move the view, + - 0 zoom, Enter is OK, Esc ends what the mouse does, then work
-///          and play of the day, else it is Cancel; the menu key and Shift+F10 open the menu of
-///          what has the focus.
+/// Keys:    arrows move the view; + - 0 zoom; Enter is OK; Esc ends what the mouse is doing, else
+///          the work or play of the day, else it is Cancel; the menu key and Shift+F10 open the
+///          menu of the focused control.
 /// Tests:   tests/ui/map/MapKeysTest.cpp
 #pragma once
 

@@ -1,7 +1,7 @@
 /// @file MapLayers.h
-/// What lies above the map's picture, layer by layer, and what is told of the place under the
-/// pointer. A new layer is a class of its own and one line in frmMap::LayersAdd, which gives the
-/// painting order.
+/// What is painted above the map's picture, layer by layer, and the tip for the place under the
+/// pointer. A new layer is a class of its own and a line in frmMap::LayersAdd, which sets the order
+/// of painting.
 ///
 /// Units:   degrees, pixels of the map picture.
 /// Tests:   tests/ui/map/MapLayersTest.cpp
@@ -22,15 +22,16 @@ public:
     MapLayer& operator=(const MapLayer&) = delete;
     virtual ~MapLayer() = default;
 
-    /// Paints the layer; it never becomes part of the picture. The stack keeps the painter's state.
+    /// Paints the layer, which never becomes part of the picture. MapLayers restores the painter's
+    /// state.
     virtual void Paint(QPainter& /*painter*/) {}
-    /// What the layer adds to the map's tooltip at a position, the comma before it included.
+    /// What the layer adds to the map's tooltip at a position, with a leading comma.
     [[nodiscard]] virtual QString TipGet(const LatLon& /*pos*/) const { return {}; }
-    /// The pointer has moved without a button.
+    /// The pointer has moved with no button pressed.
     virtual void PointerMove(const QPoint& /*ptPointer*/) {}
 };
 
-/// The layers from the lowest up.
+/// The layers, the lowest first.
 class MapLayers {
 public:
     void Add(std::unique_ptr<MapLayer> pLayer) { m_apLayer.push_back(std::move(pLayer)); }
@@ -43,5 +44,5 @@ private:
     std::vector<std::unique_ptr<MapLayer>> m_apLayer;
 };
 
-/// "Lat 38°30.00'N, Lon 121°30.00'W", as in the map's tips and in the read-out of a marker.
+/// "Lat 38°30.00'N, Lon 121°30.00'W", for the map's tips and a marker's read-out.
 [[nodiscard]] QString PositionText(const LatLon& pos);

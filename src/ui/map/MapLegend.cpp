@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kMargin = 6;
 constexpr int kSwatch = 16;
-constexpr int kLabels = 60;  // left edge: room of the labels of the parallels
+constexpr int kLabels = 60;  // left edge: room for the labels of the parallels
 
 QString Text(float fSnr) { return QString::fromStdString(NumberToText(fSnr)); }
 

@@ -1,6 +1,5 @@
 /// @file MapMarkLayers.h
-/// The helps at the map's edges: the scale bar of a close view, and the arrows to markers that the
-/// view does not hold.
+/// Aids at the map's edges: the scale bar of a close view, and arrows to markers outside the view.
 ///
 /// Tests:   tests/ui/map/MapScaleBarTest.cpp, MapEdgeArrowTest.cpp, MapMarkersTest.cpp
 #pragma once

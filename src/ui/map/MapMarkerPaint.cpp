@@ -8,7 +8,7 @@ constexpr int kFlagMargin = 4;
 
 QSize MarkerGetSize(const QString& sText, const QFontMetrics& metrics)
 {
-    // Odd, so that the centre is a pixel.
+    // Odd, so that the centre is a whole pixel.
     const int nWidth = (metrics.horizontalAdvance(sText) + 2 * kFlagMargin) | 1;
     const int nFlagHeight = metrics.height() + 2;
     return {nWidth, 2 * (nFlagHeight + kMarkerPinLong) + 1};

@@ -36,7 +36,7 @@ void MapMarkers::MarkerPlace(MarkerLabel* pMarker)
     const LatLon& pos = PlaceOf(pMarker);
     const QPoint pt = m_form.LatLonGetPoint(pos.dLat, pos.dLon);
     pMarker->move(pt.x() - pMarker->width() / 2, pt.y() - pMarker->height() / 2);
-    pMarker->setAccessibleName(TextGet(pMarker));  // a screen reader speaks what changes
+    pMarker->setAccessibleName(TextGet(pMarker));  // screen readers announce a change
 }
 
 void MapMarkers::PlaceSet(MarkerLabel* pMarker, const LatLon& pos)
@@ -91,7 +91,7 @@ void MapMarkers::MouseMove(MarkerLabel* pMarker, const QMouseEvent* pEvent)
                       RoundHalfEven(pMarker->y() + ptBy.y()));
         PlaceOf(pMarker) =
             m_form.PointGetLatLon(pMarker, pEvent->position().x(), pEvent->position().y());
-        m_form.pctMap->update();  // the path follows, the legend gives way
+        m_form.pctMap->update();  // for the path and the legend
     }
     TextShow(pMarker);
 }
@@ -110,7 +110,7 @@ void MapMarkers::MouseUp(MarkerLabel* pMarker, const QMouseEvent* pEvent)
         Q_EMIT ReceiverDropped();
 }
 
-/// An arrow key on the focused flag moves it as a drag would.
+/// An arrow key moves the focused flag as a drag would.
 void MapMarkers::KeyMove(MarkerLabel* pMarker, int nByX, int nByY)
 {
     if (m_pKeyed != pMarker)

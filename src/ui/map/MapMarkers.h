@@ -1,6 +1,6 @@
 /// @file MapMarkers.h
-/// The two markers of the map: they stand on the working copies of the places and change them when
-/// they are dragged or moved by keys; tooltip and read-out tell where.
+/// The two markers of the map. They show the working copies of the places and change them when
+/// dragged or moved by keys; tooltip and read-out give the position.
 ///
 /// Units:   degrees, pixels of the map picture.
 /// Tests:   tests/ui/map/MapMarkersTest.cpp
@@ -18,25 +18,25 @@ class MapMarkers final : public QObject {
 public:
     explicit MapMarkers(MapForm& form);
 
-    /// Places a marker on its working copy.
+    /// Puts a marker at its working copy.
     void DrawRc() { MarkerPlace(m_form.lblRc); }
     void DrawTx() { MarkerPlace(m_form.lblTx); }
-    /// Moves a marker to a place.
+    /// Moves a marker to a position.
     void PlaceSet(MarkerLabel* pMarker, const LatLon& pos);
-    /// False when a marker stands beyond a pole and so has no place; the read-out says so.
+    /// False if a marker is beyond a pole and so has no position; the read-out says so.
     [[nodiscard]] bool PlacesCheck();
 
     [[nodiscard]] bool IsDragging() const { return m_pDragged != nullptr; }
-    /// Puts the dragged marker back to where it was.
+    /// Puts the dragged marker back where it was.
     void DragLeave();
     /// Puts the focused marker back to where it was before the arrow keys.
-    /// @return false when they have not moved it
+    /// @return false if they have not moved it
     bool KeysLeave();
 
 Q_SIGNALS:
     void MenuWanted(QWidget* pMarker, const QMouseEvent* pEvent);
     void ReceiverMoved();
-    /// At the end of a drag that has moved the receiver.
+    /// A drag that moved the receiver has ended.
     void ReceiverDropped();
 
 private:
@@ -51,8 +51,8 @@ private:
 
     MapForm& m_form;
     MarkerLabel* m_pDragged = nullptr;
-    QPointF m_ptDown;                 // last mouse-down, in the marker's pixels
-    LatLon m_posDragged;              // the dragged marker's place before
-    MarkerLabel* m_pKeyed = nullptr;  // moved by keys since it has the focus
-    LatLon m_posKeyed;                // and its place before
+    QPointF m_ptDown;                 // last mouse press, in the marker's pixels
+    LatLon m_posDragged;              // the dragged marker's position before
+    MarkerLabel* m_pKeyed = nullptr;  // moved by keys since it got the focus
+    LatLon m_posKeyed;                // and its position before
 };

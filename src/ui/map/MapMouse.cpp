@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kNotch = 120;  // of a wheel, eighths of a degree
+constexpr int kNotch = 120;  // of a wheel, in eighths of a degree
 
 }  // namespace
 
@@ -111,7 +111,7 @@ void MapMouse::TipShow(const QMouseEvent* pEvent)
     const QPointF pt = pEvent->position();
     m_layers.PointerMove(pt.toPoint());
     pMap->setToolTip(m_layers.TipGet(m_form.PointGetLatLon(pMap, pt.x(), pt.y())));
-    // A tip that is already there follows the pointer.
+    // A tip that is already shown follows the pointer.
     if (QToolTip::isVisible())
         QToolTip::showText(pEvent->globalPosition().toPoint(), pMap->toolTip(), pMap);
 }

@@ -1,5 +1,5 @@
 /// @file MapMouse.h
-/// The mouse on the map picture: rubber band, moving the picture along, wheel, popup menu, tips.
+/// The mouse on the map picture: rubber band, dragging the picture, wheel, popup menu, tips.
 ///
 /// Units:   pixels of the map picture.
 /// Tests:   tests/ui/map/MapMouseTest.cpp
@@ -23,16 +23,16 @@ public:
     MapMouse(MapForm& form, MapNavigation& navigation, MapMarkers& markers,
              const MapLayers& layers);
 
-    /// A band is drawn, or the picture or a marker is being moved.
+    /// True while a band is being drawn, or the picture or a marker is being dragged.
     [[nodiscard]] bool IsBusy() const;
-    /// Ends what the mouse is doing, or takes back what the arrow keys did to a marker.
-    /// @return false when there is neither.
+    /// Ends what the mouse is doing, or undoes the arrow keys' move of a marker.
+    /// @return false if there was neither
     bool Leave();
-    /// The picture was painted anew.
+    /// To be called when the picture is painted again.
     void PictureForget() { m_band.PictureForget(); }
 
 Q_SIGNALS:
-    /// The view was moved by the wheel or along with the mouse.
+    /// The view was moved by the wheel or by dragging.
     void ViewMoved();
 
 private:
@@ -49,8 +49,8 @@ private:
     MapMarkers& m_markers;
     const MapLayers& m_layers;
     MapRubberBand m_band;
-    bool m_bPan = false;  // the picture is being moved with the middle button
-    QPointF m_ptPan;      // where that began, and what was shown then
+    bool m_bPan = false;  // the picture is being dragged with the middle button
+    QPointF m_ptPan;      // where the drag began, and the view at that moment
     MapView m_viewPan;
-    int m_nWheel = 0;  // eighths of a degree that have not made a notch yet
+    int m_nWheel = 0;  // eighths of a degree short of a notch
 };

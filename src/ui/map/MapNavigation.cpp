@@ -43,12 +43,12 @@ void MapNavigation::ViewRestore()
 void MapNavigation::ViewFit()
 {
     MapView& view = m_form.m_view;
-    if (m_rctFit != view.m_rctSource) {  // moved by others
+    if (m_rctFit != view.m_rctSource) {  // moved by another part
         const LatLon center = view.CenterGet();
         m_zoomFit = {view.m_dScale, center.dLat, center.dLon};
         m_bAskedBox = false;
     }
-    // A box that was asked for is shown whole, as in a window of another size.
+    // A box is shown whole, as in a window of another size.
     view.ZoomSet(m_bAskedBox ? view.ZoomKeepSeen(view.BoxGetZoom(m_boxAsked)) : m_zoomFit);
     m_rctFit = view.m_rctSource;
 }
@@ -104,7 +104,7 @@ void MapNavigation::ZoomAroundMiddle(double dFactor)
     ViewSet(BoxKeepWhole(BoxAround(middle, view.m_box, dFactor), view.m_dEdge));
 }
 
-// Unlike the other buttons this one and the popup items keep the overlay's item checked: the view
+// Unlike the other buttons, this one and the popup items leave the overlay's item checked: the view
 // becomes an outline map without cells.
 void MapNavigation::cmdZoomOffClick()
 {
@@ -116,7 +116,7 @@ void MapNavigation::cmdZoomTxRcClick()
 {
     MapView& view = m_form.m_view;
     m_form.mnuOverlayDraw->setChecked(false);
-    // Until Zoom Off the world begins where the shorter way is whole.
+    // Until Zoom Off, the world begins at an edge that does not cut the shorter way.
     view.m_dEdge = EdgeOfPath(m_form.m_posRc, m_form.m_posTx, view.m_dEdge);
     ViewSet(BoxOfPath(m_form.m_posRc, m_form.m_posTx, view.m_dEdge));
 }

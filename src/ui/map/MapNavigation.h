@@ -1,6 +1,6 @@
 /// @file MapNavigation.h
-/// Which part of the world the map shows: the zoom commands and the popup menu of the map. What is
-/// asked for is kept, so that a resized window shows it again.
+/// Which part of the world the map shows: the zoom commands and the map's popup menu. It remembers
+/// what was asked for, so that a resized window shows it again.
 ///
 /// Units:   degrees, pixels of the controls.
 /// Tests:   tests/ui/map/MapNavigationTest.cpp
@@ -19,31 +19,31 @@ class MapNavigation final : public QObject {
 public:
     explicit MapNavigation(MapForm& form);
 
-    /// Shows a box, the whole of it.
+    /// Shows a whole box.
     void ViewSet(const MapBox& box);
-    /// Shows what was asked for last, after the window's size has changed.
+    /// Shows again what was last asked for, after a change of the window's size.
     void ViewRestore();
-    /// Scale and centre stay after the bar of hours has appeared or gone; back and forth gives the
-    /// same view again. Paints nothing.
+    /// Keeps scale and centre after the bar of hours was shown or hidden; showing and hiding it
+    /// gives the same view again. Paints nothing.
     void ViewFit();
-    /// Shows scale and centre as they were asked for by the wheel, a bar or a drag.
+    /// Shows scale and centre as asked for by the wheel, a scroll bar or a drag.
     void ZoomAsk(const MapZoom& zoom);
     /// Moves the view by shares of its width and height, east and south positive.
     void ViewShift(double dShareX, double dShareY);
 
-    /// The whole world, as the settings want it.
+    /// Shows the whole world, from the edge that the settings name.
     void WorldShow(const Settings& settings);
-    /// A setting that Options has changed moves the edge of the world; a view of this window's own
-    /// stays as long as it has not. Paints nothing.
+    /// Moves the edge of the world if Options have changed the setting; otherwise the window keeps
+    /// its own. Paints nothing.
     void EdgeFollowSetting(const Settings& settings);
 
-    /// The menu that centres the map on the point of the click.
+    /// Opens the menu that centres the map on the clicked point.
     void mnuMapShow(QWidget* pSource, const QMouseEvent* pEvent);
     /// The same for a pixel of the control.
     void mnuMapOpen(QWidget* pSource, const QPointF& pt);
 
 Q_SIGNALS:
-    /// The view is another one; the picture is to be painted anew.
+    /// The view has changed; the picture must be painted again.
     void ViewChanged();
 
 private:
@@ -57,11 +57,11 @@ private:
     QWidget* m_pPopupSource = nullptr;
     QPointF m_ptPopup;
 
-    // Asked for last: a box, or scale and centre.
+    // Last asked for: a box, or scale and centre.
     bool m_bAskedBox = true;
     MapBox m_boxAsked;
-    // What ViewFit has shown last, and by which zoom.
+    // What ViewFit last showed, and with which zoom.
     QRect m_rctFit;
     MapZoom m_zoomFit;
-    double m_dEdgeSetting = kEdgeGreenwich;  // the setting that the view has taken over last
+    double m_dEdgeSetting = kEdgeGreenwich;  // the setting last applied to the view
 };

@@ -11,8 +11,8 @@ namespace {
 
 constexpr double kLatEnd = 89.9;
 
-/// The place on an even grid of nCount places from dFirst to dLast, where the value is one: engines
-/// print their points in few digits, and cells placed by them would leave seams.
+/// The value moved to the nearest of nCount even steps from dFirst to dLast, if it is meant to be
+/// one. Engines print positions with few digits, and cells placed at them would leave gaps.
 double PlaceSnap(double dValue, double dFirst, double dLast, int nCount)
 {
     const double dStep = (dLast - dFirst) / (nCount - 1);
@@ -37,7 +37,7 @@ std::vector<AreaBox> OverlayGetBoxes(const MapBox& boxView, double dEdge)
 
 double BoxGetShift(const MapView& view, const CellPaint& cell)
 {
-    // The box lies on the view's scale, or a turn west of it.
+    // The box is on the view's scale, or a full turn west of it.
     return cell.m_boxWanted.dRight <= view.m_dEdge ? kFullCircle : 0.0;
 }
 
@@ -48,9 +48,9 @@ QRect CellGetRect(const MapView& view, const CellPaint& cell, const AreaPoint& p
     const double dLonHalf = (box.dRight - box.dLeft) / (cell.nGridSize - 1) / 2;
     const double dLat = PlaceSnap(pnt.dLat, box.dBottom, box.dTop, cell.nGridSize);
     const double dLon = PlaceSnap(pnt.dLon, box.dLeft, box.dRight, cell.nGridSize);
-    // A half cell beyond the box would be painted over the neighbouring box's cells at longitude
-    // 180, and over the blank strip beside the world at the image's edge. The deck's hundredths may
-    // lie inside the picture's bounds: the outermost cells reach up to these.
+    // Half a cell beyond the box would be painted over the neighbouring box's cells at longitude
+    // 180, or over the blank strip beside the world. The deck's rounded bounds may be inside the
+    // picture's: the outermost cells extend to the latter.
     double dSouth = dLat - dLatHalf;
     double dNorth = dLat + dLatHalf;
     if (!(dSouth > box.dBottom))

@@ -1,6 +1,6 @@
 /// @file MapOverlay.h
-/// The SNR overlay without its window: the boxes that a view is predicted in, and the cells that
-/// the points of a grid paint.
+/// The SNR overlay, independent of its window: the boxes in which a view is predicted, and the
+/// cells painted for a grid's points.
 ///
 /// Units:   degrees, dB, picture pixels; colours 0x00BBGGRR.
 /// Errors:  none.
@@ -17,32 +17,32 @@
 #include "ui/map/MapOverlayGrid.h"
 #include "ui/map/MapView.h"
 
-/// The predictions that the view takes: none where it shows no part of the world, two where it runs
-/// over longitude 180, else one. Latitudes end at 89.9, longitudes at the image's edges (the blank
-/// strips beside the world are no part of it).
+/// The predictions for a view: none if it shows no part of the world, two if it crosses longitude
+/// 180, else one. Latitudes end at 89.9, longitudes at the image's edges (the blank strips beside
+/// the world do not belong to it).
 [[nodiscard]] std::vector<AreaBox> OverlayGetBoxes(const MapBox& boxView,
                                                    double dEdge = kEdgeGreenwich);
 
-/// What stays the same for all cells of one box.
+/// What is the same for all cells of a box.
 struct CellPaint {
-    AreaBox m_box;        ///< bounds as the deck prints them: those of the grid
-    AreaBox m_boxWanted;  ///< bounds of the picture, up to which the outermost cells reach
-    int nGridSize = 2;    ///< points a side
+    AreaBox m_box;        ///< bounds of the grid, as the deck prints them
+    AreaBox m_boxWanted;  ///< bounds of the picture, to which the outermost cells extend
+    int nGridSize = 2;    ///< points per side
     float fMinSnr = 0.0F;
     std::function<std::uint32_t(float fSnr)> fnColor;
 };
 
-/// A box of the overlay that a picture shows.
+/// A box of the overlay in the picture.
 struct OverlayShown {
     CellPaint cell;
     std::vector<AreaPoint> aPoints;
 };
 
-/// What takes the longitudes of a box to the view's scale: 0, or a full turn.
+/// What must be added to a box's longitudes for the view's scale: 0 or a full turn.
 [[nodiscard]] double BoxGetShift(const MapView& view, const CellPaint& cell);
 
-/// The picture's rectangle of a point's cell, cut to its box and to the image. Cells are centred on
-/// their points and meet without gap or overlap.
+/// The rectangle in the picture of a point's cell, clipped to its box and the image. Cells are
+/// centred on their points and meet without gap or overlap.
 [[nodiscard]] QRect CellGetRect(const MapView& view, const CellPaint& cell, const AreaPoint& pnt);
 
 /// Paints the cells of all points at or above the minimum with the mask pen, in order. The picture

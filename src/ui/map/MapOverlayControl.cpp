@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kPause = 250;  // ms
 
-/// What the map says of a failed run.
+/// The message on the map for a failed run.
 std::string FailureText(const Failure& failure)
 {
     if (failure.eKind == FailureKind::Timeout)
@@ -29,7 +29,7 @@ std::string FailureText(const Failure& failure)
                     failure.sText.substr(0, failure.sText.find_first_of("\r\n")));
 }
 
-/// The busy pointer while it lives.
+/// Shows the busy pointer while it exists.
 class PointerBusy {
 public:
     explicit PointerBusy(QWidget* pWindow) : m_pWindow(pWindow)
@@ -46,7 +46,7 @@ private:
 
 }  // namespace
 
-/// Busy flag and pointer from here to the end, also of one by an error.
+/// Sets busy flag and pointer until it is destroyed, even after an error.
 class MapOverlayControl::Busy {
 public:
     explicit Busy(MapOverlayControl& overlay)
@@ -70,12 +70,12 @@ MapOverlayControl::MapOverlayControl(MapForm& form, MainWindowHost& host, MapOve
     m_tmrLater.setSingleShot(true);
     connect(&m_tmrLater, &QTimer::timeout, this, &MapOverlayControl::Due);
     connect(form.mnuOverlayDraw, &QAction::triggered, this, [this](bool bNow) {
-        m_form.mnuOverlayDraw->setChecked(!bNow);  // as it was when the user chose it
+        m_form.mnuOverlayDraw->setChecked(!bNow);  // as it was when the user chose
         mnuOverlayDrawClick();
     });
     connect(form.mnuOverlaySmooth, &QAction::triggered, this, &MapOverlayControl::SmoothClick);
-    // A choice made while the overlay is shown runs the draw item, which then hides it: cells of
-    // the old choice never stand under the new one.
+    // A choice made while the overlay is shown triggers the draw item, which hides the overlay:
+    // cells of the old choice are never shown for the new one.
     connect(&menu, &MapOverlayMenu::Chosen, this, [this] {
         if (IsShown())
             mnuOverlayDrawClick();
@@ -113,7 +113,7 @@ void MapOverlayControl::PictureForget()
     FailureForget();
 }
 
-/// The same values look otherwise; the engine is not asked again.
+/// Shows the same values in another way; the engine does not run again.
 void MapOverlayControl::SmoothClick()
 {
     if (m_bBusy || !HasCells())
@@ -167,7 +167,7 @@ std::optional<Failure> MapOverlayControl::OverlayDrawBox(const AreaBox& box)
     input.dNorth = box.dTop;
     input.dFixedLat = m_form.m_posRc.dLat;
     input.dFixedLon = m_form.m_posRc.dLon;
-    std::vector<AreaPoint> aPoints;  // whole before anything is painted
+    std::vector<AreaPoint> aPoints;  // all of them, before anything is painted
     if (std::vector<Failure> aFailures = AreaPointsRead(input, aPoints); !aFailures.empty())
         return std::move(aFailures.front());
     BoxPaint({{AreaBoxPrinted(box), box, input.nGridSize, settings.m_fMapOverlayMinSnr,
@@ -188,7 +188,7 @@ void MapOverlayControl::BoxPaint(const OverlayShown& shown)
     const std::vector<AreaPoint>& aPoints = shown.aPoints;
     (IsSmooth() ? SmoothPaint : CellsPaint)(m_form.pctMap->m_img, m_form.m_view, shown.cell,
                                             aPoints);
-    // Readable above dark cells.
+    // Keeps the labels legible over dark cells.
     GraticuleLabelsPaint(m_form.pctMap->m_img, m_form.m_view, pWindow->font());
     m_grid.Add(aPoints);
     m_aShown.push_back(shown);

@@ -1,7 +1,7 @@
 /// @file MapOverlayControl.h
-/// The SNR overlay: shown or hidden by its menu item, predicted for the view, painted into the
-/// picture, and kept for the tips. A failed run is told in a box, in the main window's status line
-/// and in the read-out.
+/// The SNR overlay: its menu item shows and hides it; it is predicted for the view, painted into
+/// the picture and kept for the tips. A failed run is reported in a message box, in the main
+/// window's status line and in the read-out.
 ///
 /// Tests:   tests/ui/map/MapOverlayControlTest.cpp, MapOverlayAgainTest.cpp
 #pragma once
@@ -25,33 +25,34 @@ public:
     MapOverlayControl(MapForm& form, MainWindowHost& host, MapOverlayMenu& menu);
 
     [[nodiscard]] bool IsShown() const { return m_form.mnuOverlayDraw->isChecked(); }
-    /// The picture shows cells of the overlay.
+    /// True while the picture shows cells of the overlay.
     [[nodiscard]] bool HasCells() const { return IsShown() && !m_grid.IsEmpty(); }
-    /// What the cells that are shown were predicted for; REQUIRES: HasCells.
+    /// The request of the cells that are shown.
+    /// REQUIRES: HasCells
     [[nodiscard]] const AreaRequest& RequestGet() const { return m_request; }
-    /// SNR of the grid point nearest to a position; none while the overlay is hidden or computed.
-    /// With Smooth the value between the points, wherever there is one.
+    /// SNR of the grid point nearest to a position, or with Smooth the value between the points
+    /// where there is one; none while the overlay is hidden or computed.
     [[nodiscard]] std::optional<float> OverlayGetSnr(double dLat, double dLon) const;
 
     /// Draws the overlay into the picture.
     void Show();
-    /// Asks for the overlay anew once nothing has moved for a moment, if it is shown.
+    /// Predicts the overlay again, if it is shown, once nothing has moved for a moment.
     void Later();
-    /// The picture is painted anew: it has no cells and nothing that has failed.
+    /// To be called when the picture is painted again: it has no cells, and no failure to report.
     void PictureForget();
-    /// Nothing has failed any more.
+    /// Clears the reported failure.
     void FailureForget() { FailureSet({}); }
-    /// What is shown is painted evenly between the grid points.
+    /// True if the values are interpolated between the grid points.
     [[nodiscard]] bool IsSmooth() const { return m_form.mnuOverlaySmooth->isChecked(); }
-    /// Tells in the status line and on the map why there is no overlay; nothing takes it back.
+    /// Reports in the status line and on the map why there is no overlay; nothing clears it.
     void FailureSet(const std::optional<Failure>& failure);
     /// Turns the picture into an outline map.
     void MapOutline();
 
 Q_SIGNALS:
-    /// The picture is to be painted anew, without cells.
+    /// The picture is to be painted again, without cells.
     void PictureWanted();
-    /// The moment of Later is over.
+    /// The moment that Later waits for is over.
     void Due();
 
 private:
@@ -69,7 +70,7 @@ private:
     bool m_bBusy = false;
     QTimer m_tmrLater;
     OverlayGrid m_grid;                  // of the picture that is shown
-    std::vector<OverlayShown> m_aShown;  // its boxes, for another look of the same values
+    std::vector<OverlayShown> m_aShown;  // its boxes, to paint the same values in another way
     AreaRequest m_request;               // of its last box
-    std::optional<Failure> m_failure;    // why the last run failed
+    std::optional<Failure> m_failure;    // of the last run
 };

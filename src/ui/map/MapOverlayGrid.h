@@ -1,6 +1,6 @@
 /// @file MapOverlayGrid.h
-/// The grid points of all boxes of the overlay that the picture shows, kept for the tips: the file
-/// of the engine holds the last box alone.
+/// The grid points of all boxes in the picture, kept for the tips: the engine's file holds only the
+/// last box.
 ///
 /// Units:   degrees, dB.
 /// Tests:   tests/ui/map/MapOverlayTest.cpp, MapOverlayControlTest.cpp
@@ -12,9 +12,9 @@
 
 #include "propagation/Prediction.h"
 
-/// The point nearest to a position, or its SNR; distances in plain degrees, longitudes the short
-/// way round; of several points equally near the first in order. Points 180 degrees away and more
-/// do not count.
+/// The point nearest to a position, or its SNR. Distances are in plain degrees, longitudes the
+/// shorter way round; of equally near points the first counts. Points 180 degrees away or more are
+/// ignored.
 [[nodiscard]] const AreaPoint* GridFindNearest(std::span<const AreaPoint> aPoints, double dLat,
                                                double dLon);
 [[nodiscard]] std::optional<float> GridGetNearest(std::span<const AreaPoint> aPoints, double dLat,
@@ -22,7 +22,7 @@
 
 class OverlayGrid {
 public:
-    /// The picture shows no overlay, or a new one begins.
+    /// To be called when the picture shows no overlay or a new one begins.
     void Clear() { m_aPoints.clear(); }
     /// Adds the points of one more box.
     void Add(std::span<const AreaPoint> aPoints)

@@ -1,6 +1,6 @@
 /// @file MapOverlayLayer.h
-/// What the overlay has above the picture while it shows cells: the legend, which stands where the
-/// pointer is not, and the SNR in the tips.
+/// What the overlay shows above the picture while it has cells: the legend, which gives way to the
+/// pointer, and the SNR in the tips.
 ///
 /// Tests:   tests/ui/map/MapLegendPlaceTest.cpp, MapOverlayControlTest.cpp
 #pragma once
@@ -32,6 +32,6 @@ private:
     const MapForm& m_form;
     MainWindowHost& m_host;
     const MapOverlayControl& m_overlay;
-    QRect m_rctPointer;  // what the pointer looks at on the map
-    QRect m_rctLegend;   // where the legend was painted last
+    QRect m_rctPointer;  // where the pointer is on the map
+    QRect m_rctLegend;   // where the legend was last painted
 };

@@ -54,7 +54,7 @@ void MapOverlayMenu::mnuOverlayFrequencyFill()
     for (int i = 0; i < input.nData; ++i) {
         QString sText = QString::fromStdString(NumberFormat(input.FrequencyGet(i + 1), "0"));
         if (sText.size() == kShortText)
-            sText += QStringLiteral("  ");  // the list lines up
+            sText += QStringLiteral("  ");  // aligns the list
         QAction* pItem = MapForm::ItemMake(
             m_form.mnuOverlayFrequency, QStringLiteral("mnuOverlayFrequencyData%1").arg(i), sText);
         pItem->setCheckable(true);
@@ -84,7 +84,7 @@ void MapOverlayMenu::mnuOverlayFrequencyDataClick(int iIndex)
 {
     const Request input = m_host.TableInputGet();
     if (iIndex >= input.nData)
-        return;  // the table has changed under the open menu
+        return;  // the table has changed while the menu was open
     m_choice.iFrequency = iIndex + 1;
     m_choice.fKhz = input.FrequencyGet(m_choice.iFrequency);
     ChoiceTell();
@@ -109,7 +109,7 @@ void MapOverlayMenu::FrequencyTake(int iFrequency)
     ChoiceKeep();
 }
 
-/// The main window's selection goes along, and so does the day/night line.
+/// The main window's selection follows, and so does the line between day and night.
 void MapOverlayMenu::ChoiceKeep()
 {
     m_bChosen = true;

@@ -1,6 +1,6 @@
 /// @file MapOverlayMenu.h
-/// The overlay's menu: which frequency and hour the overlay is for. Until the user chooses here,
-/// the main window's selection is followed.
+/// The overlay's menu: its frequency and hour. They follow the main window's selection until the
+/// user chooses here.
 ///
 /// Units:   kHz, UTC hours 0..23.
 /// Tests:   tests/ui/map/MapOverlayMenuTest.cpp
@@ -27,7 +27,8 @@ public:
     [[nodiscard]] const OverlayChoice& ChoiceGet() const { return m_choice; }
     /// Takes the main window's selection, unless the user has chosen here.
     void SelectionFollow();
-    /// Another hour or row of the table is shown by other means than this menu; the overlay stays.
+    /// To be called when another hour or row of the table is shown by other means; the overlay
+    /// stays.
     void HourTake(int iHour);
     void FrequencyTake(int iFrequency);
 

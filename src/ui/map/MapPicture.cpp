@@ -22,8 +22,8 @@ constexpr QSize kSizeMost(1280, 960);
 constexpr QSize kSizeLeast(480, 420);
 constexpr int kMargin = 6;  // round the caption
 
-/// The area on a world that begins where it is whole. One over both Greenwich and longitude 180 is
-/// nowhere: then the whole world is shown.
+/// The area on a world with an edge that does not cut it. An area over both Greenwich and longitude
+/// 180 has no such edge; then the whole world is shown.
 MapBox BoxGet(const AreaBox& area, double& dEdge)
 {
     const bool bOver = area.dRight <= area.dLeft;
@@ -119,7 +119,7 @@ QImage CaptionAdd(const QImage& imgMap, const QString& sCaption, const QFont& fo
     const int nHeight = rctText.bottom() + 1 + kMargin;
     QImage image((QSizeF(sizeMap.width(), nHeight) * dDensity).toSize(), QImage::Format_RGB32);
     image.setDevicePixelRatio(dDensity);
-    image.setText(QStringLiteral("Description"), sCaption);  // for who cannot see it
+    image.setText(QStringLiteral("Description"), sCaption);  // for screen readers
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.drawImage(0, 0, imgMap);

@@ -1,9 +1,9 @@
 /// @file MapPicture.h
-/// An area's overlay as a picture, without a window: map, cells, legend, the receiver, and a line
-/// below that says what it is.
+/// The overlay of an area as a picture, without a window: map, cells, legend, receiver, and a
+/// caption that says what it shows.
 ///
 /// Units:   degrees, dB, pixels.
-/// Domain:  what lies beyond the image's edges at about 84 degrees is not shown.
+/// Domain:  what is beyond the image's edges at about 84 degrees is not shown.
 /// Tests:   tests/ui/map/MapPictureTest.cpp
 #pragma once
 
@@ -15,18 +15,18 @@
 #include "ui/map/MapOverlay.h"
 
 struct MapPictureAsked {
-    AreaBox area;  ///< to be shown; an east bound west of the west bound crosses longitude 180
+    AreaBox area;  ///< crosses longitude 180 if its east bound is west of the west bound
     std::vector<OverlayShown> aBoxes;
     LatLon posRc;
     QString sCaption;
 };
 
-/// The view of an area, its picture as large as fits a screen of 1280 x 960 and no smaller than a
-/// legend needs.
+/// The view of an area. Its picture is as large as fits a screen of 1280 x 960, and large enough
+/// for a legend.
 [[nodiscard]] MapView MapPictureView(const AreaBox& area);
 
-/// REQUIRES: the toolkit's fonts, so a QGuiApplication.
+/// REQUIRES: a QGuiApplication, for its fonts.
 [[nodiscard]] QImage MapPictureGet(const MapPictureAsked& asked, const QFont& font);
 
-/// A map above its caption, which is kept in the image as its description, too.
+/// Puts a map above its caption, which also becomes the image's description.
 [[nodiscard]] QImage CaptionAdd(const QImage& imgMap, const QString& sCaption, const QFont& font);

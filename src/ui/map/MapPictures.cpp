@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int kUnits = 20;  // a picture's side
+constexpr int kUnits = 20;  // side of a picture
 constexpr int kSharpness = 4;
 
 void OverlayPaint(QPainter& painter)
@@ -33,7 +33,7 @@ void StationsPaint(QPainter& painter)
     painter.drawLine(QPointF(10, 8), QPointF(14, 19));
     painter.drawLine(QPointF(7.5, 15), QPointF(12.5, 15));
     painter.setPen(QPen(QColor(0x1F, 0x6F, 0xB5), 1.6, Qt::SolidLine, Qt::RoundCap));
-    constexpr int kDegree = 16;  // arcs are counted in sixteenths
+    constexpr int kDegree = 16;  // Qt counts angles in sixteenths of a degree
     for (const double dRadius : {4.5, 8.0}) {
         const QRectF rct(10 - dRadius, 7 - dRadius, 2 * dRadius, 2 * dRadius);
         painter.drawArc(rct, -45 * kDegree, 90 * kDegree);
@@ -99,7 +99,7 @@ QPixmap PicturePaint(PaintFn fnPaint)
     return pix;
 }
 
-/// One picture for all windows to come: the toolkit keeps scaled copies of every new one.
+/// One picture for all windows: Qt caches scaled copies of every new one.
 QIcon PictureKept(const QString& sKey, PaintFn fnPaint)
 {
     const QString sName = QStringLiteral("MapPicture ") + sKey;

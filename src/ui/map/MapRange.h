@@ -1,7 +1,7 @@
 /// @file MapRange.h
-/// How far two places are apart, for the tips of the map.
+/// The distance between two places, for the tips of the map.
 ///
-/// Units:   nautical miles, as minutes of the great circle's arc.
+/// Units:   nautical miles, one for each minute of arc of the great circle.
 /// Tests:   tests/ui/map/MapOverlayControlTest.cpp, MapTruthTest.cpp
 #pragma once
 
@@ -14,7 +14,7 @@
 /// In whole miles.
 [[nodiscard]] inline QString RangeText(const LatLon& one, const LatLon& other)
 {
-    constexpr double kMinutes = 60.0;  // of a degree
+    constexpr double kMinutes = 60.0;  // per degree
     const double dAngle = GreatCircleAngle(one.dLat, one.dLon, other.dLat, other.dLon);
     return QString::fromStdString(NumberFormat(dAngle / kRadiansPerDegree * kMinutes, "0"));
 }

@@ -38,7 +38,7 @@ MapReach::MapReach(const MapForm& form, MapStations& stations, MainWindowHost& h
     connect(&stations, &MapStations::Reached, this, &MapReach::TipShow);
 }
 
-/// The overlay's where it is shown, else the selected cell's, else now; UTC.
+/// The overlay's hour if it is shown, else the selected cell's, else the present one; UTC.
 int MapReach::HourGet() const
 {
     if (m_form.mnuOverlayDraw->isChecked())
@@ -47,7 +47,7 @@ int MapReach::HourGet() const
     return iSelected >= 1 && iSelected <= kHourCount ? iSelected - 1 : UtcNow().nHour;
 }
 
-/// The day of a station that was asked for.
+/// A station's day from the last search.
 std::optional<MapReach::Hours> MapReach::BoardGet(const MapStation& station) const
 {
     Hours aHours;
@@ -60,7 +60,7 @@ std::optional<MapReach::Hours> MapReach::BoardGet(const MapStation& station) con
     return aHours;
 }
 
-/// The day of a station as the settings would have it predicted from the receiver's flag.
+/// A station's day, predicted with the settings for the receiver's flag.
 std::optional<MapReach::Hours> MapReach::Predict(const MapStation& station)
 {
     ReachAsked asked;
@@ -68,7 +68,7 @@ std::optional<MapReach::Hours> MapReach::Predict(const MapStation& station)
     asked.base.dRcLat = m_form.m_posRc.dLat;
     asked.base.dRcLon = m_form.m_posRc.dLon;
     const auto pEngine = m_fnEngine ? m_fnEngine(asked.base.iModel) : nullptr;
-    // An engine of this process takes a list of any length in one run.
+    // An engine in this process takes a list of any length in one run.
     if (!pEngine || pEngine->LimitsGet().nFrequencies <= kChunkMax || pEngine->ObstacleGet())
         return {};
     Place place;
@@ -120,8 +120,8 @@ QString MapReach::OpeningText(const Hours& aHours, int iHour) const
              sOpen);
 }
 
-/// The tip of the station under the pointer. What was asked for is told as it is coloured, unless
-/// the receiver's flag has been moved since.
+/// Shows the tip of the station under the pointer. A station of the last search is described as it
+/// is coloured, unless the receiver's flag has been moved since.
 void MapReach::TipShow(std::size_t iStation)
 {
     const MapStation& station = m_stations.StationsGet()[iStation];

@@ -1,7 +1,7 @@
 /// @file MapReach.h
-/// What the stations on the map tell of themselves: in the colours of their SNR at the hour shown,
-/// once "Who Can I Reach" has asked for them; in the tip of the one under the pointer the way to
-/// it, its best frequency and when it is open.
+/// The answers of "Who Can I Reach" on the map. Stations in them have the colour of their SNR at
+/// the hour shown; the tip of a station gives range and bearing, its best frequency and when it is
+/// open.
 ///
 /// Tests:   tests/ui/map/MapReachTest.cpp
 #pragma once
@@ -27,10 +27,10 @@ public:
     MapReach(const MapForm& form, MapStations& stations, MainWindowHost& host,
              const MapOverlayMenu& menu);
 
-    /// Engines for stations that nobody has asked for yet. Only one of this process is taken: its
-    /// answer is there before the tip.
+    /// Engines for stations that are in no answer yet. Only an engine in this process is used,
+    /// since it answers before the tip is shown.
     void EnginesSet(EngineFn fnEngine) { m_fnEngine = std::move(fnEngine); }
-    /// Colours every station that was asked for; the others keep the colour of their list.
+    /// Colours all stations in the answers; the others keep the colour of their list.
     void Show();
 
 private:

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr double kClick = 20.0;  // a drag of so many pixels either way is still a click
+constexpr double kClick = 20.0;  // a drag of up to this many pixels either way is a click
 
 }  // namespace
 
@@ -37,9 +37,8 @@ void MapRubberBand::Leave()
     m_form.pctMap->update();
 }
 
-/// The box from the mouse-down point. Its ends are kept on the image: the same longitude lies at
-/// both edges, and a band that begins in the blank strip beside the world would be turned inside
-/// out.
+/// The box from the point of the mouse press. Its ends stay on the image: both edges are the same
+/// longitude, and a band begun in the blank strip beside the world would be turned inside out.
 MapBox MapRubberBand::BoxGet(const QPointF& ptEnd) const
 {
     const MapView& view = m_form.m_view;
@@ -57,7 +56,7 @@ MapBox MapRubberBand::BoxGet(const QPointF& ptEnd) const
     return {posDown.dLat, posDown.dLon, posUp.dLat, posUp.dLon};
 }
 
-/// The band's line is a pixel of the picture wide.
+/// The band's line is one pixel of the picture wide.
 void MapRubberBand::Invert()
 {
     QImage& img = m_form.pctMap->m_img;

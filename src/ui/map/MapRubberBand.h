@@ -15,15 +15,16 @@ class MapRubberBand {
 public:
     explicit MapRubberBand(MapForm& form) : m_form(form) {}
 
-    /// The last mouse-down, of any button; a band under way begins there from then on.
+    /// The last press of any button; a band in progress then begins there.
     void DownSet(const QPointF& pt) { m_ptDown = pt; }
     void Begin() { m_bOn = true; }
     void Draw(const QPointF& pt);
-    /// Ends it where the button is released. @return the box to show; nothing after a mere click.
+    /// Ends the band where the button is released.
+    /// @return the box to show; nothing after a mere click
     [[nodiscard]] std::optional<MapBox> End(const QPointF& pt);
-    /// Ends it for nothing.
+    /// Abandons the band.
     void Leave();
-    /// The picture was painted anew, without the band.
+    /// To be called when the picture is painted again, without the band.
     void PictureForget() { m_rctBand = QRect(); }
     [[nodiscard]] bool IsOn() const { return m_bOn; }
 
@@ -35,5 +36,5 @@ private:
     MapForm& m_form;
     bool m_bOn = false;
     QPointF m_ptDown;
-    QRect m_rctBand;  // as it is on the picture
+    QRect m_rctBand;  // as drawn on the picture
 };

@@ -1,5 +1,5 @@
 /// @file MapScaleBar.h
-/// The scale bar of a close view: a round distance as it lies on the middle parallel.
+/// The scale bar of a close view: a round distance along the middle parallel.
 ///
 /// Units:   nautical miles; pixels of the view's picture.
 /// Tests:   tests/ui/map/MapScaleBarTest.cpp
@@ -17,9 +17,9 @@ struct ScaleBar {
     QString sLabel;  ///< "2 nmi"
 };
 
-/// The longest bar within a quarter of the picture; none where the larger span of the view is one
-/// degree and more.
+/// The longest bar within a quarter of the picture; none if the larger span of the view is one
+/// degree or more.
 [[nodiscard]] std::optional<ScaleBar> ScaleBarGet(const MapView& view);
 
-/// Paints it at the right end of the bottom edge, above the labels of the meridians.
+/// Paints the bar at the right end of the bottom edge, above the labels of the meridians.
 void ScaleBarPaint(QPainter& painter, const MapView& view);

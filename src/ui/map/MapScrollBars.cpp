@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr double kTenths = 10.0;         // the bars' unit, of a degree
-constexpr double kStepShare = 1.0 / 20;  // of the view, that a bar's arrow moves
+constexpr double kTenths = 10.0;         // the scroll bars' unit, of a degree
+constexpr double kStepShare = 1.0 / 20;  // of the view, for a click on a bar's arrow
 constexpr double kPageShare = 1.0 / 2;
 
 }  // namespace
@@ -48,7 +48,7 @@ void MapScrollBars::ViewFollow()
     pY->setValue(RoundHalfEven(-(center.dLat * kTenths)));
 }
 
-// The bars act only for the user, who has the focus on them.
+// The bars act only for the user, that is, with the focus on them.
 void MapScrollBars::hscMapChange()
 {
     if (!m_form.hscMap->hasFocus())
@@ -67,8 +67,8 @@ void MapScrollBars::vscMapChange()
                           m_form.m_view.CenterGet().dLon});
 }
 
-/// The bars' arrows and the room beside their sliders move by shares of the view, which tenths of a
-/// degree are too coarse for near the ground.
+/// The arrows of a bar and the room beside its slider move by shares of the view; in a close view
+/// tenths of a degree are too coarse.
 void MapScrollBars::BarAct(QScrollBar* pBar, int nAction)
 {
     if (!pBar->hasFocus())
@@ -87,11 +87,11 @@ void MapScrollBars::BarAct(QScrollBar* pBar, int nAction)
     }
 }
 
-/// The wheel over a bar moves the map along.
+/// The wheel over a bar moves the map.
 void MapScrollBars::BarWheel(QScrollBar* pBar, QWheelEvent* pEvent)
 {
     constexpr double kNotch = 120;  // eighths of a degree
-    constexpr double kLines = 3;    // arrow clicks that a notch is worth
+    constexpr double kLines = 3;    // arrow clicks per notch
     pBar->setFocus(Qt::MouseFocusReason);
     const QPoint ptAngle = pEvent->angleDelta();
     const int nAngle = std::abs(ptAngle.x()) > std::abs(ptAngle.y()) ? ptAngle.x() : ptAngle.y();

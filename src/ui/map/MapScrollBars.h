@@ -1,6 +1,6 @@
 /// @file MapScrollBars.h
-/// The scroll bars of the map: they show the centre of the view and move it, in tenths of a degree
-/// or by shares of the view.
+/// The scroll bars of the map, which show the centre of the view and move it by tenths of a degree
+/// or shares of the view.
 ///
 /// Tests:   tests/ui/map/MapScrollBarsTest.cpp
 #pragma once

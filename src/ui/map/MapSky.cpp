@@ -7,10 +7,10 @@ namespace {
 
 constexpr int kNightSteps = 720;                          // points of the night line
 constexpr double kNightStep = kFullCircle / kNightSteps;  // degrees
-constexpr int kStrokeEvery = 12;     // points of the night line between two strokes
+constexpr int kStrokeEvery = 12;     // points of the night line from one stroke to the next
 constexpr double kStrokeLong = 1.6;  // degrees
 
-/// Point of the night line, dAngle degrees along it.
+/// The point of the night line dAngle degrees along it.
 Vector3 NightPoint(const LatLon& sun, double dAngle)
 {
     const Vector3 vecEast = VectorFrom({0.0, sun.dLon + 90});
@@ -44,7 +44,7 @@ std::vector<LatLon> NightGetStrokes(const LatLon& sun)
 
 int DarknessGet(double dSine)
 {
-    // Of 0, -6, -12 and -18 degrees.
+    // The sines of 0, -6, -12 and -18 degrees.
     constexpr std::array kEnds{0.0, -0.104528463267653, -0.207911690817759, -0.309016994374947};
     int nDarkness = 0;
     for (const double dEnd : kEnds) nDarkness += dSine < dEnd ? 1 : 0;
@@ -53,8 +53,8 @@ int DarknessGet(double dSine)
 
 QImage NightGetShade(const MapView& view, const LatLon& sun)
 {
-    // Soft, so that coasts, labels and the overlay's colours read below the darkest; bluish, not to
-    // be taken for the grey of the weakest signals.
+    // Light, so that coasts, labels and the overlay's colours stay visible even under the darkest;
+    // bluish, to differ from the grey of the weakest signals.
     constexpr std::array<int, 5> kAlpha{0, 32, 56, 80, 104};
     std::array<QRgb, 5> anShade{};
     for (std::size_t i = 0; i < anShade.size(); ++i)
@@ -62,10 +62,10 @@ QImage NightGetShade(const MapView& view, const LatLon& sun)
     QImage img(view.m_nMapWidth, view.m_nMapHeight, QImage::Format_ARGB32_Premultiplied);
     img.fill(Qt::transparent);
     const QRect rct = view.ImageGetRect();
-    // The sine of the altitude, of the angle at the sun's place.
+    // The sine of the sun's altitude, from its position and the place's.
     const double dSunSine = std::sin(sun.dLat * kRadiansPerDegree);
     const double dSunCosine = std::cos(sun.dLat * kRadiansPerDegree);
-    std::vector<double> adWest;  // cosine of the way west of the sun, of each column
+    std::vector<double> adWest;  // per column: cosine of the angle west of the sun
     for (int nX = rct.left(); nX <= rct.right(); ++nX) {
         const double dLon = view.PointGetLatLon(MapControl::Map, nX + 0.5, 0).dLon;
         adWest.push_back(dSunCosine * std::cos((sun.dLon - dLon) * kRadiansPerDegree));
@@ -84,7 +84,7 @@ QImage NightGetShade(const MapView& view, const LatLon& sun)
 
 std::vector<QPolygonF> LinesGetPixels(const MapView& view, const std::vector<LatLon>& aPoints)
 {
-    constexpr double kNearPole = 89.0;  // off the image, and beyond it ordinates turn back
+    constexpr double kNearPole = 89.0;  // off the image; beyond 90 ordinates turn back
     std::vector<QPolygonF> aLines;
     const LatLon* pBefore = nullptr;
     for (const LatLon& pos : aPoints) {
@@ -98,7 +98,7 @@ std::vector<QPolygonF> LinesGetPixels(const MapView& view, const std::vector<Lat
         if (pBefore == nullptr)
             aLines.emplace_back();
         if (std::abs(dLon - dLonBefore) > kFullCircle / 2) {
-            // Over the edge of the image: both pieces run on to the point beyond it.
+            // Across the edge of the image: both pieces go on to the point beyond it.
             const double dTurn = dLon < dLonBefore ? kFullCircle : -kFullCircle;
             aLines.back().append(QPointF(view.LonGetX(dLon + dTurn), pt.y()));
             aLines.emplace_back();

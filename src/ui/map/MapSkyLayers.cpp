@@ -18,7 +18,7 @@ void LinesPaintBegin(QPainter& painter, const MapView& view)
     painter.setClipRect(view.ImageGetRect());
 }
 
-/// On a light seam, so that a line reads on every colour.
+/// Lines with a light edge, so that they show on every colour.
 void LinesPaint(QPainter& painter, const std::vector<QPolygonF>& aLines, const QColor& clr)
 {
     for (const auto& [clrPen, dWidth] :

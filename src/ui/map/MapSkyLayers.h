@@ -1,6 +1,6 @@
 /// @file MapSkyLayers.h
-/// What can be switched on above the map: the line of day and night at the overlay's hour, the
-/// night as a shade, and the great-circle path between the two places.
+/// Layers that the user can switch on above the map: the line between day and night at the
+/// overlay's hour, the shade of the night, and the great-circle path between the two places.
 ///
 /// Tests:   tests/ui/map/MapMarkersTest.cpp
 #pragma once
@@ -38,7 +38,7 @@ private:
     MainWindowHost& m_host;
     const MapOverlayMenu& m_menu;
 
-    // The last shade, and what it was painted for: the pointer's moves repaint the layers.
+    // The last shade and its input, kept because every move of the pointer repaints the layers.
     QImage m_img;
     QRect m_rctSource;
     double m_dEdge = 0.0;

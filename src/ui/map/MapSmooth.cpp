@@ -26,7 +26,8 @@ SmoothGrid::Step StepGet(double dValue, double dFirst, double dLast, std::size_t
 
 float Mix(float fBefore, float fAfter, float fPart) { return fBefore + (fAfter - fBefore) * fPart; }
 
-/// The other band of the line between a pixel and its neighbours; -1 where there is none.
+/// The band on the other side of the line between a pixel and its neighbours; -1 if there is no
+/// line.
 int LineBandOf(int iBand, int iLeft, int iAbove)
 {
     if (iBand < 0)
@@ -36,7 +37,7 @@ int LineBandOf(int iBand, int iLeft, int iAbove)
     return iAbove >= 0 && iAbove != iBand ? iAbove : -1;
 }
 
-/// The colours of the bands and of the lines between them, by the bands' numbers.
+/// The colours of the bands, and of the lines between them, by the bands' numbers.
 class SmoothColors {
 public:
     explicit SmoothColors(const std::function<std::uint32_t(float fSnr)>& fnColor)
@@ -68,7 +69,7 @@ private:
     std::vector<QRgb> m_aLine;
 };
 
-/// The picture's pixels of a box, cut to the image.
+/// The pixels of a box in the picture, clipped to the image.
 QRect BoxGetRect(const MapView& view, const AreaBox& box, double dShift)
 {
     const int nTop = RoundHalfEven(view.LatGetY(box.dTop));
@@ -162,7 +163,7 @@ void SmoothRaster::RowFill(int nRow, const std::vector<float>& afSnr,
     const std::span<const SnrBand> aBand = SnrBandsGet();
     const auto BandOf = [&](const SmoothGrid::Step& stp) {
         const float fSnr = Mix(afSnr[stp.iBefore], afSnr[stp.iBefore + 1], stp.fPart);
-        if (!(fSnr >= fMinSnr))  // not-a-number is not at least anything
+        if (!(fSnr >= fMinSnr))  // true for NaN, too
             return std::int8_t{-1};
         const auto it = std::find_if(aBand.begin(), aBand.end(),
                                      [fSnr](const SnrBand& band) { return fSnr >= band.fLowest; });
@@ -170,7 +171,7 @@ void SmoothRaster::RowFill(int nRow, const std::vector<float>& afSnr,
     };
     std::int8_t* pPixel = m_aBand.data() + (RowGet(nRow) - m_aBand.data());
     for (auto it = aSteps.begin(); it != aSteps.end();) {
-        // Between two points the value rises or falls all the way.
+        // Between two points the values are monotonic, so equal ends mean one band.
         const auto itEnd = std::find_if(it, aSteps.end(), [iNow = it->iBefore](const auto& stp) {
             return stp.iBefore != iNow;
         });

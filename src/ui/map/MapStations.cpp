@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Station lists are the user's files: an ampersand is no mnemonic, a "<" no markup.
+/// Station lists are the user's files: an ampersand is not a mnemonic, a "<" is not markup.
 QString MenuText(const std::string& sText)
 {
     return QString::fromStdString(TextForMessage(sText))
@@ -27,7 +27,7 @@ QString TipText(const QString& sText)
 MapStations::MapStations(MapForm& form, MapMarkers& markers) : m_form(form), m_markers(markers)
 {
     connect(form.cmdStations, &QPushButton::clicked, this, &MapStations::cmdStationsClick);
-    // A menu hides before its item acts; the symbols are to follow both.
+    // A menu hides before its item is triggered; the symbols must follow both.
     connect(form.mnuStations, &QMenu::aboutToHide, this, &MapStations::StationsDraw,
             Qt::QueuedConnection);
     connect(form.mnuStationSetRc, &QAction::triggered, this,
@@ -44,8 +44,8 @@ void MapStations::cmdStationsClick()
         m_form.mnuStations->popup(m_form.cmdStations->mapToGlobal(QPoint(0, 0)));
 }
 
-/// @return the first error that no box has told; the stations that have none are loaded all the
-///         same.
+/// @return the first error not yet shown in a message box; stations without errors are loaded all
+/// the same
 Result<void> MapStations::StationsLoad()
 {
     if (m_nSystem > 0)
@@ -145,7 +145,7 @@ void MapStations::StationsDraw()
         pDot->setVisible(bShown);
         bAnyShown = bAnyShown || bShown;
     }
-    // Symbols stay clickable where they overlap a marker.
+    // Symbols that overlap a marker can still be clicked.
     for (MarkerLabel* pMarker : {m_form.lblRc, m_form.lblTx}) {
         if (bAnyShown)
             pMarker->lower();

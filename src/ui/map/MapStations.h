@@ -1,5 +1,5 @@
 /// @file MapStations.h
-/// Airmail's stations on the map: loaded at the first click, shown by system, and each of them can
+/// Airmail's stations on the map: loaded on the first click and shown by system. Each of them can
 /// become receiver or transmitter; a click makes it the transmitter.
 ///
 /// Tests:   tests/ui/map/MapStationsTest.cpp
@@ -15,7 +15,7 @@
 class MapMarkers;
 class QMouseEvent;
 
-/// A station on the map, its list's number counted from 1.
+/// A station on the map; the lists are counted from 1.
 struct MapStation {
     LatLon pos;
     int iSystem = 1;
@@ -28,12 +28,12 @@ class MapStations final : public QObject {
     Q_OBJECT
 public:
     MapStations(MapForm& form, MapMarkers& markers);
-    /// Places the symbols, and shows those whose system is checked.
+    /// Places the symbols and shows those whose system is checked.
     void StationsDraw();
     [[nodiscard]] const std::vector<MapStation>& StationsGet() const { return m_aStation; }
-    /// Another second part of a station's tip.
+    /// Replaces the second part of a station's tip.
     void TipShow(std::size_t iStation, const QString& sMore);
-    /// A station's symbol in a colour, or in that of its list where there is none.
+    /// Shows a station's symbol in a colour, or with an invalid one in the colour of its list.
     /// @param iStation  from 0
     /// @param sMore     a second line of its tip; or empty
     void StationShow(std::size_t iStation, const QColor& clrSymbol, const QString& sMore);

@@ -13,7 +13,7 @@ constexpr double kTop = 90.0;       // ordinate of the image's top edge
 constexpr double kFarLon = 1080.0;  // no view is further from the image than this
 constexpr double kFarOrdinate = 540.0;
 
-/// Kept within limits; not-a-number becomes 0.
+/// Limits a value; NaN becomes 0.
 double Tame(double dValue, double dLimit)
 {
     return std::isnan(dValue) ? 0.0 : std::clamp(dValue, -dLimit, dLimit);
@@ -30,7 +30,8 @@ double KGet(const MapView& view)
     return view.m_nImgHeight * (kPi / 2) / (view.m_nImgWidth / 2.0);
 }
 
-/// The middle kept where a stretch of dSpan stays within dLow..dHigh; of a larger one the middle.
+/// Limits a middle so that a stretch of dSpan is within dLow..dHigh; for a larger one, their
+/// middle.
 double MiddleKeep(double dMiddle, double dSpan, double dLow, double dHigh)
 {
     if (dSpan >= dHigh - dLow)
@@ -61,8 +62,8 @@ double MapView::OrdinateGetLat(double dOrdinate) const
 MapZoom MapView::BoxGetZoom(const MapBox& box) const
 {
     const MapBox boxShown = BoxPutInOrder(box, m_dEdge);
-    // Near a pole the ordinates of top and bottom may lie the other way round, because a pole is
-    // its own ordinate.
+    // Near a pole, top and bottom may have their ordinates in reverse order, because a pole is its
+    // own ordinate.
     const double dOrdinates =
         std::abs(LatGetOrdinate(boxShown.dTop) - LatGetOrdinate(boxShown.dBottom));
     const double dLatRatio = dOrdinates * m_nImgHeight / 180 / m_nMapHeight;
@@ -170,7 +171,7 @@ MapZoom MapView::WheelGetZoom(double dX, double dY, double dFactor) const
                               static_cast<double>(m_nImgWidth) / m_nMapWidth);
     const double dScale =
         std::min(ScaleTame(m_dScale * dFactor, m_nImgWidth), std::max(dWhole, m_dScale));
-    const double dReal = dScale / m_dScale;  // less than asked for at both ends of the zoom
+    const double dReal = dScale / m_dScale;  // less than asked for at the ends of the zoom range
     const double dTopOrdinate = LatGetOrdinate(m_box.dTop);
     const double dOrdinates = dTopOrdinate - LatGetOrdinate(m_box.dBottom);
     const double dPointOrdinate =
@@ -213,7 +214,7 @@ MapView MapView::SizedGet(int nWidth, int nHeight) const
 MapBox BoxPutInOrder(const MapBox& box, double dEdge)
 {
     MapBox boxOrder = box;
-    if (!(std::abs(box.dRight - box.dLeft) < kFullCircle)) {  // not-a-number, too
+    if (!(std::abs(box.dRight - box.dLeft) < kFullCircle)) {  // NaN, too
         boxOrder.dLeft = dEdge;
         boxOrder.dRight = dEdge + kFullCircle;
     } else {
@@ -262,7 +263,7 @@ MapBox BoxKeepWhole(const MapBox& box, double dEdge)
 
 MapBox BoxOfPath(const LatLon& one, const LatLon& other, double dEdge)
 {
-    // On the image the west end of a path over its edge lies right of the east end.
+    // On the image, a path over its edge has its west end to the right of its east end.
     const double dLonOne = OnScale(LonWrap(one.dLon), dEdge);
     const double dLonOther = OnScale(LonWrap(other.dLon), dEdge);
     MapBox box{Max(one.dLat, other.dLat), Min(dLonOne, dLonOther), Min(one.dLat, other.dLat),

@@ -22,7 +22,7 @@ MapWindowLayout::MapWindowLayout(QWidget& window, MapForm& form) : m_window(wind
     m_form.pctFrame->move(kMargin, kMargin);
     for (const QAbstractButton* pButton : m_form.RowGet()) m_aContent.push_back(pButton->width());
     const int nTightest = ButtonRowGet(m_aContent, kRightButtons, 0, 0).nOver;
-    // The row scrolls where large fonts need more than the screen has.
+    // With large fonts the row may need more than the screen's width; it scrolls.
     m_window.setMinimumSize(
         std::min(nTightest, m_window.screen()->availableGeometry().width() - 4 * kMargin),
         kHeightMin);
@@ -61,7 +61,7 @@ void MapWindowLayout::ButtonsPlace(int nTop)
     }
 }
 
-/// Scrolls the row of buttons, where it is wider than the window, to the one that has the focus.
+/// Scrolls the row of buttons, if it is wider than the window, to the focused one.
 void MapWindowLayout::ButtonShow(const QWidget* pButton)
 {
     for (const QAbstractButton* pInRow : m_form.RowGet())
@@ -89,7 +89,7 @@ void MapWindowLayout::FrameFill()
     m_form.txtCursor->raise();
 }
 
-/// The read-out is as wide as its text and stands in the middle of the map's upper edge.
+/// Fits the read-out to its text, centred on the map's upper edge.
 void MapWindowLayout::CursorFit()
 {
     QLineEdit* pCursor = m_form.txtCursor;

@@ -1,6 +1,6 @@
 /// @file MapWindowLayout.h
-/// Where the controls of the map window stand: the map with its bars and the read-out above,
-/// below it the bar of hours, where it is shown, and the row of buttons.
+/// The layout of the map window: the read-out, the map with its scroll bars, the bar of hours if it
+/// is shown, and the row of buttons.
 ///
 /// Units:   pixels.
 /// Tests:   tests/ui/map/MapWindowLayoutTest.cpp, tests/ui/screen/ScreenTest.cpp
@@ -18,7 +18,7 @@ public:
 
     /// Lays out the window at its present size.
     void LayoutSet();
-    /// Moves the row of buttons along where it is wider than the window.
+    /// Scrolls the row of buttons if it is wider than the window.
     void RowScroll(int nBy);
 
 private:

@@ -6,12 +6,12 @@
 
 namespace {
 
-/// One direction of the stretch from image pixels to target pixels.
+/// One axis of the stretch from image pixels to target pixels.
 struct Axis {
-    double dStart = 0.0;  ///< image place of the target's edge
+    double dStart = 0.0;  ///< image coordinate of the target's edge
     double dStep = 1.0;   ///< image pixels per target pixel
     int nFirst = 0;       ///< first target pixel that shows the image
-    int nEnd = 0;         ///< one past the last
+    int nEnd = 0;         ///< one after the last
 
     Axis(int nStart, int nLength, int nTarget, int nImage)
         : dStart(nStart), dStep(static_cast<double>(nLength) / nTarget)
@@ -20,7 +20,7 @@ struct Axis {
         nEnd = PixelGet(nImage);
         nFirst = PixelGet(0.0);
     }
-    /// The first target pixel whose centre is at dPlace or beyond, kept within the picture.
+    /// The first target pixel whose centre is at dPlace or beyond, limited to the picture.
     [[nodiscard]] int PixelGet(double dPlace) const
     {
         const double dPixel = std::ceil((dPlace - dStart) / dStep - 0.5);
@@ -31,9 +31,9 @@ struct Axis {
     [[nodiscard]] double EndGet() const { return dStart + nEnd * dStep; }
 };
 
-/// Fills countries row by row: the places where its borders cross the middle of a row are sorted,
-/// and every second stretch between them is the country's (even-odd rule). Borders that two
-/// countries share cross at the same pixel for both, so there is neither gap nor overlap.
+/// Fills countries row by row. The points where a country's borders cross the middle of a row are
+/// sorted, and every second stretch between them belongs to it (even-odd rule). A border shared by
+/// two countries crosses at the same pixel for both, so there is neither gap nor overlap.
 class Painter {
 public:
     /// @param nShift  image pixel of longitude 0
@@ -63,7 +63,7 @@ private:
         int nColumn;
     };
 
-    /// The coarsest level whose lines are off by no more than half a target pixel.
+    /// The coarsest level whose lines are wrong by at most half a target pixel.
     [[nodiscard]] std::size_t LevelGet(const std::vector<int>& aTolerances) const
     {
         const double dHighest = std::min(m_axsX.dStep, m_axsY.dStep) / 2;
@@ -75,7 +75,7 @@ private:
     {
         m_aCrossings.clear();
         for (const MapRing& rng : aRings) {
-            // What runs over the right edge comes in at the left.
+            // What goes past the right edge comes in at the left.
             int nShift = m_nShift;
             do {
                 RingAdd(rng, nShift);
@@ -105,11 +105,11 @@ private:
         }
     }
 
-    /// REQUIRES: ptTop lies above ptBottom (the same digits whichever way the ring runs).
+    /// REQUIRES: ptTop is above ptBottom, so that the direction of the ring does not change a digit
     void EdgeAdd(const MapPoint& ptTop, const MapPoint& ptBottom, int nRow, int nRowEnd, int nShift)
     {
         if (std::min(ptTop.nX, ptBottom.nX) + nShift > m_axsX.EndGet())
-            return;  // turns nothing that shows
+            return;  // changes nothing visible
         const double dSlope =
             static_cast<double>(ptBottom.nX - ptTop.nX) / (ptBottom.nY - ptTop.nY);
         for (; nRow < nRowEnd; ++nRow) {
@@ -118,7 +118,7 @@ private:
         }
     }
 
-    /// @return true when at least one pixel was painted.
+    /// @return true if at least one pixel was painted
     bool CrossingsFill(QRgb nColor)
     {
         if (m_aCrossings.empty())
@@ -134,13 +134,13 @@ private:
                 const int nColumnEnd = ++it != itEnd ? *it : m_axsX.nEnd;
                 bPainted = SpanFill(nRow, nColumn, nColumnEnd, nColor) || bPainted;
                 if (it == itEnd)
-                    break;  // the partner lies right of the view
+                    break;  // the other end is to the right of the view
             }
         }
         return bPainted;
     }
 
-    /// Puts the columns of each row together, row r from m_aStarts[r] to m_aStarts[r + 1].
+    /// Groups the columns by row: row r is from m_aStarts[r] to m_aStarts[r + 1].
     void CrossingsSort()
     {
         std::fill(m_aStarts.begin(), m_aStarts.end(), 0);
@@ -153,7 +153,7 @@ private:
                 m_aStarts[static_cast<std::size_t>(crs.nRow) + 1]++)] = crs.nColumn;
     }
 
-    /// One pixel for a country that falls between the pixels, so that no island state is lost.
+    /// Paints one pixel for a country that falls between pixels, so that no island state is lost.
     void DotPaint(const MapRing& rng, QRgb nColor)
     {
         if (rng.m_ptHigh.nX - rng.m_ptLow.nX >= 2 * m_axsX.dStep

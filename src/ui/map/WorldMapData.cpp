@@ -17,7 +17,7 @@ constexpr std::string_view kMagic("HCWM\1", 5);
 constexpr int kImgSizeHighest = 1 << 24;  // keeps every sum of coordinates within an int
 constexpr int kLevelsHighest = 16;
 
-/// Takes numbers off the bytes. After the first that is cut short or out of range every one is 0.
+/// Reads numbers from the bytes. After one that is cut short or out of range, all are 0.
 class ByteReader {
 public:
     explicit ByteReader(std::span<const unsigned char> aBytes) : m_aBytes(aBytes) {}
@@ -43,7 +43,7 @@ public:
         m_bGood = m_bGood && nValue >= nLowest && nValue <= nHighest;
         return m_bGood ? nValue : 0;
     }
-    /// A number of things that take at least nBytes each, so never more than there can be.
+    /// A count of items of at least nBytes each, so never more than the data can hold.
     int CountTake(int nBytes) { return NumberTake(0, static_cast<int>(m_aBytes.size()) / nBytes); }
     int SignedTake()
     {

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr QSize kSizeAtFirst(1000, 660);  // with the window's frame it fits 1024 x 700
+constexpr QSize kSizeAtFirst(1000, 660);  // fits 1024 x 700 with the window's frame
 
 }  // namespace
 
@@ -53,7 +53,7 @@ void frmMap::RoomsConnect()
     connect(&m_navigation, &MapNavigation::ViewChanged, this, &frmMap::ViewPaint);
     connect(&m_markers, &MapMarkers::MenuWanted, &m_navigation, &MapNavigation::mnuMapShow);
     connect(&m_overlay, &MapOverlayControl::PictureWanted, this, &frmMap::ViewPaint);
-    // The overlay is that of the receiver; the transmitter does not change it.
+    // The overlay is for the receiver; the transmitter does not change it.
     connect(&m_markers, &MapMarkers::ReceiverMoved, &m_overlay, &MapOverlayControl::Later);
     connect(&m_markers, &MapMarkers::ReceiverDropped, this, [this] {
         if (m_overlay.IsShown())
@@ -73,7 +73,7 @@ void frmMap::RoomsConnect()
     });
 }
 
-/// From the lowest up; the tips are put together in the same order.
+/// The lowest first; the tips are composed in the same order.
 void frmMap::LayersAdd()
 {
     m_layers.Add(std::make_unique<TwilightLayer>(*this, m_host, m_overlayMenu));
@@ -87,7 +87,7 @@ void frmMap::LayersAdd()
         connect(pToggle, &QToolButton::toggled, pctMap, [this] { pctMap->update(); });
 }
 
-/// Paints the view as it is, so that repeating it moves nothing.
+/// Paints the view without changing it.
 void frmMap::ViewPaint()
 {
     m_mouse.PictureForget();
@@ -109,7 +109,7 @@ void frmMap::ViewPaint()
     pctMap->update();
 }
 
-/// The view's picture anew, and the overlay where it is shown; not while the mouse is at work.
+/// Renews the view's picture, and the overlay if it is shown; not while the mouse is in use.
 void frmMap::OverlayAgain()
 {
     if (m_overlay.IsShown() && m_mouse.IsBusy()) {
@@ -181,7 +181,7 @@ void frmMap::Update()
     OverlayAgain();
 }
 
-/// @return false when nothing was handed over
+/// @return false if nothing was applied
 bool frmMap::Apply()
 {
     if (!m_markers.PlacesCheck())

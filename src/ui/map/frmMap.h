@@ -1,10 +1,10 @@
 /// @file frmMap.h
-/// The world map: shows and moves transmitter and receiver, zooms, scrolls, and lays the SNR
-/// overlay and the stations over the world. It keeps working copies of both locations; the main
-/// window gets them on Apply or OK.
+/// The world map: shows and moves transmitter and receiver, zooms, scrolls, and shows the SNR
+/// overlay and the stations. It works on copies of both locations; the main window gets them on
+/// Apply or OK.
 ///
-/// The window is the frame: what a user does is handled by the rooms, one class for each subject,
-/// which share the controls (MapForm). The frame paints the picture and joins the rooms.
+/// The parts of the window, a class for each subject, handle what the user does; they share the
+/// controls (MapForm). This class paints the picture and connects the parts.
 ///
 /// The window deletes itself when it is closed.
 /// Tests:   tests/ui/map/frmMap*Test.cpp
@@ -32,17 +32,17 @@
 class frmMap final : public QWidget, public MapForm {
     Q_OBJECT
 public:
-    /// @param host      outlives the window.
-    /// @param fnEngine  the engines of the map's day; without it they are programs
+    /// @param host      must outlive the window
+    /// @param fnEngine  the engines for the map's day; by default they run their programs
     explicit frmMap(MainWindowHost& host, MapEngineFn fnEngine = {}, QWidget* pParent = nullptr);
 
-    /// Places a marker on its working copy.
+    /// Puts a marker at its working copy.
     void DrawRc() { m_markers.DrawRc(); }
     void DrawTx() { m_markers.DrawTx(); }
-    /// For what the tips of stations tell at once.
+    /// The engines for the tips of stations, which need an answer at once.
     void EnginesSet(MapReach::EngineFn fnEngine) { m_reach.EnginesSet(std::move(fnEngine)); }
-    /// The settings have changed: takes both locations from them, repaints the view, and draws the
-    /// overlay anew where it is shown. Nothing before the first activation.
+    /// To be called when the settings have changed: takes both locations, repaints the view, and
+    /// predicts the overlay again if it is shown. Does nothing before the first activation.
     void Update();
 
 protected:

@@ -45,8 +45,8 @@ void PageCopy(const Page& page);
 
 /// Writes a page in the format of the suffix: .csv (the first table of the page, or a picture's
 /// values), .png or .pdf. The file is replaced as a whole or left unchanged.
-/// @return the reason for a failure, with the file's name: an unknown suffix, no table for .csv, no
-/// room ...
+/// @return the reason for a failure, with the file's name: an unknown suffix, no table for .csv, a
+/// full disk ...
 [[nodiscard]] Result<void> PageExport(const Page& page, const PageForm& form, const QString& sFile);
 
 /// Writes an image as .png; the file is replaced as a whole or left unchanged.
