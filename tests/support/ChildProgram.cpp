@@ -1,4 +1,4 @@
-// A small program that the tests of process starts run.
+// A small program that the tests of starting processes run.
 #include <windows.h>
 
 #include <cstdio>
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What the system tells a program of its own start.
+/// Prints what the system tells a program about its own start.
 int StartPrint()
 {
     STARTUPINFOW startup{};
@@ -34,7 +34,7 @@ int LockHold(const std::string& sFile)
     return 0;
 }
 
-/// Starts another of this program that sleeps, and tells its number.
+/// Starts a second instance, which sleeps, and prints its process number.
 bool ChildStart(wchar_t* sProgram)
 {
     std::wstring sLine = L"child sleep 60000";
@@ -49,7 +49,7 @@ bool ChildStart(wchar_t* sProgram)
     return true;
 }
 
-/// The mode of the console's own output, before, while and after colours are asked for.
+/// Prints the mode of the console's output before, during and after a request for colours.
 int ColorPrint()
 {
     const HANDLE hScreen =
@@ -73,9 +73,9 @@ int ColorPrint()
     return 0;
 }
 
-/// Runs a program in this console, which has an old alphabet, and tells the console's alphabet
-/// while the program prints and after its end. What it prints goes to a pipe that is full, so that
-/// it waits.
+/// Runs a program in this console, which has an old code page, and reports the console's code page
+/// while the program prints and after its end. The program prints into a full pipe, so that it
+/// waits.
 int ConsoleWatch(const std::vector<std::string>& asWords)
 {
     constexpr UINT kOld = 437;
@@ -122,7 +122,7 @@ int main(int nArguments, char** asArguments)
         Sleep(static_cast<DWORD>(std::atoi(asWords[1].c_str())));
         return 0;
     }
-    if (sVerb == "family") {  // and then sleeps or ends itself
+    if (sVerb == "family") {  // then sleeps or ends itself
         wchar_t acProgram[MAX_PATH] = {};
         GetModuleFileNameW(nullptr, acProgram, MAX_PATH);
         const bool bStarted = ChildStart(acProgram);

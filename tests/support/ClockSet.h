@@ -1,5 +1,5 @@
 /// @file ClockSet.h
-/// A clock of the test's own while it lives.
+/// Replaces the clock for as long as it exists.
 #pragma once
 
 #include <utility>
@@ -9,7 +9,7 @@
 class ClockSet {
 public:
     explicit ClockSet(ClockSource source) : m_before(ClockSetHandler(std::move(source))) {}
-    /// UTC and local time stand still.
+    /// UTC and local time stay at these values.
     ClockSet(const DateTime& dtUtc, const DateTime& dtLocal)
         : ClockSet(ClockSource{[dtUtc] { return dtUtc; }, [dtLocal] { return dtLocal; }, {}})
     {

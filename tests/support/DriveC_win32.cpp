@@ -14,7 +14,7 @@ namespace {
 constexpr const wchar_t* kAirMailKey = L"Software\\Sirius Cybernetics\\AirMail";
 constexpr const wchar_t* kInstallKey = L"Software\\Sirius Cybernetics\\AirMail\\Installation";
 
-/// The letters of a quoted text of the registry file: \\ and \xNN undone.
+/// The characters of a quoted text of the registry file, with escapes decoded.
 std::wstring QuotedTake(std::string_view sQuoted)
 {
     std::wstring sText;

@@ -1,5 +1,5 @@
 /// @file EngineRootSet.h
-/// While it lives, an engine root of the test's own, with no engine in it at first.
+/// Sets an engine root of the test's own for as long as it exists, at first without an engine.
 #pragma once
 
 #include "support/TempFolder.h"
@@ -7,7 +7,7 @@
 class EngineRootSet {
 public:
     /// Puts an empty program in REC533's place.
-    /// @param bOwn  listed as one that Hopcast put there; else somebody else's
+    /// @param bOwn  listed as installed by Hopcast; otherwise as someone else's
     void Rec533Put(bool bOwn) const
     {
         m_folder.Write("bin_win/rec533w.exe", "");

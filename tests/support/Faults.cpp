@@ -40,7 +40,8 @@ void AsUnprivileged(const std::function<void()>& fnTest)
 
 FileSizeLimit::FileSizeLimit(rlim_t nBytes)
 {
-    m_fnBefore = std::signal(SIGXFSZ, SIG_IGN);  // an error value, not the end of the program
+    m_fnBefore =
+        std::signal(SIGXFSZ, SIG_IGN);  // gives an error code instead of ending the program
     getrlimit(RLIMIT_FSIZE, &m_before);
     const rlimit limit{nBytes, m_before.rlim_max};
     EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);

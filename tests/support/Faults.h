@@ -1,6 +1,6 @@
 /// @file Faults.h
-/// Trouble made on purpose: a user without rights and a disk without room. The superuser, as whom
-/// tests may run, ignores permissions.
+/// Provokes faults: a user without permissions and a disk without space. The tests may run as the
+/// superuser, who ignores permissions.
 #pragma once
 
 #include <sys/resource.h>
@@ -8,12 +8,12 @@
 #include <csignal>
 #include <functional>
 
-/// Runs fnTest in a child process as an unprivileged user (nobody, when started by the superuser).
-/// An expectation that fails there fails the running test, and so does a crash. What fnTest changes
-/// in memory is gone with the child. Folders that it is to write to must be open to that user.
+/// Runs fnTest in a child process as an unprivileged user (nobody, if started by the superuser). An
+/// expectation that fails there, or a crash, fails the running test. Changes that fnTest makes in
+/// memory are lost with the child. Folders that it writes to must be open to that user.
 void AsUnprivileged(const std::function<void()>& fnTest);
 
-/// While it lives no file grows beyond nBytes: a full disk (errno EFBIG).
+/// While it exists no file grows beyond nBytes, as on a full disk (errno EFBIG).
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t nBytes);

@@ -1,5 +1,5 @@
 /// @file MsgRecorder.h
-/// Records message boxes while it lives; outside of it any box fails the test at once.
+/// Records message boxes while it exists; at any other time a box fails the test at once.
 #pragma once
 
 #include <string>
@@ -9,11 +9,11 @@
 
 using MsgShown = Message;
 
-/// The messages of one call, as a caller that wants them hands them in; shown as boxes when the
-/// call is over, so that a MsgRecorder has them and an unexpected one fails the test.
+/// Receives the messages of one call, as a caller that wants them does. When the call is over it
+/// shows them as boxes, so a MsgRecorder gets them and an unexpected one fails the test.
 class Told {
 public:
-    /// @param bWanted  false: as a caller that wants silence
+    /// @param bWanted  false: like a caller that wants no messages
     explicit Told(bool bWanted = true) : m_bWanted(bWanted) {}
     ~Told() { MsgShow(m_aMessages); }
     Told(const Told&) = delete;
@@ -40,5 +40,5 @@ private:
     MsgBoxFn m_fnBefore;
 };
 
-/// Makes an unexpected box a failure of the running test; both test mains call it.
+/// Makes an unexpected box fail the running test; called by both test mains.
 void MsgUnexpectedFails();

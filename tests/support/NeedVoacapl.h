@@ -1,6 +1,6 @@
 /// @file NeedVoacapl.h
-/// Tests that run the real VOACAP need the packages voacapl and voacapl-data. Where they are not
-/// installed such a test is skipped with the reason; in CI that is a failure.
+/// Tests that run the real VOACAP need the packages voacapl and voacapl-data. Without them such a
+/// test is skipped with the reason; in CI it fails.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <string_view>
 
-/// True when the packages are there.
+/// True if the packages are installed.
 inline bool VoacaplIsInstalled()
 {
     return std::filesystem::exists("/usr/bin/voacapl")
@@ -31,7 +31,7 @@ inline bool CiIsRunning()
     }                                                                                    \
     static_assert(true)
 
-/// First statement of such a test (or of its SetUp).
+/// The first statement of such a test (or of its SetUp).
 #define NEED_VOACAPL()                                                             \
     if (!VoacaplIsInstalled()) {                                                   \
         if (CiIsRunning())                                                         \

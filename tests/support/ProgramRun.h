@@ -6,10 +6,11 @@
 #include <vector>
 
 struct ProgramResult {
-    int nStatus = -1;  ///< exit status; -1 when it ended by a signal
+    int nStatus = -1;  ///< exit status; -1 if a signal ended it
     std::string sOut;
     std::string sError;
 };
 
-/// @param asWords  full path of the program, then its arguments; no shell meaning in any of them.
+/// @param asWords  full path of the program, then its arguments, all without special characters of
+/// the shell
 ProgramResult ProgramRun(const std::vector<std::string>& asWords);

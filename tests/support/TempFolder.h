@@ -1,5 +1,5 @@
 /// @file TempFolder.h
-/// A folder for one test, gone with it; environment variables set for one test.
+/// A folder for one test, removed afterwards; environment variables set for one test.
 #pragma once
 
 #include <optional>
@@ -13,19 +13,19 @@ public:
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
-    /// Full path of a name below the folder (parents are made).
+    /// Full path of a name in the folder; creates its parent folders.
     [[nodiscard]] std::string Path(std::string_view sName = {}) const;
-    /// Writes a file below the folder and returns its full path.
+    /// Writes a file in the folder and returns its full path.
     std::string Write(std::string_view sName, std::string_view sBytes) const;
 
 private:
     std::string m_sFolder;
 };
 
-/// Whole file as bytes; a missing file fails the test and gives an empty text.
+/// A whole file as bytes; a missing file fails the test and gives an empty text.
 std::string BytesRead(const std::string& sPath);
 
-/// Sets an environment variable while it lives (nothing: unset).
+/// Sets an environment variable while it exists (nothing: unset).
 class EnvironmentSet {
 public:
     EnvironmentSet(std::string sName, std::optional<std::string> sValue);

@@ -40,7 +40,7 @@ public:
 
 Q_SIGNALS:
     void Loaded();
-    /// The pointer has come to a station's symbol, its tip is to be told; from 0.
+    /// The pointer is over a station's symbol, whose tip is needed; from 0.
     void Reached(std::size_t iStation);
 
 private:
