@@ -124,7 +124,7 @@ constexpr std::array<SettingRow, 37> kRows{{
      .sUnit = "True: the forecast's sunspot number, where Airmail's is not taken", .sDefault = "False", .sShipped = "True",
      .bStays = true, .sControl = "chkPropagationForecast"},
     {.member = &Settings::m_fStationPower, .sSection = "Station Data", .sKey = "Power",
-     .sUnit = "W; 0: what the antenna choice brings", .sDefault = "0", .sShipped = "100", .eRule = RangeRule::Drop,
+     .sUnit = "W; 0: the power of the antenna choice", .sDefault = "0", .sShipped = "100", .eRule = RangeRule::Drop,
      .range = kRangePower, .bStays = true, .sControl = "txtStationPower",
      .option = {"--power", "W", "a power in W", "own power; 0 is the antenna choice's"}},
     {.member = &Settings::m_sNeedSelected, .sSection = "Need Data", .sKey = "Selected",

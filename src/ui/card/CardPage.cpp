@@ -124,19 +124,19 @@ Page CardPageGet(const PropagationTable& table, const CardAsked& asked)
     page.sTitle = QObject::tr("%1 to %2").arg(sTx, PositionToText(request.dRcLat, request.dRcLon));
     page.aBlock.push_back({{}, EndsGet(table, asked)});
     page.aBlock.push_back(
-        {QObject::tr(
-             "Signal-to-noise ratio, dB in 1 Hz, by hour and frequency in kHz; bold is enough: %1")
+        {QObject::tr("Signal-to-noise ratio, dB in 1 Hz, by hour and frequency in kHz; bold is "
+                     "enough for %1")
              .arg(QString::fromStdString(NeedFootText(asked.need)).section(u' ', 1)),
          CardGridGet(table, asked)});
     page.aBlock.push_back(
         {QObject::tr("Highest (MUF), best (FOT) and lowest (LUF) frequency, kHz, by %1; "
                      "day and night at receiver and transmitter")
-             .arg(asked.iTimeCode == kTimeLocal ? QObject::tr("hour of the ship")
+             .arg(asked.iTimeCode == kTimeLocal ? QObject::tr("ship's hour")
                                                 : QObject::tr("hour UTC")),
          CurvesGet(table, asked)});
-    const std::string sOld = asked.bOld
-                                 ? kTextBetween + QObject::tr("of an earlier update").toStdString()
-                                 : std::string();
+    const std::string sOld =
+        asked.bOld ? kTextBetween + QObject::tr("from an earlier update").toStdString()
+                   : std::string();
     page.sFoot = QString::fromStdString(RequestFootText(request, table.bBuiltIn, asked.nYear)
                                         + kTextBetween + NeedFootText(asked.need) + sOld);
     return page;

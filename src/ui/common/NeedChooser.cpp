@@ -47,7 +47,8 @@ void NeedChooser::Show()
                                    .replace(u'&', QStringLiteral("&&")));
     const QString sFor = pNeed == nullptr ? tr("What contacts are for: none chosen")
                                           : tr("What contacts are for: %1").arg(EntryText(*pNeed));
-    setToolTip(pNeed == nullptr ? sFor : tr("%1\nCells that meet it have a corner").arg(sFor));
+    setToolTip(pNeed == nullptr ? sFor
+                                : tr("%1\nCells that meet it have a marked corner").arg(sFor));
     setAccessibleName(sFor);
 }
 

@@ -300,7 +300,7 @@ void frmCompare::HintShow()
     if (m_bStopped)
         asHint.append(tr("Stopped."));
     if (OldIs())
-        asHint.append(tr("The numbers are those of older settings."));
+        asHint.append(tr("The numbers are for older settings."));
     if (ModelGet(0) == ModelGet(1))
         asHint.append(tr("An engine is compared with itself."));
     asHint.removeDuplicates();

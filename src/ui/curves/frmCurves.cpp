@@ -52,7 +52,7 @@ void frmCurves::TableShow()
     const bool bOld = bTable && HostGet().TableOldIs();
     for (QPushButton* pButton : {cmdCopy, cmdExport, cmdPrint}) pButton->setEnabled(bTable);
     lblHint->setVisible(!bTable || bOld);
-    lblHint->setText(bTable ? tr("These curves are of older settings: Update in the main window.")
+    lblHint->setText(bTable ? tr("These curves are for older settings: Update in the main window.")
                             : tr("There is no table yet: Update in the main window."));
     if (!bTable) {
         FootSet({});
@@ -118,6 +118,6 @@ Page frmCurves::PageGet() const
     picture.gridValues = CurvesTableGet(*pDay, m_asHour, sZone, view.fNeed);
     page.aBlock.push_back({PathText() + QStringLiteral(", ") + sZone, std::move(picture)});
     if (lblHint->isVisibleTo(this))
-        page.sFoot.prepend(tr("Of older settings. "));
+        page.sFoot.prepend(tr("For older settings. "));
     return page;
 }

@@ -203,9 +203,9 @@ void frmDays::HintShow()
     if (m_days.table.nData == 0 && m_sFault.empty() && !m_bRunning)
         asHint.append(tr("There is no prediction yet."));
     if (m_days.table.nData > 0 && OldIs())
-        asHint.append(tr("The numbers are those of older settings."));
+        asHint.append(tr("The numbers are for older settings."));
     if (!sAbsent.isEmpty())
-        asHint.append(tr("The engine tells no good and bad days for %1 kHz.").arg(sAbsent));
+        asHint.append(tr("The engine gives no good and bad days for %1 kHz.").arg(sAbsent));
     lblHint->setText(asHint.join(u' '));
     lblHint->setVisible(!asHint.isEmpty());
     grdDays->StaleSet(OldIs());

@@ -51,13 +51,14 @@ std::string FailureWords(FailureKind eKind, const std::string& sEngine)
         case FailureKind::NotStarted:
             return WordsPut(QObject::tr("%1 could not be started"), sEngine);
         case FailureKind::Timeout:
-            return WordsPut(QObject::tr("%1 took too long and was ended"), sEngine);
+            return WordsPut(QObject::tr("%1 took too long and was stopped"), sEngine);
         case FailureKind::BadInput:
             return QObject::tr("A value does not fit the engine's deck").toStdString();
         case FailureKind::BadOutput:
             return WordsPut(QObject::tr("%1 gave no usable result"), sEngine);
         case FailureKind::Busy:
-            return QObject::tr("Another program uses the engine, Update tries again").toStdString();
+            return QObject::tr("Another program is using the engine, Update tries again")
+                .toStdString();
         case FailureKind::Cancelled:
             return QObject::tr("The run was stopped").toStdString();
         case FailureKind::File:

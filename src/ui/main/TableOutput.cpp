@@ -24,7 +24,7 @@ Page PageGet(const QWidget& window, const GridControl& grd, const PlanHost& host
         return page;
     std::string sFoot = RequestFootText(table.request, table.bBuiltIn, UtcNow().nYear);
     if (host.TableOldIs())
-        sFoot += kTextBetween + TableOutput::tr("of an earlier update").toStdString();
+        sFoot += kTextBetween + TableOutput::tr("from an earlier update").toStdString();
     page.sFoot = QString::fromStdString(sFoot);
     return page;
 }

@@ -18,15 +18,16 @@ QString AboutGet(Palette ePalette)
     switch (ePalette) {
         case Palette::Safe:
             return ColourPage::tr(
-                "Safe: the better, the lighter; the steps differ for colour-blind eyes too.");
+                "Safe: the better, the lighter; colour-blind eyes can tell the steps apart too.");
         case Palette::Night:
             return ColourPage::tr(
                 "Night: red on black in every window, so that eyes stay used to the dark. Files "
                 "and "
-                "paper have the standard colours.");
+                "prints keep the standard colours.");
         case Palette::Print:
             return ColourPage::tr(
-                "Print: white below 40 dB and even greys above, for printers without colours.");
+                "Print: white below 40 dB, even steps of grey above, for printers without "
+                "colours.");
         default:
             return ColourPage::tr("Standard: violet and blue, grey below 40 dB.");
     }

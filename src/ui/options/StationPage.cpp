@@ -83,7 +83,7 @@ QWidget* StationPage::PowerMake()
     auto* pFrame = new QGroupBox(tr("Power"));
     auto* pRow = new QHBoxLayout(pFrame);
     txtStationPower->setToolTip(
-        tr("Transmitter's power in all predictions, W\n0 means what the antenna choice brings"));
+        tr("Transmitter's power in all predictions, W\n0 means the power of the antenna choice"));
     txtStationPower->setAccessibleName(tr("My power in watts"));
     txtStationPower->setMaximumWidth(
         txtStationPower->fontMetrics().horizontalAdvance(QStringLiteral("--1000000--")));
@@ -159,8 +159,8 @@ void StationPage::PowerTell(int iModel, int iAntennaType)
 {
     const EngineProgram* pEngine = EngineFind(iModel);
     lblStationPowerUnit->setText(
-        pEngine == nullptr ? tr("W; 0 means what the antenna choice brings")
-                           : tr("W; 0 means what the antenna choice brings: %1 with %2")
+        pEngine == nullptr ? tr("W; 0 means the power of the antenna choice")
+                           : tr("W; 0 means the power of the antenna choice: %1 with %2")
                                  .arg(QString::fromStdString(PowerText(CardPowerGet(
                                           iModel, iAntennaType, DeckKind::PointToPoint))),
                                       QString::fromStdString(std::string(pEngine->sName))));
@@ -199,7 +199,8 @@ Result<Need> StationPage::Typed() const
     const std::string sSnr = txtNeedSnr->text().toStdString();
     const auto resSnr = NumberFromTextSingle(sSnr);
     if (!resSnr)
-        return RunError{WordsPut(tr("\"%1\" is no number of dB. Type one."), TextForMessage(sSnr))};
+        return RunError{
+            WordsPut(tr("\"%1\" is not a number of dB. Type one."), TextForMessage(sSnr))};
     return Need{txtNeedName->text().toStdString(), resSnr.ValueGet(),
                 txtNeedSource->text().toStdString()};
 }

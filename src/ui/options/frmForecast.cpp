@@ -46,7 +46,7 @@ void frmForecast::Layout()
     auto* pColumn = new QVBoxLayout(this);
     auto* pCaption = new QLabel(
         tr("Paste a &text with NOAA's predicted solar cycle, SILSO's forecast KFprediCM or a WWV "
-           "bulletin. Mail around it does no harm."));
+           "bulletin. Other text around it does no harm."));
     pCaption->setWordWrap(true);
     pCaption->setBuddy(txtForecast);
     txtForecast->setObjectName(QStringLiteral("txtForecast"));
@@ -57,7 +57,7 @@ void frmForecast::Layout()
     lblForecast->setObjectName(QStringLiteral("lblForecast"));
     lblForecast->setTextFormat(Qt::PlainText);
     lblForecast->setWordWrap(true);
-    cmdRequest->setToolTip(tr("To mail: the answer is a text for this box"));
+    cmdRequest->setToolTip(tr("E-mail this; the answer can be pasted into this box"));
     cmdOk->setDefault(true);
     auto* pRow = new QHBoxLayout;
     pRow->addWidget(cmdOpen);

@@ -109,7 +109,7 @@ void frmPlaces::EditorMake()
     pButtons->addStretch();
     cmdPaste->setToolTip(
         tr("Adds the rows of the clipboard: name, position, frequencies and note,\n"
-           "between tabs as tables are copied, or between commas"));
+           "separated by tabs, as in a copied table, or by commas"));
     ContentGet().addLayout(pButtons);
     lblHint->setObjectName(QStringLiteral("lblHint"));
     lblHint->setWordWrap(true);
@@ -183,7 +183,7 @@ void frmPlaces::FieldsShow()
                                                    &row.texts.sFrequencies, &row.texts.sNote};
     for (std::size_t n = 0; n < apText.size(); ++n) atxtField[n]->setText(Text(*apText[n]));
     if (!row.sFault.empty())
-        HintSet(WordsPut(tr("Line %1 cannot be used, %2. It stays in the file as it stands: %3"),
+        HintSet(WordsPut(tr("Line %1 cannot be used, %2. It stays in the file unchanged: %3"),
                          NumberToText(row.nLine), row.sFault, TextForMessage(row.sRaw)));
 }
 
@@ -276,7 +276,7 @@ void frmPlaces::Undo()
         return;
     const OwnPlaceList list = *m_before;
     if (ListPut(list, std::max(0, SelectedGet())))
-        HintSet(tr("The last change was taken back.").toStdString());
+        HintSet(tr("The last change was undone.").toStdString());
 }
 
 bool frmPlaces::eventFilter(QObject* pObject, QEvent* pEvent)

@@ -86,9 +86,8 @@ void ReachForm::KindsRowMake()
     pRow->addStretch();
     chkOwnFrequencies =
         Named(new QCheckBox(tr("Stations' own fre&quencies"), this), "chkOwnFrequencies", {});
-    chkOwnFrequencies->setToolTip(
-        tr("Take the frequencies that stand in a station's line, where there are any, instead of "
-           "the list of the options"));
+    chkOwnFrequencies->setToolTip(tr(
+        "Use the frequencies in a station's line, if there are any, instead of those in Options"));
     pRow->addWidget(chkOwnFrequencies);
     connect(chkOwnFrequencies, &QCheckBox::clicked, this, &ReachForm::AskedChanged);
 }

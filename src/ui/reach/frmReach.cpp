@@ -264,13 +264,13 @@ void frmReach::HintShow()
 {
     QString sHint;
     if (m_aPlaces.empty())
-        sHint =
-            tr("There are no stations. Airmail's lists are found by Options, AirMail; places "
-               "of your own are kept by Plan, My Places.");
+        sHint = tr(
+            "There are no stations. Options, AirMail sets the folder of Airmail's lists; Plan, My "
+            "Places adds places of your own.");
     else if (!m_sObstacle.empty())
         sHint = QString::fromStdString(m_sObstacle);
     else if (m_pReach->PlacesGet().empty())
-        sHint = tr("Tick a kind of stations.");
+        sHint = tr("Tick a kind of station.");
     else if (m_bOld)
         sHint = tr("The settings have changed since: Search Again.");
     else if (m_aListed.empty())

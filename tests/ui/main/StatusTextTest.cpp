@@ -148,8 +148,8 @@ TEST(StatusTrouble, SaysEveryKindInAUsersWordsFirst)
     using enum FailureKind;
     for (const auto& [eKind, sWords] :
          {std::pair(NotStarted, "VOACAP could not be started: Shell"),
-          std::pair(Timeout, "VOACAP took too long and was ended: Shell"),
-          std::pair(Busy, "Another program uses the engine, Update tries again: Shell"),
+          std::pair(Timeout, "VOACAP took too long and was stopped: Shell"),
+          std::pair(Busy, "Another program is using the engine, Update tries again: Shell"),
           std::pair(Cancelled, "The run was stopped: Shell"),
           std::pair(File, "The files of the run could not be written: Shell")})
         EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineVoacap, Failure{eKind, "Shell"}),

@@ -30,13 +30,13 @@ TEST_F(FrmOptionsStation, ShowsPowerAndNeedsWithTheirSources)
 TEST_F(FrmOptionsStation, BesideThePowerStandsWhatZeroMeansForTheEngineInForce)
 {
     const StationPage& page = Page();
-    EXPECT_TRUE(page.lblStationPowerUnit->text().endsWith(Q("brings: 5 kW with REC533")))
+    EXPECT_TRUE(page.lblStationPowerUnit->text().endsWith(Q("antenna choice: 5 kW with REC533")))
         << page.lblStationPowerUnit->text().toStdString();
     m_pForm->TabShow(kTabModel);
     Press(m_pForm->optPropagationModel2);
-    EXPECT_TRUE(page.lblStationPowerUnit->text().endsWith(Q("brings: 100 W with VOACAP")));
+    EXPECT_TRUE(page.lblStationPowerUnit->text().endsWith(Q("antenna choice: 100 W with VOACAP")));
     Choose(m_pForm->cmbPropagationAntennaType, 2);
-    EXPECT_TRUE(page.lblStationPowerUnit->text().endsWith(Q("brings: 5 kW with VOACAP")));
+    EXPECT_TRUE(page.lblStationPowerUnit->text().endsWith(Q("antenna choice: 5 kW with VOACAP")));
 }
 
 TEST_F(FrmOptionsStation, APowerOutOfRangeIsRefusedOnItsTab)
@@ -99,7 +99,7 @@ TEST_F(FrmOptionsStation, ARefusedNeedSaysWhyAndStaysInItsBoxes)
     const StationPage& page = Page();
     Type(page.txtNeedSnr, Q("much"));
     Press(page.cmdNeedChange);
-    EXPECT_EQ(page.lblNeedHint->text(), Q("\"much\" is no number of dB. Type one."));
+    EXPECT_EQ(page.lblNeedHint->text(), Q("\"much\" is not a number of dB. Type one."));
     EXPECT_EQ(page.txtNeedSnr->text(), Q("much"));
     Type(page.txtNeedSnr, Q("3"));
     Press(page.cmdNeedAdd);

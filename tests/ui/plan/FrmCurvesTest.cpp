@@ -87,7 +87,7 @@ TEST_F(FrmCurves, AFailedRunLeavesTheOldCurvesMarkedOldWithTheirOwnFootLine)
     EXPECT_TRUE(frm.pctCurves->ViewGet().bOld);
     EXPECT_EQ(frm.lblFoot->text(), sFoot);
     EXPECT_EQ(frm.pctCurves->DayGet().aRibbons[0].afSnr[7], fBefore);
-    EXPECT_TRUE(frm.PageGet().sFoot.startsWith(QStringLiteral("Of older settings. ")));
+    EXPECT_TRUE(frm.PageGet().sFoot.startsWith(QStringLiteral("For older settings. ")));
     rig.m_engine.bFail = false;
     ASSERT_TRUE(frmM.Update());
     EXPECT_FALSE(frm.lblHint->isVisible());
