@@ -23,7 +23,7 @@ protected:
     void MissingExpect() const
     {
         MsgRecorder msg;
-        EXPECT_EQ(AirMailIniGet("Airmail.ini", "Propagation", "SSN", Told()), "");
+        EXPECT_EQ(AirMailIniGet("Airmail.ini", "Propagation", "SSN", CallMessages()), "");
         const MsgShown shown = OneShown(msg);
         EXPECT_EQ(shown.eIcon, MsgIcon::Exclamation);
         EXPECT_EQ(shown.sText,
@@ -34,20 +34,20 @@ protected:
 TEST_F(AirMailIni, ReadsAValueInTheProgramsAlphabet)
 {
     AirMailWrite("Airmail.ini", "[Position Report]\r\nComment=wind \x80 5, 27\xB0\r\n");
-    EXPECT_EQ(AirMailIniGet("Airmail.ini", "Position Report", "Comment", Told()),
+    EXPECT_EQ(AirMailIniGet("Airmail.ini", "Position Report", "Comment", CallMessages()),
               "wind \xE2\x82\xAC 5, 27\xC2\xB0");
 }
 
 TEST_F(AirMailIni, SectionsKeysAndFilesAreFoundInAnyCase)
 {
     AirMailWrite("AIRMAIL.ini", "[propagation]\r\n; SSN=1\r\nssn = 85\r\nSSN=90\r\n");
-    EXPECT_EQ(AirMailIniGet("Airmail.ini", "Propagation", "SSN", Told()), "85");
+    EXPECT_EQ(AirMailIniGet("Airmail.ini", "Propagation", "SSN", CallMessages()), "85");
 }
 
 TEST_F(AirMailIni, ValueIsCutTo511Characters)
 {
     AirMailWrite("Airmail.ini", "[A]\r\nb=" + std::string(511, 'x') + "y\r\n");
-    EXPECT_EQ(AirMailIniGet("Airmail.ini", "A", "b", Told()), std::string(511, 'x'));
+    EXPECT_EQ(AirMailIniGet("Airmail.ini", "A", "b", CallMessages()), std::string(511, 'x'));
 }
 
 TEST_F(AirMailIni, WhatIsMissingOrEmptyIsTold)
@@ -87,7 +87,7 @@ TEST_F(AirMailIni, FileWithoutReadPermissionIsToldAsMissing)
     fs::permissions(sFile, fs::perms::none);
     AsUnprivileged([&] { MissingExpect(); });
     fs::permissions(sFile, fs::perms::owner_all);
-    EXPECT_EQ(AirMailIniGet("Airmail.ini", "Propagation", "SSN", Told()), "85");
+    EXPECT_EQ(AirMailIniGet("Airmail.ini", "Propagation", "SSN", CallMessages()), "85");
 }
 
 #endif
@@ -97,7 +97,7 @@ TEST_F(AirMailIni, LongLinesAndNulBytesDoNoHarm)
     AirMailWrite("Airmail.ini", std::string(1000000, 'x') + "\r\n[" + std::string(1000000, 'y')
                                     + "]\r\n[Propagation]\r\n" + std::string(1000000, '=') + "\r\n"
                                     + std::string(1000, '\0') + "\r\nSSN=85\r\n");
-    EXPECT_EQ(AirMailIniGet("Airmail.ini", "Propagation", "SSN", Told()), "85");
+    EXPECT_EQ(AirMailIniGet("Airmail.ini", "Propagation", "SSN", CallMessages()), "85");
     EXPECT_EQ(AirMailIniGet("Airmail.ini", std::string(1000000, 'z'), "SSN", nullptr), "");
 }
 
@@ -114,7 +114,7 @@ TEST_F(AirMailIni, ForeignTextsInMessagesAreCutAndPrintable)
 {
     MsgRecorder msg;
     AirMailDataFolderSet("D:\\\x1b]0;x\x07" + std::string(300, 'd'));
-    EXPECT_EQ(AirMailIniGet("System.\x1b.ini", "Station Info", "K\r\nEY", Told()), "");
+    EXPECT_EQ(AirMailIniGet("System.\x1b.ini", "Station Info", "K\r\nEY", CallMessages()), "");
     EXPECT_EQ(OneShown(msg).sText,
               "Unable to find AirMail's Station Info, K  EY in \"System. .ini\".\r\rPlease check "
               "that the AirMail Data folder \"D:\\ ]0;x "
@@ -130,7 +130,7 @@ TEST_F(AirMailIni, DataFolderMayBeAFolderOfTheHost)
 {
     m_folder.Write("mail/airmail.INI", "[Propagation]\r\nSSN=85\r\n");
     AirMailDataFolderSet(m_folder.Path("mail"));
-    EXPECT_EQ(AirMailIniGet("Airmail.ini", "Propagation", "SSN", Told()), "85");
+    EXPECT_EQ(AirMailIniGet("Airmail.ini", "Propagation", "SSN", CallMessages()), "85");
 }
 
 TEST_F(AirMailIni, VersionTestedWithStandsAlone)
@@ -157,11 +157,11 @@ TEST_F(AirMailIni, UnknownVersionIsToldWithoutABox)
 TEST_F(AirMailIni, SunSpotNumberIsTheTextOfItsKey)
 {
     AirMailWrite("Airmail.ini", "[Propagation]\r\nSSN=112.5\r\n");
-    EXPECT_EQ(AirMailSunSpotNumberGet(Told()), "112.5");
+    EXPECT_EQ(AirMailSunSpotNumberGet(CallMessages()), "112.5");
     AirMailWrite("Airmail.ini", "[Propagation]\r\nSSN=\r\n");
     EXPECT_EQ(AirMailSunSpotNumberGet(nullptr), "");
     MsgRecorder msg;
-    EXPECT_EQ(AirMailSunSpotNumberGet(Told()), "");
+    EXPECT_EQ(AirMailSunSpotNumberGet(CallMessages()), "");
     EXPECT_EQ(OneShown(msg).sText,
               "Unable to find AirMail's Propagation, SSN in \"Airmail.ini\"." + kHintDefault);
 }

@@ -55,7 +55,8 @@ protected:
             sText.append(sKey).append("=").append(sValue).append("\r\n");
         AirMailWrite("Airmail.ini", sText);
         Found found;
-        const auto res = AirMailPositionGet(found.dLat, found.dLon, found.dtTime, Told(bShowError));
+        const auto res =
+            AirMailPositionGet(found.dLat, found.dLon, found.dtTime, CallMessages(bShowError));
         found.bFound = res && res.ValueGet();
         found.sError = res.TextGet();
         return found;
@@ -251,7 +252,7 @@ TEST_F(AirMailPosition, APlaceOutOfRangeCountsAsNoneAndIsNamed)
     double dLon = 0.0;
     DateTime dtTime;
     std::string sFault;
-    EXPECT_TRUE(AirMailPositionGet(dLat, dLon, dtTime, Told(), &sFault).ValueGet());
+    EXPECT_TRUE(AirMailPositionGet(dLat, dLon, dtTime, CallMessages(), &sFault).ValueGet());
     EXPECT_TRUE(
         sFault.ends_with("Airmail.ini, [Position Report] Current Latitude: "
                          "89\xC2\xB0"

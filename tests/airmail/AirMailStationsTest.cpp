@@ -28,7 +28,7 @@ protected:
         int nCount = -1;
         TextList asName;
         asName.Add("left over");
-        const bool bOk = AirMailGetSystems(nCount, asName, Told());
+        const bool bOk = AirMailGetSystems(nCount, asName, CallMessages());
         EXPECT_EQ(bOk, nCount > 0);
         EXPECT_EQ(nCount, asName.CountGet());
         return TextsOf(asName);
@@ -40,7 +40,7 @@ protected:
         int nCount = -1;
         TextList asKey;
         asKey.Add("left over");
-        const bool bOk = AirMailGetStations("HAM", nCount, asKey, Told());
+        const bool bOk = AirMailGetStations("HAM", nCount, asKey, CallMessages());
         EXPECT_EQ(bOk, nCount > 0);
         EXPECT_EQ(nCount, asKey.CountGet());
         return TextsOf(asKey);
@@ -61,7 +61,7 @@ protected:
         MsgRecorder msg;
         int nCount = -1;
         TextList asKey;
-        EXPECT_FALSE(AirMailGetStations("HAM", nCount, asKey, Told()));
+        EXPECT_FALSE(AirMailGetStations("HAM", nCount, asKey, CallMessages()));
         EXPECT_EQ(nCount, 0);
         const MsgShown shown = OneShown(msg);
         EXPECT_EQ(shown.eIcon, MsgIcon::None);
@@ -73,7 +73,7 @@ protected:
     }
     static std::string DescriptionGet(bool bShowError)
     {
-        return AirMailStationDescription("HAM", "XX1", Told(bShowError));
+        return AirMailStationDescription("HAM", "XX1", CallMessages(bShowError));
     }
 };
 
@@ -204,7 +204,7 @@ TEST_F(AirMailStations, PositionIsTheGridBeforeTheFirstColon)
     double dLat = 0.0;
     double dLon = 0.0;
     EntryWrite("fn42:Boston: north;JJ00:");
-    const auto res = AirMailStationPosition("HAM", "XX1", dLat, dLon, true, Told());
+    const auto res = AirMailStationPosition("HAM", "XX1", dLat, dLon, true, CallMessages());
     ASSERT_TRUE(res);
     EXPECT_TRUE(res.ValueGet());
     EXPECT_NEAR(dLat, 42.51304, 5e-6);
@@ -218,7 +218,8 @@ TEST_F(AirMailStations, MissingEntryIsToldWhenAsked)
         MsgRecorder msg;
         double dLat = 1.0;
         double dLon = 2.0;
-        const auto res = AirMailStationPosition("HAM", "XX1", dLat, dLon, bShowError, Told());
+        const auto res =
+            AirMailStationPosition("HAM", "XX1", dLat, dLon, bShowError, CallMessages());
         ASSERT_TRUE(res);
         EXPECT_FALSE(res.ValueGet());
         EXPECT_EQ(dLat, 1.0);
@@ -239,7 +240,7 @@ TEST_F(AirMailStations, EntryWithoutAColonIsAnErrorForTheCaller)
     EntryWrite("FN42;Boston");
     double dLat = 1.0;
     double dLon = 2.0;
-    const auto res = AirMailStationPosition("HAM", "XX1", dLat, dLon, true, Told());
+    const auto res = AirMailStationPosition("HAM", "XX1", dLat, dLon, true, CallMessages());
     EXPECT_FALSE(res);
     EXPECT_EQ(res.TextGet(), "Invalid procedure call or argument");
     EXPECT_EQ(dLat, 1.0);
@@ -259,7 +260,7 @@ TEST_F(AirMailStations, BadGridIsToldEvenWhenNotAsked)
         MsgRecorder msg;
         double dLat = 1.0;
         double dLon = 2.0;
-        const auto res = AirMailStationPosition("HAM", "XX1", dLat, dLon, false, Told());
+        const auto res = AirMailStationPosition("HAM", "XX1", dLat, dLon, false, CallMessages());
         ASSERT_TRUE(res);
         EXPECT_FALSE(res.ValueGet());
         EXPECT_EQ(dLat, 1.0);
@@ -309,7 +310,7 @@ TEST_F(AirMailStations, HalvedFilesNeverFailTheReaders)
         for (const std::string& sKey : asKey) {
             double dLat = 0.0;
             double dLon = 0.0;
-            (void)AirMailStationPosition("HAM", sKey, dLat, dLon, false, Told());
+            (void)AirMailStationPosition("HAM", sKey, dLat, dLon, false, CallMessages());
             EXPECT_LE(AirMailStationDescription("HAM", sKey, nullptr).size(), 6U);
         }
     }
@@ -322,7 +323,8 @@ TEST_F(AirMailStations, APositionOutOfRangeIsNone)
     EntryWrite("ZZ99:Nowhere");
     std::string sFault;
     const MsgRecorder msg;
-    const auto res = AirMailStationPosition("HAM", "XX1", dLat, dLon, false, Told(), &sFault);
+    const auto res =
+        AirMailStationPosition("HAM", "XX1", dLat, dLon, false, CallMessages(), &sFault);
     ASSERT_TRUE(res);
     EXPECT_FALSE(res.ValueGet());
     EXPECT_EQ(dLat, 1.0);
@@ -330,7 +332,7 @@ TEST_F(AirMailStations, APositionOutOfRangeIsNone)
     EXPECT_TRUE(msg.m_aShown.empty());
     EXPECT_TRUE(sFault.ends_with("System.HAM.ini, [Station Info] XX1: ZZ99 is out of range"))
         << sFault;
-    EXPECT_FALSE(AirMailStationPosition("HAM", "XX1", dLat, dLon, true, Told()).ValueGet());
+    EXPECT_FALSE(AirMailStationPosition("HAM", "XX1", dLat, dLon, true, CallMessages()).ValueGet());
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, sFault);
 }

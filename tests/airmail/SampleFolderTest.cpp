@@ -30,12 +30,12 @@ TEST_F(SampleFolder, GivesPositionSunSpotNumberAndVersion)
     double dLat = 0.0;
     double dLon = 0.0;
     DateTime dtTime;
-    const auto res = AirMailPositionGet(dLat, dLon, dtTime, Told());
+    const auto res = AirMailPositionGet(dLat, dLon, dtTime, CallMessages());
     ASSERT_TRUE(res && res.ValueGet());
     EXPECT_DOUBLE_EQ(dLat, 17.6875);
     EXPECT_DOUBLE_EQ(dLon, -(63.0 + 5.5 / 60.0));
     EXPECT_EQ(AirMailAgeText(dtTime), "3 hours");
-    EXPECT_EQ(AirMailSunSpotNumberGet(Told()), "112.5");
+    EXPECT_EQ(AirMailSunSpotNumberGet(CallMessages()), "112.5");
     EXPECT_EQ(AirMailVersionText(), "Airmail 3.1.936");
 }
 
@@ -43,31 +43,32 @@ TEST_F(SampleFolder, GivesItsSystemsAndStations)
 {
     int nCount = 0;
     TextList asName;
-    ASSERT_TRUE(AirMailGetSystems(nCount, asName, Told()));
+    ASSERT_TRUE(AirMailGetSystems(nCount, asName, CallMessages()));
     ASSERT_EQ(nCount, 3);
     EXPECT_EQ(asName[1], "Coast");
     EXPECT_EQ(asName[2], "HAM");
     EXPECT_EQ(asName[3], "SailMail");
     TextList asKey;
-    ASSERT_TRUE(AirMailGetStations("HAM", nCount, asKey, Told()));
+    ASSERT_TRUE(AirMailGetStations("HAM", nCount, asKey, CallMessages()));
     EXPECT_EQ(nCount, 6);
     EXPECT_EQ(asKey[3], "XX3OSL");
-    EXPECT_EQ(AirMailStationDescription("HAM", asKey[3], Told()), "Malm\xC3\xB8ya, Norge");
-    ASSERT_TRUE(AirMailGetStations("SailMail", nCount, asKey, Told()));
+    EXPECT_EQ(AirMailStationDescription("HAM", asKey[3], CallMessages()), "Malm\xC3\xB8ya, Norge");
+    ASSERT_TRUE(AirMailGetStations("SailMail", nCount, asKey, CallMessages()));
     EXPECT_EQ(nCount, 3);
-    ASSERT_TRUE(AirMailGetStations("Coast", nCount, asKey, Told()));
+    ASSERT_TRUE(AirMailGetStations("Coast", nCount, asKey, CallMessages()));
     EXPECT_EQ(nCount, 2);
-    EXPECT_EQ(AirMailStationDescription("Coast", "Cabo Corrientes", Told()), "M\xC3\xA9xico");
+    EXPECT_EQ(AirMailStationDescription("Coast", "Cabo Corrientes", CallMessages()),
+              "M\xC3\xA9xico");
 }
 
 TEST_F(SampleFolder, HasAStationWithoutAColonAndOneWithABadGrid)
 {
     double dLat = 0.0;
     double dLon = 0.0;
-    auto res = AirMailStationPosition("HAM", "XX6OLD", dLat, dLon, true, Told());
+    auto res = AirMailStationPosition("HAM", "XX6OLD", dLat, dLon, true, CallMessages());
     EXPECT_EQ(res.TextGet(), "Invalid procedure call or argument");
     MsgRecorder msg;
-    res = AirMailStationPosition("HAM", "XX5BAD", dLat, dLon, true, Told());
+    res = AirMailStationPosition("HAM", "XX5BAD", dLat, dLon, true, CallMessages());
     ASSERT_TRUE(res);
     EXPECT_FALSE(res.ValueGet());
     EXPECT_EQ(OneShown(msg).sText, "Unable to Convert Grid FN4 to Lat/Lon");

@@ -26,7 +26,7 @@ TEST_P(GridSquare, ConvertsAndNormalises)
     std::string sGrid = c.sGrid;
     double dLat = -999.0;
     double dLon = -999.0;
-    ASSERT_TRUE(GridSquareToPosition(sGrid, dLat, dLon, Told()));
+    ASSERT_TRUE(GridSquareToPosition(sGrid, dLat, dLon, CallMessages()));
     EXPECT_EQ(sGrid, c.sNormalised);
     EXPECT_NEAR(dLat, c.dLatitude, kTolerance);
     EXPECT_NEAR(dLon, c.dLongitude, kTolerance);
@@ -59,7 +59,7 @@ TEST(GridSquareLib, ShortTextsFailAndKeepTheOutputs)
         double dLat = 1.5;
         double dLon = 2.5;
         MsgRecorder msg;
-        EXPECT_FALSE(GridSquareToPosition(sGrid, dLat, dLon, Told())) << sText;
+        EXPECT_FALSE(GridSquareToPosition(sGrid, dLat, dLon, CallMessages())) << sText;
         EXPECT_EQ(dLat, 1.5);
         EXPECT_EQ(dLon, 2.5);
         ASSERT_EQ(msg.m_aShown.size(), 1U);
@@ -69,11 +69,11 @@ TEST(GridSquareLib, ShortTextsFailAndKeepTheOutputs)
     std::string sGrid = "fn42m";
     double dLat = 0.0;
     double dLon = 0.0;
-    EXPECT_FALSE(GridSquareToPosition(sGrid, dLat, dLon, Told()));
+    EXPECT_FALSE(GridSquareToPosition(sGrid, dLat, dLon, CallMessages()));
     EXPECT_EQ(sGrid, "FN42M");
     EXPECT_EQ(msg.m_aShown.at(0).sText, "Unable to Convert Grid FN42M to Lat/Lon");
     sGrid = "";
-    EXPECT_FALSE(GridSquareToPosition(sGrid, dLat, dLon, Told()));
+    EXPECT_FALSE(GridSquareToPosition(sGrid, dLat, dLon, CallMessages()));
     EXPECT_EQ(msg.m_aShown.at(1).sText, "Unable to Convert Grid  to Lat/Lon");
 }
 

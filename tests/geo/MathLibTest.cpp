@@ -42,7 +42,7 @@ class LatitudeParse : public testing::TestWithParam<ParseCase> {};
 TEST_P(LatitudeParse, Decodes)
 {
     double dLatitude = 99;
-    ASSERT_TRUE(TextToLatitude(GetParam().sText, dLatitude, Told()));
+    ASSERT_TRUE(TextToLatitude(GetParam().sText, dLatitude, CallMessages()));
     EXPECT_DOUBLE_EQ(dLatitude, GetParam().dExpected);
 }
 INSTANTIATE_TEST_SUITE_P(All, LatitudeParse,
@@ -57,7 +57,7 @@ class LongitudeParse : public testing::TestWithParam<ParseCase> {};
 TEST_P(LongitudeParse, Decodes)
 {
     double dLongitude = 999;
-    ASSERT_TRUE(TextToLongitude(GetParam().sText, dLongitude, Told()));
+    ASSERT_TRUE(TextToLongitude(GetParam().sText, dLongitude, CallMessages()));
     EXPECT_DOUBLE_EQ(dLongitude, GetParam().dExpected);
 }
 INSTANTIATE_TEST_SUITE_P(All, LongitudeParse,
@@ -74,8 +74,8 @@ TEST_P(PositionBad, FailsWithTheTextAsTypedAndKeepsTheOutput)
     EXPECT_FALSE(TextToLatitude(sText, dAngle, nullptr));
     EXPECT_FALSE(TextToLongitude(sText, dAngle, nullptr));
     MsgRecorder msg;
-    EXPECT_FALSE(TextToLatitude(sText, dAngle, Told()));
-    EXPECT_FALSE(TextToLongitude(sText, dAngle, Told()));
+    EXPECT_FALSE(TextToLatitude(sText, dAngle, CallMessages()));
+    EXPECT_FALSE(TextToLongitude(sText, dAngle, CallMessages()));
     EXPECT_EQ(dAngle, 12.25);
     ASSERT_EQ(msg.m_aShown.size(), 2u);
     EXPECT_EQ(msg.m_aShown[0].eIcon, MsgIcon::Exclamation);
@@ -91,9 +91,9 @@ TEST(PositionText, RoundTripsWithinHalfAHundredthOfAMinute)
 {
     for (double dAngle = -89.99; dAngle < 90; dAngle += 0.3137) {
         double dBack = 0;
-        ASSERT_TRUE(TextToLatitude(LatitudeToText(dAngle), dBack, Told()));
+        ASSERT_TRUE(TextToLatitude(LatitudeToText(dAngle), dBack, CallMessages()));
         EXPECT_NEAR(dBack, dAngle, 0.005 / 60 + 1e-12);
-        ASSERT_TRUE(TextToLongitude(LongitudeToText(2 * dAngle), dBack, Told()));
+        ASSERT_TRUE(TextToLongitude(LongitudeToText(2 * dAngle), dBack, CallMessages()));
         EXPECT_NEAR(dBack, 2 * dAngle, 0.005 / 60 + 1e-12);
     }
 }

@@ -99,7 +99,7 @@ TEST(Documents, EveryKeyOfTheProfileIsTold)
     const TempFolder folder;
     Settings settings;
     settings.m_sProfileFile = folder.Path("all.ini");
-    ASSERT_TRUE(ProfileSave(settings, WindowData{}, Told()));
+    ASSERT_TRUE(ProfileSave(settings, WindowData{}, CallMessages()));
     const std::string sDocument = BytesRead(DOCS_FOLDER "/files.md");
     int nKeys = 0;
     for (const std::string& sLine : LinesRead(settings.m_sProfileFile)) {

@@ -115,7 +115,7 @@ TEST(FortranFormat, NotANumberAndInfinityAreErrors)
 TEST(FortranFormat, UnknownFormatIsToldAndYieldsAnEmptyText)
 {
     MsgRecorder msg;
-    const auto resField = FortranFormat(1.0F, "F9.9", Told());
+    const auto resField = FortranFormat(1.0F, "F9.9", CallMessages());
     ASSERT_TRUE(resField);
     EXPECT_EQ(resField.ValueGet(), "");
     ASSERT_EQ(msg.m_aShown.size(), 1U);

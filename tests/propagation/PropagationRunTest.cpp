@@ -78,10 +78,10 @@ TEST_P(EachEngine, CheckInstalledTellsOnlyWhenAsked)
 {
     EXPECT_FALSE(EngineCheckInstalled(m_case.iModel, nullptr));
     EXPECT_TRUE(m_msg.m_aShown.empty());
-    EXPECT_FALSE(EngineCheckInstalled(m_case.iModel, Told()));
+    EXPECT_FALSE(EngineCheckInstalled(m_case.iModel, CallMessages()));
     ASSERT_EQ(m_msg.m_aShown.size(), 1U);
     m_root.Engine(m_case.sProgram, "");
-    EXPECT_TRUE(EngineCheckInstalled(m_case.iModel, Told()));
+    EXPECT_TRUE(EngineCheckInstalled(m_case.iModel, CallMessages()));
     EXPECT_EQ(m_msg.m_aShown.size(), 1U);
 }
 
@@ -347,7 +347,7 @@ TEST(EngineCheckInstalled, AnUnknownModelHasNoNameAndIsNotInstalled)
     root.Engine("rec533w.exe", "");
     MsgRecorder msg;
     EXPECT_EQ(EngineProgramPath(4), "c:\\itshfbc\\bin_win\\");
-    EXPECT_FALSE(EngineCheckInstalled(4, Told()));
+    EXPECT_FALSE(EngineCheckInstalled(4, CallMessages()));
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, std::string("Propagation Model ") + kNotFound);
 }

@@ -48,7 +48,7 @@ protected:
     {
         Settings settings = settingsIn;
         settings.m_sProfileFile = m_tmp.Path("saved.ini");
-        EXPECT_TRUE(ProfileSave(settings, window, Told()));
+        EXPECT_TRUE(ProfileSave(settings, window, CallMessages()));
         return BytesRead(settings.m_sProfileFile);
     }
 
@@ -350,7 +350,7 @@ TEST_F(Profile, SaveFailureIsReportedOnceWithTheSystemsText)
     Settings settings;
     settings.m_sProfileFile = m_tmp.Path("gone") + "/no/such/folder/x.ini";
     MsgRecorder msg;
-    EXPECT_FALSE(ProfileSave(settings, WindowData{}, Told()));
+    EXPECT_FALSE(ProfileSave(settings, WindowData{}, CallMessages()));
     ASSERT_EQ(msg.m_aShown.size(), 1u);
     EXPECT_EQ(msg.m_aShown[0].eIcon, MsgIcon::Info);
 #ifndef _WIN32
@@ -368,7 +368,7 @@ TEST_F(Profile, ThatIsReadOnlyIsReportedOnceAndLeftAlone)
     settings.m_sProfileFile = m_tmp.Write("kept.ini", sText);
     fs::permissions(settings.m_sProfileFile, static_cast<fs::perms>(0444));
     MsgRecorder msg;
-    EXPECT_FALSE(ProfileSave(settings, WindowData{}, Told()));
+    EXPECT_FALSE(ProfileSave(settings, WindowData{}, CallMessages()));
     ASSERT_EQ(msg.m_aShown.size(), 1u);
     EXPECT_EQ(msg.m_aShown[0].sText, "Problem with initialization file " + settings.m_sProfileFile
                                          + ", " + SystemErrorText(EACCES));
@@ -385,7 +385,7 @@ TEST_F(Profile, OnADiskThatFillsUpKeepsWhatItHeld)
     MsgRecorder msg;
     {
         const FileSizeLimit limit(sWhole.size() + 100);
-        EXPECT_FALSE(ProfileSave(settings, WindowData{}, Told()));
+        EXPECT_FALSE(ProfileSave(settings, WindowData{}, CallMessages()));
     }
     ASSERT_EQ(msg.m_aShown.size(), 1u);
     EXPECT_EQ(msg.m_aShown[0].sText, "Problem with initialization file " + settings.m_sProfileFile
@@ -402,7 +402,7 @@ TEST_F(Profile, IsSavedWholeOrNotAtAll)
     MsgRecorder msg;
     {
         const FileSizeLimit limit(150);
-        EXPECT_FALSE(ProfileSave(settings, WindowData{}, Told()));
+        EXPECT_FALSE(ProfileSave(settings, WindowData{}, CallMessages()));
     }
     EXPECT_EQ(msg.m_aShown.size(), 1u);
     EXPECT_EQ(BytesRead(settings.m_sProfileFile), "");

@@ -122,7 +122,7 @@ TEST_F(ProfileNewKeys, ATextOfANeedComesBackWhateverItsSigns)
         ASSERT_TRUE(NeedAdd(settings.m_aNeed, {sText, 12.5F, sText})) << sText;
         settings.m_sNeedSelected = sText;
         settings.m_sProfileFile = m_tmp.Path("signs.ini");
-        ASSERT_TRUE(ProfileSave(settings, {}, Told()));
+        ASSERT_TRUE(ProfileSave(settings, {}, CallMessages()));
         const Settings loaded = Load(BytesRead(settings.m_sProfileFile));
         EXPECT_EQ(loaded.m_aNeed, settings.m_aNeed) << sText;
         EXPECT_EQ(loaded.m_sNeedSelected, sText);
@@ -146,7 +146,7 @@ TEST_F(ProfileNewKeys, NoMoreNeedsAreReadOrWrittenThanTheListHolds)
     for (int i = 1; i <= kNeedMax + 5; ++i)
         settings.m_aNeed.push_back({"Need " + NumberToText(i), 1.0F, ""});
     settings.m_sProfileFile = m_tmp.Path("many.ini");
-    ASSERT_TRUE(ProfileSave(settings, {}, Told()));
+    ASSERT_TRUE(ProfileSave(settings, {}, CallMessages()));
     const std::string sText = BytesRead(settings.m_sProfileFile);
     EXPECT_NE(sText.find("Count=50\r\n"), std::string::npos);
     EXPECT_EQ(sText.find("Name 51="), std::string::npos);

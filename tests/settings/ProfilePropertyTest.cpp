@@ -132,7 +132,7 @@ TEST_F(ProfileProperty, WhatWasSavedIsLoadedButForThreeValues)
         AirMailDataFolderSet(sData);
         const WindowData window{SingleRandom(random), SingleRandom(random), SingleRandom(random),
                                 SingleRandom(random)};
-        ASSERT_TRUE(ProfileSave(saved, window, Told()));
+        ASSERT_TRUE(ProfileSave(saved, window, CallMessages()));
 
         Settings loaded;
         loaded.m_sProfileFile = saved.m_sProfileFile;

@@ -17,7 +17,7 @@ protected:
     Result<bool> Get(const std::string& sSsn)
     {
         m_drive.Write("Program Files/AirMail/Airmail.ini", "[Propagation]\r\nSSN=" + sSsn + "\r\n");
-        return SunSpotNumberGet(m_settings, m_fNumber, Told());
+        return SunSpotNumberGet(m_settings, m_fNumber, CallMessages());
     }
 
     DriveC m_drive;
@@ -36,7 +36,7 @@ TEST_F(SunSpotLib, AutomaticNumberIsAirmailsAndIsStored)
 TEST_F(SunSpotLib, FixedNumberNeedsNoAirmail)
 {
     m_settings.m_bPropagationSunSpotNumber = false;
-    const auto res = SunSpotNumberGet(m_settings, m_fNumber, Told());
+    const auto res = SunSpotNumberGet(m_settings, m_fNumber, CallMessages());
     ASSERT_TRUE(res && res.ValueGet());
     EXPECT_EQ(m_fNumber, 70.0F);
     EXPECT_TRUE(Get("112.5").ValueGet());

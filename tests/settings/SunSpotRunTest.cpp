@@ -37,7 +37,7 @@ protected:
                          {ForecastSource::Noaa, ForecastDating::Mailed, dtDay, std::move(aMonths)});
         ASSERT_TRUE(res) << res.TextGet();
     }
-    Result<bool> Get() { return SunSpotRunGet(m_settings, m_sForecastFile, m_ssn, Told()); }
+    Result<bool> Get() { return SunSpotRunGet(m_settings, m_sForecastFile, m_ssn, CallMessages()); }
     /// @return true with a number.
     bool Got()
     {

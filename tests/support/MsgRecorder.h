@@ -11,13 +11,13 @@ using MsgShown = Message;
 
 /// Receives the messages of one call, as a caller that wants them does. When the call is over it
 /// shows them as boxes, so a MsgRecorder gets them and an unexpected one fails the test.
-class Told {
+class CallMessages {
 public:
     /// @param bWanted  false: like a caller that wants no messages
-    explicit Told(bool bWanted = true) : m_bWanted(bWanted) {}
-    ~Told() { MsgShow(m_aMessages); }
-    Told(const Told&) = delete;
-    Told& operator=(const Told&) = delete;
+    explicit CallMessages(bool bWanted = true) : m_bWanted(bWanted) {}
+    ~CallMessages() { MsgShow(m_aMessages); }
+    CallMessages(const CallMessages&) = delete;
+    CallMessages& operator=(const CallMessages&) = delete;
 
     operator Messages*() { return m_bWanted ? &m_aMessages : nullptr; }  // NOLINT
     operator Messages&() { return m_aMessages; }                         // NOLINT

@@ -13,7 +13,7 @@ TEST_F(FrmOptions, SettingsOutliveARestart)
     ASSERT_TRUE(GoneIs());
 
     m_host.m_settings.m_sProfileFile = m_folder.Path("saved.ini");
-    ASSERT_TRUE(ProfileSave(m_host.m_settings, std::nullopt, Told()));
+    ASSERT_TRUE(ProfileSave(m_host.m_settings, std::nullopt, CallMessages()));
     m_host.m_settings = Settings();
     m_host.m_settings.m_sProfileFile = m_folder.Path("saved.ini");
     ASSERT_TRUE(ProfileLoad(m_host.m_settings, {}));
