@@ -59,11 +59,11 @@ void CardToSheet(benchmark::State& state)
             table.fMUF[iHour] = 20000.0F;
         }
     }
-    CardAsked asked;
-    asked.need = {"E-mail, normal", 40.0F, ""};
+    CardInput input;
+    input.need = {"E-mail, normal", 40.0F, ""};
     constexpr int kDotsPerInch = 150;
     for (auto _ : state) {
-        const QImage img = PageImage(CardPageGet(table, asked), {}, kDotsPerInch);
+        const QImage img = PageImage(CardPageGet(table, input), {}, kDotsPerInch);
         benchmark::DoNotOptimize(img.constBits());
     }
 }

@@ -39,7 +39,7 @@ std::vector<Place> PlacesMake(int nCount, double dHereLat, double dHereLon)
     return aPlaces;
 }
 
-ReachAsked AskedMake(int iModel)
+ReachInput AskedMake(int iModel)
 {
     Settings settings;
     settings.m_iPropagationModel = iModel;
@@ -49,14 +49,14 @@ ReachAsked AskedMake(int iModel)
     settings.m_iPropagationAntennaType = 0;
     settings.m_dRcLat = 15.375;
     settings.m_dRcLon = -132.6875;
-    ReachAsked asked;
-    asked.base = RequestFromSettings(settings);
-    asked.base.nYear = 2026;
-    asked.base.fPower = 25.0F;
-    asked.bOwnFrequencies = true;
-    asked.iFrom = 15;
-    asked.nHours = 6;
-    return asked;
+    ReachInput input;
+    input.base = RequestFromSettings(settings);
+    input.base.nYear = 2026;
+    input.base.fPower = 25.0F;
+    input.bOwnFrequencies = true;
+    input.iFrom = 15;
+    input.nHours = 6;
+    return input;
 }
 
 /// All rows, through a runner with its answers on this thread or a worker's.
@@ -75,7 +75,7 @@ void ReachRun(const std::shared_ptr<const Engine>& pEngine, Reach& reach)
 void RowExpect(const Reach& reach, std::size_t iPlace, const Engine& engine)
 {
     const Place& place = reach.PlacesGet()[iPlace];
-    Request request = reach.AskedGet().base;
+    Request request = reach.InputGet().base;
     request.dTxLat = place.dLat;
     request.dTxLon = place.dLon;
     if (!place.afFrequency.empty()) {
@@ -111,8 +111,8 @@ TEST(ReachBuiltIn, RowsAreTheSinglePredictionsOfFiftyStations)
 {
     const TempFolder folder;
     const auto pEngine = std::make_shared<BuiltInEngine>(folder.Path());
-    const ReachAsked asked = AskedMake(kEngineRec533);
-    Reach reach(asked, PlacesMake(50, asked.base.dRcLat, asked.base.dRcLon));
+    const ReachInput input = AskedMake(kEngineRec533);
+    Reach reach(input, PlacesMake(50, input.base.dRcLat, input.base.dRcLon));
     ReachRun(pEngine, reach);
     const BuiltInEngine engineAlone(folder.Path());
     for (std::size_t i = 0; i < reach.PlacesGet().size(); ++i) {
@@ -131,12 +131,12 @@ TEST(ReachBuiltIn, RowsAreTheSinglePredictionsOfFiftyStations)
 TEST(ReachBuiltIn, ThirtyOwnFrequenciesAreAllTried)
 {
     const TempFolder folder;
-    ReachAsked asked = AskedMake(kEngineRec533);
-    std::vector<Place> aPlaces = PlacesMake(4, asked.base.dRcLat, asked.base.dRcLon);
+    ReachInput input = AskedMake(kEngineRec533);
+    std::vector<Place> aPlaces = PlacesMake(4, input.base.dRcLat, input.base.dRcLon);
     aPlaces[0].afFrequency.clear();
     for (int n = 0; n < 30; ++n)
         aPlaces[0].afFrequency.push_back(2000.0F + 900.0F * static_cast<float>(n));
-    Reach reach(asked, aPlaces);
+    Reach reach(input, aPlaces);
     ReachRun(std::make_shared<BuiltInEngine>(folder.Path()), reach);
     RowExpect(reach, 0, BuiltInEngine(folder.Path()));
 }
@@ -153,9 +153,9 @@ TEST(ReachVoacap, RowsAreTheSinglePredictionsOfFiftyStations)
     ASSERT_TRUE(resRoot) << resRoot.TextGet();
     const auto pEngine = std::make_shared<ProcessEngine>(kEngineVoacap);
     ASSERT_FALSE(pEngine->ObstacleGet());
-    const ReachAsked asked = AskedMake(kEngineVoacap);
-    std::vector<Place> aPlaces = PlacesMake(50, asked.base.dRcLat, asked.base.dRcLon);
-    Reach reach(asked, aPlaces);
+    const ReachInput input = AskedMake(kEngineVoacap);
+    std::vector<Place> aPlaces = PlacesMake(50, input.base.dRcLat, input.base.dRcLon);
+    Reach reach(input, aPlaces);
     ReachRun(pEngine, reach);
     for (std::size_t i = 0; i < aPlaces.size(); ++i) {
         SCOPED_TRACE(aPlaces[i].sKey);

@@ -12,19 +12,19 @@ constexpr float kNone = -999.0F;
 /// 7000 kHz; on 14000 kHz they have 1 dB less.
 Reach ReachOf(const std::vector<std::pair<Place, std::map<int, float>>>& aPlaces)
 {
-    ReachAsked asked;
-    asked.base.nData = 2;
-    asked.base.afFrequency = {0.0F, 7000.0F, 14000.0F};
-    asked.iFrom = 15;
-    asked.nHours = 6;
+    ReachInput input;
+    input.base.nData = 2;
+    input.base.afFrequency = {0.0F, 7000.0F, 14000.0F};
+    input.iFrom = 15;
+    input.nHours = 6;
     std::vector<Place> aOnly;
     for (const auto& [place, mapSnr] : aPlaces) aOnly.push_back(place);
-    Reach reach(asked, aOnly);
+    Reach reach(input, aOnly);
     for (std::size_t n = 0; n < aPlaces.size(); ++n) {
         Prediction prediction;
         prediction.bOk = true;
         prediction.table = PropagationTable(2);
-        prediction.table.request = ReachRequestGet(asked, aOnly[n]);
+        prediction.table.request = ReachRequestGet(input, aOnly[n]);
         prediction.table.fRange = 1000.0F - 100.0F * static_cast<float>(n);
         prediction.table.fAzimuthRcTx = 10.0F * static_cast<float>(n);
         prediction.table.PresentSet(1, 2, true);

@@ -20,19 +20,19 @@ Place PlaceAt(double dLat, double dLon, std::vector<float> afFrequency = {})
     return place;
 }
 
-ReachAsked AskedMake()
+ReachInput AskedMake()
 {
-    ReachAsked asked;
-    asked.base.nData = 2;
-    asked.base.afFrequency = {0.0F, 7000.0F, 14000.0F};
-    asked.base.dRcLat = 10.0;
-    asked.base.dRcLon = 20.0;
-    asked.base.dTxLat = 99.0;
-    asked.base.fPower = 100.0F;
-    asked.fNeed = 40.0F;
-    asked.iFrom = 15;
-    asked.nHours = 6;
-    return asked;
+    ReachInput input;
+    input.base.nData = 2;
+    input.base.afFrequency = {0.0F, 7000.0F, 14000.0F};
+    input.base.dRcLat = 10.0;
+    input.base.dRcLon = 20.0;
+    input.base.dTxLat = 99.0;
+    input.base.fPower = 100.0F;
+    input.fNeed = 40.0F;
+    input.iFrom = 15;
+    input.nHours = 6;
+    return input;
 }
 
 /// A prediction whose frequencies have these SNRs by hour of UTC, and nothing else.
@@ -66,32 +66,32 @@ std::string TwoDigits(int iHour) { return NumberFormat(static_cast<double>(iHour
 
 TEST(ReachRequest, IsTheBaseWithThePlaceAsTransmitterAndHereAsReceiver)
 {
-    const ReachAsked asked = AskedMake();
-    Request expected = asked.base;
+    const ReachInput input = AskedMake();
+    Request expected = input.base;
     expected.dTxLat = -5.0;
     expected.dTxLon = 6.0;
-    EXPECT_EQ(ReachRequestGet(asked, PlaceAt(-5, 6)), expected);
+    EXPECT_EQ(ReachRequestGet(input, PlaceAt(-5, 6)), expected);
 }
 
 TEST(ReachRequest, HasThePlacesOwnFrequenciesWhereTheyAreAskedForAndThere)
 {
-    ReachAsked asked = AskedMake();
+    ReachInput input = AskedMake();
     const Place place = PlaceAt(1, 2, {5881.0F, 7971.5F, 10317.0F});
-    EXPECT_EQ(ReachRequestGet(asked, place).nData, 2);
-    asked.bOwnFrequencies = true;
-    const Request request = ReachRequestGet(asked, place);
+    EXPECT_EQ(ReachRequestGet(input, place).nData, 2);
+    input.bOwnFrequencies = true;
+    const Request request = ReachRequestGet(input, place);
     EXPECT_EQ(request.nData, 3);
     EXPECT_EQ(request.afFrequency, (std::vector<float>{0.0F, 5881.0F, 7971.5F, 10317.0F}));
-    EXPECT_EQ(ReachRequestGet(asked, PlaceAt(1, 2)).afFrequency, asked.base.afFrequency);
+    EXPECT_EQ(ReachRequestGet(input, PlaceAt(1, 2)).afFrequency, input.base.afFrequency);
 }
 
 TEST(ReachRow, HasTheBestFrequencyOfEachHour)
 {
-    const ReachAsked asked = AskedMake();
+    const ReachInput input = AskedMake();
     const Place place = PlaceAt(1, 2);
     const ReachRow row = ReachRowGet(
-        asked, place,
-        PredictionOf(ReachRequestGet(asked, place),
+        input, place,
+        PredictionOf(ReachRequestGet(input, place),
                      {{{15, 48.0F}, {16, 30.0F}, {17, -120.0F}}, {{15, 47.0F}, {16, 30.0F}}}));
     EXPECT_EQ(row.eState, ReachState::Answered);
     EXPECT_EQ(row.aHours[15].fSnr, 48.0F);
@@ -108,16 +108,16 @@ TEST(ReachRow, HasTheBestFrequencyOfEachHour)
 
 TEST(ReachRow, LeavesOutAFrequencyThatHasNoValues)
 {
-    const ReachAsked asked = AskedMake();
+    const ReachInput input = AskedMake();
     const Place place = PlaceAt(1, 2);
     Prediction prediction =
-        PredictionOf(ReachRequestGet(asked, place), {{{15, 48.0F}}, {{15, 40.0F}}});
+        PredictionOf(ReachRequestGet(input, place), {{{15, 48.0F}}, {{15, 40.0F}}});
     prediction.table.PresentSet(1, 1, false);
-    EXPECT_EQ(ReachRowGet(asked, place, prediction).aHours[15].fFrequency, 14000.0F);
+    EXPECT_EQ(ReachRowGet(input, place, prediction).aHours[15].fFrequency, 14000.0F);
     EXPECT_EQ(ReachCellsGet(prediction).size(), 24U);
     prediction.table.PresentSet(2, 2, false);
     prediction.aFailures.push_back({FailureKind::BadOutput, "Nothing came."});
-    const ReachRow row = ReachRowGet(asked, place, prediction);
+    const ReachRow row = ReachRowGet(input, place, prediction);
     EXPECT_EQ(row.eState, ReachState::Failed);
     EXPECT_EQ(row.sFailure, "Nothing came.");
     EXPECT_EQ(row.opening.nWait, -1);
@@ -125,8 +125,8 @@ TEST(ReachRow, LeavesOutAFrequencyThatHasNoValues)
 
 TEST(ReachCells, AreEveryHourAndFrequency)
 {
-    const ReachAsked asked = AskedMake();
-    const auto aCells = ReachCellsGet(PredictionOf(asked.base, {{{0, 1.0F}}, {{0, 2.0F}}}));
+    const ReachInput input = AskedMake();
+    const auto aCells = ReachCellsGet(PredictionOf(input.base, {{{0, 1.0F}}, {{0, 2.0F}}}));
     ASSERT_EQ(aCells.size(), 48U);
     EXPECT_EQ(aCells[1].iHour, 0);
     EXPECT_EQ(aCells[1].fFrequency, 14000.0F);
@@ -136,13 +136,13 @@ TEST(ReachCells, AreEveryHourAndFrequency)
 
 TEST(ReachRow, KeepsItsCellsWhereTheyAreAskedFor)
 {
-    ReachAsked asked = AskedMake();
+    ReachInput input = AskedMake();
     const Place place = PlaceAt(1, 2);
     const Prediction prediction =
-        PredictionOf(ReachRequestGet(asked, place), {{{0, 1.0F}}, {{0, 2.0F}}});
-    EXPECT_TRUE(ReachRowGet(asked, place, prediction).aCells.empty());
-    asked.bCells = true;
-    EXPECT_EQ(ReachRowGet(asked, place, prediction).aCells.size(), 48U);
+        PredictionOf(ReachRequestGet(input, place), {{{0, 1.0F}}, {{0, 2.0F}}});
+    EXPECT_TRUE(ReachRowGet(input, place, prediction).aCells.empty());
+    input.bCells = true;
+    EXPECT_EQ(ReachRowGet(input, place, prediction).aCells.size(), 48U);
 }
 
 struct OpeningCase {
@@ -201,7 +201,7 @@ protected:
     ReachRanking() : m_reach(AskedMake(), std::vector<Place>(6, PlaceAt(1, 2))) {}
     void Add(std::size_t iPlace, const std::map<int, float>& mapSnr)
     {
-        m_reach.Add(iPlace, PredictionOf(m_reach.AskedGet().base, {mapSnr, {}}));
+        m_reach.Add(iPlace, PredictionOf(m_reach.InputGet().base, {mapSnr, {}}));
     }
     using Order = std::vector<std::size_t>;
     Reach m_reach;
@@ -257,17 +257,17 @@ TEST_F(ReachRanking, ASecondAnswerOfAPlaceReplacesTheFirst)
 
 TEST(Reach, KnowsRangeAndBearingFromHereBeforeAnyAnswer)
 {
-    ReachAsked asked = AskedMake();
-    asked.base.dRcLat = 0.0;
-    asked.base.dRcLon = 0.0;
-    const Reach reach(asked, {PlaceAt(0, 90), PlaceAt(0, 0), PlaceAt(0, 180), PlaceAt(-30, 0)});
+    ReachInput input = AskedMake();
+    input.base.dRcLat = 0.0;
+    input.base.dRcLon = 0.0;
+    const Reach reach(input, {PlaceAt(0, 90), PlaceAt(0, 0), PlaceAt(0, 180), PlaceAt(-30, 0)});
     EXPECT_NEAR(reach.RowsGet()[0].dRange, 90 * 60, 10.0);
     EXPECT_NEAR(reach.RowsGet()[0].dBearing, 90.0, 1e-9);
     EXPECT_EQ(reach.RowsGet()[1].dRange, 0.0);
     EXPECT_EQ(reach.RowsGet()[1].dBearing, 0.0);
     EXPECT_NEAR(reach.RowsGet()[2].dRange, 180 * 60, 20.0);
     EXPECT_NEAR(reach.RowsGet()[3].dBearing, 180.0, 1e-9);
-    EXPECT_TRUE(Reach(asked, {}).RankingGet().empty());
+    EXPECT_TRUE(Reach(input, {}).RankingGet().empty());
 }
 
 }  // namespace

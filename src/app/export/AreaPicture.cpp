@@ -10,21 +10,21 @@
 
 QImage AreaPictureGet(const PredictArea& area, const PredictAreaRun& run)
 {
-    MapPictureAsked asked;
-    asked.area = {area.dSouth, area.dNorth, area.dWest, area.dEast};
-    asked.posRc = {run.settings.m_dRcLat, run.settings.m_dRcLon};
+    MapPictureInput input;
+    input.area = {area.dSouth, area.dNorth, area.dWest, area.dEast};
+    input.posRc = {run.settings.m_dRcLat, run.settings.m_dRcLon};
     for (const PredictAreaBox& box : run.aBoxes) {
         const AreaRequest& request = box.request;
         const AreaBox boxWanted{request.dSouth, request.dNorth, request.dWest, request.dEast};
-        asked.aBoxes.push_back({{AreaBoxPrinted(boxWanted), boxWanted, request.nGridSize,
+        input.aBoxes.push_back({{AreaBoxPrinted(boxWanted), boxWanted, request.nGridSize,
                                  run.settings.m_fMapOverlayMinSnr, SnrGetColor},
                                 box.aPoints});
     }
-    asked.sCaption =
-        QStringLiteral("Receiver %1").arg(PositionToText(asked.posRc.dLat, asked.posRc.dLon));
+    input.sCaption =
+        QStringLiteral("Receiver %1").arg(PositionToText(input.posRc.dLat, input.posRc.dLon));
     if (!run.aBoxes.empty())
-        asked.sCaption +=
+        input.sCaption +=
             QString::fromUtf8(kTextBetween)
             + QString::fromStdString(AreaFootText(run.aBoxes.front().request, LocalNow().nYear));
-    return MapPictureGet(asked, QGuiApplication::font());
+    return MapPictureGet(input, QGuiApplication::font());
 }

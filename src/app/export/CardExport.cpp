@@ -25,7 +25,7 @@ constexpr const char* kExport = "--export";
 
 int Fail(int nStatus, const std::string& sText) { return PredictFail(kProgram, nStatus, sText); }
 
-struct ExportAsked {
+struct ExportRequest {
     std::string sFile;
     PredictOptions options;
 };
@@ -63,7 +63,7 @@ bool OptionIs(const std::vector<std::string>& asWords, const std::string& sOptio
     });
 }
 
-Result<ExportAsked> AskedGet(std::vector<std::string> asWords)
+Result<ExportRequest> InputGet(std::vector<std::string> asWords)
 {
     const auto resFile = FileTake(asWords);
     if (!resFile)
@@ -82,20 +82,20 @@ Result<ExportAsked> AskedGet(std::vector<std::string> asWords)
     auto resOptions = PredictOptionsGet(asWords);
     if (!resOptions)
         return resOptions.ErrorGet();
-    return ExportAsked{resFile.ValueGet(), resOptions.ValueGet()};
+    return ExportRequest{resFile.ValueGet(), resOptions.ValueGet()};
 }
 
 Page PageGet(const PredictOptions& options, const PredictPath& path)
 {
-    CardAsked asked;
-    asked.asNote =
+    CardInput input;
+    input.asNote =
         QString::fromStdString(options.sPlaces).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    asked.asShip = HourLabelsGet(kTimeLocal);
-    asked.iTimeCode = path.settings.m_iTimeCode;
-    asked.need = options.need ? *options.need
+    input.asShip = HourLabelsGet(kTimeLocal);
+    input.iTimeCode = path.settings.m_iTimeCode;
+    input.need = options.need ? *options.need
                               : NeedInForce(path.settings.m_aNeed, path.settings.m_sNeedSelected);
-    asked.nYear = LocalNow().nYear;
-    return CardPageGet(path.table, asked);
+    input.nYear = LocalNow().nYear;
+    return CardPageGet(path.table, input);
 }
 
 /// A prediction that is done, and how it becomes the file.
@@ -106,10 +106,10 @@ struct Predicted {
 };
 
 /// @return nothing when it failed (a box has told why)
-std::optional<Predicted> Predict(const ExportAsked& asked)
+std::optional<Predicted> Predict(const ExportRequest& request)
 {
-    const QString sFile = QString::fromStdString(asked.sFile);
-    const PredictOptions& options = asked.options;
+    const QString sFile = QString::fromStdString(request.sFile);
+    const PredictOptions& options = request.options;
     if (options.bArea) {
         auto run = PredictAreaRunGet(options);
         if (!run)
@@ -131,11 +131,11 @@ std::optional<Predicted> Predict(const ExportAsked& asked)
                      bWhole, ePalette};
 }
 
-int Export(const ExportAsked& asked)
+int Export(const ExportRequest& request)
 {
     MsgSetHandler([](MsgIcon, const std::string& sText) { Fail(kExitFailed, sText); });
     const auto resRoot = EngineRootProvision();
-    const auto predicted = Predict(asked);
+    const auto predicted = Predict(request);
     if (!predicted)
         return resRoot ? kExitFailed
                        : Fail(kExitFailed, "Hopcast's own engine folder: " + resRoot.TextGet());
@@ -159,7 +159,7 @@ int Export(const ExportAsked& asked)
 
 int CardExportRun(const std::vector<std::string>& asWords)
 {
-    const auto resAsked = AskedGet(asWords);
+    const auto resAsked = InputGet(asWords);
     if (!resAsked)
         return Fail(kExitUsage, resAsked.TextGet());
     if (const std::string sHome = HomeFolderProblemGet(); !sHome.empty())

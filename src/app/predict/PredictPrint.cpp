@@ -142,7 +142,7 @@ std::string JsonCell(const PredictRun& run, int iHour, int iFrequency)
         return ", " + Quoted(sName) + ": " + CellText(table, afCells, iHour, iFrequency, "null");
     };
     // An engine that does not give delay and height has -1 there.
-    const auto Told = [&](const char* sName, const CellArray<float>& afCells) {
+    const auto ValueOrNull = [&](const char* sName, const CellArray<float>& afCells) {
         return afCells(iHour, iFrequency) < 0.0F ? ", " + Quoted(sName) + ": null"
                                                  : Value(sName, afCells);
     };
@@ -153,8 +153,8 @@ std::string JsonCell(const PredictRun& run, int iHour, int iFrequency)
         sDays += ", " + Quoted(kDaysNames.at(n)) + ": " + OrNull(asDays.at(n));
     return "{" + Pair("khz", run.pSettings->FrequencyGet(iFrequency)) + ", " + Quoted("mode") + ": "
            + (bPresent ? Quoted(table.sLayer(iHour, iFrequency)) : "null")
-           + Value("takeoff_deg", table.fTakeoffAngle) + Told("delay_ms", table.fTimeDelay)
-           + Told("height_km", table.fVirtualHeight) + Value("signal_dbw", table.fSdBW)
+           + Value("takeoff_deg", table.fTakeoffAngle) + ValueOrNull("delay_ms", table.fTimeDelay)
+           + ValueOrNull("height_km", table.fVirtualHeight) + Value("signal_dbw", table.fSdBW)
            + Value("noise_dbw", table.fNdBW) + ", " + Quoted("snr_db") + ": "
            + (bPresent ? JsonSnr(table.fSnr(iHour, iFrequency)) : "null") + sDays
            + (run.need

@@ -133,26 +133,26 @@ std::string CsvGet(const Reach& reach, const Need& need)
         if (row.eState != ReachState::Answered)
             continue;
         const std::string sHead = RowHead(reach.PlacesGet()[iRow], row);
-        for (int n = 0; n < reach.AskedGet().nHours; ++n) {
-            const int iHour = (reach.AskedGet().iFrom + n) % kReachHours;
-            sText += HourRows(sHead, iHour, row, reach.AskedGet().bCells, need);
+        for (int n = 0; n < reach.InputGet().nHours; ++n) {
+            const int iHour = (reach.InputGet().iFrom + n) % kReachHours;
+            sText += HourRows(sHead, iHour, row, reach.InputGet().bCells, need);
         }
     }
     return sText;
 }
 
-ReachAsked AskedGet(const PredictOptions& options, const Settings& settings,
+ReachInput InputGet(const PredictOptions& options, const Settings& settings,
                     SunSpotSource eSunSpotSource, const Need& need)
 {
-    ReachAsked asked;
-    asked.base = RequestFromSettings(settings);
-    asked.base.eSunSpotSource = eSunSpotSource;
-    asked.bOwnFrequencies = !options.reach.bFrequencies;
-    asked.fNeed = need.fSnr;
-    asked.iFrom = options.reach.iFrom >= 0 ? options.reach.iFrom : UtcNow().nHour;
-    asked.nHours = options.reach.nHours;
-    asked.bCells = options.reach.bAll;
-    return asked;
+    ReachInput input;
+    input.base = RequestFromSettings(settings);
+    input.base.eSunSpotSource = eSunSpotSource;
+    input.bOwnFrequencies = !options.reach.bFrequencies;
+    input.fNeed = need.fSnr;
+    input.iFrom = options.reach.iFrom >= 0 ? options.reach.iFrom : UtcNow().nHour;
+    input.nHours = options.reach.nHours;
+    input.bCells = options.reach.bAll;
+    return input;
 }
 
 std::optional<std::string> NoneLeft()
@@ -197,7 +197,7 @@ std::optional<std::string> PredictReachGet(const PredictOptions& options, const 
         options.need ? *options.need : NeedInForce(settings.m_aNeed, settings.m_sNeedSelected);
     if (!options.need && !found.aPlaces.empty())
         MsgBox(MsgIcon::Info, "No need is given; using " + PredictNeedText(need));
-    Reach reach(AskedGet(options, settings, eSunSpotSource, need), std::move(found.aPlaces));
+    Reach reach(InputGet(options, settings, eSunSpotSource, need), std::move(found.aPlaces));
     if (!reach.PlacesGet().empty())
         PlacesPredict(pEngine, reach);
     bool bAny = false;

@@ -34,19 +34,19 @@ std::array<ReachHour, kReachHours> HoursGet(const PropagationTable& table)
     return aHours;
 }
 
-void RowJudge(const ReachAsked& asked, ReachRow& row)
+void RowJudge(const ReachInput& input, ReachRow& row)
 {
-    row.opening = ReachOpeningGet(row.aHours, asked.fNeed, asked.iFrom, asked.nHours);
-    row.fMargin = HourGet(row.aHours, asked.iFrom).fSnr - asked.fNeed;
+    row.opening = ReachOpeningGet(row.aHours, input.fNeed, input.iFrom, input.nHours);
+    row.fMargin = HourGet(row.aHours, input.iFrom).fSnr - input.fNeed;
 }
 
 /// The row of a place before there is a prediction.
-ReachRow RowWaiting(const ReachAsked& asked, const Place& place)
+ReachRow RowWaiting(const ReachInput& input, const Place& place)
 {
     ReachRow row;
-    row.dRange = GreatCircleAngle(asked.base.dRcLat, asked.base.dRcLon, place.dLat, place.dLon)
+    row.dRange = GreatCircleAngle(input.base.dRcLat, input.base.dRcLon, place.dLat, place.dLon)
                  * kEarthKm / kKmPerMile;
-    row.dBearing = BearingGet(asked.base.dRcLat, asked.base.dRcLon, place.dLat, place.dLon);
+    row.dBearing = BearingGet(input.base.dRcLat, input.base.dRcLon, place.dLat, place.dLon);
     return row;
 }
 
@@ -75,7 +75,7 @@ float BestGet(const ReachRow& row, int iFrom, int nHours)
 }
 
 /// The key by which rows are sorted, lowest first.
-std::tuple<int, int, float> RankOf(const ReachAsked& asked, const ReachRow& row)
+std::tuple<int, int, float> RankOf(const ReachInput& input, const ReachRow& row)
 {
     enum { kOpen, kOpens, kClosed, kFailed, kWaiting };
     if (row.eState == ReachState::Waiting)
@@ -86,18 +86,18 @@ std::tuple<int, int, float> RankOf(const ReachAsked& asked, const ReachRow& row)
         return {kOpen, 0, -row.fMargin};
     if (row.opening.nWait > 0)
         return {kOpens, row.opening.nWait,
-                -HourGet(row.aHours, HourAfter(asked.iFrom, row.opening.nWait)).fSnr};
-    return {kClosed, 0, -BestGet(row, asked.iFrom, asked.nHours)};
+                -HourGet(row.aHours, HourAfter(input.iFrom, row.opening.nWait)).fSnr};
+    return {kClosed, 0, -BestGet(row, input.iFrom, input.nHours)};
 }
 
 }  // namespace
 
-Request ReachRequestGet(const ReachAsked& asked, const Place& place)
+Request ReachRequestGet(const ReachInput& input, const Place& place)
 {
-    Request request = asked.base;
+    Request request = input.base;
     request.dTxLat = place.dLat;
     request.dTxLon = place.dLon;
-    if (asked.bOwnFrequencies && !place.afFrequency.empty()) {
+    if (input.bOwnFrequencies && !place.afFrequency.empty()) {
         request.nData = static_cast<int>(place.afFrequency.size());
         request.afFrequency.assign(1, 0.0F);
         request.afFrequency.insert(request.afFrequency.end(), place.afFrequency.begin(),
@@ -106,9 +106,9 @@ Request ReachRequestGet(const ReachAsked& asked, const Place& place)
     return request;
 }
 
-ReachRow ReachRowGet(const ReachAsked& asked, const Place& place, const Prediction& prediction)
+ReachRow ReachRowGet(const ReachInput& input, const Place& place, const Prediction& prediction)
 {
-    ReachRow row = RowWaiting(asked, place);
+    ReachRow row = RowWaiting(input, place);
     // A list in several chunks may fail in one of them: the others can be used.
     if (!AnyPresent(prediction.table)) {
         row.eState = ReachState::Failed;
@@ -117,11 +117,11 @@ ReachRow ReachRowGet(const ReachAsked& asked, const Place& place, const Predicti
     }
     row.eState = ReachState::Answered;
     row.aHours = HoursGet(prediction.table);
-    if (asked.bCells)
+    if (input.bCells)
         row.aCells = ReachCellsGet(prediction);
     row.dRange = prediction.table.fRange;
     row.dBearing = prediction.table.fAzimuthRcTx;
-    RowJudge(asked, row);
+    RowJudge(input, row);
     return row;
 }
 
@@ -163,12 +163,12 @@ std::string ReachOpeningText(const ReachOpening& opening, int iFrom,
     return "now-" + fnHour(HourAfter(iFrom, opening.nLength - 1));
 }
 
-Reach::Reach(ReachAsked asked, std::vector<Place> aPlaces)
-    : m_asked(std::move(asked)), m_aPlaces(std::move(aPlaces))
+Reach::Reach(ReachInput input, std::vector<Place> aPlaces)
+    : m_input(std::move(input)), m_aPlaces(std::move(aPlaces))
 {
     m_aRows.reserve(m_aPlaces.size());
     for (const Place& place : m_aPlaces) {
-        m_aRows.push_back(RowWaiting(m_asked, place));
+        m_aRows.push_back(RowWaiting(m_input, place));
         m_aRows.back().iPlace = m_aRows.size() - 1;
     }
 }
@@ -177,7 +177,7 @@ std::vector<Request> Reach::RequestsGet() const
 {
     std::vector<Request> aRequests;
     aRequests.reserve(m_aPlaces.size());
-    for (const Place& place : m_aPlaces) aRequests.push_back(ReachRequestGet(m_asked, place));
+    for (const Place& place : m_aPlaces) aRequests.push_back(ReachRequestGet(m_input, place));
     return aRequests;
 }
 
@@ -186,25 +186,25 @@ void Reach::Add(std::size_t iPlace, const Prediction& prediction)
     ReachRow& row = m_aRows.at(iPlace);
     if (row.eState == ReachState::Waiting)
         ++m_nDone;
-    row = ReachRowGet(m_asked, m_aPlaces[iPlace], prediction);
+    row = ReachRowGet(m_input, m_aPlaces[iPlace], prediction);
     row.iPlace = iPlace;
 }
 
 void Reach::Judge(float fNeed, int iFrom, int nHours)
 {
-    m_asked.fNeed = fNeed;
-    m_asked.iFrom = iFrom;
-    m_asked.nHours = nHours;
+    m_input.fNeed = fNeed;
+    m_input.iFrom = iFrom;
+    m_input.nHours = nHours;
     for (ReachRow& row : m_aRows)
         if (row.eState == ReachState::Answered)
-            RowJudge(m_asked, row);
+            RowJudge(m_input, row);
 }
 
 std::vector<std::size_t> Reach::RankingGet() const
 {
     std::vector<std::tuple<int, int, float>> aRank;
     aRank.reserve(m_aRows.size());
-    for (const ReachRow& row : m_aRows) aRank.push_back(RankOf(m_asked, row));
+    for (const ReachRow& row : m_aRows) aRank.push_back(RankOf(m_input, row));
     std::vector<std::size_t> aiRow(m_aRows.size());
     std::iota(aiRow.begin(), aiRow.end(), std::size_t{0});
     std::ranges::stable_sort(aiRow,

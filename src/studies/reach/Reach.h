@@ -24,7 +24,7 @@
 inline constexpr int kReachHours = 24;
 
 /// The inputs that are the same for all places.
-struct ReachAsked {
+struct ReachInput {
     Request base;  ///< engine, month, power and model; its receiver is here, its frequencies are
                    ///< the user's; the transmitter is not used
     bool bOwnFrequencies = false;  ///< use a place's own frequencies if it has any
@@ -62,7 +62,7 @@ struct ReachRow {
     ReachState eState = ReachState::Waiting;
     std::string sFailure;  ///< why its prediction failed
     std::array<ReachHour, kReachHours> aHours;
-    std::vector<ReachCell> aCells;  ///< only with ReachAsked::bCells
+    std::vector<ReachCell> aCells;  ///< only with ReachInput::bCells
     ReachOpening opening;
     float fMargin = std::numeric_limits<float>::quiet_NaN();  ///< now: best SNR less the need
     double dRange = 0.0;    ///< nautical miles; from the prediction once there is one
@@ -70,10 +70,10 @@ struct ReachRow {
 };
 
 /// The request of a place: the base with the place as transmitter.
-[[nodiscard]] Request ReachRequestGet(const ReachAsked& asked, const Place& place);
+[[nodiscard]] Request ReachRequestGet(const ReachInput& input, const Place& place);
 
 /// A place's row, made from its prediction; the caller sets only its index.
-[[nodiscard]] ReachRow ReachRowGet(const ReachAsked& asked, const Place& place,
+[[nodiscard]] ReachRow ReachRowGet(const ReachInput& input, const Place& place,
                                    const Prediction& prediction);
 
 /// Every hour and frequency of a prediction, hour by hour; frequencies without values are left out.
@@ -91,9 +91,9 @@ struct ReachRow {
 /// The rows of all places while the predictions come in.
 class Reach {
 public:
-    Reach(ReachAsked asked, std::vector<Place> aPlaces);
+    Reach(ReachInput input, std::vector<Place> aPlaces);
 
-    [[nodiscard]] const ReachAsked& AskedGet() const { return m_asked; }
+    [[nodiscard]] const ReachInput& InputGet() const { return m_input; }
     [[nodiscard]] const std::vector<Place>& PlacesGet() const { return m_aPlaces; }
     /// A row for each place, in the places' order.
     [[nodiscard]] const std::vector<ReachRow>& RowsGet() const { return m_aRows; }
@@ -112,7 +112,7 @@ public:
     [[nodiscard]] std::vector<std::size_t> RankingGet() const;
 
 private:
-    ReachAsked m_asked;
+    ReachInput m_input;
     std::vector<Place> m_aPlaces;
     std::vector<ReachRow> m_aRows;
     std::size_t m_nDone = 0;

@@ -11,7 +11,7 @@ constexpr double kLast = std::numeric_limits<double>::infinity();
 
 const ReachHour& HourNow(const Reach& reach, const ReachRow& row)
 {
-    return row.aHours.at(static_cast<std::size_t>(reach.AskedGet().iFrom));
+    return row.aHours.at(static_cast<std::size_t>(reach.InputGet().iFrom));
 }
 
 double NumberOr(double dValue) { return std::isnan(dValue) ? kLast : dValue; }
@@ -54,7 +54,7 @@ bool MarginIs(const Reach& reach, const ReachRow& row, float fLeast)
         return true;
     const int iHour = ReachBestHourGet(reach, row);
     return iHour != -1
-           && row.aHours.at(static_cast<std::size_t>(iHour)).fSnr - reach.AskedGet().fNeed
+           && row.aHours.at(static_cast<std::size_t>(iHour)).fSnr - reach.InputGet().fNeed
                   >= fLeast;
 }
 
@@ -64,8 +64,8 @@ int ReachBestHourGet(const Reach& reach, const ReachRow& row)
 {
     int iBest = -1;
     float fBest = 0.0F;
-    for (int n = 0; n < reach.AskedGet().nHours; ++n) {
-        const int iHour = (reach.AskedGet().iFrom + n) % kReachHours;
+    for (int n = 0; n < reach.InputGet().nHours; ++n) {
+        const int iHour = (reach.InputGet().iFrom + n) % kReachHours;
         const float fSnr = row.aHours.at(static_cast<std::size_t>(iHour)).fSnr;
         if (!std::isnan(fSnr) && (iBest == -1 || fSnr > fBest)) {
             iBest = iHour;
@@ -101,6 +101,6 @@ std::vector<std::size_t> ReachListGet(const Reach& reach, const ReachView& view)
 float ReachChannelGet(const Reach& reach, const ReachRow& row)
 {
     const int nWait = std::max(0, row.opening.nWait);
-    const int iHour = (reach.AskedGet().iFrom + nWait) % kReachHours;
+    const int iHour = (reach.InputGet().iFrom + nWait) % kReachHours;
     return row.aHours.at(static_cast<std::size_t>(iHour)).fFrequency;
 }

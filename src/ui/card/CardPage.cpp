@@ -53,23 +53,23 @@ struct Hours {
     HourLabels asHour;
 };
 
-std::array<Hours, 2> HoursGet(const CardAsked& asked)
+std::array<Hours, 2> HoursGet(const CardInput& input)
 {
     const Hours utc{QObject::tr("UTC"), HourLabelsGet(kTimeZulu)};
-    const Hours ship{QObject::tr("Ship"), asked.asShip};
-    return asked.iTimeCode == kTimeLocal ? std::array{ship, utc} : std::array{utc, ship};
+    const Hours ship{QObject::tr("Ship"), input.asShip};
+    return input.iTimeCode == kTimeLocal ? std::array{ship, utc} : std::array{utc, ship};
 }
 
-QStringList EndsGet(const PropagationTable& table, const CardAsked& asked)
+QStringList EndsGet(const PropagationTable& table, const CardInput& input)
 {
     const Request& request = table.request;
     QStringList asLine;
     asLine
         << QObject::tr("Transmitter: %1%2")
-               .arg(asked.sTx.isEmpty() ? asked.sTx : asked.sTx + QStringLiteral(", "),
+               .arg(input.sTx.isEmpty() ? input.sTx : input.sTx + QStringLiteral(", "),
                     PositionToText(request.dTxLat, request.dTxLon))
         << QObject::tr("Receiver: %1").arg(PositionToText(request.dRcLat, request.dRcLon))
-        << asked.asNote
+        << input.asNote
         << QObject::tr(
                "Range %1 nmi; bearing to the transmitter %2\u00B0, from the transmitter %3\u00B0")
                .arg(Formatted(table.fRange, "0"), Formatted(table.fAzimuthRcTx, "000"),
@@ -77,12 +77,12 @@ QStringList EndsGet(const PropagationTable& table, const CardAsked& asked)
     return asLine;
 }
 
-PagePicture CurvesGet(const PropagationTable& table, const CardAsked& asked)
+PagePicture CurvesGet(const PropagationTable& table, const CardInput& input)
 {
     const auto pDay = std::make_shared<const DayCurves>(DayCurvesGet(table));
     CurvesView view;
-    view.asHour = HoursGet(asked).front().asHour;
-    view.fNeed = asked.need.fSnr;
+    view.asHour = HoursGet(input).front().asHour;
+    view.fNeed = input.need.fSnr;
     return {[pDay, view](QPainter& painter, const QRectF& rct, PageLook eLook) {
         CurvesView viewLook = view;
         viewLook.eLook = eLook;
@@ -94,12 +94,12 @@ PagePicture CurvesGet(const PropagationTable& table, const CardAsked& asked)
 
 }  // namespace
 
-PageGrid CardGridGet(const PropagationTable& table, const CardAsked& asked)
+PageGrid CardGridGet(const PropagationTable& table, const CardInput& input)
 {
     QStringList asColumn;
     for (int i = 1; i <= table.nData; ++i)
         asColumn.append(Formatted(table.request.FrequencyGet(i), "0"));
-    const auto aHours = HoursGet(asked);
+    const auto aHours = HoursGet(input);
     std::vector<QStringList> aRow;
     for (std::size_t n = 0; n < aHours.front().asHour.size(); ++n)
         aRow.push_back({aHours[0].asHour.at(n), aHours[1].asHour.at(n),
@@ -108,36 +108,36 @@ PageGrid CardGridGet(const PropagationTable& table, const CardAsked& asked)
         PageGridMake({aHours[0].sName, aHours[1].sName, QObject::tr("Best")}, asColumn, aRow);
     for (int iHour = 1; iHour <= kHourCount; ++iHour)
         for (int i = 1; i <= table.nData; ++i)
-            grid.CellGet(iHour - 1, i - 1) = CellMake(table, iHour, i, asked.need.fSnr);
+            grid.CellGet(iHour - 1, i - 1) = CellMake(table, iHour, i, input.need.fSnr);
     grid.bTurns = true;
     return grid;
 }
 
-Page CardPageGet(const PropagationTable& table, const CardAsked& asked)
+Page CardPageGet(const PropagationTable& table, const CardInput& input)
 {
     if (table.nData == 0)
         return {QObject::tr("There is no prediction yet."), {}, {}};
     const Request& request = table.request;
     const QString sTx =
-        asked.sTx.isEmpty() ? PositionToText(request.dTxLat, request.dTxLon) : asked.sTx;
+        input.sTx.isEmpty() ? PositionToText(request.dTxLat, request.dTxLon) : input.sTx;
     Page page;
     page.sTitle = QObject::tr("%1 to %2").arg(sTx, PositionToText(request.dRcLat, request.dRcLon));
-    page.aBlock.push_back({{}, EndsGet(table, asked)});
+    page.aBlock.push_back({{}, EndsGet(table, input)});
     page.aBlock.push_back(
         {QObject::tr("Signal-to-noise ratio, dB in 1 Hz, by hour and frequency in kHz; bold is "
                      "enough for %1")
-             .arg(QString::fromStdString(NeedFootText(asked.need)).section(u' ', 1)),
-         CardGridGet(table, asked)});
+             .arg(QString::fromStdString(NeedFootText(input.need)).section(u' ', 1)),
+         CardGridGet(table, input)});
     page.aBlock.push_back(
         {QObject::tr("Highest (MUF), best (FOT) and lowest (LUF) frequency, kHz, by %1; "
                      "day and night at receiver and transmitter")
-             .arg(asked.iTimeCode == kTimeLocal ? QObject::tr("ship's hour")
+             .arg(input.iTimeCode == kTimeLocal ? QObject::tr("ship's hour")
                                                 : QObject::tr("hour UTC")),
-         CurvesGet(table, asked)});
+         CurvesGet(table, input)});
     const std::string sOld =
-        asked.bOld ? kTextBetween + QObject::tr("from an earlier update").toStdString()
+        input.bOld ? kTextBetween + QObject::tr("from an earlier update").toStdString()
                    : std::string();
-    page.sFoot = QString::fromStdString(RequestFootText(request, table.bBuiltIn, asked.nYear)
-                                        + kTextBetween + NeedFootText(asked.need) + sOld);
+    page.sFoot = QString::fromStdString(RequestFootText(request, table.bBuiltIn, input.nYear)
+                                        + kTextBetween + NeedFootText(input.need) + sOld);
     return page;
 }

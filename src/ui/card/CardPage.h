@@ -15,7 +15,7 @@
 #include "ui/page/Page.h"
 
 /// What a card shows besides its table.
-struct CardAsked {
+struct CardInput {
     QString sTx;                ///< name of the transmitter; empty: its position is used
     QStringList asNote = {};    ///< lines on where the two ends come from
     HourLabels asShip = {};     ///< the hours 0 to 23 UTC in ship's time
@@ -26,7 +26,7 @@ struct CardAsked {
 };
 
 /// The table of a card: 24 rows of hours, one column for each frequency.
-[[nodiscard]] PageGrid CardGridGet(const PropagationTable& table, const CardAsked& asked);
+[[nodiscard]] PageGrid CardGridGet(const PropagationTable& table, const CardInput& input);
 
 /// The card as a page. Before the first prediction it says only that there is none.
-[[nodiscard]] Page CardPageGet(const PropagationTable& table, const CardAsked& asked);
+[[nodiscard]] Page CardPageGet(const PropagationTable& table, const CardInput& input);

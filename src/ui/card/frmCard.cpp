@@ -146,14 +146,14 @@ void frmCard::SheetShow()
 Page frmCard::PageGet() const
 {
     const Settings& settings = HostGet().SettingsGet();
-    CardAsked asked;
-    asked.sTx = HostGet().TransmitterNameGet();
-    asked.asShip = HourLabelsGet(kTimeLocal);
-    asked.iTimeCode = settings.m_iTimeCode;
-    asked.need = NeedGet();
-    asked.nYear = UtcNow().nYear;
-    asked.bOld = HostGet().TableOldIs();
-    return CardPageGet(HostGet().TableGet(), asked);
+    CardInput input;
+    input.sTx = HostGet().TransmitterNameGet();
+    input.asShip = HourLabelsGet(kTimeLocal);
+    input.iTimeCode = settings.m_iTimeCode;
+    input.need = NeedGet();
+    input.nYear = UtcNow().nYear;
+    input.bOld = HostGet().TableOldIs();
+    return CardPageGet(HostGet().TableGet(), input);
 }
 
 QString frmCard::FileNameGet() const { return QStringLiteral("Card.pdf"); }

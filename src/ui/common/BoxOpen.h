@@ -15,7 +15,7 @@ public:
     BoxOpen& operator=(const BoxOpen&) = delete;
 
     /// True while any such box is open.
-    [[nodiscard]] static bool Is() { return s_nOpen > 0; }
+    [[nodiscard]] static bool Exists() { return s_nOpen > 0; }
 
 private:
     static int s_nOpen;

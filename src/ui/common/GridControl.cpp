@@ -146,7 +146,7 @@ void GridControl::mousePressEvent(QMouseEvent* pEvent)
 void GridControl::mouseMoveEvent(QMouseEvent* pEvent)
 {
     QTableView::mouseMoveEvent(pEvent);
-    m_pMouse->PointSee(viewport()->mapTo(this, pEvent->pos()));
+    m_pMouse->PointReport(viewport()->mapTo(this, pEvent->pos()));
 }
 
 bool GridControl::viewportEvent(QEvent* pEvent)

@@ -21,10 +21,10 @@ void GridModel::CellChange(int iRow, int iCol, const std::function<void(GridCell
     if (!HasCell(iRow, iCol))
         return;
     fnChange(m_aCells[Index(iRow, iCol)]);
-    ChangedTell(iRow, iCol);
+    ChangeReport(iRow, iCol);
 }
 
-void GridModel::ChangedTell(int iRow, int iCol)
+void GridModel::ChangeReport(int iRow, int iCol)
 {
     if (!m_bRedraw) {
         m_bChanged = true;

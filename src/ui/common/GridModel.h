@@ -59,7 +59,7 @@ private:
                + static_cast<std::size_t>(iCol);
     }
     void SizeSet(int nRows, int nCols);
-    void ChangedTell(int iRow, int iCol);
+    void ChangeReport(int iRow, int iCol);
     static QVariant CellData(const GridCell& cell, int nRole);
 
     int m_nRows = 1;

@@ -15,7 +15,7 @@ GridMouse::GridMouse(QTableView& view) : QObject(&view), m_view(view)
         pHeader->viewport()->installEventFilter(this);
 }
 
-void GridMouse::PointSee(const QPoint& pnt)
+void GridMouse::PointReport(const QPoint& pnt)
 {
     if (m_pntSeen == pnt)
         return;
@@ -42,7 +42,7 @@ bool GridMouse::eventFilter(QObject* pObject, QEvent* pEvent)
 {
     const auto* pHeader = static_cast<QWidget*>(pObject);
     if (pEvent->type() == QEvent::MouseMove) {
-        PointSee(pHeader->mapTo(&m_view, static_cast<QMouseEvent*>(pEvent)->pos()));
+        PointReport(pHeader->mapTo(&m_view, static_cast<QMouseEvent*>(pEvent)->pos()));
     } else if (pEvent->type() == QEvent::MouseButtonPress) {
         const auto* pMouse = static_cast<QMouseEvent*>(pEvent);
         const GridPlace place = GridPlaceAt(m_view, pHeader->mapTo(&m_view, pMouse->pos()));

@@ -19,7 +19,7 @@ public:
     explicit GridMouse(QTableView& view);
 
     /// Reports the cell under a point of the view, unless the point is the last one reported.
-    void PointSee(const QPoint& pnt);
+    void PointReport(const QPoint& pnt);
     void ToolTipShow(const QHelpEvent* pEvent);
     /// Shows the tooltip afresh; an empty text removes it.
     void ToolTipRenew(const QString& sText);

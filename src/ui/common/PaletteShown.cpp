@@ -31,7 +31,7 @@ const SnrBand* BandGet(const QColor& clr, Palette ePalette)
 
 }  // namespace
 
-Palette PaletteShown() { return PaletteForPaper::Is() ? PaletteOnPaper() : InForce(); }
+Palette PaletteShown() { return PaletteForPaper::Exists() ? PaletteOnPaper() : InForce(); }
 
 Palette PaletteOnPaper() { return InForce() == Palette::Night ? Palette::Standard : InForce(); }
 
@@ -58,7 +58,7 @@ PaletteForPaper::PaletteForPaper() { ++ForPaper(); }
 
 PaletteForPaper::~PaletteForPaper() { --ForPaper(); }
 
-bool PaletteForPaper::Is() { return ForPaper() > 0; }
+bool PaletteForPaper::Exists() { return ForPaper() > 0; }
 
 CellColors CellColorsGet(const QColor& clrBack, const QColor& clrText, Palette ePalette)
 {

@@ -41,7 +41,7 @@ public:
     ~PaletteForPaper();
     PaletteForPaper(const PaletteForPaper&) = delete;
     PaletteForPaper& operator=(const PaletteForPaper&) = delete;
-    [[nodiscard]] static bool Is();
+    [[nodiscard]] static bool Exists();
 };
 
 /// The colours in which a cell is painted.

@@ -19,7 +19,7 @@ constexpr std::array kModels{kEngineRec533, kEngineVoacap, kEngineIcepac};
 
 /// True if two requests differ only in the engine, the maps that it knows and its number for the
 /// antennas.
-bool SameAsked(Request requestA, const Request& requestB)
+bool SameQuestion(Request requestA, const Request& requestB)
 {
     requestA.iModel = requestB.iModel;
     requestA.sIonCoefficients = requestB.sIonCoefficients;
@@ -244,7 +244,7 @@ void frmCompare::Judge()
     m_sides.fNeed = need.fSnr;
     m_sides.compare.reset();
     const auto& [tableA, tableB] = m_sides.aTable;
-    if (tableA && tableB && SameAsked(tableA->request, tableB->request))
+    if (tableA && tableB && SameQuestion(tableA->request, tableB->request))
         m_sides.compare = CompareGet(*tableA, *tableB, need.fSnr);
     ViewShow();
     FootShow();

@@ -34,7 +34,7 @@ frmCurves::frmCurves(PlanHost& host)
     setTabOrder(pctCurves, cmdCopy);
     pctCurves->setFocus();
     connect(pctCurves, &CurvesControl::CellChosen, this, &frmCurves::Take);
-    connect(pctCurves, &CurvesControl::CellEntered, this, [this] { HostGet().FrontTake(); });
+    connect(pctCurves, &CurvesControl::CellEntered, this, [this] { HostGet().MainWindowRaise(); });
     const SettingsSignal& signal = host.SettingsSignalGet();
     connect(&signal, &SettingsSignal::TableRenewed, this, &frmCurves::TableShow);
     connect(&signal, &SettingsSignal::TableMarked, this, &frmCurves::TableShow);

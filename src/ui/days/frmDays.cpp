@@ -112,9 +112,9 @@ void frmDays::Renew()
         m_sFault = failure->sText;
         return Take(PropagationTable());
     }
-    m_asked = table.request;
+    m_request = table.request;
     Judge();
-    Ask({m_asked});
+    Ask({m_request});
 }
 
 void frmDays::Ask(std::vector<Request> aRequests)
@@ -126,7 +126,7 @@ void frmDays::Ask(std::vector<Request> aRequests)
     if (!m_tmrProgress.isActive() && !prgDone->isVisible())
         m_tmrProgress.start(kProgressAfter);
     m_job = m_runner.Start(
-        HostGet().EngineGet(m_asked.iModel), std::move(aRequests),
+        HostGet().EngineGet(m_request.iModel), std::move(aRequests),
         [this](std::size_t iRequest, const Runner::PredictionPtr& pPrediction) {
             AnswerTake(iRequest, *pPrediction);
         },
@@ -145,13 +145,13 @@ void frmDays::AnswerTake(std::size_t iRequest, const Prediction& prediction)
 void frmDays::AnswersEnd()
 {
     if (m_aAnswers.size() == 1 && !DaysArePrinted(m_aAnswers[0]) && m_sFault.empty()) {
-        const auto aRequests = DaysRequestsGet(m_asked);
+        const auto aRequests = DaysRequestsGet(m_request);
         return Ask({aRequests.begin(), aRequests.end()});
     }
     PropagationTable table = m_aAnswers.size() == 1
                                  ? m_aAnswers[0]
                                  : DaysJoin(m_aAnswers[0], m_aAnswers[1], m_aAnswers[2]);
-    table.request = m_asked;
+    table.request = m_request;
     WorkEnd();
     Take(std::move(table));
 }

@@ -64,7 +64,7 @@ private:
     DaysTable m_days;
     HourColumns* m_pHours;
     HourLabels m_asHour;
-    Request m_asked;                           // the request of the runs in progress
+    Request m_request;                         // the request of the runs in progress
     std::vector<PropagationTable> m_aAnswers;  // by request
     std::string m_sFault;                      // why there is no newer answer
     QTimer m_tmrProgress;

@@ -15,7 +15,7 @@ namespace {
 
 /// Reports the messages and failure of Airmail's reader.
 /// @return true if it found what was asked for
-bool AnswerTell(const Messages& aMessages, const Result<bool>& res, const QString& sWhat)
+bool AnswerReport(const Messages& aMessages, const Result<bool>& res, const QString& sWhat)
 {
     MsgShow(aMessages);
     if (!res)
@@ -37,7 +37,7 @@ void AirmailCommands::ReceiverTake()
     DateTime dtTime;
     Messages aMessages;
     const auto res = AirMailPositionGet(dLat, dLon, dtTime, &aMessages);
-    if (!AnswerTell(aMessages, res, tr("Airmail's position")))
+    if (!AnswerReport(aMessages, res, tr("Airmail's position")))
         return;
     Q_EMIT Noticed(StatusPosition(dtTime, UtcNow()));
     Q_EMIT RowTaken(0);
@@ -64,7 +64,7 @@ void AirmailCommands::StationTake(const Station& station)
     Messages aMessages;
     const auto res =
         AirMailStationPosition(station.sSystem, station.sKey, dLat, dLon, true, aMessages);
-    if (!AnswerTell(
+    if (!AnswerReport(
             aMessages, res,
             tr("Airmail's station %1").arg(QString::fromStdString(TextForMessage(station.sKey)))))
         return;

@@ -16,7 +16,7 @@ CommandQueue::Run::~Run()
 {
     QApplication::restoreOverrideCursor();
     m_queue.m_bRunning = false;
-    if (m_queue.m_bUpdateWanted || !m_queue.m_aWaiting.empty())
+    if (m_queue.m_bUpdateRequested || !m_queue.m_aWaiting.empty())
         QTimer::singleShot(0, &m_queue, &CommandQueue::WaitingDo);
 }
 
@@ -35,7 +35,7 @@ void CommandQueue::WaitingDo()
 {
     if (m_bRunning)
         return;  // the end of that run calls this again
-    if (std::exchange(m_bUpdateWanted, false) && !m_bEnded)
-        Q_EMIT UpdateAsked();
+    if (std::exchange(m_bUpdateRequested, false) && !m_bEnded)
+        Q_EMIT UpdateRequested();
     for (const auto& fnCommand : std::exchange(m_aWaiting, {})) Do(fnCommand);
 }

@@ -28,18 +28,18 @@ public:
     /// Runs a command now, or after the run in progress.
     void Do(std::function<void()> fnCommand);
     /// However many updates are asked for during a run, one follows; it comes before the commands.
-    void UpdateWant() { m_bUpdateWanted = true; }
+    void UpdateRequest() { m_bUpdateRequested = true; }
     /// Drops all waiting and further commands, so that nothing opens a window after File, Exit.
     void End() { m_bEnded = true; }
 
 Q_SIGNALS:
-    void UpdateAsked();
+    void UpdateRequested();
 
 private:
     void WaitingDo();
 
     bool m_bRunning = false;
-    bool m_bUpdateWanted = false;
+    bool m_bUpdateRequested = false;
     bool m_bEnded = false;
     std::vector<std::function<void()>> m_aWaiting;
 };

@@ -6,7 +6,8 @@
 
 PlanCommands::PlanCommands(PlanHost& host, QObject* pParent) : QObject(pParent), m_host(host)
 {
-    connect(&host.SettingsSignalGet(), &SettingsSignal::Changed, this, &PlanCommands::SettingsSee);
+    connect(&host.SettingsSignalGet(), &SettingsSignal::Changed, this,
+            &PlanCommands::SettingsFollow);
 }
 
 PlanCommands::Circuit PlanCommands::CircuitGet() const
@@ -27,15 +28,15 @@ void PlanCommands::FrequenciesSet(const std::vector<float>& afFrequency)
 }
 
 /// Takes as many frequencies as the table holds; the one to be selected is always among them.
-void PlanCommands::FrequenciesTake(const PlanTaking& taking)
+void PlanCommands::FrequenciesTake(const PlanChoice& choice)
 {
-    if (taking.afFrequency.empty())
+    if (choice.afFrequency.empty())
         return;
-    std::vector<float> afFrequency = taking.afFrequency;
+    std::vector<float> afFrequency = choice.afFrequency;
     constexpr auto kMost = static_cast<std::size_t>(kFrequencyMax);
-    const auto it = std::find(afFrequency.begin(), afFrequency.end(), taking.fFrequency);
+    const auto it = std::find(afFrequency.begin(), afFrequency.end(), choice.fFrequency);
     if (it != afFrequency.end() && static_cast<std::size_t>(it - afFrequency.begin()) >= kMost)
-        afFrequency[kMost - 1] = taking.fFrequency;
+        afFrequency[kMost - 1] = choice.fFrequency;
     FrequenciesSet(afFrequency);
 }
 
@@ -55,19 +56,19 @@ int PlanCommands::RowOf(float fFrequency) const
     return iNearest;
 }
 
-void PlanCommands::Take(const PlanTaking& taking)
+void PlanCommands::Take(const PlanChoice& choice)
 {
     Step step{CircuitGet(), m_host.SettingsGet().m_selected, m_host.TransmitterNameGet()};
     m_bOwn = true;
     Q_EMIT RowTaken(1);
     Settings& settings = m_host.SettingsGet();
-    settings.m_dTxLat = taking.dTxLat;
-    settings.m_dTxLon = taking.dTxLon;
-    FrequenciesTake(taking);
+    settings.m_dTxLat = choice.dTxLat;
+    settings.m_dTxLon = choice.dTxLon;
+    FrequenciesTake(choice);
     m_host.Update();
-    Q_EMIT TitleTaken(taking.sTitle);
-    if (taking.fFrequency > 0.0F)
-        Q_EMIT CellTaken(RowOf(taking.fFrequency), taking.iHour);
+    Q_EMIT TitleTaken(choice.sTitle);
+    if (choice.fFrequency > 0.0F)
+        Q_EMIT CellTaken(RowOf(choice.fFrequency), choice.iHour);
     m_taken = CircuitGet();
     m_back = std::move(step);
     m_bOwn = false;
@@ -104,7 +105,7 @@ void PlanCommands::Exchange()
     Q_EMIT TitleTaken({});
 }
 
-void PlanCommands::SettingsSee()
+void PlanCommands::SettingsFollow()
 {
     if (m_bOwn || !m_back || CircuitGet() == m_taken)
         return;

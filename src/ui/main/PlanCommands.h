@@ -16,7 +16,7 @@ class PlanCommands final : public QObject {
 public:
     PlanCommands(PlanHost& host, QObject* pParent);
 
-    void Take(const PlanTaking& taking);
+    void Take(const PlanChoice& choice);
     /// Goes back one step; does nothing if there is none.
     void Back();
     void Exchange();
@@ -45,9 +45,9 @@ private:
 
     [[nodiscard]] Circuit CircuitGet() const;
     void FrequenciesSet(const std::vector<float>& afFrequency);
-    void FrequenciesTake(const PlanTaking& taking);
+    void FrequenciesTake(const PlanChoice& choice);
     [[nodiscard]] int RowOf(float fFrequency) const;
-    void SettingsSee();
+    void SettingsFollow();
 
     PlanHost& m_host;
     std::optional<Step> m_back;

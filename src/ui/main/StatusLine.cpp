@@ -68,7 +68,7 @@ void StatusLine::Show(const std::string& sInForce, const std::string& sShort,
     m_bWarning = sTrouble.empty();
     lblTrouble->setText(QString::fromStdString(m_bWarning ? m_sWarning : sTrouble));
     lblTrouble->setToolTip(lblTrouble->text());
-    RoomShare();
+    WidthShare();
 }
 
 void StatusLine::BestSet(const std::string& sBest)
@@ -77,18 +77,18 @@ void StatusLine::BestSet(const std::string& sBest)
     if (sNew == lblBest->text())
         return;
     lblBest->setText(sNew);
-    RoomShare();
+    WidthShare();
 }
 
 bool StatusLine::eventFilter(QObject* pObject, QEvent* pEvent)
 {
     if (pEvent->type() == QEvent::Resize)
-        RoomShare();
+        WidthShare();
     return QObject::eventFilter(pObject, pEvent);
 }
 
 /// A message of trouble is cut where it would hide what is in force; its tooltip has the full text.
-void StatusLine::RoomShare()
+void StatusLine::WidthShare()
 {
     constexpr int kGaps = 10;  // size grip and spaces, in average letters
     const QFontMetrics metrics = m_bar.fontMetrics();

@@ -49,7 +49,7 @@ protected:
     bool eventFilter(QObject* pObject, QEvent* pEvent) override;
 
 private:
-    void RoomShare();
+    void WidthShare();
     [[nodiscard]] std::string TroubleTake();
 
     QStatusBar& m_bar;

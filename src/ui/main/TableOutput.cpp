@@ -65,5 +65,5 @@ void TableOutput::Print()
     if (auto* pPlan = qobject_cast<PlanWindow*>(QApplication::activeWindow()))
         pPlan->Print();
     else
-        Q_EMIT CardAsked();
+        Q_EMIT CardInput();
 }

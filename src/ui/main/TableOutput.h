@@ -27,7 +27,7 @@ public:
     void Print();
 
 Q_SIGNALS:
-    void CardAsked();
+    void CardInput();
 
 private:
     void FocusCopy() const;

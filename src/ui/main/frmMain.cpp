@@ -128,7 +128,7 @@ void frmMain::closeEvent(QCloseEvent* pEvent)
     }
     // An open box's caller may belong to the windows that would be destroyed here. A program that
     // is ended by a signal calls this again.
-    if (BoxOpen::Is()) {
+    if (BoxOpen::Exists()) {
         pEvent->ignore();
         return;
     }
@@ -144,7 +144,7 @@ void frmMain::closeEvent(QCloseEvent* pEvent)
 bool frmMain::Update()
 {
     if (m_pCommands->RunningIs()) {
-        m_pCommands->UpdateWant();
+        m_pCommands->UpdateRequest();
         return false;
     }
     const CommandQueue::Run run(*m_pCommands);
@@ -273,11 +273,11 @@ std::shared_ptr<const Engine> frmMain::EngineGet(int iModel) const
     return m_fnEngine ? m_fnEngine(iModel) : std::make_shared<ProcessEngine>(iModel);
 }
 
-void frmMain::PlanTake(const PlanTaking& taking)
+void frmMain::PlanApply(const PlanChoice& choice)
 {
-    m_pCommands->Do([this, taking] {
-        m_pPlan->Take(taking);
-        FrontTake();
+    m_pCommands->Do([this, choice] {
+        m_pPlan->Take(choice);
+        MainWindowRaise();
     });
 }
 
@@ -286,7 +286,7 @@ void frmMain::CellTake(int iFrequency, int iHour)
     m_pCommands->Do([this, iFrequency, iHour] { grdDataMove(iFrequency, iHour); });
 }
 
-void frmMain::FrontTake()
+void frmMain::MainWindowRaise()
 {
     setWindowState(windowState() & ~Qt::WindowMinimized);
     activateWindow();

@@ -62,8 +62,8 @@ public:
     [[nodiscard]] std::shared_ptr<const Engine> EngineGet(int iModel) const override;
     [[nodiscard]] bool TableOldIs() const override;
     void CellTake(int iFrequency, int iHour) override;
-    void FrontTake() override;
-    void PlanTake(const PlanTaking& taking) override;
+    void MainWindowRaise() override;
+    void PlanApply(const PlanChoice& choice) override;
     [[nodiscard]] bool TakenIs() const override;
     [[nodiscard]] QString TransmitterNameGet() const override;
     /// Makes the engines for many predictions; by default they run their programs.

@@ -62,7 +62,7 @@ void frmMain::PartsMake()
     // Cells of the details have the selection's text colour.
     connect(&PaletteSignal::Get(), &PaletteSignal::Changed, this, [this] { DetailsFill(); });
     m_pOutput = new TableOutput(*this, *grdData, *this, this);
-    connect(m_pCommands, &CommandQueue::UpdateAsked, this, &frmMain::Update);
+    connect(m_pCommands, &CommandQueue::UpdateRequested, this, &frmMain::Update);
     connect(m_pNeed, &NeedChooser::Chosen, &SettingsSignalGet(), &SettingsSignal::NeedChosen);
     connect(&SettingsSignalGet(), &SettingsSignal::NeedChosen, this, [this] { StatusShow(); });
     connect(m_pFile, &FileCommands::Noticed, m_pStatus, &StatusLine::NoticeSet);
@@ -139,7 +139,7 @@ void frmMain::MenusConnect()
     CommandConnect(mnuFileCopyTable, [this] { m_pOutput->Copy(); });
     CommandConnect(mnuFileExport, [this] { m_pOutput->Export(); });
     CommandConnect(mnuFilePrintCard, [this] { m_pOutput->Print(); });
-    connect(m_pOutput, &TableOutput::CardAsked, this, [this] {
+    connect(m_pOutput, &TableOutput::CardInput, this, [this] {
         WaitingUpdate();
         m_windows.CardShow();
     });

@@ -44,8 +44,8 @@ HourBar::HourBar(QWidget* pParent)
                              static_cast<QWidget*>(lblWork)})
         pRow->addWidget(pWidget);
     setFocusProxy(hscHour);
-    connect(cmdPlay, &QToolButton::clicked, this, &HourBar::PlayWanted);
-    connect(hscHour, &HourSlider::PlayWanted, this, &HourBar::PlayWanted);
+    connect(cmdPlay, &QToolButton::clicked, this, &HourBar::PlayRequested);
+    connect(hscHour, &HourSlider::PlayRequested, this, &HourBar::PlayRequested);
     connect(hscHour, &HourSlider::valueChanged, this, &HourBar::HourChosen);
     connect(hscHour, &HourSlider::FrequencyStep, this, &HourBar::FrequencyStep);
     connect(cmbFrequency, &QComboBox::currentIndexChanged, this, [this](int iFrequency) {

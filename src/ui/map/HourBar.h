@@ -48,7 +48,7 @@ public:
 Q_SIGNALS:
     void HourChosen(int iHour);
     void FrequencyChosen(std::size_t iFrequency);
-    void PlayWanted();
+    void PlayRequested();
 
 private:
     void FrequencyStep(int nBy);

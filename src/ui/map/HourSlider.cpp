@@ -46,7 +46,7 @@ void HourSlider::LabelsSet(const HourLabels& asHour)
     update();
 }
 
-void HourSlider::ThereSet(const AreaHours& hours)
+void HourSlider::ComputedSet(const AreaHours& hours)
 {
     if (hours != m_hoursThere)
         update();
@@ -113,7 +113,7 @@ void HourSlider::keyPressEvent(QKeyEvent* pEvent)
             return Q_EMIT FrequencyStep(-1);
         case Qt::Key_Space:
             if (!pEvent->isAutoRepeat())
-                Q_EMIT PlayWanted();
+                Q_EMIT PlayRequested();
             return;
         default:
             QAbstractSlider::keyPressEvent(pEvent);

@@ -21,7 +21,7 @@ public:
 
     void LabelsSet(const HourLabels& asHour);
     /// The hours that are computed; of the others nothing is known before they are asked for.
-    void ThereSet(const AreaHours& hours);
+    void ComputedSet(const AreaHours& hours);
     /// Shows an hour without emitting that it was chosen.
     void HourShow(int iHour);
 
@@ -29,7 +29,7 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    void PlayWanted();
+    void PlayRequested();
     /// The next frequency of the list (1) or the previous one (-1).
     void FrequencyStep(int nBy);
 

@@ -132,7 +132,7 @@ MapLook MapLookGet(bool bOverlay)
     const int kMiddle = 128;
     const bool bDesktop = QGuiApplication::palette().color(QPalette::Window).lightness() < kMiddle;
     if (!bOverlay)
-        look.bDark = look.ePalette == Palette::Night || (bDesktop && !PaletteForPaper::Is());
+        look.bDark = look.ePalette == Palette::Night || (bDesktop && !PaletteForPaper::Exists());
     return look;
 }
 

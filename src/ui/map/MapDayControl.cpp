@@ -66,7 +66,7 @@ void MapDayControl::BarConnect()
     HourBar* pBar = m_form.barHour;
     connect(pBar, &HourBar::HourChosen, this, &MapDayControl::HourMove);
     connect(pBar, &HourBar::FrequencyChosen, this, &MapDayControl::FrequencyMove);
-    connect(pBar, &HourBar::PlayWanted, this, &MapDayControl::PlayToggle);
+    connect(pBar, &HourBar::PlayRequested, this, &MapDayControl::PlayToggle);
 }
 
 /// Whatever hides the overlay also ends the day.
@@ -90,7 +90,7 @@ void MapDayControl::Begin()
     m_bOn = true;
     if (!m_form.mnuOverlayDraw->isChecked())
         m_form.mnuOverlayDraw->setChecked(true);
-    Q_EMIT PictureWanted();
+    Q_EMIT PictureNeeded();
     Show();
 }
 
@@ -114,7 +114,7 @@ void MapDayControl::HourMove(int iHour)
     if (!m_bOn || m_imgBase.isNull())
         return Begin();
     ShownTake();
-    if (m_run.GridGet(WantGet(iHour)) == nullptr || m_bStopped)
+    if (m_run.GridGet(TargetGet(iHour)) == nullptr || m_bStopped)
         Ask();
     Paint();
 }
@@ -143,7 +143,7 @@ void MapDayControl::PlayToggle()
 void MapDayControl::PlayStep()
 {
     const int iNext = (m_menu.ChoiceGet().iHour + 1) % kHourCount;
-    if (!m_run.RunningIs() || m_run.GridGet(WantGet(iNext)) != nullptr)
+    if (!m_run.RunningIs() || m_run.GridGet(TargetGet(iNext)) != nullptr)
         HourMove(iNext);
 }
 
@@ -200,31 +200,31 @@ void MapDayControl::ShownTake()
     m_shown.fnSnrColor = [this](float fSnr) { return m_host.SnrGetColor(fSnr); };
 }
 
-MapDayWant MapDayControl::WantGet(int iHour) const
+MapDayTarget MapDayControl::TargetGet(int iHour) const
 {
-    MapDayWant want{iHour, {}};
+    MapDayTarget target{iHour, {}};
     if (DayLayerOfFrequency(m_shown.eLayer))
-        want.iFrequency = m_shown.iFrequency;
-    return want;
+        target.iFrequency = m_shown.iFrequency;
+    return target;
 }
 
 void MapDayControl::Ask()
 {
     ShownTake();
     m_bStopped = false;
-    MapDayAsked asked;
-    asked.area = AreaRequestFromSettings(m_host.SettingsGet());
-    asked.area.dFixedLat = m_form.m_posRc.dLat;
-    asked.area.dFixedLon = m_form.m_posRc.dLon;
-    asked.afFrequency = m_shown.afFrequency;
-    asked.aBoxes = OverlayGetBoxes(m_form.m_view.m_box, m_form.m_view.m_dEdge);
-    asked.area.nGridSize =
-        GridThin(asked.area.nGridSize, asked.afFrequency.size(), asked.aBoxes.size());
-    asked.bSpread = m_shown.eLayer == MapDayLayerKind::DaysInTen;
+    MapDayRequest request;
+    request.area = AreaRequestFromSettings(m_host.SettingsGet());
+    request.area.dFixedLat = m_form.m_posRc.dLat;
+    request.area.dFixedLon = m_form.m_posRc.dLon;
+    request.afFrequency = m_shown.afFrequency;
+    request.aBoxes = OverlayGetBoxes(m_form.m_view.m_box, m_form.m_view.m_dEdge);
+    request.area.nGridSize =
+        GridThin(request.area.nGridSize, request.afFrequency.size(), request.aBoxes.size());
+    request.bSpread = m_shown.eLayer == MapDayLayerKind::DaysInTen;
     m_overlay.FailureForget();
-    if (asked.afFrequency.empty() || asked.aBoxes.empty())
+    if (request.afFrequency.empty() || request.aBoxes.empty())
         return m_run.Stop();
-    m_run.Ask(asked, m_fnEngine(asked.area.iModel), WantGet(m_shown.iHour));
+    m_run.Ask(request, m_fnEngine(request.area.iModel), TargetGet(m_shown.iHour));
     if (m_run.RunningIs() && !m_tmrWork.isActive())
         m_tmrWork.start();
 }
@@ -242,7 +242,7 @@ const MapDayGrid* MapDayControl::GridGet() const
     if (m_shown.eLayer == MapDayLayerKind::DaysInTen && !m_run.SpreadIs())
         return nullptr;
     if (m_shown.eLayer != MapDayLayerKind::HoursOpen)
-        return m_run.GridGet(WantGet(m_shown.iHour));
+        return m_run.GridGet(TargetGet(m_shown.iHour));
     for (int iHour = 0; iHour < kHourCount; ++iHour)
         if (m_shown.hours.test(static_cast<std::size_t>(iHour)))
             return m_run.GridGet({iHour, {}});
@@ -262,7 +262,7 @@ void MapDayControl::Paint()
         for (std::size_t n = 0; n < pGrid->size(); ++n) {
             const AreaDay& day = *pGrid->at(n);
             const std::vector<AreaPoint> aPoints = DayPointsGet(m_shown, day);
-            const AreaBox& box = m_run.AskedGet()->aBoxes.at(n);
+            const AreaBox& box = m_run.RequestGet()->aBoxes.at(n);
             const CellPaint cell{AreaBoxPrinted(box), box, day.request.area.nGridSize,
                                  bSnr ? m_shown.fMinSnr : 0.0F,
                                  [this](float fValue) { return DayColorGet(m_shown, fValue); }};
@@ -289,8 +289,8 @@ void MapDayControl::BarShow()
     pBar->FrequencyEnable(DayLayerOfFrequency(m_shown.eLayer));
     AreaHours hours;
     for (int iHour = 0; m_bOn && iHour < kHourCount; ++iHour)
-        hours.set(static_cast<std::size_t>(iHour), m_run.GridGet(WantGet(iHour)) != nullptr);
-    pBar->hscHour->ThereSet(m_bOn ? hours : AreaHours().set());
+        hours.set(static_cast<std::size_t>(iHour), m_run.GridGet(TargetGet(iHour)) != nullptr);
+    pBar->hscHour->ComputedSet(m_bOn ? hours : AreaHours().set());
     pBar->PlayShow(PlayingIs());
     WorkShow();
 }
@@ -325,7 +325,7 @@ std::optional<float> MapDayControl::SmoothGet(const LatLon& pos) const
     std::size_t iFirst = 0;
     for (std::size_t n = 0; IsSmooth() && n < m_apShown.size(); ++n) {
         const std::size_t nPoints = m_apShown[n]->aPlaces.size();
-        const auto fSnr = SmoothGrid(AreaBoxPrinted(m_run.AskedGet()->aBoxes.at(n)),
+        const auto fSnr = SmoothGrid(AreaBoxPrinted(m_run.RequestGet()->aBoxes.at(n)),
                                      m_apShown[n]->request.area.nGridSize,
                                      std::span(m_aPoints).subspan(iFirst, nPoints))
                               .SnrGet(pos.dLat, pos.dLon);

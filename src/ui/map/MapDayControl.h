@@ -63,7 +63,7 @@ public:
 
 Q_SIGNALS:
     /// The picture is to be painted again, without cells.
-    void PictureWanted();
+    void PictureNeeded();
     /// The bar of hours was shown or hidden; the picture is painted again in any case.
     void BarShown();
 
@@ -83,7 +83,7 @@ private:
     void ListTake();
     void ShownTake();
     [[nodiscard]] std::optional<float> SmoothGet(const LatLon& pos) const;
-    [[nodiscard]] MapDayWant WantGet(int iHour) const;
+    [[nodiscard]] MapDayTarget TargetGet(int iHour) const;
     [[nodiscard]] const MapDayGrid* GridGet() const;
 
     MapForm& m_form;

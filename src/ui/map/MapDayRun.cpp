@@ -31,15 +31,16 @@ struct MapDayRun::Grid {
         return apWorks.at(0)->PartGet(iPiece % BoxPiecesGet());
     }
     /// True if an hour of a frequency, or of all frequencies, is done in every box.
-    [[nodiscard]] bool WantIs(const MapDayWant& want) const
+    [[nodiscard]] bool TargetIsDone(const MapDayTarget& target) const
     {
         if (nMissing == 0)
             return true;
         for (std::size_t i = 0; i < abDone.size(); ++i) {
             const auto part = PartGet(i);
-            const bool bWanted = !part
-                                 || (part->iHour == want.iHour
-                                     && (!want.iFrequency || *want.iFrequency == part->iFrequency));
+            const bool bWanted =
+                !part
+                || (part->iHour == target.iHour
+                    && (!target.iFrequency || *target.iFrequency == part->iFrequency));
             if (bWanted && !abDone[i])
                 return false;
         }
@@ -52,18 +53,19 @@ struct MapDayRun::Grid {
         return nBytes;
     }
     /// Missing pieces, those of the wanted hour first.
-    [[nodiscard]] std::vector<std::size_t> PiecesMissing(const MapDayWant& want) const
+    [[nodiscard]] std::vector<std::size_t> PiecesMissing(const MapDayTarget& target) const
     {
         std::vector<std::size_t> aiPiece;
         for (std::size_t i = 0; i < abDone.size(); ++i) {
             const auto part = PartGet(i);
-            const bool bWanted = !part || !want.iFrequency || *want.iFrequency == part->iFrequency;
+            const bool bWanted =
+                !part || !target.iFrequency || *target.iFrequency == part->iFrequency;
             if (bWanted && !abDone[i])
                 aiPiece.push_back(i);
         }
         const auto WaitOf = [&](std::size_t iPiece) {
             const auto part = PartGet(iPiece);
-            return part ? (part->iHour - want.iHour + kHourCount) % kHourCount : 0;
+            return part ? (part->iHour - target.iHour + kHourCount) % kHourCount : 0;
         };
         std::stable_sort(aiPiece.begin(), aiPiece.end(), [&](std::size_t iOne, std::size_t iOther) {
             return WaitOf(iOne) < WaitOf(iOther);
@@ -73,7 +75,7 @@ struct MapDayRun::Grid {
 };
 
 struct MapDayRun::Entry {
-    MapDayAsked asked;
+    MapDayRequest request;
     std::string sEngine;
     std::shared_ptr<const Engine> pEngine;  // kept alive for its work
     bool bSpread = false;
@@ -82,11 +84,11 @@ struct MapDayRun::Entry {
     std::optional<Grid> coarse;
     Grid full;
 
-    [[nodiscard]] bool Serves(MapDayAsked wanted, const std::string& sEngineOf) const
+    [[nodiscard]] bool Serves(MapDayRequest wanted, const std::string& sEngineOf) const
     {
         if (bRows)
-            wanted.bSpread = asked.bSpread;
-        return asked == wanted && sEngine == sEngineOf;
+            wanted.bSpread = request.bSpread;
+        return request == wanted && sEngine == sEngineOf;
     }
 };
 
@@ -98,11 +100,11 @@ MapDayRun::~MapDayRun()
 }
 
 /// Moves the entry to the front of the list, or adds a new one.
-void MapDayRun::EntryUse(const MapDayAsked& asked, const Engine& engine)
+void MapDayRun::EntryUse(const MapDayRequest& request, const Engine& engine)
 {
     const std::string sEngine = engine.IdentityGet();
     const auto it = std::find_if(m_apEntries.begin(), m_apEntries.end(),
-                                 [&](const EntryPtr& p) { return p->Serves(asked, sEngine); });
+                                 [&](const EntryPtr& p) { return p->Serves(request, sEngine); });
     if (it != m_apEntries.end() && (*it)->bReady) {
         m_apEntries.splice(m_apEntries.begin(), m_apEntries, it);
         return;
@@ -110,7 +112,7 @@ void MapDayRun::EntryUse(const MapDayAsked& asked, const Engine& engine)
     if (it != m_apEntries.end())
         m_apEntries.erase(it);
     auto pEntry = std::make_shared<Entry>();
-    pEntry->asked = asked;
+    pEntry->request = request;
     pEntry->sEngine = sEngine;
     m_apEntries.push_front(std::move(pEntry));
 }
@@ -121,10 +123,10 @@ void MapDayRun::EntryUse(const MapDayAsked& asked, const Engine& engine)
 bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngine)
 {
     const auto GridMake = [&](Grid& grid, int nGridSize, std::size_t nBoxes, bool bSpread) {
-        AreaDayRequest request{entry.asked.area, entry.asked.afFrequency, bSpread};
+        AreaDayRequest request{entry.request.area, entry.request.afFrequency, bSpread};
         request.area.nGridSize = nGridSize;
         for (std::size_t n = 0; n < nBoxes; ++n) {
-            const AreaBox& box = entry.asked.aBoxes[n];
+            const AreaBox& box = entry.request.aBoxes[n];
             request.area.dSouth = box.dBottom;
             request.area.dNorth = box.dTop;
             request.area.dWest = box.dLeft;
@@ -144,14 +146,14 @@ bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngi
         grid.aBusy = std::vector<std::mutex>(grid.nMissing);
         return true;
     };
-    const int nGridSize = entry.asked.area.nGridSize;
-    const std::size_t nBoxes = entry.asked.aBoxes.size();
+    const int nGridSize = entry.request.area.nGridSize;
+    const std::size_t nBoxes = entry.request.aBoxes.size();
     Grid trial;
     if (!GridMake(trial, kGridSizeMin, 1, false))
         return false;
     entry.pEngine = pEngine;
     entry.bRows = !trial.PartGet(0);
-    entry.bSpread = entry.bRows || entry.asked.bSpread;  // here they cost nothing
+    entry.bSpread = entry.bRows || entry.request.bSpread;  // here they cost nothing
     if (entry.bRows && nGridSize > kCoarseGrid) {
         if (!GridMake(entry.coarse.emplace(), kCoarseGrid, nBoxes, true))
             return false;
@@ -161,38 +163,38 @@ bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngi
     return entry.bReady;
 }
 
-void MapDayRun::Ask(const MapDayAsked& asked, const std::shared_ptr<const Engine>& pEngine,
-                    const MapDayWant& want)
+void MapDayRun::Ask(const MapDayRequest& request, const std::shared_ptr<const Engine>& pEngine,
+                    const MapDayTarget& target)
 {
     const bool bSame =
-        !m_apEntries.empty() && m_apEntries.front()->Serves(asked, pEngine->IdentityGet());
-    if (bSame && m_bRunning && (!m_iFrequencyRun || m_iFrequencyRun == want.iFrequency))
+        !m_apEntries.empty() && m_apEntries.front()->Serves(request, pEngine->IdentityGet());
+    if (bSame && m_bRunning && (!m_iFrequencyRun || m_iFrequencyRun == target.iFrequency))
         return;
     Stop();
     m_nDone = 0;
     m_nCount = 0;
     if (m_pRunner == nullptr)
         m_pRunner = std::make_unique<Runner>(RunnerPostTo(*this), 0, 0);
-    EntryUse(asked, *pEngine);
+    EntryUse(request, *pEngine);
     Entry& entry = *m_apEntries.front();
     if (entry.bReady) {
         if (entry.coarse && entry.coarse->nMissing > 0)
             GridStart(*entry.coarse, {}, false);
-    } else if (asked.aBoxes.empty() || !Prepare(entry, pEngine)) {
+    } else if (request.aBoxes.empty() || !Prepare(entry, pEngine)) {
         return;
     }
     CacheTrim();
-    if (entry.full.PiecesMissing(want).empty())
+    if (entry.full.PiecesMissing(target).empty())
         return;
     m_bRunning = true;
-    m_iFrequencyRun = entry.bRows ? std::nullopt : want.iFrequency;
-    GridStart(entry.full, want, true);
+    m_iFrequencyRun = entry.bRows ? std::nullopt : target.iFrequency;
+    GridStart(entry.full, target, true);
 }
 
-void MapDayRun::GridStart(Grid& grid, const MapDayWant& want, bool bLast)
+void MapDayRun::GridStart(Grid& grid, const MapDayTarget& target, bool bLast)
 {
     const EntryPtr pEntry = m_apEntries.front();  // lives as long as its work
-    auto aiPiece = grid.PiecesMissing(want);
+    auto aiPiece = grid.PiecesMissing(target);
     m_nCount += aiPiece.size();
     const std::size_t nTasks = aiPiece.size();
     const int nAtOnce =
@@ -229,7 +231,7 @@ void MapDayRun::PieceDone(Grid& grid, std::size_t iPiece, const std::optional<Fa
     Q_EMIT Progressed();
     // With all hours at once nothing can be shown before the last piece, which ends the job.
     const auto part = grid.PartGet(iPiece);
-    if (part && grid.WantIs({part->iHour, part->iFrequency}))
+    if (part && grid.TargetIsDone({part->iHour, part->iFrequency}))
         Q_EMIT Renewed();
 }
 
@@ -240,17 +242,17 @@ void MapDayRun::Stop()
     m_bRunning = false;
 }
 
-const MapDayAsked* MapDayRun::AskedGet() const
+const MapDayRequest* MapDayRun::RequestGet() const
 {
-    return m_apEntries.empty() ? nullptr : &m_apEntries.front()->asked;
+    return m_apEntries.empty() ? nullptr : &m_apEntries.front()->request;
 }
 
-const MapDayGrid* MapDayRun::GridGet(const MapDayWant& want) const
+const MapDayGrid* MapDayRun::GridGet(const MapDayTarget& target) const
 {
     if (m_apEntries.empty() || !m_apEntries.front()->bReady)
         return nullptr;
     const Entry& entry = *m_apEntries.front();
-    if (entry.full.WantIs(want))
+    if (entry.full.TargetIsDone(target))
         return &entry.full.apDays;
     return entry.coarse && entry.coarse->nMissing == 0 ? &entry.coarse->apDays : nullptr;
 }

@@ -22,17 +22,17 @@
 #include "studies/areaday/AreaDays.h"
 
 /// The request for a day.
-struct MapDayAsked {
+struct MapDayRequest {
     AreaRequest area;                ///< without hour, frequency and bounds
     std::vector<float> afFrequency;  ///< kHz
     std::vector<AreaBox> aBoxes;
     bool bSpread = false;  ///< also days in ten, which an engine in this process always computes
 
-    bool operator==(const MapDayAsked&) const = default;
+    bool operator==(const MapDayRequest&) const = default;
 };
 
 /// What is wanted first. An engine that runs hour by hour computes no other frequency.
-struct MapDayWant {
+struct MapDayTarget {
     int iHour = 0;
     std::optional<std::size_t> iFrequency = {};  ///< nothing: all of them
 };
@@ -51,8 +51,8 @@ public:
     ~MapDayRun() override;
 
     /// Makes this the day in use and computes what is missing of what is wanted.
-    void Ask(const MapDayAsked& asked, const std::shared_ptr<const Engine>& pEngine,
-             const MapDayWant& want);
+    void Ask(const MapDayRequest& request, const std::shared_ptr<const Engine>& pEngine,
+             const MapDayTarget& target);
     /// Ends the work; what is computed is kept.
     void Stop();
     [[nodiscard]] bool RunningIs() const { return m_bRunning; }
@@ -61,13 +61,13 @@ public:
     [[nodiscard]] std::size_t CountGet() const { return m_nCount; }
 
     /// The finest grid that has an hour of a frequency, or of all frequencies; nullptr if none has.
-    [[nodiscard]] const MapDayGrid* GridGet(const MapDayWant& want) const;
+    [[nodiscard]] const MapDayGrid* GridGet(const MapDayTarget& target) const;
     /// The hours for which all frequencies are computed.
     [[nodiscard]] AreaHours HoursGet() const;
     /// True if days in ten are computed: requested, or always given by the engine.
     [[nodiscard]] bool SpreadIs() const;
     /// The request of the day in use; nothing before the first.
-    [[nodiscard]] const MapDayAsked* AskedGet() const;
+    [[nodiscard]] const MapDayRequest* RequestGet() const;
     [[nodiscard]] std::size_t CacheBytesGet() const;
 
 Q_SIGNALS:
@@ -82,9 +82,9 @@ private:
     struct Entry;
     using EntryPtr = std::shared_ptr<Entry>;
 
-    void EntryUse(const MapDayAsked& asked, const Engine& engine);
+    void EntryUse(const MapDayRequest& request, const Engine& engine);
     bool Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngine);
-    void GridStart(Grid& grid, const MapDayWant& want, bool bLast);
+    void GridStart(Grid& grid, const MapDayTarget& target, bool bLast);
     void PieceDone(Grid& grid, std::size_t iPiece, const std::optional<Failure>& failure);
     void CacheTrim();
 

@@ -100,7 +100,7 @@ void MapMarkers::MouseUp(MarkerLabel* pMarker, const QMouseEvent* pEvent)
 {
     m_form.txtCursor->hide();
     if (pEvent->button() == Qt::RightButton)
-        Q_EMIT MenuWanted(pMarker, pEvent);
+        Q_EMIT MenuRequested(pMarker, pEvent);
     if (pEvent->button() != Qt::LeftButton || m_pDragged == nullptr)
         return;
     m_pDragged = nullptr;

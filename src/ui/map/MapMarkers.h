@@ -34,7 +34,7 @@ public:
     bool KeysLeave();
 
 Q_SIGNALS:
-    void MenuWanted(QWidget* pMarker, const QMouseEvent* pEvent);
+    void MenuRequested(QWidget* pMarker, const QMouseEvent* pEvent);
     void ReceiverMoved();
     /// A drag that moved the receiver has ended.
     void ReceiverDropped();

@@ -55,7 +55,7 @@ void MapMouse::pctMapMouseMove(const QMouseEvent* pEvent)
 {
     if (m_bPan) {
         const QPointF ptBy = pEvent->position() - m_ptPan;
-        m_navigation.ZoomAsk(m_viewPan.PanGetZoom(ptBy.x(), ptBy.y()));
+        m_navigation.ZoomRequest(m_viewPan.PanGetZoom(ptBy.x(), ptBy.y()));
     } else if (pEvent->buttons() & Qt::LeftButton) {
         if (m_band.IsOn())
             m_band.Draw(pEvent->position());
@@ -99,8 +99,8 @@ void MapMouse::pctMapWheel(QWheelEvent* pEvent)
     while (std::abs(m_nWheel) >= kNotch) {
         const bool bIn = m_nWheel > 0;
         m_nWheel += bIn ? -kNotch : kNotch;
-        m_navigation.ZoomAsk(m_form.m_view.WheelGetZoom(pEvent->position().x(),
-                                                        pEvent->position().y(), bIn ? 0.5 : 2.0));
+        m_navigation.ZoomRequest(m_form.m_view.WheelGetZoom(
+            pEvent->position().x(), pEvent->position().y(), bIn ? 0.5 : 2.0));
         Q_EMIT ViewMoved();
     }
 }

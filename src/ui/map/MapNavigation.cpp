@@ -26,16 +26,16 @@ MapNavigation::MapNavigation(MapForm& form) : m_form(form)
 
 void MapNavigation::ViewSet(const MapBox& box)
 {
-    m_bAskedBox = true;
-    m_boxAsked = box;
+    m_bBoxRequested = true;
+    m_boxRequested = box;
     ZoomSet(m_form.m_view.ZoomKeepSeen(m_form.m_view.BoxGetZoom(box)));
 }
 
 void MapNavigation::ViewRestore()
 {
     const LatLon center = m_form.m_view.CenterGet();
-    if (m_bAskedBox)
-        ViewSet(m_boxAsked);
+    if (m_bBoxRequested)
+        ViewSet(m_boxRequested);
     else
         ZoomSet({m_form.m_view.m_dScale, center.dLat, center.dLon});
 }
@@ -46,16 +46,16 @@ void MapNavigation::ViewFit()
     if (m_rctFit != view.m_rctSource) {  // moved by another part
         const LatLon center = view.CenterGet();
         m_zoomFit = {view.m_dScale, center.dLat, center.dLon};
-        m_bAskedBox = false;
+        m_bBoxRequested = false;
     }
     // A box is shown whole, as in a window of another size.
-    view.ZoomSet(m_bAskedBox ? view.ZoomKeepSeen(view.BoxGetZoom(m_boxAsked)) : m_zoomFit);
+    view.ZoomSet(m_bBoxRequested ? view.ZoomKeepSeen(view.BoxGetZoom(m_boxRequested)) : m_zoomFit);
     m_rctFit = view.m_rctSource;
 }
 
-void MapNavigation::ZoomAsk(const MapZoom& zoom)
+void MapNavigation::ZoomRequest(const MapZoom& zoom)
 {
-    m_bAskedBox = false;
+    m_bBoxRequested = false;
     ZoomSet(zoom);
 }
 
@@ -71,7 +71,7 @@ void MapNavigation::ViewShift(double dShareX, double dShareY)
 {
     const MapView& view = m_form.m_view;
     m_form.mnuOverlayDraw->setChecked(false);
-    ZoomAsk(view.PanGetZoom(-dShareX * view.m_nMapWidth, -dShareY * view.m_nMapHeight));
+    ZoomRequest(view.PanGetZoom(-dShareX * view.m_nMapWidth, -dShareY * view.m_nMapHeight));
 }
 
 void MapNavigation::WorldShow(const Settings& settings)
@@ -91,7 +91,7 @@ void MapNavigation::EdgeFollowSetting(const Settings& settings)
     const MapZoom zoom = m_form.m_view.EdgeGetZoom(dEdge);
     m_form.m_view.m_dEdge = dEdge;
     m_form.m_view.ZoomSet(zoom);
-    m_bAskedBox = false;
+    m_bBoxRequested = false;
 }
 
 void MapNavigation::ZoomAroundMiddle(double dFactor)

@@ -27,7 +27,7 @@ public:
     /// gives the same view again. Paints nothing.
     void ViewFit();
     /// Shows scale and centre as asked for by the wheel, a scroll bar or a drag.
-    void ZoomAsk(const MapZoom& zoom);
+    void ZoomRequest(const MapZoom& zoom);
     /// Moves the view by shares of its width and height, east and south positive.
     void ViewShift(double dShareX, double dShareY);
 
@@ -58,8 +58,8 @@ private:
     QPointF m_ptPopup;
 
     // Last asked for: a box, or scale and centre.
-    bool m_bAskedBox = true;
-    MapBox m_boxAsked;
+    bool m_bBoxRequested = true;
+    MapBox m_boxRequested;
     // What ViewFit last showed, and with which zoom.
     QRect m_rctFit;
     MapZoom m_zoomFit;

@@ -85,7 +85,7 @@ MapOverlayControl::MapOverlayControl(MapForm& form, MainWindowHost& host, MapOve
 void MapOverlayControl::mnuOverlayDrawClick()
 {
     m_form.mnuOverlayDraw->setChecked(!IsShown());
-    Q_EMIT PictureWanted();
+    Q_EMIT PictureNeeded();
     if (IsShown())
         Show();
 }
@@ -120,7 +120,7 @@ void MapOverlayControl::SmoothClick()
         return;
     const std::vector<OverlayShown> aShown = std::exchange(m_aShown, {});
     const std::optional<Failure> failure = m_failure;
-    Q_EMIT PictureWanted();
+    Q_EMIT PictureNeeded();
     for (const OverlayShown& shown : aShown) BoxPaint(shown);
     FailureSet(failure);
     m_form.pctMap->update();

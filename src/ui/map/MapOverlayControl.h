@@ -51,7 +51,7 @@ public:
 
 Q_SIGNALS:
     /// The picture is to be painted again, without cells.
-    void PictureWanted();
+    void PictureNeeded();
     /// The moment that Later waits for is over.
     void Due();
 

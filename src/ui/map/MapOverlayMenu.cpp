@@ -87,13 +87,13 @@ void MapOverlayMenu::mnuOverlayFrequencyDataClick(int iIndex)
         return;  // the table has changed while the menu was open
     m_choice.iFrequency = iIndex + 1;
     m_choice.fKhz = input.FrequencyGet(m_choice.iFrequency);
-    ChoiceTell();
+    ChoiceReport();
 }
 
 void MapOverlayMenu::mnuOverlayTimeDataClick(int iHour)
 {
     m_choice.iHour = iHour;
-    ChoiceTell();
+    ChoiceReport();
 }
 
 void MapOverlayMenu::HourTake(int iHour)
@@ -117,7 +117,7 @@ void MapOverlayMenu::ChoiceKeep()
     m_form.pctMap->update();
 }
 
-void MapOverlayMenu::ChoiceTell()
+void MapOverlayMenu::ChoiceReport()
 {
     ChoiceKeep();
     Q_EMIT Chosen();

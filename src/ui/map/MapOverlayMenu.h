@@ -42,7 +42,7 @@ private:
     void mnuOverlayFrequencyDataClick(int iIndex);
     void mnuOverlayTimeDataClick(int iHour);
     void ChoiceKeep();
-    void ChoiceTell();
+    void ChoiceReport();
 
     MapForm& m_form;
     MainWindowHost& m_host;

@@ -73,30 +73,30 @@ MapView MapPictureView(const AreaBox& area)
     return view;
 }
 
-QImage MapPictureGet(const MapPictureAsked& asked, const QFont& font)
+QImage MapPictureGet(const MapPictureInput& input, const QFont& font)
 {
-    const MapView view = MapPictureView(asked.area);
+    const MapView view = MapPictureView(input.area);
     QImage img(view.m_nMapWidth, view.m_nMapHeight, QImage::Format_RGB32);
     img.fill(kMapBackground);
     WorldImagePaint(img, view.m_rctSource, view.m_dEdge);
     ImageOutline(img);
     GraticulePaint(img, view, true, font);
-    for (const OverlayShown& shown : asked.aBoxes) CellsPaint(img, view, shown.cell, shown.aPoints);
+    for (const OverlayShown& shown : input.aBoxes) CellsPaint(img, view, shown.cell, shown.aPoints);
     GraticuleLabelsPaint(img, view, font);
     const PaletteForPaper paper;
-    if (const MapLook look = MapLookGet(!asked.aBoxes.empty()); !look.PlainIs())
+    if (const MapLook look = MapLookGet(!input.aBoxes.empty()); !look.PlainIs())
         img = MapPictureShown(img, look);
     QFont fontMarker = font;
     fontMarker.setBold(true);
-    const QPointF ptRc(view.LonGetX(view.LonGetOnScale(asked.posRc.dLon)),
-                       view.LatGetY(asked.posRc.dLat));
+    const QPointF ptRc(view.LonGetX(view.LonGetOnScale(input.posRc.dLon)),
+                       view.LatGetY(input.posRc.dLat));
     QRect rctMarker(QPoint(), MarkerGetSize(QObject::tr("Rc"), QFontMetrics(fontMarker)));
     rctMarker.moveCenter(ptRc.toPoint());
     QPainter painter(&img);
     painter.setFont(font);
     ScaleBarPaint(painter, view);
-    if (!asked.aBoxes.empty()) {
-        const CellPaint& cell = asked.aBoxes.front().cell;
+    if (!input.aBoxes.empty()) {
+        const CellPaint& cell = input.aBoxes.front().cell;
         const auto aRows = LegendGetRows(cell.fMinSnr, cell.fnColor);
         const QRect rct = LegendGetRect(painter.fontMetrics(), img.rect(), aRows, cell.fMinSnr,
                                         std::array{rctMarker});
@@ -104,7 +104,7 @@ QImage MapPictureGet(const MapPictureAsked& asked, const QFont& font)
     }
     ReceiverPaint(painter, ptRc, rctMarker, fontMarker);
     painter.end();
-    return CaptionAdd(img, asked.sCaption, font);
+    return CaptionAdd(img, input.sCaption, font);
 }
 
 QImage CaptionAdd(const QImage& imgMap, const QString& sCaption, const QFont& font)

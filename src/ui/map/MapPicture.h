@@ -14,7 +14,7 @@
 
 #include "ui/map/MapOverlay.h"
 
-struct MapPictureAsked {
+struct MapPictureInput {
     AreaBox area;  ///< crosses longitude 180 if its east bound is west of the west bound
     std::vector<OverlayShown> aBoxes;
     LatLon posRc;
@@ -26,7 +26,7 @@ struct MapPictureAsked {
 [[nodiscard]] MapView MapPictureView(const AreaBox& area);
 
 /// REQUIRES: a QGuiApplication, for its fonts.
-[[nodiscard]] QImage MapPictureGet(const MapPictureAsked& asked, const QFont& font);
+[[nodiscard]] QImage MapPictureGet(const MapPictureInput& input, const QFont& font);
 
 /// Puts a map above its caption, which also becomes the image's description.
 [[nodiscard]] QImage CaptionAdd(const QImage& imgMap, const QString& sCaption, const QFont& font);

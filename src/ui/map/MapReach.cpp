@@ -63,24 +63,24 @@ std::optional<MapReach::Hours> MapReach::BoardGet(const MapStation& station) con
 /// A station's day, predicted with the settings for the receiver's flag.
 std::optional<MapReach::Hours> MapReach::Predict(const MapStation& station)
 {
-    ReachAsked asked;
-    asked.base = RequestFromSettings(m_host.SettingsGet());
-    asked.base.dRcLat = m_form.m_posRc.dLat;
-    asked.base.dRcLon = m_form.m_posRc.dLon;
-    const auto pEngine = m_fnEngine ? m_fnEngine(asked.base.iModel) : nullptr;
+    ReachInput input;
+    input.base = RequestFromSettings(m_host.SettingsGet());
+    input.base.dRcLat = m_form.m_posRc.dLat;
+    input.base.dRcLon = m_form.m_posRc.dLon;
+    const auto pEngine = m_fnEngine ? m_fnEngine(input.base.iModel) : nullptr;
     // An engine in this process takes a list of any length in one run.
     if (!pEngine || pEngine->LimitsGet().nFrequencies <= kChunkMax || pEngine->ObstacleGet())
         return {};
     Place place;
     place.dLat = station.pos.dLat;
     place.dLon = station.pos.dLon;
-    const Request request = ReachRequestGet(asked, place);
+    const Request request = ReachRequestGet(input, place);
     const std::string sKey = pEngine->IdentityGet() + '\0' + RequestKey(request);
     if (const auto it = m_aPredicted.find(sKey); it != m_aPredicted.end())
         return it->second;
     if (m_aPredicted.size() >= kKeptMost)
         m_aPredicted.clear();
-    const ReachRow row = ReachRowGet(asked, place, pEngine->Predict(request, {}));
+    const ReachRow row = ReachRowGet(input, place, pEngine->Predict(request, {}));
     return m_aPredicted[sKey] =
                row.eState == ReachState::Answered ? std::optional(row.aHours) : std::nullopt;
 }

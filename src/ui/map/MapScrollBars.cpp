@@ -54,7 +54,7 @@ void MapScrollBars::hscMapChange()
     if (!m_form.hscMap->hasFocus())
         return;
     m_form.mnuOverlayDraw->setChecked(false);
-    m_navigation.ZoomAsk(
+    m_navigation.ZoomRequest(
         {m_form.m_view.m_dScale, m_form.m_view.CenterGet().dLat, m_form.hscMap->value() / kTenths});
 }
 
@@ -63,8 +63,8 @@ void MapScrollBars::vscMapChange()
     if (!m_form.vscMap->hasFocus())
         return;
     m_form.mnuOverlayDraw->setChecked(false);
-    m_navigation.ZoomAsk({m_form.m_view.m_dScale, -m_form.vscMap->value() / kTenths,
-                          m_form.m_view.CenterGet().dLon});
+    m_navigation.ZoomRequest({m_form.m_view.m_dScale, -m_form.vscMap->value() / kTenths,
+                              m_form.m_view.CenterGet().dLon});
 }
 
 /// The arrows of a bar and the room beside its slider move by shares of the view; in a close view

@@ -51,8 +51,8 @@ void frmMap::RoomsConnect()
     connect(cmdCancel, &QPushButton::clicked, this, [this] { close(); });
     connect(cmdApply, &QPushButton::clicked, this, &frmMap::Apply);
     connect(&m_navigation, &MapNavigation::ViewChanged, this, &frmMap::ViewPaint);
-    connect(&m_markers, &MapMarkers::MenuWanted, &m_navigation, &MapNavigation::mnuMapShow);
-    connect(&m_overlay, &MapOverlayControl::PictureWanted, this, &frmMap::ViewPaint);
+    connect(&m_markers, &MapMarkers::MenuRequested, &m_navigation, &MapNavigation::mnuMapShow);
+    connect(&m_overlay, &MapOverlayControl::PictureNeeded, this, &frmMap::ViewPaint);
     // The overlay is for the receiver; the transmitter does not change it.
     connect(&m_markers, &MapMarkers::ReceiverMoved, &m_overlay, &MapOverlayControl::Later);
     connect(&m_markers, &MapMarkers::ReceiverDropped, this, [this] {
@@ -62,7 +62,7 @@ void frmMap::RoomsConnect()
     connect(&m_mouse, &MapMouse::ViewMoved, &m_overlay, &MapOverlayControl::Later);
     connect(&m_overlay, &MapOverlayControl::Due, this, &frmMap::OverlayAgain);
     connect(pctMap, &PctMap::DensityChanged, this, &frmMap::OverlayAgain);
-    connect(&m_day, &MapDayControl::PictureWanted, this, &frmMap::ViewPaint);
+    connect(&m_day, &MapDayControl::PictureNeeded, this, &frmMap::ViewPaint);
     connect(&m_day, &MapDayControl::BarShown, this, [this] {
         m_layout.LayoutSet();
         m_navigation.ViewFit();

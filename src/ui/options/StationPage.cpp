@@ -155,7 +155,7 @@ void StationPage::Copy(Settings& settings) const
         settings.m_sNeedSelected.clear();
 }
 
-void StationPage::PowerTell(int iModel, int iAntennaType)
+void StationPage::PowerExplain(int iModel, int iAntennaType)
 {
     const EngineProgram* pEngine = EngineFind(iModel);
     lblStationPowerUnit->setText(

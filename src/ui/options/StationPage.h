@@ -26,7 +26,7 @@ public:
     /// Puts the list into the settings; the chosen need follows a change of its name.
     void Copy(Settings& settings) const;
     /// Shows beside the power what 0 means for an engine and a choice of antenna.
-    void PowerTell(int iModel, int iAntennaType);
+    void PowerExplain(int iModel, int iAntennaType);
     [[nodiscard]] const NeedList& NeedsGet() const { return m_needs; }
 
     QLineEdit* txtStationPower;

@@ -117,7 +117,7 @@ void frmOptions::SignalsConnect()
     connect(chkPropagationMonth, &QCheckBox::toggled, this, &frmOptions::chkPropagationMonthClick);
     SunSpotConnect();
     connect(cmbPropagationAntennaType, &QComboBox::currentIndexChanged, this,
-            &frmOptions::AntennaTell);
+            &frmOptions::AntennaExplain);
     connect(txtPropagationQIndex, &QLineEdit::textChanged, this,
             &frmOptions::txtPropagationQIndexChange);
     connect(txtFrequency, &QPlainTextEdit::textChanged, this,
@@ -270,11 +270,11 @@ void frmOptions::cmdForecastClick()
 }
 
 /// The meaning of the antenna entries depends on the engine.
-void frmOptions::AntennaTell()
+void frmOptions::AntennaExplain()
 {
     const int iModel = m_pModelGroup->checkedId();
     cmbPropagationAntennaType->setToolTip(AntennaTipGet(iModel));
-    pagStation->PowerTell(iModel, cmbPropagationAntennaType->currentIndex());
+    pagStation->PowerExplain(iModel, cmbPropagationAntennaType->currentIndex());
 }
 
 void frmOptions::optPropagationModelClick()
@@ -288,7 +288,7 @@ void frmOptions::optPropagationModelClick()
     lblPropagationKIndex->setEnabled(bComplex);
     lblPropagationKIndexCaption->setEnabled(bComplex);
     chkPropagationMapsClick();
-    AntennaTell();
+    AntennaExplain();
 }
 
 void frmOptions::NumberBoxEnable(QLineEdit* pBox, bool bEnabled)

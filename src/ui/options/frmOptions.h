@@ -63,8 +63,8 @@ private:
     void AirMailLoad();
     void FrequencyLoad();
     bool FrequencyCopy();
-    void FrequencyPointOut(const FrequencyRefused& refused);
-    void EnginesTell();
+    void FrequencyRefusedShow(const FrequencyRefused& refused);
+    void EnginesMissingShow();
     bool NumberRefused(QLineEdit* pBox, const std::string& sText);
 
     void cmdApplyClick() { SettingsApply(); }
@@ -76,7 +76,7 @@ private:
     void SunSpotSourcesEnable();
     void ForecastNumberShow();
     void cmdForecastClick();
-    void AntennaTell();
+    void AntennaExplain();
     void BandAppend();
     void optPropagationModelClick();
     void tmrTimeTick();

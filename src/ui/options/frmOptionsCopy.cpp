@@ -39,7 +39,7 @@ void frmOptions::Update()
     m_controls.Load(*txtPropagationSunSpotNumber, settings);
     m_sSunSpotTyped = sTyped;
     pagStation->Load(m_host.SettingsGet());
-    EnginesTell();
+    EnginesMissingShow();
     chkPropagationMonthClick();
     SunSpotSourcesEnable();
     optPropagationModelClick();
@@ -85,12 +85,12 @@ bool frmOptions::FrequencyCopy()
         sText.toStdString(), [this](int i, float fKhz) { m_host.FrequencySet(i, fKhz); },
         m_host.SettingsGet().m_nData, &refused);
     if (!bTaken)
-        FrequencyPointOut(refused);
+        FrequencyRefusedShow(refused);
     return bTaken;
 }
 
 /// Selects the refused line, so that typing replaces it, and shows what is wrong with it.
-void frmOptions::FrequencyPointOut(const FrequencyRefused& refused)
+void frmOptions::FrequencyRefusedShow(const FrequencyRefused& refused)
 {
     SSTab->setCurrentIndex(kTabFrequency);
     txtFrequency->setFocus();
@@ -102,7 +102,7 @@ void frmOptions::FrequencyPointOut(const FrequencyRefused& refused)
 }
 
 /// Says below an engine's description that it is missing.
-void frmOptions::EnginesTell()
+void frmOptions::EnginesMissingShow()
 {
     for (QAbstractButton* pButton : m_pModelGroup->buttons()) {
         const int iModel = m_pModelGroup->id(pButton);

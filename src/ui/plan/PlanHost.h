@@ -14,7 +14,7 @@
 #include "ui/common/MainWindowHost.h"
 
 /// A row of a planning window that becomes the main window's path.
-struct PlanTaking {
+struct PlanChoice {
     double dTxLat = 0.0;
     double dTxLon = 0.0;
     QString sTitle;  ///< the transmitter's, for the window's title; may be empty
@@ -37,9 +37,9 @@ public:
     /// Selects a cell; the table's current cell and open details follow.
     virtual void CellTake(int iFrequency, int iHour) = 0;
     /// Brings the main window to the front.
-    virtual void FrontTake() = 0;
+    virtual void MainWindowRaise() = 0;
     /// Puts a path in force and predicts it; Plan, Back restores what was in force before.
-    virtual void PlanTake(const PlanTaking& taking) = 0;
+    virtual void PlanApply(const PlanChoice& choice) = 0;
     /// The transmitter's name as in the main window's title; empty if it has none.
     [[nodiscard]] virtual QString TransmitterNameGet() const = 0;
     /// True while a row that was taken over is in force: the list of frequencies may be the row's

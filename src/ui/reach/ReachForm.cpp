@@ -42,12 +42,12 @@ ReachForm::ReachForm(Settings& settings, QWidget* pParent) : QWidget(pParent)
 {
     auto* pAll = new QVBoxLayout(this);
     pAll->setContentsMargins(0, 0, 0, 0);
-    AskedRowMake(settings);
+    SearchRowMake(settings);
     KindsRowMake();
     ViewRowMake();
 }
 
-void ReachForm::AskedRowMake(Settings& settings)
+void ReachForm::SearchRowMake(Settings& settings)
 {
     lblFrom = Named(new QLabel(this), "lblFrom", {});
     cmdNeed = new NeedChooser(settings, this);
@@ -67,7 +67,7 @@ void ReachForm::AskedRowMake(Settings& settings)
     pRow->addWidget(lblNeed);
     LabelledAdd(*pRow, tr("My po&wer"), numPower);
     pRow->addWidget(cmdFind);
-    connect(cmdNeed, &NeedChooser::Chosen, this, &ReachForm::JudgedChanged);
+    connect(cmdNeed, &NeedChooser::Chosen, this, &ReachForm::CriteriaChanged);
 }
 
 void ReachForm::KindsRowMake()
@@ -77,7 +77,7 @@ void ReachForm::KindsRowMake()
         achkKind[n] = Named(new QCheckBox(this), "chkKind", {});
         achkKind[n]->setObjectName(QStringLiteral("chkKind%1").arg(n));
         pRow->addWidget(achkKind[n]);
-        connect(achkKind[n], &QCheckBox::clicked, this, &ReachForm::AskedChanged);
+        connect(achkKind[n], &QCheckBox::clicked, this, &ReachForm::SearchChanged);
     }
     cmdFaults = Named(new QPushButton(this), "cmdFaults", {});
     cmdFaults->setAutoDefault(false);
@@ -89,7 +89,7 @@ void ReachForm::KindsRowMake()
     chkOwnFrequencies->setToolTip(tr(
         "Use the frequencies in a station's line, if there are any, instead of those in Options"));
     pRow->addWidget(chkOwnFrequencies);
-    connect(chkOwnFrequencies, &QCheckBox::clicked, this, &ReachForm::AskedChanged);
+    connect(chkOwnFrequencies, &QCheckBox::clicked, this, &ReachForm::SearchChanged);
 }
 
 void ReachForm::ViewRowMake()
@@ -127,8 +127,8 @@ void ReachForm::ViewRowMake()
     pRow->addStretch();
     pRow->addWidget(prgDone);
     pRow->addWidget(lblCount);
-    connect(cmbFrom, &QComboBox::currentIndexChanged, this, &ReachForm::JudgedChanged);
-    connect(numHours, &QSpinBox::valueChanged, this, &ReachForm::JudgedChanged);
+    connect(cmbFrom, &QComboBox::currentIndexChanged, this, &ReachForm::CriteriaChanged);
+    connect(numHours, &QSpinBox::valueChanged, this, &ReachForm::CriteriaChanged);
     connect(txtFind, &QLineEdit::textChanged, this, &ReachForm::ViewChanged);
     connect(numMargin, &QDoubleSpinBox::valueChanged, this, &ReachForm::ViewChanged);
     connect(cmbOrder, &QComboBox::currentIndexChanged, this, &ReachForm::ViewChanged);

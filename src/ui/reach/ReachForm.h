@@ -60,12 +60,12 @@ public:
     QLabel* lblCount;
 
 Q_SIGNALS:
-    void AskedChanged();   ///< the search has changed: kinds, frequencies, power
-    void JudgedChanged();  ///< the same answers are judged differently: need, hours
-    void ViewChanged();    ///< the same rows are listed differently
+    void SearchChanged();    ///< the search has changed: kinds, frequencies, power
+    void CriteriaChanged();  ///< the same answers are judged differently: need, hours
+    void ViewChanged();      ///< the same rows are listed differently
 
 private:
-    void AskedRowMake(Settings& settings);
+    void SearchRowMake(Settings& settings);
     void KindsRowMake();
     void ViewRowMake();
 

@@ -34,7 +34,7 @@ QString OpenText(const Reach& reach, const ReachRow& row, const HourLabels& asHo
     if (row.eState == ReachState::Failed)
         return QObject::tr("failed");
     return QString::fromStdString(ReachOpeningText(
-        row.opening, reach.AskedGet().iFrom,
+        row.opening, reach.InputGet().iFrom,
         [&asHour](int iHour) { return asHour.at(static_cast<std::size_t>(iHour)).toStdString(); }));
 }
 
@@ -42,7 +42,7 @@ RowTexts TextsOf(const Reach& reach, const ReachRow& row, const HourLabels& asHo
 {
     const QString sNone = QStringLiteral("-");
     const float fChannel = ReachChannelGet(reach, row);
-    const float fNow = row.aHours.at(static_cast<std::size_t>(reach.AskedGet().iFrom)).fSnr;
+    const float fNow = row.aHours.at(static_cast<std::size_t>(reach.InputGet().iFrom)).fSnr;
     RowTexts texts;
     texts.sChannel = fChannel > 0.0F ? QString::fromStdString(NumberToText(fChannel)) : sNone;
     texts.sNow = std::isnan(fNow) ? sNone : Whole(fNow);
@@ -139,7 +139,7 @@ void ReachGridFill(GridControl& grd, const Reach& reach, const std::vector<std::
         CellSet(grd, iRow, kReachMargin, texts.sMargin);
         for (int i = 0; i < kReachHours; ++i)
             HourSet(grd, iRow, kReachHour + i, row.aHours.at(static_cast<std::size_t>(i)),
-                    reach.AskedGet().fNeed);
+                    reach.InputGet().fNeed);
         CellSet(grd, iRow, kReachOpen, texts.sOpen);
         CellSet(grd, iRow, kReachBearing, texts.sBearing);
         CellSet(grd, iRow, kReachRange, texts.sRange);
@@ -174,7 +174,7 @@ PageGrid ReachPageGrid(const Reach& reach, const std::vector<std::size_t>& aRows
                 continue;
             cell.sText = Whole(hour.fSnr);
             cell.clrBack = ColorFromBgr(SnrBandOfCell(hour.fSnr).nColor);
-            cell.bStrong = hour.OpenIs(reach.AskedGet().fNeed);
+            cell.bStrong = hour.OpenIs(reach.InputGet().fNeed);
         }
         for (const QString& sText : {texts.sOpen, texts.sBearing, texts.sRange})
             grid.CellGet(iRow, iCol++).sText = sText;
@@ -227,7 +227,7 @@ QString ReachCellText(const Reach& reach, std::size_t iRow, int iCol, const Hour
                 : QObject::tr("no value");
         return QStringLiteral("%1, %2 %3: %4")
                    .arg(sStation, asHour.at(static_cast<std::size_t>(*iHour)), sZone, sValue)
-               + (hour.OpenIs(reach.AskedGet().fNeed) ? QObject::tr(", meets the need")
+               + (hour.OpenIs(reach.InputGet().fNeed) ? QObject::tr(", meets the need")
                                                       : QString());
     }
     const RowTexts texts = TextsOf(reach, row, asHour);

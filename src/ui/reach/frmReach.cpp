@@ -69,8 +69,8 @@ frmReach::frmReach(PlanHost& host)
     tmrNow->start(kNowEvery);
     connect(tmrNow, &QTimer::timeout, this, &frmReach::HourFollow);
     GridConnect();
-    connect(frm, &ReachForm::AskedChanged, this, &frmReach::Ask);
-    connect(frm, &ReachForm::JudgedChanged, this, &frmReach::Judge);
+    connect(frm, &ReachForm::SearchChanged, this, &frmReach::Ask);
+    connect(frm, &ReachForm::CriteriaChanged, this, &frmReach::Judge);
     connect(frm, &ReachForm::ViewChanged, this, &frmReach::ListShow);
     connect(frm->cmdNeed, &NeedChooser::Chosen, &host.SettingsSignalGet(),
             &SettingsSignal::NeedChosen);
@@ -81,7 +81,7 @@ frmReach::frmReach(PlanHost& host)
     connect(&host.SettingsSignalGet(), &SettingsSignal::PlacesChanged, this, &frmReach::Search);
     // The settings get the run's sunspot number only when it ends.
     connect(
-        &host.SettingsSignalGet(), &SettingsSignal::Changed, this, [this] { SettingsSee(); },
+        &host.SettingsSignalGet(), &SettingsSignal::Changed, this, [this] { SettingsFollow(); },
         Qt::QueuedConnection);
     constexpr QSize kFirst(1180, 620);
     resize(kFirst);
@@ -152,25 +152,25 @@ Request frmReach::BaseGet() const
     base.dTxLat = 0.0;  // each place in turn
     base.dTxLon = 0.0;
     if (m_pReach && HostGet().TakenIs()) {
-        base.nData = m_pReach->AskedGet().base.nData;
-        base.afFrequency = m_pReach->AskedGet().base.afFrequency;
+        base.nData = m_pReach->InputGet().base.nData;
+        base.afFrequency = m_pReach->InputGet().base.afFrequency;
     }
     return base;
 }
 
-ReachAsked frmReach::AskedGet() const
+ReachInput frmReach::InputGet() const
 {
-    ReachAsked asked;
-    asked.base = BaseGet();
-    asked.bOwnFrequencies =
+    ReachInput input;
+    input.base = BaseGet();
+    input.bOwnFrequencies =
         frm->chkOwnFrequencies->isEnabled() && frm->chkOwnFrequencies->isChecked();
-    asked.fNeed = NeedGet().fSnr;
-    asked.iFrom = frm->FromGet();
-    asked.nHours = frm->numHours->value();
-    return asked;
+    input.fNeed = NeedGet().fSnr;
+    input.iFrom = frm->FromGet();
+    input.nHours = frm->numHours->value();
+    return input;
 }
 
-std::vector<Place> frmReach::PlacesWanted() const
+std::vector<Place> frmReach::PlacesChosen() const
 {
     const std::set<PlaceKind> aKinds = frm->KindsGet();
     std::vector<Place> aWanted;
@@ -187,11 +187,11 @@ void frmReach::Ask()
     m_tmrList.stop();
     FromShow();
     m_bOld = false;
-    m_pReach = std::make_unique<Reach>(AskedGet(), PlacesWanted());
-    const auto pEngine = HostGet().EngineGet(m_pReach->AskedGet().base.iModel);
+    m_pReach = std::make_unique<Reach>(InputGet(), PlacesChosen());
+    const auto pEngine = HostGet().EngineGet(m_pReach->InputGet().base.iModel);
     const auto failure = pEngine->ObstacleGet();
     FootSet(
-        RequestFootText(m_pReach->AskedGet().base, !pEngine->VersionGet().empty(), UtcNow().nYear)
+        RequestFootText(m_pReach->InputGet().base, !pEngine->VersionGet().empty(), UtcNow().nYear)
         + kTextBetween + NeedFootText(NeedGet()));
     m_sObstacle = failure ? failure->sText : std::string();
     if (failure || m_pReach->PlacesGet().empty())
@@ -199,7 +199,8 @@ void frmReach::Ask()
     m_bRunning = true;
     m_tmrProgress.start(kProgressAfter);
     m_job = ReachStart(
-        m_runner, pEngine, *m_pReach, [this](std::size_t) { ListSoon(); }, [this] { RowsEnd(); });
+        m_runner, pEngine, *m_pReach, [this](std::size_t) { ListDelayed(); },
+        [this] { RowsEnd(); });
     ListShow();
 }
 
@@ -216,7 +217,7 @@ void frmReach::FromShow()
 }
 
 /// The first answer is shown at once, later ones are collected.
-void frmReach::ListSoon()
+void frmReach::ListDelayed()
 {
     if (m_pReach->DoneGet() == 1)
         ListShow();
@@ -305,9 +306,9 @@ void frmReach::PowerTake(double dPower)
 }
 
 /// Other settings need another search.
-void frmReach::SettingsSee()
+void frmReach::SettingsFollow()
 {
-    if (!isVisible() || !m_pReach || BaseGet() == m_pReach->AskedGet().base)
+    if (!isVisible() || !m_pReach || BaseGet() == m_pReach->InputGet().base)
         return;
     m_bOld = true;
     HintShow();
@@ -328,18 +329,18 @@ void frmReach::Take(int iRow, int iCol)
     const std::size_t iPlace = m_aListed.at(static_cast<std::size_t>(iRow) - 1);
     const Place& place = m_pReach->PlacesGet()[iPlace];
     const ReachRow& row = m_pReach->RowsGet()[iPlace];
-    const int iUsed = (m_pReach->AskedGet().iFrom + std::max(0, row.opening.nWait)) % kReachHours;
+    const int iUsed = (m_pReach->InputGet().iFrom + std::max(0, row.opening.nWait)) % kReachHours;
     const int iHour = ReachHourOf(iCol).value_or(iUsed);
-    PlanTaking taking;
-    taking.dTxLat = place.dLat;
-    taking.dTxLon = place.dLon;
-    taking.sTitle = QString::fromStdString(TextForMessage(
+    PlanChoice choice;
+    choice.dTxLat = place.dLat;
+    choice.dTxLon = place.dLon;
+    choice.sTitle = QString::fromStdString(TextForMessage(
         place.sDescription.empty() ? place.sKey : place.sKey + " - " + place.sDescription));
-    if (m_pReach->AskedGet().bOwnFrequencies)
-        taking.afFrequency = place.afFrequency;
-    taking.fFrequency = row.aHours.at(static_cast<std::size_t>(iHour)).fFrequency;
-    taking.iHour = iHour + 1;
-    HostGet().PlanTake(taking);
+    if (m_pReach->InputGet().bOwnFrequencies)
+        choice.afFrequency = place.afFrequency;
+    choice.fFrequency = row.aHours.at(static_cast<std::size_t>(iHour)).fFrequency;
+    choice.iHour = iHour + 1;
+    HostGet().PlanApply(choice);
 }
 
 void frmReach::TipShow(int iRow, int iCol)

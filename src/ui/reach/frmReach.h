@@ -43,19 +43,19 @@ private:
     void Ask();
     void Judge();
     void ListShow();
-    void ListSoon();
+    void ListDelayed();
     void RowsEnd();
     void HintShow();
     void FromShow();
     void HourFollow();
     void PowerTake(double dPower);
     void FaultsShow();
-    void SettingsSee();
+    void SettingsFollow();
     void Take(int iRow, int iCol);
     void TipShow(int iRow, int iCol);
     [[nodiscard]] Request BaseGet() const;
-    [[nodiscard]] ReachAsked AskedGet() const;
-    [[nodiscard]] std::vector<Place> PlacesWanted() const;
+    [[nodiscard]] ReachInput InputGet() const;
+    [[nodiscard]] std::vector<Place> PlacesChosen() const;
 
     std::vector<Place> m_aPlaces;       // of all kinds
     std::vector<PlaceFault> m_aFaults;  // entries that cannot be used

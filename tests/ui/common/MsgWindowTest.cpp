@@ -42,29 +42,29 @@ TEST(MsgWindow, ABoxIsOpenUntilItsCallerGoesOn)
 {
     const MsgRecorder restore;
     MsgWindowInstall();
-    EXPECT_FALSE(BoxOpen::Is());
+    EXPECT_FALSE(BoxOpen::Exists());
     bool bOpen = false;
     QTimer::singleShot(0, [&bOpen] {
         QApplication::activeModalWidget()->close();
-        bOpen = BoxOpen::Is();
+        bOpen = BoxOpen::Exists();
     });
     MsgBox(MsgIcon::Info, "text");
     EXPECT_TRUE(bOpen) << "closed, but its caller has not gone on";
-    EXPECT_FALSE(BoxOpen::Is());
+    EXPECT_FALSE(BoxOpen::Exists());
 }
 
 TEST(MsgWindow, AFileDialogIsABoxToo)
 {
     bool bOpen = false;
     QTimer::singleShot(0, [&bOpen] {
-        bOpen = BoxOpen::Is();
+        bOpen = BoxOpen::Exists();
         QApplication::activeModalWidget()->close();
     });
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     EXPECT_EQ(FileDialogShow(nullptr, {FileDialogKind::Open, {}, QStringLiteral("Text (*)|*")}),
               QString());
     EXPECT_TRUE(bOpen);
-    EXPECT_FALSE(BoxOpen::Is());
+    EXPECT_FALSE(BoxOpen::Exists());
 }
 
 }  // namespace

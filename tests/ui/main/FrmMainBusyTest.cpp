@@ -151,10 +151,10 @@ TEST(FrmMainBusy, NothingIsDoneThatArrivesAfterTheEnd)
 {
     CommandQueue queue;
     int nDone = 0;
-    QObject::connect(&queue, &CommandQueue::UpdateAsked, [&nDone] { ++nDone; });
+    QObject::connect(&queue, &CommandQueue::UpdateRequested, [&nDone] { ++nDone; });
     {
         const CommandQueue::Run run(queue);
-        queue.UpdateWant();
+        queue.UpdateRequest();
         queue.Do([&nDone] { ++nDone; });
         queue.End();
     }

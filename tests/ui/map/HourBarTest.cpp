@@ -27,7 +27,7 @@ protected:
     HourBar m_bar{nullptr};
     QSignalSpy m_spyHour{&m_bar, &HourBar::HourChosen};
     QSignalSpy m_spyFrequency{&m_bar, &HourBar::FrequencyChosen};
-    QSignalSpy m_spyPlay{&m_bar, &HourBar::PlayWanted};
+    QSignalSpy m_spyPlay{&m_bar, &HourBar::PlayRequested};
 };
 
 TEST_F(HourBarShown, ArrowsStepTheHourOverMidnight)
@@ -117,11 +117,11 @@ TEST_F(HourBarShown, HoursThatAreNotThereAreHatchedAndTheChosenOneStandsOut)
         const QPoint pt = HourPoint(iHour);
         return m_bar.hscHour->grab(QRect(pt.x() - 8, 2, 16, 6)).toImage();
     };
-    m_bar.hscHour->ThereSet(AreaHours().set());
+    m_bar.hscHour->ComputedSet(AreaHours().set());
     const QImage imgThere = Grab(12);
     AreaHours hours;
     hours.set(6);
-    m_bar.hscHour->ThereSet(hours);
+    m_bar.hscHour->ComputedSet(hours);
     EXPECT_NE(Grab(12), imgThere);
     const QImage imgNot = Grab(12);
     m_bar.HourShow(12, kTimeZulu);

@@ -6,16 +6,16 @@
 
 namespace {
 
-MapDayAsked AskedMake(int nGridSize)
+MapDayRequest AskedMake(int nGridSize)
 {
     Settings settings;
     settings.m_fPropagationSunSpotNumber = 100;
-    MapDayAsked asked;
-    asked.area = AreaRequestFromSettings(settings);
-    asked.area.nGridSize = nGridSize;
-    asked.afFrequency = {7000.0F, 14000.0F};
-    asked.aBoxes = {{-30, 30, 150, 180}, {-30, 30, -180, -150}};
-    return asked;
+    MapDayRequest request;
+    request.area = AreaRequestFromSettings(settings);
+    request.area.nGridSize = nGridSize;
+    request.afFrequency = {7000.0F, 14000.0F};
+    request.aBoxes = {{-30, 30, 150, 180}, {-30, 30, -180, -150}};
+    return request;
 }
 
 bool EndsSoon(const MapDayRun& run)
@@ -41,9 +41,9 @@ TEST(MapDayRun, TheEngineInThisProcessAnswersCoarselyFirst)
     EXPECT_TRUE(run.HoursGet().all());
     EXPECT_TRUE(run.SpreadIs()) << "also unasked";
     EXPECT_EQ(run.GridGet({5, {}})->size(), 2u);
-    MapDayAsked asked = AskedMake(24);
-    asked.bSpread = true;
-    run.Ask(asked, std::make_shared<BuiltInEngine>(folder.Path()), {});
+    MapDayRequest request = AskedMake(24);
+    request.bSpread = true;
+    run.Ask(request, std::make_shared<BuiltInEngine>(folder.Path()), {});
     EXPECT_FALSE(run.RunningIs()) << "another layer of the same day";
 }
 
@@ -108,10 +108,10 @@ TEST(MapDayRun, DaysAreKeptUpToTheirRoomTheOldestGoFirst)
 {
     const auto pEngine = std::make_shared<EngineOfAreas>();
     MapDayRun run;
-    MapDayAsked asked = AskedMake(300);  // 2 x 300 x 300 x 24 x 2 values: 17 MB
+    MapDayRequest request = AskedMake(300);  // 2 x 300 x 300 x 24 x 2 values: 17 MB
     for (int nMonth = 1; nMonth <= 12; ++nMonth) {
-        asked.area.nMonth = nMonth;
-        run.Ask(asked, pEngine, {});
+        request.area.nMonth = nMonth;
+        run.Ask(request, pEngine, {});
         EXPECT_LE(run.CacheBytesGet(), MapDayRun::kCacheBytes);
     }
     EXPECT_GT(run.CacheBytesGet(), MapDayRun::kCacheBytes / 2);

@@ -12,9 +12,9 @@ namespace {
 constexpr int kSide = 9;
 
 /// An area's boxes with one value everywhere.
-MapPictureAsked AskedMake(const AreaBox& area, const LatLon& posRc, float fSnr)
+MapPictureInput AskedMake(const AreaBox& area, const LatLon& posRc, float fSnr)
 {
-    MapPictureAsked asked{area, {}, posRc, QStringLiteral("What it is")};
+    MapPictureInput input{area, {}, posRc, QStringLiteral("What it is")};
     const bool bOver = area.dRight <= area.dLeft;
     for (const AreaBox& box :
          AreaBoxesGet({area.dBottom, area.dTop, area.dLeft, area.dRight + (bOver ? 360.0 : 0.0)})) {
@@ -24,9 +24,9 @@ MapPictureAsked AskedMake(const AreaBox& area, const LatLon& posRc, float fSnr)
                 shown.aPoints.push_back(
                     {box.dBottom + (box.dTop - box.dBottom) * iLat / (kSide - 1),
                      box.dLeft + (box.dRight - box.dLeft) * iLon / (kSide - 1), fSnr});
-        asked.aBoxes.push_back(std::move(shown));
+        input.aBoxes.push_back(std::move(shown));
     }
-    return asked;
+    return input;
 }
 
 QRgb PixelAt(const QImage& img, const MapView& view, double dLat, double dLon)

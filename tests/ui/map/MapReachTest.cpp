@@ -56,13 +56,13 @@ protected:
         Place place;
         place.sSystem = "HAM";
         place.sKey = "W1ABC";
-        ReachAsked asked;
-        asked.base.nData = 1;
-        asked.base.afFrequency = {0.0F, 7000.0F};
-        Reach reach(asked, {place});
+        ReachInput input;
+        input.base.nData = 1;
+        input.base.afFrequency = {0.0F, 7000.0F};
+        Reach reach(input, {place});
         Prediction prediction;
         prediction.table = PropagationTable(1);
-        prediction.table.request = ReachRequestGet(asked, place);
+        prediction.table.request = ReachRequestGet(input, place);
         prediction.table.PresentSet(1, 1, true);
         for (int iHour = 1; iHour <= kHourCount; ++iHour)
             prediction.table.fSnr(iHour, 1) = iHour == 6 ? 62.0F : -999.0F;
@@ -180,7 +180,7 @@ TEST_F(MapReachShown, AnotherSearchTakesThePlaceOfTheFormer)
     HourSet(5);
     const QColor clrList = Dot(0).ColorGet();
     ReachSet();
-    m_host.ReachBoardGet().Set(Reach(ReachAsked(), {}));
+    m_host.ReachBoardGet().Set(Reach(ReachInput(), {}));
     EXPECT_EQ(Dot(0).ColorGet(), clrList);
     EXPECT_EQ(Dot(0).toolTip(), QStringLiteral("W1ABC, Boston"));
 }

@@ -63,9 +63,9 @@ TEST(CardPage, NamesTheBestFrequencyOfEachHourThatHasOne)
 
 TEST(CardPage, ShipsHoursComeFirstUnderLocalTime)
 {
-    CardAsked asked = CardAskedGet();
-    asked.iTimeCode = kTimeLocal;
-    const PageGrid grid = CardGridGet(CardTable(3), asked);
+    CardInput input = CardAskedGet();
+    input.iTimeCode = kTimeLocal;
+    const PageGrid grid = CardGridGet(CardTable(3), input);
     EXPECT_EQ(grid.asCorner.mid(0, 2),
               QStringList({QStringLiteral("Ship"), QStringLiteral("UTC")}));
     EXPECT_EQ(grid.aRow[2].mid(0, 2), QStringList({QStringLiteral("07:30"), QStringLiteral("02")}));
@@ -73,8 +73,8 @@ TEST(CardPage, ShipsHoursComeFirstUnderLocalTime)
 
 TEST(CardPage, TellsEndsRangeBearingsAndWhatTheNumbersAre)
 {
-    CardAsked asked = CardAskedGet();
-    const Page page = CardPageGet(CardTable(), asked);
+    CardInput input = CardAskedGet();
+    const Page page = CardPageGet(CardTable(), input);
     EXPECT_EQ(page.sTitle.toStdString(),
               "WHV382 - Friday Harbor to 15\xC2\xB0"
               "22.50'N 132\xC2\xB0"
@@ -87,10 +87,10 @@ TEST(CardPage, TellsEndsRangeBearingsAndWhatTheNumbersAre)
               "dB in 1 Hz \u00B7 50 % of the days \u00B7 short path \u00B7 100 W \u00B7 "
               "REC533 (built-in) \u00B7 November 2026 \u00B7 SSN 62 (typed) \u00B7 "
               "need: E-mail, normal, 40 dB");
-    asked.bOld = true;
-    EXPECT_TRUE(CardPageGet(CardTable(), asked).sFoot.endsWith(QStringLiteral("earlier update")));
-    asked.sTx.clear();
-    EXPECT_TRUE(CardPageGet(CardTable(), asked)
+    input.bOld = true;
+    EXPECT_TRUE(CardPageGet(CardTable(), input).sFoot.endsWith(QStringLiteral("earlier update")));
+    input.sTx.clear();
+    EXPECT_TRUE(CardPageGet(CardTable(), input)
                     .sTitle.startsWith(QString::fromUtf8("48\u00B032.50'N 123\u00B000.75'W to ")));
 }
 
@@ -102,12 +102,12 @@ TEST_P(CardOnPaper, EverythingOfFifteenFrequenciesALongNameAndAHalfHourZoneStand
     const TempFolder folder;
     PageForm form;
     std::tie(form.ePaper, form.eOrientation, form.eLook) = GetParam();
-    CardAsked asked = CardAskedGet();
-    asked.sTx = QStringLiteral(
+    CardInput input = CardAskedGet();
+    input.sTx = QStringLiteral(
         "WHV382 - Llanfairpwllgwyngyllgogerychwyrndrobwllllantysiliogogogoch, the upper station "
         "on the hill behind the harbour of Friday Harbor, San Juan Island, Washington");
-    asked.need.sName = "A need with a long name of forty letters";
-    const Page page = CardPageGet(CardTable(), asked);
+    input.need.sName = "A need with a long name of forty letters";
+    const Page page = CardPageGet(CardTable(), input);
     const std::string sFile = folder.Path("card.pdf");
     const auto res = PageExport(page, form, QString::fromStdString(sFile));
     ASSERT_TRUE(res) << res.TextGet();
@@ -117,7 +117,7 @@ TEST_P(CardOnPaper, EverythingOfFifteenFrequenciesALongNameAndAHalfHourZoneStand
     const std::string sText = Squeezed(text.sOut);
     for (const QString& sPart : {page.sTitle, page.sFoot, page.aBlock[1].sHeading})
         EXPECT_NE(sText.find(Squeezed(sPart.toStdString())), std::string::npos) << text.sOut;
-    PageGrid grid = CardGridGet(CardTable(), asked);
+    PageGrid grid = CardGridGet(CardTable(), input);
     if (form.eOrientation == QPageLayout::Landscape)
         grid = PageGridTurned(grid);
     for (int iRow = 0; iRow < grid.RowsGet(); ++iRow) {

@@ -41,14 +41,14 @@ inline PropagationTable CardTable(int nFrequencies = 15)
     return table;
 }
 
-inline CardAsked CardAskedGet()
+inline CardInput CardAskedGet()
 {
-    CardAsked asked;
-    asked.sTx = QStringLiteral("WHV382 - Friday Harbor");
+    CardInput input;
+    input.sTx = QStringLiteral("WHV382 - Friday Harbor");
     for (int n = 0; n < 24; ++n)
-        asked.asShip.at(static_cast<std::size_t>(n)) =
+        input.asShip.at(static_cast<std::size_t>(n)) =
             QStringLiteral("%1:30").arg((n + 5) % 24, 2, 10, QLatin1Char('0'));
-    asked.need = {"E-mail, normal", 40.0F, ""};
-    asked.nYear = 2026;
-    return asked;
+    input.need = {"E-mail, normal", 40.0F, ""};
+    input.nYear = 2026;
+    return input;
 }

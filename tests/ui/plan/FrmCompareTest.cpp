@@ -135,7 +135,7 @@ TEST_F(FrmCompare, BothAreAskedForOnePower)
 {
     frmMain& frmM = rig.StartWithEngine();
     Open(frmM);
-    const auto aAsked = m_pVoacap->AskedGet();
+    const auto aAsked = m_pVoacap->RequestsGet();
     ASSERT_FALSE(aAsked.empty());
     const Request main = frmM.RequestGet();
     ASSERT_EQ(main.fPower, 0.0F) << "as the antenna choice";

@@ -163,7 +163,7 @@ TEST_F(FrmDays, PrintedDecilesOfTheMainWindowsTableAreTakenAsTheyAre)
     frmM.m_settings.m_iPropagationModel = kEngineVoacap;
     ASSERT_TRUE(frmM.Update());
     const frmDays& frm = Open(frmM);
-    EXPECT_TRUE(pVoacap->AskedGet().empty()) << "nobody is asked again";
+    EXPECT_TRUE(pVoacap->RequestsGet().empty()) << "nobody is asked again";
     const DaysCell& cell = frm.DaysTableGet().aCells(20, 2);
     EXPECT_EQ(cell.fBad, -12.0F);
     EXPECT_EQ(cell.fMedian, 0.0F);
@@ -179,7 +179,7 @@ TEST_F(FrmDays, AnEngineWithoutDecilesIsAskedForThreeSharesOfTheDays)
     frmMain& frmM = rig.StartWithEngine();
     const frmDays& frm = Open(frmM);
     std::vector<float> afShare;
-    for (const Request& request : pPlain->AskedGet()) afShare.push_back(request.fReliability);
+    for (const Request& request : pPlain->RequestsGet()) afShare.push_back(request.fReliability);
     std::sort(afShare.begin(), afShare.end());
     ASSERT_GE(afShare.size(), 3U);
     EXPECT_EQ(afShare.front(), 10.0F);

@@ -62,7 +62,7 @@ TEST_F(FrmReach, ItsRowsAreTheMainTablesOfTheSameCircuits)
     const Request base = frmM.RequestGet();
     for (const ReachRow& row : frm.ReachGet()->RowsGet()) {
         Request request =
-            ReachRequestGet(frm.ReachGet()->AskedGet(), frm.ReachGet()->PlacesGet()[row.iPlace]);
+            ReachRequestGet(frm.ReachGet()->InputGet(), frm.ReachGet()->PlacesGet()[row.iPlace]);
         EXPECT_EQ(request.dRcLat, base.dRcLat);
         EXPECT_EQ(request.fSunSpotNumber, base.fSunSpotNumber);
         const Prediction single = rig.m_pEngine->Predict(request, {});
@@ -109,7 +109,7 @@ TEST_F(FrmReach, EnterTakesAStationWithItsFrequenciesAndBackBringsTheOldPath)
     EXPECT_EQ(frmM.m_settings.FrequencyGet(1), 5881.0F);
     EXPECT_EQ(frmM.m_settings.m_selected.iHour, 19) << "18 UTC";
     EXPECT_TRUE(frmM.mnuPlanBack->isEnabled());
-    EXPECT_EQ(frm.ReachGet()->AskedGet().base.nData, before.m_nData) << "the question stays";
+    EXPECT_EQ(frm.ReachGet()->InputGet().base.nData, before.m_nData) << "the question stays";
 
     QTest::keyClick(&frmM, Qt::Key_Left, Qt::AltModifier);
     MainRig::EventsRun();
@@ -268,7 +268,7 @@ TEST_F(FrmReach, OtherSettingsAskAnew)
     frmM.m_settings.m_fStationPower = 1000.0F;
     frmM.Update();
     ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return !frm.RunningIs() && frm.ReachGet()->AskedGet().base.fPower == 1000.0F; }));
+        [&] { return !frm.RunningIs() && frm.ReachGet()->InputGet().base.fPower == 1000.0F; }));
     EXPECT_NE(frm.ReachGet()->RowsGet()[0].aHours[18].fSnr, fBefore);
     EXPECT_TRUE(frm.lblFoot->text().contains(QStringLiteral("1 kW")));
     frmM.m_settings.m_dTxLat += 5.0;
@@ -284,16 +284,16 @@ TEST_F(FrmReach, NeedAndHoursJudgeWithoutAnotherPrediction)
     frmMain& frmM = rig.StartWithEngine();
     const frmReach& frm = rig.ReachOpen();
     const Reach* const pBefore = frm.ReachGet();
-    EXPECT_EQ(frm.ReachGet()->AskedGet().fNeed, 40.0F) << "E-mail, normal where none is chosen";
+    EXPECT_EQ(frm.ReachGet()->InputGet().fNeed, 40.0F) << "E-mail, normal where none is chosen";
     EXPECT_EQ(frm.frm->cmdNeed->text(), QStringLiteral("E-mail, normal"));
     EXPECT_TRUE(frm.lblFoot->text().endsWith(QStringLiteral("need: E-mail, normal, 40 dB")));
     frmM.m_settings.m_sNeedSelected = "FT8";
     Q_EMIT frmM.SettingsSignalGet().NeedChosen();
-    EXPECT_EQ(frm.ReachGet()->AskedGet().fNeed, 13.0F);
+    EXPECT_EQ(frm.ReachGet()->InputGet().fNeed, 13.0F);
     frm.frm->cmbFrom->setCurrentIndex(20);
     frm.frm->numHours->setValue(3);
-    EXPECT_EQ(frm.ReachGet()->AskedGet().iFrom, 19);
-    EXPECT_EQ(frm.ReachGet()->AskedGet().nHours, 3);
+    EXPECT_EQ(frm.ReachGet()->InputGet().iFrom, 19);
+    EXPECT_EQ(frm.ReachGet()->InputGet().nHours, 3);
     EXPECT_EQ(frm.ReachGet(), pBefore);
 }
 
@@ -302,11 +302,11 @@ TEST_F(FrmReach, NowGoesOnWithTheClock)
     Stations();
     rig.StartWithEngine();
     const frmReach& frm = rig.ReachOpen();
-    EXPECT_EQ(frm.ReachGet()->AskedGet().iFrom, 13);
+    EXPECT_EQ(frm.ReachGet()->InputGet().iFrom, 13);
     rig.m_dtUtc.nHour = 14;
     frm.tmrNow->setInterval(1);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return frm.ReachGet()->AskedGet().iFrom == 14; }));
-    EXPECT_EQ(frm.ReachGet()->AskedGet().iFrom, 14);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frm.ReachGet()->InputGet().iFrom == 14; }));
+    EXPECT_EQ(frm.ReachGet()->InputGet().iFrom, 14);
     EXPECT_EQ(frm.frm->cmbFrom->itemText(0), QStringLiteral("now 14"));
 }
 
@@ -358,7 +358,7 @@ TEST_F(FrmReach, WhichOfThreeStationsTonightOnWhichChannelTakesSixKeys)
     QTest::keyClick(frm.grdReach, Qt::Key_O, Qt::AltModifier);  // 2: From
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_2);    // 3, 4: 21 UTC
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_1);
-    ASSERT_EQ(frm.ReachGet()->AskedGet().iFrom, 21);
+    ASSERT_EQ(frm.ReachGet()->InputGet().iFrom, 21);
     // The answer stands in the first row: station, channel, margin.
     const Reach& reach = *frm.ReachGet();
     const ReachRow& best = reach.RowsGet()[reach.RankingGet()[0]];

@@ -92,7 +92,7 @@ public:
     {
         return m_pEngine->PredictArea(request, stop);
     }
-    [[nodiscard]] std::vector<Request> AskedGet() const
+    [[nodiscard]] std::vector<Request> RequestsGet() const
     {
         const std::lock_guard lock(m_mutex);
         return m_aAsked;

@@ -203,19 +203,19 @@ TEST(Direction, OfPagesIsNeverMirrored)
 {
     ProgramRig rig;
     frmMain& frm = rig.StartWithEngine();
-    CardAsked asked;
-    asked.asShip = HourLabelsGet(kTimeLocal);
-    asked.need = {"1", -8.0F, "1"};
-    asked.nYear = 2026;
+    CardInput input;
+    input.asShip = HourLabelsGet(kTimeLocal);
+    input.need = {"1", -8.0F, "1"};
+    input.nYear = 2026;
     DaysBand band;
-    band.asHour = asked.asShip;
+    band.asHour = input.asShip;
     band.fNeed = -8.0F;
     for (DaysCell& cell : band.aHours) {
         cell.fBad = -28.0F;
         cell.fMedian = -18.0F;
         cell.fGood = 2.0F;
     }
-    Page page = CardPageGet(frm.TableGet(), asked);
+    Page page = CardPageGet(frm.TableGet(), input);
     PagePicture picture;
     picture.fnPaint = [&band](QPainter& painter, const QRectF& rct, PageLook eLook) {
         DaysBandPaint(painter, rct, band, Qt::black, eLook);
