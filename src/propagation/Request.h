@@ -77,7 +77,7 @@ struct AreaRequest : RequestModel {
 };
 
 /// Checks positions, month and numbers; frequencies out of range are just left out of the run. The
-/// error is in words: "latitude 95 lies outside -90 to 90".
+/// error is in words: "latitude 95 is outside -90 to 90".
 Result<void> RangeCheck(const Request& input);
 /// The same for an area, including its hour, frequency, grid and bounds. Longitudes may be on
 /// either scale, -180 to 180 or 0 to 360.

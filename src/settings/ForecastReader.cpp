@@ -176,7 +176,7 @@ Result<void> ForecastMonthAdd(ForecastMonths& aMonths, const ForecastMonth& mont
         return RunError{"there is no month " + MonthName(month) + ". Request the forecast again"};
     if (!(month.dValue >= 0.0 && month.dValue <= kVersion2Most))
         return RunError{"the number " + ForecastNumberText(month.dValue) + " of " + MonthName(month)
-                        + " lies outside 0 to 350. Request the forecast again"};
+                        + " is outside 0 to 350. Request the forecast again"};
     const auto MonthCount = [](const ForecastMonth& m) { return m.nYear * 12 + m.nMonth; };
     const auto itAt = std::ranges::lower_bound(aMonths, MonthCount(month), {}, MonthCount);
     if (itAt != aMonths.end() && MonthCount(*itAt) == MonthCount(month)) {

@@ -70,7 +70,7 @@ std::optional<Result<ForecastFlux>> ForecastWwvRead(std::string_view sText)
         return std::nullopt;
     if (*optFlux < kFluxLeast || *optFlux > kFluxMost)
         return RunError{"the solar flux " + ForecastNumberText(*optFlux)
-                        + " lies outside 60 to 370. Request the bulletin again"};
+                        + " is outside 60 to 370. Request the bulletin again"};
     const auto resIssued = IssuedGet(asWord);
     if (!resIssued)
         return resIssued.ErrorGet();

@@ -154,7 +154,7 @@ void RowLoad(const SettingRow& row, const Reader& reader, Settings& settings)
         SettingFromText(row, sText, settings);
 }
 
-/// A value of the settings that lies outside its range.
+/// A value of the settings that is outside its range.
 struct Fault {
     const SettingRow* pRow;
     std::string sText;

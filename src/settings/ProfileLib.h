@@ -41,7 +41,7 @@ Result<std::vector<std::string>> ProfileLoad(Settings& settings, const WindowApp
 /// that does not exist yet; the profile's path is kept.
 void ProfileShippedSet(Settings& settings);
 
-/// The values out of range, named as in the profile: "[Receiver Data] Latitude: 95 lies outside -90
+/// The values out of range, named as in the profile: "[Receiver Data] Latitude: 95 is outside -90
 /// to 90". An unknown antenna type is not among them: its deck just has no antenna cards.
 /// @param bFrequencies  include those of the frequency list
 [[nodiscard]] std::vector<std::string> SettingsFaultsGet(const Settings& settings,

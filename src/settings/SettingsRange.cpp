@@ -6,7 +6,7 @@ namespace {
 
 std::string FaultText(const std::string& sValue, const NumberRange& range)
 {
-    return sValue + " lies outside " + NumberToText(range.dLeast) + " to "
+    return sValue + " is outside " + NumberToText(range.dLeast) + " to "
            + NumberToText(range.dMost);
 }
 

@@ -42,6 +42,6 @@ inline constexpr int kGridSizeMin = 2;
 inline constexpr int kGridSizeMax = 999;
 inline constexpr NumberRange kRangeGrid{kGridSizeMin, kGridSizeMax};
 
-/// "150 lies outside 1 to 99"
+/// "150 is outside 1 to 99"
 [[nodiscard]] std::string RangeFaultText(double dValue, const NumberRange& range);
 [[nodiscard]] std::string RangeFaultText(float fValue, const NumberRange& range);

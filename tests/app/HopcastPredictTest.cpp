@@ -347,16 +347,15 @@ TEST_F(HopcastPredict, AValueOutOfRangeInAProfileIsRefusedWithFileAndKey)
     };
     for (const Case& c :
          {Case{"[Propagation Model]\nModel Reliability=150\n",
-               "[Propagation Model] Model Reliability: 150 lies outside 1 to 99"},
+               "[Propagation Model] Model Reliability: 150 is outside 1 to 99"},
           Case{"[Propagation Model]\nNoise Level=1e99\n",
                "[Propagation Model] Noise Level: 340282346638528859811704183484516925440 lies "
                "outside -200 to -100"},
-          Case{"[Propagation Model]\nModel=9\n",
-               "[Propagation Model] Model: 9 lies outside 1 to 3"},
+          Case{"[Propagation Model]\nModel=9\n", "[Propagation Model] Model: 9 is outside 1 to 3"},
           Case{"[Transmitter Data]\nLatitude=95\n",
-               "[Transmitter Data] Latitude: 95 lies outside -90 to 90"},
+               "[Transmitter Data] Latitude: 95 is outside -90 to 90"},
           Case{"[Propagation Data]\nCount=2\nFrequency 2=50\n",
-               "[Propagation Data] Frequency 2: 50 lies outside 100 to 45000"}}) {
+               "[Propagation Data] Frequency 2: 50 is outside 100 to 45000"}}) {
         const std::string sProfile = m_tmp.Write("a.ini", c.sText);
         const ProgramResult res = Predict({"--ssn", "70", "--profile", sProfile});
         EXPECT_EQ(res.nStatus, 1) << c.sText;
@@ -419,7 +418,7 @@ TEST_F(HopcastPredictAirmail, WhatIsOutOfRangeIsRefusedWithFileAndKey)
     EXPECT_EQ(res.nStatus, 1);
     EXPECT_EQ(res.sError,
               "hopcast-predict: Airmail's sunspot number: C:\\Program "
-              "Files\\AirMail\\Airmail.ini, [Propagation] SSN: 400 lies outside 0 to 311 (or give "
+              "Files\\AirMail\\Airmail.ini, [Propagation] SSN: 400 is outside 0 to 311 (or give "
               "--ssn N)\n");
     // A good position behind it does not count: the user asked for the current one.
     m_tmp.Write(sIni,

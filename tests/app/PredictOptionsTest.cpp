@@ -57,9 +57,8 @@ INSTANTIATE_TEST_SUITE_P(
             "frequencies_with_one_hour",
             {"--area", "1,2,0,3", "--hour", "3", "--frequency", "7000", "--frequencies", "1000"},
             "--frequencies: does not go with --area"},
-        BadCase{"latitude_91", {"--tx", "91,0"}, "--tx: latitude 91 lies outside -90 to 90"},
-        BadCase{
-            "longitude_181", {"--rc", "0,-181"}, "--rc: longitude -181 lies outside -180 to 180"},
+        BadCase{"latitude_91", {"--tx", "91,0"}, "--tx: latitude 91 is outside -90 to 90"},
+        BadCase{"longitude_181", {"--rc", "0,-181"}, "--rc: longitude -181 is outside -180 to 180"},
         BadCase{"position_word",
                 {"--rc", "home"},
                 "--rc: \"home\" is not a position; give LAT,LON in degrees (38,-122), "
@@ -95,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadCase{"power", {"--power", "1e7"}, "--power: \"1e7\" is not a power in W, 0 to 1000000"},
         BadCase{"need_great",
                 {"--need", "200"},
-                "--need: The need of 200 lies outside -50 to 150 dB in 1 Hz."},
+                "--need: The need of 200 is outside -50 to 150 dB in 1 Hz."},
         BadCase{"need_area",
                 {"--area", "1,2,0,3", "--hour", "3", "--frequency", "7000", "--need", "40"},
                 "--need: does not go with --area"},

@@ -356,8 +356,7 @@ TEST_P(AreaRun, AMissingFolderAndAValueThatDoesNotFitAreTold)
     std::filesystem::remove_all(m_root.Path("areadata"));
     EXPECT_FALSE(Succeeded(PropagationAreaOpen(m_input, m_file)));
     ASSERT_EQ(m_msg.m_aShown.size(), 2U);
-    EXPECT_EQ(m_msg.m_aShown[0].sText,
-              "PropagationAreaOpen, grid size 123456 lies outside 2 to 999");
+    EXPECT_EQ(m_msg.m_aShown[0].sText, "PropagationAreaOpen, grid size 123456 is outside 2 to 999");
     EXPECT_EQ(m_msg.m_aShown[1].sText, "PropagationAreaOpen, Path not found");
     EXPECT_EQ(m_root.CallCount(), 0);
     std::filesystem::create_directory(m_root.Path("areadata"));

@@ -444,8 +444,7 @@ TEST_P(EachEngine, APositionOrNumberOutOfRangeReachesNoEngine)
     EXPECT_FALSE(PropagationRun(input, m_table, ToldFailures()));
     EXPECT_EQ(m_root.CallCount(), 0);
     ASSERT_EQ(m_msg.m_aShown.size(), 1U);
-    EXPECT_EQ(m_msg.m_aShown[0].sText,
-              m_case.sPrefix + "Output latitude 95 lies outside -90 to 90");
+    EXPECT_EQ(m_msg.m_aShown[0].sText, m_case.sPrefix + "Output latitude 95 is outside -90 to 90");
 }
 
 }  // namespace

@@ -167,20 +167,19 @@ TEST(RequestRange, EveryValueOutOfRangeIsTold)
         const char* sText;
     };
     for (const Case& c : {
-             Case{[](Request& in) { in.dTxLat = -90.5; }, "latitude -90.5 lies outside -90 to 90"},
-             Case{[](Request& in) { in.dRcLon = 181; }, "longitude 181 lies outside -180 to 180"},
-             Case{[](Request& in) { in.nMonth = 13; }, "month 13 lies outside 1 to 12"},
+             Case{[](Request& in) { in.dTxLat = -90.5; }, "latitude -90.5 is outside -90 to 90"},
+             Case{[](Request& in) { in.dRcLon = 181; }, "longitude 181 is outside -180 to 180"},
+             Case{[](Request& in) { in.nMonth = 13; }, "month 13 is outside 1 to 12"},
              Case{[](Request& in) { in.fSunSpotNumber = 400; },
-                  "sunspot number 400 lies outside 0 to 311"},
+                  "sunspot number 400 is outside 0 to 311"},
              Case{[](Request& in) { in.fNoiseLevel = 145; },
-                  "noise level 145 lies outside -200 to -100"},
+                  "noise level 145 is outside -200 to -100"},
              Case{[](Request& in) { in.fTakeoffAngle = 41; },
-                  "takeoff angle 41 lies outside 0 to 40"},
-             Case{[](Request& in) { in.fReliability = 100; },
-                  "reliability 100 lies outside 1 to 99"},
-             Case{[](Request& in) { in.fQIndex = -1; }, "Q index -1 lies outside 0 to 9"},
+                  "takeoff angle 41 is outside 0 to 40"},
+             Case{[](Request& in) { in.fReliability = 100; }, "reliability 100 is outside 1 to 99"},
+             Case{[](Request& in) { in.fQIndex = -1; }, "Q index -1 is outside 0 to 9"},
              Case{[](Request& in) { in.fLayerAdjustF2 = 10; },
-                  "layer factor 10 lies outside 0 to 9.99"},
+                  "layer factor 10 is outside 0 to 9.99"},
          }) {
         Request input = inputGood;
         c.fnSpoil(input);
@@ -196,10 +195,10 @@ TEST(RequestRange, AnAreaIsCheckedWithItsFrequency)
         EXPECT_TRUE(RangeCheck(input)) << fKhz;
     }
     input.fFrequency = 0.05F;
-    EXPECT_EQ(RangeCheck(input).TextGet(), "frequency 50 lies outside 100 to 45000");
+    EXPECT_EQ(RangeCheck(input).TextGet(), "frequency 50 is outside 100 to 45000");
     input.fFrequency = 14.1F;
     input.dFixedLat = 90.25;
-    EXPECT_EQ(RangeCheck(input).TextGet(), "latitude 90.25 lies outside -90 to 90");
+    EXPECT_EQ(RangeCheck(input).TextGet(), "latitude 90.25 is outside -90 to 90");
 }
 
 TEST(RequestRange, AnAreaIsCheckedWithItsHourGridAndBounds)
@@ -212,20 +211,19 @@ TEST(RequestRange, AnAreaIsCheckedWithItsHourGridAndBounds)
     };
     for (const Case& c : {
              Case{[](AreaRequest& in) { in.iHour = 23; }, ""},
-             Case{[](AreaRequest& in) { in.iHour = 24; }, "hour 24 lies outside 0 to 23"},
-             Case{[](AreaRequest& in) { in.iHour = -1; }, "hour -1 lies outside 0 to 23"},
-             Case{[](AreaRequest& in) { in.nGridSize = 1; }, "grid size 1 lies outside 2 to 999"},
+             Case{[](AreaRequest& in) { in.iHour = 24; }, "hour 24 is outside 0 to 23"},
+             Case{[](AreaRequest& in) { in.iHour = -1; }, "hour -1 is outside 0 to 23"},
+             Case{[](AreaRequest& in) { in.nGridSize = 1; }, "grid size 1 is outside 2 to 999"},
              Case{[](AreaRequest& in) { in.nGridSize = 1000; },
-                  "grid size 1000 lies outside 2 to 999"},
-             Case{[](AreaRequest& in) { in.dSouth = -91; },
-                  "south bound -91 lies outside -90 to 90"},
-             Case{[](AreaRequest& in) { in.dNorth = -5; }, "north bound -5 lies outside 0 to 90"},
+                  "grid size 1000 is outside 2 to 999"},
+             Case{[](AreaRequest& in) { in.dSouth = -91; }, "south bound -91 is outside -90 to 90"},
+             Case{[](AreaRequest& in) { in.dNorth = -5; }, "north bound -5 is outside 0 to 90"},
              Case{[](AreaRequest& in) { in.dWest = -181; },
-                  "west bound -181 lies outside -180 to 360"},
+                  "west bound -181 is outside -180 to 360"},
              Case{[](AreaRequest& in) { in.dEast = 360; }, ""},
-             Case{[](AreaRequest& in) { in.dEast = -1; }, "east bound -1 lies outside 0 to 360"},
+             Case{[](AreaRequest& in) { in.dEast = -1; }, "east bound -1 is outside 0 to 360"},
              Case{[](AreaRequest& in) { in.dEast = std::nan(""); },
-                  "east bound nan lies outside 0 to 360"},
+                  "east bound nan is outside 0 to 360"},
          }) {
         AreaRequest input = inputGood;
         c.fnSpoil(input);

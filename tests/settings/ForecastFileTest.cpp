@@ -110,9 +110,8 @@ TEST(ForecastFile, RightHashOverAWrongLineIsToldWithItsNumber)
 {
     SunSpotForecast forecast = NoaaMake();
     forecast.aMonths[1].dValue = 900.0;
-    EXPECT_EQ(
-        ForecastFileParse(ForecastFileText(forecast)).TextGet(),
-        "line 4: the number 900 of 2026-12 lies outside 0 to 350. Request the forecast again");
+    EXPECT_EQ(ForecastFileParse(ForecastFileText(forecast)).TextGet(),
+              "line 4: the number 900 of 2026-12 is outside 0 to 350. Request the forecast again");
     forecast = WwvMake();
     forecast.aMonths[0].nMonth = 10;
     EXPECT_EQ(ForecastFileParse(ForecastFileText(forecast)).TextGet(),

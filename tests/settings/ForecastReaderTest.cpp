@@ -164,9 +164,9 @@ std::vector<BadText> BadNoaa()
         {"NoaaYear1926", Replaced(Noaa(), "2026-12", "1926-12"),
          "there is no month 1926-12. Request the forecast again."},
         {"NoaaTimesTen", Replaced(Noaa(), "90.2", "902"),
-         "the number 902 of 2026-10 lies outside 0 to 350. Request the forecast again."},
+         "the number 902 of 2026-10 is outside 0 to 350. Request the forecast again."},
         {"NoaaNegative", Replaced(Noaa(), "90.2", "-90.2"),
-         "the number -90.2 of 2026-10 lies outside 0 to 350. Request the forecast again."},
+         "the number -90.2 of 2026-10 is outside 0 to 350. Request the forecast again."},
         {"NoaaJump", Replaced(Noaa(), "87.9", "187.9"),
          "the number 187.9 of 2026-11 does not fit those of the months next to it. Request the "
          "forecast again."},
@@ -197,9 +197,9 @@ std::vector<BadText> BadSilso()
         {"SilsoOtherDecimalYear", Replaced(Silso(), "2026.873", "2026.973"),
          "the row of 2026 11 names another time as 2026.973. Paste the reply again."},
         {"SilsoTimesTen", Replaced(Silso(), " 89.1", "891.0"),
-         "the number 891 of 2026-11 lies outside 0 to 350. Request the forecast again."},
+         "the number 891 of 2026-11 is outside 0 to 350. Request the forecast again."},
         {"SilsoMissingValue", Replaced(Silso(), "89.1", "-1.0"),
-         "the number -1 of 2026-11 lies outside 0 to 350. Request the forecast again."},
+         "the number -1 of 2026-11 is outside 0 to 350. Request the forecast again."},
         {"SilsoDecimalComma", Replaced(Silso(), "89.1", "89,1"),
          "the row of 2026 11 is not a row of numbers. Paste the reply again."},
         {"SilsoRowCut", Replaced(Silso(), "   89.1   5.9", ""),
@@ -230,9 +230,9 @@ std::vector<BadText> BadOthers()
         {"WwvCutInTheNumber", Wwv().substr(0, Wwv().find("23 and")),
          "WWV's bulletin is cut after \"Solar flux\". Paste the whole bulletin."},
         {"WwvTenths", Replaced(Wwv(), "flux 123", "flux 1230"),
-         "the solar flux 1230 lies outside 60 to 370. Request the bulletin again."},
+         "the solar flux 1230 is outside 60 to 370. Request the bulletin again."},
         {"WwvNought", Replaced(Wwv(), "flux 123", "flux 0"),
-         "the solar flux 0 lies outside 60 to 370. Request the bulletin again."},
+         "the solar flux 0 is outside 60 to 370. Request the bulletin again."},
         {"WwvTwoFluxes", Wwv() + Replaced(Wwv(), "flux 123", "flux 125"), kTwice},
         {"WwvTwoDays", Wwv() + Replaced(Wwv(), "Nov 21", "Nov 20"), kTwice},
         {"WwvOfADayToCome", Replaced(Wwv(), "Nov 21", "Nov 23"),
@@ -308,7 +308,7 @@ TEST(ForecastText, ANumberOfHundredsOfDigitsIsToldShort)
         DateTime{2026, 11, 21, 15, 30, 0});
     ASSERT_FALSE(res);
     EXPECT_EQ(res.TextGet(),
-              "Cannot read a sunspot number: the solar flux 300000000000... lies outside 60 to "
+              "Cannot read a sunspot number: the solar flux 300000000000... is outside 60 to "
               "370. Request the bulletin again.");
 }
 

@@ -64,7 +64,7 @@ TEST(NeedFromText, TellsWhatIsNeitherAndNamesTheList)
     EXPECT_EQ(NeedFromText(needs, "1e2").TextGet(),
               "\"1e2\" is neither a number of dB nor a need of the list: CW; RTTY.");
     EXPECT_EQ(NeedFromText(needs, "151").TextGet(),
-              "The need of 151 lies outside -50 to 150 dB in 1 Hz.");
+              "The need of 151 is outside -50 to 150 dB in 1 Hz.");
     EXPECT_FALSE(NeedFromText(needs, "-50.5"));
     EXPECT_FALSE(NeedFromText(needs, ""));
 }
@@ -133,13 +133,13 @@ INSTANTIATE_TEST_SUITE_P(
                 "Cannot keep the need \"40\": a number is not a name. Add a word."},
         BadNeed{"TooHigh",
                 {"x", 150.5F, ""},
-                "Cannot keep the need \"x\": its ratio of 150.5 lies outside -50 to 150 dB in 1 "
+                "Cannot keep the need \"x\": its ratio of 150.5 is outside -50 to 150 dB in 1 "
                 "Hz. Type "
                 "another one."},
         BadNeed{
             "NotANumber",
             {"x", std::numeric_limits<float>::quiet_NaN(), ""},
-            "Cannot keep the need \"x\": its ratio of nan lies outside -50 to 150 dB in 1 Hz. Type "
+            "Cannot keep the need \"x\": its ratio of nan is outside -50 to 150 dB in 1 Hz. Type "
             "another one."}),
     [](const auto& test) { return std::string(test.param.sName); });
 

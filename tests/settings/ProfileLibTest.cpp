@@ -480,7 +480,7 @@ TEST_F(Profile, NumbersOutOfRangeLeaveTheValueInForceAndAreTold)
     EXPECT_EQ(settings.m_fPropagationLayerAdjustEs, defaults.m_fPropagationLayerAdjustEs);
     EXPECT_EQ(m_asDropped.size(), 11U);
     EXPECT_NE(std::find(m_asDropped.begin(), m_asDropped.end(),
-                        "[Propagation Model] Model Reliability: 150 lies outside 1 to 99"),
+                        "[Propagation Model] Model Reliability: 150 is outside 1 to 99"),
               m_asDropped.end());
 }
 
@@ -494,8 +494,8 @@ TEST_F(Profile, OfAPositionBothNumbersAreInRangeOrNoneIsTaken)
     EXPECT_EQ(settings.m_dTxLat, 38.0);
     EXPECT_EQ(settings.m_dTxLon, -122.0);
     const std::vector<std::string> asExpected{
-        "[Receiver Data] Latitude: 95 lies outside -90 to 90",
-        "[Transmitter Data] Longitude: -180.5 lies outside -180 to 180"};
+        "[Receiver Data] Latitude: 95 is outside -90 to 90",
+        "[Transmitter Data] Longitude: -180.5 is outside -180 to 180"};
     EXPECT_EQ(m_asDropped, asExpected);
 }
 

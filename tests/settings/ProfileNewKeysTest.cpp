@@ -66,7 +66,7 @@ TEST_F(ProfileNewKeys, PowerOutOfRangeIsAFaultForTheConsole)
 {
     Settings settings;
     LoadInto(settings, "[Station Data]\nPower=-1\n", ProfileRanges::Keep);
-    const std::vector<std::string> asExpected{"[Station Data] Power: -1 lies outside 0 to 1000000"};
+    const std::vector<std::string> asExpected{"[Station Data] Power: -1 is outside 0 to 1000000"};
     EXPECT_EQ(SettingsFaultsGet(settings, true), asExpected);
 }
 

@@ -22,8 +22,8 @@ TEST(SettingsRange, HoldsItsEndsAndNothingBeyond)
 TEST(SettingsRange, EveryLayerFactorTakesItsEndInSinglePrecision)
 {
     EXPECT_TRUE(kRangeLayer.Holds(9.99F));
-    EXPECT_EQ(RangeFaultText(0.7F, kRangeReliability), "0.7 lies outside 1 to 99");
-    EXPECT_EQ(RangeFaultText(95.25, kRangeLatitude), "95.25 lies outside -90 to 90");
+    EXPECT_EQ(RangeFaultText(0.7F, kRangeReliability), "0.7 is outside 1 to 99");
+    EXPECT_EQ(RangeFaultText(95.25, kRangeLatitude), "95.25 is outside -90 to 90");
 }
 
 }  // namespace

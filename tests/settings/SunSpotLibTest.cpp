@@ -76,7 +76,7 @@ TEST_F(SunSpotLib, ANumberOutOfRangeIsAnErrorThatNamesFileAndKey)
     for (const char* sText : {"-0.5", "312"}) {
         EXPECT_EQ(Get(sText).TextGet(),
                   "C:\\Program Files\\AirMail\\Airmail.ini, [Propagation] SSN: "
-                      + std::string(sText) + " lies outside 0 to 311");
+                      + std::string(sText) + " is outside 0 to 311");
     }
     EXPECT_EQ(m_fNumber, kUntouched);
     EXPECT_EQ(m_settings.m_fPropagationSunSpotNumber, 70.0F);

@@ -33,7 +33,7 @@ public:
 
     struct Refused {
         QLineEdit* pBox = nullptr;  ///< nullptr: nothing was refused
-        std::string sWhy;           ///< "Type mismatch", "150 lies outside 1 to 99"
+        std::string sWhy;           ///< "Type mismatch", "150 is outside 1 to 99"
     };
     /// Copies controls to settings, up to the first text that is refused. A disabled box with such
     /// a text leaves its setting alone, because the user cannot correct it; so does a list or group

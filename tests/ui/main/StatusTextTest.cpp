@@ -130,7 +130,7 @@ TEST(StatusPosition, TellsTheAgeInWordsFromSixHoursOn)
 TEST(StatusTrouble, SaysInAUsersWordsWhichValueIsOutOfRangeThenTheMessage)
 {
     const Failure failure{FailureKind::BadInput,
-                          "PropagationRec533, Output latitude 99 lies outside -90 to 90"};
+                          "PropagationRec533, Output latitude 99 is outside -90 to 90"};
     Request input = InputMake(kEngineRec533, 11);
     input.dRcLat = 99.0;
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineRec533, failure, StatusInputFault(input)),

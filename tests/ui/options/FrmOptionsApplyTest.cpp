@@ -43,7 +43,7 @@ TEST_P(FrmOptionsBox, OutOfRangeIsToldLikeATextThatIsNoNumber)
         Press(frm.cmdApply);
         const std::string sValue = NumberToText(dValue);
         EXPECT_EQ(OneShown(msg).sText, "Unable to use \"" + sValue + "\", " + sValue
-                                           + " lies outside " + NumberToText(range.dLeast) + " to "
+                                           + " is outside " + NumberToText(range.dLeast) + " to "
                                            + NumberToText(range.dMost)
                                            + ".  Please type a number.");
         EXPECT_EQ(ValueGet(), fBefore);
