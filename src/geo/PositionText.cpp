@@ -50,8 +50,8 @@ Result<double> InRange(const PositionAngle& ang, PositionAxis eAxis)
     const double dMost = eAxis == PositionAxis::Latitude ? kLatitudeMost : kLongitudeMost;
     if (ang.dValue <= dMost)
         return ang.ValueGet();
-    return RunError{std::string(NameOf(eAxis)) + " " + NumberToText(ang.ValueGet())
-                    + "° lies beyond " + NumberToText(dMost) + "°"};
+    return RunError{std::string(NameOf(eAxis)) + " " + NumberToText(ang.ValueGet()) + "° is beyond "
+                    + NumberToText(dMost) + "°"};
 }
 
 Result<double> EntryRead(std::string_view sText, PositionAxis eAxis)

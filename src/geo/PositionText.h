@@ -3,7 +3,7 @@
 ///
 /// Units:   degrees, north and east positive; texts UTF-8.
 /// Domain:  see PositionForm. Only the pasted form checks ranges: 90 and 180 degrees.
-/// Errors:  the reason in words for the user ("latitude 91° lies beyond 90°"). Entry: "Invalid
+/// Errors:  the reason in words for the user ("latitude 91° is beyond 90°"). Entry: "Invalid
 ///          procedure call or argument" without degree sign or apostrophe, else "Type mismatch".
 /// Tests:   tests/geo/PositionTextTest.cpp
 #pragma once

@@ -349,7 +349,7 @@ TEST_F(HopcastPredict, AValueOutOfRangeInAProfileIsRefusedWithFileAndKey)
          {Case{"[Propagation Model]\nModel Reliability=150\n",
                "[Propagation Model] Model Reliability: 150 is outside 1 to 99"},
           Case{"[Propagation Model]\nNoise Level=1e99\n",
-               "[Propagation Model] Noise Level: 340282346638528859811704183484516925440 lies "
+               "[Propagation Model] Noise Level: 340282346638528859811704183484516925440 is "
                "outside -200 to -100"},
           Case{"[Propagation Model]\nModel=9\n", "[Propagation Model] Model: 9 is outside 1 to 3"},
           Case{"[Transmitter Data]\nLatitude=95\n",

@@ -177,9 +177,8 @@ INSTANTIATE_TEST_SUITE_P(All, PastedRefused,
 TEST(PositionText, SaysWhyAPastedTextIsRefused)
 {
     EXPECT_EQ(PositionFromText(" north\n", kLat).TextGet(), "\"north\" is not a position");
-    EXPECT_EQ(PositionFromText("99.5", kLat).TextGet(), "latitude 99.5° lies beyond 90°");
-    EXPECT_EQ(PositionFromText("24.5, -181.5", kLat).TextGet(),
-              "longitude -181.5° lies beyond 180°");
+    EXPECT_EQ(PositionFromText("99.5", kLat).TextGet(), "latitude 99.5° is beyond 90°");
+    EXPECT_EQ(PositionFromText("24.5, -181.5", kLat).TextGet(), "longitude -181.5° is beyond 180°");
     EXPECT_EQ(PositionFromText("122°15.00'W", kLat).TextGet(), "\"122°15.00'W\" is a longitude");
     EXPECT_EQ(PositionFromText("12 S", kLon).TextGet(), "\"12 S\" is a latitude");
 }

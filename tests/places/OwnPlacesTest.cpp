@@ -63,7 +63,7 @@ TEST(OwnPlaces, RowsThatCannotBeUsedAreToldByTheirLine)
          {Case{"x,1N 2E,", "it has 3 columns, not 4"},
           Case{"x,1N 2E,,,", "it has 5 columns, not 4"}, Case{",1N 2E,,", "it has no name"},
           Case{"x,1N,,", "\"1N\" is not a position"}, Case{"x,,,", "\"\" is not a position"},
-          Case{"x,91N 2E,,", "latitude 91° lies beyond 90°"},
+          Case{"x,91N 2E,,", "latitude 91° is beyond 90°"},
           Case{"x,1N 2E,7103 daily,", "\"daily\" is not a frequency from 1600 to 30000 kHz"},
           Case{"x,1N 2E,45000,", "\"45000\" is not a frequency from 1600 to 30000 kHz"},
           Case{"x\xFF,1N 2E,,", "its name is not UTF-8"},

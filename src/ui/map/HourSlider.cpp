@@ -48,9 +48,9 @@ void HourSlider::LabelsSet(const HourLabels& asHour)
 
 void HourSlider::ComputedSet(const AreaHours& hours)
 {
-    if (hours != m_hoursThere)
+    if (hours != m_hoursComputed)
         update();
-    m_hoursThere = hours;
+    m_hoursComputed = hours;
 }
 
 void HourSlider::HourShow(int iHour)
@@ -154,7 +154,7 @@ void HourSlider::paintEvent(QPaintEvent* /*pEvent*/)
         const QRect rct = HourGetRect(iHour);
         const bool bChosen = iHour == value();
         painter.fillRect(rct, pal.color(bChosen ? QPalette::Highlight : QPalette::Base));
-        if (!bChosen && !m_hoursThere.test(static_cast<std::size_t>(iHour)))
+        if (!bChosen && !m_hoursComputed.test(static_cast<std::size_t>(iHour)))
             painter.fillRect(rct, QBrush(pal.color(QPalette::Mid), Qt::BDiagPattern));
         painter.setPen(pal.color(QPalette::Mid));
         painter.drawLine(rct.topRight(), rct.bottomRight());

@@ -47,6 +47,6 @@ private:
     [[nodiscard]] int HourAt(int nX) const;
 
     HourLabels m_asHour;
-    AreaHours m_hoursThere;
+    AreaHours m_hoursComputed;
     int m_nWheel = 0;
 };

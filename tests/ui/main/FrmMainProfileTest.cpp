@@ -207,7 +207,7 @@ TEST(FrmMainProfile, WhatWasNotTakenFromItIsToldOnceByTheStatusLine)
     EXPECT_DOUBLE_EQ(frm.m_settings.m_dRcLon, -110.0);
     EXPECT_GT(rig.m_engine.nStarts, 0);
     EXPECT_EQ(frm.lblTrouble->text(),
-              QStringLiteral("Not taken from the profile: [Receiver Data] Latitude: 95 lies "
+              QStringLiteral("Not taken from the profile: [Receiver Data] Latitude: 95 is "
                              "outside -90 to 90"));
     EXPECT_FALSE(frm.lblOld->isVisible()) << "the table is the one asked for";
     EXPECT_TRUE(frm.Update());

@@ -134,7 +134,7 @@ TEST(StatusTrouble, SaysInAUsersWordsWhichValueIsOutOfRangeThenTheMessage)
     Request input = InputMake(kEngineRec533, 11);
     input.dRcLat = 99.0;
     EXPECT_EQ(StatusTrouble(RunTrouble::Engine, kEngineRec533, failure, StatusInputFault(input)),
-              "Receiver latitude 99° is out of range: PropagationRec533, Output latitude 99 lies "
+              "Receiver latitude 99° is out of range: PropagationRec533, Output latitude 99 is "
               "outside -90 to 90");
     input.dRcLat = 9.0;
     input.dTxLon = -181.5;
