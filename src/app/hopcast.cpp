@@ -172,7 +172,7 @@ std::string ProblemGet(const Options& options)
                : WordsPut(QObject::tr("--profile: %1, %2"), sWhy, *options.sProfile);
 }
 
-/// The words left over by the toolkit.
+/// The words that Qt has left.
 std::vector<std::string> WordsGet()
 {
     std::vector<std::string> asWords;
@@ -200,7 +200,7 @@ int main(int nArguments, char** asArguments)
         return CardExportRun(asAlone);
     }
     QApplication app(nArguments, asArguments);
-    // No display name: the toolkit would append it to the title of every other window.
+    // No display name: Qt would append it to the title of every other window.
     QApplication::setApplicationName(QStringLiteral("Hopcast"));
     MsgWindowInstall();
     if (sAnswer) {

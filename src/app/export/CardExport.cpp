@@ -139,7 +139,7 @@ int Export(const ExportRequest& request)
     if (!predicted)
         return resRoot ? kExitFailed
                        : Fail(kExitFailed, "Hopcast's own engine folder: " + resRoot.TextGet());
-        // Text is painted by the toolkit's platform plugin. On Windows that works without a window;
+        // Text is painted by Qt's platform plugin. On Windows that works without a window;
         // elsewhere a desktop's theme would need the display.
 #ifndef Q_OS_WIN
     qputenv("QT_QPA_PLATFORM", "offscreen");

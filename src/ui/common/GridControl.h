@@ -38,7 +38,7 @@ public:
     [[nodiscard]] bool StaleGet() const { return m_bStale; }
 
     /// Keeps the grid no wider than its columns and no higher than its rows can grow.
-    void HugSet(bool bHug) { m_sizes.HugSet(bHug); }
+    void ContentLimitSet(bool bLimit) { m_sizes.ContentLimitSet(bLimit); }
 
     void CurrentSet(int iRow, int iCol);  ///< scrolls it into view; a header or -1: no current cell
     [[nodiscard]] GridPlace CurrentGet() const;

@@ -73,9 +73,9 @@ void GridSizes::ColsFollow()
         RowsStretch();
 }
 
-void GridSizes::HugSet(bool bHug)
+void GridSizes::ContentLimitSet(bool bLimit)
 {
-    m_bHug = bHug;
+    m_bContentLimit = bLimit;
     LimitsSet();
 }
 
@@ -83,6 +83,6 @@ void GridSizes::LimitsSet()
 {
     const int nHeight =
         HeaderHeight() + (m_grid.RowsGet() - 1) * RowHeightMost() + 2 * m_grid.frameWidth();
-    m_grid.setMaximumSize(m_bHug ? QSize(ContentWidth() + m_nBar, nHeight)
-                                 : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+    m_grid.setMaximumSize(m_bContentLimit ? QSize(ContentWidth() + m_nBar, nHeight)
+                                          : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
 }

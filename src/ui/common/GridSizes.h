@@ -21,7 +21,7 @@ public:
     /// Fits the rows into the grid's present height.
     void RowsStretch();
     /// Keeps the grid no wider than its columns and no higher than its rows can grow.
-    void HugSet(bool bHug);
+    void ContentLimitSet(bool bLimit);
     /// Call after a change of columns.
     void ColsFollow();
 
@@ -32,7 +32,7 @@ private:
     [[nodiscard]] int HeaderHeight() const;
 
     GridControl& m_grid;
-    bool m_bHug = false;
+    bool m_bContentLimit = false;
     bool m_bWide = false;  ///< the columns need a scroll bar
     int m_nBar = 0;        ///< width of the vertical scroll bar, 0 while all rows fit
 };

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int kLettersMost = 16;  // room in the status line is short
+constexpr int kLettersMost = 16;  // the status line has little room
 
 QString EntryText(const Need& need)
 {

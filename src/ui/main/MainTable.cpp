@@ -7,7 +7,7 @@
 
 MainTable::MainTable(GridControl& grd, const Settings& settings) : m_grd(grd), m_settings(settings)
 {
-    m_grd.HugSet(true);
+    m_grd.ContentLimitSet(true);
     m_grd.SpeechSet([this](int iRow, int iCol) { return Speech(iRow, iCol); });
     new GridCorner(m_grd, {});
     QObject::connect(&m_grd, &GridControl::MouseMoved, &m_grd,

@@ -1,7 +1,7 @@
 /// @file StationMenu.h
 /// The menu of Airmail's stations: Ham, SailMail and Other, each with one item per station.
 ///
-/// Errors:  the Airmail reader reports each station file that cannot be read in a message box.
+/// Errors:  for each station file that cannot be read the Airmail reader shows a message box.
 /// Tests:   tests/ui/main/FrmMainStationsTest.cpp
 #pragma once
 

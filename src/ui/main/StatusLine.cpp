@@ -87,7 +87,7 @@ bool StatusLine::eventFilter(QObject* pObject, QEvent* pEvent)
     return QObject::eventFilter(pObject, pEvent);
 }
 
-/// A message of trouble is cut where it would hide what is in force; its tooltip has the full text.
+/// The text of a failure is cut where it would hide what is in force; its tooltip has all of it.
 void StatusLine::WidthShare()
 {
     constexpr int kGaps = 10;  // size grip and spaces, in average letters

@@ -29,7 +29,7 @@ public:
     void RefusedSet(const std::string& sRefused) { m_sRefused = sRefused; }
     /// What is worth knowing while nothing has gone wrong; empty for nothing.
     void WarningSet(const std::string& sWarning) { m_sWarning = sWarning; }
-    /// A notice that the next Show displays once, unless there is trouble to show.
+    /// A notice that the next Show displays once, unless a failure is shown.
     void NoticeSet(const std::string& sNotice) { m_sNotice = sNotice; }
     /// @return false if that hint is already shown
     bool HintSet(const std::string& sHint);

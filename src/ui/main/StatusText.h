@@ -24,10 +24,11 @@ struct StatusFacts {
 
 enum class StatusForm { Long, Short };
 
-/// "REC533 (built-in, P.533 with long-path rule, mean maps) · November · SSN 62 (mean cycle) · 100
-/// W"; without the user's own power "5 kW, as the antenna choice". An unknown engine number reads
+/// A line such as
+///   REC533 (built-in, P.533 with long-path rule, mean maps) · May · SSN 62 (mean cycle) · 100 W
+/// or without the user's own power "5 kW, as the antenna choice". An unknown engine number reads
 /// "no engine". The short form drops what is in brackets, but not a bracket in the profile's name:
-/// "REC533 built-in · November · SSN 62 · 100 W".
+/// "REC533 built-in · May · SSN 62 · 100 W".
 [[nodiscard]] std::string StatusInForce(const Request& input, const StatusFacts& facts,
                                         StatusForm eForm = StatusForm::Long);
 

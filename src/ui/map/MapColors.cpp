@@ -104,7 +104,7 @@ private:
 /// line runs from side to side.
 void OverlayNight(QImage& img, ColorTable& table)
 {
-    std::vector<QRgb> aAbove(static_cast<std::size_t>(img.width()), kBlack);  // cells
+    std::vector<QRgb> aAbove(static_cast<std::size_t>(img.width()), kBlack);  // the cells'
     std::vector<QRgb> aRow(aAbove.size());
     for (int nRow = 0; nRow < img.height(); ++nRow) {
         auto* const pRow = reinterpret_cast<QRgb*>(img.scanLine(nRow));

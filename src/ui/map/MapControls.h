@@ -41,8 +41,8 @@ class PctMap final : public MouseControl {
     Q_OBJECT
 public:
     explicit PctMap(QWidget* pParent);
-    /// Makes the picture fit this control's size and pixel density, filled with the background's
-    /// colour; does nothing if it already does.
+    /// Gives the picture this control's size and pixel density and fills it with the background's
+    /// colour, unless it has them already.
     void PictureSize();
 
     QImage m_img;             ///< device pixels

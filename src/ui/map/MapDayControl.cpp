@@ -203,7 +203,7 @@ void MapDayControl::ShownTake()
 MapDayTarget MapDayControl::TargetGet(int iHour) const
 {
     MapDayTarget target{iHour, {}};
-    if (DayLayerOfFrequency(m_shown.eLayer))
+    if (DayLayerHasFrequency(m_shown.eLayer))
         target.iFrequency = m_shown.iFrequency;
     return target;
 }
@@ -286,7 +286,7 @@ void MapDayControl::BarShow()
     ShownTake();
     pBar->HourShow(m_shown.iHour, m_host.SettingsGet().m_iTimeCode);
     pBar->FrequenciesShow(m_shown.afFrequency, m_shown.iFrequency);
-    pBar->FrequencyEnable(DayLayerOfFrequency(m_shown.eLayer));
+    pBar->FrequencyEnable(DayLayerHasFrequency(m_shown.eLayer));
     AreaHours hours;
     for (int iHour = 0; m_bOn && iHour < kHourCount; ++iHour)
         hours.set(static_cast<std::size_t>(iHour), m_run.GridGet(TargetGet(iHour)) != nullptr);

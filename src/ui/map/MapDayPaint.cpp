@@ -121,7 +121,7 @@ Legend HoursLegend(const MapDayShown& shown)
 
 }  // namespace
 
-bool DayLayerOfFrequency(MapDayLayerKind eLayer)
+bool DayLayerHasFrequency(MapDayLayerKind eLayer)
 {
     return eLayer == MapDayLayerKind::Snr || eLayer == MapDayLayerKind::DaysInTen;
 }

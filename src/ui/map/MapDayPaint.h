@@ -34,7 +34,7 @@ struct MapDayShown {
 };
 
 /// True if the layer is for a single frequency.
-[[nodiscard]] bool DayLayerOfFrequency(MapDayLayerKind eLayer);
+[[nodiscard]] bool DayLayerHasFrequency(MapDayLayerKind eLayer);
 
 /// The layer's value for a point: the SNR; the index of the best frequency if its SNR is painted;
 /// days in ten; hours open.

@@ -39,13 +39,13 @@ frmMap::frmMap(MainWindowHost& host, MapEngineFn fnEngine, QWidget* pParent)
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QObject::tr("Hopcast - World Map"));
     m_reach.EnginesSet(std::move(fnEngine));
-    RoomsConnect();
+    PartsConnect();
     LayersAdd();
     pctMap->setFocus();  // not a flag, which would take the arrow keys
     resize(kSizeAtFirst);
 }
 
-void frmMap::RoomsConnect()
+void frmMap::PartsConnect()
 {
     connect(cmdOk, &QPushButton::clicked, this, &frmMap::cmdOkClick);
     connect(cmdCancel, &QPushButton::clicked, this, [this] { close(); });

@@ -52,7 +52,7 @@ protected:
     void wheelEvent(QWheelEvent* pEvent) override;
 
 private:
-    void RoomsConnect();
+    void PartsConnect();
     void LayersAdd();
     void Activate();
     void LocationsTake();

@@ -308,7 +308,7 @@ TEST_F(GridControlShown, HeadersStayWhileCellsScroll)
 
 TEST_F(GridControlShown, HuggingGridIsNoWiderThanItsColumns)
 {
-    m_grd.HugSet(true);
+    m_grd.ContentLimitSet(true);
     EXPECT_EQ(m_grd.maximumWidth(), 5 * 40 + 2 * m_grd.frameWidth());
 }
 
