@@ -19,13 +19,11 @@
 #include "ui/main/StatusLine.h"
 #include "ui/main/TableOutput.h"
 #include "ui/main/frmMain.h"
-#include "ui/options/AppIcon.h"
 
 frmMain::frmMain(QWidget* pParent) : QMainWindow(pParent)
 {
     setupUi(this);
     TitleSet({});
-    setWindowIcon(AppIconGet());
     PartsMake();
     EntryConnect();
     TableConnect();

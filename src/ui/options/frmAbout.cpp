@@ -14,7 +14,6 @@ frmAbout::frmAbout(QWidget* pParent) : QDialog(pParent)
 {
     setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowIcon(AppIconGet());
     picIcon->setPixmap(AppIconGet().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
     lblTitle->setText(QString::fromUtf8(kTitle));
     // A label breaks lines only at line feeds.

@@ -15,7 +15,6 @@
 #include "ui/common/PaletteShown.h"
 #include "ui/common/ScrollPage.h"
 #include "ui/options/AntennaTip.h"
-#include "ui/options/AppIcon.h"
 #include "ui/options/FrequencyText.h"
 #include "ui/options/frmForecast.h"
 
@@ -58,7 +57,6 @@ frmOptions::frmOptions(MainWindowHost& host, QWidget* pParent)
     SSTab->addTab(pagStation, tr("S&tation"));
     SSTab->addTab(pagColour, tr("Colours"));
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowIcon(AppIconGet());
     PagesScroll();
     m_controls = SettingControls(*this);
     m_pModelGroup = &m_controls.GroupGet(&Settings::m_iPropagationModel);

@@ -71,13 +71,21 @@ TEST(FrmAbout, ClosedIsDestroyed)
 TEST(AppIcon, HasEverySizeInItsOwnPicture)
 {
     const QIcon icon = AppIconGet();
-    EXPECT_EQ(icon.availableSizes().size(), 8);
-    for (const int nSize : {16, 24, 32, 48, 64, 128, 256, 512}) {
+    EXPECT_EQ(icon.availableSizes().size(), 7);
+    for (const int nSize : {16, 24, 32, 48, 64, 128, 256}) {
         const QImage img(Q(":/icon/hopcast-%1.png").arg(nSize));
         EXPECT_EQ(img.size(), QSize(nSize, nSize));
         EXPECT_TRUE(img.hasAlphaChannel());
         EXPECT_EQ(icon.pixmap(nSize).toImage().size(), QSize(nSize, nSize));
     }
+}
+
+TEST(AppIcon, IsTheApplicationsInEveryWindow)
+{
+    QApplication::setWindowIcon(AppIconGet());
+    const frmAbout frm;
+    EXPECT_EQ(frm.windowIcon().cacheKey(), QApplication::windowIcon().cacheKey());
+    QApplication::setWindowIcon({});
 }
 
 TEST(AppIcon, WindowsFileHoldsTheUsualSizes)
