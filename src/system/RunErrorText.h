@@ -7,6 +7,7 @@
 inline constexpr const char* kTypeMismatch = "Type mismatch";
 inline constexpr const char* kInvalidCall = "Invalid procedure call or argument";
 inline constexpr const char* kOverflow = "Overflow";
+inline constexpr const char* kOutOfMemory = "Out of memory";
 inline constexpr const char* kDivisionByZero = "Division by zero";
 inline constexpr const char* kSubscriptOutOfRange = "Subscript out of range";
 inline constexpr const char* kFileNotFound = "File not found";

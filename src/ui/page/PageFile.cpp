@@ -18,6 +18,7 @@
 #endif
 
 #include "system/FileLib.h"
+#include "system/RunErrorText.h"
 #include "ui/common/FileDialog.h"
 #include "ui/common/Words.h"
 
@@ -57,7 +58,7 @@ bool PictureIs(const Page& page)
     });
 }
 
-QByteArray PdfGet(const Page& page, const PageForm& form)
+QByteArray PdfGet(const Page& page, const QPageLayout& layout, PageLook eLook)
 {
     QByteArray aBytes;
     QBuffer buffer(&aBytes);
@@ -65,14 +66,14 @@ QByteArray PdfGet(const Page& page, const PageForm& form)
     {
         QPdfWriter writer(&buffer);
         writer.setResolution(kPdfDotsPerInch);
-        writer.setPageLayout(LayoutGet(form));
+        writer.setPageLayout(layout);
         writer.setTitle(page.sTitle);
         writer.setCreator(QStringLiteral("Hopcast"));
         QPainter painter(&writer);
         PagePaint(
             painter,
             QRectF(QPointF(0, 0), writer.pageLayout().paintRectPixels(kPdfDotsPerInch).size()),
-            page, form.eLook);
+            page, eLook);
     }
     return aBytes;
 }
@@ -169,7 +170,7 @@ Result<void> PageExport(const Page& page, const PageForm& form, const QString& s
         return res;
     const QString sSuffix = SuffixGet(sFile);
     if (sSuffix == QLatin1String("pdf"))
-        return BytesSave(sFile, PdfGet(page, form));
+        return BytesSave(sFile, PdfGet(page, LayoutGet(form), form.eLook));
     if (sSuffix == QLatin1String("png"))
         return ImageSave(PageImage(page, form, kPngDotsPerInch), sFile);
     const PageGrid* const pGrid = GridFind(page);
@@ -180,7 +181,10 @@ Result<void> PageExport(const Page& page, const PageForm& form, const QString& s
 
 Result<void> ImageSave(const QImage& image, const QString& sFile)
 {
-    return BytesSave(sFile, PngGet(image));
+    const QByteArray aBytes = PngGet(image);
+    if (aBytes.isEmpty())  // there was no memory for the image
+        return RunError{sFile.toStdString() + ": " + kOutOfMemory};
+    return BytesSave(sFile, aBytes);
 }
 
 Result<void> PagePrint(const Page& page, const PageForm& form, [[maybe_unused]] QWidget* pParent)
@@ -192,12 +196,17 @@ Result<void> PagePrint(const Page& page, const PageForm& form, [[maybe_unused]] 
     QPrintDialog dlg(&printer, pParent);
     if (dlg.exec() != QDialog::Accepted)
         return {};
+    // Qt tells nothing of a file that it could not write to its end.
+    if (const QString sFile = printer.outputFileName(); !sFile.isEmpty())
+        return BytesSave(sFile, PdfGet(page, printer.pageLayout(), form.eLook));
     QPainter painter;
-    if (!painter.begin(&printer))
+    const bool bBegun = painter.begin(&printer);
+    if (bBegun)
+        PagePaint(painter, QRectF(QPointF(0, 0), printer.pageRect(QPrinter::DevicePixel).size()),
+                  page, form.eLook);
+    if (!bBegun || !painter.end() || printer.printerState() == QPrinter::Error)
         return RunError{
             WordsPut(QObject::tr("The printer \"%1\" does not answer."), printer.printerName())};
-    PagePaint(painter, QRectF(QPointF(0, 0), printer.pageRect(QPrinter::DevicePixel).size()), page,
-              form.eLook);
     return {};
 #else
     // The reader program prints it. It may still be reading when Hopcast ends, so the file is kept.
@@ -207,8 +216,10 @@ Result<void> PagePrint(const Page& page, const PageForm& form, [[maybe_unused]] 
         return RunError{file.fileName().toStdString() + ": " + file.errorString().toStdString()};
     const QString sFile = file.fileName();
     file.close();
-    if (auto res = BytesSave(sFile, PdfGet(page, form)); !res)
+    if (auto res = BytesSave(sFile, PdfGet(page, LayoutGet(form), form.eLook)); !res) {
+        file.remove();
         return res;
+    }
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(sFile)))
         return RunError{
             WordsPut(QObject::tr("No program for PDF files was found. The page is in %1."), sFile)};

@@ -112,6 +112,16 @@ TEST(PageExport, AFileThatCannotBeWrittenIsToldByItsName)
     EXPECT_TRUE(res.TextGet().starts_with(sFile + ": ")) << res.TextGet();
 }
 
+TEST(PageExport, APictureThatHadNoMemoryIsToldAndTheOldFileStays)
+{
+    const TempFolder folder;
+    const std::string sFile = folder.Write("a.png", "before");
+    const auto res = ImageSave(QImage(), QString::fromStdString(sFile));
+    ASSERT_FALSE(res);
+    EXPECT_EQ(res.TextGet(), sFile + ": Out of memory");
+    EXPECT_EQ(BytesRead(sFile), "before");
+}
+
 TEST(PageGridCopy, TheClipboardHasTextAndTable)
 {
     const PageGrid grid = SampleGrid(4);
