@@ -15,6 +15,7 @@
 #include "system/ClockLib.h"
 #include "system/ConsoleLib.h"
 #include "system/LeftoverLib.h"
+#include "system/MemoryLib.h"
 #include "system/MsgLib.h"
 #include "system/PathLib.h"
 #include "system/PrivateProfileLib.h"
@@ -185,6 +186,7 @@ std::vector<std::string> WordsGet()
 
 int main(int nArguments, char** asArguments)
 {
+    OutOfMemoryHandle("hopcast", kExitFailed, EngineRootRelease);
     const bool bConsole = ConsoleIsThere();
     const std::vector<std::string> asAlone = ArgumentsGet(nArguments, asArguments);
     const Options optionsAlone = OptionsGet(asAlone);

@@ -10,6 +10,7 @@
 #include "propagation/itshfbc/EngineRoot.h"
 #include "system/ConsoleLib.h"
 #include "system/FileLib.h"
+#include "system/MemoryLib.h"
 #include "system/MsgLib.h"
 #include "system/PathLib.h"
 #include "system/SignalLib.h"
@@ -36,6 +37,7 @@ int main(int nArguments, char** asArguments)
 {
     const ConsoleUtf8 console;
     EndSignalsHandle(EngineRootRelease);
+    OutOfMemoryHandle("hopcast-predict", kExitFailed, EngineRootRelease);
     const std::vector<std::string> asWords = ArgumentsGet(nArguments, asArguments);
     const auto resOptions = PredictOptionsGet(asWords);
     if (!resOptions)
