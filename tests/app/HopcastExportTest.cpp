@@ -231,6 +231,28 @@ TEST_F(HopcastExport, AFailureIsToldOnStandardErrorWithStatusOne)
     EXPECT_FALSE(fs::exists(sFile));
 }
 
+TEST_F(HopcastExport, AFullDiskLeavesTheOldFileWhole)
+{
+    // A home that can be written: the engine root is provisioned before the disk is full. There is
+    // room for the engine's 16 KB still.
+    const EnvironmentSet envData("XDG_DATA_HOME", m_folder.Path("data"));
+    ASSERT_EQ(Export(m_folder.Path("first.csv")).nStatus, 0);
+    for (const std::string sSuffix : {"png", "pdf"}) {
+        const std::string sFile = m_folder.Write("out/card." + sSuffix, "what was there before");
+        Words asWords{
+            "/bin/sh",           "-c",       "trap '' XFSZ; ulimit -f 40; exec \"$0\" \"$@\"",
+            TEST_BIN "/hopcast", "--export", sFile};
+        asWords.insert(asWords.end(), kPath.begin(), kPath.end());
+        const ProgramResult res = ProgramRun(asWords);
+        EXPECT_EQ(res.nStatus, 1);
+        EXPECT_TRUE(res.sError.ends_with("hopcast: --export: " + sFile + ": Disk full\n"))
+            << res.sError;
+        EXPECT_EQ(BytesRead(sFile), "what was there before");
+        EXPECT_EQ(std::distance(fs::directory_iterator(m_folder.Path("out")), {}), 1);
+        fs::remove(sFile);
+    }
+}
+
 TEST_F(HopcastExport, HelpBesideItIsHelp)
 {
     const ProgramResult res = Export(m_folder.Path("card.pdf"), {"--help"});
