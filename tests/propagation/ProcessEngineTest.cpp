@@ -5,12 +5,14 @@
 #include <chrono>
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <thread>
 
 #include "propagation/EngineCases.h"
 #include "propagation/FakeEngine.h"
 #include "propagation/PropagationLib.h"
+#include "propagation/itshfbc/EngineManifest.h"
 #include "propagation/itshfbc/ProcessEngine.h"
 #include "support/TempFolder.h"
 #include "system/LockLib.h"
@@ -146,6 +148,52 @@ TEST_F(ProcessEngines, TakeTurnsInTheRootUnlessItIsOurLauncher)
     EXPECT_EQ(m_rec533.LimitsGet().nFrequencies, 10);
     EXPECT_EQ(ProcessEngine(kEngineVoacap).LimitsGet().nAtOnce, 1) << "somebody else's";
 }
+
+#ifndef _WIN32  // Hopcast's launcher is not there
+/// A root whose voacapw.exe counts as Hopcast's launcher.
+class OwnLauncher : public testing::Test {
+protected:
+    FakeRoot m_root;
+    const std::string m_sProgram = m_root.Path("bin_win/voacapw.exe");
+    const std::string m_sManifest = m_root.Path("hopcast-engines.txt");
+    const ProcessEngine m_voacap{kEngineVoacap};
+
+    ~OwnLauncher() override { std::filesystem::remove(m_sManifest); }
+    void Voacap(const std::string& sScript) const
+    {
+        m_root.Engine("voacapw.exe", sScript);
+        std::ofstream(m_sManifest) << LineMake("voacapw.exe", CopyMark(m_sProgram)) << '\n';
+    }
+};
+
+/// Without them the windows of many predictions would show other numbers than the main window.
+TEST_F(OwnLauncher, FindsTheRootsAntennasInAFolderOfItsOwnToo)
+{
+    const TempFolder folder;
+    const std::string sSeen = folder.Path("seen");
+    const std::string sAntenna = m_root.Path("Antennas/default/swwhip.voa");
+    std::filesystem::create_directories(m_root.Path("Antennas/default"));
+    std::ofstream(sAntenna) << "mine";
+    Voacap("pwd > '" + sSeen + "'\ncat \"$1/antennas/default/swwhip.voa\" >> '" + sSeen + "'\ncp '"
+           + CapturedPath("voacap/p2p_01", ".out") + "' $out");
+    EXPECT_GE(m_voacap.LimitsGet().nAtOnce, 1);
+    EXPECT_TRUE(m_voacap.Predict(RequestOf(kEngineVoacap, 3), {}).bOk);
+    const std::string sTold = BytesRead(sSeen);
+    EXPECT_FALSE(sTold.starts_with(m_root.Path(""))) << sTold;
+    EXPECT_TRUE(sTold.ends_with("\nmine")) << sTold;
+    EXPECT_EQ(BytesRead(sAntenna), "mine") << "they stay when the folder goes";
+    EXPECT_FALSE(std::filesystem::exists(sTold.substr(0, sTold.find('\n'))));
+}
+
+TEST_F(OwnLauncher, RunsInTheRootWhereThereIsNoFolderOfItsOwn)
+{
+    const TempFolder folder;
+    const EnvironmentSet temporary("TMPDIR", folder.Path("missing"));
+    Voacap("cp '" + CapturedPath("voacap/p2p_01", ".out") + "' $out");
+    EXPECT_TRUE(m_voacap.Predict(RequestOf(kEngineVoacap, 3), {}).bOk);
+    EXPECT_EQ(m_root.CallCount(), 1);
+}
+#endif
 
 TEST_F(ProcessEngines, AnAreaIsItsPointsInGridOrder)
 {

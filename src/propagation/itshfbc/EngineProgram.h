@@ -30,6 +30,8 @@ struct EngineProgram {
 inline constexpr std::string_view kSoundDeck = "c:\\itshfbc\\RUN\\sound.dat";
 inline constexpr std::string_view kSoundOutput = "c:\\itshfbc\\RUN\\sound.out";
 inline constexpr std::string_view kAreaFolder = "c:\\itshfbc\\areadata\\";
+/// Antenna files that the engines read, where the root has any.
+inline constexpr std::string_view kEngineAntennas = "c:\\itshfbc\\antennas";
 /// Receives an engine's standard output and error; deleted after the run.
 inline constexpr std::string_view kEngineConsole = "c:\\itshfbc\\RUN\\hopcast.txt";
 /// Lock file, held from writing a deck to reading its output.

@@ -16,6 +16,8 @@
 #include "system/TextLib.h"
 #include "system/UserFolders.h"
 
+namespace fs = std::filesystem;
+
 namespace {
 
 constexpr std::size_t kLineMax = 200;  // bytes that a status line can show
@@ -64,28 +66,42 @@ Result<void> OldOutputRemove(const std::string& sPath)
     return {};
 }
 
+/// A root for one attempt alone. The launcher takes the root's own antennas before those of the
+/// package, so they are linked. @return its path; empty when it cannot be made whole
+std::string OwnFolderMake(const EngineRoot& root)
+{
+    std::string sFolder = TemporaryRootMake();
+    if (sFolder.empty())
+        return {};
+    std::error_code ec;
+    for (const char* sName : {"/RUN", "/areadata"})
+        if (!ec)
+            FolderMakePrivate(PathFromText(HostPathBelow(sFolder, sName)), ec);
+    const fs::path pthAntennas = PathFromText(root.Path(kEngineAntennas));
+    if (std::error_code ecNone; !ec && fs::is_directory(pthAntennas, ecNone))
+        fs::create_directory_symlink(pthAntennas, PathFromText(sFolder) / "antennas", ec);
+    if (!ec)
+        return sFolder;
+    fs::remove_all(PathFromText(sFolder), ec);
+    return {};
+}
+
 }  // namespace
 
 double EngineLimitSet(double dSeconds) { return LimitGet().exchange(dSeconds); }
 
 EnginePlace::EnginePlace(bool bOwnFolder, EngineRoot root)
     : m_root(std::move(root)),
-      m_sFolder(bOwnFolder ? TemporaryRootMake() : m_root.sFolder),
+      m_sFolder(bOwnFolder ? OwnFolderMake(m_root) : m_root.sFolder),
       m_bOwn(bOwnFolder)
 {
-    if (!m_bOwn || m_sFolder.empty())
-        return;
-    for (const char* sFolder : {"/RUN", "/areadata"}) {
-        std::error_code ec;
-        FolderMakePrivate(PathFromText(HostPathBelow(m_sFolder, sFolder)), ec);
-    }
 }
 
 EnginePlace::~EnginePlace()
 {
     std::error_code ec;
     if (m_bOwn && !m_sFolder.empty())
-        std::filesystem::remove_all(PathFromText(m_sFolder), ec);
+        fs::remove_all(PathFromText(m_sFolder), ec);
 }
 
 std::string EnginePlace::Path(std::string_view sPath) const

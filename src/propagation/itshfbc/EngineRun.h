@@ -50,7 +50,7 @@ struct EngineTask {
 struct EngineWay {
     std::stop_token stop = {};
     /// Run each attempt in its own folder, without the root's lock: for engines whose program reads
-    /// only its deck from the root.
+    /// only its deck and the antennas from the root.
     bool bOwnFolder = false;
     /// Chosen once for all of a request's runs: a package that is installed in between would
     /// otherwise mix two roots.

@@ -18,8 +18,9 @@ public:
     /// The name with path, size and time of the program's file: another program of that name is
     /// another engine.
     [[nodiscard]] std::string IdentityGet() const override;
-    /// Hopcast's launcher for VOACAP, which reads only the deck from its root, runs in separate
-    /// folders, as many at once as there are cores. Any other engine takes turns in the root.
+    /// Hopcast's launcher for VOACAP, which reads only deck and antennas from its root, runs in
+    /// separate folders, as many at once as there are cores. Any other engine takes turns in the
+    /// root.
     [[nodiscard]] EngineLimits LimitsGet() const override;
     [[nodiscard]] std::optional<Failure> ObstacleGet() const override;
     [[nodiscard]] Prediction Predict(const Request& request,
