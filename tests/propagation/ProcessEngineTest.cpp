@@ -100,6 +100,23 @@ TEST_F(ProcessEngines, AreOthersWhenTheirProgramsAreExchanged)
     EXPECT_NE(ProcessEngine(kEngineVoacap).IdentityGet(), sNone) << "each engine its own";
 }
 
+TEST_F(ProcessEngines, AreOthersWhenAnAntennaOfTheRootIsExchanged)
+{
+    Rec533("exit 0");
+    std::string sBefore = m_rec533.IdentityGet();
+    std::filesystem::create_directories(m_root.Path("antennas/default"));
+    for (const char* sName : {"const17.voa", "swwhip.voa"}) {
+        const std::string sFile = m_root.Path("antennas/default/") + sName;
+        std::ofstream(sFile) << "one";
+        const std::string sFirst = m_rec533.IdentityGet();
+        EXPECT_NE(sFirst, sBefore) << sName;
+        EXPECT_EQ(m_rec533.IdentityGet(), sFirst);
+        std::filesystem::last_write_time(sFile, std::filesystem::last_write_time(sFile) + 2s);
+        sBefore = m_rec533.IdentityGet();
+        EXPECT_NE(sBefore, sFirst) << sName;
+    }
+}
+
 #ifndef _WIN32  // file modes
 TEST_F(ProcessEngines, TellAProgramThatCannotBeStarted)
 {

@@ -14,6 +14,7 @@
 #include "engine/run533/PointDay.h"
 #include "propagation/PowerTable.h"
 #include "propagation/deck/DeckLib.h"
+#include "propagation/itshfbc/EngineProgram.h"
 #include "system/ClockLib.h"
 #include "system/RunErrorText.h"
 
@@ -169,6 +170,11 @@ BuiltInEngine::~BuiltInEngine() = default;
 std::string BuiltInEngine::VersionGet() const
 {
     return "built-in, " + std::string(run533::MethodNameGet(kBehaviour));
+}
+
+std::string BuiltInEngine::IdentityGet() const
+{
+    return Engine::IdentityGet() + AntennaStamps(m_sRoot);
 }
 
 EngineLimits BuiltInEngine::LimitsGet() const

@@ -22,6 +22,8 @@ public:
     [[nodiscard]] int ModelGet() const override { return kEngineRec533; }
     [[nodiscard]] std::string NameGet() const override { return "REC533"; }
     [[nodiscard]] std::string VersionGet() const override;
+    /// With the root's antenna files.
+    [[nodiscard]] std::string IdentityGet() const override;
     [[nodiscard]] EngineLimits LimitsGet() const override;
     [[nodiscard]] std::optional<Failure> ObstacleGet() const override { return {}; }
     [[nodiscard]] Prediction Predict(const Request& request,

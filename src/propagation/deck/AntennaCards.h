@@ -3,6 +3,7 @@
 /// kW.
 #pragma once
 
+#include <array>
 #include <string_view>
 
 // clang-format off
@@ -11,6 +12,10 @@ inline constexpr std::string_view kTxWhip    = R"(ANTENNA       1    1    2   30
 inline constexpr std::string_view kRcConst17 = R"(ANTENNA       2    2    2   30     0.000[DEFAULT\CONST17.VOA  ]  0.0    0.1000)";
 inline constexpr std::string_view kRcWhip    = R"(ANTENNA       2    2    2   30     0.000[DEFAULT\SWWHIP.VOA   ]  0.0    0.0000)";
 // clang-format on
+
+/// Their files below the root's antennas folder.
+inline constexpr std::array<std::string_view, 2> kAntennaFiles{R"(DEFAULT\CONST17.VOA)",
+                                                               R"(DEFAULT\SWWHIP.VOA)"};
 
 /// The transmitter's card of an antenna type; empty for a type without cards.
 constexpr std::string_view TxCardGet(bool bRec533, int iAntennaType)

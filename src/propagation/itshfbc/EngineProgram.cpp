@@ -1,8 +1,15 @@
 #include "propagation/itshfbc/EngineProgram.h"
 
 #include <array>
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
 
+#include "propagation/deck/AntennaCards.h"
 #include "system/FileLib.h"
+#include "system/HostPath.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -36,7 +43,8 @@ std::string EngineProgramPath(int iModel)
 
 bool EngineIsHopcasts(int iModel, const EngineRoot& root)
 {
-    return iModel == kEngineRec533 && EngineIsBuiltIn(std::string(EngineFind(iModel)->sProgram), root);
+    return iModel == kEngineRec533
+           && EngineIsBuiltIn(std::string(EngineFind(iModel)->sProgram), root);
 }
 
 bool EngineCheckInstalled(int iModel, Messages* paMessages, const EngineRoot& root)
@@ -49,4 +57,22 @@ bool EngineCheckInstalled(int iModel, Messages* paMessages, const EngineRoot& ro
         "Propagation Model " + std::string(pEngine ? pEngine->sName : "")
             + " not found.\r\n\r\nPlease check that ITS HF propagation prediction software has "
               "been installed.");
+}
+
+std::string EngineFileStamp(const std::string& sFile)
+{
+    const fs::path pthFile = PathFromText(sFile);
+    std::error_code ec;
+    const std::uintmax_t nSize = fs::file_size(pthFile, ec);
+    const fs::file_time_type timeWritten = fs::last_write_time(pthFile, ec);
+    return sFile + '\0' + std::to_string(nSize) + '\0'
+           + std::to_string(timeWritten.time_since_epoch().count());
+}
+
+std::string AntennaStamps(const std::string& sRoot)
+{
+    std::string sStamps;
+    for (const std::string_view sFile : kAntennaFiles)
+        sStamps += '\0' + EngineFileStamp(HostPathBelow(sRoot, "/antennas/" + std::string(sFile)));
+    return sStamps;
 }

@@ -45,6 +45,12 @@ inline constexpr std::string_view kEngineLock = "c:\\itshfbc\\hopcast.lock";
 bool EngineCheckInstalled(int iModel, Messages* paMessages,
                           const EngineRoot& root = EngineRootGet());
 
+/// Path, size and time of an engine's file: another text when the file is exchanged.
+[[nodiscard]] std::string EngineFileStamp(const std::string& sFile);
+/// The stamps of the antenna files that decks name; for the identity of an engine that reads them.
+/// @param sRoot  host path
+[[nodiscard]] std::string AntennaStamps(const std::string& sRoot);
+
 /// Sets the seconds that one attempt may take; tests shorten it. @return the previous limit.
 double EngineLimitSet(double dSeconds);
 inline constexpr double kEngineLimit = 5.0;

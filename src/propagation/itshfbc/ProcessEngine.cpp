@@ -1,17 +1,11 @@
 #include "propagation/itshfbc/ProcessEngine.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <filesystem>
-#include <system_error>
 #include <thread>
 
 #include "propagation/PropagationAreaLib.h"
 #include "propagation/PropagationLib.h"
-#include "system/HostPath.h"
 #include "system/RunErrorText.h"
-
-namespace fs = std::filesystem;
 
 ProcessEngine::ProcessEngine(int iModel) : m_iModel(iModel) {}
 
@@ -23,16 +17,9 @@ std::string ProcessEngine::NameGet() const
 
 std::string ProcessEngine::IdentityGet() const
 {
-    const std::string sProgram = EngineRootGet().Path(EngineProgramPath(m_iModel));
-    const fs::path pthProgram = PathFromText(sProgram);
-    std::error_code ec;
-    const std::uintmax_t nSize = fs::file_size(pthProgram, ec);
-    const fs::file_time_type timeWritten = fs::last_write_time(pthProgram, ec);
-    std::string sIdentity = NameGet();
-    for (const std::string& sPart :
-         {sProgram, std::to_string(nSize), std::to_string(timeWritten.time_since_epoch().count())})
-        sIdentity += '\0' + sPart;
-    return sIdentity;
+    const EngineRoot root = EngineRootGet();
+    return NameGet() + '\0' + EngineFileStamp(root.Path(EngineProgramPath(m_iModel)))
+           + AntennaStamps(root.sFolder);
 }
 
 bool ProcessEngine::RunsInOwnFolder() const

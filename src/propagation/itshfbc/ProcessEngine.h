@@ -15,8 +15,8 @@ public:
     [[nodiscard]] int ModelGet() const override { return m_iModel; }
     [[nodiscard]] std::string NameGet() const override;
     [[nodiscard]] std::string VersionGet() const override { return {}; }
-    /// The name with path, size and time of the program's file: another program of that name is
-    /// another engine.
+    /// The name with path, size and time of the program's file and of the root's antenna files:
+    /// another program of that name, or the same with other antennas, is another engine.
     [[nodiscard]] std::string IdentityGet() const override;
     /// Hopcast's launcher for VOACAP, which reads only deck and antennas from its root, runs in
     /// separate folders, as many at once as there are cores. Any other engine takes turns in the

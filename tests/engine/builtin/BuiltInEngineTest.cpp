@@ -161,6 +161,18 @@ TEST(BuiltInEngine, TellsWhatKindOfInputItCannotUse)
     EXPECT_TRUE(failure);
 }
 
+/// A runner would hand out the answers of the antenna before.
+TEST(BuiltInEngine, IsAnotherWhenAnAntennaOfItsRootIsExchanged)
+{
+    const TempFolder folder;
+    const BuiltInEngine engine(folder.Path());
+    const std::string sNone = engine.IdentityGet();
+    EXPECT_EQ(engine.IdentityGet(), sNone);
+    folder.Write("antennas/default/swwhip.voa", "mine");
+    EXPECT_NE(engine.IdentityGet(), sNone);
+    EXPECT_NE(BuiltInEngine("").IdentityGet(), sNone) << "another root";
+}
+
 TEST(BuiltInEngine, AFrequencyOutOfRangeIsAbsentAndTheOthersKeepTheirPlace)
 {
     const TempFolder folder;
