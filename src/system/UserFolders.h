@@ -16,9 +16,10 @@
 /// PrivateRootFolders anyway.
 [[nodiscard]] std::string TemporaryRootMake();
 
-/// Removes the temporary roots of programs that were killed more than a day ago.
+/// Removes the temporary roots of programs that were killed more than a day ago: those with a list
+/// of engines or an owner's lock that nobody holds.
 void TemporaryRootsRemove();
-/// A lock held in a temporary root while its program lives.
+/// A lock held in a temporary root while its program, or its run, lives.
 inline constexpr const char* kRootOwnerLock = "hopcast-owner.lock";
 /// Lists the programs that Hopcast put into a root, so that no other is ever touched. One per line:
 /// "rec533w.exe link TARGET" or "rec533w.exe copy SIZE HASH".

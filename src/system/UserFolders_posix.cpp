@@ -35,11 +35,12 @@ void TemporaryRootsRemove()
          itr.increment(ec)) {
         const std::string sName = itr->path().filename().native();
         struct stat info {};
-        std::error_code ecManifest;
+        std::error_code ecMark;
         if (sName.size() == kPattern.size() && sName.starts_with("hopcast-")
             && lstat(itr->path().c_str(), &info) == 0 && S_ISDIR(info.st_mode)
             && info.st_uid == geteuid() && LeftoverIsOld(itr->path())
-            && fs::exists(itr->path() / kManifest, ecManifest))
+            && (fs::exists(itr->path() / kManifest, ecMark)
+                || fs::exists(itr->path() / kRootOwnerLock, ecMark)))
             apthOld.push_back(itr->path());
     }
     for (const fs::path& pthOld : apthOld)

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "propagation/itshfbc/EngineRoot.h"
+#include "propagation/itshfbc/EngineRun.h"
 #include "support/Faults.h"
 #include "support/TempFolder.h"
 #include "system/FileLib.h"
@@ -252,6 +253,33 @@ TEST_F(EngineRootPosix, WhatKilledProgramsLeftGoesAtTheNextStart)
     EXPECT_TRUE(fs::exists(sUsed)) << "a program lives in it";
     EXPECT_TRUE(fs::exists(m_folder.Path() + "/tmp/hopcast-backup")) << "no root of an engine";
     EXPECT_TRUE(fs::exists(m_folder.Path() + "/tmp/hopcast-mine00"));
+}
+
+TEST_F(EngineRootPosix, TheFolderOfAKilledRunGoesUnderEveryRoot)
+{
+    using namespace std::chrono_literals;
+    const std::string sTemporary = m_folder.Path("tmp");
+    fs::create_directories(sTemporary);
+    const EnvironmentSet temporary("TMPDIR", sTemporary);
+    const EnvironmentSet environment("HOPCAST_ITSHFBC", m_folder.Path("mine"));
+    const pid_t nId = fork();
+    if (nId == 0) {
+        const EnginePlace place(true);
+        _exit(place.IsThere() ? 0 : 1);  // as a killed program: nothing is cleaned up
+    }
+    int nStatus = -1;
+    waitpid(nId, &nStatus, 0);
+    ASSERT_EQ(nStatus, 0);
+    const auto CountGet = [&] { return std::distance(fs::directory_iterator(sTemporary), {}); };
+    const EnginePlace placeInUse(true);
+    ASSERT_EQ(CountGet(), 2);
+    Provision();
+    EXPECT_EQ(CountGet(), 2) << "a program of today may be in both";
+    for (const auto& entry : fs::directory_iterator(sTemporary))
+        fs::last_write_time(entry.path(), fs::file_time_type::clock::now() - 25h);
+    Provision();
+    EXPECT_EQ(CountGet(), 1);
+    EXPECT_TRUE(fs::exists(placeInUse.Path(kEngineRoot)));
 }
 
 TEST_F(EngineRootPosix, AReplacedCopyIsForeign)

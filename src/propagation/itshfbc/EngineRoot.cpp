@@ -304,9 +304,9 @@ Result<void> EngineRootProvisionFrom(const std::string& sProgramFolder,
     const EngineRoot root = EngineRootGet();
     for (const char* sFolder : {"", "/RUN", "/areadata"})
         LeftoversRemove(HostPathBelow(root.sFolder, sFolder));
+    TemporaryRootsRemove();
     if (root.eKind != EngineRootKind::Private)
         return {};
-    TemporaryRootsRemove();
     EngineRootRelease();
     RootWork work;
     if (Result<void> resMade = PrivateRootMake(work); !resMade)

@@ -95,6 +95,10 @@ EnginePlace::EnginePlace(bool bOwnFolder, EngineRoot root)
       m_sFolder(bOwnFolder ? OwnFolderMake(m_root) : m_root.sFolder),
       m_bOwn(bOwnFolder)
 {
+    if (!m_bOwn || m_sFolder.empty())
+        return;
+    if (auto resOwner = FileLock::Take(PathJoin(m_sFolder, kRootOwnerLock), 0.0))
+        m_owner = std::move(resOwner.ValueGet());
 }
 
 EnginePlace::~EnginePlace()

@@ -79,6 +79,7 @@ private:
     EngineRoot m_root;
     std::string m_sFolder;
     bool m_bOwn;
+    std::optional<FileLock> m_owner;  // tells what a killed program left from what is in use
 };
 
 /// One attempt. Its time limit counts from its construction.
