@@ -312,6 +312,14 @@ Result<OwnPlaceList> OwnPlacesLoad(std::string_view sProfileFile)
     return resList;
 }
 
+bool OwnPlacesChanged(std::string_view sProfileFile, const OwnPlaceList& list)
+{
+    if (!FileExists(OwnPlacesPath(sProfileFile)))
+        return false;
+    const auto resList = OwnPlacesLoad(sProfileFile);
+    return !resList || !RowsEqual(resList.ValueGet(), list);
+}
+
 Result<void> OwnPlacesSave(const std::string& sProfileFile, const OwnPlaceList& list)
 {
     const std::string sFile = OwnPlacesPath(sProfileFile);

@@ -51,6 +51,24 @@ TEST(OwnPlacesFile, OfAnotherKindIsToldWithItsNameAndNotOverwrittenUnseen)
               std::string::npos);
 }
 
+TEST(OwnPlacesFile, IsChangedWhenItHasOtherRowsThanTheList)
+{
+    const TempFolder folder;
+    const std::string sProfile = folder.Path("boat.ini");
+    EXPECT_FALSE(OwnPlacesChanged(sProfile, ListMake())) << "without a file nothing is lost";
+    ASSERT_TRUE(OwnPlacesSave(sProfile, ListMake()));
+    EXPECT_FALSE(OwnPlacesChanged(sProfile, ListMake()));
+    EXPECT_TRUE(OwnPlacesChanged(sProfile, {}));
+    const std::string sHead = std::string(kOwnPlacesHead) + "\n";
+    const std::string sRow = "Malmö,\"55.6, 13\",7103,Öresund\n";
+    folder.Write("boat.places.csv", sHead + "\n" + sRow);
+    EXPECT_FALSE(OwnPlacesChanged(sProfile, ListMake())) << "blank lines are no rows";
+    folder.Write("boat.places.csv", sHead + sRow + "bad\n");
+    EXPECT_TRUE(OwnPlacesChanged(sProfile, ListMake()));
+    folder.Write("boat.places.csv", "a;b\n");
+    EXPECT_TRUE(OwnPlacesChanged(sProfile, ListMake())) << "no list of places";
+}
+
 TEST(OwnPlacesFile, AFailedSaveLeavesTheOldOneWhole)
 {
     const TempFolder folder;

@@ -55,6 +55,10 @@ frmPlaces::frmPlaces(PlanHost& host)
     constexpr QSize kFirst(720, 480);
     resize(kFirst);
     Load();
+    connect(&host.SettingsSignalGet(), &SettingsSignal::Changed, this, [this] {
+        if (HostGet().SettingsGet().m_sProfileFile != m_sProfileFile)
+            Load();
+    });
 }
 
 void frmPlaces::GridMake()
@@ -124,12 +128,12 @@ void frmPlaces::EditorMake()
 
 void frmPlaces::Load()
 {
-    const std::string& sProfileFile = HostGet().SettingsGet().m_sProfileFile;
-    auto resList = OwnPlacesLoad(sProfileFile);
+    m_sProfileFile = HostGet().SettingsGet().m_sProfileFile;
+    auto resList = OwnPlacesLoad(m_sProfileFile);
     m_bReadable = static_cast<bool>(resList);
     m_before.reset();
     m_list = resList ? std::move(resList.ValueGet()) : OwnPlaceList();
-    FootSet(OwnPlacesPath(sProfileFile));
+    FootSet(OwnPlacesPath(m_sProfileFile));
     Show(0);
     if (!m_bReadable)
         HintSet(resList.TextGet());
@@ -203,10 +207,31 @@ std::optional<OwnPlace> frmPlaces::Typed()
     return {};
 }
 
+/// Shows the list of the file if it has become another one, by another program or another
+/// profile. What is typed stays. @return false if it is the same
+bool frmPlaces::ListRenew()
+{
+    if (HostGet().SettingsGet().m_sProfileFile == m_sProfileFile
+        && !OwnPlacesChanged(m_sProfileFile, m_list))
+        return false;
+    std::array<QString, 4> asTyped;
+    for (std::size_t n = 0; n < asTyped.size(); ++n) asTyped.at(n) = atxtField.at(n)->text();
+    Load();
+    for (std::size_t n = 0; n < asTyped.size(); ++n) atxtField.at(n)->setText(asTyped.at(n));
+    if (m_bReadable)
+        HintSet(tr("The list was changed elsewhere, and is shown as it is now. Nothing was saved: "
+                   "make the change again.")
+                    .toStdString());
+    Q_EMIT HostGet().SettingsSignalGet().PlacesChanged();
+    return true;
+}
+
 /// Saves a list and shows it. If it cannot be saved, nothing changes.
 bool frmPlaces::ListPut(const OwnPlaceList& list, int iRow)
 {
-    if (const auto res = OwnPlacesSave(HostGet().SettingsGet().m_sProfileFile, list); !res) {
+    if (ListRenew())
+        return false;
+    if (const auto res = OwnPlacesSave(m_sProfileFile, list); !res) {
         HintSet(res.TextGet());
         return false;
     }

@@ -6,7 +6,8 @@
 ///          selected. Ctrl+V in the list pastes rows, Del removes the selected one.
 /// Errors:  a refused text stays in its field, and the line below gives the reason. A row of the
 ///          file that cannot be used is shown with its line number and kept unchanged. A file that
-///          is not a list of places is never overwritten.
+///          is not a list of places is never overwritten, and one that something else has
+///          changed is shown again instead.
 /// Tests:   tests/ui/plan/FrmPlacesTest.cpp
 #pragma once
 
@@ -15,6 +16,7 @@
 #include <QPushButton>
 #include <array>
 #include <optional>
+#include <string>
 
 #include "places/OwnPlaces.h"
 #include "ui/common/GridControl.h"
@@ -53,6 +55,7 @@ private:
     void HintSet(const std::string& sHint);
     [[nodiscard]] std::optional<OwnPlace> Typed();
     [[nodiscard]] int SelectedGet() const;
+    bool ListRenew();
     bool ListPut(const OwnPlaceList& list, int iRow);
     void Add();
     void Change();
@@ -60,6 +63,7 @@ private:
     void Paste();
     void Undo();
 
+    std::string m_sProfileFile;  // whose list it is
     OwnPlaceList m_list;
     std::optional<OwnPlaceList> m_before;  // the list before the last change, for Undo
     bool m_bReadable = false;

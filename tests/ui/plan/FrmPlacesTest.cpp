@@ -109,6 +109,41 @@ TEST_F(FrmPlaces, AFileThatIsNoListIsNeverWritten)
     EXPECT_EQ(File(), "something else\n");
 }
 
+TEST_F(FrmPlaces, AListThatSomethingElseHasChangedIsShownAndNotOverwritten)
+{
+    rig.OwnPlacesWrite("Home,JN47,,\n");
+    frmPlaces& frm = Open();
+    rig.OwnPlacesWrite("Home,JN47,,\nOther,QG62,,\n");
+    const std::string sOther = File();
+    Type(frm, {QStringLiteral("Mine"), QStringLiteral("CM87"), {}, {}});
+    frm.cmdAdd->click();
+    EXPECT_EQ(File(), sOther);
+    EXPECT_EQ(frm.grdPlaces->RowsGet(), 3);
+    EXPECT_FALSE(frm.lblHint->text().isEmpty());
+    EXPECT_EQ(frm.atxtField[0]->text(), QStringLiteral("Mine")) << "what is typed stays";
+    frm.cmdAdd->click();
+    EXPECT_EQ(File(), sOther + "Mine,CM87,,\n");
+}
+
+TEST_F(FrmPlaces, FollowsTheProfile)
+{
+    rig.OwnPlacesWrite("Home,JN47,,\n");
+    frmPlaces& frm = Open();
+    const std::string sFirst = File();
+    const std::string sSecond = std::string(kOwnPlacesHead) + "\nFar,QG62,,\n";
+    rig.m_folder.Write("second.places.csv", sSecond);
+    rig.m_pFrm->m_settings.m_sProfileFile = rig.m_folder.Path("second.ini");
+    Type(frm, {QStringLiteral("Mine"), QStringLiteral("CM87"), {}, {}});
+    frm.cmdAdd->click();
+    EXPECT_EQ(frm.grdPlaces->TextGet(1, 0), QStringLiteral("Far"));
+    EXPECT_EQ(BytesRead(rig.m_folder.Path("second.places.csv")), sSecond)
+        << "not the rows of the first";
+    EXPECT_EQ(File(), sFirst);
+    rig.m_pFrm->m_settings.m_sProfileFile = rig.m_folder.Path("hopcast.ini");
+    rig.m_pFrm->Update();
+    EXPECT_EQ(frm.grdPlaces->TextGet(1, 0), QStringLiteral("Home"));
+}
+
 TEST_F(FrmPlaces, AnOpenListOfStationsFollows)
 {
     rig.OwnPlacesWrite("Home,JN47,,\n");
