@@ -77,7 +77,7 @@ Result<bool> SunSpotNumberGet(Settings& settings, float& fNumber, Messages* paMe
 RunMonth RunMonthGet(const Settings& settings)
 {
     if (!settings.m_bPropagationMonth)
-        return {LocalNow().nYear, settings.m_iPropagationMonth};
+        return {LocalNow().nYear, std::clamp(settings.m_iPropagationMonth, 1, 12)};
     const DateTime dtUtc = UtcNow();
     return {dtUtc.nYear, dtUtc.nMonth};
 }

@@ -35,7 +35,7 @@ struct SunSpotRun {
 /// The month of the next run: with m_bPropagationMonth UTC's month and year, else the chosen month
 /// in the local clock's year, which the decks contain. At the turn of the year the two years differ
 /// for some hours; the current month keeps UTC's year, so that January is not looked up a year too
-/// early.
+/// early. A month out of range, with which no run begins, gives the nearest.
 struct RunMonth {
     int nYear = 0;
     int nMonth = 0;

@@ -1,6 +1,8 @@
 // Whose sunspot number a run takes, and what is told of it.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "airmail/AirMailFolders.h"
 #include "settings/ForecastFile.h"
 #include "settings/SunSpotLib.h"
@@ -117,6 +119,20 @@ TEST_F(SunSpotRunLib, AtTheTurnOfTheYearTheCurrentMonthHasItsOwnYear)
     m_settings.m_iPropagationMonth = 12;
     EXPECT_EQ(RunMonthGet(m_settings).nYear, 2026);
     EXPECT_EQ(RunMonthGet(m_settings).nMonth, 12);
+}
+
+TEST_F(SunSpotRunLib, AMonthThatIsNoneDoesNoHarm)
+{
+    const ClockSet clock(kNow, kNow);
+    m_settings.m_bPropagationMonth = false;
+    for (const int nMonth :
+         {std::numeric_limits<int>::min(), 0, 13, 2'000'000'000, std::numeric_limits<int>::max()}) {
+        m_settings.m_iPropagationMonth = nMonth;
+        EXPECT_TRUE(Got()) << nMonth;
+        EXPECT_EQ(m_ssn.sDetail.substr(m_ssn.sDetail.size() - 7),
+                  nMonth < 1 ? "2026-01" : "2026-12");
+        EXPECT_EQ(m_settings.m_iPropagationMonth, nMonth) << "the run itself refuses it";
+    }
 }
 
 TEST_F(SunSpotRunLib, AKeptForecastThatCoversTheMonthComesBeforeTheMeanCycle)
