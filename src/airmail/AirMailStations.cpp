@@ -44,15 +44,15 @@ Result<void> LinesRead(TextFile& file, const LineFn& fnLine)
     }
 }
 
-/// A value as the reader of one key gives it: without surrounding blanks and one pair of quotes,
-/// cut to its buffer.
-std::string ValueCut(std::string_view sValue)
+/// A value as the reader of one key gives it, before it is cut to its buffer: without surrounding
+/// blanks and one pair of quotes.
+std::string_view ValueBare(std::string_view sValue)
 {
     sValue = TextTrim(sValue);
     if (sValue.size() >= 2 && (sValue.front() == '"' || sValue.front() == '\'')
         && sValue.back() == sValue.front())
         sValue = sValue.substr(1, sValue.size() - 2);
-    return Utf8FromWindows1252(sValue.substr(0, kAirMailValueMost));
+    return sValue;
 }
 
 StationEntry EntryCut(std::string sKey, const std::string& sEntry)
@@ -142,8 +142,15 @@ bool AirMailGetEntries(const std::string& sSystem, std::vector<StationEntry>& aE
     return StationsRead(
         sSystem,
         [&](std::string_view sKey, std::string_view sValue) {
-            if (!TextTrim(sKey).starts_with(';'))
-                aEntry.push_back(EntryCut(Utf8FromWindows1252(TextTrim(sKey)), ValueCut(sValue)));
+            if (TextTrim(sKey).starts_with(';'))
+                return;
+            const std::string_view sBare = ValueBare(sValue);
+            aEntry.push_back(EntryCut(Utf8FromWindows1252(TextTrim(sKey)),
+                                      Utf8FromWindows1252(sBare.substr(0, kAirMailValueMost))));
+            // Half a number would be another frequency.
+            std::string& sRest = aEntry.back().sRest;
+            if (sBare.size() > kAirMailValueMost)
+                sRest.resize(sRest.find_last_of(" \t,/;") + 1);
         },
         paMessages);
 }

@@ -38,7 +38,7 @@ struct StationEntry {
     std::string sKey;
     std::optional<std::string> sGrid;  ///< before the first ":"; nothing without one
     std::string sDescription;          ///< between the first ":" and the first ";"
-    std::string sRest;                 ///< after the first ";"
+    std::string sRest;                 ///< after the first ";"; of a cut value in whole words
 };
 
 /// The systems that have a station file, in directory order: the text between the first two points

@@ -129,6 +129,17 @@ TEST_F(StationPlacesTest, OfTwoFilesOfOneSystemAreReadOnce)
     EXPECT_EQ(StationPlacesGet().aPlaces.size(), 1U);
 }
 
+TEST_F(StationPlacesTest, HaveNoHalfOfAFrequencyAtTheEndOfALongLine)
+{
+    std::string sLine = "LONG=FN42:xyz;";
+    for (int i = 20000; i < 20100; ++i) sLine += std::to_string(i) + " ";
+    ListWrite("HAM", sLine + "\r\n");
+    const StationPlaces stations = StationPlacesGet();
+    ASSERT_EQ(stations.aPlaces.size(), 1U);
+    EXPECT_EQ(stations.aPlaces[0].afFrequency.size(), 83U);
+    EXPECT_EQ(stations.aPlaces[0].afFrequency.back(), 20082.0F) << "not 2008";
+}
+
 TEST_F(StationPlacesTest, OfAHugeListAreReadUpToTheLimit)
 {
     std::string sLines;
