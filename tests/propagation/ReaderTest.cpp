@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <ostream>
 
 #include "propagation/EngineCases.h"
@@ -344,6 +345,17 @@ TEST(ReaderRec533, FrequencyOfZeroHasNoSignalLevel)
     ChangedOutput output("rec533/p2p_01");
     output.input.afFrequency[3] = 0.0F;
     EXPECT_EQ(output.Read(), kInvalidCall);
+}
+
+TEST(ReaderRec533, TheLastRowOfReliabilitiesCountsAsAWhole)
+{
+    ChangedOutput output("rec533/p2p_06");
+    const std::size_t nRow = output.sBytes.rfind('\n', output.sBytes.find("FS/N\n")) + 1;
+    output.sBytes.insert(nRow, "    0.99 0.11 0.11 0.11 0.11 0.11 0.11 0.11 0.11 0.11 0.11 FS/N\n");
+    output.LineChange("FS/N\n", 2, 9, "*****");
+    ASSERT_EQ(output.Read(), "");
+    EXPECT_TRUE(std::isnan(output.table.fReliability(1, 1)));
+    EXPECT_NE(output.table.fReliability(1, 2), 0.11F);
 }
 
 TEST(ReaderRec533, EachLabelIsNeeded)

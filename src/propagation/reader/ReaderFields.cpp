@@ -88,9 +88,10 @@ Result<void> RowRead(std::string_view sLine, const Field& fldFirst, int iHour, i
 void OptionalRowRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst,
                      int iLast, CellArray<float>& afCells)
 {
-    for (int j = iFirst; j <= iLast; ++j)
-        if (const auto resNumber = FieldSingle(sLine, FieldAt(fldFirst, j - iFirst)))
-            afCells(iHour, j) = resNumber.ValueGet();
+    for (int j = iFirst; j <= iLast; ++j) {
+        const auto resNumber = FieldSingle(sLine, FieldAt(fldFirst, j - iFirst));
+        afCells(iHour, j) = resNumber ? resNumber.ValueGet() : PropagationTable::kNotPrinted;
+    }
 }
 
 void LayersRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst, int iLast,

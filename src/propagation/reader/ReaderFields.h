@@ -27,8 +27,8 @@ Result<void> AzimuthsRead(TextFile& file, PropagationTable& table);
 /// Numbers of the chunk's frequencies from a row.
 Result<void> RowRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst,
                      int iLast, CellArray<float>& afCells);
-/// The same for a row that not every engine prints: if one of its numbers cannot be read, the cells
-/// stay unchanged.
+/// The same for a row that not every engine prints: a number that cannot be read becomes
+/// kNotPrinted, so that all numbers are of the last row with this label.
 void OptionalRowRead(std::string_view sLine, const Field& fldFirst, int iHour, int iFirst,
                      int iLast, CellArray<float>& afCells);
 /// Mode texts of the chunk's frequencies.
