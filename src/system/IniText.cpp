@@ -36,16 +36,6 @@ std::string_view QuotesDrop(std::string_view sValue)
     return sValue;
 }
 
-/// At most nBytes bytes; in UTF-8, whole characters only.
-std::string_view TextCut(std::string_view sText, std::size_t nBytes, bool bUtf8)
-{
-    if (sText.size() <= nBytes)
-        return sText;
-    while (bUtf8 && nBytes > 0 && (static_cast<unsigned char>(sText[nBytes]) & 0xC0U) == 0x80U)
-        --nBytes;
-    return sText.substr(0, nBytes);
-}
-
 std::string Utf8FromUtf16(std::string_view sBytes, bool bLittle)
 {
     const auto UnitGet = [&](std::size_t n) {
@@ -91,6 +81,15 @@ char32_t CodeTake(std::string_view sText, std::size_t& nAt)
     constexpr char32_t kFirst[] = {0, 0x80, 0x800, kBeyond16};
     const bool bHalfPair = nCode >= kHighFirst && nCode <= kLowLast;
     return nCode < kFirst[nMore] || nCode > kLast || bHalfPair ? kReplacement : nCode;
+}
+
+/// At most nCharacters of it, with U+FFFD for what is not UTF-8.
+std::string Utf8Cut(std::string_view sText, std::size_t nCharacters)
+{
+    std::string sCut;
+    for (std::size_t nAt = 0; nAt < sText.size() && nCharacters > 0; --nCharacters)
+        Utf8Append(sCut, CodeTake(sText, nAt));
+    return sCut;
 }
 
 std::string Utf16FromUtf8(std::string_view sText, bool bLittle)
@@ -214,7 +213,7 @@ std::optional<std::size_t> IniText::KeyFind(std::size_t nSection, std::string_vi
 }
 
 std::optional<std::string> IniText::ValueGet(std::string_view sSection, std::string_view sKey,
-                                             std::size_t nBytes) const
+                                             std::size_t nCharacters) const
 {
     const std::string sFileSection = FileText(sSection);
     const std::string sFileKey = FileText(sKey);
@@ -222,10 +221,9 @@ std::optional<std::string> IniText::ValueGet(std::string_view sSection, std::str
     const auto nKey = nSection ? KeyFind(*nSection, BlanksTrim(sFileKey)) : std::nullopt;
     if (!nKey)
         return std::nullopt;
-    const bool bUtf8 = m_eAlphabet != Alphabet::Windows1252;
-    const std::string_view sCut =
-        TextCut(QuotesDrop(BlanksTrim(TextOf(m_aKey[*nKey].value))), nBytes, bUtf8);
-    return bUtf8 ? std::string(sCut) : Utf8FromWindows1252(sCut);
+    const std::string_view sValue = QuotesDrop(BlanksTrim(TextOf(m_aKey[*nKey].value)));
+    return m_eAlphabet == Alphabet::Windows1252 ? Utf8FromWindows1252(sValue.substr(0, nCharacters))
+                                                : Utf8Cut(sValue, nCharacters);
 }
 
 void IniText::ValuePut(std::string_view sSection, std::string_view sKey, std::string_view sValue)

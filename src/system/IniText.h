@@ -19,11 +19,11 @@ class IniText {
 public:
     explicit IniText(std::string sBytes);
 
-    /// The value of the first key of this name in the first section of this name, at most nBytes
-    /// bytes in the file's encoding (whole characters only); nothing when it is missing.
+    /// The value of the first key of this name in the first section of this name, at most
+    /// nCharacters of it; nothing when it is missing.
     [[nodiscard]] std::optional<std::string> ValueGet(std::string_view sSection,
                                                       std::string_view sKey,
-                                                      std::size_t nBytes) const;
+                                                      std::size_t nCharacters) const;
     /// Sets a value; a new key goes after its section's last line, a new section to the end.
     void ValuePut(std::string_view sSection, std::string_view sKey, std::string_view sValue);
     /// The whole file with the changes.

@@ -54,12 +54,23 @@ TEST(PrivateProfilePosix, AByteOrderMarkMeansUtf8AndStays)
     const TempFolder folder;
     const std::string sFile = folder.Write("a.ini", "\xEF\xBB\xBF[Data]\r\nKey=38\xC2\xB0\r\n");
     EXPECT_EQ(KeyGet(sFile), "38\xC2\xB0");
-    EXPECT_EQ(PrivateProfileGet("Data", "Key", "", 4, sFile), "38") << "never half a character";
+    EXPECT_EQ(PrivateProfileGet("Data", "Key", "", 4, sFile), "38\xC2\xB0") << "3 characters";
+    EXPECT_EQ(PrivateProfileGet("Data", "Key", "", 3, sFile), "38");
     EXPECT_EQ(KeyWrite(sFile, "\xC2\xB0"), 0);
     EXPECT_EQ(BytesRead(sFile), "\xEF\xBB\xBF[Data]\r\nKey=\xC2\xB0\r\n");
     const std::string sBare = folder.Write("b.ini", "\xEF\xBB\xBF");
     EXPECT_EQ(KeyWrite(sBare, "1"), 0);
     EXPECT_EQ(BytesRead(sBare), "\xEF\xBB\xBF[Data]\r\nKey=1\r\n");
+}
+
+TEST(PrivateProfilePosix, WhatIsNotUtf8BehindItsMarkIsReplaced)
+{
+    const TempFolder folder;
+    const std::string sFile =
+        folder.Write("a.ini", "\xEF\xBB\xBF[Data]\nOld=\xF6\nKey=Malm\xF6ya\xC3\n");
+    EXPECT_EQ(KeyGet(sFile), "Malm\xEF\xBF\xBDya\xEF\xBF\xBD");
+    EXPECT_EQ(KeyWrite(sFile, "1"), 0);
+    EXPECT_EQ(BytesRead(sFile), "\xEF\xBB\xBF[Data]\nOld=\xF6\nKey=1\n") << "others stay";
 }
 
 TEST(PrivateProfilePosix, ALineEndInAValueMakesNoLine)
