@@ -38,30 +38,31 @@ std::uint32_t EscapeTake(std::string_view& sText)
                                                                         : kCodes[nLetter]);
 }
 
-/// A text up to cEnd with the registry file's escapes decoded; sText then begins after cEnd.
+/// A text up to cEnd with the registry file's escapes decoded; sText then begins after cEnd. A byte
+/// beyond ASCII, which Wine itself escapes, is the character of its number, as Wine reads it.
 /// @return nothing when cEnd is missing.
 std::optional<std::string> TextTake(std::string_view& sText, char cEnd)
 {
+    constexpr std::uint32_t kReplacement = 0xFFFD;
     std::string sTaken;
     std::uint32_t nHigh = 0;  // first half of a character beyond 16 bits
     while (!sText.empty() && sText.front() != cEnd) {
-        const char cLetter = sText.front();
+        std::uint32_t nUnit = static_cast<unsigned char>(sText.front());
         sText.remove_prefix(1);
-        if (cLetter != '\\' || sText.empty()) {
-            sTaken += cLetter;
-            continue;
-        }
-        const std::uint32_t nUnit = EscapeTake(sText);
-        if (nUnit >= 0xD800 && nUnit < 0xDC00) {
-            nHigh = nUnit;
-        } else if (nUnit >= 0xDC00 && nUnit < 0xE000) {
-            if (nHigh != 0)
-                Utf8Append(sTaken, 0x10000U + ((nHigh - 0xD800U) << 10U) + (nUnit - 0xDC00U));
-            nHigh = 0;
-        } else {
+        if (nUnit == '\\' && !sText.empty())
+            nUnit = EscapeTake(sText);
+        const bool bLow = nUnit >= 0xDC00 && nUnit < 0xE000;
+        if (nHigh != 0 && !bLow)
+            Utf8Append(sTaken, kReplacement);
+        if (bLow)
+            nUnit = nHigh == 0 ? kReplacement
+                               : 0x10000U + ((nHigh - 0xD800U) << 10U) + (nUnit - 0xDC00U);
+        nHigh = nUnit >= 0xD800 && nUnit < 0xDC00 ? nUnit : 0;
+        if (nHigh == 0)
             Utf8Append(sTaken, nUnit);
-        }
     }
+    if (nHigh != 0)
+        Utf8Append(sTaken, kReplacement);
     if (sText.empty())
         return std::nullopt;
     sText.remove_prefix(1);

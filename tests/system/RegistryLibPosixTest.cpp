@@ -92,6 +92,26 @@ TEST_F(RegistryLibPosix, UndoesEscapes)
     EXPECT_EQ(ValueGet(R"("a\)"), "(none)");
 }
 
+TEST_F(RegistryLibPosix, HalfACharacterIsReplaced)
+{
+    EXPECT_EQ(ValueGet(R"("a\xd83d")"), "a\xEF\xBF\xBD/3");
+    EXPECT_EQ(ValueGet(R"("\xdea2 b")"), "\xEF\xBF\xBD b/4");
+    EXPECT_EQ(ValueGet(R"("\xd83dX\xde00")"), "\xEF\xBF\xBDX\xEF\xBF\xBD/4") << "not side by side";
+}
+
+TEST_F(RegistryLibPosix, AByteBeyondAsciiIsTheCharacterOfItsNumber)
+{
+    EXPECT_EQ(ValueGet("\"K\xF6ln\""), "K\xC3\xB6ln/5");
+}
+
+TEST_F(RegistryLibPosix, TheLastValueOfANameCounts)
+{
+    const auto value =
+        Get(std::string(kSection) + "\"Install Folder\"=\"a\"\n\"Install Folder\"=\"b\"\n");
+    ASSERT_TRUE(value);
+    EXPECT_EQ(value->sValue, "b");
+}
+
 TEST_F(RegistryLibPosix, TheDefaultValueHasNoName)
 {
     EXPECT_TRUE(Get(std::string(kSection) + "@=\"x\"\n", ""));
