@@ -96,6 +96,7 @@ TEST(PointDeck, WhatIsWrongIsToldByCardAndColumn)
              BadCase{"SUNSPOT   ", " SUNSPOT  ",
                      "\"SUNSPOT\", columns 1-10: not a card of this deck"},
              BadCase{"EXEC\r\n", "EXEC\r\nEXEC\r\n", "EXEC, columns 1-10: given twice"},
+             BadCase{"ANTENNA       2", "ANTENNA       1", "ANTENNA, columns 11-15: given twice"},
              // A number in wrong columns would be cut to another one.
              BadCase{"  170.0\r", "     170.0\r",
                      "SUNSPOT, columns 11-15: the text continues after these columns"},
@@ -107,6 +108,8 @@ TEST(PointDeck, WhatIsWrongIsToldByCardAndColumn)
                  "FREQ          2.0    4.0    6.0    8.0   10.0   12.0   14.0   16.0   18.0   20.0",
                  "FREQ            14.1",
                  "FREQ, columns 11-17: the text continues after these columns"},
+             BadCase{"     1.0000 3.00", "     99999.0000 3.00",
+                     "SYST, columns 22-26: the text continues after these columns"},
              BadCase{"    5.0000\r", "     5.0000\r",
                      "ANTENNA, columns 69-78: the text continues after these columns"},
          }) {
@@ -222,6 +225,12 @@ TEST(AreaDeck, WhatIsWrongIsToldByLineAndColumn)
              BadCase{"11.00\r", "13.00\r", "Months, columns 11-17: 13.00 is not within 1 to 12"},
              BadCase{":     12", ":     25", "Hours, columns 11-17: 25 is not within 0 to 24"},
              BadCase{" 14.000", " 45.001", "Freqs, columns 11-17: 45.001 is not within 0.1 to 45"},
+             BadCase{"Hours    :", "Hours:   :", "\"Hours:\", columns 1-10: no label of this deck"},
+             BadCase{
+                 "Cities   :", " Cities  :", "\" Cities\", columns 1-10: no label of this deck"},
+             BadCase{"Rec Ants :",
+                     "Tx Ants  :[DEFAULT \\SWWHIP.VOA  ]  0.000  00.0     5.0000\r\nRec Ants :",
+                     "Tx Ants, columns 1-10: given twice"},
              BadCase{
                  "Sssns    :", "Sunspots :", "\"Sunspots\", columns 1-10: no label of this deck"},
              BadCase{"Gridsize :   40    1", "Gridsize :    40    1",
@@ -237,6 +246,8 @@ TEST(AreaDeck, WhatIsWrongIsToldByLineAndColumn)
              BadCase{"     60.00\r", "      60.00\r",
                      "Area, columns 41-50: the text continues after these columns"},
              BadCase{"   40         1\r", "   40         11\r",
+                     "System, columns 36-45: the text continues after these columns"},
+             BadCase{"   40         1\r", "   40       3  1\r",
                      "System, columns 36-45: the text continues after these columns"},
              BadCase{"  00.0     5.0000", "  00.0      5.0000",
                      "Tx Ants, columns 47-57: the text continues after these columns"},

@@ -58,6 +58,9 @@ void SystemRead(CardReader& rdr, DeckCommon& deckCommon)
 void AntennaRead(CardReader& rdr, std::string_view sLabel, DeckCommon& deckCommon)
 {
     const bool bTx = sLabel == "Tx Ants";
+    auto& card = bTx ? deckCommon.txAntenna : deckCommon.rxAntenna;
+    if (card)
+        rdr.Fail(kCardLabel, "given twice");
     AntennaCard deckCard{std::string(sLabel), area_antenna_row::kName,
                          rdr.BracketGet(area_antenna_row::kName)};
     if (bTx) {
@@ -65,7 +68,7 @@ void AntennaRead(CardReader& rdr, std::string_view sLabel, DeckCommon& deckCommo
         rdr.EndCheck(area_antenna_row::kPower);
         deckCard.dPowerKw = rdr.NumberGet(area_antenna_row::kPower, 1e-6, kPowerMost);
     }
-    (bTx ? deckCommon.txAntenna : deckCommon.rxAntenna) = deckCard;
+    card = deckCard;
 }
 
 void LineRead(Line eLine, CardReader& rdr, AreaDeck& areaDeck)
@@ -133,9 +136,11 @@ Result<AreaDeck> AreaDeckRead(std::string_view sDeck)
         if (TextTrim(sLine).empty())
             continue;
         const std::string_view sHead = TextColumns(sLine, kCardLabel.nCol, kCardLabel.nWidth);
-        const std::string_view sLabel = TextTrim(sHead.substr(0, sHead.find(':')));
+        const bool bLabel = sHead.size() == std::size_t{kCardLabel.nWidth} && sHead.back() == ':';
+        const std::string_view sName = sHead.substr(0, sHead.size() - (bLabel ? 1 : 0));
+        const std::string_view sLabel = sName.substr(0, sName.find_last_not_of(' ') + 1);
         CardReader rdr(sLabel, sLine);
-        if (sHead.size() < 10 || sHead.back() != ':')
+        if (!bLabel)
             return DeckErrorMake(TextQuote(sLabel), kCardLabel, "no label of this deck");
         if (sLabel == "Tx Ants" || sLabel == "Rec Ants") {
             AntennaRead(rdr, sLabel, areaDeck.common);

@@ -36,8 +36,8 @@ void CardReader::Fail(Field fld, std::string_view sWhy)
 
 void CardReader::EndCheck(Field fld)
 {
-    const std::string_view sAcross = TextColumns(m_sLine, fld.nCol + fld.nWidth - 1, 2);
-    if (sAcross.size() == 2 && sAcross.find_first_of(" \t") == std::string_view::npos)
+    const std::string_view sBehind = TextColumns(m_sLine, fld.nCol + fld.nWidth, 1);
+    if (!TextTrim(sBehind).empty())
         Fail(fld, "the text continues after these columns");
 }
 

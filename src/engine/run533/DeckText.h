@@ -42,8 +42,9 @@ public:
                      std::string_view sMinus, double dMost);
     /// A name with its blanks, from a field between brackets.
     std::string BracketGet(Field fld);
-    /// Fails if the field's text continues after it: a number in wrong columns, which would be cut
-    /// to another number. For fields that are followed by a blank or the card's end.
+    /// Fails if there is text in the column after the field: a number in wrong columns, which would
+    /// be cut to another number or left out. For fields that are followed by a blank or the card's
+    /// end.
     void EndCheck(Field fld);
     /// Records the caller's error.
     void Fail(Field fld, std::string_view sWhy);

@@ -56,6 +56,9 @@ void FrequenciesRead(CardReader& rdr, std::string_view sLine, PointDeck& pointDe
 void AntennaRead(CardReader& rdr, DeckCommon& deckCommon)
 {
     const int nSide = rdr.IntegerGet(antenna_row::kSide, 1, 2);
+    auto& card = nSide == 1 ? deckCommon.txAntenna : deckCommon.rxAntenna;
+    if (card)
+        rdr.Fail(antenna_row::kSide, "given twice");
     AntennaCard deckCard{"ANTENNA " + NumberToText(nSide), antenna_row::kName,
                          rdr.BracketGet(antenna_row::kName)};
     deckCard.dAzimuth = rdr.NumberGet(antenna_row::kTurn, -360.0, 360.0);
@@ -63,7 +66,7 @@ void AntennaRead(CardReader& rdr, DeckCommon& deckCommon)
     deckCard.dPowerKw = rdr.NumberGet(antenna_row::kPower, 0.0, kPowerMost);
     if (nSide == 1 && deckCard.dPowerKw <= 0.0)
         rdr.Fail(antenna_row::kPower, "no power");
-    (nSide == 1 ? deckCommon.txAntenna : deckCommon.rxAntenna) = deckCard;
+    card = deckCard;
 }
 
 void TimeRead(CardReader& rdr)
