@@ -57,7 +57,9 @@ Seeds() {
     point_deck) echo tests/engine/data/decks/p2p_*.dat ;;
     reader_rec533) echo tests/propagation/data/engines/{rec533/p2p_0[1-3],failures/rec533_*}.out ;;
     reader_voacap) echo tests/propagation/data/engines/{voacap/p2p_0[1-3],failures/voacap_*}.out ;;
+    profile) echo assets/profile/hopcast.ini ;;
     stations) echo tests/airmail/data/System.*.ini ;;
+    voacap_deck) echo tests/propagation/data/engines/voacap/{p2p_0[1-3].dat,area_0[1-3].voa} ;;
     esac
 }
 
