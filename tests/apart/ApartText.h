@@ -1,0 +1,36 @@
+/// @file ApartText.h
+/// Lines, columns and numbers of files, for the readers that are written apart from the program's.
+/// Nothing here comes from src.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The lines, without LF or CR LF; a CR alone is part of a line.
+[[nodiscard]] std::vector<std::string> ApartLines(const std::string& sBytes);
+
+/// Columns from 1; what the line does not have is missing.
+[[nodiscard]] std::string ApartColumns(const std::string& sLine, std::size_t nFirst,
+                                       std::size_t nLast);
+
+/// Without blanks and tabs at the ends.
+[[nodiscard]] std::string ApartTrim(const std::string& sText);
+
+/// A number as engines print it: sign, digits, point; blanks at the ends.
+[[nodiscard]] std::optional<double> ApartNumber(const std::string& sText);
+/// The same in single precision.
+[[nodiscard]] std::optional<float> ApartSingle(const std::string& sText);
+
+/// The number of a file that people edit: also with a comma for the point, and an exponent.
+[[nodiscard]] std::optional<double> ApartLenient(const std::string& sText);
+[[nodiscard]] std::optional<float> ApartLenientSingle(const std::string& sText);
+
+/// Windows-1252 as UTF-8.
+[[nodiscard]] std::string ApartUtf8(const std::string& sBytes);
+
+/// ASCII letters in lower case.
+[[nodiscard]] std::string ApartLower(std::string sText);
+
+/// UTF-8 as Windows-1252: one byte for each character, "?" for one that it does not have.
+[[nodiscard]] std::string ApartBytes(const std::string& sText);
