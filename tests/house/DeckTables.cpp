@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "propagation/deck/DeckLayout.h"
+#include "propagation/deck/FortranFormat.h"
 
 namespace {
 
@@ -139,6 +140,38 @@ private:
 
 const Texts kCardHead{"card", "columns", "format", "content"};
 const Texts kOutputHead{"label searched", "row", "columns", "becomes"};
+
+/// The formats with the same decimals and the same look of two numbers share a row.
+Table FormatTable()
+{
+    const auto Shown = [](double dValue, const FortranEntry& entry) {
+        const std::string sField = FortranFormat(dValue, entry.sFormat).ValueGet();
+        return "`" + sField.substr(sField.find_first_not_of(' ')) + "`";
+    };
+    std::vector<Texts> aRow;
+    for (const FortranEntry& entry : kFortranFormats) {
+        const std::string sPattern(entry.sPattern);
+        const std::size_t nPoint = sPattern.find('.');
+        const std::string sDecimals = nPoint == std::string::npos ? "none, no point"
+                                      : nPoint + 1 == sPattern.size()
+                                          ? "none, but a point"
+                                          : std::to_string(sPattern.size() - nPoint - 1);
+        const Texts asLook{sDecimals, Shown(14.1, entry), Shown(0.0, entry)};
+        const auto it = std::ranges::find_if(aRow, [&](const Texts& asRow) {
+            return std::equal(asLook.begin(), asLook.end(), asRow.begin() + 2);
+        });
+        const std::string sWidth = std::to_string(entry.nWidth);
+        if (it == aRow.end()) {
+            aRow.push_back({std::string(entry.sFormat), sWidth, asLook[0], asLook[1], asLook[2]});
+            continue;
+        }
+        (*it)[0] += ", " + std::string(entry.sFormat);
+        (*it)[1] += ", " + sWidth;
+    }
+    Table table("## Rules of all decks", {"format", "width", "decimals", "14.1", "0"});
+    for (const Texts& asRow : aRow) table.Row(asRow);
+    return table;
+}
 
 Table PointTable()
 {
@@ -373,8 +406,8 @@ Table GridTable()
 
 std::string DeckTablesPut(std::string sDocument)
 {
-    for (const Table& table : {PointTable(), AntennaTable(), PointRec533Table(), AreaTable(),
-                               OutputTable(), OutputRec533Table(), GridTable()})
+    for (const Table& table : {FormatTable(), PointTable(), AntennaTable(), PointRec533Table(),
+                               AreaTable(), OutputTable(), OutputRec533Table(), GridTable()})
         table.Put(sDocument);
     return sDocument;
 }
