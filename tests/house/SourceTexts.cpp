@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
+#include <regex>
 
 #include "house/HouseFiles.h"
 #include "support/TempFolder.h"
@@ -29,6 +31,19 @@ std::string LiteralTake(const std::string& sSource, std::size_t& n)
     return sText;
 }
 
+std::string BlanksJoin(const std::string& sText)
+{
+    static const std::regex kBlanks("\\s+");
+    return std::regex_replace(sText, kBlanks, " ");
+}
+
+/// The texts of a form's controls.
+void FormTextsAdd(const std::string& sForm, std::set<std::string>& asText)
+{
+    static const std::regex kText("<string[^>]*>([^<]+)</string>");
+    for (const std::string& sText : MatchesGet(sForm, kText)) asText.insert(BlanksJoin(sText));
+}
+
 void LiteralsAdd(const std::string& sSource, std::set<std::string>& asText)
 {
     std::string sText;
@@ -50,7 +65,7 @@ void LiteralsAdd(const std::string& sSource, std::set<std::string>& asText)
             ++n;
         }
         if (bOpen)
-            asText.insert(sText);
+            asText.insert(BlanksJoin(sText));
         bOpen = false;
     }
 }
@@ -62,6 +77,9 @@ const std::set<std::string>& SourceTextsGet()
     static const std::set<std::string> s_asText = [] {
         std::set<std::string> asText;
         for (const auto& pthFile : SourcesGet()) LiteralsAdd(BytesRead(pthFile.string()), asText);
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(SOURCE_FOLDER))
+            if (entry.path().extension() == ".ui")
+                FormTextsAdd(BytesRead(entry.path().string()), asText);
         return asText;
     }();
     return s_asText;

@@ -6,7 +6,8 @@
 #include <string>
 #include <string_view>
 
-/// Texts of the programs' sources: adjacent literals as one, with escapes put in.
+/// Texts of the programs' sources and forms: adjacent literals as one, with escapes put in and
+/// several blanks as one.
 [[nodiscard]] const std::set<std::string>& SourceTextsGet();
 
 /// True when a text of the sources has this part.
