@@ -391,4 +391,38 @@ TEST(DocumentsFiles, ForecastsHaveTheScalesOfTheirReaders)
     EXPECT_EQ(resWwv.ValueGet().eSource, ForecastSource::Wwv);
 }
 
+/// With EveryVariableOfTheEnvironmentIsNamed: those and no others.
+TEST(DocumentsFiles, OtherInputsAreNamesThatTheSourcesHave)
+{
+    int nNames = 0;
+    for (const std::string& sTold : NamedIn(TableRead("files.md", "| name | what it does |"), 0)) {
+        const std::string sName = sTold.substr(0, sTold.find('='));
+        // The library looks for the folder of temporary files.
+        EXPECT_TRUE(sName == "TMPDIR" || SourceTextsGet().contains(sName)) << sName;
+        ++nNames;
+    }
+    EXPECT_GT(nNames, 12);
+}
+
+TEST(DocumentsFiles, ThePrivateRootIsWhereTheTableSays)
+{
+    const auto aRow = TableRead("files.md", "| platform | place |");
+    ASSERT_EQ(aRow.size(), 2U);
+    EXPECT_EQ(aRow[0].at(1), "`%LOCALAPPDATA%\\Hopcast\\itshfbc`");
+    for (const char* sPart : {"LOCALAPPDATA", "Hopcast", "itshfbc"})
+        EXPECT_TRUE(SourceTextsGet().contains(sPart)) << sPart;
+    std::vector<std::string> asWanted;
+    const EnvironmentSet home("HOME", "/h");
+    for (const char* sData : {"/d", ""}) {
+        const EnvironmentSet data("XDG_DATA_HOME", sData);
+        std::string sFolder = PrivateRootFolders().at(0);
+        if (sFolder.starts_with("/d/"))
+            sFolder.replace(0, 2, "$XDG_DATA_HOME");
+        else if (sFolder.starts_with("/h/"))
+            sFolder.replace(0, 2, "~");
+        asWanted.push_back(sFolder);
+    }
+    EXPECT_EQ(MatchesGet(aRow[1].at(1), kQuoted), asWanted);
+}
+
 }  // namespace
