@@ -59,6 +59,8 @@ MapDayControl::MapDayControl(MapForm& form, MainWindowHost& host, MapOverlayMenu
             Renew();
     });
     connect(&host.SettingsSignalGet(), &SettingsSignal::NeedChosen, this, &MapDayControl::Renew);
+    connect(&host.SettingsSignalGet(), &SettingsSignal::TableRenewed, this,
+            &MapDayControl::TableFollow);
 }
 
 void MapDayControl::BarConnect()
@@ -172,7 +174,15 @@ void MapDayControl::PictureForget()
 void MapDayControl::Show()
 {
     m_imgBase = m_form.pctMap->m_img;
+    TableFollow();
+}
+
+/// The list of a run, and the sunspot number that it found out, are in force only at its end.
+void MapDayControl::TableFollow()
+{
     ListTake();
+    if (!m_bOn || m_imgBase.isNull())
+        return BarShow();
     Ask();
     Paint();
 }

@@ -81,6 +81,7 @@ private:
     void BarShow();
     void WorkShow();
     void ListTake();
+    void TableFollow();
     void ShownTake();
     [[nodiscard]] std::optional<float> SmoothGet(const LatLon& pos) const;
     [[nodiscard]] MapDayTarget TargetGet(int iHour) const;

@@ -230,6 +230,39 @@ TEST_F(MapDay, OtherSettingsAreAskedForAnewAndTheirOldPictureGoes)
     EXPECT_EQ(m_pEngine->m_nRuns, 2 * kAll);
 }
 
+TEST_F(MapDay, TheListAndTheSunspotNumberAreThoseOfTheRunThatIsOver)
+{
+    m_pEngine->Let(100'000);
+    LayerChoose(1);
+    ASSERT_TRUE(TitleBecomes(QStringLiteral("Best Frequency @ 06:00")));
+    // Another list, and a number that the run finds out: windows are told before and after it.
+    m_host.m_inputTable = RequestFromSettings(m_host.m_settings);
+    m_host.m_settings.m_nData = 2;
+    m_host.m_settings.FrequencySet(2, 21000.0F);
+    m_host.Update();
+    m_host.m_settings.m_fPropagationSunSpotNumber = 33.0F;
+    m_host.m_inputTable = RequestFromSettings(m_host.m_settings);
+    Q_EMIT m_host.SettingsSignalGet().TableRenewed();
+    ASSERT_EQ(m_pMap->barHour->cmbFrequency->count(), 2);
+    EXPECT_EQ(m_pMap->barHour->cmbFrequency->itemText(1), QStringLiteral("21000 kHz"));
+    ASSERT_NE(Day().RunGet().AskedGet(), nullptr);
+    EXPECT_EQ(Day().RunGet().AskedGet()->area.fSunSpotNumber, 33.0F);
+    EXPECT_EQ(Day().RunGet().AskedGet()->afFrequency, (std::vector<float>{7000.0F, 21000.0F}));
+    ASSERT_TRUE(TitleBecomes(QStringLiteral("Best Frequency @ 06:00")));
+    EXPECT_EQ(Day().RequestGet().fSunSpotNumber, 33.0F);
+}
+
+TEST_F(MapDay, TheBarsListIsTheTablesBeforeTheDayHasBegun)
+{
+    OverlayShow();
+    ASSERT_EQ(m_pMap->barHour->cmbFrequency->count(), 3);
+    m_host.m_settings.m_nData = 2;
+    Q_EMIT m_host.SettingsSignalGet().TableRenewed();
+    ASSERT_EQ(m_pMap->barHour->cmbFrequency->count(), 2);
+    EXPECT_EQ(m_pEngine->m_nBegun, 0) << "the overlay's own picture stays";
+    EXPECT_EQ(m_pMap->windowTitle(), QStringLiteral("Snr Overlay, 10000.0KHz @ 06:00"));
+}
+
 TEST_F(MapDay, AFailureIsToldWithoutABoxAndWhatIsThereStays)
 {
     OverlayShow();
