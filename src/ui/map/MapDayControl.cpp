@@ -151,15 +151,14 @@ void MapDayControl::PlayStep()
 
 bool MapDayControl::Leave()
 {
-    if (m_run.RunningIs()) {
+    const bool bWork = m_run.RunningIs();
+    if (!bWork && !m_tmrPlay.isActive())
+        return false;
+    m_tmrPlay.stop();  // its next hour would begin the work anew
+    if (bWork) {
         m_run.Stop();
         m_bStopped = true;
-        BarShow();
-        return true;
     }
-    if (!m_tmrPlay.isActive())
-        return false;
-    m_tmrPlay.stop();
     BarShow();
     return true;
 }

@@ -57,7 +57,7 @@ public:
     void PictureForget();
     /// For tests: another speed of play, ms per hour.
     void PlayPaceSet(int nMs) { m_tmrPlay.setInterval(nMs); }
-    /// Stops the computation, otherwise the play.
+    /// Stops the computation and the play.
     /// @return false if there was neither
     bool Leave();
 

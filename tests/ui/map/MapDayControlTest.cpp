@@ -176,11 +176,40 @@ TEST_F(MapDay, SpacePlaysOnlyWithTheFocusOnTheBar)
     EXPECT_FALSE(Day().PlayingIs());
     QTest::mouseClick(m_pMap->barHour->cmdPlay, Qt::LeftButton);
     EXPECT_TRUE(Day().PlayingIs());
-    QTest::keyClick(m_pMap, Qt::Key_Escape);  // the work
-    EXPECT_TRUE(Day().PlayingIs());
     QTest::keyClick(m_pMap, Qt::Key_Escape);
     EXPECT_FALSE(Day().PlayingIs());
     EXPECT_TRUE(m_pMap && m_pMap->isVisible());
+}
+
+TEST_F(MapDay, WorkThatEscapeHasStoppedIsNotBegunAnewByThePlay)
+{
+    OverlayShow();
+    Day().PlayPaceSet(1);
+    HourKey(Qt::Key_Space);
+    ASSERT_TRUE(BegunBecome(1));
+    QTest::keyClick(m_pMap, Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_pEngine->m_nStopped == 1; }));
+    QTest::qWait(50);
+    EXPECT_FALSE(Day().RunGet().RunningIs());
+    EXPECT_EQ(m_pEngine->m_nBegun, 1);
+    EXPECT_EQ(m_pMap->barHour->lblWork->text(), QStringLiteral("stopped"));
+    QTest::keyClick(m_pMap, Qt::Key_Escape);
+    EXPECT_TRUE(IsGoneSoon()) << "nothing under way: it is Cancel";
+}
+
+TEST_F(MapDay, EscapeEndsThePlayOfADayThatIsThere)
+{
+    m_pEngine->Let(kAll);
+    OverlayShow();
+    HourKey(Qt::Key_Right);
+    ASSERT_TRUE(RunsBecome(24));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !Day().RunGet().RunningIs(); }));
+    HourKey(Qt::Key_Space);
+    ASSERT_TRUE(Day().PlayingIs());
+    QTest::keyClick(m_pMap, Qt::Key_Escape);
+    EXPECT_FALSE(Day().PlayingIs());
+    EXPECT_TRUE(m_pMap && m_pMap->isVisible());
+    EXPECT_TRUE(m_pMap->barHour->lblWork->text().isEmpty());
 }
 
 TEST_F(MapDay, ArrowsScrollTheMapSaveWithTheFocusOnTheBar)
