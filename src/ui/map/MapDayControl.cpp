@@ -46,6 +46,7 @@ MapDayControl::MapDayControl(MapForm& form, MainWindowHost& host, MapOverlayMenu
     m_tmrWork.setSingleShot(true);
     BarConnect();
     connect(form.mnuOverlayDraw, &QAction::toggled, this, &MapDayControl::OverlayToggled);
+    connect(form.mnuOverlay, &QMenu::aboutToShow, this, &MapDayControl::ChoiceFollow);
     connect(&m_run, &MapDayRun::Renewed, this, &MapDayControl::Renew);
     connect(&m_run, &MapDayRun::Progressed, this, &MapDayControl::WorkShow);
     connect(&m_run, &MapDayRun::Failed, this, [this](const Failure& failure) {
@@ -117,6 +118,19 @@ void MapDayControl::HourMove(int iHour)
         return Begin();
     ShownTake();
     if (m_run.GridGet(TargetGet(iHour)) == nullptr || m_bStopped)
+        Ask();
+    Paint();
+}
+
+/// Until hour or frequency are chosen on the map, the menu takes them from the table when it opens.
+void MapDayControl::ChoiceFollow()
+{
+    const MapDayWant before{m_shown.iHour, m_shown.iFrequency};
+    ShownTake();
+    const bool bSame = m_shown.iHour == before.iHour && m_shown.iFrequency == before.iFrequency;
+    if (!m_bOn || m_imgBase.isNull() || bSame)
+        return;
+    if (m_run.GridGet(TargetGet(m_shown.iHour)) == nullptr && !m_bStopped)
         Ask();
     Paint();
 }

@@ -72,6 +72,7 @@ private:
     void OverlayToggled(bool bShown);
     void Begin();
     void HourMove(int iHour);
+    void ChoiceFollow();
     void FrequencyMove(std::size_t iFrequency);
     void PlayToggle();
     void PlayStep();

@@ -281,6 +281,28 @@ TEST_F(MapDay, TheListAndTheSunspotNumberAreThoseOfTheRunThatIsOver)
     EXPECT_EQ(Day().RequestGet().fSunSpotNumber, 33.0F);
 }
 
+TEST_F(MapDay, PictureBarAndTipsGoWithTheChoiceThatTheMenuTakesFromTheTable)
+{
+    m_pEngine->Let(100'000);
+    LayerChoose(1);
+    ASSERT_TRUE(TitleBecomes(QStringLiteral("Best Frequency @ 06:00")));
+    ASSERT_TRUE(RunsBecome(kAll));
+    m_host.m_settings.m_selected = {2, 13};
+    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
+    m_pMap->mnuOverlay->close();
+    EXPECT_EQ(m_pMap->barHour->hscHour->value(), 12);
+    EXPECT_EQ(m_pMap->windowTitle(), QStringLiteral("Best Frequency @ 12:00"));
+    EXPECT_EQ(Day().ShownGet().iHour, 12);
+    EXPECT_EQ(m_host.m_settings.m_selected.iHour, 13) << "nobody has chosen on the map";
+    LayerChoose(2);
+    ASSERT_TRUE(TitleBecomes(QStringLiteral("Days in Ten, 10000.0KHz @ 12:00")));
+    m_host.m_settings.m_selected = {3, 13};
+    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
+    m_pMap->mnuOverlay->close();
+    EXPECT_EQ(m_pMap->barHour->cmbFrequency->currentIndex(), 2);
+    EXPECT_TRUE(TitleBecomes(QStringLiteral("Days in Ten, 14000.0KHz @ 12:00")));
+}
+
 TEST_F(MapDay, TheBarsListIsTheTablesBeforeTheDayHasBegun)
 {
     OverlayShow();
