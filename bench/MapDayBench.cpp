@@ -57,6 +57,7 @@ public:
     }
     void FrequencySet(int iIndex, float fKhz) override { m_settings.FrequencySet(iIndex, fKhz); }
     [[nodiscard]] Request TableInputGet() const override { return RequestFromSettings(m_settings); }
+    [[nodiscard]] bool TakenIs() const override { return false; }
     void OverlayFailedSet(const std::optional<Failure>& /*failure*/) override {}
 
 private:

@@ -41,6 +41,9 @@ public:
     /// The input of the table that is shown. It may differ from the settings, for example after a
     /// failed run. Before the first table: the input that the table would have.
     [[nodiscard]] virtual Request TableInputGet() const = 0;
+    /// True while a row that was taken over from a planning window is in force: the list of
+    /// frequencies may be the row's own.
+    [[nodiscard]] virtual bool TakenIs() const = 0;
     /// Shows in the status line why the map's overlay could not be drawn; nothing when it could.
     virtual void OverlayFailedSet(const std::optional<Failure>& failure) = 0;
 

@@ -33,7 +33,9 @@ MapReach::MapReach(const MapForm& form, MapStations& stations, MainWindowHost& h
 {
     connect(&host.ReachBoardGet(), &ReachBoard::Renewed, this, &MapReach::Show);
     connect(&host.SettingsSignalGet(), &SettingsSignal::CellSelected, this, &MapReach::Show);
+    connect(&host.SettingsSignalGet(), &SettingsSignal::TableRenewed, this, &MapReach::Show);
     connect(&menu, &MapOverlayMenu::Chosen, this, &MapReach::Show);
+    connect(form.mnuOverlay, &QMenu::aboutToShow, this, &MapReach::Show);  // may take an hour
     connect(&stations, &MapStations::Loaded, this, &MapReach::Show);
     connect(&stations, &MapStations::Reached, this, &MapReach::TipShow);
 }
@@ -47,9 +49,19 @@ int MapReach::HourGet() const
     return iSelected >= 1 && iSelected <= kHourCount ? iSelected - 1 : UtcNow().nHour;
 }
 
+/// True while the settings ask for what the last search asked for. The list of frequencies of a
+/// station that was taken over from its answers is not the user's own.
+bool MapReach::BoardIs() const
+{
+    return m_host.ReachBoardGet().Answers(RequestFromSettings(m_host.SettingsGet()),
+                                          !m_host.TakenIs());
+}
+
 /// A station's day from the last search.
 std::optional<MapReach::Hours> MapReach::BoardGet(const MapStation& station) const
 {
+    if (!BoardIs())
+        return {};
     Hours aHours;
     for (int iHour = 0; iHour < kReachHours; ++iHour) {
         const auto hour = m_host.ReachBoardGet().HourGet(station.sSystem, station.sKey, iHour);
@@ -141,9 +153,12 @@ void MapReach::TipShow(std::size_t iStation)
 void MapReach::Show()
 {
     const int iHour = HourGet();
+    const bool bBoard = BoardIs();
     for (std::size_t n = 0; n < m_stations.StationsGet().size(); ++n) {
         const MapStation& station = m_stations.StationsGet()[n];
-        const auto hour = m_host.ReachBoardGet().HourGet(station.sSystem, station.sKey, iHour);
+        const auto hour = bBoard
+                              ? m_host.ReachBoardGet().HourGet(station.sSystem, station.sKey, iHour)
+                              : std::nullopt;
         if (hour)
             m_stations.StationShow(n, ColorFromBgr(SnrBandOfCell(hour->fSnr).nColor),
                                    ValueText(*hour, iHour));

@@ -1,7 +1,7 @@
 /// @file MapReach.h
 /// The answers of "Who Can I Reach" on the map. Stations in them have the colour of their SNR at
-/// the hour shown; the tip of a station gives range and bearing, its best frequency and when it is
-/// open.
+/// the hour shown, as long as the settings still ask for that; the tip of a station gives range and
+/// bearing, its best frequency and when it is open.
 ///
 /// Tests:   tests/ui/map/MapReachTest.cpp
 #pragma once
@@ -37,6 +37,7 @@ private:
     using Hours = std::array<ReachHour, kReachHours>;
 
     [[nodiscard]] int HourGet() const;
+    [[nodiscard]] bool BoardIs() const;
     [[nodiscard]] std::optional<Hours> BoardGet(const MapStation& station) const;
     [[nodiscard]] std::optional<Hours> Predict(const MapStation& station);
     [[nodiscard]] QString WayText(const MapStation& station) const;

@@ -42,7 +42,4 @@ public:
     virtual void PlanApply(const PlanChoice& choice) = 0;
     /// The transmitter's name as in the main window's title; empty if it has none.
     [[nodiscard]] virtual QString TransmitterNameGet() const = 0;
-    /// True while a row that was taken over is in force: the list of frequencies may be the row's
-    /// own.
-    [[nodiscard]] virtual bool TakenIs() const = 0;
 };

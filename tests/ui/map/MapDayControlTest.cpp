@@ -274,9 +274,9 @@ TEST_F(MapDay, TheListAndTheSunspotNumberAreThoseOfTheRunThatIsOver)
     Q_EMIT m_host.SettingsSignalGet().TableRenewed();
     ASSERT_EQ(m_pMap->barHour->cmbFrequency->count(), 2);
     EXPECT_EQ(m_pMap->barHour->cmbFrequency->itemText(1), QStringLiteral("21000 kHz"));
-    ASSERT_NE(Day().RunGet().AskedGet(), nullptr);
-    EXPECT_EQ(Day().RunGet().AskedGet()->area.fSunSpotNumber, 33.0F);
-    EXPECT_EQ(Day().RunGet().AskedGet()->afFrequency, (std::vector<float>{7000.0F, 21000.0F}));
+    ASSERT_NE(Day().RunGet().RequestGet(), nullptr);
+    EXPECT_EQ(Day().RunGet().RequestGet()->area.fSunSpotNumber, 33.0F);
+    EXPECT_EQ(Day().RunGet().RequestGet()->afFrequency, (std::vector<float>{7000.0F, 21000.0F}));
     ASSERT_TRUE(TitleBecomes(QStringLiteral("Best Frequency @ 06:00")));
     EXPECT_EQ(Day().RequestGet().fSunSpotNumber, 33.0F);
 }

@@ -30,6 +30,7 @@ public:
     [[nodiscard]] float FrequencyGet(int iIndex) const override;
     void FrequencySet(int iIndex, float fKhz) override { m_settings.FrequencySet(iIndex, fKhz); }
     [[nodiscard]] Request TableInputGet() const override;
+    [[nodiscard]] bool TakenIs() const override { return m_bTaken; }
     void OverlayFailedSet(const std::optional<Failure>& failure) override
     {
         m_sOverlayFailed = failure ? failure->sText : std::string();
@@ -38,6 +39,7 @@ public:
     Settings m_settings;
     std::optional<Request> m_inputTable;  ///< of the table; else the settings'
     std::string m_sOverlayFailed;         ///< told last
+    bool m_bTaken = false;
     int m_nUpdates = 0;
     frmMap* m_pMap = nullptr;  ///< told of each update, as the main window does
 };

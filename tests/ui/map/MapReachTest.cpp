@@ -57,8 +57,10 @@ protected:
         place.sSystem = "HAM";
         place.sKey = "W1ABC";
         ReachInput input;
-        input.base.nData = 1;
-        input.base.afFrequency = {0.0F, 7000.0F};
+        m_host.m_settings.m_nData = 1;
+        m_host.m_settings.FrequencySet(1, 7000.0F);
+        input.base = RequestFromSettings(m_host.m_settings);
+        input.base.dTxLat = input.base.dTxLon = 0.0;
         Reach reach(input, {place});
         Prediction prediction;
         prediction.table = PropagationTable(1);
@@ -173,6 +175,80 @@ TEST_F(MapReachShown, TheBoardIsNotToldFromAnotherPlaceAndOtherEnginesAreNotAske
     PointerTo(0);
     EXPECT_FALSE(Dot(0).toolTip().contains(QStringLiteral("kHz")));
     EXPECT_TRUE(pEngine->m_aRequests.empty());
+}
+
+TEST_F(MapReachShown, WhatWasFoundWithOlderSettingsIsNotToldAnyMore)
+{
+    const QColor clrList = Dot(0).ColorGet();
+    const QColor clrFound = ColorFromBgr(SnrGetColor(62.0F));
+    HourSet(5);
+    ReachSet();
+    PointerTo(0);
+    ASSERT_TRUE(Dot(0).toolTip().contains(QStringLiteral("7000 kHz, 62 dB")));
+    const Settings before = m_host.m_settings;
+    const auto Changed = [&](const auto& fnChange) {
+        m_host.m_settings = before;
+        fnChange(m_host.m_settings);
+        m_pMap->Update();
+    };
+    const std::function<void(Settings&)> afnChange[] = {
+        [](Settings& settings) { settings.m_iPropagationMonth = 7; },
+        [](Settings& settings) { settings.m_fStationPower = 400.0F; },
+        [](Settings& settings) { settings.m_dRcLat += 1.0; },
+        [](Settings& settings) { settings.m_iPropagationModel = kEngineVoacap; },
+        [](Settings& settings) { settings.FrequencySet(1, 7100.0F); },
+        [](Settings& settings) { settings.m_nData = 2; },
+    };
+    for (const auto& fnChange : afnChange) {
+        Changed(fnChange);
+        EXPECT_EQ(Dot(0).ColorGet(), clrList);
+        EXPECT_EQ(Dot(0).toolTip(), QStringLiteral("W1ABC, Boston"));
+        PointerTo(0);
+        EXPECT_FALSE(Dot(0).toolTip().contains(QStringLiteral("kHz")));
+        Changed([](Settings&) {});
+        EXPECT_EQ(Dot(0).ColorGet(), clrFound) << "it answers these again";
+    }
+    // The other end, the need and the windows are not what was asked for.
+    Changed([](Settings& settings) {
+        settings.m_dTxLat += 10.0;
+        settings.m_sNeedSelected = "AM broadcast";
+    });
+    EXPECT_EQ(Dot(0).ColorGet(), clrFound);
+}
+
+TEST_F(MapReachShown, TheSunspotNumberThatARunFoundOutMayBeAnother)
+{
+    HourSet(5);
+    ReachSet();
+    const QColor clrFound = Dot(0).ColorGet();
+    m_host.m_settings.m_fPropagationSunSpotNumber += 50.0F;
+    Q_EMIT m_host.SettingsSignalGet().TableRenewed();
+    EXPECT_NE(Dot(0).ColorGet(), clrFound);
+}
+
+TEST_F(MapReachShown, TheListOfAStationThatWasTakenIsNoOtherQuestion)
+{
+    HourSet(5);
+    ReachSet();
+    const QColor clrFound = Dot(0).ColorGet();
+    m_host.m_settings.FrequencySet(1, 13992.0F);
+    m_host.m_bTaken = true;
+    m_pMap->Update();
+    EXPECT_EQ(Dot(0).ColorGet(), clrFound);
+    m_host.m_bTaken = false;
+    m_pMap->Update();
+    EXPECT_NE(Dot(0).ColorGet(), clrFound);
+}
+
+TEST_F(MapReachShown, StationsGoWithTheHourThatTheOverlaysMenuTakesFromTheTable)
+{
+    HourSet(6);
+    ReachSet();
+    m_pMap->mnuOverlayDraw->setChecked(true);
+    m_host.m_settings.m_selected = {1, 6};
+    QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
+    m_pMap->mnuOverlay->close();
+    EXPECT_EQ(Dot(0).ColorGet(), ColorFromBgr(SnrGetColor(62.0F)));
 }
 
 TEST_F(MapReachShown, AnotherSearchTakesThePlaceOfTheFormer)

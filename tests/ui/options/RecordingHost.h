@@ -43,6 +43,7 @@ public:
         m_settings.FrequencySet(iIndex, fKhz);
     }
     [[nodiscard]] Request TableInputGet() const override { return RequestFromSettings(m_settings); }
+    [[nodiscard]] bool TakenIs() const override { return false; }
     void OverlayFailedSet(const std::optional<Failure>& /*failure*/) override {}
 
     Settings m_settings;
