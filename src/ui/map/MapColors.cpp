@@ -88,6 +88,8 @@ private:
         const bool bNight = m_look.ePalette == Palette::Night;
         if (it != m_aEntry.end())
             nColor = it->second;
+        else if (m_look.bOverlay && bNight)  // cells of other values, as tables of such are shown
+            return NightNegative(nColor);
         else if (m_look.bDark || bNight)
             nColor = GreyTurned(nColor);
         return bNight ? NightRed(nColor) : nColor;

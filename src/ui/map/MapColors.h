@@ -26,5 +26,5 @@ struct MapLook {
 /// lines are red, or black where they cross a bright cell. The plain map has a dark variant.
 [[nodiscard]] QImage MapPictureShown(const QImage& img, const MapLook& look);
 
-/// A colour of the plain map in a look, for the background around the world.
+/// A colour of the picture in a look: of a cell, or of the background around the world.
 [[nodiscard]] QRgb MapColorShown(QRgb nColor, const MapLook& look);

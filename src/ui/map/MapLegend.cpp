@@ -10,6 +10,7 @@
 #include "ui/common/Colors.h"
 #include "ui/common/NightColors.h"
 #include "ui/common/PaletteShown.h"
+#include "ui/map/MapColors.h"
 
 namespace {
 
@@ -121,6 +122,7 @@ void LegendPaint(QPainter& painter, const QRect& rct, const Legend& legend)
     const int nLine = LineGetHeight(painter.fontMetrics());
     const int nText = rct.width() - 2 * kMargin;
     const bool bNight = PaletteNightIs();
+    const MapLook look = MapLookGet(true);  // as the cells are shown
     const QColor clrInk = bNight ? QColor(kNightInk) : QColor(Qt::black);
     painter.setPen(bNight ? QColor(kNightEdge) : QColor(0x60, 0x60, 0x60));
     painter.setBrush(bNight ? Qt::black : Qt::white);
@@ -132,7 +134,7 @@ void LegendPaint(QPainter& painter, const QRect& rct, const Legend& legend)
         rctLine.translate(0, nLine);
         const QRect rctSwatch(rctLine.left(), rctLine.top() + 2, kSwatch, nLine - 4);
         painter.setPen(row.bDrawn ? clrInk : QColor(Qt::gray));
-        painter.setBrush(row.bDrawn ? QBrush(ColorInPalette(QColor(row.nColor), PaletteShown()))
+        painter.setBrush(row.bDrawn ? QBrush(QColor(MapColorShown(row.nColor, look)))
                                     : QBrush(Qt::NoBrush));
         painter.drawRect(rctSwatch.adjusted(0, 0, -1, -1));
         painter.drawText(rctLine.adjusted(kSwatch + kMargin, 0, 0, 0),

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QPainter>
 #include <QPalette>
 #include <set>
 
@@ -12,6 +13,7 @@
 #include "ui/common/PaletteShown.h"
 #include "ui/map/MapColors.h"
 #include "ui/map/MapGraticule.h"
+#include "ui/map/MapLegend.h"
 #include "ui/map/MapPaint.h"
 #include "ui/map/WorldImage.h"
 
@@ -89,6 +91,45 @@ TEST(MapColors, ByNightALineFromSideToSideTakesTheGroundAboveIt)
     const QImage imgNight = MapPictureShown(img, {true, false, Palette::Night});
     EXPECT_EQ(imgNight.pixel(1, 1), kNightInk);
     EXPECT_EQ(imgNight.pixel(2, 1), kInk);
+}
+
+TEST(MapColors, ByNightCellsOfOtherValuesAreTheDarkerTheLighterTheyAreAsInTables)
+{
+    const MapLook look{true, false, Palette::Night};
+    int nBefore = -1;
+    for (int nShare = 0; nShare <= 10; ++nShare) {
+        const QRgb nCell = ShareColor(nShare / 10.0).rgb();
+        const QRgb nShown = MapPictureShown(RowMake({nCell}), look).pixel(0, 0);
+        EXPECT_GT(qRed(nShown), nBefore) << nShare;
+        nBefore = qRed(nShown);
+        EXPECT_LE(std::max(qGreen(nShown), qBlue(nShown)), kNightMost);
+        EXPECT_EQ(nShown, CellColorsGet(QColor(nCell), Qt::black, Palette::Night).clrBack.rgb());
+    }
+}
+
+TEST(MapColors, ALegendsSwatchIsTheCellAsItIsShown)
+{
+    for (const Palette ePalette : {Palette::Standard, Palette::Safe, Palette::Night}) {
+        PaletteShow(ePalette);
+        Legend legend{QStringLiteral("head"), {}, QStringLiteral("foot")};
+        const std::vector<QRgb> aCells{ShareColor(0.0).rgb(), ShareColor(0.5).rgb(),
+                                       Band(2, Palette::Standard)};
+        for (const QRgb nCell : aCells) legend.aRows.push_back({QStringLiteral("x"), nCell, true});
+        QImage img(300, 200, QImage::Format_RGB32);
+        img.fill(Qt::white);
+        QPainter painter(&img);
+        const QRect rct = LegendGetRect(painter.fontMetrics(), img.rect(), legend, {});
+        LegendPaint(painter, rct, legend);
+        painter.end();
+        std::set<QRgb> aSeen;
+        for (int y = 0; y < img.height(); ++y)
+            for (int x = 0; x < img.width(); ++x) aSeen.insert(img.pixel(x, y));
+        for (const QRgb nCell : aCells) {
+            const QRgb nShown = MapPictureShown(RowMake({nCell}), MapLookGet(true)).pixel(0, 0);
+            EXPECT_TRUE(aSeen.contains(nShown)) << static_cast<int>(ePalette) << " " << nCell;
+        }
+    }
+    PaletteShow(Palette::Standard);
 }
 
 TEST(MapColors, TheDarkVariantHasEveryBorderOfThePlainMap)
