@@ -125,7 +125,7 @@ void MapDayControl::HourMove(int iHour)
 /// Until hour or frequency are chosen on the map, the menu takes them from the table when it opens.
 void MapDayControl::ChoiceFollow()
 {
-    const MapDayWant before{m_shown.iHour, m_shown.iFrequency};
+    const MapDayTarget before{m_shown.iHour, m_shown.iFrequency};
     ShownTake();
     const bool bSame = m_shown.iHour == before.iHour && m_shown.iFrequency == before.iFrequency;
     if (!m_bOn || m_imgBase.isNull() || bSame)
@@ -299,6 +299,7 @@ void MapDayControl::Paint()
                                                     : QObject::tr("Hopcast - World Map"));
     BarShow();
     pMap->update();
+    Q_EMIT Painted();
 }
 
 void MapDayControl::BarShow()

@@ -64,6 +64,8 @@ public:
 Q_SIGNALS:
     /// The picture is to be painted again, without cells.
     void PictureNeeded();
+    /// The cells were painted again, over what was drawn into the picture since.
+    void Painted();
     /// The bar of hours was shown or hidden; the picture is painted again in any case.
     void BarShown();
 

@@ -63,6 +63,7 @@ void frmMap::PartsConnect()
     connect(&m_overlay, &MapOverlayControl::Due, this, &frmMap::OverlayAgain);
     connect(pctMap, &PctMap::DensityChanged, this, &frmMap::OverlayAgain);
     connect(&m_day, &MapDayControl::PictureNeeded, this, &frmMap::ViewPaint);
+    connect(&m_day, &MapDayControl::Painted, this, [this] { m_mouse.PictureForget(); });
     connect(&m_day, &MapDayControl::BarShown, this, [this] {
         m_layout.LayoutSet();
         m_navigation.ViewFit();

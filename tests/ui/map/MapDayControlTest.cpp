@@ -197,6 +197,31 @@ TEST_F(MapDay, WorkThatEscapeHasStoppedIsNotBegunAnewByThePlay)
     EXPECT_TRUE(IsGoneSoon()) << "nothing under way: it is Cancel";
 }
 
+TEST_F(MapDay, ARubberBandLeavesNothingBehindInAPictureThatWasRenewedBelowIt)
+{
+    m_pEngine->Let(kAll);
+    LayerChoose(1);
+    ASSERT_TRUE(RunsBecome(kAll));
+    ASSERT_TRUE(TitleBecomes(QStringLiteral("Best Frequency @ 06:00")));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !Day().RunGet().RunningIs(); }));
+    HourKey(Qt::Key_Right);
+    const QImage img = m_pMap->pctMap->m_img.copy();
+    HourKey(Qt::Key_Left);
+    const auto Move = [&](QPoint pt) {
+        QMouseEvent evt(QEvent::MouseMove, pt, m_pMap->pctMap->mapToGlobal(pt), Qt::NoButton,
+                        Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_pMap->pctMap, &evt);
+    };
+    QTest::mousePress(m_pMap->pctMap, Qt::LeftButton, {}, {300, 200});
+    Move({400, 300});
+    HourKey(Qt::Key_Right);  // as the play does
+    EXPECT_EQ(m_pMap->pctMap->m_img, img);
+    Move({310, 210});
+    QTest::mouseRelease(m_pMap->pctMap, Qt::LeftButton, {}, {310, 210});
+    EXPECT_EQ(m_pMap->windowTitle(), QStringLiteral("Best Frequency @ 07:00"));
+    EXPECT_EQ(m_pMap->pctMap->m_img, img);
+}
+
 TEST_F(MapDay, EscapeEndsThePlayOfADayThatIsThere)
 {
     m_pEngine->Let(kAll);

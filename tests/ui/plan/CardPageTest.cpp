@@ -26,7 +26,7 @@ std::string Squeezed(const std::string& sText)
 TEST(CardPage, HasARowForEachHourAndACellForEachFrequency)
 {
     const PropagationTable table = CardTable(7);
-    const PageGrid grid = CardGridGet(table, CardAskedGet());
+    const PageGrid grid = CardGridGet(table, CardInputGet());
     ASSERT_EQ(grid.RowsGet(), 24);
     ASSERT_EQ(grid.ColsGet(), 7);
     EXPECT_EQ(grid.asColumn.front(), QStringLiteral("2900"));
@@ -50,7 +50,7 @@ TEST(CardPage, HasARowForEachHourAndACellForEachFrequency)
 TEST(CardPage, NamesTheBestFrequencyOfEachHourThatHasOne)
 {
     const PropagationTable table = CardTable(7);
-    const PageGrid grid = CardGridGet(table, CardAskedGet());
+    const PageGrid grid = CardGridGet(table, CardInputGet());
     for (int iHour = 1; iHour <= 24; ++iHour) {
         int iBest = 0;
         for (int i = 1; i <= 7; ++i)
@@ -63,7 +63,7 @@ TEST(CardPage, NamesTheBestFrequencyOfEachHourThatHasOne)
 
 TEST(CardPage, ShipsHoursComeFirstUnderLocalTime)
 {
-    CardInput input = CardAskedGet();
+    CardInput input = CardInputGet();
     input.iTimeCode = kTimeLocal;
     const PageGrid grid = CardGridGet(CardTable(3), input);
     EXPECT_EQ(grid.asCorner.mid(0, 2),
@@ -73,7 +73,7 @@ TEST(CardPage, ShipsHoursComeFirstUnderLocalTime)
 
 TEST(CardPage, TellsEndsRangeBearingsAndWhatTheNumbersAre)
 {
-    CardInput input = CardAskedGet();
+    CardInput input = CardInputGet();
     const Page page = CardPageGet(CardTable(), input);
     EXPECT_EQ(page.sTitle.toStdString(),
               "WHV382 - Friday Harbor to 15\xC2\xB0"
@@ -102,7 +102,7 @@ TEST_P(CardOnPaper, EverythingOfFifteenFrequenciesALongNameAndAHalfHourZoneStand
     const TempFolder folder;
     PageForm form;
     std::tie(form.ePaper, form.eOrientation, form.eLook) = GetParam();
-    CardInput input = CardAskedGet();
+    CardInput input = CardInputGet();
     input.sTx = QStringLiteral(
         "WHV382 - Llanfairpwllgwyngyllgogerychwyrndrobwllllantysiliogogogoch, the upper station "
         "on the hill behind the harbour of Friday Harbor, San Juan Island, Washington");
@@ -164,7 +164,7 @@ std::set<QRgb> ColoursGet(const QImage& image)
 
 TEST(CardPage, WithoutATableItSaysSo)
 {
-    const Page page = CardPageGet(PropagationTable(), CardAskedGet());
+    const Page page = CardPageGet(PropagationTable(), CardInputGet());
     EXPECT_FALSE(page.sTitle.isEmpty());
     EXPECT_TRUE(page.aBlock.empty());
     EXPECT_TRUE(page.sFoot.isEmpty());
@@ -174,7 +174,7 @@ TEST(CardPage, APictureHasTheColoursOfItsCells)
 {
     const TempFolder folder;
     const QString sFile = QString::fromStdString(folder.Path("card.png"));
-    const Page page = CardPageGet(CardTable(), CardAskedGet());
+    const Page page = CardPageGet(CardTable(), CardInputGet());
     ASSERT_TRUE(PageExport(page, {}, sFile));
     const std::set<QRgb> aColour = ColoursGet(QImage(sFile).convertToFormat(QImage::Format_RGB32));
     std::set<QRgb> aWanted;
@@ -187,7 +187,7 @@ TEST(CardPage, APictureHasTheColoursOfItsCells)
 
 TEST(CardPage, BlackAndWhiteHasNoOtherInkSoTheContrastIsAtLeastSevenToOne)
 {
-    Page page = CardPageGet(CardTable(), CardAskedGet());
+    Page page = CardPageGet(CardTable(), CardInputGet());
     for (const QSize& size : {QSize(1100, 1500), QSize(1500, 1100)}) {
         QImage image(size, QImage::Format_RGB32);
         image.fill(Qt::white);
@@ -217,7 +217,7 @@ TEST(CardPage, ItsCsvReadBackIsTheTable)
 {
     const TempFolder folder;
     const PropagationTable table = CardTable(9);
-    ASSERT_TRUE(PageExport(CardPageGet(table, CardAskedGet()),
+    ASSERT_TRUE(PageExport(CardPageGet(table, CardInputGet()),
                            {QPageSize::A4, QPageLayout::Landscape, PageLook::Colour},
                            QString::fromStdString(folder.Path("card.csv"))));
     const QStringList asLine = QString::fromStdString(BytesRead(folder.Path("card.csv")))

@@ -41,7 +41,7 @@ inline PropagationTable CardTable(int nFrequencies = 15)
     return table;
 }
 
-inline CardInput CardAskedGet()
+inline CardInput CardInputGet()
 {
     CardInput input;
     input.sTx = QStringLiteral("WHV382 - Friday Harbor");
