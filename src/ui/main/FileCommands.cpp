@@ -3,11 +3,15 @@
 #include <QScreen>
 #include <QWidget>
 
+#include "places/OwnPlaces.h"
+#include "settings/ForecastFile.h"
 #include "settings/ProfileLib.h"
+#include "system/FileLib.h"
 #include "system/MsgLib.h"
 #include "ui/common/FileDialog.h"
 #include "ui/common/MainWindowHost.h"
 #include "ui/common/WindowPlace.h"
+#include "ui/common/Words.h"
 #include "ui/main/StatusText.h"
 
 namespace {
@@ -22,6 +26,25 @@ bool ProfileAsk(QWidget& window, FileDialogKind eKind, std::string& sFile)
     if (!sChosen.isEmpty())
         sFile = sChosen.toStdString();
     return !sChosen.isEmpty();
+}
+
+/// Under a new name the settings keep the forecast and the places that stand beside their profile,
+/// or the next prediction would have another sunspot number. A profile's own stay.
+void BesideCarry(const std::string& sFrom, const std::string& sTo)
+{
+    if (!FileExists(sTo))
+        return;  // it could not be saved, which has been told
+    for (const auto& fnPath : {ForecastFilePath, OwnPlacesPath}) {
+        const std::string sNew = fnPath(sTo);
+        if (!FileExists(fnPath(sFrom)) || FileExists(sNew))
+            continue;
+        const auto resBytes = FileRead(fnPath(sFrom), kOwnPlacesBytesMost);
+        const auto resKept =
+            resBytes ? FileReplace(sNew, resBytes.ValueGet()) : Result<void>(resBytes.ErrorGet());
+        if (!resKept)
+            MsgBox(MsgIcon::Info,
+                   WordsPut(QObject::tr("Cannot keep %1: %2"), sNew, resKept.TextGet()));
+    }
 }
 
 }  // namespace
@@ -58,8 +81,12 @@ void FileCommands::Open()
 
 void FileCommands::Save()
 {
-    if (ProfileAsk(m_window, FileDialogKind::Save, m_host.SettingsGet().m_sProfileFile))
-        ProfileWrite();
+    const std::string sBefore = m_host.SettingsGet().m_sProfileFile;
+    if (!ProfileAsk(m_window, FileDialogKind::Save, m_host.SettingsGet().m_sProfileFile))
+        return;
+    ProfileWrite();
+    BesideCarry(sBefore, m_host.SettingsGet().m_sProfileFile);
+    Q_EMIT m_host.SettingsSignalGet().PlacesChanged();
 }
 
 bool FileCommands::ProfileRead()

@@ -55,10 +55,11 @@ frmPlaces::frmPlaces(PlanHost& host)
     constexpr QSize kFirst(720, 480);
     resize(kFirst);
     Load();
-    connect(&host.SettingsSignalGet(), &SettingsSignal::Changed, this, [this] {
-        if (HostGet().SettingsGet().m_sProfileFile != m_sProfileFile)
-            Load();
-    });
+    for (const auto signal : {&SettingsSignal::Changed, &SettingsSignal::PlacesChanged})
+        connect(&host.SettingsSignalGet(), signal, this, [this] {
+            if (HostGet().SettingsGet().m_sProfileFile != m_sProfileFile)
+                Load();
+        });
 }
 
 void frmPlaces::GridMake()

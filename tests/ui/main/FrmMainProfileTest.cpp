@@ -46,6 +46,25 @@ TEST(FrmMainProfile, SaveWritesUnderTheChosenNameAndPredictsNothing)
     EXPECT_EQ(rig.m_engine.nStarts, 0);
 }
 
+TEST(FrmMainProfile, SaveTakesForecastAndPlacesToTheNewNameUnlessItHasItsOwn)
+{
+    MainRig rig;
+    frmMain& frm = rig.Start();
+    const fs::path pthOld = rig.m_sProfileFile;
+    const auto Beside = [&](const char* sEnding) {
+        return fs::path(pthOld).replace_extension(sEnding).filename().string();
+    };
+    rig.m_folder.Write(Beside(".forecast.txt"), "a forecast");
+    rig.m_folder.Write(Beside(".places.csv"), "places");
+    rig.m_folder.Write("saved.places.csv", "its own");
+    rig.m_sAnswer = QString::fromStdString(rig.m_folder.Path("saved.ini"));
+    frm.mnuFileSave->trigger();
+    EXPECT_EQ(BytesRead(rig.m_folder.Path("saved.forecast.txt")), "a forecast");
+    EXPECT_EQ(BytesRead(rig.m_folder.Path("saved.places.csv")), "its own");
+    frm.mnuFileSave->trigger();
+    EXPECT_EQ(BytesRead(rig.m_folder.Path("saved.forecast.txt")), "a forecast") << "the same name";
+}
+
 TEST(FrmMainProfile, CancelledDialogsChangeNothing)
 {
     MainRig rig;
