@@ -245,7 +245,7 @@ void MapDayControl::Ask()
         GridThin(request.area.nGridSize, request.afFrequency.size(), request.aBoxes.size());
     request.bSpread = m_shown.eLayer == MapDayLayerKind::DaysInTen;
     m_overlay.FailureForget();
-    if (request.afFrequency.empty() || request.aBoxes.empty())
+    if (request.afFrequency.empty())
         return m_run.Stop();
     m_run.Ask(request, m_fnEngine(request.area.iModel), TargetGet(m_shown.iHour));
     if (m_run.RunningIs() && !m_tmrWork.isActive())

@@ -50,7 +50,8 @@ public:
     MapDayRun();
     ~MapDayRun() override;
 
-    /// Makes this the day in use and computes what is missing of what is wanted.
+    /// Makes this the day in use and computes what is missing of the target; a request without boxes
+    /// has nothing to show.
     void Ask(const MapDayRequest& request, const std::shared_ptr<const Engine>& pEngine,
              const MapDayTarget& target);
     /// Ends the work; what is computed is kept.

@@ -445,6 +445,22 @@ TEST_F(MapDay, ZoomOffComputesTheNewView)
     EXPECT_TRUE(TipAt(PointOf(-30, 90)).contains(QStringLiteral("kHz, Snr")));
 }
 
+TEST_F(MapDay, AViewTooCloseToAPoleForAnAreaShowsNoCellsOfTheOneBefore)
+{
+    m_pEngine->Let(100'000);
+    LayerChoose(1);
+    ASSERT_TRUE(TitleBecomes(QStringLiteral("Best Frequency @ 06:00")));
+    m_pMap->m_view.ZoomSet(m_pMap->m_view.BoxGetZoom({89.98, 200, 89.95, 200.05}));
+    ASSERT_TRUE(OverlayGetBoxes(m_pMap->m_view.m_box, m_pMap->m_view.m_dEdge).empty());
+    m_host.m_settings.m_nData = 1;
+    m_pMap->Update();
+    EXPECT_EQ(m_pMap->windowTitle(), QStringLiteral("Hopcast - World Map"));
+    EXPECT_FALSE(Day().HasCells());
+    HourKey(Qt::Key_Right);
+    EXPECT_FALSE(Day().HasCells());
+    EXPECT_FALSE(TipAt({300, 200}).contains(QStringLiteral("kHz")));
+}
+
 TEST_F(MapDay, TheCaptionSaysWhatTheLayerIs)
 {
     m_pEngine->Let(100'000);
