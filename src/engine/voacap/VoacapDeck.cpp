@@ -27,6 +27,8 @@ Result<std::vector<double>> FrequenciesRead(std::string_view sCard)
     const std::string_view sUsed = sCard.substr(0, sCard.find_last_not_of(' ') + 1);
     for (Field fld = frequency_row::kFirst; fld.nCol <= static_cast<int>(sUsed.size());
          fld.nCol += fld.nWidth) {
+        if (aFrequencies.size() == std::size_t{kChunkMax})
+            return RunError{ColumnsName("FREQUENCY", fld) + ": more than 10 frequencies"};
         const auto resMHz = NumberOf(sUsed, fld);
         if (!resMHz)
             return RunError{ColumnsName("FREQUENCY", fld) + ": no number"};

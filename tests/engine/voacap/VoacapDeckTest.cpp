@@ -71,6 +71,8 @@ TEST(VoacapDeckPointToPoint, NamesTheCardThatCannotBeUsed)
     EXPECT_EQ(ErrorOfPoint("FREQUENCY   \r\n"), "FREQUENCY card: no frequency");
     EXPECT_EQ(ErrorOfPoint("FREQUENCY   2.0 *****\r\n"),
               "FREQUENCY card, columns 16-20: no number");
+    EXPECT_EQ(ErrorOfPoint("FREQUENCY   1.9  3.7  5.4  7.1 10.1 14.1 18.1 21.2 24.9 28.3 29.0\r\n"),
+              "FREQUENCY card, columns 61-65: more than 10 frequencies");
     EXPECT_EQ(ErrorOfPoint("FREQUENCY   2.0       4.0\r\n"),
               "FREQUENCY card, columns 16-20: no number");
 }
