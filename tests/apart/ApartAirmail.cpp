@@ -339,8 +339,9 @@ std::optional<std::string> ApartUserReg(const std::string& sBytes)
         return std::nullopt;
     // As many bytes as characters, one of them the NUL; another NUL ends the text, not the bytes.
     const std::string sValue = ApartBytes(Utf8(*sFolder));
-    if (sValue.size() + 1 > kBytesMost)
+    // An empty one has no last character to drop.
+    if (sValue.empty() || sValue.size() + 1 > kBytesMost)
         return std::nullopt;
     const std::u16string sShown = sFolder->substr(0, sFolder->find(u'\0'));
-    return ApartCut(Utf8(sShown), sValue.empty() ? 0 : sValue.size() - 1);
+    return ApartCut(Utf8(sShown), sValue.size() - 1);
 }

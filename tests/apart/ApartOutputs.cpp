@@ -30,18 +30,19 @@ public:
         const auto it = std::find_if(From(m_nNext), m_asLine.cend(), [&](const std::string& sLine) {
             return Holds(sLine, sLabel);
         });
-        m_nPassedFrom = m_nNext;
-        m_nPassedTo = static_cast<std::size_t>(it - m_asLine.cbegin());
-        m_nNext = m_nPassedTo;
+        m_asPassed.insert(m_asPassed.end(), From(m_nNext), it);
+        m_nNext = static_cast<std::size_t>(it - m_asLine.cbegin());
         return Next();
     }
-    /// The last of the rows that the last Find went past and that has the label.
+    /// Forgets the rows that were gone past.
+    void PassedClear() { m_asPassed.clear(); }
+    /// The last row with the label that Find has gone past since then.
     [[nodiscard]] std::optional<std::string> Passed(const char* sLabel) const
     {
         std::optional<std::string> sFound;
-        for (std::size_t n = m_nPassedFrom; n < m_nPassedTo; ++n)
-            if (Holds(m_asLine[n], sLabel))
-                sFound = m_asLine[n];
+        for (const std::string& sLine : m_asPassed)
+            if (Holds(sLine, sLabel))
+                sFound = sLine;
         return sFound;
     }
 
@@ -52,7 +53,7 @@ private:
     }
     Lines m_asLine;
     std::size_t m_nNext = 0;
-    std::size_t m_nPassedFrom = 0, m_nPassedTo = 0;
+    Lines m_asPassed;
 };
 
 std::vector<std::string> Fields(const std::string& sLine, std::size_t nFirstColumn,
@@ -138,6 +139,7 @@ Outcome ApartVoacap(const std::string& sBytes, std::size_t nFrequencies)
             return Fields(sLine, kFirst, nFrequencies);
         };
         to.Modes(fnCut(rows.Find("MODE")), iHour);
+        rows.PassedClear();
         to.Numbers("angle", fnCut(rows.Find("ANGLE")), iHour);
         to.Numbers("delay", fnCut(rows.Find("DELAY")), iHour);
         to.Numbers("height", fnCut(rows.Find("V HITE")), iHour);
@@ -170,6 +172,7 @@ Outcome ApartRec533(const std::string& sBytes, const std::vector<double>& aKhz)
         const auto asAngle = fnCut(rows.Find("ANGL"));
         const auto asField = fnCut(rows.Find("DBU"));
         const auto asRatio = fnCut(rows.Find("S/N"));
+        rows.PassedClear();
         for (std::size_t n = 0; n < aKhz.size(); ++n) {
             const int iColumn = static_cast<int>(n) + 1;
             const double dSignal =

@@ -355,7 +355,7 @@ Table OutputTable()
     table.Row({"`V HITE`", "", "as MODE", "`fVirtualHeight`, km"});
     table.Row({"`S DBW`", "", "as MODE", "`fSdBW`, dBW"});
     table.Row({"`N DBW`", "", "as MODE", "`fNdBW`, dBW"});
-    table.Row({"`REL`", "before SNRxx, where it is printed", "as MODE",
+    table.Row({"`REL`", "between MODE and SNRxx, where it is printed", "as MODE",
                "`fReliability`, share of the days with the required SNR"});
     table.Row({"`SNR LW`, `SNR UP`", "the same", "as MODE",
                "`fSnrLower`, `fSnrUpper`, dB from the median to the deciles"});
