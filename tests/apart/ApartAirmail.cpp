@@ -193,7 +193,9 @@ Outcome ApartStations(const std::string& sBytes)
     for (; it != asLine.end() && it->find('=') != std::string::npos; ++it) {
         const std::string sKey = ApartUtf8(Before(*it, '='));
         outcome.Add("station", sKey);
-        const std::string sValue = ini.Get("Station Info", sKey, kValueMost);
+        // A name with a byte that has no meaning is shown, and leads nowhere.
+        const bool bName = sKey.find("\uFFFD") == std::string::npos;
+        const std::string sValue = bName ? ini.Get("Station Info", sKey, kValueMost) : "";
         const std::size_t nColon = sValue.find(':');
         const bool bColon = nColon != std::string::npos;
         // Up to the entry's first semicolon: one before the colon leaves nothing.

@@ -120,7 +120,7 @@ public:
     void Nul() { m_s.insert(m_s.begin() + Offset(At()), '\0'); }
     void Quotes()
     {
-        const Span word = Run([](unsigned char c) { return std::isgraph(c) != 0; });
+        const Span word = Run([](unsigned char c) { return std::isgraph(c) != 0 && c != '='; });
         const char cQuote = Chance() ? '"' : '\'';
         m_s.insert(m_s.begin() + Offset(word.nAt + word.nSize), cQuote);
         m_s.insert(m_s.begin() + Offset(word.nAt), cQuote);
