@@ -179,6 +179,20 @@ TwoUsersTest() {
         Fail "files of another user in a home folder"
 }
 
+MemoryTest() {
+    local day='hopcast-predict --area 60,-30,0,60 --day --jobs 8 --rc 24,-110 --ssn 100 --month 6'
+    Say "little memory"
+    # shellcheck disable=SC2086 # words of a command line
+    (ulimit -v 204800; As $first "$first_home" $day --grid 40 --frequencies 5000,10000) \
+        >"$folder/answer" 2>"$folder/errors" || Fail "a day within 200 MB: $(cat "$folder/errors")"
+    # shellcheck disable=SC2086
+    ! (ulimit -v 61440; As $first "$first_home" $day --grid 70) >"$folder/answer" 2>"$folder/errors" ||
+        Fail "a fine day within 60 MB"
+    grep -q '^hopcast-predict: Out of memory[.]' "$folder/errors" ||
+        Fail "no words without memory: $(cat "$folder/errors")"
+    [ ! -s "$folder/answer" ] || Fail "half an answer"
+}
+
 ReadOnlyTest() {
     Say "a read-only home"
     Predict $third "$third_home"
@@ -244,6 +258,7 @@ export DISPLAY QT_QPA_PLATFORM=xcb
 Install "$package"
 Check
 TwoUsersTest
+MemoryTest
 ReadOnlyTest
 UpgradeTest
 RemovalTest

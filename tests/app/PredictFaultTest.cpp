@@ -173,7 +173,9 @@ ProgramResult WithMegabytes(int nMegabytes, const Words& asWords)
         asWords));
 }
 
-TEST_F(PredictFault, StudiesNeedNoMoreThan200Megabytes)
+using PredictMemory = PredictFault;
+
+TEST_F(PredictMemory, StudiesNeedNoMoreThan200Megabytes)
 {
     ASSERT_EQ(Predict(Day()).nStatus, 0) << "and provisions the engine root";
     for (const Words& asWords :
@@ -186,7 +188,7 @@ TEST_F(PredictFault, StudiesNeedNoMoreThan200Megabytes)
     }
 }
 
-TEST_F(PredictFault, ADayForWhichThereIsNoMemoryEndsInWords)
+TEST_F(PredictMemory, ADayForWhichThereIsNoMemoryEndsInWords)
 {
     ASSERT_EQ(Predict(Day()).nStatus, 0);
     const std::string sFile = m_tmp.Write("a.csv", "what was there before");

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -13,6 +14,16 @@ namespace {
 constexpr int kCoarseGrid = 10;  // points per side: a sixteenth of the work for the default grid
 
 using WorkPtr = std::shared_ptr<AreaDayWork>;
+
+/// @return nullptr where there is no memory for it
+std::shared_ptr<AreaDay> DayMake(const AreaDayRequest& request)
+{
+    try {
+        return std::make_shared<AreaDay>(request);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 
 }  // namespace
 
@@ -133,13 +144,19 @@ bool MapDayRun::Prepare(Entry& entry, const std::shared_ptr<const Engine>& pEngi
             request.area.dEast = box.dRight;
             std::optional<Failure> failure;
             WorkPtr pWork = pEngine->AreaDayPrepare(request, failure);
-            if (pWork == nullptr) {
+            auto pDay = pWork != nullptr ? DayMake(request) : nullptr;
+            if (pDay == nullptr) {
+                if (pWork != nullptr)
+                    failure = Failure{FailureKind::BadInput,
+                                      tr("Out of memory. Choose a smaller grid or fewer "
+                                         "frequencies.")
+                                          .toStdString()};
                 Stop();
                 Q_EMIT Failed(failure.value_or(Failure()));
                 return false;
             }
             grid.apWorks.push_back(std::move(pWork));
-            grid.apDays.push_back(std::make_shared<AreaDay>(request));
+            grid.apDays.push_back(std::move(pDay));
         }
         grid.abDone.assign(grid.apWorks.size() * grid.BoxPiecesGet(), false);
         grid.nMissing = grid.abDone.size();

@@ -26,6 +26,8 @@ public:
     void Search();
     [[nodiscard]] Page PageGet() const override;
     [[nodiscard]] bool RunningIs() const { return m_bRunning; }
+    /// Approximate memory of the answers that are kept, bytes.
+    [[nodiscard]] std::size_t CacheBytesGet() const { return m_runner.CacheBytesGet(); }
     /// The answers so far; nullptr before the first search.
     [[nodiscard]] const Reach* ReachGet() const { return m_pReach.get(); }
 

@@ -1,6 +1,6 @@
 /// @file SoakWatch.h
 /// Many rounds of the same, and what a process may not pile up meanwhile: memory, file descriptors,
-/// processes, windows, temporary and lock files.
+/// threads, processes, windows, temporary and lock files.
 #pragma once
 
 #include <cstddef>
@@ -18,13 +18,14 @@ struct MemoryHeld {
 
 struct Holdings {
     std::size_t nDescriptors = 0;
+    std::size_t nThreads = 0;
     int nWindows = 0;                  ///< hidden ones and menus included
     bool bChildren = false;            ///< running, or ended and not waited for
     std::vector<std::string> asFiles;  ///< temporary ones, and all of the engine root's
 };
 
-/// Rounds to do: all of them with HOPCAST_SOAK=full in the environment, else a fifth.
-[[nodiscard]] int RoundsGet(int nFull);
+/// Rounds to do: all of them with HOPCAST_SOAK=full in the environment, else one in nShare.
+[[nodiscard]] int RoundsGet(int nFull, int nShare = 5);
 
 /// While it lives, temporary files go to a folder of its own, and processes that this one's
 /// children leave behind become its own children.
@@ -38,7 +39,10 @@ public:
     /// Fails the test when after all rounds more is held than after the first 100 (at most half of
     /// them). Prints both.
     /// @param fnRound  gets the number of the round, from 1; the first failure ends the rounds
-    void Rounds(int nRounds, const std::function<void(int)>& fnRound) const;
+    /// @param fnKept   bytes that caches hold on purpose, which are no growth
+    void Rounds(
+        int nRounds, const std::function<void(int)>& fnRound,
+        const std::function<std::size_t()>& fnKept = [] { return std::size_t{0}; }) const;
 
 private:
     [[nodiscard]] Holdings HoldingsGet() const;
