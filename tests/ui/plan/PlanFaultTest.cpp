@@ -10,6 +10,8 @@
 #include "propagation/itshfbc/ProcessEngine.h"
 #include "ui/compare/frmCompare.h"
 #include "ui/days/frmDays.h"
+#include "ui/map/MapDayControl.h"
+#include "ui/map/frmMap.h"
 
 namespace {
 
@@ -18,12 +20,15 @@ constexpr const char* kNotFinished = "PropagationRec533, Shell do not finish.";
 struct Fault {
     const char* sName;
     const char* sScript;
+    const char* sMapText;
 };
 
+constexpr const char* kTooLong = "the engine took too long";
+
 constexpr Fault kFaults[] = {
-    {"Hangs", "exec sleep 100"},
-    {"Dies", "kill -9 $$"},
-    {"PrintsForEver", "exec yes ''"},
+    {"Hangs", "exec sleep 100", kTooLong},
+    {"Dies", "kill -9 $$", "PropagationAreaOpen, Shell do not finish."},
+    {"PrintsForEver", "exec yes ''", kTooLong},
 };
 
 std::ostream& operator<<(std::ostream& stm, const Fault& fault) { return stm << fault.sName; }
@@ -45,6 +50,12 @@ protected:
     {
         root.Engine("rec533w.exe",
                     sFault + "\ncp '" + CapturedPath("rec533/p2p_01", ".out") + "' $out");
+    }
+    /// The same for the grids of an area.
+    void AreaEngine(const std::string& sFault) const
+    {
+        root.Engine("rec533w.exe",
+                    sFault + "\ncp '" + CapturedPath("rec533/area_01", ".rg1") + "' $out");
     }
     frmMain& Start()
     {
@@ -123,6 +134,31 @@ TEST_P(PlanFault, ComparisonSaysWhyAndFollowsTheNextTable)
     frmM.Update();
     WaitUntilDone(frm);
     EXPECT_FALSE(frm.lblHint->text().contains(QLatin1String(kNotFinished)));
+}
+
+TEST_P(PlanFault, ADayOfTheMapSaysWhyAndIsShownOnceTheEngineWorks)
+{
+    frmMain& frmM = Start();
+    frmM.m_settings.m_iMapOverlayGridSize = AreaCases().front().nGridSize;
+    frmM.mnuViewWorldMap->trigger();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(frmM.m_pMap));
+    frmMap& map = *frmM.m_pMap;
+    const auto& day = *map.findChild<MapDayControl*>();
+    auto* const pLayer = map.findChild<QAction*>(QStringLiteral("mnuOverlayLayer1"));
+    AreaEngine(GetParam().sScript);
+    pLayer->trigger();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !day.RunGet().RunningIs(); }, 30000));
+    EXPECT_TRUE(map.txtCursor->text().startsWith(QStringLiteral("No overlay: ")
+                                                 + QLatin1String(GetParam().sMapText)))
+        << map.txtCursor->text().toStdString();
+    EXPECT_TRUE(rig.m_msg.m_aShown.empty());
+    AreaEngine("");
+    pLayer->trigger();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return day.HasCells(); }, 30000))
+        << map.txtCursor->text().toStdString();
+    map.close();  // the other hours are still to come
+    MainRig::EventsRun();
+    EXPECT_TRUE(frmM.m_pMap.isNull());
 }
 
 TEST_F(PlanOnPrograms, AWindowClosedWhileItsEngineHangsLeavesNoProcessAndTheMainOneWorks)
