@@ -32,11 +32,17 @@ Owe() { # FOLDER PERCENT
     fi
 }
 
+Each() { # FOLDER
+    case $1 in
+    src/ui* | src/app*) Owe "$1" 93 ;;
+    *) Owe "$1" 95 ;;
+    esac
+}
+
 for folder in "${@:-all}"; do
     case $folder in
-    all) for floor in geo system settings propagation airmail engine; do Owe src/$floor 95; done; Owe src/ui 90; Owe src/app 90 ;;
-    src/ui*) Owe "$folder" 90 ;;
-    *) Owe "$folder" 95 ;;
+    all) for floor in src/*/; do Each "${floor%/}"; done ;;
+    *) Each "${folder%/}" ;;
     esac
 done
 exit $status
