@@ -246,3 +246,96 @@ Outcome ApartAreaDeck(const std::string& sBytes)
         return Refused();
     return outcome;
 }
+
+namespace {
+
+/// "[DEFAULT\\CONST17.VOA  ]": both names without blanks; false for any that leads elsewhere.
+bool AntennaAdd(const std::string& sLine, Outcome& to)
+{
+    const std::size_t nOpen = sLine.find('[');
+    const std::size_t nClose = nOpen == std::string::npos ? nOpen : sLine.find(']', nOpen);
+    if (nClose == std::string::npos)
+        return false;
+    const std::string sName = sLine.substr(nOpen + 1, nClose - nOpen - 1);
+    if (std::count(sName.begin(), sName.end(), '\\') != 1 || sName.find('/') != std::string::npos)
+        return false;
+    for (const std::string& sPart :
+         {sName.substr(0, sName.find('\\')), sName.substr(sName.find('\\') + 1)}) {
+        const std::string sTrimmed = ApartTrim(sPart);
+        if (sTrimmed.empty() || sTrimmed.front() == '.')
+            return false;
+        to.Add("antenna", sTrimmed);
+    }
+    return true;
+}
+
+}  // namespace
+
+Outcome ApartVoacapPoint(const std::string& sBytes)
+{
+    constexpr std::size_t kFirst = 11, kWidth = 5, kMost = 10;
+    Outcome outcome;
+    std::string sText;
+    std::vector<double> aFrequencies;
+    bool bBehind = false;  // the FREQUENCY card, where empty lines are left out
+    for (const std::string& sLine : ApartLines(sBytes)) {
+        if (bBehind && ApartTrim(sLine).empty())
+            continue;
+        sText += sLine + '\n';
+        bBehind = sLine.starts_with("FREQUENCY");
+        if (sLine.starts_with("ANTENNA") && !AntennaAdd(sLine, outcome))
+            return Refused();
+        if (!bBehind)
+            continue;
+        aFrequencies.clear();
+        const std::string sCard = Label(sLine);
+        for (std::size_t n = kFirst; n <= sCard.size(); n += kWidth) {
+            const auto dMhz = ApartNumber(ApartColumns(sCard, n, n + kWidth - 1));
+            if (!dMhz || aFrequencies.size() == kMost)
+                return Refused();
+            aFrequencies.push_back(*dMhz);
+        }
+        if (aFrequencies.empty())
+            return Refused();
+    }
+    if (aFrequencies.empty())
+        return Refused();
+    outcome.Add("text", sText);
+    for (const double dMhz : aFrequencies) outcome.Add("frequency", dMhz);
+    return outcome;
+}
+
+Outcome ApartVoacapArea(const std::string& sBytes)
+{
+    constexpr double kMost = 999;
+    Outcome outcome;
+    std::string sText;
+    double dGrid = 0;
+    bool bAntenna = false;
+    for (const std::string& sLine : ApartLines(sBytes)) {
+        const std::string sLabel = ApartColumns(sLine, 1, 10);
+        if (sLabel == "Qindexs  :")
+            continue;
+        const std::string sRest = sLine.size() > sLabel.size() ? sLine.substr(sLabel.size()) : "";
+        sText += (sLabel == "PCenter  :"   ? "Pcenter  :"
+                  : sLabel == "Sssns    :" ? "Ssns     :"
+                                           : sLabel)
+                 + sRest + '\n';
+        if (sLabel == "Gridsize :") {
+            const auto dRead = ApartNumber(ApartColumns(sLine, 11, 15));
+            if (!dRead || *dRead < 1 || *dRead > kMost || *dRead != std::floor(*dRead))
+                return Refused();
+            dGrid = *dRead;
+        }
+        if (sLabel == "Rec Ants :" || sLabel == "Tx Ants  :") {
+            bAntenna = true;
+            if (!AntennaAdd(sLine, outcome))
+                return Refused();
+        }
+    }
+    if (dGrid == 0 || !bAntenna)
+        return Refused();
+    outcome.Add("text", sText);
+    outcome.Add("points", dGrid);
+    return outcome;
+}

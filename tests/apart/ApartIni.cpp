@@ -127,7 +127,7 @@ ApartIni::ApartIni(const std::string& sBytes)
 std::string ApartIni::Get(const std::string& sSection, const std::string& sKey,
                           std::size_t nMost) const
 {
-    const std::string sName = ApartLower(ApartTrim(sKey));
+    const std::string sName = ApartLower(ToUtf8(Trimmed(FromUtf8(sKey))));
     const auto itSection = std::ranges::find(m_aSections, ApartLower(sSection), &Section::sName);
     if (itSection == m_aSections.end())
         return {};

@@ -7,17 +7,19 @@
 
 #include "apart/ApartDecks.h"
 #include "engine/run533/Decks.h"
+#include "engine/voacap/VoacapDeck.h"
 #include "support/TempFolder.h"
 
 namespace {
 
 /// Every captured deck "BEGIN_01EXTENSION", "BEGIN_02EXTENSION" ...
 std::vector<std::string> DecksGet(const std::string& sBegin, int nCount,
-                                  const std::string& sExtension)
+                                  const std::string& sExtension,
+                                  const std::string& sEngine = "rec533")
 {
     std::vector<std::string> asDeck;
     for (int i = 1; i <= nCount; ++i)
-        asDeck.push_back(BytesRead(CAPTURED + ("/rec533/" + sBegin) + (i < 10 ? "_0" : "_")
+        asDeck.push_back(BytesRead(CAPTURED + ("/" + sEngine + "/" + sBegin) + (i < 10 ? "_0" : "_")
                                    + std::to_string(i) + sExtension));
     return asDeck;
 }
@@ -110,6 +112,25 @@ Outcome AreaRead(const std::string& sBytes)
     return outcome;
 }
 
+Outcome VoacapRead(const Result<VoacapDeck>& res)
+{
+    Outcome outcome;
+    if (!res) {
+        outcome.Refuse();
+        return outcome;
+    }
+    const VoacapDeck& deck = res.ValueGet();
+    for (const VoacapAntenna& antenna : deck.aAntennas) {
+        outcome.Add("antenna", antenna.sFolder);
+        outcome.Add("antenna", antenna.sFile);
+    }
+    outcome.Add("text", deck.sText);
+    for (const double dMhz : deck.aFrequencies) outcome.Add("frequency", dMhz);
+    if (deck.aFrequencies.empty())
+        outcome.Add("points", deck.nGrid);
+    return outcome;
+}
+
 TEST(DecksApart, DecksOfAPathAreReadAlikeByAReaderWrittenApart)
 {
     OutcomesCompare(
@@ -124,6 +145,22 @@ TEST(DecksApart, DecksOfAnAreaAreReadAlikeByAReaderWrittenApart)
         DecksGet("area", 5, ".rec"),
         [](const std::string& sBytes, std::size_t) { return AreaRead(sBytes); },
         [](const std::string& sBytes, std::size_t) { return ApartAreaDeck(sBytes); }, 100, 400);
+}
+
+TEST(DecksApart, VoacapsDecksOfAPathAreReadAlikeByAReaderWrittenApart)
+{
+    OutcomesCompare(
+        DecksGet("p2p", 13, ".dat", "voacap"),
+        [](const std::string& sBytes, std::size_t) { return VoacapRead(VoacapDeckPoint(sBytes)); },
+        [](const std::string& sBytes, std::size_t) { return ApartVoacapPoint(sBytes); }, 300, 100);
+}
+
+TEST(DecksApart, VoacapsDecksOfAnAreaAreReadAlikeByAReaderWrittenApart)
+{
+    OutcomesCompare(
+        DecksGet("area", 5, ".voa", "voacap"),
+        [](const std::string& sBytes, std::size_t) { return VoacapRead(VoacapDeckArea(sBytes)); },
+        [](const std::string& sBytes, std::size_t) { return ApartVoacapArea(sBytes); }, 300, 100);
 }
 
 }  // namespace
