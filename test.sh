@@ -25,7 +25,9 @@ fi
 if [ "${CI:-}" = true ]; then
     Step "Windows: configure" cmake --preset windows
     Step "Windows: build" cmake --build --preset windows
-    Step "Windows: tests under Wine" ctest --preset windows
+    # Seen under Wine: one of some ten thousand starts of a program fails, of another one each time. What is broken
+    # fails twice.
+    Step "Windows: tests under Wine" ctest --preset windows --repeat until-pass:2
     Step "Debian package" DebianPackage
     Step "threads: configure" cmake --preset thread
     Step "threads: build" cmake --build --preset thread
