@@ -1,17 +1,18 @@
 #!/usr/bin/env bash
 # Uses the installer of build.sh under Wine as a user would, without questions:
 #
-#   packaging/windows/installer-test.sh [SETUP [ZIP]]
+#   packaging/windows/installer-test.sh [SETUP [OLD]]
 #
-# Installation, start, setting up over the folder of an older version (that of ZIP, by default the
-# zip of build.sh) with a profile of its user's, refusal while the program runs, removal. Needs the
-# packages wine, wine64, xvfb and unzip.
+# Installation, start, setting up over the folder of an older version (that of the zip OLD, by
+# default the zip beside SETUP) with a profile of its user's, refusal while the program runs,
+# removal. Needs the packages wine, wine64, xvfb and unzip.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 
 Newest() { find build -maxdepth 1 -name "$1" | sort | tail -n 1 | grep . || { echo "test: no $1 in build" >&2; exit 1; }; }
 setup=$(realpath -e "${1:-$(Newest 'Hopcast-*-setup.exe')}")
-zip=$(realpath -e "${2:-$(Newest 'Hopcast-*-win64.zip')}")
+zip=$(realpath -e "${setup%-setup.exe}-win64.zip")
+older=$(realpath -e "${2:-$zip}")
 for tool in wine Xvfb unzip; do
     if ! command -v "$tool" >/dev/null; then
         echo "test: $tool is not installed" >&2
@@ -53,7 +54,7 @@ Files() { (cd "$1" && find . -type f | LC_ALL=C sort); }
 Setup() { wine "$setup" /S "$@"; }
 # The program has shown its first table.
 StartTest() {
-    (cd "$1" && wine hopcast.exe --once) >"$folder/once" || Fail "hopcast.exe --once: exit status $?"
+    (cd "$1" && timeout 60 wine hopcast.exe --once) >"$folder/once" || Fail "hopcast.exe --once: exit status $?"
     [ "$(tr -d '\r' <"$folder/once")" -gt 0 ] || Fail "no time of the first table"
 }
 Remove() {
@@ -77,6 +78,7 @@ SetUp() {
     engine=$user/AppData/Local/Hopcast
     old=$WINEPREFIX/drive_c/Hopcast
     unzip -q "$zip" -d "$folder/zip"
+    unzip -q "$older" -d "$folder/older"
 }
 
 # Everything of the zip, and the uninstaller; nothing elsewhere but a link.
@@ -101,10 +103,13 @@ RemoveTest() {
 
 # Over a folder of an older version: what its user saved stays, its old pages do not.
 UpgradeTest() {
-    mv "$folder"/zip/* "$old"
+    mv "$folder"/older/* "$old"
+    # The first version asks about a missing Airmail unless the profile has a sunspot number.
+    printf '[Receiver Data]\r\nLatitude=31\r\n[Propagation Model]\r\nSunSpot Option=False\r\nSunSpot Number=100\r\n' \
+        >"$old/hopcast.ini"
     StartTest "$old"
-    printf '[Receiver Data]\r\nLatitude=31\r\n' >"$old/hopcast.ini"
     echo 'name,position,frequencies,note' >"$old/hopcast.places.csv"
+    mkdir -p "$old/guide/images" # the first version has none
     echo old >"$old/guide/images/old.png"
     Setup '/D=C:\Hopcast' || Fail "exit status $?"
     grep -q '^Latitude=31' "$old/hopcast.ini" || Fail "the profile was overwritten"
