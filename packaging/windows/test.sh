@@ -194,10 +194,10 @@ CellTest() {
 MapTest() {
     MainKeys alt+v w
     WindowAwait '^Hopcast - World Map$' map 10
-    # The sixth place of the focus is the overlay's menu; its third line draws the selected cell
+    # The ninth place of the focus, after both flags, is the overlay's menu; its third line draws the selected cell
     # over the world.
     xdotool windowfocus --sync "$window"
-    KeysPress Tab Tab Tab Tab Tab Tab space Down Down Down
+    KeysPress Tab Tab Tab Tab Tab Tab Tab Tab Tab space Down Down Down
     import -window root "$artefacts/map-menu.png"
     KeysPress Return
     WindowAwait '^Snr Overlay, ' map-overlay 10
