@@ -14,6 +14,8 @@ fi
 export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || stat -c %Y CHANGELOG.md)}
 export QT_RCC_SOURCE_DATE_OVERRIDE=$SOURCE_DATE_EPOCH
 build=build/deb
+# Pictures that were packed for an older state keep its date: they are packed again.
+[ ! -d "$build" ] || find "$build" -name 'qrc_*.cpp' -delete
 cmake --preset release -B $build -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_REQUIRE_FIND_PACKAGE_Qt6=ON \
     -DCMAKE_CXX_FLAGS="-ffile-prefix-map=$PWD=." >&2
 cmake --build $build --target all hopcast_guide --parallel "$(nproc)" >&2 # no package without the guide

@@ -15,6 +15,8 @@ SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || 
 export SOURCE_DATE_EPOCH QT_RCC_SOURCE_DATE_OVERRIDE=$SOURCE_DATE_EPOCH
 
 build=build/windows-package
+# Pictures that were packed for an older state keep its date: they are packed again.
+[ ! -d "$build" ] || find "$build" -name 'qrc_*.cpp' -delete
 programs=(hopcast hopcast-predict rec533w)
 scratch=
 trap '[ -z "$scratch" ] || rm -rf "$scratch"' EXIT
