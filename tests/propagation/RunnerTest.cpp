@@ -3,16 +3,14 @@
 
 #include <atomic>
 #include <chrono>
-#include <condition_variable>
-#include <deque>
 #include <future>
-#include <mutex>
 #include <optional>
 #include <random>
 #include <set>
 #include <system_error>
 #include <thread>
 
+#include "propagation/Mailbox.h"
 #include "propagation/Runner.h"
 
 namespace {
@@ -77,50 +75,6 @@ private:
     int m_nAtOnce;
     Clock::duration m_tmRun;
     mutable std::atomic<int> m_nNow{0};
-};
-
-/// The window's thread in small: calls are run in their order, on the thread that asks.
-class Mailbox {
-public:
-    [[nodiscard]] Runner::PostFn PostGet()
-    {
-        return [this](std::function<void()> fnCall) {
-            const std::lock_guard lock(m_mutex);
-            m_aCalls.push_back(std::move(fnCall));
-            m_wake.notify_all();
-        };
-    }
-    /// Runs what comes in until the condition holds. @return false after 10 seconds.
-    bool RunUntil(const std::function<bool()>& fnDone)
-    {
-        const auto tmEnd = Clock::now() + 10s;
-        while (!fnDone()) {
-            std::function<void()> fnCall;
-            {
-                std::unique_lock lock(m_mutex);
-                if (!m_wake.wait_until(lock, tmEnd, [this] { return !m_aCalls.empty(); }))
-                    return false;
-                fnCall = std::move(m_aCalls.front());
-                m_aCalls.pop_front();
-            }
-            fnCall();
-        }
-        return true;
-    }
-    void RunWaiting()
-    {
-        std::deque<std::function<void()>> aCalls;
-        {
-            const std::lock_guard lock(m_mutex);
-            aCalls.swap(m_aCalls);
-        }
-        for (const auto& fnCall : aCalls) fnCall();
-    }
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_wake;
-    std::deque<std::function<void()>> m_aCalls;
 };
 
 std::vector<Request> RequestsOf(int nCount, double dLatFirst = 1.0)

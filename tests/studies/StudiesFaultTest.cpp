@@ -3,10 +3,7 @@
 
 #include <chrono>
 #include <cmath>
-#include <condition_variable>
-#include <deque>
 #include <functional>
-#include <mutex>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -15,6 +12,7 @@
 
 #include "propagation/EngineCases.h"
 #include "propagation/FakeEngine.h"
+#include "propagation/Mailbox.h"
 #include "propagation/itshfbc/ProcessEngine.h"
 #include "studies/reach/Reach.h"
 #include "support/Faults.h"
@@ -25,6 +23,7 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr double kLimit = 1.0;  // seconds of an attempt
+constexpr std::chrono::seconds kAnswerMax = 60s;
 constexpr const char* kProgram = "rec533w.exe";
 
 /// What an engine does in place of its work; the same for a path and for an area.
@@ -51,44 +50,6 @@ constexpr Fault kFaults[] = {
 };
 
 std::ostream& operator<<(std::ostream& stm, const Fault& fault) { return stm << fault.sName; }
-
-/// The thread that wants the answers.
-class Calls {
-public:
-    [[nodiscard]] Runner::PostFn PostGet()
-    {
-        return [this](std::function<void()> fnCall) {
-            const std::lock_guard lock(m_mutex);
-            m_aCalls.push_back(std::move(fnCall));
-            m_wake.notify_all();
-        };
-    }
-    /// @return false when nothing has come for a long time
-    bool RunUntil(const std::function<bool()>& fnDone)
-    {
-        const auto tmEnd = Clock::now() + 60s;
-        while (!fnDone()) {
-            std::unique_lock lock(m_mutex);
-            if (!m_wake.wait_until(lock, tmEnd, [this] { return !m_aCalls.empty(); }))
-                return false;
-            const std::function<void()> fnCall = std::move(m_aCalls.front());
-            m_aCalls.pop_front();
-            lock.unlock();
-            fnCall();
-        }
-        return true;
-    }
-    [[nodiscard]] bool NoneIs()
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_aCalls.empty();
-    }
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_wake;
-    std::deque<std::function<void()>> m_aCalls;
-};
 
 class StudiesWork : public testing::Test {
 protected:
@@ -132,7 +93,7 @@ protected:
         bool bEnd = false;
         const RunnerJob job = ReachStart(
             runner, m_pEngine, reach, [](std::size_t) {}, [&] { bEnd = true; });
-        ASSERT_TRUE(m_calls.RunUntil([&] { return bEnd; }));
+        ASSERT_TRUE(m_box.RunUntil([&] { return bEnd; }, kAnswerMax));
     }
     /// All pieces of an area's day on the runner, up to the first failure.
     std::optional<Failure> DayRun(AreaDay& day)
@@ -142,7 +103,7 @@ protected:
         if (pWork == nullptr)
             return failure;
         bool bEnd = false;
-        Runner runner(m_calls.PostGet(), 3);
+        Runner runner(m_box.PostGet(), 3);
         RunnerJob job = runner.Start(
             pWork->PiecesGet(), m_pEngine->LimitsGet().nAtOnce,
             [&](std::size_t iPiece, const std::stop_token& stop) -> std::function<void()> {
@@ -153,7 +114,7 @@ protected:
                 };
             },
             [&] { bEnd = true; });
-        EXPECT_TRUE(m_calls.RunUntil([&] { return bEnd || failure; }));
+        EXPECT_TRUE(m_box.RunUntil([&] { return bEnd || failure; }, kAnswerMax));
         job.Cancel();
         return failure;
     }
@@ -168,7 +129,7 @@ protected:
 
     FakeRoot m_root;
     const EngineLimit m_limit{kLimit};
-    Calls m_calls;
+    Mailbox m_box;
     std::shared_ptr<const Engine> m_pEngine = std::make_shared<ProcessEngine>(kEngineRec533);
 };
 
@@ -180,7 +141,7 @@ INSTANTIATE_TEST_SUITE_P(Engines, StudiesFault, testing::ValuesIn(kFaults),
 TEST_P(StudiesFault, OnePlaceFailsWithItsReasonAndTheOthersAreAnswered)
 {
     PathEngine(GetParam().sScript);
-    Runner runner(m_calls.PostGet(), 3);
+    Runner runner(m_box.PostGet(), 3);
     Reach reach = ReachMake();
     ReachRun(runner, reach);
     const auto& aRows = reach.RowsGet();
@@ -217,7 +178,7 @@ TEST_P(StudiesFault, AnAreasDayEndsAtTheFirstFailureAndLeavesNoProcess)
 TEST_F(StudiesWork, ADeckWithoutRoomFailsEachPlaceAndTheNextSearchIsWhole)
 {
     PathEngine("true");
-    Runner runner(m_calls.PostGet(), 3);
+    Runner runner(m_box.PostGet(), 3);
     Reach reach = ReachMake();
     {
         const FileSizeLimit limit(100);
@@ -238,20 +199,20 @@ TEST_F(StudiesWork, ACancelOfAHangingEngineLeavesNeitherAnswerNorProcessNorLock)
     Reach reach = ReachMake();
     const auto tmStart = Clock::now();
     {
-        Runner runner(m_calls.PostGet(), 3);
+        Runner runner(m_box.PostGet(), 3);
         RunnerJob job = ReachStart(
             runner, m_pEngine, reach, [](std::size_t) {}, [] { ADD_FAILURE(); });
         // The sick place's engine is the one that stays.
-        ASSERT_TRUE(m_calls.RunUntil([&] { return reach.DoneGet() == 1; }));
+        ASSERT_TRUE(m_box.RunUntil([&] { return reach.DoneGet() == 1; }, kAnswerMax));
         while (m_root.CallCount() < 2) std::this_thread::sleep_for(1ms);
         job.Cancel();
         EXPECT_EQ(reach.DoneGet(), 1U);
     }
     EXPECT_LT(Clock::now() - tmStart, 30s) << "nobody waited for the engine's limit";
-    while (!m_calls.NoneIs()) m_calls.RunUntil([n = 0]() mutable { return n++ == 1; });
+    m_box.RunWaiting();
     EXPECT_EQ(reach.DoneGet(), 1U) << "no answer after a cancel";
     PathEngine("true");
-    Runner runner(m_calls.PostGet(), 1);
+    Runner runner(m_box.PostGet(), 1);
     Reach again = ReachMake();
     ReachRun(runner, again);
     for (const ReachRow& row : again.RowsGet()) EXPECT_EQ(row.eState, ReachState::Answered);

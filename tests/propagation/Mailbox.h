@@ -1,0 +1,58 @@
+/// @file Mailbox.h
+/// The thread that wants a runner's answers, for tests without a window.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <mutex>
+
+#include "propagation/Runner.h"
+
+/// The window's thread in small: calls are run in their order, on the thread that asks.
+class Mailbox {
+public:
+    [[nodiscard]] Runner::PostFn PostGet()
+    {
+        return [this](std::function<void()> fnCall) {
+            const std::lock_guard lock(m_mutex);
+            m_aCalls.push_back(std::move(fnCall));
+            m_wake.notify_all();
+        };
+    }
+    /// Runs what comes in until the condition holds.
+    /// @return false when that takes longer than tmMost
+    bool RunUntil(const std::function<bool()>& fnDone,
+                  std::chrono::seconds tmMost = std::chrono::seconds(10))
+    {
+        const auto tmEnd = std::chrono::steady_clock::now() + tmMost;
+        while (!fnDone()) {
+            std::function<void()> fnCall;
+            {
+                std::unique_lock lock(m_mutex);
+                if (!m_wake.wait_until(lock, tmEnd, [this] { return !m_aCalls.empty(); }))
+                    return false;
+                fnCall = std::move(m_aCalls.front());
+                m_aCalls.pop_front();
+            }
+            fnCall();
+        }
+        return true;
+    }
+    /// Runs what has come in.
+    void RunWaiting()
+    {
+        std::deque<std::function<void()>> aCalls;
+        {
+            const std::lock_guard lock(m_mutex);
+            aCalls.swap(m_aCalls);
+        }
+        for (const auto& fnCall : aCalls) fnCall();
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_wake;
+    std::deque<std::function<void()>> m_aCalls;
+};
