@@ -30,12 +30,9 @@ constexpr double kGrowthMax = 1.05;
 #ifdef __SANITIZE_ADDRESS__
 // The sanitizer keeps freed memory back, so that only what is allocated tells something.
 constexpr bool kResidentCounts = false;
-constexpr double kHeapSlack = 0.0;
 std::size_t HeapGet() { return __sanitizer_get_current_allocated_bytes(); }
 #else
 constexpr bool kResidentCounts = true;
-// The C library counts freed blocks that it holds ready as allocated, up to some hundred KB.
-constexpr double kHeapSlack = 1 << 20;
 std::size_t HeapGet()
 {
     const struct mallinfo2 info = mallinfo2();
@@ -134,8 +131,7 @@ void SoakWatch::Rounds(int nRounds, const std::function<void(int)>& fnRound,
         EXPECT_EQ(held.asFiles, heldFirst.asFiles);
         for (const std::string& sFile : held.asFiles) EXPECT_FALSE(GoneAfterARun(sFile)) << sFile;
         const double dKept = double(nKept) - double(nKeptFirst);
-        EXPECT_LE(double(memory.nHeap) - dKept,
-                  kGrowthMax * double(memoryFirst.nHeap) + kHeapSlack);
+        EXPECT_LE(double(memory.nHeap) - dKept, kGrowthMax * double(memoryFirst.nHeap));
         if (kResidentCounts) {
             EXPECT_LE(double(memory.nResident) - dKept, kGrowthMax * double(memoryFirst.nResident));
         }
