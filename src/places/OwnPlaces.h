@@ -79,8 +79,8 @@ struct OwnPlaceList {
 [[nodiscard]] std::string OwnPlacesPath(std::string_view sProfileFile);
 /// A profile's list; empty if there is no file.
 [[nodiscard]] Result<OwnPlaceList> OwnPlacesLoad(std::string_view sProfileFile);
-/// True when a profile's file has not the rows of this list, which was loaded from it or saved to
-/// it: somebody else has written it since, and a save would lose that. False if there is no file.
+/// True if a profile's file no longer has the rows of this list, which was loaded from it or saved
+/// to it: another program has written it since, and a save would lose that. False without a file.
 [[nodiscard]] bool OwnPlacesChanged(std::string_view sProfileFile, const OwnPlaceList& list);
 /// Replaces the profile's list.
 Result<void> OwnPlacesSave(const std::string& sProfileFile, const OwnPlaceList& list);

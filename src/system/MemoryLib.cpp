@@ -22,7 +22,7 @@ Ending& EndingGet()
     return ending;
 }
 
-bool MemoryWantIs()
+bool OutOfMemoryIs()
 {
     try {
         if (const std::exception_ptr pException = std::current_exception())
@@ -37,14 +37,14 @@ bool MemoryWantIs()
 
 [[noreturn]] void End()
 {
-    if (!MemoryWantIs())
+    if (!OutOfMemoryIs())
         std::abort();
     const Ending& ending = EndingGet();
     std::fputs(ending.sProgram, stderr);
     std::fputs(kText, stderr);
     try {
         ending.fnCleanUp();
-    } catch (const std::bad_alloc&) {  // it ends without, too
+    } catch (const std::bad_alloc&) {  // the program ends without it
     }
     std::_Exit(ending.nStatus);
 }

@@ -63,7 +63,7 @@ bool OptionIs(const std::vector<std::string>& asWords, const std::string& sOptio
     });
 }
 
-Result<ExportRequest> InputGet(std::vector<std::string> asWords)
+Result<ExportRequest> RequestGet(std::vector<std::string> asWords)
 {
     const auto resFile = FileTake(asWords);
     if (!resFile)
@@ -159,10 +159,10 @@ int Export(const ExportRequest& request)
 
 int CardExportRun(const std::vector<std::string>& asWords)
 {
-    const auto resAsked = InputGet(asWords);
-    if (!resAsked)
-        return Fail(kExitUsage, resAsked.TextGet());
+    const auto resRequest = RequestGet(asWords);
+    if (!resRequest)
+        return Fail(kExitUsage, resRequest.TextGet());
     if (const std::string sHome = HomeFolderProblemGet(); !sHome.empty())
         return Fail(kExitUsage, sHome);
-    return Export(resAsked.ValueGet());
+    return Export(resRequest.ValueGet());
 }
