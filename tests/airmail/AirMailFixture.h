@@ -1,5 +1,5 @@
 /// @file AirMailFixture.h
-/// A drive C of the test's own, with the Airmail folders at their defaults.
+/// A drive C for one test, with the Airmail folders at their defaults.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,12 +16,12 @@ protected:
     AirMailFixture() { AirMailFoldersReset(); }
     ~AirMailFixture() override { AirMailFoldersReset(); }
 
-    /// Writes a file of drive C.
+    /// Writes a file on drive C.
     std::string DriveWrite(const std::string& sName, const std::string& sBytes) const
     {
         return m_drive.Write(sName, sBytes);
     }
-    /// Writes a file of the default Airmail folder.
+    /// Writes a file in the default Airmail folder.
     std::string AirMailWrite(const std::string& sName, const std::string& sBytes) const
     {
         return DriveWrite("Program Files/AirMail/" + sName, sBytes);
@@ -41,7 +41,7 @@ protected:
 inline const std::string kHintDefault =
     "\r\rPlease check that the AirMail Data folder \"C:\\Program Files\\AirMail\" is correct.";
 
-/// The one box that was shown; an empty text, and a failure, when there was another number.
+/// The only box shown; a failure, and an empty text, if there were none or several.
 inline MsgShown OneShown(const MsgRecorder& msg)
 {
     EXPECT_EQ(msg.m_aShown.size(), 1U);

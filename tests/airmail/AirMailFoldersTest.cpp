@@ -19,7 +19,7 @@ const std::string kDefault = "C:\\Program Files\\AirMail";
 class AirMailFolders : public AirMailFixture {
 protected:
     void RegistryWrite(const std::string& sValue) const { m_drive.RegistryWrite(sValue); }
-    // Finds with Airmail's program in the default folder and this Install.log.
+    // Runs the search and expects Airmail's program in the default folder.
     static std::string DataFind()
     {
         AirMailFoldersFind();
@@ -86,7 +86,7 @@ TEST_F(AirMailFolders, RegistryTextIsReadInBothStringFormsAndWithEscapes)
     RegistryWrite(R"("C:\\B\xe5t\\")");
     AirMailFoldersFind();
     EXPECT_EQ(AirMailProgramFolderGet(), "C:\\B\xC3\xA5t");
-    // The dropped character is one character also where its UTF-8 form is longer.
+    // One character is dropped, even where its UTF-8 form takes two bytes.
     RegistryWrite(R"("C:\\Bod\xf8")");
     AirMailFoldersFind();
     EXPECT_EQ(AirMailProgramFolderGet(), "C:\\Bod");
@@ -114,7 +114,7 @@ TEST_F(AirMailFolders, RegistryTextOfMoreThan256BytesIsNotTaken)
 
 TEST_F(AirMailFolders, FailedRegistryStopsTheSearchAtOnce)
 {
-    // The log would name a folder, but without the program it is not reached.
+    // The log names a folder, but without the program the search never reaches it.
     AirMailWrite("Install.log", "NewCommonRoot= E:\\Data\\\r\n");
     EXPECT_EQ(DataFind(), kDefault);  // no user.reg
     RegistryWrite("dword:00000001");
@@ -157,7 +157,7 @@ TEST_F(AirMailFolders, LogLineLosesItsLastCharacter)
     EXPECT_EQ(LogFind("at 10:11 NewCommonRoot= E:\\Data\\"), "E:\\Data");
     EXPECT_EQ(LogFind("NewCommonRoot= x"), "");
     EXPECT_EQ(LogFind("NewCommonRoot= E:\\B\xE5t\\\r\n"), "E:\\B\xC3\xA5t");
-    // Of two marks in one line the first counts.
+    // Only the first mark of a line counts.
     EXPECT_EQ(LogFind("NewCommonRoot= NewCommonRoot= E:\\"), "NewCommonRoot= E:");
 }
 
@@ -202,7 +202,7 @@ TEST_F(AirMailFolders, FoldersNamedLikeTheFilesAreNotTheFiles)
     EXPECT_EQ(DataFind(), kDefault);  // no program and no registry: the log is not reached
 }
 
-#ifndef _WIN32  // links need a right there that users lack
+#ifndef _WIN32  // making links needs a right there that users lack
 TEST_F(AirMailFolders, DanglingLinksAreMissingFiles)
 {
     AirMailWrite("Airmail3.exe", "MZ");
@@ -229,7 +229,7 @@ TEST_F(AirMailFolders, LogThatIsAFolderOrCannotBeReadIsSilent)
 #endif
 }
 
-#ifndef _WIN32  // access lists are not what is tested
+#ifndef _WIN32  // Windows uses access lists instead, which are not tested here
 TEST_F(AirMailFolders, FolderWithoutReadPermissionIsSilent)
 {
     RegistryWrite(R"("C:\\Radio\\")");

@@ -19,7 +19,7 @@ protected:
         AirMailWrite("Airmail.ini", "[Settings]\r\nLast Program Version=" + sValue + "\r\n");
         return AirMailVersionText();
     }
-    // A read that must fail with the told box.
+    // A read that must fail with the usual box.
     void MissingExpect() const
     {
         MsgRecorder msg;
@@ -143,7 +143,7 @@ TEST_F(AirMailIni, OtherVersionsGetTheNotice)
     for (const std::string sVersion : {"3.1.935", "3.4.062", "3.1.936a", "beta"})
         EXPECT_EQ(VersionWith(sVersion),
                   "Airmail " + sVersion + ".  This program was tested with 3.1.936.");
-    // Quotes keep the blank that the reader drops otherwise.
+    // Without the quotes the reader would drop the blank.
     EXPECT_EQ(VersionWith("\"3.1.936 \""),
               "Airmail 3.1.936 .  This program was tested with 3.1.936.");
 }

@@ -23,7 +23,7 @@ struct Found {
 
 class AirMailPosition : public AirMailFixture {
 protected:
-    // Each of the three places with a position of its own.
+    // The report and the settings below give each of the three places its own position.
     std::map<std::string, std::string> m_aReport{{"Current Latitude",
                                                   "10\xB0"
                                                   "30.00'N"},
@@ -215,7 +215,7 @@ class AirMailAge : public testing::TestWithParam<AgeCase> {};
 TEST_P(AirMailAge, CountsBoundaries)
 {
     const AgeCase& c = GetParam();
-    // Local time is another day: it must not count.
+    // Local time is far off: the age must not depend on it.
     const ClockSet clock(c.dtNow, DateTime{2001, 1, 1, 0, 0, 0});
     EXPECT_EQ(AirMailAgeText(c.dtTime), c.sText);
 }
@@ -223,17 +223,18 @@ TEST_P(AirMailAge, CountsBoundaries)
 INSTANTIATE_TEST_SUITE_P(
     All, AirMailAge,
     testing::Values(AgeCase{{2024, 3, 15, 14, 5, 0}, {2024, 3, 18, 14, 5, 0}, "3 days"},
-                    // Two minutes over midnight are a day; two minutes over the hour are an hour.
+                    // Two minutes across midnight count as a day, two across the full hour as an
+                    // hour.
                     AgeCase{{2024, 3, 17, 23, 59, 0}, {2024, 3, 18, 0, 1, 0}, "1 days"},
                     AgeCase{{2024, 3, 18, 13, 59, 0}, {2024, 3, 18, 14, 1, 0}, "1 hours"},
                     AgeCase{{2024, 3, 18, 0, 0, 0}, {2024, 3, 18, 23, 59, 59}, "23 hours"},
                     AgeCase{{2024, 3, 18, 14, 5, 59}, {2024, 3, 18, 14, 6, 0}, "1 minutes"},
                     AgeCase{{2024, 3, 18, 14, 0, 0}, {2024, 3, 18, 14, 59, 0}, "59 minutes"},
                     AgeCase{{2024, 3, 18, 14, 5, 0}, {2024, 3, 18, 14, 5, 59}, "0 minutes"},
-                    // A leap year's February, and a year's end.
+                    // The end of February in a leap year, and the end of a year.
                     AgeCase{{2024, 2, 28, 12, 0, 0}, {2024, 3, 1, 12, 0, 0}, "2 days"},
                     AgeCase{{2023, 12, 31, 23, 0, 0}, {2024, 1, 1, 23, 0, 0}, "1 days"},
-                    // A time to come: a clock that is set wrong.
+                    // A time in the future: a clock that is set wrong.
                     AgeCase{{2024, 3, 19, 0, 0, 0}, {2024, 3, 18, 23, 59, 0}, "-1 days"},
                     AgeCase{{2024, 3, 18, 15, 0, 0}, {2024, 3, 18, 14, 59, 0}, "-1 hours"},
                     AgeCase{{2024, 3, 18, 14, 7, 0}, {2024, 3, 18, 14, 5, 0}, "-2 minutes"}));

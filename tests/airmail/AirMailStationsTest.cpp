@@ -33,7 +33,7 @@ protected:
         EXPECT_EQ(nCount, asName.CountGet());
         return TextsOf(asName);
     }
-    // The keys of a file with these bytes; it must succeed exactly when there is one.
+    // The keys of a file with these bytes; the call must succeed exactly when there are any.
     Texts KeysOf(const std::string& sBytes) const
     {
         AirMailWrite("System.HAM.ini", sBytes);
@@ -55,7 +55,7 @@ protected:
                   "AirMailGetStations, Unable to find any selected AirMail \"HAM\"Stations."
                       + kHintDefault);
     }
-    // A failure with the text between the two fixed ends.
+    // Expects a failure with this text between the two fixed parts.
     static void FailExpect(const std::string& sMiddle)
     {
         MsgRecorder msg;
@@ -178,10 +178,10 @@ TEST_F(AirMailStations, FileThatCannotBeOpenedIsTold)
 #endif
 }
 
-#ifndef _WIN32  // no such file there
+#ifndef _WIN32  // /proc exists on Linux only
 TEST_F(AirMailStations, FileThatCannotBeReadIsTold)
 {
-    // Opens like any file, but its first bytes cannot be read.
+    // Opens like any file, but reading its first bytes fails.
     fs::create_symlink("/proc/self/mem", AirMailPath("System.HAM.ini"));
     FailExpect("Read, Unable to get AirMail \"HAM\" Station Info data.");
 }

@@ -1,4 +1,4 @@
-// The sample Airmail folder, read as a whole: what the tour of the program shows.
+// The sample Airmail folder as a whole, as the tour of the program shows it.
 #include <gtest/gtest.h>
 
 #include <filesystem>
