@@ -1,4 +1,4 @@
-/// Airmail's files, whole and spoilt, as the program reads them and as readers written apart do.
+/// Airmail's files, whole and spoilt, read by the program and by independently written readers.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -18,7 +18,7 @@ std::string SampleGet(const char* sName)
 
 class AirmailApart : public AirMailFixture {
 protected:
-    /// The folders that the search finds: where nothing names one they stay what they are.
+    /// The folders found by the search; a folder that no file names stays unchanged.
     static Outcome FoldersRead()
     {
         AirMailFoldersReset();
@@ -65,7 +65,7 @@ Outcome IniRead()
 
 TEST_F(AirmailApart, AirmailIniIsReadAlikeByAReaderWrittenApart)
 {
-    // Besides the sample: the second choice of the position, and dates in the other forms.
+    // Beyond the sample: the second choice of the position, and dates in the other forms.
     const std::string sSample = SampleGet("Airmail.ini");
     const auto fnWith = [&](const std::string& sOld, const std::string& sNew) {
         return std::string(sSample).replace(sSample.find(sOld), sOld.size(), sNew);
@@ -129,7 +129,7 @@ TEST_F(AirmailApart, InstallLogIsReadAlikeByAReaderWrittenApart)
 
 TEST_F(AirmailApart, TheRegistryIsReadAlikeByAReaderWrittenApart)
 {
-    AirMailWrite("Airmail.ini", "");  // nothing else is to be looked for
+    AirMailWrite("Airmail.ini", "");  // with Airmail.ini present the search ends here
     const std::string sSample = BytesRead(REGISTRY_SEED);
     const std::string sName = "\"Install Folder\"=str(2):";
     const std::string sPlain =

@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kValueMost = 511;
 constexpr double kLatMost = 90.0, kLonMost = 180.0;
 
-/// "38°30.00'N": what is before the degree sign, the minutes, and a letter that makes it negative.
+/// "38°30.00'N": the degrees, the minutes, and the letter that makes the angle negative.
 std::optional<double> Angle(const std::string& sText, const char* sNegative)
 {
     static const std::string kDegree = "\u00B0";
@@ -33,8 +33,8 @@ std::optional<double> Angle(const std::string& sText, const char* sNegative)
     return sText.substr(nEnd + 1) == sNegative ? -dValue : dValue;
 }
 
-/// A text's runs of digits, and its shape: a 9 for each of them, one blank for several, letters in
-/// upper case.
+/// A text's runs of digits, and its shape: each run becomes a 9, several blanks become one, letters
+/// become upper case.
 struct Shape {
     std::string sShape;
     std::vector<int> anNumber;
@@ -66,7 +66,7 @@ Shape ShapeOf(const std::string& sText)
     return shape;
 }
 
-/// Year, month, day, hour, minute, second; nothing where the text is no date.
+/// Year, month, day, hour, minute, second; nothing if the text is no date.
 std::optional<std::vector<int>> Date(const std::string& sText)
 {
     constexpr int kYearLeast = 100;
@@ -193,7 +193,7 @@ Outcome ApartStations(const std::string& sBytes)
     for (; it != asLine.end() && it->find('=') != std::string::npos; ++it) {
         const std::string sKey = ApartUtf8(Before(*it, '='));
         outcome.Add("station", sKey);
-        // A name with a byte that has no meaning is shown, and leads nowhere.
+        // A name with an undefined byte is listed, but its entry cannot be found.
         const bool bName = sKey.find("\uFFFD") == std::string::npos;
         const std::string sValue = bName ? ini.Get("Station Info", sKey, kValueMost) : "";
         const std::size_t nColon = sValue.find(':');
@@ -228,7 +228,7 @@ std::optional<std::string> ApartInstallLog(const std::string& sBytes)
 
 namespace {
 
-/// Adds a character, given by the number that an escape has.
+/// Adds a character by the code of its escape sequence.
 void CharacterAdd(std::u16string& sText, unsigned nCode) { sText += static_cast<char16_t>(nCode); }
 
 std::string Utf8(const std::u16string& sText)
@@ -253,7 +253,7 @@ std::string Utf8(const std::u16string& sText)
     return sUtf8;
 }
 
-/// The first characters of a text in UTF-8.
+/// The first nCharacters characters of a UTF-8 text.
 std::string ApartCut(const std::string& sText, std::size_t nCharacters)
 {
     std::size_t n = 0;
@@ -263,7 +263,7 @@ std::string ApartCut(const std::string& sText, std::size_t nCharacters)
     return sText.substr(0, n);
 }
 
-/// Up to nMost digits of the base at nAt, which moves behind them.
+/// Takes up to nMost digits of the base at nAt, and moves nAt past them.
 unsigned DigitsTake(const std::string& sText, std::size_t& nAt, const char* sDigits,
                     std::size_t nMost)
 {
@@ -280,7 +280,7 @@ unsigned DigitsTake(const std::string& sText, std::size_t& nAt, const char* sDig
     return nCode;
 }
 
-/// A text between these two that begins at nAt, which moves behind it; nothing where it does not
+/// Takes the quoted text that begins at nAt, and moves nAt past it; nothing if the text does not
 /// end.
 std::optional<std::u16string> QuotedTake(const std::string& sLine, std::size_t& nAt,
                                          const char* sQuotes = "\"\"")
@@ -339,9 +339,10 @@ std::optional<std::string> ApartUserReg(const std::string& sBytes)
     }
     if (!sFolder)
         return std::nullopt;
-    // As many bytes as characters, one of them the NUL; another NUL ends the text, not the bytes.
+    // One byte for each character and one for the NUL. A NUL inside the text ends the text, but its
+    // bytes count.
     const std::string sValue = ApartBytes(Utf8(*sFolder));
-    // An empty one has no last character to drop.
+    // An empty value has no last character to drop.
     if (sValue.empty() || sValue.size() + 1 > kBytesMost)
         return std::nullopt;
     const std::u16string sShown = sFolder->substr(0, sFolder->find(u'\0'));

@@ -1,5 +1,5 @@
 /// @file ApartAirmail.h
-/// Airmail's files and the registry of a Wine prefix, read apart from the program's readers: from
+/// Independent readers of Airmail's files and of a Wine prefix's registry, written from
 /// docs/files.md and sample files.
 #pragma once
 
@@ -14,8 +14,8 @@
 /// A station file: keys, positions and descriptions.
 [[nodiscard]] Outcome ApartStations(const std::string& sBytes);
 
-/// Install.log: the data folder; nothing where it names none.
+/// Install.log: the data folder; nothing if the log names none.
 [[nodiscard]] std::optional<std::string> ApartInstallLog(const std::string& sBytes);
 
-/// user.reg: both folders; nothing where it has none.
+/// user.reg: both folders; nothing if it has none.
 [[nodiscard]] std::optional<std::string> ApartUserReg(const std::string& sBytes);

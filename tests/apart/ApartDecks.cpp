@@ -13,14 +13,14 @@ namespace {
 /// What may be in a field.
 enum class Kind {
     Number,    ///< within its limits
-    Whole,     ///< the same without decimals
-    Noise,     ///< a number of either sign, which is negative
-    Latitude,  ///< an absolute value, and N or S in the column behind it
+    Whole,     ///< a whole number within its limits
+    Noise,     ///< a number whose sign does not matter: the noise is negative
+    Latitude,  ///< an absolute value, with N or S in the column after it
     Longitude,
     Maps,    ///< a set of coefficients
-    Text,    ///< any
-    Fixed,   ///< the text of its name
-    Square,  ///< an antenna's name, with brackets beside it
+    Text,    ///< any text
+    Fixed,   ///< exactly the text in sName
+    Square,  ///< an antenna's name between square brackets
 };
 
 struct Column {
@@ -29,7 +29,7 @@ struct Column {
     Kind eKind;
     std::size_t nFirst, nLast;
     double dLeast = 0, dMost = 0;
-    bool bEnd = false;  ///< a blank, or nothing, is behind it
+    bool bEnd = false;  ///< only a blank or the end of the line may follow
 };
 
 constexpr Column kPointColumns[] = {
@@ -69,7 +69,7 @@ constexpr Column kAreaColumns[] = {
     {"Transmit", "longitude", Kind::Longitude, 21, 26, 0, 180},
     {"Transmit", "name", Kind::Text, 31, 50},
     {"Transmit", "Short", Kind::Fixed, 52, 59},
-    {"PCenter", nullptr, Kind::Latitude, 11, 16, 0, 90},  // read and not kept
+    {"PCenter", nullptr, Kind::Latitude, 11, 16, 0, 90},  // checked but not kept
     {"PCenter", nullptr, Kind::Longitude, 21, 26, 0, 180},
     {"Area", "west", Kind::Number, 11, 20, -360, 360},
     {"Area", "east", Kind::Number, 21, 30, -360, 360},
@@ -98,7 +98,7 @@ constexpr Column kAreaRxColumns[] = {{"Rec Ants", "antenna", Kind::Square, 12, 3
 
 bool Blank(char c) { return c == ' ' || c == '\t'; }
 
-/// One field of a line into the outcome; false where it cannot be used.
+/// Reads one field of a line into the outcome; false if it cannot be used.
 bool FieldRead(const Column& column, const std::string& sLine, Outcome& to)
 {
     const std::string sRaw = ApartColumns(sLine, column.nFirst, column.nLast);
@@ -142,7 +142,7 @@ bool FieldRead(const Column& column, const std::string& sLine, Outcome& to)
     return true;
 }
 
-/// The fields of a card in the order of its table.
+/// The fields of a card, in the order of the table.
 template <class Columns>
 bool CardRead(const Columns& columns, const std::string& sCard, const std::string& sLine,
               Outcome& to)
@@ -152,11 +152,11 @@ bool CardRead(const Columns& columns, const std::string& sCard, const std::strin
     });
 }
 
-/// Up to ten frequencies in columns of seven; true where all can be read.
+/// Up to ten frequencies in columns of seven; false if one cannot be read.
 bool FrequenciesRead(const std::string& sLine, Outcome& to)
 {
     constexpr std::size_t kFirst = 11, kWidth = 7, kMost = 10;
-    const std::string sCard = ApartTrim("|" + sLine).substr(1);  // blanks at its end do not count
+    const std::string sCard = ApartTrim("|" + sLine).substr(1);  // trailing blanks do not count
     std::size_t nCount = 0;
     for (std::size_t nColumn = kFirst; nColumn <= sCard.size(); nColumn += kWidth) {
         const Column column{"FREQ", "frequency", Kind::Number, nColumn, nColumn + kWidth - 1,
@@ -167,7 +167,7 @@ bool FrequenciesRead(const std::string& sLine, Outcome& to)
     return nCount > 0;
 }
 
-/// A label stands in its columns to the letter; only blanks may follow.
+/// A label must match its columns exactly; only blanks may follow.
 std::string Label(std::string sColumns)
 {
     while (sColumns.ends_with(' ')) sColumns.pop_back();
@@ -188,7 +188,7 @@ Outcome ApartPointDeck(const std::string& sBytes)
     const std::vector<std::string> asNeeded{"OUTPUT", "COEFFS", "SUNSPOT", "TIME", "MONTH", "TRANS",
                                             "RECVR",  "SYST",   "NOIS",    "FREQ", "EXEC",  "QUIT"};
     std::map<std::string, std::string> mapLine;
-    std::map<int, std::string> mapAntenna;  // by end: one card each
+    std::map<int, std::string> mapAntenna;  // by end: only one card for each
     for (const std::string& sLine : ApartLines(sBytes)) {
         const std::string sCard = Label(ApartColumns(sLine, 1, 10));
         if (ApartTrim(sLine).empty())
@@ -223,7 +223,7 @@ Outcome ApartAreaDeck(const std::string& sBytes)
         "Model",    "Colors", "Cities", "Nparms", "Parameter", "Transmit", "PCenter", "Area",
         "Gridsize", "Coeffs", "Months", "Sssns",  "Hours",     "Freqs",    "System"};
     if (!sBytes.ends_with('\n'))
-        return Refused();  // it was cut
+        return Refused();  // the file was cut
     std::map<std::string, std::string> mapLine;
     for (const std::string& sLine : ApartLines(sBytes)) {
         if (ApartTrim(sLine).empty())
@@ -249,7 +249,8 @@ Outcome ApartAreaDeck(const std::string& sBytes)
 
 namespace {
 
-/// "[DEFAULT\\CONST17.VOA  ]": both names without blanks; false for any that leads elsewhere.
+/// "[DEFAULT\\CONST17.VOA  ]": both names without blanks; false for a name that leads out of the
+/// folder.
 bool AntennaAdd(const std::string& sLine, Outcome& to)
 {
     const std::size_t nOpen = sLine.find('[');
@@ -277,7 +278,7 @@ Outcome ApartVoacapPoint(const std::string& sBytes)
     Outcome outcome;
     std::string sText;
     std::vector<double> aFrequencies;
-    bool bBehind = false;  // the FREQUENCY card, where empty lines are left out
+    bool bBehind = false;  // after the FREQUENCY card, where empty lines are left out
     for (const std::string& sLine : ApartLines(sBytes)) {
         if (bBehind && ApartTrim(sLine).empty())
             continue;

@@ -1,6 +1,7 @@
 /// @file ApartDecks.h
-/// The decks, read apart from the built-in engine and the launcher of VOACAP: from docs/decks.md
-/// and docs/engines.md. Another way: a table of every card's columns, and one loop over the lines.
+/// Independent readers of the decks, written from docs/decks.md and docs/engines.md and not from
+/// the built-in engine or the launcher of VOACAP. Their approach differs: a table of every card's
+/// columns, and one loop over the lines.
 #pragma once
 
 #include <string>
@@ -10,6 +11,6 @@
 [[nodiscard]] Outcome ApartPointDeck(const std::string& sBytes);
 [[nodiscard]] Outcome ApartAreaDeck(const std::string& sBytes);
 
-/// VOACAP's decks as voacapl is to get them: text, frequencies or points of the grid, antennas.
+/// VOACAP's decks as voacapl must get them: text, frequencies or points of the grid, antennas.
 [[nodiscard]] Outcome ApartVoacapPoint(const std::string& sBytes);
 [[nodiscard]] Outcome ApartVoacapArea(const std::string& sBytes);

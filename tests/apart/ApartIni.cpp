@@ -9,8 +9,7 @@ namespace {
 
 constexpr char32_t kNoCharacter = 0xFFFD;
 
-/// The characters of 1 to 4 bytes of UTF-8. What is none, also one in a longer form than needed, is
-/// replaced.
+/// Decodes UTF-8 of 1 to 4 bytes. Invalid bytes and overlong forms are replaced.
 std::u32string FromUtf8(const std::string& sBytes)
 {
     static constexpr std::array<char32_t, 4> kFirst{0, 0x80, 0x800, 0x10000};
@@ -69,7 +68,7 @@ std::u32string FromUtf16(const std::string& sBytes, bool bLittle)
     }
     for (char32_t& c : sText)
         if (c >= 0xD800 && c < 0xE000)
-            c = kNoCharacter;  // half a character
+            c = kNoCharacter;  // half a surrogate pair
     return sText;
 }
 

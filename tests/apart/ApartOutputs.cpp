@@ -18,8 +18,8 @@ bool Holds(const std::string& sLine, const char* sLabel)
     return sLine.find(sLabel) != std::string::npos;
 }
 
-/// A file's lines and the place up to which its labels were used. A row that is not there is an
-/// empty line: a mode in it is empty, a number fails.
+/// A file's lines and the position of the search for labels. A missing row reads as an empty line:
+/// its modes are empty, its numbers fail.
 class Rows {
 public:
     explicit Rows(const std::string& sBytes) : m_asLine(ApartLines(sBytes)) {}
@@ -34,9 +34,9 @@ public:
         m_nNext = static_cast<std::size_t>(it - m_asLine.cbegin());
         return Next();
     }
-    /// Forgets the rows that were gone past.
+    /// Forgets the rows that were skipped.
     void PassedClear() { m_asPassed.clear(); }
-    /// The last row with the label that Find has gone past since then.
+    /// The last row with the label among those that Find has skipped since then.
     [[nodiscard]] std::optional<std::string> Passed(const char* sLabel) const
     {
         std::optional<std::string> sFound;
@@ -67,7 +67,7 @@ std::vector<std::string> Fields(const std::string& sLine, std::size_t nFirstColu
     return asField;
 }
 
-/// Collects the outcome; a number that cannot be read refuses the file.
+/// Collects the outcome; refuses the file at a number that cannot be read.
 class Collector {
 public:
     float Single(const std::string& sField)
@@ -195,7 +195,7 @@ Outcome ApartGrid(const std::string& sBytes)
     auto it = std::find_if(asLine.begin(), asLine.end(),
                            [](const std::string& sLine) { return Holds(sLine, "Latitude"); });
     if (it == asLine.end())
-        return outcome;  // no point
+        return outcome;  // a grid without points
     const std::string sHead = *it;
     const bool bVoacap = Holds(sHead, " SNRxx");
     const std::string sLabel = bVoacap ? " SNRxx" : " SNxx";
@@ -209,7 +209,7 @@ Outcome ApartGrid(const std::string& sBytes)
             return outcome;
         }
         std::string sRatio = sLine.substr(nAt, kFieldWidth);
-        // REC533's label is one column right of its field: a minus may be before what is cut.
+        // REC533's label starts one column right of its field, so a minus may come before the cut.
         if (!bVoacap && nAt > 0 && sLine[nAt - 1] == '-')
             sRatio.insert(0, "-");
         const auto dSouth = ApartNumber(ApartColumns(sLine, 4, 6));

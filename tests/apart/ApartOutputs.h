@@ -1,7 +1,7 @@
 /// @file ApartOutputs.h
-/// The engines' outputs, read apart from the program's readers: from docs/decks.md and the captured
-/// files. Another way: the whole file in lines first, rows found by index, every row cut before any
-/// number is looked at.
+/// Independent readers of the engines' outputs, written from docs/decks.md and the captured files.
+/// Their approach differs: the whole file is split into lines first, rows are found by index, and
+/// each row is cut before any number is looked at.
 #pragma once
 
 #include <string>
@@ -14,5 +14,5 @@
 [[nodiscard]] Outcome ApartRec533(const std::string& sBytes, const std::vector<double>& aKhz);
 [[nodiscard]] Outcome ApartGrid(const std::string& sBytes);
 
-/// Where no value is printed.
+/// Stands for a value that is not printed.
 inline constexpr double kApartNone = 1e300;

@@ -13,8 +13,7 @@ namespace {
 
 constexpr std::size_t kValueMost = 255;
 
-/// One number of the profile with what it is where the file does not say; out of range it is not
-/// taken.
+/// One number of the profile, and its default for when the file gives none or one out of range.
 struct SingleKey {
     const char* sSection;
     const char* sKey;
@@ -85,7 +84,7 @@ public:
     {
         return ApartLenient(Text(sSection, sKey));
     }
-    /// The nearest whole number, of two equally near the even one; nothing beyond 32 bits.
+    /// Rounds to the nearest whole number, halves to even; nothing beyond 32 bits.
     [[nodiscard]] std::optional<double> Whole(const char* sSection, const std::string& sKey) const
     {
         constexpr double kLeast = -2147483648.0, kMost = 2147483647.0;
@@ -125,7 +124,7 @@ void PositionAdd(const Profile& profile, const char* sSection, double dLatDefaul
 void FrequenciesAdd(const Profile& profile, Outcome& to)
 {
     constexpr int kMost = 15;
-    // Whatever is above or below becomes the limit, however large.
+    // A count outside the limits becomes the nearest limit, however large it is.
     const double dCount = profile.Double("Propagation Data", "Count").value_or(kMost);
     const int nCount =
         static_cast<int>(std::nearbyint(std::min(std::max(dCount, 0.0), double{kMost})));
@@ -139,7 +138,7 @@ void FrequenciesAdd(const Profile& profile, Outcome& to)
 
 constexpr std::array kWindowKeys{"Height", "Left", "Top", "Width"};
 
-/// Each of them that is there, by itself.
+/// Each key counts on its own; a missing one is -1.
 void MainWindowAdd(const Profile& profile, Outcome& to)
 {
     for (const char* sKey : kWindowKeys)
@@ -158,7 +157,7 @@ void PlanWindowAdd(const Profile& profile, const std::string& sName, Outcome& to
             to.Add("window", fValue);
 }
 
-/// Letters of Windows-1252 that print, no quotes.
+/// True if all characters are printable Windows-1252 and none is a quotation mark.
 bool TextKept(const std::string& sText)
 {
     std::string sCharacters;  // those above ASCII
@@ -185,7 +184,7 @@ std::size_t Length(const std::string& sText)
     }));
 }
 
-/// @return the names in lower case; none where the file has no list
+/// @return the names in lower case; none if the file has no list
 std::vector<std::string> NeedsAdd(const Profile& profile, Outcome& to)
 {
     constexpr int kMost = 50;

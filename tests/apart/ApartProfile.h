@@ -1,11 +1,10 @@
 /// @file ApartProfile.h
-/// The profile, read apart from the program's reader: from docs/files.md, with its own list of
-/// keys.
+/// An independent reader of the profile, written from docs/files.md, with its own list of keys.
 #pragma once
 
 #include <string>
 
 #include "apart/Outcome.h"
 
-/// What the settings are, behind their defaults and the file.
+/// The settings after the defaults and then the file.
 [[nodiscard]] Outcome ApartProfile(const std::string& sBytes);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* kDigits = "0123456789";
 
-/// Length of the number at the text's begin, without an exponent; 0 where there is none.
+/// Length of the number at the beginning, without an exponent; 0 if there is none.
 std::size_t PlainLength(const char* psz, const char* pszPoints)
 {
     const std::size_t nSign = std::strspn(psz, "+-") == 1 ? 1 : 0;
@@ -22,7 +22,7 @@ std::size_t PlainLength(const char* psz, const char* pszPoints)
     return nWhole + nDecimals == 0 ? 0 : nSign + nWhole + 1 + nDecimals;
 }
 
-/// The text as the C library reads it, where it is a plain number.
+/// The text for the C library to read, if it is a plain number.
 std::optional<std::string> PlainText(const std::string& sText)
 {
     std::string sNumber = ApartTrim(sText);
@@ -63,7 +63,7 @@ std::vector<std::string> ApartLines(const std::string& sBytes)
         asLine.push_back(sLine);
         sLine.clear();
     }
-    // A CR LF may be cut in its middle.
+    // The file may end between CR and LF.
     const bool bAny = !sLine.empty();
     if (bAny && sLine.back() == '\r')
         sLine.pop_back();

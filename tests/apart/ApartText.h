@@ -1,6 +1,6 @@
 /// @file ApartText.h
-/// Lines, columns and numbers of files, for the readers that are written apart from the program's.
-/// Nothing here comes from src.
+/// Lines, columns and numbers of files, for the independently written readers. Nothing here comes
+/// from src.
 #pragma once
 
 #include <optional>
@@ -10,7 +10,7 @@
 /// The lines, without LF or CR LF; a CR alone is part of a line.
 [[nodiscard]] std::vector<std::string> ApartLines(const std::string& sBytes);
 
-/// Columns from 1; what the line does not have is missing.
+/// Columns count from 1; those beyond the end of the line are left out.
 [[nodiscard]] std::string ApartColumns(const std::string& sLine, std::size_t nFirst,
                                        std::size_t nLast);
 
@@ -22,7 +22,7 @@
 /// The same in single precision.
 [[nodiscard]] std::optional<float> ApartSingle(const std::string& sText);
 
-/// The number of a file that people edit: also with a comma for the point, and an exponent.
+/// A number in a file that people edit: it may have a decimal comma and an exponent.
 [[nodiscard]] std::optional<double> ApartLenient(const std::string& sText);
 [[nodiscard]] std::optional<float> ApartLenientSingle(const std::string& sText);
 
@@ -32,5 +32,5 @@
 /// ASCII letters in lower case.
 [[nodiscard]] std::string ApartLower(std::string sText);
 
-/// UTF-8 as Windows-1252: one byte for each character, "?" for one that it does not have.
+/// UTF-8 as Windows-1252: one byte for each character, "?" for one that the code page lacks.
 [[nodiscard]] std::string ApartBytes(const std::string& sText);

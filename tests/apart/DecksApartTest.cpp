@@ -1,5 +1,5 @@
-/// REC533's decks, whole and spoilt, as the built-in engine reads them and as a reader written
-/// apart does: both get the same values, or both refuse.
+/// REC533's and VOACAP's decks, whole and spoilt, read by the program and by independently written
+/// readers: both get the same values, or both refuse.
 #include <gtest/gtest.h>
 
 #include <string>

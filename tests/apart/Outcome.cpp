@@ -13,7 +13,7 @@ namespace {
 constexpr int kVariants = 1000;
 constexpr double kNear = 2e-6;  // relative: a few units of a single's last digit
 
-/// The spoilt lines that the sample does not have, as a literal, for the message of a failure.
+/// The lines that differ from the sample, as literals, for a failure's message.
 std::string LinesChanged(const std::string& sBytes, const std::string& sSample)
 {
     constexpr std::size_t kMost = 1000;

@@ -1,5 +1,5 @@
-/// The engines' outputs, whole and spoilt, as the program reads them and as a reader written apart
-/// does: both get the same values, or both refuse.
+/// The engines' outputs, whole and spoilt, read by the program and by independently written
+/// readers: both get the same values, or both refuse.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr int kFrequencies = 10;
 
-/// What the engines left under these names, in alphabetical order.
+/// The outputs that engines left under these names, in alphabetical order.
 std::vector<std::string> CapturedGet(const std::string& sFolder, const std::string& sBegin,
                                      const std::string& sExtension)
 {
@@ -32,7 +32,7 @@ std::vector<std::string> CapturedGet(const std::string& sFolder, const std::stri
     for (const fs::path& pth : aPath) {
         asBytes.push_back(BytesRead(pth.string()));
         if (asBytes.back().empty())
-            asBytes.pop_back();  // an engine that printed nothing
+            asBytes.pop_back();  // left by an engine that printed nothing
     }
     return asBytes;
 }
@@ -55,7 +55,7 @@ double OptionalGet(float fValue) { return std::isnan(fValue) ? kApartNone : fVal
 
 class OutputsApart : public testing::Test {
 protected:
-    // Every variant is a file: on a disk in memory, where there is one.
+    // Every variant is written to a file, so use a disk in memory if there is one.
     const EnvironmentSet m_env{
         "TMPDIR", fs::exists("/dev/shm") ? std::optional<std::string>("/dev/shm") : std::nullopt};
     const TempFolder m_folder;

@@ -1,4 +1,4 @@
-/// Profiles, whole and spoilt, as the program reads them and as a reader written apart does: every
+/// Profiles, whole and spoilt, read by the program and by an independently written reader: every
 /// setting is the same.
 #include <gtest/gtest.h>
 
@@ -104,7 +104,7 @@ Outcome ProgramRead(const std::string& sFile)
     return outcome;
 }
 
-/// The profile that the program itself writes, with a place of every window.
+/// A profile that the program itself has written, with the position of every window.
 std::string ProfileSaved(const TempFolder& folder)
 {
     Settings settings;
@@ -117,7 +117,7 @@ std::string ProfileSaved(const TempFolder& folder)
 
 TEST(ProfileApart, ProfilesAreReadAlikeByAReaderWrittenApart)
 {
-    // Every variant is a file: on a disk in memory, where there is one.
+    // Every variant is written to a file, so use a disk in memory if there is one.
     const EnvironmentSet env{"TMPDIR", std::filesystem::exists("/dev/shm")
                                            ? std::optional<std::string>("/dev/shm")
                                            : std::nullopt};

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Where one change is made: the text, and random places in it.
+/// Makes one change at a time, at random places in the text.
 class Spoiler {
 public:
     Spoiler(std::string& sBytes, PropertyRandom& random) : m_s(sBytes), m_random(random) {}
@@ -59,7 +59,7 @@ public:
         m_s.replace(second.nAt, second.nSize, sFirst);
         m_s.replace(first.nAt, first.nSize, sSecond);
     }
-    /// Two parts of the same width, as columns that were taken for each other.
+    /// Swaps two parts of the same width, like mistaken columns.
     void FieldsSwap()
     {
         const std::size_t nWidth = 1 + Below(10);
@@ -88,10 +88,11 @@ public:
         const Span digits = Digits();
         m_s.replace(digits.nAt, digits.nSize, kNumbers[Below(kNumbers.size())]);
     }
-    /// As Fortran prints a number that does not fit.
+    /// Fortran prints stars for a number that does not fit.
     void NumberStars() { NumberFill('*'); }
     void NumberBlank() { NumberFill(' '); }
-    /// A minus before a number, over the blank or glued to what is before; or gone.
+    /// Puts a minus before a number, in place of a blank or next to what precedes it, or removes
+    /// one.
     void MinusChange()
     {
         const Span digits = Digits();
@@ -142,7 +143,7 @@ public:
     {
         while (!m_s.empty() && (m_s.back() == '\n' || m_s.back() == '\r')) m_s.pop_back();
     }
-    /// Byte order marks, without a change of the text or with the text as the mark says.
+    /// Adds a byte order mark, to the text as it is or after converting the text to match.
     void Mark()
     {
         if (Chance()) {
@@ -171,13 +172,13 @@ private:
     std::size_t At() { return Below(m_s.size()); }
     static std::ptrdiff_t Offset(std::size_t nAt) { return static_cast<std::ptrdiff_t>(nAt); }
     bool Chance() { return m_random.Chance(2); }
-    /// A byte that means something to one of the formats, or any byte.
+    /// A byte with a meaning in one of the formats, or any byte.
     char Any()
     {
         static constexpr std::string_view kMeaning = " -+.,:;=[]'\"*0123456789ENWSK\t\r\n\\#";
         return Chance() ? kMeaning[Below(kMeaning.size())] : static_cast<char>(Below(256));
     }
-    /// A line with its end.
+    /// A line including its end.
     Span Line()
     {
         const std::size_t nAny = At();
@@ -186,7 +187,7 @@ private:
         const std::size_t nEnd = m_s.find('\n', nAt);
         return {nAt, (nEnd == std::string::npos ? m_s.size() : nEnd + 1) - nAt};
     }
-    /// The first run of such characters behind a random place; empty where there is none.
+    /// The first run of such characters after a random place; empty if there is none.
     template <class Is>
     Span Run(Is is)
     {

@@ -1,6 +1,7 @@
 /// @file Spoil.h
-/// Files spoilt in the ways in which files get spoilt: cut, mixed up, with bits flipped, numbers
-/// overflown, line ends and marks of other systems. The same random numbers spoil the same way.
+/// Spoils files as happens in practice: cut, mixed up, with flipped bits, overflowing numbers, or
+/// the line ends and byte order marks of other systems. The same random numbers spoil in the same
+/// way.
 #pragma once
 
 #include <string>
@@ -9,7 +10,7 @@
 
 struct Spoilt {
     std::string sBytes;
-    std::string sHow;  ///< each change with its place, for the message of a failure
+    std::string sHow;  ///< each change with its line, for a failure's message
 };
 
 /// One to three changes.
