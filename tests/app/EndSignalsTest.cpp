@@ -1,4 +1,4 @@
-/// hopcast-predict that is asked to end, or killed, while its engine computes.
+/// hopcast-predict asked to end, or killed, while its engine computes.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -30,7 +30,7 @@ using Words = std::vector<std::string>;
 
 const std::string kPredict = TEST_BIN "/hopcast-predict";
 
-/// A run of some seconds.
+/// A run that takes some seconds.
 Words LongRun(const char* sGrid = "600")
 {
     return {kPredict, "--rc", "24,-110",     "--area", "60,-130,10,-60", "--hour", "12",
@@ -43,7 +43,7 @@ Words Circuit(const std::string& sModel = "rec533")
             "--month", "11",   "--model", sModel, "--format", "csv"};
 }
 
-/// A user of their own.
+/// Gives the programs user folders of their own.
 class EndSignals : public testing::Test {
 protected:
     /// Starts a run and waits until its engine computes.
@@ -86,7 +86,8 @@ TEST_F(EndSignals, AHangUpThatIsIgnoredStaysIgnored)
     asWords.insert(asWords.begin(),
                    {"/bin/sh", "-c", "trap '' HUP; kill -HUP $$; exec \"$@\"", "sh"});
     StartedProgram program(asWords, m_tmp.Path("out"));
-    // The program itself runs once the engine folder is there; its engine is too quick to be seen.
+    // Once the engine folder exists, the program has replaced the shell; its engine is too quick to
+    // be seen.
     ASSERT_TRUE(Await([&] { return fs::exists(m_tmp.Path("data") + "/hopcast"); }, 20s));
     program.Signal(SIGHUP);
     const auto end = program.EndAwait(20s);
@@ -122,7 +123,7 @@ TEST_F(EndSignals, VoacaplDiesWithALauncherThatIsKilled)
 
 // --- stress ------------------------------------------------------------------------------------
 
-/// All rounds with HOPCAST_SOAK=full in the environment.
+/// nFull rounds with HOPCAST_SOAK=full in the environment, else nFew.
 int RoundsGet(int nFull, int nFew)
 {
     const char* sSoak = std::getenv("HOPCAST_SOAK");
@@ -147,7 +148,7 @@ TEST_F(Stress, AfterAKillNoEngineIsLeftAndTheNextCircuitIsRight)
         const bool bLong = i % 8 < 4;
         const std::size_t iModel = static_cast<std::size_t>(i / 8) % asModels.size();
         {
-            // Another circuit or an area, so that its output would be taken for a wrong one.
+            // Another circuit, or an area, so that its output would not pass for the right one.
             Words asWords = bLong ? LongRun() : Circuit(asModels[iModel]);
             asWords[2] = bLong ? "52,13" : "-33,151";
             if (bLong)
@@ -175,7 +176,7 @@ TEST_F(Stress, AfterAKillNoEngineIsLeftAndTheNextCircuitIsRight)
 
 class FirstStarts : public Stress {
 protected:
-    /// One round in a home of its own: nPrograms first starts at once, then one more.
+    /// One round in a new home: nPrograms first starts at the same time.
     void Round(int nPrograms, int iRound)
     {
         const std::string sHome = m_tmp.Path("home" + std::to_string(iRound));

@@ -1,4 +1,4 @@
-/// hopcast --export from its command line: no display, no home that can be written.
+/// hopcast --export from its command line, without a display and without a writable home.
 #include <gtest/gtest.h>
 
 #include <QImage>
@@ -52,7 +52,7 @@ protected:
     TempFolder m_folder;
 
 private:
-    // A folder below a file cannot be made by anybody.
+    // Nobody can make a folder below a file, not even the superuser.
     std::string m_sNoFolder = m_folder.Write("file", "") + "/home";
     EnvironmentSet m_envHome{"HOME", m_sNoFolder};
     EnvironmentSet m_envConfig{"XDG_CONFIG_HOME", m_sNoFolder + "/config"};
@@ -170,7 +170,7 @@ TEST_F(HopcastExport, AnAreaIsAMapWithACaption)
     EXPECT_EQ(res.sOut, "");
     const std::string sPng = BytesRead(sFile);
     ASSERT_EQ(sPng.substr(0, 4), "\x89PNG");
-    // What the line below the map says is in the file as its description, too.
+    // The line below the map is also stored in the file as its description.
     const std::string sText =
         QImage(QString::fromStdString(sFile)).text(QStringLiteral("Description")).toStdString();
     for (const char* sPart :
@@ -179,7 +179,7 @@ TEST_F(HopcastExport, AnAreaIsAMapWithACaption)
           "41.25'W",
           "14100 kHz", "06:00 UTC", "dB in 1 Hz", "100 W", "REC533", "November", "SSN 62"})
         EXPECT_NE(sText.find(sPart), std::string::npos) << sPart << "\n" << sText;
-    // Another hour is another picture.
+    // Another hour gives another picture.
     ASSERT_EQ(MapExport(m_folder.Path("other.png"), "18", "rec533").nStatus, 0);
     EXPECT_NE(BytesRead(m_folder.Path("other.png")), sPng);
     const ProgramResult resEngine = MapExport(m_folder.Path("none.png"), "6", "icepac");
@@ -233,8 +233,8 @@ TEST_F(HopcastExport, AFailureIsToldOnStandardErrorWithStatusOne)
 
 TEST_F(HopcastExport, AFullDiskLeavesTheOldFileWhole)
 {
-    // A home that can be written: the engine root is provisioned before the disk is full. There is
-    // room for the engine's 16 KB still.
+    // A writable home, so that the engine root is provisioned before the disk is full. The limit
+    // still leaves room for the engine's 16 KB.
     const EnvironmentSet envData("XDG_DATA_HOME", m_folder.Path("data"));
     ASSERT_EQ(Export(m_folder.Path("first.csv")).nStatus, 0);
     for (const std::string sSuffix : {"png", "pdf"}) {

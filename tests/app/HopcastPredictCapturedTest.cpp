@@ -1,4 +1,4 @@
-/// The console program's numbers beside those that the real engines printed.
+/// The console program's numbers compared with those that the real engines printed.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -30,14 +30,14 @@ float Number(const std::string& sText)
     return res ? res.ValueGet() : 0.0F;
 }
 
-/// The number behind a name in the program's JSON.
+/// The number after a name in the program's JSON.
 float JsonNumber(const std::string& sJson, const std::string& sName)
 {
     const std::size_t nFrom = sJson.find('"' + sName + "\": ") + sName.size() + 4;
     return Number(sJson.substr(nFrom, sJson.find_first_of(",\n}", nFrom) - nFrom));
 }
 
-/// The program's csv as a table again.
+/// The program's csv read back into a table.
 PropagationTable TableFromCsv(const std::string& sCsv, int nFrequencies)
 {
     PropagationTable table(nFrequencies);
@@ -115,7 +115,7 @@ TEST_P(HopcastPredictVoacap, GivesTheCapturedNumbersThroughTheLauncher)
     if (c.iAntenna <= 2) {
         asWords.insert(asWords.end(), {"--antenna", NumberToText(c.iAntenna)});
     } else {
-        // A type without antenna cards is no choice on the command line; a profile may hold it.
+        // The command line offers no type without antenna cards, but a profile may hold one.
         const std::string sProfile = m_tmp.Write(
             "a.ini", "[Propagation Model]\nAntenna Type=" + NumberToText(c.iAntenna) + "\n");
         asWords.insert(asWords.end(), {"--profile", sProfile});
@@ -162,7 +162,7 @@ TEST_F(HopcastPredict, TheShippedProfilePredictsWithTheBuiltInEngine)
         const std::string sHour = (iHour < 10 ? "\n 0" : "\n ") + std::to_string(iHour) + "\x1b[";
         EXPECT_NE(res.sOut.find(sHour), std::string::npos) << iHour << "\n" << res.sOut;
     }
-    // The numbers of the run lie between what no path gives and what no path can.
+    // The run's numbers must be plausible for a real path.
     const ProgramResult resCsv =
         Predict({"--profile", SHIPPED_PROFILE, "--month", "11", "--ssn", "100", "--format", "csv"});
     ASSERT_EQ(resCsv.nStatus, 0) << resCsv.sError;

@@ -21,8 +21,8 @@ inline ProgramResult Predict(Words asWords)
     return ProgramRun(asWords);
 }
 
-/// A user's home of its own, so that the engine root is provisioned anew and nothing of the
-/// machine's user is touched.
+/// A new home for each test, so that the engine root is provisioned afresh and the files of the
+/// machine's user stay untouched.
 class HopcastPredict : public testing::Test {
 protected:
     HopcastPredict()

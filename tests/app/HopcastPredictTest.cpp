@@ -100,7 +100,7 @@ TEST_F(HopcastPredict, AFailingEngineGivesStatus1AndNoTable)
 
 TEST_F(HopcastPredict, AChunkThatFailsIsEmptyNamedAndTellsByItsStatus)
 {
-    // The captured output serves for every chunk but the first.
+    // The fake fails on the first chunk and returns the captured output for all others.
     const EnvironmentSet root(
         "HOPCAST_ITSHFBC", RootMake("grep -q 'FREQ *2.0' \"$1/RUN/$2\" && exit 1\ncp '"
                                     + CapturedPath("rec533/p2p_01", ".out") + "' \"$1/RUN/$3\"\n"));
@@ -420,7 +420,7 @@ TEST_F(HopcastPredictAirmail, WhatIsOutOfRangeIsRefusedWithFileAndKey)
               "hopcast-predict: Airmail's sunspot number: C:\\Program "
               "Files\\AirMail\\Airmail.ini, [Propagation] SSN: 400 is outside 0 to 311 (or give "
               "--ssn N)\n");
-    // A good position behind it does not count: the user asked for the current one.
+    // A valid position further down does not count: the user asked for the current one.
     m_tmp.Write(sIni,
                 "[Position Report]\r\nCurrent Latitude=95\xB0"
                 "00.00'N\r\n[Propagation]\r\nLatitude=10\xB0"

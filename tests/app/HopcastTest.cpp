@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 
 const std::string kProgram = TEST_BIN "/hopcast";
 
-/// A user without anything: no engine package, no Airmail, no profile.
+/// A user with nothing installed: no engine package, no Airmail, no profile.
 class HopcastProgram : public testing::Test {
 protected:
     std::string Profile(const std::string& sBytes) const

@@ -1,4 +1,4 @@
-/// The manual pages tell every option that the programs' own help tells, and no other.
+/// The manual pages list exactly the options that the programs' own help lists.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -26,7 +26,7 @@ TEST_P(ManPage, TellsTheOptionsOfTheHelpAndNoOther)
     const std::string sProgram = GetParam();
     const ProgramResult res = ProgramRun({TEST_BIN "/" + sProgram, "--help"});
     ASSERT_EQ(res.nStatus, 0) << res.sError;
-    // In a manual page "\-" is the sign that may be copied to a shell.
+    // A manual page writes "\-" for a hyphen that can be copied to a shell.
     const std::string sPage =
         std::regex_replace(BytesRead(MAN_FOLDER "/" + sProgram + ".1"), std::regex(R"(\\-)"), "-");
     const std::set<std::string> asHelp = OptionsOf(res.sOut);

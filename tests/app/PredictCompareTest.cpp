@@ -14,7 +14,7 @@ namespace {
 
 using Fields = std::vector<std::string>;
 
-/// The lines of csv without quoted fields, the head first.
+/// The lines of a csv without quoted fields, header first.
 std::vector<Fields> LinesOf(const std::string& sCsv)
 {
     std::vector<Fields> aLine;

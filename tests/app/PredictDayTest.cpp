@@ -26,7 +26,7 @@ protected:
             asWords.insert(asWords.begin(), sWord);
         return ProgramRun(asWords);
     }
-    /// SNR by place ("lat,lon"), as a single run of the hour and frequency prints it.
+    /// SNR by place ("lat,lon"), as a single run for the hour and frequency prints it.
     std::map<std::string, std::string> SingleGet(const Words& asArea, const std::string& sHour,
                                                  const std::string& sKhz) const
     {
@@ -63,7 +63,7 @@ std::vector<std::string> LinesOf(const std::string& sText)
 
 TEST_F(PredictDay, EveryRowIsThatOfItsSingleRunInTheOrderOfGridHourAndFrequency)
 {
-    // Over longitude 180, so that it is two boxes.
+    // Across longitude 180, so that the area is split into two boxes.
     const Words asArea{"--area", "60,150,-20,-140", "--grid", "4"};
     Words asDay = asArea;
     for (const char* sWord : {"--day", "--frequencies", "7050,14100"}) asDay.emplace_back(sWord);

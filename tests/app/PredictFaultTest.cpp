@@ -48,7 +48,7 @@ protected:
         return Joined(m_asBase,
                       {"--tx", "38,-122", "--compare", "rec533", "--frequencies", "7000,14000"});
     }
-    /// A program whose files cannot grow beyond 512 bytes: a full disk.
+    /// Runs the program with its files limited to 512 bytes, as on a full disk.
     static ProgramResult OnFullDisk(const Words& asWords)
     {
         return ProgramRun(Joined({"/bin/sh", "-c", "trap '' XFSZ; ulimit -f 1; exec \"$0\" \"$@\"",
@@ -143,7 +143,7 @@ TEST_F(PredictFault, TwentyStudiesAtOncePrintWhatEachPrintsAlone)
                 asWords[i] = sSsn;
         aAsked.push_back(asWords);
     }
-    // In a home where nothing has been provisioned yet.
+    // They all start in a home where nothing has been provisioned yet.
     std::vector<ProgramResult> aTogether(aAsked.size());
     {
         std::vector<std::jthread> aThreads;
@@ -164,7 +164,7 @@ TEST_F(PredictFault, TwentyStudiesAtOncePrintWhatEachPrintsAlone)
 
 // --- memory --------------------------------------------------------------------------------------
 
-#ifndef __SANITIZE_ADDRESS__  // whose shadow memory needs all there is
+#ifndef __SANITIZE_ADDRESS__  // its shadow memory needs the whole address space
 ProgramResult WithMegabytes(int nMegabytes, const Words& asWords)
 {
     return ProgramRun(Joined(

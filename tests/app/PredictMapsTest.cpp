@@ -1,5 +1,5 @@
-/// Which maps the console program computes with: real program, real engine, and one that is
-/// somebody else's.
+/// The maps that the console program computes with: real program, real engine, and a foreign
+/// engine.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -19,7 +19,7 @@ using Words = std::vector<std::string>;
 
 class PredictMaps : public testing::Test {
 protected:
-    /// What the program prints with some words more.
+    /// The program's output with these additional words.
     static std::string OutputGet(const Words& asMore,
                                  Words asWords = {"--frequencies", "7100,14100", "--month", "3",
                                                   "--ssn", "50"})

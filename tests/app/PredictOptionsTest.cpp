@@ -502,7 +502,7 @@ TEST(PredictHelp, TellsEveryColumnWithItsUnit)
         const std::string sLine = sColumns.substr(nAt + 1, sColumns.find('\n', nAt + 1) - nAt - 1);
         EXPECT_NE(sLine.find(sUnit), std::string::npos) << sLine;
     }
-    // Every column of a path's head is among them.
+    // Every column in the header of a path's csv is described.
     const Settings settings;
     const PropagationTable table(1);
     PredictRun run{&settings, &table, 2026, "", "", ""};

@@ -43,7 +43,7 @@ protected:
                 "REC533 (built-in)", "given",  "Receiver: Airmail, 3 days old\n"};
     }
 
-    /// One cell with reliability and deciles.
+    /// Gives one cell a reliability and deciles.
     void DaysSet()
     {
         m_table.fReliability(1, 2) = 0.9F;
@@ -203,7 +203,7 @@ TEST_F(PredictPrint, ANeedMarksTheCellsThatMeetItAndAddsTheMarginAsTheLastColumn
 {
     PredictRun run = Run();
     run.need = Need{"Voice", 46.5F, "own"};
-    m_table.fSnr(2, 2) = 46.4F;  // as a whole number 46, and below the need
+    m_table.fSnr(2, 2) = 46.4F;  // shown as 46, and below the need
     m_table.fSnr(3, 2) = 46.6F;
     m_table.fSnr(4, 1) = -99.0F;
     const std::string sTable = PredictTableGet(run, false);

@@ -14,7 +14,7 @@
 
 namespace {
 
-using Row = std::map<std::string, std::string>;  // by the names of the columns
+using Row = std::map<std::string, std::string>;  // by column name
 
 std::vector<std::string> FieldsOf(const std::string& sLine)
 {
@@ -48,7 +48,7 @@ std::vector<Row> RowsOf(const std::string& sCsv)
     return aRow;
 }
 
-/// The number behind a name in the program's JSON, as it is written.
+/// The number after a name in the program's JSON, as it is written.
 std::string JsonNumber(const std::string& sJson, const std::string& sName)
 {
     const std::size_t nFrom = sJson.find('"' + sName + "\": ") + sName.size() + 4;
@@ -104,7 +104,7 @@ protected:
         return {{{"range_nmi", JsonNumber(res.sOut, "range_nmi")},
                  {"bearing_deg", JsonNumber(res.sOut, "azimuth_rc_tx")}}};
     }
-    /// Every row against the single prediction of its circuit, as texts.
+    /// Compares every row with the single prediction of its circuit, as text.
     void SinglesExpect(const std::vector<Row>& aRow, const std::string& sModel,
                        const std::string& sFrequencies) const
     {
@@ -278,7 +278,7 @@ TEST_F(PredictReach, AnEngineThatIsNotThereIsToldOnce)
 
 TEST_F(PredictReach, APlaceWhosePredictionFailsIsNamedAndTheOthersStay)
 {
-    // No frequencies in the settings: a place without own ones has none.
+    // The settings have no frequencies, so a place without its own has none.
     m_tmp.Write(
         "boat.places.csv",
         "name,position,frequencies,note\nHome,\"52.5, 13.4\",7050,\nBare,\"10.0, 10.0\",,\n");

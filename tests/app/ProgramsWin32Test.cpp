@@ -1,5 +1,4 @@
-// The console that a Windows program prints to: its alphabet while the program runs, and
-// afterwards.
+// The console that a Windows program prints to: its code page during the run and afterwards.
 #include <gtest/gtest.h>
 
 #include <string>

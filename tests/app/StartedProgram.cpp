@@ -18,7 +18,7 @@ namespace {
 std::string FileText(const fs::path& pthFile)
 {
     constexpr std::size_t kMax = std::size_t{64} << 10;
-    const auto resText = FileReadHead(pthFile.native(), kMax);  // of a process that may be gone
+    const auto resText = FileReadHead(pthFile.native(), kMax);  // the process may be gone
     return resText ? resText.ValueGet() : std::string();
 }
 
@@ -29,7 +29,7 @@ bool IsBelow(const fs::path& pthProcess, const std::string& sFolder)
     const std::size_t nName = sState.rfind(") ");
     if (nName == std::string::npos || sState[nName + 2] == 'Z' || sState[nName + 2] == 'X')
         return false;
-    // Hopcast itself names the folder in no word.
+    // Hopcast's own command line does not contain the folder.
     return FileText(pthProcess / "cmdline").find(sFolder) != std::string::npos
            || fs::read_symlink(pthProcess / "cwd", ec).native().starts_with(sFolder);
 }
@@ -43,7 +43,7 @@ StartedProgram::StartedProgram(const std::vector<std::string>& asWords, const st
     apWords.push_back(nullptr);
     m_nId = fork();
     if (m_nId == 0) {
-        // A test in the background of a script is started to ignore some.
+        // A script starts its background jobs with some of these signals ignored.
         for (const int nSignal : {SIGINT, SIGTERM, SIGHUP}) signal(nSignal, SIG_DFL);
         const int nFile = open(sOutput.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
         dup2(nFile, STDOUT_FILENO);

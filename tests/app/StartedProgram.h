@@ -1,5 +1,6 @@
 /// @file StartedProgram.h
-/// A program of this build that runs beside the test, and what it has started below a folder.
+/// A program of this build that runs beside the test, and the processes that it starts from a
+/// folder.
 #pragma once
 
 #include <sys/types.h>
@@ -16,28 +17,28 @@ struct ProgramEnd {
     int nSignal = 0;
 };
 
-/// Killed by its destructor when it still runs.
+/// The destructor kills the program if it is still running.
 class StartedProgram {
 public:
-    /// @param sOutput  file that takes both streams
+    /// @param sOutput  file for both output streams
     StartedProgram(const std::vector<std::string>& asWords, const std::string& sOutput);
     ~StartedProgram();
     StartedProgram(const StartedProgram&) = delete;
     StartedProgram& operator=(const StartedProgram&) = delete;
 
     void Signal(int nSignal) const;
-    /// @return nothing when it still runs at the end of the time.
+    /// @return nothing if it is still running when the time is up
     std::optional<ProgramEnd> EndAwait(std::chrono::milliseconds tMax);
 
 private:
     pid_t m_nId = -1;
 };
 
-/// Processes that are named by a program or a word below the folder, or work in it: engines and
-/// what they started. Zombies do not count.
+/// Processes whose command line contains the folder or that work in it: engines and what they have
+/// started. Zombies do not count.
 [[nodiscard]] std::vector<pid_t> ProcessesBelow(const std::string& sFolder);
 
-/// Waits until fnTrue answers so. @return false when the time is over.
+/// Waits until fnTrue returns true. @return false if the time is up first
 template <class Fn>
 bool Await(Fn fnTrue, std::chrono::milliseconds tMax)
 {
