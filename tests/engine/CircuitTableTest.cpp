@@ -1,4 +1,4 @@
-// The table of circuits: columns found by name, rows computed, rubbish named.
+// The table of circuits: columns are found by name, rows computed, invalid cells named.
 
 #include <gtest/gtest.h>
 
@@ -74,12 +74,12 @@ TEST(CircuitTable, MeasuredIndexMovesTheMapsOfItsRowAlone)
         EXPECT_TRUE(res) << res.TextGet();
         const std::string sText = res ? res.ValueGet() : std::string();
         EXPECT_NE(sText.find(",freq,ig,dist_km,"), std::string::npos);
-        return sText.substr(sText.find(",1,1,") + 5, 6);  // behind n0_f2 and n0_e
+        return sText.substr(sText.find(",1,1,") + 5, 6);  // after n0_f2 and n0_e
     };
     const std::string sFormula = fnMuf("");
     EXPECT_EQ(sFormula, fnMuf("125.298"));
     EXPECT_NE(sFormula, fnMuf("60"));
-    EXPECT_EQ(fnMuf("-15"), fnMuf("-99"));  // no index lies lower
+    EXPECT_EQ(fnMuf("-15"), fnMuf("-99"));  // no index is lower
     EXPECT_EQ(CircuitTableMake(sHead + "x," + RowOf("5"), Behaviour::Best, MapSet::Mean).TextGet(),
               "line 2, ig: \"x\" cannot be used");
 }

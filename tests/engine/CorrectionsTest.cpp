@@ -1,5 +1,5 @@
-// Each point in which the corrected behaviour departs from the ITU program, pinned to a value that
-// does not come from either.
+// Each point at which the corrected behaviour departs from the ITU program, pinned to a value that
+// comes from neither.
 
 #include <gtest/gtest.h>
 
@@ -52,12 +52,12 @@ TEST(Corrections, SunStandsWhereTheAlmanacHasItAtTheLabelsHour)
             EXPECT_NEAR(std::remainder(dAngle - almanac.dHourAngle, 360.0), 0.0, 0.5) << nMonth;
         }
     }
-    // As the reference it stands one hour behind.
+    // In the reference the sun is one hour behind.
     const auto pReference = IonosphereOf(Behaviour::Reference, 4, 50.0);
     EXPECT_NEAR(SunHourAngleGet(*FoeHourGet(*pReference, 12).pSun, 0.0) * kDegrees, -15.0, 0.5);
 }
 
-// The series written out plainly, apart from the program's own functions.
+// The series written out term by term, independently of the program's own functions.
 double SeriesOf(int nMonth, double dSsn, int nHour, double dLatDegrees, double dLonDegrees,
                 double dDip)
 {
@@ -115,7 +115,7 @@ TEST(Corrections, MapsAreTheSeriesItselfInEveryQuadrantAtSunrise)
             dWorstReference = std::max(dWorstReference, std::abs(dGrid - dSeries));
         }
     }
-    EXPECT_GT(dWorstReference, 0.03);  // the mirrored weights show
+    EXPECT_GT(dWorstReference, 0.03);  // the mirrored weights make a difference
 }
 
 TEST(Corrections, MirrorHeightIsContinuousWhereItsTermGChangesForm)
@@ -128,7 +128,7 @@ TEST(Corrections, MirrorHeightIsContinuousWhereItsTermGChangesForm)
     EXPECT_GT(std::abs(fnHeight(2.0, true) - fnHeight(2.0, false)), 5.0);
 }
 
-// The height for foF2/foE above 3.33 and f above foF2, written out as it is printed.
+// The height for foF2/foE above 3.33 and f above foF2, with the formula as printed.
 double HeightOf(double dKm, double dFof2, double dFoe, double dM3, double dSsn, double dFrequency)
 {
     const double y = std::max(dFof2 / dFoe, 1.8), x = dFrequency / dFof2;
@@ -170,13 +170,13 @@ TEST(Corrections, DecilesAreReadAtTheLocalHour)
             DecileFactorsGet(50.0 * kRadians, dHour, Season::Winter, 20.0);
         EXPECT_NEAR(decileFactors.dLower, bReference ? 0.78 : 0.85, 1e-6);
     }
-    // Wrapped: 23 h at 60 W is 19 h; 2 h is 22 h of the day before.
+    // The local hour wraps: 2 h at 60 W is 22 h of the day before.
     const auto pIono = IonosphereOf(Behaviour::Corrected, 1, 20.0);
     const double dHour = DecileHourGet(*pIono, 2, -60.0 * kPi / 180.0);
     EXPECT_NEAR(DecileFactorsGet(50.0 * kRadians, dHour, Season::Winter, 20.0).dLower, 0.78, 1e-6);
 }
 
-// Worked values of the noise at 07 and 01 UT: the ITU program has them an hour later.
+// Worked values of the noise at 07 and 01 UT; the ITU program gives them an hour later.
 TEST(Corrections, NoiseIsOfTheLabelsHour)
 {
     NoisePlace place = NoisePlaceMake(PlaceFromDegrees(40.0, 10.0));
@@ -189,15 +189,15 @@ TEST(Corrections, NoiseIsOfTheLabelsHour)
 
 TEST(Corrections, AuroralHourIsWrapped)
 {
-    const double dLon = -151.0 * kRadians;  // ten whole zones west
+    const double dLon = -151.0 * kRadians;  // exactly ten time zones west
     EXPECT_EQ(AuroralHourGet(*IonosphereOf(Behaviour::Corrected, 1, 20.0), 4, dLon), 18);
     EXPECT_LT(AuroralHourGet(*IonosphereOf(Behaviour::Reference, 1, 20.0), 4, dLon), 0);
 }
 
 TEST(Corrections, PolarWinterIsOfTheSouthInJune)
 {
-    // 45 N, a June night: the layer decays slowly from sunset (factor exp(-1.4 t)), not with the
-    // angle.
+    // 45 N on a June night: after sunset the layer decays slowly (factor exp(-1.4 t)) and does not
+    // follow the sun's angle.
     const auto pIono = IonosphereOf(Behaviour::Corrected, 6, 100.0);
     const auto pReference = IonosphereOf(Behaviour::Reference, 6, 100.0);
     const Place north = PlaceFromDegrees(45.0, 0.0);
@@ -205,22 +205,22 @@ TEST(Corrections, PolarWinterIsOfTheSouthInJune)
     const double dCos = SunZenithCosGet(*hour.pSun, north);
     ASSERT_LT(dCos, 0.0);
     const SunTimes times = SunTimesGet(*hour.pSun, north);
-    // One hour or so after sunset foE follows from the value at sunset by exp(-1.4 t / 4).
+    // Within an hour or two after sunset foE follows from the value at sunset by exp(-1.4 t / 4).
     FoeHour set = hour;
     set.dClock = times.dSunset;
-    const double dAtSet = FoeGet(set, north, -0.2);  // deep enough for the decay to rule
+    const double dAtSet = FoeGet(set, north, -0.2);  // deep enough for the decay to govern
     EXPECT_NEAR(FoeGet(hour, north, -0.2), dAtSet * std::exp(-0.35 * (21.0 - times.dSunset)), 1e-6);
     FoeHour flawed = FoeHourGet(*pReference, 21);
     flawed.pSun = hour.pSun;
     EXPECT_LT(FoeGet(flawed, north, -0.2), FoeGet(hour, north, -0.2));
-    // 80 S in June is polar winter in both: no sun sets there.
+    // At 80 S June is polar winter in both: the sun does not set there.
     const Place south = PlaceFromDegrees(-80.0, 0.0);
     EXPECT_NEAR(FoeGet(hour, south, -0.3), FoeGet(flawed, south, -0.3), 1e-9);
 }
 
 TEST(Corrections, DayIsWhereTheSunStands)
 {
-    // 22 UT in July at 100 W: early evening, the sun sets at 1 UT of the next day.
+    // 22 UT in July at 100 W is afternoon: the sun sets at about 2 UT of the next day.
     const Place place = PlaceFromDegrees(40.0, -100.0);
     EXPECT_TRUE(OperationalDayIs(*IonosphereOf(Behaviour::Corrected, 7, 50.0), 22, place));
     EXPECT_FALSE(OperationalDayIs(*IonosphereOf(Behaviour::Reference, 7, 50.0), 22, place));

@@ -1,4 +1,5 @@
-// A path's whole day is what its hours and frequencies are one by one, on one thread or several.
+// A path's whole day equals its hours and frequencies computed one by one, on one thread or
+// several.
 
 #include <gtest/gtest.h>
 
@@ -18,7 +19,7 @@ namespace {
 
 using namespace rec533;  // NOLINT(google-build-using-namespace)
 
-// Unsorted, and more than a set holds.
+// Unsorted, and more than one set holds.
 constexpr std::array kMegahertz{14.1, 2.0,  30.0, 3.6,  5.35, 7.05, 10.1, 18.1, 21.2,
                                 24.9, 28.3, 1.9,  12.0, 6.0,  9.0,  0.1,  45.0, 16.0};
 
@@ -119,7 +120,7 @@ TEST(DayHours, OneHourAloneIsTheSame)
     }
 }
 
-// Two threads over one month's data and frequencies, each with its own work.
+// Two threads share one month's data and frequencies; each has its own DayWork.
 TEST(DayThreads, GiveWhatOneThreadGives)
 {
     constexpr std::size_t kPaths = 60;
@@ -147,7 +148,7 @@ TEST(DayThreads, GiveWhatOneThreadGives)
     for (std::size_t i = 0; i < aOne.size(); ++i) ExpectSame(aOne[i], aTwo[i]);
 }
 
-// What the noise of a set gives is what its parts give.
+// The noise of a set equals the sum of its parts.
 TEST(DayNoise, SnrIsThatOfTheNoiseFiguresAdded)
 {
     std::mt19937 rng(18);

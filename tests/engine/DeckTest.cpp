@@ -1,4 +1,5 @@
-// Both decks: the written ones are read, and whatever is wrong with one is told by card and column.
+// Both decks: those that are written can be read, and an error is reported with its card and
+// columns.
 
 #include <gtest/gtest.h>
 
@@ -97,7 +98,7 @@ TEST(PointDeck, WhatIsWrongIsToldByCardAndColumn)
                      "\"SUNSPOT\", columns 1-10: not a card of this deck"},
              BadCase{"EXEC\r\n", "EXEC\r\nEXEC\r\n", "EXEC, columns 1-10: given twice"},
              BadCase{"ANTENNA       2", "ANTENNA       1", "ANTENNA, columns 11-15: given twice"},
-             // A number in wrong columns would be cut to another one.
+             // A number in the wrong columns would be cut to a different one.
              BadCase{"  170.0\r", "     170.0\r",
                      "SUNSPOT, columns 11-15: the text continues after these columns"},
              BadCase{"   11\r", "    11\r",

@@ -1,4 +1,4 @@
-// The small procedures against values worked out elsewhere.
+// The small procedures compared with values worked out elsewhere.
 
 #include <gtest/gtest.h>
 
@@ -98,7 +98,7 @@ TEST(MagneticField, SumsAlongAGreatCircleAreTheFieldItself)
             for (double dAngle = 0.0; dAngle < way.dAngle; dAngle += 0.11) {
                 const Place place = ArcPlace(way.aArcs[0], std::cos(dAngle), std::sin(dAngle));
                 if (place.dCosLat < 0.001)
-                    continue;  // the field of a circle around the pole is taken there
+                    continue;  // here the program takes the field on a circle around the pole
                 EXPECT_NEAR(std::atan(FieldTrackDipTanGet<double>(track, std::cos(dAngle),
                                                                   std::sin(dAngle))),
                             MagneticFieldGet(place, FieldHeight::Absorption).dDip, 1e-12);
@@ -147,7 +147,7 @@ TEST(Maps, MeanLiesHalfwayBetweenTheSets)
 
 TEST(Absorption, PlaceTablesFollowExactAngles)
 {
-    // The fast arc tangents and the polynomial against the plain functions, through one crossing.
+    // The fast arc tangents and the polynomial must match the plain functions at every crossing.
     const auto pIono = std::make_unique<Ionosphere>();
     IonosphereFill(*pIono, Behaviour::Corrected, MapSet::Ccir, 9, 60.0);
     const AbsorptionHour hour{pIono.get(), FoeHourGet(*pIono, 12)};
@@ -182,7 +182,7 @@ TEST(Muf, LongestHopGivesTheRatioOfThe3000KmHop)
 {
     const F2Layer f2Layer = F2LayerMake(8.0, 3.0, 3.0, 1.2);
     EXPECT_NEAR(F2MufGet(f2Layer, 3000.0, 4000.0), f2Layer.dB * 8.0 + 0.6 * 0.25, 1e-9);
-    // Straight up the extraordinary wave's critical frequency, near enough: Cd is not quite 0
+    // Straight up it is nearly the extraordinary wave's critical frequency; Cd is not quite 0
     // there.
     EXPECT_NEAR(F2MufGet(f2Layer, 0.0, 4000.0), 8.0 + 0.6, 0.2);
     EXPECT_LT(F2MufGet(f2Layer, 500.0, 4000.0), F2MufGet(f2Layer, 1500.0, 4000.0));
@@ -216,7 +216,7 @@ TEST(Noise, LevelIsTheNoiseAtThreeMegahertz)
 
 TEST(Reliability, MedianAtTheRequiredRatioIsHalfTheDays)
 {
-    // Three noises alike: 40 dB, deciles 9 and 6 dB.
+    // Three equal noises of 40 dB with deciles of 9 and 6 dB.
     const double dPower = std::pow(10.0, 4.0);
     FrequencySet set{};
     NoiseRows& rows = set.aNoise[0];
@@ -277,7 +277,7 @@ TEST(Antenna, GainIsInterpolatedAndClamped)
     EXPECT_EQ(AntennaLowGet(&antenna, 3.0).nDegrees, 3);
 }
 
-// On a path with several modes: every mode has the gain at its own angle.
+// On a path with several modes, each mode gets the gain at its own angle.
 TEST(Antenna, GainsCountAtTheRaysElevation)
 {
     const auto pIono = std::make_unique<Ionosphere>();

@@ -1,4 +1,4 @@
-// Functions of several numbers at once against those of one.
+// Functions of several numbers at once compared with those of one.
 
 #include <gtest/gtest.h>
 
@@ -58,7 +58,8 @@ TEST(Lanes, AnyLaneCounts)
     EXPECT_EQ(LaneSelect(v > 2.5, v, -v)[2], 3.0);
 }
 
-// The shortcut of deep night must not show: with no floor there is no shortcut.
+// The shortcut for deep night must not change the result. It is not taken when the floor is next to
+// 0.
 TEST(Foe, DeepNightHasTheFloorThatTheWholeFormulaGives)
 {
     std::mt19937 rng(3);

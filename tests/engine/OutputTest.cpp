@@ -1,5 +1,4 @@
-// Page and grid: what stands in which column, against the readers' rules and the real program's
-// layout.
+// Page and grid: what each column holds, against the readers' rules and the real program's layout.
 
 #include <gtest/gtest.h>
 
@@ -83,7 +82,7 @@ TEST(FieldText, FitsItsColumnsWithABlankBefore)
 TEST(PointOutput, HasTheRealProgramsLinesInItsColumns)
 {
     const std::string sPage = PageOf(DeckOf("p2p_01.dat"));
-    EXPECT_EQ(sPage.size(), 16083u);  // as the real page
+    EXPECT_EQ(sPage.size(), 16083u);  // the size of the real page
     const auto aLines = LinesOf(sPage);
     EXPECT_EQ(Cut(aLines[0], 33, 36), "P.533 with long-path rule           ");
     EXPECT_NE(aLines[3].find("AZIMUTHS"), std::string::npos);
@@ -169,7 +168,7 @@ TEST(PointOutput, LongPathsShowTheModeThatCarriesThePower)
     }
     EXPECT_GT(nDashes, 20);
     EXPECT_GT(nModes, 20);
-    // The plain Recommendation knows no modes there.
+    // The plain Recommendation has no modes at this distance.
     const std::string sPlain = PageOf(DeckOf("p2p_03.dat"), Behaviour::Corrected);
     EXPECT_EQ(sPlain.find("F2"), std::string::npos);
     EXPECT_NE(sPlain.find("P.533 corrected"), std::string::npos);
@@ -272,9 +271,9 @@ Near GridsNearGet()
     return near;
 }
 
-// The methods are twenty years apart; typical hours lie near each other all the same. Most of what
-// does not lies at distances at which the editions count hops differently, and in polar nights,
-// where the method keeps an E layer without a sun.
+// The two methods are twenty years apart, yet typical hours agree. Most exceptions are at distances
+// where the editions count hops differently, and in polar nights, where the method keeps an E layer
+// without a sun.
 TEST(PointOutput, BasicMufsLieNearTheRealPrograms)
 {
     const Near pages = PagesNearGet();
@@ -307,7 +306,7 @@ TEST(Luf, IsTheLowestThatServesAsABruteForceSearchFindsIt)
             nSame += dLuf == dBrute ? 1 : 0;
             ++nAll;
             EXPECT_GE(dLuf,
-                      dBrute);  // an island narrower than the coarse step might be passed over
+                      dBrute);  // the search may skip a usable range narrower than its coarse step
         }
     }
     EXPECT_EQ(nAll, 75);
@@ -363,7 +362,7 @@ TEST(PointOutput, AgreesWithTheTableOfCircuitsToThePrintedDigit)
         ASSERT_EQ(aFields.size(), 24u);
         for (std::size_t i = 0; i < 24; ++i) {
             for (std::size_t k = 0; k < deck.aFrequencies.size(); ++k) {
-                const std::size_t nHour = (i + 23) % 24;  // the page begins with 24
+                const std::size_t nHour = (i + 23) % 24;  // the page begins with hour 24
                 std::vector<std::string> aCells;
                 std::stringstream stm(aRows[1 + nHour * deck.aFrequencies.size() + k]);
                 for (std::string sCell; std::getline(stm, sCell, ',');) aCells.push_back(sCell);
@@ -536,7 +535,7 @@ TEST(AntennaFile, DefaultsAreBuiltInAndFilesGoBeforeThem)
     EXPECT_EQ(resFile.ValueGet().antenna.aGain[90], 0.5);
 }
 
-// A slipped digit made powers infinite, and every value of the page the end of its field.
+// A mistyped gain once made powers infinite, and every value of the page the largest of its field.
 TEST(AntennaFile, AGainBeyondAllSenseIsRefusedAndTheGreatestTaken)
 {
     const auto fnFile = [](const std::string& sGain) {
@@ -574,7 +573,7 @@ TEST(AntennaFile, WhatCannotBeUsedIsTold)
     TempFolder tmp;
     tmp.Write("antennas/default/yagi.voa", "x\n3\n1.0\n13\n0\n");
     const std::string sTold = AntennaLoad(tmp.Path(), "DEFAULT\\YAGI.VOA").TextGet();
-    EXPECT_TRUE(sTold.starts_with(tmp.Path())) << sTold;  // the rest each system spells its way
+    EXPECT_TRUE(sTold.starts_with(tmp.Path())) << sTold;  // the system spells the rest its own way
     EXPECT_TRUE(sTold.ends_with(", antenna type 13 is not known, only 11 (91 gains)")) << sTold;
     const auto res = PointOutputMake(Replaced(DeckOf("p2p_01.dat"), "SWWHIP", "SWWHAP"), "/nowhere",
                                      Behaviour::Best);

@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// sBefore: what the shell does first.
+// @param sBefore  shell commands that run first
 ProgramResult EngineRun(const std::string& sProgram, const std::string& sArguments,
                         const std::string& sBefore = {})
 {
@@ -82,11 +82,11 @@ TEST(Rec533Program, ABadDeckIsOneLineStatus2AndNoOutput)
     EXPECT_EQ(FilesBelow(tmp.Path("RUN")), 1u);
 }
 
-// A deck of either run in a root of its own.
+// A deck of either kind of run, in its own root.
 struct Slot {
     const char* sDeckFile;  // below the root
     const char* sOutput;
-    const char* sArguments;  // behind the root
+    const char* sArguments;  // after the root
     const char* sDeck;
 };
 constexpr Slot kPointSlot{"RUN/sound.dat", "RUN/sound.out", " sound.dat sound.out", "p2p_01.dat"};
@@ -98,7 +98,7 @@ ProgramResult SlotRun(const TempFolder& tmp, const Slot& c, const std::string& s
     return EngineRun("rec533w.exe", "'" + tmp.Path() + "'" + c.sArguments, sBefore);
 }
 
-// One line, status 2, nothing written.
+// Expects one line of error, status 2 and nothing written.
 void ExpectRefused(const TempFolder& tmp, const Slot& c, const ProgramResult& programResult,
                    const std::string& sWhy)
 {
@@ -146,7 +146,7 @@ TEST(Rec533Program, AFolderThatIsReadOnlyIsToldWithTheReason)
     for (const Slot* pSlot : {&kPointSlot, &kAreaSlot}) {
         TempFolder tmp;
         const fs::path pthDeck = tmp.Write(pSlot->sDeckFile, DeckOf(pSlot->sDeck));
-        fs::permissions(tmp.Path(), fs::perms::all);  // for the user nobody
+        fs::permissions(tmp.Path(), fs::perms::all);  // so that the user nobody gets in
         fs::permissions(pthDeck.parent_path(), fs::perms::owner_read | fs::perms::owner_exec
                                                    | fs::perms::others_read
                                                    | fs::perms::others_exec);
@@ -208,7 +208,7 @@ TEST(Rec533Program, AFolderThatTakesNoFileIsToldWithTheReason)
 {
     TempFolder tmp;
     tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
-    // The kernel's own tree takes no file, not even from the superuser.
+    // Nobody can make a file in /proc, not even the superuser.
     const ProgramResult programResult = EngineRun(
         "rec533w.exe", "'" + tmp.Path() + "' sound.dat ../../../../../../../../proc/sound.out");
     EXPECT_EQ(programResult.nStatus, 2);
@@ -225,7 +225,7 @@ TEST(Rec533Program, AFullDiskLeavesNoOutputAndNoRest)
     TempFolder tmp;
     tmp.Write("RUN/sound.dat", DeckOf("p2p_01.dat"));
     tmp.Write("RUN/sound.out", "old");
-    // A limit on the size of files stands for the disk; the standard error is short enough.
+    // A limit on file sizes stands for the full disk; the error message is short enough for it.
     const ProgramResult programResult = EngineRun(
         "rec533w.exe", "'" + tmp.Path() + "' sound.dat sound.out", "trap '' XFSZ; ulimit -f 4; ");
     EXPECT_EQ(programResult.nStatus, 2);
@@ -287,7 +287,7 @@ TEST(P533Program, TakesTheMeanOfBothMapsUnlessToldOtherwise)
     EXPECT_NE(fnRun("").find(",-9.023,"), std::string::npos);
     EXPECT_NE(fnRun("--maps ursi").find(",-6.934,"), std::string::npos);
     EXPECT_NE(fnRun("--maps ccir").find(",-14.077,"), std::string::npos);
-    // The ITU program knows no mean.
+    // The ITU program has no mean map: the reference uses CCIR's.
     EXPECT_EQ(fnRun("--reference"), fnRun("--reference --maps ccir"));
     EXPECT_NE(fnRun("--reference"), fnRun("--reference --maps mean"));
 }

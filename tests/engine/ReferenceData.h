@@ -30,7 +30,7 @@ private:
 class CircuitRun {
 public:
     CircuitRun(rec533::Behaviour eBehaviour, rec533::MapSet eMaps);
-    /// Makes what differs from the row before: circuit (by id) and hour.
+    /// Recomputes what differs from the previous row: the circuit (by id) and the hour.
     void Go(const std::string& sId, int nLabel);
     [[nodiscard]] rec533::Prediction PredictionGet(double dFrequency);
 
@@ -46,12 +46,12 @@ private:
     int m_nLabel = 0;
 };
 
-/// "2F2", "1E", empty without a mode.
+/// "2F2", "1E"; empty if there is no mode.
 [[nodiscard]] std::string ModeName(int nHops, bool bE);
 
-/// A circuit between two places (degrees), all else as it is by default.
+/// A circuit between two places (degrees), with defaults for everything else.
 [[nodiscard]] rec533::Circuit CircuitOf(double dTxLat, double dTxLon, double dRxLat, double dRxLon);
-/// The circuit with its receiver at the end of a great circle that leaves the transmitter; beyond
-/// half the way round the earth it is the long way.
+/// The circuit with its receiver at this bearing and distance from the transmitter; beyond half the
+/// circumference the way is the long one.
 /// @param dBearing  degrees
 [[nodiscard]] rec533::Circuit CircuitEndAt(rec533::Circuit circuit, double dBearing, double dKm);

@@ -1,4 +1,5 @@
-// The method as the ITU program carries it out, against its own tables: every row, every column.
+// The method as the ITU program carries it out, compared with that program's own tables: every row,
+// every column.
 
 #include <gtest/gtest.h>
 
@@ -14,7 +15,7 @@ using namespace rec533;  // NOLINT(google-build-using-namespace)
 
 constexpr std::size_t kRows = 1800;
 
-// Within 0.01, or 0.01 % of large values.
+// Within 0.01, or within 0.01 % for large values.
 void ExpectLike(const DataTable& tbl, std::size_t nRow, const char* sColumn, double dValue)
 {
     if (tbl.Empty(nRow, sColumn))
@@ -157,7 +158,7 @@ TEST(ReferenceTable, EveryModeAgrees)
     }
 }
 
-// One digit of the printed control-point value, or 0.001.
+// One unit in the last printed digit (0.001) of a control point's values.
 constexpr double kPoint = 0.00101;
 
 TEST(ReferencePoints, MapsFieldAndSunAgree)

@@ -1,5 +1,4 @@
-// What must hold whatever the numbers are: symmetry, continuity, poles, antipodes, never
-// not-a-number.
+// What must hold for all inputs: symmetry, continuity, poles, antipodes, and never not-a-number.
 
 #include <gtest/gtest.h>
 
@@ -44,7 +43,7 @@ bool AllFinite(const Hour& hour, const Prediction& prediction)
 
 class RandomSweep : public testing::TestWithParam<int> {};
 
-// Eight shares of 25,000 random inputs.
+// Each of eight shares has 25,000 random inputs.
 TEST_P(RandomSweep, GivesNumbersEverywhere)
 {
     std::mt19937 rng(static_cast<unsigned>(GetParam()) + 533U);
@@ -141,7 +140,7 @@ TEST(Sanity, NothingJumpsAtTheDateLineTheEquatorAndGreenwich)
     }
 }
 
-// The numbers of hops of a path and hour, on all its ways.
+// The hop counts of a path at an hour, on all its ways.
 std::vector<int> HopsOf(const Path& path, const Hour& hour)
 {
     std::vector<int> aHops;
@@ -156,10 +155,10 @@ std::vector<int> HopsOf(const Path& path, const Hour& hour)
     return aHops;
 }
 
-// Steps over a part of forty great circles, at three frequencies. A circle on which a number of
-// hops changes within it is passed over: that step is the method's own, at whatever distance it
-// comes. So is one whose field at 7000 km is below -100 dB(uV/m), from where the long-path rule
-// begins.
+// Steps over a part of forty great circles, at three frequencies. Circles are skipped on which a
+// hop count changes within that part: such a step belongs to the method, at whatever distance it
+// occurs. So are circles whose field at 7000 km, where the long-path rule begins, is below -100
+// dB(uV/m).
 std::vector<double> StepsGet(double dNearKm, double dFarKm)
 {
     std::mt19937 rng(11);
@@ -182,7 +181,7 @@ std::vector<double> StepsGet(double dNearKm, double dFarKm)
         const double dFar = bench.Run(far, nLabel, dFrequency).dField;
         auto aHopsFar = HopsOf(*bench.pPath, *bench.pHour);
         if (aHops.size() < aHopsFar.size())
-            aHopsFar.resize(aHops.size());  // the bent ways begin
+            aHopsFar.resize(aHops.size());  // the bent ways begin within the step
         if (aHops == aHopsFar && (dNear > -100.0 || dNearKm > kShortOnly))
             aSteps.push_back(std::abs(dFar - dNear));
     }
@@ -197,7 +196,7 @@ TEST(Sanity, NothingJumpsAtTheBordersOfTheLongPathRule)
         EXPECT_LT(StepsGet(dKm - 0.25, dKm + 0.25).back(), 0.2) << dKm;
 }
 
-// The lower limit has a hop more behind each multiple of 3000 km, eased over 100 km.
+// Beyond each multiple of 3000 km the lower limit counts one hop more, eased in over 100 km.
 TEST(Sanity, NothingJumpsWhereTheLowerLimitHasAHopMore)
 {
     for (const double dKm : {15000.0, 18000.0, 21000.0, 27000.0, 30000.0, 33000.0, 39000.0}) {

@@ -1,10 +1,11 @@
 // The field along great circles, with the azimuth and across the antipode: every step has a name
-// and a size that docs/model.md tells.
+// and is at most as large as docs/model.md states.
 //
 // Where the field changes by more than 0.2 dB within half a kilometre, the place is narrowed down
-// to some centimetres. What is discrete in the method, or is read from tables with cells, is looked
-// at on both sides; the first that differs there is the step's term. A change that spreads over
-// those metres is a slope, and only the loss above a MUF, which begins as a square root, is steep.
+// to a centimetre. Whatever is discrete in the method, or is read from tables with cells, is
+// compared on both sides; the first difference is the step's term. A change that shrinks with the
+// distance is a slope: the loss just above a MUF, which begins as a square root, or a way that
+// swings.
 
 #include <gtest/gtest.h>
 
@@ -27,9 +28,9 @@ using namespace rec533;  // NOLINT(google-build-using-namespace)
 
 constexpr double kStepMost = 0.2;    // dB
 constexpr double kSpan = 0.5;        // km
-constexpr double kSpanLeast = 1e-5;  // km: what is left of a step there is one
+constexpr double kSpanLeast = 1e-5;  // km: a change that remains within this span is a step
 
-// What may step, in the order of cause and effect.
+// What may step, causes before their effects.
 enum class Term {
     Distance,
     Hops,
@@ -53,7 +54,7 @@ enum class Term {
 constexpr std::size_t kBands = 3;
 std::size_t BandOf(double dKm) { return dKm <= kShortOnly ? 0 : dKm <= kLongOnly ? 1 : 2; }
 
-// The terms as docs/model.md lists them, with their greatest steps in the bands, dB; 0 for none.
+// The terms as docs/model.md lists them, with their largest steps in the bands in dB; 0 for none.
 struct TermRow {
     const char* sName;
     std::array<double, kBands> adMost;
@@ -77,7 +78,7 @@ constexpr std::array<TermRow, static_cast<std::size_t>(Term::None)> kTerms{{
     {"swing of the ways", {0.0, 0.0, 0.7}},
 }};
 
-// What a prediction is made of, by term, way, mode and number; the terms in their order.
+// The parts of a prediction by term, way, mode and number, in the order of the terms.
 using Parts = std::map<std::array<int, 4>, double>;
 
 class Bench {
@@ -106,7 +107,7 @@ public:
         for (std::size_t i = 0; i < m_pPath->nBent; ++i) WayAdd(parts, m_pHour->aBent[i], i + 1);
         return parts;
     }
-    // Why the field is steep between two places, dKm apart.
+    // Why the field is steep between two places that are dKm apart.
     Term SlopeGet(const Circuit& one, const Circuit& other, double dKm)
     {
         constexpr double kSwing = 2.0;  // an ordinary middle moves half as far as the receiver
@@ -130,7 +131,7 @@ private:
         PredictionRowsFill(m_tblRows, *m_pWork, *m_pHour, m_tblSet);
     }
     using Middles = std::array<std::array<double, 3>, 3>;
-    // The middles of the ways, as vectors.
+    // The middles of the ways as vectors.
     Middles MiddlesGet(const Circuit& circuit)
     {
         Run(circuit);
@@ -140,7 +141,7 @@ private:
         return {fnVector(m_pPath->mid.place), fnVector(m_pPath->aBent[0].mid.place),
                 fnVector(m_pPath->aBent[1].mid.place)};
     }
-    // True where a mode is just above its MUF, where the loss is a root.
+    // True if a mode is just above its MUF, where the loss follows a square root.
     [[nodiscard]] bool RootIsSteep() const
     {
         constexpr double kJust = 0.01;
@@ -220,7 +221,7 @@ private:
     FrequencySet m_tblSet;
 };
 
-// The first term that differs between two places some centimetres apart.
+// The first term that differs between two places at most a centimetre apart.
 Term TermOf(const Parts& partsA, const Parts& partsB)
 {
     for (const auto& [aKey, dA] : partsA) {
@@ -239,7 +240,7 @@ struct Found {
     int nSpans = 0;
 };
 
-// Seeks the steps of the field between two places of a line.
+// Searches for steps of the field between two places of a line.
 class Sweep {
 public:
     Sweep(Bench& bench, PlaceFn fnPlace, Found& found)
@@ -275,7 +276,7 @@ private:
         Split(dFrom, dMid, dFieldFrom, dField);
         Split(dMid, dTo, dField, dFieldTo);
     }
-    // Follows the greater half of the change to where it is.
+    // Narrows the change down, always taking the half with the larger part.
     void Name(double dFrom, double dTo, double dFieldFrom, double dFieldTo)
     {
         const double dWhole = std::abs(dFieldTo - dFieldFrom);
@@ -315,7 +316,7 @@ private:
     Found& m_found;
 };
 
-// For docs/model.md: what was found.
+// Records what was found, for docs/model.md.
 void Record(const Found& found)
 {
     testing::Test::RecordProperty("steps", found.nSteps);
@@ -345,7 +346,7 @@ constexpr double kAntipodeKm = kPi * kEarthKm;
 
 class StepsOfCircle : public testing::TestWithParam<int> {};
 
-// Great circles nearly round the Earth: all continents, months, hours, numbers.
+// Great circles nearly round the Earth, over all continents, months, hours and sunspot numbers.
 TEST_P(StepsOfCircle, AreNamed)
 {
     constexpr double kFrequencies[]{4.0, 7.0, 11.0, 16.0, 23.0};
@@ -378,7 +379,7 @@ TEST(Steps, AreNamedWithTheAzimuth)
     Record(found);
 }
 
-// Lines across the antipode, where the way changes its side.
+// Lines across the antipode, where the way changes sides.
 TEST(Steps, AreNamedAcrossTheAntipode)
 {
     Found found;

@@ -1,5 +1,5 @@
-// Field strengths of the three behaviours and coefficient sets, against a separate program, and
-// what the long-path rule is made of.
+// Field strengths of the three behaviours and coefficient sets, compared with a separate program,
+// and the parts of the long-path rule.
 
 #include <gtest/gtest.h>
 
@@ -54,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Variant{kSecond, "e_best2_mean", Behaviour::Best, MapSet::Mean}),
     [](const auto& column) { return std::string(column.param.sColumn); });
 
-// A unit of the tables' last digit, and what rounding adds.
+// One unit in the tables' last digit, plus rounding.
 constexpr double kDigit = 0.00151;
 
 class Parts {
@@ -133,7 +133,7 @@ TEST(LongPathRule, EveryPartAgreesInEveryRow)
     EXPECT_GT(nBent, 150);
 }
 
-// The row that the rule's description works out.
+// The worked example of the rule's description.
 TEST(LongPathRule, GivesTheWorkedRow)
 {
     const auto pRun = std::make_unique<CircuitRun>(Behaviour::Best, MapSet::Mean);

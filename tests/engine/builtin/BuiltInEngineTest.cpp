@@ -1,4 +1,4 @@
-/// The engine in this process against the page and the grid of the program, field by field.
+/// The engine in this process compared with the program's page and grid, field by field.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The table of the pages that the program prints of a request.
+/// The table read from the pages that the program prints for a request.
 PropagationTable TableOfPages(const TempFolder& folder, const Request& request)
 {
     PropagationTable table(request.nData);
@@ -38,7 +38,7 @@ PropagationTable TableOfPages(const TempFolder& folder, const Request& request)
     return table;
 }
 
-/// Every field that both hold; the page has no deciles.
+/// Compares every field that both hold; the page has no deciles.
 void TablesExpectEqual(const PropagationTable& table, const PropagationTable& tablePage)
 {
     EXPECT_EQ(table.fAzimuthTxRc, tablePage.fAzimuthTxRc);
@@ -89,7 +89,7 @@ protected:
         m_folder.Write("bin_win/x", "");
         m_folder.Write("RUN/x", "");
         m_folder.Write("areadata/x", "");
-        // A copy: Windows lets no plain user make links.
+        // A copy, because ordinary users of Windows cannot make links.
         fs::copy_file(TEST_BIN "/rec533w.exe", m_folder.Path("bin_win/rec533w.exe"));
     }
     TempFolder m_folder;
@@ -161,7 +161,7 @@ TEST(BuiltInEngine, TellsWhatKindOfInputItCannotUse)
     EXPECT_TRUE(failure);
 }
 
-/// A runner would hand out the answers of the antenna before.
+/// Otherwise a runner would return the answers for the old antenna.
 TEST(BuiltInEngine, IsAnotherWhenAnAntennaOfItsRootIsExchanged)
 {
     const TempFolder folder;

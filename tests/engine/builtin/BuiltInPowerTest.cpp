@@ -1,4 +1,5 @@
-// The user's own power in the engine of this process, against its decks' powers and the program.
+// The user's own power in the engine of this process, compared with the powers of its decks and
+// with the program.
 #include <gtest/gtest.h>
 
 #include <cmath>

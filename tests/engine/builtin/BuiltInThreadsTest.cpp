@@ -1,4 +1,4 @@
-/// The engine of this process asked by many threads. Built with the thread sanitizer too.
+/// The engine of this process used by many threads. Also built with the thread sanitizer.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -29,7 +29,8 @@ TEST(BuiltInThreads, GiveTheNumbersOfOneThread)
     std::vector<Runner::PredictionPtr> apAnswers(aRequests.size());
     std::atomic<bool> bEnd{false};
     {
-        // No thread of its own to post to: answers are run where they are made, each once.
+        // There is no window's thread to post to: each answer is handled on the thread that made
+        // it.
         Runner runner([](const std::function<void()>& fnCall) { fnCall(); }, 4);
         const RunnerJob job = runner.Start(
             pEngine, aRequests,

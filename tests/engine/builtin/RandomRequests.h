@@ -21,7 +21,7 @@ public:
         request.dTxLon = Real(-180, 180);
         request.dRcLat = Real(-90, 90);
         request.dRcLon = Real(-180, 180);
-        if (Whole(0, 9) == 0) {  // near each other, or at one place
+        if (Whole(0, 9) == 0) {  // close together, or at the same place
             request.dRcLat = std::clamp(request.dTxLat + Real(-1, 1) * Whole(0, 1), -90.0, 90.0);
             request.dRcLon = request.dTxLon;
         }

@@ -26,7 +26,7 @@ TEST(VoacapDeckPointToPoint, LosesTheBlankCardBehindFrequencyAndNothingElse)
         const std::string sDeck = Sample(sName + ".dat");
         const auto resDeck = VoacapDeckPoint(sDeck);
         ASSERT_TRUE(resDeck) << sName << resDeck.TextGet();
-        // The only blank card of these decks is the one behind FREQUENCY.
+        // The only blank card of these decks comes after FREQUENCY.
         EXPECT_EQ(resDeck.ValueGet().sText, Replaced(Replaced(sDeck, "\r\n", "\n"), "\n\n", "\n"))
             << sName;
     }
@@ -122,7 +122,7 @@ TEST(VoacapDeckAreaMode, NamesTheCardThatCannotBeUsed)
     EXPECT_EQ(ErrorOfArea("Gridsize :", "Gridless :"), "no Gridsize card");
 }
 
-// voacapl would take left-over memory for an antenna's name.
+// voacapl would take leftover memory for an antenna's name.
 TEST(VoacapDeckAreaMode, NeedsAntennas)
 {
     const std::string sDeck = Sample("area_01.voa");

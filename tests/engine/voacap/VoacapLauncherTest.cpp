@@ -30,7 +30,7 @@ protected:
         m_places.sDataFolder = m_data.Path("itshfbc");
     }
 
-    /// Makes the fake; it finds the complete outputs as $POINT and $GRID.
+    /// Makes the fake, whose script finds complete outputs in $POINT and $GRID.
     void FakeMake(const std::string& sScript)
     {
         m_places.sProgram = m_data.Write("voacapl", "#!/bin/sh\nPOINT=" ENGINE_DATA

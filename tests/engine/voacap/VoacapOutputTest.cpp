@@ -116,7 +116,7 @@ TEST_F(VoacapOutput, RealGridsAreComplete)
 TEST_F(VoacapOutput, ACutGridIsNeverComplete)
 {
     const std::string sBytes = Sample("area_02.vg1");
-    // Behind its SNR a point holds nothing that anyone reads.
+    // Nothing after a point's SNR is read.
     const std::size_t nLast = sBytes.rfind('\n', sBytes.size() - 2) + 1;
     const std::size_t nSnrEnd = nLast + 134;
     for (std::size_t n = 0; n < nSnrEnd; n += n + 200 < nSnrEnd ? 97 : 1)

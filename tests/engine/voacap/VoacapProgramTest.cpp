@@ -40,7 +40,7 @@ std::string WithoutCircuitEcho(std::string sOutput)
 class VoacapProgram : public testing::TestWithParam<RunCase> {
 protected:
     VoacapProgram()
-        // Long and with blanks, which voacapl itself would not bear.
+        // Long and with blanks, which voacapl itself cannot handle.
         : m_sRoot(
             m_folder.Path("a root of engines that lies below a folder with a rather long name "
                           "with many blanks in it, as homes on network shares may have/itshfbc"))
@@ -129,7 +129,7 @@ INSTANTIATE_TEST_SUITE_P(Areas, VoacapProgramArea,
                                          RunCase{"area_04"}, RunCase{"area_05"}),
                          [](const auto& run) { return std::string(run.param.sName); });
 
-// The decks' powers (propagation/PowerTable.h) rest on this: without antenna cards it is 1 kW.
+// The decks' powers (propagation/PowerTable.h) rely on this: without antenna cards it is 1 kW.
 TEST_F(VoacapProgram, PowerOfTheSystemCardIsNotUsed)
 {
     NEED_VOACAPL();
@@ -140,7 +140,7 @@ TEST_F(VoacapProgram, PowerOfTheSystemCardIsNotUsed)
     EXPECT_TRUE(PointRun()) << Said();
     const std::string sMade = BytesRead(m_sRoot + "/RUN/sound.out");
     const std::string sCaptured = Sample("p2p_13.out");
-    constexpr const char* kFirstPage = "METHOD 26   VOACAP";  // behind the echo of the deck
+    constexpr const char* kFirstPage = "METHOD 26   VOACAP";  // after the echo of the deck
     ASSERT_NE(sMade.find(kFirstPage), std::string::npos);
     EXPECT_TRUE(sMade.substr(sMade.find(kFirstPage))
                 == sCaptured.substr(sCaptured.find(kFirstPage)));
@@ -148,7 +148,7 @@ TEST_F(VoacapProgram, PowerOfTheSystemCardIsNotUsed)
 
 class VoacapProgramFault : public VoacapProgram {
 protected:
-    /// Puts a fake voacapl before the real one for the programs that are started from now on.
+    /// Puts a fake voacapl first in the search path of programs started from now on.
     void FakeMake(const std::string& sScript)
     {
         const std::string sFake =
@@ -174,7 +174,8 @@ protected:
         ADD_FAILURE() << "the fake voacapl was not started";
         return 0;
     }
-    /// True when the process is gone, or dead and only not yet collected by its new parent.
+    /// True once the process is gone, or a zombie that its new parent has not collected; waits up
+    /// to 2 s.
     static bool ProcessIsGone(int nPid)
     {
         for (int i = 0; i < 200; ++i) {
@@ -191,7 +192,7 @@ protected:
     std::optional<EnvironmentSet> m_path;
 };
 
-/// What the real voacapl makes of decks that it cannot use.
+/// How the real voacapl fails on decks that it cannot use.
 struct FailureCase {
     const char* sName;
     bool bArea;
@@ -265,7 +266,7 @@ TEST_F(VoacapProgramFault, FailsOnAFullDiskAndLeavesNothing)
 TEST_F(VoacapProgramFault, TellsWhereVoacapCrashed)
 {
     NEED_VOACAPL();
-    std::string sDeck = Sample("area_02.voa");  // a grid of one point is divided by zero
+    std::string sDeck = Sample("area_02.voa");  // a grid of one point makes it divide by zero
     sDeck.replace(sDeck.find("   11    1"), 5, "    1");
     FileWrite("areadata/working.voa", sDeck);
     EXPECT_FALSE(AreaRun());
@@ -324,7 +325,7 @@ TEST_F(VoacapProgramFault, LeavesNoProcessWhenItsGroupIsKilledAndTheNextRunClean
     kill(-resId.ValueGet(), SIGKILL);
     EXPECT_FALSE(ProcessWait(resId.ValueGet(), kSeconds));
     EXPECT_TRUE(ProcessIsGone(nFake));
-    EXPECT_EQ(Names("RUN").size(), 2u);  // nobody was left to take the run's folder away
+    EXPECT_EQ(Names("RUN").size(), 2u);  // nobody was left to delete the run's folder
     FakeRemove();
     EXPECT_TRUE(PointRun()) << Said();
     EXPECT_EQ(Names("RUN"), (std::vector<std::string>{"sound.dat", "sound.out"}));
