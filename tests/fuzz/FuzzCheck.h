@@ -1,5 +1,5 @@
 /// @file FuzzCheck.h
-/// What every fuzz program needs: promises, and the input as a file without a disk.
+/// What every fuzz program needs: the check of a promise, and the input as a file in memory.
 #pragma once
 
 #include <sys/mman.h>
@@ -13,7 +13,8 @@
 
 #include "system/FileLib.h"
 
-/// A promise of the readers that every input must keep; the fuzzer reports the input that does not.
+/// Checks a promise of the readers that must hold for every input; the fuzzer reports the input
+/// that breaks it.
 inline void Check(bool bKept)
 {
     if (!bKept)
@@ -26,7 +27,7 @@ inline std::string_view FuzzText(const std::uint8_t* pBytes, std::size_t nBytes)
     return {reinterpret_cast<const char*>(pBytes), nBytes};
 }
 
-/// One file in memory, its bytes replaced by each input.
+/// One file in memory, whose bytes each input replaces.
 class FuzzFile {
 public:
     FuzzFile() : m_nFile(memfd_create("fuzz", MFD_CLOEXEC)) { Check(m_nFile >= 0); }

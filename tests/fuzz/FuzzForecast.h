@@ -1,5 +1,5 @@
 /// @file FuzzForecast.h
-/// What a reader promises of a forecast that it gives.
+/// What a reader promises of the forecast that it returns.
 #pragma once
 
 #include <cmath>
@@ -10,7 +10,8 @@
 
 inline constexpr DateTime kFuzzToday{2026, 11, 21, 15, 30, 0};
 
-/// Months within their limits, ascending, none twice; each gives a number that an engine takes.
+/// Months are within their limits and ascending, without repeats; each gives a number that an
+/// engine accepts.
 inline void ForecastCheck(const SunSpotForecast& forecast)
 {
     const bool bFlux = forecast.eSource == ForecastSource::Wwv;

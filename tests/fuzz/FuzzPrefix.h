@@ -1,7 +1,7 @@
 /// @file FuzzPrefix.h
-/// A throw-away Wine prefix, an engine root in it, for the readers under test, message boxes
-/// swallowed. It lies in the temporary folder (TMPDIR), best on a disk in memory: every input is
-/// written there as a file.
+/// A throw-away Wine prefix with an engine root for the readers under test; message boxes are
+/// ignored. It is in the temporary folder (TMPDIR), preferably on a disk in memory, since every
+/// input is written there as a file.
 #pragma once
 
 #include <unistd.h>
@@ -38,7 +38,7 @@ public:
     FuzzPrefix(const FuzzPrefix&) = delete;
     FuzzPrefix& operator=(const FuzzPrefix&) = delete;
 
-    /// Writes a file of the prefix.
+    /// Writes a file in the prefix.
     void Write(const char* sName, const std::uint8_t* pBytes, std::size_t nBytes) const
     {
         std::FILE* pFile = std::fopen((m_pthFolder / sName).c_str(), "wb");
@@ -46,7 +46,7 @@ public:
         Check(std::fwrite(pBytes, 1, nBytes, pFile) == nBytes);
         Check(std::fclose(pFile) == 0);
     }
-    /// Full path of a file of the prefix.
+    /// Full path of a file in the prefix.
     [[nodiscard]] std::string Path(const char* sName) const { return m_pthFolder / sName; }
 
 private:

@@ -11,7 +11,7 @@
 
 inline constexpr int kFuzzFrequencies = 3;  ///< few, so that small inputs can be whole outputs
 
-/// An input of iModel with the first frequencies of a usual list, kHz.
+/// A request with a few usual frequencies, kHz.
 inline Request FuzzInput()
 {
     Request input;
@@ -20,8 +20,8 @@ inline Request FuzzInput()
     return input;
 }
 
-/// Numbers are finite whether the output was whole or not, mode texts as long as their field; an
-/// error has a text.
+/// Numbers are finite whether the output was whole or not, mode texts are no longer than their
+/// field, and an error has a text.
 inline void TableCheck(const PropagationTable& table, const Result<void>& res)
 {
     constexpr std::size_t kFieldMost = 5;

@@ -47,6 +47,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
     }
     for (const double dGain : res.ValueGet().antenna.aGain) Check(std::isfinite(dGain));
     PredictionCheck(res.ValueGet().antenna, 24.0, -110.0);  // modes
-    PredictionCheck(res.ValueGet().antenna, -34.0, 151.0);  // the long path's rule
+    PredictionCheck(res.ValueGet().antenna, -34.0, 151.0);  // the rule for long paths
     return 0;
 }

@@ -1,4 +1,4 @@
-// Any text as an area deck of the built-in engine, computed to its grid, and the grid read as the
+// Any text as an area deck of the built-in engine, computed to its grid, which is read as the
 // program reads it.
 #include <cmath>
 
@@ -29,7 +29,7 @@ void GridCheck(const FuzzPrefix& prefix, const run533::AreaDeck& deck, const std
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
 {
-    constexpr int kGridMost = 4;  // points a side; a grid of 999 takes minutes, and no other code
+    constexpr int kGridMost = 4;  // points a side; a grid of 999 takes minutes in the same code
     static const FuzzPrefix prefix;
     const std::string_view sDeck = FuzzText(pBytes, nBytes);
     const auto resDeck = run533::AreaDeckRead(sDeck);
@@ -41,12 +41,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
         return 0;
     const auto resGrid =
         run533::AreaOutputMake(sDeck, prefix.Path("drive_c/itshfbc"), rec533::Behaviour::Best, 1);
-    if (!resGrid) {  // an antenna file that is not there
+    if (!resGrid) {  // an antenna file is missing
         Check(resGrid.TextGet().find(" Ants") != std::string::npos);
         return 0;
     }
-    // Place names may be any text, also one that the reader looks for; those are not Hopcast's
-    // decks.
+    // A place's name may be any text, even one that the reader searches for, but Hopcast writes no
+    // such deck.
     if (resDeck.ValueGet().sTxName == "Transmitter")
         GridCheck(prefix, resDeck.ValueGet(), resGrid.ValueGet());
     return 0;

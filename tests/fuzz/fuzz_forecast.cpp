@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
         return 0;
     }
     ForecastCheck(res.ValueGet());
-    // What was read can be kept, and is the same then.
+    // What was read can be saved, and loads as the same forecast.
     const std::string sKept = ForecastFileText(res.ValueGet());
     const auto resKept = ForecastFileParse(sKept);
     Check(resKept && ForecastFileText(resKept.ValueGet()) == sKept);

@@ -1,5 +1,5 @@
-// Any bytes as the forecast that is kept beside the profile. Chance finds no hash, so the input is
-// also tried as the lines before it.
+// Any bytes as the forecast that is kept beside the profile. A fuzzer does not guess a hash, so the
+// input is also tried as the lines before it.
 #include "fuzz/FuzzForecast.h"
 
 namespace {

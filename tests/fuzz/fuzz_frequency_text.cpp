@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
         },
         nCount);
     Check(nCount == kCountBefore ? !bOk : nCount == nSet);
-    if (bOk) {  // what the list shows is a list again
+    if (bOk) {  // the shown list can be read again
         const auto fnGet = [&](int i) { return afFrequency[static_cast<std::size_t>(i)]; };
         int nAgain = kCountBefore;
         Check(FrequencyListFromText(

@@ -1,4 +1,4 @@
-// Any bytes as the grid of an area run: head and points.
+// Any bytes as the grid of an area run: header and points.
 #include <cmath>
 
 #include "fuzz/FuzzPrefix.h"
@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
             Check(iIndex1 == kUntouched && iIndex2 == kUntouched && dLat == kUntouched
                   && dLon == kUntouched && fSnr == kUntouched);
             if (!res && !res.TextGet().empty() && nPoints < nBytes)
-                continue;  // the next line may be a point again
+                continue;  // the next line may be a valid point
             break;
         }
         Check(std::abs(iIndex1) < 1000 && std::abs(iIndex2) < 1000);

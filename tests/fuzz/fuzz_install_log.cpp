@@ -1,4 +1,4 @@
-// Any bytes as Airmail's Install.log: where the data folder lies.
+// Any bytes as Airmail's Install.log, which names the data folder.
 #include "fuzz/FuzzPrefix.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)

@@ -1,4 +1,5 @@
-// Any text as a need of the console: a name of the list or a number; and as a new need's name.
+// Any text as a need on the command line (a name from the list, or a number), and as a new need's
+// name.
 #include <cmath>
 
 #include "fuzz/FuzzCheck.h"
@@ -16,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
         Check(needs == NeedsShipped());
         return 0;
     }
-    // What the list took is found by its name, and by that alone.
+    // A need that was added is found by its name alone.
     const auto resAdded = NeedFromText(needs, sText);
     Check(resAdded && resAdded.ValueGet() == needs.back());
     Check(!NeedAdd(needs, needs.back()));

@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
     for (const OwnPlace& row : list.aRows) RowCheck(row);
     const auto resText = OwnPlacesText(list);
     if (!resText)
-        return 0;  // it would be read otherwise
+        return 0;  // it would not be read back the same
     const auto resAgain = OwnPlacesParse(resText.ValueGet());
     Check(static_cast<bool>(resAgain));
     Check(OwnPlacesGet(resAgain.ValueGet()) == OwnPlacesGet(list));

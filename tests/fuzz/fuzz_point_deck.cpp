@@ -1,14 +1,14 @@
-// Any text as a point-to-point deck of the built-in engine, computed to its page, and the page read
-// as the program reads it.
+// Any text as a point-to-point deck of the built-in engine, computed to its page, which is read as
+// the program reads it.
 #include "engine/run533/Run.h"
 #include "fuzz/FuzzPrefix.h"
 #include "propagation/reader/ReaderLib.h"
 
 namespace {
 
-/// The page of a deck whose frequencies are all computed: the reader takes it whole. The name of a
-/// station or antenna may be any text, also one that the reader looks for; those are not Hopcast's
-/// decks.
+/// The reader accepts the whole page of a deck whose frequencies are all computed. The name of a
+/// station or antenna may be any text, even one that the reader searches for, but Hopcast writes no
+/// such deck.
 void PageCheck(const FuzzFile& memory, const run533::PointDeck& deck, const std::string& sPage)
 {
     if (deck.sTxName != "Transmit" || deck.sRxName != "Receieve")
@@ -42,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nB
         Check(!resPage && !resDeck.TextGet().empty() && resPage.TextGet() == resDeck.TextGet());
         return 0;
     }
-    if (!resPage) {  // an antenna file that is not there
+    if (!resPage) {  // an antenna file is missing
         Check(resPage.TextGet().find("ANTENNA") == 0);
         return 0;
     }

@@ -1,4 +1,4 @@
-// Any text as a position: the entry fields' form, what people paste, and the console's.
+// Any text as a position: in the entry fields' form, as people paste it, and on the command line.
 #include <cmath>
 
 #include "app/predict/PredictPosition.h"
@@ -14,7 +14,7 @@ constexpr double kLonMost = 180.0;
 using ToTextFn = std::string (*)(double);
 using FromTextFn = bool (*)(std::string_view, double&, Messages*);
 
-/// Text to value; a value within dMost comes back from its text within half a hundredth of a
+/// Text to value; a value within dMost reads back from its own text to within half a hundredth of a
 /// minute.
 void EntryCheck(std::string_view sText, ToTextFn fnToText, FromTextFn fnFromText, double dMost)
 {
@@ -28,13 +28,13 @@ void EntryCheck(std::string_view sText, ToTextFn fnToText, FromTextFn fnFromText
     }
     Check(std::isfinite(dValue));
     if (std::abs(dValue) > dMost)
-        return;  // ranges are the caller's
+        return;  // checking ranges is left to the caller
     double dAgain = kUntouched;
     Check(fnFromText(fnToText(dValue), dAgain, nullptr));
     Check(std::abs(dAgain - dValue) <= kHalfHundredth);
 }
 
-/// Whatever is read lies on the globe, and its text is read as the same place.
+/// Whatever is read is on the globe, and its text is read as the same place.
 void PastedCheck(std::string_view sText, PositionAxis eAxis)
 {
     constexpr double kHalfHundredth = 0.005 / 60.0 + 1e-9;  // degrees
@@ -48,7 +48,7 @@ void PastedCheck(std::string_view sText, PositionAxis eAxis)
     Check(!pos.dLon || std::abs(*pos.dLon) <= kLonMost);
     if (!pos.dLat || !pos.dLon)
         return;
-    // Minutes that round to 60 are no minutes of a pasted text.
+    // A pasted text must not have 60 minutes, which rounding may give.
     const std::string sPair = LatitudeToText(*pos.dLat) + " " + LongitudeToText(*pos.dLon);
     if (sPair.find("60.00") != std::string::npos)
         return;
@@ -62,7 +62,7 @@ void PastedCheck(std::string_view sText, PositionAxis eAxis)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
 {
-    static const FuzzPrefix prefix;  // stations and Airmail's own position are asked for: none
+    static const FuzzPrefix prefix;  // without stations and Airmail, which a position may name
     const std::string_view sText = FuzzText(pBytes, nBytes);
     EntryCheck(sText, LatitudeToText, TextToLatitude, kLatMost);
     EntryCheck(sText, LongitudeToText, TextToLongitude, kLonMost);

@@ -1,4 +1,4 @@
-// Any words, one a line, as the command line of hopcast-predict.
+// Any words, one per line, as the command line of hopcast-predict.
 #include <string>
 #include <vector>
 
@@ -15,7 +15,7 @@ std::vector<std::string> WordsGet(std::string_view sText)
     for (const char c : sText) {
         if (c == '\n')
             asWord.emplace_back();
-        else if (c != '\0')  // ends a word of a command line
+        else if (c != '\0')  // a NUL would end the word
             asWord.back() += c;
     }
     return asWord;
@@ -48,11 +48,11 @@ void OptionsCheck(const PredictOptions& options)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
 {
-    static const FuzzPrefix prefix;  // no Airmail in it
+    static const FuzzPrefix prefix;  // without Airmail
     const std::vector<std::string> asWord = WordsGet(FuzzText(pBytes, nBytes));
     for (const std::string& sWord : asWord)
         if (sWord.starts_with("--profile"))
-            return 0;  // a file of this machine, whose values nobody has checked yet
+            return 0;  // it would read a file of this machine, whose values are not checked
     const auto res = PredictOptionsGet(asWord);
     if (!res) {
         Check(!res.TextGet().empty());

@@ -1,4 +1,4 @@
-// Any bytes as an initialisation file, read and written by the names in the input's first line:
+// Any bytes as an initialisation file, read and written under the names in the input's first line:
 // section|key|value.
 #include <algorithm>
 #include <fstream>
@@ -17,7 +17,7 @@ struct Names {
     std::string sSection, sKey, sValue;
 };
 
-/// Takes the first line off the input. Names hold no line end: they are the program's own.
+/// Takes the first line off the input. Names have no line end: they are the program's own.
 Names NamesTake(std::string_view& sInput)
 {
     const std::string_view sLine = sInput.substr(0, sInput.find_first_of("\r\n"));
@@ -37,7 +37,8 @@ std::string FileBytes(const std::string& sPath)
     return {std::istreambuf_iterator<char>(stm), {}};
 }
 
-/// Names and values that come back as they are: printable, nothing that the form of the file means.
+/// True for names and values that read back unchanged: printable, without characters that have a
+/// meaning in the file.
 bool Plain(const std::string& sText, const char* sMeaning)
 {
     return !sText.empty() && sText.front() != ' ' && sText.back() != ' '
@@ -45,8 +46,8 @@ bool Plain(const std::string& sText, const char* sMeaning)
            && sText.find_first_of(sMeaning) == std::string::npos;
 }
 
-/// The units of a file: bytes, or 16 bits each behind a byte order mark. Half a pair of surrogates
-/// is no character and is written as U+FFFD, so all of them count as that.
+/// The units of a file: bytes, or 16 bits each after a byte order mark. Half a surrogate pair is no
+/// character and is written as U+FFFD, so every one of them counts as that.
 std::u16string Units(std::string_view sBytes)
 {
     const bool bLittle = sBytes.starts_with("\xFF\xFE");
@@ -76,7 +77,7 @@ std::vector<std::u16string> Lines(const std::string& sBytes)
     return asLine;
 }
 
-/// The lines of sOld, in their order, are those of sNew but for one that may have changed.
+/// True if sNew has the lines of sOld in their order, with at most one replaced and two new ones.
 bool LinesKept(const std::string& sOld, const std::string& sNew)
 {
     const auto asOld = Lines(sOld);

@@ -9,8 +9,8 @@
 
 namespace {
 
-/// The text of every number, switch and choice; texts are left out, since the file cannot keep all
-/// characters. The three values that are written under another name do not come back.
+/// The text of every number, switch and choice. Texts are left out, since the file cannot hold all
+/// characters, and so are the three values that are written under one name and read under another.
 std::string ValuesGet(const Settings& settings)
 {
     std::string sValues;

@@ -7,7 +7,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t nBytes)
 {
-    constexpr int kKeysMost = 20;  // each opens the file anew
+    constexpr int kKeysMost = 20;  // each one opens the file again
     static const FuzzPrefix prefix;
     prefix.Write("drive_c/Program Files/AirMail/System.HAM.ini", pBytes, nBytes);
     Messages aMessages;

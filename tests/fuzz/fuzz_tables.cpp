@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr std::ptrdiff_t kRowsMost = 6;  // each is computed
+constexpr std::ptrdiff_t kRowsMost = 6;  // each row is computed
 
-/// Every row has as many cells as the head, and no computed one is "nan" or "inf".
+/// Every row has as many cells as the header, and no computed cell is "nan" or "inf".
 void TableCheck(const std::string& sTable, std::string_view sFirstComputed)
 {
     const auto asLine = TextLines(sTable);
@@ -24,7 +24,7 @@ void TableCheck(const std::string& sTable, std::string_view sFirstComputed)
     for (std::size_t n = 1; n < asLine.size(); ++n) {
         std::string_view sRow = asLine[n];
         if (sRow.empty() && n + 1 == asLine.size())
-            break;  // behind the last line's end
+            break;  // after the last line end
         Check(std::count(sRow.begin(), sRow.end(), ',') == nCommas);
         for (std::ptrdiff_t i = 0; i < nGiven; ++i) sRow.remove_prefix(sRow.find(',') + 1);
         Check(sRow.find("nan") == std::string_view::npos);

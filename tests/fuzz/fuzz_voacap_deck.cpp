@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Antennas lie in the antenna folder, and the text ends with a line's end.
+/// Antennas are in the antenna folder, and the text ends with a line end.
 void DeckCheck(const Result<VoacapDeck>& res)
 {
     if (!res) {
