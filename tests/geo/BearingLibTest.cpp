@@ -33,7 +33,7 @@ INSTANTIATE_TEST_SUITE_P(Directions, BearingLib,
                                          BearingCase{"circuit", 38, -122, 24, -110, 140.40},
                                          BearingCase{"circuit_back", 24, -110, 38, -122, 326.65}));
 
-// A hair west of north: 360 itself would be printed as a direction that no compass has.
+// A hair west of north: 360 itself would be printed, which no compass shows.
 TEST(BearingGet, ABearingThatRoundsTo360Is0)
 {
     EXPECT_EQ(BearingGet(0, 0, 10, -1e-15), 0.0);

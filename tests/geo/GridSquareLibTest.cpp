@@ -7,7 +7,7 @@
 
 namespace {
 
-// Far below a foot on the ground; the values are worked out by hand from the two formulas.
+// About half a metre on the ground; the values are worked out by hand from the two formulas.
 constexpr double kTolerance = 5e-6;
 
 struct GridCase {
@@ -38,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(
         // A square of four characters: the sub-square MM is added.
         GridCase{"FN42", "FN42MM", 42.513043, -70.973913},
         GridCase{"fn42", "FN42MM", 42.513043, -70.973913},
-        // What follows the sixth character does not count, but stays in the text.
+        // Characters after the sixth do not count, but stay in the text.
         GridCase{"FN42MM99", "FN42MM99", 42.513043, -70.973913},
         GridCase{"Fn42mm9", "FN42MM9", 42.513043, -70.973913},
         // A is minute 0, X is minute 59: 59 / 60 of a degree of latitude, twice of longitude.
@@ -46,7 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
         GridCase{"JJ00BA", "JJ00BA", 0.0, 0.085507}, GridCase{"JJ00AB", "JJ00AB", 0.042754, 0.0},
         GridCase{"AA00AA", "AA00AA", -90.0, -180.0},
         GridCase{"RR99XX", "RR99XX", 89.983333, 179.966667},
-        // No range is checked: the codes of the characters are taken as they are.
+        // Ranges are not checked: the codes of the characters are taken as they are.
         GridCase{"ZZ::[[", "ZZ::[[", 171.111594, 342.223188},
         GridCase{"      ", "      ", -437.410870, -874.821739},
         // A character outside ASCII is one character (code 176 here), not two bytes.

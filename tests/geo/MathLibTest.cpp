@@ -21,7 +21,7 @@ INSTANTIATE_TEST_SUITE_P(
     All, LatitudeText,
     testing::Values(TextCase{38.5, "38°30.00'N"}, TextCase{0.0, "00°00.00'N"},
                     TextCase{-0.0, "00°00.00'N"}, TextCase{-0.5, "00°30.00'S"},
-                    TextCase{38.99999, "38°60.00'N"},  // rounded by the pattern only
+                    TextCase{38.99999, "38°60.00'N"},  // the pattern rounds the minutes alone
                     TextCase{-90, "90°00.00'S"}, TextCase{5.0001, "05°00.01'N"}));
 class LongitudeText : public testing::TestWithParam<TextCase> {};
 TEST_P(LongitudeText, Prints)
@@ -109,7 +109,7 @@ TEST(GreatCircleAngle, IsZeroForOnePlaceAndPiForAntipodes)
 TEST(GreatCircleAngle, GivesTheQuarterAndTheCosineLaw)
 {
     EXPECT_NEAR(GreatCircleAngle(0, 0, 90, 0), kPi / 2, 1e-14);
-    // San Francisco bay to Baja California by the spherical law of cosines.
+    // San Francisco Bay to Baja California by the spherical law of cosines.
     const double dR = kPi / 180;
     const double dExpected = std::acos(std::sin(38 * dR) * std::sin(24 * dR)
                                        + std::cos(38 * dR) * std::cos(24 * dR) * std::cos(12 * dR));
@@ -152,7 +152,7 @@ TEST(SmallHelpers, FollowTheirRules)
     EXPECT_EQ(Min(2, 1), 1);
     EXPECT_EQ(Max(1, 2), 2);
     EXPECT_EQ(Max(2, 1), 2);
-    // With a value that is no number every comparison fails, and the second argument is taken.
+    // Every comparison with NaN is false, so the second argument is taken.
     EXPECT_EQ(Min(std::nan(""), 2), 2);
     EXPECT_EQ(Max(std::nan(""), 2), 2);
     EXPECT_TRUE(std::isnan(Min(2, std::nan(""))));

@@ -10,9 +10,9 @@
 
 namespace {
 
-constexpr int kCases = 20000;                    // for each of both
+constexpr int kCases = 20000;                    // for each axis
 constexpr double kHalfHundredth = 0.005 / 60.0;  // degrees
-constexpr double kNoise = 1e-12;                 // of sums of degrees and minutes
+constexpr double kNoise = 1e-12;                 // rounding when degrees and minutes are added
 
 struct Axis {
     std::string (*fnToText)(double);
@@ -33,7 +33,7 @@ void RoundTripCheck(const Axis& axis, double dAngle)
     double dBack = 0.0;
     ASSERT_TRUE(axis.fnFromText(sText, dBack, nullptr)) << sText;
     EXPECT_LE(std::abs(dBack - dAngle), kHalfHundredth + kNoise) << sText;
-    // The text of what was read is another spelling of the same place at most (60.00 minutes).
+    // The text of the value read differs at most in spelling (60.00 minutes).
     double dAgain = 0.0;
     ASSERT_TRUE(axis.fnFromText(axis.fnToText(dBack), dAgain, nullptr));
     EXPECT_LE(std::abs(dAgain - dBack), kNoise) << sText;

@@ -12,8 +12,8 @@ constexpr double kNoise = 1e-12;
 
 TEST(SphereLib, PathRunsAlongTheGreatCircle)
 {
-    // San Francisco to Tokyo passes near the Aleutians: great-circle vertex by spherical
-    // trigonometry cos(lat) = sin(azimuth) * cos(lat0).
+    // San Francisco to Tokyo passes near the Aleutians; spherical trigonometry gives the
+    // northernmost point of the great circle by cos(lat) = sin(azimuth) * cos(lat0).
     const LatLon from{37.62, -122.38};
     const LatLon to{35.77, 140.38};
     const std::vector<LatLon> aPoints = PathGetPoints(from, to);

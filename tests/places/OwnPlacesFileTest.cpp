@@ -77,7 +77,7 @@ TEST(OwnPlacesFile, AFailedSaveLeavesTheOldOneWhole)
     const std::string sOld = BytesRead(folder.Path("boat.places.csv"));
     OwnPlaceList listBad = ListMake();
     listBad.aRows[0].sFault = "bad";
-    listBad.aRows[0].sRaw = "a,1N 2E,,";  // which is a good row
+    listBad.aRows[0].sRaw = "a,1N 2E,,";  // a valid row
     EXPECT_FALSE(OwnPlacesSave(sProfile, listBad));
     EXPECT_EQ(BytesRead(folder.Path("boat.places.csv")), sOld);
 #ifndef _WIN32
