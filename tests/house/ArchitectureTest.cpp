@@ -1,5 +1,5 @@
-/// docs/architecture.md speaks of the tree as it is: what it names is there, and every part of the
-/// windows is named.
+/// docs/architecture.md matches the tree: what it names exists, and it names every part of the
+/// windows.
 #include <gtest/gtest.h>
 
 #include <cctype>
@@ -40,7 +40,7 @@ std::vector<std::string> QuotedGet(const std::string& sText)
 struct Tree {
     Names asFile;  ///< "Request.h"
     Names asStem;  ///< "Request"
-    Names asWord;  ///< everything that sources, build files and scripts call by a name
+    Names asWord;  ///< every word in sources, build files and forms
 };
 
 void WordsAdd(const std::string& sText, Names& asWord)
@@ -78,7 +78,7 @@ const Tree& TreeGet()
     return s_tree;
 }
 
-/// A path from the root or from src/, with or without the end of its name.
+/// True for a path from the root or from src/, with or without its extension.
 bool PathIsThere(const std::string& sPath)
 {
     for (const char* sFrom : {"", "src"})
@@ -94,7 +94,7 @@ bool NamesAFile(const std::string& sName)
     return std::regex_match(sName, kFile);
 }
 
-/// A class, procedure, constant or file without its end; "frmMain::Update".
+/// True for the name of a class, procedure, constant or file without extension; "frmMain::Update".
 bool NamesAThing(const std::string& sName)
 {
     static const std::regex kThing(R"(\w+(::\w+)*)");
@@ -163,7 +163,7 @@ TEST(Architecture, EveryHeaderOfThePlatformIsNamed)
     EXPECT_GT(nHeaders, 20);
 }
 
-/// The rows are the kinds of the enumeration, each with a comment behind it.
+/// The rows are the values of the enumeration, each of which has a comment.
 TEST(Architecture, TheKindsOfFailuresAreThoseOfTheSource)
 {
     static const std::regex kKind(R"(\n    (\w+), +///<)");
@@ -177,7 +177,7 @@ TEST(Architecture, TheKindsOfFailuresAreThoseOfTheSource)
     const std::string sDocument = DocumentGet();
     const std::size_t nTable = sDocument.find("| `FailureKind` | when |");
     ASSERT_NE(nTable, std::string::npos);
-    // The head of the table begins where the search does, so that it is no row.
+    // The search begins at the table's header, which kRow therefore does not match.
     const std::string sTable = sDocument.substr(nTable, sDocument.find("\n\n", nTable) - nTable);
     EXPECT_EQ(WordsGet(sTable, kRow), asKind);
 }

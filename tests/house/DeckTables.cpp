@@ -16,7 +16,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using Fields = std::span<const Field>;
 
-/// What some fields of a card, side by side in the layout, hold; they share a row of the table.
+/// The content of some adjacent fields of a card, which share a row of the table.
 struct Told {
     std::size_t nFields;
     std::string sContent;
@@ -53,7 +53,7 @@ std::string FormatText(Fields aFields)
     return sFormat;
 }
 
-/// The first table of a section.
+/// A table that replaces the first one of its section.
 class Table {
 public:
     Table(std::string sHeading, const Texts& asHead) : m_sHeading(std::move(sHeading))
@@ -63,7 +63,7 @@ public:
         m_sText += "|\n";
     }
 
-    /// Card, columns, format, content: a row that no layout has.
+    /// A row that no layout has: card, columns, format, content.
     void Row(const Texts& asCell)
     {
         for (const std::string& sCell : asCell)
@@ -71,7 +71,7 @@ public:
         m_sText += "|\n";
     }
 
-    /// A deck's card; all fields of its layout, save the label, are told in their order.
+    /// A deck's card, with all fields of its layout, except the label, in their order.
     void Card(std::string sCard, Fields aFields, std::initializer_list<Told> aTold)
     {
         Each(aFields, aTold, [&](Fields aPart, const std::string& sContent) {
@@ -79,7 +79,7 @@ public:
         });
     }
 
-    /// A row of an output; sWhere tells which.
+    /// A row of an output; sWhere says which row.
     void Output(std::string sLabel, std::string sWhere, Fields aFields,
                 std::initializer_list<Told> aTold)
     {
@@ -88,7 +88,7 @@ public:
         });
     }
 
-    /// Columns and content alone.
+    /// Columns and content only.
     void Plain(Fields aFields, std::initializer_list<Told> aTold)
     {
         Each(aFields, aTold, [&](Fields aPart, const std::string& sContent) {
@@ -96,7 +96,7 @@ public:
         });
     }
 
-    /// Puts the table in the place of the one that its section has.
+    /// Replaces the section's first table in the document.
     void Put(std::string& sDocument) const
     {
         const std::size_t nSection = sDocument.find("\n" + m_sHeading + "\n");
@@ -112,7 +112,7 @@ public:
     }
 
 private:
-    /// A card's name in its first row only.
+    /// The card's name for its first row, empty for the others.
     static std::string Name(std::string& sCard)
     {
         const std::string sName = std::exchange(sCard, "");
@@ -141,7 +141,7 @@ private:
 const Texts kCardHead{"card", "columns", "format", "content"};
 const Texts kOutputHead{"label searched", "row", "columns", "becomes"};
 
-/// The formats with the same decimals and the same look of two numbers share a row.
+/// Formats share a row if they have the same decimals and print two sample numbers alike.
 Table FormatTable()
 {
     const auto Shown = [](double dValue, const FortranEntry& entry) {
@@ -267,7 +267,7 @@ Table PointRec533Table()
     return table;
 }
 
-/// The rows of an area deck from the month to the frequency: a number each.
+/// The rows of an area deck from month to frequency, each of which holds one number.
 void AreaValuesAdd(Table& table)
 {
     using namespace area_value_row;

@@ -4,6 +4,6 @@
 
 #include <string>
 
-/// A text of docs/decks.md with its tables of columns as the layouts have them.
-/// @throws std::logic_error when a layout's fields are not all told, or a section is not there
+/// The text of docs/decks.md with the tables of columns made from the layouts.
+/// @throws std::logic_error if a field of a layout is not described, or a section is missing
 [[nodiscard]] std::string DeckTablesPut(std::string sDocument);

@@ -1,6 +1,6 @@
 /// @file DocumentTable.h
-/// The tables of the documents, to be compared with the code or made from it. With HOPCAST_RENEW=1
-/// in the environment TableCheck writes them anew instead.
+/// The documents' tables, compared with the code or made from it: with HOPCAST_RENEW=1 in the
+/// environment TableCheck rewrites them instead.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,15 +13,15 @@
 
 #include "support/TempFolder.h"
 
-using TableRow = std::vector<std::string>;  ///< its cells, without the blanks at their ends
+using TableRow = std::vector<std::string>;  ///< its cells without the blanks around them
 
-/// A place of a document's text.
+/// A part of a document's text.
 struct TextPart {
     std::size_t nFrom = 0;
     std::size_t nSize = 0;
 };
 
-/// The table below the head; one that is not there fails the test.
+/// The table with this header; the test fails if there is none.
 inline TextPart TablePart(const std::string& sText, const std::string& sHead)
 {
     const std::size_t nHead = sText.find(sHead + "\n");
@@ -29,7 +29,7 @@ inline TextPart TablePart(const std::string& sText, const std::string& sHead)
         ADD_FAILURE() << "no table " << sHead;
         return {};
     }
-    // A table of a list is indented.
+    // A table inside a list is indented.
     const std::string sIndent(nHead - sText.rfind('\n', nHead) - 1, ' ');
     std::size_t nEnd = sText.find('\n', nHead) + 1;
     while (sText.compare(nEnd, sIndent.size() + 1, sIndent + "|") == 0)
@@ -42,7 +42,7 @@ inline std::string DocumentRead(const char* sDocument)
     return BytesRead(std::string(DOCS_FOLDER "/") + sDocument);
 }
 
-/// The cells of a row. A sign of a cell that would end it has a backslash before it.
+/// The cells of a row. A backslash before a | keeps it within its cell.
 inline TableRow TableCells(const std::string& sLine)
 {
     TableRow asCell;
@@ -61,7 +61,7 @@ inline TableRow TableCells(const std::string& sLine)
     return asCell;
 }
 
-/// The rows below a table's head.
+/// The rows below a table's header.
 inline std::vector<TableRow> TableRead(const char* sDocument, const std::string& sHead)
 {
     const std::string sText = DocumentRead(sDocument);
@@ -83,8 +83,8 @@ inline std::string TableLine(const TableRow& asCell)
     return sLine + "|";
 }
 
-/// A document's table is the one that is wanted, or becomes it.
-/// @param aWanted  the head, then the rows
+/// Compares a document's table with the wanted one, or rewrites it.
+/// @param aWanted  the header, then the rows
 inline void TableCheck(const char* sDocument, const std::vector<TableRow>& aWanted)
 {
     const std::string sFile = std::string(DOCS_FOLDER "/") + sDocument;

@@ -1,4 +1,4 @@
-/// What docs/decks.md and docs/engines.md tell of engines, their files, their antenna cards and
+/// What docs/decks.md and docs/engines.md say about engines, their files, their antenna cards and
 /// voacapl's decks is what the code does.
 #include <gtest/gtest.h>
 
@@ -233,8 +233,8 @@ TEST(DocumentsEngines, FrequenciesHaveTheDecimalsOfTheirCards)
               (TableRow{sTwo, sTwo, Resolution(freq_row::kFirst)}));
 }
 
-/// "24, 1 ... 23 UT": the hours of the lines that end with a label, as an output prints them.
-/// @param sHead  above these lines
+/// "24, 1 ... 23 UT": the hours of the lines that match sLines, as an output prints them.
+/// @param sHead  a text above these lines
 std::string HoursText(const char* sOutput, const char* sHead, const std::string& sLines)
 {
     const std::string sText = BytesRead(std::string(CAPTURED_FOLDER "/") + sOutput);
@@ -251,7 +251,7 @@ TEST(DocumentsEngines, HoursAreThoseOfTheOutputs)
     EXPECT_EQ(
         GivenGet("hour blocks"),
         (TableRow{sVoacap, sVoacap, HoursText("rec533/p2p_01.out", "AZIMUTHS", "[^\n]* FREQ ")}));
-    // Five numbers beside the two of the hour.
+    // Five numbers follow the two that give the hour.
     const std::string sMuf =
         HoursText("voacap/p2p_01.out", "MUF    LUF", " *[0-9.]+(?: +[0-9.-]+){5}(?= *\r?\n)");
     EXPECT_EQ(sMuf, "1, 2 ... 24 UT");
@@ -277,7 +277,7 @@ TEST(DocumentsEngines, DelaysAndHeightsAreThoseOfTheReaders)
 }
 
 #ifdef HOPCAST_VOACAP_BUILT
-/// What is between the first backticks of a cell; else empty.
+/// The text between a cell's first backticks; empty if there are none.
 std::string InTicks(const std::string& sCell)
 {
     const std::size_t nFrom = sCell.find('`');
@@ -286,7 +286,7 @@ std::string InTicks(const std::string& sCell)
                : sCell.substr(nFrom + 1, sCell.find('`', nFrom + 1) - nFrom - 1);
 }
 
-/// A deck changed as a row of the table says.
+/// The deck changed as a row of the table says.
 std::string Translated(std::string sDeck, const TableRow& asCell)
 {
     const bool bNothing = asCell.at(1) == "nothing";

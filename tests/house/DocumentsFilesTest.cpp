@@ -1,4 +1,4 @@
-/// What docs/files.md tells of files, their lines and keys is what the code reads and writes.
+/// What docs/files.md says about files, their lines and keys is what the code reads and writes.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -34,7 +34,7 @@ using Names = std::set<std::string>;
 
 const std::regex kQuoted("`([^`\n]+)`");
 
-/// What a table names in backticks in one of its columns.
+/// The names in backticks in one column of a table.
 std::vector<std::string> NamedIn(const std::vector<TableRow>& aRow, std::size_t iColumn)
 {
     std::vector<std::string> asName;
@@ -44,7 +44,7 @@ std::vector<std::string> NamedIn(const std::vector<TableRow>& aRow, std::size_t 
     return asName;
 }
 
-/// "RUN\sound.dat" of "c:\itshfbc\RUN\sound.dat"; `.voa` of a list has its root's name.
+/// "RUN\sound.dat" of "c:\itshfbc\RUN\sound.dat" without its folders.
 std::string LeafGet(const std::string& sPath)
 {
     const std::size_t nSlash = sPath.find_last_of("\\/");
@@ -81,7 +81,7 @@ TEST(DocumentsFiles, EveryFileOfTheEnginesIsToldAtAGlance)
     EXPECT_GT(asWanted.size(), 20U);
 }
 
-/// What stands for any characters in the document's names, and what they are in the sources.
+/// The fixed parts of a documented name, between placeholders and separators.
 std::vector<std::string> FixedParts(const std::string& sName)
 {
     static const std::regex kAny("PID|NAME|XX+|\\bN\\b|[*]|[.][.][.]|[\\\\/]");
@@ -97,10 +97,10 @@ TEST(DocumentsFiles, NamesAtAGlanceAreThoseOfTheSources)
 {
     int nParts = 0;
     for (const std::string& sName : NamedIn(TableRead("files.md", kGlance), 0)) {
-        if (sName.starts_with("hopcast-"))  // programs' command lines
+        if (sName.starts_with("hopcast-"))  // command lines of programs
             continue;
         for (std::string sPart : FixedParts(sName)) {
-            if (sPart == "hopcast.lock.next")  // the wait for any lock
+            if (sPart == "hopcast.lock.next")  // any lock may be waited for
                 sPart = ".next";
             EXPECT_TRUE(SourceTextsHave(sPart)) << sName << ": " << sPart;
             ++nParts;
@@ -109,7 +109,7 @@ TEST(DocumentsFiles, NamesAtAGlanceAreThoseOfTheSources)
     EXPECT_GT(nParts, 30);
 }
 
-/// A name as it may be: numbers for numbers, letters for what is chosen at random.
+/// A name of that form: numbers for numbers, letters for random characters.
 std::string NameLike(std::string sName)
 {
     sName = std::regex_replace(sName, std::regex("PID|\\bN\\b"), "12");
@@ -117,7 +117,7 @@ std::string NameLike(std::string sName)
     return sName;
 }
 
-/// Files and folders that last changed two days ago, of the names of a table's first column.
+/// Makes files and folders, last changed two days ago, with the names of a table's first column.
 std::vector<fs::path> OldMake(const fs::path& pthFolder, const std::vector<std::string>& asName)
 {
     std::vector<fs::path> aPath;
@@ -140,8 +140,8 @@ std::vector<fs::path> OldMake(const fs::path& pthFolder, const std::vector<std::
 
 const char* const kMoment = "| name | where | what it is |";
 
-/// The others go in their own ways: an output and an engine at the next one, an attempt's folder
-/// never.
+/// LeftoversRemove leaves the others alone: the next output or engine replaces them, and
+/// TemporaryRootsRemove clears $TMPDIR.
 TEST(DocumentsFiles, FilesThatLiveForAMomentGoWhenTheyAreOld)
 {
     const TempFolder folder;
@@ -161,7 +161,7 @@ TEST(DocumentsFiles, NamesThatLiveForAMomentAreThoseOfTheSources)
     Names asPart;
     for (const std::string& sName : NamedIn(TableRead("files.md", kMoment), 0))
         for (const std::string& sPart : FixedParts(sName)) asPart.insert(sPart);
-    // The outputs of the built-in engine, which it moves into place.
+    // The built-in engine renames its outputs into place.
     for (const char* sOutput : {"sound.out", "working.rg1"}) {
         const std::string sPart = std::string(sOutput) + ".part";
         EXPECT_EQ(asPart.erase(sPart), 1U) << sPart;
@@ -191,7 +191,7 @@ std::vector<IniRow> IniRows()
     return aRow;
 }
 
-/// An Airmail.ini of some of the rows; each place of a position has a latitude of its own.
+/// Writes an Airmail.ini with some of the rows; each position has a different latitude.
 class AirMailIniFile {
 public:
     AirMailIniFile() { AirMailDataFolderSet(m_folder.Path()); }
@@ -210,7 +210,7 @@ public:
             sText += "[" + sSection + "]\n" + sLines;
         (void)m_folder.Write(kAirMailIniFile, sText);
     }
-    /// The latitude that is read, and whether it has a time; 0 without one.
+    /// The latitude read, or 0 without a position, and whether it has a time.
     static std::pair<double, bool> PositionRead()
     {
         double dLat = 0.0;
@@ -254,10 +254,10 @@ TEST(DocumentsFiles, KeysOfAirmailsPositionAreThoseThatAreRead)
         const double dLat = 10.0 * (static_cast<double>(n) + 1.0);
         const bool bTime = row.sUse.ends_with("; needs its time");
         EXPECT_NE(bTime, row.sUse.ends_with("; no time")) << row.sUse;
-        // It is read where those before it are missing, and comes before those after it.
+        // A position is read if those before it are missing, and precedes those after it.
         file.Write({aPlace.begin() + static_cast<std::ptrdiff_t>(n), aPlace.end()});
         EXPECT_EQ(AirMailIniFile::PositionRead(), (std::pair{dLat, bTime})) << row.sUse;
-        // Each key is needed, and no other.
+        // All of its keys are needed, and no others.
         file.Write({row});
         EXPECT_EQ(AirMailIniFile::PositionRead(), (std::pair{dLat, bTime})) << row.sUse;
         for (std::size_t nKey = 0; nKey < row.asKey.size(); ++nKey) {
@@ -280,7 +280,7 @@ TEST(DocumentsFiles, OtherKeysOfAirmailAreThoseThatAreRead)
             ++nRead;
         }
         if (row.sUse.starts_with("shown in the options; ")) {
-            // Without a warning that it is another one than was tested.
+            // There is no notice that another version was tested.
             EXPECT_EQ(AirMailVersionText(), "Airmail 3.1.936");
             EXPECT_NE(row.sUse.find("; 3.1.936 is the one "), std::string::npos) << row.sUse;
             ++nRead;
@@ -378,7 +378,7 @@ TEST(DocumentsFiles, ForecastsHaveTheScalesOfTheirReaders)
          {"bulletin of WWV", "`:Issued: 2026 Nov 21`, `Solar flux 123 and`",
           "10.7 cm flux of one day, " + NumberToText(kFluxLeast) + " to " + NumberToText(kFluxMost),
           "R from F = 63.7 + 0.728 R + 0.00089 R^2; for the current month alone"}});
-    // The formula of the last row, and the texts that it and the first one name.
+    // The formula of the last row, and the texts that the first and the last one name.
     EXPECT_NEAR(SunSpotFromFlux(63.7 + 0.728 * 100.0 + 0.00089 * 100.0 * 100.0), 100.0, 1e-9);
     const DateTime dtToday{2026, 11, 22};
     const auto resNoaa =
@@ -391,13 +391,13 @@ TEST(DocumentsFiles, ForecastsHaveTheScalesOfTheirReaders)
     EXPECT_EQ(resWwv.ValueGet().eSource, ForecastSource::Wwv);
 }
 
-/// With EveryVariableOfTheEnvironmentIsNamed: those and no others.
+/// With EveryVariableOfTheEnvironmentIsNamed this makes the two lists equal.
 TEST(DocumentsFiles, OtherInputsAreNamesThatTheSourcesHave)
 {
     int nNames = 0;
     for (const std::string& sTold : NamedIn(TableRead("files.md", "| name | what it does |"), 0)) {
         const std::string sName = sTold.substr(0, sTold.find('='));
-        // The library looks for the folder of temporary files.
+        // The C++ library reads TMPDIR for the folder of temporary files.
         EXPECT_TRUE(sName == "TMPDIR" || SourceTextsGet().contains(sName)) << sName;
         ++nNames;
     }

@@ -1,5 +1,5 @@
-/// What docs/guide.md tells of needs, antennas, palettes and messages is what the programs have;
-/// and the messages of docs/engines.md.
+/// What docs/guide.md says about needs, antennas, palettes and messages is what the programs have,
+/// and so are the messages in docs/engines.md.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -18,7 +18,7 @@
 
 namespace {
 
-/// A row of the guide: kinds of contact and the names of the list's needs behind them.
+/// A row of the guide: kinds of contact, and the matching needs of the list.
 struct NeedRow {
     const char* sTold;
     std::vector<const char*> asNeed;
@@ -52,7 +52,7 @@ TEST(DocumentsGuide, WhatIsEnoughIsTheShippedListOfNeeds)
     TableCheck("guide.md", aWanted);
 }
 
-/// A choice of the options with an engine, in the guide's words.
+/// An antenna choice of the options for an engine, in the guide's words.
 std::string AntennasTold(int iModel, int iType)
 {
     const std::string sPower = PowerText(CardPowerGet(iModel, iType, DeckKind::PointToPoint));
@@ -61,7 +61,7 @@ std::string AntennasTold(int iModel, int iType)
         return "plain antennas, " + sPower;
     if (sCard == kTxWhip)
         return "whips, " + sPower;
-    // Below the type that has whips at both ends is the one with a whip at the boat.
+    // The type before the one with whips at both ends has a whip on the boat.
     return TxCardGet(iModel == kEngineRec533, iType + 1) == kTxWhip
                ? "station with gain, " + sPower + ", boat with whip"
                : "ideal antennas with gain, " + sPower;
@@ -93,7 +93,7 @@ TEST(DocumentsGuide, PalettesAreThoseOfTheSettings)
               SettingRangeText(SettingRowGet(&Settings::m_ePalette)));
 }
 
-/// The parts of a message that no value, of which it has examples, takes the place of.
+/// The fixed parts of a message, without the example values in it.
 std::vector<std::string> PartsOfMessage(const std::string& sMessage)
 {
     static const std::regex kValue(

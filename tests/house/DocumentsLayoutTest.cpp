@@ -1,4 +1,4 @@
-/// docs/decks.md tells every column as the code has it: its tables are made from the layouts.
+/// docs/decks.md has every column as the code has it, because its tables are made from the layouts.
 #include <gtest/gtest.h>
 
 #include <regex>

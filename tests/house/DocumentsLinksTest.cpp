@@ -1,4 +1,4 @@
-/// What documents point at is there: files, headings, pictures, folders of the project, options.
+/// What the documents point to exists: files, headings, pictures, folders of the project, options.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -55,7 +55,7 @@ std::vector<std::string> LinksGet(const fs::path& pthFile)
     return asLink;
 }
 
-/// Headings as link targets: small letters, blanks as hyphens, other signs dropped.
+/// Headings as link targets: lower case, hyphens for blanks, other punctuation dropped.
 std::set<std::string> AnchorsGet(const fs::path& pthFile)
 {
     static const std::regex kHeading(R"((?:^|\n)#+ ([^\n]+))");
@@ -95,7 +95,7 @@ TEST(DocumentsLinks, LeadToFilesAndHeadings)
 
 bool PathIsThere(const std::string& sPath)
 {
-    // A module is named without the ends of its header and its source.
+    // A module is named without the extensions of its header and source.
     for (const char* sEnd : {"", ".h", ".cpp"})
         if (fs::exists(kRoot / (sPath + sEnd)))
             return true;
@@ -134,7 +134,7 @@ TEST(DocumentsLinks, EveryPictureIsShownAndMadeByATest)
     EXPECT_GT(nPictures, 10);
 }
 
-/// The guide lists the options of a program in a table that is headed by the program's name.
+/// The guide's table of a program's options, which has the program's name in its header.
 std::string OptionsTableGet(const std::string& sProgram)
 {
     const std::string sGuide = BytesRead((kRoot / "docs/guide.md").string());
@@ -151,7 +151,7 @@ std::set<std::string> OptionsIn(const std::string& sText)
     return {asFound.begin(), asFound.end()};
 }
 
-/// A program's manual page, where packages have one; its hyphens are escaped.
+/// A program's manual page, with its hyphens unescaped; empty if packages have none.
 std::string ManualPageGet(const std::string& sProgram)
 {
     const fs::path pthPage = kRoot / "packaging/man" / (sProgram + ".1");

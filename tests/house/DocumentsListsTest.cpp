@@ -1,6 +1,6 @@
-/// Lists of the documents are whole: the labels of the tests, the fuzz programs, the benchmarks,
+/// The documents' lists are complete: the labels of the tests, the fuzz programs, the benchmarks,
 /// the files of the built-in method, the engines, the colours, the columns of the details and of
-/// the programs' tables, the variables of the environment.
+/// the programs' tables, the environment variables.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -29,7 +29,7 @@ Names NamesIn(const std::string& sText, const std::regex& rgx)
     return {asFound.begin(), asFound.end()};
 }
 
-/// The rows below the head of a document's table.
+/// The rows below the header of a document's table.
 std::vector<std::string> RowsGet(const char* sDocument, const std::string& sHead)
 {
     const std::string sText = BytesRead((kRoot / "docs" / sDocument).string());
@@ -53,7 +53,7 @@ std::string FirstColumnGet(const char* sDocument, const std::string& sHead)
     return sColumn;
 }
 
-/// The files of a folder and of those below it with this end of their names.
+/// The files in a folder and below it whose names end like this.
 std::vector<fs::path> FilesBelow(const char* sFolder, const std::string& sEnd)
 {
     std::vector<fs::path> aFile;
@@ -108,7 +108,7 @@ TEST(DocumentsLists, StepsOfTheMethodNameFilesThatAreThere)
     EXPECT_GT(nFiles, 15);
 }
 
-/// Both tables of columns of hopcast-p533, what it reads and what it adds.
+/// Covers both tables of hopcast-p533's columns, those it reads and those it adds.
 TEST(DocumentsLists, ColumnsOfTheTableOfCircuitsAreThoseOfTheSource)
 {
     static const std::regex kColumn("([a-z0-9_]+)");
@@ -155,7 +155,7 @@ TEST(DocumentsLists, EnginesAreThoseOfTheSource)
             << asRow[i];
 }
 
-/// The names of the colours are the comments behind them.
+/// The colours' names are the comments after their rows.
 TEST(DocumentsLists, ColoursOfTheGuideAreThoseOfTheScale)
 {
     static const std::regex kLowest("BandRow\\{([0-9]+)[.]0F,");

@@ -1,5 +1,5 @@
-/// The documents' parts that tell the settings are those that the table of the settings gives. With
-/// HOPCAST_RENEW=1 in the environment they are written anew instead.
+/// The parts of documents that list settings match the table of settings. With HOPCAST_RENEW=1 in
+/// the environment they are rewritten instead.
 #include <gtest/gtest.h>
 
 #include <cctype>
@@ -15,7 +15,7 @@ namespace {
 
 std::string Ticked(const std::string& sText) { return sText.empty() ? "" : "`" + sText + "`"; }
 
-/// The rows of docs/files.md. A key that is read under another name stands out.
+/// The rows of docs/files.md. A key that is read under another name is in bold.
 std::string KeysTable()
 {
     std::string sText =
@@ -33,7 +33,8 @@ std::string KeysTable()
     return sText;
 }
 
-/// In a manual page "\-" is the sign that may be copied to a shell, and the minus of a number.
+/// A manual page writes "\-" for a hyphen that can be copied to a shell, and for the minus of a
+/// number.
 std::string ManDashes(const std::string& sText, bool bAll)
 {
     std::string sMan;
@@ -45,7 +46,7 @@ std::string ManDashes(const std::string& sText, bool bAll)
     return sMan;
 }
 
-/// The entries of a group of options in the manual page.
+/// The manual page's entries for a group of options.
 std::string ManEntries(OptionGroup eGroup)
 {
     std::string sText;
@@ -60,7 +61,7 @@ std::string ManEntries(OptionGroup eGroup)
     return sText;
 }
 
-/// The part between two marks equals what is wanted; or is made so.
+/// Compares the part between two marks with the wanted text, or rewrites it.
 void PartCheck(const std::string& sFile, const std::string& sBegin, const std::string& sEnd,
                const std::string& sWanted)
 {

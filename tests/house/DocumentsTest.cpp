@@ -1,5 +1,5 @@
-/// The documents tell the truth: examples are rows of real decks and outputs under a true ruler,
-/// and no key of the profile is left out.
+/// The documents are true: examples are rows of real decks and outputs below a correct ruler, and
+/// no key of the profile is missing.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -18,7 +18,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// Lines of a text file without blanks and line ends at their ends.
+/// Lines of a text file without trailing blanks and line ends.
 Lines LinesRead(const fs::path& pthFile)
 {
     Lines asLine;
@@ -31,7 +31,7 @@ Lines LinesRead(const fs::path& pthFile)
 
 bool RulerIs(const std::string& sLine) { return sLine.starts_with("1234567890"); }
 
-/// The blocks between fences whose second line is a ruler of columns.
+/// The fenced blocks whose second line is a ruler of columns.
 std::vector<Lines> ExamplesGet(const Lines& asDocument)
 {
     std::vector<Lines> aExample;
@@ -71,7 +71,7 @@ TEST(Documents, ExamplesOfDecksAreRowsOfRealFiles)
     EXPECT_GE(aExample.size(), 8u);
     for (const Lines& asExample : aExample) {
         for (std::size_t i = 2; i < asExample.size(); ++i) {
-            // A long row may be shown in part.
+            // An example may show only the beginning of a long row.
             const auto it = std::lower_bound(asCaptured.begin(), asCaptured.end(), asExample[i]);
             EXPECT_TRUE(it != asCaptured.end() && it->starts_with(asExample[i])) << asExample[i];
             EXPECT_LE(asExample[i].size(), asExample[1].size()) << asExample[i];

@@ -1,5 +1,5 @@
-/// What docs/testing.md tells of classes and suites, and docs/model.md of tables, is what tests/
-/// has.
+/// What docs/testing.md says about classes and suites, and docs/model.md about tables, is what
+/// tests/ has.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -93,7 +93,7 @@ std::string RowsOf(const char* sFile)
     std::ifstream stm(std::string(TESTS_FOLDER "/engine/data/") + sFile);
     EXPECT_TRUE(stm.is_open()) << sFile;
     const auto nLines = std::count(std::istreambuf_iterator<char>(stm), {}, '\n');
-    return std::to_string(nLines - 1);  // the head
+    return std::to_string(nLines - 1);  // without the header
 }
 
 TEST(DocumentsTesting, ComparisonTablesHaveTheRowsOfTheirFiles)
@@ -122,7 +122,7 @@ TEST(DocumentsTesting, EverySlipOfTheItuProgramIsTold)
               sizeof(rec533::Quirks) / sizeof(bool));
 }
 
-/// What hopcast-p533 computes with these options for one circuit.
+/// What hopcast-p533 computes for one circuit with these options.
 std::string CircuitRun(const TempFolder& folder, std::vector<std::string> asOption)
 {
     asOption.insert(asOption.begin(), std::string(TEST_BIN "/hopcast-p533"));

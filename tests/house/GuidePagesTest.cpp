@@ -1,4 +1,4 @@
-/// The pages of the guide that travel with the programs.
+/// The pages of the guide that are installed with the programs.
 #include <gtest/gtest.h>
 
 #include <filesystem>

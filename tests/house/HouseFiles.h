@@ -1,5 +1,5 @@
 /// @file HouseFiles.h
-/// What several tests of the house read.
+/// What several tests of this folder read.
 #pragma once
 
 #include <filesystem>

@@ -1,5 +1,5 @@
-/// The floors of the house: which folder of src/ may include which. A test, so that this cannot
-/// rot.
+/// The floors: which folder of src/ may include which. Checked by a test, so that the rules cannot
+/// erode.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,7 +20,7 @@ namespace {
 
 using Names = std::set<std::string>;
 
-/// Folder to the folders that it may include besides itself.
+/// The folders that each folder may include besides itself.
 const std::map<std::string, Names>& FloorsGet()
 {
     static const Names kBelowUi{"system",   "geo",         "airmail", "places",
@@ -32,7 +32,7 @@ const std::map<std::string, Names>& FloorsGet()
         {"places", {"airmail", "geo", "system"}},
         {"settings", {"airmail", "geo", "system"}},
         {"propagation", {"settings", "geo", "system"}},
-        {"engine", {"propagation", "geo", "system"}},  // which of it: EnginesKnowDecksAlone
+        {"engine", {"propagation", "geo", "system"}},  // EnginesKnowDecksAlone narrows this down
         {"studies", {"propagation", "places", "settings", "geo", "system"}},
         {"ui", kBelowUi},
         {"app",
@@ -42,7 +42,7 @@ const std::map<std::string, Names>& FloorsGet()
     return mapFloors;
 }
 
-/// What stands behind #include, with its quotes or angle brackets.
+/// The name after #include, with its quotes or angle brackets.
 std::vector<std::string> IncludesGet(const fs::path& pthFile)
 {
     std::vector<std::string> asInclude;
@@ -76,7 +76,8 @@ TEST(Floors, EveryFolderIsKnown)
         EXPECT_TRUE(FloorsGet().contains(FolderGet(pthFile))) << pthFile;
 }
 
-/// "engine" has two rows there, which EnginesKnowDecksAlone checks; "app" may include everything.
+/// The document has two rows for "engine", which EnginesKnowDecksAlone checks; "app" may include
+/// everything.
 TEST(Floors, OfTheDocumentAreThese)
 {
     const std::string sDocument = BytesRead(DOCS_FOLDER "/architecture.md");
@@ -110,8 +111,8 @@ TEST(Floors, NoLowerFloorIncludesAnUpperOne)
     }
 }
 
-/// The method and the programs around it know the columns of decks; the engine of this process is
-/// an Engine.
+/// Of propagation, the method and its programs may include only the columns of decks; the engine in
+/// this process is an Engine and may include more.
 TEST(Floors, EnginesKnowDecksAloneSaveTheOneOfThisProcess)
 {
     for (const fs::path& pthFile : SourcesGet()) {
@@ -128,7 +129,7 @@ TEST(Floors, EnginesKnowDecksAloneSaveTheOneOfThisProcess)
     }
 }
 
-/// What lies below returns its messages as values.
+/// Lower floors return their messages as values.
 TEST(Floors, OnlyWindowsAndProgramsShowBoxes)
 {
     for (const fs::path& pthFile : SourcesGet()) {
@@ -140,7 +141,7 @@ TEST(Floors, OnlyWindowsAndProgramsShowBoxes)
     }
 }
 
-/// The Windows spelling of a path is turned into one of this host at three places.
+/// Windows paths are converted to host paths in three places only.
 TEST(Floors, OnlyThreeFoldersKnowDrivePaths)
 {
     for (const fs::path& pthFile : SourcesGet()) {

@@ -1,5 +1,5 @@
-/// The table of rules to break on purpose fits the sources, and scripts/mutate.sh --check tells
-/// where it does not.
+/// The table of rules to break fits the sources, and scripts/mutate.sh --check reports where it
+/// does not.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -26,11 +26,11 @@ constexpr const char* kSource = "bool Is()\n{\n    if (nSnr >= nLeast)\n        
 
 struct CheckCase {
     const char* sName;
-    const char* sFile;  ///< where the source is
+    const char* sFile;  ///< the path of the source
     std::string sSource;
     std::string sTable;
     bool bFits;
-    const char* sSaid;  ///< what the script says of it
+    const char* sSaid;  ///< what the script says about it
 };
 
 std::ostream& operator<<(std::ostream& stm, const CheckCase& cse) { return stm << cse.sName; }

@@ -1,4 +1,4 @@
-/// Nothing in src/ grows beyond what a reader takes in at once.
+/// Nothing in src/ grows beyond what a reader can take in at once.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -18,7 +18,7 @@ namespace {
 constexpr int kFileLinesMost = 400;
 constexpr int kClassProceduresMost = 40;
 
-/// The code alone: without comments, preprocessor lines and texts.
+/// The code alone: without comments, preprocessor lines and string literals.
 std::string CodeGet(std::string sText)
 {
     static const std::regex kRawText(R"re(R"\([^]*?\)")re");
@@ -30,8 +30,8 @@ std::string CodeGet(std::string sText)
     return std::regex_replace(sText, kPreprocessor, "\n");
 }
 
-/// A procedure's declaration that this class itself asks for: what a base class demands (override)
-/// does not count.
+/// True for a declaration of the class's own procedure; overrides do not count, because a base
+/// class requires them.
 bool ProcedureIs(std::string sDeclaration)
 {
     static const std::regex kTemplate("<[^<>]*>");
@@ -44,7 +44,7 @@ bool ProcedureIs(std::string sDeclaration)
            && !std::regex_search(sDeclaration, kOverride);
 }
 
-/// Declarations in the body that begins behind its opening brace.
+/// Counts the procedures declared in the body that begins after its opening brace.
 int ProceduresCount(const std::string& sCode, std::size_t nFrom)
 {
     int nProcedures = 0;

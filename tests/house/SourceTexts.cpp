@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Reads the literal that begins at the quote, and goes behind it.
+/// Reads the literal that begins at the quote, and moves past it.
 std::string LiteralTake(const std::string& sSource, std::size_t& n)
 {
     if (sSource.compare(n - 1, 3, "R\"(") == 0) {
@@ -47,7 +47,7 @@ void FormTextsAdd(const std::string& sForm, std::set<std::string>& asText)
 void LiteralsAdd(const std::string& sSource, std::set<std::string>& asText)
 {
     std::string sText;
-    bool bOpen = false;  // nothing but blanks since the last literal
+    bool bOpen = false;  // only blanks since the last literal
     for (std::size_t n = 0; n < sSource.size();) {
         const char c = sSource[n];
         if (sSource.compare(n, 2, "//") == 0) {

@@ -1,4 +1,4 @@
-/// The tests themselves: each header names tests that exist, and none is skipped in silence.
+/// The tests themselves: the tests that headers name exist, and none is skipped without notice.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -53,7 +53,7 @@ TEST(Tests, ThatHeadersNameExist)
 
 TEST(Tests, AreSkippedForTheRealVoacapAlone)
 {
-    // In pieces, so that this file passes its own search.
+    // In two pieces, so that this file does not match its own search.
     const std::string sSkip = std::string("GTEST_") + "SKIP";
     for (const fs::path& pthTest : FilesBelow(kTests, ".cpp"))
         EXPECT_TRUE(BytesRead(pthTest.string()).find(sSkip) == std::string::npos)
