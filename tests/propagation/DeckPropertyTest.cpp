@@ -1,5 +1,5 @@
-/// What holds for every input: a deck's numbers stand in their columns and read back to the rounded
-/// values, or there is no deck.
+/// What holds for every input: either a deck's numbers are in their columns and read back to the
+/// rounded values, or there is no deck.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int kCases = 3000;  // for each deck, about ten cards and thirty fields each
+constexpr int kCases = 3000;  // for each deck of about ten cards and thirty fields
 constexpr int kYear = 2026;
 
 std::string CardOf(const std::string& sDeck, const std::string& sLabel)
@@ -33,7 +33,7 @@ double UnitGet(std::string_view sFormat)
                                .ValueGet());
 }
 
-/// The card's numbers, in order, are the values; nothing stands between the fields or behind them.
+/// The card's numbers are the values in their order, with nothing between or after the fields.
 void CardCheck(const std::string& sDeck, const std::string& sLabel, std::span<const Field> aFields,
                const std::vector<double>& adValues)
 {
@@ -63,7 +63,7 @@ void CardCheck(const std::string& sDeck, const std::string& sLabel, std::span<co
     EXPECT_EQ(TextTrim(sCard), "") << "outside of the fields of " << sLabel;
 }
 
-/// Values that fit their fields, and one time in ten one that may not.
+/// Values that fit their fields; in one deck of ten some may not.
 class Values {
 public:
     explicit Values(PropertyRandom& random) : m_random(random), m_bWild(random.Chance(10)) {}
@@ -126,7 +126,7 @@ std::span<const Field> FieldsFirst(const std::array<Field, nFields>& aFields, in
     return std::span(aFields).first(static_cast<std::size_t>(nCount));
 }
 
-/// Some decks must have been written, and some refused, or the cases prove nothing.
+/// Some decks must have been written and some refused, or the cases would prove nothing.
 void CountsCheck(int nWritten)
 {
     EXPECT_GT(nWritten, kCases / 2);

@@ -85,7 +85,7 @@ std::string ExpectedPath(std::string_view sName)
 
 float Single(const std::string& sText) { return std::stof(sText); }
 
-/// MHz of a text as kHz.
+/// A frequency in MHz, as kHz.
 float Kilohertz(const std::string& sText) { return static_cast<float>(std::stod(sText) * 1000.0); }
 
 void CellCompareVoacap(const std::vector<std::string>& asRow, const PropagationTable& table,
@@ -198,7 +198,7 @@ std::vector<std::vector<std::string>> ExpectedRows(std::string_view sName)
         else
             aRows.back().back() += cByte;
     }
-    aRows.pop_back();  // behind the last line's end
+    aRows.pop_back();  // after the last line end
     return aRows;
 }
 

@@ -1,6 +1,6 @@
 /// @file EngineCases.h
 /// The captured circuits and areas (data/engines/README.md), the values cut from their outputs
-/// (data/expected, made by tools/outputs_cut.py), and where the files lie.
+/// (data/expected, made by tools/outputs_cut.py), and the paths of the files.
 #pragma once
 
 #include <iosfwd>
@@ -50,7 +50,7 @@ const CircuitCase& CircuitCaseGet(std::string_view sName);
 Request InputMake(const CircuitCase& c);
 AreaRequest AreaInputMake(const AreaCase& c);
 
-/// Test names hold letters, digits and underscores only.
+/// A name with letters, digits and underscores only, as test names need.
 std::string CaseName(std::string_view sName);
 
 /// Path of a captured file ("rec533/p2p_01", ".out").
@@ -58,11 +58,11 @@ std::string CapturedPath(std::string_view sName, std::string_view sExtension);
 std::string AreaDeckExtension(int iModel);
 std::string AreaGridExtension(int iModel);
 
-/// The rows of a case's expected values, each cut at its commas.
+/// The rows of a case's expected values, split at the commas.
 std::vector<std::vector<std::string>> ExpectedRows(std::string_view sName);
 
 struct PropagationTable;
 /// Compares every value of a table that holds iFirst..iLast with the expected rows of the case.
-/// @param bWhole  false: without FOT, reliability and deciles
+/// @param bWhole  false: leaves out FOT, reliability and deciles
 void TableCompare(const CircuitCase& c, const PropagationTable& table, int iFirst,
                   bool bWhole = true);

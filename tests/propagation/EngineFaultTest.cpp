@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Every fault has to be over within this time, both attempts together.
+/// Every fault must be over within this time, including both attempts.
 constexpr double kFaultSecondsMax = 12.0;
 
 struct Model {
@@ -32,7 +32,7 @@ struct Model {
     const char* sCircuit;
     const char* sProgram;
     const char* sPrefix;
-    const char* sInput;      // beginning of the stage of reading
+    const char* sInput;      // start of the messages about reading
     const char* sLastLabel;  // label of the last row that is read
 };
 
@@ -59,12 +59,12 @@ protected:
         return BytesRead(CapturedPath(m_model.sCircuit, ".out"));
     }
     void Script(const std::string& sScript) const { m_root.Engine(m_model.sProgram, sScript); }
-    /// An engine that ends well and leaves these bytes as its output.
+    /// An engine that succeeds and leaves these bytes as its output.
     void OutputOf(const std::string& sBytes)
     {
         m_root.EngineCopying(m_model.sProgram, m_folder.Write("output", sBytes));
     }
-    /// Predicts, expects a failure, and gives the one text shown.
+    /// Predicts, expects a failure, and returns the only text shown.
     std::string TextOfFailure()
     {
         const MsgRecorder msg;
@@ -152,7 +152,7 @@ TEST_P(EngineFault, DiesByASignal)
 
 TEST_P(EngineFault, NeverEnds)
 {
-    // The real limit, of one attempt.
+    // One attempt against the real limit.
     Script("exec sleep 100");
     const MsgRecorder msg;
     const auto tmStart = std::chrono::steady_clock::now();
@@ -164,7 +164,7 @@ TEST_P(EngineFault, NeverEnds)
     EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
 }
 
-#ifndef _WIN32  // the fake engine there starts none
+#ifndef _WIN32  // the fake engine on Windows starts no children
 TEST_P(EngineFault, NeverEndsWithChildrenOfItsOwn)
 {
     const EngineLimit limit(0.4);
@@ -242,7 +242,7 @@ TEST_P(EngineFault, LabelMissing)
 
 TEST_P(EngineFault, BlocksInWrongOrder)
 {
-    // The path stands at the end, behind the hours: the search runs forward only.
+    // The path comes last, after the hours, but the reader searches forwards only.
     std::string sOutput = Output();
     const std::size_t nHead =
         sOutput.find(m_input.iModel == kEngineRec533 ? " UT  MUF" : " METHOD 20");
@@ -268,10 +268,10 @@ TEST_P(EngineFault, BinaryRubbish)
     EXPECT_EQ(TextOfFailure(), InputStage("Type mismatch"));
 }
 
-#ifndef _WIN32  // the fake engine there makes none
+#ifndef _WIN32  // the fake engine on Windows makes no such output
 TEST_P(EngineFault, OutputOf100Megabytes)
 {
-    const EngineLimit limit(20.0);  // slow disks: not the engine's time is the thing tested
+    const EngineLimit limit(20.0);  // slow disks: the engine's time is not what is tested
     Script("yes '  a line that holds nothing that is looked for' | head -c 100000000 > $out");
     const MsgRecorder msg;
     EXPECT_FALSE(Attempt());
@@ -292,7 +292,7 @@ TEST_P(EngineFault, OutputOf100MegabytesInOneLineAndAsMuchOnTheConsole)
 
 #endif
 
-#ifndef _WIN32  // the fake engine there prints none
+#ifndef _WIN32  // the fake engine on Windows prints nothing
 TEST_P(EngineFault, BlankLinesForEverEndAtTheLimit)
 {
     const EngineLimit limit(0.5);
@@ -374,7 +374,7 @@ TEST_P(EngineFault, DeckIsAFolder)
 #ifndef _WIN32
 TEST_P(EngineFault, DiskFull)
 {
-    // A limit on the size of files stands for the full disk.
+    // A limit on file sizes stands for the full disk.
     Script("exit 0");
     {
         const FileSizeLimit limit(100);
@@ -443,8 +443,8 @@ TEST_P(EngineFault, TroubleOfAnEarlierRunIsForgottenWhenTheEngineIsMissing)
 #ifndef _WIN32  // they fork
 TEST_P(EngineFault, WaitForTheRootCountsWithinTheAttempt)
 {
-    // Another program holds the root for most of the attempt's second; the engine then needs longer
-    // than what is left.
+    // Another program holds the root for most of the second that an attempt has; the engine then
+    // needs longer than the rest.
     const EngineLimit limit(1.0);
     Script("sleep 0.7");
     const std::string sLock = m_root.Path("hopcast.lock");
@@ -471,12 +471,12 @@ TEST_P(EngineFault, WaitForTheRootCountsWithinTheAttempt)
     EXPECT_EQ(nStatus, 0);
     EXPECT_GT(time.count(), 0.9);
     EXPECT_LT(time.count(), 3.0);
-    EXPECT_EQ(FailureLast().eKind, FailureKind::Busy);  // its wait took most of the time
+    EXPECT_EQ(FailureLast().eKind, FailureKind::Busy);  // waiting took most of the time
     ASSERT_EQ(msg.m_aShown.size(), 1U);
     EXPECT_EQ(msg.m_aShown[0].sText, Stage("Shell do not finish."));
 }
 
-/// Predicts a circuit again and again and compares. @return what went wrong, or nothing
+/// Predicts a circuit several times and compares. @return what went wrong, or nothing
 std::string RepeatedPredictions(const CircuitCase& c, const PropagationTable& tableExpected)
 {
     const Request input = InputMake(c);
@@ -498,8 +498,8 @@ TEST_P(EngineFault, TwoProgramsOnOneRootDoNotMixTheirFiles)
 {
     const CircuitCase& cOther =
         CircuitCaseGet(m_input.iModel == kEngineRec533 ? "rec533/p2p_04" : "voacap/p2p_04");
-    // The deck is looked at first, the answer comes later: a deck or an output of the other program
-    // in between would show.
+    // The script reads the deck first and answers later, so that a deck or output written by the
+    // other program in between would be noticed.
     Script("grep -q 'SUNSPOT   170.0' $deck && from='" + CapturedPath(m_model.sCircuit, ".out")
            + "' || from='" + CapturedPath(cOther.sName, ".out")
            + "'\nsleep 0.05\ncp \"$from\" $out\nsleep 0.05");

@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// An empty machine: no Wine prefix, no engines, a home and a program folder of the test's own.
+/// An empty machine: no Wine prefix and no engines, with its own home and program folder.
 class EngineRootPosix : public testing::Test {
 protected:
     TempFolder m_folder;
@@ -114,7 +114,7 @@ TEST_F(EngineRootPosix, AnEngineOfAnOlderHopcastIsRenewed)
 {
     EnginesShip("old");
     Provision();
-    fs::remove_all(m_folder.Path() + "/app");  // the link dangles now
+    fs::remove_all(m_folder.Path() + "/app");  // the link is dangling now
     m_folder.Write("app2/bin/rec533w.exe", "new");
     EXPECT_TRUE(
         static_cast<bool>(EngineRootProvisionFrom(m_folder.Path() + "/app2/bin", m_sSearch)));
@@ -265,7 +265,7 @@ TEST_F(EngineRootPosix, TheFolderOfAKilledRunGoesUnderEveryRoot)
     const pid_t nId = fork();
     if (nId == 0) {
         const EnginePlace place(true);
-        _exit(place.IsThere() ? 0 : 1);  // as a killed program: nothing is cleaned up
+        _exit(place.IsThere() ? 0 : 1);  // exits like a killed program, without cleaning up
     }
     int nStatus = -1;
     waitpid(nId, &nStatus, 0);
@@ -351,7 +351,7 @@ TEST_F(EngineRootPosix, ARootThatCannotBeMadeIsToldAbout)
     });
 }
 
-/// The temporary folders of this test: where a root may go that cannot go home.
+/// Adds a folder for temporary files, where the root goes when the home cannot hold it.
 class EngineRootPosixTemporary : public EngineRootPosix {
 protected:
     EngineRootPosixTemporary()

@@ -1,4 +1,4 @@
-/// How an engine's program is called: with paths of this host, or of Windows through wine.
+/// How an engine's program is called: with host paths, or with Windows paths through Wine.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -25,7 +25,7 @@ protected:
             m_folder.Write(sName, "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + m_sCalled + "'\n");
         chmod(sFile.c_str(), 0755);
     }
-    /// The words of a run's command line behind its program's, or behind wine.
+    /// The command line of a run after the program's name, or after wine.
     std::string CalledBy(int iModel)
     {
         (void)FileDelete(m_sCalled);
@@ -35,7 +35,7 @@ protected:
         const auto failure = iModel == kEngineRec533
                                  ? PropagationRec533(request, 1, 3, table)
                                  : PropagationIcepacVoacap(request, 1, 3, table);
-        EXPECT_TRUE(failure && failure->eKind == FailureKind::BadOutput);  // no output was made
+        EXPECT_TRUE(failure && failure->eKind == FailureKind::BadOutput);  // it makes no output
         return FileExists(m_sCalled) ? BytesRead(m_sCalled) : "";
     }
 };

@@ -38,7 +38,7 @@ FakeRoot::~FakeRoot()
     std::ifstream stmPids(Path("pids"));
     const auto tmEnd = std::chrono::steady_clock::now() + kGoneMax;
     for (int nPid = 0; stmPids >> nPid;) {
-        // A killed process needs its moment on a busy machine.
+        // On a busy machine a killed process takes a moment to go.
         while (ProcessIsAlive(nPid) && std::chrono::steady_clock::now() < tmEnd)
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
         EXPECT_FALSE(ProcessIsAlive(nPid)) << nPid << " is left running";

@@ -1,6 +1,6 @@
 /// @file FakeEngine.h
-/// A throw-away engine root with small shell scripts in the places of the engines. On Windows a
-/// program reads them (FakeEngineProgram.cpp), and knows only what the tests there need.
+/// A throw-away engine root with small shell scripts in place of the engines. On Windows a program
+/// runs them (FakeEngineProgram.cpp) and supports only what the tests there need.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@
 class FakeRoot {
 public:
     FakeRoot();
-    /// Fails the test when a process of the scripts is still there 2 seconds on, and when a lock or
+    /// Fails the test if a process of the scripts is still running after 2 seconds, or if a lock or
     /// a temporary file is left.
     ~FakeRoot();
     FakeRoot(const FakeRoot&) = delete;
@@ -24,9 +24,9 @@ public:
     /// Puts a script (run by sh in the root folder; $1 is the root) in an engine's place. Its
     /// process id goes to `pids`, its arguments to `calls`, each deck to `deck.N`, N from 1.
     void Engine(std::string_view sProgram, const std::string& sScript) const;
-    /// An engine that hands out a captured file as its output.
+    /// An engine whose output is a copy of a captured file.
     void EngineCopying(std::string_view sProgram, const std::string& sCaptured) const;
-    /// Starts of all scripts until now.
+    /// How often scripts have been started so far.
     [[nodiscard]] int CallCount() const;
     /// The deck of the nth start.
     [[nodiscard]] std::string DeckGet(int nCall) const;
@@ -38,7 +38,7 @@ private:
     EnvironmentSet m_environment;
 };
 
-/// A shorter limit of an attempt while it lives.
+/// Shortens the limit of an attempt while the object exists.
 class EngineLimit {
 public:
     explicit EngineLimit(double dSeconds) : m_dBefore(EngineLimitSet(dSeconds)) {}
@@ -50,8 +50,8 @@ private:
     double m_dBefore;
 };
 
-/// The failures of one call, shown as boxes when it is over, so that a MsgRecorder has them and an
-/// unexpected one fails the test.
+/// Collects the failures of one call and shows them as boxes when the call is over, so that a
+/// MsgRecorder sees them and an unexpected one fails the test.
 class ToldFailures {
 public:
     ToldFailures() = default;
@@ -64,12 +64,12 @@ private:
     std::vector<Failure> m_aFailures;
 };
 
-/// Shows a failure as a box. @return true when there was none.
+/// Shows a failure as a box. @return true if there was none
 bool Succeeded(const std::optional<Failure>& failure);
 
-/// The latest of the failures that ToldFailures and Succeeded have seen; an empty one of the kind
-/// Cancelled when the latest call had none.
+/// The latest failure that ToldFailures and Succeeded have seen; an empty one of the kind Cancelled
+/// if the latest call had none.
 const Failure& FailureLast();
 
-/// True when the process is there and no zombie.
+/// True if the process exists and is no zombie.
 bool ProcessIsAlive(int nProcessId);

@@ -1,6 +1,6 @@
-// The fake engine of Windows. It does what the shell script beside it says, in the small part of
-// the shell's language that the tests use, so that the same tests run on both systems. What it does
-// not know ends it with status 127.
+// The fake engine on Windows. It runs the shell script beside it, as far as the tests use the
+// shell's language, so that both systems run the same tests. Anything else makes it end with status
+// 127.
 #include <windows.h>
 
 #include <algorithm>
@@ -37,7 +37,7 @@ public:
     {
     }
 
-    /// All statements; the status of the last.
+    /// Runs all statements and returns the status of the last.
     int Run(const std::string& sScript)
     {
         static const std::regex regEnds("\n|; ");
@@ -100,7 +100,7 @@ private:
         }
         if (sStatement == "printf 'STOP \\001\\377no  map \\033[1m\\n' >&2") {
             std::fputs("STOP \001\377no  map \033[1m\n", stderr);
-            std::fflush(stderr);  // in the order of the script
+            std::fflush(stderr);  // keeps the output in the order of the script
             return 0;
         }
         std::fprintf(stderr, "not known to the fake engine: %s\n", sStatement.c_str());

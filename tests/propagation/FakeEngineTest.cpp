@@ -1,4 +1,4 @@
-// The throw-away root itself: what it forgives when it goes, and what not.
+// The throw-away root itself: what its destructor tolerates, and what it reports.
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A process that sleeps, listed among the scripts' processes.
+/// A sleeping process, listed among those of the scripts.
 pid_t SleeperStart(const FakeRoot& root, unsigned nMicroseconds)
 {
     const pid_t nId = fork();

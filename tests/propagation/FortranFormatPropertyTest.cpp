@@ -1,5 +1,5 @@
-/// What holds for every value and format: the field is as wide as its format or there is none, and
-/// it reads back to the rounded value.
+/// What holds for every value and format: either the field is as wide as its format and reads back
+/// to the rounded value, or there is no field.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -22,8 +22,8 @@ double UnitGet(const FortranEntry& entry)
     return std::pow(10.0, -static_cast<double>(nDecimals));
 }
 
-/// The least magnitude that its width cannot hold: the digits before the point, one less with a
-/// minus.
+/// The least magnitude that is too wide: by the digits before the point, of which a minus takes
+/// one.
 double LimitGet(const FortranEntry& entry, bool bNegative)
 {
     const std::size_t nPoint = entry.sPattern.find('.');
@@ -38,7 +38,7 @@ void FieldCheck(const FortranEntry& entry, T value)
     const auto dValue = static_cast<double>(value);
     const double dUnit = UnitGet(entry);
     const double dLimit = LimitGet(entry, dValue < 0.0);
-    // A single's shortest text may lie half of its last binary digit away.
+    // A single's shortest text may be off by half of its last binary digit.
     const double dNoise = std::is_same_v<T, float> ? std::abs(dValue) * 0x1p-24 : 0.0;
     const double dTolerance = dUnit / 2 + dNoise + std::abs(dValue) * 1e-15 + 1e-12;
     const auto res = FortranFormat(value, entry.sFormat);
@@ -60,8 +60,8 @@ void FieldCheck(const FortranEntry& entry, T value)
     const double dBack = resBack.ValueGet();
     EXPECT_LE(std::abs(dBack - dValue), dTolerance) << sField << " of " << NumberToText(dValue);
     EXPECT_LE(std::abs(dBack / dUnit - std::round(dBack / dUnit)), 1e-6) << sField;
-    // Written again, the rounded value is the same field: nothing drifts from deck to deck. (A
-    // position of exactly 0 is written in another way than one that rounds to it.)
+    // Written again, the rounded value gives the same field: nothing drifts from deck to deck. (A
+    // position of exactly 0 is written differently from one that rounds to 0.)
     if (dBack != 0.0) {
         EXPECT_EQ(FortranFormat(dBack, entry.sFormat).ValueGet(), sField);
     }

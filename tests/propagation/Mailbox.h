@@ -1,5 +1,5 @@
 /// @file Mailbox.h
-/// The thread that wants a runner's answers, for tests without a window.
+/// Stands for the thread that receives a runner's answers, in tests without a window.
 #pragma once
 
 #include <chrono>
@@ -10,7 +10,7 @@
 
 #include "propagation/Runner.h"
 
-/// The window's thread in small: calls are run in their order, on the thread that asks.
+/// A miniature of the window's thread: runs calls in order, on the thread that asks for it.
 class Mailbox {
 public:
     [[nodiscard]] Runner::PostFn PostGet()
@@ -21,8 +21,8 @@ public:
             m_wake.notify_all();
         };
     }
-    /// Runs what comes in until the condition holds.
-    /// @return false when that takes longer than tmMost
+    /// Runs calls as they arrive until the condition holds.
+    /// @return false if that takes longer than tmMost
     bool RunUntil(const std::function<bool()>& fnDone,
                   std::chrono::seconds tmMost = std::chrono::seconds(10))
     {
@@ -40,7 +40,7 @@ public:
         }
         return true;
     }
-    /// Runs what has come in.
+    /// Runs the calls that have arrived.
     void RunWaiting()
     {
         std::deque<std::function<void()>> aCalls;

@@ -1,5 +1,5 @@
-// The user's own power on the roads through an engine program: the decks stay as they are, what is
-// read is shifted once.
+// The user's own power with engine programs: the decks stay the same, and the results are shifted
+// once.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -33,7 +33,7 @@ const PowerCase kPowerCases[] = {
 
 std::ostream& operator<<(std::ostream& stm, const PowerCase& c) { return stm << c.sName; }
 
-/// Each engine with each antenna type, of which 7 is unknown.
+/// Each engine with each antenna type; type 7 is unknown.
 class OwnPower : public testing::TestWithParam<std::tuple<PowerCase, int>> {
 protected:
     static constexpr int kCount = 12;  // two chunks, one frequency out of range
@@ -70,10 +70,10 @@ protected:
         std::vector<AreaPoint> aPoints;
         for (const Failure& failure : AreaPointsRead(AreaGet(fPower), aPoints))
             ADD_FAILURE() << failure.sText << ", " << failure.sDetail;
-        aPoints.resize(std::max<std::size_t>(aPoints.size(), 1));  // the caller reads the first
+        aPoints.resize(std::max<std::size_t>(aPoints.size(), 1));  // callers read the first point
         return aPoints;
     }
-    /// Every deck of the runs from nFirst to the last is that of nCalls runs before.
+    /// Every deck from nFirst on must equal the one written nCalls runs earlier.
     void DecksExpectEqual(int nFirst, int nCalls) const
     {
         for (int n = nFirst; n <= m_root.CallCount(); ++n)

@@ -1,5 +1,5 @@
-// The table of powers against the decks that are written, what the built-in engine reads in them,
-// and what the ITS engines made of them.
+// The table of powers compared with the decks that are written, with what the built-in engine reads
+// in them, and with what the ITS engines made of them.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr double kDecibelHalf = 0.5;  // what rounding to whole dB may hide
+constexpr double kDecibelHalf = 0.5;  // rounding to whole dB may hide this much
 
 std::string DeckMake(int iModel, int iAntennaType, DeckKind eKind)
 {
@@ -57,7 +57,7 @@ std::optional<double> PowerOfDeck(const std::string& sDeck)
     return optPower;
 }
 
-/// Numbers of a row's fields: the whole ones of nWidth columns from nFrom (counted from 1) on.
+/// The numbers in nCount fields of nWidth columns each, from column nFrom (counted from 1).
 std::vector<double> NumbersOfRow(std::string_view sLine, int nFrom, int nCount, int nWidth)
 {
     std::vector<double> adValue;
@@ -118,7 +118,7 @@ TEST(CardPower, IsWhatTheBuiltInEngineReads)
     }
 }
 
-// In VOACAP's outputs the signal, dBW, and the loss, dB, add to the transmitter's power.
+// In VOACAP's outputs signal (dBW) plus loss (dB) equals the transmitter's power.
 TEST(CardPower, IsSignalPlusLossInEveryOutputOfVoacap)
 {
     int nCases = 0;
@@ -169,7 +169,7 @@ TEST(CardPower, IsSignalPlusLossInEveryGridOfVoacap)
             const double dLoss = NumbersOfRow(sLine, nLoss, 1, kFieldWidth)[0];
             const double dSignal = NumbersOfRow(sLine, nSignal, 1, kFieldWidth)[0];
             if (!(std::abs(dLoss) < 900.0 && std::abs(dSignal) < 900.0))
-                continue;  // a point without a result, or numbers that run into each other
+                continue;  // a point without a result, or with numbers that run together
             EXPECT_NEAR(dLoss + dSignal, dExpected, 0.11) << c << sLine;
             ++nPoints;
         }
@@ -177,8 +177,8 @@ TEST(CardPower, IsSignalPlusLossInEveryGridOfVoacap)
     EXPECT_GT(nPoints, 3000);
 }
 
-// The two captured circuits differ in antennas and power alone, and at the MUF the whip has a gain
-// of -0.6 to 0 dB; the field strength there is that of the same mode.
+// The two captured circuits have the same path and conditions, but other antennas and power. At the
+// MUF the whip has a gain of -0.6 to 0 dB, and both field strengths are of the same mode.
 TEST(CardPower, OfRec533WithoutCardsIsAFifthOfTheWhips)
 {
     const auto FieldsGet = [](std::string_view sName) {
@@ -254,7 +254,7 @@ TEST(PowerShift, OfATableMovesSignalAndSnrOfTheChunkAlone)
     Request request;
     request.iModel = kEngineRec533;
     request.iAntennaType = 1;
-    request.fPower = 50.0F;  // 20 dB below the whip's
+    request.fPower = 50.0F;  // 20 dB below the power of the whip
     PropagationTable table(3);
     for (int i = 1; i <= 3; ++i) {
         table.fSdBW(24, i) = -120.0F;
@@ -264,7 +264,7 @@ TEST(PowerShift, OfATableMovesSignalAndSnrOfTheChunkAlone)
         table.fReliability(24, i) = 0.5F;
     }
     table.fSnr(24, 2) = -999.0F;
-    table.fSdBW(1, 1) = -99.0F;  // of a signal it is an ordinary value
+    table.fSdBW(1, 1) = -99.0F;  // an ordinary value for a signal
     table.fLUF[24] = 4500.0F;
     PowerShiftTable(request, 1, 2, table);
     EXPECT_NEAR(table.fSnr(24, 1), 21.0F, 1e-4);

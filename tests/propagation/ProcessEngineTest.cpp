@@ -1,4 +1,4 @@
-/// Engine programs behind the interface of an engine: kinds of failures, limits, cancel.
+/// Engine programs through the interface Engine: kinds of failures, limits, cancelling.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -166,7 +166,7 @@ TEST_F(ProcessEngines, TakeTurnsInTheRootUnlessItIsOurLauncher)
     EXPECT_EQ(ProcessEngine(kEngineVoacap).LimitsGet().nAtOnce, 1) << "somebody else's";
 }
 
-#ifndef _WIN32  // Hopcast's launcher is not there
+#ifndef _WIN32  // Windows has no launcher of Hopcast's
 /// A root whose voacapw.exe counts as Hopcast's launcher.
 class OwnLauncher : public testing::Test {
 protected:
@@ -183,7 +183,7 @@ protected:
     }
 };
 
-/// Without them the windows of many predictions would show other numbers than the main window.
+/// Otherwise windows with many predictions would show other numbers than the main window.
 TEST_F(OwnLauncher, FindsTheRootsAntennasInAFolderOfItsOwnToo)
 {
     const TempFolder folder;
@@ -222,7 +222,7 @@ TEST_F(ProcessEngines, AnAreaIsItsPointsInGridOrder)
     ASSERT_TRUE(whole.bOk) << (whole.aFailures.empty() ? "" : whole.aFailures[0].sText);
     EXPECT_EQ(whole.aPoints.size(), nPoints);
     EXPECT_EQ(whole.request, request);
-    ++request.nGridSize;  // the grid has too few points for this one
+    ++request.nGridSize;  // now the grid has too few points
     const AreaPrediction cut = m_rec533.PredictArea(request, {});
     EXPECT_FALSE(cut.bOk);
     ASSERT_EQ(cut.aFailures.size(), 1U);
@@ -242,8 +242,8 @@ TEST_F(ProcessEngines, AStopBeforeTheStartIsACancel)
     EXPECT_EQ(m_root.CallCount(), 0);
 }
 
-#ifndef _WIN32  // the fake engines there cannot sleep
-/// Half a table that passed for a whole one would be kept in the cache.
+#ifndef _WIN32  // the fake engines on Windows cannot sleep
+/// Half a table that passed for a whole one would be cached.
 TEST_F(ProcessEngines, AStopBetweenTwoChunksIsACancel)
 {
     Rec533(

@@ -26,7 +26,7 @@ Result<bool> PointRead(AreaFile& file, Point& point)
                                     point.fSnr);
 }
 
-/// Puts bytes in the place of a model's grid and reads them to the end or an error.
+/// Writes bytes as a model's grid and reads them up to the end or an error.
 struct GridBytes {
     explicit GridBytes(int iModel, std::string_view sBytes)
     {
@@ -82,11 +82,11 @@ TEST_P(CapturedGrid, CutAnywhereGivesItsWholeLinesAndThenTheConversionError)
     const std::string sBytes = BytesRead(CapturedPath(c.sName, AreaGridExtension(c.iModel)));
     const GridBytes whole(c.iModel, sBytes);
     const std::size_t nHeadEnd = sBytes.find('\n', sBytes.find("Latitude")) + 1;
-    // Behind the SNR of a line nothing is missing from it.
+    // A line is complete once its SNR is.
     const std::size_t nSnrEnd = c.iModel == kEngineVoacap ? 134 : 68;
 #ifdef _WIN32
     const std::size_t nStep =
-        c.nGridSize == 11 ? 997 : 997 * 41;  // a file takes its time under Wine
+        c.nGridSize == 11 ? 997 : 997 * 41;  // writing a file is slow under Wine
 #else
     const std::size_t nStep = c.nGridSize == 11 ? 97 : 97 * 41;
 #endif
@@ -141,7 +141,7 @@ constexpr const char* kHead = "version\ntitle\n 40 40  Latitude Longitude";
 TEST(PropagationAreaReadPoint, MinusDirectlyBeforeTheFieldOfRec533BelongsToTheNumber)
 {
     const std::string sHead = std::string(kHead) + " SNxx\n";
-    // The label " SNxx" begins in column 27, one to the right of the field.
+    // The label " SNxx" begins in column 27, one column right of its field.
     const GridBytes grid(kEngineRec533, sHead + "  1  1   35.0000  -20.0000-999.0\n"
                                             + "  2  1   35.0000  -20.0000 -99.0\n"
                                             + "  3  1   35.0000  -20.0000  -9.0\n"
@@ -211,7 +211,7 @@ TEST(PropagationAreaReadPoint, KilledEnginesGridsGiveTheirWholeLines)
     for (const auto& [iModel, sName] : {std::pair{kEngineVoacap, "failures/voacap_area_killed"},
                                         std::pair{kEngineRec533, "failures/rec533_area_killed"}}) {
         const GridBytes grid(iModel, BytesRead(CapturedPath(sName, AreaGridExtension(iModel))));
-        EXPECT_EQ(grid.sError, "") << sName;  // both were cut at the end of a line
+        EXPECT_EQ(grid.sError, "") << sName;  // both were cut at a line end
         EXPECT_EQ(grid.aPoints.size(), iModel == kEngineVoacap ? 575U : 657U);
     }
 }
@@ -260,7 +260,7 @@ protected:
         m_input = AreaInputMake(AreaCases().front());
         m_input.iModel = m_case.iModel;
     }
-    /// The one message shown.
+    /// The only message shown.
     std::string TextShown()
     {
         EXPECT_EQ(m_msg.m_aShown.size(), 1U);

@@ -24,7 +24,7 @@ std::string FrequencyCard(const std::string& sDeck)
     return sDeck.substr(nAt, sDeck.find('\r', nAt) - nAt);
 }
 
-/// An input of nCount frequencies 1000, 2000 ... kHz.
+/// A request for nCount frequencies: 1000, 2000 ... kHz.
 Request InputOf(int iModel, int nCount)
 {
     Request input = InputMake(CircuitCaseGet("rec533/p2p_01"));
@@ -157,7 +157,7 @@ TEST_P(EachEngine, FirstFailureIsSilentAndTheSecondAttemptMayStillDo)
 
 TEST_P(EachEngine, SecondFailureIsToldInItsOwnWords)
 {
-    // The first attempt fails at the output, the second at the status: only the second is told.
+    // The first attempt fails at the output, the second at the status: only the second is reported.
     m_root.Engine(m_case.sProgram, "[ $n -eq 2 ] && exit 1\nexit 0");
     EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));
     EXPECT_EQ(m_root.CallCount(), 2);
@@ -180,7 +180,7 @@ TEST_P(EachEngine, AFailedChunkKeepsItsCellsAndTheLastChunkDecides)
     for (int i = 1; i <= 15; ++i) EXPECT_EQ(m_table.PresentIs(i), i == 11 || i == 12) << i;
 }
 
-#ifndef _WIN32  // the program that reads the scripts there cuts no files
+#ifndef _WIN32  // the program that runs the scripts on Windows cannot cut files
 TEST_P(EachEngine, AChunkReadInPartIsAbsent)
 {
     const std::string sOutput = "'" + CapturedPath(m_case.sCaptured, ".out") + "'";
@@ -231,7 +231,7 @@ TEST_P(EachEngine, AStartWithoutAProcessIdIsAlwaysTold)
     auto fnBefore = ProcessSetHandler([](const ProcessCommand&) { return Result<int>(0); });
     EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));
     ProcessSetHandler(std::move(fnBefore));
-    ASSERT_EQ(m_msg.m_aShown.size(), 2U);  // in the silent attempt too
+    ASSERT_EQ(m_msg.m_aShown.size(), 2U);  // also in the first attempt, which is otherwise silent
     for (const MsgShown& shown : m_msg.m_aShown)
         EXPECT_EQ(shown.sText, std::string("Unable to execute ") + m_case.sExecute + " program.");
 }
@@ -296,7 +296,7 @@ TEST_P(EachEngine, SayingOfAnEarlierRunIsForgottenByOneThatStartsNoEngine)
     EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));
     EXPECT_EQ(FailureLast().sDetail, "no map");
     Request input = InputOf(m_case.iModel, 10);
-    input.fNoiseLevel = -123456.0F;  // fits no field of the deck
+    input.fNoiseLevel = -123456.0F;  // too wide for its field in the deck
     EXPECT_FALSE(PropagationRun(input, m_table, ToldFailures()));
     EXPECT_EQ(FailureLast().sDetail, "");
 }
@@ -316,7 +316,7 @@ TEST_P(EachEngine, FirstPrintableLineThatItSaysIsKept)
 #ifndef _WIN32
 TEST_P(EachEngine, AFailureForWantOfWines32BitHalfNamesThePackage)
 {
-    // As Wine without that half runs it: status 0 and not a word.
+    // Wine without that half runs it so: status 0 and no output.
     const TempFolder folder;
     const EnvironmentSet prefix("WINEPREFIX", folder.Path());
     std::filesystem::create_directories(folder.Path("drive_c/windows/syswow64"));
@@ -401,7 +401,7 @@ TEST_P(EachEngine, AFrequencyOutOfRangeIsInNoDeckAndTheOthersKeepTheirRows)
     EXPECT_TRUE(sCard.ends_with(" 4.0")) << sCard;
     EXPECT_EQ(sCard.find("45"), std::string::npos) << sCard;
     for (int iHour = 1; iHour <= kHourCount; ++iHour) {
-        // The fake answers with the same columns whatever it is asked for.
+        // The fake's columns are the same whatever is asked for.
         EXPECT_EQ(m_table.fSnr(iHour, 2), tableWhole.fSnr(iHour, 1));
         EXPECT_EQ(m_table.sLayer(iHour, 4), tableWhole.sLayer(iHour, 2));
         EXPECT_EQ(m_table.fSnr(iHour, 1), 0.0F);

@@ -22,7 +22,7 @@ Result<void> OutputRead(const std::string& sPath, const Request& input, int iFir
                : ReaderIcepacVoacap(resFile.ValueGet(), iFirst, iLast, table);
 }
 
-/// Reads changed bytes of a captured output.
+/// A captured output whose bytes can be changed before it is read.
 struct ChangedOutput {
     explicit ChangedOutput(std::string_view sName)
         : circuit(CircuitCaseGet(sName)),
@@ -31,7 +31,7 @@ struct ChangedOutput {
           sBytes(BytesRead(CapturedPath(sName, ".out")))
     {
     }
-    /// Replaces columns of the nth line (from 1) that holds the text.
+    /// Replaces columns of the nth line (from 1) that contains the text.
     void LineChange(std::string_view sText, int nLine, std::size_t nCol, std::string_view sNew)
     {
         std::size_t nAt = 0;
@@ -94,7 +94,7 @@ TEST_P(CapturedOutput, CutAtAByteFailsOrIsWhole)
     int nWhole = 0;
     int nFailed = 0;
 #ifdef _WIN32
-    constexpr std::size_t kStep = 397;  // a file takes its time under Wine
+    constexpr std::size_t kStep = 397;  // writing a file is slow under Wine
 #else
     constexpr std::size_t kStep = 97;
 #endif
@@ -113,7 +113,7 @@ TEST_P(CapturedOutput, CutAtAByteFailsOrIsWhole)
         }
     }
     EXPECT_GT(nFailed, 30);
-    EXPECT_LT(nWhole, 40);  // only behind the last row that is read
+    EXPECT_LT(nWhole, 40);  // only if cut after the last row that is read
 }
 
 INSTANTIATE_TEST_SUITE_P(Captured, CapturedOutput, testing::ValuesIn(CircuitCases()),
@@ -293,7 +293,7 @@ TEST(ReaderIcepacVoacap, WithoutAzimuthsKeepsTheMufAndLufAlreadyRead)
 TEST(ReaderIcepacVoacap, RowsOutOfOrderFail)
 {
     ChangedOutput output("voacap/p2p_06");
-    // In the last block the noise row stands before the signal row.
+    // In the last block the noise row comes before the signal row.
     const std::size_t nBlock = output.sBytes.rfind("MODE");
     const std::size_t nSignal = output.sBytes.find("S DBW", nBlock);
     const std::size_t nNoise = output.sBytes.find("N DBW", nBlock);
@@ -403,7 +403,8 @@ TEST(Readers, CapturedFailuresAreToldFromCompleteOutputs)
         const auto resRead = OutputRead(sPath, input, 1, input.nData, table);
         EXPECT_FALSE(resRead) << c.sFile;
     }
-    // Complete, though the engine's own status was 2: the deck lacked its last card.
+    // This output is complete although the engine's own status was 2: the deck lacked its last
+    // card.
     input.iModel = kEngineRec533;
     PropagationTable table(input.nData);
     EXPECT_TRUE(OutputRead(CapturedPath("failures/rec533_no_quit", ".out"), input, 1, 10, table));

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Settings of which no two values are alike.
+/// Settings in which every value is different.
 Settings DistinctSettings()
 {
     Settings settings;

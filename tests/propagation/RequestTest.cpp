@@ -20,7 +20,7 @@ Request RequestOf()
 
 using Change = std::function<void(Request&)>;
 
-/// Every member that a prediction depends on, changed.
+/// A change of each member that a prediction depends on.
 const std::vector<Change>& Changes()
 {
     static const std::vector<Change> aChanges{
@@ -68,7 +68,7 @@ TEST(RequestKey, IsTheSameWhereTheNumbersAre)
     Request request = RequestOf();
     request.eSunSpotSource = SunSpotSource::AirMail;  // the number itself did not change
     request.dTxLon = -0.0;
-    request.afFrequency.push_back(9999.0F);  // behind the count
+    request.afFrequency.push_back(9999.0F);  // beyond the count
     EXPECT_EQ(RequestKey(request), RequestKey(RequestOf()));
 }
 

@@ -1,4 +1,4 @@
-/// The runner with an engine that computes next to nothing. Built with the thread sanitizer too.
+/// The runner with an engine that computes next to nothing. Also built with the thread sanitizer.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -18,7 +18,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
-/// Answers with the transmitter's latitude as the SNR of every cell; can take its time.
+/// Answers with the transmitter's latitude as the SNR of every cell, after tmRun.
 class EngineFake : public Engine {
 public:
     explicit EngineFake(int nAtOnce = 8, Clock::duration tmRun = 0ms)
@@ -69,7 +69,7 @@ public:
     std::string m_sIdentity = "FAKE";
     bool m_bFails = false;
     mutable std::atomic<int> m_nRuns{0};
-    mutable std::atomic<int> m_nMost{0};  // runs at the same time
+    mutable std::atomic<int> m_nMost{0};  // most runs at the same time
 
 private:
     int m_nAtOnce;
@@ -206,7 +206,7 @@ TEST(Runner, TheSameRequestIsComputedOnce)
     EXPECT_TRUE(box.RunUntil([&] { return aeSources.size() == 2; }));
     EXPECT_EQ(pEngine->m_nRuns, 1);
     EXPECT_EQ(aeSources,
-              (std::vector{SunSpotSource::Typed, SunSpotSource::AirMail}));  // each its own request
+              (std::vector{SunSpotSource::Typed, SunSpotSource::AirMail}));  // one for each request
     EXPECT_GT(runner.CacheBytesGet(), 0U);
 }
 
@@ -233,7 +233,7 @@ TEST(Runner, WhoTakesAnAnswerFindsItCounted)
     std::atomic<int> nAnswers{0};
     std::atomic<int> nUncounted{0};
     std::atomic<bool> bEnd{false};
-    // Answers are taken on the worker's own thread, at the moment of the post.
+    // Answers are handled on the worker's own thread, as soon as they are posted.
     Runner runner([](const std::function<void()>& fnCall) { fnCall(); }, 1);
     job = runner.Start(
         50, 1,
@@ -253,7 +253,7 @@ TEST(Runner, WhoTakesAnAnswerFindsItCounted)
     EXPECT_EQ(nUncounted, 0);
 }
 
-/// Calls something when the last job that holds it goes.
+/// Calls a function when the last job that holds it is destroyed.
 struct AtEnd {
     explicit AtEnd(std::function<void()> fn) : fnEnd(std::move(fn)) {}
     ~AtEnd() { fnEnd(); }
@@ -291,7 +291,7 @@ TEST(Runner, WhatAJobHoldsMayAskTheRunnerWhenItGoes)
     }
 }
 
-/// Gives a worker's thread nCount times, then none.
+/// Starts a worker's thread nCount times, then fails.
 class ThreadsShort {
 public:
     explicit ThreadsShort(int nCount)
@@ -384,7 +384,7 @@ TEST(Runner, TheOldestAnswersGoWhereThereIsNoRoom)
     const RunnerJob job1 = runner.Start(pEngine, RequestsOf(20), fnAnswer);
     EXPECT_TRUE(box.RunUntil([&] { return nAnswers == 20; }));
     EXPECT_LE(runner.CacheBytesGet(), nRoom);
-    const RunnerJob job2 = runner.Start(pEngine, RequestsOf(1, 20.0), fnAnswer);  // the youngest
+    const RunnerJob job2 = runner.Start(pEngine, RequestsOf(1, 20.0), fnAnswer);  // the latest
     EXPECT_TRUE(box.RunUntil([&] { return nAnswers == 21; }));
     EXPECT_EQ(pEngine->m_nRuns, 20);
     const RunnerJob job3 = runner.Start(pEngine, RequestsOf(1, 1.0), fnAnswer);  // the oldest

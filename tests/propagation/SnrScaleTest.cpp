@@ -83,7 +83,7 @@ TEST(ColorTakesBlackText, WhereBlackHasTheGreaterContrast)
     EXPECT_FALSE(ColorTakesBlackText(0xC000C0));
     EXPECT_FALSE(ColorTakesBlackText(0x800080));
     EXPECT_FALSE(ColorTakesBlackText(0xFF0000));
-    EXPECT_TRUE(ColorTakesBlackText(0x00FFFF));  // yellow: red stands in the low byte
+    EXPECT_TRUE(ColorTakesBlackText(0x00FFFF));  // yellow: red is the low byte
     EXPECT_FALSE(ColorTakesBlackText(0x0000C0));
 }
 
@@ -264,7 +264,7 @@ TEST(SafePalette, RisesInLightness)
 
 TEST(SafePalette, IsMeasuredInTheUnitsOfCie1976)
 {
-    const Triple labRed = LabSeen(0x0000FF, kEyes[0]);  // red stands in the low byte
+    const Triple labRed = LabSeen(0x0000FF, kEyes[0]);  // red is the low byte
     EXPECT_NEAR(labRed[0], 53.24, 0.01);
     EXPECT_NEAR(labRed[1], 80.09, 0.01);
     EXPECT_NEAR(labRed[2], 67.20, 0.01);
