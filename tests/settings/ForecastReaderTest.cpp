@@ -1,4 +1,4 @@
-// Samples in the formats of the products (data), and the same spoilt in many ways.
+// Samples in the formats of the products (data), and the same samples spoilt in many ways.
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -132,7 +132,7 @@ TEST(ForecastFromText, LinesTwiceCountOnce)
 struct BadText {
     const char* sName;
     std::string sText;
-    const char* sWhy;  // behind "Cannot read a sunspot number: "
+    const char* sWhy;  // after "Cannot read a sunspot number: "
 };
 std::ostream& operator<<(std::ostream& stm, const BadText& c) { return stm << c.sName; }
 

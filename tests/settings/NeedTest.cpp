@@ -90,7 +90,7 @@ TEST(NeedList, AddChangeAndRemoveGiveAnotherList)
     ASSERT_TRUE(NeedChange(needs, "olivia 16/500", {"OLIVIA", 21.5F, "own trial"}));
     EXPECT_EQ(needs.back(), (Need{"OLIVIA", 21.5F, "own trial"}));
     ASSERT_TRUE(
-        NeedChange(needs, "OLIVIA", {"Olivia", 21.5F, ""}));  // its own name in another case
+        NeedChange(needs, "OLIVIA", {"Olivia", 21.5F, ""}));  // the same name in another case
     ASSERT_TRUE(NeedRemove(needs, "wspr"));
     EXPECT_EQ(needs.size(), 12U);
     EXPECT_EQ(NeedFind(needs, "WSPR"), nullptr);

@@ -78,7 +78,7 @@ constexpr const char* kNewSectionsText =
     "[Need Data]\r\nSelected=\r\nCount=1\r\nName 1=FT8\r\nSnr 1=13\r\nSource 1=a guide\r\n"
     "[Colour Data]\r\nPalette=Standard\r\n";
 
-/// What kDefaultsText and kNewSectionsText hold.
+/// The settings that kDefaultsText and kNewSectionsText hold.
 Settings SomeSettings()
 {
     Settings settings;
@@ -241,7 +241,8 @@ TEST_F(Profile, SavedAndLoadedRestoresAllButThreeValues)
     const Applied aExpected{
         {WindowKey::Height, 5}, {WindowKey::Left, 6}, {WindowKey::Top, 7}, {WindowKey::Width, 8}};
     EXPECT_EQ(m_aApplied, aExpected);
-    // Written under one name, read under another: these three come back at their defaults.
+    // These three are written under one name and read under another, so they come back at their
+    // defaults.
     EXPECT_EQ(settings.m_sPropagationIonCoefficients, "URSI");
     EXPECT_EQ(settings.m_fPropagationMultipathPower, 0.0F);
     EXPECT_EQ(settings.m_fPropagationReliability, 50.0F);
@@ -454,7 +455,7 @@ TEST_F(Profile, InUtf16IsRead)
         for (const char c : sText) sBytes += bLittle ? std::string{c, '\0'} : std::string{'\0', c};
 #ifdef _WIN32
         if (!bLittle)
-            continue;  // the system's own calls know the one order only
+            continue;  // the Windows calls read little-endian UTF-16 only
 #endif
         EXPECT_EQ(Load(sBytes).m_dTxLat, -12.5) << bLittle;
     }

@@ -1,4 +1,4 @@
-/// Keys that older profiles do not have: power, forecast, needs and palette.
+/// Keys that older profiles lack: power, forecast, needs and palette.
 #include <gtest/gtest.h>
 
 #include <string>

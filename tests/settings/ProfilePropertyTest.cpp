@@ -1,5 +1,5 @@
-/// What holds for all settings: a saved profile, loaded again, restores them, save the three values
-/// that are written under one name and read under another.
+/// What holds for all settings: a saved profile restores them when it is loaded, save the three
+/// values that are written under one name and read under another.
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -23,7 +23,7 @@ namespace {
 
 constexpr int kCases = 200;
 
-/// Any single that is a number, all magnitudes alike.
+/// A finite single of any magnitude, all magnitudes being equally likely.
 float SingleRandom(PropertyRandom& random)
 {
     for (;;) {
@@ -35,7 +35,8 @@ float SingleRandom(PropertyRandom& random)
     }
 }
 
-/// A folder's name: no blank or quotation mark at its ends, which no folder has, nor line ends.
+/// A folder's name without line ends, and without a blank or quotation mark at its ends, as no
+/// folder has them.
 std::string FolderRandom(PropertyRandom& random)
 {
     constexpr std::string_view kEnds = "AZaz09_.\\[]=;#";
@@ -49,7 +50,7 @@ std::string FolderRandom(PropertyRandom& random)
 void ValueRandom(PropertyRandom& random, const SettingRow& row, int& iValue)
 {
     if (!row.asChoice.empty())
-        return;  // any other cannot be read
+        return;  // other values cannot be read
     if (row.eRule == RangeRule::Limit)
         iValue =
             random.Whole(static_cast<int>(row.range.dLeast), static_cast<int>(row.range.dMost));
@@ -111,7 +112,7 @@ class ProfileProperty : public testing::Test {
 protected:
     void TearDown() override { AirMailFoldersReset(); }
 
-    // Every save waits for the disk: one in memory, where there is one.
+    // Every save waits for the disk, so use one in memory if there is one.
     const EnvironmentSet m_env{"TMPDIR", std::filesystem::exists("/dev/shm")
                                              ? std::optional<std::string>("/dev/shm")
                                              : std::nullopt};
@@ -125,7 +126,7 @@ TEST_F(ProfileProperty, WhatWasSavedIsLoadedButForThreeValues)
     for (int i = 0; i < kCases && !HasFailure(); ++i) {
         const PropertyCase place(i);
         Settings saved = SettingsRandom(random);
-        saved.m_sProfileFile = m_tmp.Path("profile.ini");  // the same: old keys are replaced
+        saved.m_sProfileFile = m_tmp.Path("profile.ini");  // always one file: old keys are replaced
         const std::string sProgram = FolderRandom(random);
         const std::string sData = FolderRandom(random);
         AirMailProgramFolderSet(sProgram);

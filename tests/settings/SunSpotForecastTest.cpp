@@ -37,7 +37,7 @@ TEST_P(MeanCycle, IsTheFormulasNumber)
     EXPECT_NEAR(SunSpotMeanCycleGet(c.nYear, c.nMonth), c.dExpected, 0.005);
 }
 
-// The first three are the published checks; the others were computed by another program.
+// The first three are published reference values; the others were computed by another program.
 INSTANTIATE_TEST_SUITE_P(Months, MeanCycle,
                          testing::Values(CycleCase{"October2024", 2024, 10, 109.95},
                                          CycleCase{"July2026", 2026, 7, 70.89},
@@ -121,7 +121,7 @@ TEST(SunSpotEstimate, FluxOfADayCountsForTheCurrentMonthAlone)
     EXPECT_EQ(SunSpotSourceName(estimate.eSource), "WWV, one day's flux");
     EXPECT_EQ(estimate.sDetail, "10.7 cm flux 123 of one day, issued 2026-11-21 (of today)");
     EXPECT_EQ(SunSpotEstimateGet(&forecast, 2026, 12, kToday).eSource, SunSpotSource::MeanCycle);
-    // The same bulletin a month later, for its own month and for the new one.
+    // The same bulletin in the next month, for its own month and for the new one.
     const DateTime dtLater{2026, 12, 1};
     EXPECT_EQ(SunSpotEstimateGet(&forecast, 2026, 11, dtLater).eSource, SunSpotSource::MeanCycle);
     EXPECT_EQ(SunSpotEstimateGet(&forecast, 2026, 12, dtLater).eSource, SunSpotSource::MeanCycle);

@@ -1,4 +1,4 @@
-// Whose sunspot number a run takes, and what is told of it.
+// Where a run takes its sunspot number from, and what the user is told about it.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -40,7 +40,7 @@ protected:
         ASSERT_TRUE(res) << res.TextGet();
     }
     Result<bool> Get() { return SunSpotRunGet(m_settings, m_sForecastFile, m_ssn, CallMessages()); }
-    /// @return true with a number.
+    /// @return true if there was a number
     bool Got()
     {
         const auto res = Get();
