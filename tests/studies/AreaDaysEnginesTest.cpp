@@ -1,4 +1,5 @@
-// The spreads of an area's day, told by the engine in this process and asked of it in three runs.
+// The spreads of an area's day as the engine in this process gives them, compared with three runs
+// of it.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -50,9 +51,9 @@ TEST_F(AreaDaysBuiltIn, SpreadsAreThoseOfRunsForTenFiftyAndNinetyPercentOfTheDay
                     const AreaSpread& one = told.SpreadGet(i, iHour, j);
                     const AreaSpread& other = asked.SpreadGet(i, iHour, j);
                     if (std::isnan(other.fMedian) || one.fMedian - one.fLower < -90.0F)
-                        continue;  // a grid holds no less than -99.9
+                        continue;  // a grid's least value is -99.9
                     ++nCells;
-                    constexpr float kPrinted = 0.11F;  // two values to a tenth
+                    constexpr float kPrinted = 0.11F;  // two values, each rounded to a tenth
                     ASSERT_NEAR(one.fMedian, other.fMedian, kPrinted);
                     ASSERT_NEAR(one.fLower, other.fLower, kPrinted);
                     ASSERT_NEAR(one.fUpper, other.fUpper, kPrinted);

@@ -41,12 +41,12 @@ TEST(Compare, CountsTheOpenCellsAndTheirAgreement)
         tableA.fSnr(iHour, 1) = fA;
         tableB.fSnr(iHour, 1) = fB;
     };
-    CellSet(1, 50.0F, 44.0F);    // agree, just
-    CellSet(2, 50.0F, 43.9F);    // do not
-    CellSet(3, 41.0F, 39.0F);    // A alone is open, and they agree
-    CellSet(4, 20.0F, 60.0F);    // B alone
-    CellSet(5, 55.0F, -999.0F);  // A alone; no difference
-    CellSet(6, 10.0F, 12.0F);    // closed in both
+    CellSet(1, 50.0F, 44.0F);    // just agree
+    CellSet(2, 50.0F, 43.9F);    // just disagree
+    CellSet(3, 41.0F, 39.0F);    // only A is open, and they agree
+    CellSet(4, 20.0F, 60.0F);    // only B is open
+    CellSet(5, 55.0F, -999.0F);  // only A is open; no difference
+    CellSet(6, 10.0F, 12.0F);    // both closed
     const CompareTable compare = CompareGet(tableA, tableB, 40.0F);
     EXPECT_EQ(compare.fDifference(1, 1), 6.0F);
     EXPECT_EQ(compare.fDifference(4, 1), -40.0F);
@@ -107,7 +107,7 @@ TEST(Compare, AsksAnotherEngineForTheSamePowerInTheMapsThatItKnows)
     EXPECT_EQ(own.iModel, kEngineRec533);
     EXPECT_EQ(other.eSunSpotSource, SunSpotSource::Noaa);
     const auto fCard = static_cast<float>(
-        CardPowerGet(kEngineRec533, 0, DeckKind::PointToPoint));  // what REC533's choice brings
+        CardPowerGet(kEngineRec533, 0, DeckKind::PointToPoint));  // the power of REC533's choice
     EXPECT_EQ(own.fPower, fCard);
     EXPECT_EQ(other.fPower, fCard);
     EXPECT_NE(other.sIonCoefficients, kCoefficientsMean);

@@ -56,7 +56,8 @@ TEST(DayCurves, HaveTheSunOfEachEnd)
     const DayCurves curves = DayCurvesGet(TableMake());
     const auto itTx = std::ranges::max_element(curves.afSunTx);
     const auto itRc = std::ranges::max_element(curves.afSunRc);
-    // June: 23.3 degrees of declination; noon at 0 east is about 12 UTC, at 180 about 00.
+    // In June the declination is 23.3 degrees; noon is about 12 UTC at 0 degrees east and 00 UTC at
+    // 180.
     EXPECT_NEAR(*itTx, 90.0 - 52.0 + 23.3, 0.5);
     EXPECT_NEAR(*itRc, 90.0 - 52.0 - 23.3, 0.5);
     EXPECT_NEAR(static_cast<double>(itTx - curves.afSunTx.begin()) / kSunStepsAnHour, 12.0, 0.2);

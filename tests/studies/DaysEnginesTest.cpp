@@ -1,4 +1,5 @@
-// Days in ten against the reliability that the engines themselves give for their decks' need.
+// Days in ten compared with the reliability that the engines themselves print for the need in their
+// decks.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -12,7 +13,7 @@
 
 namespace {
 
-constexpr double kDeckNeed = 40.0;  // dB, of every deck
+constexpr double kDeckNeed = 40.0;  // dB, in every deck
 
 TEST(DaysBuiltIn, AreThePrintedReliabilityToItsLastDigit)
 {
@@ -27,8 +28,8 @@ TEST(DaysBuiltIn, AreThePrintedReliabilityToItsLastDigit)
             for (int i = 1; i <= table.nData; ++i) {
                 if (aDays(iHour, i).DaysInTenGet() < 0)
                     continue;
-                // Printed with two decimals from 0.01 to 0.99; a half is a matter of digits that
-                // the table does not hold.
+                // Printed with two decimals from 0.01 to 0.99; how a half is rounded depends on
+                // digits that the table lacks.
                 const double dShare = std::clamp(double{aDays(iHour, i).fShare}, 0.01, 0.99);
                 ASSERT_NEAR(dShare, table.fReliability(iHour, i), 0.005 + 1e-6);
                 ++nCells;

@@ -40,14 +40,14 @@ TEST(Days, BetweenTheDecilesFollowTheirOwnSteps)
     EXPECT_EQ(DayStepsOf(kEngineIcepac), DaySteps::HalfNormals);
 }
 
-/// One frequency with median 50, deciles -10 and +6, at hour 3.
+/// One frequency at hour 3 with median 50 and deciles -10 and +6.
 PropagationTable TableMake()
 {
     PropagationTable table(2);
     table.request.iModel = kEngineVoacap;
     table.PresentSet(1, 2, true);
     for (int iHour = 1; iHour <= kHourCount; ++iHour) table.fSnr(iHour, 1) = -999.0F;
-    table.fSnr(3, 1) = 44.0F;  // of another share of the days
+    table.fSnr(3, 1) = 44.0F;  // for another share of the days than the median
     table.fSdBW(3, 1) = -110.0F;
     table.fNdBW(3, 1) = -160.0F;
     table.fSnrLower(3, 1) = 10.0F;

@@ -1,4 +1,4 @@
-// Rows of many places against single predictions of the same circuits.
+// The rows of many places compared with single predictions of the same circuits.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -59,7 +59,7 @@ ReachInput AskedMake(int iModel)
     return input;
 }
 
-/// All rows, through a runner with its answers on this thread or a worker's.
+/// Computes all rows; the runner's answers are handled on this thread or a worker's.
 void ReachRun(const std::shared_ptr<const Engine>& pEngine, Reach& reach)
 {
     std::atomic<bool> bEnd{false};
@@ -71,7 +71,7 @@ void ReachRun(const std::shared_ptr<const Engine>& pEngine, Reach& reach)
     EXPECT_EQ(nRows, reach.PlacesGet().size());
 }
 
-/// The row against the table of its circuit, asked for as the main window asks.
+/// Compares a row with the table of its circuit, requested as the main window does.
 void RowExpect(const Reach& reach, std::size_t iPlace, const Engine& engine)
 {
     const Place& place = reach.PlacesGet()[iPlace];

@@ -8,8 +8,8 @@ namespace {
 
 constexpr float kNone = -999.0F;
 
-/// A search from 15 UTC for 6 hours with a need of 40, whose places have these SNRs by hour on
-/// 7000 kHz; on 14000 kHz they have 1 dB less.
+/// A search from 15 UTC for 6 hours with a need of 40. Its places have these SNRs by hour on 7000
+/// kHz, and 1 dB less on 14000 kHz.
 Reach ReachOf(const std::vector<std::pair<Place, std::map<int, float>>>& aPlaces)
 {
     ReachInput input;
@@ -48,7 +48,7 @@ Place Named(const std::string& sKey, const std::string& sDescription = {})
     return place;
 }
 
-/// Open now with 45; opens at 18 with 60; never above 39; without any value.
+/// Open now with 45; opens at 18 with 60; never above 39; without a value in these hours.
 Reach ReachMake()
 {
     return ReachOf({{Named("B", "Lago"), {{15, 45.0F}}},

@@ -35,7 +35,7 @@ ReachInput AskedMake()
     return input;
 }
 
-/// A prediction whose frequencies have these SNRs by hour of UTC, and nothing else.
+/// A prediction whose frequencies have these SNRs by hour of UTC, and no others.
 Prediction PredictionOf(const Request& request, const std::vector<std::map<int, float>>& aSnr)
 {
     Prediction prediction;
@@ -195,7 +195,7 @@ TEST(ReachOpening, TheNeedItselfIsEnough)
     EXPECT_EQ(ReachOpeningGet(aHours, 50.1F, 5, 24).nWait, -1);
 }
 
-/// Five places with one frequency each, of which an hour's SNR is told.
+/// Six places whose predictions have SNRs on the first of two frequencies only.
 class ReachRanking : public testing::Test {
 protected:
     ReachRanking() : m_reach(AskedMake(), std::vector<Place>(6, PlaceAt(1, 2))) {}
@@ -216,7 +216,7 @@ TEST_F(ReachRanking, IsOpenNowByMarginThenByNextOpeningThenClosedFailedAndWaitin
     Add(4, {{15, 48.0F}});
     EXPECT_EQ(m_reach.DoneGet(), 5U);
     EXPECT_EQ(m_reach.RankingGet(), (Order{4, 1, 3, 2, 5, 0}));
-    Add(0, {{22, 90.0F}, {16, 39.0F}});  // opens behind the hours that count
+    Add(0, {{22, 90.0F}, {16, 39.0F}});  // opens after the hours that count
     EXPECT_EQ(m_reach.RankingGet(), (Order{4, 1, 3, 2, 0, 5}));
     EXPECT_EQ(m_reach.RowsGet()[5].eState, ReachState::Failed);
 }

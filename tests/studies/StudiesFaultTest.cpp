@@ -1,4 +1,4 @@
-/// Engine programs that misbehave behind the runner: stations and the day of an area.
+/// Stations and the day of an area, with engine programs that misbehave behind the runner.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -22,11 +22,11 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr double kLimit = 1.0;  // seconds of an attempt
+constexpr double kLimit = 1.0;  // seconds for an attempt
 constexpr std::chrono::seconds kAnswerMax = 60s;
 constexpr const char* kProgram = "rec533w.exe";
 
-/// What an engine does in place of its work; the same for a path and for an area.
+/// What an engine does instead of its work, for a path or an area.
 struct Fault {
     const char* sName;
     const char* sScript;
@@ -57,8 +57,8 @@ protected:
     static constexpr const char* kPath = "rec533/p2p_01";
     static constexpr const char* kArea = "rec533/area_01";
 
-    /// An engine that answers with a captured output, where it does not misbehave.
-    /// @param sWhen  of the shell: true where it misbehaves
+    /// An engine that answers with a captured output unless it misbehaves.
+    /// @param sWhen  shell command that succeeds if the engine is to misbehave
     void EngineScript(const std::string& sGood, const std::string& sWhen,
                       const std::string& sFault) const
     {
@@ -87,7 +87,7 @@ protected:
         input.bOwnFrequencies = true;
         return {input, PlacesMake()};
     }
-    /// Asks for all places and waits for the end.
+    /// Asks for all places and waits until all have answered.
     void ReachRun(Runner& runner, Reach& reach)
     {
         bool bEnd = false;
@@ -95,7 +95,7 @@ protected:
             runner, m_pEngine, reach, [](std::size_t) {}, [&] { bEnd = true; });
         ASSERT_TRUE(m_box.RunUntil([&] { return bEnd; }, kAnswerMax));
     }
-    /// All pieces of an area's day on the runner, up to the first failure.
+    /// Runs all pieces of an area's day, up to the first failure.
     std::optional<Failure> DayRun(AreaDay& day)
     {
         std::optional<Failure> failure;
@@ -155,7 +155,7 @@ TEST_P(StudiesFault, OnePlaceFailsWithItsReasonAndTheOthersAreAnswered)
     EXPECT_EQ(aRows[1].sFailure, alone.aFailures.back().sText) << "as the single prediction says";
     EXPECT_FALSE(aRows[1].sFailure.empty());
 
-    // Nothing of the failure is kept.
+    // No failure is cached.
     PathEngine("true");
     Reach again = ReachMake();
     ReachRun(runner, again);
@@ -202,7 +202,7 @@ TEST_F(StudiesWork, ACancelOfAHangingEngineLeavesNeitherAnswerNorProcessNorLock)
         Runner runner(m_box.PostGet(), 3);
         RunnerJob job = ReachStart(
             runner, m_pEngine, reach, [](std::size_t) {}, [] { ADD_FAILURE(); });
-        // The sick place's engine is the one that stays.
+        // Only the sick place's engine still runs.
         ASSERT_TRUE(m_box.RunUntil([&] { return reach.DoneGet() == 1; }, kAnswerMax));
         while (m_root.CallCount() < 2) std::this_thread::sleep_for(1ms);
         job.Cancel();
