@@ -114,7 +114,7 @@ TEST(ChildProcessPosix, OneThatNobodyWaitedForIsKilled)
     EXPECT_FALSE(std::filesystem::exists("/proc/" + std::to_string(nId)));
 }
 
-/// Programs that hold off SIGTERM, so that each is given the whole grace of 0.2 s.
+/// The programs ignore SIGTERM, so that each takes its whole grace of 0.2 s.
 TEST(ChildProcessPosix, ManyAreKilledInLessThanTheSumOfTheirGraces)
 {
     constexpr int kCount = 30;

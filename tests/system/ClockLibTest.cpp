@@ -93,7 +93,7 @@ TEST(Delay, IsNotAdjustedWhenTheTimerRestartsAtMidnight)
     int nPumped = 0;
     EventPumpFn fnBefore = EventPumpSetHandler([&] {
         ++nPumped;
-        dTimer = nPumped == 1 ? 0.0 : dTimer + 20000.0;  // past midnight the end lies a day ahead
+        dTimer = nPumped == 1 ? 0.0 : dTimer + 20000.0;  // past midnight the end is a day away
     });
     Delay(1.5);
     EventPumpSetHandler(fnBefore);

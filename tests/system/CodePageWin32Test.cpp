@@ -1,4 +1,5 @@
-// Texts in files under the system's code page. CTest runs these with several (HOPCAST_CODE_PAGE).
+// Texts in files under the system's code page. CTest runs these tests with several
+// (HOPCAST_CODE_PAGE).
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -16,7 +17,7 @@ constexpr UINT kUtf8 = 65001;
 constexpr UINT kChinese = 936;
 constexpr UINT kJapanese = 932;
 
-/// Windows-1252 as an older machine or Airmail has written it.
+/// A file in Windows-1252, as older machines and Airmail write it.
 constexpr const char* kOldFile =
     "; Gr\xFC\xDF"
     "e\r\n[Position Report]\r\nCurrent Latitude=38\xB0"
@@ -66,8 +67,8 @@ TEST(CodePageWin32, AFolderWrittenUnder1252IsReadUnderEveryOne)
 
 TEST(CodePageWin32, WhatWasReadFromAnOldFileAndIsWrittenIsReadAgain)
 {
-    // Without letters that the alphabet lacks: an accent that Chinese has too and Japanese has not,
-    // and bytes that are Chinese to the one and Japanese to the other.
+    // Every byte must have a meaning in the code page: the accent has one in the Chinese but not in
+    // the Japanese, and the last two bytes are one character in either.
     const bool bAccent = GetACP() != kJapanese;
     const TempFolder folder;
     const std::string sFile =
@@ -91,7 +92,7 @@ TEST(CodePageWin32, FoldersInTheMachinesOwnAlphabetAreKept)
 {
     const TempFolder folder;
     const std::string sFile = folder.Path("new.ini");
-    // "data" in Chinese, "wave" in Japanese, umlauts in Western Europe; UTF-8 has them all.
+    // "data" in Chinese, "wave" in Japanese, umlauts in Western Europe; UTF-8 has all of them.
     const std::string sName = GetACP() == kChinese    ? "C:\\\xE6\x95\xB0\xE6\x8D\xAE\\"
                               : GetACP() == kJapanese ? "C:\\\xE6\xB3\xA2\\"
                               : GetACP() == kUtf8     ? "C:\\\xCE\x9A\xC3\xBC\xE6\x95\xB0\\"

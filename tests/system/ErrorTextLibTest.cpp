@@ -7,7 +7,7 @@ namespace {
 TEST(SystemErrorText, GivesTheSystemsWords)
 {
 #ifdef _WIN32
-    const std::string sText = SystemErrorText(5);  // Wine's words are not Windows' to the letter
+    const std::string sText = SystemErrorText(5);  // Wine's words differ slightly from Windows'
     EXPECT_TRUE(sText == "Access is denied.\r\n" || sText == "Access denied.\r\n") << sText;
 #else
     EXPECT_EQ(SystemErrorText(13), "Permission denied");

@@ -1,4 +1,4 @@
-// What only this family of systems has: permission bits, links, pipes, devices and limits.
+// What only POSIX systems have: permission bits, links, pipes, devices and limits.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -93,7 +93,7 @@ TEST(FileLibPosix, AUserWithoutRightsIsDenied)
     chmod(folder.Path().c_str(), 0755);
     AsUnprivileged([&] {
         if (geteuid() != 0)
-            chmod(sSecret.c_str(), 0);  // when it is the tester's own file
+            chmod(sSecret.c_str(), 0);  // the file belongs to the user who runs the test
         EXPECT_EQ(TextFile::Open(sSecret).TextGet(), kPermissionDenied);
         EXPECT_EQ(FileRead(sSecret, 10).TextGet(), kPermissionDenied);
         EXPECT_EQ(OutputFile::Open(sSecret).TextGet(), kPermissionDenied);

@@ -69,7 +69,7 @@ TEST(FileExists, KnowsFilesFromFoldersAndFromNothing)
     EXPECT_TRUE(FileExists(sFile));
     EXPECT_FALSE(FileExists(folder.Path()));
     EXPECT_FALSE(FileExists(folder.Path() + "/"));
-#ifndef _WIN32  // there the separator is overlooked
+#ifndef _WIN32  // Windows ignores the separator
     EXPECT_FALSE(FileExists(sFile + "/"));
 #endif
     EXPECT_FALSE(FileExists(folder.Path() + "/none"));

@@ -6,7 +6,7 @@ namespace {
 
 TEST(HashText, IsFnv1aInBothWidths)
 {
-    // Test vectors of the draft.
+    // Test vectors from the draft on FNV.
     EXPECT_EQ(HashText32(""), "811c9dc5");
     EXPECT_EQ(HashText32("a"), "e40c292c");
     EXPECT_EQ(HashText32("foobar"), "bf9cf968");

@@ -48,7 +48,7 @@ TEST(LeftoversRemove, AFolderThatIsMissingIsNone)
     EXPECT_TRUE(NamesOf(folder.Path()).empty());
 }
 
-#ifndef _WIN32  // run folders, links and permissions are there alone
+#ifndef _WIN32  // run folders, links and permission bits exist on POSIX systems only
 TEST(LeftoversRemove, TakesRunFoldersOfVoacapThatAreOlderThanADay)
 {
     const TempFolder folder;

@@ -76,7 +76,7 @@ TEST(FileLock, TheWaitEndsWithTheHolder)
     threadHolder.join();
 }
 
-/// Takes the lock again as soon as it has let go of it, until told to end.
+/// Takes the lock again shortly after each release, until told to stop.
 void LockTakeAgainAndAgain(const std::string& sFile, const std::atomic<bool>& bEnd)
 {
     while (!bEnd) {
@@ -86,7 +86,7 @@ void LockTakeAgainAndAgain(const std::string& sFile, const std::atomic<bool>& bE
     }
 }
 
-// One program that predicted again and again once kept another out for good.
+// A program that kept predicting once locked another one out for good.
 TEST(FileLock, WhoWaitsIsBeforeWhoComesAgain)
 {
     const TempFolder folder;
@@ -128,7 +128,7 @@ TEST(FileLock, WhoGivesUpLeavesNoPlaceInTheLine)
         EXPECT_FALSE(static_cast<bool>(FileLock::Take(sFile, 0.02)));
         EXPECT_FALSE(FileExists(sFile + ".next"));
     }
-    folder.Write("hopcast.lock.next", "");  // of a program that was killed while it waited
+    folder.Write("hopcast.lock.next", "");  // left by a program that was killed while it waited
     EXPECT_TRUE(static_cast<bool>(FileLock::Take(sFile, 0.0)));
     EXPECT_FALSE(FileExists(sFile + ".next"));
 }
@@ -201,7 +201,7 @@ TEST(FileLock, AKilledHolderLetsGo)
     EXPECT_FALSE(FileExists(sFile));
 }
 
-/// Raises a number in a file by one while the lock is held, again and again.
+/// Repeatedly adds one to a number in a file while holding the lock.
 int CounterRaise(const std::string& sFolder, int nTimes)
 {
     for (int i = 0; i < nTimes; ++i) {

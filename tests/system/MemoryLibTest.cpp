@@ -15,7 +15,7 @@ constexpr int kStatus = 7;
 
 void CleanUp() { std::fputs("cleaned up\n", stderr); }
 
-/// Nobody catches what a thread throws.
+/// Throws on a thread, where nothing catches it.
 template <class Exception>
 void ThrowOnAThread(const Exception& exception, void (*fnCleanUp)() = CleanUp)
 {

@@ -1,4 +1,4 @@
-// What an engine does when the program that started it is killed, and what the lock does then.
+// What happens to an engine, and to the lock, when the program that started the engine is killed.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/stat.h>
@@ -45,7 +45,7 @@ bool WithinASecond(Fn fnTrue)
     return fnTrue();
 }
 
-/// A program of its own that starts an engine with the lock held, until it is killed.
+/// A separate program that starts an engine while holding the lock, until it is killed.
 class Orphan : public testing::Test {
 protected:
     void OwnerStart(const std::string& sScript)
@@ -77,7 +77,7 @@ protected:
         const std::string sNote = FileExists(sFile) ? BytesRead(sFile) : "";
         return sNote.find('\n') == std::string::npos ? "" : sNote.substr(0, sNote.find('\n'));
     }
-    /// As if the engine had been started that long ago.
+    /// Makes the lock look as if the engine had been started that long ago.
     void LockAge(std::chrono::seconds tAge) const
     {
         fs::last_write_time(m_sLock, fs::file_time_type::clock::now() - tAge);
@@ -135,7 +135,7 @@ TEST_F(Orphan, AnOldEngineWhoseOwnerLivesIsLeftAlone)
 
 TEST_F(Orphan, NobodyIsEndedForANoteThatNamesAGroupWithoutTheLock)
 {
-    // The note of a dead program; its engine's number belongs to somebody else by now.
+    // The note is of a dead program; the number of its engine now belongs to another process.
     OwnerStart("exec sleep 60");
     const pid_t nOther = fork();
     if (nOther == 0) {

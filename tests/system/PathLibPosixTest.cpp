@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A Wine prefix and a home of the test's own.
+/// A Wine prefix and a home for one test.
 class PathLibPosix : public testing::Test {
 protected:
     TempFolder m_folder;

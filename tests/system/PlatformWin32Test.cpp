@@ -1,4 +1,4 @@
-// What only Windows has: its folders, its alphabet, its read-only files.
+// What only Windows has: its folders, its code page, its read-only files.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kBuffer = 256;
-/// Umlauts, which the Windows-1252 alphabet has, and letters that it lacks.
+/// Umlauts, which Windows-1252 has, and letters that it lacks.
 constexpr const char* kFolders[] = {
     "Gr\xC3\xB6\xC3\x9F"
     "e",
@@ -139,7 +139,7 @@ TEST_F(PlatformWin32, AnOlderHopcastsFixedRootIsLeftAndNoLongerUsed)
     const std::string sRoot = m_folder.Path("local") + "\\Hopcast\\itshfbc";
     m_folder.Write("shipped/rec533w.exe", "MZ of ours");
     ASSERT_TRUE(EngineRootProvisionFrom(m_folder.Path("shipped"), ""));
-    // What an older one made on drive C: the same program and the same list.
+    // An older version made this on drive C: the same program and the same list.
     const std::string sList = BytesRead(sRoot + "\\hopcast-engines.txt");
     m_drive.Write("itshfbc/bin_win/rec533w.exe", "MZ of ours");
     m_drive.Write("itshfbc/hopcast-engines.txt", sList);
@@ -150,7 +150,7 @@ TEST_F(PlatformWin32, AnOlderHopcastsFixedRootIsLeftAndNoLongerUsed)
     EXPECT_EQ(BytesRead(sRoot + "\\bin_win\\rec533w.exe"), "MZ of ours, newer");
     EXPECT_EQ(BytesRead("c:\\itshfbc\\bin_win\\rec533w.exe"), "MZ of ours");
     EXPECT_EQ(BytesRead("c:\\itshfbc\\hopcast-engines.txt"), sList);
-    // Another's program beside it makes it the installed package.
+    // With a foreign program beside it, it is an installed package.
     m_drive.Write("itshfbc/bin_win/voacapw.exe", "MZ of ITS");
     EXPECT_EQ(EngineRootGet().sFolder, "c:\\itshfbc");
     EXPECT_EQ(EngineRootGet().eKind, EngineRootKind::Installed);

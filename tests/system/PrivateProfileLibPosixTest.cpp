@@ -1,4 +1,4 @@
-// The rules that our own reader and writer add to those of the Windows calls.
+// The rules that Hopcast's own reader and writer add to those of the Windows calls.
 #include <gtest/gtest.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
@@ -227,7 +227,8 @@ TEST(PrivateProfilePosix, MalformedUtf8NeverEndsALineOfAUtf16File)
     using namespace std::string_literals;
     const TempFolder folder;
     const std::string sFile = folder.Write("a.ini", "\xFF\xFE[\0D\0a\0t\0a\0]\0\n\0"s);
-    // A line feed in two, three and four bytes; half a pair; beyond the last character.
+    // A line feed in two, three and four bytes, half a surrogate pair, and a code beyond the last
+    // character.
     ASSERT_EQ(KeyWrite(sFile,
                        "a\xC0\x8A"
                        "b\xE0\x80\x8A"

@@ -73,7 +73,7 @@ TEST(PrivateProfileGet, SkipsComments)
 {
     EXPECT_EQ(Read("[Data]\r\n;Key=1\r\n  ; Key=2\r\nKey=3 ; kept\r\n"), "3 ; kept");
     EXPECT_EQ(Read(";[Data]\r\nKey=1\r\n"), "(default)");
-#ifndef _WIN32  // a key of that name is found there
+#ifndef _WIN32  // Windows finds a key of that name
     EXPECT_EQ(Read("[Data]\r\n;Key=1\r\n", ";Key"), "(default)");
 #endif
 }
@@ -81,7 +81,7 @@ TEST(PrivateProfileGet, SkipsComments)
 TEST(PrivateProfileGet, OnlyTheFirstEqualsSignDivides)
 {
     EXPECT_EQ(Read("[Data]\r\nKey=a=b\r\n"), "a=b");
-#ifndef _WIN32  // there the line without a value is the first match
+#ifndef _WIN32  // for Windows the line without a value matches first
     EXPECT_EQ(Read("[Data]\r\nKey\r\nKey=1\r\n"), "1");
 #endif
 }
@@ -124,7 +124,7 @@ TEST(PrivateProfile, IsNotFoundAlsoWhereItsFolderIsMissing)
 
 TEST(PrivateProfileWrite, ReplacesTheValueAndNothingElse)
 {
-#ifndef _WIN32  // Wine drops empty lines, and ends the last line
+#ifndef _WIN32  // Wine drops empty lines and terminates the last line
     EXPECT_EQ(
         Write("; top\r\n\r\n[Other]\r\nKey=1\r\n\r\n[Data]\r\nA=1\r\nKey=old\r\nB=2\r\n[Last]\r\n"),
         "; top\r\n\r\n[Other]\r\nKey=1\r\n\r\n[Data]\r\nA=1\r\nKey=new\r\nB=2\r\n[Last]\r\n");
@@ -140,7 +140,7 @@ TEST(PrivateProfileWrite, ReplacesTheValueAndNothingElse)
 
 TEST(PrivateProfileWrite, AddsTheKeyBehindItsSection)
 {
-#ifndef _WIN32  // the empty line
+#ifndef _WIN32  // Wine drops the empty line
     EXPECT_EQ(Write("[Data]\r\nA=1\r\n\r\n[Other]\r\nB=1\r\n"),
               "[Data]\r\nA=1\r\nKey=new\r\n\r\n[Other]\r\nB=1\r\n");
 #endif

@@ -33,7 +33,7 @@ double SecondsSince(Clock::time_point timeStart)
     return std::chrono::duration<double>(Clock::now() - timeStart).count();
 }
 
-/// True when fnTrue answers so within two seconds.
+/// True if fnTrue returns true within two seconds.
 template <class Fn>
 bool Soon(Fn fnTrue)
 {
@@ -45,8 +45,7 @@ bool Soon(Fn fnTrue)
     return false;
 }
 
-/// True when the process is there and has not ended. (An ended one may wait for its parent's
-/// notice.)
+/// True if the process exists and is no zombie that waits for its parent.
 bool IsAlive(const std::string& sId)
 {
     std::ifstream stmStat("/proc/" + sId + "/stat");
@@ -82,7 +81,7 @@ protected:
             (void)ProcessWait(resId.ValueGet(), 5.0);
         return resId.TextGet();
     }
-    /// What the program writes into sName below the folder, as soon as it is there.
+    /// The first line that the program writes into sName in the folder, once it is there.
     std::string NoteAwait(const std::string& sName)
     {
         const std::string sFile = m_folder.Path() + "/" + sName;
@@ -148,7 +147,7 @@ TEST_F(ProcessLibPosix, WineIsQuietUnlessTheUserWantsToHearIt)
     EXPECT_EQ(Heard("+relay"), "+relay\n");
 }
 
-/// The start of a Windows program for a processor, its header at a place.
+/// The beginning of a Windows program for a processor, with its PE header at nPlace.
 std::string HeaderMake(std::string_view sProcessor, std::size_t nPlace = 0x80)
 {
     std::string sBytes("MZ");
@@ -346,7 +345,7 @@ TEST_F(ProcessLibPosix, IgnoredChildrenAreAwaitedAllTheSame)
 TEST_F(ProcessLibPosix, AProgramStartsWithOrdinarySignalsAndNoOpenFiles)
 {
     signal(SIGPIPE, SIG_IGN);
-    const int nFile = dup(1);  // inherited by an ordinary start
+    const int nFile = dup(1);  // an ordinary start would inherit it
     EXPECT_TRUE(ProcessWait(Start("grep SigIgn /proc/self/status; ls /proc/$$/fd > files"), 5.0));
     close(nFile);
     signal(SIGPIPE, SIG_DFL);
@@ -392,7 +391,7 @@ TEST_F(ProcessLibPosix, NothingUnderTheOutputsNameIsFollowedOrWaitedFor)
 TEST_F(ProcessLibPosix, AShortRunCostsLittle)
 {
     const std::string sProgram = fs::exists("/bin/true") ? "/bin/true" : "/usr/bin/true";
-    double dBest = 1.0;  // of several, as other programs run on this machine
+    double dBest = 1.0;  // the best of several, as other programs run on this machine
     for (int i = 0; i < 20; ++i) {
         const auto timeStart = Clock::now();
         const Result<int> resId = ProcessStart({{sProgram}, "", ""});

@@ -18,7 +18,7 @@ Result<std::string> HandedOn(const Result<int>& res)
 
 TEST(Result, HoldsAValueOrAnError)
 {
-    const Result<int> resGood(0);  // a value, though it is false itself
+    const Result<int> resGood(0);  // a value, although it converts to false
     EXPECT_TRUE(resGood);
     EXPECT_EQ(resGood.ValueGet(), 0);
     EXPECT_EQ(resGood.TextGet(), "");
