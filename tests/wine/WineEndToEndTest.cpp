@@ -1,4 +1,4 @@
-/// The Windows programs under Wine, and Windows engines started by the program of this machine.
+/// The Windows programs under Wine, and Windows engines started by the native program.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -45,7 +45,7 @@ std::string DecilesDrop(const std::string& sCsv)
     return sText;
 }
 
-/// One throw-away prefix for all tests here; each starts with a clean drive C.
+/// One throw-away prefix for all tests here; each test starts with a clean drive C.
 class WineEndToEnd : public testing::Test {
 protected:
     static void SetUpTestSuite()
@@ -90,7 +90,7 @@ protected:
         asWords.insert(asWords.begin(), WINE_PREFIX_SCRIPT);
         return ProgramRun(asWords);
     }
-    /// A Windows program in the prefix.
+    /// Runs a Windows program in the prefix.
     static ProgramResult Run(Words asWords)
     {
         asWords.insert(asWords.begin(), "run");
@@ -104,7 +104,7 @@ protected:
         asWords.insert(asWords.begin(), kPredictExe);
         return Run(std::move(asWords));
     }
-    /// The program of this machine, with the built-in engine of this machine, or with the prefix's.
+    /// Runs the native program with its built-in engine, or with the engines of the prefix.
     static ProgramResult HostPredict(Words asWords, bool bWine)
     {
         const TempFolder home;
@@ -116,7 +116,7 @@ protected:
         asWords.insert(asWords.begin(), TEST_BIN "/hopcast-predict");
         return ProgramRun(asWords);
     }
-    /// The engine in the place where the ITS package has it.
+    /// Installs the engine where the ITS package has it.
     static void EngineInstall(const std::string& sName = "rec533w.exe")
     {
         for (const char* sFolder : {"itshfbc/bin_win", "itshfbc/RUN", "itshfbc/areadata"})
@@ -171,8 +171,8 @@ TEST_F(WineEndToEnd, TheProgramOfThisMachineStartsAWindowsEngineThroughWine)
     const ProgramResult res = HostPredict(asWords, true);
     EXPECT_EQ(res.nStatus, 0) << res.sError;
     EXPECT_EQ(res.sError, "");
-    // Another's engine, as the program of this machine sees it: of another name, and with no more
-    // than its output holds, which has no deciles.
+    // To the native program this is a foreign engine: it has another name, and only the values of
+    // its output, which has no deciles.
     const std::string sOurs = ",REC533 (built-in),";
     std::string sExpected = resHere.sOut;
     for (std::size_t n = 0; (n = sExpected.find(sOurs, n)) != std::string::npos;)
@@ -187,7 +187,8 @@ TEST_F(WineEndToEnd, TheProgramOfThisMachineStartsAWindowsEngineThroughWine)
 TEST_F(WineEndToEnd, AnAreaIsTheSameOnBothSides)
 {
     EngineInstall();
-    // A named map: a Windows engine of drive C counts as another's here and never gets the mean.
+    // With a named map, since a Windows engine on drive C counts as foreign here and never gets the
+    // mean.
     const Words asWords{"--ssn",  "100",          "--month",        "6",     "--rc",   "51.5,0",
                         "--hour", "18",           "--frequency",    "14200", "--grid", "5",
                         "--area", "60,-20,30,20", "--coefficients", "URSI"};
@@ -243,7 +244,7 @@ TEST_F(WineEndToEnd, FailuresHaveTheirTextsAndStatuses)
                                "check that ITS HF propagation "
                                "prediction software has been installed.\n"))
         << res.sError;
-    // The engine of REC533 cannot read the deck of ICEPAC, says so and ends with 2.
+    // The program of REC533 cannot read ICEPAC's deck: it says so and ends with status 2.
     res = WindowsPredict({"--ssn", "100", "--model", "icepac", "--frequencies", "7100"});
     EXPECT_EQ(res.nStatus, 1);
     EXPECT_TRUE(res.sError.starts_with(
@@ -293,7 +294,7 @@ TEST_F(WineEndToEnd, AirmailIsFoundThroughTheRegistry)
                             "58.43'W"),
               std::string::npos)
         << res.sOut;
-    // Wine writes the registry out a moment after its last program; until then only Windows
+    // Wine saves the registry a moment after its last program ends; until then only Windows
     // programs see the value.
     ASSERT_EQ(Run({"reg", "delete", "HKCU\\Software\\Sirius Cybernetics\\AirMail", "/f"}).nStatus,
               0);

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# A throw-away Wine prefix for tests: nothing of the user's own Wine is read or changed.
+# A throw-away Wine prefix for tests: the user's own Wine is neither read nor changed.
 #
 #   prefix.sh make DIR                makes it and starts Wine once, so that later starts are quick
 #   prefix.sh run DIR PROGRAM ...     runs a Windows program in it
 #   WINE_LOCALE=zh_CN prefix.sh run DIR PROGRAM ...     with the system code page of that country
-#   prefix.sh remove DIR              ends what runs in it and takes it away
+#   prefix.sh remove DIR              ends what runs in it and deletes it
 set -euo pipefail
 
 if [ $# -lt 2 ]; then
@@ -15,7 +15,7 @@ command=$1
 folder=$2
 shift 2
 
-# Wine links the user's folders and writes desktop files: both go to a home of its own.
+# Wine links the user's folders and writes desktop files: both go to a home of the prefix's own.
 export WINEPREFIX=$folder/prefix HOME=$folder/home WINEARCH=win64
 export XDG_DATA_HOME=$HOME XDG_CONFIG_HOME=$HOME XDG_CACHE_HOME=$HOME
 export WINEDEBUG=-all WINEDLLOVERRIDES="winemenubuilder.exe,mscoree,mshtml=d"
@@ -32,12 +32,12 @@ ServerName() {
     fi
 }
 
-# Asks all to end, waits for it, and only then takes the folder away.
+# Asks all programs to end and waits for them before deleting the folder.
 Remove() {
     if [ -d "$WINEPREFIX" ]; then
-        "$(ServerName)" --kill || true # status 1 where none runs
+        "$(ServerName)" --kill || true # status 1 if none is running
         "$(ServerName)" --wait
-        # A program killed while Wine was starting it waits for its server's word for ever.
+        # A program killed while Wine was starting it waits for its server for ever.
         for process in $(grep -lszFx "WINEPREFIX=$WINEPREFIX" /proc/[0-9]*/environ | cut -d / -f 3); do
             case $(readlink "/proc/$process/exe") in
             */wine*) kill -KILL "$process" || true ;;
@@ -47,7 +47,7 @@ Remove() {
     rm -rf "$folder"
 }
 
-# Wine takes its code page from the name of the locale alone, so a copy of another will do.
+# Wine takes its code page from the name of the locale only, so a copy of another locale will do.
 LocaleSet() {
     export LOCPATH=$folder/locale LC_ALL=$1.UTF-8
     [ -d "$LOCPATH/$1.utf8" ] || {
@@ -56,13 +56,13 @@ LocaleSet() {
     }
 }
 
-# Hands the output on through files: what a killed program leaves behind in Wine holds its output
-# open, and would let a reader of a pipe wait for ever.
+# Passes the output on through files: what a killed program leaves behind in Wine keeps its output
+# open, so that a reader of a pipe would wait for ever.
 Run() {
     local status=0 output
     [ -z "${WINE_LOCALE:-}" ] || LocaleSet "$WINE_LOCALE"
     output=$(mktemp -d -p "$folder")
-    touch "$output/1" "$output/2" # tail may be quicker than the program's start
+    touch "$output/1" "$output/2" # tail may start before the program does
     wine "$@" <&0 >"$output/1" 2>"$output/2" &
     local program=$!
     trap 'kill "$program"' INT TERM
