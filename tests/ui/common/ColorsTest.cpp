@@ -15,7 +15,8 @@ std::ostream& operator<<(std::ostream& stm, const ContrastCase& c)
     return stm << std::hex << c.nBack;
 }
 
-/// Expected by the contrast ratio of WCAG 2.1, computed by hand for each band of the SNR scale.
+/// The expected colours follow from the contrast ratio of WCAG 2.1, worked out by hand for each
+/// band of the SNR scale.
 class TextColor : public testing::TestWithParam<ContrastCase> {};
 
 TEST_P(TextColor, IsTheOneThatReadsBetter)

@@ -176,7 +176,7 @@ TEST_F(GridControlShown, RedrawOffPaintsOnlyWhatTheWindowSystemAsksFor)
     m_grd.TextSet(1, 1, QStringLiteral("new"));
     QApplication::processEvents();
     EXPECT_EQ(count.nPaints, 0);
-    m_grd.viewport()->repaint();  // as when a box above it has moved
+    m_grd.viewport()->repaint();  // as after a box above it has moved
     EXPECT_EQ(count.nPaints, 1);
     m_grd.RedrawSet(true);
     EXPECT_TRUE(QTest::qWaitFor([&] { return count.nPaints == 2; }));
@@ -319,10 +319,10 @@ TEST_F(GridControlShown, RowsMakeRoomForTheBarOfTheColumns)
     EXPECT_TRUE(m_grd.horizontalScrollBar()->isVisible());
     EXPECT_FALSE(m_grd.verticalScrollBar()->isVisible());
     const int nCompact = m_grd.sizeHint().height();
-    m_grd.resize(400, nCompact);  // rows share little room
+    m_grd.resize(400, nCompact);  // the rows share little room
     QApplication::processEvents();
     EXPECT_FALSE(m_grd.verticalScrollBar()->isVisible());
-    m_grd.ColWidthSet(4, 400);  // now that bar takes some of it
+    m_grd.ColWidthSet(4, 400);  // now the scroll bar takes some of it
     m_grd.resize(400, nCompact + m_grd.horizontalScrollBar()->sizeHint().height());
     QApplication::processEvents();
     EXPECT_TRUE(m_grd.horizontalScrollBar()->isVisible());

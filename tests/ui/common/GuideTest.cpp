@@ -15,7 +15,7 @@
 
 namespace {
 
-/// The system's browser in the tests: keeps what it was asked for.
+/// Stands for the system's browser and records what it is asked to open.
 class Browser {
 public:
     explicit Browser(bool bThere)
@@ -127,7 +127,7 @@ TEST(GuideShow, MissingPagesAreTold)
 TEST(GuideKey, F1ShowsTheGuideFromAFieldOfAModalDialogOnce)
 {
     const TempFolder folder;
-    const MsgRecorder recorder;  // no pages lie beside this program
+    const MsgRecorder recorder;  // the guide is not beside this program
     QApplication& app = *qobject_cast<QApplication*>(QCoreApplication::instance());
     GuideKeyInstall(app);
     QDialog dlg;
@@ -154,7 +154,7 @@ TEST(GuideKey, AKeyThatIsHeldDownOrPressedInItsBoxShowsTheGuideOnce)
     int nShown = 0;
     MsgBoxFn fnBefore = MsgSetHandler([&](MsgIcon, const std::string&) {
         if (++nShown < 3)
-            F1Press(false);  // with the box open
+            F1Press(false);  // while the box is open
     });
     F1Press(false);
     F1Press(true);

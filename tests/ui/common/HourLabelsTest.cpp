@@ -5,7 +5,7 @@
 
 namespace {
 
-/// The labels while local time is this far ahead of 13:05 UTC.
+/// The labels while local time is nHour:nMinute and UTC 13:05.
 HourLabels LabelsAt(int nHour, int nMinute)
 {
     const ClockSet clock(

@@ -26,7 +26,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
         ASSERT_TRUE(widget.hasFocus());
     }
-    /// One character is selected, always.
+    /// Exactly one character is always selected.
     static void CaretExpect(LocationField& txt, int nCaret)
     {
         EXPECT_EQ(txt.CaretGet(), nCaret);
@@ -94,7 +94,7 @@ TEST_F(LocationFieldShown, EachAcceptedKeyIsTold)
 {
     QSignalSpy spy(&m_lat, &LocationField::Edited);
     m_lat.CaretPlace(0, 1);
-    QTest::keyClicks(&m_lat, QStringLiteral("0x1"));  // the first one changes no text
+    QTest::keyClicks(&m_lat, QStringLiteral("0x1"));  // the first key changes nothing
     EXPECT_EQ(spy.count(), 2);
 }
 
@@ -281,7 +281,7 @@ TEST_F(LocationFieldShown, UndoTakesBackWholeEntriesStepByStep)
 {
     m_lat.CaretPlace(0, 1);
     QTest::keyClicks(&m_lat, QStringLiteral("37"));
-    QTest::keyClicks(&m_lat, QStringLiteral("x"));  // dropped, so not an edit
+    QTest::keyClicks(&m_lat, QStringLiteral("x"));  // refused, so not an edit
     QTest::keyClick(&m_lat, Qt::Key_Right);
     QTest::keyClicks(&m_lat, QStringLiteral("5"));
     QApplication::clipboard()->setText(QStringLiteral("12°30.00'N"));

@@ -19,7 +19,7 @@ TEST(MsgTextShown, BreaksLinesAtEveryKindOfLineEnd)
 
 TEST(MsgWindow, ShowsAPlainTextBoxWithTheApplicationsTitle)
 {
-    const MsgRecorder restore;  // puts the test's own handler back
+    const MsgRecorder restore;  // restores the test's own handler
     QApplication::setApplicationDisplayName(QStringLiteral("Hopcast"));
     MsgWindowInstall();
     bool bSeen = false;

@@ -28,7 +28,7 @@ protected:
     ~NightStyle() override { PaletteShow(Palette::Standard); }
 };
 
-/// The strongest of a channel: 0 red, 1 green, 2 blue.
+/// The highest value of a channel: 0 red, 1 green, 2 blue.
 int MostGet(const QImage& img, int nChannel)
 {
     int nMost = 0;
@@ -47,7 +47,7 @@ void RedIs(const QImage& img)
     EXPECT_GT(MostGet(img, 0), 200) << "nothing to be seen";
 }
 
-/// A window that pays no heed to any palette.
+/// A window that ignores every palette.
 class Loud final : public QWidget {
 public:
     QColor m_clr = Qt::green;
@@ -79,7 +79,7 @@ TEST_F(NightStyle, ShowsOpenAndLaterWindowsInRedsAlone)
     EXPECT_EQ(wndLater.graphicsEffect(), nullptr);
 }
 
-/// What the screen has, not what a picture of the window would have.
+/// Looks at the screen, since a picture of the window alone would not prove it.
 TEST_F(NightStyle, ReachesTheScreenAlsoWhenAPartIsPaintedAnew)
 {
     PaletteShow(Palette::Night);
@@ -153,7 +153,7 @@ TEST_F(NightStyle, BringsBackStylePaletteAndDialogs)
 TEST_F(NightStyle, TheCaretIsRed)
 {
     PaletteShow(Palette::Night);
-    QApplication::setCursorFlashTime(0);  // it stands
+    QApplication::setCursorFlashTime(0);  // it does not blink
     QLineEdit txt;
     txt.resize(120, 30);
     txt.show();

@@ -27,7 +27,7 @@ std::string PaletteName(const testing::TestParamInfo<Palette>& param)
 
 INSTANTIATE_TEST_SUITE_P(Palettes, PaletteForce, testing::ValuesIn(kPalettes), PaletteName);
 
-/// A grid with a cell of each band, filled with the standard colours as the windows do.
+/// Fills a grid with one cell for each band, in the standard colours as windows do.
 void BandsFill(GridControl& grd)
 {
     grd.RowsSet(2);
@@ -41,8 +41,8 @@ void BandsFill(GridControl& grd)
     grd.resize(grd.sizeHint().expandedTo({600, 120}));
 }
 
-/// The contrast of a number on what is painted under it: of the colour nearest to its own among the
-/// pixels of the text, and of the ground beside its letters.
+/// Compares a number with the plate under it: of all pixels of the text the one with the most
+/// contrast counts, and for the plate a pixel beside the letters.
 TEST_P(PaletteForce, EveryNumberOfATableReadsAsItIsPainted)
 {
     GridControl grd;
@@ -54,7 +54,7 @@ TEST_P(PaletteForce, EveryNumberOfATableReadsAsItIsPainted)
         EXPECT_EQ(QColor(img.pixel(rct.left() + 3, rct.top() + rct.height() / 2)),
                   ColorFromBgr(band.nColor))
             << "rim of cell " << iCol;
-        // A pixel left of the first letter, within the plate.
+        // A pixel of the plate, left of the first letter.
         const int nText = grd.fontMetrics().horizontalAdvance(QStringLiteral("58"));
         const QRgb nGround = img.pixel(rct.center().x() - nText / 2 - 1, rct.center().y());
         EXPECT_EQ(QColor(nGround), ColorFromBgr(band.nGround)) << iCol;
@@ -125,7 +125,7 @@ TEST(Palettes, ABandIsHiddenOnAGroundOfItsColourAlone)
     EXPECT_TRUE(BandHiddenIs(Qt::black, Qt::black));
     EXPECT_TRUE(BandHiddenIs(Qt::white, Qt::white));
     EXPECT_FALSE(BandHiddenIs(Qt::black, Qt::white));
-    // The next bands are seen.
+    // The next band is visible.
     EXPECT_FALSE(BandHiddenIs(ColorFromBgr(SnrBandsGet(Palette::Print)[6].nColor), Qt::white));
 }
 

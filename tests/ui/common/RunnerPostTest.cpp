@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A window with work under way, as far as the runner sees one.
+/// Stands for a window with work under way, as far as the runner is concerned.
 class Receiver : public QObject {
 public:
     std::vector<std::size_t> m_aAnswers;
@@ -52,7 +52,7 @@ TEST(RunnerPost, AWindowMayGoWithWorkUnderWay)
         if (i % 2 == 0)
             QCoreApplication::processEvents();
         pReceiver.reset();
-        QCoreApplication::processEvents();  // nothing may reach what is gone
+        QCoreApplication::processEvents();  // no answer may reach the destroyed window
     }
 }
 

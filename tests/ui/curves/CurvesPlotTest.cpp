@@ -68,7 +68,7 @@ struct Painted {
     CurvesPlot plot;
 };
 
-/// A point of a cell that no curve or grid line crosses.
+/// A point in a cell that no curve or grid line crosses.
 QPointF CornerGet(const QRectF& rct)
 {
     return {rct.left() + rct.width() * 0.2, rct.top() + rct.height() * 0.7};
@@ -183,7 +183,7 @@ TEST(CurvesPlot, BlackAndWhiteHasNoColour)
             ASSERT_EQ(clr.red(), clr.blue()) << x << ", " << y;
         }
     }
-    // 30 dB at midnight misses a need of 40, 76 dB at 23 meets it.
+    // 30 dB at midnight misses a need of 40 dB; 76 dB at 23 h meets it.
     EXPECT_EQ(painted.At(CornerGet(painted.plot.CellRect({0, 0}))), QColor(Qt::white));
     EXPECT_EQ(painted.At(CornerGet(painted.plot.CellRect({23, 0}))), QColor(Qt::black));
 }
@@ -193,7 +193,7 @@ TEST(CurvesPlot, TheSunIsABarForEachEnd)
     const DayCurves day = DayMake();
     const CurvesView view = ViewMake();
     const Painted painted(day, view);
-    // Night at the receiver at 0 and day at 20; the other way round at the transmitter.
+    // The receiver has night at 0 and day at 20, the transmitter the other way round.
     const auto CountGet = [&painted](double dHour, const QColor& clr) {
         int nPixels = 0;
         const int x = static_cast<int>(painted.plot.XGet(dHour + 0.3));
@@ -265,7 +265,7 @@ TEST(CurvesPlot, TextsOfFrequenciesStandApartAndThatOfTheSelectedOneIsNeverLeftO
     }
 }
 
-/// The widest run of columns with ink in the line of the hours.
+/// The widest group of columns with ink in the row of hours.
 int WidestText(const Painted& painted, double dFrom)
 {
     const double dBottom = painted.plot.YGet(0) + 3;
@@ -308,7 +308,7 @@ TEST(CurvesPlot, OldRibbonsAreFaded)
     EXPECT_GT(old.At(pnt).lightness(), fresh.At(pnt).lightness());
 }
 
-/// Ink right of the field in so many lines round a frequency.
+/// Counts the ink right of the field, within nAround lines of a frequency.
 int InkBeside(const Painted& painted, double dFrequency, int nAround)
 {
     int nInk = 0;
@@ -329,7 +329,7 @@ TEST(CurvesPlot, TheScaleIsWrittenBesideItsLinesWhereNoNameStands)
     EXPECT_GT(InkBeside(painted, 21000, 4), 5);
     EXPECT_EQ(InkBeside(painted, 20500, 2), 0);
     const QFontMetricsF metrics(FontGet());
-    for (int y = 0; y < 5; ++y)  // behind the name, as far as a number would reach
+    for (int y = 0; y < 5; ++y)  // right of the name, as far as a number would reach
         for (double x = metrics.horizontalAdvance(QStringLiteral("MUF")) + 6; x < 40; x += 1)
             EXPECT_EQ(painted.At({painted.plot.XGet(24) + x, painted.plot.YGet(20000) + y - 2}),
                       QColor(Qt::white))

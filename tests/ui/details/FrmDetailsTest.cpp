@@ -15,7 +15,7 @@ QColor HighlightText(const frmDetails& frm)
     return frm.palette().color(QPalette::HighlightedText);
 }
 
-/// The window as the main window opens it on a click.
+/// Opens the window by a click, as a user does.
 frmDetails& Open(MainRig& rig, GridPlace place = {7, 15})
 {
     frmMain& frm = rig.Start();
@@ -80,7 +80,7 @@ TEST(FrmDetails, ShowsEveryQuantityInItsFormat)
 
 struct LimitCase {
     double dLuf, dMuf;
-    const char* sRow7;  ///< of 14000 kHz
+    const char* sRow7;  ///< the row of 14000 kHz
 };
 std::ostream& operator<<(std::ostream& stm, const LimitCase& c)
 {
@@ -208,7 +208,7 @@ TEST(FrmDetails, RowPickTellsTheMainWindowAndKeepsTheHour)
     EXPECT_EQ(rig.m_pFrm->DataGetSelected().iHour, 15);
     EXPECT_TRUE(rig.m_pFrm->grdData->CellGet(3, 15).bFrame);
     EXPECT_FALSE(rig.m_pFrm->grdData->CellGet(7, 15).bFrame);
-    CellMouse(*frm.grdData, {4, 0});  // the label belongs to its row
+    CellMouse(*frm.grdData, {4, 0});  // a row's label belongs to the row
     EXPECT_EQ(rig.m_pFrm->DataGetSelected().iFrequency, 4);
 }
 
@@ -253,7 +253,7 @@ TEST(FrmDetails, EngineChangeTakesEffectAtTheNextLoad)
     main.m_settings.m_iPropagationModel = kEngineRec533;
     EXPECT_TRUE(main.Update());
     EXPECT_GT(frm.grdData->ColWidthGet(4), 0);
-    EXPECT_EQ(frm.grdData->TextGet(7, 4), QString());  // but its cells are empty at once
+    EXPECT_EQ(frm.grdData->TextGet(7, 4), QString());  // its cells are empty at once, though
     frm.close();
     MainRig::EventsRun();
     CellMouse(*main.grdData, {7, 15});

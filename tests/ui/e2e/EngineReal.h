@@ -1,5 +1,5 @@
 /// @file EngineReal.h
-/// The engines of this build, and pictures of windows as build artefacts.
+/// The engines of this build, and pictures of windows kept as artefacts of the build.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -31,10 +31,10 @@ public:
 private:
     TempFolder m_folder;
     EnvironmentSet m_root{"HOPCAST_ITSHFBC", m_folder.Path()};
-    double m_dLimit = EngineLimitSet(60);  // a build with sanitizers takes its time
+    double m_dLimit = EngineLimitSet(60);  // a build with sanitizers is slow
 };
 
-/// Keeps a picture of a window in the build's folder "pictures".
+/// Saves a picture of a window in the build's folder "pictures".
 inline void PictureSave(QWidget& widget, const char* sName)
 {
     const QDir dir(QStringLiteral(TEST_BIN "/../pictures"));

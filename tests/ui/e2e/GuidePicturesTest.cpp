@@ -1,6 +1,6 @@
-// A user's way through every window on the built-in engine, from the first start to the overlay.
-// Each step keeps its picture in the build's folder "pictures/guide"; scripts/pictures.sh takes
-// them from there to docs/images.
+// A user's way through every window with the built-in engine, from the first start to the overlay.
+// Each step saves its picture in the build's folder "pictures/guide", from where
+// scripts/pictures.sh copies it to docs/images.
 #include <gtest/gtest.h>
 
 #include <QCursor>
@@ -31,14 +31,14 @@ namespace {
 
 constexpr int kRow14000 = 7;
 
-/// A fresh installation beside Airmail, whose folder lies on the drive C of the rig's Wine prefix,
-/// so that windows show the name that a user knows. Call signs are invented.
+/// A fresh installation beside Airmail, whose folder is on drive C of the rig's Wine prefix, so
+/// that windows show a name that users know. The call signs are invented.
 class GuideRig : public RealRig {
 public:
     GuideRig() : RealRig(kEngineRec533)
     {
-        QApplication::setCursorFlashTime(0);  // the same pictures at each run
-        // As on a machine where Hopcast has just been installed.
+        QApplication::setCursorFlashTime(0);  // the same pictures in every run
+        // The engines are those of a machine where Hopcast has just been installed.
         EXPECT_TRUE(EngineRootProvisionFrom(TEST_BIN, "/usr/bin"));
         m_dtLocal.nHour -= 7;
         m_folder.Write("hopcast.ini",
@@ -70,7 +70,7 @@ private:
     EnvironmentSet m_envData{"XDG_DATA_HOME", m_folder.Path("data")};
 };
 
-/// Keeps a picture; one that shows next to nothing fails.
+/// Saves a picture; fails if it shows next to nothing.
 void PictureKeep(const QPixmap& pix, const char* sName)
 {
     const QDir dir(QStringLiteral(TEST_BIN "/../pictures/guide"));
@@ -80,8 +80,8 @@ void PictureKeep(const QPixmap& pix, const char* sName)
     for (int y = 0; y < img.height(); ++y)
         for (int x = 0; x < img.width(); ++x) setColours.insert(img.pixel(x, y));
     EXPECT_GT(setColours.size(), 8) << sName;
-    constexpr int kSmallest = 0;  // the quality of a PNG picture is its size
-    // Of a picture of a whole large screen few colours are enough.
+    constexpr int kSmallest = 0;  // for PNG the quality chooses the compression
+    // For a picture of a whole large screen a few colours are enough.
     constexpr int kLarge = 2000;
     const QImage imgKept = img.width() < kLarge
                                ? img
@@ -95,7 +95,7 @@ void PictureKeep(QWidget& widget, const char* sName)
     PictureKeep(widget.grab(), sName);
 }
 
-/// A window with the menus that are open above it.
+/// Saves a window together with the menus open above it.
 void PictureKeep(QWidget& window, const std::vector<QMenu*>& aMenu, const char* sName)
 {
     MainRig::EventsRun();
@@ -118,10 +118,10 @@ frmMap& MapOpen(frmMain& frm)
 {
     frm.mnuViewWorldMap->trigger();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(frm.m_pMap));
-    // At the foot of the screen its menus open upwards, above the map.
+    // At the bottom of the screen its menus open upwards, above the map.
     const QRect rectScreen = frm.m_pMap->screen()->geometry();
     frm.m_pMap->move(0, rectScreen.bottom() - frm.m_pMap->height());
-    QApplication::setActiveWindow(frm.m_pMap);  // a bare X server has nobody who would do it
+    QApplication::setActiveWindow(frm.m_pMap);  // a bare X server has no window manager to do it
     return *frm.m_pMap;
 }
 
@@ -205,7 +205,7 @@ TEST(GuidePictures, Card)
     frmMain& frm = rig.Start();
     frm.mnuFilePrintCard->trigger();
     ASSERT_TRUE(QTest::qWaitForWindowActive(frm.m_pCard));
-    frm.m_pCard->resize(QSize(450, 620));  // a small file
+    frm.m_pCard->resize(QSize(450, 620));  // keeps the file small
     MainRig::EventsRun();
     PictureKeep(*frm.m_pCard, "card.png");
     EXPECT_TRUE(rig.m_msg.m_aShown.empty());
@@ -222,7 +222,7 @@ TEST(GuidePictures, Night)
     EXPECT_TRUE(rig.m_msg.m_aShown.empty());
 }
 
-/// The least size at which the curves are to be read, and a screen of 4K.
+/// The smallest size at which the curves must be readable, and a 4K screen.
 TEST(GuidePictures, Curves)
 {
     GuideRig rig;
@@ -313,7 +313,7 @@ TEST(GuidePictures, Overlay)
     EXPECT_TRUE(rig.m_msg.m_aShown.empty());
 }
 
-/// The map between two ends, with path and overlay.
+/// Saves the map zoomed to both ends, with path and overlay.
 void PathPictureKeep(const LatLon& posRc, const LatLon& posTx, const char* sName)
 {
     GuideRig rig;
@@ -342,7 +342,7 @@ TEST(GuidePictures, TokyoToSanFrancisco)
     PathPictureKeep({35.7, 139.7}, {37.8, -122.4}, "map_pacific.png");
 }
 
-/// A layer of the day round a receiver, at an hour, in a window small enough for a page.
+/// Saves a layer of the day around a receiver at one hour, in a window small enough for a page.
 void DayPictureKeep(const LatLon& posRc, const MapBox& box, int iLayer, int iHour,
                     const char* sName)
 {
@@ -399,7 +399,7 @@ TEST(GuidePictures, CapeHorn)
     PictureKeep(map, "map_cape_horn.png");
 }
 
-/// As a screen of 200 % shows it: scripts/pictures.sh runs it with that scale.
+/// As a screen at 200 % shows it; scripts/pictures.sh runs this test at that scale.
 TEST(GuidePictures, BalticAtTheScreensDensity)
 {
     GuideRig rig;

@@ -1,4 +1,4 @@
-// The map as the main window opens it, on the built-in engine.
+// The map as the main window opens it, with the built-in engine.
 #include <gtest/gtest.h>
 
 #include <QMenu>
@@ -14,7 +14,7 @@ frmMap& MapOpen(const frmMain& frm)
 {
     frm.mnuViewWorldMap->trigger();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(frm.m_pMap));
-    QApplication::setActiveWindow(frm.m_pMap);  // a bare X server has nobody who would do it
+    QApplication::setActiveWindow(frm.m_pMap);  // a bare X server has no window manager to do it
     return *frm.m_pMap;
 }
 
@@ -31,7 +31,7 @@ void OverlayChoose(frmMap& map)
     MenuChoose(map.mnuOverlay, map.mnuOverlayDraw);
 }
 
-/// Colours of the picture, labels at its edges apart.
+/// The colours of the picture, without the labels at its edges.
 QSet<QRgb> ColoursGet(const frmMap& map)
 {
     QSet<QRgb> setColours;
@@ -63,7 +63,7 @@ TEST(MapInMainWindow, OverlayOfTheSelectedCell)
     EXPECT_EQ(map.m_posTx.dLon, frm.m_settings.m_dTxLon);
     OverlayChoose(map);
     EXPECT_EQ(map.windowTitle(), QStringLiteral("Snr Overlay, 14000.0KHz @ 18:00"));
-    // Black, white and bands of the table's own scale.
+    // Black, white, and bands of the same scale as the table's.
     QSet<QRgb> setScale{qRgb(0, 0, 0), qRgb(255, 255, 255)};
     for (int nSnr = 0; nSnr <= 80; nSnr += 5) {
         const std::uint32_t nColour = frm.SnrGetColor(static_cast<float>(nSnr));
@@ -90,7 +90,7 @@ TEST(MapInMainWindow, ApplyMovesTheReceiverOfTheMainWindow)
     MarkerDrag(map.lblRc, {-150, 60});
     const LatLon posRc = map.m_posRc;
     EXPECT_NE(posRc.dLon, frm.m_settings.m_dRcLon);
-    EXPECT_EQ(RowTexts(frm, 7), asBefore);  // the main window knows nothing yet
+    EXPECT_EQ(RowTexts(frm, 7), asBefore);  // not applied yet
 
     QTest::mouseClick(map.cmdApply, Qt::LeftButton);
     MainRig::EventsRun();
@@ -101,7 +101,7 @@ TEST(MapInMainWindow, ApplyMovesTheReceiverOfTheMainWindow)
     EXPECT_NE(RowTexts(frm, 7), asBefore);
     EXPECT_NE(frm.lblRange->text(), sRange);
     EXPECT_NE(frm.txtLon0->text(), sLongitude);
-    // The overlay is drawn anew for the new receiver, with the hour that was chosen for it.
+    // The overlay is drawn again for the new receiver, at the hour that was chosen.
     EXPECT_TRUE(map.mnuOverlayDraw->isChecked());
     EXPECT_TRUE(map.windowTitle().startsWith(QStringLiteral("Snr Overlay, ")));
     EXPECT_NE(map.pctMap->m_img, imgBefore);
@@ -114,7 +114,7 @@ TEST(MapInMainWindow, UpdateOfTheMainWindowMovesTheMarkers)
     RealRig rig(kEngineRec533);
     frmMain& frm = rig.Start();
     frmMap& map = MapOpen(frm);
-    MarkerDrag(map.lblTx, {40, 40});  // not applied: the update takes it back
+    MarkerDrag(map.lblTx, {40, 40});  // not applied, so the update undoes it
     frm.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&frm));
     frm.txtLat0->setFocus();

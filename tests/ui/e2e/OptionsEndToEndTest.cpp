@@ -28,7 +28,7 @@ TEST(OptionsEndToEnd, AnotherEngineAndTwoFrequenciesChangeTheMainTable)
     ASSERT_TRUE(options.optPropagationModel3->isChecked());
     Press(options.optPropagationModel2);
     FrequenciesType(options, QStringLiteral("7000\n14000"));
-    EXPECT_EQ(RowTexts(frm, 7), asRec533);  // nothing happens before Apply
+    EXPECT_EQ(RowTexts(frm, 7), asRec533);  // nothing changes before Apply
     Press(options.cmdApply);
     MainRig::EventsRun();
 
@@ -65,7 +65,7 @@ TEST(OptionsEndToEnd, EverySettingOutlivesARestartOfTheProgram)
         frmOptions& options = OptionsOpen(frm, frm.mnuOptionsModel);
         EveryControlChange(options);
         rig.m_engine.nStarts = 0;
-        rig.m_engine.nChunks = 1;  // three frequencies
+        rig.m_engine.nChunks = 1;  // for three frequencies
         Press(options.cmdOk);
         MainRig::EventsRun();
         EXPECT_FALSE(frm.m_pOptions);
@@ -114,7 +114,7 @@ TEST(OptionsEndToEnd, PicturesOfEveryTabAndOfAbout)
         EXPECT_EQ(options.SSTab->currentIndex(), c.iTab);
         EXPECT_EQ(options.SSTab->tabText(c.iTab).remove(u'&'), QLatin1String(c.sCaption));
         PictureSave(options, c.sPicture);
-        // Nothing is cut: every shown control has at least the room that it asks for.
+        // Nothing is cut off: every visible control has at least its minimum size.
         for (const QWidget* pWidget : options.findChildren<QWidget*>()) {
             if (!pWidget->isVisible() || pWidget->objectName().startsWith(QStringLiteral("qt_")))
                 continue;

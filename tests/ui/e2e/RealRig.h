@@ -1,5 +1,5 @@
 /// @file RealRig.h
-/// The real main window on the engines of this build.
+/// The real main window with the engines of this build.
 #pragma once
 
 #include "ui/e2e/EngineReal.h"
@@ -8,7 +8,7 @@
 class RealRig : public MainRig {
 public:
     explicit RealRig(int iModel) : MainRig(iModel) { ProcessSetHandler({}); }
-    ~RealRig() { m_pFrm.reset(); }  // while its engine root is there
+    ~RealRig() { m_pFrm.reset(); }  // before its engine root goes
     RealRig(const RealRig&) = delete;
     RealRig& operator=(const RealRig&) = delete;
 
@@ -16,7 +16,7 @@ private:
     EngineReal m_engineReal;
 };
 
-/// SNR of all hours of one frequency as the main window's table shows them.
+/// The SNR of one frequency at all hours, as the main window's table shows them.
 inline QStringList RowTexts(const frmMain& frm, int iRow)
 {
     QStringList asText;

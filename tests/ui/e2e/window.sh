@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The real program on an X display with a real engine: positions are typed, the update button is
-# pressed, a cell is clicked; the deck, the windows and the saved profile are looked at.
+# The real program on an X display with a real engine: types positions, presses the update button,
+# clicks a cell, and checks the deck, the windows and the saved profile.
 #
 #   window.sh BIN ARTEFACTS NAME SCREEN SCALE MODEL
 #
@@ -48,7 +48,7 @@ Await() {
 mkdir -p "$artefacts"
 rm -f "$artefacts/$name"-*.png
 
-# The server picks a free display and tells its number.
+# The server picks a free display and writes its number.
 Xvfb -displayfd 3 -screen 0 "${screen}x24" -nolisten tcp 3>"$folder/display" 2>/dev/null &
 server=$!
 Await "display" test -s "$folder/display"
@@ -65,10 +65,11 @@ printf '[Propagation Model]\nModel=%s\nSunSpot Option=False\nSunSpot Number=100\
 program=$!
 Await "main window" xdotool search --onlyvisible --name '^Hopcast$'
 window=$(xdotool search --onlyvisible --name '^Hopcast$' | head -1)
-# From here on what is typed waits for the end of the run, as a user's keys do.
+# From here on keys wait for the end of the run, as a user's keys would.
 Await "first deck" grep -q '24\.00N' "$root/RUN/sound.dat"
 
-# The receiver becomes 31 degrees north: the first field has the focus, its first digit is selected.
+# The receiver moves to 31 degrees north: the first field has the focus with its first digit
+# selected.
 xdotool windowfocus --sync "$window"
 xdotool type --delay 50 31
 sleep 2 # for the picture only
@@ -82,7 +83,7 @@ xdotool mousemove $((X + WIDTH / 2)) $((Y + HEIGHT * 6 / 10)) click 1
 Await "details window" xdotool search --onlyvisible --name '^Hopcast - Details by Frequency - [0-2][0-9]:00$'
 details=$(xdotool search --onlyvisible --name '^Hopcast - Details by Frequency - ' | head -1)
 
-# A table is in both windows: many colours, not one.
+# Both windows hold a table, so their pictures have many colours.
 PictureTake() {
     import -window "$1" "$artefacts/$name-$2.png"
     [ "$(identify -format '%k' "$artefacts/$name-$2.png")" -gt 20 ]
@@ -97,7 +98,7 @@ import -window root "$artefacts/$name-screen.png"
 [ $((X + WIDTH)) -le "${screen%x*}" ] && [ $((Y + HEIGHT)) -le "${screen#*x}" ] ||
     Fail "the main window is larger than the screen"
 
-# The end saves what was typed.
+# Closing the program saves what was typed.
 xdotool windowfocus --sync "$window"
 xdotool key ctrl+q
 for n in $(seq 100); do

@@ -1,4 +1,4 @@
-/// What lies out of range at Update: no engine sees it, and the window says so.
+/// Values out of range at Update: no engine sees them, and the window says so.
 #include <gtest/gtest.h>
 
 #include <QTest>

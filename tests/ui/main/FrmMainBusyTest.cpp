@@ -1,4 +1,4 @@
-/// What is asked for while a run is under way waits for its end.
+/// Whatever is asked for while a run is under way waits for its end.
 #include <gtest/gtest.h>
 
 #include <QTest>
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Runs a prediction during which something happens once.
+/// Runs a prediction and calls fnDuring once during it.
 void UpdateWith(MainRig& rig, frmMain& frm, const std::function<void()>& fnDuring)
 {
     bool bDone = false;
@@ -171,7 +171,7 @@ TEST(FrmMainBusy, TheEndOfTheProgramClosesAnOpenBoxBeforeItsWindows)
     ASSERT_TRUE(frm.m_pMap);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(frm.m_pMap));
     frm.m_pMap->activateWindow();
-    MsgWindowInstall();  // real boxes; the rig's recorder puts the test's own back
+    MsgWindowInstall();  // real boxes; the rig's recorder restores the test's handler
     bool bBox = false;
     QTimer::singleShot(0, &frm, [&bBox, &frm] {
         bBox = QApplication::activeModalWidget() != nullptr;
@@ -182,7 +182,7 @@ TEST(FrmMainBusy, TheEndOfTheProgramClosesAnOpenBoxBeforeItsWindows)
     rig.m_engine.bFail = true;
     frm.m_pMap->mnuOverlayDraw->trigger();
     EXPECT_TRUE(bBox);
-    QApplication::closeAllWindows();  // as the program does until it has ended
+    QApplication::closeAllWindows();  // the program repeats this until it has ended
     EXPECT_FALSE(frm.isVisible());
     MainRig::EventsRun();
     EXPECT_FALSE(frm.m_pMap);

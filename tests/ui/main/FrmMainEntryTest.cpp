@@ -1,4 +1,4 @@
-/// The entry of positions, as far as the window has a part in it.
+/// The main window's part in entering positions.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -87,7 +87,7 @@ TEST(FrmMainEntry, ReturnPressesUpdate)
     EXPECT_FALSE(frm.cmdUpdate->isEnabled());
 }
 
-/// Types degrees and hemisphere of a field; the rest stays.
+/// Types the degrees and the hemisphere of a field; its minutes stay.
 void Type(LocationField* pField, const char* sDegrees, const char* sLetter)
 {
     pField->setFocus();
@@ -160,7 +160,7 @@ TEST(FrmMainEntry, ARowThatTheMapMovedGivesUpWhatWaitsThere)
     frmMain& frm = rig.Start();
     Type(frm.txtLat0, "11", "S");
     Type(frm.txtLat1, "12", "S");
-    frm.SettingsGet().m_dTxLat = 5.0;  // as the map's Apply does
+    frm.SettingsGet().m_dTxLat = 5.0;  // the map's Apply does this
     EXPECT_TRUE(frm.Update());
     EXPECT_NEAR(frm.m_settings.m_dRcLat, -11.0, 1e-9);
     EXPECT_DOUBLE_EQ(frm.m_settings.m_dTxLat, 5.0);

@@ -1,4 +1,4 @@
-/// What contacts are for: the chooser in the status line and the marks in the table.
+/// Needs: the chooser in the status line and the marks in the table.
 #include <gtest/gtest.h>
 
 #include <QMenu>
@@ -13,7 +13,7 @@ namespace {
 
 NeedChooser& Chooser(const frmMain& frm) { return *frm.findChild<NeedChooser*>(); }
 
-/// Chooses an entry of the menu by its beginning.
+/// Chooses the menu entry that begins with this text.
 void Take(const frmMain& frm, const QString& sBegin)
 {
     QMenu* pMenu = Chooser(frm).menu();
@@ -133,7 +133,7 @@ TEST(FrmMainNeed, TheStatusLineCountsTheWidthOfANeedThatIsChosenElsewhere)
     frmMain& frm = rig.Start();
     const auto Shared = [&frm](const std::string& sNeed) {
         frm.m_settings.m_sNeedSelected = sNeed;
-        frm.OverlayFailedSet({});  // shows the line anew
+        frm.OverlayFailedSet({});  // refreshes the line
         return frm.lblBest->isVisibleTo(frm.statusbar);
     };
     frm.m_settings.m_aNeed = {{"WWWWWWWWWWWWWWWW", 10.0F, ""}};

@@ -1,4 +1,4 @@
-/// The palette of the settings in the windows, and the key that switches Night.
+/// The palette of the settings in all windows, and the key that toggles Night.
 #include <gtest/gtest.h>
 
 #include <QClipboard>

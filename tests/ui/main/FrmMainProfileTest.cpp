@@ -1,4 +1,4 @@
-/// The profile commands, the save at the end, and profiles that are not as they should be.
+/// The profile commands, saving at the end, and damaged profiles.
 #include <gtest/gtest.h>
 
 #include <QTest>
@@ -88,7 +88,7 @@ TEST(FrmMainProfile, OpenMovesTheWindowToTheProfilesPlace)
     const QSize size = frm.frameGeometry().size();
     frm.mnuFileOpen->trigger();
     EXPECT_EQ(frm.frameGeometry().topLeft(), QPoint(10, 20));
-    EXPECT_EQ(frm.frameGeometry().size(), size);  // the keys that are missing leave theirs
+    EXPECT_EQ(frm.frameGeometry().size(), size);  // missing keys leave the size alone
 }
 
 TEST(FrmMainProfile, EndSavesSettingsListAndPlace)
@@ -141,7 +141,7 @@ TEST(FrmMainProfile, ReadOnlyProfileIsLeftAloneAndToldOnce)
     fs::permissions(rig.m_folder.Path(), fs::perms::all);
     fs::permissions(rig.m_sProfileFile, fs::perms::owner_read | fs::perms::others_read);
     frm.m_settings.m_dRcLat = 1.0;
-    frm.close();  // a file without any write bit is read-only for the superuser too
+    frm.close();  // without any write bit a file is read-only even for the superuser
     EXPECT_EQ(rig.m_msg.m_aShown.size(), 1u);
     EXPECT_EQ(BytesRead(rig.m_sProfileFile), sBytes);
     EXPECT_FALSE(frm.isVisible());
@@ -307,7 +307,7 @@ TEST(FrmMainProfile, AProfileThatCannotBeReadLeavesWhatWaitsAndTheUndo)
     frm.m_settings.m_dRcLat = 21.0;
     EXPECT_TRUE(frm.Update());
     frm.mnuFileDefault->trigger();
-    rig.m_msg.m_aShown.clear();  // the folders of a machine without Airmail
+    rig.m_msg.m_aShown.clear();  // from the search on a machine without Airmail
     EXPECT_DOUBLE_EQ(frm.m_settings.m_dRcLat, 24.0);
     fs::create_directories(rig.m_folder.Path("folder.ini"));
     rig.m_sAnswer = QString::fromStdString(rig.m_folder.Path("folder.ini"));
@@ -318,7 +318,7 @@ TEST(FrmMainProfile, AProfileThatCannotBeReadLeavesWhatWaitsAndTheUndo)
     frm.mnuFileOpen->trigger();
     EXPECT_NEAR(frm.m_settings.m_dTxLat, 12.0, 1e-9);
     EXPECT_EQ(frm.txtLat1->text(), sTyped);
-    frm.m_settings.m_dTxLat = 38.0;  // no setting is changed any more
+    frm.m_settings.m_dTxLat = 38.0;  // now no setting differs
     Q_EMIT frm.mnuFile->aboutToShow();
     EXPECT_TRUE(frm.mnuFileUndoDefault->isEnabled());
     frm.mnuFileUndoDefault->trigger();

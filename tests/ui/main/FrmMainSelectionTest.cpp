@@ -1,4 +1,4 @@
-/// Cells picked by mouse and keys, the View menu, the details window that follows.
+/// Cells picked with mouse and keys, the View menu, and the details window that follows.
 #include <gtest/gtest.h>
 
 #include <QContextMenuEvent>
@@ -79,7 +79,7 @@ TEST(FrmMainSelection, EnterPicksTheCurrentCell)
     MainRig rig;
     frmMain& frm = rig.Start();
     frm.grdData->setFocus();
-    frm.grdData->CurrentSet(2, 13);  // moved by no key
+    frm.grdData->CurrentSet(2, 13);  // current, but not by a key
     SelectedExpect(frm, 1, 14);
     QTest::keyClick(frm.grdData, Qt::Key_Return);
     SelectedExpect(frm, 2, 13);

@@ -1,4 +1,4 @@
-/// Creation, first showing, other windows, end.
+/// Creation, first showing, other windows, and the end.
 #include <gtest/gtest.h>
 
 #include <QAccessible>
@@ -64,7 +64,7 @@ TEST(FrmMainStart, WithoutProfileAndAirmailTheDefaultsAreInForceAndOneBoxTellsWh
     EXPECT_FALSE(frm.lblOld->isVisible());
 }
 
-/// What the first table and status line of a machine without Airmail are made with.
+/// The values in the first table and status line on a machine without Airmail.
 void HonestTableExpect(const MainRig& rig, const frmMain& frm)
 {
     EXPECT_EQ(frm.lblInForce->toolTip(),
@@ -73,7 +73,7 @@ void HonestTableExpect(const MainRig& rig, const frmMain& frm)
     EXPECT_NE(rig.m_engine.asDeck.back().find("62"), std::string::npos);
     EXPECT_EQ(frm.TableGet().request.fSunSpotNumber, 62.0F);
     EXPECT_EQ(frm.TableGet().request.fPower, 100.0F);
-    // The engine's 50 dB are those of the deck's 5 kW.
+    // The engine's 50 dB are for the 5 kW of its deck.
     EXPECT_EQ(frm.grdData->TextGet(3, 1), QStringLiteral("33"));
 }
 

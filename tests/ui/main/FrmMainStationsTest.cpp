@@ -10,7 +10,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Captions of a submenu's visible items, as read.
+/// Captions of a submenu's visible items, as a user reads them.
 QStringList ItemsGet(const QMenu* pMenu)
 {
     QStringList asText;
@@ -136,7 +136,7 @@ TEST(FrmMainStations, SubmenusStartWithOneItemThatTheFirstStationTakes)
     EXPECT_TRUE(ItemsGet(frm.mnuTransmitter->mnuTransmitterOther).isEmpty());
 }
 
-/// Opens the menu of ham stations as keys do, and stands on its last item.
+/// Opens the menu of ham stations with keys and goes to its last item.
 QMenu* HamOpenByKeys(frmMain& frm)
 {
     QTest::mouseClick(frm.cmdTxAirmail, Qt::LeftButton);
@@ -227,8 +227,8 @@ TEST(FrmMainStations, UnreadableFileGreysItsSubmenuUntilALaterOneOfItsKind)
 
 TEST(FrmMainStations, FilesOfOneKindFollowOneAnotherAroundAnUnreadableOne)
 {
-    // Three of the "Other" kind in whatever order the folder gives them; the bad one decides about
-    // the submenu only when it comes last.
+    // There are three files of the kind "Other", in whatever order the folder lists them; the bad
+    // one disables the submenu only if it is the last.
     MainRig rig;
     rig.AirmailWrite("System.A.ini", "[Station Info]\nA1=JJ00:One\nA2=JJ01:Two\n");
     rig.AirmailWrite("System.B.ini", "rubbish\n");
@@ -271,7 +271,7 @@ TEST(FrmMainStations, TypingATransmitterTakesTheStationsNameAway)
     ItemFind(frm.mnuTransmitter->mnuTransmitterHam, QStringLiteral("W1AW - Newington"))->trigger();
     frm.txtLat0->setFocus();
     QTest::keyClicks(frm.txtLat0, QStringLiteral("1"));
-    EXPECT_EQ(frm.windowTitle(), QStringLiteral("Hopcast - W1AW - Newington"));  // the receiver's
+    EXPECT_EQ(frm.windowTitle(), QStringLiteral("Hopcast - W1AW - Newington"));  // receiver typed
     frm.txtLon1->setFocus();
     QTest::keyClicks(frm.txtLon1, QStringLiteral("1"));
     EXPECT_EQ(frm.windowTitle(), QStringLiteral("Hopcast"));

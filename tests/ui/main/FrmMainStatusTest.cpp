@@ -1,4 +1,4 @@
-/// The status line: what is in force, what went wrong, the best frequency.
+/// The status line: what is in force, what went wrong, and the best frequency.
 #include <gtest/gtest.h>
 
 #include <QLabel>

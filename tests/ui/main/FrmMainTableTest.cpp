@@ -1,4 +1,4 @@
-/// The table as it is shown: labels, texts, colours, tooltips, speech.
+/// The table as shown: labels, texts, colours, tooltips, speech.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -84,7 +84,7 @@ TEST_P(FrmMainZone, LocalHoursFollowTheComputersZone)
     EXPECT_EQ(frm.grdData->TextGet(0, 1), QString::fromLatin1(GetParam().sFirst));
     EXPECT_EQ(HoursGet(frm).indexOf(QLatin1String(GetParam().sZero)) + 1, GetParam().iZeroColumn);
     EXPECT_EQ(frm.lblTime->text(), QString::fromLatin1(GetParam().sClock));
-    // The selected column is the UTC hour's, whatever its label.
+    // The selected column is that of the UTC hour, whatever its label.
     EXPECT_EQ(frm.DataGetSelected().iHour, GetParam().dtUtc.nHour + 1);
 }
 
@@ -102,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(Zones, FrmMainZone, testing::Values(
     ZoneCase{"utc_plus_5_45", {2026, 11, 21, 13, 5, 0}, {2026, 11, 21, 18, 50, 0}, "05:45", 20, "00:45", "Local: 18:50"}));
 // clang-format on
 
-/// Chatham Islands, a quarter to the hour.
+/// The Chatham Islands, 13 hours 45 minutes ahead of UTC.
 struct QuarterRig : MainRig {
     QuarterRig()
     {
@@ -277,7 +277,7 @@ TEST(FrmMainTable, ToolTipShowsAfreshAtEachNewPosition)
     frmMain& frm = rig.Start();
     CellMouseMove(*frm.grdData, {6, 4});
     ToolTipRecorder recorder(frm.grdData);
-    CellMouseMove(*frm.grdData, {6, 4});  // not moved
+    CellMouseMove(*frm.grdData, {6, 4});  // the same point again
     EXPECT_TRUE(recorder.m_asText.isEmpty());
     CellMouseMove(*frm.grdData, {6, 4}, {1, 1});
     EXPECT_EQ(recorder.m_asText, (QStringList{QString(), QStringLiteral("Signal-to-Noise (dB)")}));
@@ -317,7 +317,7 @@ TEST(FrmMainTable, LegendShowsEachBandInItsColour)
         asBand.append(pBand->text());
         if (!pBand->autoFillBackground())
             continue;
-        const float fSnr = pBand->text().remove(QLatin1Char('+')).toFloat();  // "< 40" is 0
+        const float fSnr = pBand->text().remove(QLatin1Char('+')).toFloat();  // "< 40" becomes 0
         EXPECT_EQ(pBand->palette().color(QPalette::Window), ColorFromBgr(frm.SnrGetColor(fSnr)));
     }
     EXPECT_EQ(asBand.join(QLatin1Char('|')),

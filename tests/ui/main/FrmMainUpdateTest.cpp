@@ -1,4 +1,4 @@
-/// The road from a command to the table.
+/// The steps from a command to the table.
 #include <gtest/gtest.h>
 
 #include <QLabel>
@@ -32,7 +32,7 @@ TEST(FrmMainUpdate, TakesItsStepsInOrder)
         EXPECT_EQ(frm.txtLat0->text(), QStringLiteral("10°00.00'N"));
         EXPECT_DOUBLE_EQ(frm.m_pMap->m_posRc.dLat, 10.0);
         EXPECT_NE(frm.m_pOptions->txtFrequency->toPlainText().indexOf(QStringLiteral("5000")), -1);
-        EXPECT_EQ(frm.grdData->TextGet(1, 1), QStringLiteral("2"));  // not filled yet
+        EXPECT_EQ(frm.grdData->TextGet(1, 1), QStringLiteral("2"));  // still the old value
     };
     rig.m_engine.fnSnr = [](int, int) { return 44.0; };
     EXPECT_TRUE(frm.Update());
@@ -73,7 +73,7 @@ TEST(FrmMainUpdate, LeavesTheFocusWhereItWas)
     MainRig rig;
     frmMain& frm = rig.Start();
     frm.txtLon1->setFocus();
-    rig.m_engine.fnDuring = [&] { frm.txtLat0->setFocus(); };  // something takes it meanwhile
+    rig.m_engine.fnDuring = [&] { frm.txtLat0->setFocus(); };  // takes the focus during the run
     EXPECT_TRUE(frm.Update());
     EXPECT_TRUE(frm.txtLon1->hasFocus());
 }
@@ -86,7 +86,7 @@ TEST(FrmMainUpdate, ButtonLivesWhileTypedPositionsWait)
     rig.Start();
     EXPECT_FALSE(frm.cmdUpdate->isEnabled());
     frm.txtLat0->setFocus();
-    QTest::keyClicks(frm.txtLat0, QStringLiteral("x"));  // dropped
+    QTest::keyClicks(frm.txtLat0, QStringLiteral("x"));  // refused
     EXPECT_FALSE(frm.cmdUpdate->isEnabled());
     QTest::keyClicks(frm.txtLat0, QStringLiteral("3"));
     EXPECT_TRUE(frm.cmdUpdate->isEnabled());
@@ -178,7 +178,7 @@ TEST(FrmMainUpdate, FailureKeepsTheGridAndClearsTheSelection)
     EXPECT_TRUE(frm.grdData->RedrawGet());
     EXPECT_TRUE(frm.grdData->StaleGet());
     EXPECT_TRUE(frm.lblOld->isVisible());
-    EXPECT_EQ(rig.m_msg.m_aShown.size(), 2u);  // one per chunk of frequencies
+    EXPECT_EQ(rig.m_msg.m_aShown.size(), 2u);  // one for each chunk of frequencies
     EXPECT_NE(frm.lblTrouble->text(), QString());
 }
 
@@ -188,7 +188,7 @@ TEST(FrmMainUpdate, UpdateButtonLivesAfterEveryFailedRun)
     frmMain& frm = rig.Start();
     EXPECT_FALSE(frm.cmdUpdate->isEnabled());
     rig.m_engine.bFail = true;
-    EXPECT_FALSE(frm.Update());  // not the button's own
+    EXPECT_FALSE(frm.Update());  // not through the button
     EXPECT_TRUE(frm.cmdUpdate->isEnabled());
     rig.m_engine.bFail = false;
     EXPECT_TRUE(frm.Update());
@@ -198,7 +198,7 @@ TEST(FrmMainUpdate, UpdateButtonLivesAfterEveryFailedRun)
     EXPECT_TRUE(frm.cmdUpdate->isEnabled());
 }
 
-/// Another list and an engine that is not there.
+/// Chooses another list, and an engine that is not installed.
 void ListAndEngineChange(MainRig& rig, frmMain& frm)
 {
     frm.m_settings.m_nData = 3;
@@ -414,7 +414,7 @@ TEST(FrmMainUpdate, MissingSunspotNumberRefusesThePrediction)
                              "hopcast.ini"));
     frm.resize(1200, 600);
     MainRig::EventsRun();
-    for (const QLabel* pLabel : {frm.lblTrouble, frm.lblInForce})  // nothing cut
+    for (const QLabel* pLabel : {frm.lblTrouble, frm.lblInForce})  // nothing is cut off
         EXPECT_GE(pLabel->width(), pLabel->fontMetrics().horizontalAdvance(pLabel->text()));
 }
 
@@ -453,7 +453,7 @@ TEST(FrmMainUpdate, FrequencyListIsReadBackFromItsRoundedLabels)
     EXPECT_EQ(frm.grdData->TextGet(3, 0), QStringLiteral("7051"));
     EXPECT_EQ(frm.FrequencyGet(3), 7051.0F);
     EXPECT_EQ(frm.FrequencyGet(4), 7050.0F);
-    // 7.0496 MHz would be written as 7.0; the label's 7.05 is 7.1.
+    // 7.0496 MHz would be written as 7.0, but the label's 7.05 becomes 7.1.
     const std::string& sDeck = rig.m_engine.asDeck.at(rig.m_engine.asDeck.size() - 2);
     EXPECT_EQ(sDeck.find("  7.0"), std::string::npos);
     EXPECT_NE(sDeck.find("  7.1  7.1"), std::string::npos) << sDeck;
@@ -467,7 +467,7 @@ TEST(FrmMainUpdate, EmptyFrequencyListFailsWithoutTouchingTheEngine)
     frm.m_settings.m_nData = 0;
     EXPECT_FALSE(frm.Update());
     EXPECT_EQ(rig.m_engine.nStarts, 0);
-    EXPECT_EQ(frm.grdData->RowsGet(), 16);  // of the table that is shown
+    EXPECT_EQ(frm.grdData->RowsGet(), 16);  // the rows of the table that is shown
     EXPECT_EQ(frm.lblTrouble->text(),
               QStringLiteral("No frequencies to predict: Options, Frequency"));
 }
@@ -511,7 +511,7 @@ TEST(FrmMainUpdate, DefaultResetsEverySettingAndPredicts)
     EXPECT_TRUE(frm.m_settings.m_bPropagationSunSpotNumber);
     EXPECT_EQ(frm.txtLat1->text(), QStringLiteral("38°00.00'N"));
     EXPECT_EQ(BytesRead(rig.m_sProfileFile), sProfile);
-    // The Airmail folders are back at their default too, where this machine has no Airmail.
+    // The Airmail folders, too, are reset to their default, where this machine has no Airmail.
     ASSERT_EQ(rig.m_msg.m_aShown.size(), 1u);
     EXPECT_EQ(rig.m_engine.nStarts, 0);
     EXPECT_NE(frm.lblTrouble->text().indexOf(QStringLiteral("clear Auto")), -1);

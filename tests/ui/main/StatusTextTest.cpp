@@ -156,7 +156,7 @@ TEST(StatusTrouble, SaysEveryKindInAUsersWordsFirst)
                   sWords);
 }
 
-/// The rows of the guide's table of what is wrong begin with what the status line says.
+/// Rows of the guide's table of problems begin with the status line's texts.
 TEST(StatusTrouble, OfEveryKindIsExplainedInTheGuide)
 {
     using enum FailureKind;

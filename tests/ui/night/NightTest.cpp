@@ -1,5 +1,5 @@
 /// Night: every window, box, menu, tip and list of the program is red on black. Each is opened,
-/// grabbed, and looked at pixel by pixel; the pictures are kept in the build's folder
+/// grabbed and checked pixel by pixel; the pictures are kept in the build's folder
 /// "pictures/night".
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ protected:
                            "[Station Info]\nKQ6XA=CM87:San Luis; 7103.0\nW1AW=FN31:Newington\n");
         m_rig.m_folder.Write("hopcast.places.csv", std::string(kOwnPlacesHead) + "\nHome,JN47,,\n");
         m_rig.m_engine.fnSnr = [](int iHour, int iFrequency) {
-            return 20.0 + 3.0 * iHour - iFrequency;  // all bands
+            return 20.0 + 3.0 * iHour - iFrequency;  // covers all bands
         };
     }
     ~Night() override
@@ -52,7 +52,7 @@ protected:
     }
     frmMain& Start() { return m_rig.Start(); }
 
-    /// One window or popup as it is seen.
+    /// Checks one window or popup as it is shown.
     static void DarkIs(QWidget& window, const std::string& sName)
     {
         MainRig::EventsRun();
@@ -77,7 +77,7 @@ protected:
         EXPECT_LE(nMost, kNightMost) << sName << " at " << ptMost.x() << "," << ptMost.y();
         EXPECT_GT(nRed, 200) << sName << " shows nothing";
     }
-    /// Everything that is open: windows, menus, lists, tips.
+    /// Checks everything that is open: windows, menus, lists, tips.
     static int AllDarkAre(const std::string& sName)
     {
         MainRig::EventsRun();
@@ -148,7 +148,7 @@ TEST_F(Night, TheMapWithEverythingOnItAndItsMenus)
     MenuDarkIs(map.mnuOverlayFrequency, "map_menu_frequency");
     MenuDarkIs(map.mnuOverlayTime, "map_menu_time");
     MenuDarkIs(map.mnuMap, "map_menu");
-    // Cells are painted by the map's own tests; here the outlines.
+    // Cells are covered by the map's own tests; this is the outline map.
     m_rig.m_msg.m_aShown.clear();
     map.mnuOverlayDraw->trigger();
     DarkIs(map, "map_outlines");
@@ -188,7 +188,7 @@ TEST_F(Night, About)
 TEST_F(Night, ThePlanningWindows)
 {
     frmMain& frm = Start();
-    frm.mnuFilePrintCard->trigger();  // from a planning window it would print that
+    frm.mnuFilePrintCard->trigger();  // a planning window would print itself
     ASSERT_TRUE(frm.m_pCard);
     DarkIs(*frm.m_pCard, "card");
     frm.mnuPlanReach->trigger();

@@ -1,4 +1,4 @@
-// The dialog that reads a forecast, and what the options show of it.
+// The dialog that reads a forecast, and what the options show of it afterwards.
 #include <QClipboard>
 
 #include "settings/ForecastFile.h"
@@ -26,13 +26,13 @@ protected:
         m_host.m_settings.m_sProfileFile = m_folderProfile.Path("hopcast.ini");
         m_host.m_settings.m_bPropagationSunSpotNumber = false;
     }
-    /// The dialog behind the button of the tab Model.
+    /// The dialog that the button on the tab Model opens.
     frmForecast& Dialog()
     {
         if (!m_pForm)
             Open(kTabModel);
         Press(m_pForm->cmdForecast);
-        const auto apDialog = m_pForm->findChildren<frmForecast*>();  // a closed one ends later
+        const auto apDialog = m_pForm->findChildren<frmForecast*>();  // closed ones go later
         EXPECT_TRUE(apDialog.last()->isVisible());
         return *apDialog.last();
     }

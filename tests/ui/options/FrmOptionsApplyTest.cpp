@@ -1,4 +1,4 @@
-// Buttons: what each copies, when, and what a bad entry does.
+// The buttons: what each copies and when, and what a bad entry does.
 #include <algorithm>
 
 #include "settings/SettingsTable.h"
@@ -34,7 +34,7 @@ TEST_P(FrmOptionsBox, OutOfRangeIsToldLikeATextThatIsNoNumber)
     const SettingRow& row = SettingRowGet(GetParam().pMember);
     const NumberRange range = row.range;
     if (row.eRule == RangeRule::Any)
-        return;  // the map's least SNR takes every number
+        return;  // the map's least SNR accepts every number
     const frmOptions& frm = Open(GetParam().iTab);
     const float fBefore = ValueGet();
     for (const double dValue : {range.dLeast - 0.5, range.dMost + 0.5}) {
@@ -197,7 +197,7 @@ TEST_F(FrmOptions, ABadNumberKeepsEveryTabFromBeingCopied)
     const frmOptions& frm = Open(kTabModel);
     Type(frm.txtPropagationNoiseLevel, Q("-150"));
     Press(frm.optPropagationModel2);
-    Type(frm.txtPropagationTakeoffAngle, Q("?"));  // the last box that is looked at
+    Type(frm.txtPropagationTakeoffAngle, Q("?"));  // the last box to be checked
     frm.SSTab->setCurrentIndex(kTabMap);
     Type(frm.txtMapOverlayGridSize, Q("50"));
     frm.SSTab->setCurrentIndex(kTabTime);
@@ -287,7 +287,7 @@ TEST_F(FrmOptions, DefaultSettingsResetAtOnceAndFillEveryTab)
     settings.m_fPropagationNoiseLevel = -160.0F;
     AirMailDataFolderSet("D:\\Mail");
     const frmOptions& frm = Open(kTabModel);
-    m_host.m_fnUpdate = {};  // what is shown is the dialog's own doing
+    m_host.m_fnUpdate = {};  // what is shown must come from the dialog itself
     Type(frm.txtPropagationTakeoffAngle, Q("rubbish"));
     Press(frm.cmdDefault);
     EXPECT_EQ(m_host.m_asCalls, (std::vector<std::string>{"Initialize", "Update"}));
@@ -478,7 +478,7 @@ TEST_F(FrmOptions, ABandFillsAnEmptyLastLine)
     EXPECT_EQ(frm.txtFrequency->toPlainText(), Q("1900"));
 }
 
-// While the main window's run lets events through
+// While the main window's run processes events
 
 TEST_F(FrmOptions, ButtonsWaitForTheEndOfTheRun)
 {

@@ -1,6 +1,5 @@
 /// @file FrmOptionsFixture.h
-/// An options dialog beside a recording main window, on an Airmail folder and an engine root of the
-/// test's own.
+/// An options dialog with a recording main window, an Airmail folder and an engine root of its own.
 #pragma once
 
 #include <QPointer>
@@ -21,7 +20,7 @@ class FrmOptions : public AirMailFixture {
 protected:
     ~FrmOptions() override { delete m_pForm; }
 
-    /// Opens the dialog as the main window does: made, shown, active, on a tab.
+    /// Opens the dialog as the main window does: shown, active, and on the given tab.
     frmOptions& Open(int iTab = kTabAirmail)
     {
         m_pForm = new frmOptions(m_host);
@@ -29,18 +28,18 @@ protected:
         m_pForm->TabShow(iTab);
         m_pForm->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(m_pForm));
-        // The real main window has an open dialog filled anew by each run.
+        // In the real main window each run fills an open dialog again.
         m_host.m_fnUpdate = [this] { Q_EMIT m_host.SettingsSignalGet().Changed(); };
         return *m_pForm;
     }
-    /// True once the dialog is gone; waits for its destruction.
+    /// Waits for the dialog's destruction. @return true once it is gone
     bool GoneIs()
     {
         return QTest::qWaitFor([this] { return m_pForm.isNull(); }, 2000);
     }
     void FrequenciesType(const QString& sText) const { ::FrequenciesType(*m_pForm, sText); }
     [[nodiscard]] QLineEdit* BoxGet(const char* sName) const { return ::BoxGet(*m_pForm, sName); }
-    /// Runs of the main window asked for.
+    /// How many runs were requested of the main window.
     [[nodiscard]] int UpdatesGet() const
     {
         int nUpdates = 0;

@@ -7,7 +7,7 @@ namespace {
 
 QString Q(const char* sText) { return QString::fromUtf8(sText); }
 
-/// A caption as read: without the mnemonic's mark.
+/// A caption as a user reads it, without the mnemonic's mark.
 QString Caption(QString sText) { return sText.remove(u'&'); }
 
 struct TooltipCase {
@@ -340,7 +340,7 @@ TEST_F(FrmOptions, EscapeIsCancelEverywhere)
     EXPECT_TRUE(m_host.m_asCalls.empty());
 }
 
-/// Object names that Tab walks through, from the tab bar until it is back.
+/// Names of the controls that Tab visits, from the tab bar until it is back.
 QStringList TabWalk(const frmOptions& frm)
 {
     frm.SSTab->tabBar()->setFocus();
@@ -418,7 +418,7 @@ TEST_F(FrmOptions, MnemonicsReachTheirControls)
     }
     frm.TabShow(kTabModel);
     QTest::keyClick(&frm, Qt::Key_V, Qt::AltModifier);
-    // A button pressed by its mnemonic goes down for a moment before it acts.
+    // A button pressed by its mnemonic stays down for a moment before it acts.
     EXPECT_TRUE(QTest::qWaitFor([&] { return frm.optPropagationModel2->isChecked(); }, 2000));
     QTest::keyClick(&frm, Qt::Key_A, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return UpdatesGet() == 1; }, 2000));
@@ -430,7 +430,7 @@ TEST_F(FrmOptions, NoLetterIsTwoMnemonicsOfOneTab)
     frmOptions& frm = Open();
     for (int iTab = 0; iTab < 7; ++iTab) {
         frm.TabShow(iTab);
-        QSet<QString> aTaken{Q("Alt+T")};  // the tab Station
+        QSet<QString> aTaken{Q("Alt+T")};  // the mnemonic of the tab Station
         for (const QWidget* pWidget : frm.findChildren<QWidget*>()) {
             if (!pWidget->isVisible())
                 continue;

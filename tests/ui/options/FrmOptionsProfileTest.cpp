@@ -1,4 +1,4 @@
-// Every member that the dialog shows: through the dialog, a saved profile and a new start.
+// Every member that the dialog shows survives the dialog, a saved profile and a restart.
 #include "settings/ProfileLib.h"
 #include "support/MsgRecorder.h"
 #include "ui/options/FrmOptionsFixture.h"

@@ -1,4 +1,4 @@
-// The tab Station: own power, list of needs; and what the antenna choice says.
+// The tab Station: own power and list of needs; and the hint of the antenna choice.
 #include "ui/options/FrmOptionsFixture.h"
 
 namespace {

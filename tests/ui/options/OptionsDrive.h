@@ -1,5 +1,5 @@
 /// @file OptionsDrive.h
-/// The options dialog's controls as the user works them, with mouse and keys.
+/// Works the controls of the options dialog as a user does, with mouse and keys.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,14 +13,14 @@ inline void Press(QAbstractButton* pButton)
     QTest::mouseClick(pButton, Qt::LeftButton, {}, QPoint(8, pButton->height() / 2));
 }
 
-/// Presses a check box unless it is clear.
+/// Clears a check box with the mouse.
 inline void Clear(QCheckBox* pBox)
 {
     if (pBox->isChecked())
         Press(pBox);
 }
 
-/// Replaces the text of a box by keys.
+/// Replaces the text of a box with keys.
 inline void Type(QLineEdit* pBox, const QString& sText)
 {
     pBox->setFocus();
@@ -29,7 +29,7 @@ inline void Type(QLineEdit* pBox, const QString& sText)
     QTest::keyClicks(pBox, sText);
 }
 
-/// Chooses an entry by keys.
+/// Chooses an entry with keys.
 inline void Choose(QComboBox* pCombo, int iIndex)
 {
     pCombo->setFocus();
@@ -85,14 +85,15 @@ inline constexpr NumberBoxCase kNumberBoxes[] = {
 };
 // clang-format on
 
-/// A number for a box, in its range and no other box's: "1.05", "1.1" ...; of the noise negative.
+/// A number within the box's range that no other box has: "1.05", "1.1" ...; negative for the
+/// noise.
 inline QString BoxNumberGet(const NumberBoxCase& c, int nBox)
 {
     const bool bNoise = c.pMember == &Settings::m_fPropagationNoiseLevel;
     return bNoise ? QStringLiteral("-150.5") : QString::number(1 + nBox / 20.0);
 }
 
-/// Gives every control that is copied a value that is not its default.
+/// Gives every control whose value is copied a value other than its default.
 inline void EveryControlChange(frmOptions& frm)
 {
     frm.TabShow(kTabModel);
@@ -118,7 +119,7 @@ inline void EveryControlChange(frmOptions& frm)
     FrequenciesType(frm, QStringLiteral("3900\n7250\n14300"));
 }
 
-/// The same values as they are after a profile and a new start.
+/// Expects the same values after saving a profile and a restart.
 inline void EveryControlIsRestored(const frmOptions& frm)
 {
     EXPECT_TRUE(frm.optPropagationModel1->isChecked());
@@ -134,7 +135,8 @@ inline void EveryControlIsRestored(const frmOptions& frm)
     int nBox = 0;
     for (const NumberBoxCase& c : kNumberBoxes) {
         QString sExpected = BoxNumberGet(c, ++nBox);
-        // Written under one key and read under another: back at their defaults.
+        // These are written under one key and read under another, so they are back at their
+        // defaults.
         if (c.pMember == &Settings::m_fPropagationReliability)
             sExpected = QStringLiteral("50");
         if (c.pMember == &Settings::m_fPropagationMultipathPower)

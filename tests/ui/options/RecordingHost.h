@@ -1,5 +1,5 @@
 /// @file RecordingHost.h
-/// A main window that only remembers what a secondary window asked of it.
+/// A main window that only records what a secondary window asks of it.
 #pragma once
 
 #include <functional>
@@ -18,7 +18,7 @@ public:
         m_asCalls.emplace_back("Initialize");
         SettingsDefaultSet(m_settings);
     }
-    /// Keeps the settings of this moment, then lets the test act as the real window does.
+    /// Keeps a copy of the settings, then lets the test act like the real window.
     bool Update() override
     {
         m_asCalls.emplace_back("Update");
@@ -47,8 +47,8 @@ public:
     void OverlayFailedSet(const std::optional<Failure>& /*failure*/) override {}
 
     Settings m_settings;
-    Settings m_atUpdate;                 ///< as the last Update found them
-    std::vector<std::string> m_asCalls;  ///< in order, but for reading ones
+    Settings m_atUpdate;                 ///< at the last Update
+    std::vector<std::string> m_asCalls;  ///< in order, without those that only read
     std::function<void()> m_fnUpdate;
     bool m_bUpdateResult = true;
 };

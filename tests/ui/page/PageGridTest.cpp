@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A reader of comma-separated values apart from the writer (RFC 4180).
+/// A reader of comma-separated values (RFC 4180), independent of the writer.
 std::vector<QStringList> CsvRead(const QString& sText)
 {
     std::vector<QStringList> aLine(1);
@@ -32,7 +32,7 @@ std::vector<QStringList> CsvRead(const QString& sText)
     return aLine;
 }
 
-/// The texts of a grid, titles first.
+/// The texts of a grid, headers first.
 std::vector<QStringList> TextsGet(const PageGrid& grid)
 {
     std::vector<QStringList> aLine{grid.asCorner + grid.asColumn};

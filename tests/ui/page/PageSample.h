@@ -1,5 +1,5 @@
 /// @file PageSample.h
-/// A page like a card: 24 hours, a number of frequencies, long names.
+/// A page like a card: 24 hours, some frequencies, long names.
 #pragma once
 
 #include "ui/page/Page.h"

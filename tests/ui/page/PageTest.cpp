@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int kAround = 60;  // pixels of nothing round the page
+constexpr int kAround = 60;  // an empty margin round the page
 
 QImage Painted(const Page& page, QSize size, PageLook eLook)
 {
@@ -18,7 +18,7 @@ QImage Painted(const Page& page, QSize size, PageLook eLook)
     return image;
 }
 
-/// The smallest rectangle with everything that is not white.
+/// The smallest rectangle that contains everything not white.
 QRect InkGet(const QImage& image)
 {
     QRect rct;
@@ -36,7 +36,7 @@ TEST_P(PageOnPaper, NothingIsPaintedBeyondThePage)
     for (const int nFrequencies : {1, 7, 15}) {
         const QImage image = Painted(SamplePage(nFrequencies), GetParam(), PageLook::Colour);
         const QRect rctPage(QPoint(kAround, kAround), GetParam());
-        // A frame's line is half outside.
+        // Half of a frame's line is outside.
         EXPECT_TRUE(rctPage.adjusted(-1, -1, 1, 1).contains(InkGet(image))) << nFrequencies;
         EXPECT_GT(InkGet(image).height(), rctPage.height() * 9 / 10) << "the foot is at the bottom";
     }
@@ -54,7 +54,8 @@ TEST_P(PageOnPaper, ThePictureGetsTheRoomThatIsLeft)
     EXPECT_GT(aRect[0].height(), 80.0);
 }
 
-// A4 and Letter, upright and lying, at 100 dots per inch without their margins; a small preview.
+// A4 and Letter, portrait and landscape, at 100 dots per inch without their margins; and a small
+// preview.
 INSTANTIATE_TEST_SUITE_P(Papers, PageOnPaper,
                          testing::Values(QSize(732, 1074), QSize(1074, 732), QSize(756, 1006),
                                          QSize(1006, 756), QSize(380, 540)));
@@ -110,7 +111,7 @@ TEST(Page, CellsHaveTheirColours)
     EXPECT_EQ(Count(PageLook::BlackWhite, QColor(10, 20, 200)), 0);
 }
 
-/// The part of the picture where the only cell's number stands.
+/// The part of the picture with the number of the only cell.
 QImage NumberGet(const PageCell& cell)
 {
     Page page;
@@ -148,7 +149,7 @@ TEST(Page, HatchingStandsRoundANumberNeverBehindIt)
 {
     const PageCell strong{QStringLiteral("1"), QColor(), true, false};
     const PageCell weak{QStringLiteral("1"), QColor(), false, false};
-    // The thin number is no darker than the bold one: no line crosses its place.
+    // The thin number is no darker than the bold one, so no line crosses it.
     EXPECT_LE(DarkCount(NumberGet(weak)), DarkCount(NumberGet(strong)));
     EXPECT_GT(DarkCount(NumberGet(weak)), 0);
 
