@@ -154,7 +154,7 @@ TEST(MapColors, TheDarkVariantHasEveryBorderOfThePlainMap)
 TEST(MapColors, ByNightTheWorldAndItsLabelsAreReds)
 {
     QImage img = WorldMake();
-    img.setPixel(0, 0, kInk);  // a letter on its plate
+    img.setPixel(0, 0, kInk);  // a letter and its plate
     img.setPixel(1, 0, kMapBackground);
     const QImage imgNight = MapPictureShown(img, {false, true, Palette::Night});
     std::set<QRgb> aSeen;
@@ -180,7 +180,7 @@ TEST(MapColors, ARubberBandIsSeenInTheDark)
               4.5);
 }
 
-/// A desktop's palette while it lives.
+/// Sets a desktop's window colour while the object exists.
 class Desktop {
 public:
     explicit Desktop(const QColor& clrWindow)

@@ -1,4 +1,4 @@
-// The map's day on an engine that answers area by area.
+// The map's day with an engine that answers area by area.
 #include "MapDayFakes.h"
 
 namespace {
@@ -90,7 +90,7 @@ TEST_F(MapDay, ProgressIsToldAndEscapeStopsTheWorkAndKeepsWhatIsThere)
     EXPECT_EQ(m_pMap->barHour->lblWork->text(), QStringLiteral("stopped"));
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_pEngine->m_nStopped == 1; }));
     EXPECT_TRUE(TipAt({300, 200}).contains(QStringLiteral(" kHz, Snr ")));
-    HourKey(Qt::Key_Right);  // asks for it again, from there on
+    HourKey(Qt::Key_Right);  // asks again from there on
     m_pEngine->Let(kAll);
     ASSERT_TRUE(TitleBecomes(QStringLiteral("Best Frequency @ 07:00")));
     ASSERT_TRUE(RunsBecome(kAll)) << "no run twice";
@@ -144,7 +144,7 @@ TEST_F(MapDay, AnotherNeedIsJudgedWithoutARun)
     ASSERT_TRUE(RunsBecome(kAll));
     ASSERT_TRUE(TitleBecomes(QStringLiteral("Hours Open a Day")));
     const QString sBefore = TipAt({300, 200});
-    m_host.m_settings.m_sNeedSelected = "AM broadcast";  // 62 dB: never
+    m_host.m_settings.m_sNeedSelected = "AM broadcast";  // 62 dB is never reached
     Q_EMIT m_host.SettingsSignalGet().NeedChosen();
     EXPECT_NE(TipAt({300, 200}), sBefore);
     EXPECT_TRUE(TipAt({300, 200}).contains(QStringLiteral(", 0 hours open")));
@@ -214,7 +214,7 @@ TEST_F(MapDay, ARubberBandLeavesNothingBehindInAPictureThatWasRenewedBelowIt)
     };
     QTest::mousePress(m_pMap->pctMap, Qt::LeftButton, {}, {300, 200});
     Move({400, 300});
-    HourKey(Qt::Key_Right);  // as the play does
+    HourKey(Qt::Key_Right);  // as playing does
     EXPECT_EQ(m_pMap->pctMap->m_img, img);
     Move({310, 210});
     QTest::mouseRelease(m_pMap->pctMap, Qt::LeftButton, {}, {310, 210});
@@ -289,7 +289,8 @@ TEST_F(MapDay, TheListAndTheSunspotNumberAreThoseOfTheRunThatIsOver)
     m_pEngine->Let(100'000);
     LayerChoose(1);
     ASSERT_TRUE(TitleBecomes(QStringLiteral("Best Frequency @ 06:00")));
-    // Another list, and a number that the run finds out: windows are told before and after it.
+    // Another list, and a sunspot number that only the run finds out: windows are told before and
+    // after the run.
     m_host.m_inputTable = RequestFromSettings(m_host.m_settings);
     m_host.m_settings.m_nData = 2;
     m_host.m_settings.FrequencySet(2, 21000.0F);
@@ -387,7 +388,7 @@ TEST_F(MapDay, SmoothRunsBetweenThePointsOfTheDayInPictureAndTip)
     EXPECT_NE(m_pMap->pctMap->m_img, imgCells);
     const QPoint pt(300, 200);
     const double dLat = m_pMap->m_view.PointGetLatLon(MapControl::Map, pt.x(), pt.y()).dLat;
-    // The engine's values are even from point to point here.
+    // Here the engine's values change evenly between points.
     const double dSnr = EngineOfAreas::SnrGet(dLat, 7, 10000.0F, 50.0F);
     const QString sTip = TipAt(pt);
     const double dTip =

@@ -1,4 +1,4 @@
-// Colours and tips of the map's day against single runs of the engine in this process.
+// Colours and tips of the map's day compared with single runs of the engine in this process.
 #include <map>
 
 #include "MapFakes.h"
@@ -50,7 +50,7 @@ protected:
         ASSERT_TRUE(day.HasCells());
         ASSERT_EQ(day.ShownGet().iHour, iHour);
     }
-    /// The grid of one run alone that shows the view at an hour and frequency.
+    /// The grid of a separate run that shows the view at one hour and frequency.
     const std::vector<AreaPoint>& RunAlone(int iHour, float fKhz, float fReliability = 50.0F)
     {
         std::vector<AreaPoint>& aPoints = m_mapRuns[{iHour, fKhz, fReliability}];
@@ -98,7 +98,7 @@ protected:
         const LatLon pos = PositionOf(pt);
         return GridFindNearest(RunAlone(0, kList[0]), pos.dLat, pos.dLon);
     }
-    /// A pixel inside a cell, with neither line nor label on it.
+    /// A random pixel inside a cell, with no line or label on it.
     [[nodiscard]] QPoint PointAny()
     {
         const QRect rct = m_pMap->m_view.ImageGetRect().adjusted(90, 2, -2, -32);
@@ -121,7 +121,7 @@ protected:
         QApplication::sendEvent(m_pMap->pctMap, &evt);
         return m_pMap->pctMap->toolTip();
     }
-    /// The colour of a value in the legend; white where it is not painted.
+    /// The colour of a value in the legend; white if that value is not painted.
     [[nodiscard]] QRgb LegendColor(const QString& sRow) const
     {
         for (const LegendRow& row :
@@ -195,7 +195,7 @@ TEST_F(MapDayTruth, DaysInTenLieBetweenThoseOfTheRunsForTheDeciles)
         const float fGood = SnrAt(pt, 12, kList[1], 10.0F);
         const float fMedian = SnrAt(pt, 12, kList[1], 50.0F);
         const float fBad = SnrAt(pt, 12, kList[1], 90.0F);
-        // Runs print tenths of a decibel, of which the days are a matter of a few hundredths.
+        // Runs print tenths of a decibel, but the days depend on hundredths.
         const auto DaysAt = [&](double dBy) {
             return 10
                    * DaysShareGet({fMedian + dBy, std::max(0.1, double{fMedian} - fBad),

@@ -1,6 +1,6 @@
 /// @file MapDayFakes.h
-/// An engine of areas whose figures are a formula and whose runs wait until they are let through,
-/// and a map window that asks it for its day.
+/// An engine of areas that evaluates a formula and holds each run until it is let through, and a
+/// map window that asks it for its day.
 #pragma once
 
 #include <QClipboard>
@@ -13,7 +13,7 @@
 #include "MapFakes.h"
 #include "ui/map/HourBar.h"
 
-/// One area a run, as engine programs have it.
+/// Computes one area per run, as engine programs do.
 class EngineOfAreas final : public Engine {
 public:
     [[nodiscard]] int ModelGet() const override { return kEngineVoacap; }
@@ -55,8 +55,8 @@ public:
             }
         return prediction;
     }
-    /// Falls with the frequency's distance from a best one that rises with hour and latitude; one
-    /// day in ten is 5 dB better, one 10 dB worse.
+    /// Falls with the distance from a best frequency, which rises with hour and latitude. One day
+    /// in ten is 5 dB better than the median, one 10 dB worse.
     [[nodiscard]] static float SnrGet(double dLat, int iHour, float fKhz, float fReliability)
     {
         const double dBest = 5000.0 + 500.0 * iHour + 50.0 * dLat;
@@ -64,7 +64,7 @@ public:
         const double dSnr = 60.0 - std::abs(dBest - double{fKhz}) / 200.0 + dDays;
         return static_cast<float>(std::round(dSnr * 10) / 10);
     }
-    /// Lets runs through.
+    /// Lets nRuns runs through.
     void Let(int nRuns) const { m_semRuns.release(nRuns); }
 
     std::optional<Failure> m_obstacle;
@@ -77,8 +77,8 @@ private:
     mutable std::counting_semaphore<1'000'000> m_semRuns{0};
 };
 
-/// A map of three frequencies on a grid of 6 x 6, which the table's program (REC533) shows and the
-/// engine of areas computes the day of.
+/// A map with three frequencies on a grid of 6 x 6. REC533's program computes the overlay, the
+/// engine of areas the day.
 class MapDayWindow : public testing::Test {
 protected:
     MapDayWindow()
@@ -101,7 +101,7 @@ protected:
     ~MapDayWindow() override { delete m_pMap; }
 
     [[nodiscard]] MapDayControl& Day() const { return *m_pMap->findChild<MapDayControl*>(); }
-    /// Of the picture that Copy makes.
+    /// The caption in the picture that Copy makes.
     [[nodiscard]] QString CaptionGet() const
     {
         m_pMap->mnuMapCopy->trigger();
@@ -122,7 +122,7 @@ protected:
     {
         return QTest::qWaitFor([&] { return m_pMap->windowTitle() == sTitle; }, 20000);
     }
-    /// A run waits for Let.
+    /// Waits until nBegun runs have begun; each then waits for Let.
     [[nodiscard]] bool BegunBecome(int nBegun) const
     {
         return QTest::qWaitFor([&] { return m_pEngine->m_nBegun == nBegun; }, 20000);

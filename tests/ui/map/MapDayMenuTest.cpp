@@ -59,7 +59,7 @@ TEST_F(MapDayMenuShown, ItemsAreChosenByKeys)
 {
     m_pEngine->Let(1000);
     QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
-    QTest::keyClick(m_pMap->mnuOverlay, Qt::Key_Up);  // from the end
+    QTest::keyClick(m_pMap->mnuOverlay, Qt::Key_Up);  // to the last item
     QTest::keyClick(m_pMap->mnuOverlay, Qt::Key_Return);
     EXPECT_TRUE(TitleBecomes(QStringLiteral("Hours Open a Day")));
 }

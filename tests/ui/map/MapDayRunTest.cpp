@@ -108,7 +108,7 @@ TEST(MapDayRun, DaysAreKeptUpToTheirRoomTheOldestGoFirst)
 {
     const auto pEngine = std::make_shared<EngineOfAreas>();
     MapDayRun run;
-    MapDayRequest request = AskedMake(300);  // 2 x 300 x 300 x 24 x 2 values: 17 MB
+    MapDayRequest request = AskedMake(300);  // 2 x 300 x 300 x 24 x 2 values: 35 MB
     for (int nMonth = 1; nMonth <= 12; ++nMonth) {
         request.area.nMonth = nMonth;
         run.Ask(request, pEngine, {});

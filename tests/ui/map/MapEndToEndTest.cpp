@@ -1,4 +1,4 @@
-// The map window on real engines. Pictures of it are kept in the build's folder "pictures".
+// The map window with real engines. Pictures of it are kept in the build's folder "pictures".
 #include <QApplication>
 
 #include "MapFakes.h"

@@ -19,13 +19,13 @@ protected:
     }
     ~MapExported() override { FileDialogSetHandler(m_fnDialogBefore); }
 
-    /// The picture of the clipboard, copied by the menu's item.
+    /// The picture on the clipboard, copied with the menu's item.
     [[nodiscard]] QImage Copied() const
     {
         m_pMap->mnuMapCopy->trigger();
         return QGuiApplication::clipboard()->image();
     }
-    /// What a written picture says of itself.
+    /// The description inside an exported picture.
     QString Caption()
     {
         m_sAnswer = m_folder.Path("caption.png");
@@ -102,7 +102,7 @@ TEST_F(MapExported, TheCaptionNamesThePlacesAndWhatAnOverlayIsFor)
                                           "transmitter ")))
         << sPlaces.toStdString();
     EXPECT_FALSE(sPlaces.contains(QStringLiteral("kHz")));
-    m_engine.m_fnSnr = [](double, double) { return 75.0; };  // of the antenna choice's power
+    m_engine.m_fnSnr = [](double, double) { return 75.0; };  // at the antenna choice's power
     OverlayChoose();
     const QImage image = Copied();
     EXPECT_GT(ColorCount(image, PixelAt(30, -80)), 1000);

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The numbers behind a card's label.
+/// The numbers after a card's label.
 std::vector<double> CardRead(const std::string& sDeck, const std::string& sLabel)
 {
     std::vector<double> aValues;
@@ -24,7 +24,7 @@ std::vector<double> CardRead(const std::string& sDeck, const std::string& sLabel
     return aValues;
 }
 
-constexpr int kNoProcess = 0x3FFFFFFF;  // an id that no process has counts as finished
+constexpr int kNoProcess = 0x3FFFFFFF;  // no process has this id, so it counts as finished
 
 }  // namespace
 
@@ -115,7 +115,7 @@ MapWindow::MapWindow() : m_pMap(new frmMap(m_host))
     m_host.m_pMap = m_pMap;
     m_pMap->show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(m_pMap));
-    QApplication::setActiveWindow(m_pMap);  // a bare X server has nobody who would do it
+    QApplication::setActiveWindow(m_pMap);  // a bare X server has no window manager to do it
 }
 
 MapWindow::~MapWindow() { delete m_pMap; }
@@ -131,12 +131,12 @@ void MapWindow::BoxIs(double dTop, double dLeft, double dBottom, double dRight,
 
 void MapWindow::Drag(QWidget* pControl, QPoint ptFrom, QPoint ptTo, Qt::MouseButton eButton)
 {
-    // The mouse moves over the screen, also where the control moves along.
+    // Uses screen coordinates, since the control may move with the mouse.
     const QPoint ptStart = pControl->mapToGlobal(ptFrom);
     const QPoint ptEnd = pControl->mapToGlobal(ptTo);
     QTest::mousePress(pControl, eButton, {}, ptFrom);
     for (const QPoint pt : {(ptStart + ptEnd) / 2, ptEnd}) {
-        // QTest::mouseMove tells no buttons.
+        // QTest::mouseMove reports no buttons.
         QMouseEvent evt(QEvent::MouseMove, pControl->mapFromGlobal(pt), pt, Qt::NoButton, eButton,
                         Qt::NoModifier);
         QApplication::sendEvent(pControl, &evt);
@@ -156,7 +156,7 @@ void MapWindow::OverlayChoose()
 {
     QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
     ItemChoose(m_pMap->mnuOverlay, m_pMap->mnuOverlayDraw);
-    QApplication::setActiveWindow(m_pMap);  // the offscreen platform leaves it to us after a menu
+    QApplication::setActiveWindow(m_pMap);  // after a menu the offscreen platform does not do it
 }
 
 void MapWindow::MapMenuChoose(QWidget* pControl, QPoint pt, QAction* pItem)
@@ -180,7 +180,7 @@ QRgb MapWindow::PixelAt(double dLat, double dLon) const
 
 int MapWindow::ColoredCount() const
 {
-    // The labels stand at the left and the bottom edge.
+    // The labels are at the left and the bottom edge.
     constexpr int kLabels = 60;
     const QImage& img = m_pMap->pctMap->m_img;
     int nCount = 0;

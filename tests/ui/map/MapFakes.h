@@ -37,11 +37,11 @@ public:
     }
 
     Settings m_settings;
-    std::optional<Request> m_inputTable;  ///< of the table; else the settings'
-    std::string m_sOverlayFailed;         ///< told last
+    std::optional<Request> m_inputTable;  ///< the table's; without it the settings apply
+    std::string m_sOverlayFailed;         ///< the last one reported
     bool m_bTaken = false;
     int m_nUpdates = 0;
-    frmMap* m_pMap = nullptr;  ///< told of each update, as the main window does
+    frmMap* m_pMap = nullptr;  ///< informed of each update, as by the main window
 };
 
 /// One area run as the engine saw it.
@@ -51,7 +51,7 @@ struct AreaRun {
     int nGridSize = 0;
 };
 
-/// Stands for the engine program in a root of its own: reads the area deck and writes the grid.
+/// Stands for the engine program, with its own root: reads the area deck and writes the grid.
 class EngineFake {
 public:
     EngineFake();
@@ -60,7 +60,7 @@ public:
     EngineFake& operator=(const EngineFake&) = delete;
 
     [[nodiscard]] std::string GridPath() const;
-    /// The grid file's text for a run.
+    /// The text of the grid file for a run.
     [[nodiscard]] std::string GridMake(const AreaRun& run) const;
 
     std::vector<AreaRun> m_aRuns;
@@ -79,17 +79,17 @@ private:
     ProcessStartFn m_fnBefore;
 };
 
-/// A map window as the user has it open, 1000 x 660.
+/// A map window of 1000 x 660 as a user has it open.
 class MapWindow : public testing::Test {
 protected:
     MapWindow();
     ~MapWindow() override;
 
     void BoxIs(double dTop, double dLeft, double dBottom, double dRight, double dTolerance) const;
-    /// Press, two moves, release, on a control.
+    /// Presses a control, moves twice and releases.
     static void Drag(QWidget* pControl, QPoint ptFrom, QPoint ptTo,
                      Qt::MouseButton eButton = Qt::LeftButton);
-    /// A view well inside the image, so that nothing is cut.
+    /// Zooms to a view well inside the image, so that nothing is cut off.
     void ZoomInside() { Drag(m_pMap->pctMap, PointOf(50, 200), PointOf(10, 260)); }
     [[nodiscard]] QPoint PointOf(double dLat, double dLon) const
     {
@@ -101,21 +101,21 @@ protected:
     }
     [[nodiscard]] LatLon CenterGet() const { return m_pMap->m_view.CenterGet(); }
     [[nodiscard]] QPoint Middle() const { return m_pMap->pctMap->rect().center(); }
-    /// The window was closed and has deleted itself.
+    /// True once the window has closed and deleted itself.
     [[nodiscard]] bool IsGone() const
     {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return m_pMap.isNull();
     }
-    /// Chooses an item of a menu that is open, with the mouse.
+    /// Chooses an item of an open menu with the mouse.
     static void ItemChoose(QMenu* pMenu, QAction* pItem);
-    /// Checks the overlay item by way of the button and its menu.
+    /// Toggles the overlay's item through the button and its menu.
     void OverlayChoose();
     void MapMenuChoose(QWidget* pControl, QPoint pt, QAction* pItem);
-    /// Moves the mouse without a button; the map's tooltip after that.
+    /// Moves the mouse without a button. @return the map's tooltip then
     QString TipAt(QPoint pt);
     [[nodiscard]] QRgb PixelAt(double dLat, double dLon) const;
-    /// Number of picture pixels that are neither black nor white (labels apart).
+    /// Counts pixels of the picture that are neither black nor white, labels excluded.
     [[nodiscard]] int ColoredCount() const;
     template <class T>
     T* Find(const char* sName) const

@@ -19,7 +19,7 @@ class GraticuleStep : public testing::TestWithParam<StepCase> {};
 
 TEST_P(GraticuleStep, BySpan) { EXPECT_EQ(GraticuleGetStep(GetParam().dSpan), GetParam().nStep); }
 
-// The table's step, doubled while the span holds more than five of it.
+// The step of the table, doubled while the span holds more than five steps.
 INSTANTIATE_TEST_SUITE_P(Spans, GraticuleStep,
                          testing::Values(StepCase{0.01, 1}, StepCase{1, 1}, StepCase{5, 1},
                                          StepCase{5.01, 2}, StepCase{10, 2}, StepCase{10.01, 4},
@@ -68,7 +68,7 @@ TEST(Graticule, LinesLieWithinTheViewAtTheirPixels)
     for (const GraticuleLine& lin : ParallelsGet(view)) {
         EXPECT_EQ(lin.nPixel, view.LatLonGetPoint(lin.nDegrees, 0).y());
     }
-    // Counted from the south pole in steps of 4, so these are no multiples of 4.
+    // Parallels count from the south pole in steps of 4, so these are no multiples of 4.
     EXPECT_EQ(LabelsOf(ParallelsGet(view)), "18N 22N 26N ");
 }
 

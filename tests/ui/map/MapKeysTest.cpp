@@ -103,7 +103,7 @@ TEST_F(frmMapKeys, EscapeGivesAFlagMovedByKeysItsOldPlaceBack)
     EXPECT_DOUBLE_EQ(m_pMap->m_posTx.dLon, -122);
     EXPECT_EQ(m_pMap->lblTx->pos(), ptBefore);
     QTest::keyClick(m_pMap->lblTx, Qt::Key_Down);
-    m_pMap->cmdZoomIn->setFocus();  // the move is done
+    m_pMap->cmdZoomIn->setFocus();  // this completes the move
     QTest::keyClick(m_pMap->cmdZoomIn, Qt::Key_Escape);
     EXPECT_TRUE(IsGone());
 }
@@ -115,7 +115,7 @@ TEST_F(frmMapKeys, AMovedFlagIsSpoken)
               QString::fromUtf8("Transmitter, Lat 38°00.00'N, Lon 122°00.00'W"));
     m_pMap->lblTx->setFocus();
     QTest::keyClick(m_pMap->lblTx, Qt::Key_Left);
-    // The toolkit tells a screen reader of every new name.
+    // The toolkit reports every new name to a screen reader.
     const QString sSpoken =
         QAccessible::queryAccessibleInterface(m_pMap->lblTx)->text(QAccessible::Name);
     EXPECT_EQ(sSpoken, m_pMap->txtCursor->text());

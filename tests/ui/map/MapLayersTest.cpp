@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Fills a rectangle, leaves the painter in disorder, and writes down what it is asked.
+/// Fills a rectangle, leaves the painter changed, and records what it is asked.
 class LayerFake final : public MapLayer {
 public:
     LayerFake(const QColor& clr, const QString& sTip, std::vector<QPoint>& aPointer)
@@ -69,7 +69,7 @@ class frmMapLayers : public MapWindow {};
 
 TEST_F(frmMapLayers, MarkerOutsideTheViewHasAnArrowAtTheEdge)
 {
-    ZoomInside();  // the North Pacific, west of both
+    ZoomInside();  // the North Pacific, west of both ends
     m_pMap->m_posRc = m_pMap->m_posTx = {30, 230};
     m_pMap->m_posRc.dLat = 30.5;
     const QImage imgInside = m_pMap->pctMap->grab().toImage();

@@ -1,4 +1,4 @@
-// Where the legend stands on the map; painted text needs the window system.
+// The place of the legend on the map; painting text needs the window system.
 #include <gtest/gtest.h>
 
 #include <QImage>
@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Where the legend is painted on a picture of 900 x 600 while these places are to be seen.
+/// Where the legend goes on a picture of 900 x 600 while these places must stay visible.
 QRect PlaceGet(const std::vector<QRect>& aKeepFree, const QRect& rctPointer = {})
 {
     QImage img(900, 600, QImage::Format_RGB32);
@@ -37,7 +37,7 @@ TEST(MapLegendPlace, GivesWayToAMarker)
     EXPECT_LT(rctLeft.left(), 70);
     EXPECT_GT(rctLeft.left(), 50);  // beside the labels of the parallels
     EXPECT_EQ(rctLeft.size(), rctRight.size());
-    // With a marker at both edges it takes a corner.
+    // With markers at both edges it goes to a corner.
     const QRect rctMarkerLeft(rctLeft.center(), QSize(30, 40));
     const QRect rctCorner = PlaceGet({rctMarker, rctMarkerLeft});
     EXPECT_FALSE(rctCorner.intersects(rctMarker) || rctCorner.intersects(rctMarkerLeft));
@@ -53,7 +53,7 @@ TEST(MapLegendPlace, StepsAsideForThePointerWhateverTheMarkers)
     const QRect rctMarker(rctLeft.center(), QSize(30, 40));
     const QRect rctFree = PlaceGet({rctMarker}, rctPointer);
     EXPECT_FALSE(rctFree.intersects(rctPointer) || rctFree.intersects(rctMarker));
-    // Markers everywhere: they are hidden sooner than what the pointer looks at.
+    // If markers are everywhere, the legend hides them rather than what the pointer is at.
     EXPECT_EQ(PlaceGet({QRect(0, 0, 900, 600)}), rctRight);
     EXPECT_FALSE(PlaceGet({QRect(0, 0, 900, 600)}, rctPointer).intersects(rctPointer));
 }

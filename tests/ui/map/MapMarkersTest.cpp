@@ -30,7 +30,7 @@ TEST_F(frmMapMarkers, LeftDragMovesTheWorkingCopyOnly)
                         Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(m_pMap->lblTx, &evt);
     };
-    Move({35, 25});  // 30 right, 20 down from where it was pressed
+    Move({35, 25});  // 30 right and 20 down from the press
     EXPECT_EQ(m_pMap->lblTx->pos(), ptBefore + QPoint(30, 20));
     Move({15, 5});  // and 10 more
     EXPECT_EQ(m_pMap->lblTx->pos(), ptBefore + QPoint(40, 20));
@@ -58,7 +58,7 @@ TEST_F(frmMapMarkers, HoveringTellsTheMarkersOwnPosition)
               QString::fromUtf8("Receiver, Lat 24°00.00'N, Lon 110°00.00'W"));
     EXPECT_EQ(m_pMap->txtCursor->text(), m_pMap->lblRc->toolTip());
     EXPECT_FALSE(m_pMap->txtCursor->isVisible());
-    EXPECT_DOUBLE_EQ(m_pMap->m_posRc.dLat, 24);  // not taken from the rounded pixel
+    EXPECT_DOUBLE_EQ(m_pMap->m_posRc.dLat, 24);  // exact, not from the rounded pixel
 }
 
 TEST_F(frmMapMarkers, RightDragMovesNothingAndShowsTheMenu)

@@ -43,7 +43,7 @@ TEST_F(frmMapMouse, RubberBandIsDrawnInvertedAndErased)
     QTest::keyClick(m_pMap, Qt::Key_Escape);
     EXPECT_EQ(m_pMap->pctMap->m_img, img);
     QTest::mouseRelease(m_pMap->pctMap, Qt::LeftButton, {}, {600, 400});
-    EXPECT_EQ(m_pMap->pctMap->m_img, img);  // Escape has left the drag
+    EXPECT_EQ(m_pMap->pctMap->m_img, img);  // Escape has ended the drag
     EXPECT_TRUE(m_pMap->isVisible());
 }
 
@@ -65,7 +65,7 @@ TEST_F(frmMapMouse, RubberBandFromTheBlankStripEndsAtTheImage)
     EXPECT_NEAR(CenterGet().dLon, 330, 0.5);
     QTest::mouseClick(m_pMap->cmdZoomOff, Qt::LeftButton);
     const MapBox box = m_pMap->m_view.m_box;
-    Drag(m_pMap->pctMap, {10, 100}, {60, 300});  // all of it in the strip
+    Drag(m_pMap->pctMap, {10, 100}, {60, 300});  // entirely within the strip
     BoxIs(box.dTop, box.dLeft, box.dBottom, box.dRight, 0);
 }
 

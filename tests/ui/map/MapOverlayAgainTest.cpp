@@ -1,4 +1,4 @@
-// The overlay over longitude 180, run again, and failed.
+// The overlay across longitude 180, run again, and after a failure.
 #include "MapFakes.h"
 #include "system/NumberLib.h"
 #include "ui/map/MapGraticule.h"
@@ -46,7 +46,7 @@ TEST_F(frmMapOverlayAgain, WheelRunsItAgainOnceItHasStopped)
     EXPECT_GT(ColoredCount(), 1000);
     EXPECT_NEAR(m_engine.m_aRuns[1].dWest, m_pMap->m_view.m_box.dLeft - 360, 0.006);
     EXPECT_TRUE(m_pMap->windowTitle().startsWith(QStringLiteral("Snr Overlay, ")));
-    QTest::mouseClick(m_pMap->cmdZoomOut, Qt::LeftButton);  // takes the overlay away
+    QTest::mouseClick(m_pMap->cmdZoomOut, Qt::LeftButton);  // hides the overlay
     Wheel({400, 300}, 120);
     QTest::qWait(400);
     EXPECT_EQ(m_engine.m_aRuns.size(), 2u);
@@ -62,7 +62,7 @@ TEST_F(frmMapOverlayAgain, DroppedReceiverRunsItAgainAndTheTransmitterDoesNot)
               m_engine.m_aRuns[0].sDeck.substr(m_engine.m_aRuns[0].sDeck.find("Transmit :"), 40));
     EXPECT_GT(ColoredCount(), 1000);
     Drag(m_pMap->lblTx, {5, 5}, {65, 45});
-    QTest::mouseClick(m_pMap->lblRc, Qt::LeftButton, {}, {5, 5});  // pressed, not moved
+    QTest::mouseClick(m_pMap->lblRc, Qt::LeftButton, {}, {5, 5});  // pressed without moving
     EXPECT_EQ(m_engine.m_aRuns.size(), 2u);
     EXPECT_EQ(m_host.m_nUpdates, 0);
 }
@@ -100,7 +100,7 @@ TEST_F(frmMapOverlayAgain, FailedRunSaysWhyAndLeavesNoLegend)
     EXPECT_EQ(m_pMap->txtCursor->text(),
               QStringLiteral("No overlay: Unable to execute REC533 program."));
     m_pMap->txtCursor->hide();
-    // What is shown is the picture and nothing else.
+    // Only the picture is shown, with nothing on top of it.
     const QImage imgShown = m_pMap->pctMap->grab().toImage();
     const QRect rct = m_pMap->pctMap->rect();
     for (int y = rct.height() / 2 - 80; y < rct.height() / 2 + 80; y += 4)
@@ -204,10 +204,10 @@ TEST_F(frmMapWorldBegins, LondonToBerlinIsOneViewUntilZoomOff)
     EXPECT_GT(box.dRight, 13.4);
     EXPECT_FALSE(m_pMap->m_view.IsBeyondImage());
     OverlayChoose();
-    ASSERT_EQ(m_engine.m_aRuns.size(), 1u);  // whole
+    ASSERT_EQ(m_engine.m_aRuns.size(), 1u);  // in one box
     EXPECT_NEAR(m_engine.m_aRuns[0].dWest, box.dLeft, 0.006);
     EXPECT_NEAR(m_engine.m_aRuns[0].dEast, box.dRight, 0.006);
-    m_pMap->Update();  // takes the settings' positions, keeps the edge
+    m_pMap->Update();  // takes over the settings' positions, keeps the edge
     EXPECT_EQ(m_pMap->m_view.m_dEdge, kEdgeDateLine);
     QTest::mouseClick(m_pMap->cmdZoomOff, Qt::LeftButton);
     EXPECT_EQ(m_pMap->m_view.m_dEdge, kEdgeGreenwich);

@@ -37,7 +37,7 @@ TEST_F(frmMapOverlay, DrawRunsTheEngineForTheViewAndPaintsCells)
 {
     ZoomSmall();
     m_host.m_settings.m_selected = {7, 13};
-    m_pMap->m_posRc = {25, -111};  // the working copy is the fixed end
+    m_pMap->m_posRc = {25, -111};  // the fixed end is the map's own receiver
     m_engine.m_fnSnr = [](double, double dLon) { return dLon < -116 ? 52.0 : 41.0; };
     OverlayChoose();
     EXPECT_TRUE(IsShown());
@@ -68,7 +68,7 @@ TEST_F(frmMapOverlay, OutlinesAndGraticuleStayBlackUnderCells)
     int nBlack = 0;
     for (int x = 60; x < m_pMap->pctMap->m_img.width(); ++x)
         nBlack += m_pMap->pctMap->m_img.pixel(x, 300) == qRgb(0, 0, 0) ? 1 : 0;
-    EXPECT_GT(nBlack, int(aLines.size()));  // coast lines, too
+    EXPECT_GT(nBlack, int(aLines.size()));  // coastlines, too
 }
 
 TEST_F(frmMapOverlay, LowPointsStayWhiteAndTheMinimumIsPainted)
@@ -101,7 +101,7 @@ TEST_F(frmMapOverlay, SecondHalfIsNotTriedAfterTheFirstFailed)
     ASSERT_EQ(msg.m_aShown.size(), 1u);
     EXPECT_EQ(msg.m_aShown[0].sText, "Unable to execute REC533 program.");
     EXPECT_TRUE(IsShown());
-    EXPECT_EQ(ColoredCount(), 0);  // an outline map
+    EXPECT_EQ(ColoredCount(), 0);  // the outline map
     EXPECT_EQ(m_pMap->windowTitle(), QStringLiteral("Hopcast - World Map"));
 }
 
@@ -189,7 +189,7 @@ TEST_F(frmMapOverlay, UpdateDrawsItAnew)
     EXPECT_EQ(PixelAt(30.3, -119.3), qRgb(255, 0, 255));
     ZoomSmall();
     m_pMap->Update();
-    EXPECT_EQ(m_engine.m_aRuns.size(), 2u);  // not shown
+    EXPECT_EQ(m_engine.m_aRuns.size(), 2u);  // it was not shown
 }
 
 TEST_F(frmMapOverlay, ApplyRunsTheOverlayForTheNewReceiver)
@@ -213,7 +213,7 @@ TEST_F(frmMapOverlay, TipTellsTheNearestPointsSnrAndTheRange)
     const std::string sStart =
         "Lat " + LatitudeToText(pos.dLat) + ", Lon " + LongitudeToText(pos.dLon) + ", Snr ";
     ASSERT_EQ(sTip.substr(0, sStart.size()), sStart);
-    // A degree of arc is 60 nautical miles.
+    // One degree of arc is 60 nautical miles.
     const double dRange = GreatCircleAngle(24, -110, pos.dLat, pos.dLon) * 180 / kPi * 60;
     EXPECT_EQ(sTip.substr(sTip.find(" dB")), " dB, Rng " + NumberFormat(dRange, "0"));
     const double dSnr = std::stod(sTip.substr(sStart.size()));
@@ -230,7 +230,7 @@ TEST_F(frmMapOverlay, TipKeepsThePointsOfThePictureWhateverTheFile)
     EXPECT_TRUE(TipAt({300, 200}).contains(QStringLiteral("Snr 52.0 dB")));
     std::filesystem::remove(m_engine.GridPath());
     EXPECT_TRUE(TipAt({300, 200}).contains(QStringLiteral("Snr 52.0 dB")));
-    // A picture without cells has no points.
+    // A picture without cells has no points for the tip.
     QTest::mouseClick(m_pMap->cmdZoomOff, Qt::LeftButton);
     EXPECT_FALSE(TipAt({300, 200}).contains(QStringLiteral("Snr")));
 }
@@ -269,7 +269,7 @@ TEST_F(frmMapOverlay, LegendStandsAtTheEdgeWhileShown)
     EXPECT_NE(EdgeGrab(), pix.copy(rct.width() - 60, rct.height() / 2 - 20, 50, 40).toImage());
 }
 
-// What can be wrong with a grid file.
+// Damaged grid files.
 
 class frmMapBadGrid : public frmMapOverlay {
 protected:
@@ -278,8 +278,8 @@ protected:
         ZoomSmall();
         m_host.m_settings.m_iMapOverlayGridSize = 3;
     }
-    /// Draws the overlay on a spoilt grid: a box, an outline map without cells, and a program that
-    /// goes on.
+    /// Draws the overlay from a spoilt grid, which gives one box and an outline map without cells;
+    /// afterwards the map still works.
     void BadExpect(const std::string& sText, const std::function<std::string(std::string)>& fnSpoil)
     {
         m_engine.m_fnSpoil = fnSpoil;
@@ -336,7 +336,7 @@ TEST_F(frmMapBadGrid, CutAtAnyByte)
     MsgRecorder msg;
     OverlayChoose();
     ASSERT_TRUE(IsShown());
-    // The end of the last line is no part of it.
+    // Cutting the line end off the last line loses nothing.
     for (std::size_t nCut = 0; nCut + 1 < sWhole.size(); ++nCut) {
         m_engine.m_fnSpoil = [nCut](const std::string& sGrid) { return sGrid.substr(0, nCut); };
         msg.m_aShown.clear();

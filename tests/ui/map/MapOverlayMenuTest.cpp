@@ -36,7 +36,7 @@ TEST_F(frmMapOverlayMenu, MenuListsTheFrequenciesOfTheTableThatIsShown)
     Request input;
     input.nData = 2;
     input.afFrequency = {0.0F, 7051.0F, 18100.0F};
-    m_host.m_inputTable = input;  // a failed run has left it beside settings of 15 others
+    m_host.m_inputTable = input;  // a failed run has left it, and the settings have 15 others
     m_host.m_settings.m_selected = {2, 4};
     QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
     ASSERT_EQ(m_pMap->mnuOverlayFrequencyData.size(), 2u);

@@ -104,7 +104,7 @@ protected:
         m_view.m_nMapHeight = 338;
         m_view.m_nImgWidth = 360;
         m_view.m_nImgHeight = 338;
-        m_view.ZoomSet({1, 0, 180});  // a pixel a degree of longitude
+        m_view.ZoomSet({1, 0, 180});  // one pixel per degree of longitude
         m_img.fill(Qt::white);
     }
     [[nodiscard]] CellPaint CellMake(const AreaBox& box, int nGridSize) const
@@ -133,8 +133,8 @@ TEST_F(OverlayCells, WestLongitudesLieInTheRightHalf)
 
 TEST_F(OverlayCells, EveryPixelOfTheWorldIsPaintedOnce)
 {
-    // Both boxes of the whole world, points as an engine prints them, to four decimals: no seam,
-    // no overlap, also at longitudes 0 and 180.
+    // Both boxes of the whole world, with points to four decimals as engines print them: no seam
+    // and no overlap, not even at longitudes 0 and 180.
     QImage imgCount(m_img.size(), QImage::Format_Grayscale8);
     imgCount.fill(0);
     for (const AreaBox& box : OverlayGetBoxes(m_view.m_box)) {
@@ -157,7 +157,8 @@ TEST_F(OverlayCells, EveryPixelOfTheWorldIsPaintedOnce)
 
 TEST_F(OverlayCells, CloseViewHasNoStripes)
 {
-    // The deck's bounds are hundredths of a degree, the view's are finer, and so are the cells.
+    // The deck's bounds are rounded to hundredths of a degree; the view's bounds and the cells are
+    // finer.
     for (const LatLon center : {LatLon{38.4567, 122.4783}, LatLon{-54.8019, 180.0},
                                 LatLon{83.2, 0.3}, LatLon{51.5, -0.0632}}) {
         MapView view;

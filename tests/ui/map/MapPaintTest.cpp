@@ -7,7 +7,7 @@
 
 namespace {
 
-/// A picture from letters, one a pixel.
+/// The colours of a picture written as letters, one per pixel.
 QRgb LetterGet(char cLetter)
 {
     switch (cLetter) {
@@ -53,7 +53,7 @@ Letters PictureRead(const QImage& img)
     return asRows;
 }
 
-const Letters kIsland{"ssssssss",  // the first row gets no line
+const Letters kIsland{"ssssssss",  // no line is drawn in the first row
                       "sslllsss", "sslllsss", "lsllmmss", "ssllmmss",
                       "ssssssss", "sss.ssss", "sssssss#"};
 
@@ -61,8 +61,8 @@ TEST(MapPaint, EdgePassDrawsEachBorderOnce)
 {
     QImage img = PictureMake(kIsland);
     ImageEdges(img);
-    // Worked out by hand, pixel by pixel: a border is drawn on the pixel right of or below it,
-    // unless the neighbour that differs is black already.
+    // Worked out by hand, pixel by pixel: a border is drawn on the pixel to the right or below,
+    // unless the differing neighbour is black already.
     EXPECT_EQ(PictureRead(img), (Letters{"ssssssss", "ss###sss", "ss#ll#ss", "l#ll#m#s", "ss#l#m#s",
                                          "sss#s#ss", "sss#ssss", "sssssss#"}));
 }
@@ -109,7 +109,7 @@ TEST(MapPaint, MaskPenKeepsBlackAndColoursWhite)
     EXPECT_EQ(img.pixel(2, 1), LetterGet('#'));
     EXPECT_EQ(img.pixel(4, 2), LetterGet('#'));
     EXPECT_EQ(img.pixel(5, 4), qRgb(128, 0, 128));  // 0x80 and 0xC0
-    EXPECT_EQ(img.pixel(6, 4), LetterGet('g'));     // outside of the box
+    EXPECT_EQ(img.pixel(6, 4), LetterGet('g'));     // outside the box
     EXPECT_EQ(img.pixel(1, 5), LetterGet('.'));
     EXPECT_EQ(img.pixel(0, 1), LetterGet('.'));
 }

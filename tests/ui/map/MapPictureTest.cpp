@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kSide = 9;
 
-/// An area's boxes with one value everywhere.
+/// The boxes of an area with the same value everywhere.
 MapPictureInput AskedMake(const AreaBox& area, const LatLon& posRc, float fSnr)
 {
     MapPictureInput input{area, {}, posRc, QStringLiteral("What it is")};
@@ -49,7 +49,7 @@ TEST(MapPicture, ShowsTheWholeAreaWithinTheSizes)
     struct Case {
         AreaBox area;
         double dEdge;
-        double dLeft;  // on the view's scale
+        double dLeft;  // as the view counts longitudes
         double dRight;
     };
     for (const Case& c : {Case{{20, 60, -130, -60}, kEdgeDateLine, -130, -60},
@@ -68,7 +68,7 @@ TEST(MapPicture, ShowsTheWholeAreaWithinTheSizes)
         EXPECT_GE(view.m_box.dTop, c.area.dTop - 0.2) << c.area.dTop;
         EXPECT_LE(view.m_box.dBottom, c.area.dBottom + 0.2) << c.area.dBottom;
     }
-    // Nothing is wasted where the area has the screen's shape.
+    // An area with the screen's proportions fills the picture.
     const MapView view = MapPictureView({20, 60, -130, -60});
     EXPECT_NEAR(view.m_box.dTop, 60, 0.2);
     EXPECT_NEAR(view.m_box.dBottom, 20, 0.2);

@@ -1,4 +1,4 @@
-/// Pictures of the map's buttons.
+/// Pictures for the map's buttons.
 #include <gtest/gtest.h>
 
 #include <QIcon>
@@ -22,7 +22,7 @@ TEST(MapPictures, EveryKeyHasItsOwnAndAnotherKeyHasNone)
     EXPECT_TRUE(MapPictureGet(QStringLiteral("None")).isNull());
 }
 
-// Each opening of the map once left the toolkit a new set of scaled pictures to keep.
+// Each opening of the map once made the toolkit keep a new set of scaled pictures.
 TEST(MapPictures, AreTheSameForEveryWindow)
 {
     for (const char* sKey : kKeys)

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// 50 dB more than the hour on the second frequency, less on the others.
+/// On the second frequency the SNR is 50 dB plus the hour of UTC, on the others 30 dB.
 class EngineKnown final : public Engine {
 public:
     [[nodiscard]] int ModelGet() const override { return kEngineRec533; }
@@ -50,7 +50,7 @@ protected:
     }
     ~MapReachShown() override { AirMailFoldersReset(); }
 
-    /// The answer for W1ABC alone: 62 dB at 5 UTC, nothing at another hour.
+    /// An answer for W1ABC only: 62 dB at 5 UTC, nothing at other hours.
     void ReachSet()
     {
         Place place;
@@ -167,7 +167,7 @@ TEST_F(MapReachShown, TheBoardIsNotToldFromAnotherPlaceAndOtherEnginesAreNotAske
     HourSet(5);
     ReachSet();
     const auto pEngine = std::make_shared<EngineKnown>();
-    pEngine->m_nFrequencies = 10;  // as a program takes them
+    pEngine->m_nFrequencies = 10;  // like an engine program
     m_pMap->EnginesSet([pEngine](int) { return pEngine; });
     PointerTo(0);
     EXPECT_TRUE(Dot(0).toolTip().contains(QStringLiteral("7000 kHz, 62 dB")));
@@ -208,7 +208,7 @@ TEST_F(MapReachShown, WhatWasFoundWithOlderSettingsIsNotToldAnyMore)
         Changed([](Settings&) {});
         EXPECT_EQ(Dot(0).ColorGet(), clrFound) << "it answers these again";
     }
-    // The other end, the need and the windows are not what was asked for.
+    // A search does not depend on the other end, the need or the windows.
     Changed([](Settings& settings) {
         settings.m_dTxLat += 10.0;
         settings.m_sNeedSelected = "AM broadcast";

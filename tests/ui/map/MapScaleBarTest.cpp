@@ -15,7 +15,8 @@ MapView ViewMake(double dLat, double dScale)
 
 TEST(MapScaleBar, IsAsLongAsItsDistanceOnTheMiddleParallel)
 {
-    // A pixel of 0.5 image pixels is 0.0005 degrees: 0.03 miles on the equator, half of that at 60.
+    // A pixel is 0.5 image pixels or 0.0005 degrees: 0.03 nautical miles on the equator, half of
+    // that at 60.
     const auto bar = ScaleBarGet(ViewMake(0, 0.5));
     ASSERT_TRUE(bar);
     EXPECT_EQ(bar->dMiles, 5);

@@ -40,12 +40,12 @@ TEST_F(frmMapScrollBars, ScrollBarsByTheMouse)
 {
     ZoomInside();
     const double dLon = CenterGet().dLon;
-    // Between the slider and the arrow at the end: a page, and the press takes the focus.
+    // A click between the slider and the arrow at the end moves by a page and takes the focus.
     const QSize size = m_pMap->hscMap->size();
     QTest::mouseClick(m_pMap->hscMap, Qt::LeftButton, {},
                       {size.width() - 3 * size.height(), size.height() / 2});
     EXPECT_NEAR(CenterGet().dLon, dLon + SpanGet() / 2, 0.01);
-    // The arrow at the end: a twentieth.
+    // A click on the arrow at the end moves by a twentieth.
     QTest::mouseClick(m_pMap->hscMap, Qt::LeftButton, {}, {size.width() - 3, size.height() / 2});
     EXPECT_NEAR(CenterGet().dLon, dLon + SpanGet() * 0.55, 0.01);
 }

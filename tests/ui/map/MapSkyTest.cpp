@@ -44,13 +44,13 @@ TEST(MapSky, ShadeOfEachPixelIsThatOfItsPlace)
         MapView view;
         view.m_dEdge = dEdge;
         view.m_nMapWidth = 400;
-        view.m_nMapHeight = 300;  // wider than the image: blank strips at both sides
+        view.m_nMapHeight = 300;  // wider than the image: blank strips on both sides
         view.ZoomSet(view.BoxGetZoom(view.BoxGetWhole()));
         const LatLon sun = SunGetPosition(11, 6);
         const QImage img = NightGetShade(view, sun);
         ASSERT_EQ(img.size(), QSize(400, 300));
         const QRect rct = view.ImageGetRect();
-        std::array<std::set<int>, 5> aAlpha;  // of each darkness
+        std::array<std::set<int>, 5> aAlpha;  // for each darkness
         for (int nY = 0; nY < 300; nY += 3)
             for (int nX = 0; nX < 400; nX += 3) {
                 const int nAlpha = qAlpha(img.pixel(nX, nY));
@@ -62,7 +62,7 @@ TEST(MapSky, ShadeOfEachPixelIsThatOfItsPlace)
                 const double dAltitude =
                     90 - GreatCircleAngle(sun.dLat, sun.dLon, pos.dLat, pos.dLon) * kDegree;
                 if (std::abs(dAltitude / 6 - std::round(dAltitude / 6)) < 1e-4)
-                    continue;  // on a limit
+                    continue;  // exactly at a limit
                 const int nDarkness = dAltitude > 0     ? 0
                                       : dAltitude > -6  ? 1
                                       : dAltitude > -12 ? 2
@@ -90,7 +90,7 @@ TEST(MapSky, LinesBreakAtLongitudeZero)
     ASSERT_EQ(aLines.size(), 2u);
     for (const QPolygonF& lin : aLines) EXPECT_LT(lin.boundingRect().width(), 25);
     EXPECT_EQ(LinesGetPixels(view, PathGetPoints({40, 160}, {40, -160})).size(), 1u);
-    // Both pieces reach over the edge, so that nothing is missing there.
+    // Both pieces reach beyond the edge, so that nothing is missing there.
     EXPECT_GT(aLines[0].boundingRect().right(), view.LonGetX(360) - 0.01);
     EXPECT_LT(aLines[1].boundingRect().left(), view.LonGetX(0) + 0.01);
 }

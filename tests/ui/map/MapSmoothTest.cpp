@@ -55,7 +55,7 @@ QRgb PixelAt(const QImage& img, const MapView& view, double dLat, double dLon)
 
 QRgb BandColor(float fSnr) { return ColorFromBgr(SnrGetColor(fSnr)).rgb(); }
 
-/// A step's number from the best down.
+/// The number of a band, from the best down.
 int BandOf(float fSnr)
 {
     const auto aBand = SnrBandsGet();
@@ -70,8 +70,7 @@ TEST(MapSmooth, PointsKeepTheirValuesAndBetweenThemItRunsEvenly)
     const SmoothGrid grid(kBox, kSide, aPoints);
     for (const AreaPoint& pnt : aPoints)
         EXPECT_NEAR(grid.SnrGet(pnt.dLat, pnt.dLon).value_or(-1), pnt.fSnr, 1e-4);
-    // Sums of terms in latitude, longitude and their product are what this way between points
-    // gives.
+    // This interpolation reproduces sums of terms in latitude, longitude and their product exactly.
     for (double dLat = 10; dLat <= 50; dLat += 3.7)
         for (double dLon = 20; dLon <= 60; dLon += 2.9)
             EXPECT_NEAR(grid.SnrGet(dLat, dLon).value_or(-1), dLat + 2 * dLon, 1e-3);
@@ -116,7 +115,7 @@ TEST(MapSmooth, PixelsHaveTheColourOfTheValueAtTheirPlace)
             const LatLon pos = view.PointGetLatLon(MapControl::Map, nX + 0.5, nY + 0.5);
             const auto fSnr = static_cast<float>(fnSnr(pos.dLat, pos.dLon));
             if (std::abs(fSnr / 5 - std::round(fSnr / 5)) < 0.001)
-                continue;  // on a band's end
+                continue;  // at the edge of a band
             EXPECT_EQ(raster.BandGet(nX, nY), fSnr >= 35 ? BandOf(fSnr) : -1) << fSnr;
             ++nSeen;
         }

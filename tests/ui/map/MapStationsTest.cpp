@@ -13,7 +13,7 @@ protected:
         AirMailDataFolderSet(m_folder.Path());
     }
     ~frmMapStations() override { AirMailFoldersReset(); }
-    /// Opens the stations menu and chooses the item of a system, from 0.
+    /// Opens the stations menu and chooses the item of a system, counted from 0.
     void SystemChoose(std::size_t nSystem)
     {
         QTest::mouseClick(m_pMap->cmdStations, Qt::LeftButton);
@@ -25,7 +25,7 @@ protected:
     {
         return {pControl->x() + pControl->width() / 2, pControl->y() + pControl->height() / 2};
     }
-    /// Place of a control among its siblings, the hindmost first.
+    /// The position of a control among its siblings, from back to front.
     [[nodiscard]] int OrderGet(QWidget* pControl) const
     {
         return int(m_pMap->pctMap->children().indexOf(pControl));
@@ -76,7 +76,7 @@ TEST_F(frmMapStations, StandOnTheirPositionsAndFollowZooms)
     EXPECT_GT(m_pMap->imgStation[0]->x(), m_pMap->pctMap->width() / 2);
     QTest::mouseClick(m_pMap->cmdZoomTxRc, Qt::LeftButton);
     EXPECT_EQ(CentreOf(m_pMap->imgStation[0]), m_pMap->m_view.LatLonGetPoint(dLat, dLon));
-    // Hidden ones are placed, too.
+    // Hidden dots are placed, too.
     EXPECT_EQ(CentreOf(m_pMap->imgStation[2]).y(),
               m_pMap->m_view.LatLonGetPoint(30 + 2 + 12 * 59.0 / 23 / 60, 0).y());
 }
@@ -104,7 +104,7 @@ TEST_F(frmMapStations, RightClickSetsReceiverAndTransmitter)
     QTest::mouseClick(m_pMap->imgStation[1], Qt::RightButton);
     ItemChoose(m_pMap->mnuStation, m_pMap->mnuStationSetTx);
     EXPECT_EQ(CentreOf(m_pMap->lblTx), CentreOf(m_pMap->imgStation[1]));
-    EXPECT_DOUBLE_EQ(m_host.m_settings.m_dRcLat, 24);  // until Apply
+    EXPECT_DOUBLE_EQ(m_host.m_settings.m_dRcLat, 24);  // unchanged until Apply
     QTest::mouseClick(m_pMap->cmdApply, Qt::LeftButton);
     EXPECT_NEAR(m_host.m_settings.m_dRcLat, 42.51304, 1e-5);
 }

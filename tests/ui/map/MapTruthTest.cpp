@@ -1,4 +1,4 @@
-// Colours and tips of the overlay against single predictions of the same engine.
+// Colours and tips of the overlay compared with single predictions of the same engine.
 #include <cmath>
 
 #include "MapFakes.h"
@@ -40,7 +40,7 @@ protected:
         OverlayChoose();
         ASSERT_TRUE(m_pMap->windowTitle().startsWith(QStringLiteral("Snr Overlay, ")));
     }
-    /// The grid point nearest to a position, by the bounds that the decks had.
+    /// The grid point nearest to a position, by the bounds in the decks.
     [[nodiscard]] LatLon GridPointOf(const LatLon& pos) const
     {
         LatLon posBest;
@@ -63,7 +63,7 @@ protected:
         }
         return posBest;
     }
-    /// One run of the engine at a place alone, which its deck has in hundredths of a degree.
+    /// A separate run of the engine for one place, which the deck rounds to hundredths of a degree.
     [[nodiscard]] float SnrAlone(const LatLon& pos) const
     {
         constexpr double kHundredth = 0.01;
@@ -88,7 +88,7 @@ protected:
         EXPECT_GE(nAt, 0) << sTip.toStdString();
         return sTip.mid(nAt + 4).split(QLatin1Char(' ')).at(0).toFloat();
     }
-    /// A pixel inside a cell, with neither line nor label on it.
+    /// A random pixel inside a cell, with no line or label on it.
     [[nodiscard]] QPoint PointAny()
     {
         const QRect rct = m_pMap->m_view.ImageGetRect().adjusted(2, 2, -2, -2);
@@ -119,7 +119,8 @@ protected:
 
 void MapTruth::PointsCheck()
 {
-    // Half a hundredth of a degree may lie between grid point and deck; printed to a tenth.
+    // The deck may be off the grid point by half a hundredth of a degree, and values are printed to
+    // a tenth.
     constexpr float kTolerance = 0.6F;
     for (int i = 0; i < kPoints; ++i) {
         const QPoint pt = PointAny();
@@ -169,7 +170,7 @@ TEST_F(MapTruth, SmoothGoesThroughTheGridPoints)
         const QPoint pt = PointOf(pos.dLat, pos.dLon);
         if (!m_pMap->pctMap->rect().contains(pt))
             continue;
-        // Half a pixel beside the point, of some 50 to the next.
+        // The pixel may be half a pixel off the point, and the next point is some 50 pixels away.
         EXPECT_NEAR(SnrOfTip(pt), SnrAlone(pos), 1.2) << pos.dLat << " " << pos.dLon;
     }
 }
@@ -188,7 +189,7 @@ TEST_F(MapTruth, AStationsTipIsItsSinglePrediction)
     for (std::size_t n = 0; n < 2; ++n) {
         QEnterEvent evt({4, 4}, {4, 4}, {4, 4});
         QApplication::sendEvent(m_pMap->imgStation[n], &evt);
-        QTest::mouseClick(m_pMap->imgStation[n], Qt::LeftButton);  // becomes the transmitter
+        QTest::mouseClick(m_pMap->imgStation[n], Qt::LeftButton);  // makes it the transmitter
         Request request = RequestFromSettings(m_host.m_settings);
         request.dTxLat = m_pMap->m_posTx.dLat;
         request.dTxLon = m_pMap->m_posTx.dLon;

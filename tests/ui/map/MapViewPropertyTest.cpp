@@ -1,5 +1,5 @@
-/// What holds for every view: latitudes and ordinates, pixels and positions, the box and the zoom
-/// that shows it, are each other's inverse.
+/// What holds for every view: the conversions between latitudes and ordinates, between pixels and
+/// positions, and between a box and its zoom are inverses of each other.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,9 +10,9 @@
 namespace {
 
 constexpr int kCases = 30000;
-constexpr double kImageLat = 84.0;  // shown by the image, degrees
+constexpr double kImageLat = 84.0;  // degrees, within the image
 
-/// Shows a random box: any place and size, pictures of any shape.
+/// A view of a random box: any place and size, on pictures of any shape.
 MapView ViewRandom(PropertyRandom& random)
 {
     MapView view;
@@ -58,8 +58,8 @@ TEST(MapViewProperty, PixelsComeBackFromTheirPositions)
         const QPoint pt = view.LatLonGetPoint(pos.dLat, pos.dLon);
         EXPECT_EQ(pt.y(), nY);
         if (dOnImage < view.m_box.dLeft || dOnImage > view.m_box.dRight)
-            continue;  // a view that runs beyond the image shows the place twice, or beside it
-        // The seam: longitude 0 is the left end of the image, never its right one.
+            continue;  // a view wider than the image shows the place twice, or beside the image
+        // The seam: longitude 0 is always the left end of the image.
         if (std::abs(std::remainder(pos.dLon, 360.0)) < 1e-9)
             continue;
         if (view.m_box.dRight - view.m_box.dLeft > 360.0)
@@ -103,7 +103,7 @@ TEST(MapViewProperty, AnyBoxBecomesOneThatCanBeShown)
         view.m_nMapWidth = random.Whole(1, 4000);
         view.m_nMapHeight = random.Whole(1, 3000);
         view.ZoomSet(view.BoxGetZoom(box));
-        // Both spans fit, to the image pixel that the view snaps to.
+        // Both spans fit, to within the image pixel that the view snaps to.
         EXPECT_GE(view.m_box.dRight - view.m_box.dLeft + 360.0 / kImgWidth, box.dRight - box.dLeft);
         EXPECT_GE(view.LatGetOrdinate(view.m_box.dTop) - view.LatGetOrdinate(view.m_box.dBottom)
                       + 180.0 / kImgHeight,

@@ -43,7 +43,7 @@ bool SeesPoint(const MapView& view, const LatLon& pos)
         .contains(view.LatLonGetPoint(pos.dLat, pos.dLon));
 }
 
-// Expected numbers: the projection's formulas worked out apart, in Python.
+// Expected numbers: from a separate calculation of the projection's formulas in Python.
 struct OrdinateCase {
     const char* sName;
     int nImgWidth, nImgHeight;
@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(MapView, OrdinateNinetyIsTheImagesEdge)
 {
-    // Of a square image the edge is the latitude at which web maps end.
+    // For a square image the edge is the latitude where web maps end.
     const MapView view = ViewMake(100, 100, 720, 720);
     EXPECT_NEAR(view.OrdinateGetLat(89.99999), 85.05112705447168, 1e-9);
     EXPECT_DOUBLE_EQ(view.OrdinateGetLat(90), 90.0);
@@ -88,7 +88,7 @@ TEST(MapView, OrdinateNinetyIsTheImagesEdge)
 
 TEST(MapView, AnOrdinateOfLatitudeIsAnOrdinateOfLongitudeOnTheEquator)
 {
-    // True Mercator: a small square on the equator is as many pixels wide as high.
+    // True Mercator: a small square on the equator has as many pixels across as down.
     MapView view = ViewOf(800, 800, {5, 100, -5, 110});
     const QPoint ptNorth = view.LatLonGetPoint(1, 105);
     const QPoint ptEast = view.LatLonGetPoint(0, 106);
@@ -111,7 +111,7 @@ TEST(MapView, ZoomOffShowsTheWholeImageInAHighWindow)
     const MapView view = ViewOf(600, 600, {90, 0, -90, 360});
     EXPECT_NEAR(view.m_dScale, 600, 1e-9);
     EXPECT_EQ(view.m_rctSource, QRect(0, -11000, 360000, 360000));
-    // Ordinates beyond the edge pass for latitudes.
+    // Ordinates beyond the edge serve as latitudes.
     BoxExpect(view.m_box, 95.85798816568047, 0, -95.85798816568047, 360);
     EXPECT_TRUE(view.IsBeyondImage());
 }
@@ -205,7 +205,7 @@ TEST(MapView, PositionsOnTheFourKindsOfControl)
     const LatLon posFrame = view.PointGetLatLon(MapControl::Frame, 97, 174);
     EXPECT_NEAR(posFrame.dLat, 0, 1e-9);
     EXPECT_NEAR(posFrame.dLon, 90, 1e-9);
-    // The middle of the marker, whatever the mouse position: ordinate 90 - 84.5 * 180 / 338 = 45.
+    // The middle of the marker, wherever the mouse is: ordinate 90 - 84.5 * 180 / 338 = 45.
     const LatLon posMarker =
         view.PointGetLatLon(MapControl::Marker, 999, 999, QRect(260, 80, 20, 9));
     EXPECT_NEAR(posMarker.dLat, 64.22251997100287, 1e-9);
@@ -246,7 +246,7 @@ TEST(MapView, WestLongitudesLieInTheRightHalf)
     view.ZoomSet({1, 0, 180});
     EXPECT_EQ(view.LatLonGetPoint(0, -90), QPoint(270, 169));
     EXPECT_EQ(view.LatLonGetPoint(0, 90), QPoint(90, 169));
-    EXPECT_EQ(view.LatLonGetPoint(0, 180.5), QPoint(180, 169));  // half to even
+    EXPECT_EQ(view.LatLonGetPoint(0, 180.5), QPoint(180, 169));  // halves round to even
     EXPECT_EQ(view.LatLonGetPoint(0, 181.5), QPoint(182, 169));
     EXPECT_EQ(view.LatLonGetPoint(90, 0), QPoint(0, 0));
 }
@@ -336,7 +336,7 @@ TEST(MapView, WheelKeepsThePositionBelowThePointer)
 
 TEST(MapView, WheelKeepsThePositionAtTheEndsOfTheWorld)
 {
-    // At the whole image, and near both of its edges and its upper end.
+    // With the whole image shown, near its left, right, upper and lower edges.
     for (const QPoint pt : {QPoint(235, 350), QPoint(965, 350), QPoint(600, 8), QPoint(600, 690)}) {
         MapView view = ViewOf(1200, 700, {90, 0, -90, 360});
         const LatLon posBefore = view.PointGetLatLon(MapControl::Map, pt.x(), pt.y());
@@ -370,7 +370,7 @@ TEST(MapView, WheelEndsAtTheWholeImagesScaleAndAtTheClosest)
     EXPECT_NEAR(view.m_dScale, kScaleMin, 1e-12);
 }
 
-// The world that begins at the meridian 180.
+// A world that begins at the meridian 180.
 
 TEST(MapViewEdge, WholeImageHasGreenwichInTheMiddle)
 {
@@ -415,7 +415,7 @@ TEST(MapViewEdge, AnotherEdgeKeepsTheCentreWhereTheImageReaches)
     EXPECT_NEAR(zoom.dCenterLon, 120, 0.001);
     EXPECT_NEAR(zoom.dCenterLat, view.CenterGet().dLat, 1e-9);
     EXPECT_EQ(zoom.dScale, view.m_dScale);
-    view = ViewOf(1000, 600, {50, 165, 20, 205});  // over 180: moved to the image's end
+    view = ViewOf(1000, 600, {50, 165, 20, 205});  // across 180, so moved to the image's end
     const double dHalf = (view.m_box.dRight - view.m_box.dLeft) / 2;
     zoom = view.EdgeGetZoom(kEdgeDateLine);
     EXPECT_NEAR(zoom.dCenterLon, -180 + dHalf, 1e-6);
@@ -444,7 +444,7 @@ TEST(MapView, ABoxBeyondTheImagesEndIsMovedOntoIt)
     }
     const MapView view = ViewMake(1000, 600);
     const MapZoom zoom = view.BoxGetZoom({60, 100, 40, 140});
-    EXPECT_EQ(view.ZoomKeepSeen(zoom).dCenterLat, zoom.dCenterLat);  // else as it is
+    EXPECT_EQ(view.ZoomKeepSeen(zoom).dCenterLat, zoom.dCenterLat);  // otherwise unchanged
 }
 
 TEST(MapView, PanMovesThePictureByItsPixels)

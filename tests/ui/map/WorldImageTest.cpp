@@ -10,7 +10,7 @@
 namespace {
 
 constexpr double kPi = 3.14159265358979;
-constexpr QRgb kPaper = qRgb(255, 0, 255);  // no colour of the map
+constexpr QRgb kPaper = qRgb(255, 0, 255);  // not a colour of the map
 
 int LonGetX(double dLon)
 {
@@ -39,7 +39,7 @@ QImage ViewPaint(const QRect& rct, int nWidth, int nHeight)
     return img;
 }
 
-/// A view of 12 by 7 pixels' shape, dSpan degrees of longitude wide.
+/// A view with the proportions 12 : 7, dSpan degrees of longitude wide.
 QRect ViewGet(double dLat, double dLon, double dSpan)
 {
     const int nWidth = LonGetX(dSpan);
@@ -80,7 +80,7 @@ TEST_P(WorldImagePlace, HasTheColourOfItsCountry)
               plc.sCountry == nullptr ? kSeaColor : CountryGetColor(plc.sCountry));
 }
 
-// Positions from any atlas, some way inland or offshore.
+// Positions from an atlas, some way inland or offshore.
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Atlas, WorldImagePlace, testing::Values(
     Place{"London", 51.5, -0.12, "United Kingdom"},
@@ -129,7 +129,7 @@ TEST(WorldImage, ReachesBeyond83Degrees)
 {
     const double dK = kImgHeight * kPi / kImgWidth;
     const double dTop = 2 * (std::atan(std::exp(dK)) - kPi / 4) * 180 / kPi;
-    EXPECT_GT(dTop, 83.7);  // north of all land (83.63)
+    EXPECT_GT(dTop, 83.7);  // all land is south of 83.63
     EXPECT_LT(dTop, 85.0);
 }
 
@@ -173,7 +173,7 @@ TEST(WorldImage, ChukotkaAndWrangelHaveNoSeamAt180)
 
 TEST(WorldImage, TaveuniHasNoSeamAt180)
 {
-    // The source has this island in two pieces that touch on the meridian.
+    // The source has this island in two pieces that meet at the meridian.
     for (const double dSpan : {0.3, 0.7, 2.0, 5.0}) {
         const QImage img = ViewPaint(ViewGet(-16.88, 180.0, dSpan), 1200, 700);
         const int nHalf = int(0.05 / dSpan * 1200);
@@ -202,7 +202,8 @@ TEST(WorldImage, CoastsMatchAtTheTwoEdges)
 
 TEST(WorldImage, EveryLevelOfDetailIsRightToAPixel)
 {
-    // The same view three times as fine: every pixel's colour must be found there within a pixel.
+    // Compares with the same view at three times the resolution: every pixel's colour must be found
+    // there within one pixel.
     constexpr int kWidth = 600;
     constexpr int kHeight = 350;
     for (const double dSpan : {360.0, 200.0, 110.0, 56.0, 29.0, 14.5, 5.0, 2.0}) {
@@ -217,7 +218,7 @@ TEST(WorldImage, EveryLevelOfDetailIsRightToAPixel)
                     bFound = imgFine.pixel(3 * x - 3 + i % 9, 3 * y - 3 + i / 9) == img.pixel(x, y);
                 nWrong += !bFound;
             }
-        // What is smaller than a pixel may go: rings are left out and states become dots.
+        // Anything smaller than a pixel may be lost: rings are left out and states become dots.
         EXPECT_LE(nWrong, dSpan > 50.0 ? 20 : 0) << dSpan;
     }
 }
@@ -250,7 +251,7 @@ TEST(WorldImage, WhatLiesOutsideStaysAsItWas)
 
 TEST(WorldImage, WholeImageLeavesStripsOfAWideWindowAlone)
 {
-    // Scale of 338000 / 700 image pixels, the image 745.6 pixels wide in the middle of 1200.
+    // At 338000 / 700 image pixels per pixel the image is 745.6 pixels wide, centred in 1200.
     const int nWidth = kImgHeight / 7 * 12;
     const QImage img = ViewPaint({kImgWidth / 2 - nWidth / 2, 0, nWidth, kImgHeight}, 1200, 700);
     for (const int y : {0, 350, 699}) {
@@ -341,7 +342,7 @@ TEST(WorldImage, BeginningAtLongitude180ItShowsTheSameWorldTurnedByHalf)
     ASSERT_TRUE(WorldImagePaint(imgTurned, {0, 0, kImgWidth, kImgHeight}, -180));
     EXPECT_LT(Differ(imgTurned.copy(360, 0, 360, 676), img.copy(0, 0, 360, 676)), 50);
     EXPECT_LT(Differ(imgTurned.copy(0, 0, 360, 676), img.copy(360, 0, 360, 676)), 50);
-    // Close, and over Greenwich, where the other image ends.
+    // Close up, and across Greenwich, where the other image ends.
     QImage imgClose = PaperMake(300, 200);
     ASSERT_TRUE(WorldImagePaint(imgClose, {kHalf - 9000, LatGetY(54.0), 18000, 12000}, -180));
     const QImage imgEast = ViewPaint({0, LatGetY(54.0), 9000, 12000}, 150, 200);

@@ -47,7 +47,7 @@ double RingGetArea(const MapRing& rng)
     return std::abs(dTwice) / 2;
 }
 
-/// A border piece of two points, the same for either direction and for either copy of the map.
+/// A border segment of two points, the same in both directions and in both copies of the map.
 using Edge = std::array<int, 4>;
 Edge EdgeMake(MapPoint ptOne, MapPoint ptTwo)
 {
@@ -136,7 +136,7 @@ TEST(WorldMapData, DamagedBytesOfTheBuiltInMapDoNoHarm)
         EXPECT_FALSE(bool(WorldMapRead(aCut))) << n;
         Bytes aFlipped = aGood;
         aFlipped[n] = static_cast<unsigned char>(~aFlipped[n]);
-        auto resMap = WorldMapRead(aFlipped);  // refused or not: it must come back
+        auto resMap = WorldMapRead(aFlipped);  // refused or not, the call must return
         EXPECT_TRUE(bool(resMap) || resMap.TextGet() == "Type mismatch");
     }
 }
@@ -196,7 +196,7 @@ TEST(WorldMapData, NoTwoNeighboursHaveOneColour)
                 ptOld = pt;
             }
         }
-    EXPECT_GT(setBorders.size(), 300u);  // the world has somewhat more than 300 land borders
+    EXPECT_GT(setBorders.size(), 300u);  // the world has slightly more than 300 land borders
     for (const auto& [nOne, nTwo] : setBorders)
         EXPECT_NE(map.m_aCountries[nOne].m_nColor, map.m_aCountries[nTwo].m_nColor)
             << map.m_aCountries[nOne].m_sName << ", " << map.m_aCountries[nTwo].m_sName;
@@ -204,8 +204,8 @@ TEST(WorldMapData, NoTwoNeighboursHaveOneColour)
 
 TEST(WorldMapData, FullDetailHasNoStairs)
 {
-    // Outlines traced from a raster would show as stairs: level, upright, level. Three pixels of a
-    // view 5 degrees and 1200 pixels wide are 12.5 image pixels.
+    // Outlines traced from a raster would have stairs: horizontal, vertical, horizontal. Three
+    // pixels of a view 5 degrees and 1200 pixels wide are 12.5 image pixels.
     const auto LongLevel = [](int nLong, int nAcross) {
         return std::abs(nLong) > 12 && nAcross == 0;
     };

@@ -1,4 +1,4 @@
-// The picture at the screen's density. The test program runs twice: at 100 and at 200 %.
+// The picture at the screen's pixel density. The test program runs twice: at 100 and at 200 %.
 #include "MapFakes.h"
 #include "ui/map/MapGraticule.h"
 
@@ -21,7 +21,7 @@ TEST_F(frmMapDensity, PictureHasThePixelsOfTheScreen)
 TEST_F(frmMapDensity, CoastsAreAsFineAsThePixels)
 {
     const QImage& img = m_pMap->pctMap->m_img;
-    int nFine = 0;  // neighbours that differ where a coarser picture would repeat a pixel
+    int nFine = 0;  // differing neighbours that a coarser picture would have equal
     for (int y = 0; y + 1 < img.height(); y += 2)
         for (int x = 0; x + 1 < img.width(); x += 2)
             nFine += img.pixel(x, y) != img.pixel(x + 1, y) ? 1 : 0;

@@ -1,4 +1,4 @@
-// A long random walk over the map: whatever the user does, some things hold.
+// A long random walk over the map: some things hold whatever the user does.
 #include <cmath>
 #include <set>
 
@@ -127,7 +127,7 @@ void frmMapWalk::Check() const
     ASSERT_TRUE(std::isfinite(view.m_box.dTop) && std::isfinite(view.m_box.dLeft));
     ASSERT_GT(view.m_box.dTop, view.m_box.dBottom);
     ASSERT_GE(view.m_dScale, kScaleMin);
-    ASSERT_FALSE(view.ImageGetRect().isEmpty());  // some of the world is seen
+    ASSERT_FALSE(view.ImageGetRect().isEmpty());  // part of the world is visible
     ASSERT_EQ(m_pMap->pctMap->m_img.size(), m_pMap->pctMap->size());
     ASSERT_EQ(m_pMap->cursor().shape(), Qt::ArrowCursor);
     for (const auto& [pMarker, pos] :
@@ -138,7 +138,8 @@ void frmMapWalk::Check() const
     ASSERT_TRUE(m_host.m_sOverlayFailed.empty());
 }
 
-/// Where cells are shown, colour and tip of a place are those of the engine at its grid point.
+/// Where cells are shown, the colour and the tip of a place match the engine's value at its grid
+/// point.
 void frmMapWalk::OverlayCheck()
 {
     if (!m_pMap->windowTitle().startsWith(QStringLiteral("Snr Overlay")))
@@ -161,7 +162,7 @@ void frmMapWalk::OverlayCheck()
         fSnr < m_host.m_settings.m_fMapOverlayMinSnr
             ? qRgb(255, 255, 255)
             : qRgb(int(nColor & 255), int(nColor >> 8 & 255), int(nColor >> 16 & 255));
-    // A line or a label may lie above the cell.
+    // A line or a label may cover the cell.
     EXPECT_TRUE(setNear.count(nWanted) == 1 || setNear.count(qRgb(0, 0, 0)) == 1
                 || setNear.count(kMapBackground) == 1)
         << sTip.toStdString();
@@ -175,7 +176,7 @@ TEST_F(frmMapWalk, TwoThousandActionsBreakNothing)
         const int nAction = m_rnd.Whole(0, 14);
         Act(nAction);
         if (m_rnd.Whole(0, 9) == 0)
-            QTest::qWait(300);  // the wheel's run
+            QTest::qWait(300);  // for the run that the wheel starts
         Check();
         OverlayCheck();
         ASSERT_FALSE(HasFailure()) << "action " << i << " of kind " << nAction;
