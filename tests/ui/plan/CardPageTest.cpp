@@ -132,7 +132,7 @@ TEST_P(CardOnPaper, EverythingOfFifteenFrequenciesALongNameAndAHalfHourZoneStand
         "word xMin=\"([-0-9.]+)\" yMin=\"([-0-9.]+)\" xMax=\"([-0-9.]+)\" yMax=\"([-0-9.]+)\"");
     std::smatch match;
     ASSERT_TRUE(std::regex_search(boxes.sOut, match, kPage)) << boxes.sOut;
-    constexpr double kMargin = 12.0 / 25.4 * 72.0 - 1.0;  // points, less a rounding
+    constexpr double kMargin = 12.0 / 25.4 * 72.0 - 1.0;  // points, less a rounding error
     const double dWidth = std::stod(match[1]);
     const double dHeight = std::stod(match[2]);
     EXPECT_EQ(dWidth > dHeight, form.eOrientation == QPageLayout::Landscape);
@@ -195,7 +195,7 @@ TEST(CardPage, BlackAndWhiteHasNoOtherInkSoTheContrastIsAtLeastSevenToOne)
         QFont font = painter.font();
         font.setStyleStrategy(QFont::NoAntialias);
         painter.setFont(font);
-        // Curves are smoothed: between black and white stand only the edges of their lines.
+        // Curves are antialiased: only the edges of their lines are between black and white.
         PagePaint(painter, QRectF(QPointF(0, 0), QSizeF(size)), page, PageLook::BlackWhite);
         for (const QRgb rgb : ColoursGet(image))
             EXPECT_TRUE(qRed(rgb) == qGreen(rgb) && qGreen(rgb) == qBlue(rgb)) << std::hex << rgb;

@@ -1,5 +1,5 @@
 /// @file CardSample.h
-/// A day's table with 15 frequencies, one of them without values, and the card that it asks for.
+/// A day's table with 15 frequencies, one of them without values, and the input for its card.
 #pragma once
 
 #include "ui/card/CardPage.h"

@@ -17,7 +17,7 @@ class FrmCompare : public testing::Test {
 protected:
     FrmCompare()
     {
-        // Nine dB more in even hours.
+        // 9 dB more in every other hour.
         m_pVoacap = std::make_shared<ChangedEngine>(
             kEngineVoacap, rig.m_pEngine, [](Prediction& prediction) {
                 for (int iHour = 2; iHour <= kHourCount; iHour += 2)
@@ -237,7 +237,7 @@ TEST_F(FrmCompare, FollowsNewTablesAndTheSelectionAndEnterTakesACell)
 
 TEST_F(FrmCompare, HoursFollowTheTimeSetting)
 {
-    rig.m_dtLocal = {2026, 11, 21, 18, 35, 0};  // 5 h 30 min ahead
+    rig.m_dtLocal = {2026, 11, 21, 18, 35, 0};  // UTC+5:30
     frmMain& frmM = rig.StartWithEngine();
     frmM.m_settings.m_iTimeCode = kTimeLocal;
     frmM.Update();

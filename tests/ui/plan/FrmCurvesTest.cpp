@@ -214,7 +214,7 @@ TEST_F(FrmCurves, NameAndTipSayFrequencyHourAndValue)
 
 TEST_F(FrmCurves, HoursFollowTheTimeSettingInHalfHourZones)
 {
-    rig.m_dtLocal = {2026, 11, 21, 18, 35, 0};  // 5:30 ahead
+    rig.m_dtLocal = {2026, 11, 21, 18, 35, 0};  // UTC+5:30
     frmMain& frmM = rig.StartWithEngine();
     const frmCurves& frm = Open();
     frmM.m_settings.m_iTimeCode = kTimeLocal;

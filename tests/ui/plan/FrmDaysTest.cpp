@@ -19,7 +19,7 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor([&] { return !frm.RunningIs(); }, 20000));
         return frm;
     }
-    /// An engine that prints no deciles, under REC533's number.
+    /// An engine without deciles, under REC533's number.
     std::shared_ptr<ChangedEngine> PlainEngine()
     {
         return std::make_shared<ChangedEngine>(
@@ -278,7 +278,7 @@ TEST_F(FrmDays, TheColumnsTakeTheRoomThatTheWindowHas)
 
 TEST_F(FrmDays, HoursFollowTheTimeSetting)
 {
-    rig.m_dtLocal = {2026, 11, 21, 18, 35, 0};  // 5 h 30 min ahead
+    rig.m_dtLocal = {2026, 11, 21, 18, 35, 0};  // UTC+5:30
     frmMain& frmM = rig.StartWithEngine();
     frmM.m_settings.m_iTimeCode = kTimeLocal;
     frmM.Update();

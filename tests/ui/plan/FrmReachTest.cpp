@@ -359,7 +359,7 @@ TEST_F(FrmReach, WhichOfThreeStationsTonightOnWhichChannelTakesSixKeys)
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_2);    // 3, 4: 21 UTC
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_1);
     ASSERT_EQ(frm.ReachGet()->InputGet().iFrom, 21);
-    // The answer stands in the first row: station, channel, margin.
+    // The answer is in the first row: station, channel, margin.
     const Reach& reach = *frm.ReachGet();
     const ReachRow& best = reach.RowsGet()[reach.RankingGet()[0]];
     EXPECT_TRUE(frm.grdReach->TextGet(1, kReachStation)
@@ -367,7 +367,7 @@ TEST_F(FrmReach, WhichOfThreeStationsTonightOnWhichChannelTakesSixKeys)
     EXPECT_EQ(frm.grdReach->TextGet(1, kReachChannel).toFloat(), ReachChannelGet(reach, best));
     EXPECT_TRUE(frm.grdReach->TextGet(1, kReachMargin).startsWith(u'+'));
     frm.grdReach->setFocus();                       // 5: Tab or a click
-    QTest::keyClick(frm.grdReach, Qt::Key_Return);  // 6: takes it over
+    QTest::keyClick(frm.grdReach, Qt::Key_Return);  // 6: takes the station
     MainRig::EventsRun();
     EXPECT_TRUE(
         frmM.windowTitle().contains(QString::fromStdString(reach.PlacesGet()[best.iPlace].sKey)));

@@ -1,4 +1,4 @@
-// The planning windows on engine programs that misbehave.
+// The planning windows with engine programs that misbehave.
 #include <QLabel>
 #include <chrono>
 #include <optional>
@@ -33,7 +33,7 @@ constexpr Fault kFaults[] = {
 
 std::ostream& operator<<(std::ostream& stm, const Fault& fault) { return stm << fault.sName; }
 
-/// Main window and planning windows on shell scripts in place of REC533.
+/// Main window and planning windows with shell scripts in place of REC533.
 class PlanOnPrograms : public testing::Test {
 protected:
     PlanOnPrograms()
@@ -43,7 +43,7 @@ protected:
         rig.OwnPlacesWrite("Near,N18 W130,,\nFar,N47 30 E8 30,,\n");
         Engine("");
     }
-    // The windows go before the root looks for what they left.
+    // The windows must go before the root checks what they have left.
     void TearDown() override { rig.m_pFrm.reset(); }
 
     void Engine(const std::string& sFault) const
@@ -51,7 +51,7 @@ protected:
         root.Engine("rec533w.exe",
                     sFault + "\ncp '" + CapturedPath("rec533/p2p_01", ".out") + "' $out");
     }
-    /// The same for the grids of an area.
+    /// The same with the grids of an area.
     void AreaEngine(const std::string& sFault) const
     {
         root.Engine("rec533w.exe",
@@ -72,7 +72,7 @@ protected:
         limit.reset();
         limit.emplace(dSeconds);
     }
-    /// Until so many runs have been begun.
+    /// Waits until nCalls runs have begun.
     void EngineAwait(int nCalls) const
     {
         EXPECT_TRUE(QTest::qWaitFor([&] { return root.CallCount() >= nCalls; }, 20000));
@@ -156,7 +156,7 @@ TEST_P(PlanFault, ADayOfTheMapSaysWhyAndIsShownOnceTheEngineWorks)
     pLayer->trigger();
     EXPECT_TRUE(QTest::qWaitFor([&] { return day.HasCells(); }, 30000))
         << map.txtCursor->text().toStdString();
-    map.close();  // the other hours are still to come
+    map.close();  // before the other hours are done
     MainRig::EventsRun();
     EXPECT_TRUE(frmM.m_pMap.isNull());
 }

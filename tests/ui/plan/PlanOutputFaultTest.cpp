@@ -1,4 +1,4 @@
-// The planning windows on a full disk, without a printer, and under a clock that is set.
+// The planning windows with a full disk, without a printer, and when the clock is set.
 #include <QFile>
 #include <QLabel>
 #include <QPrintDialog>
@@ -55,7 +55,7 @@ protected:
             asNames.push_back(entry.path().filename().string());
         return asNames;
     }
-    /// Exports over an old file while the disk is full, and once more when it is not.
+    /// Exports over an old file while the disk is full, and again when it is not.
     void ExportTry(const std::string& sSuffix, const std::function<void()>& fnExport)
     {
         const std::string sName = "a." + sSuffix;
@@ -98,7 +98,7 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor([&] { return !Runs(); }, 20000));
         return window;
     }
-    /// Presses the button and answers the dialog of the printers.
+    /// Presses the button and answers the print dialog.
     static void Print(const PlanWindow& window, const std::function<void(QPrintDialog&)>& fnAnswer)
     {
         bool bAnswered = false;
@@ -115,7 +115,7 @@ protected:
         window.cmdPrint->click();
         EXPECT_TRUE(bAnswered);
     }
-    /// There is no printer; the dialog then offers a file.
+    /// Chooses a file in the dialog, as a user without a printer does.
     static void PrintToFile(const PlanWindow& window, const std::string& sFile)
     {
         Print(window, [&](QPrintDialog& dlg) {

@@ -1,5 +1,6 @@
 /// @file PlanRig.h
-/// The real main window with the built-in engine for its planning windows, and an Airmail folder.
+/// The real main window with the built-in engine for its planning windows, and the Airmail lists
+/// they use.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@
 #include "ui/support/MainRig.h"
 #include "ui/support/UiEvents.h"
 
-/// An engine that answers once it is let go, or not before it is stopped.
+/// An engine that holds each prediction until it is released or stopped.
 class HeldEngine final : public Engine {
 public:
     explicit HeldEngine(std::shared_ptr<const Engine> pEngine) : m_pEngine(std::move(pEngine)) {}
@@ -43,7 +44,7 @@ public:
     {
         return m_pEngine->PredictArea(request, stop);
     }
-    /// Lets so many predictions go.
+    /// Releases nPredictions predictions.
     void Release(int nPredictions) const
     {
         const std::lock_guard lock(m_mutex);
@@ -59,7 +60,7 @@ private:
     mutable int m_nLeft = 0;
 };
 
-/// The built-in engine's answers under another engine's number, changed on their way.
+/// Returns the built-in engine's predictions, changed, under another engine's number.
 class ChangedEngine final : public Engine {
 public:
     using ChangeFn = std::function<void(Prediction& prediction)>;
@@ -122,7 +123,7 @@ public:
         });
         return Start();
     }
-    /// Opens the window of stations by its key and waits for its rows.
+    /// Opens the window of stations with its key and waits for its rows.
     frmReach& ReachOpen()
     {
         ReachOpenSoon();
@@ -143,7 +144,7 @@ public:
         m_folder.Write("hopcast.places.csv", std::string(kOwnPlacesHead) + "\n" + sRows);
     }
 
-    /// Presses a key of the menu Plan and waits for its window.
+    /// Presses a key of the Plan menu and waits for its window.
     template <class Window>
     Window& WindowOpen(Qt::Key eKey, const QPointer<Window>& pWindow)
     {
@@ -155,7 +156,7 @@ public:
         return *pWindow;
     }
 
-    std::shared_ptr<const Engine> m_pEngine;  ///< of every model that is not named
+    std::shared_ptr<const Engine> m_pEngine;  ///< for every model not in m_aEngine
     std::map<int, std::shared_ptr<const Engine>> m_aEngine;
 };
 

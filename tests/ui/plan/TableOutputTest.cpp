@@ -28,7 +28,7 @@ protected:
         QTest::keyClick(QApplication::focusWidget(), eKey, eModifiers);
     }
     static QString Clip() { return QGuiApplication::clipboard()->text(); }
-    /// Lines of cells, read back against the table.
+    /// Compares lines of cells with the table.
     void ExpectTable(const std::vector<QStringList>& aLine)
     {
         const PropagationTable& table = Main().TableGet();
@@ -126,7 +126,7 @@ TEST_F(TableOutputInMain, CtrlCInAGridCopiesTheOneCell)
     EXPECT_FALSE(Clip().isEmpty());
 }
 
-/// Counts what is asked to print.
+/// Counts the requests to print.
 class PrintWindow final : public PlanWindow {
 public:
     explicit PrintWindow(PlanHost& host)
@@ -163,7 +163,7 @@ TEST_F(TableOutputInMain, CtrlPPrintsThePlanningWindowThatHasTheFocus)
     frm.setAttribute(Qt::WA_DeleteOnClose, false);
     frm.show();
     Focus(*frm.cmdCopy);
-    // The system's dialog may open; it is left alone.
+    // The system's dialog may open and is closed again.
     QTimer tmrLeave;
     QObject::connect(&tmrLeave, &QTimer::timeout, &frm, [] {
         if (auto* pDialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))

@@ -1,5 +1,5 @@
-/// What a screen reader finds: every control has a role and a name, and what there is stands in
-/// data/accessible.txt. With HOPCAST_RENEW=1 in the environment the list is written anew instead.
+/// What a screen reader finds: every control has a role and a name, as listed in
+/// data/accessible.txt. With HOPCAST_RENEW=1 in the environment the list is rewritten instead.
 #include <gtest/gtest.h>
 
 #include <QAccessible>
@@ -23,7 +23,7 @@ std::string RoleName(QAccessible::Role eRole)
     return sName != nullptr ? sName : "Role" + std::to_string(eRole);
 }
 
-/// Parts of other controls; who uses a keyboard never meets them.
+/// Parts of other controls, which keyboard users never meet.
 bool PartIs(QAccessible::Role eRole)
 {
     static const std::set<int> kParts{QAccessible::ScrollBar, QAccessible::Grip,
@@ -31,7 +31,7 @@ bool PartIs(QAccessible::Role eRole)
     return kParts.contains(eRole);
 }
 
-/// Rooms around controls. Without a name they say nothing.
+/// Containers of controls. Without a name they say nothing.
 bool RoomIs(QAccessible::Role eRole)
 {
     static const std::set<int> kRooms{QAccessible::Border,      QAccessible::StaticText,
@@ -40,7 +40,7 @@ bool RoomIs(QAccessible::Role eRole)
     return kRooms.contains(eRole);
 }
 
-/// What stands inside is a value, or the toolkit's own affair.
+/// What is inside these is a value, or the toolkit's own business.
 bool WholeIs(QAccessible::Role eRole)
 {
     static const std::set<int> kWhole{QAccessible::Table,      QAccessible::Tree,
@@ -50,7 +50,7 @@ bool WholeIs(QAccessible::Role eRole)
     return kWhole.contains(eRole);
 }
 
-/// A page of a stack is hidden behind another one, and is listed all the same.
+/// True for a hidden control. A page hidden behind another one of its stack is listed all the same.
 bool HiddenIs(QAccessibleInterface& control)
 {
     const auto* pWidget = qobject_cast<const QWidget*>(control.object());
@@ -58,7 +58,7 @@ bool HiddenIs(QAccessibleInterface& control)
            && qobject_cast<const QStackedWidget*>(pWidget->parentWidget()) == nullptr;
 }
 
-/// A list's own text is its entry; its name is its own one, or its label's.
+/// A list's text is its current entry, so its name is its own accessible name or its label's.
 QString NameOf(QAccessibleInterface& control)
 {
     if (control.role() != QAccessible::ComboBox)
@@ -71,7 +71,7 @@ QString NameOf(QAccessibleInterface& control)
     return {};
 }
 
-/// What kind of value is read out beside the name.
+/// The kind of value that is read out after the name.
 std::string ValueKind(QAccessibleInterface& control)
 {
     if (QAccessibleTableInterface* pTable = control.tableInterface())
@@ -107,7 +107,7 @@ void ControlsTake(const std::string& sWindow, QAccessibleInterface* pControl,
         return;
     for (int i = 0; i < pControl->childCount(); ++i) {
         QAccessibleInterface* pChild = pControl->child(i);
-        // Dialogs of a window are windows of the list themselves.
+        // A window's dialogs have their own entries in the list.
         const bool bDialog = pChild != nullptr && pChild->role() == QAccessible::Dialog;
         if (!bDialog && pChild != nullptr && !HiddenIs(*pChild))
             ControlsTake(sWindow, pChild, aControl);
@@ -122,7 +122,7 @@ protected:
             ControlsTake(window.sName, QAccessible::queryAccessibleInterface(window.pWidget),
                          m_aControl);
     }
-    /// Without what differs from run to run and from machine to machine: figures and folders.
+    /// The name without figures and folders, which differ between runs and machines.
     [[nodiscard]] std::string Steady(QString sName) const
     {
         static const QRegularExpression kFigures(QStringLiteral("[+-]?[0-9]+([.,:][0-9]+)*"));

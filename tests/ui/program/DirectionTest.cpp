@@ -1,5 +1,4 @@
-/// Windows that run from right to left: signs stand before their numbers, and pictures and pages
-/// are the same.
+/// Right-to-left windows: signs come before their numbers, and pictures and pages stay the same.
 #include <gtest/gtest.h>
 
 #include <QHeaderView>
@@ -22,7 +21,7 @@
 
 namespace {
 
-/// Mirrors every window while it lives.
+/// Mirrors every window while the object exists.
 class RightToLeft {
 public:
     RightToLeft() { QApplication::setLayoutDirection(Qt::RightToLeft); }
@@ -31,8 +30,8 @@ public:
     RightToLeft& operator=(const RightToLeft&) = delete;
 };
 
-/// The columns of a picture that differ from its corner, from the first to the last: how many
-/// pixels each has.
+/// The number of dark pixels in each column of a picture, from the first to the last column that
+/// has any.
 std::vector<int> InkOf(const QImage& img)
 {
     std::vector<int> anInk;
@@ -47,7 +46,7 @@ std::vector<int> InkOf(const QImage& img)
     return anInk;
 }
 
-/// A sign is lower than a figure.
+/// Expects a sign first: its columns have fewer pixels than a figure's.
 void SignIsFirst(const QImage& img, const std::string& sWhat)
 {
     const std::vector<int> anInk = InkOf(img);
@@ -57,7 +56,7 @@ void SignIsFirst(const QImage& img, const std::string& sWhat)
     EXPECT_LT(2 * nFirst, nLast) << sWhat;
 }
 
-/// A widget as it looks, black on white in large letters.
+/// A widget's picture, black on white with large letters.
 QImage ImageOf(QWidget& widget)
 {
     QPalette palette;
@@ -140,7 +139,7 @@ TEST(Direction, OfTheFiguresInTheListOfNeeds)
     SignIsFirst(page.lstNeeds->viewport()->grab(rect).toImage(), "need");
 }
 
-/// Real windows: the cells of a mirrored grid look like the ones that are not.
+/// Uses the real windows: cells of a mirrored grid look the same as without mirroring.
 TEST(Direction, OfTheTablesIsThatOfTheirTextsAlone)
 {
     const auto CellsOf = [](bool bMirrored) {
@@ -168,7 +167,7 @@ TEST(Direction, OfTheTablesIsThatOfTheirTextsAlone)
     }
 }
 
-/// What is drawn by hours goes from left to right for everybody.
+/// Hours run from left to right for everyone.
 TEST(Direction, OfCurvesAndBandsIsNeverMirrored)
 {
     const auto PicturesOf = [](bool bMirrored) {
@@ -198,7 +197,7 @@ TEST(Direction, OfCurvesAndBandsIsNeverMirrored)
     EXPECT_EQ(imgCurves, imgCurvesMirrored);
 }
 
-/// A page on paper, with its table, its curves and its band, does not ask for the windows.
+/// A page on paper, with its table, curves and band, ignores the direction of windows.
 TEST(Direction, OfPagesIsNeverMirrored)
 {
     ProgramRig rig;

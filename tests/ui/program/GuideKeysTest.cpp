@@ -1,4 +1,4 @@
-/// The table of keys in docs/guide.md has those of the windows.
+/// The table of keys in docs/guide.md matches the keys of the windows.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -26,7 +26,7 @@ void KeyAdd(const QKeySequence& key, Keys& asKey)
         asKey.insert(key.toString(QKeySequence::PortableText).toStdString());
 }
 
-/// Keys by the place that the guide names; as Qt writes them.
+/// The keys by the places that the guide names, spelt as Qt does.
 std::map<std::string, Keys> GuideKeys()
 {
     const std::map<std::string, Keys> words{{"arrows", {"Left", "Right", "Up", "Down"}},
@@ -49,7 +49,8 @@ std::map<std::string, Keys> GuideKeys()
     return keysOfPlace;
 }
 
-/// Keys of a window's actions and shortcuts in a context: those that work in it alone, or in all.
+/// The keys of a window's actions and shortcuts: those that work in this window only, or those that
+/// work everywhere.
 Keys ShortcutsOf(const QWidget& window, bool bEverywhere)
 {
     Keys asKey;
@@ -65,7 +66,7 @@ Keys ShortcutsOf(const QWidget& window, bool bEverywhere)
     return asKey;
 }
 
-/// The letter of a menu or button.
+/// Adds the mnemonic of a menu or button.
 void LetterAdd(const QString& sText, Keys& asKey) { KeyAdd(QKeySequence::mnemonic(sText), asKey); }
 
 TEST(GuideKeys, OfTheMainWindowAreItsMenusAndButtons)
@@ -80,7 +81,7 @@ TEST(GuideKeys, OfTheMainWindowAreItsMenusAndButtons)
     EXPECT_EQ(GuideKeys()["main window"], asKey);
 }
 
-/// Some are the window's own events and stand behind the words of its menu.
+/// Some keys are events of the window and only named in its menu's texts.
 TEST(GuideKeys, OfAnyWindowAreThoseOfTheWholeProgram)
 {
     ProgramRig rig;
@@ -89,7 +90,7 @@ TEST(GuideKeys, OfAnyWindowAreThoseOfTheWholeProgram)
     for (const QAction* pAction : frm.findChildren<QAction*>())
         if (const qsizetype nTab = pAction->text().indexOf(u'\t'); nTab >= 0)
             asKey.insert(pAction->text().mid(nTab + 1).toStdString());
-    asKey.merge(Keys{"Menu", "Shift+F10", "Ctrl+C"});  // of the tables and fields themselves
+    asKey.merge(Keys{"Menu", "Shift+F10", "Ctrl+C"});  // these belong to tables and fields
     EXPECT_EQ(GuideKeys()["any window"], asKey);
 }
 
@@ -115,14 +116,14 @@ TEST(GuideKeys, OfTheMapAreItsShortcuts)
     EXPECT_EQ(GuideKeys()["map"], asKey);
 }
 
-/// Presses the keys of a place, each of which the control has to take.
+/// Sends the keys of a place to its control, which must accept each.
 void KeysTaken(const char* sPlace, QObject& control)
 {
     const Keys asKey = GuideKeys()[sPlace];
     EXPECT_GT(asKey.size(), 3U) << sPlace;
     for (const std::string& sKey : asKey) {
         const QKeyCombination key = QKeySequence(QString::fromStdString(sKey))[0];
-        // A key that a control leaves to its window is that window's.
+        // A key that a control ignores goes to its window.
         QKeyEvent event(QEvent::KeyPress, key.key(), key.keyboardModifiers());
         control.event(&event);
         EXPECT_TRUE(event.isAccepted()) << sPlace << ": " << sKey;
@@ -143,7 +144,7 @@ TEST(GuideKeys, OfControlsAreTakenByThem)
     KeysTaken("map, bar of hours", *frm.m_pMap->findChild<HourBar*>()->hscHour);
 }
 
-/// No window has a key with Ctrl or Alt, save letters of its own words, that the guide leaves out.
+/// Every window's key with Ctrl or Alt is in the guide, apart from mnemonics.
 TEST(GuideKeys, OfEveryWindowAreToldSomewhere)
 {
     Keys asTold;

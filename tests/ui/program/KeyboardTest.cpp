@@ -1,4 +1,4 @@
-/// The tasks of the guide by the keyboard alone: no event of a mouse is made here.
+/// The guide's tasks by keyboard only: this file makes no mouse event.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -25,7 +25,7 @@
 
 namespace {
 
-/// Gives the focus to the window that had it before, when one closes: there is no window manager.
+/// Returns the focus to the previous window when one closes, since there is no window manager.
 class WindowManager final {
 public:
     WindowManager()
@@ -57,7 +57,7 @@ WindowManager& Manager()
     return s_manager;
 }
 
-/// Where a key of the keyboard arrives.
+/// The window that receives keys.
 QWindow* KeyWindow()
 {
     if (const QWidget* pPopup = QApplication::activePopupWidget())
@@ -66,7 +66,8 @@ QWindow* KeyWindow()
     return QGuiApplication::focusWindow();
 }
 
-/// A button whose letter was pressed stays down for a moment; one with a menu until that closes.
+/// A button whose mnemonic was pressed stays down for a moment, one with a menu until the menu
+/// closes.
 bool ButtonsAreUp()
 {
     if (QApplication::activePopupWidget() != nullptr)
@@ -87,7 +88,7 @@ void Press(Qt::Key eKey, Qt::KeyboardModifiers eWith = Qt::NoModifier)
     EXPECT_TRUE(QTest::qWaitFor(ButtonsAreUp));
 }
 
-/// Keys for a menu that runs its own loop until it is closed.
+/// Presses keys in a menu that runs its own loop until it closes.
 void PressSoon(std::vector<Qt::Key> aeKey)
 {
     QTimer::singleShot(0, qApp, [aeKey = std::move(aeKey)] {
@@ -103,7 +104,7 @@ void Type(const char* sText)
     }
 }
 
-/// An entry of a menu by its letters: Alt with the menu's, then the entry's.
+/// Chooses a menu's entry by mnemonics: Alt and the menu's letter, then the entry's.
 void MenuChoose(Qt::Key eMenu, Qt::Key eEntry)
 {
     Press(eMenu, Qt::AltModifier);
@@ -117,7 +118,7 @@ std::string FocusGet()
     return p != nullptr ? p->objectName().toStdString() : "nothing";
 }
 
-/// Goes on with Tab until a control has the focus.
+/// Presses Tab until a control has the focus.
 void TabTo(const char* sName)
 {
     constexpr int kMost = 80;
@@ -152,7 +153,7 @@ protected:
 private:
     frmMain& Start()
     {
-        Manager();  // sees the first window come
+        Manager();  // must exist before the first window
         return rig.StartWithEngine();
     }
 };
@@ -496,7 +497,7 @@ TEST_F(Keyboard, ShowsTheOverlayOfTheMap)
     TabTo("cmdOverlay");
     Press(Qt::Key_Space);
     ASSERT_EQ(QApplication::activePopupWidget(), map.mnuOverlay);
-    // The entries may stand above the pictures' names: found by going down to them.
+    // Entries may come above those in the pictures, so each is found by going down.
     const auto GoTo = [&map](const QAction* pEntry) {
         for (int n = 0; n < 10 && map.mnuOverlay->activeAction() != pEntry; ++n)
             Press(Qt::Key_Down);
@@ -512,7 +513,7 @@ TEST_F(Keyboard, ShowsTheOverlayOfTheMap)
     Press(Qt::Key_Space);
     GoTo(map.mnuOverlayDraw);
     Press(Qt::Key_Return);
-    EXPECT_GT(rig.m_engine.nStarts, nBefore);  // the rig's engine has no areas, so a box tells it
+    EXPECT_GT(rig.m_engine.nStarts, nBefore);  // the rig's engine has no areas and shows a box
     EXPECT_FALSE(rig.m_msg.m_aShown.empty());
     Press(Qt::Key_Escape);
     EXPECT_EQ(frm.m_pMap, nullptr);
@@ -527,7 +528,7 @@ TEST_F(Keyboard, ReadsTheGuideAndAbout)
     rig.m_msg.m_aShown.clear();
     MainActive();
     MenuChoose(Qt::Key_H, Qt::Key_G);
-    // A test's program has no guide beside it.
+    // A test program has no guide beside it.
     ASSERT_EQ(rig.m_msg.m_aShown.size(), 1U);
     EXPECT_EQ(rig.m_msg.m_aShown[0].sText, "The guide is not installed with this program.");
 }

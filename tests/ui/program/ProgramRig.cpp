@@ -92,7 +92,7 @@ void ProgramRig::PlanOpen(std::vector<ProgramWindow>& aWindow)
     aWindow.push_back({"card", frm.m_pCard});
 }
 
-/// The menus that no menu bar has. They are filled, and closed again: one popup hides another.
+/// Fills the menus outside the menu bar and closes each again, since one popup hides another.
 void ProgramRig::MenusOpen(std::vector<ProgramWindow>& aWindow)
 {
     frmMain& frm = *m_pFrm;

@@ -1,5 +1,5 @@
 /// @file ProgramRig.h
-/// The whole program on the built-in engine, with stations, own places and a guide, and each of its
+/// The whole program with the built-in engine, stations, own places and a guide, and each of its
 /// windows as a user opens it.
 #pragma once
 
@@ -8,7 +8,7 @@
 
 #include "ui/plan/PlanRig.h"
 
-/// A window by the name under which lists have it.
+/// A window and its name in lists.
 struct ProgramWindow {
     std::string sName;
     QWidget* pWidget;
@@ -16,17 +16,17 @@ struct ProgramWindow {
 
 class ProgramRig : public PlanRig {
 public:
-    /// A circuit whose table has values below zero.
+    /// Starts with a circuit whose table has values below zero.
     ProgramRig();
     ~ProgramRig();
 
-    /// All windows of the program, open and with their contents: the main window, the tabs of the
-    /// options one by one, the other windows, the menus that open beside them, a message box.
+    /// All windows of the program, open and filled: the main window, each tab of the options, the
+    /// other windows, the menus beside them, a message box.
     [[nodiscard]] std::vector<ProgramWindow> WindowsOpen();
 
 private:
     QWidget* Kept(QWidget* pWidget);
     void PlanOpen(std::vector<ProgramWindow>& aWindow);
     void MenusOpen(std::vector<ProgramWindow>& aWindow);
-    std::vector<QPointer<QWidget>> m_apKept;  ///< windows that are not the main window's
+    std::vector<QPointer<QWidget>> m_apKept;  ///< windows that do not belong to the main window
 };

@@ -54,7 +54,7 @@ private:
     {
         for (const char* sProperty : {"text", "title", "placeholderText", "prefix", "suffix",
                                       "specialValueText", "format", "informativeText"}) {
-            // What stands in an entry field is the user's.
+            // The text in an entry field is the user's.
             const bool bEntry = qobject_cast<const QLineEdit*>(&widget) != nullptr
                                 && sProperty == std::string("text");
             if (!bEntry)
@@ -92,7 +92,7 @@ private:
     std::string m_sWindow;
 };
 
-/// Of another list: a menu or a dialog that belongs to this window.
+/// True for a menu or dialog that belongs to this window but is listed separately.
 bool OtherWindowIs(const QWidget& widget, const QWidget& window)
 {
     return widget.window() != &window

@@ -13,5 +13,5 @@ struct WindowText {
     QString sText;
 };
 
-/// Texts with at least one letter; of a window's own parts, not those of windows beside it.
+/// Texts with at least one letter, from a window's own parts and not from windows beside it.
 [[nodiscard]] std::vector<WindowText> WindowTextsGet(const ProgramWindow& window);

@@ -1,5 +1,5 @@
-/// Every text of ours can be translated: with a translator that marks what passes through it, no
-/// window has a word without a mark, save data and the texts of the lower floors.
+/// Every text of Hopcast's own can be translated: with a translator that marks what passes through
+/// it, no window has an unmarked word, apart from data and texts of the lower floors.
 #include <gtest/gtest.h>
 
 #include <QRegularExpression>
@@ -18,7 +18,7 @@ namespace {
 constexpr QChar kOpen(0x27E6);
 constexpr QChar kClose(0x27E7);
 
-/// Puts a sentence's own words between marks, and leaves the places of its values outside.
+/// Puts marks around a text's own words, leaving the placeholders of its values outside.
 class MarkTranslator final : public QTranslator {
 public:
     MarkTranslator() { QCoreApplication::installTranslator(this); }
@@ -43,7 +43,7 @@ public:
     }
 };
 
-/// What is left of a text without what is marked, without line ends and blanks around it.
+/// The unmarked rest of a text, with its blanks and line ends simplified.
 QString Unmarked(QString sText)
 {
     static const QRegularExpression kMarked(QStringLiteral("%1[^%2]*%2").arg(kOpen).arg(kClose));
@@ -58,8 +58,8 @@ bool LettersHas(const QString& sText)
 
 /// Words that need no translation.
 struct Exemption {
-    const char* sWhere;  ///< regular expression on the whole of WindowText::sWhere
-    const char* sWhat;   ///< the same on what is not marked
+    const char* sWhere;  ///< regular expression for the whole of WindowText::sWhere
+    const char* sWhat;   ///< regular expression for the unmarked rest
     const char* sReason;
     mutable bool bUsed = false;
 };
@@ -136,7 +136,7 @@ TEST(Words, OfEveryWindowPassThroughTheTranslator)
         EXPECT_TRUE(row.bUsed) << row.sWhere << " " << row.sWhat << " is exempt for nothing";
 }
 
-/// Of a text only its values are left outside of the marks.
+/// Expects only the values of a text outside the marks.
 void OnlyValuesAreLeft(const std::string& sText, const std::string& sValues = "")
 {
     EXPECT_NE(sText.find(QString(kOpen).toStdString()), std::string::npos) << sText;

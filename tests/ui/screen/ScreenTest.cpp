@@ -1,5 +1,5 @@
-/// Small and dense screens: every window fits the screen, and each of its controls is seen or can
-/// be scrolled to. The same program runs on several screens, see CMakeLists.txt.
+/// Small and dense screens: every window fits, and each of its controls is visible or can be
+/// scrolled to. The same program runs on several screens; see CMakeLists.txt.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -37,7 +37,8 @@ std::string NameOf(const QWidget& widget)
     return widget.window()->objectName().toStdString() + " " + widget.objectName().toStdString();
 }
 
-/// What a user looks for: named, seen and not greyed, and not a part inside another control.
+/// True for what a user looks for: a control with a name, visible and enabled, not a part of
+/// another control.
 bool ControlIs(const QWidget& widget)
 {
     if (!widget.isVisible() || !widget.isEnabled() || widget.objectName().isEmpty()
@@ -52,7 +53,8 @@ bool ControlIs(const QWidget& widget)
            || qobject_cast<const QAbstractScrollArea*>(&widget) != nullptr;
 }
 
-/// What a bar can bring into a room of nRoom pixels, in the room's present coordinates.
+/// The range that a scroll bar can bring into an area of nRoom pixels, in the area's present
+/// coordinates.
 struct Room {
     int nFrom = 0;
     int nTo = 0;
@@ -76,7 +78,7 @@ bool ScrolledTo(const QAbstractScrollArea& area, const QRect& rect)
            && rect.bottom() < y.nTo;
 }
 
-/// The control is inside of everything that it stands in, up to its window.
+/// True if the control lies within all its parents up to the window, or can be scrolled there.
 bool ReachableIs(const QWidget& control)
 {
     QRect rect = control.rect();
@@ -95,8 +97,8 @@ bool ReachableIs(const QWidget& control)
     return true;
 }
 
-/// Labels of one line whose text has less room than it takes. Those of the status line shorten
-/// themselves and have the whole in their tooltip.
+/// True for a one-line label with less room than its text needs. Labels of the status line shorten
+/// themselves and show the whole text in their tooltip.
 bool CutIs(const QWidget& control)
 {
     const auto* pLabel = qobject_cast<const QLabel*>(&control);
@@ -107,7 +109,7 @@ bool CutIs(const QWidget& control)
                || pLabel->height() < pLabel->sizeHint().height());
 }
 
-/// Walks a window. @return how many controls it has
+/// Checks every control of a window. @return how many there are
 int WindowWalk(QWidget& window)
 {
     MainRig::EventsRun();
@@ -120,7 +122,7 @@ int WindowWalk(QWidget& window)
         if (pControl->window() != &window || !ControlIs(*pControl))
             continue;
         ++nControls;
-        if (pControl->focusPolicy() != Qt::NoFocus)  // a row of buttons scrolls to its focus
+        if (pControl->focusPolicy() != Qt::NoFocus)  // a row of buttons scrolls to the focus
             pControl->setFocus();
         MainRig::EventsRun();
         EXPECT_TRUE(ReachableIs(*pControl)) << NameOf(*pControl);
@@ -214,7 +216,7 @@ TEST(Screen, OfAbout)
     EXPECT_GE(WindowWalk(*frm.m_pAbout), 3);
 }
 
-/// The rows of one station and one own place.
+/// Writes lists with one usable station and one own place.
 void PlacesWrite(MainRig& rig)
 {
     rig.AirmailWrite("System.HAM.ini", "[Station Info]\nKQ6XA=CM87:San Luis; 7103.0\nBAD=1:x\n");

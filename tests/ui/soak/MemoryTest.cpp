@@ -1,4 +1,4 @@
-// The windows where memory is scarce. Sanitizers want all addresses there are.
+// The windows when memory is scarce. Not with sanitizers, which need the whole address space.
 #ifndef __SANITIZE_ADDRESS__
 #include <gtest/gtest.h>
 #include <malloc.h>
@@ -20,7 +20,7 @@ namespace {
 constexpr rlim_t kMegabyte = rlim_t{1} << 20;
 constexpr int kWaitMax = 300000;  // ms
 
-/// While it lives the process gets so many bytes of addresses and no more.
+/// Limits the process to its present address space plus nBytes while the object exists.
 class MoreMemory {
 public:
     explicit MoreMemory(rlim_t nBytes)
@@ -45,7 +45,7 @@ class ScarceMemory : public testing::Test {
 protected:
     ScarceMemory()
     {
-        // Each thread would reserve addresses that it does not use.
+        // Otherwise each thread would reserve address space that it does not use.
         mallopt(M_ARENA_MAX, 1);
         rig.OwnPlacesWrite("Near,N18 W130,,\nFar,N47 30 E8 30,,\n");
         frm = &rig.StartWithEngine();

@@ -1,5 +1,5 @@
 /// @file SoakDrive.h
-/// The main window as a user works it again and again.
+/// Works the main window as a user does, again and again.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@
 #include "ui/map/frmMap.h"
 #include "ui/support/UiEvents.h"
 
-/// Map and details beside the main window, which is the active one.
+/// Opens map and details beside the main window, which stays active.
 inline frmMain& WithMapAndDetails(frmMain& frm)
 {
     frm.mnuViewWorldMap->trigger();
@@ -25,7 +25,7 @@ inline frmMain& WithMapAndDetails(frmMain& frm)
     return frm;
 }
 
-/// Other degrees of the receiver's latitude by keys, then the button; all windows painted.
+/// Types new degrees of the receiver's latitude and presses the button; all windows are painted.
 inline void LatitudeUpdate(frmMain& frm, const char* sDegrees)
 {
     frm.txtLat0->setFocus();

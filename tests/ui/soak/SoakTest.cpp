@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// An engine root whose REC533 takes no time; what it puts out is to be set.
+/// An engine root whose REC533 takes no time and returns the output set here.
 class InstantRig : public MainRig {
 public:
     InstantRig() : MainRig(kEngineRec533)

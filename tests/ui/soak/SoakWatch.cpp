@@ -16,7 +16,7 @@
 #include <iterator>
 
 #ifdef __SANITIZE_ADDRESS__
-// GCC brings the function without its header.
+// GCC has the function but not its header.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
@@ -28,7 +28,7 @@ constexpr int kRoundsFirst = 100;
 constexpr double kGrowthMax = 1.05;
 
 #ifdef __SANITIZE_ADDRESS__
-// The sanitizer keeps freed memory back, so that only what is allocated tells something.
+// The sanitizer holds back freed memory, so only allocated memory is meaningful.
 constexpr bool kResidentCounts = false;
 std::size_t HeapGet() { return __sanitizer_get_current_allocated_bytes(); }
 #else
@@ -123,7 +123,7 @@ void SoakWatch::Rounds(int nRounds, const std::function<void(int)>& fnRound,
             EXPECT_FALSE(heldFirst.bChildren);
             continue;
         }
-        // Fewer are fine: the toolkit's idle threads end after a while.
+        // Fewer are fine: idle threads of the toolkit end after a while.
         EXPECT_LE(held.nDescriptors, heldFirst.nDescriptors);
         EXPECT_LE(held.nThreads, heldFirst.nThreads);
         EXPECT_LE(held.nWindows, heldFirst.nWindows);

@@ -1,4 +1,4 @@
-// The planning windows and the map's day for hours on end, on the engine in this process.
+// The planning windows and the map's day for hours on end, with the engine in this process.
 #include <QPushButton>
 #include <initializer_list>
 
@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kWaitMax = 60000;  // ms
 
-/// The main window with some places, and a question that nobody has asked before in each round.
+/// The main window with some places, and a new question in each round.
 class SoakRig : public PlanRig {
 public:
     explicit SoakRig(int nPlaces)
@@ -35,7 +35,7 @@ public:
     }
 };
 
-/// The values of a sunspot number are the same whenever it is asked for.
+/// A sum that is the same whenever the same sunspot number is asked for.
 float SnrSum(const Reach& reach)
 {
     float fSum = 0.0F;
@@ -48,7 +48,7 @@ float SnrSum(const Reach& reach)
 
 TEST(StudiesSoak, SearchesForStations)
 {
-    // So many that the answers' room is full before the first look at the memory.
+    // Enough places to fill the cache before memory is first measured.
     const int nPlaces = RoundsGet(25, 6);
     const SoakWatch watch;
     SoakRig rig(nPlaces);
@@ -125,7 +125,7 @@ TEST(StudiesSoak, OpeningsOfEveryPlanningWindow)
             pItem->trigger();
         ASSERT_TRUE(Opened(frm.m_pReach) && Opened(frm.m_pDays) && Opened(frm.m_pCompare)
                     && Opened(frm.m_pCurves) && Opened(frm.m_pPlaces) && Opened(frm.m_pCard));
-        // Every other time they are closed during their work.
+        // In every other round they are closed while they work.
         if (nRound % 2 == 0) {
             ASSERT_TRUE(QTest::qWaitFor(
                 [&] {

@@ -1,5 +1,4 @@
-// Two programs on one engine root: neither fails for the other's sake, neither gets the other's
-// numbers.
+// Two programs with one engine root: neither makes the other fail or gets the other's numbers.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -37,7 +36,7 @@ Words CircuitWords(const char* sTransmitter, const char* sReceiver, const char* 
             sSunSpots};
 }
 
-/// hopcast-predict again and again, each run held against what it put out when it was alone.
+/// Runs hopcast-predict repeatedly and compares each output with that of a run on its own.
 class Repeated {
 public:
     explicit Repeated(Words asWords)
@@ -84,7 +83,7 @@ TEST(TwoPrograms, OnOneRootNeverMixNorFail)
 TEST(TwoPrograms, WindowAndConsoleOnOneRootNeverMixNorFail)
 {
     RealRig rig(kEngineRec533);
-    EngineLimitSet(kEngineLimit);  // as the program itself has it
+    EngineLimitSet(kEngineLimit);  // the limit of the program itself
     frmMain& frm = WithMapAndDetails(rig.Start());
     Repeated east(CircuitWords("52,13", "-33,151", "6", "20"));
     LatitudeUpdate(frm, "31");

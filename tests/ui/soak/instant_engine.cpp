@@ -10,7 +10,7 @@ int main(int nArguments, char** asArguments)
         return 2;
     const fs::path pthRoot = asArguments[1];
     std::error_code ec;
-    // An output that is there is an old one that should have been taken away.
+    // An existing output makes the copy fail: it would be an old one that should have been deleted.
     if (!fs::exists(pthRoot / "RUN" / asArguments[2], ec) || ec
         || !fs::copy_file(pthRoot / "captured.out", pthRoot / "RUN" / asArguments[3], ec))
         return 1;

@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kChunk = 10;
 constexpr int kHours = 24;
-/// No process of this number is a child of the test, so waiting for it ends at once.
+/// No child of the test has this process id, so waiting for it ends at once.
 constexpr int kNoProcess = 0x3FFFFFFF;
 
 std::string Number(double dValue) { return NumberFormat(dValue, "0.0"); }
@@ -101,7 +101,7 @@ Result<int> FakeEngine::Start(const ProcessCommand& command)
     asDeck.emplace_back(std::istreambuf_iterator<char>(stmDeck), std::istreambuf_iterator<char>());
     if (fnDuring)
         fnDuring();
-    // A list beyond ten frequencies comes in two runs; the second one's deck starts with another.
+    // More than ten frequencies come in two runs; the second run's deck begins with the eleventh.
     const int iFirst = nStarts % nChunks == 0 ? 1 : 1 + kChunk;
     const bool bFails = bFail || anFailing.count(nStarts) > 0;
     ++nStarts;

@@ -1,6 +1,6 @@
 /// @file MainRig.h
-/// The real main window on a fake engine, a still clock, an Airmail folder and a profile of its
-/// own.
+/// The real main window with a fake engine, a fixed clock, and an Airmail folder and a profile of
+/// its own.
 #pragma once
 
 #include <functional>
@@ -16,18 +16,18 @@
 #include "ui/common/FileDialog.h"
 #include "ui/main/frmMain.h"
 
-/// An engine that writes the output of VOACAP's layout (or REC533's) with the values asked for.
+/// An engine that writes output in VOACAP's (or REC533's) layout with the given values.
 struct FakeEngine {
-    /// SNR in dB of an hour and a frequency index.
+    /// SNR in dB for an hour and the index of a frequency.
     std::function<double(int iHour, int iFrequency)> fnSnr = [](int iHour, int iFrequency) {
         return iHour + iFrequency;
     };
     std::function<void()> fnDuring;  ///< called while the engine runs
-    bool bDeciles = false;           ///< VOACAP prints 12 and 9 dB; its median is 0
-    bool bFail = false;              ///< starts, and leaves no output
-    std::set<int> anFailing;         ///< starts (from 0) that leave no output
+    bool bDeciles = false;           ///< VOACAP prints 12 and 9 dB, and a median of 0
+    bool bFail = false;              ///< starts but leaves no output
+    std::set<int> anFailing;         ///< the starts (from 0) that leave no output
     int nStarts = 0;
-    int nChunks = 2;                  ///< runs of one prediction: 2 beyond ten frequencies
+    int nChunks = 2;                  ///< runs per prediction: 2 for more than ten frequencies
     std::vector<std::string> asDeck;  ///< decks in the order of the runs
     double dMufMhz = 21.0;
     double dLufMhz = 5.0;
@@ -48,9 +48,9 @@ public:
 
     /// Creates the window with the rig's profile; not shown yet.
     frmMain& Make();
-    /// Shows it and waits for the first prediction.
+    /// Shows the window and waits for the first prediction.
     frmMain& Start();
-    /// Lets events run until nothing is pending.
+    /// Processes events until none is pending.
     static void EventsRun();
     void ProfileAdd(const std::string& sLines);
     void AirmailWrite(const std::string& sFile, const std::string& sBytes);
@@ -62,7 +62,7 @@ public:
     DateTime m_dtLocal{2026, 11, 21, 13, 5, 0};
     std::string m_sProfileFile;
     std::vector<FileDialogQuestion> m_aAsked;
-    QString m_sAnswer;  ///< of the file dialog
+    QString m_sAnswer;  ///< the file dialog's
     std::unique_ptr<frmMain> m_pFrm;
 
 private:
@@ -74,6 +74,6 @@ private:
     FileDialogFn m_fnDialogBefore;
 };
 
-/// The line of one label of a deck-like row: fields of a width, right-aligned, from a column on.
+/// One line with a label and right-aligned fields of equal width from a column on.
 std::string RowMake(const std::string& sLabel, int nColumn, int nWidth,
                     const std::vector<std::string>& asField);

@@ -1,5 +1,5 @@
 /// @file UiEvents.h
-/// Real mouse and key events for the grid.
+/// Real mouse events for the grid.
 #pragma once
 
 #include <QApplication>
@@ -9,7 +9,7 @@
 
 #include "ui/common/GridControl.h"
 
-/// The widget that receives the mouse over a cell (cells, hour header or frequency labels).
+/// The widget that receives the mouse at a place: cells, hour header or frequency labels.
 inline QWidget* CellWidget(GridControl& grd, GridPlace place)
 {
     if (place.iRow == 0 && place.iCol > 0)
@@ -30,7 +30,7 @@ inline void CellMouse(GridControl& grd, GridPlace place, Qt::MouseButton eButton
     QTest::mouseClick(CellWidget(grd, place), eButton, {}, CellPoint(grd, place));
 }
 
-/// The mouse moves to a point of a widget.
+/// Moves the mouse to a point of a widget.
 inline void MouseMoveTo(QWidget& widget, const QPoint& pnt)
 {
     QMouseEvent event(QEvent::MouseMove, QPointF(pnt), QPointF(widget.mapToGlobal(pnt)),
@@ -43,7 +43,7 @@ inline void CellMouseMove(GridControl& grd, GridPlace place, const QPoint& pntOf
     MouseMoveTo(*CellWidget(grd, place), CellPoint(grd, place) + pntOff);
 }
 
-/// Every tooltip that a widget is given, in order.
+/// Records every tooltip that a widget is given, in order.
 class ToolTipRecorder final : public QObject {
 public:
     explicit ToolTipRecorder(QWidget* pWidget) : m_pWidget(pWidget)
