@@ -167,7 +167,7 @@ TEST(Absorption, PlaceTablesFollowExactAngles)
 }
 
 // The three pieces of the figure's formula meet within 5 %.
-TEST(Absorption, PenetrationHangsTogether)
+TEST(Absorption, PenetrationIsContinuousWithinFivePercent)
 {
     const Crossing crossing{3.0, 0.34};
     for (const double dT : {1.0, 2.2, 10.0}) {

@@ -162,7 +162,7 @@ TEST_P(OwnPower, Of1000WattsIs10DecibelAboveThatOf100AtEveryPointOfAnArea)
     EXPECT_GT(nShifted, 60);
 }
 
-TEST_P(OwnPower, OfAGridThatNoRunOfThisFileMadeIsNobodys)
+TEST_P(OwnPower, IsNotAppliedToAGridOpenedWithoutARun)
 {
     m_root.EngineCopying(m_case.sProgram, CapturedPath(m_case.sGrid, m_case.sGridExtension));
     const float fCard = PointsGet(0.0F).front().fSnr;

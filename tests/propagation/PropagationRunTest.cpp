@@ -145,7 +145,7 @@ TEST_P(EachEngine, AnEmptyListReturnsFalseAndTouchesNothing)
     EXPECT_TRUE(m_msg.m_aShown.empty());
 }
 
-TEST_P(EachEngine, FirstFailureIsSilentAndTheSecondAttemptMayStillDo)
+TEST_P(EachEngine, FirstFailureIsSilentAndTheSecondAttemptMaySucceed)
 {
     m_root.Engine(m_case.sProgram, "[ $n -eq 1 ] && exit 3\ncp '"
                                        + CapturedPath(m_case.sCaptured, ".out") + "' $out");
@@ -290,7 +290,7 @@ TEST_P(EachEngine, ValueThatDoesNotFitFailsTheDeckAndStartsNothing)
     EXPECT_EQ(m_root.CallCount(), 0);
 }
 
-TEST_P(EachEngine, SayingOfAnEarlierRunIsForgottenByOneThatStartsNoEngine)
+TEST_P(EachEngine, OutputOfAnEarlierRunIsForgottenByOneThatStartsNoEngine)
 {
     m_root.Engine(m_case.sProgram, "echo no map");
     EXPECT_FALSE(PropagationRun(InputOf(m_case.iModel, 10), m_table, ToldFailures()));

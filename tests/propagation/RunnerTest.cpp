@@ -226,7 +226,7 @@ TEST(Runner, AnExchangedEngineIsAskedAnew)
     EXPECT_EQ(pEngine->m_nRuns, 2);
 }
 
-TEST(Runner, WhoTakesAnAnswerFindsItCounted)
+TEST(Runner, AnAnswerIsCountedBeforeItIsHandled)
 {
     RunnerJob job;
     std::atomic<bool> bJobThere{false};

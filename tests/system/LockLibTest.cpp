@@ -87,7 +87,7 @@ void LockTakeAgainAndAgain(const std::string& sFile, const std::atomic<bool>& bE
 }
 
 // A program that kept predicting once locked another one out for good.
-TEST(FileLock, WhoWaitsIsBeforeWhoComesAgain)
+TEST(FileLock, AWaiterIsServedBeforeTheFormerHolder)
 {
     const TempFolder folder;
     const std::string sFile = folder.Path() + "/hopcast.lock";
@@ -101,7 +101,7 @@ TEST(FileLock, WhoWaitsIsBeforeWhoComesAgain)
     EXPECT_FALSE(FileExists(sFile + ".next"));
 }
 
-TEST(FileLock, AStopEndsTheWaitAndLeavesNoPlaceInTheLine)
+TEST(FileLock, AStopEndsTheWaitAndLeavesNoPlaceInTheQueue)
 {
     const TempFolder folder;
     const std::string sFile = folder.Path() + "/hopcast.lock";
@@ -118,7 +118,7 @@ TEST(FileLock, AStopEndsTheWaitAndLeavesNoPlaceInTheLine)
     EXPECT_FALSE(FileExists(sFile + ".next"));
 }
 
-TEST(FileLock, WhoGivesUpLeavesNoPlaceInTheLine)
+TEST(FileLock, AWaiterThatGivesUpLeavesNoPlaceInTheQueue)
 {
     const TempFolder folder;
     const std::string sFile = folder.Path() + "/hopcast.lock";
@@ -152,7 +152,7 @@ TEST(FileLock, TellsAMissingFolder)
 
 #ifndef _WIN32
 
-TEST(FileLock, WantOfRightsIsNotWaitedFor)
+TEST(FileLock, MissingRightsEndTheWaitAtOnce)
 {
     const TempFolder folder;
     chmod(folder.Path().c_str(), 0555);

@@ -36,7 +36,7 @@ TEST(OutOfMemory, ACleanUpWithoutMemoryEndsTheProgramAllTheSame)
                 testing::ExitedWithCode(kStatus), "^hopcast-test: Out of memory[^\n]*\n$");
 }
 
-TEST(OutOfMemory, AnotherExceptionIsNoWantOfMemory)
+TEST(OutOfMemory, AnotherExceptionIsNotTakenForOutOfMemory)
 {
     EXPECT_EXIT(ThrowOnAThread(std::runtime_error("another")), testing::KilledBySignal(SIGABRT),
                 "^$");
