@@ -187,7 +187,7 @@ std::vector<std::string> WordsGet()
 int main(int nArguments, char** asArguments)
 {
     OutOfMemoryHandle("hopcast", kExitFailed, EngineRootRelease);
-    const bool bConsole = ConsoleIsThere();
+    const bool bConsole = ConsoleIsOpen();
     const std::vector<std::string> asAlone = ArgumentsGet(nArguments, asArguments);
     const Options optionsAlone = OptionsGet(asAlone);
     const char* sAnswer = optionsAlone.bHelp ? kHelp : optionsAlone.bVersion ? kVersion : nullptr;

@@ -64,7 +64,7 @@ double PowerShiftGet(double dOwn, int iModel, int iAntennaType, DeckKind eKind)
     return OwnIs(dOwn) ? 10.0 * std::log10(dOwn / CardPowerGet(iModel, iAntennaType, eKind)) : 0.0;
 }
 
-bool SnrGivenIs(float fSnr)
+bool SnrIsGiven(float fSnr)
 {
     constexpr float kNoneRec533 = -999.0F;
     constexpr float kNoneVoacap = -999.9F;
@@ -74,7 +74,7 @@ bool SnrGivenIs(float fSnr)
 float PowerShiftSnr(float fSnr, double dShift)
 {
     constexpr float kGridLeast = -99.9F;
-    return SnrGivenIs(fSnr) && fSnr != kGridLeast ? static_cast<float>(fSnr + dShift) : fSnr;
+    return SnrIsGiven(fSnr) && fSnr != kGridLeast ? static_cast<float>(fSnr + dShift) : fSnr;
 }
 
 void PowerShiftTable(const Request& request, int iFirst, int iLast, PropagationTable& table)
@@ -85,7 +85,7 @@ void PowerShiftTable(const Request& request, int iFirst, int iLast, PropagationT
         return;
     for (int iHour = 1; iHour <= kHourCount; ++iHour) {
         for (int i = iFirst; i <= iLast; ++i) {
-            if (!SnrGivenIs(table.fSnr(iHour, i)))
+            if (!SnrIsGiven(table.fSnr(iHour, i)))
                 continue;
             table.fSnr(iHour, i) = PowerShiftSnr(table.fSnr(iHour, i), dShift);
             table.fSdBW(iHour, i) = static_cast<float>(table.fSdBW(iHour, i) + dShift);

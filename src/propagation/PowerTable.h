@@ -36,7 +36,7 @@ enum class DeckKind { PointToPoint, Area };
 
 /// False for the numbers that the engines print when there is no SNR: -99, -999 and -999.9, and for
 /// not-a-number.
-[[nodiscard]] bool SnrGivenIs(float fSnr);
+[[nodiscard]] bool SnrIsGiven(float fSnr);
 
 /// A shifted SNR, dB. -99, -999 and -999.9 mean that there is none and stay, as does not-a-number.
 /// -99.9 stays too: it is the lowest value that fits a grid and represents anything below, so

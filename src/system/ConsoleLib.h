@@ -12,7 +12,7 @@
 
 /// False when printed text goes nowhere: in a window program that Windows started from its desktop
 /// or from a command prompt. True when its output is redirected.
-[[nodiscard]] bool ConsoleIsThere();
+[[nodiscard]] bool ConsoleIsOpen();
 
 /// While it lives, the console reads what is printed as UTF-8. At its end, and when the user ends
 /// the program from the keyboard, the console gets its previous settings back, as the shell goes on

@@ -13,7 +13,7 @@ std::vector<std::string> ArgumentsGet(int nArguments, char** asArguments)
 ConsoleUtf8::ConsoleUtf8() = default;
 ConsoleUtf8::~ConsoleUtf8() = default;
 
-bool ConsoleIsThere() { return true; }
+bool ConsoleIsOpen() { return true; }
 
 bool ConsoleTakesColor()
 {

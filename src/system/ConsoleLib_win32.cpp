@@ -66,7 +66,7 @@ std::vector<std::string> ArgumentsGet(int /*nArguments*/, char** /*asArguments*/
     return asWords;
 }
 
-bool ConsoleIsThere()
+bool ConsoleIsOpen()
 {
     HANDLE hOutput = GetStdHandle(STD_OUTPUT_HANDLE);
     return hOutput != nullptr && GetFileType(hOutput) != FILE_TYPE_UNKNOWN;

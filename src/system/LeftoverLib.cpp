@@ -10,7 +10,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// ".hopcast-123-0", on Windows "hopcast.ini.hopcast-123".
+/// ".hopcast-123-0"; on Windows the first version wrote "hopcast.ini.hopcast-123".
 bool IsTemporaryName(std::string_view sName)
 {
     constexpr std::string_view kMark = ".hopcast-";

@@ -28,4 +28,4 @@ inline constexpr const char* kManifest = "hopcast-engines.txt";
 /// Folders in which to look for voacapl.
 [[nodiscard]] std::string EngineSearchPathGet();
 /// True when voacapl, which the VOACAP launcher runs, is in one of these folders.
-[[nodiscard]] bool VoacaplIsThere(const std::string& sSearchPath);
+[[nodiscard]] bool VoacaplIsInstalled(const std::string& sSearchPath);

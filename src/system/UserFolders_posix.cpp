@@ -50,7 +50,7 @@ void TemporaryRootsRemove()
 
 std::string EngineSearchPathGet() { return EnvironmentGet("PATH") + ":/usr/bin"; }
 
-bool VoacaplIsThere(const std::string& sSearchPath)
+bool VoacaplIsInstalled(const std::string& sSearchPath)
 {
     return !ProgramSearch("voacapl", sSearchPath).empty();
 }

@@ -20,7 +20,7 @@ void TemporaryRootsRemove() {}
 
 std::string EngineSearchPathGet() { return {}; }
 
-bool VoacaplIsThere(const std::string&)
+bool VoacaplIsInstalled(const std::string&)
 {
     return false;  // the ITS package brings its own VOACAP
 }

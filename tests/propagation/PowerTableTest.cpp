@@ -244,9 +244,9 @@ TEST(PowerShift, ValuesThatSayThereIsNoneStay)
 TEST(SnrGiven, IsFalseForTheEnginesNumbersOfNoneAndForNoNumberAlone)
 {
     for (const float fNone : {-99.0F, -999.0F, -999.9F, std::numeric_limits<float>::quiet_NaN()})
-        EXPECT_FALSE(SnrGivenIs(fNone)) << fNone;
+        EXPECT_FALSE(SnrIsGiven(fNone)) << fNone;
     for (const float fSnr : {-98.0F, -100.0F, -998.0F, 0.0F, 99.0F})
-        EXPECT_TRUE(SnrGivenIs(fSnr)) << fSnr;
+        EXPECT_TRUE(SnrIsGiven(fSnr)) << fSnr;
 }
 
 TEST(PowerShift, OfATableMovesSignalAndSnrOfTheChunkAlone)

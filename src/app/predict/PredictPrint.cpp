@@ -112,7 +112,7 @@ std::string CellText(const PropagationTable& table, const CellArray<float>& afCe
 
 std::string OrNull(const std::string& sNumber) { return sNumber.empty() ? "null" : sNumber; }
 
-std::string JsonSnr(float fSnr) { return SnrGivenIs(fSnr) ? NumberToText(fSnr) : "null"; }
+std::string JsonSnr(float fSnr) { return SnrIsGiven(fSnr) ? NumberToText(fSnr) : "null"; }
 
 /// Reliability with two decimals and both deciles with one, as engines print them; empty if there
 /// is none.
@@ -198,7 +198,7 @@ std::string PredictNeedText(const Need& need)
 
 std::string PredictMarginText(float fSnr, const Need& need)
 {
-    if (!SnrGivenIs(fSnr))
+    if (!SnrIsGiven(fSnr))
         return {};
     const auto Decimal = [](float fValue) {
         return NumberFromText(NumberToText(fValue)).ValueGet();

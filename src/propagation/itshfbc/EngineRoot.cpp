@@ -313,7 +313,7 @@ Result<void> EngineRootProvisionFrom(const std::string& sProgramFolder,
         return resMade;
     const std::string& sRoot = work.sRoot;
     NewEnginesRemove(sRoot);
-    const std::string sVoacap = VoacaplIsThere(sSearchPath)
+    const std::string sVoacap = VoacaplIsInstalled(sSearchPath)
                                     ? ShippedEngineGet(sProgramFolder, kVoacapProgram)
                                     : std::string();
     Result<void> resRec533 = EngineRenew(
