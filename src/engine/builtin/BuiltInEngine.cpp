@@ -108,9 +108,16 @@ AreaDay::Place PlaceOfGrid(const run533::GridPlace& gridPlace)
             run533::FieldValueGet(gridPlace.dLon, kWidth, kDecimals)};
 }
 
+/// Working memory for one call at a time. It ends with its thread.
+rec533::DayWork& ThreadWorkGet()
+{
+    thread_local rec533::DayWork work;
+    return work;
+}
+
 }  // namespace
 
-/// What several calls share: the maps that were used last, and working memory.
+/// What several calls share: the maps that were used last.
 class BuiltInEngine::Shared {
 public:
     std::shared_ptr<const rec533::Ionosphere> IonosphereGet(const run533::DeckCommon& deckCommon)
@@ -126,38 +133,12 @@ public:
         return m_pIonosphere;
     }
 
-    /// A DayWork for exclusive use while this lives.
-    class Work {
-    public:
-        explicit Work(Shared& shared) : m_shared(shared)
-        {
-            const std::lock_guard lock(m_shared.m_mutex);
-            if (!m_shared.m_aWorks.empty()) {
-                m_work = std::move(m_shared.m_aWorks.back());
-                m_shared.m_aWorks.pop_back();
-            }
-        }
-        ~Work()
-        {
-            const std::lock_guard lock(m_shared.m_mutex);
-            m_shared.m_aWorks.push_back(std::move(m_work));
-        }
-        Work(const Work&) = delete;
-        Work& operator=(const Work&) = delete;
-        [[nodiscard]] rec533::DayWork& Get() { return m_work; }
-
-    private:
-        Shared& m_shared;
-        rec533::DayWork m_work;
-    };
-
 private:
     std::mutex m_mutex;
     std::shared_ptr<const rec533::Ionosphere> m_pIonosphere;
     rec533::MapSet m_eMaps = rec533::MapSet::Ccir;
     int m_nMonth = 0;
     double m_dSsn = 0.0;
-    std::vector<rec533::DayWork> m_aWorks;
 };
 
 BuiltInEngine::BuiltInEngine(std::string sRoot)
@@ -211,9 +192,8 @@ Prediction BuiltInEngine::Predict(const Request& request, const std::stop_token&
         run533::RunPartsMake(common, m_sRoot, kBehaviour, m_pShared->IonosphereGet(common));
     if (!resParts)
         return Fail(FailureMake(FailureKind::BadInput, kPointNotFinished, resParts.TextGet()));
-    Shared::Work work(*m_pShared);
     run533::PointDay dayOfPath;
-    PointDayFill(dayOfPath, resDeck.ValueGet(), resParts.ValueGet(), work.Get());
+    PointDayFill(dayOfPath, resDeck.ValueGet(), resParts.ValueGet(), ThreadWorkGet());
     BuiltInTableFill(dayOfPath, aiFrequency, prediction.table);
     prediction.bOk = true;
     return prediction;
@@ -238,7 +218,7 @@ public:
     [[nodiscard]] std::optional<Failure> Run(std::size_t iPiece, AreaDay& day,
                                              const std::stop_token& stop) override
     {
-        thread_local rec533::DayWork work;
+        rec533::DayWork& work = ThreadWorkGet();
         thread_local std::vector<rec533::Prediction> aCells;
         std::array<rec533::DayHour, 24> aHours;
         const std::size_t nFrequencies = m_frequencies.CountGet();
@@ -333,7 +313,6 @@ AreaPrediction BuiltInEngine::PredictArea(const AreaRequest& request,
     rec533::Circuit circuit = CircuitMake(deck.common, parts, run533::kPowerWithoutAntenna);
     const rec533::Frequencies frequencies(*parts.pIonosphere, circuit, {&deck.dFrequency, 1});
     const double dPowerShift = PowerShiftGet(request);
-    Shared::Work work(*m_pShared);
     rec533::DayHour hour;
     rec533::Prediction predicted;
     for (int iRow = 0; iRow < deck.nGrid; ++iRow)
@@ -347,7 +326,7 @@ AreaPrediction BuiltInEngine::PredictArea(const AreaRequest& request,
             const run533::GridPlace gridPlace = GridPlaceGet(deck, iRow, iColumn);
             circuit.dRxLat = gridPlace.dLat;
             circuit.dRxLon = gridPlace.dLonOfPath;
-            PredictHour(work.Get(), *parts.pIonosphere, frequencies, circuit, deck.nHour, hour,
+            PredictHour(ThreadWorkGet(), *parts.pIonosphere, frequencies, circuit, deck.nHour, hour,
                         {&predicted, 1});
             const AreaDay::Place place = PlaceOfGrid(gridPlace);
             prediction.aPoints.push_back(
