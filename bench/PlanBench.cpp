@@ -1,4 +1,5 @@
-/// The planning windows: from the key to the first and to the last row of a search for stations.
+/// The planning windows: from the key to the first and to the last row of a search for stations,
+/// and from the key until another window shows all its answers.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -8,8 +9,13 @@
 
 #include "BenchRoot.h"
 #include "engine/builtin/BuiltInEngine.h"
+#include "places/OwnPlaces.h"
 #include "propagation/itshfbc/EngineRoot.h"
+#include "ui/compare/frmCompare.h"
+#include "ui/curves/frmCurves.h"
+#include "ui/days/frmDays.h"
 #include "ui/main/frmMain.h"
+#include "ui/places/frmPlaces.h"
 #include "ui/reach/frmReach.h"
 
 namespace {
@@ -32,6 +38,9 @@ std::string StationsMake(int nStations)
 
 /// A main window with a list of so many stations and 15 frequencies.
 class World {
+    const BenchRoot m_root{BENCH_ENGINE};
+    const QTemporaryDir m_dir;
+
 public:
     explicit World(int nStations)
     {
@@ -62,10 +71,14 @@ public:
         m_frm.m_pReach->close();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-
-private:
-    const BenchRoot m_root{BENCH_ENGINE};
-    const QTemporaryDir m_dir;
+    /// Fills My Places with so many rows.
+    void PlacesPut(int nPlaces)
+    {
+        std::ofstream file(OwnPlacesPath(m_frm.m_settings.m_sProfileFile));
+        file << kOwnPlacesHead << '\n';
+        for (int n = 0; n < nPlaces; ++n)
+            file << "Place " << n << ',' << n % 90 << "N " << n % 180 << "E,7060 14300,\n";
+    }
     frmMain m_frm;
 };
 
@@ -84,9 +97,53 @@ void Search(benchmark::State& state, int nStations, bool bAll, double dLimit)
 void ReachFirstRow(benchmark::State& state) { Search(state, 84, false, 100000); }
 void ReachAllRows(benchmark::State& state) { Search(state, 84, true, 150000); }
 void ReachFiveThousand(benchmark::State& state) { Search(state, 5000, true, 5000000); }
+
+/// From a menu until the window that it opens has its answers and is painted.
+template <typename Window>
+void WindowShow(benchmark::State& state, double dLimit, QAction* mnuWindow,
+                const QPointer<Window>& pWindow)
+{
+    state.counters["limit_us"] = dLimit;
+    for (auto _ : state) {
+        mnuWindow->trigger();
+        if constexpr (requires { pWindow->RunningIs(); })
+            while (pWindow->RunningIs()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        pWindow->repaint();
+        state.PauseTiming();
+        pWindow->close();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        state.ResumeTiming();
+    }
+}
+
+void DaysWindow(benchmark::State& state)
+{
+    World world(0);
+    WindowShow(state, 300000, world.m_frm.mnuPlanDays, world.m_frm.m_pDays);
+}
+void CompareWindow(benchmark::State& state)
+{
+    World world(0);
+    WindowShow(state, 300000, world.m_frm.mnuPlanCompare, world.m_frm.m_pCompare);
+}
+void CurvesWindow(benchmark::State& state)
+{
+    World world(0);
+    WindowShow(state, 150000, world.m_frm.mnuPlanCurves, world.m_frm.m_pCurves);
+}
+void PlacesWindow(benchmark::State& state)
+{
+    World world(0);
+    world.PlacesPut(1000);
+    WindowShow(state, 300000, world.m_frm.mnuPlanPlaces, world.m_frm.m_pPlaces);
+}
 BENCHMARK(ReachFirstRow)->UseRealTime()->Unit(benchmark::kMicrosecond);
 BENCHMARK(ReachAllRows)->UseRealTime()->Unit(benchmark::kMicrosecond);
 BENCHMARK(ReachFiveThousand)->UseRealTime()->Unit(benchmark::kMicrosecond)->Iterations(1);
+BENCHMARK(DaysWindow)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(CompareWindow)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(CurvesWindow)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(PlacesWindow)->UseRealTime()->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

@@ -1,5 +1,5 @@
 // What Hopcast itself costs around an engine's run: decks, readers, and a run whose engine takes no
-// time.
+// time; the user's own lists and a forecast.
 
 #include <benchmark/benchmark.h>
 
@@ -8,11 +8,14 @@
 #include <string>
 
 #include "BenchRoot.h"
+#include "places/OwnPlaces.h"
 #include "propagation/PropagationAreaLib.h"
 #include "propagation/PropagationLib.h"
 #include "propagation/deck/DeckLib.h"
 #include "propagation/itshfbc/EngineProgram.h"
 #include "propagation/reader/ReaderLib.h"
+#include "settings/ForecastReader.h"
+#include "system/FileLib.h"
 #include "system/MsgLib.h"
 #include "system/ProcessLib.h"
 
@@ -26,6 +29,8 @@ constexpr double kDeckLimit = 50.0;      // microseconds
 constexpr double kOutputLimit = 1000.0;  // an output of ten frequencies
 constexpr double kGridLimit = 2000.0;    // a grid of 40 x 40 points
 constexpr double kRunLimit = 5000.0;     // a run less the engine's process
+constexpr double kForecastLimit = 20000.0;
+constexpr double kPlacesLimit = 200000.0;
 
 /// A root in which the engines seem to be.
 class FullRoot : public BenchRoot {
@@ -141,6 +146,42 @@ void RunBench(benchmark::State& state, int iModel, const std::string& sOutput)
     state.counters["limit_us"] = kRunLimit;
 }
 
+/// A forecast read, and a month looked up in it.
+void ForecastBench(benchmark::State& state)
+{
+    const DateTime dtToday{2026, 11, 1, 0, 0, 0};
+    auto resText =
+        FileRead(std::string(BENCH_DATA) + "/settings/data/noaa_predicted_solar_cycle.json",
+                 kForecastTextMost);
+    if (!resText) {
+        state.SkipWithError("no forecast");
+        return;
+    }
+    for (auto _ : state) {
+        auto resForecast = ForecastFromText(resText.ValueGet(), dtToday);
+        if (!resForecast || !ForecastValueGet(resForecast.ValueGet(), 2027, 6, dtToday))
+            state.SkipWithError("no value");
+    }
+    state.counters["limit_us"] = kForecastLimit;
+}
+
+/// The longest list of places that is read.
+void PlacesBench(benchmark::State& state)
+{
+    std::string sText(kOwnPlacesHead);
+    for (std::size_t n = 0; n < kOwnPlacesMost; ++n)
+        sText += "\nPlace " + std::to_string(n) + "," + std::to_string(n % 90) + "N "
+                 + std::to_string(n % 180) + "E,7060 14300,";
+    for (auto _ : state) {
+        auto resList = OwnPlacesParse(sText);
+        if (!resList || OwnPlacesGet(resList.ValueGet()).size() != kOwnPlacesMost)
+            state.SkipWithError("places are missing");
+    }
+    state.counters["limit_us"] = kPlacesLimit;
+}
+
+BENCHMARK(ForecastBench)->Unit(benchmark::kMicrosecond);
+BENCHMARK(PlacesBench)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(DeckBench, voacap, kEngineVoacap)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(DeckBench, rec533, kEngineRec533)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(AreaDeckBench, voacap, kEngineVoacap)->Unit(benchmark::kMicrosecond);

@@ -1,5 +1,5 @@
-/// The window program: refilling the table, an update from the click to the painted table, and the
-/// start.
+/// The window program: refilling the table, an update from the click to the painted table, another
+/// palette, the start, and exports without a window.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -10,8 +10,10 @@
 #include "ui/card/CardPage.h"
 #include "ui/common/ElidedLabel.h"
 #include "ui/common/GridControl.h"
+#include "ui/common/PaletteShown.h"
 #include "ui/main/TableView.h"
 #include "ui/main/frmMain.h"
+#include "ui/map/frmMap.h"
 #include "ui/page/PageFile.h"
 
 namespace {
@@ -19,9 +21,10 @@ namespace {
 constexpr int kFrequencies = 15;
 
 /// 15 x 24 cells with new values, and the paint that shows them.
-void TableRefill(benchmark::State& state)
+void TableRefill(benchmark::State& state, Palette ePalette)
 {
     state.counters["limit_us"] = 5000;
+    PaletteShow(ePalette);
     GridControl grd;
     grd.RowsSet(kFrequencies + 1);
     grd.ColsSet(kHourCount + 1);
@@ -40,8 +43,12 @@ void TableRefill(benchmark::State& state)
         grd.RedrawSet(true);
         grd.repaint();
     }
+    PaletteShow(Palette::Standard);
 }
-BENCHMARK(TableRefill)->UseRealTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(TableRefill, standard, Palette::Standard)
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(TableRefill, night, Palette::Night)->UseRealTime()->Unit(benchmark::kMicrosecond);
 
 /// A card of 15 frequencies as a sheet for the preview.
 void CardToSheet(benchmark::State& state)
@@ -101,6 +108,64 @@ void UpdateToPaintedTable(benchmark::State& state)
     }
 }
 BENCHMARK(UpdateToPaintedTable)->UseRealTime()->Unit(benchmark::kMicrosecond);
+
+/// What a user waits for who presses Ctrl+Shift+N: the main window and the map in Night, or back.
+void PaletteSwitch(benchmark::State& state)
+{
+    state.counters["limit_us"] = 300000;
+    const BenchRoot root(BENCH_ENGINE);
+    const QTemporaryDir dir;
+    qputenv("WINEPREFIX", dir.filePath(QStringLiteral("wine")).toLocal8Bit());
+    frmMain frm;
+    frm.m_settings.m_sProfileFile = ProfileMake(dir).toStdString();
+    frm.show();
+    while (!frm.ActivatedIs()) QApplication::processEvents();
+    frm.cmdRcMap->click();
+    bool bNight = false;
+    for (auto _ : state) {
+        bNight = !bNight;
+        PaletteShow(bNight ? Palette::Night : Palette::Standard);
+        frm.repaint();
+        frm.m_pMap->repaint();
+    }
+    PaletteShow(Palette::Standard);
+}
+BENCHMARK(PaletteSwitch)->UseRealTime()->Unit(benchmark::kMicrosecond);
+
+/// A program without a window that writes a file of a prediction, its start included.
+void Export(benchmark::State& state, const char* sFile, const QStringList& asMore)
+{
+    state.counters["limit_us"] = 1500000;
+    const QTemporaryDir dir;
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), dir.filePath(QStringLiteral("data")));
+    environment.insert(QStringLiteral("WINEPREFIX"), dir.filePath(QStringLiteral("wine")));
+    environment.remove(QStringLiteral("HOPCAST_ITSHFBC"));
+    process.setProcessEnvironment(environment);
+    const QString sExport = dir.filePath(QString::fromUtf8(sFile));
+    const QStringList asArgument = QStringList{QStringLiteral("--profile"), ProfileMake(dir),
+                                               QStringLiteral("--export"), sExport}
+                                   + asMore;
+    for (auto _ : state) {
+        process.start(QStringLiteral(HOPCAST_PROGRAM), asArgument);
+        process.waitForFinished();
+        if (process.exitCode() != 0 || !QFile::remove(sExport))
+            state.SkipWithError("the program wrote no file");
+    }
+}
+BENCHMARK_CAPTURE(Export, table, "table.pdf", {})
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond)
+    ->Iterations(1)
+    ->Repetitions(11);
+BENCHMARK_CAPTURE(Export, area, "area.png",
+                  {QStringLiteral("--area"), QStringLiteral("60,-30,30,40"),
+                   QStringLiteral("--frequencies"), QStringLiteral("14100")})
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond)
+    ->Iterations(1)
+    ->Repetitions(11);
 
 /// The whole program with its built-in engine: from its start until the first table is painted.
 void StartToFirstTable(benchmark::State& state)

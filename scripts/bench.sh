@@ -28,7 +28,7 @@ Machine() {
     voacapl=$(dpkg-query -W -f '${Version}' voacapl 2>/dev/null) || voacapl=none
     echo "- Measured $(date -u +%Y-%m-%d); load of the machine before: $(cut -d ' ' -f 1 /proc/loadavg)"
     echo "- ${model:-unknown processor}, $(nproc) cores, $memory"
-    echo "- $(sed -n 's/^PRETTY_NAME="\(.*\)"/\1/p' /etc/os-release), Linux $(uname -r | cut -d. -f1,2), $(uname -m)"
+    echo "- $(sed -n 's/^PRETTY_NAME="\(.*\)"/\1/p' /etc/os-release), $(uname -m)"
     echo "- $(c++ --version | head -n 1), release build"
     echo "- voacapl $voacapl"
 }
