@@ -25,12 +25,41 @@ if(MINGW)
 endif()
 include(${CMAKE_CURRENT_LIST_DIR}/Hardening.cmake)
 
+if(HOPCAST_FAST_BUILD)
+    find_program(HOPCAST_MOLD mold)
+    if(HOPCAST_MOLD AND NOT CMAKE_CROSSCOMPILING)
+        add_link_options(-fuse-ld=mold)
+    endif()
+    if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache")   # else the cache keeps nothing that uses precompiled headers
+        set(CMAKE_CXX_COMPILER_LAUNCHER
+            ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CMAKE_CXX_COMPILER_LAUNCHER})
+        target_compile_options(hopcast_flags INTERFACE -fpch-preprocess)
+    endif()
+endif()
+
+# hopcast_headers(NAME HEADER ...): these headers, which nearly every file reads, are compiled once for the
+# target NAME and those that take them over by hopcast_headers_from(OTHER NAME). A file still includes
+# what it uses: builds without HOPCAST_FAST_BUILD have no such headers.
+function(hopcast_headers NAME)
+    if(HOPCAST_FAST_BUILD)
+        target_precompile_headers(${NAME} PRIVATE ${ARGN})
+    endif()
+endfunction()
+function(hopcast_headers_from OTHER NAME)
+    if(HOPCAST_FAST_BUILD)
+        target_precompile_headers(${OTHER} REUSE_FROM ${NAME})
+    endif()
+endfunction()
+
 # hopcast_module(NAME SOURCES ... LINK ...): a static library, headers found as "folder/File.h".
 function(hopcast_module NAME)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
     add_library(${NAME} STATIC ${ARG_SOURCES})
     target_include_directories(${NAME} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${NAME} PUBLIC hopcast_flags ${ARG_LINK})
+    if(TARGET hopcast_ui_common AND NAME MATCHES "^hopcast_ui_" AND NOT NAME STREQUAL hopcast_ui_common)
+        hopcast_headers_from(${NAME} hopcast_ui_common)
+    endif()
 endfunction()
 
 # hopcast_form(NAME STEM ...): a module with a .ui form and its pictures.
@@ -43,6 +72,16 @@ function(hopcast_form NAME STEM)
     target_include_directories(${NAME} PUBLIC ${CMAKE_CURRENT_BINARY_DIR})
     if(ARG_RESOURCES)                         # found as :/ui_map/world.png, also from a static library
         qt_add_resources(${NAME} ${NAME} PREFIX /${NAME} FILES ${ARG_RESOURCES})
+    endif()
+endfunction()
+
+# hopcast_test_options(NAME): the compiler's options for tests, which are compiled more often than they run long. In a
+# sanitizer build undefined behaviour is looked for in what they test, not in the tests.
+function(hopcast_test_options NAME)
+    if(CMAKE_CROSSCOMPILING)
+        target_compile_options(${NAME} PRIVATE -O0)
+    elseif(CMAKE_CXX_FLAGS MATCHES "sanitize=.*undefined")
+        target_compile_options(${NAME} PRIVATE -fno-sanitize=undefined)
     endif()
 endfunction()
 
@@ -67,22 +106,28 @@ function(hopcast_test NAME)
     target_include_directories(${NAME} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_compile_definitions(${NAME} PRIVATE
         TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data" TEST_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+    hopcast_test_options(${NAME})
     if(ARG_GUI)
         set_target_properties(${NAME} PROPERTIES AUTOMOC ON)
         target_link_libraries(${NAME} PRIVATE hopcast_test_gui ${ARG_LINK})
+        hopcast_headers_from(${NAME} hopcast_test_gui)
     else()
         target_link_libraries(${NAME} PRIVATE hopcast_test_support ${ARG_LINK})
+        if(NOT ARG_LINK MATCHES "Qt6::|hopcast_ui_")  # Qt has options of its own
+            hopcast_headers_from(${NAME} hopcast_test_support)
+        endif()
     endif()
     set_target_properties(${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests/bin)
     if(CMAKE_CROSSCOMPILING)
-        target_compile_options(${NAME} PRIVATE -O0)   # a test is compiled more often than it runs long
         hopcast_wine_test(${NAME})
         if(ARG_DRIVE_C)
             set_tests_properties(${NAME} PROPERTIES RESOURCE_LOCK drive_c)
         endif()
         return()
     endif()
+    # What may take longest begins first, so that it does not run alone at the end.
     gtest_discover_tests(${NAME} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT}
+        COST ${ARG_TIMEOUT}
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C;ASAN_OPTIONS=detect_leaks=0")
 endfunction()
 

@@ -137,6 +137,7 @@ LossGet() {
     wine | wine64) echo "no tests of the Windows programs" ;;
     clang | libclang-rt-dev) echo "no fuzzing" ;;
     libbenchmark-dev) echo "no benchmarks" ;;
+    mold) echo "linking takes longer" ;;
     gcovr) echo "no count of the lines that the tests run" ;;
     dpkg-dev | file) echo "no package" ;;
     lintian | appstream | desktop-file-utils | man-db) echo "the Debian package is not checked" ;;
@@ -149,7 +150,7 @@ Main() {
     local voacapl=(voacapl voacapl-data)
     case $purpose in
     test | coverage)
-        needed+=(libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool imagemagick poppler-utils)
+        needed+=(mold libgtest-dev libgmock-dev libbenchmark-dev xvfb xdotool imagemagick poppler-utils)
         [ "$purpose" = test ] || needed+=(gcovr)
         # Only CI builds for Windows, tests that under Wine, fuzzes and installs the package.
         [ "${CI:-}" != true ] || needed+=(g++-mingw-w64-x86-64 googletest wine wine64 clang libclang-rt-dev
