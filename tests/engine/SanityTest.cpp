@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <memory>
 #include <random>
+#include <type_traits>
 #include <vector>
 
 #include "engine/ReferenceData.h"
@@ -210,6 +212,47 @@ TEST(Sanity, NothingJumpsAtTheAntipode)
     const double dHalf = kPi * kEarthKm;
     for (const double dKm : {dHalf - 60.0, dHalf - 1.0, dHalf, dHalf + 1.0, dHalf + 60.0})
         EXPECT_LT(StepsGet(dKm - 0.25, dKm + 0.25).back(), 0.2) << dKm - dHalf;
+}
+
+// The rows of a mode that carries nothing are not written: what is left there must not count.
+TEST(Sanity, WorkingMemoryMayHoldAnythingBefore)
+{
+    static_assert(std::is_trivially_copyable_v<PredictionWork>);
+    const auto fnFill = [](PredictionWork& work, double dValue) {
+        for (std::size_t n = 0; n < sizeof work; n += sizeof dValue)
+            std::memcpy(reinterpret_cast<char*>(&work) + n, &dValue, sizeof dValue);
+    };
+    constexpr double kFrequencies[]{2.0, 3.6, 5.3, 7.0, 10.1, 14.1, 21.2};
+    std::mt19937 rng(19);
+    std::uniform_real_distribution<double> draw(-1.0, 1.0);
+    Bench bench;
+    const auto pWork = std::make_unique<PredictionWork>();
+    int nIdle = 0;
+    for (int i = 0; i < 300; ++i) {
+        if (i % 50 == 0)
+            IonosphereFill(*bench.pIono, static_cast<Behaviour>(i / 50 % 3), MapSet::Ccir,
+                           1 + i / 50, 100.0);
+        const double dReach = i % 2 == 0 ? 15.0 : 180.0;
+        const double dLat = 60 * draw(rng), dLon = 160 * draw(rng);
+        const Circuit circuit =
+            CircuitOf(dLat, dLon, dLat + dReach / 6 * draw(rng), dLon + dReach / 9 * draw(rng));
+        bench.Run(circuit, 1 + i % 24, 7.0);
+        FrequencySet set;
+        FrequencySetFill(set, *bench.pIono, circuit, kFrequencies);
+        PredictionRows aRows[2];
+        for (const int n : {0, 1}) {
+            fnFill(*pWork, n == 0 ? 0.0 : std::nan(""));
+            PredictionRowsFill(aRows[n], *pWork, *bench.pHour, set);
+        }
+        for (std::size_t k = 0; k < set.nCount; ++k) {
+            ASSERT_EQ(aRows[0].aField[k], aRows[1].aField[k]) << i << " " << kFrequencies[k];
+            ASSERT_EQ(aRows[0].aPower[k], aRows[1].aPower[k]) << i << " " << kFrequencies[k];
+            ASSERT_EQ(aRows[0].aMode[k], aRows[1].aMode[k]) << i << " " << kFrequencies[k];
+            for (int j = 0; j < bench.pHour->nModes; ++j)
+                nIdle += pWork->aModes[0][static_cast<std::size_t>(j)].aUsed[k] == 0.0 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(nIdle, 100);
 }
 
 TEST(Sanity, FieldDoesNotDependOnWhichHoursCameBefore)

@@ -27,10 +27,12 @@ HOPCAST_INLINE ModeSums<V> ModeSumsGet(const WayHour& hour, const ModesRows& aMo
         vMode = LaneSelect(mask, LaneAll<V>(static_cast<double>(i)), vMode);
     }
     // Powers relative to the strongest, because the power of fields far below zero would underflow.
+    // The fields of a mode without power may never have been written: nothing is made of them.
     V vField{}, vSum{};
     for (std::size_t i = 0; i < nModes; ++i) {
-        const V vPower = LaneLoad<V>(&aModes[i].aUsed[nAt])
-                         * LaneExp<V>(kNepers * (LaneLoad<V>(&(aModes[i].*pOwn)[nAt]) - vBest));
+        const V vPower = LaneSelect(
+            LaneLoad<V>(&aModes[i].aUsed[nAt]) > 0.0,
+            LaneExp<V>(kNepers * (LaneLoad<V>(&(aModes[i].*pOwn)[nAt]) - vBest)), LaneAll<V>(0.0));
         vField += vPower;
         vSum += vPower * hour.aModes[i].dRxPower;
     }
