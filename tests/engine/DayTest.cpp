@@ -148,6 +148,39 @@ TEST(DayThreads, GiveWhatOneThreadGives)
     for (std::size_t i = 0; i < aOne.size(); ++i) ExpectSame(aOne[i], aTwo[i]);
 }
 
+// A processor without AVX2 adds two numbers at a time, and must print the same.
+TEST(DayLanes, TwoNumbersAtOnceGiveTheDigitsOfFour)
+{
+    struct Narrow {
+        Narrow() { LanesNarrowGet() = true; }
+        ~Narrow() { LanesNarrowGet() = false; }
+    };
+    const Antenna antenna = AntennaMake();
+    const auto pIono = std::make_unique<Ionosphere>();
+    std::mt19937 rng(20);
+    DayWork work;
+    std::array<DayHour, 24> aWide, aNarrow;
+    std::vector<Prediction> aCellsWide(24 * kMegahertz.size()), aCellsNarrow(aCellsWide.size());
+    for (int n = 0; n < 24; ++n) {
+        IonosphereFill(*pIono, static_cast<Behaviour>(n % 3), MapSet::Mean, 1 + n % 12, 8.0 * n);
+        const Circuit circuit = CircuitDraw(rng, antenna);
+        const Frequencies frequencies(*pIono, circuit, kMegahertz);
+        PredictDay(work, *pIono, frequencies, circuit, DayParts::Page, aWide, aCellsWide);
+        {
+            const Narrow narrow;
+            PredictDay(work, *pIono, frequencies, circuit, DayParts::Page, aNarrow, aCellsNarrow);
+        }
+        for (std::size_t i = 0; i < 24; ++i) {
+            EXPECT_EQ(aWide[i].dMuf, aNarrow[i].dMuf);
+            EXPECT_EQ(aWide[i].dLuf, aNarrow[i].dLuf);
+            EXPECT_EQ(aWide[i].dFot, aNarrow[i].dFot);
+        }
+        for (std::size_t i = 0; i < aCellsWide.size(); ++i)
+            ExpectSame(aCellsWide[i], aCellsNarrow[i]);
+        ASSERT_FALSE(HasFailure()) << n;
+    }
+}
+
 // The noise of a set equals the sum of its parts.
 TEST(DayNoise, SnrIsThatOfTheNoiseFiguresAdded)
 {

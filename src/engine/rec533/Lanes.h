@@ -1,9 +1,11 @@
 /// @file Lanes.h
 /// Several numbers side by side in the compiler's own vector type, on every processor.
 ///
-/// The templates take a double or a vector of doubles; each lane of a vector gets exactly the same
-/// digits as a single double. All are inlined, so that they use the wider registers of a caller
-/// that is compiled for them.
+/// The templates take a double or a vector of doubles. Each lane of a vector gets the same digits
+/// whatever the vector's width, so that every processor gives the same numbers; a sum over lanes is
+/// one of LaneSum. For a double LaneLog, LaneExp and LaneSin are the library's functions, which may
+/// differ in the last place. All are inlined, so that they use the wider registers of a caller that
+/// is compiled for them.
 ///
 /// Domain:  LaneLog: positive normal numbers; LaneExp: -700 to 700, clamped; LaneSin: -2 to 2.
 /// Errors:  LaneLog and LaneExp within 2 units of the last place, LaneSin within 5e-16.
@@ -37,11 +39,18 @@ using Lanes4 = LanesOf<4>::Vector;
 template <class V>
 inline constexpr int kLanes = static_cast<int>(sizeof(V) / sizeof(double));
 
+/// True as long as a test has taken the wide registers away, as on a processor without AVX2.
+inline bool& LanesNarrowGet()
+{
+    static bool bNarrow = false;
+    return bNarrow;
+}
+
 /// Marks a procedure to be compiled for AVX2 in any case, and tells whether this processor has it.
 /// GCC does not align the stack of 64-bit Windows for wide registers, so it is not used there.
 #if defined(__x86_64__) && !defined(_WIN32)
 #define HOPCAST_WIDE [[gnu::target("avx2")]]
-inline bool LanesWideIs() { return __builtin_cpu_supports("avx2") != 0; }
+inline bool LanesWideIs() { return __builtin_cpu_supports("avx2") != 0 && !LanesNarrowGet(); }
 #else
 #define HOPCAST_WIDE
 inline bool LanesWideIs() { return false; }
@@ -133,6 +142,23 @@ HOPCAST_INLINE bool LaneAny(const M& mask)
         return nAll != 0;
     }
 }
+
+/// The sum of all lanes of a row of vectors. It has four parts, of every fourth number, so that
+/// vectors of either width add in the same order and round alike.
+template <class V>
+struct LaneSum {
+    static constexpr std::size_t kParts = kLanes<Lanes4> / kLanes<V>;
+    std::array<V, kParts> aParts{};
+
+    HOPCAST_INLINE void Add(std::size_t nVector, const V& v) { aParts[nVector % kParts] += v; }
+    [[nodiscard]] HOPCAST_INLINE double Get() const
+    {
+        double dSum = 0.0;
+        for (const V& vPart : aParts)
+            for (int i = 0; i < kLanes<V>; ++i) dSum += vPart[i];
+        return dSum;
+    }
+};
 
 template <class V>
 HOPCAST_INLINE V LaneLogOfVector(const V& v)

@@ -183,14 +183,6 @@ HOPCAST_INLINE Field<V> TrackFieldGet(const Arc& arc, const V& vCos, const V& vS
 }
 
 template <class V>
-HOPCAST_INLINE double LanesSumGet(const V& v)
-{
-    double dSum = 0.0;
-    for (int i = 0; i < kLanes<V>; ++i) dSum += v[i];
-    return dSum;
-}
-
-template <class V>
 HOPCAST_INLINE void FieldTrackFill(FieldTrack& fieldTrack, const Arc& arc)
 {
     constexpr std::size_t kVectors = Circle::kLanesAll / kLanes<V>;
@@ -199,23 +191,23 @@ HOPCAST_INLINE void FieldTrackFill(FieldTrack& fieldTrack, const Arc& arc)
         aFields[i] = TrackFieldGet<V>(arc, LaneLoad<V>(&kCircle.aCos[i * kLanes<V>]),
                                       LaneLoad<V>(&kCircle.aSin[i * kLanes<V>]));
     for (std::size_t j = 0; j <= FieldTrack::kOrderMost; ++j) {
-        V aSums[6]{};
+        LaneSum<V> aSums[6];
         for (std::size_t i = 0; i < kVectors; ++i) {
             const V vCos = LaneLoad<V>(&kCircle.aCosWeight[j][i * kLanes<V>]);
             const V vSin = LaneLoad<V>(&kCircle.aSinWeight[j][i * kLanes<V>]);
-            aSums[0] += aFields[i].tZ * vCos;
-            aSums[1] += aFields[i].tZ * vSin;
-            aSums[2] += aFields[i].tX * vCos;
-            aSums[3] += aFields[i].tX * vSin;
-            aSums[4] += aFields[i].tY * vCos;
-            aSums[5] += aFields[i].tY * vSin;
+            aSums[0].Add(i, aFields[i].tZ * vCos);
+            aSums[1].Add(i, aFields[i].tZ * vSin);
+            aSums[2].Add(i, aFields[i].tX * vCos);
+            aSums[3].Add(i, aFields[i].tX * vSin);
+            aSums[4].Add(i, aFields[i].tY * vCos);
+            aSums[5].Add(i, aFields[i].tY * vSin);
         }
-        fieldTrack.aDownCos[j] = LanesSumGet<V>(aSums[0]);
-        fieldTrack.aDownSin[j] = LanesSumGet<V>(aSums[1]);
-        fieldTrack.aAlongCos[j] = LanesSumGet<V>(aSums[2]);
-        fieldTrack.aAlongSin[j] = LanesSumGet<V>(aSums[3]);
-        fieldTrack.aAcrossCos[j] = LanesSumGet<V>(aSums[4]);
-        fieldTrack.aAcrossSin[j] = LanesSumGet<V>(aSums[5]);
+        fieldTrack.aDownCos[j] = aSums[0].Get();
+        fieldTrack.aDownSin[j] = aSums[1].Get();
+        fieldTrack.aAlongCos[j] = aSums[2].Get();
+        fieldTrack.aAlongSin[j] = aSums[3].Get();
+        fieldTrack.aAcrossCos[j] = aSums[4].Get();
+        fieldTrack.aAcrossSin[j] = aSums[5].Get();
     }
 }
 
