@@ -214,6 +214,13 @@ TEST(PointOutput, BothEndsAtOnePlaceAreToldApart)
     EXPECT_EQ(Cut(aLines[4], 1, 56), " 10.00 N   20.00 E   10.00 N   20.01 E     90.00  270.00");
 }
 
+TEST(PointOutput, OnePlaceOnTheDateLineIsToldApartAcrossIt)
+{
+    const auto aLines = LinesOf(PageOf(
+        Replaced(Replaced(DeckOf("p2p_11.dat"), " 20.00E", "180.00E"), " 20.00E", "180.00E")));
+    EXPECT_EQ(Cut(aLines[4], 1, 38), " 10.00 N  180.00 E   10.00 N  179.99 W");
+}
+
 struct Near {
     int nAll = 0, nNear = 0;
     void Count(double dOwn, double dReal)

@@ -1,5 +1,7 @@
 #include "engine/run533/PointDay.h"
 
+#include <cmath>
+
 namespace run533 {
 
 void PointDayFill(PointDay& pointDay, const PointDeck& deck, const RunParts& parts,
@@ -9,7 +11,7 @@ void PointDayFill(PointDay& pointDay, const PointDeck& deck, const RunParts& par
     const DeckCommon& common = deck.common;
     rec533::Circuit circuit = CircuitMake(common, parts, deck.dPowerKw);
     const bool bSame = common.dTxLat == deck.dRxLat && common.dTxLon == deck.dRxLon;
-    pointDay.dRxLon = deck.dRxLon + (bSame ? kSameEast : 0.0);
+    pointDay.dRxLon = bSame ? std::remainder(deck.dRxLon + kSameEast, 360.0) : deck.dRxLon;
     circuit.dRxLat = deck.dRxLat;
     circuit.dRxLon = pointDay.dRxLon;
     std::vector<double> aUsable;
