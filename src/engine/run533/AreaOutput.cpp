@@ -6,6 +6,7 @@
 #include "engine/run533/FieldText.h"
 #include "engine/run533/Run.h"
 #include "engine/run533/RunParts.h"
+#include "engine/run533/Workers.h"
 #include "system/NumberLib.h"
 
 namespace run533 {
@@ -103,14 +104,7 @@ void PointsFill(Grid& grid, int nThreads)
     if (nThreads == 0)
         nThreads = static_cast<int>(std::thread::hardware_concurrency());
     nThreads = std::clamp(std::min(nThreads, nPoints / kPointsAThread), 1, kThreadsMost);
-    std::vector<std::thread> aThreads;
-    try {
-        for (int i = 1; i < nThreads; ++i) aThreads.emplace_back(RowsFill, std::ref(grid));
-    } catch (const std::exception&) {
-        // No more threads can be started: those that exist do the work.
-    }
-    RowsFill(grid);
-    for (std::thread& thr : aThreads) thr.join();
+    WorkersRun(nThreads, [&grid] { RowsFill(grid); });
 }
 
 }  // namespace
