@@ -69,6 +69,15 @@ TEST(Geometry, PointsOfAGreatCircleDivideIt)
     EXPECT_NEAR(DegreesOf(BearingGet(one, other)), 60.72, 0.02);
 }
 
+TEST(Zones, BeginAtTheirMeridian)
+{
+    for (int n = -12; n <= 12; ++n) {
+        const double dBorder = 15.0 * n;
+        EXPECT_EQ(ZonesGet(PlaceFromDegrees(0.0, dBorder).dLon), n);
+        EXPECT_EQ(ZonesGet(PlaceFromDegrees(0.0, dBorder * 0.9999).dLon), n - (n > 0) + (n < 0));
+    }
+}
+
 struct FieldCase {
     double dLat, dLon, dDip100, dGyro100, dDip300, dGyro300;
 };

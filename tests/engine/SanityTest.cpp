@@ -8,6 +8,7 @@
 #include <memory>
 #include <random>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "engine/ReferenceData.h"
@@ -138,6 +139,26 @@ TEST(Sanity, NothingJumpsAtTheDateLineTheEquatorAndGreenwich)
             const Prediction other = bench.Run(c.other, nLabel, 10.0);
             EXPECT_NEAR(dMuf, bench.pHour->dMuf, 0.001) << c.sName;
             EXPECT_NEAR(one.dField, other.dField, 0.01) << c.sName << " " << nLabel;
+        }
+    }
+}
+
+// The same place is 180 E and 180 W: local hours, and what hangs on them, are the same.
+TEST(Sanity, TheDateLineHasOneHourWrittenEastOrWest)
+{
+    Bench bench;
+    for (const Behaviour eBehaviour : {Behaviour::Corrected, Behaviour::Best}) {
+        IonosphereFill(*bench.pIono, eBehaviour, MapSet::Ursi, 12, 70.0);
+        for (const auto& [east, west] :
+             {std::pair{CircuitOf(20, 150, 10, 180), CircuitOf(20, 150, 10, -180)},
+              std::pair{CircuitOf(58, 180, 75, 180), CircuitOf(58, -180, 75, -180)},
+              std::pair{CircuitOf(-60, 180, 60, 180), CircuitOf(-60, -180, 60, -180)}}) {
+            for (int nLabel = 1; nLabel <= 24; ++nLabel) {
+                const Prediction one = bench.Run(east, nLabel, 7.0);
+                const Prediction other = bench.Run(west, nLabel, 7.0);
+                EXPECT_NEAR(one.dField, other.dField, 1e-3) << east.dTxLat << " " << nLabel;
+                EXPECT_NEAR(one.dSnr, other.dSnr, 1e-3) << east.dTxLat << " " << nLabel;
+            }
         }
     }
 }

@@ -94,8 +94,7 @@ double AuroralLossGet(double dGeomagneticSin, Season eSeason, double dHopKm, int
 
 int AuroralHourGet(const Ionosphere& ionosphere, int nLabel, double dLon)
 {
-    const int nZone = static_cast<int>(dLon * (12.0 / kPi));  // whole zones, toward zero
-    const int nHour = SunHourOfLabel(ionosphere, nLabel) + nZone;
+    const int nHour = SunHourOfLabel(ionosphere, nLabel) + ZonesGet(dLon);
     return ionosphere.quirks.bNegativeHours ? nHour % 24 : HourWrap(nHour);
 }
 

@@ -96,7 +96,7 @@ void UpperPointFill(LongPath& longPath, std::size_t nPoint, const UpperMaps& map
         aBasic[i] = std::max(dZero + (dF4 - dZero) * dFd, 0.1);
     }
     const double dLeast = std::min(*std::min_element(aBasic.begin(), aBasic.end()), 100.0);
-    const int nNoon = HourWrap(static_cast<int>(12.0 - place.dLon * kDegrees / 15.0));
+    const int nNoon = HourWrap(static_cast<int>(12.0 + kZoneBorder - place.dLon * kDegrees / 15.0));
     const double dNoon = aBasic[static_cast<std::size_t>(nNoon)];
     const double dW = 0.1 + 0.1 * dNorthSouth;
     const double dX = 1.2 - 1.0 * dNorthSouth;

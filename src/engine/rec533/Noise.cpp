@@ -89,9 +89,7 @@ NoiseBlock NoiseBlockGet(const NoiseFigures& noiseFigures, std::size_t nBlock, d
 
 NoiseHour NoiseHourGet(const Ionosphere& ionosphere, NoisePlace& place, int nLabel)
 {
-    const int nZone =
-        static_cast<int>(place.place.dLon * (12.0 / kPi));  // whole zones, toward zero
-    const int nHour = HourWrap(SunHourOfLabel(ionosphere, nLabel) + nZone);
+    const int nHour = HourWrap(SunHourOfLabel(ionosphere, nLabel) + ZonesGet(place.place.dLon));
     const std::size_t nSouth = place.place.dLat >= 0.0 ? 0 : 6;
     NoiseHour hour;
     hour.dPart = nHour % 4 / 4.0;

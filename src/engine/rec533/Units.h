@@ -35,6 +35,15 @@ inline constexpr double kFieldNone = -307.0;
 /// Hour wrapped into 0 to 23.
 [[nodiscard]] inline int HourWrap(int nHour) { return ((nHour % 24) + 24) % 24; }
 
+/// The rounded degree factors leave a place on the border of a time zone just short of it: what is
+/// this near counts as on it, so that 180 E and 180 W have the same hour. Hours, less than a metre.
+inline constexpr double kZoneBorder = 1e-7;
+/// Whole time zones of 15 degrees east of Greenwich for a longitude in radians, toward zero.
+[[nodiscard]] inline int ZonesGet(double dLon)
+{
+    return static_cast<int>(dLon * (12.0 / kPi) + std::copysign(kZoneBorder, dLon));
+}
+
 /// How the method is carried out.
 enum class Behaviour {
     Reference,  ///< with every quirk of the ITU program, to compare with its tables
