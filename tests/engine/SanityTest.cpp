@@ -163,6 +163,59 @@ TEST(Sanity, TheDateLineHasOneHourWrittenEastOrWest)
     }
 }
 
+// Rays that must leave steeply come down again soon: however many hops a long path then has, the
+// lowest order is the first whose hops are short enough, and three more follow it.
+TEST(Sanity, TheHopSumHasAsManyHopsAsItsRaysNeed)
+{
+    std::mt19937 rng(23);
+    std::uniform_real_distribution<double> draw(-1.0, 1.0);
+    Bench bench;
+    int nMany = 0;
+    for (int i = 0; i < 240; ++i) {
+        if (i % 40 == 0)
+            IonosphereFill(*bench.pIono, Behaviour::Best, MapSet::Mean, 1 + i / 20, 10.0 + i / 2);
+        Circuit circuit = CircuitEndAt(CircuitOf(70 * draw(rng), 180 * draw(rng), 0, 0),
+                                       180 * draw(rng), 14000.0 + 5500.0 * draw(rng));
+        circuit.dLeastElevation = 10.0 * (1 + i % 4);
+        const Prediction prediction = bench.Run(circuit, 1 + i % 24, 7.0);
+        ASSERT_TRUE(AllFinite(*bench.pHour, prediction));
+        std::vector<const WayHour*> aWays{bench.pHour.get()};
+        for (std::size_t n = 0; n < bench.pPath->nBent; ++n)
+            aWays.push_back(&bench.pHour->aBent[n]);
+        for (const WayHour* pWay : aWays) {
+            const double dLongest = HopLongestGet(circuit.dLeastElevation * kRadians,
+                                                  MirrorHeightSimpleGet(pWay->mid.dM3));
+            const int nOrder = static_cast<int>(pWay->pWay->way.dKm / dLongest) + 1;
+            ASSERT_EQ(pWay->nOrderF2, nOrder) << i;
+            ASSERT_EQ(pWay->nModes, std::max(6, nOrder + 3) - nOrder + 1) << i;
+            nMany += nOrder > 17 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(nMany, 100);
+}
+
+// Orders in any sequence, at several hours: each has the lowest MUF of its own hops at its own hour.
+TEST(Sanity, AnOrdersWorstHopIsItsOwn)
+{
+    Bench bench;
+    IonosphereFill(*bench.pIono, Behaviour::Best, MapSet::Mean, 10, 100.0);
+    bench.Run(CircuitOf(50, 0, -30, 150), 12, 7.0);
+    Site site;
+    for (const int nHops : {5, 40, 18, 17, 99, 40, 5, 18}) {
+        const double dHop = bench.pPath->way.dKm / nHops;
+        for (const int nLabel : {3, 12, 24}) {
+            const FoeHour foe = FoeHourGet(*bench.pIono, nLabel);
+            double dWorst = 1e9;
+            for (int k = 0; k < nHops; ++k) {
+                SiteFill(site, WayPlace(bench.pPath->way, (k + 0.5) / nHops));
+                const F2Layer layer = SiteLayerGet(*bench.pIono, foe, site, nLabel);
+                dWorst = std::min(dWorst, F2MufGet(layer, dHop, layer.dRangeMost));
+            }
+            EXPECT_NEAR(PathWorstMufGet(*bench.pPath, foe, nLabel, nHops), dWorst, 1e-9) << nHops;
+        }
+    }
+}
+
 // The hop counts of a path at an hour, on all its ways.
 std::vector<int> HopsOf(const Path& path, const Hour& hour)
 {

@@ -20,10 +20,10 @@ struct Crossing {
     double dWeight = 0.0;  ///< absorption factor at noon, times the diurnal factor
 };
 
-/// Maximum number of crossings of the modes of a path and hour: F2 modes of 14 to 17 hops.
-inline constexpr int kCrossingsMost = 2 * (14 + 15 + 16 + 17);
+/// Maximum number of crossings of the modes of a path and hour: the four longest F2 modes.
+inline constexpr int kCrossingsMost = 2 * (4 * kHopsMost - 6);
 /// The same for one mode, with space for whole vectors.
-inline constexpr int kCrossingsOfMode = 2 * 17 + 6;
+inline constexpr int kCrossingsOfMode = 2 * kHopsMost + 6;
 
 /// The month and hour for crossings.
 struct AbsorptionHour {

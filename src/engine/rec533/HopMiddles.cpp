@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "engine/rec533/Path.h"
 
 namespace rec533 {
@@ -22,12 +24,13 @@ void PlacesFill(HopMiddles& hopMiddles, const Way& way, int nHops, std::size_t n
     }
 }
 
-void MiddlesMake(WayPath& wayPath, int nHops)
+// Makes an order's middles for all hours that are needed, or for one hour UT if it is not kept.
+void MiddlesMake(WayPath& wayPath, int nHops, int nHour)
 {
     HopMiddles& middles = wayPath.middles;
-    if (middles.aMade[static_cast<std::size_t>(nHops)])
+    const bool bKept = nHops <= kHopsKept;
+    if (bKept && std::exchange(middles.aMade[static_cast<std::size_t>(nHops)], true))
         return;
-    middles.aMade[static_cast<std::size_t>(nHops)] = true;
     const std::size_t nFirst = HopMiddles::FirstGet(nHops);
     PlacesFill(middles, wayPath.way, nHops, nFirst);
     std::array<double, kHopsMost + 4> aDip, aGyro;
@@ -42,17 +45,18 @@ void MiddlesMake(WayPath& wayPath, int nHops)
         aFof2[t] = &middles.aFof2[t][nFirst];
         aM3[t] = &middles.aM3[t][nFirst];
     }
-    const int nHourFirst = wayPath.nOnlyHour < 0 ? 0 : wayPath.nOnlyHour;
-    const int nHourLast = wayPath.nOnlyHour < 0 ? 23 : wayPath.nOnlyHour;
+    const bool bAllHours = bKept && wayPath.nOnlyHour < 0;
+    const int nHourFirst = bAllHours ? 0 : nHour;
+    const int nHourLast = bAllHours ? 23 : nHour;
     MapPlacesFill(aFof2, aM3, wayPath.pIonosphere->maps,
                   {&middles.aCosLat[nFirst], &middles.aSinLon[nFirst], &middles.aCosLon[nFirst],
                    aDip.data(), nCount},
                   nHourFirst, nHourLast);
     for (int t = nHourFirst; t <= nHourLast; ++t) {
         for (std::size_t i = 0; i < nCount; ++i) {
-            const auto nHour = static_cast<std::size_t>(t);
-            aFof2[nHour][i] = std::max(aFof2[nHour][i], wayPath.pIonosphere->dFof2Least);
-            aM3[nHour][i] = std::max(aM3[nHour][i], kM3Least);
+            const auto nAt = static_cast<std::size_t>(t);
+            aFof2[nAt][i] = std::max(aFof2[nAt][i], wayPath.pIonosphere->dFof2Least);
+            aM3[nAt][i] = std::max(aM3[nAt][i], kM3Least);
         }
     }
 }
@@ -93,7 +97,7 @@ HOPCAST_WIDE double WorstWideGet(const WayPath& wayPath, const FoeHour& foe, std
 
 double PathWorstMufGet(WayPath& wayPath, const FoeHour& foe, int nLabel, int nHops)
 {
-    MiddlesMake(wayPath, nHops);
+    MiddlesMake(wayPath, nHops, MapHourGet(nLabel));
     const auto nHour = static_cast<std::size_t>(MapHourGet(nLabel));
     return LanesWideIs() ? WorstWideGet(wayPath, foe, nHour, nHops)
                          : WorstGet<Lanes2>(wayPath, foe, nHour, nHops);

@@ -7,7 +7,6 @@ namespace rec533 {
 namespace {
 
 constexpr int kOrderEMost = 3;
-constexpr int kHopSumMore = 3;  // number of orders above the lowest in the hop sum
 
 // Lowest order whose hop is shorter than the longest possible one at a height; 0 if there is none.
 int OrderLowestGet(const WayPath& wayPath, double dHeight, int nMost)
@@ -40,7 +39,7 @@ struct ControlMeans {
 
 ControlMeans ControlMeansGet(const WayHour& wayHour, bool bBeyondRange)
 {
-    const WayPath& path = *wayHour.pWay;
+    WayPath& path = *wayHour.pWay;
     std::array<const Site*, 5> aSites{&path.mid};
     std::size_t nSites = 1;
     if (path.way.dKm > kControlShort) {
@@ -48,8 +47,9 @@ ControlMeans ControlMeansGet(const WayHour& wayHour, bool bBeyondRange)
         aSites[nSites++] = &path.aheadR;
     }
     if (bBeyondRange) {
-        aSites[nSites++] = &path.aHopT[static_cast<std::size_t>(wayHour.nOrderF2)];
-        aSites[nSites++] = &path.aHopR[static_cast<std::size_t>(wayHour.nOrderF2)];
+        const std::size_t nAt = PathHopSitesMake(path, wayHour.nOrderF2);
+        aSites[nSites++] = &path.aHopT[nAt];
+        aSites[nSites++] = &path.aHopR[nAt];
     }
     const Ionosphere& iono = *path.pIonosphere;
     const int nLocal = AuroralHourGet(iono, wayHour.nLabel, path.mid.place.dLon);
@@ -137,8 +137,7 @@ double HeightBeyondGet(const WayHour& wayHour)
 void HopLayersFill(WayHour& wayHour)
 {
     WayPath& path = *wayHour.pWay;
-    const auto nAt = static_cast<std::size_t>(wayHour.nOrderF2);
-    PathHopSitesMake(path, wayHour.nOrderF2);
+    const std::size_t nAt = PathHopSitesMake(path, wayHour.nOrderF2);
     wayHour.hopT = SiteLayerGet(*path.pIonosphere, wayHour.foe, path.aHopT[nAt], wayHour.nLabel);
     wayHour.hopR = SiteLayerGet(*path.pIonosphere, wayHour.foe, path.aHopR[nAt], wayHour.nLabel);
 }

@@ -51,7 +51,7 @@ void WaySitesFill(WayPath& wayPath)
         SiteOfWayFill(wayPath.aheadT, wayPath.track, kControlAhead / dKm);
         SiteOfWayFill(wayPath.aheadR, wayPath.track, 1.0 - kControlAhead / dKm);
     }
-    wayPath.aHopMade.fill(false);
+    wayPath.anHopMade.fill(0);
     wayPath.middles.aMade.fill(false);
     if (dKm >= kShortOnly)
         LongPathFill(wayPath.longPath, *wayPath.pIonosphere, wayPath.way);
@@ -108,15 +108,16 @@ void PathFill(Path& path, const Ionosphere& ionosphere, const Circuit& circuit, 
     path.bHighLatitude = HighLatitudeIs(path);
 }
 
-void PathHopSitesMake(WayPath& wayPath, int nOrder)
+std::size_t PathHopSitesMake(WayPath& wayPath, int nOrder)
 {
-    const auto nAt = static_cast<std::size_t>(nOrder);
-    if (wayPath.aHopMade[nAt])
-        return;
+    const auto nAt = static_cast<std::size_t>(nOrder <= kHopsKept ? nOrder : 0);
+    if (wayPath.anHopMade[nAt] == nOrder)
+        return nAt;
     const double dHalf = 0.5 / nOrder;
     SiteOfWayFill(wayPath.aHopT[nAt], wayPath.track, dHalf);
     SiteOfWayFill(wayPath.aHopR[nAt], wayPath.track, 1.0 - dHalf);
-    wayPath.aHopMade[nAt] = true;
+    wayPath.anHopMade[nAt] = nOrder;
+    return nAt;
 }
 
 }  // namespace rec533

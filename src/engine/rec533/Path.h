@@ -23,21 +23,23 @@ inline constexpr double kControlShort = 2000.0;  ///< up to here mid-path only, 
 inline constexpr double kShortOnly = 7000.0;     ///< up to here the short method only, km
 inline constexpr double kLongOnly = 9000.0;      ///< from here the long method (or rule) only, km
 inline constexpr int kOrderMost = 6;             ///< hops of the highest order of the short method
-inline constexpr int kOrderHopSumMost = 14;      ///< highest lowest order of the hop sum
-
-/// Maximum hops of a mode of the hop sum.
-inline constexpr int kHopsMost = 17;
+inline constexpr int kHopSumMore = 3;            ///< orders above the lowest in the hop sum
+inline constexpr int kOrderHopSumMost = kHopsMost - kHopSumMore;  ///< its highest lowest order
+/// The points of orders up to this one are kept for all hours. Only the long way round with a low
+/// layer, and rays that must leave steeply, need more hops; those orders share one place.
+inline constexpr int kHopsKept = 17;
 
 /// The middles of the hops of each order, whose lowest MUF is that of the whole order: rows with
-/// space for a whole vector after the last one.
+/// space for a whole vector after the last one. An order that is not kept is made for one hour.
 struct HopMiddles {
-    static constexpr std::size_t kCount = kHopsMost * (kHopsMost + 1) / 2 + 4;
+    static constexpr std::size_t kNotKept = kHopsKept * (kHopsKept + 1) / 2;
+    static constexpr std::size_t kCount = kNotKept + kHopsMost + 4;
     using Row = std::array<double, kCount>;
     [[nodiscard]] static std::size_t FirstGet(int nHops)
     {
-        return static_cast<std::size_t>(nHops * (nHops - 1) / 2);
+        return nHops <= kHopsKept ? static_cast<std::size_t>(nHops * (nHops - 1) / 2) : kNotKept;
     }
-    std::array<bool, kHopsMost + 1> aMade{};
+    std::array<bool, kHopsKept + 1> aMade{};  ///< of the kept orders
     Row aSinLat{}, aCosLat{}, aSinLon{}, aCosLon{};
     Row aGyro{};                         ///< at 300 km, MHz
     std::array<Row, 24> aFof2{}, aM3{};  ///< by hour UT
@@ -57,10 +59,11 @@ struct WayPath {
     AntennaLow txLow, rxLow;
     Site mid;
     Site aheadT, aheadR;  ///< T + 1000, R - 1000; only beyond 2000 km
-    std::array<Site, kOrderHopSumMost + 1> aHopT, aHopR;  ///< T + d0/2, R - d0/2 for d0 = D / index
-    std::array<bool, kOrderHopSumMost + 1> aHopMade{};
-    HopMiddles middles;  ///< only where the long-path rule applies
-    LongPath longPath;   ///< only from 7000 km on
+    /// T + d0/2 and R - d0/2 for d0 = D / index; at 0 for an order that is not kept.
+    std::array<Site, kHopsKept + 1> aHopT, aHopR;
+    std::array<int, kHopsKept + 1> anHopMade{};  ///< the order that they are made for, 0 none
+    HopMiddles middles;                          ///< only where the long-path rule applies
+    LongPath longPath;                           ///< only from 7000 km on
 };
 
 struct Path : WayPath {
@@ -77,8 +80,8 @@ struct Path : WayPath {
 /// nOnlyLabel: the only label that is needed, 0 any.
 void PathFill(Path& path, const Ionosphere& ionosphere, const Circuit& circuit, int nOnlyLabel = 0);
 
-/// Makes the two half-hop control points of an order if they do not exist yet.
-void PathHopSitesMake(WayPath& wayPath, int nOrder);
+/// Index of the two half-hop control points of an order, which are made if they do not exist yet.
+std::size_t PathHopSitesMake(WayPath& wayPath, int nOrder);
 /// The lowest basic MUF of the hops of an order at a label, by the long-path rule. Makes the hops'
 /// middles if they do not exist yet.
 [[nodiscard]] double PathWorstMufGet(WayPath& wayPath, const FoeHour& foe, int nLabel, int nHops);

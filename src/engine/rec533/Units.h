@@ -22,6 +22,10 @@ inline constexpr double kHeightE = 110.0;          ///< reflection height of E m
 inline constexpr double kHeightAbsorption = 90.0;  ///< height of the absorbing layer, km
 inline constexpr double kHeightLong = 300.0;       ///< reflection height of the long method, km
 
+/// Hops of the longest mode: what the two digits of a page hold. The short way round needs fewer,
+/// as long as its rays may leave below 50 degrees.
+inline constexpr int kHopsMost = 99;
+
 inline constexpr double kSsnMost = 311.0;  ///< largest smoothed sunspot number
 inline constexpr double kThermal = 204.0;  ///< dB, of 1 W to k T0 in 1 Hz
 
