@@ -194,7 +194,8 @@ TEST(Sanity, TheHopSumHasAsManyHopsAsItsRaysNeed)
     EXPECT_GT(nMany, 100);
 }
 
-// Orders in any sequence, at several hours: each has the lowest MUF of its own hops at its own hour.
+// Orders in any sequence, at several hours: each has the lowest MUF of its own hops at its own
+// hour.
 TEST(Sanity, AnOrdersWorstHopIsItsOwn)
 {
     Bench bench;
