@@ -317,7 +317,7 @@ TEST_F(MapDay, PictureBarAndTipsGoWithTheChoiceThatTheMenuTakesFromTheTable)
     QTest::mouseClick(m_pMap->cmdOverlay, Qt::LeftButton);
     m_pMap->mnuOverlay->close();
     EXPECT_EQ(m_pMap->barHour->hscHour->value(), 12);
-    EXPECT_EQ(m_pMap->windowTitle(), QStringLiteral("Best Frequency @ 12:00"));
+    ASSERT_TRUE(TitleBecomes(QStringLiteral("Best Frequency @ 12:00")));
     EXPECT_EQ(Day().ShownGet().iHour, 12);
     EXPECT_EQ(m_host.m_settings.m_selected.iHour, 13) << "nobody has chosen on the map";
     LayerChoose(2);
