@@ -112,6 +112,11 @@ TEST(Compare, AsksAnotherEngineForTheSamePowerInTheMapsThatItKnows)
     EXPECT_EQ(other.fPower, fCard);
     EXPECT_NE(other.sIonCoefficients, kCoefficientsMean);
     EXPECT_EQ(own.iAntennaType, 0);
+    settings.m_iPropagationAntennaType = 1;  // VOACAP's choice of this number has another power
+    ASSERT_NE(CardPowerGet(kEngineRec533, 1, DeckKind::PointToPoint),
+              CardPowerGet(kEngineVoacap, 1, DeckKind::PointToPoint));
+    EXPECT_EQ(CompareRequestGet(settings, SunSpotSource::Noaa, kEngineVoacap).fPower,
+              static_cast<float>(CardPowerGet(kEngineRec533, 1, DeckKind::PointToPoint)));
     settings.m_fStationPower = 70.0F;
     EXPECT_EQ(CompareRequestGet(settings, SunSpotSource::Noaa, kEngineVoacap).fPower, 70.0F);
 }
