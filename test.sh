@@ -20,7 +20,7 @@ DebianPackage() { packaging/debian/test.sh || [ $? = 77 ]; }
 
 Step setup scripts/setup.sh test
 if command -v ccache >/dev/null; then
-    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_DEPEND=true # the compiler tells what a file includes
 fi
 if [ "${CI:-}" = true ]; then
     Step "Windows: configure" cmake --preset windows
@@ -29,12 +29,13 @@ if [ "${CI:-}" = true ]; then
     # fails twice.
     Step "Windows: tests under Wine" ctest --preset windows --repeat until-pass:2
     Step "Debian package" DebianPackage
-    Step "threads: configure" cmake --preset thread
+    Step "threads: configure" cmake --preset thread -DCMAKE_CXX_FLAGS_DEBUG=-g1
     Step "threads: build" cmake --build --preset thread
     # It starts 150 programs, each of which takes a second under this sanitizer.
     Step "threads: tests" ctest --preset thread -L thread -E ReachVoacap
 fi
-Step configure cmake --preset dev
+# In CI without what only a debugger needs.
+Step configure cmake --preset dev -DCMAKE_CXX_FLAGS_DEBUG=$([ "${CI:-}" = true ] && echo -g1 || echo -g)
 Step build cmake --build --preset dev
 if [ "${CI:-}" = true ]; then
     Step fuzz scripts/fuzz.sh 6

@@ -32,7 +32,8 @@ if(HOPCAST_FAST_BUILD)
     endif()
     if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache")   # else the cache keeps nothing that uses precompiled headers
         set(CMAKE_CXX_COMPILER_LAUNCHER
-            ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CMAKE_CXX_COMPILER_LAUNCHER})
+            ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_DEPEND=true
+            ${CMAKE_CXX_COMPILER_LAUNCHER})
         target_compile_options(hopcast_flags INTERFACE -fpch-preprocess)
     endif()
 endif()
@@ -57,8 +58,10 @@ function(hopcast_module NAME)
     add_library(${NAME} STATIC ${ARG_SOURCES})
     target_include_directories(${NAME} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${NAME} PUBLIC hopcast_flags ${ARG_LINK})
-    if(TARGET hopcast_ui_common AND NAME MATCHES "^hopcast_ui_" AND NOT NAME STREQUAL hopcast_ui_common)
+    if(NAME MATCHES "^hopcast_ui_" AND NOT NAME STREQUAL hopcast_ui_common)
         hopcast_headers_from(${NAME} hopcast_ui_common)
+    elseif(NAME MATCHES "^hopcast_(geo|airmail|places|settings|deck|propagation|studies|predict)$")
+        hopcast_headers_from(${NAME} hopcast_system)
     endif()
 endfunction()
 
