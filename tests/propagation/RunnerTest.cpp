@@ -50,7 +50,7 @@ public:
             return prediction;
         }
         prediction.bOk = !m_bFails;
-        if (m_bFails)
+        if (m_bFails || m_bFailsInPart)
             prediction.aFailures.push_back({FailureKind::BadOutput, "Nothing."});
         for (int j = 1; j <= request.nData; ++j)
             prediction.table.fSnr(1, j) = static_cast<float>(request.dTxLat);
@@ -68,6 +68,7 @@ public:
 
     std::string m_sIdentity = "FAKE";
     bool m_bFails = false;
+    bool m_bFailsInPart = false;  // a chunk of frequencies fails, the rest is there
     mutable std::atomic<int> m_nRuns{0};
     mutable std::atomic<int> m_nMost{0};  // most runs at the same time
 
@@ -352,6 +353,25 @@ TEST(Runner, AThreadThatIsThereLaterIsTaken)
     EXPECT_TRUE(box.RunUntil([&] { return bEnd; }));
     EXPECT_EQ(runner.WorkersGet(), 1);
     EXPECT_NE(idWorker.load(), std::this_thread::get_id());
+}
+
+TEST(Runner, AnAnswerWithAFailedPartIsNotKept)
+{
+    Mailbox box;
+    Runner runner(box.PostGet(), 1);
+    const auto pEngine = std::make_shared<EngineFake>();
+    pEngine->m_bFailsInPart = true;
+    int nAnswers = 0;
+    std::vector<Request> aRequests = RequestsOf(1);
+    aRequests.push_back(aRequests[0]);
+    const RunnerJob job = runner.Start(pEngine, aRequests,
+                                       [&](std::size_t, const Runner::PredictionPtr& pPrediction) {
+                                           EXPECT_TRUE(pPrediction->bOk);
+                                           ++nAnswers;
+                                       });
+    EXPECT_TRUE(box.RunUntil([&] { return nAnswers == 2; }));
+    EXPECT_EQ(pEngine->m_nRuns, 2);
+    EXPECT_EQ(runner.CacheBytesGet(), 0U);
 }
 
 TEST(Runner, AFailureIsNotKept)
