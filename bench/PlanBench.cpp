@@ -108,8 +108,11 @@ void WindowShow(benchmark::State& state, double dLimit, QAction* mnuWindow,
         mnuWindow->trigger();
         if constexpr (requires { pWindow->RunningIs(); })
             while (pWindow->RunningIs()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QApplication::processEvents();
         pWindow->repaint();
         state.PauseTiming();
+        if (!pWindow->isVisible())
+            state.SkipWithError("no window");
         pWindow->close();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         state.ResumeTiming();
@@ -119,23 +122,23 @@ void WindowShow(benchmark::State& state, double dLimit, QAction* mnuWindow,
 void DaysWindow(benchmark::State& state)
 {
     World world(0);
-    WindowShow(state, 300000, world.m_frm.mnuPlanDays, world.m_frm.m_pDays);
+    WindowShow(state, 100000, world.m_frm.mnuPlanDays, world.m_frm.m_pDays);
 }
 void CompareWindow(benchmark::State& state)
 {
     World world(0);
-    WindowShow(state, 300000, world.m_frm.mnuPlanCompare, world.m_frm.m_pCompare);
+    WindowShow(state, 100000, world.m_frm.mnuPlanCompare, world.m_frm.m_pCompare);
 }
 void CurvesWindow(benchmark::State& state)
 {
     World world(0);
-    WindowShow(state, 150000, world.m_frm.mnuPlanCurves, world.m_frm.m_pCurves);
+    WindowShow(state, 50000, world.m_frm.mnuPlanCurves, world.m_frm.m_pCurves);
 }
 void PlacesWindow(benchmark::State& state)
 {
     World world(0);
     world.PlacesPut(1000);
-    WindowShow(state, 300000, world.m_frm.mnuPlanPlaces, world.m_frm.m_pPlaces);
+    WindowShow(state, 50000, world.m_frm.mnuPlanPlaces, world.m_frm.m_pPlaces);
 }
 BENCHMARK(ReachFirstRow)->UseRealTime()->Unit(benchmark::kMicrosecond);
 BENCHMARK(ReachAllRows)->UseRealTime()->Unit(benchmark::kMicrosecond);

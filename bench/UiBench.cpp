@@ -87,17 +87,52 @@ QString ProfileMake(const QTemporaryDir& dir)
     return sProfile;
 }
 
+/// The main window after its first prediction, with an engine root and a profile of its own.
+class MainWindow {
+    const BenchRoot m_root{BENCH_ENGINE};
+    const QTemporaryDir m_dir;
+
+public:
+    MainWindow()
+    {
+        qputenv("WINEPREFIX", m_dir.filePath(QStringLiteral("wine")).toLocal8Bit());
+        m_frm.m_settings.m_sProfileFile = ProfileMake(m_dir).toStdString();
+        m_frm.show();
+        while (!m_frm.ActivatedIs()) QApplication::processEvents();
+    }
+    frmMain m_frm;
+};
+
+/// The window program with folders of its own.
+class Program {
+public:
+    Program()
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), PathGet(QStringLiteral("data")));
+        environment.insert(QStringLiteral("WINEPREFIX"), PathGet(QStringLiteral("wine")));
+        environment.remove(QStringLiteral("HOPCAST_ITSHFBC"));
+        m_process.setProcessEnvironment(environment);
+    }
+    [[nodiscard]] QString PathGet(const QString& sName) const { return m_dir.filePath(sName); }
+    void Start(const QStringList& asArgument)
+    {
+        m_process.start(QStringLiteral(HOPCAST_PROGRAM),
+                        QStringList{QStringLiteral("--profile"), m_sProfile} + asArgument);
+    }
+    QProcess m_process;
+
+private:
+    const QTemporaryDir m_dir;
+    const QString m_sProfile = ProfileMake(m_dir);
+};
+
 /// What a user waits for who presses "Update": two runs of the built-in engine, 15 frequencies.
 void UpdateToPaintedTable(benchmark::State& state)
 {
     state.counters["limit_us"] = 100000;
-    const BenchRoot root(BENCH_ENGINE);
-    const QTemporaryDir dir;
-    qputenv("WINEPREFIX", dir.filePath(QStringLiteral("wine")).toLocal8Bit());
-    frmMain frm;
-    frm.m_settings.m_sProfileFile = ProfileMake(dir).toStdString();
-    frm.show();
-    while (!frm.ActivatedIs()) QApplication::processEvents();
+    MainWindow window;
+    frmMain& frm = window.m_frm;
     for (auto _ : state) {
         frm.cmdUpdate->setEnabled(true);
         frm.cmdUpdate->click();
@@ -112,14 +147,9 @@ BENCHMARK(UpdateToPaintedTable)->UseRealTime()->Unit(benchmark::kMicrosecond);
 /// What a user waits for who presses Ctrl+Shift+N: the main window and the map in Night, or back.
 void PaletteSwitch(benchmark::State& state)
 {
-    state.counters["limit_us"] = 300000;
-    const BenchRoot root(BENCH_ENGINE);
-    const QTemporaryDir dir;
-    qputenv("WINEPREFIX", dir.filePath(QStringLiteral("wine")).toLocal8Bit());
-    frmMain frm;
-    frm.m_settings.m_sProfileFile = ProfileMake(dir).toStdString();
-    frm.show();
-    while (!frm.ActivatedIs()) QApplication::processEvents();
+    state.counters["limit_us"] = 50000;
+    MainWindow window;
+    frmMain& frm = window.m_frm;
     frm.cmdRcMap->click();
     bool bNight = false;
     for (auto _ : state) {
@@ -135,22 +165,14 @@ BENCHMARK(PaletteSwitch)->UseRealTime()->Unit(benchmark::kMicrosecond);
 /// A program without a window that writes a file of a prediction, its start included.
 void Export(benchmark::State& state, const char* sFile, const QStringList& asMore)
 {
-    state.counters["limit_us"] = 1500000;
-    const QTemporaryDir dir;
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_DATA_HOME"), dir.filePath(QStringLiteral("data")));
-    environment.insert(QStringLiteral("WINEPREFIX"), dir.filePath(QStringLiteral("wine")));
-    environment.remove(QStringLiteral("HOPCAST_ITSHFBC"));
-    process.setProcessEnvironment(environment);
-    const QString sExport = dir.filePath(QString::fromUtf8(sFile));
-    const QStringList asArgument = QStringList{QStringLiteral("--profile"), ProfileMake(dir),
-                                               QStringLiteral("--export"), sExport}
-                                   + asMore;
+    state.counters["limit_us"] = 500000;
+    Program program;
+    const QString sExport = program.PathGet(QString::fromUtf8(sFile));
+    const QStringList asArgument = QStringList{QStringLiteral("--export"), sExport} + asMore;
     for (auto _ : state) {
-        process.start(QStringLiteral(HOPCAST_PROGRAM), asArgument);
-        process.waitForFinished();
-        if (process.exitCode() != 0 || !QFile::remove(sExport))
+        program.Start(asArgument);
+        program.m_process.waitForFinished();
+        if (program.m_process.exitCode() != 0 || !QFile::remove(sExport))
             state.SkipWithError("the program wrote no file");
     }
 }
@@ -161,7 +183,8 @@ BENCHMARK_CAPTURE(Export, table, "table.pdf", {})
     ->Repetitions(11);
 BENCHMARK_CAPTURE(Export, area, "area.png",
                   {QStringLiteral("--area"), QStringLiteral("60,-30,30,40"),
-                   QStringLiteral("--frequencies"), QStringLiteral("14100")})
+                   QStringLiteral("--hour"), QStringLiteral("12"), QStringLiteral("--frequency"),
+                   QStringLiteral("14100")})
     ->UseRealTime()
     ->Unit(benchmark::kMicrosecond)
     ->Iterations(1)
@@ -171,17 +194,10 @@ BENCHMARK_CAPTURE(Export, area, "area.png",
 void StartToFirstTable(benchmark::State& state)
 {
     state.counters["limit_us"] = 400000;
-    const QTemporaryDir dir;
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_DATA_HOME"), dir.filePath(QStringLiteral("data")));
-    environment.insert(QStringLiteral("WINEPREFIX"), dir.filePath(QStringLiteral("wine")));
-    environment.remove(QStringLiteral("HOPCAST_ITSHFBC"));
-    process.setProcessEnvironment(environment);
-    const QString sProfile = ProfileMake(dir);
+    Program program;
+    QProcess& process = program.m_process;
     for (auto _ : state) {
-        process.start(QStringLiteral(HOPCAST_PROGRAM),
-                      {QStringLiteral("--once"), QStringLiteral("--profile"), sProfile});
+        program.Start({QStringLiteral("--once")});
         process.waitForReadyRead();  // its line comes when the table is painted
         state.PauseTiming();
         process.waitForFinished();
