@@ -20,7 +20,7 @@ DebianPackage() { packaging/debian/test.sh || [ $? = 77 ]; }
 
 Step setup scripts/setup.sh test
 if command -v ccache >/dev/null; then
-    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_DEPEND=true # the compiler tells what a file includes
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 fi
 if [ "${CI:-}" = true ]; then
     Step "Windows: configure" cmake --preset windows

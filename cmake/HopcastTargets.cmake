@@ -25,15 +25,19 @@ if(MINGW)
 endif()
 include(${CMAKE_CURRENT_LIST_DIR}/Hardening.cmake)
 
+if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache")
+    # The compiler tells the cache what a file includes; without the second setting the cache keeps nothing that uses
+    # precompiled headers.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env CCACHE_DEPEND=true CCACHE_SLOPPINESS=pch_defines,time_macros
+        ${CMAKE_CXX_COMPILER_LAUNCHER})
+endif()
 if(HOPCAST_FAST_BUILD)
     find_program(HOPCAST_MOLD mold)
-    if(HOPCAST_MOLD AND NOT CMAKE_CROSSCOMPILING)
+    if(HOPCAST_MOLD)
         add_link_options(-fuse-ld=mold)
     endif()
-    if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache")   # else the cache keeps nothing that uses precompiled headers
-        set(CMAKE_CXX_COMPILER_LAUNCHER
-            ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_DEPEND=true
-            ${CMAKE_CXX_COMPILER_LAUNCHER})
+    if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache")
         target_compile_options(hopcast_flags INTERFACE -fpch-preprocess)
     endif()
 endif()
@@ -58,9 +62,11 @@ function(hopcast_module NAME)
     add_library(${NAME} STATIC ${ARG_SOURCES})
     target_include_directories(${NAME} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${NAME} PUBLIC hopcast_flags ${ARG_LINK})
-    if(NAME MATCHES "^hopcast_ui_" AND NOT NAME STREQUAL hopcast_ui_common)
+    if(NAME MATCHES "^hopcast_(system|ui_common|engine)$")   # makes its own, or has other options
+        return()
+    elseif(NAME MATCHES "^hopcast_ui_")
         hopcast_headers_from(${NAME} hopcast_ui_common)
-    elseif(NAME MATCHES "^hopcast_(geo|airmail|places|settings|deck|propagation|studies|predict)$")
+    else()
         hopcast_headers_from(${NAME} hopcast_system)
     endif()
 endfunction()
