@@ -182,6 +182,14 @@ TEST(Floors, PlatformCodeLivesInSystemAlone)
     }
 }
 
+/// MinGW frees the variables of a thread that ends before it calls their destructors.
+TEST(Floors, NoVariableLivesWithItsThread)
+{
+    const std::regex rgx(R"(\bthread_local\b)");
+    for (const fs::path& pthFile : SourcesGet())
+        EXPECT_FALSE(std::regex_search(BytesRead(pthFile.string()), rgx)) << pthFile;
+}
+
 TEST(Floors, EveryHeaderIsIncludedOnce)
 {
     for (const fs::path& pthFile : SourcesGet()) {

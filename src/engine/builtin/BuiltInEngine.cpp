@@ -108,13 +108,6 @@ AreaDay::Place PlaceOfGrid(const run533::GridPlace& gridPlace)
             run533::FieldValueGet(gridPlace.dLon, kWidth, kDecimals)};
 }
 
-/// Working memory for one call at a time. It ends with its thread.
-rec533::DayWork& ThreadWorkGet()
-{
-    thread_local rec533::DayWork work;
-    return work;
-}
-
 }  // namespace
 
 /// What several calls share: the maps that were used last.
@@ -192,8 +185,9 @@ Prediction BuiltInEngine::Predict(const Request& request, const std::stop_token&
         run533::RunPartsMake(common, m_sRoot, kBehaviour, m_pShared->IonosphereGet(common));
     if (!resParts)
         return Fail(FailureMake(FailureKind::BadInput, kPointNotFinished, resParts.TextGet()));
+    rec533::DayWork work;
     run533::PointDay dayOfPath;
-    PointDayFill(dayOfPath, resDeck.ValueGet(), resParts.ValueGet(), ThreadWorkGet());
+    PointDayFill(dayOfPath, resDeck.ValueGet(), resParts.ValueGet(), work);
     BuiltInTableFill(dayOfPath, aiFrequency, prediction.table);
     prediction.bOk = true;
     return prediction;
@@ -218,11 +212,10 @@ public:
     [[nodiscard]] std::optional<Failure> Run(std::size_t iPiece, AreaDay& day,
                                              const std::stop_token& stop) override
     {
-        rec533::DayWork& work = ThreadWorkGet();
-        thread_local std::vector<rec533::Prediction> aCells;
+        rec533::DayWork work;
         std::array<rec533::DayHour, 24> aHours;
         const std::size_t nFrequencies = m_frequencies.CountGet();
-        aCells.resize(aHours.size() * nFrequencies);
+        std::vector<rec533::Prediction> aCells(aHours.size() * nFrequencies);
         rec533::Circuit circuit = m_circuit;
         for (std::size_t i = 0; i < PiecesGet(); ++i) {
             if (stop.stop_requested())
@@ -313,6 +306,7 @@ AreaPrediction BuiltInEngine::PredictArea(const AreaRequest& request,
     rec533::Circuit circuit = CircuitMake(deck.common, parts, run533::kPowerWithoutAntenna);
     const rec533::Frequencies frequencies(*parts.pIonosphere, circuit, {&deck.dFrequency, 1});
     const double dPowerShift = PowerShiftGet(request);
+    rec533::DayWork work;
     rec533::DayHour hour;
     rec533::Prediction predicted;
     for (int iRow = 0; iRow < deck.nGrid; ++iRow)
@@ -326,7 +320,7 @@ AreaPrediction BuiltInEngine::PredictArea(const AreaRequest& request,
             const run533::GridPlace gridPlace = GridPlaceGet(deck, iRow, iColumn);
             circuit.dRxLat = gridPlace.dLat;
             circuit.dRxLon = gridPlace.dLonOfPath;
-            PredictHour(ThreadWorkGet(), *parts.pIonosphere, frequencies, circuit, deck.nHour, hour,
+            PredictHour(work, *parts.pIonosphere, frequencies, circuit, deck.nHour, hour,
                         {&predicted, 1});
             const AreaDay::Place place = PlaceOfGrid(gridPlace);
             prediction.aPoints.push_back(

@@ -54,7 +54,7 @@ enum class DayParts {
     Page,   ///< also the lowest usable frequency and the prediction at the MUF
 };
 
-/// A thread's working memory.
+/// Working memory for one call at a time.
 class DayWork {
 public:
     DayWork();
