@@ -36,7 +36,7 @@ compiler=$(command -v clang++ || command -v clang++-14) || {
 cmake -S . -B build/fuzz -G Ninja --log-level=WARNING \
     -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER="$compiler" \
     -DCMAKE_CXX_FLAGS="-O1 -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined" \
-    -DHOPCAST_FUZZ=ON -DHOPCAST_TESTS=OFF -DHOPCAST_UI=OFF
+    -DHOPCAST_FUZZ=ON -DHOPCAST_PCH=ON -DHOPCAST_TESTS=OFF -DHOPCAST_UI=OFF
 cmake --build build/fuzz -j "$(nproc)" --target "${readers[@]/#/fuzz_}"
 
 order=()

@@ -96,7 +96,7 @@ if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache
 fi
 cmake -S "$tree" -B build/mutation/build -G Ninja --log-level=WARNING -DCMAKE_BUILD_TYPE=Debug \
-    -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DHOPCAST_FAST_BUILD=ON >/dev/null
+    -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DHOPCAST_PCH=ON -DHOPCAST_FAST_LINK=ON >/dev/null
 export QT_QPA_PLATFORM=offscreen TZ=UTC LC_ALL=C
 
 Build() { cmake --build build/mutation/build --target "${@%%:*}" -j "$(nproc)" >build/mutation/build.log 2>&1; }
