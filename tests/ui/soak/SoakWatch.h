@@ -26,7 +26,7 @@ struct Holdings {
 
 /// The number of rounds: nFull with HOPCAST_SOAK=full in the environment, else one in nShare of
 /// them.
-[[nodiscard]] int RoundsGet(int nFull, int nShare = 5);
+[[nodiscard]] int RoundsGet(int nFull, int nShare = 10);
 
 /// While the object exists, temporary files go to a folder of its own, and orphaned processes of
 /// this one's children become its own children.

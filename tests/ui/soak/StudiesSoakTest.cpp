@@ -94,7 +94,7 @@ TEST(StudiesSoak, DaysOfAnArea)
         map.findChild<QAction*>(QStringLiteral("mnuOverlayLayer%1").arg(iLayer))->trigger();
     };
     watch.Rounds(
-        RoundsGet(500, 10),
+        RoundsGet(500, 20),
         [&](int nRound) {
             rig.QuestionSet(nRound);
             map.Update();
