@@ -88,6 +88,9 @@ TEST(CsvField, IsQuotedWhereItMustBeAndReadsBack)
     EXPECT_EQ(CsvFieldText("38°30.0'N"), "38°30.0'N");
     EXPECT_EQ(CsvFieldText("24, 308"), "\"24, 308\"");
     EXPECT_EQ(CsvFieldText("a \"b\""), "\"a \"\"b\"\"\"");
+    // Some spreadsheets drop such a blank.
+    EXPECT_EQ(CsvFieldText("end "), "\"end \"");
+    EXPECT_EQ(CsvFieldText(" begin"), "\" begin\"");
     for (const char* sField : {"", "a", ",", "\"", "\"\"", "a\nb", " a ", "a,\"b\""}) {
         const std::string sText = CsvFieldText(sField) + "," + CsvFieldText(sField);
         const auto aRow = RowsGet(sText);

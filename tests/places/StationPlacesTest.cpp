@@ -76,18 +76,21 @@ TEST_F(StationPlacesTest, HaveUmlautsOfWindows1252)
 
 TEST_F(StationPlacesTest, EntriesThatCannotBeUsedAreNamedAndTheOthersStay)
 {
-    ListWrite("HAM",
-              "BAD=FN4:cut\r\nNONE=Wellington\r\nEMPTY=:x\r\nODD=12AB:y\r\n=FN42:no name\r\n"
-              "BLANK=FN42 :z\r\n;REMARK=FN42:r\r\nGOOD=FN42:g\r\n");
+    ListWrite(
+        "HAM",
+        "BAD=FN4:cut\r\nNONE=Wellington\r\nEMPTY=:x\r\nODD=12AB:y\r\n=FN42:no name\r\n"
+        "BLANK=FN42 :z\r\nDIGITS=FN4!:d\r\nLETTERS=FN42a!:l\r\n;REMARK=FN42:r\r\nGOOD=FN42:g\r\n");
     const StationPlaces stations = StationPlacesGet();
     ASSERT_EQ(stations.aPlaces.size(), 1U);
     EXPECT_EQ(stations.aPlaces[0].sKey, "GOOD");
-    ASSERT_EQ(stations.aFaults.size(), 6U);
+    ASSERT_EQ(stations.aFaults.size(), 8U);
     EXPECT_EQ(stations.aFaults[0],
               (PlaceFault{"HAM BAD", "its grid square \"FN4\" cannot be read", PlaceKind::Ham}));
     EXPECT_EQ(stations.aFaults[1],
               (PlaceFault{"HAM NONE", "it has no grid square", PlaceKind::Ham}));
     EXPECT_EQ(stations.aFaults[4].sWhy, "it has no name");
+    EXPECT_EQ(stations.aFaults[6].sWhy, "its grid square \"FN4!\" cannot be read");
+    EXPECT_EQ(stations.aFaults[7].sWhy, "its grid square \"FN42a!\" cannot be read");
 }
 
 TEST_F(StationPlacesTest, WithoutAirmailAreNoneAndOneMessage)

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
@@ -9,6 +11,7 @@
 #include "support/TempFolder.h"
 #include "system/DrivePath.h"
 #include "system/FileLib.h"
+#include "system/HostPath.h"
 #include "system/PathLib.h"
 
 namespace fs = std::filesystem;
@@ -77,6 +80,18 @@ TEST_F(PathLibPosix, TheWinePrefixHasADefault)
     EXPECT_EQ(WinePrefixGet(), m_folder.Path() + "/other");
     const EnvironmentSet none("WINEPREFIX", std::nullopt);
     EXPECT_EQ(WinePrefixGet(), m_folder.Path() + "/.wine");
+}
+
+TEST_F(PathLibPosix, WithoutHomeItIsTheFolderThatTheSystemHasOfTheUser)
+{
+    const passwd* pEntry = getpwuid(getuid());
+    const std::string sKept = pEntry ? pEntry->pw_dir : "";
+    ASSERT_NE(sKept, m_folder.Path());
+    EXPECT_EQ(HomeFolderGet(), m_folder.Path());
+    const EnvironmentSet empty("HOME", "");
+    EXPECT_EQ(HomeFolderGet(), sKept);
+    const EnvironmentSet none("HOME", std::nullopt);
+    EXPECT_EQ(HomeFolderGet(), sKept);
 }
 
 TEST_F(PathLibPosix, HostPathsHaveWindowsNames)
