@@ -42,6 +42,7 @@ std::size_t HeapGet()
 
 MemoryHeld MemoryGet()
 {
+    malloc_trim(0);  // what the C library only holds ready is no growth
     std::ifstream stm("/proc/self/statm");
     std::size_t nPages = 0;
     std::size_t nPagesResident = 0;
