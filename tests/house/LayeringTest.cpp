@@ -182,7 +182,7 @@ TEST(Floors, PlatformCodeLivesInSystemAlone)
     }
 }
 
-/// MinGW frees the variables of a thread that ends before it calls their destructors.
+/// When a thread ends, MinGW frees its variables before their destructors are called.
 TEST(Floors, NoVariableLivesWithItsThread)
 {
     const std::regex rgx(R"(\bthread_local\b)");

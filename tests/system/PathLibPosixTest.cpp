@@ -82,16 +82,16 @@ TEST_F(PathLibPosix, TheWinePrefixHasADefault)
     EXPECT_EQ(WinePrefixGet(), m_folder.Path() + "/.wine");
 }
 
-TEST_F(PathLibPosix, WithoutHomeItIsTheFolderThatTheSystemHasOfTheUser)
+TEST_F(PathLibPosix, WithoutHomeTheHomeFolderIsThatOfTheUsersEntry)
 {
     const passwd* pEntry = getpwuid(getuid());
-    const std::string sKept = pEntry ? pEntry->pw_dir : "";
-    ASSERT_NE(sKept, m_folder.Path());
+    const std::string sOfEntry = pEntry ? pEntry->pw_dir : "";
+    ASSERT_NE(sOfEntry, m_folder.Path());
     EXPECT_EQ(HomeFolderGet(), m_folder.Path());
     const EnvironmentSet empty("HOME", "");
-    EXPECT_EQ(HomeFolderGet(), sKept);
+    EXPECT_EQ(HomeFolderGet(), sOfEntry);
     const EnvironmentSet none("HOME", std::nullopt);
-    EXPECT_EQ(HomeFolderGet(), sKept);
+    EXPECT_EQ(HomeFolderGet(), sOfEntry);
 }
 
 TEST_F(PathLibPosix, HostPathsHaveWindowsNames)
